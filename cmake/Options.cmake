@@ -1,0 +1,37 @@
+# SPDX-License-Identifier: MIT
+# What a developer may choose, and what holds for every target.
+
+option(BUILD_TESTING "Build the tests" ON)
+option(BUILD_BENCHMARKS "Build the benchmarks" OFF)
+option(WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
+set(SANITIZERS "" CACHE STRING "Sanitizers to build with, for example address,undefined")
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+
+# Programs and libraries lie together, so that the register finds the platform without being installed.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(PLUGIN_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/plugins")
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+add_compile_definitions(QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
+if(WARNINGS_AS_ERRORS)
+    add_compile_options(-Werror)
+endif()
+if(SANITIZERS)
+    add_compile_options(-fsanitize=${SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${SANITIZERS})
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
+endif()
