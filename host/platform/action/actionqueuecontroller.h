@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "action.h"
+#include "actionhandler.h"
+#include "actiontrigger.h"
+#include "export.h"
+#include "singleton.h"
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+
+/// Runs actions: the triggers before it, the handler, the triggers after it.
+///
+/// One action runs at a time, except that a handler may itself execute() another one, and that a dialog answer (187)
+/// is always served at once. While a RestClient call runs no action runs. Whatever a handler or trigger throws is
+/// caught, shown to the cashier, logged, and counts as EContext::Stop. Main thread.
+class REGISTERPLATFORM_EXPORT ActionQueueController : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// A handler of the host: it gets the very action that was executed and may write results into it.
+    using HostFunction = std::function<EContext::Result(control::Action&)>;
+
+    explicit ActionQueueController(QObject* parent = nullptr);
+    ~ActionQueueController() override;
+
+    /// Queues an action; it runs from the event loop as soon as no other action runs.
+    ///
+    /// @param immediately true: ahead of the actions that wait. A dialog answer (187) goes to the form on top during
+    ///        this call, also inside another action.
+    virtual void enqueue(const control::Action& action, bool immediately);
+
+    /// Runs an action now and returns its outcome; what the host's handler wrote is in `action` afterwards.
+    ///
+    /// Stop when the context is not among the action's allowed ones, when a trigger stops it, or when a RestClient
+    /// call runs; NotFound when nobody handles it there.
+    virtual EContext::Result execute(control::Action& action);
+
+    /// Where the register stands. A form on top counts as its own contextCode().
+    virtual EContext::Code context() const;
+    /// For the host: where the register stands when no form is on top.
+    void setContext(EContext::Code context);
+
+    /// For the host: its own handler of an action, in one context or in any; a later one replaces an earlier one.
+    void setHostHandler(EContext::Code context, control::EActionType type, HostFunction handler);
+    void setHostHandler(control::EActionType type, HostFunction handler);
+
+    /// For the host: takes a plug-in's handlers and triggers over. A host handler wins over a plug-in's.
+    void addHandler(const ActionHandler& handler);
+    void addTrigger(const ActionTrigger& trigger);
+    /// For the host: forgets the plug-ins' handlers and triggers, before the plug-ins are unloaded.
+    void removePluginEntries();
+
+    /// True when somebody would handle the action in the present context, so that a key can be shown as usable.
+    bool isHandled(control::EActionType type) const;
+    /// True while an action runs or waits.
+    bool isBusy() const;
+
+signals:
+    /// Nothing runs and nothing waits any more.
+    void idle();
+
+private:
+    struct HostHandler {
+        bool anyContext;
+        EContext::Code context;
+        control::EActionType actionType;
+        HostFunction handler;
+    };
+
+    void scheduleNext();
+    void runNext();
+    EContext::Result runTriggers(ActionTrigger::Order order, EContext::Code context, const control::Action& action,
+                                 EContext::Result outcome);
+    EContext::Result runHandler(EContext::Code context, control::Action& action);
+    EContext::Result guarded(const std::function<EContext::Result()>& step);
+
+    QList<control::Action> m_queue;
+    QList<HostHandler> m_hostHandlers;
+    QList<ActionHandler> m_handlers;
+    QList<ActionTrigger> m_triggers;
+    EContext::Code m_context = EContext::Idle;
+    int m_depth = 0;
+    bool m_scheduled = false;
+};
+
+extern template struct REGISTERPLATFORM_EXPORT Singleton<ActionQueueController>;

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export.h"
+
+#include <QMetaType>
+#include <QSharedPointer>
+#include <QString>
+#include <QStringList>
+
+/// A position of a document: goods, quantity, price, and what plug-ins have put on it.
+///
+/// Amounts are in the currency's main unit (roubles), as doubles with two decimals. Owner: the document, through
+/// shared pointers. Main thread.
+class REGISTERPLATFORM_EXPORT GoodsItem
+{
+public:
+    /// What the host knows of the position when it is made.
+    struct Goods {
+        int number = 0; ///< 1 for the first position; never changes
+        QString name;
+        double price = 0.0;          ///< asked per pack
+        double minRetailPrice = 0.0; ///< lowest allowed price per pack; 0: none
+        double tmcPrice = 0.0;       ///< catalogue price per pack
+        double quantity = 1.0;       ///< packs
+    };
+
+    GoodsItem();
+    explicit GoodsItem(const Goods& goods);
+    virtual ~GoodsItem();
+    GoodsItem(const GoodsItem&) = delete;
+    GoodsItem& operator=(const GoodsItem&) = delete;
+
+    virtual int getNumber() const;
+    virtual QString getName() const;
+    virtual double getPrice() const;
+    virtual void setPrice(double price);
+    virtual double getMinRetailPrice() const;
+    virtual double getTmcPrice() const;
+    virtual double getQuantity() const;
+    /// The position's sum: price times quantity, rounded to two decimals.
+    virtual double getSumb() const;
+
+    virtual QStringList getTags() const;
+    /// Adds a tag; a tag that is there already is not added again.
+    virtual void setTag(const QString& tag);
+
+    /// A plug-in's own data on the position; JSON by convention, empty at first.
+    virtual QString getExtendedOptions() const;
+    virtual void setExtendedOptions(const QString& options);
+
+    /// The id of the foreign paper that the position comes from, such as a prescription; empty: none.
+    virtual QString getSoftCheckId() const;
+    virtual void setSoftCheckId(const QString& id);
+
+protected:
+    Goods m_goods;
+
+private:
+    QStringList m_tags;
+    QString m_extendedOptions;
+    QString m_softCheckId;
+};

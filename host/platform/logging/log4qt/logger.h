@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace Log4Qt
+{
+
+class LogManager;
+
+/// A named logger. Stands in for Log4Qt's class of that name, over log4cplus, where Log4Qt is not installed.
+class REGISTERPLATFORM_EXPORT Logger
+{
+public:
+    ~Logger();
+    Logger(const Logger&) = delete;
+    Logger& operator=(const Logger&) = delete;
+
+    void info(const QString& message) const;
+    void warn(const QString& message) const;
+    void error(const QString& message) const;
+
+private:
+    friend class LogManager;
+    explicit Logger(const QString& name);
+
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace Log4Qt

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "actionhandler.h"
+#include "actiontrigger.h"
+
+#include <QList>
+#include <QtPlugin>
+
+/// What the register asks of a plug-in's root object, besides being a QObject.
+///
+/// Loaded: the object exists and has registered nothing. Initialised: init() returned true. Inert: init() returned
+/// false; the register takes nothing over from it. See docs/plugin-lifecycle.md.
+class AbstractPlugin
+{
+public:
+    virtual ~AbstractPlugin() = default;
+
+    /// Called once after loading, on the main thread; configuration and singletons are there, no receipt is open.
+    virtual bool init() = 0;
+    /// Called once before unloading, when init() returned true. No form of the plug-in is open any more.
+    virtual void deinit() = 0;
+
+    /// What the plug-in registered; read by the register after init().
+    virtual QList<ActionHandler> getHandlers() const = 0;
+    virtual QList<ActionTrigger> getTriggers() const = 0;
+};
+
+#define AbstractPlugin_iid "example.register.AbstractPlugin"
+Q_DECLARE_INTERFACE(AbstractPlugin, AbstractPlugin_iid)

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export.h"
+#include "singleton.h"
+
+#include <QSqlDatabase>
+#include <QString>
+
+/// Hands out connections to the goods database.
+///
+/// The database is named in the configuration: "Database:driver" (a Qt SQL driver, default "QSQLITE"),
+/// "Database:name" (the file, for SQLite), "Database:host", "Database:port", "Database:user", "Database:password".
+/// The register writes through connections of its own; what is handed out here cannot write.
+class REGISTERPLATFORM_EXPORT ConnectionFactory
+{
+public:
+    ConnectionFactory() = default;
+    virtual ~ConnectionFactory();
+    ConnectionFactory(const ConnectionFactory&) = delete;
+    ConnectionFactory& operator=(const ConnectionFactory&) = delete;
+
+    /// An open read-only connection, the same one for the same arguments until the configuration is changed.
+    ///
+    /// A statement that would change the database fails with the driver's error. When the database cannot be opened
+    /// (no such file: it is never created here) the connection is not open and its lastError() tells why; queries on
+    /// it fail in prepare.
+    ///
+    /// @param database a configured database's name: the configuration section is then "Database.<name>"; empty: the
+    ///        goods database
+    /// @param connection tells connections to one database apart; empty: the shared one
+    virtual QSqlDatabase getConnection(const QString& database, const QString& connection);
+};
+
+extern template struct REGISTERPLATFORM_EXPORT Singleton<ConnectionFactory>;

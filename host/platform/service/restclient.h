@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export.h"
+#include "mockfactory.h"
+#include "tr.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QJsonDocument>
+#include <QString>
+#include <QUrl>
+
+#include <memory>
+
+class RestClient;
+extern template struct REGISTERPLATFORM_EXPORT MockFactory<RestClient>;
+
+/// One JSON request over HTTP(S) at a time, synchronous for its caller.
+///
+/// While a request runs the window stays painted and animated, but key presses, clicks and touches are thrown away
+/// and no action runs (see InputBlocker). Connections are kept between requests and shared by all clients.
+///
+/// - A POST reaches the wire at most once, whatever happens to the connection. It is never redirected.
+/// - A GET follows at most five redirects; to another origin (RFC 6454) none of the caller's headers go along except
+///   "Accept". A redirect from https to http is refused.
+/// - TLS 1.2 or newer, and always verified, against the system's certificates or, when "RestClient:caFile" names a PEM
+///   file, against that file.
+/// - An answer larger than 64 MiB is refused.
+/// - Only http and https URLs; a header name or value with a line break or NUL is refused before anything is sent.
+///
+/// Nothing of a request's headers, query or body, or of an answer, is ever logged.
+/// Main thread only. Owner: whoever created it; a client may be used for several requests.
+class REGISTERPLATFORM_EXPORT RestClient : public MockFactory<RestClient>
+{
+public:
+    RestClient();
+    virtual ~RestClient();
+    RestClient(const RestClient&) = delete;
+    RestClient& operator=(const RestClient&) = delete;
+
+    /// The time that a whole request may take, redirects included, in seconds; 0 or less counts as 60.
+    virtual void setTimeout(int seconds);
+
+    /// Sends a GET. `body` is sent as JSON when it is not null (RFC 9110, 9.3.1 advises against); usually it is null.
+    virtual void get(const QUrl& url, const QJsonDocument& body, const QHash<QString, QString>& headers);
+
+    /// Sends a POST with `body` as it is.
+    virtual void post(const QUrl& url, const QByteArray& body, const QHash<QString, QString>& headers);
+
+    /// 0: the last request succeeded (status 200 to 299, answer complete). Greater than 0: it failed; the HTTP status
+    /// when there was one (300 and more), otherwise the transport's own code, below 100.
+    virtual int errorCode() const;
+
+    /// What went wrong and what to do next, for the cashier. For a POST whose answer did not come back whole it says
+    /// that the request may have been carried out.
+    virtual tr::Tr errorText() const;
+
+    /// The body of the answer, also of an error answer; null when it is not a JSON object or array.
+    virtual QJsonDocument answer() const;
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "action.h"
+#include "basicdialog.h"
+#include "basicform.h"
+#include "basicformcreator.h"
+#include "event.h"
+#include "export.h"
+#include "singleton.h"
+
+#include <QList>
+#include <QSharedPointer>
+
+/// Where forms appear: the register's window. Without one every form is a window of its own.
+class REGISTERPLATFORM_EXPORT FormStage
+{
+public:
+    virtual ~FormStage();
+    /// Puts the form's root widget on the screen, above what is there.
+    virtual void enter(BasicForm& form) = 0;
+    /// Takes it away and shows what was below.
+    virtual void leave(BasicForm& form) = 0;
+};
+
+/// The forms on the screen: who makes them, which is on top, what they answer. Main thread.
+class REGISTERPLATFORM_EXPORT GraphicalUserInterface
+{
+public:
+    GraphicalUserInterface();
+    virtual ~GraphicalUserInterface();
+    GraphicalUserInterface(const GraphicalUserInterface&) = delete;
+    GraphicalUserInterface& operator=(const GraphicalUserInterface&) = delete;
+
+    /// Adds a creator behind those that are there; null is passed over.
+    virtual void addFormCreator(const QSharedPointer<BasicFormCreator>& creator);
+    /// For the host: drops every creator, before the plug-ins are unloaded.
+    void removeFormCreators();
+
+    /// The form of the first creator that knows the event (the platform's own message and text-input forms come
+    /// last); null when nobody does.
+    virtual QSharedPointer<BasicForm> createForm(const Event& event) const;
+
+    /// Shows a form and waits in an event loop for its answer, which is returned.
+    virtual core::BasicDialog::Result run(const QSharedPointer<BasicForm>& form);
+
+    /// Gives the form on top its answer: ends its run(). Without a form, or when it has its answer, nothing happens.
+    virtual void answer(const control::Action& action);
+
+    /// The form on top that has no answer yet; null when there is none.
+    QSharedPointer<BasicForm> topForm() const;
+
+    /// Cancels the forms on the screen, the top one first, as Esc does: for the inactivity lock and for shutdown.
+    void cancelForms();
+
+    /// For the host: where forms appear. Null: every form is a window of its own. Not owned.
+    void setStage(FormStage* stage);
+
+private:
+    struct Shown;
+
+    QList<QSharedPointer<BasicFormCreator>> m_creators;
+    QList<Shown*> m_shown;
+    FormStage* m_stage = nullptr;
+};
+
+extern template struct REGISTERPLATFORM_EXPORT Singleton<GraphicalUserInterface>;

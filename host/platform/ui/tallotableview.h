@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export.h"
+
+#include <QStringList>
+#include <QTableView>
+
+/// The register's table: whole rows are current, one at a time, and columns are described by texts.
+class REGISTERPLATFORM_EXPORT TalloTableView : public QTableView
+{
+    Q_OBJECT
+
+public:
+    explicit TalloTableView(QWidget* parent = nullptr);
+
+    /// Describes the columns, in order. Each item is "name;caption;width;shown;alignment":
+    /// - name: for configuration; blanks around it do not count
+    /// - caption: empty: the model's own header text
+    /// - width: pixels, or -1: the room that is left (shared when several columns ask for it), or -2: fits the contents
+    /// - shown: "true" or "false"
+    /// - alignment: Qt::Alignment as a number, for the cells
+    ///
+    /// An item that does not read so leaves its column as it was, and is logged. Holds also for a model set later.
+    void setColumns(const QStringList& columns);
+    /// The items as they were given.
+    QStringList columns() const { return m_columns; }
+
+    void setModel(QAbstractItemModel* model) override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void applyColumns();
+
+    QStringList m_columns;
+};
