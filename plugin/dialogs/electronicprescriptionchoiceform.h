@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "basicform.h"
+#include "electronicprescriptionchoiceparams.h"
+
+#include <QModelIndex>
+#include <QString>
+#include <QVariant>
+
+class ComplexFilterProxyModel;
+class DialogEventFilter;
+class ElectronicPrescriptionChoiceModel;
+class TalloLineEdit;
+class TalloTableView;
+
+/// Has the cashier choose one of a patient's prescriptions. Answers "data": the row in the record's list, or -1.
+///
+/// Layout: "electronicprescriptionchoice.ui". What was typed into the filter and which row was chosen is remembered
+/// from one opening to the next, so that a cashier who comes back finds the list as it was.
+class ElectronicPrescriptionChoiceForm : public BasicForm
+{
+    Q_OBJECT
+
+public:
+    /// Throws BasicException when the layout lacks a required widget.
+    ElectronicPrescriptionChoiceForm(const ElectronicPrescriptionChoiceParams& params, QObject* parent);
+
+    /// Opens with the remembered filter and its first row; without a filter with the remembered row.
+    void show() override;
+
+public slots:
+    /// Answers with the current row; without one as onCancel().
+    void onOk();
+    void onCancel();
+    /// Shows only the rows whose non-proprietary name contains `text`, whatever the case.
+    void filterTextChanged(const QString& text);
+    /// Shows the details of the current row beside the table. An invalid index leaves them as they are.
+    void onCurrentChanged(const QModelIndex& current, const QModelIndex& previous);
+
+private:
+    void setUpKeyboard();
+    void setUpTexts();
+    void setUpTable(const ElectronicPrescriptionChoiceParams& params);
+    void setSettings() const;
+    void applyFilter(const QString& text);
+    void selectRow(int row);
+    void setValue(const QString& label, const QString& text);
+    void sendAnswer(const QVariant& answer) const;
+
+    ElectronicPrescriptionChoiceModel* m_model = nullptr;
+    TalloTableView* m_tableView = nullptr;
+    TalloLineEdit* m_filterField = nullptr;
+    ComplexFilterProxyModel* m_proxyModel;
+    DialogEventFilter* m_dialogEventFilter;
+
+    static QString savedFilter;
+    static int savedRow;
+};

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "basicdialogform.h"
+#include "electronicprescriptionconfirmdispenseparams.h"
+
+#include <QVariant>
+
+/// Asks whether a prescription was served in full. Answers "status": 1 in full, 2 in part, -1 go back.
+///
+/// Layout: "electronicprescriptionconfirmdispense.ui".
+class ElectronicPrescriptionConfirmDispenseForm : public BasicDialogForm
+{
+    Q_OBJECT
+
+public:
+    /// Throws BasicException when the layout lacks a required widget.
+    ElectronicPrescriptionConfirmDispenseForm(const ElectronicPrescriptionConfirmDispenseParams& params,
+                                              QObject* parent);
+
+public slots:
+    void onCompleteDispense();
+    void onPartDispense();
+    void onCancel();
+
+private:
+    void sendAnswer(const QVariant& answer) const;
+};

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "electronicprescriptionconfirmdispenseparams.h"
+
+#include "prescriptionevents.h"
+
+ElectronicPrescriptionConfirmDispenseParams::ElectronicPrescriptionConfirmDispenseParams(
+    const QSharedPointer<ElectronicPrescription>& electronicPrescription)
+    : m_electronicPrescription(electronicPrescription)
+{
+}
+
+void ElectronicPrescriptionConfirmDispenseParams::getElectronicPrescription(
+    QSharedPointer<ElectronicPrescription>& electronicPrescription) const
+{
+    electronicPrescription = m_electronicPrescription;
+}
+
+Event ElectronicPrescriptionConfirmDispenseParams::getEvent() const
+{
+    return Event(prescriptionevents::confirmDispense).addArgument("params", QVariant::fromValue(*this));
+}
+
+bool ElectronicPrescriptionConfirmDispenseParams::operator==(
+    const ElectronicPrescriptionConfirmDispenseParams& other) const
+{
+    return m_electronicPrescription == other.m_electronicPrescription;
+}

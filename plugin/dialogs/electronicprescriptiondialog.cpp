@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#include "electronicprescriptiondialog.h"
+
+ElectronicPrescriptionDialog::ElectronicPrescriptionDialog(QObject* parent)
+    : core::BasicDialog(parent)
+{
+}
+
+int ElectronicPrescriptionDialog::choiceElectronicPrescription(const ElectronicPrescriptionChoiceParams& params)
+{
+    const auto result = show(false, false, EInput::Keyboard, params.getEvent());
+    return result.getData().toMap().value("data").toInt();
+}
+
+core::BasicDialog::Result
+ElectronicPrescriptionDialog::showElectronicPrescription(const ElectronicPrescriptionParams& params)
+{
+    return show(false, false, EInput::Keyboard, params.getEvent());
+}
+
+core::BasicDialog::Result ElectronicPrescriptionDialog::confirmDispenseForElectronicPrescription(
+    const ElectronicPrescriptionConfirmDispenseParams& params)
+{
+    return show(false, false, EInput::Keyboard, params.getEvent());
+}

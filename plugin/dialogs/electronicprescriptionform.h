@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "basicform.h"
+#include "electronicprescription.h"
+#include "electronicprescriptionparams.h"
+#include "patient.h"
+
+#include <QVariant>
+
+/// Shows all details of a prescription and its patient. Answers "status": 0 pick the medicine, -1 go back.
+///
+/// Layout: "electronicprescription.ui". The medicine can be picked only when the record's status is "active".
+class ElectronicPrescriptionForm : public BasicForm
+{
+    Q_OBJECT
+
+public:
+    /// Throws BasicException when the layout lacks a required widget.
+    ElectronicPrescriptionForm(const ElectronicPrescriptionParams& params, QObject* parent);
+
+public slots:
+    void onChoose();
+    void onCancel();
+
+private:
+    void setUpTexts();
+    void setUpScrolling();
+    void fill(const ElectronicPrescription& prescription, const Patient* patient);
+    void setValue(const QString& label, const QString& text);
+    void setVisible(const QString& caption, const QString& label, bool visible);
+    void sendAnswer(const QVariant& answer) const;
+};

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "electronicprescriptionformcreator.h"
+
+#include "electronicprescriptionchoiceform.h"
+#include "electronicprescriptionchoiceparams.h"
+#include "electronicprescriptionconfirmdispenseform.h"
+#include "electronicprescriptionconfirmdispenseparams.h"
+#include "electronicprescriptionform.h"
+#include "electronicprescriptionparams.h"
+#include "prescriptionevents.h"
+
+namespace
+{
+
+template <typename Form, typename Params>
+QSharedPointer<BasicForm> createForm(const Event& event)
+{
+    return QSharedPointer<Form>(new Form(event.value("params").value<Params>(), nullptr));
+}
+
+} // namespace
+
+QSharedPointer<BasicForm> ElectronicPrescriptionFormCreator::create(const Event& event)
+{
+    switch (event.getCode()) {
+    case prescriptionevents::confirmDispense:
+        return createForm<ElectronicPrescriptionConfirmDispenseForm, ElectronicPrescriptionConfirmDispenseParams>(
+            event);
+    case prescriptionevents::showPrescription:
+        return createForm<ElectronicPrescriptionForm, ElectronicPrescriptionParams>(event);
+    case prescriptionevents::choosePrescription:
+        return createForm<ElectronicPrescriptionChoiceForm, ElectronicPrescriptionChoiceParams>(event);
+    default:
+        return {};
+    }
+}
+
+QSharedPointer<BasicForm> ElectronicPrescriptionFormCreator::create(EContext::Code)
+{
+    return {};
+}
