@@ -10,8 +10,8 @@ enum EActionType : int {
     StornoAll = 131,          ///< cancel the whole receipt, by key
     Subtotal = 133,
     SubtotalAndPayment = 144,
-    DialogAnswer = 187,     ///< its arguments are the answer of the form on top
-    StornoPosition = 202,   ///< carries "positionNumber"
+    DialogAnswer = 187,   ///< its arguments are the answer of the form on top
+    StornoPosition = 202, ///< carries "positionNumber"
     StornoAllFromMenu = 206,
     SelectGoods = 219,      ///< "filterByInn" (empty: all goods), "medicineInfo"; out "result"
     AddSelectedGoods = 220, ///< "result"; out "positionNumber"

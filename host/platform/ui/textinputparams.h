@@ -14,9 +14,9 @@ struct REGISTERPLATFORM_EXPORT TextInputParams {
     tr::Tr scanError; ///< shown when a scan does not fit the mask
     tr::Tr okText;
     tr::Tr cancelText;
-    QString inputName;   ///< names the input for integrators and scripts, for example "inputCard"
-    QString initialText; ///< stands in the field, selected
-    QString mask;        ///< a regular expression that the whole text must match; empty: anything
+    QString inputName;       ///< names the input for integrators and scripts, for example "inputCard"
+    QString initialText;     ///< stands in the field, selected
+    QString mask;            ///< a regular expression that the whole text must match; empty: anything
     bool numeric = false;    ///< a keypad of digits in touch mode; a comma is taken as a point
     bool manualOnly = false; ///< typed only: a scan is refused with scanError
     int lines = 1;           ///< height of the field, in lines
