@@ -40,11 +40,14 @@ public slots:
 
 private:
     void setUpKeyboard();
-    void setUpTexts();
-    void setUpTable(const ElectronicPrescriptionChoiceParams& params);
+    void setUpButtons();
+    void setUpLabels();
+    void setUpInput();
     void setSettings() const;
     void applyFilter(const QString& text);
     void selectRow(int row);
+    /// The model's index of a row of the table; invalid when there is no such row.
+    QModelIndex sourceIndex(const QModelIndex& shown) const;
     void setValue(const QString& label, const QString& text);
     void sendAnswer(const QVariant& answer) const;
 

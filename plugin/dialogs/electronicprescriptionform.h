@@ -24,10 +24,13 @@ public slots:
     void onCancel();
 
 private:
-    void setUpTexts();
-    void setUpScrolling();
-    void fill(const ElectronicPrescription& prescription, const Patient* patient);
+    /// @param isActive whether the medicine can be picked
+    void setUpButtons(bool isActive);
+    void setUpCaptions();
+    void setUpKeys();
+    void fill(const ElectronicPrescription& prescription, const Patient& patient);
     void setValue(const QString& label, const QString& text);
-    void setVisible(const QString& caption, const QString& label, bool visible);
+    void highlightDiscount();
+    void setRowVisible(const QString& caption, const QString& value, bool isVisible);
     void sendAnswer(const QVariant& answer) const;
 };

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "electronicprescriptionchoiceform.h"
+
+#include "complexfilterproxymodel.h"
+#include "config.h"
+#include "dialoganswer.h"
+#include "dialogeventfilter.h"
+#include "electronicprescriptionchoicemodel.h"
+#include "iconsviewnotifier.h"
+#include "inactivitylocker.h"
+#include "prescriptiondate.h"
+#include "tallokeyboard.h"
+#include "tallolineedit.h"
+#include "tallotableview.h"
+#include "valuelabel.h"
+#include "widgettext.h"
+
+#include <QItemSelectionModel>
+#include <QLabel>
+#include <QPushButton>
+
+QString ElectronicPrescriptionChoiceForm::savedFilter;
+int ElectronicPrescriptionChoiceForm::savedRow = 0;
+
+ElectronicPrescriptionChoiceForm::ElectronicPrescriptionChoiceForm(const ElectronicPrescriptionChoiceParams& params,
+                                                                   QObject* parent)
+    : BasicForm(parent)
+    , m_proxyModel(new ComplexFilterProxyModel(this))
+    , m_dialogEventFilter(new DialogEventFilter(this))
+{
+    setContextCode(EContext::DialogOnTop);
+    loadUI("electronicprescriptionchoice.ui");
+    if (isTouchMode()) {
+        setUpKeyboard();
+    } else {
+        deleteWidgets({"talloKeyboard", "scrollButtonsNavigationBar", "scrollButtonsNavigationBarSeparator",
+                       "horizontalLine", "navigationBar"});
+    }
+    setUpButtons();
+    setUpLabels();
+    setUpInput();
+
+    if (!params.isUseLast()) {
+        savedFilter.clear();
+        savedRow = 0;
+    }
+    QList<QSharedPointer<ElectronicPrescription>> prescriptions;
+    params.getElectronicPrescriptions(prescriptions);
+    QSharedPointer<Patient> patient;
+    params.getPatient(patient);
+    m_model = new ElectronicPrescriptionChoiceModel(prescriptions, patient, this);
+    m_proxyModel->setSourceModel(m_model);
+    if (!m_tableView)
+        return;
+    m_tableView->setModel(m_proxyModel);
+    connect(m_tableView->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &ElectronicPrescriptionChoiceForm::onCurrentChanged);
+    setSettings();
+}
+
+void ElectronicPrescriptionChoiceForm::show()
+{
+    BasicForm::show();
+    selectRow(savedRow);
+    if (m_filterField)
+        m_filterField->setText(savedFilter);
+    if (!savedFilter.isEmpty())
+        applyFilter(savedFilter);
+}
+
+void ElectronicPrescriptionChoiceForm::onOk()
+{
+    const auto row = m_tableView ? sourceIndex(m_tableView->currentIndex()) : QModelIndex();
+    if (!row.isValid()) {
+        onCancel();
+        return;
+    }
+    sendAnswer(row.row());
+    savedRow = row.row();
+}
+
+void ElectronicPrescriptionChoiceForm::onCancel()
+{
+    savedRow = 0;
+    savedFilter = QString();
+    sendAnswer(-1);
+}
+
+void ElectronicPrescriptionChoiceForm::filterTextChanged(const QString& text)
+{
+    applyFilter(text);
+    savedFilter = text;
+}
+
+void ElectronicPrescriptionChoiceForm::onCurrentChanged(const QModelIndex& current, const QModelIndex&)
+{
+    if (!current.isValid())
+        return;
+    const auto prescription = m_model->getElectronicPrescription(sourceIndex(current).row());
+    if (!prescription)
+        return;
+
+    setValue("tradeNameValueLabel", prescription->getTradeName());
+    if (const auto patient = m_model->getPatient()) {
+        setValue("patientNameValueLabel", patient->getName());
+        setValue("patientBirthdayValueLabel", formatted(patient->getBirthday()));
+    }
+    setValue("practitionerNameValueLabel", prescription->getPractitionerName());
+    if (const auto organization = prescription->getPayingElectronicPrescriptionOrganization())
+        setValue("organizationValueLabel", organization->getName());
+}
+
+void ElectronicPrescriptionChoiceForm::setUpKeyboard()
+{
+    auto* keyboard = findWidget<TalloKeyboard>("talloKeyboard", false);
+    if (!keyboard)
+        return;
+    connect(keyboard, &TalloKeyboard::layoutChanged, Singleton<IconsViewNotifier>::get(),
+            &IconsViewNotifier::notifyIcons);
+    connect(keyboard, &TalloKeyboard::keyPressed, Singleton<InactivityLocker>::get(), &InactivityLocker::resetTimer);
+    keyboard->setKeyboardLayouts(Singleton<Config>::get()->getString("Language:keyboardLayouts", "ru,en"));
+}
+
+void ElectronicPrescriptionChoiceForm::setUpButtons()
+{
+    using Form = ElectronicPrescriptionChoiceForm;
+    const WidgetButton<Form> buttons[] = {
+        {"cancelButton", tr::Tr("electronicPrescriptionChoiceFormCancelButton", "Назад"), &Form::onCancel},
+        {"okButton", tr::Tr("electronicPrescriptionChoiceFormOkButton", "Выбрать"), &Form::onOk},
+    };
+    for (const auto& [name, text, slot] : buttons) {
+        if (auto* button = findWidget<QPushButton>(name)) {
+            connect(button, &QPushButton::clicked, this, slot);
+            button->setText(text.ui());
+        }
+    }
+}
+
+void ElectronicPrescriptionChoiceForm::setUpLabels()
+{
+    const WidgetText captions[] = {
+        {"titleLabel", tr::Tr("electronicPrescriptionChoiceFormTitle", "Выбор рецепта")},
+        {"tradeNameLabel", tr::Tr("electronicPrescriptionChoiceFormTradeNameLabel", "Торговое наименование:")},
+        {"patientNameLabel", tr::Tr("electronicPrescriptionChoiceFormPatientNameLabel", "ФИО пациента:")},
+        {"patientBirthdayLabel",
+         tr::Tr("electronicPrescriptionChoiceFormPatientBirthdayLabel", "Дата рождения пациента:")},
+        {"practitionerNameLabel", tr::Tr("electronicPrescriptionChoiceFormPractitionerNameLabel", "ФИО врача:")},
+        {"organizationLabel", tr::Tr("electronicPrescriptionChoiceFormOrganizationLabel", "Организация:")},
+    };
+    for (const auto& [name, text] : captions) {
+        if (auto* label = findWidget<QLabel>(name))
+            label->setText(text.ui());
+    }
+    // They are filled row by row. A layout that lacks one is refused here, while somebody can be told.
+    for (const auto* name : {"tradeNameValueLabel", "patientNameValueLabel", "patientBirthdayValueLabel",
+                             "practitionerNameValueLabel", "organizationValueLabel"})
+        findWidget<QLabel>(name);
+}
+
+void ElectronicPrescriptionChoiceForm::setUpInput()
+{
+    m_tableView = findWidget<TalloTableView>("electronicPrescriptionsTableView");
+    m_filterField = findWidget<TalloLineEdit>("medicineNameLineEdit", false);
+    if (m_filterField) {
+        m_filterField->installEventFilter(this);
+        connect(m_filterField, &TalloLineEdit::textChanged, this, &ElectronicPrescriptionChoiceForm::filterTextChanged);
+    }
+    m_dialogEventFilter->setTableView(m_tableView);
+    m_dialogEventFilter->setLineEdit(m_filterField);
+    connect(m_dialogEventFilter, &DialogEventFilter::cancel, this, &ElectronicPrescriptionChoiceForm::onCancel);
+    connect(m_dialogEventFilter, &DialogEventFilter::ok, this, &ElectronicPrescriptionChoiceForm::onOk);
+    rootWidget()->installEventFilter(m_dialogEventFilter);
+}
+
+void ElectronicPrescriptionChoiceForm::setSettings() const
+{
+    // name;caption;width;shown;alignment: the name takes the room that the others leave, the date is centred.
+    const QString columns = "medicineName;МНН;-1;true;128, code;;-2;true;128, prescriptionDate;;-2;true;132,"
+                            "doseQuantity;;-2;true;128, dispensedDoseQuantity;;-2;true;128";
+    m_tableView->setColumns(columns.split(','));
+}
+
+void ElectronicPrescriptionChoiceForm::applyFilter(const QString& text)
+{
+    m_proxyModel->addFilter(ElectronicPrescriptionChoiceModel::Inn, text, ComplexFilterProxyModel::Contains);
+    selectRow(0);
+}
+
+void ElectronicPrescriptionChoiceForm::selectRow(int row)
+{
+    if (m_tableView)
+        m_tableView->selectRow(row);
+}
+
+QModelIndex ElectronicPrescriptionChoiceForm::sourceIndex(const QModelIndex& shown) const
+{
+    return m_proxyModel->mapToSource(m_proxyModel->index(shown.row(), 0));
+}
+
+void ElectronicPrescriptionChoiceForm::setValue(const QString& label, const QString& text)
+{
+    showValue(findWidget<QLabel>(label), text);
+}
+
+void ElectronicPrescriptionChoiceForm::sendAnswer(const QVariant& answer) const
+{
+    sendDialogAnswer("data", answer);
+}
