@@ -9,9 +9,12 @@
 
 #include <QList>
 #include <QObject>
-#include <QPointer>
 
+#include <chrono>
 #include <functional>
+#include <map>
+#include <optional>
+#include <utility>
 
 /// Runs actions: the triggers before it, the handler, the triggers after it.
 ///
@@ -37,8 +40,10 @@ public:
 
     /// Runs an action now and returns its outcome; what the host's handler wrote is in `action` afterwards.
     ///
-    /// Stop when the context is not among the action's allowed ones, when a trigger stops it, or when a RestClient
-    /// call runs; NotFound when nobody handles it there.
+    /// Stop when the context is not among the action's allowed ones or when a RestClient call runs; NotFound when
+    /// nobody handles it there: then no trigger runs either. The triggers before it run in order of priority; the
+    /// first that does not return GoOn ends the action, and its result is returned. The triggers after it run only
+    /// when the handler ran; their results change nothing.
     virtual EContext::Result execute(control::Action& action);
 
     /// Where the register stands. A form on top counts as its own contextCode().
@@ -46,11 +51,13 @@ public:
     /// For the host: where the register stands when no form is on top.
     void setContext(EContext::Code context);
 
-    /// For the host: its own handler of an action, in one context or in any; a later one replaces an earlier one.
+    /// For the host: its own handler of an action, in one context or in any; a later one for the same place replaces
+    /// an earlier one, and one for a certain context wins over one for any.
     void setHostHandler(EContext::Code context, control::EActionType type, HostFunction handler);
     void setHostHandler(control::EActionType type, HostFunction handler);
 
-    /// For the host: takes a plug-in's handlers and triggers over. A host handler wins over a plug-in's.
+    /// For the host: takes a plug-in's handlers and triggers over. A host handler wins over a plug-in's; of two
+    /// plug-ins' handlers for the same place the first one wins.
     void addHandler(const ActionHandler& handler);
     void addTrigger(const ActionTrigger& trigger);
     /// For the host: forgets the plug-ins' handlers and triggers, before the plug-ins are unloaded.
@@ -66,22 +73,21 @@ signals:
     void idle();
 
 private:
-    struct HostHandler {
-        bool anyContext;
-        EContext::Code context;
-        control::EActionType actionType;
-        HostFunction handler;
-    };
+    /// The context may be "any".
+    using Place = std::pair<std::optional<EContext::Code>, control::EActionType>;
 
-    void scheduleNext();
+    void scheduleNext(std::chrono::milliseconds delay);
     void runNext();
-    EContext::Result runTriggers(ActionTrigger::Order order, EContext::Code context, const control::Action& action,
-                                 EContext::Result outcome);
-    EContext::Result runHandler(EContext::Code context, control::Action& action);
+    void leaveAction();
+    HostFunction handlerOf(EContext::Code context, control::EActionType type) const;
+    QList<ActionTrigger> triggersOf(ActionTrigger::Order order, EContext::Code context,
+                                    control::EActionType type) const;
+    EContext::Result runTriggersBefore(EContext::Code context, const control::Action& action);
+    void runTriggersAfter(EContext::Code context, const control::Action& action, EContext::Result outcome);
     EContext::Result guarded(const std::function<EContext::Result()>& step);
 
     QList<control::Action> m_queue;
-    QList<HostHandler> m_hostHandlers;
+    std::map<Place, HostFunction> m_hostHandlers;
     QList<ActionHandler> m_handlers;
     QList<ActionTrigger> m_triggers;
     EContext::Code m_context = EContext::Idle;

@@ -25,6 +25,9 @@ public:
         Cancelling = 25, ///< takes back a closed sale
     };
 
+    /// The version that toJson() writes under "format".
+    static constexpr int formatVersion = 1;
+
     explicit AbstractDocument(QObject* parent = nullptr);
     ~AbstractDocument() override;
 
@@ -42,7 +45,8 @@ public:
     /// Stores a value that JSON can hold (text, number, bool, list, map); an invalid one removes the entry.
     virtual void setPluginValue(const QString& plugin, const QString& key, const QVariant& value);
 
-    /// Everything of the document, as it is saved.
+    /// Everything of the document, as it is saved; docs/receipt-format.md tells the members. A host's document adds
+    /// members of its own.
     virtual QJsonObject toJson() const;
 
 protected:

@@ -3,6 +3,7 @@
 
 #include "export.h"
 
+#include <QJsonObject>
 #include <QMetaType>
 #include <QSharedPointer>
 #include <QString>
@@ -52,6 +53,9 @@ public:
     /// The id of the foreign paper that the position comes from, such as a prescription; empty: none.
     virtual QString getSoftCheckId() const;
     virtual void setSoftCheckId(const QString& id);
+
+    /// Everything of the position, as it is saved; docs/receipt-format.md tells the members.
+    virtual QJsonObject toJson() const;
 
 protected:
     Goods m_goods;

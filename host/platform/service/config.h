@@ -6,17 +6,13 @@
 
 #include <QHash>
 #include <QString>
-#include <QVariant>
-
-#include <memory>
-
-class QSettings;
 
 /// The register's configuration: an INI file in UTF-8.
 ///
-/// A key is "section:key", for example "ElectronicPrescription:timeout"; a section may hold dots. A default is given
-/// only when the key is absent: a key with an empty value is an empty text. Values that hold a comma need no quotes;
-/// values that hold a semicolon, or begin or end with a blank, are quoted ("…") as docs/configuration.md shows.
+/// A key is "section:key", for example "ElectronicPrescription:timeout"; a section may hold dots, and the case of its
+/// letters counts. A default is given only when the key is absent: a key with an empty value is an empty text. Values
+/// that hold a comma need no quotes; values that hold a semicolon, or begin or end with a blank, are quoted ("…") as
+/// docs/configuration.md shows.
 ///
 /// Main thread. Reading never fails: a file that is not there reads as an empty one (see isReadable()).
 class REGISTERPLATFORM_EXPORT Config
@@ -45,10 +41,7 @@ public:
     QString errorText() const;
 
 private:
-    QVariant read(const QString& key) const;
-
-    std::unique_ptr<QSettings> m_file;
-    QHash<QString, QString> m_forThisRun;
+    QHash<QString, QString> m_values;
     QString m_error;
 };
 

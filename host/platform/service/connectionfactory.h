@@ -4,6 +4,7 @@
 #include "export.h"
 #include "singleton.h"
 
+#include <QHash>
 #include <QSqlDatabase>
 #include <QString>
 
@@ -30,6 +31,22 @@ public:
     ///        goods database
     /// @param connection tells connections to one database apart; empty: the shared one
     virtual QSqlDatabase getConnection(const QString& database, const QString& connection);
+
+private:
+    struct Parameters {
+        QString driver;
+        QString name;
+        QString host;
+        int port; ///< -1: the driver's own
+        QString user;
+        QString password;
+
+        bool operator==(const Parameters&) const = default;
+    };
+
+    Parameters configuredParameters(const QString& section) const;
+
+    QHash<QString, Parameters> m_parameters; ///< by the name of the Qt connection
 };
 
 extern template struct REGISTERPLATFORM_EXPORT Singleton<ConnectionFactory>;

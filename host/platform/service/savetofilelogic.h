@@ -26,6 +26,8 @@ public:
     /// @param document null: nothing is written and the result is false
     /// @param file a file name within the folder; empty: currentReceiptFile
     /// @return false when the file could not be written; the cashier has then been told, and the former file stands.
+    ///         False too, after telling the cashier, when the new file stands but the folder could not be synced, so
+    ///         that a power cut may bring the former file back.
     virtual bool save(const QSharedPointer<AbstractDocument>& document, const QString& file);
 
     /// The file of the open receipt.

@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: MIT
+#include "actionqueuecontroller.h"
+
+#include "basicexception.h"
+#include "dialog.h"
+#include "finally.h"
+#include "graphicaluserinterface.h"
+#include "inputblocker.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QTimer>
+
+#include <algorithm>
+#include <exception>
+#include <iterator>
+#include <typeinfo>
+
+template struct Singleton<ActionQueueController>;
+
+namespace
+{
+
+/// How long a waiting action waits until it looks again whether a RestClient call has ended.
+constexpr std::chrono::milliseconds blockedRetry{20};
+
+/// What the cashier reads when something other than a BasicException was thrown.
+tr::Tr internalError()
+{
+    return {QStringLiteral("actionInternalError"),
+            QStringLiteral("Действие прервано из-за внутренней ошибки.\n"
+                           "Повторите действие. Если ошибка повторится, обратитесь в службу поддержки.")};
+}
+
+void logFailure(const QString& description)
+{
+    Log4Qt::LogManager::logger(QStringLiteral("action"))->error(description);
+}
+
+/// Logs the exception that is being handled and returns its text for the cashier. Of a BasicException only the key is
+/// logged: the text may come from a server and name a patient.
+tr::Tr reportCaughtException()
+{
+    try {
+        throw;
+    } catch (const BasicException& exception) {
+        logFailure(QStringLiteral("Stopped by an exception with the message ") + exception.tr().key());
+        return exception.tr();
+    } catch (const std::exception& exception) {
+        logFailure(QStringLiteral("Stopped by ") + QString::fromLatin1(typeid(exception).name()) +
+                   QStringLiteral(": ") + QString::fromUtf8(exception.what()));
+    } catch (...) {
+        logFailure(QStringLiteral("Stopped by an exception of unknown type"));
+    }
+    return internalError();
+}
+
+void tellCashier(const tr::Tr& message)
+{
+    try {
+        MockFactory<Dialog>::create()->showMessage(message, Dialog::Error, 1, 0);
+    } catch (...) {
+        reportCaughtException();
+    }
+}
+
+bool waitsFor(ActionTrigger::Result expected, EContext::Result outcome)
+{
+    switch (expected) {
+    case ActionTrigger::Done:
+        return outcome == EContext::GoOn;
+    case ActionTrigger::Failed:
+        return outcome != EContext::GoOn;
+    default:
+        return true;
+    }
+}
+
+} // namespace
+
+ActionQueueController::ActionQueueController(QObject* parent)
+    : QObject(parent)
+{
+}
+
+ActionQueueController::~ActionQueueController() = default;
+
+void ActionQueueController::enqueue(const control::Action& action, bool immediately)
+{
+    if (action.getType() == control::DialogAnswer) {
+        Singleton<GraphicalUserInterface>::get()->answer(action);
+        return;
+    }
+    if (immediately)
+        m_queue.prepend(action);
+    else
+        m_queue.append(action);
+    scheduleNext(std::chrono::milliseconds(0));
+}
+
+EContext::Result ActionQueueController::execute(control::Action& action)
+{
+    if (action.getType() == control::DialogAnswer) {
+        Singleton<GraphicalUserInterface>::get()->answer(action);
+        return EContext::GoOn;
+    }
+    const EContext::Code here = context();
+    const auto& allowed = action.getAllowContexts();
+    if (InputBlocker::isActive() || (!allowed.isEmpty() && !allowed.contains(here)))
+        return EContext::Stop;
+    const HostFunction handler = handlerOf(here, action.getType());
+    if (!handler)
+        return EContext::NotFound;
+
+    const QPointer<ActionQueueController> self(this); // whatever runs below may delete the controller
+    ++m_depth;
+    const Finally leaving([self] {
+        if (self)
+            self->leaveAction();
+    });
+    const EContext::Result permission = runTriggersBefore(here, action);
+    if (permission != EContext::GoOn || !self)
+        return permission;
+    const EContext::Result outcome = guarded([&] { return handler(action); });
+    if (self)
+        runTriggersAfter(here, action, outcome);
+    return outcome;
+}
+
+EContext::Code ActionQueueController::context() const
+{
+    const GraphicalUserInterface* gui = Singleton<GraphicalUserInterface>::instance;
+    const QSharedPointer<BasicForm> form = gui ? gui->topForm() : nullptr;
+    return form ? form->contextCode() : m_context;
+}
+
+void ActionQueueController::setContext(EContext::Code context)
+{
+    m_context = context;
+}
+
+void ActionQueueController::setHostHandler(EContext::Code context, control::EActionType type, HostFunction handler)
+{
+    m_hostHandlers.insert_or_assign({context, type}, std::move(handler));
+}
+
+void ActionQueueController::setHostHandler(control::EActionType type, HostFunction handler)
+{
+    m_hostHandlers.insert_or_assign({std::nullopt, type}, std::move(handler));
+}
+
+void ActionQueueController::addHandler(const ActionHandler& handler)
+{
+    m_handlers.append(handler);
+}
+
+void ActionQueueController::addTrigger(const ActionTrigger& trigger)
+{
+    const auto runsEarlier = [](const ActionTrigger& a, const ActionTrigger& b) { return a.priority < b.priority; };
+    m_triggers.insert(std::upper_bound(m_triggers.cbegin(), m_triggers.cend(), trigger, runsEarlier), trigger);
+}
+
+void ActionQueueController::removePluginEntries()
+{
+    m_handlers.clear();
+    m_triggers.clear();
+}
+
+bool ActionQueueController::isHandled(control::EActionType type) const
+{
+    return bool(handlerOf(context(), type));
+}
+
+bool ActionQueueController::isBusy() const
+{
+    return m_depth > 0 || !m_queue.isEmpty();
+}
+
+void ActionQueueController::scheduleNext(std::chrono::milliseconds delay)
+{
+    if (m_scheduled || m_depth > 0 || m_queue.isEmpty())
+        return;
+    m_scheduled = true;
+    QTimer::singleShot(delay, this, &ActionQueueController::runNext);
+}
+
+void ActionQueueController::runNext()
+{
+    m_scheduled = false;
+    if (m_depth > 0 || m_queue.isEmpty())
+        return;
+    if (InputBlocker::isActive()) {
+        scheduleNext(blockedRetry);
+        return;
+    }
+    control::Action action = m_queue.takeFirst();
+    execute(action);
+}
+
+void ActionQueueController::leaveAction()
+{
+    --m_depth;
+    if (isBusy())
+        scheduleNext(std::chrono::milliseconds(0));
+    else
+        emit idle();
+}
+
+ActionQueueController::HostFunction ActionQueueController::handlerOf(EContext::Code context,
+                                                                     control::EActionType type) const
+{
+    for (const std::optional<EContext::Code>& place : {std::optional(context), std::optional<EContext::Code>()}) {
+        const auto found = m_hostHandlers.find({place, type});
+        if (found != m_hostHandlers.end())
+            return found->second;
+    }
+    for (const ActionHandler& candidate : m_handlers) {
+        if (candidate.enabled && candidate.context == context && candidate.actionType == type)
+            return candidate.handler;
+    }
+    return {};
+}
+
+QList<ActionTrigger> ActionQueueController::triggersOf(ActionTrigger::Order order, EContext::Code context,
+                                                       control::EActionType type) const
+{
+    QList<ActionTrigger> matching;
+    std::copy_if(m_triggers.cbegin(), m_triggers.cend(), std::back_inserter(matching),
+                 [=](const ActionTrigger& trigger) {
+                     return trigger.order == order && trigger.context == context && trigger.actionType == type;
+                 });
+    return matching;
+}
+
+EContext::Result ActionQueueController::runTriggersBefore(EContext::Code context, const control::Action& action)
+{
+    for (const ActionTrigger& trigger : triggersOf(ActionTrigger::Before, context, action.getType())) {
+        const EContext::Result permission = guarded([&] { return trigger.handler(action); });
+        if (permission != EContext::GoOn)
+            return permission;
+    }
+    return EContext::GoOn;
+}
+
+void ActionQueueController::runTriggersAfter(EContext::Code context, const control::Action& action,
+                                             EContext::Result outcome)
+{
+    for (const ActionTrigger& trigger : triggersOf(ActionTrigger::After, context, action.getType())) {
+        if (waitsFor(trigger.result, outcome))
+            guarded([&] { return trigger.handler(action); });
+    }
+}
+
+EContext::Result ActionQueueController::guarded(const std::function<EContext::Result()>& step)
+{
+    try {
+        return step();
+    } catch (...) {
+        tellCashier(reportCaughtException());
+        return EContext::Stop;
+    }
+}

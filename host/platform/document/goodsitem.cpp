@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "goodsitem.h"
+
+#include <QJsonArray>
+
+#include <cmath>
+
+namespace
+{
+
+/// Half away from zero to two decimals; the nudge of a tenth of a cent's hundredth absorbs what binary fractions lose.
+double toCents(double amount)
+{
+    return std::round(amount * 100.0 + std::copysign(1e-6, amount)) / 100.0;
+}
+
+} // namespace
+
+GoodsItem::GoodsItem() = default;
+
+GoodsItem::GoodsItem(const Goods& goods)
+    : m_goods(goods)
+{
+}
+
+GoodsItem::~GoodsItem() = default;
+
+int GoodsItem::getNumber() const
+{
+    return m_goods.number;
+}
+
+QString GoodsItem::getName() const
+{
+    return m_goods.name;
+}
+
+double GoodsItem::getPrice() const
+{
+    return m_goods.price;
+}
+
+void GoodsItem::setPrice(double price)
+{
+    m_goods.price = price;
+}
+
+double GoodsItem::getMinRetailPrice() const
+{
+    return m_goods.minRetailPrice;
+}
+
+double GoodsItem::getTmcPrice() const
+{
+    return m_goods.tmcPrice;
+}
+
+double GoodsItem::getQuantity() const
+{
+    return m_goods.quantity;
+}
+
+double GoodsItem::getSumb() const
+{
+    return toCents(getPrice() * getQuantity());
+}
+
+QStringList GoodsItem::getTags() const
+{
+    return m_tags;
+}
+
+void GoodsItem::setTag(const QString& tag)
+{
+    if (!m_tags.contains(tag))
+        m_tags.append(tag);
+}
+
+QString GoodsItem::getExtendedOptions() const
+{
+    return m_extendedOptions;
+}
+
+void GoodsItem::setExtendedOptions(const QString& options)
+{
+    m_extendedOptions = options;
+}
+
+QString GoodsItem::getSoftCheckId() const
+{
+    return m_softCheckId;
+}
+
+void GoodsItem::setSoftCheckId(const QString& id)
+{
+    m_softCheckId = id;
+}
+
+QJsonObject GoodsItem::toJson() const
+{
+    return {
+        {QStringLiteral("number"), getNumber()},
+        {QStringLiteral("name"), getName()},
+        {QStringLiteral("price"), getPrice()},
+        {QStringLiteral("minRetailPrice"), getMinRetailPrice()},
+        {QStringLiteral("tmcPrice"), getTmcPrice()},
+        {QStringLiteral("quantity"), getQuantity()},
+        {QStringLiteral("sum"), getSumb()},
+        {QStringLiteral("tags"), QJsonArray::fromStringList(getTags())},
+        {QStringLiteral("extendedOptions"), getExtendedOptions()},
+        {QStringLiteral("softCheckId"), getSoftCheckId()},
+    };
+}

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "logger_p.h"
+
+#include "logsetup_p.h"
+
+namespace Log4Qt
+{
+
+namespace
+{
+
+/// One message is one line, whatever is in it: what breaks a line or steers a terminal is written as its number.
+QString onOneLine(const QString& message)
+{
+    QString line;
+    line.reserve(message.size());
+    for (const QChar character : message) {
+        const bool breaks = character.category() == QChar::Other_Control ||
+                            character.category() == QChar::Separator_Line ||
+                            character.category() == QChar::Separator_Paragraph;
+        if (character == u'\n')
+            line += QStringLiteral("\\n");
+        else if (breaks && character != u'\t')
+            line += QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0'));
+        else
+            line += character;
+    }
+    return line;
+}
+
+} // namespace
+
+void Logger::Private::log(log4cplus::LogLevel level, const QString& message) const
+{
+    setUpLogging();
+    logger.log(level, onOneLine(message).toStdString());
+}
+
+Logger::Logger(const QString& name)
+    : d(std::make_unique<Private>(log4cplus::Logger::getInstance(name.toStdString())))
+{
+}
+
+Logger::~Logger() = default;
+
+void Logger::info(const QString& message) const
+{
+    d->log(log4cplus::INFO_LOG_LEVEL, message);
+}
+
+void Logger::warn(const QString& message) const
+{
+    d->log(log4cplus::WARN_LOG_LEVEL, message);
+}
+
+void Logger::error(const QString& message) const
+{
+    d->log(log4cplus::ERROR_LOG_LEVEL, message);
+}
+
+} // namespace Log4Qt

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "config.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+#include <QStringDecoder>
+
+template struct Singleton<Config>;
+
+namespace
+{
+
+/// Why a file cannot be read as an INI file in UTF-8; empty: it can. QSettings would take what is no text for an
+/// empty configuration.
+QString obstacleIn(const QString& path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        return QStringLiteral("there is no file ") + path;
+    if (!info.isFile())
+        return path + QStringLiteral(" is not a file");
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return path + QStringLiteral(": ") + file.errorString();
+    const QByteArray bytes = file.readAll();
+    QStringDecoder decode(QStringDecoder::Utf8);
+    const QString text = decode(bytes);
+    if (decode.hasError() || text.contains(QChar::Null))
+        return path + QStringLiteral(" is not a text in UTF-8");
+    return {};
+}
+
+/// QSettings' name of a key as ours: "section/key" becomes "section:key"; the section General is not named by
+/// QSettings.
+QString configKey(const QString& settingsKey)
+{
+    const qsizetype slash = settingsKey.lastIndexOf(u'/');
+    if (slash < 0)
+        return QStringLiteral("General:") + settingsKey;
+    return settingsKey.left(slash) + u':' + settingsKey.mid(slash + 1);
+}
+
+void warnAbout(const QString& key, const QString& expected)
+{
+    Log4Qt::LogManager::logger(QStringLiteral("config"))
+        ->warn(key + QStringLiteral(" is not ") + expected + QStringLiteral("; the default is taken"));
+}
+
+} // namespace
+
+Config::Config() = default;
+
+Config::Config(const QString& file)
+    : m_error(obstacleIn(file))
+{
+    if (!m_error.isEmpty())
+        return;
+    const QSettings settings(file, QSettings::IniFormat);
+    const QStringList keys = settings.allKeys();
+    for (const QString& key : keys) // a value with commas comes as a list
+        m_values.insert(configKey(key), settings.value(key).toStringList().join(u','));
+    if (settings.status() != QSettings::NoError)
+        m_error = file + QStringLiteral(" has lines that are neither a section nor a key with a value");
+}
+
+Config::~Config() = default;
+
+bool Config::getBool(const QString& key, bool def) const
+{
+    const auto found = m_values.constFind(key);
+    if (found == m_values.constEnd())
+        return def;
+    const QString value = found->trimmed().toLower();
+    if (value == u"true" || value == u"yes" || value == u"on" || value == u"1")
+        return true;
+    if (value.isEmpty() || value == u"false" || value == u"no" || value == u"off" || value == u"0")
+        return false;
+    warnAbout(key, QStringLiteral("true or false"));
+    return def;
+}
+
+QString Config::getString(const QString& key, const QString& def) const
+{
+    return m_values.value(key, def);
+}
+
+int Config::getInt(const QString& key, int def) const
+{
+    const auto found = m_values.constFind(key);
+    if (found == m_values.constEnd())
+        return def;
+    bool isNumber = false;
+    const int number = found->trimmed().toInt(&isNumber);
+    if (isNumber)
+        return number;
+    warnAbout(key, QStringLiteral("a whole number between -2147483648 and 2147483647"));
+    return def;
+}
+
+void Config::setForThisRun(const QString& key, const QString& value)
+{
+    m_values.insert(key, value);
+}
+
+bool Config::isReadable() const
+{
+    return m_error.isEmpty();
+}
+
+QString Config::errorText() const
+{
+    return m_error;
+}

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "connectionfactory.h"
+
+#include "config.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QSqlError>
+#include <QSqlQuery>
+
+#include <algorithm>
+#include <iterator>
+
+template struct Singleton<ConnectionFactory>;
+
+namespace
+{
+
+/// How a driver is kept from writing.
+struct ReadOnlyMode {
+    const char* driver;
+    const char* connectOptions; ///< of QSqlDatabase::setConnectOptions
+    const char* statement;      ///< run once after opening
+};
+
+constexpr ReadOnlyMode readOnlyModes[] = {
+    {"QSQLITE", "QSQLITE_OPEN_READONLY", "PRAGMA query_only = ON"},
+    {"QPSQL", "", "SET SESSION CHARACTERISTICS AS TRANSACTION READ ONLY"},
+    {"QMYSQL", "", "SET SESSION TRANSACTION READ ONLY"},
+    {"QMARIADB", "", "SET SESSION TRANSACTION READ ONLY"},
+};
+
+const ReadOnlyMode* readOnlyModeOf(const QString& driver)
+{
+    const auto found = std::find_if(std::begin(readOnlyModes), std::end(readOnlyModes),
+                                    [&driver](const auto& mode) { return driver == QLatin1String(mode.driver); });
+    return found == std::end(readOnlyModes) ? nullptr : found;
+}
+
+void logFailure(const QString& section, const QString& reason)
+{
+    Log4Qt::LogManager::logger(QStringLiteral("database"))
+        ->error(section + QStringLiteral(" cannot be opened: ") + reason);
+}
+
+/// Opens the connection so that it cannot write; leaves it closed when either does not succeed.
+void openReadOnly(QSqlDatabase& connection, const QString& section)
+{
+    const ReadOnlyMode* mode = readOnlyModeOf(connection.driverName());
+    if (!mode) {
+        logFailure(section, QStringLiteral("no read-only mode is known for the driver ") + connection.driverName());
+        return;
+    }
+    connection.setConnectOptions(QString::fromLatin1(mode->connectOptions));
+    if (!connection.open()) {
+        logFailure(section, connection.lastError().text());
+        return;
+    }
+    QSqlQuery query(connection);
+    if (!query.exec(QString::fromLatin1(mode->statement))) {
+        logFailure(section, query.lastError().text());
+        query.clear();
+        connection.close();
+    }
+}
+
+} // namespace
+
+ConnectionFactory::~ConnectionFactory()
+{
+    for (auto opened = m_parameters.cbegin(); opened != m_parameters.cend(); ++opened)
+        QSqlDatabase::removeDatabase(opened.key());
+}
+
+QSqlDatabase ConnectionFactory::getConnection(const QString& database, const QString& connection)
+{
+    QString section = QStringLiteral("Database");
+    if (!database.isEmpty())
+        section += u'.' + database;
+    const QString name = QStringLiteral("read-only ") + section + u'\n' + connection;
+
+    const Parameters wanted = configuredParameters(section);
+    if (m_parameters.contains(name) && m_parameters.value(name) != wanted)
+        QSqlDatabase::removeDatabase(name);
+    if (!QSqlDatabase::contains(name)) {
+        QSqlDatabase added = QSqlDatabase::addDatabase(wanted.driver, name);
+        added.setDatabaseName(wanted.name);
+        added.setHostName(wanted.host);
+        added.setPort(wanted.port);
+        added.setUserName(wanted.user);
+        added.setPassword(wanted.password);
+        m_parameters.insert(name, wanted);
+    }
+    QSqlDatabase found = QSqlDatabase::database(name, false);
+    if (!found.isOpen())
+        openReadOnly(found, section);
+    return found;
+}
+
+ConnectionFactory::Parameters ConnectionFactory::configuredParameters(const QString& section) const
+{
+    const Config* config = Singleton<Config>::get();
+    return {
+        config->getString(section + QStringLiteral(":driver"), QStringLiteral("QSQLITE")),
+        config->getString(section + QStringLiteral(":name")),
+        config->getString(section + QStringLiteral(":host")),
+        config->getInt(section + QStringLiteral(":port"), -1),
+        config->getString(section + QStringLiteral(":user")),
+        config->getString(section + QStringLiteral(":password")),
+    };
+}
