@@ -21,8 +21,10 @@
 
 #include <utility>
 
+class AbstractDocument;
 class ElectronicPrescriptionInterface;
 class GoodsItem;
+class QJsonArray;
 
 namespace Log4Qt
 {
@@ -36,8 +38,8 @@ class Logger;
 ///
 /// The steps of the workflow are virtual and call one another through the object, so that a double can replace a
 /// single one. A step that shows a dialog returns false, a negative number or an empty list when the cashier goes
-/// back: that is never an error. ElectronicPrescriptionException is shown to the cashier by the step that says so; every
-/// other exception goes through to the register.
+/// back: that is never an error. ElectronicPrescriptionException is shown to the cashier by the step that says so;
+/// every other exception goes through to the register.
 ///
 /// The order of the virtual members is part of the class: integrators' doubles are compiled against it.
 class ElectronicPrescriptionService : public BaseActivityListener, public BasicPlugin, protected DocumentWatcher
@@ -155,22 +157,22 @@ public:
     /// Registers every prescription position of the receipt that is not registered, and saves after each.
     ///
     /// Shows the cashier what failed; the positions before the failing one stay registered.
-    EContext::Result dispenseElectronicPrescriptions(const control::Action& action) const;
+    EContext::Result dispenseElectronicPrescriptions(const control::Action& action);
 
     // Hooks around the register's actions: core/cancellationhooks.cpp
 
     /// Before the subtotal: registers the dispenses of a sale, cancels those of a cancelling document.
-    EContext::Result beforeSubtotal(const control::Action& action) const;
+    EContext::Result beforeSubtotal(const control::Action& action);
 
     /// Before the whole receipt is cancelled: cancels its dispenses.
-    EContext::Result beforeStornoAll(const control::Action& action) const;
+    EContext::Result beforeStornoAll(const control::Action& action);
 
     /// Cancels the dispenses of the document that the action carries under "document"; stops at the first failure.
-    EContext::Result cancelElectronicPrescriptions(const control::Action& action) const;
+    EContext::Result cancelElectronicPrescriptions(const control::Action& action);
 
     /// Before one position is cancelled: cancels the dispense of the position that "positionNumber" names.
     /// @return NotFound when the receipt has no such position
-    EContext::Result cancelElectronicPrescriptionByAction(const control::Action& action) const;
+    EContext::Result cancelElectronicPrescriptionByAction(const control::Action& action);
 
     // The registry's answer into records: intake/prescriptionmapping.cpp
     //
@@ -220,21 +222,30 @@ protected:
     Log4Qt::Logger* logger; ///< not owned
 
 private:
+    /// The one status under which prescriptions can be served.
+    static constexpr QLatin1StringView activeStatus{"active"};
+    /// The document keeps the card number under the class's name and this key.
+    static constexpr QLatin1StringView cardNumberKey{"cardNumber"};
+
+    // Look-up of a card's prescriptions: intake/prescriptionlookup.cpp
+
+    void appendPrescriptions(const QJsonArray& bundles, Prescriptions& prescriptions) const;
+
     // The cashier's way from the list to the receipt: intake/processingloop.cpp
 
-    QSharedPointer<ElectronicPrescription> choosePrescription(const QString& status,
-                                                              const Prescriptions& prescriptions, bool repeated) const;
+    QSharedPointer<ElectronicPrescription> choosePrescription(const QString& status, const Prescriptions& prescriptions,
+                                                              bool repeated) const;
     bool servePrescription(const QString& cardNumber, const QString& status,
                            const QSharedPointer<ElectronicPrescription>& prescription);
     bool isServingConfirmed(const QString& status, const QSharedPointer<ElectronicPrescription>& prescription) const;
-    void rememberCardNumber(const QString& cardNumber);
+    void rememberCardNumber(const QString& cardNumber, const QSharedPointer<AbstractDocument>& document);
 
     // The registry's answer into records: intake/prescriptionmapping.cpp
 
     void fillPrescribedMedicine(const QJsonObject& resource, ElectronicPrescription& prescription) const;
     void fillMedicationPrescription(const QJsonObject& resource, ElectronicPrescription& prescription) const;
 
-    // The cashier's command: core/prescriptioncommand.cpp
+    // Hooks around the register's actions: core/cancellationhooks.cpp
 
-    QString askForCardNumber() const;
+    bool isCurrentDocumentOf(int type) const;
 };

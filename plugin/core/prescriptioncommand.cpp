@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "abstractdocument.h"
+#include "dialog.h"
+#include "electronicprescriptionservice.h"
+#include "goodsitem.h"
+#include "prescriptionposition.h"
+#include "prescriptiontexts.h"
+
+#include <log4qt/logger.h>
+
+#include <algorithm>
+
+namespace
+{
+
+TextInputParams cardInput()
+{
+    TextInputParams params;
+    params.title = {"inputCardTitle", "Ввод карты"};
+    params.message = {"electronicPrescriptionInputCard", "Введите номер карты"};
+    params.scanError = prescriptiontexts::scanError();
+    params.okText = prescriptiontexts::ok();
+    params.cancelText = prescriptiontexts::cancel();
+    params.inputName = QStringLiteral("inputCard");
+    return params;
+}
+
+} // namespace
+
+EContext::Result ElectronicPrescriptionService::processElectronicPrescriptionsByAction(const control::Action& action)
+{
+    if (!isCurrentDocumentOf(AbstractDocument::Sale))
+        return EContext::GoOn;
+
+    const QString status = action.value("status").toString();
+    QString cardNumber = lastCardNumber;
+    if (cardNumber.isEmpty()) {
+        auto answer = Dialog::create()->showTextInput(cardInput());
+        if (answer.isEmpty()) {
+            answer.setCanceled();
+            logger->warn("Отменено пользователем");
+            return EContext::Stop;
+        }
+        cardNumber = answer.getData().toString();
+    }
+
+    Prescriptions prescriptions;
+    const auto cached = prescriptionCache.constFind(status);
+    if (cached != prescriptionCache.constEnd() && cached->first == cardNumber)
+        getUnprocessedElectronicPrescriptions(status, prescriptions);
+    else
+        getElectronicPrescriptionsByCardNumber(cardNumber, status, prescriptions);
+    if (prescriptions.isEmpty())
+        return EContext::Stop;
+
+    processElectronicPrescriptions(cardNumber, status, prescriptions);
+    return EContext::GoOn;
+}
+
+bool ElectronicPrescriptionService::hasPrescriptions() const
+{
+    const auto document = getDocument();
+    if (!document)
+        return false;
+
+    const auto positions = document->getPositions();
+    return std::any_of(positions.cbegin(), positions.cend(),
+                       [](const QSharedPointer<GoodsItem>& position) { return isPrescriptionPosition(*position); });
+}

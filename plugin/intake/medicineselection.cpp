@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "action.h"
+#include "actionfactory.h"
+#include "actionqueuecontroller.h"
+#include "dialog.h"
+#include "electronicprescription.h"
+#include "electronicprescriptionservice.h"
+#include "prescriptiontexts.h"
+#include "singleton.h"
+
+#include <QLocale>
+
+namespace
+{
+
+constexpr double smallestDoses = 0.001;
+
+control::Action createReceiptAction(control::EActionType type)
+{
+    control::Action action = Singleton<control::ActionFactory>::get()->create(type);
+    action.setAllowContexts({EContext::OpenReceipt});
+    return action;
+}
+
+TextInputParams dosesInput(const ElectronicPrescription& prescription)
+{
+    TextInputParams params;
+    params.title = {"electronicPrescriptionInputDispensedDoseQuantityFormTitle", "Ввод количества отпущенных доз"};
+    params.message = tr::Tr("electronicPrescriptionInputDispensedDoseQuantityFormMessage",
+                            "Введите количество отпущенных доз по рецепту на\n'%1 / %2'\n"
+                            "(выписано %3/отпущено ранее %4)")
+                         .arg(prescription.getInn())
+                         .arg(prescription.getTradeName())
+                         .arg(QString::number(prescription.getDoseQuantity(), 'f', 2))
+                         .arg(QString::number(prescription.getDispensedDoseQuantity(), 'f', 2));
+    params.scanError = prescriptiontexts::scanError();
+    params.okText = prescriptiontexts::ok();
+    params.cancelText = prescriptiontexts::cancel();
+    params.inputName = QStringLiteral("inputQuantity");
+    params.mask = QStringLiteral(R"(\d{1,9}(\.)\d{0,2}|\d{1,9})");
+    params.numeric = true;
+    params.manualOnly = true;
+    params.lines = 1;
+    params.columns = 10;
+    return params;
+}
+
+} // namespace
+
+bool ElectronicPrescriptionService::selectMedicineForElectronicPrescription(
+    const QSharedPointer<ElectronicPrescription>& prescription, QVariant& selected) const
+{
+    const QString inn = prescription->getInn();
+    const QString doses = QString::number(prescription->getDoseQuantity(), 'g', QLocale::FloatingPointShortest);
+
+    control::Action action = createReceiptAction(control::SelectGoods);
+    action.appendArgument(inn, "filterByInn");
+    action.appendArgument(QStringLiteral("%1 / %2 / %3").arg(inn, prescription->getTradeName(), doses), "medicineInfo");
+    if (Singleton<ActionQueueController>::get()->execute(action) != EContext::GoOn)
+        return false;
+
+    selected = action.value("result");
+    return true;
+}
+
+int ElectronicPrescriptionService::addSelectedMedicine(const QVariant& selected) const
+{
+    control::Action action = createReceiptAction(control::AddSelectedGoods);
+    action.insert("result", selected);
+    if (Singleton<ActionQueueController>::get()->execute(action) != EContext::GoOn)
+        return -1;
+    return action.value("positionNumber").toInt();
+}
+
+bool ElectronicPrescriptionService::inputDispensedDoseQuantity(
+    const QSharedPointer<ElectronicPrescription>& prescription, double& doses) const
+{
+    const TextInputParams params = dosesInput(*prescription);
+    while (true) {
+        const auto result = Dialog::create()->showTextInput(params);
+        if (result.canceled())
+            return false;
+
+        bool isNumber = false;
+        doses = result.getData().toString().toDouble(&isNumber);
+        if (isNumber && doses >= smallestDoses)
+            return true;
+
+        Dialog::create()->showMessage({"electronicPrescriptionInputDispensedDoseQuantityError",
+                                       "Введено некорректное количество доз\nПовторите ввод"},
+                                      Dialog::Error, 1, 0);
+    }
+}

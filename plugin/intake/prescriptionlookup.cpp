@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "connectionfactory.h"
+#include "dialog.h"
+#include "electronicprescription.h"
+#include "electronicprescriptioninterface.h"
+#include "electronicprescriptionnoprescriptionsexception.h"
+#include "electronicprescriptionservice.h"
+#include "finally.h"
+#include "prescriptiontexts.h"
+#include "singleton.h"
+
+#include <log4qt/logger.h>
+
+#include <QJsonArray>
+#include <QSqlError>
+#include <QSqlQuery>
+
+void ElectronicPrescriptionService::getElectronicPrescriptionsByCardNumber(const QString& cardNumber,
+                                                                           const QString& status,
+                                                                           Prescriptions& prescriptions)
+{
+    // The guard lies inside the handlers: the long work is over before a message is shown.
+    try {
+        sendStartEvent(prescriptiontexts::processMessage());
+        const Finally stop([this] { sendStopEvent(); });
+
+        QJsonArray bundles;
+        QJsonObject patient;
+        registryClient->getElectronicPrescriptionsByCardNumber(cardNumber, status, bundles, patient);
+
+        fillPatient(status, patient);
+        appendPrescriptions(bundles, prescriptions);
+        prescriptionCache.insert(status, {cardNumber, prescriptions});
+
+        getUnprocessedElectronicPrescriptions(prescriptions);
+        if (prescriptions.isEmpty())
+            throw ElectronicPrescriptionNoPrescriptionsException(prescriptiontexts::noPrescriptions());
+    } catch (const ElectronicPrescriptionNoPrescriptionsException& exception) {
+        Dialog::create()->showMessage(exception.tr(), Dialog::Notice, 1, 0);
+    } catch (const ElectronicPrescriptionException& exception) {
+        Dialog::create()->showMessage(exception.tr(), Dialog::Error, 1, 0);
+    }
+}
+
+/// One bundle always makes one prescription, also one without a "MedicationPrescription" resource.
+void ElectronicPrescriptionService::appendPrescriptions(const QJsonArray& bundles, Prescriptions& prescriptions) const
+{
+    prescriptions.reserve(prescriptions.size() + bundles.size());
+    for (const QJsonValue bundle : bundles) {
+        const QSharedPointer<ElectronicPrescription> prescription(new ElectronicPrescription);
+        const QJsonArray entries = bundle[QLatin1StringView("entry")].toArray();
+        for (const QJsonValue entry : entries)
+            fillElectronicPrescription(entry[QLatin1StringView("resource")].toObject(), prescription);
+        prescriptions.append(prescription);
+    }
+}
+
+void ElectronicPrescriptionService::fillDictionaryName(const QSharedPointer<ElectronicPrescription>& prescription) const
+{
+    if (!prescription->getDictName().isEmpty())
+        return;
+
+    QSqlQuery query(Singleton<ConnectionFactory>::get()->getConnection(QString(), QString()));
+    // Dictionary codes are numbers, compared as such whatever the column's type; the connection cannot write.
+    const QString statement = QStringLiteral("SELECT dictname FROM medicine WHERE dictcode = ") +
+                              prescription->getDictCode() + QStringLiteral(" LIMIT 1");
+    if (!query.prepare(statement)) {
+        logger->error(QStringLiteral("Ошибка выполнения prepare для запроса %1: %2")
+                          .arg(query.lastQuery(), query.lastError().text()));
+        return;
+    }
+    if (!query.exec()) {
+        logger->error(
+            QStringLiteral("Ошибка выполнения запроса %1: %2").arg(query.lastQuery(), query.lastError().text()));
+        return;
+    }
+    prescription->setDictName(query.next() ? query.value(0).toString() : QString(QLatin1StringView("")));
+}

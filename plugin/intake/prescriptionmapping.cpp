@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+#include "electronicprescription.h"
+#include "electronicprescriptionservice.h"
+#include "patient.h"
+#include "payingelectronicprescriptionorganization.h"
+#include "registrydate.h"
+
+#include <QJsonArray>
+#include <QJsonValue>
+
+#include <array>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace
+{
+
+using Path = std::array<QLatin1StringView, 3>;
+
+/// The member at the end of a path of objects; undefined when one of them is missing or no object.
+QJsonValue valueAt(const QJsonObject& object, const Path& path)
+{
+    QJsonValue value = object.value(path.front());
+    for (std::size_t step = 1; step < path.size() && !path[step].isEmpty(); ++step)
+        value = value[path[step]];
+    return value;
+}
+
+template <auto Setter>
+void setText(const QJsonValue& value, ElectronicPrescription& prescription)
+{
+    (prescription.*Setter)(value.toString());
+}
+
+template <auto Setter>
+void setDate(const QJsonValue& value, ElectronicPrescription& prescription)
+{
+    (prescription.*Setter)(readRegistryDate(value.toString()));
+}
+
+template <auto Setter>
+void setNumber(const QJsonValue& value, ElectronicPrescription& prescription)
+{
+    (prescription.*Setter)(value.toDouble());
+}
+
+/// A blank stands before each text once anything stands before it, also before an empty text.
+void setInstructions(const QJsonValue& dosageInstructions, ElectronicPrescription& prescription)
+{
+    QString instructions;
+    const QJsonArray array = dosageInstructions.toArray();
+    for (const QJsonValue dosageInstruction : array) {
+        if (!instructions.isEmpty())
+            instructions += u' ';
+        instructions += dosageInstruction["text"_L1].toString();
+    }
+    prescription.setInstructions(instructions);
+}
+
+/// The patient's share of the price; without such an extension the patient pays all, as the record has it.
+void setPayByPatientSumFactor(const QJsonValue& extensions, ElectronicPrescription& prescription)
+{
+    const QJsonArray array = extensions.toArray();
+    for (const QJsonValue extension : array) {
+        if (extension["url"_L1].toString().endsWith("by-factor"_L1))
+            prescription.setPayByPatientSumFactor(extension["valueDecimal"_L1].toDouble());
+    }
+}
+
+void setSerialNumber(const QJsonValue& identifiers, ElectronicPrescription& prescription)
+{
+    prescription.setSerialNumber(identifiers[0]["value"_L1].toString());
+}
+
+/// One member of a "MedicationPrescription" resource and what it does to the record.
+struct PrescriptionMember {
+    Path path;
+    void (*apply)(const QJsonValue&, ElectronicPrescription&);
+};
+
+using Prescription = ElectronicPrescription;
+
+// In the order in which they are applied, after the id and the medicine.
+constexpr PrescriptionMember prescriptionMembers[] = {
+    {{"dateWritten"_L1}, setDate<&Prescription::setPrescriptionDate>},
+    {{"dosageInstruction"_L1}, setInstructions},
+    {{"extension"_L1}, setPayByPatientSumFactor},
+    {{"dispense"_L1, "validityPeriod"_L1, "end"_L1}, setDate<&Prescription::setExpirationDate>},
+    {{"dispense"_L1, "quantity"_L1, "value"_L1}, setNumber<&Prescription::setDoseQuantity>},
+
+    {{"patient"_L1, "reference"_L1}, setText<&Prescription::setPatientReference>},
+    {{"identifier"_L1}, setSerialNumber},
+};
+
+} // namespace
+
+void ElectronicPrescriptionService::fillPatient(const QString& status, const QJsonObject& patient)
+{
+    const QString name = getPatientOrPractitionerName(patient["name"_L1][0].toObject());
+    const QDate birthday = readRegistryDate(patient["birthDate"_L1].toString());
+    patientCache.insert(status, QSharedPointer<Patient>(new Patient(name, birthday)));
+}
+
+void ElectronicPrescriptionService::fillElectronicPrescription(
+    const QJsonObject& resource, const QSharedPointer<ElectronicPrescription>& prescription) const
+{
+    const QString type = resource["resourceType"_L1].toString();
+    if (type == "MedicationPrescription"_L1) {
+        fillMedicationPrescription(resource, *prescription);
+    } else if (type == "Provenance"_L1) {
+        // A provenance is the signature's record: that it is there is all that counts.
+        prescription->setDigitalSignature();
+    } else if (type == "Organization"_L1) {
+        QSharedPointer<PayingElectronicPrescriptionOrganization> organization;
+        fillPayingElectronicPrescriptionOrganization(resource, organization);
+        prescription->setPayingElectronicPrescriptionOrganization(organization);
+    } else if (type == "MedicationDispense"_L1) {
+        prescription->addMedicationDispenseDate(readRegistryDate(resource["whenHandedOver"_L1].toString()));
+        prescription->addDispensedDoseQuantity(resource["quantity"_L1]["value"_L1].toDouble());
+    } else if (type == "Practitioner"_L1) {
+        prescription->setPractitionerName(getPatientOrPractitionerName(resource["name"_L1].toObject()));
+    }
+}
+
+void ElectronicPrescriptionService::fillPayingElectronicPrescriptionOrganization(
+    const QJsonObject& organization, QSharedPointer<PayingElectronicPrescriptionOrganization>& result) const
+{
+    result.reset(new PayingElectronicPrescriptionOrganization(organization["id"_L1].toString(),
+                                                              organization["name"_L1].toString()));
+}
+
+QString ElectronicPrescriptionService::getPatientOrPractitionerName(const QJsonObject& name) const
+{
+    const QJsonArray given = name["given"_L1].toArray();
+    const QString family = name["family"_L1][0].toString();
+    return family + u' ' + given.first().toString() + u' ' + given.last().toString();
+}
+
+void ElectronicPrescriptionService::fillMedicationPrescription(const QJsonObject& resource,
+                                                               ElectronicPrescription& prescription) const
+{
+    prescription.setId(resource["id"_L1].toString());
+    fillPrescribedMedicine(resource, prescription);
+    for (const PrescriptionMember& member : prescriptionMembers)
+        member.apply(valueAt(resource, member.path), prescription);
+}
+
+/// Each coding overwrites the name and code of its kind, so that the last one counts; a dictionary coding gives the
+/// dictionary code besides.
+void ElectronicPrescriptionService::fillPrescribedMedicine(const QJsonObject& resource,
+                                                           ElectronicPrescription& prescription) const
+{
+    // A local reference: "#" and the id of a contained resource.
+    const QString reference = resource["medication"_L1]["reference"_L1].toString().mid(1);
+    const QJsonArray medications = resource["contained"_L1].toArray();
+    for (const QJsonValue medication : medications) {
+        const bool brand = medication["isBrand"_L1].toBool();
+        const bool prescribed = !brand && medication["id"_L1].toString() == reference;
+        const QJsonArray codings = medication["code"_L1]["coding"_L1].toArray();
+        for (const QJsonValue coding : codings) {
+            const QString display = coding["display"_L1].toString();
+            const QString code = coding["code"_L1].toString();
+            if (brand) {
+                prescription.setTradeName(display);
+                prescription.setTradeNameCode(code);
+            } else {
+                prescription.setInn(display);
+                prescription.setInnCode(code);
+                if (prescribed)
+                    prescription.setPrescribedByInn();
+            }
+            if (coding["system"_L1].toString() == dosageSystemId)
+                prescription.setDictCode(code);
+        }
+    }
+}

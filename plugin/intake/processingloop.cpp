@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "abstractdocument.h"
+#include "dialog.h"
+#include "electronicprescription.h"
+#include "electronicprescriptiondialog.h"
+#include "electronicprescriptionexception.h"
+#include "electronicprescriptionservice.h"
+#include "goodsitem.h"
+#include "savetofilelogic.h"
+
+namespace
+{
+
+/// What the details form and the confirmation answer under "status".
+enum Answer : int {
+    Back = -1,
+    Continue = 0,
+    FinalDispense = 1,
+};
+
+int statusOf(const core::BasicDialog::Result& result)
+{
+    return result.getData().toMap().value(QStringLiteral("status")).toInt();
+}
+
+} // namespace
+
+void ElectronicPrescriptionService::processElectronicPrescriptions(const QString& cardNumber, const QString& status,
+                                                                   const Prescriptions& prescriptions)
+{
+    try {
+        bool repeated = false;
+        while (const auto prescription = choosePrescription(status, prescriptions, repeated)) {
+            fillDictionaryName(prescription);
+            if (servePrescription(cardNumber, status, prescription))
+                return;
+            repeated = true;
+        }
+    } catch (const ElectronicPrescriptionException& exception) {
+        Dialog::create()->showMessage(exception.tr(), Dialog::Error, 1, 0);
+    }
+}
+
+/// Null when the cashier left the list.
+QSharedPointer<ElectronicPrescription>
+ElectronicPrescriptionService::choosePrescription(const QString& status, const Prescriptions& prescriptions,
+                                                  bool repeated) const
+{
+    const ElectronicPrescriptionChoiceParams params(prescriptions, status, patientCache.value(status), repeated);
+    const int row = ElectronicPrescriptionDialog::create()->choiceElectronicPrescription(params);
+    if (row < 0 || row >= prescriptions.size())
+        return {};
+    return prescriptions[row];
+}
+
+/// From the details to the receipt; every step back leads to the details again. False when the cashier went back to
+/// the list from there.
+bool ElectronicPrescriptionService::servePrescription(const QString& cardNumber, const QString& status,
+                                                      const QSharedPointer<ElectronicPrescription>& prescription)
+{
+    while (isServingConfirmed(status, prescription)) {
+        QVariant selected;
+        if (!selectMedicineForElectronicPrescription(prescription, selected))
+            continue;
+
+        double doses = 0.0;
+        if (!inputDispensedDoseQuantity(prescription, doses))
+            continue;
+
+        const ElectronicPrescriptionConfirmDispenseParams params(prescription);
+        const int confirmation =
+            statusOf(ElectronicPrescriptionDialog::create()->confirmDispenseForElectronicPrescription(params));
+        if (confirmation == Back)
+            continue;
+
+        const int number = addSelectedMedicine(selected);
+        const auto document = getDocument();
+        const auto position = document ? document->getPosition(number) : QSharedPointer<GoodsItem>();
+        if (!position)
+            continue;
+
+        fillElectronicPrescriptionDataForPosition(prescription, position, confirmation == FinalDispense, doses);
+        setPriceForPosition(prescription, position);
+        rememberCardNumber(cardNumber, document);
+        return true;
+    }
+    return false;
+}
+
+/// Shows the details. False when the cashier went back to the list.
+bool ElectronicPrescriptionService::isServingConfirmed(const QString& status,
+                                                       const QSharedPointer<ElectronicPrescription>& prescription) const
+{
+    const ElectronicPrescriptionParams params(prescription, status, patientCache.value(status));
+    return statusOf(ElectronicPrescriptionDialog::create()->showElectronicPrescription(params)) == Continue;
+}
+
+void ElectronicPrescriptionService::rememberCardNumber(const QString& cardNumber,
+                                                       const QSharedPointer<AbstractDocument>& document)
+{
+    lastCardNumber = cardNumber;
+    document->setPluginValue(metaObject()->className(), cardNumberKey, cardNumber);
+    SaveToFileLogic::create()->save(document, QString());
+}

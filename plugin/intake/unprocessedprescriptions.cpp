@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "abstractdocument.h"
+#include "dialog.h"
+#include "electronicprescription.h"
+#include "electronicprescriptionservice.h"
+#include "goodsitem.h"
+#include "positionformat.h"
+#include "prescriptionposition.h"
+#include "prescriptiontexts.h"
+
+#include <QSet>
+
+void ElectronicPrescriptionService::getUnprocessedElectronicPrescriptions(const QString& status,
+                                                                          Prescriptions& prescriptions) const
+{
+    const auto cached = prescriptionCache.constFind(status);
+    if (cached == prescriptionCache.constEnd())
+        return;
+
+    prescriptions = cached->second;
+    if (status != activeStatus)
+        return;
+
+    getUnprocessedElectronicPrescriptions(prescriptions);
+    if (prescriptions.isEmpty())
+        Dialog::create()->showMessage(prescriptiontexts::noPrescriptions(), Dialog::Notice, 1, 0);
+}
+
+void ElectronicPrescriptionService::getUnprocessedElectronicPrescriptions(Prescriptions& prescriptions) const
+{
+    const auto document = getDocument();
+    if (!document || document->getType() != AbstractDocument::Sale)
+        return;
+
+    QSet<QString> processedIds;
+    const auto positions = document->getPositions();
+    for (const auto& position : positions) {
+        if (isPrescriptionPosition(*position))
+            processedIds.insert(readPositionOptions(*position)[positionformat::id].toString());
+    }
+    prescriptions.removeIf([&processedIds](const QSharedPointer<ElectronicPrescription>& prescription) {
+        return processedIds.contains(prescription->getId());
+    });
+}
