@@ -12,7 +12,6 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QScroller>
 #include <QShortcut>
 
 #include <algorithm>
@@ -142,8 +141,6 @@ void ElectronicPrescriptionForm::setUpKeys()
         connect(shortcut, &QShortcut::activated, scrollArea,
                 [scrollArea, scrollAction = action] { scrollArea->verticalScrollBar()->triggerAction(scrollAction); });
     }
-    if (isTouchMode())
-        QScroller::grabGesture(scrollArea->viewport(), QScroller::LeftMouseButtonGesture);
 }
 
 void ElectronicPrescriptionForm::fill(const ElectronicPrescription& prescription, const Patient& patient)

@@ -1,0 +1,496 @@
+// SPDX-License-Identifier: MIT
+#include "electronicprescriptionchoiceform.h"
+
+#include "complexfilterproxymodel.h"
+#include "dialogeventfilter.h"
+#include "dialogforms.h"
+#include "electronicprescriptionchoicemodel.h"
+#include "iconsviewnotifier.h"
+#include "inactivitylocker.h"
+#include "tallokeyboard.h"
+#include "tallolineedit.h"
+#include "tallotableview.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace
+{
+
+using Prescriptions = QList<QSharedPointer<ElectronicPrescription>>;
+
+const QString layout = "electronicprescriptionchoice.ui";
+
+class ChoiceForm : public DialogForms
+{
+protected:
+    ChoiceForm()
+    {
+        for (const char* inn : {"Метформин", "Инсулин гларгин", "Амлодипин", "Инсулин аспарт", "Бисопролол"})
+            prescriptions.append(prescription(inn));
+    }
+
+    ElectronicPrescriptionChoiceParams params(bool useLast = false) const
+    {
+        return {prescriptions, "active", patient(), useLast};
+    }
+
+    static TalloTableView* table(const BasicForm& form)
+    {
+        return widget<TalloTableView>(form, "electronicPrescriptionsTableView");
+    }
+    static TalloLineEdit* filter(const BasicForm& form) { return widget<TalloLineEdit>(form, "medicineNameLineEdit"); }
+
+    static QStringList shownNames(const BasicForm& form)
+    {
+        QStringList names;
+        const auto* model = table(form)->model();
+        for (int row = 0; row < model->rowCount(); ++row)
+            names.append(model->index(row, 0).data().toString());
+        return names;
+    }
+
+    /// Opens the list anew, chooses a row of the screen under a filter, and drops the form.
+    void chooseAndDrop(const QString& filterText, int row)
+    {
+        ElectronicPrescriptionChoiceForm form(params(), nullptr);
+        open(form);
+        filter(form)->setText(filterText);
+        table(form)->selectRow(row);
+        form.onOk();
+        queue.queued.clear();
+    }
+
+    Prescriptions prescriptions;
+};
+
+class ChoiceFormTexts : public ChoiceForm, public ::testing::WithParamInterface<std::pair<const char*, const char*>>
+{
+};
+
+class ChoiceFormRequiredWidgets : public ChoiceForm,
+                                  public ::testing::WithParamInterface<std::pair<const char*, const char*>>
+{
+};
+
+const auto widgetOfParameter = [](const auto& info) { return std::string(info.param.first); };
+
+} // namespace
+
+TEST_P(ChoiceFormTexts, built_widgetHasItsText)
+{
+    const auto& [name, expected] = GetParam();
+    const ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    EXPECT_EQ(text(form, name), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(, ChoiceFormTexts,
+                         ::testing::Values(std::pair{"cancelButton", "Назад"}, std::pair{"okButton", "Выбрать"},
+                                           std::pair{"titleLabel", "Выбор рецепта"},
+                                           std::pair{"tradeNameLabel", "Торговое наименование:"},
+                                           std::pair{"patientNameLabel", "ФИО пациента:"},
+                                           std::pair{"patientBirthdayLabel", "Дата рождения пациента:"},
+                                           std::pair{"practitionerNameLabel", "ФИО врача:"},
+                                           std::pair{"organizationLabel", "Организация:"}),
+                         widgetOfParameter);
+
+TEST_P(ChoiceFormRequiredWidgets, missing_constructorThrowsAndNamesIt)
+{
+    loseWidget(layout, GetParam().first);
+    try {
+        ElectronicPrescriptionChoiceForm(params(), nullptr);
+        FAIL() << "built without it";
+    } catch (const BasicException& error) {
+        EXPECT_EQ(error.tr().key(), "formUiWidgetNotFoundError");
+        EXPECT_EQ(error.tr().ui(), QString("Не найден виджет ") + GetParam().first);
+    }
+}
+
+TEST_P(ChoiceFormRequiredWidgets, ofAnotherClass_constructorThrowsAndNamesBothClasses)
+{
+    const auto& [name, className] = GetParam();
+    retypeWidget(layout, name, "QSlider");
+    try {
+        ElectronicPrescriptionChoiceForm(params(), nullptr);
+        FAIL() << "built with a slider";
+    } catch (const BasicException& error) {
+        EXPECT_EQ(error.tr().key(), "formUiWidgetCastError");
+        EXPECT_EQ(
+            error.tr().ui(),
+            QString("Ошибка загрузки виджета '%1'. Не удалось 'QSlider' привести к типу '%2'").arg(name, className));
+    }
+}
+
+TEST_P(ChoiceFormRequiredWidgets, missingAndFaultsCollected_formWorksWithoutIt)
+{
+    loseWidget(layout, GetParam().first);
+    collectLayoutFaults();
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    EXPECT_EQ(layoutFaults, QStringList(QString("Не найден виджет ") + GetParam().first));
+    open(form);
+    form.filterTextChanged("инсулин");
+    form.onOk();
+    EXPECT_EQ(answer().first, "data");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , ChoiceFormRequiredWidgets,
+    ::testing::Values(std::pair{"cancelButton", "QPushButton"}, std::pair{"okButton", "QPushButton"},
+                      std::pair{"titleLabel", "QLabel"}, std::pair{"tradeNameLabel", "QLabel"},
+                      std::pair{"patientNameLabel", "QLabel"}, std::pair{"patientBirthdayLabel", "QLabel"},
+                      std::pair{"practitionerNameLabel", "QLabel"}, std::pair{"organizationLabel", "QLabel"},
+                      std::pair{"electronicPrescriptionsTableView", "TalloTableView"},
+                      std::pair{"tradeNameValueLabel", "QLabel"}, std::pair{"patientNameValueLabel", "QLabel"},
+                      std::pair{"patientBirthdayValueLabel", "QLabel"},
+                      std::pair{"practitionerNameValueLabel", "QLabel"}, std::pair{"organizationValueLabel", "QLabel"}),
+    widgetOfParameter);
+
+TEST_F(ChoiceForm, layoutWithoutFilterField_listIsChosenFromAllTheSame)
+{
+    loseWidget(layout, "medicineNameLineEdit");
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    table(form)->selectRow(2);
+    form.onOk();
+    EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(2)));
+}
+
+TEST_F(ChoiceForm, layoutFileMissing_constructorThrows)
+{
+    config.setForThisRun("GUI:layouts", "");
+    EXPECT_THROW(ElectronicPrescriptionChoiceForm(params(), nullptr), BasicException);
+}
+
+TEST_F(ChoiceForm, built_standsInTheDialogsContext)
+{
+    EXPECT_EQ(ElectronicPrescriptionChoiceForm(params(), nullptr).contextCode(), 15);
+}
+
+TEST_F(ChoiceForm, noTouchMode_touchWidgetsAreDeletedAndTheButtonsStay)
+{
+    const ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    for (const char* name : {"talloKeyboard", "scrollButtonsNavigationBar", "scrollButtonsNavigationBarSeparator",
+                             "horizontalLine", "navigationBar"})
+        EXPECT_EQ(form.rootWidget()->findChild<QWidget*>(name), nullptr) << name;
+    EXPECT_NE(widget<QPushButton>(form, "okButton"), nullptr);
+    EXPECT_NE(widget<QPushButton>(form, "cancelButton"), nullptr);
+}
+
+TEST_F(ChoiceForm, touchMode_touchWidgetsStay)
+{
+    setTouchMode(true);
+    const ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    for (const char* name : {"talloKeyboard", "scrollButtonsNavigationBar", "scrollButtonsNavigationBarSeparator",
+                             "horizontalLine", "navigationBar"})
+        EXPECT_NE(form.rootWidget()->findChild<QWidget*>(name), nullptr) << name;
+}
+
+TEST_F(ChoiceForm, touchModeNothingConfigured_keyboardHasRussianAndEnglish)
+{
+    setTouchMode(true);
+    const ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    EXPECT_EQ(widget<TalloKeyboard>(form, "talloKeyboard")->keyboardLayouts(), (QStringList{"ru", "en"}));
+}
+
+TEST_F(ChoiceForm, touchModeLayoutsConfigured_keyboardHasThose)
+{
+    setTouchMode(true);
+    config.setForThisRun("Language:keyboardLayouts", "en,digits");
+    const ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    EXPECT_EQ(widget<TalloKeyboard>(form, "talloKeyboard")->keyboardLayouts(), (QStringList{"en", "digits"}));
+}
+
+TEST_F(ChoiceForm, keyboardSwitchesLayout_statusLineIsTold)
+{
+    setTouchMode(true);
+    const ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    const QSignalSpy icons(Singleton<IconsViewNotifier>::get(), &IconsViewNotifier::iconsChanged);
+    QEvent event(QEvent::KeyboardLayoutChange);
+    emit widget<TalloKeyboard>(form, "talloKeyboard")->layoutChanged(&event);
+    EXPECT_EQ(icons.count(), 1);
+}
+
+TEST_F(ChoiceForm, keyOfTheKeyboardPressed_inactivityTimeBeginsAnew)
+{
+    setTouchMode(true);
+    const ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    auto* keyboard = widget<TalloKeyboard>(form, "talloKeyboard");
+    auto* locker = Singleton<InactivityLocker>::get();
+    EXPECT_TRUE(QObject::disconnect(keyboard, SIGNAL(keyPressed()), locker, SLOT(resetTimer())));
+}
+
+TEST_F(ChoiceForm, touchModeLayoutWithoutKeyboard_isNoFault)
+{
+    setTouchMode(true);
+    loseWidget(layout, "talloKeyboard");
+    EXPECT_NO_THROW(ElectronicPrescriptionChoiceForm(params(), nullptr));
+}
+
+TEST_F(ChoiceForm, opened_everyPrescriptionIsShownFirstRowCurrentAndFocusInTheFilter)
+{
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    EXPECT_EQ(shownNames(form),
+              (QStringList{"Метформин", "Инсулин гларгин", "Амлодипин", "Инсулин аспарт", "Бисопролол"}));
+    EXPECT_EQ(table(form)->currentIndex().row(), 0);
+    EXPECT_EQ(form.rootWidget()->focusWidget(), filter(form));
+    EXPECT_EQ(filter(form)->text(), "");
+}
+
+TEST_F(ChoiceForm, built_tableHasTheColumnSpecificationAsSplitAtTheCommas)
+{
+    const ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    EXPECT_EQ(table(form)->columns(),
+              (QStringList{"medicineName;МНН;-1;true;128", " code;;-2;true;128", " prescriptionDate;;-2;true;132",
+                           "doseQuantity;;-2;true;128", " dispensedDoseQuantity;;-2;true;128"}));
+}
+
+TEST_F(ChoiceForm, built_tableShowsTheModelThroughTheFilter)
+{
+    const ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    const auto* proxy = qobject_cast<ComplexFilterProxyModel*>(table(form)->model());
+    ASSERT_NE(proxy, nullptr);
+    EXPECT_EQ(proxy->parent(), &form);
+    const auto* model = qobject_cast<ElectronicPrescriptionChoiceModel*>(proxy->sourceModel());
+    ASSERT_NE(model, nullptr);
+    EXPECT_EQ(model->parent(), &form);
+    EXPECT_EQ(model->getElectronicPrescription(3), prescriptions.at(3));
+}
+
+TEST_F(ChoiceForm, textTyped_onlyNamesThatContainItAreShownWhateverTheCase)
+{
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    filter(form)->setText("ИНСУЛ");
+    EXPECT_EQ(shownNames(form), (QStringList{"Инсулин гларгин", "Инсулин аспарт"}));
+    EXPECT_EQ(table(form)->currentIndex().row(), 0);
+    filter(form)->setText("аспарт");
+    EXPECT_EQ(shownNames(form), QStringList("Инсулин аспарт"));
+    filter(form)->setText("");
+    EXPECT_EQ(shownNames(form).size(), 5);
+    EXPECT_EQ(table(form)->currentIndex().row(), 0);
+}
+
+TEST_F(ChoiceForm, codeTyped_otherColumnsAreNotSearched)
+{
+    for (const auto& each : prescriptions)
+        each->setInnCode("2100");
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    filter(form)->setText("2100");
+    EXPECT_TRUE(shownNames(form).isEmpty());
+}
+
+TEST_F(ChoiceForm, rowChosenInAFilteredView_answersTheRowOfTheWholeList)
+{
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    filter(form)->setText("инсулин");
+    table(form)->selectRow(1);
+    form.onOk();
+    EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(3)));
+}
+
+TEST_F(ChoiceForm, emptyList_tableIsEmptyAndOkAnswersMinusOne)
+{
+    ElectronicPrescriptionChoiceForm form(ElectronicPrescriptionChoiceParams(), nullptr);
+    open(form);
+    EXPECT_TRUE(shownNames(form).isEmpty());
+    form.onOk();
+    EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(-1)));
+}
+
+TEST_F(ChoiceForm, nothingPassesTheFilter_okAnswersMinusOneAndForgetsLikeBack)
+{
+    {
+        ElectronicPrescriptionChoiceForm form(params(), nullptr);
+        open(form);
+        filter(form)->setText("нет такого");
+        form.onOk();
+        EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(-1)));
+    }
+    ElectronicPrescriptionChoiceForm again(params(true), nullptr);
+    open(again);
+    EXPECT_EQ(filter(again)->text(), "");
+    EXPECT_EQ(table(again)->currentIndex().row(), 0);
+}
+
+TEST_F(ChoiceForm, okButtonClicked_answersTheCurrentRow)
+{
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    table(form)->selectRow(4);
+    widget<QPushButton>(form, "okButton")->click();
+    EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(4)));
+}
+
+TEST_F(ChoiceForm, cancelButtonClicked_answersMinusOne)
+{
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    widget<QPushButton>(form, "cancelButton")->click();
+    EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(-1)));
+}
+
+TEST_F(ChoiceForm, eventFilterEmitsOkOrCancel_formAnswers)
+{
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    auto* eventFilter = form.findChild<DialogEventFilter*>();
+    ASSERT_NE(eventFilter, nullptr);
+    emit eventFilter->ok();
+    EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(0)));
+    queue.queued.clear();
+    emit eventFilter->cancel();
+    EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(-1)));
+}
+
+TEST_F(ChoiceForm, keysInTheFilterField_moveTheTableAndReturnChooses)
+{
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    QTest::keyClick(filter(form), Qt::Key_Down);
+    QTest::keyClick(filter(form), Qt::Key_Down);
+    QTest::keyClick(filter(form), Qt::Key_Up);
+    EXPECT_EQ(table(form)->currentIndex().row(), 1);
+    QTest::keyClick(filter(form), Qt::Key_Return);
+    EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(1)));
+}
+
+TEST_F(ChoiceForm, escapeInTheFilterField_answersMinusOne)
+{
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    QTest::keyClick(filter(form), Qt::Key_Escape);
+    EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(-1)));
+}
+
+TEST_F(ChoiceForm, windowClosed_answersMinusOneAndStaysUntilItIsTakenAway)
+{
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    form.rootWidget()->close();
+    EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(-1)));
+    EXPECT_TRUE(form.rootWidget()->isVisible());
+}
+
+TEST_F(ChoiceForm, rowBecomesCurrent_detailsBesideTheTableAreItsOwn)
+{
+    prescriptions.at(1)->setTradeName("Лантус");
+    prescriptions.at(1)->setPractitionerName("Осокин Лев Андреевич");
+    prescriptions.at(1)->setPayingElectronicPrescriptionOrganization(
+        QSharedPointer<PayingElectronicPrescriptionOrganization>::create("77", "Фонд здоровья"));
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    table(form)->selectRow(1);
+    EXPECT_EQ(text(form, "tradeNameValueLabel"), "Лантус");
+    EXPECT_EQ(text(form, "patientNameValueLabel"), "Рябинина Ольга Петровна");
+    EXPECT_EQ(text(form, "patientBirthdayValueLabel"), "1961-05-04");
+    EXPECT_EQ(text(form, "practitionerNameValueLabel"), "Осокин Лев Андреевич");
+    EXPECT_EQ(text(form, "organizationValueLabel"), "Фонд здоровья");
+}
+
+TEST_F(ChoiceForm, filterLeavesAnotherRowCurrent_detailsAreThatRows)
+{
+    prescriptions.at(0)->setTradeName("Сиофор");
+    prescriptions.at(3)->setTradeName("НовоРапид");
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    EXPECT_EQ(text(form, "tradeNameValueLabel"), "Сиофор");
+    filter(form)->setText("аспарт");
+    EXPECT_EQ(text(form, "tradeNameValueLabel"), "НовоРапид");
+}
+
+TEST_F(ChoiceForm, rowWithoutOrganization_organizationLabelKeepsItsText)
+{
+    prescriptions.at(0)->setPayingElectronicPrescriptionOrganization(
+        QSharedPointer<PayingElectronicPrescriptionOrganization>::create("77", "Фонд здоровья"));
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    table(form)->selectRow(1);
+    EXPECT_EQ(text(form, "organizationValueLabel"), "Фонд здоровья");
+}
+
+TEST_F(ChoiceForm, invalidIndexOrNullPrescription_labelsStayAsTheyWere)
+{
+    prescriptions.at(0)->setTradeName("Сиофор");
+    prescriptions[1].reset();
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    form.onCurrentChanged(QModelIndex(), QModelIndex());
+    EXPECT_EQ(text(form, "tradeNameValueLabel"), "Сиофор");
+    table(form)->selectRow(1);
+    EXPECT_EQ(text(form, "tradeNameValueLabel"), "Сиофор");
+    form.onCurrentChanged(ElectronicPrescriptionChoiceModel({}, {}, nullptr).index(40, 0), QModelIndex());
+    EXPECT_EQ(text(form, "tradeNameValueLabel"), "Сиофор");
+}
+
+TEST_F(ChoiceForm, recordWithoutPatient_patientLabelsStayAsTheyWere)
+{
+    ElectronicPrescriptionChoiceForm form({prescriptions, "active", {}, false}, nullptr);
+    open(form);
+    EXPECT_EQ(text(form, "patientNameValueLabel"), "");
+    EXPECT_EQ(text(form, "patientBirthdayValueLabel"), "");
+}
+
+TEST_F(ChoiceForm, reopenedAfterARowWasChosen_thatRowIsCurrent)
+{
+    chooseAndDrop("", 3);
+    ElectronicPrescriptionChoiceForm form(params(true), nullptr);
+    open(form);
+    EXPECT_EQ(table(form)->currentIndex().row(), 3);
+    EXPECT_EQ(filter(form)->text(), "");
+}
+
+TEST_F(ChoiceForm, reopenedAfterRowAndFilter_filterIsAppliedAndItsFirstRowCurrent)
+{
+    chooseAndDrop("инсулин", 1);
+    ElectronicPrescriptionChoiceForm form(params(true), nullptr);
+    open(form);
+    EXPECT_EQ(filter(form)->text(), "инсулин");
+    EXPECT_EQ(shownNames(form), (QStringList{"Инсулин гларгин", "Инсулин аспарт"}));
+    EXPECT_EQ(table(form)->currentIndex().row(), 0);
+}
+
+TEST_F(ChoiceForm, reopenedWithoutUseLast_filterAndRowAreForgotten)
+{
+    chooseAndDrop("инсулин", 1);
+    {
+        ElectronicPrescriptionChoiceForm form(params(false), nullptr);
+        open(form);
+        EXPECT_EQ(filter(form)->text(), "");
+        EXPECT_EQ(table(form)->currentIndex().row(), 0);
+    }
+    ElectronicPrescriptionChoiceForm form(params(true), nullptr);
+    open(form);
+    EXPECT_EQ(filter(form)->text(), "") << "forgotten for good, not only for that opening";
+}
+
+TEST_F(ChoiceForm, reopenedAfterBack_filterIsEmptyAndRowZeroCurrent)
+{
+    {
+        ElectronicPrescriptionChoiceForm form(params(), nullptr);
+        open(form);
+        filter(form)->setText("инсулин");
+        table(form)->selectRow(1);
+        form.onCancel();
+    }
+    ElectronicPrescriptionChoiceForm form(params(true), nullptr);
+    open(form);
+    EXPECT_EQ(filter(form)->text(), "");
+    EXPECT_EQ(table(form)->currentIndex().row(), 0);
+    EXPECT_EQ(shownNames(form).size(), 5);
+}
+
+TEST_F(ChoiceForm, reopenedWithFewerPrescriptionsThanTheRow_nothingIsCurrentAndNothingBreaks)
+{
+    chooseAndDrop("", 4);
+    prescriptions.resize(2);
+    ElectronicPrescriptionChoiceForm form(params(true), nullptr);
+    open(form);
+    EXPECT_FALSE(table(form)->currentIndex().isValid());
+    form.onOk();
+    EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(-1)));
+}

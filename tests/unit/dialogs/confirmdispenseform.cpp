@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+#include "electronicprescriptionconfirmdispenseform.h"
+
+#include "dialogeventfilter.h"
+#include "dialogforms.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+namespace
+{
+
+const QString layout = "electronicprescriptionconfirmdispense.ui";
+using NamedText = std::pair<const char*, const char*>;
+using NamedAnswer = std::pair<const char*, int>;
+const auto widgetOfParameter = [](const auto& info) { return std::string(info.param.first); };
+
+class ConfirmDispenseForm : public DialogForms
+{
+protected:
+    static ElectronicPrescriptionConfirmDispenseParams params(const QString& inn)
+    {
+        return ElectronicPrescriptionConfirmDispenseParams(prescription(inn));
+    }
+};
+
+class ConfirmDispenseFormTexts : public ConfirmDispenseForm, public ::testing::WithParamInterface<NamedText>
+{
+};
+
+class ConfirmDispenseFormButtons : public ConfirmDispenseForm, public ::testing::WithParamInterface<NamedAnswer>
+{
+};
+
+class ConfirmDispenseFormRequiredWidgets : public ConfirmDispenseForm, public ::testing::WithParamInterface<NamedText>
+{
+};
+
+} // namespace
+
+TEST_P(ConfirmDispenseFormTexts, built_widgetHasItsText)
+{
+    const auto& [name, expected] = GetParam();
+    const ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
+    EXPECT_EQ(text(form, name), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , ConfirmDispenseFormTexts,
+    ::testing::Values(NamedText{"cancelButton", "Отмена"}, NamedText{"completeDispenseButton", "Полностью"},
+                      NamedText{"partDispenseButton", "Частично"},
+                      NamedText{"titleLabel", "Подтверждение отпуска по рецепту"},
+                      NamedText{"confirmDispenseLabel", "Лекарственный препарат по рецепту на\n'Метформин'\nотпущен"}),
+    widgetOfParameter);
+
+TEST_P(ConfirmDispenseFormButtons, clicked_answersItsStatus)
+{
+    const auto& [name, status] = GetParam();
+    ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
+    open(form);
+    widget<QPushButton>(form, name)->click();
+    EXPECT_EQ(answer(), std::pair(QString("status"), QVariant(status)));
+}
+
+INSTANTIATE_TEST_SUITE_P(, ConfirmDispenseFormButtons,
+                         ::testing::Values(NamedAnswer{"completeDispenseButton", 1},
+                                           NamedAnswer{"partDispenseButton", 2}, NamedAnswer{"cancelButton", -1}),
+                         widgetOfParameter);
+
+TEST_P(ConfirmDispenseFormRequiredWidgets, missing_constructorThrowsAndNamesIt)
+{
+    loseWidget(layout, GetParam().first);
+    try {
+        ElectronicPrescriptionConfirmDispenseForm(params("Метформин"), nullptr);
+        FAIL() << "built without it";
+    } catch (const BasicException& error) {
+        EXPECT_EQ(error.tr().key(), "formUiWidgetNotFoundError");
+        EXPECT_EQ(error.tr().ui(), QString("Не найден виджет ") + GetParam().first);
+    }
+}
+
+TEST_P(ConfirmDispenseFormRequiredWidgets, ofAnotherClass_constructorThrowsAndNamesBothClasses)
+{
+    const auto& [name, className] = GetParam();
+    retypeWidget(layout, name, "QSlider");
+    try {
+        ElectronicPrescriptionConfirmDispenseForm(params("Метформин"), nullptr);
+        FAIL() << "built with a slider";
+    } catch (const BasicException& error) {
+        EXPECT_EQ(error.tr().key(), "formUiWidgetCastError");
+        EXPECT_EQ(
+            error.tr().ui(),
+            QString("Ошибка загрузки виджета '%1'. Не удалось 'QSlider' привести к типу '%2'").arg(name, className));
+    }
+}
+
+TEST_P(ConfirmDispenseFormRequiredWidgets, missingAndFaultsCollected_formAnswersAllTheSame)
+{
+    loseWidget(layout, GetParam().first);
+    collectLayoutFaults();
+    ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
+    EXPECT_EQ(layoutFaults, QStringList(QString("Не найден виджет ") + GetParam().first));
+    open(form);
+    form.onPartDispense();
+    EXPECT_EQ(answer(), std::pair(QString("status"), QVariant(2)));
+}
+
+INSTANTIATE_TEST_SUITE_P(, ConfirmDispenseFormRequiredWidgets,
+                         ::testing::Values(NamedText{"cancelButton", "QPushButton"},
+                                           NamedText{"completeDispenseButton", "QPushButton"},
+                                           NamedText{"partDispenseButton", "QPushButton"},
+                                           NamedText{"titleLabel", "QLabel"},
+                                           NamedText{"confirmDispenseLabel", "QLabel"}),
+                         widgetOfParameter);
+
+TEST_F(ConfirmDispenseForm, built_standsInTheDialogsContextAndIsADialogForm)
+{
+    const ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
+    EXPECT_EQ(form.contextCode(), 15);
+    EXPECT_NE(qobject_cast<const BasicDialogForm*>(&form), nullptr);
+}
+
+TEST_F(ConfirmDispenseForm, opened_focusStandsOnCompleteDispenseAndReturnTakesIt)
+{
+    ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
+    open(form);
+    auto* complete = widget<QPushButton>(form, "completeDispenseButton");
+    EXPECT_EQ(form.rootWidget()->focusWidget(), complete);
+    QTest::keyClick(complete, Qt::Key_Return);
+    EXPECT_EQ(answer(), std::pair(QString("status"), QVariant(1)));
+}
+
+TEST_F(ConfirmDispenseForm, eventFiltersCancel_answersMinusOneAsTheButtonDoes)
+{
+    ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
+    emit form.findChild<DialogEventFilter*>()->cancel();
+    EXPECT_EQ(answer(), std::pair(QString("status"), QVariant(-1)));
+}
+
+TEST_F(ConfirmDispenseForm, escape_answersMinusOne)
+{
+    ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
+    open(form);
+    QTest::keyClick(widget<QPushButton>(form, "completeDispenseButton"), Qt::Key_Escape);
+    EXPECT_EQ(answer(), std::pair(QString("status"), QVariant(-1)));
+}
+
+TEST_F(ConfirmDispenseForm, windowClosed_answersMinusOne)
+{
+    ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
+    open(form);
+    form.rootWidget()->close();
+    EXPECT_EQ(answer(), std::pair(QString("status"), QVariant(-1)));
+}
+
+TEST_F(ConfirmDispenseForm, eventFiltersOk_isNotConnected)
+{
+    const ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
+    emit form.findChild<DialogEventFilter*>()->ok();
+    EXPECT_TRUE(queue.queued.isEmpty());
+}
+
+TEST_F(ConfirmDispenseForm, writtenByTradeName_messageNamesTheInnAllTheSame)
+{
+    const auto byTradeName = prescription("Метформин");
+    byTradeName->setTradeName("Сиофор");
+    const ElectronicPrescriptionConfirmDispenseForm form(ElectronicPrescriptionConfirmDispenseParams(byTradeName),
+                                                         nullptr);
+    EXPECT_EQ(text(form, "confirmDispenseLabel"), "Лекарственный препарат по рецепту на\n'Метформин'\nотпущен");
+}
+
+TEST_F(ConfirmDispenseForm, emptyInn_messageKeepsItsThreeLines)
+{
+    const ElectronicPrescriptionConfirmDispenseForm form(params(""), nullptr);
+    EXPECT_EQ(text(form, "confirmDispenseLabel").split('\n'),
+              (QStringList{"Лекарственный препарат по рецепту на", "''", "отпущен"}));
+}
+
+TEST_F(ConfirmDispenseForm, markupOrPlaceholderInTheInn_isShownAsItIs)
+{
+    const ElectronicPrescriptionConfirmDispenseForm form(params("<b>x</b> %1"), nullptr);
+    EXPECT_EQ(text(form, "confirmDispenseLabel").split('\n').at(1), "'<b>x</b> %1'");
+    for (const auto* label : form.rootWidget()->findChildren<QLabel*>())
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->objectName().toStdString();
+}
+
+TEST_F(ConfirmDispenseForm, nullPrescription_messageKeepsTheLayoutsText)
+{
+    const ElectronicPrescriptionConfirmDispenseForm form({}, nullptr);
+    EXPECT_EQ(text(form, "confirmDispenseLabel"), "");
+    EXPECT_EQ(text(form, "titleLabel"), "Подтверждение отпуска по рецепту");
+}

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "dialogforms.h"
+
+#include <QAbstractButton>
+#include <QFile>
+#include <QLabel>
+#include <QRegularExpression>
+
+DialogForms::DialogForms()
+{
+    Singleton<Config>::instance = &config;
+    Singleton<ActionQueueController>::instance = &queue;
+    Singleton<control::ActionFactory>::instance = &actionFactory;
+    config.setForThisRun("GUI:layouts", m_changedLayouts.path() + ':' + PLUGIN_LAYOUTS);
+    setTouchMode(false);
+}
+
+DialogForms::~DialogForms()
+{
+    BasicForm::setUIErrorHandler({});
+    Singleton<Config>::instance = nullptr;
+    Singleton<ActionQueueController>::instance = nullptr;
+    Singleton<control::ActionFactory>::instance = nullptr;
+}
+
+void DialogForms::setTouchMode(bool isTouch)
+{
+    config.setForThisRun("GUI:touchMode", isTouch ? "true" : "false");
+}
+
+void DialogForms::open(BasicForm& form)
+{
+    form.rootWidget()->show();
+    form.show();
+}
+
+QString DialogForms::text(const BasicForm& form, const QString& name)
+{
+    auto* found = widget<QWidget>(form, name);
+    if (auto* label = qobject_cast<QLabel*>(found))
+        return label->text();
+    if (auto* button = qobject_cast<QAbstractButton*>(found))
+        return button->text();
+    ADD_FAILURE() << name.toStdString() << " has no text";
+    return {};
+}
+
+std::pair<QString, QVariant> DialogForms::answer() const
+{
+    EXPECT_EQ(queue.queued.size(), 1);
+    if (queue.queued.isEmpty())
+        return {};
+    const auto& [action, immediately] = queue.queued.first();
+    EXPECT_EQ(action.getType(), 187);
+    EXPECT_TRUE(immediately);
+    EXPECT_EQ(action.getArguments().size(), 1);
+    return action.getArguments().value(0);
+}
+
+void DialogForms::loseWidget(const QString& layout, const QString& widget)
+{
+    changeLayout(layout, "name=\"" + widget + '"', "name=\"renamed\"");
+}
+
+void DialogForms::retypeWidget(const QString& layout, const QString& widget, const QString& className)
+{
+    changeLayout(layout, "class=\"\\w+\" name=\"" + widget + '"', "class=\"" + className + "\" name=\"" + widget + '"');
+}
+
+void DialogForms::collectLayoutFaults()
+{
+    BasicForm::setUIErrorHandler([this](const tr::Tr& fault) { layoutFaults.append(fault.ui()); });
+}
+
+QSharedPointer<Patient> DialogForms::patient()
+{
+    return QSharedPointer<Patient>::create("Рябинина Ольга Петровна", QDate(1961, 5, 4));
+}
+
+QSharedPointer<ElectronicPrescription> DialogForms::prescription(const QString& inn)
+{
+    const auto made = QSharedPointer<ElectronicPrescription>::create();
+    made->setInn(inn);
+    return made;
+}
+
+void DialogForms::changeLayout(const QString& layout, const QString& pattern, const QString& replacement)
+{
+    QFile original(QString(PLUGIN_LAYOUTS) + '/' + layout);
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    auto text = QString::fromUtf8(original.readAll());
+    const QRegularExpression expression(pattern);
+    ASSERT_TRUE(text.contains(expression)) << pattern.toStdString();
+    text.replace(expression, replacement);
+    QFile changed(m_changedLayouts.filePath(layout));
+    ASSERT_TRUE(changed.open(QIODevice::WriteOnly));
+    changed.write(text.toUtf8());
+}
