@@ -23,4 +23,9 @@ public:
     virtual void setCustomProperty(const QString& name, const QVariant& value);
     /// Sets the text of "titleLabel" and the window title.
     virtual void setTitle(const QString& title);
+
+protected:
+    /// Makes the scroll area "messageScrollArea" as large as the text of "messageLabel" in it asks, up to a height; a
+    /// longer text scrolls. To be called before show() of this class.
+    void fitMessage(int tallest);
 };

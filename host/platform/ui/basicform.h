@@ -26,7 +26,8 @@ public:
 
     /// Makes the form ready for input; called by the GUI once the root widget stands in the window. Puts the focus
     /// where the next key is expected: on the widget that the layout's dynamic property "initialFocus" names, else on
-    /// the default button, else on the first widget that takes focus.
+    /// the default button, else on the first widget that takes focus. In touch mode it also wires the scroll buttons
+    /// to the form's table and lets scroll areas follow the finger.
     virtual void show();
 
     /// The root of the widget tree; null before loadUI().
@@ -37,12 +38,16 @@ public:
     /// "GUI:touchMode" of the configuration.
     static bool isTouchMode();
 
-    /// The path of a layout: the first file of that name in the folders of "GUI:layouts" (separated by ':', the
+    /// The path of a layout: the first entry of that name in the folders of "GUI:layouts" (separated by ':', the
     /// integrator's own first), else the platform's own; empty when there is none.
     static QString layoutPath(const QString& name);
 
     /// For the host or a test: what findUIError() does instead of throwing; empty: it throws.
     static void setUIErrorHandler(std::function<void(const tr::Tr&)> handler);
+
+signals:
+    /// The form was closed without an answer of its own: its window was closed, or Esc pressed, and nobody took it.
+    void dismissed();
 
 protected:
     void setContextCode(EContext::Code code) { m_contextCode = code; }
@@ -74,10 +79,12 @@ protected:
     void findUIError(const tr::Tr& error) const;
 
 private:
+    void prepareTouch();
     QWidget* lookUp(const QString& name, bool required);
     void reportCast(const QString& name, const QWidget* found, const char* wanted) const;
 
     QPointer<QWidget> m_root;
     QHash<QString, QPointer<QWidget>> m_found;
     EContext::Code m_contextCode = EContext::DialogOnTop;
+    bool m_touchPrepared = false;
 };

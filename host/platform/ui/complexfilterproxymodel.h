@@ -6,8 +6,9 @@
 #include <QMap>
 #include <QSortFilterProxyModel>
 #include <QString>
+#include <QStringMatcher>
 
-/// Shows the rows that pass the filters of all columns.
+/// Shows the rows that pass the filters of all columns. Filters look at the display texts; "е" and "ё" are two letters.
 class REGISTERPLATFORM_EXPORT ComplexFilterProxyModel : public QSortFilterProxyModel
 {
     Q_OBJECT
@@ -29,8 +30,10 @@ protected:
 
 private:
     struct Filter {
-        QString text;
+        QStringMatcher matcher;
         FilterMode mode;
+
+        bool accepts(const QString& text) const;
     };
     QMap<int, Filter> m_filters;
 };

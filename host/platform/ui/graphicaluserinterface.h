@@ -13,6 +13,9 @@
 #include <QSharedPointer>
 
 /// Where forms appear: the register's window. Without one every form is a window of its own.
+///
+/// A BasicDialogForm's root becomes a child of the window outside any layout: its show() places it in the middle, above
+/// a shade. Any other form's root fills the window.
 class REGISTERPLATFORM_EXPORT FormStage
 {
 public:
@@ -41,16 +44,19 @@ public:
     /// last); null when nobody does.
     virtual QSharedPointer<BasicForm> createForm(const Event& event) const;
 
-    /// Shows a form and waits in an event loop for its answer, which is returned.
+    /// Shows a form and waits in an event loop for its answer, which is returned. Input blockers are paused meanwhile;
+    /// afterwards the focus goes back to where it was. A form that ends without an answer of its own (dismissed, or
+    /// the application ends) answers -1 under "data" and "status", and is canceled().
     virtual core::BasicDialog::Result run(const QSharedPointer<BasicForm>& form);
 
     /// Gives the form on top its answer: ends its run(). Without a form, or when it has its answer, nothing happens.
     virtual void answer(const control::Action& action);
 
-    /// The form on top that has no answer yet; null when there is none.
+    /// The topmost form that has no answer yet; null when there is none.
     QSharedPointer<BasicForm> topForm() const;
 
-    /// Cancels the forms on the screen, the top one first, as Esc does: for the inactivity lock and for shutdown.
+    /// Cancels the forms on the screen, the top one first, as closing them does: for the inactivity lock and for
+    /// shutdown. A form that does not answer then is dismissed. Each run() returns once control is back in it.
     void cancelForms();
 
     /// For the host: where forms appear. Null: every form is a window of its own. Not owned.
@@ -59,8 +65,11 @@ public:
 private:
     struct Shown;
 
+    void cancel(Shown& shown);
+
     QList<QSharedPointer<BasicFormCreator>> m_creators;
     QList<Shown*> m_shown;
+    Shown* m_cancelling = nullptr; ///< takes the next answer, wherever it stands
     FormStage* m_stage = nullptr;
 };
 

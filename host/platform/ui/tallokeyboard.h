@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QWidget>
 
+#include <memory>
+
 /// The register's touch keyboard. Its keys go to the widget that has the focus; the keyboard itself takes none.
 class REGISTERPLATFORM_EXPORT TalloKeyboard : public QWidget
 {
@@ -32,5 +34,5 @@ signals:
 
 private:
     class Private;
-    Private* d;
+    std::unique_ptr<Private> d;
 };

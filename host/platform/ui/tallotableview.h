@@ -6,7 +6,12 @@
 #include <QStringList>
 #include <QTableView>
 
+class ColumnDelegate;
+class ColumnHeader;
+
 /// The register's table: whole rows are current, one at a time, and columns are described by texts.
+///
+/// Cells are one line; what does not fit is elided, the whole text is in the tool tip.
 class REGISTERPLATFORM_EXPORT TalloTableView : public QTableView
 {
     Q_OBJECT
@@ -18,6 +23,7 @@ public:
     /// - name: for configuration; blanks around it do not count
     /// - caption: empty: the model's own header text
     /// - width: pixels, or -1: the room that is left (shared when several columns ask for it), or -2: fits the contents
+    ///   (the rows on the screen, up to a reasonable width)
     /// - shown: "true" or "false"
     /// - alignment: Qt::Alignment as a number, for the cells
     ///
@@ -26,13 +32,10 @@ public:
     /// The items as they were given.
     QStringList columns() const { return m_columns; }
 
-    void setModel(QAbstractItemModel* model) override;
-
-protected:
-    void resizeEvent(QResizeEvent* event) override;
-
 private:
     void applyColumns();
 
+    ColumnHeader* m_header;
+    ColumnDelegate* m_delegate;
     QStringList m_columns;
 };

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "basicdialog.h"
+
+#include "basicexception.h"
+#include "graphicaluserinterface.h"
+
+#include <QWidget>
+
+namespace core
+{
+
+BasicDialog::BasicDialog(QObject* parent)
+    : QObject(parent)
+{
+}
+
+BasicDialog::~BasicDialog() = default;
+
+BasicDialog::Result BasicDialog::show(bool overPayment, bool silent, QFlags<EInput::Source> sources, Event event)
+{
+    GraphicalUserInterface& gui = *Singleton<GraphicalUserInterface>::get();
+    const QSharedPointer<BasicForm> form = gui.createForm(event);
+    if (!form)
+        throw BasicException(tr::Tr(QStringLiteral("formUnknownError"),
+                                    QStringLiteral("Нет формы для события %1\nПроверьте список модулей кассы"))
+                                 .arg(QString::number(event.getCode())));
+    if (QWidget* root = form->rootWidget()) {
+        root->setProperty("overPayment", overPayment);
+        root->setProperty("silent", silent);
+        root->setProperty("inputSources", sources.toInt());
+    }
+    return gui.run(form);
+}
+
+} // namespace core

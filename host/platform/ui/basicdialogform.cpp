@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "basicdialogform.h"
+
+#include "dialogshade_p.h"
+
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
+
+namespace
+{
+
+/// The screen that every form has to fit.
+constexpr QSize smallestScreen(1024, 600);
+
+} // namespace
+
+BasicDialogForm::BasicDialogForm(QObject* parent)
+    : BasicForm(parent)
+{
+}
+
+void BasicDialogForm::show()
+{
+    if (QWidget* root = rootWidget()) {
+        setCustomProperty(QStringLiteral("dialogForm"), true);
+        if (root->isWindow())
+            root->setMaximumSize(smallestScreen);
+        else if (isModalDialog())
+            new DialogShade(*root);
+    }
+    BasicForm::show();
+}
+
+void BasicDialogForm::close()
+{
+    if (QWidget* root = rootWidget())
+        root->close();
+}
+
+bool BasicDialogForm::isModalDialog() const
+{
+    return true;
+}
+
+void BasicDialogForm::setCustomProperty(const QString& name, const QVariant& value)
+{
+    QWidget* root = rootWidget();
+    if (!root)
+        return;
+    root->setProperty(name.toUtf8().constData(), value);
+    root->style()->unpolish(root);
+    root->style()->polish(root);
+}
+
+void BasicDialogForm::setTitle(const QString& title)
+{
+    if (auto* label = findWidget<QLabel>(QStringLiteral("titleLabel"), false))
+        label->setText(title);
+    if (QWidget* root = rootWidget())
+        root->setWindowTitle(title);
+}
+
+void BasicDialogForm::fitMessage(int tallest)
+{
+    auto* area = findWidget<QScrollArea>(QStringLiteral("messageScrollArea"), false);
+    auto* label = findWidget<QLabel>(QStringLiteral("messageLabel"), false);
+    if (!area || !label)
+        return;
+    label->ensurePolished();
+    const QSize text = label->sizeHint();
+    const int scrollBar = text.height() > tallest ? area->verticalScrollBar()->sizeHint().width() : 0;
+    area->setMinimumWidth(text.width() + scrollBar);
+    area->setFixedHeight(qMin(text.height(), tallest));
+}

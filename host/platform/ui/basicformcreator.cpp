@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "basicformcreator.h"
+
+BasicFormCreator::~BasicFormCreator() = default;

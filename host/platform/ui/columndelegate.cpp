@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "columndelegate_p.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QToolTip>
+
+namespace
+{
+
+/// A column that fits its contents becomes no wider: the rest of a longer text is in its tool tip.
+constexpr int widestFit = 280;
+constexpr int longestToolTip = 1000;
+
+} // namespace
+
+QSize ColumnDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    return QStyledItemDelegate::sizeHint(option, index).boundedTo(QSize(widestFit, QWIDGETSIZE_MAX));
+}
+
+bool ColumnDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                               const QModelIndex& index)
+{
+    if (event->type() != QEvent::ToolTip || index.data(Qt::ToolTipRole).isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+
+    const bool isCut = QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
+    const QString text = isCut ? index.data().toString().left(longestToolTip) : QString();
+    // As rich text a long line is wrapped.
+    QToolTip::showText(event->globalPos(), text.isEmpty() ? QString() : "<qt>" + text.toHtmlEscaped() + "</qt>", view);
+    return true;
+}
+
+void ColumnDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->text.replace(u'\n', u' ').replace(QChar::LineSeparator, u' ');
+    option->textElideMode = Qt::ElideRight;
+    if (const auto alignment = m_alignments.constFind(index.column()); alignment != m_alignments.cend())
+        option->displayAlignment = *alignment;
+}

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "dialog.h"
+
+#include <QVariantMap>
+
+template struct MockFactory<Dialog>;
+
+Dialog::~Dialog() = default;
+
+void Dialog::showMessage(const tr::Tr& text, int kind, int sound, int seconds)
+{
+    Event event(EActivityListener::ShowMessage);
+    event.addArgument(QStringLiteral("message"), QVariant::fromValue(text))
+        .addArgument(QStringLiteral("kind"), kind)
+        .addArgument(QStringLiteral("seconds"), seconds);
+    core::BasicDialog().show(false, sound == 0, EInput::Keyboard, event);
+}
+
+core::BasicDialog::Result Dialog::showTextInput(const TextInputParams& params)
+{
+    Event event(EActivityListener::ShowTextInput);
+    event.addArgument(QStringLiteral("params"), QVariant::fromValue(params));
+    const core::BasicDialog::Result result =
+        core::BasicDialog().show(false, false, {EInput::Keyboard, EInput::Scanner}, event);
+    if (result.canceled())
+        return {{}, true};
+    return {result.getData().toMap().value(QStringLiteral("data")).toString()};
+}

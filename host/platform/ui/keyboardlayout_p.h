@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+/// One layout of the touch keyboard.
+struct KeyboardLayout {
+    QString name;    ///< as configurations name it: "ru"
+    QString caption; ///< on the key that switches to it
+    /// Rows of keys, separated by blanks. A key of one character writes it; the others are commands.
+    QStringList rows;
+
+    /// Commands among the keys.
+    static inline const QString backspace = QStringLiteral("backspace");
+    static inline const QString enter = QStringLiteral("enter");
+    static inline const QString shift = QStringLiteral("shift");
+    static inline const QString space = QStringLiteral("space");
+    static inline const QString next = QStringLiteral("layout");
+
+    /// Null when there is no layout of that name.
+    static const KeyboardLayout* find(const QString& name);
+};

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "messageform_p.h"
+
+#include "dialog.h"
+#include "dialogeventfilter.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+#include <QTimer>
+
+#include <chrono>
+
+namespace
+{
+
+/// Room for the text, in pixels: the form fits a window of 600.
+constexpr int tallestMessage = 360;
+
+/// The picture, the heading and the role of the style sheet for each kind of message.
+struct Kind {
+    QStyle::StandardPixmap picture;
+    tr::Tr title;
+    const char* style;
+};
+
+Kind kindOf(int kind)
+{
+    if (kind == Dialog::Error)
+        return {QStyle::SP_MessageBoxCritical, {"messageFormErrorTitle", "Ошибка"}, "error"};
+    return {QStyle::SP_MessageBoxInformation, {"messageFormNoticeTitle", "Сообщение"}, "notice"};
+}
+
+} // namespace
+
+MessageForm::MessageForm(const Event& event, QObject* parent)
+    : BasicDialogForm(parent)
+    , m_seconds(event.value(QStringLiteral("seconds"), 0).toInt())
+{
+    loadUI(QStringLiteral("message.ui"));
+    const Kind kind = kindOf(event.value(QStringLiteral("kind"), Dialog::Notice).toInt());
+    setTitle(kind.title.ui());
+    setCustomProperty(QStringLiteral("messageKind"), QLatin1String(kind.style));
+    if (auto* icon = findWidget<QLabel>(QStringLiteral("iconLabel"), false))
+        icon->setPixmap(qApp->style()->standardIcon(kind.picture).pixmap(48));
+    if (auto* label = findWidget<QLabel>(QStringLiteral("messageLabel")))
+        label->setText(event.value(QStringLiteral("message")).value<tr::Tr>().ui());
+
+    auto* filter = new DialogEventFilter(this);
+    connect(filter, &DialogEventFilter::ok, this, &BasicForm::dismissed);
+    connect(filter, &DialogEventFilter::cancel, this, &BasicForm::dismissed);
+    rootWidget()->installEventFilter(filter);
+    if (auto* button = findWidget<QPushButton>(QStringLiteral("okButton"))) {
+        button->setText(tr::Tr(QStringLiteral("messageFormOkButton"), QStringLiteral("ОК")).ui());
+        connect(button, &QPushButton::clicked, this, &BasicForm::dismissed);
+    }
+}
+
+void MessageForm::show()
+{
+    fitMessage(tallestMessage);
+    BasicDialogForm::show();
+    if (!rootWidget()->property("silent").toBool())
+        QApplication::beep();
+    if (m_seconds > 0)
+        QTimer::singleShot(std::chrono::seconds(m_seconds), this, &BasicForm::dismissed);
+}

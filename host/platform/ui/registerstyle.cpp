@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "registerstyle.h"
+
+#include "basicform.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPalette>
+#include <QStyleFactory>
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+constexpr int textSize = 12; // points
+
+/// The relative luminance of WCAG 2.1 (https://www.w3.org/TR/WCAG21/#dfn-relative-luminance).
+double luminance(const QColor& colour)
+{
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+QString readSheet(const QString& name)
+{
+    QFile file(":/style/" + name);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QPalette paletteOf(const RegisterColours& colours)
+{
+    QPalette palette(colours.raised, colours.ground);
+    palette.setColor(QPalette::WindowText, colours.text);
+    palette.setColor(QPalette::Text, colours.text);
+    palette.setColor(QPalette::ButtonText, colours.text);
+    palette.setColor(QPalette::PlaceholderText, colours.mutedText);
+    palette.setColor(QPalette::Base, colours.panel);
+    palette.setColor(QPalette::AlternateBase, colours.alternate);
+    palette.setColor(QPalette::Highlight, colours.selection);
+    palette.setColor(QPalette::HighlightedText, colours.text);
+    palette.setColor(QPalette::Link, colours.accent);
+    palette.setColor(QPalette::Mid, colours.line);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, colours.mutedText);
+    return palette;
+}
+
+} // namespace
+
+QList<RegisterColours::Pair> RegisterColours::textPairs() const
+{
+    return {
+        {text, ground},     {text, panel},      {text, raised},       {text, pressed}, {text, selection},
+        {text, alternate},  {mutedText, panel}, {mutedText, ground},  {error, panel},  {error, ground},
+        {onAccent, accent}, {accent, panel},    {onWaiting, waiting},
+    };
+}
+
+double RegisterColours::contrast(const QColor& one, const QColor& other)
+{
+    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+QString registerStyleSheet(bool touch)
+{
+    const RegisterColours colours;
+    const std::pair<const char*, QColor> names[] = {
+        {"@mutedText", colours.mutedText}, {"@onAccent", colours.onAccent},   {"@onWaiting", colours.onWaiting},
+        {"@selection", colours.selection}, {"@alternate", colours.alternate}, {"@pressed", colours.pressed},
+        {"@waiting", colours.waiting},     {"@ground", colours.ground},       {"@raised", colours.raised},
+        {"@accent", colours.accent},       {"@panel", colours.panel},         {"@error", colours.error},
+        {"@text", colours.text},           {"@line", colours.line},
+    };
+    QString sheet = readSheet(QStringLiteral("style.qss"));
+    if (touch)
+        sheet += readSheet(QStringLiteral("touch.qss"));
+    for (const auto& [name, colour] : names)
+        sheet.replace(QLatin1String(name), colour.name());
+    return sheet;
+}
+
+void applyRegisterStyle(QApplication& application)
+{
+    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setPalette(paletteOf(RegisterColours()));
+    QFont font = application.font();
+    font.setPointSize(textSize);
+    application.setFont(font);
+    application.setStyleSheet(registerStyleSheet(BasicForm::isTouchMode()));
+}

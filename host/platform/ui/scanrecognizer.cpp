@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "scanrecognizer_p.h"
+
+namespace
+{
+
+/// The longest time between two characters of a scan, in milliseconds.
+constexpr quint64 longestGap = 50;
+/// Fewer characters than this may come from quick fingers.
+constexpr qsizetype shortestScan = 4;
+
+} // namespace
+
+ScanRecognizer::ScanRecognizer(const QString& prefix, const QString& suffix)
+    : m_prefix(prefix)
+    , m_suffix(suffix)
+{
+}
+
+void ScanRecognizer::character(QChar character, quint64 time, const QString& field)
+{
+    if (!followsFast(time))
+        m_burst = m_input.size();
+    m_input.append(character);
+    m_fields.append(field);
+    m_last = time;
+}
+
+std::optional<ScanRecognizer::Scan> ScanRecognizer::finish(quint64 time)
+{
+    std::optional<Scan> scan;
+    if (const std::optional<qsizetype> start = scanStart(time))
+        scan = Scan{stripped(m_input.mid(*start)), m_fields[*start]};
+    reset();
+    return scan;
+}
+
+void ScanRecognizer::reset()
+{
+    m_input.clear();
+    m_fields.clear();
+    m_burst = 0;
+    m_last = 0;
+}
+
+bool ScanRecognizer::followsFast(quint64 time) const
+{
+    return time > 0 && m_last > 0 && time >= m_last && time - m_last <= longestGap;
+}
+
+std::optional<qsizetype> ScanRecognizer::scanStart(quint64 time) const
+{
+    if (!m_prefix.isEmpty())
+        if (const qsizetype prefix = m_input.lastIndexOf(m_prefix); prefix >= 0)
+            return prefix;
+    if (followsFast(time) && m_input.size() - m_burst >= shortestScan)
+        return m_burst;
+    return std::nullopt;
+}
+
+QString ScanRecognizer::stripped(QString text) const
+{
+    text.removeIf([](QChar character) { return !character.isPrint(); });
+    if (!m_prefix.isEmpty() && text.startsWith(m_prefix))
+        text.remove(0, m_prefix.size());
+    if (!m_suffix.isEmpty() && text.endsWith(m_suffix))
+        text.chop(m_suffix.size());
+    return text;
+}

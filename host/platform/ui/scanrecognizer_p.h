@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// Tells a scan from typing, by the keys that come in.
+///
+/// A scanner types like a keyboard, but faster than any hand: characters that follow one another within 50 ms and end
+/// in Return are a scan. A scanner that is set up to send a prefix is known by that prefix, at any speed.
+class ScanRecognizer
+{
+public:
+    /// What a scanner sends before and after the code, besides control characters; may be empty.
+    ScanRecognizer(const QString& prefix, const QString& suffix);
+
+    /// A scan that has ended.
+    struct Scan {
+        QString text;        ///< without prefix, suffix and control characters
+        QString fieldBefore; ///< what stood in the field when the scan began
+    };
+
+    /// A character came in.
+    /// @param time of the event, in milliseconds; 0, unknown, is taken for typing
+    /// @param field what stands in the field before the character
+    void character(QChar character, quint64 time, const QString& field);
+
+    /// Return came in: the scan that it ends; nothing when it was typed. What came before is forgotten.
+    std::optional<Scan> finish(quint64 time);
+
+    /// Another key came in: what came before is no scan.
+    void reset();
+
+private:
+    bool followsFast(quint64 time) const;
+    std::optional<qsizetype> scanStart(quint64 time) const;
+    QString stripped(QString text) const;
+
+    QString m_prefix;
+    QString m_suffix;
+    QString m_input;       ///< since the last Return
+    QStringList m_fields;  ///< what stood in the field before each character
+    qsizetype m_burst = 0; ///< where in the input the characters began to follow fast
+    quint64 m_last = 0;
+};

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include "textinputform_p.h"
+
+#include "actionfactory.h"
+#include "actionqueuecontroller.h"
+#include "config.h"
+#include "dialogeventfilter.h"
+#include "einput.h"
+#include "iconsviewnotifier.h"
+#include "inactivitylocker.h"
+#include "tallokeyboard.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QRegularExpressionValidator>
+
+namespace
+{
+
+/// Room for the prompt, in pixels: the form fits a window of 600, with the touch keyboard too.
+constexpr int tallestPrompt = 260;
+constexpr int tallestPromptInTouchMode = 100;
+
+QString scannerSetting(const char* key)
+{
+    return Singleton<Config>::get()->getString(QLatin1String("Scanner:") + QLatin1String(key));
+}
+
+/// The text, or the register's own where the caller gave none.
+QString textOr(const tr::Tr& text, const tr::Tr& own)
+{
+    return (text.text().isEmpty() ? own : text).ui();
+}
+
+} // namespace
+
+TextInputForm::TextInputForm(const TextInputParams& params, QObject* parent)
+    : BasicDialogForm(parent)
+    , m_params(params)
+    , m_recognizer(scannerSetting("prefix"), scannerSetting("suffix"))
+{
+    loadUI(QStringLiteral("textinput.ui"));
+    m_field = findWidget<TalloLineEdit>(QStringLiteral("inputLineEdit"));
+    fillTexts();
+    prepareKeyboard();
+    prepareButtons();
+    prepareField();
+}
+
+void TextInputForm::show()
+{
+    fitMessage(isTouchMode() ? tallestPromptInTouchMode : tallestPrompt);
+    BasicDialogForm::show();
+}
+
+void TextInputForm::fillTexts()
+{
+    setTitle(m_params.title.ui());
+    if (auto* label = findWidget<QLabel>(QStringLiteral("messageLabel"))) {
+        label->setText(m_params.message.ui());
+    }
+    if (QLabel* label = problemLabel())
+        label->hide();
+    if (auto* area = findWidget<QWidget>(QStringLiteral("messageScrollArea"), false))
+        area->setVisible(!m_params.message.ui().isEmpty());
+}
+
+void TextInputForm::prepareField()
+{
+    auto* filter = new DialogEventFilter(this);
+    connect(filter, &DialogEventFilter::ok, this, &TextInputForm::accept);
+    connect(filter, &DialogEventFilter::cancel, this, &BasicForm::dismissed);
+    rootWidget()->installEventFilter(filter);
+    if (!m_field)
+        return;
+
+    filter->setLineEdit(m_field);
+    m_field->installEventFilter(this); // before the dialog's filter: a scan ends in Return too
+    m_field->setNumeric(m_params.numeric);
+    m_field->setProperty("inputName", m_params.inputName);
+    m_field->setAccessibleName(m_params.title.ui());
+    m_field->setAccessibleDescription(m_params.message.ui());
+    if (!m_params.mask.isEmpty())
+        m_field->setValidator(new QRegularExpressionValidator(QRegularExpression(m_params.mask), m_field));
+    const QFontMetrics metrics = m_field->fontMetrics();
+    if (m_params.lines > 1)
+        m_field->setMinimumHeight(m_params.lines * metrics.lineSpacing() + metrics.height());
+    if (m_params.columns > 0)
+        m_field->setFixedWidth((m_params.columns + 2) * metrics.horizontalAdvance(u'0') + 2 * metrics.height());
+    m_field->setText(m_params.initialText);
+    m_field->selectAll();
+}
+
+void TextInputForm::prepareKeyboard()
+{
+    if (!isTouchMode()) {
+        deleteWidgets({QStringLiteral("talloKeyboard"), QStringLiteral("navigationBar")});
+        return;
+    }
+    auto* keyboard = findWidget<TalloKeyboard>(QStringLiteral("talloKeyboard"), false);
+    if (!keyboard)
+        return;
+    connect(keyboard, &TalloKeyboard::layoutChanged, Singleton<IconsViewNotifier>::get(),
+            &IconsViewNotifier::notifyIcons);
+    connect(keyboard, &TalloKeyboard::keyPressed, Singleton<InactivityLocker>::get(), &InactivityLocker::resetTimer);
+    keyboard->setKeyboardLayouts(
+        m_params.numeric
+            ? QStringLiteral("digits")
+            : Singleton<Config>::get()->getString(QStringLiteral("Language:keyboardLayouts"), QStringLiteral("ru,en")));
+}
+
+void TextInputForm::prepareButtons()
+{
+    if (auto* button = findWidget<QPushButton>(QStringLiteral("okButton"))) {
+        button->setText(textOr(m_params.okText, {QStringLiteral("inputTextFormOkBtn"), QStringLiteral("ОК")}));
+        connect(button, &QPushButton::clicked, this, &TextInputForm::accept);
+    }
+    if (auto* button = findWidget<QPushButton>(QStringLiteral("cancelButton"))) {
+        button->setText(
+            textOr(m_params.cancelText, {QStringLiteral("inputTextFormCancelBtn"), QStringLiteral("Отмена")}));
+        connect(button, &QPushButton::clicked, this, &BasicForm::dismissed);
+    }
+}
+
+bool TextInputForm::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_field && event->type() == QEvent::KeyPress && takeKey(*static_cast<QKeyEvent*>(event)))
+        return true;
+    return BasicDialogForm::eventFilter(watched, event);
+}
+
+bool TextInputForm::takeKey(const QKeyEvent& key)
+{
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+        const std::optional<ScanRecognizer::Scan> scan = m_recognizer.finish(key.timestamp());
+        if (scan)
+            takeScan(*scan);
+        return scan.has_value();
+    }
+    if (QLabel* label = problemLabel())
+        label->hide();
+    const QString text = key.text();
+    if (text.size() == 1 && key.key() != Qt::Key_Backspace && key.key() != Qt::Key_Delete)
+        m_recognizer.character(text.front(), key.timestamp(), m_field->text());
+    else if (key.key() != Qt::Key_Shift)
+        m_recognizer.reset();
+    return false;
+}
+
+void TextInputForm::takeScan(const ScanRecognizer::Scan& scan)
+{
+    const auto sources = QFlags<EInput::Source>::fromInt(rootWidget()->property("inputSources").toInt());
+    if (m_params.manualOnly || !sources.testFlag(EInput::Scanner) || !fits(scan.text)) {
+        m_field->setText(scan.fieldBefore);
+        m_field->selectAll();
+        showProblem(
+            textOr(m_params.scanError, {QStringLiteral("inputTextFormScanError"),
+                                        QStringLiteral("Ошибка разбора введенных данных, повторите сканирование")}));
+        return;
+    }
+    m_field->setText(scan.text);
+    accept();
+}
+
+bool TextInputForm::fits(const QString& text) const
+{
+    if (m_params.mask.isEmpty())
+        return true;
+    static const QString whole = QStringLiteral("\\A(?:%1)\\z");
+    return QRegularExpression(whole.arg(m_params.mask)).match(text).hasMatch();
+}
+
+void TextInputForm::accept()
+{
+    if (!m_field)
+        return;
+    if (!fits(m_field->text())) {
+        showProblem(
+            tr::Tr(QStringLiteral("inputTextFormIncomplete"), QStringLiteral("Введите значение полностью")).ui());
+        m_field->setFocus();
+        return;
+    }
+    control::Action answer = Singleton<control::ActionFactory>::get()->create(control::DialogAnswer);
+    answer.appendArgument(m_field->text(), QStringLiteral("data"));
+    Singleton<ActionQueueController>::get()->enqueue(answer, true);
+}
+
+QLabel* TextInputForm::problemLabel()
+{
+    return findWidget<QLabel>(QStringLiteral("scanErrorLabel"), false);
+}
+
+void TextInputForm::showProblem(const QString& text)
+{
+    if (QLabel* label = problemLabel()) {
+        label->setText(text);
+        label->show();
+    }
+}
