@@ -29,6 +29,7 @@ public:
 
     /// An index for any row and column; bounds are not checked.
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    using QObject::parent;
     QModelIndex parent(const QModelIndex& child) const override;
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -22,17 +22,15 @@ QSharedPointer<BasicForm> createForm(const Event& event)
 
 QSharedPointer<BasicForm> ElectronicPrescriptionFormCreator::create(const Event& event)
 {
-    switch (event.getCode()) {
-    case prescriptionevents::confirmDispense:
+    const auto code = event.getCode();
+    if (code == prescriptionevents::confirmDispense)
         return createForm<ElectronicPrescriptionConfirmDispenseForm, ElectronicPrescriptionConfirmDispenseParams>(
             event);
-    case prescriptionevents::showPrescription:
+    if (code == prescriptionevents::showPrescription)
         return createForm<ElectronicPrescriptionForm, ElectronicPrescriptionParams>(event);
-    case prescriptionevents::choosePrescription:
+    if (code == prescriptionevents::choosePrescription)
         return createForm<ElectronicPrescriptionChoiceForm, ElectronicPrescriptionChoiceParams>(event);
-    default:
-        return {};
-    }
+    return {};
 }
 
 QSharedPointer<BasicForm> ElectronicPrescriptionFormCreator::create(EContext::Code)

@@ -216,9 +216,8 @@ TEST_F(ChoiceForm, keyOfTheKeyboardPressed_inactivityTimeBeginsAnew)
 {
     setTouchMode(true);
     const ElectronicPrescriptionChoiceForm form(params(), nullptr);
-    auto* keyboard = widget<TalloKeyboard>(form, "talloKeyboard");
-    auto* locker = Singleton<InactivityLocker>::get();
-    EXPECT_TRUE(QObject::disconnect(keyboard, SIGNAL(keyPressed()), locker, SLOT(resetTimer())));
+    EXPECT_TRUE(QObject::disconnect(widget<TalloKeyboard>(form, "talloKeyboard"), &TalloKeyboard::keyPressed,
+                                    Singleton<InactivityLocker>::get(), &InactivityLocker::resetTimer));
 }
 
 TEST_F(ChoiceForm, touchModeLayoutWithoutKeyboard_isNoFault)

@@ -52,7 +52,8 @@ TEST(ChoiceModel, onePrescription_everyColumnShowsItsText)
 
 TEST(ChoiceModel, invalidPrescriptionDate_isAnEmptyText)
 {
-    const ElectronicPrescriptionChoiceModel model({QSharedPointer<ElectronicPrescription>::create()}, {}, nullptr);
+    const auto undated = QSharedPointer<ElectronicPrescription>::create();
+    const ElectronicPrescriptionChoiceModel model({undated}, {}, nullptr);
     EXPECT_EQ(model.index(0, 2).data(), QVariant(QString()));
 }
 

@@ -56,8 +56,8 @@ Result answered(const QString& key, const QVariant& value)
 
 TEST(DialogFacade, rowChosen_choiceReturnsItAndShowsEvent196)
 {
-    const ElectronicPrescriptionChoiceParams params({QSharedPointer<ElectronicPrescription>::create()}, "active", {},
-                                                    true);
+    const auto offered = QSharedPointer<ElectronicPrescription>::create();
+    const ElectronicPrescriptionChoiceParams params({offered}, "active", {}, true);
     AnsweringDialog dialog(answered("data", 7));
     EXPECT_EQ(dialog.choiceElectronicPrescription(params), 7);
     expectShown(dialog, 196);

@@ -4,6 +4,7 @@
 #include "action.h"
 #include "actionfactory.h"
 #include "actionqueuecontroller.h"
+#include "basicexception.h"
 #include "basicform.h"
 #include "config.h"
 #include "electronicprescription.h"
