@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+/// The organization that pays a patient's benefit. Held by shared pointers; never changes.
+class PayingElectronicPrescriptionOrganization
+{
+public:
+    /// @param id the organization's identifier in the registry
+    PayingElectronicPrescriptionOrganization(const QString& id, const QString& name);
+    virtual ~PayingElectronicPrescriptionOrganization();
+    PayingElectronicPrescriptionOrganization(const PayingElectronicPrescriptionOrganization&) = delete;
+    PayingElectronicPrescriptionOrganization& operator=(const PayingElectronicPrescriptionOrganization&) = delete;
+
+    virtual QString getId() const;
+    virtual QString getName() const;
+
+private:
+    QString m_id;
+    QString m_name;
+};

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#include "formquery.h"
+
+#include <QUrl>
+
+namespace
+{
+
+/// Never null: QUrlQuery leaves out the "=" before a null value.
+QString percentEncoded(const QString& value)
+{
+    return value.isEmpty() ? QStringLiteral("") : QString::fromLatin1(QUrl::toPercentEncoding(value));
+}
+
+} // namespace
+
+QUrlQuery formQuery(const QList<std::pair<QString, QString>>& items)
+{
+    QUrlQuery query;
+    for (const auto& [name, value] : items)
+        query.addQueryItem(name, percentEncoded(value));
+    return query;
+}
