@@ -69,7 +69,8 @@ void BasicDialogForm::fitMessage(int tallest)
     if (!area || !label)
         return;
     label->ensurePolished();
-    const QSize text = label->sizeHint();
+    area->ensurePolished();
+    const QSize text = label->sizeHint() + QSize(2 * area->frameWidth(), 2 * area->frameWidth());
     const int scrollBar = text.height() > tallest ? area->verticalScrollBar()->sizeHint().width() : 0;
     area->setMinimumWidth(text.width() + scrollBar);
     area->setFixedHeight(qMin(text.height(), tallest));

@@ -12,7 +12,8 @@ const KeyboardLayout* KeyboardLayout::find(const QString& name)
              QStringLiteral("ф ы в а п р о л д ж э ё"),
              QStringLiteral("shift я ч с м и т ь б ю . ,"),
              QStringLiteral("layout space enter"),
-         }},
+         },
+         false},
         {QStringLiteral("en"),
          QStringLiteral("ENG"),
          {
@@ -21,7 +22,8 @@ const KeyboardLayout* KeyboardLayout::find(const QString& name)
              QStringLiteral("a s d f g h j k l"),
              QStringLiteral("shift z x c v b n m . , / @"),
              QStringLiteral("layout space enter"),
-         }},
+         },
+         false},
         {QStringLiteral("digits"),
          QStringLiteral("123"),
          {
@@ -30,7 +32,8 @@ const KeyboardLayout* KeyboardLayout::find(const QString& name)
              QStringLiteral("1 2 3"),
              QStringLiteral(", 0 backspace"),
              QStringLiteral("layout enter"),
-         }},
+         },
+         true},
     };
     for (const KeyboardLayout& layout : layouts)
         if (layout.name == name)

@@ -11,6 +11,8 @@ struct KeyboardLayout {
     QString caption; ///< on the key that switches to it
     /// Rows of keys, separated by blanks. A key of one character writes it; the others are commands.
     QStringList rows;
+    /// All keys of a row are of one width; else the commands are wider.
+    bool isEven;
 
     /// Commands among the keys.
     static inline const QString backspace = QStringLiteral("backspace");

@@ -111,7 +111,7 @@ private:
             if (key == KeyboardLayout::next && m_layouts.size() < 2)
                 continue;
             if (const CommandKey* command = findCommand(key))
-                line->addWidget(createCommand(*command), command->stretch);
+                line->addWidget(createCommand(*command), m_layouts[m_current]->isEven ? 1 : command->stretch);
             else
                 line->addWidget(createCharacter(key), 1);
         }
