@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "delivery.h"
+#include "httprequest.h"
+
+namespace emulator
+{
+class RegistryEmulator;
+
+/// The emulator's remote control: JSON over HTTP on a port of its own; see docs/emulator.md.
+class AdminApi
+{
+public:
+    /// The emulator owns the API.
+    explicit AdminApi(RegistryEmulator& emulator);
+
+    Delivery answer(const HttpRequest& request);
+    static Delivery unreadable(int status);
+
+private:
+    struct Operation;
+    static const QList<Operation>& operations();
+
+    HttpAnswer carryOut(const HttpRequest& request);
+    HttpAnswer journal(const HttpRequest& request);
+    HttpAnswer clearJournal(const HttpRequest& request);
+    HttpAnswer faults(const HttpRequest& request);
+    HttpAnswer orderFault(const HttpRequest& request);
+    HttpAnswer clearFaults(const HttpRequest& request);
+    HttpAnswer state(const HttpRequest& request);
+    HttpAnswer seed(const HttpRequest& request);
+    HttpAnswer reset(const HttpRequest& request);
+    HttpAnswer fill(const HttpRequest& request);
+    HttpAnswer rules(const HttpRequest& request);
+    HttpAnswer changeRules(const HttpRequest& request);
+    HttpAnswer expireTokens(const HttpRequest& request);
+
+    RegistryEmulator& m_emulator;
+};
+} // namespace emulator

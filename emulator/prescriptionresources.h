@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "dispense.h"
+#include "patient.h"
+#include "payer.h"
+#include "practitioner.h"
+#include "prescription.h"
+
+#include <QJsonObject>
+
+/// The registry's records as resources, in the vocabulary of HL7 FHIR DSTU 1 with the registry's own extensions; see
+/// docs/registry-protocol.md.
+namespace emulator
+{
+QJsonObject patientResource(const Patient& patient);
+QJsonObject practitionerResource(const Practitioner& practitioner);
+QJsonObject payerResource(const Payer& payer);
+
+/// `dosageSystem`: the coding system of the medicines' dosages.
+QJsonObject prescriptionResource(const Prescription& prescription, const QString& dosageSystem);
+/// Tells that the prescription was signed.
+QJsonObject signatureResource(const Prescription& prescription);
+/// An earlier dispense of the prescription.
+QJsonObject dispenseResource(const Dispense& dispense, const Prescription& prescription);
+} // namespace emulator

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "seed.h"
+
+#include <QHash>
+#include <QSqlDatabase>
+#include <QVariant>
+
+#include <functional>
+#include <optional>
+
+class QSqlQuery;
+
+namespace emulator
+{
+/// The registry's state, in SQLite. A missing row is nothing or an empty list; a failing database throws
+/// EmulatorError. Belongs to the thread that opened it.
+class PrescriptionStore
+{
+public:
+    /// Opens the file, and creates it when it is missing; an empty name keeps the state in memory.
+    explicit PrescriptionStore(const QString& file = {});
+    ~PrescriptionStore();
+    PrescriptionStore(const PrescriptionStore&) = delete;
+    PrescriptionStore& operator=(const PrescriptionStore&) = delete;
+
+    /// Whether anything was ever put in.
+    bool isEmpty() const;
+    /// Replaces everything by the seed.
+    void replace(const Seed& seed);
+    /// Adds prescriptions of patients that are known, all or none.
+    void add(const QList<Prescription>& prescriptions);
+    void add(const Patient& patient);
+    /// Adds what is not known yet under its id.
+    void addUnlessKnown(const Practitioner& practitioner);
+    void addUnlessKnown(const Payer& payer);
+
+    const Rules& rules() const { return m_rules; }
+    void setRules(const Rules& rules);
+
+    std::optional<Client> client(const QString& id) const;
+    std::optional<Patient> patientOfCard(const QString& card) const;
+    QHash<QString, Practitioner> practitioners() const;
+    QHash<QString, Payer> payers() const;
+    QStringList cards() const;
+
+    /// In the order in which they were put in; an empty status gives all.
+    QList<Prescription> prescriptionsOfCard(const QString& card, const QString& status = {}) const;
+    std::optional<Prescription> prescription(const QString& id) const;
+
+    /// The dispenses of a card's prescriptions, cancelled ones included, by prescription, oldest first.
+    QHash<QString, QList<Dispense>> dispensesOfCard(const QString& card) const;
+    QList<Dispense> dispensesOf(const QString& prescriptionId) const;
+    std::optional<Dispense> dispense(const QString& id) const;
+    /// Every dispense, oldest first.
+    QList<Dispense> dispenses() const;
+
+    /// Adds the dispense and puts its prescription into that state, both or neither.
+    void book(const Dispense& dispense, const QString& prescriptionStatus);
+    /// Marks the dispense as cancelled and puts its prescription into that state, both or neither.
+    void cancel(const QString& dispenseId, const QString& prescriptionStatus);
+
+private:
+    QSqlQuery run(const QString& statement, const QVariantList& values = {}) const;
+    void createTables();
+    void insert(const Prescription& prescription);
+    void insert(const Dispense& dispense);
+    void setStatus(const QString& prescriptionId, const QString& status);
+    void inTransaction(const std::function<void()>& change);
+    Rules storedRules() const;
+
+    QString m_connectionName;
+    QSqlDatabase m_database;
+    Rules m_rules;
+};
+} // namespace emulator

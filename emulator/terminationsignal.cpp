@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "terminationsignal.h"
+
+#include "emulatorerror.h"
+
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace emulator
+{
+namespace
+{
+int pipeEnds[2] = {-1, -1}; // what a signal handler may write to
+
+void tell(int)
+{
+    const char byte = 0;
+    [[maybe_unused]] const auto written = ::write(pipeEnds[1], &byte, 1);
+}
+} // namespace
+
+TerminationSignal::TerminationSignal(QObject* parent)
+    : QObject(parent)
+{
+    if (::pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
+        throw EmulatorError(QStringLiteral("cannot catch signals"));
+    m_notifier = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
+        char byte = 0;
+        if (::read(pipeEnds[0], &byte, 1) == 1)
+            emit received();
+    });
+    std::signal(SIGTERM, tell);
+    std::signal(SIGINT, tell);
+}
+
+TerminationSignal::~TerminationSignal()
+{
+    std::signal(SIGTERM, SIG_DFL);
+    std::signal(SIGINT, SIG_DFL);
+    m_notifier.reset();
+    ::close(pipeEnds[0]);
+    ::close(pipeEnds[1]);
+}
+} // namespace emulator

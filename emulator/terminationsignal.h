@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QSocketNotifier>
+
+namespace emulator
+{
+/// Turns SIGTERM and SIGINT into a Qt signal in the main thread. There is one of it in a program.
+class TerminationSignal : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Throws EmulatorError when the signals cannot be caught.
+    explicit TerminationSignal(QObject* parent = nullptr);
+    ~TerminationSignal() override;
+
+signals:
+    void received();
+
+private:
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};
+} // namespace emulator

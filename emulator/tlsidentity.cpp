@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "tlsidentity.h"
+
+#include "emulatorerror.h"
+
+#include <QFile>
+#include <QSslCertificate>
+#include <QSslKey>
+
+namespace emulator
+{
+namespace
+{
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw EmulatorError(QStringLiteral("cannot read %1: %2").arg(path, file.errorString()));
+    return file.readAll();
+}
+
+QSslKey keyIn(const QByteArray& pem)
+{
+    for (const QSsl::KeyAlgorithm algorithm : {QSsl::Rsa, QSsl::Ec}) {
+        const QSslKey key(pem, algorithm);
+        if (!key.isNull())
+            return key;
+    }
+    return {};
+}
+} // namespace
+
+QSslConfiguration tlsIdentity(const QString& certificateFile, const QString& keyFile)
+{
+    if (certificateFile.isEmpty() || keyFile.isEmpty())
+        throw EmulatorError(QStringLiteral("TLS needs both a certificate and a key"));
+    const QList<QSslCertificate> chain = QSslCertificate::fromData(contentOf(certificateFile));
+    if (chain.isEmpty())
+        throw EmulatorError(QStringLiteral("%1 holds no PEM certificate").arg(certificateFile));
+    const QSslKey key = keyIn(contentOf(keyFile));
+    if (key.isNull())
+        throw EmulatorError(QStringLiteral("%1 holds no RSA or EC key in PEM without a passphrase").arg(keyFile));
+
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.setLocalCertificateChain(chain);
+    configuration.setPrivateKey(key);
+    configuration.setProtocol(QSsl::TlsV1_2OrLater);
+    configuration.setPeerVerifyMode(QSslSocket::VerifyNone); // the client brings no certificate
+    return configuration;
+}
+} // namespace emulator
