@@ -5,7 +5,7 @@ namespace emulator
 {
 QByteArray HttpRequest::path() const
 {
-    QByteArray path = target.left(target.indexOf('?')); // without a question mark: the whole
+    const QByteArray path = target.split('?').constFirst();
     if (path.startsWith('/'))
         return path;
     const qsizetype origin = path.indexOf("://");

@@ -20,6 +20,7 @@ QJsonObject JournalEntry::json() const
             {QStringLiteral("received"), received.toString(Qt::ISODateWithMs)},
             {QStringLiteral("endpoint"), endpointName(endpoint)},
             {QStringLiteral("method"), QString::fromUtf8(method)},
+            {QStringLiteral("path"), QString::fromUtf8(path())},
             {QStringLiteral("target"), QString::fromUtf8(target)},
             {QStringLiteral("headers"), fields},
             {QStringLiteral("body"), QString::fromUtf8(body)},

@@ -24,6 +24,8 @@ struct JournalEntry {
     bool answeredWhole = false; ///< the whole answer was handed to the network
     QString fault;              ///< name of the fault that met it; empty without one
 
+    /// The target without its query.
+    QByteArray path() const { return target.split('?').constFirst(); }
     QByteArray header(const QByteArray& name) const { return headerValue(headers, name); }
     QJsonObject json() const;
 };

@@ -58,7 +58,7 @@ std::optional<DecodedPairs> decodePairs(const QByteArray& encoded, char plus)
         if (part.isEmpty())
             continue;
         const qsizetype equals = part.indexOf('=');
-        const auto name = decode(part.left(equals), plus);
+        const auto name = decode(equals < 0 ? part : part.left(equals), plus);
         const auto value = decode(equals < 0 ? QByteArray() : part.mid(equals + 1), plus);
         if (!name || !value)
             return std::nullopt;

@@ -256,7 +256,7 @@ void PrescriptionStore::insert(const Dispense& dispense)
     run(QStringLiteral("INSERT INTO dispense VALUES (NULL, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
         {dispense.id, dispense.prescriptionId, text(dispense.pharmacy), dispense.quantity,
          dispense.handedOver.toString(Qt::ISODate), dispense.isFinal, dispense.isCancelled,
-         QString::fromUtf8(dispense.resource), QString::fromUtf8(dispense.claim)});
+         text(QString::fromUtf8(dispense.resource)), text(QString::fromUtf8(dispense.claim))});
 }
 
 void PrescriptionStore::setRules(const Rules& rules)
