@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+/// An amount of money in whole kopecks.
+using Kopecks = qint64;
+
+/// The nearest whole kopecks of an amount in roubles, halves away from zero.
+Kopecks kopecks(double roubles);
+
+/// As the cashier reads it: "1 234,50", thousands apart by a no-break space, always two decimals.
+QString amountText(Kopecks amount);

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+class QLabel;
+
+/// Lies over the window while long work is done: what is being done, and a ring that turns.
+class BusyScreen : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit BusyScreen(QWidget* parent);
+
+public slots:
+    /// Shows itself above everything and paints at once: the work may come before the next event.
+    void start(const QString& message);
+    void stop();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    QLabel* m_message;
+    QTimer m_turning;
+    int m_angle = 0;
+};

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QMetaType>
+#include <QString>
+
+/// One kind of goods as the goods database has it. Prices in roubles per pack, stock in packs.
+struct CatalogueGoods {
+    QString code;
+    QString barcode;
+    QString nonProprietaryName;
+    QString name;
+    double price = 0.0;
+    double cataloguePrice = 0.0;
+    double minRetailPrice = 0.0; ///< 0: none
+    int stock = 0;
+};
+
+/// Goods that the cashier picked, and how many packs of them.
+struct SelectedGoods {
+    CatalogueGoods goods;
+    int packs = 1;
+};
+
+Q_DECLARE_METATYPE(SelectedGoods)

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "action.h"
+
+#include <QKeySequence>
+#include <QList>
+#include <QString>
+#include <QVariantMap>
+
+class Config;
+
+/// A key of the register: what it is called, its shortcut, and the action that it gives.
+struct FunctionKey {
+    QString name; ///< the object name of its button
+    QString text;
+    QKeySequence shortcut; ///< empty: by touch or mouse only
+    control::EActionType actionType;
+    QVariantMap arguments;
+};
+
+/// The keys that the configuration names, in its order; docs/register.md tells the form. One without an action is
+/// passed over and logged.
+QList<FunctionKey> configuredFunctionKeys(const Config& config);

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "goodscatalogue.h"
+
+#include "basicexception.h"
+#include "connectionfactory.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QVariant>
+
+#include <algorithm>
+
+namespace
+{
+[[noreturn]] void throwUnreadable(const QSqlError& error)
+{
+    throw BasicException(tr::Tr(QStringLiteral("goodsCatalogueUnreadable"),
+                                QStringLiteral("Справочник товаров недоступен: %1\nПроверьте базу данных товаров "
+                                               "и повторите или позовите администратора."))
+                             .arg(error.text()));
+}
+} // namespace
+
+void GoodsCatalogue::check() const
+{
+    query({});
+}
+
+QList<CatalogueGoods> GoodsCatalogue::goodsOf(const QString& nonProprietaryName) const
+{
+    QSqlQuery rows = query({});
+    run(rows);
+    const QString wanted = nonProprietaryName.trimmed();
+    QList<CatalogueGoods> goods;
+    while (rows.next()) {
+        CatalogueGoods row = read(rows);
+        if (wanted.isEmpty() || row.nonProprietaryName.compare(wanted, Qt::CaseInsensitive) == 0)
+            goods.append(std::move(row));
+    }
+    std::sort(goods.begin(), goods.end(), [](const CatalogueGoods& left, const CatalogueGoods& right) {
+        return QString::localeAwareCompare(left.name, right.name) < 0;
+    });
+    return goods;
+}
+
+std::optional<CatalogueGoods> GoodsCatalogue::byBarcode(const QString& barcode) const
+{
+    QSqlQuery row = query(QStringLiteral(" WHERE barcode = ?"));
+    row.addBindValue(barcode);
+    run(row);
+    if (!row.next())
+        return std::nullopt;
+    return read(row);
+}
+
+QSqlQuery GoodsCatalogue::query(const QString& condition)
+{
+    QSqlQuery prepared(Singleton<ConnectionFactory>::get()->getConnection({}, {}));
+    prepared.setForwardOnly(true);
+    const QString text = QStringLiteral("SELECT code, barcode, inn, name, price, catalogueprice, minretailprice, stock "
+                                        "FROM goods");
+    if (!prepared.prepare(text + condition))
+        throwUnreadable(prepared.lastError());
+    return prepared;
+}
+
+CatalogueGoods GoodsCatalogue::read(const QSqlQuery& row)
+{
+    return {
+        .code = row.value(0).toString(),
+        .barcode = row.value(1).toString(),
+        .nonProprietaryName = row.value(2).toString(),
+        .name = row.value(3).toString(),
+        .price = row.value(4).toDouble(),
+        .cataloguePrice = row.value(5).toDouble(),
+        .minRetailPrice = row.value(6).toDouble(),
+        .stock = row.value(7).toInt(),
+    };
+}
+
+void GoodsCatalogue::run(QSqlQuery& query)
+{
+    if (!query.exec())
+        throwUnreadable(query.lastError());
+}

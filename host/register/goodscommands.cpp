@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "registercommands.h"
+
+#include "basicdialog.h"
+#include "goodsselectionparams.h"
+
+EContext::Result RegisterCommands::selectGoods(control::Action& action)
+{
+    const std::optional<SelectedGoods> selected =
+        letSelect(action.value(QStringLiteral("filterByInn")).toString(),
+                  action.value(QStringLiteral("medicineInfo")).toString(), {});
+    if (!selected)
+        return EContext::Stop;
+    action.insert(QStringLiteral("result"), QVariant::fromValue(*selected));
+    return EContext::GoOn;
+}
+
+EContext::Result RegisterCommands::addSelectedGoods(control::Action& action)
+{
+    const QVariant selected = action.value(QStringLiteral("result"));
+    if (!selected.canConvert<SelectedGoods>())
+        return EContext::NotFound;
+    action.insert(QStringLiteral("positionNumber"), m_sale.add(selected.value<SelectedGoods>()));
+    return EContext::GoOn;
+}
+
+EContext::Result RegisterCommands::addGoods(control::Action& action)
+{
+    const QString search = action.value(QStringLiteral("search")).toString().trimmed();
+    std::optional<SelectedGoods> selected;
+    if (!search.isEmpty())
+        if (const std::optional<CatalogueGoods> scanned = m_catalogue.byBarcode(search))
+            selected = SelectedGoods{*scanned, 1};
+    if (!selected)
+        selected = letSelect({}, {}, search);
+    if (!selected)
+        return EContext::Stop;
+    m_sale.add(*selected);
+    return EContext::GoOn;
+}
+
+std::optional<SelectedGoods> RegisterCommands::letSelect(const QString& nonProprietaryName, const QString& medicineInfo,
+                                                         const QString& filter) const
+{
+    const GoodsSelectionParams params{m_catalogue.goodsOf(nonProprietaryName), medicineInfo, filter};
+    const QVariant answer =
+        core::BasicDialog().show(false, true, {EInput::Keyboard, EInput::Scanner}, params.toEvent()).getData();
+    const QVariant selected = answer.toMap().value(QStringLiteral("result"));
+    if (!selected.canConvert<SelectedGoods>())
+        return std::nullopt;
+    return selected.value<SelectedGoods>();
+}

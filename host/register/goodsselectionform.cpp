@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "goodsselectionform.h"
+
+#include "actionfactory.h"
+#include "actionqueuecontroller.h"
+#include "config.h"
+#include "dialogeventfilter.h"
+#include "tallokeyboard.h"
+#include "tallolineedit.h"
+#include "tallotableview.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int mostPacks = 999;
+}
+
+GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObject* parent)
+    : BasicForm(parent)
+    , m_goods(params.goods)
+{
+    loadUI(QStringLiteral("goodsselection.ui"));
+    if (!isTouchMode())
+        deleteWidgets({QStringLiteral("quantityMinusButton"), QStringLiteral("quantityPlusButton"),
+                       QStringLiteral("scrollButtonsNavigationBar"), QStringLiteral("navigationBar")});
+    m_table = findWidget<TalloTableView>(QStringLiteral("goodsTable"));
+    m_filter = findWidget<TalloLineEdit>(QStringLiteral("filterLineEdit"));
+    m_packs = findWidget<TalloLineEdit>(QStringLiteral("quantityLineEdit"));
+    m_hint = findWidget<QLabel>(QStringLiteral("hintLabel"));
+
+    findWidget<QLabel>(QStringLiteral("titleLabel"))
+        ->setText(tr::Tr(QStringLiteral("goodsSelectionTitle"), QStringLiteral("Подбор товара")).ui());
+    auto* medicine = findWidget<QLabel>(QStringLiteral("medicineInfoLabel"));
+    medicine->setText(params.medicineInfo);
+    medicine->setVisible(!params.medicineInfo.isEmpty());
+
+    setUpTable();
+    setUpPacks();
+    setUpButtons();
+
+    auto* keys = new DialogEventFilter(this);
+    keys->setTableView(m_table);
+    keys->setLineEdit(m_filter);
+    connect(keys, &DialogEventFilter::ok, this, &GoodsSelectionForm::onChoose);
+    connect(keys, &DialogEventFilter::cancel, this, &GoodsSelectionForm::onCancel);
+    rootWidget()->installEventFilter(keys);
+
+    connect(m_filter, &QLineEdit::textChanged, this, &GoodsSelectionForm::onFilterChanged);
+    m_filter->setText(params.filter);
+    onFilterChanged(params.filter);
+}
+
+void GoodsSelectionForm::setUpTable()
+{
+    m_filtered.setSourceModel(&m_goods);
+    m_table->setModel(&m_filtered);
+    m_table->setColumns({
+        QStringLiteral("name;;-1;true;129"),
+        QStringLiteral("nonProprietaryName;;-1;true;129"),
+        QStringLiteral("price;;140;true;130"),
+        QStringLiteral("stock;;110;true;130"),
+        QStringLiteral("searchText;;0;false;129"),
+    });
+}
+
+void GoodsSelectionForm::setUpPacks()
+{
+    m_packs->setText(QStringLiteral("1"));
+    m_packs->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[1-9]\\d{0,2}")), m_packs));
+    findWidget<QLabel>(QStringLiteral("quantityLabel"))
+        ->setText(tr::Tr(QStringLiteral("goodsSelectionPacks"), QStringLiteral("Упаковок:")).ui());
+    if (auto* fewer = findWidget<QPushButton>(QStringLiteral("quantityMinusButton"), false))
+        connect(fewer, &QPushButton::clicked, this, [this] { onAmountButton(-1); });
+    if (auto* more = findWidget<QPushButton>(QStringLiteral("quantityPlusButton"), false))
+        connect(more, &QPushButton::clicked, this, [this] { onAmountButton(+1); });
+}
+
+void GoodsSelectionForm::setUpButtons()
+{
+    auto* choose = findWidget<QPushButton>(QStringLiteral("okButton"));
+    choose->setText(tr::Tr(QStringLiteral("goodsSelectionOk"), QStringLiteral("Выбрать")).ui());
+    connect(choose, &QPushButton::clicked, this, &GoodsSelectionForm::onChoose);
+    auto* cancel = findWidget<QPushButton>(QStringLiteral("cancelButton"));
+    cancel->setText(tr::Tr(QStringLiteral("goodsSelectionCancel"), QStringLiteral("Назад")).ui());
+    connect(cancel, &QPushButton::clicked, this, &GoodsSelectionForm::onCancel);
+    if (auto* keyboard = findWidget<TalloKeyboard>(QStringLiteral("talloKeyboard"), false))
+        keyboard->setKeyboardLayouts(
+            Singleton<Config>::get()->getString(QStringLiteral("Language:keyboardLayouts"), QStringLiteral("ru,en")));
+}
+
+void GoodsSelectionForm::onChoose()
+{
+    const QModelIndex current = m_table->currentIndex();
+    if (!current.isValid()) {
+        showHint(tr::Tr(QStringLiteral("goodsSelectionNothing"),
+                        QStringLiteral("Нет подходящего товара. Измените строку поиска или вернитесь назад."))
+                     .ui());
+        m_filter->setFocus();
+        return;
+    }
+    if (!m_packs->hasAcceptableInput()) {
+        showHint(
+            tr::Tr(QStringLiteral("goodsSelectionPacksMissing"), QStringLiteral("Введите количество упаковок.")).ui());
+        m_packs->setFocus();
+        m_packs->selectAll();
+        return;
+    }
+    const CatalogueGoods& goods = m_goods.goods(m_filtered.mapToSource(current).row());
+    const int packs = m_packs->text().toInt();
+    if (packs > goods.stock) {
+        showHint(
+            tr::Tr(QStringLiteral("goodsSelectionStock"),
+                   QStringLiteral("На остатке %1 уп., запрошено %2. Уменьшите количество или выберите другой товар."))
+                .arg(QString::number(goods.stock))
+                .arg(QString::number(packs))
+                .ui());
+        return;
+    }
+    answer(0, QVariant::fromValue(SelectedGoods{goods, packs}));
+}
+
+void GoodsSelectionForm::onCancel()
+{
+    answer(-1, {});
+}
+
+void GoodsSelectionForm::onFilterChanged(const QString& text)
+{
+    m_filtered.addFilter(GoodsTableModel::SearchText, text.trimmed(), ComplexFilterProxyModel::Contains);
+    m_table->setCurrentIndex(m_filtered.index(0, GoodsTableModel::Name));
+    showHint({});
+}
+
+void GoodsSelectionForm::onAmountButton(int change)
+{
+    m_packs->setText(QString::number(std::clamp(m_packs->text().toInt() + change, 1, mostPacks)));
+}
+
+void GoodsSelectionForm::showHint(const QString& text)
+{
+    m_hint->setText(text);
+}
+
+void GoodsSelectionForm::answer(int data, const QVariant& result)
+{
+    control::Action action = Singleton<control::ActionFactory>::get()->create(control::DialogAnswer);
+    action.appendArgument(data, QStringLiteral("data"));
+    if (result.isValid())
+        action.appendArgument(result, QStringLiteral("result"));
+    Singleton<ActionQueueController>::get()->enqueue(action, true);
+}

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "basicform.h"
+#include "complexfilterproxymodel.h"
+#include "goodsselectionparams.h"
+#include "goodstablemodel.h"
+
+class QLabel;
+class TalloLineEdit;
+class TalloTableView;
+
+/// The list of goods with a filter, and the number of packs wanted.
+///
+/// Answers with "result", a SelectedGoods, and "data" 0; or with "data" -1 when the cashier leaves.
+class GoodsSelectionForm : public BasicForm
+{
+    Q_OBJECT
+
+public:
+    explicit GoodsSelectionForm(const GoodsSelectionParams& params, QObject* parent = nullptr);
+
+private slots:
+    void onChoose();
+    void onCancel();
+    void onFilterChanged(const QString& text);
+    void onAmountButton(int change);
+
+private:
+    void setUpTable();
+    void setUpPacks();
+    void setUpButtons();
+    void showHint(const QString& text);
+    void answer(int data, const QVariant& result);
+
+    GoodsTableModel m_goods;
+    ComplexFilterProxyModel m_filtered;
+    TalloTableView* m_table;
+    TalloLineEdit* m_filter;
+    TalloLineEdit* m_packs;
+    QLabel* m_hint;
+};

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "pluginhost.h"
+
+#include "abstractplugin.h"
+#include "actionqueuecontroller.h"
+#include "basicexception.h"
+#include "config.h"
+#include "graphicaluserinterface.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLibrary>
+#include <QPluginLoader>
+#include <QTranslator>
+
+#include <exception>
+
+struct PluginHost::Loaded {
+    QString name;
+    std::unique_ptr<QPluginLoader> loader;
+    AbstractPlugin* plugin; ///< owned by the loader
+};
+
+namespace
+{
+
+/// The plug-in's name: that of its library without "lib" and without what follows the first point.
+QString pluginName(const QFileInfo& library)
+{
+    const QString name = library.baseName();
+    return name.startsWith(QLatin1String("lib")) ? name.mid(3) : name;
+}
+
+/// What init() said, or why it could not say anything.
+struct Initialised {
+    bool done = false;
+    QString failure;
+};
+
+Initialised initialise(AbstractPlugin& plugin)
+{
+    try {
+        return {plugin.init(), {}};
+    } catch (const BasicException& exception) {
+        return {false, exception.tr().ui()};
+    } catch (const std::exception& exception) {
+        return {false, QString::fromUtf8(exception.what())};
+    } catch (...) {
+        return {false, QStringLiteral("unknown exception")};
+    }
+}
+
+void addLayoutFolder(const QString& folder)
+{
+    Config* config = Singleton<Config>::get();
+    const QString key = QStringLiteral("GUI:layouts");
+    const QString folders = config->getString(key);
+    config->setForThisRun(key, folders.isEmpty() ? folder : folders + QLatin1Char(':') + folder);
+}
+
+} // namespace
+
+PluginHost::PluginHost() = default;
+
+PluginHost::~PluginHost() = default;
+
+void PluginHost::load(const QString& folder, ActionQueueController& controller, PositionMarks& marks)
+{
+    const QDir plugins(folder);
+    if (!plugins.exists()) {
+        addProblem(folder, tr::Tr(QStringLiteral("pluginFolderMissing"), QStringLiteral("нет такой папки")).ui());
+        return;
+    }
+    for (const QFileInfo& file : plugins.entryInfoList(QDir::Files, QDir::Name))
+        if (QLibrary::isLibrary(file.fileName()))
+            loadLibrary(file.absoluteFilePath(), controller, marks);
+}
+
+void PluginHost::loadLibrary(const QString& file, ActionQueueController& controller, PositionMarks& marks)
+{
+    const QFileInfo library(file);
+    const QString name = pluginName(library);
+    auto loader = std::make_unique<QPluginLoader>(file);
+    QObject* root = loader->instance();
+    if (!root) {
+        addProblem(name, loader->errorString());
+        return;
+    }
+    auto* plugin = qobject_cast<AbstractPlugin*>(root);
+    if (!plugin) {
+        addProblem(name, tr::Tr(QStringLiteral("pluginForeign"), QStringLiteral("это не модуль кассы")).ui());
+        loader->unload();
+        return;
+    }
+    takeResources(library.dir().filePath(name), marks);
+    const Initialised initialised = initialise(*plugin);
+    if (!initialised.failure.isEmpty())
+        addProblem(name, initialised.failure);
+    if (!initialised.done) {
+        Log4Qt::LogManager::logger(QStringLiteral("register"))->info(QStringLiteral("Plug-in stays idle: ") + name);
+        m_plugins.push_back(std::make_unique<Loaded>(Loaded{name, std::move(loader), nullptr}));
+        return;
+    }
+    for (const ActionHandler& handler : plugin->getHandlers())
+        controller.addHandler(handler);
+    for (const ActionTrigger& trigger : plugin->getTriggers())
+        controller.addTrigger(trigger);
+    Log4Qt::LogManager::logger(QStringLiteral("register"))->info(QStringLiteral("Plug-in initialised: ") + name);
+    m_plugins.push_back(std::make_unique<Loaded>(Loaded{name, std::move(loader), plugin}));
+}
+
+void PluginHost::takeResources(const QString& folder, PositionMarks& marks)
+{
+    const QDir resources(folder);
+    if (!resources.exists())
+        return;
+    addLayoutFolder(folder);
+    marks.load(resources.filePath(QStringLiteral("positionmarks.json")));
+    const QString language = Singleton<Config>::get()->getString(QStringLiteral("Language:interface"));
+    auto translator = std::make_unique<QTranslator>();
+    const QString catalogue = resources.filePath(resources.dirName() + QLatin1Char('_') + language);
+    if (!language.isEmpty() && translator->load(catalogue)) {
+        QCoreApplication::installTranslator(translator.get());
+        m_translators.push_back(std::move(translator));
+    }
+}
+
+void PluginHost::unload(ActionQueueController& controller)
+{
+    Singleton<GraphicalUserInterface>::get()->removeFormCreators();
+    controller.removePluginEntries();
+    for (auto loaded = m_plugins.rbegin(); loaded != m_plugins.rend(); ++loaded) {
+        if ((*loaded)->plugin)
+            (*loaded)->plugin->deinit();
+        (*loaded)->loader->unload();
+    }
+    m_plugins.clear();
+}
+
+QStringList PluginHost::active() const
+{
+    QStringList names;
+    for (const auto& loaded : m_plugins)
+        if (loaded->plugin)
+            names.append(loaded->name);
+    return names;
+}
+
+void PluginHost::addProblem(const QString& name, const QString& reason)
+{
+    m_problems.append(name + QStringLiteral(": ") + reason);
+    Log4Qt::LogManager::logger(QStringLiteral("register"))
+        ->error(QStringLiteral("Plug-in not used: ") + m_problems.last());
+}

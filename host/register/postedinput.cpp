@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "postedinput.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QKeySequence>
+#include <QWidget>
+#include <QWindow>
+
+// Qt's own doors for posting window system events; QTest uses them too.
+QT_BEGIN_NAMESPACE
+Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
+                                    const QString& text, bool autoRepeat, ushort count);
+Q_GUI_EXPORT void qt_handleMouseEvent(QWindow* window, const QPointF& local, const QPointF& global,
+                                      Qt::MouseButtons state, Qt::MouseButton button, QEvent::Type type,
+                                      Qt::KeyboardModifiers modifiers, int timestamp);
+QT_END_NAMESPACE
+
+namespace
+{
+
+QWindow* activeWindow()
+{
+    const QWidget* window = QApplication::activeWindow();
+    return window ? window->windowHandle() : nullptr;
+}
+
+bool press(int key, Qt::KeyboardModifiers modifiers, const QString& text)
+{
+    QWindow* window = activeWindow();
+    if (!window)
+        return false;
+    qt_handleKeyEvent(window, QEvent::KeyPress, key, modifiers, text, false, 1);
+    qt_handleKeyEvent(window, QEvent::KeyRelease, key, modifiers, text, false, 1);
+    return true;
+}
+
+/// What a key without a printable character types.
+QString textOf(Qt::Key key)
+{
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return QStringLiteral("\r");
+    case Qt::Key_Escape:
+        return QStringLiteral("\x1b");
+    case Qt::Key_Backspace:
+        return QStringLiteral("\b");
+    case Qt::Key_Tab:
+        return QStringLiteral("\t");
+    case Qt::Key_Space:
+        return QStringLiteral(" ");
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+namespace postedinput
+{
+
+std::optional<QKeyCombination> keyNamed(const QString& name)
+{
+    const QKeySequence keys = QKeySequence::fromString(name, QKeySequence::PortableText);
+    if (keys.count() != 1 || keys[0].key() == Qt::Key_unknown)
+        return std::nullopt;
+    return keys[0];
+}
+
+bool pressKey(QKeyCombination key)
+{
+    return press(key.key(), key.keyboardModifiers(), textOf(key.key()));
+}
+
+bool typeCharacter(QChar character)
+{
+    return press(character.toUpper().unicode(), Qt::NoModifier, QString(character));
+}
+
+void click(QWidget& widget)
+{
+    QWindow* window = widget.window()->windowHandle();
+    if (!window)
+        return;
+    static int time = 0; // milliseconds; so far apart that two clicks are no double click
+    time += 2 * QApplication::doubleClickInterval();
+    const QPointF local = widget.mapTo(widget.window(), widget.rect().center());
+    const QPointF global = widget.mapToGlobal(widget.rect().center());
+    qt_handleMouseEvent(window, local, global, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress, Qt::NoModifier,
+                        time);
+    qt_handleMouseEvent(window, local, global, Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease, Qt::NoModifier,
+                        time);
+}
+
+} // namespace postedinput

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "receiptnumbers.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <algorithm>
+
+ReceiptNumbers::ReceiptNumbers(const QString& folder)
+    : m_file(QDir(folder).filePath(QStringLiteral("lastreceiptnumber")))
+{
+}
+
+int ReceiptNumbers::next()
+{
+    const int number = last() + 1;
+    setLast(number);
+    return number;
+}
+
+void ReceiptNumbers::pass(int number)
+{
+    if (number > last())
+        setLast(number);
+}
+
+int ReceiptNumbers::last() const
+{
+    QFile file(m_file);
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    return std::max(0, file.readAll().trimmed().toInt());
+}
+
+void ReceiptNumbers::setLast(int number)
+{
+    QSaveFile file(m_file);
+    if (!file.open(QIODevice::WriteOnly) || file.write(QByteArray::number(number)) < 0 || !file.commit())
+        Log4Qt::LogManager::logger(QStringLiteral("register"))
+            ->error(QStringLiteral("The last receipt number was not saved: ") + file.errorString());
+}

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+/// Numbers receipts: 1, 2, 3 …, kept in a file of the data folder.
+class ReceiptNumbers
+{
+public:
+    explicit ReceiptNumbers(const QString& folder);
+
+    /// The next number. A file that is not there, or that holds no number, counts as none given yet.
+    int next();
+    /// Makes sure that `number` and those below it are not given again.
+    void pass(int number);
+
+private:
+    int last() const;
+    void setLast(int number);
+
+    QString m_file;
+};

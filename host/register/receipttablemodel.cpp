@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "receipttablemodel.h"
+
+#include "tr.h"
+
+#include <QBrush>
+#include <QFont>
+
+#include <algorithm>
+
+ReceiptTableModel::ReceiptTableModel(const PositionMarks& marks, QObject* parent)
+    : QAbstractTableModel(parent)
+    , m_marks(marks)
+{
+}
+
+void ReceiptTableModel::refresh(const QSharedPointer<Receipt>& receipt)
+{
+    QList<Row> rows;
+    if (receipt) {
+        for (const QSharedPointer<ReceiptPosition>& position : receipt->positions()) {
+            rows.append({position->getNumber(), position->getName(), position->getQuantity(),
+                         kopecks(position->getInitialPrice()), kopecks(position->getPrice()), position->getSum(),
+                         m_marks.look(*position)});
+        }
+    }
+    const bool samePositions =
+        std::equal(rows.cbegin(), rows.cend(), m_rows.cbegin(), m_rows.cend(),
+                   [](const Row& left, const Row& right) { return left.number == right.number; });
+    if (samePositions && !rows.isEmpty()) {
+        m_rows = rows;
+        emit dataChanged(index(0, 0), index(static_cast<int>(rows.size()) - 1, ColumnCount - 1));
+    } else if (!samePositions) {
+        beginResetModel();
+        m_rows = rows;
+        endResetModel();
+    }
+}
+
+int ReceiptTableModel::positionNumber(int row) const
+{
+    return row >= 0 && row < m_rows.size() ? m_rows.at(row).number : 0;
+}
+
+int ReceiptTableModel::rowOf(int positionNumber) const
+{
+    const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(), [positionNumber](const Row& candidate) {
+        return candidate.number == positionNumber;
+    });
+    return row == m_rows.cend() ? -1 : static_cast<int>(row - m_rows.cbegin());
+}
+
+int ReceiptTableModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+int ReceiptTableModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant ReceiptTableModel::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const Row& row = m_rows.at(index.row());
+    switch (role) {
+    case Qt::DisplayRole:
+        return text(row, index.column());
+    case Qt::ToolTipRole:
+        return index.column() == Mark ? row.look.description : text(row, index.column());
+    case Qt::AccessibleTextRole:
+        return index.column() == Mark ? row.look.description : QVariant();
+    case Qt::ForegroundRole:
+        if (index.column() == State && row.look.stateColour.isValid())
+            return QBrush(row.look.stateColour);
+        return {};
+    case Qt::FontRole:
+        if (index.column() == Mark || index.column() == Sum) {
+            QFont bold;
+            bold.setBold(true);
+            return bold;
+        }
+        return {};
+    default:
+        return {};
+    }
+}
+
+QVariant ReceiptTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    switch (section) {
+    case Number:
+        return tr::Tr(QStringLiteral("receiptColumnNumber"), QStringLiteral("№")).ui();
+    case Name:
+        return tr::Tr(QStringLiteral("receiptColumnName"), QStringLiteral("Наименование")).ui();
+    case Mark:
+        return tr::Tr(QStringLiteral("receiptColumnMark"), QStringLiteral("Вид")).ui();
+    case Quantity:
+        return tr::Tr(QStringLiteral("receiptColumnQuantity"), QStringLiteral("Кол-во")).ui();
+    case InitialPrice:
+        return tr::Tr(QStringLiteral("receiptColumnInitialPrice"), QStringLiteral("Старая цена")).ui();
+    case Price:
+        return tr::Tr(QStringLiteral("receiptColumnPrice"), QStringLiteral("Цена")).ui();
+    case Sum:
+        return tr::Tr(QStringLiteral("receiptColumnSum"), QStringLiteral("Сумма")).ui();
+    case State:
+        return tr::Tr(QStringLiteral("receiptColumnState"), QStringLiteral("Состояние")).ui();
+    default:
+        return {};
+    }
+}
+
+QString ReceiptTableModel::text(const Row& row, int column) const
+{
+    switch (column) {
+    case Number:
+        return QString::number(row.number);
+    case Name:
+        return row.name;
+    case Mark:
+        return row.look.mark;
+    case Quantity:
+        return QString::number(row.packs);
+    case InitialPrice:
+        return row.initialPrice == row.price ? QString() : amountText(row.initialPrice);
+    case Price:
+        return amountText(row.price);
+    case Sum:
+        return amountText(row.sum);
+    case State:
+        return row.look.state;
+    default:
+        return {};
+    }
+}

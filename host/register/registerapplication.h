@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "commandline.h"
+#include "goodscatalogue.h"
+#include "longwork.h"
+#include "pluginhost.h"
+#include "positionmarks.h"
+#include "registercommands.h"
+#include "registerwindow.h"
+#include "sale.h"
+#include "scenarioplayer.h"
+#include "startupfailure.h"
+
+#include <QLockFile>
+
+#include <memory>
+#include <optional>
+
+/// The register from start to end: configuration, data folder, plug-ins, window, the receipt that was open.
+class RegisterApplication
+{
+public:
+    explicit RegisterApplication(const CommandLine& commandLine);
+    ~RegisterApplication();
+    RegisterApplication(const RegisterApplication&) = delete;
+    RegisterApplication& operator=(const RegisterApplication&) = delete;
+
+    /// Makes everything ready; the window is open when it returns nothing.
+    std::optional<StartupFailure> start();
+    /// Runs the event loop until the window is closed, or the scenario has been played. @return the exit status
+    int run();
+
+private:
+    std::optional<StartupFailure> readConfiguration();
+    std::optional<StartupFailure> takeDataFolder();
+    void configureThisRun();
+    std::optional<StartupFailure> readScenario();
+    void openWindow();
+    void takeUpWork();
+    void tellPlugins();
+
+    CommandLine m_commandLine;
+    std::unique_ptr<QLockFile> m_lockFile;
+    GoodsCatalogue m_catalogue;
+    LongWork m_longWork;
+    PositionMarks m_marks;
+    PluginHost m_plugins;
+    std::unique_ptr<Sale> m_sale;
+    std::unique_ptr<RegisterCommands> m_commands;
+    std::unique_ptr<RegisterWindow> m_window;
+    std::unique_ptr<ScenarioPlayer> m_player;
+};

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "basicformcreator.h"
+
+/// Makes the register's own forms.
+class RegisterFormCreator : public BasicFormCreator
+{
+public:
+    QSharedPointer<BasicForm> create(const Event& event) override;
+    QSharedPointer<BasicForm> create(EContext::Code context) override;
+};

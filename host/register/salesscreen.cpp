@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+#include "salesscreen.h"
+
+#include "actionfactory.h"
+#include "actionqueuecontroller.h"
+#include "functionkeybar.h"
+#include "registeraction.h"
+#include "tallolineedit.h"
+#include "tallotableview.h"
+#include "tr.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+SalesScreen::SalesScreen(Sale& sale, const PositionMarks& marks, const QList<FunctionKey>& keys, QWidget* parent)
+    : QWidget(parent)
+    , m_sale(sale)
+    , m_marks(marks)
+    , m_model(marks)
+{
+    setObjectName(QStringLiteral("salesScreen"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(16, 8, 16, 8);
+    layout->setSpacing(8);
+    layout->addWidget(createHeader());
+    layout->addWidget(createTable(), 1);
+    layout->addWidget(createSearchAndTotal());
+    auto* keyBar = new FunctionKeyBar(keys, this);
+    connect(keyBar, &FunctionKeyBar::pressed, this, &SalesScreen::give);
+    layout->addWidget(keyBar);
+
+    setFocusProxy(m_search);
+    connect(&m_sale, &Sale::changed, this, &SalesScreen::refresh);
+    refresh();
+}
+
+QWidget* SalesScreen::createHeader()
+{
+    auto* header = new QWidget(this);
+    auto* layout = new QHBoxLayout(header);
+    layout->setContentsMargins(0, 0, 0, 0);
+    m_receiptNumber = new QLabel(header);
+    m_receiptNumber->setObjectName(QStringLiteral("receiptNumberLabel"));
+    m_receiptNumber->setProperty("textRole", QStringLiteral("heading"));
+    m_documentInfo = new QLabel(header);
+    m_documentInfo->setObjectName(QStringLiteral("documentInfoLabel"));
+    m_documentInfo->setProperty("textRole", QStringLiteral("value"));
+    m_documentInfo->setTextFormat(Qt::PlainText);
+    m_documentInfo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_documentInfo->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    layout->addWidget(m_receiptNumber);
+    layout->addWidget(m_documentInfo, 1);
+    return header;
+}
+
+QWidget* SalesScreen::createTable()
+{
+    m_table = new TalloTableView(this);
+    m_table->setObjectName(QStringLiteral("receiptTable"));
+    m_table->setAccessibleName(tr::Tr(QStringLiteral("receiptTable"), QStringLiteral("Позиции чека")).ui());
+    m_table->setModel(&m_model);
+    m_table->setColumns({
+        QStringLiteral("number;;48;true;130"),
+        QStringLiteral("name;;-1;true;129"),
+        QStringLiteral("mark;;52;true;132"),
+        QStringLiteral("quantity;;80;true;130"),
+        QStringLiteral("initialPrice;;118;true;130"),
+        QStringLiteral("price;;110;true;130"),
+        QStringLiteral("sum;;120;true;130"),
+        QStringLiteral("state;;180;true;129"),
+    });
+    return m_table;
+}
+
+QWidget* SalesScreen::createSearchAndTotal()
+{
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+
+    m_search = new TalloLineEdit(row);
+    m_search->setObjectName(QStringLiteral("searchLineEdit"));
+    const QString hint =
+        tr::Tr(QStringLiteral("searchGoods"), QStringLiteral("Поиск товара: название, МНН или штрихкод")).ui();
+    m_search->setPlaceholderText(hint);
+    m_search->setAccessibleName(hint);
+    m_search->setMaxLength(200);
+    connect(m_search, &QLineEdit::returnPressed, this, &SalesScreen::search);
+
+    auto* total = new QLabel(tr::Tr(QStringLiteral("receiptTotal"), QStringLiteral("ИТОГО")).ui(), row);
+    total->setObjectName(QStringLiteral("totalCaptionLabel"));
+    m_total = new QLabel(row);
+    m_total->setObjectName(QStringLiteral("totalLabel"));
+    m_total->setAccessibleName(total->text());
+    m_total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+
+    layout->addWidget(m_search, 1);
+    layout->addSpacing(16);
+    layout->addWidget(total);
+    layout->addWidget(m_total);
+    return row;
+}
+
+void SalesScreen::refresh()
+{
+    const QSharedPointer<Receipt> receipt = m_sale.receipt();
+    const int number = m_model.positionNumber(m_table->currentIndex().row());
+    const auto positions = receipt ? static_cast<int>(receipt->positions().size()) : 0;
+    const bool grown = positions > m_positions;
+    m_positions = positions;
+
+    m_model.refresh(receipt);
+    const int row = grown ? positions - 1 : std::max(m_model.rowOf(number), positions > 0 ? 0 : -1);
+    if (row >= 0)
+        m_table->setCurrentIndex(m_model.index(row, 0));
+
+    m_receiptNumber->setText(receipt ? tr::Tr(QStringLiteral("receiptNumber"), QStringLiteral("Чек № %1"))
+                                           .arg(QString::number(receipt->getNumber()))
+                                           .ui()
+                                     : tr::Tr(QStringLiteral("receiptNone"), QStringLiteral("Чек не открыт")).ui());
+    const QString info = receipt ? m_marks.documentText(*receipt) : QString();
+    m_documentInfo->setText(info);
+    m_documentInfo->setToolTip(info);
+    m_total->setText(amountText(receipt ? receipt->getSum() : 0));
+}
+
+void SalesScreen::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Up:
+        moveRow(-1);
+        return;
+    case Qt::Key_Down:
+        moveRow(+1);
+        return;
+    case Qt::Key_Escape:
+        m_search->clear();
+        m_search->setFocus();
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void SalesScreen::moveRow(int by)
+{
+    if (m_model.rowCount() > 0)
+        m_table->setCurrentIndex(
+            m_model.index(std::clamp(m_table->currentIndex().row() + by, 0, m_model.rowCount() - 1), 0));
+}
+
+void SalesScreen::search()
+{
+    const QString text = m_search->text().trimmed();
+    m_search->clear();
+    if (text.isEmpty())
+        return;
+    control::Action action = Singleton<control::ActionFactory>::get()->create(registeraction::addGoods);
+    action.insert(QStringLiteral("search"), text);
+    Singleton<ActionQueueController>::get()->enqueue(action, false);
+}
+
+void SalesScreen::give(const FunctionKey& key)
+{
+    auto* controller = Singleton<ActionQueueController>::get();
+    if (controller->isBusy())
+        return;
+    const bool handled = controller->isHandled(key.actionType);
+    control::Action action =
+        Singleton<control::ActionFactory>::get()->create(handled ? key.actionType : registeraction::explainKey);
+    if (!handled)
+        action.insert(QStringLiteral("text"), key.text);
+    for (auto argument = key.arguments.cbegin(); argument != key.arguments.cend(); ++argument)
+        action.insert(argument.key(), argument.value());
+    if (const int number = m_model.positionNumber(m_table->currentIndex().row()))
+        action.insert(QStringLiteral("positionNumber"), number);
+    controller->enqueue(action, false);
+}

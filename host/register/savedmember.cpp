@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "savedmember.h"
+
+#include "basicexception.h"
+
+#include <cmath>
+#include <limits>
+
+namespace savedmember
+{
+
+void refuse(const QString& name)
+{
+    throw BasicException(
+        tr::Tr(QStringLiteral("receiptMemberDamaged"), QStringLiteral("Данные «%1» отсутствуют или искажены"))
+            .arg(name));
+}
+
+QString text(const QJsonObject& object, const QString& name)
+{
+    const QJsonValue value = object.value(name);
+    if (!value.isString())
+        refuse(name);
+    return value.toString();
+}
+
+double number(const QJsonObject& object, const QString& name)
+{
+    const QJsonValue value = object.value(name);
+    if (!value.isDouble())
+        refuse(name);
+    return value.toDouble();
+}
+
+int positiveInteger(const QJsonObject& object, const QString& name)
+{
+    const double value = number(object, name);
+    if (value < 1 || value > std::numeric_limits<int>::max() || value != std::floor(value))
+        refuse(name);
+    return static_cast<int>(value);
+}
+
+QJsonArray list(const QJsonObject& object, const QString& name)
+{
+    const QJsonValue value = object.value(name);
+    if (!value.isArray())
+        refuse(name);
+    return value.toArray();
+}
+
+QJsonObject object(const QJsonObject& parent, const QString& name)
+{
+    const QJsonValue value = parent.value(name);
+    if (!value.isObject())
+        refuse(name);
+    return value.toObject();
+}
+
+} // namespace savedmember

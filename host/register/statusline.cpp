@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "statusline.h"
+
+#include "currenttime.h"
+#include "iconsviewnotifier.h"
+#include "tallokeyboard.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QTimer>
+
+StatusLine::StatusLine(QWidget* parent)
+    : QWidget(parent)
+{
+    setObjectName(QStringLiteral("statusLine"));
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(16, 0, 16, 6);
+    layout->setSpacing(24);
+    m_message = addLabel(QStringLiteral("statusMessageLabel"), 1);
+    m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_plugins = addLabel(QStringLiteral("pluginStateLabel"), 0);
+    m_keyboardLayout = addLabel(QStringLiteral("keyboardLayoutLabel"), 0);
+    m_clock = addLabel(QStringLiteral("clockLabel"), 0);
+
+    auto* timer = new QTimer(this);
+    connect(timer, &QTimer::timeout, this, &StatusLine::showTime);
+    timer->start(std::chrono::seconds(1));
+    showTime();
+    connect(Singleton<IconsViewNotifier>::get(), &IconsViewNotifier::iconsChanged, this, &StatusLine::onIconsChanged);
+}
+
+QLabel* StatusLine::addLabel(const QString& name, int stretch)
+{
+    auto* label = new QLabel(this);
+    label->setObjectName(name);
+    label->setProperty("textRole", QStringLiteral("hint"));
+    label->setTextFormat(Qt::PlainText);
+    static_cast<QHBoxLayout*>(layout())->addWidget(label, stretch);
+    return label;
+}
+
+void StatusLine::showMessage(const QString& text)
+{
+    m_message->setText(text);
+    m_message->setToolTip(text);
+}
+
+void StatusLine::showPlugins(const QString& text, const QString& details)
+{
+    m_plugins->setText(text);
+    m_plugins->setToolTip(details);
+}
+
+void StatusLine::showTime()
+{
+    m_clock->setText(CurrentTime::create()->current().toString(QStringLiteral("dd.MM.yyyy hh:mm")));
+}
+
+void StatusLine::onIconsChanged(QEvent::Type type, QObject* source)
+{
+    const auto* keyboard = qobject_cast<TalloKeyboard*>(source);
+    if (type == QEvent::KeyboardLayoutChange && keyboard)
+        m_keyboardLayout->setText(keyboard->currentLayout().toUpper());
+}
