@@ -12,7 +12,6 @@
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
-#include "valuelabel.h"
 #include "widgettext.h"
 
 #include <QItemSelectionModel>
@@ -38,6 +37,7 @@ ElectronicPrescriptionChoiceForm::ElectronicPrescriptionChoiceForm(const Electro
     }
     setUpButtons();
     setUpLabels();
+    setUpAccessibleNames();
     setUpInput();
 
     if (!params.isUseLast()) {
@@ -132,6 +132,7 @@ void ElectronicPrescriptionChoiceForm::setUpButtons()
         if (auto* button = findWidget<QPushButton>(name)) {
             connect(button, &QPushButton::clicked, this, slot);
             button->setText(text.ui());
+            button->setAccessibleName(text.ui());
         }
     }
 }
@@ -157,11 +158,30 @@ void ElectronicPrescriptionChoiceForm::setUpLabels()
         findWidget<QLabel>(name);
 }
 
+void ElectronicPrescriptionChoiceForm::setUpAccessibleNames()
+{
+    const WidgetText names[] = {
+        {"medicineNameLineEdit", tr::Tr("electronicPrescriptionChoiceFormFilter", "Поиск по МНН")},
+        {"electronicPrescriptionsTableView", tr::Tr("electronicPrescriptionChoiceFormTable", "Рецепты пациента")},
+        {"prescriptionScrollArea", tr::Tr("electronicPrescriptionChoiceFormDetails", "Сведения о рецепте")},
+        {"talloKeyboard", tr::Tr("electronicPrescriptionChoiceFormKeyboard", "Клавиатура")},
+        {"pageUpButton", tr::Tr("electronicPrescriptionChoiceFormPageUp", "Страница вверх")},
+        {"scrollUpButton", tr::Tr("electronicPrescriptionChoiceFormScrollUp", "Строка вверх")},
+        {"scrollDownButton", tr::Tr("electronicPrescriptionChoiceFormScrollDown", "Строка вниз")},
+        {"pageDownButton", tr::Tr("electronicPrescriptionChoiceFormPageDown", "Страница вниз")},
+    };
+    for (const auto& [name, text] : names) {
+        if (auto* widget = findWidget<QWidget>(name, false))
+            widget->setAccessibleName(text.ui());
+    }
+}
+
 void ElectronicPrescriptionChoiceForm::setUpInput()
 {
     m_tableView = findWidget<TalloTableView>("electronicPrescriptionsTableView");
     m_filterField = findWidget<TalloLineEdit>("medicineNameLineEdit", false);
     if (m_filterField) {
+        m_filterField->setPlaceholderText(m_filterField->accessibleName());
         m_filterField->installEventFilter(this);
         connect(m_filterField, &TalloLineEdit::textChanged, this, &ElectronicPrescriptionChoiceForm::filterTextChanged);
     }
@@ -199,7 +219,8 @@ QModelIndex ElectronicPrescriptionChoiceForm::sourceIndex(const QModelIndex& sho
 
 void ElectronicPrescriptionChoiceForm::setValue(const QString& label, const QString& text)
 {
-    showValue(findWidget<QLabel>(label), text);
+    if (auto* found = findWidget<QLabel>(label))
+        found->setText(text);
 }
 
 void ElectronicPrescriptionChoiceForm::sendAnswer(const QVariant& answer) const

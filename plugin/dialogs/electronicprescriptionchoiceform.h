@@ -42,6 +42,7 @@ private:
     void setUpKeyboard();
     void setUpButtons();
     void setUpLabels();
+    void setUpAccessibleNames();
     void setUpInput();
     void setSettings() const;
     void applyFilter(const QString& text);

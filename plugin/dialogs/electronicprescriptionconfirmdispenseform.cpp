@@ -28,6 +28,7 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
         if (auto* button = findWidget<QPushButton>(name)) {
             connect(button, &QPushButton::clicked, this, slot);
             button->setText(text.ui());
+            button->setAccessibleName(text.ui());
         }
     }
     if (auto* title = findWidget<QLabel>("titleLabel")) {

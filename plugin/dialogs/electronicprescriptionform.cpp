@@ -5,7 +5,6 @@
 #include "dialoganswer.h"
 #include "dialogeventfilter.h"
 #include "prescriptiondate.h"
-#include "valuelabel.h"
 #include "widgettext.h"
 
 #include <QLabel>
@@ -54,7 +53,8 @@ ElectronicPrescriptionForm::ElectronicPrescriptionForm(const ElectronicPrescript
         return;
     QSharedPointer<Patient> patient;
     params.getPatient(patient);
-    fill(*prescription, patient ? *patient : Patient(QString(), QDate()));
+    const Patient nobody{QString(), QDate()};
+    fill(*prescription, patient ? *patient : nobody);
 }
 
 void ElectronicPrescriptionForm::onChoose()
@@ -78,6 +78,7 @@ void ElectronicPrescriptionForm::setUpButtons(bool isActive)
         if (auto* button = findWidget<QPushButton>(name)) {
             connect(button, &QPushButton::clicked, this, slot);
             button->setText(text.ui());
+            button->setAccessibleName(text.ui());
         }
     }
     if (auto* chooseButton = findWidget<QPushButton>("chooseButton"))
@@ -129,6 +130,7 @@ void ElectronicPrescriptionForm::setUpKeys()
     auto* scrollArea = findWidget<QScrollArea>("detailsScrollArea", false);
     if (!scrollArea)
         return;
+    scrollArea->setAccessibleName(tr::Tr("electronicPrescriptionFormDetails", "Сведения о рецепте").ui());
     // The focus stands on a button, so the keys that scroll are the form's.
     constexpr std::pair<Qt::Key, QAbstractSlider::SliderAction> scrollKeys[] = {
         {Qt::Key_Up, QAbstractSlider::SliderSingleStepSub},   {Qt::Key_Down, QAbstractSlider::SliderSingleStepAdd},
@@ -188,7 +190,8 @@ void ElectronicPrescriptionForm::fill(const ElectronicPrescription& prescription
 
 void ElectronicPrescriptionForm::setValue(const QString& label, const QString& text)
 {
-    showValue(findWidget<QLabel>(label), text);
+    if (auto* found = findWidget<QLabel>(label))
+        found->setText(text);
 }
 
 void ElectronicPrescriptionForm::highlightDiscount()

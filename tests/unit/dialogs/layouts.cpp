@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+// How the forms stand on the screen: nothing is cut off, whatever the screen, the mode and the data.
+#include "dialogforms.h"
+#include "electronicprescriptionchoiceform.h"
+#include "electronicprescriptionconfirmdispenseform.h"
+#include "electronicprescriptionform.h"
+#include "registerstyle.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace
+{
+
+struct Case {
+    QSize screen;
+    bool isTouch;
+    bool isExtreme;
+};
+
+class Layouts : public DialogForms, public ::testing::WithParamInterface<Case>
+{
+protected:
+    Layouts()
+    {
+        setTouchMode(GetParam().isTouch);
+        qApp->setStyleSheet(registerStyleSheet(GetParam().isTouch));
+    }
+    ~Layouts() override { qApp->setStyleSheet(QString()); }
+
+    /// A name of the ordinary kind, or one of 10,000 characters without a blank.
+    static QString name(const QString& ordinary)
+    {
+        return GetParam().isExtreme ? QString(10000, QChar(u'Ж')) : ordinary;
+    }
+
+    static QSharedPointer<Patient> shownPatient()
+    {
+        return QSharedPointer<Patient>::create(name("Рябинина Ольга Петровна"), QDate(1961, 5, 4));
+    }
+
+    static QSharedPointer<ElectronicPrescription> shownPrescription()
+    {
+        const auto shown = prescription(name("Инсулин гларгин"));
+        shown->setInnCode("2104512");
+        shown->setTradeName(name("Лантус СолоСтар"));
+        shown->setTradeNameCode("100234");
+        shown->setPrescriptionDate(QDate(2024, 3, 1));
+        shown->setExpirationDate(QDate(2024, 4, 30));
+        shown->setPractitionerName(name("Осокин Лев Андреевич"));
+        shown->setPayByPatientSumFactor(0.5);
+        shown->setDoseQuantity(30);
+        shown->setInstructions(name("Подкожно по 10 единиц один раз в день вечером"));
+        shown->setPayingElectronicPrescriptionOrganization(
+            QSharedPointer<PayingElectronicPrescriptionOrganization>::create("77", name("Фонд здоровья")));
+        shown->setDictCode("2104512");
+        shown->setDictName(name("Инсулин гларгин, раствор для подкожного введения 100 ЕД/мл"));
+        for (int month = 0; month < (GetParam().isExtreme ? 12 : 2); ++month)
+            shown->addMedicationDispenseDate(QDate(2023, 1, 5).addMonths(month));
+        return shown;
+    }
+
+    /// Shows a form as a screen of its own and lets its layout settle.
+    static void openOnScreen(BasicForm& form)
+    {
+        form.rootWidget()->resize(GetParam().screen);
+        open(form);
+        QApplication::processEvents();
+        ASSERT_EQ(form.rootWidget()->size(), GetParam().screen) << "the form asks for more than the screen";
+    }
+
+    /// No control and no label outside a scroll area reaches over its parent or is smaller than its contents.
+    static void expectNothingCutOff(const BasicForm& form)
+    {
+        for (const auto* widget : form.rootWidget()->findChildren<QWidget*>()) {
+            if (!widget->isVisible() || !isLeaf(*widget))
+                continue;
+            const QRect parent = widget->parentWidget()->rect();
+            EXPECT_TRUE(parent.contains(widget->geometry())) << widget->objectName().toStdString();
+            const auto* label = qobject_cast<const QLabel*>(widget);
+            if (label) {
+                EXPECT_GE(label->height(), label->heightForWidth(label->width())) << label->objectName().toStdString();
+            }
+            if (qobject_cast<const QAbstractButton*>(widget)) {
+                EXPECT_GE(widget->width(), widget->minimumSizeHint().width()) << widget->objectName().toStdString();
+                EXPECT_GE(widget->height(), GetParam().isTouch ? 44 : 0) << widget->objectName().toStdString();
+            }
+        }
+    }
+
+    /// Scroll areas scroll up and down only: their contents are as wide as the view.
+    static void expectNoSidewaysScrolling(const BasicForm& form)
+    {
+        for (const auto* area : form.rootWidget()->findChildren<QScrollArea*>())
+            EXPECT_LE(area->widget()->width(), area->viewport()->width()) << area->objectName().toStdString();
+    }
+
+    static void expectAccessibleNames(const BasicForm& form)
+    {
+        for (const auto* widget : form.rootWidget()->findChildren<QWidget*>()) {
+            const bool isControl =
+                qobject_cast<const QAbstractButton*>(widget) || qobject_cast<const QLineEdit*>(widget) ||
+                qobject_cast<const QAbstractItemView*>(widget) || qobject_cast<const QScrollArea*>(widget);
+            if (isControl && widget->focusPolicy() != Qt::NoFocus) {
+                EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
+            }
+        }
+    }
+
+private:
+    static bool isLeaf(const QWidget& widget)
+    {
+        return qobject_cast<const QLabel*>(&widget) || qobject_cast<const QAbstractButton*>(&widget) ||
+               qobject_cast<const QLineEdit*>(&widget);
+    }
+};
+
+std::string caseName(const ::testing::TestParamInfo<Case>& info)
+{
+    return std::to_string(info.param.screen.width()) + (info.param.isTouch ? "_touch" : "_keyboard") +
+           (info.param.isExtreme ? "_longTexts" : "_ordinaryTexts");
+}
+
+constexpr QSize screens[] = {{1024, 600}, {1280, 800}, {1920, 1080}};
+
+std::vector<Case> cases()
+{
+    std::vector<Case> all;
+    for (const auto& screen : screens)
+        for (const bool isTouch : {false, true})
+            for (const bool isExtreme : {false, true})
+                all.push_back({screen, isTouch, isExtreme});
+    return all;
+}
+
+} // namespace
+
+TEST_P(Layouts, choiceForm_isWholeOnTheScreen)
+{
+    ElectronicPrescriptionChoiceForm form({{shownPrescription()}, "active", shownPatient(), false}, nullptr);
+    openOnScreen(form);
+    expectNothingCutOff(form);
+    expectNoSidewaysScrolling(form);
+    expectAccessibleNames(form);
+    EXPECT_GE(widget<QAbstractItemView>(form, "electronicPrescriptionsTableView")->viewport()->height(), 44 * 2)
+        << "there is room for some rows";
+}
+
+TEST_P(Layouts, detailsForm_isWholeOnTheScreen)
+{
+    ElectronicPrescriptionForm form({shownPrescription(), "active", shownPatient()}, nullptr);
+    openOnScreen(form);
+    expectNothingCutOff(form);
+    expectNoSidewaysScrolling(form);
+    expectAccessibleNames(form);
+    if (!GetParam().isExtreme) {
+        EXPECT_EQ(widget<QScrollArea>(form, "detailsScrollArea")->verticalScrollBar()->maximum(), 0)
+            << "ordinary details need no scrolling";
+    }
+}
+
+TEST_P(Layouts, confirmDispenseForm_isWholeAndNoLargerThanTheSmallestScreen)
+{
+    ElectronicPrescriptionConfirmDispenseForm form(ElectronicPrescriptionConfirmDispenseParams(shownPrescription()),
+                                                   nullptr);
+    open(form);
+    form.rootWidget()->adjustSize();
+    QApplication::processEvents();
+    EXPECT_LE(form.rootWidget()->width(), 1024);
+    EXPECT_LE(form.rootWidget()->height(), 600);
+    expectNothingCutOff(form);
+    expectNoSidewaysScrolling(form);
+    expectAccessibleNames(form);
+}
+
+INSTANTIATE_TEST_SUITE_P(, Layouts, ::testing::ValuesIn(cases()), caseName);
