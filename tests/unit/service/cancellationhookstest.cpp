@@ -1,0 +1,294 @@
+// SPDX-License-Identifier: MIT
+#include "pharmacydoubles.h"
+
+#include "electronicprescriptionexception.h"
+
+namespace
+{
+
+const QString start = "start electronicPrescriptionProcessMessage";
+
+QVariant wrapped(const QSharedPointer<AbstractDocument>& document)
+{
+    return QVariant::fromValue(document);
+}
+
+class Hooks : public PharmacyTest
+{
+protected:
+    void addThreeRegistered()
+    {
+        for (int number = 1; number <= 3; ++number)
+            addPosition(number, R"({"status":"dispensed"})");
+    }
+
+    void failAt(int number)
+    {
+        registry->onCancel = [number](GoodsItem& position) {
+            if (position.getNumber() == number)
+                throw ElectronicPrescriptionException({"aKey", "Отказ"});
+        };
+    }
+
+    QStringList states() const
+    {
+        QStringList all;
+        for (const auto& position : receipt->positions)
+            all << optionsOf(*position)["status"].toString();
+        return all;
+    }
+};
+
+TEST_F(Hooks, subtotalOfSale_registers)
+{
+    addPosition(1, "{}");
+
+    EXPECT_EQ(service.beforeSubtotal(control::Action(control::Subtotal)), EContext::GoOn);
+
+    EXPECT_EQ(journal, (QStringList{start, "register 1", "save", "stop"}));
+}
+
+TEST_F(Hooks, subtotalOfSaleFails_stops)
+{
+    addPosition(1, "{}");
+    registry->onDispense = [](GoodsItem&) { throw ElectronicPrescriptionException({"aKey", "Отказ"}); };
+
+    EXPECT_EQ(service.beforeSubtotal(control::Action(control::Subtotal)), EContext::Stop);
+}
+
+TEST_F(Hooks, subtotalOfCancellingDocument_cancelsAndRegistersNothing)
+{
+    receipt->type = 25;
+    addPosition(1, R"({"status":"dispensed"})");
+    addPosition(2, "{}");
+    control::Action action(control::Subtotal);
+    action.insert("document", "replaced in the copy");
+
+    EXPECT_EQ(service.beforeSubtotal(action), EContext::GoOn);
+
+    EXPECT_EQ(journal, (QStringList{start, "cancel 1", "save", "stop"}));
+    EXPECT_EQ(action.value("document"), "replaced in the copy") << "the host's action was changed";
+}
+
+TEST_F(Hooks, subtotalOfCancellingDocumentFails_stops)
+{
+    receipt->type = 25;
+    addThreeRegistered();
+    failAt(1);
+
+    EXPECT_EQ(service.beforeSubtotal(control::Action(control::Subtotal)), EContext::Stop);
+}
+
+TEST_F(Hooks, subtotalOfOtherDocument_goesOn)
+{
+    addPosition(1, "{}");
+    receipt->type = 2;
+    EXPECT_EQ(service.beforeSubtotal(control::Action(control::Subtotal)), EContext::GoOn);
+    DocumentWatcher::setCurrentDocument({});
+    EXPECT_EQ(service.beforeSubtotal(control::Action(control::Subtotal)), EContext::GoOn);
+
+    EXPECT_TRUE(journal.isEmpty());
+}
+
+TEST_F(Hooks, stornoOfSale_cancelsEveryPosition)
+{
+    addThreeRegistered();
+    const control::Action action(control::StornoAll);
+
+    EXPECT_EQ(service.beforeStornoAll(action), EContext::GoOn);
+
+    EXPECT_EQ(journal,
+              (QStringList{start, "cancel 1", "save", "cancel 2", "save", "cancel 3", "save", "stop"}));
+    EXPECT_TRUE(action.getArguments().isEmpty());
+}
+
+TEST_F(Hooks, stornoOfOtherDocument_goesOn)
+{
+    addThreeRegistered();
+    receipt->type = 25;
+    EXPECT_EQ(service.beforeStornoAll(control::Action(control::StornoAll)), EContext::GoOn);
+    DocumentWatcher::setCurrentDocument({});
+    EXPECT_EQ(service.beforeStornoAll(control::Action(control::StornoAll)), EContext::GoOn);
+
+    EXPECT_TRUE(journal.isEmpty());
+}
+
+TEST_F(Hooks, annulment_takesTheDocumentOfTheAction)
+{
+    addThreeRegistered();
+    const QSharedPointer<Receipt> stored(new Receipt);
+    stored->type = 2;
+    stored->closed = true;
+    stored->positions = {receipt->positions[1]};
+    control::Action action(control::AnnulDocument);
+    action.insert("document", wrapped(stored));
+
+    EXPECT_EQ(service.cancelElectronicPrescriptions(action), EContext::GoOn);
+
+    EXPECT_EQ(journal, (QStringList{start, "cancel 2", "stop"})) << "a closed document is saved by the register";
+    EXPECT_EQ(states(), (QStringList{"dispensed", "canceled", "dispensed"}));
+    EXPECT_EQ(events[0].value("message").value<tr::Tr>(),
+              tr::Tr("electronicPrescriptionProcessMessage", "Обращение к сервису электронных рецептов"));
+}
+
+TEST_F(Hooks, annulmentOfOpenDocument_savesAfterEachPosition)
+{
+    addThreeRegistered();
+    control::Action action(control::AnnulDocument);
+    action.insert("document", wrapped(receipt));
+
+    EXPECT_EQ(service.cancelElectronicPrescriptions(action), EContext::GoOn);
+
+    EXPECT_EQ(journal.count("save"), 3);
+}
+
+TEST_F(Hooks, secondOfThreeFails_firstIsCancelledAndThirdNotTried)
+{
+    addThreeRegistered();
+    failAt(2);
+    control::Action action(control::AnnulDocument);
+    action.insert("document", wrapped(receipt));
+
+    EXPECT_EQ(service.cancelElectronicPrescriptions(action), EContext::Stop);
+
+    EXPECT_EQ(journal,
+              (QStringList{start, "cancel 1", "save", "cancel 2", "message 1/1/0 aKey", "stop"}));
+    EXPECT_EQ(states(), (QStringList{"canceled", "dispensed", "dispensed"}));
+}
+
+TEST_F(Hooks, annulmentWithoutDocument_goesOnWithBothEvents)
+{
+    addThreeRegistered();
+    for (const QVariant& document : {QVariant(), QVariant("foreign"), wrapped({}), QVariant(7)}) {
+        journal.clear();
+        control::Action action(control::AnnulDocument);
+        if (document.isValid())
+            action.insert("document", document);
+
+        EXPECT_EQ(service.cancelElectronicPrescriptions(action), EContext::GoOn);
+
+        EXPECT_EQ(journal, (QStringList{start, "stop"}));
+    }
+}
+
+TEST_F(Hooks, documentWithoutPositions_goesOn)
+{
+    control::Action action(control::AnnulDocument);
+    action.insert("document", wrapped(receipt));
+
+    EXPECT_EQ(service.cancelElectronicPrescriptions(action), EContext::GoOn);
+
+    EXPECT_EQ(journal, (QStringList{start, "stop"}));
+}
+
+TEST_F(Hooks, annulmentThrows_stopEventGoesOut)
+{
+    addThreeRegistered();
+    registry->onCancel = [](GoodsItem&) { throw std::runtime_error("else"); };
+    control::Action action(control::AnnulDocument);
+    action.insert("document", wrapped(receipt));
+
+    EXPECT_THROW(service.cancelElectronicPrescriptions(action), std::runtime_error);
+
+    EXPECT_EQ(journal, (QStringList{start, "cancel 1", "stop"}));
+}
+
+class StornoOfPosition : public Hooks
+{
+protected:
+    EContext::Result storno(const QVariant& number)
+    {
+        control::Action action(control::StornoPosition);
+        if (number.isValid())
+            action.insert("positionNumber", number);
+        return service.cancelElectronicPrescriptionByAction(action);
+    }
+};
+
+TEST_F(StornoOfPosition, registered_isCancelledAndSaved)
+{
+    addThreeRegistered();
+
+    EXPECT_EQ(storno(2), EContext::GoOn);
+
+    EXPECT_EQ(journal, (QStringList{start, "cancel 2", "save", "stop"}));
+    EXPECT_EQ(states(), (QStringList{"dispensed", "canceled", "dispensed"}));
+}
+
+TEST_F(StornoOfPosition, numberAsText_isUnderstood)
+{
+    addThreeRegistered();
+
+    EXPECT_EQ(storno("3"), EContext::GoOn);
+
+    EXPECT_EQ(journal, (QStringList{start, "cancel 3", "save", "stop"}));
+}
+
+TEST_F(StornoOfPosition, registryRefuses_stops)
+{
+    addThreeRegistered();
+    failAt(2);
+
+    EXPECT_EQ(storno(2), EContext::Stop);
+
+    EXPECT_EQ(journal, (QStringList{start, "cancel 2", "message 1/1/0 aKey", "stop"}));
+}
+
+TEST_F(StornoOfPosition, unknownNumber_notFoundWithoutEvents)
+{
+    addThreeRegistered();
+
+    EXPECT_EQ(storno(4), EContext::NotFound);
+    EXPECT_EQ(storno(QVariant()), EContext::NotFound);
+
+    EXPECT_TRUE(journal.isEmpty());
+}
+
+TEST_F(StornoOfPosition, otherDocument_goesOn)
+{
+    addThreeRegistered();
+    receipt->type = 25;
+    EXPECT_EQ(storno(1), EContext::GoOn);
+    DocumentWatcher::setCurrentDocument({});
+    EXPECT_EQ(storno(1), EContext::GoOn);
+
+    EXPECT_TRUE(journal.isEmpty());
+}
+
+TEST_F(StornoOfPosition, throws_stopEventGoesOut)
+{
+    addThreeRegistered();
+    registry->onCancel = [](GoodsItem&) { throw std::runtime_error("else"); };
+
+    EXPECT_THROW(storno(1), std::runtime_error);
+
+    EXPECT_EQ(journal.last(), "stop");
+}
+
+/// A hook hands its work to the virtual step, with the flag that says whether to save.
+TEST_F(Hooks, cancellingStep_isCalledThroughTheObject)
+{
+    class WithStep : public Service
+    {
+    public:
+        mutable QStringList calls;
+        bool cancelElectronicPrescription(const QSharedPointer<GoodsItem>& position, bool saveDocument) const override
+        {
+            calls << QString("%1 %2").arg(position->getNumber()).arg(saveDocument);
+            return true;
+        }
+    } withStep;
+    addPosition(1);
+    control::Action action(control::AnnulDocument);
+    action.insert("document", wrapped(receipt));
+    action.insert("positionNumber", 1);
+
+    withStep.cancelElectronicPrescriptions(action);
+    receipt->closed = true;
+    withStep.cancelElectronicPrescriptions(action);
+    withStep.cancelElectronicPrescriptionByAction(action);
+
+    EXPECT_EQ(withStep.calls, (QStringList{"1 1", "1 0", "1 1"}));
+}
+
+} // namespace

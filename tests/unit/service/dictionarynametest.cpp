@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+#include "pharmacydoubles.h"
+
+#include "connectionfactory.h"
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+
+namespace
+{
+
+/// The goods database is a real SQLite file, behind the register's own read-only connection.
+class DictionaryName : public PharmacyTest
+{
+protected:
+    DictionaryName()
+    {
+        Singleton<ConnectionFactory>::instance = &connections;
+        config.setForThisRun("Database:driver", "QSQLITE");
+        config.setForThisRun("Database:name", folder.filePath("goods.db"));
+        prescription->setDictCode("123");
+    }
+
+    ~DictionaryName() override { Singleton<ConnectionFactory>::instance = nullptr; }
+
+    void execute(const QStringList& statements)
+    {
+        {
+            QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "dictionary");
+            database.setDatabaseName(folder.filePath("goods.db"));
+            ASSERT_TRUE(database.open());
+            for (const QString& statement : statements)
+                ASSERT_TRUE(QSqlQuery(database).exec(statement)) << qPrintable(statement);
+        }
+        QSqlDatabase::removeDatabase("dictionary");
+    }
+
+    void createDictionary()
+    {
+        execute({"CREATE TABLE medicine (dictcode INTEGER, dictname TEXT)",
+                 "INSERT INTO medicine VALUES (12, 'Аспирин'), (123, 'Парацетамол таб. 500 мг'), (124, NULL)"});
+    }
+
+    QString nameFor(const QString& code)
+    {
+        prescription->setDictCode(code);
+        prescription->setDictName("");
+        service.fillDictionaryName(prescription);
+        return prescription->getDictName();
+    }
+
+    QTemporaryDir folder;
+    ConnectionFactory connections;
+    QSharedPointer<ElectronicPrescription> prescription{prescriptionWithId("a")};
+};
+
+TEST_F(DictionaryName, knownCode_givesTheName)
+{
+    createDictionary();
+
+    EXPECT_EQ(nameFor("123"), "Парацетамол таб. 500 мг");
+    EXPECT_EQ(nameFor("12"), "Аспирин");
+}
+
+TEST_F(DictionaryName, codeColumnOfText_isComparedAsANumber)
+{
+    execute({"CREATE TABLE medicine (dictcode NUMERIC, dictname TEXT)",
+             "INSERT INTO medicine VALUES ('123', 'Парацетамол')"});
+
+    EXPECT_EQ(nameFor("123"), "Парацетамол");
+}
+
+TEST_F(DictionaryName, unknownCode_givesTheEmptyName)
+{
+    createDictionary();
+
+    EXPECT_EQ(nameFor("7"), "");
+    EXPECT_EQ(nameFor("124"), "") << "no name in the dictionary";
+}
+
+TEST_F(DictionaryName, severalRows_firstOneCounts)
+{
+    createDictionary();
+    execute({"INSERT INTO medicine VALUES (123, 'Другое')"});
+
+    EXPECT_EQ(nameFor("123"), "Парацетамол таб. 500 мг");
+}
+
+TEST_F(DictionaryName, nameKnownAlready_isNotLookedUp)
+{
+    createDictionary();
+    prescription->setDictName("as it was");
+
+    service.fillDictionaryName(prescription);
+
+    EXPECT_EQ(prescription->getDictName(), "as it was");
+}
+
+TEST_F(DictionaryName, emptyOrForeignCode_leavesTheNameEmpty)
+{
+    createDictionary();
+
+    EXPECT_EQ(nameFor(""), "");
+    EXPECT_EQ(nameFor("no number"), "");
+    EXPECT_EQ(nameFor("1; DROP TABLE medicine"), "");
+    EXPECT_EQ(nameFor("%1 %2"), "");
+    EXPECT_EQ(nameFor("123"), "Парацетамол таб. 500 мг");
+}
+
+TEST_F(DictionaryName, noTable_leavesTheNameEmpty)
+{
+    execute({"CREATE TABLE another (dictcode INTEGER)"});
+
+    EXPECT_EQ(nameFor("123"), "");
+}
+
+TEST_F(DictionaryName, noDatabase_leavesTheNameEmptyAndMakesNone)
+{
+    EXPECT_EQ(nameFor("123"), "");
+
+    EXPECT_FALSE(QFile::exists(folder.filePath("goods.db")));
+}
+
+TEST_F(DictionaryName, chosenPrescription_isLookedUpBeforeItsDetails)
+{
+    createDictionary();
+    cashier.rows << 0 << -1;
+    cashier.details << status(-1);
+
+    service.processElectronicPrescriptions("77", "active", {prescription});
+
+    EXPECT_EQ(prescription->getDictName(), "Парацетамол таб. 500 мг");
+}
+
+} // namespace

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+#include "pharmacydoubles.h"
+
+#include "electronicprescriptionexception.h"
+#include "electronicprescriptionnoprescriptionsexception.h"
+
+namespace
+{
+
+const QString start = "start electronicPrescriptionProcessMessage";
+
+class Dispensing : public PharmacyTest
+{
+protected:
+    EContext::Result dispense() { return service.dispenseElectronicPrescriptions(control::Action(control::Subtotal)); }
+};
+
+TEST_F(Dispensing, noPrescriptionPositions_goesOnWithoutAnything)
+{
+    addPosition(1);
+
+    EXPECT_EQ(dispense(), EContext::GoOn);
+
+    EXPECT_TRUE(journal.isEmpty());
+}
+
+TEST_F(Dispensing, noDocument_goesOnWithoutAnything)
+{
+    DocumentWatcher::setCurrentDocument({});
+
+    EXPECT_EQ(dispense(), EContext::GoOn);
+
+    EXPECT_TRUE(journal.isEmpty());
+}
+
+TEST_F(Dispensing, unregisteredPosition_isRegisteredMarkedAndSaved)
+{
+    const auto position = addPosition(1, R"({"id":"r1","doseQuantity":2})");
+
+    EXPECT_EQ(dispense(), EContext::GoOn);
+
+    EXPECT_EQ(journal, (QStringList{start, "register 1", "save", "stop"}));
+    EXPECT_EQ(position->getExtendedOptions(), R"({"doseQuantity":2,"id":"r1","status":"dispensed"})");
+    EXPECT_EQ(saved, QList<QSharedPointer<AbstractDocument>>{receipt});
+    EXPECT_EQ(savedFiles, QStringList{""});
+    EXPECT_EQ(events[0].value("message").value<tr::Tr>(),
+              tr::Tr("electronicPrescriptionProcessMessage", "Обращение к сервису электронных рецептов"));
+}
+
+TEST_F(Dispensing, dispenseIdWrittenByTheClient_isKept)
+{
+    const auto position = addPosition(1, R"({"id":"r1"})");
+    registry->onDispense = [](GoodsItem& dispensed) {
+        dispensed.setExtendedOptions(R"({"id":"r1","medicationDispenseId":"d9"})");
+    };
+
+    dispense();
+
+    EXPECT_EQ(position->getExtendedOptions(), R"({"id":"r1","medicationDispenseId":"d9","status":"dispensed"})");
+}
+
+TEST_F(Dispensing, everyDuePosition_isRegisteredInOrderAndSavedAtOnce)
+{
+    addPosition(3, "{}");
+    addPosition(1);
+    addPosition(2, R"({"status":"dispensed"})");
+    addPosition(4, R"({"status":"canceled"})");
+
+    EXPECT_EQ(dispense(), EContext::GoOn);
+
+    EXPECT_EQ(journal, (QStringList{start, "register 3", "save", "register 4", "save", "stop"}));
+}
+
+TEST_F(Dispensing, secondSubtotal_registersNothingAgain)
+{
+    addPosition(1, "{}");
+    dispense();
+    journal.clear();
+
+    EXPECT_EQ(dispense(), EContext::GoOn);
+
+    EXPECT_EQ(journal, (QStringList{start, "stop"}));
+}
+
+TEST_F(Dispensing, cancelledPosition_isRegisteredAgain)
+{
+    const auto position = addPosition(1, R"({"status":"canceled"})");
+
+    dispense();
+
+    EXPECT_EQ(journal, (QStringList{start, "register 1", "save", "stop"}));
+    EXPECT_EQ(optionsOf(*position)["status"], "dispensed");
+}
+
+TEST_F(Dispensing, positionsNotDue_keepTheirTextByteForByte)
+{
+    const QList<const char*> texts = {R"({ "status" : "dispensed" })", R"({"status": "Canceled"})",
+                                      R"({"status": ""})", R"({"status": null})", R"({"status": 1})"};
+    for (const char* text : texts)
+        addPosition(receipt->positions.size() + 1, text);
+    const auto untagged = addPosition(9);
+    untagged->setExtendedOptions("not JSON");
+
+    EXPECT_EQ(dispense(), EContext::GoOn);
+
+    EXPECT_EQ(journal, (QStringList{start, "stop"}));
+    for (int row = 0; row < texts.size(); ++row)
+        EXPECT_EQ(receipt->positions[row]->getExtendedOptions(), texts[row]);
+    EXPECT_EQ(untagged->getExtendedOptions(), "not JSON");
+}
+
+TEST_F(Dispensing, optionsAreNoJson_positionIsDue)
+{
+    const auto position = addPosition(1, "not JSON");
+
+    EXPECT_EQ(dispense(), EContext::GoOn);
+
+    EXPECT_EQ(position->getExtendedOptions(), R"({"status":"dispensed"})");
+}
+
+TEST_F(Dispensing, secondOfThreeFails_firstStaysRegisteredAndSubtotalStops)
+{
+    const auto first = addPosition(1, R"({"id":"a"})");
+    const auto second = addPosition(2, R"({ "id": "b", "status": "canceled" })");
+    const auto third = addPosition(3, R"({ "id": "c" })");
+    registry->onDispense = [](GoodsItem& position) {
+        if (position.getNumber() == 2)
+            throw ElectronicPrescriptionException({"aKey", "Отказ"});
+    };
+
+    EXPECT_EQ(dispense(), EContext::Stop);
+
+    EXPECT_EQ(journal, (QStringList{start, "register 1", "save", "register 2", "stop", "message 1/1/0 aKey"}));
+    EXPECT_EQ(messages, QList<tr::Tr>{tr::Tr("aKey", "Отказ")});
+    EXPECT_EQ(first->getExtendedOptions(), R"({"id":"a","status":"dispensed"})");
+    EXPECT_EQ(second->getExtendedOptions(), R"({ "id": "b", "status": "canceled" })");
+    EXPECT_EQ(third->getExtendedOptions(), R"({ "id": "c" })");
+
+    registry->onDispense = {};
+    journal.clear();
+    EXPECT_EQ(dispense(), EContext::GoOn);
+    EXPECT_EQ(journal, (QStringList{start, "register 2", "save", "register 3", "save", "stop"}));
+}
+
+TEST_F(Dispensing, noPrescriptionsException_isShownToo)
+{
+    addPosition(1, "{}");
+    registry->onDispense = [](GoodsItem&) { throw ElectronicPrescriptionNoPrescriptionsException({"none", "Нет"}); };
+
+    EXPECT_EQ(dispense(), EContext::Stop);
+
+    EXPECT_EQ(journal.last(), "message 1/1/0 none");
+}
+
+TEST_F(Dispensing, otherException_goesThroughAfterTheStopEvent)
+{
+    addPosition(1, "{}");
+    registry->onDispense = [](GoodsItem&) { throw BasicException({"aKey", "Сбой"}); };
+
+    EXPECT_THROW(dispense(), BasicException);
+
+    EXPECT_EQ(journal, (QStringList{start, "register 1", "stop"}));
+}
+
+class Cancelling : public PharmacyTest
+{
+protected:
+    QSharedPointer<GoodsItem> registered{
+        addPosition(1, R"({ "id": "a", "medicationDispenseId": "d9", "status": "dispensed" })")};
+};
+
+TEST_F(Cancelling, untaggedPosition_nothingToCancel)
+{
+    const auto position = addPosition(2);
+    position->setExtendedOptions(R"({ "status": "dispensed" })");
+
+    EXPECT_TRUE(service.cancelElectronicPrescription(position, true));
+
+    EXPECT_TRUE(journal.isEmpty());
+    EXPECT_EQ(position->getExtendedOptions(), R"({ "status": "dispensed" })");
+}
+
+TEST_F(Cancelling, neverRegistered_nothingToCancelAndOptionsStay)
+{
+    for (const char* text : {R"({ "id": "a" })", R"({ "status": "canceled" })", R"({ "status": "Dispensed" })",
+                             R"({ "status": true })", "not JSON", ""}) {
+        SCOPED_TRACE(text);
+        const auto position = addPosition(2, text);
+        EXPECT_TRUE(service.cancelElectronicPrescription(position, true));
+        EXPECT_EQ(position->getExtendedOptions(), text);
+    }
+    EXPECT_TRUE(journal.isEmpty());
+}
+
+TEST_F(Cancelling, registeredPosition_isCancelledMarkedAndSaved)
+{
+    EXPECT_TRUE(service.cancelElectronicPrescription(registered, true));
+
+    EXPECT_EQ(journal, (QStringList{"cancel 1", "save"}));
+    EXPECT_EQ(registered->getExtendedOptions(), R"({"id":"a","medicationDispenseId":"d9","status":"canceled"})");
+    EXPECT_EQ(saved, QList<QSharedPointer<AbstractDocument>>{receipt});
+    EXPECT_EQ(savedFiles, QStringList{""});
+}
+
+TEST_F(Cancelling, withoutSaving_optionsChangeAndNothingIsSaved)
+{
+    EXPECT_TRUE(service.cancelElectronicPrescription(registered, false));
+
+    EXPECT_EQ(journal, QStringList{"cancel 1"});
+    EXPECT_EQ(optionsOf(*registered)["status"], "canceled");
+}
+
+TEST_F(Cancelling, registryRefuses_isShownAndOptionsStay)
+{
+    const QString before = registered->getExtendedOptions();
+    registry->onCancel = [](GoodsItem&) { throw ElectronicPrescriptionException({"aKey", "Отказ"}); };
+
+    EXPECT_FALSE(service.cancelElectronicPrescription(registered, true));
+
+    EXPECT_EQ(journal, (QStringList{"cancel 1", "message 1/1/0 aKey"}));
+    EXPECT_EQ(messages, QList<tr::Tr>{tr::Tr("aKey", "Отказ")});
+    EXPECT_EQ(registered->getExtendedOptions(), before);
+}
+
+TEST_F(Cancelling, otherException_goesThrough)
+{
+    registry->onCancel = [](GoodsItem&) { throw std::runtime_error("else"); };
+
+    EXPECT_THROW(service.cancelElectronicPrescription(registered, true), std::runtime_error);
+}
+
+} // namespace

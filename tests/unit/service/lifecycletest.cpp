@@ -1,0 +1,395 @@
+// SPDX-License-Identifier: MIT
+#include "pharmacydoubles.h"
+
+#include "electronicprescriptionformcreator.h"
+#include "graphicaluserinterface.h"
+
+#include <log4qt/logmanager.h>
+
+#include <QMetaMethod>
+#include <QMetaType>
+
+namespace
+{
+
+class UserInterfaceDouble : public GraphicalUserInterface
+{
+public:
+    QList<QSharedPointer<BasicFormCreator>> creators;
+
+    UserInterfaceDouble() { Singleton<GraphicalUserInterface>::instance = this; }
+    ~UserInterfaceDouble() override { Singleton<GraphicalUserInterface>::instance = nullptr; }
+
+    void addFormCreator(const QSharedPointer<BasicFormCreator>& creator) override { creators << creator; }
+};
+
+class LifeCycle : public PharmacyTest
+{
+protected:
+    UserInterfaceDouble userInterface;
+
+    void restore(const QVariant& document)
+    {
+        service.handleEvent(Event(EActivityListener::DocumentRestored).addArgument("document", document));
+    }
+
+    void fillState()
+    {
+        service.patientCache.insert("active", QSharedPointer<Patient>(new Patient("Иванов Иван Иван", QDate())));
+        service.prescriptionCache.insert("active", {"77", {prescriptionWithId("1")}});
+        service.lastCardNumber = "77";
+    }
+
+    bool isCleared() const
+    {
+        return service.patientCache.isEmpty() && service.prescriptionCache.isEmpty() && service.lastCardNumber.isNull();
+    }
+};
+
+/// The service with steps that a test replaced.
+class ServiceWithSteps : public ElectronicPrescriptionService
+{
+public:
+    int cleared = 0;
+
+    void clear() override { ++cleared; }
+};
+
+TEST_F(LifeCycle, newService_hasClientAndLoggerAndNothingElse)
+{
+    const Service fresh;
+
+    EXPECT_TRUE(fresh.registryClient);
+    EXPECT_EQ(fresh.parent(), nullptr);
+    EXPECT_TRUE(fresh.patientCache.isEmpty());
+    EXPECT_TRUE(fresh.prescriptionCache.isEmpty());
+    EXPECT_TRUE(fresh.lastCardNumber.isNull());
+    EXPECT_TRUE(fresh.dosageSystemId.isNull());
+    EXPECT_EQ(fresh.logger, Log4Qt::LogManager::logger("electronicPrescription"));
+    EXPECT_TRUE(fresh.getHandlers().isEmpty());
+    EXPECT_TRUE(fresh.getTriggers().isEmpty());
+}
+
+TEST_F(LifeCycle, pharmacyMissingInConfiguration_initRegistersNothing)
+{
+    EXPECT_FALSE(service.init());
+
+    EXPECT_TRUE(service.getHandlers().isEmpty());
+    EXPECT_TRUE(service.getTriggers().isEmpty());
+    EXPECT_TRUE(userInterface.creators.isEmpty());
+    fillState();
+    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::ReceiptOpened));
+    EXPECT_FALSE(isCleared()) << "the service listens";
+}
+
+TEST_F(LifeCycle, pharmacyOff_initRegistersNothing)
+{
+    config.setForThisRun("plugins:pharmacy", "false");
+
+    EXPECT_FALSE(service.init());
+
+    EXPECT_TRUE(service.getHandlers().isEmpty());
+    EXPECT_TRUE(service.getTriggers().isEmpty());
+    EXPECT_TRUE(userInterface.creators.isEmpty());
+}
+
+class InitialisedLifeCycle : public LifeCycle
+{
+protected:
+    InitialisedLifeCycle()
+    {
+        config.setForThisRun("plugins:pharmacy", "true");
+        initialised = service.init();
+    }
+
+    bool initialised = false;
+};
+
+TEST_F(InitialisedLifeCycle, initSucceeds)
+{
+    EXPECT_TRUE(initialised);
+}
+
+TEST_F(InitialisedLifeCycle, dosageSystemMissingInConfiguration_isDictionaryUri)
+{
+    EXPECT_TRUE(service.dosageSystemId.startsWith("http")) << qPrintable(service.dosageSystemId);
+    EXPECT_TRUE(service.dosageSystemId.endsWith("/Справочник.Дозировка")) << qPrintable(service.dosageSystemId);
+}
+
+TEST_F(LifeCycle, dosageSystemInConfiguration_isTaken)
+{
+    config.setForThisRun("plugins:pharmacy", "true");
+    config.setForThisRun("ElectronicPrescription:dosageSystemId", "urn:dosage");
+
+    ASSERT_TRUE(service.init());
+
+    EXPECT_EQ(service.dosageSystemId, "urn:dosage");
+}
+
+TEST_F(InitialisedLifeCycle, oneHandler_isThePrescriptionCommand)
+{
+    const auto handlers = service.getHandlers();
+
+    ASSERT_EQ(handlers.size(), 1);
+    EXPECT_EQ(handlers[0].context, 6);
+    EXPECT_EQ(handlers[0].actionType, 94);
+    EXPECT_TRUE(handlers[0].enabled);
+    cashier.texts << core::BasicDialog::Result({}, true);
+    EXPECT_EQ(handlers[0].handler(control::Action(control::PrescriptionCommand)), EContext::Stop);
+    EXPECT_EQ(journal, QStringList{"ask inputCard"});
+}
+
+TEST_F(InitialisedLifeCycle, eightTriggers_inTheirOrder)
+{
+    struct Row {
+        int context;
+        int action;
+        int priority;
+    };
+    const QList<Row> expected = {{4, 224, 3}, {6, 224, 3}, {9, 224, 3}, {6, 133, 3},
+                                 {6, 144, 3}, {6, 202, 3}, {6, 131, 2}, {6, 206, 2}};
+    const auto triggers = service.getTriggers();
+
+    ASSERT_EQ(triggers.size(), expected.size());
+    for (int row = 0; row < expected.size(); ++row) {
+        SCOPED_TRACE(row + 1);
+        EXPECT_EQ(triggers[row].context, expected[row].context);
+        EXPECT_EQ(triggers[row].actionType, expected[row].action);
+        EXPECT_EQ(triggers[row].order, 1);
+        EXPECT_EQ(triggers[row].result, 0);
+        EXPECT_EQ(triggers[row].priority, expected[row].priority);
+    }
+}
+
+// Each hook leaves a trace of its own for a receipt with one registered and one unregistered position: the subtotal
+// registers, the annulment cancels what the action carries, the storno of a position cancels that one, the storno of
+// all cancels what is current.
+TEST_F(InitialisedLifeCycle, triggers_callTheirHooks)
+{
+    const QStringList annul = {"start electronicPrescriptionProcessMessage", "cancel 7", "stop"};
+    const QStringList subtotal = {"start electronicPrescriptionProcessMessage", "register 2", "save", "stop"};
+    const QStringList stornoPosition = {"start electronicPrescriptionProcessMessage", "cancel 1", "save", "stop"};
+    const QStringList stornoAll = {"start electronicPrescriptionProcessMessage", "cancel 1", "save", "stop"};
+    const QList<QStringList> expected = {annul,    annul,          annul,     subtotal,
+                                         subtotal, stornoPosition, stornoAll, stornoAll};
+
+    const QSharedPointer<Receipt> stored(new Receipt);
+    stored->closed = true;
+    for (int row = 0; row < expected.size(); ++row) {
+        SCOPED_TRACE(row + 1);
+        receipt->positions.clear();
+        addPosition(7, R"({"status":"dispensed"})");
+        stored->positions = std::exchange(receipt->positions, {});
+        addPosition(1, R"({"status":"dispensed"})");
+        addPosition(2, "{}");
+        control::Action action;
+        action.insert("document", QVariant::fromValue(QSharedPointer<AbstractDocument>(stored)));
+        action.insert("positionNumber", 1);
+        journal.clear();
+
+        EXPECT_EQ(service.getTriggers()[row].handler(action), EContext::GoOn);
+
+        EXPECT_EQ(journal, expected[row]);
+    }
+}
+
+TEST_F(InitialisedLifeCycle, listensToTheRegister)
+{
+    fillState();
+
+    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::ReceiptClosed));
+
+    EXPECT_TRUE(isCleared());
+}
+
+TEST_F(InitialisedLifeCycle, formCreator_isHandedOverAndNotKept)
+{
+    ASSERT_EQ(userInterface.creators.size(), 1);
+    EXPECT_TRUE(userInterface.creators[0].dynamicCast<ElectronicPrescriptionFormCreator>());
+    const QWeakPointer<BasicFormCreator> creator = userInterface.creators[0];
+    userInterface.creators.clear();
+    EXPECT_TRUE(creator.isNull());
+}
+
+class ReceiptEvent : public LifeCycle, public ::testing::WithParamInterface<int>
+{
+};
+
+TEST_P(ReceiptEvent, openedClosedOrCancelled_forgetsTheReceipt)
+{
+    fillState();
+
+    service.handleEvent(Event(EActivityListener::Event(GetParam())));
+
+    EXPECT_TRUE(isCleared());
+}
+
+TEST_P(ReceiptEvent, openedClosedOrCancelled_clearsThroughTheObject)
+{
+    ServiceWithSteps withSteps;
+
+    withSteps.handleEvent(Event(EActivityListener::Event(GetParam())));
+
+    EXPECT_EQ(withSteps.cleared, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(code, ReceiptEvent, ::testing::Values(10, 12, 22), ::testing::PrintToStringParamName());
+
+class OtherEvent : public LifeCycle, public ::testing::WithParamInterface<int>
+{
+};
+
+TEST_P(OtherEvent, changesNothing)
+{
+    fillState();
+
+    service.handleEvent(
+        Event(EActivityListener::Event(GetParam()))
+            .addArgument("document", QVariant::fromValue(QSharedPointer<AbstractDocument>(receipt))));
+
+    EXPECT_EQ(service.patientCache.size(), 1);
+    EXPECT_EQ(service.prescriptionCache.size(), 1);
+    EXPECT_EQ(service.lastCardNumber, "77");
+    EXPECT_TRUE(journal.isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(code, OtherEvent, ::testing::Values(0, 9, 11, 13, 16, 18, 21, 23, 72, 73, 196),
+                         ::testing::PrintToStringParamName());
+
+TEST_F(LifeCycle, cleared_copiesOfTheCachesStay)
+{
+    fillState();
+    const auto patients = service.patientCache;
+    const auto prescriptions = service.prescriptionCache;
+    const auto client = service.registryClient;
+    service.dosageSystemId = "urn:dosage";
+
+    service.clear();
+
+    EXPECT_TRUE(isCleared());
+    EXPECT_EQ(patients.size(), 1);
+    EXPECT_EQ(prescriptions.size(), 1);
+    EXPECT_EQ(service.registryClient, client);
+    EXPECT_EQ(service.dosageSystemId, "urn:dosage");
+    EXPECT_NE(service.logger, nullptr);
+}
+
+TEST_F(LifeCycle, restoredDocumentWithCardNumber_givesIt)
+{
+    receipt->setPluginValue("ElectronicPrescriptionService", "cardNumber", "4477");
+
+    restore(QVariant::fromValue(QSharedPointer<AbstractDocument>(receipt)));
+
+    EXPECT_EQ(service.lastCardNumber, "4477");
+}
+
+TEST_F(LifeCycle, restoredDocumentWithNumberAsCard_givesItsText)
+{
+    receipt->setPluginValue("ElectronicPrescriptionService", "cardNumber", 4477);
+
+    restore(QVariant::fromValue(QSharedPointer<AbstractDocument>(receipt)));
+
+    EXPECT_EQ(service.lastCardNumber, "4477");
+}
+
+TEST_F(LifeCycle, restoredDocumentWithoutCardNumber_leavesNull)
+{
+    service.lastCardNumber = "77";
+    receipt->setPluginValue("AnotherPlugin", "cardNumber", "1");
+    receipt->setPluginValue("ElectronicPrescriptionService", "cardnumber", "2");
+
+    restore(QVariant::fromValue(QSharedPointer<AbstractDocument>(receipt)));
+
+    EXPECT_TRUE(service.lastCardNumber.isNull());
+}
+
+TEST_F(LifeCycle, restoredDocumentIsTheOneOfTheEvent_notTheCurrentOne)
+{
+    receipt->setPluginValue("ElectronicPrescriptionService", "cardNumber", "of the current one");
+    const QSharedPointer<Receipt> restored(new Receipt);
+    restored->setPluginValue("ElectronicPrescriptionService", "cardNumber", "of the restored one");
+
+    restore(QVariant::fromValue(QSharedPointer<AbstractDocument>(restored)));
+
+    EXPECT_EQ(service.lastCardNumber, "of the restored one");
+}
+
+TEST_F(LifeCycle, restoredWithoutDocument_leavesNull)
+{
+    service.lastCardNumber = "77";
+    service.handleEvent(Event(EActivityListener::DocumentRestored));
+    EXPECT_TRUE(service.lastCardNumber.isNull());
+
+    service.lastCardNumber = "77";
+    restore("no document");
+    EXPECT_TRUE(service.lastCardNumber.isNull());
+
+    service.lastCardNumber = "77";
+    restore(QVariant::fromValue(QSharedPointer<AbstractDocument>()));
+    EXPECT_TRUE(service.lastCardNumber.isNull());
+}
+
+TEST_F(LifeCycle, document_convertsToQObject)
+{
+    const QVariant document = QVariant::fromValue(QSharedPointer<AbstractDocument>(receipt));
+
+    ASSERT_TRUE(document.canConvert<QObject*>());
+    EXPECT_EQ(document.value<QObject*>(), receipt.data());
+}
+
+TEST_F(LifeCycle, startEvent_carriesTheMessage)
+{
+    const tr::Tr message("aKey", "Текст");
+
+    service.sendStartEvent(message);
+
+    ASSERT_EQ(events.size(), 1);
+    EXPECT_EQ(events[0].getCode(), 72);
+    const QVariant value = events[0].value("message");
+    ASSERT_EQ(value.metaType(), QMetaType::fromType<tr::Tr>());
+    EXPECT_EQ(value.value<tr::Tr>(), message);
+}
+
+TEST_F(LifeCycle, stopEvent_carriesNothing)
+{
+    service.sendStopEvent();
+
+    ASSERT_EQ(events.size(), 1);
+    EXPECT_EQ(events[0].getCode(), 73);
+    EXPECT_FALSE(events[0].value("message").isValid());
+}
+
+TEST_F(LifeCycle, metaObject_hasOneSlotAndAnswersForEveryBase)
+{
+    const QMetaObject& meta = ElectronicPrescriptionService::staticMetaObject;
+    EXPECT_STREQ(meta.className(), "ElectronicPrescriptionService");
+    EXPECT_EQ(meta.superClass(), &BaseActivityListener::staticMetaObject);
+    ASSERT_EQ(meta.methodCount() - meta.methodOffset(), 1);
+    EXPECT_EQ(meta.method(meta.methodOffset()).methodSignature(), "handleEvent(Event)");
+    EXPECT_EQ(meta.method(meta.methodOffset()).methodType(), QMetaMethod::Slot);
+
+    ElectronicPrescriptionService* const object = &service;
+    EXPECT_EQ(object->qt_metacast("ElectronicPrescriptionService"), static_cast<void*>(object));
+    EXPECT_EQ(object->qt_metacast("BasicPlugin"), static_cast<void*>(static_cast<BasicPlugin*>(object)));
+    EXPECT_EQ(object->qt_metacast(AbstractPlugin_iid), static_cast<void*>(static_cast<AbstractPlugin*>(object)));
+    EXPECT_NE(object->qt_metacast("DocumentWatcher"), nullptr);
+    EXPECT_EQ(object->qt_metacast("BaseActivityListener"),
+              static_cast<void*>(static_cast<BaseActivityListener*>(object)));
+    EXPECT_EQ(object->qt_metacast("QObject"), static_cast<void*>(static_cast<QObject*>(object)));
+    EXPECT_EQ(object->qt_metacast("SomethingElse"), nullptr);
+    EXPECT_TRUE(QString(AbstractPlugin_iid).endsWith(".AbstractPlugin"));
+}
+
+TEST_F(LifeCycle, bases_standInTheirOrder)
+{
+    ElectronicPrescriptionService* const object = &service;
+    const void* const listener = static_cast<BaseActivityListener*>(object);
+    const void* const plugin = static_cast<BasicPlugin*>(object);
+    const void* const watcher = object->qt_metacast("DocumentWatcher");
+
+    EXPECT_EQ(listener, object);
+    EXPECT_LT(listener, plugin);
+    EXPECT_LE(plugin, watcher);
+}
+
+} // namespace

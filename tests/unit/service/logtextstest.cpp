@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "pharmacydoubles.h"
+
+#include "connectionfactory.h"
+#include "graphicaluserinterface.h"
+#include "logcapture.h"
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+
+namespace
+{
+
+class LogTexts : public PharmacyTest
+{
+protected:
+    LogTexts() { Singleton<ConnectionFactory>::instance = &connections; }
+    ~LogTexts() override { Singleton<ConnectionFactory>::instance = nullptr; }
+
+    QStringList lines() const { return log.lines().filter(" electronicPrescription "); }
+
+    void createDatabase(const QString& statement)
+    {
+        {
+            QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "dictionary");
+            database.setDatabaseName(folder.filePath("goods.db"));
+            ASSERT_TRUE(database.open());
+            ASSERT_TRUE(QSqlQuery(database).exec(statement));
+        }
+        QSqlDatabase::removeDatabase("dictionary");
+        config.setForThisRun("Database:name", folder.filePath("goods.db"));
+    }
+
+    void lookUp(const QString& code)
+    {
+        const auto prescription = prescriptionWithId("a");
+        prescription->setDictCode(code);
+        service.fillDictionaryName(prescription);
+    }
+
+    QTemporaryDir folder;
+    ConnectionFactory connections;
+    LogCapture log;
+};
+
+TEST_F(LogTexts, pharmacyOff_isAnError)
+{
+    service.init();
+
+    EXPECT_EQ(lines(), QStringList{"ERROR electronicPrescription Не подключен плагин 'pharmacy'"});
+}
+
+TEST_F(LogTexts, initialised_isAnInformation)
+{
+    GraphicalUserInterface userInterface;
+    Singleton<GraphicalUserInterface>::instance = &userInterface;
+    config.setForThisRun("plugins:pharmacy", "true");
+
+    service.init();
+
+    Singleton<GraphicalUserInterface>::instance = nullptr;
+    EXPECT_EQ(lines(), QStringList{"INFO electronicPrescription Инициализация выполнена"});
+}
+
+TEST_F(LogTexts, cardInputCancelled_isAWarning)
+{
+    cashier.texts << core::BasicDialog::Result({}, true);
+
+    service.processElectronicPrescriptionsByAction(control::Action(control::PrescriptionCommand));
+
+    EXPECT_EQ(lines(), QStringList{"WARN electronicPrescription Отменено пользователем"});
+}
+
+TEST_F(LogTexts, positionNotFound_isAnErrorWithTheNumber)
+{
+    control::Action action(control::StornoPosition);
+    action.insert("positionNumber", 17);
+
+    service.cancelElectronicPrescriptionByAction(action);
+
+    EXPECT_EQ(lines(), QStringList{"ERROR electronicPrescription Не удалось найти позицию с номером '17'"});
+}
+
+TEST_F(LogTexts, emptyDictionaryCode_failsToPrepare)
+{
+    createDatabase("CREATE TABLE medicine (dictcode INTEGER, dictname TEXT)");
+
+    lookUp("");
+
+    ASSERT_EQ(lines().size(), 1);
+    EXPECT_TRUE(lines()[0].startsWith("ERROR electronicPrescription Ошибка выполнения prepare для запроса "
+                                      "SELECT dictname FROM medicine WHERE dictcode =  LIMIT 1: "))
+        << qPrintable(lines()[0]);
+    EXPECT_TRUE(lines()[0].contains("syntax error"));
+}
+
+TEST_F(LogTexts, dictionaryCode_standsInTheStatement)
+{
+    createDatabase("CREATE TABLE another (dictcode INTEGER)");
+
+    lookUp("123");
+
+    ASSERT_EQ(lines().size(), 1);
+    EXPECT_TRUE(lines()[0].contains(" SELECT dictname FROM medicine WHERE dictcode = 123 LIMIT 1: "))
+        << qPrintable(lines()[0]);
+}
+
+TEST_F(LogTexts, placeholdersInTheCode_stayInTheStatement)
+{
+    createDatabase("CREATE TABLE another (dictcode INTEGER)");
+
+    lookUp("%2");
+
+    ASSERT_EQ(lines().size(), 1);
+    EXPECT_TRUE(lines()[0].contains(" WHERE dictcode = %2 LIMIT 1: ")) << qPrintable(lines()[0]);
+}
+
+TEST_F(LogTexts, statementFailsToRun_isAnErrorOfItsOwn)
+{
+    createDatabase("CREATE TABLE medicine (dictcode INTEGER, dictname TEXT)");
+
+    lookUp("?"); // one value is asked for and none is bound
+
+    ASSERT_EQ(lines().size(), 1);
+    EXPECT_TRUE(lines()[0].startsWith("ERROR electronicPrescription Ошибка выполнения запроса "
+                                      "SELECT dictname FROM medicine WHERE dictcode = ? LIMIT 1: "))
+        << qPrintable(lines()[0]);
+}
+
+TEST_F(LogTexts, noDatabase_failsToPrepare)
+{
+    config.setForThisRun("Database:name", folder.filePath("none.db"));
+
+    lookUp("123");
+
+    ASSERT_EQ(lines().size(), 1);
+    EXPECT_TRUE(lines()[0].startsWith("ERROR electronicPrescription Ошибка выполнения prepare для запроса "));
+}
+
+TEST_F(LogTexts, unknownDictionaryCode_isNotLogged)
+{
+    createDatabase("CREATE TABLE medicine (dictcode INTEGER, dictname TEXT)");
+
+    lookUp("123");
+
+    EXPECT_TRUE(lines().isEmpty());
+}
+
+TEST_F(LogTexts, wholeCommand_logsNeitherCardNorNames)
+{
+    registry->patient = {{"name", QJsonArray{QJsonObject{{"family", QJsonArray{"Петров"}}}}}};
+    registry->bundles = {QJsonObject()};
+    cashier.texts << QString("4477001");
+    cashier.rows << -1;
+
+    service.processElectronicPrescriptionsByAction(control::Action(control::PrescriptionCommand));
+
+    EXPECT_FALSE(log.text().contains("4477001"));
+    EXPECT_FALSE(log.text().contains("Петров"));
+}
+
+} // namespace

@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: MIT
+#include "pharmacydoubles.h"
+
+#include <QJsonDocument>
+
+void RegistryClient::getElectronicPrescriptionsByCardNumber(const QString& cardNumber, const QString& status,
+                                                            QJsonArray& prescriptions, QJsonObject& thePatient) const
+{
+    m_journal << QString("by card %1 %2").arg(cardNumber, status);
+    if (beforeAnswer)
+        beforeAnswer();
+    prescriptions = bundles;
+    thePatient = patient;
+}
+
+void RegistryClient::sendMedicationDispense(const QSharedPointer<GoodsItem>& position) const
+{
+    m_journal << QString("register %1").arg(position->getNumber());
+    if (onDispense)
+        onDispense(*position);
+}
+
+void RegistryClient::sendCancelMedicationDispense(const QSharedPointer<GoodsItem>& position) const
+{
+    m_journal << QString("cancel %1").arg(position->getNumber());
+    if (onCancel)
+        onCancel(*position);
+}
+
+core::BasicDialog::Result status(int value)
+{
+    return {QVariantMap{{"status", value}}};
+}
+
+class PharmacyTest::NotifierDouble : public ActivityNotifier
+{
+public:
+    explicit NotifierDouble(PharmacyTest& test)
+        : m_test(test)
+    {
+    }
+
+    void notify(const Event& event) override
+    {
+        m_test.events << event;
+        if (event.getCode() == EActivityListener::LongWorkBegins)
+            m_test.journal << "start " + event.value("message").value<tr::Tr>().key();
+        else if (event.getCode() == EActivityListener::LongWorkEnds)
+            m_test.journal << "stop";
+        else
+            m_test.journal << QString("event %1").arg(event.getCode());
+        ActivityNotifier::notify(event);
+    }
+
+private:
+    PharmacyTest& m_test;
+};
+
+class PharmacyTest::DialogDouble : public Dialog
+{
+public:
+    explicit DialogDouble(PharmacyTest& test)
+        : m_test(test)
+    {
+    }
+
+    void showMessage(const tr::Tr& text, int kind, int sound, int seconds) override
+    {
+        m_test.messages << text;
+        m_test.journal << QString("message %1/%2/%3 %4").arg(kind).arg(sound).arg(seconds).arg(text.key());
+    }
+
+    core::BasicDialog::Result showTextInput(const TextInputParams& params) override
+    {
+        m_test.textInputs << params;
+        m_test.journal << "ask " + params.inputName;
+        if (!m_test.cashier.texts.isEmpty())
+            return m_test.cashier.texts.takeFirst();
+        ADD_FAILURE() << "nobody answers the text input " << qPrintable(params.inputName);
+        return {{}, true};
+    }
+
+private:
+    PharmacyTest& m_test;
+};
+
+class PharmacyTest::PrescriptionDialogDouble : public ElectronicPrescriptionDialog
+{
+public:
+    explicit PrescriptionDialogDouble(PharmacyTest& test)
+        : m_test(test)
+    {
+    }
+
+    int choiceElectronicPrescription(const ElectronicPrescriptionChoiceParams& params) override
+    {
+        m_test.shownLists << params;
+        m_test.journal << (params.isUseLast() ? "list again" : "list");
+        if (!m_test.cashier.rows.isEmpty())
+            return m_test.cashier.rows.takeFirst();
+        ADD_FAILURE() << "nobody answers the list";
+        return -1;
+    }
+
+    core::BasicDialog::Result showElectronicPrescription(const ElectronicPrescriptionParams& params) override
+    {
+        m_test.shownDetails << params;
+        m_test.journal << "details";
+        if (!m_test.cashier.details.isEmpty())
+            return m_test.cashier.details.takeFirst();
+        ADD_FAILURE() << "nobody answers the details";
+        return status(-1);
+    }
+
+    core::BasicDialog::Result
+    confirmDispenseForElectronicPrescription(const ElectronicPrescriptionConfirmDispenseParams& params) override
+    {
+        m_test.shownConfirmations << params;
+        m_test.journal << "confirm";
+        if (!m_test.cashier.confirmations.isEmpty())
+            return m_test.cashier.confirmations.takeFirst();
+        ADD_FAILURE() << "nobody answers the confirmation";
+        return status(-1);
+    }
+
+private:
+    PharmacyTest& m_test;
+};
+
+class PharmacyTest::SaveDouble : public SaveToFileLogic
+{
+public:
+    explicit SaveDouble(PharmacyTest& test)
+        : m_test(test)
+    {
+    }
+
+    bool save(const QSharedPointer<AbstractDocument>& document, const QString& file) override
+    {
+        m_test.saved << document;
+        m_test.savedFiles << file;
+        m_test.journal << "save";
+        return true;
+    }
+
+private:
+    PharmacyTest& m_test;
+};
+
+class PharmacyTest::QueueDouble : public ActionQueueController
+{
+public:
+    explicit QueueDouble(PharmacyTest& test)
+        : m_test(test)
+    {
+    }
+
+    EContext::Result execute(control::Action& action) override
+    {
+        m_test.actions << action;
+        m_test.journal << QString("action %1").arg(action.getType());
+        return m_test.onAction(action);
+    }
+
+private:
+    PharmacyTest& m_test;
+};
+
+class PharmacyTest::LoyaltyDouble : public LoyaltySystemLayer
+{
+public:
+    explicit LoyaltyDouble(PharmacyTest& test)
+        : m_test(test)
+    {
+    }
+
+    void recalculate(const QSharedPointer<AbstractDocument>& document) override
+    {
+        m_test.recalculated << document;
+        m_test.journal << "recalculate";
+    }
+
+private:
+    PharmacyTest& m_test;
+};
+
+PharmacyTest::PharmacyTest()
+    : m_notifier(std::make_unique<NotifierDouble>(*this))
+    , m_queue(std::make_unique<QueueDouble>(*this))
+    , m_loyalty(std::make_unique<LoyaltyDouble>(*this))
+{
+    Singleton<ActivityNotifier>::instance = m_notifier.get();
+    Singleton<ActionQueueController>::instance = m_queue.get();
+    Singleton<LoyaltySystemLayer>::instance = m_loyalty.get();
+    MockFactory<Dialog>::mocked = [this] { return QSharedPointer<Dialog>(new DialogDouble(*this)); };
+    MockFactory<ElectronicPrescriptionDialog>::mocked = [this] {
+        return QSharedPointer<ElectronicPrescriptionDialog>(new PrescriptionDialogDouble(*this));
+    };
+    MockFactory<SaveToFileLogic>::mocked = [this] { return QSharedPointer<SaveToFileLogic>(new SaveDouble(*this)); };
+    DocumentWatcher::setCurrentDocument(receipt);
+    service.registryClient = registry;
+}
+
+PharmacyTest::~PharmacyTest()
+{
+    DocumentWatcher::setCurrentDocument({});
+    MockFactory<SaveToFileLogic>::mocked = {};
+    MockFactory<ElectronicPrescriptionDialog>::mocked = {};
+    MockFactory<Dialog>::mocked = {};
+    Singleton<LoyaltySystemLayer>::instance = nullptr;
+    Singleton<ActionQueueController>::instance = nullptr;
+    Singleton<ActivityNotifier>::instance = nullptr;
+}
+
+QSharedPointer<GoodsItem> PharmacyTest::addPosition(int number, const char* options, double price,
+                                                    double minRetailPrice)
+{
+    GoodsItem::Goods goods;
+    goods.number = number;
+    goods.price = price;
+    goods.minRetailPrice = minRetailPrice;
+    const QSharedPointer<GoodsItem> position(new GoodsItem(goods));
+    if (options) {
+        position->setTag("prescription");
+        position->setExtendedOptions(options);
+    }
+    receipt->positions << position;
+    return position;
+}
+
+QSharedPointer<ElectronicPrescription> prescriptionWithId(const QString& id)
+{
+    const QSharedPointer<ElectronicPrescription> prescription(new ElectronicPrescription);
+    prescription->setId(id);
+    return prescription;
+}
+
+QJsonObject optionsOf(const GoodsItem& position)
+{
+    const QJsonDocument document = QJsonDocument::fromJson(position.getExtendedOptions().toUtf8());
+    EXPECT_TRUE(document.isObject()) << qPrintable(position.getExtendedOptions());
+    return document.object();
+}

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "abstractdocument.h"
+#include "actionqueuecontroller.h"
+#include "activitynotifier.h"
+#include "config.h"
+#include "dialog.h"
+#include "electronicprescriptiondialog.h"
+#include "electronicprescriptioninterface.h"
+#include "electronicprescriptionservice.h"
+#include "goodsitem.h"
+#include "loyaltysystemlayer.h"
+#include "savetofilelogic.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+/// The service with its state in reach.
+class Service : public ElectronicPrescriptionService
+{
+public:
+    using ElectronicPrescriptionService::dosageSystemId;
+    using ElectronicPrescriptionService::lastCardNumber;
+    using ElectronicPrescriptionService::logger;
+    using ElectronicPrescriptionService::patientCache;
+    using ElectronicPrescriptionService::prescriptionCache;
+    using ElectronicPrescriptionService::registryClient;
+};
+
+/// The configuration while it lives; empty at first.
+class ConfigInPlace : public Config
+{
+public:
+    ConfigInPlace() { Singleton<Config>::instance = this; }
+    ~ConfigInPlace() override { Singleton<Config>::instance = nullptr; }
+};
+
+/// A document of any type whose positions the test sets.
+class Receipt : public AbstractDocument
+{
+public:
+    int type = Sale;
+    bool closed = false;
+    QList<QSharedPointer<GoodsItem>> positions;
+
+    int getType() const override { return type; }
+    QList<QSharedPointer<GoodsItem>> getPositions() const override { return positions; }
+    bool isClosed() const override { return closed; }
+};
+
+/// A registry client that answers what the test lays out, and fails where it is told to.
+class RegistryClient : public ElectronicPrescriptionInterface
+{
+public:
+    explicit RegistryClient(QStringList& journal)
+        : m_journal(journal)
+    {
+    }
+
+    QJsonArray bundles;
+    QJsonObject patient;
+    /// Called before a card is answered; may throw.
+    std::function<void()> beforeAnswer;
+    /// Called for the position that is registered or cancelled; may throw.
+    std::function<void(GoodsItem&)> onDispense;
+    std::function<void(GoodsItem&)> onCancel;
+
+    void getElectronicPrescriptionsByCardNumber(const QString& cardNumber, const QString& status,
+                                                QJsonArray& prescriptions, QJsonObject& thePatient) const override;
+    void sendMedicationDispense(const QSharedPointer<GoodsItem>& position) const override;
+    void sendCancelMedicationDispense(const QSharedPointer<GoodsItem>& position) const override;
+
+private:
+    QStringList& m_journal;
+};
+
+/// What the cashier answers, in order. A dialog without an answer left fails the test and is cancelled.
+struct Cashier {
+    QList<core::BasicDialog::Result> texts;
+    QList<int> rows;
+    QList<core::BasicDialog::Result> details;
+    QList<core::BasicDialog::Result> confirmations;
+};
+
+/// An answer of the details form or of the confirmation.
+core::BasicDialog::Result status(int value);
+
+/// Everything around the service is replaced by doubles that write down, in one journal, what happened in which order.
+class PharmacyTest : public ::testing::Test
+{
+protected:
+    PharmacyTest();
+    ~PharmacyTest() override;
+
+    /// Puts a position on the receipt; with the tag "prescription" when `options` is not null.
+    QSharedPointer<GoodsItem> addPosition(int number, const char* options = nullptr, double price = 100.0,
+                                          double minRetailPrice = 0.0);
+
+    /// Lines such as "start electronicPrescriptionProcessMessage", "stop", "message 1/1/0 aKey", "save", "list",
+    /// "list again", "details", "confirm", "ask inputCard", "action 219", "recalculate", "by card 77 active",
+    /// "register 1", "cancel 1".
+    QStringList journal;
+    Cashier cashier;
+
+    QSharedPointer<Receipt> receipt{new Receipt};
+    ConfigInPlace config;
+    Service service;
+    QSharedPointer<RegistryClient> registry{new RegistryClient(journal)};
+
+    /// What the register does with an action of the plug-in; by default it does it.
+    std::function<EContext::Result(control::Action&)> onAction = [](control::Action&) { return EContext::GoOn; };
+
+    QList<tr::Tr> messages;                        ///< shown to the cashier
+    QList<Event> events;                           ///< sent to the register
+    QList<TextInputParams> textInputs;             ///< shown to the cashier
+    QList<control::Action> actions;                ///< executed, as they were handed over
+    QList<QSharedPointer<AbstractDocument>> saved; ///< by SaveToFileLogic
+    QStringList savedFiles;
+    QList<ElectronicPrescriptionChoiceParams> shownLists;
+    QList<ElectronicPrescriptionParams> shownDetails;
+    QList<ElectronicPrescriptionConfirmDispenseParams> shownConfirmations;
+    QList<QSharedPointer<AbstractDocument>> recalculated;
+
+private:
+    class NotifierDouble;
+    class DialogDouble;
+    class PrescriptionDialogDouble;
+    class SaveDouble;
+    class QueueDouble;
+    class LoyaltyDouble;
+
+    std::unique_ptr<ActivityNotifier> m_notifier;
+    std::unique_ptr<ActionQueueController> m_queue;
+    std::unique_ptr<LoyaltySystemLayer> m_loyalty;
+};
+
+/// A prescription with an id and nothing else.
+QSharedPointer<ElectronicPrescription> prescriptionWithId(const QString& id);
+
+/// The options of a position as a JSON object; fails the test when they are none.
+QJsonObject optionsOf(const GoodsItem& position);
