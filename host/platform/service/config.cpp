@@ -14,24 +14,28 @@ template struct Singleton<Config>;
 namespace
 {
 
-/// Why a file cannot be read as an INI file in UTF-8; empty: it can. QSettings would take what is no text for an
-/// empty configuration.
-QString obstacleIn(const QString& path)
+struct IniText {
+    bool hasByteOrderMark = false;
+    QString error; ///< why the file is no text in UTF-8; empty: it is
+};
+
+/// Looks at a file before QSettings does, which would take what is no text for an empty configuration.
+IniText inspect(const QString& path)
 {
     const QFileInfo info(path);
     if (!info.exists())
-        return QStringLiteral("there is no file ") + path;
+        return {false, QStringLiteral("there is no file ") + path};
     if (!info.isFile())
-        return path + QStringLiteral(" is not a file");
+        return {false, path + QStringLiteral(" is not a file")};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return path + QStringLiteral(": ") + file.errorString();
+        return {false, path + QStringLiteral(": ") + file.errorString()};
     const QByteArray bytes = file.readAll();
     QStringDecoder decode(QStringDecoder::Utf8);
     const QString text = decode(bytes);
     if (decode.hasError() || text.contains(QChar::Null))
-        return path + QStringLiteral(" is not a text in UTF-8");
-    return {};
+        return {false, path + QStringLiteral(" is not a text in UTF-8")};
+    return {bytes.startsWith("\xEF\xBB\xBF"), {}};
 }
 
 /// QSettings' name of a key as ours: "section/key" becomes "section:key"; the section General is not named by
@@ -55,15 +59,17 @@ void warnAbout(const QString& key, const QString& expected)
 Config::Config() = default;
 
 Config::Config(const QString& file)
-    : m_error(obstacleIn(file))
 {
+    const IniText text = inspect(file);
+    m_error = text.error;
     if (!m_error.isEmpty())
         return;
     const QSettings settings(file, QSettings::IniFormat);
     const QStringList keys = settings.allKeys();
     for (const QString& key : keys) // a value with commas comes as a list
         m_values.insert(configKey(key), settings.value(key).toStringList().join(u','));
-    if (settings.status() != QSettings::NoError)
+    // Qt 6.4 reads what follows a byte order mark, but counts the mark itself as a faulty line.
+    if (settings.status() != QSettings::NoError && !text.hasByteOrderMark)
         m_error = file + QStringLiteral(" has lines that are neither a section nor a key with a value");
 }
 

@@ -52,6 +52,10 @@ void openReadOnly(QSqlDatabase& connection, const QString& section)
         logFailure(section, QStringLiteral("no read-only mode is known for the driver ") + connection.driverName());
         return;
     }
+    if (connection.databaseName().isEmpty() && connection.hostName().isEmpty()) { // SQLite would make an empty one up
+        logFailure(section, section + QStringLiteral(":name is not set"));
+        return;
+    }
     connection.setConnectOptions(QString::fromLatin1(mode->connectOptions));
     if (!connection.open()) {
         logFailure(section, connection.lastError().text());

@@ -14,7 +14,6 @@
 #include <QSaveFile>
 
 #include <cerrno>
-#include <cstring>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -43,18 +42,25 @@ QString syncFolder(const QString& folder)
 QString replaceFile(const QString& path, const QByteArray& content)
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    // Unbuffered: QSaveFile commits a file whose last buffer did not fit on the disk.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return file.errorString();
     file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    if (file.write(content) != content.size() || !file.commit())
-        return file.errorString();
-    return {};
+    for (qint64 written = 0; written < content.size();) {
+        const qint64 more = file.write(content.constData() + written, content.size() - written);
+        if (more <= 0)
+            return file.errorString();
+        written += more;
+    }
+    if (::fsync(file.handle()) != 0) // commit() syncs too, but goes on when that fails
+        return qt_error_string(errno);
+    return file.commit() ? QString() : file.errorString();
 }
 
 QString write(const AbstractDocument& document, const QString& folder, const QString& file)
 {
     if (folder.isEmpty())
-        return QStringLiteral("Register:data");
+        return tr::Tr(QStringLiteral("saveFolderNotConfigured"), QStringLiteral("в настройках нет Register:data")).ui();
     if (!QFileInfo(folder).isDir() || QFileInfo(file).fileName() != file)
         return qt_error_string(ENOENT);
     const QString failure = replaceFile(QDir(folder).filePath(file), QJsonDocument(document.toJson()).toJson());

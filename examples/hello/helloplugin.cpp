@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "helloplugin.h"
+
+#include "activitynotifier.h"
+#include "config.h"
+#include "dialog.h"
+
+bool HelloPlugin::init()
+{
+    if (!Singleton<Config>::get()->getBool(QStringLiteral("Hello:enabled")))
+        return false;
+
+    Singleton<ActivityNotifier>::get()->subscribe(this);
+    addHandler({EContext::Idle, greetCommand, [this](const control::Action&) { return greet(); }, true});
+    addTrigger({EContext::OpenReceipt, control::Subtotal, ActionTrigger::Before,
+                [this](const control::Action&) { return refuseEmptyReceipt(); }, ActionTrigger::Any, 100});
+    return true;
+}
+
+void HelloPlugin::handleEvent(const Event& event)
+{
+    if (event.getCode() == EActivityListener::ReceiptClosed)
+        ++m_closedReceipts;
+}
+
+EContext::Result HelloPlugin::greet()
+{
+    const QString greeting = Singleton<Config>::get()->getString(QStringLiteral("Hello:greeting"));
+    const tr::Tr text(QStringLiteral("helloGreeting"), QStringLiteral("%1\nЗакрыто чеков: %2"));
+    MockFactory<Dialog>::create()->showMessage(text.arg(greeting).arg(QString::number(m_closedReceipts)),
+                                               Dialog::Notice, 0, 0);
+    return EContext::GoOn;
+}
+
+EContext::Result HelloPlugin::refuseEmptyReceipt()
+{
+    const QSharedPointer<AbstractDocument> receipt = getDocument();
+    if (!receipt || !receipt->getPositions().isEmpty())
+        return EContext::GoOn;
+    const tr::Tr text(QStringLiteral("helloEmptyReceipt"), QStringLiteral("В чеке нет товаров.\nДобавьте товар."));
+    MockFactory<Dialog>::create()->showMessage(text, Dialog::Error, 1, 0);
+    return EContext::Stop;
+}

@@ -1,0 +1,421 @@
+// SPDX-License-Identifier: MIT
+#include "actionqueuecontroller.h"
+#include "basicexception.h"
+#include "basicform.h"
+#include "finally.h"
+#include "graphicaluserinterface.h"
+#include "inputblocker.h"
+#include "logcapture.h"
+#include "shownmessages.h"
+
+#include <QCoreApplication>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
+
+using control::Action;
+using control::EActionType;
+
+namespace
+{
+
+const auto ownCommand = EActionType(1000);
+const auto otherCommand = EActionType(1001);
+const QString resultKey = QStringLiteral("result");
+
+class ActionQueue : public ::testing::Test
+{
+protected:
+    /// A hook that notes its name and returns `result`.
+    ActionTrigger::Function noting(const QString& name, EContext::Result result = EContext::GoOn)
+    {
+        return [this, name, result](const Action&) {
+            m_steps.append(name);
+            return result;
+        };
+    }
+
+    void hostServes(EActionType type, EContext::Result result = EContext::GoOn)
+    {
+        m_controller->setHostHandler(type, [this, result](Action&) {
+            m_steps.append(QStringLiteral("action"));
+            return result;
+        });
+    }
+
+    void addTrigger(ActionTrigger::Order order, const QString& name, int priority,
+                    EContext::Result result = EContext::GoOn, ActionTrigger::Result expected = ActionTrigger::Any)
+    {
+        m_controller->addTrigger({EContext::Idle, ownCommand, order, noting(name, result), expected, priority});
+    }
+
+    EContext::Result execute(EActionType type)
+    {
+        Action action(type);
+        return m_controller->execute(action);
+    }
+
+    /// Lets what is queued run.
+    bool waitUntilIdle()
+    {
+        return QTest::qWaitFor([this] { return !m_controller->isBusy(); });
+    }
+
+    std::unique_ptr<ActionQueueController> m_controller = std::make_unique<ActionQueueController>();
+    ShownMessages m_messages;
+    QStringList m_steps;
+};
+
+QStringList words(const char* text)
+{
+    return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+TEST_F(ActionQueue, nobodyHandlesAction_isNotFoundAndNoTriggerRuns)
+{
+    addTrigger(ActionTrigger::Before, QStringLiteral("hook"), 1);
+    EXPECT_EQ(execute(ownCommand), EContext::NotFound);
+    EXPECT_FALSE(m_controller->isHandled(ownCommand));
+    EXPECT_TRUE(m_steps.isEmpty());
+}
+
+TEST_F(ActionQueue, hostHandler_writesIntoTheVeryAction)
+{
+    m_controller->setHostHandler(control::AddSelectedGoods, [](Action& action) {
+        action.insert(QStringLiteral("positionNumber"), 7);
+        return EContext::GoOn;
+    });
+    Action action(control::AddSelectedGoods);
+    EXPECT_EQ(m_controller->execute(action), EContext::GoOn);
+    EXPECT_EQ(action.value(QStringLiteral("positionNumber")).toInt(), 7);
+}
+
+TEST_F(ActionQueue, hostHandlers_certainContextWinsAndLaterReplacesEarlier)
+{
+    hostServes(ownCommand, EContext::NotFound);
+    hostServes(ownCommand, EContext::Stop);
+    EXPECT_EQ(execute(ownCommand), EContext::Stop);
+    m_controller->setHostHandler(EContext::Idle, ownCommand, [](Action&) { return EContext::GoOn; });
+    EXPECT_EQ(execute(ownCommand), EContext::GoOn);
+    m_controller->setContext(EContext::OpenReceipt);
+    EXPECT_EQ(execute(ownCommand), EContext::Stop);
+}
+
+TEST_F(ActionQueue, pluginHandler_servesItsContextOnly)
+{
+    m_controller->addHandler({EContext::OpenReceipt, ownCommand, noting(QStringLiteral("plug-in")), true});
+    EXPECT_EQ(execute(ownCommand), EContext::NotFound);
+    m_controller->setContext(EContext::OpenReceipt);
+    EXPECT_TRUE(m_controller->isHandled(ownCommand));
+    EXPECT_EQ(execute(ownCommand), EContext::GoOn);
+    EXPECT_EQ(m_steps, words("plug-in"));
+}
+
+TEST_F(ActionQueue, pluginHandlerDisabled_isPassedOver)
+{
+    m_controller->addHandler({EContext::Idle, ownCommand, noting(QStringLiteral("disabled")), false});
+    EXPECT_FALSE(m_controller->isHandled(ownCommand));
+    EXPECT_EQ(execute(ownCommand), EContext::NotFound);
+    EXPECT_TRUE(m_steps.isEmpty());
+}
+
+TEST_F(ActionQueue, severalHandlers_hostBeforePluginsAndFirstPluginBeforeSecond)
+{
+    m_controller->addHandler({EContext::Idle, ownCommand, noting(QStringLiteral("first")), true});
+    m_controller->addHandler({EContext::Idle, ownCommand, noting(QStringLiteral("second")), true});
+    execute(ownCommand);
+    hostServes(ownCommand);
+    execute(ownCommand);
+    EXPECT_EQ(m_steps, words("first action"));
+}
+
+TEST_F(ActionQueue, removedPluginEntries_leaveTheHosts)
+{
+    hostServes(ownCommand);
+    m_controller->addHandler({EContext::Idle, otherCommand, noting(QStringLiteral("plug-in")), true});
+    addTrigger(ActionTrigger::Before, QStringLiteral("hook"), 1);
+    m_controller->removePluginEntries();
+    EXPECT_EQ(execute(otherCommand), EContext::NotFound);
+    EXPECT_EQ(execute(ownCommand), EContext::GoOn);
+    EXPECT_EQ(m_steps, words("action"));
+}
+
+TEST_F(ActionQueue, triggers_runByPriorityAndEqualOnesAsAdded)
+{
+    hostServes(ownCommand);
+    addTrigger(ActionTrigger::After, QStringLiteral("late-after"), 9);
+    addTrigger(ActionTrigger::Before, QStringLiteral("five-a"), 5);
+    addTrigger(ActionTrigger::Before, QStringLiteral("five-b"), 5);
+    addTrigger(ActionTrigger::Before, QStringLiteral("minus"), -1);
+    addTrigger(ActionTrigger::Before, QStringLiteral("five-c"), 5);
+    addTrigger(ActionTrigger::After, QStringLiteral("early-after"), 0);
+    EXPECT_EQ(execute(ownCommand), EContext::GoOn);
+    EXPECT_EQ(m_steps, words("minus five-a five-b five-c action early-after late-after"));
+}
+
+TEST_F(ActionQueue, triggersOfOtherContextOrAction_doNotRun)
+{
+    hostServes(ownCommand);
+    m_controller->addTrigger({EContext::OpenReceipt, ownCommand, ActionTrigger::Before, noting(QStringLiteral("other")),
+                              ActionTrigger::Any, 1});
+    m_controller->addTrigger(
+        {EContext::Idle, otherCommand, ActionTrigger::Before, noting(QStringLiteral("other")), ActionTrigger::Any, 1});
+    EXPECT_EQ(execute(ownCommand), EContext::GoOn);
+    EXPECT_EQ(m_steps, words("action"));
+}
+
+class ActionQueueStopped : public ActionQueue, public ::testing::WithParamInterface<EContext::Result>
+{
+};
+
+TEST_P(ActionQueueStopped, triggerDoesNotGoOn_actionAndLaterTriggersDoNotRunAndResultIsReturned)
+{
+    hostServes(ownCommand);
+    addTrigger(ActionTrigger::Before, QStringLiteral("first"), 1);
+    addTrigger(ActionTrigger::Before, QStringLiteral("stopping"), 2, GetParam());
+    addTrigger(ActionTrigger::Before, QStringLiteral("later"), 3);
+    addTrigger(ActionTrigger::After, QStringLiteral("after"), 1);
+    EXPECT_EQ(execute(ownCommand), GetParam());
+    EXPECT_EQ(m_steps, words("first stopping"));
+    EXPECT_FALSE(m_controller->isBusy());
+}
+
+INSTANTIATE_TEST_SUITE_P(Results, ActionQueueStopped,
+                         ::testing::Values(EContext::Stop, EContext::NotFound, EContext::Result(3)),
+                         [](const auto& row) { return "result" + std::to_string(row.param); });
+
+TEST_F(ActionQueue, triggersAfter_waitForTheirOutcomeAndChangeNothing)
+{
+    addTrigger(ActionTrigger::After, QStringLiteral("any"), 1, EContext::Stop, ActionTrigger::Any);
+    addTrigger(ActionTrigger::After, QStringLiteral("done"), 2, EContext::Stop, ActionTrigger::Done);
+    addTrigger(ActionTrigger::After, QStringLiteral("failed"), 3, EContext::GoOn, ActionTrigger::Failed);
+    hostServes(ownCommand, EContext::GoOn);
+    EXPECT_EQ(execute(ownCommand), EContext::GoOn);
+    EXPECT_EQ(m_steps, words("action any done"));
+    m_steps.clear();
+    hostServes(ownCommand, EContext::NotFound);
+    EXPECT_EQ(execute(ownCommand), EContext::NotFound);
+    EXPECT_EQ(m_steps, words("action any failed"));
+}
+
+TEST_F(ActionQueue, actionNotAllowedInContext_stopsBeforeAnything)
+{
+    hostServes(ownCommand);
+    addTrigger(ActionTrigger::Before, QStringLiteral("hook"), 1);
+    Action action(ownCommand);
+    action.setAllowContexts({EContext::OpenReceipt, EContext::StoredDocuments});
+    EXPECT_EQ(m_controller->execute(action), EContext::Stop);
+    EXPECT_TRUE(m_steps.isEmpty());
+    m_controller->setContext(EContext::OpenReceipt);
+    EXPECT_EQ(m_controller->execute(action), EContext::GoOn);
+}
+
+TEST_F(ActionQueue, triggerThrowsBasicException_cashierReadsItsTextAndActionStops)
+{
+    hostServes(ownCommand);
+    m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
+                              [](const Action&) -> EContext::Result {
+                                  throw BasicException(
+                                      tr::Tr(QStringLiteral("cardUnknown"), QStringLiteral("Карта %1 неизвестна"))
+                                          .arg(QStringLiteral("11002200")));
+                              },
+                              ActionTrigger::Any, 1});
+    const LogCapture log;
+    EXPECT_EQ(execute(ownCommand), EContext::Stop);
+    ASSERT_EQ(m_messages.all().size(), 1);
+    EXPECT_EQ(m_messages.all().first().text, QStringLiteral("Карта 11002200 неизвестна"));
+    EXPECT_EQ(m_messages.all().first().kind, 1);
+    EXPECT_TRUE(m_steps.isEmpty());
+    EXPECT_EQ(log.lines(),
+              QStringList(QStringLiteral("ERROR action Stopped by an exception with the message cardUnknown")));
+    EXPECT_FALSE(m_controller->isBusy());
+}
+
+TEST_F(ActionQueue, handlerThrowsStandardException_isShownLoggedAndCountsAsStop)
+{
+    m_controller->setHostHandler(ownCommand, [](Action&) -> EContext::Result { throw std::runtime_error("too long"); });
+    addTrigger(ActionTrigger::After, QStringLiteral("failed"), 1, EContext::GoOn, ActionTrigger::Failed);
+    const LogCapture log;
+    EXPECT_EQ(execute(ownCommand), EContext::Stop);
+    ASSERT_EQ(m_messages.all().size(), 1);
+    EXPECT_TRUE(m_messages.all().first().text.contains(QStringLiteral("внутренней ошибки")));
+    EXPECT_TRUE(log.text().contains(QStringLiteral("too long"))) << log.text().toStdString();
+    EXPECT_EQ(m_steps, words("failed"));
+}
+
+TEST_F(ActionQueue, handlerThrowsNumber_isShownLoggedAndCountsAsStop)
+{
+    m_controller->setHostHandler(ownCommand, [](Action&) -> EContext::Result { throw 42; });
+    const LogCapture log;
+    EXPECT_EQ(execute(ownCommand), EContext::Stop);
+    EXPECT_EQ(m_messages.all().size(), 1);
+    EXPECT_TRUE(log.text().contains(QStringLiteral("unknown type"))) << log.text().toStdString();
+}
+
+TEST_F(ActionQueue, messageItselfThrows_isLoggedAndCountsAsStop)
+{
+    MockFactory<Dialog>::mocked = []() -> QSharedPointer<Dialog> { throw std::runtime_error("no screen"); };
+    m_controller->setHostHandler(ownCommand, [](Action&) -> EContext::Result { throw 42; });
+    const LogCapture log;
+    EXPECT_EQ(execute(ownCommand), EContext::Stop);
+    EXPECT_TRUE(log.text().contains(QStringLiteral("no screen")));
+}
+
+TEST_F(ActionQueue, afterTriggerThrows_outcomeStands)
+{
+    hostServes(ownCommand);
+    m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::After,
+                              [](const Action&) -> EContext::Result { throw 42; }, ActionTrigger::Any, 1});
+    addTrigger(ActionTrigger::After, QStringLiteral("next"), 2);
+    EXPECT_EQ(execute(ownCommand), EContext::GoOn);
+    EXPECT_EQ(m_messages.all().size(), 1);
+    EXPECT_EQ(m_steps, words("action next"));
+}
+
+TEST_F(ActionQueue, enqueuedActions_runLaterInOrderAndIdleIsSignalledOnce)
+{
+    m_controller->setHostHandler(ownCommand, [this](Action& action) {
+        m_steps.append(action.value(resultKey).toString());
+        return EContext::GoOn;
+    });
+    QSignalSpy idle(m_controller.get(), &ActionQueueController::idle);
+    for (const QString& name : words("a b c")) {
+        Action action(ownCommand);
+        action.insert(resultKey, name);
+        m_controller->enqueue(action, name == u"c");
+    }
+    EXPECT_TRUE(m_steps.isEmpty());
+    EXPECT_TRUE(m_controller->isBusy());
+    ASSERT_TRUE(waitUntilIdle());
+    EXPECT_EQ(m_steps, words("c a b"));
+    EXPECT_EQ(idle.size(), 1);
+}
+
+TEST_F(ActionQueue, enqueuedInsideAction_runsAfterItEvenWhenItHasAnEventLoop)
+{
+    hostServes(otherCommand);
+    m_controller->setHostHandler(ownCommand, [this](Action&) {
+        m_controller->enqueue(Action(otherCommand), true);
+        QCoreApplication::processEvents();
+        m_steps.append(QStringLiteral("end"));
+        return EContext::GoOn;
+    });
+    execute(ownCommand);
+    EXPECT_TRUE(m_controller->isBusy());
+    ASSERT_TRUE(waitUntilIdle());
+    EXPECT_EQ(m_steps, words("end action"));
+}
+
+TEST_F(ActionQueue, executeInsideHandler_runsAtOnce)
+{
+    hostServes(otherCommand);
+    m_controller->setHostHandler(ownCommand, [this](Action&) {
+        m_steps.append(QString::number(execute(otherCommand)));
+        return EContext::GoOn;
+    });
+    EXPECT_EQ(execute(ownCommand), EContext::GoOn);
+    EXPECT_EQ(m_steps, words("action 2"));
+}
+
+TEST_F(ActionQueue, inputBlocked_executeIsRefusedAndQueuedActionsWait)
+{
+    hostServes(ownCommand);
+    {
+        const InputBlocker blocker;
+        EXPECT_EQ(execute(ownCommand), EContext::Stop);
+        m_controller->enqueue(Action(ownCommand), true);
+        bool looked = false; // a timer that fires after the queue's first look
+        QTimer::singleShot(0, [&looked] { looked = true; });
+        ASSERT_TRUE(QTest::qWaitFor([&looked] { return looked; }));
+        EXPECT_TRUE(m_steps.isEmpty());
+        EXPECT_TRUE(m_controller->isBusy());
+    }
+    ASSERT_TRUE(waitUntilIdle());
+    EXPECT_EQ(m_steps, words("action"));
+}
+
+TEST_F(ActionQueue, formOnTop_itsContextCountsAndItsAnswerIsServedInsideTheAction)
+{
+    GraphicalUserInterface gui;
+    GraphicalUserInterface* const former = std::exchange(Singleton<GraphicalUserInterface>::instance, &gui);
+    const Finally restoring([former] { Singleton<GraphicalUserInterface>::instance = former; });
+
+    m_controller->setContext(EContext::OpenReceipt);
+    EContext::Code contextWithForm{};
+    core::BasicDialog::Result answer;
+    m_controller->setHostHandler(ownCommand, [&](Action&) {
+        QTimer::singleShot(0, m_controller.get(), [&] {
+            contextWithForm = m_controller->context();
+            Action reply(control::DialogAnswer);
+            reply.insert(QStringLiteral("data"), 3);
+            m_controller->enqueue(reply, true);
+        });
+        answer = gui.run(QSharedPointer<BasicForm>::create(nullptr));
+        return EContext::GoOn;
+    });
+    EXPECT_EQ(execute(ownCommand), EContext::GoOn);
+    EXPECT_EQ(contextWithForm, EContext::DialogOnTop);
+    EXPECT_EQ(answer.getData().toMap().value(QStringLiteral("data")).toInt(), 3);
+    EXPECT_FALSE(answer.canceled());
+    EXPECT_EQ(m_controller->context(), EContext::OpenReceipt);
+    EXPECT_FALSE(m_controller->isBusy());
+}
+
+TEST_F(ActionQueue, dialogAnswerWithoutForm_isPassedOver)
+{
+    m_controller->enqueue(Action(control::DialogAnswer), true);
+    EXPECT_FALSE(m_controller->isBusy());
+    EXPECT_EQ(execute(control::DialogAnswer), EContext::GoOn);
+}
+
+TEST_F(ActionQueue, entriesRemovedOrReplacedDuringAction_actionFinishesWithWhatItBeganWith)
+{
+    hostServes(ownCommand);
+    m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
+                              [this](const Action&) {
+                                  m_controller->removePluginEntries();
+                                  m_controller->setHostHandler(ownCommand, [](Action&) { return EContext::Stop; });
+                                  return EContext::GoOn;
+                              },
+                              ActionTrigger::Any, 1});
+    addTrigger(ActionTrigger::Before, QStringLiteral("second"), 2);
+    EXPECT_EQ(execute(ownCommand), EContext::GoOn);
+    EXPECT_EQ(m_steps, words("second action"));
+    EXPECT_EQ(execute(ownCommand), EContext::Stop);
+}
+
+TEST_F(ActionQueue, controllerDeletedByTrigger_actionEndsQuietly)
+{
+    hostServes(ownCommand);
+    auto* const controller = m_controller.get();
+    m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
+                              [this](const Action&) {
+                                  m_controller.reset();
+                                  return EContext::GoOn;
+                              },
+                              ActionTrigger::Any, 1});
+    addTrigger(ActionTrigger::Before, QStringLiteral("second"), 2);
+    Action action(ownCommand);
+    EXPECT_EQ(controller->execute(action), EContext::GoOn);
+    EXPECT_EQ(m_steps, words("second"));
+}
+
+TEST_F(ActionQueue, controllerDeletedByHandler_outcomeIsReturned)
+{
+    auto* const controller = m_controller.get();
+    m_controller->setHostHandler(ownCommand, [this](Action&) {
+        m_controller.reset();
+        return EContext::NotFound;
+    });
+    addTrigger(ActionTrigger::After, QStringLiteral("after"), 1);
+    Action action(ownCommand);
+    EXPECT_EQ(controller->execute(action), EContext::NotFound);
+    EXPECT_TRUE(m_steps.isEmpty());
+}

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "activitynotifier.h"
+#include "logcapture.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <stdexcept>
+
+namespace
+{
+
+class Listener : public BaseActivityListener
+{
+public:
+    explicit Listener(std::function<void(const Event&)> reaction = {})
+        : m_reaction(std::move(reaction))
+    {
+    }
+    void handleEvent(const Event& event) override
+    {
+        codes.append(event.getCode());
+        if (m_reaction)
+            m_reaction(event);
+    }
+
+    QList<int> codes;
+
+private:
+    std::function<void(const Event&)> m_reaction;
+};
+
+const Event opened(EActivityListener::ReceiptOpened);
+
+} // namespace
+
+TEST(Event, arguments_areReplacedByNameAndHaveDefaults)
+{
+    Event event(EActivityListener::LongWorkBegins);
+    event.addArgument(QStringLiteral("message"), 1)
+        .addArgument(QStringLiteral("other"), QStringLiteral("x"))
+        .addArgument(QStringLiteral("message"), 2);
+    EXPECT_EQ(event.getCode(), 72);
+    EXPECT_EQ(event.value(QStringLiteral("message")).toInt(), 2);
+    EXPECT_EQ(event.value(QStringLiteral("other")).toString(), QStringLiteral("x"));
+    EXPECT_FALSE(event.value(QStringLiteral("none")).isValid());
+    EXPECT_EQ(event.value(QStringLiteral("none"), 5).toInt(), 5);
+}
+
+TEST(Event, copy_isIndependent)
+{
+    Event event(EActivityListener::Event(196));
+    Event copy = event;
+    copy.addArgument(QStringLiteral("a"), 1);
+    EXPECT_FALSE(event.value(QStringLiteral("a")).isValid());
+    EXPECT_EQ(QVariant::fromValue(copy).value<Event>().value(QStringLiteral("a")).toInt(), 1);
+    EXPECT_EQ(copy.getCode(), 196);
+}
+
+TEST(ActivityNotifier, notify_reachesListenersInOrderOfSubscription)
+{
+    ActivityNotifier notifier;
+    QStringList order;
+    Listener first([&order](const Event&) { order += QStringLiteral("first"); });
+    Listener second([&order](const Event&) { order += QStringLiteral("second"); });
+    notifier.subscribe(&second);
+    notifier.subscribe(&first);
+    notifier.notify(opened);
+    EXPECT_EQ(order, QStringList({QStringLiteral("second"), QStringLiteral("first")}));
+    EXPECT_EQ(first.codes, QList<int>{10});
+}
+
+TEST(ActivityNotifier, subscribedTwiceOrNull_isCalledOnce)
+{
+    ActivityNotifier notifier;
+    Listener listener;
+    notifier.subscribe(nullptr);
+    notifier.subscribe(&listener);
+    notifier.subscribe(&listener);
+    notifier.notify(opened);
+    EXPECT_EQ(listener.codes.size(), 1);
+}
+
+TEST(ActivityNotifier, listenerDestroyed_dropsOut)
+{
+    ActivityNotifier notifier;
+    Listener staying;
+    {
+        Listener leaving;
+        notifier.subscribe(&leaving);
+        notifier.subscribe(&staying);
+    }
+    notifier.notify(opened);
+    EXPECT_EQ(staying.codes.size(), 1);
+}
+
+TEST(ActivityNotifier, listenerDestroysTheNextDuringNotify_nextIsNotCalledAndOthersAre)
+{
+    ActivityNotifier notifier;
+    auto victim = std::make_unique<Listener>();
+    Listener killer([&victim](const Event&) { victim.reset(); });
+    Listener last;
+    notifier.subscribe(&killer);
+    notifier.subscribe(victim.get());
+    notifier.subscribe(&last);
+    notifier.notify(opened);
+    notifier.notify(opened);
+    EXPECT_EQ(last.codes.size(), 2);
+}
+
+TEST(ActivityNotifier, listenerDestroysItselfDuringNotify_othersAreCalled)
+{
+    ActivityNotifier notifier;
+    Listener* own = new Listener([&own](const Event&) {
+        Listener* self = own;
+        own = nullptr;
+        delete self;
+    });
+    Listener last;
+    notifier.subscribe(own);
+    notifier.subscribe(&last);
+    notifier.notify(opened);
+    notifier.notify(opened);
+    EXPECT_EQ(own, nullptr);
+    EXPECT_EQ(last.codes.size(), 2);
+}
+
+TEST(ActivityNotifier, listenerSubscribesAnotherDuringNotify_newOneHearsTheNextEvent)
+{
+    ActivityNotifier notifier;
+    Listener added;
+    Listener adding([&](const Event&) { notifier.subscribe(&added); });
+    notifier.subscribe(&adding);
+    notifier.notify(opened);
+    EXPECT_TRUE(added.codes.isEmpty());
+    notifier.notify(Event(EActivityListener::ReceiptClosed));
+    EXPECT_EQ(added.codes, QList<int>{12});
+}
+
+TEST(ActivityNotifier, listenerNotifiesAgain_innerEventIsDeliveredFirst)
+{
+    ActivityNotifier notifier;
+    Listener chaining([&](const Event& event) {
+        if (event.getCode() == EActivityListener::ReceiptOpened)
+            notifier.notify(Event(EActivityListener::ReceiptCancelled));
+    });
+    Listener last;
+    notifier.subscribe(&chaining);
+    notifier.subscribe(&last);
+    notifier.notify(opened);
+    EXPECT_EQ(last.codes, (QList<int>{22, 10}));
+}
+
+TEST(ActivityNotifier, listenerThrows_isLoggedAndOthersHearTheEvent)
+{
+    ActivityNotifier notifier;
+    Listener failing([](const Event&) { throw std::runtime_error("name of a patient"); });
+    Listener failingOddly([](const Event&) { throw 5; });
+    Listener last;
+    notifier.subscribe(&failing);
+    notifier.subscribe(&failingOddly);
+    notifier.subscribe(&last);
+    const LogCapture log;
+    EXPECT_NO_THROW(notifier.notify(opened));
+    EXPECT_EQ(last.codes, QList<int>{10});
+    const QString line = QStringLiteral("ERROR activity BaseActivityListener failed in event 10");
+    EXPECT_EQ(log.lines(), QStringList({line, line}));
+}

@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: MIT
+#include "documentwatcher.h"
+#include "finally.h"
+#include "plaindocument.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+const QString plugin = QStringLiteral("ElectronicPrescriptionService");
+const QString card = QStringLiteral("cardNumber");
+
+GoodsItem::Goods aspirin()
+{
+    return {3, QStringLiteral("Аспирин \"500\""), 10.01, 1.2, 11.5, 2.0};
+}
+
+class Watcher : public DocumentWatcher
+{
+public:
+    using DocumentWatcher::getDocument;
+};
+
+} // namespace
+
+TEST(GoodsItem, fresh_holdsItsGoodsAndNothingOfPlugins)
+{
+    const GoodsItem item(aspirin());
+    EXPECT_EQ(item.getNumber(), 3);
+    EXPECT_EQ(item.getName(), QStringLiteral("Аспирин \"500\""));
+    EXPECT_DOUBLE_EQ(item.getPrice(), 10.01);
+    EXPECT_DOUBLE_EQ(item.getMinRetailPrice(), 1.2);
+    EXPECT_DOUBLE_EQ(item.getTmcPrice(), 11.5);
+    EXPECT_DOUBLE_EQ(item.getQuantity(), 2.0);
+    EXPECT_DOUBLE_EQ(item.getSumb(), 20.02);
+    EXPECT_TRUE(item.getTags().isEmpty());
+    EXPECT_EQ(item.getExtendedOptions(), QString());
+    EXPECT_EQ(item.getSoftCheckId(), QString());
+}
+
+TEST(GoodsItem, default_isOnePackOfNothing)
+{
+    const GoodsItem item;
+    EXPECT_EQ(item.getNumber(), 0);
+    EXPECT_DOUBLE_EQ(item.getQuantity(), 1.0);
+    EXPECT_DOUBLE_EQ(item.getSumb(), 0.0);
+}
+
+TEST(GoodsItem, priceSet_sumFollows)
+{
+    GoodsItem item(aspirin());
+    item.setPrice(0.5);
+    EXPECT_DOUBLE_EQ(item.getPrice(), 0.5);
+    EXPECT_DOUBLE_EQ(item.getSumb(), 1.0);
+}
+
+struct Sum {
+    const char* name;
+    double price;
+    double quantity;
+    double sum;
+};
+
+class GoodsItemSum : public ::testing::TestWithParam<Sum>
+{
+};
+
+TEST_P(GoodsItemSum, priceTimesQuantity_isRoundedHalfAwayFromZero)
+{
+    GoodsItem::Goods goods;
+    goods.price = GetParam().price;
+    goods.quantity = GetParam().quantity;
+    EXPECT_DOUBLE_EQ(GoodsItem(goods).getSumb(), GetParam().sum);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sums, GoodsItemSum,
+                         ::testing::Values(Sum{"halfThatBinaryLoses", 1.005, 1.0, 1.01},
+                                           Sum{"otherHalfThatBinaryLoses", 2.675, 1.0, 2.68},
+                                           Sum{"halfPack", 10.01, 0.5, 5.01}, Sum{"negative", -1.005, 1.0, -1.01},
+                                           Sum{"belowHalf", 1.0049, 1.0, 1.0}, Sum{"zero", 0.0, 5.0, 0.0},
+                                           Sum{"large", 999999.99, 1000.0, 999999990.0}),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(GoodsItem, setTagTwice_isThereOnceAndOrderIsKept)
+{
+    GoodsItem item;
+    item.setTag(QStringLiteral("prescription"));
+    item.setTag(QStringLiteral("other"));
+    item.setTag(QStringLiteral("prescription"));
+    EXPECT_EQ(item.getTags(), QStringList({QStringLiteral("prescription"), QStringLiteral("other")}));
+}
+
+TEST(AbstractDocument, getPosition_isFoundByNumberNotByPlace)
+{
+    PlainDocument document;
+    const auto item = document.add(aspirin());
+    EXPECT_EQ(document.getPosition(3), item);
+    EXPECT_EQ(document.getPosition(0), nullptr);
+    EXPECT_EQ(document.getPosition(1), nullptr);
+    EXPECT_EQ(document.getPosition(-1), nullptr);
+}
+
+TEST(AbstractDocument, pluginValues_areKeptApartByPluginAndKey)
+{
+    PlainDocument document;
+    document.setPluginValue(plugin, card, QStringLiteral("1100"));
+    document.setPluginValue(QStringLiteral("Other"), card, 5);
+    EXPECT_EQ(document.getPluginValue(plugin, card, {}).toString(), QStringLiteral("1100"));
+    EXPECT_EQ(document.getPluginValue(QStringLiteral("Other"), card, {}).toInt(), 5);
+    EXPECT_EQ(document.getPluginValue(plugin, QStringLiteral("none"), 7).toInt(), 7);
+    EXPECT_EQ(document.getPluginValue(QStringLiteral("None"), card, 7).toInt(), 7);
+    EXPECT_FALSE(document.getPluginValue(QStringLiteral("None"), card, {}).isValid());
+}
+
+TEST(AbstractDocument, invalidPluginValue_removesTheEntry)
+{
+    PlainDocument document;
+    document.setPluginValue(plugin, card, QStringLiteral("1100"));
+    document.setPluginValue(plugin, card, QVariant());
+    document.setPluginValue(plugin, QStringLiteral("never"), QVariant());
+    EXPECT_EQ(document.getPluginValue(plugin, card, 7).toInt(), 7);
+    EXPECT_TRUE(document.toJson().value(QStringLiteral("plugins")).toObject().isEmpty());
+}
+
+TEST(AbstractDocument, toJson_holdsEverything)
+{
+    PlainDocument document;
+    const auto item = document.add(aspirin());
+    item->setTag(QStringLiteral("prescription"));
+    item->setExtendedOptions(QStringLiteral("{\"doseQuantity\":2}"));
+    item->setSoftCheckId(QStringLiteral("id-1"));
+    document.setPluginValue(plugin, card, QStringLiteral("1100"));
+    const QJsonDocument expected = QJsonDocument::fromJson(R"({
+        "format": 1, "type": 1, "closed": false,
+        "positions": [{
+            "number": 3, "name": "Аспирин \"500\"",
+            "price": 10.01, "minRetailPrice": 1.2, "tmcPrice": 11.5, "quantity": 2, "sum": 20.02,
+            "tags": ["prescription"], "extendedOptions": "{\"doseQuantity\":2}", "softCheckId": "id-1"
+        }],
+        "plugins": {"ElectronicPrescriptionService": {"cardNumber": "1100"}}
+    })");
+    ASSERT_FALSE(expected.isNull());
+    EXPECT_EQ(QJsonDocument(document.toJson()).toJson(), expected.toJson());
+}
+
+TEST(AbstractDocument, empty_isOpenAndHasEmptyMembers)
+{
+    const PlainDocument document;
+    EXPECT_FALSE(document.isClosed());
+    const QJsonObject json = document.toJson();
+    EXPECT_TRUE(json.value(QStringLiteral("positions")).isArray());
+    EXPECT_TRUE(json.value(QStringLiteral("positions")).toArray().isEmpty());
+    EXPECT_TRUE(json.value(QStringLiteral("plugins")).isObject());
+}
+
+TEST(AbstractDocument, inVariant_travelsAsSharedPointerToTheBase)
+{
+    const QSharedPointer<AbstractDocument> document = QSharedPointer<PlainDocument>::create();
+    const QVariant variant = QVariant::fromValue(document);
+    EXPECT_STREQ(variant.metaType().name(), "QSharedPointer<AbstractDocument>");
+    EXPECT_EQ(variant.value<QSharedPointer<AbstractDocument>>(), document);
+    EXPECT_EQ(QVariant(QStringLiteral("x")).value<QSharedPointer<AbstractDocument>>(), nullptr);
+}
+
+TEST(DocumentWatcher, documentSet_everyWatcherSeesItUntilItIsTakenAway)
+{
+    const Finally restoring([] { DocumentWatcher::setCurrentDocument(nullptr); });
+    const Watcher before;
+    EXPECT_EQ(before.getDocument(), nullptr);
+    QSharedPointer<AbstractDocument> document = QSharedPointer<PlainDocument>::create();
+    DocumentWatcher::setCurrentDocument(document);
+    const Watcher after;
+    EXPECT_EQ(before.getDocument(), document);
+    EXPECT_EQ(after.getDocument(), document);
+    const QWeakPointer<AbstractDocument> watched = document;
+    document.clear();
+    EXPECT_NE(after.getDocument(), nullptr);
+    DocumentWatcher::setCurrentDocument(nullptr);
+    EXPECT_EQ(before.getDocument(), nullptr);
+    EXPECT_TRUE(watched.isNull());
+}

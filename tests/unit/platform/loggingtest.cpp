@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "logcapture.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+/// Logging is set up once in a process; every case has a process of its own.
+class LoggingSetUp : public ::testing::Test
+{
+protected:
+    void write(const QString& folder, const QString& properties, const QStringList& messages = {})
+    {
+        QProcess process;
+        process.start(QStringLiteral(LOGWRITER), QStringList({folder, properties}) + messages);
+        ASSERT_TRUE(process.waitForFinished());
+        ASSERT_EQ(process.exitStatus(), QProcess::NormalExit);
+        ASSERT_EQ(process.exitCode(), 0);
+        m_standardError = QString::fromUtf8(process.readAllStandardError());
+        m_standardOutput = QString::fromUtf8(process.readAllStandardOutput());
+    }
+
+    QStringList linesOf(const QString& path) const
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+        return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    }
+
+    QTemporaryDir m_folder;
+    QString m_standardError;
+    QString m_standardOutput;
+};
+
+} // namespace
+
+TEST_F(LoggingSetUp, nothingConfigured_warningsAndErrorsGoToStandardError)
+{
+    write({}, {});
+    EXPECT_TRUE(m_standardError.contains(QStringLiteral("WARN  till Бумага кончается")))
+        << m_standardError.toStdString();
+    EXPECT_TRUE(m_standardError.contains(QStringLiteral("ERROR till Бумаги нет")));
+    EXPECT_FALSE(m_standardError.contains(QStringLiteral("Чек открыт")));
+    EXPECT_TRUE(m_standardOutput.isEmpty());
+}
+
+TEST_F(LoggingSetUp, folderConfigured_everythingGoesToAFileInIt)
+{
+    const QString folder = m_folder.filePath(QStringLiteral("журнал")); // is created
+    write(folder, {});
+    const QStringList lines = linesOf(folder + QStringLiteral("/register.log"));
+    ASSERT_EQ(lines.size(), 3);
+    const QRegularExpression form(
+        QStringLiteral("^\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} INFO  till Чек открыт$"));
+    EXPECT_TRUE(form.match(lines.first()).hasMatch()) << lines.first().toStdString();
+    EXPECT_TRUE(m_standardError.isEmpty()) << m_standardError.toStdString();
+}
+
+TEST_F(LoggingSetUp, propertiesConfigured_theyDecide)
+{
+    const QString log = m_folder.filePath(QStringLiteral("errors.log"));
+    QFile properties(m_folder.filePath(QStringLiteral("logging.properties")));
+    ASSERT_TRUE(properties.open(QIODevice::WriteOnly));
+    properties.write("log4cplus.rootLogger=ERROR, FILE\n"
+                     "log4cplus.appender.FILE=log4cplus::FileAppender\n"
+                     "log4cplus.appender.FILE.File=" +
+                     QFile::encodeName(log) +
+                     "\n"
+                     "log4cplus.appender.FILE.layout=log4cplus::PatternLayout\n"
+                     "log4cplus.appender.FILE.layout.ConversionPattern=%m%n\n");
+    properties.close();
+    write(m_folder.path(), properties.fileName());
+    EXPECT_EQ(linesOf(log), QStringList(QStringLiteral("Бумаги нет")));
+    EXPECT_FALSE(QFile::exists(m_folder.filePath(QStringLiteral("register.log"))));
+}
+
+TEST_F(LoggingSetUp, propertiesFileMissing_isWarnedAboutAndDefaultsHold)
+{
+    write(m_folder.path(), m_folder.filePath(QStringLiteral("missing.properties")));
+    const QStringList lines = linesOf(m_folder.filePath(QStringLiteral("register.log")));
+    ASSERT_EQ(lines.size(), 4);
+    EXPECT_TRUE(lines.first().contains(QStringLiteral("WARN  root Logging:properties"))) << lines.first().toStdString();
+}
+
+TEST_F(LoggingSetUp, messageWithLineBreaksAndControls_isOneLine)
+{
+    write(m_folder.path(), {},
+          {QStringLiteral("a\nb\r\nc\x1b[2J\td\u2028e"), QStringLiteral("%s %n %1"), QString(10'000, u'ж')});
+    const QStringList lines = linesOf(m_folder.filePath(QStringLiteral("register.log")));
+    ASSERT_EQ(lines.size(), 6);
+    EXPECT_TRUE(lines[3].endsWith(QStringLiteral(" till a\\nb\\u000d\\nc\\u001b[2J\td\\u2028e")))
+        << lines[3].toStdString();
+    EXPECT_TRUE(lines[4].endsWith(QStringLiteral(" till %s %n %1")));
+    EXPECT_TRUE(lines[5].endsWith(QString(10'000, u'ж')));
+}
+
+TEST_F(LoggingSetUp, folderCannotBeMade_programGoesOn)
+{
+    QFile inTheWay(m_folder.filePath(QStringLiteral("file")));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    write(inTheWay.fileName() + QStringLiteral("/sub"), {});
+}
+
+TEST(LogManager, sameName_givesTheSameLogger)
+{
+    Log4Qt::Logger* const logger = Log4Qt::LogManager::logger(QStringLiteral("a"));
+    ASSERT_NE(logger, nullptr);
+    EXPECT_EQ(Log4Qt::LogManager::logger(QStringLiteral("a")), logger);
+    EXPECT_NE(Log4Qt::LogManager::logger(QStringLiteral("b")), logger);
+}
+
+TEST(Logger, levels_arriveWithNameAndText)
+{
+    const LogCapture log;
+    const Log4Qt::Logger* logger = Log4Qt::LogManager::logger(QStringLiteral("till"));
+    logger->info(QStringLiteral("Чек"));
+    logger->warn(QStringLiteral("w"));
+    logger->error(QString());
+    EXPECT_EQ(log.lines(), QStringList({QStringLiteral("INFO till Чек"), QStringLiteral("WARN till w"),
+                                        QStringLiteral("ERROR till ")}));
+}

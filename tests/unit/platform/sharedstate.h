@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "actionfactory.h"
+#include "actionqueuecontroller.h"
+#include "activitynotifier.h"
+#include "config.h"
+#include "connectionfactory.h"
+#include "currenttime.h"
+#include "dialog.h"
+#include "graphicaluserinterface.h"
+#include "loyaltysystemlayer.h"
+#include "restclient.h"
+#include "savetofilelogic.h"
+
+#include <QMap>
+#include <QString>
+#include <QtPlugin>
+
+/// Where the singletons and factories stand, as seen by the library that compiles this.
+inline QMap<QString, const void*> sharedStateSeenHere()
+{
+    return {
+        {QStringLiteral("ActionFactory"), &Singleton<control::ActionFactory>::instance},
+        {QStringLiteral("ActionQueueController"), &Singleton<ActionQueueController>::instance},
+        {QStringLiteral("ActivityNotifier"), &Singleton<ActivityNotifier>::instance},
+        {QStringLiteral("Config"), &Singleton<Config>::instance},
+        {QStringLiteral("ConnectionFactory"), &Singleton<ConnectionFactory>::instance},
+        {QStringLiteral("GraphicalUserInterface"), &Singleton<GraphicalUserInterface>::instance},
+        {QStringLiteral("LoyaltySystemLayer"), &Singleton<LoyaltySystemLayer>::instance},
+
+        {QStringLiteral("CurrentTime"), &MockFactory<CurrentTime>::mocked},
+        {QStringLiteral("Dialog"), &MockFactory<Dialog>::mocked},
+        {QStringLiteral("RestClient"), &MockFactory<RestClient>::mocked},
+        {QStringLiteral("SaveToFileLogic"), &MockFactory<SaveToFileLogic>::mocked},
+    };
+}
+
+/// A module of its own that tells what it sees of the platform.
+class SharedStateProbe
+{
+public:
+    virtual ~SharedStateProbe() = default;
+    virtual QMap<QString, const void*> sharedState() const = 0;
+    /// What the platform's own code uses, called from the module.
+    virtual QString configured(const QString& key) const = 0;
+    virtual QDateTime now() const = 0;
+    virtual QSharedPointer<AbstractDocument> currentDocument() const = 0;
+    [[noreturn]] virtual void throwBasicException(const tr::Tr& message) const = 0;
+};
+
+#define SharedStateProbe_iid "example.register.SharedStateProbe"
+Q_DECLARE_INTERFACE(SharedStateProbe, SharedStateProbe_iid)
