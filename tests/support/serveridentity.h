@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+/// A certification authority made for the test, and files of its own.
+class TestAuthority
+{
+public:
+    explicit TestAuthority(const QString& name = QStringLiteral("Test authority"));
+
+    /// PEM file of the authority's certificate.
+    QString certificateFile() const;
+
+private:
+    friend class ServerIdentity;
+    QTemporaryDir m_folder;
+};
+
+/// A server's certificate and key, made for the test by the openssl program.
+class ServerIdentity
+{
+public:
+    struct Wish {
+        /// subjectAltName, such as "IP:127.0.0.1".
+        QString names = QStringLiteral("IP:127.0.0.1,DNS:localhost");
+        /// Negative: it has expired.
+        int daysValid = 2;
+    };
+
+    explicit ServerIdentity(const TestAuthority& authority);
+    ServerIdentity(const TestAuthority& authority, const Wish& wish);
+
+    QString certificateFile() const;
+    QString keyFile() const;
+
+private:
+    QTemporaryDir m_folder;
+};
