@@ -1,0 +1,296 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!-- SPDX-License-Identifier: MIT -->
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="ru">
+<context>
+    <name></name>
+    <message id="inputCardTitle">
+        <source>Ввод карты</source>
+        <translation>Card</translation>
+    </message>
+    <message id="electronicPrescriptionInputCard">
+        <source>Введите номер карты</source>
+        <translation>Enter the card number</translation>
+    </message>
+    <message id="electronicPrescriptionProcessMessage">
+        <source>Обращение к сервису электронных рецептов</source>
+        <translation>Asking the electronic prescription service</translation>
+    </message>
+    <message id="electronicPrescriptionNoPrescriptionsError">
+        <source>Рецепты не найдены</source>
+        <translation>No prescriptions found</translation>
+    </message>
+    <message id="inputTextFormScanError">
+        <source>Ошибка разбора введенных данных, повторите сканирование</source>
+        <translation>The scan could not be read, scan again</translation>
+    </message>
+    <message id="inputTextFormOkBtn">
+        <source>ОК</source>
+        <translation>OK</translation>
+    </message>
+    <message id="inputTextFormCancelBtn">
+        <source>Отмена</source>
+        <translation>Cancel</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormCancelButton">
+        <source>Назад</source>
+        <translation>Back</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormOkButton">
+        <source>Выбрать</source>
+        <translation>Choose</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormTitle">
+        <source>Выбор рецепта</source>
+        <translation>Choose a prescription</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormTradeNameLabel">
+        <source>Торговое наименование:</source>
+        <translation>Trade name:</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormPatientNameLabel">
+        <source>ФИО пациента:</source>
+        <translation>Patient:</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormPatientBirthdayLabel">
+        <source>Дата рождения пациента:</source>
+        <translation>Patient’s birthday:</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormPractitionerNameLabel">
+        <source>ФИО врача:</source>
+        <translation>Doctor:</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormOrganizationLabel">
+        <source>Организация:</source>
+        <translation>Organization:</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormFilter">
+        <source>Поиск по МНН</source>
+        <translation>Search by INN</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormTable">
+        <source>Рецепты пациента</source>
+        <translation>Patient’s prescriptions</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormDetails">
+        <source>Сведения о рецепте</source>
+        <translation>Prescription details</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormKeyboard">
+        <source>Клавиатура</source>
+        <translation>Keyboard</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormPageUp">
+        <source>Страница вверх</source>
+        <translation>Page up</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormScrollUp">
+        <source>Строка вверх</source>
+        <translation>Row up</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormScrollDown">
+        <source>Строка вниз</source>
+        <translation>Row down</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormPageDown">
+        <source>Страница вниз</source>
+        <translation>Page down</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormInn">
+        <source>МНН</source>
+        <translation>INN</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormInnCode">
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormPrescriptionDate">
+        <source>Дата
+выписки</source>
+        <translation>Date
+written</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormDoseQuantity">
+        <source>Выписано
+доз</source>
+        <translation>Doses
+prescribed</translation>
+    </message>
+    <message id="electronicPrescriptionChoiceFormDispensedDoseQuantity">
+        <source>Отпущено
+доз</source>
+        <translation>Doses
+dispensed</translation>
+    </message>
+    <message id="electronicPrescriptionConfirmDispenseFormCancelButton">
+        <source>Отмена</source>
+        <translation>Cancel</translation>
+    </message>
+    <message id="electronicPrescriptionConfirmDispenseFormCompleteDispenseButton">
+        <source>Полностью</source>
+        <translation>In full</translation>
+    </message>
+    <message id="electronicPrescriptionConfirmDispenseFormPartDispenseButton">
+        <source>Частично</source>
+        <translation>In part</translation>
+    </message>
+    <message id="electronicPrescriptionConfirmDispenseFormTitle">
+        <source>Подтверждение отпуска по рецепту</source>
+        <translation>Confirm the dispense</translation>
+    </message>
+    <message id="electronicPrescriptionConfirmDispenseFormConfirmDispenseLabel">
+        <source>Лекарственный препарат по рецепту на
+'%1'
+отпущен</source>
+        <translation>The medicine prescribed as
+'%1'
+has been dispensed</translation>
+    </message>
+    <message id="electronicPrescriptionFormCancelButton">
+        <source>Назад</source>
+        <translation>Back</translation>
+    </message>
+    <message id="electronicPrescriptionFormChooseButton">
+        <source>Подобрать</source>
+        <translation>Pick</translation>
+    </message>
+    <message id="electronicPrescriptionFormTitle">
+        <source>Электронный рецепт</source>
+        <translation>Electronic prescription</translation>
+    </message>
+    <message id="electronicPrescriptionFormInnLabel">
+        <source>МНН:</source>
+        <translation>INN:</translation>
+    </message>
+    <message id="electronicPrescriptionFormInnCodeLabel">
+        <source>Код для МНН:</source>
+        <translation>INN code:</translation>
+    </message>
+    <message id="electronicPrescriptionFormMedicineDictCodeLabel">
+        <source>Код справочника
+АИС «ЭЛЕКТРОННЫЙ РЕЦЕПТ»:</source>
+        <translation>Code in the dictionary of
+AIS “ELECTRONIC PRESCRIPTION”:</translation>
+    </message>
+    <message id="electronicPrescriptionFormMedicineDictNameLabel">
+        <source>Наименование справочника
+АИС «ЭЛЕКТРОННЫЙ РЕЦЕПТ»:</source>
+        <translation>Name in the dictionary of
+AIS “ELECTRONIC PRESCRIPTION”:</translation>
+    </message>
+    <message id="electronicPrescriptionFormTradeNameLabel">
+        <source>Торговое наименование:</source>
+        <translation>Trade name:</translation>
+    </message>
+    <message id="electronicPrescriptionFormTradeNameCodeLabel">
+        <source>Код для торгового наименования:</source>
+        <translation>Trade name code:</translation>
+    </message>
+    <message id="electronicPrescriptionFormPrescribedByInnOrTradeNameLabel">
+        <source>Рецепт выписан по:</source>
+        <translation>Prescribed by:</translation>
+    </message>
+    <message id="electronicPrescriptionFormPatientNameLabel">
+        <source>ФИО пациента:</source>
+        <translation>Patient:</translation>
+    </message>
+    <message id="electronicPrescriptionFormPatientBirthdayLabel">
+        <source>Дата рождения пациента:</source>
+        <translation>Patient’s birthday:</translation>
+    </message>
+    <message id="electronicPrescriptionFormPrescriptionDateLabel">
+        <source>Дата выписки рецепта:</source>
+        <translation>Date written:</translation>
+    </message>
+    <message id="electronicPrescriptionFormExpirationDateLabel">
+        <source>Срок действия рецепта:</source>
+        <translation>Valid until:</translation>
+    </message>
+    <message id="electronicPrescriptionFormPractitionerNameLabel">
+        <source>ФИО врача:</source>
+        <translation>Doctor:</translation>
+    </message>
+    <message id="electronicPrescriptionFormDigitalSignatureLabel">
+        <source>Рецепт подписан ЭЦП:</source>
+        <translation>Digitally signed:</translation>
+    </message>
+    <message id="electronicPrescriptionFormDiscountLabel">
+        <source>Процент льготы:</source>
+        <translation>Discount:</translation>
+    </message>
+    <message id="electronicPrescriptionFormOrganizationLabel">
+        <source>Организация:</source>
+        <translation>Organization:</translation>
+    </message>
+    <message id="electronicPrescriptionFormDoseQuantityLabel">
+        <source>Количество выписанных доз:</source>
+        <translation>Doses prescribed:</translation>
+    </message>
+    <message id="electronicPrescriptionFormDispensedDoseQuantityLabel">
+        <source>Количество отпущенных доз:</source>
+        <translation>Doses dispensed:</translation>
+    </message>
+    <message id="electronicPrescriptionFormInstructionsLabel">
+        <source>Инструкция по применению:</source>
+        <translation>Directions:</translation>
+    </message>
+    <message id="electronicPrescriptionFormMedicationDispenseDatesLabel">
+        <source>Даты отпуска препарата по рецепту:</source>
+        <translation>Dispensed on:</translation>
+    </message>
+    <message id="electronicPrescriptionFormDetails">
+        <source>Сведения о рецепте</source>
+        <translation>Prescription details</translation>
+    </message>
+    <message id="electronicPrescriptionFormPrescribedByInn">
+        <source>МНН</source>
+        <translation>INN</translation>
+    </message>
+    <message id="electronicPrescriptionFormPrescribedByTradeName">
+        <source>Торговому наименованию</source>
+        <translation>trade name</translation>
+    </message>
+    <message id="electronicPrescriptionFormDigitalSignatureYes">
+        <source>Да</source>
+        <translation>Yes</translation>
+    </message>
+    <message id="electronicPrescriptionFormDigitalSignatureNo">
+        <source>Нет</source>
+        <translation>No</translation>
+    </message>
+    <message id="electronicPrescriptionInputDispensedDoseQuantityFormTitle">
+        <source>Ввод количества отпущенных доз</source>
+        <translation>Doses dispensed</translation>
+    </message>
+    <message id="electronicPrescriptionInputDispensedDoseQuantityFormMessage">
+        <source>Введите количество отпущенных доз по рецепту на
+'%1 / %2'
+(выписано %3/отпущено ранее %4)</source>
+        <translation>Enter the number of doses dispensed for the prescription of
+'%1 / %2'
+(prescribed %3/dispensed before %4)</translation>
+    </message>
+    <message id="electronicPrescriptionInputDispensedDoseQuantityError">
+        <source>Введено некорректное количество доз
+Повторите ввод</source>
+        <translation>The number of doses is not valid
+Enter it again</translation>
+    </message>
+    <message id="electronicPrescriptionAuthorizationTokenError">
+        <source>Ошибка при получении токена для авторизации</source>
+        <translation>The authorization token could not be fetched</translation>
+    </message>
+    <message id="electronicPrescriptionDispenseError">
+        <source>Ошибка при отпуске лекарственного препарата по рецепту</source>
+        <translation>The dispense could not be registered</translation>
+    </message>
+    <message id="electronicPrescriptionCancelError">
+        <source>Ошибка при отмене отпуска лекарственного препарата по рецепту</source>
+        <translation>The dispense could not be cancelled</translation>
+    </message>
+    <message id="electronicPrescriptionGetPrescriptionsError">
+        <source>Ошибка при получении списка рецептов</source>
+        <translation>The prescriptions could not be fetched</translation>
+    </message>
+</context>
+</TS>
