@@ -19,13 +19,13 @@ FunctionKeyBar::FunctionKeyBar(const QList<FunctionKey>& keys, QWidget* parent)
         button->setAccessibleName(key.text);
         button->setToolTip(key.text);
         button->setAutoDefault(false);
-        button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
         connect(button, &QPushButton::clicked, this, [this, key] { emit pressed(key); });
         if (!key.shortcut.isEmpty()) {
             auto* pressedKey = new QShortcut(key.shortcut, this);
             pressedKey->setAutoRepeat(false);
             connect(pressedKey, &QShortcut::activated, this, [this, key] { emit pressed(key); });
         }
-        layout->addWidget(button, 1);
+        layout->addWidget(button);
     }
 }

@@ -61,7 +61,7 @@ void GoodsSelectionForm::setUpTable()
     m_table->setModel(&m_filtered);
     m_table->setColumns({
         QStringLiteral("name;;-1;true;129"),
-        QStringLiteral("nonProprietaryName;;-1;true;129"),
+        QStringLiteral("nonProprietaryName;;220;true;129"),
         QStringLiteral("price;;140;true;130"),
         QStringLiteral("stock;;110;true;130"),
         QStringLiteral("searchText;;0;false;129"),

@@ -45,7 +45,7 @@ QWidget* SalesScreen::createHeader()
     layout->setContentsMargins(0, 0, 0, 0);
     m_receiptNumber = new QLabel(header);
     m_receiptNumber->setObjectName(QStringLiteral("receiptNumberLabel"));
-    m_receiptNumber->setProperty("textRole", QStringLiteral("heading"));
+    m_receiptNumber->setStyleSheet(QStringLiteral("font-size: 16pt; font-weight: 600"));
     m_documentInfo = new QLabel(header);
     m_documentInfo->setObjectName(QStringLiteral("documentInfoLabel"));
     m_documentInfo->setProperty("textRole", QStringLiteral("value"));
@@ -64,13 +64,13 @@ QWidget* SalesScreen::createTable()
     m_table->setAccessibleName(tr::Tr(QStringLiteral("receiptTable"), QStringLiteral("Позиции чека")).ui());
     m_table->setModel(&m_model);
     m_table->setColumns({
-        QStringLiteral("number;;48;true;130"),
+        QStringLiteral("number;;40;true;130"),
         QStringLiteral("name;;-1;true;129"),
         QStringLiteral("mark;;52;true;132"),
-        QStringLiteral("quantity;;80;true;130"),
-        QStringLiteral("initialPrice;;118;true;130"),
-        QStringLiteral("price;;110;true;130"),
-        QStringLiteral("sum;;120;true;130"),
+        QStringLiteral("quantity;;76;true;130"),
+        QStringLiteral("initialPrice;;124;true;130"),
+        QStringLiteral("price;;100;true;130"),
+        QStringLiteral("sum;;112;true;130"),
         QStringLiteral("state;;180;true;129"),
     });
     return m_table;
@@ -97,6 +97,7 @@ QWidget* SalesScreen::createSearchAndTotal()
     m_total = new QLabel(row);
     m_total->setObjectName(QStringLiteral("totalLabel"));
     m_total->setAccessibleName(total->text());
+    m_total->setStyleSheet(QStringLiteral("font-size: 28pt; font-weight: 700"));
     m_total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     layout->addWidget(m_search, 1);

@@ -163,7 +163,8 @@ ScenarioPlayer::Look ScenarioPlayer::press(const ScenarioStep& step)
     if (!key)
         return {false, QStringLiteral("there is no key of that name")};
     m_pace = pressingPace;
-    m_input.fill([combination = *key] { return postedinput::pressKey(combination); }, step.times);
+    for (int pressed = 0; pressed < step.times; ++pressed)
+        m_input.append([combination = *key] { return postedinput::pressKey(combination); });
     return {true, {}};
 }
 
