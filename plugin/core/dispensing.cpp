@@ -19,14 +19,14 @@ bool isDueForRegistration(const GoodsItem& position)
 {
     if (!isPrescriptionPosition(position))
         return false;
-    const QJsonValue status = readPositionOptions(position)[positionformat::status];
+    const QJsonValue status = readPositionOptions(position).value(positionformat::status);
     return status.isUndefined() || status.toString() == positionformat::canceled;
 }
 
 bool isRegistered(const GoodsItem& position)
 {
     return isPrescriptionPosition(position) &&
-           readPositionOptions(position)[positionformat::status].toString() == positionformat::dispensed;
+           readPositionOptions(position).value(positionformat::status).toString() == positionformat::dispensed;
 }
 
 /// Changes the state and nothing else. Reads the options anew: the registry client writes into them as well.

@@ -36,7 +36,7 @@ void ElectronicPrescriptionService::getUnprocessedElectronicPrescriptions(Prescr
     const auto positions = document->getPositions();
     for (const auto& position : positions) {
         if (isPrescriptionPosition(*position))
-            processedIds.insert(readPositionOptions(*position)[positionformat::id].toString());
+            processedIds.insert(readPositionOptions(*position).value(positionformat::id).toString());
     }
     prescriptions.removeIf([&processedIds](const QSharedPointer<ElectronicPrescription>& prescription) {
         return processedIds.contains(prescription->getId());

@@ -97,8 +97,7 @@ TEST_F(Hooks, stornoOfSale_cancelsEveryPosition)
 
     EXPECT_EQ(service.beforeStornoAll(action), EContext::GoOn);
 
-    EXPECT_EQ(journal,
-              (QStringList{start, "cancel 1", "save", "cancel 2", "save", "cancel 3", "save", "stop"}));
+    EXPECT_EQ(journal, (QStringList{start, "cancel 1", "save", "cancel 2", "save", "cancel 3", "save", "stop"}));
     EXPECT_TRUE(action.getArguments().isEmpty());
 }
 
@@ -151,8 +150,7 @@ TEST_F(Hooks, secondOfThreeFails_firstIsCancelledAndThirdNotTried)
 
     EXPECT_EQ(service.cancelElectronicPrescriptions(action), EContext::Stop);
 
-    EXPECT_EQ(journal,
-              (QStringList{start, "cancel 1", "save", "cancel 2", "message 1/1/0 aKey", "stop"}));
+    EXPECT_EQ(journal, (QStringList{start, "cancel 1", "save", "cancel 2", "message 1/1/0 aKey", "stop"}));
     EXPECT_EQ(states(), (QStringList{"canceled", "dispensed", "dispensed"}));
 }
 

@@ -94,8 +94,8 @@ TEST_F(Dispensing, cancelledPosition_isRegisteredAgain)
 
 TEST_F(Dispensing, positionsNotDue_keepTheirTextByteForByte)
 {
-    const QList<const char*> texts = {R"({ "status" : "dispensed" })", R"({"status": "Canceled"})",
-                                      R"({"status": ""})", R"({"status": null})", R"({"status": 1})"};
+    const QList<const char*> texts = {R"({ "status" : "dispensed" })", R"({"status": "Canceled"})", R"({"status": ""})",
+                                      R"({"status": null})", R"({"status": 1})"};
     for (const char* text : texts)
         addPosition(receipt->positions.size() + 1, text);
     const auto untagged = addPosition(9);

@@ -151,7 +151,7 @@ TEST_F(LogTexts, wholeCommand_logsNeitherCardNorNames)
 {
     registry->patient = {{"name", QJsonArray{QJsonObject{{"family", QJsonArray{"Петров"}}}}}};
     registry->bundles = {QJsonObject()};
-    cashier.texts << QString("4477001");
+    cashier.texts << entered("4477001");
     cashier.rows << -1;
 
     service.processElectronicPrescriptionsByAction(control::Action(control::PrescriptionCommand));

@@ -78,8 +78,12 @@ TEST_F(LookUp, secondLookUpUnderTheStatus_replacesTheEntryWhole)
 
 TEST_F(LookUp, oneBundle_isOnePrescriptionWhateverItHolds)
 {
-    registry->bundles = {bundleOf({QJsonObject{{"resourceType", "Provenance"}}}), QJsonObject{}, "no bundle", 7,
-                         QJsonObject{{"entry", "no list"}}, QJsonObject{{"entry", QJsonArray{1, QJsonObject()}}}};
+    registry->bundles = {bundleOf({QJsonObject{{"resourceType", "Provenance"}}}),
+                         QJsonObject{},
+                         "no bundle",
+                         7,
+                         QJsonObject{{"entry", "no list"}},
+                         QJsonObject{{"entry", QJsonArray{1, QJsonObject()}}}};
 
     const auto prescriptions = lookUp();
 

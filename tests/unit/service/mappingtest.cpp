@@ -107,8 +107,7 @@ TEST_F(Mapping, wholePrescription_fillsEveryField)
 
 TEST_F(Mapping, prescriptionWithoutMembers_leavesDefaults)
 {
-    EXPECT_EQ(everything(*map(R"({"resourceType": "MedicationPrescription"})")),
-              everything(ElectronicPrescription()));
+    EXPECT_EQ(everything(*map(R"({"resourceType": "MedicationPrescription"})")), everything(ElectronicPrescription()));
 }
 
 TEST_F(Mapping, prescriptionWithoutMembers_takesBackWhatIsAlwaysSet)
@@ -282,7 +281,7 @@ const InstructionRow instructionRows[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(row, Instructions, ::testing::ValuesIn(instructionRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct FactorRow {
     const char* name;
@@ -317,7 +316,7 @@ const FactorRow factorRows[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(row, Factor, ::testing::ValuesIn(factorRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(Mapping, provenance_isTheSignature)
 {
@@ -379,8 +378,7 @@ TEST_F(Mapping, practitioner_hasASingleName)
     EXPECT_EQ(map(R"({"resourceType": "Practitioner", "name": {"family": ["Врачёв"], "given": ["Иван", "Ильич"]}})")
                   ->getPractitionerName(),
               "Врачёв Иван Ильич");
-    EXPECT_EQ(map(R"({"resourceType": "Practitioner", "name": [{"family": ["Врачёв"]}]})")->getPractitionerName(),
-              "  ")
+    EXPECT_EQ(map(R"({"resourceType": "Practitioner", "name": [{"family": ["Врачёв"]}]})")->getPractitionerName(), "  ")
         << "a list is no name";
 }
 
@@ -413,7 +411,7 @@ const NameRow nameRows[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(row, PersonName, ::testing::ValuesIn(nameRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(Mapping, patient_isCachedUnderTheStatusWithItsFirstName)
 {

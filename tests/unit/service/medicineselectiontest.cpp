@@ -34,8 +34,7 @@ TEST_F(MedicineSelection, goodsSelection_isFilteredAndNamesTheMedicine)
     EXPECT_EQ(actions[0].getType(), 219);
     ASSERT_EQ(actions[0].getArguments().size(), 2);
     EXPECT_EQ(actions[0].getArguments()[0], std::pair(QString("filterByInn"), QVariant("Парацетамол")));
-    EXPECT_EQ(actions[0].getArguments()[1],
-              std::pair(QString("medicineInfo"), QVariant("Парацетамол / Панадол / 30")));
+    EXPECT_EQ(actions[0].getArguments()[1], std::pair(QString("medicineInfo"), QVariant("Парацетамол / Панадол / 30")));
     EXPECT_EQ(actions[0].getAllowContexts(), QSet<EContext::Code>{EContext::Code(6)});
 }
 
@@ -127,14 +126,14 @@ TEST_F(DoseInput, form_isAsTheCashierKnowsIt)
 {
     prescription->setDoseQuantity(30);
     prescription->addDispensedDoseQuantity(2.555);
-    cashier.texts << QString("2");
+    cashier.texts << entered("2");
 
     EXPECT_TRUE(input());
 
     ASSERT_EQ(textInputs.size(), 1);
     const TextInputParams& shown = textInputs[0];
-    EXPECT_EQ(shown.title, tr::Tr("electronicPrescriptionInputDispensedDoseQuantityFormTitle",
-                                  "Ввод количества отпущенных доз"));
+    EXPECT_EQ(shown.title,
+              tr::Tr("electronicPrescriptionInputDispensedDoseQuantityFormTitle", "Ввод количества отпущенных доз"));
     EXPECT_EQ(shown.message.key(), "electronicPrescriptionInputDispensedDoseQuantityFormMessage");
     EXPECT_EQ(shown.message.text(), "Введите количество отпущенных доз по рецепту на\n'%1 / %2'\n"
                                     "(выписано %3/отпущено ранее %4)");
@@ -158,7 +157,7 @@ TEST_F(DoseInput, placeholdersInNames_stayAsTheyAre)
 {
     prescription->setInn("%2");
     prescription->setTradeName("%3");
-    cashier.texts << QString("2");
+    cashier.texts << entered("2");
 
     input();
 
@@ -172,13 +171,23 @@ struct MaskRow {
 
 TEST_F(DoseInput, mask_takesNineDigitsAndTwoDecimals)
 {
-    cashier.texts << QString("2");
+    cashier.texts << entered("2");
     input();
     const QRegularExpression mask(QRegularExpression::anchoredPattern(textInputs[0].mask));
 
-    for (const MaskRow& row : {MaskRow{"1", true}, {"123456789", true}, {"1234567890", false}, {"1.", true},
-                               {"1.25", true}, {"123456789.99", true}, {"1.255", false}, {".5", false}, {"", false},
-                               {"-1", false}, {"1,5", false}, {"1e5", false}, {"inf", false}}) {
+    for (const MaskRow& row : {MaskRow{"1", true},
+                               {"123456789", true},
+                               {"1234567890", false},
+                               {"1.", true},
+                               {"1.25", true},
+                               {"123456789.99", true},
+                               {"1.255", false},
+                               {".5", false},
+                               {"", false},
+                               {"-1", false},
+                               {"1,5", false},
+                               {"1e5", false},
+                               {"inf", false}}) {
         EXPECT_EQ(mask.match(row.text).hasMatch(), row.fits) << row.text;
     }
 }
@@ -197,7 +206,7 @@ TEST_F(DoseInput, number_isTaken)
 {
     for (const auto& [text, expected] :
          {std::pair("2", 2.0), {"0.01", 0.01}, {"0.001", 0.001}, {"1.", 1.0}, {"123456789.99", 123456789.99}}) {
-        cashier.texts << QString(text);
+        cashier.texts << entered(text);
         EXPECT_TRUE(input()) << text;
         EXPECT_EQ(doses, expected);
     }
@@ -207,7 +216,7 @@ TEST_F(DoseInput, number_isTaken)
 TEST_F(DoseInput, moreThanPrescribed_isTaken)
 {
     prescription->setDoseQuantity(1);
-    cashier.texts << QString("1000");
+    cashier.texts << entered("1000");
 
     EXPECT_TRUE(input());
 
@@ -220,7 +229,7 @@ TEST_F(DoseInput, noQuantity_isRefusedAndAskedAgain)
         SCOPED_TRACE(text);
         journal.clear();
         messages.clear();
-        cashier.texts << QString(text) << QString("2");
+        cashier.texts << entered(text) << entered("2");
 
         EXPECT_TRUE(input());
 
@@ -233,7 +242,7 @@ TEST_F(DoseInput, noQuantity_isRefusedAndAskedAgain)
 
 TEST_F(DoseInput, refusedThenCancelled_isFalse)
 {
-    cashier.texts << QString("0") << core::BasicDialog::Result({}, true);
+    cashier.texts << entered("0") << core::BasicDialog::Result({}, true);
 
     EXPECT_FALSE(input());
 

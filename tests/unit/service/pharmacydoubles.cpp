@@ -27,6 +27,11 @@ void RegistryClient::sendCancelMedicationDispense(const QSharedPointer<GoodsItem
         onCancel(*position);
 }
 
+core::BasicDialog::Result entered(const QString& text)
+{
+    return {text};
+}
+
 core::BasicDialog::Result status(int value)
 {
     return {QVariantMap{{"status", value}}};

@@ -11,6 +11,7 @@
 #include "electronicprescriptionservice.h"
 #include "goodsitem.h"
 #include "loyaltysystemlayer.h"
+#include "qtprinting.h"
 #include "savetofilelogic.h"
 
 #include <QJsonArray>
@@ -87,6 +88,9 @@ struct Cashier {
     QList<core::BasicDialog::Result> details;
     QList<core::BasicDialog::Result> confirmations;
 };
+
+/// A text input's answer.
+core::BasicDialog::Result entered(const QString& text);
 
 /// An answer of the details form or of the confirmation.
 core::BasicDialog::Result status(int value);

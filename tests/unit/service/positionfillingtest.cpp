@@ -136,7 +136,7 @@ const PriceRow priceRows[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(row, BenefitPrice, ::testing::ValuesIn(priceRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(PositionFilling, patientPaysAll_priceStaysWithoutRecalculation)
 {

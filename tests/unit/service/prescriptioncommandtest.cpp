@@ -74,7 +74,7 @@ TEST_F(PrescriptionCommand, noDocument_goesOnAndShowsNothing)
 
 TEST_F(PrescriptionCommand, noCardKnown_isAskedFor)
 {
-    cashier.texts << QString("77");
+    cashier.texts << entered("77");
 
     EXPECT_EQ(steps.processElectronicPrescriptionsByAction(action), EContext::GoOn);
 
@@ -113,7 +113,7 @@ TEST_F(PrescriptionCommand, cardInputCancelled_stopsWithoutAskingTheRegistry)
 
 TEST_F(PrescriptionCommand, emptyCardEntered_stopsWithoutAskingTheRegistry)
 {
-    cashier.texts << QString("");
+    cashier.texts << entered("");
 
     EXPECT_EQ(steps.processElectronicPrescriptionsByAction(action), EContext::Stop);
 
@@ -122,7 +122,7 @@ TEST_F(PrescriptionCommand, emptyCardEntered_stopsWithoutAskingTheRegistry)
 
 TEST_F(PrescriptionCommand, cardEntered_isTakenAsItStands)
 {
-    cashier.texts << QString(" +7%41;№ ");
+    cashier.texts << entered(" +7%41;№ ");
 
     EXPECT_EQ(steps.processElectronicPrescriptionsByAction(action), EContext::GoOn);
 
@@ -175,7 +175,7 @@ TEST_F(PrescriptionCommand, secondCommandWithSameCard_asksTheRegistryOnce)
 {
     registry->bundles = {QJsonObject{{"resourceType", "Bundle"}}};
     for (int call = 0; call < 2; ++call) {
-        cashier.texts << QString("77");
+        cashier.texts << entered("77");
         cashier.rows << -1;
         EXPECT_EQ(service.processElectronicPrescriptionsByAction(action), EContext::GoOn);
     }

@@ -37,7 +37,7 @@ protected:
     void goStraightOn()
     {
         cashier.details << status(0);
-        cashier.texts << QString("2");
+        cashier.texts << entered("2");
         cashier.confirmations << status(1);
     }
 
@@ -58,8 +58,7 @@ protected:
     QList<EContext::Result> addResults;
 };
 
-const QStringList wholeWay = {"list",    "details",    "action 219", "ask inputQuantity",
-                              "confirm", "action 220", "save"};
+const QStringList wholeWay = {"list", "details", "action 219", "ask inputQuantity", "confirm", "action 220", "save"};
 
 TEST_F(ProcessingLoop, straightOn_putsThePrescriptionOnTheReceiptAndRemembersTheCard)
 {
@@ -197,21 +196,20 @@ TEST_F(ProcessingLoop, dosesCancelled_detailsAgain)
 
     process();
 
-    EXPECT_EQ(journal,
-              (QStringList{"list", "details", "action 219", "ask inputQuantity"} + wholeWay.mid(1)));
+    EXPECT_EQ(journal, (QStringList{"list", "details", "action 219", "ask inputQuantity"} + wholeWay.mid(1)));
 }
 
 TEST_F(ProcessingLoop, confirmationBack_detailsAgainAndNothingAdded)
 {
     cashier.rows << 0 << -1;
     cashier.details << status(0) << status(-1);
-    cashier.texts << QString("2");
+    cashier.texts << entered("2");
     cashier.confirmations << status(-1);
 
     process();
 
-    EXPECT_EQ(journal, (QStringList{"list", "details", "action 219", "ask inputQuantity", "confirm", "details",
-                                    "list again"}));
+    EXPECT_EQ(journal,
+              (QStringList{"list", "details", "action 219", "ask inputQuantity", "confirm", "details", "list again"}));
     expectUntouchedReceipt();
 }
 
@@ -262,8 +260,8 @@ TEST_F(ProcessingLoop, everyLaterList_isShownAgain)
 
     process();
 
-    EXPECT_EQ(journal, (QStringList{"list", "details", "list again", "details", "list again", "details",
-                                    "list again"}));
+    EXPECT_EQ(journal,
+              (QStringList{"list", "details", "list again", "details", "list again", "details", "list again"}));
 }
 
 TEST_F(ProcessingLoop, nextCall_showsTheListAnew)

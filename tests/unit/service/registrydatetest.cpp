@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "registrydate.h"
+#include "qtprinting.h"
 
 #include <QString>
 
@@ -18,8 +19,8 @@ QDate readByQt(const QString& text)
 QString dateText(int year, int month, int day)
 {
     const QLatin1Char zero('0');
-    return (year < 0 ? "-" : "") + QString("%1-%2-%3").arg(qAbs(year), 4, 10, zero).arg(month, 2, 10, zero).arg(
-                                       day, 2, 10, zero);
+    return (year < 0 ? "-" : "") +
+           QString("%1-%2-%3").arg(qAbs(year), 4, 10, zero).arg(month, 2, 10, zero).arg(day, 2, 10, zero);
 }
 
 struct DateRow {
@@ -74,7 +75,7 @@ const DateRow rows[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(row, RegistryDate, ::testing::ValuesIn(rows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(RegistryDates, everyDayOfLeapAndCommonYears_isReadAsQtReadsIt)
 {
@@ -91,8 +92,8 @@ TEST(RegistryDates, everyDayOfLeapAndCommonYears_isReadAsQtReadsIt)
 /// Dates with up to three characters changed, put in or left out. The generator starts the same way every time.
 TEST(RegistryDates, damagedDates_areReadAsQtReadsThem)
 {
-    const QString characters =
-        QString::fromUtf8("0123456789-+ /.:TZ\t\u0661\u0969\uFF12\u2212\u2011\u00A0\u0301aMyd") + QChar(0) + QChar(0xD800);
+    const QString characters = QString::fromUtf8("0123456789-+ /.:TZ\t\u0661\u0969\uFF12\u2212\u2011\u00A0\u0301aMyd") +
+                               QChar(0) + QChar(0xD800);
     std::mt19937 generator(20240301);
     const auto below = [&generator](qsizetype bound) { return qsizetype(generator() % std::size_t(bound)); };
 
