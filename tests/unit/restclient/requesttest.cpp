@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "clientandserver.h"
 
-#include <QUrlQuery>
-
 namespace
 {
 
@@ -65,17 +63,13 @@ TEST(RestClientRequest, encodedUrl_arrivesByteForByte)
     ClientAndServer both;
     QUrl url = both.server.url();
     url.setPath(QStringLiteral("/a/../b/./%2F%41/$by-card/Имя"), QUrl::DecodedMode);
-    QUrlQuery query;
-    for (const QString& value :
-         {QStringLiteral("1+1"), QStringLiteral("%41"), QStringLiteral("a;b&c=d"), QString(), QStringLiteral("Петров")})
-        query.addQueryItem(QStringLiteral("v"), QString::fromLatin1(QUrl::toPercentEncoding(value)));
-    url.setQuery(query);
+    url.setQuery(QStringLiteral("v=1%2B1+1&v=%2541&v=a%3Bb%26c%3Dd;&v=&v=%D0%9F%D0%B5%D1%82%D1%80"));
     url.setFragment(QStringLiteral("fragment"));
     both.client.get(url, QJsonDocument(), {});
     ASSERT_EQ(both.server.requests().size(), 1);
-    EXPECT_EQ(both.server.requests().first().target,
+    EXPECT_EQ(both.server.requests().first().target.toStdString(),
               "/a/../b/./%252F%2541/$by-card/%D0%98%D0%BC%D1%8F"
-              "?v=1%2B1&v=%2541&v=a%3Bb%26c%3Dd&v=&v=%D0%9F%D0%B5%D1%82%D1%80%D0%BE%D0%B2");
+              "?v=1%2B1+1&v=%2541&v=a%3Bb%26c%3Dd;&v=&v=%D0%9F%D0%B5%D1%82%D1%80");
 }
 
 TEST(RestClientRequest, headerValue_goesAsUtf8AndEmptyOneStillGoes)
