@@ -19,17 +19,24 @@ extern template struct REGISTERPLATFORM_EXPORT MockFactory<RestClient>;
 /// One JSON request over HTTP(S) at a time, synchronous for its caller.
 ///
 /// While a request runs the window stays painted and animated, but key presses, clicks and touches are thrown away
-/// and no action runs (see InputBlocker). Connections are kept between requests and shared by all clients.
+/// and no action runs (see InputBlocker). Connections are kept between requests and shared by all clients. An event
+/// handler that runs meanwhile, such as a timer's, may make requests with a client of its own; the first request goes
+/// on when they are done, and its time-out counts on.
 ///
-/// - A POST reaches the wire at most once, whatever happens to the connection. It is never redirected.
-/// - A GET follows at most five redirects; to another origin (RFC 6454) none of the caller's headers go along except
-///   "Accept". A redirect from https to http is refused.
+/// - A POST reaches the wire at most once, whatever happens to the connection. It is never redirected. A GET is sent
+///   again when a kept connection turns out to be dead.
+/// - A GET follows at most five redirects; to another origin (RFC 6454) neither its body nor any of the caller's
+///   headers goes along except "Accept". A redirect from https to http is refused.
 /// - TLS 1.2 or newer, and always verified, against the system's certificates or, when "RestClient:caFile" names a PEM
-///   file, against that file.
-/// - An answer larger than 64 MiB is refused.
-/// - Only http and https URLs; a header name or value with a line break or NUL is refused before anything is sent.
+///   file, against that file alone. The file is read anew for each request.
+/// - The proxy is what "RestClient:proxy" names (a URL), or none; the environment's settings are not used.
+/// - An answer larger than 64 MiB, headers included, is refused.
+/// - Only http and https URLs without a user name or password. A header name that is no token, a value with a control
+///   character (RFC 9110, 5.5 and 5.6.2), and the headers that frame a request ("Host", "Connection",
+///   "Content-Length", "Transfer-Encoding", "Expect") are refused before anything is sent.
 ///
-/// Nothing of a request's headers, query or body, or of an answer, is ever logged.
+/// Logged is, when a request failed, its method, the server's scheme, name and port, the error code and the
+/// transport's reason; nothing of the path, query, headers or body, and nothing of an answer.
 /// Main thread only. Owner: whoever created it; a client may be used for several requests.
 class REGISTERPLATFORM_EXPORT RestClient : public MockFactory<RestClient>
 {
