@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "receipttablemodel.h"
 
+#include "registerstyle.h"
 #include "tr.h"
 
 #include <QBrush>
@@ -75,6 +76,8 @@ QVariant ReceiptTableModel::data(const QModelIndex& index, int role) const
     case Qt::ForegroundRole:
         if (index.column() == State && row.look.stateColour.isValid())
             return QBrush(row.look.stateColour);
+        if (index.column() == Mark)
+            return QBrush(RegisterColours().accent);
         return {};
     case Qt::FontRole:
         if (index.column() == Mark || index.column() == Sum) {

@@ -66,12 +66,12 @@ QWidget* SalesScreen::createTable()
     m_table->setColumns({
         QStringLiteral("number;;40;true;130"),
         QStringLiteral("name;;-1;true;129"),
-        QStringLiteral("mark;;52;true;132"),
+        QStringLiteral("mark;;48;true;132"),
         QStringLiteral("quantity;;76;true;130"),
-        QStringLiteral("initialPrice;;124;true;130"),
-        QStringLiteral("price;;100;true;130"),
-        QStringLiteral("sum;;112;true;130"),
-        QStringLiteral("state;;180;true;129"),
+        QStringLiteral("initialPrice;;128;true;130"),
+        QStringLiteral("price;;88;true;130"),
+        QStringLiteral("sum;;104;true;130"),
+        QStringLiteral("state;;196;true;129"),
     });
     return m_table;
 }
