@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "rawconnection.h"
+#include "registryemulator.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+/// An emulator in this process, with a seed of its own, asked over the wire. Its clock stands still on 20 March 2024
+/// until a test moves it.
+class EmulatorTest : public ::testing::Test
+{
+protected:
+    EmulatorTest();
+
+    /// Seed with one pharmacy ("pharmacy", secret "s&c+ret", scopes "read dispense", organization "17"), a second one
+    /// ("other", "other", "dispense", "18") and the card "1100" of Пробный Пётр Петрович; see seed.json beside this.
+    static QByteArray seedJson();
+
+    /// Asks on a connection of its own.
+    RawAnswer ask(const QByteArray& method, const QByteArray& target, const emulator::HttpHeaders& headers = {},
+                  const QByteArray& body = {});
+    RawAnswer askForToken(const QByteArray& form, const emulator::HttpHeaders& headers = {});
+    /// A form that the registry gives a token for.
+    static QByteArray goodForm(const QByteArray& scope = "read%20dispense");
+    /// Headers of an admitted resource request, with a token fetched for them.
+    emulator::HttpHeaders admitted(const QByteArray& form = goodForm());
+    RawAnswer byCard(const QByteArray& query);
+
+    /// Registers a dispense, or what is sent as one.
+    RawAnswer registerDispense(const QJsonObject& document);
+    RawAnswer cancelDispense(const QByteArray& id);
+    /// A dispense of 10 doses of the full-price prescription "rx-full".
+    static QJsonObject fullPriceDispense();
+    /// A dispense of 10 doses of the prescription "rx-half", half paid by "payer-1", at 20.00.
+    static QJsonObject halfPriceDispense();
+    static QString idOfDispense(const RawAnswer& registration);
+    QString statusOf(const QString& prescription);
+
+    QDateTime m_now{QDate(2024, 3, 20), QTime(12, 0)};
+    std::unique_ptr<emulator::RegistryEmulator> m_emulator;
+};
+
+/// Puts a value at a path into a JSON object: names of members, and numbers for elements of arrays. Undefined takes
+/// the member away.
+QJsonObject with(const QJsonObject& object, const QString& path, const QJsonValue& value);

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "router.h"
+
+#include <gtest/gtest.h>
+
+using emulator::Endpoint;
+using emulator::Router;
+
+TEST(Router, eachOperation_hasItsPathAndMethod)
+{
+    const Router router;
+    EXPECT_EQ(router.find("/connect/token").endpoint, Endpoint::Token);
+    EXPECT_EQ(router.find("/connect/token").method, "POST");
+    EXPECT_EQ(router.find("/MedicationPrescription/$by-card").endpoint, Endpoint::PrescriptionsByCard);
+    EXPECT_EQ(router.find("/MedicationPrescription/$by-card").method, "GET");
+    EXPECT_EQ(router.find("/MedicationDispense/$register").endpoint, Endpoint::DispenseRegistration);
+    EXPECT_EQ(router.find("/MedicationDispense/$register").method, "POST");
+    EXPECT_EQ(router.find("/MedicationDispense/d-1/$set-as-error").endpoint, Endpoint::DispenseCancellation);
+    EXPECT_EQ(router.find("/MedicationDispense/d-1/$set-as-error").method, "POST");
+}
+
+TEST(Router, idOfDispense_isDecodedWithinItsSegment)
+{
+    EXPECT_EQ(Router().find("/MedicationDispense/a%2Fb+%D1%91/$set-as-error").id, QStringLiteral("a/b+ё"));
+}
+
+TEST(Router, encodedDollarSign_isTheSamePath)
+{
+    EXPECT_EQ(Router().find("/MedicationDispense/%24register").endpoint, Endpoint::DispenseRegistration);
+}
+
+TEST(Router, cancellationWithoutId_isFoundWithEmptyId)
+{
+    const auto route = Router().find("/MedicationDispense/$set-as-error");
+    EXPECT_EQ(route.endpoint, Endpoint::DispenseCancellation);
+    EXPECT_EQ(route.id, QString());
+}
+
+TEST(Router, pathUnderPrefix_isFoundOnlyThere)
+{
+    const Router router(QStringLiteral("/api/fhir/"));
+    EXPECT_EQ(router.find("/api/fhir/connect/token").endpoint, Endpoint::Token);
+    EXPECT_EQ(router.find("/connect/token").endpoint, Endpoint::Unknown);
+    EXPECT_EQ(router.find("/api/connect/token").endpoint, Endpoint::Unknown);
+}
+
+class ForeignPath : public ::testing::TestWithParam<const char*>
+{
+};
+
+TEST_P(ForeignPath, isUnknown)
+{
+    EXPECT_EQ(Router().find(GetParam()).endpoint, Endpoint::Unknown);
+}
+
+INSTANTIATE_TEST_SUITE_P(Router, ForeignPath,
+                         ::testing::Values("/", "", "connect/token", "/connect/token/", "/Connect/token",
+                                           "//connect/token", "/MedicationDispense", "/MedicationDispense/d-1",
+                                           "/MedicationDispense/a/b/$set-as-error", "/connect/%zz", "/x"));

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "tlscertificate.h"
+
+#include "emulatorerror.h"
+#include "emulatortest.h"
+
+#include <QSslSocket>
+
+namespace
+{
+class TlsTest : public EmulatorTest
+{
+protected:
+    TlsTest()
+    {
+        emulator::EmulatorSettings settings;
+        settings.clock = [this] { return m_now; };
+        settings.tlsCertificate = m_certificate.certificateFile();
+        settings.tlsKey = m_certificate.keyFile();
+        m_emulator = std::make_unique<emulator::RegistryEmulator>(settings);
+        m_emulator->seed(seedJson());
+        m_emulator->start();
+    }
+
+    void expectUnusable(const QString& certificate, const QString& key, const QString& message)
+    {
+        emulator::EmulatorSettings settings;
+        settings.tlsCertificate = certificate;
+        settings.tlsKey = key;
+        emulator::RegistryEmulator registry(settings);
+        try {
+            registry.start();
+            ADD_FAILURE() << "started with " << qPrintable(certificate) << " and " << qPrintable(key);
+        } catch (const emulator::EmulatorError& error) {
+            EXPECT_EQ(error.message(), message);
+        }
+    }
+
+    TlsCertificate m_certificate;
+};
+} // namespace
+
+TEST_F(TlsTest, registryWithCertificate_speaksHttpsOverTls12OrNewer)
+{
+    EXPECT_EQ(m_emulator->url().scheme(), QStringLiteral("https"));
+    RawConnection connection(m_emulator->url(), m_certificate.certificateFile());
+    ASSERT_TRUE(connection.isOpen());
+    EXPECT_TRUE(connection.protocol() == QSsl::TlsV1_2 || connection.protocol() == QSsl::TlsV1_3);
+    for (int request = 0; request < 2; ++request) {
+        connection.request("POST", "/connect/token", {{"Content-Type", "application/x-www-form-urlencoded"}},
+                           goodForm());
+        const auto answer = connection.answer();
+        ASSERT_TRUE(answer.has_value());
+        EXPECT_EQ(answer->status, 200);
+        EXPECT_TRUE(m_emulator->journal().entries().last().answeredWhole);
+    }
+    EXPECT_EQ(m_emulator->connectionCount(), 1);
+}
+
+TEST_F(TlsTest, faults_meetRequestsOverTlsToo)
+{
+    m_emulator->faults().cutAnswerOff(emulator::Endpoint::Any);
+    m_emulator->faults().closeBeforeAnswer(emulator::Endpoint::Any);
+    m_emulator->faults().resetBeforeAnswer(emulator::Endpoint::Any);
+    for (const bool hasBytes : {true, false, false}) {
+        RawConnection connection(m_emulator->url(), m_certificate.certificateFile());
+        connection.request("GET", "/x");
+        EXPECT_FALSE(connection.answer().has_value());
+        EXPECT_TRUE(connection.waitForEnd());
+        EXPECT_EQ(!connection.unread().isEmpty(), hasBytes);
+    }
+    EXPECT_EQ(m_emulator->journal().entries().size(), 3);
+}
+
+TEST_F(TlsTest, plainRequestToTlsPort_isNoRequest)
+{
+    QUrl url = m_emulator->url();
+    url.setScheme(QStringLiteral("http"));
+    RawConnection connection(url);
+    connection.request("GET", "/x");
+    EXPECT_FALSE(connection.answer().has_value());
+    EXPECT_TRUE(m_emulator->journal().entries().isEmpty());
+}
+
+TEST_F(TlsTest, missingOrForeignFiles_areTold)
+{
+    const QString certificate = m_certificate.certificateFile();
+    const QString key = m_certificate.keyFile();
+    expectUnusable(certificate, QString(), QStringLiteral("TLS needs both a certificate and a key"));
+    expectUnusable(QString(), key, QStringLiteral("TLS needs both a certificate and a key"));
+    expectUnusable(QStringLiteral("/nowhere.pem"), key,
+                   QStringLiteral("cannot read /nowhere.pem: No such file or directory"));
+    expectUnusable(key, key, key + QStringLiteral(" holds no PEM certificate"));
+    expectUnusable(certificate, certificate,
+                   certificate + QStringLiteral(" holds no RSA or EC key in PEM without a passphrase"));
+}

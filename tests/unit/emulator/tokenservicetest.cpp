@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include "emulatortest.h"
+
+#include <QJsonArray>
+
+namespace
+{
+class TokenServiceTest : public EmulatorTest
+{
+protected:
+    void demandOais()
+    {
+        auto rules = m_emulator->store().rules();
+        rules.oaisToken = QStringLiteral("second");
+        m_emulator->store().setRules(rules);
+    }
+
+    static QString error(const RawAnswer& answer) { return answer.json().value(QStringLiteral("error")).toString(); }
+};
+} // namespace
+
+TEST_F(TokenServiceTest, goodRequest_getsBearerTokenWithLifetimeAndScope)
+{
+    const RawAnswer answer = askForToken(goodForm());
+    EXPECT_EQ(answer.status, 200);
+    EXPECT_EQ(answer.header("Content-Type"), "application/json; charset=utf-8");
+    EXPECT_EQ(answer.header("Cache-Control"), "no-store");
+    EXPECT_GE(answer.json().value(QStringLiteral("access_token")).toString().size(), 40);
+    EXPECT_EQ(answer.json().value(QStringLiteral("token_type")).toString(), QStringLiteral("Bearer"));
+    EXPECT_EQ(answer.json().value(QStringLiteral("expires_in")).toInt(), 3600);
+    EXPECT_EQ(answer.json().value(QStringLiteral("scope")).toString(), QStringLiteral("read dispense"));
+}
+
+TEST_F(TokenServiceTest, everyRequest_getsTokenOfItsOwn)
+{
+    EXPECT_NE(askForToken(goodForm()).json().value(QStringLiteral("access_token")),
+              askForToken(goodForm()).json().value(QStringLiteral("access_token")));
+}
+
+TEST_F(TokenServiceTest, spacesAsPlusSigns_areReadAsForm)
+{
+    EXPECT_EQ(askForToken(goodForm("read+dispense")).json().value(QStringLiteral("scope")).toString(),
+              QStringLiteral("read dispense"));
+}
+
+TEST_F(TokenServiceTest, emptyScope_getsAllScopesOfClient)
+{
+    EXPECT_EQ(askForToken(goodForm("")).json().value(QStringLiteral("scope")).toString(),
+              QStringLiteral("read dispense"));
+}
+
+struct BadTokenRequest {
+    const char* name;
+    QByteArray form;
+    int status;
+    const char* error;
+    const char16_t* details;
+};
+
+void PrintTo(const BadTokenRequest& request, std::ostream* stream)
+{
+    *stream << request.name;
+}
+
+class RefusedTokenRequest : public EmulatorTest, public ::testing::WithParamInterface<BadTokenRequest>
+{
+};
+
+TEST_P(RefusedTokenRequest, hasItsOwnErrorAndText)
+{
+    const RawAnswer answer = askForToken(GetParam().form);
+    EXPECT_EQ(answer.status, GetParam().status);
+    EXPECT_EQ(answer.json().value(QStringLiteral("error")).toString(), QLatin1String(GetParam().error));
+    EXPECT_EQ(answer.issue(), QString::fromUtf16(GetParam().details));
+    const QByteArray description = answer.json().value(QStringLiteral("error_description")).toString().toUtf8();
+    EXPECT_FALSE(description.isEmpty());
+    EXPECT_TRUE(std::all_of(description.begin(), description.end(), [](char c) { return c >= ' ' && c <= '~'; }));
+    EXPECT_FALSE(answer.json().contains(QStringLiteral("access_token")));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    TokenService, RefusedTokenRequest,
+    ::testing::Values(
+        BadTokenRequest{"emptyForm", "", 400, "invalid_request", u"В запросе токена не указан параметр grant_type"},
+        BadTokenRequest{"otherGrant", "grant_type=password", 400, "unsupported_grant_type",
+                        u"Запрошен неизвестный способ авторизации"},
+        BadTokenRequest{"noClient", "grant_type=client_credentials", 400, "invalid_request",
+                        u"В запросе токена не указан параметр client_id"},
+        BadTokenRequest{"unknownClient", "grant_type=client_credentials&client_id=x", 401, "invalid_client",
+                        u"Клиент не зарегистрирован в АИС «ЭЛЕКТРОННЫЙ РЕЦЕПТ»"},
+        BadTokenRequest{"noSecret", "grant_type=client_credentials&client_id=pharmacy&client_secret=", 400,
+                        "invalid_request", u"В запросе токена не указан параметр client_secret"},
+        BadTokenRequest{"wrongSecret", "grant_type=client_credentials&client_id=pharmacy&client_secret=s%26c+ret", 401,
+                        "invalid_client", u"Неверный секрет клиента"},
+        BadTokenRequest{"noOrganization",
+                        "grant_type=client_credentials&client_id=pharmacy&client_secret=s%26c%2Bret&scope=read", 400,
+                        "invalid_request", u"В запросе токена не указан параметр organization_identifier"},
+        BadTokenRequest{"foreignOrganization",
+                        "grant_type=client_credentials&client_id=pharmacy&client_secret=s%26c%2Bret&"
+                        "organization_identifier=18",
+                        400, "unauthorized_client", u"Клиент не может работать от имени указанной организации"},
+        BadTokenRequest{"foreignScope",
+                        "grant_type=client_credentials&client_id=pharmacy&client_secret=s%26c%2Bret&scope=read+admin&"
+                        "organization_identifier=17",
+                        400, "invalid_scope", u"Клиенту не разрешена область доступа admin"},
+        BadTokenRequest{"twice", "grant_type=client_credentials&client_id=a&client_id=b", 400, "invalid_request",
+                        u"В запросе токена дважды указан параметр client_id"},
+        BadTokenRequest{"badEncoding", "grant_type=%zz", 400, "invalid_request",
+                        u"Запрос токена не удалось разобрать"}),
+    [](const auto& row) { return row.param.name; });
+
+TEST_F(TokenServiceTest, bodyThatIsNoForm_isRefused)
+{
+    const RawAnswer answer = ask("POST", "/connect/token", {{"Content-Type", "application/json"}}, goodForm());
+    EXPECT_EQ(answer.status, 400);
+    EXPECT_EQ(error(answer), QStringLiteral("invalid_request"));
+    EXPECT_EQ(answer.issue(), QStringLiteral("Запрос токена должен быть отправлен в виде формы"));
+}
+
+TEST_F(TokenServiceTest, missingOaisToken_isRefusedWhereItIsDemanded)
+{
+    demandOais();
+    const RawAnswer answer = askForToken(goodForm());
+    EXPECT_EQ(answer.status, 401);
+    EXPECT_EQ(error(answer), QStringLiteral("invalid_client"));
+    EXPECT_EQ(answer.header("WWW-Authenticate"), "Bearer");
+    EXPECT_EQ(answer.issue(), QStringLiteral("В запросе токена не указан токен ОАИС"));
+}
+
+TEST_F(TokenServiceTest, wrongOaisToken_isRefused)
+{
+    demandOais();
+    const RawAnswer answer = askForToken(goodForm(), {{"Authorization", "Bearer first"}});
+    EXPECT_EQ(answer.status, 401);
+    EXPECT_EQ(answer.issue(), QStringLiteral("Токен ОАИС в запросе токена не принят"));
+}
+
+TEST_F(TokenServiceTest, rightOaisTokens_areAdmitted)
+{
+    demandOais();
+    const RawAnswer token = askForToken(goodForm(), {{"Authorization", "Bearer second"}});
+    ASSERT_EQ(token.status, 200);
+    const QByteArray bearer = "Bearer " + token.json().value(QStringLiteral("access_token")).toString().toLatin1();
+    EXPECT_EQ(ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100",
+                  {{"authorization", bearer}, {"OAIS", "Bearer second"}})
+                  .status,
+              200);
+}
+
+TEST_F(TokenServiceTest, resourceRequestWithoutOrWithWrongOaisToken_isRefused)
+{
+    emulator::HttpHeaders headers = admitted();
+    demandOais();
+    const QByteArray target = "/MedicationPrescription/$by-card?patientIdentifier=1100";
+    const RawAnswer without = ask("GET", target, headers);
+    EXPECT_EQ(without.status, 401);
+    EXPECT_EQ(without.issue(), QStringLiteral("Запрос без токена ОАИС"));
+    headers.append(std::pair<QByteArray, QByteArray>("OAIS", "Bearer first"));
+    const RawAnswer wrong = ask("GET", target, headers);
+    EXPECT_EQ(wrong.status, 401);
+    EXPECT_EQ(wrong.issue(), QStringLiteral("Токен ОАИС не принят"));
+}
+
+TEST_F(TokenServiceTest, resourceRequestWithoutToken_isRefused)
+{
+    for (const emulator::HttpHeaders& headers :
+         {emulator::HttpHeaders(), emulator::HttpHeaders{{"Authorization", "Bearer "}},
+          emulator::HttpHeaders{{"Authorization", "Basic eDp5"}}}) {
+        const RawAnswer answer = ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", headers);
+        EXPECT_EQ(answer.status, 401);
+        EXPECT_EQ(answer.header("WWW-Authenticate"), "Bearer");
+        EXPECT_EQ(answer.issue(), QStringLiteral("Запрос без токена авторизации"));
+    }
+}
+
+TEST_F(TokenServiceTest, inventedToken_isRefused)
+{
+    const RawAnswer answer =
+        ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", {{"Authorization", "Bearer x"}});
+    EXPECT_EQ(answer.status, 401);
+    EXPECT_EQ(answer.header("WWW-Authenticate"), "Bearer error=\"invalid_token\"");
+    EXPECT_EQ(answer.issue(), QStringLiteral("Токен авторизации неизвестен"));
+}
+
+TEST_F(TokenServiceTest, tokenAtEndOfItsLifetime_isRefused)
+{
+    const emulator::HttpHeaders headers = admitted();
+    m_now = m_now.addSecs(3599);
+    EXPECT_EQ(ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", headers).status, 200);
+    m_now = m_now.addSecs(1);
+    const RawAnswer answer = ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", headers);
+    EXPECT_EQ(answer.status, 401);
+    EXPECT_EQ(answer.issue(), QStringLiteral("Срок действия токена авторизации истёк"));
+}
+
+TEST_F(TokenServiceTest, tokenWithoutScope_isForbidden)
+{
+    auto rules = m_emulator->store().rules();
+    rules.prescriptionScope = QStringLiteral("read");
+    rules.dispenseScope = QStringLiteral("dispense");
+    m_emulator->store().setRules(rules);
+
+    const emulator::HttpHeaders reader = admitted(goodForm("read"));
+    EXPECT_EQ(ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", reader).status, 200);
+    for (const QByteArray& path :
+         {QByteArray("/MedicationDispense/$register"), QByteArray("/MedicationDispense/d-1/$set-as-error")}) {
+        const RawAnswer answer = ask("POST", path, reader, "{}");
+        EXPECT_EQ(answer.status, 403);
+        EXPECT_EQ(answer.issue(), QStringLiteral("Для операции нужна область доступа dispense"));
+    }
+    const RawAnswer answer =
+        ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", admitted(goodForm("dispense")));
+    EXPECT_EQ(answer.status, 403);
+    EXPECT_EQ(answer.issue(), QStringLiteral("Для операции нужна область доступа read"));
+}
