@@ -34,10 +34,10 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationVersion(QStringLiteral(EMULATOR_VERSION));
     try {
         const auto commandLine = emulator::CommandLine::read(QCoreApplication::arguments());
-        emulator::RegistryEmulator registry(commandLine.settings);
-        begin(registry, commandLine.seedFile);
         emulator::TerminationSignal termination;
         QObject::connect(&termination, &emulator::TerminationSignal::received, &application, &QCoreApplication::quit);
+        emulator::RegistryEmulator registry(commandLine.settings);
+        begin(registry, commandLine.seedFile);
         registry.start();
         tell(QStringLiteral("registry ") + registry.url().toString());
         if (!registry.adminUrl().isEmpty())
