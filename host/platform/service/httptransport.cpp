@@ -16,7 +16,7 @@
 namespace
 {
 
-constexpr size_t largestAnswer = 64 * 1024 * 1024;
+constexpr size_t largestAnswer = size_t(64) * 1024 * 1024;
 constexpr int longestSliceMs = 4;
 constexpr long mostConnections = 8;
 /// Firewalls forget idle connections without a word; a request on such a one would only time out.
