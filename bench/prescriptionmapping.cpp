@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+// What the plug-in adds to parsing a card's answer, and what keeping served prescriptions out of the list costs.
+
+#include "abstractdocument.h"
+#include "electronicprescriptioninterface.h"
+#include "electronicprescriptionservice.h"
+#include "goodsitem.h"
+#include "positionformat.h"
+#include "prescriptionposition.h"
+
+#include <QCoreApplication>
+#include <QJsonDocument>
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+
+namespace
+{
+
+using Clock = std::chrono::steady_clock;
+
+QString prescriptionId(int number)
+{
+    return QStringLiteral("prescription-%1").arg(number, 8, 10, QLatin1Char('0'));
+}
+
+/// One prescription as the registry writes it: both names of the medicine, signature, payer, practitioner and one
+/// earlier dispense.
+QByteArray prescriptionBundle(int number)
+{
+    static const QByteArray text = R"({"resource": {"resourceType": "Bundle", "type": "collection", "entry": [
+        {"resource": {"resourceType": "MedicationPrescription", "id": "%id", "status": "active",
+            "identifier": [{"system": "urn:serial", "value": "1201 12345678"}],
+            "dateWritten": "2026-03-01",
+            "patient": {"reference": "Patient/5b7c9e0e-1d3c-4b9f-8f5e-6a1f0b7d2c11"},
+            "prescriber": {"reference": "Practitioner/17"},
+            "extension": [{"url": "http://fhir.example/StructureDefinition/by-factor", "valueDecimal": 0.1},
+                          {"url": "http://fhir.example/StructureDefinition/by-form", "valueString": "рецепт"}],
+            "medication": {"reference": "#medication1"},
+            "contained": [
+                {"resourceType": "Medication", "id": "medication1", "isBrand": false, "name": "Парацетамол",
+                 "code": {"coding": [{"system": "urn:inn", "code": "N02BE01", "display": "Парацетамол"}]}},
+                {"resourceType": "Medication", "id": "medication2", "isBrand": true,
+                 "code": {"coding": [{"system": "urn:trade", "code": "8801", "display": "Парацетамол-Проба"},
+                                     {"system": "urn:dosage", "code": "120045",
+                                      "display": "Парацетамол-Проба таблетки 500 мг №20"}]}}],
+            "dosageInstruction": [{"text": "По одной таблетке три раза в день"}, {"text": "после еды, 10 дней"}],
+            "dispense": {"validityPeriod": {"start": "2026-03-01", "end": "2026-05-30"},
+                         "quantity": {"value": 30, "units": "доза"}}}},
+        {"resource": {"resourceType": "Provenance", "id": "provenance", "recorded": "2026-03-01T10:00:00+03:00"}},
+        {"resource": {"resourceType": "Organization", "id": "payer-1", "name": "Фонд льготного обеспечения"}},
+        {"resource": {"resourceType": "Practitioner", "id": "17",
+                      "name": {"family": ["Пробный"], "given": ["Врач", "Врачевич"]}}},
+        {"resource": {"resourceType": "MedicationDispense", "id": "dispense", "whenHandedOver": "2026-03-10",
+                      "quantity": {"value": 10}}}
+    ]}})";
+    QByteArray bundle = text;
+    return bundle.replace("%id", prescriptionId(number).toUtf8());
+}
+
+QByteArray cardAnswer(int prescriptions)
+{
+    QByteArray answer = R"({"resourceType": "Bundle", "type": "searchset", "entry": [
+        {"resource": {"resourceType": "Patient", "id": "p", "birthDate": "1950-02-28",
+                      "name": [{"family": ["Пробный"], "given": ["Пациент", "Пациентович"]}]}})";
+    for (int number = 0; number < prescriptions; ++number)
+        answer += ",\n" + prescriptionBundle(number);
+    return answer + "]}";
+}
+
+/// The registry client with bytes in place of the network.
+class ClientOfBytes : public ElectronicPrescriptionInterface
+{
+public:
+    explicit ClientOfBytes(const QByteArray& answer)
+        : m_answer(answer)
+    {
+    }
+
+    void getAuthorizationToken(QString& token) const override { token = QStringLiteral("token"); }
+    void sendGetRequest(QUrl&, const Headers&, const QueryItems&, QJsonDocument& result) const override
+    {
+        result = QJsonDocument::fromJson(m_answer);
+    }
+
+private:
+    QByteArray m_answer;
+};
+
+class ServiceOfBytes : public ElectronicPrescriptionService
+{
+public:
+    explicit ServiceOfBytes(const QByteArray& answer)
+    {
+        registryClient.reset(new ClientOfBytes(answer));
+        dosageSystemId = QStringLiteral("urn:dosage");
+    }
+};
+
+/// "added": the time beyond parsing, as a share of the parsing time, both from the same run.
+void bytesToRecords(benchmark::State& state)
+{
+    const int count = int(state.range(0));
+    const QByteArray answer = cardAnswer(count);
+    ServiceOfBytes service(answer);
+    Clock::duration parsing{};
+    Clock::duration whole{};
+
+    for (auto _ : state) {
+        const auto begin = Clock::now();
+        {
+            const QJsonDocument document = QJsonDocument::fromJson(answer);
+            benchmark::DoNotOptimize(document.isObject());
+        }
+        const auto parsed = Clock::now();
+        ElectronicPrescriptionService::Prescriptions prescriptions;
+        service.getElectronicPrescriptionsByCardNumber(QStringLiteral("77"), QStringLiteral("active"), prescriptions);
+        const auto end = Clock::now();
+
+        if (prescriptions.size() != count)
+            state.SkipWithError("a prescription is missing");
+        service.clear();
+        parsing += parsed - begin;
+        whole += end - parsed;
+        state.SetIterationTime(std::chrono::duration<double>(end - parsed).count());
+    }
+    const auto seconds = [](Clock::duration duration) { return std::chrono::duration<double>(duration).count(); };
+    state.counters["added"] = seconds(whole) / seconds(parsing) - 1.0;
+    state.counters["per_prescription"] =
+        benchmark::Counter(double(count), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+BENCHMARK(bytesToRecords)->Arg(10)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+class Receipt : public AbstractDocument
+{
+public:
+    QList<QSharedPointer<GoodsItem>> positions;
+
+    int getType() const override { return Sale; }
+    QList<QSharedPointer<GoodsItem>> getPositions() const override { return positions; }
+};
+
+/// As many prescription positions on the receipt as prescriptions in the list; half of them are the same.
+void filterAgainstReceipt(benchmark::State& state)
+{
+    const int count = int(state.range(0));
+    const QSharedPointer<Receipt> receipt(new Receipt);
+    ElectronicPrescriptionService::Prescriptions fetched;
+    const ElectronicPrescriptionService service;
+    for (int number = 0; number < count; ++number) {
+        const QSharedPointer<ElectronicPrescription> prescription(new ElectronicPrescription);
+        prescription->setId(prescriptionId(number));
+        const QSharedPointer<ElectronicPrescription> served(new ElectronicPrescription);
+        served->setId(prescriptionId(number + count / 2));
+        const QSharedPointer<GoodsItem> position(new GoodsItem);
+        service.fillElectronicPrescriptionDataForPosition(served, position, true, 1.0);
+        fetched << prescription;
+        receipt->positions << position;
+    }
+    DocumentWatcher::setCurrentDocument(receipt);
+
+    for (auto _ : state) {
+        ElectronicPrescriptionService::Prescriptions prescriptions = fetched;
+        service.getUnprocessedElectronicPrescriptions(prescriptions);
+        if (prescriptions.size() != count / 2)
+            state.SkipWithError("the wrong prescriptions are left");
+    }
+    state.SetComplexityN(count);
+    DocumentWatcher::setCurrentDocument({});
+}
+BENCHMARK(filterAgainstReceipt)
+    ->Arg(250)
+    ->Arg(500)
+    ->Arg(1000)
+    ->Unit(benchmark::kMicrosecond)
+    ->Complexity(benchmark::oN);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
