@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "registryuris.h"
+
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+struct Uri {
+    const char* name;
+    const QString* uri;
+    const char* host;
+    const char* path;
+};
+
+class RegistryUri : public ::testing::TestWithParam<Uri>
+{
+};
+
+TEST_P(RegistryUri, uri_hasTheConfiguredHostAndTheFixedPathOverHttp)
+{
+    const auto& [name, uri, host, path] = GetParam();
+    EXPECT_EQ(*uri, QStringLiteral("http://") + host + path);
+    EXPECT_TRUE(QUrl(*uri).isValid());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, RegistryUri,
+    ::testing::Values(
+        Uri{"finalDispense", &registryuris::finalDispense, REGISTRY_STRUCTURE_HOST,
+            "/fhir/StructureDefinition/by-finalDispense"},
+        Uri{"addressType", &registryuris::addressType, REGISTRY_STRUCTURE_HOST,
+            "/fhir/StructureDefinition/by-AddressType"},
+        Uri{"addressTypes", &registryuris::addressTypes, VALUE_SET_HOST, "/fhir/vs/by-address-type"},
+        Uri{"invoiceGroups", &registryuris::invoiceGroups, VALUE_SET_HOST, "/fhir/vs/ActInvoiceGroupCode"},
+        Uri{"services", &registryuris::services, VALUE_SET_HOST, "/fhir/vs/service-uscls"},
+        Uri{"dosageDictionary", &registryuris::dosageDictionary, DOSAGE_DICTIONARY_HOST, "/Справочник.Дозировка"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(CurrencyUri, currencies_isAUrn)
+{
+    EXPECT_EQ(registryuris::currencies, "urn:std:iso:4217");
+}
+
+} // namespace

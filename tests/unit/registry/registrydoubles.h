@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "configured.h"
+#include "electronicprescriptioninterface.h"
+#include "goodsitem.h"
+#include "restclient.h"
+
+#include <QJsonDocument>
+#include <QList>
+#include <QSharedPointer>
+#include <QString>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+/// The JSON document of a text; fails the test when it is none.
+QJsonDocument json(const char* text);
+
+/// What the registry client handed to the HTTP client.
+struct SentRequest {
+    QByteArray method;
+    QUrl url;
+    ElectronicPrescriptionInterface::Headers headers;
+    QByteArray body;
+    /// Of a GET; null when the client gave none.
+    QJsonDocument document;
+    int timeout = 0;
+    /// Number of the client that sent it, from 1.
+    int client = 0;
+
+    /// What goes over the wire after the host and the port.
+    QByteArray target() const { return url.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority); }
+};
+
+/// What the HTTP client answers.
+struct Answered {
+    QJsonDocument document;
+    int errorCode = 0;
+    tr::Tr errorText;
+};
+
+/// A message as an exception carries it.
+struct Thrown {
+    enum Kind { Nothing, Error, NoPrescriptions };
+
+    Kind kind = Nothing;
+    tr::Tr message;
+
+    bool operator==(const Thrown&) const = default;
+};
+std::ostream& operator<<(std::ostream& stream, const Thrown& thrown);
+
+/// Runs the step and tells which of the plug-in's exceptions it threw.
+Thrown thrownBy(const std::function<void()>& step);
+
+/// The registry client between a configuration of the test's own and HTTP clients that answer what the test says.
+class RegistryTest : public ::testing::Test
+{
+protected:
+    RegistryTest();
+    ~RegistryTest() override;
+
+    /// The settings of a pharmacy, in every key.
+    void configurePharmacy();
+
+    /// Queues an answer. Without one left, an HTTP client answers with null and without an error.
+    void answer(const char* text) { answers.append({json(text), 0, {}}); }
+    void fail(int errorCode, const char* text = "{}");
+    /// Queues the answer to a token request.
+    void grantToken() { answer(R"({"access_token": "token-1"})"); }
+
+    Configured config;
+    QList<Answered> answers;
+    QList<SentRequest> requests;
+    int clients = 0;
+
+    const tr::Tr transportError{QStringLiteral("transportError"), QStringLiteral("Нет связи с реестром")};
+
+private:
+    class Client;
+};
+
+/// A position whose values the test sets.
+struct PositionDouble : GoodsItem {
+    double quantity = 1.0;
+    double tmcPrice = 0.0;
+    double sum = 0.0;
+
+    explicit PositionDouble(const char* options = "") { GoodsItem::setExtendedOptions(QString::fromUtf8(options)); }
+    double getQuantity() const override { return quantity; }
+    double getTmcPrice() const override { return tmcPrice; }
+    double getSumb() const override { return sum; }
+    void setExtendedOptions(const QString& options) override
+    {
+        GoodsItem::setExtendedOptions(options);
+        ++optionsWritten;
+    }
+
+    int optionsWritten = 0;
+};
