@@ -4,6 +4,7 @@
 #include "dialogshade_p.h"
 
 #include <QLabel>
+#include <QLayout>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
@@ -25,9 +26,12 @@ void BasicDialogForm::show()
 {
     if (QWidget* root = rootWidget()) {
         setCustomProperty(QStringLiteral("dialogForm"), true);
-        if (root->isWindow())
+        if (root->isWindow()) {
             root->setMaximumSize(smallestScreen);
-        else if (isModalDialog())
+            if (root->layout())
+                root->layout()->activate();
+            root->resize(root->sizeHint().boundedTo(smallestScreen));
+        } else if (isModalDialog())
             new DialogShade(*root);
     }
     BasicForm::show();

@@ -33,6 +33,7 @@ bool isActivity(QEvent::Type type)
 
 InactivityLocker::InactivityLocker(QObject* parent)
     : QObject(parent)
+    , m_timer(this)
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &InactivityLocker::lock);

@@ -53,9 +53,11 @@ public:
     {
         for (const QPointer<QObject>& waiting : std::exchange(m_toClose, {})) {
             if (auto* window = qobject_cast<QWindow*>(waiting))
-                QMetaObject::invokeMethod(window, &QWindow::close, Qt::QueuedConnection);
+                QMetaObject::invokeMethod(
+                    window, [window] { window->close(); }, Qt::QueuedConnection);
             else if (auto* widget = qobject_cast<QWidget*>(waiting))
-                QMetaObject::invokeMethod(widget, &QWidget::close, Qt::QueuedConnection);
+                QMetaObject::invokeMethod(
+                    widget, [widget] { widget->close(); }, Qt::QueuedConnection);
         }
     }
 

@@ -62,7 +62,7 @@ QList<RegisterColours::Pair> RegisterColours::textPairs() const
 
 double RegisterColours::contrast(const QColor& one, const QColor& other)
 {
-    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 

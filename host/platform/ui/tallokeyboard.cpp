@@ -97,8 +97,11 @@ private:
             item->widget()->deleteLater();
             delete item;
         }
-        for (const QString& keys : m_layouts[m_current]->rows)
-            m_rows->addWidget(createRow(keys.split(u' ')));
+        for (const QString& keys : m_layouts[m_current]->rows) {
+            QWidget* row = createRow(keys.split(u' '));
+            m_rows->addWidget(row);
+            row->show();
+        }
     }
 
     QWidget* createRow(const QStringList& keys)

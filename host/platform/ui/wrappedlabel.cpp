@@ -31,7 +31,8 @@ int WrappedLabel::heightForWidth(int width) const
 QSize WrappedLabel::sizeHint() const
 {
     QTextLayout layout;
-    return layOut(layout, widestLine).toSize() + QSize(1, 1) + frameRoom();
+    const QSizeF text = layOut(layout, widestLine);
+    return QSize(qCeil(text.width()), qCeil(text.height())) + frameRoom();
 }
 
 QSize WrappedLabel::minimumSizeHint() const

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "registerstyle.h"
+#include "tallokeyboard.h"
+#include "tallolineedit.h"
+#include "uitest.h"
+
+#include <QPushButton>
+#include <QRegularExpression>
+
+namespace
+{
+
+class RegisterStyleTest : public UiTest
+{
+protected:
+    ~RegisterStyleTest() override { qApp->setStyleSheet({}); }
+};
+
+TEST_F(RegisterStyleTest, everyTextOnItsGround_hasAContrastOfFourAndAHalf)
+{
+    for (const RegisterColours::Pair& pair : RegisterColours().textPairs())
+        EXPECT_GE(RegisterColours::contrast(pair.text, pair.ground), 4.5)
+            << pair.text.name().toStdString() << " on " << pair.ground.name().toStdString();
+}
+
+TEST_F(RegisterStyleTest, focusRings_standOutFromWhatTheySurround)
+{
+    const RegisterColours colours;
+    EXPECT_GE(RegisterColours::contrast(colours.accent, colours.ground), 3.0);
+    EXPECT_GE(RegisterColours::contrast(colours.accent, colours.panel), 3.0);
+    EXPECT_GE(RegisterColours::contrast(colours.text, colours.ground), 3.0);
+}
+
+TEST_F(RegisterStyleTest, contrast_isThatOfTheGuideline)
+{
+    EXPECT_NEAR(RegisterColours::contrast(Qt::black, Qt::white), 21.0, 0.001);
+    EXPECT_NEAR(RegisterColours::contrast(Qt::white, Qt::white), 1.0, 0.001);
+    EXPECT_NEAR(RegisterColours::contrast(QColor(0x76, 0x76, 0x76), Qt::white), 4.54, 0.01);
+}
+
+TEST_F(RegisterStyleTest, styleSheet_hasEveryColourFilledIn)
+{
+    for (const bool touch : {false, true}) {
+        const QString sheet = registerStyleSheet(touch);
+        EXPECT_THAT(sheet.toStdString(), ::testing::HasSubstr(RegisterColours().accent.name().toStdString()));
+        EXPECT_FALSE(sheet.contains(u'@'));
+    }
+}
+
+TEST_F(RegisterStyleTest, noTypeIsSmallerThanElevenPoints)
+{
+    applyRegisterStyle(*qApp);
+    EXPECT_GE(qApp->font().pointSize(), 11);
+    static const QRegularExpression size("font-size: *(\\d+)pt");
+    for (auto match = size.globalMatch(registerStyleSheet(true)); match.hasNext();)
+        EXPECT_GE(match.next().captured(1).toInt(), 11);
+}
+
+TEST_F(RegisterStyleTest, inTouchMode_targetsAreForFingers)
+{
+    setTouchMode();
+    applyRegisterStyle(*qApp);
+    QPushButton button("ОК");
+    TalloLineEdit edit;
+    for (QWidget* target : {static_cast<QWidget*>(&button), static_cast<QWidget*>(&edit)}) {
+        target->ensurePolished();
+        EXPECT_GE(target->minimumSizeHint().height(), 44);
+        EXPECT_GE(target->minimumSizeHint().width(), 44);
+    }
+}
+
+TEST_F(RegisterStyleTest, focusedControls_lookDifferent)
+{
+    applyRegisterStyle(*qApp);
+    QWidget window;
+    QPushButton plain("Отмена", &window);
+    QPushButton primary("ОК", &window);
+    TalloLineEdit edit(&window);
+    QPushButton elsewhere(&window);
+    primary.setProperty("primary", true);
+    plain.setGeometry(0, 0, 120, 40);
+    primary.setGeometry(0, 50, 120, 40);
+    edit.setGeometry(0, 100, 120, 40);
+    elsewhere.setGeometry(0, 150, 120, 40);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    for (QWidget* control :
+         {static_cast<QWidget*>(&plain), static_cast<QWidget*>(&primary), static_cast<QWidget*>(&edit)}) {
+        elsewhere.setFocus();
+        const QImage without = control->grab().toImage();
+        control->setFocus();
+        EXPECT_NE(without.pixelColor(2, 20), control->grab().toImage().pixelColor(2, 20))
+            << control->metaObject()->className();
+    }
+}
+
+} // namespace

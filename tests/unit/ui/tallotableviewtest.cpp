@@ -1,0 +1,281 @@
+// SPDX-License-Identifier: MIT
+#include "tallotableview.h"
+#include "uitest.h"
+
+#include <QAbstractItemModelTester>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QStandardItemModel>
+#include <QStringListModel>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+
+namespace
+{
+
+class TalloTableViewTest : public UiTest
+{
+protected:
+    TalloTableViewTest()
+        : model(5, 4)
+        , tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal)
+    {
+        model.setHorizontalHeaderLabels({"Первый", "Второй", "Третий", "Четвёртый"});
+        for (int row = 0; row < 5; ++row)
+            for (int column = 0; column < 4; ++column)
+                model.setItem(row, column, new QStandardItem("ячейка"));
+        view.resize(800, 400);
+    }
+
+    void show()
+    {
+        view.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    }
+
+    QImage header() { return view.horizontalHeader()->grab().toImage(); }
+
+    Qt::Alignment alignmentOf(int column)
+    {
+        struct Delegate : QStyledItemDelegate {
+            using QStyledItemDelegate::initStyleOption;
+        };
+        QStyleOptionViewItem option;
+        (static_cast<QStyledItemDelegate*>(view.itemDelegate())->*&Delegate::initStyleOption)(&option,
+                                                                                              model.index(0, column));
+        return option.displayAlignment;
+    }
+
+    QStandardItemModel model;
+    QAbstractItemModelTester tester;
+    TalloTableView view;
+};
+
+TEST_F(TalloTableViewTest, columns_areGivenBackAsTheyWereGiven)
+{
+    const QStringList columns{"name;МНН;-1;true;128", " code;;-2;true;128", " broken"};
+    view.setModel(&model);
+    view.setColumns(columns);
+    EXPECT_EQ(view.columns(), columns);
+}
+
+TEST_F(TalloTableViewTest, minusOne_takesTheRoomThatIsLeft)
+{
+    view.setModel(&model);
+    view.setColumns({"a;;-1;true;128", "b;;100;true;128", "c;;100;true;128", "d;;100;true;128"});
+    show();
+    EXPECT_EQ(view.columnWidth(0), view.viewport()->width() - 300);
+    view.resize(1000, 400);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view.columnWidth(0), view.viewport()->width() - 300);
+}
+
+TEST_F(TalloTableViewTest, twoColumnsWithMinusOne_shareTheRoom)
+{
+    view.setModel(&model);
+    view.setColumns({"a;;-1;true;128", "b;;-1;true;128", "c;;100;true;128", "d;;100;true;128"});
+    show();
+    EXPECT_NEAR(view.columnWidth(0), view.columnWidth(1), 1);
+    EXPECT_EQ(view.columnWidth(0) + view.columnWidth(1), view.viewport()->width() - 200);
+}
+
+TEST_F(TalloTableViewTest, minusTwo_fitsTheContentsAndFollowsThem)
+{
+    model.item(0, 1)->setText("ячейка пошире других");
+    view.setModel(&model);
+    view.setColumns({"a;;-1;true;128", " b;;-2;true;128", "c;;-2;true;128", "d;;-2;true;128"});
+    show();
+    EXPECT_GT(view.columnWidth(1), view.columnWidth(2));
+    const int before = view.columnWidth(2);
+    model.item(0, 2)->setText("ячейка ещё пошире других");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.columnWidth(2) > before; }, 5000));
+}
+
+TEST_F(TalloTableViewTest, minusTwoWithAnEndlessText_leavesRoomForTheOthers)
+{
+    model.item(0, 1)->setText(QString(10000, u'Ж'));
+    view.setModel(&model);
+    view.setColumns({"a;;-1;true;128", "b;;-2;true;128", "c;;100;true;128", "d;;100;true;128"});
+    show();
+    EXPECT_LT(view.columnWidth(1), view.width() / 2);
+    EXPECT_GT(view.columnWidth(0), 100);
+}
+
+TEST_F(TalloTableViewTest, pixels_areTheWidth)
+{
+    view.setModel(&model);
+    view.setColumns({"a;;150;true;128", "b;;70;true;128"});
+    EXPECT_EQ(view.columnWidth(0), 150);
+    EXPECT_EQ(view.columnWidth(1), 70);
+}
+
+TEST_F(TalloTableViewTest, notShown_isHidden)
+{
+    view.setModel(&model);
+    view.setColumns({"a;;150;false;128", "b;;70;true;128"});
+    EXPECT_TRUE(view.isColumnHidden(0));
+    EXPECT_FALSE(view.isColumnHidden(1));
+    view.setColumns({"a;;150;true;128"});
+    EXPECT_FALSE(view.isColumnHidden(0));
+}
+
+TEST_F(TalloTableViewTest, alignment_isThatOfTheCells)
+{
+    view.setModel(&model);
+    view.setColumns({"a;;-1;true;128", " b;;-2;true;132", "c;;-2;true;130"});
+    EXPECT_EQ(alignmentOf(0), Qt::AlignVCenter);
+    EXPECT_EQ(alignmentOf(1), Qt::AlignVCenter | Qt::AlignHCenter);
+    EXPECT_EQ(alignmentOf(2), Qt::AlignVCenter | Qt::AlignRight);
+}
+
+TEST_F(TalloTableViewTest, caption_isShownInsteadOfTheModels_emptyLeavesTheModels)
+{
+    view.setModel(&model);
+    show();
+    view.setColumns({"a;;150;true;128", "b;;150;true;128", "c;;150;true;128", "d;;150;true;128"});
+    const QImage own = header();
+    view.setColumns({"a;Иной;150;true;128", "b;;150;true;128", "c;;150;true;128", "d;;150;true;128"});
+    const QImage captioned = header();
+    EXPECT_NE(captioned.copy(0, 0, 150, captioned.height()), own.copy(0, 0, 150, own.height()));
+    EXPECT_EQ(captioned.copy(150, 0, 300, captioned.height()), own.copy(150, 0, 300, own.height()));
+    model.setHeaderData(0, Qt::Horizontal, "Иной");
+    view.setColumns({"a;;150;true;128"});
+    EXPECT_EQ(header(), captioned);
+}
+
+TEST_F(TalloTableViewTest, longCaption_widensAFittingColumn)
+{
+    view.setModel(&model);
+    view.setColumns({"a;;-2;true;128", "b;Заголовок пошире содержимого;-2;true;128"});
+    show();
+    EXPECT_GT(view.columnWidth(1), view.columnWidth(0) + 50);
+}
+
+TEST_F(TalloTableViewTest, itemThatDoesNotRead_leavesItsColumnAsItWas)
+{
+    view.setModel(&model);
+    view.setColumns({"a;;150;true;128"});
+    for (const QString broken :
+         {"", "a", "a;;x;true;128", "a;;-3;true;128", "a;;90;yes;128", "a;;90;true;x", "a;;90;true;128;"}) {
+        view.setColumns({broken, "b;;80;true;128"});
+        EXPECT_EQ(view.columnWidth(0), 150) << broken.toStdString();
+        EXPECT_FALSE(view.isColumnHidden(0)) << broken.toStdString();
+        EXPECT_EQ(view.columnWidth(1), 80) << broken.toStdString();
+    }
+}
+
+TEST_F(TalloTableViewTest, moreItemsThanColumns_areKeptForALaterModel)
+{
+    QStandardItemModel narrow(1, 1);
+    view.setModel(&narrow);
+    view.setColumns({"a;;150;true;128", "b;;70;true;128"});
+    EXPECT_EQ(view.columnWidth(0), 150);
+    view.setModel(&model);
+    EXPECT_EQ(view.columnWidth(1), 70);
+}
+
+TEST_F(TalloTableViewTest, columnsSetBeforeTheModel_hold)
+{
+    view.setColumns({"a;;150;true;128", "b;;70;false;128"});
+    view.setModel(&model);
+    EXPECT_EQ(view.columnWidth(0), 150);
+    EXPECT_TRUE(view.isColumnHidden(1));
+}
+
+TEST_F(TalloTableViewTest, rowClicked_isCurrentAsAWholeAndAlone)
+{
+    view.setModel(&model);
+    show();
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(model.index(1, 2)).center());
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      view.visualRect(model.index(3, 0)).center());
+    EXPECT_EQ(view.currentIndex().row(), 3);
+    const QModelIndexList selected = view.selectionModel()->selectedRows();
+    ASSERT_EQ(selected.size(), 1);
+    EXPECT_EQ(selected.first().row(), 3);
+}
+
+TEST_F(TalloTableViewTest, tab_leavesTheTable)
+{
+    EXPECT_FALSE(view.tabKeyNavigation());
+}
+
+TEST_F(TalloTableViewTest, touchMode_rowsAreForFingers)
+{
+    view.setModel(&model);
+    EXPECT_LT(view.rowHeight(0), 44);
+    setTouchMode();
+    TalloTableView touched;
+    touched.setModel(&model);
+    EXPECT_GE(touched.rowHeight(0), 44);
+}
+
+class ToolTipTest : public TalloTableViewTest
+{
+protected:
+    QString toolTipAt(int row, int column)
+    {
+        const QPoint place = view.visualRect(model.index(row, column)).center();
+        QHelpEvent help(QEvent::ToolTip, place, view.viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(view.viewport(), &help);
+        const QString text = QToolTip::text();
+        QToolTip::hideText();
+        return text;
+    }
+};
+
+TEST_F(ToolTipTest, textThatIsCutOff_isInTheToolTipLiterally)
+{
+    model.item(0, 0)->setText("<b>" + QString(200, u'Ж') + "</b>");
+    view.setModel(&model);
+    view.setColumns({"a;;150;true;128", "b;;150;true;128"});
+    show();
+    EXPECT_EQ(toolTipAt(0, 0), "<qt>&lt;b&gt;" + QString(200, u'Ж') + "&lt;/b&gt;</qt>");
+}
+
+TEST_F(ToolTipTest, textThatFits_hasNone)
+{
+    view.setModel(&model);
+    view.setColumns({"a;;150;true;128", "b;;150;true;128"});
+    show();
+    EXPECT_EQ(toolTipAt(0, 1), "");
+}
+
+TEST_F(ToolTipTest, modelsOwnToolTip_isShown)
+{
+    model.item(0, 0)->setToolTip("своя подсказка");
+    view.setModel(&model);
+    show();
+    EXPECT_EQ(toolTipAt(0, 0), "своя подсказка");
+}
+
+/// Counts how often a view looks at its cells.
+class CountingModel : public QAbstractTableModel
+{
+public:
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : 10000; }
+    int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : 5; }
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        if (role != Qt::DisplayRole)
+            return {};
+        looks.insert(index.row());
+        return QStringLiteral("ячейка");
+    }
+    mutable QSet<int> looks;
+};
+
+TEST_F(TalloTableViewTest, tenThousandRows_onlyTheFirstOnesAreLookedAt)
+{
+    CountingModel many;
+    QAbstractItemModelTester manyTester(&many, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    many.looks.clear();
+    view.setModel(&many);
+    view.setColumns({"a;;-1;true;128", "b;;-2;true;128", "c;;-2;true;128", "d;;-2;true;128", "e;;-2;true;128"});
+    show();
+    view.grab();
+    EXPECT_GT(many.looks.size(), 5);
+    EXPECT_LT(many.looks.size(), 200);
+}
+
+} // namespace
