@@ -12,7 +12,9 @@ void ComplexFilterProxyModel::addFilter(int column, const QString& text, FilterM
         m_filters.remove(column);
     else
         m_filters.insert(column, {QStringMatcher(text, Qt::CaseInsensitive), mode});
-    invalidateRowsFilter();
+    // One change of the layout, however scattered the rows are that come and go: told one by one, they would cost a
+    // view many times the filtering.
+    invalidate();
 }
 
 bool ComplexFilterProxyModel::filterAcceptsRow(int sourceRow, const QModelIndex& sourceParent) const

@@ -23,6 +23,9 @@ public:
     explicit ComplexFilterProxyModel(QObject* parent = nullptr);
 
     /// Sets the filter of a column: it replaces the column's former one. An empty text lets every row pass.
+    ///
+    /// Views see one change of the layout: an index whose row passes stays valid, the others become invalid; a current
+    /// row that is filtered out leaves none current.
     void addFilter(int column, const QString& text, FilterMode mode);
 
 protected:

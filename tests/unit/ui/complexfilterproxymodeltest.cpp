@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "complexfilterproxymodel.h"
+#include "tallotableview.h"
 
 #include <QAbstractItemModelTester>
 #include <QStandardItemModel>
@@ -123,6 +124,39 @@ TEST_F(ComplexFilterProxyModelTest, filteredRow_mapsToItsSourceRow)
 {
     proxy.addFilter(0, "кислота", ComplexFilterProxyModel::Contains);
     EXPECT_EQ(proxy.mapToSource(proxy.index(0, 0)).row(), 2);
+}
+
+TEST_F(ComplexFilterProxyModelTest, currentRowThatPasses_staysCurrent)
+{
+    TalloTableView view;
+    view.setModel(&proxy);
+    view.selectRow(2);
+    proxy.addFilter(0, "кислота", ComplexFilterProxyModel::Contains);
+    EXPECT_EQ(view.currentIndex(), proxy.index(0, 0));
+    EXPECT_EQ(view.selectionModel()->selectedRows(), QModelIndexList({proxy.index(0, 0)}));
+}
+
+TEST_F(ComplexFilterProxyModelTest, currentRowFilteredOut_leavesNoneCurrent_andAnyCanBeChosen)
+{
+    TalloTableView view;
+    view.setModel(&proxy);
+    view.selectRow(1);
+    proxy.addFilter(0, "парацетамол", ComplexFilterProxyModel::Contains);
+    EXPECT_FALSE(view.currentIndex().isValid());
+    view.selectRow(0);
+    EXPECT_EQ(view.currentIndex().data(), "Парацетамол");
+}
+
+TEST_F(ComplexFilterProxyModelTest, scatteredRowsFilteredOut_isOneChangeForAView)
+{
+    for (int row = 0; row < 1000; ++row)
+        addRow(row % 2 ? "Чётный" : "Нечётный?", "X");
+    int changes = 0;
+    QObject::connect(&proxy, &QAbstractItemModel::rowsRemoved, [&] { ++changes; });
+    QObject::connect(&proxy, &QAbstractItemModel::layoutChanged, [&] { ++changes; });
+    proxy.addFilter(0, "?", ComplexFilterProxyModel::Contains);
+    EXPECT_EQ(proxy.rowCount(), 500);
+    EXPECT_EQ(changes, 1);
 }
 
 } // namespace
