@@ -39,6 +39,7 @@ void Pharmacy::SetUp()
     configure(QStringLiteral("ElectronicPrescription:scope"), QStringLiteral("dispense"));
     configure(QStringLiteral("ElectronicPrescription:organizationIdentifier"), QStringLiteral("100000017"));
     configure(QStringLiteral("ElectronicPrescription:timeout"), QStringLiteral("20"));
+    configure(QStringLiteral("Register:demoData"), QStringLiteral("true"));
 }
 
 void Pharmacy::TearDown()
@@ -85,13 +86,14 @@ void Pharmacy::launch(const QString& scenario, const QStringList& options)
     const QString configuration = m_folder.filePath(QStringLiteral("register.ini"));
     write(configuration, ini);
 
+    QStringList arguments{QStringLiteral("--config"), configuration, QStringLiteral("--data"),        dataFolder(),
+                          QStringLiteral("--play"),   scenario,      QStringLiteral("--screenshots"), m_folder.path()};
+    if (!options.contains(QStringLiteral("--plugins")))
+        arguments += {QStringLiteral("--plugins"), QStringLiteral(PLUGIN_FOLDER)};
+
     m_output.clear();
     m_register.setProcessChannelMode(QProcess::MergedChannels);
-    m_register.start(QStringLiteral(REGISTER_PROGRAM),
-                     QStringList{QStringLiteral("--config"), configuration, QStringLiteral("--data"), dataFolder(),
-                                 QStringLiteral("--plugins"), QStringLiteral(PLUGIN_FOLDER), QStringLiteral("--play"),
-                                 scenario, QStringLiteral("--screenshots"), m_folder.path()} +
-                         options);
+    m_register.start(QStringLiteral(REGISTER_PROGRAM), arguments + options);
     ASSERT_TRUE(m_register.waitForStarted(patience)) << qPrintable(m_register.errorString());
 }
 

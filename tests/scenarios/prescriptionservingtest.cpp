@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "pharmacy.h"
+
+namespace
+{
+
+const QString tokenPath = QStringLiteral("/connect/token");
+const QString byCardPath = QStringLiteral("/MedicationPrescription/$by-card");
+
+QString header(const QJsonObject& request, const QString& name)
+{
+    for (const QJsonValue& field : request.value(QLatin1String("headers")).toArray()) {
+        if (field[QLatin1String("name")].toString().compare(name, Qt::CaseInsensitive) == 0)
+            return field[QLatin1String("value")].toString();
+    }
+    return {};
+}
+
+} // namespace
+
+class PrescriptionServing : public Pharmacy
+{
+};
+
+TEST_F(PrescriptionServing, servedByKeyboard_goodsStandOnTheReceiptAtTheBenefitPrice)
+{
+    const Outcome outcome = play("served-by-keyboard.json");
+    ASSERT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+
+    const QJsonArray positions = savedPositions();
+    ASSERT_EQ(positions.size(), 1);
+    const QJsonObject position = positions[0].toObject();
+    const QJsonObject options = optionsOf(position);
+    EXPECT_EQ(options.value("id").toString(), position.value("softCheckId").toString());
+    EXPECT_FALSE(options.value("id").toString().isEmpty());
+    EXPECT_EQ(options.value("patient").toString(), QStringLiteral("Берёзкин Антон Олегович"));
+    EXPECT_FALSE(options.contains("status"));
+    EXPECT_NEAR(position.value("price").toDouble(),
+                position.value("initialPrice").toDouble() * options.value("sumFactor").toDouble(), 0.0051);
+    EXPECT_LT(position.value("price").toDouble(), position.value("initialPrice").toDouble());
+    EXPECT_EQ(savedReceipt()["plugins"]["ElectronicPrescriptionService"]["cardNumber"].toString(),
+              QStringLiteral("1100000000000001"));
+}
+
+TEST_F(PrescriptionServing, servedByKeyboard_registryIsAskedForATokenAndTheCard)
+{
+    configure("ElectronicPrescription:oais", "oais token");
+    const Outcome outcome = play("served-by-keyboard.json");
+    ASSERT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+
+    const QJsonArray requests = journal();
+    ASSERT_EQ(requests.size(), 2);
+    const QJsonObject token = requests[0].toObject();
+    EXPECT_EQ(token.value("method").toString(), QStringLiteral("POST"));
+    EXPECT_EQ(token.value("path").toString(), tokenPath);
+    EXPECT_EQ(header(token, "Content-Type"), QStringLiteral("application/x-www-form-urlencoded"));
+    EXPECT_EQ(header(token, "Authorization"), QStringLiteral("Bearer oais token"));
+    EXPECT_EQ(token.value("body").toString(),
+              QStringLiteral("grant_type=client_credentials&client_id=pharmacy-17&client_secret=secret%2617"
+                             "&scope=dispense&organization_identifier=100000017"));
+    const QJsonObject byCard = requests[1].toObject();
+    EXPECT_EQ(byCard.value("method").toString(), QStringLiteral("GET"));
+    EXPECT_EQ(byCard.value("target").toString(),
+              byCardPath + QStringLiteral("?patientIdentifier=1100000000000001&status=active"));
+    EXPECT_TRUE(header(byCard, "Authorization").startsWith(QLatin1String("Bearer ")));
+    EXPECT_EQ(header(byCard, "OAIS"), QStringLiteral("Bearer oais token"));
+    EXPECT_EQ(header(byCard, "Accept"), QStringLiteral("application/json"));
+}
+
+TEST_F(PrescriptionServing, servedByTouch_goodsStandOnTheReceipt)
+{
+    const Outcome outcome = play("served-by-touch.json", {"--touch"});
+    ASSERT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    EXPECT_EQ(savedPositions().size(), 1);
+}
+
+TEST_F(PrescriptionServing, backFromEveryStep_nothingIsLeftBehindAndServingGoesOn)
+{
+    const Outcome outcome = play("back-from-every-step.json");
+    ASSERT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    EXPECT_EQ(savedPositions().size(), 1);
+}
+
+TEST_F(PrescriptionServing, filterTypedAndChosen_isThereOnTheWayBackAndGoneOnANewCommand)
+{
+    const Outcome outcome = play("filter-kept-on-the-way-back.json");
+    EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+}
+
+TEST_F(PrescriptionServing, secondPrescriptionOfTheCard_comesFromTheCacheWithoutTheFirst)
+{
+    const Outcome outcome = play("two-from-one-card.json");
+    ASSERT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    EXPECT_EQ(requestedPaths(), (QStringList{tokenPath, byCardPath}));
+    ASSERT_EQ(savedPositions().size(), 2);
+    EXPECT_NE(optionsOf(savedPositions()[0].toObject()).value("id"),
+              optionsOf(savedPositions()[1].toObject()).value("id"));
+}
+
+TEST_F(PrescriptionServing, cardWithoutPrescriptions_isToldAndTheNextCommandAsksForACard)
+{
+    const Outcome outcome = play("card-without-prescriptions.json");
+    EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+}
+
+TEST_F(PrescriptionServing, enterPressedTenTimesWhileTheRegistryIsSlow_choosesNothing)
+{
+    orderFault({{"fault", "delay"}, {"endpoint", "by-card"}, {"delay", 3000}});
+    const Outcome outcome = play("enter-pressed-while-waiting.json");
+    EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    EXPECT_EQ(requestedPaths(), (QStringList{tokenPath, byCardPath}));
+}

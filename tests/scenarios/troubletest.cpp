@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "pharmacy.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace
+{
+
+/// A fault of the registry, and what of the cashier's message must be there.
+struct Trouble {
+    const char* name;
+    const char* fault; ///< as the emulator's admin port takes it; empty: the registry is not running
+    const char* told;
+};
+
+const Trouble troubles[] = {
+    {"registryDown", "", "127.0.0.1"},
+    {"tokenRefused", R"({"fault": "status", "endpoint": "token", "status": 401, "issue": "Токен не выдан"})",
+     "Токен не выдан"},
+    {"tokenAnswerWithoutToken", R"({"fault": "body", "endpoint": "token", "body": "{}"})",
+     "Ошибка при получении токена для авторизации"},
+    {"forbiddenWithIssue", R"({"fault": "status", "endpoint": "by-card", "status": 403, "issue": "Нет доступа"})",
+     "Нет доступа"},
+    {"tooManyRequests", R"({"fault": "status", "endpoint": "by-card", "status": 429})", "429"},
+    {"serverErrorWithoutIssue", R"({"fault": "status", "endpoint": "by-card", "status": 500})", "500"},
+    {"html", R"({"fault": "html", "endpoint": "by-card"})", "Ошибка при получении списка рецептов"},
+    {"halfJson", R"({"fault": "half-json", "endpoint": "by-card"})", "Ошибка при получении списка рецептов"},
+    {"emptyBody", R"({"fault": "empty", "endpoint": "by-card"})", "Ошибка при получении списка рецептов"},
+    {"wrongShape", R"({"fault": "body", "endpoint": "by-card", "body": "[1, 2]"})",
+     "Ошибка при получении списка рецептов"},
+    {"entryOfTextInsteadOfObjects",
+     R"({"fault": "body", "endpoint": "by-card", "body": "{\"resourceType\": \"Bundle\", \"entry\": [\"x\"]}"})",
+     "Ошибка при получении списка рецептов"},
+    {"connectionClosed", R"({"fault": "close", "endpoint": "by-card"})", "127.0.0.1"},
+    {"connectionReset", R"({"fault": "reset", "endpoint": "by-card"})", "127.0.0.1"},
+    {"answerCutOff", R"({"fault": "cut", "endpoint": "by-card"})", "127.0.0.1"},
+    {"noAnswerWithinTheTimeout", R"({"fault": "never", "endpoint": "by-card"})", "127.0.0.1"},
+};
+
+class RegistryTrouble : public Pharmacy, public ::testing::WithParamInterface<Trouble>
+{
+};
+
+} // namespace
+
+TEST_P(RegistryTrouble, isToldAndLeavesTheReceiptAsItWas)
+{
+    const Trouble trouble = GetParam();
+    configure("ElectronicPrescription:timeout", "2");
+    if (*trouble.fault)
+        orderFault(QJsonDocument::fromJson(trouble.fault).object());
+    else
+        stopRegistry();
+
+    const Outcome outcome = play("trouble-told.json");
+    EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    EXPECT_TRUE(outcome.output.contains(QString::fromUtf8(trouble.told))) << qPrintable(outcome.output);
+    EXPECT_TRUE(savedPositions().isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Registry, RegistryTrouble, ::testing::ValuesIn(troubles),
+                         [](const auto& trouble) { return std::string(trouble.param.name); });
+
+class PharmacyTrouble : public Pharmacy
+{
+};
+
+TEST_F(PharmacyTrouble, layoutMissing_isToldByNameAndTheRegisterGoesOn)
+{
+    const QDir plugins(QStringLiteral(PLUGIN_FOLDER));
+    const QDir own(dataFolder() + "/plugins");
+    ASSERT_TRUE(QDir().mkpath(own.filePath("electronicprescription")));
+    for (const QString& file : {"libelectronicprescription.so", "electronicprescription/electronicprescription.ui"})
+        ASSERT_TRUE(QFile::copy(plugins.filePath(file), own.filePath(file)));
+
+    const Outcome outcome = play("trouble-told.json", {"--plugins", own.path()});
+    EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    EXPECT_TRUE(outcome.output.contains("electronicprescriptionchoice.ui")) << qPrintable(outcome.output);
+}
+
+TEST_F(PharmacyTrouble, timeoutIsNoNumber_registerRunsWithTheDefault)
+{
+    configure("ElectronicPrescription:timeout", "soon");
+    const Outcome outcome = play("served-by-keyboard.json");
+    EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+}
+
+TEST_F(PharmacyTrouble, goodsDatabaseWithoutItsTables_isToldAndNothingIsServed)
+{
+    QFile empty(dataFolder() + "/empty.sqlite");
+    ASSERT_TRUE(empty.open(QIODevice::WriteOnly));
+    empty.close();
+    configure("Register:demoData", "false");
+    configure("Database:name", empty.fileName());
+    const Outcome outcome = play("goods-database-without-tables.json");
+    EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    EXPECT_TRUE(savedPositions().isEmpty());
+}
