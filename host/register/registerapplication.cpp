@@ -57,7 +57,7 @@ std::optional<StartupFailure> RegisterApplication::start()
 
 int RegisterApplication::run()
 {
-    int status = exitstatus::done;
+    int status = m_player ? exitstatus::scenarioFailed : exitstatus::done; // until the scenario has been played
     QTimer::singleShot(0, m_window.get(), [this] { takeUpWork(); });
     if (m_player) {
         QObject::connect(m_player.get(), &ScenarioPlayer::finished, m_window.get(), [this, &status](bool held) {

@@ -16,6 +16,12 @@ Sale::Sale(const QString& dataFolder, QObject* parent)
     , m_store(dataFolder)
     , m_numbers(dataFolder)
 {
+    Singleton<LoyaltySystemLayer>::get()->setRecalculation([this](AbstractDocument&) { emit changed(); });
+}
+
+Sale::~Sale()
+{
+    Singleton<LoyaltySystemLayer>::get()->setRecalculation({});
 }
 
 void Sale::open()
@@ -86,7 +92,6 @@ void Sale::recalculateAndSave()
 {
     Singleton<LoyaltySystemLayer>::get()->recalculate(m_receipt);
     m_store.save(m_receipt);
-    emit changed();
 }
 
 void Sale::tellDamage(const ReceiptStore::Loaded& loaded) const

@@ -20,6 +20,7 @@ class Sale : public QObject
 public:
     /// @param dataFolder where the open receipt is saved
     explicit Sale(const QString& dataFolder, QObject* parent = nullptr);
+    ~Sale() override;
 
     /// Null between receipts.
     QSharedPointer<Receipt> receipt() const { return m_receipt; }
@@ -38,10 +39,8 @@ public:
     /// Takes up the receipt that was open when the register ended. A damaged one is set aside and told to the cashier.
     void restore();
 
-    /// Tells the screens that a plug-in may have changed the receipt.
-    void notifyChanged() { emit changed(); }
-
 signals:
+    /// The receipt is another one, or was recalculated.
     void changed();
 
 private:

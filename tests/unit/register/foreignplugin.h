@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+/// A Qt plug-in of some other program.
+class ForeignPlugin : public QObject
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID "example.other.Plugin")
+};

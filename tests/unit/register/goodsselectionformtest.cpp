@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+#include "goodsselectionform.h"
+#include "basicexception.h"
+#include "tallolineedit.h"
+#include "tallotableview.h"
+#include "till.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+namespace
+{
+
+/// Keeps what a form answers.
+class AnsweredGui : public GraphicalUserInterface
+{
+public:
+    AnsweredGui()
+        : m_former(Singleton<GraphicalUserInterface>::instance)
+    {
+        Singleton<GraphicalUserInterface>::instance = this;
+    }
+    ~AnsweredGui() override { Singleton<GraphicalUserInterface>::instance = m_former; }
+
+    void answer(const control::Action& action) override { answers.append(action); }
+
+    QList<control::Action> answers;
+
+private:
+    GraphicalUserInterface* m_former;
+};
+
+} // namespace
+
+class GoodsSelection : public Till
+{
+protected:
+    GoodsSelection() { Q_INIT_RESOURCE(register); }
+
+    /// The form in a window of its own, ready for input; what it answers is in `answered`.
+    void open(const QString& inn, const QString& info = {}, const QString& filter = {})
+    {
+        form = std::make_unique<GoodsSelectionForm>(GoodsSelectionParams{catalogue.goodsOf(inn), info, filter});
+        form->rootWidget()->resize(1024, 600);
+        form->rootWidget()->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form->rootWidget()));
+        form->show();
+    }
+    template <typename T>
+    T* widget(const char* name) const
+    {
+        return form->rootWidget()->findChild<T*>(QLatin1String(name));
+    }
+    void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+    void type(const QString& text)
+    {
+        auto* line = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        ASSERT_TRUE(line);
+        line->insert(text);
+    }
+    int shownRows() const { return widget<TalloTableView>("goodsTable")->model()->rowCount(); }
+    QString hint() const { return widget<QLabel>("hintLabel")->text(); }
+    const QList<control::Action>& answers() const { return answered.answers; }
+    SelectedGoods selected() const
+    {
+        EXPECT_EQ(answers().size(), 1);
+        return answers().isEmpty() ? SelectedGoods()
+                                   : answers().first().value(QStringLiteral("result")).value<SelectedGoods>();
+    }
+
+    AnsweredGui answered;
+    std::unique_ptr<GoodsSelectionForm> form;
+};
+
+TEST_F(GoodsSelection, opened_focusStandsInTheFilterAndTheFirstRowIsCurrent)
+{
+    open(QStringLiteral("Амоксициллин"), QStringLiteral("Амоксициллин / Амоксидар / 30"));
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("filterLineEdit"));
+    EXPECT_EQ(shownRows(), 3);
+    EXPECT_EQ(widget<TalloTableView>("goodsTable")->currentIndex().row(), 0);
+    EXPECT_EQ(widget<QLabel>("medicineInfoLabel")->text(), QStringLiteral("Амоксициллин / Амоксидар / 30"));
+    EXPECT_EQ(widget<TalloLineEdit>("quantityLineEdit")->text(), QStringLiteral("1"));
+}
+
+TEST_F(GoodsSelection, withoutInfo_itsLineIsHidden)
+{
+    open({});
+    EXPECT_FALSE(widget<QLabel>("medicineInfoLabel")->isVisible());
+    EXPECT_EQ(shownRows(), 60);
+}
+
+TEST_F(GoodsSelection, returnPressed_answersTheCurrentRowAndOnePack)
+{
+    open(QStringLiteral("Амоксициллин"));
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(selected().goods.name, QStringLiteral("Амоксидар, капсулы 500 мг №16"));
+    EXPECT_EQ(selected().packs, 1);
+    EXPECT_EQ(answers().first().value(QStringLiteral("data")).toInt(), 0);
+}
+
+TEST_F(GoodsSelection, filterTyped_onlyMatchesAreShownWhateverTheCase)
+{
+    open({});
+    type(QStringLiteral("ПАРАЦЕТ"));
+    EXPECT_EQ(shownRows(), 2) << "by name or non-proprietary name";
+    press(Qt::Key_Return);
+    EXPECT_EQ(selected().goods.nonProprietaryName, QStringLiteral("Парацетамол"));
+}
+
+TEST_F(GoodsSelection, barcodeTyped_findsItsGoods)
+{
+    open({}, {}, amoxidar);
+    EXPECT_EQ(shownRows(), 1);
+    press(Qt::Key_Return);
+    EXPECT_EQ(selected().goods.barcode, amoxidar);
+}
+
+TEST_F(GoodsSelection, nothingMatches_saysSoAndStays)
+{
+    open({}, {}, QStringLiteral("нет такого"));
+    press(Qt::Key_Return);
+    EXPECT_TRUE(answers().isEmpty());
+    EXPECT_TRUE(hint().startsWith(QStringLiteral("Нет подходящего товара")));
+    widget<TalloLineEdit>("filterLineEdit")->clear();
+    EXPECT_TRUE(hint().isEmpty());
+}
+
+TEST_F(GoodsSelection, packsTyped_areAnswered)
+{
+    open({}, {}, amoxidar);
+    widget<TalloLineEdit>("quantityLineEdit")->setText(QStringLiteral("24"));
+    widget<QPushButton>("okButton")->click();
+    EXPECT_EQ(selected().packs, 24);
+}
+
+TEST_F(GoodsSelection, morePacksThanInStock_saysSoAndStays)
+{
+    open({}, {}, amoxidar);
+    widget<TalloLineEdit>("quantityLineEdit")->setText(QStringLiteral("25"));
+    press(Qt::Key_Return);
+    EXPECT_TRUE(answers().isEmpty());
+    EXPECT_TRUE(hint().startsWith(QStringLiteral("На остатке 24 уп., запрошено 25")));
+}
+
+TEST_F(GoodsSelection, packsEmpty_asksForThem)
+{
+    open({}, {}, amoxidar);
+    widget<TalloLineEdit>("quantityLineEdit")->clear();
+    press(Qt::Key_Return);
+    EXPECT_TRUE(answers().isEmpty());
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("quantityLineEdit"));
+}
+
+TEST_F(GoodsSelection, packsFieldTakesNoOtherThanWholeNumbers)
+{
+    open({});
+    auto* packs = widget<TalloLineEdit>("quantityLineEdit");
+    packs->clear();
+    packs->setFocus();
+    QTest::keyClicks(packs, QStringLiteral("0-a.1234"));
+    EXPECT_EQ(packs->text(), QStringLiteral("123"));
+}
+
+TEST_F(GoodsSelection, escOrBackButton_answersMinusOneWithoutGoods)
+{
+    open({});
+    press(Qt::Key_Escape);
+    widget<QPushButton>("cancelButton")->click();
+    ASSERT_EQ(answers().size(), 2);
+    for (const control::Action& answer : answers()) {
+        EXPECT_EQ(answer.getType(), control::DialogAnswer);
+        EXPECT_EQ(answer.value(QStringLiteral("data")).toInt(), -1);
+        EXPECT_FALSE(answer.value(QStringLiteral("result")).isValid());
+    }
+}
+
+TEST_F(GoodsSelection, touchMode_hasKeyboardAndAmountButtons)
+{
+    config.set(QStringLiteral("GUI:touchMode"), QStringLiteral("true"));
+    open({}, {}, amoxidar);
+    ASSERT_TRUE(widget<QWidget>("talloKeyboard"));
+    widget<QPushButton>("quantityPlusButton")->click();
+    widget<QPushButton>("quantityPlusButton")->click();
+    widget<QPushButton>("quantityMinusButton")->click();
+    EXPECT_EQ(widget<TalloLineEdit>("quantityLineEdit")->text(), QStringLiteral("2"));
+    for (int press = 0; press < 5; ++press)
+        widget<QPushButton>("quantityMinusButton")->click();
+    EXPECT_EQ(widget<TalloLineEdit>("quantityLineEdit")->text(), QStringLiteral("1"));
+}
+
+TEST_F(GoodsSelection, withoutTouch_theirWidgetsAreGone)
+{
+    open({});
+    for (const char* name : {"talloKeyboard", "quantityPlusButton", "quantityMinusButton", "scrollUpButton"})
+        EXPECT_FALSE(widget<QWidget>(name)) << name;
+}
+
+TEST_F(GoodsSelection, everyControl_hasAnAccessibleName)
+{
+    config.set(QStringLiteral("GUI:touchMode"), QStringLiteral("true"));
+    open({});
+    for (const char* name : {"filterLineEdit", "quantityLineEdit", "goodsTable", "okButton", "cancelButton",
+                             "quantityPlusButton", "quantityMinusButton", "talloKeyboard", "scrollUpButton"})
+        EXPECT_FALSE(widget<QWidget>(name)->accessibleName().isEmpty()) << name;
+}
+
+TEST_F(GoodsSelection, nameOfTenThousandCharacters_doesNotWidenTheWindow)
+{
+    CatalogueGoods goods;
+    goods.name = QString(10'000, QChar(0x416));
+    goods.nonProprietaryName = goods.name;
+    form = std::make_unique<GoodsSelectionForm>(GoodsSelectionParams{{goods}, goods.name, {}});
+    EXPECT_LE(form->rootWidget()->minimumSizeHint().width(), 1024);
+    EXPECT_LE(form->rootWidget()->minimumSizeHint().height(), 600);
+}
+
+TEST_F(GoodsSelection, layoutWithoutTheTable_throwsWithItsName)
+{
+    QFile original(QStringLiteral(":/layouts/goodsselection.ui"));
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    QFile broken(folder.filePath(QStringLiteral("goodsselection.ui")));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write(original.readAll().replace("goodsTable", "otherTable"));
+    broken.close();
+    config.set(QStringLiteral("GUI:layouts"), folder.path());
+    try {
+        const GoodsSelectionForm unusable(GoodsSelectionParams{});
+        FAIL();
+    } catch (const BasicException& exception) {
+        EXPECT_TRUE(exception.tr().ui().contains(QStringLiteral("goodsTable")));
+    }
+}

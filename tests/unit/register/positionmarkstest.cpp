@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "positionmarks.h"
+#include "receipt.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+class PositionMarksTest : public ::testing::Test
+{
+protected:
+    void load(const QByteArray& json)
+    {
+        const QString path = folder.filePath(QStringLiteral("positionmarks.json"));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(json);
+        file.close();
+        marks.load(path);
+    }
+
+    QTemporaryDir folder;
+    PositionMarks marks;
+    ReceiptPosition position{{}, {}};
+};
+
+namespace
+{
+const QByteArray paper = R"({"positions": [
+    {"tag": "paper", "mark": "БР", "description": "Бумага", "states": [
+        {"option": "status", "value": null, "text": "новый", "colour": "#8a5a00"},
+        {"option": "status", "value": "done", "text": "готов", "colour": "#1b6e3c"}]}],
+    "document": [{"plugin": "P", "key": "card", "label": "Карта"}]})";
+} // namespace
+
+TEST_F(PositionMarksTest, otherTag_looksLikeAnyOther)
+{
+    load(paper);
+    position.setTag(QStringLiteral("Paper"));
+    const auto look = marks.look(position);
+    EXPECT_TRUE(look.mark.isEmpty());
+    EXPECT_TRUE(look.state.isEmpty());
+}
+
+TEST_F(PositionMarksTest, optionAbsent_nullStateFits)
+{
+    load(paper);
+    position.setTag(QStringLiteral("paper"));
+    for (const char* options : {"", "{}", "no json", "[1]", "{\"other\":1}"}) {
+        position.setExtendedOptions(QString::fromLatin1(options));
+        const auto look = marks.look(position);
+        EXPECT_EQ(look.mark, QStringLiteral("БР")) << options;
+        EXPECT_EQ(look.description, QStringLiteral("Бумага")) << options;
+        EXPECT_EQ(look.state, QStringLiteral("новый")) << options;
+        EXPECT_EQ(look.stateColour, QColor(0x8a, 0x5a, 0)) << options;
+    }
+}
+
+TEST_F(PositionMarksTest, optionHasTheValue_itsStateFits)
+{
+    load(paper);
+    position.setTag(QStringLiteral("paper"));
+    position.setExtendedOptions(QStringLiteral("{\"status\":\"done\"}"));
+    EXPECT_EQ(marks.look(position).state, QStringLiteral("готов"));
+    position.setExtendedOptions(QStringLiteral("{\"status\":\"Done\"}"));
+    EXPECT_TRUE(marks.look(position).state.isEmpty());
+    position.setExtendedOptions(QStringLiteral("{\"status\":null}"));
+    EXPECT_TRUE(marks.look(position).state.isEmpty());
+}
+
+TEST_F(PositionMarksTest, documentValue_isShownWithItsLabel)
+{
+    load(paper);
+    Receipt receipt(1, QDateTime::currentDateTime());
+    EXPECT_TRUE(marks.documentText(receipt).isEmpty());
+    receipt.setPluginValue(QStringLiteral("P"), QStringLiteral("card"), QStringLiteral("12%1"));
+    EXPECT_EQ(marks.documentText(receipt), QStringLiteral("Карта: 12%1"));
+}
+
+TEST_F(PositionMarksTest, twoFiles_bothHold)
+{
+    load(paper);
+    load(R"({"positions": [{"tag": "other", "mark": "ДР"}]})");
+    position.setTag(QStringLiteral("other"));
+    EXPECT_EQ(marks.look(position).mark, QStringLiteral("ДР"));
+}
+
+TEST_F(PositionMarksTest, oddFiles_arePassedOver)
+{
+    marks.load(folder.filePath(QStringLiteral("absent.json")));
+    marks.load(folder.path());
+    for (const char* json : {"", "[]", "{\"positions\": 5}", "{\"positions\": [5, {}, {\"mark\": \"X\"}]}"})
+        load(json);
+    position.setTag({});
+    EXPECT_TRUE(marks.look(position).mark.isEmpty());
+}

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "receiptstore.h"
+#include "configured.h"
+#include "currenttime.h"
+#include "finally.h"
+#include "receiptnumbers.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+void write(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(path);
+    file.write(content);
+}
+
+QByteArray read(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
+}
+
+struct Noon : CurrentTime {
+    QDateTime current() const override { return QDateTime({2024, 2, 29}, {12, 0}); }
+};
+
+} // namespace
+
+class ReceiptStoreTest : public ::testing::Test
+{
+protected:
+    ReceiptStoreTest()
+    {
+        config.set(QStringLiteral("Register:data"), folder.path());
+        MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<Noon>::create(); };
+    }
+    ~ReceiptStoreTest() override { MockFactory<CurrentTime>::mocked = nullptr; }
+
+    QString path(const QString& name) const { return folder.filePath(name); }
+
+    QTemporaryDir folder;
+    Configured config;
+};
+
+TEST_F(ReceiptStoreTest, nothingSaved_nothingLoaded)
+{
+    const auto loaded = ReceiptStore(folder.path()).load();
+    EXPECT_FALSE(loaded.receipt);
+    EXPECT_TRUE(loaded.damage.isEmpty());
+}
+
+TEST_F(ReceiptStoreTest, savedReceipt_isLoadedAndItsFileStays)
+{
+    const ReceiptStore store(folder.path());
+    const auto receipt = QSharedPointer<Receipt>::create(3, QDateTime({2024, 1, 1}, {8, 0}));
+    receipt->add({}, {});
+    ASSERT_TRUE(store.save(receipt));
+    const auto loaded = store.load();
+    ASSERT_TRUE(loaded.receipt);
+    EXPECT_EQ(loaded.receipt->toJson(), receipt->toJson());
+    EXPECT_TRUE(QFile::exists(path(QStringLiteral("receipt.json"))));
+}
+
+TEST_F(ReceiptStoreTest, damagedFile_isSetAsideByteForByte)
+{
+    const QByteArray half("{\"format\": 1, \"posi");
+    write(path(QStringLiteral("receipt.json")), half);
+    const auto loaded = ReceiptStore(folder.path()).load();
+    EXPECT_FALSE(loaded.receipt);
+    EXPECT_FALSE(loaded.damage.isEmpty());
+    EXPECT_EQ(loaded.setAside, path(QStringLiteral("receipt.json.damaged-20240229-120000")));
+    EXPECT_EQ(read(loaded.setAside), half);
+    EXPECT_FALSE(QFile::exists(path(QStringLiteral("receipt.json"))));
+}
+
+TEST_F(ReceiptStoreTest, secondDamagedFileInOneSecond_doesNotOverwriteTheFirst)
+{
+    write(path(QStringLiteral("receipt.json")), "first");
+    const auto first = ReceiptStore(folder.path()).load();
+    write(path(QStringLiteral("receipt.json")), "second");
+    const auto second = ReceiptStore(folder.path()).load();
+    EXPECT_NE(first.setAside, second.setAside);
+    EXPECT_EQ(read(first.setAside), "first");
+    EXPECT_EQ(read(second.setAside), "second");
+}
+
+TEST_F(ReceiptStoreTest, jsonOfAnotherKind_isDamage)
+{
+    for (const QByteArray content : {"", "[]", "null", "{}", "\xff\xfe", "{\"format\":1,\"type\":1}"}) {
+        write(path(QStringLiteral("receipt.json")), content);
+        const auto loaded = ReceiptStore(folder.path()).load();
+        EXPECT_FALSE(loaded.receipt) << content.constData();
+        EXPECT_FALSE(loaded.damage.isEmpty()) << content.constData();
+        EXPECT_EQ(read(loaded.setAside), content);
+    }
+}
+
+TEST_F(ReceiptStoreTest, folderInTheFilesPlace_isDamage)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("receipt.json")));
+    const auto loaded = ReceiptStore(folder.path()).load();
+    EXPECT_FALSE(loaded.receipt);
+    EXPECT_FALSE(loaded.damage.isEmpty());
+}
+
+TEST_F(ReceiptStoreTest, numbers_countOnAcrossRestarts)
+{
+    EXPECT_EQ(ReceiptNumbers(folder.path()).next(), 1);
+    EXPECT_EQ(ReceiptNumbers(folder.path()).next(), 2);
+    ReceiptNumbers(folder.path()).pass(10);
+    EXPECT_EQ(ReceiptNumbers(folder.path()).next(), 11);
+    ReceiptNumbers(folder.path()).pass(4);
+    EXPECT_EQ(ReceiptNumbers(folder.path()).next(), 12);
+}
+
+TEST_F(ReceiptStoreTest, numbersFileDamaged_countingBeginsAnew)
+{
+    for (const QByteArray content : {"", "abc", "-5"}) {
+        write(path(QStringLiteral("lastreceiptnumber")), content);
+        EXPECT_EQ(ReceiptNumbers(folder.path()).next(), 1) << content.constData();
+    }
+}

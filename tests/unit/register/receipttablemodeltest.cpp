@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "receipttablemodel.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+class ReceiptTableModelTest : public ::testing::Test
+{
+protected:
+    ReceiptTableModelTest()
+    {
+        const QString path = folder.filePath(QStringLiteral("positionmarks.json"));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(R"({"positions": [{"tag": "paper", "mark": "БР", "description": "Бумага", "states": [
+            {"option": "status", "value": null, "text": "новый", "colour": "#8a5a00"}]}]})");
+        file.close();
+        marks.load(path);
+    }
+    QSharedPointer<ReceiptPosition> add(double price, double packs)
+    {
+        GoodsItem::Goods goods;
+        goods.name = QStringLiteral("Товар <i>%1</i>");
+        goods.price = price;
+        goods.quantity = packs;
+        return receipt->add(goods, {});
+    }
+    QString text(int row, int column) const { return model.index(row, column).data().toString(); }
+
+    QTemporaryDir folder;
+    PositionMarks marks;
+    QSharedPointer<Receipt> receipt = QSharedPointer<Receipt>::create(1, QDateTime::currentDateTime());
+    ReceiptTableModel model{marks};
+    QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+
+TEST_F(ReceiptTableModelTest, plainPosition_showsWhatStandsOnTheReceipt)
+{
+    add(1234.5, 2);
+    model.refresh(receipt);
+    ASSERT_EQ(model.rowCount(), 1);
+    const QString space(QChar::Nbsp);
+    EXPECT_EQ(text(0, ReceiptTableModel::Number), QStringLiteral("1"));
+    EXPECT_EQ(text(0, ReceiptTableModel::Name), QStringLiteral("Товар <i>%1</i>"));
+    EXPECT_EQ(text(0, ReceiptTableModel::Mark), QString());
+    EXPECT_EQ(text(0, ReceiptTableModel::Quantity), QStringLiteral("2"));
+    EXPECT_EQ(text(0, ReceiptTableModel::InitialPrice), QString());
+    EXPECT_EQ(text(0, ReceiptTableModel::Price), QStringLiteral("1") + space + QStringLiteral("234,50"));
+    EXPECT_EQ(text(0, ReceiptTableModel::Sum), QStringLiteral("2") + space + QStringLiteral("469,00"));
+    EXPECT_EQ(text(0, ReceiptTableModel::State), QString());
+}
+
+TEST_F(ReceiptTableModelTest, markedAndCheapened_showsMarkStateAndBothPrices)
+{
+    const auto position = add(10, 1);
+    position->setTag(QStringLiteral("paper"));
+    position->setPrice(5);
+    model.refresh(receipt);
+    EXPECT_EQ(text(0, ReceiptTableModel::Mark), QStringLiteral("БР"));
+    EXPECT_EQ(model.index(0, ReceiptTableModel::Mark).data(Qt::AccessibleTextRole).toString(),
+              QStringLiteral("Бумага"));
+    EXPECT_EQ(text(0, ReceiptTableModel::InitialPrice), QStringLiteral("10,00"));
+    EXPECT_EQ(text(0, ReceiptTableModel::Price), QStringLiteral("5,00"));
+    EXPECT_EQ(text(0, ReceiptTableModel::State), QStringLiteral("новый"));
+    EXPECT_EQ(model.index(0, ReceiptTableModel::State).data(Qt::ForegroundRole).value<QBrush>().color(),
+              QColor(0x8a, 0x5a, 0));
+}
+
+TEST_F(ReceiptTableModelTest, positionsChangeInPlace_noReset)
+{
+    const auto position = add(10, 1);
+    add(20, 1);
+    model.refresh(receipt);
+    const QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
+    const QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
+    position->setPrice(1);
+    model.refresh(receipt);
+    EXPECT_EQ(resets.size(), 0);
+    EXPECT_EQ(changes.size(), 1);
+    EXPECT_EQ(text(0, ReceiptTableModel::Price), QStringLiteral("1,00"));
+}
+
+TEST_F(ReceiptTableModelTest, positionsComeAndGo_rowsKeepTheirNumbers)
+{
+    add(1, 1);
+    add(2, 1);
+    add(3, 1);
+    model.refresh(receipt);
+    receipt->remove(2);
+    model.refresh(receipt);
+    EXPECT_EQ(model.positionNumber(0), 1);
+    EXPECT_EQ(model.positionNumber(1), 3);
+    EXPECT_EQ(model.positionNumber(2), 0);
+    EXPECT_EQ(model.positionNumber(-1), 0);
+    EXPECT_EQ(model.rowOf(3), 1);
+    EXPECT_EQ(model.rowOf(2), -1);
+    model.refresh(nullptr);
+    EXPECT_EQ(model.rowCount(), 0);
+}
+
+TEST_F(ReceiptTableModelTest, everyColumn_hasACaption)
+{
+    for (int column = 0; column < model.columnCount(); ++column)
+        EXPECT_FALSE(model.headerData(column, Qt::Horizontal).toString().isEmpty()) << column;
+}

@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: MIT
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+constexpr int patience = 60'000; // milliseconds; only bounds a failure
+}
+
+/// The program itself, in a process of its own.
+class RegisterProgram : public ::testing::Test
+{
+protected:
+    RegisterProgram()
+    {
+        EXPECT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("data")));
+        EXPECT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("plugins")));
+        write("register.ini", "[Register]\ndemoData=true\n");
+    }
+
+    QString path(const char* name) const { return folder.filePath(QString::fromUtf8(name)); }
+    void write(const char* name, const QByteArray& content)
+    {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    QStringList usualOptions() const
+    {
+        return {QStringLiteral("--config"),  path("register.ini"), QStringLiteral("--data"),        path("data"),
+                QStringLiteral("--plugins"), path("plugins"),      QStringLiteral("--screenshots"), folder.path()};
+    }
+    void start(QProcess& program, const QStringList& options)
+    {
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        program.start(QStringLiteral(REGISTER_PROGRAM), options);
+        ASSERT_TRUE(program.waitForStarted(patience));
+    }
+    /// Runs the program to its end. @return its exit status, -1 when it did not end in good order
+    int run(const QStringList& options)
+    {
+        QProcess program;
+        start(program, options);
+        if (!program.waitForFinished(patience)) {
+            program.kill();
+            program.waitForFinished(patience);
+            return -1;
+        }
+        output = QString::fromUtf8(program.readAll());
+        return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
+    }
+    int play(const QByteArray& steps, const QStringList& options = {})
+    {
+        write("steps.json", "{\"steps\": " + steps + "}");
+        return run(usualOptions() + QStringList{QStringLiteral("--play"), path("steps.json")} + options);
+    }
+    QJsonObject savedReceipt() const
+    {
+        QFile file(path("data/receipt.json"));
+        return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+    }
+
+    QTemporaryDir folder;
+    QString output;
+};
+
+TEST_F(RegisterProgram, goodsSoldByKeyboard_areOnTheReceiptThatComesBackAfterAKill)
+{
+    write("steps.json", R"({"steps": [
+        {"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"},
+        {"type": "2990000000019"}, {"key": "Return"}, {"contains": "Амоксидар", "in": "receiptTable"},
+        {"receipt": {"positions": [{"quantity": 1}]}},
+        {"say": "saved"}, {"wait": "nothing", "seconds": 60}]})");
+    QProcess program;
+    start(program, usualOptions() + QStringList{QStringLiteral("--play"), path("steps.json")});
+    while (!output.contains(QStringLiteral("saved")) && program.waitForReadyRead(patience))
+        output += QString::fromUtf8(program.readAll());
+    ASSERT_TRUE(output.contains(QStringLiteral("saved"))) << qPrintable(output);
+    program.kill();
+    ASSERT_TRUE(program.waitForFinished(patience));
+
+    EXPECT_EQ(play(R"([{"expect": "Чек № 1", "in": "receiptNumberLabel"},
+                       {"contains": "Амоксидар", "in": "receiptTable"}, {"expect": "12,40", "in": "totalLabel"}])"),
+              0)
+        << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, failedExpectation_isStatusOne)
+{
+    EXPECT_EQ(play(R"([{"expect": "x", "in": "totalLabel", "seconds": 0}])"), 1);
+    EXPECT_TRUE(output.contains(QStringLiteral("Step 1 of 1 failed"))) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, scenarioThatEndsInsideADialog_closesAllTheSame)
+{
+    EXPECT_EQ(play(R"([{"key": "F3"}, {"wait": "goodsTable"}])"), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, windowClosedInTheMiddleOfAScenario_isStatusOne)
+{
+    EXPECT_EQ(play(R"([{"close": true}, {"wait": "nothing", "seconds": 60}])"), 1);
+}
+
+TEST_F(RegisterProgram, wrongOption_isStatusTwo)
+{
+    EXPECT_EQ(run({QStringLiteral("--nonsense")}), 2);
+    EXPECT_TRUE(output.contains(QStringLiteral("nonsense")));
+}
+
+TEST_F(RegisterProgram, configurationMissingOrNoText_isStatusThree)
+{
+    ASSERT_TRUE(QFile::remove(path("register.ini")));
+    EXPECT_EQ(play("[]"), 3);
+    EXPECT_TRUE(output.contains(path("register.ini"))) << qPrintable(output);
+    write("register.ini", QByteArray("\x00\xff\xfe", 3));
+    EXPECT_EQ(play("[]"), 3);
+}
+
+TEST_F(RegisterProgram, dataFolderMissingOrAFile_isStatusFour)
+{
+    ASSERT_TRUE(QDir(path("data")).removeRecursively());
+    EXPECT_EQ(play("[]"), 4);
+    EXPECT_TRUE(output.contains(path("data"))) << qPrintable(output);
+    write("data", "a file");
+    EXPECT_EQ(play("[]"), 4);
+}
+
+TEST_F(RegisterProgram, dataFolderThatTakesNoFiles_isStatusFour)
+{
+    // Not even root writes there.
+    EXPECT_EQ(
+        run({QStringLiteral("--config"), path("register.ini"), QStringLiteral("--data"), QStringLiteral("/proc")}), 4);
+    EXPECT_TRUE(output.contains(QStringLiteral("cannot be written to"))) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, secondOneOnTheSameData_isRefusedWithStatusFive)
+{
+    write("steps.json", R"({"steps": [{"say": "ready"}, {"wait": "nothing", "seconds": 60}]})");
+    QProcess first;
+    start(first, usualOptions() + QStringList{QStringLiteral("--play"), path("steps.json")});
+    QString printed;
+    while (!printed.contains(QStringLiteral("ready")) && first.waitForReadyRead(patience))
+        printed += QString::fromUtf8(first.readAll());
+    EXPECT_EQ(run(usualOptions()), 5);
+    EXPECT_TRUE(output.contains(QStringLiteral("Another register"))) << qPrintable(output);
+    first.kill();
+    ASSERT_TRUE(first.waitForFinished(patience));
+    EXPECT_EQ(play("[]"), 0) << "the lock of a killed register does not hold";
+}
+
+TEST_F(RegisterProgram, scenarioUnreadable_isStatusSix)
+{
+    EXPECT_EQ(run(usualOptions() + QStringList{QStringLiteral("--play"), path("absent.json")}), 6);
+    EXPECT_TRUE(output.contains(QStringLiteral("absent.json"))) << qPrintable(output);
+    EXPECT_EQ(play(R"([{"jump": 1}])"), 6);
+    EXPECT_TRUE(output.contains(QStringLiteral("step 1"))) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, goodsDatabaseMissing_isToldAndTheRegisterGoesOn)
+{
+    write("register.ini", "");
+    EXPECT_EQ(play(R"([{"contains": "Справочник товаров недоступен", "in": "messageLabel"}, {"key": "Return"},
+                       {"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}])"),
+              0)
+        << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, damagedReceipt_isToldSetAsideAndTheRegisterGoesOn)
+{
+    write("data/receipt.json", "{\"format\":");
+    EXPECT_EQ(play(R"([{"contains": "Сохранённый чек повреждён", "in": "messageLabel"}, {"key": "Return"},
+                       {"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}])"),
+              0)
+        << qPrintable(output);
+    EXPECT_EQ(QDir(path("data")).entryList({QStringLiteral("receipt.json.damaged-*")}).size(), 1);
+    EXPECT_EQ(savedReceipt().value(QStringLiteral("number")).toInt(), 1);
+}
+
+TEST_F(RegisterProgram, pluginThatIsNone_isNamedInTheStatusLine)
+{
+    write("plugins/libbroken.so", "no library");
+    EXPECT_EQ(play(R"([{"contains": "broken", "in": "statusMessageLabel"}])"), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, inactivity_locksAndAKeyUnlocks)
+{
+    write("register.ini", "[Register]\ndemoData=true\n[GUI]\ninactivityLockSeconds=1\n");
+    EXPECT_EQ(play(R"([{"key": "F3"}, {"wait": "lockScreen", "seconds": 30}, {"key": "Space"},
+                       {"visible": false, "in": "lockScreen"}, {"visible": false, "in": "goodsTable"},
+                       {"wait": "salesScreen"}])"),
+              0)
+        << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, touchAlone_putsGoodsOnTheReceipt)
+{
+    EXPECT_EQ(play(R"([{"click": "goodsKey"}, {"wait": "goodsTable"}, {"click": "key_б"}, {"click": "key_и"},
+                       {"click": "key_н"}, {"click": "key_т"}, {"expect": "бинт", "in": "filterLineEdit"},
+                       {"click": "quantityPlusButton"}, {"click": "okButton"},
+                       {"receipt": {"positions": [{"quantity": 2}]}}])",
+                   {QStringLiteral("--touch")}),
+              0)
+        << qPrintable(output);
+}

@@ -1,0 +1,324 @@
+// SPDX-License-Identifier: MIT
+#include "registerwindow.h"
+#include "cashier.h"
+#include "dialog.h"
+#include "functionkey.h"
+#include "inputblocker.h"
+#include "till.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTableView>
+#include <QTest>
+
+class WindowTest : public Till
+{
+protected:
+    WindowTest()
+    {
+        Q_INIT_RESOURCE(register);
+        notifier.object.subscribe(&longWork);
+    }
+    ~WindowTest() override { gui.object.setStage(nullptr); }
+
+    void openWindow(const QString& unlockCode = {})
+    {
+        window = std::make_unique<RegisterWindow>(*sale, marks, configuredFunctionKeys(*Singleton<Config>::get()),
+                                                  longWork, unlockCode);
+        gui.object.setStage(window.get());
+        window->resize(1024, 600);
+        window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+    template <typename T>
+    T* widget(const char* name) const
+    {
+        return window->findChild<T*>(QLatin1String(name));
+    }
+    bool isSeen(const char* name) const
+    {
+        const auto* found = widget<QWidget>(name);
+        return found && found->isVisible();
+    }
+    /// Presses a key in the window, wherever the focus is.
+    void press(Qt::Key key) { QTest::keyClick(window->windowHandle(), key); }
+    bool becomesIdle()
+    {
+        return QTest::qWaitFor([this] { return !controller.object.isBusy() && !gui.object.topForm(); });
+    }
+    void begin(const char* message)
+    {
+        notifier.object.notify(
+            Event(EActivityListener::LongWorkBegins)
+                .addArgument(QStringLiteral("message"),
+                             QVariant::fromValue(tr::Tr(tr::undefined, QString::fromUtf8(message)))));
+    }
+    void end() { notifier.object.notify(Event(EActivityListener::LongWorkEnds)); }
+
+    PositionMarks marks;
+    LongWork longWork;
+    Cashier cashier;
+    std::unique_ptr<RegisterWindow> window;
+};
+
+TEST_F(WindowTest, barcodeTypedAndReturn_putsTheGoodsOnTheReceipt)
+{
+    openWindow();
+    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), QStringLiteral("Чек не открыт"));
+    QTest::keyClicks(QApplication::focusWidget(), amoxidar);
+    press(Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !sale->receipt().isNull(); }));
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), QStringLiteral("Чек № 1"));
+    EXPECT_EQ(widget<QLabel>("totalLabel")->text(), QStringLiteral("12,40"));
+    EXPECT_EQ(widget<QTableView>("receiptTable")->model()->rowCount(), 1);
+    EXPECT_TRUE(widget<QLineEdit>("searchLineEdit")->text().isEmpty());
+}
+
+TEST_F(WindowTest, returnOnTheEmptySearch_doesNothing)
+{
+    openWindow();
+    press(Qt::Key_Return);
+    EXPECT_FALSE(controller.object.isBusy());
+    EXPECT_FALSE(sale->receipt());
+}
+
+TEST_F(WindowTest, upAndDown_moveTheCurrentPosition)
+{
+    openWindow();
+    sale->add(article(amoxidar));
+    sale->add(article(amoxidar));
+    auto* table = widget<QTableView>("receiptTable");
+    EXPECT_EQ(table->currentIndex().row(), 1) << "the newest";
+    press(Qt::Key_Up);
+    EXPECT_EQ(table->currentIndex().row(), 0);
+    press(Qt::Key_Up);
+    EXPECT_EQ(table->currentIndex().row(), 0);
+    press(Qt::Key_Down);
+    EXPECT_EQ(table->currentIndex().row(), 1);
+}
+
+TEST_F(WindowTest, positionChangedInPlace_theCurrentRowStays)
+{
+    openWindow();
+    sale->add(article(amoxidar));
+    sale->add(article(amoxidar));
+    press(Qt::Key_Up);
+    sale->setPacks(2, 9);
+    EXPECT_EQ(widget<QTableView>("receiptTable")->currentIndex().row(), 0);
+}
+
+TEST_F(WindowTest, functionKey_hasItsShortcutWrittenOnItAndDoesItsAction)
+{
+    openWindow();
+    EXPECT_EQ(widget<QPushButton>("newReceiptKey")->text(), QStringLiteral("F2\nНовый чек"));
+    press(Qt::Key_F2);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !sale->receipt().isNull(); }));
+}
+
+TEST_F(WindowTest, functionKeyTouched_doesItsActionWithArgumentsAndPosition)
+{
+    openWindow();
+    sale->add(article(amoxidar));
+    QVariantMap given;
+    controller.object.addHandler({EContext::OpenReceipt, control::PrescriptionCommand,
+                                  [&given](const control::Action& action) {
+                                      given = action.toMap();
+                                      return EContext::GoOn;
+                                  },
+                                  true});
+    QTest::mouseClick(widget<QPushButton>("prescriptionKey"), Qt::LeftButton);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(given, (QVariantMap{{QStringLiteral("status"), QStringLiteral("active")},
+                                  {QStringLiteral("positionNumber"), 1}}));
+}
+
+TEST_F(WindowTest, functionKeyThatNobodyServes_saysWhy)
+{
+    openWindow();
+    QString said;
+    cashier.onForm(QStringLiteral("messageForm"), [&said](QWidget& root) {
+        said = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
+        root.findChild<QPushButton*>(QStringLiteral("okButton"))->click();
+    });
+    press(Qt::Key_F5);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_TRUE(said.startsWith(QStringLiteral("«Электронный рецепт» работает при открытом чеке")));
+}
+
+TEST_F(WindowTest, formShown_fillsTheWindowAndLeavesTheFocusWhereItWas)
+{
+    openWindow();
+    bool filled = false;
+    bool groundHidden = false;
+    cashier.onForm(QStringLiteral("goodsSelectionForm"), [&](QWidget& root) {
+        filled = root.window() == window.get() && root.size() == window->size();
+        groundHidden = !isSeen("salesScreen");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    });
+    press(Qt::Key_F3);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_TRUE(filled);
+    EXPECT_TRUE(groundHidden);
+    EXPECT_TRUE(isSeen("salesScreen"));
+    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+}
+
+TEST_F(WindowTest, dialogShown_theScreenBelowIsSeenButTakesNoInput)
+{
+    openWindow();
+    bool seen = false;
+    bool usable = true;
+    cashier.onForm(QStringLiteral("messageForm"), [&](QWidget& root) {
+        seen = isSeen("salesScreen");
+        usable = widget<QWidget>("salesScreen")->isEnabled();
+        press(Qt::Key_F2); // the shortcut of a key below
+        root.findChild<QPushButton*>(QStringLiteral("okButton"))->click();
+    });
+    Dialog::create()->showMessage({tr::undefined, QStringLiteral("x")}, Dialog::Notice, 0, 0);
+    EXPECT_TRUE(seen);
+    EXPECT_FALSE(usable);
+    EXPECT_FALSE(controller.object.isBusy());
+    EXPECT_FALSE(sale->receipt());
+    EXPECT_TRUE(widget<QWidget>("salesScreen")->isEnabled());
+}
+
+TEST_F(WindowTest, longWork_coversTheWindowUntilTheOuterOneEnds)
+{
+    openWindow();
+    begin("Обращение к сервису");
+    EXPECT_TRUE(isSeen("busyScreen"));
+    EXPECT_EQ(widget<QWidget>("busyScreen")->size(), window->size());
+    EXPECT_EQ(widget<QLabel>("busyMessageLabel")->text(), QStringLiteral("Обращение к сервису"));
+    begin("Ещё");
+    end();
+    EXPECT_TRUE(isSeen("busyScreen"));
+    end();
+    EXPECT_FALSE(isSeen("busyScreen"));
+}
+
+TEST_F(WindowTest, longWork_isAnimated)
+{
+    openWindow();
+    begin("x");
+    const QImage first = widget<QWidget>("busyScreen")->grab().toImage();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return widget<QWidget>("busyScreen")->grab().toImage() != first; }));
+    end();
+}
+
+TEST_F(WindowTest, messageDuringLongWork_liesAboveTheBusyScreenAndTakesInput)
+{
+    openWindow();
+    begin("x");
+    QWidget* under = nullptr;
+    cashier.onForm(QStringLiteral("messageForm"), [&](QWidget& root) {
+        auto* button = root.findChild<QPushButton*>(QStringLiteral("okButton"));
+        under = window->childAt(button->mapTo(window.get(), button->rect().center()));
+        QTest::mouseClick(button, Qt::LeftButton);
+    });
+    Dialog::create()->showMessage({tr::undefined, QStringLiteral("x")}, Dialog::Error, 0, 0);
+    ASSERT_TRUE(under);
+    EXPECT_EQ(under->objectName(), QStringLiteral("okButton"));
+    EXPECT_TRUE(isSeen("busyScreen"));
+    end();
+}
+
+TEST_F(WindowTest, closedWithoutForms_closesAtOnce)
+{
+    openWindow();
+    EXPECT_TRUE(window->close());
+}
+
+TEST_F(WindowTest, closedWhileACommandGoesOnAskingBackwards_everyFormIsCancelledFirst)
+{
+    openWindow();
+    int asked = 0;
+    controller.object.setHostHandler(control::EActionType(5000), [&](control::Action&) {
+        while (asked < 3) { // goes back to the form before whenever one is cancelled
+            ++asked;
+            TextInputParams params;
+            if (!Dialog::create()->showTextInput(params).canceled())
+                ADD_FAILURE() << "not cancelled";
+        }
+        return EContext::Stop;
+    });
+    cashier.onForm(QStringLiteral("textInputForm"), [this](QWidget&) { EXPECT_FALSE(window->close()); });
+    controller.object.enqueue(control::Action(control::EActionType(5000)), false);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }));
+    EXPECT_EQ(asked, 3);
+    EXPECT_FALSE(controller.object.isBusy());
+}
+
+TEST_F(WindowTest, closedDuringARequest_waitsForItsEnd)
+{
+    openWindow();
+    {
+        const InputBlocker request;
+        window->close();
+        EXPECT_TRUE(window->isVisible());
+    }
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }));
+}
+
+TEST_F(WindowTest, locked_formsAreCancelledAndAnyKeyUnlocks)
+{
+    openWindow();
+    bool locked = false;
+    cashier.onForm(QStringLiteral("goodsSelectionForm"), [this](QWidget&) { window->lock(); });
+    press(Qt::Key_F3);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return isSeen("lockScreen"); }));
+    EXPECT_FALSE(gui.object.topForm());
+    locked = !isSeen("salesScreen");
+    press(Qt::Key_F2);
+    EXPECT_FALSE(isSeen("lockScreen"));
+    EXPECT_TRUE(isSeen("salesScreen"));
+    EXPECT_FALSE(controller.object.isBusy()) << "the key only unlocks";
+    EXPECT_TRUE(locked);
+    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+}
+
+TEST_F(WindowTest, lockedWithACode_onlyTheCodeUnlocks)
+{
+    openWindow(QStringLiteral("2468"));
+    window->lock();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return isSeen("lockScreen"); }));
+    auto* input = widget<QLineEdit>("unlockLineEdit");
+    EXPECT_EQ(input->echoMode(), QLineEdit::Password);
+    QTest::keyClicks(input, QStringLiteral("1111"));
+    QTest::keyClick(input, Qt::Key_Return);
+    EXPECT_TRUE(isSeen("lockScreen"));
+    EXPECT_TRUE(input->text().isEmpty());
+    QTest::mouseClick(widget<QWidget>("lockScreen"), Qt::LeftButton, {}, {5, 5});
+    QTest::keyClick(widget<QWidget>("lockScreen"), Qt::Key_Escape);
+    EXPECT_TRUE(isSeen("lockScreen"));
+    QTest::keyClicks(input, QStringLiteral("2468"));
+    QTest::mouseClick(widget<QPushButton>("unlockButton"), Qt::LeftButton);
+    EXPECT_FALSE(isSeen("lockScreen"));
+}
+
+TEST_F(WindowTest, everyControl_hasAnAccessibleName)
+{
+    openWindow(QStringLiteral("1"));
+    for (const QWidget* control : window->findChildren<QWidget*>()) {
+        const bool isOwn = !control->objectName().startsWith(QLatin1String("qt_"));
+        if (isOwn && control->focusPolicy() & Qt::TabFocus) {
+            EXPECT_FALSE(control->accessibleName().isEmpty()) << qPrintable(control->objectName());
+        }
+    }
+}
+
+TEST_F(WindowTest, nameOfTenThousandCharacters_widensNothing)
+{
+    openWindow();
+    SelectedGoods goods = article(amoxidar);
+    goods.goods.name = QString(10'000, QChar(0x416));
+    sale->add(goods);
+    QApplication::processEvents();
+    EXPECT_EQ(window->size(), QSize(1024, 600));
+    EXPECT_LE(window->minimumSizeHint().width(), 1024);
+}

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "scenarioplayer.h"
+#include "widgettext.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+class ScenarioPlayerTest : public ::testing::Test
+{
+protected:
+    ScenarioPlayerTest()
+    {
+        auto* layout = new QVBoxLayout(&window);
+        const auto add = [layout](QWidget* widget, const char* name) {
+            widget->setObjectName(QLatin1String(name));
+            layout->addWidget(widget);
+        };
+        label = new QLabel(QStringLiteral("1") + QChar(QChar::Nbsp) + QStringLiteral("234"));
+        add(label, "label");
+        edit = new QLineEdit;
+        add(edit, "edit");
+        button = new QPushButton(QStringLiteral("Button"));
+        add(button, "button");
+        table = new QTableView;
+        model.appendRow({new QStandardItem(QStringLiteral("a")), new QStandardItem(QStringLiteral("b"))});
+        model.appendRow({new QStandardItem(QStringLiteral("c")), new QStandardItem(QStringLiteral("d"))});
+        table->setModel(&model);
+        add(table, "table");
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    /// Plays steps to their end. @return whether all came true
+    bool play(const QByteArray& steps)
+    {
+        const ScenarioFile scenario = ScenarioFile::parse("{\"steps\": " + steps + "}");
+        EXPECT_TRUE(scenario.error.isEmpty()) << qPrintable(scenario.error);
+        ScenarioPlayer player(scenario.steps, folder.path(), folder.path());
+        QSignalSpy finished(&player, &ScenarioPlayer::finished);
+        testing::internal::CaptureStderr();
+        testing::internal::CaptureStdout();
+        player.start();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !finished.isEmpty(); }, 30'000));
+        printed = QString::fromStdString(testing::internal::GetCapturedStdout());
+        failure = QString::fromStdString(testing::internal::GetCapturedStderr());
+        return !finished.isEmpty() && finished.constFirst().constFirst().toBool();
+    }
+
+    QTemporaryDir folder;
+    QWidget window;
+    QStandardItemModel model;
+    QLabel* label;
+    QLineEdit* edit;
+    QPushButton* button;
+    QTableView* table;
+    QString printed;
+    QString failure;
+};
+
+TEST_F(ScenarioPlayerTest, noSteps_holds)
+{
+    EXPECT_TRUE(play("[]"));
+}
+
+TEST_F(ScenarioPlayerTest, typed_replacesWhatStoodThere)
+{
+    edit->setText(QStringLiteral("old"));
+    EXPECT_TRUE(play(R"([{"type": "Ёж 1+x", "into": "edit"}, {"expect": "Ёж 1+x", "in": "edit"}])"));
+}
+
+TEST_F(ScenarioPlayerTest, keysPressed_arriveAsOftenAsTold)
+{
+    int presses = 0;
+    QObject::connect(edit, &QLineEdit::returnPressed, [&presses] { ++presses; });
+    edit->setFocus();
+    EXPECT_TRUE(play(R"([{"key": "Return", "times": 10}, {"say": "x"}])"));
+    QApplication::processEvents();
+    EXPECT_EQ(presses, 10);
+}
+
+TEST_F(ScenarioPlayerTest, keyPressed_reachesShortcuts)
+{
+    QShortcut shortcut(QKeySequence(Qt::Key_F5), &window);
+    QObject::connect(&shortcut, &QShortcut::activated, [this] { label->setText(QStringLiteral("F5")); });
+    EXPECT_TRUE(play(R"([{"key": "F5"}, {"expect": "F5", "in": "label"}])"));
+}
+
+TEST_F(ScenarioPlayerTest, scanned_endsWithReturn)
+{
+    QString scanned;
+    QObject::connect(edit, &QLineEdit::returnPressed, [&] { scanned = edit->text(); });
+    EXPECT_TRUE(play(R"([{"scan": "4601234", "into": "edit"}, {"expect": "4601234", "in": "edit"}])"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scanned == QStringLiteral("4601234"); }));
+}
+
+TEST_F(ScenarioPlayerTest, clickThatOpensADialog_thePlayerGoesOnInsideIt)
+{
+    QObject::connect(button, &QPushButton::clicked, [this] {
+        QDialog dialog(&window);
+        dialog.setObjectName(QStringLiteral("dialog"));
+        auto* close = new QPushButton(QStringLiteral("Close"), &dialog);
+        close->setObjectName(QStringLiteral("close"));
+        QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::accept);
+        dialog.exec();
+        label->setText(QStringLiteral("closed"));
+    });
+    EXPECT_TRUE(play(R"([{"click": "button"}, {"wait": "close"}, {"visible": false, "in": "label"}, {"click": "close"},
+                         {"expect": "closed", "in": "label"}])"))
+        << qPrintable(failure);
+}
+
+TEST_F(ScenarioPlayerTest, tables_areReadAndTheirRowsMadeCurrent)
+{
+    EXPECT_TRUE(play(R"([{"expect": "a | b\nc | d", "in": "table"}, {"row": 1, "in": "table"}, {"print": "table"}])"));
+    EXPECT_EQ(table->currentIndex().row(), 1);
+    EXPECT_EQ(printed, QStringLiteral("a | b\nc | d\n"));
+}
+
+TEST_F(ScenarioPlayerTest, noBreakSpaces_areReadAsPlainOnes)
+{
+    EXPECT_TRUE(play(R"([{"expect": "1 234", "in": "label"}])"));
+}
+
+TEST_F(ScenarioPlayerTest, stateOfAWidget_isCompared)
+{
+    button->setEnabled(false);
+    EXPECT_TRUE(play(R"([{"enabled": false, "in": "button"}, {"enabled": true, "in": "edit"},
+                         {"visible": true, "in": "button"}, {"visible": false, "in": "none"}])"));
+    EXPECT_FALSE(play(R"([{"enabled": true, "in": "button", "seconds": 0}])"));
+    EXPECT_FALSE(play(R"([{"click": "button", "seconds": 0}])"));
+}
+
+TEST_F(ScenarioPlayerTest, savedReceipt_isCompared)
+{
+    EXPECT_FALSE(play(R"([{"receipt": {"number": 1}, "seconds": 0}])"));
+    QFile saved(folder.filePath(QStringLiteral("receipt.json")));
+    ASSERT_TRUE(saved.open(QIODevice::WriteOnly));
+    saved.write(R"({"number": 1, "positions": []})");
+    saved.close();
+    EXPECT_TRUE(play(R"([{"receipt": {"number": 1}}])"));
+    EXPECT_FALSE(play(R"([{"receipt": {"number": 2}, "seconds": 0}])"));
+    EXPECT_TRUE(failure.contains(QStringLiteral("number is 1 instead of 2"))) << qPrintable(failure);
+}
+
+TEST_F(ScenarioPlayerTest, screenshot_isWritten)
+{
+    EXPECT_TRUE(play(R"([{"screenshot": "shot"}])"));
+    EXPECT_FALSE(QImage(folder.filePath(QStringLiteral("shot.png"))).isNull());
+}
+
+TEST_F(ScenarioPlayerTest, failedStep_isNamedWithWhatWasSeenAndAPicture)
+{
+    EXPECT_FALSE(play(R"([{"say": "first"}, {"expect": "x", "in": "button", "seconds": 0}, {"say": "never"}])"));
+    EXPECT_EQ(printed, QStringLiteral("first\n"));
+    EXPECT_TRUE(failure.startsWith(QStringLiteral("Step 2 of 3 failed: {\"expect\":\"x\""))) << qPrintable(failure);
+    EXPECT_TRUE(failure.contains(QStringLiteral("button shows \"Button\""))) << qPrintable(failure);
+    EXPECT_FALSE(QImage(folder.filePath(QStringLiteral("failure.png"))).isNull());
+}
+
+TEST_F(ScenarioPlayerTest, whatComesLater_isWaitedFor)
+{
+    QTimer::singleShot(200, label, [this] { label->setText(QStringLiteral("late")); });
+    EXPECT_TRUE(play(R"([{"expect": "late", "in": "label"}])"));
+}
+
+TEST_F(ScenarioPlayerTest, keyThatDoesNotExist_fails)
+{
+    EXPECT_FALSE(play(R"([{"key": "Nonsense", "seconds": 0}])"));
+}
+
+TEST(WidgetText, hiddenColumns_areLeftOut)
+{
+    QStandardItemModel model;
+    model.appendRow({new QStandardItem(QStringLiteral("a")), new QStandardItem(QStringLiteral("b"))});
+    QTableView table;
+    EXPECT_EQ(widgetText(table), QString());
+    table.setModel(&model);
+    table.hideColumn(0);
+    EXPECT_EQ(widgetText(table), QStringLiteral("b"));
+    EXPECT_EQ(widgetText(QWidget()), QString());
+}

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "basicplugin.h"
+
+#include <QObject>
+
+/// A plug-in that says in dynamic properties of the application what was done to it.
+class TestPlugin : public QObject, public BasicPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID AbstractPlugin_iid)
+    Q_INTERFACES(AbstractPlugin)
+
+public:
+    ~TestPlugin() override;
+
+    bool init() override;
+    void deinit() override;
+};

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "actionqueuecontroller.h"
+#include "activitynotifier.h"
+#include "configured.h"
+#include "connectionfactory.h"
+#include "demodata.h"
+#include "documentwatcher.h"
+#include "goodscatalogue.h"
+#include "graphicaluserinterface.h"
+#include "loyaltysystemlayer.h"
+#include "registercommands.h"
+#include "registerformcreator.h"
+#include "sale.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+/// Puts an object of the test's own in a singleton's place for as long as it lives.
+template <typename T>
+class Own
+{
+public:
+    Own()
+        : m_former(Singleton<T>::instance)
+    {
+        Singleton<T>::instance = &object;
+    }
+    ~Own() { Singleton<T>::instance = m_former; }
+    Own(const Own&) = delete;
+    Own& operator=(const Own&) = delete;
+
+    T object;
+
+private:
+    T* m_former;
+};
+
+/// Sees what a plug-in sees: the events, and the current document while they are told.
+class Witness : public BaseActivityListener, private DocumentWatcher
+{
+public:
+    struct Seen {
+        int code;
+        QSharedPointer<AbstractDocument> current;
+        EContext::Code context;
+        QVariant document;
+    };
+
+    void handleEvent(const Event& event) override
+    {
+        seen.append({event.getCode(), getDocument(), Singleton<ActionQueueController>::get()->context(),
+                     event.value(QStringLiteral("document"))});
+    }
+    QList<int> codes() const
+    {
+        QList<int> all;
+        for (const Seen& one : seen)
+            all.append(one.code);
+        return all;
+    }
+
+    QList<Seen> seen;
+};
+
+/// A register without its window: data folder, demo goods, the sale and its commands.
+class Till : public ::testing::Test
+{
+protected:
+    Till()
+    {
+        EXPECT_TRUE(folder.isValid());
+        config.set(QStringLiteral("Register:data"), folder.path());
+        config.set(QStringLiteral("Database:name"), folder.filePath(QStringLiteral("goods.sqlite")));
+        EXPECT_TRUE(createDemoGoods(folder.filePath(QStringLiteral("goods.sqlite"))));
+        gui.object.addFormCreator(QSharedPointer<RegisterFormCreator>::create());
+        notifier.object.subscribe(&witness);
+        sale = std::make_unique<Sale>(folder.path());
+        commands = std::make_unique<RegisterCommands>(*sale, catalogue);
+        commands->offer(controller.object);
+    }
+    ~Till() override { DocumentWatcher::setCurrentDocument(nullptr); }
+
+    /// The article with that barcode, from the demo goods.
+    SelectedGoods article(const QString& barcode, int packs = 1) const
+    {
+        return {catalogue.byBarcode(barcode).value(), packs};
+    }
+    QJsonObject savedReceipt() const
+    {
+        QFile file(folder.filePath(QStringLiteral("receipt.json")));
+        return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+    }
+
+    const QString amoxidar = QStringLiteral("2990000000019");
+    QTemporaryDir folder;
+    Configured config;
+    Own<ActionQueueController> controller;
+    Own<ActivityNotifier> notifier;
+    Own<ConnectionFactory> connections;
+    Own<GraphicalUserInterface> gui;
+    Own<LoyaltySystemLayer> loyalty;
+    Witness witness;
+    GoodsCatalogue catalogue;
+    std::unique_ptr<Sale> sale;
+    std::unique_ptr<RegisterCommands> commands;
+};
