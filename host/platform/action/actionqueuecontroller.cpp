@@ -65,6 +65,17 @@ void tellCashier(const tr::Tr& message)
     }
 }
 
+/// What a handler or trigger returns, or Stop when it throws.
+EContext::Result guarded(const std::function<EContext::Result()>& step)
+{
+    try {
+        return step();
+    } catch (...) {
+        tellCashier(reportCaughtException());
+        return EContext::Stop;
+    }
+}
+
 bool waitsFor(ActionTrigger::Result expected, EContext::Result outcome)
 {
     switch (expected) {
@@ -249,15 +260,5 @@ void ActionQueueController::runTriggersAfter(EContext::Code context, const contr
     for (const ActionTrigger& trigger : triggersOf(ActionTrigger::After, context, action.getType())) {
         if (waitsFor(trigger.result, outcome))
             guarded([&] { return trigger.handler(action); });
-    }
-}
-
-EContext::Result ActionQueueController::guarded(const std::function<EContext::Result()>& step)
-{
-    try {
-        return step();
-    } catch (...) {
-        tellCashier(reportCaughtException());
-        return EContext::Stop;
     }
 }

@@ -84,7 +84,6 @@ private:
                                     control::EActionType type) const;
     EContext::Result runTriggersBefore(EContext::Code context, const control::Action& action);
     void runTriggersAfter(EContext::Code context, const control::Action& action, EContext::Result outcome);
-    EContext::Result guarded(const std::function<EContext::Result()>& step);
 
     QList<control::Action> m_queue;
     std::map<Place, HostFunction> m_hostHandlers;

@@ -54,6 +54,11 @@ struct Flag {
     bool warns;
 };
 
+void PrintTo(const Flag& row, std::ostream* out)
+{
+    *out << row.text;
+}
+
 class ConfigFlag : public ::testing::TestWithParam<Flag>
 {
 };
@@ -64,6 +69,11 @@ struct Number {
     int read; ///< with the default -7
     bool warns;
 };
+
+void PrintTo(const Number& row, std::ostream* out)
+{
+    *out << row.text;
+}
 
 class ConfigNumber : public ::testing::TestWithParam<Number>
 {

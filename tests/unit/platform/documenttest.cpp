@@ -66,6 +66,11 @@ struct Sum {
     double sum;
 };
 
+void PrintTo(const Sum& row, std::ostream* out)
+{
+    *out << row.price << " x " << row.quantity;
+}
+
 class GoodsItemSum : public ::testing::TestWithParam<Sum>
 {
 };
