@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "registryclienttest.h"
+
+using emulator::Endpoint;
+
+namespace
+{
+
+using AdmissionTest = RegistryClientTest;
+
+TEST_P(AdmissionTest, oaisToken_goesWithTheTokenRequestAndWithTheResourceRequest)
+{
+    emulator::Rules rules = registry->store().rules();
+    rules.oaisToken = QStringLiteral("oais-1");
+    registry->store().setRules(rules);
+    configure("oais", "oais-1");
+
+    EXPECT_FALSE(askForCard("1100"));
+    EXPECT_FALSE(registerDispense());
+    const auto& entries = registry->journal().entries();
+    ASSERT_EQ(entries.size(), 4);
+    EXPECT_EQ(entries[0].header("Authorization"), "Bearer oais-1");
+    EXPECT_TRUE(entries[0].header("OAIS").isNull());
+    for (const int resource : {1, 3}) {
+        EXPECT_EQ(entries[resource].header("OAIS"), "Bearer oais-1");
+        EXPECT_NE(entries[resource].header("Authorization"), "Bearer oais-1");
+    }
+}
+
+TEST_P(AdmissionTest, missingOrWrongOaisToken_raisesTheRegistrysText)
+{
+    emulator::Rules rules = registry->store().rules();
+    rules.oaisToken = QStringLiteral("oais-1");
+    registry->store().setRules(rules);
+
+    EXPECT_EQ(askForCard("1100").text, "В запросе токена не указан токен ОАИС");
+    configure("oais", "another");
+    const Failure failure = askForCard("1100");
+    EXPECT_TRUE(failure);
+    EXPECT_EQ(failure.key, tr::undefined);
+    EXPECT_EQ(asked(Endpoint::PrescriptionsByCard), 0);
+}
+
+TEST_P(AdmissionTest, wrongSecret_raisesTheRegistrysTextAndSendsNothingMore)
+{
+    configure("clientSecret", "s&c ret");
+    for (const Endpoint endpoint :
+         {Endpoint::PrescriptionsByCard, Endpoint::DispenseRegistration, Endpoint::DispenseCancellation}) {
+        const Failure failure = ask(endpoint);
+        EXPECT_EQ(failure.key, tr::undefined) << nameOf(endpoint);
+        EXPECT_EQ(failure.text, "Неверный секрет клиента") << nameOf(endpoint);
+        EXPECT_EQ(asked(endpoint), 0) << nameOf(endpoint);
+    }
+    EXPECT_EQ(asked(Endpoint::Token), 3);
+    EXPECT_EQ(position->getExtendedOptions(), dueOptions);
+}
+
+TEST_P(AdmissionTest, tokenThatHasExpired_raisesTheRegistrysTextAndIsNotRenewed)
+{
+    emulator::Rules rules = registry->store().rules();
+    rules.tokenLifetime = -1;
+    registry->store().setRules(rules);
+
+    const Failure failure = askForCard("1100");
+    EXPECT_EQ(failure.key, tr::undefined);
+    EXPECT_FALSE(failure.text.isEmpty());
+    EXPECT_EQ(lastOf(Endpoint::PrescriptionsByCard).status, 401);
+    EXPECT_EQ(asked(Endpoint::Token), 1);
+    EXPECT_EQ(asked(Endpoint::PrescriptionsByCard), 1);
+}
+
+TEST_P(AdmissionTest, missingScope_raisesTheRegistrysText)
+{
+    emulator::Rules rules = registry->store().rules();
+    rules.dispenseScope = QStringLiteral("dispense");
+    registry->store().setRules(rules);
+    configure("scope", "read");
+
+    EXPECT_FALSE(askForCard("1100"));
+    const Failure failure = registerDispense();
+    EXPECT_EQ(failure.text, "Для операции нужна область доступа dispense");
+    EXPECT_EQ(position->getExtendedOptions(), dueOptions);
+}
+
+TEST_P(AdmissionTest, everyRequest_fetchesATokenOfItsOwn)
+{
+    EXPECT_FALSE(askForCard("1100"));
+    EXPECT_FALSE(askForCard("1100"));
+    const auto searches = registry->journal().entriesOf(Endpoint::PrescriptionsByCard);
+    ASSERT_EQ(searches.size(), 2);
+    EXPECT_EQ(asked(Endpoint::Token), 2);
+    EXPECT_NE(searches[0].header("Authorization"), searches[1].header("Authorization"));
+}
+
+OVER_HTTP_AND_HTTPS(AdmissionTest);
+
+} // namespace

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "registryclienttest.h"
+
+#include "electronicprescriptionexception.h"
+#include "electronicprescriptionnoprescriptionsexception.h"
+#include "positionformat.h"
+#include "prescriptionposition.h"
+
+#include <QFile>
+
+using emulator::Endpoint;
+
+namespace
+{
+
+Failure failureOf(const std::function<void()>& operation)
+{
+    try {
+        operation();
+    } catch (const ElectronicPrescriptionNoPrescriptionsException& exception) {
+        return {true, true, exception.tr().key(), exception.tr().ui()};
+    } catch (const ElectronicPrescriptionException& exception) {
+        return {true, false, exception.tr().key(), exception.tr().ui()};
+    }
+    return {};
+}
+
+/// Two packs, half of whose price of ten roubles the patient pays.
+QSharedPointer<GoodsItem> twoPacks()
+{
+    GoodsItem::Goods goods;
+    goods.number = 1;
+    goods.name = QStringLiteral("Метфолин 500 мг");
+    goods.price = 5.0;
+    goods.tmcPrice = 10.0;
+    goods.quantity = 2.0;
+    return QSharedPointer<GoodsItem>::create(goods);
+}
+
+} // namespace
+
+const QString RegistryClientTest::dueOptions =
+    QStringLiteral(R"({ "id": "rx-half", "tradeNameCode": "1003", "organizationId": "payer-1", "sumFactor": 0.5,
+        "doseQuantity": 10, "finalDispense": false, "patientReference": "Patient/p-1" })");
+
+RegistryClientTest::RegistryClientTest()
+    : position(twoPacks())
+    , m_formerConfig(Singleton<Config>::instance)
+{
+    Singleton<Config>::instance = &m_config;
+    position->setExtendedOptions(dueOptions);
+
+    emulator::EmulatorSettings settings;
+    if (isHttps()) {
+        m_identity.emplace(m_authority);
+        settings.tlsCertificate = m_identity->certificateFile();
+        settings.tlsKey = m_identity->keyFile();
+        trust(m_authority);
+    }
+    registry = std::make_unique<emulator::RegistryEmulator>(settings);
+    registry->seedFromFile(QStringLiteral(TEST_SEED));
+    registry->start();
+
+    configure("requestsUrl", registry->url().toString());
+    configure("authorizationUrl", registry->url().toString());
+    configure("timeout", QStringLiteral("30"));
+    configure("clientId", QStringLiteral("pharmacy"));
+    configure("clientSecret", QStringLiteral("s&c+ret"));
+    configure("scope", QStringLiteral("read dispense"));
+    configure("organizationIdentifier", QStringLiteral("17"));
+    configure("organizationName", QStringLiteral("Аптека № 17"));
+    configure("organizationAddress", QStringLiteral("ул. Лесная, 1"));
+}
+
+RegistryClientTest::~RegistryClientTest()
+{
+    Singleton<Config>::instance = m_formerConfig;
+}
+
+void RegistryClientTest::configure(const char* name, const QString& value)
+{
+    m_config.setForThisRun(QStringLiteral("ElectronicPrescription:") + name, value);
+}
+
+void RegistryClientTest::trust(const TestAuthority& authority)
+{
+    m_config.setForThisRun(QStringLiteral("RestClient:caFile"), authority.certificateFile());
+}
+
+Failure RegistryClientTest::askForCard(const QString& card, const QString& status)
+{
+    const ElectronicPrescriptionInterface client;
+    return failureOf([&] { client.getElectronicPrescriptionsByCardNumber(card, status, prescriptions, patient); });
+}
+
+Failure RegistryClientTest::registerDispense()
+{
+    const ElectronicPrescriptionInterface client;
+    return failureOf([&] { client.sendMedicationDispense(position); });
+}
+
+Failure RegistryClientTest::cancelDispense()
+{
+    const ElectronicPrescriptionInterface client;
+    return failureOf([&] { client.sendCancelMedicationDispense(position); });
+}
+
+Failure RegistryClientTest::ask(Endpoint endpoint)
+{
+    switch (endpoint) {
+    case Endpoint::DispenseRegistration:
+        return registerDispense();
+    case Endpoint::DispenseCancellation:
+        return cancelDispense();
+    default:
+        return askForCard(QStringLiteral("1100"));
+    }
+}
+
+emulator::JournalEntry RegistryClientTest::lastOf(Endpoint endpoint)
+{
+    const auto entries = registry->journal().entriesOf(endpoint);
+    EXPECT_FALSE(entries.isEmpty()) << nameOf(endpoint);
+    return entries.isEmpty() ? emulator::JournalEntry() : entries.last();
+}
+
+QString RegistryClientTest::dispenseId() const
+{
+    return readPositionOptions(*position)[positionformat::medicationDispenseId].toString();
+}
+
+const char* nameOf(Endpoint endpoint)
+{
+    switch (endpoint) {
+    case Endpoint::Token:
+        return "token";
+    case Endpoint::PrescriptionsByCard:
+        return "prescriptions by card";
+    case Endpoint::DispenseRegistration:
+        return "registration";
+    case Endpoint::DispenseCancellation:
+        return "cancellation";
+    default:
+        return "another endpoint";
+    }
+}

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config.h"
+#include "electronicprescriptioninterface.h"
+#include "goodsitem.h"
+#include "registryemulator.h"
+#include "serveridentity.h"
+#include "tr.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QSharedPointer>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+/// How a request failed: with none, or with the text of one of the plug-in's exceptions.
+struct Failure {
+    bool isFailure = false;
+    bool isNoPrescriptions = false;
+    QString key;  ///< of the text
+    QString text; ///< as the cashier reads it
+
+    explicit operator bool() const { return isFailure; }
+};
+
+/// The registry client of a pharmacy, with its real HTTP client, and an emulated registry in the same process, over
+/// HTTP or HTTPS. The HTTP client serves the event loop while it waits, and so the emulator.
+class RegistryClientTest : public ::testing::TestWithParam<const char*>
+{
+protected:
+    RegistryClientTest();
+    ~RegistryClientTest() override;
+
+    void configure(const char* name, const QString& value);
+    /// The authority whose certificates the pharmacy trusts.
+    void trust(const TestAuthority& authority);
+
+    /// Each makes the client anew, so that it has read what was configured before.
+    Failure askForCard(const QString& card, const QString& status = QStringLiteral("active"));
+    Failure registerDispense();
+    Failure cancelDispense();
+
+    /// The three operations by the endpoint that they ask behind the token.
+    Failure ask(emulator::Endpoint endpoint);
+
+    int asked(emulator::Endpoint endpoint) { return registry->journal().count(endpoint); }
+    emulator::JournalEntry lastOf(emulator::Endpoint endpoint);
+
+    /// Ten doses of the prescription that the patient pays half of, not registered.
+    static const QString dueOptions;
+    QString dispenseId() const;
+
+    std::unique_ptr<emulator::RegistryEmulator> registry;
+    QSharedPointer<GoodsItem> position;
+    QJsonArray prescriptions;
+    QJsonObject patient;
+
+private:
+    bool isHttps() const { return GetParam() == QLatin1StringView("https"); }
+
+    TestAuthority m_authority;
+    std::optional<ServerIdentity> m_identity;
+    Config m_config;
+    Config* m_formerConfig;
+};
+
+/// The endpoints behind the token, and the token itself.
+inline constexpr emulator::Endpoint everyEndpoint[] = {
+    emulator::Endpoint::Token,
+    emulator::Endpoint::PrescriptionsByCard,
+    emulator::Endpoint::DispenseRegistration,
+    emulator::Endpoint::DispenseCancellation,
+};
+const char* nameOf(emulator::Endpoint endpoint);
+
+#define OVER_HTTP_AND_HTTPS(suite)                                                                                     \
+    INSTANTIATE_TEST_SUITE_P(Over, suite, ::testing::Values("http", "https"),                                          \
+                             [](const auto& row) { return std::string(row.param); })
