@@ -38,8 +38,8 @@ TEST_F(PrescriptionServing, servedByKeyboard_goodsStandOnTheReceiptAtTheBenefitP
     EXPECT_NEAR(position.value("price").toDouble(),
                 position.value("initialPrice").toDouble() * options.value("sumFactor").toDouble(), 0.0051);
     EXPECT_LT(position.value("price").toDouble(), position.value("initialPrice").toDouble());
-    EXPECT_EQ(savedReceipt()["plugins"]["ElectronicPrescriptionService"]["cardNumber"].toString(),
-              QStringLiteral("1100000000000001"));
+    const QJsonValue ofThePlugin = savedReceipt().value("plugins")["ElectronicPrescriptionService"];
+    EXPECT_EQ(ofThePlugin["cardNumber"].toString(), QStringLiteral("1100000000000001"));
 }
 
 TEST_F(PrescriptionServing, servedByKeyboard_registryIsAskedForATokenAndTheCard)
