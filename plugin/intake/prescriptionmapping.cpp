@@ -8,40 +8,14 @@
 #include <QJsonArray>
 #include <QJsonValue>
 
-#include <array>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace
 {
 
-using Path = std::array<QLatin1StringView, 3>;
-
-/// The member at the end of a path of objects; undefined when one of them is missing or no object.
-QJsonValue valueAt(const QJsonObject& object, const Path& path)
+void setPrescriptionDate(const QJsonValue& date, ElectronicPrescription& prescription)
 {
-    QJsonValue value = object.value(path.front());
-    for (std::size_t step = 1; step < path.size() && !path[step].isEmpty(); ++step)
-        value = value[path[step]];
-    return value;
-}
-
-template <auto Setter>
-void setText(const QJsonValue& value, ElectronicPrescription& prescription)
-{
-    (prescription.*Setter)(value.toString());
-}
-
-template <auto Setter>
-void setDate(const QJsonValue& value, ElectronicPrescription& prescription)
-{
-    (prescription.*Setter)(readRegistryDate(value.toString()));
-}
-
-template <auto Setter>
-void setNumber(const QJsonValue& value, ElectronicPrescription& prescription)
-{
-    (prescription.*Setter)(value.toDouble());
+    prescription.setPrescriptionDate(readRegistryDate(date.toString()));
 }
 
 /// A blank stands before each text once anything stands before it, also before an empty text.
@@ -67,29 +41,34 @@ void setPayByPatientSumFactor(const QJsonValue& extensions, ElectronicPrescripti
     }
 }
 
+void setDispense(const QJsonValue& value, ElectronicPrescription& prescription)
+{
+    const QJsonObject dispense = value.toObject();
+    prescription.setExpirationDate(readRegistryDate(dispense["validityPeriod"_L1]["end"_L1].toString()));
+    prescription.setDoseQuantity(dispense["quantity"_L1]["value"_L1].toDouble());
+}
+
+void setPatientReference(const QJsonValue& patient, ElectronicPrescription& prescription)
+{
+    prescription.setPatientReference(patient["reference"_L1].toString());
+}
+
 void setSerialNumber(const QJsonValue& identifiers, ElectronicPrescription& prescription)
 {
     prescription.setSerialNumber(identifiers[0]["value"_L1].toString());
 }
 
-/// One member of a "MedicationPrescription" resource and what it does to the record.
+/// One member of a "MedicationPrescription" resource and what it does to the record, also when it is missing.
 struct PrescriptionMember {
-    Path path;
+    QLatin1StringView name;
     void (*apply)(const QJsonValue&, ElectronicPrescription&);
 };
 
-using Prescription = ElectronicPrescription;
-
 // In the order in which they are applied, after the id and the medicine.
 constexpr PrescriptionMember prescriptionMembers[] = {
-    {{"dateWritten"_L1}, setDate<&Prescription::setPrescriptionDate>},
-    {{"dosageInstruction"_L1}, setInstructions},
-    {{"extension"_L1}, setPayByPatientSumFactor},
-    {{"dispense"_L1, "validityPeriod"_L1, "end"_L1}, setDate<&Prescription::setExpirationDate>},
-    {{"dispense"_L1, "quantity"_L1, "value"_L1}, setNumber<&Prescription::setDoseQuantity>},
-
-    {{"patient"_L1, "reference"_L1}, setText<&Prescription::setPatientReference>},
-    {{"identifier"_L1}, setSerialNumber},
+    {"dateWritten"_L1, setPrescriptionDate},    {"dosageInstruction"_L1, setInstructions},
+    {"extension"_L1, setPayByPatientSumFactor}, {"dispense"_L1, setDispense},
+    {"patient"_L1, setPatientReference},        {"identifier"_L1, setSerialNumber},
 };
 
 } // namespace
@@ -142,7 +121,7 @@ void ElectronicPrescriptionService::fillMedicationPrescription(const QJsonObject
     prescription.setId(resource["id"_L1].toString());
     fillPrescribedMedicine(resource, prescription);
     for (const PrescriptionMember& member : prescriptionMembers)
-        member.apply(valueAt(resource, member.path), prescription);
+        member.apply(resource[member.name], prescription);
 }
 
 /// Each coding overwrites the name and code of its kind, so that the last one counts; a dictionary coding gives the
@@ -153,11 +132,13 @@ void ElectronicPrescriptionService::fillPrescribedMedicine(const QJsonObject& re
     // A local reference: "#" and the id of a contained resource.
     const QString reference = resource["medication"_L1]["reference"_L1].toString().mid(1);
     const QJsonArray medications = resource["contained"_L1].toArray();
-    for (const QJsonValue medication : medications) {
+    for (const QJsonValue contained : medications) {
+        const QJsonObject medication = contained.toObject();
         const bool brand = medication["isBrand"_L1].toBool();
         const bool prescribed = !brand && medication["id"_L1].toString() == reference;
         const QJsonArray codings = medication["code"_L1]["coding"_L1].toArray();
-        for (const QJsonValue coding : codings) {
+        for (const QJsonValue element : codings) {
+            const QJsonObject coding = element.toObject();
             const QString display = coding["display"_L1].toString();
             const QString code = coding["code"_L1].toString();
             if (brand) {
