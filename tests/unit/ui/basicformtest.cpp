@@ -248,7 +248,9 @@ TEST_F(BasicFormTest, shownWithTheDefaultButtonDisabled_focusStandsOnTheFirstTha
 {
     LayoutForm form(writeLayout("a.ui", widget("QLabel", "label") +
                                             widget("QPushButton", "ok", isDefault + isDisabled) +
-                                            widget("QPushButton", "back")));
+                                            widget("QPushButton", "back") + widget("QPushButton", "last")));
+    form.rootWidget()->show();
+    form.findWidget<QPushButton>("last")->setFocus();
     showRoot(form);
     EXPECT_EQ(QApplication::focusWidget(), form.findWidget<QPushButton>("back"));
 }
