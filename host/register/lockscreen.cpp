@@ -49,6 +49,7 @@ void LockScreen::createCodeInput(QWidget* column)
     connect(m_input, &QLineEdit::returnPressed, this, &LockScreen::tryCode);
     auto* button = new QPushButton(tr::Tr(QStringLiteral("lockUnlock"), QStringLiteral("Разблокировать")).ui(), column);
     button->setObjectName(QStringLiteral("unlockButton"));
+    button->setAccessibleName(button->text());
     button->setProperty("primary", true);
     button->setFixedWidth(240);
     connect(button, &QPushButton::clicked, this, &LockScreen::tryCode);

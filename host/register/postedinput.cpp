@@ -7,7 +7,9 @@
 #include <QWidget>
 #include <QWindow>
 
-// Qt's own doors for posting window system events; QTest uses them too.
+#include <algorithm>
+
+// Qt's own doors for window system events; QTest uses them too.
 QT_BEGIN_NAMESPACE
 Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
                                     const QString& text, bool autoRepeat, ushort count);
@@ -19,19 +21,22 @@ QT_END_NAMESPACE
 namespace
 {
 
-QWindow* activeWindow()
+/// Qt's doors deliver at once, and return only when a dialog that the input opened has ended: they are opened from the
+/// event loop, one for each event.
+template <typename Delivery>
+void post(QWindow* window, const Delivery& delivery)
 {
-    const QWidget* window = QApplication::activeWindow();
-    return window ? window->windowHandle() : nullptr;
+    QMetaObject::invokeMethod(window, delivery, Qt::QueuedConnection);
 }
 
 bool press(int key, Qt::KeyboardModifiers modifiers, const QString& text)
 {
-    QWindow* window = activeWindow();
+    const QWidget* active = postedinput::activeWindow();
+    QWindow* window = active ? active->windowHandle() : nullptr;
     if (!window)
         return false;
-    qt_handleKeyEvent(window, QEvent::KeyPress, key, modifiers, text, false, 1);
-    qt_handleKeyEvent(window, QEvent::KeyRelease, key, modifiers, text, false, 1);
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
+        post(window, [=] { qt_handleKeyEvent(window, type, key, modifiers, text, false, 1); });
     return true;
 }
 
@@ -60,6 +65,18 @@ QString textOf(Qt::Key key)
 namespace postedinput
 {
 
+QWidget* activeWindow()
+{
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget* active = QApplication::activeWindow())
+        return active;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto visible = std::find_if(windows.cbegin(), windows.cend(),
+                                      [](const QWidget* window) { return window->isWindow() && window->isVisible(); });
+    return visible == windows.cend() ? nullptr : *visible;
+}
+
 std::optional<QKeyCombination> keyNamed(const QString& name)
 {
     const QKeySequence keys = QKeySequence::fromString(name, QKeySequence::PortableText);
@@ -83,14 +100,19 @@ void click(QWidget& widget)
     QWindow* window = widget.window()->windowHandle();
     if (!window)
         return;
-    static int time = 0; // milliseconds; so far apart that two clicks are no double click
-    time += 2 * QApplication::doubleClickInterval();
+    static int lastTime = 0;
+    const int time = lastTime +=
+        2 * QApplication::doubleClickInterval(); // milliseconds; two clicks are no double click
     const QPointF local = widget.mapTo(widget.window(), widget.rect().center());
     const QPointF global = widget.mapToGlobal(widget.rect().center());
-    qt_handleMouseEvent(window, local, global, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress, Qt::NoModifier,
-                        time);
-    qt_handleMouseEvent(window, local, global, Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease, Qt::NoModifier,
-                        time);
+    post(window, [=] {
+        qt_handleMouseEvent(window, local, global, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress,
+                            Qt::NoModifier, time);
+    });
+    post(window, [=] {
+        qt_handleMouseEvent(window, local, global, Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease,
+                            Qt::NoModifier, time);
+    });
 }
 
 } // namespace postedinput

@@ -14,6 +14,9 @@ class QWidget;
 namespace postedinput
 {
 
+/// The window that takes input: where no window manager makes one active, the one that can be seen. Null: none.
+QWidget* activeWindow();
+
 /// The key of a name such as "Return", "F5" or "Ctrl+A"; none when there is no such key.
 std::optional<QKeyCombination> keyNamed(const QString& name);
 

@@ -7,7 +7,6 @@
 #include "widgettext.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
@@ -131,7 +130,7 @@ ScenarioPlayer::Look ScenarioPlayer::perform(const ScenarioStep& step)
         return {true, {}};
     }
     case ScenarioStep::Kind::Close:
-        if (QWidget* window = QApplication::activeWindow())
+        if (QWidget* window = postedinput::activeWindow())
             QMetaObject::invokeMethod(window, &QWidget::close, Qt::QueuedConnection);
         return {true, {}};
     }
@@ -244,7 +243,7 @@ ScenarioPlayer::Look ScenarioPlayer::compareReceipt(const ScenarioStep& step) co
 
 ScenarioPlayer::Look ScenarioPlayer::takePicture(const QString& name) const
 {
-    QWidget* window = QApplication::activeWindow();
+    QWidget* window = postedinput::activeWindow();
     if (!window)
         return {false, QStringLiteral("the register has no active window")};
     const QString file = QDir(m_screenshots).filePath(name + QStringLiteral(".png"));
@@ -253,7 +252,7 @@ ScenarioPlayer::Look ScenarioPlayer::takePicture(const QString& name) const
 
 QWidget* ScenarioPlayer::visibleWidget(const QString& name)
 {
-    QWidget* window = QApplication::activeWindow();
+    QWidget* window = postedinput::activeWindow();
     if (!window)
         return nullptr;
     if (window->objectName() == name)

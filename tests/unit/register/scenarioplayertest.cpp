@@ -48,6 +48,10 @@ protected:
         EXPECT_TRUE(scenario.error.isEmpty()) << qPrintable(scenario.error);
         ScenarioPlayer player(scenario.steps, folder.path(), folder.path());
         QSignalSpy finished(&player, &ScenarioPlayer::finished);
+        QObject::connect(&player, &ScenarioPlayer::finished, [] { // a dialog left open would never end
+            if (QWidget* dialog = QApplication::activeModalWidget())
+                dialog->close();
+        });
         testing::internal::CaptureStderr();
         testing::internal::CaptureStdout();
         player.start();
