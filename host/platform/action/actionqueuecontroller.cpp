@@ -10,8 +10,6 @@
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
-#include <QTimer>
-
 #include <algorithm>
 #include <exception>
 #include <iterator>
@@ -93,6 +91,8 @@ bool waitsFor(ActionTrigger::Result expected, EContext::Result outcome)
 ActionQueueController::ActionQueueController(QObject* parent)
     : QObject(parent)
 {
+    m_next.setSingleShot(true);
+    connect(&m_next, &QTimer::timeout, this, &ActionQueueController::runNext);
 }
 
 ActionQueueController::~ActionQueueController() = default;
@@ -107,7 +107,7 @@ void ActionQueueController::enqueue(const control::Action& action, bool immediat
         m_queue.prepend(action);
     else
         m_queue.append(action);
-    scheduleNext(std::chrono::milliseconds(0));
+    scheduleNext();
 }
 
 EContext::Result ActionQueueController::execute(control::Action& action)
@@ -190,15 +190,12 @@ bool ActionQueueController::isBusy() const
 
 void ActionQueueController::scheduleNext(std::chrono::milliseconds delay)
 {
-    if (m_scheduled || m_depth > 0 || m_queue.isEmpty())
-        return;
-    m_scheduled = true;
-    QTimer::singleShot(delay, this, &ActionQueueController::runNext);
+    if (!m_next.isActive() && m_depth == 0 && !m_queue.isEmpty())
+        m_next.start(delay);
 }
 
 void ActionQueueController::runNext()
 {
-    m_scheduled = false;
     if (m_depth > 0 || m_queue.isEmpty())
         return;
     if (InputBlocker::isActive()) {
@@ -213,7 +210,7 @@ void ActionQueueController::leaveAction()
 {
     --m_depth;
     if (isBusy())
-        scheduleNext(std::chrono::milliseconds(0));
+        scheduleNext();
     else
         emit idle();
 }

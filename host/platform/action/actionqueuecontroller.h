@@ -9,6 +9,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QTimer>
 
 #include <chrono>
 #include <functional>
@@ -76,7 +77,7 @@ private:
     /// The context may be "any".
     using Place = std::pair<std::optional<EContext::Code>, control::EActionType>;
 
-    void scheduleNext(std::chrono::milliseconds delay);
+    void scheduleNext(std::chrono::milliseconds delay = {});
     void runNext();
     void leaveAction();
     HostFunction handlerOf(EContext::Code context, control::EActionType type) const;
@@ -90,8 +91,8 @@ private:
     QList<ActionHandler> m_handlers;
     QList<ActionTrigger> m_triggers;
     EContext::Code m_context = EContext::Idle;
-    int m_depth = 0;
-    bool m_scheduled = false;
+    int m_depth = 0; ///< how many actions run inside one another
+    QTimer m_next;
 };
 
 extern template struct REGISTERPLATFORM_EXPORT Singleton<ActionQueueController>;

@@ -14,7 +14,6 @@ class REGISTERPLATFORM_EXPORT BaseActivityListener : public QObject
 public:
     explicit BaseActivityListener(QObject* parent = nullptr);
 
-public slots:
     /// Called on the main thread for every event, in the order of subscription.
-    virtual void handleEvent(const Event& event) = 0;
+    Q_SLOT virtual void handleEvent(const Event& event) = 0;
 };

@@ -12,10 +12,6 @@ QSharedPointer<AbstractDocument>& currentDocument()
 
 } // namespace
 
-DocumentWatcher::DocumentWatcher() = default;
-
-DocumentWatcher::~DocumentWatcher() = default;
-
 void DocumentWatcher::setCurrentDocument(const QSharedPointer<AbstractDocument>& document)
 {
     currentDocument() = document;

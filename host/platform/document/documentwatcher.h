@@ -16,8 +16,8 @@ public:
     static void setCurrentDocument(const QSharedPointer<AbstractDocument>& document);
 
 protected:
-    DocumentWatcher();
-    ~DocumentWatcher();
+    DocumentWatcher() = default;
+    ~DocumentWatcher() = default;
 
     /// The document that the cashier works on; null between receipts.
     QSharedPointer<AbstractDocument> getDocument() const;

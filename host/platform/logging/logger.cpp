@@ -37,7 +37,7 @@ void Logger::Private::log(log4cplus::LogLevel level, const QString& message) con
 }
 
 Logger::Logger(const QString& name)
-    : d(std::make_unique<Private>(log4cplus::Logger::getInstance(name.toStdString())))
+    : d(std::make_unique<Private>(name))
 {
 }
 

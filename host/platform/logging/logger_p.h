@@ -9,6 +9,11 @@
 class Log4Qt::Logger::Private
 {
 public:
+    explicit Private(const QString& name)
+        : logger(log4cplus::Logger::getInstance(name.toStdString()))
+    {
+    }
+
     void log(log4cplus::LogLevel level, const QString& message) const;
 
     log4cplus::Logger logger;

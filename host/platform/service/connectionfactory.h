@@ -37,7 +37,7 @@ private:
         QString driver;
         QString name;
         QString host;
-        int port; ///< -1: the driver's own
+        int port = -1; ///< -1: the driver's own
         QString user;
         QString password;
 
