@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "scriptedserver.h"
 
+#include <QEventLoop>
 #include <QFile>
 #include <QHash>
 #include <QMutex>
@@ -10,13 +11,14 @@
 #include <QSslKey>
 #include <QSslSocket>
 #include <QTcpServer>
-#include <QThread>
 #include <QTimer>
 #include <QWaitCondition>
 
 #include <deque>
+#include <future>
 #include <optional>
 #include <stdexcept>
+#include <thread>
 
 #include <sys/socket.h>
 
@@ -289,38 +291,50 @@ private:
     QHash<QSslSocket*, State> m_states;
 };
 
+/// Owns the thread. It is joined, not only waited for as a QThread is: TLS keeps state for each thread, and that is
+/// gone only when the thread is.
 class ScriptedServer::Host
 {
 public:
     explicit Host(const ServerIdentity* identity)
         : isSecure(identity)
-        , worker(new Worker(shared, identity ? std::optional(tlsConfiguration(*identity)) : std::nullopt))
     {
-        if (!worker->listen(QHostAddress::LocalHost))
-            throw std::runtime_error("Cannot listen on the loopback interface");
-        port = worker->serverPort();
-        worker->moveToThread(&thread);
-        QObject::connect(&thread, &QThread::finished, worker, &QObject::deleteLater);
-        thread.start();
+        std::promise<quint16> listening;
+        std::future<quint16> portOrFailure = listening.get_future();
+        const std::optional<QSslConfiguration> tls =
+            identity ? std::optional(tlsConfiguration(*identity)) : std::nullopt;
+        thread = std::thread([this, tls, listening = std::move(listening)]() mutable {
+            QEventLoop events;
+            Worker server(shared, tls);
+            worker = &server;
+            loop = &events;
+            listening.set_value(server.listen(QHostAddress::LocalHost) ? server.serverPort() : 0);
+            events.exec();
+        });
+        port = portOrFailure.get();
     }
     ~Host()
     {
-        thread.quit();
-        thread.wait();
+        QMetaObject::invokeMethod(loop, &QEventLoop::quit, Qt::QueuedConnection);
+        thread.join();
     }
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
 
     Shared shared;
     bool isSecure;
+    /// 0 when the server cannot listen.
     quint16 port = 0;
-    QThread thread;
-    Worker* worker;
+    Worker* worker = nullptr;
+    QEventLoop* loop = nullptr;
+    std::thread thread;
 };
 
 ScriptedServer::ScriptedServer(const ServerIdentity* identity)
     : m_host(std::make_unique<Host>(identity))
 {
+    if (m_host->port == 0)
+        throw std::runtime_error("Cannot listen on the loopback interface");
 }
 
 ScriptedServer::~ScriptedServer() = default;

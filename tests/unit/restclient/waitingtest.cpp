@@ -119,8 +119,9 @@ TEST(RestClientWaiting, keysPressedDuringFastRequest_neverArriveEither)
     field.show();
     field.setFocus();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&field));
-    both.server.reactBy([&field](const ReceivedRequest&) {
-        typeLetter(field);
+    auto letter = std::make_unique<QKeyEvent>(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, "a");
+    both.server.reactBy([&](const ReceivedRequest&) {
+        QCoreApplication::postEvent(&field, letter.release());
         return Reaction::json(200, "{}");
     });
     both.get();
