@@ -85,6 +85,8 @@ void PluginHost::loadLibrary(const QString& file, ActionQueueController& control
     const QFileInfo library(file);
     const QString name = pluginName(library);
     auto loader = std::make_unique<QPluginLoader>(file);
+    // A library built against another platform is refused here instead of ending the register at its first call.
+    loader->setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     QObject* root = loader->instance();
     if (!root) {
         addProblem(name, loader->errorString());
