@@ -13,6 +13,7 @@
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <utility>
 
 /// A test with a configuration, a GUI and a folder of layouts of its own.
 class UiTest : public ::testing::Test
@@ -26,8 +27,8 @@ protected:
     }
     ~UiTest() override
     {
-        Singleton<GraphicalUserInterface>::instance = nullptr;
-        Singleton<Config>::instance = nullptr;
+        Singleton<GraphicalUserInterface>::instance = m_formerGui;
+        Singleton<Config>::instance = m_formerConfig;
     }
 
     void setTouchMode() { config.setForThisRun(QStringLiteral("GUI:touchMode"), QStringLiteral("true")); }
@@ -77,6 +78,10 @@ protected:
     Config config;
     GraphicalUserInterface gui;
     QTemporaryDir layouts;
+
+private:
+    Config* m_formerConfig = std::exchange(Singleton<Config>::instance, nullptr);
+    GraphicalUserInterface* m_formerGui = std::exchange(Singleton<GraphicalUserInterface>::instance, nullptr);
 };
 
 /// A form of a layout, with the protected operations that plug-in forms use.
