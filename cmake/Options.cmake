@@ -31,7 +31,9 @@ if(SANITIZERS)
     add_link_options(-fsanitize=${SANITIZERS})
 endif()
 
+# Paths are taken relative to the sources, so that builds in other folders and clones share what was compiled.
 find_program(CCACHE ccache)
 if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${CCACHE}")
 endif()
