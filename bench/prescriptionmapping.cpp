@@ -2,11 +2,14 @@
 // What the plug-in adds to parsing a card's answer, and what keeping served prescriptions out of the list costs.
 
 #include "abstractdocument.h"
+#include "bycardanswer.h"
 #include "electronicprescriptioninterface.h"
 #include "electronicprescriptionservice.h"
 #include "goodsitem.h"
 #include "positionformat.h"
 #include "prescriptionposition.h"
+#include "prescriptionstore.h"
+#include "syntheticprescriptions.h"
 
 #include <QCoreApplication>
 #include <QJsonDocument>
@@ -38,48 +41,23 @@ QString prescriptionId(int number)
     return QStringLiteral("prescription-%1").arg(number, 8, 10, QLatin1Char('0'));
 }
 
-/// One prescription as the registry writes it: both names of the medicine, signature, payer, practitioner and one
-/// earlier dispense.
-QByteArray prescriptionBundle(int number)
-{
-    static const QByteArray text = R"({"resource": {"resourceType": "Bundle", "type": "collection", "entry": [
-        {"resource": {"resourceType": "MedicationPrescription", "id": "%id", "status": "active",
-            "identifier": [{"system": "urn:serial", "value": "1201 12345678"}],
-            "dateWritten": "2026-03-01",
-            "patient": {"reference": "Patient/5b7c9e0e-1d3c-4b9f-8f5e-6a1f0b7d2c11"},
-            "prescriber": {"reference": "Practitioner/17"},
-            "extension": [{"url": "http://fhir.example/StructureDefinition/by-factor", "valueDecimal": 0.1},
-                          {"url": "http://fhir.example/StructureDefinition/by-form", "valueString": "рецепт"}],
-            "medication": {"reference": "#medication1"},
-            "contained": [
-                {"resourceType": "Medication", "id": "medication1", "isBrand": false, "name": "Парацетамол",
-                 "code": {"coding": [{"system": "urn:inn", "code": "N02BE01", "display": "Парацетамол"}]}},
-                {"resourceType": "Medication", "id": "medication2", "isBrand": true,
-                 "code": {"coding": [{"system": "urn:trade", "code": "8801", "display": "Парацетамол-Проба"},
-                                     {"system": "urn:dosage", "code": "120045",
-                                      "display": "Парацетамол-Проба таблетки 500 мг №20"}]}}],
-            "dosageInstruction": [{"text": "По одной таблетке три раза в день"}, {"text": "после еды, 10 дней"}],
-            "dispense": {"validityPeriod": {"start": "2026-03-01", "end": "2026-05-30"},
-                         "quantity": {"value": 30, "units": "доза"}}}},
-        {"resource": {"resourceType": "Provenance", "id": "provenance", "recorded": "2026-03-01T10:00:00+03:00"}},
-        {"resource": {"resourceType": "Organization", "id": "payer-1", "name": "Фонд льготного обеспечения"}},
-        {"resource": {"resourceType": "Practitioner", "id": "17",
-                      "name": {"family": ["Пробный"], "given": ["Врач", "Врачевич"]}}},
-        {"resource": {"resourceType": "MedicationDispense", "id": "dispense", "whenHandedOver": "2026-03-10",
-                      "quantity": {"value": 10}}}
-    ]}})";
-    QByteArray bundle = text;
-    return bundle.replace("%id", prescriptionId(number).toUtf8());
-}
-
+/// The registry's answer for a card with so many prescriptions, each with one earlier dispense.
 QByteArray cardAnswer(int prescriptions)
 {
-    QByteArray answer = R"({"resourceType": "Bundle", "type": "searchset", "entry": [
-        {"resource": {"resourceType": "Patient", "id": "p", "birthDate": "1950-02-28",
-                      "name": [{"family": ["Пробный"], "given": ["Пациент", "Пациентович"]}]}})";
-    for (int number = 0; number < prescriptions; ++number)
-        answer += ",\n" + prescriptionBundle(number);
-    return answer + "]}";
+    const QString card = QStringLiteral("1100000000000099");
+    const QDate today(2026, 3, 1);
+    emulator::PrescriptionStore store;
+    emulator::addSyntheticPrescriptions(store, card, prescriptions, today);
+    for (const emulator::Prescription& prescription : store.prescriptionsOfCard(card)) {
+        emulator::Dispense dispense;
+        dispense.id = QStringLiteral("dispense-") + prescription.id;
+        dispense.prescriptionId = prescription.id;
+        dispense.quantity = 1;
+        dispense.handedOver = today;
+        store.book(dispense, prescription.status);
+    }
+    const QJsonObject answer = emulator::byCardAnswer(store, *store.patientOfCard(card), QStringLiteral("active"));
+    return QJsonDocument(answer).toJson(QJsonDocument::Compact);
 }
 
 /// The registry client with bytes in place of the network. It keeps the document, so that taking it apart is not
@@ -112,7 +90,7 @@ public:
     explicit ServiceOfBytes(const QSharedPointer<ClientOfBytes>& client)
     {
         registryClient = client;
-        dosageSystemId = QStringLiteral("urn:dosage");
+        dosageSystemId = emulator::Rules().dosageSystem;
     }
 };
 
