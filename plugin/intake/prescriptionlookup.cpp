@@ -46,10 +46,10 @@ void ElectronicPrescriptionService::getElectronicPrescriptionsByCardNumber(const
 void ElectronicPrescriptionService::appendPrescriptions(const QJsonArray& bundles, Prescriptions& prescriptions) const
 {
     prescriptions.reserve(prescriptions.size() + bundles.size());
-    for (const QJsonValue bundle : bundles) {
-        const QSharedPointer<ElectronicPrescription> prescription(new ElectronicPrescription);
+    for (const auto& bundle : bundles) {
+        const auto prescription = QSharedPointer<ElectronicPrescription>::create();
         const QJsonArray entries = bundle[QLatin1StringView("entry")].toArray();
-        for (const QJsonValue entry : entries)
+        for (const auto& entry : entries)
             fillElectronicPrescription(entry[QLatin1StringView("resource")].toObject(), prescription);
         prescriptions.append(prescription);
     }

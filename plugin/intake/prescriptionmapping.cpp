@@ -7,6 +7,7 @@
 
 #include <QJsonArray>
 #include <QJsonValue>
+#include <QStringBuilder>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -23,7 +24,7 @@ void setInstructions(const QJsonValue& dosageInstructions, ElectronicPrescriptio
 {
     QString instructions;
     const QJsonArray array = dosageInstructions.toArray();
-    for (const QJsonValue dosageInstruction : array) {
+    for (const auto& dosageInstruction : array) {
         if (!instructions.isEmpty())
             instructions += u' ';
         instructions += dosageInstruction["text"_L1].toString();
@@ -35,7 +36,7 @@ void setInstructions(const QJsonValue& dosageInstructions, ElectronicPrescriptio
 void setPayByPatientSumFactor(const QJsonValue& extensions, ElectronicPrescription& prescription)
 {
     const QJsonArray array = extensions.toArray();
-    for (const QJsonValue extension : array) {
+    for (const auto& extension : array) {
         if (extension["url"_L1].toString().endsWith("by-factor"_L1))
             prescription.setPayByPatientSumFactor(extension["valueDecimal"_L1].toDouble());
     }
@@ -56,6 +57,32 @@ void setPatientReference(const QJsonValue& patient, ElectronicPrescription& pres
 void setSerialNumber(const QJsonValue& identifiers, ElectronicPrescription& prescription)
 {
     prescription.setSerialNumber(identifiers[0]["value"_L1].toString());
+}
+
+// Of a medicine's codings the last one names it, whatever the system.
+
+void setTradeName(const QJsonObject& coding, ElectronicPrescription& prescription)
+{
+    prescription.setTradeName(coding["display"_L1].toString());
+    prescription.setTradeNameCode(coding["code"_L1].toString());
+}
+
+void setInn(const QJsonObject& coding, ElectronicPrescription& prescription)
+{
+    prescription.setInn(coding["display"_L1].toString());
+    prescription.setInnCode(coding["code"_L1].toString());
+}
+
+/// The last coding of the dictionary's system counts; without one the record keeps its code.
+void setDictCode(const QJsonArray& codings, const QString& dictionarySystem, ElectronicPrescription& prescription)
+{
+    for (qsizetype index = codings.size() - 1; index >= 0; --index) {
+        const QJsonObject coding = codings[index].toObject();
+        if (coding["system"_L1].toString() == dictionarySystem) {
+            prescription.setDictCode(coding["code"_L1].toString());
+            return;
+        }
+    }
 }
 
 /// One member of a "MedicationPrescription" resource and what it does to the record, also when it is missing.
@@ -111,8 +138,7 @@ void ElectronicPrescriptionService::fillPayingElectronicPrescriptionOrganization
 QString ElectronicPrescriptionService::getPatientOrPractitionerName(const QJsonObject& name) const
 {
     const QJsonArray given = name["given"_L1].toArray();
-    const QString family = name["family"_L1][0].toString();
-    return family + u' ' + given.first().toString() + u' ' + given.last().toString();
+    return name["family"_L1][0].toString() % u' ' % given.first().toString() % u' ' % given.last().toString();
 }
 
 void ElectronicPrescriptionService::fillMedicationPrescription(const QJsonObject& resource,
@@ -124,34 +150,25 @@ void ElectronicPrescriptionService::fillMedicationPrescription(const QJsonObject
         member.apply(resource[member.name], prescription);
 }
 
-/// Each coding overwrites the name and code of its kind, so that the last one counts; a dictionary coding gives the
-/// dictionary code besides.
 void ElectronicPrescriptionService::fillPrescribedMedicine(const QJsonObject& resource,
                                                            ElectronicPrescription& prescription) const
 {
     // A local reference: "#" and the id of a contained resource.
-    const QString reference = resource["medication"_L1]["reference"_L1].toString().mid(1);
+    const QString reference = resource["medication"_L1]["reference"_L1].toString();
+    const QStringView prescribedId = QStringView(reference).mid(1);
     const QJsonArray medications = resource["contained"_L1].toArray();
-    for (const QJsonValue contained : medications) {
+    for (const auto& contained : medications) {
         const QJsonObject medication = contained.toObject();
-        const bool brand = medication["isBrand"_L1].toBool();
-        const bool prescribed = !brand && medication["id"_L1].toString() == reference;
         const QJsonArray codings = medication["code"_L1]["coding"_L1].toArray();
-        for (const QJsonValue element : codings) {
-            const QJsonObject coding = element.toObject();
-            const QString display = coding["display"_L1].toString();
-            const QString code = coding["code"_L1].toString();
-            if (brand) {
-                prescription.setTradeName(display);
-                prescription.setTradeNameCode(code);
-            } else {
-                prescription.setInn(display);
-                prescription.setInnCode(code);
-                if (prescribed)
-                    prescription.setPrescribedByInn();
-            }
-            if (coding["system"_L1].toString() == dosageSystemId)
-                prescription.setDictCode(code);
+        if (codings.isEmpty())
+            continue;
+        if (medication["isBrand"_L1].toBool()) {
+            setTradeName(codings.last().toObject(), prescription);
+        } else {
+            setInn(codings.last().toObject(), prescription);
+            if (medication["id"_L1].toString() == prescribedId)
+                prescription.setPrescribedByInn();
         }
+        setDictCode(codings, dosageSystemId, prescription);
     }
 }
