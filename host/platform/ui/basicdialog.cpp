@@ -16,7 +16,9 @@ BasicDialog::BasicDialog(QObject* parent)
 
 BasicDialog::~BasicDialog() = default;
 
-BasicDialog::Result BasicDialog::show(bool overPayment, bool silent, QFlags<EInput::Source> sources, Event event)
+// The event is taken by value: it is the signature that plug-ins' doubles override.
+BasicDialog::Result BasicDialog::show(bool overPayment, bool silent, QFlags<EInput::Source> sources,
+                                      Event event) // NOLINT(performance-unnecessary-value-param)
 {
     GraphicalUserInterface& gui = *Singleton<GraphicalUserInterface>::get();
     const QSharedPointer<BasicForm> form = gui.createForm(event);

@@ -131,7 +131,7 @@ QString BasicForm::layoutPath(const QString& name)
         Singleton<Config>::get()->getString(QStringLiteral("GUI:layouts")).split(u':', Qt::SkipEmptyParts);
     folders.append(ownLayouts);
     for (const QString& folder : folders) {
-        const QString path = folder + u'/' + name;
+        QString path = folder + u'/' + name;
         if (QFileInfo::exists(path))
             return path;
     }

@@ -20,9 +20,9 @@ constexpr int tallestMessage = 360;
 
 /// The picture, the heading and the role of the style sheet for each kind of message.
 struct Kind {
-    QStyle::StandardPixmap picture;
+    QStyle::StandardPixmap picture = QStyle::SP_MessageBoxInformation;
     tr::Tr title;
-    const char* style;
+    const char* style = nullptr;
 };
 
 Kind kindOf(int kind)
