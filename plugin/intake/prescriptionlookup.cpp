@@ -48,9 +48,9 @@ void ElectronicPrescriptionService::appendPrescriptions(const QJsonArray& bundle
     prescriptions.reserve(prescriptions.size() + bundles.size());
     for (const auto& bundle : bundles) {
         const auto prescription = QSharedPointer<ElectronicPrescription>::create();
-        const QJsonArray entries = bundle[QLatin1StringView("entry")].toArray();
+        const QJsonArray entries = bundle.toObject().value(QLatin1StringView("entry")).toArray();
         for (const auto& entry : entries)
-            fillElectronicPrescription(entry[QLatin1StringView("resource")].toObject(), prescription);
+            fillElectronicPrescription(entry.toObject().value(QLatin1StringView("resource")).toObject(), prescription);
         prescriptions.append(prescription);
     }
 }

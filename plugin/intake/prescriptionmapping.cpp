@@ -14,6 +14,13 @@ using namespace Qt::Literals::StringLiterals;
 namespace
 {
 
+/// A member's text; empty when it is missing or no text. Spares the copy of the value that look-up by [] makes.
+QString text(const QJsonObject& object, QLatin1StringView name)
+{
+    const auto member = object.constFind(name);
+    return member == object.constEnd() ? QString() : member->toString();
+}
+
 void setPrescriptionDate(const QJsonValue& date, ElectronicPrescription& prescription)
 {
     prescription.setPrescriptionDate(readRegistryDate(date.toString()));
@@ -27,7 +34,7 @@ void setInstructions(const QJsonValue& dosageInstructions, ElectronicPrescriptio
     for (const auto& dosageInstruction : array) {
         if (!instructions.isEmpty())
             instructions += u' ';
-        instructions += dosageInstruction["text"_L1].toString();
+        instructions += text(dosageInstruction.toObject(), "text"_L1);
     }
     prescription.setInstructions(instructions);
 }
@@ -37,50 +44,59 @@ void setPayByPatientSumFactor(const QJsonValue& extensions, ElectronicPrescripti
 {
     const QJsonArray array = extensions.toArray();
     for (const auto& extension : array) {
-        if (extension["url"_L1].toString().endsWith("by-factor"_L1))
-            prescription.setPayByPatientSumFactor(extension["valueDecimal"_L1].toDouble());
+        const QJsonObject object = extension.toObject();
+        if (text(object, "url"_L1).endsWith("by-factor"_L1))
+            prescription.setPayByPatientSumFactor(object["valueDecimal"_L1].toDouble());
     }
 }
 
 void setDispense(const QJsonValue& value, ElectronicPrescription& prescription)
 {
     const QJsonObject dispense = value.toObject();
-    prescription.setExpirationDate(readRegistryDate(dispense["validityPeriod"_L1]["end"_L1].toString()));
+    prescription.setExpirationDate(readRegistryDate(text(dispense["validityPeriod"_L1].toObject(), "end"_L1)));
     prescription.setDoseQuantity(dispense["quantity"_L1]["value"_L1].toDouble());
 }
 
 void setPatientReference(const QJsonValue& patient, ElectronicPrescription& prescription)
 {
-    prescription.setPatientReference(patient["reference"_L1].toString());
+    prescription.setPatientReference(text(patient.toObject(), "reference"_L1));
 }
 
 void setSerialNumber(const QJsonValue& identifiers, ElectronicPrescription& prescription)
 {
-    prescription.setSerialNumber(identifiers[0]["value"_L1].toString());
+    prescription.setSerialNumber(text(identifiers[0].toObject(), "value"_L1));
 }
 
 // Of a medicine's codings the last one names it, whatever the system.
 
 void setTradeName(const QJsonObject& coding, ElectronicPrescription& prescription)
 {
-    prescription.setTradeName(coding["display"_L1].toString());
-    prescription.setTradeNameCode(coding["code"_L1].toString());
+    prescription.setTradeName(text(coding, "display"_L1));
+    prescription.setTradeNameCode(text(coding, "code"_L1));
 }
 
 void setInn(const QJsonObject& coding, ElectronicPrescription& prescription)
 {
-    prescription.setInn(coding["display"_L1].toString());
-    prescription.setInnCode(coding["code"_L1].toString());
+    prescription.setInn(text(coding, "display"_L1));
+    prescription.setInnCode(text(coding, "code"_L1));
 }
 
-/// The last coding of the dictionary's system counts; without one the record keeps its code.
-void setDictCode(const QJsonArray& codings, const QString& dictionarySystem, ElectronicPrescription& prescription)
+QJsonArray codingsOf(const QJsonObject& medication)
 {
-    for (qsizetype index = codings.size() - 1; index >= 0; --index) {
-        const QJsonObject coding = codings[index].toObject();
-        if (coding["system"_L1].toString() == dictionarySystem) {
-            prescription.setDictCode(coding["code"_L1].toString());
-            return;
+    return medication["code"_L1]["coding"_L1].toArray();
+}
+
+/// Of all medicines' codings the last one of the dictionary's system counts; without one the record keeps its code.
+void setDictCode(const QJsonArray& medications, const QString& dictionarySystem, ElectronicPrescription& prescription)
+{
+    for (qsizetype medication = medications.size() - 1; medication >= 0; --medication) {
+        const QJsonArray codings = codingsOf(medications[medication].toObject());
+        for (qsizetype index = codings.size() - 1; index >= 0; --index) {
+            const QJsonObject coding = codings[index].toObject();
+            if (text(coding, "system"_L1) == dictionarySystem) {
+                prescription.setDictCode(text(coding, "code"_L1));
+                return;
+            }
         }
     }
 }
@@ -103,14 +119,14 @@ constexpr PrescriptionMember prescriptionMembers[] = {
 void ElectronicPrescriptionService::fillPatient(const QString& status, const QJsonObject& patient)
 {
     const QString name = getPatientOrPractitionerName(patient["name"_L1][0].toObject());
-    const QDate birthday = readRegistryDate(patient["birthDate"_L1].toString());
+    const QDate birthday = readRegistryDate(text(patient, "birthDate"_L1));
     patientCache.insert(status, QSharedPointer<Patient>(new Patient(name, birthday)));
 }
 
 void ElectronicPrescriptionService::fillElectronicPrescription(
     const QJsonObject& resource, const QSharedPointer<ElectronicPrescription>& prescription) const
 {
-    const QString type = resource["resourceType"_L1].toString();
+    const QString type = text(resource, "resourceType"_L1);
     if (type == "MedicationPrescription"_L1) {
         fillMedicationPrescription(resource, *prescription);
     } else if (type == "Provenance"_L1) {
@@ -121,7 +137,7 @@ void ElectronicPrescriptionService::fillElectronicPrescription(
         fillPayingElectronicPrescriptionOrganization(resource, organization);
         prescription->setPayingElectronicPrescriptionOrganization(organization);
     } else if (type == "MedicationDispense"_L1) {
-        prescription->addMedicationDispenseDate(readRegistryDate(resource["whenHandedOver"_L1].toString()));
+        prescription->addMedicationDispenseDate(readRegistryDate(text(resource, "whenHandedOver"_L1)));
         prescription->addDispensedDoseQuantity(resource["quantity"_L1]["value"_L1].toDouble());
     } else if (type == "Practitioner"_L1) {
         prescription->setPractitionerName(getPatientOrPractitionerName(resource["name"_L1].toObject()));
@@ -131,8 +147,8 @@ void ElectronicPrescriptionService::fillElectronicPrescription(
 void ElectronicPrescriptionService::fillPayingElectronicPrescriptionOrganization(
     const QJsonObject& organization, QSharedPointer<PayingElectronicPrescriptionOrganization>& result) const
 {
-    result.reset(new PayingElectronicPrescriptionOrganization(organization["id"_L1].toString(),
-                                                              organization["name"_L1].toString()));
+    result = QSharedPointer<PayingElectronicPrescriptionOrganization>::create(text(organization, "id"_L1),
+                                                                              text(organization, "name"_L1));
 }
 
 QString ElectronicPrescriptionService::getPatientOrPractitionerName(const QJsonObject& name) const
@@ -144,7 +160,7 @@ QString ElectronicPrescriptionService::getPatientOrPractitionerName(const QJsonO
 void ElectronicPrescriptionService::fillMedicationPrescription(const QJsonObject& resource,
                                                                ElectronicPrescription& prescription) const
 {
-    prescription.setId(resource["id"_L1].toString());
+    prescription.setId(text(resource, "id"_L1));
     fillPrescribedMedicine(resource, prescription);
     for (const PrescriptionMember& member : prescriptionMembers)
         member.apply(resource[member.name], prescription);
@@ -154,21 +170,21 @@ void ElectronicPrescriptionService::fillPrescribedMedicine(const QJsonObject& re
                                                            ElectronicPrescription& prescription) const
 {
     // A local reference: "#" and the id of a contained resource.
-    const QString reference = resource["medication"_L1]["reference"_L1].toString();
+    const QString reference = text(resource["medication"_L1].toObject(), "reference"_L1);
     const QStringView prescribedId = QStringView(reference).mid(1);
     const QJsonArray medications = resource["contained"_L1].toArray();
     for (const auto& contained : medications) {
         const QJsonObject medication = contained.toObject();
-        const QJsonArray codings = medication["code"_L1]["coding"_L1].toArray();
+        const QJsonArray codings = codingsOf(medication);
         if (codings.isEmpty())
             continue;
         if (medication["isBrand"_L1].toBool()) {
             setTradeName(codings.last().toObject(), prescription);
         } else {
             setInn(codings.last().toObject(), prescription);
-            if (medication["id"_L1].toString() == prescribedId)
+            if (text(medication, "id"_L1) == prescribedId)
                 prescription.setPrescribedByInn();
         }
-        setDictCode(codings, dosageSystemId, prescription);
     }
+    setDictCode(medications, dosageSystemId, prescription);
 }

@@ -5,6 +5,8 @@
 #include "electronicprescriptionnoprescriptionsexception.h"
 #include "prescriptiontexts.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace
 {
 
@@ -33,25 +35,26 @@ void ElectronicPrescriptionInterface::getElectronicPrescriptionsByCardNumber(con
     sendGetRequest(url, headers, {{"patientIdentifier", cardNumber}, {"status", status}}, document);
 
     const QJsonObject answer = document.object();
-    if (answer["resourceType"].toString() != "Bundle")
+    if (answer["resourceType"_L1].toString() != "Bundle"_L1)
         throw unusableAnswer();
-    if (!answer.contains("entry"))
+    if (!answer.contains("entry"_L1))
         throw noPrescriptions();
 
     bool hasResource = false;
     bool hasPrescription = false;
-    const QJsonArray entries = answer["entry"].toArray();
+    const QJsonArray entries = answer["entry"_L1].toArray();
     for (const auto& element : entries) {
         const QJsonObject entry = element.toObject();
-        if (!entry.contains("resource"))
+        const auto member = entry.constFind("resource"_L1);
+        if (member == entry.constEnd())
             continue;
         hasResource = true;
-        const QJsonObject resource = entry["resource"].toObject();
-        const QString type = resource["resourceType"].toString();
-        if (type == "Bundle") {
+        const QJsonObject resource = member->toObject();
+        const QString type = resource["resourceType"_L1].toString();
+        if (type == "Bundle"_L1) {
             prescriptions.append(resource);
             hasPrescription = true;
-        } else if (type == "Patient") {
+        } else if (type == "Patient"_L1) {
             patient = resource;
         }
     }
