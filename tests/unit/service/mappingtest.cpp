@@ -243,6 +243,20 @@ TEST_F(Mapping, dictionaryCodingOfInn_givesDictionaryCode)
     EXPECT_EQ(record->getInnCode(), "7");
 }
 
+TEST_F(Mapping, severalDictionaryCodings_lastOneOfAllMedicinesIsKept)
+{
+    const auto record = map(R"({"resourceType": "MedicationPrescription", "contained": [
+        {"code": {"coding": [{"system": "urn:dosage", "code": "1"}]}},
+        {"isBrand": true, "code": {"coding": [{"system": "urn:dosage", "code": "2"},
+                                              {"system": "urn:dosage", "code": "3"},
+                                              {"system": "urn:trade", "code": "4"}]}},
+        {"code": {"coding": [{"system": "urn:inn", "code": "5"}]}}]})");
+
+    EXPECT_EQ(record->getDictCode(), "3");
+    EXPECT_EQ(record->getTradeNameCode(), "4");
+    EXPECT_EQ(record->getInnCode(), "5");
+}
+
 TEST_F(Mapping, dateWithTimeOfDay_isInvalid)
 {
     EXPECT_FALSE(map(R"({"resourceType": "MedicationPrescription", "dateWritten": "2024-03-01T10:00:00"})")
