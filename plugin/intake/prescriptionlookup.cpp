@@ -47,7 +47,7 @@ void ElectronicPrescriptionService::appendPrescriptions(const QJsonArray& bundle
 {
     prescriptions.reserve(prescriptions.size() + bundles.size());
     for (const auto& bundle : bundles) {
-        const auto prescription = QSharedPointer<ElectronicPrescription>::create();
+        const auto prescription = QSharedPointer<ElectronicPrescription>(new ElectronicPrescription);
         const QJsonArray entries = bundle.toObject().value(QLatin1StringView("entry")).toArray();
         for (const auto& entry : entries)
             fillElectronicPrescription(entry.toObject().value(QLatin1StringView("resource")).toObject(), prescription);
