@@ -98,6 +98,10 @@ TEST_F(Hooks, stornoOfSale_cancelsEveryPosition)
     EXPECT_EQ(service.beforeStornoAll(action), EContext::GoOn);
 
     EXPECT_EQ(journal, (QStringList{start, "cancel 1", "save", "cancel 2", "save", "cancel 3", "save", "stop"}));
+    ASSERT_EQ(savedContents.size(), 3);
+    EXPECT_EQ(savedStates(savedContents[0]), (QStringList{"canceled", "dispensed", "dispensed"}));
+    EXPECT_EQ(savedStates(savedContents[1]), (QStringList{"canceled", "canceled", "dispensed"}));
+    EXPECT_EQ(savedStates(savedContents[2]), (QStringList{"canceled", "canceled", "canceled"}));
     EXPECT_TRUE(action.getArguments().isEmpty());
 }
 
@@ -261,6 +265,27 @@ TEST_F(StornoOfPosition, throws_stopEventGoesOut)
     EXPECT_THROW(storno(1), std::runtime_error);
 
     EXPECT_EQ(journal.last(), "stop");
+}
+
+TEST_F(Hooks, eventsOfLongWork_areSentThroughTheObject)
+{
+    ServiceWithOwnEvents own(journal);
+    own.registryClient = registry;
+    const QStringList expected = {"own start electronicPrescriptionProcessMessage", "cancel 1", "save", "own stop"};
+    const auto position = addPosition(1, R"({"status":"dispensed"})");
+    control::Action action;
+    action.insert("document", wrapped(receipt));
+    action.insert("positionNumber", 1);
+
+    EXPECT_EQ(own.cancelElectronicPrescriptions(action), EContext::GoOn);
+    EXPECT_EQ(journal, expected);
+
+    position->setExtendedOptions(R"({"status":"dispensed"})");
+    journal.clear();
+    EXPECT_EQ(own.cancelElectronicPrescriptionByAction(action), EContext::GoOn);
+    EXPECT_EQ(journal, expected);
+
+    EXPECT_TRUE(events.isEmpty());
 }
 
 /// A hook hands its work to the virtual step, with the flag that says whether to save.

@@ -71,6 +71,20 @@ TEST_F(Dispensing, everyDuePosition_isRegisteredInOrderAndSavedAtOnce)
     EXPECT_EQ(journal, (QStringList{start, "register 3", "save", "register 4", "save", "stop"}));
 }
 
+TEST_F(Dispensing, everySave_holdsWhatIsRegisteredByThen)
+{
+    addPosition(1, "{}");
+    addPosition(2, "{}");
+    addPosition(3, R"({"status":"canceled"})");
+
+    dispense();
+
+    ASSERT_EQ(savedContents.size(), 3);
+    EXPECT_EQ(savedStates(savedContents[0]), (QStringList{"dispensed", "", "canceled"}));
+    EXPECT_EQ(savedStates(savedContents[1]), (QStringList{"dispensed", "dispensed", "canceled"}));
+    EXPECT_EQ(savedStates(savedContents[2]), (QStringList{"dispensed", "dispensed", "dispensed"}));
+}
+
 TEST_F(Dispensing, secondSubtotal_registersNothingAgain)
 {
     addPosition(1, "{}");
@@ -162,6 +176,57 @@ TEST_F(Dispensing, otherException_goesThroughAfterTheStopEvent)
     EXPECT_EQ(journal, (QStringList{start, "register 1", "stop"}));
 }
 
+class DispensingThroughTheObject : public PharmacyTest
+{
+protected:
+    DispensingThroughTheObject() { own.registryClient = registry; }
+
+    EContext::Result dispense() { return own.dispenseElectronicPrescriptions(control::Action(control::Subtotal)); }
+
+    ServiceWithOwnEvents own{journal};
+};
+
+TEST_F(DispensingThroughTheObject, hasPrescriptionsFalse_goesOnThoughAPositionIsTagged)
+{
+    addPosition(1, "{}");
+    own.onHasPrescriptions = [] { return false; };
+
+    EXPECT_EQ(dispense(), EContext::GoOn);
+
+    EXPECT_TRUE(journal.isEmpty());
+}
+
+TEST_F(DispensingThroughTheObject, hasPrescriptionsTrue_bracketsTheWorkInItsEvents)
+{
+    addPosition(1, "{}");
+
+    EXPECT_EQ(dispense(), EContext::GoOn);
+
+    EXPECT_EQ(journal,
+              (QStringList{"own start electronicPrescriptionProcessMessage", "register 1", "save", "own stop"}));
+    EXPECT_TRUE(events.isEmpty());
+}
+
+TEST_F(DispensingThroughTheObject, hasPrescriptionsTrueWithoutTaggedPosition_bracketsNothing)
+{
+    addPosition(1);
+
+    EXPECT_EQ(dispense(), EContext::GoOn);
+
+    EXPECT_EQ(journal, (QStringList{"own start electronicPrescriptionProcessMessage", "own stop"}));
+}
+
+TEST_F(DispensingThroughTheObject, hasPrescriptionsThrows_isShownAndStops)
+{
+    addPosition(1, "{}");
+    own.onHasPrescriptions = []() -> bool { throw ElectronicPrescriptionException({"aKey", "Отказ"}); };
+
+    EXPECT_EQ(dispense(), EContext::Stop);
+
+    EXPECT_EQ(journal, QStringList{"message 1/1/0 aKey"});
+    EXPECT_EQ(messages, QList<tr::Tr>{tr::Tr("aKey", "Отказ")});
+}
+
 class Cancelling : public PharmacyTest
 {
 protected:
@@ -200,6 +265,8 @@ TEST_F(Cancelling, registeredPosition_isCancelledMarkedAndSaved)
     EXPECT_EQ(registered->getExtendedOptions(), R"({"id":"a","medicationDispenseId":"d9","status":"canceled"})");
     EXPECT_EQ(saved, QList<QSharedPointer<AbstractDocument>>{receipt});
     EXPECT_EQ(savedFiles, QStringList{""});
+    ASSERT_EQ(savedContents.size(), 1);
+    EXPECT_EQ(savedStates(savedContents[0]), QStringList{"canceled"});
 }
 
 TEST_F(Cancelling, withoutSaving_optionsChangeAndNothingIsSaved)

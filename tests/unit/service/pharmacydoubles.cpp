@@ -27,6 +27,21 @@ void RegistryClient::sendCancelMedicationDispense(const QSharedPointer<GoodsItem
         onCancel(*position);
 }
 
+void ServiceWithOwnEvents::sendStartEvent(const tr::Tr& message) const
+{
+    m_journal << "own start " + message.key();
+}
+
+void ServiceWithOwnEvents::sendStopEvent() const
+{
+    m_journal << "own stop";
+}
+
+bool ServiceWithOwnEvents::hasPrescriptions() const
+{
+    return onHasPrescriptions();
+}
+
 core::BasicDialog::Result entered(const QString& text)
 {
     return {text};
@@ -144,6 +159,7 @@ public:
     {
         m_test.saved << document;
         m_test.savedFiles << file;
+        m_test.savedContents << document->toJson();
         m_test.journal << "save";
         return true;
     }
@@ -182,6 +198,10 @@ public:
     void recalculate(const QSharedPointer<AbstractDocument>& document) override
     {
         m_test.recalculated << document;
+        QList<double> prices;
+        for (const auto& position : document->getPositions())
+            prices << position->getPrice();
+        m_test.recalculatedPrices << prices;
         m_test.journal << "recalculate";
     }
 
@@ -245,4 +265,15 @@ QJsonObject optionsOf(const GoodsItem& position)
     const QJsonDocument document = QJsonDocument::fromJson(position.getExtendedOptions().toUtf8());
     EXPECT_TRUE(document.isObject()) << qPrintable(position.getExtendedOptions());
     return document.object();
+}
+
+QStringList savedStates(const QJsonObject& document)
+{
+    QStringList states;
+    const QJsonArray positions = document["positions"].toArray();
+    for (const auto& position : positions) {
+        const QByteArray options = position.toObject()["extendedOptions"].toString().toUtf8();
+        states << QJsonDocument::fromJson(options)["status"].toString();
+    }
+    return states;
 }

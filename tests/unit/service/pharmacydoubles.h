@@ -42,6 +42,28 @@ public:
     ~ConfigInPlace() override { Singleton<Config>::instance = nullptr; }
 };
 
+/// The service with the events of long work, and its look at the receipt, replaced by the test's.
+class ServiceWithOwnEvents : public Service
+{
+public:
+    explicit ServiceWithOwnEvents(QStringList& journal)
+        : m_journal(journal)
+    {
+    }
+
+    /// What hasPrescriptions() answers; may throw.
+    std::function<bool()> onHasPrescriptions = [] { return true; };
+
+    /// Written down as "own start aKey".
+    void sendStartEvent(const tr::Tr& message) const override;
+    /// Written down as "own stop".
+    void sendStopEvent() const override;
+    bool hasPrescriptions() const override;
+
+private:
+    QStringList& m_journal;
+};
+
 /// A document of any type whose positions the test sets.
 class Receipt : public AbstractDocument
 {
@@ -126,10 +148,12 @@ protected:
     QList<control::Action> actions;                ///< executed, as they were handed over
     QList<QSharedPointer<AbstractDocument>> saved; ///< by SaveToFileLogic
     QStringList savedFiles;
+    QList<QJsonObject> savedContents; ///< of the documents, as they were when they were saved
     QList<ElectronicPrescriptionChoiceParams> shownLists;
     QList<ElectronicPrescriptionParams> shownDetails;
     QList<ElectronicPrescriptionConfirmDispenseParams> shownConfirmations;
     QList<QSharedPointer<AbstractDocument>> recalculated;
+    QList<QList<double>> recalculatedPrices; ///< of all positions, as they were when the document was recalculated
 
 private:
     class NotifierDouble;
@@ -149,3 +173,6 @@ QSharedPointer<ElectronicPrescription> prescriptionWithId(const QString& id);
 
 /// The options of a position as a JSON object; fails the test when they are none.
 QJsonObject optionsOf(const GoodsItem& position);
+
+/// The states of a saved document's positions, in their order; an empty text for none.
+QStringList savedStates(const QJsonObject& document);

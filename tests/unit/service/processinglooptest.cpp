@@ -3,6 +3,8 @@
 
 #include "electronicprescriptionexception.h"
 
+#include <QJsonDocument>
+
 namespace
 {
 
@@ -78,6 +80,27 @@ TEST_F(ProcessingLoop, straightOn_putsThePrescriptionOnTheReceiptAndRemembersThe
     EXPECT_EQ(receipt->getPluginValue("ElectronicPrescriptionService", "cardNumber", {}), QVariant("77"));
     EXPECT_EQ(saved, QList<QSharedPointer<AbstractDocument>>{receipt});
     EXPECT_EQ(savedFiles, QStringList{""});
+}
+
+TEST_F(ProcessingLoop, save_holdsTheMarkedPositionAndTheCard)
+{
+    prescriptions[1]->setPayByPatientSumFactor(0.5);
+    cashier.rows << 1;
+    goStraightOn();
+
+    process();
+
+    ASSERT_EQ(savedContents.size(), 1);
+    const QJsonObject& document = savedContents[0];
+    const QJsonValue savedPosition = document["positions"][0];
+    EXPECT_EQ(savedPosition["tags"], (QJsonArray{"prescription"}));
+    EXPECT_EQ(savedPosition["softCheckId"], "b");
+    EXPECT_EQ(savedPosition["price"], 50.0);
+    const QJsonObject options = QJsonDocument::fromJson(savedPosition["extendedOptions"].toString().toUtf8()).object();
+    EXPECT_EQ(options["id"], "b");
+    EXPECT_EQ(options["doseQuantity"], 2);
+    EXPECT_EQ(options["finalDispense"], true);
+    EXPECT_EQ(document["plugins"]["ElectronicPrescriptionService"]["cardNumber"], "77");
 }
 
 TEST_F(ProcessingLoop, dialogs_getTheirRecords)
