@@ -105,6 +105,83 @@ TEST_F(Mapping, wholePrescription_fillsEveryField)
     EXPECT_FALSE(record->hasDigitalSignature());
 }
 
+/// A record that writes down which of its fields are set.
+class JournallingRecord : public ElectronicPrescription
+{
+public:
+    QStringList calls;
+
+    void setId(const QString&) override { calls << "id"; }
+    void setInn(const QString&) override { calls << "inn"; }
+    void setInnCode(const QString&) override { calls << "inn code"; }
+    void setTradeName(const QString&) override { calls << "trade name"; }
+    void setTradeNameCode(const QString&) override { calls << "trade name code"; }
+    void setPrescribedByInn() override { calls << "prescribed by inn"; }
+    void setDoseQuantity(double) override { calls << "doses"; }
+    void addDispensedDoseQuantity(double) override { calls << "dispensed doses"; }
+    void setPrescriptionDate(const QDate&) override { calls << "prescription date"; }
+    void setExpirationDate(const QDate&) override { calls << "expiration date"; }
+    void setDigitalSignature() override { calls << "signature"; }
+    void setInstructions(const QString&) override { calls << "instructions"; }
+    void setPayByPatientSumFactor(double) override { calls << "factor"; }
+    void setPayingElectronicPrescriptionOrganization(
+        const QSharedPointer<PayingElectronicPrescriptionOrganization>&) override
+    {
+        calls << "organization";
+    }
+    void addMedicationDispenseDate(const QDate&) override { calls << "dispense date"; }
+    void setPatientReference(const QString&) override { calls << "patient reference"; }
+    void setPractitionerName(const QString&) override { calls << "practitioner"; }
+    void setSerialNumber(const QString&) override { calls << "serial number"; }
+    void setDictName(const QString&) override { calls << "dictionary name"; }
+    void setDictCode(const QString&) override { calls << "dictionary code"; }
+};
+
+TEST_F(Mapping, wholePrescription_isAppliedInThisOrder)
+{
+    const QSharedPointer<JournallingRecord> record(new JournallingRecord);
+
+    apply(R"({
+        "resourceType": "MedicationPrescription",
+        "identifier": [{"value": "1201"}],
+        "patient": {"reference": "Patient/p1"},
+        "dispense": {"quantity": {"value": 2.5}, "validityPeriod": {"end": "2024-05-30"}},
+        "extension": [{"url": "urn:by-factor", "valueDecimal": 0.25}],
+        "dosageInstruction": [{"text": "По одной"}],
+        "dateWritten": "2024-03-01",
+        "contained": [
+            {"id": "med2", "isBrand": true, "code": {"coding": [{"system": "urn:trade", "code": "t1"}]}},
+            {"id": "med1", "code": {"coding": [{"system": "urn:dosage", "code": "123"}]}}
+        ],
+        "medication": {"reference": "#med1"},
+        "id": "r1"
+    })",
+          record);
+
+    EXPECT_EQ(record->calls, (QStringList{"id", "trade name", "trade name code", "inn", "inn code", "prescribed by inn",
+                                          "dictionary code", "prescription date", "instructions", "factor",
+                                          "expiration date", "doses", "patient reference", "serial number"}));
+}
+
+TEST_F(Mapping, prescriptionWithoutMembers_setsOnlyWhatIsAlwaysSet)
+{
+    const QSharedPointer<JournallingRecord> record(new JournallingRecord);
+
+    apply(R"({"resourceType": "MedicationPrescription"})", record);
+
+    EXPECT_EQ(record->calls, (QStringList{"id", "prescription date", "instructions", "expiration date", "doses",
+                                          "patient reference", "serial number"}));
+}
+
+TEST_F(Mapping, dispense_addsItsDateThenItsDoses)
+{
+    const QSharedPointer<JournallingRecord> record(new JournallingRecord);
+
+    apply(R"({"resourceType": "MedicationDispense"})", record);
+
+    EXPECT_EQ(record->calls, (QStringList{"dispense date", "dispensed doses"}));
+}
+
 TEST_F(Mapping, prescriptionWithoutMembers_leavesDefaults)
 {
     EXPECT_EQ(everything(*map(R"({"resourceType": "MedicationPrescription"})")), everything(ElectronicPrescription()));
