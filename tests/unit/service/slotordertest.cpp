@@ -17,8 +17,13 @@ public:
     static auto slot() { return virtualSlot(&ObjectsEnd::disconnectNotify); }
 };
 
+/// The first slot after the service's own members.
+struct Continued : Service {
+    virtual void next() {}
+};
+
 // Doubles are compiled against the order of these members.
-TEST(ServiceSlots, virtualMembers_followQObjectInTheirOrder)
+TEST(ServiceSlots, virtualMembers_followQObjectInTheirOrderAndThereAreNoOthers)
 {
     using WithStatus = void (Service::*)(const QString&, Prescriptions&) const;
     using ListOnly = void (Service::*)(Prescriptions&) const;
@@ -39,6 +44,23 @@ TEST(ServiceSlots, virtualMembers_followQObjectInTheirOrder)
     EXPECT_EQ(virtualSlot(&Service::clear), first + 12);
     EXPECT_EQ(virtualSlot(&Service::cancelElectronicPrescription), first + 13);
     EXPECT_EQ(virtualSlot(&Service::hasPrescriptions), first + 14);
+    EXPECT_EQ(virtualSlot(&Continued::next), first + 15) << "there are no others";
+}
+
+TEST(ServiceSlots, otherMembers_areNotVirtual)
+{
+    EXPECT_EQ(virtualSlot(&Service::processElectronicPrescriptionsByAction), -1);
+    EXPECT_EQ(virtualSlot(&Service::dispenseElectronicPrescriptions), -1);
+    EXPECT_EQ(virtualSlot(&Service::beforeSubtotal), -1);
+    EXPECT_EQ(virtualSlot(&Service::beforeStornoAll), -1);
+    EXPECT_EQ(virtualSlot(&Service::cancelElectronicPrescriptions), -1);
+    EXPECT_EQ(virtualSlot(&Service::cancelElectronicPrescriptionByAction), -1);
+    EXPECT_EQ(virtualSlot(&Service::fillPatient), -1);
+    EXPECT_EQ(virtualSlot(&Service::fillElectronicPrescription), -1);
+    EXPECT_EQ(virtualSlot(&Service::fillPayingElectronicPrescriptionOrganization), -1);
+    EXPECT_EQ(virtualSlot(&Service::getPatientOrPractitionerName), -1);
+    EXPECT_EQ(virtualSlot(&Service::fillElectronicPrescriptionDataForPosition), -1);
+    EXPECT_EQ(virtualSlot(&Service::setPriceForPosition), -1);
 }
 
 } // namespace
