@@ -3,6 +3,7 @@
 
 #include "electronicprescriptionformcreator.h"
 #include "graphicaluserinterface.h"
+#include "registryuris.h"
 
 #include <log4qt/logmanager.h>
 
@@ -91,6 +92,9 @@ TEST_F(LifeCycle, pharmacyOff_initRegistersNothing)
     EXPECT_TRUE(service.getHandlers().isEmpty());
     EXPECT_TRUE(service.getTriggers().isEmpty());
     EXPECT_TRUE(userInterface.creators.isEmpty());
+    fillState();
+    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::ReceiptOpened));
+    EXPECT_FALSE(isCleared()) << "the service listens";
 }
 
 class InitialisedLifeCycle : public LifeCycle
@@ -112,8 +116,7 @@ TEST_F(InitialisedLifeCycle, initSucceeds)
 
 TEST_F(InitialisedLifeCycle, dosageSystemMissingInConfiguration_isDictionaryUri)
 {
-    EXPECT_TRUE(service.dosageSystemId.startsWith("http")) << qPrintable(service.dosageSystemId);
-    EXPECT_TRUE(service.dosageSystemId.endsWith("/Справочник.Дозировка")) << qPrintable(service.dosageSystemId);
+    EXPECT_EQ(service.dosageSystemId, registryuris::dosageDictionary);
 }
 
 TEST_F(LifeCycle, dosageSystemInConfiguration_isTaken)

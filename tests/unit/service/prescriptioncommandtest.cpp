@@ -186,7 +186,6 @@ TEST_F(PrescriptionCommand, secondCommandWithSameCard_asksTheRegistryOnce)
 
 TEST_F(PrescriptionCommand, stepThrows_goesThrough)
 {
-    steps.lastCardNumber = "77";
     class Throwing : public Service
     {
         using Service::getUnprocessedElectronicPrescriptions;
@@ -198,6 +197,8 @@ TEST_F(PrescriptionCommand, stepThrows_goesThrough)
     throwing.lastCardNumber = "77";
 
     EXPECT_THROW(throwing.processElectronicPrescriptionsByAction(action), std::runtime_error);
+
+    EXPECT_TRUE(journal.isEmpty());
 }
 
 class HasPrescriptions : public PharmacyTest
