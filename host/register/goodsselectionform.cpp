@@ -14,6 +14,7 @@
 #include <QRegularExpressionValidator>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -42,6 +43,7 @@ GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObje
     setUpTable();
     setUpPacks();
     setUpButtons();
+    nameControls();
 
     auto* keys = new DialogEventFilter(this);
     keys->setTableView(m_table);
@@ -85,13 +87,35 @@ void GoodsSelectionForm::setUpButtons()
 {
     auto* choose = findWidget<QPushButton>(QStringLiteral("okButton"));
     choose->setText(tr::Tr(QStringLiteral("goodsSelectionOk"), QStringLiteral("Выбрать")).ui());
+    choose->setAccessibleName(choose->text());
     connect(choose, &QPushButton::clicked, this, &GoodsSelectionForm::onChoose);
     auto* cancel = findWidget<QPushButton>(QStringLiteral("cancelButton"));
     cancel->setText(tr::Tr(QStringLiteral("goodsSelectionCancel"), QStringLiteral("Назад")).ui());
+    cancel->setAccessibleName(cancel->text());
     connect(cancel, &QPushButton::clicked, this, &GoodsSelectionForm::onCancel);
     if (auto* keyboard = findWidget<TalloKeyboard>(QStringLiteral("talloKeyboard"), false))
         keyboard->setKeyboardLayouts(
             Singleton<Config>::get()->getString(QStringLiteral("Language:keyboardLayouts"), QStringLiteral("ru,en")));
+}
+
+void GoodsSelectionForm::nameControls()
+{
+    m_filter->setPlaceholderText(
+        tr::Tr(QStringLiteral("goodsSelectionFilterHint"), QStringLiteral("Название, МНН или штрихкод")).ui());
+    const std::pair<const char*, tr::Tr> names[] = {
+        {"filterLineEdit", {"goodsSelectionFilter", "Поиск товара"}},
+        {"quantityLineEdit", {"goodsSelectionPacksField", "Количество упаковок"}},
+        {"quantityMinusButton", {"goodsSelectionFewer", "На упаковку меньше"}},
+        {"quantityPlusButton", {"goodsSelectionMore", "На упаковку больше"}},
+        {"goodsTable", {"goodsSelectionTable", "Товары"}},
+        {"pageUpButton", {"goodsSelectionPageUp", "На страницу вверх"}},
+        {"scrollUpButton", {"goodsSelectionUp", "Вверх"}},
+        {"scrollDownButton", {"goodsSelectionDown", "Вниз"}},
+        {"pageDownButton", {"goodsSelectionPageDown", "На страницу вниз"}},
+    };
+    for (const auto& [widget, name] : names)
+        if (auto* control = findWidget<QWidget>(QLatin1String(widget), false))
+            control->setAccessibleName(name.ui());
 }
 
 void GoodsSelectionForm::onChoose()

@@ -30,6 +30,7 @@ private:
     void setUpTable();
     void setUpPacks();
     void setUpButtons();
+    void nameControls();
     void showHint(const QString& text);
     void answer(int data, const QVariant& result);
 

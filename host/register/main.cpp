@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "commandline.h"
+#include "display.h"
 #include "registerapplication.h"
 #include "startupfailure.h"
 
@@ -15,30 +16,42 @@ void print(FILE* stream, const QString& text)
     std::fputs(text.toUtf8().constData(), stream);
 }
 
+int tell(const StartupFailure& failure)
+{
+    print(stderr, QStringLiteral("pharmacy-register: ") + failure.message + QLatin1Char('\n'));
+    return failure.exitStatus;
+}
+
+/// Needs no display, so that the register can be asked for its help anywhere.
+CommandLine readCommandLine(int& argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    return CommandLine::parse(QCoreApplication::arguments());
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("pharmacy-register"));
-    QApplication::setApplicationVersion(QStringLiteral(REGISTER_VERSION));
+    QCoreApplication::setApplicationName(QStringLiteral("pharmacy-register"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(REGISTER_VERSION));
 
-    const CommandLine commandLine = CommandLine::parse(QApplication::arguments());
+    const CommandLine commandLine = readCommandLine(argc, argv);
     switch (commandLine.outcome) {
     case CommandLine::Outcome::Told:
         print(stdout, commandLine.message);
         return exitstatus::done;
     case CommandLine::Outcome::Wrong:
-        print(stderr, QStringLiteral("pharmacy-register: ") + commandLine.message + QStringLiteral("\nSee --help.\n"));
-        return exitstatus::wrongOptions;
+        return tell({exitstatus::wrongOptions, commandLine.message + QStringLiteral("\nSee --help.")});
     case CommandLine::Outcome::Run:
         break;
     }
 
+    if (const std::optional<StartupFailure> failure = chooseDisplay(!commandLine.scenario.isEmpty()))
+        return tell(*failure);
+    const QApplication application(argc, argv);
     RegisterApplication registerApplication(commandLine);
-    if (const std::optional<StartupFailure> failure = registerApplication.start()) {
-        print(stderr, QStringLiteral("pharmacy-register: ") + failure->message + QLatin1Char('\n'));
-        return failure->exitStatus;
-    }
+    if (const std::optional<StartupFailure> failure = registerApplication.start())
+        return tell(*failure);
     return registerApplication.run();
 }

@@ -15,7 +15,6 @@
 #include <QFileInfo>
 #include <QLibrary>
 #include <QPluginLoader>
-#include <QTranslator>
 
 #include <exception>
 
@@ -122,13 +121,7 @@ void PluginHost::takeResources(const QString& folder, PositionMarks& marks)
         return;
     addLayoutFolder(folder);
     marks.load(resources.filePath(QStringLiteral("positionmarks.json")));
-    const QString language = Singleton<Config>::get()->getString(QStringLiteral("Language:interface"));
-    auto translator = std::make_unique<QTranslator>();
-    const QString catalogue = resources.filePath(resources.dirName() + QLatin1Char('_') + language);
-    if (!language.isEmpty() && translator->load(catalogue)) {
-        QCoreApplication::installTranslator(translator.get());
-        m_translators.push_back(std::move(translator));
-    }
+    m_catalogues.load(resources.filePath(resources.dirName()));
 }
 
 void PluginHost::unload(ActionQueueController& controller)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "messagecatalogues.h"
 #include "positionmarks.h"
 
 #include <QList>
@@ -13,7 +14,6 @@
 class AbstractPlugin;
 class ActionQueueController;
 class QPluginLoader;
-class QTranslator;
 
 /// The plug-ins of a folder, from loading to unloading. docs/plugin-lifecycle.md tells their states.
 class PluginHost
@@ -46,6 +46,6 @@ private:
     void addProblem(const QString& name, const QString& reason);
 
     std::vector<std::unique_ptr<Loaded>> m_plugins;
-    std::vector<std::unique_ptr<QTranslator>> m_translators;
+    MessageCatalogues m_catalogues;
     QStringList m_problems;
 };

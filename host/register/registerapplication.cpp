@@ -48,6 +48,8 @@ std::optional<StartupFailure> RegisterApplication::start()
     if (auto failure = takeDataFolder())
         return failure;
     configureThisRun();
+    m_messages.load(QStringLiteral(":/translations/registerplatform"));
+    m_messages.load(QStringLiteral(":/translations/pharmacyregister"));
     if (auto failure = readScenario())
         return failure;
     applyRegisterStyle(*qApp);

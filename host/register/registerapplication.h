@@ -4,6 +4,7 @@
 #include "commandline.h"
 #include "goodscatalogue.h"
 #include "longwork.h"
+#include "messagecatalogues.h"
 #include "pluginhost.h"
 #include "positionmarks.h"
 #include "registercommands.h"
@@ -42,6 +43,7 @@ private:
 
     CommandLine m_commandLine;
     std::unique_ptr<QLockFile> m_lockFile;
+    MessageCatalogues m_messages;
     GoodsCatalogue m_catalogue;
     LongWork m_longWork;
     PositionMarks m_marks;

@@ -19,4 +19,5 @@ inline constexpr int noConfiguration = 3;
 inline constexpr int noDataFolder = 4;
 inline constexpr int alreadyRunning = 5;
 inline constexpr int noScenario = 6;
+inline constexpr int noDisplay = 7;
 } // namespace exitstatus

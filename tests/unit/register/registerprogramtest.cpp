@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -39,6 +40,7 @@ protected:
     void start(QProcess& program, const QStringList& options)
     {
         program.setProcessChannelMode(QProcess::MergedChannels);
+        program.setProcessEnvironment(environment);
         program.start(QStringLiteral(REGISTER_PROGRAM), options);
         ASSERT_TRUE(program.waitForStarted(patience));
     }
@@ -66,7 +68,14 @@ protected:
         return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
     }
 
+    void takeDisplayAway()
+    {
+        for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(QLatin1String(variable));
+    }
+
     QTemporaryDir folder;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     QString output;
 };
 
@@ -111,6 +120,30 @@ TEST_F(RegisterProgram, wrongOption_isStatusTwo)
 {
     EXPECT_EQ(run({QStringLiteral("--nonsense")}), 2);
     EXPECT_TRUE(output.contains(QStringLiteral("nonsense")));
+}
+
+TEST_F(RegisterProgram, noDisplay_helpVersionAndWrongOptionsAreToldAllTheSame)
+{
+    takeDisplayAway();
+    EXPECT_EQ(run({QStringLiteral("--help")}), 0);
+    EXPECT_TRUE(output.contains(QStringLiteral("--config"))) << qPrintable(output);
+    EXPECT_EQ(run({QStringLiteral("--version")}), 0);
+    EXPECT_TRUE(output.startsWith(QStringLiteral("pharmacy-register "))) << qPrintable(output);
+    EXPECT_EQ(run({QStringLiteral("--nonsense")}), 2);
+    EXPECT_TRUE(output.contains(QStringLiteral("nonsense"))) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, noDisplay_isStatusSeven)
+{
+    takeDisplayAway();
+    EXPECT_EQ(run(usualOptions()), 7);
+    EXPECT_TRUE(output.contains(QStringLiteral("There is no display"))) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, noDisplay_scenarioIsPlayedOffTheScreen)
+{
+    takeDisplayAway();
+    EXPECT_EQ(play(R"([{"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}])"), 0) << qPrintable(output);
 }
 
 TEST_F(RegisterProgram, configurationMissingOrNoText_isStatusThree)

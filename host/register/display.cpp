@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#include "display.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <array>
+
+std::optional<StartupFailure> chooseDisplay(bool played)
+{
+    constexpr std::array displays{"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
+    if (!std::all_of(displays.begin(), displays.end(), qEnvironmentVariableIsEmpty))
+        return std::nullopt;
+    if (!played)
+        return StartupFailure{exitstatus::noDisplay,
+                              QStringLiteral("There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set\n"
+                                             "Start the register in a graphical session")};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::nullopt;
+}
