@@ -30,6 +30,30 @@ function(add_register_plugin NAME)
     endif()
 endfunction()
 
+# add_message_catalogues(TARGET file... [BESIDE_LAYOUTS])
+#
+# The target's texts in other languages: one catalogue a language, whose messages are found by their ids. They are Qt
+# resources in :/translations of the target, or, for a plug-in, files beside its layouts.
+function(add_message_catalogues TARGET)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "BESIDE_LAYOUTS" "" "")
+    if(ARG_BESIDE_LAYOUTS)
+        set_source_files_properties(${ARG_UNPARSED_ARGUMENTS} PROPERTIES
+            OUTPUT_LOCATION "${PLUGIN_OUTPUT_DIRECTORY}/${TARGET}")
+    endif()
+    qt_add_lrelease(${TARGET}
+        TS_FILES ${ARG_UNPARSED_ARGUMENTS}
+        OPTIONS -idbased -silent
+        QM_FILES_OUTPUT_VARIABLE catalogues)
+    if(ARG_BESIDE_LAYOUTS)
+        install(FILES ${catalogues} DESTINATION lib/pharmacy-register/plugins/${TARGET})
+    else()
+        qt_add_resources(${TARGET} ${TARGET}_translations
+            PREFIX /translations
+            BASE "${CMAKE_CURRENT_BINARY_DIR}"
+            FILES ${catalogues})
+    endif()
+endfunction()
+
 # add_project_test(NAME SOURCES file... [LIBRARIES lib...] [LABELS label...])
 #
 # A GoogleTest program; every test of it is a ctest of its own. It gets a main that owns a QApplication.

@@ -42,8 +42,12 @@ MessageForm::MessageForm(const Event& event, QObject* parent)
     const Kind kind = kindOf(event.value(QStringLiteral("kind"), Dialog::Notice).toInt());
     setTitle(kind.title.ui());
     setCustomProperty(QStringLiteral("messageKind"), QLatin1String(kind.style));
-    if (auto* icon = findWidget<QLabel>(QStringLiteral("iconLabel"), false))
+    if (auto* icon = findWidget<QLabel>(QStringLiteral("iconLabel"), false)) {
         icon->setPixmap(qApp->style()->standardIcon(kind.picture).pixmap(48));
+        icon->setAccessibleName(kind.title.ui());
+    }
+    if (auto* area = findWidget<QWidget>(QStringLiteral("messageScrollArea"), false))
+        area->setAccessibleName(tr::Tr(QStringLiteral("messageFormText"), QStringLiteral("Текст сообщения")).ui());
     if (auto* label = findWidget<QLabel>(QStringLiteral("messageLabel")))
         label->setText(event.value(QStringLiteral("message")).value<tr::Tr>().ui());
 
@@ -53,6 +57,7 @@ MessageForm::MessageForm(const Event& event, QObject* parent)
     rootWidget()->installEventFilter(filter);
     if (auto* button = findWidget<QPushButton>(QStringLiteral("okButton"))) {
         button->setText(tr::Tr(QStringLiteral("messageFormOkButton"), QStringLiteral("ОК")).ui());
+        button->setAccessibleName(button->text());
         connect(button, &QPushButton::clicked, this, &BasicForm::dismissed);
     }
 }

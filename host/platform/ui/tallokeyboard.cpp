@@ -218,6 +218,7 @@ TalloKeyboard::TalloKeyboard(QWidget* parent)
     , d(std::make_unique<Private>(this))
 {
     setFocusPolicy(Qt::NoFocus);
+    setAccessibleName(tr::Tr(QStringLiteral("keyboardName"), QStringLiteral("Экранная клавиатура")).ui());
     setKeyboardLayouts(QStringLiteral("en"));
 }
 

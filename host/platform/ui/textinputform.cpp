@@ -115,11 +115,13 @@ void TextInputForm::prepareButtons()
 {
     if (auto* button = findWidget<QPushButton>(QStringLiteral("okButton"))) {
         button->setText(textOr(m_params.okText, {QStringLiteral("inputTextFormOkBtn"), QStringLiteral("ОК")}));
+        button->setAccessibleName(button->text());
         connect(button, &QPushButton::clicked, this, &TextInputForm::accept);
     }
     if (auto* button = findWidget<QPushButton>(QStringLiteral("cancelButton"))) {
         button->setText(
             textOr(m_params.cancelText, {QStringLiteral("inputTextFormCancelBtn"), QStringLiteral("Отмена")}));
+        button->setAccessibleName(button->text());
         connect(button, &QPushButton::clicked, this, &BasicForm::dismissed);
     }
 }
