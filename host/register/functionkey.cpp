@@ -20,7 +20,6 @@ struct DefaultKey {
     tr::Tr text;
     QString shortcut;
     int actionType;
-    QString arguments;
 };
 
 QList<DefaultKey> defaultKeys()
@@ -29,28 +28,19 @@ QList<DefaultKey> defaultKeys()
         {QStringLiteral("newReceiptKey"),
          {QStringLiteral("keyNewReceipt"), QStringLiteral("Новый чек")},
          QStringLiteral("F2"),
-         registeraction::openReceipt,
-         {}},
+         registeraction::openReceipt},
         {QStringLiteral("goodsKey"),
          {QStringLiteral("keyGoods"), QStringLiteral("Товар")},
          QStringLiteral("F3"),
-         registeraction::addGoods,
-         {}},
+         registeraction::addGoods},
         {QStringLiteral("quantityKey"),
          {QStringLiteral("keyQuantity"), QStringLiteral("Количество")},
          QStringLiteral("F4"),
-         registeraction::changeQuantity,
-         {}},
-        {QStringLiteral("prescriptionKey"),
-         {QStringLiteral("keyPrescription"), QStringLiteral("Электронный рецепт")},
-         QStringLiteral("F5"),
-         control::PrescriptionCommand,
-         QStringLiteral("status=active")},
+         registeraction::changeQuantity},
         {QStringLiteral("removeKey"),
          {QStringLiteral("keyRemove"), QStringLiteral("Удалить")},
          QStringLiteral("F8"),
-         registeraction::removePosition,
-         {}},
+         registeraction::removePosition},
     };
 }
 
@@ -79,7 +69,7 @@ QList<FunctionKey> configuredFunctionKeys(const Config& config)
         const QString name = entry.trimmed();
         const auto known =
             std::find_if(defaults.cbegin(), defaults.cend(), [&name](const auto& key) { return key.name == name; });
-        const DefaultKey base = known == defaults.cend() ? DefaultKey{name, {tr::undefined, name}, {}, 0, {}} : *known;
+        const DefaultKey base = known == defaults.cend() ? DefaultKey{name, {tr::undefined, name}, {}, 0} : *known;
         const QString section = QStringLiteral("FunctionKey.") + name;
         const int action = config.getInt(section + QStringLiteral(":action"), base.actionType);
         if (action == 0) {
@@ -92,7 +82,7 @@ QList<FunctionKey> configuredFunctionKeys(const Config& config)
             .text = config.getString(section + QStringLiteral(":text"), base.text.ui()),
             .shortcut = QKeySequence::fromString(config.getString(section + QStringLiteral(":key"), base.shortcut)),
             .actionType = static_cast<control::EActionType>(action),
-            .arguments = readArguments(config.getString(section + QStringLiteral(":arguments"), base.arguments)),
+            .arguments = readArguments(config.getString(section + QStringLiteral(":arguments"))),
         });
     }
     return keys;

@@ -23,7 +23,7 @@ public:
 
     Kopecks getSum() const { return kopecks(getSumb()); }
 
-    /// Belongs to a foreign paper, such as a prescription: it is neither changed nor removed like any other goods.
+    /// Belongs to a foreign paper: it is neither changed nor removed like any other goods.
     bool isBound() const { return !getSoftCheckId().isEmpty(); }
 
     /// As GoodsItem's, with "barcode" and, once the price was changed, "initialPrice".

@@ -62,7 +62,7 @@ bool ElectronicPrescriptionService::init()
     }
     dosageSystemId = config->getString("ElectronicPrescription:dosageSystemId", registryuris::dosageDictionary);
 
-    addHandler({EContext::OpenReceipt, control::PrescriptionCommand,
+    addHandler({EContext::OpenReceipt, control::PluginCommand,
                 [this](const control::Action& action) { return processElectronicPrescriptionsByAction(action); },
                 true});
     for (const Hook& hook : hooks) {

@@ -40,6 +40,12 @@ void Pharmacy::SetUp()
     configure(QStringLiteral("ElectronicPrescription:organizationIdentifier"), QStringLiteral("100000017"));
     configure(QStringLiteral("ElectronicPrescription:timeout"), QStringLiteral("20"));
     configure(QStringLiteral("Register:demoData"), QStringLiteral("true"));
+    configure(QStringLiteral("FunctionKeys:keys"),
+              QStringLiteral("newReceiptKey,goodsKey,quantityKey,prescriptionKey"));
+    configure(QStringLiteral("FunctionKey.prescriptionKey:text"), QStringLiteral("Электронный рецепт"));
+    configure(QStringLiteral("FunctionKey.prescriptionKey:key"), QStringLiteral("F5"));
+    configure(QStringLiteral("FunctionKey.prescriptionKey:action"), QStringLiteral("94"));
+    configure(QStringLiteral("FunctionKey.prescriptionKey:arguments"), QStringLiteral("status=active"));
 }
 
 void Pharmacy::TearDown()

@@ -50,7 +50,7 @@ public:
     virtual QString getExtendedOptions() const;
     virtual void setExtendedOptions(const QString& options);
 
-    /// The id of the foreign paper that the position comes from, such as a prescription; empty: none.
+    /// The id of the foreign paper that the position comes from; empty: none.
     virtual QString getSoftCheckId() const;
     virtual void setSoftCheckId(const QString& id);
 

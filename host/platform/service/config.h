@@ -9,7 +9,7 @@
 
 /// The register's configuration: an INI file in UTF-8.
 ///
-/// A key is "section:key", for example "ElectronicPrescription:timeout"; a section may hold dots, and the case of its
+/// A key is "section:key", for example "RestClient:caFile"; a section may hold dots, and the case of its
 /// letters counts. A default is given only when the key is absent: a key with an empty value is an empty text. Values
 /// that hold a comma need no quotes; values that hold a semicolon, or begin or end with a blank, are quoted ("…") as
 /// docs/configuration.md shows.

@@ -78,7 +78,7 @@ TEST(BasicPlugin, fresh_registersNothingAndInitialises)
 TEST(BasicPlugin, added_areKeptInOrderWithTheirFields)
 {
     BasicPlugin plugin;
-    plugin.addHandler({EContext::OpenReceipt, control::PrescriptionCommand, goOn, true});
+    plugin.addHandler({EContext::OpenReceipt, control::PluginCommand, goOn, true});
     plugin.addHandler({EContext::Idle, greetCommand, goOn, false});
     plugin.addTrigger({EContext::OpenReceipt, control::Subtotal, ActionTrigger::Before, goOn, ActionTrigger::Done, 7});
 

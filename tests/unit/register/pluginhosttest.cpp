@@ -28,13 +28,13 @@ TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsEntriesHold)
     EXPECT_EQ(told(), QStringList{QStringLiteral("init")});
     EXPECT_EQ(host.active(), QStringList{QStringLiteral("willing_plugin")});
     EXPECT_TRUE(host.problems().isEmpty());
-    EXPECT_TRUE(controller.object.isHandled(control::PrescriptionCommand));
+    EXPECT_TRUE(controller.object.isHandled(control::PluginCommand));
     control::Action storno(control::StornoPosition);
     EXPECT_EQ(controller.object.execute(storno), EContext::Stop);
 
     host.unload(controller.object);
     EXPECT_EQ(told(), (QStringList{QStringLiteral("init"), QStringLiteral("deinit"), QStringLiteral("destroyed")}));
-    EXPECT_FALSE(controller.object.isHandled(control::PrescriptionCommand));
+    EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     EXPECT_TRUE(host.active().isEmpty());
 }
 
@@ -42,7 +42,7 @@ TEST_F(PluginHostTest, idlePlugin_nothingOfItIsTakenOverAndItIsNotDeinitialised)
 {
     sale->open();
     load(folderOf("idle_plugin"));
-    EXPECT_FALSE(controller.object.isHandled(control::PrescriptionCommand));
+    EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     EXPECT_TRUE(host.active().isEmpty());
     EXPECT_TRUE(host.problems().isEmpty());
     host.unload(controller.object);
@@ -54,7 +54,7 @@ TEST_F(PluginHostTest, throwingPlugin_isToldAndStaysIdle)
     sale->open();
     load(folderOf("throwing_plugin"));
     EXPECT_EQ(host.problems(), QStringList{QStringLiteral("throwing_plugin: нет связи")});
-    EXPECT_FALSE(controller.object.isHandled(control::PrescriptionCommand));
+    EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     host.unload(controller.object);
 }
 

@@ -20,6 +20,11 @@ protected:
     {
         Q_INIT_RESOURCE(register);
         notifier.object.subscribe(&longWork);
+        config.set(QStringLiteral("FunctionKeys:keys"), QStringLiteral("newReceiptKey,goodsKey,pluginKey"));
+        config.set(QStringLiteral("FunctionKey.pluginKey:text"), QStringLiteral("Скидка"));
+        config.set(QStringLiteral("FunctionKey.pluginKey:key"), QStringLiteral("F5"));
+        config.set(QStringLiteral("FunctionKey.pluginKey:action"), QStringLiteral("94"));
+        config.set(QStringLiteral("FunctionKey.pluginKey:arguments"), QStringLiteral("status=active"));
     }
     ~WindowTest() override { gui.object.setStage(nullptr); }
 
@@ -124,13 +129,13 @@ TEST_F(WindowTest, functionKeyTouched_doesItsActionWithArgumentsAndPosition)
     openWindow();
     sale->add(article(amoxidar));
     QVariantMap given;
-    controller.object.addHandler({EContext::OpenReceipt, control::PrescriptionCommand,
+    controller.object.addHandler({EContext::OpenReceipt, control::PluginCommand,
                                   [&given](const control::Action& action) {
                                       given = action.toMap();
                                       return EContext::GoOn;
                                   },
                                   true});
-    QTest::mouseClick(widget<QPushButton>("prescriptionKey"), Qt::LeftButton);
+    QTest::mouseClick(widget<QPushButton>("pluginKey"), Qt::LeftButton);
     ASSERT_TRUE(becomesIdle());
     EXPECT_EQ(given, (QVariantMap{{QStringLiteral("status"), QStringLiteral("active")},
                                   {QStringLiteral("positionNumber"), 1}}));
@@ -140,14 +145,21 @@ TEST_F(WindowTest, functionKeyThatNobodyServes_saysWhy)
 {
     openWindow();
     QString said;
-    cashier.onForm(QStringLiteral("messageForm"), [&said](QWidget& root) {
-        said = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
-        root.findChild<QPushButton*>(QStringLiteral("okButton"))->click();
-    });
-    press(Qt::Key_F5);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
-    ASSERT_TRUE(becomesIdle());
-    EXPECT_TRUE(said.startsWith(QStringLiteral("«Электронный рецепт» работает при открытом чеке")));
+    const auto pressAndRead = [&] {
+        cashier.onForm(QStringLiteral("messageForm"), [&said](QWidget& root) {
+            said = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
+            root.findChild<QPushButton*>(QStringLiteral("okButton"))->click();
+        });
+        press(Qt::Key_F5);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
+        ASSERT_TRUE(becomesIdle());
+    };
+    pressAndRead();
+    EXPECT_TRUE(said.startsWith(QStringLiteral("«Скидка» работает при открытом чеке"))) << qPrintable(said);
+    sale->open();
+    pressAndRead();
+    EXPECT_TRUE(said.startsWith(QStringLiteral("«Скидка» сейчас недоступно: нет подключённого модуля")))
+        << qPrintable(said);
 }
 
 TEST_F(WindowTest, formShown_fillsTheWindowAndLeavesTheFocusWhereItWas)

@@ -25,8 +25,8 @@ TestPlugin::~TestPlugin()
 bool TestPlugin::init()
 {
     tell(QStringLiteral("init"));
-    addHandler({EContext::OpenReceipt, control::PrescriptionCommand,
-                [](const control::Action&) { return EContext::GoOn; }, true});
+    addHandler(
+        {EContext::OpenReceipt, control::PluginCommand, [](const control::Action&) { return EContext::GoOn; }, true});
     addTrigger({EContext::OpenReceipt, control::StornoPosition, ActionTrigger::Before,
                 [](const control::Action&) { return EContext::Stop; }, ActionTrigger::Any, 1});
 #ifdef INIT_THROWS

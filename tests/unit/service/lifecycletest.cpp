@@ -138,7 +138,7 @@ TEST_F(InitialisedLifeCycle, oneHandler_isThePrescriptionCommand)
     EXPECT_EQ(handlers[0].actionType, 94);
     EXPECT_TRUE(handlers[0].enabled);
     cashier.texts << core::BasicDialog::Result({}, true);
-    EXPECT_EQ(handlers[0].handler(control::Action(control::PrescriptionCommand)), EContext::Stop);
+    EXPECT_EQ(handlers[0].handler(control::Action(control::PluginCommand)), EContext::Stop);
     EXPECT_EQ(journal, QStringList{"ask inputCard"});
 }
 

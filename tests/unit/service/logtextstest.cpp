@@ -67,7 +67,7 @@ TEST_F(LogTexts, cardInputCancelled_isAWarning)
 {
     cashier.texts << core::BasicDialog::Result({}, true);
 
-    service.processElectronicPrescriptionsByAction(control::Action(control::PrescriptionCommand));
+    service.processElectronicPrescriptionsByAction(control::Action(control::PluginCommand));
 
     EXPECT_EQ(lines(), QStringList{"WARN electronicPrescription Отменено пользователем"});
 }
@@ -154,7 +154,7 @@ TEST_F(LogTexts, wholeCommand_logsNeitherCardNorNames)
     cashier.texts << entered("4477001");
     cashier.rows << -1;
 
-    service.processElectronicPrescriptionsByAction(control::Action(control::PrescriptionCommand));
+    service.processElectronicPrescriptionsByAction(control::Action(control::PluginCommand));
 
     EXPECT_FALSE(log.text().contains("4477001"));
     EXPECT_FALSE(log.text().contains("Петров"));

@@ -50,7 +50,7 @@ protected:
     }
 
     ServiceWithSteps steps{journal};
-    control::Action action{control::PrescriptionCommand};
+    control::Action action{control::PluginCommand};
 };
 
 TEST_F(PrescriptionCommand, otherTypeOfDocument_goesOnAndShowsNothing)
@@ -133,7 +133,7 @@ TEST_F(PrescriptionCommand, actionWithoutStatus_asksForTheEmptyStatus)
 {
     steps.lastCardNumber = "77";
 
-    steps.processElectronicPrescriptionsByAction(control::Action(control::PrescriptionCommand));
+    steps.processElectronicPrescriptionsByAction(control::Action(control::PluginCommand));
 
     EXPECT_EQ(journal, (QStringList{"look up '77' '' 0", "process '77' '' 1"}));
 }
