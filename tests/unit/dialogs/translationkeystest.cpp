@@ -27,16 +27,15 @@ struct WidgetKey {
     const char* key;
 };
 
-class TranslationKeys : public DialogForms, public ::testing::WithParamInterface<WidgetKey>
+class TranslationKeys : public DialogForms
 {
 protected:
     TranslationKeys() { QCoreApplication::installTranslator(&m_everyKey); }
     ~TranslationKeys() override { QCoreApplication::removeTranslator(&m_everyKey); }
 
-    /// The widget that the parameter names shows the text that it names.
-    static void expectTextOfKey(const BasicForm& form)
+    static void expectTextOfKey(const BasicForm& form, const WidgetKey& row)
     {
-        EXPECT_EQ(text(form, GetParam().widget), EveryKey::textOf(GetParam().key));
+        EXPECT_EQ(text(form, row.widget), EveryKey::textOf(row.key));
     }
 
     static QString textOfDetails(const QSharedPointer<ElectronicPrescription>& shown, const QString& widget)
@@ -48,15 +47,15 @@ private:
     EveryKey m_everyKey;
 };
 
-class ChoiceFormKeys : public TranslationKeys
+class ChoiceFormKeys : public TranslationKeys, public ::testing::WithParamInterface<WidgetKey>
 {
 };
 
-class DetailsFormKeys : public TranslationKeys
+class DetailsFormKeys : public TranslationKeys, public ::testing::WithParamInterface<WidgetKey>
 {
 };
 
-class ConfirmDispenseFormKeys : public TranslationKeys
+class ConfirmDispenseFormKeys : public TranslationKeys, public ::testing::WithParamInterface<WidgetKey>
 {
 };
 
@@ -67,7 +66,8 @@ const auto widgetOfParameter = [](const auto& info) { return std::string(info.pa
 TEST_P(ChoiceFormKeys, widget_showsTheTextOfItsKey)
 {
     expectTextOfKey(
-        ElectronicPrescriptionChoiceForm({{prescription("Метформин")}, "active", patient(), false}, nullptr));
+        ElectronicPrescriptionChoiceForm({{prescription("Метформин")}, "active", patient(), false}, nullptr),
+        GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -84,7 +84,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_P(DetailsFormKeys, widget_showsTheTextOfItsKey)
 {
-    expectTextOfKey(ElectronicPrescriptionForm({prescription("Метформин"), "active", patient()}, nullptr));
+    expectTextOfKey(ElectronicPrescriptionForm({prescription("Метформин"), "active", patient()}, nullptr), GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -117,7 +117,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_P(ConfirmDispenseFormKeys, widget_showsTheTextOfItsKey)
 {
     expectTextOfKey(ElectronicPrescriptionConfirmDispenseForm(
-        ElectronicPrescriptionConfirmDispenseParams(prescription("Метформин")), nullptr));
+                        ElectronicPrescriptionConfirmDispenseParams(prescription("Метформин")), nullptr),
+                    GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(
