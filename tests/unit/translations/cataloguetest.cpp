@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+// The message catalogues against the texts in the sources they stand for.
+#include <QDirIterator>
+#include <QFile>
+#include <QMap>
+#include <QRegularExpression>
+#include <QXmlStreamReader>
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+namespace
+{
+
+struct Catalogue {
+    const char* name;
+    const char* sources; ///< a folder below the project's
+    const char* file;    ///< below `sources`
+    int fewestTexts;     ///< the sources have at least as many
+};
+
+std::ostream& operator<<(std::ostream& stream, const Catalogue& catalogue)
+{
+    return stream << catalogue.name;
+}
+
+struct Message {
+    QString source;
+    QString translation;
+};
+
+/// What no English text has.
+const QRegularExpression russian("[А-Яа-яЁё№]");
+
+class MessageCatalogue : public ::testing::TestWithParam<Catalogue>
+{
+protected:
+    static QString folder() { return QStringLiteral(SOURCES "/") + GetParam().sources; }
+
+    static QString read(const QString& path)
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+        return QString::fromUtf8(file.readAll());
+    }
+
+    /// The texts of the sources by their keys: a key with a hump, then a Russian default text.
+    static QMap<QString, QString> textsInSources()
+    {
+        static const QRegularExpression keyAndText(
+            R"__("([a-z]+[A-Z][A-Za-z0-9]*)"\)?,\s*(?:QStringLiteral\()?((?:"(?:[^"\\]|\\.)*"\s*)+))__");
+        static const QRegularExpression betweenLiterals(R"__("\s*")__");
+        QMap<QString, QString> texts;
+        QDirIterator sources(folder(), {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
+        while (sources.hasNext()) {
+            auto found = keyAndText.globalMatch(read(sources.next()));
+            while (found.hasNext()) {
+                const auto match = found.next();
+                QString text = match.captured(2).trimmed();
+                if (!text.contains(russian))
+                    continue;
+                text = text.remove(betweenLiterals).mid(1).chopped(1).replace("\\n", "\n");
+                EXPECT_EQ(texts.value(match.captured(1), text), text) << match.captured(1).toStdString();
+                texts.insert(match.captured(1), text);
+            }
+        }
+        return texts;
+    }
+
+    static QMap<QString, Message> messages()
+    {
+        QMap<QString, Message> all;
+        QString id;
+        QXmlStreamReader xml(read(folder() + u'/' + GetParam().file));
+        while (!xml.atEnd()) {
+            if (xml.readNext() != QXmlStreamReader::StartElement)
+                continue;
+            if (xml.name() == u"message") {
+                id = xml.attributes().value("id").toString();
+                EXPECT_FALSE(all.contains(id)) << id.toStdString() << " comes twice";
+            } else if (xml.name() == u"source") {
+                all[id].source = xml.readElementText();
+            } else if (xml.name() == u"translation") {
+                EXPECT_FALSE(xml.attributes().hasAttribute("type")) << id.toStdString() << " is unfinished";
+                all[id].translation = xml.readElementText();
+            }
+        }
+        EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+        return all;
+    }
+
+    static QStringList placeholders(const QString& text)
+    {
+        static const QRegularExpression placeholder("%\\d");
+        QStringList found;
+        auto matches = placeholder.globalMatch(text);
+        while (matches.hasNext())
+            found.append(matches.next().captured());
+        found.sort();
+        return found;
+    }
+};
+
+} // namespace
+
+TEST_P(MessageCatalogue, catalogue_hasEveryKeyOfTheSourcesAndNoOther)
+{
+    const auto texts = textsInSources();
+    ASSERT_GE(texts.size(), GetParam().fewestTexts);
+    EXPECT_EQ(messages().keys(), texts.keys());
+}
+
+TEST_P(MessageCatalogue, catalogue_quotesTheSourcesTextsAndTranslatesEach)
+{
+    const auto texts = textsInSources();
+    const auto all = messages();
+    ASSERT_GE(all.size(), GetParam().fewestTexts);
+    for (auto message = all.cbegin(); message != all.cend(); ++message) {
+        EXPECT_EQ(message->source, texts.value(message.key())) << message.key().toStdString();
+        EXPECT_FALSE(message->translation.isEmpty()) << message.key().toStdString();
+        EXPECT_EQ(placeholders(message->translation), placeholders(message->source)) << message.key().toStdString();
+        EXPECT_FALSE(message->translation.contains(russian)) << message.key().toStdString();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , MessageCatalogue,
+    ::testing::Values(Catalogue{"platform", "host/platform", "translations/registerplatform_en.ts", 50},
+                      Catalogue{"register", "host/register", "translations/pharmacyregister_en.ts", 60},
+                      Catalogue{"electronicPrescription", "plugin", "translations/electronicprescription_en.ts", 60}),
+    [](const auto& instance) { return std::string(instance.param.name); });

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+// The register started in a language: what its screens and the platform's forms say.
+#include "dialog.h"
+#include "goodsselectionparams.h"
+#include "registerapplication.h"
+#include "textinputparams.h"
+#include "till.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+class InterfaceLanguage : public ::testing::Test
+{
+protected:
+    /// Starts the register; the configuration says so much about languages.
+    void start(const QByteArray& language)
+    {
+        QFile file(folder.filePath(QStringLiteral("register.ini")));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("[GUI]\ntouchMode=true\n[Language]\nkeyboardLayouts=en\n" + language);
+        file.close();
+        CommandLine commandLine;
+        commandLine.config = file.fileName();
+        commandLine.dataFolder = folder.path();
+        commandLine.pluginFolder = folder.path();
+        commandLine.windowSize = {1024, 600};
+        application = std::make_unique<RegisterApplication>(commandLine);
+        const auto failure = application->start();
+        ASSERT_FALSE(failure) << failure->message.toStdString();
+        config.reset(Singleton<Config>::instance);
+    }
+    ~InterfaceLanguage() override
+    {
+        application.reset();
+        Singleton<Config>::instance = m_formerConfig;
+    }
+
+    /// The register's window.
+    static QWidget& window()
+    {
+        const QList<QWidget*> windows = QApplication::topLevelWidgets();
+        const auto found = std::find_if(windows.cbegin(), windows.cend(),
+                                        [](auto* widget) { return widget->inherits("RegisterWindow"); });
+        return **found;
+    }
+    QSharedPointer<BasicForm> errorMessage() const
+    {
+        Event event(EActivityListener::ShowMessage);
+        event.addArgument(QStringLiteral("kind"), Dialog::Error);
+        return gui.object.createForm(event);
+    }
+    QSharedPointer<BasicForm> textInput() const
+    {
+        Event event(EActivityListener::ShowTextInput);
+        event.addArgument(QStringLiteral("params"), QVariant::fromValue(TextInputParams()));
+        return gui.object.createForm(event);
+    }
+    QSharedPointer<BasicForm> goodsSelection() const { return gui.object.createForm(GoodsSelectionParams().toEvent()); }
+    static QString textOf(const BasicForm& form, const char* label)
+    {
+        return form.rootWidget()->findChild<QLabel*>(QLatin1String(label))->text();
+    }
+
+    /// Everything that is read or heard of a window or form.
+    static QStringList textsIn(const QWidget& root)
+    {
+        QStringList texts{root.windowTitle(), root.accessibleName()};
+        for (const auto* widget : root.findChildren<QWidget*>()) {
+            texts << widget->accessibleName() << widget->accessibleDescription() << widget->toolTip();
+            if (const auto* label = qobject_cast<const QLabel*>(widget))
+                texts << label->text();
+            else if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+                texts << button->text();
+            else if (const auto* field = qobject_cast<const QLineEdit*>(widget))
+                texts << field->placeholderText();
+        }
+        return texts;
+    }
+    static QStringList russianTextsIn(const QWidget& root)
+    {
+        return textsIn(root).filter(QRegularExpression(QStringLiteral("[А-Яа-яЁё№]")));
+    }
+
+    QTemporaryDir folder;
+    Own<ActionQueueController> controller;
+    Own<ActivityNotifier> notifier;
+    Own<GraphicalUserInterface> gui;
+    std::unique_ptr<Config> config;
+    std::unique_ptr<RegisterApplication> application;
+
+private:
+    Config* m_formerConfig = Singleton<Config>::instance;
+};
+
+TEST_F(InterfaceLanguage, english_platformAndRegisterSpeakEnglish)
+{
+    ASSERT_NO_FATAL_FAILURE(start("interface=en\n"));
+    EXPECT_EQ(window().windowTitle(), QStringLiteral("Pharmacy register"));
+    EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), QStringLiteral("Error"));
+}
+
+TEST_F(InterfaceLanguage, noneOrUnknown_textsStayAsWritten)
+{
+    for (const char* language : {"", "interface=\n", "interface=xx\n"}) {
+        ASSERT_NO_FATAL_FAILURE(start(language));
+        EXPECT_EQ(window().windowTitle(), QStringLiteral("Касса аптеки")) << language;
+        EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), QStringLiteral("Ошибка")) << language;
+        application.reset();
+    }
+}
+
+TEST_F(InterfaceLanguage, englishRegisterEnded_textsAreAsWrittenAgain)
+{
+    ASSERT_NO_FATAL_FAILURE(start("interface=en\n"));
+    application.reset();
+    EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), QStringLiteral("Ошибка"));
+}
+
+TEST_F(InterfaceLanguage, english_noRussianTextIsReadOrHeardAnywhere)
+{
+    ASSERT_NO_FATAL_FAILURE(start("interface=en\n"));
+    EXPECT_EQ(russianTextsIn(window()), QStringList());
+    const auto goods = goodsSelection();
+    EXPECT_EQ(russianTextsIn(*goods->rootWidget()), QStringList());
+    EXPECT_EQ(russianTextsIn(*errorMessage()->rootWidget()), QStringList());
+    EXPECT_EQ(russianTextsIn(*textInput()->rootWidget()), QStringList());
+    EXPECT_TRUE(textsIn(*goods->rootWidget()).contains(QStringLiteral("Name, INN or barcode")));
+    EXPECT_TRUE(textsIn(*goods->rootWidget()).contains(QStringLiteral("On-screen keyboard")));
+}
