@@ -24,6 +24,8 @@
 #include <QTemporaryFile>
 #include <QTimer>
 
+#include <utility>
+
 RegisterApplication::RegisterApplication(const CommandLine& commandLine)
     : m_commandLine(commandLine)
 {
@@ -46,6 +48,8 @@ std::optional<StartupFailure> RegisterApplication::start()
     if (auto failure = readConfiguration())
         return failure;
     if (auto failure = takeDataFolder())
+        return failure;
+    if (auto failure = readReceipt())
         return failure;
     configureThisRun();
     m_messages.load(QStringLiteral(":/translations/registerplatform"));
@@ -100,6 +104,19 @@ std::optional<StartupFailure> RegisterApplication::takeDataFolder()
                                   QStringLiteral("\nClose it, or name another folder with --data DIR")};
     m_commandLine.dataFolder = folder;
     return std::nullopt;
+}
+
+std::optional<StartupFailure> RegisterApplication::readReceipt()
+{
+    const ReceiptStore store(m_commandLine.dataFolder);
+    m_savedReceipt = store.load();
+    if (!m_savedReceipt.isInTheWay())
+        return std::nullopt;
+    return StartupFailure{exitstatus::damagedReceiptInTheWay,
+                          QStringLiteral("The saved receipt ") + store.file() + QStringLiteral(" is damaged: ") +
+                              m_savedReceipt.damage +
+                              QStringLiteral("\nIt cannot be set aside, and the next receipt would overwrite it. "
+                                             "Move it away, or name another folder with --data DIR")};
 }
 
 void RegisterApplication::configureThisRun()
@@ -162,7 +179,7 @@ void RegisterApplication::takeUpWork()
         m_player->start(); // first, since what follows may show messages
     m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
     tellPlugins();
-    m_sale->restore();
+    m_sale->restore(std::exchange(m_savedReceipt, {}));
     try {
         m_catalogue.check();
     } catch (const BasicException& unreadable) {

@@ -35,6 +35,7 @@ public:
 private:
     std::optional<StartupFailure> readConfiguration();
     std::optional<StartupFailure> takeDataFolder();
+    std::optional<StartupFailure> readReceipt();
     void configureThisRun();
     std::optional<StartupFailure> readScenario();
     void openWindow();
@@ -43,6 +44,7 @@ private:
 
     CommandLine m_commandLine;
     std::unique_ptr<QLockFile> m_lockFile;
+    ReceiptStore::Loaded m_savedReceipt;
     MessageCatalogues m_messages;
     GoodsCatalogue m_catalogue;
     LongWork m_longWork;

@@ -65,9 +65,8 @@ void Sale::remove(int positionNumber)
     recalculateAndSave();
 }
 
-void Sale::restore()
+void Sale::restore(const ReceiptStore::Loaded& loaded)
 {
-    const ReceiptStore::Loaded loaded = m_store.load();
     if (!loaded.damage.isEmpty())
         tellDamage(loaded);
     if (!loaded.receipt)

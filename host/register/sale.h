@@ -36,8 +36,9 @@ public:
     void setPacks(int positionNumber, int packs);
     void remove(int positionNumber);
 
-    /// Takes up the receipt that was open when the register ended. A damaged one is set aside and told to the cashier.
-    void restore();
+    /// Takes up the receipt that was open when the register ended. A damaged one, which has been set aside, is told to
+    /// the cashier.
+    void restore(const ReceiptStore::Loaded& loaded);
 
 signals:
     /// The receipt is another one, or was recalculated.

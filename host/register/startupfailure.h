@@ -20,4 +20,5 @@ inline constexpr int noDataFolder = 4;
 inline constexpr int alreadyRunning = 5;
 inline constexpr int noScenario = 6;
 inline constexpr int noDisplay = 7;
+inline constexpr int damagedReceiptInTheWay = 8;
 } // namespace exitstatus

@@ -2,6 +2,7 @@
 #include "receiptstore.h"
 #include "configured.h"
 #include "currenttime.h"
+#include "deepfolder.h"
 #include "finally.h"
 #include "receiptnumbers.h"
 
@@ -76,6 +77,7 @@ TEST_F(ReceiptStoreTest, damagedFile_isSetAsideByteForByte)
     EXPECT_FALSE(loaded.damage.isEmpty());
     EXPECT_EQ(loaded.setAside, path(QStringLiteral("receipt.json.damaged-20240229-120000")));
     EXPECT_EQ(read(loaded.setAside), half);
+    EXPECT_FALSE(loaded.isInTheWay());
     EXPECT_FALSE(QFile::exists(path(QStringLiteral("receipt.json"))));
 }
 
@@ -88,6 +90,20 @@ TEST_F(ReceiptStoreTest, secondDamagedFileInOneSecond_doesNotOverwriteTheFirst)
     EXPECT_NE(first.setAside, second.setAside);
     EXPECT_EQ(read(first.setAside), "first");
     EXPECT_EQ(read(second.setAside), "second");
+}
+
+TEST_F(ReceiptStoreTest, damagedFileThatCannotBeRenamed_isInTheWayAndStaysAsItIs)
+{
+    const QString deep = deepFolder(folder.path());
+    ASSERT_TRUE(QDir().mkpath(deep));
+    const ReceiptStore store(deep);
+    write(store.file(), "half");
+    const auto loaded = store.load();
+    EXPECT_FALSE(loaded.receipt);
+    EXPECT_FALSE(loaded.damage.isEmpty());
+    EXPECT_TRUE(loaded.setAside.isEmpty());
+    EXPECT_TRUE(loaded.isInTheWay());
+    EXPECT_EQ(read(store.file()), "half");
 }
 
 TEST_F(ReceiptStoreTest, jsonOfAnotherKind_isDamage)

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "deepfolder.h"
+
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -26,12 +28,13 @@ protected:
     }
 
     QString path(const char* name) const { return folder.filePath(QString::fromUtf8(name)); }
-    void write(const char* name, const QByteArray& content)
+    static void writeFile(const QString& path, const QByteArray& content)
     {
-        QFile file(path(name));
+        QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(content);
     }
+    void write(const char* name, const QByteArray& content) { writeFile(path(name), content); }
     QStringList usualOptions() const
     {
         return {QStringLiteral("--config"),  path("register.ini"), QStringLiteral("--data"),        path("data"),
@@ -213,6 +216,22 @@ TEST_F(RegisterProgram, damagedReceipt_isToldSetAsideAndTheRegisterGoesOn)
         << qPrintable(output);
     EXPECT_EQ(QDir(path("data")).entryList({QStringLiteral("receipt.json.damaged-*")}).size(), 1);
     EXPECT_EQ(savedReceipt().value(QStringLiteral("number")).toInt(), 1);
+}
+
+TEST_F(RegisterProgram, damagedReceiptThatCannotBeSetAside_isStatusEightAndStaysAsItIs)
+{
+    const QByteArray damaged("{\"format\":");
+    const QString data = deepFolder(folder.path());
+    ASSERT_TRUE(QDir().mkpath(data));
+    writeFile(data + QStringLiteral("/receipt.json"), damaged);
+    const QStringList options{QStringLiteral("--data"), data};
+
+    EXPECT_EQ(play(R"([{"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}])", options), 8)
+        << qPrintable(output);
+    EXPECT_TRUE(output.contains(QStringLiteral("cannot be set aside"))) << qPrintable(output);
+    QFile kept(data + QStringLiteral("/receipt.json"));
+    ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
+    EXPECT_EQ(kept.readAll(), damaged);
 }
 
 TEST_F(RegisterProgram, pluginThatIsNone_isNamedInTheStatusLine)

@@ -5,7 +5,11 @@
 #include <QDir>
 #include <QJsonArray>
 
-using SaleTest = Till;
+class SaleTest : public Till
+{
+protected:
+    ReceiptStore::Loaded saved() const { return ReceiptStore(folder.path()).load(); }
+};
 
 TEST_F(SaleTest, opened_isCurrentAndSavedBeforeEvent10)
 {
@@ -69,7 +73,7 @@ TEST_F(SaleTest, restored_isCurrentAndToldByEvent17Alone)
     witness.seen.clear();
 
     Sale again(folder.path());
-    again.restore();
+    again.restore(saved());
     ASSERT_EQ(witness.codes(), QList<int>{17});
     const Witness::Seen& seen = witness.seen.first();
     EXPECT_EQ(seen.context, EContext::OpenReceipt);
@@ -81,7 +85,7 @@ TEST_F(SaleTest, restored_isCurrentAndToldByEvent17Alone)
 
 TEST_F(SaleTest, nothingToRestore_nothingIsTold)
 {
-    sale->restore();
+    sale->restore(saved());
     EXPECT_TRUE(witness.seen.isEmpty());
     EXPECT_FALSE(sale->receipt());
     EXPECT_EQ(controller.object.context(), EContext::Idle);
@@ -97,7 +101,7 @@ TEST_F(SaleTest, damagedReceipt_isToldAndANewOneTakesAnotherNumber)
     const ShownMessages messages;
 
     Sale again(folder.path());
-    again.restore();
+    again.restore(saved());
     EXPECT_FALSE(again.receipt());
     ASSERT_EQ(messages.all().size(), 1);
     EXPECT_EQ(messages.all().first().kind, Dialog::Error);

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <algorithm>
+
+#include <climits>
+
+/// The path of a folder in which a receipt can be saved, but not set aside, by root either: the longer name goes
+/// beyond what the system takes for a path.
+inline QString deepFolder(const QString& above)
+{
+    constexpr int length = PATH_MAX - 30; // "/receipt.json" fits, "/receipt.json.damaged-20240229-120000" does not
+    QString path = above;
+    while (path.size() < length)
+        path += QLatin1Char('/') + QString(std::clamp<qsizetype>(length - path.size() - 1, 1, 200), QLatin1Char('d'));
+    return path;
+}
