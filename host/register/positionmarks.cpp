@@ -10,6 +10,14 @@
 
 #include <algorithm>
 
+namespace
+{
+QString labelled(const QString& label, const QString& value)
+{
+    return label + QStringLiteral(": ") + value;
+}
+} // namespace
+
 void PositionMarks::load(const QString& file)
 {
     QFile marks(file);
@@ -55,11 +63,14 @@ PositionMarks::Look PositionMarks::look(const GoodsItem& position) const
     const QJsonObject options = QJsonDocument::fromJson(position.getExtendedOptions().toUtf8()).object();
     const auto state = std::find_if(mark->states.cbegin(), mark->states.cend(),
                                     [&options](const State& candidate) { return fits(candidate, options); });
-    Look look{mark->mark, mark->description, {}, {}};
+    Look look{mark->mark, mark->description, {}, {}, {}};
     if (state != mark->states.cend()) {
         look.state = state->text;
         look.stateColour = state->colour;
     }
+    for (const ReceiptLine& line : mark->receiptLines)
+        if (const QString value = options.value(line.option).toString(); !value.isEmpty())
+            look.receiptLines.append(labelled(line.label, value));
     return look;
 }
 
@@ -69,7 +80,7 @@ QString PositionMarks::documentText(const AbstractDocument& document) const
     for (const DocumentLine& line : m_documentLines) {
         const QString value = document.getPluginValue(line.plugin, line.key, {}).toString();
         if (!value.isEmpty())
-            texts.append(line.label + QStringLiteral(": ") + value);
+            texts.append(labelled(line.label, value));
     }
     return texts.join(QStringLiteral(" · "));
 }
@@ -79,6 +90,7 @@ PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
     Mark mark{entry.value(QLatin1String("tag")).toString(),
               entry.value(QLatin1String("mark")).toString().left(4),
               entry.value(QLatin1String("description")).toString(),
+              {},
               {}};
     for (const QJsonValue& value : entry.value(QLatin1String("states")).toArray()) {
         const QJsonObject state = value.toObject();
@@ -87,6 +99,11 @@ PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
                             wanted.isString() ? std::optional(wanted.toString()) : std::nullopt,
                             state.value(QLatin1String("text")).toString(),
                             QColor(state.value(QLatin1String("colour")).toString())});
+    }
+    for (const QJsonValue& value : entry.value(QLatin1String("receiptLines")).toArray()) {
+        const QJsonObject line = value.toObject();
+        mark.receiptLines.append(
+            {line.value(QLatin1String("option")).toString(), line.value(QLatin1String("label")).toString()});
     }
     return mark;
 }

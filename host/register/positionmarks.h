@@ -8,6 +8,7 @@
 #include <QJsonObject>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -21,6 +22,7 @@ public:
         QString description;
         QString state; ///< empty: no state fits
         QColor stateColour;
+        QStringList receiptLines; ///< such as "Рецепт: 4500-1"; plain text
     };
 
     /// Adds what a file says. One that is not there, and what cannot be read in it, is passed over; the latter is
@@ -40,11 +42,16 @@ private:
         QString text;
         QColor colour;
     };
+    struct ReceiptLine {
+        QString option;
+        QString label;
+    };
     struct Mark {
         QString tag;
         QString mark;
         QString description;
         QList<State> states;
+        QList<ReceiptLine> receiptLines;
     };
     struct DocumentLine {
         QString plugin;

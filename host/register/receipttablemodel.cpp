@@ -70,7 +70,7 @@ QVariant ReceiptTableModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return text(row, index.column());
     case Qt::ToolTipRole:
-        return index.column() == Mark ? row.look.description : text(row, index.column());
+        return toolTip(row, index.column());
     case Qt::AccessibleTextRole:
         return index.column() == Mark ? row.look.description : QVariant();
     case Qt::ForegroundRole:
@@ -115,6 +115,18 @@ QVariant ReceiptTableModel::headerData(int section, Qt::Orientation orientation,
     default:
         return {};
     }
+}
+
+QString ReceiptTableModel::toolTip(const Row& row, int column) const
+{
+    QStringList lines{column == Mark ? row.look.description : text(row, column)};
+    lines += row.look.receiptLines;
+    lines.removeAll(QString());
+    if (lines.isEmpty())
+        return {};
+    return QStringLiteral("<qt>") +
+           lines.join(QLatin1Char('\n')).toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>")) +
+           QStringLiteral("</qt>");
 }
 
 QString ReceiptTableModel::text(const Row& row, int column) const

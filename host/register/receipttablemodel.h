@@ -47,6 +47,9 @@ private:
     };
 
     QString text(const Row& row, int column) const;
+    /// The whole of a text that may be cut off, and what the plug-in tells of the position; foreign text is shown as it
+    /// stands, never as mark-up.
+    QString toolTip(const Row& row, int column) const;
 
     const PositionMarks& m_marks;
     QList<Row> m_rows;

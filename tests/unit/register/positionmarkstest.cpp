@@ -29,7 +29,8 @@ namespace
 const QByteArray paper = R"({"positions": [
     {"tag": "paper", "mark": "БР", "description": "Бумага", "states": [
         {"option": "status", "value": null, "text": "новый", "colour": "#8a5a00"},
-        {"option": "status", "value": "done", "text": "готов", "colour": "#1b6e3c"}]}],
+        {"option": "status", "value": "done", "text": "готов", "colour": "#1b6e3c"}],
+        "receiptLines": [{"option": "issuer", "label": "Кто"}, {"option": "number", "label": "Номер"}]}],
     "document": [{"plugin": "P", "key": "card", "label": "Карта"}]})";
 } // namespace
 
@@ -66,6 +67,23 @@ TEST_F(PositionMarksTest, optionHasTheValue_itsStateFits)
     EXPECT_TRUE(marks.look(position).state.isEmpty());
     position.setExtendedOptions(QStringLiteral("{\"status\":null}"));
     EXPECT_TRUE(marks.look(position).state.isEmpty());
+}
+
+TEST_F(PositionMarksTest, receiptLines_standInTheFilesOrderWithoutThoseThatAreEmpty)
+{
+    load(paper);
+    position.setExtendedOptions(QStringLiteral(R"({"number": "7%1", "issuer": "Поликлиника"})"));
+    EXPECT_TRUE(marks.look(position).receiptLines.isEmpty()) << "no such tag";
+    position.setTag(QStringLiteral("paper"));
+    EXPECT_EQ(marks.look(position).receiptLines,
+              (QStringList{QStringLiteral("Кто: Поликлиника"), QStringLiteral("Номер: 7%1")}));
+    for (const char* issuer : {"\"\"", "null", "5", "{}"}) {
+        position.setExtendedOptions(QStringLiteral(R"({"number": "8", "issuer": )") + QLatin1String(issuer) +
+                                    QLatin1Char('}'));
+        EXPECT_EQ(marks.look(position).receiptLines, QStringList{QStringLiteral("Номер: 8")}) << issuer;
+    }
+    position.setExtendedOptions({});
+    EXPECT_TRUE(marks.look(position).receiptLines.isEmpty());
 }
 
 TEST_F(PositionMarksTest, documentValue_isShownWithItsLabel)

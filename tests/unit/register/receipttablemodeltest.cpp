@@ -4,6 +4,7 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTextDocumentFragment>
 
 #include <gtest/gtest.h>
 
@@ -16,7 +17,8 @@ protected:
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(R"({"positions": [{"tag": "paper", "mark": "БР", "description": "Бумага", "states": [
-            {"option": "status", "value": null, "text": "новый", "colour": "#8a5a00"}]}]})");
+            {"option": "status", "value": null, "text": "новый", "colour": "#8a5a00"}],
+            "receiptLines": [{"option": "issuer", "label": "Кто"}, {"option": "number", "label": "Номер"}]}]})");
         file.close();
         marks.load(path);
     }
@@ -67,6 +69,24 @@ TEST_F(ReceiptTableModelTest, markedAndCheapened_showsMarkStateAndBothPrices)
     EXPECT_EQ(text(0, ReceiptTableModel::State), QStringLiteral("новый"));
     EXPECT_EQ(model.index(0, ReceiptTableModel::State).data(Qt::ForegroundRole).value<QBrush>().color(),
               QColor(0x8a, 0x5a, 0));
+}
+
+TEST_F(ReceiptTableModelTest, toolTipOfTheRow_tellsTheReceiptLinesAsPlainText)
+{
+    const auto position = add(10, 1);
+    position->setTag(QStringLiteral("paper"));
+    position->setExtendedOptions(QStringLiteral(R"({"issuer": "<b>№ 5</b> & Ко", "number": "7"})"));
+    add(20, 1);
+    model.refresh(receipt);
+    const auto toolTip = [this](int row, int column) {
+        return QTextDocumentFragment::fromHtml(model.index(row, column).data(Qt::ToolTipRole).toString()).toPlainText();
+    };
+    const QString lines = QStringLiteral("Кто: <b>№ 5</b> & Ко\nНомер: 7");
+    EXPECT_EQ(toolTip(0, ReceiptTableModel::Name), QStringLiteral("Товар <i>%1</i>\n") + lines);
+    EXPECT_EQ(toolTip(0, ReceiptTableModel::Mark), QStringLiteral("Бумага\n") + lines);
+    EXPECT_EQ(toolTip(0, ReceiptTableModel::InitialPrice), lines);
+    EXPECT_EQ(toolTip(1, ReceiptTableModel::Name), QStringLiteral("Товар <i>%1</i>"));
+    EXPECT_TRUE(model.index(1, ReceiptTableModel::Mark).data(Qt::ToolTipRole).toString().isEmpty());
 }
 
 TEST_F(ReceiptTableModelTest, positionsChangeInPlace_noReset)
