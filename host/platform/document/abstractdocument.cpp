@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "abstractdocument.h"
 
+#include "savetofilelogic.h"
+
 #include <QJsonArray>
 
 #include <algorithm>
@@ -23,6 +25,11 @@ QSharedPointer<GoodsItem> AbstractDocument::getPosition(int number) const
 bool AbstractDocument::isClosed() const
 {
     return false;
+}
+
+QString AbstractDocument::fileName() const
+{
+    return SaveToFileLogic::currentReceiptFile;
 }
 
 QVariant AbstractDocument::getPluginValue(const QString& plugin, const QString& key, const QVariant& def) const

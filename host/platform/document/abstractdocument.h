@@ -40,6 +40,10 @@ public:
     /// True once the document is finished and can no longer change.
     virtual bool isClosed() const;
 
+    /// The file within the data folder that the document is saved in, when its saver names none: that of the open
+    /// receipt. A document that is not the open receipt names a file of its own, so that it never replaces the receipt.
+    virtual QString fileName() const;
+
     /// What a plug-in stored here under its own name; `def` when it stored nothing. Saved with the document.
     virtual QVariant getPluginValue(const QString& plugin, const QString& key, const QVariant& def) const;
     /// Stores a value that JSON can hold (text, number, bool, list, map); an invalid one removes the entry.

@@ -76,7 +76,7 @@ bool SaveToFileLogic::save(const QSharedPointer<AbstractDocument>& document, con
     if (!document)
         return false;
     const QString folder = Singleton<Config>::get()->getString(QStringLiteral("Register:data"));
-    const QString failure = write(*document, folder, file.isEmpty() ? currentReceiptFile : file);
+    const QString failure = write(*document, folder, file.isEmpty() ? document->fileName() : file);
     if (failure.isEmpty())
         return true;
 

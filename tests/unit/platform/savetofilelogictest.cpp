@@ -61,6 +61,12 @@ protected:
     ShownMessages m_messages;
 };
 
+class StoredDocument : public PlainDocument
+{
+public:
+    QString fileName() const override { return QStringLiteral("stored-7.json"); }
+};
+
 /// No file of this process may grow beyond some bytes while it lives.
 class SmallDisk
 {
@@ -87,13 +93,25 @@ private:
 
 } // namespace
 
-TEST_F(SavedDocument, noFileNamed_isTheCurrentReceiptAsJson)
+TEST_F(SavedDocument, noFileNamed_isTheOpenReceiptAsJson)
 {
     const auto saved = document(QStringLiteral("Аспирин"));
     EXPECT_TRUE(save(saved));
     EXPECT_EQ(files(), QStringList(QStringLiteral("receipt.json")));
     EXPECT_EQ(QJsonDocument::fromJson(content()).object(), saved->toJson());
     EXPECT_TRUE(m_messages.all().isEmpty());
+}
+
+TEST_F(SavedDocument, documentNamesItsFile_openReceiptStaysAsItIs)
+{
+    EXPECT_TRUE(save(document(QStringLiteral("open"))));
+    const QByteArray open = content();
+    const auto stored = QSharedPointer<StoredDocument>::create();
+    stored->add({1, QStringLiteral("stored"), 10.0, 0.0, 10.0, 1.0});
+    EXPECT_TRUE(save(stored));
+    EXPECT_EQ(files(), QStringList({QStringLiteral("receipt.json"), QStringLiteral("stored-7.json")}));
+    EXPECT_EQ(content(), open);
+    EXPECT_EQ(QJsonDocument::fromJson(content(stored->fileName())).object(), stored->toJson());
 }
 
 TEST_F(SavedDocument, fileNamed_isWrittenBesideTheOthers)
