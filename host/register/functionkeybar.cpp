@@ -19,6 +19,7 @@ FunctionKeyBar::FunctionKeyBar(const QList<FunctionKey>& keys, QWidget* parent)
         button->setAccessibleName(key.text);
         button->setToolTip(key.text);
         button->setAutoDefault(false);
+        button->setFocusPolicy(Qt::TabFocus); // a click leaves the focus where the next scan is expected
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
         connect(button, &QPushButton::clicked, this, [this, key] { emit pressed(key); });
         if (!key.shortcut.isEmpty()) {

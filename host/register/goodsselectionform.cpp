@@ -55,6 +55,24 @@ GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObje
     connect(m_filter, &QLineEdit::textChanged, this, &GoodsSelectionForm::onFilterChanged);
     m_filter->setText(params.filter);
     onFilterChanged(params.filter);
+    if (params.filter.isEmpty())
+        offerWanted(params.medicineInfo);
+}
+
+/// Makes the goods current that what they are for names: its parts stand between slashes, and a name of goods begins
+/// with the trade name and a comma. Only goods in stock are offered so.
+void GoodsSelectionForm::offerWanted(const QString& medicineInfo)
+{
+    for (const QString& part : medicineInfo.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
+        for (int row = 0; row < m_goods.rowCount(); ++row) {
+            const CatalogueGoods& goods = m_goods.goods(row);
+            const QString tradeName = goods.name.section(QLatin1Char(','), 0, 0).trimmed();
+            if (goods.stock > 0 && tradeName.compare(part.trimmed(), Qt::CaseInsensitive) == 0) {
+                m_table->setCurrentIndex(m_filtered.mapFromSource(m_goods.index(row, GoodsTableModel::Name)));
+                return;
+            }
+        }
+    }
 }
 
 void GoodsSelectionForm::setUpTable()

@@ -31,6 +31,7 @@ private:
     void setUpPacks();
     void setUpButtons();
     void nameControls();
+    void offerWanted(const QString& medicineInfo);
     void showHint(const QString& text);
     void answer(int data, const QVariant& result);
 

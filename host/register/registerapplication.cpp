@@ -171,6 +171,7 @@ void RegisterApplication::openWindow()
     } else {
         m_window->showMaximized();
     }
+    m_window->activateWindow(); // without a window manager nobody else gives it the keyboard
 }
 
 void RegisterApplication::takeUpWork()

@@ -9,12 +9,25 @@
 #include "tallotableview.h"
 #include "tr.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
 #include <algorithm>
+
+namespace
+{
+
+/// A character for the search line: typed or scanned while a function key has the focus.
+bool isText(const QKeyEvent& event)
+{
+    return !event.text().isEmpty() && event.text().front().isPrint() &&
+           !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+}
+
+} // namespace
 
 SalesScreen::SalesScreen(Sale& sale, const PositionMarks& marks, const QList<FunctionKey>& keys, QWidget* parent)
     : QWidget(parent)
@@ -62,6 +75,7 @@ QWidget* SalesScreen::createTable()
     m_table = new TalloTableView(this);
     m_table->setObjectName(QStringLiteral("receiptTable"));
     m_table->setAccessibleName(tr::Tr(QStringLiteral("receiptTable"), QStringLiteral("Позиции чека")).ui());
+    m_table->setFocusPolicy(Qt::NoFocus); // Up and Down in the search line move its rows
     m_table->setModel(&m_model);
     m_table->setColumns({
         QStringLiteral("number;;40;true;130"),
@@ -144,6 +158,11 @@ void SalesScreen::keyPressEvent(QKeyEvent* event)
         m_search->setFocus();
         return;
     default:
+        if (isText(*event)) {
+            m_search->setFocus();
+            QCoreApplication::sendEvent(m_search, event);
+            return;
+        }
         QWidget::keyPressEvent(event);
     }
 }

@@ -56,7 +56,10 @@ void ScenarioPlayer::beginStep()
     m_input.clear();
     m_inputMade = false;
     m_since.start();
-    scheduleTick(lookInterval);
+    if (m_current == m_steps.size())
+        end(true); // at once: the last step may have asked the window to close
+    else
+        scheduleTick(lookInterval);
 }
 
 /// A fresh single shot each time: a timer would not fire again inside an event loop that its own slot started.
@@ -67,10 +70,6 @@ void ScenarioPlayer::scheduleTick(milliseconds delay)
 
 void ScenarioPlayer::tick()
 {
-    if (m_current == m_steps.size()) {
-        end(true);
-        return;
-    }
     const ScenarioStep& step = m_steps.at(m_current);
     const Look look = perform(step);
     if (look.done)

@@ -74,7 +74,9 @@ void BasicDialogForm::fitMessage(int tallest)
         return;
     label->ensurePolished();
     area->ensurePolished();
-    const QSize text = label->sizeHint() + QSize(2 * area->frameWidth(), 2 * area->frameWidth());
+    // The style sheet's border: frameWidth() does not know of it.
+    const int frame = area->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, area);
+    const QSize text = label->sizeHint() + QSize(2 * frame, 2 * frame);
     const int scrollBar = text.height() > tallest ? area->verticalScrollBar()->sizeHint().width() : 0;
     area->setMinimumWidth(text.width() + scrollBar);
     area->setFixedHeight(qMin(text.height(), tallest));

@@ -8,6 +8,8 @@
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
+#include <QMouseEvent>
+
 #include <optional>
 
 namespace
@@ -99,4 +101,10 @@ void TalloTableView::applyColumns()
         setColumnHidden(section, !column->isShown);
     }
     viewport()->update();
+}
+
+void TalloTableView::mousePressEvent(QMouseEvent* event)
+{
+    if (indexAt(event->position().toPoint()).isValid())
+        QTableView::mousePressEvent(event);
 }

@@ -32,6 +32,10 @@ public:
     /// The items as they were given.
     QStringList columns() const { return m_columns; }
 
+protected:
+    /// A press beside the rows leaves the current row selected.
+    void mousePressEvent(QMouseEvent* event) override;
+
 private:
     void applyColumns();
 

@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -73,12 +75,12 @@ protected:
     std::unique_ptr<GoodsSelectionForm> form;
 };
 
-TEST_F(GoodsSelection, opened_focusStandsInTheFilterAndTheFirstRowIsCurrent)
+TEST_F(GoodsSelection, opened_focusStandsInTheFilterAndTheWantedGoodsAreCurrent)
 {
     open(QStringLiteral("Амоксициллин"), QStringLiteral("Амоксициллин / Амоксидар / 30"));
     EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("filterLineEdit"));
     EXPECT_EQ(shownRows(), 3);
-    EXPECT_EQ(widget<TalloTableView>("goodsTable")->currentIndex().row(), 0);
+    EXPECT_TRUE(widget<TalloTableView>("goodsTable")->currentIndex().data().toString().startsWith("Амоксидар,"));
     EXPECT_EQ(widget<QLabel>("medicineInfoLabel")->text(), QStringLiteral("Амоксициллин / Амоксидар / 30"));
     EXPECT_EQ(widget<TalloLineEdit>("quantityLineEdit")->text(), QStringLiteral("1"));
 }
@@ -231,4 +233,15 @@ TEST_F(GoodsSelection, layoutWithoutTheTable_throwsWithItsName)
     } catch (const BasicException& exception) {
         EXPECT_TRUE(exception.tr().ui().contains(QStringLiteral("goodsTable")));
     }
+}
+
+TEST_F(GoodsSelection, infoNamesATradeName_itsGoodsAreCurrent)
+{
+    const QList<CatalogueGoods> goods = catalogue.goodsOf({});
+    const auto wanted = std::find_if(goods.cbegin() + 1, goods.cend(), [](const auto& one) { return one.stock > 0; });
+    ASSERT_NE(wanted, goods.cend());
+    const QString tradeName = wanted->name.section(',', 0, 0);
+    open({}, QStringLiteral("Вещество / ") + tradeName + QStringLiteral(" / 10"));
+    press(Qt::Key_Return);
+    EXPECT_EQ(selected().goods.name, wanted->name);
 }

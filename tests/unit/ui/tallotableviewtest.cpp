@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tallotableview.h"
+#include "registerstyle.h"
 #include "uitest.h"
 
 #include <QAbstractItemModelTester>
@@ -210,6 +211,44 @@ TEST_F(TalloTableViewTest, touchMode_rowsAreForFingers)
     EXPECT_GE(touched.rowHeight(0), 44);
 }
 
+class TextColourTest : public TalloTableViewTest
+{
+protected:
+    TextColourTest()
+    {
+        formerStyleSheet = qApp->styleSheet();
+        qApp->setStyleSheet(registerStyleSheet(false));
+    }
+    ~TextColourTest() override { qApp->setStyleSheet(formerStyleSheet); }
+
+    /// The colour in the middle of a cell of the selected row, whose text is full blocks.
+    QColor drawnWhenSelected(const QColor& colour)
+    {
+        model.item(0, 0)->setText(QString(30, QChar(0x2588)));
+        model.item(0, 0)->setForeground(colour);
+        view.setModel(&model);
+        view.setColumns({"a;;150;true;128", "b;;150;true;128"});
+        view.selectRow(0);
+        show();
+        const QImage picture = view.viewport()->grab(view.visualRect(model.index(0, 0))).toImage();
+        return picture.pixelColor(picture.rect().center());
+    }
+
+    QString formerStyleSheet;
+};
+
+TEST_F(TextColourTest, selectedRow_keepsTheModelsColour)
+{
+    EXPECT_EQ(drawnWhenSelected(QColor(0x1b, 0x6e, 0x3c)).name(), QStringLiteral("#1b6e3c"));
+}
+
+TEST_F(TextColourTest, selectedRow_colourTooPaleForIt_isDarkenedUntilItCanBeRead)
+{
+    const QColor drawn = drawnWhenSelected(QColor(0x2e, 0xb0, 0x60));
+    EXPECT_GE(RegisterColours::contrast(drawn, RegisterColours().selection), 4.5) << qPrintable(drawn.name());
+    EXPECT_NEAR(drawn.hue(), QColor(0x2e, 0xb0, 0x60).hue(), 5) << "still green";
+}
+
 class ToolTipTest : public TalloTableViewTest
 {
 protected:
@@ -279,3 +318,15 @@ TEST_F(TalloTableViewTest, tenThousandRows_onlyTheFirstOnesAreLookedAt)
 }
 
 } // namespace
+
+TEST_F(TalloTableViewTest, pressBesideTheRows_leavesTheCurrentRowSelected)
+{
+    view.setModel(&model);
+    show();
+    view.selectRow(2);
+    const QPoint beside(20, view.viewport()->height() - 5);
+    ASSERT_FALSE(view.indexAt(beside).isValid());
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, beside);
+    EXPECT_EQ(view.currentIndex().row(), 2);
+    EXPECT_TRUE(view.selectionModel()->isRowSelected(2));
+}
