@@ -98,10 +98,13 @@ void PluginHost::loadLibrary(const QString& file, ActionQueueController& control
         return;
     }
     takeResources(library.dir().filePath(name), marks);
+    auto* gui = Singleton<GraphicalUserInterface>::get();
+    const int formCreators = gui->formCreators();
     const Initialised initialised = initialise(*plugin);
     if (!initialised.failure.isEmpty())
         addProblem(name, initialised.failure);
     if (!initialised.done) {
+        gui->removeFormCreators(formCreators);
         Log4Qt::LogManager::logger(QStringLiteral("register"))->info(QStringLiteral("Plug-in stays idle: ") + name);
         m_plugins.push_back(std::make_unique<Loaded>(Loaded{name, std::move(loader), nullptr}));
         return;

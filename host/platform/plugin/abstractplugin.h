@@ -10,7 +10,7 @@
 /// What the register asks of a plug-in's root object, besides being a QObject.
 ///
 /// Loaded: the object exists and has registered nothing. Initialised: init() returned true. Inert: init() returned
-/// false; the register takes nothing over from it. See docs/plugin-lifecycle.md.
+/// false or threw; the register takes over no handler, trigger or form creator of it. See docs/plugin-lifecycle.md.
 class AbstractPlugin
 {
 public:

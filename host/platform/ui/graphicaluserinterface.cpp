@@ -75,9 +75,15 @@ void GraphicalUserInterface::addFormCreator(const QSharedPointer<BasicFormCreato
         m_creators.append(creator);
 }
 
-void GraphicalUserInterface::removeFormCreators()
+int GraphicalUserInterface::formCreators() const
 {
-    m_creators.clear();
+    return static_cast<int>(m_creators.size());
+}
+
+void GraphicalUserInterface::removeFormCreators(int kept)
+{
+    while (m_creators.size() > kept)
+        m_creators.removeLast();
 }
 
 QSharedPointer<BasicForm> GraphicalUserInterface::createForm(const Event& event) const

@@ -37,8 +37,11 @@ public:
 
     /// Adds a creator behind those that are there; null is passed over.
     virtual void addFormCreator(const QSharedPointer<BasicFormCreator>& creator);
-    /// For the host: drops every creator, before the plug-ins are unloaded.
-    void removeFormCreators();
+    /// For the host: how many creators there are.
+    int formCreators() const;
+    /// For the host: drops the creators but the `kept` oldest ones: those of a plug-in that could not begin, and all
+    /// before the plug-ins are unloaded.
+    void removeFormCreators(int kept = 0);
 
     /// The form of the first creator that knows the event (the platform's own message and text-input forms come
     /// last); null when nobody does.

@@ -19,6 +19,7 @@ protected:
 
     PositionMarks marks;
     PluginHost host;
+    const int registersOwnCreators = gui.object.formCreators();
 };
 
 TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsEntriesHold)
@@ -28,6 +29,7 @@ TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsEntriesHold)
     EXPECT_EQ(told(), QStringList{QStringLiteral("init")});
     EXPECT_EQ(host.active(), QStringList{QStringLiteral("willing_plugin")});
     EXPECT_TRUE(host.problems().isEmpty());
+    EXPECT_EQ(gui.object.formCreators(), registersOwnCreators + 1);
     EXPECT_TRUE(controller.object.isHandled(control::PluginCommand));
     control::Action storno(control::StornoPosition);
     EXPECT_EQ(controller.object.execute(storno), EContext::Stop);
@@ -42,6 +44,7 @@ TEST_F(PluginHostTest, idlePlugin_nothingOfItIsTakenOverAndItIsNotDeinitialised)
 {
     sale->open();
     load(folderOf("idle_plugin"));
+    EXPECT_EQ(gui.object.formCreators(), registersOwnCreators);
     EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     EXPECT_TRUE(host.active().isEmpty());
     EXPECT_TRUE(host.problems().isEmpty());
@@ -53,6 +56,7 @@ TEST_F(PluginHostTest, throwingPlugin_isToldAndStaysIdle)
 {
     sale->open();
     load(folderOf("throwing_plugin"));
+    EXPECT_EQ(gui.object.formCreators(), registersOwnCreators);
     EXPECT_EQ(host.problems(), QStringList{QStringLiteral("throwing_plugin: нет связи")});
     EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     host.unload(controller.object);

@@ -2,6 +2,7 @@
 #include "testplugin.h"
 
 #include "basicexception.h"
+#include "graphicaluserinterface.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -14,6 +15,11 @@ void tell(const QString& what)
     const QStringList told = qApp->property("testPlugin").toStringList();
     qApp->setProperty("testPlugin", told + QStringList(what));
 }
+
+struct NoForms : BasicFormCreator {
+    QSharedPointer<BasicForm> create(const Event&) override { return nullptr; }
+    QSharedPointer<BasicForm> create(EContext::Code) override { return nullptr; }
+};
 
 } // namespace
 
@@ -29,6 +35,7 @@ bool TestPlugin::init()
         {EContext::OpenReceipt, control::PluginCommand, [](const control::Action&) { return EContext::GoOn; }, true});
     addTrigger({EContext::OpenReceipt, control::StornoPosition, ActionTrigger::Before,
                 [](const control::Action&) { return EContext::Stop; }, ActionTrigger::Any, 1});
+    Singleton<GraphicalUserInterface>::get()->addFormCreator(QSharedPointer<NoForms>::create());
 #ifdef INIT_THROWS
     throw BasicException(tr::Tr(tr::undefined, QStringLiteral("нет связи")));
 #endif

@@ -101,6 +101,19 @@ TEST_F(GraphicalUserInterfaceTest, creatorsRemoved_areDropped)
     EXPECT_EQ(gui.createForm(Event(firstEvent)), nullptr);
 }
 
+TEST_F(GraphicalUserInterfaceTest, someCreatorsKept_onlyTheLaterOnesAreDropped)
+{
+    const auto form = createForm();
+    gui.addFormCreator(QSharedPointer<FixedCreator>::create(firstEvent, form));
+    const int kept = gui.formCreators();
+    gui.addFormCreator(QSharedPointer<FixedCreator>::create(EActivityListener::ShowMessage, form));
+    EXPECT_EQ(gui.formCreators(), kept + 1);
+    gui.removeFormCreators(kept);
+    EXPECT_EQ(gui.formCreators(), kept);
+    EXPECT_EQ(gui.createForm(Event(firstEvent)), form);
+    EXPECT_NE(gui.createForm(Event(EActivityListener::ShowMessage)), form);
+}
+
 TEST_F(GraphicalUserInterfaceTest, answered_itsArgumentsAreTheResult)
 {
     whenShown([&] {
