@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "columndelegate_p.h"
 
+#include "registerstyle.h"
+
 #include <QAbstractItemView>
+#include <QBrush>
 #include <QHelpEvent>
 #include <QToolTip>
 
@@ -11,6 +14,16 @@ namespace
 /// A column that fits its contents becomes no wider: the rest of a longer text is in its tool tip.
 constexpr int widestFit = 280;
 constexpr int longestToolTip = 1000;
+constexpr double readableContrast = 4.5;
+
+/// The colour itself, darkened until it stands out from the ground.
+QColor readableOn(const QColor& ground, QColor colour)
+{
+    constexpr int slightlyDarker = 110; // per cent
+    while (RegisterColours::contrast(colour, ground) < readableContrast && colour.value() > 0)
+        colour = colour.darker(slightlyDarker);
+    return colour;
+}
 
 } // namespace
 
@@ -37,6 +50,9 @@ void ColumnDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelI
     QStyledItemDelegate::initStyleOption(option, index);
     option->text.replace(u'\n', u' ').replace(QChar::LineSeparator, u' ');
     option->textElideMode = Qt::ElideRight;
+    if (const QVariant foreground = index.data(Qt::ForegroundRole); foreground.canConvert<QBrush>())
+        option->palette.setColor(QPalette::HighlightedText,
+                                 readableOn(RegisterColours().selection, foreground.value<QBrush>().color()));
     if (const auto alignment = m_alignments.constFind(index.column()); alignment != m_alignments.cend())
         option->displayAlignment = *alignment;
 }

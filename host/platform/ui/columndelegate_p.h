@@ -4,7 +4,8 @@
 #include <QHash>
 #include <QStyledItemDelegate>
 
-/// Draws cells on one line, elided, aligned by column; the whole of a text that is cut off is in its tool tip.
+/// Draws cells on one line, elided, aligned by column; the whole of a text that is cut off is in its tool tip. A colour
+/// that the model gives a text holds in the selected row too, darkened where it would not be readable there.
 class ColumnDelegate : public QStyledItemDelegate
 {
 public:
