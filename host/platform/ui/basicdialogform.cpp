@@ -8,12 +8,26 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
+#include <QStyleOption>
 
 namespace
 {
 
 /// The screen that every form has to fit.
 constexpr QSize smallestScreen(1024, 600);
+
+/// Spare width beside a message, in pixels: the frames around it take from a width that was reckoned exactly, and a
+/// line that wraps then would hide the last one.
+constexpr int spareWidth = 16;
+
+/// What the style sheet draws around the contents, on both sides together; QFrame::frameWidth() does not know of it.
+QSize borderOf(const QScrollArea& area)
+{
+    QStyleOptionFrame option;
+    option.initFrom(&area);
+    option.rect = QRect(0, 0, 1000, 1000);
+    return option.rect.size() - area.style()->subElementRect(QStyle::SE_ShapedFrameContents, &option, &area).size();
+}
 
 } // namespace
 
@@ -74,10 +88,8 @@ void BasicDialogForm::fitMessage(int tallest)
         return;
     label->ensurePolished();
     area->ensurePolished();
-    // The style sheet's border: frameWidth() does not know of it.
-    const int frame = area->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, area);
-    const QSize text = label->sizeHint() + QSize(2 * frame, 2 * frame);
+    const QSize text = label->sizeHint() + borderOf(*area);
     const int scrollBar = text.height() > tallest ? area->verticalScrollBar()->sizeHint().width() : 0;
-    area->setMinimumWidth(text.width() + scrollBar);
+    area->setMinimumWidth(text.width() + scrollBar + spareWidth);
     area->setFixedHeight(qMin(text.height(), tallest));
 }
