@@ -104,7 +104,7 @@ void setDictCode(const QJsonArray& medications, const QString& dictionarySystem,
 /// One member of a "MedicationPrescription" resource and what it does to the record, also when it is missing.
 struct PrescriptionMember {
     QLatin1StringView name;
-    void (*apply)(const QJsonValue&, ElectronicPrescription&);
+    void (*apply)(const QJsonValue&, ElectronicPrescription&) = nullptr;
 };
 
 // In the order in which they are applied, after the id and the medicine.
