@@ -21,6 +21,7 @@ constexpr int longestSliceMs = 4;
 constexpr long mostConnections = 8;
 /// Firewalls forget idle connections without a word; a request on such a one would only time out.
 constexpr long longestIdleSeconds = 30;
+constexpr int statusNoContent = 204;
 
 using HeaderList = std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)>;
 
@@ -152,11 +153,11 @@ HttpAnswer HttpTransport::exchange(const HttpRequest& request, const QDeadlineTi
     curl_easy_getinfo(m_easy.get(), CURLINFO_RESPONSE_CODE, &status);
     answer.status = int(status);
     answer.wasSent = exchange.isAdmitted;
-    curl_header* location = nullptr;
-    if (curl_easy_header(m_easy.get(), "Location", 0, CURLH_HEADER, -1, &location) == CURLHE_OK)
-        answer.location = location->value;
+    answer.location = header("Location");
+    answer.endsWithConnection = answer.status != statusNoContent && header("Content-Length").isEmpty() &&
+                                !header("Transfer-Encoding").toLower().contains("chunked");
     answer.detail = QString::fromUtf8(exchange.detail.data());
-    if (answer.detail.isEmpty())
+    if (answer.detail.isEmpty() && code != CURLE_OK)
         answer.detail = QString::fromUtf8(curl_easy_strerror(code));
 
     curl_easy_reset(m_easy.get()); // it must not point to the exchange any more
@@ -263,6 +264,12 @@ CURLcode HttpTransport::perform(const QDeadlineTimer& deadline)
     }
     curl_multi_remove_handle(multi, m_easy.get());
     return code;
+}
+
+QByteArray HttpTransport::header(const char* name) const
+{
+    curl_header* found = nullptr;
+    return curl_easy_header(m_easy.get(), name, 0, CURLH_HEADER, -1, &found) == CURLHE_OK ? found->value : nullptr;
 }
 
 size_t HttpTransport::takeBody(char* data, size_t size, size_t count, void* context)

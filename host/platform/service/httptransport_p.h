@@ -35,9 +35,12 @@ struct HttpAnswer {
     QByteArray body;
     /// Value of the "Location" header, or empty.
     QByteArray location;
+    /// Only the end of the connection told that the body was over, so that a connection that broke looks the same.
+    bool endsWithConnection = false;
     /// False when it is certain that nothing of the request went out: the connection never stood.
     bool wasSent = false;
-    /// The transport's own words, in English, for the log. They hold nothing of the request or of the answer's body.
+    /// What went wrong in the transport's own words, in English, for the log; empty when nothing did. They hold nothing
+    /// of the request or of the answer's body.
     QString detail;
 };
 
@@ -71,6 +74,8 @@ private:
     void dropStaleConnections();
     void configure(Exchange& exchange);
     CURLcode perform(const QDeadlineTimer& deadline);
+    /// A header's value in the last answer; empty when it has none of that name.
+    QByteArray header(const char* name) const;
 
     static size_t takeBody(char* data, size_t size, size_t count, void* context);
     static size_t takeHeader(char* data, size_t size, size_t count, void* context);

@@ -101,13 +101,21 @@ HttpAnswer send(HttpRequest& request, const QDeadlineTimer& deadline)
     }
 }
 
+/// Where the length of an answer was not told it may have lost its end without a sign of it. No part of a JSON object
+/// or array is one itself, so that one that came as JSON came whole.
+bool mayBeCutShort(const HttpAnswer& answer, const QJsonDocument& parsed)
+{
+    return answer.error == TransportError::None && answer.endsWithConnection && parsed.isNull();
+}
+
 void logFailure(const HttpRequest& request, const HttpAnswer& answer, int errorCode)
 {
     constexpr auto onlyOrigin = QUrl::RemoveUserInfo | QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment;
     const QString method = request.method == Method::Post ? QStringLiteral("POST") : QStringLiteral("GET");
+    const QString reason = answer.detail.isEmpty() ? QString() : u' ' + answer.detail;
     Log4Qt::LogManager::logger(QStringLiteral("restclient"))
         ->warn(method + u' ' + request.url.toString(onlyOrigin) + QStringLiteral(" failed: ") +
-               QString::number(errorCode) + u' ' + answer.detail);
+               QString::number(errorCode) + reason);
 }
 
 } // namespace
@@ -132,9 +140,14 @@ void RestClient::Private::run(HttpRequest request)
         received = send(request, deadline);
     }
 
-    const bool isWhole = received.error == TransportError::None;
     const bool hasFailedStatus = received.status >= firstStatusOfFailure;
     const bool isPost = request.method == Method::Post;
+    answer = received.error == TransportError::None ? QJsonDocument::fromJson(received.body) : QJsonDocument();
+    if (isPost && !hasFailedStatus && mayBeCutShort(received, answer)) {
+        received.error = TransportError::ConnectionLost;
+        received.detail = QStringLiteral("the connection ended before the answer was JSON");
+    }
+    const bool isWhole = received.error == TransportError::None;
     errorCode = hasFailedStatus ? received.status : int(received.error);
     if (!isWhole)
         errorText = transportErrorText(received.error, request.url.host(), isPost && received.wasSent);
@@ -142,7 +155,6 @@ void RestClient::Private::run(HttpRequest request)
         errorText = httpStatusText(received.status, request.url.host(), isPost);
     else
         errorText = {};
-    answer = isWhole ? QJsonDocument::fromJson(received.body) : QJsonDocument();
     if (errorCode != 0)
         logFailure(request, received, errorCode);
 }

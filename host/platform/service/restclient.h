@@ -30,6 +30,8 @@ extern template struct REGISTERPLATFORM_EXPORT MockFactory<RestClient>;
 /// - TLS 1.2 or newer, and always verified, against the system's certificates or, when "RestClient:caFile" names a PEM
 ///   file, against that file alone. The file is read anew for each request.
 /// - The proxy is what "RestClient:proxy" names (a URL), or none; the environment's settings are not used.
+/// - A POST's answer whose length was not told, and which is no JSON object or array, counts as one that did not come
+///   back whole: a broken connection looks the same.
 /// - An answer larger than 64 MiB, headers included, is refused.
 /// - Only http and https URLs without a user name or password. A header name that is no token, a value with a control
 ///   character (RFC 9110, 5.5 and 5.6.2), and the headers that frame a request ("Host", "Connection",

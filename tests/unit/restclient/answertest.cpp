@@ -176,11 +176,55 @@ TEST(RestClientAnswer, answerWithoutLength_isTakenWhole)
 {
     for (const Scheme scheme : {Scheme::Http, Scheme::Https}) {
         ClientAndServer both(scheme);
-        both.server.react({Reaction::raw("HTTP/1.1 200 OK\r\n\r\n[1, 2]", End::Close)});
+        const Reaction answer = Reaction::raw("HTTP/1.1 200 OK\r\n\r\n[1, 2]", End::Close);
+        both.server.react({answer, answer});
         both.get();
         EXPECT_THAT(both.client, Succeeded());
         EXPECT_EQ(both.client.answer().array().size(), 2);
+        both.post("{}");
+        EXPECT_THAT(both.client, Succeeded());
+        EXPECT_EQ(both.client.answer().array().size(), 2);
     }
+}
+
+TEST(RestClientAnswer, postsAnswerWithoutLengthIsNoJson_mayBeCarriedOut)
+{
+    for (const Scheme scheme : {Scheme::Http, Scheme::Https}) {
+        for (const End end : {End::Close, End::Cut, End::Reset}) {
+            for (const QByteArray body : {"", "[1, 2", R"({"resourceType": "Bundle", "entry": [{}])", "<html>"}) {
+                ClientAndServer both(scheme);
+                both.server.react({Reaction::raw("HTTP/1.1 201 Created\r\n\r\n" + body, end)});
+                both.post("{}");
+                EXPECT_THAT(both.client, FailedWith(codeConnectionLost, "restClientConnectionLostUncertain"))
+                    << nameOf(scheme) << int(end) << body.toStdString();
+                EXPECT_TRUE(both.client.errorText().ui().contains(QStringLiteral("Запрос мог быть выполнен")));
+                EXPECT_TRUE(both.client.answer().isNull());
+                EXPECT_EQ(both.server.requests().size(), 1);
+            }
+        }
+    }
+}
+
+TEST(RestClientAnswer, postsAnswerIsNoJsonButItsEndWasTold_isSuccessWithNullAnswer)
+{
+    for (const QByteArray bytes :
+         {"HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n", "HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\n[1,",
+          "HTTP/1.1 200 OK\r\nTransfer-Encoding: Chunked\r\n\r\n3\r\n[1,\r\n0\r\n\r\n",
+          "HTTP/1.1 204 No Content\r\n\r\n"}) {
+        ClientAndServer both;
+        both.server.react({Reaction::raw(bytes, End::Close)});
+        both.post("{}");
+        EXPECT_THAT(both.client, Succeeded()) << bytes.toStdString();
+        EXPECT_TRUE(both.client.answer().isNull());
+    }
+}
+
+TEST(RestClientAnswer, failedStatusWithoutLength_isToldByTheStatus)
+{
+    ClientAndServer both;
+    both.server.react({Reaction::raw("HTTP/1.1 500 Trouble\r\n\r\n<html>", End::Close)});
+    both.post("{}");
+    EXPECT_THAT(both.client, FailedWith(500, "restClientStatusServerError"));
 }
 
 TEST(RestClientAnswer, notModified_isErrorWithNullAnswer)
@@ -280,4 +324,24 @@ TEST(RestClientAnswer, failure_isLoggedWithoutAnythingOfRequestOrAnswer)
     EXPECT_FALSE(log.text().contains(QStringLiteral("sent="))) << log.text().toStdString();
     EXPECT_FALSE(log.text().contains(QStringLiteral("located-"))) << log.text().toStdString();
     EXPECT_FALSE(log.text().contains(QStringLiteral("answered-"))) << log.text().toStdString();
+}
+
+TEST(RestClientAnswer, failure_isLoggedAsItsStatusOrAsTheTransportsReason)
+{
+    ClientAndServer both;
+    both.server.react({Reaction::json(401, "{}"), Reaction::halfAnswer(500, "{}", End::Close),
+                       Reaction::raw("HTTP/1.1 200 OK\r\n\r\n", End::Close)});
+    const LogCapture log;
+    both.get();
+    both.get();
+    both.post("{}");
+    const QStringList lines = log.lines();
+    ASSERT_EQ(lines.size(), 3) << log.text().toStdString();
+    const QString server = both.server.url().toString(QUrl::RemovePath);
+    EXPECT_EQ(lines[0], QStringLiteral("WARN restclient GET ") + server + QStringLiteral(" failed: 401"));
+    EXPECT_TRUE(lines[1].startsWith(QStringLiteral("WARN restclient GET ") + server + QStringLiteral(" failed: 500 ")))
+        << lines[1].toStdString();
+    EXPECT_FALSE(lines[1].contains(QStringLiteral("No error"))) << lines[1].toStdString();
+    EXPECT_EQ(lines[2], QStringLiteral("WARN restclient POST ") + server +
+                            QStringLiteral(" failed: 9 the connection ended before the answer was JSON"));
 }
