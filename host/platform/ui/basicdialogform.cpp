@@ -16,10 +16,6 @@ namespace
 /// The screen that every form has to fit.
 constexpr QSize smallestScreen(1024, 600);
 
-/// Spare width beside a message, in pixels: the frames around it take from a width that was reckoned exactly, and a
-/// line that wraps then would hide the last one.
-constexpr int spareWidth = 16;
-
 /// What the style sheet draws around the contents, on both sides together; QFrame::frameWidth() does not know of it.
 QSize borderOf(const QScrollArea& area)
 {
@@ -89,7 +85,9 @@ void BasicDialogForm::fitMessage(int tallest)
     label->ensurePolished();
     area->ensurePolished();
     const QSize text = label->sizeHint() + borderOf(*area);
-    const int scrollBar = text.height() > tallest ? area->verticalScrollBar()->sizeHint().width() : 0;
-    area->setMinimumWidth(text.width() + scrollBar + spareWidth);
+    const bool scrolls = text.height() > tallest;
+    // Left to itself the area keeps a bar that it needed while it was narrower: beside the bar the text takes a line more.
+    area->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    area->setMinimumWidth(text.width() + (scrolls ? area->verticalScrollBar()->sizeHint().width() : 0));
     area->setFixedHeight(qMin(text.height(), tallest));
 }

@@ -305,14 +305,62 @@ TEST_F(TextInputFormTest, promptOfAnyLength_fitsTheSmallestScreenInBothModes)
     qApp->setStyleSheet({});
 }
 
-TEST_F(TextInputFormTest, promptOfThreeLines_isWhollyVisibleInBothModes)
+/// A window of that size, in which forms stand as in the register's.
+class Window : public QWidget, public FormStage
 {
-    params.message = {"testMessage",
-                      "Введите количество отпущенных доз по рецепту на\n'Инн / Торговое'\n(выписано 30.00)"};
-    for (const bool touch : {false, true}) {
-        config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
-        applyRegisterStyle(*qApp);
-        show([&] { EXPECT_EQ(root()->findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0); });
+public:
+    explicit Window(QSize size)
+    {
+        resize(size);
+        show();
+    }
+    void enter(BasicForm& form) override
+    {
+        m_layer = std::make_unique<QWidget>(this);
+        form.rootWidget()->setParent(m_layer.get());
+        form.rootWidget()->show();
+        m_layer->setGeometry(rect());
+        m_layer->show();
+    }
+    void leave(BasicForm& form) override
+    {
+        form.rootWidget()->setParent(nullptr);
+        m_layer.reset();
+    }
+
+private:
+    std::unique_ptr<QWidget> m_layer;
+};
+
+TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWhollyVisibleOnEveryScreenInBothModes)
+{
+    const std::pair<QString, int> prompts[] = {
+        {"Введите количество отпущенных доз по рецепту на\n'Эналаприл / Эналакор'\n(выписано 30.00/отпущено ранее "
+         "0.00)",
+         3},
+        {"Введите количество отпущенных доз по рецепту на\n'Ацетилсалициловая кислота + магния гидроксид / "
+         "Кардиомагнил Форте таблетки в оболочке'\n(выписано 30.00/отпущено ранее 10.00)",
+         4},
+    };
+    params.numeric = true;
+    for (const auto& [prompt, lines] : prompts) {
+        params.message = {"testMessage", prompt};
+        for (const QSize size : {QSize(1024, 600), QSize(1280, 800), QSize(1920, 1080)}) {
+            for (const bool touch : {false, true}) {
+                config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
+                applyRegisterStyle(*qApp);
+                Window window(size);
+                gui.setStage(&window);
+                show([&] {
+                    const auto* area = root()->findChild<QScrollArea*>();
+                    const auto* text = label("messageLabel");
+                    EXPECT_EQ(area->viewport()->height(), lines * text->fontMetrics().height()) << size.width();
+                    EXPECT_EQ(text->height(), area->viewport()->height()) << size.width();
+                    EXPECT_FALSE(area->verticalScrollBar()->isVisible()) << size.width();
+                });
+                gui.setStage(nullptr);
+            }
+        }
     }
     qApp->setStyleSheet({});
 }
