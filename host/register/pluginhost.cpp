@@ -3,6 +3,7 @@
 
 #include "abstractplugin.h"
 #include "actionqueuecontroller.h"
+#include "activitynotifier.h"
 #include "basicexception.h"
 #include "config.h"
 #include "graphicaluserinterface.h"
@@ -53,6 +54,22 @@ Initialised initialise(AbstractPlugin& plugin)
     }
 }
 
+/// What is registered with the platform at the time of its making.
+class Registrations
+{
+public:
+    /// Drops what was registered since.
+    void restore() const
+    {
+        Singleton<GraphicalUserInterface>::get()->removeFormCreators(m_formCreators);
+        Singleton<ActivityNotifier>::get()->keepOnly(m_listeners);
+    }
+
+private:
+    const int m_formCreators = Singleton<GraphicalUserInterface>::get()->formCreators();
+    const ActivityNotifier::Listeners m_listeners = Singleton<ActivityNotifier>::get()->listeners();
+};
+
 void addLayoutFolder(const QString& folder)
 {
     Config* config = Singleton<Config>::get();
@@ -98,13 +115,12 @@ void PluginHost::loadLibrary(const QString& file, ActionQueueController& control
         return;
     }
     takeResources(library.dir().filePath(name), marks);
-    auto* gui = Singleton<GraphicalUserInterface>::get();
-    const int formCreators = gui->formCreators();
+    const Registrations registrations;
     const Initialised initialised = initialise(*plugin);
     if (!initialised.failure.isEmpty())
         addProblem(name, initialised.failure);
     if (!initialised.done) {
-        gui->removeFormCreators(formCreators);
+        registrations.restore();
         Log4Qt::LogManager::logger(QStringLiteral("register"))->info(QStringLiteral("Plug-in stays idle: ") + name);
         m_plugins.push_back(std::make_unique<Loaded>(Loaded{name, std::move(loader), nullptr}));
         return;

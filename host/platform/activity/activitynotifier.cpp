@@ -17,7 +17,7 @@ void ActivityNotifier::subscribe(BaseActivityListener* listener)
 
 void ActivityNotifier::notify(const Event& event)
 {
-    const QList<QPointer<BaseActivityListener>> listeners = m_listeners;
+    const Listeners listeners = m_listeners;
     for (const QPointer<BaseActivityListener>& listener : listeners) {
         if (!listener)
             continue;
@@ -29,4 +29,9 @@ void ActivityNotifier::notify(const Event& event)
                 ->error(name + QStringLiteral(" failed in event ") + QString::number(event.getCode()));
         }
     }
+}
+
+void ActivityNotifier::keepOnly(const Listeners& kept)
+{
+    m_listeners.removeIf([&kept](const QPointer<BaseActivityListener>& listener) { return !kept.contains(listener); });
 }

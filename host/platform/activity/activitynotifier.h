@@ -13,6 +13,8 @@
 class REGISTERPLATFORM_EXPORT ActivityNotifier
 {
 public:
+    using Listeners = QList<QPointer<BaseActivityListener>>;
+
     ActivityNotifier() = default;
     virtual ~ActivityNotifier();
     ActivityNotifier(const ActivityNotifier&) = delete;
@@ -26,8 +28,13 @@ public:
     /// not keep the event from the others.
     virtual void notify(const Event& event);
 
+    /// For the host: who is subscribed, in the order of subscription; a destroyed one reads as null.
+    Listeners listeners() const { return m_listeners; }
+    /// For the host: drops every listener that is not among `kept`: those of a plug-in that could not begin.
+    void keepOnly(const Listeners& kept);
+
 private:
-    QList<QPointer<BaseActivityListener>> m_listeners;
+    Listeners m_listeners;
 };
 
 extern template struct REGISTERPLATFORM_EXPORT Singleton<ActivityNotifier>;

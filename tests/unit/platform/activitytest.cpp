@@ -152,6 +152,26 @@ TEST(ActivityNotifier, listenerNotifiesAgain_innerEventIsDeliveredFirst)
     EXPECT_EQ(last.codes, (QList<int>{22, 10}));
 }
 
+TEST(ActivityNotifier, keepOnly_dropsTheOthersAndKeepsTheOrder)
+{
+    ActivityNotifier notifier;
+    QStringList order;
+    Listener first([&order](const Event&) { order += QStringLiteral("first"); });
+    Listener second([&order](const Event&) { order += QStringLiteral("second"); });
+    Listener later;
+    auto destroyed = std::make_unique<Listener>();
+    notifier.subscribe(destroyed.get());
+    notifier.subscribe(&first);
+    notifier.subscribe(&second);
+    const ActivityNotifier::Listeners before = notifier.listeners();
+    destroyed.reset();
+    notifier.subscribe(&later);
+    notifier.keepOnly(before);
+    notifier.notify(opened);
+    EXPECT_EQ(order, QStringList({QStringLiteral("first"), QStringLiteral("second")}));
+    EXPECT_TRUE(later.codes.isEmpty());
+}
+
 TEST(ActivityNotifier, listenerThrows_isLoggedAndOthersHearTheEvent)
 {
     ActivityNotifier notifier;

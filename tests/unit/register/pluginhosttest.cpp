@@ -40,6 +40,29 @@ TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsEntriesHold)
     EXPECT_TRUE(host.active().isEmpty());
 }
 
+TEST_F(PluginHostTest, willingPlugin_hearsEventsUntilItIsUnloaded)
+{
+    load(folderOf("willing_plugin"));
+    sale->open();
+    EXPECT_EQ(told().last(), QStringLiteral("event 10"));
+    host.unload(controller.object);
+    notifier.object.notify(Event(EActivityListener::ReceiptClosed));
+    EXPECT_EQ(told().last(), QStringLiteral("destroyed"));
+}
+
+TEST_F(PluginHostTest, pluginThatCannotBegin_hearsNoEventAndOthersDo)
+{
+    for (const char* plugin : {"idle_plugin", "throwing_plugin"}) {
+        qApp->setProperty("testPlugin", QVariant());
+        witness.seen.clear();
+        load(folderOf(plugin));
+        notifier.object.notify(Event(EActivityListener::ReceiptOpened));
+        EXPECT_EQ(told(), QStringList{QStringLiteral("init")}) << plugin;
+        EXPECT_EQ(witness.codes(), QList<int>{EActivityListener::ReceiptOpened}) << plugin;
+    }
+    host.unload(controller.object);
+}
+
 TEST_F(PluginHostTest, idlePlugin_nothingOfItIsTakenOverAndItIsNotDeinitialised)
 {
     sale->open();

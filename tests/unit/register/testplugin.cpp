@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "testplugin.h"
 
+#include "activitynotifier.h"
 #include "basicexception.h"
 #include "graphicaluserinterface.h"
 
@@ -36,6 +37,7 @@ bool TestPlugin::init()
     addTrigger({EContext::OpenReceipt, control::StornoPosition, ActionTrigger::Before,
                 [](const control::Action&) { return EContext::Stop; }, ActionTrigger::Any, 1});
     Singleton<GraphicalUserInterface>::get()->addFormCreator(QSharedPointer<NoForms>::create());
+    Singleton<ActivityNotifier>::get()->subscribe(this);
 #ifdef INIT_THROWS
     throw BasicException(tr::Tr(tr::undefined, QStringLiteral("нет связи")));
 #endif
@@ -45,4 +47,9 @@ bool TestPlugin::init()
 void TestPlugin::deinit()
 {
     tell(QStringLiteral("deinit"));
+}
+
+void TestPlugin::handleEvent(const Event& event)
+{
+    tell(QStringLiteral("event ") + QString::number(event.getCode()));
 }

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "baseactivitylistener.h"
 #include "basicplugin.h"
 
-#include <QObject>
-
 /// A plug-in that says in dynamic properties of the application what was done to it.
-class TestPlugin : public QObject, public BasicPlugin
+class TestPlugin : public BaseActivityListener, public BasicPlugin
 {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID AbstractPlugin_iid)
@@ -17,4 +16,5 @@ public:
 
     bool init() override;
     void deinit() override;
+    void handleEvent(const Event& event) override;
 };
