@@ -3,6 +3,7 @@
 
 #include "basicdialog.h"
 #include "goodsselectionparams.h"
+#include "notice.h"
 
 EContext::Result RegisterCommands::selectGoods(control::Action& action)
 {
@@ -20,12 +21,21 @@ EContext::Result RegisterCommands::addSelectedGoods(control::Action& action)
     const QVariant selected = action.value(QStringLiteral("result"));
     if (!selected.canConvert<SelectedGoods>())
         return EContext::NotFound;
-    action.insert(QStringLiteral("positionNumber"), m_sale.add(selected.value<SelectedGoods>()));
+    const int number = m_sale.add(selected.value<SelectedGoods>());
+    if (number == 0)
+        return EContext::Stop;
+    action.insert(QStringLiteral("positionNumber"), number);
     return EContext::GoOn;
 }
 
 EContext::Result RegisterCommands::addGoods(control::Action& action)
 {
+    if (m_sale.receipt() && m_sale.receipt()->isCancelling()) {
+        showNotice(
+            {QStringLiteral("takeBackTakesNoGoods"),
+             QStringLiteral("Открыт возврат: товары в него не добавляются.\nЗавершите возврат или отмените его.")});
+        return EContext::Stop;
+    }
     const QString search = action.value(QStringLiteral("search")).toString().trimmed();
     std::optional<SelectedGoods> selected;
     if (!search.isEmpty())

@@ -2,16 +2,9 @@
 #include "registercommands.h"
 
 #include "actionfactory.h"
-#include "dialog.h"
+#include "notice.h"
+#include "question.h"
 #include "registeraction.h"
-
-namespace
-{
-void notice(const tr::Tr& text)
-{
-    MockFactory<Dialog>::create()->showMessage(text, Dialog::Notice, 0, 0);
-}
-} // namespace
 
 RegisterCommands::RegisterCommands(Sale& sale, const GoodsCatalogue& catalogue)
     : m_sale(sale)
@@ -27,20 +20,29 @@ void RegisterCommands::offer(ActionQueueController& controller)
     };
     controller.setHostHandler(registeraction::openReceipt, bound(&RegisterCommands::openReceipt));
     controller.setHostHandler(registeraction::addGoods, bound(&RegisterCommands::addGoods));
-    controller.setHostHandler(registeraction::changeQuantity, bound(&RegisterCommands::changeQuantity));
     controller.setHostHandler(registeraction::explainKey, bound(&RegisterCommands::explainKey));
-    controller.setHostHandler(registeraction::removePosition, bound(&RegisterCommands::removePosition));
-    controller.setHostHandler(EContext::OpenReceipt, control::StornoPosition, bound(&RegisterCommands::stornoPosition));
     controller.setHostHandler(control::SelectGoods, bound(&RegisterCommands::selectGoods));
-    controller.setHostHandler(EContext::OpenReceipt, control::AddSelectedGoods,
-                              bound(&RegisterCommands::addSelectedGoods));
+    const auto withReceipt = [&](control::EActionType type, Member member) {
+        controller.setHostHandler(EContext::OpenReceipt, type, bound(member));
+    };
+    withReceipt(registeraction::changeQuantity, &RegisterCommands::changeQuantity);
+    withReceipt(registeraction::removePosition, &RegisterCommands::removePosition);
+    withReceipt(registeraction::cancelReceipt, &RegisterCommands::cancelReceipt);
+    withReceipt(registeraction::backToPositions, &RegisterCommands::backToPositions);
+    withReceipt(registeraction::pay, &RegisterCommands::pay);
+    withReceipt(control::AddSelectedGoods, &RegisterCommands::addSelectedGoods);
+    withReceipt(control::StornoPosition, &RegisterCommands::stornoPosition);
+    withReceipt(control::StornoAll, &RegisterCommands::stornoAll);
+    withReceipt(control::StornoAllFromMenu, &RegisterCommands::stornoAll);
+    withReceipt(control::Subtotal, &RegisterCommands::subtotal);
+    withReceipt(control::SubtotalAndPayment, &RegisterCommands::subtotalAndPayment);
 }
 
 EContext::Result RegisterCommands::openReceipt(control::Action&)
 {
     if (m_sale.receipt()) {
-        notice(tr::Tr(QStringLiteral("receiptAlreadyOpen"), QStringLiteral("Чек № %1 уже открыт."))
-                   .arg(QString::number(m_sale.receipt()->getNumber())));
+        showNotice(tr::Tr(QStringLiteral("receiptAlreadyOpen"), QStringLiteral("Чек № %1 уже открыт."))
+                       .arg(QString::number(m_sale.receipt()->getNumber())));
         return EContext::Stop;
     }
     m_sale.open();
@@ -49,9 +51,16 @@ EContext::Result RegisterCommands::openReceipt(control::Action&)
 
 EContext::Result RegisterCommands::changeQuantity(control::Action& action)
 {
-    const QSharedPointer<ReceiptPosition> position = changeablePosition(action);
+    const QSharedPointer<ReceiptPosition> position = chosenPosition(action);
     if (!position)
         return EContext::Stop;
+    if (position->isBound()) {
+        showNotice(tr::Tr(QStringLiteral("positionBound"),
+                          QStringLiteral("Позиция № %1 отпускается по документу, её количество и цена не меняются.\n"
+                                         "Чтобы отпустить другое количество, удалите позицию и отпустите её заново."))
+                       .arg(QString::number(position->getNumber())));
+        return EContext::Stop;
+    }
     TextInputParams params;
     params.title = tr::Tr(QStringLiteral("changeQuantityTitle"), QStringLiteral("Количество"));
     params.message = tr::Tr(QStringLiteral("changeQuantityMessage"), QStringLiteral("Сколько упаковок?\n%1"))
@@ -75,8 +84,19 @@ EContext::Result RegisterCommands::changeQuantity(control::Action& action)
 
 EContext::Result RegisterCommands::removePosition(control::Action& action)
 {
-    const QSharedPointer<ReceiptPosition> position = changeablePosition(action);
+    const QSharedPointer<ReceiptPosition> position = chosenPosition(action);
     if (!position)
+        return EContext::Stop;
+    const Question question{
+        {QStringLiteral("removeBoundTitle"), QStringLiteral("Удаление позиции")},
+        tr::Tr(QStringLiteral("removeBoundQuestion"),
+               QStringLiteral("Позиция № %1 отпускается по документу:\n%2\nУдалить её и отменить отпуск?"))
+            .arg(QString::number(position->getNumber()))
+            .arg(position->getName()),
+        {QStringLiteral("removeBoundYes"), QStringLiteral("Удалить")},
+        {QStringLiteral("questionNo"), QStringLiteral("Нет")},
+    };
+    if (position->isBound() && !question.ask())
         return EContext::Stop;
     control::Action storno = Singleton<control::ActionFactory>::get()->create(control::StornoPosition);
     storno.insert(QStringLiteral("positionNumber"), position->getNumber());
@@ -85,8 +105,36 @@ EContext::Result RegisterCommands::removePosition(control::Action& action)
 
 EContext::Result RegisterCommands::stornoPosition(control::Action& action)
 {
-    m_sale.remove(action.value(QStringLiteral("positionNumber")).toInt());
+    const QSharedPointer<ReceiptPosition> position = chosenPosition(action);
+    if (!position)
+        return EContext::NotFound;
+    m_sale.remove(position->getNumber());
     return EContext::GoOn;
+}
+
+EContext::Result RegisterCommands::cancelReceipt(control::Action& action)
+{
+    const Receipt& receipt = *m_sale.receipt();
+    const tr::Tr wording =
+        receipt.isCancelling()
+            ? tr::Tr(QStringLiteral("cancelTakeBackQuestion"), QStringLiteral("Отменить возврат № %1 на сумму %2?"))
+            : tr::Tr(QStringLiteral("cancelReceiptQuestion"), QStringLiteral("Отменить чек № %1 на сумму %2?"));
+    const Question question{
+        {QStringLiteral("cancelReceiptTitle"), QStringLiteral("Отмена чека")},
+        wording.arg(QString::number(receipt.getNumber())).arg(amountText(receipt.getSum())),
+        {QStringLiteral("cancelReceiptYes"), QStringLiteral("Отменить чек")},
+        {QStringLiteral("questionNo"), QStringLiteral("Нет")},
+    };
+    if (!question.ask())
+        return EContext::Stop;
+    const int by = action.value(QStringLiteral("by"), control::StornoAll).toInt();
+    control::Action storno = Singleton<control::ActionFactory>::get()->create(static_cast<control::EActionType>(by));
+    return Singleton<ActionQueueController>::get()->execute(storno);
+}
+
+EContext::Result RegisterCommands::stornoAll(control::Action&)
+{
+    return m_sale.cancel() ? EContext::GoOn : EContext::Stop;
 }
 
 EContext::Result RegisterCommands::explainKey(control::Action& action)
@@ -96,24 +144,21 @@ EContext::Result RegisterCommands::explainKey(control::Action& action)
     const tr::Tr withoutPlugin(QStringLiteral("keyNeedsPlugin"),
                                QStringLiteral("«%1» сейчас недоступно: нет подключённого модуля, который это умеет.\n"
                                               "Обратитесь к администратору."));
-    notice((m_sale.receipt() ? withoutPlugin : withoutReceipt).arg(action.value(QStringLiteral("text")).toString()));
+    showNotice(
+        (m_sale.receipt() ? withoutPlugin : withoutReceipt).arg(action.value(QStringLiteral("text")).toString()));
     return EContext::GoOn;
 }
 
-QSharedPointer<ReceiptPosition> RegisterCommands::changeablePosition(const control::Action& action) const
+QSharedPointer<ReceiptPosition> RegisterCommands::chosenPosition(const control::Action& action) const
 {
-    const int number = action.value(QStringLiteral("positionNumber")).toInt();
-    const QSharedPointer<ReceiptPosition> position = m_sale.receipt() ? m_sale.receipt()->position(number) : nullptr;
-    if (!position) {
-        notice({QStringLiteral("positionNotChosen"), QStringLiteral("Сначала выберите позицию чека.")});
+    const QSharedPointer<Receipt> receipt = m_sale.receipt();
+    if (receipt->isCancelling()) {
+        showNotice({QStringLiteral("takeBackIsWhole"),
+                    QStringLiteral("Продажа возвращается целиком: позиции возврата не меняются.")});
         return nullptr;
     }
-    if (position->isBound()) {
-        notice(tr::Tr(QStringLiteral("positionBound"),
-                      QStringLiteral("Позиция № %1 отпускается по документу: её количество не меняется и "
-                                     "она не удаляется."))
-                   .arg(QString::number(number)));
-        return nullptr;
-    }
+    const auto position = receipt->position(action.value(QStringLiteral("positionNumber")).toInt());
+    if (!position)
+        showNotice({QStringLiteral("positionNotChosen"), QStringLiteral("Сначала выберите позицию чека.")});
     return position;
 }

@@ -17,13 +17,14 @@ ReceiptNumbers::ReceiptNumbers(const QString& folder)
 
 int ReceiptNumbers::next()
 {
-    const int number = last() + 1;
-    setLast(number);
-    return number;
+    m_last = std::max(m_last, last()) + 1; // also when the file cannot be written
+    setLast(m_last);
+    return m_last;
 }
 
 void ReceiptNumbers::pass(int number)
 {
+    m_last = std::max(m_last, number);
     if (number > last())
         setLast(number);
 }
@@ -39,7 +40,8 @@ int ReceiptNumbers::last() const
 void ReceiptNumbers::setLast(int number)
 {
     QSaveFile file(m_file);
-    if (!file.open(QIODevice::WriteOnly) || file.write(QByteArray::number(number)) < 0 || !file.commit())
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(QByteArray::number(number)) < 0 ||
+        !file.commit())
         Log4Qt::LogManager::logger(QStringLiteral("register"))
             ->error(QStringLiteral("The last receipt number was not saved: ") + file.errorString());
 }

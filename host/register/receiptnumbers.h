@@ -19,4 +19,5 @@ private:
     void setLast(int number);
 
     QString m_file;
+    int m_last = 0; ///< given or passed by this object
 };

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "receiptstore.h"
 
-#include "basicexception.h"
 #include "currenttime.h"
+#include "savedreceiptfile.h"
 #include "savetofilelogic.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonDocument>
-#include <QJsonParseError>
 
 namespace
 {
@@ -39,23 +37,8 @@ ReceiptStore::Loaded ReceiptStore::load() const
 {
     if (!QFileInfo::exists(m_file))
         return {};
-    QString damage;
-    QFile file(m_file);
-    if (!file.open(QIODevice::ReadOnly)) {
-        damage = file.errorString();
-    } else {
-        QJsonParseError error;
-        const QJsonDocument json = QJsonDocument::fromJson(file.readAll(), &error);
-        file.close();
-        if (json.isObject()) {
-            try {
-                return {Receipt::fromJson(json.object()), {}, {}};
-            } catch (const BasicException& wrong) {
-                damage = wrong.tr().ui();
-            }
-        } else {
-            damage = error.errorString();
-        }
-    }
-    return {{}, damage, setAside(m_file)};
+    const SavedReceiptFile saved = SavedReceiptFile::read(m_file);
+    if (saved.receipt)
+        return {saved.receipt, {}, {}};
+    return {{}, saved.damage, setAside(m_file)};
 }

@@ -14,9 +14,25 @@ inline constexpr auto openReceipt = static_cast<control::EActionType>(1001);
 inline constexpr auto addGoods = static_cast<control::EActionType>(1002);
 /// Asks for the packs of position "positionNumber".
 inline constexpr auto changeQuantity = static_cast<control::EActionType>(1003);
-/// Takes position "positionNumber" off the receipt, unless it belongs to a foreign paper.
-inline constexpr auto removePosition = static_cast<control::EActionType>(1005);
 /// Tells the cashier why the key of "text" does nothing now.
 inline constexpr auto explainKey = static_cast<control::EActionType>(1004);
+/// Cancels position "positionNumber" by action 202; asks first when it belongs to a foreign paper.
+inline constexpr auto removePosition = static_cast<control::EActionType>(1005);
+/// Asks whether to give the whole receipt up, and does it by the action of "by": 131 when absent.
+inline constexpr auto cancelReceipt = static_cast<control::EActionType>(1006);
+/// From the payment or the subtotal back to the positions.
+inline constexpr auto backToPositions = static_cast<control::EActionType>(1007);
+/// Closes the receipt that stands at its payment; "received" is the cash as the cashier typed it, in roubles.
+inline constexpr auto pay = static_cast<control::EActionType>(1008);
+/// Puts the receipt aside.
+inline constexpr auto putAside = static_cast<control::EActionType>(1009);
+/// Shows the documents put aside and finished.
+inline constexpr auto showDocuments = static_cast<control::EActionType>(1010);
+/// Takes a closed sale back: that of "number", else of the number that the cashier gives.
+inline constexpr auto takeBack = static_cast<control::EActionType>(1011);
+/// Annuls the document of "number", else of the number that the cashier gives, by action 224.
+inline constexpr auto annulByNumber = static_cast<control::EActionType>(1012);
+/// Shows the commands that have no key of their own.
+inline constexpr auto showMenu = static_cast<control::EActionType>(1013);
 
 } // namespace registeraction

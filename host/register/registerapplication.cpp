@@ -162,6 +162,10 @@ void RegisterApplication::openWindow()
     m_sale = std::make_unique<Sale>(m_commandLine.dataFolder);
     m_commands = std::make_unique<RegisterCommands>(*m_sale, m_catalogue);
     m_commands->offer(*controller);
+    m_printer = std::make_unique<ReceiptPrinter>(m_commandLine.dataFolder, m_marks);
+    m_sale->setPrinting([this](const Receipt& receipt) { m_printer->print(receipt); });
+    m_documentCommands = std::make_unique<DocumentCommands>(*m_sale, *m_printer);
+    m_documentCommands->offer(*controller);
     m_window = std::make_unique<RegisterWindow>(*m_sale, m_marks, configuredFunctionKeys(*config), m_longWork,
                                                 config->getString(QStringLiteral("Register:unlockCode")));
     gui->setStage(m_window.get());
@@ -181,6 +185,7 @@ void RegisterApplication::takeUpWork()
     m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
     tellPlugins();
     m_sale->restore(std::exchange(m_savedReceipt, {}));
+    m_printer->printInterrupted(m_sale->archive());
     try {
         m_catalogue.check();
     } catch (const BasicException& unreadable) {

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "commandline.h"
+#include "documentcommands.h"
 #include "goodscatalogue.h"
 #include "longwork.h"
 #include "messagecatalogues.h"
 #include "pluginhost.h"
 #include "positionmarks.h"
+#include "receiptprinter.h"
 #include "registercommands.h"
 #include "registerwindow.h"
 #include "sale.h"
@@ -51,7 +53,9 @@ private:
     PositionMarks m_marks;
     PluginHost m_plugins;
     std::unique_ptr<Sale> m_sale;
+    std::unique_ptr<ReceiptPrinter> m_printer;
     std::unique_ptr<RegisterCommands> m_commands;
+    std::unique_ptr<DocumentCommands> m_documentCommands;
     std::unique_ptr<RegisterWindow> m_window;
     std::unique_ptr<ScenarioPlayer> m_player;
 };

@@ -10,7 +10,7 @@
 
 #include <optional>
 
-/// What the register does for its actions: the receipt's and the goods'.
+/// What the register does with the open receipt: opening and cancelling, positions, goods, payment.
 class RegisterCommands
 {
 public:
@@ -26,8 +26,17 @@ private:
     EContext::Result changeQuantity(control::Action& action);
     EContext::Result removePosition(control::Action& action);
     EContext::Result stornoPosition(control::Action& action);
+    EContext::Result cancelReceipt(control::Action& action);
+    EContext::Result stornoAll(control::Action& action);
     EContext::Result explainKey(control::Action& action);
-    QSharedPointer<ReceiptPosition> changeablePosition(const control::Action& action) const;
+    QSharedPointer<ReceiptPosition> chosenPosition(const control::Action& action) const;
+
+    // paymentcommands.cpp
+    EContext::Result subtotal(control::Action& action);
+    EContext::Result subtotalAndPayment(control::Action& action);
+    EContext::Result backToPositions(control::Action& action);
+    EContext::Result pay(control::Action& action);
+    bool hasPositions() const;
 
     // goodscommands.cpp
     EContext::Result selectGoods(control::Action& action);

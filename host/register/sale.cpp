@@ -4,16 +4,16 @@
 #include "actionqueuecontroller.h"
 #include "activitynotifier.h"
 #include "currenttime.h"
-#include "dialog.h"
 #include "documentwatcher.h"
+#include "finally.h"
 #include "loyaltysystemlayer.h"
 
-#include <log4qt/logger.h>
-#include <log4qt/logmanager.h>
+#include <utility>
 
 Sale::Sale(const QString& dataFolder, QObject* parent)
     : QObject(parent)
     , m_store(dataFolder)
+    , m_archive(dataFolder)
     , m_numbers(dataFolder)
 {
     Singleton<LoyaltySystemLayer>::get()->setRecalculation([this](AbstractDocument&) { emit changed(); });
@@ -22,6 +22,11 @@ Sale::Sale(const QString& dataFolder, QObject* parent)
 Sale::~Sale()
 {
     Singleton<LoyaltySystemLayer>::get()->setRecalculation({});
+}
+
+void Sale::setPrinting(Printing printing)
+{
+    m_printing = std::move(printing);
 }
 
 void Sale::open()
@@ -37,6 +42,8 @@ void Sale::open()
 int Sale::add(const SelectedGoods& selected)
 {
     open();
+    if (m_receipt->isCancelling())
+        return 0;
     GoodsItem::Goods goods;
     goods.name = selected.goods.name;
     goods.price = selected.goods.price;
@@ -65,44 +72,32 @@ void Sale::remove(int positionNumber)
     recalculateAndSave();
 }
 
-void Sale::restore(const ReceiptStore::Loaded& loaded)
+void Sale::setPhase(Phase phase)
 {
-    if (!loaded.damage.isEmpty())
-        tellDamage(loaded);
-    if (!loaded.receipt)
+    if (!m_receipt || phase == m_phase)
         return;
-    m_numbers.pass(loaded.receipt->getNumber());
-    makeCurrent(loaded.receipt);
-    Event restored(EActivityListener::DocumentRestored);
-    restored.addArgument(QStringLiteral("document"),
-                         QVariant::fromValue(loaded.receipt.staticCast<AbstractDocument>()));
-    Singleton<ActivityNotifier>::get()->notify(restored);
+    m_phase = phase;
     emit changed();
+}
+
+void Sale::withCurrentDocument(const QSharedPointer<AbstractDocument>& document, const std::function<void()>& work)
+{
+    DocumentWatcher::setCurrentDocument(document);
+    const Finally back([this] { DocumentWatcher::setCurrentDocument(m_receipt); });
+    work();
 }
 
 void Sale::makeCurrent(const QSharedPointer<Receipt>& receipt)
 {
     m_receipt = receipt;
+    m_phase = Phase::Positions;
     DocumentWatcher::setCurrentDocument(receipt);
     Singleton<ActionQueueController>::get()->setContext(receipt ? EContext::OpenReceipt : EContext::Idle);
 }
 
 void Sale::recalculateAndSave()
 {
+    m_phase = Phase::Positions;
     Singleton<LoyaltySystemLayer>::get()->recalculate(m_receipt);
     m_store.save(m_receipt);
-}
-
-void Sale::tellDamage(const ReceiptStore::Loaded& loaded) const
-{
-    Log4Qt::LogManager::logger(QStringLiteral("register"))
-        ->error(QStringLiteral("The saved receipt is damaged: ") + loaded.damage + QStringLiteral("; set aside as ") +
-                loaded.setAside);
-    MockFactory<Dialog>::create()->showMessage(
-        tr::Tr(QStringLiteral("savedReceiptDamaged"),
-               QStringLiteral("Сохранённый чек повреждён и не восстановлен: %1\nФайл отложен: %2\n"
-                              "Сообщите администратору. Можно открыть новый чек."))
-            .arg(loaded.damage)
-            .arg(loaded.setAside),
-        Dialog::Error, 1, 0);
 }

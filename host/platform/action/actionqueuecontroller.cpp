@@ -130,12 +130,27 @@ EContext::Result ActionQueueController::execute(control::Action& action)
         if (self)
             self->leaveAction();
     });
-    const EContext::Result permission = runTriggersBefore(here, action);
-    if (permission != EContext::GoOn || !self)
+    const auto frame = m_hostFrames.find(action.getType());
+    if (frame == m_hostFrames.end())
+        return runCourse(here, action, handler);
+    return guarded([&, around = frame->second] {
+        return around(action, [&] { return self ? runCourse(here, action, handler) : EContext::Stop; });
+    });
+}
+
+EContext::Result ActionQueueController::runCourse(EContext::Code context, control::Action& action,
+                                                  const HostFunction& handler)
+{
+    const QPointer<ActionQueueController> self(this);
+    const EContext::Result permission = runTriggersBefore(context, action);
+    if (permission != EContext::GoOn || !self) {
+        if (self)
+            emit refused(action, permission);
         return permission;
+    }
     const EContext::Result outcome = guarded([&] { return handler(action); });
     if (self)
-        runTriggersAfter(here, action, outcome);
+        runTriggersAfter(context, action, outcome);
     return outcome;
 }
 
@@ -159,6 +174,11 @@ void ActionQueueController::setHostHandler(EContext::Code context, control::EAct
 void ActionQueueController::setHostHandler(control::EActionType type, HostFunction handler)
 {
     m_hostHandlers.insert_or_assign({std::nullopt, type}, std::move(handler));
+}
+
+void ActionQueueController::setHostFrame(control::EActionType type, HostFrame frame)
+{
+    m_hostFrames.insert_or_assign(type, std::move(frame));
 }
 
 void ActionQueueController::addHandler(const ActionHandler& handler)

@@ -57,6 +57,12 @@ public:
     void setHostHandler(EContext::Code context, control::EActionType type, HostFunction handler);
     void setHostHandler(control::EActionType type, HostFunction handler);
 
+    /// What the host does around the triggers and the handler of an action; it returns the action's outcome.
+    using HostFrame =
+        std::function<EContext::Result(control::Action&, const std::function<EContext::Result()>& course)>;
+    /// For the host: sets an action's frame, in any context. It is not asked when nobody handles the action.
+    void setHostFrame(control::EActionType type, HostFrame frame);
+
     /// For the host: takes a plug-in's handlers and triggers over. A host handler wins over a plug-in's; of two
     /// plug-ins' handlers for the same place the first one wins.
     void addHandler(const ActionHandler& handler);
@@ -72,6 +78,9 @@ public:
 signals:
     /// Nothing runs and nothing waits any more.
     void idle();
+    /// A trigger ended the action before its handler ran.
+    /// @param result what the trigger returned: EContext::Stop, EContext::NotFound …
+    void refused(const control::Action& action, EContext::Result result);
 
 private:
     /// The context may be "any".
@@ -83,11 +92,13 @@ private:
     HostFunction handlerOf(EContext::Code context, control::EActionType type) const;
     QList<ActionTrigger> triggersOf(ActionTrigger::Order order, EContext::Code context,
                                     control::EActionType type) const;
+    EContext::Result runCourse(EContext::Code context, control::Action& action, const HostFunction& handler);
     EContext::Result runTriggersBefore(EContext::Code context, const control::Action& action);
     void runTriggersAfter(EContext::Code context, const control::Action& action, EContext::Result outcome);
 
     QList<control::Action> m_queue;
     std::map<Place, HostFunction> m_hostHandlers;
+    std::map<control::EActionType, HostFrame> m_hostFrames;
     QList<ActionHandler> m_handlers;
     QList<ActionTrigger> m_triggers;
     EContext::Code m_context = EContext::Idle;

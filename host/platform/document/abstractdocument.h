@@ -41,7 +41,8 @@ public:
     virtual bool isClosed() const;
 
     /// The file within the data folder that the document is saved in, when its saver names none: that of the open
-    /// receipt. A document that is not the open receipt names a file of its own, so that it never replaces the receipt.
+    /// receipt. A document that is not the open receipt names a file of its own, perhaps in a subfolder, so that it
+    /// never replaces the receipt.
     virtual QString fileName() const;
 
     /// What a plug-in stored here under its own name; `def` when it stored nothing. Saved with the document.

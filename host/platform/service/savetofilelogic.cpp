@@ -13,6 +13,7 @@
 #include <QJsonDocument>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <cerrno>
 
 #include <fcntl.h>
@@ -57,14 +58,31 @@ QString replaceFile(const QString& path, const QByteArray& content)
     return file.commit() ? QString() : file.errorString();
 }
 
+/// A file name, or one in a subfolder.
+bool isWithinFolder(const QString& file)
+{
+    const QStringList names = file.split(QLatin1Char('/'));
+    return names.size() <= 2 && std::none_of(names.cbegin(), names.cend(), [](const QString& name) {
+               return name.isEmpty() || name == QLatin1String(".") || name == QLatin1String("..");
+           });
+}
+
 QString write(const AbstractDocument& document, const QString& folder, const QString& file)
 {
     if (folder.isEmpty())
         return tr::Tr(QStringLiteral("saveFolderNotConfigured"), QStringLiteral("в настройках нет Register:data")).ui();
-    if (!QFileInfo(folder).isDir() || QFileInfo(file).fileName() != file)
+    if (!QFileInfo(folder).isDir() || !isWithinFolder(file))
         return qt_error_string(ENOENT);
-    const QString failure = replaceFile(QDir(folder).filePath(file), QJsonDocument(document.toJson()).toJson());
-    return failure.isEmpty() ? syncFolder(folder) : failure;
+    const QString path = QDir(folder).filePath(file);
+    const QString subfolder = QFileInfo(path).path();
+    if (!QFileInfo(subfolder).isDir()) {
+        if (!QDir().mkdir(subfolder))
+            return qt_error_string(errno);
+        if (const QString failure = syncFolder(folder); !failure.isEmpty())
+            return failure;
+    }
+    const QString failure = replaceFile(path, QJsonDocument(document.toJson()).toJson());
+    return failure.isEmpty() ? syncFolder(subfolder) : failure;
 }
 
 } // namespace

@@ -24,7 +24,8 @@ public:
     /// temporary file, synced, renamed over the old one, and the folder synced.
     ///
     /// @param document null: nothing is written and the result is false
-    /// @param file a file name within the folder; empty: the document's own, AbstractDocument::fileName()
+    /// @param file a file name within the folder, or `subfolder/name`, whose subfolder is made where there is none;
+    ///        empty: the document's own, AbstractDocument::fileName()
     /// @return false when the file could not be written; the cashier has then been told, and the former file stands.
     ///         False too, after telling the cashier, when the new file stands but the folder could not be synced, so
     ///         that a power cut may bring the former file back.

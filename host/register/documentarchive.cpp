@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include "documentarchive.h"
+
+#include "basicexception.h"
+#include "savedreceiptfile.h"
+#include "savetofilelogic.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace
+{
+
+const QString putAside = QStringLiteral("putaside");
+const QString finished = QStringLiteral("finished");
+
+QString fileOf(const QString& place, int number)
+{
+    return place + QStringLiteral("/%1.json").arg(number, 8, 10, QLatin1Char('0'));
+}
+
+Log4Qt::Logger* log()
+{
+    return Log4Qt::LogManager::logger(QStringLiteral("register"));
+}
+
+} // namespace
+
+DocumentArchive::DocumentArchive(const QString& folder)
+    : m_folder(folder)
+{
+}
+
+bool DocumentArchive::move(const QSharedPointer<Receipt>& document, const Receipt::Ending& ending) const
+{
+    const QString formerFile = document->fileName();
+    const Receipt::Ending formerEnding = document->ending();
+    document->setEnding(ending);
+    if (!save(document)) {
+        document->setEnding(formerEnding);
+        return false;
+    }
+    if (document->fileName() != formerFile)
+        removeFile(formerFile);
+    return true;
+}
+
+bool DocumentArchive::save(const QSharedPointer<Receipt>& document) const
+{
+    return SaveToFileLogic::create()->save(document, {});
+}
+
+QSharedPointer<Receipt> DocumentArchive::find(int number) const
+{
+    const auto document = read(finished, number);
+    return document ? document : read(putAside, number);
+}
+
+bool DocumentArchive::isFinished(int number) const
+{
+    return QFileInfo::exists(QDir(m_folder).filePath(fileOf(finished, number)));
+}
+
+QList<QSharedPointer<Receipt>> DocumentArchive::latest(int limit) const
+{
+    QList<QSharedPointer<Receipt>> documents;
+    const auto add = [this, &documents](const QString& place, const QList<int>& numbers) {
+        for (const int number : numbers)
+            if (const auto document = read(place, number))
+                documents.append(document);
+    };
+    add(putAside, numbers(putAside));
+    QList<int> latestFinished = numbers(finished);
+    add(finished, latestFinished.mid(std::max<qsizetype>(0, latestFinished.size() - limit)));
+    std::sort(documents.begin(), documents.end(),
+              [](const auto& a, const auto& b) { return a->getNumber() > b->getNumber(); });
+    return documents;
+}
+
+int DocumentArchive::greatestNumber() const
+{
+    const QList<int> all = numbers(putAside) + numbers(finished);
+    return all.isEmpty() ? 0 : *std::max_element(all.cbegin(), all.cend());
+}
+
+bool DocumentArchive::isTakenBack(const Receipt& sale, const QSharedPointer<Receipt>& open) const
+{
+    const int taker = sale.getTakenBackBy();
+    if (taker == 0)
+        return false;
+    const bool isOpen = open && open->getNumber() == taker;
+    const QSharedPointer<Receipt> document = isOpen ? open : read(finished, taker);
+    return document && document->getTakesBack() == sale.getNumber() &&
+           (isOpen || document->getState() == Receipt::State::Closed);
+}
+
+QSharedPointer<Receipt> DocumentArchive::tidyUp(const QSharedPointer<Receipt>& open) const
+{
+    const bool finishedMeanwhile = open && isFinished(open->getNumber());
+    if (finishedMeanwhile)
+        removeFile(open->fileName());
+    for (const int number : numbers(putAside))
+        if (isFinished(number) || (open && number == open->getNumber()))
+            removeFile(fileOf(putAside, number));
+    return finishedMeanwhile ? nullptr : open;
+}
+
+/// Ascending.
+QList<int> DocumentArchive::numbers(const QString& place) const
+{
+    QList<int> found;
+    const QStringList files = QDir(QDir(m_folder).filePath(place)).entryList({QStringLiteral("*.json")}, QDir::Files);
+    for (const QString& file : files)
+        if (const int number = QFileInfo(file).completeBaseName().toInt(); number > 0 && fileOf(place, number).endsWith(QLatin1Char('/') + file))
+            found.append(number);
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+QSharedPointer<Receipt> DocumentArchive::read(const QString& place, int number) const
+{
+    const QString file = QDir(m_folder).filePath(fileOf(place, number));
+    if (!QFileInfo::exists(file))
+        return nullptr;
+    const SavedReceiptFile saved = SavedReceiptFile::read(file);
+    if (!saved.receipt)
+        log()->error(QStringLiteral("A saved document cannot be read: ") + file + QStringLiteral(": ") + saved.damage);
+    return saved.receipt;
+}
+
+void DocumentArchive::removeFile(const QString& file) const
+{
+    QFile former(QDir(m_folder).filePath(file));
+    if (former.exists() && !former.remove())
+        log()->warn(QStringLiteral("A document's former file could not be removed: ") + former.fileName() +
+                    QStringLiteral(": ") + former.errorString());
+}

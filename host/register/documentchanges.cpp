@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "activitynotifier.h"
+#include "currenttime.h"
+#include "dialog.h"
+#include "sale.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+namespace
+{
+QDateTime now()
+{
+    return CurrentTime::create()->current();
+}
+} // namespace
+
+void Sale::restore(const ReceiptStore::Loaded& loaded)
+{
+    if (!loaded.damage.isEmpty())
+        tellDamage(loaded);
+    m_numbers.pass(m_archive.greatestNumber());
+    if (loaded.receipt)
+        m_numbers.pass(loaded.receipt->getNumber());
+    const QSharedPointer<Receipt> open = m_archive.tidyUp(loaded.receipt);
+    if (!open)
+        return;
+    makeCurrent(open);
+    tellRestored();
+}
+
+bool Sale::close(Kopecks received)
+{
+    if (!m_receipt || received < m_receipt->getSum())
+        return false;
+    if (m_receipt->isCancelling() && !writeBackToSale(true))
+        return false;
+    return end(Receipt::State::Closed, received, EActivityListener::ReceiptClosed);
+}
+
+bool Sale::cancel()
+{
+    if (!m_receipt || (m_receipt->isCancelling() && !writeBackToSale(false)))
+        return false;
+    return end(Receipt::State::Cancelled, 0, EActivityListener::ReceiptCancelled);
+}
+
+bool Sale::putAside()
+{
+    if (!m_receipt || m_receipt->isCancelling() ||
+        !m_archive.move(m_receipt, {Receipt::State::PutAside, QDateTime(), 0}))
+        return false;
+    makeCurrent(nullptr);
+    emit changed();
+    return true;
+}
+
+bool Sale::takeUp(const QSharedPointer<Receipt>& document)
+{
+    if (m_receipt || !document || document->getState() != Receipt::State::PutAside ||
+        !m_archive.move(document, {Receipt::State::Open, QDateTime(), 0}))
+        return false;
+    makeCurrent(document);
+    tellRestored();
+    return true;
+}
+
+bool Sale::takeBack(const QSharedPointer<Receipt>& sale)
+{
+    if (m_receipt || !sale || sale->getType() != AbstractDocument::Sale ||
+        sale->getState() != Receipt::State::Closed || m_archive.isTakenBack(*sale, nullptr))
+        return false;
+    const QSharedPointer<Receipt> document = Receipt::cancelling(*sale, m_numbers.next(), now());
+    // First the sale: a cancelling document that the sale does not know of could be opened twice.
+    sale->setTakenBackBy(document->getNumber());
+    if (!m_archive.save(sale) || !m_store.save(document))
+        return false;
+    makeCurrent(document);
+    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::ReceiptOpened));
+    emit changed();
+    return true;
+}
+
+bool Sale::annul(const QSharedPointer<Receipt>& document)
+{
+    return m_archive.move(document, {Receipt::State::Annulled, now(), document->getReceived()});
+}
+
+bool Sale::end(Receipt::State state, Kopecks received, EActivityListener::Event event)
+{
+    if (!m_archive.move(m_receipt, {state, now(), received}))
+        return false;
+    if (state == Receipt::State::Closed && m_printing)
+        m_printing(*m_receipt);
+    Singleton<ActivityNotifier>::get()->notify(Event(event));
+    makeCurrent(nullptr);
+    emit changed();
+    return true;
+}
+
+/// What plug-ins did with the positions of the cancelling document holds for the sale too, even when the document is
+/// given up afterwards.
+bool Sale::writeBackToSale(bool takenBack) const
+{
+    const QSharedPointer<Receipt> sale = m_archive.find(m_receipt->getTakesBack());
+    if (!sale)
+        return true; // nothing to keep in step
+    sale->takeOverPluginData(*m_receipt);
+    sale->setTakenBackBy(takenBack ? m_receipt->getNumber() : 0);
+    return m_archive.save(sale);
+}
+
+void Sale::tellRestored()
+{
+    Event restored(EActivityListener::DocumentRestored);
+    restored.addArgument(QStringLiteral("document"), QVariant::fromValue(m_receipt.staticCast<AbstractDocument>()));
+    Singleton<ActivityNotifier>::get()->notify(restored);
+    emit changed();
+}
+
+void Sale::tellDamage(const ReceiptStore::Loaded& loaded) const
+{
+    Log4Qt::LogManager::logger(QStringLiteral("register"))
+        ->error(QStringLiteral("The saved receipt is damaged: ") + loaded.damage + QStringLiteral("; set aside as ") +
+                loaded.setAside);
+    MockFactory<Dialog>::create()->showMessage(
+        tr::Tr(QStringLiteral("savedReceiptDamaged"),
+               QStringLiteral("Сохранённый чек повреждён и не восстановлен: %1\nФайл отложен: %2\n"
+                              "Сообщите администратору. Можно открыть новый чек."))
+            .arg(loaded.damage)
+            .arg(loaded.setAside),
+        Dialog::Error, 1, 0);
+}

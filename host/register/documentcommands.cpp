@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+#include "documentcommands.h"
+
+#include "actionfactory.h"
+#include "basicdialog.h"
+#include "documentlistparams.h"
+#include "notice.h"
+#include "question.h"
+#include "registeraction.h"
+
+#include <optional>
+
+namespace
+{
+
+constexpr int latestShown = 500;
+
+/// The document number of the action, else what the cashier types; nothing when the cashier leaves.
+std::optional<int> documentNumber(const control::Action& action, const tr::Tr& title, const tr::Tr& message)
+{
+    if (const int given = action.value(QStringLiteral("number")).toInt(); given > 0)
+        return given;
+    TextInputParams params;
+    params.title = title;
+    params.message = message;
+    params.okText = tr::Tr(QStringLiteral("inputTextFormOkBtn"), QStringLiteral("ОК"));
+    params.cancelText = tr::Tr(QStringLiteral("inputTextFormCancelBtn"), QStringLiteral("Отмена"));
+    params.scanError = tr::Tr(QStringLiteral("inputTextFormScanError"),
+                              QStringLiteral("Ошибка разбора введенных данных, повторите сканирование"));
+    params.inputName = QStringLiteral("inputDocumentNumber");
+    params.mask = QStringLiteral("0*[1-9]\\d{0,7}");
+    params.numeric = true;
+    const core::BasicDialog::Result result = MockFactory<Dialog>::create()->showTextInput(params);
+    if (result.canceled() || result.isEmpty())
+        return std::nullopt;
+    return result.getData().toString().toInt();
+}
+
+tr::Tr noDocument(int number)
+{
+    return tr::Tr(QStringLiteral("documentNotFound"),
+                  QStringLiteral("Документа № %1 нет среди отложенных и завершённых.\nПроверьте номер."))
+        .arg(QString::number(number));
+}
+
+} // namespace
+
+DocumentCommands::DocumentCommands(Sale& sale, const ReceiptPrinter& printer)
+    : m_sale(sale)
+    , m_printer(printer)
+{
+}
+
+void DocumentCommands::offer(ActionQueueController& controller)
+{
+    controller.setHostHandler(EContext::OpenReceipt, registeraction::putAside,
+                              [this](control::Action&) { return putAside(); });
+    controller.setHostHandler(registeraction::showDocuments, [this](control::Action&) { return showDocuments(); });
+    controller.setHostHandler(registeraction::takeBack, [this](control::Action& action) { return takeBack(action); });
+    controller.setHostHandler(registeraction::annulByNumber,
+                              [this](control::Action& action) { return annulByNumber(action); });
+    // All of the annulment stands in its frame: the document is the current one and is saved whatever the triggers say.
+    controller.setHostHandler(control::AnnulDocument, [](control::Action&) { return EContext::GoOn; });
+    controller.setHostFrame(control::AnnulDocument,
+                            [this](control::Action& action, const auto& course) { return annulFrame(action, course); });
+}
+
+EContext::Result DocumentCommands::putAside()
+{
+    const QSharedPointer<Receipt> receipt = m_sale.receipt();
+    if (receipt->isCancelling()) {
+        showNotice({QStringLiteral("takeBackNotPutAside"),
+                    QStringLiteral("Возврат нельзя отложить: завершите его или отмените.")});
+        return EContext::Stop;
+    }
+    return m_sale.putAside() ? EContext::GoOn : EContext::Stop;
+}
+
+EContext::Result DocumentCommands::showDocuments()
+{
+    DocumentListParams params;
+    params.documents = [this] { return m_sale.archive().latest(latestShown); };
+    params.annul = [this](const auto& document) { annul(document); };
+    params.print = [this](const auto& document) { m_printer.print(*document); };
+    Event event(DocumentListParams::eventCode);
+    event.addArgument(QStringLiteral("params"), QVariant::fromValue(params));
+    const QVariantMap answer =
+        core::BasicDialog().show(false, true, {EInput::Keyboard, EInput::Scanner}, event).getData().toMap();
+    if (const int number = answer.value(QStringLiteral("takeUp")).toInt(); number > 0)
+        return takeUp(number);
+    if (const int number = answer.value(QStringLiteral("takeBack")).toInt(); number > 0) {
+        control::Action action = Singleton<control::ActionFactory>::get()->create(registeraction::takeBack);
+        action.insert(QStringLiteral("number"), number);
+        return takeBack(action);
+    }
+    return EContext::GoOn;
+}
+
+EContext::Result DocumentCommands::takeUp(int number)
+{
+    if (const QSharedPointer<Receipt> open = m_sale.receipt()) {
+        showNotice(tr::Tr(QStringLiteral("finishOpenReceiptFirst"),
+                          QStringLiteral("Сначала завершите или отложите открытый чек № %1."))
+                       .arg(QString::number(open->getNumber())));
+        return EContext::Stop;
+    }
+    return m_sale.takeUp(m_sale.archive().find(number)) ? EContext::GoOn : EContext::Stop;
+}
+
+EContext::Result DocumentCommands::takeBack(const control::Action& action)
+{
+    if (const QSharedPointer<Receipt> open = m_sale.receipt()) {
+        showNotice(tr::Tr(QStringLiteral("finishOpenReceiptFirst"),
+                          QStringLiteral("Сначала завершите или отложите открытый чек № %1."))
+                       .arg(QString::number(open->getNumber())));
+        return EContext::Stop;
+    }
+    const std::optional<int> number = documentNumber(
+        action, {QStringLiteral("takeBackTitle"), QStringLiteral("Возврат продажи")},
+        {QStringLiteral("takeBackMessage"), QStringLiteral("Номер чека, по которому возвращают товар")});
+    if (!number)
+        return EContext::Stop;
+    const QSharedPointer<Receipt> sale = m_sale.archive().find(*number);
+    if (!sale) {
+        showNotice(noDocument(*number));
+        return EContext::Stop;
+    }
+    if (sale->getType() != AbstractDocument::Sale || sale->getState() != Receipt::State::Closed) {
+        showNotice(tr::Tr(QStringLiteral("takeBackOnlyClosedSale"),
+                          QStringLiteral("Документ № %1 — не закрытая продажа, его нельзя вернуть."))
+                       .arg(QString::number(*number)));
+        return EContext::Stop;
+    }
+    if (m_sale.archive().isTakenBack(*sale, nullptr)) {
+        showNotice(tr::Tr(QStringLiteral("takenBackAlready"), QStringLiteral("Продажа № %1 уже возвращена чеком № %2."))
+                       .arg(QString::number(*number))
+                       .arg(QString::number(sale->getTakenBackBy())));
+        return EContext::Stop;
+    }
+    return m_sale.takeBack(sale) ? EContext::GoOn : EContext::Stop;
+}
+
+EContext::Result DocumentCommands::annulByNumber(const control::Action& action)
+{
+    const std::optional<int> number = documentNumber(
+        action, {QStringLiteral("annulTitle"), QStringLiteral("Аннулирование документа")},
+        {QStringLiteral("annulMessage"), QStringLiteral("Номер отложенного чека или закрытой продажи")});
+    if (!number)
+        return EContext::Stop;
+    const QSharedPointer<Receipt> document = m_sale.archive().find(*number);
+    if (!document) {
+        showNotice(noDocument(*number));
+        return EContext::Stop;
+    }
+    return annul(document);
+}
+
+EContext::Result DocumentCommands::annul(const QSharedPointer<Receipt>& document)
+{
+    const QString number = QString::number(document->getNumber());
+    if (!canAnnul(*document)) {
+        showNotice(tr::Tr(QStringLiteral("annulNotPossible"),
+                          QStringLiteral("Документ № %1 нельзя аннулировать: аннулируются отложенные чеки и "
+                                         "закрытые продажи, которые не возвращены."))
+                       .arg(number));
+        return EContext::Stop;
+    }
+    const bool paid = document->getState() == Receipt::State::Closed;
+    const Question question{
+        {QStringLiteral("annulTitle"), QStringLiteral("Аннулирование документа")},
+        (paid ? tr::Tr(QStringLiteral("annulSaleQuestion"),
+                       QStringLiteral("Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю."))
+              : tr::Tr(QStringLiteral("annulPutAsideQuestion"), QStringLiteral("Аннулировать отложенный чек № %1 на сумму %2?")))
+            .arg(number)
+            .arg(amountText(document->getSum())),
+        {QStringLiteral("annulYes"), QStringLiteral("Аннулировать")},
+        {QStringLiteral("questionNo"), QStringLiteral("Нет")},
+    };
+    if (!question.ask())
+        return EContext::Stop;
+    control::Action action = Singleton<control::ActionFactory>::get()->create(control::AnnulDocument);
+    action.insert(QStringLiteral("document"), QVariant::fromValue(document.staticCast<AbstractDocument>()));
+    return Singleton<ActionQueueController>::get()->execute(action);
+}
+
+EContext::Result DocumentCommands::annulFrame(const control::Action& action,
+                                              const std::function<EContext::Result()>& course)
+{
+    const auto document =
+        action.value(QStringLiteral("document")).value<QSharedPointer<AbstractDocument>>().dynamicCast<Receipt>();
+    if (!document || !canAnnul(*document))
+        return EContext::NotFound;
+    EContext::Result result = EContext::Stop;
+    m_sale.withCurrentDocument(document, [&] {
+        result = course();
+        if (result == EContext::GoOn)
+            result = m_sale.annul(document) ? EContext::GoOn : EContext::Stop;
+        else
+            m_sale.archive().save(document);
+    });
+    return result;
+}
+
+bool DocumentCommands::canAnnul(const Receipt& document) const
+{
+    switch (document.getState()) {
+    case Receipt::State::PutAside:
+        return true;
+    case Receipt::State::Closed:
+        return !document.isCancelling() && !m_sale.archive().isTakenBack(document, m_sale.receipt());
+    default:
+        return false;
+    }
+}

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "event.h"
+#include "receipt.h"
+
+#include <QList>
+#include <QMetaType>
+#include <QSharedPointer>
+
+#include <functional>
+
+/// What the list of documents shows and does.
+///
+/// Answers with "takeUp" or "takeBack", the number of the document; without either when the cashier leaves.
+struct DocumentListParams {
+    using Document = QSharedPointer<Receipt>;
+
+    std::function<QList<Document>()> documents; ///< asked again after each change
+    std::function<void(const Document&)> annul; ///< runs while the list is on top
+    std::function<void(const Document&)> print; ///< prints a copy of a closed document
+
+    /// The code of the event that shows the list; it carries these as "params".
+    static constexpr auto eventCode = static_cast<EActivityListener::Event>(1012);
+};
+
+Q_DECLARE_METATYPE(DocumentListParams)

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "notice.h"
+#include "registercommands.h"
+
+#include <QRegularExpression>
+
+namespace
+{
+
+/// Roubles as they are typed: up to eight digits and two decimals after a comma or point. Nothing for anything else.
+std::optional<Kopecks> typedAmount(const QString& text)
+{
+    static const QRegularExpression form(QStringLiteral("\\A(\\d{1,8})(?:[.,](\\d{0,2}))?\\z"));
+    const QRegularExpressionMatch match = form.match(text.trimmed());
+    if (!match.hasMatch())
+        return std::nullopt;
+    return match.captured(1).toLongLong() * 100 + match.captured(2).leftJustified(2, QLatin1Char('0')).toLongLong();
+}
+
+} // namespace
+
+EContext::Result RegisterCommands::subtotal(control::Action&)
+{
+    if (!hasPositions())
+        return EContext::Stop;
+    m_sale.setPhase(Sale::Phase::Subtotal);
+    return EContext::GoOn;
+}
+
+EContext::Result RegisterCommands::subtotalAndPayment(control::Action&)
+{
+    if (!hasPositions())
+        return EContext::Stop;
+    m_sale.setPhase(Sale::Phase::Payment);
+    return EContext::GoOn;
+}
+
+EContext::Result RegisterCommands::backToPositions(control::Action&)
+{
+    m_sale.setPhase(Sale::Phase::Positions);
+    return EContext::GoOn;
+}
+
+EContext::Result RegisterCommands::pay(control::Action& action)
+{
+    if (m_sale.phase() != Sale::Phase::Payment)
+        return EContext::Stop;
+    const Receipt& receipt = *m_sale.receipt();
+    const QString typed = action.value(QStringLiteral("received")).toString();
+    const std::optional<Kopecks> received =
+        receipt.isCancelling() || typed.trimmed().isEmpty() ? receipt.getSum() : typedAmount(typed);
+    if (!received) {
+        showNotice(tr::Tr(QStringLiteral("receivedUnreadable"),
+                          QStringLiteral("«%1» — не сумма.\nВведите полученные деньги, например 50 или 12,40."))
+                       .arg(typed));
+        return EContext::Stop;
+    }
+    if (*received < receipt.getSum()) {
+        showNotice(tr::Tr(QStringLiteral("receivedTooLittle"), QStringLiteral("Получено %1, а к оплате %2.\nНе хватает %3."))
+                       .arg(amountText(*received))
+                       .arg(amountText(receipt.getSum()))
+                       .arg(amountText(receipt.getSum() - *received)));
+        return EContext::Stop;
+    }
+    return m_sale.close(*received) ? EContext::GoOn : EContext::Stop;
+}
+
+bool RegisterCommands::hasPositions() const
+{
+    if (!m_sale.receipt()->positions().isEmpty())
+        return true;
+    showNotice({QStringLiteral("receiptEmpty"), QStringLiteral("В чеке нет позиций.\nДобавьте товар или отмените чек.")});
+    return false;
+}

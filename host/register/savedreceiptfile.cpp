@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#include "savedreceiptfile.h"
+
+#include "basicexception.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonParseError>
+
+SavedReceiptFile SavedReceiptFile::read(const QString& file)
+{
+    QFile saved(file);
+    if (!saved.open(QIODevice::ReadOnly))
+        return {nullptr, saved.errorString()};
+    QJsonParseError error;
+    const QJsonDocument json = QJsonDocument::fromJson(saved.readAll(), &error);
+    if (!json.isObject())
+        return {nullptr, error.errorString()};
+    try {
+        return {Receipt::fromJson(json.object()), {}};
+    } catch (const BasicException& wrong) {
+        return {nullptr, wrong.tr().ui()};
+    }
+}
