@@ -5,6 +5,7 @@
 #include "logcapture.h"
 #include "plaindocument.h"
 #include "shownmessages.h"
+#include "smalldisk.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,10 +13,6 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
-#include <csignal>
-
-#include <sys/resource.h>
 
 namespace
 {
@@ -65,30 +62,6 @@ class StoredDocument : public PlainDocument
 {
 public:
     QString fileName() const override { return QStringLiteral("stored-7.json"); }
-};
-
-/// No file of this process may grow beyond some bytes while it lives.
-class SmallDisk
-{
-public:
-    explicit SmallDisk(rlim_t bytes)
-        : m_formerHandler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_former);
-        const rlimit small{bytes, m_former.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SmallDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_former);
-        std::signal(SIGXFSZ, m_formerHandler);
-    }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
-
-private:
-    void (*m_formerHandler)(int);
-    rlimit m_former{};
 };
 
 } // namespace

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#include "fault.h"
+
+#include <gtest/gtest.h>
+
+using emulator::Endpoint;
+using emulator::FaultScript;
+using emulator::Occasion;
+using namespace std::chrono_literals;
+
+namespace
+{
+
+using Order = void (FaultScript::*)(Endpoint, Occasion);
+
+Fault plain(const char* name, Order order, Fault::Told told)
+{
+    return {name,
+            [order](FaultScript& faults, Endpoint endpoint, Occasion occasion) { (faults.*order)(endpoint, occasion); },
+            told};
+}
+
+Fault bareStatus(int status)
+{
+    return {"Status" + std::to_string(status),
+            [status](FaultScript& faults, Endpoint endpoint, Occasion occasion) {
+                faults.answerStatus(endpoint, status, occasion);
+            },
+            Fault::Told::Status, status};
+}
+
+QString reasonOf(int status)
+{
+    return QStringLiteral("Идут работы, «%1»").arg(status);
+}
+
+Fault explainedStatus(int status)
+{
+    return {"Issue" + std::to_string(status),
+            [status](FaultScript& faults, Endpoint endpoint, Occasion occasion) {
+                faults.answerIssue(endpoint, status, reasonOf(status), occasion);
+            },
+            Fault::Told::RegistrysText, status};
+}
+
+Fault body(const char* name, const QByteArray& body)
+{
+    return {name,
+            [body](FaultScript& faults, Endpoint endpoint, Occasion occasion) {
+                faults.answerBody(endpoint, body, occasion);
+            },
+            Fault::Told::OperationsOwn};
+}
+
+QString ownTextOf(Endpoint endpoint)
+{
+    switch (endpoint) {
+    case Endpoint::Token:
+        return QStringLiteral("Ошибка при получении токена для авторизации");
+    case Endpoint::DispenseRegistration:
+        return QStringLiteral("Ошибка при отпуске лекарственного препарата по рецепту");
+    default:
+        return QStringLiteral("Ошибка при отмене отпуска лекарственного препарата по рецепту");
+    }
+}
+
+std::vector<Fault> allWithoutEffect()
+{
+    using Told = Fault::Told;
+    std::vector<Fault> faults = {
+        plain("Close", &FaultScript::closeBeforeAnswer, Told::MayBeCarriedOut),
+        plain("Reset", &FaultScript::resetBeforeAnswer, Told::MayBeCarriedOut),
+        plain("Html", &FaultScript::answerHtml, Told::OperationsOwn),
+        plain("Empty", &FaultScript::answerNothing, Told::OperationsOwn),
+        body("EmptyObject", "{}"),
+        body("BundleWithoutEntries", R"({"resourceType": "Bundle", "entry": []})"),
+        body("EntryOfAnotherStatus",
+             R"({"resourceType": "Bundle", "entry": [{"transactionResponse": {"status": "POST:200"}}]})"),
+    };
+    for (const int status : {400, 401, 403, 404, 409, 500, 503}) {
+        faults.push_back(bareStatus(status));
+        faults.push_back(explainedStatus(status));
+    }
+    return faults;
+}
+
+} // namespace
+
+void order(const Fault& fault, const Pharmacy& pharmacy, Endpoint endpoint, Occasion occasion)
+{
+    pharmacy.order([&](FaultScript& faults) { fault.order(faults, endpoint, occasion); });
+}
+
+void PrintTo(const Fault& fault, std::ostream* stream)
+{
+    *stream << fault.name;
+}
+
+const std::vector<Fault>& faultsWithoutEffect()
+{
+    static const std::vector<Fault> faults = allWithoutEffect();
+    return faults;
+}
+
+const std::vector<Fault>& lostAnswers()
+{
+    using Told = Fault::Told;
+    static const std::vector<Fault> faults = {
+        plain("CutOff", &FaultScript::cutAnswerOff, Told::MayBeCarriedOut),
+        plain("CarriedOutThenClosed", &FaultScript::carryOutThenClose, Told::MayBeCarriedOut),
+        plain("CarriedOutThenReset", &FaultScript::carryOutThenReset, Told::MayBeCarriedOut),
+        plain("HalfOfJson", &FaultScript::answerHalfOfJson, Told::OperationsOwn),
+    };
+    return faults;
+}
+
+Fault lateAnswer()
+{
+    return {"Late", [](FaultScript& faults, Endpoint endpoint, Occasion occasion) {
+                faults.delay(endpoint, 1500ms, occasion);
+            }};
+}
+
+Fault drippingAnswer()
+{
+    return {"Dripping",
+            [](FaultScript& faults, Endpoint endpoint, Occasion occasion) { faults.drip(endpoint, 20ms, occasion); }};
+}
+
+Fault noAnswer()
+{
+    return plain("Never", &FaultScript::neverAnswer, Fault::Told::MayBeCarriedOut);
+}
+
+void expectToldOf(const Fault& fault, Endpoint endpoint, const QList<ShownMessages::Message>& told)
+{
+    ASSERT_EQ(told.size(), 1);
+    const auto& [text, kind, sound, seconds] = told.first();
+    EXPECT_EQ(kind, 1);
+    EXPECT_EQ(sound, 1);
+    EXPECT_EQ(seconds, 0);
+    const QString uncertain = QStringLiteral("Запрос мог быть выполнен: прежде чем повторять, проверьте");
+    EXPECT_EQ(text.contains(uncertain), fault.told == Fault::Told::MayBeCarriedOut) << text.toStdString();
+    switch (fault.told) {
+    case Fault::Told::RegistrysText:
+        EXPECT_EQ(text, reasonOf(fault.status));
+        break;
+    case Fault::Told::Status:
+        EXPECT_TRUE(text.contains(QStringLiteral("(ответ %1)").arg(fault.status))) << text.toStdString();
+        break;
+    case Fault::Told::OperationsOwn:
+        EXPECT_EQ(text, ownTextOf(endpoint));
+        break;
+    case Fault::Told::MayBeCarriedOut:
+        EXPECT_TRUE(text.contains(QStringLiteral("127.0.0.1"))) << text.toStdString();
+        break;
+    }
+}
+
+std::string nameOf(Endpoint endpoint)
+{
+    switch (endpoint) {
+    case Endpoint::Token:
+        return "Token";
+    case Endpoint::DispenseRegistration:
+        return "Registration";
+    default:
+        return "Cancellation";
+    }
+}

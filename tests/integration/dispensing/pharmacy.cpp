@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: MIT
+#include "pharmacy.h"
+
+#include "positionformat.h"
+#include "prescriptionposition.h"
+#include "prescriptionstatus.h"
+#include "savetofilelogic.h"
+#include "serveridentity.h"
+
+#include <QFile>
+#include <QJsonDocument>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+/// One authority for the whole program; made on first use.
+const TestAuthority& authority()
+{
+    static const TestAuthority theAuthority;
+    return theAuthority;
+}
+
+const ServerIdentity& identity()
+{
+    static const ServerIdentity theIdentity(authority());
+    return theIdentity;
+}
+
+struct Line {
+    const char* prescription;
+    GoodsItem::Goods goods;
+    QString options; ///< with blanks, so that a change of the text alone is seen
+};
+
+const Line& lineOf(int position)
+{
+    static const Line lines[] = {
+        {"rx-full",
+         {1, QStringLiteral("Амоксидар 500 мг"), 12.4, 0.0, 12.4, 1.0},
+         QStringLiteral(R"({ "id": "rx-full", "tradeNameCode": "1001", "organizationId": "", "sumFactor": 1,
+            "doseQuantity": 20, "finalDispense": true, "patientReference": "Patient/p-1", "patient": "Пробный П." })")},
+        {"rx-half",
+         {2, QStringLiteral("Метфолин 500 мг"), 5.0, 0.0, 10.0, 2.0},
+         QStringLiteral(R"({ "id": "rx-half", "tradeNameCode": "1003", "organizationId": "payer-1", "sumFactor": 0.5,
+            "doseQuantity": 10, "finalDispense": false, "patientReference": "Patient/p-1", "patient": "Пробный П." })")},
+        {"rx-free",
+         {3, QStringLiteral("Парацидол 500 мг"), 0.0, 0.0, 3.35, 3.0},
+         QStringLiteral(R"({ "id": "rx-free", "tradeNameCode": "1002", "organizationId": "payer-1", "sumFactor": 0,
+            "doseQuantity": 5, "finalDispense": false, "patientReference": "Patient/p-1", "patient": "Пробный П." })")},
+    };
+    return lines[position - 1];
+}
+
+QSharedPointer<SmallReceipt> receiptOfThree()
+{
+    const auto receipt = QSharedPointer<SmallReceipt>::create();
+    for (const int number : everyPosition) {
+        const auto position = QSharedPointer<GoodsItem>::create(lineOf(number).goods);
+        position->setTag(positionformat::tag);
+        position->setSoftCheckId(lineOf(number).prescription);
+        position->setExtendedOptions(lineOf(number).options);
+        receipt->positions.append(position);
+    }
+    return receipt;
+}
+
+emulator::EmulatorSettings settingsOver(Pharmacy::Over over)
+{
+    emulator::EmulatorSettings settings;
+    if (over == Pharmacy::Over::Https) {
+        settings.tlsCertificate = identity().certificateFile();
+        settings.tlsKey = identity().keyFile();
+    }
+    return settings;
+}
+
+QMap<QString, QString> configuration(const QString& registry, const QString& dataFolder, int timeoutSeconds)
+{
+    return {
+        {QStringLiteral("Register:data"), dataFolder},
+        {QStringLiteral("ElectronicPrescription:requestsUrl"), registry},
+        {QStringLiteral("ElectronicPrescription:authorizationUrl"), registry},
+        {QStringLiteral("ElectronicPrescription:timeout"), QString::number(timeoutSeconds)},
+        {QStringLiteral("ElectronicPrescription:clientId"), QStringLiteral("pharmacy")},
+        {QStringLiteral("ElectronicPrescription:clientSecret"), QStringLiteral("s&c+ret")},
+        {QStringLiteral("ElectronicPrescription:scope"), QStringLiteral("dispense")},
+        {QStringLiteral("ElectronicPrescription:organizationIdentifier"), QStringLiteral("17")},
+        {QStringLiteral("ElectronicPrescription:organizationName"), QStringLiteral("Аптека № 17")},
+        {QStringLiteral("ElectronicPrescription:organizationAddress"), QStringLiteral("ул. Лесная, 1")},
+        {QStringLiteral("ElectronicPrescription:oais"), QStringLiteral("oais-token")},
+    };
+}
+
+QJsonObject asJson(const QString& text)
+{
+    return QJsonDocument::fromJson(text.toUtf8()).object();
+}
+
+} // namespace
+
+class Pharmacy::Listener : public BaseActivityListener
+{
+public:
+    explicit Listener(Pharmacy& pharmacy)
+        : m_pharmacy(pharmacy)
+    {
+    }
+    void handleEvent(const Event& event) override
+    {
+        const qsizetype messages = m_pharmacy.m_messages.all().size() - m_pharmacy.m_messagesTaken;
+        m_pharmacy.m_heard.append({event.getCode(), messages});
+    }
+
+private:
+    Pharmacy& m_pharmacy;
+};
+
+Pharmacy::Pharmacy(Over over, int timeoutSeconds)
+    : m_registry(settingsOver(over), QStringLiteral(TEST_SEED))
+    , m_config(configuration(m_registry.url().toString(), dataFolder.path(), timeoutSeconds))
+    , m_formerNotifier(Singleton<ActivityNotifier>::instance)
+    , m_listener(std::make_unique<Listener>(*this))
+    , m_receipt(receiptOfThree())
+{
+    if (over == Over::Https)
+        m_config.set(QStringLiteral("RestClient:caFile"), authority().certificateFile());
+    Singleton<ActivityNotifier>::instance = &m_notifier;
+    m_notifier.subscribe(m_listener.get());
+    DocumentWatcher::setCurrentDocument(m_receipt);
+    m_service.emplace();
+}
+
+Pharmacy::~Pharmacy()
+{
+    DocumentWatcher::setCurrentDocument(nullptr);
+    Singleton<ActivityNotifier>::instance = m_formerNotifier;
+}
+
+EContext::Result Pharmacy::subtotal()
+{
+    return m_service->beforeSubtotal(control::Action(control::Subtotal));
+}
+
+EContext::Result Pharmacy::stornoAll()
+{
+    return m_service->beforeStornoAll(control::Action(control::StornoAll));
+}
+
+EContext::Result Pharmacy::storno(int position)
+{
+    control::Action action(control::StornoPosition);
+    action.insert(QStringLiteral("positionNumber"), position);
+    return m_service->cancelElectronicPrescriptionByAction(action);
+}
+
+void Pharmacy::takeOff(int position)
+{
+    m_receipt->positions.removeOne(m_receipt->getPosition(position));
+}
+
+QStringList Pharmacy::options() const
+{
+    QStringList all;
+    for (const auto& position : m_receipt->positions)
+        all.append(position->getExtendedOptions());
+    return all;
+}
+
+QJsonObject Pharmacy::optionsOf(int position) const
+{
+    return readPositionOptions(*m_receipt->getPosition(position));
+}
+
+void Pharmacy::setOptions(int position, const QString& options)
+{
+    m_receipt->getPosition(position)->setExtendedOptions(options);
+}
+
+QJsonObject Pharmacy::savedReceipt() const
+{
+    QFile file(dataFolder.filePath(SaveToFileLogic::currentReceiptFile));
+    return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+}
+
+QString Pharmacy::prescriptionOf(int position)
+{
+    return lineOf(position).prescription;
+}
+
+QList<emulator::Dispense> Pharmacy::dispensesOf(int position) const
+{
+    const QString prescription = prescriptionOf(position);
+    return m_registry.ask([&](auto& registry) { return registry.store().dispensesOf(prescription); });
+}
+
+QString Pharmacy::statusOfPrescription(int position) const
+{
+    const QString prescription = prescriptionOf(position);
+    return m_registry.ask([&](auto& registry) { return registry.store().prescription(prescription)->status; });
+}
+
+void Pharmacy::order(const std::function<void(emulator::FaultScript&)>& order) const
+{
+    m_registry.ask([&](auto& registry) { order(registry.faults()); });
+}
+
+QList<emulator::JournalEntry> Pharmacy::requests() const
+{
+    return m_registry.ask([](auto& registry) { return registry.journal().entries(); });
+}
+
+qsizetype Pharmacy::asked(emulator::Endpoint endpoint) const
+{
+    return m_registry.ask([endpoint](auto& registry) { return registry.journal().count(endpoint); });
+}
+
+void Pharmacy::forgetRequests() const
+{
+    m_registry.ask([](auto& registry) { registry.journal().clear(); });
+}
+
+QList<ShownMessages::Message> Pharmacy::takeTold()
+{
+    const QList<ShownMessages::Message> told = m_messages.all().mid(m_messagesTaken);
+    m_messagesTaken = m_messages.all().size();
+    return told;
+}
+
+QList<Pharmacy::Heard> Pharmacy::takeHeard()
+{
+    return std::exchange(m_heard, {});
+}
+
+void expectRegistered(const Pharmacy& pharmacy, int position)
+{
+    const auto dispenses = pharmacy.dispensesOf(position);
+    ASSERT_EQ(dispenses.size(), 1) << "position " << position;
+    EXPECT_FALSE(dispenses[0].isCancelled) << "position " << position;
+    EXPECT_FALSE(dispenses[0].id.isEmpty());
+    QJsonObject registered = asJson(lineOf(position).options);
+    registered[positionformat::medicationDispenseId] = dispenses[0].id;
+    registered[positionformat::status] = positionformat::dispensed;
+    EXPECT_EQ(pharmacy.optionsOf(position), registered) << "position " << position;
+}
+
+void expectCancelled(const Pharmacy& pharmacy, int position)
+{
+    const auto dispenses = pharmacy.dispensesOf(position);
+    ASSERT_EQ(dispenses.size(), 1) << "position " << position;
+    EXPECT_TRUE(dispenses[0].isCancelled) << "position " << position;
+    EXPECT_EQ(pharmacy.statusOfPrescription(position), emulator::prescriptionstatus::active);
+    QJsonObject cancelled = asJson(lineOf(position).options);
+    cancelled[positionformat::medicationDispenseId] = dispenses[0].id;
+    cancelled[positionformat::status] = positionformat::canceled;
+    EXPECT_EQ(pharmacy.optionsOf(position), cancelled) << "position " << position;
+}

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#include "fault.h"
+#include "positionformat.h"
+#include "prescriptionstatus.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <gtest/gtest.h>
+
+using emulator::Endpoint;
+
+namespace
+{
+
+using namespace emulator::prescriptionstatus;
+
+TEST(Registration, subtotal_registersCompleteAndPartialDispensesAndSaves)
+{
+    Pharmacy pharmacy;
+    EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
+
+    for (const int position : everyPosition)
+        expectRegistered(pharmacy, position);
+    const emulator::Dispense complete = pharmacy.dispensesOf(1)[0];
+    EXPECT_EQ(complete.quantity, 20.0);
+    EXPECT_TRUE(complete.isFinal);
+    EXPECT_EQ(complete.pharmacy, QStringLiteral("17"));
+    EXPECT_EQ(pharmacy.statusOfPrescription(1), completed);
+    const emulator::Dispense partial = pharmacy.dispensesOf(2)[0];
+    EXPECT_EQ(partial.quantity, 10.0);
+    EXPECT_FALSE(partial.isFinal);
+    EXPECT_EQ(pharmacy.statusOfPrescription(2), active);
+    EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
+    EXPECT_TRUE(pharmacy.takeTold().isEmpty());
+    EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
+}
+
+TEST(Registration, claim_comesExactlyWhenSomebodyElsePaysAPart)
+{
+    Pharmacy pharmacy;
+    EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
+
+    const auto claimedFor = [&](int position) {
+        const auto dispenses = pharmacy.dispensesOf(position);
+        const QByteArray claim = dispenses.isEmpty() ? QByteArray() : dispenses[0].claim;
+        return QJsonDocument::fromJson(claim).object()[QLatin1StringView("item")][0];
+    };
+    EXPECT_TRUE(pharmacy.dispensesOf(1)[0].claim.isEmpty());
+    const QJsonValue half = claimedFor(2);
+    EXPECT_EQ(half[QLatin1StringView("unitPrice")][QLatin1StringView("value")].toDouble(), 20.0);
+    EXPECT_EQ(half[QLatin1StringView("factor")].toDouble(), 0.5);
+    EXPECT_EQ(half[QLatin1StringView("net")][QLatin1StringView("value")].toDouble(), 10.0);
+    const QJsonValue all = claimedFor(3);
+    EXPECT_EQ(all[QLatin1StringView("unitPrice")][QLatin1StringView("value")].toDouble(), 10.05);
+    EXPECT_EQ(all[QLatin1StringView("factor")].toDouble(), 1.0);
+    EXPECT_EQ(all[QLatin1StringView("net")][QLatin1StringView("value")].toDouble(), 10.05);
+}
+
+TEST(Registration, secondSubtotal_asksTheRegistryForNothing)
+{
+    Pharmacy pharmacy;
+    ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
+    pharmacy.forgetRequests();
+    const QStringList registered = pharmacy.options();
+    EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
+    EXPECT_TRUE(pharmacy.requests().isEmpty());
+    EXPECT_EQ(pharmacy.options(), registered);
+}
+
+TEST(Registration, storno_givesThePrescriptionsBackAndTheyAreRegisteredAgainUnderNewIds)
+{
+    Pharmacy pharmacy;
+    ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
+    EXPECT_EQ(pharmacy.stornoAll(), EContext::GoOn);
+    for (const int position : everyPosition)
+        expectCancelled(pharmacy, position);
+    EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
+
+    EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
+    for (const int position : everyPosition) {
+        const auto dispenses = pharmacy.dispensesOf(position);
+        ASSERT_EQ(dispenses.size(), 2);
+        EXPECT_TRUE(dispenses[0].isCancelled);
+        EXPECT_FALSE(dispenses[1].isCancelled);
+        EXPECT_NE(dispenses[1].id, dispenses[0].id);
+        EXPECT_EQ(pharmacy.optionsOf(position)[positionformat::medicationDispenseId].toString(), dispenses[1].id);
+        EXPECT_EQ(pharmacy.optionsOf(position)[positionformat::status].toString(), positionformat::dispensed);
+    }
+    EXPECT_EQ(pharmacy.statusOfPrescription(1), completed);
+    EXPECT_TRUE(pharmacy.takeTold().isEmpty());
+}
+
+TEST(Registration, stornoOfOnePosition_cancelsItsDispenseAloneAndSaves)
+{
+    Pharmacy pharmacy;
+    ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
+    EXPECT_EQ(pharmacy.storno(2), EContext::GoOn);
+    expectRegistered(pharmacy, 1);
+    expectCancelled(pharmacy, 2);
+    expectRegistered(pharmacy, 3);
+    EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
+}
+
+TEST(Registration, secondStorno_asksTheRegistryForNothing)
+{
+    Pharmacy pharmacy;
+    ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
+    ASSERT_EQ(pharmacy.stornoAll(), EContext::GoOn);
+    pharmacy.forgetRequests();
+    EXPECT_EQ(pharmacy.stornoAll(), EContext::GoOn);
+    EXPECT_TRUE(pharmacy.requests().isEmpty());
+}
+
+// A receipt that was restored from before its cancellation, for example.
+TEST(Registration, dispenseThatTheRegistryHasCancelledAlready_isRefusedAndTheStornoStops)
+{
+    Pharmacy pharmacy;
+    ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
+    const QStringList registered = pharmacy.options();
+    ASSERT_EQ(pharmacy.storno(2), EContext::GoOn);
+    pharmacy.setOptions(2, registered[1]);
+
+    EXPECT_EQ(pharmacy.storno(2), EContext::Stop);
+    const auto told = pharmacy.takeTold();
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_EQ(told[0].text, QStringLiteral("Отпуск %1 уже отменён").arg(pharmacy.dispensesOf(2)[0].id));
+    EXPECT_EQ(told[0].kind, 1);
+    EXPECT_EQ(pharmacy.options(), registered);
+}
+
+} // namespace

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "pharmacy.h"
+#include "smalldisk.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <sys/fsuid.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+/// Nobody may make a file in the folder while it lives, not even root: this thread goes to the disk as somebody else.
+class ReadOnlyFolder
+{
+public:
+    explicit ReadOnlyFolder(const QString& path)
+        : m_path(QFile::encodeName(path))
+    {
+        ::chmod(m_path.constData(), S_IRUSR | S_IXUSR | S_IRGRP | S_IXGRP | S_IROTH | S_IXOTH);
+        if (::geteuid() == 0)
+            ::setfsuid(nobody);
+    }
+    ~ReadOnlyFolder()
+    {
+        ::setfsuid(::geteuid());
+        ::chmod(m_path.constData(), S_IRWXU);
+    }
+    ReadOnlyFolder(const ReadOnlyFolder&) = delete;
+    ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
+
+private:
+    static constexpr uid_t nobody = 65534;
+    QByteArray m_path;
+};
+
+class SavingTest : public testing::Test
+{
+protected:
+    /// The first position is registered and saved, the others are due.
+    SavingTest()
+    {
+        pharmacy.order([](emulator::FaultScript& faults) {
+            faults.answerStatus(emulator::Endpoint::DispenseRegistration, 503, emulator::Occasion::nth(2));
+        });
+        EXPECT_EQ(pharmacy.subtotal(), EContext::Stop);
+        EXPECT_EQ(pharmacy.takeTold().size(), 1);
+        former = pharmacy.savedReceipt();
+        EXPECT_EQ(former, pharmacy.receiptAsJson());
+    }
+
+    /// The subtotal went on: both positions are registered, each failed save was told, and the former file stands
+    /// alone.
+    void expectRegisteredAndToldTwice()
+    {
+        for (const int position : everyPosition)
+            expectRegistered(pharmacy, position);
+        const auto told = pharmacy.takeTold();
+        ASSERT_EQ(told.size(), 2);
+        for (const auto& message : told) {
+            EXPECT_EQ(message.kind, 1);
+            EXPECT_TRUE(message.text.contains(QStringLiteral("Документ не сохранён на диск, в силе прежняя запись")));
+            EXPECT_TRUE(message.text.contains(pharmacy.dataFolder.path())) << message.text.toStdString();
+        }
+        EXPECT_EQ(pharmacy.savedReceipt(), former);
+        EXPECT_EQ(QDir(pharmacy.dataFolder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+    }
+
+    Pharmacy pharmacy;
+    QJsonObject former;
+};
+
+TEST_F(SavingTest, diskFullAfterRegistration_isToldTheFormerFileStandsAndTheNextSaveHoldsAll)
+{
+    {
+        const SmallDisk smallDisk(512);
+        EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
+    }
+    expectRegisteredAndToldTwice();
+
+    EXPECT_EQ(pharmacy.storno(3), EContext::GoOn);
+    EXPECT_TRUE(pharmacy.takeTold().isEmpty());
+    EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
+}
+
+TEST_F(SavingTest, readOnlyFolderAfterRegistration_isToldAndTheFormerFileStands)
+{
+    {
+        const ReadOnlyFolder readOnlyFolder(pharmacy.dataFolder.path());
+        EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
+    }
+    expectRegisteredAndToldTwice();
+}
+
+TEST_F(SavingTest, diskFullAfterCancellation_isToldAndTheFormerFileStands)
+{
+    {
+        const SmallDisk smallDisk(512);
+        EXPECT_EQ(pharmacy.storno(1), EContext::GoOn);
+    }
+    expectCancelled(pharmacy, 1);
+    EXPECT_EQ(pharmacy.takeTold().size(), 1);
+    EXPECT_EQ(pharmacy.savedReceipt(), former);
+}
+
+} // namespace

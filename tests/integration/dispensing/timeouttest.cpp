@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "fault.h"
+
+#include <gtest/gtest.h>
+
+using emulator::Endpoint;
+using emulator::Occasion;
+
+namespace
+{
+
+constexpr int shortestTimeout = 1;
+
+TEST(TimeoutAtSubtotal, registryTakesTheRequestAndNeverAnswers_nextSubtotalFinishes)
+{
+    for (const Endpoint endpoint : {Endpoint::Token, Endpoint::DispenseRegistration}) {
+        Pharmacy pharmacy(Pharmacy::Over::Http, shortestTimeout);
+        const QStringList due = pharmacy.options();
+        order(noAnswer(), pharmacy, endpoint, Occasion::nth(2));
+
+        EXPECT_EQ(pharmacy.subtotal(), EContext::Stop);
+        expectToldOf(noAnswer(), endpoint, pharmacy.takeTold());
+        EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
+        expectRegistered(pharmacy, 1);
+        EXPECT_EQ(pharmacy.options().mid(1), due.mid(1));
+
+        EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
+        EXPECT_TRUE(pharmacy.takeTold().isEmpty());
+        for (const int position : everyPosition)
+            expectRegistered(pharmacy, position);
+    }
+}
+
+TEST(TimeoutAtSubtotal, answerComesTooLateOrTooSlowly_isGivenUpThoughTheRegistryHasBooked)
+{
+    for (const Fault& fault : {lateAnswer(), drippingAnswer()}) {
+        Pharmacy pharmacy(Pharmacy::Over::Https, shortestTimeout);
+        const QStringList due = pharmacy.options();
+        order(fault, pharmacy, Endpoint::DispenseRegistration, Occasion::nth(2));
+
+        EXPECT_EQ(pharmacy.subtotal(), EContext::Stop) << fault.name;
+        expectToldOf(fault, Endpoint::DispenseRegistration, pharmacy.takeTold());
+        EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
+        expectRegistered(pharmacy, 1);
+        EXPECT_EQ(pharmacy.options().mid(1), due.mid(1));
+        EXPECT_EQ(pharmacy.dispensesOf(2).size(), 1);
+        EXPECT_EQ(pharmacy.asked(Endpoint::DispenseRegistration), 2);
+    }
+}
+
+TEST(TimeoutAtStorno, registryTakesTheRequestAndNeverAnswers_nextStornoFinishes)
+{
+    Pharmacy pharmacy(Pharmacy::Over::Http, shortestTimeout);
+    ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
+    const QStringList registered = pharmacy.options();
+    pharmacy.takeHeard();
+    order(noAnswer(), pharmacy, Endpoint::DispenseCancellation, Occasion::nth(2));
+
+    EXPECT_EQ(pharmacy.stornoAll(), EContext::Stop);
+    expectToldOf(noAnswer(), Endpoint::DispenseCancellation, pharmacy.takeTold());
+    EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 1}}));
+    expectCancelled(pharmacy, 1);
+    EXPECT_EQ(pharmacy.options().mid(1), registered.mid(1));
+
+    EXPECT_EQ(pharmacy.stornoAll(), EContext::GoOn);
+    for (const int position : everyPosition)
+        expectCancelled(pharmacy, position);
+}
+
+} // namespace
