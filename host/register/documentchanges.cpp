@@ -48,7 +48,7 @@ bool Sale::cancel()
 bool Sale::putAside()
 {
     if (!m_receipt || m_receipt->isCancelling() ||
-        !m_archive.move(m_receipt, {Receipt::State::PutAside, QDateTime(), 0}))
+        !m_archive.move(m_receipt, {.state = Receipt::State::PutAside}))
         return false;
     makeCurrent(nullptr);
     emit changed();
@@ -58,7 +58,7 @@ bool Sale::putAside()
 bool Sale::takeUp(const QSharedPointer<Receipt>& document)
 {
     if (m_receipt || !document || document->getState() != Receipt::State::PutAside ||
-        !m_archive.move(document, {Receipt::State::Open, QDateTime(), 0}))
+        !m_archive.move(document, {.state = Receipt::State::Open}))
         return false;
     makeCurrent(document);
     tellRestored();
@@ -83,12 +83,17 @@ bool Sale::takeBack(const QSharedPointer<Receipt>& sale)
 
 bool Sale::annul(const QSharedPointer<Receipt>& document)
 {
-    return m_archive.move(document, {Receipt::State::Annulled, now(), document->getReceived()});
+    Receipt::Ending ending = document->ending();
+    ending.state = Receipt::State::Annulled;
+    ending.annulled = now();
+    if (!ending.finished.isValid())
+        ending.finished = ending.annulled;
+    return m_archive.move(document, ending);
 }
 
 bool Sale::end(Receipt::State state, Kopecks received, EActivityListener::Event event)
 {
-    if (!m_archive.move(m_receipt, {state, now(), received}))
+    if (!m_archive.move(m_receipt, {.state = state, .finished = now(), .received = received}))
         return false;
     if (state == Receipt::State::Closed && m_printing)
         m_printing(*m_receipt);

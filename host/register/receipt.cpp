@@ -59,6 +59,12 @@ QDateTime readTime(const QJsonObject& saved, const QString& name)
     return time;
 }
 
+void insertTime(QJsonObject& saved, const QString& name, const QDateTime& time)
+{
+    if (time.isValid())
+        saved.insert(name, time.toString(Qt::ISODate));
+}
+
 double roubles(Kopecks amount)
 {
     return static_cast<double>(amount) / 100.0;
@@ -94,13 +100,13 @@ QSharedPointer<ReceiptPosition> Receipt::position(int number) const
 
 bool Receipt::isClosed() const
 {
-    return m_state == State::Closed || m_state == State::Cancelled || m_state == State::Annulled;
+    return m_ending.state != State::Open && m_ending.state != State::PutAside;
 }
 
 QString Receipt::fileName() const
 {
     const QString file = QStringLiteral("%1.json").arg(m_number, 8, 10, QLatin1Char('0'));
-    switch (m_state) {
+    switch (m_ending.state) {
     case State::Open:
         return AbstractDocument::fileName();
     case State::PutAside:
@@ -128,13 +134,6 @@ void Receipt::remove(int number)
     m_positions.removeIf([number](const auto& position) { return position->getNumber() == number; });
 }
 
-void Receipt::setEnding(const Ending& ending)
-{
-    m_state = ending.state;
-    m_finished = ending.finished;
-    m_received = ending.received;
-}
-
 void Receipt::takeOverPluginData(const Receipt& other)
 {
     for (const QSharedPointer<ReceiptPosition>& source : other.m_positions) {
@@ -155,11 +154,11 @@ QJsonObject Receipt::toJson() const
     saved.insert(QStringLiteral("opened"), m_opened.toString(Qt::ISODate));
     saved.insert(QStringLiteral("nextPosition"), m_nextPosition);
     saved.insert(QStringLiteral("sum"), roubles(getSum()));
-    saved.insert(QStringLiteral("state"), word(m_state));
-    if (m_finished.isValid())
-        saved.insert(QStringLiteral("finished"), m_finished.toString(Qt::ISODate));
-    if (m_state == State::Closed || m_received > 0)
-        saved.insert(QStringLiteral("received"), roubles(m_received));
+    saved.insert(QStringLiteral("state"), word(m_ending.state));
+    insertTime(saved, QStringLiteral("finished"), m_ending.finished);
+    insertTime(saved, QStringLiteral("annulled"), m_ending.annulled);
+    if (m_ending.state == State::Closed || m_ending.received > 0)
+        saved.insert(QStringLiteral("received"), roubles(m_ending.received));
     if (m_takesBack > 0)
         saved.insert(QStringLiteral("takesBack"), m_takesBack);
     if (m_takenBackBy > 0)
@@ -175,11 +174,14 @@ QSharedPointer<Receipt> Receipt::fromJson(const QJsonObject& saved)
     auto receipt = QSharedPointer<Receipt>::create(savedmember::positiveInteger(saved, QStringLiteral("number")),
                                                    readTime(saved, QStringLiteral("opened")));
     receipt->m_type = readType(saved);
-    receipt->m_state = readState(saved);
+    Ending& ending = receipt->m_ending;
+    ending.state = readState(saved);
     if (receipt->isClosed())
-        receipt->m_finished = readTime(saved, QStringLiteral("finished"));
+        ending.finished = readTime(saved, QStringLiteral("finished"));
+    if (ending.state == State::Annulled)
+        ending.annulled = readTime(saved, QStringLiteral("annulled"));
     if (saved.contains(QLatin1String("received")))
-        receipt->m_received = kopecks(savedmember::number(saved, QStringLiteral("received")));
+        ending.received = kopecks(savedmember::number(saved, QStringLiteral("received")));
     if (receipt->isCancelling())
         receipt->m_takesBack = savedmember::positiveInteger(saved, QStringLiteral("takesBack"));
     if (saved.contains(QLatin1String("takenBackBy")))

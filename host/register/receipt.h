@@ -41,19 +41,21 @@ public:
     /// The position with that number; null when there is none.
     QSharedPointer<ReceiptPosition> position(int number) const;
 
-    State getState() const { return m_state; }
+    State getState() const { return m_ending.state; }
     /// Closed, cancelled or annulled.
     bool isClosed() const override;
     /// receipt.json while it is open; `putaside/<number>.json` or `finished/<number>.json` afterwards.
     QString fileName() const override;
-    /// When it was closed, cancelled or annulled; invalid before.
-    QDateTime getFinished() const { return m_finished; }
+    /// When it was closed or cancelled, or annulled without having been closed; invalid before.
+    QDateTime getFinished() const { return m_ending.finished; }
+    /// When it was annulled; invalid when it was not.
+    QDateTime getAnnulled() const { return m_ending.annulled; }
 
     /// The sum of all positions, each rounded to kopecks.
     Kopecks getSum() const;
     /// Cash that the customer gave, 0 before the receipt is closed; of a cancelling document: what was paid out.
-    Kopecks getReceived() const { return m_received; }
-    Kopecks getChange() const { return isCancelling() ? 0 : m_received - getSum(); }
+    Kopecks getReceived() const { return m_ending.received; }
+    Kopecks getChange() const { return isCancelling() ? 0 : m_ending.received - getSum(); }
 
     /// The number of the sale that this document takes back; 0: none.
     int getTakesBack() const { return m_takesBack; }
@@ -69,11 +71,12 @@ public:
     /// What a document's end changes.
     struct Ending {
         State state = State::Open;
-        QDateTime finished;
+        QDateTime finished = {};
+        QDateTime annulled = {};
         Kopecks received = 0;
     };
-    Ending ending() const { return {m_state, m_finished, m_received}; }
-    void setEnding(const Ending& ending);
+    const Ending& ending() const { return m_ending; }
+    void setEnding(const Ending& ending) { m_ending = ending; }
 
     /// Writes what plug-ins have put on the positions of `other` onto the positions of the same numbers.
     void takeOverPluginData(const Receipt& other);
@@ -91,9 +94,7 @@ private:
     int m_number;
     QDateTime m_opened;
     Type m_type = Sale;
-    State m_state = State::Open;
-    QDateTime m_finished;
-    Kopecks m_received = 0;
+    Ending m_ending;
     int m_takesBack = 0;
     int m_takenBackBy = 0;
     int m_nextPosition = 1;
