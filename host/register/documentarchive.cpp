@@ -117,7 +117,8 @@ QList<int> DocumentArchive::numbers(const QString& place) const
     QList<int> found;
     const QStringList files = QDir(QDir(m_folder).filePath(place)).entryList({QStringLiteral("*.json")}, QDir::Files);
     for (const QString& file : files)
-        if (const int number = QFileInfo(file).completeBaseName().toInt(); number > 0 && fileOf(place, number).endsWith(QLatin1Char('/') + file))
+        if (const int number = QFileInfo(file).completeBaseName().toInt();
+            number > 0 && fileOf(place, number).endsWith(QLatin1Char('/') + file))
             found.append(number);
     std::sort(found.begin(), found.end());
     return found;

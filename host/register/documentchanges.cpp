@@ -47,8 +47,7 @@ bool Sale::cancel()
 
 bool Sale::putAside()
 {
-    if (!m_receipt || m_receipt->isCancelling() ||
-        !m_archive.move(m_receipt, {.state = Receipt::State::PutAside}))
+    if (!m_receipt || m_receipt->isCancelling() || !m_archive.move(m_receipt, {.state = Receipt::State::PutAside}))
         return false;
     makeCurrent(nullptr);
     emit changed();
@@ -67,8 +66,8 @@ bool Sale::takeUp(const QSharedPointer<Receipt>& document)
 
 bool Sale::takeBack(const QSharedPointer<Receipt>& sale)
 {
-    if (m_receipt || !sale || sale->getType() != AbstractDocument::Sale ||
-        sale->getState() != Receipt::State::Closed || m_archive.isTakenBack(*sale, nullptr))
+    if (m_receipt || !sale || sale->getType() != AbstractDocument::Sale || sale->getState() != Receipt::State::Closed ||
+        m_archive.isTakenBack(*sale, nullptr))
         return false;
     const QSharedPointer<Receipt> document = Receipt::cancelling(*sale, m_numbers.next(), now());
     // First the sale: a cancelling document that the sale does not know of could be opened twice.

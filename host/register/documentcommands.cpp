@@ -115,9 +115,9 @@ EContext::Result DocumentCommands::takeBack(const control::Action& action)
                        .arg(QString::number(open->getNumber())));
         return EContext::Stop;
     }
-    const std::optional<int> number = documentNumber(
-        action, {QStringLiteral("takeBackTitle"), QStringLiteral("Возврат продажи")},
-        {QStringLiteral("takeBackMessage"), QStringLiteral("Номер чека, по которому возвращают товар")});
+    const std::optional<int> number =
+        documentNumber(action, {QStringLiteral("takeBackTitle"), QStringLiteral("Возврат продажи")},
+                       {QStringLiteral("takeBackMessage"), QStringLiteral("Номер чека, по которому возвращают товар")});
     if (!number)
         return EContext::Stop;
     const QSharedPointer<Receipt> sale = m_sale.archive().find(*number);
@@ -142,9 +142,9 @@ EContext::Result DocumentCommands::takeBack(const control::Action& action)
 
 EContext::Result DocumentCommands::annulByNumber(const control::Action& action)
 {
-    const std::optional<int> number = documentNumber(
-        action, {QStringLiteral("annulTitle"), QStringLiteral("Аннулирование документа")},
-        {QStringLiteral("annulMessage"), QStringLiteral("Номер отложенного чека или закрытой продажи")});
+    const std::optional<int> number =
+        documentNumber(action, {QStringLiteral("annulTitle"), QStringLiteral("Аннулирование документа")},
+                       {QStringLiteral("annulMessage"), QStringLiteral("Номер отложенного чека или закрытой продажи")});
     if (!number)
         return EContext::Stop;
     const QSharedPointer<Receipt> document = m_sale.archive().find(*number);
@@ -170,7 +170,8 @@ EContext::Result DocumentCommands::annul(const QSharedPointer<Receipt>& document
         {QStringLiteral("annulTitle"), QStringLiteral("Аннулирование документа")},
         (paid ? tr::Tr(QStringLiteral("annulSaleQuestion"),
                        QStringLiteral("Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю."))
-              : tr::Tr(QStringLiteral("annulPutAsideQuestion"), QStringLiteral("Аннулировать отложенный чек № %1 на сумму %2?")))
+              : tr::Tr(QStringLiteral("annulPutAsideQuestion"),
+                       QStringLiteral("Аннулировать отложенный чек № %1 на сумму %2?")))
             .arg(number)
             .arg(amountText(document->getSum())),
         {QStringLiteral("annulYes"), QStringLiteral("Аннулировать")},

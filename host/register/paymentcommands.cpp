@@ -56,10 +56,11 @@ EContext::Result RegisterCommands::pay(control::Action& action)
         return EContext::Stop;
     }
     if (*received < receipt.getSum()) {
-        showNotice(tr::Tr(QStringLiteral("receivedTooLittle"), QStringLiteral("Получено %1, а к оплате %2.\nНе хватает %3."))
-                       .arg(amountText(*received))
-                       .arg(amountText(receipt.getSum()))
-                       .arg(amountText(receipt.getSum() - *received)));
+        showNotice(
+            tr::Tr(QStringLiteral("receivedTooLittle"), QStringLiteral("Получено %1, а к оплате %2.\nНе хватает %3."))
+                .arg(amountText(*received))
+                .arg(amountText(receipt.getSum()))
+                .arg(amountText(receipt.getSum() - *received)));
         return EContext::Stop;
     }
     return m_sale.close(*received) ? EContext::GoOn : EContext::Stop;
@@ -69,6 +70,7 @@ bool RegisterCommands::hasPositions() const
 {
     if (!m_sale.receipt()->positions().isEmpty())
         return true;
-    showNotice({QStringLiteral("receiptEmpty"), QStringLiteral("В чеке нет позиций.\nДобавьте товар или отмените чек.")});
+    showNotice(
+        {QStringLiteral("receiptEmpty"), QStringLiteral("В чеке нет позиций.\nДобавьте товар или отмените чек.")});
     return false;
 }
