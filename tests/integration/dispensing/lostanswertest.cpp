@@ -66,8 +66,7 @@ TEST_P(LostRegistration, positionTakenOffTheReceipt_letsTheOthersBeRegistered)
     EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
     expectRegistered(pharmacy, 2);
     expectRegistered(pharmacy, 3);
-    ASSERT_EQ(pharmacy.dispensesOf(1).size(), 1);
-    EXPECT_FALSE(pharmacy.dispensesOf(1)[0].isCancelled);
+    EXPECT_FALSE(pharmacy.onlyDispenseOf(1).isCancelled);
 }
 
 TEST_P(LostRegistration, partialDispense_isBookedOnceMoreByTheRepetition)
@@ -104,8 +103,7 @@ TEST_P(LostCancellation, subtotalAfterwards_goesOnThoughTheRegistryHoldsNoDispen
     EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
     EXPECT_TRUE(pharmacy.requests().isEmpty());
     EXPECT_TRUE(pharmacy.takeTold().isEmpty());
-    ASSERT_EQ(pharmacy.dispensesOf(2).size(), 1);
-    EXPECT_TRUE(pharmacy.dispensesOf(2)[0].isCancelled);
+    EXPECT_TRUE(pharmacy.onlyDispenseOf(2).isCancelled);
     EXPECT_EQ(pharmacy.optionsOf(2)[positionformat::status].toString(), positionformat::dispensed);
 }
 
@@ -116,10 +114,9 @@ TEST_P(LostCancellation, dispense_isCancelledAndEveryRepetitionRefused)
     order(fault(), pharmacy, Endpoint::DispenseCancellation, Occasion::nth(2));
     EXPECT_EQ(pharmacy.stornoAll(), EContext::Stop);
     expectToldOf(fault(), Endpoint::DispenseCancellation, pharmacy.takeTold());
-    ASSERT_EQ(pharmacy.dispensesOf(2).size(), 1);
-    EXPECT_TRUE(pharmacy.dispensesOf(2)[0].isCancelled);
+    EXPECT_TRUE(pharmacy.onlyDispenseOf(2).isCancelled);
 
-    const QString refusal = QStringLiteral("Отпуск %1 уже отменён").arg(pharmacy.dispensesOf(2)[0].id);
+    const QString refusal = QStringLiteral("Отпуск %1 уже отменён").arg(pharmacy.onlyDispenseOf(2).id);
     EXPECT_EQ(pharmacy.stornoAll(), EContext::Stop);
     expectTold(pharmacy.takeTold(), refusal);
     EXPECT_EQ(pharmacy.storno(2), EContext::Stop);

@@ -195,6 +195,13 @@ QList<emulator::Dispense> Pharmacy::dispensesOf(int position) const
     return m_registry.ask([&](auto& registry) { return registry.store().dispensesOf(prescription); });
 }
 
+emulator::Dispense Pharmacy::onlyDispenseOf(int position) const
+{
+    const QList<emulator::Dispense> dispenses = dispensesOf(position);
+    EXPECT_EQ(dispenses.size(), 1) << "position " << position;
+    return dispenses.value(0);
+}
+
 QString Pharmacy::statusOfPrescription(int position) const
 {
     const QString prescription = prescriptionOf(position);
@@ -235,24 +242,22 @@ QList<Pharmacy::Heard> Pharmacy::takeHeard()
 
 void expectRegistered(const Pharmacy& pharmacy, int position)
 {
-    const auto dispenses = pharmacy.dispensesOf(position);
-    ASSERT_EQ(dispenses.size(), 1) << "position " << position;
-    EXPECT_FALSE(dispenses[0].isCancelled) << "position " << position;
-    EXPECT_FALSE(dispenses[0].id.isEmpty());
+    const emulator::Dispense dispense = pharmacy.onlyDispenseOf(position);
+    EXPECT_FALSE(dispense.isCancelled) << "position " << position;
+    EXPECT_FALSE(dispense.id.isEmpty());
     QJsonObject registered = asJson(lineOf(position).options);
-    registered[positionformat::medicationDispenseId] = dispenses[0].id;
+    registered[positionformat::medicationDispenseId] = dispense.id;
     registered[positionformat::status] = positionformat::dispensed;
     EXPECT_EQ(pharmacy.optionsOf(position), registered) << "position " << position;
 }
 
 void expectCancelled(const Pharmacy& pharmacy, int position)
 {
-    const auto dispenses = pharmacy.dispensesOf(position);
-    ASSERT_EQ(dispenses.size(), 1) << "position " << position;
-    EXPECT_TRUE(dispenses[0].isCancelled) << "position " << position;
+    const emulator::Dispense dispense = pharmacy.onlyDispenseOf(position);
+    EXPECT_TRUE(dispense.isCancelled) << "position " << position;
     EXPECT_EQ(pharmacy.statusOfPrescription(position), emulator::prescriptionstatus::active);
     QJsonObject cancelled = asJson(lineOf(position).options);
-    cancelled[positionformat::medicationDispenseId] = dispenses[0].id;
+    cancelled[positionformat::medicationDispenseId] = dispense.id;
     cancelled[positionformat::status] = positionformat::canceled;
     EXPECT_EQ(pharmacy.optionsOf(position), cancelled) << "position " << position;
 }

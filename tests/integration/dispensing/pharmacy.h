@@ -60,6 +60,8 @@ public:
     static QString prescriptionOf(int position);
     /// Every dispense of a position's prescription that the registry has booked, cancelled ones included.
     QList<emulator::Dispense> dispensesOf(int position) const;
+    /// The one among them; fails the test when there is none or another.
+    emulator::Dispense onlyDispenseOf(int position) const;
     QString statusOfPrescription(int position) const;
 
     /// Orders something of the registry that goes wrong.

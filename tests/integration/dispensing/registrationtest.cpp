@@ -22,12 +22,12 @@ TEST(Registration, subtotal_registersCompleteAndPartialDispensesAndSaves)
 
     for (const int position : everyPosition)
         expectRegistered(pharmacy, position);
-    const emulator::Dispense complete = pharmacy.dispensesOf(1)[0];
+    const emulator::Dispense complete = pharmacy.onlyDispenseOf(1);
     EXPECT_EQ(complete.quantity, 20.0);
     EXPECT_TRUE(complete.isFinal);
     EXPECT_EQ(complete.pharmacy, QStringLiteral("17"));
     EXPECT_EQ(pharmacy.statusOfPrescription(1), completed);
-    const emulator::Dispense partial = pharmacy.dispensesOf(2)[0];
+    const emulator::Dispense partial = pharmacy.onlyDispenseOf(2);
     EXPECT_EQ(partial.quantity, 10.0);
     EXPECT_FALSE(partial.isFinal);
     EXPECT_EQ(pharmacy.statusOfPrescription(2), active);
@@ -42,11 +42,10 @@ TEST(Registration, claim_comesExactlyWhenSomebodyElsePaysAPart)
     EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
 
     const auto claimedFor = [&](int position) {
-        const auto dispenses = pharmacy.dispensesOf(position);
-        const QByteArray claim = dispenses.isEmpty() ? QByteArray() : dispenses[0].claim;
+        const QByteArray claim = pharmacy.onlyDispenseOf(position).claim;
         return QJsonDocument::fromJson(claim).object()[QLatin1StringView("item")][0];
     };
-    EXPECT_TRUE(pharmacy.dispensesOf(1)[0].claim.isEmpty());
+    EXPECT_TRUE(pharmacy.onlyDispenseOf(1).claim.isEmpty());
     const QJsonValue half = claimedFor(2);
     EXPECT_EQ(half[QLatin1StringView("unitPrice")][QLatin1StringView("value")].toDouble(), 20.0);
     EXPECT_EQ(half[QLatin1StringView("factor")].toDouble(), 0.5);
@@ -124,7 +123,7 @@ TEST(Registration, dispenseThatTheRegistryHasCancelledAlready_isRefusedAndTheSto
     EXPECT_EQ(pharmacy.storno(2), EContext::Stop);
     const auto told = pharmacy.takeTold();
     ASSERT_EQ(told.size(), 1);
-    EXPECT_EQ(told[0].text, QStringLiteral("Отпуск %1 уже отменён").arg(pharmacy.dispensesOf(2)[0].id));
+    EXPECT_EQ(told[0].text, QStringLiteral("Отпуск %1 уже отменён").arg(pharmacy.onlyDispenseOf(2).id));
     EXPECT_EQ(told[0].kind, 1);
     EXPECT_EQ(pharmacy.options(), registered);
 }

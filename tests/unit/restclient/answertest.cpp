@@ -117,7 +117,9 @@ INSTANTIATE_TEST_SUITE_P(
                     StatusCase{503, "restClientStatusUnavailable", "restClientStatusUnavailable"},
                     StatusCase{504, "restClientStatusServerError", "restClientStatusGatewayUncertain"},
                     StatusCase{599, "restClientStatusServerError", "restClientStatusServerError"}),
-    [](const testing::TestParamInfo<StatusCase>& instance) { return std::to_string(instance.param.status); });
+    [](const testing::TestParamInfo<StatusCase>& instance) {
+        return "Status" + std::to_string(instance.param.status);
+    });
 
 TEST(RestClientAnswer, failedStatusWithHtmlOrNothing_answerIsNull)
 {
