@@ -1,20 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "wrappedlabel.h"
 
+#include <QHelpEvent>
 #include <QPainter>
-#include <QTextLayout>
+#include <QToolTip>
 #include <QtMath>
+
+#include <memory>
 
 namespace
 {
 
 /// Lines longer than this are hard to read, and wider than the narrowest dialog.
 constexpr int widestLine = 640;
+/// A scroll area tries one width after another until its scroll bar fits; those widths are not to be forgotten.
+constexpr int rememberedWidths = 64;
+constexpr int longestToolTip = 1000;
 
 } // namespace
 
 WrappedLabel::WrappedLabel(QWidget* parent)
     : QLabel(parent)
+    , m_lines(rememberedWidths)
 {
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
@@ -23,15 +30,13 @@ WrappedLabel::WrappedLabel(QWidget* parent)
 
 int WrappedLabel::heightForWidth(int width) const
 {
-    QTextLayout layout;
     const QSize frame = frameRoom();
-    return qCeil(layOut(layout, width - frame.width()).height()) + frame.height();
+    return qCeil(lines(width - frame.width()).size.height()) + frame.height();
 }
 
 QSize WrappedLabel::sizeHint() const
 {
-    QTextLayout layout;
-    const QSizeF text = layOut(layout, widestLine);
+    const QSizeF text = lines(widestLine).size;
     return QSize(qCeil(text.width()), qCeil(text.height())) + frameRoom();
 }
 
@@ -40,34 +45,89 @@ QSize WrappedLabel::minimumSizeHint() const
     return QSize(fontMetrics().averageCharWidth(), fontMetrics().lineSpacing()) + frameRoom();
 }
 
+bool WrappedLabel::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
+        return QLabel::event(event);
+    const Lines& broken = lines(textRoom().width());
+    const bool isCut = linesWithRoom(broken) < broken.layout.lineCount();
+    const QString whole = isCut ? text().left(longestToolTip) : QString();
+    // As rich text a long line is wrapped.
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       whole.isEmpty() ? QString() : "<qt>" + whole.toHtmlEscaped() + "</qt>", this);
+    return true;
+}
+
 void WrappedLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     drawFrame(&painter);
-    const QRect room = contentsRect().marginsRemoved(QMargins(margin(), margin(), margin(), margin()));
-    QTextLayout layout;
-    layOut(layout, room.width());
     painter.setPen(palette().color(isEnabled() ? QPalette::Normal : QPalette::Disabled, foregroundRole()));
-    layout.draw(&painter, room.topLeft());
+    const Lines& broken = lines(textRoom().width());
+    const int shown = linesWithRoom(broken);
+    if (shown == broken.layout.lineCount()) {
+        broken.layout.draw(&painter, textRoom().topLeft());
+        return;
+    }
+    for (int line = 0; line < shown - 1; ++line)
+        broken.layout.lineAt(line).draw(&painter, textRoom().topLeft());
+    drawLastLine(painter, broken.layout.lineAt(shown - 1));
 }
 
-QSizeF WrappedLabel::layOut(QTextLayout& layout, qreal width) const
+void WrappedLabel::drawLastLine(QPainter& painter, const QTextLine& line) const
 {
-    QTextOption option(Qt::AlignLeft);
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout.setTextOption(option);
-    layout.setFont(font());
-    layout.setText(text().replace(u'\n', QChar::LineSeparator));
+    const QRect room = textRoom();
+    const QString ellipsis = QStringLiteral("…");
+    const QString text = m_brokenText.mid(line.textStart(), line.textLength()).trimmed() + ellipsis;
+    const QString shown = fontMetrics().elidedText(text, Qt::ElideRight, room.width());
+    painter.drawText(QPointF(room.left(), room.top() + line.y() + line.ascent()), shown);
+}
 
+QSizeF WrappedLabel::breakIntoLines(QTextLayout& layout, int width) const
+{
     QSizeF size(0, 0);
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(qMax(width, 1.0));
+        line.setLineWidth(qMax(width, 1));
         line.setPosition({0, size.height()});
         size = {qMax(size.width(), line.naturalTextWidth()), size.height() + line.height()};
     }
     layout.endLayout();
     return size;
+}
+
+const WrappedLabel::Lines& WrappedLabel::lines(int width) const
+{
+    if (m_brokenText != text() || m_brokenFont != font()) {
+        m_lines.clear();
+        m_brokenText = text();
+        m_brokenFont = font();
+    }
+    if (const Lines* known = m_lines.object(width))
+        return *known;
+
+    auto broken = std::make_unique<Lines>();
+    QTextOption option(Qt::AlignLeft);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    broken->layout.setTextOption(option);
+    broken->layout.setFont(m_brokenFont);
+    broken->layout.setText(QString(m_brokenText).replace(u'\n', QChar::LineSeparator));
+    broken->size = breakIntoLines(broken->layout, width);
+    m_lines.insert(width, broken.release());
+    return *m_lines.object(width);
+}
+
+int WrappedLabel::linesWithRoom(const Lines& lines) const
+{
+    int count = lines.layout.lineCount();
+    while (count > 1 && qFloor(lines.layout.lineAt(count - 1).rect().bottom()) > textRoom().height())
+        --count;
+    return count;
+}
+
+QRect WrappedLabel::textRoom() const
+{
+    return contentsRect().marginsRemoved(QMargins(margin(), margin(), margin(), margin()));
 }
 
 QSize WrappedLabel::frameRoom() const

@@ -3,12 +3,13 @@
 
 #include "export.h"
 
+#include <QCache>
 #include <QLabel>
-
-class QTextLayout;
+#include <QTextLayout>
 
 /// A label for foreign plain text of any length: it wraps anywhere when a word is wider than the label, so that no text
-/// widens a window. As high as its text; where that may be too high, it stands in a QScrollArea.
+/// widens a window. As high as its text; where that may be too high, it stands in a QScrollArea. A text that is higher
+/// than the label may become ends in an ellipsis, and the whole of it is in the tool tip.
 class REGISTERPLATFORM_EXPORT WrappedLabel : public QLabel
 {
     Q_OBJECT
@@ -21,10 +22,26 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
+    /// Breaks the text of the layout into lines of that width; returns the size that they take. Costs time with long
+    /// words: once for each text, font and width.
+    virtual QSizeF breakIntoLines(QTextLayout& layout, int width) const;
+
 private:
-    /// Breaks the text into lines of that width; returns the size that they take.
-    QSizeF layOut(QTextLayout& layout, qreal width) const;
+    struct Lines {
+        QTextLayout layout;
+        QSizeF size;
+    };
+    const Lines& lines(int width) const;
+    /// How many lines have room; at least one.
+    int linesWithRoom(const Lines& lines) const;
+    void drawLastLine(QPainter& painter, const QTextLine& line) const;
+    QRect textRoom() const;
     QSize frameRoom() const;
+
+    mutable QCache<int, Lines> m_lines; // by width
+    mutable QString m_brokenText;       // what m_lines holds
+    mutable QFont m_brokenFont;
 };

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "wrappedlabel.h"
 
+#include <QCoreApplication>
+#include <QHelpEvent>
+#include <QToolTip>
+
 #include <gmock/gmock.h>
 
 namespace
@@ -51,6 +55,77 @@ TEST(WrappedLabelTest, painted_theTextIsThere)
     const QImage with = label.grab().toImage();
     label.setText("");
     EXPECT_NE(with, label.grab().toImage());
+}
+
+/// Counts how often its text is broken into lines.
+class CountingLabel : public WrappedLabel
+{
+public:
+    mutable int broken = 0;
+
+protected:
+    QSizeF breakIntoLines(QTextLayout& layout, int width) const override
+    {
+        ++broken;
+        return WrappedLabel::breakIntoLines(layout, width);
+    }
+};
+
+TEST(WrappedLabelTest, askedAndPaintedAgain_theTextIsBrokenOnceForEachWidth)
+{
+    CountingLabel label;
+    label.setText(QString(10000, u'Ж'));
+    label.resize(600, 100);
+    for (int again = 0; again < 3; ++again) {
+        label.heightForWidth(600);
+        label.grab();
+        label.heightForWidth(500);
+    }
+    EXPECT_EQ(label.broken, 2);
+}
+
+TEST(WrappedLabelTest, anotherTextOrFont_isBrokenAnew)
+{
+    CountingLabel label;
+    label.setText("а\nб");
+    const int twoLines = label.heightForWidth(600);
+    label.setText("а");
+    EXPECT_LT(label.heightForWidth(600), twoLines);
+    QFont large = label.font();
+    large.setPointSize(3 * large.pointSize());
+    label.setFont(large);
+    EXPECT_GT(label.heightForWidth(600), twoLines);
+    EXPECT_EQ(label.broken, 3);
+}
+
+QString toolTipOf(WrappedLabel& label)
+{
+    QToolTip::hideText();
+    QHelpEvent help(QEvent::ToolTip, {5, 5}, label.mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(&label, &help);
+    return QToolTip::text();
+}
+
+TEST(WrappedLabelTest, textHigherThanItsRoom_endsInAnEllipsisAndIsWholeInTheToolTip)
+{
+    WrappedLabel label;
+    label.setText("первая\nвторая\n<третья>");
+    WrappedLabel expected;
+    expected.setText("первая\nвторая…");
+    for (WrappedLabel* one : {&label, &expected})
+        one->resize(300, expected.heightForWidth(300));
+    label.show();
+    EXPECT_EQ(label.grab().toImage(), expected.grab().toImage());
+    EXPECT_EQ(toolTipOf(label), "<qt>первая\nвторая\n&lt;третья&gt;</qt>");
+}
+
+TEST(WrappedLabelTest, textThatHasItsRoom_isWholeAndHasNoToolTip)
+{
+    WrappedLabel label;
+    label.setText("первая\nвторая");
+    label.resize(300, label.heightForWidth(300));
+    label.show();
+    EXPECT_EQ(toolTipOf(label), "");
 }
 
 } // namespace
