@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QBrush>
 #include <QHelpEvent>
+#include <QRegularExpression>
 #include <QToolTip>
 
 namespace
@@ -15,6 +16,13 @@ namespace
 constexpr int widestFit = 280;
 constexpr int longestToolTip = 1000;
 constexpr double readableContrast = 4.5;
+
+/// A number with decimals, such as "12.000"; whole numbers may as well be codes.
+bool isDecimal(const QString& text)
+{
+    static const QRegularExpression decimal(QStringLiteral("\\A-?\\d+[.,]\\d+\\z"));
+    return decimal.match(text).hasMatch();
+}
 
 /// The colour itself, darkened until it stands out from the ground.
 QColor readableOn(const QColor& ground, QColor colour)
@@ -55,4 +63,6 @@ void ColumnDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelI
                                  readableOn(RegisterColours().selection, foreground.value<QBrush>().color()));
     if (const auto alignment = m_alignments.constFind(index.column()); alignment != m_alignments.cend())
         option->displayAlignment = *alignment;
+    if (!(option->displayAlignment & Qt::AlignHorizontal_Mask))
+        option->displayAlignment |= isDecimal(option->text) ? Qt::AlignRight : Qt::AlignLeft;
 }

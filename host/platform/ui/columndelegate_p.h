@@ -11,6 +11,8 @@ class ColumnDelegate : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    /// Without a horizontal part numbers with decimals stand at the right, so that their points stand one below
+    /// another.
     void setAlignment(int column, Qt::Alignment alignment) { m_alignments.insert(column, alignment); }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;

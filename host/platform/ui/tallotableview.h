@@ -25,7 +25,8 @@ public:
     /// - width: pixels, or -1: the room that is left (shared when several columns ask for it), or -2: fits the contents
     ///   (the rows on the screen, up to a reasonable width)
     /// - shown: "true" or "false"
-    /// - alignment: Qt::Alignment as a number, for the cells
+    /// - alignment: Qt::Alignment as a number, for the cells; without a horizontal part numbers with decimals stand at
+    ///   the right, all else at the left
     ///
     /// An item that does not read so leaves its column as it was, and is logged. Holds also for a model set later.
     void setColumns(const QStringList& columns);
