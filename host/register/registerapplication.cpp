@@ -21,6 +21,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QScreen>
 #include <QTemporaryFile>
 #include <QTimer>
 
@@ -56,7 +57,7 @@ std::optional<StartupFailure> RegisterApplication::start()
     m_messages.load(QStringLiteral(":/translations/pharmacyregister"));
     if (auto failure = readScenario())
         return failure;
-    applyRegisterStyle(*qApp);
+    applyRegisterStyle(*qApp, windowHeight());
     openWindow();
     return std::nullopt;
 }
@@ -149,6 +150,12 @@ std::optional<StartupFailure> RegisterApplication::readScenario()
                               QStringLiteral("No folder for pictures: ") + m_commandLine.screenshots};
     m_player = std::make_unique<ScenarioPlayer>(scenario.steps, m_commandLine.screenshots, m_commandLine.dataFolder);
     return std::nullopt;
+}
+
+int RegisterApplication::windowHeight() const
+{
+    const QSize size = m_commandLine.windowSize;
+    return size.isValid() ? size.height() : QGuiApplication::primaryScreen()->availableSize().height();
 }
 
 void RegisterApplication::openWindow()

@@ -40,6 +40,7 @@ private:
     std::optional<StartupFailure> readReceipt();
     void configureThisRun();
     std::optional<StartupFailure> readScenario();
+    int windowHeight() const;
     void openWindow();
     void takeUpWork();
     void tellPlugins();

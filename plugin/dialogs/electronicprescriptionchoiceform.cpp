@@ -9,6 +9,7 @@
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
 #include "prescriptiondate.h"
+#include "registerstyle.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
@@ -17,6 +18,14 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
+
+namespace
+{
+
+/// Room for what was typed, in a hint, in pixels.
+constexpr int longestQuote = 240;
+
+} // namespace
 
 QString ElectronicPrescriptionChoiceForm::savedFilter;
 int ElectronicPrescriptionChoiceForm::savedRow = 0;
@@ -204,6 +213,23 @@ void ElectronicPrescriptionChoiceForm::applyFilter(const QString& text)
 {
     m_proxyModel->addFilter(ElectronicPrescriptionChoiceModel::Inn, text, ComplexFilterProxyModel::Contains);
     selectRow(0);
+    tellIfNothingMatches(text);
+}
+
+void ElectronicPrescriptionChoiceForm::tellIfNothingMatches(const QString& text)
+{
+    const bool isNoneLeft = m_proxyModel->rowCount() == 0;
+    if (auto* hint = findWidget<QLabel>("noMatchLabel", false)) {
+        const auto quoted = hint->fontMetrics().elidedText(text, Qt::ElideRight, longestQuote);
+        hint->setText(
+            tr::Tr("electronicPrescriptionChoiceFormNoMatch", "Нет рецептов, где МНН содержит «%1». Измените поиск.")
+                .arg(quoted)
+                .ui());
+        hint->setVisible(isNoneLeft);
+    }
+    // It goes on answering as onOk() does, so it only looks as if there were nothing to choose.
+    if (auto* okButton = findWidget<QPushButton>("okButton", false))
+        setStyleProperty(*okButton, "idle", isNoneLeft);
 }
 
 void ElectronicPrescriptionChoiceForm::selectRow(int row)

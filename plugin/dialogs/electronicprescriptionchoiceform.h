@@ -46,6 +46,8 @@ private:
     void setUpInput();
     void setSettings() const;
     void applyFilter(const QString& text);
+    /// Says in "noMatchLabel", where the layout has it, that no row passes the filter.
+    void tellIfNothingMatches(const QString& text);
     void selectRow(int row);
     /// The model's index of a row of the table; invalid when there is no such row.
     QModelIndex sourceIndex(const QModelIndex& shown) const;

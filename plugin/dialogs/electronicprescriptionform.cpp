@@ -2,6 +2,7 @@
 #include "electronicprescriptionform.h"
 
 #include "config.h"
+#include "currenttime.h"
 #include "dialoganswer.h"
 #include "dialogeventfilter.h"
 #include "prescriptiondate.h"
@@ -182,6 +183,7 @@ void ElectronicPrescriptionForm::fill(const ElectronicPrescription& prescription
 
     if (discountPercent > unseenDiscountPercent)
         highlightDiscount();
+    tellIfExpired(prescription.getExpirationDate());
 
     setRowVisible("medicineDictCodeLabel", "medicineDictCodeValueLabel", !dictCode.isEmpty());
     setRowVisible("medicineDictNameLabel", "medicineDictNameValueLabel", !dictName.isEmpty());
@@ -201,6 +203,15 @@ void ElectronicPrescriptionForm::highlightDiscount()
             Singleton<Config>::get()->getString("GUI.ElectronicPrescriptionForm:discountLabelStyleSheet",
                                                 "QLabel { background-color: #ff4646; color: #000000 }"));
     }
+}
+
+void ElectronicPrescriptionForm::tellIfExpired(const QDate& lastDay)
+{
+    auto* label = findWidget<QLabel>("expiredLabel", false);
+    if (!label || !lastDay.isValid() || lastDay >= CurrentTime::create()->current().date())
+        return;
+    label->setText(tr::Tr("electronicPrescriptionFormExpired", "Срок действия истёк").ui());
+    label->show();
 }
 
 void ElectronicPrescriptionForm::setRowVisible(const QString& caption, const QString& value, bool isVisible)

@@ -31,6 +31,8 @@ private:
     void fill(const ElectronicPrescription& prescription, const Patient& patient);
     void setValue(const QString& label, const QString& text);
     void highlightDiscount();
+    /// Says so in "expiredLabel", where the layout has it. @param lastDay the prescription is still valid on it
+    void tellIfExpired(const QDate& lastDay);
     void setRowVisible(const QString& caption, const QString& value, bool isVisible);
     void sendAnswer(const QVariant& answer) const;
 };

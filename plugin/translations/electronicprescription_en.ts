@@ -68,6 +68,10 @@
         <source>Поиск по МНН</source>
         <translation>Search by INN</translation>
     </message>
+    <message id="electronicPrescriptionChoiceFormNoMatch">
+        <source>Нет рецептов, где МНН содержит «%1». Измените поиск.</source>
+        <translation>No prescription has “%1” in its INN. Change the search.</translation>
+    </message>
     <message id="electronicPrescriptionChoiceFormTable">
         <source>Рецепты пациента</source>
         <translation>Patient’s prescriptions</translation>
@@ -257,6 +261,10 @@ AIS “ELECTRONIC PRESCRIPTION”:</translation>
     <message id="electronicPrescriptionFormDigitalSignatureNo">
         <source>Нет</source>
         <translation>No</translation>
+    </message>
+    <message id="electronicPrescriptionFormExpired">
+        <source>Срок действия истёк</source>
+        <translation>It has expired</translation>
     </message>
     <message id="electronicPrescriptionInputDispensedDoseQuantityFormTitle">
         <source>Ввод количества отпущенных доз</source>

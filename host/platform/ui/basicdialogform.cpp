@@ -2,6 +2,7 @@
 #include "basicdialogform.h"
 
 #include "dialogshade_p.h"
+#include "registerstyle.h"
 
 #include <QLabel>
 #include <QLayout>
@@ -60,12 +61,8 @@ bool BasicDialogForm::isModalDialog() const
 
 void BasicDialogForm::setCustomProperty(const QString& name, const QVariant& value)
 {
-    QWidget* root = rootWidget();
-    if (!root)
-        return;
-    root->setProperty(name.toUtf8().constData(), value);
-    root->style()->unpolish(root);
-    root->style()->polish(root);
+    if (QWidget* root = rootWidget())
+        setStyleProperty(*root, name, value);
 }
 
 void BasicDialogForm::setTitle(const QString& title)
@@ -86,7 +83,8 @@ void BasicDialogForm::fitMessage(int tallest)
     area->ensurePolished();
     const QSize text = label->sizeHint() + borderOf(*area);
     const bool scrolls = text.height() > tallest;
-    // Left to itself the area keeps a bar that it needed while it was narrower: beside the bar the text takes a line more.
+    // Left to itself the area keeps a bar that it needed while it was narrower: beside the bar the text takes a line
+    // more.
     area->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     area->setMinimumWidth(text.width() + (scrolls ? area->verticalScrollBar()->sizeHint().width() : 0));
     area->setFixedHeight(qMin(text.height(), tallest));

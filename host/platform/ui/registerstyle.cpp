@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QFile>
 #include <QPalette>
+#include <QStyle>
 #include <QStyleFactory>
+#include <QWidget>
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +16,7 @@
 namespace
 {
 
-constexpr int textSize = 12; // points
+constexpr int titleAboveText = 4; // points
 
 /// The relative luminance of WCAG 2.1 (https://www.w3.org/TR/WCAG21/#dfn-relative-luminance).
 double luminance(const QColor& colour)
@@ -66,7 +68,21 @@ double RegisterColours::contrast(const QColor& one, const QColor& other)
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-QString registerStyleSheet(bool touch)
+void setStyleProperty(QWidget& widget, const QString& name, const QVariant& value)
+{
+    widget.setProperty(name.toUtf8().constData(), value);
+    widget.style()->unpolish(&widget);
+    widget.style()->polish(&widget);
+}
+
+int registerTextSize(int windowHeight)
+{
+    if (windowHeight < 720)
+        return 11;
+    return windowHeight < 1000 ? 12 : 13;
+}
+
+QString registerStyleSheet(bool touch, int textSize)
 {
     const RegisterColours colours;
     const std::pair<const char*, QColor> names[] = {
@@ -79,17 +95,19 @@ QString registerStyleSheet(bool touch)
     QString sheet = readSheet(QStringLiteral("style.qss"));
     if (touch)
         sheet += readSheet(QStringLiteral("touch.qss"));
+    sheet.replace(QLatin1String("@titleSize"), QString::number(textSize + titleAboveText) + "pt");
     for (const auto& [name, colour] : names)
         sheet.replace(QLatin1String(name), colour.name());
     return sheet;
 }
 
-void applyRegisterStyle(QApplication& application)
+void applyRegisterStyle(QApplication& application, int windowHeight)
 {
+    const int textSize = registerTextSize(windowHeight);
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     application.setPalette(paletteOf(RegisterColours()));
     QFont font = application.font();
     font.setPointSize(textSize);
     application.setFont(font);
-    application.setStyleSheet(registerStyleSheet(BasicForm::isTouchMode()));
+    application.setStyleSheet(registerStyleSheet(BasicForm::isTouchMode(), textSize));
 }

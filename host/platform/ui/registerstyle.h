@@ -6,8 +6,10 @@
 #include <QColor>
 #include <QList>
 #include <QString>
+#include <QVariant>
 
 class QApplication;
+class QWidget;
 
 /// The register's colours, by what they are for. The style sheet names them with "@" and the member's name.
 struct REGISTERPLATFORM_EXPORT RegisterColours {
@@ -38,9 +40,16 @@ struct REGISTERPLATFORM_EXPORT RegisterColours {
     static double contrast(const QColor& one, const QColor& other);
 };
 
-/// The style sheet with its colours filled in. @param touch with targets for fingers: at least 44 px
-REGISTERPLATFORM_EXPORT QString registerStyleSheet(bool touch);
+/// Sets a dynamic property that the style sheet selects by, and dresses the widget anew.
+REGISTERPLATFORM_EXPORT void setStyleProperty(QWidget& widget, const QString& name, const QVariant& value);
 
-/// Dresses the application: the Fusion style, the register's colours, a font of 12 pt and the style sheet, with targets
-/// for fingers when BasicForm::isTouchMode(). To be called once, before the first window.
-REGISTERPLATFORM_EXPORT void applyRegisterStyle(QApplication& application);
+/// The size of text, in points, on a window of that height in pixels: larger screens are larger in print, too.
+REGISTERPLATFORM_EXPORT int registerTextSize(int windowHeight);
+
+/// The style sheet with its colours and sizes filled in. @param touch with targets for fingers: at least 44 px
+/// @param textSize what headings are measured by, in points
+REGISTERPLATFORM_EXPORT QString registerStyleSheet(bool touch, int textSize);
+
+/// Dresses the application: the Fusion style, the register's colours, a font for a window of that height in pixels and
+/// the style sheet, with targets for fingers when BasicForm::isTouchMode(). To be called once, before the first window.
+REGISTERPLATFORM_EXPORT void applyRegisterStyle(QApplication& application, int windowHeight);

@@ -316,6 +316,32 @@ TEST_F(ChoiceForm, nothingPassesTheFilter_okAnswersMinusOneAndForgetsLikeBack)
     EXPECT_EQ(table(again)->currentIndex().row(), 0);
 }
 
+TEST_F(ChoiceForm, nothingPassesTheFilter_isToldAtOnceAndTheButtonLooksIdle)
+{
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    const auto* hint = widget<QLabel>(form, "noMatchLabel");
+    const auto* okButton = widget<QPushButton>(form, "okButton");
+    EXPECT_FALSE(hint->isVisible());
+    filter(form)->setText("нет такого");
+    EXPECT_TRUE(hint->isVisible());
+    EXPECT_EQ(hint->text(), "Нет рецептов, где МНН содержит «нет такого». Измените поиск.");
+    EXPECT_TRUE(okButton->property("idle").toBool());
+    EXPECT_TRUE(okButton->isEnabled()) << "it answers as ever";
+    filter(form)->setText("инсулин");
+    EXPECT_FALSE(hint->isVisible());
+    EXPECT_FALSE(okButton->property("idle").toBool());
+}
+
+TEST_F(ChoiceForm, layoutWithoutTheHint_filtersAllTheSame)
+{
+    loseWidget(layout, "noMatchLabel");
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    filter(form)->setText("нет такого");
+    EXPECT_TRUE(shownNames(form).isEmpty());
+}
+
 TEST_F(ChoiceForm, okButtonClicked_answersTheCurrentRow)
 {
     ElectronicPrescriptionChoiceForm form(params(), nullptr);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionform.h"
 
+#include "currenttime.h"
 #include "dialogeventfilter.h"
 #include "dialogforms.h"
 
@@ -338,6 +339,50 @@ TEST_F(DetailsForm, threeDispenses_dateLabelsAreShownWithThreeLines)
     const ElectronicPrescriptionForm form(params(fullPrescription()), nullptr);
     EXPECT_TRUE(isShown(form, "medicationDispenseDatesLabel"));
     EXPECT_EQ(text(form, "medicationDispenseDatesValueLabel").count('\n'), 2);
+}
+
+class Expiry : public DetailsForm
+{
+protected:
+    struct Noon : CurrentTime {
+        QDateTime current() const override { return QDateTime(QDate(2024, 5, 1), QTime(12, 0)); }
+    };
+    Expiry()
+    {
+        MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<Noon>::create(); };
+    }
+    ~Expiry() override { MockFactory<CurrentTime>::mocked = nullptr; }
+
+    static QSharedPointer<ElectronicPrescription> lastsUntil(const QDate& lastDay)
+    {
+        const auto lasting = prescription("Метформин");
+        lasting->setExpirationDate(lastDay);
+        return lasting;
+    }
+};
+
+TEST_F(Expiry, lastDayPast_isToldBesideTheDate)
+{
+    const ElectronicPrescriptionForm form(params(lastsUntil(QDate(2024, 4, 30))), nullptr);
+    EXPECT_TRUE(isShown(form, "expiredLabel"));
+    EXPECT_EQ(text(form, "expiredLabel"), "Срок действия истёк");
+    EXPECT_EQ(widget<QLabel>(form, "expiredLabel")->property("textRole"), "error");
+    EXPECT_EQ(text(form, "expirationDateValueLabel"), "2024-04-30");
+    EXPECT_TRUE(widget<QPushButton>(form, "chooseButton")->isEnabled());
+}
+
+TEST_F(Expiry, lastDayTodayLaterOrUnknown_nothingIsTold)
+{
+    for (const QDate& lastDay : {QDate(2024, 5, 1), QDate(2024, 5, 2), QDate()})
+        EXPECT_FALSE(isShown(ElectronicPrescriptionForm(params(lastsUntil(lastDay)), nullptr), "expiredLabel"))
+            << lastDay.toString().toStdString();
+}
+
+TEST_F(Expiry, layoutWithoutTheNote_isNoFault)
+{
+    loseWidget(layout, "expiredLabel");
+    const ElectronicPrescriptionForm form(params(lastsUntil(QDate(2024, 4, 30))), nullptr);
+    EXPECT_EQ(text(form, "expirationDateValueLabel"), "2024-04-30");
 }
 
 TEST_F(DetailsForm, noDiscount_isShownWithoutHighlight)

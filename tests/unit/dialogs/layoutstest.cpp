@@ -5,6 +5,7 @@
 #include "electronicprescriptionconfirmdispenseform.h"
 #include "electronicprescriptionform.h"
 #include "registerstyle.h"
+#include "tallotableview.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -29,7 +30,7 @@ protected:
     Layouts()
     {
         setTouchMode(GetParam().isTouch);
-        qApp->setStyleSheet(registerStyleSheet(GetParam().isTouch));
+        applyRegisterStyle(*qApp, GetParam().screen.height());
     }
     ~Layouts() override { qApp->setStyleSheet(QString()); }
 
@@ -115,6 +116,8 @@ protected:
 private:
     static bool isLeaf(const QWidget& widget)
     {
+        if (qobject_cast<const QLineEdit*>(widget.parentWidget()))
+            return false; // the button that clears it, which it places itself
         return qobject_cast<const QLabel*>(&widget) || qobject_cast<const QAbstractButton*>(&widget) ||
                qobject_cast<const QLineEdit*>(&widget);
     }
@@ -147,8 +150,20 @@ TEST_P(Layouts, choiceForm_isWholeOnTheScreen)
     expectNothingCutOff(form);
     expectNoSidewaysScrolling(form);
     expectAccessibleNames(form);
-    EXPECT_GE(widget<QAbstractItemView>(form, "electronicPrescriptionsTableView")->viewport()->height(), 44 * 2)
-        << "there is room for some rows";
+    const auto* table = widget<TalloTableView>(form, "electronicPrescriptionsTableView");
+    EXPECT_GE(table->viewport()->height(), 5 * table->rowHeight(0)) << "there is room for five rows";
+}
+
+TEST_P(Layouts, choiceFormWithoutAMatch_hintIsWhole)
+{
+    ElectronicPrescriptionChoiceForm form({{shownPrescription()}, "active", shownPatient(), false}, nullptr);
+    openOnScreen(form);
+    widget<QLineEdit>(form, "medicineNameLineEdit")
+        ->setText(GetParam().isExtreme ? QString(10000, QChar(u'Ы')) : QString("нет такого"));
+    QApplication::processEvents();
+    ASSERT_EQ(form.rootWidget()->size(), GetParam().screen);
+    EXPECT_TRUE(widget<QLabel>(form, "noMatchLabel")->isVisible());
+    expectNothingCutOff(form);
 }
 
 TEST_P(Layouts, detailsForm_isWholeOnTheScreen)

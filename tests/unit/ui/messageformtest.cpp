@@ -96,7 +96,7 @@ TEST_F(MessageFormTest, tenThousandCharacters_scrollWithinTheSmallestScreen)
 {
     for (const bool touch : {false, true}) {
         config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
-        applyRegisterStyle(*qApp);
+        applyRegisterStyle(*qApp, 600);
         for (const QString& endless : {QString(10000, u'Ж'), QStringLiteral("слово ").repeated(1700)})
             show({"testText", endless}, Dialog::Error, [&](QWidget& form) {
                 EXPECT_LE(form.width(), 1024);
@@ -111,7 +111,7 @@ TEST_F(MessageFormTest, tenThousandCharacters_scrollWithinTheSmallestScreen)
 
 TEST_F(MessageFormTest, shortText_isWhollyVisibleWithoutScrolling)
 {
-    applyRegisterStyle(*qApp);
+    applyRegisterStyle(*qApp, 600);
     show({"testText", "Реестр рецептов не отвечает.\nПроверьте связь и повторите команду."}, Dialog::Error,
          [&](QWidget& form) {
              const auto* area = form.findChild<QScrollArea*>();

@@ -4,6 +4,7 @@
 #include "tallolineedit.h"
 #include "uitest.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QRegularExpression>
 
@@ -41,7 +42,7 @@ TEST_F(RegisterStyleTest, contrast_isThatOfTheGuideline)
 TEST_F(RegisterStyleTest, styleSheet_hasEveryColourFilledIn)
 {
     for (const bool touch : {false, true}) {
-        const QString sheet = registerStyleSheet(touch);
+        const QString sheet = registerStyleSheet(touch, 12);
         EXPECT_THAT(sheet.toStdString(), ::testing::HasSubstr(RegisterColours().accent.name().toStdString()));
         EXPECT_FALSE(sheet.contains(u'@'));
     }
@@ -49,17 +50,39 @@ TEST_F(RegisterStyleTest, styleSheet_hasEveryColourFilledIn)
 
 TEST_F(RegisterStyleTest, noTypeIsSmallerThanElevenPoints)
 {
-    applyRegisterStyle(*qApp);
+    applyRegisterStyle(*qApp, 600);
     EXPECT_GE(qApp->font().pointSize(), 11);
     static const QRegularExpression size("font-size: *(\\d+)pt");
-    for (auto match = size.globalMatch(registerStyleSheet(true)); match.hasNext();)
+    auto match = size.globalMatch(registerStyleSheet(true, registerTextSize(600)));
+    ASSERT_TRUE(match.hasNext());
+    while (match.hasNext())
         EXPECT_GE(match.next().captured(1).toInt(), 11);
+}
+
+TEST_F(RegisterStyleTest, typeGrowsWithTheWindow_headingsToo)
+{
+    const std::tuple<int, int, QString> sizes[] = {{600, 11, "15pt"}, {800, 12, "16pt"}, {1080, 13, "17pt"}};
+    for (const auto& [height, text, title] : sizes) {
+        applyRegisterStyle(*qApp, height);
+        EXPECT_EQ(qApp->font().pointSize(), text) << height;
+        EXPECT_TRUE(qApp->styleSheet().contains("QLabel#titleLabel { font-size: " + title)) << height;
+    }
+}
+
+TEST_F(RegisterStyleTest, stylePropertySet_widgetIsDressedAnew)
+{
+    applyRegisterStyle(*qApp, 600);
+    QLabel label("Код не подходит");
+    label.ensurePolished();
+    ASSERT_NE(label.palette().color(QPalette::WindowText), RegisterColours().error);
+    setStyleProperty(label, "textRole", "error");
+    EXPECT_EQ(label.palette().color(QPalette::WindowText), RegisterColours().error);
 }
 
 TEST_F(RegisterStyleTest, inTouchMode_targetsAreForFingers)
 {
     setTouchMode();
-    applyRegisterStyle(*qApp);
+    applyRegisterStyle(*qApp, 600);
     QPushButton button("ОК");
     TalloLineEdit edit;
     for (QWidget* target : {static_cast<QWidget*>(&button), static_cast<QWidget*>(&edit)}) {
@@ -71,7 +94,7 @@ TEST_F(RegisterStyleTest, inTouchMode_targetsAreForFingers)
 
 TEST_F(RegisterStyleTest, focusedControls_lookDifferent)
 {
-    applyRegisterStyle(*qApp);
+    applyRegisterStyle(*qApp, 600);
     QWidget window;
     QPushButton plain("Отмена", &window);
     QPushButton primary("ОК", &window);

@@ -202,7 +202,7 @@ TEST_F(TalloKeyboardTest, keys_haveNamesForScreenReadersAndTakeNoFocus)
 TEST_F(TalloKeyboardTest, keys_areForFingersInEveryLayoutAndStyle)
 {
     setTouchMode();
-    applyRegisterStyle(*qApp);
+    applyRegisterStyle(*qApp, 600);
     for (const QString layout : {"ru", "en", "digits"}) {
         keyboard.setKeyboardLayouts(layout);
         QCoreApplication::processEvents();

@@ -124,9 +124,22 @@ TEST_F(TalloTableViewTest, alignment_isThatOfTheCells)
 {
     view.setModel(&model);
     view.setColumns({"a;;-1;true;128", " b;;-2;true;132", "c;;-2;true;130"});
-    EXPECT_EQ(alignmentOf(0), Qt::AlignVCenter);
+    EXPECT_EQ(alignmentOf(0), Qt::AlignVCenter | Qt::AlignLeft);
     EXPECT_EQ(alignmentOf(1), Qt::AlignVCenter | Qt::AlignHCenter);
     EXPECT_EQ(alignmentOf(2), Qt::AlignVCenter | Qt::AlignRight);
+}
+
+TEST_F(TalloTableViewTest, alignmentWithoutAHorizontalPart_onlyNumbersWithDecimalsStandAtTheRight)
+{
+    view.setModel(&model);
+    view.setColumns({"a;;-1;true;128"});
+    for (const auto& [text, alignment] :
+         {std::pair{"12.000", Qt::AlignRight}, std::pair{"0,50", Qt::AlignRight}, std::pair{"2100", Qt::AlignLeft},
+          std::pair{"C09AA02", Qt::AlignLeft}, std::pair{"2026-11-16", Qt::AlignLeft},
+          std::pair{"1.5 мг", Qt::AlignLeft}, std::pair{"", Qt::AlignLeft}}) {
+        model.item(0, 0)->setText(text);
+        EXPECT_EQ(alignmentOf(0), Qt::AlignVCenter | alignment) << text;
+    }
 }
 
 TEST_F(TalloTableViewTest, caption_isShownInsteadOfTheModels_emptyLeavesTheModels)
@@ -217,7 +230,7 @@ protected:
     TextColourTest()
     {
         formerStyleSheet = qApp->styleSheet();
-        qApp->setStyleSheet(registerStyleSheet(false));
+        qApp->setStyleSheet(registerStyleSheet(false, 12));
     }
     ~TextColourTest() override { qApp->setStyleSheet(formerStyleSheet); }
 

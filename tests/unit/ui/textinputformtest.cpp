@@ -294,7 +294,7 @@ TEST_F(TextInputFormTest, promptOfAnyLength_fitsTheSmallestScreenInBothModes)
     params.message = {"testMessage", QString(10000, u'Ж')};
     for (const bool touch : {false, true}) {
         config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
-        applyRegisterStyle(*qApp);
+        applyRegisterStyle(*qApp, 600);
         show([&] {
             EXPECT_LE(root()->width(), 1024);
             EXPECT_LE(root()->height(), 600);
@@ -348,7 +348,7 @@ TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWhollyVisibleOnEveryScreenI
         for (const QSize size : {QSize(1024, 600), QSize(1280, 800), QSize(1920, 1080)}) {
             for (const bool touch : {false, true}) {
                 config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
-                applyRegisterStyle(*qApp);
+                applyRegisterStyle(*qApp, size.height());
                 Window window(size);
                 gui.setStage(&window);
                 show([&] {
