@@ -14,6 +14,8 @@ struct CatalogueGoods {
     double cataloguePrice = 0.0;
     double minRetailPrice = 0.0; ///< 0: none
     int stock = 0;
+
+    bool isInStock() const { return stock > 0; }
 };
 
 /// Goods that the cashier picked, and how many packs of them.

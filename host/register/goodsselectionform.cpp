@@ -5,6 +5,7 @@
 #include "actionqueuecontroller.h"
 #include "config.h"
 #include "dialogeventfilter.h"
+#include "registerstyle.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
@@ -19,7 +20,9 @@
 namespace
 {
 constexpr int mostPacks = 999;
-}
+/// Room for what was searched for, in a hint, in pixels.
+constexpr int longestQuote = 240;
+} // namespace
 
 GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObject* parent)
     : BasicForm(parent)
@@ -67,7 +70,7 @@ void GoodsSelectionForm::offerWanted(const QString& medicineInfo)
         for (int row = 0; row < m_goods.rowCount(); ++row) {
             const CatalogueGoods& goods = m_goods.goods(row);
             const QString tradeName = goods.name.section(QLatin1Char(','), 0, 0).trimmed();
-            if (goods.stock > 0 && tradeName.compare(part.trimmed(), Qt::CaseInsensitive) == 0) {
+            if (goods.isInStock() && tradeName.compare(part.trimmed(), Qt::CaseInsensitive) == 0) {
                 m_table->setCurrentIndex(m_filtered.mapFromSource(m_goods.index(row, GoodsTableModel::Name)));
                 return;
             }
@@ -140,28 +143,31 @@ void GoodsSelectionForm::onChoose()
 {
     const QModelIndex current = m_table->currentIndex();
     if (!current.isValid()) {
-        showHint(tr::Tr(QStringLiteral("goodsSelectionNothing"),
-                        QStringLiteral("Нет подходящего товара. Измените строку поиска или вернитесь назад."))
-                     .ui());
+        tellWhenNothingIsLeft();
         m_filter->setFocus();
         return;
     }
+    const CatalogueGoods& goods = m_goods.goods(m_filtered.mapToSource(current).row());
+    if (!goods.isInStock()) {
+        showHint(tr::Tr(QStringLiteral("goodsSelectionOutOfStock"),
+                        QStringLiteral("Этого товара нет на остатке. Выберите другой.")));
+        return;
+    }
     if (!m_packs->hasAcceptableInput()) {
-        showHint(
-            tr::Tr(QStringLiteral("goodsSelectionPacksMissing"), QStringLiteral("Введите количество упаковок.")).ui());
+        showHint(tr::Tr(QStringLiteral("goodsSelectionPacksMissing"),
+                        QStringLiteral("Введите количество упаковок от 1 до %1."))
+                     .arg(QString::number(mostPacks)));
         m_packs->setFocus();
         m_packs->selectAll();
         return;
     }
-    const CatalogueGoods& goods = m_goods.goods(m_filtered.mapToSource(current).row());
     const int packs = m_packs->text().toInt();
     if (packs > goods.stock) {
         showHint(
             tr::Tr(QStringLiteral("goodsSelectionStock"),
                    QStringLiteral("На остатке %1 уп., запрошено %2. Уменьшите количество или выберите другой товар."))
                 .arg(QString::number(goods.stock))
-                .arg(QString::number(packs))
-                .ui());
+                .arg(QString::number(packs)));
         return;
     }
     answer(0, QVariant::fromValue(SelectedGoods{goods, packs}));
@@ -176,7 +182,23 @@ void GoodsSelectionForm::onFilterChanged(const QString& text)
 {
     m_filtered.addFilter(GoodsTableModel::SearchText, text.trimmed(), ComplexFilterProxyModel::Contains);
     m_table->setCurrentIndex(m_filtered.index(0, GoodsTableModel::Name));
-    showHint({});
+    tellWhenNothingIsLeft();
+}
+
+void GoodsSelectionForm::tellWhenNothingIsLeft()
+{
+    const QString search = m_filter->text().trimmed();
+    const bool isNoneLeft = m_filtered.rowCount() == 0;
+    setStyleProperty(*findWidget<QPushButton>(QStringLiteral("okButton")), QStringLiteral("idle"), isNoneLeft);
+    if (!isNoneLeft)
+        showHint({});
+    else if (search.isEmpty())
+        showHint(
+            tr::Tr(QStringLiteral("goodsSelectionNothing"), QStringLiteral("Нет товара для выбора. Вернитесь назад.")));
+    else
+        showHint(tr::Tr(QStringLiteral("goodsSelectionNotFound"),
+                        QStringLiteral("По запросу «%1» ничего не найдено. Измените строку поиска."))
+                     .arg(m_hint->fontMetrics().elidedText(search, Qt::ElideRight, longestQuote)));
 }
 
 void GoodsSelectionForm::onAmountButton(int change)
@@ -184,9 +206,9 @@ void GoodsSelectionForm::onAmountButton(int change)
     m_packs->setText(QString::number(std::clamp(m_packs->text().toInt() + change, 1, mostPacks)));
 }
 
-void GoodsSelectionForm::showHint(const QString& text)
+void GoodsSelectionForm::showHint(const tr::Tr& hint)
 {
-    m_hint->setText(text);
+    m_hint->setText(hint.ui());
 }
 
 void GoodsSelectionForm::answer(int data, const QVariant& result)

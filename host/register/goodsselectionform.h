@@ -32,7 +32,9 @@ private:
     void setUpButtons();
     void nameControls();
     void offerWanted(const QString& medicineInfo);
-    void showHint(const QString& text);
+    /// Tells when no goods are left to choose from, else takes the hint away.
+    void tellWhenNothingIsLeft();
+    void showHint(const tr::Tr& hint);
     void answer(int data, const QVariant& result);
 
     GoodsTableModel m_goods;

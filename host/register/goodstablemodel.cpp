@@ -2,7 +2,10 @@
 #include "goodstablemodel.h"
 
 #include "amount.h"
+#include "registerstyle.h"
 #include "tr.h"
+
+#include <QBrush>
 
 GoodsTableModel::GoodsTableModel(const QList<CatalogueGoods>& goods, QObject* parent)
     : QAbstractTableModel(parent)
@@ -28,6 +31,8 @@ QVariant GoodsTableModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
         return text(m_goods.at(index.row()), index.column());
+    case Qt::ForegroundRole:
+        return m_goods.at(index.row()).isInStock() ? QVariant() : QBrush(RegisterColours().mutedText);
     default:
         return {};
     }
@@ -61,7 +66,8 @@ QVariant GoodsTableModel::text(const CatalogueGoods& goods, int column) const
     case Price:
         return amountText(kopecks(goods.price));
     case Stock:
-        return QString::number(goods.stock);
+        return goods.isInStock() ? QString::number(goods.stock)
+                                 : tr::Tr(QStringLiteral("goodsOutOfStock"), QStringLiteral("нет")).ui();
     case SearchText:
         return QString(goods.name + QLatin1Char('\n') + goods.nonProprietaryName + QLatin1Char('\n') + goods.barcode);
     default:

@@ -6,7 +6,7 @@
 #include <QAbstractTableModel>
 #include <QList>
 
-/// Goods to pick from.
+/// Goods to pick from. What is out of stock is greyed.
 class GoodsTableModel : public QAbstractTableModel
 {
     Q_OBJECT

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "goodsselectionform.h"
 #include "basicexception.h"
+#include "registerstyle.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
 #include "till.h"
@@ -119,14 +120,62 @@ TEST_F(GoodsSelection, barcodeTyped_findsItsGoods)
     EXPECT_EQ(selected().goods.barcode, amoxidar);
 }
 
-TEST_F(GoodsSelection, nothingMatches_saysSoAndStays)
+TEST_F(GoodsSelection, nothingMatches_isToldAtOnceAndReturnChangesNothing)
 {
-    open({}, {}, QStringLiteral("нет такого"));
+    const QString told = QStringLiteral("По запросу «4600000000000» ничего не найдено. Измените строку поиска.");
+    open({}, {}, QStringLiteral(" 4600000000000 "));
+    EXPECT_EQ(hint(), told);
+    EXPECT_TRUE(widget<QPushButton>("okButton")->property("idle").toBool());
     press(Qt::Key_Return);
     EXPECT_TRUE(answers().isEmpty());
-    EXPECT_TRUE(hint().startsWith(QStringLiteral("Нет подходящего товара")));
+    EXPECT_EQ(hint(), told);
     widget<TalloLineEdit>("filterLineEdit")->clear();
     EXPECT_TRUE(hint().isEmpty());
+    EXPECT_FALSE(widget<QPushButton>("okButton")->property("idle").toBool());
+}
+
+TEST_F(GoodsSelection, filterTypedDownToNothing_isToldAtOnce)
+{
+    open({});
+    type(QStringLiteral("парацет"));
+    EXPECT_TRUE(hint().isEmpty());
+    type(QStringLiteral("ъ"));
+    EXPECT_TRUE(hint().startsWith(QStringLiteral("По запросу «парацетъ» ничего не найдено")));
+}
+
+TEST_F(GoodsSelection, longSearchWithoutAMatch_isQuotedInPart)
+{
+    open({}, {}, QString(10'000, QChar(0x416)));
+    EXPECT_LT(hint().size(), 150);
+    EXPECT_TRUE(hint().contains(QStringLiteral("Ж…» ничего не найдено")));
+}
+
+TEST_F(GoodsSelection, noGoodsAtAll_isTold)
+{
+    open(QStringLiteral("Нет такого вещества"));
+    EXPECT_EQ(hint(), QStringLiteral("Нет товара для выбора. Вернитесь назад."));
+}
+
+TEST_F(GoodsSelection, goodsOutOfStock_areGreyedSoNamedAndRefused)
+{
+    CatalogueGoods gone;
+    gone.name = QStringLiteral("Амоксидар, капсулы");
+    CatalogueGoods there = gone;
+    there.stock = 3;
+    const GoodsTableModel model({gone, there});
+    const QModelIndex stockOfGone = model.index(0, GoodsTableModel::Stock);
+    EXPECT_EQ(stockOfGone.data().toString(), QStringLiteral("нет"));
+    EXPECT_EQ(model.index(1, GoodsTableModel::Stock).data().toString(), QStringLiteral("3"));
+    for (int column = 0; column < GoodsTableModel::SearchText; ++column) {
+        EXPECT_EQ(model.index(0, column).data(Qt::ForegroundRole).value<QBrush>().color(), RegisterColours().mutedText);
+        EXPECT_FALSE(model.index(1, column).data(Qt::ForegroundRole).isValid());
+    }
+
+    form = std::make_unique<GoodsSelectionForm>(GoodsSelectionParams{{gone}, {}, {}});
+    form->rootWidget()->show();
+    widget<QPushButton>("okButton")->click();
+    EXPECT_TRUE(answers().isEmpty());
+    EXPECT_EQ(hint(), QStringLiteral("Этого товара нет на остатке. Выберите другой."));
 }
 
 TEST_F(GoodsSelection, packsTyped_areAnswered)
@@ -153,6 +202,7 @@ TEST_F(GoodsSelection, packsEmpty_asksForThem)
     press(Qt::Key_Return);
     EXPECT_TRUE(answers().isEmpty());
     EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("quantityLineEdit"));
+    EXPECT_EQ(hint(), QStringLiteral("Введите количество упаковок от 1 до 999."));
 }
 
 TEST_F(GoodsSelection, packsFieldTakesNoOtherThanWholeNumbers)
