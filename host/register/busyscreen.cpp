@@ -46,14 +46,28 @@ BusyScreen::BusyScreen(QWidget* parent)
 void BusyScreen::start(const QString& message)
 {
     m_message->setText(message);
+    setAccessibleName(message);
     setGeometry(parentWidget()->rect());
     show();
     raise();
+    takeFocus();
     repaint();
+}
+
+/// Else the caret of the input below would go on blinking.
+void BusyScreen::takeFocus()
+{
+    QWidget* focused = window()->focusWidget();
+    if (focused == this)
+        return;
+    m_focusBefore = focused;
+    setFocus();
 }
 
 void BusyScreen::stop()
 {
+    if (window()->focusWidget() == this && m_focusBefore)
+        m_focusBefore->setFocus();
     hide();
 }
 

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
 class QLabel;
 
-/// Lies over the window while long work is done: what is being done, and a ring that turns.
+/// Lies over the window while long work is done: what is being done, and a ring that turns. It holds the focus so long.
 class BusyScreen : public QWidget
 {
     Q_OBJECT
@@ -25,7 +26,10 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void takeFocus();
+
     QLabel* m_message;
+    QPointer<QWidget> m_focusBefore;
     QTimer m_turning;
     int m_angle = 0;
 };

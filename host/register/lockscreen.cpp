@@ -2,8 +2,8 @@
 #include "lockscreen.h"
 
 #include "basicform.h"
+#include "registerstyle.h"
 #include "tallokeyboard.h"
-#include "tr.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -66,10 +66,10 @@ void LockScreen::createCodeInput(QWidget* column)
 
 void LockScreen::lock()
 {
-    m_hint->setText(
-        m_input ? tr::Tr(QStringLiteral("lockEnterCode"), QStringLiteral("Введите код кассира")).ui()
-                : tr::Tr(QStringLiteral("lockPressKey"), QStringLiteral("Нажмите любую клавишу или коснитесь экрана"))
-                      .ui());
+    showHint(m_input
+                 ? tr::Tr(QStringLiteral("lockEnterCode"), QStringLiteral("Введите код кассира"))
+                 : tr::Tr(QStringLiteral("lockPressKey"), QStringLiteral("Нажмите любую клавишу или коснитесь экрана")),
+             "hint");
     setGeometry(parentWidget()->rect());
     show();
     raise();
@@ -96,8 +96,14 @@ void LockScreen::tryCode()
         unlock();
         return;
     }
-    m_hint->setText(tr::Tr(QStringLiteral("lockWrongCode"), QStringLiteral("Код не подходит. Введите ещё раз.")).ui());
+    showHint(tr::Tr(QStringLiteral("lockWrongCode"), QStringLiteral("Код не подходит. Введите ещё раз.")), "error");
     m_input->setFocus();
+}
+
+void LockScreen::showHint(const tr::Tr& hint, const char* textRole)
+{
+    m_hint->setText(hint.ui());
+    setStyleProperty(*m_hint, QStringLiteral("textRole"), QLatin1String(textRole));
 }
 
 void LockScreen::unlock()

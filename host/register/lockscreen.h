@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tr.h"
+
 #include <QWidget>
 
 class QLabel;
@@ -30,6 +32,8 @@ private:
     void createCodeInput(QWidget* column);
     void tryCode();
     void unlock();
+    /// @param textRole the style sheet's name for what the hint is: "hint" or "error"
+    void showHint(const tr::Tr& hint, const char* textRole);
 
     QString m_code;
     QLabel* m_hint;

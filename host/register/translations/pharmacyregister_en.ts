@@ -83,16 +83,24 @@ Check the goods database and try again, or call the administrator.</translation>
         <translation>Page down</translation>
     </message>
     <message id="goodsSelectionNothing">
-        <source>Нет подходящего товара. Измените строку поиска или вернитесь назад.</source>
-        <translation>No goods match. Change the search or go back.</translation>
+        <source>Нет товара для выбора. Вернитесь назад.</source>
+        <translation>There are no goods to choose from. Go back.</translation>
+    </message>
+    <message id="goodsSelectionNotFound">
+        <source>По запросу «%1» ничего не найдено. Измените строку поиска.</source>
+        <translation>Nothing was found for “%1”. Change the search.</translation>
     </message>
     <message id="goodsSelectionPacksMissing">
-        <source>Введите количество упаковок.</source>
-        <translation>Enter the number of packs.</translation>
+        <source>Введите количество упаковок от 1 до %1.</source>
+        <translation>Enter the number of packs, 1 to %1.</translation>
     </message>
     <message id="goodsSelectionStock">
         <source>На остатке %1 уп., запрошено %2. Уменьшите количество или выберите другой товар.</source>
         <translation>%1 packs in stock, %2 asked for. Enter fewer or choose other goods.</translation>
+    </message>
+    <message id="goodsSelectionOutOfStock">
+        <source>Этого товара нет на остатке. Выберите другой.</source>
+        <translation>These goods are out of stock. Choose others.</translation>
     </message>
     <message id="goodsColumnName">
         <source>Наименование</source>
@@ -109,6 +117,10 @@ Check the goods database and try again, or call the administrator.</translation>
     <message id="goodsColumnStock">
         <source>Остаток</source>
         <translation>Stock</translation>
+    </message>
+    <message id="goodsOutOfStock">
+        <source>нет</source>
+        <translation>none</translation>
     </message>
     <message id="lockTitle">
         <source>Касса заблокирована</source>

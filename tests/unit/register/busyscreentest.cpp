@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "busyscreen.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+class BusyScreenTest : public ::testing::Test
+{
+protected:
+    BusyScreenTest()
+    {
+        window.resize(1024, 600);
+        other.move(0, 100);
+        window.show();
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        input->setFocus();
+    }
+
+    QWidget window;
+    QLineEdit other{&window};
+    std::unique_ptr<QLineEdit> input = std::make_unique<QLineEdit>(&window);
+    BusyScreen screen{&window};
+};
+
+TEST_F(BusyScreenTest, started_theInputBelowHasNoFocusUntilItStops)
+{
+    ASSERT_TRUE(input->hasFocus());
+    screen.start(QStringLiteral("Обращение к сервису"));
+    screen.start(QStringLiteral("Ещё"));
+    EXPECT_FALSE(input->hasFocus());
+    EXPECT_EQ(QApplication::focusWidget(), &screen);
+    screen.stop();
+    EXPECT_EQ(QApplication::focusWidget(), input.get());
+}
+
+TEST_F(BusyScreenTest, focusTakenByAnotherMeanwhile_staysThere)
+{
+    screen.start(QStringLiteral("x"));
+    other.setFocus();
+    screen.stop();
+    EXPECT_EQ(QApplication::focusWidget(), &other);
+}
+
+TEST_F(BusyScreenTest, inputGoneMeanwhile_stopsAllTheSame)
+{
+    screen.start(QStringLiteral("x"));
+    input.reset();
+    screen.stop();
+    EXPECT_FALSE(screen.isVisible());
+    EXPECT_NE(QApplication::focusWidget(), &screen);
+}
