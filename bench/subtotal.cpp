@@ -1,0 +1,388 @@
+// SPDX-License-Identifier: MIT
+// The subtotal of a receipt with prescription positions, over HTTPS on loopback: the plug-in's whole way, from the hook
+// to the saved receipt, beside the same requests replayed by libcurl alone on a kept connection. Both take turns
+// against one registry emulator, which answers at once or after 20 ms, so that "ratio" (of the medians) does not depend
+// on what else the machine does. "saving" is the share of the subtotal in which the receipt is written and synced.
+
+#include "abstractdocument.h"
+#include "config.h"
+#include "electronicprescriptionservice.h"
+#include "positionformat.h"
+#include "registrythread.h"
+#include "savetofilelogic.h"
+#include "serveridentity.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+#include <curl/curl.h>
+
+#include <algorithm>
+#include <chrono>
+#include <stdexcept>
+#include <vector>
+
+namespace
+{
+
+using Clock = std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+void check(bool succeeded, const char* what)
+{
+    if (!succeeded)
+        throw std::runtime_error(what);
+}
+
+QString prescriptionOf(int position)
+{
+    return QStringLiteral("rx-%1").arg(position);
+}
+
+/// One patient with that many prescriptions, half of whose price somebody else pays.
+QByteArray seedOf(int prescriptions)
+{
+    QJsonArray all;
+    for (int number = 1; number <= prescriptions; ++number) {
+        all.append(QJsonObject{{"id", prescriptionOf(number)},
+                               {"inn", "Метформин"},
+                               {"innCode", "A10BA02"},
+                               {"dosageCode", "1003"},
+                               {"quantity", 60},
+                               {"writtenDaysAgo", 5},
+                               {"validDays", 30},
+                               {"patientShare", 0.5},
+                               {"payer", "payer-1"},
+                               {"practitioner", "doctor"}});
+    }
+    const QJsonObject client = {{"id", "pharmacy"}, {"secret", "secret"}, {"organizationIdentifier", "17"}};
+    const QJsonObject doctor = {{"id", "doctor"}, {"family", "Вымышленная"}, {"given", QJsonArray{"Вера"}}};
+    const QJsonObject patient = {{"id", "p-1"},
+                                 {"card", "1100"},
+                                 {"family", "Пробный"},
+                                 {"given", QJsonArray{"Пётр"}},
+                                 {"birthDate", "1960-01-31"},
+                                 {"prescriptions", all}};
+    return QJsonDocument(QJsonObject{{"clients", QJsonArray{client}},
+                                     {"payers", QJsonArray{QJsonObject{{"id", "payer-1"}, {"name", "Поликлиника"}}}},
+                                     {"practitioners", QJsonArray{doctor}},
+                                     {"patients", QJsonArray{patient}}})
+        .toJson();
+}
+
+class Receipt : public AbstractDocument
+{
+public:
+    explicit Receipt(int count)
+    {
+        for (int number = 1; number <= count; ++number) {
+            m_positions.append(QSharedPointer<GoodsItem>::create(
+                GoodsItem::Goods{number, QStringLiteral("Метфолин 500 мг"), 5.0, 0.0, 10.0, 2.0}));
+            m_positions.last()->setTag(positionformat::tag);
+        }
+        makeDue();
+    }
+
+    int getType() const override { return Sale; }
+    QList<QSharedPointer<GoodsItem>> getPositions() const override { return m_positions; }
+
+    /// Makes every position one that is not registered.
+    void makeDue()
+    {
+        for (const auto& position : m_positions) {
+            const QJsonObject options = {{positionformat::id, prescriptionOf(position->getNumber())},
+                                         {positionformat::tradeNameCode, "1003"},
+                                         {positionformat::organizationId, "payer-1"},
+                                         {positionformat::sumFactor, 0.5},
+                                         {positionformat::doseQuantity, 10},
+                                         {positionformat::finalDispense, false},
+                                         {positionformat::patientReference, "Patient/p-1"},
+                                         {positionformat::patient, "Пробный П. П."}};
+            position->setExtendedOptions(QString::fromUtf8(QJsonDocument(options).toJson(QJsonDocument::Compact)));
+        }
+    }
+
+private:
+    QList<QSharedPointer<GoodsItem>> m_positions;
+};
+
+/// The real saving, with a clock beside it.
+class TimedSaving : public SaveToFileLogic
+{
+public:
+    explicit TimedSaving(double& milliseconds)
+        : m_milliseconds(milliseconds)
+    {
+    }
+
+    bool save(const QSharedPointer<AbstractDocument>& document, const QString& file) override
+    {
+        const Clock::time_point start = Clock::now();
+        const bool isSaved = SaveToFileLogic::save(document, file);
+        m_milliseconds += Milliseconds(Clock::now() - start).count();
+        check(isSaved, "The receipt was not saved");
+        return isSaved;
+    }
+
+private:
+    double& m_milliseconds;
+};
+
+/// A registry whose answers take their time, and its authority.
+class SlowRegistry
+{
+public:
+    SlowRegistry(int prescriptions, std::chrono::milliseconds delay)
+        : m_identity(m_authority)
+        , m_delay(delay)
+        , m_registry(settings(), seedFile(prescriptions))
+    {
+        beginAgain();
+    }
+
+    QUrl url() const { return m_registry.url(); }
+    QString certificates() const { return m_authority.certificateFile(); }
+
+    /// Forgets what was registered, and the requests.
+    void beginAgain()
+    {
+        m_registry.ask([this](emulator::RegistryEmulator& registry) {
+            registry.reset();
+            if (m_delay.count() > 0)
+                registry.faults().delay(emulator::Endpoint::Any, m_delay, emulator::Occasion::always());
+        });
+    }
+    QList<emulator::JournalEntry> requests() const
+    {
+        return m_registry.ask([](emulator::RegistryEmulator& registry) { return registry.journal().entries(); });
+    }
+    quint64 connectionCount() const
+    {
+        return m_registry.ask([](emulator::RegistryEmulator& registry) { return registry.connectionCount(); });
+    }
+
+private:
+    emulator::EmulatorSettings settings() const
+    {
+        emulator::EmulatorSettings settings;
+        settings.tlsCertificate = m_identity.certificateFile();
+        settings.tlsKey = m_identity.keyFile();
+        return settings;
+    }
+    QString seedFile(int prescriptions) const
+    {
+        QFile file(m_folder.filePath(QStringLiteral("seed.json")));
+        check(file.open(QIODevice::WriteOnly), "The seed could not be written");
+        file.write(seedOf(prescriptions));
+        return file.fileName();
+    }
+
+    QTemporaryDir m_folder;
+    TestAuthority m_authority;
+    ServerIdentity m_identity;
+    std::chrono::milliseconds m_delay;
+    RegistryThread m_registry;
+};
+
+/// The requests of a subtotal by libcurl, with nothing around them.
+class Replay
+{
+public:
+    Replay(const QList<emulator::JournalEntry>& requests, const SlowRegistry& registry)
+        : m_requests(requests)
+        , m_base(registry.url().toEncoded())
+        , m_easy(curl_easy_init())
+    {
+        curl_easy_setopt(m_easy, CURLOPT_CAINFO, registry.certificates().toUtf8().constData());
+        curl_easy_setopt(m_easy, CURLOPT_WRITEFUNCTION, append);
+        curl_easy_setopt(m_easy, CURLOPT_WRITEDATA, this);
+    }
+    ~Replay()
+    {
+        curl_easy_cleanup(m_easy);
+        freeHeaders();
+    }
+    Replay(const Replay&) = delete;
+    Replay& operator=(const Replay&) = delete;
+
+    /// Has the registry's former tokens replaced by a new one.
+    void authorize()
+    {
+        freeHeaders();
+        m_headers.push_back(headersOf(m_requests.first(), {}));
+        send(m_requests.first(), m_headers.front());
+        const QByteArray token =
+            QJsonDocument::fromJson(m_answer).object().value(QStringLiteral("access_token")).toString().toLatin1();
+        check(!token.isEmpty(), "No token");
+        freeHeaders();
+        for (const emulator::JournalEntry& request : m_requests)
+            m_headers.push_back(headersOf(request, token));
+    }
+
+    void operator()()
+    {
+        for (qsizetype index = 0; index < m_requests.size(); ++index)
+            send(m_requests[index], m_headers[size_t(index)]);
+    }
+
+private:
+    static curl_slist* headersOf(const emulator::JournalEntry& request, const QByteArray& token)
+    {
+        curl_slist* headers = curl_slist_append(nullptr, "Expect:");
+        for (const auto& [name, value] : request.headers) {
+            if (name == "Host" || name == "Content-Length")
+                continue;
+            const bool isToken = name == "Authorization";
+            headers = curl_slist_append(headers, (name + ": " + (isToken ? "Bearer " + token : value)).constData());
+        }
+        return headers;
+    }
+    void freeHeaders()
+    {
+        for (curl_slist* headers : m_headers)
+            curl_slist_free_all(headers);
+        m_headers.clear();
+    }
+
+    void send(const emulator::JournalEntry& request, curl_slist* headers)
+    {
+        m_answer.clear();
+        const QByteArray url = m_base + request.target;
+        curl_easy_setopt(m_easy, CURLOPT_URL, url.constData());
+        curl_easy_setopt(m_easy, CURLOPT_HTTPHEADER, headers);
+        curl_easy_setopt(m_easy, CURLOPT_POSTFIELDSIZE, long(request.body.size()));
+        curl_easy_setopt(m_easy, CURLOPT_POSTFIELDS, request.body.constData());
+        check(curl_easy_perform(m_easy) == CURLE_OK, "A request failed");
+        long status = 0;
+        curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
+        check(status == 200, "A request was refused");
+    }
+
+    static size_t append(char* data, size_t size, size_t count, void* context)
+    {
+        static_cast<Replay*>(context)->m_answer.append(data, qsizetype(size * count));
+        return size * count;
+    }
+
+    QList<emulator::JournalEntry> m_requests;
+    QByteArray m_base;
+    CURL* m_easy;
+    std::vector<curl_slist*> m_headers;
+    QByteArray m_answer;
+};
+
+template <typename Operation>
+double millisecondsOf(Operation&& operation)
+{
+    const Clock::time_point start = Clock::now();
+    operation();
+    return Milliseconds(Clock::now() - start).count();
+}
+
+double medianOf(std::vector<double>& values)
+{
+    const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+void configure(Config& configuration, const SlowRegistry& registry, const QString& dataFolder)
+{
+    const QString section = QStringLiteral("ElectronicPrescription:");
+    configuration.setForThisRun(section + "requestsUrl", registry.url().toString());
+    configuration.setForThisRun(section + "authorizationUrl", registry.url().toString());
+    configuration.setForThisRun(section + "clientId", QStringLiteral("pharmacy"));
+    configuration.setForThisRun(section + "clientSecret", QStringLiteral("secret"));
+    configuration.setForThisRun(section + "organizationIdentifier", QStringLiteral("17"));
+    configuration.setForThisRun(section + "organizationName", QStringLiteral("Аптека № 17"));
+    configuration.setForThisRun(section + "organizationAddress", QStringLiteral("ул. Лесная, 1"));
+    configuration.setForThisRun(QStringLiteral("RestClient:caFile"), registry.certificates());
+    configuration.setForThisRun(QStringLiteral("Register:data"), dataFolder);
+}
+
+void subtotal(benchmark::State& state)
+{
+    const int positions = int(state.range(0));
+    SlowRegistry registry(positions, std::chrono::milliseconds(state.range(1)));
+    const QTemporaryDir dataFolder;
+    Config configuration;
+    Singleton<Config>::instance = &configuration;
+    configure(configuration, registry, dataFolder.path());
+
+    double saving = 0;
+    MockFactory<SaveToFileLogic>::mocked = [&saving] { return QSharedPointer<TimedSaving>::create(saving); };
+    const auto receipt = QSharedPointer<Receipt>::create(positions);
+    DocumentWatcher::setCurrentDocument(receipt);
+    ElectronicPrescriptionService service;
+    const auto throughTheService = [&] {
+        check(service.beforeSubtotal(control::Action(control::Subtotal)) == EContext::GoOn, "The subtotal stopped");
+    };
+
+    throughTheService();
+    Replay replay(registry.requests(), registry);
+
+    std::vector<double> plugin;
+    std::vector<double> savings;
+    std::vector<double> bare;
+    for (auto _ : state) {
+        registry.beginAgain();
+        receipt->makeDue();
+        saving = 0;
+        plugin.push_back(millisecondsOf(throughTheService));
+        savings.push_back(saving);
+
+        registry.beginAgain();
+        replay.authorize();
+        bare.push_back(millisecondsOf(replay));
+    }
+    check(registry.connectionCount() == 2, "A connection was not kept");
+    const double whole = medianOf(plugin);
+    const double floor = medianOf(bare);
+    state.counters["per_position_ms"] = whole / positions;
+    state.counters["floor_ms"] = floor / positions;
+    state.counters["saving"] = medianOf(savings) / whole;
+    state.counters["ratio"] = whole / floor;
+
+    MockFactory<SaveToFileLogic>::mocked = nullptr;
+    DocumentWatcher::setCurrentDocument(nullptr);
+    Singleton<Config>::instance = nullptr;
+}
+
+/// Positions, and milliseconds that each answer takes.
+void registerCases()
+{
+    const auto add = [](int positions, int delay, int rounds) {
+        benchmark::RegisterBenchmark("subtotal", subtotal)
+            ->Args({positions, delay})
+            ->ArgNames({"positions", "delay_ms"})
+            ->Iterations(rounds)
+            ->Unit(benchmark::kMillisecond)
+            ->UseRealTime();
+    };
+    add(1, 0, 200);
+    add(10, 0, 50);
+    add(100, 0, 10);
+    add(1, 20, 50);
+    add(10, 20, 10);
+    add(100, 20, 3);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    registerCases();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
