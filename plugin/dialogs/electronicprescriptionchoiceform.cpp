@@ -9,7 +9,6 @@
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
 #include "prescriptiondate.h"
-#include "registerstyle.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
@@ -18,6 +17,7 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 
 namespace
 {
@@ -137,13 +137,8 @@ void ElectronicPrescriptionChoiceForm::setUpButtons()
         {"cancelButton", tr::Tr("electronicPrescriptionChoiceFormCancelButton", "Назад"), &Form::onCancel},
         {"okButton", tr::Tr("electronicPrescriptionChoiceFormOkButton", "Выбрать"), &Form::onOk},
     };
-    for (const auto& [name, text, slot] : buttons) {
-        if (auto* button = findWidget<QPushButton>(name)) {
-            connect(button, &QPushButton::clicked, this, slot);
-            button->setText(text.ui());
-            button->setAccessibleName(text.ui());
-        }
-    }
+    for (const auto& button : buttons)
+        setUp(findWidget<QPushButton>(button.widget), button, this);
 }
 
 void ElectronicPrescriptionChoiceForm::setUpLabels()
@@ -157,10 +152,8 @@ void ElectronicPrescriptionChoiceForm::setUpLabels()
         {"practitionerNameLabel", tr::Tr("electronicPrescriptionChoiceFormPractitionerNameLabel", "ФИО врача:")},
         {"organizationLabel", tr::Tr("electronicPrescriptionChoiceFormOrganizationLabel", "Организация:")},
     };
-    for (const auto& [name, text] : captions) {
-        if (auto* label = findWidget<QLabel>(name))
-            label->setText(text.ui());
-    }
+    for (const auto& [name, text] : captions)
+        setUp(findWidget<QLabel>(name), text);
     // They are filled row by row. A layout that lacks one is refused here, while somebody can be told.
     for (const auto* name : {"tradeNameValueLabel", "patientNameValueLabel", "patientBirthdayValueLabel",
                              "practitionerNameValueLabel", "organizationValueLabel"})
@@ -228,8 +221,11 @@ void ElectronicPrescriptionChoiceForm::tellIfNothingMatches(const QString& text)
         hint->setVisible(isNoneLeft);
     }
     // It goes on answering as onOk() does, so it only looks as if there were nothing to choose.
-    if (auto* okButton = findWidget<QPushButton>("okButton", false))
-        setStyleProperty(*okButton, "idle", isNoneLeft);
+    if (auto* okButton = findWidget<QPushButton>("okButton", false)) {
+        okButton->setProperty("idle", isNoneLeft);
+        okButton->style()->unpolish(okButton);
+        okButton->style()->polish(okButton);
+    }
 }
 
 void ElectronicPrescriptionChoiceForm::selectRow(int row)

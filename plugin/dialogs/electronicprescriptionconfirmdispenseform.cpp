@@ -24,17 +24,10 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
         {"partDispenseButton", tr::Tr("electronicPrescriptionConfirmDispenseFormPartDispenseButton", "Частично"),
          &Form::onPartDispense},
     };
-    for (const auto& [name, text, slot] : buttons) {
-        if (auto* button = findWidget<QPushButton>(name)) {
-            connect(button, &QPushButton::clicked, this, slot);
-            button->setText(text.ui());
-            button->setAccessibleName(text.ui());
-        }
-    }
-    if (auto* title = findWidget<QLabel>("titleLabel")) {
-        title->setText(
-            tr::Tr("electronicPrescriptionConfirmDispenseFormTitle", "Подтверждение отпуска по рецепту").ui());
-    }
+    for (const auto& button : buttons)
+        setUp(findWidget<QPushButton>(button.widget), button, this);
+    setUp(findWidget<QLabel>("titleLabel"),
+          tr::Tr("electronicPrescriptionConfirmDispenseFormTitle", "Подтверждение отпуска по рецепту"));
 
     auto* dialogEventFilter = new DialogEventFilter(this);
     connect(dialogEventFilter, &DialogEventFilter::cancel, this, &Form::onCancel);
@@ -44,12 +37,10 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
     params.getElectronicPrescription(prescription);
     if (!prescription)
         return;
-    if (auto* label = findWidget<QLabel>("confirmDispenseLabel")) {
-        label->setText(tr::Tr("electronicPrescriptionConfirmDispenseFormConfirmDispenseLabel",
-                              "Лекарственный препарат по рецепту на\n'%1'\nотпущен")
-                           .arg(prescription->getInn())
-                           .ui());
-    }
+    setUp(findWidget<QLabel>("confirmDispenseLabel"),
+          tr::Tr("electronicPrescriptionConfirmDispenseFormConfirmDispenseLabel",
+                 "Лекарственный препарат по рецепту на\n'%1'\nотпущен")
+              .arg(prescription->getInn()));
 }
 
 void ElectronicPrescriptionConfirmDispenseForm::onCompleteDispense()

@@ -75,13 +75,8 @@ void ElectronicPrescriptionForm::setUpButtons(bool isActive)
         {"cancelButton", tr::Tr("electronicPrescriptionFormCancelButton", "Назад"), &Form::onCancel},
         {"chooseButton", tr::Tr("electronicPrescriptionFormChooseButton", "Подобрать"), &Form::onChoose},
     };
-    for (const auto& [name, text, slot] : buttons) {
-        if (auto* button = findWidget<QPushButton>(name)) {
-            connect(button, &QPushButton::clicked, this, slot);
-            button->setText(text.ui());
-            button->setAccessibleName(text.ui());
-        }
-    }
+    for (const auto& button : buttons)
+        setUp(findWidget<QPushButton>(button.widget), button, this);
     if (auto* chooseButton = findWidget<QPushButton>("chooseButton"))
         chooseButton->setEnabled(isActive);
 }
@@ -116,10 +111,8 @@ void ElectronicPrescriptionForm::setUpCaptions()
         {"medicationDispenseDatesLabel",
          tr::Tr("electronicPrescriptionFormMedicationDispenseDatesLabel", "Даты отпуска препарата по рецепту:")},
     };
-    for (const auto& [name, text] : captions) {
-        if (auto* label = findWidget<QLabel>(name))
-            label->setText(text.ui());
-    }
+    for (const auto& [name, text] : captions)
+        setUp(findWidget<QLabel>(name), text);
 }
 
 void ElectronicPrescriptionForm::setUpKeys()

@@ -191,6 +191,11 @@ TEST_P(Layouts, confirmDispenseForm_isWholeAndNoLargerThanTheSmallestScreen)
     expectNothingCutOff(form);
     expectNoSidewaysScrolling(form);
     expectAccessibleNames(form);
+    if (!GetParam().isExtreme) {
+        EXPECT_LT(widget<QScrollArea>(form, "confirmDispenseScrollArea")->viewport()->height(),
+                  2 * widget<QLabel>(form, "confirmDispenseLabel")->heightForWidth(400))
+            << "no void below the question";
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(, Layouts, ::testing::ValuesIn(cases()), caseName);

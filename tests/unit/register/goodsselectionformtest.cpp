@@ -6,9 +6,11 @@
 #include "tallotableview.h"
 #include "till.h"
 
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -91,6 +93,17 @@ TEST_F(GoodsSelection, withoutInfo_itsLineIsHidden)
     open({});
     EXPECT_FALSE(widget<QLabel>("medicineInfoLabel")->isVisible());
     EXPECT_EQ(shownRows(), 60);
+}
+
+TEST_F(GoodsSelection, infoLongerThanItsRoom_isWholeInTheToolTip)
+{
+    const QString info = QString(300, QChar(0x416)) + QStringLiteral(" / ") + QString(300, QChar(0x429));
+    open({}, info);
+    auto* label = widget<QLabel>("medicineInfoLabel");
+    EXPECT_LE(label->height(), 72);
+    QHelpEvent help(QEvent::ToolTip, {5, 5}, label->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(label, &help);
+    EXPECT_TRUE(QToolTip::text().contains(info));
 }
 
 TEST_F(GoodsSelection, returnPressed_answersTheCurrentRowAndOnePack)
