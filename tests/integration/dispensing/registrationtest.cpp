@@ -8,8 +8,6 @@
 
 #include <gtest/gtest.h>
 
-using emulator::Endpoint;
-
 namespace
 {
 
