@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "amount.h"
 
+#include <QRegularExpression>
+
 #include <cmath>
 
 Kopecks kopecks(double roubles)
@@ -16,4 +18,13 @@ QString amountText(Kopecks amount)
         roubles.insert(place, QChar::Nbsp);
     const QString decimals = QString::number(size % 100).rightJustified(2, QLatin1Char('0'));
     return (amount < 0 ? QStringLiteral("-") : QString()) + roubles + QLatin1Char(',') + decimals;
+}
+
+std::optional<Kopecks> typedAmount(const QString& text)
+{
+    static const QRegularExpression form(QStringLiteral("\\A(\\d{1,8})(?:[.,](\\d{0,2}))?\\z"));
+    const QRegularExpressionMatch match = form.match(text.trimmed());
+    if (!match.hasMatch())
+        return std::nullopt;
+    return match.captured(1).toLongLong() * 100 + match.captured(2).leftJustified(2, QLatin1Char('0')).toLongLong();
 }

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <optional>
+
 /// An amount of money in whole kopecks.
 using Kopecks = qint64;
 
@@ -12,3 +14,7 @@ Kopecks kopecks(double roubles);
 
 /// As the cashier reads it: "1 234,50", thousands apart by a no-break space, always two decimals.
 QString amountText(Kopecks amount);
+
+/// Roubles as a person types them: up to eight digits and two decimals after a comma or point. Nothing for anything
+/// else, such as a barcode.
+std::optional<Kopecks> typedAmount(const QString& text);

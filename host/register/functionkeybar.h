@@ -6,7 +6,9 @@
 #include <QList>
 #include <QWidget>
 
-/// The row of function keys, each with its shortcut written on it.
+class QPushButton;
+
+/// The function keys, each with its shortcut written on it: in as few rows as have room for what is written.
 class FunctionKeyBar : public QWidget
 {
     Q_OBJECT
@@ -14,7 +16,27 @@ class FunctionKeyBar : public QWidget
 public:
     explicit FunctionKeyBar(const QList<FunctionKey>& keys, QWidget* parent = nullptr);
 
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 signals:
     /// A key was clicked, or its shortcut pressed while the bar could be used.
     void pressed(const FunctionKey& key);
+
+protected:
+    bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    using Row = QList<QPushButton*>;
+
+    void addKey(const FunctionKey& key);
+    QList<Row> rows(int width) const;
+    QList<Row> inRows(int count) const;
+    int keyHeight() const;
+    void arrange();
+
+    Row m_keys;
 };

@@ -2,23 +2,6 @@
 #include "notice.h"
 #include "registercommands.h"
 
-#include <QRegularExpression>
-
-namespace
-{
-
-/// Roubles as they are typed: up to eight digits and two decimals after a comma or point. Nothing for anything else.
-std::optional<Kopecks> typedAmount(const QString& text)
-{
-    static const QRegularExpression form(QStringLiteral("\\A(\\d{1,8})(?:[.,](\\d{0,2}))?\\z"));
-    const QRegularExpressionMatch match = form.match(text.trimmed());
-    if (!match.hasMatch())
-        return std::nullopt;
-    return match.captured(1).toLongLong() * 100 + match.captured(2).leftJustified(2, QLatin1Char('0')).toLongLong();
-}
-
-} // namespace
-
 EContext::Result RegisterCommands::subtotal(control::Action&)
 {
     if (!hasPositions())

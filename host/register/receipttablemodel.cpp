@@ -51,6 +51,12 @@ int ReceiptTableModel::rowOf(int positionNumber) const
     return row == m_rows.cend() ? -1 : static_cast<int>(row - m_rows.cbegin());
 }
 
+bool ReceiptTableModel::isEmpty(Column column) const
+{
+    return std::all_of(m_rows.cbegin(), m_rows.cend(),
+                       [this, column](const Row& row) { return text(row, column).isEmpty(); });
+}
+
 int ReceiptTableModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());

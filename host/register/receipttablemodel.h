@@ -29,6 +29,8 @@ public:
     int positionNumber(int row) const;
     /// The row of a position; -1 when it is not there.
     int rowOf(int positionNumber) const;
+    /// True when no row has anything to show in that column.
+    bool isEmpty(Column column) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

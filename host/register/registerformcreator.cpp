@@ -2,12 +2,32 @@
 #include "registerformcreator.h"
 
 #include "goodsselectionform.h"
+#include "questionform.h"
+
+namespace
+{
+
+/// The form, when the event is the one that shows it; else null. The event carries the form's parameters as "params".
+template <typename Form, typename Params>
+QSharedPointer<BasicForm> formOf(const Event& event)
+{
+    if (event.getCode() != Params::eventCode)
+        return nullptr;
+    return QSharedPointer<Form>::create(event.value(QStringLiteral("params")).template value<Params>());
+}
+
+} // namespace
 
 QSharedPointer<BasicForm> RegisterFormCreator::create(const Event& event)
 {
-    if (event.getCode() != GoodsSelectionParams::eventCode)
-        return nullptr;
-    return QSharedPointer<GoodsSelectionForm>::create(GoodsSelectionParams::fromEvent(event));
+    constexpr QSharedPointer<BasicForm> (*makers[])(const Event&) = {
+        formOf<GoodsSelectionForm, GoodsSelectionParams>,
+        formOf<QuestionForm, Question>,
+    };
+    for (const auto& make : makers)
+        if (QSharedPointer<BasicForm> form = make(event))
+            return form;
+    return nullptr;
 }
 
 QSharedPointer<BasicForm> RegisterFormCreator::create(EContext::Code)

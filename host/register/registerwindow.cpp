@@ -2,11 +2,15 @@
 #include "registerwindow.h"
 
 #include "actionqueuecontroller.h"
+#include "documentwords.h"
 #include "formlayer.h"
 #include "inputblocker.h"
+#include "notice.h"
+#include "refusal.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -42,7 +46,18 @@ RegisterWindow::RegisterWindow(Sale& sale, const PositionMarks& marks, const QLi
 
     connect(&longWork, &LongWork::running, m_busy, &BusyScreen::start);
     connect(&longWork, &LongWork::ended, m_busy, &BusyScreen::stop);
-    connect(Singleton<ActionQueueController>::get(), &ActionQueueController::idle, m_sales, &SalesScreen::refresh);
+    // What a plug-in has done to the positions shows after each piece of its work.
+    connect(&longWork, &LongWork::ended, m_sales, &SalesScreen::refresh);
+    auto* controller = Singleton<ActionQueueController>::get();
+    connect(controller, &ActionQueueController::idle, m_sales, &SalesScreen::refresh);
+    connect(controller, &ActionQueueController::refused, this, &RegisterWindow::tellRefusal);
+    connect(m_sales, &SalesScreen::ended, this,
+            [this](const Receipt& receipt) { m_statusLine->showDone(documentwords::ending(receipt)); });
+    connect(&sale, &Sale::changed, this, [this, &sale] {
+        if (sale.receipt())
+            m_statusLine->dropNews();
+    });
+    qApp->installEventFilter(this);
     connect(m_lock, &LockScreen::unlocked, this, [this] {
         arrangeLayers();
         if (m_focusBeforeLock)
@@ -75,6 +90,16 @@ void RegisterWindow::leave(BasicForm& form)
     arrangeLayers();
     if (m_layers.isEmpty())
         m_sales->setFocus();
+}
+
+/// A refusal has been read when the cashier goes on.
+bool RegisterWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool goesOn = event->type() == QEvent::MouseButtonPress ||
+                        (event->type() == QEvent::KeyPress && !static_cast<QKeyEvent*>(event)->isAutoRepeat());
+    if (goesOn && m_statusLine->isRefusalShown())
+        m_statusLine->dropNews();
+    return QWidget::eventFilter(watched, event);
 }
 
 void RegisterWindow::lock()
@@ -149,4 +174,12 @@ void RegisterWindow::coverWithLock()
     m_focusBeforeLock = QApplication::focusWidget();
     m_lock->lock();
     arrangeLayers();
+}
+
+void RegisterWindow::tellRefusal(const control::Action& action, EContext::Result result)
+{
+    if (result == EContext::NotFound)
+        showNotice(refusal::notFound(action));
+    else
+        m_statusLine->showRefused(refusal::stopped(action).ui());
 }

@@ -31,6 +31,8 @@ public:
     void enter(BasicForm& form) override;
     void leave(BasicForm& form) override;
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 public slots:
     /// Cancels what is open and covers the window until the cashier comes back.
     void lock();
@@ -48,6 +50,7 @@ private:
     bool isAtWork() const;
     void arrangeLayers();
     void coverWithLock();
+    void tellRefusal(const control::Action& action, EContext::Result result);
 
     SalesScreen* m_sales;
     StatusLine* m_statusLine;

@@ -3,19 +3,22 @@
 
 #include "actionfactory.h"
 #include "actionqueuecontroller.h"
+#include "documentwords.h"
 #include "functionkeybar.h"
+#include "paymentpanel.h"
 #include "registeraction.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
 #include "tr.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -41,12 +44,12 @@ SalesScreen::SalesScreen(Sale& sale, const PositionMarks& marks, const QList<Fun
     layout->setSpacing(8);
     layout->addWidget(createHeader());
     layout->addWidget(createTable(), 1);
-    layout->addWidget(createSearchAndTotal());
+    layout->addWidget(m_searchAndTotal = createSearchAndTotal());
+    layout->addWidget(createPayment(keys));
     auto* keyBar = new FunctionKeyBar(keys, this);
-    connect(keyBar, &FunctionKeyBar::pressed, this, &SalesScreen::give);
+    connect(keyBar, &FunctionKeyBar::pressed, this, &SalesScreen::press);
     layout->addWidget(keyBar);
 
-    setFocusProxy(m_search);
     connect(&m_sale, &Sale::changed, this, &SalesScreen::refresh);
     refresh();
 }
@@ -80,12 +83,12 @@ QWidget* SalesScreen::createTable()
     m_table->setColumns({
         QStringLiteral("number;;40;true;130"),
         QStringLiteral("name;;-1;true;129"),
-        QStringLiteral("mark;;48;true;132"),
+        QStringLiteral("mark;;-2;true;132"),
         QStringLiteral("quantity;;76;true;130"),
-        QStringLiteral("initialPrice;;128;true;130"),
+        QStringLiteral("initialPrice;;-2;true;130"),
         QStringLiteral("price;;88;true;130"),
         QStringLiteral("sum;;104;true;130"),
-        QStringLiteral("state;;196;true;129"),
+        QStringLiteral("state;;-2;true;129"),
     });
     return m_table;
 }
@@ -121,27 +124,62 @@ QWidget* SalesScreen::createSearchAndTotal()
     return row;
 }
 
+QWidget* SalesScreen::createPayment(const QList<FunctionKey>& keys)
+{
+    const auto paymentKey = std::find_if(keys.cbegin(), keys.cend(), [](const FunctionKey& key) {
+        return key.actionType == control::SubtotalAndPayment;
+    });
+    m_payment = new PaymentPanel(
+        paymentKey == keys.cend() ? QString() : paymentKey->shortcut.toString(QKeySequence::NativeText), this);
+    connect(m_payment, &PaymentPanel::confirmed, this, &SalesScreen::goOn);
+    connect(m_payment, &PaymentPanel::left, this, &SalesScreen::goBack);
+    return m_payment;
+}
+
 void SalesScreen::refresh()
 {
     const QSharedPointer<Receipt> receipt = m_sale.receipt();
-    const int number = m_model.positionNumber(m_table->currentIndex().row());
-    const auto positions = receipt ? static_cast<int>(receipt->positions().size()) : 0;
-    const bool grown = positions > m_positions;
-    m_positions = positions;
-
-    m_model.refresh(receipt);
-    const int row = grown ? positions - 1 : std::max(m_model.rowOf(number), positions > 0 ? 0 : -1);
-    if (row >= 0)
-        m_table->setCurrentIndex(m_model.index(row, 0));
-
-    m_receiptNumber->setText(receipt ? tr::Tr(QStringLiteral("receiptNumber"), QStringLiteral("Чек № %1"))
-                                           .arg(QString::number(receipt->getNumber()))
-                                           .ui()
+    const QSharedPointer<Receipt> before = std::exchange(m_shown, receipt);
+    showPositions();
+    m_receiptNumber->setText(receipt ? documentwords::title(*receipt)
                                      : tr::Tr(QStringLiteral("receiptNone"), QStringLiteral("Чек не открыт")).ui());
     const QString info = receipt ? m_marks.documentText(*receipt) : QString();
     m_documentInfo->setText(info);
     m_documentInfo->setToolTip(info);
     m_total->setText(amountText(receipt ? receipt->getSum() : 0));
+    showPhase();
+    if (before && before != receipt)
+        emit ended(*before);
+}
+
+void SalesScreen::showPositions()
+{
+    const int number = m_model.positionNumber(m_table->currentIndex().row());
+    const auto positions = m_shown ? static_cast<int>(m_shown->positions().size()) : 0;
+    const bool grown = positions > m_positions;
+    m_positions = positions;
+
+    m_model.refresh(m_shown);
+    const int row = grown ? positions - 1 : std::max(m_model.rowOf(number), positions > 0 ? 0 : -1);
+    if (row >= 0)
+        m_table->setCurrentIndex(m_model.index(row, 0));
+    for (const auto column : {ReceiptTableModel::Mark, ReceiptTableModel::InitialPrice, ReceiptTableModel::State})
+        m_table->setColumnHidden(column, m_model.isEmpty(column));
+}
+
+/// The focus goes along with the phase, unless it stands in a form above this screen.
+void SalesScreen::showPhase()
+{
+    const Sale::Phase phase = m_sale.phase();
+    const bool searching = phase == Sale::Phase::Positions;
+    const bool hasFocus = isAncestorOf(QApplication::focusWidget());
+    const QWidget* inputBefore = focusProxy();
+    m_payment->showPhase(phase, m_shown);
+    m_searchAndTotal->setVisible(searching);
+    QWidget* input = searching ? m_search : m_payment->input();
+    setFocusProxy(input);
+    if (hasFocus && input != inputBefore)
+        input->setFocus();
 }
 
 void SalesScreen::keyPressEvent(QKeyEvent* event)
@@ -154,17 +192,24 @@ void SalesScreen::keyPressEvent(QKeyEvent* event)
         moveRow(+1);
         return;
     case Qt::Key_Escape:
-        m_search->clear();
-        m_search->setFocus();
+        goBack();
         return;
     default:
-        if (isText(*event)) {
-            m_search->setFocus();
-            QCoreApplication::sendEvent(m_search, event);
-            return;
-        }
-        QWidget::keyPressEvent(event);
+        if (isText(*event))
+            type(*event);
+        else
+            QWidget::keyPressEvent(event);
     }
+}
+
+/// What is typed or scanned while a function key has the focus goes where it is expected.
+void SalesScreen::type(QKeyEvent& event)
+{
+    auto* line = qobject_cast<QLineEdit*>(focusProxy());
+    if (!line)
+        return;
+    line->setFocus();
+    QApplication::sendEvent(line, &event);
 }
 
 void SalesScreen::moveRow(int by)
@@ -185,12 +230,30 @@ void SalesScreen::search()
     Singleton<ActionQueueController>::get()->enqueue(action, false);
 }
 
-void SalesScreen::give(const FunctionKey& key)
+void SalesScreen::goOn()
 {
-    auto* controller = Singleton<ActionQueueController>::get();
-    if (controller->isBusy())
+    if (m_sale.phase() == Sale::Phase::Subtotal) {
+        give(Singleton<control::ActionFactory>::get()->create(control::SubtotalAndPayment));
         return;
-    const bool handled = controller->isHandled(key.actionType);
+    }
+    control::Action pay = Singleton<control::ActionFactory>::get()->create(registeraction::pay);
+    pay.insert(QStringLiteral("received"), m_payment->received());
+    give(pay);
+}
+
+void SalesScreen::goBack()
+{
+    if (m_sale.phase() != Sale::Phase::Positions) {
+        give(Singleton<control::ActionFactory>::get()->create(registeraction::backToPositions));
+        return;
+    }
+    m_search->clear();
+    m_search->setFocus();
+}
+
+void SalesScreen::press(const FunctionKey& key)
+{
+    const bool handled = Singleton<ActionQueueController>::get()->isHandled(key.actionType);
     control::Action action =
         Singleton<control::ActionFactory>::get()->create(handled ? key.actionType : registeraction::explainKey);
     if (!handled)
@@ -199,5 +262,13 @@ void SalesScreen::give(const FunctionKey& key)
         action.insert(argument.key(), argument.value());
     if (const int number = m_model.positionNumber(m_table->currentIndex().row()))
         action.insert(QStringLiteral("positionNumber"), number);
-    controller->enqueue(action, false);
+    give(action);
+}
+
+/// Keys pressed while the register is at work do nothing.
+void SalesScreen::give(const control::Action& action)
+{
+    auto* controller = Singleton<ActionQueueController>::get();
+    if (!controller->isBusy())
+        controller->enqueue(action, false);
 }

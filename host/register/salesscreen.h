@@ -7,14 +7,16 @@
 #include "sale.h"
 
 #include <QList>
+#include <QSharedPointer>
 #include <QWidget>
 
-class FunctionKeyBar;
+class PaymentPanel;
 class QLabel;
 class TalloLineEdit;
 class TalloTableView;
 
-/// The screen of the open receipt: its positions, the total, the search for goods and the function keys.
+/// The screen of the open receipt: its positions, the function keys, and between them the search for goods or the
+/// payment.
 class SalesScreen : public QWidget
 {
     Q_OBJECT
@@ -26,6 +28,10 @@ public:
     /// Shows the receipt as it is now.
     void refresh();
 
+signals:
+    /// The receipt that was shown is no longer open.
+    void ended(const Receipt& receipt);
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -33,8 +39,15 @@ private:
     QWidget* createHeader();
     QWidget* createTable();
     QWidget* createSearchAndTotal();
+    QWidget* createPayment(const QList<FunctionKey>& keys);
+    void showPositions();
+    void showPhase();
     void search();
-    void give(const FunctionKey& key);
+    void goOn();
+    void goBack();
+    void type(QKeyEvent& event);
+    void press(const FunctionKey& key);
+    void give(const control::Action& action);
     void moveRow(int by);
 
     Sale& m_sale;
@@ -45,5 +58,8 @@ private:
     TalloTableView* m_table = nullptr;
     TalloLineEdit* m_search = nullptr;
     QLabel* m_total = nullptr;
+    QWidget* m_searchAndTotal = nullptr;
+    PaymentPanel* m_payment = nullptr;
+    QSharedPointer<Receipt> m_shown;
     int m_positions = 0;
 };

@@ -3,11 +3,21 @@
 
 #include "currenttime.h"
 #include "iconsviewnotifier.h"
+#include "registerstyle.h"
 #include "tallokeyboard.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QTimer>
+
+namespace
+{
+constexpr const char* standing = "hint";
+constexpr const char* done = "done";
+constexpr const char* refused = "waiting";
+constexpr int linesOfMessage = 2;
+constexpr int roomAroundMessage = 8; // pixels
+} // namespace
 
 StatusLine::StatusLine(QWidget* parent)
     : QWidget(parent)
@@ -17,7 +27,11 @@ StatusLine::StatusLine(QWidget* parent)
     layout->setContentsMargins(16, 0, 16, 6);
     layout->setSpacing(24);
     m_message = addLabel(QStringLiteral("statusMessageLabel"), 1);
-    m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_message->setWordWrap(true);
+    m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_message->setStyleSheet(QStringLiteral("QLabel[textRole=\"done\"] { font-size: 16pt; font-weight: 600 }"));
+    // Always as high as the longest message asks: nothing moves away under a finger when one comes or goes.
+    m_message->setFixedHeight(linesOfMessage * fontMetrics().lineSpacing() + roomAroundMessage);
     m_plugins = addLabel(QStringLiteral("pluginStateLabel"), 0);
     m_keyboardLayout = addLabel(QStringLiteral("keyboardLayoutLabel"), 0);
     m_clock = addLabel(QStringLiteral("clockLabel"), 0);
@@ -33,7 +47,7 @@ QLabel* StatusLine::addLabel(const QString& name, int stretch)
 {
     auto* label = new QLabel(this);
     label->setObjectName(name);
-    label->setProperty("textRole", QStringLiteral("hint"));
+    label->setProperty("textRole", QLatin1String(standing));
     label->setTextFormat(Qt::PlainText);
     static_cast<QHBoxLayout*>(layout())->addWidget(label, stretch);
     return label;
@@ -41,8 +55,35 @@ QLabel* StatusLine::addLabel(const QString& name, int stretch)
 
 void StatusLine::showMessage(const QString& text)
 {
+    m_standingMessage = text;
+    show(text, standing);
+}
+
+void StatusLine::showDone(const QString& text)
+{
+    show(text, done);
+}
+
+void StatusLine::showRefused(const QString& text)
+{
+    show(text, refused);
+}
+
+bool StatusLine::isRefusalShown() const
+{
+    return m_message->property("textRole").toString() == QLatin1String(refused);
+}
+
+void StatusLine::dropNews()
+{
+    show(m_standingMessage, standing);
+}
+
+void StatusLine::show(const QString& text, const char* textRole)
+{
     m_message->setText(text);
     m_message->setToolTip(text);
+    setStyleProperty(*m_message, QStringLiteral("textRole"), QLatin1String(textRole));
 }
 
 void StatusLine::showPlugins(const QString& text, const QString& details)

@@ -15,7 +15,15 @@ class StatusLine : public QWidget
 public:
     explicit StatusLine(QWidget* parent = nullptr);
 
+    /// A message that stands for good; empty: none.
     void showMessage(const QString& text);
+    /// What has been done, in large letters, instead of the message, until dropNews().
+    void showDone(const QString& text);
+    /// What was refused, on amber, instead of the message, until dropNews().
+    void showRefused(const QString& text);
+    bool isRefusalShown() const;
+    void dropNews();
+
     /// @param details the tool tip
     void showPlugins(const QString& text, const QString& details);
 
@@ -23,7 +31,9 @@ private:
     void showTime();
     void onIconsChanged(QEvent::Type type, QObject* source);
     QLabel* addLabel(const QString& name, int stretch);
+    void show(const QString& text, const char* textRole);
 
+    QString m_standingMessage;
     QLabel* m_message;
     QLabel* m_plugins;
     QLabel* m_keyboardLayout;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "export.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -10,7 +12,7 @@
 ///
 /// A scanner types like a keyboard, but faster than any hand: characters that follow one another within 50 ms and end
 /// in Return are a scan. A scanner that is set up to send a prefix is known by that prefix, at any speed.
-class ScanRecognizer
+class REGISTERPLATFORM_EXPORT ScanRecognizer
 {
 public:
     /// What a scanner sends before and after the code, besides control characters; may be empty.

@@ -197,8 +197,10 @@ Call the administrator.</translation>
         <translation>Choose a position of the receipt first.</translation>
     </message>
     <message id="positionBound">
-        <source>Позиция № %1 отпускается по документу: её количество не меняется и она не удаляется.</source>
-        <translation>Position %1 is dispensed under a document: its quantity cannot be changed, and it cannot be removed.</translation>
+        <source>Позиция № %1 отпускается по документу, её количество и цена не меняются.
+Чтобы отпустить другое количество, удалите позицию и отпустите её заново.</source>
+        <translation>Position No. %1 is dispensed on a document; its quantity and price do not change.
+To dispense another quantity remove the position and dispense it anew.</translation>
     </message>
     <message id="receiptColumnNumber">
         <source>№</source>
@@ -279,6 +281,266 @@ Tell the administrator. You can open a new receipt.</translation>
     <message id="receiptMemberDamaged">
         <source>Данные «%1» отсутствуют или искажены</source>
         <translation>“%1” is missing or damaged</translation>
+    </message>
+    <message id="documentNotFound">
+        <source>Документа № %1 нет среди отложенных и завершённых.
+Проверьте номер.</source>
+        <translation>There is no document No. %1 among those put aside and finished.
+Check the number.</translation>
+    </message>
+    <message id="takeBackNotPutAside">
+        <source>Возврат нельзя отложить: завершите его или отмените.</source>
+        <translation>A return cannot be put aside: finish it or cancel it.</translation>
+    </message>
+    <message id="finishOpenReceiptFirst">
+        <source>Сначала завершите или отложите открытый чек № %1.</source>
+        <translation>First finish or put aside the open receipt No. %1.</translation>
+    </message>
+    <message id="takeBackTitle">
+        <source>Возврат продажи</source>
+        <translation>Return of a sale</translation>
+    </message>
+    <message id="takeBackMessage">
+        <source>Номер чека, по которому возвращают товар</source>
+        <translation>Number of the receipt that goods are returned for</translation>
+    </message>
+    <message id="takeBackOnlyClosedSale">
+        <source>Документ № %1 — не закрытая продажа, его нельзя вернуть.</source>
+        <translation>Document No. %1 is no closed sale and cannot be returned.</translation>
+    </message>
+    <message id="takenBackAlready">
+        <source>Продажа № %1 уже возвращена чеком № %2.</source>
+        <translation>Sale No. %1 has already been returned by receipt No. %2.</translation>
+    </message>
+    <message id="annulTitle">
+        <source>Аннулирование документа</source>
+        <translation>Annul a document</translation>
+    </message>
+    <message id="annulMessage">
+        <source>Номер отложенного чека или закрытой продажи</source>
+        <translation>Number of a receipt put aside or of a closed sale</translation>
+    </message>
+    <message id="annulNotPossible">
+        <source>Документ № %1 нельзя аннулировать: аннулируются отложенные чеки и закрытые продажи, которые не возвращены.</source>
+        <translation>Document No. %1 cannot be annulled: only receipts put aside and closed sales that have not been returned can.</translation>
+    </message>
+    <message id="annulSaleQuestion">
+        <source>Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю.</source>
+        <translation>Annul sale No. %1 of %2? The money is given back to the customer.</translation>
+    </message>
+    <message id="annulPutAsideQuestion">
+        <source>Аннулировать отложенный чек № %1 на сумму %2?</source>
+        <translation>Annul receipt No. %1 of %2, which was put aside?</translation>
+    </message>
+    <message id="annulYes">
+        <source>Аннулировать</source>
+        <translation>Annul</translation>
+    </message>
+    <message id="questionNo">
+        <source>Нет</source>
+        <translation>No</translation>
+    </message>
+    <message id="takeBackClosed">
+        <source>Возврат № %1 закрыт. Выдано покупателю %2</source>
+        <translation>Return No. %1 closed. Paid out to the customer: %2</translation>
+    </message>
+    <message id="receiptClosed">
+        <source>Чек № %1 закрыт. Сдача %2</source>
+        <translation>Receipt No. %1 closed. Change %2</translation>
+    </message>
+    <message id="takeBackCancelled">
+        <source>Возврат № %1 отменён</source>
+        <translation>Return No. %1 cancelled</translation>
+    </message>
+    <message id="receiptCancelled">
+        <source>Чек № %1 отменён</source>
+        <translation>Receipt No. %1 cancelled</translation>
+    </message>
+    <message id="takeBackNumber">
+        <source>Возврат № %1 (чек № %2)</source>
+        <translation>Return No. %1 (receipt No. %2)</translation>
+    </message>
+    <message id="receiptPutAside">
+        <source>Чек № %1 отложен</source>
+        <translation>Receipt No. %1 put aside</translation>
+    </message>
+    <message id="keySubtotal">
+        <source>Подытог</source>
+        <translation>Subtotal</translation>
+    </message>
+    <message id="keyCancelReceipt">
+        <source>Отмена чека</source>
+        <translation>Cancel receipt</translation>
+    </message>
+    <message id="keyMenu">
+        <source>Меню</source>
+        <translation>Menu</translation>
+    </message>
+    <message id="keyPayment">
+        <source>Оплата</source>
+        <translation>Payment</translation>
+    </message>
+    <message id="takeBackTakesNoGoods">
+        <source>Открыт возврат: товары в него не добавляются.
+Завершите возврат или отмените его.</source>
+        <translation>A return is open: no goods are added to it.
+Finish the return or cancel it.</translation>
+    </message>
+    <message id="receivedUnreadable">
+        <source>«%1» — не сумма.
+Введите полученные деньги, например 50 или 12,40.</source>
+        <translation>“%1” is no amount.
+Enter the money received, for example 50 or 12.40.</translation>
+    </message>
+    <message id="receivedTooLittle">
+        <source>Получено %1, а к оплате %2.
+Не хватает %3.</source>
+        <translation>Received %1, due %2.
+%3 is missing.</translation>
+    </message>
+    <message id="receiptEmpty">
+        <source>В чеке нет позиций.
+Добавьте товар или отмените чек.</source>
+        <translation>The receipt has no positions.
+Add goods or cancel the receipt.</translation>
+    </message>
+    <message id="paymentReceived">
+        <source>Получено:</source>
+        <translation>Received:</translation>
+    </message>
+    <message id="paymentReceivedField">
+        <source>Получено от покупателя</source>
+        <translation>Received from the customer</translation>
+    </message>
+    <message id="paymentBack">
+        <source>Назад</source>
+        <translation>Back</translation>
+    </message>
+    <message id="paymentSubtotal">
+        <source>ПОДЫТОГ</source>
+        <translation>SUBTOTAL</translation>
+    </message>
+    <message id="paymentGoOn">
+        <source>К оплате</source>
+        <translation>To payment</translation>
+    </message>
+    <message id="paymentSubtotalHint">
+        <source>Ввод — к оплате, Esc — назад к позициям.</source>
+        <translation>Enter: to payment, Esc: back to the positions.</translation>
+    </message>
+    <message id="paymentSubtotalKeyHint">
+        <source>%1 или Ввод — к оплате, Esc — назад к позициям.</source>
+        <translation>%1 or Enter: to payment, Esc: back to the positions.</translation>
+    </message>
+    <message id="paymentDue">
+        <source>К ОПЛАТЕ</source>
+        <translation>TO PAY</translation>
+    </message>
+    <message id="paymentPay">
+        <source>Закрыть чек</source>
+        <translation>Close receipt</translation>
+    </message>
+    <message id="paymentPayOut">
+        <source>К ВОЗВРАТУ</source>
+        <translation>TO PAY OUT</translation>
+    </message>
+    <message id="paymentPaidOut">
+        <source>Деньги выданы</source>
+        <translation>Money paid out</translation>
+    </message>
+    <message id="paymentPayOutHint">
+        <source>Выдайте деньги покупателю. Ввод — закрыть возврат, Esc — назад к позициям.</source>
+        <translation>Pay the customer the money. Enter: close the return, Esc: back to the positions.</translation>
+    </message>
+    <message id="paymentNoAmount">
+        <source>Не сумма</source>
+        <translation>No amount</translation>
+    </message>
+    <message id="paymentMissing">
+        <source>Не хватает %1</source>
+        <translation>%1 missing</translation>
+    </message>
+    <message id="paymentChange">
+        <source>Сдача %1</source>
+        <translation>Change %1</translation>
+    </message>
+    <message id="paymentHint">
+        <source>Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека.</source>
+        <translation>Enter: close the receipt, Esc: back to the positions. Empty: exactly the sum of the receipt.</translation>
+    </message>
+    <message id="paymentScanRefused">
+        <source>Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям: Esc.</source>
+        <translation>A barcode was scanned, it does not count. To add goods go back to the positions: Esc.</translation>
+    </message>
+    <message id="removeBoundTitle">
+        <source>Удаление позиции</source>
+        <translation>Remove position</translation>
+    </message>
+    <message id="removeBoundQuestion">
+        <source>Позиция № %1 отпускается по документу:
+%2
+Удалить её и отменить отпуск?</source>
+        <translation>Position No. %1 is dispensed on a document:
+%2
+Remove it and cancel the dispensing?</translation>
+    </message>
+    <message id="removeBoundYes">
+        <source>Удалить</source>
+        <translation>Remove</translation>
+    </message>
+    <message id="cancelTakeBackQuestion">
+        <source>Отменить возврат № %1 на сумму %2?</source>
+        <translation>Cancel return No. %1 of %2?</translation>
+    </message>
+    <message id="cancelReceiptQuestion">
+        <source>Отменить чек № %1 на сумму %2?</source>
+        <translation>Cancel receipt No. %1 of %2?</translation>
+    </message>
+    <message id="cancelReceiptTitle">
+        <source>Отмена чека</source>
+        <translation>Cancel receipt</translation>
+    </message>
+    <message id="cancelReceiptYes">
+        <source>Отменить чек</source>
+        <translation>Cancel receipt</translation>
+    </message>
+    <message id="takeBackIsWhole">
+        <source>Продажа возвращается целиком: позиции возврата не меняются.</source>
+        <translation>A sale is returned as a whole: the positions of a return do not change.</translation>
+    </message>
+    <message id="actionSubtotal">
+        <source>Подытог</source>
+        <translation>Subtotal</translation>
+    </message>
+    <message id="actionPayment">
+        <source>Оплата</source>
+        <translation>Payment</translation>
+    </message>
+    <message id="actionStornoPosition">
+        <source>Удаление позиции</source>
+        <translation>Remove position</translation>
+    </message>
+    <message id="actionStornoAll">
+        <source>Отмена чека</source>
+        <translation>Cancel receipt</translation>
+    </message>
+    <message id="actionAnnulDocument">
+        <source>Аннулирование</source>
+        <translation>Annul</translation>
+    </message>
+    <message id="actionUnnamed">
+        <source>Действие</source>
+        <translation>Action</translation>
+    </message>
+    <message id="actionStopped">
+        <source>«%1» не выполнено: модуль остановил действие. Чек не изменён, исправьте причину и повторите.</source>
+        <translation>“%1” was not done: a plug-in stopped it. The receipt is unchanged; mend the cause and try again.</translation>
+    </message>
+    <message id="actionNotFound">
+        <source>«%1» не выполнено: модуль не нашёл у себя эту позицию или этот чек. Чек не изменён.
+Проверьте, что выбрана нужная строка, и повторите. Если не поможет, позовите администратора.</source>
+        <translation>“%1” was not done: the plug-in knows nothing of this position or receipt. The receipt is unchanged.
+Check that the right row is chosen and try again. If that does not help, call the administrator.</translation>
     </message>
 </context>
 </TS>

@@ -5,13 +5,29 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <tuple>
+
 TEST(FunctionKey, nothingConfigured_theDefaultKeysStand)
 {
     const auto keys = configuredFunctionKeys(Config());
-    ASSERT_EQ(keys.size(), 4);
-    EXPECT_EQ(keys.at(0).name, QStringLiteral("newReceiptKey"));
-    EXPECT_EQ(keys.at(0).shortcut, QKeySequence(Qt::Key_F2));
-    EXPECT_EQ(keys.at(0).actionType, registeraction::openReceipt);
+    const std::tuple<const char*, Qt::Key, int> defaults[] = {
+        {"newReceiptKey", Qt::Key_F2, registeraction::openReceipt},
+        {"goodsKey", Qt::Key_F3, registeraction::addGoods},
+        {"quantityKey", Qt::Key_F4, registeraction::changeQuantity},
+        {"subtotalKey", Qt::Key_F6, control::Subtotal},
+        {"removeKey", Qt::Key_F8, registeraction::removePosition},
+        {"cancelReceiptKey", Qt::Key_F9, registeraction::cancelReceipt},
+        {"menuKey", Qt::Key_F10, registeraction::showMenu},
+        {"paymentKey", Qt::Key_F12, control::SubtotalAndPayment},
+    };
+    ASSERT_EQ(keys.size(), std::size(defaults));
+    for (qsizetype i = 0; i < keys.size(); ++i) {
+        const auto& [name, shortcut, action] = defaults[i];
+        EXPECT_EQ(keys.at(i).name, QLatin1String(name));
+        EXPECT_EQ(keys.at(i).shortcut, QKeySequence(shortcut)) << name;
+        EXPECT_EQ(keys.at(i).actionType, action) << name;
+    }
     for (const FunctionKey& key : keys) {
         EXPECT_NE(key.actionType, control::PluginCommand) << qPrintable(key.name);
         EXPECT_TRUE(key.arguments.isEmpty()) << qPrintable(key.name);

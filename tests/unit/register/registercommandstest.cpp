@@ -157,6 +157,7 @@ TEST_F(Commands, changeQuantityCancelled_leavesThePacks)
 
 TEST_F(Commands, noPositionChosen_saysSo)
 {
+    sale->open();
     const ShownMessages messages;
     EXPECT_EQ(run(registeraction::changeQuantity), EContext::Stop);
     EXPECT_EQ(run(registeraction::removePosition, positionNumber(4)), EContext::Stop);
@@ -164,7 +165,18 @@ TEST_F(Commands, noPositionChosen_saysSo)
     EXPECT_EQ(messages.all().first().text, QStringLiteral("Сначала выберите позицию чека."));
 }
 
-TEST_F(Commands, boundPosition_isNeitherChangedNorRemovedAndNoHookRuns)
+TEST_F(Commands, boundPosition_keepsItsQuantity)
+{
+    sale->add(article(amoxidar));
+    sale->receipt()->position(1)->setSoftCheckId(QStringLiteral("rx-1"));
+    const ShownMessages messages;
+    EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::Stop);
+    ASSERT_EQ(messages.all().size(), 1);
+    EXPECT_TRUE(messages.all().first().text.startsWith(QStringLiteral("Позиция № 1 отпускается по документу")));
+    EXPECT_EQ(sale->receipt()->position(1)->getQuantity(), 1);
+}
+
+TEST_F(Commands, boundPosition_isRemovedOnlyAfterTheQuestionAndByTheHooks)
 {
     sale->add(article(amoxidar));
     sale->receipt()->position(1)->setSoftCheckId(QStringLiteral("rx-1"));
@@ -175,12 +187,14 @@ TEST_F(Commands, boundPosition_isNeitherChangedNorRemovedAndNoHookRuns)
                                       return EContext::GoOn;
                                   },
                                   ActionTrigger::Any, 1});
-    const ShownMessages messages;
-    EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::Stop);
+    cashier.onForm(QStringLiteral("questionForm"), [](QWidget& root) { press(root, "noButton"); });
     EXPECT_EQ(run(registeraction::removePosition, positionNumber(1)), EContext::Stop);
-    EXPECT_EQ(messages.all().size(), 2);
     EXPECT_EQ(hooks, 0);
     EXPECT_EQ(sale->receipt()->positions().size(), 1);
+    cashier.onForm(QStringLiteral("questionForm"), [](QWidget& root) { press(root, "yesButton"); });
+    EXPECT_EQ(run(registeraction::removePosition, positionNumber(1)), EContext::GoOn);
+    EXPECT_EQ(hooks, 1);
+    EXPECT_TRUE(sale->receipt()->positions().isEmpty());
 }
 
 TEST_F(Commands, removePosition_asksTheHooksWhileThePositionStands)

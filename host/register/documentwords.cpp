@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "documentwords.h"
+
+#include "tr.h"
+
+namespace
+{
+
+tr::Tr closing(const Receipt& document)
+{
+    if (document.isCancelling())
+        return tr::Tr(QStringLiteral("takeBackClosed"), QStringLiteral("Возврат № %1 закрыт. Выдано покупателю %2"))
+            .arg(QString::number(document.getNumber()))
+            .arg(amountText(document.getReceived()));
+    return tr::Tr(QStringLiteral("receiptClosed"), QStringLiteral("Чек № %1 закрыт. Сдача %2"))
+        .arg(QString::number(document.getNumber()))
+        .arg(amountText(document.getChange()));
+}
+
+tr::Tr cancellation(const Receipt& document)
+{
+    return (document.isCancelling()
+                ? tr::Tr(QStringLiteral("takeBackCancelled"), QStringLiteral("Возврат № %1 отменён"))
+                : tr::Tr(QStringLiteral("receiptCancelled"), QStringLiteral("Чек № %1 отменён")))
+        .arg(QString::number(document.getNumber()));
+}
+
+} // namespace
+
+namespace documentwords
+{
+
+QString title(const Receipt& document)
+{
+    const QString number = QString::number(document.getNumber());
+    if (document.isCancelling())
+        return tr::Tr(QStringLiteral("takeBackNumber"), QStringLiteral("Возврат № %1 (чек № %2)"))
+            .arg(number)
+            .arg(QString::number(document.getTakesBack()))
+            .ui();
+    return tr::Tr(QStringLiteral("receiptNumber"), QStringLiteral("Чек № %1")).arg(number).ui();
+}
+
+QString ending(const Receipt& document)
+{
+    switch (document.getState()) {
+    case Receipt::State::Closed:
+        return closing(document).ui();
+    case Receipt::State::Cancelled:
+        return cancellation(document).ui();
+    case Receipt::State::PutAside:
+        return tr::Tr(QStringLiteral("receiptPutAside"), QStringLiteral("Чек № %1 отложен"))
+            .arg(QString::number(document.getNumber()))
+            .ui();
+    default:
+        return {};
+    }
+}
+
+} // namespace documentwords

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "receipt.h"
+
+#include <QString>
+
+/// How the cashier reads of a document.
+namespace documentwords
+{
+
+/// "Чек № 7", or of a cancelling document "Возврат № 9 (чек № 7)".
+QString title(const Receipt& document);
+
+/// What has just become of the document, with what has to be paid out: "Чек № 7 закрыт. Сдача 3,60". Empty while it is
+/// open.
+QString ending(const Receipt& document);
+
+} // namespace documentwords

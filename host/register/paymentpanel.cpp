@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+#include "paymentpanel.h"
+
+#include "basicform.h"
+#include "config.h"
+#include "inactivitylocker.h"
+#include "registerstyle.h"
+#include "tallokeyboard.h"
+#include "tallolineedit.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace
+{
+
+constexpr int spacing = 8;
+/// More digits than an amount has: a barcode is to be refused as a whole, not to be cut to an amount.
+constexpr int longestInput = 40;
+
+QString scannerSetting(const char* key)
+{
+    return Singleton<Config>::get()->getString(QLatin1String("Scanner:") + QLatin1String(key));
+}
+
+QHBoxLayout* createRow()
+{
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(spacing);
+    return row;
+}
+
+} // namespace
+
+PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
+    : QWidget(parent)
+    , m_paymentKey(paymentKey)
+    , m_scans(scannerSetting("prefix"), scannerSetting("suffix"))
+    , m_caption(new QLabel(this))
+    , m_sumLabel(new QLabel(this))
+    , m_change(new QLabel(this))
+    , m_receivedCaption(new QLabel(this))
+    , m_received(new TalloLineEdit(this))
+    , m_back(new QPushButton(this))
+    , m_pay(new QPushButton(this))
+    , m_hint(new QLabel(this))
+    , m_keyboard(new TalloKeyboard(this))
+{
+    setObjectName(QStringLiteral("paymentPanel"));
+    createControls();
+    arrangeControls();
+    for (QWidget* keyReceiver : {static_cast<QWidget*>(m_received), static_cast<QWidget*>(m_pay)})
+        keyReceiver->installEventFilter(this);
+    connect(m_received, &QLineEdit::textChanged, this, &PaymentPanel::showChange);
+    connect(m_pay, &QPushButton::clicked, this, &PaymentPanel::confirmed);
+    connect(m_back, &QPushButton::clicked, this, &PaymentPanel::left);
+    connect(m_keyboard, &TalloKeyboard::keyPressed, Singleton<InactivityLocker>::get(), &InactivityLocker::resetTimer);
+}
+
+void PaymentPanel::createControls()
+{
+    m_caption->setObjectName(QStringLiteral("paymentCaptionLabel"));
+    m_sumLabel->setObjectName(QStringLiteral("paymentSumLabel"));
+    m_sumLabel->setStyleSheet(QStringLiteral("font-size: 28pt; font-weight: 700"));
+    m_change->setObjectName(QStringLiteral("changeLabel"));
+    m_change->setStyleSheet(QStringLiteral("font-size: 20pt; font-weight: 600"));
+    m_change->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+
+    m_receivedCaption->setObjectName(QStringLiteral("receivedCaptionLabel"));
+    m_receivedCaption->setText(tr::Tr(QStringLiteral("paymentReceived"), QStringLiteral("Получено:")).ui());
+    m_received->setObjectName(QStringLiteral("receivedLineEdit"));
+    m_received->setAccessibleName(
+        tr::Tr(QStringLiteral("paymentReceivedField"), QStringLiteral("Получено от покупателя")).ui());
+    m_received->setNumeric(true);
+    m_received->setMaxLength(longestInput);
+    m_received->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d*(?:[.,]\\d{0,2})?")), m_received));
+
+    m_back->setObjectName(QStringLiteral("backButton"));
+    m_back->setText(tr::Tr(QStringLiteral("paymentBack"), QStringLiteral("Назад")).ui());
+    m_back->setAccessibleName(m_back->text());
+    m_back->setAutoDefault(true);
+    m_pay->setObjectName(QStringLiteral("payButton"));
+    m_pay->setProperty("primary", true);
+    m_pay->setAccessibleName(tr::Tr(QStringLiteral("paymentGoOn"), QStringLiteral("К оплате")).ui());
+
+    m_hint->setObjectName(QStringLiteral("paymentHintLabel"));
+    m_hint->setWordWrap(true);
+
+    m_keyboard->setObjectName(QStringLiteral("paymentKeyboard"));
+    m_keyboard->setKeyboardLayouts(QStringLiteral("digits"));
+}
+
+void PaymentPanel::arrangeControls()
+{
+    auto* sums = createRow();
+    sums->addWidget(m_caption);
+    sums->addWidget(m_sumLabel);
+    sums->addStretch();
+    sums->addWidget(m_change);
+    auto* input = createRow();
+    input->addWidget(m_receivedCaption);
+    input->addWidget(m_received, 1);
+    input->addStretch();
+    input->addWidget(m_back);
+    input->addWidget(m_pay);
+
+    auto* column = new QVBoxLayout;
+    column->setSpacing(spacing);
+    column->addLayout(sums);
+    column->addLayout(input);
+    column->addWidget(m_hint);
+    column->addStretch();
+    auto* layout = createRow();
+    layout->addLayout(column, 5);
+    layout->addWidget(m_keyboard, 2);
+    setLayout(layout);
+}
+
+void PaymentPanel::showPhase(Sale::Phase phase, const QSharedPointer<Receipt>& receipt)
+{
+    if (std::exchange(m_phase, phase) != phase)
+        m_received->clear();
+    setVisible(phase != Sale::Phase::Positions);
+    if (phase == Sale::Phase::Positions)
+        return;
+    m_sum = receipt->getSum();
+    m_sumLabel->setText(amountText(m_sum));
+    if (phase == Sale::Phase::Subtotal)
+        showSubtotal();
+    else if (receipt->isCancelling())
+        showPayingOut();
+    else
+        showPayment();
+    m_sumLabel->setAccessibleName(m_caption->text());
+    m_pay->setAccessibleName(m_pay->text());
+
+    const bool takesMoney = phase == Sale::Phase::Payment && !receipt->isCancelling();
+    for (QWidget* control :
+         {static_cast<QWidget*>(m_receivedCaption), static_cast<QWidget*>(m_received), static_cast<QWidget*>(m_change)})
+        control->setVisible(takesMoney);
+    m_keyboard->setVisible(takesMoney && BasicForm::isTouchMode());
+}
+
+QWidget* PaymentPanel::input() const
+{
+    return m_received->isVisibleTo(this) ? static_cast<QWidget*>(m_received) : m_pay;
+}
+
+QString PaymentPanel::received() const
+{
+    return m_received->text();
+}
+
+void PaymentPanel::showSubtotal()
+{
+    m_caption->setText(tr::Tr(QStringLiteral("paymentSubtotal"), QStringLiteral("ПОДЫТОГ")).ui());
+    m_pay->setText(tr::Tr(QStringLiteral("paymentGoOn"), QStringLiteral("К оплате")).ui());
+    if (m_paymentKey.isEmpty())
+        showHint({QStringLiteral("paymentSubtotalHint"), QStringLiteral("Ввод — к оплате, Esc — назад к позициям.")},
+                 "hint");
+    else
+        showHint(tr::Tr(QStringLiteral("paymentSubtotalKeyHint"),
+                        QStringLiteral("%1 или Ввод — к оплате, Esc — назад к позициям."))
+                     .arg(m_paymentKey),
+                 "hint");
+}
+
+void PaymentPanel::showPayment()
+{
+    m_caption->setText(tr::Tr(QStringLiteral("paymentDue"), QStringLiteral("К ОПЛАТЕ")).ui());
+    m_pay->setText(tr::Tr(QStringLiteral("paymentPay"), QStringLiteral("Закрыть чек")).ui());
+    m_received->setPlaceholderText(amountText(m_sum));
+    showChange();
+}
+
+void PaymentPanel::showPayingOut()
+{
+    m_caption->setText(tr::Tr(QStringLiteral("paymentPayOut"), QStringLiteral("К ВОЗВРАТУ")).ui());
+    m_pay->setText(tr::Tr(QStringLiteral("paymentPaidOut"), QStringLiteral("Деньги выданы")).ui());
+    showHint({QStringLiteral("paymentPayOutHint"),
+              QStringLiteral("Выдайте деньги покупателю. Ввод — закрыть возврат, Esc — назад к позициям.")},
+             "hint");
+}
+
+void PaymentPanel::showChange()
+{
+    const std::optional<Kopecks> received = m_received->text().isEmpty() ? m_sum : typedAmount(m_received->text());
+    const char* role = "value";
+    if (!received) {
+        m_change->setText(tr::Tr(QStringLiteral("paymentNoAmount"), QStringLiteral("Не сумма")).ui());
+        role = "error";
+    } else if (*received < m_sum) {
+        m_change->setText(tr::Tr(QStringLiteral("paymentMissing"), QStringLiteral("Не хватает %1"))
+                              .arg(amountText(m_sum - *received))
+                              .ui());
+        role = "waiting";
+    } else {
+        m_change->setText(tr::Tr(QStringLiteral("paymentChange"), QStringLiteral("Сдача %1"))
+                              .arg(amountText(*received - m_sum))
+                              .ui());
+    }
+    setStyleProperty(*m_change, QStringLiteral("textRole"), QLatin1String(role));
+    showHint({QStringLiteral("paymentHint"),
+              QStringLiteral("Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека.")},
+             "hint");
+}
+
+void PaymentPanel::showHint(const tr::Tr& hint, const char* textRole)
+{
+    m_hint->setText(hint.ui());
+    setStyleProperty(*m_hint, QStringLiteral("textRole"), QLatin1String(textRole));
+}
+
+bool PaymentPanel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down) {
+        event->ignore(); // moves the current position, whatever has the focus
+        return true;
+    }
+    return takeKey(key);
+}
+
+bool PaymentPanel::takeKey(const QKeyEvent& key)
+{
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+        if (key.isAutoRepeat())
+            return true; // it was meant for what stood here before
+        if (const std::optional<ScanRecognizer::Scan> scan = m_scans.finish(key.timestamp()))
+            refuseScan(*scan);
+        else
+            emit confirmed();
+        return true;
+    }
+    const QString text = key.text();
+    if (text.size() == 1 && key.key() != Qt::Key_Backspace && key.key() != Qt::Key_Delete)
+        m_scans.character(text.front(), key.timestamp(), m_received->text());
+    else if (key.key() != Qt::Key_Shift)
+        m_scans.reset();
+    return false;
+}
+
+/// Goods belong to the positions; a barcode must never count as money, nor its Return as the cashier's.
+void PaymentPanel::refuseScan(const ScanRecognizer::Scan& scan)
+{
+    m_received->setText(scan.fieldBefore);
+    m_received->selectAll();
+    showHint(
+        {QStringLiteral("paymentScanRefused"),
+         QStringLiteral("Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям: Esc.")},
+        "error");
+}

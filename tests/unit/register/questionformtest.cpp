@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "cashier.h"
+#include "question.h"
+#include "till.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+
+class QuestionFormTest : public Till
+{
+protected:
+    QuestionFormTest() { Q_INIT_RESOURCE(register); }
+
+    /// Asks, does `act` while the question stands, and returns the answer.
+    bool ask(const Cashier::Act& act)
+    {
+        Cashier cashier;
+        cashier.onForm(QStringLiteral("questionForm"), [&act](QWidget& root) {
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&root));
+            act(root);
+        });
+        const bool yes = question.ask();
+        EXPECT_TRUE(cashier.isDone());
+        return yes;
+    }
+    static void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+    static QPushButton* button(const QWidget& root, const char* name)
+    {
+        return root.findChild<QPushButton*>(QLatin1String(name));
+    }
+
+    Question question{{tr::undefined, QStringLiteral("Отмена чека")},
+                      {tr::undefined, QStringLiteral("Отменить чек № 7?")},
+                      {tr::undefined, QStringLiteral("Отменить чек")},
+                      {tr::undefined, QStringLiteral("Нет")}};
+};
+
+TEST_F(QuestionFormTest, shown_saysWhatIsAskedAndStandsOnNo)
+{
+    ask([](QWidget& root) {
+        EXPECT_EQ(root.findChild<QLabel*>(QStringLiteral("titleLabel"))->text(), QStringLiteral("Отмена чека"));
+        EXPECT_EQ(root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text(), QStringLiteral("Отменить чек № 7?"));
+        EXPECT_EQ(button(root, "yesButton")->text(), QStringLiteral("Отменить чек"));
+        EXPECT_EQ(button(root, "noButton")->text(), QStringLiteral("Нет"));
+        EXPECT_EQ(QApplication::focusWidget(), button(root, "noButton"));
+        EXPECT_TRUE(button(root, "noButton")->isDefault());
+        press(Qt::Key_Escape);
+    });
+}
+
+TEST_F(QuestionFormTest, returnPressed_isNo)
+{
+    EXPECT_FALSE(ask([](QWidget&) { press(Qt::Key_Return); }));
+}
+
+TEST_F(QuestionFormTest, escapePressed_isNo)
+{
+    EXPECT_FALSE(ask([](QWidget& root) {
+        button(root, "yesButton")->setFocus();
+        press(Qt::Key_Escape);
+    }));
+}
+
+TEST_F(QuestionFormTest, closedByTheRegister_isNo)
+{
+    EXPECT_FALSE(ask([this](QWidget&) { gui.object.cancelForms(); }));
+}
+
+class QuestionKey : public QuestionFormTest, public ::testing::WithParamInterface<Qt::Key>
+{
+};
+
+TEST_P(QuestionKey, toTheOtherButtonAndReturn_isYes)
+{
+    EXPECT_TRUE(ask([](QWidget& root) {
+        press(GetParam());
+        EXPECT_EQ(QApplication::focusWidget(), button(root, "yesButton"));
+        press(Qt::Key_Return);
+    }));
+}
+
+INSTANTIATE_TEST_SUITE_P(, QuestionKey, ::testing::Values(Qt::Key_Tab, Qt::Key_Left), [](const auto& instance) {
+    return std::string(instance.param == Qt::Key_Tab ? "tab" : "left");
+});
+
+TEST_F(QuestionFormTest, buttonsTouched_answerForThemselves)
+{
+    config.set(QStringLiteral("GUI:touchMode"), QStringLiteral("true"));
+    EXPECT_TRUE(ask([](QWidget& root) { QTest::mouseClick(button(root, "yesButton"), Qt::LeftButton); }));
+    EXPECT_FALSE(ask([](QWidget& root) { QTest::mouseClick(button(root, "noButton"), Qt::LeftButton); }));
+}
+
+TEST_F(QuestionFormTest, longText_scrollsByKeyAndTheFormFitsTheSmallestScreen)
+{
+    question.text = {tr::undefined, QString(4'000, QChar(0x416))};
+    ask([](QWidget& root) {
+        EXPECT_LE(root.width(), 1024);
+        EXPECT_LE(root.height(), 600);
+        auto* area = root.findChild<QScrollArea*>(QStringLiteral("messageScrollArea"));
+        area->setFocus(Qt::TabFocusReason);
+        ASSERT_EQ(QApplication::focusWidget(), area);
+        press(Qt::Key_Down);
+        EXPECT_GT(area->verticalScrollBar()->value(), 0);
+        press(Qt::Key_Escape);
+    });
+}
