@@ -9,12 +9,23 @@
 #include <log4qt/logmanager.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace
 {
 QString labelled(const QString& label, const QString& value)
 {
     return label + QStringLiteral(": ") + value;
+}
+
+/// What a paid share leaves of the price, such as "33,33 %"; empty when it leaves nothing.
+QString discountText(double paidShare)
+{
+    const double percent = 100.0 - std::round(paidShare * 10000.0) / 100.0;
+    if (!(percent > 0.0 && percent <= 100.0))
+        return {};
+    return QString::number(percent, 'g', 4).replace(QLatin1Char('.'), QLatin1Char(',')) + QChar::Nbsp +
+           QLatin1Char('%');
 }
 } // namespace
 
@@ -69,7 +80,7 @@ PositionMarks::Look PositionMarks::look(const GoodsItem& position) const
         look.stateColour = state->colour;
     }
     for (const ReceiptLine& line : mark->receiptLines)
-        if (const QString value = options.value(line.option).toString(); !value.isEmpty())
+        if (const QString value = valueText(line, options); !value.isEmpty())
             look.receiptLines.append(labelled(line.label, value));
     return look;
 }
@@ -102,8 +113,9 @@ PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
     }
     for (const QJsonValue& value : entry.value(QLatin1String("receiptLines")).toArray()) {
         const QJsonObject line = value.toObject();
-        mark.receiptLines.append(
-            {line.value(QLatin1String("option")).toString(), line.value(QLatin1String("label")).toString()});
+        mark.receiptLines.append({line.value(QLatin1String("option")).toString(),
+                                  line.value(QLatin1String("label")).toString(),
+                                  line.value(QLatin1String("form")).toString() == QLatin1String("discount")});
     }
     return mark;
 }
@@ -114,4 +126,10 @@ bool PositionMarks::fits(const State& state, const QJsonObject& options)
         return !options.contains(state.option);
     const QJsonValue actual = options.value(state.option);
     return actual.isString() && actual.toString() == *state.value;
+}
+
+QString PositionMarks::valueText(const ReceiptLine& line, const QJsonObject& options)
+{
+    const QJsonValue value = options.value(line.option);
+    return line.isDiscount ? discountText(value.toDouble(1.0)) : value.toString();
 }

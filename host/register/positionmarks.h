@@ -45,6 +45,7 @@ private:
     struct ReceiptLine {
         QString option;
         QString label;
+        bool isDiscount; ///< the option is the share of the price that is paid
     };
     struct Mark {
         QString tag;
@@ -61,6 +62,7 @@ private:
 
     static Mark readMark(const QJsonObject& entry);
     static bool fits(const State& state, const QJsonObject& options);
+    static QString valueText(const ReceiptLine& line, const QJsonObject& options);
 
     QList<Mark> m_marks;
     QList<DocumentLine> m_documentLines;

@@ -26,6 +26,56 @@
         <translation>The goods catalogue is not available: %1
 Check the goods database and try again, or call the administrator.</translation>
     </message>
+    <message id="printedTaxpayer">
+        <source>ИНН %1</source>
+        <translation>Taxpayer number %1</translation>
+    </message>
+    <message id="printedSale">
+        <source>ЧЕК № %1</source>
+        <translation>RECEIPT No. %1</translation>
+    </message>
+    <message id="printedTakeBack">
+        <source>ВОЗВРАТ № %1 по чеку № %2</source>
+        <translation>RETURN No. %1 of receipt No. %2</translation>
+    </message>
+    <message id="printedAnnulled">
+        <source>АННУЛИРОВАН %1</source>
+        <translation>ANNULLED %1</translation>
+    </message>
+    <message id="printedPriceWithoutBenefit">
+        <source>Цена без льготы</source>
+        <translation>Price without benefit</translation>
+    </message>
+    <message id="printedBenefit">
+        <source>Льгота</source>
+        <translation>Benefit</translation>
+    </message>
+    <message id="printedTotal">
+        <source>ИТОГО</source>
+        <translation>TOTAL</translation>
+    </message>
+    <message id="printedBenefitInAll">
+        <source>Льгота всего</source>
+        <translation>Benefit in all</translation>
+    </message>
+    <message id="printedPaidOut">
+        <source>Выдано</source>
+        <translation>Paid out</translation>
+    </message>
+    <message id="printedReceived">
+        <source>Получено наличными</source>
+        <translation>Cash received</translation>
+    </message>
+    <message id="printedChange">
+        <source>Сдача</source>
+        <translation>Change</translation>
+    </message>
+    <message id="receiptNotPrinted">
+        <source>Чек № %1 не напечатан: %2
+Сам чек сохранён. Освободите место на диске или проверьте доступ к папке данных, затем напечатайте его из списка документов.</source>
+        <translation>Receipt No. %1 was not printed: %2
+The receipt itself is saved. Free disk space or check access to the data folder, then print it from the list of documents.</translation>
+    </message>
     <message id="goodsSelectionTitle">
         <source>Подбор товара</source>
         <translation>Choose goods</translation>

@@ -112,3 +112,29 @@ TEST_F(PositionMarksTest, oddFiles_arePassedOver)
     position.setTag({});
     EXPECT_TRUE(marks.look(position).mark.isEmpty());
 }
+
+class DiscountLine : public PositionMarksTest, public ::testing::WithParamInterface<std::pair<const char*, const char*>>
+{
+};
+
+TEST_P(DiscountLine, paidShare_isToldAsWhatIsTakenOff)
+{
+    load(R"({"positions": [{"tag": "paper", "receiptLines": [
+        {"option": "share", "label": "Скидка", "form": "discount"}]}]})");
+    position.setTag(QStringLiteral("paper"));
+    const auto& [share, discount] = GetParam();
+    position.setExtendedOptions(QStringLiteral("{\"share\": %1}").arg(QLatin1String(share)));
+    const QStringList told =
+        discount
+            ? QStringList(QStringLiteral("Скидка: ") + QString::fromUtf8(discount) + QChar::Nbsp + QLatin1Char('%'))
+            : QStringList();
+    EXPECT_EQ(marks.look(position).receiptLines, told);
+}
+
+INSTANTIATE_TEST_SUITE_P(Shares, DiscountLine,
+                         ::testing::Values(std::pair("0.5", "50"), std::pair("0", "100"), std::pair("0.6667", "33,33"),
+                                           std::pair("0.945", "5,5"), std::pair("0.9999", "0,01"),
+                                           std::pair("0.99999", nullptr), std::pair("1", nullptr),
+                                           std::pair("1.5", nullptr), std::pair("-0.5", nullptr),
+                                           std::pair("1e300", nullptr), std::pair("\"0.5\"", nullptr),
+                                           std::pair("null", nullptr)));

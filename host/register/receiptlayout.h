@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "positionmarks.h"
+#include "receipt.h"
+
+#include <QList>
+#include <QString>
+
+/// A line of the printed receipt.
+struct PrintedLine {
+    QString left;
+    QString right = {}; ///< ends at the right edge
+    bool isStrong = false;
+};
+
+/// A receipt on paper, line by line.
+namespace receiptlayout
+{
+
+/// The paper's width in characters, all of them equally wide.
+inline constexpr int columns = 40;
+
+/// Such as "ЧЕК № 7".
+QString title(const Receipt& receipt);
+
+/// What is printed of a receipt: the pharmacy as it is configured, the positions with their benefits and with what
+/// `marks` tells of them, the total, and the money.
+QList<PrintedLine> lines(const Receipt& receipt, const PositionMarks& marks);
+
+/// The lines as plain text, each ended by a line break.
+QString text(const QList<PrintedLine>& lines);
+
+} // namespace receiptlayout
