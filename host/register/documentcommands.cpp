@@ -45,9 +45,10 @@ tr::Tr noDocument(int number)
 
 } // namespace
 
-DocumentCommands::DocumentCommands(Sale& sale, const ReceiptPrinter& printer)
+DocumentCommands::DocumentCommands(Sale& sale, const ReceiptPrinter& printer, const PositionMarks& marks)
     : m_sale(sale)
     , m_printer(printer)
+    , m_marks(marks)
 {
 }
 
@@ -80,8 +81,13 @@ EContext::Result DocumentCommands::showDocuments()
 {
     DocumentListParams params;
     params.documents = [this] { return m_sale.archive().latest(latestShown); };
+    params.isTakenBack = [this](const Receipt& document) {
+        return m_sale.archive().isTakenBack(document, m_sale.receipt());
+    };
     params.annul = [this](const auto& document) { annul(document); };
     params.print = [this](const auto& document) { m_printer.print(*document); };
+    params.openReceipt = m_sale.receipt() ? m_sale.receipt()->getNumber() : 0;
+    params.marks = &m_marks;
     Event event(DocumentListParams::eventCode);
     event.addArgument(QStringLiteral("params"), QVariant::fromValue(params));
     const QVariantMap answer =

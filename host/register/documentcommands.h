@@ -13,8 +13,8 @@
 class DocumentCommands
 {
 public:
-    /// @param sale, printer not owned
-    DocumentCommands(Sale& sale, const ReceiptPrinter& printer);
+    /// @param sale, printer, marks not owned
+    DocumentCommands(Sale& sale, const ReceiptPrinter& printer, const PositionMarks& marks);
 
     /// Makes the register handle its actions. The object has to outlive the controller's use of them.
     void offer(ActionQueueController& controller);
@@ -32,4 +32,5 @@ private:
 
     Sale& m_sale;
     const ReceiptPrinter& m_printer;
+    const PositionMarks& m_marks;
 };

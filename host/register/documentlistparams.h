@@ -2,6 +2,7 @@
 #pragma once
 
 #include "event.h"
+#include "positionmarks.h"
 #include "receipt.h"
 
 #include <QList>
@@ -16,9 +17,12 @@
 struct DocumentListParams {
     using Document = QSharedPointer<Receipt>;
 
-    std::function<QList<Document>()> documents; ///< asked again after each change
-    std::function<void(const Document&)> annul; ///< runs while the list is on top
-    std::function<void(const Document&)> print; ///< prints a copy of a closed document
+    std::function<QList<Document>()> documents;      ///< asked again after each change
+    std::function<bool(const Receipt&)> isTakenBack; ///< also true while the sale is being taken back
+    std::function<void(const Document&)> annul;      ///< runs while the list is on top
+    std::function<void(const Document&)> print;      ///< prints a copy of a closed document
+    int openReceipt = 0;                             ///< the receipt that stands in the way of another; 0: none is open
+    const PositionMarks* marks = nullptr;            ///< not owned
 
     /// The code of the event that shows the list; it carries these as "params".
     static constexpr auto eventCode = static_cast<EActivityListener::Event>(1012);

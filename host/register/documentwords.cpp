@@ -25,6 +25,36 @@ tr::Tr cancellation(const Receipt& document)
         .arg(QString::number(document.getNumber()));
 }
 
+tr::Tr closedState(const Receipt& document, bool takenBack)
+{
+    if (document.isCancelling())
+        return tr::Tr(QStringLiteral("documentTakeBack"), QStringLiteral("Возврат чека № %1"))
+            .arg(QString::number(document.getTakesBack()));
+    if (takenBack)
+        return tr::Tr(QStringLiteral("documentTakenBack"), QStringLiteral("Продажа, возвращена чеком № %1"))
+            .arg(QString::number(document.getTakenBackBy()));
+    return {QStringLiteral("documentSale"), QStringLiteral("Продажа")};
+}
+
+tr::Tr stateWord(const Receipt& document, bool takenBack)
+{
+    switch (document.getState()) {
+    case Receipt::State::Open:
+        return {QStringLiteral("documentOpen"), QStringLiteral("Открыт")};
+    case Receipt::State::PutAside:
+        return {QStringLiteral("documentPutAside"), QStringLiteral("Отложен")};
+    case Receipt::State::Closed:
+        return closedState(document, takenBack);
+    case Receipt::State::Cancelled:
+        return document.isCancelling()
+                   ? tr::Tr(QStringLiteral("documentTakeBackCancelled"), QStringLiteral("Возврат отменён"))
+                   : tr::Tr(QStringLiteral("documentCancelled"), QStringLiteral("Отменён"));
+    case Receipt::State::Annulled:
+        return {QStringLiteral("documentAnnulled"), QStringLiteral("Аннулирован")};
+    }
+    return {};
+}
+
 } // namespace
 
 namespace documentwords
@@ -39,6 +69,11 @@ QString title(const Receipt& document)
             .arg(QString::number(document.getTakesBack()))
             .ui();
     return tr::Tr(QStringLiteral("receiptNumber"), QStringLiteral("Чек № %1")).arg(number).ui();
+}
+
+QString state(const Receipt& document, bool takenBack)
+{
+    return stateWord(document, takenBack).ui();
 }
 
 QString ending(const Receipt& document)

@@ -12,6 +12,10 @@ namespace documentwords
 /// "Чек № 7", or of a cancelling document "Возврат № 9 (чек № 7)".
 QString title(const Receipt& document);
 
+/// What kind of document it is and how far it has come: "Отложен", "Продажа", "Возврат чека № 7".
+/// @param takenBack the sale was taken back, or is being taken back
+QString state(const Receipt& document, bool takenBack);
+
 /// What has just become of the document, with what has to be paid out: "Чек № 7 закрыт. Сдача 3,60". Empty while it is
 /// open.
 QString ending(const Receipt& document);

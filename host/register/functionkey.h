@@ -19,6 +19,9 @@ struct FunctionKey {
     QVariantMap arguments;
 };
 
-/// The keys that the configuration names, in its order; docs/register.md tells the form. One without an action is
-/// passed over and logged.
+/// The keys that "FunctionKeys:keys" of the configuration names, in its order; docs/register.md tells the form. One
+/// without an action is passed over and logged.
 QList<FunctionKey> configuredFunctionKeys(const Config& config);
+
+/// The commands of the menu, nine at most, which "Menu:entries" names; otherwise as the function keys.
+QList<FunctionKey> configuredMenuEntries(const Config& config);

@@ -7,10 +7,15 @@
 
 #include <QList>
 #include <QMetaType>
+#include <QString>
 
 /// The commands that a menu offers; answers with "entry", the index of the chosen one, or without it.
 struct MenuParams {
-    QList<FunctionKey> entries;
+    struct Entry {
+        FunctionKey command;
+        QString obstacle; ///< why the command is not possible now; empty: it is
+    };
+    QList<Entry> entries;
 
     /// The code of the event that shows the menu; it carries these as "params".
     static constexpr auto eventCode = static_cast<EActivityListener::Event>(1013);

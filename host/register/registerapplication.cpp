@@ -171,8 +171,10 @@ void RegisterApplication::openWindow()
     m_commands->offer(*controller);
     m_printer = std::make_unique<ReceiptPrinter>(m_commandLine.dataFolder, m_marks);
     m_sale->setPrinting([this](const Receipt& receipt) { m_printer->print(receipt); });
-    m_documentCommands = std::make_unique<DocumentCommands>(*m_sale, *m_printer);
+    m_documentCommands = std::make_unique<DocumentCommands>(*m_sale, *m_printer, m_marks);
     m_documentCommands->offer(*controller);
+    m_menuCommands = std::make_unique<MenuCommands>(*m_sale, configuredMenuEntries(*config));
+    m_menuCommands->offer(*controller);
     m_window = std::make_unique<RegisterWindow>(*m_sale, m_marks, configuredFunctionKeys(*config), m_longWork,
                                                 config->getString(QStringLiteral("Register:unlockCode")));
     gui->setStage(m_window.get());

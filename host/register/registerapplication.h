@@ -5,6 +5,7 @@
 #include "documentcommands.h"
 #include "goodscatalogue.h"
 #include "longwork.h"
+#include "menucommands.h"
 #include "messagecatalogues.h"
 #include "pluginhost.h"
 #include "positionmarks.h"
@@ -57,6 +58,7 @@ private:
     std::unique_ptr<ReceiptPrinter> m_printer;
     std::unique_ptr<RegisterCommands> m_commands;
     std::unique_ptr<DocumentCommands> m_documentCommands;
+    std::unique_ptr<MenuCommands> m_menuCommands;
     std::unique_ptr<RegisterWindow> m_window;
     std::unique_ptr<ScenarioPlayer> m_player;
 };

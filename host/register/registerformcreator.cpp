@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "registerformcreator.h"
 
+#include "documentlistform.h"
 #include "goodsselectionform.h"
+#include "menuform.h"
 #include "questionform.h"
 
 namespace
@@ -21,7 +23,9 @@ QSharedPointer<BasicForm> formOf(const Event& event)
 QSharedPointer<BasicForm> RegisterFormCreator::create(const Event& event)
 {
     constexpr QSharedPointer<BasicForm> (*makers[])(const Event&) = {
+        formOf<DocumentListForm, DocumentListParams>,
         formOf<GoodsSelectionForm, GoodsSelectionParams>,
+        formOf<MenuForm, MenuParams>,
         formOf<QuestionForm, Question>,
     };
     for (const auto& make : makers)

@@ -592,5 +592,173 @@ Remove it and cancel the dispensing?</translation>
         <translation>“%1” was not done: the plug-in knows nothing of this position or receipt. The receipt is unchanged.
 Check that the right row is chosen and try again. If that does not help, call the administrator.</translation>
     </message>
+    <message id="documentsTitle">
+        <source>Документы</source>
+        <translation>Documents</translation>
+    </message>
+    <message id="documentsTakeUp">
+        <source>Взять в работу</source>
+        <translation>Take up</translation>
+    </message>
+    <message id="documentsTakeBack">
+        <source>Вернуть</source>
+        <translation>Return</translation>
+    </message>
+    <message id="documentsAnnul">
+        <source>Аннулировать</source>
+        <translation>Annul</translation>
+    </message>
+    <message id="documentsPrint">
+        <source>Печать копии</source>
+        <translation>Print a copy</translation>
+    </message>
+    <message id="documentsCancel">
+        <source>Назад</source>
+        <translation>Back</translation>
+    </message>
+    <message id="documentsFilterHint">
+        <source>Номер, состояние или название товара</source>
+        <translation>Number, state or name of goods</translation>
+    </message>
+    <message id="documentsFilter">
+        <source>Поиск документа</source>
+        <translation>Search for a document</translation>
+    </message>
+    <message id="documentsTable">
+        <source>Список документов</source>
+        <translation>List of documents</translation>
+    </message>
+    <message id="documentsPositions">
+        <source>Позиции документа</source>
+        <translation>Positions of the document</translation>
+    </message>
+    <message id="documentsPageUp">
+        <source>На страницу вверх</source>
+        <translation>Page up</translation>
+    </message>
+    <message id="documentsUp">
+        <source>Вверх</source>
+        <translation>Up</translation>
+    </message>
+    <message id="documentsDown">
+        <source>Вниз</source>
+        <translation>Down</translation>
+    </message>
+    <message id="documentsPageDown">
+        <source>На страницу вниз</source>
+        <translation>Page down</translation>
+    </message>
+    <message id="documentsNone">
+        <source>Отложенных и завершённых документов нет.</source>
+        <translation>There are no documents put aside or finished.</translation>
+    </message>
+    <message id="documentsNotFound">
+        <source>Ничего не найдено. Измените строку поиска.</source>
+        <translation>Nothing was found. Change the search.</translation>
+    </message>
+    <message id="documentsReceiptOpen">
+        <source>Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен.</source>
+        <translation>Receipt No. %1 is open: documents can be taken up and returned when it is finished or put aside.</translation>
+    </message>
+    <message id="documentColumnNumber">
+        <source>№</source>
+        <translation>No.</translation>
+    </message>
+    <message id="documentColumnState">
+        <source>Документ</source>
+        <translation>Document</translation>
+    </message>
+    <message id="documentColumnOpened">
+        <source>Открыт</source>
+        <translation>Opened</translation>
+    </message>
+    <message id="documentColumnFinished">
+        <source>Завершён</source>
+        <translation>Finished</translation>
+    </message>
+    <message id="documentColumnPositions">
+        <source>Позиций</source>
+        <translation>Positions</translation>
+    </message>
+    <message id="documentColumnSum">
+        <source>Сумма</source>
+        <translation>Sum</translation>
+    </message>
+    <message id="documentTakeBack">
+        <source>Возврат чека № %1</source>
+        <translation>Return of receipt No. %1</translation>
+    </message>
+    <message id="documentTakenBack">
+        <source>Продажа, возвращена чеком № %1</source>
+        <translation>Sale, returned by receipt No. %1</translation>
+    </message>
+    <message id="documentSale">
+        <source>Продажа</source>
+        <translation>Sale</translation>
+    </message>
+    <message id="documentOpen">
+        <source>Открыт</source>
+        <translation>Open</translation>
+    </message>
+    <message id="documentPutAside">
+        <source>Отложен</source>
+        <translation>Put aside</translation>
+    </message>
+    <message id="documentTakeBackCancelled">
+        <source>Возврат отменён</source>
+        <translation>Return cancelled</translation>
+    </message>
+    <message id="documentCancelled">
+        <source>Отменён</source>
+        <translation>Cancelled</translation>
+    </message>
+    <message id="documentAnnulled">
+        <source>Аннулирован</source>
+        <translation>Annulled</translation>
+    </message>
+    <message id="menuPutAside">
+        <source>Отложить чек</source>
+        <translation>Put receipt aside</translation>
+    </message>
+    <message id="menuDocuments">
+        <source>Документы</source>
+        <translation>Documents</translation>
+    </message>
+    <message id="menuTakeBack">
+        <source>Возврат продажи</source>
+        <translation>Return of a sale</translation>
+    </message>
+    <message id="menuAnnul">
+        <source>Аннулировать по номеру</source>
+        <translation>Annul by number</translation>
+    </message>
+    <message id="menuCancelReceipt">
+        <source>Отменить чек</source>
+        <translation>Cancel receipt</translation>
+    </message>
+    <message id="menuReceiptOpen">
+        <source>сначала завершите чек № %1</source>
+        <translation>first finish receipt No. %1</translation>
+    </message>
+    <message id="menuTakeBackOpen">
+        <source>возврат не откладывают</source>
+        <translation>a return is not put aside</translation>
+    </message>
+    <message id="menuNoPlugin">
+        <source>нет модуля</source>
+        <translation>no plug-in does it</translation>
+    </message>
+    <message id="menuNoReceipt">
+        <source>чек не открыт</source>
+        <translation>no receipt is open</translation>
+    </message>
+    <message id="menuTitle">
+        <source>Меню</source>
+        <translation>Menu</translation>
+    </message>
+    <message id="menuCancel">
+        <source>Назад</source>
+        <translation>Back</translation>
+    </message>
 </context>
 </TS>

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "action.h"
+#include "basicform.h"
+#include "complexfilterproxymodel.h"
+#include "documentlistparams.h"
+#include "documenttablemodel.h"
+#include "receipttablemodel.h"
+
+class QLabel;
+class QPushButton;
+class TalloLineEdit;
+class TalloTableView;
+
+/// The documents put aside and finished, with the positions of the current one and what can be done with it.
+class DocumentListForm : public BasicForm
+{
+    Q_OBJECT
+
+public:
+    explicit DocumentListForm(const DocumentListParams& params, QObject* parent = nullptr);
+
+private:
+    using Document = DocumentListParams::Document;
+
+    void setUpTables();
+    void setUpButtons();
+    void nameControls();
+    void load();
+    void filter(const QString& text);
+    void showCurrent();
+    void showHint();
+    void showHint(const QString& text, const char* textRole);
+    void rememberRefusal(const control::Action& action, EContext::Result result);
+
+    /// Null when the list is empty.
+    Document current() const;
+    void makeCurrent(int number);
+    bool isCurrentTakenBack() const;
+
+    void confirm();
+    void takeUp();
+    void takeBack();
+    void annul();
+    void print();
+    void leave();
+
+    DocumentListParams m_params;
+    DocumentTableModel m_documents;
+    ComplexFilterProxyModel m_filtered;
+    ReceiptTableModel m_positions;
+    TalloTableView* m_table;
+    TalloTableView* m_positionsTable;
+    TalloLineEdit* m_filter;
+    QLabel* m_hint;
+    QPushButton* m_takeUp;
+    QPushButton* m_takeBack;
+    QPushButton* m_annul;
+    QPushButton* m_print;
+    int m_refused = 0; ///< the document that a plug-in did not let be annulled; 0: none
+    QString m_refusal;
+};

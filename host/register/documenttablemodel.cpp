@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "documenttablemodel.h"
+
+#include "documentwords.h"
+#include "registerstyle.h"
+#include "tr.h"
+
+#include <QBrush>
+
+#include <algorithm>
+
+namespace
+{
+
+QString timeText(const QDateTime& time)
+{
+    return time.isValid() ? time.toString(QStringLiteral("dd.MM.yyyy hh:mm")) : QString();
+}
+
+/// Nothing comes of it any more.
+bool isVoid(const Receipt& document)
+{
+    return document.getState() == Receipt::State::Cancelled || document.getState() == Receipt::State::Annulled;
+}
+
+} // namespace
+
+void DocumentTableModel::show(const QList<Document>& documents, const std::function<bool(const Receipt&)>& isTakenBack)
+{
+    beginResetModel();
+    m_rows.clear();
+    for (const Document& document : documents)
+        m_rows.append({document, isTakenBack(*document)});
+    endResetModel();
+}
+
+int DocumentTableModel::rowOf(int number) const
+{
+    const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(),
+                                  [number](const Row& candidate) { return candidate.document->getNumber() == number; });
+    return row == m_rows.cend() ? -1 : static_cast<int>(row - m_rows.cbegin());
+}
+
+int DocumentTableModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+int DocumentTableModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant DocumentTableModel::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const Row& row = m_rows.at(index.row());
+    const bool waits = row.document->getState() == Receipt::State::PutAside && index.column() == State;
+    switch (role) {
+    case Qt::DisplayRole:
+        return text(row, index.column());
+    case Qt::BackgroundRole:
+        return waits ? QBrush(RegisterColours().waiting) : QVariant();
+    case Qt::ForegroundRole:
+        if (waits)
+            return QBrush(RegisterColours().onWaiting);
+        return isVoid(*row.document) ? QBrush(RegisterColours().mutedText) : QVariant();
+    default:
+        return {};
+    }
+}
+
+QVariant DocumentTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    switch (section) {
+    case Number:
+        return tr::Tr(QStringLiteral("documentColumnNumber"), QStringLiteral("№")).ui();
+    case State:
+        return tr::Tr(QStringLiteral("documentColumnState"), QStringLiteral("Документ")).ui();
+    case Opened:
+        return tr::Tr(QStringLiteral("documentColumnOpened"), QStringLiteral("Открыт")).ui();
+    case Finished:
+        return tr::Tr(QStringLiteral("documentColumnFinished"), QStringLiteral("Завершён")).ui();
+    case Positions:
+        return tr::Tr(QStringLiteral("documentColumnPositions"), QStringLiteral("Позиций")).ui();
+    case Sum:
+        return tr::Tr(QStringLiteral("documentColumnSum"), QStringLiteral("Сумма")).ui();
+    default:
+        return {};
+    }
+}
+
+QString DocumentTableModel::text(const Row& row, int column)
+{
+    const Receipt& document = *row.document;
+    switch (column) {
+    case Number:
+        return QString::number(document.getNumber());
+    case State:
+        return documentwords::state(document, row.isTakenBack);
+    case Opened:
+        return timeText(document.getOpened());
+    case Finished:
+        return timeText(document.getFinished());
+    case Positions:
+        return QString::number(document.positions().size());
+    case Sum:
+        return amountText(document.getSum());
+    case SearchText:
+        return searchText(row);
+    default:
+        return {};
+    }
+}
+
+QString DocumentTableModel::searchText(const Row& row)
+{
+    QStringList parts{text(row, Number), text(row, State)};
+    for (const auto& position : row.document->positions())
+        parts.append(position->getName());
+    return parts.join(QLatin1Char('\n'));
+}

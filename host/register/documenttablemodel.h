@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "receipt.h"
+
+#include <QAbstractTableModel>
+#include <QList>
+#include <QSharedPointer>
+
+#include <functional>
+
+/// The documents put aside and finished. What waits is amber, what is void is grey.
+class DocumentTableModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    /// SearchText is hidden: number, state and the names of the positions, for filtering.
+    enum Column { Number, State, Opened, Finished, Positions, Sum, SearchText, ColumnCount };
+
+    using Document = QSharedPointer<Receipt>;
+    using QAbstractTableModel::QAbstractTableModel;
+
+    /// @param isTakenBack tells whether a sale was taken back; asked once for each document
+    void show(const QList<Document>& documents, const std::function<bool(const Receipt&)>& isTakenBack);
+
+    Document document(int row) const { return m_rows.at(row).document; }
+    bool isTakenBack(int row) const { return m_rows.at(row).isTakenBack; }
+    /// The row of the document with that number; -1 when it is not there.
+    int rowOf(int number) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+private:
+    struct Row {
+        Document document;
+        bool isTakenBack;
+    };
+
+    static QString text(const Row& row, int column);
+    static QString searchText(const Row& row);
+
+    QList<Row> m_rows;
+};

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "menucommands.h"
+
+#include "actionfactory.h"
+#include "basicdialog.h"
+#include "menuparams.h"
+#include "registeraction.h"
+#include "tr.h"
+
+MenuCommands::MenuCommands(const Sale& sale, const QList<FunctionKey>& entries)
+    : m_sale(sale)
+    , m_entries(entries)
+{
+}
+
+void MenuCommands::offer(ActionQueueController& controller)
+{
+    controller.setHostHandler(registeraction::showMenu, [this](control::Action& action) { return showMenu(action); });
+}
+
+EContext::Result MenuCommands::showMenu(const control::Action& action)
+{
+    MenuParams params;
+    for (const FunctionKey& entry : m_entries)
+        params.entries.append({entry, obstacle(entry)});
+    Event event(MenuParams::eventCode);
+    event.addArgument(QStringLiteral("params"), QVariant::fromValue(params));
+    const QVariantMap answer = core::BasicDialog().show(true, true, {EInput::Keyboard}, event).getData().toMap();
+    bool isChosen = false;
+    const int chosen = answer.value(QStringLiteral("entry")).toInt(&isChosen);
+    if (!isChosen)
+        return EContext::Stop;
+
+    const FunctionKey& entry = m_entries.at(chosen);
+    control::Action command = Singleton<control::ActionFactory>::get()->create(entry.actionType);
+    for (auto argument = entry.arguments.cbegin(); argument != entry.arguments.cend(); ++argument)
+        command.insert(argument.key(), argument.value());
+    const QString position = QStringLiteral("positionNumber");
+    if (action.value(position).isValid())
+        command.insert(position, action.value(position));
+    // Queued: the command begins where the register stands without the menu and its action.
+    Singleton<ActionQueueController>::get()->enqueue(command, true);
+    return EContext::GoOn;
+}
+
+QString MenuCommands::obstacle(const FunctionKey& entry) const
+{
+    const QSharedPointer<Receipt> open = m_sale.receipt();
+    if (open && entry.actionType == registeraction::takeBack)
+        return tr::Tr(QStringLiteral("menuReceiptOpen"), QStringLiteral("сначала завершите чек № %1"))
+            .arg(QString::number(open->getNumber()))
+            .ui();
+    if (open && open->isCancelling() && entry.actionType == registeraction::putAside)
+        return tr::Tr(QStringLiteral("menuTakeBackOpen"), QStringLiteral("возврат не откладывают")).ui();
+    if (Singleton<ActionQueueController>::get()->isHandled(entry.actionType))
+        return {};
+    return (open ? tr::Tr(QStringLiteral("menuNoPlugin"), QStringLiteral("нет модуля"))
+                 : tr::Tr(QStringLiteral("menuNoReceipt"), QStringLiteral("чек не открыт")))
+        .ui();
+}
