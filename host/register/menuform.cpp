@@ -63,7 +63,7 @@ bool MenuForm::eventFilter(QObject* watched, QEvent* event)
 
 bool MenuForm::chooseByDigit(const QKeyEvent& key)
 {
-    const int number = key.text().toInt();
+    const int number = key.key() - Qt::Key_0;
     if (key.isAutoRepeat() || number < 1 || number > m_entries.size())
         return false;
     m_entries.at(number - 1)->click(); // does nothing when it is not possible

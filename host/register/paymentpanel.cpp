@@ -70,7 +70,7 @@ void PaymentPanel::createControls()
     m_sumLabel->setObjectName(QStringLiteral("paymentSumLabel"));
     m_sumLabel->setStyleSheet(QStringLiteral("font-size: 28pt; font-weight: 700"));
     m_change->setObjectName(QStringLiteral("changeLabel"));
-    m_change->setStyleSheet(QStringLiteral("font-size: 20pt; font-weight: 600"));
+    m_change->setStyleSheet(QStringLiteral("QLabel { font-size: 20pt; font-weight: 600; padding: 0 8px }"));
     m_change->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     m_receivedCaption->setObjectName(QStringLiteral("receivedCaptionLabel"));
