@@ -12,7 +12,7 @@ class RequestParser
 {
 public:
     static constexpr quint32 headerLimit = 64 * 1024;      ///< octets of request line and headers
-    static constexpr quint64 bodyLimit = 16 * 1024 * 1024; ///< octets of one request's body
+    static constexpr quint64 bodyLimit = 16ULL * 1024 * 1024; ///< octets of one request's body
 
     enum class State : int {
         Incomplete, ///< more bytes are needed
