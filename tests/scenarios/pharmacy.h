@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
+#include "qtprinting.h"
+#include "registryprocess.h"
+
+#include <QByteArrayList>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QMap>
 #include <QProcess>
@@ -12,6 +14,8 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <string>
 
 /// A pharmacy for a test: the registry emulator and the register as processes of their own, with a data folder that
 /// lives as long as the test.
@@ -27,47 +31,65 @@ protected:
         QString output; ///< what the register printed, both streams
     };
 
+    /// Every step of the scenario came true.
+    static void expectHeld(const Outcome& outcome) { EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output); }
+
     /// Sets a key of the configuration ("section:key") for the register's next start.
     void configure(const QString& key, const QString& value);
+    /// Lays a saved receipt of this folder into the data folder, as if the register had ended with it open.
+    void leaveOpen(const QString& receipt);
 
     /// Plays a scenario file of this folder; returns when the register has ended.
     Outcome play(const QString& scenario, const QStringList& options = {});
-    /// Plays steps given as JSON text.
-    Outcome playSteps(const QByteArray& steps, const QStringList& options = {});
+    /// Plays steps: JSON objects, or several of them parted by commas.
+    Outcome playSteps(const QByteArrayList& steps, const QStringList& options = {});
 
-    /// Starts a scenario and leaves the register running; see waitForOutput() and kill().
+    /// Starts a scenario and leaves the register running.
     void start(const QString& scenario);
+    void startSteps(const QByteArrayList& steps, const QStringList& options = {});
     /// Waits until the running register has printed `text`; false when it did not within the test's patience.
     bool waitForOutput(const QString& text);
+    /// Waits until so many requests have come to an endpoint of the registry; false when they did not.
+    bool waitForRequests(const QString& endpoint, int requests);
+    /// Waits for the register's end.
+    Outcome waitForEnd();
+    /// True when the register did not end by itself but was killed.
+    bool wasKilled() const;
     /// SIGKILL: the register has no chance to save anything.
     void kill();
+    /// From now on no file of the running register can grow beyond so many bytes, as on a full disk; 0: as it was.
+    void fillDisk(qulonglong bytes);
 
-    /// The requests that the emulator has seen, oldest first.
-    QJsonArray journal();
-    /// The paths (without query) of the journal's requests, oldest first.
-    QStringList requestedPaths();
-    /// Orders a fault of the emulator, in the form of its admin port.
-    void orderFault(const QJsonObject& fault);
-    void stopRegistry();
+    RegistryProcess registry;
 
     /// The open receipt as it is saved; empty when there is none.
     QJsonObject savedReceipt() const;
     QJsonArray savedPositions() const;
+    /// A document put aside, or a finished one, by its number; empty when there is none.
+    QJsonObject putAside(int number) const;
+    QJsonObject finished(int number) const;
+    /// The names of the files in a folder of the data folder, in order.
+    QStringList files(const QString& folder) const;
+    /// The words of the printed receipt of that number, each parted from the next by one blank; empty when there is
+    /// none.
+    std::string printed(int number) const;
     /// A position's extended options, read as JSON.
     static QJsonObject optionsOf(const QJsonObject& position);
     QString dataFolder() const;
 
+    /// The dispenses that a document says are registered, each as a line of prescription, doses and dispense id.
+    static QStringList registeredBy(const QJsonObject& document);
+    /// The dispenses that stand with the registry, told in the same way.
+    QStringList standingDispenses();
+
 private:
-    void startRegistry();
+    QJsonObject document(const QString& file) const;
+    void writeConfiguration(const QString& file) const;
     void launch(const QString& scenario, const QStringList& options);
-    Outcome waitForEnd();
-    QJsonDocument askAdmin(const QByteArray& verb, const QString& path, const QByteArray& body = {});
+    void launchSteps(const QByteArrayList& steps, const QStringList& options);
 
     QTemporaryDir m_folder;
-    QProcess m_registry;
     QProcess m_register;
-    QString m_registryUrl;
-    QString m_adminUrl;
     QString m_output;
     QMap<QString, QString> m_configuration;
 };

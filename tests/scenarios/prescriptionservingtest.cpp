@@ -1,20 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "pharmacy.h"
+#include "request.h"
 
 namespace
 {
 
 const QString tokenPath = QStringLiteral("/connect/token");
 const QString byCardPath = QStringLiteral("/MedicationPrescription/$by-card");
-
-QString header(const QJsonObject& request, const QString& name)
-{
-    for (const QJsonValue& field : request.value(QLatin1String("headers")).toArray()) {
-        if (field[QLatin1String("name")].toString().compare(name, Qt::CaseInsensitive) == 0)
-            return field[QLatin1String("value")].toString();
-    }
-    return {};
-}
 
 } // namespace
 
@@ -24,8 +16,7 @@ class PrescriptionServing : public Pharmacy
 
 TEST_F(PrescriptionServing, servedByKeyboard_goodsStandOnTheReceiptAtTheBenefitPrice)
 {
-    const Outcome outcome = play("served-by-keyboard.json");
-    ASSERT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    expectHeld(play("served-by-keyboard.json"));
 
     const QJsonArray positions = savedPositions();
     ASSERT_EQ(positions.size(), 1);
@@ -45,10 +36,9 @@ TEST_F(PrescriptionServing, servedByKeyboard_goodsStandOnTheReceiptAtTheBenefitP
 TEST_F(PrescriptionServing, servedByKeyboard_registryIsAskedForATokenAndTheCard)
 {
     configure("ElectronicPrescription:oais", "oais token");
-    const Outcome outcome = play("served-by-keyboard.json");
-    ASSERT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    expectHeld(play("served-by-keyboard.json"));
 
-    const QJsonArray requests = journal();
+    const QJsonArray requests = registry.journal();
     ASSERT_EQ(requests.size(), 2);
     const QJsonObject token = requests[0].toObject();
     EXPECT_EQ(token.value("method").toString(), QStringLiteral("POST"));
@@ -69,29 +59,25 @@ TEST_F(PrescriptionServing, servedByKeyboard_registryIsAskedForATokenAndTheCard)
 
 TEST_F(PrescriptionServing, servedByTouch_goodsStandOnTheReceipt)
 {
-    const Outcome outcome = play("served-by-touch.json", {"--touch"});
-    ASSERT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    expectHeld(play("served-by-touch.json", {"--touch"}));
     EXPECT_EQ(savedPositions().size(), 1);
 }
 
 TEST_F(PrescriptionServing, backFromEveryStep_nothingIsLeftBehindAndServingGoesOn)
 {
-    const Outcome outcome = play("back-from-every-step.json");
-    ASSERT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    expectHeld(play("back-from-every-step.json"));
     EXPECT_EQ(savedPositions().size(), 1);
 }
 
 TEST_F(PrescriptionServing, filterTypedAndChosen_isThereOnTheWayBackAndGoneOnANewCommand)
 {
-    const Outcome outcome = play("filter-kept-on-the-way-back.json");
-    EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    expectHeld(play("filter-kept-on-the-way-back.json"));
 }
 
 TEST_F(PrescriptionServing, secondPrescriptionOfTheCard_comesFromTheCacheWithoutTheFirst)
 {
-    const Outcome outcome = play("two-from-one-card.json");
-    ASSERT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
-    EXPECT_EQ(requestedPaths(), (QStringList{tokenPath, byCardPath}));
+    expectHeld(play("two-from-one-card.json"));
+    EXPECT_EQ(registry.requestedPaths(), (QStringList{tokenPath, byCardPath}));
     ASSERT_EQ(savedPositions().size(), 2);
     EXPECT_NE(optionsOf(savedPositions()[0].toObject()).value("id"),
               optionsOf(savedPositions()[1].toObject()).value("id"));
@@ -99,14 +85,12 @@ TEST_F(PrescriptionServing, secondPrescriptionOfTheCard_comesFromTheCacheWithout
 
 TEST_F(PrescriptionServing, cardWithoutPrescriptions_isToldAndTheNextCommandAsksForACard)
 {
-    const Outcome outcome = play("card-without-prescriptions.json");
-    EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    expectHeld(play("card-without-prescriptions.json"));
 }
 
 TEST_F(PrescriptionServing, enterPressedTenTimesWhileTheRegistryIsSlow_choosesNothing)
 {
-    orderFault({{"fault", "delay"}, {"endpoint", "by-card"}, {"delay", 3000}});
-    const Outcome outcome = play("enter-pressed-while-waiting.json");
-    EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
-    EXPECT_EQ(requestedPaths(), (QStringList{tokenPath, byCardPath}));
+    registry.orderFault({{"fault", "delay"}, {"endpoint", "by-card"}, {"delay", 3000}});
+    expectHeld(play("enter-pressed-while-waiting.json"));
+    EXPECT_EQ(registry.requestedPaths(), (QStringList{tokenPath, byCardPath}));
 }

@@ -15,8 +15,7 @@ TEST_F(ReceiptRestoring, registerKilled_receiptComesBackWithItsCard)
     const QJsonObject before = savedReceipt();
     kill();
 
-    const Outcome outcome = play("taken-up-after-a-crash.json");
-    EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    expectHeld(play("taken-up-after-a-crash.json"));
     EXPECT_EQ(savedReceipt(), before);
 }
 
@@ -28,8 +27,7 @@ TEST_F(ReceiptRestoring, savedReceiptDamaged_isSetAsideUnchangedAndTold)
     file.write(damaged);
     file.close();
 
-    const Outcome outcome = play("told-of-the-damaged-receipt.json");
-    EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    expectHeld(play("told-of-the-damaged-receipt.json"));
 
     const QStringList setAside = QDir(dataFolder()).entryList({"receipt.json.damaged-*"});
     ASSERT_EQ(setAside.size(), 1);

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+// Registered dispenses cancelled before the receipt is paid: of one position, and of the whole receipt.
+
+#include "cashiersteps.h"
+#include "pharmacy.h"
+#include "request.h"
+
+namespace
+{
+
+class Cancelling : public Pharmacy
+{
+protected:
+    void SetUp() override
+    {
+        Pharmacy::SetUp();
+        leaveOpen("three-prescriptions.json");
+    }
+
+    /// The receipt is cancelled, and so is each of its dispenses, once.
+    void expectAllCancelled()
+    {
+        EXPECT_EQ(finished(1)["state"].toString(), "cancelled");
+        EXPECT_EQ(finished(1)["positions"].toArray().size(), 3);
+        EXPECT_TRUE(savedReceipt().isEmpty());
+        EXPECT_EQ(registry.dispenses().size(), 3);
+        EXPECT_EQ(standingDispenses(), QStringList());
+        EXPECT_EQ(registeredBy(finished(1)), QStringList());
+        EXPECT_EQ(registry.requestsTo("cancel"), 3);
+        EXPECT_EQ(registry.statusOf("rx-2001"), "active");
+    }
+};
+
+TEST_F(Cancelling, registeredPosition_itsDispenseIsCancelledAndItLeavesTheReceipt)
+{
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::removesTheFirst,
+                          R"({"receipt": {"positions": [{"number": 2}, {"number": 3}]}},
+                             {"visible": false, "in": "paymentPanel"})"}));
+
+    const auto dispenses = registry.dispensesOf("rx-2001");
+    ASSERT_EQ(dispenses.size(), 1);
+    EXPECT_TRUE(dispenses[0].cancelled);
+    EXPECT_EQ(registry.statusOf("rx-2001"), "active");
+    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+    const QJsonObject request = registry.journal().last().toObject();
+    EXPECT_EQ(request["method"].toString(), "POST");
+    EXPECT_EQ(request["target"].toString(), "/MedicationDispense/" + dispenses[0].id + "/$set-as-error");
+    EXPECT_EQ(QJsonDocument::fromJson(request["body"].toString().toUtf8()), QJsonDocument(QJsonObject()));
+    EXPECT_EQ(header(request, "Content-Type"), "application/json; charset=utf-8");
+    EXPECT_TRUE(header(request, "Authorization").startsWith("Bearer "));
+}
+
+TEST_F(Cancelling, positionNotYetRegistered_leavesTheReceiptWithoutAskingTheRegistry)
+{
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::removesTheFirst,
+                          R"({"receipt": {"positions": [{"number": 2}, {"number": 3}]}})"}));
+    EXPECT_EQ(registry.requestedPaths(), QStringList());
+}
+
+TEST_F(Cancelling, cashierSaysNo_nothingHappens)
+{
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal,
+                          R"({"key": "F9"}, {"wait": "questionForm"}, {"key": "Return"},
+                             {"visible": false, "in": "questionForm"}, {"key": "F8"}, {"wait": "questionForm"},
+                             {"key": "Esc"}, {"visible": false, "in": "questionForm"})",
+                          cashier::findsTheReceipt}));
+    EXPECT_EQ(registeredBy(savedReceipt()).size(), 3);
+    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+}
+
+TEST_F(Cancelling, receiptByItsKey_everyDispenseIsCancelled)
+{
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::cancelsTheReceipt, cashier::isIdle}));
+    expectAllCancelled();
+}
+
+TEST_F(Cancelling, receiptAtItsPayment_everyDispenseIsCancelled)
+{
+    expectHeld(
+        playSteps({cashier::findsTheReceipt, cashier::toThePayment, cashier::cancelsTheReceipt, cashier::isIdle}));
+    expectAllCancelled();
+}
+
+TEST_F(Cancelling, receiptFromTheMenu_everyDispenseIsCancelled)
+{
+    expectHeld(playSteps(
+        {cashier::findsTheReceipt, cashier::subtotal, cashier::cancelsTheReceiptFromTheMenu, cashier::isIdle}));
+    expectAllCancelled();
+}
+
+TEST_F(Cancelling, registryFailsAtTheSecond_receiptStaysAndTheNextSubtotalRegistersTheFirstAnew)
+{
+    registry.orderFault(
+        {{"endpoint", "cancel"}, {"nth", 2}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal,
+                          cashier::tries(cashier::cancelsTheReceipt, "Идут работы"),
+                          R"({"contains": "1,49 | отпуск отменён", "in": "receiptTable"},
+                             {"contains": "0,46 | зарегистрирован", "in": "receiptTable"})"}));
+    EXPECT_EQ(registeredBy(savedReceipt()).size(), 2);
+    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    EXPECT_EQ(registry.dispenses().size(), 4);
+    EXPECT_EQ(registeredBy(finished(1)).size(), 3);
+    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+}
+
+TEST_F(Cancelling, positionRefusedByTheRegistry_staysAndIsStillRegistered)
+{
+    registry.orderFault({{"endpoint", "cancel"}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
+    expectHeld(
+        playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::tries(cashier::removesTheFirst, "Идут работы"),
+                   R"({"contains": "«Удаление позиции» не выполнено", "in": "statusMessageLabel"})"}));
+    EXPECT_EQ(registeredBy(savedReceipt()).size(), 3);
+    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+}
+
+} // namespace

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+
+/// What a cashier does, as steps of a scenario.
+namespace cashier
+{
+
+/// The receipt of three prescriptions is on the screen.
+inline const QByteArray findsTheReceipt = R"({"contains": "Амлонорд", "in": "receiptTable"})";
+inline const QByteArray isIdle = R"({"expect": "", "in": "receiptTable"}, {"visible": false, "in": "paymentPanel"})";
+
+inline const QByteArray opensAReceipt = R"({"key": "F2"}, {"receipt": {"positions": []}})";
+inline const QByteArray subtotal = R"({"key": "F6"}, {"expect": "ПОДЫТОГ", "in": "paymentCaptionLabel"})";
+inline const QByteArray toThePayment = R"({"key": "F12"}, {"expect": "К ОПЛАТЕ", "in": "paymentCaptionLabel"})";
+inline const QByteArray backToThePositions = R"({"key": "Esc"}, {"visible": false, "in": "paymentPanel"})";
+/// The exact sum.
+inline const QByteArray pays = R"({"key": "F12"}, {"wait": "receivedLineEdit"}, {"key": "Return"}, )" + isIdle;
+
+inline const QByteArray removesTheFirst =
+    R"({"row": 0, "in": "receiptTable"}, {"key": "F8"}, {"click": "yesButton"}, {"visible": false, "in": "questionForm"})";
+inline const QByteArray removesTheSecond =
+    R"({"row": 1, "in": "receiptTable"}, {"key": "F8"}, {"click": "yesButton"}, {"visible": false, "in": "questionForm"})";
+inline const QByteArray cancelsTheReceipt =
+    R"({"key": "F9"}, {"click": "yesButton"}, {"visible": false, "in": "questionForm"})";
+
+inline const QByteArray cancelsTheReceiptFromTheMenu =
+    R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "5"}, {"click": "yesButton"},
+       {"visible": false, "in": "questionForm"})";
+
+/// Three doses of the next prescription of the receipt's card, in part.
+inline const QByteArray servesTheNext =
+    R"({"key": "F5"}, {"wait": "electronicPrescriptionsTableView"}, {"key": "Return"}, {"wait": "chooseButton"},
+       {"key": "Return"}, {"wait": "goodsTable"}, {"key": "Return"}, {"wait": "inputLineEdit"}, {"type": "3"},
+       {"key": "Return"}, {"click": "partDispenseButton"}, {"visible": false, "in": "partDispenseButton"})";
+
+inline const QByteArray putsAside = R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "1"}, )" + isIdle;
+inline const QByteArray opensTheDocuments =
+    R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "2"}, {"wait": "documentTable"})";
+inline const QByteArray takesUp =
+    opensTheDocuments + R"(, {"row": 0, "in": "documentTable"}, {"click": "takeUpButton"}, )" + findsTheReceipt;
+
+/// Of the sale number 1.
+inline const QByteArray opensTheTakeBack =
+    R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "3"}, {"wait": "inputLineEdit"}, {"type": "1"}, {"key": "Return"})";
+inline const QByteArray paysOut =
+    R"({"key": "F12"}, {"expect": "К ВОЗВРАТУ", "in": "paymentCaptionLabel"}, {"key": "Return"}, )" + isIdle;
+/// The document number 1.
+inline const QByteArray annuls =
+    R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "4"}, {"wait": "inputLineEdit"}, {"type": "1"}, {"key": "Return"},
+       {"click": "yesButton"}, {"visible": false, "in": "questionForm"})";
+
+/// Does something and is told why it is not done.
+inline QByteArray tries(const QByteArray& what, const char* told)
+{
+    return what + R"(, {"wait": "messageForm"}, {"contains": ")" + told +
+           R"(", "in": "messageLabel"}, {"key": "Return"}, {"visible": false, "in": "messageForm"})";
+}
+
+} // namespace cashier

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+// Receipts put aside, taken up and annulled, and sales taken back.
+
+#include "cashiersteps.h"
+#include "pharmacy.h"
+
+#include <gmock/gmock.h>
+
+namespace
+{
+
+const QByteArray registers = cashier::findsTheReceipt + ", " + cashier::subtotal;
+const QByteArray sells = registers + ", " + cashier::pays;
+
+class Documents : public Pharmacy
+{
+protected:
+    void SetUp() override
+    {
+        Pharmacy::SetUp();
+        leaveOpen("three-prescriptions.json");
+    }
+
+    /// The document number 1 is void, and so is each of its dispenses.
+    void expectAnnulled()
+    {
+        EXPECT_EQ(finished(1)["state"].toString(), "annulled");
+        EXPECT_EQ(files("putaside"), QStringList());
+        EXPECT_EQ(registry.dispenses().size(), 3);
+        EXPECT_EQ(standingDispenses(), QStringList());
+        EXPECT_EQ(registeredBy(finished(1)), QStringList());
+    }
+};
+
+using PutAside = Documents;
+
+TEST_F(PutAside, takenUp_cardComesBackAndTheNextPrescriptionIsServedWithoutAskingForIt)
+{
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::putsAside, cashier::opensAReceipt, cashier::putsAside,
+                          R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "2"}, {"wait": "documentTable"},
+                             {"row": 1, "in": "documentTable"}, {"key": "Return"})",
+                          cashier::findsTheReceipt, R"({"contains": "1100000000000002", "in": "documentInfoLabel"})",
+                          cashier::servesTheNext, cashier::subtotal, cashier::pays}));
+    EXPECT_EQ(finished(1)["positions"].toArray().size(), 4);
+    EXPECT_EQ(registeredBy(finished(1)).size(), 4);
+    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+    EXPECT_EQ(files("putaside"), QStringList("00000002.json"));
+}
+
+TEST_F(PutAside, registeredAndTakenUp_isNotSentAgain)
+{
+    expectHeld(playSteps({registers, cashier::putsAside, cashier::takesUp, cashier::subtotal, cashier::pays}));
+    EXPECT_EQ(registry.requestsTo("register"), 3);
+    EXPECT_EQ(registeredBy(finished(1)).size(), 3);
+    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+}
+
+using Annulment = Documents;
+
+TEST_F(Annulment, putAsideFromTheList_cancelsItsDispenses)
+{
+    expectHeld(playSteps({registers, cashier::putsAside, cashier::opensTheDocuments,
+                          R"({"row": 0, "in": "documentTable"}, {"click": "annulButton"}, {"click": "yesButton"},
+                             {"contains": "Аннулирован", "in": "documentTable"}, {"key": "Esc"})",
+                          cashier::isIdle}));
+    expectAnnulled();
+}
+
+TEST_F(Annulment, putAsideByNumberBetweenReceipts_cancelsItsDispenses)
+{
+    expectHeld(playSteps({registers, cashier::putsAside, cashier::annuls, cashier::isIdle}));
+    expectAnnulled();
+}
+
+TEST_F(Annulment, putAsideWhileAnotherIsOpen_cancelsItsDispensesAndLeavesTheOtherAlone)
+{
+    expectHeld(playSteps({registers, cashier::putsAside, R"({"key": "F2"}, {"key": "F5"}, {"wait": "inputLineEdit"},
+        {"scan": "1100000000000001"}, {"wait": "electronicPrescriptionsTableView"}, {"key": "Return"},
+        {"wait": "chooseButton"}, {"key": "Return"}, {"wait": "goodsTable"}, {"key": "Return"},
+        {"wait": "inputLineEdit"}, {"type": "4"}, {"key": "Return"}, {"click": "partDispenseButton"},
+        {"visible": false, "in": "partDispenseButton"})",
+                          cashier::subtotal, R"({"say": "the other is registered"})", cashier::annuls,
+                          R"({"contains": "Амоксидар", "in": "receiptTable"},
+                             {"contains": "1100000000000001", "in": "documentInfoLabel"})"}));
+    EXPECT_EQ(finished(1)["state"].toString(), "annulled");
+    EXPECT_EQ(registeredBy(finished(1)), QStringList());
+    const QJsonObject other = savedReceipt();
+    EXPECT_EQ(other["number"].toInt(), 2);
+    EXPECT_EQ(other["state"].toString(), "open");
+    EXPECT_EQ(registeredBy(other).size(), 1);
+    EXPECT_EQ(standingDispenses(), registeredBy(other));
+}
+
+TEST_F(Annulment, closedSale_cancelsItsDispensesAndCannotBeTakenBackAfterwards)
+{
+    expectHeld(playSteps(
+        {sells, cashier::annuls, cashier::isIdle, cashier::tries(cashier::opensTheTakeBack, "нельзя вернуть")}));
+    expectAnnulled();
+}
+
+TEST_F(Annulment, registryFailsAtTheSecond_documentKeepsWhatIsCancelledAndTheNextAttemptCancelsTheRest)
+{
+    registry.orderFault(
+        {{"endpoint", "cancel"}, {"nth", 2}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
+    expectHeld(playSteps({sells, cashier::tries(cashier::annuls, "Идут работы"), cashier::isIdle}));
+    EXPECT_EQ(finished(1)["state"].toString(), "closed");
+    EXPECT_EQ(registeredBy(finished(1)).size(), 2);
+    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+
+    expectHeld(playSteps({cashier::isIdle, cashier::annuls, cashier::isIdle}));
+    expectAnnulled();
+}
+
+using TakeBack = Documents;
+
+TEST_F(TakeBack, closedSale_cancelsItsDispensesIsPaidOutAndPrintedAndDoneOnce)
+{
+    expectHeld(playSteps({sells, cashier::opensTheTakeBack,
+                          R"({"contains": "Возврат № 2", "in": "receiptNumberLabel"})", cashier::findsTheReceipt,
+                          cashier::subtotal, R"({"contains": "отпуск отменён", "in": "receiptTable"})",
+                          cashier::paysOut, cashier::tries(cashier::opensTheTakeBack, "уже возвращена чеком № 2")}));
+    const QJsonObject document = finished(2);
+    EXPECT_EQ(document["type"].toInt(), 25);
+    EXPECT_EQ(document["state"].toString(), "closed");
+    EXPECT_EQ(document["takesBack"].toInt(), 1);
+    EXPECT_EQ(finished(1)["takenBackBy"].toInt(), 2);
+    EXPECT_EQ(registry.dispenses().size(), 3);
+    EXPECT_EQ(standingDispenses(), QStringList());
+    EXPECT_EQ(registeredBy(finished(1)), QStringList());
+    EXPECT_THAT(printed(2), ::testing::HasSubstr("по чеку № 1"));
+    EXPECT_TRUE(savedReceipt().isEmpty());
+}
+
+TEST_F(TakeBack, givenUpBeforeItsSubtotal_leavesTheSaleAsItWas)
+{
+    expectHeld(playSteps({sells}));
+    const QJsonArray sold = finished(1)["positions"].toArray();
+    expectHeld(playSteps({cashier::isIdle, cashier::opensTheTakeBack, cashier::findsTheReceipt,
+                          cashier::cancelsTheReceipt, cashier::isIdle}));
+    EXPECT_EQ(finished(2)["state"].toString(), "cancelled");
+    EXPECT_EQ(finished(1)["positions"].toArray(), sold);
+    EXPECT_EQ(registry.requestsTo("cancel"), 0);
+    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+}
+
+TEST_F(TakeBack, givenUpAfterTheRegistryFailedAtTheSecond_saleKnowsWhatIsCancelledAndTheNextOneCancelsTheRest)
+{
+    registry.orderFault(
+        {{"endpoint", "cancel"}, {"nth", 2}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
+    expectHeld(
+        playSteps({sells, cashier::opensTheTakeBack, cashier::findsTheReceipt,
+                   cashier::tries(R"({"key": "F6"})", "Идут работы"), cashier::cancelsTheReceipt, cashier::isIdle}));
+    EXPECT_EQ(finished(1)["state"].toString(), "closed");
+    EXPECT_EQ(registeredBy(finished(1)).size(), 2);
+    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+
+    expectHeld(playSteps(
+        {cashier::isIdle, cashier::opensTheTakeBack, cashier::findsTheReceipt, cashier::subtotal, cashier::paysOut}));
+    EXPECT_EQ(finished(1)["takenBackBy"].toInt(), 3);
+    EXPECT_EQ(standingDispenses(), QStringList());
+    EXPECT_EQ(registry.requestsTo("cancel"), 4);
+}
+
+} // namespace

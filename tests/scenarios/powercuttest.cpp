@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "powercuttest.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace
+{
+
+QString saveMoment(PowerFailure::At at)
+{
+    switch (at) {
+    case PowerFailure::At::LongWork:
+        return QStringLiteral("longWork");
+    case PowerFailure::At::BeforeSave:
+        return QStringLiteral("beforeSave");
+    case PowerFailure::At::AfterSave:
+        return QStringLiteral("afterSave");
+    default:
+        return {};
+    }
+}
+
+/// Goes on for longer than the power does.
+const QByteArray untilTheEnd = R"({"wait": "neverThere", "seconds": 50})";
+
+} // namespace
+
+void PowerCutTest::SetUp()
+{
+    Pharmacy::SetUp();
+    leaveOpen(QStringLiteral("three-prescriptions.json"));
+}
+
+void PowerCutTest::playUntil(const PowerFailure& failure, const QByteArrayList& steps)
+{
+    const QDir plugins(dataFolder() + "/plugins");
+    ASSERT_TRUE(QDir().mkpath(plugins.path()));
+    const QDir real(QStringLiteral(PLUGIN_FOLDER));
+    for (const QFileInfo& brought : real.entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot))
+        QFile::link(brought.absoluteFilePath(), plugins.filePath(brought.fileName()));
+    QFile::link(QStringLiteral(POWER_CUT_PLUGIN), plugins.filePath(QFileInfo(POWER_CUT_PLUGIN).fileName()));
+
+    configure(QStringLiteral("PowerCut:at"), saveMoment(failure.at));
+    configure(QStringLiteral("PowerCut:nth"), QString::number(failure.nth));
+    const bool atRequest = *failure.endpoint != 0;
+    if (atRequest)
+        registry.orderFault({{"endpoint", failure.endpoint},
+                             {"nth", failure.nth},
+                             {"fault", "never"},
+                             {"carriedOut", failure.at == PowerFailure::At::AnswerLost}});
+    registry.forgetRequests();
+    startSteps(steps + QByteArrayList{untilTheEnd}, {"--plugins", plugins.path()});
+    if (atRequest) {
+        ASSERT_TRUE(waitForRequests(failure.endpoint, failure.nth)) << qPrintable(waitForEnd().output);
+        kill();
+    }
+    const Outcome outcome = waitForEnd();
+    ASSERT_TRUE(wasKilled()) << qPrintable(outcome.output);
+    registry.takeBackFaults();
+}
+
+void PowerCutTest::expectRegisteredOnce(const QJsonObject& receipt)
+{
+    const QStringList registered = registeredBy(receipt);
+    EXPECT_EQ(registered.size(), 3);
+    EXPECT_EQ(standingDispenses(), registered);
+    EXPECT_EQ(registry.dispenses().size(), 3);
+}
+
+void PowerCutTest::expectNothingRegistered()
+{
+    EXPECT_EQ(standingDispenses(), QStringList());
+}
+
+std::string nameOf(const ::testing::TestParamInfo<PowerFailure>& instance)
+{
+    return instance.param.name;
+}

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+/// The registry emulator as a process of its own, asked and ordered about through its admin port.
+class RegistryProcess
+{
+public:
+    ~RegistryProcess();
+
+    /// Starts it with the demo's patients, on free ports.
+    void start();
+    void stop();
+    QString url() const { return m_url; }
+
+    /// The requests that came in, oldest first.
+    QJsonArray journal();
+    /// Their paths (without query), oldest first.
+    QStringList requestedPaths();
+    /// How many requests came to an endpoint, by its name on the admin port.
+    int requestsTo(const QString& endpoint);
+    void forgetRequests();
+    /// Orders a fault, in the form of the admin port.
+    void orderFault(const QJsonObject& fault);
+    void takeBackFaults();
+
+    /// A dispense that this pharmacy registered.
+    struct Dispense {
+        QString id;
+        QString prescription;
+        double quantity = 0; ///< doses
+        bool final = false;
+        bool cancelled = false;
+    };
+    /// All of them, those of a prescription in the order in which they were registered.
+    QList<Dispense> dispenses();
+    QList<Dispense> dispensesOf(const QString& prescription);
+    QString statusOf(const QString& prescription);
+
+private:
+    QJsonArray prescriptions();
+    QJsonDocument askAdmin(const QByteArray& verb, const QString& path, const QByteArray& body = {});
+
+    QProcess m_process;
+    QString m_url;
+    QString m_adminUrl;
+};

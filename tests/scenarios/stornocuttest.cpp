@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+// The power goes while registered dispenses are cancelled: of one position, and of the whole receipt.
+
+#include "powercuttest.h"
+
+namespace
+{
+
+using At = PowerFailure::At;
+
+/// The receipt's three prescriptions are registered first, with three saves and the first long work.
+const QByteArray registers = cashier::findsTheReceipt + ", " + cashier::subtotal;
+
+class PowerCutAtTheStorno : public PowerCutTest, public ::testing::WithParamInterface<PowerFailure>
+{
+protected:
+    QList<bool> cancelled()
+    {
+        QList<bool> states;
+        for (const char* prescription : {"rx-2001", "rx-2002", "rx-2003"}) {
+            const auto dispenses = registry.dispensesOf(prescription);
+            EXPECT_EQ(dispenses.size(), 1) << prescription;
+            states += !dispenses.isEmpty() && dispenses.first().cancelled;
+        }
+        return states;
+    }
+};
+
+const PowerFailure positionStillThere[] = {
+    {"beforeAnyRequest", At::LongWork, 2},
+    {"sent", At::RequestLost, 1, "cancel"},
+    {"saved", At::AfterSave, 4},
+    {"removalToBeSaved", At::BeforeSave, 5},
+};
+
+using RemovingOnePosition = PowerCutAtTheStorno;
+
+TEST_P(RemovingOnePosition, isThereAfterwardsAndIsRemovedByTheNextAttempt)
+{
+    playUntil(GetParam(), {registers, cashier::removesTheSecond});
+    EXPECT_EQ(savedPositions().size(), 3);
+    expectInStep(savedReceipt());
+
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::removesTheSecond, cashier::subtotal, cashier::pays}));
+    EXPECT_EQ(finished(1)["positions"].toArray().size(), 2);
+    expectInStep(finished(1));
+    EXPECT_EQ(cancelled(), (QList<bool>{false, true, false}));
+}
+
+INSTANTIATE_TEST_SUITE_P(At, RemovingOnePosition, ::testing::ValuesIn(positionStillThere), nameOf);
+
+using RemovedPosition = PowerCutAtTheStorno;
+
+TEST_P(RemovedPosition, staysRemoved)
+{
+    playUntil(GetParam(), {registers, cashier::removesTheSecond});
+    EXPECT_EQ(savedPositions().size(), 2);
+
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    EXPECT_EQ(finished(1)["positions"].toArray().size(), 2);
+    expectInStep(finished(1));
+    EXPECT_EQ(cancelled(), (QList<bool>{false, true, false}));
+}
+
+INSTANTIATE_TEST_SUITE_P(At, RemovedPosition, ::testing::Values(PowerFailure{"removalSaved", At::AfterSave, 5}),
+                         nameOf);
+
+const PowerFailure oneUnsaved[] = {
+    {"answered", At::AnswerLost, 1, "cancel"},
+    {"toBeSaved", At::BeforeSave, 4},
+};
+
+using RemovingWithTheCancellationUnsaved = PowerCutAtTheStorno;
+
+TEST_P(RemovingWithTheCancellationUnsaved, neitherPositionNorReceiptCanBeCancelledAndTheReceiptCanBePaid)
+{
+    playUntil(GetParam(), {registers, cashier::removesTheSecond});
+    EXPECT_EQ(registeredBy(savedReceipt()).size(), 3);
+    EXPECT_EQ(cancelled(), (QList<bool>{false, true, false}));
+
+    expectHeld(
+        playSteps({cashier::findsTheReceipt, cashier::tries(cashier::removesTheSecond, "уже отменён"),
+                   cashier::tries(cashier::cancelsTheReceipt, "уже отменён"), cashier::subtotal, cashier::pays}));
+    const QJsonObject closed = finished(1);
+    EXPECT_EQ(closed["positions"].toArray().size(), 3);
+    EXPECT_EQ(registeredBy(closed).size(), 3);
+    EXPECT_EQ(standingDispenses().size(), 2); // the cancelling of the receipt got as far as the first, registered anew
+    EXPECT_TRUE(registry.dispensesOf("rx-2002").first().cancelled);
+}
+
+INSTANTIATE_TEST_SUITE_P(At, RemovingWithTheCancellationUnsaved, ::testing::ValuesIn(oneUnsaved), nameOf);
+
+const PowerFailure receiptStillOpen[] = {
+    {"beforeAnyRequest", At::LongWork, 2}, {"firstSent", At::RequestLost, 1, "cancel"},
+    {"firstSaved", At::AfterSave, 4},      {"secondSent", At::RequestLost, 2, "cancel"},
+    {"secondSaved", At::AfterSave, 5},     {"thirdSent", At::RequestLost, 3, "cancel"},
+    {"thirdSaved", At::AfterSave, 6},      {"endToBeSaved", At::BeforeSave, 7},
+};
+
+using CancellingTheReceipt = PowerCutAtTheStorno;
+
+TEST_P(CancellingTheReceipt, isOpenAfterwardsAndIsCancelledByTheNextAttempt)
+{
+    playUntil(GetParam(), {registers, cashier::cancelsTheReceipt});
+    EXPECT_EQ(savedPositions().size(), 3);
+    expectInStep(savedReceipt());
+
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::cancelsTheReceipt, cashier::isIdle}));
+    EXPECT_EQ(finished(1)["state"].toString(), "cancelled");
+    expectInStep(finished(1));
+    EXPECT_EQ(cancelled(), (QList<bool>{true, true, true}));
+    EXPECT_TRUE(savedReceipt().isEmpty());
+}
+
+TEST_P(CancellingTheReceipt, canBeSoldAfterAll)
+{
+    playUntil(GetParam(), {registers, cashier::cancelsTheReceipt});
+
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    EXPECT_EQ(registeredBy(finished(1)).size(), 3);
+    expectInStep(finished(1));
+}
+
+INSTANTIATE_TEST_SUITE_P(At, CancellingTheReceipt, ::testing::ValuesIn(receiptStillOpen), nameOf);
+
+using CancelledReceipt = PowerCutAtTheStorno;
+
+TEST_P(CancelledReceipt, staysCancelledAndTheNextOneHasItsOwnNumber)
+{
+    playUntil(GetParam(), {registers, cashier::cancelsTheReceipt});
+
+    expectHeld(playSteps({cashier::isIdle, cashier::opensAReceipt}));
+    EXPECT_EQ(finished(1)["state"].toString(), "cancelled");
+    EXPECT_EQ(cancelled(), (QList<bool>{true, true, true}));
+    EXPECT_EQ(savedReceipt()["number"].toInt(), 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(At, CancelledReceipt, ::testing::Values(PowerFailure{"endSaved", At::AfterSave, 7}), nameOf);
+
+const PowerFailure cancellationUnsaved[] = {
+    {"firstAnswered", At::AnswerLost, 1, "cancel"},  {"firstToBeSaved", At::BeforeSave, 4},
+    {"secondAnswered", At::AnswerLost, 2, "cancel"}, {"secondToBeSaved", At::BeforeSave, 5},
+    {"thirdAnswered", At::AnswerLost, 3, "cancel"},  {"thirdToBeSaved", At::BeforeSave, 6},
+};
+
+using CancellingWithOneUnsaved = PowerCutAtTheStorno;
+
+TEST_P(CancellingWithOneUnsaved, isRefusedByTheRegistryEverAfterAndTheReceiptCanBePutAside)
+{
+    playUntil(GetParam(), {registers, cashier::cancelsTheReceipt});
+    EXPECT_EQ(registeredBy(savedReceipt()).size(), standingDispenses().size() + 1);
+
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::tries(cashier::cancelsTheReceipt, "уже отменён"),
+                          cashier::tries(cashier::cancelsTheReceipt, "уже отменён"), cashier::putsAside}));
+    EXPECT_EQ(registeredBy(putAside(1)).size(), standingDispenses().size() + 1);
+    EXPECT_TRUE(savedReceipt().isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(At, CancellingWithOneUnsaved, ::testing::ValuesIn(cancellationUnsaved), nameOf);
+
+} // namespace
