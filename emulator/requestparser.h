@@ -11,7 +11,7 @@ namespace emulator
 class RequestParser
 {
 public:
-    static constexpr quint32 headerLimit = 64 * 1024;      ///< octets of request line and headers
+    static constexpr quint32 headerLimit = 64 * 1024;         ///< octets of request line and headers
     static constexpr quint64 bodyLimit = 16ULL * 1024 * 1024; ///< octets of one request's body
 
     enum class State : int {
