@@ -89,11 +89,6 @@ Lines head()
 Lines titleLines(const Receipt& receipt)
 {
     Lines lines = centred(title(receipt), true) + centred(timeText(receipt.getFinished()));
-    if (receipt.getAnnulled().isValid())
-        lines += centred(tr::Tr(QStringLiteral("printedAnnulled"), QStringLiteral("АННУЛИРОВАН %1"))
-                             .arg(timeText(receipt.getAnnulled()))
-                             .ui(),
-                         true);
     lines.append(rule());
     return lines;
 }

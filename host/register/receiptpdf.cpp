@@ -19,7 +19,7 @@ constexpr double paperWidth = 8000;
 constexpr double margin = 400;
 constexpr double lineHeight = 360;
 
-constexpr double fontPoints = 8.47;        // 40 characters fill the width between the margins
+constexpr double fontPoints = 8.47;       // 40 characters fill the width between the margins
 constexpr qsizetype linesPerStrip = 1000; // a page of PDF is at most 5 metres long
 
 QFont font(bool isStrong)

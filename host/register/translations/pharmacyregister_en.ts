@@ -38,10 +38,6 @@ Check the goods database and try again, or call the administrator.</translation>
         <source>ВОЗВРАТ № %1 по чеку № %2</source>
         <translation>RETURN No. %1 of receipt No. %2</translation>
     </message>
-    <message id="printedAnnulled">
-        <source>АННУЛИРОВАН %1</source>
-        <translation>ANNULLED %1</translation>
-    </message>
     <message id="printedPriceWithoutBenefit">
         <source>Цена без льготы</source>
         <translation>Price without benefit</translation>

@@ -126,18 +126,6 @@ TEST_F(ReceiptPrinterTest, takeBackWithoutAConfiguredPharmacy_isPrintedAsTextLet
     EXPECT_EQ(text(QStringLiteral("00000009")), fixture("printedtakeback.txt"));
 }
 
-TEST_F(ReceiptPrinterTest, annulledSale_saysSo)
-{
-    const auto receipt = sale();
-    Receipt::Ending ending = receipt->ending();
-    ending.state = Receipt::State::Annulled;
-    ending.annulled = QDateTime({2024, 3, 2}, {10, 0});
-    receipt->setEnding(ending);
-    const QStringList lines = layout(*receipt);
-    EXPECT_EQ(lines.at(1).trimmed(), QStringLiteral("29.02.2024 12:31"));
-    EXPECT_EQ(lines.at(2).trimmed(), QStringLiteral("АННУЛИРОВАН 02.03.2024 10:00"));
-}
-
 TEST_F(ReceiptPrinterTest, priceRaised_isNoBenefit)
 {
     Receipt receipt(1, QDateTime({2024, 1, 1}, {0, 0}));
