@@ -42,13 +42,13 @@ bool DocumentArchive::move(const QSharedPointer<Receipt>& document, const Receip
     const QString formerFile = document->fileName();
     const Receipt::Ending formerEnding = document->ending();
     document->setEnding(ending);
-    if (!save(document)) {
+    const QString file = document->fileName();
+    const bool isSaved = save(document);
+    if (!isSaved)
         document->setEnding(formerEnding);
-        return false;
-    }
-    if (document->fileName() != formerFile)
-        removeFile(formerFile);
-    return true;
+    if (file != formerFile)
+        removeFile(isSaved ? formerFile : file); // a failed save may have left its file when only syncing failed
+    return isSaved;
 }
 
 bool DocumentArchive::save(const QSharedPointer<Receipt>& document) const
@@ -64,7 +64,7 @@ QSharedPointer<Receipt> DocumentArchive::find(int number) const
 
 bool DocumentArchive::isFinished(int number) const
 {
-    return QFileInfo::exists(QDir(m_folder).filePath(fileOf(finished, number)));
+    return bool(read(finished, number));
 }
 
 QList<QSharedPointer<Receipt>> DocumentArchive::latest(int limit) const

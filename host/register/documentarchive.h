@@ -26,6 +26,7 @@ public:
 
     /// The document put aside, or finished, under that number; null when there is none that can be read.
     QSharedPointer<Receipt> find(int number) const;
+    /// Not when its file is damaged: then a copy in another place is all that there is.
     bool isFinished(int number) const;
 
     /// Those put aside and the latest `limit` finished ones, the latest first. A file that cannot be read is logged and

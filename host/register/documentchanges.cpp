@@ -33,14 +33,14 @@ bool Sale::close(Kopecks received)
 {
     if (!m_receipt || received < m_receipt->getSum())
         return false;
-    if (m_receipt->isCancelling() && !writeBackToSale(true))
+    if (m_receipt->isCancelling() && !writeBackToSale())
         return false;
     return end(Receipt::State::Closed, received, EActivityListener::ReceiptClosed);
 }
 
 bool Sale::cancel()
 {
-    if (!m_receipt || (m_receipt->isCancelling() && !writeBackToSale(false)))
+    if (!m_receipt || (m_receipt->isCancelling() && !writeBackToSale()))
         return false;
     return end(Receipt::State::Cancelled, 0, EActivityListener::ReceiptCancelled);
 }
@@ -104,13 +104,12 @@ bool Sale::end(Receipt::State state, Kopecks received, EActivityListener::Event 
 
 /// What plug-ins did with the positions of the cancelling document holds for the sale too, even when the document is
 /// given up afterwards.
-bool Sale::writeBackToSale(bool takenBack) const
+bool Sale::writeBackToSale() const
 {
     const QSharedPointer<Receipt> sale = m_archive.find(m_receipt->getTakesBack());
     if (!sale)
         return true; // nothing to keep in step
     sale->takeOverPluginData(*m_receipt);
-    sale->setTakenBackBy(takenBack ? m_receipt->getNumber() : 0);
     return m_archive.save(sale);
 }
 

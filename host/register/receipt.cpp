@@ -180,7 +180,7 @@ QSharedPointer<Receipt> Receipt::fromJson(const QJsonObject& saved)
         ending.finished = readTime(saved, QStringLiteral("finished"));
     if (ending.state == State::Annulled)
         ending.annulled = readTime(saved, QStringLiteral("annulled"));
-    if (saved.contains(QLatin1String("received")))
+    if (ending.state == State::Closed || saved.contains(QLatin1String("received")))
         ending.received = kopecks(savedmember::number(saved, QStringLiteral("received")));
     if (receipt->isCancelling())
         receipt->m_takesBack = savedmember::positiveInteger(saved, QStringLiteral("takesBack"));

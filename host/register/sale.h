@@ -91,7 +91,7 @@ private:
 
     // documentchanges.cpp
     bool end(Receipt::State state, Kopecks received, EActivityListener::Event event);
-    bool writeBackToSale(bool takenBack) const;
+    bool writeBackToSale() const;
     void tellRestored();
     void tellDamage(const ReceiptStore::Loaded& loaded) const;
 

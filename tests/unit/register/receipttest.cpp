@@ -125,6 +125,157 @@ TEST(Receipt, nameOfTenThousandCharacters_comesBackWhole)
     EXPECT_EQ(reread(receipt)->position(1)->getName(), name);
 }
 
+TEST(Receipt, change_isWhatTheCustomerGetsBack)
+{
+    const auto receipt = twoPositions();
+    receipt->setEnding({.state = Receipt::State::Closed, .received = 5000});
+    EXPECT_EQ(receipt->getSum(), 3013);
+    EXPECT_EQ(receipt->getChange(), 1987);
+    const auto takeBack = Receipt::cancelling(*receipt, 8, receipt->getOpened());
+    takeBack->setEnding({.state = Receipt::State::Closed, .received = 3013});
+    EXPECT_EQ(takeBack->getChange(), 0);
+}
+
+namespace
+{
+
+struct Ended {
+    const char* name;
+    Receipt::Ending ending;
+    bool isClosed;
+    QString file;
+};
+
+class EndedReceipt : public ::testing::TestWithParam<Ended>
+{
+};
+
+const QDateTime evening({2024, 2, 29}, {20, 15, 3});
+const QDateTime nextDay({2024, 3, 1}, {8, 0});
+
+} // namespace
+
+TEST_P(EndedReceipt, savedAndReread_isWhereItWas)
+{
+    const auto receipt = twoPositions();
+    receipt->setEnding(GetParam().ending);
+    receipt->setTakenBackBy(9);
+    EXPECT_EQ(receipt->isClosed(), GetParam().isClosed);
+    EXPECT_EQ(receipt->fileName(), GetParam().file);
+
+    const auto again = reread(*receipt);
+    EXPECT_EQ(again->toJson(), receipt->toJson());
+    EXPECT_EQ(again->getState(), GetParam().ending.state);
+    EXPECT_EQ(again->getFinished(), GetParam().ending.finished);
+    EXPECT_EQ(again->getAnnulled(), GetParam().ending.annulled);
+    EXPECT_EQ(again->getReceived(), GetParam().ending.received);
+    EXPECT_EQ(again->isClosed(), GetParam().isClosed);
+    EXPECT_EQ(again->fileName(), GetParam().file);
+    EXPECT_EQ(again->getTakenBackBy(), 9);
+    EXPECT_EQ(again->getTakesBack(), 0);
+    EXPECT_EQ(again->toJson().value(QStringLiteral("closed")).toBool(), GetParam().isClosed);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Receipt, EndedReceipt,
+    ::testing::Values(
+        Ended{"open", {}, false, QStringLiteral("receipt.json")},
+        Ended{"putAside", {.state = Receipt::State::PutAside}, false, QStringLiteral("putaside/00000007.json")},
+        Ended{"closed",
+              {.state = Receipt::State::Closed, .finished = evening, .received = 5000},
+              true,
+              QStringLiteral("finished/00000007.json")},
+        Ended{"closedForNothing",
+              {.state = Receipt::State::Closed, .finished = evening},
+              true,
+              QStringLiteral("finished/00000007.json")},
+        Ended{"cancelled",
+              {.state = Receipt::State::Cancelled, .finished = evening},
+              true,
+              QStringLiteral("finished/00000007.json")},
+        Ended{"annulledAfterItWasClosed",
+              {.state = Receipt::State::Annulled, .finished = evening, .annulled = nextDay, .received = 5000},
+              true,
+              QStringLiteral("finished/00000007.json")},
+        Ended{"annulledAfterItWasPutAside",
+              {.state = Receipt::State::Annulled, .finished = nextDay, .annulled = nextDay},
+              true,
+              QStringLiteral("finished/00000007.json")}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+TEST(Receipt, savedWithoutAState_isOpen)
+{
+    QJsonObject saved = twoPositions()->toJson();
+    saved.remove(QStringLiteral("state"));
+    EXPECT_EQ(Receipt::fromJson(saved)->getState(), Receipt::State::Open);
+}
+
+TEST(Receipt, cancellingDocument_hasEverythingOfTheSaleAndALifeOfItsOwn)
+{
+    const auto sale = twoPositions();
+    sale->remove(2);
+    sale->add(goods(QStringLiteral("Третий"), 5, 2), QStringLiteral("333"));
+    const auto first = sale->position(1);
+    first->setPrice(0.5);
+    first->setTag(QStringLiteral("prescription"));
+    first->setSoftCheckId(QStringLiteral("rx-1"));
+    first->setExtendedOptions(QStringLiteral("{\"status\":\"dispensed\"}"));
+    sale->setPluginValue(QStringLiteral("Plugin"), QStringLiteral("cardNumber"), QStringLiteral("0011"));
+    sale->setEnding({.state = Receipt::State::Closed, .finished = evening, .received = 5000});
+    sale->setTakenBackBy(9);
+    const QJsonObject before = sale->toJson();
+
+    const auto document = Receipt::cancelling(*sale, 9, nextDay);
+    EXPECT_EQ(document->getType(), AbstractDocument::Cancelling);
+    EXPECT_TRUE(document->isCancelling());
+    EXPECT_EQ(document->getNumber(), 9);
+    EXPECT_EQ(document->getOpened(), nextDay);
+    EXPECT_EQ(document->getTakesBack(), 7);
+    EXPECT_EQ(document->getTakenBackBy(), 0);
+    EXPECT_EQ(document->getState(), Receipt::State::Open);
+    EXPECT_EQ(document->getReceived(), 0);
+    EXPECT_FALSE(document->getFinished().isValid());
+    EXPECT_EQ(document->fileName(), QStringLiteral("receipt.json"));
+    for (const char* same : {"positions", "plugins", "sum", "nextPosition"})
+        EXPECT_EQ(document->toJson().value(QLatin1String(same)), before.value(QLatin1String(same))) << same;
+    EXPECT_EQ(reread(*document)->toJson(), document->toJson());
+    EXPECT_EQ(reread(*document)->getTakesBack(), 7);
+
+    document->position(1)->setExtendedOptions(QStringLiteral("{\"status\":\"canceled\"}"));
+    document->setPluginValue(QStringLiteral("Plugin"), QStringLiteral("cardNumber"), {});
+    document->remove(3);
+    EXPECT_EQ(sale->toJson(), before);
+}
+
+TEST(Receipt, pluginDataTakenOver_isThatOfThePositionsOfTheSameNumbers)
+{
+    const auto target = twoPositions();
+    target->position(1)->setTag(QStringLiteral("before"));
+    target->position(2)->setExtendedOptions(QStringLiteral("{\"old\":1}"));
+    const auto source = twoPositions();
+    source->add(goods(QStringLiteral("Третий"), 1, 1), {});
+    for (const auto& position : source->positions()) {
+        const QString number = QString::number(position->getNumber());
+        position->setTag(QStringLiteral("tag") + number);
+        position->setSoftCheckId(QStringLiteral("rx") + number);
+        position->setExtendedOptions(QStringLiteral("{\"new\":%1}").arg(number));
+        position->setPrice(0.01);
+        position->setQuantity(50);
+    }
+    source->remove(2);
+
+    target->takeOverPluginData(*source);
+    ASSERT_EQ(target->positions().size(), 2);
+    const auto first = target->position(1);
+    EXPECT_EQ(first->getTags(), (QStringList{QStringLiteral("before"), QStringLiteral("tag1")}));
+    EXPECT_EQ(first->getSoftCheckId(), QStringLiteral("rx1"));
+    EXPECT_EQ(first->getExtendedOptions(), QStringLiteral("{\"new\":1}"));
+    EXPECT_EQ(first->getPrice(), 10.01) << "what the register keeps stays";
+    EXPECT_EQ(first->getQuantity(), 3.0);
+    EXPECT_EQ(target->position(2)->getExtendedOptions(), QStringLiteral("{\"old\":1}")) << "not among the source's";
+    EXPECT_TRUE(target->position(2)->getTags().isEmpty());
+}
+
 /// A saved receipt with one thing wrong.
 struct Damage {
     const char* name;
@@ -166,16 +317,63 @@ std::function<void(QJsonObject&)> firstPosition(const std::function<void(QJsonOb
     };
 }
 
+/// A closed sale with one thing wrong.
+std::function<void(QJsonObject&)> closed(const std::function<void(QJsonObject&)>& damage)
+{
+    return [damage](QJsonObject& saved) {
+        saved.insert(QStringLiteral("state"), QStringLiteral("closed"));
+        saved.insert(QStringLiteral("finished"), QStringLiteral("2024-02-29T12:31:00"));
+        saved.insert(QStringLiteral("received"), 50);
+        damage(saved);
+    };
+}
+
+/// An annulled sale with one thing wrong.
+std::function<void(QJsonObject&)> annulled(const std::function<void(QJsonObject&)>& damage)
+{
+    return closed([damage](QJsonObject& saved) {
+        saved.insert(QStringLiteral("state"), QStringLiteral("annulled"));
+        saved.insert(QStringLiteral("annulled"), QStringLiteral("2024-03-01T08:00:00"));
+        damage(saved);
+    });
+}
+
+/// A cancelling document with one thing wrong.
+std::function<void(QJsonObject&)> cancelling(const std::function<void(QJsonObject&)>& damage)
+{
+    return [damage](QJsonObject& saved) {
+        saved.insert(QStringLiteral("type"), 25);
+        saved.insert(QStringLiteral("takesBack"), 3);
+        damage(saved);
+    };
+}
+
 const Damage damages[] = {
     {"formatMissing", without("format")},
     {"formatOfTheFuture", with("format", 99)},
-    {"typeOfAnotherKind", with("type", 25)},
+    {"typeOfAnotherKind", with("type", 2)},
+    {"typeIsText", with("type", QStringLiteral("1"))},
     {"numberMissing", without("number")},
     {"numberIsText", with("number", QStringLiteral("7"))},
     {"numberIsZero", with("number", 0)},
     {"numberIsHuge", with("number", 1e12)},
     {"numberIsBroken", with("number", 1.5)},
     {"openedIsNoTime", with("opened", QStringLiteral("yesterday"))},
+    {"stateUnknown", with("state", QStringLiteral("lost"))},
+    {"stateInAnotherCase", with("state", QStringLiteral("Open"))},
+    {"stateIsNumber", with("state", 1)},
+    {"closedWithoutItsTime", closed(without("finished"))},
+    {"closedWithoutTheMoney", closed(without("received"))},
+    {"cancelledWithoutItsTime", with("state", QStringLiteral("cancelled"))},
+    {"finishedIsNoTime", closed(with("finished", QStringLiteral("today")))},
+    {"receivedIsText", closed(with("received", QStringLiteral("50")))},
+    {"annulledWithoutItsTime", annulled(without("annulled"))},
+    {"annulledIsNoTime", annulled(with("annulled", true))},
+    {"cancellingWithoutItsSale", cancelling(without("takesBack"))},
+    {"takesBackIsZero", cancelling(with("takesBack", 0))},
+    {"takesBackIsText", cancelling(with("takesBack", QStringLiteral("3")))},
+    {"takenBackByIsText", with("takenBackBy", QStringLiteral("9"))},
+    {"takenBackByIsBroken", with("takenBackBy", 9.5)},
     {"positionsIsNoList", with("positions", QJsonObject())},
     {"positionIsNoObject", with("positions", QJsonArray{1})},
     {"nextPositionMissing", without("nextPosition")},
@@ -192,6 +390,16 @@ const Damage damages[] = {
 };
 
 } // namespace
+
+TEST(Receipt, undamagedOnesOfEveryKind_areRead)
+{
+    const auto nothing = [](QJsonObject&) {};
+    for (const auto& kind : {closed(nothing), annulled(nothing), cancelling(nothing)}) {
+        QJsonObject saved = twoPositions()->toJson();
+        kind(saved);
+        EXPECT_NO_THROW(Receipt::fromJson(saved)) << saved.value(QStringLiteral("state")).toString().toStdString();
+    }
+}
 
 INSTANTIATE_TEST_SUITE_P(Receipt, DamagedReceipt, ::testing::ValuesIn(damages),
                          [](const auto& tested) { return std::string(tested.param.name); });

@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+#include "documentarchive.h"
+#include "configured.h"
+#include "logcapture.h"
+#include "saves.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using State = Receipt::State;
+
+class DocumentArchiveTest : public ::testing::Test
+{
+protected:
+    DocumentArchiveTest() { config.set(QStringLiteral("Register:data"), folder.path()); }
+
+    static QSharedPointer<Receipt> document(int number, State state = State::Open)
+    {
+        const QDateTime noon({2024, 2, 29}, {12, 0});
+        auto receipt = QSharedPointer<Receipt>::create(number, noon);
+        receipt->add({}, {});
+        Receipt::Ending ending{.state = state};
+        if (state != State::Open && state != State::PutAside)
+            ending.finished = noon;
+        if (state == State::Annulled)
+            ending.annulled = noon;
+        receipt->setEnding(ending);
+        return receipt;
+    }
+    /// A document of that number and state, as its file holds it.
+    QSharedPointer<Receipt> saved(int number, State state = State::Open) const
+    {
+        auto receipt = document(number, state);
+        EXPECT_TRUE(archive.save(receipt));
+        return receipt;
+    }
+    /// A closed cancelling document, or one with another end.
+    QSharedPointer<Receipt> takeBack(const Receipt& sale, int number, State state) const
+    {
+        auto taker = Receipt::cancelling(sale, number, sale.getOpened());
+        taker->setEnding({.state = state, .finished = sale.getOpened()});
+        const bool isSaved = state == State::Open || archive.save(taker);
+        EXPECT_TRUE(isSaved);
+        return taker;
+    }
+    void write(const QString& file, const QByteArray& content) const
+    {
+        QDir(folder.path()).mkpath(QFileInfo(file).path());
+        QFile opened(folder.filePath(file));
+        ASSERT_TRUE(opened.open(QIODevice::WriteOnly));
+        opened.write(content);
+    }
+    /// All files of the data folder.
+    QStringList files() const
+    {
+        QStringList found;
+        const QDir root(folder.path());
+        for (const char* place : {"", "finished/", "putaside/"})
+            for (const QString& file : QDir(root.filePath(QLatin1String(place))).entryList(QDir::Files | QDir::Hidden))
+                found.append(QLatin1String(place) + file);
+        return found;
+    }
+    static QList<int> numbers(const QList<QSharedPointer<Receipt>>& documents)
+    {
+        QList<int> all;
+        for (const auto& one : documents)
+            all.append(one->getNumber());
+        return all;
+    }
+
+    const QString openFile = QStringLiteral("receipt.json");
+    const QString putAsideFile = QStringLiteral("putaside/00000003.json");
+    const QString finishedFile = QStringLiteral("finished/00000003.json");
+    QTemporaryDir folder;
+    Configured config;
+    DocumentArchive archive{folder.path()};
+};
+
+TEST_F(DocumentArchiveTest, moved_standsInItsNewPlaceAlone)
+{
+    const auto receipt = saved(3);
+    EXPECT_EQ(files(), QStringList{openFile});
+    EXPECT_TRUE(archive.move(receipt, {.state = State::PutAside}));
+    EXPECT_EQ(files(), QStringList{putAsideFile});
+    EXPECT_TRUE(archive.move(receipt, {.state = State::Open}));
+    EXPECT_EQ(files(), QStringList{openFile});
+    const QDateTime time({2024, 2, 29}, {13, 0});
+    EXPECT_TRUE(archive.move(receipt, {.state = State::Closed, .finished = time, .received = 700}));
+    EXPECT_EQ(files(), QStringList{finishedFile});
+    EXPECT_EQ(archive.find(3)->toJson(), receipt->toJson());
+    EXPECT_EQ(archive.find(3)->getReceived(), 700);
+    EXPECT_TRUE(archive.move(receipt, {.state = State::Annulled, .finished = time, .annulled = time}));
+    EXPECT_EQ(files(), QStringList{finishedFile}) << "the place is the same";
+    EXPECT_EQ(archive.find(3)->getState(), State::Annulled);
+}
+
+TEST_F(DocumentArchiveTest, newFileIsSavedBeforeTheFormerIsRemoved)
+{
+    const auto receipt = saved(3);
+    Saves saves;
+    saves.fail([this](const AbstractDocument&) {
+        EXPECT_EQ(files(), QStringList{openFile});
+        return Saves::Fault::None;
+    });
+    EXPECT_TRUE(archive.move(receipt, {.state = State::PutAside}));
+    EXPECT_EQ(saves.files, QStringList{putAsideFile});
+}
+
+TEST_F(DocumentArchiveTest, moveThatCannotBeSaved_leavesDocumentAndFiles)
+{
+    for (const auto fault : {Saves::Fault::Before, Saves::Fault::After}) {
+        const auto receipt = saved(3);
+        const QJsonObject before = receipt->toJson();
+        Saves saves;
+        saves.fail([fault](const AbstractDocument&) { return fault; });
+        EXPECT_FALSE(archive.move(receipt, {.state = State::Closed, .finished = receipt->getOpened(), .received = 5}));
+        EXPECT_EQ(receipt->toJson(), before);
+        EXPECT_EQ(files(), QStringList{openFile});
+    }
+}
+
+TEST_F(DocumentArchiveTest, annulmentOfAClosedSaleThatCannotBeSaved_leavesItsFile)
+{
+    const auto receipt = saved(3, State::Closed);
+    Saves saves;
+    saves.failAll();
+    EXPECT_FALSE(archive.move(
+        receipt, {.state = State::Annulled, .finished = receipt->getOpened(), .annulled = receipt->getOpened()}));
+    EXPECT_EQ(receipt->getState(), State::Closed);
+    EXPECT_EQ(archive.find(3)->getState(), State::Closed);
+}
+
+TEST_F(DocumentArchiveTest, find_prefersTheFinishedCopy)
+{
+    EXPECT_FALSE(archive.find(3));
+    saved(3, State::PutAside);
+    EXPECT_EQ(archive.find(3)->getState(), State::PutAside);
+    EXPECT_FALSE(archive.isFinished(3));
+    saved(3, State::Annulled);
+    EXPECT_EQ(archive.find(3)->getState(), State::Annulled);
+    EXPECT_TRUE(archive.isFinished(3));
+    EXPECT_FALSE(archive.find(4));
+}
+
+TEST_F(DocumentArchiveTest, openReceipt_isNotFound)
+{
+    saved(3);
+    EXPECT_FALSE(archive.find(3));
+    EXPECT_TRUE(archive.latest(10).isEmpty());
+}
+
+TEST_F(DocumentArchiveTest, damagedFile_isLoggedAndPassedOver)
+{
+    saved(2, State::Closed);
+    write(finishedFile, "{\"format\": 1, ");
+    const LogCapture log;
+    EXPECT_FALSE(archive.find(3));
+    EXPECT_FALSE(archive.isFinished(3));
+    EXPECT_EQ(numbers(archive.latest(10)), QList<int>{2});
+    EXPECT_EQ(log.lines().filter(QStringLiteral("ERROR register A saved document cannot be read: ")).size(), 3)
+        << qPrintable(log.text());
+    EXPECT_TRUE(log.text().contains(finishedFile)) << qPrintable(log.text());
+    EXPECT_EQ(archive.greatestNumber(), 3) << "its number was given all the same";
+}
+
+TEST_F(DocumentArchiveTest, latest_areAllPutAsideAndSoManyFinishedTheLatestFirst)
+{
+    for (const int number : {1, 4, 6, 7, 10})
+        saved(number, State::Closed);
+    for (const int number : {2, 8})
+        saved(number, State::PutAside);
+    EXPECT_EQ(numbers(archive.latest(3)), (QList<int>{10, 8, 7, 6, 2}));
+    EXPECT_EQ(numbers(archive.latest(100)), (QList<int>{10, 8, 7, 6, 4, 2, 1}));
+    EXPECT_EQ(numbers(archive.latest(0)), (QList<int>{8, 2}));
+    EXPECT_EQ(archive.greatestNumber(), 10);
+}
+
+TEST_F(DocumentArchiveTest, filesOfOtherNames_arePassedOver)
+{
+    for (const char* name : {"7.json", "x0000007.json", "00000007.json.tmp", "00000000.json", "-0000007.json", ".json"})
+        write(QStringLiteral("finished/") + QLatin1String(name), "{}");
+    const LogCapture log;
+    EXPECT_TRUE(archive.latest(10).isEmpty());
+    EXPECT_EQ(archive.greatestNumber(), 0);
+    EXPECT_TRUE(log.lines().isEmpty()) << qPrintable(log.text());
+}
+
+TEST_F(DocumentArchiveTest, sale_isTakenBackByAClosedOrTheOpenDocumentAlone)
+{
+    const auto sale = saved(3, State::Closed);
+    EXPECT_FALSE(archive.isTakenBack(*sale, nullptr)) << "nobody tried";
+    sale->setTakenBackBy(9);
+    EXPECT_FALSE(archive.isTakenBack(*sale, nullptr)) << "it came to no document";
+
+    const auto open = takeBack(*sale, 9, State::Open);
+    EXPECT_TRUE(archive.isTakenBack(*sale, open));
+    EXPECT_FALSE(archive.isTakenBack(*sale, takeBack(*sale, 10, State::Open))) << "another document is open";
+    EXPECT_FALSE(archive.isTakenBack(*sale, document(9))) << "the open document of that number is a sale";
+
+    takeBack(*sale, 9, State::Cancelled);
+    EXPECT_FALSE(archive.isTakenBack(*sale, nullptr)) << "the document was given up";
+    takeBack(*document(4), 9, State::Closed);
+    EXPECT_FALSE(archive.isTakenBack(*sale, nullptr)) << "the document takes another sale back";
+    takeBack(*sale, 9, State::Closed);
+    EXPECT_TRUE(archive.isTakenBack(*sale, nullptr));
+    EXPECT_TRUE(archive.isTakenBack(*sale, document(10)));
+}
+
+TEST_F(DocumentArchiveTest, closingInterrupted_openCopyIsRemoved)
+{
+    const auto open = saved(3);
+    saved(3, State::Closed);
+    EXPECT_FALSE(archive.tidyUp(open));
+    EXPECT_EQ(files(), QStringList{finishedFile});
+}
+
+TEST_F(DocumentArchiveTest, puttingAsideOrTakingUpInterrupted_putAsideCopyIsRemoved)
+{
+    const auto receipt = saved(3);
+    saved(3, State::PutAside);
+    EXPECT_EQ(archive.tidyUp(receipt), receipt);
+    EXPECT_EQ(files(), QStringList{openFile});
+}
+
+TEST_F(DocumentArchiveTest, annulmentInterrupted_putAsideCopyIsRemoved)
+{
+    saved(3, State::PutAside);
+    saved(3, State::Annulled);
+    EXPECT_FALSE(archive.tidyUp(nullptr));
+    EXPECT_EQ(files(), QStringList{finishedFile});
+    EXPECT_EQ(archive.find(3)->getState(), State::Annulled);
+}
+
+TEST_F(DocumentArchiveTest, nothingInterrupted_everythingStays)
+{
+    const auto receipt = saved(3);
+    saved(1, State::PutAside);
+    saved(2, State::Closed);
+    const QStringList before = files();
+    EXPECT_EQ(before.size(), 3);
+    EXPECT_EQ(archive.tidyUp(receipt), receipt);
+    EXPECT_EQ(files(), before);
+    EXPECT_FALSE(archive.tidyUp(nullptr));
+    EXPECT_EQ(files(), before);
+}
+
+TEST_F(DocumentArchiveTest, finishedCopyIsDamaged_theOtherCopyStays)
+{
+    write(finishedFile, "half");
+    saved(3, State::PutAside);
+    EXPECT_FALSE(archive.tidyUp(nullptr));
+    EXPECT_EQ(files(), (QStringList{finishedFile, putAsideFile}));
+    const auto receipt = saved(3);
+    EXPECT_EQ(archive.tidyUp(receipt), receipt);
+    EXPECT_EQ(files(), (QStringList{openFile, finishedFile}));
+}
