@@ -59,8 +59,7 @@ void DocumentListForm::setUpTables()
     m_table->setColumns({
         QStringLiteral("number;;80;true;130"),
         QStringLiteral("state;;-1;true;129"),
-        QStringLiteral("opened;;-2;true;129"),
-        QStringLiteral("finished;;-2;true;129"),
+        QStringLiteral("time;;-2;true;129"),
         QStringLiteral("positions;;-2;true;130"),
         QStringLiteral("sum;;-2;true;130"),
         QStringLiteral("searchText;;0;false;129"),

@@ -12,9 +12,12 @@
 namespace
 {
 
+/// The amber of what waits, as dark as text has to be.
+constexpr QRgb waitingText = qRgb(0x8a, 0x5a, 0x00);
+
 QString timeText(const QDateTime& time)
 {
-    return time.isValid() ? time.toString(QStringLiteral("dd.MM.yyyy hh:mm")) : QString();
+    return time.toString(QStringLiteral("dd.MM.yyyy hh:mm"));
 }
 
 /// Nothing comes of it any more.
@@ -60,11 +63,11 @@ QVariant DocumentTableModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return text(row, index.column());
-    case Qt::BackgroundRole:
-        return waits ? QBrush(RegisterColours().waiting) : QVariant();
+    case Qt::ToolTipRole:
+        return index.column() == Time ? times(*row.document) : QVariant();
     case Qt::ForegroundRole:
         if (waits)
-            return QBrush(RegisterColours().onWaiting);
+            return QBrush(QColor(waitingText));
         return isVoid(*row.document) ? QBrush(RegisterColours().mutedText) : QVariant();
     default:
         return {};
@@ -80,10 +83,8 @@ QVariant DocumentTableModel::headerData(int section, Qt::Orientation orientation
         return tr::Tr(QStringLiteral("documentColumnNumber"), QStringLiteral("№")).ui();
     case State:
         return tr::Tr(QStringLiteral("documentColumnState"), QStringLiteral("Документ")).ui();
-    case Opened:
-        return tr::Tr(QStringLiteral("documentColumnOpened"), QStringLiteral("Открыт")).ui();
-    case Finished:
-        return tr::Tr(QStringLiteral("documentColumnFinished"), QStringLiteral("Завершён")).ui();
+    case Time:
+        return tr::Tr(QStringLiteral("documentColumnTime"), QStringLiteral("Время")).ui();
     case Positions:
         return tr::Tr(QStringLiteral("documentColumnPositions"), QStringLiteral("Позиций")).ui();
     case Sum:
@@ -101,10 +102,8 @@ QString DocumentTableModel::text(const Row& row, int column)
         return QString::number(document.getNumber());
     case State:
         return documentwords::state(document, row.isTakenBack);
-    case Opened:
-        return timeText(document.getOpened());
-    case Finished:
-        return timeText(document.getFinished());
+    case Time:
+        return timeText(document.getFinished().isValid() ? document.getFinished() : document.getOpened());
     case Positions:
         return QString::number(document.positions().size());
     case Sum:
@@ -114,6 +113,17 @@ QString DocumentTableModel::text(const Row& row, int column)
     default:
         return {};
     }
+}
+
+QString DocumentTableModel::times(const Receipt& document)
+{
+    const QString opened = timeText(document.getOpened());
+    if (!document.getFinished().isValid())
+        return tr::Tr(QStringLiteral("documentOpened"), QStringLiteral("Открыт %1")).arg(opened).ui();
+    return tr::Tr(QStringLiteral("documentOpenedAndFinished"), QStringLiteral("Открыт %1, завершён %2"))
+        .arg(opened)
+        .arg(timeText(document.getFinished()))
+        .ui();
 }
 
 QString DocumentTableModel::searchText(const Row& row)

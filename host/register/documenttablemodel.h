@@ -15,8 +15,9 @@ class DocumentTableModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    /// SearchText is hidden: number, state and the names of the positions, for filtering.
-    enum Column { Number, State, Opened, Finished, Positions, Sum, SearchText, ColumnCount };
+    /// Time is when it was finished, of a document put aside when it was opened; the tool tip tells both. SearchText is
+    /// hidden: number, state and the names of the positions, for filtering.
+    enum Column { Number, State, Time, Positions, Sum, SearchText, ColumnCount };
 
     using Document = QSharedPointer<Receipt>;
     using QAbstractTableModel::QAbstractTableModel;
@@ -41,6 +42,7 @@ private:
     };
 
     static QString text(const Row& row, int column);
+    static QString times(const Receipt& document);
     static QString searchText(const Row& row);
 
     QList<Row> m_rows;

@@ -70,7 +70,8 @@ void PaymentPanel::createControls()
     m_sumLabel->setObjectName(QStringLiteral("paymentSumLabel"));
     m_sumLabel->setStyleSheet(QStringLiteral("font-size: 28pt; font-weight: 700"));
     m_change->setObjectName(QStringLiteral("changeLabel"));
-    m_change->setStyleSheet(QStringLiteral("QLabel { font-size: 20pt; font-weight: 600; padding: 0 8px }"));
+    m_change->setStyleSheet(
+        QStringLiteral("QLabel { font-size: 20pt; font-weight: 600 } QLabel[textRole=\"waiting\"] { padding: 0 8px }"));
     m_change->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     m_receivedCaption->setObjectName(QStringLiteral("receivedCaptionLabel"));
@@ -163,14 +164,11 @@ void PaymentPanel::showSubtotal()
 {
     m_caption->setText(tr::Tr(QStringLiteral("paymentSubtotal"), QStringLiteral("ПОДЫТОГ")).ui());
     m_pay->setText(tr::Tr(QStringLiteral("paymentGoOn"), QStringLiteral("К оплате")).ui());
-    if (m_paymentKey.isEmpty())
-        showHint({QStringLiteral("paymentSubtotalHint"), QStringLiteral("Ввод — к оплате, Esc — назад к позициям.")},
-                 "hint");
-    else
-        showHint(tr::Tr(QStringLiteral("paymentSubtotalKeyHint"),
-                        QStringLiteral("%1 или Ввод — к оплате, Esc — назад к позициям."))
-                     .arg(m_paymentKey),
-                 "hint");
+    showKeyHint(m_paymentKey.isEmpty() ? tr::Tr(QStringLiteral("paymentSubtotalHint"),
+                                                QStringLiteral("Ввод — к оплате, Esc — назад к позициям."))
+                                       : tr::Tr(QStringLiteral("paymentSubtotalKeyHint"),
+                                                QStringLiteral("%1 или Ввод — к оплате, Esc — назад к позициям."))
+                                             .arg(m_paymentKey));
 }
 
 void PaymentPanel::showPayment()
@@ -185,9 +183,8 @@ void PaymentPanel::showPayingOut()
 {
     m_caption->setText(tr::Tr(QStringLiteral("paymentPayOut"), QStringLiteral("К ВОЗВРАТУ")).ui());
     m_pay->setText(tr::Tr(QStringLiteral("paymentPaidOut"), QStringLiteral("Деньги выданы")).ui());
-    showHint({QStringLiteral("paymentPayOutHint"),
-              QStringLiteral("Выдайте деньги покупателю. Ввод — закрыть возврат, Esc — назад к позициям.")},
-             "hint");
+    showKeyHint({QStringLiteral("paymentPayOutHint"),
+                 QStringLiteral("Выдайте деньги покупателю. Ввод — закрыть возврат, Esc — назад к позициям.")});
 }
 
 void PaymentPanel::showChange()
@@ -208,9 +205,14 @@ void PaymentPanel::showChange()
                               .ui());
     }
     setStyleProperty(*m_change, QStringLiteral("textRole"), QLatin1String(role));
-    showHint({QStringLiteral("paymentHint"),
-              QStringLiteral("Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека.")},
-             "hint");
+    showKeyHint({QStringLiteral("paymentHint"),
+                 QStringLiteral("Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека.")});
+}
+
+/// Who works by touch sees the buttons, and has no such keys.
+void PaymentPanel::showKeyHint(const tr::Tr& hint)
+{
+    showHint(BasicForm::isTouchMode() ? tr::Tr() : hint, "hint");
 }
 
 void PaymentPanel::showHint(const tr::Tr& hint, const char* textRole)
@@ -255,8 +257,7 @@ void PaymentPanel::refuseScan(const ScanRecognizer::Scan& scan)
 {
     m_received->setText(scan.fieldBefore);
     m_received->selectAll();
-    showHint(
-        {QStringLiteral("paymentScanRefused"),
-         QStringLiteral("Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям: Esc.")},
-        "error");
+    showHint({QStringLiteral("paymentScanRefused"),
+              QStringLiteral("Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям.")},
+             "error");
 }

@@ -47,6 +47,7 @@ private:
     void showPayment();
     void showPayingOut();
     void showChange();
+    void showKeyHint(const tr::Tr& hint);
     void showHint(const tr::Tr& hint, const char* textRole);
     bool takeKey(const QKeyEvent& key);
     void refuseScan(const ScanRecognizer::Scan& scan);

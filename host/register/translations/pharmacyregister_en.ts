@@ -515,8 +515,8 @@ Add goods or cancel the receipt.</translation>
         <translation>Enter: close the receipt, Esc: back to the positions. Empty: exactly the sum of the receipt.</translation>
     </message>
     <message id="paymentScanRefused">
-        <source>Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям: Esc.</source>
-        <translation>A barcode was scanned, it does not count. To add goods go back to the positions: Esc.</translation>
+        <source>Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям.</source>
+        <translation>A barcode was scanned, it does not count. To add goods go back to the positions.</translation>
     </message>
     <message id="removeBoundTitle">
         <source>Удаление позиции</source>
@@ -664,14 +664,6 @@ Check that the right row is chosen and try again. If that does not help, call th
         <source>Документ</source>
         <translation>Document</translation>
     </message>
-    <message id="documentColumnOpened">
-        <source>Открыт</source>
-        <translation>Opened</translation>
-    </message>
-    <message id="documentColumnFinished">
-        <source>Завершён</source>
-        <translation>Finished</translation>
-    </message>
     <message id="documentColumnPositions">
         <source>Позиций</source>
         <translation>Positions</translation>
@@ -755,6 +747,18 @@ Check that the right row is chosen and try again. If that does not help, call th
     <message id="menuCancel">
         <source>Назад</source>
         <translation>Back</translation>
+    </message>
+    <message id="documentColumnTime">
+        <source>Время</source>
+        <translation>Time</translation>
+    </message>
+    <message id="documentOpened">
+        <source>Открыт %1</source>
+        <translation>Opened %1</translation>
+    </message>
+    <message id="documentOpenedAndFinished">
+        <source>Открыт %1, завершён %2</source>
+        <translation>Opened %1, finished %2</translation>
     </message>
 </context>
 </TS>

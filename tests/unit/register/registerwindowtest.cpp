@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "registerwindow.h"
-#include "cashier.h"
 #include "dialog.h"
-#include "functionkey.h"
 #include "inputblocker.h"
-#include "till.h"
+#include "tillwindow.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -13,59 +11,17 @@
 #include <QTableView>
 #include <QTest>
 
-class WindowTest : public Till
+class WindowTest : public TillWindow
 {
 protected:
     WindowTest()
     {
-        Q_INIT_RESOURCE(register);
-        notifier.object.subscribe(&longWork);
         config.set(QStringLiteral("FunctionKeys:keys"), QStringLiteral("newReceiptKey,goodsKey,pluginKey"));
         config.set(QStringLiteral("FunctionKey.pluginKey:text"), QStringLiteral("Скидка"));
         config.set(QStringLiteral("FunctionKey.pluginKey:key"), QStringLiteral("F5"));
         config.set(QStringLiteral("FunctionKey.pluginKey:action"), QStringLiteral("94"));
         config.set(QStringLiteral("FunctionKey.pluginKey:arguments"), QStringLiteral("status=active"));
     }
-    ~WindowTest() override { gui.object.setStage(nullptr); }
-
-    void openWindow(const QString& unlockCode = {})
-    {
-        window = std::make_unique<RegisterWindow>(*sale, marks, configuredFunctionKeys(*Singleton<Config>::get()),
-                                                  longWork, unlockCode);
-        gui.object.setStage(window.get());
-        window->resize(1024, 600);
-        window->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    }
-    template <typename T>
-    T* widget(const char* name) const
-    {
-        return window->findChild<T*>(QLatin1String(name));
-    }
-    bool isSeen(const char* name) const
-    {
-        const auto* found = widget<QWidget>(name);
-        return found && found->isVisible();
-    }
-    /// Presses a key in the window, wherever the focus is.
-    void press(Qt::Key key) { QTest::keyClick(window->windowHandle(), key); }
-    bool becomesIdle()
-    {
-        return QTest::qWaitFor([this] { return !controller.object.isBusy() && !gui.object.topForm(); });
-    }
-    void begin(const char* message)
-    {
-        notifier.object.notify(
-            Event(EActivityListener::LongWorkBegins)
-                .addArgument(QStringLiteral("message"),
-                             QVariant::fromValue(tr::Tr(tr::undefined, QString::fromUtf8(message)))));
-    }
-    void end() { notifier.object.notify(Event(EActivityListener::LongWorkEnds)); }
-
-    PositionMarks marks;
-    LongWork longWork;
-    Cashier cashier;
-    std::unique_ptr<RegisterWindow> window;
 };
 
 TEST_F(WindowTest, barcodeTypedAndReturn_putsTheGoodsOnTheReceipt)

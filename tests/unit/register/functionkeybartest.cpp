@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "functionkeybar.h"
+#include "configured.h"
+#include "registerstyle.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+/// The screens that the register is made for, each by keys and by touch.
+class FunctionKeyBarTest : public ::testing::TestWithParam<std::tuple<QSize, bool>>
+{
+protected:
+    FunctionKeyBarTest()
+    {
+        const auto& [size, touch] = GetParam();
+        config.set(QStringLiteral("GUI:touchMode"), touch ? QStringLiteral("true") : QStringLiteral("false"));
+        config.set(QStringLiteral("FunctionKeys:keys"),
+                   QStringLiteral("newReceiptKey,goodsKey,quantityKey,foreignKey,subtotalKey,removeKey,"
+                                  "cancelReceiptKey,menuKey,paymentKey"));
+        config.set(QStringLiteral("FunctionKey.foreignKey:text"), QStringLiteral("Электронный рецепт"));
+        config.set(QStringLiteral("FunctionKey.foreignKey:key"), QStringLiteral("F5"));
+        config.set(QStringLiteral("FunctionKey.foreignKey:action"), QStringLiteral("94"));
+        applyRegisterStyle(*qApp, size.height());
+    }
+    ~FunctionKeyBarTest() override { qApp->setStyleSheet(QString()); }
+
+    static int width() { return std::get<0>(GetParam()).width() - 2 * 16; }
+    static bool isTouch() { return std::get<1>(GetParam()); }
+
+    void show(FunctionKeyBar& bar)
+    {
+        bar.resize(width(), bar.heightForWidth(width()));
+        bar.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&bar));
+    }
+    static std::set<int> tops(const FunctionKeyBar& bar)
+    {
+        std::set<int> tops;
+        for (const auto* key : bar.findChildren<QPushButton*>())
+            tops.insert(key->y());
+        return tops;
+    }
+    static void expectRoomForAll(const FunctionKeyBar& bar)
+    {
+        const auto keys = bar.findChildren<QPushButton*>();
+        for (const auto* key : keys) {
+            EXPECT_GE(key->width(), key->sizeHint().width()) << qPrintable(key->objectName());
+            EXPECT_GE(key->height(), key->sizeHint().height()) << qPrintable(key->objectName());
+            EXPECT_TRUE(bar.rect().contains(key->geometry())) << qPrintable(key->objectName());
+            for (const auto* other : keys) {
+                if (other == key)
+                    continue;
+                EXPECT_FALSE(key->geometry().adjusted(0, 0, 7, 7).intersects(other->geometry()))
+                    << qPrintable(key->objectName() + QLatin1Char(' ') + other->objectName());
+            }
+        }
+    }
+
+    Configured config;
+};
+
+TEST_P(FunctionKeyBarTest, nineKeys_standInOneRowWithNothingCut)
+{
+    FunctionKeyBar bar(configuredFunctionKeys(*Singleton<Config>::get()));
+    show(bar);
+    expectRoomForAll(bar);
+    EXPECT_EQ(tops(bar).size(), 1U);
+    EXPECT_EQ(bar.findChildren<QPushButton*>().size(), 9);
+    if (isTouch()) {
+        for (const auto* key : bar.findChildren<QPushButton*>()) {
+            EXPECT_GE(key->width(), 44) << qPrintable(key->objectName());
+            EXPECT_GE(key->height(), 44) << qPrintable(key->objectName());
+        }
+    }
+}
+
+TEST_P(FunctionKeyBarTest, moreThanARowHolds_standInTwoAboutEquallyFilled)
+{
+    config.set(QStringLiteral("FunctionKey.foreignKey:text"),
+               QStringLiteral("Электронный рецепт по карте покупателя из другой области, с доверенностью"));
+    for (const char* key : {"goodsKey", "quantityKey", "menuKey"})
+        config.set(QStringLiteral("FunctionKey.%1:text").arg(QLatin1String(key)),
+                   QStringLiteral("Подбор товара по веществу и цене"));
+    FunctionKeyBar bar(configuredFunctionKeys(*Singleton<Config>::get()));
+    bar.resize(992, bar.heightForWidth(992));
+    bar.show();
+    expectRoomForAll(bar);
+    EXPECT_GE(tops(bar).size(), 2U);
+    EXPECT_LE(tops(bar).size(), 3U);
+}
+
+INSTANTIATE_TEST_SUITE_P(, FunctionKeyBarTest,
+                         ::testing::Combine(::testing::Values(QSize(1024, 600), QSize(1280, 800), QSize(1920, 1080)),
+                                            ::testing::Bool()),
+                         [](const auto& instance) {
+                             const int width = std::get<0>(instance.param).width();
+                             return std::to_string(width) + (std::get<1>(instance.param) ? "touch" : "keys");
+                         });

@@ -1,0 +1,370 @@
+// SPDX-License-Identifier: MIT
+// Subtotal and payment in the register's window.
+#include "registeraction.h"
+#include "shownmessages.h"
+#include "tillwindow.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+
+class PaymentTest : public TillWindow
+{
+protected:
+    PaymentTest() { sale->add(article(amoxidar)); } // 12,40
+
+    void openWindow()
+    {
+        TillWindow::openWindow();
+        press(Qt::Key_F12);
+        ASSERT_TRUE(becomesIdle());
+        ASSERT_EQ(sale->phase(), Sale::Phase::Payment);
+    }
+    void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), QLatin1String(text)); }
+    void pressAndFinish(Qt::Key key)
+    {
+        press(key);
+        ASSERT_TRUE(becomesIdle());
+    }
+    QString text(const char* label) const { return widget<QLabel>(label)->text(); }
+    QString role(const char* label) const { return widget<QLabel>(label)->property("textRole").toString(); }
+    QLineEdit* received() const { return widget<QLineEdit>("receivedLineEdit"); }
+    /// Sells what is on the receipt, and opens the cancelling document of that sale.
+    void openTakeBack()
+    {
+        ASSERT_TRUE(sale->close(sale->receipt()->getSum()));
+        ASSERT_TRUE(sale->takeBack(sale->archive().find(1)));
+    }
+};
+
+TEST_F(PaymentTest, subtotal_showsTheSumAndWhatComesNext)
+{
+    TillWindow::openWindow();
+    pressAndFinish(Qt::Key_F6);
+    EXPECT_EQ(sale->phase(), Sale::Phase::Subtotal);
+    EXPECT_EQ(text("paymentCaptionLabel"), QStringLiteral("ПОДЫТОГ"));
+    EXPECT_EQ(text("paymentSumLabel"), QStringLiteral("12,40"));
+    EXPECT_EQ(text("paymentHintLabel"), QStringLiteral("F12 или Ввод — к оплате, Esc — назад к позициям."));
+    EXPECT_EQ(QApplication::focusWidget(), widget<QPushButton>("payButton"));
+    EXPECT_FALSE(isSeen("searchLineEdit"));
+    EXPECT_FALSE(isSeen("receivedLineEdit"));
+    EXPECT_FALSE(isSeen("changeLabel"));
+    EXPECT_EQ(controller.object.context(), EContext::OpenReceipt);
+}
+
+class SubtotalKey : public PaymentTest, public ::testing::WithParamInterface<Qt::Key>
+{
+};
+
+TEST_P(SubtotalKey, atTheSubtotal_leadsToThePayment)
+{
+    TillWindow::openWindow();
+    pressAndFinish(Qt::Key_F6);
+    pressAndFinish(GetParam());
+    EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
+    EXPECT_EQ(QApplication::focusWidget(), received());
+}
+
+INSTANTIATE_TEST_SUITE_P(, SubtotalKey, ::testing::Values(Qt::Key_F12, Qt::Key_Return), [](const auto& instance) {
+    return std::string(instance.param == Qt::Key_F12 ? "paymentKey" : "return");
+});
+
+TEST_F(PaymentTest, withoutAPaymentKey_theHintNamesNone)
+{
+    config.set(QStringLiteral("FunctionKeys:keys"), QStringLiteral("subtotalKey"));
+    TillWindow::openWindow();
+    pressAndFinish(Qt::Key_F6);
+    EXPECT_EQ(text("paymentHintLabel"), QStringLiteral("Ввод — к оплате, Esc — назад к позициям."));
+}
+
+TEST_F(PaymentTest, payment_asksForTheMoney)
+{
+    openWindow();
+    EXPECT_EQ(text("paymentCaptionLabel"), QStringLiteral("К ОПЛАТЕ"));
+    EXPECT_EQ(text("paymentSumLabel"), QStringLiteral("12,40"));
+    EXPECT_EQ(text("changeLabel"), QStringLiteral("Сдача 0,00"));
+    EXPECT_EQ(QApplication::focusWidget(), received());
+    EXPECT_TRUE(received()->text().isEmpty());
+    EXPECT_FALSE(isSeen("searchLineEdit"));
+    EXPECT_FALSE(isSeen("paymentKeyboard"));
+    EXPECT_EQ(controller.object.context(), EContext::OpenReceipt);
+}
+
+struct Typed {
+    const char* name;
+    const char* text;
+    const char* change;
+    const char* role;
+};
+
+class TypedMoney : public PaymentTest, public ::testing::WithParamInterface<Typed>
+{
+};
+
+TEST_P(TypedMoney, changeIsToldAtOnce)
+{
+    openWindow();
+    type(GetParam().text);
+    EXPECT_EQ(text("changeLabel"), QString::fromUtf8(GetParam().change));
+    EXPECT_EQ(role("changeLabel"), QLatin1String(GetParam().role));
+    EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
+}
+
+INSTANTIATE_TEST_SUITE_P(, TypedMoney,
+                         ::testing::Values(Typed{"comma", "20,5", "Сдача 8,10", "value"},
+                                           Typed{"point", "20.55", "Сдача 8,15", "value"},
+                                           Typed{"exact", "12,40", "Сдача 0,00", "value"},
+                                           Typed{"tooLittle", "12,39", "Не хватает 0,01", "waiting"},
+                                           Typed{"lettersAreLeftOut", "1a5", "Сдача 2,60", "value"},
+                                           Typed{"thirdDecimalIsLeftOut", "13,005", "Сдача 0,60", "value"},
+                                           Typed{"tooManyDigits", "123456789", "Не сумма", "error"}),
+                         [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_F(PaymentTest, nothingTypedAndReturn_closesWithTheExactSum)
+{
+    openWindow();
+    const QSharedPointer<Receipt> receipt = sale->receipt();
+    pressAndFinish(Qt::Key_Return);
+    EXPECT_FALSE(sale->receipt());
+    EXPECT_EQ(receipt->getState(), Receipt::State::Closed);
+    EXPECT_EQ(receipt->getReceived(), 1240);
+}
+
+TEST_F(PaymentTest, paid_changeIsReadUntilTheNextReceipt)
+{
+    openWindow();
+    type("16");
+    pressAndFinish(Qt::Key_Return);
+    EXPECT_EQ(text("receiptNumberLabel"), QStringLiteral("Чек не открыт"));
+    EXPECT_EQ(text("statusMessageLabel"), QStringLiteral("Чек № 1 закрыт. Сдача 3,60"));
+    EXPECT_EQ(role("statusMessageLabel"), QStringLiteral("done"));
+    EXPECT_GE(widget<QLabel>("statusMessageLabel")->fontInfo().pointSize(), 16);
+    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+    pressAndFinish(Qt::Key_Return); // one more, in haste
+    EXPECT_EQ(text("statusMessageLabel"), QStringLiteral("Чек № 1 закрыт. Сдача 3,60"));
+    pressAndFinish(Qt::Key_F2);
+    EXPECT_TRUE(text("statusMessageLabel").isEmpty());
+}
+
+TEST_F(PaymentTest, tooLittlePaid_isToldAndTheReceiptStaysAtItsPayment)
+{
+    openWindow();
+    type("5");
+    const ShownMessages messages;
+    pressAndFinish(Qt::Key_Return);
+    ASSERT_EQ(messages.all().size(), 1);
+    EXPECT_EQ(messages.all().first().text, QStringLiteral("Получено 5,00, а к оплате 12,40.\nНе хватает 7,40."));
+    EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
+    EXPECT_EQ(received()->text(), QStringLiteral("5"));
+    EXPECT_EQ(QApplication::focusWidget(), received());
+}
+
+TEST_F(PaymentTest, escape_goesBackToThePositions)
+{
+    openWindow();
+    type("50");
+    pressAndFinish(Qt::Key_Escape);
+    EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
+    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+    EXPECT_FALSE(isSeen("paymentPanel"));
+    EXPECT_TRUE(isSeen("totalLabel"));
+}
+
+TEST_F(PaymentTest, backTouched_goesBackToThePositions)
+{
+    openWindow();
+    QTest::mouseClick(widget<QPushButton>("backButton"), Qt::LeftButton);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
+}
+
+TEST_F(PaymentTest, moneyTyped_isForgottenWithThePayment)
+{
+    openWindow();
+    type("50");
+    pressAndFinish(Qt::Key_Return);
+    sale->add(article(amoxidar));
+    pressAndFinish(Qt::Key_F12);
+    EXPECT_TRUE(received()->text().isEmpty());
+    EXPECT_EQ(text("changeLabel"), QStringLiteral("Сдача 0,00"));
+}
+
+class ScannedAtPayment : public PaymentTest, public ::testing::WithParamInterface<const char*>
+{
+};
+
+TEST_P(ScannedAtPayment, isNoMoneyAndClosesNothing)
+{
+    openWindow();
+    type("50");
+    const ShownMessages messages;
+    scan(QLatin1String(GetParam()));
+    EXPECT_FALSE(controller.object.isBusy());
+    EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
+    EXPECT_EQ(received()->text(), QStringLiteral("50"));
+    EXPECT_EQ(text("paymentHintLabel"),
+              QStringLiteral("Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям."));
+    EXPECT_EQ(role("paymentHintLabel"), QStringLiteral("error"));
+    EXPECT_TRUE(messages.all().isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(, ScannedAtPayment, ::testing::Values("2990000000019", "46001234", "010460123456789021abc"),
+                         [](const auto& instance) { return "length" + std::to_string(strlen(instance.param)); });
+
+TEST_F(PaymentTest, barcodeFromASlowScanner_closesNothing)
+{
+    openWindow();
+    type("2990000000019");
+    const ShownMessages messages;
+    pressAndFinish(Qt::Key_Return);
+    EXPECT_EQ(messages.all().size(), 1);
+    EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
+}
+
+TEST_F(PaymentTest, scannedAtTheSubtotal_leadsNowhere)
+{
+    TillWindow::openWindow();
+    pressAndFinish(Qt::Key_F6);
+    scan(amoxidar);
+    EXPECT_FALSE(controller.object.isBusy());
+    EXPECT_EQ(sale->phase(), Sale::Phase::Subtotal);
+    EXPECT_EQ(role("paymentHintLabel"), QStringLiteral("error"));
+}
+
+TEST_F(PaymentTest, returnHeldDown_closesNothing)
+{
+    openWindow();
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+    QApplication::sendEvent(received(), &repeated);
+    EXPECT_FALSE(controller.object.isBusy());
+    EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
+}
+
+TEST_F(PaymentTest, upAndDown_moveTheCurrentPosition)
+{
+    sale->add(article(amoxidar));
+    TillWindow::openWindow();
+    for (const Qt::Key key : {Qt::Key_F6, Qt::Key_F12}) {
+        pressAndFinish(key);
+        press(Qt::Key_Up);
+        EXPECT_EQ(widget<QTableView>("receiptTable")->currentIndex().row(), 0);
+        press(Qt::Key_Down);
+        EXPECT_EQ(widget<QTableView>("receiptTable")->currentIndex().row(), 1);
+    }
+}
+
+TEST_F(PaymentTest, typedWhileAFunctionKeyHasTheFocus_goesToTheMoney)
+{
+    openWindow();
+    widget<QPushButton>("goodsKey")->setFocus(Qt::TabFocusReason);
+    type("2");
+    type("0");
+    EXPECT_EQ(received()->text(), QStringLiteral("20"));
+    EXPECT_EQ(QApplication::focusWidget(), received());
+}
+
+TEST_F(PaymentTest, removeKey_removesThePositionAndGoesBackToThem)
+{
+    sale->add(article(amoxidar));
+    openWindow();
+    pressAndFinish(Qt::Key_F8);
+    EXPECT_EQ(sale->receipt()->positions().size(), 1);
+    EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
+    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+}
+
+TEST_F(PaymentTest, cancelKey_cancelsTheReceiptAfterTheQuestion)
+{
+    openWindow();
+    cashier.onForm(QStringLiteral("questionForm"),
+                   [](QWidget& root) { root.findChild<QPushButton*>(QStringLiteral("yesButton"))->click(); });
+    pressAndFinish(Qt::Key_F9);
+    EXPECT_FALSE(sale->receipt());
+    EXPECT_EQ(text("statusMessageLabel"), QStringLiteral("Чек № 1 отменён"));
+    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+}
+
+TEST_F(PaymentTest, cancelKeyAndNo_leavesTheMoneyAsItWasTyped)
+{
+    openWindow();
+    type("50");
+    cashier.onForm(QStringLiteral("questionForm"), [this](QWidget&) { press(Qt::Key_Return); });
+    pressAndFinish(Qt::Key_F9);
+    EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
+    EXPECT_EQ(received()->text(), QStringLiteral("50"));
+    EXPECT_EQ(QApplication::focusWidget(), received());
+}
+
+TEST_F(PaymentTest, keysWhileAnActionRuns_doNothing)
+{
+    openWindow();
+    const QSharedPointer<Receipt> receipt = sale->receipt();
+    controller.object.setHostHandler(control::EActionType(5000), [this](control::Action&) {
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_F6})
+            press(key);
+        return EContext::GoOn;
+    });
+    controller.object.enqueue(control::Action(control::EActionType(5000)), false);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(sale->receipt(), receipt);
+    EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
+}
+
+TEST_F(PaymentTest, takeBack_paysOutTheSumWithoutAskingForMoney)
+{
+    openTakeBack();
+    TillWindow::openWindow();
+    EXPECT_EQ(text("receiptNumberLabel"), QStringLiteral("Возврат № 2 (чек № 1)"));
+    pressAndFinish(Qt::Key_F12);
+    EXPECT_EQ(text("paymentCaptionLabel"), QStringLiteral("К ВОЗВРАТУ"));
+    EXPECT_EQ(text("paymentSumLabel"), QStringLiteral("12,40"));
+    EXPECT_FALSE(isSeen("receivedLineEdit"));
+    EXPECT_FALSE(isSeen("changeLabel"));
+    EXPECT_EQ(QApplication::focusWidget(), widget<QPushButton>("payButton"));
+    scan(amoxidar);
+    EXPECT_FALSE(controller.object.isBusy()) << "the Return of a scan pays nothing out";
+    pressAndFinish(Qt::Key_Return);
+    EXPECT_FALSE(sale->receipt());
+    EXPECT_EQ(text("statusMessageLabel"), QStringLiteral("Возврат № 2 закрыт. Выдано покупателю 12,40"));
+}
+
+class PaymentByTouch : public PaymentTest
+{
+protected:
+    PaymentByTouch() { config.set(QStringLiteral("GUI:touchMode"), QStringLiteral("true")); }
+    void touch(const char* name) { QTest::mouseClick(widget<QPushButton>(name), Qt::LeftButton); }
+};
+
+TEST_F(PaymentByTouch, receipt_isSoldWithoutKeys)
+{
+    TillWindow::openWindow();
+    touch("subtotalKey");
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_FALSE(isSeen("paymentKeyboard"));
+    EXPECT_TRUE(text("paymentHintLabel").isEmpty()) << "there are no keys to name";
+    touch("payButton");
+    ASSERT_TRUE(becomesIdle());
+    for (const char* key : {"key_1", "key_5", "key_,", "key_5"})
+        touch(key);
+    EXPECT_EQ(received()->text(), QStringLiteral("15.5"));
+    EXPECT_EQ(text("changeLabel"), QStringLiteral("Сдача 3,10"));
+    touch("payButton");
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(text("statusMessageLabel"), QStringLiteral("Чек № 1 закрыт. Сдача 3,10"));
+}
+
+TEST_F(PaymentByTouch, keypad_fitsTheSmallestScreenBesidePositions)
+{
+    openWindow();
+    EXPECT_EQ(window->size(), QSize(1024, 600));
+    for (const char* name : {"receiptTable", "paymentKeyboard", "payButton", "changeLabel", "functionKeyBar"}) {
+        const auto* control = widget<QWidget>(name);
+        ASSERT_TRUE(control->isVisible()) << name;
+        const QRect room(control->mapTo(window.get(), QPoint()), control->size());
+        EXPECT_TRUE(window->rect().contains(room)) << name;
+        EXPECT_GE(control->width(), control->minimumSizeHint().width()) << name;
+        EXPECT_GE(control->height(), control->minimumSizeHint().height()) << name;
+    }
+    EXPECT_GE(widget<QTableView>("receiptTable")->viewport()->height(), 2 * 44);
+}

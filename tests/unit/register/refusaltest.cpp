@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+// What the cashier learns when a plug-in ends an action.
+#include "shownmessages.h"
+#include "tillwindow.h"
+
+#include <QLabel>
+#include <QTableView>
+
+class RefusalTest : public TillWindow
+{
+protected:
+    RefusalTest()
+    {
+        sale->add(article(amoxidar));
+        sale->add(article(amoxidar));
+    }
+    void answer(control::EActionType type, EContext::Result result)
+    {
+        controller.object.addTrigger({EContext::OpenReceipt, type, ActionTrigger::Before,
+                                      [result](const control::Action&) { return result; }, ActionTrigger::Any, 1});
+    }
+    QLabel* status() const { return widget<QLabel>("statusMessageLabel"); }
+};
+
+TEST_F(RefusalTest, pluginStopsTheSubtotal_theStatusLineSaysSoUntilTheNextKey)
+{
+    answer(control::Subtotal, EContext::Stop);
+    openWindow();
+    press(Qt::Key_Up);
+    press(Qt::Key_F6);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(status()->text(), QStringLiteral("«Подытог» не выполнено: модуль остановил действие. Чек не изменён, "
+                                               "исправьте причину и повторите."));
+    EXPECT_EQ(status()->property("textRole").toString(), QStringLiteral("waiting"));
+    EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
+    EXPECT_EQ(widget<QTableView>("receiptTable")->model()->rowCount(), 2);
+    EXPECT_EQ(widget<QTableView>("receiptTable")->currentIndex().row(), 0);
+    press(Qt::Key_Down);
+    EXPECT_TRUE(status()->text().isEmpty());
+    EXPECT_EQ(status()->property("textRole").toString(), QStringLiteral("hint"));
+}
+
+TEST_F(RefusalTest, pluginStopsAtTheSubtotalAlreadyShown_theSubtotalStays)
+{
+    answer(control::SubtotalAndPayment, EContext::Stop);
+    openWindow();
+    press(Qt::Key_F6);
+    ASSERT_TRUE(becomesIdle());
+    press(Qt::Key_F12);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_TRUE(status()->text().startsWith(QStringLiteral("«Оплата» не выполнено")));
+    EXPECT_EQ(sale->phase(), Sale::Phase::Subtotal);
+    EXPECT_TRUE(isSeen("paymentPanel"));
+}
+
+TEST_F(RefusalTest, refusalInTheStatusLine_isReadWholeOnTheSmallestScreen)
+{
+    answer(control::Subtotal, EContext::Stop);
+    openWindow();
+    widget<StatusLine>("statusLine")->showPlugins(QStringLiteral("Модулей: 1"), {});
+    press(Qt::Key_F6);
+    ASSERT_TRUE(becomesIdle());
+    QApplication::processEvents();
+    EXPECT_LE(status()->heightForWidth(status()->width()), status()->height());
+}
+
+TEST_F(RefusalTest, messageThatStands_comesBackAfterTheRefusal)
+{
+    answer(control::Subtotal, EContext::Stop);
+    openWindow();
+    widget<StatusLine>("statusLine")->showMessage(QStringLiteral("Модуль не подключён: x"));
+    press(Qt::Key_F6);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_TRUE(status()->text().startsWith(QStringLiteral("«Подытог»")));
+    QTest::mouseClick(widget<QTableView>("receiptTable")->viewport(), Qt::LeftButton);
+    EXPECT_EQ(status()->text(), QStringLiteral("Модуль не подключён: x"));
+}
+
+TEST_F(RefusalTest, pluginDoesNotFindThePosition_aMessageSaysSoAndThePositionStays)
+{
+    answer(control::StornoPosition, EContext::NotFound);
+    openWindow();
+    const ShownMessages messages;
+    press(Qt::Key_F8);
+    ASSERT_TRUE(becomesIdle());
+    ASSERT_EQ(messages.all().size(), 1);
+    EXPECT_TRUE(messages.all().first().text.startsWith(
+        QStringLiteral("«Удаление позиции» не выполнено: модуль не нашёл у себя эту позицию")));
+    EXPECT_EQ(messages.all().first().kind, Dialog::Notice);
+    EXPECT_TRUE(status()->text().isEmpty());
+    EXPECT_EQ(sale->receipt()->positions().size(), 2);
+    EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
+}
+
+TEST_F(RefusalTest, stateOfAPosition_showsAfterEachPieceOfLongWork)
+{
+    QFile file(folder.filePath(QStringLiteral("positionmarks.json")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(R"({"positions": [{"tag": "paper", "mark": "Б", "states": [
+        {"option": "status", "value": "done", "text": "готово", "colour": "#1b6e3c"}]}]})");
+    file.close();
+    marks.load(file.fileName());
+    openWindow();
+    sale->receipt()->position(1)->setTag(QStringLiteral("paper"));
+    begin("x");
+    sale->receipt()->position(1)->setExtendedOptions(QStringLiteral(R"({"status": "done"})"));
+    end();
+    const auto* table = widget<QTableView>("receiptTable");
+    EXPECT_EQ(table->model()->index(0, ReceiptTableModel::State).data().toString(), QStringLiteral("готово"));
+    EXPECT_FALSE(table->isColumnHidden(ReceiptTableModel::State));
+}

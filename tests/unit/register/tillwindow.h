@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "cashier.h"
+#include "functionkey.h"
+#include "registerwindow.h"
+#include "till.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QTest>
+
+#include <memory>
+
+/// A register with its window, 1024×600.
+class TillWindow : public Till
+{
+protected:
+    TillWindow()
+    {
+        Q_INIT_RESOURCE(register);
+        notifier.object.subscribe(&longWork);
+    }
+    ~TillWindow() override { gui.object.setStage(nullptr); }
+
+    void openWindow(const QString& unlockCode = {})
+    {
+        window = std::make_unique<RegisterWindow>(*sale, marks, configuredFunctionKeys(*Singleton<Config>::get()),
+                                                  longWork, unlockCode);
+        gui.object.setStage(window.get());
+        window->resize(1024, 600);
+        window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+    template <typename T>
+    T* widget(const char* name) const
+    {
+        return window->findChild<T*>(QLatin1String(name));
+    }
+    bool isSeen(const char* name) const
+    {
+        const auto* found = widget<QWidget>(name);
+        return found && found->isVisible();
+    }
+    /// Presses a key in the window, wherever the focus is.
+    void press(Qt::Key key) { QTest::keyClick(window->windowHandle(), key); }
+    /// A scanner's keys, 10 ms apart, Return at the end.
+    void scan(const QString& barcode)
+    {
+        quint64 time = 1000;
+        for (const QChar character : barcode + QLatin1Char('\r')) {
+            const int code = character == u'\r' ? int(Qt::Key_Return) : character.unicode();
+            QKeyEvent key(QEvent::KeyPress, code, Qt::NoModifier, character);
+            key.setTimestamp(time += 10);
+            QCoreApplication::sendEvent(QApplication::focusWidget(), &key);
+        }
+    }
+    bool becomesIdle()
+    {
+        return QTest::qWaitFor([this] { return !controller.object.isBusy() && !gui.object.topForm(); });
+    }
+    void begin(const char* message)
+    {
+        notifier.object.notify(
+            Event(EActivityListener::LongWorkBegins)
+                .addArgument(QStringLiteral("message"),
+                             QVariant::fromValue(tr::Tr(tr::undefined, QString::fromUtf8(message)))));
+    }
+    void end() { notifier.object.notify(Event(EActivityListener::LongWorkEnds)); }
+
+    PositionMarks marks;
+    LongWork longWork;
+    Cashier cashier;
+    std::unique_ptr<RegisterWindow> window;
+};
