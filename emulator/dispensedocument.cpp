@@ -64,7 +64,7 @@ QHash<QString, QJsonObject> parametersIn(const QByteArray& body)
            QStringLiteral("Документ отпуска не содержит параметров"));
     QHash<QString, QJsonObject> resources;
     const QJsonArray parameters = root.value(QStringLiteral("parameter")).toArray();
-    for (const QJsonValue& value : parameters) {
+    for (const auto value : parameters) {
         const QJsonObject parameter = value.toObject();
         const QString name = parameter.value(QStringLiteral("name")).toString();
         demand(name == QLatin1String("medicationDispense") || name == QLatin1String("claim"),
@@ -78,7 +78,7 @@ QHash<QString, QJsonObject> parametersIn(const QByteArray& body)
 QJsonObject contained(const QJsonObject& resource, const QString& type)
 {
     const QJsonArray all = resource.value(QStringLiteral("contained")).toArray();
-    for (const QJsonValue& value : all) {
+    for (const auto value : all) {
         if (value.toObject().value(QStringLiteral("resourceType")) == type)
             return value.toObject();
     }
@@ -106,7 +106,7 @@ QString medicationCodeOf(const QJsonObject& resource)
 bool isFinalDispense(const QJsonObject& resource)
 {
     const QJsonArray extensions = resource.value(QStringLiteral("extension")).toArray();
-    for (const QJsonValue& value : extensions) {
+    for (const auto value : extensions) {
         const QJsonObject extension = value.toObject();
         if (extension.value(QStringLiteral("url")).toString().endsWith(QLatin1String("by-finalDispense")) &&
             extension.value(QStringLiteral("valueBoolean")).isBool())

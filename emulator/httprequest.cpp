@@ -5,7 +5,7 @@ namespace emulator
 {
 QByteArray HttpRequest::path() const
 {
-    const QByteArray path = target.split('?').constFirst();
+    QByteArray path = target.split('?').constFirst();
     if (path.startsWith('/'))
         return path;
     const qsizetype origin = path.indexOf("://");

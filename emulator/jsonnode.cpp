@@ -63,7 +63,7 @@ void JsonNode::allowOnly(const QStringList& keys) const
 
 QString JsonNode::text(const QString& key) const
 {
-    const QString text = this->text(key, QString());
+    QString text = this->text(key, QString());
     if (text.isEmpty())
         fail(key, QStringLiteral("a text is expected"));
     return text;

@@ -56,7 +56,7 @@ QStringList parted(const QVariant& stored)
 {
     QStringList texts;
     const QJsonArray array = QJsonDocument::fromJson(stored.toByteArray()).array();
-    for (const QJsonValue& text : array)
+    for (const auto text : array)
         texts.append(text.toString());
     return texts;
 }

@@ -15,14 +15,14 @@ Refusal Refusal::oauth(int status, const QString& error, const QString& descript
 {
     Refusal refusal(status, details);
     refusal.m_oauth = {{QStringLiteral("error"), error}, {QStringLiteral("error_description"), description}};
-    refusal.with("Cache-Control", "no-store");
-    return refusal;
+    return refusal.with("Cache-Control", "no-store");
 }
 
-Refusal& Refusal::with(const QByteArray& header, const QByteArray& value)
+Refusal Refusal::with(const QByteArray& header, const QByteArray& value) const
 {
-    m_headers.append({header, value});
-    return *this;
+    Refusal refusal = *this;
+    refusal.m_headers.append({header, value});
+    return refusal;
 }
 
 HttpAnswer Refusal::answer() const

@@ -19,8 +19,8 @@ public:
     /// The same as an OAuth2 error (RFC 6749, section 5.2): its error code, and a description in ASCII.
     static Refusal oauth(int status, const QString& error, const QString& description, const QString& details);
 
-    /// Adds a header to the answer.
-    Refusal& with(const QByteArray& header, const QByteArray& value);
+    /// The same refusal, whose answer has one more header.
+    Refusal with(const QByteArray& header, const QByteArray& value) const;
 
     int status() const { return m_status; }
     const QString& details() const { return m_details; }

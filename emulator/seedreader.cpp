@@ -180,7 +180,7 @@ QDate SeedReader::day(const JsonNode& node, const QString& key, const QString& d
 
 QString SeedReader::uniqueId(const JsonNode& node, const QString& key, QSet<QString>& known)
 {
-    const QString id = node.text(key);
+    QString id = node.text(key);
     if (known.contains(id))
         node.fail(key, QStringLiteral("\"") + id + QStringLiteral("\" stands twice"));
     known.insert(id);

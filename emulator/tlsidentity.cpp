@@ -22,7 +22,7 @@ QByteArray contentOf(const QString& path)
 QSslKey keyIn(const QByteArray& pem)
 {
     for (const QSsl::KeyAlgorithm algorithm : {QSsl::Rsa, QSsl::Ec}) {
-        const QSslKey key(pem, algorithm);
+        QSslKey key(pem, algorithm);
         if (!key.isNull())
             return key;
     }

@@ -63,7 +63,7 @@ QHash<QString, QString> parameters(const HttpRequest& request)
 
 QString required(const QHash<QString, QString>& values, const QString& name)
 {
-    const QString value = values.value(name);
+    QString value = values.value(name);
     if (value.isEmpty()) {
         throw invalidRequest(name + QStringLiteral(" is missing"),
                              QStringLiteral("В запросе токена не указан параметр ") + name);

@@ -70,6 +70,6 @@ QString writeWholeFile(const QString& folder, const QString& file, const QByteAr
         if (const QString failure = syncFolder(folder); !failure.isEmpty())
             return failure;
     }
-    const QString failure = replaceFile(path, content);
+    QString failure = replaceFile(path, content);
     return failure.isEmpty() ? syncFolder(subfolder) : failure;
 }
