@@ -1,36 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "cashier.h"
+#include "commandtill.h"
 #include "registeraction.h"
+#include "saves.h"
 #include "shownmessages.h"
-#include "till.h"
 
 #include <QAbstractItemView>
 #include <QJsonArray>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTest>
 
-class Commands : public Till
+class Commands : public CommandTill
 {
-protected:
-    Commands() { Q_INIT_RESOURCE(register); }
-
-    EContext::Result run(control::EActionType type, const QVariantMap& arguments = {})
-    {
-        action = control::Action(type);
-        for (auto argument = arguments.cbegin(); argument != arguments.cend(); ++argument)
-            action.insert(argument.key(), argument.value());
-        return controller.object.execute(action);
-    }
-    static QVariantMap positionNumber(int number) { return {{QStringLiteral("positionNumber"), number}}; }
-    static void press(QWidget& root, const char* button)
-    {
-        root.findChild<QPushButton*>(QLatin1String(button))->click();
-    }
-
-    control::Action action;
-    Cashier cashier;
 };
 
 TEST_F(Commands, openReceipt_opensOneAndSaysSoWhenItIsOpen)
@@ -229,4 +210,276 @@ TEST_F(Commands, keyExplained_namesTheKeyAndWhatIsMissing)
     ASSERT_EQ(messages.all().size(), 2);
     EXPECT_TRUE(messages.all().at(0).text.startsWith(QStringLiteral("«Рецепт %1» работает при открытом чеке")));
     EXPECT_TRUE(messages.all().at(1).text.startsWith(QStringLiteral("«Рецепт %1» сейчас недоступно")));
+}
+
+class SubtotalCommand : public Commands, public ::testing::WithParamInterface<control::EActionType>
+{
+protected:
+    /// The phase that the action leads to.
+    static Sale::Phase phase()
+    {
+        return GetParam() == control::Subtotal ? Sale::Phase::Subtotal : Sale::Phase::Payment;
+    }
+};
+
+TEST_P(SubtotalCommand, receiptWithoutPositions_saysSoAndStops)
+{
+    sale->open();
+    const ShownMessages messages;
+    EXPECT_EQ(run(GetParam()), EContext::Stop);
+    ASSERT_EQ(messages.all().size(), 1);
+    EXPECT_EQ(messages.all().first().text, QStringLiteral("В чеке нет позиций.\nДобавьте товар или отмените чек."));
+    EXPECT_EQ(messages.all().first().kind, Dialog::Notice);
+    EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
+}
+
+TEST_P(SubtotalCommand, receiptWithPositions_leadsOnAndBack)
+{
+    EXPECT_EQ(run(GetParam()), EContext::NotFound) << "no receipt is open";
+    sale->add(article(amoxidar));
+    EXPECT_EQ(run(GetParam()), EContext::GoOn);
+    EXPECT_EQ(sale->phase(), phase());
+    EXPECT_EQ(controller.object.context(), EContext::OpenReceipt);
+    EXPECT_EQ(run(registeraction::backToPositions), EContext::GoOn);
+    EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
+}
+
+TEST_P(SubtotalCommand, hookStops_positionsStayShown)
+{
+    sale->add(article(amoxidar));
+    addHook(EContext::OpenReceipt, GetParam(), [](const control::Action&) { return EContext::Stop; });
+    EXPECT_EQ(run(GetParam()), EContext::Stop);
+    EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
+}
+
+TEST_P(SubtotalCommand, cancellingDocument_leadsOnToo)
+{
+    ASSERT_TRUE(sale->takeBack(archived(sold())));
+    EXPECT_EQ(run(GetParam()), EContext::GoOn);
+    EXPECT_EQ(sale->phase(), phase());
+}
+
+INSTANTIATE_TEST_SUITE_P(Actions, SubtotalCommand, ::testing::Values(control::Subtotal, control::SubtotalAndPayment),
+                         [](const auto& tested) { return "action" + std::to_string(tested.param); });
+
+class PayCommand : public Commands
+{
+protected:
+    EContext::Result pay(const QString& received)
+    {
+        return run(registeraction::pay, {{QStringLiteral("received"), received}});
+    }
+    /// A receipt over 24,80 that stands at its payment.
+    void standAtPayment()
+    {
+        sale->add(article(amoxidar, 2));
+        sale->setPhase(Sale::Phase::Payment);
+    }
+};
+
+TEST_F(PayCommand, receivedInAnyForm_closesWithTheChange)
+{
+    const std::pair<const char*, Kopecks> forms[] = {
+        {"50", 5000}, {" 24,80 ", 2480}, {"24.8", 2480}, {"99999999", 9'999'999'900}, {"", 2480}, {"  ", 2480},
+    };
+    for (const auto& [typed, received] : forms) {
+        standAtPayment();
+        const int number = sale->receipt()->getNumber();
+        EXPECT_EQ(pay(QLatin1String(typed)), EContext::GoOn) << typed;
+        EXPECT_FALSE(sale->receipt()) << typed;
+        EXPECT_EQ(archived(number)->getReceived(), received) << typed;
+        EXPECT_EQ(archived(number)->getChange(), received - 2480) << typed;
+    }
+}
+
+TEST_F(PayCommand, receivedUnreadable_saysWhatWasTypedAndHowToTypeIt)
+{
+    standAtPayment();
+    const ShownMessages messages;
+    const char* const typed[] = {"abc %1", "-50", "1 000", "24,801", "1e3", "999999999", "50 руб"};
+    for (const char* text : typed)
+        EXPECT_EQ(pay(QString::fromUtf8(text)), EContext::Stop) << text;
+    ASSERT_EQ(messages.all().size(), std::ssize(typed));
+    EXPECT_EQ(messages.all().first().text,
+              QStringLiteral("«abc %1» — не сумма.\nВведите полученные деньги, например 50 или 12,40."));
+    EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
+    EXPECT_EQ(witness.codes(), QList<int>{10});
+}
+
+TEST_F(PayCommand, receivedTooLittle_saysWhatIsMissing)
+{
+    standAtPayment();
+    const ShownMessages messages;
+    EXPECT_EQ(pay(QStringLiteral("24,79")), EContext::Stop);
+    EXPECT_EQ(pay(QStringLiteral("0")), EContext::Stop);
+    ASSERT_EQ(messages.all().size(), 2);
+    EXPECT_EQ(messages.all().first().text, QStringLiteral("Получено 24,79, а к оплате 24,80.\nНе хватает 0,01."));
+    EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
+    EXPECT_EQ(witness.codes(), QList<int>{10});
+}
+
+TEST_F(PayCommand, receiptNotAtItsPayment_isNotClosed)
+{
+    EXPECT_EQ(pay(QStringLiteral("50")), EContext::NotFound) << "no receipt is open";
+    sale->add(article(amoxidar));
+    EXPECT_EQ(pay(QStringLiteral("50")), EContext::Stop);
+    sale->setPhase(Sale::Phase::Subtotal);
+    EXPECT_EQ(pay(QStringLiteral("50")), EContext::Stop);
+    EXPECT_TRUE(sale->receipt());
+}
+
+TEST_F(PayCommand, cancellingDocument_paysItsSumOutWhateverIsTyped)
+{
+    ASSERT_TRUE(sale->takeBack(archived(sold())));
+    sale->setPhase(Sale::Phase::Payment);
+    EXPECT_EQ(pay(QStringLiteral("1")), EContext::GoOn);
+    EXPECT_EQ(archived(2)->getReceived(), 2480);
+    EXPECT_EQ(archived(2)->getState(), Receipt::State::Closed);
+}
+
+TEST_F(PayCommand, receiptCannotBeSaved_staysAtItsPayment)
+{
+    standAtPayment();
+    {
+        Saves saves;
+        saves.failAll();
+        EXPECT_EQ(pay({}), EContext::Stop);
+    }
+    EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
+    EXPECT_EQ(pay({}), EContext::GoOn);
+}
+
+class StornoHook : public Commands, public ::testing::WithParamInterface<EContext::Result>
+{
+};
+
+TEST_P(StornoHook, positionIsCancelledOnlyWhenItGoesOn)
+{
+    sale->add(article(amoxidar));
+    sale->receipt()->position(1)->setSoftCheckId(QStringLiteral("rx-1"));
+    addHook(EContext::OpenReceipt, control::StornoPosition, [this](const control::Action& storno) {
+        EXPECT_EQ(storno.value(QStringLiteral("positionNumber")).toInt(), 1);
+        EXPECT_TRUE(sale->receipt()->getPosition(1));
+        return GetParam();
+    });
+    answerQuestion("yesButton");
+    EXPECT_EQ(run(registeraction::removePosition, positionNumber(1)), GetParam());
+    EXPECT_EQ(sale->receipt()->positions().isEmpty(), GetParam() == EContext::GoOn);
+    EXPECT_EQ(savedReceipt().value(QStringLiteral("positions")).toArray().isEmpty(), GetParam() == EContext::GoOn);
+    EXPECT_TRUE(cashier.isDone());
+}
+
+TEST_P(StornoHook, receiptIsCancelledOnlyWhenItGoesOn)
+{
+    for (const auto type : {control::StornoAll, control::StornoAllFromMenu}) {
+        sale->add(article(amoxidar));
+        witness.seen.clear();
+        int asked = 0;
+        addHook(EContext::OpenReceipt, type, [&](const control::Action&) {
+            EXPECT_EQ(sale->receipt()->positions().size(), 1);
+            EXPECT_TRUE(witness.seen.isEmpty());
+            ++asked;
+            return GetParam();
+        });
+        EXPECT_EQ(run(type), GetParam());
+        EXPECT_EQ(asked, 1);
+        EXPECT_EQ(sale->receipt().isNull(), GetParam() == EContext::GoOn);
+        EXPECT_EQ(witness.codes(), GetParam() == EContext::GoOn ? QList<int>{22} : QList<int>());
+        controller.object.removePluginEntries();
+        sale->cancel();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Results, StornoHook, ::testing::Values(EContext::Stop, EContext::NotFound, EContext::GoOn),
+                         [](const auto& tested) { return "result" + std::to_string(tested.param); });
+
+TEST_F(Commands, positionThatIsNotThere_isNotCancelled)
+{
+    sale->add(article(amoxidar));
+    const ShownMessages messages;
+    EXPECT_EQ(run(control::StornoPosition, positionNumber(2)), EContext::NotFound);
+    EXPECT_EQ(messages.all().size(), 1);
+    EXPECT_EQ(sale->receipt()->positions().size(), 1);
+}
+
+TEST_F(Commands, cancelReceipt_asksFirstAndNamesTheSum)
+{
+    sale->add(article(amoxidar, 2));
+    int hooks = 0;
+    for (const auto type : {control::StornoAll, control::StornoAllFromMenu})
+        addHook(EContext::OpenReceipt, type, [&hooks](const control::Action&) {
+            ++hooks;
+            return EContext::GoOn;
+        });
+    QString question;
+    cashier.onForm(QStringLiteral("questionForm"), [&question](QWidget& root) {
+        question = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
+        press(root, "noButton");
+    });
+    EXPECT_EQ(run(registeraction::cancelReceipt), EContext::Stop);
+    EXPECT_EQ(question, QStringLiteral("Отменить чек № 1 на сумму 24,80?"));
+    EXPECT_EQ(hooks, 0);
+    EXPECT_TRUE(sale->receipt());
+    answerQuestion("yesButton");
+    EXPECT_EQ(run(registeraction::cancelReceipt), EContext::GoOn);
+    EXPECT_EQ(hooks, 1);
+    EXPECT_FALSE(sale->receipt());
+    EXPECT_EQ(archived(1)->getState(), Receipt::State::Cancelled);
+}
+
+TEST_F(Commands, cancelReceipt_isDoneByTheActionOfTheKey)
+{
+    QList<int> done;
+    for (const auto type : {control::StornoAll, control::StornoAllFromMenu})
+        addHook(EContext::OpenReceipt, type, [&done](const control::Action& storno) {
+            done.append(storno.getType());
+            return EContext::GoOn;
+        });
+    const QVariantMap keys[] = {{}, {{QStringLiteral("by"), QStringLiteral("206")}}, {{QStringLiteral("by"), 131}}};
+    for (const QVariantMap& arguments : keys) {
+        sale->add(article(amoxidar));
+        answerQuestion("yesButton");
+        EXPECT_EQ(run(registeraction::cancelReceipt, arguments), EContext::GoOn);
+        EXPECT_FALSE(sale->receipt());
+    }
+    EXPECT_EQ(done, (QList<int>{131, 206, 131}));
+}
+
+TEST_F(Commands, questionClosedByTheRegister_leavesTheReceipt)
+{
+    sale->add(article(amoxidar));
+    cashier.onForm(QStringLiteral("questionForm"), [this](QWidget&) { gui.object.cancelForms(); });
+    EXPECT_EQ(run(registeraction::cancelReceipt), EContext::Stop);
+    EXPECT_TRUE(sale->receipt());
+}
+
+TEST_F(Commands, cancellingDocument_takesNoGoodsAndIsCancelledOnlyWhole)
+{
+    ASSERT_TRUE(sale->takeBack(archived(sold())));
+    const QJsonObject before = sale->receipt()->toJson();
+    const ShownMessages messages;
+    EXPECT_EQ(run(registeraction::addGoods, {{QStringLiteral("search"), amoxidar}}), EContext::Stop);
+    EXPECT_EQ(run(control::AddSelectedGoods, {{QStringLiteral("result"), QVariant::fromValue(article(amoxidar))}}),
+              EContext::Stop);
+    EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::Stop);
+    EXPECT_EQ(run(registeraction::removePosition, positionNumber(1)), EContext::Stop);
+    EXPECT_EQ(run(control::StornoPosition, positionNumber(1)), EContext::NotFound);
+    EXPECT_EQ(sale->receipt()->toJson(), before);
+    ASSERT_EQ(messages.all().size(), 4);
+    EXPECT_TRUE(messages.all().first().text.startsWith(QStringLiteral("Открыт возврат: товары в него не добавляются")));
+    for (const auto& message : messages.all().mid(1))
+        EXPECT_EQ(message.text, QStringLiteral("Продажа возвращается целиком: позиции возврата не меняются."));
+}
+
+TEST_F(Commands, cancellingDocumentCancelled_asksForTheTakeBack)
+{
+    ASSERT_TRUE(sale->takeBack(archived(sold())));
+    QString question;
+    cashier.onForm(QStringLiteral("questionForm"), [&question](QWidget& root) {
+        question = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
+        press(root, "yesButton");
+    });
+    EXPECT_EQ(run(registeraction::cancelReceipt), EContext::GoOn);
+    EXPECT_EQ(question, QStringLiteral("Отменить возврат № 2 на сумму 24,80?"));
+    EXPECT_FALSE(sale->archive().isTakenBack(*archived(1), nullptr));
 }

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "cashier.h"
+#include "till.h"
+
+#include <QPushButton>
+
+/// A register whose commands are executed, with a cashier who answers its forms.
+class CommandTill : public Till
+{
+protected:
+    CommandTill() { Q_INIT_RESOURCE(register); }
+
+    EContext::Result run(control::EActionType type, const QVariantMap& arguments = {})
+    {
+        action = control::Action(type);
+        for (auto argument = arguments.cbegin(); argument != arguments.cend(); ++argument)
+            action.insert(argument.key(), argument.value());
+        return controller.object.execute(action);
+    }
+    static QVariantMap positionNumber(int number) { return {{QStringLiteral("positionNumber"), number}}; }
+    static void press(QWidget& root, const char* button)
+    {
+        root.findChild<QPushButton*>(QLatin1String(button))->click();
+    }
+    /// Has the next question answered so.
+    void answerQuestion(const char* button)
+    {
+        cashier.onForm(QStringLiteral("questionForm"), [button](QWidget& root) { press(root, button); });
+    }
+    /// Adds a hook before an action in a context.
+    void addHook(EContext::Code context, control::EActionType type, const ActionTrigger::Function& hook)
+    {
+        controller.object.addTrigger({context, type, ActionTrigger::Before, hook, ActionTrigger::Any, 1});
+    }
+    /// Sells an article; the number of the sale.
+    int sold()
+    {
+        sale->add(article(amoxidar, 2));
+        const int number = sale->receipt()->getNumber();
+        EXPECT_TRUE(sale->close(5000));
+        return number;
+    }
+    /// Puts a receipt aside; its number.
+    int putAside()
+    {
+        sale->add(article(amoxidar));
+        const int number = sale->receipt()->getNumber();
+        EXPECT_TRUE(sale->putAside());
+        return number;
+    }
+    QSharedPointer<Receipt> archived(int number) const { return sale->archive().find(number); }
+
+    control::Action action;
+    Cashier cashier;
+};
