@@ -15,7 +15,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 
 using control::Action;
@@ -389,6 +391,181 @@ TEST_F(ActionQueue, entriesRemovedOrReplacedDuringAction_actionFinishesWithWhatI
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
     EXPECT_EQ(m_steps, words("second action"));
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
+}
+
+TEST_F(ActionQueue, frame_runsAroundTriggersAndHandlerAndItsResultCounts)
+{
+    addTrigger(ActionTrigger::Before, QStringLiteral("before"), 1);
+    addTrigger(ActionTrigger::After, QStringLiteral("after"), 1);
+    m_controller->setHostHandler(ownCommand, [this](Action& action) {
+        m_steps.append(QStringLiteral("action"));
+        action.insert(resultKey, 7);
+        return EContext::GoOn;
+    });
+    m_controller->setHostFrame(ownCommand, [this](Action& action, const std::function<EContext::Result()>& course) {
+        m_steps.append(QStringLiteral("in"));
+        EXPECT_TRUE(m_controller->isBusy());
+        EXPECT_EQ(course(), EContext::GoOn);
+        EXPECT_EQ(action.value(resultKey).toInt(), 7);
+        action.insert(resultKey, 8);
+        m_steps.append(QStringLiteral("out"));
+        return EContext::NotFound;
+    });
+    Action action(ownCommand);
+    EXPECT_EQ(m_controller->execute(action), EContext::NotFound);
+    EXPECT_EQ(m_steps, words("in before action after out"));
+    EXPECT_EQ(action.value(resultKey).toInt(), 8) << "the very action";
+    EXPECT_FALSE(m_controller->isBusy());
+}
+
+TEST_F(ActionQueue, frameAsksForNothing_neitherTriggersNorHandlerRun)
+{
+    hostServes(ownCommand);
+    addTrigger(ActionTrigger::Before, QStringLiteral("before"), 1);
+    addTrigger(ActionTrigger::After, QStringLiteral("after"), 1);
+    m_controller->setHostFrame(ownCommand, [](Action&, const auto&) { return EContext::Stop; });
+    QSignalSpy refused(m_controller.get(), &ActionQueueController::refused);
+    EXPECT_EQ(execute(ownCommand), EContext::Stop);
+    EXPECT_TRUE(m_steps.isEmpty());
+    EXPECT_TRUE(refused.isEmpty()) << "no trigger refused";
+}
+
+TEST_F(ActionQueue, frame_isOfItsActionInAnyContextAndALaterOneReplacesIt)
+{
+    hostServes(ownCommand);
+    hostServes(otherCommand);
+    const auto framing = [this](const QString& name) {
+        return [this, name](Action&, const std::function<EContext::Result()>& course) {
+            m_steps.append(name);
+            return course();
+        };
+    };
+    m_controller->setHostFrame(ownCommand, framing(QStringLiteral("former")));
+    m_controller->setHostFrame(ownCommand, framing(QStringLiteral("frame")));
+    for (const auto context : {EContext::Idle, EContext::OpenReceipt, EContext::StoredDocuments}) {
+        m_controller->setContext(context);
+        EXPECT_EQ(execute(ownCommand), EContext::GoOn);
+        EXPECT_EQ(execute(otherCommand), EContext::GoOn);
+    }
+    EXPECT_EQ(m_steps, words("frame action action frame action action frame action action"));
+}
+
+TEST_F(ActionQueue, nobodyHandlesAction_itsFrameIsNotAsked)
+{
+    bool asked = false;
+    m_controller->setHostFrame(ownCommand, [&asked](Action&, const auto&) {
+        asked = true;
+        return EContext::GoOn;
+    });
+    EXPECT_EQ(execute(ownCommand), EContext::NotFound);
+    hostServes(ownCommand);
+    Action elsewhere(ownCommand);
+    elsewhere.setAllowContexts({EContext::OpenReceipt});
+    EXPECT_EQ(m_controller->execute(elsewhere), EContext::Stop);
+    EXPECT_FALSE(asked);
+}
+
+TEST_F(ActionQueue, triggerStopsWithinAFrame_theFrameLearnsItsResult)
+{
+    hostServes(ownCommand);
+    addTrigger(ActionTrigger::Before, QStringLiteral("stopping"), 1, EContext::NotFound);
+    std::optional<EContext::Result> learnt;
+    m_controller->setHostFrame(ownCommand, [&learnt](Action&, const std::function<EContext::Result()>& course) {
+        learnt = course();
+        return *learnt;
+    });
+    EXPECT_EQ(execute(ownCommand), EContext::NotFound);
+    EXPECT_EQ(learnt, EContext::NotFound);
+    EXPECT_EQ(m_steps, words("stopping"));
+}
+
+TEST_F(ActionQueue, frameThrows_isToldAndCountsAsStop)
+{
+    hostServes(ownCommand);
+    m_controller->setHostFrame(ownCommand, [](Action&, const std::function<EContext::Result()>& course) {
+        course();
+        throw std::runtime_error("frame");
+        return EContext::GoOn;
+    });
+    const LogCapture log;
+    EXPECT_EQ(execute(ownCommand), EContext::Stop);
+    EXPECT_EQ(m_messages.all().size(), 1);
+    EXPECT_EQ(m_steps, words("action"));
+    EXPECT_FALSE(m_controller->isBusy());
+}
+
+TEST_F(ActionQueue, controllerDeletedByFrame_courseStops)
+{
+    hostServes(ownCommand);
+    auto* const controller = m_controller.get();
+    EContext::Result ofCourse = EContext::GoOn;
+    m_controller->setHostFrame(ownCommand, [&](Action&, const std::function<EContext::Result()>& course) {
+        m_controller.reset();
+        ofCourse = course();
+        return EContext::GoOn;
+    });
+    Action action(ownCommand);
+    EXPECT_EQ(controller->execute(action), EContext::GoOn);
+    EXPECT_EQ(ofCourse, EContext::Stop);
+    EXPECT_TRUE(m_steps.isEmpty());
+}
+
+TEST_P(ActionQueueStopped, triggerDoesNotGoOn_isToldOnceWithActionAndResult)
+{
+    hostServes(ownCommand);
+    addTrigger(ActionTrigger::Before, QStringLiteral("stopping"), 1, GetParam());
+    QList<std::pair<Action, EContext::Result>> refusals;
+    QObject::connect(m_controller.get(), &ActionQueueController::refused,
+                     [&refusals](const Action& action, EContext::Result result) {
+                         refusals.append({action, result});
+                     });
+    Action action(ownCommand);
+    action.insert(QStringLiteral("positionNumber"), 3);
+    EXPECT_EQ(m_controller->execute(action), GetParam());
+    ASSERT_EQ(refusals.size(), 1);
+    EXPECT_EQ(refusals.first().first, action);
+    EXPECT_EQ(refusals.first().second, GetParam());
+}
+
+TEST_F(ActionQueue, actionNotStoppedByATrigger_isNotToldAsRefused)
+{
+    QSignalSpy refused(m_controller.get(), &ActionQueueController::refused);
+    EXPECT_EQ(execute(ownCommand), EContext::NotFound) << "nobody handles it";
+    hostServes(ownCommand, EContext::Stop);
+    addTrigger(ActionTrigger::Before, QStringLiteral("before"), 1);
+    addTrigger(ActionTrigger::After, QStringLiteral("after"), 1, EContext::Stop);
+    EXPECT_EQ(execute(ownCommand), EContext::Stop) << "its handler failed";
+    Action elsewhere(ownCommand);
+    elsewhere.setAllowContexts({EContext::OpenReceipt});
+    EXPECT_EQ(m_controller->execute(elsewhere), EContext::Stop);
+    EXPECT_TRUE(refused.isEmpty());
+}
+
+TEST_F(ActionQueue, triggerThrows_isToldAsRefusedToo)
+{
+    hostServes(ownCommand);
+    m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
+                              [](const Action&) -> EContext::Result { throw 42; }, ActionTrigger::Any, 1});
+    QSignalSpy refused(m_controller.get(), &ActionQueueController::refused);
+    const LogCapture log;
+    EXPECT_EQ(execute(ownCommand), EContext::Stop);
+    EXPECT_EQ(refused.size(), 1);
+}
+
+TEST_F(ActionQueue, controllerDeletedByTheTriggerThatStops_nothingIsToldAsRefused)
+{
+    hostServes(ownCommand);
+    QSignalSpy refused(m_controller.get(), &ActionQueueController::refused);
+    auto* const controller = m_controller.get();
+    m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
+                              [this](const Action&) {
+                                  m_controller.reset();
+                                  return EContext::Stop;
+                              },
+                              ActionTrigger::Any, 1});
+    Action action(ownCommand);
+    EXPECT_EQ(controller->execute(action), EContext::Stop);
+    EXPECT_TRUE(refused.isEmpty());
 }
 
 TEST_F(ActionQueue, controllerDeletedByTrigger_actionEndsQuietly)

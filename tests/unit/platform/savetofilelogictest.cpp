@@ -189,12 +189,46 @@ TEST_F(SavedDocument, aFolderStandsInTheFilesPlace_isToldAndStands)
     EXPECT_TRUE(QDir(m_folder.filePath(QStringLiteral("receipt.json"))).exists());
 }
 
+TEST_F(SavedDocument, fileInASubfolder_isWrittenThereAndTheSubfolderMadeOnce)
+{
+    EXPECT_TRUE(save(document(QStringLiteral("a")), QStringLiteral("stored/a.json")));
+    EXPECT_TRUE(save(document(QStringLiteral("b")), QStringLiteral("stored/b c.json")));
+    EXPECT_EQ(QDir(m_folder.filePath(QStringLiteral("stored"))).entryList(QDir::Files | QDir::Hidden),
+              (QStringList{QStringLiteral("a.json"), QStringLiteral("b c.json")}));
+    EXPECT_TRUE(content(QStringLiteral("stored/b c.json")).contains("\"b\""));
+    EXPECT_TRUE(files().isEmpty());
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    EXPECT_EQ(QFile::permissions(m_folder.filePath(QStringLiteral("stored/a.json"))) & others, 0);
+}
+
+TEST_F(SavedDocument, aFileStandsInTheSubfoldersPlace_isToldAndStands)
+{
+    EXPECT_TRUE(save(document(QStringLiteral("x")), QStringLiteral("stored")));
+    const QByteArray former = content(QStringLiteral("stored"));
+    EXPECT_FALSE(save(document(QStringLiteral("y")), QStringLiteral("stored/a.json")));
+    expectTold(m_folder.path());
+    EXPECT_EQ(content(QStringLiteral("stored")), former);
+}
+
 TEST_F(SavedDocument, fileOutsideTheFolder_isRefused)
 {
-    QTemporaryDir elsewhere;
-    EXPECT_FALSE(save(document(QStringLiteral("x")), elsewhere.filePath(QStringLiteral("a.json"))));
-    EXPECT_FALSE(save(document(QStringLiteral("x")), QStringLiteral("../a.json")));
-    EXPECT_EQ(m_messages.all().size(), 2);
+    const QTemporaryDir elsewhere;
+    const QString outside[] = {
+        elsewhere.filePath(QStringLiteral("a.json")),
+        QStringLiteral("../a.json"),
+        QStringLiteral("stored/../a.json"),
+        QStringLiteral("./a.json"),
+        QStringLiteral("stored/."),
+        QStringLiteral("/a.json"),
+        QStringLiteral("stored/"),
+        QStringLiteral("stored//a.json"),
+        QStringLiteral("stored/more/a.json"),
+        QStringLiteral(".."),
+    };
+    for (const QString& file : outside)
+        EXPECT_FALSE(save(document(QStringLiteral("x")), file)) << qPrintable(file);
+    EXPECT_EQ(m_messages.all().size(), std::ssize(outside));
     EXPECT_TRUE(QDir(elsewhere.path()).isEmpty());
-    EXPECT_TRUE(files().isEmpty());
+    EXPECT_TRUE(QDir(m_folder.path()).isEmpty());
+    EXPECT_FALSE(QFile::exists(m_folder.filePath(QStringLiteral("../a.json"))));
 }
