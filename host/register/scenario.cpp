@@ -40,6 +40,8 @@ const Form forms[] = {
     {"enabled", Kind::Enabled, Slot::Value, QJsonValue::Bool, "in", Slot::Target, true},
     {"visible", Kind::Visible, Slot::Value, QJsonValue::Bool, "in", Slot::Target, true},
     {"receipt", Kind::Receipt, Slot::Value, QJsonValue::Object},
+    {"document", Kind::Document, Slot::Value, QJsonValue::Object, "file", Slot::Target, true},
+    {"printed", Kind::Printed, Slot::Text, QJsonValue::String, "number", Slot::Times, true},
     {"screenshot", Kind::Screenshot, Slot::Text, QJsonValue::String},
     {"say", Kind::Say, Slot::Text, QJsonValue::String},
     {"print", Kind::Print, Slot::Target, QJsonValue::String},

@@ -19,7 +19,9 @@ struct ScenarioStep {
         Contains,   ///< the text of `target` has `text` in it
         Enabled,    ///< `target` can be used, or not: `value`
         Visible,    ///< `target` can be seen, or not: `value`
-        Receipt,    ///< the saved document has the members of `value`
+        Receipt,    ///< the saved open receipt has the members of `value`
+        Document,   ///< the saved document in the file `target` of the data folder has the members of `value`
+        Printed,    ///< the printed receipt number `times` has `text` in it
         Screenshot, ///< `text` is the picture's name
         Say,        ///< `text` is printed
         Print,      ///< the text of `target` is printed

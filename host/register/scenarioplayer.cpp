@@ -115,7 +115,11 @@ ScenarioPlayer::Look ScenarioPlayer::perform(const ScenarioStep& step)
     case ScenarioStep::Kind::Visible:
         return compareState(step);
     case ScenarioStep::Kind::Receipt:
-        return compareReceipt(step);
+        return compareDocument(SaveToFileLogic::currentReceiptFile, step.value);
+    case ScenarioStep::Kind::Document:
+        return compareDocument(step.target, step.value);
+    case ScenarioStep::Kind::Printed:
+        return comparePrinted(step);
     case ScenarioStep::Kind::Screenshot:
         return takePicture(step.text);
     case ScenarioStep::Kind::Say:
@@ -230,14 +234,25 @@ ScenarioPlayer::Look ScenarioPlayer::compareState(const ScenarioStep& step) cons
             step.target + (widget->isEnabled() ? QStringLiteral(" can be used") : QStringLiteral(" cannot be used"))};
 }
 
-ScenarioPlayer::Look ScenarioPlayer::compareReceipt(const ScenarioStep& step) const
+ScenarioPlayer::Look ScenarioPlayer::compareDocument(const QString& file, const QJsonValue& expected) const
 {
-    QFile saved(QDir(m_dataFolder).filePath(SaveToFileLogic::currentReceiptFile));
+    QFile saved(QDir(m_dataFolder).filePath(file));
     if (!saved.open(QIODevice::ReadOnly))
-        return {false, QStringLiteral("no saved receipt: ") + saved.errorString()};
+        return {false, file + QStringLiteral(" cannot be read: ") + saved.errorString()};
     const QJsonDocument document = QJsonDocument::fromJson(saved.readAll());
-    const QString difference = jsonDifference(step.value, document.object());
+    const QString difference = jsonDifference(expected, document.object());
     return {difference.isEmpty(), difference};
+}
+
+/// Blanks between words do not count, nor how many there are: they only arrange the paper.
+ScenarioPlayer::Look ScenarioPlayer::comparePrinted(const ScenarioStep& step) const
+{
+    const QString file = QStringLiteral("printed/%1.txt").arg(step.times, 8, 10, QLatin1Char('0'));
+    QFile printed(QDir(m_dataFolder).filePath(file));
+    if (!printed.open(QIODevice::ReadOnly))
+        return {false, file + QStringLiteral(" cannot be read: ") + printed.errorString()};
+    const QString words = QString::fromUtf8(printed.readAll()).simplified();
+    return {words.contains(step.text), file + QStringLiteral(" says \"") + words + QLatin1Char('"')};
 }
 
 ScenarioPlayer::Look ScenarioPlayer::takePicture(const QString& name) const

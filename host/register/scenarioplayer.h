@@ -23,7 +23,7 @@ class ScenarioPlayer : public QObject
 
 public:
     /// @param screenshots folder for the pictures
-    /// @param dataFolder the register's, with the saved document
+    /// @param dataFolder the register's, with the saved documents and printed receipts
     ScenarioPlayer(const QList<ScenarioStep>& steps, const QString& screenshots, const QString& dataFolder,
                    QObject* parent = nullptr);
 
@@ -54,7 +54,8 @@ private:
     Look makeCurrent(const ScenarioStep& step);
     Look compareText(const ScenarioStep& step) const;
     Look compareState(const ScenarioStep& step) const;
-    Look compareReceipt(const ScenarioStep& step) const;
+    Look compareDocument(const QString& file, const QJsonValue& expected) const;
+    Look comparePrinted(const ScenarioStep& step) const;
     Look takePicture(const QString& name) const;
 
     static QWidget* visibleWidget(const QString& name);

@@ -35,6 +35,13 @@ inline const QByteArray servesTheNext =
        {"key": "Return"}, {"wait": "goodsTable"}, {"key": "Return"}, {"wait": "inputLineEdit"}, {"type": "3"},
        {"key": "Return"}, {"click": "partDispenseButton"}, {"visible": false, "in": "partDispenseButton"})";
 
+/// Four doses of another card's prescription, in part, on a receipt of its own.
+inline const QByteArray servesAnotherCard =
+    R"({"key": "F2"}, {"key": "F5"}, {"wait": "inputLineEdit"}, {"scan": "1100000000000001"},
+       {"wait": "electronicPrescriptionsTableView"}, {"key": "Return"}, {"wait": "chooseButton"}, {"key": "Return"},
+       {"wait": "goodsTable"}, {"key": "Return"}, {"wait": "inputLineEdit"}, {"type": "4"}, {"key": "Return"},
+       {"click": "partDispenseButton"}, {"visible": false, "in": "partDispenseButton"})";
+
 inline const QByteArray putsAside = R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "1"}, )" + isIdle;
 inline const QByteArray opensTheDocuments =
     R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "2"}, {"wait": "documentTable"})";

@@ -195,4 +195,87 @@ TEST_P(TakeBackWithOneUnsaved, isRefusedByTheRegistryEverAfterAndCanOnlyBeGivenU
 
 INSTANTIATE_TEST_SUITE_P(At, TakeBackWithOneUnsaved, ::testing::ValuesIn(takeBackUnsaved), nameOf);
 
+class PowerCutAtAnAnnulment : public PowerCutTest, public ::testing::WithParamInterface<PowerFailure>
+{
+protected:
+    void expectAnnulled()
+    {
+        EXPECT_EQ(finished(1)["state"].toString(), "annulled");
+        EXPECT_EQ(files("putaside"), QStringList());
+        EXPECT_EQ(registry.dispenses().size(), 3);
+        expectNothingRegistered();
+        expectInStep(finished(1));
+    }
+};
+
+const PowerFailure annulmentOfOnePutAside[] = {
+    {"beforeAnyRequest", At::LongWork, 2}, {"firstSent", At::RequestLost, 1, "cancel"},
+    {"firstSaved", At::AfterSave, 5},      {"secondSent", At::RequestLost, 2, "cancel"},
+    {"secondSaved", At::AfterSave, 6},     {"thirdSent", At::RequestLost, 3, "cancel"},
+    {"thirdSaved", At::AfterSave, 7},      {"endToBeSaved", At::BeforeSave, 8},
+};
+
+using AnnullingOnePutAside = PowerCutAtAnAnnulment;
+
+TEST_P(AnnullingOnePutAside, isPutAsideAfterwardsAndIsAnnulledByTheNextAttempt)
+{
+    playUntil(GetParam(), {registers, cashier::putsAside, cashier::annuls});
+    EXPECT_EQ(files("finished"), QStringList());
+    expectInStep(putAside(1));
+
+    expectHeld(playSteps({cashier::isIdle, cashier::annuls, cashier::isIdle}));
+    expectAnnulled();
+}
+
+INSTANTIATE_TEST_SUITE_P(At, AnnullingOnePutAside, ::testing::ValuesIn(annulmentOfOnePutAside), nameOf);
+
+TEST_F(PowerCutAtAnAnnulment, onePutAsideSaved_isAnnulledAndNotPutAsideAsWell)
+{
+    playUntil({"", At::AfterSave, 8}, {registers, cashier::putsAside, cashier::annuls});
+
+    expectHeld(playSteps({cashier::isIdle, cashier::opensAReceipt}));
+    expectAnnulled();
+    EXPECT_EQ(savedReceipt()["number"].toInt(), 2);
+}
+
+TEST_F(PowerCutAtAnAnnulment, saleBeforeItsFirstAnswer_isClosedAndIsAnnulledByTheNextAttempt)
+{
+    playUntil({"", At::RequestLost, 1, "cancel"}, {sells, cashier::annuls});
+    expectRegisteredOnce(finished(1));
+
+    expectHeld(playSteps({cashier::isIdle, cashier::annuls, cashier::isIdle}));
+    expectAnnulled();
+}
+
+TEST_F(PowerCutAtAnAnnulment, saleSaved_isAnnulled)
+{
+    playUntil({"", At::AfterSave, 5}, {sells, cashier::annuls});
+
+    expectHeld(playSteps({cashier::isIdle, cashier::opensAReceipt}));
+    expectAnnulled();
+}
+
+const PowerFailure annulmentOfASaleUnsaved[] = {
+    {"firstAnswered", At::AnswerLost, 1, "cancel"},
+    {"secondSent", At::RequestLost, 2, "cancel"},
+    {"thirdSent", At::RequestLost, 3, "cancel"},
+    {"endToBeSaved", At::BeforeSave, 5},
+};
+
+using AnnullingASaleWithOneUnsaved = PowerCutAtAnAnnulment;
+
+TEST_P(AnnullingASaleWithOneUnsaved, isRefusedByTheRegistryEverAfterAndSoIsItsTakeBack)
+{
+    playUntil(GetParam(), {sells, cashier::annuls});
+    EXPECT_EQ(registeredBy(finished(1)).size(), 3);
+    EXPECT_LT(standingDispenses().size(), 3);
+
+    expectHeld(playSteps({cashier::isIdle, cashier::tries(cashier::annuls, "уже отменён"), cashier::opensTheTakeBack,
+                          cashier::findsTheReceipt, cashier::tries(R"({"key": "F6"})", "уже отменён"),
+                          cashier::cancelsTheReceipt, cashier::isIdle}));
+    EXPECT_EQ(finished(1)["state"].toString(), "closed");
+}
+
+INSTANTIATE_TEST_SUITE_P(At, AnnullingASaleWithOneUnsaved, ::testing::ValuesIn(annulmentOfASaleUnsaved), nameOf);
+
 } // namespace

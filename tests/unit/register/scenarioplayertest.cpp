@@ -3,6 +3,8 @@
 #include "widgettext.h"
 
 #include <QDialog>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -155,6 +157,31 @@ TEST_F(ScenarioPlayerTest, savedReceipt_isCompared)
     EXPECT_TRUE(play(R"([{"receipt": {"number": 1}}])"));
     EXPECT_FALSE(play(R"([{"receipt": {"number": 2}, "seconds": 0}])"));
     EXPECT_TRUE(failure.contains(QStringLiteral("number is 1 instead of 2"))) << qPrintable(failure);
+}
+
+TEST_F(ScenarioPlayerTest, document_comparesTheNamedFileOfTheDataFolder)
+{
+    const QByteArray step = R"({"document": {"state": "closed"}, "file": "finished/00000007.json", "seconds": 0})";
+    EXPECT_FALSE(play("[" + step + "]"));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("finished")));
+    QFile saved(folder.filePath(QStringLiteral("finished/00000007.json")));
+    ASSERT_TRUE(saved.open(QIODevice::WriteOnly));
+    saved.write(R"({"state": "closed", "number": 7})");
+    saved.close();
+    EXPECT_TRUE(play("[" + step + "]"));
+    EXPECT_FALSE(play(R"([{"document": {"number": 8}, "file": "finished/00000007.json", "seconds": 0}])"));
+}
+
+TEST_F(ScenarioPlayerTest, printed_looksForWordsWhateverTheBlanksBetweenThem)
+{
+    EXPECT_FALSE(play(R"([{"printed": "ИТОГО", "number": 7, "seconds": 0}])"));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("printed")));
+    QFile paper(folder.filePath(QStringLiteral("printed/00000007.txt")));
+    ASSERT_TRUE(paper.open(QIODevice::WriteOnly));
+    paper.write("ЧЕК № 7\nИТОГО          12,40\n");
+    paper.close();
+    EXPECT_TRUE(play(R"([{"printed": "№ 7 ИТОГО 12,40", "number": 7}])"));
+    EXPECT_FALSE(play(R"([{"printed": "ИТОГО 12,50", "number": 7, "seconds": 0}])"));
 }
 
 TEST_F(ScenarioPlayerTest, screenshot_isWritten)

@@ -36,6 +36,10 @@ TEST(Scenario, everyKindOfStep_isRead)
     EXPECT_EQ(only(R"({"enabled": false, "in": "a"})").kind, Kind::Enabled);
     EXPECT_EQ(only(R"({"visible": true, "in": "a"})").kind, Kind::Visible);
     EXPECT_EQ(only(R"({"receipt": {"number": 1}})").kind, Kind::Receipt);
+    EXPECT_EQ(only(R"({"document": {"number": 1}, "file": "a"})").kind, Kind::Document);
+    EXPECT_EQ(only(R"({"document": {"number": 1}, "file": "a"})").target, QStringLiteral("a"));
+    EXPECT_EQ(only(R"({"printed": "x", "number": 7})").kind, Kind::Printed);
+    EXPECT_EQ(only(R"({"printed": "x", "number": 7})").times, 7);
     EXPECT_EQ(only(R"({"screenshot": "x"})").kind, Kind::Screenshot);
     EXPECT_EQ(only(R"({"say": "x"})").kind, Kind::Say);
     EXPECT_EQ(only(R"({"print": "a"})").kind, Kind::Print);
@@ -46,9 +50,9 @@ TEST(Scenario, everyKindOfStep_isRead)
 
 TEST(Scenario, oddSteps_areRefusedWithTheirNumber)
 {
-    for (const QByteArray step :
-         {R"({})", R"({"jump": 1})", R"({"wait": 5})", R"({"row": "2", "in": "a"})", R"({"row": 2})",
-          R"({"expect": "x"})", R"({"wait": "a", "in": "b"})", R"("wait")", R"({"receipt": []})"}) {
+    for (const QByteArray step : {R"({})", R"({"jump": 1})", R"({"wait": 5})", R"({"row": "2", "in": "a"})",
+                                  R"({"row": 2})", R"({"expect": "x"})", R"({"wait": "a", "in": "b"})", R"("wait")",
+                                  R"({"receipt": []})", R"({"document": {}})", R"({"printed": "x"})"}) {
         const ScenarioFile file = ScenarioFile::parse(R"({"steps": [{"say": "x"}, )" + step + "]}");
         EXPECT_TRUE(file.error.startsWith(QStringLiteral("step 2: "))) << step.constData() << qPrintable(file.error);
         EXPECT_TRUE(file.steps.isEmpty());

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+// The disk is full, or the data folder may not be written to, while the register works: what stands on the disk stays
+// as it was, and the cashier is told.
+
+#include "cashiersteps.h"
+#include "pharmacy.h"
+
+#include <QFile>
+
+#include <sys/stat.h>
+
+namespace
+{
+
+const char* const notSaved = "не сохранён на диск, в силе прежняя запись";
+
+class Disk : public Pharmacy
+{
+protected:
+    void SetUp() override
+    {
+        Pharmacy::SetUp();
+        leaveOpen("three-prescriptions.json");
+    }
+
+    /// A step that waits until the test has changed the disk; `when` names it.
+    static QByteArray changeOfTheDisk(const QByteArray& when)
+    {
+        return R"({"say": ")" + when + R"("}, {"document": {"changed": true}, "file": ")" + when +
+               R"(.json", "seconds": 50})";
+    }
+    /// Changes the disk when the running register has come to that step.
+    template <typename Change>
+    void changeDisk(const QString& when, const Change& change)
+    {
+        ASSERT_TRUE(waitForOutput(when));
+        QFile changed(dataFolder() + '/' + when + ".json");
+        ASSERT_TRUE(changed.open(QIODevice::WriteOnly)); // before the change, which may forbid it
+        change();
+        changed.write(R"({"changed": true})");
+    }
+
+    void setPermissions(mode_t mode) const { EXPECT_EQ(::chmod(QFile::encodeName(dataFolder()).constData(), mode), 0); }
+};
+
+TEST_F(Disk, fullWhenTheThirdIsRegistered_isToldTheFormerReceiptStandsAndTheNextSaveHoldsAll)
+{
+    registry.orderFault({{"endpoint", "register"}, {"nth", 3}, {"fault", "delay"}, {"delay", 2000}});
+    startSteps({cashier::findsTheReceipt, cashier::tries(R"({"key": "F6"})", notSaved),
+                R"({"expect": "ПОДЫТОГ", "in": "paymentCaptionLabel"})", changeOfTheDisk("freed"), cashier::pays});
+    ASSERT_TRUE(waitForRequests("register", 3));
+    fillDisk(512);
+    changeDisk("freed", [this] {
+        EXPECT_EQ(registeredBy(savedReceipt()).size(), 2);
+        EXPECT_EQ(savedPositions().size(), 3);
+        EXPECT_EQ(standingDispenses().size(), 3);
+        fillDisk(0);
+    });
+    expectHeld(waitForEnd());
+    EXPECT_EQ(registry.requestsTo("register"), 3);
+    EXPECT_EQ(registeredBy(finished(1)).size(), 3);
+    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+}
+
+TEST_F(Disk, fullAtTheClosing_isToldAndTheReceiptStaysOpenUntilThereIsRoom)
+{
+    startSteps({cashier::findsTheReceipt, cashier::toThePayment, changeOfTheDisk("filled"),
+                cashier::tries(R"({"key": "Return"})", notSaved),
+                R"({"expect": "К ОПЛАТЕ", "in": "paymentCaptionLabel"})", cashier::findsTheReceipt,
+                changeOfTheDisk("freed"), R"({"key": "Return"})", cashier::isIdle});
+    changeDisk("filled", [this] { fillDisk(512); });
+    changeDisk("freed", [this] {
+        EXPECT_EQ(savedReceipt()["state"].toString(), "open");
+        EXPECT_EQ(files("finished"), QStringList());
+        fillDisk(0);
+    });
+    expectHeld(waitForEnd());
+    EXPECT_EQ(finished(1)["state"].toString(), "closed");
+    EXPECT_TRUE(savedReceipt().isEmpty());
+    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+}
+
+TEST_F(Disk, folderReadOnlyAtTheClosing_isToldAndTheReceiptStaysOpenUntilItIsWritable)
+{
+    startSteps({cashier::findsTheReceipt, cashier::toThePayment, changeOfTheDisk("locked"),
+                cashier::tries(R"({"key": "Return"})", notSaved),
+                R"({"expect": "К ОПЛАТЕ", "in": "paymentCaptionLabel"})", cashier::findsTheReceipt});
+    changeDisk("locked", [this] { setPermissions(S_IRUSR | S_IXUSR); });
+    expectHeld(waitForEnd());
+    setPermissions(S_IRWXU);
+    EXPECT_EQ(savedReceipt()["state"].toString(), "open");
+    EXPECT_EQ(files("finished"), QStringList());
+
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    EXPECT_EQ(finished(1)["state"].toString(), "closed");
+    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+}
+
+TEST_F(Disk, fullWhenAReceiptIsPutAside_isToldAndItStaysOpen)
+{
+    startSteps({cashier::findsTheReceipt, changeOfTheDisk("filled"),
+                cashier::tries(R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "1"})", notSaved),
+                cashier::findsTheReceipt});
+    changeDisk("filled", [this] { fillDisk(512); });
+    expectHeld(waitForEnd());
+    EXPECT_EQ(files("putaside"), QStringList());
+    EXPECT_EQ(savedPositions().size(), 3);
+}
+
+} // namespace
