@@ -13,6 +13,7 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 
 #include <utility>
 
@@ -103,8 +104,13 @@ void DocumentListForm::setUpButtons()
         const QString key = entry.shortcut.toString(QKeySequence::NativeText);
         entry.button->setText(key.isEmpty() ? entry.text.ui() : key + QLatin1Char(' ') + entry.text.ui());
         entry.button->setAccessibleName(entry.text.ui());
-        entry.button->setShortcut(entry.shortcut);
         connect(entry.button, &QPushButton::clicked, this, entry.act);
+        if (entry.shortcut.isEmpty())
+            continue;
+        // A button's own shortcut would click a moment later, perhaps when another document is the current one.
+        auto* pressed = new QShortcut(entry.shortcut, rootWidget());
+        pressed->setAutoRepeat(false);
+        connect(pressed, &QShortcut::activated, entry.button, &QPushButton::click);
     }
     if (auto* keyboard = findWidget<TalloKeyboard>(QStringLiteral("talloKeyboard"), false))
         keyboard->setKeyboardLayouts(QStringLiteral("digits"));
@@ -153,7 +159,7 @@ void DocumentListForm::showCurrent()
     m_takeUp->setEnabled(isPutAside && m_params.openReceipt == 0);
     m_takeBack->setEnabled(isSale && m_params.openReceipt == 0);
     m_annul->setEnabled(isPutAside || isSale);
-    m_print->setEnabled(state == Receipt::State::Closed);
+    m_print->setEnabled(state == Receipt::State::Closed || state == Receipt::State::Annulled);
 
     m_positions.refresh(document);
     for (const auto column : {ReceiptTableModel::Mark, ReceiptTableModel::State})

@@ -20,7 +20,7 @@ struct DocumentListParams {
     std::function<QList<Document>()> documents;      ///< asked again after each change
     std::function<bool(const Receipt&)> isTakenBack; ///< also true while the sale is being taken back
     std::function<void(const Document&)> annul;      ///< runs while the list is on top
-    std::function<void(const Document&)> print;      ///< prints a copy of a closed document
+    std::function<void(const Document&)> print;      ///< prints a copy of a closed or annulled document
     int openReceipt = 0;                             ///< the receipt that stands in the way of another; 0: none is open
     const PositionMarks* marks = nullptr;            ///< not owned
 

@@ -7,6 +7,7 @@
 
 #include <iterator>
 #include <tuple>
+#include <utility>
 
 TEST(FunctionKey, nothingConfigured_theDefaultKeysStand)
 {
@@ -61,4 +62,45 @@ TEST(FunctionKey, withoutAnAction_isLeftOut)
     const auto keys = configuredFunctionKeys(config);
     ASSERT_EQ(keys.size(), 1);
     EXPECT_EQ(keys.at(0).name, QStringLiteral("goodsKey"));
+}
+
+TEST(FunctionKey, noMenuConfigured_theUsualEntriesStand)
+{
+    const auto entries = configuredMenuEntries(Config());
+    const std::pair<const char*, int> usual[] = {
+        {"putAsideEntry", registeraction::putAside},           {"documentsEntry", registeraction::showDocuments},
+        {"takeBackEntry", registeraction::takeBack},           {"annulEntry", registeraction::annulByNumber},
+        {"cancelReceiptEntry", registeraction::cancelReceipt},
+    };
+    ASSERT_EQ(entries.size(), std::size(usual));
+    for (qsizetype i = 0; i < entries.size(); ++i) {
+        EXPECT_EQ(entries.at(i).name, QLatin1String(usual[i].first));
+        EXPECT_EQ(entries.at(i).actionType, usual[i].second) << usual[i].first;
+    }
+    EXPECT_EQ(entries.at(4).arguments, (QVariantMap{{QStringLiteral("by"), QStringLiteral("206")}}));
+}
+
+TEST(FunctionKey, keysAndEntries_mayChangePlaces)
+{
+    Config config;
+    config.setForThisRun(QStringLiteral("FunctionKeys:keys"), QStringLiteral("documentsEntry"));
+    config.setForThisRun(QStringLiteral("FunctionKey.documentsEntry:key"), QStringLiteral("F7"));
+    config.setForThisRun(QStringLiteral("Menu:entries"), QStringLiteral("removeKey"));
+    const auto keys = configuredFunctionKeys(config);
+    ASSERT_EQ(keys.size(), 1);
+    EXPECT_EQ(keys.at(0).actionType, registeraction::showDocuments);
+    EXPECT_EQ(keys.at(0).shortcut, QKeySequence(Qt::Key_F7));
+    const auto entries = configuredMenuEntries(config);
+    ASSERT_EQ(entries.size(), 1);
+    EXPECT_EQ(entries.at(0).actionType, registeraction::removePosition);
+}
+
+TEST(FunctionKey, moreEntriesThanDigits_theLastOnesAreLeftOut)
+{
+    Config config;
+    config.setForThisRun(QStringLiteral("Menu:entries"),
+                         QStringLiteral("goodsKey,").repeated(9) + QStringLiteral("removeKey"));
+    const auto entries = configuredMenuEntries(config);
+    ASSERT_EQ(entries.size(), 9);
+    EXPECT_EQ(entries.last().name, QStringLiteral("goodsKey"));
 }

@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+// The menu and the commands that it gives.
+#include "documentcommands.h"
+#include "menucommands.h"
+#include "registeraction.h"
+#include "tillwindow.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+class MenuTest : public TillWindow
+{
+protected:
+    MenuTest()
+        : printer(folder.path(), marks)
+        , documentCommands(*sale, printer, marks)
+    {
+        documentCommands.offer(controller.object);
+    }
+
+    void openWindow()
+    {
+        menuCommands = std::make_unique<MenuCommands>(*sale, configuredMenuEntries(*Singleton<Config>::get()));
+        menuCommands->offer(controller.object);
+        TillWindow::openWindow();
+    }
+    /// Opens the menu, does `act` in it, and waits until everything that it brought about is done.
+    void inMenu(const Cashier::Act& act)
+    {
+        cashier.onForm(QStringLiteral("menuForm"), act);
+        press(Qt::Key_F10);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
+        ASSERT_TRUE(becomesIdle());
+    }
+    static QPushButton* entry(const QWidget& menu, const char* name)
+    {
+        return menu.findChild<QPushButton*>(QLatin1String(name));
+    }
+
+    ReceiptPrinter printer;
+    DocumentCommands documentCommands;
+    std::unique_ptr<MenuCommands> menuCommands;
+};
+
+TEST_F(MenuTest, withoutAReceipt_whatNeedsOneSaysSo)
+{
+    openWindow();
+    inMenu([](QWidget& menu) {
+        const std::tuple<const char*, const char*, bool> entries[] = {
+            {"putAsideEntry", "1. Отложить чек — чек не открыт", false},
+            {"documentsEntry", "2. Документы", true},
+            {"takeBackEntry", "3. Возврат продажи", true},
+            {"annulEntry", "4. Аннулировать по номеру", true},
+            {"cancelReceiptEntry", "5. Отменить чек — чек не открыт", false},
+        };
+        for (const auto& [name, text, enabled] : entries) {
+            ASSERT_TRUE(entry(menu, name)) << name;
+            EXPECT_EQ(entry(menu, name)->text(), QString::fromUtf8(text));
+            EXPECT_EQ(entry(menu, name)->isEnabled(), enabled) << name;
+        }
+        EXPECT_EQ(QApplication::focusWidget(), entry(menu, "documentsEntry")) << "the first one that is possible";
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    });
+}
+
+TEST_F(MenuTest, withAReceipt_nothingIsTakenBack)
+{
+    sale->add(article(amoxidar));
+    openWindow();
+    inMenu([](QWidget& menu) {
+        EXPECT_EQ(entry(menu, "takeBackEntry")->text(),
+                  QStringLiteral("3. Возврат продажи — сначала завершите чек № 1"));
+        EXPECT_FALSE(entry(menu, "takeBackEntry")->isEnabled());
+        EXPECT_TRUE(entry(menu, "putAsideEntry")->isEnabled());
+        EXPECT_TRUE(entry(menu, "cancelReceiptEntry")->isEnabled());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    });
+}
+
+TEST_F(MenuTest, takeBackOpen_isNotPutAside)
+{
+    sale->add(article(amoxidar));
+    ASSERT_TRUE(sale->close(1240));
+    ASSERT_TRUE(sale->takeBack(sale->archive().find(1)));
+    openWindow();
+    inMenu([](QWidget& menu) {
+        EXPECT_EQ(entry(menu, "putAsideEntry")->text(), QStringLiteral("1. Отложить чек — возврат не откладывают"));
+        EXPECT_FALSE(entry(menu, "putAsideEntry")->isEnabled());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    });
+}
+
+struct Way {
+    const char* name;
+    void (*choose)(QWidget& menu);
+};
+
+class MenuChoice : public MenuTest, public ::testing::WithParamInterface<Way>
+{
+};
+
+TEST_P(MenuChoice, putAside_isDoneAfterTheMenuHasClosed)
+{
+    sale->add(article(amoxidar));
+    openWindow();
+    EContext::Code context = EContext::DialogOnTop;
+    controller.object.addTrigger({EContext::OpenReceipt, registeraction::putAside, ActionTrigger::Before,
+                                  [&](const control::Action&) {
+                                      context = controller.object.context();
+                                      return EContext::GoOn;
+                                  },
+                                  ActionTrigger::Any, 1});
+    inMenu(GetParam().choose);
+    EXPECT_EQ(context, EContext::OpenReceipt);
+    EXPECT_FALSE(sale->receipt());
+    EXPECT_EQ(sale->archive().find(1)->getState(), Receipt::State::PutAside);
+    EXPECT_EQ(widget<QLabel>("statusMessageLabel")->text(), QStringLiteral("Чек № 1 отложен"));
+    EXPECT_EQ(QApplication::focusWidget(), widget<QWidget>("searchLineEdit"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , MenuChoice,
+    ::testing::Values(Way{"digit", [](QWidget&) { QTest::keyClick(QApplication::focusWidget(), Qt::Key_1); }},
+                      Way{"keypadDigit",
+                          [](QWidget&) {
+                              QTest::keyClick(QApplication::focusWidget(), Qt::Key_1, Qt::KeypadModifier);
+                          }},
+                      Way{"return", [](QWidget&) { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }},
+                      Way{"downUpReturn",
+                          [](QWidget&) {
+                              for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Return})
+                                  QTest::keyClick(QApplication::focusWidget(), key);
+                          }},
+                      Way{"touch",
+                          [](QWidget& menu) {
+                              QTest::mouseClick(menu.findChild<QPushButton*>(QStringLiteral("putAsideEntry")),
+                                                Qt::LeftButton);
+                          }}),
+    [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_F(MenuTest, cancelReceipt_isCancelledByTheMenusAction)
+{
+    sale->add(article(amoxidar));
+    openWindow();
+    QList<int> asked;
+    for (const auto type : {control::StornoAll, control::StornoAllFromMenu})
+        controller.object.addTrigger({EContext::OpenReceipt, type, ActionTrigger::Before,
+                                      [&asked](const control::Action& action) {
+                                          asked.append(action.getType());
+                                          return EContext::GoOn;
+                                      },
+                                      ActionTrigger::Any, 1});
+    inMenu([this](QWidget&) {
+        cashier.onForm(QStringLiteral("questionForm"), [](QWidget& question) {
+            question.findChild<QPushButton*>(QStringLiteral("yesButton"))->click();
+        });
+        press(Qt::Key_5);
+    });
+    EXPECT_FALSE(sale->receipt());
+    EXPECT_EQ(asked, QList<int>{control::StornoAllFromMenu});
+}
+
+TEST_F(MenuTest, digitOfWhatIsNotPossible_leavesTheMenuOpen)
+{
+    openWindow();
+    bool stands = false;
+    inMenu([&](QWidget& menu) {
+        press(Qt::Key_1);
+        press(Qt::Key_9);
+        press(Qt::Key_0);
+        stands = gui.object.topForm() && menu.isVisible();
+        press(Qt::Key_Escape);
+    });
+    EXPECT_TRUE(stands);
+}
+
+TEST_F(MenuTest, left_nothingHappens)
+{
+    sale->add(article(amoxidar));
+    openWindow();
+    const QList<Cashier::Act> ways{
+        [this](QWidget&) { press(Qt::Key_Escape); },
+        [](QWidget& menu) { QTest::mouseClick(entry(menu, "cancelButton"), Qt::LeftButton); },
+        [this](QWidget&) { gui.object.cancelForms(); },
+    };
+    for (const Cashier::Act& leave : ways) {
+        inMenu(leave);
+        EXPECT_TRUE(sale->receipt());
+        EXPECT_EQ(QApplication::focusWidget(), widget<QWidget>("searchLineEdit"));
+    }
+}
+
+TEST_F(MenuTest, configuredEntry_getsItsArgumentsAndTheCurrentPosition)
+{
+    config.set(QStringLiteral("Menu:entries"), QStringLiteral("mine"));
+    config.set(QStringLiteral("FunctionKey.mine:text"), QStringLiteral("Скидка"));
+    config.set(QStringLiteral("FunctionKey.mine:action"), QStringLiteral("94"));
+    config.set(QStringLiteral("FunctionKey.mine:arguments"), QStringLiteral("status=active"));
+    sale->add(article(amoxidar));
+    openWindow();
+    inMenu([this](QWidget& menu) {
+        EXPECT_EQ(entry(menu, "mine")->text(), QStringLiteral("1. Скидка — нет модуля"));
+        press(Qt::Key_Escape);
+    });
+    QVariantMap given;
+    controller.object.addHandler({EContext::OpenReceipt, control::PluginCommand,
+                                  [&given](const control::Action& action) {
+                                      given = action.toMap();
+                                      return EContext::GoOn;
+                                  },
+                                  true});
+    inMenu([this](QWidget&) { press(Qt::Key_1); });
+    EXPECT_EQ(given, (QVariantMap{{QStringLiteral("status"), QStringLiteral("active")},
+                                  {QStringLiteral("positionNumber"), 1}}));
+}
+
+TEST_F(MenuTest, nineEntries_fitTheSmallestScreenByTouch)
+{
+    config.set(QStringLiteral("GUI:touchMode"), QStringLiteral("true"));
+    config.set(QStringLiteral("Menu:entries"),
+               QStringLiteral("putAsideEntry,documentsEntry,takeBackEntry,annulEntry,cancelReceiptEntry,goodsKey,"
+                              "quantityKey,removeKey,subtotalKey"));
+    openWindow();
+    bool fits = false;
+    inMenu([&](QWidget& menu) {
+        fits = window->rect().contains(menu.geometry()) && menu.height() >= menu.minimumSizeHint().height();
+        press(Qt::Key_Escape);
+    });
+    EXPECT_TRUE(fits);
+}
