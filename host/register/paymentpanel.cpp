@@ -58,7 +58,7 @@ PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
     arrangeControls();
     for (QWidget* keyReceiver : {static_cast<QWidget*>(m_received), static_cast<QWidget*>(m_pay)})
         keyReceiver->installEventFilter(this);
-    connect(m_received, &QLineEdit::textChanged, this, &PaymentPanel::showChange);
+    connect(m_received, &QLineEdit::textChanged, this, [this] { showChange(); });
     connect(m_pay, &QPushButton::clicked, this, &PaymentPanel::confirmed);
     connect(m_back, &QPushButton::clicked, this, &PaymentPanel::left);
     connect(m_keyboard, &TalloKeyboard::keyPressed, Singleton<InactivityLocker>::get(), &InactivityLocker::resetTimer);
@@ -190,23 +190,24 @@ void PaymentPanel::showPayingOut()
 void PaymentPanel::showChange()
 {
     const std::optional<Kopecks> received = m_received->text().isEmpty() ? m_sum : typedAmount(m_received->text());
-    const char* role = "value";
-    if (!received) {
-        m_change->setText(tr::Tr(QStringLiteral("paymentNoAmount"), QStringLiteral("Не сумма")).ui());
-        role = "error";
-    } else if (*received < m_sum) {
-        m_change->setText(tr::Tr(QStringLiteral("paymentMissing"), QStringLiteral("Не хватает %1"))
-                              .arg(amountText(m_sum - *received))
-                              .ui());
-        role = "waiting";
-    } else {
-        m_change->setText(tr::Tr(QStringLiteral("paymentChange"), QStringLiteral("Сдача %1"))
-                              .arg(amountText(*received - m_sum))
-                              .ui());
-    }
-    setStyleProperty(*m_change, QStringLiteral("textRole"), QLatin1String(role));
+    if (!received)
+        showChange({QStringLiteral("paymentNoAmount"), QStringLiteral("Не сумма")}, "error");
+    else if (*received < m_sum)
+        showChange(tr::Tr(QStringLiteral("paymentMissing"), QStringLiteral("Не хватает %1"))
+                       .arg(amountText(m_sum - *received)),
+                   "waiting");
+    else
+        showChange(
+            tr::Tr(QStringLiteral("paymentChange"), QStringLiteral("Сдача %1")).arg(amountText(*received - m_sum)),
+            "value");
     showKeyHint({QStringLiteral("paymentHint"),
                  QStringLiteral("Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека.")});
+}
+
+void PaymentPanel::showChange(const tr::Tr& change, const char* textRole)
+{
+    setStyleProperty(*m_change, QStringLiteral("textRole"), QLatin1String(textRole)); // first: it decides on the room
+    m_change->setText(change.ui());
 }
 
 /// Who works by touch sees the buttons, and has no such keys.

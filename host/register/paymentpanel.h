@@ -6,6 +6,7 @@
 #include "scanrecognizer_p.h"
 #include "tr.h"
 
+#include <QSharedPointer>
 #include <QWidget>
 
 class QKeyEvent;
@@ -47,6 +48,7 @@ private:
     void showPayment();
     void showPayingOut();
     void showChange();
+    void showChange(const tr::Tr& change, const char* textRole);
     void showKeyHint(const tr::Tr& hint);
     void showHint(const tr::Tr& hint, const char* textRole);
     bool takeKey(const QKeyEvent& key);
