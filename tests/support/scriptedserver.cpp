@@ -231,7 +231,7 @@ private:
             return m_shared.choose(request);
         if (m_shared.reactions.empty())
             return Reaction::json(200, "{}");
-        const Reaction next = m_shared.reactions.front();
+        Reaction next = m_shared.reactions.front();
         m_shared.reactions.pop_front();
         return next;
     }
