@@ -181,15 +181,27 @@ const PowerFailure takeBackUnsaved[] = {
 
 using TakeBackWithOneUnsaved = PowerCutAtATakeBack;
 
-TEST_P(TakeBackWithOneUnsaved, isRefusedByTheRegistryEverAfterAndCanOnlyBeGivenUp)
+TEST_P(TakeBackWithOneUnsaved, isRefusedByTheRegistryUntilTheDocumentIsCorrected)
 {
     playUntil(GetParam(), {takesBack});
     EXPECT_EQ(registeredBy(savedReceipt()).size(), standingDispenses().size() + 1);
 
-    expectHeld(
-        playSteps({cashier::findsTheReceipt, cashier::tries(R"({"key": "F6"})", "уже отменён"),
-                   cashier::tries(R"({"key": "F6"})", "уже отменён"), cashier::cancelsTheReceipt, cashier::isIdle}));
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::tries(R"({"key": "F6"})", "уже отменён"),
+                          cashier::tries(R"({"key": "F6"})", "уже отменён")}));
+    EXPECT_EQ(registeredBy(savedReceipt()).size(), standingDispenses().size() + 1);
+
+    correct("receipt.json");
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::paysOut}));
+    expectTakenBackBy(2);
+}
+
+TEST_P(TakeBackWithOneUnsaved, canBeGivenUpAndTheSaleStaysSold)
+{
+    playUntil(GetParam(), {takesBack});
+
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::cancelsTheReceipt, cashier::isIdle}));
     EXPECT_EQ(finished(2)["state"].toString(), "cancelled");
+    EXPECT_EQ(finished(1)["state"].toString(), "closed");
     EXPECT_EQ(registeredBy(finished(1)).size(), standingDispenses().size() + 1);
 }
 
@@ -264,7 +276,7 @@ const PowerFailure annulmentOfASaleUnsaved[] = {
 
 using AnnullingASaleWithOneUnsaved = PowerCutAtAnAnnulment;
 
-TEST_P(AnnullingASaleWithOneUnsaved, isRefusedByTheRegistryEverAfterAndSoIsItsTakeBack)
+TEST_P(AnnullingASaleWithOneUnsaved, isRefusedByTheRegistryAndSoIsItsTakeBackUntilTheSaleIsCorrected)
 {
     playUntil(GetParam(), {sells, cashier::annuls});
     EXPECT_EQ(registeredBy(finished(1)).size(), 3);
@@ -274,6 +286,10 @@ TEST_P(AnnullingASaleWithOneUnsaved, isRefusedByTheRegistryEverAfterAndSoIsItsTa
                           cashier::findsTheReceipt, cashier::tries(R"({"key": "F6"})", "уже отменён"),
                           cashier::cancelsTheReceipt, cashier::isIdle}));
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
+
+    correct("finished/00000001.json");
+    expectHeld(playSteps({cashier::isIdle, cashier::annuls, cashier::isIdle}));
+    expectAnnulled();
 }
 
 INSTANTIATE_TEST_SUITE_P(At, AnnullingASaleWithOneUnsaved, ::testing::ValuesIn(annulmentOfASaleUnsaved), nameOf);

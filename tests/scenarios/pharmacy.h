@@ -65,6 +65,8 @@ protected:
     /// The open receipt as it is saved; empty when there is none.
     QJsonObject savedReceipt() const;
     QJsonArray savedPositions() const;
+    /// The document in a file of the data folder; empty when there is none.
+    QJsonObject document(const QString& file) const;
     /// A document put aside, or a finished one, by its number; empty when there is none.
     QJsonObject putAside(int number) const;
     QJsonObject finished(int number) const;
@@ -83,7 +85,6 @@ protected:
     QStringList standingDispenses();
 
 private:
-    QJsonObject document(const QString& file) const;
     void writeConfiguration(const QString& file) const;
     void launch(const QString& scenario, const QStringList& options);
     void launchSteps(const QByteArrayList& steps, const QStringList& options);

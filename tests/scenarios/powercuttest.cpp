@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonDocument>
 
 namespace
 {
@@ -59,6 +60,27 @@ void PowerCutTest::playUntil(const PowerFailure& failure, const QByteArrayList& 
     const Outcome outcome = waitForEnd();
     ASSERT_TRUE(wasKilled()) << qPrintable(outcome.output);
     registry.takeBackFaults();
+}
+
+void PowerCutTest::correct(const QString& file)
+{
+    QJsonObject corrected = document(file);
+    QJsonArray positions = corrected["positions"].toArray();
+    for (QJsonValueRef entry : positions) {
+        QJsonObject position = entry.toObject();
+        QJsonObject options = optionsOf(position);
+        const auto dispenses = registry.dispensesOf(options["id"].toString());
+        if (dispenses.isEmpty())
+            continue;
+        options["medicationDispenseId"] = dispenses.last().id;
+        options["status"] = dispenses.last().cancelled ? "canceled" : "dispensed";
+        position["extendedOptions"] = QString::fromUtf8(QJsonDocument(options).toJson(QJsonDocument::Compact));
+        entry = position;
+    }
+    corrected["positions"] = positions;
+    QFile saved(dataFolder() + '/' + file);
+    ASSERT_TRUE(saved.open(QIODevice::WriteOnly));
+    saved.write(QJsonDocument(corrected).toJson());
 }
 
 void PowerCutTest::expectRegisteredOnce(const QJsonObject& receipt)

@@ -38,6 +38,10 @@ protected:
     /// Plays the steps until the power goes, which has to happen on the way.
     void playUntil(const PowerFailure& failure, const QByteArrayList& steps);
 
+    /// What an administrator does while the register is closed: makes a saved document say of each prescription what
+    /// the registry holds of its latest dispense. The file is one of the data folder.
+    void correct(const QString& file);
+
     /// Every prescription of the receipt is registered, once, and the receipt knows it.
     void expectRegisteredOnce(const QJsonObject& receipt);
     /// Nothing stands with the registry.

@@ -192,6 +192,15 @@ TEST_F(Subtotal, registryFailsOnTheWayToThePayment_paymentIsNotShownAndNothingIs
     EXPECT_EQ(files("finished"), QStringList());
 }
 
+TEST_F(Subtotal, answerLost_cashierReadsThatItMayHaveBeenBookedAndItIsNotSentAgainByItself)
+{
+    registry.orderFault({{"endpoint", "register"}, {"nth", 2}, {"fault", "cut"}});
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::tries(R"({"key": "F6"})", "Запрос мог быть выполнен")}));
+    EXPECT_EQ(registry.requestsTo("register"), 2);
+    EXPECT_EQ(registeredBy(savedReceipt()).size(), 1);
+    EXPECT_EQ(standingDispenses().size(), 2);
+}
+
 TEST_F(Subtotal, registeredPosition_keepsItsQuantity)
 {
     expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::backToThePositions,

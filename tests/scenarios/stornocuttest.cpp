@@ -145,7 +145,7 @@ const PowerFailure cancellationUnsaved[] = {
 
 using CancellingWithOneUnsaved = PowerCutAtTheStorno;
 
-TEST_P(CancellingWithOneUnsaved, isRefusedByTheRegistryEverAfterAndTheReceiptCanBePutAside)
+TEST_P(CancellingWithOneUnsaved, isRefusedByTheRegistryUntilTheReceiptIsCorrected)
 {
     playUntil(GetParam(), {registers, cashier::cancelsTheReceipt});
     EXPECT_EQ(registeredBy(savedReceipt()).size(), standingDispenses().size() + 1);
@@ -154,6 +154,11 @@ TEST_P(CancellingWithOneUnsaved, isRefusedByTheRegistryEverAfterAndTheReceiptCan
                           cashier::tries(cashier::cancelsTheReceipt, "уже отменён"), cashier::putsAside}));
     EXPECT_EQ(registeredBy(putAside(1)).size(), standingDispenses().size() + 1);
     EXPECT_TRUE(savedReceipt().isEmpty());
+
+    correct("putaside/00000001.json");
+    expectHeld(playSteps({cashier::takesUp, cashier::cancelsTheReceipt, cashier::isIdle}));
+    EXPECT_EQ(finished(1)["state"].toString(), "cancelled");
+    EXPECT_EQ(cancelled(), (QList<bool>{true, true, true}));
 }
 
 INSTANTIATE_TEST_SUITE_P(At, CancellingWithOneUnsaved, ::testing::ValuesIn(cancellationUnsaved), nameOf);

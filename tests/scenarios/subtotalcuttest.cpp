@@ -65,6 +65,15 @@ TEST_P(WithACompleteDispenseUnsaved, theRegistryRefusesASecondOneAndWithoutThePo
     EXPECT_EQ(standingDispenses().mid(1), known);
 }
 
+TEST_P(WithACompleteDispenseUnsaved, correctedReceiptIsSoldWithIt)
+{
+    playUntil(GetParam(), {cashier::findsTheReceipt, cashier::subtotal});
+    correct("receipt.json");
+
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    expectRegisteredOnce(finished(1));
+}
+
 INSTANTIATE_TEST_SUITE_P(At, WithACompleteDispenseUnsaved, ::testing::ValuesIn(firstUnsaved), nameOf);
 
 const PowerFailure partUnsaved[] = {
@@ -92,6 +101,15 @@ TEST_P(WithAPartialDispenseUnsaved, theNextSubtotalBooksItAgainAndTheReceiptKnow
     EXPECT_EQ(standing.size(), 4);
     standing.removeIf([&](const QString& line) { return line.endsWith(booked[0].id); });
     EXPECT_EQ(standing, known);
+}
+
+TEST_P(WithAPartialDispenseUnsaved, correctedReceiptIsSoldWithoutBookingItAgain)
+{
+    playUntil(GetParam(), {cashier::findsTheReceipt, cashier::subtotal});
+    correct("receipt.json");
+
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    expectRegisteredOnce(finished(1));
 }
 
 INSTANTIATE_TEST_SUITE_P(At, WithAPartialDispenseUnsaved, ::testing::ValuesIn(partUnsaved), nameOf);
