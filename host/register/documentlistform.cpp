@@ -76,7 +76,7 @@ void DocumentListForm::setUpTables()
         QStringLiteral("mark;;-2;true;132"),
         QStringLiteral("quantity;;76;true;130"),
         QStringLiteral("initialPrice;;0;false;130"),
-        QStringLiteral("price;;88;true;130"),
+        QStringLiteral("price;;0;false;130"),
         QStringLiteral("sum;;104;true;130"),
         QStringLiteral("state;;-2;true;129"),
     });
