@@ -73,6 +73,8 @@ void setStyleProperty(QWidget& widget, const QString& name, const QVariant& valu
     widget.setProperty(name.toUtf8().constData(), value);
     widget.style()->unpolish(&widget);
     widget.style()->polish(&widget);
+    QEvent changed(QEvent::StyleChange); // without it a frame keeps the padding that it had
+    QApplication::sendEvent(&widget, &changed);
 }
 
 int registerTextSize(int windowHeight)

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the cashier learns when a plug-in ends an action.
+#include "finally.h"
+#include "registerstyle.h"
 #include "shownmessages.h"
 #include "tillwindow.h"
 
@@ -56,12 +58,15 @@ TEST_F(RefusalTest, pluginStopsAtTheSubtotalAlreadyShown_theSubtotalStays)
 TEST_F(RefusalTest, refusalInTheStatusLine_isReadWholeOnTheSmallestScreen)
 {
     answer(control::Subtotal, EContext::Stop);
+    applyRegisterStyle(*qApp, 600);
+    const Finally undressed([] { qApp->setStyleSheet(QString()); });
     openWindow();
     widget<StatusLine>("statusLine")->showPlugins(QStringLiteral("Модулей: 1"), {});
     press(Qt::Key_F6);
     ASSERT_TRUE(becomesIdle());
     QApplication::processEvents();
     EXPECT_LE(status()->heightForWidth(status()->width()), status()->height());
+    EXPECT_GE(status()->contentsRect().left(), 8) << "not at the very edge of the amber";
 }
 
 TEST_F(RefusalTest, messageThatStands_comesBackAfterTheRefusal)
