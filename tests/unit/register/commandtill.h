@@ -5,12 +5,27 @@
 #include "till.h"
 
 #include <QPushButton>
+#include <QTimer>
+
+#include <stdexcept>
+#include <string>
 
 /// A register whose commands are executed, with a cashier who answers its forms.
 class CommandTill : public Till
 {
 protected:
-    CommandTill() { Q_INIT_RESOURCE(register); }
+    CommandTill()
+    {
+        Q_INIT_RESOURCE(register);
+        QObject::connect(&m_watchdog, &QTimer::timeout, [this] {
+            if (!gui.object.topForm())
+                return;
+            ADD_FAILURE() << "A form that nobody expected waits for an answer";
+            gui.object.cancelForms();
+            m_watchdog.setInterval(1); // nor shall the next one be waited for
+        });
+        m_watchdog.start(20'000);
+    }
 
     EContext::Result run(control::EActionType type, const QVariantMap& arguments = {})
     {
@@ -50,8 +65,18 @@ protected:
         EXPECT_TRUE(sale->putAside());
         return number;
     }
-    QSharedPointer<Receipt> archived(int number) const { return sale->archive().find(number); }
+    /// Throws, which fails the test, when there is none.
+    QSharedPointer<Receipt> archived(int number) const
+    {
+        auto document = sale->archive().find(number);
+        if (!document)
+            throw std::out_of_range("no document " + std::to_string(number));
+        return document;
+    }
 
     control::Action action;
     Cashier cashier;
+
+private:
+    QTimer m_watchdog; ///< only bounds a failure
 };

@@ -6,6 +6,10 @@
 #include <QDir>
 #include <QJsonArray>
 
+#include <functional>
+#include <stdexcept>
+#include <string>
+
 class SaleTest : public Till
 {
 protected:
@@ -116,7 +120,14 @@ TEST_F(SaleTest, damagedReceipt_isToldAndANewOneTakesAnotherNumber)
 class DocumentChanges : public SaleTest
 {
 protected:
-    QSharedPointer<Receipt> archived(int number) const { return sale->archive().find(number); }
+    /// Throws, which fails the test, when there is none.
+    QSharedPointer<Receipt> archived(int number) const
+    {
+        auto document = sale->archive().find(number);
+        if (!document)
+            throw std::out_of_range("no document " + std::to_string(number));
+        return document;
+    }
     bool isOpenSaved() const { return QFile::exists(folder.filePath(QStringLiteral("receipt.json"))); }
     /// Sells an article; the number of the sale.
     int sold() const
@@ -264,7 +275,7 @@ TEST_F(DocumentChanges, takenUp_isCurrentAndToldByEvent17Alone)
     EXPECT_EQ(sale->receipt(), document);
     EXPECT_EQ(document->getState(), Receipt::State::Open);
     EXPECT_EQ(savedReceipt(), document->toJson());
-    EXPECT_FALSE(archived(1));
+    EXPECT_FALSE(sale->archive().find(1));
 }
 
 TEST_F(DocumentChanges, takingUp_isRefusedForWhatIsNotPutAsideAndWhileAReceiptIsOpen)
