@@ -67,7 +67,7 @@ QString writeWholeFile(const QString& folder, const QString& file, const QByteAr
     if (!QFileInfo(subfolder).isDir()) {
         if (!QDir().mkdir(subfolder))
             return qt_error_string(errno);
-        if (const QString failure = syncFolder(folder); !failure.isEmpty())
+        if (QString failure = syncFolder(folder); !failure.isEmpty())
             return failure;
     }
     QString failure = replaceFile(path, content);
