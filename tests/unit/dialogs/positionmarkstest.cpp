@@ -47,11 +47,14 @@ TEST(PositionMarks, everyStateOfAPosition_hasItsWordsInAReadableColour)
                                          QJsonValue(positionformat::canceled)}));
 }
 
-TEST(PositionMarks, receiptLines_areOrganizationAndSerialNumber)
+TEST(PositionMarks, receiptLines_areDiscountOrganizationAndSerialNumber)
 {
     const auto lines = prescriptionMark().value("receiptLines").toArray();
-    ASSERT_EQ(lines.size(), 2);
-    EXPECT_EQ(lines.at(0).toObject(),
+    ASSERT_EQ(lines.size(), 3);
+    EXPECT_EQ(
+        lines.at(0).toObject(),
+        (QJsonObject{{"option", positionformat::sumFactor}, {"label", "Скидка по рецепту"}, {"form", "discount"}}));
+    EXPECT_EQ(lines.at(1).toObject(),
               (QJsonObject{{"option", positionformat::organization}, {"label", "Организация"}}));
-    EXPECT_EQ(lines.at(1).toObject(), (QJsonObject{{"option", positionformat::serialNumber}, {"label", "Рецепт"}}));
+    EXPECT_EQ(lines.at(2).toObject(), (QJsonObject{{"option", positionformat::serialNumber}, {"label", "Рецепт"}}));
 }
