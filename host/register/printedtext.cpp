@@ -54,7 +54,8 @@ QStringList wrapped(const QString& text, int columns)
         line.clear();
         width = 0;
     };
-    for (const QString& word : printable(text).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+    const QString glued = printable(text).replace(QStringLiteral("№ "), QStringLiteral("№") + QChar::Nbsp);
+    for (const QString& word : glued.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
         const QStringList letters = characters(word);
         if (width + 1 + letters.size() > columns)
             finishLine();
@@ -65,7 +66,7 @@ QStringList wrapped(const QString& text, int columns)
         for (const QString& letter : letters) {
             if (width == columns)
                 finishLine();
-            line += letter;
+            line += letter == QChar::Nbsp ? QStringLiteral(" ") : letter;
             ++width;
         }
     }

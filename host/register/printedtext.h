@@ -13,7 +13,8 @@ namespace printedtext
 QString printable(const QString& text);
 
 /// The printable text in lines of at most `columns` characters, broken at blanks, and within a word that is longer than
-/// a line. What belongs to one character as it is read, such as its accents, stays together. Empty for no text.
+/// a line. What belongs to one character as it is read, such as its accents, stays together, and so does a "№" with its
+/// number. Empty for no text.
 QStringList wrapped(const QString& text, int columns);
 
 } // namespace printedtext

@@ -65,6 +65,13 @@ TEST(WrappedText, characterOfSeveralUnits_staysTogetherAndCountsOnce)
               (QStringList{QStringLiteral("e\u0301\U0001F48A"), QStringLiteral("e\u0301")}));
 }
 
+TEST(WrappedText, numberSign_staysWithItsNumber)
+{
+    EXPECT_EQ(wrapped(QStringLiteral("aaa № 12 b"), 8), (QStringList{QStringLiteral("aaa № 12"), QStringLiteral("b")}));
+    EXPECT_EQ(wrapped(QStringLiteral("aaa № 12 b"), 6), (QStringList{QStringLiteral("aaa"), QStringLiteral("№ 12 b")}));
+    EXPECT_EQ(wrapped(QStringLiteral("№ 123456"), 4), (QStringList{QStringLiteral("№ 12"), QStringLiteral("3456")}));
+}
+
 TEST(WrappedText, nothingToPrint_isNoLine)
 {
     EXPECT_TRUE(wrapped({}, 40).isEmpty());
