@@ -102,25 +102,33 @@ EContext::Result DocumentCommands::showDocuments()
     return EContext::GoOn;
 }
 
-EContext::Result DocumentCommands::takeUp(int number)
+/// Tells the cashier when a receipt is open, so that no other document can be.
+bool DocumentCommands::isReceiptInTheWay() const
 {
-    if (const QSharedPointer<Receipt> open = m_sale.receipt()) {
+    const QSharedPointer<Receipt> open = m_sale.receipt();
+    if (open)
         showNotice(tr::Tr(QStringLiteral("finishOpenReceiptFirst"),
                           QStringLiteral("Сначала завершите или отложите открытый чек № %1."))
                        .arg(QString::number(open->getNumber())));
+    return !open.isNull();
+}
+
+EContext::Result DocumentCommands::takeUp(int number)
+{
+    if (isReceiptInTheWay())
+        return EContext::Stop;
+    const QSharedPointer<Receipt> document = m_sale.archive().find(number);
+    if (!document) { // damaged or taken away while the list stood
+        showNotice(noDocument(number));
         return EContext::Stop;
     }
-    return m_sale.takeUp(m_sale.archive().find(number)) ? EContext::GoOn : EContext::Stop;
+    return m_sale.takeUp(document) ? EContext::GoOn : EContext::Stop;
 }
 
 EContext::Result DocumentCommands::takeBack(const control::Action& action)
 {
-    if (const QSharedPointer<Receipt> open = m_sale.receipt()) {
-        showNotice(tr::Tr(QStringLiteral("finishOpenReceiptFirst"),
-                          QStringLiteral("Сначала завершите или отложите открытый чек № %1."))
-                       .arg(QString::number(open->getNumber())));
+    if (isReceiptInTheWay())
         return EContext::Stop;
-    }
     const std::optional<int> number =
         documentNumber(action, {QStringLiteral("takeBackTitle"), QStringLiteral("Возврат продажи")},
                        {QStringLiteral("takeBackMessage"), QStringLiteral("Номер чека, по которому возвращают товар")});

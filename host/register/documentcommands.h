@@ -26,6 +26,7 @@ private:
     EContext::Result annulByNumber(const control::Action& action);
     EContext::Result annulFrame(const control::Action& action, const std::function<EContext::Result()>& course);
 
+    bool isReceiptInTheWay() const;
     EContext::Result takeUp(int number);
     EContext::Result annul(const QSharedPointer<Receipt>& document);
     bool canAnnul(const Receipt& document) const;

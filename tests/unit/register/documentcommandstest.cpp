@@ -386,6 +386,18 @@ TEST_F(DocumentList, takingUpWhileAReceiptIsOpen_isRefused)
     EXPECT_EQ(archived(1)->getState(), Receipt::State::PutAside);
 }
 
+TEST_F(DocumentList, takingUpADocumentThatIsGone_isTold)
+{
+    sold();
+    const ShownMessages messages;
+    inTheList([](QWidget&) { answerForm(QStringLiteral("takeUp"), 9); });
+    EXPECT_EQ(run(registeraction::showDocuments), EContext::Stop);
+    ASSERT_EQ(messages.all().size(), 1);
+    EXPECT_EQ(messages.all().first().text,
+              QStringLiteral("Документа № 9 нет среди отложенных и завершённых.\nПроверьте номер."));
+    EXPECT_FALSE(sale->receipt());
+}
+
 TEST_F(DocumentList, annulledThere_theHooksOfStoredDocumentsRunAndTheListStays)
 {
     sold();
