@@ -4,6 +4,7 @@
 #include "actionfactory.h"
 #include "basicdialog.h"
 #include "documentlistparams.h"
+#include "finally.h"
 #include "notice.h"
 #include "question.h"
 #include "registeraction.h"
@@ -207,7 +208,11 @@ EContext::Result DocumentCommands::annulFrame(const control::Action& action,
         return EContext::NotFound;
     EContext::Result result = EContext::Stop;
     m_sale.withCurrentDocument(document, [&] {
-        result = course();
+        {
+            document->setBeingAnnulled(true);
+            const Finally closedAgain([&] { document->setBeingAnnulled(false); });
+            result = course();
+        }
         if (result == EContext::GoOn)
             result = m_sale.annul(document) ? EContext::GoOn : EContext::Stop;
         else

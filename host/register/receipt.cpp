@@ -100,7 +100,7 @@ QSharedPointer<ReceiptPosition> Receipt::position(int number) const
 
 bool Receipt::isClosed() const
 {
-    return m_ending.state != State::Open && m_ending.state != State::PutAside;
+    return !m_beingAnnulled && m_ending.state != State::Open && m_ending.state != State::PutAside;
 }
 
 QString Receipt::fileName() const

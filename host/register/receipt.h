@@ -42,7 +42,7 @@ public:
     QSharedPointer<ReceiptPosition> position(int number) const;
 
     State getState() const { return m_ending.state; }
-    /// Closed, cancelled or annulled.
+    /// Closed, cancelled or annulled, and not just being annulled.
     bool isClosed() const override;
     /// receipt.json while it is open; `putaside/<number>.json` or `finished/<number>.json` afterwards.
     QString fileName() const override;
@@ -78,6 +78,9 @@ public:
     const Ending& ending() const { return m_ending; }
     void setEnding(const Ending& ending) { m_ending = ending; }
 
+    /// A document that is being annulled is not closed as yet: plug-ins go on saving what they do to it.
+    void setBeingAnnulled(bool annulled) { m_beingAnnulled = annulled; }
+
     /// Writes what plug-ins have put on the positions of `other` onto the positions of the same numbers.
     void takeOverPluginData(const Receipt& other);
 
@@ -95,6 +98,7 @@ private:
     QDateTime m_opened;
     Type m_type = Sale;
     Ending m_ending;
+    bool m_beingAnnulled = false;
     int m_takesBack = 0;
     int m_takenBackBy = 0;
     int m_nextPosition = 1;
