@@ -90,7 +90,6 @@ void PaymentPanel::createControls()
     m_back->setAutoDefault(true);
     m_pay->setObjectName(QStringLiteral("payButton"));
     m_pay->setProperty("primary", true);
-    m_pay->setAccessibleName(tr::Tr(QStringLiteral("paymentGoOn"), QStringLiteral("К оплате")).ui());
 
     m_hint->setObjectName(QStringLiteral("paymentHintLabel"));
     m_hint->setWordWrap(true);
@@ -135,7 +134,7 @@ void PaymentPanel::showPhase(Sale::Phase phase, const QSharedPointer<Receipt>& r
     m_sum = receipt->getSum();
     m_sumLabel->setText(amountText(m_sum));
     if (phase == Sale::Phase::Subtotal)
-        showSubtotal();
+        showSubtotal(receipt->isCancelling());
     else if (receipt->isCancelling())
         showPayingOut();
     else
@@ -160,14 +159,16 @@ QString PaymentPanel::received() const
     return m_received->text();
 }
 
-void PaymentPanel::showSubtotal()
+void PaymentPanel::showSubtotal(bool payingOut)
 {
     m_caption->setText(tr::Tr(QStringLiteral("paymentSubtotal"), QStringLiteral("ПОДЫТОГ")).ui());
-    m_pay->setText(tr::Tr(QStringLiteral("paymentGoOn"), QStringLiteral("К оплате")).ui());
+    m_pay->setText((payingOut ? tr::Tr(QStringLiteral("paymentGoOnPayingOut"), QStringLiteral("К выплате"))
+                              : tr::Tr(QStringLiteral("paymentGoOn"), QStringLiteral("К оплате")))
+                       .ui());
     showKeyHint(m_paymentKey.isEmpty() ? tr::Tr(QStringLiteral("paymentSubtotalHint"),
-                                                QStringLiteral("Ввод — к оплате, Esc — назад к позициям."))
+                                                QStringLiteral("Ввод — дальше, Esc — назад к позициям."))
                                        : tr::Tr(QStringLiteral("paymentSubtotalKeyHint"),
-                                                QStringLiteral("%1 или Ввод — к оплате, Esc — назад к позициям."))
+                                                QStringLiteral("%1 или Ввод — дальше, Esc — назад к позициям."))
                                              .arg(m_paymentKey));
 }
 

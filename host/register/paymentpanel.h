@@ -44,7 +44,7 @@ signals:
 private:
     void createControls();
     void arrangeControls();
-    void showSubtotal();
+    void showSubtotal(bool payingOut);
     void showPayment();
     void showPayingOut();
     void showChange();

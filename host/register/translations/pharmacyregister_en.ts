@@ -466,17 +466,21 @@ Add goods or cancel the receipt.</translation>
         <source>ПОДЫТОГ</source>
         <translation>SUBTOTAL</translation>
     </message>
+    <message id="paymentGoOnPayingOut">
+        <source>К выплате</source>
+        <translation>To paying out</translation>
+    </message>
     <message id="paymentGoOn">
         <source>К оплате</source>
         <translation>To payment</translation>
     </message>
     <message id="paymentSubtotalHint">
-        <source>Ввод — к оплате, Esc — назад к позициям.</source>
-        <translation>Enter: to payment, Esc: back to the positions.</translation>
+        <source>Ввод — дальше, Esc — назад к позициям.</source>
+        <translation>Enter: go on, Esc: back to the positions.</translation>
     </message>
     <message id="paymentSubtotalKeyHint">
-        <source>%1 или Ввод — к оплате, Esc — назад к позициям.</source>
-        <translation>%1 or Enter: to payment, Esc: back to the positions.</translation>
+        <source>%1 или Ввод — дальше, Esc — назад к позициям.</source>
+        <translation>%1 or Enter: go on, Esc: back to the positions.</translation>
     </message>
     <message id="paymentDue">
         <source>К ОПЛАТЕ</source>

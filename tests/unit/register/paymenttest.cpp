@@ -45,7 +45,8 @@ TEST_F(PaymentTest, subtotal_showsTheSumAndWhatComesNext)
     EXPECT_EQ(sale->phase(), Sale::Phase::Subtotal);
     EXPECT_EQ(text("paymentCaptionLabel"), QStringLiteral("ПОДЫТОГ"));
     EXPECT_EQ(text("paymentSumLabel"), QStringLiteral("12,40"));
-    EXPECT_EQ(text("paymentHintLabel"), QStringLiteral("F12 или Ввод — к оплате, Esc — назад к позициям."));
+    EXPECT_EQ(text("payButton"), QStringLiteral("К оплате"));
+    EXPECT_EQ(text("paymentHintLabel"), QStringLiteral("F12 или Ввод — дальше, Esc — назад к позициям."));
     EXPECT_EQ(QApplication::focusWidget(), widget<QPushButton>("payButton"));
     EXPECT_FALSE(isSeen("searchLineEdit"));
     EXPECT_FALSE(isSeen("receivedLineEdit"));
@@ -75,7 +76,7 @@ TEST_F(PaymentTest, withoutAPaymentKey_theHintNamesNone)
     config.set(QStringLiteral("FunctionKeys:keys"), QStringLiteral("subtotalKey"));
     TillWindow::openWindow();
     pressAndFinish(Qt::Key_F6);
-    EXPECT_EQ(text("paymentHintLabel"), QStringLiteral("Ввод — к оплате, Esc — назад к позициям."));
+    EXPECT_EQ(text("paymentHintLabel"), QStringLiteral("Ввод — дальше, Esc — назад к позициям."));
 }
 
 TEST_F(PaymentTest, payment_asksForTheMoney)
@@ -309,6 +310,14 @@ TEST_F(PaymentTest, keysWhileAnActionRuns_doNothing)
     ASSERT_TRUE(becomesIdle());
     EXPECT_EQ(sale->receipt(), receipt);
     EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
+}
+
+TEST_F(PaymentTest, subtotalOfATakeBack_leadsToPayingOut)
+{
+    openTakeBack();
+    TillWindow::openWindow();
+    pressAndFinish(Qt::Key_F6);
+    EXPECT_EQ(text("payButton"), QStringLiteral("К выплате"));
 }
 
 TEST_F(PaymentTest, takeBack_paysOutTheSumWithoutAskingForMoney)
