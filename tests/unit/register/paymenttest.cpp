@@ -45,7 +45,7 @@ TEST_F(PaymentTest, subtotal_showsTheSumAndWhatComesNext)
     EXPECT_EQ(sale->phase(), Sale::Phase::Subtotal);
     EXPECT_EQ(text("paymentCaptionLabel"), QStringLiteral("ПОДЫТОГ"));
     EXPECT_EQ(text("paymentSumLabel"), QStringLiteral("12,40"));
-    EXPECT_EQ(text("payButton"), QStringLiteral("К оплате"));
+    EXPECT_EQ(widget<QPushButton>("payButton")->text(), QStringLiteral("К оплате"));
     EXPECT_EQ(text("paymentHintLabel"), QStringLiteral("F12 или Ввод — дальше, Esc — назад к позициям."));
     EXPECT_EQ(QApplication::focusWidget(), widget<QPushButton>("payButton"));
     EXPECT_FALSE(isSeen("searchLineEdit"));
@@ -317,7 +317,7 @@ TEST_F(PaymentTest, subtotalOfATakeBack_leadsToPayingOut)
     openTakeBack();
     TillWindow::openWindow();
     pressAndFinish(Qt::Key_F6);
-    EXPECT_EQ(text("payButton"), QStringLiteral("К выплате"));
+    EXPECT_EQ(widget<QPushButton>("payButton")->text(), QStringLiteral("К выплате"));
 }
 
 TEST_F(PaymentTest, takeBack_paysOutTheSumWithoutAskingForMoney)
