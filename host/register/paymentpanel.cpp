@@ -90,6 +90,7 @@ void PaymentPanel::createControls()
     m_back->setAutoDefault(true);
     m_pay->setObjectName(QStringLiteral("payButton"));
     m_pay->setProperty("primary", true);
+    m_pay->setAccessibleName(tr::Tr(QStringLiteral("paymentGoOn"), QStringLiteral("К оплате")).ui());
 
     m_hint->setObjectName(QStringLiteral("paymentHintLabel"));
     m_hint->setWordWrap(true);
