@@ -4,6 +4,7 @@
 #include "finally.h"
 #include "inputblocker.h"
 #include "messageform_p.h"
+#include "scanguard_p.h"
 #include "textinputform_p.h"
 
 #include <QApplication>
@@ -106,6 +107,8 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
     if (!form)
         return noAnswer();
 
+    if (!m_scanGuard)
+        m_scanGuard = std::make_unique<ScanGuard>(*this);
     const InputBlocker::Pause pause;
     const QuitWatcher quitWatcher(*this);
     const QScopedValueRollback<Shown*> ownAnswers(m_cancelling, nullptr);

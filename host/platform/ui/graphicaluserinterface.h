@@ -12,6 +12,10 @@
 #include <QList>
 #include <QSharedPointer>
 
+#include <memory>
+
+class ScanGuard;
+
 /// Where forms appear: the register's window. Without one every form is a window of its own.
 ///
 /// A BasicDialogForm's root becomes a child of the window outside any layout: its show() places it in the middle, above
@@ -74,6 +78,7 @@ private:
     QList<Shown*> m_shown;
     Shown* m_cancelling = nullptr; ///< takes the next answer, wherever it stands
     FormStage* m_stage = nullptr;
+    std::unique_ptr<ScanGuard> m_scanGuard; ///< from the first form on
 };
 
 extern template struct REGISTERPLATFORM_EXPORT Singleton<GraphicalUserInterface>;

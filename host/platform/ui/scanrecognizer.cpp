@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "scanrecognizer_p.h"
 
+#include <QKeyEvent>
+
 namespace
 {
 
-/// The longest time between two characters of a scan, in milliseconds.
-constexpr quint64 longestGap = 50;
 /// Fewer characters than this may come from quick fingers.
 constexpr qsizetype shortestScan = 4;
 
@@ -24,6 +24,15 @@ void ScanRecognizer::character(QChar character, quint64 time, const QString& fie
     m_input.append(character);
     m_fields.append(field);
     m_last = time;
+}
+
+void ScanRecognizer::key(const QKeyEvent& key, const QString& field)
+{
+    const QString text = key.text();
+    if (text.size() == 1 && key.key() != Qt::Key_Backspace && key.key() != Qt::Key_Delete)
+        character(text.front(), key.timestamp(), field);
+    else if (key.key() != Qt::Key_Shift)
+        reset();
 }
 
 std::optional<ScanRecognizer::Scan> ScanRecognizer::finish(quint64 time)
@@ -45,7 +54,7 @@ void ScanRecognizer::reset()
 
 bool ScanRecognizer::followsFast(quint64 time) const
 {
-    return time > 0 && m_last > 0 && time >= m_last && time - m_last <= longestGap;
+    return time > 0 && m_last > 0 && time >= m_last && time - m_last <= quint64(longestGap.count());
 }
 
 std::optional<qsizetype> ScanRecognizer::scanStart(quint64 time) const

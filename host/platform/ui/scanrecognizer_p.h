@@ -6,7 +6,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <optional>
+
+class QKeyEvent;
 
 /// Tells a scan from typing, by the keys that come in.
 ///
@@ -15,6 +18,9 @@
 class REGISTERPLATFORM_EXPORT ScanRecognizer
 {
 public:
+    /// The longest time between two characters of a scan.
+    static constexpr std::chrono::milliseconds longestGap{50};
+
     /// What a scanner sends before and after the code, besides control characters; may be empty.
     ScanRecognizer(const QString& prefix, const QString& suffix);
 
@@ -28,6 +34,10 @@ public:
     /// @param time of the event, in milliseconds; 0, unknown, is taken for typing
     /// @param field what stands in the field before the character
     void character(QChar character, quint64 time, const QString& field);
+
+    /// A key other than Return was pressed: a character, or one that no scanner sends. Shift counts for neither.
+    /// @param field what stands in the field before the key
+    void key(const QKeyEvent& key, const QString& field);
 
     /// Return came in: the scan that it ends; nothing when it was typed. What came before is forgotten.
     std::optional<Scan> finish(quint64 time);

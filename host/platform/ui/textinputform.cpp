@@ -8,6 +8,7 @@
 #include "einput.h"
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
+#include "scanguard_p.h"
 #include "tallokeyboard.h"
 
 #include <QKeyEvent>
@@ -77,6 +78,7 @@ void TextInputForm::prepareField()
         return;
 
     filter->setLineEdit(m_field);
+    m_field->setProperty(ScanGuard::recognizesScans, true);
     m_field->installEventFilter(this); // before the dialog's filter: a scan ends in Return too
     m_field->setNumeric(m_params.numeric);
     m_field->setProperty("inputName", m_params.inputName);
@@ -143,11 +145,7 @@ bool TextInputForm::takeKey(const QKeyEvent& key)
     }
     if (QLabel* label = problemLabel())
         label->hide();
-    const QString text = key.text();
-    if (text.size() == 1 && key.key() != Qt::Key_Backspace && key.key() != Qt::Key_Delete)
-        m_recognizer.character(text.front(), key.timestamp(), m_field->text());
-    else if (key.key() != Qt::Key_Shift)
-        m_recognizer.reset();
+    m_recognizer.key(key, m_field->text());
     return false;
 }
 

@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+// The Return that ends a scan, on forms that expect scans and on those that do not.
+#include "actionqueuecontroller.h"
+#include "dialog.h"
+#include "dialogeventfilter.h"
+#include "einput.h"
+#include "uitest.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QWindow>
+
+namespace
+{
+
+const QString barcode = QStringLiteral("4601234567890");
+
+class ScanGuardTest : public UiTest
+{
+protected:
+    ScanGuardTest() { Singleton<ActionQueueController>::instance = &controller; }
+    ~ScanGuardTest() override { Singleton<ActionQueueController>::instance = nullptr; }
+
+    /// Keys from the window system, `gap` milliseconds apart, Return at the end.
+    void send(const QString& text, quint64 gap)
+    {
+        for (const QChar character : text + u'\r') {
+            const int code = character == u'\r' ? int(Qt::Key_Return) : character.unicode();
+            QKeyEvent key(QEvent::KeyPress, code, Qt::NoModifier, character);
+            key.setTimestamp(m_time += gap);
+            QCoreApplication::sendEvent(QApplication::focusWidget()->window()->windowHandle(), &key);
+        }
+        m_time += 1000;
+    }
+    void scan() { send(barcode, 10); }
+    void type(const QString& text) { send(text, 120); }
+
+    /// Does `steps` while the next form is shown; then it is cancelled, if it is still there.
+    void during(const std::function<void()>& steps)
+    {
+        whenShown([this, steps] {
+            ASSERT_TRUE(QTest::qWaitForWindowActive(gui.topForm()->rootWidget()));
+            steps();
+            gui.cancelForms();
+        });
+    }
+
+    /// A list with a search line, as plug-ins have: Return chooses.
+    QSharedPointer<LayoutForm> createList()
+    {
+        const auto form = QSharedPointer<LayoutForm>::create(
+            writeLayout("list.ui", widget("TalloLineEdit", "edit") + widget("QPushButton", "choose")));
+        auto* keys = new DialogEventFilter(form.data());
+        form->rootWidget()->installEventFilter(keys);
+        QObject::connect(keys, &DialogEventFilter::ok, [this] { ++chosen; });
+        QObject::connect(form->findWidget<QPushButton>("choose"), &QPushButton::clicked, [this] { ++clicked; });
+        edit = form->findWidget<TalloLineEdit>("edit");
+        button = form->findWidget<QPushButton>("choose");
+        return form;
+    }
+
+    ActionQueueController controller;
+    TalloLineEdit* edit = nullptr;
+    QPushButton* button = nullptr;
+    int chosen = 0;
+    int clicked = 0;
+
+private:
+    quint64 m_time = 1000;
+};
+
+TEST_F(ScanGuardTest, scannedAtAMessage_pressesNothingAndATypedReturnStillDoes)
+{
+    bool standsAfterScan = false;
+    bool standsAfterReturn = true;
+    during([&] {
+        scan();
+        standsAfterScan = bool(gui.topForm());
+        type({});
+        standsAfterReturn = bool(gui.topForm());
+    });
+    Dialog().showMessage({"testText", "Реестр не отвечает"}, Dialog::Error, 0, 0);
+    EXPECT_TRUE(standsAfterScan);
+    EXPECT_FALSE(standsAfterReturn);
+}
+
+TEST_F(ScanGuardTest, scannedInTheSearchLineOfAList_staysThereAndChoosesNothing)
+{
+    during([&] {
+        scan();
+        EXPECT_EQ(edit->text(), barcode);
+        EXPECT_EQ(chosen, 0);
+        edit->clear();
+        type("4601");
+        EXPECT_EQ(edit->text(), "4601");
+        EXPECT_EQ(chosen, 1);
+    });
+    gui.run(createList());
+}
+
+TEST_F(ScanGuardTest, twoScansInARow_chooseNothing)
+{
+    during([&] {
+        scan();
+        scan();
+        EXPECT_EQ(chosen, 0);
+    });
+    gui.run(createList());
+}
+
+TEST_F(ScanGuardTest, scannedOnAFormThatAskedForScans_isConfirmedInItsLineButPressesNoButton)
+{
+    const QSharedPointer<LayoutForm> form = createList();
+    form->rootWidget()->setProperty("inputSources", QFlags<EInput::Source>{EInput::Keyboard, EInput::Scanner}.toInt());
+    during([&] {
+        scan();
+        EXPECT_EQ(chosen, 1);
+        button->setFocus();
+        scan();
+        EXPECT_EQ(chosen, 1);
+        EXPECT_EQ(clicked, 0);
+        type({});
+        EXPECT_EQ(clicked, 1);
+    });
+    gui.run(form);
+}
+
+TEST_F(ScanGuardTest, scannedWhileABoxStandsAboveTheList_endsNeither)
+{
+    during([&] {
+        during([&] {
+            scan();
+            EXPECT_NE(gui.topForm()->rootWidget()->objectName(), "root");
+        });
+        Dialog().showMessage({"testText", "Реестр не отвечает"}, Dialog::Error, 0, 0);
+        EXPECT_EQ(chosen, 0);
+    });
+    gui.run(createList());
+}
+
+TEST_F(ScanGuardTest, scannedIntoATextInput_answersIt)
+{
+    during([&] {
+        scan();
+        EXPECT_FALSE(gui.topForm());
+    });
+    TextInputParams params;
+    params.title = {"testTitle", "Ввод карты"};
+    const core::BasicDialog::Result result = Dialog().showTextInput(params);
+    EXPECT_FALSE(result.canceled());
+}
+
+TEST_F(ScanGuardTest, scannedIntoATextInputForTypingOnly_isRefusedThereVisibly)
+{
+    TextInputParams params;
+    params.scanError = {"testScanError", "Повторите сканирование"};
+    Event event(EActivityListener::ShowTextInput);
+    event.addArgument("params", QVariant::fromValue(params));
+    during([&] {
+        scan();
+        ASSERT_TRUE(gui.topForm());
+        const auto* error = gui.topForm()->rootWidget()->findChild<QLabel*>("scanErrorLabel");
+        EXPECT_TRUE(error->isVisible());
+        EXPECT_EQ(error->text(), "Повторите сканирование");
+        EXPECT_EQ(gui.topForm()->rootWidget()->findChild<TalloLineEdit*>("inputLineEdit")->text(), "");
+    });
+    EXPECT_TRUE(core::BasicDialog().show(false, true, EInput::Keyboard, event).canceled());
+}
+
+TEST_F(ScanGuardTest, configuredPrefix_tellsASlowScannerToo)
+{
+    config.setForThisRun("Scanner:prefix", ";");
+    during([&] {
+        type(";4601");
+        EXPECT_EQ(chosen, 0);
+        type("77");
+        EXPECT_EQ(chosen, 1);
+    });
+    gui.run(createList());
+}
+
+} // namespace
