@@ -45,6 +45,7 @@ BusyScreen::BusyScreen(QWidget* parent)
 
 void BusyScreen::start(const QString& message)
 {
+    m_isWorking = true;
     m_message->setText(message);
     setAccessibleName(message);
     setGeometry(parentWidget()->rect());
@@ -68,7 +69,13 @@ void BusyScreen::stop()
 {
     if (window()->focusWidget() == this && m_focusBefore)
         m_focusBefore->setFocus();
+    m_isWorking = false;
     hide();
+}
+
+void BusyScreen::setCovered(bool covered)
+{
+    setVisible(m_isWorking && !covered);
 }
 
 void BusyScreen::paintEvent(QPaintEvent*)

@@ -20,6 +20,10 @@ public slots:
     void start(const QString& message);
     void stop();
 
+public:
+    /// Hidden so long as something stands above it.
+    void setCovered(bool covered);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -32,4 +36,5 @@ private:
     QPointer<QWidget> m_focusBefore;
     QTimer m_turning;
     int m_angle = 0;
+    bool m_isWorking = false;
 };

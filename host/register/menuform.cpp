@@ -3,6 +3,7 @@
 
 #include "dialogeventfilter.h"
 #include "formanswer.h"
+#include "scanrecognizer_p.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -11,6 +12,12 @@
 
 #include <algorithm>
 #include <functional>
+
+namespace
+{
+/// More than a scanner's: its keys may be delivered late.
+constexpr auto quietTime = 2 * ScanRecognizer::longestGap;
+} // namespace
 
 MenuForm::MenuForm(const MenuParams& params, QObject* parent)
     : BasicDialogForm(parent)
@@ -23,6 +30,9 @@ MenuForm::MenuForm(const MenuParams& params, QObject* parent)
     leave->setText(tr::Tr(QStringLiteral("menuCancel"), QStringLiteral("Назад")).ui());
     leave->setAccessibleName(leave->text());
     connect(leave, &QPushButton::clicked, this, &BasicForm::dismissed);
+    m_quiet.setSingleShot(true);
+    m_quiet.setInterval(quietTime);
+    connect(&m_quiet, &QTimer::timeout, this, &MenuForm::chooseByDigit);
     rootWidget()->installEventFilter(new DialogEventFilter(this));
     rootWidget()->installEventFilter(this);
 }
@@ -56,16 +66,23 @@ void MenuForm::show()
 
 bool MenuForm::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyPress && chooseByDigit(*static_cast<QKeyEvent*>(event)))
+    if (event->type() == QEvent::KeyPress && takeDigit(*static_cast<QKeyEvent*>(event)))
         return true;
     return BasicDialogForm::eventFilter(watched, event);
 }
 
-bool MenuForm::chooseByDigit(const QKeyEvent& key)
+/// Only a digit that comes alone is the cashier's: a scanner sends many.
+bool MenuForm::takeDigit(const QKeyEvent& key)
 {
     const int number = key.key() - Qt::Key_0;
-    if (key.isAutoRepeat() || number < 1 || number > m_entries.size())
-        return false;
-    m_entries.at(number - 1)->click(); // does nothing when it is not possible
-    return true;
+    const bool isEntry = !key.isAutoRepeat() && number >= 1 && number <= m_entries.size();
+    m_digit = isEntry && !m_quiet.isActive() ? number : 0;
+    m_quiet.start();
+    return isEntry;
+}
+
+void MenuForm::chooseByDigit()
+{
+    if (m_digit > 0)
+        m_entries.at(m_digit - 1)->click(); // does nothing when it is not possible
 }

@@ -29,6 +29,24 @@ QString scannerSetting(const char* key)
     return Singleton<Config>::get()->getString(QLatin1String("Scanner:") + QLatin1String(key));
 }
 
+/// Takes an amount of roubles as it is typed.
+class MoneyValidator : public QRegularExpressionValidator
+{
+public:
+    explicit MoneyValidator(QObject* parent)
+        : QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d*(?:[.,]\\d{0,2})?")), parent)
+    {
+    }
+
+    /// On a Russian keyboard the keys of comma and point type letters.
+    State validate(QString& input, int& position) const override
+    {
+        for (const QChar letter : {QChar(u'б'), QChar(u'ю')})
+            input.replace(letter, u'.', Qt::CaseInsensitive);
+        return QRegularExpressionValidator::validate(input, position);
+    }
+};
+
 QHBoxLayout* createRow()
 {
     auto* row = new QHBoxLayout;
@@ -59,6 +77,11 @@ PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
     for (QWidget* keyReceiver : {static_cast<QWidget*>(m_received), static_cast<QWidget*>(m_pay)})
         keyReceiver->installEventFilter(this);
     connect(m_received, &QLineEdit::textChanged, this, [this] { showChange(); });
+    connect(m_received, &QLineEdit::inputRejected, this, [this] {
+        showHint({QStringLiteral("paymentInputRefused"),
+                  QStringLiteral("Вводите только цифры и запятую, не больше двух цифр после неё.")},
+                 "error");
+    });
     connect(m_pay, &QPushButton::clicked, this, &PaymentPanel::confirmed);
     connect(m_back, &QPushButton::clicked, this, &PaymentPanel::left);
     connect(m_keyboard, &TalloKeyboard::keyPressed, Singleton<InactivityLocker>::get(), &InactivityLocker::resetTimer);
@@ -81,8 +104,7 @@ void PaymentPanel::createControls()
         tr::Tr(QStringLiteral("paymentReceivedField"), QStringLiteral("Получено от покупателя")).ui());
     m_received->setNumeric(true);
     m_received->setMaxLength(longestInput);
-    m_received->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d*(?:[.,]\\d{0,2})?")), m_received));
+    m_received->setValidator(new MoneyValidator(m_received));
 
     m_back->setObjectName(QStringLiteral("backButton"));
     m_back->setText(tr::Tr(QStringLiteral("paymentBack"), QStringLiteral("Назад")).ui());
@@ -247,11 +269,7 @@ bool PaymentPanel::takeKey(const QKeyEvent& key)
             emit confirmed();
         return true;
     }
-    const QString text = key.text();
-    if (text.size() == 1 && key.key() != Qt::Key_Backspace && key.key() != Qt::Key_Delete)
-        m_scans.character(text.front(), key.timestamp(), m_received->text());
-    else if (key.key() != Qt::Key_Shift)
-        m_scans.reset();
+    m_scans.key(key, m_received->text());
     return false;
 }
 

@@ -514,6 +514,10 @@ Add goods or cancel the receipt.</translation>
         <source>Сдача %1</source>
         <translation>Change %1</translation>
     </message>
+    <message id="paymentInputRefused">
+        <source>Вводите только цифры и запятую, не больше двух цифр после неё.</source>
+        <translation>Only digits and a comma, and no more than two digits after it.</translation>
+    </message>
     <message id="paymentHint">
         <source>Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека.</source>
         <translation>Enter: close the receipt, Esc: back to the positions. Empty: exactly the sum of the receipt.</translation>

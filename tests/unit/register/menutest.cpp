@@ -11,6 +11,9 @@
 class MenuTest : public TillWindow
 {
 protected:
+    /// Longer than the menu waits after a digit for a scanner's next key, in milliseconds.
+    static constexpr int quietTime = 200;
+
     MenuTest()
         : printer(folder.path(), marks)
         , documentCommands(*sale, printer, marks)
@@ -165,13 +168,51 @@ TEST_F(MenuTest, digitOfWhatIsNotPossible_leavesTheMenuOpen)
     openWindow();
     bool stands = false;
     inMenu([&](QWidget& menu) {
-        press(Qt::Key_1);
-        press(Qt::Key_9);
-        press(Qt::Key_0);
+        for (const Qt::Key digit : {Qt::Key_1, Qt::Key_9, Qt::Key_0}) {
+            press(digit);
+            QTest::qWait(quietTime);
+        }
         stands = gui.object.topForm() && menu.isVisible();
         press(Qt::Key_Escape);
     });
     EXPECT_TRUE(stands);
+}
+
+class ScannedInTheMenu : public MenuTest, public ::testing::WithParamInterface<const char*>
+{
+};
+
+TEST_P(ScannedInTheMenu, choosesNothing)
+{
+    sale->add(article(amoxidar));
+    openWindow();
+    bool stands = false;
+    inMenu([&](QWidget& menu) {
+        scanInWindow(QLatin1String(GetParam()));
+        QTest::qWait(quietTime);
+        stands = gui.object.topForm() && gui.object.topForm()->rootWidget() == &menu;
+        press(Qt::Key_Escape);
+    });
+    EXPECT_TRUE(stands);
+    EXPECT_TRUE(sale->receipt()) << "put aside is the menu's first";
+}
+
+INSTANTIATE_TEST_SUITE_P(, ScannedInTheMenu, ::testing::Values("1600000000001", "0000000000001", "11111111"),
+                         [](const auto& instance) { return "barcode" + std::string(instance.param); });
+
+TEST_F(MenuTest, twoDigitsFast_chooseNothingAndOneAfterwardsDoes)
+{
+    sale->add(article(amoxidar));
+    openWindow();
+    inMenu([&](QWidget&) {
+        press(Qt::Key_2);
+        press(Qt::Key_1);
+        QTest::qWait(quietTime);
+        ASSERT_TRUE(gui.object.topForm());
+        EXPECT_TRUE(sale->receipt());
+        press(Qt::Key_1);
+    });
+    EXPECT_FALSE(sale->receipt());
 }
 
 TEST_F(MenuTest, left_nothingHappens)

@@ -122,6 +122,43 @@ INSTANTIATE_TEST_SUITE_P(, TypedMoney,
                                            Typed{"tooManyDigits", "123456789", "Не сумма", "error"}),
                          [](const auto& instance) { return std::string(instance.param.name); });
 
+TEST_F(PaymentTest, lettersOnTheKeysOfCommaAndPoint_areTheComma)
+{
+    openWindow();
+    for (const char* typed : {"20ю5", "20б5", "20Ю5", "20Б5"}) {
+        received()->clear();
+        for (const QChar character : QString::fromUtf8(typed)) {
+            QKeyEvent key(QEvent::KeyPress, character.unicode(), Qt::NoModifier, character);
+            QCoreApplication::sendEvent(received(), &key);
+        }
+        EXPECT_EQ(received()->text(), QStringLiteral("20.5")) << typed;
+        EXPECT_EQ(text("changeLabel"), QStringLiteral("Сдача 8,10")) << typed;
+        EXPECT_EQ(role("paymentHintLabel"), QStringLiteral("hint")) << typed;
+    }
+}
+
+class RefusedInput : public PaymentTest, public ::testing::WithParamInterface<Typed>
+{
+};
+
+TEST_P(RefusedInput, isRefusedVisiblyUntilTheNextDigit)
+{
+    openWindow();
+    type(GetParam().text);
+    EXPECT_EQ(received()->text(), QLatin1String(GetParam().change)) << "what came before";
+    EXPECT_EQ(text("paymentHintLabel"),
+              QStringLiteral("Вводите только цифры и запятую, не больше двух цифр после неё."));
+    EXPECT_EQ(role("paymentHintLabel"), QStringLiteral("error"));
+    QTest::keyClick(received(), Qt::Key_Backspace);
+    EXPECT_EQ(role("paymentHintLabel"), QStringLiteral("hint"));
+}
+
+INSTANTIATE_TEST_SUITE_P(, RefusedInput,
+                         ::testing::Values(Typed{"letter", "15x", "15", ""}, Typed{"minus", "15-", "15", ""},
+                                           Typed{"secondComma", "1,5,", "1.5", ""},
+                                           Typed{"thirdDecimal", "13,005", "13.00", ""}),
+                         [](const auto& instance) { return std::string(instance.param.name); });
+
 TEST_F(PaymentTest, nothingTypedAndReturn_closesWithTheExactSum)
 {
     openWindow();

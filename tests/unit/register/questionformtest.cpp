@@ -4,11 +4,13 @@
 #include "till.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
+#include <QWindow>
 
 class QuestionFormTest : public Till
 {
@@ -55,6 +57,22 @@ TEST_F(QuestionFormTest, shown_saysWhatIsAskedAndStandsOnNo)
 TEST_F(QuestionFormTest, returnPressed_isNo)
 {
     EXPECT_FALSE(ask([](QWidget&) { press(Qt::Key_Return); }));
+}
+
+TEST_F(QuestionFormTest, scannedOnYes_answersNothing)
+{
+    EXPECT_FALSE(ask([this](QWidget& root) {
+        button(root, "yesButton")->setFocus();
+        quint64 time = 1000;
+        for (const QChar character : QStringLiteral("4601234567890\r")) {
+            const int code = character == u'\r' ? int(Qt::Key_Return) : character.unicode();
+            QKeyEvent key(QEvent::KeyPress, code, Qt::NoModifier, character);
+            key.setTimestamp(time += 10);
+            QCoreApplication::sendEvent(root.windowHandle(), &key);
+        }
+        EXPECT_TRUE(gui.object.topForm());
+        press(Qt::Key_Escape);
+    }));
 }
 
 TEST_F(QuestionFormTest, escapePressed_isNo)

@@ -179,12 +179,14 @@ TEST_F(WindowTest, longWork_isAnimated)
     end();
 }
 
-TEST_F(WindowTest, messageDuringLongWork_liesAboveTheBusyScreenAndTakesInput)
+TEST_F(WindowTest, messageDuringLongWork_takesInputAndHidesTheBusyScreenSoLong)
 {
     openWindow();
     begin("x");
     QString under;
+    bool isBusySeen = true;
     cashier.onForm(QStringLiteral("messageForm"), [&](QWidget& root) {
+        isBusySeen = isSeen("busyScreen");
         auto* button = root.findChild<QPushButton*>(QStringLiteral("okButton"));
         if (const QWidget* child = window->childAt(button->mapTo(window.get(), button->rect().center())))
             under = child->objectName();
@@ -192,8 +194,42 @@ TEST_F(WindowTest, messageDuringLongWork_liesAboveTheBusyScreenAndTakesInput)
     });
     Dialog::create()->showMessage({tr::undefined, QStringLiteral("x")}, Dialog::Error, 0, 0);
     EXPECT_EQ(under, QStringLiteral("okButton"));
+    EXPECT_FALSE(isBusySeen);
     EXPECT_TRUE(isSeen("busyScreen"));
     end();
+    EXPECT_FALSE(isSeen("busyScreen"));
+}
+
+TEST_F(WindowTest, longWorkEndedUnderAMessage_doesNotComeBack)
+{
+    openWindow();
+    begin("x");
+    cashier.onForm(QStringLiteral("messageForm"), [&](QWidget& root) {
+        end();
+        EXPECT_FALSE(isSeen("busyScreen"));
+        root.findChild<QPushButton*>(QStringLiteral("okButton"))->click();
+    });
+    Dialog::create()->showMessage({tr::undefined, QStringLiteral("x")}, Dialog::Error, 0, 0);
+    EXPECT_FALSE(isSeen("busyScreen"));
+}
+
+TEST_F(WindowTest, longWorkBegunOverAForm_coversIt)
+{
+    openWindow();
+    bool isBusySeen = false;
+    cashier.onForm(QStringLiteral("messageForm"), [&](QWidget& root) {
+        begin("x");
+        cashier.onForm(QStringLiteral("messageForm"), [&](QWidget& inner) {
+            EXPECT_FALSE(isSeen("busyScreen"));
+            inner.findChild<QPushButton*>(QStringLiteral("okButton"))->click();
+        });
+        Dialog::create()->showMessage({tr::undefined, QStringLiteral("y")}, Dialog::Error, 0, 0);
+        isBusySeen = isSeen("busyScreen");
+        end();
+        root.findChild<QPushButton*>(QStringLiteral("okButton"))->click();
+    });
+    Dialog::create()->showMessage({tr::undefined, QStringLiteral("x")}, Dialog::Error, 0, 0);
+    EXPECT_TRUE(isBusySeen);
 }
 
 TEST_F(WindowTest, closedWithoutForms_closesAtOnce)

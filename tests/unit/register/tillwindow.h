@@ -44,15 +44,21 @@ protected:
     }
     /// Presses a key in the window, wherever the focus is.
     void press(Qt::Key key) { QTest::keyClick(window->windowHandle(), key); }
-    /// A scanner's keys, 10 ms apart, Return at the end.
-    void scan(const QString& barcode)
+    /// A scanner's keys, 10 ms apart, Return at the end, for what has the focus.
+    static void scan(const QString& barcode) { scanInto(*QApplication::focusWidget(), barcode); }
+    /// The same as the window system delivers it.
+    static void scanInWindow(const QString& barcode)
+    {
+        scanInto(*QApplication::focusWidget()->window()->windowHandle(), barcode);
+    }
+    static void scanInto(QObject& receiver, const QString& barcode)
     {
         quint64 time = 1000;
         for (const QChar character : barcode + QLatin1Char('\r')) {
             const int code = character == u'\r' ? int(Qt::Key_Return) : character.unicode();
             QKeyEvent key(QEvent::KeyPress, code, Qt::NoModifier, character);
             key.setTimestamp(time += 10);
-            QCoreApplication::sendEvent(QApplication::focusWidget(), &key);
+            QCoreApplication::sendEvent(&receiver, &key);
         }
     }
     bool becomesIdle()
