@@ -82,12 +82,16 @@ bool Sale::takeBack(const QSharedPointer<Receipt>& sale)
 
 bool Sale::annul(const QSharedPointer<Receipt>& document)
 {
+    const Receipt::State before = document->getState();
     Receipt::Ending ending = document->ending();
     ending.state = Receipt::State::Annulled;
     ending.annulled = now();
     if (!ending.finished.isValid())
         ending.finished = ending.annulled;
-    return m_archive.move(document, ending);
+    if (!m_archive.move(document, ending))
+        return false;
+    emit annulled(*document, before);
+    return true;
 }
 
 bool Sale::end(Receipt::State state, Kopecks received, EActivityListener::Event event)

@@ -4,6 +4,7 @@
 #include "actionfactory.h"
 #include "basicdialog.h"
 #include "documentlistparams.h"
+#include "documentwords.h"
 #include "finally.h"
 #include "notice.h"
 #include "question.h"
@@ -85,8 +86,11 @@ EContext::Result DocumentCommands::showDocuments()
     params.isTakenBack = [this](const Receipt& document) {
         return m_sale.archive().isTakenBack(document, m_sale.receipt());
     };
-    params.annul = [this](const auto& document) { annul(document); };
-    params.print = [this](const auto& document) { m_printer.print(*document); };
+    params.annul = [this](const auto& document) {
+        const Receipt::State before = document->getState();
+        return annul(document) == EContext::GoOn ? documentwords::annulment(*document, before) : QString();
+    };
+    params.print = [this](const auto& document) { return print(*document); };
     params.openReceipt = m_sale.receipt() ? m_sale.receipt()->getNumber() : 0;
     params.marks = &m_marks;
     Event event(DocumentListParams::eventCode);
@@ -147,9 +151,10 @@ EContext::Result DocumentCommands::takeBack(const control::Action& action)
         return EContext::Stop;
     }
     if (m_sale.archive().isTakenBack(*sale, nullptr)) {
-        showNotice(tr::Tr(QStringLiteral("takenBackAlready"), QStringLiteral("Продажа № %1 уже возвращена чеком № %2."))
-                       .arg(QString::number(*number))
-                       .arg(QString::number(sale->getTakenBackBy())));
+        showNotice(
+            tr::Tr(QStringLiteral("takenBackAlready"), QStringLiteral("Продажа № %1 уже возвращена документом № %2."))
+                .arg(QString::number(*number))
+                .arg(QString::number(sale->getTakenBackBy())));
         return EContext::Stop;
     }
     return m_sale.takeBack(sale) ? EContext::GoOn : EContext::Stop;
@@ -219,6 +224,17 @@ EContext::Result DocumentCommands::annulFrame(const control::Action& action,
             m_sale.archive().save(document);
     });
     return result;
+}
+
+QString DocumentCommands::print(const Receipt& document) const
+{
+    const QString file = m_printer.printAgain(document);
+    if (file.isEmpty())
+        return {};
+    return tr::Tr(QStringLiteral("documentPrinted"), QStringLiteral("Документ № %1 напечатан: %2"))
+        .arg(QString::number(document.getNumber()))
+        .arg(file)
+        .ui();
 }
 
 bool DocumentCommands::canAnnul(const Receipt& document) const

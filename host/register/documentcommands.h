@@ -29,6 +29,8 @@ private:
     bool isReceiptInTheWay() const;
     EContext::Result takeUp(int number);
     EContext::Result annul(const QSharedPointer<Receipt>& document);
+    /// What the cashier is told of it; empty when it failed, which has been told.
+    QString print(const Receipt& document) const;
     bool canAnnul(const Receipt& document) const;
 
     Sale& m_sale;

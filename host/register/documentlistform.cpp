@@ -159,7 +159,8 @@ void DocumentListForm::showCurrent()
     m_takeUp->setEnabled(isPutAside && m_params.openReceipt == 0);
     m_takeBack->setEnabled(isSale && m_params.openReceipt == 0);
     m_annul->setEnabled(isPutAside || isSale);
-    m_print->setEnabled(state == Receipt::State::Closed || state == Receipt::State::Annulled);
+    m_print->setEnabled(state == Receipt::State::Closed);
+    m_print->setToolTip(m_print->isEnabled() || !document ? QString() : printObstacle());
 
     m_positions.refresh(document);
     for (const auto column : {ReceiptTableModel::Mark, ReceiptTableModel::State})
@@ -179,8 +180,8 @@ void DocumentListForm::showHint()
             tr::Tr(QStringLiteral("documentsNotFound"), QStringLiteral("Ничего не найдено. Измените строку поиска."))
                 .ui(),
             "error");
-    else if (document->getNumber() == m_refused)
-        showHint(m_refusal, "waiting");
+    else if (document->getNumber() == m_told.document)
+        showHint(m_told.text, m_told.textRole);
     else if (m_params.openReceipt != 0)
         showHint(
             tr::Tr(QStringLiteral("documentsReceiptOpen"),
@@ -189,7 +190,14 @@ void DocumentListForm::showHint()
                 .ui(),
             "hint");
     else
-        showHint({}, "hint");
+        showHint(m_print->isEnabled() ? QString() : printObstacle(), "hint");
+}
+
+QString DocumentListForm::printObstacle()
+{
+    return tr::Tr(QStringLiteral("documentsPrintClosed"),
+                  QStringLiteral("Печатаются только закрытые документы, которые не аннулированы."))
+        .ui();
 }
 
 void DocumentListForm::showHint(const QString& text, const char* textRole)
@@ -203,8 +211,7 @@ void DocumentListForm::rememberRefusal(const control::Action& action, EContext::
 {
     if (result == EContext::NotFound || !current())
         return; // the register shows a message
-    m_refused = current()->getNumber();
-    m_refusal = refusal::stopped(action).ui();
+    m_told = {current()->getNumber(), refusal::stopped(action).ui(), "waiting"};
 }
 
 DocumentListForm::Document DocumentListForm::current() const
@@ -245,14 +252,21 @@ void DocumentListForm::takeBack()
 
 void DocumentListForm::annul()
 {
-    m_refused = 0;
-    m_params.annul(current());
-    load();
+    act(m_params.annul);
 }
 
 void DocumentListForm::print()
 {
-    m_params.print(current());
+    act(m_params.print);
+}
+
+/// What is told of the document before is dropped; a refusal may take its place meanwhile.
+void DocumentListForm::act(const DocumentListParams::Act& act)
+{
+    m_told = {};
+    const int number = current()->getNumber();
+    if (const QString done = act(current()); !done.isEmpty())
+        m_told = {number, done, "hint"};
     load();
 }
 

@@ -24,6 +24,13 @@ public:
 private:
     using Document = DocumentListParams::Document;
 
+    /// What became of the last act.
+    struct Told {
+        int document = 0; ///< shown as long as this one is the current one; 0: none
+        QString text = {};
+        const char* textRole = "hint";
+    };
+
     void setUpTables();
     void setUpButtons();
     void nameControls();
@@ -32,6 +39,7 @@ private:
     void showCurrent();
     void showHint();
     void showHint(const QString& text, const char* textRole);
+    static QString printObstacle();
     void rememberRefusal(const control::Action& action, EContext::Result result);
 
     /// Null when the list is empty.
@@ -44,6 +52,7 @@ private:
     void takeBack();
     void annul();
     void print();
+    void act(const DocumentListParams::Act& act);
     void leave();
 
     DocumentListParams m_params;
@@ -58,6 +67,5 @@ private:
     QPushButton* m_takeBack;
     QPushButton* m_annul;
     QPushButton* m_print;
-    int m_refused = 0; ///< the document that a plug-in did not let be annulled; 0: none
-    QString m_refusal;
+    Told m_told;
 };

@@ -19,10 +19,12 @@ struct DocumentListParams {
 
     std::function<QList<Document>()> documents;      ///< asked again after each change
     std::function<bool(const Receipt&)> isTakenBack; ///< also true while the sale is being taken back
-    std::function<void(const Document&)> annul;      ///< runs while the list is on top
-    std::function<void(const Document&)> print;      ///< prints a copy of a closed or annulled document
-    int openReceipt = 0;                             ///< the receipt that stands in the way of another; 0: none is open
-    const PositionMarks* marks = nullptr;            ///< not owned
+    /// Does something with a document while the list is on top. @return what was done; empty: nothing
+    using Act = std::function<QString(const Document&)>;
+    Act annul;
+    Act print;                            ///< of a closed document
+    int openReceipt = 0;                  ///< the receipt that stands in the way of another; 0: none is open
+    const PositionMarks* marks = nullptr; ///< not owned
 
     /// The code of the event that shows the list; it carries these as "params".
     static constexpr auto eventCode = static_cast<EActivityListener::Event>(1012);

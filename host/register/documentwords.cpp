@@ -31,7 +31,7 @@ tr::Tr closedState(const Receipt& document, bool takenBack)
         return tr::Tr(QStringLiteral("documentTakeBack"), QStringLiteral("Возврат чека № %1"))
             .arg(QString::number(document.getTakesBack()));
     if (takenBack)
-        return tr::Tr(QStringLiteral("documentTakenBack"), QStringLiteral("Продажа, возвращена чеком № %1"))
+        return tr::Tr(QStringLiteral("documentTakenBack"), QStringLiteral("Продажа, возвращена документом № %1"))
             .arg(QString::number(document.getTakenBackBy()));
     return {QStringLiteral("documentSale"), QStringLiteral("Продажа")};
 }
@@ -90,6 +90,31 @@ QString ending(const Receipt& document)
     default:
         return {};
     }
+}
+
+QString annulment(const Receipt& document, Receipt::State before)
+{
+    const QString number = QString::number(document.getNumber());
+    if (before == Receipt::State::PutAside)
+        return tr::Tr(QStringLiteral("putAsideAnnulled"), QStringLiteral("Отложенный чек № %1 аннулирован"))
+            .arg(number)
+            .ui();
+    return tr::Tr(QStringLiteral("saleAnnulled"), QStringLiteral("Чек № %1 аннулирован. Верните покупателю %2"))
+        .arg(number)
+        .arg(amountText(document.getSum()))
+        .ui();
+}
+
+QString restored(const Receipt& document)
+{
+    return (document.isCancelling()
+                ? tr::Tr(
+                      QStringLiteral("takeBackRestored"),
+                      QStringLiteral("Возврат № %1 восстановлен после перезапуска. Проверьте позиции и продолжайте."))
+                : tr::Tr(QStringLiteral("receiptRestored"),
+                         QStringLiteral("Чек № %1 восстановлен после перезапуска. Проверьте позиции и продолжайте.")))
+        .arg(QString::number(document.getNumber()))
+        .ui();
 }
 
 } // namespace documentwords

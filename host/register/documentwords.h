@@ -20,4 +20,11 @@ QString state(const Receipt& document, bool takenBack);
 /// open.
 QString ending(const Receipt& document);
 
+/// What has just been annulled, with what has to be paid out: "Чек № 7 аннулирован. Верните покупателю 12,40".
+/// @param before put aside or closed
+QString annulment(const Receipt& document, Receipt::State before);
+
+/// The open document came back after the register had ended: which one, and what to do.
+QString restored(const Receipt& document);
+
 } // namespace documentwords

@@ -3,8 +3,9 @@
 
 #include "actionfactory.h"
 #include "notice.h"
-#include "question.h"
 #include "registeraction.h"
+
+#include <algorithm>
 
 RegisterCommands::RegisterCommands(Sale& sale, const GoodsCatalogue& catalogue)
     : m_sale(sale)
@@ -114,22 +115,47 @@ EContext::Result RegisterCommands::stornoPosition(control::Action& action)
 
 EContext::Result RegisterCommands::cancelReceipt(control::Action& action)
 {
-    const Receipt& receipt = *m_sale.receipt();
-    const tr::Tr wording =
-        receipt.isCancelling()
-            ? tr::Tr(QStringLiteral("cancelTakeBackQuestion"), QStringLiteral("Отменить возврат № %1 на сумму %2?"))
-            : tr::Tr(QStringLiteral("cancelReceiptQuestion"), QStringLiteral("Отменить чек № %1 на сумму %2?"));
-    const Question question{
-        {QStringLiteral("cancelReceiptTitle"), QStringLiteral("Отмена чека")},
-        wording.arg(QString::number(receipt.getNumber())).arg(amountText(receipt.getSum())),
-        {QStringLiteral("cancelReceiptYes"), QStringLiteral("Отменить чек")},
-        {QStringLiteral("questionNo"), QStringLiteral("Нет")},
-    };
-    if (!question.ask())
+    if (!cancellingQuestion().ask())
         return EContext::Stop;
     const int by = action.value(QStringLiteral("by"), control::StornoAll).toInt();
     control::Action storno = Singleton<control::ActionFactory>::get()->create(static_cast<control::EActionType>(by));
-    return Singleton<ActionQueueController>::get()->execute(storno);
+    const EContext::Result result = Singleton<ActionQueueController>::get()->execute(storno);
+    if (result != EContext::GoOn)
+        m_sale.setPhase(Sale::Phase::Positions); // or an impatient Return would sell what was to be cancelled
+    return result;
+}
+
+Question RegisterCommands::cancellingQuestion() const
+{
+    const Receipt& receipt = *m_sale.receipt();
+    const bool isTakeBack = receipt.isCancelling();
+    tr::Tr text(QStringLiteral("cancelReceiptQuestion"), QStringLiteral("Отменить чек № %1 на сумму %2?"));
+    if (isTakeBack)
+        text = isTakeBackBegun()
+                   ? tr::Tr(QStringLiteral("cancelBegunTakeBackQuestion"),
+                            QStringLiteral("Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.\n"
+                                           "Правильно завершить его: «Нет», затем F12.\nВсё равно отменить возврат?"))
+                   : tr::Tr(QStringLiteral("cancelTakeBackQuestion"),
+                            QStringLiteral("Отменить возврат № %1 на сумму %2?"));
+    return {
+        isTakeBack ? tr::Tr(QStringLiteral("cancelTakeBackTitle"), QStringLiteral("Отмена возврата"))
+                   : tr::Tr(QStringLiteral("cancelReceiptTitle"), QStringLiteral("Отмена чека")),
+        text.arg(QString::number(receipt.getNumber())).arg(amountText(receipt.getSum())),
+        isTakeBack ? tr::Tr(QStringLiteral("cancelTakeBackYes"), QStringLiteral("Отменить возврат"))
+                   : tr::Tr(QStringLiteral("cancelReceiptYes"), QStringLiteral("Отменить чек")),
+        {QStringLiteral("questionNo"), QStringLiteral("Нет")},
+    };
+}
+
+/// Plug-ins have already done their part for some position: what they put on it is no longer as in the sale.
+bool RegisterCommands::isTakeBackBegun() const
+{
+    const auto& positions = m_sale.receipt()->positions();
+    const QSharedPointer<Receipt> sale = m_sale.archive().find(m_sale.receipt()->getTakesBack());
+    return sale && std::any_of(positions.cbegin(), positions.cend(), [&sale](const auto& position) {
+               const auto sold = sale->position(position->getNumber());
+               return !sold || sold->toJson() != position->toJson();
+           });
 }
 
 EContext::Result RegisterCommands::stornoAll(control::Action&)

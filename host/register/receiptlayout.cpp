@@ -151,6 +151,11 @@ QList<PrintedLine> lines(const Receipt& receipt, const PositionMarks& marks)
     return lines + totals(receipt);
 }
 
+QList<PrintedLine> copyLines(const Receipt& receipt, const PositionMarks& marks)
+{
+    return centred(tr::Tr(QStringLiteral("printedCopy"), QStringLiteral("КОПИЯ")).ui(), true) + lines(receipt, marks);
+}
+
 QString text(const QList<PrintedLine>& lines)
 {
     QString text;

@@ -28,6 +28,9 @@ QString title(const Receipt& receipt);
 /// `marks` tells of them, the total, and the money.
 QList<PrintedLine> lines(const Receipt& receipt, const PositionMarks& marks);
 
+/// As lines(), headed as a copy.
+QList<PrintedLine> copyLines(const Receipt& receipt, const PositionMarks& marks);
+
 /// The lines as plain text, each ended by a line break.
 QString text(const QList<PrintedLine>& lines);
 

@@ -2,7 +2,6 @@
 #include "receiptprinter.h"
 
 #include "dialog.h"
-#include "receiptlayout.h"
 #include "receiptpdf.h"
 #include "wholefile.h"
 
@@ -18,14 +17,20 @@ namespace
 /// Among so many finished documents is the one that was closed last: one that was put aside before keeps its number.
 constexpr int latestFinished = 100;
 
-QString textFile(const Receipt& receipt)
+/// Without what tells text from PDF.
+QString nameOf(const Receipt& receipt)
 {
-    return QStringLiteral("printed/%1.txt").arg(receipt.getNumber(), 8, 10, QLatin1Char('0'));
+    return QStringLiteral("printed/%1").arg(receipt.getNumber(), 8, 10, QLatin1Char('0'));
 }
 
-QString pdfFile(const Receipt& receipt)
+QString textFile(const QString& name)
 {
-    return QStringLiteral("printed/%1.pdf").arg(receipt.getNumber(), 8, 10, QLatin1Char('0'));
+    return name + QStringLiteral(".txt");
+}
+
+QString pdfFile(const QString& name)
+{
+    return name + QStringLiteral(".pdf");
 }
 
 void tellFailure(const Receipt& receipt, const QString& failure)
@@ -50,10 +55,23 @@ ReceiptPrinter::ReceiptPrinter(const QString& dataFolder, const PositionMarks& m
 
 bool ReceiptPrinter::print(const Receipt& receipt) const
 {
-    const QList<PrintedLine> lines = receiptlayout::lines(receipt, m_marks);
-    QString failure = writeWholeFile(m_folder, textFile(receipt), receiptlayout::text(lines).toUtf8());
+    return write(receipt, nameOf(receipt), receiptlayout::lines(receipt, m_marks));
+}
+
+QString ReceiptPrinter::printAgain(const Receipt& receipt) const
+{
+    const QString original = nameOf(receipt);
+    if (!isPrinted(receipt))
+        return print(receipt) ? pdfFile(original) : QString();
+    const QString copy = original + QStringLiteral("-copy");
+    return write(receipt, copy, receiptlayout::copyLines(receipt, m_marks)) ? pdfFile(copy) : QString();
+}
+
+bool ReceiptPrinter::write(const Receipt& receipt, const QString& name, const QList<PrintedLine>& lines) const
+{
+    QString failure = writeWholeFile(m_folder, textFile(name), receiptlayout::text(lines).toUtf8());
     if (failure.isEmpty())
-        failure = writeWholeFile(m_folder, pdfFile(receipt), receiptPdf(lines, receiptlayout::title(receipt)));
+        failure = writeWholeFile(m_folder, pdfFile(name), receiptPdf(lines, receiptlayout::title(receipt)));
     if (failure.isEmpty())
         return true;
     tellFailure(receipt, failure);
@@ -73,6 +91,6 @@ void ReceiptPrinter::printInterrupted(const DocumentArchive& archive) const
 bool ReceiptPrinter::isPrinted(const Receipt& receipt) const
 {
     const QDir folder(m_folder);
-    return QFileInfo::exists(folder.filePath(textFile(receipt))) &&
-           QFileInfo::exists(folder.filePath(pdfFile(receipt)));
+    return QFileInfo::exists(folder.filePath(textFile(nameOf(receipt)))) &&
+           QFileInfo::exists(folder.filePath(pdfFile(nameOf(receipt))));
 }

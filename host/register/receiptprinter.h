@@ -4,6 +4,7 @@
 #include "documentarchive.h"
 #include "positionmarks.h"
 #include "receipt.h"
+#include "receiptlayout.h"
 
 #include <QString>
 
@@ -20,10 +21,17 @@ public:
     /// @return false when one of them could not be written
     bool print(const Receipt& receipt) const;
 
-    /// Prints the receipt that was closed last when the register ended before that was done.
+    /// Prints a copy, headed as such, into `printed/<number>-copy.txt` and `.pdf`; what was never printed whole is
+    /// printed now as by print().
+    /// @return the PDF, relative to the data folder; empty when a file could not be written, which has been told
+    QString printAgain(const Receipt& receipt) const;
+
+    /// Prints the receipt that was closed last when the register ended before that was done. A copy does not
+    /// count as that print.
     void printInterrupted(const DocumentArchive& archive) const;
 
 private:
+    bool write(const Receipt& receipt, const QString& name, const QList<PrintedLine>& lines) const;
     bool isPrinted(const Receipt& receipt) const;
 
     QString m_folder;

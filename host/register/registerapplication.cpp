@@ -8,6 +8,7 @@
 #include "demodata.h"
 #include "dialog.h"
 #include "documentwatcher.h"
+#include "documentwords.h"
 #include "functionkey.h"
 #include "graphicaluserinterface.h"
 #include "inactivitylocker.h"
@@ -194,6 +195,8 @@ void RegisterApplication::takeUpWork()
     m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
     tellPlugins();
     m_sale->restore(std::exchange(m_savedReceipt, {}));
+    if (m_sale->receipt())
+        m_window->statusLine().showWarning(documentwords::restored(*m_sale->receipt()));
     m_printer->printInterrupted(m_sale->archive());
     try {
         m_catalogue.check();

@@ -4,6 +4,7 @@
 #include "actionqueuecontroller.h"
 #include "cataloguegoods.h"
 #include "goodscatalogue.h"
+#include "question.h"
 #include "sale.h"
 
 #include <QString>
@@ -27,6 +28,8 @@ private:
     EContext::Result removePosition(control::Action& action);
     EContext::Result stornoPosition(control::Action& action);
     EContext::Result cancelReceipt(control::Action& action);
+    Question cancellingQuestion() const;
+    bool isTakeBackBegun() const;
     EContext::Result stornoAll(control::Action& action);
     EContext::Result explainKey(control::Action& action);
     QSharedPointer<ReceiptPosition> chosenPosition(const control::Action& action) const;

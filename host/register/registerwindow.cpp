@@ -53,8 +53,11 @@ RegisterWindow::RegisterWindow(Sale& sale, const PositionMarks& marks, const QLi
     connect(controller, &ActionQueueController::refused, this, &RegisterWindow::tellRefusal);
     connect(m_sales, &SalesScreen::ended, this,
             [this](const Receipt& receipt) { m_statusLine->showDone(documentwords::ending(receipt)); });
+    connect(&sale, &Sale::annulled, this, [this](const Receipt& document, Receipt::State before) {
+        m_statusLine->showDone(documentwords::annulment(document, before));
+    });
     connect(&sale, &Sale::changed, this, [this, &sale] {
-        if (sale.receipt())
+        if (sale.receipt() && !m_statusLine->isWarningShown())
             m_statusLine->dropNews();
     });
     qApp->installEventFilter(this);
@@ -92,12 +95,13 @@ void RegisterWindow::leave(BasicForm& form)
         m_sales->setFocus();
 }
 
-/// A refusal has been read when the cashier goes on.
+/// A warning has been read when the cashier goes on. A function key is seen as a shortcut only, never as a key press.
 bool RegisterWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    const bool goesOn = event->type() == QEvent::MouseButtonPress ||
-                        (event->type() == QEvent::KeyPress && !static_cast<QKeyEvent*>(event)->isAutoRepeat());
-    if (goesOn && m_statusLine->isRefusalShown())
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    const bool goesOn =
+        event->type() == QEvent::MouseButtonPress || (isKey && !static_cast<QKeyEvent*>(event)->isAutoRepeat());
+    if (goesOn && m_statusLine->isWarningShown())
         m_statusLine->dropNews();
     return QWidget::eventFilter(watched, event);
 }
@@ -183,5 +187,5 @@ void RegisterWindow::tellRefusal(const control::Action& action, EContext::Result
     if (result == EContext::NotFound)
         showNotice(refusal::notFound(action));
     else
-        m_statusLine->showRefused(refusal::stopped(action).ui());
+        m_statusLine->showWarning(refusal::stopped(action).ui());
 }

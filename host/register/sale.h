@@ -78,12 +78,14 @@ public:
     /// Opens the cancelling document of a closed sale; false when a receipt is open, when it is no sale that can be
     /// taken back, or when it could not be saved.
     bool takeBack(const QSharedPointer<Receipt>& sale);
-    /// Declares a document void that was put aside or closed; false when it could not be saved.
+    /// Declares a document void that was put aside or closed and tells annulled(); false when it could not be saved.
     bool annul(const QSharedPointer<Receipt>& document);
 
 signals:
     /// The receipt is another one, was recalculated, or its phase is another one.
     void changed();
+    /// @param before put aside or closed
+    void annulled(const Receipt& document, Receipt::State before);
 
 private:
     void makeCurrent(const QSharedPointer<Receipt>& receipt);

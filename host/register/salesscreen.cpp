@@ -15,6 +15,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -90,6 +91,8 @@ QWidget* SalesScreen::createTable()
         QStringLiteral("sum;;104;true;130"),
         QStringLiteral("state;;-2;true;129"),
     });
+    // The range follows both the positions and the room: the payment takes some of it.
+    connect(m_table->verticalScrollBar(), &QScrollBar::rangeChanged, this, &SalesScreen::scrollToCurrent);
     return m_table;
 }
 
@@ -154,17 +157,30 @@ void SalesScreen::refresh()
 
 void SalesScreen::showPositions()
 {
-    const int number = m_model.positionNumber(m_table->currentIndex().row());
+    const int formerRow = m_table->currentIndex().row();
+    const int number = m_model.positionNumber(formerRow);
     const auto positions = m_shown ? static_cast<int>(m_shown->positions().size()) : 0;
     const bool grown = positions > m_positions;
     m_positions = positions;
 
     m_model.refresh(m_shown);
-    const int row = grown ? positions - 1 : std::max(m_model.rowOf(number), positions > 0 ? 0 : -1);
-    if (row >= 0)
-        m_table->setCurrentIndex(m_model.index(row, 0));
+    if (positions > 0)
+        m_table->setCurrentIndex(m_model.index(grown ? positions - 1 : rowAfter(formerRow, number), 0));
     for (const auto column : {ReceiptTableModel::Mark, ReceiptTableModel::InitialPrice, ReceiptTableModel::State})
         m_table->setColumnHidden(column, m_model.isEmpty(column));
+    scrollToCurrent();
+}
+
+/// The row of the position that was current, else the one that took its place.
+int SalesScreen::rowAfter(int formerRow, int number) const
+{
+    const int row = m_model.rowOf(number);
+    return row >= 0 ? row : std::clamp(formerRow, 0, m_model.rowCount() - 1);
+}
+
+void SalesScreen::scrollToCurrent()
+{
+    m_table->scrollTo(m_table->currentIndex(), QAbstractItemView::EnsureVisible);
 }
 
 /// The focus goes along with the phase, unless it stands in a form above this screen.

@@ -41,6 +41,8 @@ private:
     QWidget* createSearchAndTotal();
     QWidget* createPayment(const QList<FunctionKey>& keys);
     void showPositions();
+    int rowAfter(int formerRow, int number) const;
+    void scrollToCurrent();
     void showPhase();
     void search();
     void goOn();

@@ -14,7 +14,7 @@ namespace
 {
 constexpr const char* standing = "hint";
 constexpr const char* done = "done";
-constexpr const char* refused = "waiting";
+constexpr const char* warning = "waiting";
 constexpr int linesOfMessage = 2;
 constexpr int roomAroundMessage = 8; // pixels
 } // namespace
@@ -64,14 +64,14 @@ void StatusLine::showDone(const QString& text)
     show(text, done);
 }
 
-void StatusLine::showRefused(const QString& text)
+void StatusLine::showWarning(const QString& text)
 {
-    show(text, refused);
+    show(text, warning);
 }
 
-bool StatusLine::isRefusalShown() const
+bool StatusLine::isWarningShown() const
 {
-    return m_message->property("textRole").toString() == QLatin1String(refused);
+    return m_message->property("textRole").toString() == QLatin1String(warning);
 }
 
 void StatusLine::dropNews()

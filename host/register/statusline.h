@@ -19,9 +19,9 @@ public:
     void showMessage(const QString& text);
     /// What has been done, in large letters, instead of the message, until dropNews().
     void showDone(const QString& text);
-    /// What was refused, on amber, instead of the message, until dropNews().
-    void showRefused(const QString& text);
-    bool isRefusalShown() const;
+    /// What the cashier has to see to, on amber, instead of the message, until dropNews().
+    void showWarning(const QString& text);
+    bool isWarningShown() const;
     void dropNews();
 
     /// @param details the tool tip

@@ -110,7 +110,7 @@ TEST_F(Cancelling, positionRefusedByTheRegistry_staysAndIsStillRegistered)
     registry.orderFault({{"endpoint", "cancel"}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
     expectHeld(
         playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::tries(cashier::removesTheFirst, "Идут работы"),
-                   R"({"contains": "«Удаление позиции» не выполнено", "in": "statusMessageLabel"})"}));
+                   R"({"contains": "Удаление позиции не выполнено", "in": "statusMessageLabel"})"}));
     EXPECT_EQ(registeredBy(savedReceipt()).size(), 3);
     EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
 }

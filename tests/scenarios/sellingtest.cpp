@@ -167,7 +167,7 @@ TEST_F(Subtotal, registryFailsAtTheSecond_receiptAndPhaseStayTheCashierReadsWhyA
         {{"endpoint", "register"}, {"nth", 2}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
     expectHeld(playSteps({cashier::findsTheReceipt, cashier::tries(R"({"key": "F6"})", "Идут работы"),
                           R"({"visible": false, "in": "paymentPanel"},
-                             {"contains": "«Подытог» не выполнено", "in": "statusMessageLabel"},
+                             {"contains": "Подытог не выполнен", "in": "statusMessageLabel"},
                              {"contains": "1,49 | зарегистрирован", "in": "receiptTable"},
                              {"contains": "0,46 | не зарегистрирован", "in": "receiptTable"},
                              {"contains": "0,68 | не зарегистрирован", "in": "receiptTable"})"}));
@@ -187,7 +187,7 @@ TEST_F(Subtotal, registryFailsOnTheWayToThePayment_paymentIsNotShownAndNothingIs
     registry.orderFault({{"endpoint", "register"}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
     expectHeld(playSteps({cashier::findsTheReceipt, cashier::tries(R"({"key": "F12"})", "Идут работы"),
                           R"({"visible": false, "in": "paymentPanel"},
-                             {"contains": "«Оплата» не выполнено", "in": "statusMessageLabel"})"}));
+                             {"contains": "Оплата не выполнена", "in": "statusMessageLabel"})"}));
     EXPECT_EQ(registeredBy(savedReceipt()), QStringList());
     EXPECT_EQ(files("finished"), QStringList());
 }

@@ -355,8 +355,8 @@ Check the number.</translation>
         <translation>Document No. %1 is no closed sale and cannot be returned.</translation>
     </message>
     <message id="takenBackAlready">
-        <source>Продажа № %1 уже возвращена чеком № %2.</source>
-        <translation>Sale No. %1 has already been returned by receipt No. %2.</translation>
+        <source>Продажа № %1 уже возвращена документом № %2.</source>
+        <translation>Sale No. %1 has already been returned by document No. %2.</translation>
     </message>
     <message id="annulTitle">
         <source>Аннулирование документа</source>
@@ -542,6 +542,50 @@ Remove it and cancel the dispensing?</translation>
         <source>Удалить</source>
         <translation>Remove</translation>
     </message>
+    <message id="cancelBegunTakeBackQuestion">
+        <source>Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.
+Правильно завершить его: «Нет», затем F12.
+Всё равно отменить возврат?</source>
+        <translation>Return No. %1 of %2 has been done in part already, and that stands.
+The right thing is to finish it: “No”, then F12.
+Cancel the return all the same?</translation>
+    </message>
+    <message id="cancelTakeBackTitle">
+        <source>Отмена возврата</source>
+        <translation>Cancel return</translation>
+    </message>
+    <message id="cancelTakeBackYes">
+        <source>Отменить возврат</source>
+        <translation>Cancel return</translation>
+    </message>
+    <message id="putAsideAnnulled">
+        <source>Отложенный чек № %1 аннулирован</source>
+        <translation>Receipt No. %1, put aside, was annulled</translation>
+    </message>
+    <message id="saleAnnulled">
+        <source>Чек № %1 аннулирован. Верните покупателю %2</source>
+        <translation>Receipt No. %1 was annulled. Give the customer %2 back</translation>
+    </message>
+    <message id="takeBackRestored">
+        <source>Возврат № %1 восстановлен после перезапуска. Проверьте позиции и продолжайте.</source>
+        <translation>Return No. %1 was restored after a restart. Check the positions and go on.</translation>
+    </message>
+    <message id="receiptRestored">
+        <source>Чек № %1 восстановлен после перезапуска. Проверьте позиции и продолжайте.</source>
+        <translation>Receipt No. %1 was restored after a restart. Check the positions and go on.</translation>
+    </message>
+    <message id="printedCopy">
+        <source>КОПИЯ</source>
+        <translation>COPY</translation>
+    </message>
+    <message id="documentPrinted">
+        <source>Документ № %1 напечатан: %2</source>
+        <translation>Document No. %1 was printed: %2</translation>
+    </message>
+    <message id="documentsPrintClosed">
+        <source>Печатаются только закрытые документы, которые не аннулированы.</source>
+        <translation>Only closed documents that were not annulled are printed.</translation>
+    </message>
     <message id="cancelTakeBackQuestion">
         <source>Отменить возврат № %1 на сумму %2?</source>
         <translation>Cancel return No. %1 of %2?</translation>
@@ -563,37 +607,37 @@ Remove it and cancel the dispensing?</translation>
         <translation>A sale is returned as a whole: the positions of a return do not change.</translation>
     </message>
     <message id="actionSubtotal">
-        <source>Подытог</source>
-        <translation>Subtotal</translation>
+        <source>Подытог не выполнен</source>
+        <translation>The subtotal was not done</translation>
     </message>
     <message id="actionPayment">
-        <source>Оплата</source>
-        <translation>Payment</translation>
+        <source>Оплата не выполнена</source>
+        <translation>The payment was not done</translation>
     </message>
     <message id="actionStornoPosition">
-        <source>Удаление позиции</source>
-        <translation>Remove position</translation>
+        <source>Удаление позиции не выполнено</source>
+        <translation>The position was not removed</translation>
     </message>
     <message id="actionStornoAll">
-        <source>Отмена чека</source>
-        <translation>Cancel receipt</translation>
+        <source>Отмена не выполнена</source>
+        <translation>The cancellation was not done</translation>
     </message>
     <message id="actionAnnulDocument">
-        <source>Аннулирование</source>
-        <translation>Annul</translation>
+        <source>Аннулирование не выполнено</source>
+        <translation>The annulment was not done</translation>
     </message>
     <message id="actionUnnamed">
-        <source>Действие</source>
-        <translation>Action</translation>
+        <source>Действие не выполнено</source>
+        <translation>The action was not done</translation>
     </message>
     <message id="actionStopped">
-        <source>«%1» не выполнено: модуль остановил действие. Чек не изменён, исправьте причину и повторите.</source>
-        <translation>“%1” was not done: a plug-in stopped it. The receipt is unchanged; mend the cause and try again.</translation>
+        <source>%1. Устраните причину, названную в сообщении, и повторите.</source>
+        <translation>%1. Mend the cause that the message named, and try again.</translation>
     </message>
     <message id="actionNotFound">
-        <source>«%1» не выполнено: модуль не нашёл у себя эту позицию или этот чек. Чек не изменён.
+        <source>%1: модуль не нашёл у себя эту позицию или этот чек. Чек не изменён.
 Проверьте, что выбрана нужная строка, и повторите. Если не поможет, позовите администратора.</source>
-        <translation>“%1” was not done: the plug-in knows nothing of this position or receipt. The receipt is unchanged.
+        <translation>%1: the plug-in knows nothing of this position or receipt. The receipt is unchanged.
 Check that the right row is chosen and try again. If that does not help, call the administrator.</translation>
     </message>
     <message id="documentsTitle">
@@ -685,8 +729,8 @@ Check that the right row is chosen and try again. If that does not help, call th
         <translation>Return of receipt No. %1</translation>
     </message>
     <message id="documentTakenBack">
-        <source>Продажа, возвращена чеком № %1</source>
-        <translation>Sale, returned by receipt No. %1</translation>
+        <source>Продажа, возвращена документом № %1</source>
+        <translation>Sale, returned by document No. %1</translation>
     </message>
     <message id="documentSale">
         <source>Продажа</source>

@@ -136,7 +136,7 @@ TEST_F(DocumentCommandsTest, takeBackOfASaleTakenBack_namesItsDocument)
 {
     const int taker = takenBack();
     EXPECT_EQ(noticeOf(registeraction::takeBack, number(taker - 1)),
-              QStringLiteral("Продажа № %1 уже возвращена чеком № %2.").arg(taker - 1).arg(taker));
+              QStringLiteral("Продажа № %1 уже возвращена документом № %2.").arg(taker - 1).arg(taker));
     EXPECT_FALSE(sale->receipt());
 }
 

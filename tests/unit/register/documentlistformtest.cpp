@@ -87,7 +87,7 @@ TEST_F(DocumentListFormTest, shown_latestFirstInTheContextOfStoredDocuments)
         EXPECT_EQ(state(1), QStringLiteral("Отменён"));
         EXPECT_EQ(state(2), QStringLiteral("Продажа"));
         EXPECT_EQ(state(3), QStringLiteral("Возврат чека № 1"));
-        EXPECT_EQ(state(4), QStringLiteral("Продажа, возвращена чеком № 2"));
+        EXPECT_EQ(state(4), QStringLiteral("Продажа, возвращена документом № 2"));
         EXPECT_EQ(QApplication::focusWidget(), root.findChild<QWidget*>(QStringLiteral("filterLineEdit")));
     });
 }
@@ -124,6 +124,9 @@ TEST_P(DocumentButtons, areUsableWhereTheyDoSomething)
         EXPECT_EQ(button("takeBackButton")->isEnabled(), GetParam().takeBack);
         EXPECT_EQ(button("annulButton")->isEnabled(), GetParam().annul);
         EXPECT_EQ(button("printButton")->isEnabled(), GetParam().print);
+        const QString obstacle = QStringLiteral("Печатаются только закрытые документы, которые не аннулированы.");
+        EXPECT_EQ(hint()->text(), GetParam().print ? QString() : obstacle);
+        EXPECT_EQ(button("printButton")->toolTip(), GetParam().print ? QString() : obstacle);
     });
 }
 
@@ -209,6 +212,8 @@ TEST_P(DocumentAct, annul_asksAndShowsTheSameRowAnew)
         EXPECT_EQ(current(), QStringLiteral("3"));
         EXPECT_EQ(state(2), QStringLiteral("Аннулирован"));
         EXPECT_FALSE(button("annulButton")->isEnabled());
+        EXPECT_FALSE(button("printButton")->isEnabled());
+        EXPECT_EQ(hint()->text(), QStringLiteral("Чек № 3 аннулирован. Верните покупателю 12,40"));
         EXPECT_EQ(controller.object.context(), EContext::StoredDocuments);
     });
     EXPECT_EQ(sale->archive().find(3)->getState(), Receipt::State::Annulled);
@@ -222,8 +227,12 @@ TEST_P(DocumentAct, print_printsACopyAndTheListStays)
         act("printButton", Qt::Key_F9);
         EXPECT_TRUE(gui.object.topForm());
         EXPECT_EQ(current(), QStringLiteral("3"));
+        EXPECT_EQ(hint()->text(), QStringLiteral("Документ № 3 напечатан: printed/00000003.pdf"));
+        act("printButton", Qt::Key_F9);
+        EXPECT_EQ(hint()->text(), QStringLiteral("Документ № 3 напечатан: printed/00000003-copy.pdf"));
     });
-    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("printed/00000003.txt"))));
+    for (const char* file : {"00000003.txt", "00000003.pdf", "00000003-copy.txt", "00000003-copy.pdf"})
+        EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("printed/") + QLatin1String(file)))) << file;
 }
 
 INSTANTIATE_TEST_SUITE_P(, DocumentAct, ::testing::Values(Act{"byKey", false}, Act{"byTouch", true}),
@@ -239,8 +248,7 @@ TEST_F(DocumentListFormTest, pluginStopsTheAnnulling_theListSaysSoAtThatDocument
         press(Qt::Key_F8);
         EXPECT_EQ(current(), QStringLiteral("3"));
         EXPECT_EQ(state(2), QStringLiteral("Продажа"));
-        EXPECT_TRUE(
-            hint()->text().startsWith(QStringLiteral("«Аннулирование» не выполнено: модуль остановил действие")))
+        EXPECT_TRUE(hint()->text().startsWith(QStringLiteral("Аннулирование не выполнено. Устраните причину")))
             << qPrintable(hint()->text());
         EXPECT_EQ(hint()->property("textRole").toString(), QStringLiteral("waiting"));
         press(Qt::Key_Down);

@@ -92,7 +92,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Word{"putAside", sale(1, Receipt::State::PutAside), false, "Отложен", QColor(0x8a, 0x5a, 0)},
         Word{"sale", sale(1, Receipt::State::Closed), false, "Продажа", {}},
-        Word{"takenBack", sale(1, Receipt::State::Closed), true, "Продажа, возвращена чеком № 9", {}},
+        Word{"takenBack", sale(1, Receipt::State::Closed), true, "Продажа, возвращена документом № 9", {}},
         Word{"takeBack", takeBack(9, Receipt::State::Closed), false, "Возврат чека № 7", {}},
         Word{"cancelled", sale(1, Receipt::State::Cancelled), false, "Отменён", RegisterColours().mutedText},
         Word{"takeBackCancelled", takeBack(9, Receipt::State::Cancelled), false, "Возврат отменён",

@@ -244,6 +244,20 @@ TEST_F(ReceiptPrinterTest, printedAgain_replacesTheFilesWhole)
     EXPECT_EQ(printed().size(), 2);
 }
 
+TEST_F(ReceiptPrinterTest, printedAgainFromTheList_theOriginalStandsBesideACopyThatSaysSo)
+{
+    const ReceiptPrinter printer(folder.path(), marks);
+    EXPECT_EQ(printer.printAgain(*sale()), QStringLiteral("printed/00000007.pdf")) << "never printed before";
+    const std::string original = text(QStringLiteral("00000007"));
+    EXPECT_EQ(original.find("КОПИЯ"), std::string::npos);
+    const QByteArray originalPdf = content(path(QStringLiteral("printed/00000007.pdf")));
+    EXPECT_EQ(printer.printAgain(*sale()), QStringLiteral("printed/00000007-copy.pdf"));
+    EXPECT_EQ(text(QStringLiteral("00000007-copy")), std::string(17, ' ') + "КОПИЯ\n" + original);
+    EXPECT_EQ(text(QStringLiteral("00000007")), original);
+    EXPECT_EQ(content(path(QStringLiteral("printed/00000007.pdf"))), originalPdf);
+    EXPECT_EQ(printed().size(), 4);
+}
+
 TEST_F(ReceiptPrinterTest, diskFull_isToldWithTheWayOutAndFormerFilesStand)
 {
     const ReceiptPrinter printer(folder.path(), marks);
@@ -335,6 +349,16 @@ TEST_F(InterruptedPrinting, bothFilesAreThere_theyStayAsTheyAre)
     file.close();
     printInterrupted();
     EXPECT_EQ(text(QStringLiteral("00000001")), "as printed");
+}
+
+TEST_F(InterruptedPrinting, onlyACopyIsThere_theReceiptIsPrinted)
+{
+    finish(1, 10);
+    printInterrupted();
+    EXPECT_FALSE(ReceiptPrinter(folder.path(), marks).printAgain(*sale(1)).isEmpty());
+    ASSERT_TRUE(QFile::remove(path(QStringLiteral("printed/00000001.txt"))));
+    printInterrupted();
+    EXPECT_TRUE(printed().contains(QStringLiteral("00000001.txt")));
 }
 
 TEST_F(InterruptedPrinting, nothingFinished_nothingIsPrinted)

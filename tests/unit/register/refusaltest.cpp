@@ -6,6 +6,7 @@
 #include "tillwindow.h"
 
 #include <QLabel>
+#include <QPushButton>
 #include <QTableView>
 
 class RefusalTest : public TillWindow
@@ -31,8 +32,8 @@ TEST_F(RefusalTest, pluginStopsTheSubtotal_theStatusLineSaysSoUntilTheNextKey)
     press(Qt::Key_Up);
     press(Qt::Key_F6);
     ASSERT_TRUE(becomesIdle());
-    EXPECT_EQ(status()->text(), QStringLiteral("«Подытог» не выполнено: модуль остановил действие. Чек не изменён, "
-                                               "исправьте причину и повторите."));
+    EXPECT_EQ(status()->text(),
+              QStringLiteral("Подытог не выполнен. Устраните причину, названную в сообщении, и повторите."));
     EXPECT_EQ(status()->property("textRole").toString(), QStringLiteral("waiting"));
     EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
     EXPECT_EQ(widget<QTableView>("receiptTable")->model()->rowCount(), 2);
@@ -50,9 +51,41 @@ TEST_F(RefusalTest, pluginStopsAtTheSubtotalAlreadyShown_theSubtotalStays)
     ASSERT_TRUE(becomesIdle());
     press(Qt::Key_F12);
     ASSERT_TRUE(becomesIdle());
-    EXPECT_TRUE(status()->text().startsWith(QStringLiteral("«Оплата» не выполнено")));
+    EXPECT_TRUE(status()->text().startsWith(QStringLiteral("Оплата не выполнена.")));
     EXPECT_EQ(sale->phase(), Sale::Phase::Subtotal);
     EXPECT_TRUE(isSeen("paymentPanel"));
+}
+
+TEST_F(RefusalTest, functionKeyPressedAgainAndNotRefused_theRefusalIsGone)
+{
+    answer(control::Subtotal, EContext::Stop);
+    openWindow();
+    sale->setPhase(Sale::Phase::Subtotal); // so that the second time changes nothing
+    press(Qt::Key_F6);
+    ASSERT_TRUE(becomesIdle());
+    ASSERT_FALSE(status()->text().isEmpty());
+    controller.object.removePluginEntries();
+    press(Qt::Key_F6);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_TRUE(status()->text().isEmpty());
+}
+
+TEST_F(RefusalTest, cancellationRefusedAtThePayment_positionsComeBackUnderTheRefusalAndReturnSellsNothing)
+{
+    answer(control::StornoAll, EContext::Stop);
+    openWindow();
+    sale->setPhase(Sale::Phase::Payment);
+    cashier.onForm(QStringLiteral("questionForm"),
+                   [](QWidget& root) { root.findChild<QPushButton*>(QStringLiteral("yesButton"))->click(); });
+    press(Qt::Key_F9);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
+    EXPECT_TRUE(status()->text().startsWith(QStringLiteral("Отмена не выполнена."))) << qPrintable(status()->text());
+    press(Qt::Key_Return);
+    ASSERT_TRUE(becomesIdle());
+    ASSERT_TRUE(sale->receipt());
+    EXPECT_EQ(sale->receipt()->getState(), Receipt::State::Open);
 }
 
 TEST_F(RefusalTest, refusalInTheStatusLine_isReadWholeOnTheSmallestScreen)
@@ -76,7 +109,7 @@ TEST_F(RefusalTest, messageThatStands_comesBackAfterTheRefusal)
     widget<StatusLine>("statusLine")->showMessage(QStringLiteral("Модуль не подключён: x"));
     press(Qt::Key_F6);
     ASSERT_TRUE(becomesIdle());
-    EXPECT_TRUE(status()->text().startsWith(QStringLiteral("«Подытог»")));
+    EXPECT_TRUE(status()->text().startsWith(QStringLiteral("Подытог")));
     QTest::mouseClick(widget<QTableView>("receiptTable")->viewport(), Qt::LeftButton);
     EXPECT_EQ(status()->text(), QStringLiteral("Модуль не подключён: x"));
 }
@@ -90,7 +123,7 @@ TEST_F(RefusalTest, pluginDoesNotFindThePosition_aMessageSaysSoAndThePositionSta
     ASSERT_TRUE(becomesIdle());
     ASSERT_EQ(messages.all().size(), 1);
     EXPECT_TRUE(messages.all().first().text.startsWith(
-        QStringLiteral("«Удаление позиции» не выполнено: модуль не нашёл у себя эту позицию")));
+        QStringLiteral("Удаление позиции не выполнено: модуль не нашёл у себя эту позицию")));
     EXPECT_EQ(messages.all().first().kind, Dialog::Notice);
     EXPECT_TRUE(status()->text().isEmpty());
     EXPECT_EQ(sale->receipt()->positions().size(), 2);

@@ -476,10 +476,29 @@ TEST_F(Commands, cancellingDocumentCancelled_asksForTheTakeBack)
     ASSERT_TRUE(sale->takeBack(archived(sold())));
     QString question;
     cashier.onForm(QStringLiteral("questionForm"), [&question](QWidget& root) {
+        EXPECT_EQ(root.findChild<QLabel*>(QStringLiteral("titleLabel"))->text(), QStringLiteral("Отмена возврата"));
+        EXPECT_EQ(root.findChild<QPushButton*>(QStringLiteral("yesButton"))->text(),
+                  QStringLiteral("Отменить возврат"));
         question = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
         press(root, "yesButton");
     });
     EXPECT_EQ(run(registeraction::cancelReceipt), EContext::GoOn);
     EXPECT_EQ(question, QStringLiteral("Отменить возврат № 2 на сумму 24,80?"));
     EXPECT_FALSE(sale->archive().isTakenBack(*archived(1), nullptr));
+}
+
+TEST_F(Commands, cancellingDocumentBegunByAPlugin_theQuestionAdvisesToFinishIt)
+{
+    ASSERT_TRUE(sale->takeBack(archived(sold())));
+    sale->receipt()->position(1)->setExtendedOptions(QStringLiteral(R"({"status":"canceled"})"));
+    QString question;
+    cashier.onForm(QStringLiteral("questionForm"), [&question](QWidget& root) {
+        question = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
+        press(root, "noButton");
+    });
+    EXPECT_EQ(run(registeraction::cancelReceipt), EContext::Stop);
+    EXPECT_TRUE(question.startsWith(QStringLiteral("Возврат № 2 на сумму 24,80 уже выполнен частично")))
+        << qPrintable(question);
+    EXPECT_TRUE(question.contains(QStringLiteral("F12")));
+    EXPECT_TRUE(sale->receipt());
 }

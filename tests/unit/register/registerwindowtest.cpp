@@ -72,6 +72,60 @@ TEST_F(WindowTest, positionChangedInPlace_theCurrentRowStays)
     EXPECT_EQ(widget<QTableView>("receiptTable")->currentIndex().row(), 0);
 }
 
+TEST_F(WindowTest, positionRemoved_theOneThatTookItsPlaceIsCurrentElseTheNewLast)
+{
+    openWindow();
+    for (int i = 0; i < 4; ++i)
+        sale->add(article(amoxidar));
+    const auto* table = widget<QTableView>("receiptTable");
+    press(Qt::Key_Up);
+    ASSERT_EQ(table->currentIndex().row(), 2);
+    sale->remove(3);
+    EXPECT_EQ(table->currentIndex().row(), 2) << "№ 4 took its place";
+    sale->remove(4);
+    EXPECT_EQ(table->currentIndex().row(), 1) << "the new last";
+}
+
+TEST_F(WindowTest, longReceipt_theCurrentPositionIsWholeInSight)
+{
+    openWindow();
+    const auto* table = widget<QTableView>("receiptTable");
+    const auto expectInSight = [table](const char* when) {
+        QApplication::processEvents();
+        const QRect row = table->visualRect(table->currentIndex());
+        EXPECT_GE(row.top(), 0) << when;
+        EXPECT_LT(row.bottom(), table->viewport()->height()) << when;
+    };
+    for (int i = 0; i < 30; ++i) {
+        sale->add(article(amoxidar));
+        expectInSight("added");
+    }
+    EXPECT_EQ(table->currentIndex().row(), 29);
+    sale->setPhase(Sale::Phase::Payment);
+    ASSERT_TRUE(isSeen("paymentPanel"));
+    expectInSight("payment");
+    window->resize(1024, 700);
+    window->resize(1024, 600);
+    expectInSight("resized");
+    sale->setPhase(Sale::Phase::Positions);
+    sale->remove(30);
+    expectInSight("removed");
+}
+
+TEST_F(WindowTest, documentAnnulled_theStatusLineTellsWhatToGiveBack)
+{
+    openWindow();
+    const auto* status = widget<QLabel>("statusMessageLabel");
+    sale->add(article(amoxidar));
+    ASSERT_TRUE(sale->close(5000));
+    ASSERT_TRUE(sale->annul(sale->archive().find(1)));
+    EXPECT_EQ(status->text(), QStringLiteral("Чек № 1 аннулирован. Верните покупателю 12,40"));
+    sale->add(article(amoxidar));
+    ASSERT_TRUE(sale->putAside());
+    ASSERT_TRUE(sale->annul(sale->archive().find(2)));
+    EXPECT_EQ(status->text(), QStringLiteral("Отложенный чек № 2 аннулирован"));
+}
+
 TEST_F(WindowTest, functionKey_hasItsShortcutWrittenOnItAndDoesItsAction)
 {
     openWindow();
