@@ -49,7 +49,7 @@ bool createTable(QSqlQuery& query, const Table& table, const QJsonArray& rows)
     if (!query.prepare(QStringLiteral("INSERT INTO ") + name + QStringLiteral(" (") +
                        table.columns.join(QLatin1Char(',')) + QStringLiteral(") VALUES (") + marks + QLatin1Char(')')))
         return false;
-    for (const QJsonValue& row : rows) {
+    for (const auto row : rows) {
         for (const QString& column : table.columns)
             query.addBindValue(row[column].toVariant());
         if (!query.exec())

@@ -94,10 +94,14 @@ bool DocumentArchive::isTakenBack(const Receipt& sale, const QSharedPointer<Rece
     const int taker = sale.getTakenBackBy();
     if (taker == 0)
         return false;
-    const bool isOpen = open && open->getNumber() == taker;
-    const QSharedPointer<Receipt> document = isOpen ? open : read(finished, taker);
-    return document && document->getTakesBack() == sale.getNumber() &&
-           (isOpen || document->getState() == Receipt::State::Closed);
+    if (open && open->getNumber() == taker)
+        return open->getTakesBack() == sale.getNumber();
+    if (!QFileInfo::exists(QDir(m_folder).filePath(fileOf(finished, taker))))
+        return false;
+    const QSharedPointer<Receipt> document = read(finished, taker);
+    if (!document)
+        return true; // damaged: rather refuse than pay out twice
+    return document->getTakesBack() == sale.getNumber() && document->getState() == Receipt::State::Closed;
 }
 
 QSharedPointer<Receipt> DocumentArchive::tidyUp(const QSharedPointer<Receipt>& open) const

@@ -7,6 +7,8 @@
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
+#include <QFile>
+
 namespace
 {
 QDateTime now()
@@ -72,8 +74,12 @@ bool Sale::takeBack(const QSharedPointer<Receipt>& sale)
     const QSharedPointer<Receipt> document = Receipt::cancelling(*sale, m_numbers.next(), now());
     // First the sale: a cancelling document that the sale does not know of could be opened twice.
     sale->setTakenBackBy(document->getNumber());
-    if (!m_archive.save(sale) || !m_store.save(document))
+    if (!m_archive.save(sale))
         return false;
+    if (!m_store.save(document)) {
+        QFile::remove(m_store.file()); // it may stand there, only not synced
+        return false;
+    }
     makeCurrent(document);
     Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::ReceiptOpened));
     emit changed();

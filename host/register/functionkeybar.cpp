@@ -102,7 +102,7 @@ QList<FunctionKeyBar::Row> FunctionKeyBar::rows(int width) const
 {
     const auto keys = static_cast<int>(m_keys.size());
     for (int count = 1; count < keys; ++count) {
-        const QList<Row> split = inRows(count);
+        QList<Row> split = inRows(count);
         if (std::all_of(split.cbegin(), split.cend(), [width](const Row& row) { return widthOf(row) <= width; }))
             return split;
     }

@@ -20,7 +20,7 @@ QString differenceOfObjects(const QJsonObject& expected, const QJsonObject& actu
 {
     for (auto member = expected.begin(); member != expected.end(); ++member) {
         const QString memberPath = path.isEmpty() ? member.key() : path + QLatin1Char('.') + member.key();
-        const QString difference = jsonDifference(member.value(), actual.value(member.key()), memberPath);
+        QString difference = jsonDifference(member.value(), actual.value(member.key()), memberPath);
         if (!difference.isEmpty())
             return difference;
     }
@@ -34,7 +34,7 @@ QString differenceOfLists(const QJsonArray& expected, const QJsonArray& actual, 
                QStringLiteral(" entries instead of ") + QString::number(expected.size());
     for (qsizetype entry = 0; entry < expected.size(); ++entry) {
         const QString entryPath = path + QLatin1Char('[') + QString::number(entry) + QLatin1Char(']');
-        const QString difference = jsonDifference(expected.at(entry), actual.at(entry), entryPath);
+        QString difference = jsonDifference(expected.at(entry), actual.at(entry), entryPath);
         if (!difference.isEmpty())
             return difference;
     }

@@ -48,14 +48,14 @@ void PositionMarks::load(const QString& file)
         return;
     }
     const QJsonObject root = json.object();
-    for (const QJsonValue& entry : root.value(QLatin1String("positions")).toArray()) {
+    for (const auto entry : root.value(QLatin1String("positions")).toArray()) {
         Mark mark = readMark(entry.toObject());
         if (mark.tag.isEmpty())
             log->warn(QStringLiteral("Position mark without a tag passed over in ") + file);
         else
             m_marks.append(std::move(mark));
     }
-    for (const QJsonValue& entry : root.value(QLatin1String("document")).toArray()) {
+    for (const auto entry : root.value(QLatin1String("document")).toArray()) {
         const QJsonObject line = entry.toObject();
         m_documentLines.append({line.value(QLatin1String("plugin")).toString(),
                                 line.value(QLatin1String("key")).toString(),
@@ -103,7 +103,7 @@ PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
               entry.value(QLatin1String("description")).toString(),
               {},
               {}};
-    for (const QJsonValue& value : entry.value(QLatin1String("states")).toArray()) {
+    for (const auto value : entry.value(QLatin1String("states")).toArray()) {
         const QJsonObject state = value.toObject();
         const QJsonValue wanted = state.value(QLatin1String("value"));
         mark.states.append({state.value(QLatin1String("option")).toString(),
@@ -111,7 +111,7 @@ PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
                             state.value(QLatin1String("text")).toString(),
                             QColor(state.value(QLatin1String("colour")).toString())});
     }
-    for (const QJsonValue& value : entry.value(QLatin1String("receiptLines")).toArray()) {
+    for (const auto value : entry.value(QLatin1String("receiptLines")).toArray()) {
         const QJsonObject line = value.toObject();
         mark.receiptLines.append({line.value(QLatin1String("option")).toString(),
                                   line.value(QLatin1String("label")).toString(),

@@ -53,7 +53,7 @@ AbstractDocument::Type readType(const QJsonObject& saved)
 
 QDateTime readTime(const QJsonObject& saved, const QString& name)
 {
-    const QDateTime time = QDateTime::fromString(savedmember::text(saved, name), Qt::ISODate);
+    QDateTime time = QDateTime::fromString(savedmember::text(saved, name), Qt::ISODate);
     if (!time.isValid())
         savedmember::refuse(name);
     return time;
@@ -100,7 +100,7 @@ QSharedPointer<ReceiptPosition> Receipt::position(int number) const
 
 bool Receipt::isClosed() const
 {
-    return !m_beingAnnulled && m_ending.state != State::Open && m_ending.state != State::PutAside;
+    return hasEnded() && !m_beingAnnulled;
 }
 
 QString Receipt::fileName() const
@@ -150,6 +150,7 @@ void Receipt::takeOverPluginData(const Receipt& other)
 QJsonObject Receipt::toJson() const
 {
     QJsonObject saved = AbstractDocument::toJson();
+    saved.insert(QStringLiteral("closed"), hasEnded());
     saved.insert(QStringLiteral("number"), m_number);
     saved.insert(QStringLiteral("opened"), m_opened.toString(Qt::ISODate));
     saved.insert(QStringLiteral("nextPosition"), m_nextPosition);
@@ -193,7 +194,7 @@ QSharedPointer<Receipt> Receipt::fromJson(const QJsonObject& saved)
 
 void Receipt::readPositions(const QJsonObject& saved)
 {
-    for (const QJsonValue& value : savedmember::list(saved, QStringLiteral("positions"))) {
+    for (const auto value : savedmember::list(saved, QStringLiteral("positions"))) {
         const auto position = ReceiptPosition::fromJson(value.toObject());
         if (this->position(position->getNumber()))
             savedmember::refuse(QStringLiteral("number"));

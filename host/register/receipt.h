@@ -91,6 +91,7 @@ public:
     static QSharedPointer<Receipt> fromJson(const QJsonObject& saved);
 
 private:
+    bool hasEnded() const { return m_ending.state != State::Open && m_ending.state != State::PutAside; }
     void readPositions(const QJsonObject& saved);
     void readPluginValues(const QJsonObject& saved);
 

@@ -37,6 +37,17 @@ void RegisterCommands::offer(ActionQueueController& controller)
     withReceipt(control::StornoAllFromMenu, &RegisterCommands::stornoAll);
     withReceipt(control::Subtotal, &RegisterCommands::subtotal);
     withReceipt(control::SubtotalAndPayment, &RegisterCommands::subtotalAndPayment);
+    // A cancellation that stopped half-way may have undone what the subtotal did: the way to the payment leads through
+    // it again.
+    for (const control::EActionType storno :
+         {control::StornoPosition, control::StornoAll, control::StornoAllFromMenu}) {
+        controller.setHostFrame(storno, [this](control::Action&, const std::function<EContext::Result()>& course) {
+            const EContext::Result result = course();
+            if (result != EContext::GoOn)
+                m_sale.setPhase(Sale::Phase::Positions);
+            return result;
+        });
+    }
 }
 
 EContext::Result RegisterCommands::openReceipt(control::Action&)
@@ -183,7 +194,7 @@ QSharedPointer<ReceiptPosition> RegisterCommands::chosenPosition(const control::
                     QStringLiteral("Продажа возвращается целиком: позиции возврата не меняются.")});
         return nullptr;
     }
-    const auto position = receipt->position(action.value(QStringLiteral("positionNumber")).toInt());
+    auto position = receipt->position(action.value(QStringLiteral("positionNumber")).toInt());
     if (!position)
         showNotice({QStringLiteral("positionNotChosen"), QStringLiteral("Сначала выберите позицию чека.")});
     return position;

@@ -36,7 +36,7 @@ QSharedPointer<ReceiptPosition> ReceiptPosition::fromJson(const QJsonObject& sav
         .quantity = savedmember::number(saved, QStringLiteral("quantity")),
     };
     auto position = QSharedPointer<ReceiptPosition>::create(goods, saved.value(QLatin1String("barcode")).toString());
-    for (const QJsonValue& tag : savedmember::list(saved, QStringLiteral("tags")))
+    for (const auto tag : savedmember::list(saved, QStringLiteral("tags")))
         position->setTag(tag.toString());
     position->setExtendedOptions(savedmember::text(saved, QStringLiteral("extendedOptions")));
     position->setSoftCheckId(savedmember::text(saved, QStringLiteral("softCheckId")));

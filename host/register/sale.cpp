@@ -58,7 +58,7 @@ int Sale::add(const SelectedGoods& selected)
 void Sale::setPacks(int positionNumber, int packs)
 {
     const QSharedPointer<ReceiptPosition> position = m_receipt ? m_receipt->position(positionNumber) : nullptr;
-    if (!position)
+    if (!position || position->isBound())
         return;
     position->setQuantity(packs);
     recalculateAndSave();

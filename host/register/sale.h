@@ -47,7 +47,7 @@ public:
     /// @return the number of the new position; 0 when a cancelling document is open, which takes none
     int add(const SelectedGoods& selected);
 
-    /// Sets the packs of a position; one that is not there is passed over.
+    /// Sets the packs of a position; one that is not there, or that belongs to a foreign paper, is passed over.
     void setPacks(int positionNumber, int packs);
     void remove(int positionNumber);
 

@@ -138,7 +138,7 @@ ScenarioFile ScenarioFile::parse(const QByteArray& json)
         return {{}, QStringLiteral("it has no list \"steps\"")};
 
     ScenarioFile scenario;
-    for (const QJsonValue& entry : steps.toArray()) {
+    for (const auto entry : steps.toArray()) {
         QString error;
         std::optional<ScenarioStep> step = readStep(entry.toObject(), error);
         if (!step)

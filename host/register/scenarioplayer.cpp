@@ -144,9 +144,9 @@ ScenarioPlayer::Look ScenarioPlayer::perform(const ScenarioStep& step)
 ScenarioPlayer::Look ScenarioPlayer::performInput(const ScenarioStep& step)
 {
     if (!m_inputMade) {
-        const Look prepared = step.kind == ScenarioStep::Kind::Click ? click(step)
-                              : step.kind == ScenarioStep::Kind::Key ? press(step)
-                                                                     : enter(step);
+        Look prepared = step.kind == ScenarioStep::Kind::Click ? click(step)
+                        : step.kind == ScenarioStep::Kind::Key ? press(step)
+                                                               : enter(step);
         if (!prepared.done)
             return prepared;
         m_inputMade = true;

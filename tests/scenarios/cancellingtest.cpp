@@ -105,6 +105,20 @@ TEST_F(Cancelling, registryFailsAtTheSecond_receiptStaysAndTheNextSubtotalRegist
     EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
 }
 
+TEST_F(Cancelling, registryFailsAtTheSecondDuringThePayment_nothingIsSoldUnregistered)
+{
+    registry.orderFault(
+        {{"endpoint", "cancel"}, {"nth", 2}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::toThePayment,
+                          cashier::tries(cashier::cancelsTheReceipt, "Идут работы"), R"({"key": "Return", "times": 3})",
+                          R"({"visible": false, "in": "payButton"}, {"receipt": {"state": "open"}})"}));
+    EXPECT_EQ(registeredBy(savedReceipt()).size(), 2);
+
+    expectHeld(playSteps({cashier::findsTheReceipt, cashier::pays}));
+    EXPECT_EQ(registeredBy(finished(1)).size(), 3);
+    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+}
+
 TEST_F(Cancelling, positionRefusedByTheRegistry_staysAndIsStillRegistered)
 {
     registry.orderFault({{"endpoint", "cancel"}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});

@@ -207,6 +207,12 @@ TEST_F(DocumentArchiveTest, sale_isTakenBackByAClosedOrTheOpenDocumentAlone)
     takeBack(*sale, 9, State::Closed);
     EXPECT_TRUE(archive.isTakenBack(*sale, nullptr));
     EXPECT_TRUE(archive.isTakenBack(*sale, document(10)));
+
+    QFile taker(folder.filePath(QStringLiteral("finished/00000009.json")));
+    ASSERT_TRUE(taker.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    taker.write("{");
+    taker.close();
+    EXPECT_TRUE(archive.isTakenBack(*sale, nullptr)) << "damaged: nobody can tell that it was given up";
 }
 
 TEST_F(DocumentArchiveTest, closingInterrupted_openCopyIsRemoved)

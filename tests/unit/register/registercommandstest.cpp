@@ -390,6 +390,20 @@ TEST_P(StornoHook, receiptIsCancelledOnlyWhenItGoesOn)
     }
 }
 
+TEST_P(StornoHook, refusedAtThePayment_theWayToItLeadsThroughTheSubtotalAgain)
+{
+    for (const auto type : {control::StornoPosition, control::StornoAll, control::StornoAllFromMenu}) {
+        sale->add(article(amoxidar));
+        sale->setPhase(Sale::Phase::Payment);
+        addHook(EContext::OpenReceipt, type, [](const control::Action&) { return GetParam(); });
+        EXPECT_EQ(run(type, positionNumber(sale->receipt()->positions().first()->getNumber())), GetParam());
+        EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
+        EXPECT_EQ(run(registeraction::pay), sale->receipt() ? EContext::Stop : EContext::NotFound);
+        controller.object.removePluginEntries();
+        sale->cancel();
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Results, StornoHook, ::testing::Values(EContext::Stop, EContext::NotFound, EContext::GoOn),
                          [](const auto& tested) { return "result" + std::to_string(tested.param); });
 

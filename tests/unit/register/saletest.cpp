@@ -46,6 +46,14 @@ TEST_F(SaleTest, firstGoods_openTheReceipt)
     EXPECT_EQ(position.value(QStringLiteral("barcode")).toString(), amoxidar);
 }
 
+TEST_F(SaleTest, packsOfABoundPosition_stay)
+{
+    sale->add(article(amoxidar));
+    sale->receipt()->position(1)->setSoftCheckId(QStringLiteral("rx-1"));
+    sale->setPacks(1, 5);
+    EXPECT_EQ(sale->receipt()->position(1)->getQuantity(), 1.0);
+}
+
 TEST_F(SaleTest, packsAndRemoval_areSaved)
 {
     sale->add(article(amoxidar));
