@@ -109,10 +109,10 @@ using TakeBack = Documents;
 
 TEST_F(TakeBack, closedSale_cancelsItsDispensesIsPaidOutAndPrintedAndDoneOnce)
 {
-    expectHeld(playSteps({sells, cashier::opensTheTakeBack,
-                          R"({"contains": "Возврат № 2", "in": "receiptNumberLabel"})", cashier::findsTheReceipt,
-                          cashier::subtotal, R"({"contains": "отпуск отменён", "in": "receiptTable"})",
-                          cashier::paysOut, cashier::tries(cashier::opensTheTakeBack, "уже возвращена документом № 2")}));
+    expectHeld(playSteps(
+        {sells, cashier::opensTheTakeBack, R"({"contains": "Возврат № 2", "in": "receiptNumberLabel"})",
+         cashier::findsTheReceipt, cashier::subtotal, R"({"contains": "отпуск отменён", "in": "receiptTable"})",
+         cashier::paysOut, cashier::tries(cashier::opensTheTakeBack, "уже возвращена документом № 2")}));
     const QJsonObject document = finished(2);
     EXPECT_EQ(document["type"].toInt(), 25);
     EXPECT_EQ(document["state"].toString(), "closed");
