@@ -130,10 +130,7 @@ EContext::Result RegisterCommands::cancelReceipt(control::Action& action)
         return EContext::Stop;
     const int by = action.value(QStringLiteral("by"), control::StornoAll).toInt();
     control::Action storno = Singleton<control::ActionFactory>::get()->create(static_cast<control::EActionType>(by));
-    const EContext::Result result = Singleton<ActionQueueController>::get()->execute(storno);
-    if (result != EContext::GoOn)
-        m_sale.setPhase(Sale::Phase::Positions); // or an impatient Return would sell what was to be cancelled
-    return result;
+    return Singleton<ActionQueueController>::get()->execute(storno);
 }
 
 Question RegisterCommands::cancellingQuestion() const

@@ -42,7 +42,8 @@ inline const QByteArray servesAnotherCard =
        {"wait": "goodsTable"}, {"key": "Return"}, {"wait": "inputLineEdit"}, {"type": "4"}, {"key": "Return"},
        {"click": "partDispenseButton"}, {"visible": false, "in": "partDispenseButton"})";
 
-inline const QByteArray putsAside = R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "1"}, )" + isIdle;
+inline const QByteArray putsAside =
+    R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "1"}, {"visible": false, "in": "menuForm"}, )" + isIdle;
 inline const QByteArray opensTheDocuments =
     R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "2"}, {"wait": "documentTable"})";
 inline const QByteArray takesUp =
