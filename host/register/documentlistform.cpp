@@ -74,7 +74,7 @@ void DocumentListForm::setUpTables()
         QStringLiteral("number;;40;true;130"),
         QStringLiteral("name;;-1;true;129"),
         QStringLiteral("mark;;-2;true;132"),
-        QStringLiteral("quantity;;76;true;130"),
+        QStringLiteral("quantity;;-2;true;130"),
         QStringLiteral("initialPrice;;0;false;130"),
         QStringLiteral("price;;0;false;130"),
         QStringLiteral("sum;;104;true;130"),

@@ -142,7 +142,7 @@ Question RegisterCommands::cancellingQuestion() const
         text = isTakeBackBegun()
                    ? tr::Tr(QStringLiteral("cancelBegunTakeBackQuestion"),
                             QStringLiteral("Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.\n"
-                                           "Правильно завершить его: «Нет», затем F12.\nВсё равно отменить возврат?"))
+                                           "Правильно завершить его: «Нет», затем «Оплата».\nВсё равно отменить возврат?"))
                    : tr::Tr(QStringLiteral("cancelTakeBackQuestion"),
                             QStringLiteral("Отменить возврат № %1 на сумму %2?"));
     return {

@@ -85,7 +85,7 @@ QWidget* SalesScreen::createTable()
         QStringLiteral("number;;40;true;130"),
         QStringLiteral("name;;-1;true;129"),
         QStringLiteral("mark;;-2;true;132"),
-        QStringLiteral("quantity;;76;true;130"),
+        QStringLiteral("quantity;;-2;true;130"),
         QStringLiteral("initialPrice;;-2;true;130"),
         QStringLiteral("price;;88;true;130"),
         QStringLiteral("sum;;104;true;130"),

@@ -544,10 +544,10 @@ Remove it and cancel the dispensing?</translation>
     </message>
     <message id="cancelBegunTakeBackQuestion">
         <source>Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.
-Правильно завершить его: «Нет», затем F12.
+Правильно завершить его: «Нет», затем «Оплата».
 Всё равно отменить возврат?</source>
         <translation>Return No. %1 of %2 has been done in part already, and that stands.
-The right thing is to finish it: “No”, then F12.
+The right thing is to finish it: “No”, then “Payment”.
 Cancel the return all the same?</translation>
     </message>
     <message id="cancelTakeBackTitle">
