@@ -139,12 +139,13 @@ Question RegisterCommands::cancellingQuestion() const
     const bool isTakeBack = receipt.isCancelling();
     tr::Tr text(QStringLiteral("cancelReceiptQuestion"), QStringLiteral("Отменить чек № %1 на сумму %2?"));
     if (isTakeBack)
-        text = isTakeBackBegun()
-                   ? tr::Tr(QStringLiteral("cancelBegunTakeBackQuestion"),
-                            QStringLiteral("Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.\n"
-                                           "Правильно завершить его: «Нет», затем «Оплата».\nВсё равно отменить возврат?"))
-                   : tr::Tr(QStringLiteral("cancelTakeBackQuestion"),
-                            QStringLiteral("Отменить возврат № %1 на сумму %2?"));
+        text =
+            isTakeBackBegun()
+                ? tr::Tr(QStringLiteral("cancelBegunTakeBackQuestion"),
+                         QStringLiteral("Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.\n"
+                                        "Правильно завершить его: «Нет», затем «Оплата».\nВсё равно отменить возврат?"))
+                : tr::Tr(QStringLiteral("cancelTakeBackQuestion"),
+                         QStringLiteral("Отменить возврат № %1 на сумму %2?"));
     return {
         isTakeBack ? tr::Tr(QStringLiteral("cancelTakeBackTitle"), QStringLiteral("Отмена возврата"))
                    : tr::Tr(QStringLiteral("cancelReceiptTitle"), QStringLiteral("Отмена чека")),
