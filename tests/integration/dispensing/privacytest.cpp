@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// What is logged of a subtotal and its cancellation tells nobody who bought what, and gives no key to the registry
+// away.
+
+#include "faultscript.h"
+#include "logcapture.h"
+#include "pharmacy.h"
+#include "positionformat.h"
+
+#include <QJsonDocument>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+TEST(Privacy, registeredRefusedAndCancelled_logsNeitherPatientNorSecretsNorBodies)
+{
+    Pharmacy pharmacy;
+    const LogCapture log;
+    ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
+    ASSERT_EQ(pharmacy.stornoAll(), EContext::GoOn);
+    QJsonObject unknown = pharmacy.optionsOf(1);
+    unknown[positionformat::status] = positionformat::dispensed;
+    unknown[positionformat::medicationDispenseId] = "no-such-dispense";
+    pharmacy.setOptions(1, QJsonDocument(unknown).toJson(QJsonDocument::Compact));
+    ASSERT_EQ(pharmacy.stornoAll(), EContext::Stop);
+
+    EXPECT_TRUE(log.text().contains("failed: ")) << "the refusal is logged, without what it says";
+    QStringList secrets{"Пробный", "p-1", "s&c+ret", "s%26c%2Bret", "rx-full", "medicationDispense"};
+    for (const emulator::JournalEntry& request : pharmacy.requests()) {
+        const QString authorization = QString::fromUtf8(request.header("Authorization"));
+        if (!authorization.isEmpty())
+            secrets.append(authorization.section(QLatin1Char(' '), 1));
+    }
+    ASSERT_GT(secrets.size(), 12) << "tokens went over the wire";
+    for (const QString& secret : secrets)
+        EXPECT_FALSE(log.text().contains(secret)) << qPrintable(secret) << "\n" << qPrintable(log.text());
+}
+
+} // namespace
