@@ -3,7 +3,6 @@
 
 #include "basicexception.h"
 #include "dialog.h"
-#include "finally.h"
 #include "graphicaluserinterface.h"
 #include "inputblocker.h"
 
@@ -125,11 +124,7 @@ EContext::Result ActionQueueController::execute(control::Action& action)
         return EContext::NotFound;
 
     const QPointer<ActionQueueController> self(this); // whatever runs below may delete the controller
-    ++m_depth;
-    const Finally leaving([self] {
-        if (self)
-            self->leaveAction();
-    });
+    const Finally leaving = enterAction();
     const auto frame = m_hostFrames.find(action.getType());
     if (frame == m_hostFrames.end())
         return runCourse(here, action, handler);
@@ -222,8 +217,18 @@ void ActionQueueController::runNext()
         scheduleNext(blockedRetry);
         return;
     }
+    const Finally leaving = enterAction(); // what nobody handles makes way for the next one, too
     control::Action action = m_queue.takeFirst();
     execute(action);
+}
+
+Finally ActionQueueController::enterAction()
+{
+    ++m_depth;
+    return Finally([self = QPointer<ActionQueueController>(this)] {
+        if (self)
+            self->leaveAction();
+    });
 }
 
 void ActionQueueController::leaveAction()

@@ -5,6 +5,7 @@
 #include "actionhandler.h"
 #include "actiontrigger.h"
 #include "export.h"
+#include "finally.h"
 #include "singleton.h"
 
 #include <QList>
@@ -33,7 +34,8 @@ public:
     explicit ActionQueueController(QObject* parent = nullptr);
     ~ActionQueueController() override;
 
-    /// Queues an action; it runs from the event loop as soon as no other action runs.
+    /// Queues an action; it runs from the event loop as soon as no other action runs. One that may not run, or that
+    /// nobody handles where the register stands then, is dropped.
     ///
     /// @param immediately true: ahead of the actions that wait. A dialog answer (187) goes to the form on top during
     ///        this call, also inside another action.
@@ -88,6 +90,8 @@ private:
 
     void scheduleNext(std::chrono::milliseconds delay = {});
     void runNext();
+    /// An action runs until what is returned is destroyed.
+    Finally enterAction();
     void leaveAction();
     HostFunction handlerOf(EContext::Code context, control::EActionType type) const;
     QList<ActionTrigger> triggersOf(ActionTrigger::Order order, EContext::Code context,

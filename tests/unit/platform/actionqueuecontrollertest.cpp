@@ -300,6 +300,80 @@ TEST_F(ActionQueue, enqueuedActions_runLaterInOrderAndIdleIsSignalledOnce)
     EXPECT_EQ(idle.size(), 1);
 }
 
+class QueuedBefore : public ActionQueue
+{
+protected:
+    /// Another action, which the host serves, runs after `first` and only then; nothing waits afterwards, which is
+    /// told once.
+    void expectNextRunsAfter(const Action& first, const char* steps)
+    {
+        hostServes(otherCommand);
+        QSignalSpy idle(m_controller.get(), &ActionQueueController::idle);
+        m_controller->enqueue(first, false);
+        m_controller->enqueue(Action(otherCommand), false);
+        ASSERT_TRUE(waitUntilIdle());
+        EXPECT_EQ(m_steps, words(steps));
+        EXPECT_EQ(idle.size(), 1);
+    }
+};
+
+TEST_F(QueuedBefore, queuedActionThatNobodyHandles_theNextOneStillRuns)
+{
+    expectNextRunsAfter(Action(ownCommand), "action");
+}
+
+TEST_F(QueuedBefore, queuedActionNotAllowedInContext_theNextOneStillRuns)
+{
+    m_controller->setHostHandler(ownCommand, noting(QStringLiteral("not-allowed")));
+    Action elsewhere(ownCommand);
+    elsewhere.setAllowContexts({EContext::OpenReceipt});
+    expectNextRunsAfter(elsewhere, "action");
+}
+
+TEST_F(QueuedBefore, queuedActionWhoseHandlerThrows_theNextOneStillRuns)
+{
+    m_controller->setHostHandler(ownCommand, [this](Action&) -> EContext::Result {
+        m_steps.append(QStringLiteral("thrown"));
+        throw 42;
+    });
+    const LogCapture log;
+    expectNextRunsAfter(Action(ownCommand), "thrown action");
+    EXPECT_EQ(m_messages.all().size(), 1);
+}
+
+TEST_F(QueuedBefore, queuedActionWithAnEventLoop_theNextOneWaitsForItsEnd)
+{
+    m_controller->setHostHandler(ownCommand, [this](Action&) {
+        execute(EActionType(1002)); // nobody handles it: it must not let the next one in
+        QCoreApplication::processEvents();
+        m_steps.append(QStringLiteral("end"));
+        return EContext::GoOn;
+    });
+    expectNextRunsAfter(Action(ownCommand), "end action");
+}
+
+TEST_F(ActionQueue, nobodyHandlesTheLastQueuedAction_idleIsSignalled)
+{
+    QSignalSpy idle(m_controller.get(), &ActionQueueController::idle);
+    m_controller->enqueue(Action(ownCommand), false);
+    ASSERT_TRUE(waitUntilIdle());
+    EXPECT_EQ(idle.size(), 1);
+}
+
+TEST_F(ActionQueue, controllerDeletedByAQueuedAction_whatWaitsIsDropped)
+{
+    hostServes(otherCommand);
+    m_controller->setHostHandler(ownCommand, [this](Action&) {
+        m_controller.reset();
+        return EContext::GoOn;
+    });
+    m_controller->enqueue(Action(ownCommand), false);
+    m_controller->enqueue(Action(otherCommand), false);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !m_controller; }));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(m_steps.isEmpty());
+}
+
 TEST_F(ActionQueue, enqueuedInsideAction_runsAfterItEvenWhenItHasAnEventLoop)
 {
     hostServes(otherCommand);
