@@ -60,7 +60,12 @@ TEST_F(GoodsDatabase, configuredFile_isReadThroughAnOpenConnection)
     EXPECT_EQ(readName(connection), QStringLiteral("Парацетамол"));
 }
 
-class GoodsDatabaseStatement : public GoodsDatabase, public ::testing::WithParamInterface<const char*>
+struct Statement {
+    const char* name;
+    const char* sql;
+};
+
+class GoodsDatabaseStatement : public GoodsDatabase, public ::testing::WithParamInterface<Statement>
 {
 };
 
@@ -70,7 +75,7 @@ TEST_P(GoodsDatabaseStatement, thatWrites_failsAndChangesNothing)
     {
         QSqlQuery query(m_factory->getConnection({}, {}));
         query.exec(QStringLiteral("PRAGMA query_only = OFF"));
-        EXPECT_FALSE(query.exec(QString::fromLatin1(GetParam())));
+        EXPECT_FALSE(query.exec(QString::fromLatin1(GetParam().sql)));
         EXPECT_TRUE(query.lastError().isValid());
         EXPECT_FALSE(query.lastError().text().trimmed().isEmpty());
     }
@@ -78,9 +83,13 @@ TEST_P(GoodsDatabaseStatement, thatWrites_failsAndChangesNothing)
 }
 
 INSTANTIATE_TEST_SUITE_P(Statements, GoodsDatabaseStatement,
-                         ::testing::Values("INSERT INTO medicine VALUES ('8', 'x')",
-                                           "UPDATE medicine SET dictname = 'x'", "DELETE FROM medicine",
-                                           "DROP TABLE medicine", "CREATE TABLE t (x)", "PRAGMA user_version = 5"));
+                         ::testing::Values(Statement{"insert", "INSERT INTO medicine VALUES ('8', 'x')"},
+                                           Statement{"update", "UPDATE medicine SET dictname = 'x'"},
+                                           Statement{"remove", "DELETE FROM medicine"},
+                                           Statement{"dropTable", "DROP TABLE medicine"},
+                                           Statement{"createTable", "CREATE TABLE t (x)"},
+                                           Statement{"pragma", "PRAGMA user_version = 5"}),
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(GoodsDatabase, sameArguments_giveTheSameConnectionAndOthersAnother)
 {
