@@ -341,15 +341,17 @@ TEST_F(QueuedBefore, queuedActionWhoseHandlerThrows_theNextOneStillRuns)
     EXPECT_EQ(m_messages.all().size(), 1);
 }
 
-TEST_F(QueuedBefore, queuedActionWithAnEventLoop_theNextOneWaitsForItsEnd)
+TEST_F(QueuedBefore, queuedActionRunsAnotherAndAnEventLoop_theNextOneWaitsForItsEnd)
 {
-    m_controller->setHostHandler(ownCommand, [this](Action&) {
-        execute(EActionType(1002)); // nobody handles it: it must not let the next one in
+    const auto innerCommand = EActionType(1002);
+    m_controller->setHostHandler(innerCommand, noting(QStringLiteral("inner")));
+    m_controller->setHostHandler(ownCommand, [this, innerCommand](Action&) {
+        execute(innerCommand); // its end must not let the next one in
         QCoreApplication::processEvents();
         m_steps.append(QStringLiteral("end"));
         return EContext::GoOn;
     });
-    expectNextRunsAfter(Action(ownCommand), "end action");
+    expectNextRunsAfter(Action(ownCommand), "inner end action");
 }
 
 TEST_F(ActionQueue, nobodyHandlesTheLastQueuedAction_idleIsSignalled)
