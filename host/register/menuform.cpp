@@ -3,7 +3,7 @@
 
 #include "dialogeventfilter.h"
 #include "formanswer.h"
-#include "scanrecognizer_p.h"
+#include "scanrecognizer.h"
 
 #include <QKeyEvent>
 #include <QLabel>

@@ -10,8 +10,8 @@
 class QKeyEvent;
 class QPushButton;
 
-/// The menu: a button for each command, numbered; a digit chooses, unless it is part of a
-/// scan. Commands that are not possible now say why.
+/// The menu: a button for each command, numbered; a digit chooses, unless it is part of a scan. Commands that are not
+/// possible now say why.
 ///
 /// Answers with "entry", the index of the chosen command; every other way out dismisses the form.
 class MenuForm : public BasicDialogForm

@@ -2,7 +2,6 @@
 #include "paymentpanel.h"
 
 #include "basicform.h"
-#include "config.h"
 #include "inactivitylocker.h"
 #include "registerstyle.h"
 #include "tallokeyboard.h"
@@ -23,11 +22,6 @@ namespace
 constexpr int spacing = 8;
 /// More digits than an amount has: a barcode is to be refused as a whole, not to be cut to an amount.
 constexpr int longestInput = 40;
-
-QString scannerSetting(const char* key)
-{
-    return Singleton<Config>::get()->getString(QLatin1String("Scanner:") + QLatin1String(key));
-}
 
 /// Takes an amount of roubles as it is typed.
 class MoneyValidator : public QRegularExpressionValidator
@@ -60,7 +54,7 @@ QHBoxLayout* createRow()
 PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
     : QWidget(parent)
     , m_paymentKey(paymentKey)
-    , m_scans(scannerSetting("prefix"), scannerSetting("suffix"))
+    , m_scans(ScanRecognizer::configured())
     , m_caption(new QLabel(this))
     , m_sumLabel(new QLabel(this))
     , m_change(new QLabel(this))
@@ -74,7 +68,8 @@ PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
     setObjectName(QStringLiteral("paymentPanel"));
     createControls();
     arrangeControls();
-    for (QWidget* keyReceiver : {static_cast<QWidget*>(m_received), static_cast<QWidget*>(m_pay)})
+    for (QWidget* keyReceiver :
+         {static_cast<QWidget*>(m_received), static_cast<QWidget*>(m_back), static_cast<QWidget*>(m_pay)})
         keyReceiver->installEventFilter(this);
     connect(m_received, &QLineEdit::textChanged, this, [this] { showChange(); });
     connect(m_received, &QLineEdit::inputRejected, this, [this] {
@@ -266,7 +261,7 @@ bool PaymentPanel::takeKey(const QKeyEvent& key)
         if (const std::optional<ScanRecognizer::Scan> scan = m_scans.finish(key.timestamp()))
             refuseScan(*scan);
         else
-            emit confirmed();
+            (m_back->hasFocus() ? m_back : m_pay)->click();
         return true;
     }
     m_scans.key(key, m_received->text());

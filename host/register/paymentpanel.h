@@ -3,7 +3,7 @@
 
 #include "receipt.h"
 #include "sale.h"
-#include "scanrecognizer_p.h"
+#include "scanrecognizer.h"
 #include "tr.h"
 
 #include <QSharedPointer>

@@ -53,7 +53,9 @@ public:
     ///
     /// @param overPayment keep the form above the customer's display
     /// @param silent no sound
-    /// @param sources where input may come from
+    /// @param sources where input may come from; without EInput::Scanner the Return that ends a scan is kept from the
+    /// form, except from a field whose form tells scans itself (ScanRecognizer::recognizesScans). It never presses a
+    /// button
     virtual Result show(bool overPayment, bool silent, QFlags<EInput::Source> sources, Event event);
 };
 

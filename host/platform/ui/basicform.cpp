@@ -3,6 +3,8 @@
 
 #include "basicexception.h"
 #include "config.h"
+#include "defaultbutton_p.h"
+#include "einput.h"
 #include "formguard_p.h"
 #include "layoutloader_p.h"
 #include "tallotableview.h"
@@ -25,14 +27,6 @@ std::function<void(const tr::Tr&)>& uiErrorHandler()
 {
     static std::function<void(const tr::Tr&)> handler;
     return handler;
-}
-
-QPushButton* defaultButton(const QWidget& root)
-{
-    for (QPushButton* button : root.findChildren<QPushButton*>())
-        if (button->isDefault() && button->isEnabled() && button->isVisibleTo(&root))
-            return button;
-    return nullptr;
 }
 
 bool takesFocus(const QWidget& widget, const QWidget& root)
@@ -120,6 +114,12 @@ void BasicForm::prepareTouch()
     }
 }
 
+bool BasicForm::expectsScans() const
+{
+    return m_root &&
+           QFlags<EInput::Source>::fromInt(m_root->property("inputSources").toInt()).testFlag(EInput::Scanner);
+}
+
 bool BasicForm::isTouchMode()
 {
     return Singleton<Config>::get()->getBool(QStringLiteral("GUI:touchMode"), false);
@@ -183,6 +183,13 @@ void BasicForm::deleteWidgets(const QStringList& names)
         while (QWidget* widget = m_root->findChild<QWidget*>(name))
             delete widget;
     }
+}
+
+void BasicForm::setAccessibleNames(const QList<std::pair<QString, tr::Tr>>& names)
+{
+    for (const auto& [widget, name] : names)
+        if (auto* control = findWidget<QWidget>(widget, false))
+            control->setAccessibleName(name.ui());
 }
 
 QList<QWidget*> BasicForm::findWidgets(const QString& name, bool visibleOnly, QWidget* root) const

@@ -6,12 +6,14 @@
 #include "tr.h"
 
 #include <QHash>
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
 #include <QWidget>
 
 #include <functional>
+#include <utility>
 
 /// A form: a tree of widgets from a .ui layout, with the code that fills it and answers.
 ///
@@ -34,6 +36,9 @@ public:
     QWidget* rootWidget() const { return m_root; }
     /// The context of the register while this form is on top; DialogOnTop unless the form says otherwise.
     EContext::Code contextCode() const { return m_contextCode; }
+
+    /// The form was shown with EInput::Scanner among its sources.
+    bool expectsScans() const;
 
     /// "GUI:touchMode" of the configuration.
     static bool isTouchMode();
@@ -58,6 +63,10 @@ protected:
 
     /// Deletes the named widgets, in that order; a name without a widget is passed over.
     void deleteWidgets(const QStringList& names);
+
+    /// Gives controls, each by its object name, the name that a screen reader tells; those that the layout or the mode
+    /// lacks are passed over.
+    void setAccessibleNames(const QList<std::pair<QString, tr::Tr>>& names);
 
     /// The widgets of that object name below `root` (and `root` itself); null: below the form's root.
     /// @param visibleOnly passes hidden ones over

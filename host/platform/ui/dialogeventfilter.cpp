@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dialogeventfilter.h"
 
+#include "defaultbutton_p.h"
+
 #include <QAbstractButton>
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -25,14 +27,6 @@ bool isTyping(const QKeyEvent& key)
 bool movesRow(int key)
 {
     return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
-}
-
-QPushButton* defaultButton(const QWidget& root)
-{
-    for (QPushButton* button : root.findChildren<QPushButton*>())
-        if (button->isDefault() && button->isVisibleTo(&root))
-            return button;
-    return nullptr;
 }
 
 } // namespace

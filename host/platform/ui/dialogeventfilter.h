@@ -17,8 +17,7 @@ class QKeyEvent;
 /// - Esc, closing the window, and the register's own "cancel what is open" emit cancel(). The close itself is
 ///   ignored: the form goes when it has answered. When nobody listens to cancel(), the form is dismissed.
 /// - Up, Down, PageUp and PageDown in the line edit move the current row of the table view; letters typed into the
-/// table
-///   view go to the line edit, which takes the focus.
+///   table view go to the line edit, which takes the focus.
 /// - A double click on a row of the table view emits ok().
 class REGISTERPLATFORM_EXPORT DialogEventFilter : public QObject
 {

@@ -1,32 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "scanguard_p.h"
 
-#include "config.h"
-#include "einput.h"
 #include "graphicaluserinterface.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 
-namespace
-{
-
-QString scannerSetting(const char* key)
-{
-    return Singleton<Config>::get()->getString(QLatin1String("Scanner:") + QLatin1String(key));
-}
-
-bool isScannerExpected(const QWidget& root)
-{
-    return QFlags<EInput::Source>::fromInt(root.property("inputSources").toInt()).testFlag(EInput::Scanner);
-}
-
-} // namespace
-
 ScanGuard::ScanGuard(const GraphicalUserInterface& gui)
     : m_gui(gui)
-    , m_recognizer(scannerSetting("prefix"), scannerSetting("suffix"))
+    , m_recognizer(ScanRecognizer::configured())
 {
     qApp->installEventFilter(this);
 }
@@ -40,12 +23,12 @@ bool ScanGuard::eventFilter(QObject* watched, QEvent* event)
 bool ScanGuard::endsUnexpectedScan(const QKeyEvent& key)
 {
     if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)
-        return m_recognizer.finish(key.timestamp()) && !expectsScan();
+        return m_recognizer.finish(key.timestamp()) && !isScanExpected();
     m_recognizer.key(key, {});
     return false;
 }
 
-bool ScanGuard::expectsScan() const
+bool ScanGuard::isScanExpected() const
 {
     const QSharedPointer<BasicForm> form = m_gui.topForm();
     if (!form || !form->rootWidget())
@@ -53,5 +36,5 @@ bool ScanGuard::expectsScan() const
     const QWidget* focus = QApplication::focusWidget();
     if (qobject_cast<const QAbstractButton*>(focus))
         return false;
-    return (focus && focus->property(recognizesScans).toBool()) || isScannerExpected(*form->rootWidget());
+    return (focus && focus->property(ScanRecognizer::recognizesScans).toBool()) || form->expectsScans();
 }

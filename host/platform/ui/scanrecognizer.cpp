@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "scanrecognizer_p.h"
+#include "scanrecognizer.h"
+
+#include "config.h"
 
 #include <QKeyEvent>
 
@@ -9,6 +11,29 @@ namespace
 /// Fewer characters than this may come from quick fingers.
 constexpr qsizetype shortestScan = 4;
 
+/// Held or locked for what another key writes; a scanner presses such keys, too.
+bool isModifier(int key)
+{
+    switch (key) {
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+    case Qt::Key_AltGr:
+    case Qt::Key_Meta:
+    case Qt::Key_CapsLock:
+    case Qt::Key_NumLock:
+    case Qt::Key_ScrollLock:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QString setting(const char* key)
+{
+    return Singleton<Config>::get()->getString(QLatin1String("Scanner:") + QLatin1String(key));
+}
+
 } // namespace
 
 ScanRecognizer::ScanRecognizer(const QString& prefix, const QString& suffix)
@@ -17,13 +42,9 @@ ScanRecognizer::ScanRecognizer(const QString& prefix, const QString& suffix)
 {
 }
 
-void ScanRecognizer::character(QChar character, quint64 time, const QString& field)
+ScanRecognizer ScanRecognizer::configured()
 {
-    if (!followsFast(time))
-        m_burst = m_input.size();
-    m_input.append(character);
-    m_fields.append(field);
-    m_last = time;
+    return {setting("prefix"), setting("suffix")};
 }
 
 void ScanRecognizer::key(const QKeyEvent& key, const QString& field)
@@ -31,7 +52,7 @@ void ScanRecognizer::key(const QKeyEvent& key, const QString& field)
     const QString text = key.text();
     if (text.size() == 1 && key.key() != Qt::Key_Backspace && key.key() != Qt::Key_Delete)
         character(text.front(), key.timestamp(), field);
-    else if (key.key() != Qt::Key_Shift)
+    else if (!isModifier(key.key()))
         reset();
 }
 
@@ -42,6 +63,15 @@ std::optional<ScanRecognizer::Scan> ScanRecognizer::finish(quint64 time)
         scan = Scan{stripped(m_input.mid(*start)), m_fields[*start]};
     reset();
     return scan;
+}
+
+void ScanRecognizer::character(QChar character, quint64 time, const QString& field)
+{
+    if (!followsFast(time))
+        m_burst = m_input.size();
+    m_input.append(character);
+    m_fields.append(field);
+    m_last = time;
 }
 
 void ScanRecognizer::reset()

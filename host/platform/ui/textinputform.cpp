@@ -5,10 +5,8 @@
 #include "actionqueuecontroller.h"
 #include "config.h"
 #include "dialogeventfilter.h"
-#include "einput.h"
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
-#include "scanguard_p.h"
 #include "tallokeyboard.h"
 
 #include <QKeyEvent>
@@ -24,11 +22,6 @@ namespace
 constexpr int tallestPrompt = 260;
 constexpr int tallestPromptInTouchMode = 100;
 
-QString scannerSetting(const char* key)
-{
-    return Singleton<Config>::get()->getString(QLatin1String("Scanner:") + QLatin1String(key));
-}
-
 /// The text, or the register's own where the caller gave none.
 QString textOr(const tr::Tr& text, const tr::Tr& own)
 {
@@ -40,7 +33,7 @@ QString textOr(const tr::Tr& text, const tr::Tr& own)
 TextInputForm::TextInputForm(const TextInputParams& params, QObject* parent)
     : BasicDialogForm(parent)
     , m_params(params)
-    , m_recognizer(scannerSetting("prefix"), scannerSetting("suffix"))
+    , m_recognizer(ScanRecognizer::configured())
 {
     loadUI(QStringLiteral("textinput.ui"));
     m_field = findWidget<TalloLineEdit>(QStringLiteral("inputLineEdit"));
@@ -78,7 +71,7 @@ void TextInputForm::prepareField()
         return;
 
     filter->setLineEdit(m_field);
-    m_field->setProperty(ScanGuard::recognizesScans, true);
+    m_field->setProperty(ScanRecognizer::recognizesScans, true);
     m_field->installEventFilter(this); // before the dialog's filter: a scan ends in Return too
     m_field->setNumeric(m_params.numeric);
     m_field->setProperty("inputName", m_params.inputName);
@@ -151,8 +144,7 @@ bool TextInputForm::takeKey(const QKeyEvent& key)
 
 void TextInputForm::takeScan(const ScanRecognizer::Scan& scan)
 {
-    const auto sources = QFlags<EInput::Source>::fromInt(rootWidget()->property("inputSources").toInt());
-    if (m_params.manualOnly || !sources.testFlag(EInput::Scanner) || !fits(scan.text)) {
+    if (m_params.manualOnly || !expectsScans() || !fits(scan.text)) {
         m_field->setText(scan.fieldBefore);
         m_field->selectAll();
         showProblem(

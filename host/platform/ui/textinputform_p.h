@@ -2,7 +2,7 @@
 #pragma once
 
 #include "basicdialogform.h"
-#include "scanrecognizer_p.h"
+#include "scanrecognizer.h"
 #include "tallolineedit.h"
 #include "textinputparams.h"
 

@@ -270,6 +270,38 @@ TEST_F(PaymentTest, scannedAtTheSubtotal_leadsNowhere)
     EXPECT_EQ(role("paymentHintLabel"), QStringLiteral("error"));
 }
 
+TEST_F(PaymentTest, scannedWithTheFocusOnBack_isRefusedAndLeadsNowhere)
+{
+    TillWindow::openWindow();
+    pressAndFinish(Qt::Key_F6);
+    widget<QPushButton>("backButton")->setFocus(Qt::TabFocusReason);
+    scan(amoxidar);
+    EXPECT_FALSE(controller.object.isBusy());
+    EXPECT_EQ(sale->phase(), Sale::Phase::Subtotal);
+    EXPECT_EQ(text("paymentHintLabel"),
+              QStringLiteral("Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям."));
+    EXPECT_EQ(role("paymentHintLabel"), QStringLiteral("error"));
+}
+
+class ReturnOnBack : public PaymentTest, public ::testing::WithParamInterface<Qt::Key>
+{
+};
+
+TEST_P(ReturnOnBack, leadsBackToThePositions)
+{
+    TillWindow::openWindow();
+    pressAndFinish(GetParam());
+    ASSERT_NE(sale->phase(), Sale::Phase::Positions);
+    widget<QPushButton>("backButton")->setFocus(Qt::TabFocusReason);
+    pressAndFinish(Qt::Key_Return);
+    EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
+    EXPECT_TRUE(sale->receipt());
+}
+
+INSTANTIATE_TEST_SUITE_P(, ReturnOnBack, ::testing::Values(Qt::Key_F6, Qt::Key_F12), [](const auto& instance) {
+    return std::string(instance.param == Qt::Key_F6 ? "atTheSubtotal" : "atThePayment");
+});
+
 TEST_F(PaymentTest, returnHeldDown_closesNothing)
 {
     openWindow();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "basicexception.h"
+#include "einput.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
@@ -198,6 +199,30 @@ TEST_F(BasicFormTest, findWidgets_looksBelowTheGivenRootAndCanPassHiddenOnesOver
     form.rootWidget()->show();
     bar->hide();
     EXPECT_EQ(form.findWidgets("same", true).size(), 1);
+}
+
+TEST_F(BasicFormTest, setAccessibleNames_namesControlsAndPassesUnknownNamesOver)
+{
+    LayoutForm form(writeLayout("form.ui", widget("QLineEdit", "edit") + widget("QPushButton", "choose")));
+    form.setAccessibleNames({{"edit", {"testFilter", "Поиск"}},
+                             {"scrollUpButton", {"testUp", "Вверх"}},
+                             {"choose", {"testChoose", "Выбрать"}}});
+    EXPECT_EQ(form.findWidget<QWidget>("edit")->accessibleName(), "Поиск");
+    EXPECT_EQ(form.findWidget<QWidget>("choose")->accessibleName(), "Выбрать");
+}
+
+TEST_F(BasicFormTest, expectsScans_whenItsSourcesHoldTheScanner)
+{
+    EXPECT_FALSE(BasicForm(nullptr).expectsScans()) << "without a root";
+    const LayoutForm form(writeLayout("form.ui", widget("QLineEdit", "edit")));
+    EXPECT_FALSE(form.expectsScans()) << "before it is shown";
+    const auto showFrom = [&](QFlags<EInput::Source> sources) {
+        form.rootWidget()->setProperty("inputSources", sources.toInt());
+    };
+    showFrom(EInput::Keyboard);
+    EXPECT_FALSE(form.expectsScans());
+    showFrom({EInput::Keyboard, EInput::Scanner});
+    EXPECT_TRUE(form.expectsScans());
 }
 
 TEST_F(BasicFormTest, loadedAgain_theFormerWidgetsAreGone)

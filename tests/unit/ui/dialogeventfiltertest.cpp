@@ -148,6 +148,19 @@ TEST_F(DialogEventFilterTest, returnWithADisabledDefaultButton_doesNothing)
     EXPECT_EQ(backClicks, 0);
 }
 
+TEST_F(DialogEventFilterTest, returnWithTwoDefaultButtons_clicksTheOneThatIsPossible)
+{
+    back->setDefault(true);
+    for (QPushButton* impossible : {choose, back}) {
+        backClicks = chooseClicks = 0;
+        choose->setEnabled(impossible != choose);
+        back->setEnabled(impossible != back);
+        press(edit, Qt::Key_Return);
+        EXPECT_EQ(chooseClicks, impossible == back ? 1 : 0);
+        EXPECT_EQ(backClicks, impossible == choose ? 1 : 0);
+    }
+}
+
 TEST_F(DialogEventFilterTest, returnHeldDown_doesNothing)
 {
     handOver();

@@ -4,6 +4,7 @@
 #include "dialog.h"
 #include "dialogeventfilter.h"
 #include "einput.h"
+#include "scanrecognizer.h"
 #include "uitest.h"
 
 #include <QLabel>
@@ -123,6 +124,42 @@ TEST_F(ScanGuardTest, scannedOnAFormThatAskedForScans_isConfirmedInItsLineButPre
         EXPECT_EQ(clicked, 1);
     });
     gui.run(form);
+}
+
+TEST_F(ScanGuardTest, scannedIntoAFieldThatTellsScansItself_isConfirmedThereButPressesNoButton)
+{
+    const QSharedPointer<LayoutForm> form = createList();
+    edit->setProperty(ScanRecognizer::recognizesScans, true);
+    during([&] {
+        scan();
+        EXPECT_EQ(chosen, 1);
+        button->setFocus();
+        scan();
+        EXPECT_EQ(chosen, 1);
+        EXPECT_EQ(clicked, 0);
+    });
+    gui.run(form);
+}
+
+TEST_F(ScanGuardTest, codeWithAControlKeyInIt_choosesNothing)
+{
+    during([&] {
+        QWindow* window = QApplication::focusWidget()->window()->windowHandle();
+        quint64 time = 1000;
+        const auto press = [&](int code, const QString& text, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+            QKeyEvent key(QEvent::KeyPress, code, modifiers, text);
+            key.setTimestamp(time += 10);
+            QCoreApplication::sendEvent(window, &key);
+        };
+        press(Qt::Key_0, "0");
+        press(Qt::Key_1, "1");
+        press(Qt::Key_Control, {});
+        press(Qt::Key_BracketRight, "\u001d", Qt::ControlModifier);
+        press(Qt::Key_9, "9");
+        press(Qt::Key_Return, "\r");
+        EXPECT_EQ(chosen, 0);
+    });
+    gui.run(createList());
 }
 
 TEST_F(ScanGuardTest, scannedWhileABoxStandsAboveTheList_endsNeither)

@@ -1,17 +1,27 @@
 // SPDX-License-Identifier: MIT
-#include "scanrecognizer_p.h"
+#include "scanrecognizer.h"
+#include "uitest.h"
 
-#include <gmock/gmock.h>
+#include <QKeyEvent>
+#include <QMetaEnum>
 
 namespace
 {
+
+void press(ScanRecognizer& recognizer, int key, Qt::KeyboardModifiers modifiers, const QString& text, quint64 time,
+           const QString& field)
+{
+    QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+    press.setTimestamp(time);
+    recognizer.key(press, field);
+}
 
 /// Sends characters, `gap` milliseconds apart, into a field that takes them all; returns the time after the last.
 quint64 send(ScanRecognizer& recognizer, const QString& text, quint64 begin, quint64 gap, QString field = {})
 {
     quint64 time = begin;
     for (const QChar character : text) {
-        recognizer.character(character, time, field);
+        press(recognizer, character.toUpper().unicode(), Qt::NoModifier, character, time, field);
         field += character;
         time += gap;
     }
@@ -98,8 +108,68 @@ TEST(ScanRecognizerTest, anotherKeyInBetween_isNoScan)
 {
     ScanRecognizer recognizer({}, {});
     const quint64 end = send(recognizer, "12345678", 1000, 10);
-    recognizer.reset();
+    press(recognizer, Qt::Key_Left, Qt::NoModifier, {}, end, "12345678");
     EXPECT_FALSE(recognizer.finish(end));
+}
+
+TEST(ScanRecognizerTest, shortcutInBetween_isNoScan)
+{
+    ScanRecognizer recognizer({}, {});
+    const quint64 end = send(recognizer, "12345678", 1000, 10);
+    press(recognizer, Qt::Key_Control, Qt::ControlModifier, {}, end, "12345678");
+    press(recognizer, Qt::Key_C, Qt::ControlModifier, {}, end, "12345678");
+    EXPECT_FALSE(recognizer.finish(end));
+}
+
+class ModifierInAScan : public ::testing::TestWithParam<Qt::Key>
+{
+};
+
+TEST_P(ModifierInAScan, cutsNothing)
+{
+    ScanRecognizer recognizer({}, {});
+    quint64 time = send(recognizer, "0104", 1000, 10, "7");
+    press(recognizer, GetParam(), Qt::NoModifier, {}, time, "70104");
+    time = send(recognizer, "6012", time + 10, 10, "70104");
+    press(recognizer, GetParam(), Qt::NoModifier, {}, time, "701046012");
+    const auto scan = recognizer.finish(time + 10);
+    ASSERT_TRUE(scan);
+    EXPECT_EQ(scan->text, "01046012");
+    EXPECT_EQ(scan->fieldBefore, "7");
+}
+
+INSTANTIATE_TEST_SUITE_P(, ModifierInAScan,
+                         ::testing::Values(Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_AltGr, Qt::Key_Meta,
+                                           Qt::Key_CapsLock, Qt::Key_NumLock, Qt::Key_ScrollLock),
+                         [](const auto& instance) {
+                             const QByteArray name(QMetaEnum::fromType<Qt::Key>().valueToKey(instance.param));
+                             return name.mid(name.indexOf('_') + 1).toStdString();
+                         });
+
+TEST(ScanRecognizerTest, groupSeparatorPressedAsControlAndABracket_isTakenOff)
+{
+    ScanRecognizer recognizer({}, {});
+    quint64 time = send(recognizer, "0104", 1000, 10);
+    press(recognizer, Qt::Key_Control, Qt::NoModifier, {}, time, "0104");
+    press(recognizer, Qt::Key_BracketRight, Qt::ControlModifier, QStringLiteral("\u001d"), time + 10, "0104");
+    const auto scan = recognizer.finish(send(recognizer, "91ab", time + 20, 10, "0104"));
+    ASSERT_TRUE(scan);
+    EXPECT_EQ(scan->text, "010491ab");
+    EXPECT_EQ(scan->fieldBefore, "");
+}
+
+class ConfiguredScanRecognizerTest : public UiTest
+{
+};
+
+TEST_F(ConfiguredScanRecognizerTest, prefixAndSuffixOfTheConfiguration_areTakenOff)
+{
+    config.setForThisRun("Scanner:prefix", ";");
+    config.setForThisRun("Scanner:suffix", "?");
+    ScanRecognizer recognizer = ScanRecognizer::configured();
+    const auto scan = recognizer.finish(send(recognizer, ";99?", 1000, 200));
+    ASSERT_TRUE(scan);
+    EXPECT_EQ(scan->text, "99");
 }
 
 TEST(ScanRecognizerTest, secondScan_isToldAgain)

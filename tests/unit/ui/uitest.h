@@ -98,5 +98,6 @@ public:
     using BasicForm::findWidget;
     using BasicForm::findWidgets;
     using BasicForm::loadUI;
+    using BasicForm::setAccessibleNames;
     using BasicForm::setContextCode;
 };

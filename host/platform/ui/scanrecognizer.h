@@ -15,14 +15,25 @@ class QKeyEvent;
 ///
 /// A scanner types like a keyboard, but faster than any hand: characters that follow one another within 50 ms and end
 /// in Return are a scan. A scanner that is set up to send a prefix is known by that prefix, at any speed.
+///
+/// For a form that does with scans what is its own: it watches the keys of a field, hands them to key(), and asks
+/// finish() at Return. So that the Return gets there, the form is shown with EInput::Scanner, or the field carries the
+/// property recognizesScans.
 class REGISTERPLATFORM_EXPORT ScanRecognizer
 {
 public:
     /// The longest time between two characters of a scan.
     static constexpr std::chrono::milliseconds longestGap{50};
 
+    /// The dynamic property of a field whose form takes or refuses scans itself: to be set, true. Without it, the
+    /// Return of a scan reaches no field of a form that was shown without EInput::Scanner.
+    static constexpr char recognizesScans[] = "recognizesScans";
+
     /// What a scanner sends before and after the code, besides control characters; may be empty.
     ScanRecognizer(const QString& prefix, const QString& suffix);
+
+    /// For the scanner of the configuration: "Scanner:prefix" and "Scanner:suffix".
+    static ScanRecognizer configured();
 
     /// A scan that has ended.
     struct Scan {
@@ -30,22 +41,18 @@ public:
         QString fieldBefore; ///< what stood in the field when the scan began
     };
 
-    /// A character came in.
-    /// @param time of the event, in milliseconds; 0, unknown, is taken for typing
-    /// @param field what stands in the field before the character
-    void character(QChar character, quint64 time, const QString& field);
-
-    /// A key other than Return was pressed: a character, or one that no scanner sends. Shift counts for neither.
+    /// A key other than Return was pressed: a character, or one that no scanner sends, before which nothing was a
+    /// scan. Modifiers count for neither. An event without a time is taken for typing.
     /// @param field what stands in the field before the key
     void key(const QKeyEvent& key, const QString& field);
 
     /// Return came in: the scan that it ends; nothing when it was typed. What came before is forgotten.
+    /// @param time of the event, in milliseconds; 0: unknown
     std::optional<Scan> finish(quint64 time);
 
-    /// Another key came in: what came before is no scan.
-    void reset();
-
 private:
+    void character(QChar character, quint64 time, const QString& field);
+    void reset();
     bool followsFast(quint64 time) const;
     std::optional<qsizetype> scanStart(quint64 time) const;
     QString stripped(QString text) const;
