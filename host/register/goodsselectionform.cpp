@@ -10,12 +10,13 @@
 #include "tallolineedit.h"
 #include "tallotableview.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 
 #include <algorithm>
-#include <utility>
+#include <optional>
 
 namespace
 {
@@ -27,6 +28,7 @@ constexpr int longestQuote = 240;
 GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObject* parent)
     : BasicForm(parent)
     , m_goods(params.goods)
+    , m_scansIntoPacks(ScanRecognizer::configured())
 {
     loadUI(QStringLiteral("goodsselection.ui"));
     if (!isTouchMode())
@@ -96,6 +98,7 @@ void GoodsSelectionForm::setUpPacks()
     m_packs->setText(QStringLiteral("1"));
     m_packs->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[1-9]\\d{0,2}")), m_packs));
+    m_packs->installEventFilter(this);
     findWidget<QLabel>(QStringLiteral("quantityLabel"))
         ->setText(tr::Tr(QStringLiteral("goodsSelectionPacks"), QStringLiteral("Упаковок:")).ui());
     if (auto* fewer = findWidget<QPushButton>(QStringLiteral("quantityMinusButton"), false))
@@ -123,7 +126,7 @@ void GoodsSelectionForm::nameControls()
 {
     m_filter->setPlaceholderText(
         tr::Tr(QStringLiteral("goodsSelectionFilterHint"), QStringLiteral("Название, МНН или штрихкод")).ui());
-    const std::pair<const char*, tr::Tr> names[] = {
+    setAccessibleNames({
         {"filterLineEdit", {"goodsSelectionFilter", "Поиск товара"}},
         {"quantityLineEdit", {"goodsSelectionPacksField", "Количество упаковок"}},
         {"quantityMinusButton", {"goodsSelectionFewer", "На упаковку меньше"}},
@@ -133,10 +136,31 @@ void GoodsSelectionForm::nameControls()
         {"scrollUpButton", {"goodsSelectionUp", "Вверх"}},
         {"scrollDownButton", {"goodsSelectionDown", "Вниз"}},
         {"pageDownButton", {"goodsSelectionPageDown", "На страницу вниз"}},
-    };
-    for (const auto& [widget, name] : names)
-        if (auto* control = findWidget<QWidget>(QLatin1String(widget), false))
-            control->setAccessibleName(name.ui());
+    });
+}
+
+bool GoodsSelectionForm::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_packs && event->type() == QEvent::KeyPress && endsScanIntoPacks(*static_cast<QKeyEvent*>(event)))
+        return true;
+    return BasicForm::eventFilter(watched, event);
+}
+
+/// A barcode is what to search for, never a number of packs. The cashier sees what was found before it is sold.
+bool GoodsSelectionForm::endsScanIntoPacks(const QKeyEvent& key)
+{
+    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
+        m_scansIntoPacks.key(key, m_packs->text());
+        return false;
+    }
+    const std::optional<ScanRecognizer::Scan> scan = m_scansIntoPacks.finish(key.timestamp());
+    if (!scan)
+        return false;
+    m_packs->setText(scan->fieldBefore);
+    m_filter->setText(scan->text);
+    m_filter->setFocus();
+    m_filter->selectAll(); // the next scan takes its place
+    return true;
 }
 
 void GoodsSelectionForm::onChoose()

@@ -5,7 +5,9 @@
 #include "complexfilterproxymodel.h"
 #include "goodsselectionparams.h"
 #include "goodstablemodel.h"
+#include "scanrecognizer.h"
 
+class QKeyEvent;
 class QLabel;
 class TalloLineEdit;
 class TalloTableView;
@@ -20,6 +22,8 @@ class GoodsSelectionForm : public BasicForm
 public:
     explicit GoodsSelectionForm(const GoodsSelectionParams& params, QObject* parent = nullptr);
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private slots:
     void onChoose();
     void onCancel();
@@ -32,6 +36,8 @@ private:
     void setUpButtons();
     void nameControls();
     void offerWanted(const QString& medicineInfo);
+    /// True when the key, pressed in the field of packs, ended a scan.
+    bool endsScanIntoPacks(const QKeyEvent& key);
     /// Tells when no goods are left to choose from, else takes the hint away.
     void tellWhenNothingIsLeft();
     void showHint(const tr::Tr& hint);
@@ -42,5 +48,6 @@ private:
     TalloTableView* m_table;
     TalloLineEdit* m_filter;
     TalloLineEdit* m_packs;
+    ScanRecognizer m_scansIntoPacks;
     QLabel* m_hint;
 };

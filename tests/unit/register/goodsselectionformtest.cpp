@@ -2,6 +2,7 @@
 #include "goodsselectionform.h"
 #include "basicexception.h"
 #include "registerstyle.h"
+#include "scanner.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
 #include "till.h"
@@ -226,6 +227,46 @@ TEST_F(GoodsSelection, packsFieldTakesNoOtherThanWholeNumbers)
     packs->setFocus();
     QTest::keyClicks(packs, QStringLiteral("0-a.1234"));
     EXPECT_EQ(packs->text(), QStringLiteral("123"));
+}
+
+TEST_F(GoodsSelection, scannedIntoThePacks_searchesTheGoodsAndLeavesThePacks)
+{
+    open({}, {}, QStringLiteral("парацет"));
+    auto* packs = widget<TalloLineEdit>("quantityLineEdit");
+    packs->setText(QStringLiteral("2"));
+    packs->setFocus();
+    scanInto(*packs, amoxidar);
+    EXPECT_TRUE(answers().isEmpty()) << "the Return of a scan sells nothing";
+    EXPECT_EQ(packs->text(), QStringLiteral("2"));
+    auto* filter = widget<TalloLineEdit>("filterLineEdit");
+    EXPECT_EQ(filter->text(), amoxidar);
+    EXPECT_EQ(QApplication::focusWidget(), filter);
+    EXPECT_EQ(shownRows(), 1);
+    press(Qt::Key_Return);
+    EXPECT_EQ(selected().goods.barcode, amoxidar);
+    EXPECT_EQ(selected().packs, 2);
+}
+
+TEST_F(GoodsSelection, scannedTwiceIntoThePacks_theSecondTakesThePlaceOfTheFirst)
+{
+    open({});
+    widget<TalloLineEdit>("quantityLineEdit")->setFocus();
+    scanInto(*QApplication::focusWidget(), QStringLiteral("4600000000000"));
+    EXPECT_EQ(hint(), QStringLiteral("По запросу «4600000000000» ничего не найдено. Измените строку поиска."));
+    scanInto(*QApplication::focusWidget(), amoxidar);
+    EXPECT_EQ(selected().goods.barcode, amoxidar);
+    EXPECT_EQ(selected().packs, 1);
+}
+
+TEST_F(GoodsSelection, packsTypedAndReturn_choosesThatMany)
+{
+    open({}, {}, amoxidar);
+    auto* packs = widget<TalloLineEdit>("quantityLineEdit");
+    packs->setFocus();
+    packs->selectAll();
+    QTest::keyClicks(packs, QStringLiteral("12"));
+    press(Qt::Key_Return);
+    EXPECT_EQ(selected().packs, 12);
 }
 
 TEST_F(GoodsSelection, escOrBackButton_answersMinusOneWithoutGoods)

@@ -4,10 +4,10 @@
 #include "cashier.h"
 #include "functionkey.h"
 #include "registerwindow.h"
+#include "scanner.h"
 #include "till.h"
 
-#include <QCoreApplication>
-#include <QKeyEvent>
+#include <QApplication>
 #include <QTest>
 
 #include <memory>
@@ -50,16 +50,6 @@ protected:
     static void scanInWindow(const QString& barcode)
     {
         scanInto(*QApplication::focusWidget()->window()->windowHandle(), barcode);
-    }
-    static void scanInto(QObject& receiver, const QString& barcode)
-    {
-        quint64 time = 1000;
-        for (const QChar character : barcode + QLatin1Char('\r')) {
-            const int code = character == u'\r' ? int(Qt::Key_Return) : character.unicode();
-            QKeyEvent key(QEvent::KeyPress, code, Qt::NoModifier, character);
-            key.setTimestamp(time += 10);
-            QCoreApplication::sendEvent(&receiver, &key);
-        }
     }
     bool becomesIdle()
     {

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QString>
+
+/// Sends a scanner's keys, 10 ms apart, Return at the end.
+inline void scanInto(QObject& receiver, const QString& barcode)
+{
+    quint64 time = 1000;
+    for (const QChar character : barcode + QLatin1Char('\r')) {
+        const int code = character == u'\r' ? int(Qt::Key_Return) : character.unicode();
+        QKeyEvent key(QEvent::KeyPress, code, Qt::NoModifier, character);
+        key.setTimestamp(time += 10);
+        QCoreApplication::sendEvent(&receiver, &key);
+    }
+}
