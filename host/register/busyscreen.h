@@ -15,14 +15,13 @@ class BusyScreen : public QWidget
 public:
     explicit BusyScreen(QWidget* parent);
 
+    /// Hidden so long as something stands above it.
+    void setCovered(bool covered);
+
 public slots:
     /// Shows itself above everything and paints at once: the work may come before the next event.
     void start(const QString& message);
     void stop();
-
-public:
-    /// Hidden so long as something stands above it.
-    void setCovered(bool covered);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -25,10 +25,6 @@ std::optional<int> documentNumber(const control::Action& action, const tr::Tr& t
     TextInputParams params;
     params.title = title;
     params.message = message;
-    params.okText = tr::Tr(QStringLiteral("inputTextFormOkBtn"), QStringLiteral("ОК"));
-    params.cancelText = tr::Tr(QStringLiteral("inputTextFormCancelBtn"), QStringLiteral("Отмена"));
-    params.scanError = tr::Tr(QStringLiteral("inputTextFormScanError"),
-                              QStringLiteral("Ошибка разбора введенных данных, повторите сканирование"));
     params.inputName = QStringLiteral("inputDocumentNumber");
     params.mask = QStringLiteral("0*[1-9]\\d{0,7}");
     params.numeric = true;

@@ -15,8 +15,6 @@
 #include <QPushButton>
 #include <QShortcut>
 
-#include <utility>
-
 DocumentListForm::DocumentListForm(const DocumentListParams& params, QObject* parent)
     : BasicForm(parent)
     , m_params(params)
@@ -120,7 +118,7 @@ void DocumentListForm::nameControls()
 {
     m_filter->setPlaceholderText(
         tr::Tr(QStringLiteral("documentsFilterHint"), QStringLiteral("Номер, состояние или название товара")).ui());
-    const std::pair<const char*, tr::Tr> names[] = {
+    setAccessibleNames({
         {"filterLineEdit", {"documentsFilter", "Поиск документа"}},
         {"documentTable", {"documentsTable", "Список документов"}},
         {"positionsTable", {"documentsPositions", "Позиции документа"}},
@@ -128,10 +126,7 @@ void DocumentListForm::nameControls()
         {"scrollUpButton", {"documentsUp", "Вверх"}},
         {"scrollDownButton", {"documentsDown", "Вниз"}},
         {"pageDownButton", {"documentsPageDown", "На страницу вниз"}},
-    };
-    for (const auto& [widget, name] : names)
-        if (auto* control = findWidget<QWidget>(QLatin1String(widget), false))
-            control->setAccessibleName(name.ui());
+    });
 }
 
 void DocumentListForm::load()

@@ -77,10 +77,6 @@ EContext::Result RegisterCommands::changeQuantity(control::Action& action)
     params.title = tr::Tr(QStringLiteral("changeQuantityTitle"), QStringLiteral("Количество"));
     params.message = tr::Tr(QStringLiteral("changeQuantityMessage"), QStringLiteral("Сколько упаковок?\n%1"))
                          .arg(position->getName());
-    params.okText = tr::Tr(QStringLiteral("inputTextFormOkBtn"), QStringLiteral("ОК"));
-    params.cancelText = tr::Tr(QStringLiteral("inputTextFormCancelBtn"), QStringLiteral("Отмена"));
-    params.scanError = tr::Tr(QStringLiteral("inputTextFormScanError"),
-                              QStringLiteral("Ошибка разбора введенных данных, повторите сканирование"));
     params.inputName = QStringLiteral("inputPacks");
     params.initialText = QString::number(position->getQuantity());
     params.mask = QStringLiteral("[1-9]\\d{0,2}");

@@ -159,13 +159,12 @@ void SalesScreen::showPositions()
 {
     const int formerRow = m_table->currentIndex().row();
     const int number = m_model.positionNumber(formerRow);
-    const auto positions = m_shown ? static_cast<int>(m_shown->positions().size()) : 0;
-    const bool grown = positions > m_positions;
-    m_positions = positions;
+    const auto count = m_shown ? static_cast<int>(m_shown->positions().size()) : 0;
+    const bool grown = count > std::exchange(m_positionCount, count);
 
     m_model.refresh(m_shown);
-    if (positions > 0)
-        m_table->setCurrentIndex(m_model.index(grown ? positions - 1 : rowAfter(formerRow, number), 0));
+    if (count > 0)
+        m_table->setCurrentIndex(m_model.index(grown ? count - 1 : rowAfter(formerRow, number), 0));
     for (const auto column : {ReceiptTableModel::Mark, ReceiptTableModel::InitialPrice, ReceiptTableModel::State})
         m_table->setColumnHidden(column, m_model.isEmpty(column));
     scrollToCurrent();

@@ -63,5 +63,5 @@ private:
     QWidget* m_searchAndTotal = nullptr;
     PaymentPanel* m_payment = nullptr;
     QSharedPointer<Receipt> m_shown;
-    int m_positions = 0;
+    int m_positionCount = 0;
 };

@@ -214,18 +214,6 @@ The receipt itself is saved. Free disk space or check access to the data folder,
         <translation>How many packs?
 %1</translation>
     </message>
-    <message id="inputTextFormOkBtn">
-        <source>ОК</source>
-        <translation>OK</translation>
-    </message>
-    <message id="inputTextFormCancelBtn">
-        <source>Отмена</source>
-        <translation>Cancel</translation>
-    </message>
-    <message id="inputTextFormScanError">
-        <source>Ошибка разбора введенных данных, повторите сканирование</source>
-        <translation>The scan could not be read, scan again</translation>
-    </message>
     <message id="keyNeedsReceipt">
         <source>«%1» работает при открытом чеке.
 Откройте чек и повторите.</source>
