@@ -252,7 +252,7 @@ TEST_F(ReceiptPrinterTest, printedAgainFromTheList_theOriginalStandsBesideACopyT
     EXPECT_EQ(original.find("КОПИЯ"), std::string::npos);
     const QByteArray originalPdf = content(path(QStringLiteral("printed/00000007.pdf")));
     EXPECT_EQ(printer.printAgain(*sale()), QStringLiteral("printed/00000007-copy.pdf"));
-    EXPECT_EQ(text(QStringLiteral("00000007-copy")), std::string(17, ' ') + "КОПИЯ\n" + original);
+    EXPECT_EQ(text(QStringLiteral("00000007-copy")), std::string(17, ' ').append("КОПИЯ\n") + original);
     EXPECT_EQ(text(QStringLiteral("00000007")), original);
     EXPECT_EQ(content(path(QStringLiteral("printed/00000007.pdf"))), originalPdf);
     EXPECT_EQ(printed().size(), 4);
