@@ -98,29 +98,13 @@ INSTANTIATE_TEST_SUITE_P(, ChoiceFormTexts,
 
 TEST_P(ChoiceFormRequiredWidgets, missing_constructorThrowsAndNamesIt)
 {
-    loseWidget(layout, GetParam().first);
-    try {
-        ElectronicPrescriptionChoiceForm(params(), nullptr);
-        FAIL() << "built without it";
-    } catch (const BasicException& error) {
-        EXPECT_EQ(error.tr().key(), "formUiWidgetNotFoundError");
-        EXPECT_EQ(error.tr().ui(), QString("Не найден виджет ") + GetParam().first);
-    }
+    expectNeeds(layout, GetParam().first, [this] { ElectronicPrescriptionChoiceForm(params(), nullptr); });
 }
 
 TEST_P(ChoiceFormRequiredWidgets, ofAnotherClass_constructorThrowsAndNamesBothClasses)
 {
     const auto& [name, className] = GetParam();
-    retypeWidget(layout, name, "QSlider");
-    try {
-        ElectronicPrescriptionChoiceForm(params(), nullptr);
-        FAIL() << "built with a slider";
-    } catch (const BasicException& error) {
-        EXPECT_EQ(error.tr().key(), "formUiWidgetCastError");
-        EXPECT_EQ(
-            error.tr().ui(),
-            QString("Ошибка загрузки виджета '%1'. Не удалось 'QSlider' привести к типу '%2'").arg(name, className));
-    }
+    expectNeedsClass(layout, name, className, [this] { ElectronicPrescriptionChoiceForm(params(), nullptr); });
 }
 
 TEST_P(ChoiceFormRequiredWidgets, missingAndFaultsCollected_formWorksWithoutIt)

@@ -138,29 +138,13 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_P(DetailsFormRequiredWidgets, missing_constructorThrowsAndNamesIt)
 {
-    loseWidget(layout, GetParam().first);
-    try {
-        ElectronicPrescriptionForm(params(fullPrescription()), nullptr);
-        FAIL() << "built without it";
-    } catch (const BasicException& error) {
-        EXPECT_EQ(error.tr().key(), "formUiWidgetNotFoundError");
-        EXPECT_EQ(error.tr().ui(), QString("Не найден виджет ") + GetParam().first);
-    }
+    expectNeeds(layout, GetParam().first, [] { ElectronicPrescriptionForm(params(fullPrescription()), nullptr); });
 }
 
 TEST_P(DetailsFormRequiredWidgets, ofAnotherClass_constructorThrowsAndNamesBothClasses)
 {
     const auto& [name, className] = GetParam();
-    retypeWidget(layout, name, "QSlider");
-    try {
-        ElectronicPrescriptionForm(params(fullPrescription()), nullptr);
-        FAIL() << "built with a slider";
-    } catch (const BasicException& error) {
-        EXPECT_EQ(error.tr().key(), "formUiWidgetCastError");
-        EXPECT_EQ(
-            error.tr().ui(),
-            QString("Ошибка загрузки виджета '%1'. Не удалось 'QSlider' привести к типу '%2'").arg(name, className));
-    }
+    expectNeedsClass(layout, name, className, [] { ElectronicPrescriptionForm(params(fullPrescription()), nullptr); });
 }
 
 TEST_P(DetailsFormRequiredWidgets, missingAndFaultsCollected_formAnswersAllTheSame)

@@ -6,6 +6,22 @@
 #include <QLabel>
 #include <QRegularExpression>
 
+namespace
+{
+
+void expectFault(const QString& key, const QString& text, const std::function<void()>& makeForm)
+{
+    try {
+        makeForm();
+        ADD_FAILURE() << "the form was made";
+    } catch (const BasicException& fault) {
+        EXPECT_EQ(fault.tr().key(), key);
+        EXPECT_EQ(fault.tr().ui(), text);
+    }
+}
+
+} // namespace
+
 DialogForms::DialogForms()
 {
     Singleton<Config>::instance = &config;
@@ -62,9 +78,21 @@ void DialogForms::loseWidget(const QString& layout, const QString& widget)
     changeLayout(layout, "name=\"" + widget + '"', "name=\"renamed\"");
 }
 
-void DialogForms::retypeWidget(const QString& layout, const QString& widget, const QString& className)
+void DialogForms::expectNeeds(const QString& layout, const QString& widget, const std::function<void()>& makeForm)
 {
-    changeLayout(layout, "class=\"\\w+\" name=\"" + widget + '"', "class=\"" + className + "\" name=\"" + widget + '"');
+    loseWidget(layout, widget);
+    expectFault("formUiWidgetNotFoundError", "Не найден виджет " + widget, makeForm);
+}
+
+void DialogForms::expectNeedsClass(const QString& layout, const QString& widget, const QString& className,
+                                   const std::function<void()>& makeForm)
+{
+    const QString name = " name=\"" + widget + '"';
+    changeLayout(layout, "class=\"\\w+\"" + name, "class=\"QSlider\"" + name);
+    expectFault(
+        "formUiWidgetCastError",
+        QString("Ошибка загрузки виджета '%1'. Не удалось 'QSlider' привести к типу '%2'").arg(widget, className),
+        makeForm);
 }
 
 void DialogForms::collectLayoutFaults()

@@ -15,6 +15,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -55,8 +56,12 @@ protected:
 
     /// Puts a changed copy of a layout before the plug-in's own: `widget` has another name there.
     void loseWidget(const QString& layout, const QString& widget);
-    /// The same with `widget` of another class.
-    void retypeWidget(const QString& layout, const QString& widget, const QString& className);
+
+    /// Takes `widget` out of the layout, and expects that the form cannot be made and says why.
+    void expectNeeds(const QString& layout, const QString& widget, const std::function<void()>& makeForm);
+    /// The same with a slider in the place of `widget`, which has to be a `className`.
+    void expectNeedsClass(const QString& layout, const QString& widget, const QString& className,
+                          const std::function<void()>& makeForm);
 
     /// Collects what forms report of their layouts, instead of having it thrown.
     void collectLayoutFaults();
