@@ -44,16 +44,26 @@ TEST(Router, pathUnderPrefix_isFoundOnlyThere)
     EXPECT_EQ(router.find("/api/connect/token").endpoint, Endpoint::Unknown);
 }
 
-class ForeignPath : public ::testing::TestWithParam<const char*>
+struct Path {
+    const char* name;
+    const char* path;
+};
+
+class ForeignPath : public ::testing::TestWithParam<Path>
 {
 };
 
 TEST_P(ForeignPath, isUnknown)
 {
-    EXPECT_EQ(Router().find(GetParam()).endpoint, Endpoint::Unknown);
+    EXPECT_EQ(Router().find(GetParam().path).endpoint, Endpoint::Unknown);
 }
 
 INSTANTIATE_TEST_SUITE_P(Router, ForeignPath,
-                         ::testing::Values("/", "", "connect/token", "/connect/token/", "/Connect/token",
-                                           "//connect/token", "/MedicationDispense", "/MedicationDispense/d-1",
-                                           "/MedicationDispense/a/b/$set-as-error", "/connect/%zz", "/x"));
+                         ::testing::Values(Path{"root", "/"}, Path{"empty", ""}, Path{"noFirstSlash", "connect/token"},
+                                           Path{"slashAtTheEnd", "/connect/token/"},
+                                           Path{"otherCase", "/Connect/token"}, Path{"twoSlashes", "//connect/token"},
+                                           Path{"dispenses", "/MedicationDispense"},
+                                           Path{"oneDispense", "/MedicationDispense/d-1"},
+                                           Path{"idOfTwoSegments", "/MedicationDispense/a/b/$set-as-error"},
+                                           Path{"badEncoding", "/connect/%zz"}, Path{"otherWord", "/x"}),
+                         [](const auto& row) { return std::string(row.param.name); });
