@@ -117,13 +117,18 @@ QString DocumentTableModel::text(const Row& row, int column)
 
 QString DocumentTableModel::times(const Receipt& document)
 {
-    const QString opened = timeText(document.getOpened());
-    if (!document.getFinished().isValid())
-        return tr::Tr(QStringLiteral("documentOpened"), QStringLiteral("Открыт %1")).arg(opened).ui();
-    return tr::Tr(QStringLiteral("documentOpenedAndFinished"), QStringLiteral("Открыт %1, завершён %2"))
-        .arg(opened)
-        .arg(timeText(document.getFinished()))
-        .ui();
+    QStringList times;
+    const auto add = [&times](const tr::Tr& what, const QDateTime& when) {
+        times.append(what.arg(timeText(when)).ui());
+    };
+    const QDateTime finished = document.getFinished();
+    const QDateTime annulled = document.getAnnulled();
+    add({QStringLiteral("documentOpened"), QStringLiteral("Открыт %1")}, document.getOpened());
+    if (finished.isValid() && finished != annulled) // else annulling it is what finished it
+        add({QStringLiteral("documentFinishedAt"), QStringLiteral("завершён %1")}, finished);
+    if (annulled.isValid())
+        add({QStringLiteral("documentAnnulledAt"), QStringLiteral("аннулирован %1")}, annulled);
+    return times.join(QStringLiteral(", "));
 }
 
 QString DocumentTableModel::searchText(const Row& row)

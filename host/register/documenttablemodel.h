@@ -15,8 +15,8 @@ class DocumentTableModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    /// Time is when it was finished, of a document put aside when it was opened; the tool tip tells both. SearchText is
-    /// hidden: number, state and the names of the positions, for filtering.
+    /// Time is when it was finished, of a document put aside when it was opened; the tool tip tells both, and when it
+    /// was annulled. SearchText is hidden: number, state and the names of the positions, for filtering.
     enum Column { Number, State, Time, Positions, Sum, SearchText, ColumnCount };
 
     using Document = QSharedPointer<Receipt>;

@@ -796,9 +796,13 @@ Check that the right row is chosen and try again. If that does not help, call th
         <source>Открыт %1</source>
         <translation>Opened %1</translation>
     </message>
-    <message id="documentOpenedAndFinished">
-        <source>Открыт %1, завершён %2</source>
-        <translation>Opened %1, finished %2</translation>
+    <message id="documentFinishedAt">
+        <source>завершён %1</source>
+        <translation>finished %1</translation>
+    </message>
+    <message id="documentAnnulledAt">
+        <source>аннулирован %1</source>
+        <translation>annulled %1</translation>
     </message>
 </context>
 </TS>

@@ -108,6 +108,22 @@ TEST_F(DocumentTableModelTest, putAside_tellsWhenItWasOpened)
               QStringLiteral("Открыт 02.03.2026 09:05"));
 }
 
+TEST_F(DocumentTableModelTest, annulled_tellsWhenAndWhatItWasBefore)
+{
+    const QDateTime annulled(QDate(2026, 3, 4), QTime(18, 40));
+    const auto closed = sale(3, Receipt::State::Closed);
+    closed->setEnding({.state = Receipt::State::Annulled, .finished = finished, .annulled = annulled});
+    const auto putAside = sale(2, Receipt::State::PutAside);
+    putAside->setEnding({.state = Receipt::State::Annulled, .finished = annulled, .annulled = annulled});
+    show({closed, putAside});
+    const auto told = [this](int row) {
+        return model.index(row, DocumentTableModel::Time).data(Qt::ToolTipRole).toString();
+    };
+    EXPECT_EQ(told(0),
+              QStringLiteral("Открыт 02.03.2026 09:05, завершён 02.03.2026 09:15, аннулирован 04.03.2026 18:40"));
+    EXPECT_EQ(told(1), QStringLiteral("Открыт 02.03.2026 09:05, аннулирован 04.03.2026 18:40"));
+}
+
 TEST_F(DocumentTableModelTest, shownAnew_rowsAreFoundByNumber)
 {
     show({sale(9, Receipt::State::Closed), sale(7, Receipt::State::Closed)});
