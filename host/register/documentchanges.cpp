@@ -19,12 +19,12 @@ QDateTime now()
 
 void Sale::restore(const ReceiptStore::Loaded& loaded)
 {
-    if (!loaded.damage.isEmpty())
-        tellDamage(loaded);
     m_numbers.pass(m_archive.greatestNumber());
     if (loaded.receipt)
         m_numbers.pass(loaded.receipt->getNumber());
     const QSharedPointer<Receipt> open = m_archive.tidyUp(loaded.receipt);
+    if (!loaded.damage.isEmpty())
+        tellDamage(loaded); // only now: while the message stands, a key pressed before may open a receipt
     if (!open)
         return;
     makeCurrent(open);

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
+#include "registeraction.h"
 #include "saves.h"
 #include "shownmessages.h"
 #include "till.h"
 
 #include <QDir>
 #include <QJsonArray>
+#include <QTest>
 
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 class SaleTest : public Till
 {
@@ -503,6 +506,68 @@ TEST_F(DocumentChanges, lastNumberCannotBeSaved_numbersOfThisRunAreNotGivenAgain
     ASSERT_TRUE(QDir().mkdir(file));
     EXPECT_EQ(sold(), 2);
     EXPECT_EQ(sold(), 3);
+}
+
+/// Beside a sale lies an open receipt that is damaged, and the last number is lost.
+class DamageTold : public DocumentChanges
+{
+protected:
+    DamageTold()
+    {
+        Sale former(folder.path());
+        former.add(article(amoxidar));
+        EXPECT_TRUE(former.close(5000));
+        EXPECT_TRUE(QFile::remove(folder.filePath(QStringLiteral("lastreceiptnumber"))));
+        QFile damaged(folder.filePath(QStringLiteral("receipt.json")));
+        EXPECT_TRUE(damaged.open(QIODevice::WriteOnly));
+        damaged.write("{");
+    }
+    ~DamageTold() override { MockFactory<Dialog>::mocked = nullptr; }
+
+    /// @param whileTold runs while the message stands
+    void restore(const std::function<void()>& whileTold)
+    {
+        class Standing : public Dialog
+        {
+        public:
+            explicit Standing(std::function<void()> meanwhile)
+                : m_meanwhile(std::move(meanwhile))
+            {
+            }
+            void showMessage(const tr::Tr& /*text*/, int /*kind*/, int /*sound*/, int /*seconds*/) override
+            {
+                m_meanwhile();
+            }
+
+        private:
+            std::function<void()> m_meanwhile;
+        };
+        int told = 0;
+        MockFactory<Dialog>::mocked = [&] {
+            ++told;
+            return QSharedPointer<Standing>::create(whileTold);
+        };
+        sale->restore(saved());
+        EXPECT_EQ(told, 1);
+    }
+};
+
+TEST_F(DamageTold, receiptOpenedMeanwhile_takesTheNumberOfNoOtherDocument)
+{
+    controller.object.enqueue(control::Action(registeraction::openReceipt), false);
+    restore([this] { EXPECT_TRUE(QTest::qWaitFor([this] { return !controller.object.isBusy(); })); });
+    ASSERT_TRUE(sale->receipt());
+    EXPECT_EQ(sale->receipt()->getNumber(), 2);
+    EXPECT_EQ(savedReceipt(), sale->receipt()->toJson());
+    EXPECT_EQ(archived(1)->getState(), Receipt::State::Closed);
+}
+
+TEST_F(DamageTold, copyOfAnInterruptedChange_isGoneBeforeItCouldBeTakenUp)
+{
+    const QString copy = folder.filePath(QStringLiteral("putaside/00000001.json"));
+    ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("putaside")));
+    ASSERT_TRUE(QFile::copy(folder.filePath(QStringLiteral("finished/00000001.json")), copy));
+    restore([&copy] { EXPECT_FALSE(QFile::exists(copy)); });
 }
 
 /// The register ended between saving a document in its new place and removing the file in the old one.
