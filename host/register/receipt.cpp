@@ -177,7 +177,7 @@ QSharedPointer<Receipt> Receipt::fromJson(const QJsonObject& saved)
     receipt->m_type = readType(saved);
     Ending& ending = receipt->m_ending;
     ending.state = readState(saved);
-    if (receipt->isClosed())
+    if (receipt->hasEnded())
         ending.finished = readTime(saved, QStringLiteral("finished"));
     if (ending.state == State::Annulled)
         ending.annulled = readTime(saved, QStringLiteral("annulled"));
