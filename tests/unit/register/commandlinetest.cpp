@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "commandline.h"
 
+#include <QCoreApplication>
+
 #include <gtest/gtest.h>
+
+#include <utility>
 
 namespace
 {
@@ -48,11 +52,16 @@ TEST(CommandLine, scenarioWithoutASize_isPlayedAt1280x800)
 
 TEST(CommandLine, wrongOptions_areToldByName)
 {
-    EXPECT_EQ(parse({QStringLiteral("--nonsense")}).outcome, CommandLine::Outcome::Wrong);
-    EXPECT_TRUE(parse({QStringLiteral("--nonsense")}).message.contains(QStringLiteral("nonsense")));
-    EXPECT_EQ(parse({QStringLiteral("--size"), QStringLiteral("big")}).outcome, CommandLine::Outcome::Wrong);
-    EXPECT_EQ(parse({QStringLiteral("stray")}).outcome, CommandLine::Outcome::Wrong);
-    EXPECT_EQ(parse({QStringLiteral("--config")}).outcome, CommandLine::Outcome::Wrong);
+    const std::pair<const char*, const char*> mistakes[] = {
+        {"--nonsense", "nonsense"},        {"--config", "config"},  {"stray", "'stray'"},
+        {"--size big", "1280x800"},        {"--size=", "1280x800"}, {"--size 99x600", "1280x800"},
+        {"--size 1280x800x2", "1280x800"},
+    };
+    for (const auto& [options, named] : mistakes) {
+        const CommandLine line = parse(QString::fromLatin1(options).split(QLatin1Char(' ')));
+        EXPECT_EQ(line.outcome, CommandLine::Outcome::Wrong) << options;
+        EXPECT_TRUE(line.message.contains(QLatin1String(named))) << options << ": " << qPrintable(line.message);
+    }
 }
 
 TEST(CommandLine, helpAndVersion_areTold)
@@ -61,5 +70,9 @@ TEST(CommandLine, helpAndVersion_areTold)
     EXPECT_EQ(help.outcome, CommandLine::Outcome::Told);
     for (const char* option : {"--config", "--data", "--plugins", "--layouts", "--touch", "--play", "--screenshots"})
         EXPECT_TRUE(help.message.contains(QLatin1String(option))) << option;
-    EXPECT_EQ(parse({QStringLiteral("--version")}).outcome, CommandLine::Outcome::Told);
+    EXPECT_EQ(parse({QStringLiteral("--help"), QStringLiteral("stray")}).message, help.message) << "before mistakes";
+    const CommandLine version = parse({QStringLiteral("--version")});
+    EXPECT_EQ(version.outcome, CommandLine::Outcome::Told);
+    EXPECT_EQ(version.message, QCoreApplication::applicationName() + QLatin1Char(' ') +
+                                   QCoreApplication::applicationVersion() + QLatin1Char('\n'));
 }
