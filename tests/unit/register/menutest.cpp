@@ -244,12 +244,7 @@ TEST_F(MenuTest, configuredEntry_getsItsArgumentsAndTheCurrentPosition)
         press(Qt::Key_Escape);
     });
     QVariantMap given;
-    controller.object.addHandler({EContext::OpenReceipt, control::PluginCommand,
-                                  [&given](const control::Action& action) {
-                                      given = action.toMap();
-                                      return EContext::GoOn;
-                                  },
-                                  true});
+    servePluginCommand(given);
     inMenu([this](QWidget&) { press(Qt::Key_1); });
     EXPECT_EQ(given, (QVariantMap{{QStringLiteral("status"), QStringLiteral("active")},
                                   {QStringLiteral("positionNumber"), 1}}));

@@ -139,12 +139,7 @@ TEST_F(WindowTest, functionKeyTouched_doesItsActionWithArgumentsAndPosition)
     openWindow();
     sale->add(article(amoxidar));
     QVariantMap given;
-    controller.object.addHandler({EContext::OpenReceipt, control::PluginCommand,
-                                  [&given](const control::Action& action) {
-                                      given = action.toMap();
-                                      return EContext::GoOn;
-                                  },
-                                  true});
+    servePluginCommand(given);
     QTest::mouseClick(widget<QPushButton>("pluginKey"), Qt::LeftButton);
     ASSERT_TRUE(becomesIdle());
     EXPECT_EQ(given, (QVariantMap{{QStringLiteral("status"), QStringLiteral("active")},

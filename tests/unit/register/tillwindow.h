@@ -55,6 +55,16 @@ protected:
     {
         return QTest::qWaitFor([this] { return !controller.object.isBusy() && !gui.object.topForm(); });
     }
+    /// From now on a plug-in serves its command at the open receipt, and notes what it was given.
+    void servePluginCommand(QVariantMap& given)
+    {
+        controller.object.addHandler({EContext::OpenReceipt, control::PluginCommand,
+                                      [&given](const control::Action& action) {
+                                          given = action.toMap();
+                                          return EContext::GoOn;
+                                      },
+                                      true});
+    }
     void begin(const char* message)
     {
         notifier.object.notify(
