@@ -9,6 +9,7 @@
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
 #include "prescriptiondate.h"
+#include "registerstyle.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
@@ -17,7 +18,6 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
-#include <QStyle>
 
 namespace
 {
@@ -162,7 +162,7 @@ void ElectronicPrescriptionChoiceForm::setUpLabels()
 
 void ElectronicPrescriptionChoiceForm::setUpAccessibleNames()
 {
-    const WidgetText names[] = {
+    setAccessibleNames({
         {"medicineNameLineEdit", tr::Tr("electronicPrescriptionChoiceFormFilter", "Поиск по МНН")},
         {"electronicPrescriptionsTableView", tr::Tr("electronicPrescriptionChoiceFormTable", "Рецепты пациента")},
         {"prescriptionScrollArea", tr::Tr("electronicPrescriptionChoiceFormDetails", "Сведения о рецепте")},
@@ -171,11 +171,7 @@ void ElectronicPrescriptionChoiceForm::setUpAccessibleNames()
         {"scrollUpButton", tr::Tr("electronicPrescriptionChoiceFormScrollUp", "Строка вверх")},
         {"scrollDownButton", tr::Tr("electronicPrescriptionChoiceFormScrollDown", "Строка вниз")},
         {"pageDownButton", tr::Tr("electronicPrescriptionChoiceFormPageDown", "Страница вниз")},
-    };
-    for (const auto& [name, text] : names) {
-        if (auto* widget = findWidget<QWidget>(name, false))
-            widget->setAccessibleName(text.ui());
-    }
+    });
 }
 
 void ElectronicPrescriptionChoiceForm::setUpInput()
@@ -221,11 +217,8 @@ void ElectronicPrescriptionChoiceForm::tellIfNothingMatches(const QString& text)
         hint->setVisible(isNoneLeft);
     }
     // It goes on answering as onOk() does, so it only looks as if there were nothing to choose.
-    if (auto* okButton = findWidget<QPushButton>("okButton", false)) {
-        okButton->setProperty("idle", isNoneLeft);
-        okButton->style()->unpolish(okButton);
-        okButton->style()->polish(okButton);
-    }
+    if (auto* okButton = findWidget<QPushButton>("okButton", false))
+        setStyleProperty(*okButton, "idle", isNoneLeft);
 }
 
 void ElectronicPrescriptionChoiceForm::selectRow(int row)
