@@ -86,10 +86,9 @@ void PaymentPanel::createControls()
 {
     m_caption->setObjectName(QStringLiteral("paymentCaptionLabel"));
     m_sumLabel->setObjectName(QStringLiteral("paymentSumLabel"));
-    m_sumLabel->setStyleSheet(QStringLiteral("font-size: 28pt; font-weight: 700"));
+    m_sumLabel->setProperty("textSize", QStringLiteral("sum"));
     m_change->setObjectName(QStringLiteral("changeLabel"));
-    m_change->setStyleSheet(
-        QStringLiteral("QLabel { font-size: 20pt; font-weight: 600 } QLabel[textRole=\"waiting\"] { padding: 0 8px }"));
+    m_change->setProperty("textSize", QStringLiteral("amount"));
     m_change->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     m_receivedCaption->setObjectName(QStringLiteral("receivedCaptionLabel"));

@@ -62,7 +62,7 @@ QWidget* SalesScreen::createHeader()
     layout->setContentsMargins(0, 0, 0, 0);
     m_receiptNumber = new QLabel(header);
     m_receiptNumber->setObjectName(QStringLiteral("receiptNumberLabel"));
-    m_receiptNumber->setStyleSheet(QStringLiteral("font-size: 16pt; font-weight: 600"));
+    m_receiptNumber->setProperty("textSize", QStringLiteral("title"));
     m_documentInfo = new QLabel(header);
     m_documentInfo->setObjectName(QStringLiteral("documentInfoLabel"));
     m_documentInfo->setProperty("textRole", QStringLiteral("value"));
@@ -117,7 +117,7 @@ QWidget* SalesScreen::createSearchAndTotal()
     m_total = new QLabel(row);
     m_total->setObjectName(QStringLiteral("totalLabel"));
     m_total->setAccessibleName(total->text());
-    m_total->setStyleSheet(QStringLiteral("font-size: 28pt; font-weight: 700"));
+    m_total->setProperty("textSize", QStringLiteral("sum"));
     m_total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     layout->addWidget(m_search, 1);

@@ -29,7 +29,6 @@ StatusLine::StatusLine(QWidget* parent)
     m_message = addLabel(QStringLiteral("statusMessageLabel"), 1);
     m_message->setWordWrap(true);
     m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    m_message->setStyleSheet(QStringLiteral("QLabel[textRole=\"done\"] { font-size: 16pt; font-weight: 600 }"));
     // Always as high as the longest message asks: nothing moves away under a finger when one comes or goes.
     m_message->setFixedHeight(linesOfMessage * fontMetrics().lineSpacing() + roomAroundMessage);
     m_plugins = addLabel(QStringLiteral("pluginStateLabel"), 0);

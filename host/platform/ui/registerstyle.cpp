@@ -12,11 +12,17 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace
 {
 
-constexpr int titleAboveText = 4; // points
+/// How much larger than the text type is, in points.
+constexpr std::pair<const char*, int> sizesAboveText[] = {
+    {"@titleSize", 4},
+    {"@amountSize", 8},
+    {"@sumSize", 16},
+};
 
 /// The relative luminance of WCAG 2.1 (https://www.w3.org/TR/WCAG21/#dfn-relative-luminance).
 double luminance(const QColor& colour)
@@ -97,7 +103,8 @@ QString registerStyleSheet(bool touch, int textSize)
     QString sheet = readSheet(QStringLiteral("style.qss"));
     if (touch)
         sheet += readSheet(QStringLiteral("touch.qss"));
-    sheet.replace(QLatin1String("@titleSize"), QString::number(textSize + titleAboveText) + "pt");
+    for (const auto& [name, above] : sizesAboveText)
+        sheet.replace(QLatin1String(name), QString::number(textSize + above) + "pt");
     for (const auto& [name, colour] : names)
         sheet.replace(QLatin1String(name), colour.name());
     return sheet;

@@ -47,7 +47,7 @@ REGISTERPLATFORM_EXPORT void setStyleProperty(QWidget& widget, const QString& na
 REGISTERPLATFORM_EXPORT int registerTextSize(int windowHeight);
 
 /// The style sheet with its colours and sizes filled in. @param touch with targets for fingers: at least 44 px
-/// @param textSize what headings are measured by, in points
+/// @param textSize what larger type is measured by, in points
 REGISTERPLATFORM_EXPORT QString registerStyleSheet(bool touch, int textSize);
 
 /// Dresses the application: the Fusion style, the register's colours, a font for a window of that height in pixels and

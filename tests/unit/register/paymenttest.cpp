@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Subtotal and payment in the register's window.
+#include "finally.h"
 #include "registeraction.h"
+#include "registerstyle.h"
 #include "shownmessages.h"
 #include "tillwindow.h"
 
@@ -177,12 +179,27 @@ TEST_F(PaymentTest, paid_changeIsReadUntilTheNextReceipt)
     EXPECT_EQ(text("receiptNumberLabel"), QStringLiteral("Чек не открыт"));
     EXPECT_EQ(text("statusMessageLabel"), QStringLiteral("Чек № 1 закрыт. Сдача 3,60"));
     EXPECT_EQ(role("statusMessageLabel"), QStringLiteral("done"));
-    EXPECT_GE(widget<QLabel>("statusMessageLabel")->fontInfo().pointSize(), 16);
     EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
     pressAndFinish(Qt::Key_Return); // one more, in haste
     EXPECT_EQ(text("statusMessageLabel"), QStringLiteral("Чек № 1 закрыт. Сдача 3,60"));
     pressAndFinish(Qt::Key_F2);
     EXPECT_TRUE(text("statusMessageLabel").isEmpty());
+}
+
+TEST_F(PaymentTest, sumAndChange_growWithTheWindow)
+{
+    const Finally undressed([] { qApp->setStyleSheet(QString()); });
+    openWindow();
+    for (const int height : {600, 1080}) {
+        applyRegisterStyle(*qApp, height);
+        const std::pair<const char*, int> sizes[] = {
+            {"receiptNumberLabel", 4}, {"totalLabel", 16}, {"paymentSumLabel", 16}, {"changeLabel", 8}};
+        for (const auto& [label, above] : sizes) {
+            widget<QLabel>(label)->ensurePolished();
+            EXPECT_EQ(widget<QLabel>(label)->font().pointSize(), registerTextSize(height) + above)
+                << label << " at " << height;
+        }
+    }
 }
 
 TEST_F(PaymentTest, tooLittlePaid_isToldAndTheReceiptStaysAtItsPayment)

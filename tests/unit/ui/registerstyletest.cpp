@@ -69,6 +69,22 @@ TEST_F(RegisterStyleTest, typeGrowsWithTheWindow_headingsToo)
     }
 }
 
+TEST_F(RegisterStyleTest, largerType_standsSoFarAboveTheTextOnEveryWindow)
+{
+    const std::tuple<const char*, const char*, int> sizes[] = {
+        {"textSize", "title", 4}, {"textSize", "amount", 8}, {"textSize", "sum", 16}, {"textRole", "done", 4}};
+    for (const int height : {600, 800, 1080}) {
+        applyRegisterStyle(*qApp, height);
+        for (const auto& [property, value, above] : sizes) {
+            QLabel label;
+            label.setProperty(property, QString(value));
+            label.ensurePolished();
+            EXPECT_EQ(label.font().pointSize(), registerTextSize(height) + above) << value << " at " << height;
+            EXPECT_GE(label.font().weight(), QFont::DemiBold) << value;
+        }
+    }
+}
+
 TEST_F(RegisterStyleTest, stylePropertySet_widgetIsDressedAnew)
 {
     applyRegisterStyle(*qApp, 600);
