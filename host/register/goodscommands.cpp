@@ -4,6 +4,25 @@
 #include "basicdialog.h"
 #include "goodsselectionparams.h"
 #include "notice.h"
+#include "question.h"
+
+namespace
+{
+
+/// Whether the cashier wants them on the receipt although none should be there: the pack may lie on the counter.
+bool isWantedAnyway(const CatalogueGoods& goods)
+{
+    const Question question{
+        {QStringLiteral("outOfStockTitle"), QStringLiteral("Товара нет на остатке")},
+        tr::Tr(QStringLiteral("outOfStockQuestion"), QStringLiteral("На остатке нет товара:\n%1\nВсё равно продать?"))
+            .arg(goods.name),
+        {QStringLiteral("outOfStockYes"), QStringLiteral("Продать")},
+        {QStringLiteral("questionNo"), QStringLiteral("Нет")},
+    };
+    return question.ask();
+}
+
+} // namespace
 
 EContext::Result RegisterCommands::selectGoods(control::Action& action)
 {
@@ -41,6 +60,8 @@ EContext::Result RegisterCommands::addGoods(control::Action& action)
     if (!search.isEmpty())
         if (const std::optional<CatalogueGoods> scanned = m_catalogue.byBarcode(search))
             selected = SelectedGoods{*scanned, 1};
+    if (selected && !selected->goods.isInStock() && !isWantedAnyway(selected->goods))
+        return EContext::Stop;
     if (!selected)
         selected = letSelect({}, {}, search);
     if (!selected)

@@ -518,6 +518,22 @@ Add goods or cancel the receipt.</translation>
         <source>Удаление позиции</source>
         <translation>Remove position</translation>
     </message>
+    <message id="outOfStockTitle">
+        <source>Товара нет на остатке</source>
+        <translation>Out of stock</translation>
+    </message>
+    <message id="outOfStockQuestion">
+        <source>На остатке нет товара:
+%1
+Всё равно продать?</source>
+        <translation>None of these goods are in stock:
+%1
+Sell them all the same?</translation>
+    </message>
+    <message id="outOfStockYes">
+        <source>Продать</source>
+        <translation>Sell</translation>
+    </message>
     <message id="removeBoundQuestion">
         <source>Позиция № %1 отпускается по документу:
 %2

@@ -93,6 +93,25 @@ TEST_F(Commands, barcodeSearched_addsItsGoodsWithoutAsking)
     EXPECT_EQ(witness.codes(), QList<int>{10});
 }
 
+TEST_F(Commands, barcodeOfGoodsOutOfStockSearched_asksBeforeTheyAreSold)
+{
+    const QVariantMap search{{QStringLiteral("search"), QStringLiteral("2990000000132")}};
+    QString question;
+    cashier.onForm(QStringLiteral("questionForm"), [&question](QWidget& root) {
+        question = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
+        press(root, "noButton");
+    });
+    EXPECT_EQ(run(registeraction::addGoods, search), EContext::Stop);
+    EXPECT_EQ(question,
+              QStringLiteral("На остатке нет товара:\nАмлонорд Форте, таблетки 5 мг №30\nВсё равно продать?"));
+    EXPECT_FALSE(sale->receipt());
+
+    answerQuestion("yesButton");
+    EXPECT_EQ(run(registeraction::addGoods, search), EContext::GoOn);
+    ASSERT_TRUE(sale->receipt());
+    EXPECT_EQ(sale->receipt()->position(1)->getName(), QStringLiteral("Амлонорд Форте, таблетки 5 мг №30"));
+}
+
 TEST_F(Commands, nameSearched_opensTheSelectionWithItAndAddsAfterwards)
 {
     QList<int> eventsWhileChoosing;
