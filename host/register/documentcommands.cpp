@@ -34,6 +34,18 @@ std::optional<int> documentNumber(const control::Action& action, const tr::Tr& t
     return result.getData().toString().toInt();
 }
 
+tr::Tr annulQuestion(const Receipt& document)
+{
+    if (document.getState() == Receipt::State::PutAside)
+        return {QStringLiteral("annulPutAsideQuestion"),
+                QStringLiteral("Аннулировать отложенный чек № %1 на сумму %2?")};
+    if (document.getSum() == 0)
+        return {QStringLiteral("annulSaleWithoutMoneyQuestion"),
+                QStringLiteral("Аннулировать продажу № %1 на сумму %2?")};
+    return {QStringLiteral("annulSaleQuestion"),
+            QStringLiteral("Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю.")};
+}
+
 tr::Tr noDocument(int number)
 {
     return tr::Tr(QStringLiteral("documentNotFound"),
@@ -181,15 +193,9 @@ EContext::Result DocumentCommands::annul(const QSharedPointer<Receipt>& document
                        .arg(number));
         return EContext::Stop;
     }
-    const bool paid = document->getState() == Receipt::State::Closed;
     const Question question{
         {QStringLiteral("annulTitle"), QStringLiteral("Аннулирование документа")},
-        (paid ? tr::Tr(QStringLiteral("annulSaleQuestion"),
-                       QStringLiteral("Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю."))
-              : tr::Tr(QStringLiteral("annulPutAsideQuestion"),
-                       QStringLiteral("Аннулировать отложенный чек № %1 на сумму %2?")))
-            .arg(number)
-            .arg(amountText(document->getSum())),
+        annulQuestion(*document).arg(number).arg(amountText(document->getSum())),
         {QStringLiteral("annulYes"), QStringLiteral("Аннулировать")},
         {QStringLiteral("questionNo"), QStringLiteral("Нет")},
     };

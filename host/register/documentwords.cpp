@@ -99,6 +99,10 @@ QString annulment(const Receipt& document, Receipt::State before)
         return tr::Tr(QStringLiteral("putAsideAnnulled"), QStringLiteral("Отложенный чек № %1 аннулирован"))
             .arg(number)
             .ui();
+    if (document.getSum() == 0)
+        return tr::Tr(QStringLiteral("saleWithoutMoneyAnnulled"), QStringLiteral("Чек № %1 аннулирован"))
+            .arg(number)
+            .ui();
     return tr::Tr(QStringLiteral("saleAnnulled"), QStringLiteral("Чек № %1 аннулирован. Верните покупателю %2"))
         .arg(number)
         .arg(amountText(document.getSum()))

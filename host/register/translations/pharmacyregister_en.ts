@@ -362,6 +362,10 @@ Check the number.</translation>
         <source>Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю.</source>
         <translation>Annul sale No. %1 of %2? The money is given back to the customer.</translation>
     </message>
+    <message id="annulSaleWithoutMoneyQuestion">
+        <source>Аннулировать продажу № %1 на сумму %2?</source>
+        <translation>Annul sale No. %1 of %2?</translation>
+    </message>
     <message id="annulPutAsideQuestion">
         <source>Аннулировать отложенный чек № %1 на сумму %2?</source>
         <translation>Annul receipt No. %1 of %2, which was put aside?</translation>
@@ -514,10 +518,6 @@ Add goods or cancel the receipt.</translation>
         <source>Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям.</source>
         <translation>A barcode was scanned, it does not count. To add goods go back to the positions.</translation>
     </message>
-    <message id="removeBoundTitle">
-        <source>Удаление позиции</source>
-        <translation>Remove position</translation>
-    </message>
     <message id="outOfStockTitle">
         <source>Товара нет на остатке</source>
         <translation>Out of stock</translation>
@@ -533,6 +533,10 @@ Sell them all the same?</translation>
     <message id="outOfStockYes">
         <source>Продать</source>
         <translation>Sell</translation>
+    </message>
+    <message id="removeBoundTitle">
+        <source>Удаление позиции</source>
+        <translation>Remove position</translation>
     </message>
     <message id="removeBoundQuestion">
         <source>Позиция № %1 отпускается по документу:
@@ -565,6 +569,10 @@ Cancel the return all the same?</translation>
     <message id="putAsideAnnulled">
         <source>Отложенный чек № %1 аннулирован</source>
         <translation>Receipt No. %1, put aside, was annulled</translation>
+    </message>
+    <message id="saleWithoutMoneyAnnulled">
+        <source>Чек № %1 аннулирован</source>
+        <translation>Receipt No. %1 was annulled</translation>
     </message>
     <message id="saleAnnulled">
         <source>Чек № %1 аннулирован. Верните покупателю %2</source>

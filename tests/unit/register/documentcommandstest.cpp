@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "documentcommands.h"
 #include "commandtill.h"
+#include "documentwords.h"
 #include "formanswer.h"
 #include "registeraction.h"
 #include "saves.h"
@@ -201,6 +202,21 @@ TEST_F(DocumentCommandsTest, annulmentByNumber_asksAndAnnulsByTheHooks)
         EXPECT_EQ(hooked.first().dynamicCast<Receipt>()->getNumber(), document);
         EXPECT_EQ(archived(document)->getState(), Receipt::State::Annulled);
     }
+}
+
+TEST_F(DocumentCommandsTest, annulmentOfASaleWithoutMoney_saysNothingOfMoney)
+{
+    sale->add(article(amoxidar));
+    sale->receipt()->position(1)->setPrice(0.0);
+    ASSERT_TRUE(sale->close(0));
+    QString question;
+    cashier.onForm(QStringLiteral("questionForm"), [&question](QWidget& root) {
+        question = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
+        press(root, "yesButton");
+    });
+    EXPECT_EQ(run(registeraction::annulByNumber, number(1)), EContext::GoOn);
+    EXPECT_EQ(question, QStringLiteral("Аннулировать продажу № 1 на сумму 0,00?"));
+    EXPECT_EQ(documentwords::annulment(*archived(1), Receipt::State::Closed), QStringLiteral("Чек № 1 аннулирован"));
 }
 
 TEST_F(DocumentCommandsTest, annulmentOfWhatCannotBeAnnulled_isRefused)
