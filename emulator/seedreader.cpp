@@ -16,6 +16,15 @@ QDate isoDate(const JsonNode& node, const QString& key)
     return date;
 }
 
+/// A day that can be written as yyyy-MM-dd, too.
+QDate daysAfter(const QDate& start, int days, const JsonNode& node, const QString& key)
+{
+    const QDate date = start.addDays(days);
+    if (date.year() < 1 || date.year() > 9999)
+        node.fail(key, QStringLiteral("a number of days that stays between the years 1 and 9999 is expected"));
+    return date;
+}
+
 double positive(const JsonNode& node, const QString& key)
 {
     const auto value = node.number(key);
@@ -140,8 +149,8 @@ void SeedReader::readPrescription(const JsonNode& node, const Patient& patient)
     if (node.has(QStringLiteral("validUntil")) == node.has(QStringLiteral("validDays")))
         node.fail(QStringLiteral("validUntil"), QStringLiteral("either this or \"validDays\" is expected"));
     const auto validDays = node.count(QStringLiteral("validDays"));
-    prescription.validUntil =
-        validDays ? prescription.written.addDays(*validDays) : isoDate(node, QStringLiteral("validUntil"));
+    prescription.validUntil = validDays ? daysAfter(prescription.written, *validDays, node, QStringLiteral("validDays"))
+                                        : isoDate(node, QStringLiteral("validUntil"));
     prescription.instructions = node.texts(QStringLiteral("instructions"));
     prescription.patientShare = node.number(QStringLiteral("patientShare"));
     if (prescription.patientShare && (*prescription.patientShare < 0 || *prescription.patientShare > 1))
@@ -175,7 +184,7 @@ QDate SeedReader::day(const JsonNode& node, const QString& key, const QString& d
     if (node.has(key) == node.has(daysAgoKey))
         node.fail(key, QStringLiteral("either this or \"") + daysAgoKey + QStringLiteral("\" is expected"));
     const auto daysAgo = node.count(daysAgoKey);
-    return daysAgo ? m_today.addDays(-*daysAgo) : isoDate(node, key);
+    return daysAgo ? daysAfter(m_today, -*daysAgo, node, daysAgoKey) : isoDate(node, key);
 }
 
 QString SeedReader::uniqueId(const JsonNode& node, const QString& key, QSet<QString>& known)
