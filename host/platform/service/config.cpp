@@ -31,10 +31,12 @@ IniText inspect(const QString& path)
     if (!file.open(QIODevice::ReadOnly))
         return {false, path + QStringLiteral(": ") + file.errorString()};
     const QByteArray bytes = file.readAll();
-    QStringDecoder decode(QStringDecoder::Utf8);
+    QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless); // so that a cut end is an error
     const QString text = decode(bytes);
     if (decode.hasError() || text.contains(QChar::Null))
         return {false, path + QStringLiteral(" is not a text in UTF-8")};
+    if (text.contains(u"@Variant(")) // QSettings would make objects of it, whatever they are
+        return {false, path + QStringLiteral(" has a value that is no text: @Variant(")};
     return {bytes.startsWith("\xEF\xBB\xBF"), {}};
 }
 
