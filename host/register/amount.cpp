@@ -5,9 +5,17 @@
 
 #include <cmath>
 
+namespace
+{
+
+/// More than any till takes in, and so little that the sum of very many such amounts is a number of kopecks, too.
+constexpr double largestRoubles = 1e12;
+
+} // namespace
+
 Kopecks kopecks(double roubles)
 {
-    return std::llround(roubles * 100.0);
+    return std::llround(std::fmin(std::fmax(roubles, -largestRoubles), largestRoubles) * 100.0);
 }
 
 QString amountText(Kopecks amount)

@@ -9,7 +9,8 @@
 /// An amount of money in whole kopecks.
 using Kopecks = qint64;
 
-/// The nearest whole kopecks of an amount in roubles, halves away from zero.
+/// The nearest whole kopecks of an amount in roubles, halves away from zero. An amount of more than a million million
+/// roubles, which only a damaged file or database holds, counts as that much.
 Kopecks kopecks(double roubles);
 
 /// As the cashier reads it: "1 234,50", thousands apart by a no-break space, always two decimals.

@@ -108,7 +108,7 @@ QSharedPointer<Receipt> DocumentArchive::tidyUp(const QSharedPointer<Receipt>& o
 {
     const bool finishedMeanwhile = open && isFinished(open->getNumber());
     if (finishedMeanwhile)
-        removeFile(open->fileName());
+        removeFile(SaveToFileLogic::currentReceiptFile);
     for (const int number : numbers(putAside))
         if (isFinished(number) || (open && number == open->getNumber()))
             removeFile(fileOf(putAside, number));
@@ -133,7 +133,9 @@ QSharedPointer<Receipt> DocumentArchive::read(const QString& place, int number) 
     const QString file = QDir(m_folder).filePath(fileOf(place, number));
     if (!QFileInfo::exists(file))
         return nullptr;
-    const SavedReceiptFile saved = SavedReceiptFile::read(file);
+    SavedReceiptFile saved = SavedReceiptFile::read(file);
+    if (saved.receipt && saved.receipt->fileName() != fileOf(place, number)) // it would be saved over another one
+        saved = {nullptr, QStringLiteral("it belongs in ") + saved.receipt->fileName()};
     if (!saved.receipt)
         log()->error(QStringLiteral("A saved document cannot be read: ") + file + QStringLiteral(": ") + saved.damage);
     return saved.receipt;

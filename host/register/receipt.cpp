@@ -54,7 +54,7 @@ AbstractDocument::Type readType(const QJsonObject& saved)
 QDateTime readTime(const QJsonObject& saved, const QString& name)
 {
     QDateTime time = QDateTime::fromString(savedmember::text(saved, name), Qt::ISODate);
-    if (!time.isValid())
+    if (!time.isValid() || time.date().year() > 9999) // 24:00 on the last day that can be written down
         savedmember::refuse(name);
     return time;
 }

@@ -9,6 +9,7 @@
 #include <log4qt/logmanager.h>
 
 #include <algorithm>
+#include <limits>
 
 ReceiptNumbers::ReceiptNumbers(const QString& folder)
     : m_file(QDir(folder).filePath(QStringLiteral("lastreceiptnumber")))
@@ -34,7 +35,8 @@ int ReceiptNumbers::last() const
     QFile file(m_file);
     if (!file.open(QIODevice::ReadOnly))
         return 0;
-    return std::max(0, file.readAll().trimmed().toInt());
+    const int number = file.readAll().trimmed().toInt();
+    return number > 0 && number < std::numeric_limits<int>::max() ? number : 0;
 }
 
 void ReceiptNumbers::setLast(int number)

@@ -35,7 +35,7 @@ double number(const QJsonObject& object, const QString& name)
 int positiveInteger(const QJsonObject& object, const QString& name)
 {
     const double value = number(object, name);
-    if (value < 1 || value > std::numeric_limits<int>::max() || value != std::floor(value))
+    if (value < 1 || value >= std::numeric_limits<int>::max() || value != std::floor(value))
         refuse(name);
     return static_cast<int>(value);
 }

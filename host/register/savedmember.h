@@ -12,7 +12,7 @@ namespace savedmember
 
 QString text(const QJsonObject& object, const QString& name);
 double number(const QJsonObject& object, const QString& name);
-/// A whole number of 1 or more.
+/// A whole number of 1 or more, after which one more can be counted.
 int positiveInteger(const QJsonObject& object, const QString& name);
 QJsonArray list(const QJsonObject& object, const QString& name);
 QJsonObject object(const QJsonObject& parent, const QString& name);

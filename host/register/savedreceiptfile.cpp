@@ -14,7 +14,7 @@ SavedReceiptFile SavedReceiptFile::read(const QString& file)
         return {nullptr, saved.errorString()};
     QJsonParseError error;
     const QJsonDocument json = QJsonDocument::fromJson(saved.readAll(), &error);
-    if (!json.isObject())
+    if (error.error != QJsonParseError::NoError)
         return {nullptr, error.errorString()};
     try {
         return {Receipt::fromJson(json.object()), {}};

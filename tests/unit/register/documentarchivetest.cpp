@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonDocument>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -164,6 +165,22 @@ TEST_F(DocumentArchiveTest, damagedFile_isLoggedAndPassedOver)
         << qPrintable(log.text());
     EXPECT_TRUE(log.text().contains(finishedFile)) << qPrintable(log.text());
     EXPECT_EQ(archive.greatestNumber(), 3) << "its number was given all the same";
+}
+
+TEST_F(DocumentArchiveTest, copyUnderAnotherNumber_isPassedOverAndNotSavedOverTheOriginal)
+{
+    saved(2, State::Closed);
+    ASSERT_TRUE(QFile::copy(folder.filePath(QStringLiteral("finished/00000002.json")), folder.filePath(finishedFile)));
+    EXPECT_FALSE(archive.find(3));
+    EXPECT_EQ(numbers(archive.latest(10)), QList<int>{2});
+}
+
+TEST_F(DocumentArchiveTest, finishedDocumentInTheOpenOnesFile_leavesTheFinishedOne)
+{
+    const auto receipt = saved(3, State::Closed);
+    write(openFile, QJsonDocument(receipt->toJson()).toJson());
+    EXPECT_FALSE(archive.tidyUp(receipt));
+    EXPECT_EQ(files(), QStringList{finishedFile});
 }
 
 TEST_F(DocumentArchiveTest, latest_areAllPutAsideAndSoManyFinishedTheLatestFirst)
