@@ -18,6 +18,13 @@ QString labelled(const QString& label, const QString& value)
     return label + QStringLiteral(": ") + value;
 }
 
+/// The first four places of a mark; a character that takes two is not cut in its middle.
+QString shortened(const QString& mark)
+{
+    const QString start = mark.left(4);
+    return start.size() < mark.size() && start.back().isHighSurrogate() ? start.chopped(1) : start;
+}
+
 /// What a paid share leaves of the price, such as "33,33 %"; empty when it leaves nothing.
 QString discountText(double paidShare)
 {
@@ -99,7 +106,7 @@ QString PositionMarks::documentText(const AbstractDocument& document) const
 PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
 {
     Mark mark{entry.value(QLatin1String("tag")).toString(),
-              entry.value(QLatin1String("mark")).toString().left(4),
+              shortened(entry.value(QLatin1String("mark")).toString()),
               entry.value(QLatin1String("description")).toString(),
               {},
               {}};
