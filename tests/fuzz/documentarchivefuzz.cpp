@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+// The data folder with one file of unknown contents in each place: the documents around it stay in reach.
+
+#include "fuzztarget.h"
+
+#include "config.h"
+#include "dialog.h"
+#include "documentarchive.h"
+#include "receiptnumbers.h"
+#include "receiptstore.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int soundNumber = 1;
+constexpr int otherNumber = 2;
+
+class Silent : public Dialog
+{
+public:
+    void showMessage(const tr::Tr&, int, int, int) override {}
+};
+
+QByteArray contentOf(const QString& file)
+{
+    QFile read(file);
+    return read.open(QIODevice::ReadOnly) ? read.readAll() : QByteArray();
+}
+
+void put(const QString& file, const QByteArray& bytes)
+{
+    QFile written(file);
+    promise(written.open(QIODevice::WriteOnly) && written.write(bytes) == bytes.size(), "the file can be written");
+}
+
+QByteArray soundSale()
+{
+    Receipt sale(soundNumber, QDateTime(QDate(2026, 3, 1), QTime(9, 0)));
+    sale.add({.name = QStringLiteral("Йод"), .price = 1.5, .quantity = 2}, {});
+    sale.setEnding({Receipt::State::Closed, QDateTime(QDate(2026, 3, 1), QTime(9, 5)), {}, 300});
+    return QJsonDocument(sale.toJson()).toJson();
+}
+
+/// Whether a document can be gone on with, in the archive or as the open one.
+bool isThere(const DocumentArchive& archive, const QSharedPointer<Receipt>& open, int number)
+{
+    return archive.find(number) || (open && open->getNumber() == number);
+}
+
+bool holds(const QList<QSharedPointer<Receipt>>& documents, int number)
+{
+    return std::any_of(documents.cbegin(), documents.cend(),
+                       [number](const auto& document) { return document->getNumber() == number; });
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static const QTemporaryDir folder;
+    static const QByteArray sound = soundSale();
+    const QString finishedSound = folder.filePath(QStringLiteral("finished/00000001.json"));
+    const QString finished = folder.filePath(QStringLiteral("finished/00000002.json"));
+    const QString putAside = folder.filePath(QStringLiteral("putaside/00000002.json"));
+    MockFactory<Dialog>::mocked = [] { return QSharedPointer<Dialog>(new Silent); };
+    Singleton<Config>::get()->setForThisRun(QStringLiteral("Register:data"), folder.path());
+
+    QDir(folder.path()).removeRecursively();
+    QDir(folder.path()).mkpath(QStringLiteral("finished"));
+    QDir(folder.path()).mkpath(QStringLiteral("putaside"));
+    const QByteArray bytes = bytesOf(data, size);
+    put(finishedSound, sound);
+    put(finished, bytes);
+    put(putAside, bytes);
+    put(folder.filePath(QStringLiteral("receipt.json")), bytes);
+    put(folder.filePath(QStringLiteral("lastreceiptnumber")), bytes);
+
+    const DocumentArchive archive(folder.path());
+    promise(holds(archive.latest(10), soundNumber), "a sound document is listed beside any other");
+    promise(archive.greatestNumber() == otherNumber, "a damaged document keeps its number");
+    ReceiptNumbers numbers(folder.path());
+    numbers.pass(archive.greatestNumber());
+    promise(numbers.next() > otherNumber, "a new document never gets the number of another");
+
+    const ReceiptStore::Loaded open = ReceiptStore(folder.path()).load();
+    promise(open.receipt || contentOf(open.setAside) == bytes, "a damaged receipt is set aside as it is");
+    const bool wasThere = isThere(archive, open.receipt, otherNumber);
+    const auto stillOpen = archive.tidyUp(open.receipt);
+    promise(isThere(archive, stillOpen, soundNumber), "tidying up leaves a sound document");
+    promise(!wasThere || isThere(archive, stillOpen, otherNumber), "tidying up leaves a readable copy");
+    promise(wasThere || (contentOf(finished) == bytes && contentOf(putAside) == bytes),
+            "tidying up leaves what is damaged as it is");
+
+    archive.isTakenBack(*archive.find(soundNumber), stillOpen);
+    if (const auto document = archive.find(otherNumber))
+        promise(archive.save(document), "a document that was read can be saved");
+    promise(contentOf(finishedSound) == sound, "a sound document stays as it is");
+    return 0;
+}

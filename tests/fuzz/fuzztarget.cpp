@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "fuzztarget.h"
+
+#include "config.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstdlib>
+
+int LLVMFuzzerInitialize(int* argc, char*** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "*=false");
+    // Lives as long as the process: a fuzzer ends without coming back.
+    static auto* const application = new QApplication(*argc, *argv);
+    Q_UNUSED(application)
+    Singleton<Config>::get()->setForThisRun(QStringLiteral("Logging:properties"), QStringLiteral(SILENT_LOGGING));
+    return 0;
+}
+
+void promise(bool isKept, const char* words)
+{
+    if (isKept)
+        return;
+    std::fprintf(stderr, "Not kept: %s\n", words);
+    std::abort();
+}

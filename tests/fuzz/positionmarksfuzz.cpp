@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+// A plug-in's positionmarks.json, and the positions and documents that it has a word for.
+
+#include "fuzztarget.h"
+
+#include "abstractdocument.h"
+#include "positionmarks.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+
+#include <algorithm>
+
+namespace
+{
+
+class Document : public AbstractDocument
+{
+public:
+    int getType() const override { return Sale; }
+    QList<QSharedPointer<GoodsItem>> getPositions() const override { return {}; }
+};
+
+bool isEmpty(const PositionMarks::Look& look)
+{
+    return look.mark.isEmpty() && look.description.isEmpty() && look.state.isEmpty() && look.receiptLines.isEmpty();
+}
+
+QString fileWith(const QByteArray& bytes)
+{
+    static const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("positionmarks.json")));
+    promise(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(), "the file can be written");
+    return file.fileName();
+}
+
+/// A position with the tag of the file's entry, and its options filled with the file itself.
+void lookAtMarked(const PositionMarks& marks, const QJsonObject& entry, const QByteArray& options)
+{
+    GoodsItem position;
+    position.setTag(entry.value(QStringLiteral("tag")).toString());
+    position.setExtendedOptions(QString::fromUtf8(options));
+    const PositionMarks::Look look = marks.look(position);
+    promise(look.mark.size() <= 4, "a mark is short");
+    promise(look.mark.isValidUtf16() || !entry.value(QStringLiteral("mark")).toString().isValidUtf16(),
+            "a mark is cut between characters");
+    promise(look.state.isEmpty() || !position.getTags().first().isEmpty(), "only a marked position has a state");
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const QByteArray bytes = bytesOf(data, size);
+    PositionMarks marks;
+    marks.load(fileWith(bytes));
+
+    GoodsItem plain;
+    plain.setExtendedOptions(QString::fromUtf8(bytes));
+    promise(isEmpty(marks.look(plain)), "a position without a tag has no look of its own");
+
+    const QJsonObject root = QJsonDocument::fromJson(bytes).object();
+    for (const auto entry : root.value(QStringLiteral("positions")).toArray())
+        lookAtMarked(marks, entry.toObject(), bytes);
+
+    Document document;
+    promise(marks.documentText(document).isEmpty(), "nothing is told of a document on which nothing is stored");
+    const QJsonArray lines = root.value(QStringLiteral("document")).toArray();
+    for (const auto line : lines)
+        document.setPluginValue(line[QStringLiteral("plugin")].toString(), line[QStringLiteral("key")].toString(),
+                                QStringLiteral("1100"));
+    promise(marks.documentText(document).count(QStringLiteral("1100")) >= lines.size(),
+            "each line of the document is told");
+    return 0;
+}

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// A saved document, from the bytes of its file to its sums, and back into a file.
+
+#include "fuzztarget.h"
+
+#include "savedreceiptfile.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+
+namespace
+{
+
+SavedReceiptFile read(const QByteArray& bytes)
+{
+    static const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("receipt.json")));
+    promise(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(), "the file can be written");
+    file.close();
+    return SavedReceiptFile::read(file.fileName());
+}
+
+QByteArray saved(const Receipt& receipt)
+{
+    return QJsonDocument(receipt.toJson()).toJson();
+}
+
+/// What the cashier does next with a receipt that was taken up: an accepted one is fit for work.
+void workOn(Receipt& receipt)
+{
+    const Kopecks before = receipt.getSum();
+    const auto position = receipt.add({.name = QStringLiteral("Йод"), .price = 1.5, .quantity = 2}, {});
+    promise(receipt.position(position->getNumber()) == position, "a new position has a number of its own");
+    promise(receipt.getSum() == before + 300, "a new position adds its price to the sum");
+    receipt.remove(position->getNumber());
+    promise(receipt.getSum() == before, "a removed position takes its price with it");
+    promise(receipt.isCancelling() || receipt.getChange() == receipt.getReceived() - before, "the change is the rest");
+
+    const auto takeBack = Receipt::cancelling(receipt, 7, receipt.getOpened());
+    promise(takeBack->getSum() == before, "a cancelling document takes back the whole sum");
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const SavedReceiptFile file = read(bytesOf(data, size));
+    promise(!file.receipt == !file.damage.isEmpty(), "a document is read, or it is told what is wrong");
+    promise(file.damage != QStringLiteral("no error occurred"), "what is wrong is not nothing");
+    if (!file.receipt)
+        return 0;
+    const QByteArray once = saved(*file.receipt);
+    const SavedReceiptFile again = read(once);
+    promise(bool(again.receipt), "what was accepted is saved so that it is accepted again");
+    promise(saved(*again.receipt) == once, "what was accepted is saved and read back equal");
+    promise(again.receipt->getSum() == file.receipt->getSum(), "the sum stays the same");
+    promise(again.receipt->getReceived() == file.receipt->getReceived(), "the cash received stays the same");
+    workOn(*file.receipt);
+    return 0;
+}

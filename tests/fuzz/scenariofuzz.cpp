@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// A scenario's file and its steps.
+
+#include "fuzztarget.h"
+
+#include "scenario.h"
+
+namespace
+{
+
+bool isSame(const ScenarioStep& one, const ScenarioStep& other)
+{
+    return one.kind == other.kind && one.target == other.target && one.text == other.text && one.value == other.value &&
+           one.times == other.times && one.seconds == other.seconds && one.source == other.source;
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const ScenarioFile scenario = ScenarioFile::parse(bytesOf(data, size));
+    promise(scenario.error.isEmpty() || scenario.steps.isEmpty(), "a scenario is played whole or not at all");
+    promise(scenario.error != QStringLiteral("no error occurred"), "it is told what is wrong");
+    for (const ScenarioStep& step : scenario.steps) {
+        const ScenarioFile alone = ScenarioFile::parse("{\"steps\": [" + step.source.toUtf8() + "]}");
+        promise(alone.steps.size() == 1 && isSame(alone.steps.first(), step),
+                "a step is told as it stands in the file");
+    }
+    return 0;
+}
