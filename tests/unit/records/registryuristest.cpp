@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "registryuris.h"
 
+#include <QFile>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -38,6 +39,17 @@ INSTANTIATE_TEST_SUITE_P(
         Uri{"services", &registryuris::services, VALUE_SET_HOST, "/fhir/vs/service-uscls"},
         Uri{"dosageDictionary", &registryuris::dosageDictionary, DOSAGE_DICTIONARY_HOST, "/Справочник.Дозировка"}),
     [](const auto& row) { return std::string(row.param.name); });
+
+// A build may name hosts of its own, so the ones that hold without are read where they are declared.
+TEST(RegistryHosts, defaults_areThese)
+{
+    QFile declarations(REGISTRY_URIS_CMAKE);
+    ASSERT_TRUE(declarations.open(QIODevice::ReadOnly));
+    const QByteArray text = declarations.readAll();
+    EXPECT_TRUE(text.contains(R"(set(REGISTRY_STRUCTURE_HOST "fhir.registry.example" CACHE)"));
+    EXPECT_TRUE(text.contains(R"(set(VALUE_SET_HOST "hl7.org" CACHE)"));
+    EXPECT_TRUE(text.contains(R"(set(DOSAGE_DICTIONARY_HOST "dictionary.registry.example" CACHE)"));
+}
 
 TEST(CurrencyUri, currencies_isAUrn)
 {
