@@ -61,7 +61,8 @@ void ElectronicPrescriptionService::fillDictionaryName(const QSharedPointer<Elec
         return;
 
     QSqlQuery query(Singleton<ConnectionFactory>::get()->getConnection(QString(), QString()));
-    // Dictionary codes are numbers, compared as such whatever the column's type; the connection cannot write.
+    // Dictionary codes are numbers and stand in the statement as such. A column of text is compared with the number's
+    // digits, so a code kept there with leading zeros is not found. The connection cannot write.
     const QString statement = QStringLiteral("SELECT dictname FROM medicine WHERE dictcode = ") +
                               prescription->getDictCode() + QStringLiteral(" LIMIT 1");
     if (!query.prepare(statement)) {

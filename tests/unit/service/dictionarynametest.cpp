@@ -63,12 +63,22 @@ TEST_F(DictionaryName, knownCode_givesTheName)
     EXPECT_EQ(nameFor("12"), "Аспирин");
 }
 
-TEST_F(DictionaryName, codeColumnOfText_isComparedAsANumber)
+TEST_F(DictionaryName, codeColumnOfText_holdsCodesWithoutLeadingZeros)
 {
-    execute({"CREATE TABLE medicine (dictcode NUMERIC, dictname TEXT)",
-             "INSERT INTO medicine VALUES ('123', 'Парацетамол')"});
+    execute({"CREATE TABLE medicine (dictcode TEXT PRIMARY KEY, dictname TEXT NOT NULL)",
+             "INSERT INTO medicine VALUES ('123', 'Парацетамол'), ('0124', 'Аспирин')"});
 
     EXPECT_EQ(nameFor("123"), "Парацетамол");
+    EXPECT_EQ(nameFor("0123"), "Парацетамол");
+    EXPECT_EQ(nameFor("124"), "");
+    EXPECT_EQ(nameFor("0124"), "") << "a number has no leading zero";
+}
+
+TEST_F(DictionaryName, codeColumnOfNumbers_isComparedByValue)
+{
+    createDictionary();
+
+    EXPECT_EQ(nameFor("0123"), "Парацетамол таб. 500 мг");
 }
 
 TEST_F(DictionaryName, unknownCode_givesTheEmptyName)
@@ -130,7 +140,7 @@ TEST_F(DictionaryName, chosenPrescription_isLookedUpBeforeItsDetails)
 
     service.processElectronicPrescriptions("77", "active", {prescription});
 
-    EXPECT_EQ(prescription->getDictName(), "Парацетамол таб. 500 мг");
+    EXPECT_EQ(shownDictionaryNames, QStringList{"Парацетамол таб. 500 мг"});
 }
 
 } // namespace

@@ -76,6 +76,15 @@ TEST_F(LookUp, secondLookUpUnderTheStatus_replacesTheEntryWhole)
     EXPECT_EQ(service.prescriptionCache.keys(), (QStringList{"Active", "active"}));
 }
 
+TEST_F(LookUp, listHoldsPrescriptions_othersAreAppended)
+{
+    Prescriptions prescriptions{prescriptionWithId("y"), prescriptionWithId("z")};
+
+    service.getElectronicPrescriptionsByCardNumber("77", "active", prescriptions);
+
+    EXPECT_EQ(ids(prescriptions), (QStringList{"y", "z", "a", "b"}));
+}
+
 TEST_F(LookUp, oneBundle_isOnePrescriptionWhateverItHolds)
 {
     registry->bundles = {bundleOf({QJsonObject{{"resourceType", "Provenance"}}}),
@@ -180,6 +189,30 @@ TEST_F(FailedLookUp, registryFails_isAnErrorAfterTheStopEvent)
     EXPECT_EQ(journal, (QStringList{start, "by card 77 active", "stop", "message 1/1/0 aKey"}));
     EXPECT_EQ(messages, QList<tr::Tr>{tr::Tr("aKey", "Отказ")});
     expectFormerCaches();
+}
+
+TEST_F(FailedLookUp, listHoldsPrescriptions_itStaysAsItWas)
+{
+    const std::function<void()> failures[] = {
+        [] {
+            throw ElectronicPrescriptionNoPrescriptionsException({"aKey", "Нет рецептов"});
+        },
+        [] {
+            throw ElectronicPrescriptionException({"aKey", "Отказ"});
+        },
+        [] {
+            throw BasicException({"aKey", "Сбой"});
+        },
+    };
+    for (const auto& failure : failures) {
+        registry->beforeAnswer = failure;
+        Prescriptions prescriptions{prescriptionWithId("y")};
+        try {
+            service.getElectronicPrescriptionsByCardNumber("77", "active", prescriptions);
+        } catch (const BasicException&) {
+        }
+        EXPECT_EQ(ids(prescriptions), QStringList{"y"});
+    }
 }
 
 TEST_F(FailedLookUp, otherException_goesThroughAfterTheStopEvent)

@@ -125,6 +125,9 @@ public:
     core::BasicDialog::Result showElectronicPrescription(const ElectronicPrescriptionParams& params) override
     {
         m_test.shownDetails << params;
+        QSharedPointer<ElectronicPrescription> prescription;
+        params.getElectronicPrescription(prescription);
+        m_test.shownDictionaryNames << prescription->getDictName();
         m_test.journal << "details";
         if (!m_test.cashier.details.isEmpty())
             return m_test.cashier.details.takeFirst();

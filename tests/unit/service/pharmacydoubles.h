@@ -151,6 +151,7 @@ protected:
     QList<QJsonObject> savedContents; ///< of the documents, as they were when they were saved
     QList<ElectronicPrescriptionChoiceParams> shownLists;
     QList<ElectronicPrescriptionParams> shownDetails;
+    QStringList shownDictionaryNames; ///< of the prescriptions whose details were shown, as they were then
     QList<ElectronicPrescriptionConfirmDispenseParams> shownConfirmations;
     QList<QSharedPointer<AbstractDocument>> recalculated;
     QList<QList<double>> recalculatedPrices; ///< of all positions, as they were when the document was recalculated

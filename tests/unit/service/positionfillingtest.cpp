@@ -172,6 +172,7 @@ const PriceRow priceRows[] = {
     // In doubles 1.0 - 0.995 is 0.0050000000000000044, just above what counts as nothing.
     {"atTheThresholdInDoubles", 0.995, 10.01, 0.0, 9.96},
     {"negativePrice", 0.5, -10.01, 0.0, -5.01},
+    {"negativePriceWithNegligibleMinimum", 0.5, -10.01, 0.004, -5.01},
     {"negativeFactor", -0.1, 10.0, 0.0, -1.0},
     {"thirds", 1.0 / 3, 10.0, 0.0, 3.33},
 };

@@ -4,6 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cxxabi.h>
+
+#include <type_traits>
+#include <typeinfo>
+
 namespace
 {
 
@@ -61,6 +66,28 @@ TEST(ServiceSlots, otherMembers_areNotVirtual)
     EXPECT_EQ(virtualSlot(&Service::getPatientOrPractitionerName), -1);
     EXPECT_EQ(virtualSlot(&Service::fillElectronicPrescriptionDataForPosition), -1);
     EXPECT_EQ(virtualSlot(&Service::setPriceForPosition), -1);
+}
+
+/// Does not compile when the base is closed to derived classes, too.
+struct Derived : Service {
+    const DocumentWatcher& documentWatcher() const { return *this; }
+};
+
+// The watcher is empty and has no place of its own in the object, so its rank is read from the class's description
+// (Itanium C++ ABI, 2.9.5).
+TEST(ServiceBases, documentWatcher_isTheThirdAndOpenToDerivedClassesOnly)
+{
+    const auto* service = dynamic_cast<const abi::__vmi_class_type_info*>(&typeid(Service));
+    ASSERT_NE(service, nullptr);
+    ASSERT_EQ(service->__base_count, 3U);
+    const std::type_info* const bases[] = {&typeid(BaseActivityListener), &typeid(BasicPlugin),
+                                           &typeid(DocumentWatcher)};
+    for (int rank = 0; rank < 3; ++rank)
+        EXPECT_EQ(*service->__base_info[rank].__base_type, *bases[rank]) << rank;
+
+    static_assert(std::is_convertible_v<Service*, BaseActivityListener*>);
+    static_assert(std::is_convertible_v<Service*, BasicPlugin*>);
+    static_assert(!std::is_convertible_v<Service*, DocumentWatcher*>);
 }
 
 } // namespace
