@@ -7,6 +7,7 @@
 #include "electronicprescriptionchoicemodel.h"
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
+#include "otherdefaultcontext.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
@@ -64,6 +65,31 @@ protected:
     }
 
     Prescriptions prescriptions;
+};
+
+/// The widgets that left their parents while it lives, in order, of those that are named.
+class RemovedWidgets : public QObject
+{
+public:
+    explicit RemovedWidgets(const QStringList& watched)
+        : m_watched(watched)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    QStringList names;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::ChildRemoved)
+            if (const QString name = static_cast<QChildEvent*>(event)->child()->objectName(); m_watched.contains(name))
+                names << name;
+        return false;
+    }
+
+private:
+    const QStringList m_watched;
 };
 
 class ChoiceFormTexts : public ChoiceForm, public ::testing::WithParamInterface<std::pair<const char*, const char*>>
@@ -149,6 +175,7 @@ TEST_F(ChoiceForm, layoutFileMissing_constructorThrows)
 
 TEST_F(ChoiceForm, built_standsInTheDialogsContext)
 {
+    const OtherDefaultContext idle(EContext::Idle);
     EXPECT_EQ(ElectronicPrescriptionChoiceForm(params(), nullptr).contextCode(), 15);
 }
 
@@ -160,6 +187,15 @@ TEST_F(ChoiceForm, noTouchMode_touchWidgetsAreDeletedAndTheButtonsStay)
         EXPECT_EQ(form.rootWidget()->findChild<QWidget*>(name), nullptr) << name;
     EXPECT_NE(widget<QPushButton>(form, "okButton"), nullptr);
     EXPECT_NE(widget<QPushButton>(form, "cancelButton"), nullptr);
+}
+
+TEST_F(ChoiceForm, noTouchMode_touchWidgetsAreDeletedInThisOrder)
+{
+    const QStringList touchWidgets{"talloKeyboard", "scrollButtonsNavigationBar", "scrollButtonsNavigationBarSeparator",
+                                   "horizontalLine", "navigationBar"};
+    const RemovedWidgets removed(touchWidgets);
+    const ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    EXPECT_EQ(removed.names, touchWidgets);
 }
 
 TEST_F(ChoiceForm, touchMode_touchWidgetsStay)
@@ -461,6 +497,18 @@ TEST_F(ChoiceForm, reopenedAfterRowAndFilter_filterIsAppliedAndItsFirstRowCurren
     EXPECT_EQ(filter(form)->text(), "инсулин");
     EXPECT_EQ(shownNames(form), (QStringList{"Инсулин гларгин", "Инсулин аспарт"}));
     EXPECT_EQ(table(form)->currentIndex().row(), 0);
+}
+
+TEST_F(ChoiceForm, reopenedWithoutAFilterField_savedFilterIsAppliedAndItsFirstRowCurrent)
+{
+    chooseAndDrop("инсулин", 1);
+    loseWidget(layout, "medicineNameLineEdit");
+    ElectronicPrescriptionChoiceForm form(params(true), nullptr);
+    open(form);
+    EXPECT_EQ(shownNames(form), (QStringList{"Инсулин гларгин", "Инсулин аспарт"}));
+    EXPECT_EQ(table(form)->currentIndex().row(), 0);
+    form.onOk();
+    EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(1)));
 }
 
 TEST_F(ChoiceForm, reopenedWithoutUseLast_filterAndRowAreForgotten)

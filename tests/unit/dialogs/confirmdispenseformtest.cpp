@@ -3,6 +3,7 @@
 
 #include "dialogeventfilter.h"
 #include "dialogforms.h"
+#include "otherdefaultcontext.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -102,6 +103,7 @@ INSTANTIATE_TEST_SUITE_P(, ConfirmDispenseFormRequiredWidgets,
 
 TEST_F(ConfirmDispenseForm, built_standsInTheDialogsContextAndIsADialogForm)
 {
+    const OtherDefaultContext idle(EContext::Idle);
     const ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
     EXPECT_EQ(form.contextCode(), 15);
     EXPECT_NE(qobject_cast<const BasicDialogForm*>(&form), nullptr);

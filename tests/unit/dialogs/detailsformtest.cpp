@@ -4,6 +4,7 @@
 #include "currenttime.h"
 #include "dialogeventfilter.h"
 #include "dialogforms.h"
+#include "otherdefaultcontext.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -185,6 +186,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(DetailsForm, built_standsInTheDialogsContext)
 {
+    const OtherDefaultContext idle(EContext::Idle);
     EXPECT_EQ(ElectronicPrescriptionForm(params({}), nullptr).contextCode(), 15);
 }
 
