@@ -57,8 +57,7 @@ void Pharmacy::SetUp()
     m_register.setChildProcessModifier(meetTheDiskAsAnybody);
 
     configure(QStringLiteral("plugins:pharmacy"), QStringLiteral("true"));
-    configure(QStringLiteral("ElectronicPrescription:requestsUrl"), registry.url());
-    configure(QStringLiteral("ElectronicPrescription:authorizationUrl"), registry.url());
+    configureRegistry();
     configure(QStringLiteral("ElectronicPrescription:clientId"), QStringLiteral("pharmacy-17"));
     configure(QStringLiteral("ElectronicPrescription:clientSecret"), QStringLiteral("secret&17"));
     configure(QStringLiteral("ElectronicPrescription:scope"), QStringLiteral("dispense"));
@@ -84,6 +83,31 @@ void Pharmacy::TearDown()
 void Pharmacy::configure(const QString& key, const QString& value)
 {
     m_configuration.insert(key, value);
+}
+
+void Pharmacy::configureRegistry()
+{
+    configure(QStringLiteral("ElectronicPrescription:requestsUrl"), registry.url());
+    configure(QStringLiteral("ElectronicPrescription:authorizationUrl"), registry.url());
+}
+
+void Pharmacy::restartRegistry(const QStringList& options)
+{
+    registry.stop();
+    registry.start(options);
+    configureRegistry();
+}
+
+void Pharmacy::loseWidget(const QString& layout, const QString& widget)
+{
+    const QByteArray original = contentOf(QStringLiteral(PLUGIN_FOLDER "/electronicprescription/") + layout);
+    QByteArray changed = original;
+    changed.replace("name=\"" + widget.toUtf8() + '"', "name=\"renamed\"");
+    ASSERT_NE(changed, original) << qPrintable(layout) << " has no " << qPrintable(widget);
+    const QDir folder(m_folder.filePath(QStringLiteral("layouts")));
+    ASSERT_TRUE(folder.mkpath(QStringLiteral(".")));
+    write(folder.filePath(layout), changed);
+    configure(QStringLiteral("GUI:layouts"), folder.path());
 }
 
 void Pharmacy::leaveOpen(const QString& receipt)

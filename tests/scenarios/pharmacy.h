@@ -36,6 +36,10 @@ protected:
 
     /// Sets a key of the configuration ("section:key") for the register's next start.
     void configure(const QString& key, const QString& value);
+    /// Puts a copy of one of the plug-in's layouts before its own; in it `widget` has another name.
+    void loseWidget(const QString& layout, const QString& widget);
+    /// Lets the registry begin again, at the URL that it has then.
+    void restartRegistry(const QStringList& options);
     /// Lays a saved receipt of this folder into the data folder, as if the register had ended with it open.
     void leaveOpen(const QString& receipt);
 
@@ -85,6 +89,7 @@ protected:
     QStringList standingDispenses();
 
 private:
+    void configureRegistry();
     void writeConfiguration(const QString& file) const;
     void launch(const QString& scenario, const QStringList& options);
     void launchSteps(const QByteArrayList& steps, const QStringList& options);

@@ -27,12 +27,14 @@ RegistryProcess::~RegistryProcess()
     stop();
 }
 
-void RegistryProcess::start()
+void RegistryProcess::start(const QStringList& options)
 {
+    m_url.clear();
+    m_adminUrl.clear();
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.start(QStringLiteral(EMULATOR_PROGRAM),
-                    {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--admin-port"), QStringLiteral("0"),
-                     QStringLiteral("--seed"), QStringLiteral(DEMO_SEED)});
+                    options + QStringList{QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--admin-port"),
+                                          QStringLiteral("0"), QStringLiteral("--seed"), QStringLiteral(DEMO_SEED)});
     ASSERT_TRUE(m_process.waitForStarted(patience)) << qPrintable(m_process.errorString());
 
     static const QRegularExpression line(QStringLiteral("^(registry|admin) (\\S+)$"),

@@ -16,7 +16,7 @@ public:
     ~RegistryProcess();
 
     /// Starts it with the demo's patients, on free ports.
-    void start();
+    void start(const QStringList& options = {});
     void stop();
     QString url() const { return m_url; }
 

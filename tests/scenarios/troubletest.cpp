@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "cashiersteps.h"
 #include "pharmacy.h"
+#include "serveridentity.h"
 
 #include <QDir>
 #include <QFile>
@@ -82,6 +84,41 @@ TEST_F(PharmacyTrouble, layoutMissing_isToldByNameAndTheRegisterGoesOn)
     EXPECT_TRUE(outcome.output.contains("electronicprescriptionchoice.ui")) << qPrintable(outcome.output);
 }
 
+TEST_F(PharmacyTrouble, certificateOfAnUnknownAuthority_isToldAndNothingIsAsked)
+{
+    const TestAuthority unknown;
+    const ServerIdentity identity(unknown);
+    restartRegistry({"--tls-certificate", identity.certificateFile(), "--tls-key", identity.keyFile()});
+
+    const Outcome outcome = play("trouble-told.json");
+    EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
+    EXPECT_TRUE(outcome.output.contains("Сертификат сервера 127.0.0.1 не прошёл проверку"))
+        << qPrintable(outcome.output);
+    EXPECT_TRUE(savedPositions().isEmpty());
+    EXPECT_TRUE(registry.journal().isEmpty());
+}
+
+TEST_F(PharmacyTrouble, certificateOfAKnownAuthority_cardIsServed)
+{
+    const TestAuthority known;
+    const ServerIdentity identity(known);
+    restartRegistry({"--tls-certificate", identity.certificateFile(), "--tls-key", identity.keyFile()});
+    configure("RestClient:caFile", known.certificateFile());
+
+    expectHeld(play("served-by-keyboard.json"));
+    EXPECT_EQ(savedPositions().size(), 1);
+}
+
+TEST_F(PharmacyTrouble, unknownCard_isToldInTheRegistrysWordsAndAnotherIsAskedFor)
+{
+    expectHeld(playSteps({R"({"key": "F2"}, {"key": "F5"}, {"wait": "inputLineEdit"}, {"type": "9999"},
+                              {"key": "Return"}, {"wait": "messageForm"},
+                              {"expect": "Карта не найдена в реестре", "in": "messageLabel"}, {"key": "Return"},
+                              {"visible": false, "in": "messageForm"}, {"visible": false, "in": "busyScreen"},
+                              {"receipt": {"positions": []}}, {"key": "F5"}, {"wait": "inputLineEdit"})"}));
+    EXPECT_EQ(registry.requestsTo("by-card"), 1);
+}
+
 TEST_F(PharmacyTrouble, timeoutIsNoNumber_registerRunsWithTheDefault)
 {
     configure("ElectronicPrescription:timeout", "soon");
@@ -98,3 +135,49 @@ TEST_F(PharmacyTrouble, goodsDatabaseWithoutItsTables_isToldAndNothingIsServed)
     expectHeld(play("goods-database-without-tables.json"));
     EXPECT_TRUE(savedPositions().isEmpty());
 }
+
+/// A widget that a layout lacks, and how the cashier comes to that form from the list of prescriptions.
+struct LostWidget {
+    const char* name;
+    const char* layout;
+    const char* widget;
+    QByteArrayList way;
+
+    friend std::ostream& operator<<(std::ostream& stream, const LostWidget& lost) { return stream << lost.name; }
+};
+
+const QByteArray entersTheCard = R"({"key": "F5"}, {"wait": "inputLineEdit"}, {"type": "1100000000000001"},
+                                    {"key": "Return"})";
+const QByteArray choosesTheFirst = R"({"wait": "electronicPrescriptionsTableView"}, {"key": "Return"})";
+const QByteArray choosesGoods = R"({"wait": "chooseButton"}, {"key": "Return"}, {"wait": "goodsTable"},
+                                   {"key": "Return"}, {"wait": "inputLineEdit"}, {"type": "2"}, {"key": "Return"})";
+
+class LayoutTrouble : public Pharmacy, public ::testing::WithParamInterface<LostWidget>
+{
+};
+
+TEST_P(LayoutTrouble, widgetLost_isToldByNameAndTheCommandEndsWithTheReceiptAsItWas)
+{
+    const LostWidget& lost = GetParam();
+    loseWidget(lost.layout, lost.widget);
+
+    const QByteArray told = QByteArray(R"({"wait": "messageForm"}, {"contains": "Не найден виджет )") + lost.widget +
+                            R"(", "in": "messageLabel"}, {"key": "Return"}, {"visible": false, "in": "messageForm"},
+                               {"visible": false, "in": "busyScreen"})";
+    const QByteArray unharmed = R"({"receipt": {"positions": [{"tags": []}]}})";
+    const QByteArrayList sellsByHand{R"({"key": "F2"}, {"scan": "2990000000019"})", unharmed};
+    expectHeld(playSteps(sellsByHand + QByteArrayList{entersTheCard} + lost.way +
+                         QByteArrayList{told, unharmed, R"({"key": "F5"}, {"wait": "inputLineEdit"})"}));
+    EXPECT_EQ(savedPositions().size(), 1);
+    EXPECT_EQ(registry.dispenses().size(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Layout, LayoutTrouble,
+    ::testing::Values(LostWidget{"list", "electronicprescriptionchoice.ui", "electronicPrescriptionsTableView", {}},
+                      LostWidget{"details", "electronicprescription.ui", "chooseButton", {choosesTheFirst}},
+                      LostWidget{"confirmation",
+                                 "electronicprescriptionconfirmdispense.ui",
+                                 "partDispenseButton",
+                                 {choosesTheFirst, choosesGoods}}),
+    [](const auto& lost) { return std::string(lost.param.name); });
