@@ -66,6 +66,22 @@ TEST_F(MenuTest, withoutAReceipt_whatNeedsOneSaysSo)
     });
 }
 
+TEST_F(MenuTest, shown_everyControlHasAnAccessibleNameThatSaysWhatItShows)
+{
+    openWindow();
+    inMenu([](QWidget& menu) {
+        const auto buttons = menu.findChildren<QPushButton*>();
+        EXPECT_EQ(buttons.size(), 6) << "five entries and the way back";
+        for (const auto* button : buttons) {
+            EXPECT_FALSE(button->accessibleName().isEmpty()) << button->objectName().toStdString();
+            EXPECT_EQ(button->accessibleName(), button->text());
+        }
+        EXPECT_EQ(entry(menu, "putAsideEntry")->accessibleName(), "1. Отложить чек — чек не открыт");
+        EXPECT_EQ(entry(menu, "cancelButton")->accessibleName(), "Назад");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    });
+}
+
 TEST_F(MenuTest, withAReceipt_nothingIsTakenBack)
 {
     sale->add(article(amoxidar));

@@ -54,6 +54,21 @@ TEST_F(QuestionFormTest, shown_saysWhatIsAskedAndStandsOnNo)
     });
 }
 
+TEST_F(QuestionFormTest, shown_everyControlHasAnAccessibleNameAndTheButtonsSayWhatIsAsked)
+{
+    ask([](QWidget& root) {
+        EXPECT_EQ(button(root, "yesButton")->accessibleName(), QStringLiteral("Отменить чек"));
+        EXPECT_EQ(button(root, "noButton")->accessibleName(), QStringLiteral("Нет"));
+        for (const char* name : {"yesButton", "noButton"})
+            EXPECT_EQ(button(root, name)->accessibleDescription(), QStringLiteral("Отменить чек № 7?")) << name;
+        EXPECT_EQ(root.findChild<QScrollArea*>(QStringLiteral("messageScrollArea"))->accessibleName(),
+                  QStringLiteral("Отменить чек № 7?"));
+        EXPECT_EQ(root.findChild<QLabel*>(QStringLiteral("iconLabel"))->accessibleName(),
+                  QStringLiteral("Отмена чека"));
+        press(Qt::Key_Escape);
+    });
+}
+
 TEST_F(QuestionFormTest, returnPressed_isNo)
 {
     EXPECT_FALSE(ask([](QWidget&) { press(Qt::Key_Return); }));
