@@ -2,11 +2,13 @@
 #include "registerstyle.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
+#include "tallotableview.h"
 #include "uitest.h"
 
 #include <QLabel>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollArea>
 
 namespace
 {
@@ -114,23 +116,35 @@ TEST_F(RegisterStyleTest, focusedControls_lookDifferent)
     QWidget window;
     QPushButton plain("Отмена", &window);
     QPushButton primary("ОК", &window);
+    QPushButton idle("Выбрать", &window);
+    QPushButton idlePrimary("Продать", &window);
     TalloLineEdit edit(&window);
+    TalloTableView table(&window);
+    QScrollArea area(&window);
     QPushButton elsewhere(&window);
     primary.setProperty("primary", true);
-    plain.setGeometry(0, 0, 120, 40);
-    primary.setGeometry(0, 50, 120, 40);
-    edit.setGeometry(0, 100, 120, 40);
-    elsewhere.setGeometry(0, 150, 120, 40);
+    idle.setProperty("idle", true);
+    idlePrimary.setProperty("primary", true);
+    idlePrimary.setProperty("idle", true);
+    area.setFocusPolicy(Qt::StrongFocus);
+    const std::pair<const char*, QWidget*> controls[] = {
+        {"button", &plain},     {"primary button", &primary},
+        {"idle button", &idle}, {"idle primary button", &idlePrimary},
+        {"input", &edit},       {"table", &table},
+        {"scroll area", &area},
+    };
+    int top = 0;
+    for (const auto& [name, control] : controls)
+        control->setGeometry(0, 50 * top++, 120, 40);
+    elsewhere.setGeometry(0, 50 * top, 120, 40);
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    for (QWidget* control :
-         {static_cast<QWidget*>(&plain), static_cast<QWidget*>(&primary), static_cast<QWidget*>(&edit)}) {
+    for (const auto& [name, control] : controls) {
         elsewhere.setFocus();
         const QImage without = control->grab().toImage();
         control->setFocus();
-        EXPECT_NE(without.pixelColor(2, 20), control->grab().toImage().pixelColor(2, 20))
-            << control->metaObject()->className();
+        EXPECT_NE(without.pixelColor(1, 20), control->grab().toImage().pixelColor(1, 20)) << name;
     }
 }
 
