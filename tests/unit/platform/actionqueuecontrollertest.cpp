@@ -345,7 +345,7 @@ TEST_F(QueuedBefore, queuedActionRunsAnotherAndAnEventLoop_theNextOneWaitsForIts
 {
     const auto innerCommand = EActionType(1002);
     m_controller->setHostHandler(innerCommand, noting(QStringLiteral("inner")));
-    m_controller->setHostHandler(ownCommand, [this, innerCommand](Action&) {
+    m_controller->setHostHandler(ownCommand, [this](Action&) {
         execute(innerCommand); // its end must not let the next one in
         QCoreApplication::processEvents();
         m_steps.append(QStringLiteral("end"));

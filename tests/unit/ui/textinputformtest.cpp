@@ -334,7 +334,10 @@ private:
 
 TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWhollyVisibleOnEveryScreenInBothModes)
 {
-    const std::pair<QString, int> prompts[] = {
+    const struct {
+        QString text;
+        int lines;
+    } prompts[] = {
         {"Введите количество отпущенных доз по рецепту на\n'Эналаприл / Эналакор'\n(выписано 30.00/отпущено ранее "
          "0.00)",
          3},
@@ -343,8 +346,8 @@ TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWhollyVisibleOnEveryScreenI
          4},
     };
     params.numeric = true;
-    for (const auto& [prompt, lines] : prompts) {
-        params.message = {"testMessage", prompt};
+    for (const auto& prompt : prompts) {
+        params.message = {"testMessage", prompt.text};
         for (const QSize size : {QSize(1024, 600), QSize(1280, 800), QSize(1920, 1080)}) {
             for (const bool touch : {false, true}) {
                 config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
@@ -354,7 +357,7 @@ TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWhollyVisibleOnEveryScreenI
                 show([&] {
                     const auto* area = root()->findChild<QScrollArea*>();
                     const auto* text = label("messageLabel");
-                    EXPECT_EQ(area->viewport()->height(), lines * text->fontMetrics().height()) << size.width();
+                    EXPECT_EQ(area->viewport()->height(), prompt.lines * text->fontMetrics().height()) << size.width();
                     EXPECT_EQ(text->height(), area->viewport()->height()) << size.width();
                     EXPECT_FALSE(area->verticalScrollBar()->isVisible()) << size.width();
                 });
