@@ -13,8 +13,8 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
     : BasicDialogForm(parent)
 {
     using Form = ElectronicPrescriptionConfirmDispenseForm;
-    loadUI("electronicprescriptionconfirmdispense.ui");
     setContextCode(EContext::DialogOnTop);
+    loadUI("electronicprescriptionconfirmdispense.ui");
 
     const WidgetButton<Form> buttons[] = {
         {"cancelButton", tr::Tr("electronicPrescriptionConfirmDispenseFormCancelButton", "Отмена"), &Form::onCancel},

@@ -42,8 +42,8 @@ QString lines(const QList<QDate>& dates)
 ElectronicPrescriptionForm::ElectronicPrescriptionForm(const ElectronicPrescriptionParams& params, QObject* parent)
     : BasicForm(parent)
 {
-    loadUI("electronicprescription.ui");
     setContextCode(EContext::DialogOnTop);
+    loadUI("electronicprescription.ui");
     setUpButtons(params.getStatus() == "active");
     setUpCaptions();
     setUpKeys();

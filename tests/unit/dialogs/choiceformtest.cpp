@@ -7,7 +7,6 @@
 #include "electronicprescriptionchoicemodel.h"
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
-#include "otherdefaultcontext.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
@@ -175,7 +174,6 @@ TEST_F(ChoiceForm, layoutFileMissing_constructorThrows)
 
 TEST_F(ChoiceForm, built_standsInTheDialogsContext)
 {
-    const OtherDefaultContext idle(EContext::Idle);
     EXPECT_EQ(ElectronicPrescriptionChoiceForm(params(), nullptr).contextCode(), 15);
 }
 

@@ -3,7 +3,6 @@
 
 #include "dialogeventfilter.h"
 #include "dialogforms.h"
-#include "otherdefaultcontext.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -103,7 +102,6 @@ INSTANTIATE_TEST_SUITE_P(, ConfirmDispenseFormRequiredWidgets,
 
 TEST_F(ConfirmDispenseForm, built_standsInTheDialogsContextAndIsADialogForm)
 {
-    const OtherDefaultContext idle(EContext::Idle);
     const ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
     EXPECT_EQ(form.contextCode(), 15);
     EXPECT_NE(qobject_cast<const BasicDialogForm*>(&form), nullptr);

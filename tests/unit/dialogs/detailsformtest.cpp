@@ -4,7 +4,6 @@
 #include "currenttime.h"
 #include "dialogeventfilter.h"
 #include "dialogforms.h"
-#include "otherdefaultcontext.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -186,7 +185,6 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(DetailsForm, built_standsInTheDialogsContext)
 {
-    const OtherDefaultContext idle(EContext::Idle);
     EXPECT_EQ(ElectronicPrescriptionForm(params({}), nullptr).contextCode(), 15);
 }
 
