@@ -76,7 +76,7 @@ private:
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray bytes = bytesOf(data, size);
-    const qsizetype prefix = bytes.isEmpty() ? 0 : bytes.front() % 4;
+    const qsizetype prefix = bytes.isEmpty() ? 0 : static_cast<unsigned char>(bytes.front()) % 4;
     Keyboard keyboard(QString::fromLatin1(bytes.mid(1, prefix)));
     for (qsizetype at = 1 + prefix; at + 1 < bytes.size(); at += 2)
         keyboard.press(static_cast<unsigned char>(bytes[at]), bytes[at + 1]);

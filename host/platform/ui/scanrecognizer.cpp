@@ -59,26 +59,34 @@ void ScanRecognizer::key(const QKeyEvent& key, const QString& field)
 std::optional<ScanRecognizer::Scan> ScanRecognizer::finish(quint64 time)
 {
     std::optional<Scan> scan;
-    if (const std::optional<qsizetype> start = scanStart(time))
-        scan = Scan{stripped(m_input.mid(*start)), m_fields[*start]};
+    if (const std::optional<Start> start = scanStart(time))
+        scan = Scan{stripped(m_input.mid(start->at)), start->field};
     reset();
     return scan;
 }
 
 void ScanRecognizer::character(QChar character, quint64 time, const QString& field)
 {
+    // Nothing is kept of the other characters' fields: something may lie on the keyboard for hours.
     if (!followsFast(time))
-        m_burst = m_input.size();
-    m_input.append(character);
-    m_fields.append(field);
+        m_burst = {m_input.size(), field};
     m_last = time;
+    m_input.append(character);
+    if (m_prefix.isEmpty())
+        return;
+    m_fields.append(field);
+    if (m_fields.size() > m_prefix.size())
+        m_fields.removeFirst();
+    if (m_input.endsWith(m_prefix))
+        m_prefixed = Start{m_input.size() - m_prefix.size(), m_fields.first()};
 }
 
 void ScanRecognizer::reset()
 {
     m_input.clear();
     m_fields.clear();
-    m_burst = 0;
+    m_burst = {};
+    m_prefixed.reset();
     m_last = 0;
 }
 
@@ -87,12 +95,11 @@ bool ScanRecognizer::followsFast(quint64 time) const
     return time > 0 && m_last > 0 && time >= m_last && time - m_last <= quint64(longestGap.count());
 }
 
-std::optional<qsizetype> ScanRecognizer::scanStart(quint64 time) const
+std::optional<ScanRecognizer::Start> ScanRecognizer::scanStart(quint64 time) const
 {
-    if (!m_prefix.isEmpty())
-        if (const qsizetype prefix = m_input.lastIndexOf(m_prefix); prefix >= 0)
-            return prefix;
-    if (followsFast(time) && m_input.size() - m_burst >= shortestScan)
+    if (m_prefixed)
+        return m_prefixed;
+    if (followsFast(time) && m_input.size() - m_burst.at >= shortestScan)
         return m_burst;
     return std::nullopt;
 }

@@ -53,14 +53,21 @@ public:
 private:
     void character(QChar character, quint64 time, const QString& field);
     void reset();
+    /// Where a scan may have begun.
+    struct Start {
+        qsizetype at = 0; ///< in the input
+        QString field;    ///< what stood in the field before it
+    };
+
     bool followsFast(quint64 time) const;
-    std::optional<qsizetype> scanStart(quint64 time) const;
+    std::optional<Start> scanStart(quint64 time) const;
     QString stripped(QString text) const;
 
     QString m_prefix;
     QString m_suffix;
-    QString m_input;       ///< since the last Return
-    QStringList m_fields;  ///< what stood in the field before each character
-    qsizetype m_burst = 0; ///< where in the input the characters began to follow fast
+    QString m_input;                 ///< since the last Return
+    Start m_burst;                   ///< of the characters that follow fast
+    std::optional<Start> m_prefixed; ///< of the last prefix
+    QStringList m_fields;            ///< what stood in the field before the last characters, as many as the prefix has
     quint64 m_last = 0;
 };
