@@ -13,9 +13,13 @@ class EmulatorError : public std::runtime_error
 public:
     explicit EmulatorError(const QString& message)
         : std::runtime_error(message.toStdString())
+        , m_message(message)
     {
     }
 
-    QString message() const { return QString::fromUtf8(what()); }
+    QString message() const { return m_message; }
+
+private:
+    QString m_message; // whole: what() ends at the first NUL
 };
 } // namespace emulator

@@ -20,7 +20,8 @@ int hexadecimalDigit(char character)
 
 std::optional<QString> utf8(const QByteArray& octets)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    using Flag = QStringDecoder::Flag; // a byte order mark is a character of the text like any other
+    QStringDecoder decoder(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
     QString text = decoder(octets);
     if (decoder.hasError())
         return std::nullopt;
