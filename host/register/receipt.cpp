@@ -158,7 +158,7 @@ QJsonObject Receipt::toJson() const
     saved.insert(QStringLiteral("state"), word(m_ending.state));
     insertTime(saved, QStringLiteral("finished"), m_ending.finished);
     insertTime(saved, QStringLiteral("annulled"), m_ending.annulled);
-    if (m_ending.state == State::Closed || m_ending.received > 0)
+    if (m_ending.state == State::Closed || m_ending.received != 0)
         saved.insert(QStringLiteral("received"), roubles(m_ending.received));
     if (m_takesBack > 0)
         saved.insert(QStringLiteral("takesBack"), m_takesBack);
