@@ -3,6 +3,7 @@
 
 option(BUILD_TESTING "Build the tests" ON)
 option(BUILD_BENCHMARKS "Build the benchmarks" OFF)
+option(TESTS_IN_QUARTERS "Run many tests in one process: starting one costs more than a test does" OFF)
 option(WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
 set(SANITIZERS "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
@@ -32,10 +33,12 @@ if(SANITIZERS)
 endif()
 
 # Paths are taken relative to the sources, so that builds in other folders and clones share what was compiled.
+# The sloppiness is what ccache asks for where a precompiled header is used.
 find_program(CCACHE ccache)
 if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER
-        "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${CCACHE}")
+        "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1
+        CCACHE_SLOPPINESS=pch_defines,time_macros "${CCACHE}")
 endif()
 
 # What moc and rcc write is not ours to tidy; one harmless check stands there, since clang-tidy asks for at least one.

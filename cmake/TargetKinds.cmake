@@ -54,9 +54,10 @@ function(add_message_catalogues TARGET)
     endif()
 endfunction()
 
-# add_project_test(NAME SOURCES file... [LIBRARIES lib...] [LABELS label...])
+# add_project_test(NAME SOURCES file... [LIBRARIES lib...] [LABELS label...] [TIMEOUT seconds])
 #
-# A GoogleTest program; every test of it is a ctest of its own. It gets a main that owns a QApplication.
+# A GoogleTest program; every test of it is a ctest of its own, of so many seconds at most. It gets a main that owns a
+# QApplication. With TESTS_IN_QUARTERS a quarter of the program's tests run in one process and are one ctest.
 function(add_project_test NAME)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "TIMEOUT" "SOURCES;LIBRARIES;LABELS")
     if(NOT ARG_TIMEOUT)
@@ -64,11 +65,22 @@ function(add_project_test NAME)
     endif()
     add_executable(${NAME} ${ARG_SOURCES})
     target_link_libraries(${NAME} PRIVATE test_main GTest::gmock ${ARG_LIBRARIES})
-    gtest_discover_tests(${NAME}
-        DISCOVERY_MODE PRE_TEST
-        DISCOVERY_TIMEOUT 60
-        TEST_PREFIX "${NAME}."
-        PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}")
+    target_precompile_headers(${NAME} REUSE_FROM test_main)
+    if(TESTS_IN_QUARTERS)
+        foreach(quarter RANGE 3)
+            add_test(NAME ${NAME}.${quarter} COMMAND ${NAME} --gtest_brief=1)
+            set_tests_properties(${NAME}.${quarter} PROPERTIES
+                ENVIRONMENT "GTEST_TOTAL_SHARDS=4;GTEST_SHARD_INDEX=${quarter}"
+                TIMEOUT 900
+                LABELS "${ARG_LABELS}")
+        endforeach()
+    else()
+        gtest_discover_tests(${NAME}
+            DISCOVERY_MODE PRE_TEST
+            DISCOVERY_TIMEOUT 60
+            TEST_PREFIX "${NAME}."
+            PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}")
+    endif()
 endfunction()
 
 # add_project_benchmark(NAME SOURCES file... [LIBRARIES lib...])
