@@ -23,6 +23,21 @@ QByteArray encoded(const DecodedPairs& pairs)
     return parts.join('&');
 }
 
+/// A value is decoded like a part of a path; only a form's plus signs are blanks.
+void decodeAsValue(const QByteArray& part)
+{
+    if (part.contains('&'))
+        return;
+    const auto value = decodePercent(part);
+    const auto query = decodeQuery("name=" + part);
+    promise(query.has_value() == value.has_value() && (!query || query->first().second == *value),
+            "a value of a query is decoded like a part of a path");
+    const auto blank = decodePercent(QByteArray(part).replace('+', ' '));
+    const auto form = decodeForm("name=" + part);
+    promise(form.has_value() == blank.has_value() && (!form || form->first().second == *blank),
+            "a plus sign in a form is a blank");
+}
+
 } // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -32,6 +47,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         promise(decodePercent(encoded(*text)) == text, "a decoded part encodes and decodes to itself");
     const QString text = QString::fromUtf8(bytes);
     promise(decodePercent(encoded(text)) == text, "whatever is encoded can be decoded");
+    decodeAsValue(bytes);
     if (const auto query = decodeQuery(bytes))
         promise(decodeQuery(encoded(*query)) == query, "a decoded query encodes and decodes to itself");
     if (const auto form = decodeForm(bytes))

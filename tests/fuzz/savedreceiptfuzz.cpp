@@ -6,9 +6,11 @@
 #include "savedreceiptfile.h"
 
 #include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QTemporaryDir>
 
+#include <initializer_list>
 #include <limits>
 
 namespace
@@ -26,6 +28,29 @@ SavedReceiptFile read(const QByteArray& bytes)
 QByteArray saved(const Receipt& receipt)
 {
     return QJsonDocument(receipt.toJson()).toJson();
+}
+
+/// The members of that name are the same, where `written` has one.
+void compare(const QJsonObject& written, const QJsonObject& kept, std::initializer_list<const char*> names)
+{
+    for (const char* name : names) {
+        const QLatin1String member(name);
+        promise(!written.contains(member) || written.value(member) == kept.value(member), "nothing read is lost");
+    }
+}
+
+void compareWithFile(const QJsonObject& written, const QJsonObject& kept)
+{
+    compare(written, kept, {"number", "type", "state", "takenBackBy"});
+    const QJsonArray positions = written.value(QLatin1String("positions")).toArray();
+    for (qsizetype place = 0; place < positions.size(); ++place)
+        compare(positions.at(place).toObject(), kept.value(QLatin1String("positions")).toArray().at(place).toObject(),
+                {"number", "name", "price", "minRetailPrice", "tmcPrice", "quantity", "extendedOptions", "softCheckId",
+                 "initialPrice"});
+    const QJsonObject plugins = written.value(QLatin1String("plugins")).toObject();
+    for (auto plugin = plugins.begin(); plugin != plugins.end(); ++plugin)
+        promise(plugin->toObject() == kept.value(QLatin1String("plugins")).toObject().value(plugin.key()).toObject(),
+                "nothing that a plug-in stored is lost");
 }
 
 /// False after some two thousand million positions, which only a made-up receipt has had.
@@ -54,11 +79,13 @@ void workOn(Receipt& receipt)
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const SavedReceiptFile file = read(bytesOf(data, size));
+    const QByteArray bytes = bytesOf(data, size);
+    const SavedReceiptFile file = read(bytes);
     promise(!file.receipt == !file.damage.isEmpty(), "a document is read, or it is told what is wrong");
     promise(file.damage != QStringLiteral("no error occurred"), "what is wrong is not nothing");
     if (!file.receipt)
         return 0;
+    compareWithFile(QJsonDocument::fromJson(bytes).object(), file.receipt->toJson());
     const QByteArray once = saved(*file.receipt);
     const SavedReceiptFile again = read(once);
     promise(bool(again.receipt), "what was accepted is saved so that it is accepted again");
