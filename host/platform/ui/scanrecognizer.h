@@ -41,8 +41,8 @@ public:
         QString fieldBefore; ///< what stood in the field when the scan began
     };
 
-    /// A key other than Return was pressed: a character, or one that no scanner sends, before which nothing was a
-    /// scan. Modifiers count for neither. An event without a time is taken for typing.
+    /// A key other than Return was pressed: a character, or one that no scanner sends (a held key among them), before
+    /// which nothing was a scan. Modifiers count for neither. An event without a time is taken for typing.
     /// @param field what stands in the field before the key
     void key(const QKeyEvent& key, const QString& field);
 

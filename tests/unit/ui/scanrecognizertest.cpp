@@ -62,6 +62,18 @@ TEST(ScanRecognizerTest, fewCharacters_areTyped)
     EXPECT_FALSE(recognizer.finish(send(recognizer, "123", 1000, 5)));
 }
 
+TEST(ScanRecognizerTest, keyHeldDown_isTyped)
+{
+    ScanRecognizer recognizer({}, {});
+    quint64 time = 1000;
+    for (int repeats = 0; repeats < 20; ++repeats, time += 30) {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_1, Qt::NoModifier, "1", repeats > 0);
+        key.setTimestamp(time);
+        recognizer.key(key, {});
+    }
+    EXPECT_FALSE(recognizer.finish(time));
+}
+
 TEST(ScanRecognizerTest, eventsWithoutATime_areTyped)
 {
     ScanRecognizer recognizer({}, {});
