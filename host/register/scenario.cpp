@@ -17,10 +17,10 @@ enum class Slot { Target, Text, Value, Times };
 
 /// How a kind of step is written: the member that names it, what that member holds, and its second member.
 struct Form {
-    const char* member;
-    ScenarioStep::Kind kind;
-    Slot holds;
-    QJsonValue::Type type;
+    const char* member = nullptr;
+    ScenarioStep::Kind kind = ScenarioStep::Kind::Wait;
+    Slot holds = Slot::Target;
+    QJsonValue::Type type = QJsonValue::String;
     const char* second = nullptr;
     Slot secondHolds = Slot::Target;
     bool secondRequired = false;

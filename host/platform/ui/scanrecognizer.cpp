@@ -50,9 +50,8 @@ ScanRecognizer ScanRecognizer::configured()
 void ScanRecognizer::key(const QKeyEvent& key, const QString& field)
 {
     const QString text = key.text();
-    if (key.isAutoRepeat())
-        reset();
-    else if (text.size() == 1 && key.key() != Qt::Key_Backspace && key.key() != Qt::Key_Delete)
+    const bool isWriting = text.size() == 1 && key.key() != Qt::Key_Backspace && key.key() != Qt::Key_Delete;
+    if (isWriting && !key.isAutoRepeat())
         character(text.front(), key.timestamp(), field);
     else if (!isModifier(key.key()))
         reset();
