@@ -234,7 +234,7 @@ protected:
     }
     ~TextColourTest() override { qApp->setStyleSheet(formerStyleSheet); }
 
-    /// The colour in the middle of a cell of the selected row, whose text is full blocks.
+    /// The darkest colour across a cell of the selected row, whose text is full blocks: their edges are paler.
     QColor drawnWhenSelected(const QColor& colour)
     {
         model.item(0, 0)->setText(QString(30, QChar(0x2588)));
@@ -244,7 +244,12 @@ protected:
         view.selectRow(0);
         show();
         const QImage picture = view.viewport()->grab(view.visualRect(model.index(0, 0))).toImage();
-        return picture.pixelColor(picture.rect().center());
+        QColor darkest = Qt::white;
+        for (int x = 0; x < picture.width(); ++x)
+            if (const QColor pixel = picture.pixelColor(x, picture.height() / 2);
+                pixel.lightness() < darkest.lightness())
+                darkest = pixel;
+        return darkest;
     }
 
     QString formerStyleSheet;
