@@ -60,6 +60,16 @@ protected:
         return form;
     }
 
+    void expectScansConfirmTheLineAndPressNoButton()
+    {
+        scan();
+        EXPECT_EQ(chosen, 1);
+        button->setFocus();
+        scan();
+        EXPECT_EQ(chosen, 1);
+        EXPECT_EQ(clicked, 0);
+    }
+
     ActionQueueController controller;
     TalloLineEdit* edit = nullptr;
     QPushButton* button = nullptr;
@@ -114,12 +124,7 @@ TEST_F(ScanGuardTest, scannedOnAFormThatAskedForScans_isConfirmedInItsLineButPre
     const QSharedPointer<LayoutForm> form = createList();
     form->rootWidget()->setProperty("inputSources", QFlags<EInput::Source>{EInput::Keyboard, EInput::Scanner}.toInt());
     during([&] {
-        scan();
-        EXPECT_EQ(chosen, 1);
-        button->setFocus();
-        scan();
-        EXPECT_EQ(chosen, 1);
-        EXPECT_EQ(clicked, 0);
+        expectScansConfirmTheLineAndPressNoButton();
         type({});
         EXPECT_EQ(clicked, 1);
     });
@@ -130,14 +135,7 @@ TEST_F(ScanGuardTest, scannedIntoAFieldThatTellsScansItself_isConfirmedThereButP
 {
     const QSharedPointer<LayoutForm> form = createList();
     edit->setProperty(ScanRecognizer::recognizesScans, true);
-    during([&] {
-        scan();
-        EXPECT_EQ(chosen, 1);
-        button->setFocus();
-        scan();
-        EXPECT_EQ(chosen, 1);
-        EXPECT_EQ(clicked, 0);
-    });
+    during([&] { expectScansConfirmTheLineAndPressNoButton(); });
     gui.run(form);
 }
 
