@@ -66,6 +66,7 @@ function(add_project_test NAME)
     add_executable(${NAME} ${ARG_SOURCES})
     target_link_libraries(${NAME} PRIVATE test_main GTest::gmock ${ARG_LIBRARIES})
     target_precompile_headers(${NAME} REUSE_FROM test_main)
+    set_target_properties(${NAME} PROPERTIES AUTOMOC OFF) # no class of a test has signals of its own
     if(TESTS_IN_QUARTERS)
         foreach(quarter RANGE 3)
             add_test(NAME ${NAME}.${quarter} COMMAND ${NAME} --gtest_brief=1)
