@@ -3,6 +3,7 @@
 
 #include <QHelpEvent>
 #include <QPainter>
+#include <QTextBoundaryFinder>
 #include <QToolTip>
 #include <QtMath>
 
@@ -16,6 +17,27 @@ constexpr int widestLine = 640;
 /// A scroll area tries one width after another until its scroll bar fits; those widths are not to be forgotten.
 constexpr int rememberedWidths = 64;
 constexpr int longestToolTip = 1000;
+/// No language has longer words.
+constexpr qsizetype longestWord = 100;
+
+/// The text with a place to break after each letter of the words that are too long for one. Without them QTextLayout
+/// reads such a word to its end for every line of it.
+QString withBreaksInLongWords(const QString& text)
+{
+    QString broken;
+    broken.reserve(text.size());
+    qsizetype wordBegin = 0;
+    QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, text);
+    qsizetype begin = 0;
+    for (qsizetype end = letters.toNextBoundary(); end != -1; begin = end, end = letters.toNextBoundary()) {
+        broken += QStringView(text).sliced(begin, end - begin);
+        if (text[begin].isSpace())
+            wordBegin = end;
+        else if (end - wordBegin > longestWord)
+            broken += QChar(0x200b); // zero width space
+    }
+    return broken;
+}
 
 } // namespace
 
@@ -98,9 +120,10 @@ QSizeF WrappedLabel::breakIntoLines(QTextLayout& layout, int width) const
 
 const WrappedLabel::Lines& WrappedLabel::lines(int width) const
 {
-    if (m_brokenText != text() || m_brokenFont != font()) {
+    if (m_wholeText != text() || m_brokenFont != font()) {
         m_lines.clear();
-        m_brokenText = text();
+        m_wholeText = text();
+        m_brokenText = withBreaksInLongWords(m_wholeText);
         m_brokenFont = font();
     }
     if (const Lines* known = m_lines.object(width))

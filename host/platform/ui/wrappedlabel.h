@@ -42,6 +42,7 @@ private:
     QSize frameRoom() const;
 
     mutable QCache<int, Lines> m_lines; // by width
-    mutable QString m_brokenText;       // what m_lines holds
+    mutable QString m_wholeText;        // whose lines these are
+    mutable QString m_brokenText;       // the same with places to break
     mutable QFont m_brokenFont;
 };

@@ -21,6 +21,27 @@ TEST(WrappedLabelTest, wordOfTenThousandLetters_widensNothingAndGrowsInHeight)
     EXPECT_GT(label.heightForWidth(600), 50 * oneLine);
 }
 
+/// One letter is one code point, or a letter with its accent.
+class LongWord : public ::testing::TestWithParam<const char*>
+{
+};
+
+TEST_P(LongWord, isDrawnAsItsLettersOnFullLines)
+{
+    const QString line = QString(GetParam()).repeated(40);
+    WrappedLabel lines;
+    lines.setText((line + u'\n').repeated(5) + line);
+    WrappedLabel word;
+    word.setText(line.repeated(6));
+    for (WrappedLabel* label : {&lines, &word})
+        label->resize(lines.sizeHint());
+    EXPECT_EQ(word.grab().toImage(), lines.grab().toImage());
+    EXPECT_EQ(word.heightForWidth(lines.width()), lines.height());
+}
+
+INSTANTIATE_TEST_SUITE_P(Letter, LongWord, ::testing::Values("Ж", "И\u0306"),
+                         [](const auto& letter) { return letter.index == 0 ? "simple" : "accented"; });
+
 TEST(WrappedLabelTest, lineBreaks_areKept)
 {
     WrappedLabel label;
