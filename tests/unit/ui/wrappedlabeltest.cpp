@@ -28,11 +28,11 @@ class LongWord : public ::testing::TestWithParam<const char*>
 
 TEST_P(LongWord, isDrawnAsItsLettersOnFullLines)
 {
-    const QString line = QString(GetParam()).repeated(40);
+    const QString line = QString(GetParam()).repeated(20);
     WrappedLabel lines;
-    lines.setText((line + u'\n').repeated(5) + line);
+    lines.setText((line + u'\n').repeated(11) + line);
     WrappedLabel word;
-    word.setText(line.repeated(6));
+    word.setText(line.repeated(12));
     for (WrappedLabel* label : {&lines, &word})
         label->resize(lines.sizeHint());
     EXPECT_EQ(word.grab().toImage(), lines.grab().toImage());
