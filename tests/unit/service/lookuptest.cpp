@@ -104,6 +104,27 @@ TEST_F(LookUp, oneBundle_isOnePrescriptionWhateverItHolds)
         EXPECT_FALSE(prescriptions[row]->hasDigitalSignature());
 }
 
+TEST_F(LookUp, entriesThatHoldNoResource_arePassedOver)
+{
+    const QJsonObject prescription{{"resourceType", "MedicationPrescription"}, {"id", "a"}, {"identifier", "1201"}};
+    const QJsonObject dispense{{"resourceType", "MedicationDispense"},
+                               {"whenHandedOver", "2024-04-02"},
+                               {"quantity", QJsonObject{{"value", 10}}}};
+    registry->bundles = {QJsonObject{
+        {"entry", QJsonArray{1, "a", QJsonValue::Null, QJsonArray{QJsonObject{{"resource", dispense}}}, dispense,
+                             QJsonObject{{"resource", prescription}}, QJsonObject{{"resource", QJsonArray{dispense}}},
+                             QJsonObject{{"resource", "MedicationDispense"}}, QJsonObject{{"resource", dispense}}}}}};
+
+    const auto prescriptions = lookUp();
+
+    ASSERT_EQ(ids(prescriptions), QStringList{"a"});
+    EXPECT_EQ(prescriptions[0]->getSerialNumber(), "");
+    EXPECT_EQ(prescriptions[0]->getDispensedDoseQuantity(), 10.0);
+    QList<QDate> dates;
+    prescriptions[0]->getMedicationDispenseDates(dates);
+    EXPECT_EQ(dates, QList<QDate>{QDate(2024, 4, 2)});
+}
+
 TEST_F(LookUp, resourcesOfABundle_areAppliedInOrder)
 {
     registry->bundles = {bundleOf({QJsonObject{{"resourceType", "MedicationPrescription"}, {"id", "a"}},

@@ -310,6 +310,61 @@ TEST_F(Mapping, severalCodings_lastOneOfItsKindIsKept)
     EXPECT_EQ(record->getInnCode(), "i2");
 }
 
+TEST_F(Mapping, lastCodingIsNoObject_namesTheMedicineEmptyAndTheDictionaryCodeBeforeItCounts)
+{
+    const auto record = prescriptionWithId("");
+    record->setInn("Прежнее");
+    record->setInnCode("old");
+    record->setTradeName("Прежнее");
+    record->setTradeNameCode("old");
+
+    apply(R"({"resourceType": "MedicationPrescription", "medication": {"reference": "#m"}, "contained": [
+        {"id": "m", "code": {"coding": [{"system": "urn:dosage", "code": "5", "display": "И"}, 1, "a"]}},
+        {"isBrand": true, "code": {"coding": [1, "a"]}}]})",
+          record);
+
+    EXPECT_EQ(record->getInn(), "");
+    EXPECT_EQ(record->getInnCode(), "");
+    EXPECT_EQ(record->getTradeName(), "");
+    EXPECT_EQ(record->getTradeNameCode(), "");
+    EXPECT_EQ(record->getDictCode(), "5");
+    EXPECT_TRUE(record->isPrescribedByInn()) << "the medicine is there, whatever its codings are";
+}
+
+TEST_F(Mapping, containedOfOtherThings_onlyItsMedicinesAreRead)
+{
+    const auto record = map(R"({"resourceType": "MedicationPrescription", "medication": {"reference": "#m"},
+        "contained": [1, {"id": "m", "code": {"coding": [{"system": "urn:dosage", "code": "5", "display": "И"}]}},
+                      "a", null, [{"id": "m", "code": {"coding": [{"code": "6", "display": "Б"}]}}]]})");
+
+    EXPECT_EQ(record->getInn(), "И");
+    EXPECT_EQ(record->getInnCode(), "5");
+    EXPECT_EQ(record->getDictCode(), "5");
+    EXPECT_TRUE(record->isPrescribedByInn());
+}
+
+TEST_F(Mapping, containedIsNoArray_leavesTheMedicineAsItWas)
+{
+    for (const char* contained :
+         {R"({"id": "m", "code": {"coding": [{"code": "6", "display": "Б"}]}})", R"("m")", "1", "true", "null"}) {
+        const auto record = prescriptionWithId("");
+        record->setInn("Прежнее");
+        record->setInnCode("i");
+        record->setDictCode("5");
+
+        apply((R"({"resourceType": "MedicationPrescription", "medication": {"reference": "#m"}, "contained": )" +
+               QByteArray(contained) + "}")
+                  .constData(),
+              record);
+
+        EXPECT_EQ(record->getInn(), "Прежнее") << contained;
+        EXPECT_EQ(record->getInnCode(), "i") << contained;
+        EXPECT_EQ(record->getTradeName(), "") << contained;
+        EXPECT_EQ(record->getDictCode(), "5") << contained;
+        EXPECT_FALSE(record->isPrescribedByInn()) << contained;
+    }
+}
+
 TEST_F(Mapping, dictionaryCodingOfInn_givesDictionaryCode)
 {
     const auto record = map(R"({"resourceType": "MedicationPrescription", "contained": [
@@ -443,6 +498,39 @@ TEST_F(Mapping, payingOrganization_isANewOne)
     EXPECT_EQ(former->getId(), "o1");
 }
 
+struct OrganizationRow {
+    const char* name;
+    const char* resource;
+    QString id;
+    QString organizationName;
+};
+
+class WrongOrganization : public Mapping, public ::testing::WithParamInterface<OrganizationRow>
+{
+};
+
+/// An organization that cannot be told is one all the same: somebody pays.
+TEST_P(WrongOrganization, paysUnderWhatCanBeRead)
+{
+    const auto organization = map(GetParam().resource)->getPayingElectronicPrescriptionOrganization();
+
+    ASSERT_TRUE(organization);
+    EXPECT_EQ(organization->getId(), GetParam().id);
+    EXPECT_EQ(organization->getName(), GetParam().organizationName);
+}
+
+const OrganizationRow organizationRows[] = {
+    {"idIsNumber", R"({"resourceType": "Organization", "id": 7, "name": "Фонд"})", "", "Фонд"},
+    {"idIsObject", R"({"resourceType": "Organization", "id": {"value": "o1"}, "name": "Фонд"})", "", "Фонд"},
+    {"nameIsNumber", R"({"resourceType": "Organization", "id": "o1", "name": 7})", "o1", ""},
+    {"nameIsArray", R"({"resourceType": "Organization", "id": "o1", "name": ["Фонд"]})", "o1", ""},
+    {"nameIsObject", R"({"resourceType": "Organization", "id": "o1", "name": {"text": "Фонд"}})", "o1", ""},
+    {"bothAreNull", R"({"resourceType": "Organization", "id": null, "name": null})", "", ""},
+};
+
+INSTANTIATE_TEST_SUITE_P(row, WrongOrganization, ::testing::ValuesIn(organizationRows),
+                         [](const auto& row) { return std::string(row.param.name); });
+
 TEST_F(Mapping, dispenses_addUpInOrder)
 {
     const auto record =
@@ -462,6 +550,74 @@ TEST_F(Mapping, dispenseWithTimeOfDayOrNothing_addsAnInvalidDate)
 
     EXPECT_EQ(record->getDispensedDoseQuantity(), 1.5);
     EXPECT_EQ(dispenseDates(*record), (QList<QDate>{QDate(), QDate()}));
+}
+
+struct DispenseRow {
+    const char* name;
+    const char* resource;
+    QDate date;
+    double doses;
+};
+
+class WrongDispense : public Mapping, public ::testing::WithParamInterface<DispenseRow>
+{
+};
+
+/// It was handed out all the same: its date joins the others, and what can be read of it counts.
+TEST_P(WrongDispense, addsWhatCanBeRead)
+{
+    const auto record =
+        map(R"({"resourceType": "MedicationDispense", "whenHandedOver": "2024-03-02", "quantity": {"value": 20}})");
+
+    apply(GetParam().resource, record);
+
+    EXPECT_EQ(dispenseDates(*record), (QList<QDate>{QDate(2024, 3, 2), GetParam().date}));
+    EXPECT_EQ(record->getDispensedDoseQuantity(), 20 + GetParam().doses);
+}
+
+const QDate handedOver(2024, 4, 2);
+const DispenseRow dispenseRows[] = {
+    {"quantityIsNumber", R"({"resourceType": "MedicationDispense", "whenHandedOver": "2024-04-02", "quantity": 10})",
+     handedOver, 0},
+    {"quantityIsText", R"({"resourceType": "MedicationDispense", "whenHandedOver": "2024-04-02", "quantity": "10"})",
+     handedOver, 0},
+    {"quantityIsArray",
+     R"({"resourceType": "MedicationDispense", "whenHandedOver": "2024-04-02", "quantity": [{"value": 10}]})",
+     handedOver, 0},
+    {"valueIsText",
+     R"({"resourceType": "MedicationDispense", "whenHandedOver": "2024-04-02", "quantity": {"value": "10"}})",
+     handedOver, 0},
+    {"valueIsObject",
+     R"({"resourceType": "MedicationDispense", "whenHandedOver": "2024-04-02", "quantity": {"value": {"value": 10}}})",
+     handedOver, 0},
+    {"dateIsNumber", R"({"resourceType": "MedicationDispense", "whenHandedOver": 20240402, "quantity": {"value": 10}})",
+     QDate(), 10},
+    {"dateIsArray",
+     R"({"resourceType": "MedicationDispense", "whenHandedOver": ["2024-04-02"], "quantity": {"value": 10}})", QDate(),
+     10},
+    {"dateIsObject",
+     R"({"resourceType": "MedicationDispense", "whenHandedOver": {"start": "2024-04-02"}, "quantity": {"value": 10}})",
+     QDate(), 10},
+};
+
+INSTANTIATE_TEST_SUITE_P(row, WrongDispense, ::testing::ValuesIn(dispenseRows),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(Mapping, practitionerOfAnotherShape_hasAnEmptyNameInPlaceOfTheFormerOne)
+{
+    for (const char* practitioner :
+         {R"({"resourceType": "Practitioner", "name": "Врачёв Иван Ильич"})",
+          R"({"resourceType": "Practitioner", "name": 7})", R"({"resourceType": "Practitioner", "name": null})",
+          R"({"resourceType": "Practitioner", "name": {"family": "Врачёв", "given": "Иван"}})",
+          R"({"resourceType": "Practitioner", "name": {"family": {"0": "Врачёв"}, "given": [1, ["Ильич"]]}})"}) {
+        const auto record = prescriptionWithId("r1");
+        record->setPractitionerName("Прежний Врач");
+
+        apply(practitioner, record);
+
+        EXPECT_EQ(record->getPractitionerName(), "  ") << practitioner;
+        EXPECT_EQ(record->getId(), "r1") << practitioner;
+    }
 }
 
 TEST_F(Mapping, practitioner_hasASingleName)
@@ -516,6 +672,42 @@ TEST_F(Mapping, patient_isCachedUnderTheStatusWithItsFirstName)
     EXPECT_EQ(service.patientCache["completed"]->getName(), "  ");
     EXPECT_FALSE(service.patientCache["completed"]->getBirthday().isValid());
 }
+
+struct PatientRow {
+    const char* name;
+    const char* patient;
+    QString patientName;
+    QDate birthday;
+};
+
+class WrongPatient : public Mapping, public ::testing::WithParamInterface<PatientRow>
+{
+};
+
+TEST_P(WrongPatient, isCachedWithWhatCanBeRead)
+{
+    service.fillPatient("active", json(GetParam().patient));
+
+    ASSERT_EQ(service.patientCache.keys(), QStringList{"active"});
+    EXPECT_EQ(service.patientCache["active"]->getName(), GetParam().patientName);
+    EXPECT_EQ(service.patientCache["active"]->getBirthday(), GetParam().birthday);
+}
+
+const QDate born(1950, 2, 28);
+const PatientRow patientRows[] = {
+    {"birthDateIsNumber", R"({"name": [{"family": ["Петров"]}], "birthDate": 19500228})", "Петров  ", QDate()},
+    {"birthDateIsArray", R"({"name": [{"family": ["Петров"]}], "birthDate": ["1950-02-28"]})", "Петров  ", QDate()},
+    {"birthDateIsObject", R"({"name": [{"family": ["Петров"]}], "birthDate": {"value": "1950-02-28"}})", "Петров  ",
+     QDate()},
+    {"nameIsObject", R"({"name": {"family": ["Петров"], "given": ["Пётр"]}, "birthDate": "1950-02-28"})", "  ", born},
+    {"nameIsText", R"({"name": "Петров Пётр", "birthDate": "1950-02-28"})", "  ", born},
+    {"nameIsNumber", R"({"name": 7, "birthDate": "1950-02-28"})", "  ", born},
+    {"namesAreTexts", R"({"name": ["Петров", {"family": ["Другой"]}], "birthDate": "1950-02-28"})", "  ", born},
+    {"noNames", R"({"name": [], "birthDate": "1950-02-28"})", "  ", born},
+};
+
+INSTANTIATE_TEST_SUITE_P(row, WrongPatient, ::testing::ValuesIn(patientRows),
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(Mapping, patientAgain_replacesTheFormerOne)
 {
