@@ -13,7 +13,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QRegularExpressionValidator>
 
 #include <algorithm>
 #include <optional>
@@ -96,8 +95,6 @@ void GoodsSelectionForm::setUpTable()
 void GoodsSelectionForm::setUpPacks()
 {
     m_packs->setText(QStringLiteral("1"));
-    m_packs->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[1-9]\\d{0,2}")), m_packs));
     m_packs->installEventFilter(this);
     findWidget<QLabel>(QStringLiteral("quantityLabel"))
         ->setText(tr::Tr(QStringLiteral("goodsSelectionPacks"), QStringLiteral("Упаковок:")).ui());
@@ -177,7 +174,8 @@ void GoodsSelectionForm::onChoose()
                         QStringLiteral("Этого товара нет на остатке. Выберите другой.")));
         return;
     }
-    if (!m_packs->hasAcceptableInput()) {
+    const std::optional<int> packs = typedPacks();
+    if (!packs) {
         showHint(tr::Tr(QStringLiteral("goodsSelectionPacksMissing"),
                         QStringLiteral("Введите количество упаковок от 1 до %1."))
                      .arg(QString::number(mostPacks)));
@@ -185,16 +183,23 @@ void GoodsSelectionForm::onChoose()
         m_packs->selectAll();
         return;
     }
-    const int packs = m_packs->text().toInt();
-    if (packs > goods.stock) {
+    if (*packs > goods.stock) {
         showHint(
             tr::Tr(QStringLiteral("goodsSelectionStock"),
                    QStringLiteral("На остатке %1 уп., запрошено %2. Уменьшите количество или выберите другой товар."))
                 .arg(QString::number(goods.stock))
-                .arg(QString::number(packs)));
+                .arg(QString::number(*packs)));
         return;
     }
-    answer(0, QVariant::fromValue(SelectedGoods{goods, packs}));
+    answer(0, QVariant::fromValue(SelectedGoods{goods, *packs}));
+}
+
+/// A whole number only. The field holds whatever was typed: "1,5" with its comma dropped would be fifteen packs.
+std::optional<int> GoodsSelectionForm::typedPacks() const
+{
+    bool isWhole = false;
+    const int packs = m_packs->text().toInt(&isWhole);
+    return isWhole && packs >= 1 && packs <= mostPacks ? std::optional(packs) : std::nullopt;
 }
 
 void GoodsSelectionForm::onCancel()

@@ -7,6 +7,8 @@
 #include "goodstablemodel.h"
 #include "scanrecognizer.h"
 
+#include <optional>
+
 class QKeyEvent;
 class QLabel;
 class TalloLineEdit;
@@ -31,6 +33,7 @@ private slots:
     void onAmountButton(int change);
 
 private:
+    std::optional<int> typedPacks() const;
     void setUpTable();
     void setUpPacks();
     void setUpButtons();

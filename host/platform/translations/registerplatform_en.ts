@@ -220,5 +220,9 @@ Check the folders of layouts in the register’s settings</translation>
         <source>Введите значение полностью</source>
         <translation>Enter the whole value</translation>
     </message>
+    <message id="inputTextFormWrong">
+        <source>Введено неверно, исправьте значение</source>
+        <translation>This is not valid, correct it</translation>
+    </message>
 </context>
 </TS>

@@ -12,8 +12,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QRegularExpression>
-#include <QRegularExpressionValidator>
 
 namespace
 {
@@ -77,8 +75,6 @@ void TextInputForm::prepareField()
     m_field->setProperty("inputName", m_params.inputName);
     m_field->setAccessibleName(m_params.title.ui());
     m_field->setAccessibleDescription(m_params.message.ui());
-    if (!m_params.mask.isEmpty())
-        m_field->setValidator(new QRegularExpressionValidator(QRegularExpression(m_params.mask), m_field));
     const QFontMetrics metrics = m_field->fontMetrics();
     if (m_params.lines > 1)
         m_field->setMinimumHeight(m_params.lines * metrics.lineSpacing() + metrics.height());
@@ -144,7 +140,7 @@ bool TextInputForm::takeKey(const QKeyEvent& key)
 
 void TextInputForm::takeScan(const ScanRecognizer::Scan& scan)
 {
-    if (m_params.manualOnly || !expectsScans() || !fits(scan.text)) {
+    if (m_params.manualOnly || !expectsScans() || !matched(scan.text).hasMatch()) {
         m_field->setText(scan.fieldBefore);
         m_field->selectAll();
         showProblem(
@@ -156,21 +152,21 @@ void TextInputForm::takeScan(const ScanRecognizer::Scan& scan)
     accept();
 }
 
-bool TextInputForm::fits(const QString& text) const
+QRegularExpressionMatch TextInputForm::matched(const QString& text) const
 {
-    if (m_params.mask.isEmpty())
-        return true;
-    static const QString whole = QStringLiteral("\\A(?:%1)\\z");
-    return QRegularExpression(whole.arg(m_params.mask)).match(text).hasMatch();
+    const QString mask = m_params.mask.isEmpty() ? QStringLiteral(".*") : m_params.mask;
+    return QRegularExpression("\\A(?:" + mask + ")\\z").match(text, 0, QRegularExpression::PartialPreferCompleteMatch);
 }
 
 void TextInputForm::accept()
 {
     if (!m_field)
         return;
-    if (!fits(m_field->text())) {
-        showProblem(
-            tr::Tr(QStringLiteral("inputTextFormIncomplete"), QStringLiteral("Введите значение полностью")).ui());
+    // What does not fit is left standing: with a letter dropped from the midst of it, it would be another value.
+    if (const QRegularExpressionMatch match = matched(m_field->text()); !match.hasMatch()) {
+        const tr::Tr begun(QStringLiteral("inputTextFormIncomplete"), QStringLiteral("Введите значение полностью"));
+        const tr::Tr wrong(QStringLiteral("inputTextFormWrong"), QStringLiteral("Введено неверно, исправьте значение"));
+        showProblem((match.hasPartialMatch() ? begun : wrong).ui());
         m_field->setFocus();
         return;
     }

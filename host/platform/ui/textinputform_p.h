@@ -7,6 +7,7 @@
 #include "textinputparams.h"
 
 #include <QPointer>
+#include <QRegularExpression>
 
 class QKeyEvent;
 class QLabel;
@@ -31,7 +32,8 @@ private:
     /// True when the key ended a scan.
     bool takeKey(const QKeyEvent& key);
     void takeScan(const ScanRecognizer::Scan& scan);
-    bool fits(const QString& text) const;
+    /// The text against the whole mask; a partial match is what may still become one that fits.
+    QRegularExpressionMatch matched(const QString& text) const;
     void accept();
     QLabel* problemLabel();
     void showProblem(const QString& text);

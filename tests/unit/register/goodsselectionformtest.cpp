@@ -219,14 +219,19 @@ TEST_F(GoodsSelection, packsEmpty_asksForThem)
     EXPECT_EQ(hint(), QStringLiteral("Введите количество упаковок от 1 до 999."));
 }
 
-TEST_F(GoodsSelection, packsFieldTakesNoOtherThanWholeNumbers)
+TEST_F(GoodsSelection, packsAreNoWholeNumber_areLeftStandingAndAskedForAgain)
 {
-    open({});
-    auto* packs = widget<TalloLineEdit>("quantityLineEdit");
-    packs->clear();
-    packs->setFocus();
-    QTest::keyClicks(packs, QStringLiteral("0-a.1234"));
-    EXPECT_EQ(packs->text(), QStringLiteral("123"));
+    for (const QString& typed : QStringList{"1,5", "1.5", "-2", "2x", "0", "abc", "1000", "99999999999"}) {
+        open({}, {}, amoxidar);
+        auto* packs = widget<TalloLineEdit>("quantityLineEdit");
+        packs->selectAll();
+        packs->setFocus();
+        QTest::keyClicks(packs, typed);
+        press(Qt::Key_Return);
+        EXPECT_TRUE(answers().isEmpty()) << qPrintable(typed);
+        EXPECT_EQ(packs->text(), typed);
+        EXPECT_EQ(hint(), QStringLiteral("Введите количество упаковок от 1 до 999."));
+    }
 }
 
 TEST_F(GoodsSelection, scannedIntoThePacks_searchesTheGoodsAndLeavesThePacks)

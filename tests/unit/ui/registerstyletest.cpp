@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollArea>
+#include <QScrollBar>
 
 namespace
 {
@@ -32,6 +33,30 @@ TEST_F(RegisterStyleTest, focusRings_standOutFromWhatTheySurround)
     EXPECT_GE(RegisterColours::contrast(colours.accent, colours.ground), 3.0);
     EXPECT_GE(RegisterColours::contrast(colours.accent, colours.panel), 3.0);
     EXPECT_GE(RegisterColours::contrast(colours.text, colours.ground), 3.0);
+}
+
+TEST_F(RegisterStyleTest, placeholder_isReadAsWellAsAHint)
+{
+    applyRegisterStyle(*qApp, 600);
+    TalloLineEdit edit;
+    edit.ensurePolished();
+    EXPECT_EQ(edit.palette().color(QPalette::PlaceholderText), RegisterColours().mutedText);
+    EXPECT_EQ(edit.palette().color(QPalette::Text), RegisterColours().text);
+}
+
+TEST_F(RegisterStyleTest, scrollBar_whatIsDraggedStandsOutFromWhereItIsDragged)
+{
+    for (const bool touch : {false, true}) {
+        qApp->setStyleSheet(registerStyleSheet(touch, 12));
+        QScrollBar bar(Qt::Vertical);
+        bar.setRange(0, 100);
+        bar.setPageStep(20);
+        bar.resize(bar.sizeHint().width(), 400);
+        const QImage picture = bar.grab().toImage();
+        const int middle = picture.width() / 2;
+        EXPECT_GE(RegisterColours::contrast(picture.pixelColor(middle, 20), picture.pixelColor(middle, 380)), 3.0);
+        EXPECT_EQ(picture.pixelColor(middle, 380), RegisterColours().raised);
+    }
 }
 
 TEST_F(RegisterStyleTest, contrast_isThatOfTheGuideline)

@@ -153,15 +153,23 @@ TEST_F(TextInputFormTest, returnOnTheCancelButton_cancels)
     EXPECT_TRUE(result.canceled());
 }
 
-TEST_F(TextInputFormTest, mask_refusesWhatCannotBecomeATextThatMatches)
+TEST_F(TextInputFormTest, textThatCannotMatch_isLeftStandingAndSaidToBeWrong)
 {
     params.mask = doses;
-    const auto result = show([&] {
-        QTest::keyClicks(field(), "a1234567890.567");
-        EXPECT_EQ(field()->text(), "123456789.56");
-        QTest::keyClick(field(), Qt::Key_Return);
-    });
-    EXPECT_EQ(result.getData(), "123456789.56");
+    params.numeric = true;
+    for (const QString& typed : QStringList{".5", "-5", "a1", "2.567", "1234567890", "1 5"}) {
+        const auto result = show([&] {
+            QTest::keyClicks(field(), typed);
+            QTest::keyClick(field(), Qt::Key_Return);
+            EXPECT_NE(gui.topForm(), nullptr) << qPrintable(typed);
+            EXPECT_EQ(field()->text(), typed);
+            EXPECT_TRUE(label("scanErrorLabel")->isVisible());
+            EXPECT_EQ(label("scanErrorLabel")->text(), "Введено неверно, исправьте значение");
+            field()->setText("0.5");
+            QTest::keyClick(field(), Qt::Key_Return);
+        });
+        EXPECT_EQ(result.getData(), "0.5");
+    }
 }
 
 TEST_F(TextInputFormTest, commaInANumber_isAPoint)
