@@ -69,6 +69,13 @@ TEST_F(PrescriptionServing, backFromEveryStep_nothingIsLeftBehindAndServingGoesO
     EXPECT_EQ(savedPositions().size(), 1);
 }
 
+TEST_F(PrescriptionServing, backByTouchFromEveryStep_leadsToTheStepBeforeWithTheReceiptAsItWas)
+{
+    expectHeld(play("back-by-touch-from-every-step.json", {"--touch"}));
+    EXPECT_EQ(savedPositions().size(), 2);
+    EXPECT_EQ(registry.dispenses().size(), 0);
+}
+
 TEST_F(PrescriptionServing, filterTypedAndChosen_isThereOnTheWayBackAndGoneOnANewCommand)
 {
     expectHeld(play("filter-kept-on-the-way-back.json"));
@@ -94,3 +101,46 @@ TEST_F(PrescriptionServing, enterPressedTenTimesWhileTheRegistryIsSlow_choosesNo
     expectHeld(play("enter-pressed-while-waiting.json"));
     EXPECT_EQ(registry.requestedPaths(), (QStringList{tokenPath, byCardPath}));
 }
+
+namespace
+{
+
+/// A step of serving, and how the cashier comes there from the step before.
+struct ServingStep {
+    const char* name;
+    QByteArray way;
+
+    friend std::ostream& operator<<(std::ostream& stream, const ServingStep& step) { return stream << step.name; }
+};
+
+const ServingStep servingSteps[] = {
+    {"card", R"({"key": "F5"}, {"wait": "inputLineEdit"})"},
+    {"list", R"({"scan": "1100000000000001"}, {"wait": "electronicPrescriptionsTableView"})"},
+    {"details", R"({"key": "Return"}, {"wait": "chooseButton"})"},
+    {"goods", R"({"key": "Return"}, {"wait": "goodsTable"})"},
+    {"doses", R"({"key": "Return"}, {"wait": "inputLineEdit"})"},
+    {"confirmation", R"({"type": "5"}, {"key": "Return"}, {"wait": "completeDispenseButton"})"},
+};
+
+} // namespace
+
+class WindowClosed : public Pharmacy, public ::testing::WithParamInterface<int>
+{
+};
+
+TEST_P(WindowClosed, amidServing_registerEndsAndTheReceiptIsThereAsItWasOnTheNextStart)
+{
+    const QByteArray untouched = R"({"receipt": {"positions": [{"price": 12.4, "quantity": 1, "tags": []}]}})";
+    QByteArrayList steps{R"({"key": "F2"}, {"scan": "2990000000019"})", untouched};
+    for (int step = 0; step <= GetParam(); ++step)
+        steps += servingSteps[step].way;
+    expectHeld(playSteps(steps + QByteArrayList{R"({"close": true})"}));
+    ASSERT_EQ(savedPositions().size(), 1);
+
+    expectHeld(playSteps({R"({"contains": "Амоксидар", "in": "receiptTable"})", untouched,
+                          R"({"key": "F5"}, {"wait": "inputLineEdit"}, {"expect": "", "in": "inputLineEdit"})"}));
+    EXPECT_EQ(registry.dispenses().size(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(At, WindowClosed, ::testing::Range(0, int(std::size(servingSteps))),
+                         [](const auto& step) { return std::string(servingSteps[step.param].name); });
