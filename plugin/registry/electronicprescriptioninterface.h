@@ -19,8 +19,9 @@ class RestClient;
 /// The registry client: the only one who talks to the electronic-prescription registry.
 ///
 /// Settings are read when it is made and never change. Every request blocks until the answer is there or the time-out
-/// has passed, fetches a token of its own first, and is sent at most once: nothing is retried. Nothing is kept between
-/// requests. docs/registry-protocol.md tells the protocol.
+/// has passed, and fetches a token of its own first. Nothing is retried here; below it RestClient sends a GET once more
+/// when a kept connection turns out to be dead, and never a POST. Nothing is kept between requests.
+/// docs/registry-protocol.md tells the protocol.
 ///
 /// The virtual operations call one another through the object, so that a double can replace a single one. The order of
 /// the virtual members is part of the class: integrators' doubles are compiled against it.
