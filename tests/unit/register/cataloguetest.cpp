@@ -4,21 +4,85 @@
 #include "till.h"
 
 #include <QAbstractItemModelTester>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMap>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
 
 #include <algorithm>
 
-using Catalogue = Till;
+namespace
+{
+
+class Catalogue : public Till
+{
+protected:
+    /// The whole table of medicines: their names by the codes of the dictionary.
+    QMap<QString, QString> medicines()
+    {
+        QMap<QString, QString> names;
+        QSqlQuery query(connections.object.getConnection({}, {}));
+        EXPECT_TRUE(query.exec(QStringLiteral("SELECT dictcode, dictname FROM medicine")));
+        while (query.next())
+            names.insert(query.value(0).toString(), query.value(1).toString());
+        return names;
+    }
+};
+
+const QMap<QString, QString> demoMedicines{
+    {QStringLiteral("1001"), QStringLiteral("Амоксициллин, капсулы 500 мг")},
+    {QStringLiteral("1002"), QStringLiteral("Парацетамол, таблетки 500 мг")},
+    {QStringLiteral("1003"), QStringLiteral("Метформин, таблетки 850 мг")},
+    {QStringLiteral("1004"), QStringLiteral("Эналаприл, таблетки 10 мг")},
+    {QStringLiteral("1005"), QStringLiteral("Амлодипин, таблетки 5 мг")},
+    {QStringLiteral("1006"), QStringLiteral("Аторвастатин, таблетки 20 мг")},
+    {QStringLiteral("1007"), QStringLiteral("Бисопролол, таблетки 5 мг")},
+    {QStringLiteral("1008"), QStringLiteral("Лозартан, таблетки 50 мг")},
+    {QStringLiteral("1009"), QStringLiteral("Омепразол, капсулы 20 мг")},
+    {QStringLiteral("1010"), QStringLiteral("Левотироксин, таблетки 50 мкг")},
+    {QStringLiteral("1011"), QStringLiteral("Ибупрофен, таблетки 400 мг")},
+    {QStringLiteral("1012"), QStringLiteral("Азитромицин, таблетки 500 мг")},
+    {QStringLiteral("1013"), QStringLiteral("Цетиризин, таблетки 10 мг")},
+    {QStringLiteral("1014"), QStringLiteral("Сальбутамол, аэрозоль 100 мкг/доза 200 доз")},
+    {QStringLiteral("1015"), QStringLiteral("Индапамид, капсулы 2,5 мг")},
+    {QStringLiteral("1016"), QStringLiteral("Клопидогрел, таблетки 75 мг")},
+};
+
+/// What the emulator's demo prescribes.
+QJsonArray demoPrescriptions()
+{
+    QFile file(QStringLiteral(DEMO_SEED));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    QJsonArray all;
+    for (const QJsonValue& patient : QJsonDocument::fromJson(file.readAll()).object()["patients"].toArray())
+        for (const QJsonValue& prescription : patient["prescriptions"].toArray())
+            all.append(prescription);
+    return all;
+}
+
+} // namespace
 
 TEST_F(Catalogue, demoGoods_areSixtyWithTheirMedicines)
 {
     EXPECT_EQ(catalogue.goodsOf({}).size(), 60);
-    QSqlQuery names(connections.object.getConnection({}, {}));
-    ASSERT_TRUE(names.exec(QStringLiteral("SELECT dictname FROM medicine WHERE dictcode = '1001'")));
-    ASSERT_TRUE(names.next());
-    EXPECT_EQ(names.value(0).toString(), QStringLiteral("Амоксициллин, капсулы 500 мг"));
+    EXPECT_EQ(medicines(), demoMedicines);
+}
+
+TEST_F(Catalogue, demoPrescriptions_findTheirMedicinesAndGoods)
+{
+    const QMap<QString, QString> names = medicines();
+    const QJsonArray prescriptions = demoPrescriptions();
+    EXPECT_EQ(prescriptions.size(), 19);
+    for (const QJsonValue& prescription : prescriptions) {
+        const std::string id = prescription["id"].toString().toStdString();
+        const QString inn = prescription["inn"].toString();
+        EXPECT_TRUE(names.value(prescription["dosageCode"].toString()).startsWith(inn + QStringLiteral(", "))) << id;
+        EXPECT_FALSE(catalogue.goodsOf(inn).isEmpty()) << id;
+    }
 }
 
 TEST_F(Catalogue, goodsOfAName_areThoseWhateverTheCase)
