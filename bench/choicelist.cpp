@@ -6,6 +6,7 @@
 #include "config.h"
 #include "electronicprescriptionchoiceform.h"
 #include "electronicprescriptionchoicemodel.h"
+#include "registerstyle.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -148,7 +149,8 @@ int main(int argc, char** argv)
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
+    applyRegisterStyle(application, 800); // dressed as on the till
     Config config;
     config.setForThisRun("GUI:layouts", PLUGIN_LAYOUTS);
     Singleton<Config>::instance = &config;

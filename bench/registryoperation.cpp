@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
-// One registry operation, a token POST and a resource GET over HTTPS on loopback: through RestClient, beside the same
-// two requests by libcurl alone on a kept connection. Both take turns against one server, so that "ratio" (of the
-// medians) does not depend on what else the machine does.
+// One registry operation, a token POST and a resource GET over HTTPS on loopback: by the plug-in's registry client,
+// beside the same two requests by libcurl alone on a kept connection. Both take turns against one server, so that
+// "ratio" (of the medians) does not depend on what else the machine does.
 
 #include "config.h"
-#include "restclient.h"
+#include "electronicprescriptioninterface.h"
 #include "scriptedserver.h"
 
 #include <QApplication>
+#include <QJsonArray>
 #include <QJsonObject>
 
 #include <benchmark/benchmark.h>
@@ -24,22 +25,24 @@ namespace
 using Clock = std::chrono::steady_clock;
 using Microseconds = std::chrono::duration<double, std::micro>;
 
-const QString tokenPath = QStringLiteral("/connect/token");
-const QString resourcePath = QStringLiteral("/MedicationPrescription/$by-card?patientIdentifier=1100000000000001");
-const QByteArray tokenBody = "grant_type=client_credentials&client_id=pharmacy&client_secret=secret&scope=registry";
-const QByteArray token(1'000, 't');
+constexpr qsizetype textLength = 4'000;
 
-QByteArray resourceBody()
+QByteArray tokenBody()
 {
-    constexpr qsizetype textLength = 4'000;
-    return R"({"resourceType": "Bundle", "text": ")" + QByteArray(textLength, 'x') + "\"}";
+    return R"({"access_token": ")" + QByteArray(1'000, 't') + "\"}";
+}
+
+QByteArray prescriptionsBody()
+{
+    return R"({"resourceType": "Bundle", "entry": [{"resource": {"resourceType": "Bundle", "text": ")" +
+           QByteArray(textLength, 'x') + "\"}}]}";
 }
 
 Reaction answerTo(const ReceivedRequest& request)
 {
-    static const Reaction tokenAnswer = Reaction::json(200, R"({"access_token": ")" + token + "\"}");
-    static const Reaction resourceAnswer = Reaction::json(200, resourceBody());
-    return request.method == "POST" ? tokenAnswer : resourceAnswer;
+    static const Reaction token = Reaction::json(200, tokenBody());
+    static const Reaction prescriptions = Reaction::json(200, prescriptionsBody());
+    return request.method == "POST" ? token : prescriptions;
 }
 
 void check(bool succeeded)
@@ -48,78 +51,80 @@ void check(bool succeeded)
         throw std::runtime_error("A request failed");
 }
 
-/// The operation as a plug-in performs it: a fresh client for each request.
-class ThroughRestClient
+/// The plug-in's registry client, with a card's prescriptions.
+class ByRegistryClient
 {
 public:
-    explicit ThroughRestClient(const ScriptedServer& server)
-        : m_token(server.url(tokenPath))
-        , m_resource(server.url().resolved(QUrl(resourcePath)))
-    {
-    }
-
     void operator()() const
     {
-        const auto tokenClient = RestClient::create();
-        tokenClient->post(m_token, tokenBody,
-                          {{QStringLiteral("Content-Type"), QStringLiteral("application/x-www-form-urlencoded")},
-                           {QStringLiteral("Accept"), QStringLiteral("application/json")}});
-        check(tokenClient->errorCode() == 0);
-        const QString bearer = tokenClient->answer().object().value(QStringLiteral("access_token")).toString();
-
-        const auto resourceClient = RestClient::create();
-        resourceClient->get(m_resource, QJsonDocument(),
-                            {{QStringLiteral("Authorization"), QStringLiteral("Bearer ") + bearer},
-                             {QStringLiteral("Accept"), QStringLiteral("application/json")}});
-        check(resourceClient->errorCode() == 0 && resourceClient->answer().isObject());
+        QJsonArray prescriptions;
+        QJsonObject patient;
+        m_client.getElectronicPrescriptionsByCardNumber(QStringLiteral("1100000000000001"), QStringLiteral("active"),
+                                                        prescriptions, patient);
+        check(prescriptions.size() == 1);
     }
 
 private:
-    QUrl m_token;
-    QUrl m_resource;
+    ElectronicPrescriptionInterface m_client;
 };
 
-/// The same bytes by libcurl, with nothing around them; the answers are not even parsed.
+/// The same requests by libcurl, with nothing around them; the answers are not even parsed.
 class ByBareCurl
 {
 public:
     ByBareCurl(const ScriptedServer& server, const QString& certificates)
-        : m_token(server.url(tokenPath).toEncoded())
-        , m_resource(server.url().resolved(QUrl(resourcePath)).toEncoded())
-        , m_easy(curl_easy_init())
+        : m_easy(curl_easy_init())
     {
         curl_easy_setopt(m_easy, CURLOPT_CAINFO, certificates.toUtf8().constData());
         curl_easy_setopt(m_easy, CURLOPT_WRITEFUNCTION, append);
         curl_easy_setopt(m_easy, CURLOPT_WRITEDATA, this);
-        m_resourceHeaders = curl_slist_append(nullptr, ("Authorization: Bearer " + token).constData());
-        m_resourceHeaders = curl_slist_append(m_resourceHeaders, "Accept: application/json");
-        m_tokenHeaders = curl_slist_append(nullptr, "Accept: application/json");
+        const QList<ReceivedRequest> requests = server.requests();
+        for (const ReceivedRequest& request : requests)
+            m_requests.push_back({server.url().resolved(QUrl::fromEncoded(request.target)).toEncoded(),
+                                  headersOf(request), request.method == "POST", request.body});
     }
     ~ByBareCurl()
     {
         curl_easy_cleanup(m_easy);
-        curl_slist_free_all(m_tokenHeaders);
-        curl_slist_free_all(m_resourceHeaders);
+        for (const Request& request : m_requests)
+            curl_slist_free_all(request.headers);
     }
     ByBareCurl(const ByBareCurl&) = delete;
     ByBareCurl& operator=(const ByBareCurl&) = delete;
 
     void operator()()
     {
-        curl_easy_setopt(m_easy, CURLOPT_URL, m_token.constData());
-        curl_easy_setopt(m_easy, CURLOPT_HTTPHEADER, m_tokenHeaders);
-        curl_easy_setopt(m_easy, CURLOPT_POSTFIELDSIZE, long(tokenBody.size()));
-        curl_easy_setopt(m_easy, CURLOPT_POSTFIELDS, tokenBody.constData());
-        perform();
-        curl_easy_setopt(m_easy, CURLOPT_URL, m_resource.constData());
-        curl_easy_setopt(m_easy, CURLOPT_HTTPHEADER, m_resourceHeaders);
-        curl_easy_setopt(m_easy, CURLOPT_HTTPGET, 1L);
-        perform();
+        for (const Request& request : m_requests)
+            send(request);
     }
 
 private:
-    void perform()
+    struct Request {
+        QByteArray url;
+        curl_slist* headers = nullptr;
+        bool isPost = false;
+        QByteArray body;
+    };
+
+    static curl_slist* headersOf(const ReceivedRequest& request)
     {
+        curl_slist* headers = nullptr;
+        for (const QByteArray& line : request.headers)
+            if (!line.startsWith("Host:") && !line.startsWith("Content-Length:"))
+                headers = curl_slist_append(headers, line.constData());
+        return headers;
+    }
+
+    void send(const Request& request)
+    {
+        curl_easy_setopt(m_easy, CURLOPT_URL, request.url.constData());
+        curl_easy_setopt(m_easy, CURLOPT_HTTPHEADER, request.headers);
+        if (request.isPost) {
+            curl_easy_setopt(m_easy, CURLOPT_POSTFIELDSIZE, long(request.body.size()));
+            curl_easy_setopt(m_easy, CURLOPT_POSTFIELDS, request.body.constData());
+        } else {
+            curl_easy_setopt(m_easy, CURLOPT_HTTPGET, 1L);
+        }
         m_answer.clear();
         check(curl_easy_perform(m_easy) == CURLE_OK && !m_answer.isEmpty());
     }
@@ -130,12 +135,9 @@ private:
         return size * count;
     }
 
-    QByteArray m_token;
-    QByteArray m_resource;
-    QByteArray m_answer;
     CURL* m_easy;
-    curl_slist* m_tokenHeaders = nullptr;
-    curl_slist* m_resourceHeaders = nullptr;
+    std::vector<Request> m_requests;
+    QByteArray m_answer;
 };
 
 template <typename Operation>
@@ -163,19 +165,22 @@ void registryOperation(benchmark::State& state)
     configuration.setForThisRun(QStringLiteral("RestClient:caFile"), authority.certificateFile());
     Singleton<Config>::instance = &configuration;
 
-    ThroughRestClient throughRestClient(server);
+    for (const char* key : {"requestsUrl", "authorizationUrl"})
+        configuration.setForThisRun(QStringLiteral("ElectronicPrescription:") + key, server.url({}).toString());
+
+    const ByRegistryClient byRegistryClient;
+    byRegistryClient();
     ByBareCurl byBareCurl(server, authority.certificateFile());
-    throughRestClient();
     byBareCurl();
 
     std::vector<double> client;
     std::vector<double> bare;
     for (auto _ : state) {
-        client.push_back(microsecondsOf(throughRestClient));
+        client.push_back(microsecondsOf(byRegistryClient));
         bare.push_back(microsecondsOf(byBareCurl));
     }
     check(server.connectionCount() == 2);
-    state.counters["restclient_us"] = medianOf(client);
+    state.counters["registryclient_us"] = medianOf(client);
     state.counters["libcurl_us"] = medianOf(bare);
     state.counters["ratio"] = medianOf(client) / medianOf(bare);
     Singleton<Config>::instance = nullptr;
