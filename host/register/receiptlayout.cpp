@@ -66,11 +66,15 @@ QString packsText(double packs)
     return QString::number(packs).replace(QLatin1Char('.'), QLatin1Char(','));
 }
 
+Kopecks sumWithoutBenefit(const ReceiptPosition& position)
+{
+    return std::llround(static_cast<double>(kopecks(position.getInitialPrice())) * position.getQuantity());
+}
+
 /// What the customer saves because the price was lowered; 0 when it was not.
 Kopecks benefit(const ReceiptPosition& position)
 {
-    const double initialSum = static_cast<double>(kopecks(position.getInitialPrice())) * position.getQuantity();
-    return std::max<Kopecks>(0, std::llround(initialSum) - position.getSum());
+    return std::max<Kopecks>(0, sumWithoutBenefit(position) - position.getSum());
 }
 
 Lines head()
@@ -101,9 +105,9 @@ Lines positionLines(const ReceiptPosition& position, const QStringList& tellings
         amount(indent + packsText(position.getQuantity()) + QStringLiteral(" × ") + price + QStringLiteral(" ="),
                roubles(position.getSum()));
     if (const Kopecks saved = benefit(position); saved > 0) {
-        const tr::Tr full(QStringLiteral("printedPriceWithoutBenefit"), QStringLiteral("Цена без льготы"));
+        const tr::Tr full(QStringLiteral("printedSumWithoutBenefit"), QStringLiteral("Сумма без льготы"));
         const tr::Tr label(QStringLiteral("printedBenefit"), QStringLiteral("Льгота"));
-        lines += amount(indent + full.ui(), roubles(kopecks(position.getInitialPrice())));
+        lines += amount(indent + full.ui(), roubles(sumWithoutBenefit(position)));
         lines += amount(indent + label.ui(), QStringLiteral("−") + roubles(saved));
     }
     for (const QString& telling : tellings)

@@ -55,7 +55,7 @@ TEST_F(Selling, twoPrescriptionsByKeyboardAlone_areRegisteredPaidAndPrinted)
     EXPECT_THAT(printed(1), HasSubstr("ИТОГО 1,95"));
     EXPECT_THAT(printed(1), HasSubstr("Получено наличными 5,00"));
     EXPECT_THAT(printed(1), HasSubstr("Сдача 3,05"));
-    EXPECT_THAT(printed(1), HasSubstr("Цена без льготы 14,90"));
+    EXPECT_THAT(printed(1), HasSubstr("Сумма без льготы 14,90"));
     EXPECT_THAT(printed(1), HasSubstr("Льгота −13,41"));
     EXPECT_THAT(printed(1), HasSubstr("Организация: Городская поликлиника № 12"));
     EXPECT_THAT(printed(1), HasSubstr("Рецепт: БД 4100074"));

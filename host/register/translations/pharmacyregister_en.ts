@@ -38,9 +38,9 @@ Check the goods database and try again, or call the administrator.</translation>
         <source>ВОЗВРАТ № %1 по чеку № %2</source>
         <translation>RETURN No. %1 of receipt No. %2</translation>
     </message>
-    <message id="printedPriceWithoutBenefit">
-        <source>Цена без льготы</source>
-        <translation>Price without benefit</translation>
+    <message id="printedSumWithoutBenefit">
+        <source>Сумма без льготы</source>
+        <translation>Sum without the benefit</translation>
     </message>
     <message id="printedBenefit">
         <source>Льгота</source>
