@@ -22,15 +22,29 @@ bool isWantedAnyway(const CatalogueGoods& goods)
     return question.ask();
 }
 
+std::optional<SelectedGoods> letSelect(const GoodsSelectionParams& params)
+{
+    const QVariant answer =
+        core::BasicDialog().show(false, true, {EInput::Keyboard, EInput::Scanner}, params.toEvent()).getData();
+    const QVariant selected = answer.toMap().value(QStringLiteral("result"));
+    if (!selected.canConvert<SelectedGoods>())
+        return std::nullopt;
+    return selected.value<SelectedGoods>();
+}
+
 } // namespace
 
 EContext::Result RegisterCommands::selectGoods(control::Action& action)
 {
+    const QString medicineInfo = action.value(QStringLiteral("medicineInfo")).toString();
     const std::optional<SelectedGoods> selected =
-        letSelect(action.value(QStringLiteral("filterByInn")).toString(),
-                  action.value(QStringLiteral("medicineInfo")).toString(), {});
+        letSelect({m_catalogue.goodsOf(action.value(QStringLiteral("filterByInn")).toString()),
+                   medicineInfo,
+                   {},
+                   pickedBefore(medicineInfo)});
     if (!selected)
         return EContext::Stop;
+    m_picked = {m_sale.receipt(), medicineInfo, *selected};
     action.insert(QStringLiteral("result"), QVariant::fromValue(*selected));
     return EContext::GoOn;
 }
@@ -43,6 +57,7 @@ EContext::Result RegisterCommands::addSelectedGoods(control::Action& action)
     const int number = m_sale.add(selected.value<SelectedGoods>());
     if (number == 0)
         return EContext::Stop;
+    m_picked = {};
     action.insert(QStringLiteral("positionNumber"), number);
     return EContext::GoOn;
 }
@@ -63,21 +78,16 @@ EContext::Result RegisterCommands::addGoods(control::Action& action)
     if (selected && !selected->goods.isInStock() && !isWantedAnyway(selected->goods))
         return EContext::Stop;
     if (!selected)
-        selected = letSelect({}, {}, search);
+        selected = letSelect({m_catalogue.goodsOf({}), {}, search, {}});
     if (!selected)
         return EContext::Stop;
     m_sale.add(*selected);
     return EContext::GoOn;
 }
 
-std::optional<SelectedGoods> RegisterCommands::letSelect(const QString& nonProprietaryName, const QString& medicineInfo,
-                                                         const QString& filter) const
+std::optional<SelectedGoods> RegisterCommands::pickedBefore(const QString& medicineInfo) const
 {
-    const GoodsSelectionParams params{m_catalogue.goodsOf(nonProprietaryName), medicineInfo, filter};
-    const QVariant answer =
-        core::BasicDialog().show(false, true, {EInput::Keyboard, EInput::Scanner}, params.toEvent()).getData();
-    const QVariant selected = answer.toMap().value(QStringLiteral("result"));
-    if (!selected.canConvert<SelectedGoods>())
-        return std::nullopt;
-    return selected.value<SelectedGoods>();
+    const bool isPicked =
+        m_picked.receipt && m_picked.receipt == m_sale.receipt() && m_picked.medicineInfo == medicineInfo;
+    return isPicked ? std::optional(m_picked.goods) : std::nullopt;
 }

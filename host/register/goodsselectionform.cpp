@@ -59,8 +59,21 @@ GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObje
     connect(m_filter, &QLineEdit::textChanged, this, &GoodsSelectionForm::onFilterChanged);
     m_filter->setText(params.filter);
     onFilterChanged(params.filter);
-    if (params.filter.isEmpty())
+    if (params.picked)
+        offerPicked(*params.picked);
+    else if (params.filter.isEmpty())
         offerWanted(params.medicineInfo);
+}
+
+void GoodsSelectionForm::offerPicked(const SelectedGoods& picked)
+{
+    for (int row = 0; row < m_goods.rowCount(); ++row) {
+        if (m_goods.goods(row).code != picked.goods.code)
+            continue;
+        makeCurrent(row);
+        m_packs->setText(QString::number(picked.packs));
+        return;
+    }
 }
 
 /// Makes the goods current that what they are for names: its parts stand between slashes, and a name of goods begins
@@ -72,11 +85,16 @@ void GoodsSelectionForm::offerWanted(const QString& medicineInfo)
             const CatalogueGoods& goods = m_goods.goods(row);
             const QString tradeName = goods.name.section(QLatin1Char(','), 0, 0).trimmed();
             if (goods.isInStock() && tradeName.compare(part.trimmed(), Qt::CaseInsensitive) == 0) {
-                m_table->setCurrentIndex(m_filtered.mapFromSource(m_goods.index(row, GoodsTableModel::Name)));
+                makeCurrent(row);
                 return;
             }
         }
     }
+}
+
+void GoodsSelectionForm::makeCurrent(int row)
+{
+    m_table->setCurrentIndex(m_filtered.mapFromSource(m_goods.index(row, GoodsTableModel::Name)));
 }
 
 void GoodsSelectionForm::setUpTable()

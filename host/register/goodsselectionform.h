@@ -38,7 +38,10 @@ private:
     void setUpPacks();
     void setUpButtons();
     void nameControls();
+    void offerPicked(const SelectedGoods& picked);
     void offerWanted(const QString& medicineInfo);
+    /// @param row of all goods, whatever the filter
+    void makeCurrent(int row);
     /// True when the key, pressed in the field of packs, ended a scan.
     bool endsScanIntoPacks(const QKeyEvent& key);
     /// Tells when no goods are left to choose from, else takes the hint away.

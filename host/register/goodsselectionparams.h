@@ -8,11 +8,14 @@
 #include <QMetaType>
 #include <QString>
 
+#include <optional>
+
 /// What the goods selection offers.
 struct GoodsSelectionParams {
     QList<CatalogueGoods> goods;
-    QString medicineInfo; ///< what the goods are for, shown above the list; empty: nothing
-    QString filter;       ///< stands in the filter line at first
+    QString medicineInfo;                     ///< what the goods are for, shown above the list; empty: nothing
+    QString filter;                           ///< stands in the filter line at first
+    std::optional<SelectedGoods> picked = {}; ///< picked before: current at first, with that many packs
 
     /// The event that shows the goods selection, with these parameters.
     Event toEvent() const;

@@ -8,6 +8,7 @@
 #include "sale.h"
 
 #include <QString>
+#include <QWeakPointer>
 
 #include <optional>
 
@@ -45,9 +46,16 @@ private:
     EContext::Result selectGoods(control::Action& action);
     EContext::Result addSelectedGoods(control::Action& action);
     EContext::Result addGoods(control::Action& action);
-    std::optional<SelectedGoods> letSelect(const QString& nonProprietaryName, const QString& medicineInfo,
-                                           const QString& filter) const;
+    std::optional<SelectedGoods> pickedBefore(const QString& medicineInfo) const;
+
+    /// Goods picked for a medicine that are not on the receipt yet. Whoever went back and picks again finds them so.
+    struct PickedGoods {
+        QWeakPointer<Receipt> receipt;
+        QString medicineInfo;
+        SelectedGoods goods;
+    };
 
     Sale& m_sale;
     const GoodsCatalogue& m_catalogue;
+    PickedGoods m_picked;
 };

@@ -43,6 +43,76 @@ TEST_F(Commands, selectGoods_offersThoseOfTheNameAndWritesTheResult)
     EXPECT_TRUE(witness.seen.isEmpty()) << "choosing opens no receipt";
 }
 
+/// Picks goods for a medicine as a cashier does, and keeps what stood there at first.
+class PickedGoods : public Commands
+{
+protected:
+    /// @param packs typed into their field; empty: taken as they stand
+    void pick(const QString& medicineInfo, int row = -1, const QString& packs = {})
+    {
+        cashier.onForm(QStringLiteral("goodsSelectionForm"), [=, this](QWidget& root) {
+            auto* table = root.findChild<QAbstractItemView*>(QStringLiteral("goodsTable"));
+            auto* field = root.findChild<QLineEdit*>(QStringLiteral("quantityLineEdit"));
+            currentRow = table->currentIndex().row();
+            packsAtFirst = field->text();
+            if (row >= 0)
+                table->setCurrentIndex(table->model()->index(row, 0));
+            if (!packs.isEmpty())
+                field->setText(packs);
+            press(root, "okButton");
+        });
+        EXPECT_EQ(run(control::SelectGoods, {{QStringLiteral("filterByInn"), QStringLiteral("Амоксициллин")},
+                                             {QStringLiteral("medicineInfo"), medicineInfo}}),
+                  EContext::GoOn);
+    }
+
+    int currentRow = -1;
+    QString packsAtFirst;
+    const QString medicine = QStringLiteral("Амоксициллин / / 30");
+};
+
+TEST_F(PickedGoods, pickedAgainForTheSameMedicine_standThereWithTheirPacks)
+{
+    sale->open();
+    pick(medicine, 2, QStringLiteral("3"));
+    const QString code = action.value(QStringLiteral("result")).value<SelectedGoods>().goods.code;
+    pick(medicine);
+    EXPECT_EQ(currentRow, 2);
+    EXPECT_EQ(packsAtFirst, QStringLiteral("3"));
+    const auto again = action.value(QStringLiteral("result")).value<SelectedGoods>();
+    EXPECT_EQ(again.goods.code, code);
+    EXPECT_EQ(again.packs, 3);
+}
+
+TEST_F(PickedGoods, anotherMedicine_beginsWithOnePack)
+{
+    sale->open();
+    pick(medicine, 2, QStringLiteral("3"));
+    pick(QStringLiteral("Амоксициллин / / 60"));
+    EXPECT_EQ(currentRow, 0);
+    EXPECT_EQ(packsAtFirst, QStringLiteral("1"));
+}
+
+TEST_F(PickedGoods, theyAreOnTheReceipt_theNextBeginWithOnePack)
+{
+    sale->open();
+    pick(medicine, 2, QStringLiteral("3"));
+    EXPECT_EQ(run(control::AddSelectedGoods, {{QStringLiteral("result"), action.value(QStringLiteral("result"))}}),
+              EContext::GoOn);
+    pick(medicine);
+    EXPECT_EQ(packsAtFirst, QStringLiteral("1"));
+}
+
+TEST_F(PickedGoods, nextReceipt_beginsWithOnePack)
+{
+    sale->open();
+    pick(medicine, 2, QStringLiteral("3"));
+    ASSERT_TRUE(sale->cancel());
+    sale->open();
+    pick(medicine);
+    EXPECT_EQ(packsAtFirst, QStringLiteral("1"));
+}
+
 TEST_F(Commands, selectGoodsCancelled_stopsWithoutAResult)
 {
     cashier.onForm(QStringLiteral("goodsSelectionForm"), [](QWidget& root) { press(root, "cancelButton"); });
