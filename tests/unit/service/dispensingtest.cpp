@@ -111,7 +111,7 @@ TEST_F(Dispensing, positionsNotDue_keepTheirTextByteForByte)
     const QList<const char*> texts = {R"({ "status" : "dispensed" })", R"({"status": "Canceled"})", R"({"status": ""})",
                                       R"({"status": null})", R"({"status": 1})"};
     for (const char* text : texts)
-        addPosition(receipt->positions.size() + 1, text);
+        addPosition(int(receipt->positions.size()) + 1, text);
     const auto untagged = addPosition(9);
     untagged->setExtendedOptions("not JSON");
 
