@@ -85,8 +85,11 @@ function(add_project_test NAME)
 endfunction()
 
 # add_project_benchmark(NAME SOURCES file... [LIBRARIES lib...])
+#
+# A program of Google Benchmark; the target benchmarks builds them all.
 function(add_project_benchmark NAME)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LIBRARIES")
     add_executable(${NAME} ${ARG_SOURCES})
     target_link_libraries(${NAME} PRIVATE benchmark::benchmark ${ARG_LIBRARIES})
+    add_dependencies(benchmarks ${NAME})
 endfunction()
