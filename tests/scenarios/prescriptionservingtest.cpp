@@ -109,8 +109,6 @@ namespace
 struct ServingStep {
     const char* name;
     QByteArray way;
-
-    friend std::ostream& operator<<(std::ostream& stream, const ServingStep& step) { return stream << step.name; }
 };
 
 const ServingStep servingSteps[] = {
