@@ -147,8 +147,8 @@ void ElectronicPrescriptionService::fillElectronicPrescription(
 void ElectronicPrescriptionService::fillPayingElectronicPrescriptionOrganization(
     const QJsonObject& organization, QSharedPointer<PayingElectronicPrescriptionOrganization>& result) const
 {
-    result = QSharedPointer<PayingElectronicPrescriptionOrganization>::create(text(organization, "id"_L1),
-                                                                              text(organization, "name"_L1));
+    result = QSharedPointer<PayingElectronicPrescriptionOrganization>(
+        new PayingElectronicPrescriptionOrganization(text(organization, "id"_L1), text(organization, "name"_L1)));
 }
 
 QString ElectronicPrescriptionService::getPatientOrPractitionerName(const QJsonObject& name) const
