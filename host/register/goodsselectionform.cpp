@@ -195,7 +195,7 @@ void GoodsSelectionForm::onChoose()
     const std::optional<int> packs = typedPacks();
     if (!packs) {
         showHint(tr::Tr(QStringLiteral("goodsSelectionPacksMissing"),
-                        QStringLiteral("Введите количество упаковок от 1 до %1."))
+                        QStringLiteral("Введите целое количество упаковок от 1 до %1."))
                      .arg(QString::number(mostPacks)));
         m_packs->setFocus();
         m_packs->selectAll();

@@ -137,8 +137,8 @@ The receipt itself is saved. Free disk space or check access to the data folder,
         <translation>Nothing was found for “%1”. Change the search.</translation>
     </message>
     <message id="goodsSelectionPacksMissing">
-        <source>Введите количество упаковок от 1 до %1.</source>
-        <translation>Enter the number of packs, 1 to %1.</translation>
+        <source>Введите целое количество упаковок от 1 до %1.</source>
+        <translation>Enter a whole number of packs, 1 to %1.</translation>
     </message>
     <message id="goodsSelectionStock">
         <source>На остатке %1 уп., запрошено %2. Уменьшите количество или выберите другой товар.</source>

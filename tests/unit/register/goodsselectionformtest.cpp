@@ -216,7 +216,7 @@ TEST_F(GoodsSelection, packsEmpty_asksForThem)
     press(Qt::Key_Return);
     EXPECT_TRUE(answers().isEmpty());
     EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("quantityLineEdit"));
-    EXPECT_EQ(hint(), QStringLiteral("Введите количество упаковок от 1 до 999."));
+    EXPECT_EQ(hint(), QStringLiteral("Введите целое количество упаковок от 1 до 999."));
 }
 
 TEST_F(GoodsSelection, packsAreNoWholeNumber_areLeftStandingAndAskedForAgain)
@@ -230,7 +230,7 @@ TEST_F(GoodsSelection, packsAreNoWholeNumber_areLeftStandingAndAskedForAgain)
         press(Qt::Key_Return);
         EXPECT_TRUE(answers().isEmpty()) << qPrintable(typed);
         EXPECT_EQ(packs->text(), typed);
-        EXPECT_EQ(hint(), QStringLiteral("Введите количество упаковок от 1 до 999."));
+        EXPECT_EQ(hint(), QStringLiteral("Введите целое количество упаковок от 1 до 999."));
     }
 }
 
