@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a screen reader tells of the register's forms in touch mode.
+// What a screen reader tells of the register's forms, in touch mode and without.
 #include "accessiblenames.h"
 #include "documentlistform.h"
 #include "goodsselectionform.h"
@@ -10,12 +10,12 @@
 namespace
 {
 
-class RegisterAccessibleNames : public TillWindow
+class RegisterAccessibleNames : public TillWindow, public ::testing::WithParamInterface<bool>
 {
 protected:
     RegisterAccessibleNames()
     {
-        config.set(QStringLiteral("GUI:touchMode"), QStringLiteral("true"));
+        config.set(QStringLiteral("GUI:touchMode"), GetParam() ? QStringLiteral("true") : QStringLiteral("false"));
         config.set(QStringLiteral("FunctionKeys:keys"), QStringLiteral("newReceiptKey,goodsKey,menuKey,paymentKey"));
     }
 
@@ -32,8 +32,11 @@ protected:
         EXPECT_NE(found, nullptr) << widget;
         return found ? found->accessibleName() : QString();
     }
+    /// Scroll buttons are there in touch mode alone.
     static void expectNamedScrollButtons(const QWidget& form)
     {
+        if (!GetParam())
+            return;
         EXPECT_EQ(nameOf(form, "pageUpButton"), QStringLiteral("На страницу вверх"));
         EXPECT_EQ(nameOf(form, "scrollUpButton"), QStringLiteral("Вверх"));
         EXPECT_EQ(nameOf(form, "scrollDownButton"), QStringLiteral("Вниз"));
@@ -43,14 +46,14 @@ protected:
 
 } // namespace
 
-TEST_F(RegisterAccessibleNames, goodsSelection_everyControlHasOneAndTheScrollButtonsSayWhereTo)
+TEST_P(RegisterAccessibleNames, goodsSelection_everyControlHasOneAndTheScrollButtonsSayWhereTo)
 {
     GoodsSelectionForm form({catalogue.goodsOf({}), {}, {}});
     EXPECT_EQ(controlsWithoutName(shown(form)), "");
     expectNamedScrollButtons(*form.rootWidget());
 }
 
-TEST_F(RegisterAccessibleNames, documentList_everyControlHasOneAndTheScrollButtonsSayWhereTo)
+TEST_P(RegisterAccessibleNames, documentList_everyControlHasOneAndTheScrollButtonsSayWhereTo)
 {
     DocumentListParams params;
     params.documents = [] { return QList<DocumentListParams::Document>(); };
@@ -61,7 +64,7 @@ TEST_F(RegisterAccessibleNames, documentList_everyControlHasOneAndTheScrollButto
     expectNamedScrollButtons(*form.rootWidget());
 }
 
-TEST_F(RegisterAccessibleNames, menu_everyControlHasOne)
+TEST_P(RegisterAccessibleNames, menu_everyControlHasOne)
 {
     const FunctionKey command{
         QStringLiteral("putAsideEntry"), QStringLiteral("Отложить чек"), {}, control::PluginCommand, {}};
@@ -69,7 +72,7 @@ TEST_F(RegisterAccessibleNames, menu_everyControlHasOne)
     EXPECT_EQ(controlsWithoutName(shown(form)), "");
 }
 
-TEST_F(RegisterAccessibleNames, question_everyControlHasOne)
+TEST_P(RegisterAccessibleNames, question_everyControlHasOne)
 {
     QuestionForm form({{tr::undefined, QStringLiteral("Отмена чека")},
                        {tr::undefined, QStringLiteral("Отменить чек № 7?")},
@@ -79,9 +82,12 @@ TEST_F(RegisterAccessibleNames, question_everyControlHasOne)
 }
 
 /// With the sales screen, the function keys, the payment and the lock.
-TEST_F(RegisterAccessibleNames, window_everyControlHasOne)
+TEST_P(RegisterAccessibleNames, window_everyControlHasOne)
 {
     openWindow(QStringLiteral("1"));
     sale->add(article(amoxidar));
     EXPECT_EQ(controlsWithoutName(*window), "");
 }
+
+INSTANTIATE_TEST_SUITE_P(Mode, RegisterAccessibleNames, ::testing::Bool(),
+                         [](const auto& mode) { return mode.param ? "touch" : "keyboard"; });

@@ -326,14 +326,3 @@ TEST_F(DocumentListFormTest, byTouch_fitsTheSmallestScreenAndScrollsByButtons)
         EXPECT_EQ(current(), QStringLiteral("3"));
     });
 }
-
-TEST_F(DocumentListFormTest, everyControl_hasAnAccessibleName)
-{
-    inList([](QWidget& root) {
-        for (const QWidget* control : root.findChildren<QWidget*>()) {
-            if (!control->objectName().startsWith(QLatin1String("qt_")) && control->focusPolicy() & Qt::TabFocus) {
-                EXPECT_FALSE(control->accessibleName().isEmpty()) << qPrintable(control->objectName());
-            }
-        }
-    });
-}

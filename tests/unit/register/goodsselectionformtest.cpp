@@ -308,15 +308,6 @@ TEST_F(GoodsSelection, withoutTouch_theirWidgetsAreGone)
         EXPECT_FALSE(widget<QWidget>(name)) << name;
 }
 
-TEST_F(GoodsSelection, everyControl_hasAnAccessibleName)
-{
-    config.set(QStringLiteral("GUI:touchMode"), QStringLiteral("true"));
-    open({});
-    for (const char* name : {"filterLineEdit", "quantityLineEdit", "goodsTable", "okButton", "cancelButton",
-                             "quantityPlusButton", "quantityMinusButton", "talloKeyboard", "scrollUpButton"})
-        EXPECT_FALSE(widget<QWidget>(name)->accessibleName().isEmpty()) << name;
-}
-
 TEST_F(GoodsSelection, nameOfTenThousandCharacters_doesNotWidenTheWindow)
 {
     CatalogueGoods goods;

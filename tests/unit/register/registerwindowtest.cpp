@@ -353,17 +353,6 @@ TEST_F(WindowTest, lockedWithACode_onlyTheCodeUnlocks)
     EXPECT_FALSE(isSeen("lockScreen"));
 }
 
-TEST_F(WindowTest, everyControl_hasAnAccessibleName)
-{
-    openWindow(QStringLiteral("1"));
-    for (const QWidget* control : window->findChildren<QWidget*>()) {
-        const bool isOwn = !control->objectName().startsWith(QLatin1String("qt_"));
-        if (isOwn && control->focusPolicy() & Qt::TabFocus) {
-            EXPECT_FALSE(control->accessibleName().isEmpty()) << qPrintable(control->objectName());
-        }
-    }
-}
-
 TEST_F(WindowTest, nameOfTenThousandCharacters_widensNothing)
 {
     openWindow();
