@@ -38,8 +38,9 @@ void Action::appendArgument(const QVariant& value, const QString& key)
 QVariantMap Action::toMap() const
 {
     QVariantMap map;
-    for (const auto& [key, value] : m_arguments)
+    for (const auto& [key, value] : m_arguments) {
         map.insert(key, value);
+    }
     return map;
 }
 

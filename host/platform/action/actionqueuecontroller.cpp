@@ -14,6 +14,8 @@
 #include <iterator>
 #include <typeinfo>
 
+using namespace Qt::StringLiterals;
+
 template struct Singleton<ActionQueueController>;
 
 namespace
@@ -25,14 +27,13 @@ constexpr std::chrono::milliseconds blockedRetry{20};
 /// What the cashier reads when something other than a BasicException was thrown.
 tr::Tr internalError()
 {
-    return {QStringLiteral("actionInternalError"),
-            QStringLiteral("Действие прервано из-за внутренней ошибки.\n"
-                           "Повторите действие. Если ошибка повторится, обратитесь в службу поддержки.")};
+    return {u"actionInternalError"_s, u"Действие прервано из-за внутренней ошибки.\n"
+                                      "Повторите действие. Если ошибка повторится, обратитесь в службу поддержки."_s};
 }
 
 void logFailure(const QString& description)
 {
-    Log4Qt::LogManager::logger(QStringLiteral("action"))->error(description);
+    Log4Qt::LogManager::logger(u"action"_s)->error(description);
 }
 
 /// Logs the exception that is being handled and returns its text for the cashier. Of a BasicException only the key is
@@ -42,13 +43,13 @@ tr::Tr reportCaughtException()
     try {
         throw;
     } catch (const BasicException& exception) {
-        logFailure(QStringLiteral("Stopped by an exception with the message ") + exception.tr().key());
+        logFailure(u"Stopped by an exception with the message "_s + exception.tr().key());
         return exception.tr();
     } catch (const std::exception& exception) {
-        logFailure(QStringLiteral("Stopped by ") + QString::fromLatin1(typeid(exception).name()) +
-                   QStringLiteral(": ") + QString::fromUtf8(exception.what()));
+        logFailure(u"Stopped by "_s + QString::fromLatin1(typeid(exception).name()) + u": "_s +
+                   QString::fromUtf8(exception.what()));
     } catch (...) {
-        logFailure(QStringLiteral("Stopped by an exception of unknown type"));
+        logFailure(u"Stopped by an exception of unknown type"_s);
     }
     return internalError();
 }
@@ -56,7 +57,7 @@ tr::Tr reportCaughtException()
 void tellCashier(const tr::Tr& message)
 {
     try {
-        MockFactory<Dialog>::create()->showMessage(message, Dialog::Error, 1, 0);
+        Dialog::create()->showMessage(message, Dialog::Error, 1, 0);
     } catch (...) {
         reportCaughtException();
     }
@@ -102,10 +103,11 @@ void ActionQueueController::enqueue(const control::Action& action, bool immediat
         Singleton<GraphicalUserInterface>::get()->answer(action);
         return;
     }
-    if (immediately)
+    if (immediately) {
         m_queue.prepend(action);
-    else
+    } else {
         m_queue.append(action);
+    }
     scheduleNext();
 }
 
@@ -117,17 +119,20 @@ EContext::Result ActionQueueController::execute(control::Action& action)
     }
     const EContext::Code here = context();
     const auto& allowed = action.getAllowContexts();
-    if (InputBlocker::isActive() || (!allowed.isEmpty() && !allowed.contains(here)))
+    if (InputBlocker::isActive() || (!allowed.isEmpty() && !allowed.contains(here))) {
         return EContext::Stop;
+    }
     const HostFunction handler = handlerOf(here, action.getType());
-    if (!handler)
+    if (!handler) {
         return EContext::NotFound;
+    }
 
     const QPointer<ActionQueueController> self(this); // whatever runs below may delete the controller
     const Finally leaving = enterAction();
     const auto frame = m_hostFrames.find(action.getType());
-    if (frame == m_hostFrames.end())
+    if (frame == m_hostFrames.end()) {
         return runCourse(here, action, handler);
+    }
     return guarded([&, around = frame->second] {
         return around(action, [&] { return self ? runCourse(here, action, handler) : EContext::Stop; });
     });
@@ -139,13 +144,15 @@ EContext::Result ActionQueueController::runCourse(EContext::Code context, contro
     const QPointer<ActionQueueController> self(this);
     const EContext::Result permission = runTriggersBefore(context, action);
     if (permission != EContext::GoOn || !self) {
-        if (self)
+        if (self) {
             emit refused(action, permission);
+        }
         return permission;
     }
     const EContext::Result outcome = guarded([&] { return handler(action); });
-    if (self)
+    if (self) {
         runTriggersAfter(context, action, outcome);
+    }
     return outcome;
 }
 
@@ -205,14 +212,16 @@ bool ActionQueueController::isBusy() const
 
 void ActionQueueController::scheduleNext(std::chrono::milliseconds delay)
 {
-    if (!m_next.isActive() && m_depth == 0 && !m_queue.isEmpty())
+    if (!m_next.isActive() && m_depth == 0 && !m_queue.isEmpty()) {
         m_next.start(delay);
+    }
 }
 
 void ActionQueueController::runNext()
 {
-    if (m_depth > 0 || m_queue.isEmpty())
+    if (m_depth > 0 || m_queue.isEmpty()) {
         return;
+    }
     if (InputBlocker::isActive()) {
         scheduleNext(blockedRetry);
         return;
@@ -226,18 +235,20 @@ Finally ActionQueueController::enterAction()
 {
     ++m_depth;
     return Finally([self = QPointer<ActionQueueController>(this)] {
-        if (self)
+        if (self) {
             self->leaveAction();
+        }
     });
 }
 
 void ActionQueueController::leaveAction()
 {
     --m_depth;
-    if (isBusy())
+    if (isBusy()) {
         scheduleNext();
-    else
+    } else {
         emit idle();
+    }
 }
 
 ActionQueueController::HostFunction ActionQueueController::handlerOf(EContext::Code context,
@@ -245,12 +256,14 @@ ActionQueueController::HostFunction ActionQueueController::handlerOf(EContext::C
 {
     for (const std::optional<EContext::Code>& place : {std::optional(context), std::optional<EContext::Code>()}) {
         const auto found = m_hostHandlers.find({place, type});
-        if (found != m_hostHandlers.end())
+        if (found != m_hostHandlers.end()) {
             return found->second;
+        }
     }
     for (const ActionHandler& candidate : m_handlers) {
-        if (candidate.enabled && candidate.context == context && candidate.actionType == type)
+        if (candidate.enabled && candidate.context == context && candidate.actionType == type) {
             return candidate.handler;
+        }
     }
     return {};
 }
@@ -270,8 +283,9 @@ EContext::Result ActionQueueController::runTriggersBefore(EContext::Code context
 {
     for (const ActionTrigger& trigger : triggersOf(ActionTrigger::Before, context, action.getType())) {
         const EContext::Result permission = guarded([&] { return trigger.handler(action); });
-        if (permission != EContext::GoOn)
+        if (permission != EContext::GoOn) {
             return permission;
+        }
     }
     return EContext::GoOn;
 }
@@ -280,7 +294,8 @@ void ActionQueueController::runTriggersAfter(EContext::Code context, const contr
                                              EContext::Result outcome)
 {
     for (const ActionTrigger& trigger : triggersOf(ActionTrigger::After, context, action.getType())) {
-        if (waitsFor(trigger.result, outcome))
+        if (waitsFor(trigger.result, outcome)) {
             guarded([&] { return trigger.handler(action); });
+        }
     }
 }

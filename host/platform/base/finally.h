@@ -16,8 +16,9 @@ public:
     }
     ~Finally()
     {
-        if (m_function)
+        if (m_function) {
             m_function();
+        }
     }
     Finally(const Finally&) = delete;
     Finally& operator=(const Finally&) = delete;

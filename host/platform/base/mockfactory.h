@@ -16,8 +16,9 @@ template <typename T>
 struct MockFactory {
     static QSharedPointer<T> create()
     {
-        if (mocked)
+        if (mocked) {
             return mocked();
+        }
         return QSharedPointer<T>(new T());
     }
 

@@ -16,8 +16,9 @@ struct Singleton {
 
     static T* get()
     {
-        if (!instance)
+        if (!instance) {
             instance = new T();
+        }
         return instance;
     }
 };

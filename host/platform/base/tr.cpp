@@ -12,8 +12,9 @@ namespace
 /// The catalogue's text for a key; empty when no catalogue has it.
 QString translation(const QString& key)
 {
-    if (key.isEmpty() || key == undefined)
+    if (key.isEmpty() || key == undefined) {
         return {};
+    }
     const QString found = qtTrId(key.toUtf8().constData());
     return found == key ? QString() : found;
 }
@@ -25,8 +26,9 @@ int placeholderAt(const QString& pattern, qsizetype begin, int& digits)
     digits = 0;
     while (digits < 2 && begin + digits < pattern.size()) {
         const char16_t digit = pattern[begin + digits].unicode();
-        if (digit < u'0' || digit > u'9' || (digits == 0 && digit == u'0'))
+        if (digit < u'0' || digit > u'9' || (digits == 0 && digit == u'0')) {
             break;
+        }
         number = number * 10 + (digit - u'0');
         ++digits;
     }

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 AbstractDocument::AbstractDocument(QObject* parent)
     : QObject(parent)
 {
@@ -40,25 +42,28 @@ QVariant AbstractDocument::getPluginValue(const QString& plugin, const QString& 
 void AbstractDocument::setPluginValue(const QString& plugin, const QString& key, const QVariant& value)
 {
     QVariantMap& values = m_pluginValues[plugin];
-    if (value.isValid())
+    if (value.isValid()) {
         values.insert(key, value);
-    else
+    } else {
         values.remove(key);
-    if (values.isEmpty())
+    }
+    if (values.isEmpty()) {
         m_pluginValues.remove(plugin);
+    }
 }
 
 QJsonObject AbstractDocument::toJson() const
 {
     QJsonArray positions;
-    for (const QSharedPointer<GoodsItem>& position : getPositions())
+    for (const QSharedPointer<GoodsItem>& position : getPositions()) {
         positions.append(position->toJson());
+    }
     QJsonObject plugins;
-    for (auto values = m_pluginValues.cbegin(); values != m_pluginValues.cend(); ++values)
+    for (auto values = m_pluginValues.cbegin(); values != m_pluginValues.cend(); ++values) {
         plugins.insert(values.key(), QJsonObject::fromVariantMap(values.value()));
+    }
     return {
-        {QStringLiteral("format"), formatVersion}, {QStringLiteral("type"), getType()},
-        {QStringLiteral("closed"), isClosed()},    {QStringLiteral("positions"), positions},
-        {QStringLiteral("plugins"), plugins},
+        {u"format"_s, formatVersion}, {u"type"_s, getType()},  {u"closed"_s, isClosed()},
+        {u"positions"_s, positions},  {u"plugins"_s, plugins},
     };
 }

@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -72,8 +74,9 @@ QStringList GoodsItem::getTags() const
 
 void GoodsItem::setTag(const QString& tag)
 {
-    if (!m_tags.contains(tag))
+    if (!m_tags.contains(tag)) {
         m_tags.append(tag);
+    }
 }
 
 QString GoodsItem::getExtendedOptions() const
@@ -99,15 +102,15 @@ void GoodsItem::setSoftCheckId(const QString& id)
 QJsonObject GoodsItem::toJson() const
 {
     return {
-        {QStringLiteral("number"), getNumber()},
-        {QStringLiteral("name"), getName()},
-        {QStringLiteral("price"), getPrice()},
-        {QStringLiteral("minRetailPrice"), getMinRetailPrice()},
-        {QStringLiteral("tmcPrice"), getTmcPrice()},
-        {QStringLiteral("quantity"), getQuantity()},
-        {QStringLiteral("sum"), getSumb()},
-        {QStringLiteral("tags"), QJsonArray::fromStringList(getTags())},
-        {QStringLiteral("extendedOptions"), getExtendedOptions()},
-        {QStringLiteral("softCheckId"), getSoftCheckId()},
+        {u"number"_s, getNumber()},
+        {u"name"_s, getName()},
+        {u"price"_s, getPrice()},
+        {u"minRetailPrice"_s, getMinRetailPrice()},
+        {u"tmcPrice"_s, getTmcPrice()},
+        {u"quantity"_s, getQuantity()},
+        {u"sum"_s, getSumb()},
+        {u"tags"_s, QJsonArray::fromStringList(getTags())},
+        {u"extendedOptions"_s, getExtendedOptions()},
+        {u"softCheckId"_s, getSoftCheckId()},
     };
 }

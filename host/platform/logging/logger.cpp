@@ -3,6 +3,8 @@
 
 #include "logsetup_p.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Log4Qt
 {
 
@@ -18,12 +20,13 @@ QString onOneLine(const QString& message)
         const bool breaks = character.category() == QChar::Other_Control ||
                             character.category() == QChar::Separator_Line ||
                             character.category() == QChar::Separator_Paragraph;
-        if (character == u'\n')
-            line += QStringLiteral("\\n");
-        else if (breaks && character != u'\t')
-            line += QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0'));
-        else
+        if (character == u'\n') {
+            line += u"\\n"_s;
+        } else if (breaks && character != u'\t') {
+            line += u"\\u%1"_s.arg(character.unicode(), 4, 16, QChar(u'0'));
+        } else {
             line += character;
+        }
     }
     return line;
 }

@@ -28,8 +28,9 @@ Logger* LogManager::logger(const QString& name)
     static Loggers loggers;
     const std::lock_guard lock(loggers.mutex);
     std::unique_ptr<Logger>& logger = loggers.byName[name];
-    if (!logger)
+    if (!logger) {
         logger.reset(new Logger(name));
+    }
     return logger.get();
 }
 

@@ -14,6 +14,8 @@
 
 #include <mutex>
 
+using namespace Qt::StringLiterals;
+
 namespace Log4Qt
 {
 
@@ -36,7 +38,7 @@ log4cplus::SharedAppenderPtr defaultAppender(const QString& folder)
         appender = new log4cplus::ConsoleAppender(true, true);
         appender->setThreshold(log4cplus::WARN_LOG_LEVEL);
     } else {
-        const std::string file = QFile::encodeName(folder + QStringLiteral("/register.log")).toStdString();
+        const std::string file = QFile::encodeName(folder + u"/register.log"_s).toStdString();
         appender = new log4cplus::RollingFileAppender(file, logFileSize, keptLogFiles, true, true);
     }
     appender->setLayout(std::make_unique<log4cplus::PatternLayout>("%D{%Y-%m-%d %H:%M:%S.%q} %-5p %c %m%n"));
@@ -46,15 +48,16 @@ log4cplus::SharedAppenderPtr defaultAppender(const QString& folder)
 void setUp()
 {
     log4cplus::Logger root = log4cplus::Logger::getRoot();
-    const QString properties = configured(QStringLiteral("Logging:properties"));
+    const QString properties = configured(u"Logging:properties"_s);
     if (QFileInfo(properties).isFile()) {
         log4cplus::PropertyConfigurator(QFile::encodeName(properties).toStdString()).configure();
         return;
     }
     root.setLogLevel(log4cplus::INFO_LOG_LEVEL);
-    root.addAppender(defaultAppender(configured(QStringLiteral("Logging:folder"))));
-    if (!properties.isEmpty())
+    root.addAppender(defaultAppender(configured(u"Logging:folder"_s)));
+    if (!properties.isEmpty()) {
         root.log(log4cplus::WARN_LOG_LEVEL, "Logging:properties names no file; the default logging is taken");
+    }
 }
 
 } // namespace

@@ -9,6 +9,8 @@
 #include <QSettings>
 #include <QStringDecoder>
 
+using namespace Qt::StringLiterals;
+
 template struct Singleton<Config>;
 
 namespace
@@ -23,20 +25,26 @@ struct IniText {
 IniText inspect(const QString& path)
 {
     const QFileInfo info(path);
-    if (!info.exists())
-        return {false, QStringLiteral("there is no file ") + path};
-    if (!info.isFile())
-        return {false, path + QStringLiteral(" is not a file")};
+    if (!info.exists()) {
+        return {false, u"there is no file "_s + path};
+    }
+    if (!info.isFile()) {
+        return {false, path + u" is not a file"_s};
+    }
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {false, path + QStringLiteral(": ") + file.errorString()};
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {false, path + u": "_s + file.errorString()};
+    }
     const QByteArray bytes = file.readAll();
     QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless); // so that a cut end is an error
     const QString text = decode(bytes);
-    if (decode.hasError() || text.contains(QChar::Null))
-        return {false, path + QStringLiteral(" is not a text in UTF-8")};
+    if (decode.hasError() || text.contains(QChar::Null)) {
+        return {false, path + u" is not a text in UTF-8"_s};
+    }
     if (text.contains(u"@Variant(")) // QSettings would make objects of it, whatever they are
-        return {false, path + QStringLiteral(" has a value that is no text: @Variant(")};
+    {
+        return {false, path + u" has a value that is no text: @Variant("_s};
+    }
     return {bytes.startsWith("\xEF\xBB\xBF"), {}};
 }
 
@@ -45,15 +53,15 @@ IniText inspect(const QString& path)
 QString configKey(const QString& settingsKey)
 {
     const qsizetype slash = settingsKey.lastIndexOf(u'/');
-    if (slash < 0)
-        return QStringLiteral("General:") + settingsKey;
+    if (slash < 0) {
+        return u"General:"_s + settingsKey;
+    }
     return settingsKey.left(slash) + u':' + settingsKey.mid(slash + 1);
 }
 
 void warnAbout(const QString& key, const QString& expected)
 {
-    Log4Qt::LogManager::logger(QStringLiteral("config"))
-        ->warn(key + QStringLiteral(" is not ") + expected + QStringLiteral("; the default is taken"));
+    Log4Qt::LogManager::logger(u"config"_s)->warn(key + u" is not "_s + expected + u"; the default is taken"_s);
 }
 
 } // namespace
@@ -64,15 +72,19 @@ Config::Config(const QString& file)
 {
     const IniText text = inspect(file);
     m_error = text.error;
-    if (!m_error.isEmpty())
+    if (!m_error.isEmpty()) {
         return;
+    }
     const QSettings settings(file, QSettings::IniFormat);
     const QStringList keys = settings.allKeys();
     for (const QString& key : keys) // a value with commas comes as a list
+    {
         m_values.insert(configKey(key), settings.value(key).toStringList().join(u','));
+    }
     // Qt 6.4 reads what follows a byte order mark, but counts the mark itself as a faulty line.
-    if (settings.status() != QSettings::NoError && !text.hasByteOrderMark)
-        m_error = file + QStringLiteral(" has lines that are neither a section nor a key with a value");
+    if (settings.status() != QSettings::NoError && !text.hasByteOrderMark) {
+        m_error = file + u" has lines that are neither a section nor a key with a value"_s;
+    }
 }
 
 Config::~Config() = default;
@@ -80,14 +92,17 @@ Config::~Config() = default;
 bool Config::getBool(const QString& key, bool def) const
 {
     const auto found = m_values.constFind(key);
-    if (found == m_values.constEnd())
+    if (found == m_values.constEnd()) {
         return def;
+    }
     const QString value = found->trimmed().toLower();
-    if (value == u"true" || value == u"yes" || value == u"on" || value == u"1")
+    if (value == u"true" || value == u"yes" || value == u"on" || value == u"1") {
         return true;
-    if (value.isEmpty() || value == u"false" || value == u"no" || value == u"off" || value == u"0")
+    }
+    if (value.isEmpty() || value == u"false" || value == u"no" || value == u"off" || value == u"0") {
         return false;
-    warnAbout(key, QStringLiteral("true or false"));
+    }
+    warnAbout(key, u"true or false"_s);
     return def;
 }
 
@@ -99,13 +114,15 @@ QString Config::getString(const QString& key, const QString& def) const
 int Config::getInt(const QString& key, int def) const
 {
     const auto found = m_values.constFind(key);
-    if (found == m_values.constEnd())
+    if (found == m_values.constEnd()) {
         return def;
+    }
     bool isNumber = false;
     const int number = found->trimmed().toInt(&isNumber);
-    if (isNumber)
+    if (isNumber) {
         return number;
-    warnAbout(key, QStringLiteral("a whole number between -2147483648 and 2147483647"));
+    }
+    warnAbout(key, u"a whole number between -2147483648 and 2147483647"_s);
     return def;
 }
 

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <iterator>
 
+using namespace Qt::StringLiterals;
+
 template struct Singleton<ConnectionFactory>;
 
 namespace
@@ -34,14 +36,13 @@ constexpr ReadOnlyMode readOnlyModes[] = {
 const ReadOnlyMode* readOnlyModeOf(const QString& driver)
 {
     const auto found = std::find_if(std::begin(readOnlyModes), std::end(readOnlyModes),
-                                    [&driver](const auto& mode) { return driver == QLatin1String(mode.driver); });
+                                    [&driver](const auto& mode) { return driver == QLatin1StringView(mode.driver); });
     return found == std::end(readOnlyModes) ? nullptr : found;
 }
 
 void logFailure(const QString& section, const QString& reason)
 {
-    Log4Qt::LogManager::logger(QStringLiteral("database"))
-        ->error(section + QStringLiteral(" cannot be opened: ") + reason);
+    Log4Qt::LogManager::logger(u"database"_s)->error(section + u" cannot be opened: "_s + reason);
 }
 
 /// Opens the connection so that it cannot write; leaves it closed when either does not succeed.
@@ -49,11 +50,11 @@ void openReadOnly(QSqlDatabase& connection, const QString& section)
 {
     const ReadOnlyMode* mode = readOnlyModeOf(connection.driverName());
     if (!mode) {
-        logFailure(section, QStringLiteral("no read-only mode is known for the driver ") + connection.driverName());
+        logFailure(section, u"no read-only mode is known for the driver "_s + connection.driverName());
         return;
     }
     if (connection.databaseName().isEmpty() && connection.hostName().isEmpty()) { // SQLite would make an empty one up
-        logFailure(section, section + QStringLiteral(":name is not set"));
+        logFailure(section, section + u":name is not set"_s);
         return;
     }
     connection.setConnectOptions(QString::fromLatin1(mode->connectOptions));
@@ -73,20 +74,23 @@ void openReadOnly(QSqlDatabase& connection, const QString& section)
 
 ConnectionFactory::~ConnectionFactory()
 {
-    for (auto opened = m_parameters.cbegin(); opened != m_parameters.cend(); ++opened)
+    for (auto opened = m_parameters.cbegin(); opened != m_parameters.cend(); ++opened) {
         QSqlDatabase::removeDatabase(opened.key());
+    }
 }
 
 QSqlDatabase ConnectionFactory::getConnection(const QString& database, const QString& connection)
 {
-    QString section = QStringLiteral("Database");
-    if (!database.isEmpty())
+    QString section = u"Database"_s;
+    if (!database.isEmpty()) {
         section += u'.' + database;
-    const QString name = QStringLiteral("read-only ") + section + u'\n' + connection;
+    }
+    const QString name = u"read-only "_s + section + u'\n' + connection;
 
     const Parameters wanted = configuredParameters(section);
-    if (m_parameters.contains(name) && m_parameters.value(name) != wanted)
+    if (m_parameters.contains(name) && m_parameters.value(name) != wanted) {
         QSqlDatabase::removeDatabase(name);
+    }
     if (!QSqlDatabase::contains(name)) {
         QSqlDatabase added = QSqlDatabase::addDatabase(wanted.driver, name);
         added.setDatabaseName(wanted.name);
@@ -97,8 +101,9 @@ QSqlDatabase ConnectionFactory::getConnection(const QString& database, const QSt
         m_parameters.insert(name, wanted);
     }
     QSqlDatabase found = QSqlDatabase::database(name, false);
-    if (!found.isOpen())
+    if (!found.isOpen()) {
         openReadOnly(found, section);
+    }
     return found;
 }
 
@@ -106,11 +111,11 @@ ConnectionFactory::Parameters ConnectionFactory::configuredParameters(const QStr
 {
     const Config* config = Singleton<Config>::get();
     return {
-        config->getString(section + QStringLiteral(":driver"), QStringLiteral("QSQLITE")),
-        config->getString(section + QStringLiteral(":name")),
-        config->getString(section + QStringLiteral(":host")),
-        config->getInt(section + QStringLiteral(":port"), -1),
-        config->getString(section + QStringLiteral(":user")),
-        config->getString(section + QStringLiteral(":password")),
+        config->getString(section + u":driver"_s, u"QSQLITE"_s),
+        config->getString(section + u":name"_s),
+        config->getString(section + u":host"_s),
+        config->getInt(section + u":port"_s, -1),
+        config->getString(section + u":user"_s),
+        config->getString(section + u":password"_s),
     };
 }

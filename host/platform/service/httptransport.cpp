@@ -67,8 +67,9 @@ void initialise()
 {
     static const CURLcode result = [] {
         struct sigaction current = {};
-        if (sigaction(SIGPIPE, nullptr, &current) == 0 && current.sa_handler == SIG_DFL)
+        if (sigaction(SIGPIPE, nullptr, &current) == 0 && current.sa_handler == SIG_DFL) {
             std::signal(SIGPIPE, SIG_IGN);
+        }
         return curl_global_init(CURL_GLOBAL_DEFAULT);
     }();
     Q_UNUSED(result)
@@ -91,10 +92,11 @@ HeaderList headerLines(const HttpRequest& request)
         hasContentType = hasContentType || name.compare("Content-Type", Qt::CaseInsensitive) == 0;
     }
     append(list, QByteArrayLiteral("Expect:"));
-    if (!hasContentType)
+    if (!hasContentType) {
         append(list, request.method == HttpRequest::Method::Get && !request.body.isEmpty()
                          ? QByteArrayLiteral("Content-Type: application/json")
                          : QByteArrayLiteral("Content-Type:"));
+    }
     return list;
 }
 
@@ -147,8 +149,9 @@ HttpAnswer HttpTransport::exchange(const HttpRequest& request, const QDeadlineTi
     HttpAnswer& answer = exchange.answer;
     answer.error = exchange.isTooLarge ? TransportError::AnswerTooLarge : errorOf(code);
     // The repeated POST that was held back: its first connection broke before an answer came.
-    if (code == CURLE_ABORTED_BY_CALLBACK)
+    if (code == CURLE_ABORTED_BY_CALLBACK) {
         answer.error = TransportError::ConnectionLost;
+    }
     long status = 0;
     curl_easy_getinfo(m_easy.get(), CURLINFO_RESPONSE_CODE, &status);
     answer.status = int(status);
@@ -157,8 +160,9 @@ HttpAnswer HttpTransport::exchange(const HttpRequest& request, const QDeadlineTi
     answer.endsWithConnection = answer.status != statusNoContent && header("Content-Length").isEmpty() &&
                                 !header("Transfer-Encoding").toLower().contains("chunked");
     answer.detail = QString::fromUtf8(exchange.detail.data());
-    if (answer.detail.isEmpty() && code != CURLE_OK)
+    if (answer.detail.isEmpty() && code != CURLE_OK) {
         answer.detail = QString::fromUtf8(curl_easy_strerror(code));
+    }
 
     curl_easy_reset(m_easy.get()); // it must not point to the exchange any more
     m_isBusy = false;
@@ -194,8 +198,9 @@ void HttpTransport::configure(Exchange& exchange)
     if (isPost || !request.body.isEmpty()) {
         curl_easy_setopt(easy, CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t(request.body.size()));
         curl_easy_setopt(easy, CURLOPT_POSTFIELDS, request.body.constData());
-        if (!isPost)
+        if (!isPost) {
             curl_easy_setopt(easy, CURLOPT_CUSTOMREQUEST, "GET");
+        }
     }
     curl_easy_setopt(easy, CURLOPT_PREREQFUNCTION, admitRequest);
     curl_easy_setopt(easy, CURLOPT_PREREQDATA, &exchange);
@@ -238,18 +243,21 @@ CURLcode HttpTransport::perform(const QDeadlineTimer& deadline)
 {
     CURLM* multi = m_multi.get();
     CURLcode code = CURLE_FAILED_INIT;
-    if (curl_multi_add_handle(multi, m_easy.get()) != CURLM_OK)
+    if (curl_multi_add_handle(multi, m_easy.get()) != CURLM_OK) {
         return code;
+    }
     QElapsedTimer sinceEvents;
     sinceEvents.start();
     for (;;) {
         int running = 0;
-        if (curl_multi_perform(multi, &running) != CURLM_OK)
+        if (curl_multi_perform(multi, &running) != CURLM_OK) {
             break;
+        }
         if (running == 0) {
             int left = 0;
-            if (const CURLMsg* message = curl_multi_info_read(multi, &left))
+            if (const CURLMsg* message = curl_multi_info_read(multi, &left)) {
                 code = message->data.result;
+            }
             break;
         }
         if (deadline.hasExpired()) {
@@ -276,8 +284,9 @@ size_t HttpTransport::takeBody(char* data, size_t size, size_t count, void* cont
 {
     auto* exchange = static_cast<Exchange*>(context);
     const size_t bytes = size * count;
-    if (!exchange->count(bytes))
+    if (!exchange->count(bytes)) {
         return CURL_WRITEFUNC_ERROR;
+    }
     exchange->answer.body.append(data, qsizetype(bytes));
     return bytes;
 }
@@ -294,8 +303,9 @@ int HttpTransport::admitRequest(void* context, char* /*serverAddress*/, char* /*
                                 int /*ownPort*/)
 {
     auto* exchange = static_cast<Exchange*>(context);
-    if (exchange->isAdmitted && exchange->request.method == HttpRequest::Method::Post)
+    if (exchange->isAdmitted && exchange->request.method == HttpRequest::Method::Post) {
         return CURL_PREREQFUNC_ABORT;
+    }
     exchange->isAdmitted = true;
     return CURL_PREREQFUNC_OK;
 }
@@ -303,8 +313,9 @@ int HttpTransport::admitRequest(void* context, char* /*serverAddress*/, char* /*
 curl_socket_t HttpTransport::openSocket(void* context, curlsocktype /*purpose*/, curl_sockaddr* address)
 {
     const curl_socket_t socket = ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
-    if (socket >= 0)
+    if (socket >= 0) {
         static_cast<HttpTransport*>(context)->m_sockets.push_back(socket);
+    }
     return socket >= 0 ? socket : CURL_SOCKET_BAD;
 }
 

@@ -9,8 +9,9 @@ LoyaltySystemLayer::~LoyaltySystemLayer() = default;
 
 void LoyaltySystemLayer::recalculate(const QSharedPointer<AbstractDocument>& document)
 {
-    if (document && m_recalculation)
+    if (document && m_recalculation) {
         m_recalculation(*document);
+    }
 }
 
 void LoyaltySystemLayer::setRecalculation(std::function<void(AbstractDocument&)> recalculation)

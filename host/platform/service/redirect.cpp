@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "redirect_p.h"
 
-#include <QLatin1String>
+#include <QLatin1StringView>
 
 #include <algorithm>
 #include <array>
@@ -9,8 +9,8 @@
 namespace
 {
 
-const QLatin1String http("http");
-const QLatin1String https("https");
+const QLatin1StringView http("http");
+const QLatin1StringView https("https");
 
 int portOf(const QUrl& url)
 {
@@ -41,8 +41,9 @@ bool isRedirect(int status)
 QUrl redirectTarget(const QUrl& from, const QByteArray& location)
 {
     const QUrl reference(QString::fromUtf8(location));
-    if (location.isEmpty() || !reference.isValid())
+    if (location.isEmpty() || !reference.isValid()) {
         return {};
+    }
     const QUrl target = from.resolved(reference);
     const bool losesSecurity = from.scheme() == https && target.scheme() == http;
     return isRequestable(target) && !losesSecurity ? target : QUrl();

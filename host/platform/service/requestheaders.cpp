@@ -1,27 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "requestheaders_p.h"
 
-#include <QLatin1String>
+#include <QLatin1StringView>
 
 #include <algorithm>
 #include <array>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
 
 constexpr std::array clientsOwn = {
-    QLatin1String("connection"), QLatin1String("content-length"),    QLatin1String("expect"),
-    QLatin1String("host"),       QLatin1String("transfer-encoding"),
+    "connection"_L1, "content-length"_L1, "expect"_L1, "host"_L1, "transfer-encoding"_L1,
 };
 
-bool is(const QString& name, QLatin1String other)
+bool is(const QString& name, QLatin1StringView other)
 {
     return name.compare(other, Qt::CaseInsensitive) == 0;
 }
 
 bool isTokenCharacter(QChar character)
 {
-    static const QLatin1String punctuation("!#$%&'*+-.^_`|~");
+    static const QLatin1StringView punctuation("!#$%&'*+-.^_`|~");
     const char16_t code = character.unicode();
     return (code >= u'0' && code <= u'9') || (code >= u'a' && code <= u'z') || (code >= u'A' && code <= u'Z') ||
            punctuation.contains(character);
@@ -30,7 +31,7 @@ bool isTokenCharacter(QChar character)
 bool isName(const QString& name)
 {
     return !name.isEmpty() && std::all_of(name.begin(), name.end(), isTokenCharacter) &&
-           std::none_of(clientsOwn.begin(), clientsOwn.end(), [&name](QLatin1String own) { return is(name, own); });
+           std::none_of(clientsOwn.begin(), clientsOwn.end(), [&name](QLatin1StringView own) { return is(name, own); });
 }
 
 bool isValue(const QString& value)
@@ -46,8 +47,9 @@ bool isValue(const QString& value)
 bool areHeadersUsable(const QHash<QString, QString>& headers)
 {
     for (auto header = headers.begin(); header != headers.end(); ++header) {
-        if (!isName(header.key()) || !isValue(header.value()))
+        if (!isName(header.key()) || !isValue(header.value())) {
             return false;
+        }
     }
     return true;
 }
@@ -56,8 +58,9 @@ QHash<QString, QString> headersForOtherOrigin(const QHash<QString, QString>& hea
 {
     QHash<QString, QString> allowed;
     for (auto header = headers.begin(); header != headers.end(); ++header) {
-        if (is(header.key(), QLatin1String("accept")))
+        if (is(header.key(), "accept"_L1)) {
             allowed.insert(header.key(), header.value());
+        }
     }
     return allowed;
 }

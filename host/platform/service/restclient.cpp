@@ -16,6 +16,8 @@
 #include <chrono>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 template struct MockFactory<RestClient>;
 
 namespace
@@ -38,20 +40,23 @@ HttpTransport& sharedTransport()
 /// A request that is made from within an event handler while another one waits goes over a transport of its own.
 HttpAnswer exchange(const HttpRequest& request, const QDeadlineTimer& deadline)
 {
-    if (!sharedTransport().isBusy())
+    if (!sharedTransport().isBusy()) {
         return sharedTransport().exchange(request, deadline);
+    }
     return HttpTransport().exchange(request, deadline);
 }
 
 /// The certificates that the configuration names; nothing when their file cannot be read or is empty.
 std::optional<QByteArray> configuredCertificates()
 {
-    const QString name = Singleton<Config>::get()->getString(QStringLiteral("RestClient:caFile"));
-    if (name.isEmpty())
+    const QString name = Singleton<Config>::get()->getString(u"RestClient:caFile"_s);
+    if (name.isEmpty()) {
         return QByteArray();
+    }
     QFile file(name);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         return std::nullopt;
+    }
     const QByteArray certificates = file.readAll();
     return certificates.isEmpty() ? std::nullopt : std::optional(certificates);
 }
@@ -67,31 +72,37 @@ HttpAnswer refusal(TransportError error)
 void redirect(HttpRequest& request, const QUrl& target, int status)
 {
     const bool leavesOrigin = !isSameOrigin(request.url, target);
-    if (leavesOrigin)
+    if (leavesOrigin) {
         request.headers = headersForOtherOrigin(request.headers);
-    if (leavesOrigin || status == statusSeeOther)
+    }
+    if (leavesOrigin || status == statusSeeOther) {
         request.body.clear();
+    }
     request.url = target;
 }
 
 /// Sends the request, and a GET on to where the server's redirects lead. `request` is then the last one that was sent.
 HttpAnswer send(HttpRequest& request, const QDeadlineTimer& deadline)
 {
-    if (!isRequestable(request.url))
+    if (!isRequestable(request.url)) {
         return refusal(TransportError::AddressNotUsable);
-    if (!areHeadersUsable(request.headers))
+    }
+    if (!areHeadersUsable(request.headers)) {
         return refusal(TransportError::HeaderNotUsable);
+    }
     const std::optional<QByteArray> certificates = configuredCertificates();
-    if (!certificates)
+    if (!certificates) {
         return refusal(TransportError::CertificatesNotReadable);
+    }
     request.certificates = *certificates;
-    request.proxy = Singleton<Config>::get()->getString(QStringLiteral("RestClient:proxy")).toUtf8();
+    request.proxy = Singleton<Config>::get()->getString(u"RestClient:proxy"_s).toUtf8();
 
     for (int redirects = 0;; ++redirects) {
         HttpAnswer answer = exchange(request, deadline);
         if (answer.error != TransportError::None || request.method == Method::Post || !isRedirect(answer.status) ||
-            answer.location.isEmpty())
+            answer.location.isEmpty()) {
             return answer;
+        }
         const QUrl target = redirectTarget(request.url, answer.location);
         if (!target.isValid() || redirects == mostRedirects) {
             answer.error = target.isValid() ? TransportError::TooManyRedirects : TransportError::RedirectRefused;
@@ -111,11 +122,10 @@ bool mayBeCutShort(const HttpAnswer& answer, const QJsonDocument& parsed)
 void logFailure(const HttpRequest& request, const HttpAnswer& answer, int errorCode)
 {
     constexpr auto onlyOrigin = QUrl::RemoveUserInfo | QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment;
-    const QString method = request.method == Method::Post ? QStringLiteral("POST") : QStringLiteral("GET");
+    const QString method = request.method == Method::Post ? u"POST"_s : u"GET"_s;
     const QString reason = answer.detail.isEmpty() ? QString() : u' ' + answer.detail;
-    Log4Qt::LogManager::logger(QStringLiteral("restclient"))
-        ->warn(method + u' ' + request.url.toString(onlyOrigin) + QStringLiteral(" failed: ") +
-               QString::number(errorCode) + reason);
+    Log4Qt::LogManager::logger(u"restclient"_s)
+        ->warn(method + u' ' + request.url.toString(onlyOrigin) + u" failed: "_s + QString::number(errorCode) + reason);
 }
 
 } // namespace
@@ -145,18 +155,20 @@ void RestClient::Private::run(HttpRequest request)
     answer = received.error == TransportError::None ? QJsonDocument::fromJson(received.body) : QJsonDocument();
     if (isPost && !hasFailedStatus && mayBeCutShort(received, answer)) {
         received.error = TransportError::ConnectionLost;
-        received.detail = QStringLiteral("the connection ended before the answer was JSON");
+        received.detail = u"the connection ended before the answer was JSON"_s;
     }
     const bool isWhole = received.error == TransportError::None;
     errorCode = hasFailedStatus ? received.status : int(received.error);
-    if (!isWhole)
+    if (!isWhole) {
         errorText = transportErrorText(received.error, request.url.host(), isPost && received.wasSent);
-    else if (hasFailedStatus)
+    } else if (hasFailedStatus) {
         errorText = httpStatusText(received.status, request.url.host(), isPost);
-    else
+    } else {
         errorText = {};
-    if (errorCode != 0)
+    }
+    if (errorCode != 0) {
         logFailure(request, received, errorCode);
+    }
 }
 
 RestClient::RestClient()
@@ -176,8 +188,9 @@ void RestClient::get(const QUrl& url, const QJsonDocument& body, const QHash<QSt
     HttpRequest request;
     request.url = url;
     request.headers = headers;
-    if (!body.isNull())
+    if (!body.isNull()) {
         request.body = body.toJson(QJsonDocument::Compact);
+    }
     d->run(std::move(request));
 }
 

@@ -10,17 +10,20 @@
 
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 template struct MockFactory<SaveToFileLogic>;
 
-const QString SaveToFileLogic::currentReceiptFile = QStringLiteral("receipt.json");
+const QString SaveToFileLogic::currentReceiptFile = u"receipt.json"_s;
 
 namespace
 {
 
 QString write(const AbstractDocument& document, const QString& folder, const QString& file)
 {
-    if (folder.isEmpty())
-        return tr::Tr(QStringLiteral("saveFolderNotConfigured"), QStringLiteral("в настройках нет Register:data")).ui();
+    if (folder.isEmpty()) {
+        return tr::Tr(u"saveFolderNotConfigured"_s, u"в настройках нет Register:data"_s).ui();
+    }
     return writeWholeFile(folder, file, QJsonDocument(document.toJson()).toJson());
 }
 
@@ -30,20 +33,21 @@ SaveToFileLogic::~SaveToFileLogic() = default;
 
 bool SaveToFileLogic::save(const QSharedPointer<AbstractDocument>& document, const QString& file)
 {
-    if (!document)
+    if (!document) {
         return false;
-    const QString folder = Singleton<Config>::get()->getString(QStringLiteral("Register:data"));
+    }
+    const QString folder = Singleton<Config>::get()->getString(u"Register:data"_s);
     const QString failure = write(*document, folder, file.isEmpty() ? document->fileName() : file);
-    if (failure.isEmpty())
+    if (failure.isEmpty()) {
         return true;
+    }
 
-    Log4Qt::LogManager::logger(QStringLiteral("document"))
-        ->error(QStringLiteral("A document could not be saved in ") + folder + QStringLiteral(": ") + failure);
-    const tr::Tr message(
-        QStringLiteral("saveDocumentError"),
-        QStringLiteral("Документ не сохранён на диск, в силе прежняя запись.\n"
-                       "Папка: %1\nПричина: %2\n"
-                       "Освободите место на диске или проверьте доступ к папке и повторите действие."));
-    MockFactory<Dialog>::create()->showMessage(message.arg(folder).arg(failure), Dialog::Error, 1, 0);
+    Log4Qt::LogManager::logger(u"document"_s)
+        ->error(u"A document could not be saved in "_s + folder + u": "_s + failure);
+    const tr::Tr message(u"saveDocumentError"_s,
+                         u"Документ не сохранён на диск, в силе прежняя запись.\n"
+                         "Папка: %1\nПричина: %2\n"
+                         "Освободите место на диске или проверьте доступ к папке и повторите действие."_s);
+    Dialog::create()->showMessage(message.arg(folder).arg(failure), Dialog::Error, 1, 0);
     return false;
 }

@@ -179,8 +179,9 @@ tr::Tr httpStatusText(int status, const QString& host, bool changesSomething)
         const auto row = std::find_if(statuses.begin(), statuses.end(), [status](const StatusRow& candidate) {
             return candidate.first <= status && status <= candidate.last;
         });
-        if (row != statuses.end())
+        if (row != statuses.end()) {
             text = row->text;
+        }
     }
     return text.tr().arg(host).arg(QString::number(status));
 }

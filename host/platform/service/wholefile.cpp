@@ -13,6 +13,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -20,11 +22,14 @@ namespace
 QString syncFolder(const QString& folder)
 {
     const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
+    if (descriptor < 0) {
         return qt_error_string(errno);
+    }
     const Finally closing([descriptor] { ::close(descriptor); });
     if (::fsync(descriptor) == 0 || errno == EINVAL) // EINVAL: a file system that has no such thing
+    {
         return {};
+    }
     return qt_error_string(errno);
 }
 
@@ -33,26 +38,30 @@ QString replaceFile(const QString& path, const QByteArray& content)
 {
     QSaveFile file(path);
     // Unbuffered: QSaveFile commits a file whose last buffer did not fit on the disk.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         return file.errorString();
+    }
     file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
     for (qint64 written = 0; written < content.size();) {
         const qint64 more = file.write(content.constData() + written, content.size() - written);
-        if (more <= 0)
+        if (more <= 0) {
             return file.errorString();
+        }
         written += more;
     }
     if (::fsync(file.handle()) != 0) // commit() syncs too, but goes on when that fails
+    {
         return qt_error_string(errno);
+    }
     return file.commit() ? QString() : file.errorString();
 }
 
 /// A file name, or one in a subfolder.
 bool isWithinFolder(const QString& file)
 {
-    const QStringList names = file.split(QLatin1Char('/'));
+    const QStringList names = file.split(u'/');
     return names.size() <= 2 && std::none_of(names.cbegin(), names.cend(), [](const QString& name) {
-               return name.isEmpty() || name == QLatin1String(".") || name == QLatin1String("..");
+               return name.isEmpty() || name == "."_L1 || name == ".."_L1;
            });
 }
 
@@ -60,15 +69,18 @@ bool isWithinFolder(const QString& file)
 
 QString writeWholeFile(const QString& folder, const QString& file, const QByteArray& content)
 {
-    if (!QFileInfo(folder).isDir() || !isWithinFolder(file))
+    if (!QFileInfo(folder).isDir() || !isWithinFolder(file)) {
         return qt_error_string(ENOENT);
+    }
     const QString path = QDir(folder).filePath(file);
     const QString subfolder = QFileInfo(path).path();
     if (!QFileInfo(subfolder).isDir()) {
-        if (!QDir().mkdir(subfolder))
+        if (!QDir().mkdir(subfolder)) {
             return qt_error_string(errno);
-        if (QString failure = syncFolder(folder); !failure.isEmpty())
+        }
+        if (QString failure = syncFolder(folder); !failure.isEmpty()) {
             return failure;
+        }
     }
     QString failure = replaceFile(path, content);
     return failure.isEmpty() ? syncFolder(subfolder) : failure;

@@ -6,6 +6,8 @@
 
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace core
 {
 
@@ -22,10 +24,11 @@ BasicDialog::Result BasicDialog::show(bool overPayment, bool silent, QFlags<EInp
 {
     GraphicalUserInterface& gui = *Singleton<GraphicalUserInterface>::get();
     const QSharedPointer<BasicForm> form = gui.createForm(event);
-    if (!form)
-        throw BasicException(tr::Tr(QStringLiteral("formUnknownError"),
-                                    QStringLiteral("Нет формы для события %1\nПроверьте список модулей кассы"))
-                                 .arg(QString::number(event.getCode())));
+    if (!form) {
+        throw BasicException(
+            tr::Tr(u"formUnknownError"_s, u"Нет формы для события %1\nПроверьте список модулей кассы"_s)
+                .arg(QString::number(event.getCode())));
+    }
     if (QWidget* root = form->rootWidget()) {
         root->setProperty("overPayment", overPayment);
         root->setProperty("silent", silent);

@@ -11,6 +11,8 @@
 #include <QStyle>
 #include <QStyleOption>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -36,22 +38,25 @@ BasicDialogForm::BasicDialogForm(QObject* parent)
 void BasicDialogForm::show()
 {
     if (QWidget* root = rootWidget()) {
-        setCustomProperty(QStringLiteral("dialogForm"), true);
+        setCustomProperty(u"dialogForm"_s, true);
         if (root->isWindow()) {
             root->setMaximumSize(smallestScreen);
-            if (root->layout())
+            if (root->layout()) {
                 root->layout()->activate();
+            }
             root->resize(root->sizeHint().boundedTo(smallestScreen));
-        } else if (isModalDialog())
+        } else if (isModalDialog()) {
             new DialogShade(*root);
+        }
     }
     BasicForm::show();
 }
 
 void BasicDialogForm::close()
 {
-    if (QWidget* root = rootWidget())
+    if (QWidget* root = rootWidget()) {
         root->close();
+    }
 }
 
 bool BasicDialogForm::isModalDialog() const
@@ -61,24 +66,28 @@ bool BasicDialogForm::isModalDialog() const
 
 void BasicDialogForm::setCustomProperty(const QString& name, const QVariant& value)
 {
-    if (QWidget* root = rootWidget())
+    if (QWidget* root = rootWidget()) {
         setStyleProperty(*root, name, value);
+    }
 }
 
 void BasicDialogForm::setTitle(const QString& title)
 {
-    if (auto* label = findWidget<QLabel>(QStringLiteral("titleLabel"), false))
+    if (auto* label = findWidget<QLabel>(u"titleLabel"_s, false)) {
         label->setText(title);
-    if (QWidget* root = rootWidget())
+    }
+    if (QWidget* root = rootWidget()) {
         root->setWindowTitle(title);
+    }
 }
 
 void BasicDialogForm::fitMessage(int tallest)
 {
-    auto* area = findWidget<QScrollArea>(QStringLiteral("messageScrollArea"), false);
-    auto* label = findWidget<QLabel>(QStringLiteral("messageLabel"), false);
-    if (!area || !label)
+    auto* area = findWidget<QScrollArea>(u"messageScrollArea"_s, false);
+    auto* label = findWidget<QLabel>(u"messageLabel"_s, false);
+    if (!area || !label) {
         return;
+    }
     label->ensurePolished();
     area->ensurePolished();
     const QSize text = label->sizeHint() + borderOf(*area);

@@ -18,10 +18,12 @@
 #include <QScrollArea>
 #include <QScroller>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
-const QString ownLayouts = QStringLiteral(":/layouts");
+const QString ownLayouts = u":/layouts"_s;
 
 std::function<void(const tr::Tr&)>& uiErrorHandler()
 {
@@ -36,9 +38,11 @@ bool takesFocus(const QWidget& widget, const QWidget& root)
 
 QWidget* firstInTabOrder(QWidget& root)
 {
-    for (QWidget* widget = root.nextInFocusChain(); widget && widget != &root; widget = widget->nextInFocusChain())
-        if (root.isAncestorOf(widget) && takesFocus(*widget, root))
+    for (QWidget* widget = root.nextInFocusChain(); widget && widget != &root; widget = widget->nextInFocusChain()) {
+        if (root.isAncestorOf(widget) && takesFocus(*widget, root)) {
             return widget;
+        }
+    }
     return nullptr;
 }
 
@@ -46,11 +50,14 @@ QWidget* firstInTabOrder(QWidget& root)
 QWidget* initialFocus(QWidget& root)
 {
     const QString name = root.property("initialFocus").toString();
-    if (!name.isEmpty())
-        if (auto* named = root.findChild<QWidget*>(name); named && takesFocus(*named, root))
+    if (!name.isEmpty()) {
+        if (auto* named = root.findChild<QWidget*>(name); named && takesFocus(*named, root)) {
             return named;
-    if (QPushButton* button = defaultButton(root))
+        }
+    }
+    if (QPushButton* button = defaultButton(root)) {
         return button;
+    }
     return firstInTabOrder(root);
 }
 
@@ -80,31 +87,38 @@ BasicForm::~BasicForm()
 
 void BasicForm::show()
 {
-    if (!m_root)
+    if (!m_root) {
         return;
-    if (isTouchMode())
+    }
+    if (isTouchMode()) {
         prepareTouch();
-    if (QWidget* widget = initialFocus(*m_root))
+    }
+    if (QWidget* widget = initialFocus(*m_root)) {
         widget->setFocus();
-    else
+    } else {
         m_root->setFocus();
+    }
 }
 
 void BasicForm::prepareTouch()
 {
-    if (m_touchPrepared)
+    if (m_touchPrepared) {
         return;
+    }
     m_touchPrepared = true;
-    for (QScrollArea* area : m_root->findChildren<QScrollArea*>())
+    for (QScrollArea* area : m_root->findChildren<QScrollArea*>()) {
         QScroller::grabGesture(area->viewport(), QScroller::LeftMouseButtonGesture);
+    }
 
     auto* table = m_root->findChild<TalloTableView*>();
-    if (!table)
+    if (!table) {
         return;
+    }
     for (const ScrollButton& scroll : scrollButtons) {
-        auto* button = m_root->findChild<QAbstractButton*>(QLatin1String(scroll.objectName));
-        if (!button)
+        auto* button = m_root->findChild<QAbstractButton*>(QLatin1StringView(scroll.objectName));
+        if (!button) {
             continue;
+        }
         button->setFocusPolicy(Qt::NoFocus);
         button->setAutoRepeat(true);
         connect(button, &QAbstractButton::clicked, table, [table, key = scroll.key] {
@@ -122,18 +136,18 @@ bool BasicForm::expectsScans() const
 
 bool BasicForm::isTouchMode()
 {
-    return Singleton<Config>::get()->getBool(QStringLiteral("GUI:touchMode"), false);
+    return Singleton<Config>::get()->getBool(u"GUI:touchMode"_s, false);
 }
 
 QString BasicForm::layoutPath(const QString& name)
 {
-    QStringList folders =
-        Singleton<Config>::get()->getString(QStringLiteral("GUI:layouts")).split(u':', Qt::SkipEmptyParts);
+    QStringList folders = Singleton<Config>::get()->getString(u"GUI:layouts"_s).split(u':', Qt::SkipEmptyParts);
     folders.append(ownLayouts);
     for (const QString& folder : folders) {
         QString path = folder + u'/' + name;
-        if (QFileInfo::exists(path))
+        if (QFileInfo::exists(path)) {
             return path;
+        }
     }
     return {};
 }
@@ -153,74 +167,85 @@ void BasicForm::loadUI(const QString& name)
     QFile file(path.isEmpty() ? name : path);
     QString reason;
     if (path.isEmpty()) {
-        reason = tr::Tr(QStringLiteral("formUiMissing"), QStringLiteral("файла нет")).ui();
+        reason = tr::Tr(u"formUiMissing"_s, u"файла нет"_s).ui();
     } else if (!file.open(QIODevice::ReadOnly)) {
         reason = file.errorString();
     } else {
         LayoutLoader loader;
         m_root = loader.load(&file);
-        if (!m_root)
+        if (!m_root) {
             reason = loader.errorString();
+        }
     }
     const bool isLoaded = !m_root.isNull();
-    if (!isLoaded)
+    if (!isLoaded) {
         m_root = new QWidget;
+    }
     (new FormGuard(*this))->watch(*m_root);
-    if (!isLoaded)
-        findUIError(
-            tr::Tr(QStringLiteral("formUiLoadError"),
-                   QStringLiteral("Не удалось загрузить форму '%1': %2\nПроверьте папки форм в настройках кассы"))
-                .arg(file.fileName())
-                .arg(reason));
+    if (!isLoaded) {
+        findUIError(tr::Tr(u"formUiLoadError"_s,
+                           u"Не удалось загрузить форму '%1': %2\nПроверьте папки форм в настройках кассы"_s)
+                        .arg(file.fileName())
+                        .arg(reason));
+    }
 }
 
 void BasicForm::deleteWidgets(const QStringList& names)
 {
-    if (!m_root)
+    if (!m_root) {
         return;
+    }
     for (const QString& name : names) {
         m_found.remove(name);
-        while (QWidget* widget = m_root->findChild<QWidget*>(name))
+        while (QWidget* widget = m_root->findChild<QWidget*>(name)) {
             delete widget;
+        }
     }
 }
 
 void BasicForm::setAccessibleNames(const QList<std::pair<QString, tr::Tr>>& names)
 {
-    for (const auto& [widget, name] : names)
-        if (auto* control = findWidget<QWidget>(widget, false))
+    for (const auto& [widget, name] : names) {
+        if (auto* control = findWidget<QWidget>(widget, false)) {
             control->setAccessibleName(name.ui());
+        }
+    }
 }
 
 QList<QWidget*> BasicForm::findWidgets(const QString& name, bool visibleOnly, QWidget* root) const
 {
     QWidget* const top = root ? root : m_root.data();
-    if (!top)
+    if (!top) {
         return {};
+    }
     QList<QWidget*> widgets = top->findChildren<QWidget*>(name);
-    if (top->objectName() == name)
+    if (top->objectName() == name) {
         widgets.prepend(top);
-    if (visibleOnly)
+    }
+    if (visibleOnly) {
         widgets.removeIf([](const QWidget* widget) { return !widget->isVisible(); });
+    }
     return widgets;
 }
 
 void BasicForm::findUIError(const tr::Tr& error) const
 {
-    if (!uiErrorHandler())
+    if (!uiErrorHandler()) {
         throw BasicException(error);
+    }
     uiErrorHandler()(error);
 }
 
 QWidget* BasicForm::lookUp(const QString& name, bool required)
 {
-    if (QWidget* known = m_found.value(name))
+    if (QWidget* known = m_found.value(name)) {
         return known;
+    }
     const QList<QWidget*> widgets = findWidgets(name, false);
     if (widgets.isEmpty()) {
-        if (required)
-            findUIError(
-                tr::Tr(QStringLiteral("formUiWidgetNotFoundError"), QStringLiteral("Не найден виджет %1")).arg(name));
+        if (required) {
+            findUIError(tr::Tr(u"formUiWidgetNotFoundError"_s, u"Не найден виджет %1"_s).arg(name));
+        }
         return nullptr;
     }
     m_found.insert(name, widgets.first());
@@ -229,9 +254,9 @@ QWidget* BasicForm::lookUp(const QString& name, bool required)
 
 void BasicForm::reportCast(const QString& name, const QWidget* found, const char* wanted) const
 {
-    findUIError(tr::Tr(QStringLiteral("formUiWidgetCastError"),
-                       QStringLiteral("Ошибка загрузки виджета '%1'. Не удалось '%2' привести к типу '%3'"))
-                    .arg(name)
-                    .arg(QLatin1String(found->metaObject()->className()))
-                    .arg(QLatin1String(wanted)));
+    findUIError(
+        tr::Tr(u"formUiWidgetCastError"_s, u"Ошибка загрузки виджета '%1'. Не удалось '%2' привести к типу '%3'"_s)
+            .arg(name)
+            .arg(QLatin1StringView(found->metaObject()->className()))
+            .arg(QLatin1StringView(wanted)));
 }

@@ -79,8 +79,9 @@ protected:
     {
         QWidget* widget = lookUp(name, required);
         T* typed = qobject_cast<T*>(widget);
-        if (widget && !typed && required)
+        if (widget && !typed && required) {
             reportCast(name, widget, T::staticMetaObject.className());
+        }
         return typed;
     }
 

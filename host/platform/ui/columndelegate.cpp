@@ -9,6 +9,8 @@
 #include <QRegularExpression>
 #include <QToolTip>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -20,7 +22,7 @@ constexpr double readableContrast = 4.5;
 /// A number with decimals, such as "12.000"; whole numbers may as well be codes.
 bool isDecimal(const QString& text)
 {
-    static const QRegularExpression decimal(QStringLiteral("\\A-?\\d+[.,]\\d+\\z"));
+    static const QRegularExpression decimal(u"\\A-?\\d+[.,]\\d+\\z"_s);
     return decimal.match(text).hasMatch();
 }
 
@@ -28,8 +30,9 @@ bool isDecimal(const QString& text)
 QColor readableOn(const QColor& ground, QColor colour)
 {
     constexpr int slightlyDarker = 110; // per cent
-    while (RegisterColours::contrast(colour, ground) < readableContrast && colour.value() > 0)
+    while (RegisterColours::contrast(colour, ground) < readableContrast && colour.value() > 0) {
         colour = colour.darker(slightlyDarker);
+    }
     return colour;
 }
 
@@ -43,8 +46,9 @@ QSize ColumnDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelI
 bool ColumnDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                                const QModelIndex& index)
 {
-    if (event->type() != QEvent::ToolTip || index.data(Qt::ToolTipRole).isValid())
+    if (event->type() != QEvent::ToolTip || index.data(Qt::ToolTipRole).isValid()) {
         return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
 
     const bool isCut = QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
     const QString text = isCut ? index.data().toString().left(longestToolTip) : QString();
@@ -58,11 +62,14 @@ void ColumnDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelI
     QStyledItemDelegate::initStyleOption(option, index);
     option->text.replace(u'\n', u' ').replace(QChar::LineSeparator, u' ');
     option->textElideMode = Qt::ElideRight;
-    if (const QVariant foreground = index.data(Qt::ForegroundRole); foreground.canConvert<QBrush>())
+    if (const QVariant foreground = index.data(Qt::ForegroundRole); foreground.canConvert<QBrush>()) {
         option->palette.setColor(QPalette::HighlightedText,
                                  readableOn(RegisterColours().selection, foreground.value<QBrush>().color()));
-    if (const auto alignment = m_alignments.constFind(index.column()); alignment != m_alignments.cend())
+    }
+    if (const auto alignment = m_alignments.constFind(index.column()); alignment != m_alignments.cend()) {
         option->displayAlignment = *alignment;
-    if (!(option->displayAlignment & Qt::AlignHorizontal_Mask))
+    }
+    if (!(option->displayAlignment & Qt::AlignHorizontal_Mask)) {
         option->displayAlignment |= isDecimal(option->text) ? Qt::AlignRight : Qt::AlignLeft;
+    }
 }

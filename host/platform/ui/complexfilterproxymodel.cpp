@@ -8,10 +8,11 @@ ComplexFilterProxyModel::ComplexFilterProxyModel(QObject* parent)
 
 void ComplexFilterProxyModel::addFilter(int column, const QString& text, FilterMode mode)
 {
-    if (text.isEmpty())
+    if (text.isEmpty()) {
         m_filters.remove(column);
-    else
+    } else {
         m_filters.insert(column, {QStringMatcher(text, Qt::CaseInsensitive), mode});
+    }
     // One change of the layout, however scattered the rows are that come and go: told one by one, they would cost a
     // view many times the filtering.
     invalidate();
@@ -21,8 +22,9 @@ bool ComplexFilterProxyModel::filterAcceptsRow(int sourceRow, const QModelIndex&
 {
     for (auto filter = m_filters.cbegin(); filter != m_filters.cend(); ++filter) {
         const QString text = sourceModel()->index(sourceRow, filter.key(), sourceParent).data().toString();
-        if (!filter->accepts(text))
+        if (!filter->accepts(text)) {
             return false;
+        }
     }
     return true;
 }

@@ -5,8 +5,10 @@
 
 QPushButton* defaultButton(const QWidget& root)
 {
-    for (QPushButton* button : root.findChildren<QPushButton*>())
-        if (button->isDefault() && button->isEnabled() && button->isVisibleTo(&root))
+    for (QPushButton* button : root.findChildren<QPushButton*>()) {
+        if (button->isDefault() && button->isEnabled() && button->isVisibleTo(&root)) {
             return button;
+        }
+    }
     return nullptr;
 }

@@ -3,6 +3,8 @@
 
 #include <QVariantMap>
 
+using namespace Qt::StringLiterals;
+
 template struct MockFactory<Dialog>;
 
 Dialog::~Dialog() = default;
@@ -10,19 +12,20 @@ Dialog::~Dialog() = default;
 void Dialog::showMessage(const tr::Tr& text, int kind, int sound, int seconds)
 {
     Event event(EActivityListener::ShowMessage);
-    event.addArgument(QStringLiteral("message"), QVariant::fromValue(text))
-        .addArgument(QStringLiteral("kind"), kind)
-        .addArgument(QStringLiteral("seconds"), seconds);
+    event.addArgument(u"message"_s, QVariant::fromValue(text))
+        .addArgument(u"kind"_s, kind)
+        .addArgument(u"seconds"_s, seconds);
     core::BasicDialog().show(false, sound == 0, EInput::Keyboard, event);
 }
 
 core::BasicDialog::Result Dialog::showTextInput(const TextInputParams& params)
 {
     Event event(EActivityListener::ShowTextInput);
-    event.addArgument(QStringLiteral("params"), QVariant::fromValue(params));
+    event.addArgument(u"params"_s, QVariant::fromValue(params));
     const core::BasicDialog::Result result =
         core::BasicDialog().show(false, false, {EInput::Keyboard, EInput::Scanner}, event);
-    if (result.canceled())
+    if (result.canceled()) {
         return {{}, true};
-    return {result.getData().toMap().value(QStringLiteral("data")).toString()};
+    }
+    return {result.getData().toMap().value(u"data"_s).toString()};
 }

@@ -43,32 +43,37 @@ void DialogEventFilter::setTableView(TalloTableView* view)
         disconnect(m_tableView, nullptr, this, nullptr);
     }
     m_tableView = view;
-    if (!view)
+    if (!view) {
         return;
+    }
     view->installEventFilter(this);
     connect(view, &QAbstractItemView::doubleClicked, this, &DialogEventFilter::ok);
 }
 
 void DialogEventFilter::setLineEdit(TalloLineEdit* edit)
 {
-    if (m_lineEdit)
+    if (m_lineEdit) {
         m_lineEdit->removeEventFilter(this);
+    }
     m_lineEdit = edit;
-    if (edit)
+    if (edit) {
         edit->installEventFilter(this);
+    }
 }
 
 bool DialogEventFilter::eventFilter(QObject* watched, QEvent* event)
 {
     auto* widget = qobject_cast<QWidget*>(watched);
-    if (!widget)
+    if (!widget) {
         return false;
+    }
     if (event->type() == QEvent::Close) {
         event->ignore();
         return cancelHeard();
     }
-    if (event->type() != QEvent::KeyPress)
+    if (event->type() != QEvent::KeyPress) {
         return false;
+    }
 
     auto& key = *static_cast<QKeyEvent*>(event);
     switch (key.key()) {
@@ -80,8 +85,9 @@ bool DialogEventFilter::eventFilter(QObject* watched, QEvent* event)
     default:
         break;
     }
-    if (watched == m_lineEdit && m_tableView && isPlain(key) && movesRow(key.key()))
+    if (watched == m_lineEdit && m_tableView && isPlain(key) && movesRow(key.key())) {
         return passOn(key, *m_tableView);
+    }
     if (watched == m_tableView && m_lineEdit && m_lineEdit->isEnabled() && !m_lineEdit->isReadOnly() && isTyping(key)) {
         m_lineEdit->setFocus();
         return passOn(key, *m_lineEdit);
@@ -92,8 +98,9 @@ bool DialogEventFilter::eventFilter(QObject* watched, QEvent* event)
 bool DialogEventFilter::cancelHeard()
 {
     static const QMetaMethod cancelSignal = QMetaMethod::fromSignal(&DialogEventFilter::cancel);
-    if (!isSignalConnected(cancelSignal))
+    if (!isSignalConnected(cancelSignal)) {
         return false;
+    }
     emit cancel();
     return true;
 }
@@ -111,8 +118,9 @@ bool DialogEventFilter::confirm(QWidget& widget)
     }
     // Only the root sees all of the form: until the key has come up there it is not ours.
     QPushButton* button = defaultButton(widget);
-    if (!button)
+    if (!button) {
         return false;
+    }
     button->click();
     return true;
 }

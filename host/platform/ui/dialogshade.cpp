@@ -28,8 +28,9 @@ DialogShade::DialogShade(QWidget& dialog)
 bool DialogShade::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == parentWidget()) {
-        if (event->type() == QEvent::Resize)
+        if (event->type() == QEvent::Resize) {
             place();
+        }
         return false;
     }
     switch (event->type()) {

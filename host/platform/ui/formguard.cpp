@@ -15,8 +15,9 @@ FormGuard::FormGuard(BasicForm& form)
 void FormGuard::watch(QWidget& root)
 {
     root.installEventFilter(this);
-    for (QAbstractButton* button : root.findChildren<QAbstractButton*>())
+    for (QAbstractButton* button : root.findChildren<QAbstractButton*>()) {
         button->installEventFilter(this);
+    }
 }
 
 bool FormGuard::eventFilter(QObject* watched, QEvent* event)
@@ -27,13 +28,15 @@ bool FormGuard::eventFilter(QObject* watched, QEvent* event)
         emit m_form.dismissed();
         return true;
     }
-    if (event->type() != QEvent::KeyPress)
+    if (event->type() != QEvent::KeyPress) {
         return false;
+    }
 
     const auto* key = static_cast<QKeyEvent*>(event);
     if (isRoot && key->key() == Qt::Key_Escape) {
-        if (!key->isAutoRepeat())
+        if (!key->isAutoRepeat()) {
             emit m_form.dismissed();
+        }
         return true;
     }
     return !isRoot && key->isAutoRepeat() && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter);

@@ -14,6 +14,8 @@
 #include <QScopedValueRollback>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 template struct Singleton<GraphicalUserInterface>;
 
 namespace
@@ -21,7 +23,7 @@ namespace
 
 core::BasicDialog::Result noAnswer()
 {
-    return {QVariantMap{{QStringLiteral("data"), -1}, {QStringLiteral("status"), -1}}, true};
+    return {QVariantMap{{u"data"_s, -1}, {u"status"_s, -1}}, true};
 }
 
 /// Cancels the forms before the application tries to quit: the quit goes on, or is asked for again, without them.
@@ -36,8 +38,9 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (watched == qApp && event->type() == QEvent::Quit && !InputBlocker::isActive())
+        if (watched == qApp && event->type() == QEvent::Quit && !InputBlocker::isActive()) {
             m_gui.cancelForms();
+        }
         return false;
     }
 
@@ -56,8 +59,9 @@ struct GraphicalUserInterface::Shown {
 
     void finish(const core::BasicDialog::Result& answer)
     {
-        if (isAnswered)
+        if (isAnswered) {
             return;
+        }
         result = answer;
         isAnswered = true;
         loop.quit();
@@ -72,31 +76,35 @@ GraphicalUserInterface::~GraphicalUserInterface() = default;
 
 void GraphicalUserInterface::addFormCreator(const QSharedPointer<BasicFormCreator>& creator)
 {
-    if (creator)
+    if (creator) {
         m_creators.append(creator);
+    }
 }
 
 int GraphicalUserInterface::formCreators() const
 {
-    return static_cast<int>(m_creators.size());
+    return int(m_creators.size());
 }
 
 void GraphicalUserInterface::removeFormCreators(int kept)
 {
-    while (m_creators.size() > kept)
+    while (m_creators.size() > kept) {
         m_creators.removeLast();
+    }
 }
 
 QSharedPointer<BasicForm> GraphicalUserInterface::createForm(const Event& event) const
 {
-    for (const QSharedPointer<BasicFormCreator>& creator : m_creators)
-        if (QSharedPointer<BasicForm> form = creator->create(event))
+    for (const QSharedPointer<BasicFormCreator>& creator : m_creators) {
+        if (QSharedPointer<BasicForm> form = creator->create(event)) {
             return form;
+        }
+    }
     switch (event.getCode()) {
     case EActivityListener::ShowMessage:
         return QSharedPointer<MessageForm>::create(event);
     case EActivityListener::ShowTextInput:
-        return QSharedPointer<TextInputForm>::create(event.value(QStringLiteral("params")).value<TextInputParams>());
+        return QSharedPointer<TextInputForm>::create(event.value(u"params"_s).value<TextInputParams>());
     default:
         return nullptr;
     }
@@ -104,11 +112,13 @@ QSharedPointer<BasicForm> GraphicalUserInterface::createForm(const Event& event)
 
 core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<BasicForm>& form)
 {
-    if (!form)
+    if (!form) {
         return noAnswer();
+    }
 
-    if (!m_scanGuard)
+    if (!m_scanGuard) {
         m_scanGuard = std::make_unique<ScanGuard>(*this);
+    }
     const InputBlocker::Pause pause;
     const QuitWatcher quitWatcher(*this);
     const QScopedValueRollback<Shown*> ownAnswers(m_cancelling, nullptr);
@@ -122,10 +132,11 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
     const Finally leave([&] {
         m_shown.removeOne(&shown);
         QObject::disconnect(dismissal);
-        if (m_stage)
+        if (m_stage) {
             m_stage->leave(*form);
-        else if (form->rootWidget())
+        } else if (form->rootWidget()) {
             form->rootWidget()->hide();
+        }
         if (focusBefore && focusBefore->isVisible()) {
             focusBefore->activateWindow();
             focusBefore->setFocus();
@@ -139,8 +150,9 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
         root->activateWindow();
     }
     form->show();
-    if (!shown.isAnswered)
+    if (!shown.isAnswered) {
         shown.loop.exec();
+    }
     // The loop may have been ended with all others: the application is about to end.
     cancel(shown);
     return shown.result;
@@ -149,30 +161,36 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
 void GraphicalUserInterface::answer(const control::Action& action)
 {
     Shown* const asked = m_cancelling ? m_cancelling : m_shown.isEmpty() ? nullptr : m_shown.last();
-    if (asked)
+    if (asked) {
         asked->finish({action.toMap(), false});
+    }
 }
 
 QSharedPointer<BasicForm> GraphicalUserInterface::topForm() const
 {
-    for (auto shown = m_shown.crbegin(); shown != m_shown.crend(); ++shown)
-        if (!(*shown)->isAnswered)
+    for (auto shown = m_shown.crbegin(); shown != m_shown.crend(); ++shown) {
+        if (!(*shown)->isAnswered) {
             return (*shown)->form;
+        }
+    }
     return nullptr;
 }
 
 void GraphicalUserInterface::cancelForms()
 {
     const QList<Shown*> shown = m_shown;
-    for (auto form = shown.crbegin(); form != shown.crend(); ++form)
-        if (m_shown.contains(*form))
+    for (auto form = shown.crbegin(); form != shown.crend(); ++form) {
+        if (m_shown.contains(*form)) {
             cancel(**form);
+        }
+    }
 }
 
 void GraphicalUserInterface::cancel(Shown& shown)
 {
-    if (shown.isAnswered)
+    if (shown.isAnswered) {
         return;
+    }
     const QScopedValueRollback<Shown*> answers(m_cancelling, &shown);
     if (QWidget* root = shown.form->rootWidget()) {
         QCloseEvent close;

@@ -10,6 +10,7 @@ IconsViewNotifier::IconsViewNotifier(QObject* parent)
 
 void IconsViewNotifier::notifyIcons(QEvent* event)
 {
-    if (event)
+    if (event) {
         emit iconsChanged(event->type(), sender());
+    }
 }

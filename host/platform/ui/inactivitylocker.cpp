@@ -8,6 +8,8 @@
 
 #include <chrono>
 
+using namespace Qt::StringLiterals;
+
 template struct Singleton<InactivityLocker>;
 
 namespace
@@ -41,7 +43,7 @@ InactivityLocker::InactivityLocker(QObject* parent)
 
 void InactivityLocker::start()
 {
-    const int seconds = Singleton<Config>::get()->getInt(QStringLiteral("GUI:inactivityLockSeconds"), 0);
+    const int seconds = Singleton<Config>::get()->getInt(u"GUI:inactivityLockSeconds"_s, 0);
     if (seconds <= 0) {
         m_timer.setInterval(0);
         m_timer.stop();
@@ -53,13 +55,15 @@ void InactivityLocker::start()
 
 bool InactivityLocker::eventFilter(QObject* watched, QEvent* event)
 {
-    if (isActivity(event->type()))
+    if (isActivity(event->type())) {
         resetTimer();
+    }
     return QObject::eventFilter(watched, event);
 }
 
 void InactivityLocker::resetTimer()
 {
-    if (m_timer.interval() > 0)
+    if (m_timer.interval() > 0) {
         m_timer.start();
+    }
 }

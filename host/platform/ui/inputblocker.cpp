@@ -52,20 +52,22 @@ public:
     void closeWaiting()
     {
         for (const QPointer<QObject>& waiting : std::exchange(m_toClose, {})) {
-            if (auto* window = qobject_cast<QWindow*>(waiting))
+            if (auto* window = qobject_cast<QWindow*>(waiting)) {
                 QMetaObject::invokeMethod(
                     window, [window] { window->close(); }, Qt::QueuedConnection);
-            else if (auto* widget = qobject_cast<QWidget*>(waiting))
+            } else if (auto* widget = qobject_cast<QWidget*>(waiting)) {
                 QMetaObject::invokeMethod(
                     widget, [widget] { widget->close(); }, Qt::QueuedConnection);
+            }
         }
     }
 
     /// Takes in what the window system still holds, and throws it away.
     void drain()
     {
-        if (std::exchange(m_draining, true))
+        if (std::exchange(m_draining, true)) {
             return;
+        }
         QGuiApplication::sync();
         m_draining = false;
     }
@@ -87,10 +89,11 @@ InputSink& sink()
 
 void setBlocking(bool blocking)
 {
-    if (blocking)
+    if (blocking) {
         qApp->installEventFilter(&sink());
-    else
+    } else {
         qApp->removeEventFilter(&sink());
+    }
 }
 
 bool hasWindows()
@@ -102,8 +105,9 @@ bool hasWindows()
 
 InputBlocker::InputBlocker()
 {
-    if (depth++ == 0 && hasWindows())
+    if (depth++ == 0 && hasWindows()) {
         setBlocking(true);
+    }
 }
 
 InputBlocker::~InputBlocker()
@@ -111,8 +115,9 @@ InputBlocker::~InputBlocker()
     if (depth == 1 && hasWindows()) {
         sink().drain();
         setBlocking(false);
-        if (depthsBelowPauses.isEmpty())
+        if (depthsBelowPauses.isEmpty()) {
             sink().closeWaiting();
+        }
     }
     --depth;
 }
@@ -134,6 +139,7 @@ InputBlocker::Pause::Pause()
 InputBlocker::Pause::~Pause()
 {
     depth = depthsBelowPauses.takeLast();
-    if (depth > 0 && hasWindows())
+    if (depth > 0 && hasWindows()) {
         setBlocking(true);
+    }
 }

@@ -1,42 +1,46 @@
 // SPDX-License-Identifier: MIT
 #include "keyboardlayout_p.h"
 
+using namespace Qt::StringLiterals;
+
 const KeyboardLayout* KeyboardLayout::find(const QString& name)
 {
     static const QList<KeyboardLayout> layouts{
-        {QStringLiteral("ru"),
-         QStringLiteral("РУС"),
+        {u"ru"_s,
+         u"РУС"_s,
          {
-             QStringLiteral("1 2 3 4 5 6 7 8 9 0 - backspace"),
-             QStringLiteral("й ц у к е н г ш щ з х ъ"),
-             QStringLiteral("ф ы в а п р о л д ж э ё"),
-             QStringLiteral("shift я ч с м и т ь б ю . ,"),
-             QStringLiteral("layout space enter"),
+             u"1 2 3 4 5 6 7 8 9 0 - backspace"_s,
+             u"й ц у к е н г ш щ з х ъ"_s,
+             u"ф ы в а п р о л д ж э ё"_s,
+             u"shift я ч с м и т ь б ю . ,"_s,
+             u"layout space enter"_s,
          },
          false},
-        {QStringLiteral("en"),
-         QStringLiteral("ENG"),
+        {u"en"_s,
+         u"ENG"_s,
          {
-             QStringLiteral("1 2 3 4 5 6 7 8 9 0 - backspace"),
-             QStringLiteral("q w e r t y u i o p"),
-             QStringLiteral("a s d f g h j k l"),
-             QStringLiteral("shift z x c v b n m . , / @"),
-             QStringLiteral("layout space enter"),
+             u"1 2 3 4 5 6 7 8 9 0 - backspace"_s,
+             u"q w e r t y u i o p"_s,
+             u"a s d f g h j k l"_s,
+             u"shift z x c v b n m . , / @"_s,
+             u"layout space enter"_s,
          },
          false},
-        {QStringLiteral("digits"),
-         QStringLiteral("123"),
+        {u"digits"_s,
+         u"123"_s,
          {
-             QStringLiteral("7 8 9"),
-             QStringLiteral("4 5 6"),
-             QStringLiteral("1 2 3"),
-             QStringLiteral(", 0 backspace"),
-             QStringLiteral("layout enter"),
+             u"7 8 9"_s,
+             u"4 5 6"_s,
+             u"1 2 3"_s,
+             u", 0 backspace"_s,
+             u"layout enter"_s,
          },
          true},
     };
-    for (const KeyboardLayout& layout : layouts)
-        if (layout.name == name)
+    for (const KeyboardLayout& layout : layouts) {
+        if (layout.name == name) {
             return &layout;
+        }
+    }
     return nullptr;
 }

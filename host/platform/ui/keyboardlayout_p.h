@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QLatin1StringView>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -15,11 +16,11 @@ struct KeyboardLayout {
     bool isEven;
 
     /// Commands among the keys.
-    static inline const QString backspace = QStringLiteral("backspace");
-    static inline const QString enter = QStringLiteral("enter");
-    static inline const QString shift = QStringLiteral("shift");
-    static inline const QString space = QStringLiteral("space");
-    static inline const QString next = QStringLiteral("layout");
+    static constexpr QLatin1StringView backspace{"backspace"};
+    static constexpr QLatin1StringView enter{"enter"};
+    static constexpr QLatin1StringView shift{"shift"};
+    static constexpr QLatin1StringView space{"space"};
+    static constexpr QLatin1StringView next{"layout"};
 
     /// Null when there is no layout of that name.
     static const KeyboardLayout* find(const QString& name);

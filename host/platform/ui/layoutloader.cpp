@@ -12,19 +12,23 @@ namespace
 template <typename T>
 bool isNamed(const QString& className)
 {
-    return className == QLatin1String(T::staticMetaObject.className());
+    return className == QLatin1StringView(T::staticMetaObject.className());
 }
 
 QWidget* createOwnWidget(const QString& className, QWidget* parent)
 {
-    if (isNamed<TalloTableView>(className))
+    if (isNamed<TalloTableView>(className)) {
         return new TalloTableView(parent);
-    if (isNamed<TalloLineEdit>(className))
+    }
+    if (isNamed<TalloLineEdit>(className)) {
         return new TalloLineEdit(parent);
-    if (isNamed<TalloKeyboard>(className))
+    }
+    if (isNamed<TalloKeyboard>(className)) {
         return new TalloKeyboard(parent);
-    if (isNamed<WrappedLabel>(className))
+    }
+    if (isNamed<WrappedLabel>(className)) {
         return new WrappedLabel(parent);
+    }
     return nullptr;
 }
 
@@ -33,8 +37,9 @@ QWidget* createOwnWidget(const QString& className, QWidget* parent)
 QWidget* LayoutLoader::createWidget(const QString& className, QWidget* parent, const QString& name)
 {
     QWidget* widget = createOwnWidget(className, parent);
-    if (!widget)
+    if (!widget) {
         return QUiLoader::createWidget(className, parent, name);
+    }
     widget->setObjectName(name);
     return widget;
 }

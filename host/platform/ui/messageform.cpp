@@ -12,6 +12,8 @@
 
 #include <chrono>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -27,8 +29,9 @@ struct Kind {
 
 Kind kindOf(int kind)
 {
-    if (kind == Dialog::Error)
+    if (kind == Dialog::Error) {
         return {QStyle::SP_MessageBoxCritical, {"messageFormErrorTitle", "Ошибка"}, "error"};
+    }
     return {QStyle::SP_MessageBoxInformation, {"messageFormNoticeTitle", "Сообщение"}, "notice"};
 }
 
@@ -36,27 +39,29 @@ Kind kindOf(int kind)
 
 MessageForm::MessageForm(const Event& event, QObject* parent)
     : BasicDialogForm(parent)
-    , m_seconds(event.value(QStringLiteral("seconds"), 0).toInt())
+    , m_seconds(event.value(u"seconds"_s, 0).toInt())
 {
-    loadUI(QStringLiteral("message.ui"));
-    const Kind kind = kindOf(event.value(QStringLiteral("kind"), Dialog::Notice).toInt());
+    loadUI(u"message.ui"_s);
+    const Kind kind = kindOf(event.value(u"kind"_s, Dialog::Notice).toInt());
     setTitle(kind.title.ui());
-    setCustomProperty(QStringLiteral("messageKind"), QLatin1String(kind.style));
-    if (auto* icon = findWidget<QLabel>(QStringLiteral("iconLabel"), false)) {
+    setCustomProperty(u"messageKind"_s, QLatin1StringView(kind.style));
+    if (auto* icon = findWidget<QLabel>(u"iconLabel"_s, false)) {
         icon->setPixmap(qApp->style()->standardIcon(kind.picture).pixmap(48));
         icon->setAccessibleName(kind.title.ui());
     }
-    if (auto* area = findWidget<QWidget>(QStringLiteral("messageScrollArea"), false))
-        area->setAccessibleName(tr::Tr(QStringLiteral("messageFormText"), QStringLiteral("Текст сообщения")).ui());
-    if (auto* label = findWidget<QLabel>(QStringLiteral("messageLabel")))
-        label->setText(event.value(QStringLiteral("message")).value<tr::Tr>().ui());
+    if (auto* area = findWidget<QWidget>(u"messageScrollArea"_s, false)) {
+        area->setAccessibleName(tr::Tr(u"messageFormText"_s, u"Текст сообщения"_s).ui());
+    }
+    if (auto* label = findWidget<QLabel>(u"messageLabel"_s)) {
+        label->setText(event.value(u"message"_s).value<tr::Tr>().ui());
+    }
 
     auto* filter = new DialogEventFilter(this);
     connect(filter, &DialogEventFilter::ok, this, &BasicForm::dismissed);
     connect(filter, &DialogEventFilter::cancel, this, &BasicForm::dismissed);
     rootWidget()->installEventFilter(filter);
-    if (auto* button = findWidget<QPushButton>(QStringLiteral("okButton"))) {
-        button->setText(tr::Tr(QStringLiteral("messageFormOkButton"), QStringLiteral("ОК")).ui());
+    if (auto* button = findWidget<QPushButton>(u"okButton"_s)) {
+        button->setText(tr::Tr(u"messageFormOkButton"_s, u"ОК"_s).ui());
         button->setAccessibleName(button->text());
         connect(button, &QPushButton::clicked, this, &BasicForm::dismissed);
     }
@@ -66,8 +71,10 @@ void MessageForm::show()
 {
     fitMessage(tallestMessage);
     BasicDialogForm::show();
-    if (!rootWidget()->property("silent").toBool())
+    if (!rootWidget()->property("silent").toBool()) {
         QApplication::beep();
-    if (m_seconds > 0)
+    }
+    if (m_seconds > 0) {
         QTimer::singleShot(std::chrono::seconds(m_seconds), this, &BasicForm::dismissed);
+    }
 }

@@ -14,6 +14,8 @@
 #include <cmath>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -52,8 +54,9 @@ QPalette paletteOf(const RegisterColours& colours)
     palette.setColor(QPalette::HighlightedText, colours.text);
     palette.setColor(QPalette::Link, colours.accent);
     palette.setColor(QPalette::Mid, colours.line);
-    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, role, colours.mutedText);
+    }
     return palette;
 }
 
@@ -85,8 +88,9 @@ void setStyleProperty(QWidget& widget, const QString& name, const QVariant& valu
 
 int registerTextSize(int windowHeight)
 {
-    if (windowHeight < 720)
+    if (windowHeight < 720) {
         return 11;
+    }
     return windowHeight < 1000 ? 12 : 13;
 }
 
@@ -100,20 +104,23 @@ QString registerStyleSheet(bool touch, int textSize)
         {"@accent", colours.accent},       {"@panel", colours.panel},         {"@error", colours.error},
         {"@text", colours.text},           {"@line", colours.line},
     };
-    QString sheet = readSheet(QStringLiteral("style.qss"));
-    if (touch)
-        sheet += readSheet(QStringLiteral("touch.qss"));
-    for (const auto& [name, above] : sizesAboveText)
-        sheet.replace(QLatin1String(name), QString::number(textSize + above) + "pt");
-    for (const auto& [name, colour] : names)
-        sheet.replace(QLatin1String(name), colour.name());
+    QString sheet = readSheet(u"style.qss"_s);
+    if (touch) {
+        sheet += readSheet(u"touch.qss"_s);
+    }
+    for (const auto& [name, above] : sizesAboveText) {
+        sheet.replace(QLatin1StringView(name), QString::number(textSize + above) + "pt");
+    }
+    for (const auto& [name, colour] : names) {
+        sheet.replace(QLatin1StringView(name), colour.name());
+    }
     return sheet;
 }
 
 void applyRegisterStyle(QApplication& application, int windowHeight)
 {
     const int textSize = registerTextSize(windowHeight);
-    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setStyle(QStyleFactory::create(u"Fusion"_s));
     application.setPalette(paletteOf(RegisterColours()));
     QFont font = application.font();
     font.setPointSize(textSize);

@@ -22,8 +22,9 @@ bool ScanGuard::eventFilter(QObject* watched, QEvent* event)
 
 bool ScanGuard::endsUnexpectedScan(const QKeyEvent& key)
 {
-    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
         return m_recognizer.finish(key.timestamp()) && !isScanExpected();
+    }
     m_recognizer.key(key, {});
     return false;
 }
@@ -31,10 +32,12 @@ bool ScanGuard::endsUnexpectedScan(const QKeyEvent& key)
 bool ScanGuard::isScanExpected() const
 {
     const QSharedPointer<BasicForm> form = m_gui.topForm();
-    if (!form || !form->rootWidget())
+    if (!form || !form->rootWidget()) {
         return true;
+    }
     const QWidget* focus = QApplication::focusWidget();
-    if (qobject_cast<const QAbstractButton*>(focus))
+    if (qobject_cast<const QAbstractButton*>(focus)) {
         return false;
+    }
     return (focus && focus->property(ScanRecognizer::recognizesScans).toBool()) || form->expectsScans();
 }

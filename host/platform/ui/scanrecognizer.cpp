@@ -5,6 +5,8 @@
 
 #include <QKeyEvent>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -31,7 +33,7 @@ bool isModifier(int key)
 
 QString setting(const char* key)
 {
-    return Singleton<Config>::get()->getString(QLatin1String("Scanner:") + QLatin1String(key));
+    return Singleton<Config>::get()->getString("Scanner:"_L1 + QLatin1StringView(key));
 }
 
 } // namespace
@@ -51,17 +53,19 @@ void ScanRecognizer::key(const QKeyEvent& key, const QString& field)
 {
     const QString text = key.text();
     const bool isWriting = text.size() == 1 && key.key() != Qt::Key_Backspace && key.key() != Qt::Key_Delete;
-    if (isWriting && !key.isAutoRepeat())
+    if (isWriting && !key.isAutoRepeat()) {
         character(text.front(), key.timestamp(), field);
-    else if (!isModifier(key.key()))
+    } else if (!isModifier(key.key())) {
         reset();
+    }
 }
 
 std::optional<ScanRecognizer::Scan> ScanRecognizer::finish(quint64 time)
 {
     std::optional<Scan> scan;
-    if (const std::optional<Start> start = scanStart(time))
+    if (const std::optional<Start> start = scanStart(time)) {
         scan = Scan{stripped(m_input.mid(start->at)), start->field};
+    }
     reset();
     return scan;
 }
@@ -69,17 +73,21 @@ std::optional<ScanRecognizer::Scan> ScanRecognizer::finish(quint64 time)
 void ScanRecognizer::character(QChar character, quint64 time, const QString& field)
 {
     // Nothing is kept of the other characters' fields: something may lie on the keyboard for hours.
-    if (!followsFast(time))
+    if (!followsFast(time)) {
         m_burst = {m_input.size(), field};
+    }
     m_last = time;
     m_input.append(character);
-    if (m_prefix.isEmpty())
+    if (m_prefix.isEmpty()) {
         return;
+    }
     m_fields.append(field);
-    if (m_fields.size() > m_prefix.size())
+    if (m_fields.size() > m_prefix.size()) {
         m_fields.removeFirst();
-    if (m_input.endsWith(m_prefix))
+    }
+    if (m_input.endsWith(m_prefix)) {
         m_prefixed = Start{m_input.size() - m_prefix.size(), m_fields.first()};
+    }
 }
 
 void ScanRecognizer::reset()
@@ -98,19 +106,23 @@ bool ScanRecognizer::followsFast(quint64 time) const
 
 std::optional<ScanRecognizer::Start> ScanRecognizer::scanStart(quint64 time) const
 {
-    if (m_prefixed)
+    if (m_prefixed) {
         return m_prefixed;
-    if (followsFast(time) && m_input.size() - m_burst.at >= shortestScan)
+    }
+    if (followsFast(time) && m_input.size() - m_burst.at >= shortestScan) {
         return m_burst;
+    }
     return std::nullopt;
 }
 
 QString ScanRecognizer::stripped(QString text) const
 {
     text.removeIf([](QChar character) { return !character.isPrint(); });
-    if (!m_prefix.isEmpty() && text.startsWith(m_prefix))
+    if (!m_prefix.isEmpty() && text.startsWith(m_prefix)) {
         text.remove(0, m_prefix.size());
-    if (!m_suffix.isEmpty() && text.endsWith(m_suffix))
+    }
+    if (!m_suffix.isEmpty() && text.endsWith(m_suffix)) {
         text.chop(m_suffix.size());
+    }
     return text;
 }

@@ -15,6 +15,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -34,25 +36,17 @@ struct CommandKey {
 const CommandKey* findCommand(const QString& command)
 {
     static const QList<CommandKey> commands{
-        {KeyboardLayout::backspace,
-         QStringLiteral("⌫"),
-         {"keyboardBackspace", "Стереть символ"},
-         Qt::Key_Backspace,
-         QStringLiteral("\b"),
-         2},
-        {KeyboardLayout::enter,
-         QStringLiteral("⏎"),
-         {"keyboardEnter", "Ввод"},
-         Qt::Key_Return,
-         QStringLiteral("\r"),
-         3},
-        {KeyboardLayout::shift, QStringLiteral("⇧"), {"keyboardShift", "Заглавные буквы"}, Qt::Key_Shift, {}, 2},
-        {KeyboardLayout::space, {}, {"keyboardSpace", "Пробел"}, Qt::Key_Space, QStringLiteral(" "), 8},
+        {KeyboardLayout::backspace, u"⌫"_s, {"keyboardBackspace", "Стереть символ"}, Qt::Key_Backspace, u"\b"_s, 2},
+        {KeyboardLayout::enter, u"⏎"_s, {"keyboardEnter", "Ввод"}, Qt::Key_Return, u"\r"_s, 3},
+        {KeyboardLayout::shift, u"⇧"_s, {"keyboardShift", "Заглавные буквы"}, Qt::Key_Shift, {}, 2},
+        {KeyboardLayout::space, {}, {"keyboardSpace", "Пробел"}, Qt::Key_Space, u" "_s, 8},
         {KeyboardLayout::next, {}, {"keyboardLayout", "Сменить раскладку"}, Qt::Key_unknown, {}, 3},
     };
-    for (const CommandKey& known : commands)
-        if (known.command == command)
+    for (const CommandKey& known : commands) {
+        if (known.command == command) {
             return &known;
+        }
+    }
     return nullptr;
 }
 
@@ -79,8 +73,9 @@ public:
     QStringList layoutNames() const
     {
         QStringList names;
-        for (const KeyboardLayout* layout : m_layouts)
+        for (const KeyboardLayout* layout : m_layouts) {
             names.append(layout->name);
+        }
         return names;
     }
 
@@ -111,12 +106,14 @@ private:
         line->setContentsMargins(0, 0, 0, 0);
         line->setSpacing(keySpacing);
         for (const QString& key : keys) {
-            if (key == KeyboardLayout::next && m_layouts.size() < 2)
+            if (key == KeyboardLayout::next && m_layouts.size() < 2) {
                 continue;
-            if (const CommandKey* command = findCommand(key))
+            }
+            if (const CommandKey* command = findCommand(key)) {
                 line->addWidget(createCommand(*command), m_layouts[m_current]->isEven ? 1 : command->stretch);
-            else
+            } else {
                 line->addWidget(createCharacter(key), 1);
+            }
         }
         return row;
     }
@@ -179,21 +176,24 @@ private:
 
     void releaseShift()
     {
-        if (m_shift)
+        if (m_shift) {
             m_shift->setChecked(false);
+        }
     }
 
     void showCase()
     {
-        for (QPushButton* key : std::as_const(m_letters))
+        for (QPushButton* key : std::as_const(m_letters)) {
             key->setText(isShifted() ? key->accessibleName().toUpper() : key->accessibleName());
+        }
     }
 
     void send(Qt::Key key, const QString& text)
     {
         const QPointer<QWidget> receiver = m_owner->window()->focusWidget();
-        if (!receiver)
+        if (!receiver) {
             return;
+        }
         const QPointer<TalloKeyboard> owner = m_owner;
         QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
         QCoreApplication::sendEvent(receiver, &press);
@@ -201,8 +201,9 @@ private:
             QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
             QCoreApplication::sendEvent(receiver, &release);
         }
-        if (owner)
+        if (owner) {
             emit owner->keyPressed();
+        }
     }
 
     TalloKeyboard* m_owner;
@@ -218,8 +219,8 @@ TalloKeyboard::TalloKeyboard(QWidget* parent)
     , d(std::make_unique<Private>(this))
 {
     setFocusPolicy(Qt::NoFocus);
-    setAccessibleName(tr::Tr(QStringLiteral("keyboardName"), QStringLiteral("Экранная клавиатура")).ui());
-    setKeyboardLayouts(QStringLiteral("en"));
+    setAccessibleName(tr::Tr(u"keyboardName"_s, u"Экранная клавиатура"_s).ui());
+    setKeyboardLayouts(u"en"_s);
 }
 
 TalloKeyboard::~TalloKeyboard() = default;
@@ -229,13 +230,15 @@ void TalloKeyboard::setKeyboardLayouts(const QString& layouts)
     QList<const KeyboardLayout*> known;
     for (const QString& item : layouts.split(u',', Qt::SkipEmptyParts)) {
         const QString name = item.trimmed();
-        if (const KeyboardLayout* layout = KeyboardLayout::find(name))
+        if (const KeyboardLayout* layout = KeyboardLayout::find(name)) {
             known.append(layout);
-        else
-            Log4Qt::LogManager::logger(QStringLiteral("gui"))->warn("The keyboard has no layout " + name);
+        } else {
+            Log4Qt::LogManager::logger(u"gui"_s)->warn("The keyboard has no layout " + name);
+        }
     }
-    if (known.isEmpty())
-        known.append(KeyboardLayout::find(QStringLiteral("en")));
+    if (known.isEmpty()) {
+        known.append(KeyboardLayout::find(u"en"_s));
+    }
     d->setLayouts(known);
 }
 

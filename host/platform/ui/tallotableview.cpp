@@ -12,6 +12,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -33,16 +35,18 @@ struct Column {
 std::optional<Column> readColumn(const QString& item)
 {
     const QStringList fields = item.split(u';');
-    if (fields.size() != 5)
+    if (fields.size() != 5) {
         return std::nullopt;
+    }
     bool isWidth = false;
     bool isAlignment = false;
     const int width = fields[2].trimmed().toInt(&isWidth);
     const QString shown = fields[3].trimmed();
     const int alignment = fields[4].trimmed().toInt(&isAlignment);
-    const bool isShown = shown == QLatin1String("true");
-    if (!isWidth || width < fittingWidth || !isAlignment || (!isShown && shown != QLatin1String("false")))
+    const bool isShown = shown == "true"_L1;
+    if (!isWidth || width < fittingWidth || !isAlignment || (!isShown && shown != "false"_L1)) {
         return std::nullopt;
+    }
     return Column{fields[1], width, isShown, Qt::Alignment(alignment)};
 }
 
@@ -84,8 +88,8 @@ void TalloTableView::applyColumns()
     for (int section = 0; section < count; ++section) {
         const std::optional<Column> column = readColumn(m_columns[section]);
         if (!column) {
-            Log4Qt::LogManager::logger(QStringLiteral("gui"))
-                ->warn("A column of the table " + objectName() + " does not read: " + m_columns[section]);
+            Log4Qt::LogManager::logger(u"gui"_s)->warn("A column of the table " + objectName() +
+                                                       " does not read: " + m_columns[section]);
             continue;
         }
         m_header->setCaption(section, column->caption);
@@ -105,6 +109,7 @@ void TalloTableView::applyColumns()
 
 void TalloTableView::mousePressEvent(QMouseEvent* event)
 {
-    if (indexAt(event->position().toPoint()).isValid())
+    if (indexAt(event->position().toPoint()).isValid()) {
         QTableView::mousePressEvent(event);
+    }
 }

@@ -9,6 +9,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -31,10 +33,11 @@ QString withBreaksInLongWords(const QString& text)
     qsizetype begin = 0;
     for (qsizetype end = letters.toNextBoundary(); end != -1; begin = end, end = letters.toNextBoundary()) {
         broken += QStringView(text).sliced(begin, end - begin);
-        if (text[begin].isSpace())
+        if (text[begin].isSpace()) {
             wordBegin = end;
-        else if (end - wordBegin > longestWord)
+        } else if (end - wordBegin > longestWord) {
             broken += QChar(0x200b); // zero width space
+        }
     }
     return broken;
 }
@@ -69,8 +72,9 @@ QSize WrappedLabel::minimumSizeHint() const
 
 bool WrappedLabel::event(QEvent* event)
 {
-    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) {
         return QLabel::event(event);
+    }
     const Lines& broken = lines(textRoom().width());
     const bool isCut = linesWithRoom(broken) < broken.layout.lineCount();
     const QString whole = isCut ? text().left(longestToolTip) : QString();
@@ -91,15 +95,16 @@ void WrappedLabel::paintEvent(QPaintEvent*)
         broken.layout.draw(&painter, textRoom().topLeft());
         return;
     }
-    for (int line = 0; line < shown - 1; ++line)
+    for (int line = 0; line < shown - 1; ++line) {
         broken.layout.lineAt(line).draw(&painter, textRoom().topLeft());
+    }
     drawLastLine(painter, broken.layout.lineAt(shown - 1));
 }
 
 void WrappedLabel::drawLastLine(QPainter& painter, const QTextLine& line) const
 {
     const QRect room = textRoom();
-    const QString ellipsis = QStringLiteral("…");
+    const QString ellipsis = u"…"_s;
     const QString text = m_brokenText.mid(line.textStart(), line.textLength()).trimmed() + ellipsis;
     const QString shown = fontMetrics().elidedText(text, Qt::ElideRight, room.width());
     painter.drawText(QPointF(room.left(), room.top() + line.y() + line.ascent()), shown);
@@ -126,8 +131,9 @@ const WrappedLabel::Lines& WrappedLabel::lines(int width) const
         m_brokenText = withBreaksInLongWords(m_wholeText);
         m_brokenFont = font();
     }
-    if (const Lines* known = m_lines.object(width))
+    if (const Lines* known = m_lines.object(width)) {
         return *known;
+    }
 
     auto broken = std::make_unique<Lines>();
     QTextOption option(Qt::AlignLeft);
@@ -143,8 +149,9 @@ const WrappedLabel::Lines& WrappedLabel::lines(int width) const
 int WrappedLabel::linesWithRoom(const Lines& lines) const
 {
     int count = lines.layout.lineCount();
-    while (count > 1 && qFloor(lines.layout.lineAt(count - 1).rect().bottom()) > textRoom().height())
+    while (count > 1 && qFloor(lines.layout.lineAt(count - 1).rect().bottom()) > textRoom().height()) {
         --count;
+    }
     return count;
 }
 
