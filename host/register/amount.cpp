@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -22,17 +24,19 @@ QString amountText(Kopecks amount)
 {
     const Kopecks size = std::abs(amount);
     QString roubles = QString::number(size / 100);
-    for (auto place = roubles.size() - 3; place > 0; place -= 3)
+    for (auto place = roubles.size() - 3; place > 0; place -= 3) {
         roubles.insert(place, QChar::Nbsp);
-    const QString decimals = QString::number(size % 100).rightJustified(2, QLatin1Char('0'));
-    return (amount < 0 ? QStringLiteral("-") : QString()) + roubles + QLatin1Char(',') + decimals;
+    }
+    const QString decimals = QString::number(size % 100).rightJustified(2, u'0');
+    return (amount < 0 ? u"-"_s : QString()) + roubles + u',' + decimals;
 }
 
 std::optional<Kopecks> typedAmount(const QString& text)
 {
-    static const QRegularExpression form(QStringLiteral("\\A(\\d{1,8})(?:[.,](\\d{0,2}))?\\z"));
+    static const QRegularExpression form(u"\\A(\\d{1,8})(?:[.,](\\d{0,2}))?\\z"_s);
     const QRegularExpressionMatch match = form.match(text.trimmed());
-    if (!match.hasMatch())
+    if (!match.hasMatch()) {
         return std::nullopt;
-    return match.captured(1).toLongLong() * 100 + match.captured(2).leftJustified(2, QLatin1Char('0')).toLongLong();
+    }
+    return match.captured(1).toLongLong() * 100 + match.captured(2).leftJustified(2, u'0').toLongLong();
 }

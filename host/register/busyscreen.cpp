@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 constexpr int panelWidth = 520;
@@ -20,9 +22,9 @@ constexpr auto stepTime = std::chrono::milliseconds(33);
 BusyScreen::BusyScreen(QWidget* parent)
     : QWidget(parent)
 {
-    setObjectName(QStringLiteral("busyScreen"));
+    setObjectName(u"busyScreen"_s);
     m_message = new QLabel(this);
-    m_message->setObjectName(QStringLiteral("busyMessageLabel"));
+    m_message->setObjectName(u"busyMessageLabel"_s);
     m_message->setTextFormat(Qt::PlainText);
     m_message->setWordWrap(true);
     m_message->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
@@ -59,16 +61,18 @@ void BusyScreen::start(const QString& message)
 void BusyScreen::takeFocus()
 {
     QWidget* focused = window()->focusWidget();
-    if (focused == this)
+    if (focused == this) {
         return;
+    }
     m_focusBefore = focused;
     setFocus();
 }
 
 void BusyScreen::stop()
 {
-    if (window()->focusWidget() == this && m_focusBefore)
+    if (window()->focusWidget() == this && m_focusBefore) {
         m_focusBefore->setFocus();
+    }
     m_isWorking = false;
     hide();
 }

@@ -10,6 +10,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -19,17 +21,17 @@ constexpr QSize playedWindow(1280, 800);
 QString defaultPluginFolder()
 {
     const QDir program(QCoreApplication::applicationDirPath());
-    const QString built = program.filePath(QStringLiteral("../plugins"));
-    return QDir::cleanPath(
-        QFileInfo::exists(built) ? built : program.filePath(QStringLiteral("../lib/pharmacy-register/plugins")));
+    const QString built = program.filePath(u"../plugins"_s);
+    return QDir::cleanPath(QFileInfo::exists(built) ? built : program.filePath(u"../lib/pharmacy-register/plugins"_s));
 }
 
 std::optional<QSize> readSize(const QString& text)
 {
-    static const QRegularExpression form(QStringLiteral("^(\\d{3,5})x(\\d{3,5})$"));
+    static const QRegularExpression form(u"^(\\d{3,5})x(\\d{3,5})$"_s);
     const QRegularExpressionMatch match = form.match(text);
-    if (!match.hasMatch())
+    if (!match.hasMatch()) {
         return std::nullopt;
+    }
     return QSize(match.captured(1).toInt(), match.captured(2).toInt());
 }
 
@@ -49,37 +51,30 @@ struct Options {
 
     const QCommandLineOption help;
     const QCommandLineOption version;
-    const QCommandLineOption config{QStringLiteral("config"), QStringLiteral("Configuration: an INI file in UTF-8."),
-                                    QStringLiteral("FILE.ini"),
-                                    folderOf(QStandardPaths::AppConfigLocation) + QStringLiteral("/register.ini")};
-    const QCommandLineOption data{QStringLiteral("data"),
-                                  QStringLiteral("Data folder: receipts, logs. It has to exist and be writable."),
-                                  QStringLiteral("DIR"), folderOf(QStandardPaths::AppDataLocation)};
-    const QCommandLineOption plugins{QStringLiteral("plugins"), QStringLiteral("Folder of the plug-ins."),
-                                     QStringLiteral("DIR"), defaultPluginFolder()};
-    const QCommandLineOption layouts{QStringLiteral("layouts"),
-                                     QStringLiteral("Folders of own layouts, by colon; they win over all others."),
-                                     QStringLiteral("DIR")};
-    const QCommandLineOption touch{QStringLiteral("touch"), QStringLiteral("For fingers: large targets, a keyboard.")};
-    const QCommandLineOption demoData{QStringLiteral("demo-data"),
-                                      QStringLiteral("Create a goods database with demo goods in the data folder "
-                                                     "when there is none.")};
-    const QCommandLineOption size{QStringLiteral("size"),
-                                  QStringLiteral("Size of the window; otherwise the whole screen, or 1280x800 when a "
-                                                 "scenario is played."),
-                                  QStringLiteral("WIDTHxHEIGHT")};
-    const QCommandLineOption play{QStringLiteral("play"), QStringLiteral("Play a scenario, and end."),
-                                  QStringLiteral("FILE")};
-    const QCommandLineOption screenshots{QStringLiteral("screenshots"),
-                                         QStringLiteral("Folder for the scenario's pictures."), QStringLiteral("DIR"),
-                                         QStringLiteral(".")};
+    const QCommandLineOption config{u"config"_s, u"Configuration: an INI file in UTF-8."_s, u"FILE.ini"_s,
+                                    folderOf(QStandardPaths::AppConfigLocation) + u"/register.ini"_s};
+    const QCommandLineOption data{u"data"_s, u"Data folder: receipts, logs. It has to exist and be writable."_s,
+                                  u"DIR"_s, folderOf(QStandardPaths::AppDataLocation)};
+    const QCommandLineOption plugins{u"plugins"_s, u"Folder of the plug-ins."_s, u"DIR"_s, defaultPluginFolder()};
+    const QCommandLineOption layouts{u"layouts"_s, u"Folders of own layouts, by colon; they win over all others."_s,
+                                     u"DIR"_s};
+    const QCommandLineOption touch{u"touch"_s, u"For fingers: large targets, a keyboard."_s};
+    const QCommandLineOption demoData{u"demo-data"_s, u"Create a goods database with demo goods in the data folder "
+                                                      "when there is none."_s};
+    const QCommandLineOption size{u"size"_s,
+                                  u"Size of the window; otherwise the whole screen, or 1280x800 when a "
+                                  "scenario is played."_s,
+                                  u"WIDTHxHEIGHT"_s};
+    const QCommandLineOption play{u"play"_s, u"Play a scenario, and end."_s, u"FILE"_s};
+    const QCommandLineOption screenshots{u"screenshots"_s, u"Folder for the scenario's pictures."_s, u"DIR"_s, u"."_s};
 };
 
 /// Nothing when it was given in another form.
 std::optional<QSize> windowSize(const QCommandLineParser& parser, const Options& options)
 {
-    if (parser.isSet(options.size))
+    if (parser.isSet(options.size)) {
         return readSize(parser.value(options.size));
+    }
     return parser.value(options.play).isEmpty() ? QSize() : playedWindow;
 }
 
@@ -87,17 +82,18 @@ std::optional<QSize> windowSize(const QCommandLineParser& parser, const Options&
 QString mistake(const QCommandLineParser& parser, const Options& options)
 {
     const QStringList stray = parser.positionalArguments();
-    if (!stray.isEmpty())
-        return QStringLiteral("Unknown argument '") + stray.constFirst() + QLatin1Char('\'');
-    if (!windowSize(parser, options))
-        return QStringLiteral("--size wants WIDTHxHEIGHT, for example 1280x800");
+    if (!stray.isEmpty()) {
+        return u"Unknown argument '"_s + stray.constFirst() + u'\'';
+    }
+    if (!windowSize(parser, options)) {
+        return u"--size wants WIDTHxHEIGHT, for example 1280x800"_s;
+    }
     return {};
 }
 
 QString versionText()
 {
-    return QCoreApplication::applicationName() + QLatin1Char(' ') + QCoreApplication::applicationVersion() +
-           QLatin1Char('\n');
+    return QCoreApplication::applicationName() + u' ' + QCoreApplication::applicationVersion() + u'\n';
 }
 
 CommandLine read(const QCommandLineParser& parser, const Options& options)
@@ -128,15 +124,19 @@ CommandLine told(CommandLine::Outcome outcome, const QString& message)
 CommandLine CommandLine::parse(const QStringList& arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("The pharmacy's cash register."));
+    parser.setApplicationDescription(u"The pharmacy's cash register."_s);
     const Options options(parser);
-    if (!parser.parse(arguments))
+    if (!parser.parse(arguments)) {
         return told(Outcome::Wrong, parser.errorText());
-    if (parser.isSet(options.help))
+    }
+    if (parser.isSet(options.help)) {
         return told(Outcome::Told, parser.helpText());
-    if (parser.isSet(options.version))
+    }
+    if (parser.isSet(options.version)) {
         return told(Outcome::Told, versionText());
-    if (const QString wrong = mistake(parser, options); !wrong.isEmpty())
+    }
+    if (const QString wrong = mistake(parser, options); !wrong.isEmpty()) {
         return told(Outcome::Wrong, wrong);
+    }
     return read(parser, options);
 }

@@ -13,6 +13,8 @@
 #include <QSqlQuery>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -29,12 +31,9 @@ const QList<Table>& tables()
         {"goods",
          "code TEXT PRIMARY KEY, barcode TEXT UNIQUE, inn TEXT, name TEXT NOT NULL, price NUMERIC NOT NULL, "
          "catalogueprice NUMERIC, minretailprice NUMERIC, stock INTEGER NOT NULL",
-         {QStringLiteral("code"), QStringLiteral("barcode"), QStringLiteral("inn"), QStringLiteral("name"),
-          QStringLiteral("price"), QStringLiteral("catalogueprice"), QStringLiteral("minretailprice"),
-          QStringLiteral("stock")}},
-        {"medicine",
-         "dictcode TEXT PRIMARY KEY, dictname TEXT NOT NULL",
-         {QStringLiteral("dictcode"), QStringLiteral("dictname")}},
+         {u"code"_s, u"barcode"_s, u"inn"_s, u"name"_s, u"price"_s, u"catalogueprice"_s, u"minretailprice"_s,
+          u"stock"_s}},
+        {"medicine", "dictcode TEXT PRIMARY KEY, dictname TEXT NOT NULL", {u"dictcode"_s, u"dictname"_s}},
     };
     return all;
 }
@@ -42,18 +41,21 @@ const QList<Table>& tables()
 bool createTable(QSqlQuery& query, const Table& table, const QJsonArray& rows)
 {
     const QString name = QString::fromLatin1(table.name);
-    if (!query.exec(QStringLiteral("CREATE TABLE ") + name + QStringLiteral(" (") + QLatin1String(table.definition) +
-                    QLatin1Char(')')))
+    if (!query.exec(u"CREATE TABLE "_s + name + u" ("_s + QLatin1StringView(table.definition) + u')')) {
         return false;
-    const QString marks = QStringList(table.columns.size(), QStringLiteral("?")).join(QLatin1Char(','));
-    if (!query.prepare(QStringLiteral("INSERT INTO ") + name + QStringLiteral(" (") +
-                       table.columns.join(QLatin1Char(',')) + QStringLiteral(") VALUES (") + marks + QLatin1Char(')')))
+    }
+    const QString marks = QStringList(table.columns.size(), u"?"_s).join(u',');
+    if (!query.prepare(u"INSERT INTO "_s + name + u" ("_s + table.columns.join(u',') + u") VALUES ("_s + marks +
+                       u')')) {
         return false;
+    }
     for (const auto row : rows) {
-        for (const QString& column : table.columns)
+        for (const QString& column : table.columns) {
             query.addBindValue(row[column].toVariant());
-        if (!query.exec())
+        }
+        if (!query.exec()) {
             return false;
+        }
     }
     return true;
 }
@@ -61,16 +63,20 @@ bool createTable(QSqlQuery& query, const Table& table, const QJsonArray& rows)
 /// Empty, or what went wrong.
 QString fillDatabase(QSqlDatabase database)
 {
-    QFile file(QStringLiteral(":/demo/goods.json"));
-    if (!file.open(QIODevice::ReadOnly))
+    QFile file(u":/demo/goods.json"_s);
+    if (!file.open(QIODevice::ReadOnly)) {
         return file.errorString();
+    }
     const QJsonDocument data = QJsonDocument::fromJson(file.readAll());
-    if (!database.open() || !database.transaction())
+    if (!database.open() || !database.transaction()) {
         return database.lastError().text();
+    }
     QSqlQuery query(database);
-    for (const Table& table : tables())
-        if (!createTable(query, table, data[QLatin1String(table.name)].toArray()))
+    for (const Table& table : tables()) {
+        if (!createTable(query, table, data[QLatin1StringView(table.name)].toArray())) {
             return query.lastError().text();
+        }
+    }
     return database.commit() ? QString() : database.lastError().text();
 }
 
@@ -78,24 +84,26 @@ QString fillDatabase(QSqlDatabase database)
 
 bool createDemoGoods(const QString& file)
 {
-    if (QFile::exists(file))
+    if (QFile::exists(file)) {
         return true;
-    const QString connection = QStringLiteral("demo goods");
-    const QString unfinished = file + QStringLiteral(".new");
+    }
+    const QString connection = u"demo goods"_s;
+    const QString unfinished = file + u".new"_s;
     QFile::remove(unfinished);
     QString failure;
     {
-        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
+        QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, connection);
         database.setDatabaseName(unfinished);
         failure = fillDatabase(database);
         database.close();
     }
     QSqlDatabase::removeDatabase(connection);
-    if (failure.isEmpty() && !QFile::rename(unfinished, file))
-        failure = QStringLiteral("it cannot be renamed to ") + file;
-    if (failure.isEmpty())
+    if (failure.isEmpty() && !QFile::rename(unfinished, file)) {
+        failure = u"it cannot be renamed to "_s + file;
+    }
+    if (failure.isEmpty()) {
         return true;
-    Log4Qt::LogManager::logger(QStringLiteral("register"))
-        ->error(QStringLiteral("The demo goods were not made: ") + failure);
+    }
+    Log4Qt::LogManager::logger(u"register"_s)->error(u"The demo goods were not made: "_s + failure);
     return false;
 }

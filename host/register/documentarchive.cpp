@@ -14,20 +14,22 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
-const QString putAside = QStringLiteral("putaside");
-const QString finished = QStringLiteral("finished");
+const QString putAside = u"putaside"_s;
+const QString finished = u"finished"_s;
 
 QString fileOf(const QString& place, int number)
 {
-    return place + QStringLiteral("/%1.json").arg(number, 8, 10, QLatin1Char('0'));
+    return place + u"/%1.json"_s.arg(number, 8, 10, QChar(u'0'));
 }
 
 Log4Qt::Logger* log()
 {
-    return Log4Qt::LogManager::logger(QStringLiteral("register"));
+    return Log4Qt::LogManager::logger(u"register"_s);
 }
 
 } // namespace
@@ -44,10 +46,12 @@ bool DocumentArchive::move(const QSharedPointer<Receipt>& document, const Receip
     document->setEnding(ending);
     const QString file = document->fileName();
     const bool isSaved = save(document);
-    if (!isSaved)
+    if (!isSaved) {
         document->setEnding(formerEnding);
-    if (file != formerFile)
+    }
+    if (file != formerFile) {
         removeFile(isSaved ? formerFile : file); // a failed save may have left its file when only syncing failed
+    }
     return isSaved;
 }
 
@@ -71,9 +75,11 @@ QList<QSharedPointer<Receipt>> DocumentArchive::latest(int limit) const
 {
     QList<QSharedPointer<Receipt>> documents;
     const auto add = [this, &documents](const QString& place, const QList<int>& numbers) {
-        for (const int number : numbers)
-            if (const auto document = read(place, number))
+        for (const int number : numbers) {
+            if (const auto document = read(place, number)) {
                 documents.append(document);
+            }
+        }
     };
     add(putAside, numbers(putAside));
     QList<int> latestFinished = numbers(finished);
@@ -92,26 +98,33 @@ int DocumentArchive::greatestNumber() const
 bool DocumentArchive::isTakenBack(const Receipt& sale, const QSharedPointer<Receipt>& open) const
 {
     const int taker = sale.getTakenBackBy();
-    if (taker == 0)
+    if (taker == 0) {
         return false;
-    if (open && open->getNumber() == taker)
+    }
+    if (open && open->getNumber() == taker) {
         return open->getTakesBack() == sale.getNumber();
-    if (!QFileInfo::exists(QDir(m_folder).filePath(fileOf(finished, taker))))
+    }
+    if (!QFileInfo::exists(QDir(m_folder).filePath(fileOf(finished, taker)))) {
         return false;
+    }
     const QSharedPointer<Receipt> document = read(finished, taker);
-    if (!document)
+    if (!document) {
         return true; // damaged: rather refuse than pay out twice
+    }
     return document->getTakesBack() == sale.getNumber() && document->getState() == Receipt::State::Closed;
 }
 
 QSharedPointer<Receipt> DocumentArchive::tidyUp(const QSharedPointer<Receipt>& open) const
 {
     const bool finishedMeanwhile = open && isFinished(open->getNumber());
-    if (finishedMeanwhile)
+    if (finishedMeanwhile) {
         removeFile(SaveToFileLogic::currentReceiptFile);
-    for (const int number : numbers(putAside))
-        if (isFinished(number) || (open && number == open->getNumber()))
+    }
+    for (const int number : numbers(putAside)) {
+        if (isFinished(number) || (open && number == open->getNumber())) {
             removeFile(fileOf(putAside, number));
+        }
+    }
     return finishedMeanwhile ? nullptr : open;
 }
 
@@ -119,11 +132,13 @@ QSharedPointer<Receipt> DocumentArchive::tidyUp(const QSharedPointer<Receipt>& o
 QList<int> DocumentArchive::numbers(const QString& place) const
 {
     QList<int> found;
-    const QStringList files = QDir(QDir(m_folder).filePath(place)).entryList({QStringLiteral("*.json")}, QDir::Files);
-    for (const QString& file : files)
+    const QStringList files = QDir(QDir(m_folder).filePath(place)).entryList({u"*.json"_s}, QDir::Files);
+    for (const QString& file : files) {
         if (const int number = QFileInfo(file).completeBaseName().toInt();
-            number > 0 && fileOf(place, number).endsWith(QLatin1Char('/') + file))
+            number > 0 && fileOf(place, number).endsWith(u'/' + file)) {
             found.append(number);
+        }
+    }
     std::sort(found.begin(), found.end());
     return found;
 }
@@ -131,20 +146,25 @@ QList<int> DocumentArchive::numbers(const QString& place) const
 QSharedPointer<Receipt> DocumentArchive::read(const QString& place, int number) const
 {
     const QString file = QDir(m_folder).filePath(fileOf(place, number));
-    if (!QFileInfo::exists(file))
+    if (!QFileInfo::exists(file)) {
         return nullptr;
+    }
     SavedReceiptFile saved = SavedReceiptFile::read(file);
     if (saved.receipt && saved.receipt->fileName() != fileOf(place, number)) // it would be saved over another one
-        saved = {nullptr, QStringLiteral("it belongs in ") + saved.receipt->fileName()};
-    if (!saved.receipt)
-        log()->error(QStringLiteral("A saved document cannot be read: ") + file + QStringLiteral(": ") + saved.damage);
+    {
+        saved = {nullptr, u"it belongs in "_s + saved.receipt->fileName()};
+    }
+    if (!saved.receipt) {
+        log()->error(u"A saved document cannot be read: "_s + file + u": "_s + saved.damage);
+    }
     return saved.receipt;
 }
 
 void DocumentArchive::removeFile(const QString& file) const
 {
     QFile former(QDir(m_folder).filePath(file));
-    if (former.exists() && !former.remove())
-        log()->warn(QStringLiteral("A document's former file could not be removed: ") + former.fileName() +
-                    QStringLiteral(": ") + former.errorString());
+    if (former.exists() && !former.remove()) {
+        log()->warn(u"A document's former file could not be removed: "_s + former.fileName() + u": "_s +
+                    former.errorString());
+    }
 }

@@ -12,6 +12,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -20,36 +22,36 @@ constexpr int latestShown = 500;
 /// The document number of the action, else what the cashier types; nothing when the cashier leaves.
 std::optional<int> documentNumber(const control::Action& action, const tr::Tr& title, const tr::Tr& message)
 {
-    if (const int given = action.value(QStringLiteral("number")).toInt(); given > 0)
+    if (const int given = action.value(u"number"_s).toInt(); given > 0) {
         return given;
+    }
     TextInputParams params;
     params.title = title;
     params.message = message;
-    params.inputName = QStringLiteral("inputDocumentNumber");
-    params.mask = QStringLiteral("0*[1-9]\\d{0,7}");
+    params.inputName = u"inputDocumentNumber"_s;
+    params.mask = u"0*[1-9]\\d{0,7}"_s;
     params.numeric = true;
-    const core::BasicDialog::Result result = MockFactory<Dialog>::create()->showTextInput(params);
-    if (result.canceled() || result.isEmpty())
+    const core::BasicDialog::Result result = Dialog::create()->showTextInput(params);
+    if (result.canceled() || result.isEmpty()) {
         return std::nullopt;
+    }
     return result.getData().toString().toInt();
 }
 
 tr::Tr annulQuestion(const Receipt& document)
 {
-    if (document.getState() == Receipt::State::PutAside)
-        return {QStringLiteral("annulPutAsideQuestion"),
-                QStringLiteral("Аннулировать отложенный чек № %1 на сумму %2?")};
-    if (document.getSum() == 0)
-        return {QStringLiteral("annulSaleWithoutMoneyQuestion"),
-                QStringLiteral("Аннулировать продажу № %1 на сумму %2?")};
-    return {QStringLiteral("annulSaleQuestion"),
-            QStringLiteral("Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю.")};
+    if (document.getState() == Receipt::State::PutAside) {
+        return {u"annulPutAsideQuestion"_s, u"Аннулировать отложенный чек № %1 на сумму %2?"_s};
+    }
+    if (document.getSum() == 0) {
+        return {u"annulSaleWithoutMoneyQuestion"_s, u"Аннулировать продажу № %1 на сумму %2?"_s};
+    }
+    return {u"annulSaleQuestion"_s, u"Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю."_s};
 }
 
 tr::Tr noDocument(int number)
 {
-    return tr::Tr(QStringLiteral("documentNotFound"),
-                  QStringLiteral("Документа № %1 нет среди отложенных и завершённых.\nПроверьте номер."))
+    return tr::Tr(u"documentNotFound"_s, u"Документа № %1 нет среди отложенных и завершённых.\nПроверьте номер."_s)
         .arg(QString::number(number));
 }
 
@@ -80,8 +82,7 @@ EContext::Result DocumentCommands::putAside()
 {
     const QSharedPointer<Receipt> receipt = m_sale.receipt();
     if (receipt->isCancelling()) {
-        showNotice({QStringLiteral("takeBackNotPutAside"),
-                    QStringLiteral("Возврат нельзя отложить: завершите его или отмените.")});
+        showNotice({u"takeBackNotPutAside"_s, u"Возврат нельзя отложить: завершите его или отмените."_s});
         return EContext::Stop;
     }
     return m_sale.putAside() ? EContext::GoOn : EContext::Stop;
@@ -102,14 +103,15 @@ EContext::Result DocumentCommands::showDocuments()
     params.openReceipt = m_sale.receipt() ? m_sale.receipt()->getNumber() : 0;
     params.marks = &m_marks;
     Event event(DocumentListParams::eventCode);
-    event.addArgument(QStringLiteral("params"), QVariant::fromValue(params));
+    event.addArgument(u"params"_s, QVariant::fromValue(params));
     const QVariantMap answer =
         core::BasicDialog().show(false, true, {EInput::Keyboard, EInput::Scanner}, event).getData().toMap();
-    if (const int number = answer.value(QStringLiteral("takeUp")).toInt(); number > 0)
+    if (const int number = answer.value(u"takeUp"_s).toInt(); number > 0) {
         return takeUp(number);
-    if (const int number = answer.value(QStringLiteral("takeBack")).toInt(); number > 0) {
+    }
+    if (const int number = answer.value(u"takeBack"_s).toInt(); number > 0) {
         control::Action action = Singleton<control::ActionFactory>::get()->create(registeraction::takeBack);
-        action.insert(QStringLiteral("number"), number);
+        action.insert(u"number"_s, number);
         return takeBack(action);
     }
     return EContext::GoOn;
@@ -119,17 +121,18 @@ EContext::Result DocumentCommands::showDocuments()
 bool DocumentCommands::isReceiptInTheWay() const
 {
     const QSharedPointer<Receipt> open = m_sale.receipt();
-    if (open)
-        showNotice(tr::Tr(QStringLiteral("finishOpenReceiptFirst"),
-                          QStringLiteral("Сначала завершите или отложите открытый чек № %1."))
+    if (open) {
+        showNotice(tr::Tr(u"finishOpenReceiptFirst"_s, u"Сначала завершите или отложите открытый чек № %1."_s)
                        .arg(QString::number(open->getNumber())));
+    }
     return !open.isNull();
 }
 
 EContext::Result DocumentCommands::takeUp(int number)
 {
-    if (isReceiptInTheWay())
+    if (isReceiptInTheWay()) {
         return EContext::Stop;
+    }
     const QSharedPointer<Receipt> document = m_sale.archive().find(number);
     if (!document) { // damaged or taken away while the list stood
         showNotice(noDocument(number));
@@ -140,29 +143,29 @@ EContext::Result DocumentCommands::takeUp(int number)
 
 EContext::Result DocumentCommands::takeBack(const control::Action& action)
 {
-    if (isReceiptInTheWay())
+    if (isReceiptInTheWay()) {
         return EContext::Stop;
+    }
     const std::optional<int> number =
-        documentNumber(action, {QStringLiteral("takeBackTitle"), QStringLiteral("Возврат продажи")},
-                       {QStringLiteral("takeBackMessage"), QStringLiteral("Номер чека, по которому возвращают товар")});
-    if (!number)
+        documentNumber(action, {u"takeBackTitle"_s, u"Возврат продажи"_s},
+                       {u"takeBackMessage"_s, u"Номер чека, по которому возвращают товар"_s});
+    if (!number) {
         return EContext::Stop;
+    }
     const QSharedPointer<Receipt> sale = m_sale.archive().find(*number);
     if (!sale) {
         showNotice(noDocument(*number));
         return EContext::Stop;
     }
     if (sale->getType() != AbstractDocument::Sale || sale->getState() != Receipt::State::Closed) {
-        showNotice(tr::Tr(QStringLiteral("takeBackOnlyClosedSale"),
-                          QStringLiteral("Документ № %1 — не закрытая продажа, его нельзя вернуть."))
+        showNotice(tr::Tr(u"takeBackOnlyClosedSale"_s, u"Документ № %1 — не закрытая продажа, его нельзя вернуть."_s)
                        .arg(QString::number(*number)));
         return EContext::Stop;
     }
     if (m_sale.archive().isTakenBack(*sale, nullptr)) {
-        showNotice(
-            tr::Tr(QStringLiteral("takenBackAlready"), QStringLiteral("Продажа № %1 уже возвращена документом № %2."))
-                .arg(QString::number(*number))
-                .arg(QString::number(sale->getTakenBackBy())));
+        showNotice(tr::Tr(u"takenBackAlready"_s, u"Продажа № %1 уже возвращена документом № %2."_s)
+                       .arg(QString::number(*number))
+                       .arg(QString::number(sale->getTakenBackBy())));
         return EContext::Stop;
     }
     return m_sale.takeBack(sale) ? EContext::GoOn : EContext::Stop;
@@ -171,10 +174,11 @@ EContext::Result DocumentCommands::takeBack(const control::Action& action)
 EContext::Result DocumentCommands::annulByNumber(const control::Action& action)
 {
     const std::optional<int> number =
-        documentNumber(action, {QStringLiteral("annulTitle"), QStringLiteral("Аннулирование документа")},
-                       {QStringLiteral("annulMessage"), QStringLiteral("Номер отложенного чека или закрытой продажи")});
-    if (!number)
+        documentNumber(action, {u"annulTitle"_s, u"Аннулирование документа"_s},
+                       {u"annulMessage"_s, u"Номер отложенного чека или закрытой продажи"_s});
+    if (!number) {
         return EContext::Stop;
+    }
     const QSharedPointer<Receipt> document = m_sale.archive().find(*number);
     if (!document) {
         showNotice(noDocument(*number));
@@ -187,32 +191,32 @@ EContext::Result DocumentCommands::annul(const QSharedPointer<Receipt>& document
 {
     const QString number = QString::number(document->getNumber());
     if (!canAnnul(*document)) {
-        showNotice(tr::Tr(QStringLiteral("annulNotPossible"),
-                          QStringLiteral("Документ № %1 нельзя аннулировать: аннулируются отложенные чеки и "
-                                         "закрытые продажи, которые не возвращены."))
+        showNotice(tr::Tr(u"annulNotPossible"_s, u"Документ № %1 нельзя аннулировать: аннулируются отложенные чеки и "
+                                                 "закрытые продажи, которые не возвращены."_s)
                        .arg(number));
         return EContext::Stop;
     }
     const Question question{
-        {QStringLiteral("annulTitle"), QStringLiteral("Аннулирование документа")},
+        {u"annulTitle"_s, u"Аннулирование документа"_s},
         annulQuestion(*document).arg(number).arg(amountText(document->getSum())),
-        {QStringLiteral("annulYes"), QStringLiteral("Аннулировать")},
-        {QStringLiteral("questionNo"), QStringLiteral("Нет")},
+        {u"annulYes"_s, u"Аннулировать"_s},
+        {u"questionNo"_s, u"Нет"_s},
     };
-    if (!question.ask())
+    if (!question.ask()) {
         return EContext::Stop;
+    }
     control::Action action = Singleton<control::ActionFactory>::get()->create(control::AnnulDocument);
-    action.insert(QStringLiteral("document"), QVariant::fromValue(document.staticCast<AbstractDocument>()));
+    action.insert(u"document"_s, QVariant::fromValue(document.staticCast<AbstractDocument>()));
     return Singleton<ActionQueueController>::get()->execute(action);
 }
 
 EContext::Result DocumentCommands::annulFrame(const control::Action& action,
                                               const std::function<EContext::Result()>& course)
 {
-    const auto document =
-        action.value(QStringLiteral("document")).value<QSharedPointer<AbstractDocument>>().dynamicCast<Receipt>();
-    if (!document || !canAnnul(*document))
+    const auto document = action.value(u"document"_s).value<QSharedPointer<AbstractDocument>>().dynamicCast<Receipt>();
+    if (!document || !canAnnul(*document)) {
         return EContext::NotFound;
+    }
     EContext::Result result = EContext::Stop;
     m_sale.withCurrentDocument(document, [&] {
         {
@@ -220,10 +224,11 @@ EContext::Result DocumentCommands::annulFrame(const control::Action& action,
             const Finally closedAgain([&] { document->setBeingAnnulled(false); });
             result = course();
         }
-        if (result == EContext::GoOn)
+        if (result == EContext::GoOn) {
             result = m_sale.annul(document) ? EContext::GoOn : EContext::Stop;
-        else
+        } else {
             m_sale.archive().save(document);
+        }
     });
     return result;
 }
@@ -231,9 +236,10 @@ EContext::Result DocumentCommands::annulFrame(const control::Action& action,
 QString DocumentCommands::print(const Receipt& document) const
 {
     const QString file = m_printer.printAgain(document);
-    if (file.isEmpty())
+    if (file.isEmpty()) {
         return {};
-    return tr::Tr(QStringLiteral("documentPrinted"), QStringLiteral("Документ № %1 напечатан: %2"))
+    }
+    return tr::Tr(u"documentPrinted"_s, u"Документ № %1 напечатан: %2"_s)
         .arg(QString::number(document.getNumber()))
         .arg(file)
         .ui();

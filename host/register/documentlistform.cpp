@@ -15,26 +15,28 @@
 #include <QPushButton>
 #include <QShortcut>
 
+using namespace Qt::StringLiterals;
+
 DocumentListForm::DocumentListForm(const DocumentListParams& params, QObject* parent)
     : BasicForm(parent)
     , m_params(params)
     , m_positions(*params.marks)
 {
     setContextCode(EContext::StoredDocuments); // plug-ins annul what belongs to a document in this context
-    loadUI(QStringLiteral("documentlist.ui"));
-    if (!isTouchMode())
-        deleteWidgets({QStringLiteral("scrollButtonsNavigationBar"), QStringLiteral("navigationBar")});
-    m_table = findWidget<TalloTableView>(QStringLiteral("documentTable"));
-    m_positionsTable = findWidget<TalloTableView>(QStringLiteral("positionsTable"));
-    m_filter = findWidget<TalloLineEdit>(QStringLiteral("filterLineEdit"));
-    m_hint = findWidget<QLabel>(QStringLiteral("hintLabel"));
-    m_takeUp = findWidget<QPushButton>(QStringLiteral("takeUpButton"));
-    m_takeBack = findWidget<QPushButton>(QStringLiteral("takeBackButton"));
-    m_annul = findWidget<QPushButton>(QStringLiteral("annulButton"));
-    m_print = findWidget<QPushButton>(QStringLiteral("printButton"));
+    loadUI(u"documentlist.ui"_s);
+    if (!isTouchMode()) {
+        deleteWidgets({u"scrollButtonsNavigationBar"_s, u"navigationBar"_s});
+    }
+    m_table = findWidget<TalloTableView>(u"documentTable"_s);
+    m_positionsTable = findWidget<TalloTableView>(u"positionsTable"_s);
+    m_filter = findWidget<TalloLineEdit>(u"filterLineEdit"_s);
+    m_hint = findWidget<QLabel>(u"hintLabel"_s);
+    m_takeUp = findWidget<QPushButton>(u"takeUpButton"_s);
+    m_takeBack = findWidget<QPushButton>(u"takeBackButton"_s);
+    m_annul = findWidget<QPushButton>(u"annulButton"_s);
+    m_print = findWidget<QPushButton>(u"printButton"_s);
 
-    findWidget<QLabel>(QStringLiteral("titleLabel"))
-        ->setText(tr::Tr(QStringLiteral("documentsTitle"), QStringLiteral("Документы")).ui());
+    findWidget<QLabel>(u"titleLabel"_s)->setText(tr::Tr(u"documentsTitle"_s, u"Документы"_s).ui());
     setUpTables();
     setUpButtons();
     nameControls();
@@ -56,12 +58,12 @@ void DocumentListForm::setUpTables()
     m_filtered.setSourceModel(&m_documents);
     m_table->setModel(&m_filtered);
     m_table->setColumns({
-        QStringLiteral("number;;80;true;130"),
-        QStringLiteral("state;;-1;true;129"),
-        QStringLiteral("time;;-2;true;129"),
-        QStringLiteral("positions;;-2;true;130"),
-        QStringLiteral("sum;;-2;true;130"),
-        QStringLiteral("searchText;;0;false;129"),
+        u"number;;80;true;130"_s,
+        u"state;;-1;true;129"_s,
+        u"time;;-2;true;129"_s,
+        u"positions;;-2;true;130"_s,
+        u"sum;;-2;true;130"_s,
+        u"searchText;;0;false;129"_s,
     });
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &DocumentListForm::showCurrent);
 
@@ -69,14 +71,14 @@ void DocumentListForm::setUpTables()
     m_positionsTable->setFocusPolicy(Qt::NoFocus);
     m_positionsTable->setSelectionMode(QAbstractItemView::NoSelection);
     m_positionsTable->setColumns({
-        QStringLiteral("number;;40;true;130"),
-        QStringLiteral("name;;-1;true;129"),
-        QStringLiteral("mark;;-2;true;132"),
-        QStringLiteral("quantity;;-2;true;130"),
-        QStringLiteral("initialPrice;;0;false;130"),
-        QStringLiteral("price;;0;false;130"),
-        QStringLiteral("sum;;104;true;130"),
-        QStringLiteral("state;;-2;true;129"),
+        u"number;;40;true;130"_s,
+        u"name;;-1;true;129"_s,
+        u"mark;;-2;true;132"_s,
+        u"quantity;;-2;true;130"_s,
+        u"initialPrice;;0;false;130"_s,
+        u"price;;0;false;130"_s,
+        u"sum;;104;true;130"_s,
+        u"state;;-2;true;129"_s,
     });
 }
 
@@ -93,31 +95,29 @@ void DocumentListForm::setUpButtons()
         {m_takeBack, {"documentsTakeBack", "Вернуть"}, Qt::Key_F7, &DocumentListForm::takeBack},
         {m_annul, {"documentsAnnul", "Аннулировать"}, Qt::Key_F8, &DocumentListForm::annul},
         {m_print, {"documentsPrint", "Печать копии"}, Qt::Key_F9, &DocumentListForm::print},
-        {findWidget<QPushButton>(QStringLiteral("cancelButton")),
-         {"documentsCancel", "Назад"},
-         {},
-         &DocumentListForm::leave},
+        {findWidget<QPushButton>(u"cancelButton"_s), {"documentsCancel", "Назад"}, {}, &DocumentListForm::leave},
     };
     for (const Button& entry : buttons) {
         const QString key = entry.shortcut.toString(QKeySequence::NativeText);
-        entry.button->setText(key.isEmpty() ? entry.text.ui() : key + QLatin1Char(' ') + entry.text.ui());
+        entry.button->setText(key.isEmpty() ? entry.text.ui() : key + u' ' + entry.text.ui());
         entry.button->setAccessibleName(entry.text.ui());
         connect(entry.button, &QPushButton::clicked, this, entry.act);
-        if (entry.shortcut.isEmpty())
+        if (entry.shortcut.isEmpty()) {
             continue;
+        }
         // A button's own shortcut would click a moment later, perhaps when another document is the current one.
         auto* pressed = new QShortcut(entry.shortcut, rootWidget());
         pressed->setAutoRepeat(false);
         connect(pressed, &QShortcut::activated, entry.button, &QPushButton::click);
     }
-    if (auto* keyboard = findWidget<TalloKeyboard>(QStringLiteral("talloKeyboard"), false))
-        keyboard->setKeyboardLayouts(QStringLiteral("digits"));
+    if (auto* keyboard = findWidget<TalloKeyboard>(u"talloKeyboard"_s, false)) {
+        keyboard->setKeyboardLayouts(u"digits"_s);
+    }
 }
 
 void DocumentListForm::nameControls()
 {
-    m_filter->setPlaceholderText(
-        tr::Tr(QStringLiteral("documentsFilterHint"), QStringLiteral("Номер, состояние или название товара")).ui());
+    m_filter->setPlaceholderText(tr::Tr(u"documentsFilterHint"_s, u"Номер, состояние или название товара"_s).ui());
     setAccessibleNames({
         {"filterLineEdit", {"documentsFilter", "Поиск документа"}},
         {"documentTable", {"documentsTable", "Список документов"}},
@@ -158,54 +158,49 @@ void DocumentListForm::showCurrent()
     m_print->setToolTip(m_print->isEnabled() || !document ? QString() : printObstacle());
 
     m_positions.refresh(document);
-    for (const auto column : {ReceiptTableModel::Mark, ReceiptTableModel::State})
+    for (const auto column : {ReceiptTableModel::Mark, ReceiptTableModel::State}) {
         m_positionsTable->setColumnHidden(column, m_positions.isEmpty(column));
+    }
     showHint();
 }
 
 void DocumentListForm::showHint()
 {
     const Document document = current();
-    if (m_documents.rowCount() == 0)
-        showHint(
-            tr::Tr(QStringLiteral("documentsNone"), QStringLiteral("Отложенных и завершённых документов нет.")).ui(),
-            "hint");
-    else if (!document)
-        showHint(
-            tr::Tr(QStringLiteral("documentsNotFound"), QStringLiteral("Ничего не найдено. Измените строку поиска."))
-                .ui(),
-            "error");
-    else if (document->getNumber() == m_told.document)
+    if (m_documents.rowCount() == 0) {
+        showHint(tr::Tr(u"documentsNone"_s, u"Отложенных и завершённых документов нет."_s).ui(), "hint");
+    } else if (!document) {
+        showHint(tr::Tr(u"documentsNotFound"_s, u"Ничего не найдено. Измените строку поиска."_s).ui(), "error");
+    } else if (document->getNumber() == m_told.document) {
         showHint(m_told.text, m_told.textRole);
-    else if (m_params.openReceipt != 0)
-        showHint(
-            tr::Tr(QStringLiteral("documentsReceiptOpen"),
-                   QStringLiteral("Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен."))
-                .arg(QString::number(m_params.openReceipt))
-                .ui(),
-            "hint");
-    else
+    } else if (m_params.openReceipt != 0) {
+        showHint(tr::Tr(u"documentsReceiptOpen"_s,
+                        u"Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен."_s)
+                     .arg(QString::number(m_params.openReceipt))
+                     .ui(),
+                 "hint");
+    } else {
         showHint(m_print->isEnabled() ? QString() : printObstacle(), "hint");
+    }
 }
 
 QString DocumentListForm::printObstacle()
 {
-    return tr::Tr(QStringLiteral("documentsPrintClosed"),
-                  QStringLiteral("Печатаются только закрытые документы, которые не аннулированы."))
-        .ui();
+    return tr::Tr(u"documentsPrintClosed"_s, u"Печатаются только закрытые документы, которые не аннулированы."_s).ui();
 }
 
 void DocumentListForm::showHint(const QString& text, const char* textRole)
 {
     m_hint->setText(text);
     m_hint->setVisible(!text.isEmpty());
-    setStyleProperty(*m_hint, QStringLiteral("textRole"), QLatin1String(textRole));
+    setStyleProperty(*m_hint, u"textRole"_s, QLatin1StringView(textRole));
 }
 
 void DocumentListForm::rememberRefusal(const control::Action& action, EContext::Result result)
 {
-    if (result == EContext::NotFound || !current())
+    if (result == EContext::NotFound || !current()) {
         return; // the register shows a message
+    }
     m_told = {current()->getNumber(), refusal::stopped(action).ui(), "waiting"};
 }
 
@@ -231,18 +226,19 @@ bool DocumentListForm::isCurrentTakenBack() const
 /// Return does what harms nothing; what goes further has keys of its own.
 void DocumentListForm::confirm()
 {
-    if (m_takeUp->isEnabled())
+    if (m_takeUp->isEnabled()) {
         takeUp();
+    }
 }
 
 void DocumentListForm::takeUp()
 {
-    answerForm(QStringLiteral("takeUp"), current()->getNumber());
+    answerForm(u"takeUp"_s, current()->getNumber());
 }
 
 void DocumentListForm::takeBack()
 {
-    answerForm(QStringLiteral("takeBack"), current()->getNumber());
+    answerForm(u"takeBack"_s, current()->getNumber());
 }
 
 void DocumentListForm::annul()
@@ -260,8 +256,9 @@ void DocumentListForm::act(const DocumentListParams::Act& act)
 {
     m_told = {};
     const int number = current()->getNumber();
-    if (const QString done = act(current()); !done.isEmpty())
+    if (const QString done = act(current()); !done.isEmpty()) {
         m_told = {number, done, "hint"};
+    }
     load();
 }
 

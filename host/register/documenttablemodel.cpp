@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -17,7 +19,7 @@ constexpr QRgb waitingText = qRgb(0x8a, 0x5a, 0x00);
 
 QString timeText(const QDateTime& time)
 {
-    return time.toString(QStringLiteral("dd.MM.yyyy hh:mm"));
+    return time.toString(u"dd.MM.yyyy hh:mm"_s);
 }
 
 /// Nothing comes of it any more.
@@ -32,8 +34,9 @@ void DocumentTableModel::show(const QList<Document>& documents, const std::funct
 {
     beginResetModel();
     m_rows.clear();
-    for (const Document& document : documents)
+    for (const Document& document : documents) {
         m_rows.append({document, isTakenBack(*document)});
+    }
     endResetModel();
 }
 
@@ -41,12 +44,12 @@ int DocumentTableModel::rowOf(int number) const
 {
     const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(),
                                   [number](const Row& candidate) { return candidate.document->getNumber() == number; });
-    return row == m_rows.cend() ? -1 : static_cast<int>(row - m_rows.cbegin());
+    return row == m_rows.cend() ? -1 : int(row - m_rows.cbegin());
 }
 
 int DocumentTableModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+    return parent.isValid() ? 0 : int(m_rows.size());
 }
 
 int DocumentTableModel::columnCount(const QModelIndex& parent) const
@@ -56,8 +59,9 @@ int DocumentTableModel::columnCount(const QModelIndex& parent) const
 
 QVariant DocumentTableModel::data(const QModelIndex& index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) {
         return {};
+    }
     const Row& row = m_rows.at(index.row());
     const bool waits = row.document->getState() == Receipt::State::PutAside && index.column() == State;
     switch (role) {
@@ -66,8 +70,9 @@ QVariant DocumentTableModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return index.column() == Time ? times(*row.document) : QVariant();
     case Qt::ForegroundRole:
-        if (waits)
+        if (waits) {
             return QBrush(QColor(waitingText));
+        }
         return isVoid(*row.document) ? QBrush(RegisterColours().mutedText) : QVariant();
     default:
         return {};
@@ -76,19 +81,20 @@ QVariant DocumentTableModel::data(const QModelIndex& index, int role) const
 
 QVariant DocumentTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
+    }
     switch (section) {
     case Number:
-        return tr::Tr(QStringLiteral("documentColumnNumber"), QStringLiteral("№")).ui();
+        return tr::Tr(u"documentColumnNumber"_s, u"№"_s).ui();
     case State:
-        return tr::Tr(QStringLiteral("documentColumnState"), QStringLiteral("Документ")).ui();
+        return tr::Tr(u"documentColumnState"_s, u"Документ"_s).ui();
     case Time:
-        return tr::Tr(QStringLiteral("documentColumnTime"), QStringLiteral("Время")).ui();
+        return tr::Tr(u"documentColumnTime"_s, u"Время"_s).ui();
     case Positions:
-        return tr::Tr(QStringLiteral("documentColumnPositions"), QStringLiteral("Позиций")).ui();
+        return tr::Tr(u"documentColumnPositions"_s, u"Позиций"_s).ui();
     case Sum:
-        return tr::Tr(QStringLiteral("documentColumnSum"), QStringLiteral("Сумма")).ui();
+        return tr::Tr(u"documentColumnSum"_s, u"Сумма"_s).ui();
     default:
         return {};
     }
@@ -123,18 +129,22 @@ QString DocumentTableModel::times(const Receipt& document)
     };
     const QDateTime finished = document.getFinished();
     const QDateTime annulled = document.getAnnulled();
-    add({QStringLiteral("documentOpened"), QStringLiteral("Открыт %1")}, document.getOpened());
+    add({u"documentOpened"_s, u"Открыт %1"_s}, document.getOpened());
     if (finished.isValid() && finished != annulled) // else annulling it is what finished it
-        add({QStringLiteral("documentFinishedAt"), QStringLiteral("завершён %1")}, finished);
-    if (annulled.isValid())
-        add({QStringLiteral("documentAnnulledAt"), QStringLiteral("аннулирован %1")}, annulled);
-    return times.join(QStringLiteral(", "));
+    {
+        add({u"documentFinishedAt"_s, u"завершён %1"_s}, finished);
+    }
+    if (annulled.isValid()) {
+        add({u"documentAnnulledAt"_s, u"аннулирован %1"_s}, annulled);
+    }
+    return times.join(u", "_s);
 }
 
 QString DocumentTableModel::searchText(const Row& row)
 {
     QStringList parts{text(row, Number), text(row, State)};
-    for (const auto& position : row.document->positions())
+    for (const auto& position : row.document->positions()) {
         parts.append(position->getName());
-    return parts.join(QLatin1Char('\n'));
+    }
+    return parts.join(u'\n');
 }

@@ -3,54 +3,56 @@
 
 #include "tr.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 tr::Tr closing(const Receipt& document)
 {
-    if (document.isCancelling())
-        return tr::Tr(QStringLiteral("takeBackClosed"), QStringLiteral("Возврат № %1 закрыт. Выдано покупателю %2"))
+    if (document.isCancelling()) {
+        return tr::Tr(u"takeBackClosed"_s, u"Возврат № %1 закрыт. Выдано покупателю %2"_s)
             .arg(QString::number(document.getNumber()))
             .arg(amountText(document.getReceived()));
-    return tr::Tr(QStringLiteral("receiptClosed"), QStringLiteral("Чек № %1 закрыт. Сдача %2"))
+    }
+    return tr::Tr(u"receiptClosed"_s, u"Чек № %1 закрыт. Сдача %2"_s)
         .arg(QString::number(document.getNumber()))
         .arg(amountText(document.getChange()));
 }
 
 tr::Tr cancellation(const Receipt& document)
 {
-    return (document.isCancelling()
-                ? tr::Tr(QStringLiteral("takeBackCancelled"), QStringLiteral("Возврат № %1 отменён"))
-                : tr::Tr(QStringLiteral("receiptCancelled"), QStringLiteral("Чек № %1 отменён")))
+    return (document.isCancelling() ? tr::Tr(u"takeBackCancelled"_s, u"Возврат № %1 отменён"_s)
+                                    : tr::Tr(u"receiptCancelled"_s, u"Чек № %1 отменён"_s))
         .arg(QString::number(document.getNumber()));
 }
 
 tr::Tr closedState(const Receipt& document, bool takenBack)
 {
-    if (document.isCancelling())
-        return tr::Tr(QStringLiteral("documentTakeBack"), QStringLiteral("Возврат чека № %1"))
-            .arg(QString::number(document.getTakesBack()));
-    if (takenBack)
-        return tr::Tr(QStringLiteral("documentTakenBack"), QStringLiteral("Продажа, возвращена документом № %1"))
+    if (document.isCancelling()) {
+        return tr::Tr(u"documentTakeBack"_s, u"Возврат чека № %1"_s).arg(QString::number(document.getTakesBack()));
+    }
+    if (takenBack) {
+        return tr::Tr(u"documentTakenBack"_s, u"Продажа, возвращена документом № %1"_s)
             .arg(QString::number(document.getTakenBackBy()));
-    return {QStringLiteral("documentSale"), QStringLiteral("Продажа")};
+    }
+    return {u"documentSale"_s, u"Продажа"_s};
 }
 
 tr::Tr stateWord(const Receipt& document, bool takenBack)
 {
     switch (document.getState()) {
     case Receipt::State::Open:
-        return {QStringLiteral("documentOpen"), QStringLiteral("Открыт")};
+        return {u"documentOpen"_s, u"Открыт"_s};
     case Receipt::State::PutAside:
-        return {QStringLiteral("documentPutAside"), QStringLiteral("Отложен")};
+        return {u"documentPutAside"_s, u"Отложен"_s};
     case Receipt::State::Closed:
         return closedState(document, takenBack);
     case Receipt::State::Cancelled:
-        return document.isCancelling()
-                   ? tr::Tr(QStringLiteral("documentTakeBackCancelled"), QStringLiteral("Возврат отменён"))
-                   : tr::Tr(QStringLiteral("documentCancelled"), QStringLiteral("Отменён"));
+        return document.isCancelling() ? tr::Tr(u"documentTakeBackCancelled"_s, u"Возврат отменён"_s)
+                                       : tr::Tr(u"documentCancelled"_s, u"Отменён"_s);
     case Receipt::State::Annulled:
-        return {QStringLiteral("documentAnnulled"), QStringLiteral("Аннулирован")};
+        return {u"documentAnnulled"_s, u"Аннулирован"_s};
     }
     return {};
 }
@@ -63,12 +65,13 @@ namespace documentwords
 QString title(const Receipt& document)
 {
     const QString number = QString::number(document.getNumber());
-    if (document.isCancelling())
-        return tr::Tr(QStringLiteral("takeBackNumber"), QStringLiteral("Возврат № %1 (чек № %2)"))
+    if (document.isCancelling()) {
+        return tr::Tr(u"takeBackNumber"_s, u"Возврат № %1 (чек № %2)"_s)
             .arg(number)
             .arg(QString::number(document.getTakesBack()))
             .ui();
-    return tr::Tr(QStringLiteral("receiptNumber"), QStringLiteral("Чек № %1")).arg(number).ui();
+    }
+    return tr::Tr(u"receiptNumber"_s, u"Чек № %1"_s).arg(number).ui();
 }
 
 QString state(const Receipt& document, bool takenBack)
@@ -84,9 +87,7 @@ QString ending(const Receipt& document)
     case Receipt::State::Cancelled:
         return cancellation(document).ui();
     case Receipt::State::PutAside:
-        return tr::Tr(QStringLiteral("receiptPutAside"), QStringLiteral("Чек № %1 отложен"))
-            .arg(QString::number(document.getNumber()))
-            .ui();
+        return tr::Tr(u"receiptPutAside"_s, u"Чек № %1 отложен"_s).arg(QString::number(document.getNumber())).ui();
     default:
         return {};
     }
@@ -95,15 +96,13 @@ QString ending(const Receipt& document)
 QString annulment(const Receipt& document, Receipt::State before)
 {
     const QString number = QString::number(document.getNumber());
-    if (before == Receipt::State::PutAside)
-        return tr::Tr(QStringLiteral("putAsideAnnulled"), QStringLiteral("Отложенный чек № %1 аннулирован"))
-            .arg(number)
-            .ui();
-    if (document.getSum() == 0)
-        return tr::Tr(QStringLiteral("saleWithoutMoneyAnnulled"), QStringLiteral("Чек № %1 аннулирован"))
-            .arg(number)
-            .ui();
-    return tr::Tr(QStringLiteral("saleAnnulled"), QStringLiteral("Чек № %1 аннулирован. Верните покупателю %2"))
+    if (before == Receipt::State::PutAside) {
+        return tr::Tr(u"putAsideAnnulled"_s, u"Отложенный чек № %1 аннулирован"_s).arg(number).ui();
+    }
+    if (document.getSum() == 0) {
+        return tr::Tr(u"saleWithoutMoneyAnnulled"_s, u"Чек № %1 аннулирован"_s).arg(number).ui();
+    }
+    return tr::Tr(u"saleAnnulled"_s, u"Чек № %1 аннулирован. Верните покупателю %2"_s)
         .arg(number)
         .arg(amountText(document.getSum()))
         .ui();
@@ -112,11 +111,10 @@ QString annulment(const Receipt& document, Receipt::State before)
 QString restored(const Receipt& document)
 {
     return (document.isCancelling()
-                ? tr::Tr(
-                      QStringLiteral("takeBackRestored"),
-                      QStringLiteral("Возврат № %1 восстановлен после перезапуска. Проверьте позиции и продолжайте."))
-                : tr::Tr(QStringLiteral("receiptRestored"),
-                         QStringLiteral("Чек № %1 восстановлен после перезапуска. Проверьте позиции и продолжайте.")))
+                ? tr::Tr(u"takeBackRestored"_s,
+                         u"Возврат № %1 восстановлен после перезапуска. Проверьте позиции и продолжайте."_s)
+                : tr::Tr(u"receiptRestored"_s,
+                         u"Чек № %1 восстановлен после перезапуска. Проверьте позиции и продолжайте."_s))
         .arg(QString::number(document.getNumber()))
         .ui();
 }

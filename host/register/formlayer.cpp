@@ -11,8 +11,9 @@ FormLayer::FormLayer(BasicForm& form, QWidget* parent)
     , m_isDialog(qobject_cast<BasicDialogForm*>(&form) != nullptr)
     , m_root(form.rootWidget())
 {
-    if (!m_root)
+    if (!m_root) {
         return;
+    }
     if (m_isDialog) {
         m_root->setParent(this);
     } else {
@@ -26,8 +27,9 @@ FormLayer::FormLayer(BasicForm& form, QWidget* parent)
 
 void FormLayer::release()
 {
-    if (!m_root)
+    if (!m_root) {
         return;
+    }
     m_root->hide();
     m_root->setParent(nullptr);
 }

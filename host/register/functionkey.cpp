@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <iterator>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -29,75 +31,40 @@ struct DefaultKey {
 QList<DefaultKey> defaultKeys()
 {
     return {
-        {QStringLiteral("newReceiptKey"),
-         {QStringLiteral("keyNewReceipt"), QStringLiteral("Новый чек")},
-         QStringLiteral("F2"),
-         registeraction::openReceipt},
-        {QStringLiteral("goodsKey"),
-         {QStringLiteral("keyGoods"), QStringLiteral("Товар")},
-         QStringLiteral("F3"),
-         registeraction::addGoods},
-        {QStringLiteral("quantityKey"),
-         {QStringLiteral("keyQuantity"), QStringLiteral("Количество")},
-         QStringLiteral("F4"),
-         registeraction::changeQuantity},
-        {QStringLiteral("subtotalKey"),
-         {QStringLiteral("keySubtotal"), QStringLiteral("Подытог")},
-         QStringLiteral("F6"),
-         control::Subtotal},
-        {QStringLiteral("removeKey"),
-         {QStringLiteral("keyRemove"), QStringLiteral("Удалить")},
-         QStringLiteral("F8"),
-         registeraction::removePosition},
-        {QStringLiteral("cancelReceiptKey"),
-         {QStringLiteral("keyCancelReceipt"), QStringLiteral("Отмена чека")},
-         QStringLiteral("F9"),
-         registeraction::cancelReceipt},
-        {QStringLiteral("menuKey"),
-         {QStringLiteral("keyMenu"), QStringLiteral("Меню")},
-         QStringLiteral("F10"),
-         registeraction::showMenu},
-        {QStringLiteral("paymentKey"),
-         {QStringLiteral("keyPayment"), QStringLiteral("Оплата")},
-         QStringLiteral("F12"),
-         control::SubtotalAndPayment},
+        {u"newReceiptKey"_s, {u"keyNewReceipt"_s, u"Новый чек"_s}, u"F2"_s, registeraction::openReceipt},
+        {u"goodsKey"_s, {u"keyGoods"_s, u"Товар"_s}, u"F3"_s, registeraction::addGoods},
+        {u"quantityKey"_s, {u"keyQuantity"_s, u"Количество"_s}, u"F4"_s, registeraction::changeQuantity},
+        {u"subtotalKey"_s, {u"keySubtotal"_s, u"Подытог"_s}, u"F6"_s, control::Subtotal},
+        {u"removeKey"_s, {u"keyRemove"_s, u"Удалить"_s}, u"F8"_s, registeraction::removePosition},
+        {u"cancelReceiptKey"_s, {u"keyCancelReceipt"_s, u"Отмена чека"_s}, u"F9"_s, registeraction::cancelReceipt},
+        {u"menuKey"_s, {u"keyMenu"_s, u"Меню"_s}, u"F10"_s, registeraction::showMenu},
+        {u"paymentKey"_s, {u"keyPayment"_s, u"Оплата"_s}, u"F12"_s, control::SubtotalAndPayment},
     };
 }
 
 QList<DefaultKey> defaultMenuEntries()
 {
     return {
-        {QStringLiteral("putAsideEntry"),
-         {QStringLiteral("menuPutAside"), QStringLiteral("Отложить чек")},
-         {},
-         registeraction::putAside},
-        {QStringLiteral("documentsEntry"),
-         {QStringLiteral("menuDocuments"), QStringLiteral("Документы")},
-         {},
-         registeraction::showDocuments},
-        {QStringLiteral("takeBackEntry"),
-         {QStringLiteral("menuTakeBack"), QStringLiteral("Возврат продажи")},
-         {},
-         registeraction::takeBack},
-        {QStringLiteral("annulEntry"),
-         {QStringLiteral("menuAnnul"), QStringLiteral("Аннулировать по номеру")},
-         {},
-         registeraction::annulByNumber},
-        {QStringLiteral("cancelReceiptEntry"),
-         {QStringLiteral("menuCancelReceipt"), QStringLiteral("Отменить чек")},
+        {u"putAsideEntry"_s, {u"menuPutAside"_s, u"Отложить чек"_s}, {}, registeraction::putAside},
+        {u"documentsEntry"_s, {u"menuDocuments"_s, u"Документы"_s}, {}, registeraction::showDocuments},
+        {u"takeBackEntry"_s, {u"menuTakeBack"_s, u"Возврат продажи"_s}, {}, registeraction::takeBack},
+        {u"annulEntry"_s, {u"menuAnnul"_s, u"Аннулировать по номеру"_s}, {}, registeraction::annulByNumber},
+        {u"cancelReceiptEntry"_s,
+         {u"menuCancelReceipt"_s, u"Отменить чек"_s},
          {},
          registeraction::cancelReceipt,
-         QStringLiteral("by=%1").arg(static_cast<int>(control::StornoAllFromMenu))},
+         u"by=%1"_s.arg(int(control::StornoAllFromMenu))},
     };
 }
 
 QVariantMap readArguments(const QString& text)
 {
     QVariantMap arguments;
-    for (const QString& argument : text.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
-        const QString name = argument.section(QLatin1Char('='), 0, 0).trimmed();
-        if (!name.isEmpty())
-            arguments.insert(name, argument.section(QLatin1Char('='), 1).trimmed());
+    for (const QString& argument : text.split(u',', Qt::SkipEmptyParts)) {
+        const QString name = argument.section(u'=', 0, 0).trimmed();
+        if (!name.isEmpty()) {
+            arguments.insert(name, argument.section(u'=', 1).trimmed());
+        }
     }
     return arguments;
 }
@@ -105,14 +72,13 @@ QVariantMap readArguments(const QString& text)
 /// The key of that name as the configuration describes it; what it does not say is as in `base`.
 FunctionKey readKey(const Config& config, const DefaultKey& base)
 {
-    const QString section = QStringLiteral("FunctionKey.") + base.name;
+    const QString section = u"FunctionKey."_s + base.name;
     return {
         .name = base.name,
-        .text = config.getString(section + QStringLiteral(":text"), base.text.ui()),
-        .shortcut = QKeySequence::fromString(config.getString(section + QStringLiteral(":key"), base.shortcut)),
-        .actionType =
-            static_cast<control::EActionType>(config.getInt(section + QStringLiteral(":action"), base.actionType)),
-        .arguments = readArguments(config.getString(section + QStringLiteral(":arguments"), base.arguments)),
+        .text = config.getString(section + u":text"_s, base.text.ui()),
+        .shortcut = QKeySequence::fromString(config.getString(section + u":key"_s, base.shortcut)),
+        .actionType = static_cast<control::EActionType>(config.getInt(section + u":action"_s, base.actionType)),
+        .arguments = readArguments(config.getString(section + u":arguments"_s, base.arguments)),
     };
 }
 
@@ -123,19 +89,20 @@ QList<FunctionKey> readKeys(const Config& config, const QString& list, const QLi
     std::transform(usual.cbegin(), usual.cend(), std::back_inserter(names), std::mem_fn(&DefaultKey::name));
     const QList<DefaultKey> known = defaultKeys() + defaultMenuEntries();
     QList<FunctionKey> keys;
-    for (const QString& entry : config.getString(list, names.join(QLatin1Char(','))).split(QLatin1Char(','))) {
+    for (const QString& entry : config.getString(list, names.join(u',')).split(u',')) {
         const QString name = entry.trimmed();
         const auto base =
             std::find_if(known.cbegin(), known.cend(), [&name](const DefaultKey& key) { return key.name == name; });
-        if (name.isEmpty())
+        if (name.isEmpty()) {
             continue;
+        }
         const FunctionKey key =
             readKey(config, base == known.cend() ? DefaultKey{name, {tr::undefined, name}, {}, 0} : *base);
-        if (key.actionType != 0)
+        if (key.actionType != 0) {
             keys.append(key);
-        else
-            Log4Qt::LogManager::logger(QStringLiteral("register"))
-                ->warn(QStringLiteral("Function key without an action passed over: ") + name);
+        } else {
+            Log4Qt::LogManager::logger(u"register"_s)->warn(u"Function key without an action passed over: "_s + name);
+        }
     }
     return keys;
 }
@@ -144,14 +111,15 @@ QList<FunctionKey> readKeys(const Config& config, const QString& list, const QLi
 
 QList<FunctionKey> configuredFunctionKeys(const Config& config)
 {
-    return readKeys(config, QStringLiteral("FunctionKeys:keys"), defaultKeys());
+    return readKeys(config, u"FunctionKeys:keys"_s, defaultKeys());
 }
 
 QList<FunctionKey> configuredMenuEntries(const Config& config)
 {
-    const QList<FunctionKey> entries = readKeys(config, QStringLiteral("Menu:entries"), defaultMenuEntries());
-    if (entries.size() > mostMenuEntries)
-        Log4Qt::LogManager::logger(QStringLiteral("register"))
-            ->warn(QStringLiteral("The menu has more entries than digits; the last ones are passed over"));
+    const QList<FunctionKey> entries = readKeys(config, u"Menu:entries"_s, defaultMenuEntries());
+    if (entries.size() > mostMenuEntries) {
+        Log4Qt::LogManager::logger(u"register"_s)
+            ->warn(u"The menu has more entries than digits; the last ones are passed over"_s);
+    }
     return entries.first(std::min<qsizetype>(entries.size(), mostMenuEntries));
 }

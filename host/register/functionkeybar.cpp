@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -15,7 +17,7 @@ constexpr int spacing = 8;
 
 int widthOf(const QList<QPushButton*>& row)
 {
-    return std::accumulate(row.cbegin(), row.cend(), spacing * static_cast<int>(row.size() - 1),
+    return std::accumulate(row.cbegin(), row.cend(), spacing * int(row.size() - 1),
                            [](int width, const QPushButton* key) { return width + key->sizeHint().width(); });
 }
 
@@ -24,7 +26,7 @@ void place(const QList<QPushButton*>& row, const QRect& room)
 {
     int left = room.left();
     int spare = room.width() - widthOf(row);
-    auto keysLeft = static_cast<int>(row.size());
+    auto keysLeft = int(row.size());
     for (QPushButton* key : row) {
         const int share = spare / keysLeft--;
         const int width = key->sizeHint().width() + share;
@@ -39,20 +41,21 @@ void place(const QList<QPushButton*>& row, const QRect& room)
 FunctionKeyBar::FunctionKeyBar(const QList<FunctionKey>& keys, QWidget* parent)
     : QWidget(parent)
 {
-    setObjectName(QStringLiteral("functionKeyBar"));
+    setObjectName(u"functionKeyBar"_s);
     // Narrower than other buttons, so that all keys stand in one row where they can.
-    setStyleSheet(QStringLiteral("QPushButton { padding: 6px 7px } QPushButton:focus { padding: 4px 5px }"));
+    setStyleSheet(u"QPushButton { padding: 6px 7px } QPushButton:focus { padding: 4px 5px }"_s);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
-    for (const FunctionKey& key : keys)
+    for (const FunctionKey& key : keys) {
         addKey(key);
+    }
 }
 
 void FunctionKeyBar::addKey(const FunctionKey& key)
 {
     const QString shortcut = key.shortcut.toString(QKeySequence::NativeText);
-    auto* button = new QPushButton(shortcut.isEmpty() ? key.text : shortcut + QLatin1Char('\n') + key.text, this);
+    auto* button = new QPushButton(shortcut.isEmpty() ? key.text : shortcut + u'\n' + key.text, this);
     button->setObjectName(key.name);
     button->setAccessibleName(key.text);
     button->setToolTip(key.text);
@@ -69,7 +72,7 @@ void FunctionKeyBar::addKey(const FunctionKey& key)
 
 int FunctionKeyBar::heightForWidth(int width) const
 {
-    const auto count = static_cast<int>(rows(width).size());
+    const auto count = int(rows(width).size());
     return count * keyHeight() + std::max(0, count - 1) * spacing;
 }
 
@@ -100,11 +103,12 @@ void FunctionKeyBar::resizeEvent(QResizeEvent*)
 /// As few rows as have room for their keys; when none do, every key has its own.
 QList<FunctionKeyBar::Row> FunctionKeyBar::rows(int width) const
 {
-    const auto keys = static_cast<int>(m_keys.size());
+    const auto keys = int(m_keys.size());
     for (int count = 1; count < keys; ++count) {
         QList<Row> split = inRows(count);
-        if (std::all_of(split.cbegin(), split.cend(), [width](const Row& row) { return widthOf(row) <= width; }))
+        if (std::all_of(split.cbegin(), split.cend(), [width](const Row& row) { return widthOf(row) <= width; })) {
             return split;
+        }
     }
     return inRows(keys);
 }

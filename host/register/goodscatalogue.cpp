@@ -10,13 +10,15 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 [[noreturn]] void throwUnreadable(const QSqlError& error)
 {
-    throw BasicException(tr::Tr(QStringLiteral("goodsCatalogueUnreadable"),
-                                QStringLiteral("Справочник товаров недоступен: %1\nПроверьте базу данных товаров "
-                                               "и повторите или позовите администратора."))
+    throw BasicException(tr::Tr(u"goodsCatalogueUnreadable"_s,
+                                u"Справочник товаров недоступен: %1\nПроверьте базу данных товаров "
+                                "и повторите или позовите администратора."_s)
                              .arg(error.text()));
 }
 } // namespace
@@ -34,8 +36,9 @@ QList<CatalogueGoods> GoodsCatalogue::goodsOf(const QString& nonProprietaryName)
     QList<CatalogueGoods> goods;
     while (rows.next()) {
         CatalogueGoods row = read(rows);
-        if (wanted.isEmpty() || row.nonProprietaryName.compare(wanted, Qt::CaseInsensitive) == 0)
+        if (wanted.isEmpty() || row.nonProprietaryName.compare(wanted, Qt::CaseInsensitive) == 0) {
             goods.append(std::move(row));
+        }
     }
     std::sort(goods.begin(), goods.end(), [](const CatalogueGoods& left, const CatalogueGoods& right) {
         return QString::localeAwareCompare(left.name, right.name) < 0;
@@ -45,11 +48,12 @@ QList<CatalogueGoods> GoodsCatalogue::goodsOf(const QString& nonProprietaryName)
 
 std::optional<CatalogueGoods> GoodsCatalogue::byBarcode(const QString& barcode) const
 {
-    QSqlQuery row = query(QStringLiteral(" WHERE barcode = ?"));
+    QSqlQuery row = query(u" WHERE barcode = ?"_s);
     row.addBindValue(barcode);
     run(row);
-    if (!row.next())
+    if (!row.next()) {
         return std::nullopt;
+    }
     return read(row);
 }
 
@@ -57,10 +61,11 @@ QSqlQuery GoodsCatalogue::query(const QString& condition)
 {
     QSqlQuery prepared(Singleton<ConnectionFactory>::get()->getConnection({}, {}));
     prepared.setForwardOnly(true);
-    const QString text = QStringLiteral("SELECT code, barcode, inn, name, price, catalogueprice, minretailprice, stock "
-                                        "FROM goods");
-    if (!prepared.prepare(text + condition))
+    const QString text = u"SELECT code, barcode, inn, name, price, catalogueprice, minretailprice, stock "
+                         "FROM goods"_s;
+    if (!prepared.prepare(text + condition)) {
         throwUnreadable(prepared.lastError());
+    }
     return prepared;
 }
 
@@ -80,6 +85,7 @@ CatalogueGoods GoodsCatalogue::read(const QSqlQuery& row)
 
 void GoodsCatalogue::run(QSqlQuery& query)
 {
-    if (!query.exec())
+    if (!query.exec()) {
         throwUnreadable(query.lastError());
+    }
 }

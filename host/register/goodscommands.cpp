@@ -6,6 +6,8 @@
 #include "notice.h"
 #include "question.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -13,11 +15,10 @@ namespace
 bool isWantedAnyway(const CatalogueGoods& goods)
 {
     const Question question{
-        {QStringLiteral("outOfStockTitle"), QStringLiteral("Товара нет на остатке")},
-        tr::Tr(QStringLiteral("outOfStockQuestion"), QStringLiteral("На остатке нет товара:\n%1\nВсё равно продать?"))
-            .arg(goods.name),
-        {QStringLiteral("outOfStockYes"), QStringLiteral("Продать")},
-        {QStringLiteral("questionNo"), QStringLiteral("Нет")},
+        {u"outOfStockTitle"_s, u"Товара нет на остатке"_s},
+        tr::Tr(u"outOfStockQuestion"_s, u"На остатке нет товара:\n%1\nВсё равно продать?"_s).arg(goods.name),
+        {u"outOfStockYes"_s, u"Продать"_s},
+        {u"questionNo"_s, u"Нет"_s},
     };
     return question.ask();
 }
@@ -26,9 +27,10 @@ std::optional<SelectedGoods> letSelect(const GoodsSelectionParams& params)
 {
     const QVariant answer =
         core::BasicDialog().show(false, true, {EInput::Keyboard, EInput::Scanner}, params.toEvent()).getData();
-    const QVariant selected = answer.toMap().value(QStringLiteral("result"));
-    if (!selected.canConvert<SelectedGoods>())
+    const QVariant selected = answer.toMap().value(u"result"_s);
+    if (!selected.canConvert<SelectedGoods>()) {
         return std::nullopt;
+    }
     return selected.value<SelectedGoods>();
 }
 
@@ -36,51 +38,55 @@ std::optional<SelectedGoods> letSelect(const GoodsSelectionParams& params)
 
 EContext::Result RegisterCommands::selectGoods(control::Action& action)
 {
-    const QString medicineInfo = action.value(QStringLiteral("medicineInfo")).toString();
-    const std::optional<SelectedGoods> selected =
-        letSelect({m_catalogue.goodsOf(action.value(QStringLiteral("filterByInn")).toString()),
-                   medicineInfo,
-                   {},
-                   pickedBefore(medicineInfo)});
-    if (!selected)
+    const QString medicineInfo = action.value(u"medicineInfo"_s).toString();
+    const std::optional<SelectedGoods> selected = letSelect(
+        {m_catalogue.goodsOf(action.value(u"filterByInn"_s).toString()), medicineInfo, {}, pickedBefore(medicineInfo)});
+    if (!selected) {
         return EContext::Stop;
+    }
     m_picked = {m_sale.receipt(), medicineInfo, *selected};
-    action.insert(QStringLiteral("result"), QVariant::fromValue(*selected));
+    action.insert(u"result"_s, QVariant::fromValue(*selected));
     return EContext::GoOn;
 }
 
 EContext::Result RegisterCommands::addSelectedGoods(control::Action& action)
 {
-    const QVariant selected = action.value(QStringLiteral("result"));
-    if (!selected.canConvert<SelectedGoods>())
+    const QVariant selected = action.value(u"result"_s);
+    if (!selected.canConvert<SelectedGoods>()) {
         return EContext::NotFound;
+    }
     const int number = m_sale.add(selected.value<SelectedGoods>());
-    if (number == 0)
+    if (number == 0) {
         return EContext::Stop;
+    }
     m_picked = {};
-    action.insert(QStringLiteral("positionNumber"), number);
+    action.insert(u"positionNumber"_s, number);
     return EContext::GoOn;
 }
 
 EContext::Result RegisterCommands::addGoods(control::Action& action)
 {
     if (m_sale.receipt() && m_sale.receipt()->isCancelling()) {
-        showNotice(
-            {QStringLiteral("takeBackTakesNoGoods"),
-             QStringLiteral("Открыт возврат: товары в него не добавляются.\nЗавершите возврат или отмените его.")});
+        showNotice({u"takeBackTakesNoGoods"_s,
+                    u"Открыт возврат: товары в него не добавляются.\nЗавершите возврат или отмените его."_s});
         return EContext::Stop;
     }
-    const QString search = action.value(QStringLiteral("search")).toString().trimmed();
+    const QString search = action.value(u"search"_s).toString().trimmed();
     std::optional<SelectedGoods> selected;
-    if (!search.isEmpty())
-        if (const std::optional<CatalogueGoods> scanned = m_catalogue.byBarcode(search))
+    if (!search.isEmpty()) {
+        if (const std::optional<CatalogueGoods> scanned = m_catalogue.byBarcode(search)) {
             selected = SelectedGoods{*scanned, 1};
-    if (selected && !selected->goods.isInStock() && !isWantedAnyway(selected->goods))
+        }
+    }
+    if (selected && !selected->goods.isInStock() && !isWantedAnyway(selected->goods)) {
         return EContext::Stop;
-    if (!selected)
+    }
+    if (!selected) {
         selected = letSelect({m_catalogue.goodsOf({}), {}, search, {}});
-    if (!selected)
+    }
+    if (!selected) {
         return EContext::Stop;
+    }
     m_sale.add(*selected);
     return EContext::GoOn;
 }

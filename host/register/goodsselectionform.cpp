@@ -17,6 +17,8 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 constexpr int mostPacks = 999;
@@ -29,18 +31,18 @@ GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObje
     , m_goods(params.goods)
     , m_scansIntoPacks(ScanRecognizer::configured())
 {
-    loadUI(QStringLiteral("goodsselection.ui"));
-    if (!isTouchMode())
-        deleteWidgets({QStringLiteral("quantityMinusButton"), QStringLiteral("quantityPlusButton"),
-                       QStringLiteral("scrollButtonsNavigationBar"), QStringLiteral("navigationBar")});
-    m_table = findWidget<TalloTableView>(QStringLiteral("goodsTable"));
-    m_filter = findWidget<TalloLineEdit>(QStringLiteral("filterLineEdit"));
-    m_packs = findWidget<TalloLineEdit>(QStringLiteral("quantityLineEdit"));
-    m_hint = findWidget<QLabel>(QStringLiteral("hintLabel"));
+    loadUI(u"goodsselection.ui"_s);
+    if (!isTouchMode()) {
+        deleteWidgets(
+            {u"quantityMinusButton"_s, u"quantityPlusButton"_s, u"scrollButtonsNavigationBar"_s, u"navigationBar"_s});
+    }
+    m_table = findWidget<TalloTableView>(u"goodsTable"_s);
+    m_filter = findWidget<TalloLineEdit>(u"filterLineEdit"_s);
+    m_packs = findWidget<TalloLineEdit>(u"quantityLineEdit"_s);
+    m_hint = findWidget<QLabel>(u"hintLabel"_s);
 
-    findWidget<QLabel>(QStringLiteral("titleLabel"))
-        ->setText(tr::Tr(QStringLiteral("goodsSelectionTitle"), QStringLiteral("Подбор товара")).ui());
-    auto* medicine = findWidget<QLabel>(QStringLiteral("medicineInfoLabel"));
+    findWidget<QLabel>(u"titleLabel"_s)->setText(tr::Tr(u"goodsSelectionTitle"_s, u"Подбор товара"_s).ui());
+    auto* medicine = findWidget<QLabel>(u"medicineInfoLabel"_s);
     medicine->setText(params.medicineInfo);
     medicine->setVisible(!params.medicineInfo.isEmpty());
 
@@ -59,17 +61,19 @@ GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObje
     connect(m_filter, &QLineEdit::textChanged, this, &GoodsSelectionForm::onFilterChanged);
     m_filter->setText(params.filter);
     onFilterChanged(params.filter);
-    if (params.picked)
+    if (params.picked) {
         offerPicked(*params.picked);
-    else if (params.filter.isEmpty())
+    } else if (params.filter.isEmpty()) {
         offerWanted(params.medicineInfo);
+    }
 }
 
 void GoodsSelectionForm::offerPicked(const SelectedGoods& picked)
 {
     for (int row = 0; row < m_goods.rowCount(); ++row) {
-        if (m_goods.goods(row).code != picked.goods.code)
+        if (m_goods.goods(row).code != picked.goods.code) {
             continue;
+        }
         makeCurrent(row);
         m_packs->setText(QString::number(picked.packs));
         return;
@@ -80,10 +84,10 @@ void GoodsSelectionForm::offerPicked(const SelectedGoods& picked)
 /// with the trade name and a comma. Only goods in stock are offered so.
 void GoodsSelectionForm::offerWanted(const QString& medicineInfo)
 {
-    for (const QString& part : medicineInfo.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
+    for (const QString& part : medicineInfo.split(u'/', Qt::SkipEmptyParts)) {
         for (int row = 0; row < m_goods.rowCount(); ++row) {
             const CatalogueGoods& goods = m_goods.goods(row);
-            const QString tradeName = goods.name.section(QLatin1Char(','), 0, 0).trimmed();
+            const QString tradeName = goods.name.section(u',', 0, 0).trimmed();
             if (goods.isInStock() && tradeName.compare(part.trimmed(), Qt::CaseInsensitive) == 0) {
                 makeCurrent(row);
                 return;
@@ -102,45 +106,45 @@ void GoodsSelectionForm::setUpTable()
     m_filtered.setSourceModel(&m_goods);
     m_table->setModel(&m_filtered);
     m_table->setColumns({
-        QStringLiteral("name;;-1;true;129"),
-        QStringLiteral("nonProprietaryName;;220;true;129"),
-        QStringLiteral("price;;140;true;130"),
-        QStringLiteral("stock;;110;true;130"),
-        QStringLiteral("searchText;;0;false;129"),
+        u"name;;-1;true;129"_s,
+        u"nonProprietaryName;;220;true;129"_s,
+        u"price;;140;true;130"_s,
+        u"stock;;110;true;130"_s,
+        u"searchText;;0;false;129"_s,
     });
 }
 
 void GoodsSelectionForm::setUpPacks()
 {
-    m_packs->setText(QStringLiteral("1"));
+    m_packs->setText(u"1"_s);
     m_packs->installEventFilter(this);
-    findWidget<QLabel>(QStringLiteral("quantityLabel"))
-        ->setText(tr::Tr(QStringLiteral("goodsSelectionPacks"), QStringLiteral("Упаковок:")).ui());
-    if (auto* fewer = findWidget<QPushButton>(QStringLiteral("quantityMinusButton"), false))
+    findWidget<QLabel>(u"quantityLabel"_s)->setText(tr::Tr(u"goodsSelectionPacks"_s, u"Упаковок:"_s).ui());
+    if (auto* fewer = findWidget<QPushButton>(u"quantityMinusButton"_s, false)) {
         connect(fewer, &QPushButton::clicked, this, [this] { onAmountButton(-1); });
-    if (auto* more = findWidget<QPushButton>(QStringLiteral("quantityPlusButton"), false))
+    }
+    if (auto* more = findWidget<QPushButton>(u"quantityPlusButton"_s, false)) {
         connect(more, &QPushButton::clicked, this, [this] { onAmountButton(+1); });
+    }
 }
 
 void GoodsSelectionForm::setUpButtons()
 {
-    auto* choose = findWidget<QPushButton>(QStringLiteral("okButton"));
-    choose->setText(tr::Tr(QStringLiteral("goodsSelectionOk"), QStringLiteral("Выбрать")).ui());
+    auto* choose = findWidget<QPushButton>(u"okButton"_s);
+    choose->setText(tr::Tr(u"goodsSelectionOk"_s, u"Выбрать"_s).ui());
     choose->setAccessibleName(choose->text());
     connect(choose, &QPushButton::clicked, this, &GoodsSelectionForm::onChoose);
-    auto* cancel = findWidget<QPushButton>(QStringLiteral("cancelButton"));
-    cancel->setText(tr::Tr(QStringLiteral("goodsSelectionCancel"), QStringLiteral("Назад")).ui());
+    auto* cancel = findWidget<QPushButton>(u"cancelButton"_s);
+    cancel->setText(tr::Tr(u"goodsSelectionCancel"_s, u"Назад"_s).ui());
     cancel->setAccessibleName(cancel->text());
     connect(cancel, &QPushButton::clicked, this, &GoodsSelectionForm::onCancel);
-    if (auto* keyboard = findWidget<TalloKeyboard>(QStringLiteral("talloKeyboard"), false))
-        keyboard->setKeyboardLayouts(
-            Singleton<Config>::get()->getString(QStringLiteral("Language:keyboardLayouts"), QStringLiteral("ru,en")));
+    if (auto* keyboard = findWidget<TalloKeyboard>(u"talloKeyboard"_s, false)) {
+        keyboard->setKeyboardLayouts(Singleton<Config>::get()->getString(u"Language:keyboardLayouts"_s, u"ru,en"_s));
+    }
 }
 
 void GoodsSelectionForm::nameControls()
 {
-    m_filter->setPlaceholderText(
-        tr::Tr(QStringLiteral("goodsSelectionFilterHint"), QStringLiteral("Название, МНН или штрихкод")).ui());
+    m_filter->setPlaceholderText(tr::Tr(u"goodsSelectionFilterHint"_s, u"Название, МНН или штрихкод"_s).ui());
     setAccessibleNames({
         {"filterLineEdit", {"goodsSelectionFilter", "Поиск товара"}},
         {"quantityLineEdit", {"goodsSelectionPacksField", "Количество упаковок"}},
@@ -156,8 +160,9 @@ void GoodsSelectionForm::nameControls()
 
 bool GoodsSelectionForm::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_packs && event->type() == QEvent::KeyPress && endsScanIntoPacks(*static_cast<QKeyEvent*>(event)))
+    if (watched == m_packs && event->type() == QEvent::KeyPress && endsScanIntoPacks(*static_cast<QKeyEvent*>(event))) {
         return true;
+    }
     return BasicForm::eventFilter(watched, event);
 }
 
@@ -169,8 +174,9 @@ bool GoodsSelectionForm::endsScanIntoPacks(const QKeyEvent& key)
         return false;
     }
     const std::optional<ScanRecognizer::Scan> scan = m_scansIntoPacks.finish(key.timestamp());
-    if (!scan)
+    if (!scan) {
         return false;
+    }
     m_packs->setText(scan->fieldBefore);
     m_filter->setText(scan->text);
     m_filter->setFocus();
@@ -188,25 +194,22 @@ void GoodsSelectionForm::onChoose()
     }
     const CatalogueGoods& goods = m_goods.goods(m_filtered.mapToSource(current).row());
     if (!goods.isInStock()) {
-        showHint(tr::Tr(QStringLiteral("goodsSelectionOutOfStock"),
-                        QStringLiteral("Этого товара нет на остатке. Выберите другой.")));
+        showHint(tr::Tr(u"goodsSelectionOutOfStock"_s, u"Этого товара нет на остатке. Выберите другой."_s));
         return;
     }
     const std::optional<int> packs = typedPacks();
     if (!packs) {
-        showHint(tr::Tr(QStringLiteral("goodsSelectionPacksMissing"),
-                        QStringLiteral("Введите целое количество упаковок от 1 до %1."))
+        showHint(tr::Tr(u"goodsSelectionPacksMissing"_s, u"Введите целое количество упаковок от 1 до %1."_s)
                      .arg(QString::number(mostPacks)));
         m_packs->setFocus();
         m_packs->selectAll();
         return;
     }
     if (*packs > goods.stock) {
-        showHint(
-            tr::Tr(QStringLiteral("goodsSelectionStock"),
-                   QStringLiteral("На остатке %1 уп., запрошено %2. Уменьшите количество или выберите другой товар."))
-                .arg(QString::number(goods.stock))
-                .arg(QString::number(*packs)));
+        showHint(tr::Tr(u"goodsSelectionStock"_s,
+                        u"На остатке %1 уп., запрошено %2. Уменьшите количество или выберите другой товар."_s)
+                     .arg(QString::number(goods.stock))
+                     .arg(QString::number(*packs)));
         return;
     }
     answer(0, QVariant::fromValue(SelectedGoods{goods, *packs}));
@@ -236,16 +239,15 @@ void GoodsSelectionForm::tellWhenNothingIsLeft()
 {
     const QString search = m_filter->text().trimmed();
     const bool isNoneLeft = m_filtered.rowCount() == 0;
-    setStyleProperty(*findWidget<QPushButton>(QStringLiteral("okButton")), QStringLiteral("idle"), isNoneLeft);
-    if (!isNoneLeft)
+    setStyleProperty(*findWidget<QPushButton>(u"okButton"_s), u"idle"_s, isNoneLeft);
+    if (!isNoneLeft) {
         showHint({});
-    else if (search.isEmpty())
-        showHint(
-            tr::Tr(QStringLiteral("goodsSelectionNothing"), QStringLiteral("Нет товара для выбора. Вернитесь назад.")));
-    else
-        showHint(tr::Tr(QStringLiteral("goodsSelectionNotFound"),
-                        QStringLiteral("По запросу «%1» ничего не найдено. Измените строку поиска."))
+    } else if (search.isEmpty()) {
+        showHint(tr::Tr(u"goodsSelectionNothing"_s, u"Нет товара для выбора. Вернитесь назад."_s));
+    } else {
+        showHint(tr::Tr(u"goodsSelectionNotFound"_s, u"По запросу «%1» ничего не найдено. Измените строку поиска."_s)
                      .arg(m_hint->fontMetrics().elidedText(search, Qt::ElideRight, longestQuote)));
+    }
 }
 
 void GoodsSelectionForm::onAmountButton(int change)
@@ -261,8 +263,9 @@ void GoodsSelectionForm::showHint(const tr::Tr& hint)
 void GoodsSelectionForm::answer(int data, const QVariant& result)
 {
     control::Action action = Singleton<control::ActionFactory>::get()->create(control::DialogAnswer);
-    action.appendArgument(data, QStringLiteral("data"));
-    if (result.isValid())
-        action.appendArgument(result, QStringLiteral("result"));
+    action.appendArgument(data, u"data"_s);
+    if (result.isValid()) {
+        action.appendArgument(result, u"result"_s);
+    }
     Singleton<ActionQueueController>::get()->enqueue(action, true);
 }

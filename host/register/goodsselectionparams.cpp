@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "goodsselectionparams.h"
 
+using namespace Qt::StringLiterals;
+
 Event GoodsSelectionParams::toEvent() const
 {
-    return Event(eventCode).addArgument(QStringLiteral("params"), QVariant::fromValue(*this));
+    return Event(eventCode).addArgument(u"params"_s, QVariant::fromValue(*this));
 }
 
 GoodsSelectionParams GoodsSelectionParams::fromEvent(const Event& event)
 {
-    return event.value(QStringLiteral("params")).value<GoodsSelectionParams>();
+    return event.value(u"params"_s).value<GoodsSelectionParams>();
 }

@@ -7,6 +7,8 @@
 
 #include <QBrush>
 
+using namespace Qt::StringLiterals;
+
 GoodsTableModel::GoodsTableModel(const QList<CatalogueGoods>& goods, QObject* parent)
     : QAbstractTableModel(parent)
     , m_goods(goods)
@@ -15,7 +17,7 @@ GoodsTableModel::GoodsTableModel(const QList<CatalogueGoods>& goods, QObject* pa
 
 int GoodsTableModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_goods.size());
+    return parent.isValid() ? 0 : int(m_goods.size());
 }
 
 int GoodsTableModel::columnCount(const QModelIndex& parent) const
@@ -25,8 +27,9 @@ int GoodsTableModel::columnCount(const QModelIndex& parent) const
 
 QVariant GoodsTableModel::data(const QModelIndex& index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) {
         return {};
+    }
     switch (role) {
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
@@ -40,17 +43,18 @@ QVariant GoodsTableModel::data(const QModelIndex& index, int role) const
 
 QVariant GoodsTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
+    }
     switch (section) {
     case Name:
-        return tr::Tr(QStringLiteral("goodsColumnName"), QStringLiteral("Наименование")).ui();
+        return tr::Tr(u"goodsColumnName"_s, u"Наименование"_s).ui();
     case NonProprietaryName:
-        return tr::Tr(QStringLiteral("goodsColumnNonProprietaryName"), QStringLiteral("МНН")).ui();
+        return tr::Tr(u"goodsColumnNonProprietaryName"_s, u"МНН"_s).ui();
     case Price:
-        return tr::Tr(QStringLiteral("goodsColumnPrice"), QStringLiteral("Цена")).ui();
+        return tr::Tr(u"goodsColumnPrice"_s, u"Цена"_s).ui();
     case Stock:
-        return tr::Tr(QStringLiteral("goodsColumnStock"), QStringLiteral("Остаток")).ui();
+        return tr::Tr(u"goodsColumnStock"_s, u"Остаток"_s).ui();
     default:
         return {};
     }
@@ -66,10 +70,9 @@ QVariant GoodsTableModel::text(const CatalogueGoods& goods, int column) const
     case Price:
         return amountText(kopecks(goods.price));
     case Stock:
-        return goods.isInStock() ? QString::number(goods.stock)
-                                 : tr::Tr(QStringLiteral("goodsOutOfStock"), QStringLiteral("нет")).ui();
+        return goods.isInStock() ? QString::number(goods.stock) : tr::Tr(u"goodsOutOfStock"_s, u"нет"_s).ui();
     case SearchText:
-        return QString(goods.name + QLatin1Char('\n') + goods.nonProprietaryName + QLatin1Char('\n') + goods.barcode);
+        return QString(goods.name + u'\n' + goods.nonProprietaryName + u'\n' + goods.barcode);
     default:
         return {};
     }

@@ -5,13 +5,16 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 QString asText(const QJsonValue& value)
 {
-    if (value.isUndefined())
-        return QStringLiteral("nothing");
+    if (value.isUndefined()) {
+        return u"nothing"_s;
+    }
     const QByteArray list = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
     return QString::fromUtf8(list.mid(1, list.size() - 2));
 }
@@ -19,24 +22,27 @@ QString asText(const QJsonValue& value)
 QString differenceOfObjects(const QJsonObject& expected, const QJsonObject& actual, const QString& path)
 {
     for (auto member = expected.begin(); member != expected.end(); ++member) {
-        const QString memberPath = path.isEmpty() ? member.key() : path + QLatin1Char('.') + member.key();
+        const QString memberPath = path.isEmpty() ? member.key() : path + u'.' + member.key();
         QString difference = jsonDifference(member.value(), actual.value(member.key()), memberPath);
-        if (!difference.isEmpty())
+        if (!difference.isEmpty()) {
             return difference;
+        }
     }
     return {};
 }
 
 QString differenceOfLists(const QJsonArray& expected, const QJsonArray& actual, const QString& path)
 {
-    if (expected.size() != actual.size())
-        return path + QStringLiteral(" has ") + QString::number(actual.size()) +
-               QStringLiteral(" entries instead of ") + QString::number(expected.size());
+    if (expected.size() != actual.size()) {
+        return path + u" has "_s + QString::number(actual.size()) + u" entries instead of "_s +
+               QString::number(expected.size());
+    }
     for (qsizetype entry = 0; entry < expected.size(); ++entry) {
-        const QString entryPath = path + QLatin1Char('[') + QString::number(entry) + QLatin1Char(']');
+        const QString entryPath = path + u'[' + QString::number(entry) + u']';
         QString difference = jsonDifference(expected.at(entry), actual.at(entry), entryPath);
-        if (!difference.isEmpty())
+        if (!difference.isEmpty()) {
             return difference;
+        }
     }
     return {};
 }
@@ -47,13 +53,14 @@ QString jsonDifference(const QJsonValue& expected, const QJsonValue& actual, con
 {
     if (expected.isObject()) {
         const QJsonDocument inText = QJsonDocument::fromJson(actual.toString().toUtf8());
-        if (actual.isObject() || inText.isObject())
+        if (actual.isObject() || inText.isObject()) {
             return differenceOfObjects(expected.toObject(), actual.isObject() ? actual.toObject() : inText.object(),
                                        path);
+        }
     } else if (expected.isArray() && actual.isArray()) {
         return differenceOfLists(expected.toArray(), actual.toArray(), path);
     } else if (expected == actual) {
         return {};
     }
-    return path + QStringLiteral(" is ") + asText(actual) + QStringLiteral(" instead of ") + asText(expected);
+    return path + u" is "_s + asText(actual) + u" instead of "_s + asText(expected);
 }

@@ -11,12 +11,14 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 LockScreen::LockScreen(const QString& code, QWidget* parent)
     : QWidget(parent)
     , m_code(code)
 {
-    setObjectName(QStringLiteral("lockScreen"));
-    setAccessibleName(tr::Tr(QStringLiteral("lockTitle"), QStringLiteral("Касса заблокирована")).ui());
+    setObjectName(u"lockScreen"_s);
+    setAccessibleName(tr::Tr(u"lockTitle"_s, u"Касса заблокирована"_s).ui());
     setFocusPolicy(Qt::StrongFocus);
     setAutoFillBackground(true);
 
@@ -25,15 +27,16 @@ LockScreen::LockScreen(const QString& code, QWidget* parent)
     layout->setSpacing(16);
     layout->addStretch();
     auto* title = new QLabel(accessibleName(), this);
-    title->setObjectName(QStringLiteral("titleLabel"));
+    title->setObjectName(u"titleLabel"_s);
     title->setAlignment(Qt::AlignCenter);
     layout->addWidget(title);
     m_hint = new QLabel(this);
-    m_hint->setObjectName(QStringLiteral("lockHintLabel"));
+    m_hint->setObjectName(u"lockHintLabel"_s);
     m_hint->setAlignment(Qt::AlignCenter);
     layout->addWidget(m_hint);
-    if (!m_code.isEmpty())
+    if (!m_code.isEmpty()) {
         createCodeInput(this);
+    }
     layout->addStretch();
     hide();
 }
@@ -42,13 +45,13 @@ void LockScreen::createCodeInput(QWidget* column)
 {
     auto* layout = static_cast<QVBoxLayout*>(column->layout());
     m_input = new QLineEdit(column);
-    m_input->setObjectName(QStringLiteral("unlockLineEdit"));
-    m_input->setAccessibleName(tr::Tr(QStringLiteral("lockCode"), QStringLiteral("Код кассира")).ui());
+    m_input->setObjectName(u"unlockLineEdit"_s);
+    m_input->setAccessibleName(tr::Tr(u"lockCode"_s, u"Код кассира"_s).ui());
     m_input->setEchoMode(QLineEdit::Password);
     m_input->setFixedWidth(240);
     connect(m_input, &QLineEdit::returnPressed, this, &LockScreen::tryCode);
-    auto* button = new QPushButton(tr::Tr(QStringLiteral("lockUnlock"), QStringLiteral("Разблокировать")).ui(), column);
-    button->setObjectName(QStringLiteral("unlockButton"));
+    auto* button = new QPushButton(tr::Tr(u"lockUnlock"_s, u"Разблокировать"_s).ui(), column);
+    button->setObjectName(u"unlockButton"_s);
     button->setAccessibleName(button->text());
     button->setProperty("primary", true);
     button->setFixedWidth(240);
@@ -57,8 +60,8 @@ void LockScreen::createCodeInput(QWidget* column)
     layout->addWidget(button, 0, Qt::AlignHCenter);
     if (BasicForm::isTouchMode()) {
         auto* keypad = new TalloKeyboard(column);
-        keypad->setObjectName(QStringLiteral("unlockKeyboard"));
-        keypad->setKeyboardLayouts(QStringLiteral("digits"));
+        keypad->setObjectName(u"unlockKeyboard"_s);
+        keypad->setKeyboardLayouts(u"digits"_s);
         layout->addWidget(keypad, 0, Qt::AlignHCenter);
     }
     setFocusProxy(m_input);
@@ -66,9 +69,8 @@ void LockScreen::createCodeInput(QWidget* column)
 
 void LockScreen::lock()
 {
-    showHint(m_input
-                 ? tr::Tr(QStringLiteral("lockEnterCode"), QStringLiteral("Введите код кассира"))
-                 : tr::Tr(QStringLiteral("lockPressKey"), QStringLiteral("Нажмите любую клавишу или коснитесь экрана")),
+    showHint(m_input ? tr::Tr(u"lockEnterCode"_s, u"Введите код кассира"_s)
+                     : tr::Tr(u"lockPressKey"_s, u"Нажмите любую клавишу или коснитесь экрана"_s),
              "hint");
     setGeometry(parentWidget()->rect());
     show();
@@ -78,14 +80,16 @@ void LockScreen::lock()
 
 void LockScreen::keyPressEvent(QKeyEvent*)
 {
-    if (!m_input)
+    if (!m_input) {
         unlock();
+    }
 }
 
 void LockScreen::mousePressEvent(QMouseEvent*)
 {
-    if (!m_input)
+    if (!m_input) {
         unlock();
+    }
 }
 
 void LockScreen::tryCode()
@@ -96,14 +100,14 @@ void LockScreen::tryCode()
         unlock();
         return;
     }
-    showHint(tr::Tr(QStringLiteral("lockWrongCode"), QStringLiteral("Код не подходит. Введите ещё раз.")), "error");
+    showHint(tr::Tr(u"lockWrongCode"_s, u"Код не подходит. Введите ещё раз."_s), "error");
     m_input->setFocus();
 }
 
 void LockScreen::showHint(const tr::Tr& hint, const char* textRole)
 {
     m_hint->setText(hint.ui());
-    setStyleProperty(*m_hint, QStringLiteral("textRole"), QLatin1String(textRole));
+    setStyleProperty(*m_hint, u"textRole"_s, QLatin1StringView(textRole));
 }
 
 void LockScreen::unlock()

@@ -8,6 +8,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -18,7 +20,7 @@ void print(FILE* stream, const QString& text)
 
 int tell(const StartupFailure& failure)
 {
-    print(stderr, QStringLiteral("pharmacy-register: ") + failure.message + QLatin1Char('\n'));
+    print(stderr, u"pharmacy-register: "_s + failure.message + u'\n');
     return failure.exitStatus;
 }
 
@@ -33,8 +35,8 @@ CommandLine readCommandLine(int& argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    QCoreApplication::setApplicationName(QStringLiteral("pharmacy-register"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(REGISTER_VERSION));
+    QCoreApplication::setApplicationName(u"pharmacy-register"_s);
+    QCoreApplication::setApplicationVersion(QString::fromUtf8(REGISTER_VERSION));
 
     const CommandLine commandLine = readCommandLine(argc, argv);
     switch (commandLine.outcome) {
@@ -42,16 +44,18 @@ int main(int argc, char** argv)
         print(stdout, commandLine.message);
         return exitstatus::done;
     case CommandLine::Outcome::Wrong:
-        return tell({exitstatus::wrongOptions, commandLine.message + QStringLiteral("\nSee --help.")});
+        return tell({exitstatus::wrongOptions, commandLine.message + u"\nSee --help."_s});
     case CommandLine::Outcome::Run:
         break;
     }
 
-    if (const std::optional<StartupFailure> failure = chooseDisplay(!commandLine.scenario.isEmpty()))
+    if (const std::optional<StartupFailure> failure = chooseDisplay(!commandLine.scenario.isEmpty())) {
         return tell(*failure);
+    }
     const QApplication application(argc, argv);
     RegisterApplication registerApplication(commandLine);
-    if (const std::optional<StartupFailure> failure = registerApplication.start())
+    if (const std::optional<StartupFailure> failure = registerApplication.start()) {
         return tell(*failure);
+    }
     return registerApplication.run();
 }

@@ -7,6 +7,8 @@
 #include "registeraction.h"
 #include "tr.h"
 
+using namespace Qt::StringLiterals;
+
 MenuCommands::MenuCommands(const Sale& sale, const QList<FunctionKey>& entries)
     : m_sale(sale)
     , m_entries(entries)
@@ -21,23 +23,27 @@ void MenuCommands::offer(ActionQueueController& controller)
 EContext::Result MenuCommands::showMenu(const control::Action& action)
 {
     MenuParams params;
-    for (const FunctionKey& entry : m_entries)
+    for (const FunctionKey& entry : m_entries) {
         params.entries.append({entry, obstacle(entry)});
+    }
     Event event(MenuParams::eventCode);
-    event.addArgument(QStringLiteral("params"), QVariant::fromValue(params));
+    event.addArgument(u"params"_s, QVariant::fromValue(params));
     const QVariantMap answer = core::BasicDialog().show(true, true, {EInput::Keyboard}, event).getData().toMap();
     bool isChosen = false;
-    const int chosen = answer.value(QStringLiteral("entry")).toInt(&isChosen);
-    if (!isChosen)
+    const int chosen = answer.value(u"entry"_s).toInt(&isChosen);
+    if (!isChosen) {
         return EContext::Stop;
+    }
 
     const FunctionKey& entry = m_entries.at(chosen);
     control::Action command = Singleton<control::ActionFactory>::get()->create(entry.actionType);
-    for (auto argument = entry.arguments.cbegin(); argument != entry.arguments.cend(); ++argument)
+    for (auto argument = entry.arguments.cbegin(); argument != entry.arguments.cend(); ++argument) {
         command.insert(argument.key(), argument.value());
-    const QString position = QStringLiteral("positionNumber");
-    if (action.value(position).isValid())
+    }
+    const QString position = u"positionNumber"_s;
+    if (action.value(position).isValid()) {
         command.insert(position, action.value(position));
+    }
     // Queued: the command begins where the register stands without the menu and its action.
     Singleton<ActionQueueController>::get()->enqueue(command, true);
     return EContext::GoOn;
@@ -46,15 +52,16 @@ EContext::Result MenuCommands::showMenu(const control::Action& action)
 QString MenuCommands::obstacle(const FunctionKey& entry) const
 {
     const QSharedPointer<Receipt> open = m_sale.receipt();
-    if (open && entry.actionType == registeraction::takeBack)
-        return tr::Tr(QStringLiteral("menuReceiptOpen"), QStringLiteral("сначала завершите чек № %1"))
+    if (open && entry.actionType == registeraction::takeBack) {
+        return tr::Tr(u"menuReceiptOpen"_s, u"сначала завершите чек № %1"_s)
             .arg(QString::number(open->getNumber()))
             .ui();
-    if (open && open->isCancelling() && entry.actionType == registeraction::putAside)
-        return tr::Tr(QStringLiteral("menuTakeBackOpen"), QStringLiteral("возврат не откладывают")).ui();
-    if (Singleton<ActionQueueController>::get()->isHandled(entry.actionType))
+    }
+    if (open && open->isCancelling() && entry.actionType == registeraction::putAside) {
+        return tr::Tr(u"menuTakeBackOpen"_s, u"возврат не откладывают"_s).ui();
+    }
+    if (Singleton<ActionQueueController>::get()->isHandled(entry.actionType)) {
         return {};
-    return (open ? tr::Tr(QStringLiteral("menuNoPlugin"), QStringLiteral("нет модуля"))
-                 : tr::Tr(QStringLiteral("menuNoReceipt"), QStringLiteral("чек не открыт")))
-        .ui();
+    }
+    return (open ? tr::Tr(u"menuNoPlugin"_s, u"нет модуля"_s) : tr::Tr(u"menuNoReceipt"_s, u"чек не открыт"_s)).ui();
 }

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 /// More than a scanner's: its keys may be delivered late.
@@ -22,12 +24,13 @@ constexpr auto quietTime = 2 * ScanRecognizer::longestGap;
 MenuForm::MenuForm(const MenuParams& params, QObject* parent)
     : BasicDialogForm(parent)
 {
-    loadUI(QStringLiteral("menu.ui"));
-    setTitle(tr::Tr(QStringLiteral("menuTitle"), QStringLiteral("Меню")).ui());
-    for (const MenuParams::Entry& entry : params.entries)
+    loadUI(u"menu.ui"_s);
+    setTitle(tr::Tr(u"menuTitle"_s, u"Меню"_s).ui());
+    for (const MenuParams::Entry& entry : params.entries) {
         addEntry(entry);
-    auto* leave = findWidget<QPushButton>(QStringLiteral("cancelButton"));
-    leave->setText(tr::Tr(QStringLiteral("menuCancel"), QStringLiteral("Назад")).ui());
+    }
+    auto* leave = findWidget<QPushButton>(u"cancelButton"_s);
+    leave->setText(tr::Tr(u"menuCancel"_s, u"Назад"_s).ui());
     leave->setAccessibleName(leave->text());
     connect(leave, &QPushButton::clicked, this, &BasicForm::dismissed);
     m_quiet.setSingleShot(true);
@@ -39,19 +42,18 @@ MenuForm::MenuForm(const MenuParams& params, QObject* parent)
 
 void MenuForm::addEntry(const MenuParams::Entry& entry)
 {
-    auto* entries = findWidget<QWidget>(QStringLiteral("entries"));
-    const auto index = static_cast<int>(m_entries.size());
+    auto* entries = findWidget<QWidget>(u"entries"_s);
+    const auto index = int(m_entries.size());
     const QString number = QString::number(index + 1);
     auto* button = new QPushButton(entries);
     button->setObjectName(entry.command.name);
-    button->setText(entry.obstacle.isEmpty()
-                        ? QStringLiteral("%1. %2").arg(number, entry.command.text)
-                        : QStringLiteral("%1. %2 — %3").arg(number, entry.command.text, entry.obstacle));
+    button->setText(entry.obstacle.isEmpty() ? u"%1. %2"_s.arg(number, entry.command.text)
+                                             : u"%1. %2 — %3"_s.arg(number, entry.command.text, entry.obstacle));
     button->setAccessibleName(button->text());
     button->setEnabled(entry.obstacle.isEmpty());
     button->setAutoDefault(false);
-    button->setStyleSheet(QStringLiteral("text-align: left"));
-    connect(button, &QPushButton::clicked, this, [index] { answerForm(QStringLiteral("entry"), index); });
+    button->setStyleSheet(u"text-align: left"_s);
+    connect(button, &QPushButton::clicked, this, [index] { answerForm(u"entry"_s, index); });
     entries->layout()->addWidget(button);
     m_entries.append(button);
 }
@@ -60,14 +62,16 @@ void MenuForm::show()
 {
     BasicDialogForm::show();
     const auto possible = std::find_if(m_entries.cbegin(), m_entries.cend(), std::mem_fn(&QWidget::isEnabled));
-    if (possible != m_entries.cend())
+    if (possible != m_entries.cend()) {
         (*possible)->setFocus();
+    }
 }
 
 bool MenuForm::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyPress && takeDigit(*static_cast<QKeyEvent*>(event)))
+    if (event->type() == QEvent::KeyPress && takeDigit(*static_cast<QKeyEvent*>(event))) {
         return true;
+    }
     return BasicDialogForm::eventFilter(watched, event);
 }
 
@@ -83,6 +87,7 @@ bool MenuForm::takeDigit(const QKeyEvent& key)
 
 void MenuForm::chooseByDigit()
 {
-    if (m_digit > 0)
+    if (m_digit > 0) {
         m_entries.at(m_digit - 1)->click(); // does nothing when it is not possible
+    }
 }

@@ -6,16 +6,19 @@
 #include <QCoreApplication>
 #include <QTranslator>
 
+using namespace Qt::StringLiterals;
+
 MessageCatalogues::MessageCatalogues() = default;
 
 MessageCatalogues::~MessageCatalogues() = default;
 
 void MessageCatalogues::load(const QString& path)
 {
-    const QString language = Singleton<Config>::get()->getString(QStringLiteral("Language:interface"));
+    const QString language = Singleton<Config>::get()->getString(u"Language:interface"_s);
     auto translator = std::make_unique<QTranslator>();
-    if (language.isEmpty() || !translator->load(path + QLatin1Char('_') + language))
+    if (language.isEmpty() || !translator->load(path + u'_' + language)) {
         return;
+    }
     QCoreApplication::installTranslator(translator.get());
     m_taken.push_back(std::move(translator));
 }

@@ -6,5 +6,5 @@
 /// Tells the cashier something that is no error, and waits until it is read.
 inline void showNotice(const tr::Tr& text)
 {
-    MockFactory<Dialog>::create()->showMessage(text, Dialog::Notice, 0, 0);
+    Dialog::create()->showMessage(text, Dialog::Notice, 0, 0);
 }

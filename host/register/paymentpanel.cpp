@@ -16,6 +16,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -28,15 +30,16 @@ class MoneyValidator : public QRegularExpressionValidator
 {
 public:
     explicit MoneyValidator(QObject* parent)
-        : QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d*(?:[.,]\\d{0,2})?")), parent)
+        : QRegularExpressionValidator(QRegularExpression(u"\\d*(?:[.,]\\d{0,2})?"_s), parent)
     {
     }
 
     /// On a Russian keyboard the keys of comma and point type letters.
     State validate(QString& input, int& position) const override
     {
-        for (const QChar letter : {QChar(u'б'), QChar(u'ю')})
+        for (const QChar letter : {QChar(u'б'), QChar(u'ю')}) {
             input.replace(letter, u'.', Qt::CaseInsensitive);
+        }
         return QRegularExpressionValidator::validate(input, position);
     }
 };
@@ -65,16 +68,16 @@ PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
     , m_hint(new QLabel(this))
     , m_keyboard(new TalloKeyboard(this))
 {
-    setObjectName(QStringLiteral("paymentPanel"));
+    setObjectName(u"paymentPanel"_s);
     createControls();
     arrangeControls();
     for (QWidget* keyReceiver :
-         {static_cast<QWidget*>(m_received), static_cast<QWidget*>(m_back), static_cast<QWidget*>(m_pay)})
+         {static_cast<QWidget*>(m_received), static_cast<QWidget*>(m_back), static_cast<QWidget*>(m_pay)}) {
         keyReceiver->installEventFilter(this);
+    }
     connect(m_received, &QLineEdit::textChanged, this, [this] { showChange(); });
     connect(m_received, &QLineEdit::inputRejected, this, [this] {
-        showHint({QStringLiteral("paymentInputRefused"),
-                  QStringLiteral("Вводите только цифры и запятую, не больше двух цифр после неё.")},
+        showHint({u"paymentInputRefused"_s, u"Вводите только цифры и запятую, не больше двух цифр после неё."_s},
                  "error");
     });
     connect(m_pay, &QPushButton::clicked, this, &PaymentPanel::confirmed);
@@ -84,35 +87,34 @@ PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
 
 void PaymentPanel::createControls()
 {
-    m_caption->setObjectName(QStringLiteral("paymentCaptionLabel"));
-    m_sumLabel->setObjectName(QStringLiteral("paymentSumLabel"));
-    m_sumLabel->setProperty("textSize", QStringLiteral("sum"));
-    m_change->setObjectName(QStringLiteral("changeLabel"));
-    m_change->setProperty("textSize", QStringLiteral("amount"));
+    m_caption->setObjectName(u"paymentCaptionLabel"_s);
+    m_sumLabel->setObjectName(u"paymentSumLabel"_s);
+    m_sumLabel->setProperty("textSize", u"sum"_s);
+    m_change->setObjectName(u"changeLabel"_s);
+    m_change->setProperty("textSize", u"amount"_s);
     m_change->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
-    m_receivedCaption->setObjectName(QStringLiteral("receivedCaptionLabel"));
-    m_receivedCaption->setText(tr::Tr(QStringLiteral("paymentReceived"), QStringLiteral("Получено:")).ui());
-    m_received->setObjectName(QStringLiteral("receivedLineEdit"));
-    m_received->setAccessibleName(
-        tr::Tr(QStringLiteral("paymentReceivedField"), QStringLiteral("Получено от покупателя")).ui());
+    m_receivedCaption->setObjectName(u"receivedCaptionLabel"_s);
+    m_receivedCaption->setText(tr::Tr(u"paymentReceived"_s, u"Получено:"_s).ui());
+    m_received->setObjectName(u"receivedLineEdit"_s);
+    m_received->setAccessibleName(tr::Tr(u"paymentReceivedField"_s, u"Получено от покупателя"_s).ui());
     m_received->setNumeric(true);
     m_received->setMaxLength(longestInput);
     m_received->setValidator(new MoneyValidator(m_received));
 
-    m_back->setObjectName(QStringLiteral("backButton"));
-    m_back->setText(tr::Tr(QStringLiteral("paymentBack"), QStringLiteral("Назад")).ui());
+    m_back->setObjectName(u"backButton"_s);
+    m_back->setText(tr::Tr(u"paymentBack"_s, u"Назад"_s).ui());
     m_back->setAccessibleName(m_back->text());
     m_back->setAutoDefault(true);
-    m_pay->setObjectName(QStringLiteral("payButton"));
+    m_pay->setObjectName(u"payButton"_s);
     m_pay->setProperty("primary", true);
-    m_pay->setAccessibleName(tr::Tr(QStringLiteral("paymentGoOn"), QStringLiteral("К оплате")).ui());
+    m_pay->setAccessibleName(tr::Tr(u"paymentGoOn"_s, u"К оплате"_s).ui());
 
-    m_hint->setObjectName(QStringLiteral("paymentHintLabel"));
+    m_hint->setObjectName(u"paymentHintLabel"_s);
     m_hint->setWordWrap(true);
 
-    m_keyboard->setObjectName(QStringLiteral("paymentKeyboard"));
-    m_keyboard->setKeyboardLayouts(QStringLiteral("digits"));
+    m_keyboard->setObjectName(u"paymentKeyboard"_s);
+    m_keyboard->setKeyboardLayouts(u"digits"_s);
 }
 
 void PaymentPanel::arrangeControls()
@@ -143,26 +145,30 @@ void PaymentPanel::arrangeControls()
 
 void PaymentPanel::showPhase(Sale::Phase phase, const QSharedPointer<Receipt>& receipt)
 {
-    if (std::exchange(m_phase, phase) != phase)
+    if (std::exchange(m_phase, phase) != phase) {
         m_received->clear();
+    }
     setVisible(phase != Sale::Phase::Positions);
-    if (phase == Sale::Phase::Positions)
+    if (phase == Sale::Phase::Positions) {
         return;
+    }
     m_sum = receipt->getSum();
     m_sumLabel->setText(amountText(m_sum));
-    if (phase == Sale::Phase::Subtotal)
+    if (phase == Sale::Phase::Subtotal) {
         showSubtotal(receipt->isCancelling());
-    else if (receipt->isCancelling())
+    } else if (receipt->isCancelling()) {
         showPayingOut();
-    else
+    } else {
         showPayment();
+    }
     m_sumLabel->setAccessibleName(m_caption->text());
     m_pay->setAccessibleName(m_pay->text());
 
     const bool takesMoney = phase == Sale::Phase::Payment && !receipt->isCancelling();
-    for (QWidget* control :
-         {static_cast<QWidget*>(m_receivedCaption), static_cast<QWidget*>(m_received), static_cast<QWidget*>(m_change)})
+    for (QWidget* control : {static_cast<QWidget*>(m_receivedCaption), static_cast<QWidget*>(m_received),
+                             static_cast<QWidget*>(m_change)}) {
         control->setVisible(takesMoney);
+    }
     m_keyboard->setVisible(takesMoney && BasicForm::isTouchMode());
 }
 
@@ -178,53 +184,47 @@ QString PaymentPanel::received() const
 
 void PaymentPanel::showSubtotal(bool payingOut)
 {
-    m_caption->setText(tr::Tr(QStringLiteral("paymentSubtotal"), QStringLiteral("ПОДЫТОГ")).ui());
-    m_pay->setText((payingOut ? tr::Tr(QStringLiteral("paymentGoOnPayingOut"), QStringLiteral("К выплате"))
-                              : tr::Tr(QStringLiteral("paymentGoOn"), QStringLiteral("К оплате")))
-                       .ui());
-    showKeyHint(m_paymentKey.isEmpty() ? tr::Tr(QStringLiteral("paymentSubtotalHint"),
-                                                QStringLiteral("Ввод — дальше, Esc — назад к позициям."))
-                                       : tr::Tr(QStringLiteral("paymentSubtotalKeyHint"),
-                                                QStringLiteral("%1 или Ввод — дальше, Esc — назад к позициям."))
-                                             .arg(m_paymentKey));
+    m_caption->setText(tr::Tr(u"paymentSubtotal"_s, u"ПОДЫТОГ"_s).ui());
+    m_pay->setText(
+        (payingOut ? tr::Tr(u"paymentGoOnPayingOut"_s, u"К выплате"_s) : tr::Tr(u"paymentGoOn"_s, u"К оплате"_s)).ui());
+    showKeyHint(m_paymentKey.isEmpty()
+                    ? tr::Tr(u"paymentSubtotalHint"_s, u"Ввод — дальше, Esc — назад к позициям."_s)
+                    : tr::Tr(u"paymentSubtotalKeyHint"_s, u"%1 или Ввод — дальше, Esc — назад к позициям."_s)
+                          .arg(m_paymentKey));
 }
 
 void PaymentPanel::showPayment()
 {
-    m_caption->setText(tr::Tr(QStringLiteral("paymentDue"), QStringLiteral("К ОПЛАТЕ")).ui());
-    m_pay->setText(tr::Tr(QStringLiteral("paymentPay"), QStringLiteral("Закрыть чек")).ui());
+    m_caption->setText(tr::Tr(u"paymentDue"_s, u"К ОПЛАТЕ"_s).ui());
+    m_pay->setText(tr::Tr(u"paymentPay"_s, u"Закрыть чек"_s).ui());
     m_received->setPlaceholderText(amountText(m_sum));
     showChange();
 }
 
 void PaymentPanel::showPayingOut()
 {
-    m_caption->setText(tr::Tr(QStringLiteral("paymentPayOut"), QStringLiteral("К ВОЗВРАТУ")).ui());
-    m_pay->setText(tr::Tr(QStringLiteral("paymentPaidOut"), QStringLiteral("Деньги выданы")).ui());
-    showKeyHint({QStringLiteral("paymentPayOutHint"),
-                 QStringLiteral("Выдайте деньги покупателю. Ввод — закрыть возврат, Esc — назад к позициям.")});
+    m_caption->setText(tr::Tr(u"paymentPayOut"_s, u"К ВОЗВРАТУ"_s).ui());
+    m_pay->setText(tr::Tr(u"paymentPaidOut"_s, u"Деньги выданы"_s).ui());
+    showKeyHint(
+        {u"paymentPayOutHint"_s, u"Выдайте деньги покупателю. Ввод — закрыть возврат, Esc — назад к позициям."_s});
 }
 
 void PaymentPanel::showChange()
 {
     const std::optional<Kopecks> received = m_received->text().isEmpty() ? m_sum : typedAmount(m_received->text());
-    if (!received)
-        showChange({QStringLiteral("paymentNoAmount"), QStringLiteral("Не сумма")}, "error");
-    else if (*received < m_sum)
-        showChange(tr::Tr(QStringLiteral("paymentMissing"), QStringLiteral("Не хватает %1"))
-                       .arg(amountText(m_sum - *received)),
-                   "waiting");
-    else
-        showChange(
-            tr::Tr(QStringLiteral("paymentChange"), QStringLiteral("Сдача %1")).arg(amountText(*received - m_sum)),
-            "value");
-    showKeyHint({QStringLiteral("paymentHint"),
-                 QStringLiteral("Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека.")});
+    if (!received) {
+        showChange({u"paymentNoAmount"_s, u"Не сумма"_s}, "error");
+    } else if (*received < m_sum) {
+        showChange(tr::Tr(u"paymentMissing"_s, u"Не хватает %1"_s).arg(amountText(m_sum - *received)), "waiting");
+    } else {
+        showChange(tr::Tr(u"paymentChange"_s, u"Сдача %1"_s).arg(amountText(*received - m_sum)), "value");
+    }
+    showKeyHint({u"paymentHint"_s, u"Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека."_s});
 }
 
 void PaymentPanel::showChange(const tr::Tr& change, const char* textRole)
 {
-    setStyleProperty(*m_change, QStringLiteral("textRole"), QLatin1String(textRole)); // first: it decides on the room
+    setStyleProperty(*m_change, u"textRole"_s, QLatin1StringView(textRole)); // first: it decides on the room
     m_change->setText(change.ui());
 }
 
@@ -237,13 +237,14 @@ void PaymentPanel::showKeyHint(const tr::Tr& hint)
 void PaymentPanel::showHint(const tr::Tr& hint, const char* textRole)
 {
     m_hint->setText(hint.ui());
-    setStyleProperty(*m_hint, QStringLiteral("textRole"), QLatin1String(textRole));
+    setStyleProperty(*m_hint, u"textRole"_s, QLatin1StringView(textRole));
 }
 
 bool PaymentPanel::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::KeyPress)
+    if (event->type() != QEvent::KeyPress) {
         return QWidget::eventFilter(watched, event);
+    }
     const auto& key = *static_cast<QKeyEvent*>(event);
     if (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down) {
         event->ignore(); // moves the current position, whatever has the focus
@@ -255,12 +256,14 @@ bool PaymentPanel::eventFilter(QObject* watched, QEvent* event)
 bool PaymentPanel::takeKey(const QKeyEvent& key)
 {
     if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
-        if (key.isAutoRepeat())
+        if (key.isAutoRepeat()) {
             return true; // it was meant for what stood here before
-        if (const std::optional<ScanRecognizer::Scan> scan = m_scans.finish(key.timestamp()))
+        }
+        if (const std::optional<ScanRecognizer::Scan> scan = m_scans.finish(key.timestamp())) {
             refuseScan(*scan);
-        else
+        } else {
             (m_back->hasFocus() ? m_back : m_pay)->click();
+        }
         return true;
     }
     m_scans.key(key, m_received->text());
@@ -272,7 +275,7 @@ void PaymentPanel::refuseScan(const ScanRecognizer::Scan& scan)
 {
     m_received->setText(scan.fieldBefore);
     m_received->selectAll();
-    showHint({QStringLiteral("paymentScanRefused"),
-              QStringLiteral("Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям.")},
+    showHint({u"paymentScanRefused"_s,
+              u"Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям."_s},
              "error");
 }

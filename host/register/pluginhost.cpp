@@ -19,6 +19,8 @@
 
 #include <exception>
 
+using namespace Qt::StringLiterals;
+
 struct PluginHost::Loaded {
     QString name;
     std::unique_ptr<QPluginLoader> loader;
@@ -32,7 +34,7 @@ namespace
 QString pluginName(const QFileInfo& library)
 {
     const QString name = library.baseName();
-    return name.startsWith(QLatin1String("lib")) ? name.mid(3) : name;
+    return name.startsWith("lib"_L1) ? name.mid(3) : name;
 }
 
 /// What init() said, or why it could not say anything.
@@ -50,7 +52,7 @@ Initialised initialise(AbstractPlugin& plugin)
     } catch (const std::exception& exception) {
         return {false, QString::fromUtf8(exception.what())};
     } catch (...) {
-        return {false, QStringLiteral("unknown exception")};
+        return {false, u"unknown exception"_s};
     }
 }
 
@@ -73,9 +75,9 @@ private:
 void addLayoutFolder(const QString& folder)
 {
     Config* config = Singleton<Config>::get();
-    const QString key = QStringLiteral("GUI:layouts");
+    const QString key = u"GUI:layouts"_s;
     const QString folders = config->getString(key);
-    config->setForThisRun(key, folders.isEmpty() ? folder : folders + QLatin1Char(':') + folder);
+    config->setForThisRun(key, folders.isEmpty() ? folder : folders + u':' + folder);
 }
 
 } // namespace
@@ -88,12 +90,14 @@ void PluginHost::load(const QString& folder, ActionQueueController& controller, 
 {
     const QDir plugins(folder);
     if (!plugins.exists()) {
-        addProblem(folder, tr::Tr(QStringLiteral("pluginFolderMissing"), QStringLiteral("нет такой папки")).ui());
+        addProblem(folder, tr::Tr(u"pluginFolderMissing"_s, u"нет такой папки"_s).ui());
         return;
     }
-    for (const QFileInfo& file : plugins.entryInfoList(QDir::Files, QDir::Name))
-        if (QLibrary::isLibrary(file.fileName()))
+    for (const QFileInfo& file : plugins.entryInfoList(QDir::Files, QDir::Name)) {
+        if (QLibrary::isLibrary(file.fileName())) {
             loadLibrary(file.absoluteFilePath(), controller, marks);
+        }
+    }
 }
 
 void PluginHost::loadLibrary(const QString& file, ActionQueueController& controller, PositionMarks& marks)
@@ -110,36 +114,40 @@ void PluginHost::loadLibrary(const QString& file, ActionQueueController& control
     }
     auto* plugin = qobject_cast<AbstractPlugin*>(root);
     if (!plugin) {
-        addProblem(name, tr::Tr(QStringLiteral("pluginForeign"), QStringLiteral("это не модуль кассы")).ui());
+        addProblem(name, tr::Tr(u"pluginForeign"_s, u"это не модуль кассы"_s).ui());
         loader->unload();
         return;
     }
     takeResources(library.dir().filePath(name), marks);
     const Registrations registrations;
     const Initialised initialised = initialise(*plugin);
-    if (!initialised.failure.isEmpty())
+    if (!initialised.failure.isEmpty()) {
         addProblem(name, initialised.failure);
+    }
     if (!initialised.done) {
         registrations.restore();
-        Log4Qt::LogManager::logger(QStringLiteral("register"))->info(QStringLiteral("Plug-in stays idle: ") + name);
+        Log4Qt::LogManager::logger(u"register"_s)->info(u"Plug-in stays idle: "_s + name);
         m_plugins.push_back(std::make_unique<Loaded>(Loaded{name, std::move(loader), nullptr}));
         return;
     }
-    for (const ActionHandler& handler : plugin->getHandlers())
+    for (const ActionHandler& handler : plugin->getHandlers()) {
         controller.addHandler(handler);
-    for (const ActionTrigger& trigger : plugin->getTriggers())
+    }
+    for (const ActionTrigger& trigger : plugin->getTriggers()) {
         controller.addTrigger(trigger);
-    Log4Qt::LogManager::logger(QStringLiteral("register"))->info(QStringLiteral("Plug-in initialised: ") + name);
+    }
+    Log4Qt::LogManager::logger(u"register"_s)->info(u"Plug-in initialised: "_s + name);
     m_plugins.push_back(std::make_unique<Loaded>(Loaded{name, std::move(loader), plugin}));
 }
 
 void PluginHost::takeResources(const QString& folder, PositionMarks& marks)
 {
     const QDir resources(folder);
-    if (!resources.exists())
+    if (!resources.exists()) {
         return;
+    }
     addLayoutFolder(folder);
-    marks.load(resources.filePath(QStringLiteral("positionmarks.json")));
+    marks.load(resources.filePath(u"positionmarks.json"_s));
     m_catalogues.load(resources.filePath(resources.dirName()));
 }
 
@@ -148,8 +156,9 @@ void PluginHost::unload(ActionQueueController& controller)
     Singleton<GraphicalUserInterface>::get()->removeFormCreators();
     controller.removePluginEntries();
     for (auto loaded = m_plugins.rbegin(); loaded != m_plugins.rend(); ++loaded) {
-        if ((*loaded)->plugin)
+        if ((*loaded)->plugin) {
             (*loaded)->plugin->deinit();
+        }
         (*loaded)->loader->unload();
     }
     m_plugins.clear();
@@ -158,15 +167,16 @@ void PluginHost::unload(ActionQueueController& controller)
 QStringList PluginHost::active() const
 {
     QStringList names;
-    for (const auto& loaded : m_plugins)
-        if (loaded->plugin)
+    for (const auto& loaded : m_plugins) {
+        if (loaded->plugin) {
             names.append(loaded->name);
+        }
+    }
     return names;
 }
 
 void PluginHost::addProblem(const QString& name, const QString& reason)
 {
-    m_problems.append(name + QStringLiteral(": ") + reason);
-    Log4Qt::LogManager::logger(QStringLiteral("register"))
-        ->error(QStringLiteral("Plug-in not used: ") + m_problems.last());
+    m_problems.append(name + u": "_s + reason);
+    Log4Qt::LogManager::logger(u"register"_s)->error(u"Plug-in not used: "_s + m_problems.last());
 }

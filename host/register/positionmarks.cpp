@@ -11,11 +11,13 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 QString labelled(const QString& label, const QString& value)
 {
-    return label + QStringLiteral(": ") + value;
+    return label + u": "_s + value;
 }
 
 /// The first four places of a mark; a character that takes two is not cut in its middle.
@@ -29,44 +31,43 @@ QString shortened(const QString& mark)
 QString discountText(double paidShare)
 {
     const double percent = 100.0 - std::round(paidShare * 10000.0) / 100.0;
-    if (!(percent > 0.0 && percent <= 100.0))
+    if (!(percent > 0.0 && percent <= 100.0)) {
         return {};
-    return QString::number(percent, 'g', 4).replace(QLatin1Char('.'), QLatin1Char(',')) + QChar::Nbsp +
-           QLatin1Char('%');
+    }
+    return QString::number(percent, 'g', 4).replace(u'.', u',') + QChar::Nbsp + u'%';
 }
 } // namespace
 
 void PositionMarks::load(const QString& file)
 {
     QFile marks(file);
-    if (!marks.exists())
+    if (!marks.exists()) {
         return;
-    auto* log = Log4Qt::LogManager::logger(QStringLiteral("register"));
+    }
+    auto* log = Log4Qt::LogManager::logger(u"register"_s);
     if (!marks.open(QIODevice::ReadOnly)) {
-        log->warn(QStringLiteral("Position marks cannot be read: ") + file + QStringLiteral(": ") +
-                  marks.errorString());
+        log->warn(u"Position marks cannot be read: "_s + file + u": "_s + marks.errorString());
         return;
     }
     QJsonParseError error;
     const QJsonDocument json = QJsonDocument::fromJson(marks.readAll(), &error);
     if (!json.isObject()) {
-        log->warn(QStringLiteral("Position marks are no JSON object: ") + file + QStringLiteral(": ") +
-                  error.errorString());
+        log->warn(u"Position marks are no JSON object: "_s + file + u": "_s + error.errorString());
         return;
     }
     const QJsonObject root = json.object();
-    for (const auto entry : root.value(QLatin1String("positions")).toArray()) {
+    for (const auto entry : root.value("positions"_L1).toArray()) {
         Mark mark = readMark(entry.toObject());
-        if (mark.tag.isEmpty())
-            log->warn(QStringLiteral("Position mark without a tag passed over in ") + file);
-        else
+        if (mark.tag.isEmpty()) {
+            log->warn(u"Position mark without a tag passed over in "_s + file);
+        } else {
             m_marks.append(std::move(mark));
+        }
     }
-    for (const auto entry : root.value(QLatin1String("document")).toArray()) {
+    for (const auto entry : root.value("document"_L1).toArray()) {
         const QJsonObject line = entry.toObject();
-        m_documentLines.append({line.value(QLatin1String("plugin")).toString(),
-                                line.value(QLatin1String("key")).toString(),
-                                line.value(QLatin1String("label")).toString()});
+        m_documentLines.append(
+            {line.value("plugin"_L1).toString(), line.value("key"_L1).toString(), line.value("label"_L1).toString()});
     }
 }
 
@@ -75,8 +76,9 @@ PositionMarks::Look PositionMarks::look(const GoodsItem& position) const
     const QStringList tags = position.getTags();
     const auto mark = std::find_if(m_marks.cbegin(), m_marks.cend(),
                                    [&tags](const Mark& candidate) { return tags.contains(candidate.tag); });
-    if (mark == m_marks.cend())
+    if (mark == m_marks.cend()) {
         return {};
+    }
 
     const QJsonObject options = QJsonDocument::fromJson(position.getExtendedOptions().toUtf8()).object();
     const auto state = std::find_if(mark->states.cbegin(), mark->states.cend(),
@@ -86,9 +88,11 @@ PositionMarks::Look PositionMarks::look(const GoodsItem& position) const
         look.state = state->text;
         look.stateColour = state->colour;
     }
-    for (const ReceiptLine& line : mark->receiptLines)
-        if (const QString value = valueText(line, options); !value.isEmpty())
+    for (const ReceiptLine& line : mark->receiptLines) {
+        if (const QString value = valueText(line, options); !value.isEmpty()) {
             look.receiptLines.append(labelled(line.label, value));
+        }
+    }
     return look;
 }
 
@@ -97,40 +101,40 @@ QString PositionMarks::documentText(const AbstractDocument& document) const
     QStringList texts;
     for (const DocumentLine& line : m_documentLines) {
         const QString value = document.getPluginValue(line.plugin, line.key, {}).toString();
-        if (!value.isEmpty())
+        if (!value.isEmpty()) {
             texts.append(labelled(line.label, value));
+        }
     }
-    return texts.join(QStringLiteral(" · "));
+    return texts.join(u" · "_s);
 }
 
 PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
 {
-    Mark mark{entry.value(QLatin1String("tag")).toString(),
-              shortened(entry.value(QLatin1String("mark")).toString()),
-              entry.value(QLatin1String("description")).toString(),
+    Mark mark{entry.value("tag"_L1).toString(),
+              shortened(entry.value("mark"_L1).toString()),
+              entry.value("description"_L1).toString(),
               {},
               {}};
-    for (const auto value : entry.value(QLatin1String("states")).toArray()) {
+    for (const auto value : entry.value("states"_L1).toArray()) {
         const QJsonObject state = value.toObject();
-        const QJsonValue wanted = state.value(QLatin1String("value"));
-        mark.states.append({state.value(QLatin1String("option")).toString(),
+        const QJsonValue wanted = state.value("value"_L1);
+        mark.states.append({state.value("option"_L1).toString(),
                             wanted.isString() ? std::optional(wanted.toString()) : std::nullopt,
-                            state.value(QLatin1String("text")).toString(),
-                            QColor(state.value(QLatin1String("colour")).toString())});
+                            state.value("text"_L1).toString(), QColor(state.value("colour"_L1).toString())});
     }
-    for (const auto value : entry.value(QLatin1String("receiptLines")).toArray()) {
+    for (const auto value : entry.value("receiptLines"_L1).toArray()) {
         const QJsonObject line = value.toObject();
-        mark.receiptLines.append({line.value(QLatin1String("option")).toString(),
-                                  line.value(QLatin1String("label")).toString(),
-                                  line.value(QLatin1String("form")).toString() == QLatin1String("discount")});
+        mark.receiptLines.append({line.value("option"_L1).toString(), line.value("label"_L1).toString(),
+                                  line.value("form"_L1).toString() == "discount"_L1});
     }
     return mark;
 }
 
 bool PositionMarks::fits(const State& state, const QJsonObject& options)
 {
-    if (!state.value)
+    if (!state.value) {
         return !options.contains(state.option);
+    }
     const QJsonValue actual = options.value(state.option);
     return actual.isString() && actual.toString() == *state.value;
 }

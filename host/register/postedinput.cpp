@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 // Qt's own doors for window system events; QTest uses them too.
 QT_BEGIN_NAMESPACE
 Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
@@ -33,10 +35,12 @@ bool press(int key, Qt::KeyboardModifiers modifiers, const QString& text)
 {
     const QWidget* active = postedinput::activeWindow();
     QWindow* window = active ? active->windowHandle() : nullptr;
-    if (!window)
+    if (!window) {
         return false;
-    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
+    }
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
         post(window, [=] { qt_handleKeyEvent(window, type, key, modifiers, text, false, 1); });
+    }
     return true;
 }
 
@@ -46,15 +50,15 @@ QString textOf(Qt::Key key)
     switch (key) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return QStringLiteral("\r");
+        return u"\r"_s;
     case Qt::Key_Escape:
-        return QStringLiteral("\x1b");
+        return u"\x1b"_s;
     case Qt::Key_Backspace:
-        return QStringLiteral("\b");
+        return u"\b"_s;
     case Qt::Key_Tab:
-        return QStringLiteral("\t");
+        return u"\t"_s;
     case Qt::Key_Space:
-        return QStringLiteral(" ");
+        return u" "_s;
     default:
         return {};
     }
@@ -67,10 +71,12 @@ namespace postedinput
 
 QWidget* activeWindow()
 {
-    if (QWidget* modal = QApplication::activeModalWidget())
+    if (QWidget* modal = QApplication::activeModalWidget()) {
         return modal;
-    if (QWidget* active = QApplication::activeWindow())
+    }
+    if (QWidget* active = QApplication::activeWindow()) {
         return active;
+    }
     const QWidgetList windows = QApplication::topLevelWidgets();
     const auto visible = std::find_if(windows.cbegin(), windows.cend(),
                                       [](const QWidget* window) { return window->isWindow() && window->isVisible(); });
@@ -80,8 +86,9 @@ QWidget* activeWindow()
 std::optional<QKeyCombination> keyNamed(const QString& name)
 {
     const QKeySequence keys = QKeySequence::fromString(name, QKeySequence::PortableText);
-    if (keys.count() != 1 || keys[0].key() == Qt::Key_unknown)
+    if (keys.count() != 1 || keys[0].key() == Qt::Key_unknown) {
         return std::nullopt;
+    }
     return keys[0];
 }
 
@@ -98,8 +105,9 @@ bool typeCharacter(QChar character)
 void click(QWidget& widget)
 {
     QWindow* window = widget.window()->windowHandle();
-    if (!window)
+    if (!window) {
         return;
+    }
     static int lastTime = 0;
     const int time = lastTime +=
         2 * QApplication::doubleClickInterval(); // milliseconds; two clicks are no double click

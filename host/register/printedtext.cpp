@@ -3,6 +3,8 @@
 
 #include <QTextBoundaryFinder>
 
+using namespace Qt::StringLiterals;
+
 namespace printedtext
 {
 
@@ -14,8 +16,9 @@ QStringList characters(const QString& word)
 {
     QStringList found;
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, word);
-    for (qsizetype begin = 0; finder.toNextBoundary() > 0; begin = finder.position())
+    for (qsizetype begin = 0; finder.toNextBoundary() > 0; begin = finder.position()) {
         found.append(word.mid(begin, finder.position() - begin));
+    }
     return found;
 }
 
@@ -30,7 +33,7 @@ QString printable(const QString& text)
         case QChar::Separator_Line:
         case QChar::Separator_Paragraph:
         case QChar::Separator_Space:
-            result += QLatin1Char(' ');
+            result += u' ';
             break;
         case QChar::Other_Format:
         case QChar::Other_PrivateUse:
@@ -49,24 +52,27 @@ QStringList wrapped(const QString& text, int columns)
     QString line;
     qsizetype width = 0;
     const auto finishLine = [&] {
-        if (width > 0)
+        if (width > 0) {
             lines.append(line);
+        }
         line.clear();
         width = 0;
     };
-    const QString glued = printable(text).replace(QStringLiteral("№ "), QStringLiteral("№") + QChar::Nbsp);
-    for (const QString& word : glued.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+    const QString glued = printable(text).replace(u"№ "_s, u"№"_s + QChar::Nbsp);
+    for (const QString& word : glued.split(u' ', Qt::SkipEmptyParts)) {
         const QStringList letters = characters(word);
-        if (width + 1 + letters.size() > columns)
+        if (width + 1 + letters.size() > columns) {
             finishLine();
+        }
         if (width > 0) {
-            line += QLatin1Char(' ');
+            line += u' ';
             ++width;
         }
         for (const QString& letter : letters) {
-            if (width == columns)
+            if (width == columns) {
                 finishLine();
-            line += letter == QChar::Nbsp ? QStringLiteral(" ") : letter;
+            }
+            line += letter == QChar::Nbsp ? u" "_s : letter;
             ++width;
         }
     }

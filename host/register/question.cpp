@@ -3,10 +3,12 @@
 
 #include "basicdialog.h"
 
+using namespace Qt::StringLiterals;
+
 bool Question::ask() const
 {
     Event event(eventCode);
-    event.addArgument(QStringLiteral("params"), QVariant::fromValue(*this));
+    event.addArgument(u"params"_s, QVariant::fromValue(*this));
     const QVariant answer = core::BasicDialog().show(true, true, {EInput::Keyboard}, event).getData();
-    return answer.toMap().value(QStringLiteral("yes")).toBool();
+    return answer.toMap().value(u"yes"_s).toBool();
 }

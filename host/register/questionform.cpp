@@ -10,6 +10,8 @@
 #include <QScrollArea>
 #include <QStyle>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 /// Room for the text, in pixels: the form fits a window of 600.
@@ -20,18 +22,17 @@ constexpr int iconSize = 48;
 QuestionForm::QuestionForm(const Question& question, QObject* parent)
     : BasicDialogForm(parent)
 {
-    loadUI(QStringLiteral("question.ui"));
+    loadUI(u"question.ui"_s);
     fillTexts(question);
-    connect(findWidget<QPushButton>(QStringLiteral("yesButton")), &QPushButton::clicked, this,
-            [] { answerForm(QStringLiteral("yes"), true); });
-    connect(findWidget<QPushButton>(QStringLiteral("noButton")), &QPushButton::clicked, this, &BasicForm::dismissed);
+    connect(findWidget<QPushButton>(u"yesButton"_s), &QPushButton::clicked, this, [] { answerForm(u"yes"_s, true); });
+    connect(findWidget<QPushButton>(u"noButton"_s), &QPushButton::clicked, this, &BasicForm::dismissed);
     rootWidget()->installEventFilter(new DialogEventFilter(this));
 }
 
 void QuestionForm::show()
 {
     fitMessage(tallestText);
-    auto* area = findWidget<QScrollArea>(QStringLiteral("messageScrollArea"));
+    auto* area = findWidget<QScrollArea>(u"messageScrollArea"_s);
     const bool scrolls = area->verticalScrollBarPolicy() == Qt::ScrollBarAlwaysOn;
     area->setFocusPolicy(scrolls ? Qt::StrongFocus : Qt::NoFocus);
     BasicDialogForm::show();
@@ -40,13 +41,12 @@ void QuestionForm::show()
 void QuestionForm::fillTexts(const Question& question)
 {
     setTitle(question.title.ui());
-    auto* icon = findWidget<QLabel>(QStringLiteral("iconLabel"));
+    auto* icon = findWidget<QLabel>(u"iconLabel"_s);
     icon->setPixmap(QApplication::style()->standardIcon(QStyle::SP_MessageBoxQuestion).pixmap(iconSize));
     icon->setAccessibleName(question.title.ui());
-    findWidget<QLabel>(QStringLiteral("messageLabel"))->setText(question.text.ui());
-    findWidget<QWidget>(QStringLiteral("messageScrollArea"))->setAccessibleName(question.text.ui());
-    const std::pair<QString, tr::Tr> buttons[] = {{QStringLiteral("yesButton"), question.yes},
-                                                  {QStringLiteral("noButton"), question.no}};
+    findWidget<QLabel>(u"messageLabel"_s)->setText(question.text.ui());
+    findWidget<QWidget>(u"messageScrollArea"_s)->setAccessibleName(question.text.ui());
+    const std::pair<QString, tr::Tr> buttons[] = {{u"yesButton"_s, question.yes}, {u"noButton"_s, question.no}};
     for (const auto& [name, text] : buttons) {
         auto* button = findWidget<QPushButton>(name);
         button->setText(text.ui());

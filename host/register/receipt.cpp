@@ -10,6 +10,8 @@
 #include <numeric>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -32,22 +34,25 @@ QString word(Receipt::State state)
 
 Receipt::State readState(const QJsonObject& saved)
 {
-    if (!saved.contains(QLatin1String("state")))
+    if (!saved.contains("state"_L1)) {
         return Receipt::State::Open;
-    const QString wanted = savedmember::text(saved, QStringLiteral("state"));
+    }
+    const QString wanted = savedmember::text(saved, u"state"_s);
     const auto* found = std::find_if(stateWords.begin(), stateWords.end(), [&wanted](const StateWord& candidate) {
-        return wanted == QLatin1String(candidate.second);
+        return wanted == QLatin1StringView(candidate.second);
     });
-    if (found == stateWords.end())
-        savedmember::refuse(QStringLiteral("state"));
+    if (found == stateWords.end()) {
+        savedmember::refuse(u"state"_s);
+    }
     return found->first;
 }
 
 AbstractDocument::Type readType(const QJsonObject& saved)
 {
-    const int type = savedmember::positiveInteger(saved, QStringLiteral("type"));
-    if (type != AbstractDocument::Sale && type != AbstractDocument::Cancelling)
-        savedmember::refuse(QStringLiteral("type"));
+    const int type = savedmember::positiveInteger(saved, u"type"_s);
+    if (type != AbstractDocument::Sale && type != AbstractDocument::Cancelling) {
+        savedmember::refuse(u"type"_s);
+    }
     return static_cast<AbstractDocument::Type>(type);
 }
 
@@ -55,19 +60,22 @@ QDateTime readTime(const QJsonObject& saved, const QString& name)
 {
     QDateTime time = QDateTime::fromString(savedmember::text(saved, name), Qt::ISODate);
     if (!time.isValid() || time.date().year() > 9999) // 24:00 on the last day that can be written down
+    {
         savedmember::refuse(name);
+    }
     return time;
 }
 
 void insertTime(QJsonObject& saved, const QString& name, const QDateTime& time)
 {
-    if (time.isValid())
+    if (time.isValid()) {
         saved.insert(name, time.toString(Qt::ISODate));
+    }
 }
 
 double roubles(Kopecks amount)
 {
-    return static_cast<double>(amount) / 100.0;
+    return double(amount) / 100.0;
 }
 
 } // namespace
@@ -105,14 +113,14 @@ bool Receipt::isClosed() const
 
 QString Receipt::fileName() const
 {
-    const QString file = QStringLiteral("%1.json").arg(m_number, 8, 10, QLatin1Char('0'));
+    const QString file = u"%1.json"_s.arg(m_number, 8, 10, QChar(u'0'));
     switch (m_ending.state) {
     case State::Open:
         return AbstractDocument::fileName();
     case State::PutAside:
-        return QStringLiteral("putaside/") + file;
+        return u"putaside/"_s + file;
     default:
-        return QStringLiteral("finished/") + file;
+        return u"finished/"_s + file;
     }
 }
 
@@ -138,55 +146,66 @@ void Receipt::takeOverPluginData(const Receipt& other)
 {
     for (const QSharedPointer<ReceiptPosition>& source : other.m_positions) {
         const QSharedPointer<ReceiptPosition> target = position(source->getNumber());
-        if (!target)
+        if (!target) {
             continue;
+        }
         target->setExtendedOptions(source->getExtendedOptions());
         target->setSoftCheckId(source->getSoftCheckId());
-        for (const QString& tag : source->getTags())
+        for (const QString& tag : source->getTags()) {
             target->setTag(tag);
+        }
     }
 }
 
 QJsonObject Receipt::toJson() const
 {
     QJsonObject saved = AbstractDocument::toJson();
-    saved.insert(QStringLiteral("closed"), hasEnded());
-    saved.insert(QStringLiteral("number"), m_number);
-    saved.insert(QStringLiteral("opened"), m_opened.toString(Qt::ISODate));
-    saved.insert(QStringLiteral("nextPosition"), m_nextPosition);
-    saved.insert(QStringLiteral("sum"), roubles(getSum()));
-    saved.insert(QStringLiteral("state"), word(m_ending.state));
-    insertTime(saved, QStringLiteral("finished"), m_ending.finished);
-    insertTime(saved, QStringLiteral("annulled"), m_ending.annulled);
-    if (m_ending.state == State::Closed || m_ending.received != 0)
-        saved.insert(QStringLiteral("received"), roubles(m_ending.received));
-    if (m_takesBack > 0)
-        saved.insert(QStringLiteral("takesBack"), m_takesBack);
-    if (m_takenBackBy > 0)
-        saved.insert(QStringLiteral("takenBackBy"), m_takenBackBy);
+    saved.insert(u"closed"_s, hasEnded());
+    saved.insert(u"number"_s, m_number);
+    saved.insert(u"opened"_s, m_opened.toString(Qt::ISODate));
+    saved.insert(u"nextPosition"_s, m_nextPosition);
+    saved.insert(u"sum"_s, roubles(getSum()));
+    saved.insert(u"state"_s, word(m_ending.state));
+    insertTime(saved, u"finished"_s, m_ending.finished);
+    insertTime(saved, u"annulled"_s, m_ending.annulled);
+    if (m_ending.state == State::Closed || m_ending.received != 0) {
+        saved.insert(u"received"_s, roubles(m_ending.received));
+    }
+    if (m_takesBack > 0) {
+        saved.insert(u"takesBack"_s, m_takesBack);
+    }
+    if (m_takenBackBy > 0) {
+        saved.insert(u"takenBackBy"_s, m_takenBackBy);
+    }
     return saved;
 }
 
 QSharedPointer<Receipt> Receipt::fromJson(const QJsonObject& saved)
 {
-    if (savedmember::positiveInteger(saved, QStringLiteral("format")) != formatVersion)
-        savedmember::refuse(QStringLiteral("format"));
+    if (savedmember::positiveInteger(saved, u"format"_s) != formatVersion) {
+        savedmember::refuse(u"format"_s);
+    }
 
-    auto receipt = QSharedPointer<Receipt>::create(savedmember::positiveInteger(saved, QStringLiteral("number")),
-                                                   readTime(saved, QStringLiteral("opened")));
+    auto receipt =
+        QSharedPointer<Receipt>::create(savedmember::positiveInteger(saved, u"number"_s), readTime(saved, u"opened"_s));
     receipt->m_type = readType(saved);
     Ending& ending = receipt->m_ending;
     ending.state = readState(saved);
-    if (receipt->hasEnded())
-        ending.finished = readTime(saved, QStringLiteral("finished"));
-    if (ending.state == State::Annulled)
-        ending.annulled = readTime(saved, QStringLiteral("annulled"));
-    if (ending.state == State::Closed || saved.contains(QLatin1String("received")))
-        ending.received = kopecks(savedmember::number(saved, QStringLiteral("received")));
-    if (receipt->isCancelling())
-        receipt->m_takesBack = savedmember::positiveInteger(saved, QStringLiteral("takesBack"));
-    if (saved.contains(QLatin1String("takenBackBy")))
-        receipt->m_takenBackBy = savedmember::positiveInteger(saved, QStringLiteral("takenBackBy"));
+    if (receipt->hasEnded()) {
+        ending.finished = readTime(saved, u"finished"_s);
+    }
+    if (ending.state == State::Annulled) {
+        ending.annulled = readTime(saved, u"annulled"_s);
+    }
+    if (ending.state == State::Closed || saved.contains("received"_L1)) {
+        ending.received = kopecks(savedmember::number(saved, u"received"_s));
+    }
+    if (receipt->isCancelling()) {
+        receipt->m_takesBack = savedmember::positiveInteger(saved, u"takesBack"_s);
+    }
+    if (saved.contains("takenBackBy"_L1)) {
+        receipt->m_takenBackBy = savedmember::positiveInteger(saved, u"takenBackBy"_s);
+    }
     receipt->readPositions(saved);
     receipt->readPluginValues(saved);
     return receipt;
@@ -194,22 +213,24 @@ QSharedPointer<Receipt> Receipt::fromJson(const QJsonObject& saved)
 
 void Receipt::readPositions(const QJsonObject& saved)
 {
-    for (const auto value : savedmember::list(saved, QStringLiteral("positions"))) {
+    for (const auto value : savedmember::list(saved, u"positions"_s)) {
         const auto position = ReceiptPosition::fromJson(value.toObject());
-        if (this->position(position->getNumber()))
-            savedmember::refuse(QStringLiteral("number"));
+        if (this->position(position->getNumber())) {
+            savedmember::refuse(u"number"_s);
+        }
         m_positions.append(position);
         m_nextPosition = std::max(m_nextPosition, position->getNumber() + 1);
     }
-    m_nextPosition = std::max(m_nextPosition, savedmember::positiveInteger(saved, QStringLiteral("nextPosition")));
+    m_nextPosition = std::max(m_nextPosition, savedmember::positiveInteger(saved, u"nextPosition"_s));
 }
 
 void Receipt::readPluginValues(const QJsonObject& saved)
 {
-    const QJsonObject plugins = savedmember::object(saved, QStringLiteral("plugins"));
+    const QJsonObject plugins = savedmember::object(saved, u"plugins"_s);
     for (auto plugin = plugins.begin(); plugin != plugins.end(); ++plugin) {
         const QVariantMap values = plugin.value().toObject().toVariantMap();
-        for (auto value = values.cbegin(); value != values.cend(); ++value)
+        for (auto value = values.cbegin(); value != values.cend(); ++value) {
             setPluginValue(plugin.key(), value.key(), value.value());
+        }
     }
 }

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 RegisterCommands::RegisterCommands(Sale& sale, const GoodsCatalogue& catalogue)
     : m_sale(sale)
     , m_catalogue(catalogue)
@@ -43,8 +45,9 @@ void RegisterCommands::offer(ActionQueueController& controller)
          {control::StornoPosition, control::StornoAll, control::StornoAllFromMenu}) {
         controller.setHostFrame(storno, [this](control::Action&, const std::function<EContext::Result()>& course) {
             const EContext::Result result = course();
-            if (result != EContext::GoOn)
+            if (result != EContext::GoOn) {
                 m_sale.setPhase(Sale::Phase::Positions);
+            }
             return result;
         });
     }
@@ -53,7 +56,7 @@ void RegisterCommands::offer(ActionQueueController& controller)
 EContext::Result RegisterCommands::openReceipt(control::Action&)
 {
     if (m_sale.receipt()) {
-        showNotice(tr::Tr(QStringLiteral("receiptAlreadyOpen"), QStringLiteral("Чек № %1 уже открыт."))
+        showNotice(tr::Tr(u"receiptAlreadyOpen"_s, u"Чек № %1 уже открыт."_s)
                        .arg(QString::number(m_sale.receipt()->getNumber())));
         return EContext::Stop;
     }
@@ -64,28 +67,29 @@ EContext::Result RegisterCommands::openReceipt(control::Action&)
 EContext::Result RegisterCommands::changeQuantity(control::Action& action)
 {
     const QSharedPointer<ReceiptPosition> position = chosenPosition(action);
-    if (!position)
+    if (!position) {
         return EContext::Stop;
+    }
     if (position->isBound()) {
-        showNotice(tr::Tr(QStringLiteral("positionBound"),
-                          QStringLiteral("Позиция № %1 отпускается по документу, её количество и цена не меняются.\n"
-                                         "Чтобы отпустить другое количество, удалите позицию и отпустите её заново."))
+        showNotice(tr::Tr(u"positionBound"_s,
+                          u"Позиция № %1 отпускается по документу, её количество и цена не меняются.\n"
+                          "Чтобы отпустить другое количество, удалите позицию и отпустите её заново."_s)
                        .arg(QString::number(position->getNumber())));
         return EContext::Stop;
     }
     TextInputParams params;
-    params.title = tr::Tr(QStringLiteral("changeQuantityTitle"), QStringLiteral("Количество"));
-    params.message = tr::Tr(QStringLiteral("changeQuantityMessage"), QStringLiteral("Сколько упаковок?\n%1"))
-                         .arg(position->getName());
-    params.inputName = QStringLiteral("inputPacks");
+    params.title = tr::Tr(u"changeQuantityTitle"_s, u"Количество"_s);
+    params.message = tr::Tr(u"changeQuantityMessage"_s, u"Сколько упаковок?\n%1"_s).arg(position->getName());
+    params.inputName = u"inputPacks"_s;
     params.initialText = QString::number(position->getQuantity());
-    params.mask = QStringLiteral("[1-9]\\d{0,2}");
+    params.mask = u"[1-9]\\d{0,2}"_s;
     params.numeric = true;
     params.manualOnly = true;
-    const core::BasicDialog::Result result = MockFactory<Dialog>::create()->showTextInput(params);
+    const core::BasicDialog::Result result = Dialog::create()->showTextInput(params);
     const int packs = result.getData().toString().toInt();
-    if (result.canceled() || packs < 1)
+    if (result.canceled() || packs < 1) {
         return EContext::Stop;
+    }
     m_sale.setPacks(position->getNumber(), packs);
     return EContext::GoOn;
 }
@@ -93,38 +97,41 @@ EContext::Result RegisterCommands::changeQuantity(control::Action& action)
 EContext::Result RegisterCommands::removePosition(control::Action& action)
 {
     const QSharedPointer<ReceiptPosition> position = chosenPosition(action);
-    if (!position)
+    if (!position) {
         return EContext::Stop;
+    }
     const Question question{
-        {QStringLiteral("removeBoundTitle"), QStringLiteral("Удаление позиции")},
-        tr::Tr(QStringLiteral("removeBoundQuestion"),
-               QStringLiteral("Позиция № %1 отпускается по документу:\n%2\nУдалить её и отменить отпуск?"))
+        {u"removeBoundTitle"_s, u"Удаление позиции"_s},
+        tr::Tr(u"removeBoundQuestion"_s, u"Позиция № %1 отпускается по документу:\n%2\nУдалить её и отменить отпуск?"_s)
             .arg(QString::number(position->getNumber()))
             .arg(position->getName()),
-        {QStringLiteral("removeBoundYes"), QStringLiteral("Удалить")},
-        {QStringLiteral("questionNo"), QStringLiteral("Нет")},
+        {u"removeBoundYes"_s, u"Удалить"_s},
+        {u"questionNo"_s, u"Нет"_s},
     };
-    if (position->isBound() && !question.ask())
+    if (position->isBound() && !question.ask()) {
         return EContext::Stop;
+    }
     control::Action storno = Singleton<control::ActionFactory>::get()->create(control::StornoPosition);
-    storno.insert(QStringLiteral("positionNumber"), position->getNumber());
+    storno.insert(u"positionNumber"_s, position->getNumber());
     return Singleton<ActionQueueController>::get()->execute(storno);
 }
 
 EContext::Result RegisterCommands::stornoPosition(control::Action& action)
 {
     const QSharedPointer<ReceiptPosition> position = chosenPosition(action);
-    if (!position)
+    if (!position) {
         return EContext::NotFound;
+    }
     m_sale.remove(position->getNumber());
     return EContext::GoOn;
 }
 
 EContext::Result RegisterCommands::cancelReceipt(control::Action& action)
 {
-    if (!cancellingQuestion().ask())
+    if (!cancellingQuestion().ask()) {
         return EContext::Stop;
-    const int by = action.value(QStringLiteral("by"), control::StornoAll).toInt();
+    }
+    const int by = action.value(u"by"_s, control::StornoAll).toInt();
     control::Action storno = Singleton<control::ActionFactory>::get()->create(static_cast<control::EActionType>(by));
     return Singleton<ActionQueueController>::get()->execute(storno);
 }
@@ -133,22 +140,21 @@ Question RegisterCommands::cancellingQuestion() const
 {
     const Receipt& receipt = *m_sale.receipt();
     const bool isTakeBack = receipt.isCancelling();
-    tr::Tr text(QStringLiteral("cancelReceiptQuestion"), QStringLiteral("Отменить чек № %1 на сумму %2?"));
-    if (isTakeBack)
-        text =
-            isTakeBackBegun()
-                ? tr::Tr(QStringLiteral("cancelBegunTakeBackQuestion"),
-                         QStringLiteral("Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.\n"
-                                        "Правильно завершить его: «Нет», затем «Оплата».\nВсё равно отменить возврат?"))
-                : tr::Tr(QStringLiteral("cancelTakeBackQuestion"),
-                         QStringLiteral("Отменить возврат № %1 на сумму %2?"));
+    tr::Tr text(u"cancelReceiptQuestion"_s, u"Отменить чек № %1 на сумму %2?"_s);
+    if (isTakeBack) {
+        text = isTakeBackBegun()
+                   ? tr::Tr(u"cancelBegunTakeBackQuestion"_s,
+                            u"Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.\n"
+                            "Правильно завершить его: «Нет», затем «Оплата».\nВсё равно отменить возврат?"_s)
+                   : tr::Tr(u"cancelTakeBackQuestion"_s, u"Отменить возврат № %1 на сумму %2?"_s);
+    }
     return {
-        isTakeBack ? tr::Tr(QStringLiteral("cancelTakeBackTitle"), QStringLiteral("Отмена возврата"))
-                   : tr::Tr(QStringLiteral("cancelReceiptTitle"), QStringLiteral("Отмена чека")),
+        isTakeBack ? tr::Tr(u"cancelTakeBackTitle"_s, u"Отмена возврата"_s)
+                   : tr::Tr(u"cancelReceiptTitle"_s, u"Отмена чека"_s),
         text.arg(QString::number(receipt.getNumber())).arg(amountText(receipt.getSum())),
-        isTakeBack ? tr::Tr(QStringLiteral("cancelTakeBackYes"), QStringLiteral("Отменить возврат"))
-                   : tr::Tr(QStringLiteral("cancelReceiptYes"), QStringLiteral("Отменить чек")),
-        {QStringLiteral("questionNo"), QStringLiteral("Нет")},
+        isTakeBack ? tr::Tr(u"cancelTakeBackYes"_s, u"Отменить возврат"_s)
+                   : tr::Tr(u"cancelReceiptYes"_s, u"Отменить чек"_s),
+        {u"questionNo"_s, u"Нет"_s},
     };
 }
 
@@ -170,13 +176,11 @@ EContext::Result RegisterCommands::stornoAll(control::Action&)
 
 EContext::Result RegisterCommands::explainKey(control::Action& action)
 {
-    const tr::Tr withoutReceipt(QStringLiteral("keyNeedsReceipt"),
-                                QStringLiteral("«%1» работает при открытом чеке.\nОткройте чек и повторите."));
-    const tr::Tr withoutPlugin(QStringLiteral("keyNeedsPlugin"),
-                               QStringLiteral("«%1» сейчас недоступно: нет подключённого модуля, который это умеет.\n"
-                                              "Обратитесь к администратору."));
-    showNotice(
-        (m_sale.receipt() ? withoutPlugin : withoutReceipt).arg(action.value(QStringLiteral("text")).toString()));
+    const tr::Tr withoutReceipt(u"keyNeedsReceipt"_s, u"«%1» работает при открытом чеке.\nОткройте чек и повторите."_s);
+    const tr::Tr withoutPlugin(u"keyNeedsPlugin"_s,
+                               u"«%1» сейчас недоступно: нет подключённого модуля, который это умеет.\n"
+                               "Обратитесь к администратору."_s);
+    showNotice((m_sale.receipt() ? withoutPlugin : withoutReceipt).arg(action.value(u"text"_s).toString()));
     return EContext::GoOn;
 }
 
@@ -184,12 +188,12 @@ QSharedPointer<ReceiptPosition> RegisterCommands::chosenPosition(const control::
 {
     const QSharedPointer<Receipt> receipt = m_sale.receipt();
     if (receipt->isCancelling()) {
-        showNotice({QStringLiteral("takeBackIsWhole"),
-                    QStringLiteral("Продажа возвращается целиком: позиции возврата не меняются.")});
+        showNotice({u"takeBackIsWhole"_s, u"Продажа возвращается целиком: позиции возврата не меняются."_s});
         return nullptr;
     }
-    auto position = receipt->position(action.value(QStringLiteral("positionNumber")).toInt());
-    if (!position)
-        showNotice({QStringLiteral("positionNotChosen"), QStringLiteral("Сначала выберите позицию чека.")});
+    auto position = receipt->position(action.value(u"positionNumber"_s).toInt());
+    if (!position) {
+        showNotice({u"positionNotChosen"_s, u"Сначала выберите позицию чека."_s});
+    }
     return position;
 }

@@ -9,6 +9,8 @@
 #include <cmath>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 namespace receiptlayout
 {
 
@@ -17,58 +19,61 @@ namespace
 
 using Lines = QList<PrintedLine>;
 
-const QString indent(3, QLatin1Char(' '));
+const QString indent(3, u' ');
 
 PrintedLine rule()
 {
-    return {QString(columns, QLatin1Char('-'))};
+    return {QString(columns, u'-')};
 }
 
 Lines centred(const QString& text, bool isStrong = false)
 {
     Lines lines;
-    for (const QString& line : printedtext::wrapped(text, columns))
-        lines.append({QString((columns - line.size()) / 2, QLatin1Char(' ')) + line, {}, isStrong});
+    for (const QString& line : printedtext::wrapped(text, columns)) {
+        lines.append({QString((columns - line.size()) / 2, u' ') + line, {}, isStrong});
+    }
     return lines;
 }
 
 /// The text below `first`, which stands before its first line.
 Lines hanging(const QString& first, const QString& text)
 {
-    const QStringList wrapped = printedtext::wrapped(text, columns - static_cast<int>(first.size()));
+    const QStringList wrapped = printedtext::wrapped(text, columns - int(first.size()));
     Lines lines;
-    for (const QString& line : wrapped)
-        lines.append({(lines.isEmpty() ? first : QString(first.size(), QLatin1Char(' '))) + line});
+    for (const QString& line : wrapped) {
+        lines.append({(lines.isEmpty() ? first : QString(first.size(), u' ')) + line});
+    }
     return lines.isEmpty() ? Lines{{first.trimmed()}} : lines;
 }
 
 /// An amount beside its label, or below a label that leaves it no room.
 Lines amount(const QString& label, const QString& value, bool isStrong = false)
 {
-    if (label.size() + 1 + value.size() <= columns)
+    if (label.size() + 1 + value.size() <= columns) {
         return {{label, value, isStrong}};
+    }
     return {{label, {}, isStrong}, {{}, value, isStrong}};
 }
 
 /// Printers know no blanks but the ordinary one.
 QString roubles(Kopecks amount)
 {
-    return amountText(amount).replace(QChar::Nbsp, QLatin1Char(' '));
+    return amountText(amount).replace(QChar::Nbsp, u' ');
 }
 
 QString timeText(const QDateTime& time)
 {
-    return time.toString(QStringLiteral("dd.MM.yyyy HH:mm"));
+    return time.toString(u"dd.MM.yyyy HH:mm"_s);
 }
 
 QString packsText(double packs)
 {
-    return QString::number(packs).replace(QLatin1Char('.'), QLatin1Char(','));
+    return QString::number(packs).replace(u'.', u',');
 }
 
 Kopecks sumWithoutBenefit(const ReceiptPosition& position)
 {
-    return std::llround(static_cast<double>(kopecks(position.getInitialPrice())) * position.getQuantity());
+    return std::llround(double(kopecks(position.getInitialPrice())) * position.getQuantity());
 }
 
 /// What the customer saves because the price was lowered; 0 when it was not.
@@ -80,13 +85,15 @@ Kopecks benefit(const ReceiptPosition& position)
 Lines head()
 {
     const Config* config = Singleton<Config>::get();
-    const QString taxpayer = config->getString(QStringLiteral("Register:taxpayerNumber"));
-    Lines lines = centred(config->getString(QStringLiteral("Register:pharmacyName")), true) +
-                  centred(config->getString(QStringLiteral("Register:pharmacyAddress")));
-    if (!taxpayer.isEmpty())
-        lines += centred(tr::Tr(QStringLiteral("printedTaxpayer"), QStringLiteral("ИНН %1")).arg(taxpayer).ui());
-    if (!lines.isEmpty())
+    const QString taxpayer = config->getString(u"Register:taxpayerNumber"_s);
+    Lines lines = centred(config->getString(u"Register:pharmacyName"_s), true) +
+                  centred(config->getString(u"Register:pharmacyAddress"_s));
+    if (!taxpayer.isEmpty()) {
+        lines += centred(tr::Tr(u"printedTaxpayer"_s, u"ИНН %1"_s).arg(taxpayer).ui());
+    }
+    if (!lines.isEmpty()) {
         lines.append(rule());
+    }
     return lines;
 }
 
@@ -101,17 +108,17 @@ Lines positionLines(const ReceiptPosition& position, const QStringList& tellings
 {
     const QString price = roubles(kopecks(position.getPrice()));
     Lines lines =
-        hanging(QStringLiteral("%1. ").arg(position.getNumber()), position.getName()) +
-        amount(indent + packsText(position.getQuantity()) + QStringLiteral(" × ") + price + QStringLiteral(" ="),
-               roubles(position.getSum()));
+        hanging(u"%1. "_s.arg(position.getNumber()), position.getName()) +
+        amount(indent + packsText(position.getQuantity()) + u" × "_s + price + u" ="_s, roubles(position.getSum()));
     if (const Kopecks saved = benefit(position); saved > 0) {
-        const tr::Tr full(QStringLiteral("printedSumWithoutBenefit"), QStringLiteral("Сумма без льготы"));
-        const tr::Tr label(QStringLiteral("printedBenefit"), QStringLiteral("Льгота"));
+        const tr::Tr full(u"printedSumWithoutBenefit"_s, u"Сумма без льготы"_s);
+        const tr::Tr label(u"printedBenefit"_s, u"Льгота"_s);
         lines += amount(indent + full.ui(), roubles(sumWithoutBenefit(position)));
-        lines += amount(indent + label.ui(), QStringLiteral("−") + roubles(saved));
+        lines += amount(indent + label.ui(), u"−"_s + roubles(saved));
     }
-    for (const QString& telling : tellings)
+    for (const QString& telling : tellings) {
         lines += hanging(indent, telling);
+    }
     return lines;
 }
 
@@ -122,15 +129,15 @@ Lines totals(const Receipt& receipt)
                                           [](Kopecks sum, const auto& position) { return sum + benefit(*position); });
     const auto labelled = [](const tr::Tr& label, Kopecks value) { return amount(label.ui(), roubles(value)); };
 
-    Lines lines =
-        amount(tr::Tr(QStringLiteral("printedTotal"), QStringLiteral("ИТОГО")).ui(), roubles(receipt.getSum()), true);
-    if (saved > 0)
-        lines += labelled({QStringLiteral("printedBenefitInAll"), QStringLiteral("Льгота всего")}, saved);
-    if (receipt.isCancelling())
-        return lines + labelled({QStringLiteral("printedPaidOut"), QStringLiteral("Выдано")}, receipt.getReceived());
-    return lines +
-           labelled({QStringLiteral("printedReceived"), QStringLiteral("Получено наличными")}, receipt.getReceived()) +
-           labelled({QStringLiteral("printedChange"), QStringLiteral("Сдача")}, receipt.getChange());
+    Lines lines = amount(tr::Tr(u"printedTotal"_s, u"ИТОГО"_s).ui(), roubles(receipt.getSum()), true);
+    if (saved > 0) {
+        lines += labelled({u"printedBenefitInAll"_s, u"Льгота всего"_s}, saved);
+    }
+    if (receipt.isCancelling()) {
+        return lines + labelled({u"printedPaidOut"_s, u"Выдано"_s}, receipt.getReceived());
+    }
+    return lines + labelled({u"printedReceived"_s, u"Получено наличными"_s}, receipt.getReceived()) +
+           labelled({u"printedChange"_s, u"Сдача"_s}, receipt.getChange());
 }
 
 } // namespace
@@ -138,9 +145,10 @@ Lines totals(const Receipt& receipt)
 QString title(const Receipt& receipt)
 {
     const QString number = QString::number(receipt.getNumber());
-    if (!receipt.isCancelling())
-        return tr::Tr(QStringLiteral("printedSale"), QStringLiteral("ЧЕК № %1")).arg(number).ui();
-    return tr::Tr(QStringLiteral("printedTakeBack"), QStringLiteral("ВОЗВРАТ № %1 по чеку № %2"))
+    if (!receipt.isCancelling()) {
+        return tr::Tr(u"printedSale"_s, u"ЧЕК № %1"_s).arg(number).ui();
+    }
+    return tr::Tr(u"printedTakeBack"_s, u"ВОЗВРАТ № %1 по чеку № %2"_s)
         .arg(number)
         .arg(QString::number(receipt.getTakesBack()))
         .ui();
@@ -149,15 +157,16 @@ QString title(const Receipt& receipt)
 QList<PrintedLine> lines(const Receipt& receipt, const PositionMarks& marks)
 {
     Lines lines = head() + titleLines(receipt);
-    for (const QSharedPointer<ReceiptPosition>& position : receipt.positions())
+    for (const QSharedPointer<ReceiptPosition>& position : receipt.positions()) {
         lines += positionLines(*position, marks.look(*position).receiptLines);
+    }
     lines.append(rule());
     return lines + totals(receipt);
 }
 
 QList<PrintedLine> copyLines(const Receipt& receipt, const PositionMarks& marks)
 {
-    return centred(tr::Tr(QStringLiteral("printedCopy"), QStringLiteral("КОПИЯ")).ui(), true) + lines(receipt, marks);
+    return centred(tr::Tr(u"printedCopy"_s, u"КОПИЯ"_s).ui(), true) + lines(receipt, marks);
 }
 
 QString text(const QList<PrintedLine>& lines)
@@ -165,9 +174,10 @@ QString text(const QList<PrintedLine>& lines)
     QString text;
     for (const PrintedLine& line : lines) {
         text += line.left;
-        if (!line.right.isEmpty())
+        if (!line.right.isEmpty()) {
             text += line.right.rightJustified(columns - line.left.size());
-        text += QLatin1Char('\n');
+        }
+        text += u'\n';
     }
     return text;
 }

@@ -11,8 +11,10 @@
 #include <algorithm>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 ReceiptNumbers::ReceiptNumbers(const QString& folder)
-    : m_file(QDir(folder).filePath(QStringLiteral("lastreceiptnumber")))
+    : m_file(QDir(folder).filePath(u"lastreceiptnumber"_s))
 {
 }
 
@@ -26,15 +28,17 @@ int ReceiptNumbers::next()
 void ReceiptNumbers::pass(int number)
 {
     m_last = std::max(m_last, number);
-    if (number > last())
+    if (number > last()) {
         setLast(number);
+    }
 }
 
 int ReceiptNumbers::last() const
 {
     QFile file(m_file);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         return 0;
+    }
     const int number = file.readAll().trimmed().toInt();
     return number > 0 && number < std::numeric_limits<int>::max() ? number : 0;
 }
@@ -43,7 +47,8 @@ void ReceiptNumbers::setLast(int number)
 {
     QSaveFile file(m_file);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(QByteArray::number(number)) < 0 ||
-        !file.commit())
-        Log4Qt::LogManager::logger(QStringLiteral("register"))
-            ->error(QStringLiteral("The last receipt number was not saved: ") + file.errorString());
+        !file.commit()) {
+        Log4Qt::LogManager::logger(u"register"_s)
+            ->error(u"The last receipt number was not saved: "_s + file.errorString());
+    }
 }

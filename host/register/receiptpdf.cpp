@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -24,7 +26,7 @@ constexpr qsizetype linesPerStrip = 1000; // a page of PDF is at most 5 metres l
 
 QFont font(bool isStrong)
 {
-    QFont font(QStringLiteral("DejaVu Sans Mono"));
+    QFont font(u"DejaVu Sans Mono"_s);
     font.setStyleHint(QFont::Monospace);
     font.setPointSizeF(fontPoints);
     font.setBold(isStrong);
@@ -33,9 +35,8 @@ QFont font(bool isStrong)
 
 QPageSize strip(qsizetype lines)
 {
-    const double length = 2 * margin + lineHeight * static_cast<double>(std::clamp<qsizetype>(lines, 1, linesPerStrip));
-    return QPageSize(QSizeF(paperWidth, length) / 100.0, QPageSize::Millimeter, QStringLiteral("Receipt"),
-                     QPageSize::ExactMatch);
+    const double length = 2 * margin + lineHeight * double(std::clamp<qsizetype>(lines, 1, linesPerStrip));
+    return QPageSize(QSizeF(paperWidth, length) / 100.0, QPageSize::Millimeter, u"Receipt"_s, QPageSize::ExactMatch);
 }
 
 /// Characters that the font lacks come from another one and may be wider: such a line is squeezed.
@@ -68,9 +69,10 @@ QByteArray receiptPdf(const QList<PrintedLine>& lines, const QString& title)
     QPainter painter(&writer);
     for (qsizetype i = 0; i < lines.size(); ++i) {
         const qsizetype row = i % linesPerStrip;
-        if (i > 0 && row == 0)
+        if (i > 0 && row == 0) {
             writer.newPage();
-        drawLine(painter, lines.at(i), margin + lineHeight * static_cast<double>(row + 1));
+        }
+        drawLine(painter, lines.at(i), margin + lineHeight * double(row + 1));
     }
     painter.end();
     return pdf;

@@ -3,6 +3,8 @@
 
 #include "savedmember.h"
 
+using namespace Qt::StringLiterals;
+
 ReceiptPosition::ReceiptPosition(const Goods& goods, const QString& barcode)
     : GoodsItem(goods)
     , m_barcode(barcode)
@@ -11,36 +13,40 @@ ReceiptPosition::ReceiptPosition(const Goods& goods, const QString& barcode)
 
 void ReceiptPosition::setPrice(double price)
 {
-    if (!m_initialPrice && kopecks(price) != kopecks(getPrice()))
+    if (!m_initialPrice && kopecks(price) != kopecks(getPrice())) {
         m_initialPrice = getPrice();
+    }
     GoodsItem::setPrice(price);
 }
 
 QJsonObject ReceiptPosition::toJson() const
 {
     QJsonObject saved = GoodsItem::toJson();
-    saved.insert(QStringLiteral("barcode"), m_barcode);
-    if (m_initialPrice)
-        saved.insert(QStringLiteral("initialPrice"), *m_initialPrice);
+    saved.insert(u"barcode"_s, m_barcode);
+    if (m_initialPrice) {
+        saved.insert(u"initialPrice"_s, *m_initialPrice);
+    }
     return saved;
 }
 
 QSharedPointer<ReceiptPosition> ReceiptPosition::fromJson(const QJsonObject& saved)
 {
     const Goods goods{
-        .number = savedmember::positiveInteger(saved, QStringLiteral("number")),
-        .name = savedmember::text(saved, QStringLiteral("name")),
-        .price = savedmember::number(saved, QStringLiteral("price")),
-        .minRetailPrice = savedmember::number(saved, QStringLiteral("minRetailPrice")),
-        .tmcPrice = savedmember::number(saved, QStringLiteral("tmcPrice")),
-        .quantity = savedmember::number(saved, QStringLiteral("quantity")),
+        .number = savedmember::positiveInteger(saved, u"number"_s),
+        .name = savedmember::text(saved, u"name"_s),
+        .price = savedmember::number(saved, u"price"_s),
+        .minRetailPrice = savedmember::number(saved, u"minRetailPrice"_s),
+        .tmcPrice = savedmember::number(saved, u"tmcPrice"_s),
+        .quantity = savedmember::number(saved, u"quantity"_s),
     };
-    auto position = QSharedPointer<ReceiptPosition>::create(goods, saved.value(QLatin1String("barcode")).toString());
-    for (const auto tag : savedmember::list(saved, QStringLiteral("tags")))
+    auto position = QSharedPointer<ReceiptPosition>::create(goods, saved.value("barcode"_L1).toString());
+    for (const auto tag : savedmember::list(saved, u"tags"_s)) {
         position->setTag(tag.toString());
-    position->setExtendedOptions(savedmember::text(saved, QStringLiteral("extendedOptions")));
-    position->setSoftCheckId(savedmember::text(saved, QStringLiteral("softCheckId")));
-    if (saved.contains(QLatin1String("initialPrice")))
-        position->m_initialPrice = savedmember::number(saved, QStringLiteral("initialPrice"));
+    }
+    position->setExtendedOptions(savedmember::text(saved, u"extendedOptions"_s));
+    position->setSoftCheckId(savedmember::text(saved, u"softCheckId"_s));
+    if (saved.contains("initialPrice"_L1)) {
+        position->m_initialPrice = savedmember::number(saved, u"initialPrice"_s);
+    }
     return position;
 }

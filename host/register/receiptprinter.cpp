@@ -11,6 +11,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -20,29 +22,28 @@ constexpr int latestFinished = 100;
 /// Without what tells text from PDF.
 QString nameOf(const Receipt& receipt)
 {
-    return QStringLiteral("printed/%1").arg(receipt.getNumber(), 8, 10, QLatin1Char('0'));
+    return u"printed/%1"_s.arg(receipt.getNumber(), 8, 10, QChar(u'0'));
 }
 
 QString textFile(const QString& name)
 {
-    return name + QStringLiteral(".txt");
+    return name + u".txt"_s;
 }
 
 QString pdfFile(const QString& name)
 {
-    return name + QStringLiteral(".pdf");
+    return name + u".pdf"_s;
 }
 
 void tellFailure(const Receipt& receipt, const QString& failure)
 {
     const QString number = QString::number(receipt.getNumber());
-    Log4Qt::LogManager::logger(QStringLiteral("register"))
-        ->error(QStringLiteral("Receipt ") + number + QStringLiteral(" was not printed: ") + failure);
-    const tr::Tr message(QStringLiteral("receiptNotPrinted"),
-                         QStringLiteral("Чек № %1 не напечатан: %2\n"
-                                        "Сам чек сохранён. Освободите место на диске или проверьте доступ к папке "
-                                        "данных, затем напечатайте его из списка документов."));
-    MockFactory<Dialog>::create()->showMessage(message.arg(number).arg(failure), Dialog::Error, 1, 0);
+    Log4Qt::LogManager::logger(u"register"_s)->error(u"Receipt "_s + number + u" was not printed: "_s + failure);
+    const tr::Tr message(u"receiptNotPrinted"_s,
+                         u"Чек № %1 не напечатан: %2\n"
+                         "Сам чек сохранён. Освободите место на диске или проверьте доступ к папке "
+                         "данных, затем напечатайте его из списка документов."_s);
+    Dialog::create()->showMessage(message.arg(number).arg(failure), Dialog::Error, 1, 0);
 }
 
 } // namespace
@@ -61,19 +62,22 @@ bool ReceiptPrinter::print(const Receipt& receipt) const
 QString ReceiptPrinter::printAgain(const Receipt& receipt) const
 {
     const QString original = nameOf(receipt);
-    if (!isPrinted(receipt))
+    if (!isPrinted(receipt)) {
         return print(receipt) ? pdfFile(original) : QString();
-    const QString copy = original + QStringLiteral("-copy");
+    }
+    const QString copy = original + u"-copy"_s;
     return write(receipt, copy, receiptlayout::copyLines(receipt, m_marks)) ? pdfFile(copy) : QString();
 }
 
 bool ReceiptPrinter::write(const Receipt& receipt, const QString& name, const QList<PrintedLine>& lines) const
 {
     QString failure = writeWholeFile(m_folder, textFile(name), receiptlayout::text(lines).toUtf8());
-    if (failure.isEmpty())
+    if (failure.isEmpty()) {
         failure = writeWholeFile(m_folder, pdfFile(name), receiptPdf(lines, receiptlayout::title(receipt)));
-    if (failure.isEmpty())
+    }
+    if (failure.isEmpty()) {
         return true;
+    }
     tellFailure(receipt, failure);
     return false;
 }
@@ -81,11 +85,15 @@ bool ReceiptPrinter::write(const Receipt& receipt, const QString& name, const QL
 void ReceiptPrinter::printInterrupted(const DocumentArchive& archive) const
 {
     QSharedPointer<Receipt> last;
-    for (const QSharedPointer<Receipt>& document : archive.latest(latestFinished))
-        if (document->getState() == Receipt::State::Closed && (!last || document->getFinished() > last->getFinished()))
+    for (const QSharedPointer<Receipt>& document : archive.latest(latestFinished)) {
+        if (document->getState() == Receipt::State::Closed &&
+            (!last || document->getFinished() > last->getFinished())) {
             last = document;
-    if (last && !isPrinted(*last))
+        }
+    }
+    if (last && !isPrinted(*last)) {
         print(*last);
+    }
 }
 
 bool ReceiptPrinter::isPrinted(const Receipt& receipt) const

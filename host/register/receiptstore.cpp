@@ -9,16 +9,19 @@
 #include <QFile>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 /// Renames a file to a name that is not taken; empty when that failed.
 QString setAside(const QString& file)
 {
-    const QString stamp = CurrentTime::create()->current().toString(QStringLiteral("yyyyMMdd-hhmmss"));
-    const QString wanted = file + QStringLiteral(".damaged-") + stamp;
+    const QString stamp = CurrentTime::create()->current().toString(u"yyyyMMdd-hhmmss"_s);
+    const QString wanted = file + u".damaged-"_s + stamp;
     QString target = wanted;
-    for (int copy = 2; QFileInfo::exists(target); ++copy)
-        target = wanted + QLatin1Char('-') + QString::number(copy);
+    for (int copy = 2; QFileInfo::exists(target); ++copy) {
+        target = wanted + u'-' + QString::number(copy);
+    }
     return QFile::rename(file, target) ? target : QString();
 }
 } // namespace
@@ -35,10 +38,12 @@ bool ReceiptStore::save(const QSharedPointer<Receipt>& receipt) const
 
 ReceiptStore::Loaded ReceiptStore::load() const
 {
-    if (!QFileInfo::exists(m_file))
+    if (!QFileInfo::exists(m_file)) {
         return {};
+    }
     const SavedReceiptFile saved = SavedReceiptFile::read(m_file);
-    if (saved.receipt)
+    if (saved.receipt) {
         return {saved.receipt, {}, {}};
+    }
     return {{}, saved.damage, setAside(m_file)};
 }

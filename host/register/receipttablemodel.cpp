@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 ReceiptTableModel::ReceiptTableModel(const PositionMarks& marks, QObject* parent)
     : QAbstractTableModel(parent)
     , m_marks(marks)
@@ -30,7 +32,7 @@ void ReceiptTableModel::refresh(const QSharedPointer<Receipt>& receipt)
                    [](const Row& left, const Row& right) { return left.number == right.number; });
     if (samePositions && !rows.isEmpty()) {
         m_rows = rows;
-        emit dataChanged(index(0, 0), index(static_cast<int>(rows.size()) - 1, ColumnCount - 1));
+        emit dataChanged(index(0, 0), index(int(rows.size()) - 1, ColumnCount - 1));
     } else if (!samePositions) {
         beginResetModel();
         m_rows = rows;
@@ -48,7 +50,7 @@ int ReceiptTableModel::rowOf(int positionNumber) const
     const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(), [positionNumber](const Row& candidate) {
         return candidate.number == positionNumber;
     });
-    return row == m_rows.cend() ? -1 : static_cast<int>(row - m_rows.cbegin());
+    return row == m_rows.cend() ? -1 : int(row - m_rows.cbegin());
 }
 
 bool ReceiptTableModel::isEmpty(Column column) const
@@ -59,7 +61,7 @@ bool ReceiptTableModel::isEmpty(Column column) const
 
 int ReceiptTableModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+    return parent.isValid() ? 0 : int(m_rows.size());
 }
 
 int ReceiptTableModel::columnCount(const QModelIndex& parent) const
@@ -69,8 +71,9 @@ int ReceiptTableModel::columnCount(const QModelIndex& parent) const
 
 QVariant ReceiptTableModel::data(const QModelIndex& index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) {
         return {};
+    }
     const Row& row = m_rows.at(index.row());
     switch (role) {
     case Qt::DisplayRole:
@@ -80,10 +83,12 @@ QVariant ReceiptTableModel::data(const QModelIndex& index, int role) const
     case Qt::AccessibleTextRole:
         return index.column() == Mark ? row.look.description : QVariant();
     case Qt::ForegroundRole:
-        if (index.column() == State && row.look.stateColour.isValid())
+        if (index.column() == State && row.look.stateColour.isValid()) {
             return QBrush(row.look.stateColour);
-        if (index.column() == Mark)
+        }
+        if (index.column() == Mark) {
             return QBrush(RegisterColours().accent);
+        }
         return {};
     case Qt::FontRole:
         if (index.column() == Mark || index.column() == Sum) {
@@ -99,25 +104,26 @@ QVariant ReceiptTableModel::data(const QModelIndex& index, int role) const
 
 QVariant ReceiptTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
+    }
     switch (section) {
     case Number:
-        return tr::Tr(QStringLiteral("receiptColumnNumber"), QStringLiteral("№")).ui();
+        return tr::Tr(u"receiptColumnNumber"_s, u"№"_s).ui();
     case Name:
-        return tr::Tr(QStringLiteral("receiptColumnName"), QStringLiteral("Наименование")).ui();
+        return tr::Tr(u"receiptColumnName"_s, u"Наименование"_s).ui();
     case Mark:
-        return tr::Tr(QStringLiteral("receiptColumnMark"), QStringLiteral("Вид")).ui();
+        return tr::Tr(u"receiptColumnMark"_s, u"Вид"_s).ui();
     case Quantity:
-        return tr::Tr(QStringLiteral("receiptColumnQuantity"), QStringLiteral("Кол-во")).ui();
+        return tr::Tr(u"receiptColumnQuantity"_s, u"Кол-во"_s).ui();
     case InitialPrice:
-        return tr::Tr(QStringLiteral("receiptColumnInitialPrice"), QStringLiteral("Старая цена")).ui();
+        return tr::Tr(u"receiptColumnInitialPrice"_s, u"Старая цена"_s).ui();
     case Price:
-        return tr::Tr(QStringLiteral("receiptColumnPrice"), QStringLiteral("Цена")).ui();
+        return tr::Tr(u"receiptColumnPrice"_s, u"Цена"_s).ui();
     case Sum:
-        return tr::Tr(QStringLiteral("receiptColumnSum"), QStringLiteral("Сумма")).ui();
+        return tr::Tr(u"receiptColumnSum"_s, u"Сумма"_s).ui();
     case State:
-        return tr::Tr(QStringLiteral("receiptColumnState"), QStringLiteral("Состояние")).ui();
+        return tr::Tr(u"receiptColumnState"_s, u"Состояние"_s).ui();
     default:
         return {};
     }
@@ -128,11 +134,10 @@ QString ReceiptTableModel::toolTip(const Row& row, int column) const
     QStringList lines{column == Mark ? row.look.description : text(row, column)};
     lines += row.look.receiptLines;
     lines.removeAll(QString());
-    if (lines.isEmpty())
+    if (lines.isEmpty()) {
         return {};
-    return QStringLiteral("<qt>") +
-           lines.join(QLatin1Char('\n')).toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>")) +
-           QStringLiteral("</qt>");
+    }
+    return u"<qt>"_s + lines.join(u'\n').toHtmlEscaped().replace(u'\n', u"<br>"_s) + u"</qt>"_s;
 }
 
 QString ReceiptTableModel::text(const Row& row, int column) const

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "refusal.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -8,18 +10,18 @@ tr::Tr notDone(control::EActionType type)
 {
     switch (type) {
     case control::Subtotal:
-        return {QStringLiteral("actionSubtotal"), QStringLiteral("Подытог не выполнен")};
+        return {u"actionSubtotal"_s, u"Подытог не выполнен"_s};
     case control::SubtotalAndPayment:
-        return {QStringLiteral("actionPayment"), QStringLiteral("Оплата не выполнена")};
+        return {u"actionPayment"_s, u"Оплата не выполнена"_s};
     case control::StornoPosition:
-        return {QStringLiteral("actionStornoPosition"), QStringLiteral("Удаление позиции не выполнено")};
+        return {u"actionStornoPosition"_s, u"Удаление позиции не выполнено"_s};
     case control::StornoAll:
     case control::StornoAllFromMenu:
-        return {QStringLiteral("actionStornoAll"), QStringLiteral("Отмена не выполнена")};
+        return {u"actionStornoAll"_s, u"Отмена не выполнена"_s};
     case control::AnnulDocument:
-        return {QStringLiteral("actionAnnulDocument"), QStringLiteral("Аннулирование не выполнено")};
+        return {u"actionAnnulDocument"_s, u"Аннулирование не выполнено"_s};
     default:
-        return {QStringLiteral("actionUnnamed"), QStringLiteral("Действие не выполнено")};
+        return {u"actionUnnamed"_s, u"Действие не выполнено"_s};
     }
 }
 
@@ -30,17 +32,15 @@ namespace refusal
 
 tr::Tr stopped(const control::Action& action)
 {
-    return tr::Tr(QStringLiteral("actionStopped"),
-                  QStringLiteral("%1. Устраните причину, названную в сообщении, и повторите."))
+    return tr::Tr(u"actionStopped"_s, u"%1. Устраните причину, названную в сообщении, и повторите."_s)
         .arg(notDone(action.getType()).ui());
 }
 
 tr::Tr notFound(const control::Action& action)
 {
-    return tr::Tr(QStringLiteral("actionNotFound"),
-                  QStringLiteral("%1: модуль не нашёл у себя эту позицию или этот чек. Чек не изменён.\n"
-                                 "Проверьте, что выбрана нужная строка, и повторите. Если не поможет, позовите "
-                                 "администратора."))
+    return tr::Tr(u"actionNotFound"_s, u"%1: модуль не нашёл у себя эту позицию или этот чек. Чек не изменён.\n"
+                                       "Проверьте, что выбрана нужная строка, и повторите. Если не поможет, позовите "
+                                       "администратора."_s)
         .arg(notDone(action.getType()).ui());
 }
 

@@ -28,6 +28,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 RegisterApplication::RegisterApplication(const CommandLine& commandLine)
     : m_commandLine(commandLine)
 {
@@ -47,17 +49,21 @@ RegisterApplication::~RegisterApplication()
 
 std::optional<StartupFailure> RegisterApplication::start()
 {
-    if (auto failure = readConfiguration())
+    if (auto failure = readConfiguration()) {
         return failure;
-    if (auto failure = takeDataFolder())
+    }
+    if (auto failure = takeDataFolder()) {
         return failure;
-    if (auto failure = readReceipt())
+    }
+    if (auto failure = readReceipt()) {
         return failure;
+    }
     configureThisRun();
-    m_messages.load(QStringLiteral(":/translations/registerplatform"));
-    m_messages.load(QStringLiteral(":/translations/pharmacyregister"));
-    if (auto failure = readScenario())
+    m_messages.load(u":/translations/registerplatform"_s);
+    m_messages.load(u":/translations/pharmacyregister"_s);
+    if (auto failure = readScenario()) {
         return failure;
+    }
     applyRegisterStyle(*qApp, windowHeight());
     openWindow();
     return std::nullopt;
@@ -80,10 +86,11 @@ int RegisterApplication::run()
 std::optional<StartupFailure> RegisterApplication::readConfiguration()
 {
     auto config = std::make_unique<Config>(m_commandLine.config);
-    if (!config->isReadable())
-        return StartupFailure{exitstatus::noConfiguration,
-                              QStringLiteral("The configuration cannot be read: ") + config->errorText() +
-                                  QStringLiteral("\nName an INI file with --config FILE.ini")};
+    if (!config->isReadable()) {
+        return StartupFailure{exitstatus::noConfiguration, u"The configuration cannot be read: "_s +
+                                                               config->errorText() +
+                                                               u"\nName an INI file with --config FILE.ini"_s};
+    }
     Singleton<Config>::instance = config.release(); // lives as long as the process, as plug-ins do
     return std::nullopt;
 }
@@ -91,19 +98,20 @@ std::optional<StartupFailure> RegisterApplication::readConfiguration()
 std::optional<StartupFailure> RegisterApplication::takeDataFolder()
 {
     const QString folder = QDir(m_commandLine.dataFolder).absolutePath();
-    const QString advice = QStringLiteral("\nName a folder that exists and can be written to with --data DIR");
-    if (!QFileInfo(folder).isDir())
-        return StartupFailure{exitstatus::noDataFolder, QStringLiteral("There is no data folder ") + folder + advice};
-    if (QTemporaryFile probe(folder + QStringLiteral("/.writable-XXXXXX")); !probe.open())
-        return StartupFailure{exitstatus::noDataFolder, QStringLiteral("The data folder ") + folder +
-                                                            QStringLiteral(" cannot be written to: ") +
+    const QString advice = u"\nName a folder that exists and can be written to with --data DIR"_s;
+    if (!QFileInfo(folder).isDir()) {
+        return StartupFailure{exitstatus::noDataFolder, u"There is no data folder "_s + folder + advice};
+    }
+    if (QTemporaryFile probe(folder + u"/.writable-XXXXXX"_s); !probe.open()) {
+        return StartupFailure{exitstatus::noDataFolder, u"The data folder "_s + folder + u" cannot be written to: "_s +
                                                             probe.errorString() + advice};
-    m_lockFile = std::make_unique<QLockFile>(folder + QStringLiteral("/register.lock"));
+    }
+    m_lockFile = std::make_unique<QLockFile>(folder + u"/register.lock"_s);
     m_lockFile->setStaleLockTime(0); // a lock is stale only when its process is gone, however old it is
-    if (!m_lockFile->tryLock(0))
-        return StartupFailure{exitstatus::alreadyRunning,
-                              QStringLiteral("Another register works with the data folder ") + folder +
-                                  QStringLiteral("\nClose it, or name another folder with --data DIR")};
+    if (!m_lockFile->tryLock(0)) {
+        return StartupFailure{exitstatus::alreadyRunning, u"Another register works with the data folder "_s + folder +
+                                                              u"\nClose it, or name another folder with --data DIR"_s};
+    }
     m_commandLine.dataFolder = folder;
     return std::nullopt;
 }
@@ -112,43 +120,48 @@ std::optional<StartupFailure> RegisterApplication::readReceipt()
 {
     const ReceiptStore store(m_commandLine.dataFolder);
     m_savedReceipt = store.load();
-    if (!m_savedReceipt.isInTheWay())
+    if (!m_savedReceipt.isInTheWay()) {
         return std::nullopt;
+    }
     return StartupFailure{exitstatus::damagedReceiptInTheWay,
-                          QStringLiteral("The saved receipt ") + store.file() + QStringLiteral(" is damaged: ") +
-                              m_savedReceipt.damage +
-                              QStringLiteral("\nIt cannot be set aside, and the next receipt would overwrite it. "
-                                             "Move it away, or name another folder with --data DIR")};
+                          u"The saved receipt "_s + store.file() + u" is damaged: "_s + m_savedReceipt.damage +
+                              u"\nIt cannot be set aside, and the next receipt would overwrite it. "
+                              "Move it away, or name another folder with --data DIR"_s};
 }
 
 void RegisterApplication::configureThisRun()
 {
     Config* config = Singleton<Config>::get();
     const QDir data(m_commandLine.dataFolder);
-    config->setForThisRun(QStringLiteral("Register:data"), data.path());
-    data.mkpath(QStringLiteral("log"));
-    config->setForThisRun(QStringLiteral("Logging:folder"), data.filePath(QStringLiteral("log")));
-    if (m_commandLine.touch)
-        config->setForThisRun(QStringLiteral("GUI:touchMode"), QStringLiteral("true"));
-    if (!m_commandLine.layoutFolders.isEmpty())
-        config->setForThisRun(QStringLiteral("GUI:layouts"), m_commandLine.layoutFolders);
-    if (config->getString(QStringLiteral("Database:name")).isEmpty())
-        config->setForThisRun(QStringLiteral("Database:name"), data.filePath(QStringLiteral("goods.sqlite")));
-    if (m_commandLine.demoData || config->getBool(QStringLiteral("Register:demoData")))
-        createDemoGoods(config->getString(QStringLiteral("Database:name")));
+    config->setForThisRun(u"Register:data"_s, data.path());
+    data.mkpath(u"log"_s);
+    config->setForThisRun(u"Logging:folder"_s, data.filePath(u"log"_s));
+    if (m_commandLine.touch) {
+        config->setForThisRun(u"GUI:touchMode"_s, u"true"_s);
+    }
+    if (!m_commandLine.layoutFolders.isEmpty()) {
+        config->setForThisRun(u"GUI:layouts"_s, m_commandLine.layoutFolders);
+    }
+    if (config->getString(u"Database:name"_s).isEmpty()) {
+        config->setForThisRun(u"Database:name"_s, data.filePath(u"goods.sqlite"_s));
+    }
+    if (m_commandLine.demoData || config->getBool(u"Register:demoData"_s)) {
+        createDemoGoods(config->getString(u"Database:name"_s));
+    }
 }
 
 std::optional<StartupFailure> RegisterApplication::readScenario()
 {
-    if (m_commandLine.scenario.isEmpty())
+    if (m_commandLine.scenario.isEmpty()) {
         return std::nullopt;
+    }
     const ScenarioFile scenario = ScenarioFile::read(m_commandLine.scenario);
-    if (!scenario.error.isEmpty())
-        return StartupFailure{exitstatus::noScenario,
-                              QStringLiteral("The scenario cannot be played: ") + scenario.error};
-    if (!QDir().mkpath(m_commandLine.screenshots))
-        return StartupFailure{exitstatus::noScenario,
-                              QStringLiteral("No folder for pictures: ") + m_commandLine.screenshots};
+    if (!scenario.error.isEmpty()) {
+        return StartupFailure{exitstatus::noScenario, u"The scenario cannot be played: "_s + scenario.error};
+    }
+    if (!QDir().mkpath(m_commandLine.screenshots)) {
+        return StartupFailure{exitstatus::noScenario, u"No folder for pictures: "_s + m_commandLine.screenshots};
+    }
     m_player = std::make_unique<ScenarioPlayer>(scenario.steps, m_commandLine.screenshots, m_commandLine.dataFolder);
     return std::nullopt;
 }
@@ -177,7 +190,7 @@ void RegisterApplication::openWindow()
     m_menuCommands = std::make_unique<MenuCommands>(*m_sale, configuredMenuEntries(*config));
     m_menuCommands->offer(*controller);
     m_window = std::make_unique<RegisterWindow>(*m_sale, m_marks, configuredFunctionKeys(*config), m_longWork,
-                                                config->getString(QStringLiteral("Register:unlockCode")));
+                                                config->getString(u"Register:unlockCode"_s));
     gui->setStage(m_window.get());
     if (m_commandLine.windowSize.isValid()) {
         m_window->resize(m_commandLine.windowSize);
@@ -190,18 +203,20 @@ void RegisterApplication::openWindow()
 
 void RegisterApplication::takeUpWork()
 {
-    if (m_player)
+    if (m_player) {
         m_player->start(); // first, since what follows may show messages
+    }
     m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
     tellPlugins();
     m_sale->restore(std::exchange(m_savedReceipt, {}));
-    if (m_sale->receipt())
+    if (m_sale->receipt()) {
         m_window->statusLine().showWarning(documentwords::restored(*m_sale->receipt()));
+    }
     m_printer->printInterrupted(m_sale->archive());
     try {
         m_catalogue.check();
     } catch (const BasicException& unreadable) {
-        MockFactory<Dialog>::create()->showMessage(unreadable.tr(), Dialog::Error, 1, 0);
+        Dialog::create()->showMessage(unreadable.tr(), Dialog::Error, 1, 0);
     }
     auto* locker = Singleton<InactivityLocker>::get();
     QObject::connect(locker, &InactivityLocker::lock, m_window.get(), &RegisterWindow::lock);
@@ -211,14 +226,12 @@ void RegisterApplication::takeUpWork()
 void RegisterApplication::tellPlugins()
 {
     const QStringList active = m_plugins.active();
-    const QString text = active.isEmpty() ? tr::Tr(QStringLiteral("pluginsNone"), QStringLiteral("Модулей нет")).ui()
-                                          : tr::Tr(QStringLiteral("pluginsActive"), QStringLiteral("Модулей: %1"))
-                                                .arg(QString::number(active.size()))
-                                                .ui();
-    m_window->statusLine().showPlugins(text, active.join(QLatin1Char('\n')));
-    if (!m_plugins.problems().isEmpty())
+    const QString text = active.isEmpty()
+                             ? tr::Tr(u"pluginsNone"_s, u"Модулей нет"_s).ui()
+                             : tr::Tr(u"pluginsActive"_s, u"Модулей: %1"_s).arg(QString::number(active.size())).ui();
+    m_window->statusLine().showPlugins(text, active.join(u'\n'));
+    if (!m_plugins.problems().isEmpty()) {
         m_window->statusLine().showMessage(
-            tr::Tr(QStringLiteral("pluginProblems"), QStringLiteral("Модуль не подключён: %1"))
-                .arg(m_plugins.problems().join(QStringLiteral("; ")))
-                .ui());
+            tr::Tr(u"pluginProblems"_s, u"Модуль не подключён: %1"_s).arg(m_plugins.problems().join(u"; "_s)).ui());
+    }
 }

@@ -6,6 +6,8 @@
 #include "menuform.h"
 #include "questionform.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -13,9 +15,10 @@ namespace
 template <typename Form, typename Params>
 QSharedPointer<BasicForm> formOf(const Event& event)
 {
-    if (event.getCode() != Params::eventCode)
+    if (event.getCode() != Params::eventCode) {
         return nullptr;
-    return QSharedPointer<Form>::create(event.value(QStringLiteral("params")).template value<Params>());
+    }
+    return QSharedPointer<Form>::create(event.value(u"params"_s).template value<Params>());
 }
 
 } // namespace
@@ -28,9 +31,11 @@ QSharedPointer<BasicForm> RegisterFormCreator::create(const Event& event)
         formOf<MenuForm, MenuParams>,
         formOf<QuestionForm, Question>,
     };
-    for (const auto& make : makers)
-        if (QSharedPointer<BasicForm> form = make(event))
+    for (const auto& make : makers) {
+        if (QSharedPointer<BasicForm> form = make(event)) {
             return form;
+        }
+    }
     return nullptr;
 }
 

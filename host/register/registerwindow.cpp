@@ -17,6 +17,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 constexpr QSize smallestWindow(1024, 600);
@@ -31,8 +33,8 @@ RegisterWindow::RegisterWindow(Sale& sale, const PositionMarks& marks, const QLi
     , m_busy(new BusyScreen(this))
     , m_lock(new LockScreen(unlockCode, this))
 {
-    setObjectName(QStringLiteral("registerWindow"));
-    setWindowTitle(tr::Tr(QStringLiteral("registerTitle"), QStringLiteral("Касса аптеки")).ui());
+    setObjectName(u"registerWindow"_s);
+    setWindowTitle(tr::Tr(u"registerTitle"_s, u"Касса аптеки"_s).ui());
     setMinimumSize(smallestWindow);
 
     auto* groundLayout = new QVBoxLayout(m_ground);
@@ -57,14 +59,16 @@ RegisterWindow::RegisterWindow(Sale& sale, const PositionMarks& marks, const QLi
         m_statusLine->showDone(documentwords::annulment(document, before));
     });
     connect(&sale, &Sale::changed, this, [this, &sale] {
-        if (sale.receipt() && !m_statusLine->isWarningShown())
+        if (sale.receipt() && !m_statusLine->isWarningShown()) {
             m_statusLine->dropNews();
+        }
     });
     qApp->installEventFilter(this);
     connect(m_lock, &LockScreen::unlocked, this, [this] {
         arrangeLayers();
-        if (m_focusBeforeLock)
+        if (m_focusBeforeLock) {
             m_focusBeforeLock->setFocus();
+        }
     });
     m_sales->setFocus();
 }
@@ -85,14 +89,16 @@ void RegisterWindow::leave(BasicForm& form)
 {
     const auto layer =
         std::find_if(m_layers.begin(), m_layers.end(), [&form](FormLayer* shown) { return shown->form() == &form; });
-    if (layer == m_layers.end())
+    if (layer == m_layers.end()) {
         return;
+    }
     (*layer)->release();
     delete *layer;
     m_layers.erase(layer);
     arrangeLayers();
-    if (m_layers.isEmpty())
+    if (m_layers.isEmpty()) {
         m_sales->setFocus();
+    }
 }
 
 /// A warning has been read when the cashier goes on. A function key is seen as a shortcut only, never as a key press.
@@ -101,15 +107,17 @@ bool RegisterWindow::eventFilter(QObject* watched, QEvent* event)
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
     const bool goesOn =
         event->type() == QEvent::MouseButtonPress || (isKey && !static_cast<QKeyEvent*>(event)->isAutoRepeat());
-    if (goesOn && m_statusLine->isWarningShown())
+    if (goesOn && m_statusLine->isWarningShown()) {
         m_statusLine->dropNews();
+    }
     return QWidget::eventFilter(watched, event);
 }
 
 void RegisterWindow::lock()
 {
-    if (!m_lock->isVisible())
+    if (!m_lock->isVisible()) {
         unwind(Unwinding::ToLock);
+    }
 }
 
 void RegisterWindow::closeEvent(QCloseEvent* event)
@@ -122,8 +130,9 @@ void RegisterWindow::closeEvent(QCloseEvent* event)
 
 void RegisterWindow::resizeEvent(QResizeEvent*)
 {
-    for (FormLayer* layer : std::as_const(m_layers))
+    for (FormLayer* layer : std::as_const(m_layers)) {
         layer->setGeometry(rect());
+    }
     m_busy->setGeometry(rect());
     m_lock->setGeometry(rect());
 }
@@ -131,10 +140,12 @@ void RegisterWindow::resizeEvent(QResizeEvent*)
 void RegisterWindow::unwind(Unwinding purpose)
 {
     const bool underWay = m_unwinding != Unwinding::No;
-    if (m_unwinding != Unwinding::ToClose)
+    if (m_unwinding != Unwinding::ToClose) {
         m_unwinding = purpose;
-    if (!underWay)
+    }
+    if (!underWay) {
         QTimer::singleShot(0, this, &RegisterWindow::goOnUnwinding);
+    }
 }
 
 /// Cancelling one form may bring up the one before it, so that it takes several rounds until nothing is open.
@@ -143,14 +154,16 @@ void RegisterWindow::goOnUnwinding()
     const bool blocked = InputBlocker::isActive();
     if (blocked || isAtWork()) {
         QTimer::singleShot(unwindingRound, this, &RegisterWindow::goOnUnwinding);
-        if (!blocked)
+        if (!blocked) {
             Singleton<GraphicalUserInterface>::get()->cancelForms();
+        }
         return;
     }
-    if (std::exchange(m_unwinding, Unwinding::No) == Unwinding::ToClose)
+    if (std::exchange(m_unwinding, Unwinding::No) == Unwinding::ToClose) {
         close();
-    else
+    } else {
         coverWithLock();
+    }
 }
 
 bool RegisterWindow::isAtWork() const
@@ -168,8 +181,9 @@ void RegisterWindow::arrangeLayers()
         onTop = false;
         covered = covered || coversAll;
     };
-    for (auto layer = m_layers.crbegin(); layer != m_layers.crend(); ++layer)
+    for (auto layer = m_layers.crbegin(); layer != m_layers.crend(); ++layer) {
         place(*layer, !(*layer)->isDialog());
+    }
     place(m_ground, true);
     // Children stand in their order, the last one on top.
     m_busy->setCovered(!m_layers.isEmpty() && children().indexOf(m_layers.last()) > children().indexOf(m_busy));
@@ -184,8 +198,9 @@ void RegisterWindow::coverWithLock()
 
 void RegisterWindow::tellRefusal(const control::Action& action, EContext::Result result)
 {
-    if (result == EContext::NotFound)
+    if (result == EContext::NotFound) {
         showNotice(refusal::notFound(action));
-    else
+    } else {
         m_statusLine->showWarning(refusal::stopped(action).ui());
+    }
 }

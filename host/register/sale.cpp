@@ -31,8 +31,9 @@ void Sale::setPrinting(Printing printing)
 
 void Sale::open()
 {
-    if (m_receipt)
+    if (m_receipt) {
         return;
+    }
     makeCurrent(QSharedPointer<Receipt>::create(m_numbers.next(), CurrentTime::create()->current()));
     m_store.save(m_receipt);
     Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::ReceiptOpened));
@@ -42,8 +43,9 @@ void Sale::open()
 int Sale::add(const SelectedGoods& selected)
 {
     open();
-    if (m_receipt->isCancelling())
+    if (m_receipt->isCancelling()) {
         return 0;
+    }
     GoodsItem::Goods goods;
     goods.name = selected.goods.name;
     goods.price = selected.goods.price;
@@ -58,24 +60,27 @@ int Sale::add(const SelectedGoods& selected)
 void Sale::setPacks(int positionNumber, int packs)
 {
     const QSharedPointer<ReceiptPosition> position = m_receipt ? m_receipt->position(positionNumber) : nullptr;
-    if (!position || position->isBound())
+    if (!position || position->isBound()) {
         return;
+    }
     position->setQuantity(packs);
     recalculateAndSave();
 }
 
 void Sale::remove(int positionNumber)
 {
-    if (!m_receipt)
+    if (!m_receipt) {
         return;
+    }
     m_receipt->remove(positionNumber);
     recalculateAndSave();
 }
 
 void Sale::setPhase(Phase phase)
 {
-    if (!m_receipt || phase == m_phase)
+    if (!m_receipt || phase == m_phase) {
         return;
+    }
     m_phase = phase;
     emit changed();
 }

@@ -21,6 +21,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -39,7 +41,7 @@ SalesScreen::SalesScreen(Sale& sale, const PositionMarks& marks, const QList<Fun
     , m_marks(marks)
     , m_model(marks)
 {
-    setObjectName(QStringLiteral("salesScreen"));
+    setObjectName(u"salesScreen"_s);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 8, 16, 8);
     layout->setSpacing(8);
@@ -61,11 +63,11 @@ QWidget* SalesScreen::createHeader()
     auto* layout = new QHBoxLayout(header);
     layout->setContentsMargins(0, 0, 0, 0);
     m_receiptNumber = new QLabel(header);
-    m_receiptNumber->setObjectName(QStringLiteral("receiptNumberLabel"));
-    m_receiptNumber->setProperty("textSize", QStringLiteral("title"));
+    m_receiptNumber->setObjectName(u"receiptNumberLabel"_s);
+    m_receiptNumber->setProperty("textSize", u"title"_s);
     m_documentInfo = new QLabel(header);
-    m_documentInfo->setObjectName(QStringLiteral("documentInfoLabel"));
-    m_documentInfo->setProperty("textRole", QStringLiteral("value"));
+    m_documentInfo->setObjectName(u"documentInfoLabel"_s);
+    m_documentInfo->setProperty("textRole", u"value"_s);
     m_documentInfo->setTextFormat(Qt::PlainText);
     m_documentInfo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_documentInfo->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -77,19 +79,19 @@ QWidget* SalesScreen::createHeader()
 QWidget* SalesScreen::createTable()
 {
     m_table = new TalloTableView(this);
-    m_table->setObjectName(QStringLiteral("receiptTable"));
-    m_table->setAccessibleName(tr::Tr(QStringLiteral("receiptTable"), QStringLiteral("Позиции чека")).ui());
+    m_table->setObjectName(u"receiptTable"_s);
+    m_table->setAccessibleName(tr::Tr(u"receiptTable"_s, u"Позиции чека"_s).ui());
     m_table->setFocusPolicy(Qt::NoFocus); // Up and Down in the search line move its rows
     m_table->setModel(&m_model);
     m_table->setColumns({
-        QStringLiteral("number;;40;true;130"),
-        QStringLiteral("name;;-1;true;129"),
-        QStringLiteral("mark;;-2;true;132"),
-        QStringLiteral("quantity;;-2;true;130"),
-        QStringLiteral("initialPrice;;-2;true;130"),
-        QStringLiteral("price;;88;true;130"),
-        QStringLiteral("sum;;104;true;130"),
-        QStringLiteral("state;;-2;true;129"),
+        u"number;;40;true;130"_s,
+        u"name;;-1;true;129"_s,
+        u"mark;;-2;true;132"_s,
+        u"quantity;;-2;true;130"_s,
+        u"initialPrice;;-2;true;130"_s,
+        u"price;;88;true;130"_s,
+        u"sum;;104;true;130"_s,
+        u"state;;-2;true;129"_s,
     });
     // The range follows both the positions and the room: the payment takes some of it.
     connect(m_table->verticalScrollBar(), &QScrollBar::rangeChanged, this, &SalesScreen::scrollToCurrent);
@@ -104,20 +106,19 @@ QWidget* SalesScreen::createSearchAndTotal()
     layout->setSpacing(8);
 
     m_search = new TalloLineEdit(row);
-    m_search->setObjectName(QStringLiteral("searchLineEdit"));
-    const QString hint =
-        tr::Tr(QStringLiteral("searchGoods"), QStringLiteral("Поиск товара: название, МНН или штрихкод")).ui();
+    m_search->setObjectName(u"searchLineEdit"_s);
+    const QString hint = tr::Tr(u"searchGoods"_s, u"Поиск товара: название, МНН или штрихкод"_s).ui();
     m_search->setPlaceholderText(hint);
     m_search->setAccessibleName(hint);
     m_search->setMaxLength(200);
     connect(m_search, &QLineEdit::returnPressed, this, &SalesScreen::search);
 
-    auto* total = new QLabel(tr::Tr(QStringLiteral("receiptTotal"), QStringLiteral("ИТОГО")).ui(), row);
-    total->setObjectName(QStringLiteral("totalCaptionLabel"));
+    auto* total = new QLabel(tr::Tr(u"receiptTotal"_s, u"ИТОГО"_s).ui(), row);
+    total->setObjectName(u"totalCaptionLabel"_s);
     m_total = new QLabel(row);
-    m_total->setObjectName(QStringLiteral("totalLabel"));
+    m_total->setObjectName(u"totalLabel"_s);
     m_total->setAccessibleName(total->text());
-    m_total->setProperty("textSize", QStringLiteral("sum"));
+    m_total->setProperty("textSize", u"sum"_s);
     m_total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     layout->addWidget(m_search, 1);
@@ -145,28 +146,31 @@ void SalesScreen::refresh()
     const QSharedPointer<Receipt> before = std::exchange(m_shown, receipt);
     showPositions();
     m_receiptNumber->setText(receipt ? documentwords::title(*receipt)
-                                     : tr::Tr(QStringLiteral("receiptNone"), QStringLiteral("Чек не открыт")).ui());
+                                     : tr::Tr(u"receiptNone"_s, u"Чек не открыт"_s).ui());
     const QString info = receipt ? m_marks.documentText(*receipt) : QString();
     m_documentInfo->setText(info);
     m_documentInfo->setToolTip(info);
     m_total->setText(amountText(receipt ? receipt->getSum() : 0));
     showPhase();
-    if (before && before != receipt)
+    if (before && before != receipt) {
         emit ended(*before);
+    }
 }
 
 void SalesScreen::showPositions()
 {
     const int formerRow = m_table->currentIndex().row();
     const int number = m_model.positionNumber(formerRow);
-    const auto count = m_shown ? static_cast<int>(m_shown->positions().size()) : 0;
+    const auto count = m_shown ? int(m_shown->positions().size()) : 0;
     const bool grown = count > std::exchange(m_positionCount, count);
 
     m_model.refresh(m_shown);
-    if (count > 0)
+    if (count > 0) {
         m_table->setCurrentIndex(m_model.index(grown ? count - 1 : rowAfter(formerRow, number), 0));
-    for (const auto column : {ReceiptTableModel::Mark, ReceiptTableModel::InitialPrice, ReceiptTableModel::State})
+    }
+    for (const auto column : {ReceiptTableModel::Mark, ReceiptTableModel::InitialPrice, ReceiptTableModel::State}) {
         m_table->setColumnHidden(column, m_model.isEmpty(column));
+    }
     scrollToCurrent();
 }
 
@@ -193,8 +197,9 @@ void SalesScreen::showPhase()
     m_searchAndTotal->setVisible(searching);
     QWidget* input = searching ? m_search : m_payment->input();
     setFocusProxy(input);
-    if (hasFocus && input != inputBefore)
+    if (hasFocus && input != inputBefore) {
         input->setFocus();
+    }
 }
 
 void SalesScreen::keyPressEvent(QKeyEvent* event)
@@ -210,10 +215,11 @@ void SalesScreen::keyPressEvent(QKeyEvent* event)
         goBack();
         return;
     default:
-        if (isText(*event))
+        if (isText(*event)) {
             type(*event);
-        else
+        } else {
             QWidget::keyPressEvent(event);
+        }
     }
 }
 
@@ -221,27 +227,30 @@ void SalesScreen::keyPressEvent(QKeyEvent* event)
 void SalesScreen::type(QKeyEvent& event)
 {
     auto* line = qobject_cast<QLineEdit*>(focusProxy());
-    if (!line)
+    if (!line) {
         return;
+    }
     line->setFocus();
     QApplication::sendEvent(line, &event);
 }
 
 void SalesScreen::moveRow(int by)
 {
-    if (m_model.rowCount() > 0)
+    if (m_model.rowCount() > 0) {
         m_table->setCurrentIndex(
             m_model.index(std::clamp(m_table->currentIndex().row() + by, 0, m_model.rowCount() - 1), 0));
+    }
 }
 
 void SalesScreen::search()
 {
     const QString text = m_search->text().trimmed();
     m_search->clear();
-    if (text.isEmpty())
+    if (text.isEmpty()) {
         return;
+    }
     control::Action action = Singleton<control::ActionFactory>::get()->create(registeraction::addGoods);
-    action.insert(QStringLiteral("search"), text);
+    action.insert(u"search"_s, text);
     Singleton<ActionQueueController>::get()->enqueue(action, false);
 }
 
@@ -252,7 +261,7 @@ void SalesScreen::goOn()
         return;
     }
     control::Action pay = Singleton<control::ActionFactory>::get()->create(registeraction::pay);
-    pay.insert(QStringLiteral("received"), m_payment->received());
+    pay.insert(u"received"_s, m_payment->received());
     give(pay);
 }
 
@@ -271,12 +280,15 @@ void SalesScreen::press(const FunctionKey& key)
     const bool handled = Singleton<ActionQueueController>::get()->isHandled(key.actionType);
     control::Action action =
         Singleton<control::ActionFactory>::get()->create(handled ? key.actionType : registeraction::explainKey);
-    if (!handled)
-        action.insert(QStringLiteral("text"), key.text);
-    for (auto argument = key.arguments.cbegin(); argument != key.arguments.cend(); ++argument)
+    if (!handled) {
+        action.insert(u"text"_s, key.text);
+    }
+    for (auto argument = key.arguments.cbegin(); argument != key.arguments.cend(); ++argument) {
         action.insert(argument.key(), argument.value());
-    if (const int number = m_model.positionNumber(m_table->currentIndex().row()))
-        action.insert(QStringLiteral("positionNumber"), number);
+    }
+    if (const int number = m_model.positionNumber(m_table->currentIndex().row())) {
+        action.insert(u"positionNumber"_s, number);
+    }
     give(action);
 }
 
@@ -284,6 +296,7 @@ void SalesScreen::press(const FunctionKey& key)
 void SalesScreen::give(const control::Action& action)
 {
     auto* controller = Singleton<ActionQueueController>::get();
-    if (!controller->isBusy())
+    if (!controller->isBusy()) {
         controller->enqueue(action, false);
+    }
 }

@@ -6,53 +6,58 @@
 #include <cmath>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace savedmember
 {
 
 void refuse(const QString& name)
 {
-    throw BasicException(
-        tr::Tr(QStringLiteral("receiptMemberDamaged"), QStringLiteral("Данные «%1» отсутствуют или искажены"))
-            .arg(name));
+    throw BasicException(tr::Tr(u"receiptMemberDamaged"_s, u"Данные «%1» отсутствуют или искажены"_s).arg(name));
 }
 
 QString text(const QJsonObject& object, const QString& name)
 {
     const QJsonValue value = object.value(name);
-    if (!value.isString())
+    if (!value.isString()) {
         refuse(name);
+    }
     return value.toString();
 }
 
 double number(const QJsonObject& object, const QString& name)
 {
     const QJsonValue value = object.value(name);
-    if (!value.isDouble())
+    if (!value.isDouble()) {
         refuse(name);
+    }
     return value.toDouble();
 }
 
 int positiveInteger(const QJsonObject& object, const QString& name)
 {
     const double value = number(object, name);
-    if (value < 1 || value >= std::numeric_limits<int>::max() || value != std::floor(value))
+    if (value < 1 || value >= std::numeric_limits<int>::max() || value != std::floor(value)) {
         refuse(name);
-    return static_cast<int>(value);
+    }
+    return int(value);
 }
 
 QJsonArray list(const QJsonObject& object, const QString& name)
 {
     const QJsonValue value = object.value(name);
-    if (!value.isArray())
+    if (!value.isArray()) {
         refuse(name);
+    }
     return value.toArray();
 }
 
 QJsonObject object(const QJsonObject& parent, const QString& name)
 {
     const QJsonValue value = parent.value(name);
-    if (!value.isObject())
+    if (!value.isObject()) {
         refuse(name);
+    }
     return value.toObject();
 }
 

@@ -10,12 +10,14 @@
 SavedReceiptFile SavedReceiptFile::read(const QString& file)
 {
     QFile saved(file);
-    if (!saved.open(QIODevice::ReadOnly))
+    if (!saved.open(QIODevice::ReadOnly)) {
         return {nullptr, saved.errorString()};
+    }
     QJsonParseError error;
     const QJsonDocument json = QJsonDocument::fromJson(saved.readAll(), &error);
-    if (error.error != QJsonParseError::NoError)
+    if (error.error != QJsonParseError::NoError) {
         return {nullptr, error.errorString()};
+    }
     try {
         return {Receipt::fromJson(json.object()), {}};
     } catch (const BasicException& wrong) {

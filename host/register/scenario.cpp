@@ -9,6 +9,8 @@
 #include <iterator>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -70,46 +72,46 @@ void fill(ScenarioStep& step, Slot slot, const QJsonValue& value)
 
 bool isKnown(const Form& form, const QString& member)
 {
-    return member == QLatin1String(form.member) || member == QLatin1String(patience) ||
-           (form.second && member == QLatin1String(form.second));
+    return member == QLatin1StringView(form.member) || member == QLatin1StringView(patience) ||
+           (form.second && member == QLatin1StringView(form.second));
 }
 
 /// Reads one step; without a value, `error` says what is wrong with it.
 std::optional<ScenarioStep> readStep(const QJsonObject& object, QString& error)
 {
     const auto* form = std::find_if(std::begin(forms), std::end(forms), [&object](const Form& candidate) {
-        return object.contains(QLatin1String(candidate.member));
+        return object.contains(QLatin1StringView(candidate.member));
     });
     if (form == std::end(forms)) {
-        error = QStringLiteral("no known kind of step");
+        error = u"no known kind of step"_s;
         return std::nullopt;
     }
     const QStringList members = object.keys();
     const auto odd =
         std::find_if(members.cbegin(), members.cend(), [form](const QString& name) { return !isKnown(*form, name); });
     if (odd != members.cend()) {
-        error = QStringLiteral("unknown member \"") + *odd + QLatin1Char('"');
+        error = u"unknown member \""_s + *odd + u'"';
         return std::nullopt;
     }
-    const QJsonValue main = object.value(QLatin1String(form->member));
+    const QJsonValue main = object.value(QLatin1StringView(form->member));
     if (main.type() != form->type) {
-        error =
-            QStringLiteral("\"") + QLatin1String(form->member) + QStringLiteral("\" holds a value of the wrong kind");
+        error = u"\""_s + QLatin1StringView(form->member) + u"\" holds a value of the wrong kind"_s;
         return std::nullopt;
     }
     ScenarioStep step;
     step.kind = form->kind;
     step.source = QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
-    step.seconds = object.value(QLatin1String(patience)).toInt(step.seconds);
+    step.seconds = object.value(QLatin1StringView(patience)).toInt(step.seconds);
     fill(step, form->holds, main);
     if (form->second) {
-        const QJsonValue second = object.value(QLatin1String(form->second));
+        const QJsonValue second = object.value(QLatin1StringView(form->second));
         if (second.isUndefined() && form->secondRequired) {
-            error = QStringLiteral("\"") + QLatin1String(form->second) + QStringLiteral("\" is missing");
+            error = u"\""_s + QLatin1StringView(form->second) + u"\" is missing"_s;
             return std::nullopt;
         }
-        if (!second.isUndefined())
+        if (!second.isUndefined()) {
             fill(step, form->secondHolds, second);
+        }
     }
     return step;
 }
@@ -119,11 +121,13 @@ std::optional<ScenarioStep> readStep(const QJsonObject& object, QString& error)
 ScenarioFile ScenarioFile::read(const QString& file)
 {
     QFile scenario(file);
-    if (!scenario.open(QIODevice::ReadOnly))
-        return {{}, file + QStringLiteral(": ") + scenario.errorString()};
+    if (!scenario.open(QIODevice::ReadOnly)) {
+        return {{}, file + u": "_s + scenario.errorString()};
+    }
     ScenarioFile parsed = parse(scenario.readAll());
-    if (!parsed.error.isEmpty())
-        parsed.error.prepend(file + QStringLiteral(": "));
+    if (!parsed.error.isEmpty()) {
+        parsed.error.prepend(file + u": "_s);
+    }
     return parsed;
 }
 
@@ -131,20 +135,21 @@ ScenarioFile ScenarioFile::parse(const QByteArray& json)
 {
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
-    if (document.isNull())
+    if (document.isNull()) {
         return {{}, parseError.errorString()};
-    const QJsonValue steps = document.object().value(QLatin1String("steps"));
-    if (!steps.isArray())
-        return {{}, QStringLiteral("it has no list \"steps\"")};
+    }
+    const QJsonValue steps = document.object().value("steps"_L1);
+    if (!steps.isArray()) {
+        return {{}, u"it has no list \"steps\""_s};
+    }
 
     ScenarioFile scenario;
     for (const auto entry : steps.toArray()) {
         QString error;
         std::optional<ScenarioStep> step = readStep(entry.toObject(), error);
-        if (!step)
-            return {{},
-                    QStringLiteral("step ") + QString::number(scenario.steps.size() + 1) + QStringLiteral(": ") +
-                        error};
+        if (!step) {
+            return {{}, u"step "_s + QString::number(scenario.steps.size() + 1) + u": "_s + error};
+        }
         scenario.steps.append(*step);
     }
     return scenario;

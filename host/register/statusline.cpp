@@ -10,6 +10,8 @@
 #include <QLabel>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 constexpr const char* standing = "hint";
@@ -22,18 +24,18 @@ constexpr int roomAroundMessage = 8; // pixels
 StatusLine::StatusLine(QWidget* parent)
     : QWidget(parent)
 {
-    setObjectName(QStringLiteral("statusLine"));
+    setObjectName(u"statusLine"_s);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(16, 0, 16, 6);
     layout->setSpacing(24);
-    m_message = addLabel(QStringLiteral("statusMessageLabel"), 1);
+    m_message = addLabel(u"statusMessageLabel"_s, 1);
     m_message->setWordWrap(true);
     m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     // Always as high as the longest message asks: nothing moves away under a finger when one comes or goes.
     m_message->setFixedHeight(linesOfMessage * fontMetrics().lineSpacing() + roomAroundMessage);
-    m_plugins = addLabel(QStringLiteral("pluginStateLabel"), 0);
-    m_keyboardLayout = addLabel(QStringLiteral("keyboardLayoutLabel"), 0);
-    m_clock = addLabel(QStringLiteral("clockLabel"), 0);
+    m_plugins = addLabel(u"pluginStateLabel"_s, 0);
+    m_keyboardLayout = addLabel(u"keyboardLayoutLabel"_s, 0);
+    m_clock = addLabel(u"clockLabel"_s, 0);
 
     auto* timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &StatusLine::showTime);
@@ -46,7 +48,7 @@ QLabel* StatusLine::addLabel(const QString& name, int stretch)
 {
     auto* label = new QLabel(this);
     label->setObjectName(name);
-    label->setProperty("textRole", QLatin1String(standing));
+    label->setProperty("textRole", QLatin1StringView(standing));
     label->setTextFormat(Qt::PlainText);
     static_cast<QHBoxLayout*>(layout())->addWidget(label, stretch);
     return label;
@@ -70,7 +72,7 @@ void StatusLine::showWarning(const QString& text)
 
 bool StatusLine::isWarningShown() const
 {
-    return m_message->property("textRole").toString() == QLatin1String(warning);
+    return m_message->property("textRole").toString() == QLatin1StringView(warning);
 }
 
 void StatusLine::dropNews()
@@ -82,7 +84,7 @@ void StatusLine::show(const QString& text, const char* textRole)
 {
     m_message->setText(text);
     m_message->setToolTip(text);
-    setStyleProperty(*m_message, QStringLiteral("textRole"), QLatin1String(textRole));
+    setStyleProperty(*m_message, u"textRole"_s, QLatin1StringView(textRole));
 }
 
 void StatusLine::showPlugins(const QString& text, const QString& details)
@@ -93,12 +95,13 @@ void StatusLine::showPlugins(const QString& text, const QString& details)
 
 void StatusLine::showTime()
 {
-    m_clock->setText(CurrentTime::create()->current().toString(QStringLiteral("dd.MM.yyyy hh:mm")));
+    m_clock->setText(CurrentTime::create()->current().toString(u"dd.MM.yyyy hh:mm"_s));
 }
 
 void StatusLine::onIconsChanged(QEvent::Type type, QObject* source)
 {
     const auto* keyboard = qobject_cast<TalloKeyboard*>(source);
-    if (type == QEvent::KeyboardLayoutChange && keyboard)
+    if (type == QEvent::KeyboardLayoutChange && keyboard) {
         m_keyboardLayout->setText(keyboard->currentLayout().toUpper());
+    }
 }
