@@ -9,10 +9,13 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 EContext::Result ElectronicPrescriptionService::beforeSubtotal(const control::Action& action)
 {
-    if (isCurrentDocumentOf(AbstractDocument::Sale))
+    if (isCurrentDocumentOf(AbstractDocument::Sale)) {
         return dispenseElectronicPrescriptions(action);
+    }
     if (isCurrentDocumentOf(AbstractDocument::Cancelling)) {
         control::Action cancelling = action;
         cancelling.insert("document", QVariant::fromValue(getDocument()));
@@ -23,8 +26,9 @@ EContext::Result ElectronicPrescriptionService::beforeSubtotal(const control::Ac
 
 EContext::Result ElectronicPrescriptionService::beforeStornoAll(const control::Action& action)
 {
-    if (!isCurrentDocumentOf(AbstractDocument::Sale))
+    if (!isCurrentDocumentOf(AbstractDocument::Sale)) {
         return EContext::GoOn;
+    }
 
     control::Action cancelling = action;
     cancelling.appendArgument(QVariant::fromValue(getDocument()), "document");
@@ -37,8 +41,9 @@ EContext::Result ElectronicPrescriptionService::cancelElectronicPrescriptions(co
     const Finally stop([this] { sendStopEvent(); });
 
     const auto document = action.value("document").value<QSharedPointer<AbstractDocument>>();
-    if (!document)
+    if (!document) {
         return EContext::GoOn;
+    }
 
     const bool saveDocument = !document->isClosed();
     const auto positions = document->getPositions();
@@ -51,13 +56,14 @@ EContext::Result ElectronicPrescriptionService::cancelElectronicPrescriptions(co
 
 EContext::Result ElectronicPrescriptionService::cancelElectronicPrescriptionByAction(const control::Action& action)
 {
-    if (!isCurrentDocumentOf(AbstractDocument::Sale))
+    if (!isCurrentDocumentOf(AbstractDocument::Sale)) {
         return EContext::GoOn;
+    }
 
     const int number = action.value("positionNumber").toInt();
     const auto position = getDocument()->getPosition(number);
     if (!position) {
-        logger->error(QStringLiteral("Не удалось найти позицию с номером '%1'").arg(number));
+        logger->error(u"Не удалось найти позицию с номером '%1'"_s.arg(number));
         return EContext::NotFound;
     }
 

@@ -17,8 +17,9 @@ namespace
 /// A dispense that was cancelled is registered again.
 bool isDueForRegistration(const GoodsItem& position)
 {
-    if (!isPrescriptionPosition(position))
+    if (!isPrescriptionPosition(position)) {
         return false;
+    }
     const QJsonValue status = readPositionOptions(position).value(positionformat::status);
     return status.isUndefined() || status.toString() == positionformat::canceled;
 }
@@ -43,16 +44,18 @@ EContext::Result ElectronicPrescriptionService::dispenseElectronicPrescriptions(
 {
     try {
         const auto document = getDocument();
-        if (!document || !hasPrescriptions())
+        if (!document || !hasPrescriptions()) {
             return EContext::GoOn;
+        }
 
         sendStartEvent(prescriptiontexts::processMessage());
         const Finally stop([this] { sendStopEvent(); });
 
         const auto positions = document->getPositions();
         for (const auto& position : positions) {
-            if (!isDueForRegistration(*position))
+            if (!isDueForRegistration(*position)) {
                 continue;
+            }
             registryClient->sendMedicationDispense(position);
             setState(*position, positionformat::dispensed);
             // Saved at once: what the registry knows must not be lost with the receipt.
@@ -69,13 +72,15 @@ bool ElectronicPrescriptionService::cancelElectronicPrescription(const QSharedPo
                                                                  bool saveDocument) const
 {
     try {
-        if (!isRegistered(*position))
+        if (!isRegistered(*position)) {
             return true;
+        }
 
         registryClient->sendCancelMedicationDispense(position);
         setState(*position, positionformat::canceled);
-        if (saveDocument)
+        if (saveDocument) {
             SaveToFileLogic::create()->save(getDocument(), QString());
+        }
         return true;
     } catch (const ElectronicPrescriptionException& exception) {
         Dialog::create()->showMessage(exception.tr(), Dialog::Error, 1, 0);

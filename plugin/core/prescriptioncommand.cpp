@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -21,7 +23,7 @@ TextInputParams cardInput()
     params.scanError = prescriptiontexts::scanError();
     params.okText = prescriptiontexts::ok();
     params.cancelText = prescriptiontexts::cancel();
-    params.inputName = QStringLiteral("inputCard");
+    params.inputName = u"inputCard"_s;
     return params;
 }
 
@@ -29,8 +31,9 @@ TextInputParams cardInput()
 
 EContext::Result ElectronicPrescriptionService::processElectronicPrescriptionsByAction(const control::Action& action)
 {
-    if (!isCurrentDocumentOf(AbstractDocument::Sale))
+    if (!isCurrentDocumentOf(AbstractDocument::Sale)) {
         return EContext::GoOn;
+    }
 
     const QString status = action.value("status").toString();
     QString cardNumber = lastCardNumber;
@@ -46,12 +49,14 @@ EContext::Result ElectronicPrescriptionService::processElectronicPrescriptionsBy
 
     Prescriptions prescriptions;
     const auto cached = prescriptionCache.constFind(status);
-    if (cached != prescriptionCache.constEnd() && cached->first == cardNumber)
+    if (cached != prescriptionCache.constEnd() && cached->first == cardNumber) {
         getUnprocessedElectronicPrescriptions(status, prescriptions);
-    else
+    } else {
         getElectronicPrescriptionsByCardNumber(cardNumber, status, prescriptions);
-    if (prescriptions.isEmpty())
+    }
+    if (prescriptions.isEmpty()) {
         return EContext::Stop;
+    }
 
     processElectronicPrescriptions(cardNumber, status, prescriptions);
     return EContext::GoOn;
@@ -60,8 +65,9 @@ EContext::Result ElectronicPrescriptionService::processElectronicPrescriptionsBy
 bool ElectronicPrescriptionService::hasPrescriptions() const
 {
     const auto document = getDocument();
-    if (!document)
+    if (!document) {
         return false;
+    }
 
     const auto positions = document->getPositions();
     return std::any_of(positions.cbegin(), positions.cend(),

@@ -59,8 +59,9 @@ ElectronicPrescriptionChoiceForm::ElectronicPrescriptionChoiceForm(const Electro
     params.getPatient(patient);
     m_model = new ElectronicPrescriptionChoiceModel(prescriptions, patient, this);
     m_proxyModel->setSourceModel(m_model);
-    if (!m_tableView)
+    if (!m_tableView) {
         return;
+    }
     m_tableView->setModel(m_proxyModel);
     connect(m_tableView->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &ElectronicPrescriptionChoiceForm::onCurrentChanged);
@@ -71,10 +72,12 @@ void ElectronicPrescriptionChoiceForm::show()
 {
     BasicForm::show();
     selectRow(savedRow);
-    if (m_filterField)
+    if (m_filterField) {
         m_filterField->setText(savedFilter);
-    if (!savedFilter.isEmpty())
+    }
+    if (!savedFilter.isEmpty()) {
         applyFilter(savedFilter);
+    }
 }
 
 void ElectronicPrescriptionChoiceForm::onOk()
@@ -103,11 +106,13 @@ void ElectronicPrescriptionChoiceForm::filterTextChanged(const QString& text)
 
 void ElectronicPrescriptionChoiceForm::onCurrentChanged(const QModelIndex& current, const QModelIndex&)
 {
-    if (!current.isValid())
+    if (!current.isValid()) {
         return;
+    }
     const auto prescription = m_model->getElectronicPrescription(sourceIndex(current).row());
-    if (!prescription)
+    if (!prescription) {
         return;
+    }
 
     setValue("tradeNameValueLabel", prescription->getTradeName());
     if (const auto patient = m_model->getPatient()) {
@@ -115,15 +120,17 @@ void ElectronicPrescriptionChoiceForm::onCurrentChanged(const QModelIndex& curre
         setValue("patientBirthdayValueLabel", formatted(patient->getBirthday()));
     }
     setValue("practitionerNameValueLabel", prescription->getPractitionerName());
-    if (const auto organization = prescription->getPayingElectronicPrescriptionOrganization())
+    if (const auto organization = prescription->getPayingElectronicPrescriptionOrganization()) {
         setValue("organizationValueLabel", organization->getName());
+    }
 }
 
 void ElectronicPrescriptionChoiceForm::setUpKeyboard()
 {
     auto* keyboard = findWidget<TalloKeyboard>("talloKeyboard", false);
-    if (!keyboard)
+    if (!keyboard) {
         return;
+    }
     connect(keyboard, &TalloKeyboard::layoutChanged, Singleton<IconsViewNotifier>::get(),
             &IconsViewNotifier::notifyIcons);
     connect(keyboard, &TalloKeyboard::keyPressed, Singleton<InactivityLocker>::get(), &InactivityLocker::resetTimer);
@@ -137,8 +144,9 @@ void ElectronicPrescriptionChoiceForm::setUpButtons()
         {"cancelButton", tr::Tr("electronicPrescriptionChoiceFormCancelButton", "Назад"), &Form::onCancel},
         {"okButton", tr::Tr("electronicPrescriptionChoiceFormOkButton", "Выбрать"), &Form::onOk},
     };
-    for (const auto& button : buttons)
+    for (const auto& button : buttons) {
         setUp(findWidget<QPushButton>(button.widget), button, this);
+    }
 }
 
 void ElectronicPrescriptionChoiceForm::setUpLabels()
@@ -152,12 +160,14 @@ void ElectronicPrescriptionChoiceForm::setUpLabels()
         {"practitionerNameLabel", tr::Tr("electronicPrescriptionChoiceFormPractitionerNameLabel", "ФИО врача:")},
         {"organizationLabel", tr::Tr("electronicPrescriptionChoiceFormOrganizationLabel", "Организация:")},
     };
-    for (const auto& [name, text] : captions)
+    for (const auto& [name, text] : captions) {
         setUp(findWidget<QLabel>(name), text);
+    }
     // They are filled row by row. A layout that lacks one is refused here, while somebody can be told.
     for (const auto* name : {"tradeNameValueLabel", "patientNameValueLabel", "patientBirthdayValueLabel",
-                             "practitionerNameValueLabel", "organizationValueLabel"})
+                             "practitionerNameValueLabel", "organizationValueLabel"}) {
         findWidget<QLabel>(name);
+    }
 }
 
 void ElectronicPrescriptionChoiceForm::setUpAccessibleNames()
@@ -217,14 +227,16 @@ void ElectronicPrescriptionChoiceForm::tellIfNothingMatches(const QString& text)
         hint->setVisible(isNoneLeft);
     }
     // It goes on answering as onOk() does, so it only looks as if there were nothing to choose.
-    if (auto* okButton = findWidget<QPushButton>("okButton", false))
+    if (auto* okButton = findWidget<QPushButton>("okButton", false)) {
         setStyleProperty(*okButton, "idle", isNoneLeft);
+    }
 }
 
 void ElectronicPrescriptionChoiceForm::selectRow(int row)
 {
-    if (m_tableView)
+    if (m_tableView) {
         m_tableView->selectRow(row);
+    }
 }
 
 QModelIndex ElectronicPrescriptionChoiceForm::sourceIndex(const QModelIndex& shown) const
@@ -234,8 +246,9 @@ QModelIndex ElectronicPrescriptionChoiceForm::sourceIndex(const QModelIndex& sho
 
 void ElectronicPrescriptionChoiceForm::setValue(const QString& label, const QString& text)
 {
-    if (auto* found = findWidget<QLabel>(label))
+    if (auto* found = findWidget<QLabel>(label)) {
         found->setText(text);
+    }
 }
 
 void ElectronicPrescriptionChoiceForm::sendAnswer(const QVariant& answer) const

@@ -52,11 +52,13 @@ int ElectronicPrescriptionChoiceModel::columnCount(const QModelIndex&) const
 
 QVariant ElectronicPrescriptionChoiceModel::data(const QModelIndex& index, int role) const
 {
-    if (role != Qt::DisplayRole || !index.isValid())
+    if (role != Qt::DisplayRole || !index.isValid()) {
         return {};
+    }
     const auto prescription = getElectronicPrescription(index.row());
-    if (!prescription)
+    if (!prescription) {
         return {};
+    }
 
     switch (index.column()) {
     case Inn:
@@ -76,17 +78,20 @@ QVariant ElectronicPrescriptionChoiceModel::data(const QModelIndex& index, int r
 
 QVariant ElectronicPrescriptionChoiceModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return QAbstractItemModel::headerData(section, orientation, role);
-    if (section < 0 || section >= m_captions.size())
+    }
+    if (section < 0 || section >= m_captions.size()) {
         return {};
+    }
     return m_captions.at(section);
 }
 
 QSharedPointer<ElectronicPrescription> ElectronicPrescriptionChoiceModel::getElectronicPrescription(int row) const
 {
-    if (row < 0 || row >= m_electronicPrescriptions.size())
+    if (row < 0 || row >= m_electronicPrescriptions.size()) {
         return {};
+    }
     return m_electronicPrescriptions.at(row);
 }
 

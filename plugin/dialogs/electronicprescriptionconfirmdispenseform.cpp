@@ -24,8 +24,9 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
         {"partDispenseButton", tr::Tr("electronicPrescriptionConfirmDispenseFormPartDispenseButton", "Частично"),
          &Form::onPartDispense},
     };
-    for (const auto& button : buttons)
+    for (const auto& button : buttons) {
         setUp(findWidget<QPushButton>(button.widget), button, this);
+    }
     setUp(findWidget<QLabel>("titleLabel"),
           tr::Tr("electronicPrescriptionConfirmDispenseFormTitle", "Подтверждение отпуска по рецепту"));
 
@@ -35,8 +36,9 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
 
     QSharedPointer<ElectronicPrescription> prescription;
     params.getElectronicPrescription(prescription);
-    if (!prescription)
+    if (!prescription) {
         return;
+    }
     setUp(findWidget<QLabel>("confirmDispenseLabel"),
           tr::Tr("electronicPrescriptionConfirmDispenseFormConfirmDispenseLabel",
                  "Лекарственный препарат по рецепту на\n'%1'\nотпущен")

@@ -50,8 +50,9 @@ ElectronicPrescriptionForm::ElectronicPrescriptionForm(const ElectronicPrescript
 
     QSharedPointer<ElectronicPrescription> prescription;
     params.getElectronicPrescription(prescription);
-    if (!prescription)
+    if (!prescription) {
         return;
+    }
     QSharedPointer<Patient> patient;
     params.getPatient(patient);
     const Patient nobody{QString(), QDate()};
@@ -75,10 +76,12 @@ void ElectronicPrescriptionForm::setUpButtons(bool isActive)
         {"cancelButton", tr::Tr("electronicPrescriptionFormCancelButton", "Назад"), &Form::onCancel},
         {"chooseButton", tr::Tr("electronicPrescriptionFormChooseButton", "Подобрать"), &Form::onChoose},
     };
-    for (const auto& button : buttons)
+    for (const auto& button : buttons) {
         setUp(findWidget<QPushButton>(button.widget), button, this);
-    if (auto* chooseButton = findWidget<QPushButton>("chooseButton"))
+    }
+    if (auto* chooseButton = findWidget<QPushButton>("chooseButton")) {
         chooseButton->setEnabled(isActive);
+    }
 }
 
 void ElectronicPrescriptionForm::setUpCaptions()
@@ -111,8 +114,9 @@ void ElectronicPrescriptionForm::setUpCaptions()
         {"medicationDispenseDatesLabel",
          tr::Tr("electronicPrescriptionFormMedicationDispenseDatesLabel", "Даты отпуска препарата по рецепту:")},
     };
-    for (const auto& [name, text] : captions)
+    for (const auto& [name, text] : captions) {
         setUp(findWidget<QLabel>(name), text);
+    }
 }
 
 void ElectronicPrescriptionForm::setUpKeys()
@@ -122,8 +126,9 @@ void ElectronicPrescriptionForm::setUpKeys()
     rootWidget()->installEventFilter(dialogEventFilter);
 
     auto* scrollArea = findWidget<QScrollArea>("detailsScrollArea", false);
-    if (!scrollArea)
+    if (!scrollArea) {
         return;
+    }
     scrollArea->setAccessibleName(tr::Tr("electronicPrescriptionFormDetails", "Сведения о рецепте").ui());
     // The focus stands on a button, so the keys that scroll are the form's.
     constexpr std::pair<Qt::Key, QAbstractSlider::SliderAction> scrollKeys[] = {
@@ -168,14 +173,16 @@ void ElectronicPrescriptionForm::fill(const ElectronicPrescription& prescription
     setValue("doseQuantityValueLabel", doses(prescription.getDoseQuantity()));
     setValue("dispensedDoseQuantityValueLabel", doses(prescription.getDispensedDoseQuantity()));
     setValue("instructionsValueLabel", prescription.getInstructions());
-    if (const auto organization = prescription.getPayingElectronicPrescriptionOrganization())
+    if (const auto organization = prescription.getPayingElectronicPrescriptionOrganization()) {
         setValue("organizationValueLabel", organization->getName());
+    }
     setValue("medicineDictCodeValueLabel", dictCode);
     setValue("medicineDictNameValueLabel", dictName);
     setValue("medicationDispenseDatesValueLabel", lines(dispenseDates));
 
-    if (discountPercent > unseenDiscountPercent)
+    if (discountPercent > unseenDiscountPercent) {
         highlightDiscount();
+    }
     tellIfExpired(prescription.getExpirationDate());
 
     setRowVisible("medicineDictCodeLabel", "medicineDictCodeValueLabel", !dictCode.isEmpty());
@@ -185,8 +192,9 @@ void ElectronicPrescriptionForm::fill(const ElectronicPrescription& prescription
 
 void ElectronicPrescriptionForm::setValue(const QString& label, const QString& text)
 {
-    if (auto* found = findWidget<QLabel>(label))
+    if (auto* found = findWidget<QLabel>(label)) {
         found->setText(text);
+    }
 }
 
 void ElectronicPrescriptionForm::highlightDiscount()
@@ -201,8 +209,9 @@ void ElectronicPrescriptionForm::highlightDiscount()
 void ElectronicPrescriptionForm::tellIfExpired(const QDate& lastDay)
 {
     auto* label = findWidget<QLabel>("expiredLabel", false);
-    if (!label || !lastDay.isValid() || lastDay >= CurrentTime::create()->current().date())
+    if (!label || !lastDay.isValid() || lastDay >= CurrentTime::create()->current().date()) {
         return;
+    }
     label->setText(tr::Tr("electronicPrescriptionFormExpired", "Срок действия истёк").ui());
     label->show();
 }
@@ -210,8 +219,9 @@ void ElectronicPrescriptionForm::tellIfExpired(const QDate& lastDay)
 void ElectronicPrescriptionForm::setRowVisible(const QString& caption, const QString& value, bool isVisible)
 {
     for (const auto& name : {caption, value}) {
-        if (auto* label = findWidget<QLabel>(name))
+        if (auto* label = findWidget<QLabel>(name)) {
             label->setVisible(isVisible);
+        }
     }
 }
 

@@ -23,13 +23,16 @@ QSharedPointer<BasicForm> createForm(const Event& event)
 QSharedPointer<BasicForm> ElectronicPrescriptionFormCreator::create(const Event& event)
 {
     const auto code = event.getCode();
-    if (code == prescriptionevents::confirmDispense)
+    if (code == prescriptionevents::confirmDispense) {
         return createForm<ElectronicPrescriptionConfirmDispenseForm, ElectronicPrescriptionConfirmDispenseParams>(
             event);
-    if (code == prescriptionevents::showPrescription)
+    }
+    if (code == prescriptionevents::showPrescription) {
         return createForm<ElectronicPrescriptionForm, ElectronicPrescriptionParams>(event);
-    if (code == prescriptionevents::choosePrescription)
+    }
+    if (code == prescriptionevents::choosePrescription) {
         return createForm<ElectronicPrescriptionChoiceForm, ElectronicPrescriptionChoiceParams>(event);
+    }
     return {};
 }
 

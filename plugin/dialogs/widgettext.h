@@ -24,16 +24,18 @@ struct WidgetButton {
 /// Gives a label its text; a null one is passed over.
 inline void setUp(QLabel* label, const tr::Tr& text)
 {
-    if (label)
+    if (label) {
         label->setText(text.ui());
+    }
 }
 
 /// Gives a button its text and has it call the form's slot; a null one is passed over.
 template <typename Form>
 void setUp(QPushButton* button, const WidgetButton<Form>& row, Form* form)
 {
-    if (!button)
+    if (!button) {
         return;
+    }
     QObject::connect(button, &QPushButton::clicked, form, row.slot);
     button->setText(row.text.ui());
     button->setAccessibleName(row.text.ui());

@@ -10,6 +10,8 @@
 
 #include <QLocale>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -36,8 +38,8 @@ TextInputParams dosesInput(const ElectronicPrescription& prescription)
     params.scanError = prescriptiontexts::scanError();
     params.okText = prescriptiontexts::ok();
     params.cancelText = prescriptiontexts::cancel();
-    params.inputName = QStringLiteral("inputQuantity");
-    params.mask = QStringLiteral(R"(\d{1,9}(\.)\d{0,2}|\d{1,9})");
+    params.inputName = u"inputQuantity"_s;
+    params.mask = uR"(\d{1,9}(\.)\d{0,2}|\d{1,9})"_s;
     params.numeric = true;
     params.manualOnly = true;
     params.lines = 1;
@@ -55,9 +57,10 @@ bool ElectronicPrescriptionService::selectMedicineForElectronicPrescription(
 
     control::Action action = createReceiptAction(control::SelectGoods);
     action.appendArgument(inn, "filterByInn");
-    action.appendArgument(QStringLiteral("%1 / %2 / %3").arg(inn, prescription->getTradeName(), doses), "medicineInfo");
-    if (Singleton<ActionQueueController>::get()->execute(action) != EContext::GoOn)
+    action.appendArgument(u"%1 / %2 / %3"_s.arg(inn, prescription->getTradeName(), doses), "medicineInfo");
+    if (Singleton<ActionQueueController>::get()->execute(action) != EContext::GoOn) {
         return false;
+    }
 
     selected = action.value("result");
     return true;
@@ -67,8 +70,9 @@ int ElectronicPrescriptionService::addSelectedMedicine(const QVariant& selected)
 {
     control::Action action = createReceiptAction(control::AddSelectedGoods);
     action.insert("result", selected);
-    if (Singleton<ActionQueueController>::get()->execute(action) != EContext::GoOn)
+    if (Singleton<ActionQueueController>::get()->execute(action) != EContext::GoOn) {
         return -1;
+    }
     return action.value("positionNumber").toInt();
 }
 
@@ -78,13 +82,15 @@ bool ElectronicPrescriptionService::inputDispensedDoseQuantity(
     const TextInputParams params = dosesInput(*prescription);
     while (true) {
         const auto result = Dialog::create()->showTextInput(params);
-        if (result.canceled())
+        if (result.canceled()) {
             return false;
+        }
 
         bool isNumber = false;
         doses = result.getData().toString().toDouble(&isNumber);
-        if (isNumber && doses >= smallestDoses)
+        if (isNumber && doses >= smallestDoses) {
             return true;
+        }
 
         Dialog::create()->showMessage({"electronicPrescriptionInputDispensedDoseQuantityError",
                                        "Введено некорректное количество доз\nПовторите ввод"},

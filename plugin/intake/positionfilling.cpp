@@ -47,8 +47,9 @@ void ElectronicPrescriptionService::setPriceForPosition(const QSharedPointer<Ele
                                                         const QSharedPointer<GoodsItem>& position) const
 {
     const double patientShare = prescription->getPayByPatientSumFactor();
-    if (1.0 - patientShare <= negligible)
+    if (1.0 - patientShare <= negligible) {
         return;
+    }
 
     const double benefitPrice = roundToCents(patientShare * position->getPrice());
     const double lowestPrice = position->getMinRetailPrice();

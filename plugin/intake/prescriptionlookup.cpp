@@ -15,6 +15,8 @@
 #include <QSqlError>
 #include <QSqlQuery>
 
+using namespace Qt::StringLiterals;
+
 void ElectronicPrescriptionService::getElectronicPrescriptionsByCardNumber(const QString& cardNumber,
                                                                            const QString& status,
                                                                            Prescriptions& prescriptions)
@@ -33,8 +35,9 @@ void ElectronicPrescriptionService::getElectronicPrescriptionsByCardNumber(const
         prescriptionCache.insert(status, {cardNumber, prescriptions});
 
         getUnprocessedElectronicPrescriptions(prescriptions);
-        if (prescriptions.isEmpty())
+        if (prescriptions.isEmpty()) {
             throw ElectronicPrescriptionNoPrescriptionsException(prescriptiontexts::noPrescriptions());
+        }
     } catch (const ElectronicPrescriptionNoPrescriptionsException& exception) {
         Dialog::create()->showMessage(exception.tr(), Dialog::Notice, 1, 0);
     } catch (const ElectronicPrescriptionException& exception) {
@@ -48,32 +51,33 @@ void ElectronicPrescriptionService::appendPrescriptions(const QJsonArray& bundle
     prescriptions.reserve(prescriptions.size() + bundles.size());
     for (const auto& bundle : bundles) {
         const auto prescription = QSharedPointer<ElectronicPrescription>(new ElectronicPrescription);
-        const QJsonArray entries = bundle.toObject().value(QLatin1StringView("entry")).toArray();
-        for (const auto& entry : entries)
-            fillElectronicPrescription(entry.toObject().value(QLatin1StringView("resource")).toObject(), prescription);
+        const QJsonArray entries = bundle.toObject().value("entry"_L1).toArray();
+        for (const auto& entry : entries) {
+            fillElectronicPrescription(entry.toObject().value("resource"_L1).toObject(), prescription);
+        }
         prescriptions.append(prescription);
     }
 }
 
 void ElectronicPrescriptionService::fillDictionaryName(const QSharedPointer<ElectronicPrescription>& prescription) const
 {
-    if (!prescription->getDictName().isEmpty())
+    if (!prescription->getDictName().isEmpty()) {
         return;
+    }
 
     QSqlQuery query(Singleton<ConnectionFactory>::get()->getConnection(QString(), QString()));
     // Dictionary codes are numbers and stand in the statement as such. A column of text is compared with the number's
     // digits, so a code kept there with leading zeros is not found. The connection cannot write.
-    const QString statement = QStringLiteral("SELECT dictname FROM medicine WHERE dictcode = ") +
-                              prescription->getDictCode() + QStringLiteral(" LIMIT 1");
+    const QString statement =
+        u"SELECT dictname FROM medicine WHERE dictcode = "_s + prescription->getDictCode() + u" LIMIT 1"_s;
     if (!query.prepare(statement)) {
-        logger->error(QStringLiteral("Ошибка выполнения prepare для запроса %1: %2")
-                          .arg(query.lastQuery(), query.lastError().text()));
+        logger->error(
+            u"Ошибка выполнения prepare для запроса %1: %2"_s.arg(query.lastQuery(), query.lastError().text()));
         return;
     }
     if (!query.exec()) {
-        logger->error(
-            QStringLiteral("Ошибка выполнения запроса %1: %2").arg(query.lastQuery(), query.lastError().text()));
+        logger->error(u"Ошибка выполнения запроса %1: %2"_s.arg(query.lastQuery(), query.lastError().text()));
         return;
     }
-    prescription->setDictName(query.next() ? query.value(0).toString() : QString(QLatin1StringView("")));
+    prescription->setDictName(query.next() ? query.value(0).toString() : QString(""_L1));
 }

@@ -9,6 +9,8 @@
 #include <QJsonValue>
 #include <QStringBuilder>
 
+using namespace Qt::StringLiterals;
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace
@@ -32,8 +34,9 @@ void setInstructions(const QJsonValue& dosageInstructions, ElectronicPrescriptio
     QString instructions;
     const QJsonArray array = dosageInstructions.toArray();
     for (const auto& dosageInstruction : array) {
-        if (!instructions.isEmpty())
+        if (!instructions.isEmpty()) {
             instructions += u' ';
+        }
         instructions += text(dosageInstruction.toObject(), "text"_L1);
     }
     prescription.setInstructions(instructions);
@@ -45,8 +48,9 @@ void setPayByPatientSumFactor(const QJsonValue& extensions, ElectronicPrescripti
     const QJsonArray array = extensions.toArray();
     for (const auto& extension : array) {
         const QJsonObject object = extension.toObject();
-        if (text(object, "url"_L1).endsWith("by-factor"_L1))
+        if (text(object, "url"_L1).endsWith("by-factor"_L1)) {
             prescription.setPayByPatientSumFactor(object["valueDecimal"_L1].toDouble());
+        }
     }
 }
 
@@ -162,8 +166,9 @@ void ElectronicPrescriptionService::fillMedicationPrescription(const QJsonObject
 {
     prescription.setId(text(resource, "id"_L1));
     fillPrescribedMedicine(resource, prescription);
-    for (const PrescriptionMember& member : prescriptionMembers)
+    for (const PrescriptionMember& member : prescriptionMembers) {
         member.apply(resource[member.name], prescription);
+    }
 }
 
 void ElectronicPrescriptionService::fillPrescribedMedicine(const QJsonObject& resource,
@@ -176,14 +181,16 @@ void ElectronicPrescriptionService::fillPrescribedMedicine(const QJsonObject& re
     for (const auto& contained : medications) {
         const QJsonObject medication = contained.toObject();
         const QJsonArray codings = codingsOf(medication);
-        if (codings.isEmpty())
+        if (codings.isEmpty()) {
             continue;
+        }
         if (medication["isBrand"_L1].toBool()) {
             setTradeName(codings.last().toObject(), prescription);
         } else {
             setInn(codings.last().toObject(), prescription);
-            if (text(medication, "id"_L1) == prescribedId)
+            if (text(medication, "id"_L1) == prescribedId) {
                 prescription.setPrescribedByInn();
+            }
         }
     }
     setDictCode(medications, dosageSystemId, prescription);

@@ -8,6 +8,8 @@
 #include "goodsitem.h"
 #include "savetofilelogic.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -20,7 +22,7 @@ enum Answer : int {
 
 int statusOf(const core::BasicDialog::Result& result)
 {
-    return result.getData().toMap().value(QStringLiteral("status")).toInt();
+    return result.getData().toMap().value(u"status"_s).toInt();
 }
 
 } // namespace
@@ -32,8 +34,9 @@ void ElectronicPrescriptionService::processElectronicPrescriptions(const QString
         bool repeated = false;
         while (const auto prescription = choosePrescription(status, prescriptions, repeated)) {
             fillDictionaryName(prescription);
-            if (servePrescription(cardNumber, status, prescription))
+            if (servePrescription(cardNumber, status, prescription)) {
                 return;
+            }
             repeated = true;
         }
     } catch (const ElectronicPrescriptionException& exception) {
@@ -48,8 +51,9 @@ ElectronicPrescriptionService::choosePrescription(const QString& status, const P
 {
     const ElectronicPrescriptionChoiceParams params(prescriptions, status, patientCache.value(status), repeated);
     const int row = ElectronicPrescriptionDialog::create()->choiceElectronicPrescription(params);
-    if (row < 0 || row >= prescriptions.size())
+    if (row < 0 || row >= prescriptions.size()) {
         return {};
+    }
     return prescriptions[row];
 }
 
@@ -60,24 +64,28 @@ bool ElectronicPrescriptionService::servePrescription(const QString& cardNumber,
 {
     while (isServingConfirmed(status, prescription)) {
         QVariant selected;
-        if (!selectMedicineForElectronicPrescription(prescription, selected))
+        if (!selectMedicineForElectronicPrescription(prescription, selected)) {
             continue;
+        }
 
         double doses = 0.0;
-        if (!inputDispensedDoseQuantity(prescription, doses))
+        if (!inputDispensedDoseQuantity(prescription, doses)) {
             continue;
+        }
 
         const ElectronicPrescriptionConfirmDispenseParams params(prescription);
         const int confirmation =
             statusOf(ElectronicPrescriptionDialog::create()->confirmDispenseForElectronicPrescription(params));
-        if (confirmation == Back)
+        if (confirmation == Back) {
             continue;
+        }
 
         const int number = addSelectedMedicine(selected);
         const auto document = getDocument();
         const auto position = document ? document->getPosition(number) : QSharedPointer<GoodsItem>();
-        if (!position)
+        if (!position) {
             continue;
+        }
 
         fillElectronicPrescriptionDataForPosition(prescription, position, confirmation == FinalDispense, doses);
         setPriceForPosition(prescription, position);

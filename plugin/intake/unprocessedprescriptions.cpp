@@ -14,29 +14,34 @@ void ElectronicPrescriptionService::getUnprocessedElectronicPrescriptions(const 
                                                                           Prescriptions& prescriptions) const
 {
     const auto cached = prescriptionCache.constFind(status);
-    if (cached == prescriptionCache.constEnd())
+    if (cached == prescriptionCache.constEnd()) {
         return;
+    }
 
     prescriptions = cached->second;
-    if (status != activeStatus)
+    if (status != activeStatus) {
         return;
+    }
 
     getUnprocessedElectronicPrescriptions(prescriptions);
-    if (prescriptions.isEmpty())
+    if (prescriptions.isEmpty()) {
         Dialog::create()->showMessage(prescriptiontexts::noPrescriptions(), Dialog::Notice, 1, 0);
+    }
 }
 
 void ElectronicPrescriptionService::getUnprocessedElectronicPrescriptions(Prescriptions& prescriptions) const
 {
     const auto document = getDocument();
-    if (!document || document->getType() != AbstractDocument::Sale)
+    if (!document || document->getType() != AbstractDocument::Sale) {
         return;
+    }
 
     QSet<QString> processedIds;
     const auto positions = document->getPositions();
     for (const auto& position : positions) {
-        if (isPrescriptionPosition(*position))
+        if (isPrescriptionPosition(*position)) {
             processedIds.insert(readPositionOptions(*position).value(positionformat::id).toString());
+        }
     }
     prescriptions.removeIf([&processedIds](const QSharedPointer<ElectronicPrescription>& prescription) {
         return processedIds.contains(prescription->getId());

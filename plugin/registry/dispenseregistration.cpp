@@ -6,12 +6,14 @@
 #include "positionformat.h"
 #include "prescriptionposition.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 // What the registry's transaction reports. A cancellation goes out as a POST and is reported as the PUT that it causes.
-const QString registeredStatus = QStringLiteral("POST:201");
-const QString cancelledStatus = QStringLiteral("PUT:200");
+const QString registeredStatus = u"POST:201"_s;
+const QString cancelledStatus = u"PUT:200"_s;
 
 void declareJsonBody(ElectronicPrescriptionInterface::Headers& headers)
 {
@@ -24,8 +26,9 @@ void keepDispenseIds(const QJsonObject& answer, GoodsItem& position)
     const QJsonArray entries = answer["entry"].toArray();
     for (const auto& entry : entries) {
         const QJsonObject resource = entry.toObject()["resource"].toObject();
-        if (resource["resourceType"] != QJsonValue("MedicationDispense"))
+        if (resource["resourceType"] != QJsonValue("MedicationDispense")) {
             continue;
+        }
         QJsonObject options = readPositionOptions(position);
         options[positionformat::medicationDispenseId] = resource["id"].toString();
         writePositionOptions(position, options);

@@ -3,13 +3,15 @@
 
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 /// Never null: QUrlQuery leaves out the "=" before a null value.
 QString percentEncoded(const QString& value)
 {
-    return value.isEmpty() ? QStringLiteral("") : QString::fromLatin1(QUrl::toPercentEncoding(value));
+    return value.isEmpty() ? u""_s : QString::fromLatin1(QUrl::toPercentEncoding(value));
 }
 
 } // namespace
@@ -17,7 +19,8 @@ QString percentEncoded(const QString& value)
 QUrlQuery formQuery(const QList<std::pair<QString, QString>>& items)
 {
     QUrlQuery query;
-    for (const auto& [name, value] : items)
+    for (const auto& [name, value] : items) {
         query.addQueryItem(name, percentEncoded(value));
+    }
     return query;
 }

@@ -5,6 +5,8 @@
 #include "electronicprescriptionnoprescriptionsexception.h"
 #include "prescriptiontexts.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace
@@ -35,10 +37,12 @@ void ElectronicPrescriptionInterface::getElectronicPrescriptionsByCardNumber(con
     sendGetRequest(url, headers, {{"patientIdentifier", cardNumber}, {"status", status}}, document);
 
     const QJsonObject answer = document.object();
-    if (answer["resourceType"_L1].toString() != "Bundle"_L1)
+    if (answer["resourceType"_L1].toString() != "Bundle"_L1) {
         throw unusableAnswer();
-    if (!answer.contains("entry"_L1))
+    }
+    if (!answer.contains("entry"_L1)) {
         throw noPrescriptions();
+    }
 
     bool hasResource = false;
     bool hasPrescription = false;
@@ -46,8 +50,9 @@ void ElectronicPrescriptionInterface::getElectronicPrescriptionsByCardNumber(con
     for (const auto& element : entries) {
         const QJsonObject entry = element.toObject();
         const auto member = entry.constFind("resource"_L1);
-        if (member == entry.constEnd())
+        if (member == entry.constEnd()) {
             continue;
+        }
         hasResource = true;
         const QJsonObject resource = member->toObject();
         const QString type = resource["resourceType"_L1].toString();
@@ -58,8 +63,10 @@ void ElectronicPrescriptionInterface::getElectronicPrescriptionsByCardNumber(con
             patient = resource;
         }
     }
-    if (hasResource && prescriptions.isEmpty())
+    if (hasResource && prescriptions.isEmpty()) {
         throw noPrescriptions();
-    if (!hasPrescription)
+    }
+    if (!hasPrescription) {
         throw unusableAnswer();
+    }
 }

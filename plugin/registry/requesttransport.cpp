@@ -8,11 +8,13 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 /// Where requests go as long as nothing is configured.
-const QString localRegistry = QStringLiteral("http://localhost");
+const QString localRegistry = u"http://localhost"_s;
 
 constexpr int defaultTimeout = 60;
 
@@ -78,14 +80,16 @@ void ElectronicPrescriptionInterface::getRequestResult(const QSharedPointer<Rest
                                                        QJsonDocument& result) const
 {
     result = client->answer();
-    if (client->errorCode() <= 0)
+    if (client->errorCode() <= 0) {
         return;
+    }
 
     const QJsonArray issues = result.object()["issue"].toArray();
     for (const auto& element : issues) {
         const QJsonObject issue = element.toObject();
-        if (explainsError(issue))
+        if (explainsError(issue)) {
             throw ElectronicPrescriptionException(tr::Tr(tr::undefined, issue["details"].toString()));
+        }
     }
     throw ElectronicPrescriptionException(client->errorText());
 }
@@ -93,8 +97,9 @@ void ElectronicPrescriptionInterface::getRequestResult(const QSharedPointer<Rest
 bool ElectronicPrescriptionInterface::checkRequestResultStatus(const QJsonObject& answer,
                                                                const QString& expectedStatus) const
 {
-    if (answer["resourceType"].toString() != "Bundle")
+    if (answer["resourceType"].toString() != "Bundle") {
         return false;
+    }
     const QJsonArray entries = answer["entry"].toArray();
     return std::any_of(entries.begin(), entries.end(), [&](const QJsonValue& entry) {
         return entry["transactionResponse"]["status"] == QJsonValue(expectedStatus);
@@ -121,8 +126,9 @@ void ElectronicPrescriptionInterface::formHeaders(Headers& headers) const
 
 void ElectronicPrescriptionInterface::addOaisTokenToHeaders(const QString& headerName, Headers& headers) const
 {
-    if (!oais.isEmpty())
+    if (!oais.isEmpty()) {
         headers.insert(headerName, bearer(oais));
+    }
 }
 
 void ElectronicPrescriptionInterface::addAcceptToHeaders(Headers& headers) const
