@@ -10,6 +10,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 namespace
@@ -18,62 +20,63 @@ constexpr int mostSyntheticPrescriptions = 100'000; // on one card, by one call
 
 HttpAnswer failure(int status, const QString& message)
 {
-    return HttpAnswer::json(status, {{QStringLiteral("error"), message}});
+    return HttpAnswer::json(status, {{u"error"_s, message}});
 }
 
 HttpAnswer done()
 {
-    return HttpAnswer::json(200, {{QStringLiteral("done"), true}});
+    return HttpAnswer::json(200, {{u"done"_s, true}});
 }
 
 QJsonObject json(const Dispense& dispense)
 {
-    return {{QStringLiteral("id"), dispense.id},
-            {QStringLiteral("pharmacy"), dispense.pharmacy},
-            {QStringLiteral("quantity"), dispense.quantity},
-            {QStringLiteral("handedOver"), dispense.handedOver.toString(Qt::ISODate)},
-            {QStringLiteral("final"), dispense.isFinal},
-            {QStringLiteral("cancelled"), dispense.isCancelled},
-            {QStringLiteral("resource"), QJsonDocument::fromJson(dispense.resource).object()},
-            {QStringLiteral("claim"), QJsonDocument::fromJson(dispense.claim).object()}};
+    return {{u"id"_s, dispense.id},
+            {u"pharmacy"_s, dispense.pharmacy},
+            {u"quantity"_s, dispense.quantity},
+            {u"handedOver"_s, dispense.handedOver.toString(Qt::ISODate)},
+            {u"final"_s, dispense.isFinal},
+            {u"cancelled"_s, dispense.isCancelled},
+            {u"resource"_s, QJsonDocument::fromJson(dispense.resource).object()},
+            {u"claim"_s, QJsonDocument::fromJson(dispense.claim).object()}};
 }
 
 QJsonObject json(const Prescription& prescription, const QList<Dispense>& dispenses)
 {
     QJsonArray dispenseArray;
-    for (const Dispense& dispense : dispenses)
+    for (const Dispense& dispense : dispenses) {
         dispenseArray.append(json(dispense));
-    return {{QStringLiteral("id"), prescription.id},
-            {QStringLiteral("serialNumber"), prescription.serialNumber},
-            {QStringLiteral("status"), prescription.status},
-            {QStringLiteral("inn"), prescription.inn},
-            {QStringLiteral("tradeName"), prescription.tradeName},
-            {QStringLiteral("dosageCode"), prescription.dosageCode},
-            {QStringLiteral("quantity"), prescription.quantity},
-            {QStringLiteral("dispensed"), doses::handedOut(dispenses)},
-            {QStringLiteral("written"), prescription.written.toString(Qt::ISODate)},
-            {QStringLiteral("validUntil"), prescription.validUntil.toString(Qt::ISODate)},
-            {QStringLiteral("patientShare"), prescription.patientShare.value_or(1)},
-            {QStringLiteral("payer"), prescription.payerId},
-            {QStringLiteral("dispenses"), dispenseArray}};
+    }
+    return {{u"id"_s, prescription.id},
+            {u"serialNumber"_s, prescription.serialNumber},
+            {u"status"_s, prescription.status},
+            {u"inn"_s, prescription.inn},
+            {u"tradeName"_s, prescription.tradeName},
+            {u"dosageCode"_s, prescription.dosageCode},
+            {u"quantity"_s, prescription.quantity},
+            {u"dispensed"_s, doses::handedOut(dispenses)},
+            {u"written"_s, prescription.written.toString(Qt::ISODate)},
+            {u"validUntil"_s, prescription.validUntil.toString(Qt::ISODate)},
+            {u"patientShare"_s, prescription.patientShare.value_or(1)},
+            {u"payer"_s, prescription.payerId},
+            {u"dispenses"_s, dispenseArray}};
 }
 
 QJsonObject json(const FaultOrder& order)
 {
-    return {{QStringLiteral("fault"), order.name},
-            {QStringLiteral("endpoint"), endpointName(order.endpoint)},
-            {QStringLiteral("skip"), order.occasion.skip},
-            {QStringLiteral("times"), order.occasion.times},
-            {QStringLiteral("carriedOut"), order.isCarriedOut}};
+    return {{u"fault"_s, order.name},
+            {u"endpoint"_s, endpointName(order.endpoint)},
+            {u"skip"_s, order.occasion.skip},
+            {u"times"_s, order.occasion.times},
+            {u"carriedOut"_s, order.isCarriedOut}};
 }
 
 QJsonObject json(const Rules& rules)
 {
-    return {{QStringLiteral("tokenLifetime"), rules.tokenLifetime},
-            {QStringLiteral("oaisToken"), rules.oaisToken},
-            {QStringLiteral("prescriptionScope"), rules.prescriptionScope},
-            {QStringLiteral("dispenseScope"), rules.dispenseScope},
-            {QStringLiteral("dosageSystem"), rules.dosageSystem}};
+    return {{u"tokenLifetime"_s, rules.tokenLifetime},
+            {u"oaisToken"_s, rules.oaisToken},
+            {u"prescriptionScope"_s, rules.prescriptionScope},
+            {u"dispenseScope"_s, rules.dispenseScope},
+            {u"dosageSystem"_s, rules.dosageSystem}};
 }
 } // namespace
 
@@ -124,7 +127,7 @@ Delivery AdminApi::answer(const HttpRequest& request)
 Delivery AdminApi::unreadable(int status)
 {
     Delivery delivery;
-    delivery.answer = failure(status, QStringLiteral("the request cannot be read"));
+    delivery.answer = failure(status, u"the request cannot be read"_s);
     return delivery;
 }
 
@@ -133,15 +136,18 @@ HttpAnswer AdminApi::carryOut(const HttpRequest& request)
     const QByteArray path = request.path();
     QByteArrayList methods;
     for (const Operation& operation : operations()) {
-        if (operation.path != path)
+        if (operation.path != path) {
             continue;
-        if (operation.method == request.method)
+        }
+        if (operation.method == request.method) {
             return (this->*operation.carryOut)(request);
+        }
         methods.append(operation.method);
     }
-    if (methods.isEmpty())
-        return failure(404, QStringLiteral("no such path"));
-    HttpAnswer answer = failure(405, QStringLiteral("no such method here"));
+    if (methods.isEmpty()) {
+        return failure(404, u"no such path"_s);
+    }
+    HttpAnswer answer = failure(405, u"no such method here"_s);
     answer.with("Allow", methods.join(", "));
     return answer;
 }
@@ -149,9 +155,10 @@ HttpAnswer AdminApi::carryOut(const HttpRequest& request)
 HttpAnswer AdminApi::journal(const HttpRequest&)
 {
     QJsonArray requests;
-    for (const JournalEntry& entry : m_emulator.journal().entries())
+    for (const JournalEntry& entry : m_emulator.journal().entries()) {
         requests.append(entry.json());
-    return HttpAnswer::json(200, {{QStringLiteral("requests"), requests}});
+    }
+    return HttpAnswer::json(200, {{u"requests"_s, requests}});
 }
 
 HttpAnswer AdminApi::clearJournal(const HttpRequest&)
@@ -163,9 +170,10 @@ HttpAnswer AdminApi::clearJournal(const HttpRequest&)
 HttpAnswer AdminApi::faults(const HttpRequest&)
 {
     QJsonArray orders;
-    for (const FaultOrder& order : m_emulator.faults().pending())
+    for (const FaultOrder& order : m_emulator.faults().pending()) {
         orders.append(json(order));
-    return HttpAnswer::json(200, {{QStringLiteral("faults"), orders}});
+    }
+    return HttpAnswer::json(200, {{u"faults"_s, orders}});
 }
 
 HttpAnswer AdminApi::orderFault(const HttpRequest& request)
@@ -187,11 +195,12 @@ HttpAnswer AdminApi::state(const HttpRequest&)
     for (const QString& card : store.cards()) {
         const auto dispenses = store.dispensesOfCard(card);
         QJsonArray prescriptions;
-        for (const Prescription& prescription : store.prescriptionsOfCard(card))
+        for (const Prescription& prescription : store.prescriptionsOfCard(card)) {
             prescriptions.append(json(prescription, dispenses.value(prescription.id)));
-        patients.append(QJsonObject{{QStringLiteral("card"), card}, {QStringLiteral("prescriptions"), prescriptions}});
+        }
+        patients.append(QJsonObject{{u"card"_s, card}, {u"prescriptions"_s, prescriptions}});
     }
-    return HttpAnswer::json(200, {{QStringLiteral("patients"), patients}});
+    return HttpAnswer::json(200, {{u"patients"_s, patients}});
 }
 
 HttpAnswer AdminApi::seed(const HttpRequest& request)
@@ -209,13 +218,12 @@ HttpAnswer AdminApi::reset(const HttpRequest&)
 HttpAnswer AdminApi::fill(const HttpRequest& request)
 {
     const JsonNode node = JsonNode::parse(request.body);
-    node.allowOnly({QStringLiteral("card"), QStringLiteral("count")});
-    const QString card = node.text(QStringLiteral("card"));
-    const auto count = node.count(QStringLiteral("count"));
+    node.allowOnly({u"card"_s, u"count"_s});
+    const QString card = node.text(u"card"_s);
+    const auto count = node.count(u"count"_s);
     if (!count || *count > mostSyntheticPrescriptions) {
-        node.fail(QStringLiteral("count"), QStringLiteral("a whole number up to ") +
-                                               QString::number(mostSyntheticPrescriptions) +
-                                               QStringLiteral(" is expected"));
+        node.fail(u"count"_s,
+                  u"a whole number up to "_s + QString::number(mostSyntheticPrescriptions) + u" is expected"_s);
     }
     m_emulator.fillCard(card, *count);
     return done();

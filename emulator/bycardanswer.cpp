@@ -5,20 +5,20 @@
 
 #include <QJsonArray>
 
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 namespace
 {
 QJsonObject entry(const QJsonObject& resource)
 {
-    return {{QStringLiteral("resource"), resource}};
+    return {{u"resource"_s, resource}};
 }
 
 QJsonObject bundle(const QString& type, const QJsonArray& entries)
 {
-    return {{QStringLiteral("resourceType"), QStringLiteral("Bundle")},
-            {QStringLiteral("type"), type},
-            {QStringLiteral("entry"), entries}};
+    return {{u"resourceType"_s, u"Bundle"_s}, {u"type"_s, type}, {u"entry"_s, entries}};
 }
 } // namespace
 
@@ -26,9 +26,7 @@ QJsonObject byCardAnswer(const PrescriptionStore& store, const Patient& patient,
 {
     const QList<Prescription> prescriptions = store.prescriptionsOfCard(patient.card, status);
     if (prescriptions.isEmpty()) {
-        return {{QStringLiteral("resourceType"), QStringLiteral("Bundle")},
-                {QStringLiteral("type"), QStringLiteral("searchset")},
-                {QStringLiteral("total"), 0}};
+        return {{u"resourceType"_s, u"Bundle"_s}, {u"type"_s, u"searchset"_s}, {u"total"_s, 0}};
     }
     const auto dispenses = store.dispensesOfCard(patient.card);
     const auto practitioners = store.practitioners();
@@ -38,18 +36,21 @@ QJsonObject byCardAnswer(const PrescriptionStore& store, const Patient& patient,
     for (const Prescription& prescription : prescriptions) {
         QJsonArray entries{entry(prescriptionResource(prescription, store.rules().dosageSystem)),
                            entry(practitionerResource(practitioners.value(prescription.practitionerId)))};
-        if (!prescription.payerId.isEmpty())
+        if (!prescription.payerId.isEmpty()) {
             entries.append(entry(payerResource(payers.value(prescription.payerId))));
-        if (prescription.isSigned)
-            entries.append(entry(signatureResource(prescription)));
-        for (const Dispense& dispense : dispenses.value(prescription.id)) {
-            if (!dispense.isCancelled)
-                entries.append(entry(dispenseResource(dispense, prescription)));
         }
-        found.append(entry(bundle(QStringLiteral("collection"), entries)));
+        if (prescription.isSigned) {
+            entries.append(entry(signatureResource(prescription)));
+        }
+        for (const Dispense& dispense : dispenses.value(prescription.id)) {
+            if (!dispense.isCancelled) {
+                entries.append(entry(dispenseResource(dispense, prescription)));
+            }
+        }
+        found.append(entry(bundle(u"collection"_s, entries)));
     }
-    QJsonObject answer = bundle(QStringLiteral("searchset"), found);
-    answer.insert(QStringLiteral("total"), prescriptions.size());
+    QJsonObject answer = bundle(u"searchset"_s, found);
+    answer.insert(u"total"_s, prescriptions.size());
     return answer;
 }
 } // namespace emulator

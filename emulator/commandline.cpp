@@ -7,6 +7,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 namespace
@@ -16,8 +18,8 @@ quint16 portOf(const QCommandLineParser& parser, const QCommandLineOption& optio
     bool isNumber = false;
     const int port = parser.value(option).toInt(&isNumber);
     if (!isNumber || port < 0 || port > std::numeric_limits<quint16>::max()) {
-        throw EmulatorError(QStringLiteral("--%1 takes a port from 0 to 65535, not \"%2\"")
-                                .arg(option.names().constFirst(), parser.value(option)));
+        throw EmulatorError(
+            u"--%1 takes a port from 0 to 65535, not \"%2\""_s.arg(option.names().constFirst(), parser.value(option)));
     }
     return quint16(port);
 }
@@ -25,46 +27,42 @@ quint16 portOf(const QCommandLineParser& parser, const QCommandLineOption& optio
 
 CommandLine CommandLine::read(const QStringList& arguments)
 {
-    const QCommandLineOption port(QStringLiteral("port"), QStringLiteral("Port of the registry; 0 takes a free one."),
-                                  QStringLiteral("N"), QStringLiteral("0"));
-    const QCommandLineOption adminPort(QStringLiteral("admin-port"),
-                                       QStringLiteral("Port of the remote control; 0 takes a free one. Default: none."),
-                                       QStringLiteral("N"));
-    const QCommandLineOption basePath(QStringLiteral("base-path"),
-                                      QStringLiteral("Path under which the registry lies. Default: none."),
-                                      QStringLiteral("PATH"));
-    const QCommandLineOption data(QStringLiteral("data"),
-                                  QStringLiteral("SQLite file that keeps the state. Default: kept in memory."),
-                                  QStringLiteral("FILE"));
-    const QCommandLineOption seed(QStringLiteral("seed"),
-                                  QStringLiteral("What the registry begins with; not used for data that is there."),
-                                  QStringLiteral("FILE.json"));
-    const QCommandLineOption certificate(QStringLiteral("tls-certificate"),
-                                         QStringLiteral("PEM certificate with its chain; the registry speaks HTTPS."),
-                                         QStringLiteral("FILE"));
-    const QCommandLineOption key(QStringLiteral("tls-key"),
-                                 QStringLiteral("PEM key of the certificate, without a passphrase."),
-                                 QStringLiteral("FILE"));
+    const QCommandLineOption port(u"port"_s, u"Port of the registry; 0 takes a free one."_s, u"N"_s, u"0"_s);
+    const QCommandLineOption adminPort(u"admin-port"_s,
+                                       u"Port of the remote control; 0 takes a free one. Default: none."_s, u"N"_s);
+    const QCommandLineOption basePath(u"base-path"_s, u"Path under which the registry lies. Default: none."_s,
+                                      u"PATH"_s);
+    const QCommandLineOption data(u"data"_s, u"SQLite file that keeps the state. Default: kept in memory."_s,
+                                  u"FILE"_s);
+    const QCommandLineOption seed(u"seed"_s, u"What the registry begins with; not used for data that is there."_s,
+                                  u"FILE.json"_s);
+    const QCommandLineOption certificate(u"tls-certificate"_s,
+                                         u"PEM certificate with its chain; the registry speaks HTTPS."_s, u"FILE"_s);
+    const QCommandLineOption key(u"tls-key"_s, u"PEM key of the certificate, without a passphrase."_s, u"FILE"_s);
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("A stand-in for the national registry of electronic prescriptions."));
+    parser.setApplicationDescription(u"A stand-in for the national registry of electronic prescriptions."_s);
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.addOptions({port, adminPort, basePath, data, seed, certificate, key});
-    if (!parser.parse(arguments))
+    if (!parser.parse(arguments)) {
         throw EmulatorError(parser.errorText());
-    if (parser.isSet(help))
+    }
+    if (parser.isSet(help)) {
         parser.showHelp();
-    if (parser.isSet(version))
+    }
+    if (parser.isSet(version)) {
         parser.showVersion();
-    if (!parser.positionalArguments().isEmpty())
-        throw EmulatorError(QStringLiteral("cannot use \"%1\"").arg(parser.positionalArguments().constFirst()));
+    }
+    if (!parser.positionalArguments().isEmpty()) {
+        throw EmulatorError(u"cannot use \"%1\""_s.arg(parser.positionalArguments().constFirst()));
+    }
 
     CommandLine commandLine;
     commandLine.settings.port = portOf(parser, port);
-    if (parser.isSet(adminPort))
+    if (parser.isSet(adminPort)) {
         commandLine.settings.adminPort = portOf(parser, adminPort);
+    }
     commandLine.settings.basePath = parser.value(basePath);
     commandLine.settings.dataFile = parser.value(data);
     commandLine.settings.tlsCertificate = parser.value(certificate);

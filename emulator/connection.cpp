@@ -24,8 +24,9 @@ Connection::Connection(QTcpSocket* socket, quint64 number, const RequestHandler&
     m_timer.setTimerType(Qt::PreciseTimer);
     connect(m_socket, &QTcpSocket::readyRead, this, &Connection::readOn);
     connect(m_socket, &QTcpSocket::bytesWritten, this, &Connection::noticeSent);
-    if (auto* secure = qobject_cast<QSslSocket*>(m_socket))
+    if (auto* secure = qobject_cast<QSslSocket*>(m_socket)) {
         connect(secure, &QSslSocket::encryptedBytesWritten, this, &Connection::noticeSent);
+    }
     connect(m_socket, &QTcpSocket::disconnected, this, &Connection::clientLeft);
     QMetaObject::invokeMethod(this, &Connection::readOn, Qt::QueuedConnection); // what came with the connection
 }
@@ -45,10 +46,12 @@ void Connection::readOn()
     while (!m_answering && m_socket->state() == QAbstractSocket::ConnectedState) {
         m_received += m_socket->readAll();
         const RequestParser::State state = m_parser.read(m_received);
-        if (m_parser.takeContinueWish() && state == RequestParser::State::Incomplete)
+        if (m_parser.takeContinueWish() && state == RequestParser::State::Incomplete) {
             m_socket->write("HTTP/1.1 100 Continue\r\n\r\n");
-        if (state == RequestParser::State::Incomplete)
+        }
+        if (state == RequestParser::State::Incomplete) {
             return;
+        }
         if (state == RequestParser::State::Unreadable) {
             m_unreadable = true;
             m_received.clear();
@@ -108,8 +111,9 @@ void Connection::deliver()
 void Connection::sendWhole()
 {
     QByteArray bytes = m_delivery.answer.head(m_keepAlive);
-    if (m_withBody)
+    if (m_withBody) {
         bytes += m_delivery.answer.body;
+    }
     m_sending = true;
     m_socket->write(bytes);
     m_socket->flush(); // so that a short answer counts as sent before its reader can ask
@@ -126,8 +130,9 @@ void Connection::sendHalf()
 void Connection::drip()
 {
     const QByteArray& body = m_delivery.answer.body;
-    if (m_dripped < body.size())
+    if (m_dripped < body.size()) {
         m_socket->write(body.constData() + m_dripped++, 1);
+    }
     m_socket->flush();
     if (m_dripped < body.size()) {
         m_timer.start(m_delivery.pause);
@@ -147,22 +152,25 @@ void Connection::reset()
 void Connection::finish(bool whole)
 {
     m_timer.stop();
-    if (auto finished = std::exchange(m_delivery.finished, nullptr))
+    if (auto finished = std::exchange(m_delivery.finished, nullptr)) {
         finished(whole);
+    }
 }
 
 bool Connection::isEverythingSent() const
 {
-    if (m_socket->bytesToWrite() > 0)
+    if (m_socket->bytesToWrite() > 0) {
         return false;
+    }
     const auto* secure = qobject_cast<const QSslSocket*>(m_socket);
     return !secure || secure->encryptedBytesToWrite() == 0;
 }
 
 void Connection::noticeSent()
 {
-    if (!m_sending || !isEverythingSent())
+    if (!m_sending || !isEverythingSent()) {
         return;
+    }
     m_sending = false;
     finish(true);
     if (m_unreadable) {

@@ -7,6 +7,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 namespace
@@ -16,38 +18,36 @@ constexpr double representation = 1e-6; // room for numbers that have no exact b
 
 void demand(bool isSo, const QString& details)
 {
-    if (!isSo)
+    if (!isSo) {
         throw Refusal(422, details);
+    }
 }
 
 void checkPatient(const DispenseDocument& document, const Prescription& prescription)
 {
-    demand(document.patientReference == QLatin1String("Patient/") + prescription.patientId,
-           QStringLiteral("Рецепт ") + prescription.id + QStringLiteral(" выписан другому пациенту"));
+    demand(document.patientReference == "Patient/"_L1 + prescription.patientId,
+           u"Рецепт "_s + prescription.id + u" выписан другому пациенту"_s);
 }
 
 void checkValidity(const DispenseDocument& document, const Prescription& prescription, const QDate& today)
 {
     demand(prescription.status != prescriptionstatus::completed,
-           QStringLiteral("Рецепт ") + prescription.id + QStringLiteral(" уже отпущен полностью"));
-    demand(prescription.status == prescriptionstatus::active, QStringLiteral("Рецепт ") + prescription.id +
-                                                                  QStringLiteral(" не действует, его статус «") +
-                                                                  prescription.status + QStringLiteral("»"));
-    demand(today <= prescription.validUntil, QStringLiteral("Срок действия рецепта ") + prescription.id +
-                                                 QStringLiteral(" истёк ") +
-                                                 prescription.validUntil.toString(QStringLiteral("dd.MM.yyyy")));
-    demand(document.handedOver >= prescription.written, QStringLiteral("Дата отпуска раньше даты выписки рецепта"));
-    demand(document.handedOver <= today, QStringLiteral("Дата отпуска ещё не наступила"));
+           u"Рецепт "_s + prescription.id + u" уже отпущен полностью"_s);
+    demand(prescription.status == prescriptionstatus::active,
+           u"Рецепт "_s + prescription.id + u" не действует, его статус «"_s + prescription.status + u"»"_s);
+    demand(today <= prescription.validUntil, u"Срок действия рецепта "_s + prescription.id + u" истёк "_s +
+                                                 prescription.validUntil.toString(u"dd.MM.yyyy"_s));
+    demand(document.handedOver >= prescription.written, u"Дата отпуска раньше даты выписки рецепта"_s);
+    demand(document.handedOver <= today, u"Дата отпуска ещё не наступила"_s);
 }
 
 void checkQuantity(const DispenseDocument& document, const Prescription& prescription, double dispensed)
 {
-    demand(document.quantity > 0, QStringLiteral("Количество отпускаемых доз должно быть больше нуля"));
+    demand(document.quantity > 0, u"Количество отпускаемых доз должно быть больше нуля"_s);
     const double left = prescription.quantity - dispensed;
-    demand(document.quantity <= left + doses::tolerance,
-           QStringLiteral("По рецепту ") + prescription.id + QStringLiteral(" осталось доз: ") +
-               QString::number(left, 'f', 2) + QStringLiteral(", отпускается: ") +
-               QString::number(document.quantity, 'f', 2));
+    demand(document.quantity <= left + doses::tolerance, u"По рецепту "_s + prescription.id + u" осталось доз: "_s +
+                                                             QString::number(left, 'f', 2) + u", отпускается: "_s +
+                                                             QString::number(document.quantity, 'f', 2));
 }
 
 /// The code of any of the prescription's codings will do, and none at all where it names no trade name.
@@ -55,20 +55,19 @@ void checkMedication(const DispenseDocument& document, const Prescription& presc
 {
     const QString& code = document.medicationCode;
     if (code.isEmpty()) {
-        demand(prescription.tradeName.isEmpty(), QStringLiteral("В документе отпуска не указан код препарата"));
+        demand(prescription.tradeName.isEmpty(), u"В документе отпуска не указан код препарата"_s);
         return;
     }
     const QStringList codes{prescription.innCode, prescription.tradeNameCode, prescription.dosageCode};
-    demand(codes.contains(code),
-           QStringLiteral("Препарат с кодом ") + code + QStringLiteral(" не назначен рецептом ") + prescription.id);
+    demand(codes.contains(code), u"Препарат с кодом "_s + code + u" не назначен рецептом "_s + prescription.id);
 }
 
 void checkAmount(double amount, const QString& currency)
 {
-    demand(currency == QLatin1String("BYN"), QStringLiteral("Суммы счёта должны быть в белорусских рублях"));
-    demand(amount >= 0, QStringLiteral("Суммы счёта не могут быть отрицательными"));
+    demand(currency == "BYN"_L1, u"Суммы счёта должны быть в белорусских рублях"_s);
+    demand(amount >= 0, u"Суммы счёта не могут быть отрицательными"_s);
     demand(std::abs(amount * 100 - std::round(amount * 100)) < representation * 100,
-           QStringLiteral("Суммы счёта должны быть в целых копейках"));
+           u"Суммы счёта должны быть в целых копейках"_s);
 }
 
 /// The net amount is the payer's share of the price. Both were rounded to the cent, so they may differ by what the two
@@ -84,21 +83,22 @@ void checkClaim(const DispenseDocument& document, const Prescription& prescripti
 {
     const double payersShare = 1 - prescription.patientShare.value_or(1);
     const bool isDue = payersShare > halfCent;
-    demand(!document.claim || isDue, QStringLiteral("Рецепт отпускается за полную стоимость, счёт не нужен"));
-    demand(document.claim || !isDue, QStringLiteral("К отпуску льготного рецепта не приложен счёт"));
-    if (!document.claim)
+    demand(!document.claim || isDue, u"Рецепт отпускается за полную стоимость, счёт не нужен"_s);
+    demand(document.claim || !isDue, u"К отпуску льготного рецепта не приложен счёт"_s);
+    if (!document.claim) {
         return;
+    }
 
     const Claim& claim = *document.claim;
-    demand(claim.prescriptionId == document.prescriptionId, QStringLiteral("Счёт относится к другому рецепту"));
-    demand(claim.patientReference == document.patientReference, QStringLiteral("Счёт относится к другому пациенту"));
-    demand(payers.contains(claim.payerId), QStringLiteral("Организация-плательщик неизвестна"));
-    demand(claim.payerId == prescription.payerId, QStringLiteral("Льготу по рецепту оплачивает другая организация"));
+    demand(claim.prescriptionId == document.prescriptionId, u"Счёт относится к другому рецепту"_s);
+    demand(claim.patientReference == document.patientReference, u"Счёт относится к другому пациенту"_s);
+    demand(payers.contains(claim.payerId), u"Организация-плательщик неизвестна"_s);
+    demand(claim.payerId == prescription.payerId, u"Льготу по рецепту оплачивает другая организация"_s);
     checkAmount(claim.unitPrice, claim.unitPriceCurrency);
     checkAmount(claim.net, claim.netCurrency);
     demand(std::abs(claim.factor - payersShare) < halfCent + representation,
-           QStringLiteral("Доля плательщика в счёте не соответствует рецепту"));
-    demand(fitTogether(claim), QStringLiteral("Сумма счёта не соответствует цене и доле плательщика"));
+           u"Доля плательщика в счёте не соответствует рецепту"_s);
+    demand(fitTogether(claim), u"Сумма счёта не соответствует цене и доле плательщика"_s);
 }
 } // namespace
 

@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 namespace
@@ -29,25 +31,23 @@ QString newId()
 
 QJsonObject transactionEntry(const QString& status, const QJsonObject& resource)
 {
-    const QString location = resource.value(QStringLiteral("resourceType")).toString() + QLatin1Char('/') +
-                             resource.value(QStringLiteral("id")).toString();
-    return {{QStringLiteral("resource"), resource},
-            {QStringLiteral("transactionResponse"),
-             QJsonObject{{QStringLiteral("status"), status}, {QStringLiteral("location"), location}}}};
+    const QString location = resource.value(u"resourceType"_s).toString() + u'/' + resource.value(u"id"_s).toString();
+    return {{u"resource"_s, resource},
+            {u"transactionResponse"_s, QJsonObject{{u"status"_s, status}, {u"location"_s, location}}}};
 }
 
 HttpAnswer transactionAnswer(const QJsonArray& entries)
 {
-    return HttpAnswer::json(200, {{QStringLiteral("resourceType"), QStringLiteral("Bundle")},
-                                  {QStringLiteral("type"), QStringLiteral("transaction-response")},
-                                  {QStringLiteral("entry"), entries}});
+    return HttpAnswer::json(
+        200, {{u"resourceType"_s, u"Bundle"_s}, {u"type"_s, u"transaction-response"_s}, {u"entry"_s, entries}});
 }
 
 /// The state that a prescription is in after these dispenses. A prescription that was stopped or put on hold stays so.
 QString statusAfter(const Prescription& prescription, const QList<Dispense>& dispenses)
 {
-    if (prescription.status != prescriptionstatus::active && prescription.status != prescriptionstatus::completed)
+    if (prescription.status != prescriptionstatus::active && prescription.status != prescriptionstatus::completed) {
         return prescription.status;
+    }
     const bool isDeclaredFinal = std::any_of(dispenses.begin(), dispenses.end(), [](const Dispense& dispense) {
         return dispense.isFinal && !dispense.isCancelled;
     });
@@ -67,8 +67,7 @@ HttpAnswer DispenseRegister::book(const QByteArray& body, const Access& access)
     DispenseDocument document = DispenseDocument::read(body);
     const auto prescription = m_store.prescription(document.prescriptionId);
     if (!prescription) {
-        throw Refusal(404,
-                      QStringLiteral("Рецепт ") + document.prescriptionId + QStringLiteral(" не найден в реестре"));
+        throw Refusal(404, u"Рецепт "_s + document.prescriptionId + u" не найден в реестре"_s);
     }
     QList<Dispense> dispenses = m_store.dispensesOf(prescription->id);
     const QList<QString> payers = m_store.payers().keys();
@@ -82,13 +81,13 @@ HttpAnswer DispenseRegister::book(const QByteArray& body, const Access& access)
     dispense.quantity = document.quantity;
     dispense.handedOver = document.handedOver;
     dispense.isFinal = document.isFinal;
-    document.dispenseResource.insert(QStringLiteral("id"), dispense.id);
+    document.dispenseResource.insert(u"id"_s, dispense.id);
     dispense.resource = compact(document.dispenseResource);
-    QJsonArray entries{transactionEntry(QStringLiteral("POST:201"), document.dispenseResource)};
+    QJsonArray entries{transactionEntry(u"POST:201"_s, document.dispenseResource)};
     if (document.claim) {
-        document.claimResource.insert(QStringLiteral("id"), newId());
+        document.claimResource.insert(u"id"_s, newId());
         dispense.claim = compact(document.claimResource);
-        entries.append(transactionEntry(QStringLiteral("POST:201"), document.claimResource));
+        entries.append(transactionEntry(u"POST:201"_s, document.claimResource));
     }
     dispenses.append(dispense);
     m_store.book(dispense, statusAfter(*prescription, dispenses));
@@ -97,16 +96,18 @@ HttpAnswer DispenseRegister::book(const QByteArray& body, const Access& access)
 
 HttpAnswer DispenseRegister::cancel(const QString& dispenseId, const Access& access)
 {
-    if (dispenseId.isEmpty())
-        throw Refusal(400, QStringLiteral("Не указано, какой отпуск отменяется"));
+    if (dispenseId.isEmpty()) {
+        throw Refusal(400, u"Не указано, какой отпуск отменяется"_s);
+    }
     const auto dispense = m_store.dispense(dispenseId);
-    if (!dispense)
-        throw Refusal(404, QStringLiteral("Отпуск ") + dispenseId + QStringLiteral(" не найден в реестре"));
-    if (dispense->isCancelled)
-        throw Refusal(409, QStringLiteral("Отпуск ") + dispenseId + QStringLiteral(" уже отменён"));
+    if (!dispense) {
+        throw Refusal(404, u"Отпуск "_s + dispenseId + u" не найден в реестре"_s);
+    }
+    if (dispense->isCancelled) {
+        throw Refusal(409, u"Отпуск "_s + dispenseId + u" уже отменён"_s);
+    }
     if (dispense->pharmacy != access.organization) {
-        throw Refusal(403,
-                      QStringLiteral("Отпуск ") + dispenseId + QStringLiteral(" зарегистрирован другой организацией"));
+        throw Refusal(403, u"Отпуск "_s + dispenseId + u" зарегистрирован другой организацией"_s);
     }
     const auto prescription = m_store.prescription(dispense->prescriptionId);
     QList<Dispense> dispenses = m_store.dispensesOf(prescription->id);
@@ -115,7 +116,7 @@ HttpAnswer DispenseRegister::cancel(const QString& dispenseId, const Access& acc
 
     QJsonObject resource = dispense->resource.isEmpty() ? dispenseResource(*dispense, *prescription)
                                                         : QJsonDocument::fromJson(dispense->resource).object();
-    resource.insert(QStringLiteral("status"), QStringLiteral("entered-in-error"));
-    return transactionAnswer({transactionEntry(QStringLiteral("PUT:200"), resource)});
+    resource.insert(u"status"_s, u"entered-in-error"_s);
+    return transactionAnswer({transactionEntry(u"PUT:200"_s, resource)});
 }
 } // namespace emulator

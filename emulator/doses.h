@@ -15,8 +15,9 @@ inline double handedOut(const QList<Dispense>& dispenses)
 {
     double sum = 0;
     for (const Dispense& dispense : dispenses) {
-        if (!dispense.isCancelled)
+        if (!dispense.isCancelled) {
             sum += dispense.quantity;
+        }
     }
     return sum;
 }

@@ -27,8 +27,9 @@ QString endpointName(Endpoint endpoint)
 std::optional<Endpoint> endpointOf(const QString& name)
 {
     for (const auto& [endpoint, text] : names) {
-        if (name == QLatin1String(text))
+        if (name == QLatin1StringView(text)) {
             return endpoint;
+        }
     }
     return std::nullopt;
 }
@@ -36,8 +37,9 @@ std::optional<Endpoint> endpointOf(const QString& name)
 QStringList endpointNames()
 {
     QStringList all;
-    for (const auto& name : names)
+    for (const auto& name : names) {
         all.append(QString::fromLatin1(name.second));
+    }
     return all;
 }
 } // namespace emulator

@@ -33,11 +33,13 @@ HttpAnswer& HttpAnswer::with(const QByteArray& name, const QByteArray& value)
 QByteArray HttpAnswer::head(bool keepAlive) const
 {
     QByteArray head = "HTTP/1.1 " + QByteArray::number(status) + ' ' + reasonOf(status) + "\r\n";
-    if (!contentType.isEmpty())
+    if (!contentType.isEmpty()) {
         head += "Content-Type: " + contentType + "\r\n";
+    }
     head += "Content-Length: " + QByteArray::number(body.size()) + "\r\n";
-    for (const auto& [name, value] : headers)
+    for (const auto& [name, value] : headers) {
         head += name + ": " + value + "\r\n";
+    }
     head += keepAlive ? "Connection: keep-alive\r\n\r\n" : "Connection: close\r\n\r\n";
     return head;
 }

@@ -6,11 +6,13 @@ namespace emulator
 QByteArray HttpRequest::path() const
 {
     QByteArray path = target.split('?').constFirst();
-    if (path.startsWith('/'))
+    if (path.startsWith('/')) {
         return path;
+    }
     const qsizetype origin = path.indexOf("://");
-    if (origin < 0)
+    if (origin < 0) {
         return path;
+    }
     const qsizetype start = path.indexOf('/', origin + 3);
     return start < 0 ? QByteArray("/") : path.mid(start);
 }

@@ -5,6 +5,8 @@
 
 #include <QSslServer>
 
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 namespace
@@ -37,8 +39,7 @@ void HttpServer::listen(quint16 port, const std::optional<QSslConfiguration>& tl
     m_server->setListenBacklogSize(waitingConnections);
     connect(m_server.get(), &QTcpServer::pendingConnectionAvailable, this, &HttpServer::accept);
     if (!m_server->listen(QHostAddress::LocalHost, port)) {
-        throw EmulatorError(
-            QStringLiteral("cannot listen on port %1: %2").arg(QString::number(port), m_server->errorString()));
+        throw EmulatorError(u"cannot listen on port %1: %2"_s.arg(QString::number(port), m_server->errorString()));
     }
 }
 
@@ -49,7 +50,8 @@ quint16 HttpServer::port() const
 
 void HttpServer::accept()
 {
-    while (QTcpSocket* socket = m_server->nextPendingConnection())
+    while (QTcpSocket* socket = m_server->nextPendingConnection()) {
         new Connection(socket, ++m_connectionCount, m_handler, this);
+    }
 }
 } // namespace emulator

@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 void tell(const QString& line)
@@ -17,21 +19,23 @@ void tell(const QString& line)
 /// Fills the registry, unless its data file holds a state already.
 void begin(emulator::RegistryEmulator& registry, const QString& seedFile)
 {
-    if (seedFile.isEmpty())
+    if (seedFile.isEmpty()) {
         return;
+    }
     registry.keepSeedFile(seedFile);
-    if (registry.store().isEmpty())
+    if (registry.store().isEmpty()) {
         registry.reset();
-    else
-        tell(QStringLiteral("data kept, the seed was not used"));
+    } else {
+        tell(u"data kept, the seed was not used"_s);
+    }
 }
 } // namespace
 
 int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("prescription-registry-emulator"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(EMULATOR_VERSION));
+    QCoreApplication::setApplicationName(u"prescription-registry-emulator"_s);
+    QCoreApplication::setApplicationVersion(QString::fromUtf8(EMULATOR_VERSION));
     try {
         const auto commandLine = emulator::CommandLine::read(QCoreApplication::arguments());
         emulator::TerminationSignal termination;
@@ -39,9 +43,10 @@ int main(int argc, char** argv)
         emulator::RegistryEmulator registry(commandLine.settings);
         begin(registry, commandLine.seedFile);
         registry.start();
-        tell(QStringLiteral("registry ") + registry.url().toString());
-        if (!registry.adminUrl().isEmpty())
-            tell(QStringLiteral("admin ") + registry.adminUrl().toString());
+        tell(u"registry "_s + registry.url().toString());
+        if (!registry.adminUrl().isEmpty()) {
+            tell(u"admin "_s + registry.adminUrl().toString());
+        }
         return QCoreApplication::exec();
     } catch (const emulator::EmulatorError& error) {
         QTextStream(stderr) << "prescription-registry-emulator: " << error.message() << Qt::endl;

@@ -3,13 +3,13 @@
 
 #include <QJsonArray>
 
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 QJsonObject operationOutcome(const QString& details)
 {
-    const QJsonObject issue{{QStringLiteral("severity"), QStringLiteral("error")},
-                            {QStringLiteral("details"), details}};
-    return {{QStringLiteral("resourceType"), QStringLiteral("OperationOutcome")},
-            {QStringLiteral("issue"), QJsonArray{issue}}};
+    const QJsonObject issue{{u"severity"_s, u"error"_s}, {u"details"_s, details}};
+    return {{u"resourceType"_s, u"OperationOutcome"_s}, {u"issue"_s, QJsonArray{issue}}};
 }
 } // namespace emulator

@@ -9,12 +9,15 @@ namespace
 {
 int hexadecimalDigit(char character)
 {
-    if (character >= '0' && character <= '9')
+    if (character >= '0' && character <= '9') {
         return character - '0';
-    if (character >= 'a' && character <= 'f')
+    }
+    if (character >= 'a' && character <= 'f') {
         return character - 'a' + 10;
-    if (character >= 'A' && character <= 'F')
+    }
+    if (character >= 'A' && character <= 'F') {
         return character - 'A' + 10;
+    }
     return -1;
 }
 
@@ -23,8 +26,9 @@ std::optional<QString> utf8(const QByteArray& octets)
     using Flag = QStringDecoder::Flag; // a byte order mark is a character of the text like any other
     QStringDecoder decoder(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
     QString text = decoder(octets);
-    if (decoder.hasError())
+    if (decoder.hasError()) {
         return std::nullopt;
+    }
     return text;
 }
 
@@ -39,12 +43,14 @@ std::optional<QString> decode(const QByteArray& encoded, char plus)
         } else if (character != '%') {
             octets += character;
         } else {
-            if (at + 2 >= encoded.size())
+            if (at + 2 >= encoded.size()) {
                 return std::nullopt;
+            }
             const int high = hexadecimalDigit(encoded.at(at + 1));
             const int low = hexadecimalDigit(encoded.at(at + 2));
-            if (high < 0 || low < 0)
+            if (high < 0 || low < 0) {
                 return std::nullopt;
+            }
             octets += char(high * 16 + low);
             at += 2;
         }
@@ -56,13 +62,15 @@ std::optional<DecodedPairs> decodePairs(const QByteArray& encoded, char plus)
 {
     DecodedPairs pairs;
     for (const QByteArray& part : encoded.split('&')) {
-        if (part.isEmpty())
+        if (part.isEmpty()) {
             continue;
+        }
         const qsizetype equals = part.indexOf('=');
         const auto name = decode(equals < 0 ? part : part.left(equals), plus);
         const auto value = decode(equals < 0 ? QByteArray() : part.mid(equals + 1), plus);
-        if (!name || !value)
+        if (!name || !value) {
             return std::nullopt;
+        }
         pairs.append({*name, *value});
     }
     return pairs;

@@ -5,38 +5,40 @@
 
 #include <QJsonArray>
 
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 namespace
 {
 QJsonObject nameObject(const PersonName& name)
 {
-    return {{QStringLiteral("use"), QStringLiteral("official")},
-            {QStringLiteral("family"), QJsonArray{name.family}},
-            {QStringLiteral("given"), QJsonArray::fromStringList(name.given)}};
+    return {{u"use"_s, u"official"_s},
+            {u"family"_s, QJsonArray{name.family}},
+            {u"given"_s, QJsonArray::fromStringList(name.given)}};
 }
 
 QJsonObject reference(const QString& type, const QString& id)
 {
-    return {{QStringLiteral("reference"), type + QLatin1Char('/') + id}};
+    return {{u"reference"_s, type + u'/' + id}};
 }
 
 QJsonObject identifier(const QString& system, const QString& value)
 {
-    return {{QStringLiteral("system"), system}, {QStringLiteral("value"), value}};
+    return {{u"system"_s, system}, {u"value"_s, value}};
 }
 
 QJsonObject coding(const QString& system, const QString& code, const QString& display)
 {
-    return {{QStringLiteral("system"), system}, {QStringLiteral("code"), code}, {QStringLiteral("display"), display}};
+    return {{u"system"_s, system}, {u"code"_s, code}, {u"display"_s, display}};
 }
 
 QJsonObject medication(const QString& id, bool isBrand, const QJsonArray& codings)
 {
-    return {{QStringLiteral("resourceType"), QStringLiteral("Medication")},
-            {QStringLiteral("id"), id},
-            {QStringLiteral("isBrand"), isBrand},
-            {QStringLiteral("code"), QJsonObject{{QStringLiteral("coding"), codings}}}};
+    return {{u"resourceType"_s, u"Medication"_s},
+            {u"id"_s, id},
+            {u"isBrand"_s, isBrand},
+            {u"code"_s, QJsonObject{{u"coding"_s, codings}}}};
 }
 
 /// The medicine by its non-proprietary name and, where the prescription names one, by its trade name. The dosage code
@@ -46,15 +48,17 @@ QJsonArray medications(const Prescription& prescription, const QString& dosageSy
 {
     const auto dosage = [&](const QString& display) { return coding(dosageSystem, prescription.dosageCode, display); };
     QJsonArray innCodings;
-    if (!prescription.dosageCode.isEmpty())
+    if (!prescription.dosageCode.isEmpty()) {
         innCodings.append(dosage(prescription.inn));
+    }
     innCodings.append(coding(uri::nonProprietaryNames, prescription.innCode, prescription.inn));
-    QJsonArray medications{medication(QStringLiteral("inn"), false, innCodings)};
+    QJsonArray medications{medication(u"inn"_s, false, innCodings)};
     if (!prescription.tradeName.isEmpty()) {
         QJsonArray codings{coding(uri::tradeNames, prescription.tradeNameCode, prescription.tradeName)};
-        if (!prescription.dosageCode.isEmpty())
+        if (!prescription.dosageCode.isEmpty()) {
             codings.append(dosage(prescription.tradeName));
-        medications.append(medication(QStringLiteral("trade"), true, codings));
+        }
+        medications.append(medication(u"trade"_s, true, codings));
     }
     return medications;
 }
@@ -62,83 +66,75 @@ QJsonArray medications(const Prescription& prescription, const QString& dosageSy
 QJsonArray instructions(const QStringList& texts)
 {
     QJsonArray instructions;
-    for (const QString& text : texts)
-        instructions.append(QJsonObject{{QStringLiteral("text"), text}});
+    for (const QString& text : texts) {
+        instructions.append(QJsonObject{{u"text"_s, text}});
+    }
     return instructions;
 }
 } // namespace
 
 QJsonObject patientResource(const Patient& patient)
 {
-    return {{QStringLiteral("resourceType"), QStringLiteral("Patient")},
-            {QStringLiteral("id"), patient.id},
-            {QStringLiteral("identifier"), QJsonArray{identifier(uri::cardNumbers, patient.card)}},
-            {QStringLiteral("name"), QJsonArray{nameObject(patient.name)}},
-            {QStringLiteral("birthDate"), patient.birthDate.toString(Qt::ISODate)}};
+    return {{u"resourceType"_s, u"Patient"_s},
+            {u"id"_s, patient.id},
+            {u"identifier"_s, QJsonArray{identifier(uri::cardNumbers, patient.card)}},
+            {u"name"_s, QJsonArray{nameObject(patient.name)}},
+            {u"birthDate"_s, patient.birthDate.toString(Qt::ISODate)}};
 }
 
 QJsonObject practitionerResource(const Practitioner& practitioner)
 {
-    return {{QStringLiteral("resourceType"), QStringLiteral("Practitioner")},
-            {QStringLiteral("id"), practitioner.id},
-            {QStringLiteral("name"), nameObject(practitioner.name)}};
+    return {
+        {u"resourceType"_s, u"Practitioner"_s}, {u"id"_s, practitioner.id}, {u"name"_s, nameObject(practitioner.name)}};
 }
 
 QJsonObject payerResource(const Payer& payer)
 {
-    return {{QStringLiteral("resourceType"), QStringLiteral("Organization")},
-            {QStringLiteral("id"), payer.id},
-            {QStringLiteral("name"), payer.name}};
+    return {{u"resourceType"_s, u"Organization"_s}, {u"id"_s, payer.id}, {u"name"_s, payer.name}};
 }
 
 QJsonObject prescriptionResource(const Prescription& prescription, const QString& dosageSystem)
 {
-    const QJsonObject validity{{QStringLiteral("start"), prescription.written.toString(Qt::ISODate)},
-                               {QStringLiteral("end"), prescription.validUntil.toString(Qt::ISODate)}};
+    const QJsonObject validity{{u"start"_s, prescription.written.toString(Qt::ISODate)},
+                               {u"end"_s, prescription.validUntil.toString(Qt::ISODate)}};
     QJsonObject resource{
-        {QStringLiteral("resourceType"), QStringLiteral("MedicationPrescription")},
-        {QStringLiteral("id"), prescription.id},
-        {QStringLiteral("identifier"), QJsonArray{identifier(uri::serialNumbers, prescription.serialNumber)}},
-        {QStringLiteral("status"), prescription.status},
-        {QStringLiteral("dateWritten"), prescription.written.toString(Qt::ISODate)},
-        {QStringLiteral("patient"), reference(QStringLiteral("Patient"), prescription.patientId)},
-        {QStringLiteral("prescriber"), reference(QStringLiteral("Practitioner"), prescription.practitionerId)},
-        {QStringLiteral("contained"), medications(prescription, dosageSystem)},
-        {QStringLiteral("medication"),
-         QJsonObject{{QStringLiteral("reference"),
-                      prescription.prescribedByInn ? QStringLiteral("#inn") : QStringLiteral("#trade")}}},
-        {QStringLiteral("dosageInstruction"), instructions(prescription.instructions)},
-        {QStringLiteral("dispense"),
-         QJsonObject{{QStringLiteral("validityPeriod"), validity},
-                     {QStringLiteral("quantity"), QJsonObject{{QStringLiteral("value"), prescription.quantity}}}}}};
+        {u"resourceType"_s, u"MedicationPrescription"_s},
+        {u"id"_s, prescription.id},
+        {u"identifier"_s, QJsonArray{identifier(uri::serialNumbers, prescription.serialNumber)}},
+        {u"status"_s, prescription.status},
+        {u"dateWritten"_s, prescription.written.toString(Qt::ISODate)},
+        {u"patient"_s, reference(u"Patient"_s, prescription.patientId)},
+        {u"prescriber"_s, reference(u"Practitioner"_s, prescription.practitionerId)},
+        {u"contained"_s, medications(prescription, dosageSystem)},
+        {u"medication"_s, QJsonObject{{u"reference"_s, prescription.prescribedByInn ? u"#inn"_s : u"#trade"_s}}},
+        {u"dosageInstruction"_s, instructions(prescription.instructions)},
+        {u"dispense"_s, QJsonObject{{u"validityPeriod"_s, validity},
+                                    {u"quantity"_s, QJsonObject{{u"value"_s, prescription.quantity}}}}}};
     if (prescription.patientShare) {
-        resource.insert(QStringLiteral("extension"),
-                        QJsonArray{QJsonObject{{QStringLiteral("url"), uri::factorExtension},
-                                               {QStringLiteral("valueDecimal"), *prescription.patientShare}}});
+        resource.insert(u"extension"_s, QJsonArray{QJsonObject{{u"url"_s, uri::factorExtension},
+                                                               {u"valueDecimal"_s, *prescription.patientShare}}});
     }
     return resource;
 }
 
 QJsonObject signatureResource(const Prescription& prescription)
 {
-    return {
-        {QStringLiteral("resourceType"), QStringLiteral("Provenance")},
-        {QStringLiteral("id"), QStringLiteral("signature-") + prescription.id},
-        {QStringLiteral("target"), QJsonArray{reference(QStringLiteral("MedicationPrescription"), prescription.id)}},
-        {QStringLiteral("recorded"), prescription.written.startOfDay(Qt::UTC).toString(Qt::ISODate)}};
+    return {{u"resourceType"_s, u"Provenance"_s},
+            {u"id"_s, u"signature-"_s + prescription.id},
+            {u"target"_s, QJsonArray{reference(u"MedicationPrescription"_s, prescription.id)}},
+            {u"recorded"_s, prescription.written.startOfDay(Qt::UTC).toString(Qt::ISODate)}};
 }
 
 QJsonObject dispenseResource(const Dispense& dispense, const Prescription& prescription)
 {
-    return {{QStringLiteral("resourceType"), QStringLiteral("MedicationDispense")},
-            {QStringLiteral("id"), dispense.id},
-            {QStringLiteral("status"), QStringLiteral("completed")},
-            {QStringLiteral("extension"), QJsonArray{QJsonObject{{QStringLiteral("url"), uri::finalDispenseExtension},
-                                                                 {QStringLiteral("valueBoolean"), dispense.isFinal}}}},
-            {QStringLiteral("patient"), reference(QStringLiteral("Patient"), prescription.patientId)},
-            {QStringLiteral("authorizingPrescription"),
-             QJsonArray{reference(QStringLiteral("MedicationPrescription"), prescription.id)}},
-            {QStringLiteral("quantity"), QJsonObject{{QStringLiteral("value"), dispense.quantity}}},
-            {QStringLiteral("whenHandedOver"), dispense.handedOver.toString(Qt::ISODate)}};
+    return {{u"resourceType"_s, u"MedicationDispense"_s},
+            {u"id"_s, dispense.id},
+            {u"status"_s, u"completed"_s},
+            {u"extension"_s,
+             QJsonArray{QJsonObject{{u"url"_s, uri::finalDispenseExtension}, {u"valueBoolean"_s, dispense.isFinal}}}},
+            {u"patient"_s, reference(u"Patient"_s, prescription.patientId)},
+            {u"authorizingPrescription"_s, QJsonArray{reference(u"MedicationPrescription"_s, prescription.id)}},
+            {u"quantity"_s, QJsonObject{{u"value"_s, dispense.quantity}}},
+            {u"whenHandedOver"_s, dispense.handedOver.toString(Qt::ISODate)}};
 }
 } // namespace emulator

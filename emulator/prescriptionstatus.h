@@ -7,12 +7,8 @@
 /// The states of a prescription (HL7 FHIR DSTU 1, MedicationPrescription.status).
 namespace emulator::prescriptionstatus
 {
-inline const QString active = QStringLiteral("active");
-inline const QString completed = QStringLiteral("completed"); ///< dispensed in full, or declared so by the pharmacy
-inline const QStringList all{active,
-                             QStringLiteral("on-hold"),
-                             completed,
-                             QStringLiteral("entered-in-error"),
-                             QStringLiteral("stopped"),
-                             QStringLiteral("superceded")};
+using namespace Qt::StringLiterals;
+inline const QString active = u"active"_s;
+inline const QString completed = u"completed"_s; ///< dispensed in full, or declared so by the pharmacy
+inline const QStringList all{active, u"on-hold"_s, completed, u"entered-in-error"_s, u"stopped"_s, u"superceded"_s};
 } // namespace emulator::prescriptionstatus

@@ -3,6 +3,8 @@
 
 #include "operationoutcome.h"
 
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 Refusal::Refusal(int status, QString details)
@@ -14,7 +16,7 @@ Refusal::Refusal(int status, QString details)
 Refusal Refusal::oauth(int status, const QString& error, const QString& description, const QString& details)
 {
     Refusal refusal(status, details);
-    refusal.m_oauth = {{QStringLiteral("error"), error}, {QStringLiteral("error_description"), description}};
+    refusal.m_oauth = {{u"error"_s, error}, {u"error_description"_s, description}};
     return refusal.with("Cache-Control", "no-store");
 }
 
@@ -28,8 +30,9 @@ Refusal Refusal::with(const QByteArray& header, const QByteArray& value) const
 HttpAnswer Refusal::answer() const
 {
     QJsonObject content = operationOutcome(m_details);
-    for (auto member = m_oauth.begin(); member != m_oauth.end(); ++member)
+    for (auto member = m_oauth.begin(); member != m_oauth.end(); ++member) {
         content.insert(member.key(), member.value());
+    }
     HttpAnswer answer = HttpAnswer::json(m_status, content);
     answer.headers = m_headers;
     return answer;

@@ -9,6 +9,8 @@
 
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 namespace
@@ -16,8 +18,9 @@ namespace
 void demandJson(const HttpRequest& request)
 {
     const QByteArray type = request.header("Content-Type").split(';').first().trimmed().toLower();
-    if (type != "application/json")
-        throw Refusal(415, QStringLiteral("Запрос должен быть отправлен в виде JSON"));
+    if (type != "application/json") {
+        throw Refusal(415, u"Запрос должен быть отправлен в виде JSON"_s);
+    }
 }
 
 QString parameter(const DecodedPairs& query, const QString& name)
@@ -25,10 +28,12 @@ QString parameter(const DecodedPairs& query, const QString& name)
     QString value;
     bool isFound = false;
     for (const auto& [itemName, itemValue] : query) {
-        if (itemName != name)
+        if (itemName != name) {
             continue;
-        if (isFound)
-            throw Refusal(400, QStringLiteral("Параметр ") + name + QStringLiteral(" указан дважды"));
+        }
+        if (isFound) {
+            throw Refusal(400, u"Параметр "_s + name + u" указан дважды"_s);
+        }
         isFound = true;
         value = itemValue;
     }
@@ -51,7 +56,7 @@ HttpAnswer RegistryApi::answer(const HttpRequest& request, const Route& route)
     } catch (const Refusal& refusal) {
         return refusal.answer();
     } catch (const EmulatorError& error) {
-        return Refusal(500, QStringLiteral("Внутренняя ошибка реестра: ") + error.message()).answer();
+        return Refusal(500, u"Внутренняя ошибка реестра: "_s + error.message()).answer();
     }
 }
 
@@ -59,23 +64,23 @@ HttpAnswer RegistryApi::unreadable(int status)
 {
     switch (status) {
     case 413:
-        return Refusal(status, QStringLiteral("Тело запроса слишком велико")).answer();
+        return Refusal(status, u"Тело запроса слишком велико"_s).answer();
     case 431:
-        return Refusal(status, QStringLiteral("Заголовки запроса слишком велики")).answer();
+        return Refusal(status, u"Заголовки запроса слишком велики"_s).answer();
     case 505:
-        return Refusal(status, QStringLiteral("Версия HTTP не поддерживается")).answer();
+        return Refusal(status, u"Версия HTTP не поддерживается"_s).answer();
     default:
-        return Refusal(status, QStringLiteral("Запрос не удалось разобрать")).answer();
+        return Refusal(status, u"Запрос не удалось разобрать"_s).answer();
     }
 }
 
 HttpAnswer RegistryApi::carryOut(const HttpRequest& request, const Route& route)
 {
-    if (route.endpoint == Endpoint::Unknown)
-        throw Refusal(404, QStringLiteral("Адрес неизвестен реестру"));
+    if (route.endpoint == Endpoint::Unknown) {
+        throw Refusal(404, u"Адрес неизвестен реестру"_s);
+    }
     if (request.method != route.method) {
-        throw Refusal(405, QStringLiteral("Метод ") + QString::fromLatin1(request.method) +
-                               QStringLiteral(" здесь не поддерживается"))
+        throw Refusal(405, u"Метод "_s + QString::fromLatin1(request.method) + u" здесь не поддерживается"_s)
             .with("Allow", route.method);
     }
     switch (route.endpoint) {
@@ -94,17 +99,21 @@ HttpAnswer RegistryApi::prescriptionsByCard(const HttpRequest& request) const
 {
     m_tokens.admit(request, m_store.rules().prescriptionScope);
     const auto query = decodeQuery(request.query());
-    if (!query)
-        throw Refusal(400, QStringLiteral("Параметры запроса не удалось разобрать"));
-    const QString card = parameter(*query, QStringLiteral("patientIdentifier"));
-    if (card.isEmpty())
-        throw Refusal(400, QStringLiteral("Не указан номер карты"));
-    const QString status = parameter(*query, QStringLiteral("status"));
-    if (!status.isEmpty() && !prescriptionstatus::all.contains(status))
-        throw Refusal(400, QStringLiteral("Неизвестный статус рецепта «") + status + QStringLiteral("»"));
+    if (!query) {
+        throw Refusal(400, u"Параметры запроса не удалось разобрать"_s);
+    }
+    const QString card = parameter(*query, u"patientIdentifier"_s);
+    if (card.isEmpty()) {
+        throw Refusal(400, u"Не указан номер карты"_s);
+    }
+    const QString status = parameter(*query, u"status"_s);
+    if (!status.isEmpty() && !prescriptionstatus::all.contains(status)) {
+        throw Refusal(400, u"Неизвестный статус рецепта «"_s + status + u"»"_s);
+    }
     const auto patient = m_store.patientOfCard(card);
-    if (!patient)
-        throw Refusal(404, QStringLiteral("Карта не найдена в реестре"));
+    if (!patient) {
+        throw Refusal(404, u"Карта не найдена в реестре"_s);
+    }
     return HttpAnswer::json(200, byCardAnswer(m_store, *patient, status));
 }
 
@@ -119,8 +128,9 @@ HttpAnswer RegistryApi::cancelDispense(const HttpRequest& request, const QString
 {
     const Access access = m_tokens.admit(request, m_store.rules().dispenseScope);
     demandJson(request);
-    if (!QJsonDocument::fromJson(request.body).isObject())
-        throw Refusal(400, QStringLiteral("Запрос отмены не является объектом JSON"));
+    if (!QJsonDocument::fromJson(request.body).isObject()) {
+        throw Refusal(400, u"Запрос отмены не является объектом JSON"_s);
+    }
     return m_register.cancel(dispenseId, access);
 }
 } // namespace emulator

@@ -9,6 +9,8 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 namespace
@@ -29,8 +31,9 @@ int statusOf(const Delivery& delivery)
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw EmulatorError(QStringLiteral("cannot read the seed %1: %2").arg(path, file.errorString()));
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw EmulatorError(u"cannot read the seed %1: %2"_s.arg(path, file.errorString()));
+    }
     return file.readAll();
 }
 
@@ -38,7 +41,7 @@ QUrl loopbackUrl(const QString& scheme, quint16 port)
 {
     QUrl url;
     url.setScheme(scheme);
-    url.setHost(QStringLiteral("127.0.0.1"));
+    url.setHost(u"127.0.0.1"_s);
     url.setPort(port);
     return url;
 }
@@ -58,8 +61,9 @@ RegistryEmulator::~RegistryEmulator() = default;
 void RegistryEmulator::start()
 {
     std::optional<QSslConfiguration> tls;
-    if (!m_settings.tlsCertificate.isEmpty() || !m_settings.tlsKey.isEmpty())
+    if (!m_settings.tlsCertificate.isEmpty() || !m_settings.tlsKey.isEmpty()) {
         tls = tlsIdentity(m_settings.tlsCertificate, m_settings.tlsKey);
+    }
     auto registryServer = std::make_unique<HttpServer>(
         RequestHandler{[this](const HttpRequest& request) { return answer(request); },
                        [this](const HttpRequest& request, int status) { return answerUnreadable(request, status); }});
@@ -85,17 +89,17 @@ void RegistryEmulator::stop()
 
 QUrl RegistryEmulator::url() const
 {
-    if (!m_registryServer)
+    if (!m_registryServer) {
         return {};
-    QUrl url = loopbackUrl(m_settings.tlsCertificate.isEmpty() ? QStringLiteral("http") : QStringLiteral("https"),
-                           m_registryServer->port());
+    }
+    QUrl url = loopbackUrl(m_settings.tlsCertificate.isEmpty() ? u"http"_s : u"https"_s, m_registryServer->port());
     url.setPath(m_settings.basePath);
     return url;
 }
 
 QUrl RegistryEmulator::adminUrl() const
 {
-    return m_adminServer ? loopbackUrl(QStringLiteral("http"), m_adminServer->port()) : QUrl();
+    return m_adminServer ? loopbackUrl(u"http"_s, m_adminServer->port()) : QUrl();
 }
 
 quint64 RegistryEmulator::connectionCount() const
@@ -122,7 +126,7 @@ void RegistryEmulator::keepSeedFile(const QString& path)
     try {
         SeedReader(today()).read(json);
     } catch (const EmulatorError& error) {
-        throw EmulatorError(path + QStringLiteral(": ") + error.message());
+        throw EmulatorError(path + u": "_s + error.message());
     }
     m_seed = json;
 }
@@ -165,8 +169,9 @@ Delivery RegistryEmulator::answer(const HttpRequest& request)
     entry.headers = request.headers;
     entry.body = request.body;
     entry.status = statusOf(delivery);
-    if (fault)
+    if (fault) {
         entry.fault = fault->name;
+    }
     return deliver(m_journal.add(std::move(entry)), std::move(delivery));
 }
 

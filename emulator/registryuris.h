@@ -7,13 +7,13 @@
 /// emulator is built, together with the plug-in's.
 namespace emulator::uri
 {
-inline const QString factorExtension =
-    QStringLiteral("http://" REGISTRY_STRUCTURE_HOST "/fhir/StructureDefinition/by-factor");
+using namespace Qt::StringLiterals;
+inline const QString factorExtension = u"http://" REGISTRY_STRUCTURE_HOST "/fhir/StructureDefinition/by-factor"_s;
 inline const QString finalDispenseExtension =
-    QStringLiteral("http://" REGISTRY_STRUCTURE_HOST "/fhir/StructureDefinition/by-finalDispense");
-inline const QString cardNumbers = QStringLiteral("http://" REGISTRY_STRUCTURE_HOST "/fhir/sid/card");
-inline const QString serialNumbers = QStringLiteral("http://" REGISTRY_STRUCTURE_HOST "/fhir/sid/prescription-serial");
-inline const QString nonProprietaryNames = QStringLiteral("http://" DOSAGE_DICTIONARY_HOST "/Справочник.МНН");
-inline const QString tradeNames = QStringLiteral("http://" DOSAGE_DICTIONARY_HOST "/Справочник.ТорговоеНаименование");
-inline const QString currency = QStringLiteral("urn:std:iso:4217");
+    u"http://" REGISTRY_STRUCTURE_HOST "/fhir/StructureDefinition/by-finalDispense"_s;
+inline const QString cardNumbers = u"http://" REGISTRY_STRUCTURE_HOST "/fhir/sid/card"_s;
+inline const QString serialNumbers = u"http://" REGISTRY_STRUCTURE_HOST "/fhir/sid/prescription-serial"_s;
+inline const QString nonProprietaryNames = u"http://" DOSAGE_DICTIONARY_HOST "/Справочник.МНН"_s;
+inline const QString tradeNames = u"http://" DOSAGE_DICTIONARY_HOST "/Справочник.ТорговоеНаименование"_s;
+inline const QString currency = u"urn:std:iso:4217"_s;
 } // namespace emulator::uri

@@ -23,12 +23,15 @@ QByteArray bytesOf(const View& view)
 
 int statusOf(const boost::system::error_code& error)
 {
-    if (error == http::error::body_limit)
+    if (error == http::error::body_limit) {
         return 413;
-    if (error == http::error::header_limit)
+    }
+    if (error == http::error::header_limit) {
         return 431;
-    if (error == http::error::bad_version)
+    }
+    if (error == http::error::bad_version) {
         return 505;
+    }
     return 400;
 }
 } // namespace
@@ -63,8 +66,9 @@ RequestParser::State RequestParser::read(QByteArray& bytes)
             const auto expect = parser.get()[http::field::expect];
             m_continueWished = boost::beast::iequals(expect, "100-continue");
         }
-        if (error == http::error::need_more)
+        if (error == http::error::need_more) {
             break;
+        }
         if (error) {
             m_status = statusOf(error);
             return State::Unreadable;
@@ -89,8 +93,9 @@ HttpRequest RequestParser::take()
     request.target = bytesOf(message.target());
     request.body = bytesOf(message.body());
     request.keepAlive = message.keep_alive();
-    for (const auto& field : message)
+    for (const auto& field : message) {
         request.headers.append({bytesOf(field.name_string()), bytesOf(field.value())});
+    }
     return request;
 }
 } // namespace emulator

@@ -12,6 +12,6 @@ struct Rules {
     QString prescriptionScope; ///< scope that a look-up by card needs; empty: any token will do
     QString dispenseScope;     ///< scope that registering and cancelling a dispense needs; empty: any token will do
     /// Coding system of the medicines' dosages. Its codes are the numeric ones that a pharmacy's dictionary holds.
-    QString dosageSystem = QStringLiteral("http://" DOSAGE_DICTIONARY_HOST "/Справочник.Дозировка");
+    QString dosageSystem = QString::fromUtf8("http://" DOSAGE_DICTIONARY_HOST "/Справочник.Дозировка");
 };
 } // namespace emulator

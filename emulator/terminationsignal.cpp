@@ -7,6 +7,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 namespace
@@ -23,13 +25,15 @@ void tell(int)
 TerminationSignal::TerminationSignal(QObject* parent)
     : QObject(parent)
 {
-    if (::pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
-        throw EmulatorError(QStringLiteral("cannot catch signals"));
+    if (::pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0) {
+        throw EmulatorError(u"cannot catch signals"_s);
+    }
     m_notifier = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
         char byte = 0;
-        if (::read(pipeEnds[0], &byte, 1) == 1)
+        if (::read(pipeEnds[0], &byte, 1) == 1) {
             emit received();
+        }
     });
     std::signal(SIGTERM, tell);
     std::signal(SIGINT, tell);

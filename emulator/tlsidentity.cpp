@@ -7,6 +7,8 @@
 #include <QSslCertificate>
 #include <QSslKey>
 
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 namespace
@@ -14,8 +16,9 @@ namespace
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw EmulatorError(QStringLiteral("cannot read %1: %2").arg(path, file.errorString()));
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw EmulatorError(u"cannot read %1: %2"_s.arg(path, file.errorString()));
+    }
     return file.readAll();
 }
 
@@ -23,8 +26,9 @@ QSslKey keyIn(const QByteArray& pem)
 {
     for (const QSsl::KeyAlgorithm algorithm : {QSsl::Rsa, QSsl::Ec}) {
         QSslKey key(pem, algorithm);
-        if (!key.isNull())
+        if (!key.isNull()) {
             return key;
+        }
     }
     return {};
 }
@@ -32,14 +36,17 @@ QSslKey keyIn(const QByteArray& pem)
 
 QSslConfiguration tlsIdentity(const QString& certificateFile, const QString& keyFile)
 {
-    if (certificateFile.isEmpty() || keyFile.isEmpty())
-        throw EmulatorError(QStringLiteral("TLS needs both a certificate and a key"));
+    if (certificateFile.isEmpty() || keyFile.isEmpty()) {
+        throw EmulatorError(u"TLS needs both a certificate and a key"_s);
+    }
     const QList<QSslCertificate> chain = QSslCertificate::fromData(contentOf(certificateFile));
-    if (chain.isEmpty())
-        throw EmulatorError(QStringLiteral("%1 holds no PEM certificate").arg(certificateFile));
+    if (chain.isEmpty()) {
+        throw EmulatorError(u"%1 holds no PEM certificate"_s.arg(certificateFile));
+    }
     const QSslKey key = keyIn(contentOf(keyFile));
-    if (key.isNull())
-        throw EmulatorError(QStringLiteral("%1 holds no RSA or EC key in PEM without a passphrase").arg(keyFile));
+    if (key.isNull()) {
+        throw EmulatorError(u"%1 holds no RSA or EC key in PEM without a passphrase"_s.arg(keyFile));
+    }
 
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
     configuration.setLocalCertificateChain(chain);
