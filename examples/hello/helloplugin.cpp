@@ -5,10 +5,13 @@
 #include "config.h"
 #include "dialog.h"
 
+using namespace Qt::StringLiterals;
+
 bool HelloPlugin::init()
 {
-    if (!Singleton<Config>::get()->getBool(QStringLiteral("Hello:enabled")))
+    if (!Singleton<Config>::get()->getBool(u"Hello:enabled"_s)) {
         return false;
+    }
 
     Singleton<ActivityNotifier>::get()->subscribe(this);
     addHandler({EContext::Idle, greetCommand, [this](const control::Action&) { return greet(); }, true});
@@ -19,25 +22,26 @@ bool HelloPlugin::init()
 
 void HelloPlugin::handleEvent(const Event& event)
 {
-    if (event.getCode() == EActivityListener::ReceiptClosed)
+    if (event.getCode() == EActivityListener::ReceiptClosed) {
         ++m_closedReceipts;
+    }
 }
 
 EContext::Result HelloPlugin::greet()
 {
-    const QString greeting = Singleton<Config>::get()->getString(QStringLiteral("Hello:greeting"));
-    const tr::Tr text(QStringLiteral("helloGreeting"), QStringLiteral("%1\nЗакрыто чеков: %2"));
-    MockFactory<Dialog>::create()->showMessage(text.arg(greeting).arg(QString::number(m_closedReceipts)),
-                                               Dialog::Notice, 0, 0);
+    const QString greeting = Singleton<Config>::get()->getString(u"Hello:greeting"_s);
+    const tr::Tr text(u"helloGreeting"_s, u"%1\nЗакрыто чеков: %2"_s);
+    Dialog::create()->showMessage(text.arg(greeting).arg(QString::number(m_closedReceipts)), Dialog::Notice, 0, 0);
     return EContext::GoOn;
 }
 
 EContext::Result HelloPlugin::refuseEmptyReceipt()
 {
     const QSharedPointer<AbstractDocument> receipt = getDocument();
-    if (!receipt || !receipt->getPositions().isEmpty())
+    if (!receipt || !receipt->getPositions().isEmpty()) {
         return EContext::GoOn;
-    const tr::Tr text(QStringLiteral("helloEmptyReceipt"), QStringLiteral("В чеке нет товаров.\nДобавьте товар."));
-    MockFactory<Dialog>::create()->showMessage(text, Dialog::Error, 1, 0);
+    }
+    const tr::Tr text(u"helloEmptyReceipt"_s, u"В чеке нет товаров.\nДобавьте товар."_s);
+    Dialog::create()->showMessage(text, Dialog::Error, 1, 0);
     return EContext::Stop;
 }
