@@ -18,6 +18,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace
@@ -82,8 +84,9 @@ public:
 qsizetype bundlesIn(const QByteArray& bytes)
 {
     const QJsonObject answer = QJsonDocument::fromJson(bytes).object();
-    if (answer["resourceType"_L1] != "Bundle"_L1)
+    if (answer["resourceType"_L1] != "Bundle"_L1) {
         return 0;
+    }
     const QJsonArray entries = answer["entry"_L1].toArray();
     return std::count_if(entries.begin(), entries.end(), [](const QJsonValue& entry) {
         return entry["resource"_L1]["resourceType"_L1] == "Bundle"_L1;
@@ -106,8 +109,9 @@ void lookAtEveryCell(const Prescriptions& prescriptions)
     const ElectronicPrescriptionChoiceModel model(prescriptions, {}, nullptr);
     promise(model.rowCount() == prescriptions.size(), "the list has a row for each prescription");
     for (int row = 0; row < model.rowCount(); ++row) {
-        for (int column = 0; column < model.columnCount(); ++column)
+        for (int column = 0; column < model.columnCount(); ++column) {
             promise(model.index(row, column).data().typeId() == QMetaType::QString, "every cell holds a text");
+        }
         for (const int column : {ElectronicPrescriptionChoiceModel::DoseQuantity,
                                  ElectronicPrescriptionChoiceModel::DispensedDoseQuantity}) {
             bool isNumber = false;
@@ -122,7 +126,9 @@ void serveFirst(const Service& service, const Prescriptions& prescriptions)
 {
     const QString id = prescriptions.first()->getId();
     if (!id.isValidUtf16()) // what is no text comes back as another one
+    {
         return;
+    }
     const auto sale = QSharedPointer<Sale>::create();
     sale->positions << QSharedPointer<GoodsItem>::create();
     service.fillElectronicPrescriptionDataForPosition(prescriptions.first(), sale->positions.first(), true, 1.0);
@@ -166,8 +172,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     Service service;
     const Prescriptions prescriptions = lookUp(service, bytes);
     lookAtEveryCell(prescriptions);
-    if (!prescriptions.isEmpty())
+    if (!prescriptions.isEmpty()) {
         serveFirst(service, prescriptions);
+    }
     Client().checkRequestResultStatus(QJsonDocument::fromJson(bytes).object(), u"POST:201"_s);
     refuse(bytes);
     return 0;

@@ -13,6 +13,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -24,7 +26,7 @@ public:
     {
         static const QTemporaryDir folder;
         static int count = 0;
-        m_file.setFileName(folder.filePath(QString::number(++count) + QStringLiteral(".ini")));
+        m_file.setFileName(folder.filePath(QString::number(++count) + u".ini"_s));
         promise(m_file.open(QIODevice::WriteOnly) && m_file.write(bytes) == bytes.size(), "the file can be written");
         m_file.close();
     }
@@ -47,14 +49,15 @@ bool isUtf8(const QByteArray& bytes)
 
 void readKeys(const Config& config)
 {
-    for (const FunctionKey& key : configuredFunctionKeys(config))
+    for (const FunctionKey& key : configuredFunctionKeys(config)) {
         promise(!key.name.isEmpty() && key.actionType != 0, "a function key has a name and an action");
+    }
     promise(configuredMenuEntries(config).size() <= 9, "the menu has an entry for each digit at most");
 }
 
 void readNumbers(const Config& config)
 {
-    const QString key = QStringLiteral("ElectronicPrescription:timeout");
+    const QString key = u"ElectronicPrescription:timeout"_s;
     bool isNumber = false;
     const int number = config.getString(key).trimmed().toInt(&isNumber);
     promise(config.getInt(key, 60) == (isNumber ? number : 60), "a number that is none gives the default");
@@ -64,12 +67,12 @@ void readNumbers(const Config& config)
 /// so does a backslash at the end of a line: both go on in the next line.
 void readWhatFollows(const QByteArray& bytes)
 {
-    if (bytes.contains('"') || bytes.contains('\\'))
+    if (bytes.contains('"') || bytes.contains('\\')) {
         return;
+    }
     const IniFile longer(bytes + "\n[Below]\nkey=one,two three\n");
     const Config config(longer.name());
-    promise(config.getString(QStringLiteral("Below:key")) == QStringLiteral("one,two three"),
-            "what stands below is read");
+    promise(config.getString(u"Below:key"_s) == u"one,two three"_s, "what stands below is read");
 }
 
 } // namespace
@@ -84,7 +87,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     promise(!bytes.contains("@Variant(") || !config.isReadable(), "a value is a text");
     readKeys(config);
     readNumbers(config);
-    if (isUtf8(bytes) && !bytes.contains('\0') && !bytes.contains("@Variant("))
+    if (isUtf8(bytes) && !bytes.contains('\0') && !bytes.contains("@Variant(")) {
         readWhatFollows(bytes);
+    }
     return 0;
 }

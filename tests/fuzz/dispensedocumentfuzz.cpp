@@ -10,6 +10,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 using namespace emulator;
 
 namespace
@@ -26,21 +28,18 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static RegistryState state;
     static DispenseRegister dispenses(state.store(), [] { return QDateTime(RegistryState::today, QTime(12, 0)); });
-    const Access access{QStringLiteral("pharmacy"), QStringLiteral("17"), {}, {}};
+    const Access access{u"pharmacy"_s, u"17"_s, {}, {}};
     const qsizetype known = state.store().dispenses().size();
     try {
         const HttpAnswer answer = dispenses.book(bytesOf(data, size), access);
-        const QString id =
-            QJsonDocument::fromJson(
-                answer.body)[QStringLiteral("entry")][0][QStringLiteral("resource")][QStringLiteral("id")]
-                .toString();
+        const QString id = QJsonDocument::fromJson(answer.body)[u"entry"_s][0][u"resource"_s][u"id"_s].toString();
         const auto booked = state.store().dispense(id);
         promise(booked.has_value(), "what was registered is booked under the id that was told");
         state.check();
 
         dispenses.cancel(id, access);
         promise(state.store().dispense(id)->isCancelled, "what was registered can be cancelled");
-        promise(statusOf(state, booked->prescriptionId) == QStringLiteral("active"),
+        promise(statusOf(state, booked->prescriptionId) == u"active"_s,
                 "a cancellation makes the prescription active again");
         state.beginAgain();
     } catch (const Refusal& refusal) {

@@ -17,6 +17,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -44,7 +46,7 @@ void put(const QString& file, const QByteArray& bytes)
 QByteArray soundSale()
 {
     Receipt sale(soundNumber, QDateTime(QDate(2026, 3, 1), QTime(9, 0)));
-    sale.add({.name = QStringLiteral("Йод"), .price = 1.5, .quantity = 2}, {});
+    sale.add({.name = u"Йод"_s, .price = 1.5, .quantity = 2}, {});
     sale.setEnding({Receipt::State::Closed, QDateTime(QDate(2026, 3, 1), QTime(9, 5)), {}, 300});
     return QJsonDocument(sale.toJson()).toJson();
 }
@@ -67,21 +69,21 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const QTemporaryDir folder;
     static const QByteArray sound = soundSale();
-    const QString finishedSound = folder.filePath(QStringLiteral("finished/00000001.json"));
-    const QString finished = folder.filePath(QStringLiteral("finished/00000002.json"));
-    const QString putAside = folder.filePath(QStringLiteral("putaside/00000002.json"));
+    const QString finishedSound = folder.filePath(u"finished/00000001.json"_s);
+    const QString finished = folder.filePath(u"finished/00000002.json"_s);
+    const QString putAside = folder.filePath(u"putaside/00000002.json"_s);
     MockFactory<Dialog>::mocked = [] { return QSharedPointer<Dialog>(new Silent); };
-    Singleton<Config>::get()->setForThisRun(QStringLiteral("Register:data"), folder.path());
+    Singleton<Config>::get()->setForThisRun(u"Register:data"_s, folder.path());
 
     QDir(folder.path()).removeRecursively();
-    QDir(folder.path()).mkpath(QStringLiteral("finished"));
-    QDir(folder.path()).mkpath(QStringLiteral("putaside"));
+    QDir(folder.path()).mkpath(u"finished"_s);
+    QDir(folder.path()).mkpath(u"putaside"_s);
     const QByteArray bytes = bytesOf(data, size);
     put(finishedSound, sound);
     put(finished, bytes);
     put(putAside, bytes);
-    put(folder.filePath(QStringLiteral("receipt.json")), bytes);
-    put(folder.filePath(QStringLiteral("lastreceiptnumber")), bytes);
+    put(folder.filePath(u"receipt.json"_s), bytes);
+    put(folder.filePath(u"lastreceiptnumber"_s), bytes);
 
     const DocumentArchive archive(folder.path());
     promise(holds(archive.latest(10), soundNumber), "a sound document is listed beside any other");
@@ -100,8 +102,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
             "tidying up leaves what is damaged as it is");
 
     archive.isTakenBack(*archive.find(soundNumber), stillOpen);
-    if (const auto document = archive.find(otherNumber))
+    if (const auto document = archive.find(otherNumber)) {
         promise(archive.save(document), "a document that was read can be saved");
+    }
     promise(contentOf(finishedSound) == sound, "a sound document stays as it is");
     return 0;
 }

@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 int LLVMFuzzerInitialize(int* argc, char*** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -15,14 +17,15 @@ int LLVMFuzzerInitialize(int* argc, char*** argv)
     // Lives as long as the process: a fuzzer ends without coming back.
     static auto* const application = new QApplication(*argc, *argv);
     Q_UNUSED(application)
-    Singleton<Config>::get()->setForThisRun(QStringLiteral("Logging:properties"), QStringLiteral(SILENT_LOGGING));
+    Singleton<Config>::get()->setForThisRun(u"Logging:properties"_s, QString::fromUtf8(SILENT_LOGGING));
     return 0;
 }
 
 void promise(bool isKept, const char* words)
 {
-    if (isKept)
+    if (isKept) {
         return;
+    }
     std::fprintf(stderr, "Not kept: %s\n", words);
     std::abort();
 }

@@ -11,6 +11,8 @@
 #include <cstring>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
 
 namespace
@@ -52,7 +54,7 @@ QJsonValue other(const QJsonValue& value, Random& random)
     case 9:
         return QJsonArray{value, value};
     case 10:
-        return QJsonObject{{QStringLiteral("value"), value}};
+        return QJsonObject{{u"value"_s, value}};
     case 11:
         return value.toDouble() + double(random() % 3) - 1;
     default:
@@ -67,23 +69,25 @@ QJsonValue mutated(const QJsonValue& value, Random& random) // NOLINT(misc-no-re
         QJsonObject object = value.toObject();
         const QStringList names = object.keys();
         const QString name = names[qsizetype(random()) % names.size()];
-        if (random() % 8 == 0)
+        if (random() % 8 == 0) {
             object.remove(name);
-        else if (random() % 16 == 0)
+        } else if (random() % 16 == 0) {
             object.insert(changed(name), object.take(name));
-        else
+        } else {
             object.insert(name, mutated(object.value(name), random));
+        }
         return object;
     }
     if (value.isArray() && random() % 8 != 0 && !value.toArray().isEmpty()) {
         QJsonArray array = value.toArray();
         const qsizetype place = qsizetype(random()) % array.size();
-        if (random() % 8 == 0)
+        if (random() % 8 == 0) {
             array.removeAt(place);
-        else if (random() % 8 == 0)
+        } else if (random() % 8 == 0) {
             array.insert(place, array.at(place));
-        else
+        } else {
             array[place] = mutated(array.at(place), random);
+        }
         return array;
     }
     return other(value, random);
@@ -95,15 +99,17 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
 {
     Random random(seed);
     const QJsonDocument document = QJsonDocument::fromJson(bytesOf(data, size));
-    if (document.isNull() || random() % 16 == 0)
+    if (document.isNull() || random() % 16 == 0) {
         return LLVMFuzzerMutate(data, size, maxSize);
+    }
     const QJsonValue root = document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
     const QJsonValue changedRoot = mutated(root, random);
     const QJsonDocument result =
         changedRoot.isArray() ? QJsonDocument(changedRoot.toArray()) : QJsonDocument(changedRoot.toObject());
     const QByteArray bytes = result.toJson(QJsonDocument::Compact);
-    if (std::size_t(bytes.size()) > maxSize)
+    if (std::size_t(bytes.size()) > maxSize) {
         return LLVMFuzzerMutate(data, size, maxSize);
+    }
     std::memcpy(data, bytes.constData(), std::size_t(bytes.size()));
     return std::size_t(bytes.size());
 }

@@ -18,16 +18,18 @@ QByteArray encoded(const QString& text)
 QByteArray encoded(const DecodedPairs& pairs)
 {
     QByteArrayList parts;
-    for (const auto& [name, value] : pairs)
+    for (const auto& [name, value] : pairs) {
         parts.append(encoded(name) + '=' + encoded(value));
+    }
     return parts.join('&');
 }
 
 /// A value is decoded like a part of a path; only a form's plus signs are blanks.
 void decodeAsValue(const QByteArray& part)
 {
-    if (part.contains('&'))
+    if (part.contains('&')) {
         return;
+    }
     const auto value = decodePercent(part);
     const auto query = decodeQuery("name=" + part);
     promise(query.has_value() == value.has_value() && (!query || query->first().second == *value),
@@ -43,15 +45,18 @@ void decodeAsValue(const QByteArray& part)
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray bytes = bytesOf(data, size);
-    if (const auto text = decodePercent(bytes))
+    if (const auto text = decodePercent(bytes)) {
         promise(decodePercent(encoded(*text)) == text, "a decoded part encodes and decodes to itself");
+    }
     const QString text = QString::fromUtf8(bytes);
     promise(decodePercent(encoded(text)) == text, "whatever is encoded can be decoded");
     decodeAsValue(bytes);
-    if (const auto query = decodeQuery(bytes))
+    if (const auto query = decodeQuery(bytes)) {
         promise(decodeQuery(encoded(*query)) == query, "a decoded query encodes and decodes to itself");
-    if (const auto form = decodeForm(bytes))
+    }
+    if (const auto form = decodeForm(bytes)) {
         promise(decodeForm(encoded(*form)) == form, "a decoded form encodes and decodes to itself");
+    }
     promise(decodeQuery(bytes).has_value() == decodeForm(bytes).has_value(),
             "a form is a query but for its plus signs");
     return 0;

@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -31,7 +33,7 @@ bool isEmpty(const PositionMarks::Look& look)
 QString fileWith(const QByteArray& bytes)
 {
     static const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("positionmarks.json")));
+    QFile file(folder.filePath(u"positionmarks.json"_s));
     promise(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(), "the file can be written");
     return file.fileName();
 }
@@ -40,11 +42,11 @@ QString fileWith(const QByteArray& bytes)
 void lookAtMarked(const PositionMarks& marks, const QJsonObject& entry, const QByteArray& options)
 {
     GoodsItem position;
-    position.setTag(entry.value(QStringLiteral("tag")).toString());
+    position.setTag(entry.value(u"tag"_s).toString());
     position.setExtendedOptions(QString::fromUtf8(options));
     const PositionMarks::Look look = marks.look(position);
     promise(look.mark.size() <= 4, "a mark is short");
-    promise(look.mark.isValidUtf16() || !entry.value(QStringLiteral("mark")).toString().isValidUtf16(),
+    promise(look.mark.isValidUtf16() || !entry.value(u"mark"_s).toString().isValidUtf16(),
             "a mark is cut between characters");
     promise(look.state.isEmpty() || !position.getTags().first().isEmpty(), "only a marked position has a state");
 }
@@ -62,16 +64,16 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     promise(isEmpty(marks.look(plain)), "a position without a tag has no look of its own");
 
     const QJsonObject root = QJsonDocument::fromJson(bytes).object();
-    for (const auto entry : root.value(QStringLiteral("positions")).toArray())
+    for (const auto entry : root.value(u"positions"_s).toArray()) {
         lookAtMarked(marks, entry.toObject(), bytes);
+    }
 
     Document document;
     promise(marks.documentText(document).isEmpty(), "nothing is told of a document on which nothing is stored");
-    const QJsonArray lines = root.value(QStringLiteral("document")).toArray();
-    for (const auto line : lines)
-        document.setPluginValue(line[QStringLiteral("plugin")].toString(), line[QStringLiteral("key")].toString(),
-                                QStringLiteral("1100"));
-    promise(marks.documentText(document).count(QStringLiteral("1100")) >= lines.size(),
-            "each line of the document is told");
+    const QJsonArray lines = root.value(u"document"_s).toArray();
+    for (const auto line : lines) {
+        document.setPluginValue(line[u"plugin"_s].toString(), line[u"key"_s].toString(), u"1100"_s);
+    }
+    promise(marks.documentText(document).count(u"1100"_s) >= lines.size(), "each line of the document is told");
     return 0;
 }

@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 using namespace emulator;
 
 namespace
@@ -40,12 +42,14 @@ private:
         while (!received.isEmpty()) {
             const qsizetype before = received.size();
             const RequestParser::State state = parser.read(received);
-            if (state == RequestParser::State::Complete)
+            if (state == RequestParser::State::Complete) {
                 requests.append(parser.take());
-            else if (state == RequestParser::State::Unreadable)
+            } else if (state == RequestParser::State::Unreadable) {
                 status = parser.status();
-            if (state != RequestParser::State::Complete)
+            }
+            if (state != RequestParser::State::Complete) {
                 return;
+            }
             promise(received.size() < before, "a request takes up bytes");
         }
     }
@@ -68,7 +72,7 @@ class Registry
 public:
     Registry()
         : m_api(
-              m_state.store(), [] { return QDateTime(RegistryState::today, QTime(12, 0)); }, QStringLiteral("/fhir"))
+              m_state.store(), [] { return QDateTime(RegistryState::today, QTime(12, 0)); }, u"/fhir"_s)
         , m_token(issueToken())
     {
     }
@@ -90,8 +94,7 @@ public:
                 "the registry knows its answer");
         const QJsonDocument body = QJsonDocument::fromJson(answer.body);
         promise(body.isObject(), "every answer is a JSON object");
-        promise(answer.status == 200 ||
-                    !body[QStringLiteral("issue")][0][QStringLiteral("details")].toString().isEmpty(),
+        promise(answer.status == 200 || !body[u"issue"_s][0][u"details"_s].toString().isEmpty(),
                 "a refusal has a text for the cashier");
         promise(answer.head(true).count("\r\n\r\n") == 1, "the answer's head ends once");
     }
@@ -108,7 +111,7 @@ private:
         request.body =
             "grant_type=client_credentials&client_id=pharmacy&client_secret=secret&organization_identifier=17";
         const HttpAnswer answer = m_api.answer(request, m_api.routeOf(request));
-        return QJsonDocument::fromJson(answer.body)[QStringLiteral("access_token")].toString().toLatin1();
+        return QJsonDocument::fromJson(answer.body)[u"access_token"_s].toString().toLatin1();
     }
 
     RegistryState m_state;
@@ -126,11 +129,14 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const Conversation whole(bytes, std::max<qsizetype>(1, bytes.size()));
     promise(hasSameRequests(whole, Conversation(bytes, 1)), "it does not matter in which portions the bytes come");
 
-    for (const HttpRequest& request : whole.requests)
+    for (const HttpRequest& request : whole.requests) {
         registry.ask(request);
-    if (!whole.requests.isEmpty())
+    }
+    if (!whole.requests.isEmpty()) {
         registry.beginAgain();
-    if (whole.status != 0)
+    }
+    if (whole.status != 0) {
         Registry::lookAt(RegistryApi::unreadable(whole.status));
+    }
     return 0;
 }

@@ -23,11 +23,13 @@ public:
     /// What must hold after any request.
     void check() const
     {
-        for (const QString& card : m_store.cards())
-            for (const emulator::Prescription& prescription : m_store.prescriptionsOfCard(card))
+        for (const QString& card : m_store.cards()) {
+            for (const emulator::Prescription& prescription : m_store.prescriptionsOfCard(card)) {
                 promise(emulator::doses::handedOut(m_store.dispensesOf(prescription.id)) <=
                             prescription.quantity + emulator::doses::tolerance,
                         "no more is handed out than was prescribed");
+            }
+        }
     }
 
 private:

@@ -37,8 +37,9 @@ int main(int argc, char** argv)
             std::fprintf(stderr, "No inputs in %s\n", argv[argument]);
             return EXIT_FAILURE;
         }
-        for (const QFileInfo& input : inputs)
+        for (const QFileInfo& input : inputs) {
             replay(input);
+        }
     }
     return EXIT_SUCCESS;
 }

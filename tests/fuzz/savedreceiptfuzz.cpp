@@ -13,13 +13,15 @@
 #include <initializer_list>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 SavedReceiptFile read(const QByteArray& bytes)
 {
     static const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("receipt.json")));
+    QFile file(folder.filePath(u"receipt.json"_s));
     promise(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(), "the file can be written");
     file.close();
     return SavedReceiptFile::read(file.fileName());
@@ -34,7 +36,7 @@ QByteArray saved(const Receipt& receipt)
 void compare(const QJsonObject& written, const QJsonObject& kept, std::initializer_list<const char*> names)
 {
     for (const char* name : names) {
-        const QLatin1String member(name);
+        const QLatin1StringView member(name);
         promise(!written.contains(member) || written.value(member) == kept.value(member), "nothing read is lost");
     }
 }
@@ -42,29 +44,31 @@ void compare(const QJsonObject& written, const QJsonObject& kept, std::initializ
 void compareWithFile(const QJsonObject& written, const QJsonObject& kept)
 {
     compare(written, kept, {"number", "type", "state", "takenBackBy"});
-    const QJsonArray positions = written.value(QLatin1String("positions")).toArray();
-    for (qsizetype place = 0; place < positions.size(); ++place)
-        compare(positions.at(place).toObject(), kept.value(QLatin1String("positions")).toArray().at(place).toObject(),
+    const QJsonArray positions = written.value("positions"_L1).toArray();
+    for (qsizetype place = 0; place < positions.size(); ++place) {
+        compare(positions.at(place).toObject(), kept.value("positions"_L1).toArray().at(place).toObject(),
                 {"number", "name", "price", "minRetailPrice", "tmcPrice", "quantity", "extendedOptions", "softCheckId",
                  "initialPrice"});
-    const QJsonObject plugins = written.value(QLatin1String("plugins")).toObject();
-    for (auto plugin = plugins.begin(); plugin != plugins.end(); ++plugin)
-        promise(plugin->toObject() == kept.value(QLatin1String("plugins")).toObject().value(plugin.key()).toObject(),
+    }
+    const QJsonObject plugins = written.value("plugins"_L1).toObject();
+    for (auto plugin = plugins.begin(); plugin != plugins.end(); ++plugin) {
+        promise(plugin->toObject() == kept.value("plugins"_L1).toObject().value(plugin.key()).toObject(),
                 "nothing that a plug-in stored is lost");
+    }
 }
 
 /// False after some two thousand million positions, which only a made-up receipt has had.
 bool hasRoom(const Receipt& receipt)
 {
     constexpr int lastNumber = std::numeric_limits<int>::max() - 1;
-    return receipt.toJson().value(QStringLiteral("nextPosition")).toInt() < lastNumber;
+    return receipt.toJson().value(u"nextPosition"_s).toInt() < lastNumber;
 }
 
 /// What the cashier does next with a receipt that was taken up: an accepted one is fit for work.
 void workOn(Receipt& receipt)
 {
     const Kopecks before = receipt.getSum();
-    const auto position = receipt.add({.name = QStringLiteral("Йод"), .price = 1.5, .quantity = 2}, {});
+    const auto position = receipt.add({.name = u"Йод"_s, .price = 1.5, .quantity = 2}, {});
     promise(receipt.position(position->getNumber()) == position, "a new position has a number of its own");
     promise(receipt.getSum() == before + 300, "a new position adds its price to the sum");
     receipt.remove(position->getNumber());
@@ -82,9 +86,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const QByteArray bytes = bytesOf(data, size);
     const SavedReceiptFile file = read(bytes);
     promise(!file.receipt == !file.damage.isEmpty(), "a document is read, or it is told what is wrong");
-    promise(file.damage != QStringLiteral("no error occurred"), "what is wrong is not nothing");
-    if (!file.receipt)
+    promise(file.damage != u"no error occurred"_s, "what is wrong is not nothing");
+    if (!file.receipt) {
         return 0;
+    }
     compareWithFile(QJsonDocument::fromJson(bytes).object(), file.receipt->toJson());
     const QByteArray once = saved(*file.receipt);
     const SavedReceiptFile again = read(once);
@@ -92,7 +97,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     promise(saved(*again.receipt) == once, "what was accepted is saved and read back equal");
     promise(again.receipt->getSum() == file.receipt->getSum(), "the sum stays the same");
     promise(again.receipt->getReceived() == file.receipt->getReceived(), "the cash received stays the same");
-    if (hasRoom(*file.receipt))
+    if (hasRoom(*file.receipt)) {
         workOn(*file.receipt);
+    }
     return 0;
 }

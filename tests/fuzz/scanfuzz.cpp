@@ -44,10 +44,11 @@ public:
                       QString(QLatin1Char(character)));
         key.setTimestamp(m_time);
         m_recognizer.key(key, m_field);
-        if (isBackspace)
+        if (isBackspace) {
             m_field.chop(1);
-        else
+        } else {
             m_field += QLatin1Char(character);
+        }
     }
 
 private:
@@ -78,7 +79,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const QByteArray bytes = bytesOf(data, size);
     const qsizetype prefix = bytes.isEmpty() ? 0 : static_cast<unsigned char>(bytes.front()) % 4;
     Keyboard keyboard(QString::fromLatin1(bytes.mid(1, prefix)));
-    for (qsizetype at = 1 + prefix; at + 1 < bytes.size(); at += 2)
+    for (qsizetype at = 1 + prefix; at + 1 < bytes.size(); at += 2) {
         keyboard.press(static_cast<unsigned char>(bytes[at]), bytes[at + 1]);
+    }
     return 0;
 }

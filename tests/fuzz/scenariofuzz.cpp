@@ -5,6 +5,8 @@
 
 #include "scenario.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -20,7 +22,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const ScenarioFile scenario = ScenarioFile::parse(bytesOf(data, size));
     promise(scenario.error.isEmpty() || scenario.steps.isEmpty(), "a scenario is played whole or not at all");
-    promise(scenario.error != QStringLiteral("no error occurred"), "it is told what is wrong");
+    promise(scenario.error != u"no error occurred"_s, "it is told what is wrong");
     for (const ScenarioStep& step : scenario.steps) {
         const ScenarioFile alone = ScenarioFile::parse("{\"steps\": [" + step.source.toUtf8() + "]}");
         promise(alone.steps.size() == 1 && isSame(alone.steps.first(), step),

@@ -7,6 +7,8 @@
 #include "emulatorerror.h"
 #include "seedreader.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace emulator;
 
 namespace
@@ -16,7 +18,7 @@ void lookAt(const PrescriptionStore& store, const Seed& seed)
 {
     for (const Patient& patient : seed.patients) {
         promise(store.patientOfCard(patient.card).has_value(), "each patient is found by the card");
-        promise(byCardAnswer(store, patient, {}).contains(QStringLiteral("resourceType")), "each card has an answer");
+        promise(byCardAnswer(store, patient, {}).contains(u"resourceType"_s), "each card has an answer");
     }
     for (const Prescription& prescription : seed.prescriptions) {
         const auto stored = store.prescription(prescription.id);

@@ -14,6 +14,8 @@
 #include <sys/prctl.h>
 #include <sys/resource.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -43,7 +45,7 @@ void meetTheDiskAsAnybody()
 
 QString dispenseLine(const QString& prescription, double doses, const QString& id)
 {
-    return QStringLiteral("%1: %2 doses as %3").arg(prescription).arg(doses).arg(id);
+    return u"%1: %2 doses as %3"_s.arg(prescription).arg(doses).arg(id);
 }
 
 } // namespace
@@ -51,27 +53,26 @@ QString dispenseLine(const QString& prescription, double doses, const QString& i
 void Pharmacy::SetUp()
 {
     ASSERT_TRUE(m_folder.isValid());
-    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("data")));
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"data"_s));
     registry.start();
     m_register.setProcessChannelMode(QProcess::MergedChannels);
     m_register.setChildProcessModifier(meetTheDiskAsAnybody);
 
-    configure(QStringLiteral("plugins:pharmacy"), QStringLiteral("true"));
+    configure(u"plugins:pharmacy"_s, u"true"_s);
     configureRegistry();
-    configure(QStringLiteral("ElectronicPrescription:clientId"), QStringLiteral("pharmacy-17"));
-    configure(QStringLiteral("ElectronicPrescription:clientSecret"), QStringLiteral("secret&17"));
-    configure(QStringLiteral("ElectronicPrescription:scope"), QStringLiteral("dispense"));
-    configure(QStringLiteral("ElectronicPrescription:organizationIdentifier"), QStringLiteral("100000017"));
-    configure(QStringLiteral("ElectronicPrescription:organizationName"), QStringLiteral("Аптека № 17"));
-    configure(QStringLiteral("ElectronicPrescription:timeout"), QStringLiteral("20"));
-    configure(QStringLiteral("Register:demoData"), QStringLiteral("true"));
-    configure(QStringLiteral("FunctionKeys:keys"),
-              QStringLiteral("newReceiptKey,goodsKey,quantityKey,prescriptionKey,subtotalKey,removeKey,"
-                             "cancelReceiptKey,menuKey,paymentKey"));
-    configure(QStringLiteral("FunctionKey.prescriptionKey:text"), QStringLiteral("Электронный рецепт"));
-    configure(QStringLiteral("FunctionKey.prescriptionKey:key"), QStringLiteral("F5"));
-    configure(QStringLiteral("FunctionKey.prescriptionKey:action"), QStringLiteral("94"));
-    configure(QStringLiteral("FunctionKey.prescriptionKey:arguments"), QStringLiteral("status=active"));
+    configure(u"ElectronicPrescription:clientId"_s, u"pharmacy-17"_s);
+    configure(u"ElectronicPrescription:clientSecret"_s, u"secret&17"_s);
+    configure(u"ElectronicPrescription:scope"_s, u"dispense"_s);
+    configure(u"ElectronicPrescription:organizationIdentifier"_s, u"100000017"_s);
+    configure(u"ElectronicPrescription:organizationName"_s, u"Аптека № 17"_s);
+    configure(u"ElectronicPrescription:timeout"_s, u"20"_s);
+    configure(u"Register:demoData"_s, u"true"_s);
+    configure(u"FunctionKeys:keys"_s, u"newReceiptKey,goodsKey,quantityKey,prescriptionKey,subtotalKey,removeKey,"
+                                      "cancelReceiptKey,menuKey,paymentKey"_s);
+    configure(u"FunctionKey.prescriptionKey:text"_s, u"Электронный рецепт"_s);
+    configure(u"FunctionKey.prescriptionKey:key"_s, u"F5"_s);
+    configure(u"FunctionKey.prescriptionKey:action"_s, u"94"_s);
+    configure(u"FunctionKey.prescriptionKey:arguments"_s, u"status=active"_s);
 }
 
 void Pharmacy::TearDown()
@@ -87,8 +88,8 @@ void Pharmacy::configure(const QString& key, const QString& value)
 
 void Pharmacy::configureRegistry()
 {
-    configure(QStringLiteral("ElectronicPrescription:requestsUrl"), registry.url());
-    configure(QStringLiteral("ElectronicPrescription:authorizationUrl"), registry.url());
+    configure(u"ElectronicPrescription:requestsUrl"_s, registry.url());
+    configure(u"ElectronicPrescription:authorizationUrl"_s, registry.url());
 }
 
 void Pharmacy::restartRegistry(const QStringList& options)
@@ -100,24 +101,24 @@ void Pharmacy::restartRegistry(const QStringList& options)
 
 void Pharmacy::loseWidget(const QString& layout, const QString& widget)
 {
-    const QByteArray original = contentOf(QStringLiteral(PLUGIN_FOLDER "/electronicprescription/") + layout);
+    const QByteArray original = contentOf(QString::fromUtf8(PLUGIN_FOLDER "/electronicprescription/") + layout);
     QByteArray changed = original;
     changed.replace("name=\"" + widget.toUtf8() + '"', "name=\"renamed\"");
     ASSERT_NE(changed, original) << qPrintable(layout) << " has no " << qPrintable(widget);
-    const QDir folder(m_folder.filePath(QStringLiteral("layouts")));
-    ASSERT_TRUE(folder.mkpath(QStringLiteral(".")));
+    const QDir folder(m_folder.filePath(u"layouts"_s));
+    ASSERT_TRUE(folder.mkpath(u"."_s));
     write(folder.filePath(layout), changed);
-    configure(QStringLiteral("GUI:layouts"), folder.path());
+    configure(u"GUI:layouts"_s, folder.path());
 }
 
 void Pharmacy::leaveOpen(const QString& receipt)
 {
-    write(dataFolder() + QStringLiteral("/receipt.json"), contentOf(QStringLiteral(SCENARIO_FOLDER "/") + receipt));
+    write(dataFolder() + u"/receipt.json"_s, contentOf(QString::fromUtf8(SCENARIO_FOLDER "/") + receipt));
 }
 
 Pharmacy::Outcome Pharmacy::play(const QString& scenario, const QStringList& options)
 {
-    launch(QStringLiteral(SCENARIO_FOLDER "/") + scenario, options);
+    launch(QString::fromUtf8(SCENARIO_FOLDER "/") + scenario, options);
     return waitForEnd();
 }
 
@@ -129,7 +130,7 @@ Pharmacy::Outcome Pharmacy::playSteps(const QByteArrayList& steps, const QString
 
 void Pharmacy::start(const QString& scenario)
 {
-    launch(QStringLiteral(SCENARIO_FOLDER "/") + scenario, {});
+    launch(QString::fromUtf8(SCENARIO_FOLDER "/") + scenario, {});
 }
 
 void Pharmacy::startSteps(const QByteArrayList& steps, const QStringList& options)
@@ -139,22 +140,23 @@ void Pharmacy::startSteps(const QByteArrayList& steps, const QStringList& option
 
 void Pharmacy::launchSteps(const QByteArrayList& steps, const QStringList& options)
 {
-    const QString file = m_folder.filePath(QStringLiteral("steps.json"));
+    const QString file = m_folder.filePath(u"steps.json"_s);
     write(file, R"({"steps": [)" + steps.join(", ") + "]}");
     launch(file, options);
 }
 
 void Pharmacy::launch(const QString& scenario, const QStringList& options)
 {
-    const QString configuration = m_folder.filePath(QStringLiteral("register.ini"));
+    const QString configuration = m_folder.filePath(u"register.ini"_s);
     writeConfiguration(configuration);
-    QStringList arguments{QStringLiteral("--config"), configuration, QStringLiteral("--data"),        dataFolder(),
-                          QStringLiteral("--play"),   scenario,      QStringLiteral("--screenshots"), m_folder.path()};
-    if (!options.contains(QStringLiteral("--plugins")))
-        arguments += {QStringLiteral("--plugins"), QStringLiteral(PLUGIN_FOLDER)};
+    QStringList arguments{u"--config"_s, configuration, u"--data"_s,        dataFolder(),
+                          u"--play"_s,   scenario,      u"--screenshots"_s, m_folder.path()};
+    if (!options.contains(u"--plugins"_s)) {
+        arguments += {u"--plugins"_s, QString::fromUtf8(PLUGIN_FOLDER)};
+    }
 
     m_output.clear();
-    m_register.start(QStringLiteral(REGISTER_PROGRAM), arguments + options);
+    m_register.start(QString::fromUtf8(REGISTER_PROGRAM), arguments + options);
     ASSERT_TRUE(m_register.waitForStarted(patience)) << qPrintable(m_register.errorString());
 }
 
@@ -162,13 +164,14 @@ void Pharmacy::writeConfiguration(const QString& file) const
 {
     QMap<QString, QByteArray> sections;
     for (auto it = m_configuration.cbegin(); it != m_configuration.cend(); ++it) {
-        const QString section = it.key().section(QLatin1Char(':'), 0, 0);
-        const QString key = it.key().section(QLatin1Char(':'), 1);
+        const QString section = it.key().section(u':', 0, 0);
+        const QString key = it.key().section(u':', 1);
         sections[section] += key.toUtf8() + "=\"" + it.value().toUtf8() + "\"\n";
     }
     QByteArray ini;
-    for (auto it = sections.cbegin(); it != sections.cend(); ++it)
+    for (auto it = sections.cbegin(); it != sections.cend(); ++it) {
         ini += "[" + it.key().toUtf8() + "]\n" + it.value() + "\n";
+    }
     write(file, ini);
 }
 
@@ -193,9 +196,10 @@ bool Pharmacy::waitForOutput(const QString& text)
 {
     QDeadlineTimer deadline(patience);
     while (!m_output.contains(text)) {
-        if (deadline.hasExpired() || m_register.state() != QProcess::Running)
+        if (deadline.hasExpired() || m_register.state() != QProcess::Running) {
             return false;
-        m_register.waitForReadyRead(static_cast<int>(deadline.remainingTime()));
+        }
+        m_register.waitForReadyRead(int(deadline.remainingTime()));
         m_output += QString::fromUtf8(m_register.readAll());
     }
     return true;
@@ -205,8 +209,9 @@ bool Pharmacy::waitForRequests(const QString& endpoint, int requests)
 {
     QDeadlineTimer deadline(patience);
     while (registry.requestsTo(endpoint) < requests) {
-        if (deadline.hasExpired() || m_register.state() != QProcess::Running)
+        if (deadline.hasExpired() || m_register.state() != QProcess::Running) {
             return false;
+        }
         m_register.waitForFinished(lookInterval); // the pause between two looks ends with the register
     }
     return true;
@@ -214,8 +219,9 @@ bool Pharmacy::waitForRequests(const QString& endpoint, int requests)
 
 void Pharmacy::kill()
 {
-    if (m_register.state() == QProcess::NotRunning)
+    if (m_register.state() == QProcess::NotRunning) {
         return;
+    }
     m_register.kill();
     m_register.waitForFinished(patience);
     m_output += QString::fromUtf8(m_register.readAll());
@@ -229,59 +235,59 @@ void Pharmacy::fillDisk(qulonglong bytes)
 
 QString Pharmacy::dataFolder() const
 {
-    return m_folder.filePath(QStringLiteral("data"));
+    return m_folder.filePath(u"data"_s);
 }
 
 QJsonObject Pharmacy::document(const QString& file) const
 {
-    return QJsonDocument::fromJson(contentOf(dataFolder() + QLatin1Char('/') + file)).object();
+    return QJsonDocument::fromJson(contentOf(dataFolder() + u'/' + file)).object();
 }
 
 QJsonObject Pharmacy::savedReceipt() const
 {
-    return document(QStringLiteral("receipt.json"));
+    return document(u"receipt.json"_s);
 }
 
 QJsonArray Pharmacy::savedPositions() const
 {
-    return savedReceipt().value(QLatin1String("positions")).toArray();
+    return savedReceipt().value("positions"_L1).toArray();
 }
 
 QJsonObject Pharmacy::putAside(int number) const
 {
-    return document(QStringLiteral("putaside/%1.json").arg(number, 8, 10, QLatin1Char('0')));
+    return document(u"putaside/%1.json"_s.arg(number, 8, 10, QChar(u'0')));
 }
 
 QJsonObject Pharmacy::finished(int number) const
 {
-    return document(QStringLiteral("finished/%1.json").arg(number, 8, 10, QLatin1Char('0')));
+    return document(u"finished/%1.json"_s.arg(number, 8, 10, QChar(u'0')));
 }
 
 QStringList Pharmacy::files(const QString& folder) const
 {
-    return QDir(dataFolder() + QLatin1Char('/') + folder).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    return QDir(dataFolder() + u'/' + folder).entryList(QDir::Files | QDir::Hidden, QDir::Name);
 }
 
 std::string Pharmacy::printed(int number) const
 {
-    const QString file = dataFolder() + QStringLiteral("/printed/%1.txt").arg(number, 8, 10, QLatin1Char('0'));
+    const QString file = dataFolder() + u"/printed/%1.txt"_s.arg(number, 8, 10, QChar(u'0'));
     return QString::fromUtf8(contentOf(file)).simplified().toStdString();
 }
 
 QJsonObject Pharmacy::optionsOf(const QJsonObject& position)
 {
-    return QJsonDocument::fromJson(position.value(QLatin1String("extendedOptions")).toString().toUtf8()).object();
+    return QJsonDocument::fromJson(position.value("extendedOptions"_L1).toString().toUtf8()).object();
 }
 
 QStringList Pharmacy::registeredBy(const QJsonObject& document)
 {
     QStringList lines;
-    for (const QJsonValue& position : document.value(QLatin1String("positions")).toArray()) {
+    for (const QJsonValue& position : document.value("positions"_L1).toArray()) {
         const QJsonObject options = optionsOf(position.toObject());
-        if (options.value(QLatin1String("status")).toString() == QLatin1String("dispensed"))
-            lines += dispenseLine(options.value(QLatin1String("id")).toString(),
-                                  options.value(QLatin1String("doseQuantity")).toDouble(),
-                                  options.value(QLatin1String("medicationDispenseId")).toString());
+        if (options.value("status"_L1).toString() == "dispensed"_L1) {
+            lines += dispenseLine(options.value("id"_L1).toString(), options.value("doseQuantity"_L1).toDouble(),
+                                  options.value("medicationDispenseId"_L1).toString());
+        }
     }
     lines.sort();
     return lines;
@@ -290,9 +296,11 @@ QStringList Pharmacy::registeredBy(const QJsonObject& document)
 QStringList Pharmacy::standingDispenses()
 {
     QStringList lines;
-    for (const RegistryProcess::Dispense& dispense : registry.dispenses())
-        if (!dispense.cancelled)
+    for (const RegistryProcess::Dispense& dispense : registry.dispenses()) {
+        if (!dispense.cancelled) {
             lines += dispenseLine(dispense.prescription, dispense.quantity, dispense.id);
+        }
+    }
     lines.sort();
     return lines;
 }

@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -13,11 +15,11 @@ QString saveMoment(PowerFailure::At at)
 {
     switch (at) {
     case PowerFailure::At::LongWork:
-        return QStringLiteral("longWork");
+        return u"longWork"_s;
     case PowerFailure::At::BeforeSave:
-        return QStringLiteral("beforeSave");
+        return u"beforeSave"_s;
     case PowerFailure::At::AfterSave:
-        return QStringLiteral("afterSave");
+        return u"afterSave"_s;
     default:
         return {};
     }
@@ -31,26 +33,28 @@ const QByteArray untilTheEnd = R"({"wait": "neverThere", "seconds": 50})";
 void PowerCutTest::SetUp()
 {
     Pharmacy::SetUp();
-    leaveOpen(QStringLiteral("three-prescriptions.json"));
+    leaveOpen(u"three-prescriptions.json"_s);
 }
 
 void PowerCutTest::playUntil(const PowerFailure& failure, const QByteArrayList& steps)
 {
     const QDir plugins(dataFolder() + "/plugins");
     ASSERT_TRUE(QDir().mkpath(plugins.path()));
-    const QDir real(QStringLiteral(PLUGIN_FOLDER));
-    for (const QFileInfo& brought : real.entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot))
+    const QDir real(QString::fromUtf8(PLUGIN_FOLDER));
+    for (const QFileInfo& brought : real.entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot)) {
         QFile::link(brought.absoluteFilePath(), plugins.filePath(brought.fileName()));
-    QFile::link(QStringLiteral(POWER_CUT_PLUGIN), plugins.filePath(QFileInfo(POWER_CUT_PLUGIN).fileName()));
+    }
+    QFile::link(QString::fromUtf8(POWER_CUT_PLUGIN), plugins.filePath(QFileInfo(POWER_CUT_PLUGIN).fileName()));
 
-    configure(QStringLiteral("PowerCut:at"), saveMoment(failure.at));
-    configure(QStringLiteral("PowerCut:nth"), QString::number(failure.nth));
+    configure(u"PowerCut:at"_s, saveMoment(failure.at));
+    configure(u"PowerCut:nth"_s, QString::number(failure.nth));
     const bool atRequest = *failure.endpoint != 0;
-    if (atRequest)
+    if (atRequest) {
         registry.orderFault({{"endpoint", failure.endpoint},
                              {"nth", failure.nth},
                              {"fault", "never"},
                              {"carriedOut", failure.at == PowerFailure::At::AnswerLost}});
+    }
     registry.forgetRequests();
     startSteps(steps + QByteArrayList{untilTheEnd}, {"--plugins", plugins.path()});
     if (atRequest) {
@@ -70,8 +74,9 @@ void PowerCutTest::correct(const QString& file)
         QJsonObject position = entry.toObject();
         QJsonObject options = optionsOf(position);
         const auto dispenses = registry.dispensesOf(options["id"].toString());
-        if (dispenses.isEmpty())
+        if (dispenses.isEmpty()) {
             continue;
+        }
         options["medicationDispenseId"] = dispenses.last().id;
         options["status"] = dispenses.last().cancelled ? "canceled" : "dispensed";
         position["extendedOptions"] = QString::fromUtf8(QJsonDocument(options).toJson(QJsonDocument::Compact));

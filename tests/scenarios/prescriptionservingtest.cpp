@@ -2,11 +2,13 @@
 #include "pharmacy.h"
 #include "request.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
-const QString tokenPath = QStringLiteral("/connect/token");
-const QString byCardPath = QStringLiteral("/MedicationPrescription/$by-card");
+const QString tokenPath = u"/connect/token"_s;
+const QString byCardPath = u"/MedicationPrescription/$by-card"_s;
 
 } // namespace
 
@@ -24,13 +26,13 @@ TEST_F(PrescriptionServing, servedByKeyboard_goodsStandOnTheReceiptAtTheBenefitP
     const QJsonObject options = optionsOf(position);
     EXPECT_EQ(options.value("id").toString(), position.value("softCheckId").toString());
     EXPECT_FALSE(options.value("id").toString().isEmpty());
-    EXPECT_EQ(options.value("patient").toString(), QStringLiteral("Берёзкин Антон Олегович"));
+    EXPECT_EQ(options.value("patient").toString(), u"Берёзкин Антон Олегович"_s);
     EXPECT_FALSE(options.contains("status"));
     EXPECT_NEAR(position.value("price").toDouble(),
                 position.value("initialPrice").toDouble() * options.value("sumFactor").toDouble(), 0.0051);
     EXPECT_LT(position.value("price").toDouble(), position.value("initialPrice").toDouble());
     const QJsonValue ofThePlugin = savedReceipt().value("plugins")["ElectronicPrescriptionService"];
-    EXPECT_EQ(ofThePlugin["cardNumber"].toString(), QStringLiteral("1100000000000001"));
+    EXPECT_EQ(ofThePlugin["cardNumber"].toString(), u"1100000000000001"_s);
 }
 
 TEST_F(PrescriptionServing, servedByKeyboard_registryIsAskedForATokenAndTheCard)
@@ -41,20 +43,19 @@ TEST_F(PrescriptionServing, servedByKeyboard_registryIsAskedForATokenAndTheCard)
     const QJsonArray requests = registry.journal();
     ASSERT_EQ(requests.size(), 2);
     const QJsonObject token = requests[0].toObject();
-    EXPECT_EQ(token.value("method").toString(), QStringLiteral("POST"));
+    EXPECT_EQ(token.value("method").toString(), u"POST"_s);
     EXPECT_EQ(token.value("path").toString(), tokenPath);
-    EXPECT_EQ(header(token, "Content-Type"), QStringLiteral("application/x-www-form-urlencoded"));
-    EXPECT_EQ(header(token, "Authorization"), QStringLiteral("Bearer oais token"));
+    EXPECT_EQ(header(token, "Content-Type"), u"application/x-www-form-urlencoded"_s);
+    EXPECT_EQ(header(token, "Authorization"), u"Bearer oais token"_s);
     EXPECT_EQ(token.value("body").toString(),
-              QStringLiteral("grant_type=client_credentials&client_id=pharmacy-17&client_secret=secret%2617"
-                             "&scope=dispense&organization_identifier=100000017"));
+              u"grant_type=client_credentials&client_id=pharmacy-17&client_secret=secret%2617"
+              "&scope=dispense&organization_identifier=100000017"_s);
     const QJsonObject byCard = requests[1].toObject();
-    EXPECT_EQ(byCard.value("method").toString(), QStringLiteral("GET"));
-    EXPECT_EQ(byCard.value("target").toString(),
-              byCardPath + QStringLiteral("?patientIdentifier=1100000000000001&status=active"));
-    EXPECT_TRUE(header(byCard, "Authorization").startsWith(QLatin1String("Bearer ")));
-    EXPECT_EQ(header(byCard, "OAIS"), QStringLiteral("Bearer oais token"));
-    EXPECT_EQ(header(byCard, "Accept"), QStringLiteral("application/json"));
+    EXPECT_EQ(byCard.value("method").toString(), u"GET"_s);
+    EXPECT_EQ(byCard.value("target").toString(), byCardPath + u"?patientIdentifier=1100000000000001&status=active"_s);
+    EXPECT_TRUE(header(byCard, "Authorization").startsWith("Bearer "_L1));
+    EXPECT_EQ(header(byCard, "OAIS"), u"Bearer oais token"_s);
+    EXPECT_EQ(header(byCard, "Accept"), u"application/json"_s);
 }
 
 TEST_F(PrescriptionServing, servedByTouch_goodsStandOnTheReceipt)
@@ -130,8 +131,9 @@ TEST_P(WindowClosed, amidServing_registerEndsAndTheReceiptIsThereAsItWasOnTheNex
 {
     const QByteArray untouched = R"({"receipt": {"positions": [{"price": 12.4, "quantity": 1, "tags": []}]}})";
     QByteArrayList steps{R"({"key": "F2"}, {"scan": "2990000000019"})", untouched};
-    for (int step = 0; step <= GetParam(); ++step)
+    for (int step = 0; step <= GetParam(); ++step) {
         steps += servingSteps[step].way;
+    }
     expectHeld(playSteps(steps + QByteArrayList{R"({"close": true})"}));
     ASSERT_EQ(savedPositions().size(), 1);
 

@@ -16,10 +16,12 @@
 #include <iterator>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 /// Who registers dispenses here, as the configuration of the pharmacy has it.
-const QString organization = QStringLiteral("100000017");
+const QString organization = u"100000017"_s;
 } // namespace
 
 RegistryProcess::~RegistryProcess()
@@ -32,84 +34,87 @@ void RegistryProcess::start(const QStringList& options)
     m_url.clear();
     m_adminUrl.clear();
     m_process.setProcessChannelMode(QProcess::MergedChannels);
-    m_process.start(QStringLiteral(EMULATOR_PROGRAM),
-                    options + QStringList{QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--admin-port"),
-                                          QStringLiteral("0"), QStringLiteral("--seed"), QStringLiteral(DEMO_SEED)});
+    m_process.start(QString::fromUtf8(EMULATOR_PROGRAM),
+                    options + QStringList{u"--port"_s, u"0"_s, u"--admin-port"_s, u"0"_s, u"--seed"_s,
+                                          QString::fromUtf8(DEMO_SEED)});
     ASSERT_TRUE(m_process.waitForStarted(patience)) << qPrintable(m_process.errorString());
 
-    static const QRegularExpression line(QStringLiteral("^(registry|admin) (\\S+)$"),
-                                         QRegularExpression::MultilineOption);
+    static const QRegularExpression line(u"^(registry|admin) (\\S+)$"_s, QRegularExpression::MultilineOption);
     QString printed;
     QDeadlineTimer deadline(patience);
     while (m_url.isEmpty() || m_adminUrl.isEmpty()) {
         ASSERT_FALSE(deadline.hasExpired()) << "The emulator printed only " << qPrintable(printed);
         ASSERT_EQ(m_process.state(), QProcess::Running) << qPrintable(printed);
-        m_process.waitForReadyRead(static_cast<int>(deadline.remainingTime()));
+        m_process.waitForReadyRead(int(deadline.remainingTime()));
         printed += QString::fromUtf8(m_process.readAll());
         for (auto it = line.globalMatch(printed); it.hasNext();) {
             const QRegularExpressionMatch match = it.next();
-            (match.captured(1) == QLatin1String("admin") ? m_adminUrl : m_url) = match.captured(2);
+            (match.captured(1) == "admin"_L1 ? m_adminUrl : m_url) = match.captured(2);
         }
     }
 }
 
 void RegistryProcess::stop()
 {
-    if (m_process.state() == QProcess::NotRunning)
+    if (m_process.state() == QProcess::NotRunning) {
         return;
+    }
     m_process.terminate();
-    if (!m_process.waitForFinished(patience))
+    if (!m_process.waitForFinished(patience)) {
         m_process.kill();
+    }
 }
 
 QJsonArray RegistryProcess::journal()
 {
-    return askAdmin("GET", QStringLiteral("/journal")).object().value(QLatin1String("requests")).toArray();
+    return askAdmin("GET", u"/journal"_s).object().value("requests"_L1).toArray();
 }
 
 QStringList RegistryProcess::requestedPaths()
 {
     QStringList paths;
-    for (const QJsonValue& request : journal())
-        paths += request.toObject().value(QLatin1String("path")).toString().section(QLatin1Char('?'), 0, 0);
+    for (const QJsonValue& request : journal()) {
+        paths += request.toObject().value("path"_L1).toString().section(u'?', 0, 0);
+    }
     return paths;
 }
 
 int RegistryProcess::requestsTo(const QString& endpoint)
 {
     const QJsonArray requests = journal();
-    return static_cast<int>(std::count_if(requests.begin(), requests.end(), [&endpoint](const QJsonValue& request) {
-        return request[QLatin1String("endpoint")].toString() == endpoint;
+    return int(std::count_if(requests.begin(), requests.end(), [&endpoint](const QJsonValue& request) {
+        return request["endpoint"_L1].toString() == endpoint;
     }));
 }
 
 void RegistryProcess::forgetRequests()
 {
-    askAdmin("DELETE", QStringLiteral("/journal"));
+    askAdmin("DELETE", u"/journal"_s);
 }
 
 void RegistryProcess::orderFault(const QJsonObject& fault)
 {
-    askAdmin("POST", QStringLiteral("/faults"), QJsonDocument(fault).toJson());
+    askAdmin("POST", u"/faults"_s, QJsonDocument(fault).toJson());
 }
 
 void RegistryProcess::takeBackFaults()
 {
-    askAdmin("DELETE", QStringLiteral("/faults"));
+    askAdmin("DELETE", u"/faults"_s);
 }
 
 QList<RegistryProcess::Dispense> RegistryProcess::dispenses()
 {
     QList<Dispense> found;
     for (const QJsonValue& prescription : prescriptions()) {
-        for (const QJsonValue& dispense : prescription[QLatin1String("dispenses")].toArray()) {
-            if (dispense[QLatin1String("pharmacy")].toString() != organization)
+        for (const QJsonValue& dispense : prescription["dispenses"_L1].toArray()) {
+            if (dispense["pharmacy"_L1].toString() != organization) {
                 continue;
-            found.append({.id = dispense[QLatin1String("id")].toString(),
-                          .prescription = prescription[QLatin1String("id")].toString(),
-                          .quantity = dispense[QLatin1String("quantity")].toDouble(),
-                          .final = dispense[QLatin1String("final")].toBool(),
-                          .cancelled = dispense[QLatin1String("cancelled")].toBool()});
+            }
+            found.append({.id = dispense["id"_L1].toString(),
+                          .prescription = prescription["id"_L1].toString(),
+                          .quantity = dispense["quantity"_L1].toDouble(),
+                          .final = dispense["final"_L1].toBool(),
+                          .cancelled = dispense["cancelled"_L1].toBool()});
         }
     }
     return found;
@@ -126,19 +131,23 @@ QList<RegistryProcess::Dispense> RegistryProcess::dispensesOf(const QString& pre
 
 QString RegistryProcess::statusOf(const QString& prescription)
 {
-    for (const QJsonValue& known : prescriptions())
-        if (known[QLatin1String("id")].toString() == prescription)
-            return known[QLatin1String("status")].toString();
+    for (const QJsonValue& known : prescriptions()) {
+        if (known["id"_L1].toString() == prescription) {
+            return known["status"_L1].toString();
+        }
+    }
     return {};
 }
 
 QJsonArray RegistryProcess::prescriptions()
 {
     QJsonArray all;
-    const QJsonDocument state = askAdmin("GET", QStringLiteral("/state"));
-    for (const QJsonValue& patient : state[QLatin1String("patients")].toArray())
-        for (const QJsonValue& prescription : patient[QLatin1String("prescriptions")].toArray())
+    const QJsonDocument state = askAdmin("GET", u"/state"_s);
+    for (const QJsonValue& patient : state["patients"_L1].toArray()) {
+        for (const QJsonValue& prescription : patient["prescriptions"_L1].toArray()) {
             all.append(prescription);
+        }
+    }
     return all;
 }
 
@@ -146,13 +155,14 @@ QJsonDocument RegistryProcess::askAdmin(const QByteArray& verb, const QString& p
 {
     QNetworkAccessManager network;
     QNetworkRequest request(QUrl(m_adminUrl + path));
-    request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
+    request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
     request.setTransferTimeout(patience);
     const std::unique_ptr<QNetworkReply> reply(network.sendCustomRequest(request, verb, body));
     QEventLoop loop;
     QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
-    if (!reply->isFinished())
+    if (!reply->isFinished()) {
         loop.exec();
+    }
     EXPECT_EQ(reply->error(), QNetworkReply::NoError) << qPrintable(reply->errorString());
     return QJsonDocument::fromJson(reply->readAll());
 }

@@ -5,11 +5,15 @@
 #include <QJsonObject>
 #include <QString>
 
+using namespace Qt::StringLiterals;
+
 /// The value of a header in a request of the registry's journal; empty when it is not there.
 inline QString header(const QJsonObject& request, const QString& name)
 {
-    for (const QJsonValue& field : request.value(QLatin1String("headers")).toArray())
-        if (field[QLatin1String("name")].toString().compare(name, Qt::CaseInsensitive) == 0)
-            return field[QLatin1String("value")].toString();
+    for (const QJsonValue& field : request.value("headers"_L1).toArray()) {
+        if (field["name"_L1].toString().compare(name, Qt::CaseInsensitive) == 0) {
+            return field["value"_L1].toString();
+        }
+    }
     return {};
 }

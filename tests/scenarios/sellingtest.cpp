@@ -7,13 +7,15 @@
 
 #include <gmock/gmock.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 using ::testing::HasSubstr;
 
-const QString tokenPath = QStringLiteral("/connect/token");
-const QString registerPath = QStringLiteral("/MedicationDispense/$register");
+const QString tokenPath = u"/connect/token"_s;
+const QString registerPath = u"/MedicationDispense/$register"_s;
 
 class Selling : public Pharmacy
 {
@@ -22,9 +24,11 @@ protected:
     static QJsonObject resource(const QJsonObject& request, const char* name)
     {
         const QJsonDocument body = QJsonDocument::fromJson(request["body"].toString().toUtf8());
-        for (const QJsonValue& parameter : body["parameter"].toArray())
-            if (parameter["name"].toString() == QLatin1String(name))
+        for (const QJsonValue& parameter : body["parameter"].toArray()) {
+            if (parameter["name"].toString() == QLatin1StringView(name)) {
                 return parameter["resource"].toObject();
+            }
+        }
         return {};
     }
 };

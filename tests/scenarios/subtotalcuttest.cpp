@@ -3,6 +3,8 @@
 
 #include "powercuttest.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -87,7 +89,7 @@ using WithAPartialDispenseUnsaved = PowerCutAtTheSubtotal;
 
 TEST_P(WithAPartialDispenseUnsaved, theNextSubtotalBooksItAgainAndTheReceiptKnowsTheSecond)
 {
-    const QString prescription = QStringLiteral("rx-200%1").arg(GetParam().nth);
+    const QString prescription = u"rx-200%1"_s.arg(GetParam().nth);
     playUntil(GetParam(), {cashier::findsTheReceipt, cashier::subtotal});
     EXPECT_EQ(registeredBy(savedReceipt()).size(), GetParam().nth - 1);
     EXPECT_EQ(registry.dispenses().size(), GetParam().nth);

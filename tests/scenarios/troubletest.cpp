@@ -58,10 +58,11 @@ TEST_P(RegistryTrouble, isToldAndLeavesTheReceiptAsItWas)
 {
     const Trouble trouble = GetParam();
     configure("ElectronicPrescription:timeout", "2");
-    if (*trouble.fault)
+    if (*trouble.fault) {
         registry.orderFault(QJsonDocument::fromJson(trouble.fault).object());
-    else
+    } else {
         registry.stop();
+    }
 
     const Outcome outcome = play("trouble-told.json");
     EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
@@ -78,11 +79,12 @@ class PharmacyTrouble : public Pharmacy
 
 TEST_F(PharmacyTrouble, layoutMissing_isToldByNameAndTheRegisterGoesOn)
 {
-    const QDir plugins(QStringLiteral(PLUGIN_FOLDER));
+    const QDir plugins(QString::fromUtf8(PLUGIN_FOLDER));
     const QDir own(dataFolder() + "/plugins");
     ASSERT_TRUE(QDir().mkpath(own.filePath("electronicprescription")));
-    for (const char* file : {"libelectronicprescription.so", "electronicprescription/electronicprescription.ui"})
+    for (const char* file : {"libelectronicprescription.so", "electronicprescription/electronicprescription.ui"}) {
         ASSERT_TRUE(QFile::copy(plugins.filePath(file), own.filePath(file)));
+    }
 
     const Outcome outcome = play("trouble-told.json", {"--plugins", own.path()});
     EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);

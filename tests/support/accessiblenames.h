@@ -14,8 +14,9 @@
 inline bool isControl(const QWidget& widget)
 {
     const QWidget* parent = widget.parentWidget();
-    if (qobject_cast<const QLineEdit*>(parent) || qobject_cast<const QAbstractItemView*>(parent))
+    if (qobject_cast<const QLineEdit*>(parent) || qobject_cast<const QAbstractItemView*>(parent)) {
         return false;
+    }
     return qobject_cast<const QAbstractButton*>(&widget) || qobject_cast<const QLineEdit*>(&widget) ||
            widget.focusPolicy() & Qt::TabFocus;
 }
@@ -24,8 +25,10 @@ inline bool isControl(const QWidget& widget)
 inline std::string controlsWithoutName(const QWidget& form)
 {
     QStringList nameless;
-    for (const QWidget* widget : form.findChildren<QWidget*>())
-        if (isControl(*widget) && widget->accessibleName().trimmed().isEmpty())
+    for (const QWidget* widget : form.findChildren<QWidget*>()) {
+        if (isControl(*widget) && widget->accessibleName().trimmed().isEmpty()) {
             nameless += widget->objectName().isEmpty() ? widget->metaObject()->className() : widget->objectName();
-    return nameless.join(QLatin1Char(' ')).toStdString();
+        }
+    }
+    return nameless.join(u' ').toStdString();
 }

@@ -14,8 +14,9 @@ public:
         : m_former(Singleton<Config>::instance)
     {
         Singleton<Config>::instance = &m_config;
-        for (auto value = values.cbegin(); value != values.cend(); ++value)
+        for (auto value = values.cbegin(); value != values.cend(); ++value) {
             set(value.key(), value.value());
+        }
     }
     ~Configured() { Singleton<Config>::instance = m_former; }
     Configured(const Configured&) = delete;

@@ -11,6 +11,8 @@
 #include <log4cplus/logger.h>
 #include <log4cplus/spi/loggingevent.h>
 
+using namespace Qt::StringLiterals;
+
 /// Collects what is logged while it lives, whatever the logging is configured to do.
 class LogCapture
 {
@@ -19,7 +21,7 @@ public:
         : m_lines(new Lines)
     {
         // The first message sets the logging up, which may replace the appenders that are there.
-        Log4Qt::LogManager::logger(QStringLiteral("logcapture"))->info(QStringLiteral("Capturing"));
+        Log4Qt::LogManager::logger(u"logcapture"_s)->info(u"Capturing"_s);
         log4cplus::Logger::getRoot().addAppender(m_lines);
     }
     ~LogCapture() { log4cplus::Logger::getRoot().removeAppender(m_lines); }

@@ -22,6 +22,8 @@
 
 #include <sys/socket.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -30,8 +32,9 @@ constexpr int longestWaitMs = 20'000;
 QByteArray readFile(const QString& name)
 {
     QFile file(name);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         throw std::runtime_error("Cannot read " + name.toStdString());
+    }
     return file.readAll();
 }
 
@@ -62,8 +65,9 @@ QByteArray ReceivedRequest::header(const QByteArray& name) const
 {
     for (const QByteArray& line : headers) {
         const qsizetype colon = line.indexOf(':');
-        if (line.first(colon).compare(name, Qt::CaseInsensitive) == 0)
+        if (line.first(colon).compare(name, Qt::CaseInsensitive) == 0) {
             return line.sliced(colon + 1).trimmed();
+        }
     }
     return {};
 }
@@ -73,8 +77,9 @@ Reaction Reaction::json(int status, const QByteArray& body, const QList<QByteArr
     QByteArray bytes =
         "HTTP/1.1 " + QByteArray::number(status) +
         " Scripted\r\nContent-Type: application/json\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n";
-    for (const QByteArray& header : headers)
+    for (const QByteArray& header : headers) {
         bytes += header + "\r\n";
+    }
     return raw(bytes + "\r\n" + body, End::KeepOpen);
 }
 
@@ -140,8 +145,9 @@ public:
 
     void closeAll()
     {
-        for (const auto& connection : findChildren<QSslSocket*>())
+        for (const auto& connection : findChildren<QSslSocket*>()) {
             end(connection, Reaction::End::Close);
+        }
     }
 
 protected:
@@ -181,14 +187,17 @@ private:
 
     void read(QSslSocket* socket)
     {
-        if (socket->state() != QAbstractSocket::ConnectedState)
+        if (socket->state() != QAbstractSocket::ConnectedState) {
             return;
+        }
         State& state = m_states[socket];
         state.input += socket->readAll();
-        if (state.request < 0 && !readHeaders(state))
+        if (state.request < 0 && !readHeaders(state)) {
             return;
-        if (state.input.size() < state.bodyLength && !state.reaction->atHeaders)
+        }
+        if (state.input.size() < state.bodyLength && !state.reaction->atHeaders) {
             return;
+        }
         {
             const QMutexLocker lock(&m_shared.mutex);
             ReceivedRequest& request = m_shared.requests[state.request];
@@ -205,8 +214,9 @@ private:
     bool readHeaders(State& state)
     {
         const qsizetype end = state.input.indexOf("\r\n\r\n");
-        if (end < 0)
+        if (end < 0) {
             return false;
+        }
         QList<QByteArray> lines = state.input.first(end).replace("\r\n", "\n").split('\n');
         const QList<QByteArray> requestLine = lines.takeFirst().split(' ');
         state.input.remove(0, end + 4);
@@ -227,10 +237,12 @@ private:
 
     Reaction nextReaction(const ReceivedRequest& request)
     {
-        if (m_shared.choose)
+        if (m_shared.choose) {
             return m_shared.choose(request);
-        if (m_shared.reactions.empty())
+        }
+        if (m_shared.reactions.empty()) {
             return Reaction::json(200, "{}");
+        }
         Reaction next = m_shared.reactions.front();
         m_shared.reactions.pop_front();
         return next;
@@ -260,8 +272,9 @@ private:
 
     void end(QSslSocket* socket, Reaction::End end)
     {
-        if (end == Reaction::End::KeepOpen)
+        if (end == Reaction::End::KeepOpen) {
             return;
+        }
         if (end == Reaction::End::Close) {
             socket->disconnectFromHost();
             return;
@@ -333,8 +346,9 @@ public:
 ScriptedServer::ScriptedServer(const ServerIdentity* identity)
     : m_host(std::make_unique<Host>(identity))
 {
-    if (m_host->port == 0)
+    if (m_host->port == 0) {
         throw std::runtime_error("Cannot listen on the loopback interface");
+    }
 }
 
 ScriptedServer::~ScriptedServer() = default;
@@ -359,8 +373,8 @@ void ScriptedServer::greetWith(const Reaction& greeting)
 
 QUrl ScriptedServer::url(const QString& path) const
 {
-    const QString scheme = m_host->isSecure ? QStringLiteral("https") : QStringLiteral("http");
-    return QUrl(scheme + QStringLiteral("://127.0.0.1:") + QString::number(m_host->port) + path);
+    const QString scheme = m_host->isSecure ? u"https"_s : u"http"_s;
+    return QUrl(scheme + u"://127.0.0.1:"_s + QString::number(m_host->port) + path);
 }
 
 quint16 ScriptedServer::port() const
@@ -384,8 +398,9 @@ bool ScriptedServer::waitUntilAllConnectionsEnded()
 {
     const QMutexLocker lock(&m_host->shared.mutex);
     while (m_host->shared.openConnections > 0) {
-        if (!m_host->shared.connectionEnded.wait(&m_host->shared.mutex, longestWaitMs))
+        if (!m_host->shared.connectionEnded.wait(&m_host->shared.mutex, longestWaitMs)) {
             return false;
+        }
     }
     return true;
 }

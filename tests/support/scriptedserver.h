@@ -11,6 +11,8 @@
 #include <functional>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 /// A request as it came over the wire.
 struct ReceivedRequest {
     QByteArray method;
@@ -79,7 +81,7 @@ public:
     void greetWith(const Reaction& greeting);
 
     /// "http://127.0.0.1:port" or "https://…", with the path, which begins with "/".
-    QUrl url(const QString& path = QStringLiteral("/")) const;
+    QUrl url(const QString& path = u"/"_s) const;
     quint16 port() const;
 
     /// Every request whose headers came, in the order of their coming.

@@ -5,6 +5,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -12,36 +14,29 @@ void openssl(const QStringList& arguments)
 {
     constexpr int longestMs = 30'000;
     QProcess program;
-    program.start(QStringLiteral("openssl"), arguments);
-    if (!program.waitForFinished(longestMs) || program.exitCode() != 0)
+    program.start(u"openssl"_s, arguments);
+    if (!program.waitForFinished(longestMs) || program.exitCode() != 0) {
         throw std::runtime_error("openssl " + arguments.join(u' ').toStdString() + ": " +
                                  program.readAllStandardError().toStdString());
+    }
 }
 
 QStringList newKey(const QString& file)
 {
-    return {QStringLiteral("-newkey"),
-            QStringLiteral("ec"),
-            QStringLiteral("-pkeyopt"),
-            QStringLiteral("ec_paramgen_curve:P-256"),
-            QStringLiteral("-nodes"),
-            QStringLiteral("-keyout"),
-            file};
+    return {u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s, u"ec_paramgen_curve:P-256"_s, u"-nodes"_s, u"-keyout"_s, file};
 }
 
 } // namespace
 
 TestAuthority::TestAuthority(const QString& name)
 {
-    openssl(QStringList{QStringLiteral("req"), QStringLiteral("-x509")} +
-            newKey(m_folder.filePath(QStringLiteral("key.pem"))) +
-            QStringList{QStringLiteral("-subj"), QStringLiteral("/CN=") + name, QStringLiteral("-days"),
-                        QStringLiteral("2"), QStringLiteral("-out"), certificateFile()});
+    openssl(QStringList{u"req"_s, u"-x509"_s} + newKey(m_folder.filePath(u"key.pem"_s)) +
+            QStringList{u"-subj"_s, u"/CN="_s + name, u"-days"_s, u"2"_s, u"-out"_s, certificateFile()});
 }
 
 QString TestAuthority::certificateFile() const
 {
-    return m_folder.filePath(QStringLiteral("certificate.pem"));
+    return m_folder.filePath(u"certificate.pem"_s);
 }
 
 ServerIdentity::ServerIdentity(const TestAuthority& authority)
@@ -51,23 +46,21 @@ ServerIdentity::ServerIdentity(const TestAuthority& authority)
 
 ServerIdentity::ServerIdentity(const TestAuthority& authority, const Wish& wish)
 {
-    const QString request = m_folder.filePath(QStringLiteral("request.pem"));
-    openssl(QStringList{QStringLiteral("req")} + newKey(keyFile()) +
-            QStringList{QStringLiteral("-subj"), QStringLiteral("/CN=Test server"), QStringLiteral("-addext"),
-                        QStringLiteral("subjectAltName=") + wish.names, QStringLiteral("-out"), request});
-    openssl({QStringLiteral("x509"), QStringLiteral("-req"), QStringLiteral("-in"), request, QStringLiteral("-CA"),
-             authority.certificateFile(), QStringLiteral("-CAkey"),
-             authority.m_folder.filePath(QStringLiteral("key.pem")), QStringLiteral("-CAcreateserial"),
-             QStringLiteral("-copy_extensions"), QStringLiteral("copy"), QStringLiteral("-days"),
-             QString::number(wish.daysValid), QStringLiteral("-out"), certificateFile()});
+    const QString request = m_folder.filePath(u"request.pem"_s);
+    openssl(QStringList{u"req"_s} + newKey(keyFile()) +
+            QStringList{u"-subj"_s, u"/CN=Test server"_s, u"-addext"_s, u"subjectAltName="_s + wish.names, u"-out"_s,
+                        request});
+    openssl({u"x509"_s, u"-req"_s, u"-in"_s, request, u"-CA"_s, authority.certificateFile(), u"-CAkey"_s,
+             authority.m_folder.filePath(u"key.pem"_s), u"-CAcreateserial"_s, u"-copy_extensions"_s, u"copy"_s,
+             u"-days"_s, QString::number(wish.daysValid), u"-out"_s, certificateFile()});
 }
 
 QString ServerIdentity::certificateFile() const
 {
-    return m_folder.filePath(QStringLiteral("certificate.pem"));
+    return m_folder.filePath(u"certificate.pem"_s);
 }
 
 QString ServerIdentity::keyFile() const
 {
-    return m_folder.filePath(QStringLiteral("key.pem"));
+    return m_folder.filePath(u"key.pem"_s);
 }

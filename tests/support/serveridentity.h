@@ -5,11 +5,13 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 /// A certification authority made for the test, and files of its own.
 class TestAuthority
 {
 public:
-    explicit TestAuthority(const QString& name = QStringLiteral("Test authority"));
+    explicit TestAuthority(const QString& name = u"Test authority"_s);
 
     /// PEM file of the authority's certificate.
     QString certificateFile() const;
@@ -25,7 +27,7 @@ class ServerIdentity
 public:
     struct Wish {
         /// subjectAltName, such as "IP:127.0.0.1".
-        QString names = QStringLiteral("IP:127.0.0.1,DNS:localhost");
+        QString names = u"IP:127.0.0.1,DNS:localhost"_s;
         /// Negative: it has expired.
         int daysValid = 2;
     };

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using emulator::Endpoint;
 using emulator::FaultScript;
 using emulator::Occasion;
@@ -31,7 +33,7 @@ Fault bareStatus(int status)
 
 QString reasonOf(int status)
 {
-    return QStringLiteral("Идут работы, «%1»").arg(status);
+    return u"Идут работы, «%1»"_s.arg(status);
 }
 
 Fault explainedStatus(int status)
@@ -56,11 +58,11 @@ QString ownTextOf(Endpoint endpoint)
 {
     switch (endpoint) {
     case Endpoint::Token:
-        return QStringLiteral("Ошибка при получении токена для авторизации");
+        return u"Ошибка при получении токена для авторизации"_s;
     case Endpoint::DispenseRegistration:
-        return QStringLiteral("Ошибка при отпуске лекарственного препарата по рецепту");
+        return u"Ошибка при отпуске лекарственного препарата по рецепту"_s;
     default:
-        return QStringLiteral("Ошибка при отмене отпуска лекарственного препарата по рецепту");
+        return u"Ошибка при отмене отпуска лекарственного препарата по рецепту"_s;
     }
 }
 
@@ -139,20 +141,20 @@ void expectToldOf(const Fault& fault, Endpoint endpoint, const QList<ShownMessag
     EXPECT_EQ(kind, 1);
     EXPECT_EQ(sound, 1);
     EXPECT_EQ(seconds, 0);
-    const QString uncertain = QStringLiteral("Запрос мог быть выполнен: прежде чем повторять, проверьте");
+    const QString uncertain = u"Запрос мог быть выполнен: прежде чем повторять, проверьте"_s;
     EXPECT_EQ(text.contains(uncertain), fault.told == Fault::Told::MayBeCarriedOut) << text.toStdString();
     switch (fault.told) {
     case Fault::Told::RegistrysText:
         EXPECT_EQ(text, reasonOf(fault.status));
         break;
     case Fault::Told::Status:
-        EXPECT_TRUE(text.contains(QStringLiteral("(ответ %1)").arg(fault.status))) << text.toStdString();
+        EXPECT_TRUE(text.contains(u"(ответ %1)"_s.arg(fault.status))) << text.toStdString();
         break;
     case Fault::Told::OperationsOwn:
         EXPECT_EQ(text, ownTextOf(endpoint));
         break;
     case Fault::Told::MayBeCarriedOut:
-        EXPECT_TRUE(text.contains(QStringLiteral("127.0.0.1"))) << text.toStdString();
+        EXPECT_TRUE(text.contains(u"127.0.0.1"_s)) << text.toStdString();
         break;
     }
 }

@@ -48,8 +48,9 @@ TEST_P(FaultAtSubtotal, earlierPositionsStayRegisteredTheRestAsTheyWereAndTheNex
         EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
         EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
         EXPECT_TRUE(pharmacy.takeTold().isEmpty());
-        for (const int position : everyPosition)
+        for (const int position : everyPosition) {
             expectRegistered(pharmacy, position);
+        }
         EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
         EXPECT_EQ(pharmacy.asked(Endpoint::Token), 4);
         EXPECT_EQ(pharmacy.asked(Endpoint::DispenseRegistration), endpoint == Endpoint::Token ? 3 : 4);
@@ -89,8 +90,9 @@ TEST_P(FaultAtStorno, earlierPositionsStayCancelledTheRestAsTheyWereAndTheNextSt
         EXPECT_EQ(pharmacy.stornoAll(), EContext::GoOn);
         EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
         EXPECT_TRUE(pharmacy.takeTold().isEmpty());
-        for (const int position : everyPosition)
+        for (const int position : everyPosition) {
             expectCancelled(pharmacy, position);
+        }
         EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
         EXPECT_EQ(pharmacy.asked(Endpoint::Token), 4);
         EXPECT_EQ(pharmacy.asked(Endpoint::DispenseCancellation), endpoint == Endpoint::Token ? 3 : 4);

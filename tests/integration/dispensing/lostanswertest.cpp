@@ -10,6 +10,8 @@
 
 #include <tuple>
 
+using namespace Qt::StringLiterals;
+
 using emulator::Endpoint;
 using emulator::Occasion;
 
@@ -46,7 +48,7 @@ TEST_P(LostRegistration, completeDispense_isBookedAndEveryRepetitionRefused)
 
     for (int repetition = 0; repetition < 2; ++repetition) {
         EXPECT_EQ(pharmacy.subtotal(), EContext::Stop);
-        expectTold(pharmacy.takeTold(), QStringLiteral("Рецепт rx-full уже отпущен полностью"));
+        expectTold(pharmacy.takeTold(), u"Рецепт rx-full уже отпущен полностью"_s);
     }
     EXPECT_EQ(pharmacy.options(), due);
     EXPECT_EQ(pharmacy.dispensesOf(1).size(), 1);
@@ -116,7 +118,7 @@ TEST_P(LostCancellation, dispense_isCancelledAndEveryRepetitionRefused)
     expectToldOf(fault(), Endpoint::DispenseCancellation, pharmacy.takeTold());
     EXPECT_TRUE(pharmacy.onlyDispenseOf(2).isCancelled);
 
-    const QString refusal = QStringLiteral("Отпуск %1 уже отменён").arg(pharmacy.onlyDispenseOf(2).id);
+    const QString refusal = u"Отпуск %1 уже отменён"_s.arg(pharmacy.onlyDispenseOf(2).id);
     EXPECT_EQ(pharmacy.stornoAll(), EContext::Stop);
     expectTold(pharmacy.takeTold(), refusal);
     EXPECT_EQ(pharmacy.storno(2), EContext::Stop);

@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -38,17 +40,17 @@ const Line& lineOf(int position)
 {
     static const Line lines[] = {
         {"rx-full",
-         {1, QStringLiteral("Амоксидар 500 мг"), 12.4, 0.0, 12.4, 1.0},
-         QStringLiteral(R"({ "id": "rx-full", "tradeNameCode": "1001", "organizationId": "", "sumFactor": 1,
-            "doseQuantity": 20, "finalDispense": true, "patientReference": "Patient/p-1", "patient": "Пробный П." })")},
+         {1, u"Амоксидар 500 мг"_s, 12.4, 0.0, 12.4, 1.0},
+         uR"({ "id": "rx-full", "tradeNameCode": "1001", "organizationId": "", "sumFactor": 1,
+            "doseQuantity": 20, "finalDispense": true, "patientReference": "Patient/p-1", "patient": "Пробный П." })"_s},
         {"rx-half",
-         {2, QStringLiteral("Метфолин 500 мг"), 5.0, 0.0, 10.0, 2.0},
-         QStringLiteral(R"({ "id": "rx-half", "tradeNameCode": "1003", "organizationId": "payer-1", "sumFactor": 0.5,
-            "doseQuantity": 10, "finalDispense": false, "patientReference": "Patient/p-1", "patient": "Пробный П." })")},
+         {2, u"Метфолин 500 мг"_s, 5.0, 0.0, 10.0, 2.0},
+         uR"({ "id": "rx-half", "tradeNameCode": "1003", "organizationId": "payer-1", "sumFactor": 0.5,
+            "doseQuantity": 10, "finalDispense": false, "patientReference": "Patient/p-1", "patient": "Пробный П." })"_s},
         {"rx-free",
-         {3, QStringLiteral("Парацидол 500 мг"), 0.0, 0.0, 3.35, 3.0},
-         QStringLiteral(R"({ "id": "rx-free", "tradeNameCode": "1002", "organizationId": "payer-1", "sumFactor": 0,
-            "doseQuantity": 5, "finalDispense": false, "patientReference": "Patient/p-1", "patient": "Пробный П." })")},
+         {3, u"Парацидол 500 мг"_s, 0.0, 0.0, 3.35, 3.0},
+         uR"({ "id": "rx-free", "tradeNameCode": "1002", "organizationId": "payer-1", "sumFactor": 0,
+            "doseQuantity": 5, "finalDispense": false, "patientReference": "Patient/p-1", "patient": "Пробный П." })"_s},
     };
     return lines[position - 1];
 }
@@ -79,17 +81,17 @@ emulator::EmulatorSettings settingsOver(Pharmacy::Over over)
 QMap<QString, QString> configuration(const QString& registry, const QString& dataFolder, int timeoutSeconds)
 {
     return {
-        {QStringLiteral("Register:data"), dataFolder},
-        {QStringLiteral("ElectronicPrescription:requestsUrl"), registry},
-        {QStringLiteral("ElectronicPrescription:authorizationUrl"), registry},
-        {QStringLiteral("ElectronicPrescription:timeout"), QString::number(timeoutSeconds)},
-        {QStringLiteral("ElectronicPrescription:clientId"), QStringLiteral("pharmacy")},
-        {QStringLiteral("ElectronicPrescription:clientSecret"), QStringLiteral("s&c+ret")},
-        {QStringLiteral("ElectronicPrescription:scope"), QStringLiteral("dispense")},
-        {QStringLiteral("ElectronicPrescription:organizationIdentifier"), QStringLiteral("17")},
-        {QStringLiteral("ElectronicPrescription:organizationName"), QStringLiteral("Аптека № 17")},
-        {QStringLiteral("ElectronicPrescription:organizationAddress"), QStringLiteral("ул. Лесная, 1")},
-        {QStringLiteral("ElectronicPrescription:oais"), QStringLiteral("oais-token")},
+        {u"Register:data"_s, dataFolder},
+        {u"ElectronicPrescription:requestsUrl"_s, registry},
+        {u"ElectronicPrescription:authorizationUrl"_s, registry},
+        {u"ElectronicPrescription:timeout"_s, QString::number(timeoutSeconds)},
+        {u"ElectronicPrescription:clientId"_s, u"pharmacy"_s},
+        {u"ElectronicPrescription:clientSecret"_s, u"s&c+ret"_s},
+        {u"ElectronicPrescription:scope"_s, u"dispense"_s},
+        {u"ElectronicPrescription:organizationIdentifier"_s, u"17"_s},
+        {u"ElectronicPrescription:organizationName"_s, u"Аптека № 17"_s},
+        {u"ElectronicPrescription:organizationAddress"_s, u"ул. Лесная, 1"_s},
+        {u"ElectronicPrescription:oais"_s, u"oais-token"_s},
     };
 }
 
@@ -118,14 +120,15 @@ private:
 };
 
 Pharmacy::Pharmacy(Over over, int timeoutSeconds)
-    : m_registry(settingsOver(over), QStringLiteral(TEST_SEED))
+    : m_registry(settingsOver(over), QString::fromUtf8(TEST_SEED))
     , m_config(configuration(m_registry.url().toString(), dataFolder.path(), timeoutSeconds))
     , m_formerNotifier(Singleton<ActivityNotifier>::instance)
     , m_listener(std::make_unique<Listener>(*this))
     , m_receipt(receiptOfThree())
 {
-    if (over == Over::Https)
-        m_config.set(QStringLiteral("RestClient:caFile"), authority().certificateFile());
+    if (over == Over::Https) {
+        m_config.set(u"RestClient:caFile"_s, authority().certificateFile());
+    }
     Singleton<ActivityNotifier>::instance = &m_notifier;
     m_notifier.subscribe(m_listener.get());
     DocumentWatcher::setCurrentDocument(m_receipt);
@@ -151,7 +154,7 @@ EContext::Result Pharmacy::stornoAll()
 EContext::Result Pharmacy::storno(int position)
 {
     control::Action action(control::StornoPosition);
-    action.insert(QStringLiteral("positionNumber"), position);
+    action.insert(u"positionNumber"_s, position);
     return m_service->cancelElectronicPrescriptionByAction(action);
 }
 
@@ -163,8 +166,9 @@ void Pharmacy::takeOff(int position)
 QStringList Pharmacy::options() const
 {
     QStringList all;
-    for (const auto& position : m_receipt->positions)
+    for (const auto& position : m_receipt->positions) {
         all.append(position->getExtendedOptions());
+    }
     return all;
 }
 

@@ -30,12 +30,14 @@ TEST(Privacy, registeredRefusedAndCancelled_logsNeitherPatientNorSecretsNorBodie
     QStringList secrets{"Пробный", "p-1", "s&c+ret", "s%26c%2Bret", "rx-full", "medicationDispense"};
     for (const emulator::JournalEntry& request : pharmacy.requests()) {
         const QString authorization = QString::fromUtf8(request.header("Authorization"));
-        if (!authorization.isEmpty())
-            secrets.append(authorization.section(QLatin1Char(' '), 1));
+        if (!authorization.isEmpty()) {
+            secrets.append(authorization.section(u' ', 1));
+        }
     }
     ASSERT_GT(secrets.size(), 12) << "tokens went over the wire";
-    for (const QString& secret : secrets)
+    for (const QString& secret : secrets) {
         EXPECT_FALSE(log.text().contains(secret)) << qPrintable(secret) << "\n" << qPrintable(log.text());
+    }
 }
 
 } // namespace

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -18,12 +20,13 @@ TEST(Registration, subtotal_registersCompleteAndPartialDispensesAndSaves)
     Pharmacy pharmacy;
     EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
 
-    for (const int position : everyPosition)
+    for (const int position : everyPosition) {
         expectRegistered(pharmacy, position);
+    }
     const emulator::Dispense complete = pharmacy.onlyDispenseOf(1);
     EXPECT_EQ(complete.quantity, 20.0);
     EXPECT_TRUE(complete.isFinal);
-    EXPECT_EQ(complete.pharmacy, QStringLiteral("17"));
+    EXPECT_EQ(complete.pharmacy, u"17"_s);
     EXPECT_EQ(pharmacy.statusOfPrescription(1), completed);
     const emulator::Dispense partial = pharmacy.onlyDispenseOf(2);
     EXPECT_EQ(partial.quantity, 10.0);
@@ -41,17 +44,17 @@ TEST(Registration, claim_comesExactlyWhenSomebodyElsePaysAPart)
 
     const auto claimedFor = [&](int position) {
         const QByteArray claim = pharmacy.onlyDispenseOf(position).claim;
-        return QJsonDocument::fromJson(claim).object()[QLatin1StringView("item")][0];
+        return QJsonDocument::fromJson(claim).object()["item"_L1][0];
     };
     EXPECT_TRUE(pharmacy.onlyDispenseOf(1).claim.isEmpty());
     const QJsonValue half = claimedFor(2);
-    EXPECT_EQ(half[QLatin1StringView("unitPrice")][QLatin1StringView("value")].toDouble(), 20.0);
-    EXPECT_EQ(half[QLatin1StringView("factor")].toDouble(), 0.5);
-    EXPECT_EQ(half[QLatin1StringView("net")][QLatin1StringView("value")].toDouble(), 10.0);
+    EXPECT_EQ(half["unitPrice"_L1]["value"_L1].toDouble(), 20.0);
+    EXPECT_EQ(half["factor"_L1].toDouble(), 0.5);
+    EXPECT_EQ(half["net"_L1]["value"_L1].toDouble(), 10.0);
     const QJsonValue all = claimedFor(3);
-    EXPECT_EQ(all[QLatin1StringView("unitPrice")][QLatin1StringView("value")].toDouble(), 10.05);
-    EXPECT_EQ(all[QLatin1StringView("factor")].toDouble(), 1.0);
-    EXPECT_EQ(all[QLatin1StringView("net")][QLatin1StringView("value")].toDouble(), 10.05);
+    EXPECT_EQ(all["unitPrice"_L1]["value"_L1].toDouble(), 10.05);
+    EXPECT_EQ(all["factor"_L1].toDouble(), 1.0);
+    EXPECT_EQ(all["net"_L1]["value"_L1].toDouble(), 10.05);
 }
 
 TEST(Registration, secondSubtotal_asksTheRegistryForNothing)
@@ -70,8 +73,9 @@ TEST(Registration, storno_givesThePrescriptionsBackAndTheyAreRegisteredAgainUnde
     Pharmacy pharmacy;
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
     EXPECT_EQ(pharmacy.stornoAll(), EContext::GoOn);
-    for (const int position : everyPosition)
+    for (const int position : everyPosition) {
         expectCancelled(pharmacy, position);
+    }
     EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
 
     EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
@@ -121,7 +125,7 @@ TEST(Registration, dispenseThatTheRegistryHasCancelledAlready_isRefusedAndTheSto
     EXPECT_EQ(pharmacy.storno(2), EContext::Stop);
     const auto told = pharmacy.takeTold();
     ASSERT_EQ(told.size(), 1);
-    EXPECT_EQ(told[0].text, QStringLiteral("Отпуск %1 уже отменён").arg(pharmacy.onlyDispenseOf(2).id));
+    EXPECT_EQ(told[0].text, u"Отпуск %1 уже отменён"_s.arg(pharmacy.onlyDispenseOf(2).id));
     EXPECT_EQ(told[0].kind, 1);
     EXPECT_EQ(pharmacy.options(), registered);
 }

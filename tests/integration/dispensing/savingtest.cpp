@@ -11,6 +11,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -22,8 +24,9 @@ public:
         : m_path(QFile::encodeName(path))
     {
         ::chmod(m_path.constData(), S_IRUSR | S_IXUSR | S_IRGRP | S_IXGRP | S_IROTH | S_IXOTH);
-        if (::geteuid() == 0)
+        if (::geteuid() == 0) {
             ::setfsuid(nobody);
+        }
     }
     ~ReadOnlyFolder()
     {
@@ -57,13 +60,14 @@ protected:
     /// alone.
     void expectRegisteredAndToldTwice()
     {
-        for (const int position : everyPosition)
+        for (const int position : everyPosition) {
             expectRegistered(pharmacy, position);
+        }
         const auto told = pharmacy.takeTold();
         ASSERT_EQ(told.size(), 2);
         for (const auto& message : told) {
             EXPECT_EQ(message.kind, 1);
-            EXPECT_TRUE(message.text.contains(QStringLiteral("Документ не сохранён на диск, в силе прежняя запись")));
+            EXPECT_TRUE(message.text.contains(u"Документ не сохранён на диск, в силе прежняя запись"_s));
             EXPECT_TRUE(message.text.contains(pharmacy.dataFolder.path())) << message.text.toStdString();
         }
         EXPECT_EQ(pharmacy.savedReceipt(), former);

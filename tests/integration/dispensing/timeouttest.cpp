@@ -26,8 +26,9 @@ TEST(TimeoutAtSubtotal, registryTakesTheRequestAndNeverAnswers_nextSubtotalFinis
 
         EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
         EXPECT_TRUE(pharmacy.takeTold().isEmpty());
-        for (const int position : everyPosition)
+        for (const int position : everyPosition) {
             expectRegistered(pharmacy, position);
+        }
     }
 }
 
@@ -63,8 +64,9 @@ TEST(TimeoutAtStorno, registryTakesTheRequestAndNeverAnswers_nextStornoFinishes)
     EXPECT_EQ(pharmacy.options().mid(1), registered.mid(1));
 
     EXPECT_EQ(pharmacy.stornoAll(), EContext::GoOn);
-    for (const int position : everyPosition)
+    for (const int position : everyPosition) {
         expectCancelled(pharmacy, position);
+    }
 }
 
 } // namespace

@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using emulator::JournalEntry;
 
 namespace
@@ -153,7 +155,7 @@ TEST_F(WireTest, subtotalOfTwoPositions_isATokenAndARegistrationForEach)
 {
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
 
-    const QString today = now.toString(QStringLiteral("yyyy-MM-dd"));
+    const QString today = now.toString(u"yyyy-MM-dd"_s);
     const QJsonObject complete = {{"name", "medicationDispense"},
                                   {"resource", dispenseOf("rx-full", "1001", 20, true, today)}};
     const QJsonObject partial = {{"name", "medicationDispense"},

@@ -48,8 +48,9 @@ protected:
     ~PluginModule() override
     {
         userInterface.creators.clear();
-        if (loader.isLoaded())
+        if (loader.isLoaded()) {
             delete loader.instance();
+        }
         Singleton<ActivityNotifier>::instance = nullptr;
         Singleton<GraphicalUserInterface>::instance = nullptr;
         Singleton<Config>::instance = nullptr;
@@ -88,8 +89,9 @@ TEST_F(PluginModule, exportedFunctions_areTheTwoThatTheLoaderLooksUp)
     QStringList functions;
     const QString symbols = QString::fromLocal8Bit(lister.readAllStandardOutput());
     auto function = QRegularExpression("^\\S+ T (\\S+)$", QRegularExpression::MultilineOption).globalMatch(symbols);
-    while (function.hasNext())
+    while (function.hasNext()) {
         functions << function.next().captured(1);
+    }
     EXPECT_EQ(functions, (QStringList{"qt_plugin_instance", "qt_plugin_query_metadata_v2"}));
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "registryclienttest.h"
 
+using namespace Qt::StringLiterals;
+
 using emulator::Endpoint;
 
 namespace
@@ -11,7 +13,7 @@ using AdmissionTest = RegistryClientTest;
 TEST_P(AdmissionTest, oaisToken_goesWithTheTokenRequestAndWithTheResourceRequest)
 {
     emulator::Rules rules = registry->store().rules();
-    rules.oaisToken = QStringLiteral("oais-1");
+    rules.oaisToken = u"oais-1"_s;
     registry->store().setRules(rules);
     configure("oais", "oais-1");
 
@@ -30,7 +32,7 @@ TEST_P(AdmissionTest, oaisToken_goesWithTheTokenRequestAndWithTheResourceRequest
 TEST_P(AdmissionTest, missingOrWrongOaisToken_raisesTheRegistrysText)
 {
     emulator::Rules rules = registry->store().rules();
-    rules.oaisToken = QStringLiteral("oais-1");
+    rules.oaisToken = u"oais-1"_s;
     registry->store().setRules(rules);
 
     EXPECT_EQ(askForCard("1100").text, "В запросе токена не указан токен ОАИС");
@@ -72,7 +74,7 @@ TEST_P(AdmissionTest, tokenThatHasExpired_raisesTheRegistrysTextAndIsNotRenewed)
 TEST_P(AdmissionTest, missingScope_raisesTheRegistrysText)
 {
     emulator::Rules rules = registry->store().rules();
-    rules.dispenseScope = QStringLiteral("dispense");
+    rules.dispenseScope = u"dispense"_s;
     registry->store().setRules(rules);
     configure("scope", "read");
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "registryclienttest.h"
 
+using namespace Qt::StringLiterals;
+
 using emulator::Endpoint;
 using emulator::FaultScript;
 
@@ -56,7 +58,7 @@ TEST_P(FaultsTest, errorStatusWithAnIssue_raisesTheRegistrysText)
 {
     for (const auto& [status, key] : statusTexts) {
         for (const Endpoint endpoint : everyEndpoint) {
-            const QString details = QStringLiteral("Причина %1 ") + QString::number(status);
+            const QString details = u"Причина %1 "_s + QString::number(status);
             const Failure failure = askWithFault(
                 endpoint, [&, code = status](FaultScript& faults) { faults.answerIssue(endpoint, code, details); });
             EXPECT_EQ(failure.key, tr::undefined) << nameOf(endpoint);
@@ -90,9 +92,9 @@ TEST_P(FaultsTest, successWithHtmlNothingOrHalfAJson_raisesTheOperationsOwnError
         };
         for (const auto& [name, order] : orders) {
             // The half of a refusal would be told by its status: let there be something to cancel.
-            if (endpoint == Endpoint::DispenseCancellation &&
-                QLatin1StringView(name) == QLatin1StringView("half a JSON"))
+            if (endpoint == Endpoint::DispenseCancellation && QLatin1StringView(name) == "half a JSON"_L1) {
                 continue;
+            }
             EXPECT_EQ(askWithFault(endpoint, order).text, textOfUselessAnswer(endpoint)) << name;
         }
     }
@@ -109,8 +111,9 @@ TEST_P(FaultsTest, halfOfACancellationsAnswer_raisesTheCancelErrorAndTheDispense
 TEST_P(FaultsTest, postWhoseConnectionEndsBeforeTheAnswer_isSentOnceAndMayHaveBeenCarriedOut)
 {
     for (const Endpoint endpoint : everyEndpoint) {
-        if (endpoint == Endpoint::PrescriptionsByCard)
+        if (endpoint == Endpoint::PrescriptionsByCard) {
             continue;
+        }
         for (const bool reset : {false, true}) {
             const Failure failure = askWithFault(endpoint, [&](FaultScript& faults) {
                 reset ? faults.resetBeforeAnswer(endpoint) : faults.closeBeforeAnswer(endpoint);
@@ -199,7 +202,7 @@ class CertificateTest : public RegistryClientTest
 
 TEST_P(CertificateTest, certificateOfAnUnknownAuthority_isRefusedBeforeAnythingIsSent)
 {
-    const TestAuthority another(QStringLiteral("Another authority"));
+    const TestAuthority another(u"Another authority"_s);
     trust(another);
     EXPECT_EQ(askForCard("1100").key, "restClientCertificateNotVerified");
     EXPECT_EQ(registerDispense().key, "restClientCertificateNotVerified");

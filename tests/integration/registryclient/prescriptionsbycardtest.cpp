@@ -14,8 +14,9 @@ QString idOf(const QJsonValue& bundle)
     const QJsonArray entries = bundle["entry"].toArray();
     for (const auto& entry : entries) {
         const QJsonValue resource = entry.toObject()["resource"];
-        if (resource["resourceType"].toString() == "MedicationPrescription")
+        if (resource["resourceType"].toString() == "MedicationPrescription") {
             return resource["id"].toString();
+        }
     }
     return {};
 }

@@ -8,6 +8,8 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 using emulator::Endpoint;
 
 namespace
@@ -30,7 +32,7 @@ QSharedPointer<GoodsItem> twoPacks()
 {
     GoodsItem::Goods goods;
     goods.number = 1;
-    goods.name = QStringLiteral("Метфолин 500 мг");
+    goods.name = u"Метфолин 500 мг"_s;
     goods.price = 5.0;
     goods.tmcPrice = 10.0;
     goods.quantity = 2.0;
@@ -40,8 +42,8 @@ QSharedPointer<GoodsItem> twoPacks()
 } // namespace
 
 const QString RegistryClientTest::dueOptions =
-    QStringLiteral(R"({ "id": "rx-half", "tradeNameCode": "1003", "organizationId": "payer-1", "sumFactor": 0.5,
-        "doseQuantity": 10, "finalDispense": false, "patientReference": "Patient/p-1" })");
+    uR"({ "id": "rx-half", "tradeNameCode": "1003", "organizationId": "payer-1", "sumFactor": 0.5,
+        "doseQuantity": 10, "finalDispense": false, "patientReference": "Patient/p-1" })"_s;
 
 RegistryClientTest::RegistryClientTest()
     : position(twoPacks())
@@ -58,18 +60,18 @@ RegistryClientTest::RegistryClientTest()
         trust(m_authority);
     }
     registry = std::make_unique<emulator::RegistryEmulator>(settings);
-    registry->seedFromFile(QStringLiteral(TEST_SEED));
+    registry->seedFromFile(QString::fromUtf8(TEST_SEED));
     registry->start();
 
     configure("requestsUrl", registry->url().toString());
     configure("authorizationUrl", registry->url().toString());
-    configure("timeout", QStringLiteral("30"));
-    configure("clientId", QStringLiteral("pharmacy"));
-    configure("clientSecret", QStringLiteral("s&c+ret"));
-    configure("scope", QStringLiteral("read dispense"));
-    configure("organizationIdentifier", QStringLiteral("17"));
-    configure("organizationName", QStringLiteral("Аптека № 17"));
-    configure("organizationAddress", QStringLiteral("ул. Лесная, 1"));
+    configure("timeout", u"30"_s);
+    configure("clientId", u"pharmacy"_s);
+    configure("clientSecret", u"s&c+ret"_s);
+    configure("scope", u"read dispense"_s);
+    configure("organizationIdentifier", u"17"_s);
+    configure("organizationName", u"Аптека № 17"_s);
+    configure("organizationAddress", u"ул. Лесная, 1"_s);
 }
 
 RegistryClientTest::~RegistryClientTest()
@@ -79,12 +81,12 @@ RegistryClientTest::~RegistryClientTest()
 
 void RegistryClientTest::configure(const char* name, const QString& value)
 {
-    m_config.setForThisRun(QStringLiteral("ElectronicPrescription:") + name, value);
+    m_config.setForThisRun(u"ElectronicPrescription:"_s + name, value);
 }
 
 void RegistryClientTest::trust(const TestAuthority& authority)
 {
-    m_config.setForThisRun(QStringLiteral("RestClient:caFile"), authority.certificateFile());
+    m_config.setForThisRun(u"RestClient:caFile"_s, authority.certificateFile());
 }
 
 Failure RegistryClientTest::askForCard(const QString& card, const QString& status)
@@ -113,7 +115,7 @@ Failure RegistryClientTest::ask(Endpoint endpoint)
     case Endpoint::DispenseCancellation:
         return cancelDispense();
     default:
-        return askForCard(QStringLiteral("1100"));
+        return askForCard(u"1100"_s);
     }
 }
 

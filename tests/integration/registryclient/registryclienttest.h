@@ -18,6 +18,8 @@
 #include <memory>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 /// How a request failed: with none, or with the text of one of the plug-in's exceptions.
 struct Failure {
     bool isFailure = false;
@@ -41,7 +43,7 @@ protected:
     void trust(const TestAuthority& authority);
 
     /// Each makes the client anew, so that it has read what was configured before.
-    Failure askForCard(const QString& card, const QString& status = QStringLiteral("active"));
+    Failure askForCard(const QString& card, const QString& status = u"active"_s);
     Failure registerDispense();
     Failure cancelDispense();
 
@@ -61,7 +63,7 @@ protected:
     QJsonObject patient;
 
 private:
-    bool isHttps() const { return GetParam() == QLatin1StringView("https"); }
+    bool isHttps() const { return GetParam() == "https"_L1; }
 
     TestAuthority m_authority;
     std::optional<ServerIdentity> m_identity;

@@ -7,6 +7,8 @@
 
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -22,9 +24,9 @@ public:
     void happens()
     {
         const Config& config = *Singleton<Config>::get();
-        if (config.getString(QStringLiteral("PowerCut:at")) == m_name &&
-            ++m_times == config.getInt(QStringLiteral("PowerCut:nth")))
+        if (config.getString(u"PowerCut:at"_s) == m_name && ++m_times == config.getInt(u"PowerCut:nth"_s)) {
             ::raise(SIGKILL);
+        }
     }
 
 private:
@@ -37,8 +39,8 @@ class SavingWithPowerCut : public SaveToFileLogic
 public:
     bool save(const QSharedPointer<AbstractDocument>& document, const QString& file) override
     {
-        static Moment before(QStringLiteral("beforeSave"));
-        static Moment after(QStringLiteral("afterSave"));
+        static Moment before(u"beforeSave"_s);
+        static Moment after(u"afterSave"_s);
         before.happens();
         const bool saved = SaveToFileLogic::save(document, file);
         after.happens();
@@ -62,7 +64,8 @@ void PowerCut::deinit()
 
 void PowerCut::handleEvent(const Event& event)
 {
-    static Moment longWork(QStringLiteral("longWork"));
-    if (event.getCode() == EActivityListener::LongWorkBegins)
+    static Moment longWork(u"longWork"_s);
+    if (event.getCode() == EActivityListener::LongWorkBegins) {
         longWork.happens();
+    }
 }

@@ -28,8 +28,9 @@ class ChoiceForm : public DialogForms
 protected:
     ChoiceForm()
     {
-        for (const char* inn : {"Метформин", "Инсулин гларгин", "Амлодипин", "Инсулин аспарт", "Бисопролол"})
+        for (const char* inn : {"Метформин", "Инсулин гларгин", "Амлодипин", "Инсулин аспарт", "Бисопролол"}) {
             prescriptions.append(prescription(inn));
+        }
     }
 
     ElectronicPrescriptionChoiceParams params(bool useLast = false) const
@@ -47,8 +48,9 @@ protected:
     {
         QStringList names;
         const auto* model = table(form)->model();
-        for (int row = 0; row < model->rowCount(); ++row)
+        for (int row = 0; row < model->rowCount(); ++row) {
             names.append(model->index(row, 0).data().toString());
+        }
         return names;
     }
 
@@ -81,9 +83,12 @@ public:
 protected:
     bool eventFilter(QObject*, QEvent* event) override
     {
-        if (event->type() == QEvent::ChildRemoved)
-            if (const QString name = static_cast<QChildEvent*>(event)->child()->objectName(); m_watched.contains(name))
+        if (event->type() == QEvent::ChildRemoved) {
+            if (const QString name = static_cast<QChildEvent*>(event)->child()->objectName();
+                m_watched.contains(name)) {
                 names << name;
+            }
+        }
         return false;
     }
 
@@ -181,8 +186,9 @@ TEST_F(ChoiceForm, noTouchMode_touchWidgetsAreDeletedAndTheButtonsStay)
 {
     const ElectronicPrescriptionChoiceForm form(params(), nullptr);
     for (const char* name : {"talloKeyboard", "scrollButtonsNavigationBar", "scrollButtonsNavigationBarSeparator",
-                             "horizontalLine", "navigationBar"})
+                             "horizontalLine", "navigationBar"}) {
         EXPECT_EQ(form.rootWidget()->findChild<QWidget*>(name), nullptr) << name;
+    }
     EXPECT_NE(widget<QPushButton>(form, "okButton"), nullptr);
     EXPECT_NE(widget<QPushButton>(form, "cancelButton"), nullptr);
 }
@@ -201,8 +207,9 @@ TEST_F(ChoiceForm, touchMode_touchWidgetsStay)
     setTouchMode(true);
     const ElectronicPrescriptionChoiceForm form(params(), nullptr);
     for (const char* name : {"talloKeyboard", "scrollButtonsNavigationBar", "scrollButtonsNavigationBarSeparator",
-                             "horizontalLine", "navigationBar"})
+                             "horizontalLine", "navigationBar"}) {
         EXPECT_NE(form.rootWidget()->findChild<QWidget*>(name), nullptr) << name;
+    }
 }
 
 TEST_F(ChoiceForm, touchModeNothingConfigured_keyboardHasRussianAndEnglish)
@@ -292,8 +299,9 @@ TEST_F(ChoiceForm, textTyped_onlyNamesThatContainItAreShownWhateverTheCase)
 
 TEST_F(ChoiceForm, codeTyped_otherColumnsAreNotSearched)
 {
-    for (const auto& each : prescriptions)
+    for (const auto& each : prescriptions) {
         each->setInnCode("2100");
+    }
     ElectronicPrescriptionChoiceForm form(params(), nullptr);
     open(form);
     filter(form)->setText("2100");

@@ -72,8 +72,9 @@ TEST(ChoiceModel, horizontalHeader_showsTheFiveCaptions)
     const ElectronicPrescriptionChoiceModel model({}, {}, nullptr);
     const QStringList captions{"МНН", "Код", "Дата\nвыписки", "Выписано\nдоз", "Отпущено\nдоз"};
     ASSERT_EQ(model.columnCount(), captions.size());
-    for (int section = 0; section < captions.size(); ++section)
+    for (int section = 0; section < captions.size(); ++section) {
         EXPECT_EQ(model.headerData(section, Qt::Horizontal), captions.at(section));
+    }
 }
 
 TEST(ChoiceModel, headerSectionOutOfRange_isEmpty)
@@ -117,8 +118,9 @@ TEST(ChoiceModel, dataOutOfRangeOrOfAnotherRole_isEmpty)
     EXPECT_FALSE(model.data(model.index(2, 0)).isValid()) << "below the last row";
     EXPECT_FALSE(model.data(model.index(0, 5)).isValid()) << "right of the last column";
     EXPECT_FALSE(model.data(model.index(1, 0)).isValid()) << "a null prescription";
-    for (const int role : {Qt::EditRole, Qt::ToolTipRole, Qt::DecorationRole, Qt::TextAlignmentRole, Qt::UserRole})
+    for (const int role : {Qt::EditRole, Qt::ToolTipRole, Qt::DecorationRole, Qt::TextAlignmentRole, Qt::UserRole}) {
         EXPECT_FALSE(model.data(model.index(0, 0), role).isValid()) << "role " << role;
+    }
 }
 
 TEST(ChoiceModel, prescriptionOfARow_isTheVeryObjectAndNullOutOfRange)

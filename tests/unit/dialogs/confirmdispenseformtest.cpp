@@ -167,8 +167,9 @@ TEST_F(ConfirmDispenseForm, markupOrPlaceholderInTheInn_isShownAsItIs)
 {
     const ElectronicPrescriptionConfirmDispenseForm form(params("<b>x</b> %1"), nullptr);
     EXPECT_EQ(text(form, "confirmDispenseLabel").split('\n').at(1), "'<b>x</b> %1'");
-    for (const auto* label : form.rootWidget()->findChildren<QLabel*>())
+    for (const auto* label : form.rootWidget()->findChildren<QLabel*>()) {
         EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->objectName().toStdString();
+    }
 }
 
 TEST_F(ConfirmDispenseForm, nullPrescription_messageKeepsTheLayoutsText)

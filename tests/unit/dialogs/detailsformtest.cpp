@@ -46,8 +46,9 @@ protected:
             QSharedPointer<PayingElectronicPrescriptionOrganization>::create("77", "Фонд здоровья"));
         full->setDictCode("dict-3");
         full->setDictName("Метформин, таблетки 500 мг");
-        for (const int day : {20, 5, 5})
+        for (const int day : {20, 5, 5}) {
             full->addMedicationDispenseDate(QDate(2024, 3, day));
+        }
         return full;
     }
 
@@ -284,9 +285,10 @@ TEST_F(DetailsForm, prescribedByTradeNameUnsignedWithoutOrganizationOrDates_show
 TEST_F(DetailsForm, noDictionaryEntry_bothPairsAreHidden)
 {
     const ElectronicPrescriptionForm form(params(prescription("Метформин")), nullptr);
-    for (const char* label :
-         {"medicineDictCodeLabel", "medicineDictCodeValueLabel", "medicineDictNameLabel", "medicineDictNameValueLabel"})
+    for (const char* label : {"medicineDictCodeLabel", "medicineDictCodeValueLabel", "medicineDictNameLabel",
+                              "medicineDictNameValueLabel"}) {
         EXPECT_FALSE(isShown(form, label)) << label;
+    }
 }
 
 TEST_F(DetailsForm, onlyTheDictionaryCodeKnown_onlyItsPairIsShown)
@@ -357,9 +359,10 @@ TEST_F(Expiry, lastDayPast_isToldBesideTheDate)
 
 TEST_F(Expiry, lastDayTodayLaterOrUnknown_nothingIsTold)
 {
-    for (const QDate& lastDay : {QDate(2024, 5, 1), QDate(2024, 5, 2), QDate()})
+    for (const QDate& lastDay : {QDate(2024, 5, 1), QDate(2024, 5, 2), QDate()}) {
         EXPECT_FALSE(isShown(ElectronicPrescriptionForm(params(lastsUntil(lastDay)), nullptr), "expiredLabel"))
             << lastDay.toString().toStdString();
+    }
 }
 
 TEST_F(Expiry, layoutWithoutTheNote_isNoFault)

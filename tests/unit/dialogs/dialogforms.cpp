@@ -53,10 +53,12 @@ void DialogForms::open(BasicForm& form)
 QString DialogForms::text(const BasicForm& form, const QString& name)
 {
     auto* found = widget<QWidget>(form, name);
-    if (auto* label = qobject_cast<QLabel*>(found))
+    if (auto* label = qobject_cast<QLabel*>(found)) {
         return label->text();
-    if (auto* button = qobject_cast<QAbstractButton*>(found))
+    }
+    if (auto* button = qobject_cast<QAbstractButton*>(found)) {
         return button->text();
+    }
     ADD_FAILURE() << name.toStdString() << " has no text";
     return {};
 }
@@ -64,8 +66,9 @@ QString DialogForms::text(const BasicForm& form, const QString& name)
 std::pair<QString, QVariant> DialogForms::answer() const
 {
     EXPECT_EQ(queue.queued.size(), 1);
-    if (queue.queued.isEmpty())
+    if (queue.queued.isEmpty()) {
         return {};
+    }
     const auto& [action, immediately] = queue.queued.first();
     EXPECT_EQ(action.getType(), 187);
     EXPECT_TRUE(immediately);

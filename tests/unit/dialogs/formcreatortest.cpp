@@ -18,8 +18,9 @@ protected:
     QSharedPointer<BasicForm> create(int code, const QVariant& params = {})
     {
         Event event{EActivityListener::Event(code)};
-        if (params.isValid())
+        if (params.isValid()) {
             event.addArgument("params", params);
+        }
         return creator.create(event);
     }
 
@@ -84,14 +85,16 @@ TEST_F(FormCreator, paramsOfAnotherType_formIsBuiltFromADefaultRecord)
 
 TEST_F(FormCreator, anyOtherEvent_makesNothing)
 {
-    for (const int code : {0, 10, 17, 72, 195, 199, 300, -196})
+    for (const int code : {0, 10, 17, 72, 195, 199, 300, -196}) {
         EXPECT_TRUE(create(code).isNull()) << code;
+    }
 }
 
 TEST_F(FormCreator, anyContext_makesNothing)
 {
-    for (const int context : {0, 4, 6, 9, 15, 196, 197, 198, -1})
+    for (const int context : {0, 4, 6, 9, 15, 196, 197, 198, -1}) {
         EXPECT_TRUE(creator.create(EContext::Code(context)).isNull()) << context;
+    }
 }
 
 TEST_F(FormCreator, layoutLacksARequiredWidget_exceptionPassesThrough)

@@ -61,8 +61,9 @@ protected:
             QSharedPointer<PayingElectronicPrescriptionOrganization>::create("77", name("Фонд здоровья")));
         shown->setDictCode("2104512");
         shown->setDictName(name("Инсулин гларгин, раствор для подкожного введения 100 ЕД/мл"));
-        for (int month = 0; month < (GetParam().isExtreme ? 12 : 2); ++month)
+        for (int month = 0; month < (GetParam().isExtreme ? 12 : 2); ++month) {
             shown->addMedicationDispenseDate(QDate(2023, 1, 5).addMonths(month));
+        }
         return shown;
     }
 
@@ -79,8 +80,9 @@ protected:
     static void expectNothingCutOff(const BasicForm& form)
     {
         for (const auto* widget : form.rootWidget()->findChildren<QWidget*>()) {
-            if (!widget->isVisible() || !isLeaf(*widget))
+            if (!widget->isVisible() || !isLeaf(*widget)) {
                 continue;
+            }
             const QRect parent = widget->parentWidget()->rect();
             EXPECT_TRUE(parent.contains(widget->geometry())) << widget->objectName().toStdString();
             const auto* label = qobject_cast<const QLabel*>(widget);
@@ -97,15 +99,17 @@ protected:
     /// Scroll areas scroll up and down only: their contents are as wide as the view.
     static void expectNoSidewaysScrolling(const BasicForm& form)
     {
-        for (const auto* area : form.rootWidget()->findChildren<QScrollArea*>())
+        for (const auto* area : form.rootWidget()->findChildren<QScrollArea*>()) {
             EXPECT_LE(area->widget()->width(), area->viewport()->width()) << area->objectName().toStdString();
+        }
     }
 
 private:
     static bool isLeaf(const QWidget& widget)
     {
-        if (qobject_cast<const QLineEdit*>(widget.parentWidget()))
+        if (qobject_cast<const QLineEdit*>(widget.parentWidget())) {
             return false; // the button that clears it, which it places itself
+        }
         return qobject_cast<const QLabel*>(&widget) || qobject_cast<const QAbstractButton*>(&widget) ||
                qobject_cast<const QLineEdit*>(&widget);
     }
@@ -122,10 +126,13 @@ constexpr QSize screens[] = {{1024, 600}, {1280, 800}, {1920, 1080}};
 std::vector<Case> cases()
 {
     std::vector<Case> all;
-    for (const auto& screen : screens)
-        for (const bool isTouch : {false, true})
-            for (const bool isExtreme : {false, true})
+    for (const auto& screen : screens) {
+        for (const bool isTouch : {false, true}) {
+            for (const bool isExtreme : {false, true}) {
                 all.push_back({screen, isTouch, isExtreme});
+            }
+        }
+    }
     return all;
 }
 

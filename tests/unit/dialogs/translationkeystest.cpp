@@ -139,8 +139,9 @@ TEST_F(TranslationKeys, choiceTable_headersShowTheTextsOfTheirKeys)
                            "electronicPrescriptionChoiceFormDoseQuantity",
                            "electronicPrescriptionChoiceFormDispensedDoseQuantity"};
     ASSERT_EQ(model.columnCount(), keys.size());
-    for (int section = 0; section < keys.size(); ++section)
+    for (int section = 0; section < keys.size(); ++section) {
         EXPECT_EQ(model.headerData(section, Qt::Horizontal), EveryKey::textOf(keys.at(section)));
+    }
 }
 
 TEST_F(TranslationKeys, prescribedBy_showsTheTextOfItsKindsKey)

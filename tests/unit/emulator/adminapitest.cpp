@@ -4,6 +4,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 class AdminApiTest : public EmulatorTest
@@ -16,9 +18,9 @@ protected:
         return connection.answer().value_or(RawAnswer());
     }
 
-    QJsonArray requests() { return admin("GET", "/journal").json().value(QStringLiteral("requests")).toArray(); }
+    QJsonArray requests() { return admin("GET", "/journal").json().value(u"requests"_s).toArray(); }
 
-    static QString error(const RawAnswer& answer) { return answer.json().value(QStringLiteral("error")).toString(); }
+    static QString error(const RawAnswer& answer) { return answer.json().value(u"error"_s).toString(); }
 };
 } // namespace
 
@@ -28,18 +30,18 @@ TEST_F(AdminApiTest, journal_holdsRegistryRequestsOnly)
     const QJsonArray journal = requests();
     ASSERT_EQ(journal.size(), 1);
     const QJsonObject request = journal.first().toObject();
-    EXPECT_EQ(request.value(QStringLiteral("number")).toInt(), 1);
-    EXPECT_EQ(request.value(QStringLiteral("connection")).toInt(), 1);
-    EXPECT_EQ(request.value(QStringLiteral("endpoint")).toString(), QStringLiteral("token"));
-    EXPECT_EQ(request.value(QStringLiteral("method")).toString(), QStringLiteral("POST"));
-    EXPECT_EQ(request.value(QStringLiteral("path")).toString(), QStringLiteral("/connect/token"));
-    EXPECT_EQ(request.value(QStringLiteral("target")).toString(), QStringLiteral("/connect/token"));
-    EXPECT_EQ(request.value(QStringLiteral("body")).toString().toUtf8(), goodForm());
-    EXPECT_EQ(request.value(QStringLiteral("status")).toInt(), 200);
-    EXPECT_EQ(request.value(QStringLiteral("answeredWhole")), QJsonValue(true));
-    const QJsonObject header = request.value(QStringLiteral("headers")).toArray().at(1).toObject();
-    EXPECT_EQ(header.value(QStringLiteral("name")).toString(), QStringLiteral("Content-Type"));
-    EXPECT_EQ(header.value(QStringLiteral("value")).toString(), QStringLiteral("application/x-www-form-urlencoded"));
+    EXPECT_EQ(request.value(u"number"_s).toInt(), 1);
+    EXPECT_EQ(request.value(u"connection"_s).toInt(), 1);
+    EXPECT_EQ(request.value(u"endpoint"_s).toString(), u"token"_s);
+    EXPECT_EQ(request.value(u"method"_s).toString(), u"POST"_s);
+    EXPECT_EQ(request.value(u"path"_s).toString(), u"/connect/token"_s);
+    EXPECT_EQ(request.value(u"target"_s).toString(), u"/connect/token"_s);
+    EXPECT_EQ(request.value(u"body"_s).toString().toUtf8(), goodForm());
+    EXPECT_EQ(request.value(u"status"_s).toInt(), 200);
+    EXPECT_EQ(request.value(u"answeredWhole"_s), QJsonValue(true));
+    const QJsonObject header = request.value(u"headers"_s).toArray().at(1).toObject();
+    EXPECT_EQ(header.value(u"name"_s).toString(), u"Content-Type"_s);
+    EXPECT_EQ(header.value(u"value"_s).toString(), u"application/x-www-form-urlencoded"_s);
 }
 
 TEST_F(AdminApiTest, deletedJournal_isEmpty)
@@ -52,12 +54,12 @@ TEST_F(AdminApiTest, deletedJournal_isEmpty)
 TEST_F(AdminApiTest, orderedFault_isPendingThenMeetsItsRequest)
 {
     EXPECT_EQ(admin("POST", "/faults", R"({"fault": "status", "endpoint": "token", "status": 429})").status, 200);
-    const QJsonArray pending = admin("GET", "/faults").json().value(QStringLiteral("faults")).toArray();
+    const QJsonArray pending = admin("GET", "/faults").json().value(u"faults"_s).toArray();
     ASSERT_EQ(pending.size(), 1);
-    EXPECT_EQ(pending.first().toObject().value(QStringLiteral("fault")).toString(), QStringLiteral("status"));
+    EXPECT_EQ(pending.first().toObject().value(u"fault"_s).toString(), u"status"_s);
     EXPECT_EQ(askForToken(goodForm()).status, 429);
     EXPECT_EQ(askForToken(goodForm()).status, 200);
-    EXPECT_EQ(requests().first().toObject().value(QStringLiteral("fault")).toString(), QStringLiteral("status"));
+    EXPECT_EQ(requests().first().toObject().value(u"fault"_s).toString(), u"status"_s);
 }
 
 TEST_F(AdminApiTest, deletedFaults_meetNothing)
@@ -71,8 +73,7 @@ TEST_F(AdminApiTest, mistakenFault_isRefusedWithItsPlace)
 {
     const RawAnswer answer = admin("POST", "/faults", R"({"fault": "close", "endpoint": "moon"})");
     EXPECT_EQ(answer.status, 400);
-    EXPECT_EQ(error(answer),
-              QStringLiteral("endpoint: one of these is expected: token, by-card, register, cancel, any, unknown"));
+    EXPECT_EQ(error(answer), u"endpoint: one of these is expected: token, by-card, register, cancel, any, unknown"_s);
     EXPECT_TRUE(m_emulator->faults().pending().isEmpty());
 }
 
@@ -80,22 +81,21 @@ TEST_F(AdminApiTest, state_showsPrescriptionsWithTheirDispenses)
 {
     const QString id = idOfDispense(registerDispense(halfPriceDispense()));
     cancelDispense(id.toUtf8());
-    const QJsonArray patients = admin("GET", "/state").json().value(QStringLiteral("patients")).toArray();
+    const QJsonArray patients = admin("GET", "/state").json().value(u"patients"_s).toArray();
     ASSERT_EQ(patients.size(), 3);
-    EXPECT_EQ(patients.at(0).toObject().value(QStringLiteral("card")).toString(), QStringLiteral("11+0 %41;ё"));
+    EXPECT_EQ(patients.at(0).toObject().value(u"card"_s).toString(), u"11+0 %41;ё"_s);
     const QJsonObject patient = patients.at(1).toObject();
-    EXPECT_EQ(patient.value(QStringLiteral("card")).toString(), QStringLiteral("1100"));
-    const QJsonObject prescription = patient.value(QStringLiteral("prescriptions")).toArray().at(1).toObject();
-    EXPECT_EQ(prescription.value(QStringLiteral("id")).toString(), QStringLiteral("rx-half"));
-    EXPECT_EQ(prescription.value(QStringLiteral("status")).toString(), QStringLiteral("active"));
-    EXPECT_EQ(prescription.value(QStringLiteral("dispensed")).toDouble(), 30);
-    const QJsonArray dispenses = prescription.value(QStringLiteral("dispenses")).toArray();
+    EXPECT_EQ(patient.value(u"card"_s).toString(), u"1100"_s);
+    const QJsonObject prescription = patient.value(u"prescriptions"_s).toArray().at(1).toObject();
+    EXPECT_EQ(prescription.value(u"id"_s).toString(), u"rx-half"_s);
+    EXPECT_EQ(prescription.value(u"status"_s).toString(), u"active"_s);
+    EXPECT_EQ(prescription.value(u"dispensed"_s).toDouble(), 30);
+    const QJsonArray dispenses = prescription.value(u"dispenses"_s).toArray();
     ASSERT_EQ(dispenses.size(), 3);
     const QJsonObject last = dispenses.at(2).toObject();
-    EXPECT_EQ(last.value(QStringLiteral("id")).toString(), id);
-    EXPECT_EQ(last.value(QStringLiteral("cancelled")), QJsonValue(true));
-    EXPECT_EQ(last.value(QStringLiteral("claim")).toObject().value(QStringLiteral("resourceType")).toString(),
-              QStringLiteral("Claim"));
+    EXPECT_EQ(last.value(u"id"_s).toString(), id);
+    EXPECT_EQ(last.value(u"cancelled"_s), QJsonValue(true));
+    EXPECT_EQ(last.value(u"claim"_s).toObject().value(u"resourceType"_s).toString(), u"Claim"_s);
 }
 
 TEST_F(AdminApiTest, seed_replacesState)
@@ -104,14 +104,14 @@ TEST_F(AdminApiTest, seed_replacesState)
                                          "birthDate": "2001-01-01"}]})")
                   .status,
               200);
-    EXPECT_EQ(m_emulator->store().cards(), QStringList{QStringLiteral("7")});
+    EXPECT_EQ(m_emulator->store().cards(), QStringList{u"7"_s});
 }
 
 TEST_F(AdminApiTest, mistakenSeed_isRefusedWithItsPlace)
 {
     const RawAnswer answer = admin("POST", "/seed", R"({"patients": [{}]})");
     EXPECT_EQ(answer.status, 400);
-    EXPECT_EQ(error(answer), QStringLiteral("patients[0].id: a text is expected"));
+    EXPECT_EQ(error(answer), u"patients[0].id: a text is expected"_s);
     EXPECT_EQ(m_emulator->store().cards().size(), 3);
 }
 
@@ -119,26 +119,25 @@ TEST_F(AdminApiTest, reset_takesDispensesBack)
 {
     ASSERT_EQ(registerDispense(fullPriceDispense()).status, 200);
     EXPECT_EQ(admin("POST", "/reset").status, 200);
-    EXPECT_TRUE(m_emulator->store().dispensesOf(QStringLiteral("rx-full")).isEmpty());
+    EXPECT_TRUE(m_emulator->store().dispensesOf(u"rx-full"_s).isEmpty());
 }
 
 TEST_F(AdminApiTest, fill_putsPrescriptionsOnCard)
 {
     EXPECT_EQ(admin("POST", "/fill", R"({"card": "1100999", "count": 1000})").status, 200);
-    EXPECT_EQ(m_emulator->store().prescriptionsOfCard(QStringLiteral("1100999")).size(), 1000);
-    EXPECT_EQ(error(admin("POST", "/fill", R"({"card": "1"})")),
-              QStringLiteral("count: a whole number up to 100000 is expected"));
+    EXPECT_EQ(m_emulator->store().prescriptionsOfCard(u"1100999"_s).size(), 1000);
+    EXPECT_EQ(error(admin("POST", "/fill", R"({"card": "1"})")), u"count: a whole number up to 100000 is expected"_s);
 }
 
 TEST_F(AdminApiTest, rules_areChangedOneByOne)
 {
     const RawAnswer answer = admin("POST", "/rules", R"({"tokenLifetime": 2})");
     EXPECT_EQ(answer.status, 200);
-    EXPECT_EQ(askForToken(goodForm()).json().value(QStringLiteral("expires_in")).toInt(), 2);
+    EXPECT_EQ(askForToken(goodForm()).json().value(u"expires_in"_s).toInt(), 2);
     admin("POST", "/rules", R"({"oaisToken": "o"})");
     const QJsonObject rules = admin("GET", "/rules").json();
-    EXPECT_EQ(rules.value(QStringLiteral("tokenLifetime")).toInt(), 2);
-    EXPECT_EQ(rules.value(QStringLiteral("oaisToken")).toString(), QStringLiteral("o"));
+    EXPECT_EQ(rules.value(u"tokenLifetime"_s).toInt(), 2);
+    EXPECT_EQ(rules.value(u"oaisToken"_s).toString(), u"o"_s);
 }
 
 TEST_F(AdminApiTest, deletedTokens_areExpired)
@@ -146,7 +145,7 @@ TEST_F(AdminApiTest, deletedTokens_areExpired)
     const auto headers = admitted();
     EXPECT_EQ(admin("DELETE", "/tokens").status, 200);
     EXPECT_EQ(ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", headers).issue(),
-              QStringLiteral("Срок действия токена авторизации истёк"));
+              u"Срок действия токена авторизации истёк"_s);
 }
 
 TEST_F(AdminApiTest, unknownPathMethodOrGarbage_isRefused)

@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 using emulator::RequestParser;
 
 namespace
@@ -54,8 +56,9 @@ TEST_F(ConnectionTest, pipelinedRequests_areAnsweredInOrderAlsoWhenTheFirstIsSlo
     EXPECT_EQ(connection.answer().value_or(RawAnswer()).status, 418);
     EXPECT_EQ(connection.answer().value_or(RawAnswer()).status, 404);
     QList<QByteArray> targets;
-    for (const auto& entry : m_emulator->journal().entries())
+    for (const auto& entry : m_emulator->journal().entries()) {
         targets.append(entry.target);
+    }
     EXPECT_EQ(targets, (QList<QByteArray>{"/1", "/2", "/3"}));
 }
 
@@ -127,8 +130,7 @@ TEST_F(ConnectionTest, wrongMethod_isRefusedAndToldTheRightOne)
         const RawAnswer answer = ask(method, target, admitted());
         EXPECT_EQ(answer.status, 405) << target;
         EXPECT_EQ(answer.header("Allow"), right) << target;
-        EXPECT_EQ(answer.issue(), QString(QStringLiteral("Метод ") + QLatin1String(method) +
-                                          QStringLiteral(" здесь не поддерживается")));
+        EXPECT_EQ(answer.issue(), QString(u"Метод "_s + QLatin1StringView(method) + u" здесь не поддерживается"_s));
     }
 }
 
@@ -136,7 +138,7 @@ TEST_F(ConnectionTest, unknownPath_isNotFound)
 {
     const RawAnswer answer = ask("GET", "/Patient/1");
     EXPECT_EQ(answer.status, 404);
-    EXPECT_EQ(answer.issue(), QStringLiteral("Адрес неизвестен реестру"));
+    EXPECT_EQ(answer.issue(), u"Адрес неизвестен реестру"_s);
 }
 
 TEST_F(ConnectionTest, absoluteTarget_isTheSamePath)
@@ -147,30 +149,29 @@ TEST_F(ConnectionTest, absoluteTarget_isTheSamePath)
 TEST_F(ConnectionTest, garbage_isRefused)
 {
     expectUnreadable("\x16\x03\x01\x02\x00\x01\x00\x01\xfc\x03\x03 hello\r\n\r\n", 400,
-                     QStringLiteral("Запрос не удалось разобрать"));
-    expectUnreadable("GET /x HTTP/1.1\r\nNo colon\r\n\r\n", 400, QStringLiteral("Запрос не удалось разобрать"));
-    expectUnreadable("GET /x HTTP/1.1\r\nContent-Length: -1\r\n\r\n", 400,
-                     QStringLiteral("Запрос не удалось разобрать"));
+                     u"Запрос не удалось разобрать"_s);
+    expectUnreadable("GET /x HTTP/1.1\r\nNo colon\r\n\r\n", 400, u"Запрос не удалось разобрать"_s);
+    expectUnreadable("GET /x HTTP/1.1\r\nContent-Length: -1\r\n\r\n", 400, u"Запрос не удалось разобрать"_s);
     expectUnreadable("POST /x HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\nzz\r\n", 400,
-                     QStringLiteral("Запрос не удалось разобрать"));
+                     u"Запрос не удалось разобрать"_s);
 }
 
 TEST_F(ConnectionTest, otherHttpVersion_isRefused)
 {
-    expectUnreadable("GET /x HTTP/3.7\r\n\r\n", 505, QStringLiteral("Версия HTTP не поддерживается"));
+    expectUnreadable("GET /x HTTP/3.7\r\n\r\n", 505, u"Версия HTTP не поддерживается"_s);
 }
 
 TEST_F(ConnectionTest, tooLargeHeaders_areRefused)
 {
     expectUnreadable("GET /x HTTP/1.1\r\nX: " + QByteArray(RequestParser::headerLimit, 'a') + "\r\n\r\n", 431,
-                     QStringLiteral("Заголовки запроса слишком велики"));
+                     u"Заголовки запроса слишком велики"_s);
 }
 
 TEST_F(ConnectionTest, tooLargeBody_isRefusedWhileItsSenderIsStillSending)
 {
     const QByteArray body(qsizetype(RequestParser::bodyLimit) + 1, 'a');
     expectUnreadable("POST /x HTTP/1.1\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body, 413,
-                     QStringLiteral("Тело запроса слишком велико"));
+                     u"Тело запроса слишком велико"_s);
 }
 
 TEST_F(ConnectionTest, largestBody_isTaken)
@@ -193,12 +194,15 @@ TEST_F(ConnectionTest, requestBrokenOffByClient_isNoRequest)
 TEST_F(ConnectionTest, thousandConnections_areServedSideBySide)
 {
     std::vector<std::unique_ptr<RawConnection>> connections;
-    for (int number = 0; number < 1000; ++number)
+    for (int number = 0; number < 1000; ++number) {
         connections.push_back(std::make_unique<RawConnection>(m_emulator->url()));
-    for (const auto& connection : connections)
+    }
+    for (const auto& connection : connections) {
         connection->send(unknownPath("a"));
-    for (const auto& connection : connections)
+    }
+    for (const auto& connection : connections) {
         ASSERT_EQ(connection->answer().value_or(RawAnswer()).status, 404);
+    }
     EXPECT_EQ(m_emulator->connectionCount(), 1000);
 }
 

@@ -4,6 +4,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 class DispenseCancellationTest : public EmulatorTest
@@ -13,9 +15,9 @@ protected:
     QByteArray bookFinal()
     {
         const QJsonObject document =
-            with(fullPriceDispense(), QStringLiteral("parameter.0.resource.extension.0.valueBoolean"), true);
+            with(fullPriceDispense(), u"parameter.0.resource.extension.0.valueBoolean"_s, true);
         const QByteArray id = idOfDispense(registerDispense(document)).toUtf8();
-        EXPECT_EQ(statusOf(QStringLiteral("rx-full")), QStringLiteral("completed"));
+        EXPECT_EQ(statusOf(u"rx-full"_s), u"completed"_s);
         return id;
     }
 };
@@ -26,22 +28,21 @@ TEST_F(DispenseCancellationTest, cancellation_isAnsweredWithErroneousDispense)
     const QByteArray id = bookFinal();
     const RawAnswer answer = cancelDispense(id);
     ASSERT_EQ(answer.status, 200) << qPrintable(answer.issue());
-    EXPECT_EQ(answer.json().value(QStringLiteral("resourceType")).toString(), QStringLiteral("Bundle"));
-    const QJsonArray entries = answer.json().value(QStringLiteral("entry")).toArray();
+    EXPECT_EQ(answer.json().value(u"resourceType"_s).toString(), u"Bundle"_s);
+    const QJsonArray entries = answer.json().value(u"entry"_s).toArray();
     ASSERT_EQ(entries.size(), 1);
     const QJsonObject entry = entries.first().toObject();
-    EXPECT_EQ(entry.value(QStringLiteral("transactionResponse")).toObject().value(QStringLiteral("status")).toString(),
-              QStringLiteral("PUT:200"));
-    const QJsonObject resource = entry.value(QStringLiteral("resource")).toObject();
-    EXPECT_EQ(resource.value(QStringLiteral("id")).toString().toUtf8(), id);
-    EXPECT_EQ(resource.value(QStringLiteral("status")).toString(), QStringLiteral("entered-in-error"));
+    EXPECT_EQ(entry.value(u"transactionResponse"_s).toObject().value(u"status"_s).toString(), u"PUT:200"_s);
+    const QJsonObject resource = entry.value(u"resource"_s).toObject();
+    EXPECT_EQ(resource.value(u"id"_s).toString().toUtf8(), id);
+    EXPECT_EQ(resource.value(u"status"_s).toString(), u"entered-in-error"_s);
     EXPECT_TRUE(m_emulator->store().dispense(QString::fromUtf8(id))->isCancelled);
 }
 
 TEST_F(DispenseCancellationTest, cancelledFinalDispense_givesPrescriptionBack)
 {
     ASSERT_EQ(cancelDispense(bookFinal()).status, 200);
-    EXPECT_EQ(statusOf(QStringLiteral("rx-full")), QStringLiteral("active"));
+    EXPECT_EQ(statusOf(u"rx-full"_s), u"active"_s);
     EXPECT_EQ(registerDispense(fullPriceDispense()).status, 200);
 }
 
@@ -59,7 +60,7 @@ TEST_F(DispenseCancellationTest, cancelledPartOfFinallyDispensedPrescription_lea
     const QByteArray part = idOfDispense(registerDispense(fullPriceDispense())).toUtf8();
     bookFinal();
     ASSERT_EQ(cancelDispense(part).status, 200);
-    EXPECT_EQ(statusOf(QStringLiteral("rx-full")), QStringLiteral("completed"));
+    EXPECT_EQ(statusOf(u"rx-full"_s), u"completed"_s);
 }
 
 TEST_F(DispenseCancellationTest, secondCancellation_isRefused)
@@ -69,22 +70,21 @@ TEST_F(DispenseCancellationTest, secondCancellation_isRefused)
     ASSERT_EQ(registerDispense(fullPriceDispense()).status, 200);
     const RawAnswer answer = cancelDispense(id);
     EXPECT_EQ(answer.status, 409);
-    EXPECT_EQ(answer.issue(),
-              QString(QStringLiteral("Отпуск ") + QString::fromUtf8(id) + QStringLiteral(" уже отменён")));
+    EXPECT_EQ(answer.issue(), QString(u"Отпуск "_s + QString::fromUtf8(id) + u" уже отменён"_s));
 }
 
 TEST_F(DispenseCancellationTest, unknownDispense_isRefused)
 {
     const RawAnswer answer = cancelDispense("a%2F%251");
     EXPECT_EQ(answer.status, 404);
-    EXPECT_EQ(answer.issue(), QStringLiteral("Отпуск a/%1 не найден в реестре"));
+    EXPECT_EQ(answer.issue(), u"Отпуск a/%1 не найден в реестре"_s);
 }
 
 TEST_F(DispenseCancellationTest, missingId_isRefused)
 {
     const RawAnswer answer = ask("POST", "/MedicationDispense/$set-as-error", admitted(), "{}");
     EXPECT_EQ(answer.status, 400);
-    EXPECT_EQ(answer.issue(), QStringLiteral("Не указано, какой отпуск отменяется"));
+    EXPECT_EQ(answer.issue(), u"Не указано, какой отпуск отменяется"_s);
 }
 
 TEST_F(DispenseCancellationTest, dispenseOfOtherPharmacy_isRefused)
@@ -95,8 +95,8 @@ TEST_F(DispenseCancellationTest, dispenseOfOtherPharmacy_isRefused)
                                           "organization_identifier=18"),
                                  "{}");
     EXPECT_EQ(answer.status, 403);
-    EXPECT_EQ(answer.issue(), QString(QStringLiteral("Отпуск ") + QString::fromUtf8(id) +
-                                      QStringLiteral(" зарегистрирован другой организацией")));
+    EXPECT_EQ(answer.issue(),
+              QString(u"Отпуск "_s + QString::fromUtf8(id) + u" зарегистрирован другой организацией"_s));
     EXPECT_FALSE(m_emulator->store().dispense(QString::fromUtf8(id))->isCancelled);
 }
 
@@ -106,7 +106,7 @@ TEST_F(DispenseCancellationTest, bodyThatIsNoJsonObject_isRefused)
     for (const QByteArray& body : {QByteArray("[]"), QByteArray("x"), QByteArray()}) {
         const RawAnswer answer = ask("POST", "/MedicationDispense/" + id + "/$set-as-error", admitted(), body);
         EXPECT_EQ(answer.status, 400);
-        EXPECT_EQ(answer.issue(), QStringLiteral("Запрос отмены не является объектом JSON"));
+        EXPECT_EQ(answer.issue(), u"Запрос отмены не является объектом JSON"_s);
     }
     EXPECT_FALSE(m_emulator->store().dispense(QString::fromUtf8(id))->isCancelled);
 }

@@ -4,11 +4,13 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 /// Paths into a document of the fixture, with what stands there.
-const QString dispenseAt = QStringLiteral("parameter.0.resource.");
-const QString claimAt = QStringLiteral("parameter.1.resource.");
+const QString dispenseAt = u"parameter.0.resource."_s;
+const QString claimAt = u"parameter.1.resource."_s;
 
 class DispenseRegistrationTest : public EmulatorTest
 {
@@ -25,27 +27,27 @@ protected:
 
     static QJsonObject doses(const QJsonObject& document, double doses)
     {
-        return with(document, dispenseAt + QStringLiteral("quantity.value"), doses);
+        return with(document, dispenseAt + u"quantity.value"_s, doses);
     }
 
     static QJsonObject declaredFinal(const QJsonObject& document)
     {
-        return with(document, dispenseAt + QStringLiteral("extension.0.valueBoolean"), true);
+        return with(document, dispenseAt + u"extension.0.valueBoolean"_s, true);
     }
 
     static QJsonObject ofPrescription(const QJsonObject& document, const QString& id, const QString& medication)
     {
-        const QJsonObject other = with(document, dispenseAt + QStringLiteral("authorizingPrescription.0.reference"),
-                                       QString(QStringLiteral("MedicationPrescription/") + id));
-        return with(other, dispenseAt + QStringLiteral("contained.0.code.coding.0.code"), medication);
+        const QJsonObject other = with(document, dispenseAt + u"authorizingPrescription.0.reference"_s,
+                                       QString(u"MedicationPrescription/"_s + id));
+        return with(other, dispenseAt + u"contained.0.code.coding.0.code"_s, medication);
     }
 
     static QJsonObject amounts(double unitPrice, double factor, double net)
     {
         QJsonObject document = halfPriceDispense();
-        document = with(document, claimAt + QStringLiteral("item.0.unitPrice.value"), unitPrice);
-        document = with(document, claimAt + QStringLiteral("item.0.factor"), factor);
-        return with(document, claimAt + QStringLiteral("item.0.net.value"), net);
+        document = with(document, claimAt + u"item.0.unitPrice.value"_s, unitPrice);
+        document = with(document, claimAt + u"item.0.factor"_s, factor);
+        return with(document, claimAt + u"item.0.net.value"_s, net);
     }
 };
 } // namespace
@@ -54,22 +56,21 @@ TEST_F(DispenseRegistrationTest, fullPriceDispense_isAnsweredWithItsIdAndBooked)
 {
     const RawAnswer answer = registerDispense(fullPriceDispense());
     ASSERT_EQ(answer.status, 200) << qPrintable(answer.issue());
-    EXPECT_EQ(answer.json().value(QStringLiteral("resourceType")).toString(), QStringLiteral("Bundle"));
-    const QJsonArray entries = answer.json().value(QStringLiteral("entry")).toArray();
+    EXPECT_EQ(answer.json().value(u"resourceType"_s).toString(), u"Bundle"_s);
+    const QJsonArray entries = answer.json().value(u"entry"_s).toArray();
     ASSERT_EQ(entries.size(), 1);
     const QJsonObject entry = entries.at(0).toObject();
-    EXPECT_EQ(entry.value(QStringLiteral("transactionResponse")).toObject().value(QStringLiteral("status")).toString(),
-              QStringLiteral("POST:201"));
-    const QJsonObject resource = entry.value(QStringLiteral("resource")).toObject();
-    EXPECT_EQ(resource.value(QStringLiteral("resourceType")).toString(), QStringLiteral("MedicationDispense"));
-    EXPECT_EQ(resource.value(QStringLiteral("quantity")).toObject().value(QStringLiteral("value")).toDouble(), 10);
+    EXPECT_EQ(entry.value(u"transactionResponse"_s).toObject().value(u"status"_s).toString(), u"POST:201"_s);
+    const QJsonObject resource = entry.value(u"resource"_s).toObject();
+    EXPECT_EQ(resource.value(u"resourceType"_s).toString(), u"MedicationDispense"_s);
+    EXPECT_EQ(resource.value(u"quantity"_s).toObject().value(u"value"_s).toDouble(), 10);
 
-    const auto booked = m_emulator->store().dispense(resource.value(QStringLiteral("id")).toString());
+    const auto booked = m_emulator->store().dispense(resource.value(u"id"_s).toString());
     ASSERT_TRUE(booked.has_value());
-    EXPECT_EQ(booked->prescriptionId, QStringLiteral("rx-full"));
+    EXPECT_EQ(booked->prescriptionId, u"rx-full"_s);
     EXPECT_EQ(booked->quantity, 10);
     EXPECT_EQ(booked->handedOver, QDate(2024, 3, 20));
-    EXPECT_EQ(booked->pharmacy, QStringLiteral("17"));
+    EXPECT_EQ(booked->pharmacy, u"17"_s);
     EXPECT_FALSE(booked->isFinal);
     EXPECT_FALSE(booked->isCancelled);
     EXPECT_TRUE(booked->claim.isEmpty());
@@ -79,82 +80,78 @@ TEST_F(DispenseRegistrationTest, benefitDispense_isAnsweredWithItsClaim)
 {
     const RawAnswer answer = registerDispense(halfPriceDispense());
     ASSERT_EQ(answer.status, 200) << qPrintable(answer.issue());
-    const QJsonArray entries = answer.json().value(QStringLiteral("entry")).toArray();
+    const QJsonArray entries = answer.json().value(u"entry"_s).toArray();
     ASSERT_EQ(entries.size(), 2);
     const QJsonObject claim = entries.at(1).toObject();
-    EXPECT_EQ(claim.value(QStringLiteral("transactionResponse")).toObject().value(QStringLiteral("status")).toString(),
-              QStringLiteral("POST:201"));
-    EXPECT_EQ(claim.value(QStringLiteral("resource")).toObject().value(QStringLiteral("resourceType")).toString(),
-              QStringLiteral("Claim"));
-    EXPECT_FALSE(claim.value(QStringLiteral("resource")).toObject().value(QStringLiteral("id")).toString().isEmpty());
+    EXPECT_EQ(claim.value(u"transactionResponse"_s).toObject().value(u"status"_s).toString(), u"POST:201"_s);
+    EXPECT_EQ(claim.value(u"resource"_s).toObject().value(u"resourceType"_s).toString(), u"Claim"_s);
+    EXPECT_FALSE(claim.value(u"resource"_s).toObject().value(u"id"_s).toString().isEmpty());
     EXPECT_FALSE(m_emulator->store().dispense(idOfDispense(answer))->claim.isEmpty());
 }
 
 TEST_F(DispenseRegistrationTest, partialDispense_leavesPrescriptionActive)
 {
     ASSERT_EQ(registerDispense(fullPriceDispense()).status, 200);
-    EXPECT_EQ(statusOf(QStringLiteral("rx-full")), QStringLiteral("active"));
+    EXPECT_EQ(statusOf(u"rx-full"_s), u"active"_s);
 }
 
 TEST_F(DispenseRegistrationTest, finalDispense_completesPrescription)
 {
     ASSERT_EQ(registerDispense(declaredFinal(fullPriceDispense())).status, 200);
-    EXPECT_EQ(statusOf(QStringLiteral("rx-full")), QStringLiteral("completed"));
+    EXPECT_EQ(statusOf(u"rx-full"_s), u"completed"_s);
 }
 
 TEST_F(DispenseRegistrationTest, lastDoses_completePrescription)
 {
     ASSERT_EQ(registerDispense(fullPriceDispense()).status, 200);
     ASSERT_EQ(registerDispense(fullPriceDispense()).status, 200);
-    EXPECT_EQ(statusOf(QStringLiteral("rx-full")), QStringLiteral("completed"));
+    EXPECT_EQ(statusOf(u"rx-full"_s), u"completed"_s);
 }
 
 TEST_F(DispenseRegistrationTest, earlierDispenses_countToo)
 {
     ASSERT_EQ(registerDispense(doses(halfPriceDispense(), 30)).status, 200);
-    EXPECT_EQ(statusOf(QStringLiteral("rx-half")), QStringLiteral("completed"));
+    EXPECT_EQ(statusOf(u"rx-half"_s), u"completed"_s);
 }
 
 TEST_F(DispenseRegistrationTest, fractionsOfDoses_addUpToWhole)
 {
-    QJsonObject document = ofPrescription(fullPriceDispense(), QStringLiteral("rx-inn"), QString());
+    QJsonObject document = ofPrescription(fullPriceDispense(), u"rx-inn"_s, QString());
     ASSERT_EQ(registerDispense(doses(document, 3.3)).status, 200);
     ASSERT_EQ(registerDispense(doses(document, 3.3)).status, 200);
-    expectRefusal(doses(document, 3.41), 422,
-                  QStringLiteral("По рецепту rx-inn осталось доз: 3.40, отпускается: 3.41"));
+    expectRefusal(doses(document, 3.41), 422, u"По рецепту rx-inn осталось доз: 3.40, отпускается: 3.41"_s);
     ASSERT_EQ(registerDispense(doses(document, 3.4)).status, 200);
-    EXPECT_EQ(statusOf(QStringLiteral("rx-inn")), QStringLiteral("completed"));
+    EXPECT_EQ(statusOf(u"rx-inn"_s), u"completed"_s);
 }
 
 TEST_F(DispenseRegistrationTest, unknownPrescription_isRefused)
 {
-    expectRefusal(ofPrescription(fullPriceDispense(), QStringLiteral("rx-%1"), QStringLiteral("1001")), 404,
-                  QStringLiteral("Рецепт rx-%1 не найден в реестре"));
+    expectRefusal(ofPrescription(fullPriceDispense(), u"rx-%1"_s, u"1001"_s), 404,
+                  u"Рецепт rx-%1 не найден в реестре"_s);
 }
 
 TEST_F(DispenseRegistrationTest, wrongPatient_isRefused)
 {
-    expectRefusal(
-        with(fullPriceDispense(), dispenseAt + QStringLiteral("patient.reference"), QStringLiteral("Patient/x")), 422,
-        QStringLiteral("Рецепт rx-full выписан другому пациенту"));
+    expectRefusal(with(fullPriceDispense(), dispenseAt + u"patient.reference"_s, u"Patient/x"_s), 422,
+                  u"Рецепт rx-full выписан другому пациенту"_s);
 }
 
 TEST_F(DispenseRegistrationTest, completedPrescription_isRefused)
 {
     ASSERT_EQ(registerDispense(declaredFinal(fullPriceDispense())).status, 200);
-    expectRefusal(fullPriceDispense(), 422, QStringLiteral("Рецепт rx-full уже отпущен полностью"));
+    expectRefusal(fullPriceDispense(), 422, u"Рецепт rx-full уже отпущен полностью"_s);
 }
 
 TEST_F(DispenseRegistrationTest, prescriptionThatIsNotActive_isRefused)
 {
-    expectRefusal(ofPrescription(fullPriceDispense(), QStringLiteral("rx-stopped"), QStringLiteral("1013")), 422,
-                  QStringLiteral("Рецепт rx-stopped не действует, его статус «stopped»"));
+    expectRefusal(ofPrescription(fullPriceDispense(), u"rx-stopped"_s, u"1013"_s), 422,
+                  u"Рецепт rx-stopped не действует, его статус «stopped»"_s);
 }
 
 TEST_F(DispenseRegistrationTest, expiredPrescription_isRefused)
 {
-    expectRefusal(ofPrescription(fullPriceDispense(), QStringLiteral("rx-expired"), QStringLiteral("1011")), 422,
-                  QStringLiteral("Срок действия рецепта rx-expired истёк 10.03.2024"));
+    expectRefusal(ofPrescription(fullPriceDispense(), u"rx-expired"_s, u"1011"_s), 422,
+                  u"Срок действия рецепта rx-expired истёк 10.03.2024"_s);
 }
 
 TEST_F(DispenseRegistrationTest, lastDayOfValidity_stillCounts)
@@ -162,22 +159,20 @@ TEST_F(DispenseRegistrationTest, lastDayOfValidity_stillCounts)
     m_now = QDateTime(QDate(2024, 4, 14), QTime(23, 59, 59));
     EXPECT_EQ(registerDispense(fullPriceDispense()).status, 200);
     m_now = m_now.addSecs(1);
-    expectRefusal(fullPriceDispense(), 422, QStringLiteral("Срок действия рецепта rx-full истёк 14.04.2024"));
+    expectRefusal(fullPriceDispense(), 422, u"Срок действия рецепта rx-full истёк 14.04.2024"_s);
 }
 
 TEST_F(DispenseRegistrationTest, dispenseBeforePrescriptionOrInFuture_isRefused)
 {
-    const QString date = dispenseAt + QStringLiteral("whenHandedOver");
-    expectRefusal(with(fullPriceDispense(), date, QStringLiteral("2024-03-14")), 422,
-                  QStringLiteral("Дата отпуска раньше даты выписки рецепта"));
-    expectRefusal(with(fullPriceDispense(), date, QStringLiteral("2024-03-21")), 422,
-                  QStringLiteral("Дата отпуска ещё не наступила"));
-    EXPECT_EQ(registerDispense(with(fullPriceDispense(), date, QStringLiteral("2024-03-15"))).status, 200);
+    const QString date = dispenseAt + u"whenHandedOver"_s;
+    expectRefusal(with(fullPriceDispense(), date, u"2024-03-14"_s), 422, u"Дата отпуска раньше даты выписки рецепта"_s);
+    expectRefusal(with(fullPriceDispense(), date, u"2024-03-21"_s), 422, u"Дата отпуска ещё не наступила"_s);
+    EXPECT_EQ(registerDispense(with(fullPriceDispense(), date, u"2024-03-15"_s)).status, 200);
 }
 
 TEST_F(DispenseRegistrationTest, quantityThatIsNotPositive_isRefused)
 {
-    const QString text = QStringLiteral("Количество отпускаемых доз должно быть больше нуля");
+    const QString text = u"Количество отпускаемых доз должно быть больше нуля"_s;
     expectRefusal(doses(fullPriceDispense(), 0), 422, text);
     expectRefusal(doses(fullPriceDispense(), -1), 422, text);
 }
@@ -185,65 +180,63 @@ TEST_F(DispenseRegistrationTest, quantityThatIsNotPositive_isRefused)
 TEST_F(DispenseRegistrationTest, moreThanIsLeft_isRefused)
 {
     expectRefusal(doses(fullPriceDispense(), 20.01), 422,
-                  QStringLiteral("По рецепту rx-full осталось доз: 20.00, отпускается: 20.01"));
-    expectRefusal(doses(halfPriceDispense(), 31), 422,
-                  QStringLiteral("По рецепту rx-half осталось доз: 30.00, отпускается: 31.00"));
+                  u"По рецепту rx-full осталось доз: 20.00, отпускается: 20.01"_s);
+    expectRefusal(doses(halfPriceDispense(), 31), 422, u"По рецепту rx-half осталось доз: 30.00, отпускается: 31.00"_s);
 }
 
 TEST_F(DispenseRegistrationTest, codeOfAnyCodingOfMedicine_willDo)
 {
     for (const char* code : {"1001", "TN-1", "J01CA04"}) {
         const QJsonObject document =
-            ofPrescription(doses(fullPriceDispense(), 1), QStringLiteral("rx-full"), QLatin1String(code));
+            ofPrescription(doses(fullPriceDispense(), 1), u"rx-full"_s, QLatin1StringView(code));
         EXPECT_EQ(registerDispense(document).status, 200) << code;
     }
 }
 
 TEST_F(DispenseRegistrationTest, medicineThatIsNotPrescribed_isRefused)
 {
-    expectRefusal(ofPrescription(fullPriceDispense(), QStringLiteral("rx-full"), QStringLiteral("1003")), 422,
-                  QStringLiteral("Препарат с кодом 1003 не назначен рецептом rx-full"));
+    expectRefusal(ofPrescription(fullPriceDispense(), u"rx-full"_s, u"1003"_s), 422,
+                  u"Препарат с кодом 1003 не назначен рецептом rx-full"_s);
 }
 
 TEST_F(DispenseRegistrationTest, emptyMedicineCode_isRefusedWhereTradeNameIsPrescribed)
 {
-    expectRefusal(ofPrescription(fullPriceDispense(), QStringLiteral("rx-full"), QString()), 422,
-                  QStringLiteral("В документе отпуска не указан код препарата"));
+    expectRefusal(ofPrescription(fullPriceDispense(), u"rx-full"_s, QString()), 422,
+                  u"В документе отпуска не указан код препарата"_s);
 }
 
 TEST_F(DispenseRegistrationTest, emptyMedicineCode_willDoWhereNoTradeNameIsPrescribed)
 {
-    EXPECT_EQ(registerDispense(ofPrescription(fullPriceDispense(), QStringLiteral("rx-inn"), QString())).status, 200);
+    EXPECT_EQ(registerDispense(ofPrescription(fullPriceDispense(), u"rx-inn"_s, QString())).status, 200);
 }
 
 TEST_F(DispenseRegistrationTest, benefitWithoutClaim_isRefused)
 {
-    expectRefusal(with(halfPriceDispense(), QStringLiteral("parameter.1"), QJsonValue::Undefined), 422,
-                  QStringLiteral("К отпуску льготного рецепта не приложен счёт"));
+    expectRefusal(with(halfPriceDispense(), u"parameter.1"_s, QJsonValue::Undefined), 422,
+                  u"К отпуску льготного рецепта не приложен счёт"_s);
 }
 
 TEST_F(DispenseRegistrationTest, fullPriceWithClaim_isRefused)
 {
-    QJsonObject document = ofPrescription(halfPriceDispense(), QStringLiteral("rx-full"), QStringLiteral("1001"));
-    expectRefusal(document, 422, QStringLiteral("Рецепт отпускается за полную стоимость, счёт не нужен"));
+    QJsonObject document = ofPrescription(halfPriceDispense(), u"rx-full"_s, u"1001"_s);
+    expectRefusal(document, 422, u"Рецепт отпускается за полную стоимость, счёт не нужен"_s);
 }
 
 TEST_F(DispenseRegistrationTest, claimOfOtherPrescriptionOrPatient_isRefused)
 {
-    expectRefusal(with(halfPriceDispense(), claimAt + QStringLiteral("originalPrescription.reference"),
-                       QStringLiteral("MedicationPrescription/rx-full")),
-                  422, QStringLiteral("Счёт относится к другому рецепту"));
-    expectRefusal(with(halfPriceDispense(), claimAt + QStringLiteral("patient.reference"), QStringLiteral("Patient/x")),
-                  422, QStringLiteral("Счёт относится к другому пациенту"));
+    expectRefusal(
+        with(halfPriceDispense(), claimAt + u"originalPrescription.reference"_s, u"MedicationPrescription/rx-full"_s),
+        422, u"Счёт относится к другому рецепту"_s);
+    expectRefusal(with(halfPriceDispense(), claimAt + u"patient.reference"_s, u"Patient/x"_s), 422,
+                  u"Счёт относится к другому пациенту"_s);
 }
 
 TEST_F(DispenseRegistrationTest, unknownOrOtherPayer_isRefused)
 {
-    const QString payer = claimAt + QStringLiteral("organization.reference");
-    expectRefusal(with(halfPriceDispense(), payer, QStringLiteral("Organization/")), 422,
-                  QStringLiteral("Организация-плательщик неизвестна"));
-    expectRefusal(with(halfPriceDispense(), payer, QStringLiteral("Organization/payer-2")), 422,
-                  QStringLiteral("Льготу по рецепту оплачивает другая организация"));
+    const QString payer = claimAt + u"organization.reference"_s;
+    expectRefusal(with(halfPriceDispense(), payer, u"Organization/"_s), 422, u"Организация-плательщик неизвестна"_s);
+    expectRefusal(with(halfPriceDispense(), payer, u"Organization/payer-2"_s), 422,
+                  u"Льготу по рецепту оплачивает другая организация"_s);
 }
 
 TEST_F(DispenseRegistrationTest, amountsThatFit_areTaken)
@@ -257,7 +250,7 @@ TEST_F(DispenseRegistrationTest, amountsThatFit_areTaken)
 
 TEST_F(DispenseRegistrationTest, netOneCentOff_isRefused)
 {
-    const QString text = QStringLiteral("Сумма счёта не соответствует цене и доле плательщика");
+    const QString text = u"Сумма счёта не соответствует цене и доле плательщика"_s;
     expectRefusal(amounts(20.00, 0.5, 10.01), 422, text);
     expectRefusal(amounts(20.00, 0.5, 9.99), 422, text);
     expectRefusal(amounts(20.01, 0.5, 10.02), 422, text);
@@ -266,12 +259,10 @@ TEST_F(DispenseRegistrationTest, netOneCentOff_isRefused)
 TEST_F(DispenseRegistrationTest, payerOfAll_paysPriceToTheCent)
 {
     const auto free = [](double unitPrice, double net) {
-        QJsonObject document =
-            ofPrescription(amounts(unitPrice, 1, net), QStringLiteral("rx-free"), QStringLiteral("1010"));
-        return with(document, claimAt + QStringLiteral("originalPrescription.reference"),
-                    QStringLiteral("MedicationPrescription/rx-free"));
+        QJsonObject document = ofPrescription(amounts(unitPrice, 1, net), u"rx-free"_s, u"1010"_s);
+        return with(document, claimAt + u"originalPrescription.reference"_s, u"MedicationPrescription/rx-free"_s);
     };
-    const QString text = QStringLiteral("Сумма счёта не соответствует цене и доле плательщика");
+    const QString text = u"Сумма счёта не соответствует цене и доле плательщика"_s;
     expectRefusal(free(7.35, 7.34), 422, text);
     expectRefusal(free(7.35, 7.36), 422, text);
     EXPECT_EQ(registerDispense(free(7.35, 7.35)).status, 200);
@@ -279,18 +270,18 @@ TEST_F(DispenseRegistrationTest, payerOfAll_paysPriceToTheCent)
 
 TEST_F(DispenseRegistrationTest, shareThatIsNotThePrescriptions_isRefused)
 {
-    const QString text = QStringLiteral("Доля плательщика в счёте не соответствует рецепту");
+    const QString text = u"Доля плательщика в счёте не соответствует рецепту"_s;
     expectRefusal(amounts(20, 0.51, 10.2), 422, text);
     expectRefusal(amounts(20, 1, 20), 422, text);
 }
 
 TEST_F(DispenseRegistrationTest, amountsInPartsOfCentOrNegativeOrForeign_areRefused)
 {
-    expectRefusal(amounts(20.001, 0.5, 10), 422, QStringLiteral("Суммы счёта должны быть в целых копейках"));
-    expectRefusal(amounts(20, 0.5, 10.004), 422, QStringLiteral("Суммы счёта должны быть в целых копейках"));
-    expectRefusal(amounts(-20, 0.5, -10), 422, QStringLiteral("Суммы счёта не могут быть отрицательными"));
-    expectRefusal(with(halfPriceDispense(), claimAt + QStringLiteral("item.0.net.code"), QStringLiteral("RUB")), 422,
-                  QStringLiteral("Суммы счёта должны быть в белорусских рублях"));
+    expectRefusal(amounts(20.001, 0.5, 10), 422, u"Суммы счёта должны быть в целых копейках"_s);
+    expectRefusal(amounts(20, 0.5, 10.004), 422, u"Суммы счёта должны быть в целых копейках"_s);
+    expectRefusal(amounts(-20, 0.5, -10), 422, u"Суммы счёта не могут быть отрицательными"_s);
+    expectRefusal(with(halfPriceDispense(), claimAt + u"item.0.net.code"_s, u"RUB"_s), 422,
+                  u"Суммы счёта должны быть в белорусских рублях"_s);
 }
 
 TEST_F(DispenseRegistrationTest, bodyOfOtherContentType_isRefused)
@@ -300,8 +291,8 @@ TEST_F(DispenseRegistrationTest, bodyOfOtherContentType_isRefused)
     const RawAnswer answer =
         ask("POST", "/MedicationDispense/$register", headers, QJsonDocument(fullPriceDispense()).toJson());
     EXPECT_EQ(answer.status, 415);
-    EXPECT_EQ(answer.issue(), QStringLiteral("Запрос должен быть отправлен в виде JSON"));
-    EXPECT_EQ(m_emulator->store().dispensesOf(QStringLiteral("rx-full")).size(), 0);
+    EXPECT_EQ(answer.issue(), u"Запрос должен быть отправлен в виде JSON"_s);
+    EXPECT_EQ(m_emulator->store().dispensesOf(u"rx-full"_s).size(), 0);
 }
 
 TEST_F(DispenseRegistrationTest, bodyThatIsNoJsonObject_isRefused)
@@ -310,7 +301,7 @@ TEST_F(DispenseRegistrationTest, bodyThatIsNoJsonObject_isRefused)
          {QByteArray("x"), QByteArray("{"), QByteArray("[]"), QByteArray("\"a\""), QByteArray()}) {
         const RawAnswer answer = ask("POST", "/MedicationDispense/$register", admitted(), body);
         EXPECT_EQ(answer.status, 400);
-        EXPECT_EQ(answer.issue(), QStringLiteral("Документ отпуска не является объектом JSON"));
+        EXPECT_EQ(answer.issue(), u"Документ отпуска не является объектом JSON"_s);
     }
 }
 
@@ -331,7 +322,7 @@ class MisshapenDispense : public DispenseRegistrationTest, public ::testing::Wit
 
 TEST_P(MisshapenDispense, isRefusedByItsOwnText)
 {
-    expectRefusal(with(halfPriceDispense(), QLatin1String(GetParam().path), GetParam().value), 400,
+    expectRefusal(with(halfPriceDispense(), QLatin1StringView(GetParam().path), GetParam().value), 400,
                   QString::fromUtf16(GetParam().details));
 }
 
@@ -342,22 +333,21 @@ const QJsonValue none = QJsonValue::Undefined;
 INSTANTIATE_TEST_SUITE_P(
     DispenseRegistration, MisshapenDispense,
     ::testing::Values(
-        WrongShape{"resourceType", QStringLiteral("Bundle"), u"Документ отпуска не является ресурсом Parameters"},
+        WrongShape{"resourceType", u"Bundle"_s, u"Документ отпуска не является ресурсом Parameters"},
         WrongShape{"parameter", QJsonObject(), u"Документ отпуска не содержит параметров"},
-        WrongShape{"parameter.0.name", QStringLiteral("x"), u"Документ отпуска содержит неизвестный параметр x"},
+        WrongShape{"parameter.0.name", u"x"_s, u"Документ отпуска содержит неизвестный параметр x"},
         WrongShape{"parameter.0", 1, u"Документ отпуска содержит неизвестный параметр "},
-        WrongShape{"parameter.0.name", QStringLiteral("claim"), u"Документ отпуска дважды содержит параметр claim"},
+        WrongShape{"parameter.0.name", u"claim"_s, u"Документ отпуска дважды содержит параметр claim"},
         WrongShape{"parameter", QJsonArray(), u"Документ отпуска не содержит ресурса MedicationDispense"},
         WrongShape{"parameter.0.resource", 1, u"Документ отпуска не содержит ресурса MedicationDispense"},
-        WrongShape{"parameter.0.resource.resourceType", QStringLiteral("medicationDispense"),
+        WrongShape{"parameter.0.resource.resourceType", u"medicationDispense"_s,
                    u"Документ отпуска не содержит ресурса MedicationDispense"},
-        WrongShape{"parameter.0.resource.status", QStringLiteral("in-progress"),
-                   u"Регистрируется только завершённый отпуск"},
+        WrongShape{"parameter.0.resource.status", u"in-progress"_s, u"Регистрируется только завершённый отпуск"},
         WrongShape{"parameter.0.resource.authorizingPrescription", QJsonArray(),
                    u"Отпуск должен относиться к одному рецепту"},
         WrongShape{"parameter.0.resource.authorizingPrescription.1", QJsonObject(),
                    u"Отпуск должен относиться к одному рецепту"},
-        WrongShape{"parameter.0.resource.authorizingPrescription.0.reference", QStringLiteral("Patient/1"),
+        WrongShape{"parameter.0.resource.authorizingPrescription.0.reference", u"Patient/1"_s,
                    u"В документе отпуска не указан рецепт"},
         WrongShape{"parameter.0.resource.patient.reference", 5, u"В документе отпуска не указан пациент"},
         WrongShape{"parameter.0.resource.contained", none, u"Документ отпуска не содержит отпускаемого препарата"},
@@ -365,9 +355,9 @@ INSTANTIATE_TEST_SUITE_P(
         WrongShape{"parameter.0.resource.contained.1", none, u"Документ отпуска не содержит места отпуска"},
         WrongShape{"parameter.0.resource.contained.1.address.text", none,
                    u"У места отпуска не указаны название и адрес"},
-        WrongShape{"parameter.0.resource.medication.reference", QStringLiteral("#other"),
+        WrongShape{"parameter.0.resource.medication.reference", u"#other"_s,
                    u"Ссылка на отпускаемый препарат не указывает на препарат документа"},
-        WrongShape{"parameter.0.resource.contained.0.isBrand", QStringLiteral("true"),
+        WrongShape{"parameter.0.resource.contained.0.isBrand", u"true"_s,
                    u"Не указано, назван ли отпускаемый препарат торговым наименованием"},
         WrongShape{"parameter.0.resource.contained.0.code.coding", QJsonArray(),
                    u"У отпускаемого препарата должен быть один код"},
@@ -375,12 +365,11 @@ INSTANTIATE_TEST_SUITE_P(
                    u"Код отпускаемого препарата не является текстом"},
         WrongShape{"parameter.0.resource.extension", none, u"Не указано, полностью ли отпущен рецепт"},
         WrongShape{"parameter.0.resource.extension.0.valueBoolean", 1, u"Не указано, полностью ли отпущен рецепт"},
-        WrongShape{"parameter.0.resource.quantity.value", QStringLiteral("10"),
-                   u"В документе отпуска не указано количество доз"},
-        WrongShape{"parameter.0.resource.whenHandedOver", QStringLiteral("20.03.2024"),
+        WrongShape{"parameter.0.resource.quantity.value", u"10"_s, u"В документе отпуска не указано количество доз"},
+        WrongShape{"parameter.0.resource.whenHandedOver", u"20.03.2024"_s,
                    u"В документе отпуска не указана дата отпуска"},
         WrongShape{"parameter.1.resource", QJsonArray(), u"Параметр claim не содержит счёта"},
-        WrongShape{"parameter.1.resource.type", QStringLiteral("vision"), u"Счёт выставлен не аптекой"},
+        WrongShape{"parameter.1.resource.type", u"vision"_s, u"Счёт выставлен не аптекой"},
         WrongShape{"parameter.1.resource.created", none, u"В счёте не указана дата"},
         WrongShape{"parameter.1.resource.organization", none, u"В счёте не указана организация-плательщик"},
         WrongShape{"parameter.1.resource.originalPrescription", none, u"В счёте не указан рецепт"},
@@ -390,6 +379,6 @@ INSTANTIATE_TEST_SUITE_P(
         WrongShape{"parameter.1.resource.item.0.type.code", none, u"Неизвестный вид позиции счёта"},
         WrongShape{"parameter.1.resource.item.0.service.code", 2102, u"Неизвестная услуга в позиции счёта"},
         WrongShape{"parameter.1.resource.item.0.unitPrice", none, u"В счёте не указана цена"},
-        WrongShape{"parameter.1.resource.item.0.factor", QStringLiteral("0.5"), u"В счёте не указана доля плательщика"},
+        WrongShape{"parameter.1.resource.item.0.factor", u"0.5"_s, u"В счёте не указана доля плательщика"},
         WrongShape{"parameter.1.resource.item.0.net.value", none, u"В счёте не указана сумма к оплате"}));
 } // namespace

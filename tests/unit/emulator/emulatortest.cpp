@@ -5,21 +5,25 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 QJsonValue changed(const QJsonValue& holder, const QStringList& path, const QJsonValue& value)
 {
-    if (path.isEmpty())
+    if (path.isEmpty()) {
         return value;
+    }
     if (holder.isArray()) {
         QJsonArray array = holder.toArray();
         const int index = path.first().toInt();
-        if (index >= array.size())
+        if (index >= array.size()) {
             array.append(value);
-        else if (path.size() == 1 && value.isUndefined())
+        } else if (path.size() == 1 && value.isUndefined()) {
             array.removeAt(index);
-        else
+        } else {
             array[index] = changed(array.at(index), path.mid(1), value);
+        }
         return array;
     }
     QJsonObject object = holder.toObject();
@@ -44,19 +48,17 @@ QJsonObject dispense(const QString& prescription, const QString& medicationCode)
         "authorizingPrescription": [{"reference": ""}],
         "medication": {"reference": "#internalMedication"},
         "whenHandedOver": "2024-03-20"})");
-    resource = with(resource, QStringLiteral("contained.0.code.coding.0.code"), medicationCode);
-    resource = with(resource, QStringLiteral("authorizingPrescription.0.reference"),
-                    QString(QStringLiteral("MedicationPrescription/") + prescription));
-    return {{QStringLiteral("resourceType"), QStringLiteral("Parameters")},
-            {QStringLiteral("parameter"),
-             QJsonArray{QJsonObject{{QStringLiteral("name"), QStringLiteral("medicationDispense")},
-                                    {QStringLiteral("resource"), resource}}}}};
+    resource = with(resource, u"contained.0.code.coding.0.code"_s, medicationCode);
+    resource =
+        with(resource, u"authorizingPrescription.0.reference"_s, QString(u"MedicationPrescription/"_s + prescription));
+    return {{u"resourceType"_s, u"Parameters"_s},
+            {u"parameter"_s, QJsonArray{QJsonObject{{u"name"_s, u"medicationDispense"_s}, {u"resource"_s, resource}}}}};
 }
 } // namespace
 
 QJsonObject with(const QJsonObject& object, const QString& path, const QJsonValue& value)
 {
-    return changed(object, path.split(QLatin1Char('.')), value).toObject();
+    return changed(object, path.split(u'.'), value).toObject();
 }
 
 EmulatorTest::EmulatorTest()
@@ -71,7 +73,7 @@ EmulatorTest::EmulatorTest()
 
 QByteArray EmulatorTest::seedJson()
 {
-    QFile file(QStringLiteral(TEST_SEED));
+    QFile file(QString::fromUtf8(TEST_SEED));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     return file.readAll();
 }
@@ -100,7 +102,7 @@ QByteArray EmulatorTest::goodForm(const QByteArray& scope)
 
 emulator::HttpHeaders EmulatorTest::admitted(const QByteArray& form)
 {
-    const QString token = askForToken(form).json().value(QStringLiteral("access_token")).toString();
+    const QString token = askForToken(form).json().value(u"access_token"_s).toString();
     EXPECT_FALSE(token.isEmpty());
     return {{"Authorization", "Bearer " + token.toLatin1()}, {"Content-Type", "application/json; charset=utf-8"}};
 }
@@ -122,7 +124,7 @@ RawAnswer EmulatorTest::cancelDispense(const QByteArray& id)
 
 QJsonObject EmulatorTest::fullPriceDispense()
 {
-    return dispense(QStringLiteral("rx-full"), QStringLiteral("1001"));
+    return dispense(u"rx-full"_s, u"1001"_s);
 }
 
 QJsonObject EmulatorTest::halfPriceDispense()
@@ -139,14 +141,14 @@ QJsonObject EmulatorTest::halfPriceDispense()
                   "factor": 0.5,
                   "net": {"value": 10.00, "system": "urn:std:iso:4217", "code": "BYN"}}]})")
                                   .object();
-    return with(dispense(QStringLiteral("rx-half"), QStringLiteral("1003")), QStringLiteral("parameter.1"),
-                QJsonObject{{QStringLiteral("name"), QStringLiteral("claim")}, {QStringLiteral("resource"), claim}});
+    return with(dispense(u"rx-half"_s, u"1003"_s), u"parameter.1"_s,
+                QJsonObject{{u"name"_s, u"claim"_s}, {u"resource"_s, claim}});
 }
 
 QString EmulatorTest::idOfDispense(const RawAnswer& registration)
 {
-    const QJsonArray entries = registration.json().value(QStringLiteral("entry")).toArray();
-    return entries.at(0).toObject().value(QStringLiteral("resource")).toObject().value(QStringLiteral("id")).toString();
+    const QJsonArray entries = registration.json().value(u"entry"_s).toArray();
+    return entries.at(0).toObject().value(u"resource"_s).toObject().value(u"id"_s).toString();
 }
 
 QString EmulatorTest::statusOf(const QString& prescription)

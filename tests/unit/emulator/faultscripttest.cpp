@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using emulator::Delivery;
 using emulator::Endpoint;
 using emulator::FaultOrder;
@@ -47,7 +49,7 @@ TEST(FaultScript, plainOrder_meetsNextRequestOnly)
     FaultScript script;
     script.closeBeforeAnswer(Endpoint::Token);
     EXPECT_EQ(metBy(script, Endpoint::PrescriptionsByCard), QString());
-    EXPECT_EQ(metBy(script, Endpoint::Token), QStringLiteral("close"));
+    EXPECT_EQ(metBy(script, Endpoint::Token), u"close"_s);
     EXPECT_EQ(metBy(script, Endpoint::Token), QString());
     EXPECT_TRUE(script.pending().isEmpty());
 }
@@ -56,8 +58,8 @@ TEST(FaultScript, orderForAny_meetsWhateverComes)
 {
     FaultScript script;
     script.closeBeforeAnswer(Endpoint::Any, Occasion::next(2));
-    EXPECT_EQ(metBy(script, Endpoint::Unknown), QStringLiteral("close"));
-    EXPECT_EQ(metBy(script, Endpoint::DispenseRegistration), QStringLiteral("close"));
+    EXPECT_EQ(metBy(script, Endpoint::Unknown), u"close"_s);
+    EXPECT_EQ(metBy(script, Endpoint::DispenseRegistration), u"close"_s);
     EXPECT_EQ(metBy(script, Endpoint::Token), QString());
 }
 
@@ -68,7 +70,7 @@ TEST(FaultScript, nthOrder_countsRequestsOfItsEndpoint)
     EXPECT_EQ(metBy(script, Endpoint::Token), QString());
     EXPECT_EQ(metBy(script, Endpoint::PrescriptionsByCard), QString());
     EXPECT_EQ(metBy(script, Endpoint::Token), QString());
-    EXPECT_EQ(metBy(script, Endpoint::Token), QStringLiteral("reset"));
+    EXPECT_EQ(metBy(script, Endpoint::Token), u"reset"_s);
     EXPECT_EQ(metBy(script, Endpoint::Token), QString());
 }
 
@@ -77,8 +79,8 @@ TEST(FaultScript, nthOrder_countsRequestsThatAnotherFaultMeets)
     FaultScript script;
     script.closeBeforeAnswer(Endpoint::Token);
     script.resetBeforeAnswer(Endpoint::Token, Occasion::nth(2));
-    EXPECT_EQ(metBy(script, Endpoint::Token), QStringLiteral("close"));
-    EXPECT_EQ(metBy(script, Endpoint::Token), QStringLiteral("reset"));
+    EXPECT_EQ(metBy(script, Endpoint::Token), u"close"_s);
+    EXPECT_EQ(metBy(script, Endpoint::Token), u"reset"_s);
 }
 
 TEST(FaultScript, severalDueOrders_meetOneRequestEachOldestFirst)
@@ -87,9 +89,9 @@ TEST(FaultScript, severalDueOrders_meetOneRequestEachOldestFirst)
     script.closeBeforeAnswer(Endpoint::Token);
     script.resetBeforeAnswer(Endpoint::Any);
     script.neverAnswer(Endpoint::Token);
-    EXPECT_EQ(metBy(script, Endpoint::Token), QStringLiteral("close"));
-    EXPECT_EQ(metBy(script, Endpoint::Token), QStringLiteral("reset"));
-    EXPECT_EQ(metBy(script, Endpoint::Token), QStringLiteral("never"));
+    EXPECT_EQ(metBy(script, Endpoint::Token), u"close"_s);
+    EXPECT_EQ(metBy(script, Endpoint::Token), u"reset"_s);
+    EXPECT_EQ(metBy(script, Endpoint::Token), u"never"_s);
     EXPECT_EQ(metBy(script, Endpoint::Token), QString());
 }
 
@@ -97,8 +99,9 @@ TEST(FaultScript, orderForEveryTime_lastsUntilCleared)
 {
     FaultScript script;
     script.closeBeforeAnswer(Endpoint::Token, Occasion::always());
-    for (int request = 0; request < 5; ++request)
-        EXPECT_EQ(metBy(script, Endpoint::Token), QStringLiteral("close"));
+    for (int request = 0; request < 5; ++request) {
+        EXPECT_EQ(metBy(script, Endpoint::Token), u"close"_s);
+    }
     script.clear();
     EXPECT_EQ(metBy(script, Endpoint::Token), QString());
 }
@@ -152,20 +155,16 @@ TEST(FaultOrder, ownAnswer_isPutTogether)
 
 TEST(FaultOrder, mistakes_areToldWithTheirPlace)
 {
-    EXPECT_TRUE(mistakeIn("{}").startsWith(QStringLiteral("fault: ")));
-    EXPECT_TRUE(
-        mistakeIn(R"({"fault": "explode"})").startsWith(QStringLiteral("fault: one of these is expected: delay")));
-    EXPECT_TRUE(
-        mistakeIn(R"({"fault": "close", "endpoint": "x"})").startsWith(QStringLiteral("endpoint: one of these")));
-    EXPECT_TRUE(mistakeIn(R"({"fault": "close", "when": 1})").startsWith(QStringLiteral("when: no such member")));
-    EXPECT_TRUE(mistakeIn(R"({"fault": "close", "nth": 0})").startsWith(QStringLiteral("nth: counted from 1")));
-    EXPECT_TRUE(
-        mistakeIn(R"({"fault": "close", "nth": 1, "skip": 1})").startsWith(QStringLiteral("nth: goes without")));
-    EXPECT_TRUE(mistakeIn(R"({"fault": "close", "delay": -1})").startsWith(QStringLiteral("delay: a whole number")));
-    EXPECT_TRUE(
-        mistakeIn(R"({"fault": "close", "status": 500})").startsWith(QStringLiteral("status: not for this fault")));
-    EXPECT_TRUE(mistakeIn(R"({"fault": "status", "status": 99})").startsWith(QStringLiteral("status: a status from")));
-    EXPECT_TRUE(mistakeIn(R"({"fault": "body", "contentType": "a\r\nb"})").startsWith(QStringLiteral("contentType: ")));
-    EXPECT_TRUE(mistakeIn("[]").startsWith(QStringLiteral("an object is expected")));
-    EXPECT_TRUE(mistakeIn("{\n  x").startsWith(QStringLiteral("no JSON, line 2, column ")));
+    EXPECT_TRUE(mistakeIn("{}").startsWith(u"fault: "_s));
+    EXPECT_TRUE(mistakeIn(R"({"fault": "explode"})").startsWith(u"fault: one of these is expected: delay"_s));
+    EXPECT_TRUE(mistakeIn(R"({"fault": "close", "endpoint": "x"})").startsWith(u"endpoint: one of these"_s));
+    EXPECT_TRUE(mistakeIn(R"({"fault": "close", "when": 1})").startsWith(u"when: no such member"_s));
+    EXPECT_TRUE(mistakeIn(R"({"fault": "close", "nth": 0})").startsWith(u"nth: counted from 1"_s));
+    EXPECT_TRUE(mistakeIn(R"({"fault": "close", "nth": 1, "skip": 1})").startsWith(u"nth: goes without"_s));
+    EXPECT_TRUE(mistakeIn(R"({"fault": "close", "delay": -1})").startsWith(u"delay: a whole number"_s));
+    EXPECT_TRUE(mistakeIn(R"({"fault": "close", "status": 500})").startsWith(u"status: not for this fault"_s));
+    EXPECT_TRUE(mistakeIn(R"({"fault": "status", "status": 99})").startsWith(u"status: a status from"_s));
+    EXPECT_TRUE(mistakeIn(R"({"fault": "body", "contentType": "a\r\nb"})").startsWith(u"contentType: "_s));
+    EXPECT_TRUE(mistakeIn("[]").startsWith(u"an object is expected"_s));
+    EXPECT_TRUE(mistakeIn("{\n  x").startsWith(u"no JSON, line 2, column "_s));
 }

@@ -4,6 +4,8 @@
 #include <QElapsedTimer>
 #include <QJsonDocument>
 
+using namespace Qt::StringLiterals;
+
 using emulator::Endpoint;
 using emulator::Occasion;
 using std::chrono::milliseconds;
@@ -36,7 +38,7 @@ protected:
                                                     QJsonDocument(fullPriceDispense()).toJson()));
     }
 
-    qsizetype booked() { return m_emulator->store().dispensesOf(QStringLiteral("rx-full")).size(); }
+    qsizetype booked() { return m_emulator->store().dispensesOf(u"rx-full"_s).size(); }
     const emulator::JournalEntry& lastEntry() { return m_emulator->journal().entries().last(); }
     bool waitForRegistration()
     {
@@ -60,7 +62,7 @@ TEST_F(FaultTest, delayedAnswer_comesWholeAndNotBefore)
     EXPECT_GE(timer.elapsed(), 120);
     EXPECT_EQ(answer.value_or(RawAnswer()).status, 200);
     EXPECT_TRUE(lastEntry().answeredWhole);
-    EXPECT_EQ(lastEntry().fault, QStringLiteral("delay"));
+    EXPECT_EQ(lastEntry().fault, u"delay"_s);
 }
 
 TEST_F(FaultTest, clientThatLeavesDuringDelay_hasNoWholeAnswer)
@@ -170,11 +172,11 @@ TEST_F(FaultTest, statusWithoutIssue_hasNoBodyAndIsNotCarriedOut)
 
 TEST_F(FaultTest, statusWithIssue_carriesItsText)
 {
-    m_emulator->faults().answerIssue(Endpoint::DispenseRegistration, 500, QStringLiteral("Идут работы"));
+    m_emulator->faults().answerIssue(Endpoint::DispenseRegistration, 500, u"Идут работы"_s);
     const auto answer = sendRegistration()->answer();
     ASSERT_TRUE(answer.has_value());
     EXPECT_EQ(answer->status, 500);
-    EXPECT_EQ(answer->issue(), QStringLiteral("Идут работы"));
+    EXPECT_EQ(answer->issue(), u"Идут работы"_s);
     EXPECT_EQ(booked(), 0);
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "emulatortest.h"
 
+using namespace Qt::StringLiterals;
+
 using emulator::Endpoint;
 using emulator::Journal;
 using emulator::JournalEntry;
@@ -41,14 +43,15 @@ TEST_F(JournalOfEmulator, connections_haveNumbers)
     first.request("GET", "/c");
     ASSERT_TRUE(first.answer().has_value());
     QList<quint64> connections;
-    for (const JournalEntry& entry : m_emulator->journal().entries())
+    for (const JournalEntry& entry : m_emulator->journal().entries()) {
         connections.append(entry.connection);
+    }
     EXPECT_EQ(connections, (QList<quint64>{1, 2, 1}));
 }
 
 TEST_F(JournalOfEmulator, largeAnswer_countsAsWholeWhenItsLastByteIsGone)
 {
-    m_emulator->fillCard(QStringLiteral("1100777"), 3000);
+    m_emulator->fillCard(u"1100777"_s, 3000);
     const auto headers = admitted();
     RawConnection connection(m_emulator->url());
     connection.request("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100777", headers);
@@ -91,8 +94,9 @@ TEST(Journal, endpoints_areCountedApart)
 TEST(Journal, fullJournal_forgetsOldest)
 {
     Journal journal;
-    for (qsizetype request = 0; request < Journal::capacity + 5; ++request)
+    for (qsizetype request = 0; request < Journal::capacity + 5; ++request) {
         journal.add({});
+    }
     EXPECT_EQ(journal.entries().size(), Journal::capacity);
     EXPECT_EQ(journal.entries().first().number, 6);
     journal.answered(6, true);

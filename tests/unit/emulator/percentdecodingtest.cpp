@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using emulator::DecodedPairs;
 using emulator::decodeForm;
 using emulator::decodePercent;
@@ -10,44 +12,42 @@ using emulator::decodeQuery;
 
 TEST(PercentDecoding, plusSignInPath_staysPlusSign)
 {
-    EXPECT_EQ(decodePercent("a+b%2Bc"), QStringLiteral("a+b+c"));
+    EXPECT_EQ(decodePercent("a+b%2Bc"), u"a+b+c"_s);
 }
 
 TEST(PercentDecoding, plusSignInQuery_staysPlusSign)
 {
-    EXPECT_EQ(decodeQuery("card=1+2"), (DecodedPairs{{QStringLiteral("card"), QStringLiteral("1+2")}}));
+    EXPECT_EQ(decodeQuery("card=1+2"), (DecodedPairs{{u"card"_s, u"1+2"_s}}));
 }
 
 TEST(PercentDecoding, plusSignInForm_isSpace)
 {
-    EXPECT_EQ(decodeForm("a+b=c+d%2Be"), (DecodedPairs{{QStringLiteral("a b"), QStringLiteral("c d+e")}}));
+    EXPECT_EQ(decodeForm("a+b=c+d%2Be"), (DecodedPairs{{u"a b"_s, u"c d+e"_s}}));
 }
 
 TEST(PercentDecoding, encodedPercentSign_isDecodedOnce)
 {
-    EXPECT_EQ(decodePercent("%2541"), QStringLiteral("%41"));
+    EXPECT_EQ(decodePercent("%2541"), u"%41"_s);
 }
 
 TEST(PercentDecoding, bothCasesOfHexadecimalDigits_giveCyrillic)
 {
-    EXPECT_EQ(decodePercent("%D1%91%d0%af"), QStringLiteral("ёЯ"));
+    EXPECT_EQ(decodePercent("%D1%91%d0%af"), u"ёЯ"_s);
 }
 
 TEST(PercentDecoding, valueWithEqualsSign_isPartedAtFirstOne)
 {
-    EXPECT_EQ(decodeQuery("a=b=c"), (DecodedPairs{{QStringLiteral("a"), QStringLiteral("b=c")}}));
+    EXPECT_EQ(decodeQuery("a=b=c"), (DecodedPairs{{u"a"_s, u"b=c"_s}}));
 }
 
 TEST(PercentDecoding, semicolon_partsNothing)
 {
-    EXPECT_EQ(decodeQuery("a=1;b=2"), (DecodedPairs{{QStringLiteral("a"), QStringLiteral("1;b=2")}}));
+    EXPECT_EQ(decodeQuery("a=1;b=2"), (DecodedPairs{{u"a"_s, u"1;b=2"_s}}));
 }
 
 TEST(PercentDecoding, emptyValueAndMissingEqualsSign_areEmptyTexts)
 {
-    EXPECT_EQ(decodeQuery("a=&b&&c=1"), (DecodedPairs{{QStringLiteral("a"), QString()},
-                                                      {QStringLiteral("b"), QString()},
-                                                      {QStringLiteral("c"), QStringLiteral("1")}}));
+    EXPECT_EQ(decodeQuery("a=&b&&c=1"), (DecodedPairs{{u"a"_s, QString()}, {u"b"_s, QString()}, {u"c"_s, u"1"_s}}));
 }
 
 TEST(PercentDecoding, emptyQuery_hasNoPairs)

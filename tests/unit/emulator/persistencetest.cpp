@@ -4,6 +4,8 @@
 
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 class PersistenceTest : public EmulatorTest
@@ -15,7 +17,7 @@ protected:
         m_emulator.reset();
         emulator::EmulatorSettings settings;
         settings.clock = [this] { return m_now; };
-        settings.dataFile = m_folder.filePath(QStringLiteral("registry.sqlite"));
+        settings.dataFile = m_folder.filePath(u"registry.sqlite"_s);
         m_emulator = std::make_unique<emulator::RegistryEmulator>(settings);
         m_emulator->start();
     }
@@ -72,12 +74,12 @@ TEST_F(PersistenceTest, reset_beginsAgainWithTheSeed)
     EXPECT_TRUE(m_emulator->faults().pending().isEmpty());
     EXPECT_TRUE(m_emulator->journal().entries().isEmpty());
     const RawAnswer answer = ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", headers);
-    EXPECT_EQ(answer.issue(), QStringLiteral("Срок действия токена авторизации истёк"));
+    EXPECT_EQ(answer.issue(), u"Срок действия токена авторизации истёк"_s);
 }
 
 TEST_F(PersistenceTest, badSeed_leavesStateAsItWas)
 {
     EXPECT_THROW(m_emulator->seed("{\"patients\": 1}"), emulator::EmulatorError);
     m_emulator->reset();
-    EXPECT_EQ(m_emulator->store().prescriptionsOfCard(QStringLiteral("1100")).size(), 6);
+    EXPECT_EQ(m_emulator->store().prescriptionsOfCard(u"1100"_s).size(), 6);
 }

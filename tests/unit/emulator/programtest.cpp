@@ -10,6 +10,8 @@
 
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 constexpr int patience = 20'000; // milliseconds
@@ -26,13 +28,12 @@ protected:
         }
     }
 
-    void start(const QStringList& options) { m_process.start(QStringLiteral(EMULATOR_PROGRAM), options); }
+    void start(const QStringList& options) { m_process.start(QString::fromUtf8(EMULATOR_PROGRAM), options); }
 
     /// Waits until the program has printed a line with that beginning, and gives the rest of the line.
     QString line(const QString& beginning)
     {
-        const QRegularExpression pattern(QStringLiteral("^%1 (.*)$").arg(beginning),
-                                         QRegularExpression::MultilineOption);
+        const QRegularExpression pattern(u"^%1 (.*)$"_s.arg(beginning), QRegularExpression::MultilineOption);
         QRegularExpressionMatch match;
         const bool found = waitUntil([&] {
             m_output += QString::fromUtf8(m_process.readAllStandardOutput());
@@ -60,7 +61,7 @@ protected:
         EXPECT_NE(m_process.exitCode(), 0);
         const QString told = QString::fromUtf8(m_process.readAllStandardError());
         EXPECT_TRUE(told.contains(message)) << qPrintable(told);
-        EXPECT_EQ(told.count(QLatin1Char('\n')), 1) << qPrintable(told);
+        EXPECT_EQ(told.count(u'\n'), 1) << qPrintable(told);
         EXPECT_EQ(m_process.readAllStandardOutput(), "");
     }
 
@@ -73,10 +74,10 @@ protected:
 TEST_F(EmulatorProgram, started_printsItsUrlsAndAnswers)
 {
     start({"--admin-port", "0", "--seed", DEMO_SEED});
-    RawConnection registry{QUrl(line(QStringLiteral("registry")))};
+    RawConnection registry{QUrl(line(u"registry"_s))};
     registry.request("GET", "/MedicationPrescription/$by-card");
     EXPECT_EQ(registry.answer().value_or(RawAnswer()).status, 401);
-    RawConnection admin{QUrl(line(QStringLiteral("admin")))};
+    RawConnection admin{QUrl(line(u"admin"_s))};
     admin.request("GET", "/journal");
     EXPECT_EQ(admin.answer().value_or(RawAnswer()).status, 200);
     signalEnd(SIGTERM);
@@ -85,9 +86,9 @@ TEST_F(EmulatorProgram, started_printsItsUrlsAndAnswers)
 TEST_F(EmulatorProgram, withoutAdminPort_hasNone)
 {
     start({});
-    line(QStringLiteral("registry"));
+    line(u"registry"_s);
     signalEnd(SIGINT);
-    EXPECT_FALSE(m_output.contains(QStringLiteral("admin")));
+    EXPECT_FALSE(m_output.contains(u"admin"_s));
 }
 
 TEST_F(EmulatorProgram, withCertificate_printsHttpsUrl)
@@ -95,9 +96,9 @@ TEST_F(EmulatorProgram, withCertificate_printsHttpsUrl)
     const TlsCertificate certificate;
     start({"--tls-certificate", certificate.certificateFile(), "--tls-key", certificate.keyFile(), "--base-path",
            "/fhir"});
-    const QUrl url(line(QStringLiteral("registry")));
-    EXPECT_EQ(url.scheme(), QStringLiteral("https"));
-    EXPECT_EQ(url.path(), QStringLiteral("/fhir"));
+    const QUrl url(line(u"registry"_s));
+    EXPECT_EQ(url.scheme(), u"https"_s);
+    EXPECT_EQ(url.path(), u"/fhir"_s);
     RawConnection registry(url, certificate.certificateFile());
     registry.request("GET", "/fhir/connect/token");
     EXPECT_EQ(registry.answer().value_or(RawAnswer()).status, 405);
@@ -106,25 +107,25 @@ TEST_F(EmulatorProgram, withCertificate_printsHttpsUrl)
 
 TEST_F(EmulatorProgram, dataFileThatHoldsState_keepsItAndSaysSo)
 {
-    const QString data = m_folder.filePath(QStringLiteral("data.sqlite"));
+    const QString data = m_folder.filePath(u"data.sqlite"_s);
     start({"--data", data, "--seed", DEMO_SEED});
-    line(QStringLiteral("registry"));
-    EXPECT_FALSE(m_output.contains(QStringLiteral("data kept")));
+    line(u"registry"_s);
+    EXPECT_FALSE(m_output.contains(u"data kept"_s));
     signalEnd(SIGTERM);
     start({"--data", data, "--seed", DEMO_SEED});
-    EXPECT_EQ(line(QStringLiteral("data kept,")), QStringLiteral("the seed was not used"));
+    EXPECT_EQ(line(u"data kept,"_s), u"the seed was not used"_s);
     signalEnd(SIGTERM);
 }
 
 TEST_F(EmulatorProgram, helpAndVersion_endWithSuccess)
 {
-    for (const QString& option : {QStringLiteral("--help"), QStringLiteral("--version")}) {
+    for (const QString& option : {u"--help"_s, u"--version"_s}) {
         start({option});
         ASSERT_TRUE(m_process.waitForFinished(patience));
         EXPECT_EQ(m_process.exitCode(), 0);
         const QByteArray told = m_process.readAllStandardOutput();
         EXPECT_TRUE(told.contains("prescription-registry-emulator")) << told.constData();
-        EXPECT_EQ(told.contains("--tls-certificate"), option == QLatin1String("--help"));
+        EXPECT_EQ(told.contains("--tls-certificate"), option == "--help"_L1);
     }
 }
 
@@ -132,19 +133,18 @@ TEST_F(EmulatorProgram, whatItCannotUse_isToldInOneLine)
 {
     QTcpServer occupied;
     ASSERT_TRUE(occupied.listen(QHostAddress::LocalHost));
-    QFile badSeed(m_folder.filePath(QStringLiteral("bad.json")));
+    QFile badSeed(m_folder.filePath(u"bad.json"_s));
     ASSERT_TRUE(badSeed.open(QIODevice::WriteOnly));
     badSeed.write("{\"patients\": [{\"id\": 1}]}");
     badSeed.close();
 
-    expectRefusal({"--port", "x"}, QStringLiteral("--port takes a port from 0 to 65535, not \"x\""));
-    expectRefusal({"--admin-port", "70000"}, QStringLiteral("--admin-port takes a port from 0 to 65535"));
-    expectRefusal({"--frobnicate"}, QStringLiteral("frobnicate"));
-    expectRefusal({"something"}, QStringLiteral("cannot use \"something\""));
-    expectRefusal({"--port", QString::number(occupied.serverPort())}, QStringLiteral("cannot listen on port"));
-    expectRefusal({"--seed", "/nowhere.json"}, QStringLiteral("cannot read the seed /nowhere.json"));
-    expectRefusal({"--seed", badSeed.fileName()},
-                  badSeed.fileName() + QStringLiteral(": patients[0].id: a text is expected"));
-    expectRefusal({"--data", "/nowhere/x"}, QStringLiteral("cannot open the data file /nowhere/x"));
-    expectRefusal({"--tls-key", "/nowhere.key"}, QStringLiteral("TLS needs both a certificate and a key"));
+    expectRefusal({"--port", "x"}, u"--port takes a port from 0 to 65535, not \"x\""_s);
+    expectRefusal({"--admin-port", "70000"}, u"--admin-port takes a port from 0 to 65535"_s);
+    expectRefusal({"--frobnicate"}, u"frobnicate"_s);
+    expectRefusal({"something"}, u"cannot use \"something\""_s);
+    expectRefusal({"--port", QString::number(occupied.serverPort())}, u"cannot listen on port"_s);
+    expectRefusal({"--seed", "/nowhere.json"}, u"cannot read the seed /nowhere.json"_s);
+    expectRefusal({"--seed", badSeed.fileName()}, badSeed.fileName() + u": patients[0].id: a text is expected"_s);
+    expectRefusal({"--data", "/nowhere/x"}, u"cannot open the data file /nowhere/x"_s);
+    expectRefusal({"--tls-key", "/nowhere.key"}, u"TLS needs both a certificate and a key"_s);
 }

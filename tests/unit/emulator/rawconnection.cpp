@@ -16,6 +16,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 constexpr int patience = 20'000; // milliseconds; only a failing test waits that long
@@ -28,8 +30,9 @@ bool waitUntil(const std::function<bool()>& isSo)
     waker.start(50);
     const QDeadlineTimer deadline(patience);
     while (!isSo()) {
-        if (deadline.hasExpired())
+        if (deadline.hasExpired()) {
             return false;
+        }
         loop.processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
     }
     return true;
@@ -43,13 +46,15 @@ QJsonObject RawAnswer::json() const
 QString RawAnswer::issue() const
 {
     const QJsonObject outcome = json();
-    const QJsonArray issues = outcome.value(QStringLiteral("issue")).toArray();
-    if (outcome.value(QStringLiteral("resourceType")) != QLatin1String("OperationOutcome") || issues.size() != 1)
+    const QJsonArray issues = outcome.value(u"issue"_s).toArray();
+    if (outcome.value(u"resourceType"_s) != "OperationOutcome"_L1 || issues.size() != 1) {
         return {};
+    }
     const QJsonObject issue = issues.first().toObject();
-    if (issue.value(QStringLiteral("severity")) != QLatin1String("error"))
+    if (issue.value(u"severity"_s) != "error"_L1) {
         return {};
-    return issue.value(QStringLiteral("details")).toString();
+    }
+    return issue.value(u"details"_s).toString();
 }
 
 End endAfter(const QUrl& url, const QByteArray& bytes)
@@ -66,12 +71,13 @@ End endAfter(const QUrl& url, const QByteArray& bytes)
     waitUntil([socket, &end] {
         char byte = 0;
         const auto received = ::recv(socket, &byte, 1, MSG_DONTWAIT);
-        if (received > 0)
+        if (received > 0) {
             end = End::Bytes;
-        else if (received == 0)
+        } else if (received == 0) {
             end = End::Orderly;
-        else if (errno == ECONNRESET)
+        } else if (errno == ECONNRESET) {
             end = End::Reset;
+        }
         return end != End::Waiting;
     });
     ::close(socket);
@@ -80,7 +86,7 @@ End endAfter(const QUrl& url, const QByteArray& bytes)
 
 RawConnection::RawConnection(const QUrl& url, const QString& trustedCertificate)
 {
-    if (url.scheme() == QLatin1String("https")) {
+    if (url.scheme() == "https"_L1) {
         QSslConfiguration configuration = m_socket.sslConfiguration();
         configuration.setCaCertificates(QSslCertificate::fromPath(trustedCertificate));
         m_socket.setSslConfiguration(configuration);
@@ -103,10 +109,12 @@ QByteArray RawConnection::requestBytes(const QByteArray& method, const QByteArra
                                        const emulator::HttpHeaders& headers, const QByteArray& body)
 {
     QByteArray bytes = method + ' ' + target + " HTTP/1.1\r\nHost: localhost\r\n";
-    for (const auto& [name, value] : headers)
+    for (const auto& [name, value] : headers) {
         bytes += name + ": " + value + "\r\n";
-    if (!body.isEmpty())
+    }
+    if (!body.isEmpty()) {
         bytes += "Content-Length: " + QByteArray::number(body.size()) + "\r\n";
+    }
     return bytes + "\r\n" + body;
 }
 
@@ -125,8 +133,9 @@ std::optional<RawAnswer> RawConnection::answer(bool withBody)
         m_received += m_socket.readAll();
         if (headEnd < 0) {
             headEnd = m_received.indexOf("\r\n\r\n");
-            if (headEnd < 0)
+            if (headEnd < 0) {
                 return false;
+            }
             const QList<QByteArray> lines = m_received.left(headEnd).split('\n');
             answer.status = lines.first().split(' ').value(1).toInt();
             for (const QByteArray& line : lines.mid(1)) {
@@ -139,8 +148,9 @@ std::optional<RawAnswer> RawConnection::answer(bool withBody)
         return m_received.size() >= headEnd + length;
     };
     waitUntil([&] { return isComplete() || !isOpen(); });
-    if (!isComplete())
+    if (!isComplete()) {
         return std::nullopt;
+    }
     answer.body = m_received.mid(headEnd, length);
     m_received.remove(0, headEnd + length);
     return answer;

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using emulator::Endpoint;
 using emulator::Router;
 
@@ -21,7 +23,7 @@ TEST(Router, eachOperation_hasItsPathAndMethod)
 
 TEST(Router, idOfDispense_isDecodedWithinItsSegment)
 {
-    EXPECT_EQ(Router().find("/MedicationDispense/a%2Fb+%D1%91/$set-as-error").id, QStringLiteral("a/b+ё"));
+    EXPECT_EQ(Router().find("/MedicationDispense/a%2Fb+%D1%91/$set-as-error").id, u"a/b+ё"_s);
 }
 
 TEST(Router, encodedDollarSign_isTheSamePath)
@@ -38,7 +40,7 @@ TEST(Router, cancellationWithoutId_isFoundWithEmptyId)
 
 TEST(Router, pathUnderPrefix_isFoundOnlyThere)
 {
-    const Router router(QStringLiteral("/api/fhir/"));
+    const Router router(u"/api/fhir/"_s);
     EXPECT_EQ(router.find("/api/fhir/connect/token").endpoint, Endpoint::Token);
     EXPECT_EQ(router.find("/connect/token").endpoint, Endpoint::Unknown);
     EXPECT_EQ(router.find("/api/connect/token").endpoint, Endpoint::Unknown);

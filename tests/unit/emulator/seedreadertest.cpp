@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using emulator::Seed;
 using emulator::SeedReader;
 
@@ -70,12 +72,12 @@ TEST(SeedReader, absoluteDates_stayAsTheyAre)
 TEST(SeedReader, defaults_areThoseOfAnOrdinaryPrescription)
 {
     const auto prescription = SeedReader(today).read(seed("", "")).prescriptions.first();
-    EXPECT_EQ(prescription.status, QStringLiteral("active"));
+    EXPECT_EQ(prescription.status, u"active"_s);
     EXPECT_TRUE(prescription.isSigned);
     EXPECT_FALSE(prescription.prescribedByInn);
     EXPECT_EQ(prescription.patientShare, std::nullopt);
-    EXPECT_EQ(prescription.patientId, QStringLiteral("p2"));
-    EXPECT_EQ(prescription.card, QStringLiteral("2"));
+    EXPECT_EQ(prescription.patientId, u"p2"_s);
+    EXPECT_EQ(prescription.card, u"2"_s);
 }
 
 TEST(SeedReader, emptySeed_isEmptyRegistry)
@@ -100,10 +102,10 @@ TEST(SeedReader, rules_areRead)
                                      "dispenseScope": "c", "dosageSystem": "d"}})")
                            .rules;
     EXPECT_EQ(rules.tokenLifetime, 5);
-    EXPECT_EQ(rules.oaisToken, QStringLiteral("a"));
-    EXPECT_EQ(rules.prescriptionScope, QStringLiteral("b"));
-    EXPECT_EQ(rules.dispenseScope, QStringLiteral("c"));
-    EXPECT_EQ(rules.dosageSystem, QStringLiteral("d"));
+    EXPECT_EQ(rules.oaisToken, u"a"_s);
+    EXPECT_EQ(rules.prescriptionScope, u"b"_s);
+    EXPECT_EQ(rules.dispenseScope, u"c"_s);
+    EXPECT_EQ(rules.dosageSystem, u"d"_s);
 }
 
 struct Mistake {
@@ -171,9 +173,9 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(SeedReader, brokenJson_isToldWithLineAndColumn)
 {
-    EXPECT_TRUE(mistakeIn("{\n\"payers\": [],\n  oops}").startsWith(QStringLiteral("no JSON, line 3, column ")));
-    EXPECT_TRUE(mistakeIn("").startsWith(QStringLiteral("no JSON, line 1, column 1")));
-    EXPECT_EQ(mistakeIn("[]"), QStringLiteral("an object is expected"));
+    EXPECT_TRUE(mistakeIn("{\n\"payers\": [],\n  oops}").startsWith(u"no JSON, line 3, column "_s));
+    EXPECT_TRUE(mistakeIn("").startsWith(u"no JSON, line 1, column 1"_s));
+    EXPECT_EQ(mistakeIn("[]"), u"an object is expected"_s);
 }
 
 TEST(DemoSeed, cards_showWhatTheDemoPromises)
@@ -181,7 +183,7 @@ TEST(DemoSeed, cards_showWhatTheDemoPromises)
     emulator::PrescriptionStore store;
     const QDate anyDay(2031, 7, 4);
     store.replace(SeedReader(anyDay).read(fileContent(DEMO_SEED)));
-    const auto prescriptions = [&](const char* card) { return store.prescriptionsOfCard(QLatin1String(card)); };
+    const auto prescriptions = [&](const char* card) { return store.prescriptionsOfCard(QLatin1StringView(card)); };
 
     EXPECT_EQ(prescriptions("1100000000000001").size(), 1);
     EXPECT_EQ(prescriptions("1100000000000002").size(), 12);
@@ -196,19 +198,20 @@ TEST(DemoSeed, cards_showWhatTheDemoPromises)
     ASSERT_EQ(prescriptions("1100000000000005").size(), 1);
     EXPECT_LT(prescriptions("1100000000000005").first().validUntil, anyDay);
 
-    EXPECT_TRUE(store.patientOfCard(QStringLiteral("1100000000000006")).has_value());
+    EXPECT_TRUE(store.patientOfCard(u"1100000000000006"_s).has_value());
     EXPECT_TRUE(prescriptions("1100000000000006").isEmpty());
 
     QList<double> shares;
-    for (const auto& prescription : prescriptions("1100000000000007"))
+    for (const auto& prescription : prescriptions("1100000000000007")) {
         shares.append(prescription.patientShare.value_or(1));
+    }
     EXPECT_EQ(shares, (QList<double>{0, 0.1, 0.5}));
 
     for (const QString& card : store.cards()) {
         EXPECT_EQ(card.size(), 16);
         for (const auto& prescription : store.prescriptionsOfCard(card)) {
-            EXPECT_EQ(prescription.status, QStringLiteral("active"));
-            if (card != QLatin1String("1100000000000005")) {
+            EXPECT_EQ(prescription.status, u"active"_s);
+            if (card != "1100000000000005"_L1) {
                 EXPECT_GE(prescription.validUntil, anyDay) << qPrintable(prescription.id);
             }
         }

@@ -6,6 +6,8 @@
 
 #include <QSslSocket>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 class TlsTest : public EmulatorTest
@@ -42,7 +44,7 @@ protected:
 
 TEST_F(TlsTest, registryWithCertificate_speaksHttpsOverTls12OrNewer)
 {
-    EXPECT_EQ(m_emulator->url().scheme(), QStringLiteral("https"));
+    EXPECT_EQ(m_emulator->url().scheme(), u"https"_s);
     RawConnection connection(m_emulator->url(), m_certificate.certificateFile());
     ASSERT_TRUE(connection.isOpen());
     EXPECT_TRUE(connection.protocol() == QSsl::TlsV1_2 || connection.protocol() == QSsl::TlsV1_3);
@@ -75,7 +77,7 @@ TEST_F(TlsTest, faults_meetRequestsOverTlsToo)
 TEST_F(TlsTest, plainRequestToTlsPort_isNoRequest)
 {
     QUrl url = m_emulator->url();
-    url.setScheme(QStringLiteral("http"));
+    url.setScheme(u"http"_s);
     RawConnection connection(url);
     connection.request("GET", "/x");
     EXPECT_FALSE(connection.answer().has_value());
@@ -86,11 +88,9 @@ TEST_F(TlsTest, missingOrForeignFiles_areTold)
 {
     const QString certificate = m_certificate.certificateFile();
     const QString key = m_certificate.keyFile();
-    expectUnusable(certificate, QString(), QStringLiteral("TLS needs both a certificate and a key"));
-    expectUnusable(QString(), key, QStringLiteral("TLS needs both a certificate and a key"));
-    expectUnusable(QStringLiteral("/nowhere.pem"), key,
-                   QStringLiteral("cannot read /nowhere.pem: No such file or directory"));
-    expectUnusable(key, key, key + QStringLiteral(" holds no PEM certificate"));
-    expectUnusable(certificate, certificate,
-                   certificate + QStringLiteral(" holds no RSA or EC key in PEM without a passphrase"));
+    expectUnusable(certificate, QString(), u"TLS needs both a certificate and a key"_s);
+    expectUnusable(QString(), key, u"TLS needs both a certificate and a key"_s);
+    expectUnusable(u"/nowhere.pem"_s, key, u"cannot read /nowhere.pem: No such file or directory"_s);
+    expectUnusable(key, key, key + u" holds no PEM certificate"_s);
+    expectUnusable(certificate, certificate, certificate + u" holds no RSA or EC key in PEM without a passphrase"_s);
 }

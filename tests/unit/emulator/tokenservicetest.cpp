@@ -3,6 +3,8 @@
 
 #include <QJsonArray>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 class TokenServiceTest : public EmulatorTest
@@ -11,11 +13,11 @@ protected:
     void demandOais()
     {
         auto rules = m_emulator->store().rules();
-        rules.oaisToken = QStringLiteral("second");
+        rules.oaisToken = u"second"_s;
         m_emulator->store().setRules(rules);
     }
 
-    static QString error(const RawAnswer& answer) { return answer.json().value(QStringLiteral("error")).toString(); }
+    static QString error(const RawAnswer& answer) { return answer.json().value(u"error"_s).toString(); }
 };
 } // namespace
 
@@ -25,28 +27,26 @@ TEST_F(TokenServiceTest, goodRequest_getsBearerTokenWithLifetimeAndScope)
     EXPECT_EQ(answer.status, 200);
     EXPECT_EQ(answer.header("Content-Type"), "application/json; charset=utf-8");
     EXPECT_EQ(answer.header("Cache-Control"), "no-store");
-    EXPECT_GE(answer.json().value(QStringLiteral("access_token")).toString().size(), 40);
-    EXPECT_EQ(answer.json().value(QStringLiteral("token_type")).toString(), QStringLiteral("Bearer"));
-    EXPECT_EQ(answer.json().value(QStringLiteral("expires_in")).toInt(), 3600);
-    EXPECT_EQ(answer.json().value(QStringLiteral("scope")).toString(), QStringLiteral("read dispense"));
+    EXPECT_GE(answer.json().value(u"access_token"_s).toString().size(), 40);
+    EXPECT_EQ(answer.json().value(u"token_type"_s).toString(), u"Bearer"_s);
+    EXPECT_EQ(answer.json().value(u"expires_in"_s).toInt(), 3600);
+    EXPECT_EQ(answer.json().value(u"scope"_s).toString(), u"read dispense"_s);
 }
 
 TEST_F(TokenServiceTest, everyRequest_getsTokenOfItsOwn)
 {
-    EXPECT_NE(askForToken(goodForm()).json().value(QStringLiteral("access_token")),
-              askForToken(goodForm()).json().value(QStringLiteral("access_token")));
+    EXPECT_NE(askForToken(goodForm()).json().value(u"access_token"_s),
+              askForToken(goodForm()).json().value(u"access_token"_s));
 }
 
 TEST_F(TokenServiceTest, spacesAsPlusSigns_areReadAsForm)
 {
-    EXPECT_EQ(askForToken(goodForm("read+dispense")).json().value(QStringLiteral("scope")).toString(),
-              QStringLiteral("read dispense"));
+    EXPECT_EQ(askForToken(goodForm("read+dispense")).json().value(u"scope"_s).toString(), u"read dispense"_s);
 }
 
 TEST_F(TokenServiceTest, emptyScope_getsAllScopesOfClient)
 {
-    EXPECT_EQ(askForToken(goodForm("")).json().value(QStringLiteral("scope")).toString(),
-              QStringLiteral("read dispense"));
+    EXPECT_EQ(askForToken(goodForm("")).json().value(u"scope"_s).toString(), u"read dispense"_s);
 }
 
 struct BadTokenRequest {
@@ -70,12 +70,12 @@ TEST_P(RefusedTokenRequest, hasItsOwnErrorAndText)
 {
     const RawAnswer answer = askForToken(GetParam().form);
     EXPECT_EQ(answer.status, GetParam().status);
-    EXPECT_EQ(answer.json().value(QStringLiteral("error")).toString(), QLatin1String(GetParam().error));
+    EXPECT_EQ(answer.json().value(u"error"_s).toString(), QLatin1StringView(GetParam().error));
     EXPECT_EQ(answer.issue(), QString::fromUtf16(GetParam().details));
-    const QByteArray description = answer.json().value(QStringLiteral("error_description")).toString().toUtf8();
+    const QByteArray description = answer.json().value(u"error_description"_s).toString().toUtf8();
     EXPECT_FALSE(description.isEmpty());
     EXPECT_TRUE(std::all_of(description.begin(), description.end(), [](char c) { return c >= ' ' && c <= '~'; }));
-    EXPECT_FALSE(answer.json().contains(QStringLiteral("access_token")));
+    EXPECT_FALSE(answer.json().contains(u"access_token"_s));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -113,8 +113,8 @@ TEST_F(TokenServiceTest, bodyThatIsNoForm_isRefused)
 {
     const RawAnswer answer = ask("POST", "/connect/token", {{"Content-Type", "application/json"}}, goodForm());
     EXPECT_EQ(answer.status, 400);
-    EXPECT_EQ(error(answer), QStringLiteral("invalid_request"));
-    EXPECT_EQ(answer.issue(), QStringLiteral("Запрос токена должен быть отправлен в виде формы"));
+    EXPECT_EQ(error(answer), u"invalid_request"_s);
+    EXPECT_EQ(answer.issue(), u"Запрос токена должен быть отправлен в виде формы"_s);
 }
 
 TEST_F(TokenServiceTest, missingOaisToken_isRefusedWhereItIsDemanded)
@@ -122,9 +122,9 @@ TEST_F(TokenServiceTest, missingOaisToken_isRefusedWhereItIsDemanded)
     demandOais();
     const RawAnswer answer = askForToken(goodForm());
     EXPECT_EQ(answer.status, 401);
-    EXPECT_EQ(error(answer), QStringLiteral("invalid_client"));
+    EXPECT_EQ(error(answer), u"invalid_client"_s);
     EXPECT_EQ(answer.header("WWW-Authenticate"), "Bearer");
-    EXPECT_EQ(answer.issue(), QStringLiteral("В запросе токена не указан токен ОАИС"));
+    EXPECT_EQ(answer.issue(), u"В запросе токена не указан токен ОАИС"_s);
 }
 
 TEST_F(TokenServiceTest, wrongOaisToken_isRefused)
@@ -132,7 +132,7 @@ TEST_F(TokenServiceTest, wrongOaisToken_isRefused)
     demandOais();
     const RawAnswer answer = askForToken(goodForm(), {{"Authorization", "Bearer first"}});
     EXPECT_EQ(answer.status, 401);
-    EXPECT_EQ(answer.issue(), QStringLiteral("Токен ОАИС в запросе токена не принят"));
+    EXPECT_EQ(answer.issue(), u"Токен ОАИС в запросе токена не принят"_s);
 }
 
 TEST_F(TokenServiceTest, rightOaisTokens_areAdmitted)
@@ -140,7 +140,7 @@ TEST_F(TokenServiceTest, rightOaisTokens_areAdmitted)
     demandOais();
     const RawAnswer token = askForToken(goodForm(), {{"Authorization", "Bearer second"}});
     ASSERT_EQ(token.status, 200);
-    const QByteArray bearer = "Bearer " + token.json().value(QStringLiteral("access_token")).toString().toLatin1();
+    const QByteArray bearer = "Bearer " + token.json().value(u"access_token"_s).toString().toLatin1();
     EXPECT_EQ(ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100",
                   {{"authorization", bearer}, {"OAIS", "Bearer second"}})
                   .status,
@@ -154,11 +154,11 @@ TEST_F(TokenServiceTest, resourceRequestWithoutOrWithWrongOaisToken_isRefused)
     const QByteArray target = "/MedicationPrescription/$by-card?patientIdentifier=1100";
     const RawAnswer without = ask("GET", target, headers);
     EXPECT_EQ(without.status, 401);
-    EXPECT_EQ(without.issue(), QStringLiteral("Запрос без токена ОАИС"));
+    EXPECT_EQ(without.issue(), u"Запрос без токена ОАИС"_s);
     headers.append(std::pair<QByteArray, QByteArray>("OAIS", "Bearer first"));
     const RawAnswer wrong = ask("GET", target, headers);
     EXPECT_EQ(wrong.status, 401);
-    EXPECT_EQ(wrong.issue(), QStringLiteral("Токен ОАИС не принят"));
+    EXPECT_EQ(wrong.issue(), u"Токен ОАИС не принят"_s);
 }
 
 TEST_F(TokenServiceTest, resourceRequestWithoutToken_isRefused)
@@ -169,7 +169,7 @@ TEST_F(TokenServiceTest, resourceRequestWithoutToken_isRefused)
         const RawAnswer answer = ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", headers);
         EXPECT_EQ(answer.status, 401);
         EXPECT_EQ(answer.header("WWW-Authenticate"), "Bearer");
-        EXPECT_EQ(answer.issue(), QStringLiteral("Запрос без токена авторизации"));
+        EXPECT_EQ(answer.issue(), u"Запрос без токена авторизации"_s);
     }
 }
 
@@ -179,7 +179,7 @@ TEST_F(TokenServiceTest, inventedToken_isRefused)
         ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", {{"Authorization", "Bearer x"}});
     EXPECT_EQ(answer.status, 401);
     EXPECT_EQ(answer.header("WWW-Authenticate"), "Bearer error=\"invalid_token\"");
-    EXPECT_EQ(answer.issue(), QStringLiteral("Токен авторизации неизвестен"));
+    EXPECT_EQ(answer.issue(), u"Токен авторизации неизвестен"_s);
 }
 
 TEST_F(TokenServiceTest, tokenAtEndOfItsLifetime_isRefused)
@@ -190,14 +190,14 @@ TEST_F(TokenServiceTest, tokenAtEndOfItsLifetime_isRefused)
     m_now = m_now.addSecs(1);
     const RawAnswer answer = ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", headers);
     EXPECT_EQ(answer.status, 401);
-    EXPECT_EQ(answer.issue(), QStringLiteral("Срок действия токена авторизации истёк"));
+    EXPECT_EQ(answer.issue(), u"Срок действия токена авторизации истёк"_s);
 }
 
 TEST_F(TokenServiceTest, tokenWithoutScope_isForbidden)
 {
     auto rules = m_emulator->store().rules();
-    rules.prescriptionScope = QStringLiteral("read");
-    rules.dispenseScope = QStringLiteral("dispense");
+    rules.prescriptionScope = u"read"_s;
+    rules.dispenseScope = u"dispense"_s;
     m_emulator->store().setRules(rules);
 
     const emulator::HttpHeaders reader = admitted(goodForm("read"));
@@ -206,10 +206,10 @@ TEST_F(TokenServiceTest, tokenWithoutScope_isForbidden)
          {QByteArray("/MedicationDispense/$register"), QByteArray("/MedicationDispense/d-1/$set-as-error")}) {
         const RawAnswer answer = ask("POST", path, reader, "{}");
         EXPECT_EQ(answer.status, 403);
-        EXPECT_EQ(answer.issue(), QStringLiteral("Для операции нужна область доступа dispense"));
+        EXPECT_EQ(answer.issue(), u"Для операции нужна область доступа dispense"_s);
     }
     const RawAnswer answer =
         ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", admitted(goodForm("dispense")));
     EXPECT_EQ(answer.status, 403);
-    EXPECT_EQ(answer.issue(), QStringLiteral("Для операции нужна область доступа read"));
+    EXPECT_EQ(answer.issue(), u"Для операции нужна область доступа read"_s);
 }

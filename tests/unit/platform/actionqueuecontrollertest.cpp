@@ -20,6 +20,8 @@
 #include <optional>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 using control::Action;
 using control::EActionType;
 
@@ -28,7 +30,7 @@ namespace
 
 const auto ownCommand = EActionType(1000);
 const auto otherCommand = EActionType(1001);
-const QString resultKey = QStringLiteral("result");
+const QString resultKey = u"result"_s;
 
 class ActionQueue : public ::testing::Test
 {
@@ -45,7 +47,7 @@ protected:
     void hostServes(EActionType type, EContext::Result result = EContext::GoOn)
     {
         m_controller->setHostHandler(type, [this, result](Action&) {
-            m_steps.append(QStringLiteral("action"));
+            m_steps.append(u"action"_s);
             return result;
         });
     }
@@ -82,7 +84,7 @@ QStringList words(const char* text)
 
 TEST_F(ActionQueue, nobodyHandlesAction_isNotFoundAndNoTriggerRuns)
 {
-    addTrigger(ActionTrigger::Before, QStringLiteral("hook"), 1);
+    addTrigger(ActionTrigger::Before, u"hook"_s, 1);
     EXPECT_EQ(execute(ownCommand), EContext::NotFound);
     EXPECT_FALSE(m_controller->isHandled(ownCommand));
     EXPECT_TRUE(m_steps.isEmpty());
@@ -91,12 +93,12 @@ TEST_F(ActionQueue, nobodyHandlesAction_isNotFoundAndNoTriggerRuns)
 TEST_F(ActionQueue, hostHandler_writesIntoTheVeryAction)
 {
     m_controller->setHostHandler(control::AddSelectedGoods, [](Action& action) {
-        action.insert(QStringLiteral("positionNumber"), 7);
+        action.insert(u"positionNumber"_s, 7);
         return EContext::GoOn;
     });
     Action action(control::AddSelectedGoods);
     EXPECT_EQ(m_controller->execute(action), EContext::GoOn);
-    EXPECT_EQ(action.value(QStringLiteral("positionNumber")).toInt(), 7);
+    EXPECT_EQ(action.value(u"positionNumber"_s).toInt(), 7);
 }
 
 TEST_F(ActionQueue, hostHandlers_certainContextWinsAndLaterReplacesEarlier)
@@ -112,7 +114,7 @@ TEST_F(ActionQueue, hostHandlers_certainContextWinsAndLaterReplacesEarlier)
 
 TEST_F(ActionQueue, pluginHandler_servesItsContextOnly)
 {
-    m_controller->addHandler({EContext::OpenReceipt, ownCommand, noting(QStringLiteral("plug-in")), true});
+    m_controller->addHandler({EContext::OpenReceipt, ownCommand, noting(u"plug-in"_s), true});
     EXPECT_EQ(execute(ownCommand), EContext::NotFound);
     m_controller->setContext(EContext::OpenReceipt);
     EXPECT_TRUE(m_controller->isHandled(ownCommand));
@@ -122,7 +124,7 @@ TEST_F(ActionQueue, pluginHandler_servesItsContextOnly)
 
 TEST_F(ActionQueue, pluginHandlerDisabled_isPassedOver)
 {
-    m_controller->addHandler({EContext::Idle, ownCommand, noting(QStringLiteral("disabled")), false});
+    m_controller->addHandler({EContext::Idle, ownCommand, noting(u"disabled"_s), false});
     EXPECT_FALSE(m_controller->isHandled(ownCommand));
     EXPECT_EQ(execute(ownCommand), EContext::NotFound);
     EXPECT_TRUE(m_steps.isEmpty());
@@ -130,8 +132,8 @@ TEST_F(ActionQueue, pluginHandlerDisabled_isPassedOver)
 
 TEST_F(ActionQueue, severalHandlers_hostBeforePluginsAndFirstPluginBeforeSecond)
 {
-    m_controller->addHandler({EContext::Idle, ownCommand, noting(QStringLiteral("first")), true});
-    m_controller->addHandler({EContext::Idle, ownCommand, noting(QStringLiteral("second")), true});
+    m_controller->addHandler({EContext::Idle, ownCommand, noting(u"first"_s), true});
+    m_controller->addHandler({EContext::Idle, ownCommand, noting(u"second"_s), true});
     execute(ownCommand);
     hostServes(ownCommand);
     execute(ownCommand);
@@ -141,8 +143,8 @@ TEST_F(ActionQueue, severalHandlers_hostBeforePluginsAndFirstPluginBeforeSecond)
 TEST_F(ActionQueue, removedPluginEntries_leaveTheHosts)
 {
     hostServes(ownCommand);
-    m_controller->addHandler({EContext::Idle, otherCommand, noting(QStringLiteral("plug-in")), true});
-    addTrigger(ActionTrigger::Before, QStringLiteral("hook"), 1);
+    m_controller->addHandler({EContext::Idle, otherCommand, noting(u"plug-in"_s), true});
+    addTrigger(ActionTrigger::Before, u"hook"_s, 1);
     m_controller->removePluginEntries();
     EXPECT_EQ(execute(otherCommand), EContext::NotFound);
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
@@ -152,12 +154,12 @@ TEST_F(ActionQueue, removedPluginEntries_leaveTheHosts)
 TEST_F(ActionQueue, triggers_runByPriorityAndEqualOnesAsAdded)
 {
     hostServes(ownCommand);
-    addTrigger(ActionTrigger::After, QStringLiteral("late-after"), 9);
-    addTrigger(ActionTrigger::Before, QStringLiteral("five-a"), 5);
-    addTrigger(ActionTrigger::Before, QStringLiteral("five-b"), 5);
-    addTrigger(ActionTrigger::Before, QStringLiteral("minus"), -1);
-    addTrigger(ActionTrigger::Before, QStringLiteral("five-c"), 5);
-    addTrigger(ActionTrigger::After, QStringLiteral("early-after"), 0);
+    addTrigger(ActionTrigger::After, u"late-after"_s, 9);
+    addTrigger(ActionTrigger::Before, u"five-a"_s, 5);
+    addTrigger(ActionTrigger::Before, u"five-b"_s, 5);
+    addTrigger(ActionTrigger::Before, u"minus"_s, -1);
+    addTrigger(ActionTrigger::Before, u"five-c"_s, 5);
+    addTrigger(ActionTrigger::After, u"early-after"_s, 0);
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
     EXPECT_EQ(m_steps, words("minus five-a five-b five-c action early-after late-after"));
 }
@@ -165,10 +167,10 @@ TEST_F(ActionQueue, triggers_runByPriorityAndEqualOnesAsAdded)
 TEST_F(ActionQueue, triggersOfOtherContextOrAction_doNotRun)
 {
     hostServes(ownCommand);
-    m_controller->addTrigger({EContext::OpenReceipt, ownCommand, ActionTrigger::Before, noting(QStringLiteral("other")),
-                              ActionTrigger::Any, 1});
     m_controller->addTrigger(
-        {EContext::Idle, otherCommand, ActionTrigger::Before, noting(QStringLiteral("other")), ActionTrigger::Any, 1});
+        {EContext::OpenReceipt, ownCommand, ActionTrigger::Before, noting(u"other"_s), ActionTrigger::Any, 1});
+    m_controller->addTrigger(
+        {EContext::Idle, otherCommand, ActionTrigger::Before, noting(u"other"_s), ActionTrigger::Any, 1});
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
     EXPECT_EQ(m_steps, words("action"));
 }
@@ -180,10 +182,10 @@ class ActionQueueStopped : public ActionQueue, public ::testing::WithParamInterf
 TEST_P(ActionQueueStopped, triggerDoesNotGoOn_actionAndLaterTriggersDoNotRunAndResultIsReturned)
 {
     hostServes(ownCommand);
-    addTrigger(ActionTrigger::Before, QStringLiteral("first"), 1);
-    addTrigger(ActionTrigger::Before, QStringLiteral("stopping"), 2, GetParam());
-    addTrigger(ActionTrigger::Before, QStringLiteral("later"), 3);
-    addTrigger(ActionTrigger::After, QStringLiteral("after"), 1);
+    addTrigger(ActionTrigger::Before, u"first"_s, 1);
+    addTrigger(ActionTrigger::Before, u"stopping"_s, 2, GetParam());
+    addTrigger(ActionTrigger::Before, u"later"_s, 3);
+    addTrigger(ActionTrigger::After, u"after"_s, 1);
     EXPECT_EQ(execute(ownCommand), GetParam());
     EXPECT_EQ(m_steps, words("first stopping"));
     EXPECT_FALSE(m_controller->isBusy());
@@ -195,9 +197,9 @@ INSTANTIATE_TEST_SUITE_P(Results, ActionQueueStopped,
 
 TEST_F(ActionQueue, triggersAfter_waitForTheirOutcomeAndChangeNothing)
 {
-    addTrigger(ActionTrigger::After, QStringLiteral("any"), 1, EContext::Stop, ActionTrigger::Any);
-    addTrigger(ActionTrigger::After, QStringLiteral("done"), 2, EContext::Stop, ActionTrigger::Done);
-    addTrigger(ActionTrigger::After, QStringLiteral("failed"), 3, EContext::GoOn, ActionTrigger::Failed);
+    addTrigger(ActionTrigger::After, u"any"_s, 1, EContext::Stop, ActionTrigger::Any);
+    addTrigger(ActionTrigger::After, u"done"_s, 2, EContext::Stop, ActionTrigger::Done);
+    addTrigger(ActionTrigger::After, u"failed"_s, 3, EContext::GoOn, ActionTrigger::Failed);
     hostServes(ownCommand, EContext::GoOn);
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
     EXPECT_EQ(m_steps, words("action any done"));
@@ -210,7 +212,7 @@ TEST_F(ActionQueue, triggersAfter_waitForTheirOutcomeAndChangeNothing)
 TEST_F(ActionQueue, actionNotAllowedInContext_stopsBeforeAnything)
 {
     hostServes(ownCommand);
-    addTrigger(ActionTrigger::Before, QStringLiteral("hook"), 1);
+    addTrigger(ActionTrigger::Before, u"hook"_s, 1);
     Action action(ownCommand);
     action.setAllowContexts({EContext::OpenReceipt, EContext::StoredDocuments});
     EXPECT_EQ(m_controller->execute(action), EContext::Stop);
@@ -225,30 +227,28 @@ TEST_F(ActionQueue, triggerThrowsBasicException_cashierReadsItsTextAndActionStop
     m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
                               [](const Action&) -> EContext::Result {
                                   throw BasicException(
-                                      tr::Tr(QStringLiteral("cardUnknown"), QStringLiteral("Карта %1 неизвестна"))
-                                          .arg(QStringLiteral("11002200")));
+                                      tr::Tr(u"cardUnknown"_s, u"Карта %1 неизвестна"_s).arg(u"11002200"_s));
                               },
                               ActionTrigger::Any, 1});
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
     ASSERT_EQ(m_messages.all().size(), 1);
-    EXPECT_EQ(m_messages.all().first().text, QStringLiteral("Карта 11002200 неизвестна"));
+    EXPECT_EQ(m_messages.all().first().text, u"Карта 11002200 неизвестна"_s);
     EXPECT_EQ(m_messages.all().first().kind, 1);
     EXPECT_TRUE(m_steps.isEmpty());
-    EXPECT_EQ(log.lines(),
-              QStringList(QStringLiteral("ERROR action Stopped by an exception with the message cardUnknown")));
+    EXPECT_EQ(log.lines(), QStringList(u"ERROR action Stopped by an exception with the message cardUnknown"_s));
     EXPECT_FALSE(m_controller->isBusy());
 }
 
 TEST_F(ActionQueue, handlerThrowsStandardException_isShownLoggedAndCountsAsStop)
 {
     m_controller->setHostHandler(ownCommand, [](Action&) -> EContext::Result { throw std::runtime_error("too long"); });
-    addTrigger(ActionTrigger::After, QStringLiteral("failed"), 1, EContext::GoOn, ActionTrigger::Failed);
+    addTrigger(ActionTrigger::After, u"failed"_s, 1, EContext::GoOn, ActionTrigger::Failed);
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
     ASSERT_EQ(m_messages.all().size(), 1);
-    EXPECT_TRUE(m_messages.all().first().text.contains(QStringLiteral("внутренней ошибки")));
-    EXPECT_TRUE(log.text().contains(QStringLiteral("too long"))) << log.text().toStdString();
+    EXPECT_TRUE(m_messages.all().first().text.contains(u"внутренней ошибки"_s));
+    EXPECT_TRUE(log.text().contains(u"too long"_s)) << log.text().toStdString();
     EXPECT_EQ(m_steps, words("failed"));
 }
 
@@ -258,7 +258,7 @@ TEST_F(ActionQueue, handlerThrowsNumber_isShownLoggedAndCountsAsStop)
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
     EXPECT_EQ(m_messages.all().size(), 1);
-    EXPECT_TRUE(log.text().contains(QStringLiteral("unknown type"))) << log.text().toStdString();
+    EXPECT_TRUE(log.text().contains(u"unknown type"_s)) << log.text().toStdString();
 }
 
 TEST_F(ActionQueue, messageItselfThrows_isLoggedAndCountsAsStop)
@@ -267,7 +267,7 @@ TEST_F(ActionQueue, messageItselfThrows_isLoggedAndCountsAsStop)
     m_controller->setHostHandler(ownCommand, [](Action&) -> EContext::Result { throw 42; });
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
-    EXPECT_TRUE(log.text().contains(QStringLiteral("no screen")));
+    EXPECT_TRUE(log.text().contains(u"no screen"_s));
 }
 
 TEST_F(ActionQueue, afterTriggerThrows_outcomeStands)
@@ -275,7 +275,7 @@ TEST_F(ActionQueue, afterTriggerThrows_outcomeStands)
     hostServes(ownCommand);
     m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::After,
                               [](const Action&) -> EContext::Result { throw 42; }, ActionTrigger::Any, 1});
-    addTrigger(ActionTrigger::After, QStringLiteral("next"), 2);
+    addTrigger(ActionTrigger::After, u"next"_s, 2);
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
     EXPECT_EQ(m_messages.all().size(), 1);
     EXPECT_EQ(m_steps, words("action next"));
@@ -324,7 +324,7 @@ TEST_F(QueuedBefore, queuedActionThatNobodyHandles_theNextOneStillRuns)
 
 TEST_F(QueuedBefore, queuedActionNotAllowedInContext_theNextOneStillRuns)
 {
-    m_controller->setHostHandler(ownCommand, noting(QStringLiteral("not-allowed")));
+    m_controller->setHostHandler(ownCommand, noting(u"not-allowed"_s));
     Action elsewhere(ownCommand);
     elsewhere.setAllowContexts({EContext::OpenReceipt});
     expectNextRunsAfter(elsewhere, "action");
@@ -333,7 +333,7 @@ TEST_F(QueuedBefore, queuedActionNotAllowedInContext_theNextOneStillRuns)
 TEST_F(QueuedBefore, queuedActionWhoseHandlerThrows_theNextOneStillRuns)
 {
     m_controller->setHostHandler(ownCommand, [this](Action&) -> EContext::Result {
-        m_steps.append(QStringLiteral("thrown"));
+        m_steps.append(u"thrown"_s);
         throw 42;
     });
     const LogCapture log;
@@ -344,11 +344,11 @@ TEST_F(QueuedBefore, queuedActionWhoseHandlerThrows_theNextOneStillRuns)
 TEST_F(QueuedBefore, queuedActionRunsAnotherAndAnEventLoop_theNextOneWaitsForItsEnd)
 {
     const auto innerCommand = EActionType(1002);
-    m_controller->setHostHandler(innerCommand, noting(QStringLiteral("inner")));
+    m_controller->setHostHandler(innerCommand, noting(u"inner"_s));
     m_controller->setHostHandler(ownCommand, [this](Action&) {
         execute(innerCommand); // its end must not let the next one in
         QCoreApplication::processEvents();
-        m_steps.append(QStringLiteral("end"));
+        m_steps.append(u"end"_s);
         return EContext::GoOn;
     });
     expectNextRunsAfter(Action(ownCommand), "inner end action");
@@ -382,7 +382,7 @@ TEST_F(ActionQueue, enqueuedInsideAction_runsAfterItEvenWhenItHasAnEventLoop)
     m_controller->setHostHandler(ownCommand, [this](Action&) {
         m_controller->enqueue(Action(otherCommand), true);
         QCoreApplication::processEvents();
-        m_steps.append(QStringLiteral("end"));
+        m_steps.append(u"end"_s);
         return EContext::GoOn;
     });
     execute(ownCommand);
@@ -432,7 +432,7 @@ TEST_F(ActionQueue, formOnTop_itsContextCountsAndItsAnswerIsServedInsideTheActio
         QTimer::singleShot(0, m_controller.get(), [&] {
             contextWithForm = m_controller->context();
             Action reply(control::DialogAnswer);
-            reply.insert(QStringLiteral("data"), 3);
+            reply.insert(u"data"_s, 3);
             m_controller->enqueue(reply, true);
         });
         answer = gui.run(QSharedPointer<BasicForm>::create(nullptr));
@@ -440,7 +440,7 @@ TEST_F(ActionQueue, formOnTop_itsContextCountsAndItsAnswerIsServedInsideTheActio
     });
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
     EXPECT_EQ(contextWithForm, EContext::DialogOnTop);
-    EXPECT_EQ(answer.getData().toMap().value(QStringLiteral("data")).toInt(), 3);
+    EXPECT_EQ(answer.getData().toMap().value(u"data"_s).toInt(), 3);
     EXPECT_FALSE(answer.canceled());
     EXPECT_EQ(m_controller->context(), EContext::OpenReceipt);
     EXPECT_FALSE(m_controller->isBusy());
@@ -463,7 +463,7 @@ TEST_F(ActionQueue, entriesRemovedOrReplacedDuringAction_actionFinishesWithWhatI
                                   return EContext::GoOn;
                               },
                               ActionTrigger::Any, 1});
-    addTrigger(ActionTrigger::Before, QStringLiteral("second"), 2);
+    addTrigger(ActionTrigger::Before, u"second"_s, 2);
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
     EXPECT_EQ(m_steps, words("second action"));
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
@@ -471,20 +471,20 @@ TEST_F(ActionQueue, entriesRemovedOrReplacedDuringAction_actionFinishesWithWhatI
 
 TEST_F(ActionQueue, frame_runsAroundTriggersAndHandlerAndItsResultCounts)
 {
-    addTrigger(ActionTrigger::Before, QStringLiteral("before"), 1);
-    addTrigger(ActionTrigger::After, QStringLiteral("after"), 1);
+    addTrigger(ActionTrigger::Before, u"before"_s, 1);
+    addTrigger(ActionTrigger::After, u"after"_s, 1);
     m_controller->setHostHandler(ownCommand, [this](Action& action) {
-        m_steps.append(QStringLiteral("action"));
+        m_steps.append(u"action"_s);
         action.insert(resultKey, 7);
         return EContext::GoOn;
     });
     m_controller->setHostFrame(ownCommand, [this](Action& action, const std::function<EContext::Result()>& course) {
-        m_steps.append(QStringLiteral("in"));
+        m_steps.append(u"in"_s);
         EXPECT_TRUE(m_controller->isBusy());
         EXPECT_EQ(course(), EContext::GoOn);
         EXPECT_EQ(action.value(resultKey).toInt(), 7);
         action.insert(resultKey, 8);
-        m_steps.append(QStringLiteral("out"));
+        m_steps.append(u"out"_s);
         return EContext::NotFound;
     });
     Action action(ownCommand);
@@ -497,8 +497,8 @@ TEST_F(ActionQueue, frame_runsAroundTriggersAndHandlerAndItsResultCounts)
 TEST_F(ActionQueue, frameAsksForNothing_neitherTriggersNorHandlerRun)
 {
     hostServes(ownCommand);
-    addTrigger(ActionTrigger::Before, QStringLiteral("before"), 1);
-    addTrigger(ActionTrigger::After, QStringLiteral("after"), 1);
+    addTrigger(ActionTrigger::Before, u"before"_s, 1);
+    addTrigger(ActionTrigger::After, u"after"_s, 1);
     m_controller->setHostFrame(ownCommand, [](Action&, const auto&) { return EContext::Stop; });
     QSignalSpy refused(m_controller.get(), &ActionQueueController::refused);
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
@@ -516,8 +516,8 @@ TEST_F(ActionQueue, frame_isOfItsActionInAnyContextAndALaterOneReplacesIt)
             return course();
         };
     };
-    m_controller->setHostFrame(ownCommand, framing(QStringLiteral("former")));
-    m_controller->setHostFrame(ownCommand, framing(QStringLiteral("frame")));
+    m_controller->setHostFrame(ownCommand, framing(u"former"_s));
+    m_controller->setHostFrame(ownCommand, framing(u"frame"_s));
     for (const auto context : {EContext::Idle, EContext::OpenReceipt, EContext::StoredDocuments}) {
         m_controller->setContext(context);
         EXPECT_EQ(execute(ownCommand), EContext::GoOn);
@@ -544,7 +544,7 @@ TEST_F(ActionQueue, nobodyHandlesAction_itsFrameIsNotAsked)
 TEST_F(ActionQueue, triggerStopsWithinAFrame_theFrameLearnsItsResult)
 {
     hostServes(ownCommand);
-    addTrigger(ActionTrigger::Before, QStringLiteral("stopping"), 1, EContext::NotFound);
+    addTrigger(ActionTrigger::Before, u"stopping"_s, 1, EContext::NotFound);
     std::optional<EContext::Result> learnt;
     m_controller->setHostFrame(ownCommand, [&learnt](Action&, const std::function<EContext::Result()>& course) {
         learnt = course();
@@ -589,14 +589,14 @@ TEST_F(ActionQueue, controllerDeletedByFrame_courseStops)
 TEST_P(ActionQueueStopped, triggerDoesNotGoOn_isToldOnceWithActionAndResult)
 {
     hostServes(ownCommand);
-    addTrigger(ActionTrigger::Before, QStringLiteral("stopping"), 1, GetParam());
+    addTrigger(ActionTrigger::Before, u"stopping"_s, 1, GetParam());
     QList<std::pair<Action, EContext::Result>> refusals;
     QObject::connect(m_controller.get(), &ActionQueueController::refused,
                      [&refusals](const Action& action, EContext::Result result) {
                          refusals.append({action, result});
                      });
     Action action(ownCommand);
-    action.insert(QStringLiteral("positionNumber"), 3);
+    action.insert(u"positionNumber"_s, 3);
     EXPECT_EQ(m_controller->execute(action), GetParam());
     ASSERT_EQ(refusals.size(), 1);
     EXPECT_EQ(refusals.first().first, action);
@@ -608,8 +608,8 @@ TEST_F(ActionQueue, actionNotStoppedByATrigger_isNotToldAsRefused)
     QSignalSpy refused(m_controller.get(), &ActionQueueController::refused);
     EXPECT_EQ(execute(ownCommand), EContext::NotFound) << "nobody handles it";
     hostServes(ownCommand, EContext::Stop);
-    addTrigger(ActionTrigger::Before, QStringLiteral("before"), 1);
-    addTrigger(ActionTrigger::After, QStringLiteral("after"), 1, EContext::Stop);
+    addTrigger(ActionTrigger::Before, u"before"_s, 1);
+    addTrigger(ActionTrigger::After, u"after"_s, 1, EContext::Stop);
     EXPECT_EQ(execute(ownCommand), EContext::Stop) << "its handler failed";
     Action elsewhere(ownCommand);
     elsewhere.setAllowContexts({EContext::OpenReceipt});
@@ -654,7 +654,7 @@ TEST_F(ActionQueue, controllerDeletedByTrigger_actionEndsQuietly)
                                   return EContext::GoOn;
                               },
                               ActionTrigger::Any, 1});
-    addTrigger(ActionTrigger::Before, QStringLiteral("second"), 2);
+    addTrigger(ActionTrigger::Before, u"second"_s, 2);
     Action action(ownCommand);
     EXPECT_EQ(controller->execute(action), EContext::GoOn);
     EXPECT_EQ(m_steps, words("second"));
@@ -667,7 +667,7 @@ TEST_F(ActionQueue, controllerDeletedByHandler_outcomeIsReturned)
         m_controller.reset();
         return EContext::NotFound;
     });
-    addTrigger(ActionTrigger::After, QStringLiteral("after"), 1);
+    addTrigger(ActionTrigger::After, u"after"_s, 1);
     Action action(ownCommand);
     EXPECT_EQ(controller->execute(action), EContext::NotFound);
     EXPECT_TRUE(m_steps.isEmpty());

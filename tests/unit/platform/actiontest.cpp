@@ -3,13 +3,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using control::Action;
 
 namespace
 {
 
-const QString number = QStringLiteral("positionNumber");
-const QString result = QStringLiteral("result");
+const QString number = u"positionNumber"_s;
+const QString result = u"result"_s;
 
 } // namespace
 
@@ -41,10 +43,10 @@ TEST(Action, insertAfterAppends_replacesAllAtThePlaceOfTheFirst)
 {
     Action action;
     action.appendArgument(1, number);
-    action.appendArgument(QStringLiteral("x"), result);
+    action.appendArgument(u"x"_s, result);
     action.appendArgument(2, number);
     action.insert(number, 3);
-    const QList<std::pair<QString, QVariant>> expected{{number, 3}, {result, QStringLiteral("x")}};
+    const QList<std::pair<QString, QVariant>> expected{{number, 3}, {result, u"x"_s}};
     EXPECT_EQ(action.getArguments(), expected);
 }
 

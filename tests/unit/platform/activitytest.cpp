@@ -8,6 +8,8 @@
 #include <memory>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -21,8 +23,9 @@ public:
     void handleEvent(const Event& event) override
     {
         codes.append(event.getCode());
-        if (m_reaction)
+        if (m_reaction) {
             m_reaction(event);
+        }
     }
 
     QList<int> codes;
@@ -38,23 +41,21 @@ const Event opened(EActivityListener::ReceiptOpened);
 TEST(Event, arguments_areReplacedByNameAndHaveDefaults)
 {
     Event event(EActivityListener::LongWorkBegins);
-    event.addArgument(QStringLiteral("message"), 1)
-        .addArgument(QStringLiteral("other"), QStringLiteral("x"))
-        .addArgument(QStringLiteral("message"), 2);
+    event.addArgument(u"message"_s, 1).addArgument(u"other"_s, u"x"_s).addArgument(u"message"_s, 2);
     EXPECT_EQ(event.getCode(), 72);
-    EXPECT_EQ(event.value(QStringLiteral("message")).toInt(), 2);
-    EXPECT_EQ(event.value(QStringLiteral("other")).toString(), QStringLiteral("x"));
-    EXPECT_FALSE(event.value(QStringLiteral("none")).isValid());
-    EXPECT_EQ(event.value(QStringLiteral("none"), 5).toInt(), 5);
+    EXPECT_EQ(event.value(u"message"_s).toInt(), 2);
+    EXPECT_EQ(event.value(u"other"_s).toString(), u"x"_s);
+    EXPECT_FALSE(event.value(u"none"_s).isValid());
+    EXPECT_EQ(event.value(u"none"_s, 5).toInt(), 5);
 }
 
 TEST(Event, copy_isIndependent)
 {
     Event event(EActivityListener::Event(196));
     Event copy = event;
-    copy.addArgument(QStringLiteral("a"), 1);
-    EXPECT_FALSE(event.value(QStringLiteral("a")).isValid());
-    EXPECT_EQ(QVariant::fromValue(copy).value<Event>().value(QStringLiteral("a")).toInt(), 1);
+    copy.addArgument(u"a"_s, 1);
+    EXPECT_FALSE(event.value(u"a"_s).isValid());
+    EXPECT_EQ(QVariant::fromValue(copy).value<Event>().value(u"a"_s).toInt(), 1);
     EXPECT_EQ(copy.getCode(), 196);
 }
 
@@ -62,12 +63,12 @@ TEST(ActivityNotifier, notify_reachesListenersInOrderOfSubscription)
 {
     ActivityNotifier notifier;
     QStringList order;
-    Listener first([&order](const Event&) { order += QStringLiteral("first"); });
-    Listener second([&order](const Event&) { order += QStringLiteral("second"); });
+    Listener first([&order](const Event&) { order += u"first"_s; });
+    Listener second([&order](const Event&) { order += u"second"_s; });
     notifier.subscribe(&second);
     notifier.subscribe(&first);
     notifier.notify(opened);
-    EXPECT_EQ(order, QStringList({QStringLiteral("second"), QStringLiteral("first")}));
+    EXPECT_EQ(order, QStringList({u"second"_s, u"first"_s}));
     EXPECT_EQ(first.codes, QList<int>{10});
 }
 
@@ -142,8 +143,9 @@ TEST(ActivityNotifier, listenerNotifiesAgain_innerEventIsDeliveredFirst)
 {
     ActivityNotifier notifier;
     Listener chaining([&](const Event& event) {
-        if (event.getCode() == EActivityListener::ReceiptOpened)
+        if (event.getCode() == EActivityListener::ReceiptOpened) {
             notifier.notify(Event(EActivityListener::ReceiptCancelled));
+        }
     });
     Listener last;
     notifier.subscribe(&chaining);
@@ -156,8 +158,8 @@ TEST(ActivityNotifier, keepOnly_dropsTheOthersAndKeepsTheOrder)
 {
     ActivityNotifier notifier;
     QStringList order;
-    Listener first([&order](const Event&) { order += QStringLiteral("first"); });
-    Listener second([&order](const Event&) { order += QStringLiteral("second"); });
+    Listener first([&order](const Event&) { order += u"first"_s; });
+    Listener second([&order](const Event&) { order += u"second"_s; });
     Listener later;
     auto destroyed = std::make_unique<Listener>();
     notifier.subscribe(destroyed.get());
@@ -168,7 +170,7 @@ TEST(ActivityNotifier, keepOnly_dropsTheOthersAndKeepsTheOrder)
     notifier.subscribe(&later);
     notifier.keepOnly(before);
     notifier.notify(opened);
-    EXPECT_EQ(order, QStringList({QStringLiteral("first"), QStringLiteral("second")}));
+    EXPECT_EQ(order, QStringList({u"first"_s, u"second"_s}));
     EXPECT_TRUE(later.codes.isEmpty());
 }
 
@@ -184,6 +186,6 @@ TEST(ActivityNotifier, listenerThrows_isLoggedAndOthersHearTheEvent)
     const LogCapture log;
     EXPECT_NO_THROW(notifier.notify(opened));
     EXPECT_EQ(last.codes, QList<int>{10});
-    const QString line = QStringLiteral("ERROR activity BaseActivityListener failed in event 10");
+    const QString line = u"ERROR activity BaseActivityListener failed in event 10"_s;
     EXPECT_EQ(log.lines(), QStringList({line, line}));
 }

@@ -58,7 +58,7 @@ TEST(Finally, type_cannotBeCopiedOrMoved)
 TEST(MockFactory, notMocked_makesNewObjects)
 {
     const QSharedPointer<Clerk> first = Clerk::create();
-    const QSharedPointer<Clerk> second = MockFactory<Clerk>::create();
+    const QSharedPointer<Clerk> second = Clerk::create();
     ASSERT_TRUE(first && second);
     EXPECT_NE(first, second);
     EXPECT_EQ(first->number, 1);

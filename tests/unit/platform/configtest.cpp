@@ -7,13 +7,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 class ConfigFile : public ::testing::Test
 {
 protected:
-    QString path() const { return m_folder.filePath(QStringLiteral("register.ini")); }
+    QString path() const { return m_folder.filePath(u"register.ini"_s); }
 
     QString written(const QByteArray& content)
     {
@@ -155,7 +157,7 @@ TEST_F(ConfigFile, directory_readsAsEmptyAndSaysSo)
 
 TEST_F(ConfigFile, device_isNotRead)
 {
-    EXPECT_FALSE(Config(QStringLiteral("/dev/zero")).isReadable());
+    EXPECT_FALSE(Config(u"/dev/zero"_s).isReadable());
 }
 
 TEST_F(ConfigFile, binaryGarbage_readsAsEmptyAndSaysSo)
@@ -201,7 +203,7 @@ TEST_P(ConfigFlag, text_isReadOrGivesTheDefaultWithAWarning)
     const LogCapture log;
     EXPECT_EQ(config.getBool(key("S:k")), GetParam().withFalseDefault);
     EXPECT_EQ(config.getBool(key("S:k"), true), GetParam().withTrueDefault);
-    const QString warning = QStringLiteral("WARN config S:k is not true or false; the default is taken");
+    const QString warning = u"WARN config S:k is not true or false; the default is taken"_s;
     EXPECT_EQ(log.lines(), GetParam().warns ? QStringList({warning, warning}) : QStringList());
 }
 
@@ -223,7 +225,7 @@ TEST_P(ConfigNumber, text_isReadOrGivesTheDefaultWithAWarning)
     const LogCapture log;
     EXPECT_EQ(config.getInt(key("S:k"), -7), GetParam().read);
     EXPECT_EQ(log.lines().size(), GetParam().warns ? 1 : 0);
-    EXPECT_EQ(log.text().startsWith(QStringLiteral("WARN config S:k")), GetParam().warns);
+    EXPECT_EQ(log.text().startsWith(u"WARN config S:k"_s), GetParam().warns);
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, ConfigNumber,

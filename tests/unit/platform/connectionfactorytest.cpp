@@ -12,29 +12,30 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
-const QString selectName = QStringLiteral("SELECT dictname FROM medicine WHERE dictcode = '7'");
+const QString selectName = u"SELECT dictname FROM medicine WHERE dictcode = '7'"_s;
 
 class GoodsDatabase : public ::testing::Test
 {
 protected:
-    GoodsDatabase() { m_config.set(QStringLiteral("Database:name"), path()); }
+    GoodsDatabase() { m_config.set(u"Database:name"_s, path()); }
 
-    QString path(const QString& file = QStringLiteral("goods.sqlite")) const { return m_folder.filePath(file); }
+    QString path(const QString& file = u"goods.sqlite"_s) const { return m_folder.filePath(file); }
 
     void createDatabase(const QString& file, const QString& name)
     {
-        const QString connection = QStringLiteral("writer");
+        const QString connection = u"writer"_s;
         {
-            QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
+            QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, connection);
             database.setDatabaseName(file);
             ASSERT_TRUE(database.open());
             QSqlQuery query(database);
-            ASSERT_TRUE(query.exec(QStringLiteral("CREATE TABLE medicine (dictcode TEXT, dictname TEXT)")));
-            ASSERT_TRUE(
-                query.exec(QStringLiteral("INSERT INTO medicine VALUES ('7', '") + name + QStringLiteral("')")));
+            ASSERT_TRUE(query.exec(u"CREATE TABLE medicine (dictcode TEXT, dictname TEXT)"_s));
+            ASSERT_TRUE(query.exec(u"INSERT INTO medicine VALUES ('7', '"_s + name + u"')"_s));
         }
         QSqlDatabase::removeDatabase(connection);
     }
@@ -42,7 +43,7 @@ protected:
     QString readName(const QSqlDatabase& connection)
     {
         QSqlQuery query(connection);
-        return query.exec(selectName) && query.next() ? query.value(0).toString() : QStringLiteral("(none)");
+        return query.exec(selectName) && query.next() ? query.value(0).toString() : u"(none)"_s;
     }
 
     QTemporaryDir m_folder;
@@ -54,10 +55,10 @@ protected:
 
 TEST_F(GoodsDatabase, configuredFile_isReadThroughAnOpenConnection)
 {
-    createDatabase(path(), QStringLiteral("Парацетамол"));
+    createDatabase(path(), u"Парацетамол"_s);
     const QSqlDatabase connection = m_factory->getConnection({}, {});
     EXPECT_TRUE(connection.isOpen());
-    EXPECT_EQ(readName(connection), QStringLiteral("Парацетамол"));
+    EXPECT_EQ(readName(connection), u"Парацетамол"_s);
 }
 
 struct Statement {
@@ -71,15 +72,15 @@ class GoodsDatabaseStatement : public GoodsDatabase, public ::testing::WithParam
 
 TEST_P(GoodsDatabaseStatement, thatWrites_failsAndChangesNothing)
 {
-    createDatabase(path(), QStringLiteral("Парацетамол"));
+    createDatabase(path(), u"Парацетамол"_s);
     {
         QSqlQuery query(m_factory->getConnection({}, {}));
-        query.exec(QStringLiteral("PRAGMA query_only = OFF"));
+        query.exec(u"PRAGMA query_only = OFF"_s);
         EXPECT_FALSE(query.exec(QString::fromLatin1(GetParam().sql)));
         EXPECT_TRUE(query.lastError().isValid());
         EXPECT_FALSE(query.lastError().text().trimmed().isEmpty());
     }
-    EXPECT_EQ(readName(m_factory->getConnection({}, {})), QStringLiteral("Парацетамол"));
+    EXPECT_EQ(readName(m_factory->getConnection({}, {})), u"Парацетамол"_s);
 }
 
 INSTANTIATE_TEST_SUITE_P(Statements, GoodsDatabaseStatement,
@@ -93,21 +94,21 @@ INSTANTIATE_TEST_SUITE_P(Statements, GoodsDatabaseStatement,
 
 TEST_F(GoodsDatabase, sameArguments_giveTheSameConnectionAndOthersAnother)
 {
-    createDatabase(path(), QStringLiteral("x"));
+    createDatabase(path(), u"x"_s);
     const QString shared = m_factory->getConnection({}, {}).connectionName();
     EXPECT_EQ(m_factory->getConnection({}, {}).connectionName(), shared);
-    EXPECT_NE(m_factory->getConnection({}, QStringLiteral("own")).connectionName(), shared);
-    EXPECT_NE(shared, QLatin1String(QSqlDatabase::defaultConnection));
-    EXPECT_TRUE(m_factory->getConnection({}, QStringLiteral("own")).isOpen());
+    EXPECT_NE(m_factory->getConnection({}, u"own"_s).connectionName(), shared);
+    EXPECT_NE(shared, QLatin1StringView(QSqlDatabase::defaultConnection));
+    EXPECT_TRUE(m_factory->getConnection({}, u"own"_s).isOpen());
 }
 
 TEST_F(GoodsDatabase, namedDatabase_hasItsOwnSection)
 {
-    createDatabase(path(), QStringLiteral("goods"));
-    createDatabase(path(QStringLiteral("other.sqlite")), QStringLiteral("other"));
-    m_config.set(QStringLiteral("Database.other:name"), path(QStringLiteral("other.sqlite")));
-    EXPECT_EQ(readName(m_factory->getConnection(QStringLiteral("other"), {})), QStringLiteral("other"));
-    EXPECT_EQ(readName(m_factory->getConnection({}, {})), QStringLiteral("goods"));
+    createDatabase(path(), u"goods"_s);
+    createDatabase(path(u"other.sqlite"_s), u"other"_s);
+    m_config.set(u"Database.other:name"_s, path(u"other.sqlite"_s));
+    EXPECT_EQ(readName(m_factory->getConnection(u"other"_s, {})), u"other"_s);
+    EXPECT_EQ(readName(m_factory->getConnection({}, {})), u"goods"_s);
 }
 
 TEST_F(GoodsDatabase, fileMissing_isNotCreatedAndConnectionTellsWhy)
@@ -116,8 +117,7 @@ TEST_F(GoodsDatabase, fileMissing_isNotCreatedAndConnectionTellsWhy)
     const QSqlDatabase connection = m_factory->getConnection({}, {});
     EXPECT_FALSE(connection.isOpen());
     EXPECT_TRUE(connection.lastError().isValid());
-    EXPECT_TRUE(log.text().contains(QStringLiteral("ERROR database Database cannot be opened")))
-        << log.text().toStdString();
+    EXPECT_TRUE(log.text().contains(u"ERROR database Database cannot be opened"_s)) << log.text().toStdString();
     EXPECT_FALSE(QFile::exists(path()));
     QSqlQuery query(connection);
     EXPECT_FALSE(query.prepare(selectName));
@@ -128,16 +128,16 @@ TEST_F(GoodsDatabase, fileMissing_isNotCreatedAndConnectionTellsWhy)
 TEST_F(GoodsDatabase, fileAppearsLater_isOpenedByTheNextCall)
 {
     EXPECT_FALSE(m_factory->getConnection({}, {}).isOpen());
-    createDatabase(path(), QStringLiteral("Парацетамол"));
-    EXPECT_EQ(readName(m_factory->getConnection({}, {})), QStringLiteral("Парацетамол"));
+    createDatabase(path(), u"Парацетамол"_s);
+    EXPECT_EQ(readName(m_factory->getConnection({}, {})), u"Парацетамол"_s);
 }
 
 TEST_F(GoodsDatabase, tableMissing_queryFailsWithTheDriversError)
 {
-    createDatabase(path(), QStringLiteral("x"));
+    createDatabase(path(), u"x"_s);
     QSqlQuery query(m_factory->getConnection({}, {}));
-    EXPECT_FALSE(query.prepare(QStringLiteral("SELECT x FROM nothing")));
-    EXPECT_TRUE(query.lastError().text().contains(QStringLiteral("nothing")));
+    EXPECT_FALSE(query.prepare(u"SELECT x FROM nothing"_s));
+    EXPECT_TRUE(query.lastError().text().contains(u"nothing"_s));
 }
 
 TEST_F(GoodsDatabase, fileIsNoDatabase_connectionOrQueryFails)
@@ -153,55 +153,55 @@ TEST_F(GoodsDatabase, fileIsNoDatabase_connectionOrQueryFails)
 
 TEST_F(GoodsDatabase, directoryInsteadOfFile_isNotOpened)
 {
-    m_config.set(QStringLiteral("Database:name"), m_folder.path());
+    m_config.set(u"Database:name"_s, m_folder.path());
     EXPECT_FALSE(m_factory->getConnection({}, {}).isOpen());
 }
 
 TEST_F(GoodsDatabase, nothingConfigured_isNotOpenedAndLogged)
 {
-    m_config.set(QStringLiteral("Database:name"), QString());
+    m_config.set(u"Database:name"_s, QString());
     const LogCapture log;
     const QSqlDatabase connection = m_factory->getConnection({}, {});
     EXPECT_FALSE(connection.isOpen());
-    EXPECT_TRUE(log.text().contains(QStringLiteral("Database:name"))) << log.text().toStdString();
+    EXPECT_TRUE(log.text().contains(u"Database:name"_s)) << log.text().toStdString();
     QSqlQuery query(connection);
     EXPECT_FALSE(query.prepare(selectName));
 }
 
 TEST_F(GoodsDatabase, configurationChanged_nextConnectionIsToTheNewFile)
 {
-    createDatabase(path(), QStringLiteral("old"));
-    createDatabase(path(QStringLiteral("new.sqlite")), QStringLiteral("new"));
-    EXPECT_EQ(readName(m_factory->getConnection({}, {})), QStringLiteral("old"));
-    m_config.set(QStringLiteral("Database:name"), path(QStringLiteral("new.sqlite")));
-    EXPECT_EQ(readName(m_factory->getConnection({}, {})), QStringLiteral("new"));
+    createDatabase(path(), u"old"_s);
+    createDatabase(path(u"new.sqlite"_s), u"new"_s);
+    EXPECT_EQ(readName(m_factory->getConnection({}, {})), u"old"_s);
+    m_config.set(u"Database:name"_s, path(u"new.sqlite"_s));
+    EXPECT_EQ(readName(m_factory->getConnection({}, {})), u"new"_s);
 }
 
 TEST_F(GoodsDatabase, unknownDriver_isNotOpenedAndLogged)
 {
-    createDatabase(path(), QStringLiteral("x"));
-    m_config.set(QStringLiteral("Database:driver"), QStringLiteral("QNONE"));
+    createDatabase(path(), u"x"_s);
+    m_config.set(u"Database:driver"_s, u"QNONE"_s);
     const LogCapture log;
     EXPECT_FALSE(m_factory->getConnection({}, {}).isOpen());
-    EXPECT_TRUE(log.text().contains(QStringLiteral("QNONE"))) << log.text().toStdString();
+    EXPECT_TRUE(log.text().contains(u"QNONE"_s)) << log.text().toStdString();
 }
 
 TEST_F(GoodsDatabase, serverNotReachable_isNotOpenedAndPasswordIsNotLogged)
 {
-    m_config.set(QStringLiteral("Database:driver"), QStringLiteral("QPSQL"));
-    m_config.set(QStringLiteral("Database:host"), m_folder.path()); // a folder without a server's socket
-    m_config.set(QStringLiteral("Database:password"), QStringLiteral("hidden"));
+    m_config.set(u"Database:driver"_s, u"QPSQL"_s);
+    m_config.set(u"Database:host"_s, m_folder.path()); // a folder without a server's socket
+    m_config.set(u"Database:password"_s, u"hidden"_s);
     const LogCapture log;
     const QSqlDatabase connection = m_factory->getConnection({}, {});
     EXPECT_FALSE(connection.isOpen());
     EXPECT_TRUE(connection.lastError().isValid());
     EXPECT_FALSE(log.lines().isEmpty());
-    EXPECT_FALSE(log.text().contains(QStringLiteral("hidden")));
+    EXPECT_FALSE(log.text().contains(u"hidden"_s));
 }
 
 TEST_F(GoodsDatabase, factoryGone_itsConnectionsAreRemoved)
 {
-    createDatabase(path(), QStringLiteral("x"));
+    createDatabase(path(), u"x"_s);
     const QString name = m_factory->getConnection({}, {}).connectionName();
     EXPECT_TRUE(QSqlDatabase::contains(name));
     m_factory.reset();

@@ -9,15 +9,17 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
-const QString plugin = QStringLiteral("ElectronicPrescriptionService");
-const QString card = QStringLiteral("cardNumber");
+const QString plugin = u"ElectronicPrescriptionService"_s;
+const QString card = u"cardNumber"_s;
 
 GoodsItem::Goods aspirin()
 {
-    return {3, QStringLiteral("Аспирин \"500\""), 10.01, 1.2, 11.5, 2.0};
+    return {3, u"Аспирин \"500\""_s, 10.01, 1.2, 11.5, 2.0};
 }
 
 class Watcher : public DocumentWatcher
@@ -32,7 +34,7 @@ TEST(GoodsItem, fresh_holdsItsGoodsAndNothingOfPlugins)
 {
     const GoodsItem item(aspirin());
     EXPECT_EQ(item.getNumber(), 3);
-    EXPECT_EQ(item.getName(), QStringLiteral("Аспирин \"500\""));
+    EXPECT_EQ(item.getName(), u"Аспирин \"500\""_s);
     EXPECT_DOUBLE_EQ(item.getPrice(), 10.01);
     EXPECT_DOUBLE_EQ(item.getMinRetailPrice(), 1.2);
     EXPECT_DOUBLE_EQ(item.getTmcPrice(), 11.5);
@@ -94,10 +96,10 @@ INSTANTIATE_TEST_SUITE_P(Sums, GoodsItemSum,
 TEST(GoodsItem, setTagTwice_isThereOnceAndOrderIsKept)
 {
     GoodsItem item;
-    item.setTag(QStringLiteral("prescription"));
-    item.setTag(QStringLiteral("other"));
-    item.setTag(QStringLiteral("prescription"));
-    EXPECT_EQ(item.getTags(), QStringList({QStringLiteral("prescription"), QStringLiteral("other")}));
+    item.setTag(u"prescription"_s);
+    item.setTag(u"other"_s);
+    item.setTag(u"prescription"_s);
+    EXPECT_EQ(item.getTags(), QStringList({u"prescription"_s, u"other"_s}));
 }
 
 TEST(AbstractDocument, getPosition_isFoundByNumberNotByPlace)
@@ -113,33 +115,33 @@ TEST(AbstractDocument, getPosition_isFoundByNumberNotByPlace)
 TEST(AbstractDocument, pluginValues_areKeptApartByPluginAndKey)
 {
     PlainDocument document;
-    document.setPluginValue(plugin, card, QStringLiteral("1100"));
-    document.setPluginValue(QStringLiteral("Other"), card, 5);
-    EXPECT_EQ(document.getPluginValue(plugin, card, {}).toString(), QStringLiteral("1100"));
-    EXPECT_EQ(document.getPluginValue(QStringLiteral("Other"), card, {}).toInt(), 5);
-    EXPECT_EQ(document.getPluginValue(plugin, QStringLiteral("none"), 7).toInt(), 7);
-    EXPECT_EQ(document.getPluginValue(QStringLiteral("None"), card, 7).toInt(), 7);
-    EXPECT_FALSE(document.getPluginValue(QStringLiteral("None"), card, {}).isValid());
+    document.setPluginValue(plugin, card, u"1100"_s);
+    document.setPluginValue(u"Other"_s, card, 5);
+    EXPECT_EQ(document.getPluginValue(plugin, card, {}).toString(), u"1100"_s);
+    EXPECT_EQ(document.getPluginValue(u"Other"_s, card, {}).toInt(), 5);
+    EXPECT_EQ(document.getPluginValue(plugin, u"none"_s, 7).toInt(), 7);
+    EXPECT_EQ(document.getPluginValue(u"None"_s, card, 7).toInt(), 7);
+    EXPECT_FALSE(document.getPluginValue(u"None"_s, card, {}).isValid());
 }
 
 TEST(AbstractDocument, invalidPluginValue_removesTheEntry)
 {
     PlainDocument document;
-    document.setPluginValue(plugin, card, QStringLiteral("1100"));
+    document.setPluginValue(plugin, card, u"1100"_s);
     document.setPluginValue(plugin, card, QVariant());
-    document.setPluginValue(plugin, QStringLiteral("never"), QVariant());
+    document.setPluginValue(plugin, u"never"_s, QVariant());
     EXPECT_EQ(document.getPluginValue(plugin, card, 7).toInt(), 7);
-    EXPECT_TRUE(document.toJson().value(QStringLiteral("plugins")).toObject().isEmpty());
+    EXPECT_TRUE(document.toJson().value(u"plugins"_s).toObject().isEmpty());
 }
 
 TEST(AbstractDocument, toJson_holdsEverything)
 {
     PlainDocument document;
     const auto item = document.add(aspirin());
-    item->setTag(QStringLiteral("prescription"));
-    item->setExtendedOptions(QStringLiteral("{\"doseQuantity\":2}"));
-    item->setSoftCheckId(QStringLiteral("id-1"));
-    document.setPluginValue(plugin, card, QStringLiteral("1100"));
+    item->setTag(u"prescription"_s);
+    item->setExtendedOptions(u"{\"doseQuantity\":2}"_s);
+    item->setSoftCheckId(u"id-1"_s);
+    document.setPluginValue(plugin, card, u"1100"_s);
     const QJsonDocument expected = QJsonDocument::fromJson(R"({
         "format": 1, "type": 1, "closed": false,
         "positions": [{
@@ -158,9 +160,9 @@ TEST(AbstractDocument, empty_isOpenAndHasEmptyMembers)
     const PlainDocument document;
     EXPECT_FALSE(document.isClosed());
     const QJsonObject json = document.toJson();
-    EXPECT_TRUE(json.value(QStringLiteral("positions")).isArray());
-    EXPECT_TRUE(json.value(QStringLiteral("positions")).toArray().isEmpty());
-    EXPECT_TRUE(json.value(QStringLiteral("plugins")).isObject());
+    EXPECT_TRUE(json.value(u"positions"_s).isArray());
+    EXPECT_TRUE(json.value(u"positions"_s).toArray().isEmpty());
+    EXPECT_TRUE(json.value(u"plugins"_s).isObject());
 }
 
 TEST(AbstractDocument, inVariant_travelsAsSharedPointerToTheBase)
@@ -169,7 +171,7 @@ TEST(AbstractDocument, inVariant_travelsAsSharedPointerToTheBase)
     const QVariant variant = QVariant::fromValue(document);
     EXPECT_STREQ(variant.metaType().name(), "QSharedPointer<AbstractDocument>");
     EXPECT_EQ(variant.value<QSharedPointer<AbstractDocument>>(), document);
-    EXPECT_EQ(QVariant(QStringLiteral("x")).value<QSharedPointer<AbstractDocument>>(), nullptr);
+    EXPECT_EQ(QVariant(u"x"_s).value<QSharedPointer<AbstractDocument>>(), nullptr);
 }
 
 TEST(DocumentWatcher, documentSet_everyWatcherSeesItUntilItIsTakenAway)

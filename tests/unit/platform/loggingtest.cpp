@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -18,7 +20,7 @@ protected:
     void write(const QString& folder, const QString& properties, const QStringList& messages = {})
     {
         QProcess process;
-        process.start(QStringLiteral(LOGWRITER), QStringList({folder, properties}) + messages);
+        process.start(QString::fromUtf8(LOGWRITER), QStringList({folder, properties}) + messages);
         ASSERT_TRUE(process.waitForFinished());
         ASSERT_EQ(process.exitStatus(), QProcess::NormalExit);
         ASSERT_EQ(process.exitCode(), 0);
@@ -43,29 +45,27 @@ protected:
 TEST_F(LoggingSetUp, nothingConfigured_warningsAndErrorsGoToStandardError)
 {
     write({}, {});
-    EXPECT_TRUE(m_standardError.contains(QStringLiteral("WARN  till Бумага кончается")))
-        << m_standardError.toStdString();
-    EXPECT_TRUE(m_standardError.contains(QStringLiteral("ERROR till Бумаги нет")));
-    EXPECT_FALSE(m_standardError.contains(QStringLiteral("Чек открыт")));
+    EXPECT_TRUE(m_standardError.contains(u"WARN  till Бумага кончается"_s)) << m_standardError.toStdString();
+    EXPECT_TRUE(m_standardError.contains(u"ERROR till Бумаги нет"_s));
+    EXPECT_FALSE(m_standardError.contains(u"Чек открыт"_s));
     EXPECT_TRUE(m_standardOutput.isEmpty());
 }
 
 TEST_F(LoggingSetUp, folderConfigured_everythingGoesToAFileInIt)
 {
-    const QString folder = m_folder.filePath(QStringLiteral("журнал")); // is created
+    const QString folder = m_folder.filePath(u"журнал"_s); // is created
     write(folder, {});
-    const QStringList lines = linesOf(folder + QStringLiteral("/register.log"));
+    const QStringList lines = linesOf(folder + u"/register.log"_s);
     ASSERT_EQ(lines.size(), 3);
-    const QRegularExpression form(
-        QStringLiteral("^\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} INFO  till Чек открыт$"));
+    const QRegularExpression form(u"^\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} INFO  till Чек открыт$"_s);
     EXPECT_TRUE(form.match(lines.first()).hasMatch()) << lines.first().toStdString();
     EXPECT_TRUE(m_standardError.isEmpty()) << m_standardError.toStdString();
 }
 
 TEST_F(LoggingSetUp, propertiesConfigured_theyDecide)
 {
-    const QString log = m_folder.filePath(QStringLiteral("errors.log"));
-    QFile properties(m_folder.filePath(QStringLiteral("logging.properties")));
+    const QString log = m_folder.filePath(u"errors.log"_s);
+    QFile properties(m_folder.filePath(u"logging.properties"_s));
     ASSERT_TRUE(properties.open(QIODevice::WriteOnly));
     properties.write("log4cplus.rootLogger=ERROR, FILE\n"
                      "log4cplus.appender.FILE=log4cplus::FileAppender\n"
@@ -76,52 +76,49 @@ TEST_F(LoggingSetUp, propertiesConfigured_theyDecide)
                      "log4cplus.appender.FILE.layout.ConversionPattern=%m%n\n");
     properties.close();
     write(m_folder.path(), properties.fileName());
-    EXPECT_EQ(linesOf(log), QStringList(QStringLiteral("Бумаги нет")));
-    EXPECT_FALSE(QFile::exists(m_folder.filePath(QStringLiteral("register.log"))));
+    EXPECT_EQ(linesOf(log), QStringList(u"Бумаги нет"_s));
+    EXPECT_FALSE(QFile::exists(m_folder.filePath(u"register.log"_s)));
 }
 
 TEST_F(LoggingSetUp, propertiesFileMissing_isWarnedAboutAndDefaultsHold)
 {
-    write(m_folder.path(), m_folder.filePath(QStringLiteral("missing.properties")));
-    const QStringList lines = linesOf(m_folder.filePath(QStringLiteral("register.log")));
+    write(m_folder.path(), m_folder.filePath(u"missing.properties"_s));
+    const QStringList lines = linesOf(m_folder.filePath(u"register.log"_s));
     ASSERT_EQ(lines.size(), 4);
-    EXPECT_TRUE(lines.first().contains(QStringLiteral("WARN  root Logging:properties"))) << lines.first().toStdString();
+    EXPECT_TRUE(lines.first().contains(u"WARN  root Logging:properties"_s)) << lines.first().toStdString();
 }
 
 TEST_F(LoggingSetUp, messageWithLineBreaksAndControls_isOneLine)
 {
-    write(m_folder.path(), {},
-          {QStringLiteral("a\nb\r\nc\x1b[2J\td\u2028e"), QStringLiteral("%s %n %1"), QString(10'000, u'ж')});
-    const QStringList lines = linesOf(m_folder.filePath(QStringLiteral("register.log")));
+    write(m_folder.path(), {}, {u"a\nb\r\nc\x1b[2J\td\u2028e"_s, u"%s %n %1"_s, QString(10'000, u'ж')});
+    const QStringList lines = linesOf(m_folder.filePath(u"register.log"_s));
     ASSERT_EQ(lines.size(), 6);
-    EXPECT_TRUE(lines[3].endsWith(QStringLiteral(" till a\\nb\\u000d\\nc\\u001b[2J\td\\u2028e")))
-        << lines[3].toStdString();
-    EXPECT_TRUE(lines[4].endsWith(QStringLiteral(" till %s %n %1")));
+    EXPECT_TRUE(lines[3].endsWith(u" till a\\nb\\u000d\\nc\\u001b[2J\td\\u2028e"_s)) << lines[3].toStdString();
+    EXPECT_TRUE(lines[4].endsWith(u" till %s %n %1"_s));
     EXPECT_TRUE(lines[5].endsWith(QString(10'000, u'ж')));
 }
 
 TEST_F(LoggingSetUp, folderCannotBeMade_programGoesOn)
 {
-    QFile inTheWay(m_folder.filePath(QStringLiteral("file")));
+    QFile inTheWay(m_folder.filePath(u"file"_s));
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    write(inTheWay.fileName() + QStringLiteral("/sub"), {});
+    write(inTheWay.fileName() + u"/sub"_s, {});
 }
 
 TEST(LogManager, sameName_givesTheSameLogger)
 {
-    Log4Qt::Logger* const logger = Log4Qt::LogManager::logger(QStringLiteral("a"));
+    Log4Qt::Logger* const logger = Log4Qt::LogManager::logger(u"a"_s);
     ASSERT_NE(logger, nullptr);
-    EXPECT_EQ(Log4Qt::LogManager::logger(QStringLiteral("a")), logger);
-    EXPECT_NE(Log4Qt::LogManager::logger(QStringLiteral("b")), logger);
+    EXPECT_EQ(Log4Qt::LogManager::logger(u"a"_s), logger);
+    EXPECT_NE(Log4Qt::LogManager::logger(u"b"_s), logger);
 }
 
 TEST(Logger, levels_arriveWithNameAndText)
 {
     const LogCapture log;
-    const Log4Qt::Logger* logger = Log4Qt::LogManager::logger(QStringLiteral("till"));
-    logger->info(QStringLiteral("Чек"));
-    logger->warn(QStringLiteral("w"));
+    const Log4Qt::Logger* logger = Log4Qt::LogManager::logger(u"till"_s);
+    logger->info(u"Чек"_s);
+    logger->warn(u"w"_s);
     logger->error(QString());
-    EXPECT_EQ(log.lines(), QStringList({QStringLiteral("INFO till Чек"), QStringLiteral("WARN till w"),
-                                        QStringLiteral("ERROR till ")}));
+    EXPECT_EQ(log.lines(), QStringList({u"INFO till Чек"_s, u"WARN till w"_s, u"ERROR till "_s}));
 }

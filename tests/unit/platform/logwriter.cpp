@@ -9,20 +9,24 @@
 
 #include <QString>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char** argv)
 {
-    if (argc < 3)
+    if (argc < 3) {
         return 2;
+    }
     Config config;
-    config.setForThisRun(QStringLiteral("Logging:folder"), QString::fromUtf8(argv[1]));
-    config.setForThisRun(QStringLiteral("Logging:properties"), QString::fromUtf8(argv[2]));
+    config.setForThisRun(u"Logging:folder"_s, QString::fromUtf8(argv[1]));
+    config.setForThisRun(u"Logging:properties"_s, QString::fromUtf8(argv[2]));
     Singleton<Config>::instance = &config;
 
-    const Log4Qt::Logger* logger = Log4Qt::LogManager::logger(QStringLiteral("till"));
-    logger->info(QStringLiteral("Чек открыт"));
-    logger->warn(QStringLiteral("Бумага кончается"));
-    logger->error(QStringLiteral("Бумаги нет"));
-    for (int message = 3; message < argc; ++message)
+    const Log4Qt::Logger* logger = Log4Qt::LogManager::logger(u"till"_s);
+    logger->info(u"Чек открыт"_s);
+    logger->warn(u"Бумага кончается"_s);
+    logger->error(u"Бумаги нет"_s);
+    for (int message = 3; message < argc; ++message) {
         logger->info(QString::fromUtf8(argv[message]));
+    }
     return 0;
 }

@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -32,20 +34,24 @@ protected:
         m_plugin = qobject_cast<AbstractPlugin*>(m_loader.instance());
         ASSERT_NE(m_plugin, nullptr) << m_loader.errorString().toStdString();
         m_initialised = m_plugin->init();
-        if (!m_initialised)
+        if (!m_initialised) {
             return;
-        for (const ActionHandler& handler : m_plugin->getHandlers())
+        }
+        for (const ActionHandler& handler : m_plugin->getHandlers()) {
             m_controller.addHandler(handler);
-        for (const ActionTrigger& trigger : m_plugin->getTriggers())
+        }
+        for (const ActionTrigger& trigger : m_plugin->getTriggers()) {
             m_controller.addTrigger(trigger);
+        }
     }
 
     void TearDown() override
     {
         DocumentWatcher::setCurrentDocument(nullptr);
         m_controller.removePluginEntries();
-        if (m_initialised)
+        if (m_initialised) {
             m_plugin->deinit();
+        }
         EXPECT_TRUE(m_loader.unload());
     }
 
@@ -55,11 +61,10 @@ protected:
         return m_controller.execute(action);
     }
 
-    Configured m_config{{{QStringLiteral("Hello:enabled"), QStringLiteral("true")},
-                         {QStringLiteral("Hello:greeting"), QStringLiteral("Доброе утро, %2!")}}};
+    Configured m_config{{{u"Hello:enabled"_s, u"true"_s}, {u"Hello:greeting"_s, u"Доброе утро, %2!"_s}}};
     ShownMessages m_messages;
     ActionQueueController m_controller;
-    QPluginLoader m_loader{QStringLiteral(HELLO_PLUGIN)};
+    QPluginLoader m_loader{QString::fromUtf8(HELLO_PLUGIN)};
     AbstractPlugin* m_plugin = nullptr;
     bool m_initialised = false;
 };
@@ -109,7 +114,7 @@ TEST(AbstractPlugin, interfaceId_endsInItsName)
 
 TEST_F(HelloExample, notEnabled_isInert)
 {
-    m_config.set(QStringLiteral("Hello:enabled"), QStringLiteral("false"));
+    m_config.set(u"Hello:enabled"_s, u"false"_s);
     load();
     EXPECT_FALSE(m_initialised);
     EXPECT_TRUE(m_plugin->getHandlers().isEmpty());
@@ -125,7 +130,7 @@ TEST_F(HelloExample, loaded_itsCommandShowsGreetingAndClosedReceipts)
     Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::ReceiptCancelled));
     EXPECT_EQ(execute(greetCommand), EContext::GoOn);
     ASSERT_EQ(m_messages.all().size(), 1);
-    EXPECT_EQ(m_messages.all().first().text, QStringLiteral("Доброе утро, %2!\nЗакрыто чеков: 1"));
+    EXPECT_EQ(m_messages.all().first().text, u"Доброе утро, %2!\nЗакрыто чеков: 1"_s);
     EXPECT_EQ(m_messages.all().first().kind, 2);
 }
 
@@ -144,7 +149,7 @@ TEST_F(HelloExample, emptyReceipt_doesNotReachTheSubtotalAndAFilledOneDoes)
     EXPECT_EQ(subtotals, 0);
     EXPECT_EQ(m_messages.all().size(), 1);
 
-    receipt->add({1, QStringLiteral("Аспирин"), 10.0, 0.0, 10.0, 1.0});
+    receipt->add({1, u"Аспирин"_s, 10.0, 0.0, 10.0, 1.0});
     EXPECT_EQ(execute(control::Subtotal), EContext::GoOn);
     EXPECT_EQ(subtotals, 1);
     EXPECT_EQ(m_messages.all().size(), 1);

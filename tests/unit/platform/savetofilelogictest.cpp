@@ -14,13 +14,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 class SavedDocument : public ::testing::Test
 {
 protected:
-    SavedDocument() { m_config.set(QStringLiteral("Register:data"), m_folder.path()); }
+    SavedDocument() { m_config.set(u"Register:data"_s, m_folder.path()); }
 
     QSharedPointer<PlainDocument> document(const QString& name) const
     {
@@ -39,7 +41,7 @@ protected:
 
     bool save(const QSharedPointer<AbstractDocument>& saved, const QString& file = {})
     {
-        return MockFactory<SaveToFileLogic>::create()->save(saved, file);
+        return SaveToFileLogic::create()->save(saved, file);
     }
 
     /// The one message of a failed save: an error that names the folder, the reason, and what to do.
@@ -49,8 +51,8 @@ protected:
         const ShownMessages::Message& message = m_messages.all().first();
         EXPECT_EQ(message.kind, 1);
         EXPECT_TRUE(message.text.contains(reason)) << message.text.toStdString();
-        EXPECT_TRUE(message.text.contains(QStringLiteral("не сохранён"))) << message.text.toStdString();
-        EXPECT_TRUE(message.text.contains(QStringLiteral("повторите"))) << message.text.toStdString();
+        EXPECT_TRUE(message.text.contains(u"не сохранён"_s)) << message.text.toStdString();
+        EXPECT_TRUE(message.text.contains(u"повторите"_s)) << message.text.toStdString();
     }
 
     QTemporaryDir m_folder;
@@ -61,45 +63,45 @@ protected:
 class StoredDocument : public PlainDocument
 {
 public:
-    QString fileName() const override { return QStringLiteral("stored-7.json"); }
+    QString fileName() const override { return u"stored-7.json"_s; }
 };
 
 } // namespace
 
 TEST_F(SavedDocument, noFileNamed_isTheOpenReceiptAsJson)
 {
-    const auto saved = document(QStringLiteral("Аспирин"));
+    const auto saved = document(u"Аспирин"_s);
     EXPECT_TRUE(save(saved));
-    EXPECT_EQ(files(), QStringList(QStringLiteral("receipt.json")));
+    EXPECT_EQ(files(), QStringList(u"receipt.json"_s));
     EXPECT_EQ(QJsonDocument::fromJson(content()).object(), saved->toJson());
     EXPECT_TRUE(m_messages.all().isEmpty());
 }
 
 TEST_F(SavedDocument, documentNamesItsFile_openReceiptStaysAsItIs)
 {
-    EXPECT_TRUE(save(document(QStringLiteral("open"))));
+    EXPECT_TRUE(save(document(u"open"_s)));
     const QByteArray open = content();
     const auto stored = QSharedPointer<StoredDocument>::create();
-    stored->add({1, QStringLiteral("stored"), 10.0, 0.0, 10.0, 1.0});
+    stored->add({1, u"stored"_s, 10.0, 0.0, 10.0, 1.0});
     EXPECT_TRUE(save(stored));
-    EXPECT_EQ(files(), QStringList({QStringLiteral("receipt.json"), QStringLiteral("stored-7.json")}));
+    EXPECT_EQ(files(), QStringList({u"receipt.json"_s, u"stored-7.json"_s}));
     EXPECT_EQ(content(), open);
     EXPECT_EQ(QJsonDocument::fromJson(content(stored->fileName())).object(), stored->toJson());
 }
 
 TEST_F(SavedDocument, fileNamed_isWrittenBesideTheOthers)
 {
-    EXPECT_TRUE(save(document(QStringLiteral("a"))));
-    EXPECT_TRUE(save(document(QStringLiteral("b")), QStringLiteral("stored 7.json")));
-    EXPECT_EQ(files(), QStringList({QStringLiteral("receipt.json"), QStringLiteral("stored 7.json")}));
+    EXPECT_TRUE(save(document(u"a"_s)));
+    EXPECT_TRUE(save(document(u"b"_s), u"stored 7.json"_s));
+    EXPECT_EQ(files(), QStringList({u"receipt.json"_s, u"stored 7.json"_s}));
     EXPECT_TRUE(content().contains("\"a\""));
-    EXPECT_TRUE(content(QStringLiteral("stored 7.json")).contains("\"b\""));
+    EXPECT_TRUE(content(u"stored 7.json"_s).contains("\"b\""));
 }
 
 TEST_F(SavedDocument, savedAgain_replacesTheFormerWhole)
 {
     EXPECT_TRUE(save(document(QString(1000, u'x'))));
-    const auto later = document(QStringLiteral("y"));
+    const auto later = document(u"y"_s);
     EXPECT_TRUE(save(later));
     EXPECT_EQ(QJsonDocument::fromJson(content()).object(), later->toJson());
     EXPECT_EQ(files().size(), 1);
@@ -107,9 +109,9 @@ TEST_F(SavedDocument, savedAgain_replacesTheFormerWhole)
 
 TEST_F(SavedDocument, file_isReadableByItsOwnerAlone)
 {
-    EXPECT_TRUE(save(document(QStringLiteral("x"))));
+    EXPECT_TRUE(save(document(u"x"_s)));
     const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-    EXPECT_EQ(QFile::permissions(m_folder.filePath(QStringLiteral("receipt.json"))) & others, 0);
+    EXPECT_EQ(QFile::permissions(m_folder.filePath(u"receipt.json"_s)) & others, 0);
 }
 
 TEST_F(SavedDocument, null_isRefusedWithoutAMessage)
@@ -121,7 +123,7 @@ TEST_F(SavedDocument, null_isRefusedWithoutAMessage)
 
 TEST_F(SavedDocument, diskFull_isToldAndFormerFileStands)
 {
-    EXPECT_TRUE(save(document(QStringLiteral("former"))));
+    EXPECT_TRUE(save(document(u"former"_s)));
     const QByteArray former = content();
     const LogCapture log;
     {
@@ -131,104 +133,105 @@ TEST_F(SavedDocument, diskFull_isToldAndFormerFileStands)
     EXPECT_EQ(content(), former);
     EXPECT_EQ(files().size(), 1);
     expectTold(m_folder.path());
-    EXPECT_TRUE(log.text().contains(QStringLiteral("ERROR document"))) << log.text().toStdString();
-    EXPECT_FALSE(log.text().contains(QStringLiteral("xxx")));
+    EXPECT_TRUE(log.text().contains(u"ERROR document"_s)) << log.text().toStdString();
+    EXPECT_FALSE(log.text().contains(u"xxx"_s));
 }
 
 TEST_F(SavedDocument, diskFullAtTheLastBytes_isToldAndFormerFileStands)
 {
-    EXPECT_TRUE(save(document(QStringLiteral("former"))));
+    EXPECT_TRUE(save(document(u"former"_s)));
     const QByteArray former = content();
     {
         const SmallDisk smallDisk(64); // less than what QSaveFile keeps back until it commits
-        EXPECT_FALSE(save(document(QStringLiteral("later"))));
+        EXPECT_FALSE(save(document(u"later"_s)));
     }
     EXPECT_EQ(content(), former);
     EXPECT_EQ(files().size(), 1);
     expectTold(m_folder.path());
-    EXPECT_TRUE(save(document(QStringLiteral("later"))));
+    EXPECT_TRUE(save(document(u"later"_s)));
 }
 
 TEST_F(SavedDocument, folderTakesNoFiles_isTold)
 {
-    const QString readOnly = QStringLiteral("/proc/self"); // refuses new files to everybody, root included
-    m_config.set(QStringLiteral("Register:data"), readOnly);
-    EXPECT_FALSE(save(document(QStringLiteral("x"))));
+    const QString readOnly = u"/proc/self"_s; // refuses new files to everybody, root included
+    m_config.set(u"Register:data"_s, readOnly);
+    EXPECT_FALSE(save(document(u"x"_s)));
     expectTold(readOnly);
 }
 
 TEST_F(SavedDocument, folderMissing_isToldAndNotCreated)
 {
-    const QString missing = m_folder.filePath(QStringLiteral("missing"));
-    m_config.set(QStringLiteral("Register:data"), missing);
-    EXPECT_FALSE(save(document(QStringLiteral("x"))));
+    const QString missing = m_folder.filePath(u"missing"_s);
+    m_config.set(u"Register:data"_s, missing);
+    EXPECT_FALSE(save(document(u"x"_s)));
     expectTold(missing);
     EXPECT_FALSE(QDir(missing).exists());
 }
 
 TEST_F(SavedDocument, folderIsAFile_isTold)
 {
-    EXPECT_TRUE(save(document(QStringLiteral("x"))));
-    m_config.set(QStringLiteral("Register:data"), m_folder.filePath(QStringLiteral("receipt.json")));
-    EXPECT_FALSE(save(document(QStringLiteral("y"))));
-    expectTold(QStringLiteral("receipt.json"));
+    EXPECT_TRUE(save(document(u"x"_s)));
+    m_config.set(u"Register:data"_s, m_folder.filePath(u"receipt.json"_s));
+    EXPECT_FALSE(save(document(u"y"_s)));
+    expectTold(u"receipt.json"_s);
 }
 
 TEST_F(SavedDocument, noFolderConfigured_isToldWithTheKey)
 {
-    m_config.set(QStringLiteral("Register:data"), QString());
-    EXPECT_FALSE(save(document(QStringLiteral("x"))));
-    expectTold(QStringLiteral("Register:data"));
+    m_config.set(u"Register:data"_s, QString());
+    EXPECT_FALSE(save(document(u"x"_s)));
+    expectTold(u"Register:data"_s);
 }
 
 TEST_F(SavedDocument, aFolderStandsInTheFilesPlace_isToldAndStands)
 {
-    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("receipt.json")));
-    EXPECT_FALSE(save(document(QStringLiteral("x"))));
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"receipt.json"_s));
+    EXPECT_FALSE(save(document(u"x"_s)));
     expectTold(m_folder.path());
-    EXPECT_TRUE(QDir(m_folder.filePath(QStringLiteral("receipt.json"))).exists());
+    EXPECT_TRUE(QDir(m_folder.filePath(u"receipt.json"_s)).exists());
 }
 
 TEST_F(SavedDocument, fileInASubfolder_isWrittenThereAndTheSubfolderMadeOnce)
 {
-    EXPECT_TRUE(save(document(QStringLiteral("a")), QStringLiteral("stored/a.json")));
-    EXPECT_TRUE(save(document(QStringLiteral("b")), QStringLiteral("stored/b c.json")));
-    EXPECT_EQ(QDir(m_folder.filePath(QStringLiteral("stored"))).entryList(QDir::Files | QDir::Hidden),
-              (QStringList{QStringLiteral("a.json"), QStringLiteral("b c.json")}));
-    EXPECT_TRUE(content(QStringLiteral("stored/b c.json")).contains("\"b\""));
+    EXPECT_TRUE(save(document(u"a"_s), u"stored/a.json"_s));
+    EXPECT_TRUE(save(document(u"b"_s), u"stored/b c.json"_s));
+    EXPECT_EQ(QDir(m_folder.filePath(u"stored"_s)).entryList(QDir::Files | QDir::Hidden),
+              (QStringList{u"a.json"_s, u"b c.json"_s}));
+    EXPECT_TRUE(content(u"stored/b c.json"_s).contains("\"b\""));
     EXPECT_TRUE(files().isEmpty());
     const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-    EXPECT_EQ(QFile::permissions(m_folder.filePath(QStringLiteral("stored/a.json"))) & others, 0);
+    EXPECT_EQ(QFile::permissions(m_folder.filePath(u"stored/a.json"_s)) & others, 0);
 }
 
 TEST_F(SavedDocument, aFileStandsInTheSubfoldersPlace_isToldAndStands)
 {
-    EXPECT_TRUE(save(document(QStringLiteral("x")), QStringLiteral("stored")));
-    const QByteArray former = content(QStringLiteral("stored"));
-    EXPECT_FALSE(save(document(QStringLiteral("y")), QStringLiteral("stored/a.json")));
+    EXPECT_TRUE(save(document(u"x"_s), u"stored"_s));
+    const QByteArray former = content(u"stored"_s);
+    EXPECT_FALSE(save(document(u"y"_s), u"stored/a.json"_s));
     expectTold(m_folder.path());
-    EXPECT_EQ(content(QStringLiteral("stored")), former);
+    EXPECT_EQ(content(u"stored"_s), former);
 }
 
 TEST_F(SavedDocument, fileOutsideTheFolder_isRefused)
 {
     const QTemporaryDir elsewhere;
     const QString outside[] = {
-        elsewhere.filePath(QStringLiteral("a.json")),
-        QStringLiteral("../a.json"),
-        QStringLiteral("stored/../a.json"),
-        QStringLiteral("./a.json"),
-        QStringLiteral("stored/."),
-        QStringLiteral("/a.json"),
-        QStringLiteral("stored/"),
-        QStringLiteral("stored//a.json"),
-        QStringLiteral("stored/more/a.json"),
-        QStringLiteral(".."),
+        elsewhere.filePath(u"a.json"_s),
+        u"../a.json"_s,
+        u"stored/../a.json"_s,
+        u"./a.json"_s,
+        u"stored/."_s,
+        u"/a.json"_s,
+        u"stored/"_s,
+        u"stored//a.json"_s,
+        u"stored/more/a.json"_s,
+        u".."_s,
     };
-    for (const QString& file : outside)
-        EXPECT_FALSE(save(document(QStringLiteral("x")), file)) << qPrintable(file);
+    for (const QString& file : outside) {
+        EXPECT_FALSE(save(document(u"x"_s), file)) << qPrintable(file);
+    }
     EXPECT_EQ(m_messages.all().size(), std::ssize(outside));
     EXPECT_TRUE(QDir(elsewhere.path()).isEmpty());
     EXPECT_TRUE(QDir(m_folder.path()).isEmpty());
-    EXPECT_FALSE(QFile::exists(m_folder.filePath(QStringLiteral("../a.json"))));
+    EXPECT_FALSE(QFile::exists(m_folder.filePath(u"../a.json"_s)));
 }

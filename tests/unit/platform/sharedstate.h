@@ -17,22 +17,24 @@
 #include <QString>
 #include <QtPlugin>
 
+using namespace Qt::StringLiterals;
+
 /// Where the singletons and factories stand, as seen by the library that compiles this.
 inline QMap<QString, const void*> sharedStateSeenHere()
 {
     return {
-        {QStringLiteral("ActionFactory"), &Singleton<control::ActionFactory>::instance},
-        {QStringLiteral("ActionQueueController"), &Singleton<ActionQueueController>::instance},
-        {QStringLiteral("ActivityNotifier"), &Singleton<ActivityNotifier>::instance},
-        {QStringLiteral("Config"), &Singleton<Config>::instance},
-        {QStringLiteral("ConnectionFactory"), &Singleton<ConnectionFactory>::instance},
-        {QStringLiteral("GraphicalUserInterface"), &Singleton<GraphicalUserInterface>::instance},
-        {QStringLiteral("LoyaltySystemLayer"), &Singleton<LoyaltySystemLayer>::instance},
+        {u"ActionFactory"_s, &Singleton<control::ActionFactory>::instance},
+        {u"ActionQueueController"_s, &Singleton<ActionQueueController>::instance},
+        {u"ActivityNotifier"_s, &Singleton<ActivityNotifier>::instance},
+        {u"Config"_s, &Singleton<Config>::instance},
+        {u"ConnectionFactory"_s, &Singleton<ConnectionFactory>::instance},
+        {u"GraphicalUserInterface"_s, &Singleton<GraphicalUserInterface>::instance},
+        {u"LoyaltySystemLayer"_s, &Singleton<LoyaltySystemLayer>::instance},
 
-        {QStringLiteral("CurrentTime"), &MockFactory<CurrentTime>::mocked},
-        {QStringLiteral("Dialog"), &MockFactory<Dialog>::mocked},
-        {QStringLiteral("RestClient"), &MockFactory<RestClient>::mocked},
-        {QStringLiteral("SaveToFileLogic"), &MockFactory<SaveToFileLogic>::mocked},
+        {u"CurrentTime"_s, &MockFactory<CurrentTime>::mocked},
+        {u"Dialog"_s, &MockFactory<Dialog>::mocked},
+        {u"RestClient"_s, &MockFactory<RestClient>::mocked},
+        {u"SaveToFileLogic"_s, &MockFactory<SaveToFileLogic>::mocked},
     };
 }
 

@@ -15,7 +15,7 @@ QString SharedStateModule::configured(const QString& key) const
 
 QDateTime SharedStateModule::now() const
 {
-    return MockFactory<CurrentTime>::create()->current();
+    return CurrentTime::create()->current();
 }
 
 QSharedPointer<AbstractDocument> SharedStateModule::currentDocument() const

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -23,7 +25,7 @@ protected:
         ASSERT_NE(m_probe, nullptr) << m_loader.errorString().toStdString();
     }
 
-    QPluginLoader m_loader{QStringLiteral(SHARED_STATE_PROBE)};
+    QPluginLoader m_loader{QString::fromUtf8(SHARED_STATE_PROBE)};
     SharedStateProbe* m_probe = nullptr;
 };
 
@@ -34,13 +36,14 @@ TEST_F(LoadedModule, everySingletonAndFactory_isTheOneThatTheProgramSees)
     const QMap<QString, const void*> here = sharedStateSeenHere();
     const QMap<QString, const void*> there = m_probe->sharedState();
     ASSERT_EQ(there.keys(), here.keys());
-    for (auto state = here.cbegin(); state != here.cend(); ++state)
+    for (auto state = here.cbegin(); state != here.cend(); ++state) {
         EXPECT_EQ(there.value(state.key()), state.value()) << state.key().toStdString();
+    }
 }
 
 TEST_F(LoadedModule, objectsThatTheProgramPutThere_areUsedByTheModule)
 {
-    const Configured config({{QStringLiteral("Hello:greeting"), QStringLiteral("Здравствуйте")}});
+    const Configured config({{u"Hello:greeting"_s, u"Здравствуйте"_s}});
     struct Noon : CurrentTime {
         QDateTime current() const override { return QDateTime({2024, 2, 29}, {12, 0}); }
     };
@@ -51,14 +54,14 @@ TEST_F(LoadedModule, objectsThatTheProgramPutThere_areUsedByTheModule)
         MockFactory<CurrentTime>::mocked = nullptr;
         DocumentWatcher::setCurrentDocument(nullptr);
     });
-    EXPECT_EQ(m_probe->configured(QStringLiteral("Hello:greeting")), QStringLiteral("Здравствуйте"));
+    EXPECT_EQ(m_probe->configured(u"Hello:greeting"_s), u"Здравствуйте"_s);
     EXPECT_EQ(m_probe->now(), QDateTime({2024, 2, 29}, {12, 0}));
     EXPECT_EQ(m_probe->currentDocument(), document);
 }
 
 TEST_F(LoadedModule, exceptionThrownInTheModule_isCaughtByItsType)
 {
-    const tr::Tr message(QStringLiteral("key"), QStringLiteral("Текст"));
+    const tr::Tr message(u"key"_s, u"Текст"_s);
     try {
         m_probe->throwBasicException(message);
     } catch (const BasicException& exception) {

@@ -62,8 +62,9 @@ QString text(const char* utf8)
 TEST_P(TrPlaceholders, valuesGiven_shownTextIsFilledOnce)
 {
     Tr message(text("someKey"), GetParam().text);
-    for (const QString& value : GetParam().values)
+    for (const QString& value : GetParam().values) {
         message = message.arg(value);
+    }
     EXPECT_EQ(message.ui(), GetParam().shown);
     EXPECT_EQ(message.text(), GetParam().text);
 }
@@ -95,8 +96,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(Tr, ninetyNineValues_lastIsFilled)
 {
     Tr message(text("k"), text("%99|%9"));
-    for (int value = 1; value <= 99; ++value)
+    for (int value = 1; value <= 99; ++value) {
         message = message.arg(QString::number(value * 2));
+    }
     EXPECT_EQ(message.ui(), text("198|18"));
 }
 

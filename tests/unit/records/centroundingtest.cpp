@@ -47,7 +47,7 @@ TEST(CentRoundingLimits, negativeAmountRoundedToNothing_isPlainZero)
 double byDefinition(double x)
 {
     const double s = x > 0.0 ? 1.0 : (x < 0.0 ? -1.0 : 0.0);
-    return static_cast<double>(static_cast<std::int64_t>((x + 0.005 * s) * 100.0 + 0.001 * s)) / 100.0;
+    return double(static_cast<std::int64_t>((x + 0.005 * s) * 100.0 + 0.001 * s)) / 100.0;
 }
 
 TEST(CentRoundingLimits, anyAmountThatFits64Bits_isRoundedAsDefinedToTheLastBit)
@@ -59,8 +59,9 @@ TEST(CentRoundingLimits, anyAmountThatFits64Bits_isRoundedAsDefinedToTheLastBit)
         const double amount = std::pow(10.0, magnitude(generator)) * (negative(generator) ? -1.0 : 1.0);
         ASSERT_EQ(roundToCents(amount), byDefinition(amount)) << amount;
     }
-    for (int thousandths = -200000; thousandths <= 200000; ++thousandths)
+    for (int thousandths = -200000; thousandths <= 200000; ++thousandths) {
         ASSERT_EQ(roundToCents(thousandths / 1000.0), byDefinition(thousandths / 1000.0)) << thousandths;
+    }
 }
 
 TEST(CentRoundingLimits, valueTooLargeFor64Bits_staysWhatItIs)

@@ -6,10 +6,12 @@
 
 #include <type_traits>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
-const tr::Tr message(QStringLiteral("someError"), QStringLiteral("Что-то не так"));
+const tr::Tr message(u"someError"_s, u"Что-то не так"_s);
 
 TEST(Exceptions, prescriptionException_carriesItsMessage)
 {

@@ -3,29 +3,31 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 // Saved receipts, the register's marks and the registry hold these names: none may change.
 TEST(PositionFormat, names_areTheOnesOfSavedReceipts)
 {
-    EXPECT_EQ(positionformat::tag, QLatin1StringView("prescription"));
+    EXPECT_EQ(positionformat::tag, "prescription"_L1);
 
-    EXPECT_EQ(positionformat::id, QLatin1StringView("id"));
-    EXPECT_EQ(positionformat::tradeNameCode, QLatin1StringView("tradeNameCode"));
-    EXPECT_EQ(positionformat::organizationId, QLatin1StringView("organizationId"));
-    EXPECT_EQ(positionformat::sumFactor, QLatin1StringView("sumFactor"));
-    EXPECT_EQ(positionformat::doseQuantity, QLatin1StringView("doseQuantity"));
-    EXPECT_EQ(positionformat::finalDispense, QLatin1StringView("finalDispense"));
-    EXPECT_EQ(positionformat::patientReference, QLatin1StringView("patientReference"));
-    EXPECT_EQ(positionformat::patient, QLatin1StringView("patient"));
-    EXPECT_EQ(positionformat::organization, QLatin1StringView("organization"));
-    EXPECT_EQ(positionformat::serialNumber, QLatin1StringView("serialNumber"));
+    EXPECT_EQ(positionformat::id, "id"_L1);
+    EXPECT_EQ(positionformat::tradeNameCode, "tradeNameCode"_L1);
+    EXPECT_EQ(positionformat::organizationId, "organizationId"_L1);
+    EXPECT_EQ(positionformat::sumFactor, "sumFactor"_L1);
+    EXPECT_EQ(positionformat::doseQuantity, "doseQuantity"_L1);
+    EXPECT_EQ(positionformat::finalDispense, "finalDispense"_L1);
+    EXPECT_EQ(positionformat::patientReference, "patientReference"_L1);
+    EXPECT_EQ(positionformat::patient, "patient"_L1);
+    EXPECT_EQ(positionformat::organization, "organization"_L1);
+    EXPECT_EQ(positionformat::serialNumber, "serialNumber"_L1);
 
-    EXPECT_EQ(positionformat::medicationDispenseId, QLatin1StringView("medicationDispenseId"));
-    EXPECT_EQ(positionformat::status, QLatin1StringView("status"));
-    EXPECT_EQ(positionformat::dispensed, QLatin1StringView("dispensed"));
-    EXPECT_EQ(positionformat::canceled, QLatin1StringView("canceled"));
+    EXPECT_EQ(positionformat::medicationDispenseId, "medicationDispenseId"_L1);
+    EXPECT_EQ(positionformat::status, "status"_L1);
+    EXPECT_EQ(positionformat::dispensed, "dispensed"_L1);
+    EXPECT_EQ(positionformat::canceled, "canceled"_L1);
 }
 
 } // namespace

@@ -67,8 +67,9 @@ TEST(RecordSlots, electronicPrescription_hasItsAccessorsInOrderAndNoOthers)
         virtualSlot(&Continued<Record>::next),
     };
     std::ptrdiff_t expected = 2;
-    for (const std::ptrdiff_t slot : positions)
+    for (const std::ptrdiff_t slot : positions) {
         EXPECT_EQ(slot, expected++);
+    }
     EXPECT_TRUE(std::has_virtual_destructor_v<Record>);
 }
 

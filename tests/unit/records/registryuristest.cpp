@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -23,7 +25,7 @@ class RegistryUri : public ::testing::TestWithParam<Uri>
 TEST_P(RegistryUri, uri_hasTheConfiguredHostAndTheFixedPathOverHttp)
 {
     const auto& [name, uri, host, path] = GetParam();
-    EXPECT_EQ(*uri, QStringLiteral("http://") + host + path);
+    EXPECT_EQ(*uri, u"http://"_s + host + path);
     EXPECT_TRUE(QUrl(*uri).isValid());
 }
 

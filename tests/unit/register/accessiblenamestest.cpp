@@ -7,6 +7,8 @@
 #include "questionform.h"
 #include "tillwindow.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -15,8 +17,8 @@ class RegisterAccessibleNames : public TillWindow, public ::testing::WithParamIn
 protected:
     RegisterAccessibleNames()
     {
-        config.set(QStringLiteral("GUI:touchMode"), GetParam() ? QStringLiteral("true") : QStringLiteral("false"));
-        config.set(QStringLiteral("FunctionKeys:keys"), QStringLiteral("newReceiptKey,goodsKey,menuKey,paymentKey"));
+        config.set(u"GUI:touchMode"_s, GetParam() ? u"true"_s : u"false"_s);
+        config.set(u"FunctionKeys:keys"_s, u"newReceiptKey,goodsKey,menuKey,paymentKey"_s);
     }
 
     /// Shows the form as the register does.
@@ -28,19 +30,20 @@ protected:
     }
     static QString nameOf(const QWidget& form, const char* widget)
     {
-        const auto* found = form.findChild<QWidget*>(QLatin1String(widget));
+        const auto* found = form.findChild<QWidget*>(QLatin1StringView(widget));
         EXPECT_NE(found, nullptr) << widget;
         return found ? found->accessibleName() : QString();
     }
     /// Scroll buttons are there in touch mode alone.
     static void expectNamedScrollButtons(const QWidget& form)
     {
-        if (!GetParam())
+        if (!GetParam()) {
             return;
-        EXPECT_EQ(nameOf(form, "pageUpButton"), QStringLiteral("На страницу вверх"));
-        EXPECT_EQ(nameOf(form, "scrollUpButton"), QStringLiteral("Вверх"));
-        EXPECT_EQ(nameOf(form, "scrollDownButton"), QStringLiteral("Вниз"));
-        EXPECT_EQ(nameOf(form, "pageDownButton"), QStringLiteral("На страницу вниз"));
+        }
+        EXPECT_EQ(nameOf(form, "pageUpButton"), u"На страницу вверх"_s);
+        EXPECT_EQ(nameOf(form, "scrollUpButton"), u"Вверх"_s);
+        EXPECT_EQ(nameOf(form, "scrollDownButton"), u"Вниз"_s);
+        EXPECT_EQ(nameOf(form, "pageDownButton"), u"На страницу вниз"_s);
     }
 };
 
@@ -66,25 +69,24 @@ TEST_P(RegisterAccessibleNames, documentList_everyControlHasOneAndTheScrollButto
 
 TEST_P(RegisterAccessibleNames, menu_everyControlHasOne)
 {
-    const FunctionKey command{
-        QStringLiteral("putAsideEntry"), QStringLiteral("Отложить чек"), {}, control::PluginCommand, {}};
-    MenuForm form({{{command, QStringLiteral("чек не открыт")}}});
+    const FunctionKey command{u"putAsideEntry"_s, u"Отложить чек"_s, {}, control::PluginCommand, {}};
+    MenuForm form({{{command, u"чек не открыт"_s}}});
     EXPECT_EQ(controlsWithoutName(shown(form)), "");
 }
 
 TEST_P(RegisterAccessibleNames, question_everyControlHasOne)
 {
-    QuestionForm form({{tr::undefined, QStringLiteral("Отмена чека")},
-                       {tr::undefined, QStringLiteral("Отменить чек № 7?")},
-                       {tr::undefined, QStringLiteral("Отменить чек")},
-                       {tr::undefined, QStringLiteral("Нет")}});
+    QuestionForm form({{tr::undefined, u"Отмена чека"_s},
+                       {tr::undefined, u"Отменить чек № 7?"_s},
+                       {tr::undefined, u"Отменить чек"_s},
+                       {tr::undefined, u"Нет"_s}});
     EXPECT_EQ(controlsWithoutName(shown(form)), "");
 }
 
 /// With the sales screen, the function keys, the payment and the lock.
 TEST_P(RegisterAccessibleNames, window_everyControlHasOne)
 {
-    openWindow(QStringLiteral("1"));
+    openWindow(u"1"_s);
     sale->add(article(amoxidar));
     EXPECT_EQ(controlsWithoutName(*window), "");
 }

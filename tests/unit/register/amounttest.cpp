@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 TEST(Amount, kopecks_areTheNearestWholeOnes)
 {
     EXPECT_EQ(kopecks(10.01), 1001);
@@ -15,11 +17,10 @@ TEST(Amount, kopecks_areTheNearestWholeOnes)
 TEST(Amount, text_hasTwoDecimalsAndPartsThousands)
 {
     const QString space(QChar::Nbsp);
-    EXPECT_EQ(amountText(0), QStringLiteral("0,00"));
-    EXPECT_EQ(amountText(5), QStringLiteral("0,05"));
-    EXPECT_EQ(amountText(123450), QStringLiteral("1") + space + QStringLiteral("234,50"));
-    EXPECT_EQ(amountText(99999), QStringLiteral("999,99"));
-    EXPECT_EQ(amountText(123456789012), QStringLiteral("1") + space + QStringLiteral("234") + space +
-                                            QStringLiteral("567") + space + QStringLiteral("890,12"));
-    EXPECT_EQ(amountText(-150), QStringLiteral("-1,50"));
+    EXPECT_EQ(amountText(0), u"0,00"_s);
+    EXPECT_EQ(amountText(5), u"0,05"_s);
+    EXPECT_EQ(amountText(123450), u"1"_s + space + u"234,50"_s);
+    EXPECT_EQ(amountText(99999), u"999,99"_s);
+    EXPECT_EQ(amountText(123456789012), u"1"_s + space + u"234"_s + space + u"567"_s + space + u"890,12"_s);
+    EXPECT_EQ(amountText(-150), u"-1,50"_s);
 }

@@ -9,6 +9,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 class BusyScreenTest : public ::testing::Test
 {
 protected:
@@ -31,8 +33,8 @@ protected:
 TEST_F(BusyScreenTest, started_theInputBelowHasNoFocusUntilItStops)
 {
     ASSERT_TRUE(input->hasFocus());
-    screen.start(QStringLiteral("Обращение к сервису"));
-    screen.start(QStringLiteral("Ещё"));
+    screen.start(u"Обращение к сервису"_s);
+    screen.start(u"Ещё"_s);
     EXPECT_FALSE(input->hasFocus());
     EXPECT_EQ(QApplication::focusWidget(), &screen);
     screen.stop();
@@ -41,7 +43,7 @@ TEST_F(BusyScreenTest, started_theInputBelowHasNoFocusUntilItStops)
 
 TEST_F(BusyScreenTest, focusTakenByAnotherMeanwhile_staysThere)
 {
-    screen.start(QStringLiteral("x"));
+    screen.start(u"x"_s);
     other.setFocus();
     screen.stop();
     EXPECT_EQ(QApplication::focusWidget(), &other);
@@ -49,7 +51,7 @@ TEST_F(BusyScreenTest, focusTakenByAnotherMeanwhile_staysThere)
 
 TEST_F(BusyScreenTest, inputGoneMeanwhile_stopsAllTheSame)
 {
-    screen.start(QStringLiteral("x"));
+    screen.start(u"x"_s);
     input.reset();
     screen.stop();
     EXPECT_FALSE(screen.isVisible());

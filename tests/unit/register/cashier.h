@@ -21,8 +21,9 @@ public:
     void onForm(const QString& formName, const Act& act)
     {
         m_acts.append({formName, act});
-        if (m_acts.size() == 1)
+        if (m_acts.size() == 1) {
             look();
+        }
     }
     bool isDone() const { return m_acts.isEmpty(); }
 
@@ -31,15 +32,17 @@ private:
     {
         QTimer::singleShot(1, this, [this] {
             const auto form = Singleton<GraphicalUserInterface>::get()->topForm();
-            if (m_acts.isEmpty())
+            if (m_acts.isEmpty()) {
                 return;
+            }
             if (!form || !form->rootWidget() || form->rootWidget()->objectName() != m_acts.constFirst().first) {
                 look();
                 return;
             }
             const Act act = m_acts.takeFirst().second;
-            if (!m_acts.isEmpty())
+            if (!m_acts.isEmpty()) {
                 look();
+            }
             act(*form->rootWidget());
         });
     }

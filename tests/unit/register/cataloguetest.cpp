@@ -15,6 +15,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -26,41 +28,36 @@ protected:
     {
         QMap<QString, QString> names;
         QSqlQuery query(connections.object.getConnection({}, {}));
-        EXPECT_TRUE(query.exec(QStringLiteral("SELECT dictcode, dictname FROM medicine")));
-        while (query.next())
+        EXPECT_TRUE(query.exec(u"SELECT dictcode, dictname FROM medicine"_s));
+        while (query.next()) {
             names.insert(query.value(0).toString(), query.value(1).toString());
+        }
         return names;
     }
 };
 
 const QMap<QString, QString> demoMedicines{
-    {QStringLiteral("1001"), QStringLiteral("Амоксициллин, капсулы 500 мг")},
-    {QStringLiteral("1002"), QStringLiteral("Парацетамол, таблетки 500 мг")},
-    {QStringLiteral("1003"), QStringLiteral("Метформин, таблетки 850 мг")},
-    {QStringLiteral("1004"), QStringLiteral("Эналаприл, таблетки 10 мг")},
-    {QStringLiteral("1005"), QStringLiteral("Амлодипин, таблетки 5 мг")},
-    {QStringLiteral("1006"), QStringLiteral("Аторвастатин, таблетки 20 мг")},
-    {QStringLiteral("1007"), QStringLiteral("Бисопролол, таблетки 5 мг")},
-    {QStringLiteral("1008"), QStringLiteral("Лозартан, таблетки 50 мг")},
-    {QStringLiteral("1009"), QStringLiteral("Омепразол, капсулы 20 мг")},
-    {QStringLiteral("1010"), QStringLiteral("Левотироксин, таблетки 50 мкг")},
-    {QStringLiteral("1011"), QStringLiteral("Ибупрофен, таблетки 400 мг")},
-    {QStringLiteral("1012"), QStringLiteral("Азитромицин, таблетки 500 мг")},
-    {QStringLiteral("1013"), QStringLiteral("Цетиризин, таблетки 10 мг")},
-    {QStringLiteral("1014"), QStringLiteral("Сальбутамол, аэрозоль 100 мкг/доза 200 доз")},
-    {QStringLiteral("1015"), QStringLiteral("Индапамид, капсулы 2,5 мг")},
-    {QStringLiteral("1016"), QStringLiteral("Клопидогрел, таблетки 75 мг")},
+    {u"1001"_s, u"Амоксициллин, капсулы 500 мг"_s}, {u"1002"_s, u"Парацетамол, таблетки 500 мг"_s},
+    {u"1003"_s, u"Метформин, таблетки 850 мг"_s},   {u"1004"_s, u"Эналаприл, таблетки 10 мг"_s},
+    {u"1005"_s, u"Амлодипин, таблетки 5 мг"_s},     {u"1006"_s, u"Аторвастатин, таблетки 20 мг"_s},
+    {u"1007"_s, u"Бисопролол, таблетки 5 мг"_s},    {u"1008"_s, u"Лозартан, таблетки 50 мг"_s},
+    {u"1009"_s, u"Омепразол, капсулы 20 мг"_s},     {u"1010"_s, u"Левотироксин, таблетки 50 мкг"_s},
+    {u"1011"_s, u"Ибупрофен, таблетки 400 мг"_s},   {u"1012"_s, u"Азитромицин, таблетки 500 мг"_s},
+    {u"1013"_s, u"Цетиризин, таблетки 10 мг"_s},    {u"1014"_s, u"Сальбутамол, аэрозоль 100 мкг/доза 200 доз"_s},
+    {u"1015"_s, u"Индапамид, капсулы 2,5 мг"_s},    {u"1016"_s, u"Клопидогрел, таблетки 75 мг"_s},
 };
 
 /// What the emulator's demo prescribes.
 QJsonArray demoPrescriptions()
 {
-    QFile file(QStringLiteral(DEMO_SEED));
+    QFile file(QString::fromUtf8(DEMO_SEED));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     QJsonArray all;
-    for (const QJsonValue& patient : QJsonDocument::fromJson(file.readAll()).object()["patients"].toArray())
-        for (const QJsonValue& prescription : patient["prescriptions"].toArray())
+    for (const QJsonValue& patient : QJsonDocument::fromJson(file.readAll()).object()["patients"].toArray()) {
+        for (const QJsonValue& prescription : patient["prescriptions"].toArray()) {
             all.append(prescription);
+        }
+    }
     return all;
 }
 
@@ -80,17 +77,18 @@ TEST_F(Catalogue, demoPrescriptions_findTheirMedicinesAndGoods)
     for (const QJsonValue& prescription : prescriptions) {
         const std::string id = prescription["id"].toString().toStdString();
         const QString inn = prescription["inn"].toString();
-        EXPECT_TRUE(names.value(prescription["dosageCode"].toString()).startsWith(inn + QStringLiteral(", "))) << id;
+        EXPECT_TRUE(names.value(prescription["dosageCode"].toString()).startsWith(inn + u", "_s)) << id;
         EXPECT_FALSE(catalogue.goodsOf(inn).isEmpty()) << id;
     }
 }
 
 TEST_F(Catalogue, goodsOfAName_areThoseWhateverTheCase)
 {
-    const auto goods = catalogue.goodsOf(QStringLiteral(" амоксициллин "));
+    const auto goods = catalogue.goodsOf(u" амоксициллин "_s);
     ASSERT_EQ(goods.size(), 3);
-    for (const CatalogueGoods& one : goods)
-        EXPECT_EQ(one.nonProprietaryName, QStringLiteral("Амоксициллин"));
+    for (const CatalogueGoods& one : goods) {
+        EXPECT_EQ(one.nonProprietaryName, u"Амоксициллин"_s);
+    }
     EXPECT_TRUE(std::is_sorted(goods.cbegin(), goods.cend(), [](const auto& left, const auto& right) {
         return QString::localeAwareCompare(left.name, right.name) < 0;
     }));
@@ -98,17 +96,17 @@ TEST_F(Catalogue, goodsOfAName_areThoseWhateverTheCase)
 
 TEST_F(Catalogue, unknownName_hasNoGoods)
 {
-    EXPECT_TRUE(catalogue.goodsOf(QStringLiteral("Амокси")).isEmpty());
-    EXPECT_TRUE(catalogue.goodsOf(QStringLiteral("%")).isEmpty());
+    EXPECT_TRUE(catalogue.goodsOf(u"Амокси"_s).isEmpty());
+    EXPECT_TRUE(catalogue.goodsOf(u"%"_s).isEmpty());
 }
 
 TEST_F(Catalogue, barcode_findsItsGoodsWithEveryColumn)
 {
     const auto goods = catalogue.byBarcode(amoxidar);
     ASSERT_TRUE(goods);
-    EXPECT_EQ(goods->code, QStringLiteral("00001"));
-    EXPECT_EQ(goods->name, QStringLiteral("Амоксидар, капсулы 500 мг №16"));
-    EXPECT_EQ(goods->nonProprietaryName, QStringLiteral("Амоксициллин"));
+    EXPECT_EQ(goods->code, u"00001"_s);
+    EXPECT_EQ(goods->name, u"Амоксидар, капсулы 500 мг №16"_s);
+    EXPECT_EQ(goods->nonProprietaryName, u"Амоксициллин"_s);
     EXPECT_EQ(goods->price, 12.4);
     EXPECT_EQ(goods->cataloguePrice, 12.9);
     EXPECT_EQ(goods->minRetailPrice, 1.2);
@@ -117,42 +115,42 @@ TEST_F(Catalogue, barcode_findsItsGoodsWithEveryColumn)
 
 TEST_F(Catalogue, barcodeWithSql_isJustABarcode)
 {
-    EXPECT_FALSE(catalogue.byBarcode(QStringLiteral("' OR '1'='1")));
+    EXPECT_FALSE(catalogue.byBarcode(u"' OR '1'='1"_s));
     EXPECT_FALSE(catalogue.byBarcode({}));
 }
 
 TEST_F(Catalogue, databaseMissing_throwsWithAText)
 {
-    config.set(QStringLiteral("Database:name"), folder.filePath(QStringLiteral("absent.sqlite")));
+    config.set(u"Database:name"_s, folder.filePath(u"absent.sqlite"_s));
     EXPECT_THROW(catalogue.check(), BasicException);
     EXPECT_THROW(catalogue.goodsOf({}), BasicException);
     EXPECT_THROW(catalogue.byBarcode(amoxidar), BasicException);
-    EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("absent.sqlite")))) << "it is not created";
+    EXPECT_FALSE(QFile::exists(folder.filePath(u"absent.sqlite"_s))) << "it is not created";
 }
 
 TEST_F(Catalogue, tableMissing_throwsWithAText)
 {
-    const QString empty = folder.filePath(QStringLiteral("empty.sqlite"));
+    const QString empty = folder.filePath(u"empty.sqlite"_s);
     {
-        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("empty"));
+        QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"empty"_s);
         database.setDatabaseName(empty);
         ASSERT_TRUE(database.open());
-        ASSERT_TRUE(QSqlQuery(database).exec(QStringLiteral("CREATE TABLE other (x)")));
+        ASSERT_TRUE(QSqlQuery(database).exec(u"CREATE TABLE other (x)"_s));
     }
-    QSqlDatabase::removeDatabase(QStringLiteral("empty"));
-    config.set(QStringLiteral("Database:name"), empty);
+    QSqlDatabase::removeDatabase(u"empty"_s);
+    config.set(u"Database:name"_s, empty);
     try {
         catalogue.check();
         FAIL();
     } catch (const BasicException& exception) {
-        EXPECT_TRUE(exception.tr().ui().contains(QStringLiteral("Справочник товаров недоступен")));
-        EXPECT_TRUE(exception.tr().ui().contains(QStringLiteral("goods")));
+        EXPECT_TRUE(exception.tr().ui().contains(u"Справочник товаров недоступен"_s));
+        EXPECT_TRUE(exception.tr().ui().contains(u"goods"_s));
     }
 }
 
 TEST_F(Catalogue, demoGoodsAskedForAgain_theDatabaseStaysAsItIs)
 {
-    const QString path = folder.filePath(QStringLiteral("mine.sqlite"));
+    const QString path = folder.filePath(u"mine.sqlite"_s);
     QFile mine(path);
     ASSERT_TRUE(mine.open(QIODevice::WriteOnly));
     mine.write("mine");
@@ -164,17 +162,16 @@ TEST_F(Catalogue, demoGoodsAskedForAgain_theDatabaseStaysAsItIs)
 
 TEST_F(Catalogue, demoGoodsWhereNoFileCanBe_areNotMade)
 {
-    EXPECT_FALSE(createDemoGoods(folder.filePath(QStringLiteral("no/such/folder.sqlite"))));
+    EXPECT_FALSE(createDemoGoods(folder.filePath(u"no/such/folder.sqlite"_s)));
 }
 
 TEST_F(Catalogue, goodsTableModel_showsAmountsAndStock)
 {
-    GoodsTableModel model(catalogue.goodsOf(QStringLiteral("Амоксициллин")));
+    GoodsTableModel model(catalogue.goodsOf(u"Амоксициллин"_s));
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     ASSERT_EQ(model.rowCount(), 3);
-    EXPECT_EQ(model.index(0, GoodsTableModel::Name).data().toString(),
-              QStringLiteral("Амоксидар Форте, капсулы 500 мг №16"));
-    EXPECT_EQ(model.index(0, GoodsTableModel::Price).data().toString(), QStringLiteral("17,98"));
-    EXPECT_EQ(model.index(0, GoodsTableModel::Stock).data().toString(), QStringLiteral("3"));
-    EXPECT_TRUE(model.index(0, GoodsTableModel::SearchText).data().toString().contains(QStringLiteral("Амоксициллин")));
+    EXPECT_EQ(model.index(0, GoodsTableModel::Name).data().toString(), u"Амоксидар Форте, капсулы 500 мг №16"_s);
+    EXPECT_EQ(model.index(0, GoodsTableModel::Price).data().toString(), u"17,98"_s);
+    EXPECT_EQ(model.index(0, GoodsTableModel::Stock).data().toString(), u"3"_s);
+    EXPECT_TRUE(model.index(0, GoodsTableModel::SearchText).data().toString().contains(u"Амоксициллин"_s));
 }

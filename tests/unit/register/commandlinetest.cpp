@@ -7,32 +7,33 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 CommandLine parse(const QStringList& options)
 {
-    return CommandLine::parse(QStringList{QStringLiteral("pharmacy-register")} + options);
+    return CommandLine::parse(QStringList{u"pharmacy-register"_s} + options);
 }
 
 } // namespace
 
 TEST(CommandLine, everyOption_isTaken)
 {
-    const CommandLine line = parse(
-        QStringLiteral("--config a.ini --data d --plugins p --layouts l1:l2 --touch --demo-data --size 1024x600 --play "
-                       "s.json --screenshots out")
-            .split(QLatin1Char(' ')));
+    const CommandLine line =
+        parse(u"--config a.ini --data d --plugins p --layouts l1:l2 --touch --demo-data --size 1024x600 --play "
+              "s.json --screenshots out"_s.split(u' '));
     EXPECT_EQ(line.outcome, CommandLine::Outcome::Run);
-    EXPECT_EQ(line.config, QStringLiteral("a.ini"));
-    EXPECT_EQ(line.dataFolder, QStringLiteral("d"));
-    EXPECT_EQ(line.pluginFolder, QStringLiteral("p"));
-    EXPECT_EQ(line.layoutFolders, QStringLiteral("l1:l2"));
+    EXPECT_EQ(line.config, u"a.ini"_s);
+    EXPECT_EQ(line.dataFolder, u"d"_s);
+    EXPECT_EQ(line.pluginFolder, u"p"_s);
+    EXPECT_EQ(line.layoutFolders, u"l1:l2"_s);
     EXPECT_TRUE(line.touch);
     EXPECT_TRUE(line.demoData);
     EXPECT_EQ(line.windowSize, QSize(1024, 600));
-    EXPECT_EQ(line.scenario, QStringLiteral("s.json"));
-    EXPECT_EQ(line.screenshots, QStringLiteral("out"));
+    EXPECT_EQ(line.scenario, u"s.json"_s);
+    EXPECT_EQ(line.screenshots, u"out"_s);
 }
 
 TEST(CommandLine, withoutOptions_theWholeScreenAndNoScenario)
@@ -42,12 +43,12 @@ TEST(CommandLine, withoutOptions_theWholeScreenAndNoScenario)
     EXPECT_FALSE(line.windowSize.isValid());
     EXPECT_TRUE(line.scenario.isEmpty());
     EXPECT_FALSE(line.touch);
-    EXPECT_TRUE(line.config.endsWith(QStringLiteral("register.ini")));
+    EXPECT_TRUE(line.config.endsWith(u"register.ini"_s));
 }
 
 TEST(CommandLine, scenarioWithoutASize_isPlayedAt1280x800)
 {
-    EXPECT_EQ(parse({QStringLiteral("--play"), QStringLiteral("s.json")}).windowSize, QSize(1280, 800));
+    EXPECT_EQ(parse({u"--play"_s, u"s.json"_s}).windowSize, QSize(1280, 800));
 }
 
 TEST(CommandLine, wrongOptions_areToldByName)
@@ -58,21 +59,22 @@ TEST(CommandLine, wrongOptions_areToldByName)
         {"--size 1280x800x2", "1280x800"},
     };
     for (const auto& [options, named] : mistakes) {
-        const CommandLine line = parse(QString::fromLatin1(options).split(QLatin1Char(' ')));
+        const CommandLine line = parse(QString::fromLatin1(options).split(u' '));
         EXPECT_EQ(line.outcome, CommandLine::Outcome::Wrong) << options;
-        EXPECT_TRUE(line.message.contains(QLatin1String(named))) << options << ": " << qPrintable(line.message);
+        EXPECT_TRUE(line.message.contains(QLatin1StringView(named))) << options << ": " << qPrintable(line.message);
     }
 }
 
 TEST(CommandLine, helpAndVersion_areTold)
 {
-    const CommandLine help = parse({QStringLiteral("--help")});
+    const CommandLine help = parse({u"--help"_s});
     EXPECT_EQ(help.outcome, CommandLine::Outcome::Told);
-    for (const char* option : {"--config", "--data", "--plugins", "--layouts", "--touch", "--play", "--screenshots"})
-        EXPECT_TRUE(help.message.contains(QLatin1String(option))) << option;
-    EXPECT_EQ(parse({QStringLiteral("--help"), QStringLiteral("stray")}).message, help.message) << "before mistakes";
-    const CommandLine version = parse({QStringLiteral("--version")});
+    for (const char* option : {"--config", "--data", "--plugins", "--layouts", "--touch", "--play", "--screenshots"}) {
+        EXPECT_TRUE(help.message.contains(QLatin1StringView(option))) << option;
+    }
+    EXPECT_EQ(parse({u"--help"_s, u"stray"_s}).message, help.message) << "before mistakes";
+    const CommandLine version = parse({u"--version"_s});
     EXPECT_EQ(version.outcome, CommandLine::Outcome::Told);
-    EXPECT_EQ(version.message, QCoreApplication::applicationName() + QLatin1Char(' ') +
-                                   QCoreApplication::applicationVersion() + QLatin1Char('\n'));
+    EXPECT_EQ(version.message,
+              QCoreApplication::applicationName() + u' ' + QCoreApplication::applicationVersion() + u'\n');
 }

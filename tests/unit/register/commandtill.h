@@ -10,6 +10,8 @@
 #include <stdexcept>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 /// A register whose commands are executed, with a cashier who answers its forms.
 class CommandTill : public Till
 {
@@ -18,8 +20,9 @@ protected:
     {
         Q_INIT_RESOURCE(register);
         QObject::connect(&m_watchdog, &QTimer::timeout, [this] {
-            if (!gui.object.topForm())
+            if (!gui.object.topForm()) {
                 return;
+            }
             ADD_FAILURE() << "A form that nobody expected waits for an answer";
             gui.object.cancelForms();
             m_watchdog.setInterval(1); // nor shall the next one be waited for
@@ -30,19 +33,20 @@ protected:
     EContext::Result run(control::EActionType type, const QVariantMap& arguments = {})
     {
         action = control::Action(type);
-        for (auto argument = arguments.cbegin(); argument != arguments.cend(); ++argument)
+        for (auto argument = arguments.cbegin(); argument != arguments.cend(); ++argument) {
             action.insert(argument.key(), argument.value());
+        }
         return controller.object.execute(action);
     }
-    static QVariantMap positionNumber(int number) { return {{QStringLiteral("positionNumber"), number}}; }
+    static QVariantMap positionNumber(int number) { return {{u"positionNumber"_s, number}}; }
     static void press(QWidget& root, const char* button)
     {
-        root.findChild<QPushButton*>(QLatin1String(button))->click();
+        root.findChild<QPushButton*>(QLatin1StringView(button))->click();
     }
     /// Has the next question answered so.
     void answerQuestion(const char* button)
     {
-        cashier.onForm(QStringLiteral("questionForm"), [button](QWidget& root) { press(root, button); });
+        cashier.onForm(u"questionForm"_s, [button](QWidget& root) { press(root, button); });
     }
     /// Adds a hook before an action in a context.
     void addHook(EContext::Code context, control::EActionType type, const ActionTrigger::Function& hook)
@@ -69,8 +73,9 @@ protected:
     QSharedPointer<Receipt> archived(int number) const
     {
         auto document = sale->archive().find(number);
-        if (!document)
+        if (!document) {
             throw std::out_of_range("no document " + std::to_string(number));
+        }
         return document;
     }
 

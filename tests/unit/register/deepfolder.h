@@ -13,7 +13,8 @@ inline QString deepFolder(const QString& above)
 {
     constexpr int length = PATH_MAX - 30; // "/receipt.json" fits, "/receipt.json.damaged-20240229-120000" does not
     QString path = above;
-    while (path.size() < length)
-        path += QLatin1Char('/') + QString(std::clamp<qsizetype>(length - path.size() - 1, 1, 200), QLatin1Char('d'));
+    while (path.size() < length) {
+        path += u'/' + QString(std::clamp<qsizetype>(length - path.size() - 1, 1, 200), u'd');
+    }
     return path;
 }

@@ -11,12 +11,14 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using State = Receipt::State;
 
 class DocumentArchiveTest : public ::testing::Test
 {
 protected:
-    DocumentArchiveTest() { config.set(QStringLiteral("Register:data"), folder.path()); }
+    DocumentArchiveTest() { config.set(u"Register:data"_s, folder.path()); }
 
     static QSharedPointer<Receipt> document(int number, State state = State::Open)
     {
@@ -24,10 +26,12 @@ protected:
         auto receipt = QSharedPointer<Receipt>::create(number, noon);
         receipt->add({}, {});
         Receipt::Ending ending{.state = state};
-        if (state != State::Open && state != State::PutAside)
+        if (state != State::Open && state != State::PutAside) {
             ending.finished = noon;
-        if (state == State::Annulled)
+        }
+        if (state == State::Annulled) {
             ending.annulled = noon;
+        }
         receipt->setEnding(ending);
         return receipt;
     }
@@ -59,22 +63,26 @@ protected:
     {
         QStringList found;
         const QDir root(folder.path());
-        for (const char* place : {"", "finished/", "putaside/"})
-            for (const QString& file : QDir(root.filePath(QLatin1String(place))).entryList(QDir::Files | QDir::Hidden))
-                found.append(QLatin1String(place) + file);
+        for (const char* place : {"", "finished/", "putaside/"}) {
+            for (const QString& file :
+                 QDir(root.filePath(QLatin1StringView(place))).entryList(QDir::Files | QDir::Hidden)) {
+                found.append(QLatin1StringView(place) + file);
+            }
+        }
         return found;
     }
     static QList<int> numbers(const QList<QSharedPointer<Receipt>>& documents)
     {
         QList<int> all;
-        for (const auto& one : documents)
+        for (const auto& one : documents) {
             all.append(one->getNumber());
+        }
         return all;
     }
 
-    const QString openFile = QStringLiteral("receipt.json");
-    const QString putAsideFile = QStringLiteral("putaside/00000003.json");
-    const QString finishedFile = QStringLiteral("finished/00000003.json");
+    const QString openFile = u"receipt.json"_s;
+    const QString putAsideFile = u"putaside/00000003.json"_s;
+    const QString finishedFile = u"finished/00000003.json"_s;
     QTemporaryDir folder;
     Configured config;
     DocumentArchive archive{folder.path()};
@@ -161,7 +169,7 @@ TEST_F(DocumentArchiveTest, damagedFile_isLoggedAndPassedOver)
     EXPECT_FALSE(archive.find(3));
     EXPECT_FALSE(archive.isFinished(3));
     EXPECT_EQ(numbers(archive.latest(10)), QList<int>{2});
-    EXPECT_EQ(log.lines().filter(QStringLiteral("ERROR register A saved document cannot be read: ")).size(), 3)
+    EXPECT_EQ(log.lines().filter(u"ERROR register A saved document cannot be read: "_s).size(), 3)
         << qPrintable(log.text());
     EXPECT_TRUE(log.text().contains(finishedFile)) << qPrintable(log.text());
     EXPECT_EQ(archive.greatestNumber(), 3) << "its number was given all the same";
@@ -170,7 +178,7 @@ TEST_F(DocumentArchiveTest, damagedFile_isLoggedAndPassedOver)
 TEST_F(DocumentArchiveTest, copyUnderAnotherNumber_isPassedOverAndNotSavedOverTheOriginal)
 {
     saved(2, State::Closed);
-    ASSERT_TRUE(QFile::copy(folder.filePath(QStringLiteral("finished/00000002.json")), folder.filePath(finishedFile)));
+    ASSERT_TRUE(QFile::copy(folder.filePath(u"finished/00000002.json"_s), folder.filePath(finishedFile)));
     EXPECT_FALSE(archive.find(3));
     EXPECT_EQ(numbers(archive.latest(10)), QList<int>{2});
 }
@@ -185,10 +193,12 @@ TEST_F(DocumentArchiveTest, finishedDocumentInTheOpenOnesFile_leavesTheFinishedO
 
 TEST_F(DocumentArchiveTest, latest_areAllPutAsideAndSoManyFinishedTheLatestFirst)
 {
-    for (const int number : {1, 4, 6, 7, 10})
+    for (const int number : {1, 4, 6, 7, 10}) {
         saved(number, State::Closed);
-    for (const int number : {2, 8})
+    }
+    for (const int number : {2, 8}) {
         saved(number, State::PutAside);
+    }
     EXPECT_EQ(numbers(archive.latest(3)), (QList<int>{10, 8, 7, 6, 2}));
     EXPECT_EQ(numbers(archive.latest(100)), (QList<int>{10, 8, 7, 6, 4, 2, 1}));
     EXPECT_EQ(numbers(archive.latest(0)), (QList<int>{8, 2}));
@@ -197,8 +207,10 @@ TEST_F(DocumentArchiveTest, latest_areAllPutAsideAndSoManyFinishedTheLatestFirst
 
 TEST_F(DocumentArchiveTest, filesOfOtherNames_arePassedOver)
 {
-    for (const char* name : {"7.json", "x0000007.json", "00000007.json.tmp", "00000000.json", "-0000007.json", ".json"})
-        write(QStringLiteral("finished/") + QLatin1String(name), "{}");
+    for (const char* name :
+         {"7.json", "x0000007.json", "00000007.json.tmp", "00000000.json", "-0000007.json", ".json"}) {
+        write(u"finished/"_s + QLatin1StringView(name), "{}");
+    }
     const LogCapture log;
     EXPECT_TRUE(archive.latest(10).isEmpty());
     EXPECT_EQ(archive.greatestNumber(), 0);
@@ -225,7 +237,7 @@ TEST_F(DocumentArchiveTest, sale_isTakenBackByAClosedOrTheOpenDocumentAlone)
     EXPECT_TRUE(archive.isTakenBack(*sale, nullptr));
     EXPECT_TRUE(archive.isTakenBack(*sale, document(10)));
 
-    QFile taker(folder.filePath(QStringLiteral("finished/00000009.json")));
+    QFile taker(folder.filePath(u"finished/00000009.json"_s));
     ASSERT_TRUE(taker.open(QIODevice::WriteOnly | QIODevice::Truncate));
     taker.write("{");
     taker.close();

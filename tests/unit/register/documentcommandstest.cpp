@@ -14,21 +14,23 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 class DocumentCommandsTest : public CommandTill
 {
 protected:
     DocumentCommandsTest() { documentCommands.offer(controller.object); }
 
-    static QVariantMap number(int number) { return {{QStringLiteral("number"), number}}; }
+    static QVariantMap number(int number) { return {{u"number"_s, number}}; }
     static QVariantMap carrying(const QSharedPointer<Receipt>& document)
     {
-        return {{QStringLiteral("document"), QVariant::fromValue(document.staticCast<AbstractDocument>())}};
+        return {{u"document"_s, QVariant::fromValue(document.staticCast<AbstractDocument>())}};
     }
     /// Has the cashier type a document's number.
     void typeNumber(const QString& text)
     {
-        cashier.onForm(QStringLiteral("textInputForm"), [text](QWidget& root) {
-            root.findChild<QLineEdit*>(QStringLiteral("inputLineEdit"))->setText(text);
+        cashier.onForm(u"textInputForm"_s, [text](QWidget& root) {
+            root.findChild<QLineEdit*>(u"inputLineEdit"_s)->setText(text);
             press(root, "okButton");
         });
     }
@@ -60,8 +62,9 @@ protected:
         const ShownMessages messages;
         EXPECT_EQ(run(type, arguments), EContext::Stop);
         EXPECT_EQ(messages.all().size(), 1);
-        if (messages.all().size() != 1)
+        if (messages.all().size() != 1) {
             return {};
+        }
         EXPECT_EQ(messages.all().first().kind, Dialog::Notice);
         return messages.all().first().text;
     }
@@ -87,8 +90,7 @@ TEST_F(DocumentCommandsTest, putAside_putsTheReceiptAsideButNoCancellingDocument
     EXPECT_EQ(archived(1)->getState(), Receipt::State::PutAside);
 
     ASSERT_TRUE(sale->takeBack(archived(sold())));
-    EXPECT_EQ(noticeOf(registeraction::putAside, {}),
-              QStringLiteral("Возврат нельзя отложить: завершите его или отмените."));
+    EXPECT_EQ(noticeOf(registeraction::putAside, {}), u"Возврат нельзя отложить: завершите его или отмените."_s);
     EXPECT_TRUE(sale->receipt());
 }
 
@@ -105,7 +107,7 @@ TEST_F(DocumentCommandsTest, takeBackByNumberTyped_opensTheCancellingDocument)
 {
     sold();
     witness.seen.clear();
-    typeNumber(QStringLiteral("00000001"));
+    typeNumber(u"00000001"_s);
     EXPECT_EQ(run(registeraction::takeBack), EContext::GoOn);
     ASSERT_TRUE(sale->receipt());
     EXPECT_EQ(sale->receipt()->getTakesBack(), 1);
@@ -116,7 +118,7 @@ TEST_F(DocumentCommandsTest, numberNotGiven_nothingHappens)
 {
     sold();
     for (const auto type : {registeraction::takeBack, registeraction::annulByNumber}) {
-        cashier.onForm(QStringLiteral("textInputForm"), [](QWidget& root) { press(root, "cancelButton"); });
+        cashier.onForm(u"textInputForm"_s, [](QWidget& root) { press(root, "cancelButton"); });
         EXPECT_EQ(run(type), EContext::Stop);
         EXPECT_TRUE(cashier.isDone());
     }
@@ -127,9 +129,10 @@ TEST_F(DocumentCommandsTest, numberNotGiven_nothingHappens)
 TEST_F(DocumentCommandsTest, takeBackOfWhatIsNoClosedSale_isRefused)
 {
     const int refused[] = {putAside(), cancelled(), annulled(), takenBack()};
-    for (const int document : refused)
+    for (const int document : refused) {
         EXPECT_EQ(noticeOf(registeraction::takeBack, number(document)),
-                  QStringLiteral("Документ № %1 — не закрытая продажа, его нельзя вернуть.").arg(document));
+                  u"Документ № %1 — не закрытая продажа, его нельзя вернуть."_s.arg(document));
+    }
     EXPECT_FALSE(sale->receipt());
 }
 
@@ -137,22 +140,23 @@ TEST_F(DocumentCommandsTest, takeBackOfASaleTakenBack_namesItsDocument)
 {
     const int taker = takenBack();
     EXPECT_EQ(noticeOf(registeraction::takeBack, number(taker - 1)),
-              QStringLiteral("Продажа № %1 уже возвращена документом № %2.").arg(taker - 1).arg(taker));
+              u"Продажа № %1 уже возвращена документом № %2."_s.arg(taker - 1).arg(taker));
     EXPECT_FALSE(sale->receipt());
 }
 
 TEST_F(DocumentCommandsTest, numberOfNoDocument_isToldWithTheNumber)
 {
-    const QString notFound = QStringLiteral("Документа № 17 нет среди отложенных и завершённых.\nПроверьте номер.");
-    for (const auto type : {registeraction::takeBack, registeraction::annulByNumber})
+    const QString notFound = u"Документа № 17 нет среди отложенных и завершённых.\nПроверьте номер."_s;
+    for (const auto type : {registeraction::takeBack, registeraction::annulByNumber}) {
         EXPECT_EQ(noticeOf(type, number(17)), notFound);
+    }
 }
 
 TEST_F(DocumentCommandsTest, takeBackWhileAReceiptIsOpen_isRefusedBeforeAskingForTheNumber)
 {
     sold();
     sale->open();
-    const QString finishFirst = QStringLiteral("Сначала завершите или отложите открытый чек № 2.");
+    const QString finishFirst = u"Сначала завершите или отложите открытый чек № 2."_s;
     EXPECT_EQ(noticeOf(registeraction::takeBack, {}), finishFirst);
     EXPECT_EQ(noticeOf(registeraction::takeBack, number(1)), finishFirst);
     EXPECT_EQ(sale->receipt()->getNumber(), 2);
@@ -171,12 +175,12 @@ TEST_F(DocumentCommandsTest, takeBackThatCannotBeSaved_stops)
 TEST_F(DocumentCommandsTest, annulmentByNumber_asksAndAnnulsByTheHooks)
 {
     const std::pair<int, QString> documents[] = {
-        {sold(), QStringLiteral("Аннулировать продажу № 1 на сумму 24,80? Деньги возвращаются покупателю.")},
-        {putAside(), QStringLiteral("Аннулировать отложенный чек № 2 на сумму 12,40?")},
+        {sold(), u"Аннулировать продажу № 1 на сумму 24,80? Деньги возвращаются покупателю."_s},
+        {putAside(), u"Аннулировать отложенный чек № 2 на сумму 12,40?"_s},
     };
     QList<QSharedPointer<AbstractDocument>> hooked;
     addHook(EContext::Idle, control::AnnulDocument, [&hooked](const control::Action& annulment) {
-        hooked.append(annulment.value(QStringLiteral("document")).value<QSharedPointer<AbstractDocument>>());
+        hooked.append(annulment.value(u"document"_s).value<QSharedPointer<AbstractDocument>>());
         return EContext::GoOn;
     });
     for (const auto& [document, wording] : documents) {
@@ -184,19 +188,19 @@ TEST_F(DocumentCommandsTest, annulmentByNumber_asksAndAnnulsByTheHooks)
         QString question;
         const auto answer = [&question](const char* button) {
             return [&question, button](QWidget& root) {
-                question = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
+                question = root.findChild<QLabel*>(u"messageLabel"_s)->text();
                 press(root, button);
             };
         };
         hooked.clear();
-        cashier.onForm(QStringLiteral("questionForm"), answer("noButton"));
+        cashier.onForm(u"questionForm"_s, answer("noButton"));
         EXPECT_EQ(run(registeraction::annulByNumber, number(document)), EContext::Stop);
         EXPECT_EQ(question, wording);
         EXPECT_TRUE(hooked.isEmpty());
         EXPECT_EQ(archived(document)->getState(), before);
 
         typeNumber(QString::number(document));
-        cashier.onForm(QStringLiteral("questionForm"), answer("yesButton"));
+        cashier.onForm(u"questionForm"_s, answer("yesButton"));
         EXPECT_EQ(run(registeraction::annulByNumber), EContext::GoOn);
         ASSERT_EQ(hooked.size(), 1);
         EXPECT_EQ(hooked.first().dynamicCast<Receipt>()->getNumber(), document);
@@ -210,30 +214,30 @@ TEST_F(DocumentCommandsTest, annulmentOfASaleWithoutMoney_saysNothingOfMoney)
     sale->receipt()->position(1)->setPrice(0.0);
     ASSERT_TRUE(sale->close(0));
     QString question;
-    cashier.onForm(QStringLiteral("questionForm"), [&question](QWidget& root) {
-        question = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
+    cashier.onForm(u"questionForm"_s, [&question](QWidget& root) {
+        question = root.findChild<QLabel*>(u"messageLabel"_s)->text();
         press(root, "yesButton");
     });
     EXPECT_EQ(run(registeraction::annulByNumber, number(1)), EContext::GoOn);
-    EXPECT_EQ(question, QStringLiteral("Аннулировать продажу № 1 на сумму 0,00?"));
-    EXPECT_EQ(documentwords::annulment(*archived(1), Receipt::State::Closed), QStringLiteral("Чек № 1 аннулирован"));
+    EXPECT_EQ(question, u"Аннулировать продажу № 1 на сумму 0,00?"_s);
+    EXPECT_EQ(documentwords::annulment(*archived(1), Receipt::State::Closed), u"Чек № 1 аннулирован"_s);
 }
 
 TEST_F(DocumentCommandsTest, annulmentOfWhatCannotBeAnnulled_isRefused)
 {
     const int taker = takenBack();
     const int refused[] = {cancelled(), annulled(), taker, taker - 1};
-    for (const int document : refused)
+    for (const int document : refused) {
         EXPECT_TRUE(noticeOf(registeraction::annulByNumber, number(document))
-                        .startsWith(QStringLiteral("Документ № %1 нельзя аннулировать").arg(document)))
+                        .startsWith(u"Документ № %1 нельзя аннулировать"_s.arg(document)))
             << document;
+    }
 }
 
 TEST_F(DocumentCommandsTest, annulmentOfASaleThatIsBeingTakenBack_isRefused)
 {
     ASSERT_TRUE(sale->takeBack(archived(sold())));
-    EXPECT_TRUE(noticeOf(registeraction::annulByNumber, number(1))
-                    .startsWith(QStringLiteral("Документ № 1 нельзя аннулировать")));
+    EXPECT_TRUE(noticeOf(registeraction::annulByNumber, number(1)).startsWith(u"Документ № 1 нельзя аннулировать"_s));
     EXPECT_EQ(archived(1)->getState(), Receipt::State::Closed);
     ASSERT_TRUE(sale->cancel());
     answerQuestion("yesButton");
@@ -251,14 +255,15 @@ protected:
 TEST_P(Annulment, documentIsCurrentForTheHooksAndSavedWhateverTheySay)
 {
     const int documents[] = {sold(), putAside()};
-    if (context() != EContext::Idle)
+    if (context() != EContext::Idle) {
         sale->open();
+    }
     controller.object.setContext(context());
-    const QString done = QStringLiteral("{\"status\":\"canceled\"}");
+    const QString done = u"{\"status\":\"canceled\"}"_s;
     QList<QSharedPointer<AbstractDocument>> currents;
     addHook(context(), control::AnnulDocument, [&](const control::Action& annulment) {
         currents.append(current());
-        EXPECT_EQ(current(), annulment.value(QStringLiteral("document")).value<QSharedPointer<AbstractDocument>>());
+        EXPECT_EQ(current(), annulment.value(u"document"_s).value<QSharedPointer<AbstractDocument>>());
         current()->getPosition(1)->setExtendedOptions(done);
         return permission();
     });
@@ -312,13 +317,14 @@ TEST_F(DocumentCommandsTest, annulmentOfAnythingElse_isNotFoundAndNoHookRuns)
         return EContext::GoOn;
     });
     const QVariantMap arguments[] = {{},
-                                     {{QStringLiteral("document"), 5}},
-                                     {{QStringLiteral("document"), QVariant::fromValue(closed)}},
+                                     {{u"document"_s, 5}},
+                                     {{u"document"_s, QVariant::fromValue(closed)}},
                                      carrying(nullptr),
                                      carrying(sale->receipt()),
                                      carrying(cancelledOne)};
-    for (const QVariantMap& argument : arguments)
+    for (const QVariantMap& argument : arguments) {
         EXPECT_EQ(run(control::AnnulDocument, argument), EContext::NotFound);
+    }
     EXPECT_EQ(hooks, 0);
     EXPECT_EQ(sale->receipt()->getState(), Receipt::State::Open);
     EXPECT_EQ(current(), sale->receipt());
@@ -332,7 +338,7 @@ TEST_F(DocumentCommandsTest, annulmentThatCannotBeSaved_stopsAndTheDocumentStays
         Saves saves;
         saves.failAll();
         EXPECT_EQ(run(control::AnnulDocument, carrying(document)), EContext::Stop);
-        EXPECT_EQ(saves.files, QStringList{QStringLiteral("finished/00000001.json")});
+        EXPECT_EQ(saves.files, QStringList{u"finished/00000001.json"_s});
     }
     EXPECT_EQ(document->getState(), Receipt::State::PutAside);
     EXPECT_EQ(archived(1)->getState(), Receipt::State::PutAside);
@@ -344,14 +350,14 @@ TEST_F(DocumentCommandsTest, hookThrows_isToldAndCountsAsStop)
     const auto document = archived(sold());
     sale->open();
     addHook(EContext::OpenReceipt, control::AnnulDocument, [this](const control::Action&) -> EContext::Result {
-        current()->getPosition(1)->setExtendedOptions(QStringLiteral("{\"half\":1}"));
+        current()->getPosition(1)->setExtendedOptions(u"{\"half\":1}"_s);
         throw std::runtime_error("lost");
     });
     const ShownMessages messages;
     EXPECT_EQ(run(control::AnnulDocument, carrying(document)), EContext::Stop);
     EXPECT_EQ(messages.all().size(), 1);
     EXPECT_EQ(archived(1)->getState(), Receipt::State::Closed);
-    EXPECT_EQ(archived(1)->position(1)->getExtendedOptions(), QStringLiteral("{\"half\":1}"));
+    EXPECT_EQ(archived(1)->position(1)->getExtendedOptions(), u"{\"half\":1}"_s);
     EXPECT_EQ(current(), sale->receipt());
 }
 
@@ -359,10 +365,10 @@ class DocumentList : public DocumentCommandsTest
 {
 protected:
     /// Does something once the list of documents stands.
-    void inTheList(const Cashier::Act& act) { cashier.onForm(QStringLiteral("documentListForm"), act); }
+    void inTheList(const Cashier::Act& act) { cashier.onForm(u"documentListForm"_s, act); }
     static void choose(QWidget& root, int row)
     {
-        auto* table = root.findChild<QAbstractItemView*>(QStringLiteral("documentTable"));
+        auto* table = root.findChild<QAbstractItemView*>(u"documentTable"_s);
         table->setCurrentIndex(table->model()->index(row, 0));
     }
 };
@@ -395,10 +401,10 @@ TEST_F(DocumentList, takingUpWhileAReceiptIsOpen_isRefused)
     putAside();
     sale->open();
     const ShownMessages messages;
-    inTheList([](QWidget&) { answerForm(QStringLiteral("takeUp"), 1); });
+    inTheList([](QWidget&) { answerForm(u"takeUp"_s, 1); });
     EXPECT_EQ(run(registeraction::showDocuments), EContext::Stop);
     ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_EQ(messages.all().first().text, QStringLiteral("Сначала завершите или отложите открытый чек № 2."));
+    EXPECT_EQ(messages.all().first().text, u"Сначала завершите или отложите открытый чек № 2."_s);
     EXPECT_EQ(archived(1)->getState(), Receipt::State::PutAside);
 }
 
@@ -406,11 +412,10 @@ TEST_F(DocumentList, takingUpADocumentThatIsGone_isTold)
 {
     sold();
     const ShownMessages messages;
-    inTheList([](QWidget&) { answerForm(QStringLiteral("takeUp"), 9); });
+    inTheList([](QWidget&) { answerForm(u"takeUp"_s, 9); });
     EXPECT_EQ(run(registeraction::showDocuments), EContext::Stop);
     ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_EQ(messages.all().first().text,
-              QStringLiteral("Документа № 9 нет среди отложенных и завершённых.\nПроверьте номер."));
+    EXPECT_EQ(messages.all().first().text, u"Документа № 9 нет среди отложенных и завершённых.\nПроверьте номер."_s);
     EXPECT_FALSE(sale->receipt());
 }
 
@@ -446,5 +451,5 @@ TEST_F(DocumentList, printedThere_aCopyIsPrinted)
         press(root, "cancelButton");
     });
     EXPECT_EQ(run(registeraction::showDocuments), EContext::GoOn);
-    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("printed/00000001.txt"))));
+    EXPECT_TRUE(QFile::exists(folder.filePath(u"printed/00000001.txt"_s)));
 }

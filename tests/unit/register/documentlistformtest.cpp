@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QTableView>
 
+using namespace Qt::StringLiterals;
+
 /// On disk: № 1 sold and taken back by № 2, № 3 sold, № 4 cancelled, № 5 put aside.
 class DocumentListFormTest : public TillWindow
 {
@@ -25,7 +27,7 @@ protected:
         sale->add(article(amoxidar));
         EXPECT_TRUE(sale->cancel());
         sale->add(article(amoxidar));
-        sale->add(article(QStringLiteral("2990000000026")));
+        sale->add(article(u"2990000000026"_s));
         EXPECT_TRUE(sale->putAside());
     }
     void sell()
@@ -37,9 +39,10 @@ protected:
     /// Shows the list, does `act` in it, and leaves it, if `act` has not.
     void inList(const Cashier::Act& act)
     {
-        if (!window)
+        if (!window) {
             openWindow();
-        cashier.onForm(QStringLiteral("documentListForm"), [this, &act](QWidget& root) {
+        }
+        cashier.onForm(u"documentListForm"_s, [this, &act](QWidget& root) {
             list = &root;
             act(root);
             gui.object.cancelForms();
@@ -48,27 +51,29 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
         ASSERT_TRUE(becomesIdle());
     }
-    QTableView* table() const { return list->findChild<QTableView*>(QStringLiteral("documentTable")); }
-    QPushButton* button(const char* name) const { return list->findChild<QPushButton*>(QLatin1String(name)); }
-    QLabel* hint() const { return list->findChild<QLabel*>(QStringLiteral("hintLabel")); }
+    QTableView* table() const { return list->findChild<QTableView*>(u"documentTable"_s); }
+    QPushButton* button(const char* name) const { return list->findChild<QPushButton*>(QLatin1StringView(name)); }
+    QLabel* hint() const { return list->findChild<QLabel*>(u"hintLabel"_s); }
     void search(const char* text) const
     {
-        list->findChild<QLineEdit*>(QStringLiteral("filterLineEdit"))->setText(QString::fromUtf8(text));
+        list->findChild<QLineEdit*>(u"filterLineEdit"_s)->setText(QString::fromUtf8(text));
     }
     QString number(int row) const { return table()->model()->index(row, 0).data().toString(); }
     QString current() const { return number(table()->currentIndex().row()); }
     void makeCurrent(int wanted) const
     {
-        for (int row = 0; row < table()->model()->rowCount(); ++row)
-            if (number(row) == QString::number(wanted))
+        for (int row = 0; row < table()->model()->rowCount(); ++row) {
+            if (number(row) == QString::number(wanted)) {
                 table()->setCurrentIndex(table()->model()->index(row, 0));
+            }
+        }
         ASSERT_EQ(current(), QString::number(wanted));
     }
     QString state(int row) const { return table()->model()->index(row, 1).data().toString(); }
     void answerQuestion(const char* answer)
     {
-        cashier.onForm(QStringLiteral("questionForm"),
-                       [answer](QWidget& root) { root.findChild<QPushButton*>(QLatin1String(answer))->click(); });
+        cashier.onForm(u"questionForm"_s,
+                       [answer](QWidget& root) { root.findChild<QPushButton*>(QLatin1StringView(answer))->click(); });
     }
 
     ReceiptPrinter printer;
@@ -82,24 +87,24 @@ TEST_F(DocumentListFormTest, shown_latestFirstInTheContextOfStoredDocuments)
         EXPECT_EQ(root.size(), window->size());
         EXPECT_EQ(controller.object.context(), EContext::StoredDocuments);
         EXPECT_EQ(table()->model()->rowCount(), 5);
-        EXPECT_EQ(current(), QStringLiteral("5"));
-        EXPECT_EQ(state(0), QStringLiteral("Отложен"));
-        EXPECT_EQ(state(1), QStringLiteral("Отменён"));
-        EXPECT_EQ(state(2), QStringLiteral("Продажа"));
-        EXPECT_EQ(state(3), QStringLiteral("Возврат чека № 1"));
-        EXPECT_EQ(state(4), QStringLiteral("Продажа, возвращена документом № 2"));
-        EXPECT_EQ(QApplication::focusWidget(), root.findChild<QWidget*>(QStringLiteral("filterLineEdit")));
+        EXPECT_EQ(current(), u"5"_s);
+        EXPECT_EQ(state(0), u"Отложен"_s);
+        EXPECT_EQ(state(1), u"Отменён"_s);
+        EXPECT_EQ(state(2), u"Продажа"_s);
+        EXPECT_EQ(state(3), u"Возврат чека № 1"_s);
+        EXPECT_EQ(state(4), u"Продажа, возвращена документом № 2"_s);
+        EXPECT_EQ(QApplication::focusWidget(), root.findChild<QWidget*>(u"filterLineEdit"_s));
     });
 }
 
 TEST_F(DocumentListFormTest, current_isShownWithItsPositions)
 {
     inList([this](QWidget& root) {
-        const auto* positions = root.findChild<QTableView*>(QStringLiteral("positionsTable"))->model();
+        const auto* positions = root.findChild<QTableView*>(u"positionsTable"_s)->model();
         EXPECT_EQ(positions->rowCount(), 2);
-        EXPECT_TRUE(positions->index(0, 1).data().toString().startsWith(QStringLiteral("Амоксидар")));
+        EXPECT_TRUE(positions->index(0, 1).data().toString().startsWith(u"Амоксидар"_s));
         press(Qt::Key_Down);
-        EXPECT_EQ(current(), QStringLiteral("4"));
+        EXPECT_EQ(current(), u"4"_s);
         EXPECT_EQ(positions->rowCount(), 1);
     });
 }
@@ -124,7 +129,7 @@ TEST_P(DocumentButtons, areUsableWhereTheyDoSomething)
         EXPECT_EQ(button("takeBackButton")->isEnabled(), GetParam().takeBack);
         EXPECT_EQ(button("annulButton")->isEnabled(), GetParam().annul);
         EXPECT_EQ(button("printButton")->isEnabled(), GetParam().print);
-        const QString obstacle = QStringLiteral("Печатаются только закрытые документы, которые не аннулированы.");
+        const QString obstacle = u"Печатаются только закрытые документы, которые не аннулированы."_s;
         EXPECT_EQ(hint()->text(), GetParam().print ? QString() : obstacle);
         EXPECT_EQ(button("printButton")->toolTip(), GetParam().print ? QString() : obstacle);
     });
@@ -143,7 +148,7 @@ TEST_F(DocumentListFormTest, receiptOpen_nothingIsTakenUpOrBackAndTheListSaysWhy
     inList([this](QWidget&) {
         EXPECT_FALSE(button("takeUpButton")->isEnabled());
         EXPECT_TRUE(button("annulButton")->isEnabled());
-        EXPECT_TRUE(hint()->text().startsWith(QStringLiteral("Открыт чек № 6"))) << qPrintable(hint()->text());
+        EXPECT_TRUE(hint()->text().startsWith(u"Открыт чек № 6"_s)) << qPrintable(hint()->text());
         makeCurrent(3);
         EXPECT_FALSE(button("takeBackButton")->isEnabled());
         press(Qt::Key_Return);
@@ -157,7 +162,7 @@ TEST_F(DocumentListFormTest, returnOnWhatWasPutAside_takesItUp)
     inList([this](QWidget&) { press(Qt::Key_Return); });
     ASSERT_TRUE(sale->receipt());
     EXPECT_EQ(sale->receipt()->getNumber(), 5);
-    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), QStringLiteral("Чек № 5"));
+    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), u"Чек № 5"_s);
     EXPECT_EQ(QApplication::focusWidget(), widget<QWidget>("searchLineEdit"));
 }
 
@@ -179,13 +184,14 @@ struct Act {
 class DocumentAct : public DocumentListFormTest, public ::testing::WithParamInterface<Act>
 {
 protected:
-    DocumentAct() { config.set(QStringLiteral("GUI:touchMode"), QLatin1String(GetParam().byTouch ? "true" : "false")); }
+    DocumentAct() { config.set(u"GUI:touchMode"_s, QLatin1StringView(GetParam().byTouch ? "true" : "false")); }
     void act(const char* name, Qt::Key key)
     {
-        if (GetParam().byTouch)
+        if (GetParam().byTouch) {
             QTest::mouseClick(button(name), Qt::LeftButton);
-        else
+        } else {
             press(key);
+        }
     }
 };
 
@@ -197,7 +203,7 @@ TEST_P(DocumentAct, takeBack_opensTheCancellingDocument)
     });
     ASSERT_TRUE(sale->receipt());
     EXPECT_EQ(sale->receipt()->getTakesBack(), 3);
-    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), QStringLiteral("Возврат № 6 (чек № 3)"));
+    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), u"Возврат № 6 (чек № 3)"_s);
 }
 
 TEST_P(DocumentAct, annul_asksAndShowsTheSameRowAnew)
@@ -206,14 +212,14 @@ TEST_P(DocumentAct, annul_asksAndShowsTheSameRowAnew)
         makeCurrent(3);
         answerQuestion("noButton");
         act("annulButton", Qt::Key_F8);
-        EXPECT_EQ(state(2), QStringLiteral("Продажа"));
+        EXPECT_EQ(state(2), u"Продажа"_s);
         answerQuestion("yesButton");
         act("annulButton", Qt::Key_F8);
-        EXPECT_EQ(current(), QStringLiteral("3"));
-        EXPECT_EQ(state(2), QStringLiteral("Аннулирован"));
+        EXPECT_EQ(current(), u"3"_s);
+        EXPECT_EQ(state(2), u"Аннулирован"_s);
         EXPECT_FALSE(button("annulButton")->isEnabled());
         EXPECT_FALSE(button("printButton")->isEnabled());
-        EXPECT_EQ(hint()->text(), QStringLiteral("Чек № 3 аннулирован. Верните покупателю 12,40"));
+        EXPECT_EQ(hint()->text(), u"Чек № 3 аннулирован. Верните покупателю 12,40"_s);
         EXPECT_EQ(controller.object.context(), EContext::StoredDocuments);
     });
     EXPECT_EQ(sale->archive().find(3)->getState(), Receipt::State::Annulled);
@@ -221,18 +227,19 @@ TEST_P(DocumentAct, annul_asksAndShowsTheSameRowAnew)
 
 TEST_P(DocumentAct, print_printsACopyAndTheListStays)
 {
-    QDir(folder.filePath(QStringLiteral("printed"))).removeRecursively();
+    QDir(folder.filePath(u"printed"_s)).removeRecursively();
     inList([this](QWidget&) {
         makeCurrent(3);
         act("printButton", Qt::Key_F9);
         EXPECT_TRUE(gui.object.topForm());
-        EXPECT_EQ(current(), QStringLiteral("3"));
-        EXPECT_EQ(hint()->text(), QStringLiteral("Документ № 3 напечатан: printed/00000003.pdf"));
+        EXPECT_EQ(current(), u"3"_s);
+        EXPECT_EQ(hint()->text(), u"Документ № 3 напечатан: printed/00000003.pdf"_s);
         act("printButton", Qt::Key_F9);
-        EXPECT_EQ(hint()->text(), QStringLiteral("Документ № 3 напечатан: printed/00000003-copy.pdf"));
+        EXPECT_EQ(hint()->text(), u"Документ № 3 напечатан: printed/00000003-copy.pdf"_s);
     });
-    for (const char* file : {"00000003.txt", "00000003.pdf", "00000003-copy.txt", "00000003-copy.pdf"})
-        EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("printed/") + QLatin1String(file)))) << file;
+    for (const char* file : {"00000003.txt", "00000003.pdf", "00000003-copy.txt", "00000003-copy.pdf"}) {
+        EXPECT_TRUE(QFile::exists(folder.filePath(u"printed/"_s + QLatin1StringView(file)))) << file;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(, DocumentAct, ::testing::Values(Act{"byKey", false}, Act{"byTouch", true}),
@@ -246,11 +253,11 @@ TEST_F(DocumentListFormTest, pluginStopsTheAnnulling_theListSaysSoAtThatDocument
         makeCurrent(3);
         answerQuestion("yesButton");
         press(Qt::Key_F8);
-        EXPECT_EQ(current(), QStringLiteral("3"));
-        EXPECT_EQ(state(2), QStringLiteral("Продажа"));
-        EXPECT_TRUE(hint()->text().startsWith(QStringLiteral("Аннулирование не выполнено. Устраните причину")))
+        EXPECT_EQ(current(), u"3"_s);
+        EXPECT_EQ(state(2), u"Продажа"_s);
+        EXPECT_TRUE(hint()->text().startsWith(u"Аннулирование не выполнено. Устраните причину"_s))
             << qPrintable(hint()->text());
-        EXPECT_EQ(hint()->property("textRole").toString(), QStringLiteral("waiting"));
+        EXPECT_EQ(hint()->property("textRole").toString(), u"waiting"_s);
         press(Qt::Key_Down);
         EXPECT_TRUE(hint()->text().isEmpty());
     });
@@ -271,8 +278,9 @@ TEST_P(DocumentSearch, findsByNumberStateAndGoods)
     inList([this](QWidget&) {
         search(GetParam().text);
         QList<int> found;
-        for (int row = 0; row < table()->model()->rowCount(); ++row)
+        for (int row = 0; row < table()->model()->rowCount(); ++row) {
             found.append(number(row).toInt());
+        }
         EXPECT_EQ(found, GetParam().found);
         EXPECT_EQ(current().toInt(), GetParam().found.first());
     });
@@ -287,9 +295,10 @@ TEST_F(DocumentListFormTest, nothingFound_isSaidAndNothingCanBeDone)
 {
     inList([this](QWidget&) {
         search("нет такого");
-        EXPECT_EQ(hint()->text(), QStringLiteral("Ничего не найдено. Измените строку поиска."));
-        for (const char* name : {"takeUpButton", "takeBackButton", "annulButton", "printButton"})
+        EXPECT_EQ(hint()->text(), u"Ничего не найдено. Измените строку поиска."_s);
+        for (const char* name : {"takeUpButton", "takeBackButton", "annulButton", "printButton"}) {
             EXPECT_FALSE(button(name)->isEnabled()) << name;
+        }
         press(Qt::Key_Return);
         EXPECT_TRUE(gui.object.topForm());
     });
@@ -297,10 +306,11 @@ TEST_F(DocumentListFormTest, nothingFound_isSaidAndNothingCanBeDone)
 
 TEST_F(DocumentListFormTest, noDocuments_isSaid)
 {
-    for (const char* place : {"putaside", "finished"})
-        QDir(folder.filePath(QLatin1String(place))).removeRecursively();
+    for (const char* place : {"putaside", "finished"}) {
+        QDir(folder.filePath(QLatin1StringView(place))).removeRecursively();
+    }
     inList([this](QWidget&) {
-        EXPECT_EQ(hint()->text(), QStringLiteral("Отложенных и завершённых документов нет."));
+        EXPECT_EQ(hint()->text(), u"Отложенных и завершённых документов нет."_s);
         EXPECT_TRUE(hint()->isVisible());
     });
 }
@@ -315,14 +325,14 @@ TEST_F(DocumentListFormTest, left_nothingHappens)
 
 TEST_F(DocumentListFormTest, byTouch_fitsTheSmallestScreenAndScrollsByButtons)
 {
-    config.set(QStringLiteral("GUI:touchMode"), QStringLiteral("true"));
+    config.set(u"GUI:touchMode"_s, u"true"_s);
     inList([this](QWidget& root) {
         EXPECT_EQ(window->size(), QSize(1024, 600));
         EXPECT_LE(root.minimumSizeHint().width(), 1024);
         EXPECT_LE(root.minimumSizeHint().height(), 600);
         QTest::mouseClick(button("scrollDownButton"), Qt::LeftButton);
-        EXPECT_EQ(current(), QStringLiteral("4"));
+        EXPECT_EQ(current(), u"4"_s);
         QTest::mouseClick(button("key_3"), Qt::LeftButton);
-        EXPECT_EQ(current(), QStringLiteral("3"));
+        EXPECT_EQ(current(), u"3"_s);
     });
 }

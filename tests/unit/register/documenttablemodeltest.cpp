@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -18,7 +20,7 @@ DocumentTableModel::Document sale(int number, Receipt::State state)
 {
     auto document = DocumentTableModel::Document::create(number, opened);
     GoodsItem::Goods goods;
-    goods.name = QStringLiteral("Амоксидар");
+    goods.name = u"Амоксидар"_s;
     goods.price = 617.25;
     goods.quantity = 2;
     document->add(goods, {});
@@ -51,14 +53,14 @@ protected:
 TEST_F(DocumentTableModelTest, sale_isShownWithTimeCountAndSum)
 {
     show({sale(7, Receipt::State::Closed)});
-    EXPECT_EQ(text(0, DocumentTableModel::Number), QStringLiteral("7"));
-    EXPECT_EQ(text(0, DocumentTableModel::State), QStringLiteral("Продажа"));
-    EXPECT_EQ(text(0, DocumentTableModel::Time), QStringLiteral("02.03.2026 09:15"));
-    EXPECT_EQ(text(0, DocumentTableModel::Positions), QStringLiteral("1"));
-    EXPECT_EQ(text(0, DocumentTableModel::Sum), QStringLiteral("1") + QChar(QChar::Nbsp) + QStringLiteral("234,50"));
-    EXPECT_EQ(text(0, DocumentTableModel::SearchText), QStringLiteral("7\nПродажа\nАмоксидар"));
+    EXPECT_EQ(text(0, DocumentTableModel::Number), u"7"_s);
+    EXPECT_EQ(text(0, DocumentTableModel::State), u"Продажа"_s);
+    EXPECT_EQ(text(0, DocumentTableModel::Time), u"02.03.2026 09:15"_s);
+    EXPECT_EQ(text(0, DocumentTableModel::Positions), u"1"_s);
+    EXPECT_EQ(text(0, DocumentTableModel::Sum), u"1"_s + QChar(QChar::Nbsp) + u"234,50"_s);
+    EXPECT_EQ(text(0, DocumentTableModel::SearchText), u"7\nПродажа\nАмоксидар"_s);
     EXPECT_EQ(model.index(0, DocumentTableModel::Time).data(Qt::ToolTipRole).toString(),
-              QStringLiteral("Открыт 02.03.2026 09:05, завершён 02.03.2026 09:15"));
+              u"Открыт 02.03.2026 09:05, завершён 02.03.2026 09:15"_s);
 }
 
 struct Word {
@@ -76,8 +78,9 @@ class DocumentWord : public DocumentTableModelTest, public ::testing::WithParamI
 TEST_P(DocumentWord, tellsTheStateInWordsAndColour)
 {
     DocumentTableModel::Document document = GetParam().document;
-    if (GetParam().takenBack)
+    if (GetParam().takenBack) {
         document->setTakenBackBy(9);
+    }
     show({document}, GetParam().takenBack);
     EXPECT_EQ(text(0, DocumentTableModel::State), QString::fromUtf8(GetParam().text));
     const QVariant colour = model.index(0, DocumentTableModel::State).data(Qt::ForegroundRole);
@@ -103,9 +106,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(DocumentTableModelTest, putAside_tellsWhenItWasOpened)
 {
     show({sale(3, Receipt::State::PutAside)});
-    EXPECT_EQ(text(0, DocumentTableModel::Time), QStringLiteral("02.03.2026 09:05"));
-    EXPECT_EQ(model.index(0, DocumentTableModel::Time).data(Qt::ToolTipRole).toString(),
-              QStringLiteral("Открыт 02.03.2026 09:05"));
+    EXPECT_EQ(text(0, DocumentTableModel::Time), u"02.03.2026 09:05"_s);
+    EXPECT_EQ(model.index(0, DocumentTableModel::Time).data(Qt::ToolTipRole).toString(), u"Открыт 02.03.2026 09:05"_s);
 }
 
 TEST_F(DocumentTableModelTest, annulled_tellsWhenAndWhatItWasBefore)
@@ -119,9 +121,8 @@ TEST_F(DocumentTableModelTest, annulled_tellsWhenAndWhatItWasBefore)
     const auto told = [this](int row) {
         return model.index(row, DocumentTableModel::Time).data(Qt::ToolTipRole).toString();
     };
-    EXPECT_EQ(told(0),
-              QStringLiteral("Открыт 02.03.2026 09:05, завершён 02.03.2026 09:15, аннулирован 04.03.2026 18:40"));
-    EXPECT_EQ(told(1), QStringLiteral("Открыт 02.03.2026 09:05, аннулирован 04.03.2026 18:40"));
+    EXPECT_EQ(told(0), u"Открыт 02.03.2026 09:05, завершён 02.03.2026 09:15, аннулирован 04.03.2026 18:40"_s);
+    EXPECT_EQ(told(1), u"Открыт 02.03.2026 09:05, аннулирован 04.03.2026 18:40"_s);
 }
 
 TEST_F(DocumentTableModelTest, shownAnew_rowsAreFoundByNumber)
@@ -137,6 +138,7 @@ TEST_F(DocumentTableModelTest, shownAnew_rowsAreFoundByNumber)
 
 TEST_F(DocumentTableModelTest, everyColumnThatIsShown_hasACaption)
 {
-    for (int column = 0; column < DocumentTableModel::SearchText; ++column)
+    for (int column = 0; column < DocumentTableModel::SearchText; ++column) {
         EXPECT_FALSE(model.headerData(column, Qt::Horizontal).toString().isEmpty()) << column;
+    }
 }

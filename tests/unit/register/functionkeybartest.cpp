@@ -12,6 +12,8 @@
 
 #include <set>
 
+using namespace Qt::StringLiterals;
+
 /// The screens that the register is made for, each by keys and by touch.
 class FunctionKeyBarTest : public ::testing::TestWithParam<std::tuple<QSize, bool>>
 {
@@ -19,13 +21,12 @@ protected:
     FunctionKeyBarTest()
     {
         const auto& [size, touch] = GetParam();
-        config.set(QStringLiteral("GUI:touchMode"), touch ? QStringLiteral("true") : QStringLiteral("false"));
-        config.set(QStringLiteral("FunctionKeys:keys"),
-                   QStringLiteral("newReceiptKey,goodsKey,quantityKey,foreignKey,subtotalKey,removeKey,"
-                                  "cancelReceiptKey,menuKey,paymentKey"));
-        config.set(QStringLiteral("FunctionKey.foreignKey:text"), QStringLiteral("Электронный рецепт"));
-        config.set(QStringLiteral("FunctionKey.foreignKey:key"), QStringLiteral("F5"));
-        config.set(QStringLiteral("FunctionKey.foreignKey:action"), QStringLiteral("94"));
+        config.set(u"GUI:touchMode"_s, touch ? u"true"_s : u"false"_s);
+        config.set(u"FunctionKeys:keys"_s, u"newReceiptKey,goodsKey,quantityKey,foreignKey,subtotalKey,removeKey,"
+                                           "cancelReceiptKey,menuKey,paymentKey"_s);
+        config.set(u"FunctionKey.foreignKey:text"_s, u"Электронный рецепт"_s);
+        config.set(u"FunctionKey.foreignKey:key"_s, u"F5"_s);
+        config.set(u"FunctionKey.foreignKey:action"_s, u"94"_s);
         applyRegisterStyle(*qApp, size.height());
     }
     ~FunctionKeyBarTest() override { qApp->setStyleSheet(QString()); }
@@ -42,8 +43,9 @@ protected:
     static std::set<int> tops(const FunctionKeyBar& bar)
     {
         std::set<int> tops;
-        for (const auto* key : bar.findChildren<QPushButton*>())
+        for (const auto* key : bar.findChildren<QPushButton*>()) {
             tops.insert(key->y());
+        }
         return tops;
     }
     static void expectRoomForAll(const FunctionKeyBar& bar)
@@ -54,10 +56,11 @@ protected:
             EXPECT_GE(key->height(), key->sizeHint().height()) << qPrintable(key->objectName());
             EXPECT_TRUE(bar.rect().contains(key->geometry())) << qPrintable(key->objectName());
             for (const auto* other : keys) {
-                if (other == key)
+                if (other == key) {
                     continue;
+                }
                 EXPECT_FALSE(key->geometry().adjusted(0, 0, 7, 7).intersects(other->geometry()))
-                    << qPrintable(key->objectName() + QLatin1Char(' ') + other->objectName());
+                    << qPrintable(key->objectName() + u' ' + other->objectName());
             }
         }
     }
@@ -82,11 +85,11 @@ TEST_P(FunctionKeyBarTest, nineKeys_standInOneRowWithNothingCut)
 
 TEST_P(FunctionKeyBarTest, moreThanARowHolds_standInTwoAboutEquallyFilled)
 {
-    config.set(QStringLiteral("FunctionKey.foreignKey:text"),
-               QStringLiteral("Электронный рецепт по карте покупателя из другой области, с доверенностью"));
-    for (const char* key : {"goodsKey", "quantityKey", "menuKey"})
-        config.set(QStringLiteral("FunctionKey.%1:text").arg(QLatin1String(key)),
-                   QStringLiteral("Подбор товара по веществу и цене"));
+    config.set(u"FunctionKey.foreignKey:text"_s,
+               u"Электронный рецепт по карте покупателя из другой области, с доверенностью"_s);
+    for (const char* key : {"goodsKey", "quantityKey", "menuKey"}) {
+        config.set(u"FunctionKey.%1:text"_s.arg(QLatin1StringView(key)), u"Подбор товара по веществу и цене"_s);
+    }
     FunctionKeyBar bar(configuredFunctionKeys(*Singleton<Config>::get()));
     bar.resize(992, bar.heightForWidth(992));
     bar.show();

@@ -9,6 +9,8 @@
 #include <tuple>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 TEST(FunctionKey, nothingConfigured_theDefaultKeysStand)
 {
     const auto keys = configuredFunctionKeys(Config());
@@ -25,7 +27,7 @@ TEST(FunctionKey, nothingConfigured_theDefaultKeysStand)
     ASSERT_EQ(keys.size(), std::size(defaults));
     for (qsizetype i = 0; i < keys.size(); ++i) {
         const auto& [name, shortcut, action] = defaults[i];
-        EXPECT_EQ(keys.at(i).name, QLatin1String(name));
+        EXPECT_EQ(keys.at(i).name, QLatin1StringView(name));
         EXPECT_EQ(keys.at(i).shortcut, QKeySequence(shortcut)) << name;
         EXPECT_EQ(keys.at(i).actionType, action) << name;
     }
@@ -38,19 +40,18 @@ TEST(FunctionKey, nothingConfigured_theDefaultKeysStand)
 TEST(FunctionKey, configured_winsOverTheDefault)
 {
     Config config;
-    config.setForThisRun(QStringLiteral("FunctionKeys:keys"), QStringLiteral(" mine , goodsKey,"));
-    config.setForThisRun(QStringLiteral("FunctionKey.mine:text"), QStringLiteral("Моя"));
-    config.setForThisRun(QStringLiteral("FunctionKey.mine:key"), QStringLiteral("Ctrl+R"));
-    config.setForThisRun(QStringLiteral("FunctionKey.mine:action"), QStringLiteral("94"));
-    config.setForThisRun(QStringLiteral("FunctionKey.mine:arguments"), QStringLiteral("status=expired, x=a=b,=none"));
-    config.setForThisRun(QStringLiteral("FunctionKey.goodsKey:key"), QString());
+    config.setForThisRun(u"FunctionKeys:keys"_s, u" mine , goodsKey,"_s);
+    config.setForThisRun(u"FunctionKey.mine:text"_s, u"Моя"_s);
+    config.setForThisRun(u"FunctionKey.mine:key"_s, u"Ctrl+R"_s);
+    config.setForThisRun(u"FunctionKey.mine:action"_s, u"94"_s);
+    config.setForThisRun(u"FunctionKey.mine:arguments"_s, u"status=expired, x=a=b,=none"_s);
+    config.setForThisRun(u"FunctionKey.goodsKey:key"_s, QString());
     const auto keys = configuredFunctionKeys(config);
     ASSERT_EQ(keys.size(), 2);
-    EXPECT_EQ(keys.at(0).text, QStringLiteral("Моя"));
+    EXPECT_EQ(keys.at(0).text, u"Моя"_s);
     EXPECT_EQ(keys.at(0).shortcut, QKeySequence(Qt::CTRL | Qt::Key_R));
     EXPECT_EQ(keys.at(0).actionType, control::PluginCommand);
-    EXPECT_EQ(keys.at(0).arguments, (QVariantMap{{QStringLiteral("status"), QStringLiteral("expired")},
-                                                 {QStringLiteral("x"), QStringLiteral("a=b")}}));
+    EXPECT_EQ(keys.at(0).arguments, (QVariantMap{{u"status"_s, u"expired"_s}, {u"x"_s, u"a=b"_s}}));
     EXPECT_EQ(keys.at(1).actionType, registeraction::addGoods);
     EXPECT_TRUE(keys.at(1).shortcut.isEmpty());
 }
@@ -58,10 +59,10 @@ TEST(FunctionKey, configured_winsOverTheDefault)
 TEST(FunctionKey, withoutAnAction_isLeftOut)
 {
     Config config;
-    config.setForThisRun(QStringLiteral("FunctionKeys:keys"), QStringLiteral("unknown,goodsKey"));
+    config.setForThisRun(u"FunctionKeys:keys"_s, u"unknown,goodsKey"_s);
     const auto keys = configuredFunctionKeys(config);
     ASSERT_EQ(keys.size(), 1);
-    EXPECT_EQ(keys.at(0).name, QStringLiteral("goodsKey"));
+    EXPECT_EQ(keys.at(0).name, u"goodsKey"_s);
 }
 
 TEST(FunctionKey, noMenuConfigured_theUsualEntriesStand)
@@ -74,18 +75,18 @@ TEST(FunctionKey, noMenuConfigured_theUsualEntriesStand)
     };
     ASSERT_EQ(entries.size(), std::size(usual));
     for (qsizetype i = 0; i < entries.size(); ++i) {
-        EXPECT_EQ(entries.at(i).name, QLatin1String(usual[i].first));
+        EXPECT_EQ(entries.at(i).name, QLatin1StringView(usual[i].first));
         EXPECT_EQ(entries.at(i).actionType, usual[i].second) << usual[i].first;
     }
-    EXPECT_EQ(entries.at(4).arguments, (QVariantMap{{QStringLiteral("by"), QStringLiteral("206")}}));
+    EXPECT_EQ(entries.at(4).arguments, (QVariantMap{{u"by"_s, u"206"_s}}));
 }
 
 TEST(FunctionKey, keysAndEntries_mayChangePlaces)
 {
     Config config;
-    config.setForThisRun(QStringLiteral("FunctionKeys:keys"), QStringLiteral("documentsEntry"));
-    config.setForThisRun(QStringLiteral("FunctionKey.documentsEntry:key"), QStringLiteral("F7"));
-    config.setForThisRun(QStringLiteral("Menu:entries"), QStringLiteral("removeKey"));
+    config.setForThisRun(u"FunctionKeys:keys"_s, u"documentsEntry"_s);
+    config.setForThisRun(u"FunctionKey.documentsEntry:key"_s, u"F7"_s);
+    config.setForThisRun(u"Menu:entries"_s, u"removeKey"_s);
     const auto keys = configuredFunctionKeys(config);
     ASSERT_EQ(keys.size(), 1);
     EXPECT_EQ(keys.at(0).actionType, registeraction::showDocuments);
@@ -98,9 +99,8 @@ TEST(FunctionKey, keysAndEntries_mayChangePlaces)
 TEST(FunctionKey, moreEntriesThanDigits_theLastOnesAreLeftOut)
 {
     Config config;
-    config.setForThisRun(QStringLiteral("Menu:entries"),
-                         QStringLiteral("goodsKey,").repeated(9) + QStringLiteral("removeKey"));
+    config.setForThisRun(u"Menu:entries"_s, u"goodsKey,"_s.repeated(9) + u"removeKey"_s);
     const auto entries = configuredMenuEntries(config);
     ASSERT_EQ(entries.size(), 9);
-    EXPECT_EQ(entries.last().name, QStringLiteral("goodsKey"));
+    EXPECT_EQ(entries.last().name, u"goodsKey"_s);
 }

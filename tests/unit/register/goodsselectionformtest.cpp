@@ -15,6 +15,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -56,7 +58,7 @@ protected:
     template <typename T>
     T* widget(const char* name) const
     {
-        return form->rootWidget()->findChild<T*>(QLatin1String(name));
+        return form->rootWidget()->findChild<T*>(QLatin1StringView(name));
     }
     void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
     void type(const QString& text)
@@ -71,8 +73,7 @@ protected:
     SelectedGoods selected() const
     {
         EXPECT_EQ(answers().size(), 1);
-        return answers().isEmpty() ? SelectedGoods()
-                                   : answers().first().value(QStringLiteral("result")).value<SelectedGoods>();
+        return answers().isEmpty() ? SelectedGoods() : answers().first().value(u"result"_s).value<SelectedGoods>();
     }
 
     AnsweredGui answered;
@@ -81,12 +82,12 @@ protected:
 
 TEST_F(GoodsSelection, opened_focusStandsInTheFilterAndTheWantedGoodsAreCurrent)
 {
-    open(QStringLiteral("Амоксициллин"), QStringLiteral("Амоксициллин / Амоксидар / 30"));
-    EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("filterLineEdit"));
+    open(u"Амоксициллин"_s, u"Амоксициллин / Амоксидар / 30"_s);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"filterLineEdit"_s);
     EXPECT_EQ(shownRows(), 3);
     EXPECT_TRUE(widget<TalloTableView>("goodsTable")->currentIndex().data().toString().startsWith("Амоксидар,"));
-    EXPECT_EQ(widget<QLabel>("medicineInfoLabel")->text(), QStringLiteral("Амоксициллин / Амоксидар / 30"));
-    EXPECT_EQ(widget<TalloLineEdit>("quantityLineEdit")->text(), QStringLiteral("1"));
+    EXPECT_EQ(widget<QLabel>("medicineInfoLabel")->text(), u"Амоксициллин / Амоксидар / 30"_s);
+    EXPECT_EQ(widget<TalloLineEdit>("quantityLineEdit")->text(), u"1"_s);
 }
 
 TEST_F(GoodsSelection, withoutInfo_itsLineIsHidden)
@@ -98,7 +99,7 @@ TEST_F(GoodsSelection, withoutInfo_itsLineIsHidden)
 
 TEST_F(GoodsSelection, infoLongerThanItsRoom_isWholeInTheToolTip)
 {
-    const QString info = QString(300, QChar(0x416)) + QStringLiteral(" / ") + QString(300, QChar(0x429));
+    const QString info = QString(300, QChar(0x416)) + u" / "_s + QString(300, QChar(0x429));
     open({}, info);
     auto* label = widget<QLabel>("medicineInfoLabel");
     EXPECT_LE(label->height(), 72);
@@ -109,21 +110,21 @@ TEST_F(GoodsSelection, infoLongerThanItsRoom_isWholeInTheToolTip)
 
 TEST_F(GoodsSelection, returnPressed_answersTheCurrentRowAndOnePack)
 {
-    open(QStringLiteral("Амоксициллин"));
+    open(u"Амоксициллин"_s);
     press(Qt::Key_Down);
     press(Qt::Key_Return);
-    EXPECT_EQ(selected().goods.name, QStringLiteral("Амоксидар, капсулы 500 мг №16"));
+    EXPECT_EQ(selected().goods.name, u"Амоксидар, капсулы 500 мг №16"_s);
     EXPECT_EQ(selected().packs, 1);
-    EXPECT_EQ(answers().first().value(QStringLiteral("data")).toInt(), 0);
+    EXPECT_EQ(answers().first().value(u"data"_s).toInt(), 0);
 }
 
 TEST_F(GoodsSelection, filterTyped_onlyMatchesAreShownWhateverTheCase)
 {
     open({});
-    type(QStringLiteral("ПАРАЦЕТ"));
+    type(u"ПАРАЦЕТ"_s);
     EXPECT_EQ(shownRows(), 2) << "by name or non-proprietary name";
     press(Qt::Key_Return);
-    EXPECT_EQ(selected().goods.nonProprietaryName, QStringLiteral("Парацетамол"));
+    EXPECT_EQ(selected().goods.nonProprietaryName, u"Парацетамол"_s);
 }
 
 TEST_F(GoodsSelection, barcodeTyped_findsItsGoods)
@@ -136,8 +137,8 @@ TEST_F(GoodsSelection, barcodeTyped_findsItsGoods)
 
 TEST_F(GoodsSelection, nothingMatches_isToldAtOnceAndReturnChangesNothing)
 {
-    const QString told = QStringLiteral("По запросу «4600000000000» ничего не найдено. Измените строку поиска.");
-    open({}, {}, QStringLiteral(" 4600000000000 "));
+    const QString told = u"По запросу «4600000000000» ничего не найдено. Измените строку поиска."_s;
+    open({}, {}, u" 4600000000000 "_s);
     EXPECT_EQ(hint(), told);
     EXPECT_TRUE(widget<QPushButton>("okButton")->property("idle").toBool());
     press(Qt::Key_Return);
@@ -151,35 +152,35 @@ TEST_F(GoodsSelection, nothingMatches_isToldAtOnceAndReturnChangesNothing)
 TEST_F(GoodsSelection, filterTypedDownToNothing_isToldAtOnce)
 {
     open({});
-    type(QStringLiteral("парацет"));
+    type(u"парацет"_s);
     EXPECT_TRUE(hint().isEmpty());
-    type(QStringLiteral("ъ"));
-    EXPECT_TRUE(hint().startsWith(QStringLiteral("По запросу «парацетъ» ничего не найдено")));
+    type(u"ъ"_s);
+    EXPECT_TRUE(hint().startsWith(u"По запросу «парацетъ» ничего не найдено"_s));
 }
 
 TEST_F(GoodsSelection, longSearchWithoutAMatch_isQuotedInPart)
 {
     open({}, {}, QString(10'000, QChar(0x416)));
     EXPECT_LT(hint().size(), 150);
-    EXPECT_TRUE(hint().contains(QStringLiteral("Ж…» ничего не найдено")));
+    EXPECT_TRUE(hint().contains(u"Ж…» ничего не найдено"_s));
 }
 
 TEST_F(GoodsSelection, noGoodsAtAll_isTold)
 {
-    open(QStringLiteral("Нет такого вещества"));
-    EXPECT_EQ(hint(), QStringLiteral("Нет товара для выбора. Вернитесь назад."));
+    open(u"Нет такого вещества"_s);
+    EXPECT_EQ(hint(), u"Нет товара для выбора. Вернитесь назад."_s);
 }
 
 TEST_F(GoodsSelection, goodsOutOfStock_areGreyedSoNamedAndRefused)
 {
     CatalogueGoods gone;
-    gone.name = QStringLiteral("Амоксидар, капсулы");
+    gone.name = u"Амоксидар, капсулы"_s;
     CatalogueGoods there = gone;
     there.stock = 3;
     const GoodsTableModel model({gone, there});
     const QModelIndex stockOfGone = model.index(0, GoodsTableModel::Stock);
-    EXPECT_EQ(stockOfGone.data().toString(), QStringLiteral("нет"));
-    EXPECT_EQ(model.index(1, GoodsTableModel::Stock).data().toString(), QStringLiteral("3"));
+    EXPECT_EQ(stockOfGone.data().toString(), u"нет"_s);
+    EXPECT_EQ(model.index(1, GoodsTableModel::Stock).data().toString(), u"3"_s);
     for (int column = 0; column < GoodsTableModel::SearchText; ++column) {
         EXPECT_EQ(model.index(0, column).data(Qt::ForegroundRole).value<QBrush>().color(), RegisterColours().mutedText);
         EXPECT_FALSE(model.index(1, column).data(Qt::ForegroundRole).isValid());
@@ -189,13 +190,13 @@ TEST_F(GoodsSelection, goodsOutOfStock_areGreyedSoNamedAndRefused)
     form->rootWidget()->show();
     widget<QPushButton>("okButton")->click();
     EXPECT_TRUE(answers().isEmpty());
-    EXPECT_EQ(hint(), QStringLiteral("Этого товара нет на остатке. Выберите другой."));
+    EXPECT_EQ(hint(), u"Этого товара нет на остатке. Выберите другой."_s);
 }
 
 TEST_F(GoodsSelection, packsTyped_areAnswered)
 {
     open({}, {}, amoxidar);
-    widget<TalloLineEdit>("quantityLineEdit")->setText(QStringLiteral("24"));
+    widget<TalloLineEdit>("quantityLineEdit")->setText(u"24"_s);
     widget<QPushButton>("okButton")->click();
     EXPECT_EQ(selected().packs, 24);
 }
@@ -203,10 +204,10 @@ TEST_F(GoodsSelection, packsTyped_areAnswered)
 TEST_F(GoodsSelection, morePacksThanInStock_saysSoAndStays)
 {
     open({}, {}, amoxidar);
-    widget<TalloLineEdit>("quantityLineEdit")->setText(QStringLiteral("25"));
+    widget<TalloLineEdit>("quantityLineEdit")->setText(u"25"_s);
     press(Qt::Key_Return);
     EXPECT_TRUE(answers().isEmpty());
-    EXPECT_TRUE(hint().startsWith(QStringLiteral("На остатке 24 уп., запрошено 25")));
+    EXPECT_TRUE(hint().startsWith(u"На остатке 24 уп., запрошено 25"_s));
 }
 
 TEST_F(GoodsSelection, packsEmpty_asksForThem)
@@ -215,8 +216,8 @@ TEST_F(GoodsSelection, packsEmpty_asksForThem)
     widget<TalloLineEdit>("quantityLineEdit")->clear();
     press(Qt::Key_Return);
     EXPECT_TRUE(answers().isEmpty());
-    EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("quantityLineEdit"));
-    EXPECT_EQ(hint(), QStringLiteral("Введите целое количество упаковок от 1 до 999."));
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"quantityLineEdit"_s);
+    EXPECT_EQ(hint(), u"Введите целое количество упаковок от 1 до 999."_s);
 }
 
 TEST_F(GoodsSelection, packsAreNoWholeNumber_areLeftStandingAndAskedForAgain)
@@ -230,19 +231,19 @@ TEST_F(GoodsSelection, packsAreNoWholeNumber_areLeftStandingAndAskedForAgain)
         press(Qt::Key_Return);
         EXPECT_TRUE(answers().isEmpty()) << qPrintable(typed);
         EXPECT_EQ(packs->text(), typed);
-        EXPECT_EQ(hint(), QStringLiteral("Введите целое количество упаковок от 1 до 999."));
+        EXPECT_EQ(hint(), u"Введите целое количество упаковок от 1 до 999."_s);
     }
 }
 
 TEST_F(GoodsSelection, scannedIntoThePacks_searchesTheGoodsAndLeavesThePacks)
 {
-    open({}, {}, QStringLiteral("парацет"));
+    open({}, {}, u"парацет"_s);
     auto* packs = widget<TalloLineEdit>("quantityLineEdit");
-    packs->setText(QStringLiteral("2"));
+    packs->setText(u"2"_s);
     packs->setFocus();
     scanInto(*packs, amoxidar);
     EXPECT_TRUE(answers().isEmpty()) << "the Return of a scan sells nothing";
-    EXPECT_EQ(packs->text(), QStringLiteral("2"));
+    EXPECT_EQ(packs->text(), u"2"_s);
     auto* filter = widget<TalloLineEdit>("filterLineEdit");
     EXPECT_EQ(filter->text(), amoxidar);
     EXPECT_EQ(QApplication::focusWidget(), filter);
@@ -256,8 +257,8 @@ TEST_F(GoodsSelection, scannedTwiceIntoThePacks_theSecondTakesThePlaceOfTheFirst
 {
     open({});
     widget<TalloLineEdit>("quantityLineEdit")->setFocus();
-    scanInto(*QApplication::focusWidget(), QStringLiteral("4600000000000"));
-    EXPECT_EQ(hint(), QStringLiteral("По запросу «4600000000000» ничего не найдено. Измените строку поиска."));
+    scanInto(*QApplication::focusWidget(), u"4600000000000"_s);
+    EXPECT_EQ(hint(), u"По запросу «4600000000000» ничего не найдено. Измените строку поиска."_s);
     scanInto(*QApplication::focusWidget(), amoxidar);
     EXPECT_EQ(selected().goods.barcode, amoxidar);
     EXPECT_EQ(selected().packs, 1);
@@ -269,7 +270,7 @@ TEST_F(GoodsSelection, packsTypedAndReturn_choosesThatMany)
     auto* packs = widget<TalloLineEdit>("quantityLineEdit");
     packs->setFocus();
     packs->selectAll();
-    QTest::keyClicks(packs, QStringLiteral("12"));
+    QTest::keyClicks(packs, u"12"_s);
     press(Qt::Key_Return);
     EXPECT_EQ(selected().packs, 12);
 }
@@ -282,30 +283,32 @@ TEST_F(GoodsSelection, escOrBackButton_answersMinusOneWithoutGoods)
     ASSERT_EQ(answers().size(), 2);
     for (const control::Action& answer : answers()) {
         EXPECT_EQ(answer.getType(), control::DialogAnswer);
-        EXPECT_EQ(answer.value(QStringLiteral("data")).toInt(), -1);
-        EXPECT_FALSE(answer.value(QStringLiteral("result")).isValid());
+        EXPECT_EQ(answer.value(u"data"_s).toInt(), -1);
+        EXPECT_FALSE(answer.value(u"result"_s).isValid());
     }
 }
 
 TEST_F(GoodsSelection, touchMode_hasKeyboardAndAmountButtons)
 {
-    config.set(QStringLiteral("GUI:touchMode"), QStringLiteral("true"));
+    config.set(u"GUI:touchMode"_s, u"true"_s);
     open({}, {}, amoxidar);
     ASSERT_TRUE(widget<QWidget>("talloKeyboard"));
     widget<QPushButton>("quantityPlusButton")->click();
     widget<QPushButton>("quantityPlusButton")->click();
     widget<QPushButton>("quantityMinusButton")->click();
-    EXPECT_EQ(widget<TalloLineEdit>("quantityLineEdit")->text(), QStringLiteral("2"));
-    for (int press = 0; press < 5; ++press)
+    EXPECT_EQ(widget<TalloLineEdit>("quantityLineEdit")->text(), u"2"_s);
+    for (int press = 0; press < 5; ++press) {
         widget<QPushButton>("quantityMinusButton")->click();
-    EXPECT_EQ(widget<TalloLineEdit>("quantityLineEdit")->text(), QStringLiteral("1"));
+    }
+    EXPECT_EQ(widget<TalloLineEdit>("quantityLineEdit")->text(), u"1"_s);
 }
 
 TEST_F(GoodsSelection, withoutTouch_theirWidgetsAreGone)
 {
     open({});
-    for (const char* name : {"talloKeyboard", "quantityPlusButton", "quantityMinusButton", "scrollUpButton"})
+    for (const char* name : {"talloKeyboard", "quantityPlusButton", "quantityMinusButton", "scrollUpButton"}) {
         EXPECT_FALSE(widget<QWidget>(name)) << name;
+    }
 }
 
 TEST_F(GoodsSelection, nameOfTenThousandCharacters_doesNotWidenTheWindow)
@@ -320,18 +323,18 @@ TEST_F(GoodsSelection, nameOfTenThousandCharacters_doesNotWidenTheWindow)
 
 TEST_F(GoodsSelection, layoutWithoutTheTable_throwsWithItsName)
 {
-    QFile original(QStringLiteral(":/layouts/goodsselection.ui"));
+    QFile original(u":/layouts/goodsselection.ui"_s);
     ASSERT_TRUE(original.open(QIODevice::ReadOnly));
-    QFile broken(folder.filePath(QStringLiteral("goodsselection.ui")));
+    QFile broken(folder.filePath(u"goodsselection.ui"_s));
     ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
     broken.write(original.readAll().replace("goodsTable", "otherTable"));
     broken.close();
-    config.set(QStringLiteral("GUI:layouts"), folder.path());
+    config.set(u"GUI:layouts"_s, folder.path());
     try {
         const GoodsSelectionForm unusable(GoodsSelectionParams{});
         FAIL();
     } catch (const BasicException& exception) {
-        EXPECT_TRUE(exception.tr().ui().contains(QStringLiteral("goodsTable")));
+        EXPECT_TRUE(exception.tr().ui().contains(u"goodsTable"_s));
     }
 }
 
@@ -341,7 +344,7 @@ TEST_F(GoodsSelection, infoNamesATradeName_itsGoodsAreCurrent)
     const auto wanted = std::find_if(goods.cbegin() + 1, goods.cend(), [](const auto& one) { return one.stock > 0; });
     ASSERT_NE(wanted, goods.cend());
     const QString tradeName = wanted->name.section(',', 0, 0);
-    open({}, QStringLiteral("Вещество / ") + tradeName + QStringLiteral(" / 10"));
+    open({}, u"Вещество / "_s + tradeName + u" / 10"_s);
     press(Qt::Key_Return);
     EXPECT_EQ(selected().goods.name, wanted->name);
 }

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -25,18 +27,17 @@ TEST(JsonDifference, namedMembersEqual_othersDoNotMatter)
 
 TEST(JsonDifference, difference_isNamedWithItsPath)
 {
-    EXPECT_EQ(difference(R"({"a": [{"b": 1}]})", R"({"a": [{"b": 2}]})"), QStringLiteral("a[0].b is 2 instead of 1"));
-    EXPECT_EQ(difference(R"({"a": 1})", "{}"), QStringLiteral("a is nothing instead of 1"));
-    EXPECT_EQ(difference(R"({"a": null})", "{}"), QStringLiteral("a is nothing instead of null"));
-    EXPECT_EQ(difference(R"({"a": "1"})", R"({"a": 1})"), QStringLiteral("a is 1 instead of \"1\""));
-    EXPECT_EQ(difference(R"({"a": []})", R"({"a": [1]})"), QStringLiteral("a has 1 entries instead of 0"));
-    EXPECT_EQ(difference(R"({"a": [1]})", R"({"a": {}})"), QStringLiteral("a is {} instead of [1]"));
+    EXPECT_EQ(difference(R"({"a": [{"b": 1}]})", R"({"a": [{"b": 2}]})"), u"a[0].b is 2 instead of 1"_s);
+    EXPECT_EQ(difference(R"({"a": 1})", "{}"), u"a is nothing instead of 1"_s);
+    EXPECT_EQ(difference(R"({"a": null})", "{}"), u"a is nothing instead of null"_s);
+    EXPECT_EQ(difference(R"({"a": "1"})", R"({"a": 1})"), u"a is 1 instead of \"1\""_s);
+    EXPECT_EQ(difference(R"({"a": []})", R"({"a": [1]})"), u"a has 1 entries instead of 0"_s);
+    EXPECT_EQ(difference(R"({"a": [1]})", R"({"a": {}})"), u"a is {} instead of [1]"_s);
 }
 
 TEST(JsonDifference, objectExpectedInAText_theTextIsReadAsJson)
 {
     EXPECT_EQ(difference(R"({"o": {"id": "x"}})", R"({"o": "{\"id\":\"x\",\"y\":1}"})"), QString());
-    EXPECT_EQ(difference(R"({"o": {"id": "x"}})", R"({"o": "{\"id\":\"z\"}"})"),
-              QStringLiteral("o.id is \"z\" instead of \"x\""));
+    EXPECT_EQ(difference(R"({"o": {"id": "x"}})", R"({"o": "{\"id\":\"z\"}"})"), u"o.id is \"z\" instead of \"x\""_s);
     EXPECT_FALSE(difference(R"({"o": {"id": "x"}})", R"({"o": "no json"})").isEmpty());
 }

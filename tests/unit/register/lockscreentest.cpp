@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 class LockScreenTest : public ::testing::Test
 {
 protected:
@@ -23,7 +25,7 @@ protected:
 
     void type(const QString& code)
     {
-        auto* input = screen.findChild<QLineEdit*>(QStringLiteral("unlockLineEdit"));
+        auto* input = screen.findChild<QLineEdit*>(u"unlockLineEdit"_s);
         QTest::keyClicks(input, code);
         QTest::keyClick(input, Qt::Key_Return);
     }
@@ -32,19 +34,19 @@ protected:
 
     Configured config;
     QWidget window;
-    LockScreen screen{QStringLiteral("2468"), &window};
+    LockScreen screen{u"2468"_s, &window};
 
 private:
-    const QLabel& label() const { return *screen.findChild<QLabel*>(QStringLiteral("lockHintLabel")); }
+    const QLabel& label() const { return *screen.findChild<QLabel*>(u"lockHintLabel"_s); }
 };
 
 TEST_F(LockScreenTest, wrongCode_isToldInTheColourOfErrors)
 {
     screen.lock();
-    EXPECT_EQ(hint(), QStringLiteral("Введите код кассира"));
+    EXPECT_EQ(hint(), u"Введите код кассира"_s);
     EXPECT_NE(hintColour(), RegisterColours().error);
-    type(QStringLiteral("1111"));
-    EXPECT_EQ(hint(), QStringLiteral("Код не подходит. Введите ещё раз."));
+    type(u"1111"_s);
+    EXPECT_EQ(hint(), u"Код не подходит. Введите ещё раз."_s);
     EXPECT_EQ(hintColour(), RegisterColours().error);
     EXPECT_TRUE(screen.isVisible());
 }
@@ -53,10 +55,10 @@ TEST_F(LockScreenTest, lockedAgainAfterAWrongCode_asksAsAtFirst)
 {
     screen.lock();
     const QColor asked = hintColour();
-    type(QStringLiteral("1111"));
-    type(QStringLiteral("2468"));
+    type(u"1111"_s);
+    type(u"2468"_s);
     ASSERT_FALSE(screen.isVisible());
     screen.lock();
-    EXPECT_EQ(hint(), QStringLiteral("Введите код кассира"));
+    EXPECT_EQ(hint(), u"Введите код кассира"_s);
     EXPECT_EQ(hintColour(), asked);
 }

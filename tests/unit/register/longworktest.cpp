@@ -6,13 +6,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 Event begin(const char* message)
 {
     return Event(EActivityListener::LongWorkBegins)
-        .addArgument(QStringLiteral("message"), QVariant::fromValue(tr::Tr(tr::undefined, QLatin1String(message))));
+        .addArgument(u"message"_s, QVariant::fromValue(tr::Tr(tr::undefined, QLatin1StringView(message))));
 }
 
 const Event end(EActivityListener::LongWorkEnds);
@@ -33,8 +35,8 @@ TEST(LongWork, nested_runsUntilTheOuterEndsAndShowsTheInnerOne)
     EXPECT_FALSE(work.isRunning());
     EXPECT_EQ(ended.size(), 1);
     ASSERT_EQ(running.size(), 3);
-    EXPECT_EQ(running.at(1).first().toString(), QStringLiteral("inner"));
-    EXPECT_EQ(running.at(2).first().toString(), QStringLiteral("outer"));
+    EXPECT_EQ(running.at(1).first().toString(), u"inner"_s);
+    EXPECT_EQ(running.at(2).first().toString(), u"outer"_s);
 }
 
 TEST(LongWork, endWithoutABeginning_isPassedOver)

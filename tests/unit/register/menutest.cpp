@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 class MenuTest : public TillWindow
 {
 protected:
@@ -30,14 +32,14 @@ protected:
     /// Opens the menu, does `act` in it, and waits until everything that it brought about is done.
     void inMenu(const Cashier::Act& act)
     {
-        cashier.onForm(QStringLiteral("menuForm"), act);
+        cashier.onForm(u"menuForm"_s, act);
         press(Qt::Key_F10);
         ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
         ASSERT_TRUE(becomesIdle());
     }
     static QPushButton* entry(const QWidget& menu, const char* name)
     {
-        return menu.findChild<QPushButton*>(QLatin1String(name));
+        return menu.findChild<QPushButton*>(QLatin1StringView(name));
     }
 
     ReceiptPrinter printer;
@@ -87,8 +89,7 @@ TEST_F(MenuTest, withAReceipt_nothingIsTakenBack)
     sale->add(article(amoxidar));
     openWindow();
     inMenu([](QWidget& menu) {
-        EXPECT_EQ(entry(menu, "takeBackEntry")->text(),
-                  QStringLiteral("3. Возврат продажи — сначала завершите чек № 1"));
+        EXPECT_EQ(entry(menu, "takeBackEntry")->text(), u"3. Возврат продажи — сначала завершите чек № 1"_s);
         EXPECT_FALSE(entry(menu, "takeBackEntry")->isEnabled());
         EXPECT_TRUE(entry(menu, "putAsideEntry")->isEnabled());
         EXPECT_TRUE(entry(menu, "cancelReceiptEntry")->isEnabled());
@@ -103,7 +104,7 @@ TEST_F(MenuTest, takeBackOpen_isNotPutAside)
     ASSERT_TRUE(sale->takeBack(sale->archive().find(1)));
     openWindow();
     inMenu([](QWidget& menu) {
-        EXPECT_EQ(entry(menu, "putAsideEntry")->text(), QStringLiteral("1. Отложить чек — возврат не откладывают"));
+        EXPECT_EQ(entry(menu, "putAsideEntry")->text(), u"1. Отложить чек — возврат не откладывают"_s);
         EXPECT_FALSE(entry(menu, "putAsideEntry")->isEnabled());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     });
@@ -133,7 +134,7 @@ TEST_P(MenuChoice, putAside_isDoneAfterTheMenuHasClosed)
     EXPECT_EQ(context, EContext::OpenReceipt);
     EXPECT_FALSE(sale->receipt());
     EXPECT_EQ(sale->archive().find(1)->getState(), Receipt::State::PutAside);
-    EXPECT_EQ(widget<QLabel>("statusMessageLabel")->text(), QStringLiteral("Чек № 1 отложен"));
+    EXPECT_EQ(widget<QLabel>("statusMessageLabel")->text(), u"Чек № 1 отложен"_s);
     EXPECT_EQ(QApplication::focusWidget(), widget<QWidget>("searchLineEdit"));
 }
 
@@ -147,13 +148,13 @@ INSTANTIATE_TEST_SUITE_P(
                       Way{"return", [](QWidget&) { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }},
                       Way{"downUpReturn",
                           [](QWidget&) {
-                              for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Return})
+                              for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Return}) {
                                   QTest::keyClick(QApplication::focusWidget(), key);
+                              }
                           }},
                       Way{"touch",
                           [](QWidget& menu) {
-                              QTest::mouseClick(menu.findChild<QPushButton*>(QStringLiteral("putAsideEntry")),
-                                                Qt::LeftButton);
+                              QTest::mouseClick(menu.findChild<QPushButton*>(u"putAsideEntry"_s), Qt::LeftButton);
                           }}),
     [](const auto& instance) { return std::string(instance.param.name); });
 
@@ -162,17 +163,17 @@ TEST_F(MenuTest, cancelReceipt_isCancelledByTheMenusAction)
     sale->add(article(amoxidar));
     openWindow();
     QList<int> asked;
-    for (const auto type : {control::StornoAll, control::StornoAllFromMenu})
+    for (const auto type : {control::StornoAll, control::StornoAllFromMenu}) {
         controller.object.addTrigger({EContext::OpenReceipt, type, ActionTrigger::Before,
                                       [&asked](const control::Action& action) {
                                           asked.append(action.getType());
                                           return EContext::GoOn;
                                       },
                                       ActionTrigger::Any, 1});
+    }
     inMenu([this](QWidget&) {
-        cashier.onForm(QStringLiteral("questionForm"), [](QWidget& question) {
-            question.findChild<QPushButton*>(QStringLiteral("yesButton"))->click();
-        });
+        cashier.onForm(u"questionForm"_s,
+                       [](QWidget& question) { question.findChild<QPushButton*>(u"yesButton"_s)->click(); });
         press(Qt::Key_5);
     });
     EXPECT_FALSE(sale->receipt());
@@ -204,7 +205,7 @@ TEST_P(ScannedInTheMenu, choosesNothing)
     openWindow();
     bool stands = false;
     inMenu([&](QWidget& menu) {
-        scanInWindow(QLatin1String(GetParam()));
+        scanInWindow(QLatin1StringView(GetParam()));
         QTest::qWait(quietTime);
         stands = gui.object.topForm() && gui.object.topForm()->rootWidget() == &menu;
         press(Qt::Key_Escape);
@@ -249,29 +250,27 @@ TEST_F(MenuTest, left_nothingHappens)
 
 TEST_F(MenuTest, configuredEntry_getsItsArgumentsAndTheCurrentPosition)
 {
-    config.set(QStringLiteral("Menu:entries"), QStringLiteral("mine"));
-    config.set(QStringLiteral("FunctionKey.mine:text"), QStringLiteral("Скидка"));
-    config.set(QStringLiteral("FunctionKey.mine:action"), QStringLiteral("94"));
-    config.set(QStringLiteral("FunctionKey.mine:arguments"), QStringLiteral("status=active"));
+    config.set(u"Menu:entries"_s, u"mine"_s);
+    config.set(u"FunctionKey.mine:text"_s, u"Скидка"_s);
+    config.set(u"FunctionKey.mine:action"_s, u"94"_s);
+    config.set(u"FunctionKey.mine:arguments"_s, u"status=active"_s);
     sale->add(article(amoxidar));
     openWindow();
     inMenu([this](QWidget& menu) {
-        EXPECT_EQ(entry(menu, "mine")->text(), QStringLiteral("1. Скидка — нет модуля"));
+        EXPECT_EQ(entry(menu, "mine")->text(), u"1. Скидка — нет модуля"_s);
         press(Qt::Key_Escape);
     });
     QVariantMap given;
     servePluginCommand(given);
     inMenu([this](QWidget&) { press(Qt::Key_1); });
-    EXPECT_EQ(given, (QVariantMap{{QStringLiteral("status"), QStringLiteral("active")},
-                                  {QStringLiteral("positionNumber"), 1}}));
+    EXPECT_EQ(given, (QVariantMap{{u"status"_s, u"active"_s}, {u"positionNumber"_s, 1}}));
 }
 
 TEST_F(MenuTest, nineEntries_fitTheSmallestScreenByTouch)
 {
-    config.set(QStringLiteral("GUI:touchMode"), QStringLiteral("true"));
-    config.set(QStringLiteral("Menu:entries"),
-               QStringLiteral("putAsideEntry,documentsEntry,takeBackEntry,annulEntry,cancelReceiptEntry,goodsKey,"
-                              "quantityKey,removeKey,subtotalKey"));
+    config.set(u"GUI:touchMode"_s, u"true"_s);
+    config.set(u"Menu:entries"_s, u"putAsideEntry,documentsEntry,takeBackEntry,annulEntry,cancelReceiptEntry,goodsKey,"
+                                  "quantityKey,removeKey,subtotalKey"_s);
     openWindow();
     bool fits = false;
     inMenu([&](QWidget& menu) {

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QTableView>
 
+using namespace Qt::StringLiterals;
+
 class PaymentTest : public TillWindow
 {
 protected:
@@ -23,7 +25,7 @@ protected:
         ASSERT_TRUE(becomesIdle());
         ASSERT_EQ(sale->phase(), Sale::Phase::Payment);
     }
-    void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), QLatin1String(text)); }
+    void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), QLatin1StringView(text)); }
     void pressAndFinish(Qt::Key key)
     {
         press(key);
@@ -45,10 +47,10 @@ TEST_F(PaymentTest, subtotal_showsTheSumAndWhatComesNext)
     TillWindow::openWindow();
     pressAndFinish(Qt::Key_F6);
     EXPECT_EQ(sale->phase(), Sale::Phase::Subtotal);
-    EXPECT_EQ(text("paymentCaptionLabel"), QStringLiteral("ПОДЫТОГ"));
-    EXPECT_EQ(text("paymentSumLabel"), QStringLiteral("12,40"));
-    EXPECT_EQ(widget<QPushButton>("payButton")->text(), QStringLiteral("К оплате"));
-    EXPECT_EQ(text("paymentHintLabel"), QStringLiteral("F12 или Ввод — дальше, Esc — назад к позициям."));
+    EXPECT_EQ(text("paymentCaptionLabel"), u"ПОДЫТОГ"_s);
+    EXPECT_EQ(text("paymentSumLabel"), u"12,40"_s);
+    EXPECT_EQ(widget<QPushButton>("payButton")->text(), u"К оплате"_s);
+    EXPECT_EQ(text("paymentHintLabel"), u"F12 или Ввод — дальше, Esc — назад к позициям."_s);
     EXPECT_EQ(QApplication::focusWidget(), widget<QPushButton>("payButton"));
     EXPECT_FALSE(isSeen("searchLineEdit"));
     EXPECT_FALSE(isSeen("receivedLineEdit"));
@@ -75,18 +77,18 @@ INSTANTIATE_TEST_SUITE_P(, SubtotalKey, ::testing::Values(Qt::Key_F12, Qt::Key_R
 
 TEST_F(PaymentTest, withoutAPaymentKey_theHintNamesNone)
 {
-    config.set(QStringLiteral("FunctionKeys:keys"), QStringLiteral("subtotalKey"));
+    config.set(u"FunctionKeys:keys"_s, u"subtotalKey"_s);
     TillWindow::openWindow();
     pressAndFinish(Qt::Key_F6);
-    EXPECT_EQ(text("paymentHintLabel"), QStringLiteral("Ввод — дальше, Esc — назад к позициям."));
+    EXPECT_EQ(text("paymentHintLabel"), u"Ввод — дальше, Esc — назад к позициям."_s);
 }
 
 TEST_F(PaymentTest, payment_asksForTheMoney)
 {
     openWindow();
-    EXPECT_EQ(text("paymentCaptionLabel"), QStringLiteral("К ОПЛАТЕ"));
-    EXPECT_EQ(text("paymentSumLabel"), QStringLiteral("12,40"));
-    EXPECT_EQ(text("changeLabel"), QStringLiteral("Сдача 0,00"));
+    EXPECT_EQ(text("paymentCaptionLabel"), u"К ОПЛАТЕ"_s);
+    EXPECT_EQ(text("paymentSumLabel"), u"12,40"_s);
+    EXPECT_EQ(text("changeLabel"), u"Сдача 0,00"_s);
     EXPECT_EQ(QApplication::focusWidget(), received());
     EXPECT_TRUE(received()->text().isEmpty());
     EXPECT_FALSE(isSeen("searchLineEdit"));
@@ -110,7 +112,7 @@ TEST_P(TypedMoney, changeIsToldAtOnce)
     openWindow();
     type(GetParam().text);
     EXPECT_EQ(text("changeLabel"), QString::fromUtf8(GetParam().change));
-    EXPECT_EQ(role("changeLabel"), QLatin1String(GetParam().role));
+    EXPECT_EQ(role("changeLabel"), QLatin1StringView(GetParam().role));
     EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
 }
 
@@ -133,9 +135,9 @@ TEST_F(PaymentTest, lettersOnTheKeysOfCommaAndPoint_areTheComma)
             QKeyEvent key(QEvent::KeyPress, character.unicode(), Qt::NoModifier, character);
             QCoreApplication::sendEvent(received(), &key);
         }
-        EXPECT_EQ(received()->text(), QStringLiteral("20.5")) << typed;
-        EXPECT_EQ(text("changeLabel"), QStringLiteral("Сдача 8,10")) << typed;
-        EXPECT_EQ(role("paymentHintLabel"), QStringLiteral("hint")) << typed;
+        EXPECT_EQ(received()->text(), u"20.5"_s) << typed;
+        EXPECT_EQ(text("changeLabel"), u"Сдача 8,10"_s) << typed;
+        EXPECT_EQ(role("paymentHintLabel"), u"hint"_s) << typed;
     }
 }
 
@@ -147,12 +149,11 @@ TEST_P(RefusedInput, isRefusedVisiblyUntilTheNextDigit)
 {
     openWindow();
     type(GetParam().text);
-    EXPECT_EQ(received()->text(), QLatin1String(GetParam().change)) << "what came before";
-    EXPECT_EQ(text("paymentHintLabel"),
-              QStringLiteral("Вводите только цифры и запятую, не больше двух цифр после неё."));
-    EXPECT_EQ(role("paymentHintLabel"), QStringLiteral("error"));
+    EXPECT_EQ(received()->text(), QLatin1StringView(GetParam().change)) << "what came before";
+    EXPECT_EQ(text("paymentHintLabel"), u"Вводите только цифры и запятую, не больше двух цифр после неё."_s);
+    EXPECT_EQ(role("paymentHintLabel"), u"error"_s);
     QTest::keyClick(received(), Qt::Key_Backspace);
-    EXPECT_EQ(role("paymentHintLabel"), QStringLiteral("hint"));
+    EXPECT_EQ(role("paymentHintLabel"), u"hint"_s);
 }
 
 INSTANTIATE_TEST_SUITE_P(, RefusedInput,
@@ -176,12 +177,12 @@ TEST_F(PaymentTest, paid_changeIsReadUntilTheNextReceipt)
     openWindow();
     type("16");
     pressAndFinish(Qt::Key_Return);
-    EXPECT_EQ(text("receiptNumberLabel"), QStringLiteral("Чек не открыт"));
-    EXPECT_EQ(text("statusMessageLabel"), QStringLiteral("Чек № 1 закрыт. Сдача 3,60"));
-    EXPECT_EQ(role("statusMessageLabel"), QStringLiteral("done"));
+    EXPECT_EQ(text("receiptNumberLabel"), u"Чек не открыт"_s);
+    EXPECT_EQ(text("statusMessageLabel"), u"Чек № 1 закрыт. Сдача 3,60"_s);
+    EXPECT_EQ(role("statusMessageLabel"), u"done"_s);
     EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
     pressAndFinish(Qt::Key_Return); // one more, in haste
-    EXPECT_EQ(text("statusMessageLabel"), QStringLiteral("Чек № 1 закрыт. Сдача 3,60"));
+    EXPECT_EQ(text("statusMessageLabel"), u"Чек № 1 закрыт. Сдача 3,60"_s);
     pressAndFinish(Qt::Key_F2);
     EXPECT_TRUE(text("statusMessageLabel").isEmpty());
 }
@@ -209,9 +210,9 @@ TEST_F(PaymentTest, tooLittlePaid_isToldAndTheReceiptStaysAtItsPayment)
     const ShownMessages messages;
     pressAndFinish(Qt::Key_Return);
     ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_EQ(messages.all().first().text, QStringLiteral("Получено 5,00, а к оплате 12,40.\nНе хватает 7,40."));
+    EXPECT_EQ(messages.all().first().text, u"Получено 5,00, а к оплате 12,40.\nНе хватает 7,40."_s);
     EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
-    EXPECT_EQ(received()->text(), QStringLiteral("5"));
+    EXPECT_EQ(received()->text(), u"5"_s);
     EXPECT_EQ(QApplication::focusWidget(), received());
 }
 
@@ -242,7 +243,7 @@ TEST_F(PaymentTest, moneyTyped_isForgottenWithThePayment)
     sale->add(article(amoxidar));
     pressAndFinish(Qt::Key_F12);
     EXPECT_TRUE(received()->text().isEmpty());
-    EXPECT_EQ(text("changeLabel"), QStringLiteral("Сдача 0,00"));
+    EXPECT_EQ(text("changeLabel"), u"Сдача 0,00"_s);
 }
 
 class ScannedAtPayment : public PaymentTest, public ::testing::WithParamInterface<const char*>
@@ -254,13 +255,13 @@ TEST_P(ScannedAtPayment, isNoMoneyAndClosesNothing)
     openWindow();
     type("50");
     const ShownMessages messages;
-    scan(QLatin1String(GetParam()));
+    scan(QLatin1StringView(GetParam()));
     EXPECT_FALSE(controller.object.isBusy());
     EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
-    EXPECT_EQ(received()->text(), QStringLiteral("50"));
+    EXPECT_EQ(received()->text(), u"50"_s);
     EXPECT_EQ(text("paymentHintLabel"),
-              QStringLiteral("Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям."));
-    EXPECT_EQ(role("paymentHintLabel"), QStringLiteral("error"));
+              u"Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям."_s);
+    EXPECT_EQ(role("paymentHintLabel"), u"error"_s);
     EXPECT_TRUE(messages.all().isEmpty());
 }
 
@@ -284,7 +285,7 @@ TEST_F(PaymentTest, scannedAtTheSubtotal_leadsNowhere)
     scan(amoxidar);
     EXPECT_FALSE(controller.object.isBusy());
     EXPECT_EQ(sale->phase(), Sale::Phase::Subtotal);
-    EXPECT_EQ(role("paymentHintLabel"), QStringLiteral("error"));
+    EXPECT_EQ(role("paymentHintLabel"), u"error"_s);
 }
 
 TEST_F(PaymentTest, scannedWithTheFocusOnBack_isRefusedAndLeadsNowhere)
@@ -296,8 +297,8 @@ TEST_F(PaymentTest, scannedWithTheFocusOnBack_isRefusedAndLeadsNowhere)
     EXPECT_FALSE(controller.object.isBusy());
     EXPECT_EQ(sale->phase(), Sale::Phase::Subtotal);
     EXPECT_EQ(text("paymentHintLabel"),
-              QStringLiteral("Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям."));
-    EXPECT_EQ(role("paymentHintLabel"), QStringLiteral("error"));
+              u"Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям."_s);
+    EXPECT_EQ(role("paymentHintLabel"), u"error"_s);
 }
 
 class ReturnOnBack : public PaymentTest, public ::testing::WithParamInterface<Qt::Key>
@@ -322,7 +323,7 @@ INSTANTIATE_TEST_SUITE_P(, ReturnOnBack, ::testing::Values(Qt::Key_F6, Qt::Key_F
 TEST_F(PaymentTest, returnHeldDown_closesNothing)
 {
     openWindow();
-    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
     QApplication::sendEvent(received(), &repeated);
     EXPECT_FALSE(controller.object.isBusy());
     EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
@@ -347,7 +348,7 @@ TEST_F(PaymentTest, typedWhileAFunctionKeyHasTheFocus_goesToTheMoney)
     widget<QPushButton>("goodsKey")->setFocus(Qt::TabFocusReason);
     type("2");
     type("0");
-    EXPECT_EQ(received()->text(), QStringLiteral("20"));
+    EXPECT_EQ(received()->text(), u"20"_s);
     EXPECT_EQ(QApplication::focusWidget(), received());
 }
 
@@ -364,11 +365,10 @@ TEST_F(PaymentTest, removeKey_removesThePositionAndGoesBackToThem)
 TEST_F(PaymentTest, cancelKey_cancelsTheReceiptAfterTheQuestion)
 {
     openWindow();
-    cashier.onForm(QStringLiteral("questionForm"),
-                   [](QWidget& root) { root.findChild<QPushButton*>(QStringLiteral("yesButton"))->click(); });
+    cashier.onForm(u"questionForm"_s, [](QWidget& root) { root.findChild<QPushButton*>(u"yesButton"_s)->click(); });
     pressAndFinish(Qt::Key_F9);
     EXPECT_FALSE(sale->receipt());
-    EXPECT_EQ(text("statusMessageLabel"), QStringLiteral("Чек № 1 отменён"));
+    EXPECT_EQ(text("statusMessageLabel"), u"Чек № 1 отменён"_s);
     EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
 }
 
@@ -376,10 +376,10 @@ TEST_F(PaymentTest, cancelKeyAndNo_leavesTheMoneyAsItWasTyped)
 {
     openWindow();
     type("50");
-    cashier.onForm(QStringLiteral("questionForm"), [this](QWidget&) { press(Qt::Key_Return); });
+    cashier.onForm(u"questionForm"_s, [this](QWidget&) { press(Qt::Key_Return); });
     pressAndFinish(Qt::Key_F9);
     EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
-    EXPECT_EQ(received()->text(), QStringLiteral("50"));
+    EXPECT_EQ(received()->text(), u"50"_s);
     EXPECT_EQ(QApplication::focusWidget(), received());
 }
 
@@ -388,8 +388,9 @@ TEST_F(PaymentTest, keysWhileAnActionRuns_doNothing)
     openWindow();
     const QSharedPointer<Receipt> receipt = sale->receipt();
     controller.object.setHostHandler(control::EActionType(5000), [this](control::Action&) {
-        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_F6})
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_F6}) {
             press(key);
+        }
         return EContext::GoOn;
     });
     controller.object.enqueue(control::Action(control::EActionType(5000)), false);
@@ -403,17 +404,17 @@ TEST_F(PaymentTest, subtotalOfATakeBack_leadsToPayingOut)
     openTakeBack();
     TillWindow::openWindow();
     pressAndFinish(Qt::Key_F6);
-    EXPECT_EQ(widget<QPushButton>("payButton")->text(), QStringLiteral("К выплате"));
+    EXPECT_EQ(widget<QPushButton>("payButton")->text(), u"К выплате"_s);
 }
 
 TEST_F(PaymentTest, takeBack_paysOutTheSumWithoutAskingForMoney)
 {
     openTakeBack();
     TillWindow::openWindow();
-    EXPECT_EQ(text("receiptNumberLabel"), QStringLiteral("Возврат № 2 (чек № 1)"));
+    EXPECT_EQ(text("receiptNumberLabel"), u"Возврат № 2 (чек № 1)"_s);
     pressAndFinish(Qt::Key_F12);
-    EXPECT_EQ(text("paymentCaptionLabel"), QStringLiteral("К ВОЗВРАТУ"));
-    EXPECT_EQ(text("paymentSumLabel"), QStringLiteral("12,40"));
+    EXPECT_EQ(text("paymentCaptionLabel"), u"К ВОЗВРАТУ"_s);
+    EXPECT_EQ(text("paymentSumLabel"), u"12,40"_s);
     EXPECT_FALSE(isSeen("receivedLineEdit"));
     EXPECT_FALSE(isSeen("changeLabel"));
     EXPECT_EQ(QApplication::focusWidget(), widget<QPushButton>("payButton"));
@@ -421,13 +422,13 @@ TEST_F(PaymentTest, takeBack_paysOutTheSumWithoutAskingForMoney)
     EXPECT_FALSE(controller.object.isBusy()) << "the Return of a scan pays nothing out";
     pressAndFinish(Qt::Key_Return);
     EXPECT_FALSE(sale->receipt());
-    EXPECT_EQ(text("statusMessageLabel"), QStringLiteral("Возврат № 2 закрыт. Выдано покупателю 12,40"));
+    EXPECT_EQ(text("statusMessageLabel"), u"Возврат № 2 закрыт. Выдано покупателю 12,40"_s);
 }
 
 class PaymentByTouch : public PaymentTest
 {
 protected:
-    PaymentByTouch() { config.set(QStringLiteral("GUI:touchMode"), QStringLiteral("true")); }
+    PaymentByTouch() { config.set(u"GUI:touchMode"_s, u"true"_s); }
     void touch(const char* name) { QTest::mouseClick(widget<QPushButton>(name), Qt::LeftButton); }
 };
 
@@ -440,13 +441,14 @@ TEST_F(PaymentByTouch, receipt_isSoldWithoutKeys)
     EXPECT_TRUE(text("paymentHintLabel").isEmpty()) << "there are no keys to name";
     touch("payButton");
     ASSERT_TRUE(becomesIdle());
-    for (const char* key : {"key_1", "key_5", "key_,", "key_5"})
+    for (const char* key : {"key_1", "key_5", "key_,", "key_5"}) {
         touch(key);
-    EXPECT_EQ(received()->text(), QStringLiteral("15.5"));
-    EXPECT_EQ(text("changeLabel"), QStringLiteral("Сдача 3,10"));
+    }
+    EXPECT_EQ(received()->text(), u"15.5"_s);
+    EXPECT_EQ(text("changeLabel"), u"Сдача 3,10"_s);
     touch("payButton");
     ASSERT_TRUE(becomesIdle());
-    EXPECT_EQ(text("statusMessageLabel"), QStringLiteral("Чек № 1 закрыт. Сдача 3,10"));
+    EXPECT_EQ(text("statusMessageLabel"), u"Чек № 1 закрыт. Сдача 3,10"_s);
 }
 
 TEST_F(PaymentByTouch, keypad_fitsTheSmallestScreenBesidePositions)

@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 class PluginHostTest : public Till
 {
 protected:
@@ -13,7 +15,7 @@ protected:
     static QStringList told() { return qApp->property("testPlugin").toStringList(); }
     static QString folderOf(const char* plugin)
     {
-        return QStringLiteral(TEST_PLUGINS "/") + QLatin1String(plugin) + QStringLiteral("_folder");
+        return QString::fromUtf8(TEST_PLUGINS "/") + QLatin1StringView(plugin) + u"_folder"_s;
     }
     void load(const QString& plugins) { host.load(plugins, controller.object, marks); }
 
@@ -26,8 +28,8 @@ TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsEntriesHold)
 {
     sale->add(article(amoxidar));
     load(folderOf("willing_plugin"));
-    EXPECT_EQ(told(), QStringList{QStringLiteral("init")});
-    EXPECT_EQ(host.active(), QStringList{QStringLiteral("willing_plugin")});
+    EXPECT_EQ(told(), QStringList{u"init"_s});
+    EXPECT_EQ(host.active(), QStringList{u"willing_plugin"_s});
     EXPECT_TRUE(host.problems().isEmpty());
     EXPECT_EQ(gui.object.formCreators(), registersOwnCreators + 1);
     EXPECT_TRUE(controller.object.isHandled(control::PluginCommand));
@@ -35,7 +37,7 @@ TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsEntriesHold)
     EXPECT_EQ(controller.object.execute(storno), EContext::Stop);
 
     host.unload(controller.object);
-    EXPECT_EQ(told(), (QStringList{QStringLiteral("init"), QStringLiteral("deinit"), QStringLiteral("destroyed")}));
+    EXPECT_EQ(told(), (QStringList{u"init"_s, u"deinit"_s, u"destroyed"_s}));
     EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     EXPECT_TRUE(host.active().isEmpty());
 }
@@ -44,10 +46,10 @@ TEST_F(PluginHostTest, willingPlugin_hearsEventsUntilItIsUnloaded)
 {
     load(folderOf("willing_plugin"));
     sale->open();
-    EXPECT_EQ(told().last(), QStringLiteral("event 10"));
+    EXPECT_EQ(told().last(), u"event 10"_s);
     host.unload(controller.object);
     notifier.object.notify(Event(EActivityListener::ReceiptClosed));
-    EXPECT_EQ(told().last(), QStringLiteral("destroyed"));
+    EXPECT_EQ(told().last(), u"destroyed"_s);
 }
 
 TEST_F(PluginHostTest, pluginThatCannotBegin_hearsNoEventAndOthersDo)
@@ -57,7 +59,7 @@ TEST_F(PluginHostTest, pluginThatCannotBegin_hearsNoEventAndOthersDo)
         witness.seen.clear();
         load(folderOf(plugin));
         notifier.object.notify(Event(EActivityListener::ReceiptOpened));
-        EXPECT_EQ(told(), QStringList{QStringLiteral("init")}) << plugin;
+        EXPECT_EQ(told(), QStringList{u"init"_s}) << plugin;
         EXPECT_EQ(witness.codes(), QList<int>{EActivityListener::ReceiptOpened}) << plugin;
     }
     host.unload(controller.object);
@@ -72,7 +74,7 @@ TEST_F(PluginHostTest, idlePlugin_nothingOfItIsTakenOverAndItIsNotDeinitialised)
     EXPECT_TRUE(host.active().isEmpty());
     EXPECT_TRUE(host.problems().isEmpty());
     host.unload(controller.object);
-    EXPECT_EQ(told(), (QStringList{QStringLiteral("init"), QStringLiteral("destroyed")}));
+    EXPECT_EQ(told(), (QStringList{u"init"_s, u"destroyed"_s}));
 }
 
 TEST_F(PluginHostTest, throwingPlugin_isToldAndStaysIdle)
@@ -80,7 +82,7 @@ TEST_F(PluginHostTest, throwingPlugin_isToldAndStaysIdle)
     sale->open();
     load(folderOf("throwing_plugin"));
     EXPECT_EQ(gui.object.formCreators(), registersOwnCreators);
-    EXPECT_EQ(host.problems(), QStringList{QStringLiteral("throwing_plugin: нет связи")});
+    EXPECT_EQ(host.problems(), QStringList{u"throwing_plugin: нет связи"_s});
     EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     host.unload(controller.object);
 }
@@ -88,51 +90,51 @@ TEST_F(PluginHostTest, throwingPlugin_isToldAndStaysIdle)
 TEST_F(PluginHostTest, foreignPlugin_isToldAndSkipped)
 {
     load(folderOf("foreign_plugin"));
-    EXPECT_EQ(host.problems(), QStringList{QStringLiteral("foreign_plugin: это не модуль кассы")});
+    EXPECT_EQ(host.problems(), QStringList{u"foreign_plugin: это не модуль кассы"_s});
     host.unload(controller.object);
 }
 
 TEST_F(PluginHostTest, garbageInTheFolder_isToldAndTheRestIsLoaded)
 {
     const QDir plugins(folder.path());
-    QFile garbage(plugins.filePath(QStringLiteral("libbroken.so")));
+    QFile garbage(plugins.filePath(u"libbroken.so"_s));
     ASSERT_TRUE(garbage.open(QIODevice::WriteOnly));
     garbage.write(QByteArray(10'000, 'x'));
     garbage.close();
-    ASSERT_TRUE(QFile::link(folderOf("willing_plugin") + QStringLiteral("/libwilling_plugin.so"),
-                            plugins.filePath(QStringLiteral("libwilling_plugin.so"))));
+    ASSERT_TRUE(QFile::link(folderOf("willing_plugin") + u"/libwilling_plugin.so"_s,
+                            plugins.filePath(u"libwilling_plugin.so"_s)));
     load(plugins.path());
     ASSERT_EQ(host.problems().size(), 1);
-    EXPECT_TRUE(host.problems().first().startsWith(QStringLiteral("broken: ")));
-    EXPECT_EQ(host.active(), QStringList{QStringLiteral("willing_plugin")});
+    EXPECT_TRUE(host.problems().first().startsWith(u"broken: "_s));
+    EXPECT_EQ(host.active(), QStringList{u"willing_plugin"_s});
     host.unload(controller.object);
 }
 
 TEST_F(PluginHostTest, folderBesideThePlugin_bringsLayoutsAndMarks)
 {
     const QDir plugins(folder.path());
-    ASSERT_TRUE(QFile::link(folderOf("willing_plugin") + QStringLiteral("/libwilling_plugin.so"),
-                            plugins.filePath(QStringLiteral("libwilling_plugin.so"))));
-    ASSERT_TRUE(plugins.mkdir(QStringLiteral("willing_plugin")));
-    QFile json(plugins.filePath(QStringLiteral("willing_plugin/positionmarks.json")));
+    ASSERT_TRUE(QFile::link(folderOf("willing_plugin") + u"/libwilling_plugin.so"_s,
+                            plugins.filePath(u"libwilling_plugin.so"_s)));
+    ASSERT_TRUE(plugins.mkdir(u"willing_plugin"_s));
+    QFile json(plugins.filePath(u"willing_plugin/positionmarks.json"_s));
     ASSERT_TRUE(json.open(QIODevice::WriteOnly));
     json.write(R"({"positions": [{"tag": "t", "mark": "М"}]})");
     json.close();
-    config.set(QStringLiteral("GUI:layouts"), QStringLiteral("/mine"));
+    config.set(u"GUI:layouts"_s, u"/mine"_s);
     load(plugins.path());
-    EXPECT_EQ(Singleton<Config>::get()->getString(QStringLiteral("GUI:layouts")),
-              QStringLiteral("/mine:") + plugins.filePath(QStringLiteral("willing_plugin")));
+    EXPECT_EQ(Singleton<Config>::get()->getString(u"GUI:layouts"_s),
+              u"/mine:"_s + plugins.filePath(u"willing_plugin"_s));
     ReceiptPosition position({}, {});
-    position.setTag(QStringLiteral("t"));
-    EXPECT_EQ(marks.look(position).mark, QStringLiteral("М"));
+    position.setTag(u"t"_s);
+    EXPECT_EQ(marks.look(position).mark, u"М"_s);
     host.unload(controller.object);
 }
 
 TEST_F(PluginHostTest, folderMissing_isTold)
 {
-    load(folder.filePath(QStringLiteral("absent")));
+    load(folder.filePath(u"absent"_s));
     ASSERT_EQ(host.problems().size(), 1);
-    EXPECT_TRUE(host.problems().first().endsWith(QStringLiteral("нет такой папки")));
+    EXPECT_TRUE(host.problems().first().endsWith(u"нет такой папки"_s));
 }
 
 TEST_F(PluginHostTest, emptyFolder_isNoProblem)

@@ -6,12 +6,14 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 class PositionMarksTest : public ::testing::Test
 {
 protected:
     void load(const QByteArray& json)
     {
-        const QString path = folder.filePath(QStringLiteral("positionmarks.json"));
+        const QString path = folder.filePath(u"positionmarks.json"_s);
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(json);
@@ -37,7 +39,7 @@ const QByteArray paper = R"({"positions": [
 TEST_F(PositionMarksTest, otherTag_looksLikeAnyOther)
 {
     load(paper);
-    position.setTag(QStringLiteral("Paper"));
+    position.setTag(u"Paper"_s);
     const auto look = marks.look(position);
     EXPECT_TRUE(look.mark.isEmpty());
     EXPECT_TRUE(look.state.isEmpty());
@@ -46,13 +48,13 @@ TEST_F(PositionMarksTest, otherTag_looksLikeAnyOther)
 TEST_F(PositionMarksTest, optionAbsent_nullStateFits)
 {
     load(paper);
-    position.setTag(QStringLiteral("paper"));
+    position.setTag(u"paper"_s);
     for (const char* options : {"", "{}", "no json", "[1]", "{\"other\":1}"}) {
         position.setExtendedOptions(QString::fromLatin1(options));
         const auto look = marks.look(position);
-        EXPECT_EQ(look.mark, QStringLiteral("БР")) << options;
-        EXPECT_EQ(look.description, QStringLiteral("Бумага")) << options;
-        EXPECT_EQ(look.state, QStringLiteral("новый")) << options;
+        EXPECT_EQ(look.mark, u"БР"_s) << options;
+        EXPECT_EQ(look.description, u"Бумага"_s) << options;
+        EXPECT_EQ(look.state, u"новый"_s) << options;
         EXPECT_EQ(look.stateColour, QColor(0x8a, 0x5a, 0)) << options;
     }
 }
@@ -60,27 +62,25 @@ TEST_F(PositionMarksTest, optionAbsent_nullStateFits)
 TEST_F(PositionMarksTest, optionHasTheValue_itsStateFits)
 {
     load(paper);
-    position.setTag(QStringLiteral("paper"));
-    position.setExtendedOptions(QStringLiteral("{\"status\":\"done\"}"));
-    EXPECT_EQ(marks.look(position).state, QStringLiteral("готов"));
-    position.setExtendedOptions(QStringLiteral("{\"status\":\"Done\"}"));
+    position.setTag(u"paper"_s);
+    position.setExtendedOptions(u"{\"status\":\"done\"}"_s);
+    EXPECT_EQ(marks.look(position).state, u"готов"_s);
+    position.setExtendedOptions(u"{\"status\":\"Done\"}"_s);
     EXPECT_TRUE(marks.look(position).state.isEmpty());
-    position.setExtendedOptions(QStringLiteral("{\"status\":null}"));
+    position.setExtendedOptions(u"{\"status\":null}"_s);
     EXPECT_TRUE(marks.look(position).state.isEmpty());
 }
 
 TEST_F(PositionMarksTest, receiptLines_standInTheFilesOrderWithoutThoseThatAreEmpty)
 {
     load(paper);
-    position.setExtendedOptions(QStringLiteral(R"({"number": "7%1", "issuer": "Поликлиника"})"));
+    position.setExtendedOptions(uR"({"number": "7%1", "issuer": "Поликлиника"})"_s);
     EXPECT_TRUE(marks.look(position).receiptLines.isEmpty()) << "no such tag";
-    position.setTag(QStringLiteral("paper"));
-    EXPECT_EQ(marks.look(position).receiptLines,
-              (QStringList{QStringLiteral("Кто: Поликлиника"), QStringLiteral("Номер: 7%1")}));
+    position.setTag(u"paper"_s);
+    EXPECT_EQ(marks.look(position).receiptLines, (QStringList{u"Кто: Поликлиника"_s, u"Номер: 7%1"_s}));
     for (const char* issuer : {"\"\"", "null", "5", "{}"}) {
-        position.setExtendedOptions(QStringLiteral(R"({"number": "8", "issuer": )") + QLatin1String(issuer) +
-                                    QLatin1Char('}'));
-        EXPECT_EQ(marks.look(position).receiptLines, QStringList{QStringLiteral("Номер: 8")}) << issuer;
+        position.setExtendedOptions(uR"({"number": "8", "issuer": )"_s + QLatin1StringView(issuer) + u'}');
+        EXPECT_EQ(marks.look(position).receiptLines, QStringList{u"Номер: 8"_s}) << issuer;
     }
     position.setExtendedOptions({});
     EXPECT_TRUE(marks.look(position).receiptLines.isEmpty());
@@ -91,24 +91,25 @@ TEST_F(PositionMarksTest, documentValue_isShownWithItsLabel)
     load(paper);
     Receipt receipt(1, QDateTime::currentDateTime());
     EXPECT_TRUE(marks.documentText(receipt).isEmpty());
-    receipt.setPluginValue(QStringLiteral("P"), QStringLiteral("card"), QStringLiteral("12%1"));
-    EXPECT_EQ(marks.documentText(receipt), QStringLiteral("Карта: 12%1"));
+    receipt.setPluginValue(u"P"_s, u"card"_s, u"12%1"_s);
+    EXPECT_EQ(marks.documentText(receipt), u"Карта: 12%1"_s);
 }
 
 TEST_F(PositionMarksTest, twoFiles_bothHold)
 {
     load(paper);
     load(R"({"positions": [{"tag": "other", "mark": "ДР"}]})");
-    position.setTag(QStringLiteral("other"));
-    EXPECT_EQ(marks.look(position).mark, QStringLiteral("ДР"));
+    position.setTag(u"other"_s);
+    EXPECT_EQ(marks.look(position).mark, u"ДР"_s);
 }
 
 TEST_F(PositionMarksTest, oddFiles_arePassedOver)
 {
-    marks.load(folder.filePath(QStringLiteral("absent.json")));
+    marks.load(folder.filePath(u"absent.json"_s));
     marks.load(folder.path());
-    for (const char* json : {"", "[]", "{\"positions\": 5}", "{\"positions\": [5, {}, {\"mark\": \"X\"}]}"})
+    for (const char* json : {"", "[]", "{\"positions\": 5}", "{\"positions\": [5, {}, {\"mark\": \"X\"}]}"}) {
         load(json);
+    }
     position.setTag({});
     EXPECT_TRUE(marks.look(position).mark.isEmpty());
 }
@@ -121,13 +122,11 @@ TEST_P(DiscountLine, paidShare_isToldAsWhatIsTakenOff)
 {
     load(R"({"positions": [{"tag": "paper", "receiptLines": [
         {"option": "share", "label": "Скидка", "form": "discount"}]}]})");
-    position.setTag(QStringLiteral("paper"));
+    position.setTag(u"paper"_s);
     const auto& [share, discount] = GetParam();
-    position.setExtendedOptions(QStringLiteral("{\"share\": %1}").arg(QLatin1String(share)));
+    position.setExtendedOptions(u"{\"share\": %1}"_s.arg(QLatin1StringView(share)));
     const QStringList told =
-        discount
-            ? QStringList(QStringLiteral("Скидка: ") + QString::fromUtf8(discount) + QChar::Nbsp + QLatin1Char('%'))
-            : QStringList();
+        discount ? QStringList(u"Скидка: "_s + QString::fromUtf8(discount) + QChar::Nbsp + u'%') : QStringList();
     EXPECT_EQ(marks.look(position).receiptLines, told);
 }
 

@@ -12,6 +12,8 @@
 #include <QTest>
 #include <QWindow>
 
+using namespace Qt::StringLiterals;
+
 class QuestionFormTest : public Till
 {
 protected:
@@ -21,7 +23,7 @@ protected:
     bool ask(const Cashier::Act& act)
     {
         Cashier cashier;
-        cashier.onForm(QStringLiteral("questionForm"), [&act](QWidget& root) {
+        cashier.onForm(u"questionForm"_s, [&act](QWidget& root) {
             EXPECT_TRUE(QTest::qWaitForWindowActive(&root));
             act(root);
         });
@@ -32,22 +34,22 @@ protected:
     static void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
     static QPushButton* button(const QWidget& root, const char* name)
     {
-        return root.findChild<QPushButton*>(QLatin1String(name));
+        return root.findChild<QPushButton*>(QLatin1StringView(name));
     }
 
-    Question question{{tr::undefined, QStringLiteral("Отмена чека")},
-                      {tr::undefined, QStringLiteral("Отменить чек № 7?")},
-                      {tr::undefined, QStringLiteral("Отменить чек")},
-                      {tr::undefined, QStringLiteral("Нет")}};
+    Question question{{tr::undefined, u"Отмена чека"_s},
+                      {tr::undefined, u"Отменить чек № 7?"_s},
+                      {tr::undefined, u"Отменить чек"_s},
+                      {tr::undefined, u"Нет"_s}};
 };
 
 TEST_F(QuestionFormTest, shown_saysWhatIsAskedAndStandsOnNo)
 {
     ask([](QWidget& root) {
-        EXPECT_EQ(root.findChild<QLabel*>(QStringLiteral("titleLabel"))->text(), QStringLiteral("Отмена чека"));
-        EXPECT_EQ(root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text(), QStringLiteral("Отменить чек № 7?"));
-        EXPECT_EQ(button(root, "yesButton")->text(), QStringLiteral("Отменить чек"));
-        EXPECT_EQ(button(root, "noButton")->text(), QStringLiteral("Нет"));
+        EXPECT_EQ(root.findChild<QLabel*>(u"titleLabel"_s)->text(), u"Отмена чека"_s);
+        EXPECT_EQ(root.findChild<QLabel*>(u"messageLabel"_s)->text(), u"Отменить чек № 7?"_s);
+        EXPECT_EQ(button(root, "yesButton")->text(), u"Отменить чек"_s);
+        EXPECT_EQ(button(root, "noButton")->text(), u"Нет"_s);
         EXPECT_EQ(QApplication::focusWidget(), button(root, "noButton"));
         EXPECT_TRUE(button(root, "noButton")->isDefault());
         press(Qt::Key_Escape);
@@ -57,14 +59,13 @@ TEST_F(QuestionFormTest, shown_saysWhatIsAskedAndStandsOnNo)
 TEST_F(QuestionFormTest, shown_everyControlHasAnAccessibleNameAndTheButtonsSayWhatIsAsked)
 {
     ask([](QWidget& root) {
-        EXPECT_EQ(button(root, "yesButton")->accessibleName(), QStringLiteral("Отменить чек"));
-        EXPECT_EQ(button(root, "noButton")->accessibleName(), QStringLiteral("Нет"));
-        for (const char* name : {"yesButton", "noButton"})
-            EXPECT_EQ(button(root, name)->accessibleDescription(), QStringLiteral("Отменить чек № 7?")) << name;
-        EXPECT_EQ(root.findChild<QScrollArea*>(QStringLiteral("messageScrollArea"))->accessibleName(),
-                  QStringLiteral("Отменить чек № 7?"));
-        EXPECT_EQ(root.findChild<QLabel*>(QStringLiteral("iconLabel"))->accessibleName(),
-                  QStringLiteral("Отмена чека"));
+        EXPECT_EQ(button(root, "yesButton")->accessibleName(), u"Отменить чек"_s);
+        EXPECT_EQ(button(root, "noButton")->accessibleName(), u"Нет"_s);
+        for (const char* name : {"yesButton", "noButton"}) {
+            EXPECT_EQ(button(root, name)->accessibleDescription(), u"Отменить чек № 7?"_s) << name;
+        }
+        EXPECT_EQ(root.findChild<QScrollArea*>(u"messageScrollArea"_s)->accessibleName(), u"Отменить чек № 7?"_s);
+        EXPECT_EQ(root.findChild<QLabel*>(u"iconLabel"_s)->accessibleName(), u"Отмена чека"_s);
         press(Qt::Key_Escape);
     });
 }
@@ -79,7 +80,7 @@ TEST_F(QuestionFormTest, scannedOnYes_answersNothing)
     EXPECT_FALSE(ask([this](QWidget& root) {
         button(root, "yesButton")->setFocus();
         quint64 time = 1000;
-        for (const QChar character : QStringLiteral("4601234567890\r")) {
+        for (const QChar character : u"4601234567890\r"_s) {
             const int code = character == u'\r' ? int(Qt::Key_Return) : character.unicode();
             QKeyEvent key(QEvent::KeyPress, code, Qt::NoModifier, character);
             key.setTimestamp(time += 10);
@@ -122,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(, QuestionKey, ::testing::Values(Qt::Key_Tab, Qt::Key_L
 
 TEST_F(QuestionFormTest, buttonsTouched_answerForThemselves)
 {
-    config.set(QStringLiteral("GUI:touchMode"), QStringLiteral("true"));
+    config.set(u"GUI:touchMode"_s, u"true"_s);
     EXPECT_TRUE(ask([](QWidget& root) { QTest::mouseClick(button(root, "yesButton"), Qt::LeftButton); }));
     EXPECT_FALSE(ask([](QWidget& root) { QTest::mouseClick(button(root, "noButton"), Qt::LeftButton); }));
 }
@@ -133,7 +134,7 @@ TEST_F(QuestionFormTest, longText_scrollsByKeyAndTheFormFitsTheSmallestScreen)
     ask([](QWidget& root) {
         EXPECT_LE(root.width(), 1024);
         EXPECT_LE(root.height(), 600);
-        auto* area = root.findChild<QScrollArea*>(QStringLiteral("messageScrollArea"));
+        auto* area = root.findChild<QScrollArea*>(u"messageScrollArea"_s);
         area->setFocus(Qt::TabFocusReason);
         ASSERT_EQ(QApplication::focusWidget(), area);
         press(Qt::Key_Down);

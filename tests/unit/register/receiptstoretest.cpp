@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -38,7 +40,7 @@ class ReceiptStoreTest : public ::testing::Test
 protected:
     ReceiptStoreTest()
     {
-        config.set(QStringLiteral("Register:data"), folder.path());
+        config.set(u"Register:data"_s, folder.path());
         MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<Noon>::create(); };
     }
     ~ReceiptStoreTest() override { MockFactory<CurrentTime>::mocked = nullptr; }
@@ -65,27 +67,27 @@ TEST_F(ReceiptStoreTest, savedReceipt_isLoadedAndItsFileStays)
     const auto loaded = store.load();
     ASSERT_TRUE(loaded.receipt);
     EXPECT_EQ(loaded.receipt->toJson(), receipt->toJson());
-    EXPECT_TRUE(QFile::exists(path(QStringLiteral("receipt.json"))));
+    EXPECT_TRUE(QFile::exists(path(u"receipt.json"_s)));
 }
 
 TEST_F(ReceiptStoreTest, damagedFile_isSetAsideByteForByte)
 {
     const QByteArray half("{\"format\": 1, \"posi");
-    write(path(QStringLiteral("receipt.json")), half);
+    write(path(u"receipt.json"_s), half);
     const auto loaded = ReceiptStore(folder.path()).load();
     EXPECT_FALSE(loaded.receipt);
     EXPECT_FALSE(loaded.damage.isEmpty());
-    EXPECT_EQ(loaded.setAside, path(QStringLiteral("receipt.json.damaged-20240229-120000")));
+    EXPECT_EQ(loaded.setAside, path(u"receipt.json.damaged-20240229-120000"_s));
     EXPECT_EQ(read(loaded.setAside), half);
     EXPECT_FALSE(loaded.isInTheWay());
-    EXPECT_FALSE(QFile::exists(path(QStringLiteral("receipt.json"))));
+    EXPECT_FALSE(QFile::exists(path(u"receipt.json"_s)));
 }
 
 TEST_F(ReceiptStoreTest, secondDamagedFileInOneSecond_doesNotOverwriteTheFirst)
 {
-    write(path(QStringLiteral("receipt.json")), "first");
+    write(path(u"receipt.json"_s), "first");
     const auto first = ReceiptStore(folder.path()).load();
-    write(path(QStringLiteral("receipt.json")), "second");
+    write(path(u"receipt.json"_s), "second");
     const auto second = ReceiptStore(folder.path()).load();
     EXPECT_NE(first.setAside, second.setAside);
     EXPECT_EQ(read(first.setAside), "first");
@@ -109,7 +111,7 @@ TEST_F(ReceiptStoreTest, damagedFileThatCannotBeRenamed_isInTheWayAndStaysAsItIs
 TEST_F(ReceiptStoreTest, jsonOfAnotherKind_isDamage)
 {
     for (const QByteArray content : {"", "[]", "null", "{}", "\xff\xfe", "{\"format\":1,\"type\":1}"}) {
-        write(path(QStringLiteral("receipt.json")), content);
+        write(path(u"receipt.json"_s), content);
         const auto loaded = ReceiptStore(folder.path()).load();
         EXPECT_FALSE(loaded.receipt) << content.constData();
         EXPECT_FALSE(loaded.damage.isEmpty()) << content.constData();
@@ -119,7 +121,7 @@ TEST_F(ReceiptStoreTest, jsonOfAnotherKind_isDamage)
 
 TEST_F(ReceiptStoreTest, folderInTheFilesPlace_isDamage)
 {
-    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("receipt.json")));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"receipt.json"_s));
     const auto loaded = ReceiptStore(folder.path()).load();
     EXPECT_FALSE(loaded.receipt);
     EXPECT_FALSE(loaded.damage.isEmpty());
@@ -138,7 +140,7 @@ TEST_F(ReceiptStoreTest, numbers_countOnAcrossRestarts)
 TEST_F(ReceiptStoreTest, numbersFileDamaged_countingBeginsAnew)
 {
     for (const QByteArray content : {"", "abc", "-5"}) {
-        write(path(QStringLiteral("lastreceiptnumber")), content);
+        write(path(u"lastreceiptnumber"_s), content);
         EXPECT_EQ(ReceiptNumbers(folder.path()).next(), 1) << content.constData();
     }
 }

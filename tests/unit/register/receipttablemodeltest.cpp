@@ -8,12 +8,14 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 class ReceiptTableModelTest : public ::testing::Test
 {
 protected:
     ReceiptTableModelTest()
     {
-        const QString path = folder.filePath(QStringLiteral("positionmarks.json"));
+        const QString path = folder.filePath(u"positionmarks.json"_s);
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(R"({"positions": [{"tag": "paper", "mark": "БР", "description": "Бумага", "states": [
@@ -25,7 +27,7 @@ protected:
     QSharedPointer<ReceiptPosition> add(double price, double packs)
     {
         GoodsItem::Goods goods;
-        goods.name = QStringLiteral("Товар <i>%1</i>");
+        goods.name = u"Товар <i>%1</i>"_s;
         goods.price = price;
         goods.quantity = packs;
         return receipt->add(goods, {});
@@ -45,28 +47,27 @@ TEST_F(ReceiptTableModelTest, plainPosition_showsWhatStandsOnTheReceipt)
     model.refresh(receipt);
     ASSERT_EQ(model.rowCount(), 1);
     const QString space(QChar::Nbsp);
-    EXPECT_EQ(text(0, ReceiptTableModel::Number), QStringLiteral("1"));
-    EXPECT_EQ(text(0, ReceiptTableModel::Name), QStringLiteral("Товар <i>%1</i>"));
+    EXPECT_EQ(text(0, ReceiptTableModel::Number), u"1"_s);
+    EXPECT_EQ(text(0, ReceiptTableModel::Name), u"Товар <i>%1</i>"_s);
     EXPECT_EQ(text(0, ReceiptTableModel::Mark), QString());
-    EXPECT_EQ(text(0, ReceiptTableModel::Quantity), QStringLiteral("2"));
+    EXPECT_EQ(text(0, ReceiptTableModel::Quantity), u"2"_s);
     EXPECT_EQ(text(0, ReceiptTableModel::InitialPrice), QString());
-    EXPECT_EQ(text(0, ReceiptTableModel::Price), QStringLiteral("1") + space + QStringLiteral("234,50"));
-    EXPECT_EQ(text(0, ReceiptTableModel::Sum), QStringLiteral("2") + space + QStringLiteral("469,00"));
+    EXPECT_EQ(text(0, ReceiptTableModel::Price), u"1"_s + space + u"234,50"_s);
+    EXPECT_EQ(text(0, ReceiptTableModel::Sum), u"2"_s + space + u"469,00"_s);
     EXPECT_EQ(text(0, ReceiptTableModel::State), QString());
 }
 
 TEST_F(ReceiptTableModelTest, markedAndCheapened_showsMarkStateAndBothPrices)
 {
     const auto position = add(10, 1);
-    position->setTag(QStringLiteral("paper"));
+    position->setTag(u"paper"_s);
     position->setPrice(5);
     model.refresh(receipt);
-    EXPECT_EQ(text(0, ReceiptTableModel::Mark), QStringLiteral("БР"));
-    EXPECT_EQ(model.index(0, ReceiptTableModel::Mark).data(Qt::AccessibleTextRole).toString(),
-              QStringLiteral("Бумага"));
-    EXPECT_EQ(text(0, ReceiptTableModel::InitialPrice), QStringLiteral("10,00"));
-    EXPECT_EQ(text(0, ReceiptTableModel::Price), QStringLiteral("5,00"));
-    EXPECT_EQ(text(0, ReceiptTableModel::State), QStringLiteral("новый"));
+    EXPECT_EQ(text(0, ReceiptTableModel::Mark), u"БР"_s);
+    EXPECT_EQ(model.index(0, ReceiptTableModel::Mark).data(Qt::AccessibleTextRole).toString(), u"Бумага"_s);
+    EXPECT_EQ(text(0, ReceiptTableModel::InitialPrice), u"10,00"_s);
+    EXPECT_EQ(text(0, ReceiptTableModel::Price), u"5,00"_s);
+    EXPECT_EQ(text(0, ReceiptTableModel::State), u"новый"_s);
     EXPECT_EQ(model.index(0, ReceiptTableModel::State).data(Qt::ForegroundRole).value<QBrush>().color(),
               QColor(0x8a, 0x5a, 0));
 }
@@ -74,18 +75,18 @@ TEST_F(ReceiptTableModelTest, markedAndCheapened_showsMarkStateAndBothPrices)
 TEST_F(ReceiptTableModelTest, toolTipOfTheRow_tellsTheReceiptLinesAsPlainText)
 {
     const auto position = add(10, 1);
-    position->setTag(QStringLiteral("paper"));
-    position->setExtendedOptions(QStringLiteral(R"({"issuer": "<b>№ 5</b> & Ко", "number": "7"})"));
+    position->setTag(u"paper"_s);
+    position->setExtendedOptions(uR"({"issuer": "<b>№ 5</b> & Ко", "number": "7"})"_s);
     add(20, 1);
     model.refresh(receipt);
     const auto toolTip = [this](int row, int column) {
         return QTextDocumentFragment::fromHtml(model.index(row, column).data(Qt::ToolTipRole).toString()).toPlainText();
     };
-    const QString lines = QStringLiteral("Кто: <b>№ 5</b> & Ко\nНомер: 7");
-    EXPECT_EQ(toolTip(0, ReceiptTableModel::Name), QStringLiteral("Товар <i>%1</i>\n") + lines);
-    EXPECT_EQ(toolTip(0, ReceiptTableModel::Mark), QStringLiteral("Бумага\n") + lines);
+    const QString lines = u"Кто: <b>№ 5</b> & Ко\nНомер: 7"_s;
+    EXPECT_EQ(toolTip(0, ReceiptTableModel::Name), u"Товар <i>%1</i>\n"_s + lines);
+    EXPECT_EQ(toolTip(0, ReceiptTableModel::Mark), u"Бумага\n"_s + lines);
     EXPECT_EQ(toolTip(0, ReceiptTableModel::InitialPrice), lines);
-    EXPECT_EQ(toolTip(1, ReceiptTableModel::Name), QStringLiteral("Товар <i>%1</i>"));
+    EXPECT_EQ(toolTip(1, ReceiptTableModel::Name), u"Товар <i>%1</i>"_s);
     EXPECT_TRUE(model.index(1, ReceiptTableModel::Mark).data(Qt::ToolTipRole).toString().isEmpty());
 }
 
@@ -100,7 +101,7 @@ TEST_F(ReceiptTableModelTest, positionsChangeInPlace_noReset)
     model.refresh(receipt);
     EXPECT_EQ(resets.size(), 0);
     EXPECT_EQ(changes.size(), 1);
-    EXPECT_EQ(text(0, ReceiptTableModel::Price), QStringLiteral("1,00"));
+    EXPECT_EQ(text(0, ReceiptTableModel::Price), u"1,00"_s);
 }
 
 TEST_F(ReceiptTableModelTest, positionsComeAndGo_rowsKeepTheirNumbers)
@@ -123,6 +124,7 @@ TEST_F(ReceiptTableModelTest, positionsComeAndGo_rowsKeepTheirNumbers)
 
 TEST_F(ReceiptTableModelTest, everyColumn_hasACaption)
 {
-    for (int column = 0; column < model.columnCount(); ++column)
+    for (int column = 0; column < model.columnCount(); ++column) {
         EXPECT_FALSE(model.headerData(column, Qt::Horizontal).toString().isEmpty()) << column;
+    }
 }

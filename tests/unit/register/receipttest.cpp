@@ -9,6 +9,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -24,8 +26,8 @@ GoodsItem::Goods goods(const QString& name, double price, double packs)
 QSharedPointer<Receipt> twoPositions()
 {
     auto receipt = QSharedPointer<Receipt>::create(7, QDateTime({2024, 2, 29}, {12, 30, 15}));
-    receipt->add(goods(QStringLiteral("Первый <b>%1</b>"), 10.01, 3), QStringLiteral("111"));
-    receipt->add(goods(QStringLiteral("Второй"), 0.1, 1), {});
+    receipt->add(goods(u"Первый <b>%1</b>"_s, 10.01, 3), u"111"_s);
+    receipt->add(goods(u"Второй"_s, 0.1, 1), {});
     return receipt;
 }
 
@@ -40,8 +42,9 @@ QSharedPointer<Receipt> reread(const Receipt& receipt)
 TEST(Receipt, sum_isExactInKopecks)
 {
     Receipt receipt(1, QDateTime::currentDateTime());
-    for (int i = 0; i < 1000; ++i)
-        receipt.add(goods(QStringLiteral("x"), 0.1, 1), {});
+    for (int i = 0; i < 1000; ++i) {
+        receipt.add(goods(u"x"_s, 0.1, 1), {});
+    }
     EXPECT_EQ(receipt.getSum(), 10000);
 }
 
@@ -49,28 +52,28 @@ TEST(Receipt, lastPositionRemoved_itsNumberIsNotGivenAgain)
 {
     const auto receipt = twoPositions();
     receipt->remove(2);
-    EXPECT_EQ(receipt->add(goods(QStringLiteral("x"), 1, 1), {})->getNumber(), 3);
-    EXPECT_EQ(reread(*receipt)->add(goods(QStringLiteral("y"), 1, 1), {})->getNumber(), 4);
+    EXPECT_EQ(receipt->add(goods(u"x"_s, 1, 1), {})->getNumber(), 3);
+    EXPECT_EQ(reread(*receipt)->add(goods(u"y"_s, 1, 1), {})->getNumber(), 4);
 }
 
 TEST(Receipt, lastPositionRemovedAndReread_itsNumberIsNotGivenAgain)
 {
     const auto receipt = twoPositions();
     receipt->remove(2);
-    EXPECT_EQ(reread(*receipt)->add(goods(QStringLiteral("x"), 1, 1), {})->getNumber(), 3);
+    EXPECT_EQ(reread(*receipt)->add(goods(u"x"_s, 1, 1), {})->getNumber(), 3);
 }
 
 TEST(Receipt, positionByNumber_isNullWhenThereIsNone)
 {
     const auto receipt = twoPositions();
-    EXPECT_EQ(receipt->position(2)->getName(), QStringLiteral("Второй"));
+    EXPECT_EQ(receipt->position(2)->getName(), u"Второй"_s);
     EXPECT_FALSE(receipt->position(3));
     EXPECT_FALSE(receipt->position(0));
 }
 
 TEST(ReceiptPosition, priceLoweredTwice_initialPriceStaysTheFirst)
 {
-    ReceiptPosition position(goods(QStringLiteral("x"), 10.0, 1), {});
+    ReceiptPosition position(goods(u"x"_s, 10.0, 1), {});
     EXPECT_EQ(position.getInitialPrice(), 10.0);
     position.setPrice(5.0);
     position.setPrice(1.0);
@@ -80,9 +83,9 @@ TEST(ReceiptPosition, priceLoweredTwice_initialPriceStaysTheFirst)
 
 TEST(ReceiptPosition, priceSetToItself_isNoChange)
 {
-    ReceiptPosition position(goods(QStringLiteral("x"), 10.0, 1), {});
+    ReceiptPosition position(goods(u"x"_s, 10.0, 1), {});
     position.setPrice(10.0);
-    EXPECT_FALSE(position.toJson().contains(QStringLiteral("initialPrice")));
+    EXPECT_FALSE(position.toJson().contains(u"initialPrice"_s));
 }
 
 TEST(Receipt, savedAndReread_everythingIsThere)
@@ -90,13 +93,13 @@ TEST(Receipt, savedAndReread_everythingIsThere)
     const auto receipt = twoPositions();
     const auto first = receipt->position(1);
     first->setPrice(0.5);
-    first->setTag(QStringLiteral("prescription"));
-    first->setTag(QStringLiteral("second tag"));
-    first->setSoftCheckId(QStringLiteral("rx-%41+;"));
-    const QString options = QStringLiteral("{\"id\":\"a\\\"b\",\"sumFactor\":0.1}");
+    first->setTag(u"prescription"_s);
+    first->setTag(u"second tag"_s);
+    first->setSoftCheckId(u"rx-%41+;"_s);
+    const QString options = u"{\"id\":\"a\\\"b\",\"sumFactor\":0.1}"_s;
     first->setExtendedOptions(options);
-    receipt->setPluginValue(QStringLiteral("Plugin"), QStringLiteral("cardNumber"), QStringLiteral("0011 %1"));
-    receipt->setPluginValue(QStringLiteral("Plugin"), QStringLiteral("list"), QStringList{QStringLiteral("a")});
+    receipt->setPluginValue(u"Plugin"_s, u"cardNumber"_s, u"0011 %1"_s);
+    receipt->setPluginValue(u"Plugin"_s, u"list"_s, QStringList{u"a"_s});
 
     const auto again = reread(*receipt);
     EXPECT_EQ(again->toJson(), receipt->toJson());
@@ -106,15 +109,14 @@ TEST(Receipt, savedAndReread_everythingIsThere)
     EXPECT_FALSE(again->isClosed());
     ASSERT_EQ(again->positions().size(), 2);
     const auto position = again->position(1);
-    EXPECT_EQ(position->getName(), QStringLiteral("Первый <b>%1</b>"));
+    EXPECT_EQ(position->getName(), u"Первый <b>%1</b>"_s);
     EXPECT_EQ(position->getPrice(), 0.5);
     EXPECT_EQ(position->getInitialPrice(), 10.01);
     EXPECT_EQ(position->getQuantity(), 3.0);
-    EXPECT_EQ(position->getTags(), (QStringList{QStringLiteral("prescription"), QStringLiteral("second tag")}));
+    EXPECT_EQ(position->getTags(), (QStringList{u"prescription"_s, u"second tag"_s}));
     EXPECT_EQ(position->getExtendedOptions(), options);
-    EXPECT_EQ(position->getSoftCheckId(), QStringLiteral("rx-%41+;"));
-    EXPECT_EQ(again->getPluginValue(QStringLiteral("Plugin"), QStringLiteral("cardNumber"), {}).toString(),
-              QStringLiteral("0011 %1"));
+    EXPECT_EQ(position->getSoftCheckId(), u"rx-%41+;"_s);
+    EXPECT_EQ(again->getPluginValue(u"Plugin"_s, u"cardNumber"_s, {}).toString(), u"0011 %1"_s);
 }
 
 TEST(Receipt, nameOfTenThousandCharacters_comesBackWhole)
@@ -173,40 +175,38 @@ TEST_P(EndedReceipt, savedAndReread_isWhereItWas)
     EXPECT_EQ(again->fileName(), GetParam().file);
     EXPECT_EQ(again->getTakenBackBy(), 9);
     EXPECT_EQ(again->getTakesBack(), 0);
-    EXPECT_EQ(again->toJson().value(QStringLiteral("closed")).toBool(), GetParam().isClosed);
+    EXPECT_EQ(again->toJson().value(u"closed"_s).toBool(), GetParam().isClosed);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Receipt, EndedReceipt,
     ::testing::Values(
-        Ended{"open", {}, false, QStringLiteral("receipt.json")},
-        Ended{"putAside", {.state = Receipt::State::PutAside}, false, QStringLiteral("putaside/00000007.json")},
+        Ended{"open", {}, false, u"receipt.json"_s},
+        Ended{"putAside", {.state = Receipt::State::PutAside}, false, u"putaside/00000007.json"_s},
         Ended{"closed",
               {.state = Receipt::State::Closed, .finished = evening, .received = 5000},
               true,
-              QStringLiteral("finished/00000007.json")},
+              u"finished/00000007.json"_s},
         Ended{"closedForNothing",
               {.state = Receipt::State::Closed, .finished = evening},
               true,
-              QStringLiteral("finished/00000007.json")},
-        Ended{"cancelled",
-              {.state = Receipt::State::Cancelled, .finished = evening},
-              true,
-              QStringLiteral("finished/00000007.json")},
+              u"finished/00000007.json"_s},
+        Ended{
+            "cancelled", {.state = Receipt::State::Cancelled, .finished = evening}, true, u"finished/00000007.json"_s},
         Ended{"annulledAfterItWasClosed",
               {.state = Receipt::State::Annulled, .finished = evening, .annulled = nextDay, .received = 5000},
               true,
-              QStringLiteral("finished/00000007.json")},
+              u"finished/00000007.json"_s},
         Ended{"annulledAfterItWasPutAside",
               {.state = Receipt::State::Annulled, .finished = nextDay, .annulled = nextDay},
               true,
-              QStringLiteral("finished/00000007.json")}),
+              u"finished/00000007.json"_s}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST(Receipt, savedWithoutAState_isOpen)
 {
     QJsonObject saved = twoPositions()->toJson();
-    saved.remove(QStringLiteral("state"));
+    saved.remove(u"state"_s);
     EXPECT_EQ(Receipt::fromJson(saved)->getState(), Receipt::State::Open);
 }
 
@@ -214,13 +214,13 @@ TEST(Receipt, cancellingDocument_hasEverythingOfTheSaleAndALifeOfItsOwn)
 {
     const auto sale = twoPositions();
     sale->remove(2);
-    sale->add(goods(QStringLiteral("Третий"), 5, 2), QStringLiteral("333"));
+    sale->add(goods(u"Третий"_s, 5, 2), u"333"_s);
     const auto first = sale->position(1);
     first->setPrice(0.5);
-    first->setTag(QStringLiteral("prescription"));
-    first->setSoftCheckId(QStringLiteral("rx-1"));
-    first->setExtendedOptions(QStringLiteral("{\"status\":\"dispensed\"}"));
-    sale->setPluginValue(QStringLiteral("Plugin"), QStringLiteral("cardNumber"), QStringLiteral("0011"));
+    first->setTag(u"prescription"_s);
+    first->setSoftCheckId(u"rx-1"_s);
+    first->setExtendedOptions(u"{\"status\":\"dispensed\"}"_s);
+    sale->setPluginValue(u"Plugin"_s, u"cardNumber"_s, u"0011"_s);
     sale->setEnding({.state = Receipt::State::Closed, .finished = evening, .received = 5000});
     sale->setTakenBackBy(9);
     const QJsonObject before = sale->toJson();
@@ -235,14 +235,15 @@ TEST(Receipt, cancellingDocument_hasEverythingOfTheSaleAndALifeOfItsOwn)
     EXPECT_EQ(document->getState(), Receipt::State::Open);
     EXPECT_EQ(document->getReceived(), 0);
     EXPECT_FALSE(document->getFinished().isValid());
-    EXPECT_EQ(document->fileName(), QStringLiteral("receipt.json"));
-    for (const char* same : {"positions", "plugins", "sum", "nextPosition"})
-        EXPECT_EQ(document->toJson().value(QLatin1String(same)), before.value(QLatin1String(same))) << same;
+    EXPECT_EQ(document->fileName(), u"receipt.json"_s);
+    for (const char* same : {"positions", "plugins", "sum", "nextPosition"}) {
+        EXPECT_EQ(document->toJson().value(QLatin1StringView(same)), before.value(QLatin1StringView(same))) << same;
+    }
     EXPECT_EQ(reread(*document)->toJson(), document->toJson());
     EXPECT_EQ(reread(*document)->getTakesBack(), 7);
 
-    document->position(1)->setExtendedOptions(QStringLiteral("{\"status\":\"canceled\"}"));
-    document->setPluginValue(QStringLiteral("Plugin"), QStringLiteral("cardNumber"), {});
+    document->position(1)->setExtendedOptions(u"{\"status\":\"canceled\"}"_s);
+    document->setPluginValue(u"Plugin"_s, u"cardNumber"_s, {});
     document->remove(3);
     EXPECT_EQ(sale->toJson(), before);
 }
@@ -250,15 +251,15 @@ TEST(Receipt, cancellingDocument_hasEverythingOfTheSaleAndALifeOfItsOwn)
 TEST(Receipt, pluginDataTakenOver_isThatOfThePositionsOfTheSameNumbers)
 {
     const auto target = twoPositions();
-    target->position(1)->setTag(QStringLiteral("before"));
-    target->position(2)->setExtendedOptions(QStringLiteral("{\"old\":1}"));
+    target->position(1)->setTag(u"before"_s);
+    target->position(2)->setExtendedOptions(u"{\"old\":1}"_s);
     const auto source = twoPositions();
-    source->add(goods(QStringLiteral("Третий"), 1, 1), {});
+    source->add(goods(u"Третий"_s, 1, 1), {});
     for (const auto& position : source->positions()) {
         const QString number = QString::number(position->getNumber());
-        position->setTag(QStringLiteral("tag") + number);
-        position->setSoftCheckId(QStringLiteral("rx") + number);
-        position->setExtendedOptions(QStringLiteral("{\"new\":%1}").arg(number));
+        position->setTag(u"tag"_s + number);
+        position->setSoftCheckId(u"rx"_s + number);
+        position->setExtendedOptions(u"{\"new\":%1}"_s.arg(number));
         position->setPrice(0.01);
         position->setQuantity(50);
     }
@@ -267,12 +268,12 @@ TEST(Receipt, pluginDataTakenOver_isThatOfThePositionsOfTheSameNumbers)
     target->takeOverPluginData(*source);
     ASSERT_EQ(target->positions().size(), 2);
     const auto first = target->position(1);
-    EXPECT_EQ(first->getTags(), (QStringList{QStringLiteral("before"), QStringLiteral("tag1")}));
-    EXPECT_EQ(first->getSoftCheckId(), QStringLiteral("rx1"));
-    EXPECT_EQ(first->getExtendedOptions(), QStringLiteral("{\"new\":1}"));
+    EXPECT_EQ(first->getTags(), (QStringList{u"before"_s, u"tag1"_s}));
+    EXPECT_EQ(first->getSoftCheckId(), u"rx1"_s);
+    EXPECT_EQ(first->getExtendedOptions(), u"{\"new\":1}"_s);
     EXPECT_EQ(first->getPrice(), 10.01) << "what the register keeps stays";
     EXPECT_EQ(first->getQuantity(), 3.0);
-    EXPECT_EQ(target->position(2)->getExtendedOptions(), QStringLiteral("{\"old\":1}")) << "not among the source's";
+    EXPECT_EQ(target->position(2)->getExtendedOptions(), u"{\"old\":1}"_s) << "not among the source's";
     EXPECT_TRUE(target->position(2)->getTags().isEmpty());
 }
 
@@ -298,22 +299,22 @@ namespace
 
 std::function<void(QJsonObject&)> without(const char* member)
 {
-    return [member](QJsonObject& saved) { saved.remove(QLatin1String(member)); };
+    return [member](QJsonObject& saved) { saved.remove(QLatin1StringView(member)); };
 }
 
 std::function<void(QJsonObject&)> with(const char* member, const QJsonValue& value)
 {
-    return [member, value](QJsonObject& saved) { saved.insert(QLatin1String(member), value); };
+    return [member, value](QJsonObject& saved) { saved.insert(QLatin1StringView(member), value); };
 }
 
 std::function<void(QJsonObject&)> firstPosition(const std::function<void(QJsonObject&)>& damage)
 {
     return [damage](QJsonObject& saved) {
-        QJsonArray positions = saved.value(QLatin1String("positions")).toArray();
+        QJsonArray positions = saved.value("positions"_L1).toArray();
         QJsonObject position = positions.at(0).toObject();
         damage(position);
         positions.replace(0, position);
-        saved.insert(QStringLiteral("positions"), positions);
+        saved.insert(u"positions"_s, positions);
     };
 }
 
@@ -321,9 +322,9 @@ std::function<void(QJsonObject&)> firstPosition(const std::function<void(QJsonOb
 std::function<void(QJsonObject&)> closed(const std::function<void(QJsonObject&)>& damage)
 {
     return [damage](QJsonObject& saved) {
-        saved.insert(QStringLiteral("state"), QStringLiteral("closed"));
-        saved.insert(QStringLiteral("finished"), QStringLiteral("2024-02-29T12:31:00"));
-        saved.insert(QStringLiteral("received"), 50);
+        saved.insert(u"state"_s, u"closed"_s);
+        saved.insert(u"finished"_s, u"2024-02-29T12:31:00"_s);
+        saved.insert(u"received"_s, 50);
         damage(saved);
     };
 }
@@ -332,8 +333,8 @@ std::function<void(QJsonObject&)> closed(const std::function<void(QJsonObject&)>
 std::function<void(QJsonObject&)> annulled(const std::function<void(QJsonObject&)>& damage)
 {
     return closed([damage](QJsonObject& saved) {
-        saved.insert(QStringLiteral("state"), QStringLiteral("annulled"));
-        saved.insert(QStringLiteral("annulled"), QStringLiteral("2024-03-01T08:00:00"));
+        saved.insert(u"state"_s, u"annulled"_s);
+        saved.insert(u"annulled"_s, u"2024-03-01T08:00:00"_s);
         damage(saved);
     });
 }
@@ -342,8 +343,8 @@ std::function<void(QJsonObject&)> annulled(const std::function<void(QJsonObject&
 std::function<void(QJsonObject&)> cancelling(const std::function<void(QJsonObject&)>& damage)
 {
     return [damage](QJsonObject& saved) {
-        saved.insert(QStringLiteral("type"), 25);
-        saved.insert(QStringLiteral("takesBack"), 3);
+        saved.insert(u"type"_s, 25);
+        saved.insert(u"takesBack"_s, 3);
         damage(saved);
     };
 }
@@ -352,27 +353,27 @@ const Damage damages[] = {
     {"formatMissing", without("format")},
     {"formatOfTheFuture", with("format", 99)},
     {"typeOfAnotherKind", with("type", 2)},
-    {"typeIsText", with("type", QStringLiteral("1"))},
+    {"typeIsText", with("type", u"1"_s)},
     {"numberMissing", without("number")},
-    {"numberIsText", with("number", QStringLiteral("7"))},
+    {"numberIsText", with("number", u"7"_s)},
     {"numberIsZero", with("number", 0)},
     {"numberIsHuge", with("number", 1e12)},
     {"numberIsBroken", with("number", 1.5)},
-    {"openedIsNoTime", with("opened", QStringLiteral("yesterday"))},
-    {"stateUnknown", with("state", QStringLiteral("lost"))},
-    {"stateInAnotherCase", with("state", QStringLiteral("Open"))},
+    {"openedIsNoTime", with("opened", u"yesterday"_s)},
+    {"stateUnknown", with("state", u"lost"_s)},
+    {"stateInAnotherCase", with("state", u"Open"_s)},
     {"stateIsNumber", with("state", 1)},
     {"closedWithoutItsTime", closed(without("finished"))},
     {"closedWithoutTheMoney", closed(without("received"))},
-    {"cancelledWithoutItsTime", with("state", QStringLiteral("cancelled"))},
-    {"finishedIsNoTime", closed(with("finished", QStringLiteral("today")))},
-    {"receivedIsText", closed(with("received", QStringLiteral("50")))},
+    {"cancelledWithoutItsTime", with("state", u"cancelled"_s)},
+    {"finishedIsNoTime", closed(with("finished", u"today"_s))},
+    {"receivedIsText", closed(with("received", u"50"_s))},
     {"annulledWithoutItsTime", annulled(without("annulled"))},
     {"annulledIsNoTime", annulled(with("annulled", true))},
     {"cancellingWithoutItsSale", cancelling(without("takesBack"))},
     {"takesBackIsZero", cancelling(with("takesBack", 0))},
-    {"takesBackIsText", cancelling(with("takesBack", QStringLiteral("3")))},
-    {"takenBackByIsText", with("takenBackBy", QStringLiteral("9"))},
+    {"takesBackIsText", cancelling(with("takesBack", u"3"_s))},
+    {"takenBackByIsText", with("takenBackBy", u"9"_s)},
     {"takenBackByIsBroken", with("takenBackBy", 9.5)},
     {"positionsIsNoList", with("positions", QJsonObject())},
     {"positionIsNoObject", with("positions", QJsonArray{1})},
@@ -380,12 +381,12 @@ const Damage damages[] = {
     {"pluginsMissing", without("plugins")},
     {"positionWithoutName", firstPosition(without("name"))},
     {"positionWithoutPrice", firstPosition(without("price"))},
-    {"positionPriceIsText", firstPosition(with("price", QStringLiteral("1")))},
+    {"positionPriceIsText", firstPosition(with("price", u"1"_s))},
     {"positionWithoutQuantity", firstPosition(without("quantity"))},
     {"positionWithoutTags", firstPosition(without("tags"))},
     {"positionWithoutOptions", firstPosition(without("extendedOptions"))},
     {"positionWithoutSoftCheckId", firstPosition(without("softCheckId"))},
-    {"positionInitialPriceIsText", firstPosition(with("initialPrice", QStringLiteral("1")))},
+    {"positionInitialPriceIsText", firstPosition(with("initialPrice", u"1"_s))},
     {"twoPositionsOfOneNumber", firstPosition(with("number", 2))},
 };
 
@@ -397,7 +398,7 @@ TEST(Receipt, undamagedOnesOfEveryKind_areRead)
     for (const auto& kind : {closed(nothing), annulled(nothing), cancelling(nothing)}) {
         QJsonObject saved = twoPositions()->toJson();
         kind(saved);
-        EXPECT_NO_THROW(Receipt::fromJson(saved)) << saved.value(QStringLiteral("state")).toString().toStdString();
+        EXPECT_NO_THROW(Receipt::fromJson(saved)) << saved.value(u"state"_s).toString().toStdString();
     }
 }
 

@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QTableView>
 
+using namespace Qt::StringLiterals;
+
 class RefusalTest : public TillWindow
 {
 protected:
@@ -32,15 +34,14 @@ TEST_F(RefusalTest, pluginStopsTheSubtotal_theStatusLineSaysSoUntilTheNextKey)
     press(Qt::Key_Up);
     press(Qt::Key_F6);
     ASSERT_TRUE(becomesIdle());
-    EXPECT_EQ(status()->text(),
-              QStringLiteral("Подытог не выполнен. Устраните причину, названную в сообщении, и повторите."));
-    EXPECT_EQ(status()->property("textRole").toString(), QStringLiteral("waiting"));
+    EXPECT_EQ(status()->text(), u"Подытог не выполнен. Устраните причину, названную в сообщении, и повторите."_s);
+    EXPECT_EQ(status()->property("textRole").toString(), u"waiting"_s);
     EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
     EXPECT_EQ(widget<QTableView>("receiptTable")->model()->rowCount(), 2);
     EXPECT_EQ(widget<QTableView>("receiptTable")->currentIndex().row(), 0);
     press(Qt::Key_Down);
     EXPECT_TRUE(status()->text().isEmpty());
-    EXPECT_EQ(status()->property("textRole").toString(), QStringLiteral("hint"));
+    EXPECT_EQ(status()->property("textRole").toString(), u"hint"_s);
 }
 
 TEST_F(RefusalTest, pluginStopsAtTheSubtotalAlreadyShown_theSubtotalStays)
@@ -51,7 +52,7 @@ TEST_F(RefusalTest, pluginStopsAtTheSubtotalAlreadyShown_theSubtotalStays)
     ASSERT_TRUE(becomesIdle());
     press(Qt::Key_F12);
     ASSERT_TRUE(becomesIdle());
-    EXPECT_TRUE(status()->text().startsWith(QStringLiteral("Оплата не выполнена.")));
+    EXPECT_TRUE(status()->text().startsWith(u"Оплата не выполнена."_s));
     EXPECT_EQ(sale->phase(), Sale::Phase::Subtotal);
     EXPECT_TRUE(isSeen("paymentPanel"));
 }
@@ -75,13 +76,12 @@ TEST_F(RefusalTest, cancellationRefusedAtThePayment_positionsComeBackUnderTheRef
     answer(control::StornoAll, EContext::Stop);
     openWindow();
     sale->setPhase(Sale::Phase::Payment);
-    cashier.onForm(QStringLiteral("questionForm"),
-                   [](QWidget& root) { root.findChild<QPushButton*>(QStringLiteral("yesButton"))->click(); });
+    cashier.onForm(u"questionForm"_s, [](QWidget& root) { root.findChild<QPushButton*>(u"yesButton"_s)->click(); });
     press(Qt::Key_F9);
     ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
     ASSERT_TRUE(becomesIdle());
     EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
-    EXPECT_TRUE(status()->text().startsWith(QStringLiteral("Отмена не выполнена."))) << qPrintable(status()->text());
+    EXPECT_TRUE(status()->text().startsWith(u"Отмена не выполнена."_s)) << qPrintable(status()->text());
     press(Qt::Key_Return);
     ASSERT_TRUE(becomesIdle());
     ASSERT_TRUE(sale->receipt());
@@ -94,7 +94,7 @@ TEST_F(RefusalTest, refusalInTheStatusLine_isReadWholeOnTheSmallestScreen)
     applyRegisterStyle(*qApp, 600);
     const Finally undressed([] { qApp->setStyleSheet(QString()); });
     openWindow();
-    widget<StatusLine>("statusLine")->showPlugins(QStringLiteral("Модулей: 1"), {});
+    widget<StatusLine>("statusLine")->showPlugins(u"Модулей: 1"_s, {});
     press(Qt::Key_F6);
     ASSERT_TRUE(becomesIdle());
     QApplication::processEvents();
@@ -106,12 +106,12 @@ TEST_F(RefusalTest, messageThatStands_comesBackAfterTheRefusal)
 {
     answer(control::Subtotal, EContext::Stop);
     openWindow();
-    widget<StatusLine>("statusLine")->showMessage(QStringLiteral("Модуль не подключён: x"));
+    widget<StatusLine>("statusLine")->showMessage(u"Модуль не подключён: x"_s);
     press(Qt::Key_F6);
     ASSERT_TRUE(becomesIdle());
-    EXPECT_TRUE(status()->text().startsWith(QStringLiteral("Подытог")));
+    EXPECT_TRUE(status()->text().startsWith(u"Подытог"_s));
     QTest::mouseClick(widget<QTableView>("receiptTable")->viewport(), Qt::LeftButton);
-    EXPECT_EQ(status()->text(), QStringLiteral("Модуль не подключён: x"));
+    EXPECT_EQ(status()->text(), u"Модуль не подключён: x"_s);
 }
 
 TEST_F(RefusalTest, pluginDoesNotFindThePosition_aMessageSaysSoAndThePositionStays)
@@ -122,8 +122,8 @@ TEST_F(RefusalTest, pluginDoesNotFindThePosition_aMessageSaysSoAndThePositionSta
     press(Qt::Key_F8);
     ASSERT_TRUE(becomesIdle());
     ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_TRUE(messages.all().first().text.startsWith(
-        QStringLiteral("Удаление позиции не выполнено: модуль не нашёл у себя эту позицию")));
+    EXPECT_TRUE(
+        messages.all().first().text.startsWith(u"Удаление позиции не выполнено: модуль не нашёл у себя эту позицию"_s));
     EXPECT_EQ(messages.all().first().kind, Dialog::Notice);
     EXPECT_TRUE(status()->text().isEmpty());
     EXPECT_EQ(sale->receipt()->positions().size(), 2);
@@ -132,18 +132,18 @@ TEST_F(RefusalTest, pluginDoesNotFindThePosition_aMessageSaysSoAndThePositionSta
 
 TEST_F(RefusalTest, stateOfAPosition_showsAfterEachPieceOfLongWork)
 {
-    QFile file(folder.filePath(QStringLiteral("positionmarks.json")));
+    QFile file(folder.filePath(u"positionmarks.json"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(R"({"positions": [{"tag": "paper", "mark": "Б", "states": [
         {"option": "status", "value": "done", "text": "готово", "colour": "#1b6e3c"}]}]})");
     file.close();
     marks.load(file.fileName());
     openWindow();
-    sale->receipt()->position(1)->setTag(QStringLiteral("paper"));
+    sale->receipt()->position(1)->setTag(u"paper"_s);
     begin("x");
-    sale->receipt()->position(1)->setExtendedOptions(QStringLiteral(R"({"status": "done"})"));
+    sale->receipt()->position(1)->setExtendedOptions(uR"({"status": "done"})"_s);
     end();
     const auto* table = widget<QTableView>("receiptTable");
-    EXPECT_EQ(table->model()->index(0, ReceiptTableModel::State).data().toString(), QStringLiteral("готово"));
+    EXPECT_EQ(table->model()->index(0, ReceiptTableModel::State).data().toString(), u"готово"_s);
     EXPECT_FALSE(table->isColumnHidden(ReceiptTableModel::State));
 }

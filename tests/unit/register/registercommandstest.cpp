@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class Commands : public CommandTill
 {
 };
@@ -20,7 +22,7 @@ TEST_F(Commands, openReceipt_opensOneAndSaysSoWhenItIsOpen)
     const ShownMessages messages;
     EXPECT_EQ(run(registeraction::openReceipt), EContext::Stop);
     ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_EQ(messages.all().first().text, QStringLiteral("Чек № 1 уже открыт."));
+    EXPECT_EQ(messages.all().first().text, u"Чек № 1 уже открыт."_s);
     EXPECT_EQ(messages.all().first().kind, Dialog::Notice);
 }
 
@@ -28,18 +30,16 @@ TEST_F(Commands, selectGoods_offersThoseOfTheNameAndWritesTheResult)
 {
     int rows = 0;
     QString info;
-    cashier.onForm(QStringLiteral("goodsSelectionForm"), [&](QWidget& root) {
-        rows = root.findChild<QAbstractItemView*>(QStringLiteral("goodsTable"))->model()->rowCount();
-        info = root.findChild<QLabel*>(QStringLiteral("medicineInfoLabel"))->text();
+    cashier.onForm(u"goodsSelectionForm"_s, [&](QWidget& root) {
+        rows = root.findChild<QAbstractItemView*>(u"goodsTable"_s)->model()->rowCount();
+        info = root.findChild<QLabel*>(u"medicineInfoLabel"_s)->text();
         press(root, "okButton");
     });
-    EXPECT_EQ(run(control::SelectGoods, {{QStringLiteral("filterByInn"), QStringLiteral("Амоксициллин")},
-                                         {QStringLiteral("medicineInfo"), QStringLiteral("a / b / 2.5")}}),
+    EXPECT_EQ(run(control::SelectGoods, {{u"filterByInn"_s, u"Амоксициллин"_s}, {u"medicineInfo"_s, u"a / b / 2.5"_s}}),
               EContext::GoOn);
     EXPECT_EQ(rows, 3);
-    EXPECT_EQ(info, QStringLiteral("a / b / 2.5"));
-    EXPECT_EQ(action.value(QStringLiteral("result")).value<SelectedGoods>().goods.nonProprietaryName,
-              QStringLiteral("Амоксициллин"));
+    EXPECT_EQ(info, u"a / b / 2.5"_s);
+    EXPECT_EQ(action.value(u"result"_s).value<SelectedGoods>().goods.nonProprietaryName, u"Амоксициллин"_s);
     EXPECT_TRUE(witness.seen.isEmpty()) << "choosing opens no receipt";
 }
 
@@ -50,36 +50,37 @@ protected:
     /// @param packs typed into their field; empty: taken as they stand
     void pick(const QString& medicineInfo, int row = -1, const QString& packs = {})
     {
-        cashier.onForm(QStringLiteral("goodsSelectionForm"), [=, this](QWidget& root) {
-            auto* table = root.findChild<QAbstractItemView*>(QStringLiteral("goodsTable"));
-            auto* field = root.findChild<QLineEdit*>(QStringLiteral("quantityLineEdit"));
+        cashier.onForm(u"goodsSelectionForm"_s, [=, this](QWidget& root) {
+            auto* table = root.findChild<QAbstractItemView*>(u"goodsTable"_s);
+            auto* field = root.findChild<QLineEdit*>(u"quantityLineEdit"_s);
             currentRow = table->currentIndex().row();
             packsAtFirst = field->text();
-            if (row >= 0)
+            if (row >= 0) {
                 table->setCurrentIndex(table->model()->index(row, 0));
-            if (!packs.isEmpty())
+            }
+            if (!packs.isEmpty()) {
                 field->setText(packs);
+            }
             press(root, "okButton");
         });
-        EXPECT_EQ(run(control::SelectGoods, {{QStringLiteral("filterByInn"), QStringLiteral("Амоксициллин")},
-                                             {QStringLiteral("medicineInfo"), medicineInfo}}),
+        EXPECT_EQ(run(control::SelectGoods, {{u"filterByInn"_s, u"Амоксициллин"_s}, {u"medicineInfo"_s, medicineInfo}}),
                   EContext::GoOn);
     }
 
     int currentRow = -1;
     QString packsAtFirst;
-    const QString medicine = QStringLiteral("Амоксициллин / / 30");
+    const QString medicine = u"Амоксициллин / / 30"_s;
 };
 
 TEST_F(PickedGoods, pickedAgainForTheSameMedicine_standThereWithTheirPacks)
 {
     sale->open();
-    pick(medicine, 2, QStringLiteral("3"));
-    const QString code = action.value(QStringLiteral("result")).value<SelectedGoods>().goods.code;
+    pick(medicine, 2, u"3"_s);
+    const QString code = action.value(u"result"_s).value<SelectedGoods>().goods.code;
     pick(medicine);
     EXPECT_EQ(currentRow, 2);
-    EXPECT_EQ(packsAtFirst, QStringLiteral("3"));
-    const auto again = action.value(QStringLiteral("result")).value<SelectedGoods>();
+    EXPECT_EQ(packsAtFirst, u"3"_s);
+    const auto again = action.value(u"result"_s).value<SelectedGoods>();
     EXPECT_EQ(again.goods.code, code);
     EXPECT_EQ(again.packs, 3);
 }
@@ -87,110 +88,108 @@ TEST_F(PickedGoods, pickedAgainForTheSameMedicine_standThereWithTheirPacks)
 TEST_F(PickedGoods, anotherMedicine_beginsWithOnePack)
 {
     sale->open();
-    pick(medicine, 2, QStringLiteral("3"));
-    pick(QStringLiteral("Амоксициллин / / 60"));
+    pick(medicine, 2, u"3"_s);
+    pick(u"Амоксициллин / / 60"_s);
     EXPECT_EQ(currentRow, 0);
-    EXPECT_EQ(packsAtFirst, QStringLiteral("1"));
+    EXPECT_EQ(packsAtFirst, u"1"_s);
 }
 
 TEST_F(PickedGoods, theyAreOnTheReceipt_theNextBeginWithOnePack)
 {
     sale->open();
-    pick(medicine, 2, QStringLiteral("3"));
-    EXPECT_EQ(run(control::AddSelectedGoods, {{QStringLiteral("result"), action.value(QStringLiteral("result"))}}),
-              EContext::GoOn);
+    pick(medicine, 2, u"3"_s);
+    EXPECT_EQ(run(control::AddSelectedGoods, {{u"result"_s, action.value(u"result"_s)}}), EContext::GoOn);
     pick(medicine);
-    EXPECT_EQ(packsAtFirst, QStringLiteral("1"));
+    EXPECT_EQ(packsAtFirst, u"1"_s);
 }
 
 TEST_F(PickedGoods, nextReceipt_beginsWithOnePack)
 {
     sale->open();
-    pick(medicine, 2, QStringLiteral("3"));
+    pick(medicine, 2, u"3"_s);
     ASSERT_TRUE(sale->cancel());
     sale->open();
     pick(medicine);
-    EXPECT_EQ(packsAtFirst, QStringLiteral("1"));
+    EXPECT_EQ(packsAtFirst, u"1"_s);
 }
 
 TEST_F(Commands, selectGoodsCancelled_stopsWithoutAResult)
 {
-    cashier.onForm(QStringLiteral("goodsSelectionForm"), [](QWidget& root) { press(root, "cancelButton"); });
+    cashier.onForm(u"goodsSelectionForm"_s, [](QWidget& root) { press(root, "cancelButton"); });
     EXPECT_EQ(run(control::SelectGoods), EContext::Stop);
-    EXPECT_FALSE(action.value(QStringLiteral("result")).isValid());
+    EXPECT_FALSE(action.value(u"result"_s).isValid());
 }
 
 TEST_F(Commands, selectGoodsClosedByTheRegister_stopsWithoutAResult)
 {
-    cashier.onForm(QStringLiteral("goodsSelectionForm"), [this](QWidget&) { gui.object.cancelForms(); });
+    cashier.onForm(u"goodsSelectionForm"_s, [this](QWidget&) { gui.object.cancelForms(); });
     EXPECT_EQ(run(control::SelectGoods), EContext::Stop);
 }
 
 TEST_F(Commands, selectGoodsWithoutADatabase_isToldAndStops)
 {
-    config.set(QStringLiteral("Database:name"), folder.filePath(QStringLiteral("absent.sqlite")));
+    config.set(u"Database:name"_s, folder.filePath(u"absent.sqlite"_s));
     const ShownMessages messages;
     EXPECT_EQ(run(control::SelectGoods), EContext::Stop);
     ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_TRUE(messages.all().first().text.startsWith(QStringLiteral("Справочник товаров недоступен")));
+    EXPECT_TRUE(messages.all().first().text.startsWith(u"Справочник товаров недоступен"_s));
 }
 
 TEST_F(Commands, addSelectedGoods_writesThePositionNumberThatCanBeFoundAtOnce)
 {
     sale->open();
-    EXPECT_EQ(run(control::AddSelectedGoods, {{QStringLiteral("result"), QVariant::fromValue(article(amoxidar, 2))}}),
+    EXPECT_EQ(run(control::AddSelectedGoods, {{u"result"_s, QVariant::fromValue(article(amoxidar, 2))}}),
               EContext::GoOn);
-    const int number = action.value(QStringLiteral("positionNumber")).toInt();
+    const int number = action.value(u"positionNumber"_s).toInt();
     ASSERT_TRUE(sale->receipt()->getPosition(number));
     EXPECT_EQ(sale->receipt()->getPosition(number)->getQuantity(), 2.0);
 }
 
 TEST_F(Commands, addSelectedGoodsWithoutAReceiptOrGoods_addsNothing)
 {
-    EXPECT_EQ(run(control::AddSelectedGoods, {{QStringLiteral("result"), QVariant::fromValue(article(amoxidar))}}),
+    EXPECT_EQ(run(control::AddSelectedGoods, {{u"result"_s, QVariant::fromValue(article(amoxidar))}}),
               EContext::NotFound);
     sale->open();
     EXPECT_EQ(run(control::AddSelectedGoods), EContext::NotFound);
-    EXPECT_EQ(run(control::AddSelectedGoods, {{QStringLiteral("result"), 5}}), EContext::NotFound);
+    EXPECT_EQ(run(control::AddSelectedGoods, {{u"result"_s, 5}}), EContext::NotFound);
     EXPECT_TRUE(sale->receipt()->positions().isEmpty());
 }
 
 TEST_F(Commands, barcodeSearched_addsItsGoodsWithoutAsking)
 {
-    EXPECT_EQ(run(registeraction::addGoods, {{QStringLiteral("search"), amoxidar}}), EContext::GoOn);
+    EXPECT_EQ(run(registeraction::addGoods, {{u"search"_s, amoxidar}}), EContext::GoOn);
     ASSERT_EQ(sale->receipt()->positions().size(), 1);
-    EXPECT_EQ(sale->receipt()->position(1)->getName(), QStringLiteral("Амоксидар, капсулы 500 мг №16"));
+    EXPECT_EQ(sale->receipt()->position(1)->getName(), u"Амоксидар, капсулы 500 мг №16"_s);
     EXPECT_EQ(witness.codes(), QList<int>{10});
 }
 
 TEST_F(Commands, barcodeOfGoodsOutOfStockSearched_asksBeforeTheyAreSold)
 {
-    const QVariantMap search{{QStringLiteral("search"), QStringLiteral("2990000000132")}};
+    const QVariantMap search{{u"search"_s, u"2990000000132"_s}};
     QString question;
-    cashier.onForm(QStringLiteral("questionForm"), [&question](QWidget& root) {
-        question = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
+    cashier.onForm(u"questionForm"_s, [&question](QWidget& root) {
+        question = root.findChild<QLabel*>(u"messageLabel"_s)->text();
         press(root, "noButton");
     });
     EXPECT_EQ(run(registeraction::addGoods, search), EContext::Stop);
-    EXPECT_EQ(question,
-              QStringLiteral("На остатке нет товара:\nАмлонорд Форте, таблетки 5 мг №30\nВсё равно продать?"));
+    EXPECT_EQ(question, u"На остатке нет товара:\nАмлонорд Форте, таблетки 5 мг №30\nВсё равно продать?"_s);
     EXPECT_FALSE(sale->receipt());
 
     answerQuestion("yesButton");
     EXPECT_EQ(run(registeraction::addGoods, search), EContext::GoOn);
     ASSERT_TRUE(sale->receipt());
-    EXPECT_EQ(sale->receipt()->position(1)->getName(), QStringLiteral("Амлонорд Форте, таблетки 5 мг №30"));
+    EXPECT_EQ(sale->receipt()->position(1)->getName(), u"Амлонорд Форте, таблетки 5 мг №30"_s);
 }
 
 TEST_F(Commands, nameSearched_opensTheSelectionWithItAndAddsAfterwards)
 {
     QList<int> eventsWhileChoosing;
-    cashier.onForm(QStringLiteral("goodsSelectionForm"), [&](QWidget& root) {
-        EXPECT_EQ(root.findChild<QLineEdit*>(QStringLiteral("filterLineEdit"))->text(), QStringLiteral("бинт"));
+    cashier.onForm(u"goodsSelectionForm"_s, [&](QWidget& root) {
+        EXPECT_EQ(root.findChild<QLineEdit*>(u"filterLineEdit"_s)->text(), u"бинт"_s);
         eventsWhileChoosing = witness.codes();
         press(root, "okButton");
     });
-    EXPECT_EQ(run(registeraction::addGoods, {{QStringLiteral("search"), QStringLiteral(" бинт ")}}), EContext::GoOn);
+    EXPECT_EQ(run(registeraction::addGoods, {{u"search"_s, u" бинт "_s}}), EContext::GoOn);
     EXPECT_TRUE(eventsWhileChoosing.isEmpty()) << "event 10 comes after the dialog";
     EXPECT_EQ(witness.codes(), QList<int>{10});
     EXPECT_EQ(sale->receipt()->positions().size(), 1);
@@ -198,7 +197,7 @@ TEST_F(Commands, nameSearched_opensTheSelectionWithItAndAddsAfterwards)
 
 TEST_F(Commands, addGoodsCancelled_opensNoReceipt)
 {
-    cashier.onForm(QStringLiteral("goodsSelectionForm"), [](QWidget& root) { press(root, "cancelButton"); });
+    cashier.onForm(u"goodsSelectionForm"_s, [](QWidget& root) { press(root, "cancelButton"); });
     EXPECT_EQ(run(registeraction::addGoods), EContext::Stop);
     EXPECT_FALSE(sale->receipt());
 }
@@ -206,10 +205,10 @@ TEST_F(Commands, addGoodsCancelled_opensNoReceipt)
 TEST_F(Commands, changeQuantity_setsThePacksTyped)
 {
     sale->add(article(amoxidar));
-    cashier.onForm(QStringLiteral("textInputForm"), [](QWidget& root) {
-        auto* input = root.findChild<QLineEdit*>(QStringLiteral("inputLineEdit"));
-        EXPECT_EQ(input->text(), QStringLiteral("1"));
-        input->setText(QStringLiteral("7"));
+    cashier.onForm(u"textInputForm"_s, [](QWidget& root) {
+        auto* input = root.findChild<QLineEdit*>(u"inputLineEdit"_s);
+        EXPECT_EQ(input->text(), u"1"_s);
+        input->setText(u"7"_s);
         press(root, "okButton");
     });
     EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::GoOn);
@@ -220,7 +219,7 @@ TEST_F(Commands, changeQuantity_setsThePacksTyped)
 TEST_F(Commands, changeQuantityCancelled_leavesThePacks)
 {
     sale->add(article(amoxidar, 3));
-    cashier.onForm(QStringLiteral("textInputForm"), [](QWidget& root) { press(root, "cancelButton"); });
+    cashier.onForm(u"textInputForm"_s, [](QWidget& root) { press(root, "cancelButton"); });
     EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(sale->receipt()->position(1)->getQuantity(), 3.0);
 }
@@ -232,24 +231,24 @@ TEST_F(Commands, noPositionChosen_saysSo)
     EXPECT_EQ(run(registeraction::changeQuantity), EContext::Stop);
     EXPECT_EQ(run(registeraction::removePosition, positionNumber(4)), EContext::Stop);
     ASSERT_EQ(messages.all().size(), 2);
-    EXPECT_EQ(messages.all().first().text, QStringLiteral("Сначала выберите позицию чека."));
+    EXPECT_EQ(messages.all().first().text, u"Сначала выберите позицию чека."_s);
 }
 
 TEST_F(Commands, boundPosition_keepsItsQuantity)
 {
     sale->add(article(amoxidar));
-    sale->receipt()->position(1)->setSoftCheckId(QStringLiteral("rx-1"));
+    sale->receipt()->position(1)->setSoftCheckId(u"rx-1"_s);
     const ShownMessages messages;
     EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::Stop);
     ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_TRUE(messages.all().first().text.startsWith(QStringLiteral("Позиция № 1 отпускается по документу")));
+    EXPECT_TRUE(messages.all().first().text.startsWith(u"Позиция № 1 отпускается по документу"_s));
     EXPECT_EQ(sale->receipt()->position(1)->getQuantity(), 1);
 }
 
 TEST_F(Commands, boundPosition_isRemovedOnlyAfterTheQuestionAndByTheHooks)
 {
     sale->add(article(amoxidar));
-    sale->receipt()->position(1)->setSoftCheckId(QStringLiteral("rx-1"));
+    sale->receipt()->position(1)->setSoftCheckId(u"rx-1"_s);
     int hooks = 0;
     controller.object.addTrigger({EContext::OpenReceipt, control::StornoPosition, ActionTrigger::Before,
                                   [&hooks](const control::Action&) {
@@ -257,11 +256,11 @@ TEST_F(Commands, boundPosition_isRemovedOnlyAfterTheQuestionAndByTheHooks)
                                       return EContext::GoOn;
                                   },
                                   ActionTrigger::Any, 1});
-    cashier.onForm(QStringLiteral("questionForm"), [](QWidget& root) { press(root, "noButton"); });
+    cashier.onForm(u"questionForm"_s, [](QWidget& root) { press(root, "noButton"); });
     EXPECT_EQ(run(registeraction::removePosition, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(hooks, 0);
     EXPECT_EQ(sale->receipt()->positions().size(), 1);
-    cashier.onForm(QStringLiteral("questionForm"), [](QWidget& root) { press(root, "yesButton"); });
+    cashier.onForm(u"questionForm"_s, [](QWidget& root) { press(root, "yesButton"); });
     EXPECT_EQ(run(registeraction::removePosition, positionNumber(1)), EContext::GoOn);
     EXPECT_EQ(hooks, 1);
     EXPECT_TRUE(sale->receipt()->positions().isEmpty());
@@ -274,7 +273,7 @@ TEST_F(Commands, removePosition_asksTheHooksWhileThePositionStands)
     QList<int> asked;
     controller.object.addTrigger({EContext::OpenReceipt, control::StornoPosition, ActionTrigger::Before,
                                   [&](const control::Action& storno) {
-                                      const int number = storno.value(QStringLiteral("positionNumber")).toInt();
+                                      const int number = storno.value(u"positionNumber"_s).toInt();
                                       EXPECT_TRUE(sale->receipt()->getPosition(number));
                                       asked.append(number);
                                       return permission;
@@ -286,19 +285,19 @@ TEST_F(Commands, removePosition_asksTheHooksWhileThePositionStands)
     EXPECT_EQ(run(registeraction::removePosition, positionNumber(1)), EContext::GoOn);
     EXPECT_TRUE(sale->receipt()->positions().isEmpty());
     EXPECT_EQ(asked, (QList<int>{1, 1}));
-    EXPECT_TRUE(savedReceipt().value(QStringLiteral("positions")).toArray().isEmpty());
+    EXPECT_TRUE(savedReceipt().value(u"positions"_s).toArray().isEmpty());
 }
 
 TEST_F(Commands, keyExplained_namesTheKeyAndWhatIsMissing)
 {
-    const QVariantMap key{{QStringLiteral("text"), QStringLiteral("Рецепт %1")}};
+    const QVariantMap key{{u"text"_s, u"Рецепт %1"_s}};
     const ShownMessages messages;
     run(registeraction::explainKey, key);
     sale->open();
     run(registeraction::explainKey, key);
     ASSERT_EQ(messages.all().size(), 2);
-    EXPECT_TRUE(messages.all().at(0).text.startsWith(QStringLiteral("«Рецепт %1» работает при открытом чеке")));
-    EXPECT_TRUE(messages.all().at(1).text.startsWith(QStringLiteral("«Рецепт %1» сейчас недоступно")));
+    EXPECT_TRUE(messages.all().at(0).text.startsWith(u"«Рецепт %1» работает при открытом чеке"_s));
+    EXPECT_TRUE(messages.all().at(1).text.startsWith(u"«Рецепт %1» сейчас недоступно"_s));
 }
 
 class SubtotalCommand : public Commands, public ::testing::WithParamInterface<control::EActionType>
@@ -317,7 +316,7 @@ TEST_P(SubtotalCommand, receiptWithoutPositions_saysSoAndStops)
     const ShownMessages messages;
     EXPECT_EQ(run(GetParam()), EContext::Stop);
     ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_EQ(messages.all().first().text, QStringLiteral("В чеке нет позиций.\nДобавьте товар или отмените чек."));
+    EXPECT_EQ(messages.all().first().text, u"В чеке нет позиций.\nДобавьте товар или отмените чек."_s);
     EXPECT_EQ(messages.all().first().kind, Dialog::Notice);
     EXPECT_EQ(sale->phase(), Sale::Phase::Positions);
 }
@@ -354,10 +353,7 @@ INSTANTIATE_TEST_SUITE_P(Actions, SubtotalCommand, ::testing::Values(control::Su
 class PayCommand : public Commands
 {
 protected:
-    EContext::Result pay(const QString& received)
-    {
-        return run(registeraction::pay, {{QStringLiteral("received"), received}});
-    }
+    EContext::Result pay(const QString& received) { return run(registeraction::pay, {{u"received"_s, received}}); }
     /// A receipt over 24,80 that stands at its payment.
     void standAtPayment()
     {
@@ -374,7 +370,7 @@ TEST_F(PayCommand, receivedInAnyForm_closesWithTheChange)
     for (const auto& [typed, received] : forms) {
         standAtPayment();
         const int number = sale->receipt()->getNumber();
-        EXPECT_EQ(pay(QLatin1String(typed)), EContext::GoOn) << typed;
+        EXPECT_EQ(pay(QLatin1StringView(typed)), EContext::GoOn) << typed;
         EXPECT_FALSE(sale->receipt()) << typed;
         EXPECT_EQ(archived(number)->getReceived(), received) << typed;
         EXPECT_EQ(archived(number)->getChange(), received - 2480) << typed;
@@ -386,11 +382,12 @@ TEST_F(PayCommand, receivedUnreadable_saysWhatWasTypedAndHowToTypeIt)
     standAtPayment();
     const ShownMessages messages;
     const char* const typed[] = {"abc %1", "-50", "1 000", "24,801", "1e3", "999999999", "50 руб"};
-    for (const char* text : typed)
+    for (const char* text : typed) {
         EXPECT_EQ(pay(QString::fromUtf8(text)), EContext::Stop) << text;
+    }
     ASSERT_EQ(messages.all().size(), std::ssize(typed));
     EXPECT_EQ(messages.all().first().text,
-              QStringLiteral("«abc %1» — не сумма.\nВведите полученные деньги, например 50 или 12,40."));
+              u"«abc %1» — не сумма.\nВведите полученные деньги, например 50 или 12,40."_s);
     EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
     EXPECT_EQ(witness.codes(), QList<int>{10});
 }
@@ -399,21 +396,21 @@ TEST_F(PayCommand, receivedTooLittle_saysWhatIsMissing)
 {
     standAtPayment();
     const ShownMessages messages;
-    EXPECT_EQ(pay(QStringLiteral("24,79")), EContext::Stop);
-    EXPECT_EQ(pay(QStringLiteral("0")), EContext::Stop);
+    EXPECT_EQ(pay(u"24,79"_s), EContext::Stop);
+    EXPECT_EQ(pay(u"0"_s), EContext::Stop);
     ASSERT_EQ(messages.all().size(), 2);
-    EXPECT_EQ(messages.all().first().text, QStringLiteral("Получено 24,79, а к оплате 24,80.\nНе хватает 0,01."));
+    EXPECT_EQ(messages.all().first().text, u"Получено 24,79, а к оплате 24,80.\nНе хватает 0,01."_s);
     EXPECT_EQ(sale->phase(), Sale::Phase::Payment);
     EXPECT_EQ(witness.codes(), QList<int>{10});
 }
 
 TEST_F(PayCommand, receiptNotAtItsPayment_isNotClosed)
 {
-    EXPECT_EQ(pay(QStringLiteral("50")), EContext::NotFound) << "no receipt is open";
+    EXPECT_EQ(pay(u"50"_s), EContext::NotFound) << "no receipt is open";
     sale->add(article(amoxidar));
-    EXPECT_EQ(pay(QStringLiteral("50")), EContext::Stop);
+    EXPECT_EQ(pay(u"50"_s), EContext::Stop);
     sale->setPhase(Sale::Phase::Subtotal);
-    EXPECT_EQ(pay(QStringLiteral("50")), EContext::Stop);
+    EXPECT_EQ(pay(u"50"_s), EContext::Stop);
     EXPECT_TRUE(sale->receipt());
 }
 
@@ -421,7 +418,7 @@ TEST_F(PayCommand, cancellingDocument_paysItsSumOutWhateverIsTyped)
 {
     ASSERT_TRUE(sale->takeBack(archived(sold())));
     sale->setPhase(Sale::Phase::Payment);
-    EXPECT_EQ(pay(QStringLiteral("1")), EContext::GoOn);
+    EXPECT_EQ(pay(u"1"_s), EContext::GoOn);
     EXPECT_EQ(archived(2)->getReceived(), 2480);
     EXPECT_EQ(archived(2)->getState(), Receipt::State::Closed);
 }
@@ -445,16 +442,16 @@ class StornoHook : public Commands, public ::testing::WithParamInterface<EContex
 TEST_P(StornoHook, positionIsCancelledOnlyWhenItGoesOn)
 {
     sale->add(article(amoxidar));
-    sale->receipt()->position(1)->setSoftCheckId(QStringLiteral("rx-1"));
+    sale->receipt()->position(1)->setSoftCheckId(u"rx-1"_s);
     addHook(EContext::OpenReceipt, control::StornoPosition, [this](const control::Action& storno) {
-        EXPECT_EQ(storno.value(QStringLiteral("positionNumber")).toInt(), 1);
+        EXPECT_EQ(storno.value(u"positionNumber"_s).toInt(), 1);
         EXPECT_TRUE(sale->receipt()->getPosition(1));
         return GetParam();
     });
     answerQuestion("yesButton");
     EXPECT_EQ(run(registeraction::removePosition, positionNumber(1)), GetParam());
     EXPECT_EQ(sale->receipt()->positions().isEmpty(), GetParam() == EContext::GoOn);
-    EXPECT_EQ(savedReceipt().value(QStringLiteral("positions")).toArray().isEmpty(), GetParam() == EContext::GoOn);
+    EXPECT_EQ(savedReceipt().value(u"positions"_s).toArray().isEmpty(), GetParam() == EContext::GoOn);
     EXPECT_TRUE(cashier.isDone());
 }
 
@@ -509,18 +506,19 @@ TEST_F(Commands, cancelReceipt_asksFirstAndNamesTheSum)
 {
     sale->add(article(amoxidar, 2));
     int hooks = 0;
-    for (const auto type : {control::StornoAll, control::StornoAllFromMenu})
+    for (const auto type : {control::StornoAll, control::StornoAllFromMenu}) {
         addHook(EContext::OpenReceipt, type, [&hooks](const control::Action&) {
             ++hooks;
             return EContext::GoOn;
         });
+    }
     QString question;
-    cashier.onForm(QStringLiteral("questionForm"), [&question](QWidget& root) {
-        question = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
+    cashier.onForm(u"questionForm"_s, [&question](QWidget& root) {
+        question = root.findChild<QLabel*>(u"messageLabel"_s)->text();
         press(root, "noButton");
     });
     EXPECT_EQ(run(registeraction::cancelReceipt), EContext::Stop);
-    EXPECT_EQ(question, QStringLiteral("Отменить чек № 1 на сумму 24,80?"));
+    EXPECT_EQ(question, u"Отменить чек № 1 на сумму 24,80?"_s);
     EXPECT_EQ(hooks, 0);
     EXPECT_TRUE(sale->receipt());
     answerQuestion("yesButton");
@@ -533,12 +531,13 @@ TEST_F(Commands, cancelReceipt_asksFirstAndNamesTheSum)
 TEST_F(Commands, cancelReceipt_isDoneByTheActionOfTheKey)
 {
     QList<int> done;
-    for (const auto type : {control::StornoAll, control::StornoAllFromMenu})
+    for (const auto type : {control::StornoAll, control::StornoAllFromMenu}) {
         addHook(EContext::OpenReceipt, type, [&done](const control::Action& storno) {
             done.append(storno.getType());
             return EContext::GoOn;
         });
-    const QVariantMap keys[] = {{}, {{QStringLiteral("by"), QStringLiteral("206")}}, {{QStringLiteral("by"), 131}}};
+    }
+    const QVariantMap keys[] = {{}, {{u"by"_s, u"206"_s}}, {{u"by"_s, 131}}};
     for (const QVariantMap& arguments : keys) {
         sale->add(article(amoxidar));
         answerQuestion("yesButton");
@@ -551,7 +550,7 @@ TEST_F(Commands, cancelReceipt_isDoneByTheActionOfTheKey)
 TEST_F(Commands, questionClosedByTheRegister_leavesTheReceipt)
 {
     sale->add(article(amoxidar));
-    cashier.onForm(QStringLiteral("questionForm"), [this](QWidget&) { gui.object.cancelForms(); });
+    cashier.onForm(u"questionForm"_s, [this](QWidget&) { gui.object.cancelForms(); });
     EXPECT_EQ(run(registeraction::cancelReceipt), EContext::Stop);
     EXPECT_TRUE(sale->receipt());
 }
@@ -561,47 +560,45 @@ TEST_F(Commands, cancellingDocument_takesNoGoodsAndIsCancelledOnlyWhole)
     ASSERT_TRUE(sale->takeBack(archived(sold())));
     const QJsonObject before = sale->receipt()->toJson();
     const ShownMessages messages;
-    EXPECT_EQ(run(registeraction::addGoods, {{QStringLiteral("search"), amoxidar}}), EContext::Stop);
-    EXPECT_EQ(run(control::AddSelectedGoods, {{QStringLiteral("result"), QVariant::fromValue(article(amoxidar))}}),
-              EContext::Stop);
+    EXPECT_EQ(run(registeraction::addGoods, {{u"search"_s, amoxidar}}), EContext::Stop);
+    EXPECT_EQ(run(control::AddSelectedGoods, {{u"result"_s, QVariant::fromValue(article(amoxidar))}}), EContext::Stop);
     EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(run(registeraction::removePosition, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(run(control::StornoPosition, positionNumber(1)), EContext::NotFound);
     EXPECT_EQ(sale->receipt()->toJson(), before);
     ASSERT_EQ(messages.all().size(), 4);
-    EXPECT_TRUE(messages.all().first().text.startsWith(QStringLiteral("Открыт возврат: товары в него не добавляются")));
-    for (const auto& message : messages.all().mid(1))
-        EXPECT_EQ(message.text, QStringLiteral("Продажа возвращается целиком: позиции возврата не меняются."));
+    EXPECT_TRUE(messages.all().first().text.startsWith(u"Открыт возврат: товары в него не добавляются"_s));
+    for (const auto& message : messages.all().mid(1)) {
+        EXPECT_EQ(message.text, u"Продажа возвращается целиком: позиции возврата не меняются."_s);
+    }
 }
 
 TEST_F(Commands, cancellingDocumentCancelled_asksForTheTakeBack)
 {
     ASSERT_TRUE(sale->takeBack(archived(sold())));
     QString question;
-    cashier.onForm(QStringLiteral("questionForm"), [&question](QWidget& root) {
-        EXPECT_EQ(root.findChild<QLabel*>(QStringLiteral("titleLabel"))->text(), QStringLiteral("Отмена возврата"));
-        EXPECT_EQ(root.findChild<QPushButton*>(QStringLiteral("yesButton"))->text(),
-                  QStringLiteral("Отменить возврат"));
-        question = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
+    cashier.onForm(u"questionForm"_s, [&question](QWidget& root) {
+        EXPECT_EQ(root.findChild<QLabel*>(u"titleLabel"_s)->text(), u"Отмена возврата"_s);
+        EXPECT_EQ(root.findChild<QPushButton*>(u"yesButton"_s)->text(), u"Отменить возврат"_s);
+        question = root.findChild<QLabel*>(u"messageLabel"_s)->text();
         press(root, "yesButton");
     });
     EXPECT_EQ(run(registeraction::cancelReceipt), EContext::GoOn);
-    EXPECT_EQ(question, QStringLiteral("Отменить возврат № 2 на сумму 24,80?"));
+    EXPECT_EQ(question, u"Отменить возврат № 2 на сумму 24,80?"_s);
     EXPECT_FALSE(sale->archive().isTakenBack(*archived(1), nullptr));
 }
 
 TEST_F(Commands, cancellingDocumentBegunByAPlugin_theQuestionAdvisesToFinishIt)
 {
     ASSERT_TRUE(sale->takeBack(archived(sold())));
-    sale->receipt()->position(1)->setExtendedOptions(QStringLiteral(R"({"status":"canceled"})"));
+    sale->receipt()->position(1)->setExtendedOptions(uR"({"status":"canceled"})"_s);
     QString question;
-    cashier.onForm(QStringLiteral("questionForm"), [&question](QWidget& root) {
-        question = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
+    cashier.onForm(u"questionForm"_s, [&question](QWidget& root) {
+        question = root.findChild<QLabel*>(u"messageLabel"_s)->text();
         press(root, "noButton");
     });
     EXPECT_EQ(run(registeraction::cancelReceipt), EContext::Stop);
-    EXPECT_TRUE(question.startsWith(QStringLiteral("Возврат № 2 на сумму 24,80 уже выполнен частично")))
-        << qPrintable(question);
-    EXPECT_TRUE(question.contains(QStringLiteral("«Оплата»")));
+    EXPECT_TRUE(question.startsWith(u"Возврат № 2 на сумму 24,80 уже выполнен частично"_s)) << qPrintable(question);
+    EXPECT_TRUE(question.contains(u"«Оплата»"_s));
     EXPECT_TRUE(sale->receipt());
 }

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 constexpr int patience = 60'000; // milliseconds; only bounds a failure
@@ -22,8 +24,8 @@ class RegisterProgram : public ::testing::Test
 protected:
     RegisterProgram()
     {
-        EXPECT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("data")));
-        EXPECT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("plugins")));
+        EXPECT_TRUE(QDir(folder.path()).mkdir(u"data"_s));
+        EXPECT_TRUE(QDir(folder.path()).mkdir(u"plugins"_s));
         write("register.ini", "[Register]\ndemoData=true\n");
     }
 
@@ -37,14 +39,14 @@ protected:
     void write(const char* name, const QByteArray& content) { writeFile(path(name), content); }
     QStringList usualOptions() const
     {
-        return {QStringLiteral("--config"),  path("register.ini"), QStringLiteral("--data"),        path("data"),
-                QStringLiteral("--plugins"), path("plugins"),      QStringLiteral("--screenshots"), folder.path()};
+        return {u"--config"_s,  path("register.ini"), u"--data"_s,        path("data"),
+                u"--plugins"_s, path("plugins"),      u"--screenshots"_s, folder.path()};
     }
     void start(QProcess& program, const QStringList& options)
     {
         program.setProcessChannelMode(QProcess::MergedChannels);
         program.setProcessEnvironment(environment);
-        program.start(QStringLiteral(REGISTER_PROGRAM), options);
+        program.start(QString::fromUtf8(REGISTER_PROGRAM), options);
         ASSERT_TRUE(program.waitForStarted(patience));
     }
     /// Runs the program to its end. @return its exit status, -1 when it did not end in good order
@@ -63,7 +65,7 @@ protected:
     int play(const QByteArray& steps, const QStringList& options = {})
     {
         write("steps.json", "{\"steps\": " + steps + "}");
-        return run(usualOptions() + QStringList{QStringLiteral("--play"), path("steps.json")} + options);
+        return run(usualOptions() + QStringList{u"--play"_s, path("steps.json")} + options);
     }
     QJsonObject savedReceipt() const
     {
@@ -73,8 +75,9 @@ protected:
 
     void takeDisplayAway()
     {
-        for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-            environment.remove(QLatin1String(variable));
+        for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+            environment.remove(QLatin1StringView(variable));
+        }
     }
 
     QTemporaryDir folder;
@@ -90,10 +93,11 @@ TEST_F(RegisterProgram, goodsSoldByKeyboard_areOnTheReceiptThatComesBackAfterAKi
         {"receipt": {"positions": [{"quantity": 1}]}},
         {"say": "saved"}, {"wait": "nothing", "seconds": 60}]})");
     QProcess program;
-    start(program, usualOptions() + QStringList{QStringLiteral("--play"), path("steps.json")});
-    while (!output.contains(QStringLiteral("saved")) && program.waitForReadyRead(patience))
+    start(program, usualOptions() + QStringList{u"--play"_s, path("steps.json")});
+    while (!output.contains(u"saved"_s) && program.waitForReadyRead(patience)) {
         output += QString::fromUtf8(program.readAll());
-    ASSERT_TRUE(output.contains(QStringLiteral("saved"))) << qPrintable(output);
+    }
+    ASSERT_TRUE(output.contains(u"saved"_s)) << qPrintable(output);
     program.kill();
     ASSERT_TRUE(program.waitForFinished(patience));
 
@@ -106,7 +110,7 @@ TEST_F(RegisterProgram, goodsSoldByKeyboard_areOnTheReceiptThatComesBackAfterAKi
 TEST_F(RegisterProgram, failedExpectation_isStatusOne)
 {
     EXPECT_EQ(play(R"([{"expect": "x", "in": "totalLabel", "seconds": 0}])"), 1);
-    EXPECT_TRUE(output.contains(QStringLiteral("Step 1 of 1 failed"))) << qPrintable(output);
+    EXPECT_TRUE(output.contains(u"Step 1 of 1 failed"_s)) << qPrintable(output);
 }
 
 TEST_F(RegisterProgram, scenarioThatEndsInsideADialog_closesAllTheSame)
@@ -121,26 +125,26 @@ TEST_F(RegisterProgram, windowClosedInTheMiddleOfAScenario_isStatusOne)
 
 TEST_F(RegisterProgram, wrongOption_isStatusTwo)
 {
-    EXPECT_EQ(run({QStringLiteral("--nonsense")}), 2);
-    EXPECT_TRUE(output.contains(QStringLiteral("nonsense")));
+    EXPECT_EQ(run({u"--nonsense"_s}), 2);
+    EXPECT_TRUE(output.contains(u"nonsense"_s));
 }
 
 TEST_F(RegisterProgram, noDisplay_helpVersionAndWrongOptionsAreToldAllTheSame)
 {
     takeDisplayAway();
-    EXPECT_EQ(run({QStringLiteral("--help")}), 0);
-    EXPECT_TRUE(output.contains(QStringLiteral("--config"))) << qPrintable(output);
-    EXPECT_EQ(run({QStringLiteral("--version")}), 0);
-    EXPECT_TRUE(output.startsWith(QStringLiteral("pharmacy-register "))) << qPrintable(output);
-    EXPECT_EQ(run({QStringLiteral("--nonsense")}), 2);
-    EXPECT_TRUE(output.contains(QStringLiteral("nonsense"))) << qPrintable(output);
+    EXPECT_EQ(run({u"--help"_s}), 0);
+    EXPECT_TRUE(output.contains(u"--config"_s)) << qPrintable(output);
+    EXPECT_EQ(run({u"--version"_s}), 0);
+    EXPECT_TRUE(output.startsWith(u"pharmacy-register "_s)) << qPrintable(output);
+    EXPECT_EQ(run({u"--nonsense"_s}), 2);
+    EXPECT_TRUE(output.contains(u"nonsense"_s)) << qPrintable(output);
 }
 
 TEST_F(RegisterProgram, noDisplay_isStatusSeven)
 {
     takeDisplayAway();
     EXPECT_EQ(run(usualOptions()), 7);
-    EXPECT_TRUE(output.contains(QStringLiteral("There is no display"))) << qPrintable(output);
+    EXPECT_TRUE(output.contains(u"There is no display"_s)) << qPrintable(output);
 }
 
 TEST_F(RegisterProgram, noDisplay_scenarioIsPlayedOffTheScreen)
@@ -170,21 +174,21 @@ TEST_F(RegisterProgram, dataFolderMissingOrAFile_isStatusFour)
 TEST_F(RegisterProgram, dataFolderThatTakesNoFiles_isStatusFour)
 {
     // Not even root writes there.
-    EXPECT_EQ(
-        run({QStringLiteral("--config"), path("register.ini"), QStringLiteral("--data"), QStringLiteral("/proc")}), 4);
-    EXPECT_TRUE(output.contains(QStringLiteral("cannot be written to"))) << qPrintable(output);
+    EXPECT_EQ(run({u"--config"_s, path("register.ini"), u"--data"_s, u"/proc"_s}), 4);
+    EXPECT_TRUE(output.contains(u"cannot be written to"_s)) << qPrintable(output);
 }
 
 TEST_F(RegisterProgram, secondOneOnTheSameData_isRefusedWithStatusFive)
 {
     write("steps.json", R"({"steps": [{"say": "ready"}, {"wait": "nothing", "seconds": 60}]})");
     QProcess first;
-    start(first, usualOptions() + QStringList{QStringLiteral("--play"), path("steps.json")});
+    start(first, usualOptions() + QStringList{u"--play"_s, path("steps.json")});
     QString printed;
-    while (!printed.contains(QStringLiteral("ready")) && first.waitForReadyRead(patience))
+    while (!printed.contains(u"ready"_s) && first.waitForReadyRead(patience)) {
         printed += QString::fromUtf8(first.readAll());
+    }
     EXPECT_EQ(run(usualOptions()), 5);
-    EXPECT_TRUE(output.contains(QStringLiteral("Another register"))) << qPrintable(output);
+    EXPECT_TRUE(output.contains(u"Another register"_s)) << qPrintable(output);
     first.kill();
     ASSERT_TRUE(first.waitForFinished(patience));
     EXPECT_EQ(play("[]"), 0) << "the lock of a killed register does not hold";
@@ -192,10 +196,10 @@ TEST_F(RegisterProgram, secondOneOnTheSameData_isRefusedWithStatusFive)
 
 TEST_F(RegisterProgram, scenarioUnreadable_isStatusSix)
 {
-    EXPECT_EQ(run(usualOptions() + QStringList{QStringLiteral("--play"), path("absent.json")}), 6);
-    EXPECT_TRUE(output.contains(QStringLiteral("absent.json"))) << qPrintable(output);
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--play"_s, path("absent.json")}), 6);
+    EXPECT_TRUE(output.contains(u"absent.json"_s)) << qPrintable(output);
     EXPECT_EQ(play(R"([{"jump": 1}])"), 6);
-    EXPECT_TRUE(output.contains(QStringLiteral("step 1"))) << qPrintable(output);
+    EXPECT_TRUE(output.contains(u"step 1"_s)) << qPrintable(output);
 }
 
 TEST_F(RegisterProgram, goodsDatabaseMissing_isToldAndTheRegisterGoesOn)
@@ -214,8 +218,8 @@ TEST_F(RegisterProgram, damagedReceipt_isToldSetAsideAndTheRegisterGoesOn)
                        {"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}])"),
               0)
         << qPrintable(output);
-    EXPECT_EQ(QDir(path("data")).entryList({QStringLiteral("receipt.json.damaged-*")}).size(), 1);
-    EXPECT_EQ(savedReceipt().value(QStringLiteral("number")).toInt(), 1);
+    EXPECT_EQ(QDir(path("data")).entryList({u"receipt.json.damaged-*"_s}).size(), 1);
+    EXPECT_EQ(savedReceipt().value(u"number"_s).toInt(), 1);
 }
 
 TEST_F(RegisterProgram, damagedReceiptThatCannotBeSetAside_isStatusEightAndStaysAsItIs)
@@ -223,13 +227,13 @@ TEST_F(RegisterProgram, damagedReceiptThatCannotBeSetAside_isStatusEightAndStays
     const QByteArray damaged("{\"format\":");
     const QString data = deepFolder(folder.path());
     ASSERT_TRUE(QDir().mkpath(data));
-    writeFile(data + QStringLiteral("/receipt.json"), damaged);
-    const QStringList options{QStringLiteral("--data"), data};
+    writeFile(data + u"/receipt.json"_s, damaged);
+    const QStringList options{u"--data"_s, data};
 
     EXPECT_EQ(play(R"([{"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}])", options), 8)
         << qPrintable(output);
-    EXPECT_TRUE(output.contains(QStringLiteral("cannot be set aside"))) << qPrintable(output);
-    QFile kept(data + QStringLiteral("/receipt.json"));
+    EXPECT_TRUE(output.contains(u"cannot be set aside"_s)) << qPrintable(output);
+    QFile kept(data + u"/receipt.json"_s);
     ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
     EXPECT_EQ(kept.readAll(), damaged);
 }
@@ -256,7 +260,7 @@ TEST_F(RegisterProgram, touchAlone_putsGoodsOnTheReceipt)
                        {"click": "key_н"}, {"click": "key_т"}, {"expect": "бинт", "in": "filterLineEdit"},
                        {"click": "quantityPlusButton"}, {"click": "okButton"},
                        {"receipt": {"positions": [{"quantity": 2}]}}])",
-                   {QStringLiteral("--touch")}),
+                   {u"--touch"_s}),
               0)
         << qPrintable(output);
 }

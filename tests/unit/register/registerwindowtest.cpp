@@ -11,16 +11,18 @@
 #include <QTableView>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class WindowTest : public TillWindow
 {
 protected:
     WindowTest()
     {
-        config.set(QStringLiteral("FunctionKeys:keys"), QStringLiteral("newReceiptKey,goodsKey,pluginKey"));
-        config.set(QStringLiteral("FunctionKey.pluginKey:text"), QStringLiteral("Скидка"));
-        config.set(QStringLiteral("FunctionKey.pluginKey:key"), QStringLiteral("F5"));
-        config.set(QStringLiteral("FunctionKey.pluginKey:action"), QStringLiteral("94"));
-        config.set(QStringLiteral("FunctionKey.pluginKey:arguments"), QStringLiteral("status=active"));
+        config.set(u"FunctionKeys:keys"_s, u"newReceiptKey,goodsKey,pluginKey"_s);
+        config.set(u"FunctionKey.pluginKey:text"_s, u"Скидка"_s);
+        config.set(u"FunctionKey.pluginKey:key"_s, u"F5"_s);
+        config.set(u"FunctionKey.pluginKey:action"_s, u"94"_s);
+        config.set(u"FunctionKey.pluginKey:arguments"_s, u"status=active"_s);
     }
 };
 
@@ -28,13 +30,13 @@ TEST_F(WindowTest, barcodeTypedAndReturn_putsTheGoodsOnTheReceipt)
 {
     openWindow();
     EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
-    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), QStringLiteral("Чек не открыт"));
+    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), u"Чек не открыт"_s);
     QTest::keyClicks(QApplication::focusWidget(), amoxidar);
     press(Qt::Key_Return);
     ASSERT_TRUE(QTest::qWaitFor([this] { return !sale->receipt().isNull(); }));
     ASSERT_TRUE(becomesIdle());
-    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), QStringLiteral("Чек № 1"));
-    EXPECT_EQ(widget<QLabel>("totalLabel")->text(), QStringLiteral("12,40"));
+    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), u"Чек № 1"_s);
+    EXPECT_EQ(widget<QLabel>("totalLabel")->text(), u"12,40"_s);
     EXPECT_EQ(widget<QTableView>("receiptTable")->model()->rowCount(), 1);
     EXPECT_TRUE(widget<QLineEdit>("searchLineEdit")->text().isEmpty());
 }
@@ -75,8 +77,9 @@ TEST_F(WindowTest, positionChangedInPlace_theCurrentRowStays)
 TEST_F(WindowTest, positionRemoved_theOneThatTookItsPlaceIsCurrentElseTheNewLast)
 {
     openWindow();
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         sale->add(article(amoxidar));
+    }
     const auto* table = widget<QTableView>("receiptTable");
     press(Qt::Key_Up);
     ASSERT_EQ(table->currentIndex().row(), 2);
@@ -119,17 +122,17 @@ TEST_F(WindowTest, documentAnnulled_theStatusLineTellsWhatToGiveBack)
     sale->add(article(amoxidar));
     ASSERT_TRUE(sale->close(5000));
     ASSERT_TRUE(sale->annul(sale->archive().find(1)));
-    EXPECT_EQ(status->text(), QStringLiteral("Чек № 1 аннулирован. Верните покупателю 12,40"));
+    EXPECT_EQ(status->text(), u"Чек № 1 аннулирован. Верните покупателю 12,40"_s);
     sale->add(article(amoxidar));
     ASSERT_TRUE(sale->putAside());
     ASSERT_TRUE(sale->annul(sale->archive().find(2)));
-    EXPECT_EQ(status->text(), QStringLiteral("Отложенный чек № 2 аннулирован"));
+    EXPECT_EQ(status->text(), u"Отложенный чек № 2 аннулирован"_s);
 }
 
 TEST_F(WindowTest, functionKey_hasItsShortcutWrittenOnItAndDoesItsAction)
 {
     openWindow();
-    EXPECT_EQ(widget<QPushButton>("newReceiptKey")->text(), QStringLiteral("F2\nНовый чек"));
+    EXPECT_EQ(widget<QPushButton>("newReceiptKey")->text(), u"F2\nНовый чек"_s);
     press(Qt::Key_F2);
     ASSERT_TRUE(QTest::qWaitFor([this] { return !sale->receipt().isNull(); }));
 }
@@ -142,8 +145,7 @@ TEST_F(WindowTest, functionKeyTouched_doesItsActionWithArgumentsAndPosition)
     servePluginCommand(given);
     QTest::mouseClick(widget<QPushButton>("pluginKey"), Qt::LeftButton);
     ASSERT_TRUE(becomesIdle());
-    EXPECT_EQ(given, (QVariantMap{{QStringLiteral("status"), QStringLiteral("active")},
-                                  {QStringLiteral("positionNumber"), 1}}));
+    EXPECT_EQ(given, (QVariantMap{{u"status"_s, u"active"_s}, {u"positionNumber"_s, 1}}));
 }
 
 TEST_F(WindowTest, functionKeyThatNobodyServes_saysWhy)
@@ -151,20 +153,19 @@ TEST_F(WindowTest, functionKeyThatNobodyServes_saysWhy)
     openWindow();
     QString said;
     const auto pressAndRead = [&] {
-        cashier.onForm(QStringLiteral("messageForm"), [&said](QWidget& root) {
-            said = root.findChild<QLabel*>(QStringLiteral("messageLabel"))->text();
-            root.findChild<QPushButton*>(QStringLiteral("okButton"))->click();
+        cashier.onForm(u"messageForm"_s, [&said](QWidget& root) {
+            said = root.findChild<QLabel*>(u"messageLabel"_s)->text();
+            root.findChild<QPushButton*>(u"okButton"_s)->click();
         });
         press(Qt::Key_F5);
         ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
         ASSERT_TRUE(becomesIdle());
     };
     pressAndRead();
-    EXPECT_TRUE(said.startsWith(QStringLiteral("«Скидка» работает при открытом чеке"))) << qPrintable(said);
+    EXPECT_TRUE(said.startsWith(u"«Скидка» работает при открытом чеке"_s)) << qPrintable(said);
     sale->open();
     pressAndRead();
-    EXPECT_TRUE(said.startsWith(QStringLiteral("«Скидка» сейчас недоступно: нет подключённого модуля")))
-        << qPrintable(said);
+    EXPECT_TRUE(said.startsWith(u"«Скидка» сейчас недоступно: нет подключённого модуля"_s)) << qPrintable(said);
 }
 
 TEST_F(WindowTest, formShown_fillsTheWindowAndLeavesTheFocusWhereItWas)
@@ -172,7 +173,7 @@ TEST_F(WindowTest, formShown_fillsTheWindowAndLeavesTheFocusWhereItWas)
     openWindow();
     bool filled = false;
     bool groundHidden = false;
-    cashier.onForm(QStringLiteral("goodsSelectionForm"), [&](QWidget& root) {
+    cashier.onForm(u"goodsSelectionForm"_s, [&](QWidget& root) {
         filled = root.window() == window.get() && root.size() == window->size();
         groundHidden = !isSeen("salesScreen");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
@@ -191,13 +192,13 @@ TEST_F(WindowTest, dialogShown_theScreenBelowIsSeenButTakesNoInput)
     openWindow();
     bool seen = false;
     bool usable = true;
-    cashier.onForm(QStringLiteral("messageForm"), [&](QWidget& root) {
+    cashier.onForm(u"messageForm"_s, [&](QWidget& root) {
         seen = isSeen("salesScreen");
         usable = widget<QWidget>("salesScreen")->isEnabled();
         press(Qt::Key_F2); // the shortcut of a key below
-        root.findChild<QPushButton*>(QStringLiteral("okButton"))->click();
+        root.findChild<QPushButton*>(u"okButton"_s)->click();
     });
-    Dialog::create()->showMessage({tr::undefined, QStringLiteral("x")}, Dialog::Notice, 0, 0);
+    Dialog::create()->showMessage({tr::undefined, u"x"_s}, Dialog::Notice, 0, 0);
     EXPECT_TRUE(seen);
     EXPECT_FALSE(usable);
     EXPECT_FALSE(controller.object.isBusy());
@@ -211,7 +212,7 @@ TEST_F(WindowTest, longWork_coversTheWindowUntilTheOuterOneEnds)
     begin("Обращение к сервису");
     EXPECT_TRUE(isSeen("busyScreen"));
     EXPECT_EQ(widget<QWidget>("busyScreen")->size(), window->size());
-    EXPECT_EQ(widget<QLabel>("busyMessageLabel")->text(), QStringLiteral("Обращение к сервису"));
+    EXPECT_EQ(widget<QLabel>("busyMessageLabel")->text(), u"Обращение к сервису"_s);
     begin("Ещё");
     end();
     EXPECT_TRUE(isSeen("busyScreen"));
@@ -234,15 +235,16 @@ TEST_F(WindowTest, messageDuringLongWork_takesInputAndHidesTheBusyScreenSoLong)
     begin("x");
     QString under;
     bool isBusySeen = true;
-    cashier.onForm(QStringLiteral("messageForm"), [&](QWidget& root) {
+    cashier.onForm(u"messageForm"_s, [&](QWidget& root) {
         isBusySeen = isSeen("busyScreen");
-        auto* button = root.findChild<QPushButton*>(QStringLiteral("okButton"));
-        if (const QWidget* child = window->childAt(button->mapTo(window.get(), button->rect().center())))
+        auto* button = root.findChild<QPushButton*>(u"okButton"_s);
+        if (const QWidget* child = window->childAt(button->mapTo(window.get(), button->rect().center()))) {
             under = child->objectName();
+        }
         QTest::mouseClick(button, Qt::LeftButton);
     });
-    Dialog::create()->showMessage({tr::undefined, QStringLiteral("x")}, Dialog::Error, 0, 0);
-    EXPECT_EQ(under, QStringLiteral("okButton"));
+    Dialog::create()->showMessage({tr::undefined, u"x"_s}, Dialog::Error, 0, 0);
+    EXPECT_EQ(under, u"okButton"_s);
     EXPECT_FALSE(isBusySeen);
     EXPECT_TRUE(isSeen("busyScreen"));
     end();
@@ -253,12 +255,12 @@ TEST_F(WindowTest, longWorkEndedUnderAMessage_doesNotComeBack)
 {
     openWindow();
     begin("x");
-    cashier.onForm(QStringLiteral("messageForm"), [&](QWidget& root) {
+    cashier.onForm(u"messageForm"_s, [&](QWidget& root) {
         end();
         EXPECT_FALSE(isSeen("busyScreen"));
-        root.findChild<QPushButton*>(QStringLiteral("okButton"))->click();
+        root.findChild<QPushButton*>(u"okButton"_s)->click();
     });
-    Dialog::create()->showMessage({tr::undefined, QStringLiteral("x")}, Dialog::Error, 0, 0);
+    Dialog::create()->showMessage({tr::undefined, u"x"_s}, Dialog::Error, 0, 0);
     EXPECT_FALSE(isSeen("busyScreen"));
 }
 
@@ -266,18 +268,18 @@ TEST_F(WindowTest, longWorkBegunOverAForm_coversIt)
 {
     openWindow();
     bool isBusySeen = false;
-    cashier.onForm(QStringLiteral("messageForm"), [&](QWidget& root) {
+    cashier.onForm(u"messageForm"_s, [&](QWidget& root) {
         begin("x");
-        cashier.onForm(QStringLiteral("messageForm"), [&](QWidget& inner) {
+        cashier.onForm(u"messageForm"_s, [&](QWidget& inner) {
             EXPECT_FALSE(isSeen("busyScreen"));
-            inner.findChild<QPushButton*>(QStringLiteral("okButton"))->click();
+            inner.findChild<QPushButton*>(u"okButton"_s)->click();
         });
-        Dialog::create()->showMessage({tr::undefined, QStringLiteral("y")}, Dialog::Error, 0, 0);
+        Dialog::create()->showMessage({tr::undefined, u"y"_s}, Dialog::Error, 0, 0);
         isBusySeen = isSeen("busyScreen");
         end();
-        root.findChild<QPushButton*>(QStringLiteral("okButton"))->click();
+        root.findChild<QPushButton*>(u"okButton"_s)->click();
     });
-    Dialog::create()->showMessage({tr::undefined, QStringLiteral("x")}, Dialog::Error, 0, 0);
+    Dialog::create()->showMessage({tr::undefined, u"x"_s}, Dialog::Error, 0, 0);
     EXPECT_TRUE(isBusySeen);
 }
 
@@ -295,12 +297,13 @@ TEST_F(WindowTest, closedWhileACommandGoesOnAskingBackwards_everyFormIsCancelled
         while (asked < 3) { // goes back to the form before whenever one is cancelled
             ++asked;
             TextInputParams params;
-            if (!Dialog::create()->showTextInput(params).canceled())
+            if (!Dialog::create()->showTextInput(params).canceled()) {
                 ADD_FAILURE() << "not cancelled";
+            }
         }
         return EContext::Stop;
     });
-    cashier.onForm(QStringLiteral("textInputForm"), [this](QWidget&) { EXPECT_FALSE(window->close()); });
+    cashier.onForm(u"textInputForm"_s, [this](QWidget&) { EXPECT_FALSE(window->close()); });
     controller.object.enqueue(control::Action(control::EActionType(5000)), false);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }));
     EXPECT_EQ(asked, 3);
@@ -321,7 +324,7 @@ TEST_F(WindowTest, closedDuringARequest_waitsForItsEnd)
 TEST_F(WindowTest, locked_formsAreCancelledAndAnyKeyUnlocks)
 {
     openWindow();
-    cashier.onForm(QStringLiteral("goodsSelectionForm"), [this](QWidget&) { window->lock(); });
+    cashier.onForm(u"goodsSelectionForm"_s, [this](QWidget&) { window->lock(); });
     press(Qt::Key_F3);
     ASSERT_TRUE(QTest::qWaitFor([this] { return isSeen("lockScreen"); }));
     EXPECT_FALSE(gui.object.topForm());
@@ -336,19 +339,19 @@ TEST_F(WindowTest, locked_formsAreCancelledAndAnyKeyUnlocks)
 
 TEST_F(WindowTest, lockedWithACode_onlyTheCodeUnlocks)
 {
-    openWindow(QStringLiteral("2468"));
+    openWindow(u"2468"_s);
     window->lock();
     ASSERT_TRUE(QTest::qWaitFor([this] { return isSeen("lockScreen"); }));
     auto* input = widget<QLineEdit>("unlockLineEdit");
     EXPECT_EQ(input->echoMode(), QLineEdit::Password);
-    QTest::keyClicks(input, QStringLiteral("1111"));
+    QTest::keyClicks(input, u"1111"_s);
     QTest::keyClick(input, Qt::Key_Return);
     EXPECT_TRUE(isSeen("lockScreen"));
     EXPECT_TRUE(input->text().isEmpty());
     QTest::mouseClick(widget<QWidget>("lockScreen"), Qt::LeftButton, {}, {5, 5});
     QTest::keyClick(widget<QWidget>("lockScreen"), Qt::Key_Escape);
     EXPECT_TRUE(isSeen("lockScreen"));
-    QTest::keyClicks(input, QStringLiteral("2468"));
+    QTest::keyClicks(input, u"2468"_s);
     QTest::mouseClick(widget<QPushButton>("unlockButton"), Qt::LeftButton);
     EXPECT_FALSE(isSeen("lockScreen"));
 }
@@ -381,8 +384,9 @@ TEST_F(WindowTest, typedWhileAFunctionKeyHasTheFocus_goesToTheSearch)
     openWindow();
     widget<QPushButton>("goodsKey")->setFocus(Qt::TabFocusReason);
     ASSERT_EQ(QApplication::focusWidget(), widget<QPushButton>("goodsKey"));
-    for (const char digit : QByteArray("29900"))
+    for (const char digit : QByteArray("29900")) {
         QTest::keyClick(QApplication::focusWidget(), digit);
-    EXPECT_EQ(widget<QLineEdit>("searchLineEdit")->text(), QStringLiteral("29900"));
+    }
+    EXPECT_EQ(widget<QLineEdit>("searchLineEdit")->text(), u"29900"_s);
     EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
 }

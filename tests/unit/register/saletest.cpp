@@ -13,6 +13,8 @@
 #include <string>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 class SaleTest : public Till
 {
 protected:
@@ -25,7 +27,7 @@ TEST_F(SaleTest, opened_isCurrentAndSavedBeforeEvent10)
     ASSERT_EQ(witness.codes(), QList<int>{10});
     EXPECT_EQ(witness.seen.first().current, sale->receipt());
     EXPECT_EQ(witness.seen.first().context, EContext::OpenReceipt);
-    EXPECT_EQ(savedReceipt().value(QStringLiteral("number")).toInt(), 1);
+    EXPECT_EQ(savedReceipt().value(u"number"_s).toInt(), 1);
 }
 
 TEST_F(SaleTest, openedTwice_staysTheSame)
@@ -42,17 +44,17 @@ TEST_F(SaleTest, firstGoods_openTheReceipt)
     EXPECT_EQ(sale->add(article(amoxidar, 2)), 1);
     EXPECT_EQ(witness.codes(), QList<int>{10});
     EXPECT_EQ(sale->receipt()->getSum(), 2480);
-    const QJsonObject position = savedReceipt().value(QStringLiteral("positions")).toArray().at(0).toObject();
-    EXPECT_EQ(position.value(QStringLiteral("quantity")).toDouble(), 2.0);
-    EXPECT_EQ(position.value(QStringLiteral("tmcPrice")).toDouble(), 12.9);
-    EXPECT_EQ(position.value(QStringLiteral("minRetailPrice")).toDouble(), 1.2);
-    EXPECT_EQ(position.value(QStringLiteral("barcode")).toString(), amoxidar);
+    const QJsonObject position = savedReceipt().value(u"positions"_s).toArray().at(0).toObject();
+    EXPECT_EQ(position.value(u"quantity"_s).toDouble(), 2.0);
+    EXPECT_EQ(position.value(u"tmcPrice"_s).toDouble(), 12.9);
+    EXPECT_EQ(position.value(u"minRetailPrice"_s).toDouble(), 1.2);
+    EXPECT_EQ(position.value(u"barcode"_s).toString(), amoxidar);
 }
 
 TEST_F(SaleTest, packsOfABoundPosition_stay)
 {
     sale->add(article(amoxidar));
-    sale->receipt()->position(1)->setSoftCheckId(QStringLiteral("rx-1"));
+    sale->receipt()->position(1)->setSoftCheckId(u"rx-1"_s);
     sale->setPacks(1, 5);
     EXPECT_EQ(sale->receipt()->position(1)->getQuantity(), 1.0);
 }
@@ -62,12 +64,12 @@ TEST_F(SaleTest, packsAndRemoval_areSaved)
     sale->add(article(amoxidar));
     sale->add(article(amoxidar));
     sale->setPacks(2, 5);
-    EXPECT_EQ(savedReceipt().value(QStringLiteral("sum")).toDouble(), 74.4);
+    EXPECT_EQ(savedReceipt().value(u"sum"_s).toDouble(), 74.4);
     sale->remove(1);
-    EXPECT_EQ(savedReceipt().value(QStringLiteral("positions")).toArray().size(), 1);
+    EXPECT_EQ(savedReceipt().value(u"positions"_s).toArray().size(), 1);
     sale->remove(17);
     sale->setPacks(17, 3);
-    EXPECT_EQ(savedReceipt().value(QStringLiteral("sum")).toDouble(), 62.0);
+    EXPECT_EQ(savedReceipt().value(u"sum"_s).toDouble(), 62.0);
 }
 
 TEST_F(SaleTest, recalculation_tellsTheScreens)
@@ -82,7 +84,7 @@ TEST_F(SaleTest, recalculation_tellsTheScreens)
 TEST_F(SaleTest, restored_isCurrentAndToldByEvent17Alone)
 {
     sale->add(article(amoxidar));
-    sale->receipt()->setPluginValue(QStringLiteral("P"), QStringLiteral("card"), QStringLiteral("42"));
+    sale->receipt()->setPluginValue(u"P"_s, u"card"_s, u"42"_s);
     sale->setPacks(1, 3);
     const QJsonObject before = sale->receipt()->toJson();
     DocumentWatcher::setCurrentDocument(nullptr);
@@ -110,7 +112,7 @@ TEST_F(SaleTest, nothingToRestore_nothingIsTold)
 TEST_F(SaleTest, damagedReceipt_isToldAndANewOneTakesAnotherNumber)
 {
     sale->open();
-    QFile file(folder.filePath(QStringLiteral("receipt.json")));
+    QFile file(folder.filePath(u"receipt.json"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("{\"format\": 1, ");
     file.close();
@@ -121,10 +123,10 @@ TEST_F(SaleTest, damagedReceipt_isToldAndANewOneTakesAnotherNumber)
     EXPECT_FALSE(again.receipt());
     ASSERT_EQ(messages.all().size(), 1);
     EXPECT_EQ(messages.all().first().kind, Dialog::Error);
-    EXPECT_TRUE(messages.all().first().text.contains(QStringLiteral("receipt.json.damaged-")));
+    EXPECT_TRUE(messages.all().first().text.contains(u"receipt.json.damaged-"_s));
     again.open();
     EXPECT_EQ(again.receipt()->getNumber(), 2);
-    EXPECT_EQ(QDir(folder.path()).entryList({QStringLiteral("receipt.json.damaged-*")}).size(), 1);
+    EXPECT_EQ(QDir(folder.path()).entryList({u"receipt.json.damaged-*"_s}).size(), 1);
 }
 
 /// What becomes of the open document.
@@ -135,11 +137,12 @@ protected:
     QSharedPointer<Receipt> archived(int number) const
     {
         auto document = sale->archive().find(number);
-        if (!document)
+        if (!document) {
             throw std::out_of_range("no document " + std::to_string(number));
+        }
         return document;
     }
-    bool isOpenSaved() const { return QFile::exists(folder.filePath(QStringLiteral("receipt.json"))); }
+    bool isOpenSaved() const { return QFile::exists(folder.filePath(u"receipt.json"_s)); }
     /// Sells an article; the number of the sale.
     int sold() const
     {
@@ -157,7 +160,7 @@ protected:
     }
     static void setStatus(const Receipt& document, const char* status)
     {
-        document.position(1)->setExtendedOptions(QStringLiteral("{\"status\":\"%1\"}").arg(QLatin1String(status)));
+        document.position(1)->setExtendedOptions(u"{\"status\":\"%1\"}"_s.arg(QLatin1StringView(status)));
     }
     /// One event was told, with that document as the current one.
     void expectTold(int event, const QSharedPointer<Receipt>& current) const
@@ -223,13 +226,13 @@ TEST_F(DocumentChanges, closed_isFinishedPrintedAndToldWhileItIsCurrent)
         EXPECT_EQ(&printed, receipt.get());
         EXPECT_EQ(archived(1)->toJson(), printed.toJson()) << "saved before it is printed";
         EXPECT_TRUE(witness.seen.isEmpty()) << "printed before it is told";
-        steps.append(QStringLiteral("printed"));
+        steps.append(u"printed"_s);
     });
-    QObject::connect(sale.get(), &Sale::changed, [&] { steps.append(QStringLiteral("changed")); });
+    QObject::connect(sale.get(), &Sale::changed, [&] { steps.append(u"changed"_s); });
     EXPECT_TRUE(sale->close(3000));
     expectTold(12, receipt);
     expectNothingOpen();
-    EXPECT_EQ(steps, (QStringList{QStringLiteral("printed"), QStringLiteral("changed")}));
+    EXPECT_EQ(steps, (QStringList{u"printed"_s, u"changed"_s}));
     EXPECT_EQ(archived(1)->getState(), Receipt::State::Closed);
     EXPECT_EQ(archived(1)->getReceived(), 3000);
     EXPECT_EQ(archived(1)->getChange(), 520);
@@ -353,7 +356,7 @@ TEST_F(DocumentChanges, cancellingDocumentCouldNotBeSaved_saleCanStillBeTakenBac
             return document.getType() == AbstractDocument::Cancelling ? Saves::Fault::Before : Saves::Fault::None;
         });
         EXPECT_FALSE(sale->takeBack(archived(number)));
-        EXPECT_EQ(saves.files, (QStringList{QStringLiteral("finished/00000001.json"), QStringLiteral("receipt.json")}));
+        EXPECT_EQ(saves.files, (QStringList{u"finished/00000001.json"_s, u"receipt.json"_s}));
     }
     EXPECT_FALSE(sale->receipt());
     EXPECT_FALSE(sale->archive().isTakenBack(*archived(number), nullptr));
@@ -370,7 +373,7 @@ TEST_F(DocumentChanges, cancellingDocumentClosed_saleIsTakenBackAndHasWhatPlugin
     EXPECT_TRUE(sale->close(document->getSum()));
     expectTold(12, document);
     expectNothingOpen();
-    EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), QStringLiteral("{\"status\":\"canceled\"}"));
+    EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
     EXPECT_TRUE(sale->archive().isTakenBack(*archived(number), nullptr));
     EXPECT_EQ(archived(2)->getState(), Receipt::State::Closed);
     EXPECT_EQ(archived(2)->getReceived(), 2480);
@@ -385,7 +388,7 @@ TEST_F(DocumentChanges, cancellingDocumentGivenUp_saleHasWhatPluginsDidAndCanBeT
     EXPECT_TRUE(sale->cancel());
     expectTold(22, document);
     expectNothingOpen();
-    EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), QStringLiteral("{\"status\":\"canceled\"}"));
+    EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
     EXPECT_FALSE(sale->archive().isTakenBack(*archived(number), nullptr));
     EXPECT_EQ(archived(2)->getState(), Receipt::State::Cancelled);
     EXPECT_TRUE(sale->takeBack(archived(number)));
@@ -403,8 +406,7 @@ TEST_F(DocumentChanges, cancellingDocumentStaysOpen_saleStaysTakenBack)
             return saved.getType() == AbstractDocument::Cancelling ? Saves::Fault::Before : Saves::Fault::None;
         });
         EXPECT_FALSE(end());
-        EXPECT_EQ(saves.files,
-                  (QStringList{QStringLiteral("finished/00000001.json"), QStringLiteral("finished/00000002.json")}));
+        EXPECT_EQ(saves.files, (QStringList{u"finished/00000001.json"_s, u"finished/00000002.json"_s}));
         EXPECT_EQ(sale->receipt(), document);
         EXPECT_TRUE(sale->archive().isTakenBack(*archived(number), document));
     }
@@ -423,7 +425,7 @@ TEST_F(DocumentChanges, cancellingDocument_takesNoGoodsAndIsNotPutAside)
 TEST_F(DocumentChanges, saleOfACancellingDocumentIsLost_itEndsAllTheSame)
 {
     const auto document = takingBack(sold());
-    ASSERT_TRUE(QFile::remove(folder.filePath(QStringLiteral("finished/00000001.json"))));
+    ASSERT_TRUE(QFile::remove(folder.filePath(u"finished/00000001.json"_s)));
     EXPECT_TRUE(sale->close(document->getSum()));
     expectNothingOpen();
 }
@@ -449,7 +451,7 @@ TEST_F(DocumentChanges, annulledAfterItWasPutAside_isFinishedThen)
     EXPECT_EQ(archived(1)->getState(), Receipt::State::Annulled);
     EXPECT_TRUE(archived(1)->getFinished().isValid());
     EXPECT_EQ(archived(1)->getFinished(), archived(1)->getAnnulled());
-    EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("putaside/00000001.json"))));
+    EXPECT_FALSE(QFile::exists(folder.filePath(u"putaside/00000001.json"_s)));
 }
 
 TEST_F(DocumentChanges, nothingCanBeSaved_nothingChanges)
@@ -488,7 +490,7 @@ TEST_F(DocumentChanges, lastNumberIsLost_numbersOfSavedDocumentsAreNotGivenAgain
     sale->putAside();
     sale->add(article(amoxidar));
     for (const int next : {4, 5}) { // beside an open receipt, then beside the archive alone
-        ASSERT_TRUE(QFile::remove(folder.filePath(QStringLiteral("lastreceiptnumber"))));
+        ASSERT_TRUE(QFile::remove(folder.filePath(u"lastreceiptnumber"_s)));
         Sale again(folder.path());
         again.restore(saved());
         again.putAside();
@@ -501,7 +503,7 @@ TEST_F(DocumentChanges, lastNumberIsLost_numbersOfSavedDocumentsAreNotGivenAgain
 TEST_F(DocumentChanges, lastNumberCannotBeSaved_numbersOfThisRunAreNotGivenAgain)
 {
     sold();
-    const QString file = folder.filePath(QStringLiteral("lastreceiptnumber"));
+    const QString file = folder.filePath(u"lastreceiptnumber"_s);
     ASSERT_TRUE(QFile::remove(file));
     ASSERT_TRUE(QDir().mkdir(file));
     EXPECT_EQ(sold(), 2);
@@ -517,8 +519,8 @@ protected:
         Sale former(folder.path());
         former.add(article(amoxidar));
         EXPECT_TRUE(former.close(5000));
-        EXPECT_TRUE(QFile::remove(folder.filePath(QStringLiteral("lastreceiptnumber"))));
-        QFile damaged(folder.filePath(QStringLiteral("receipt.json")));
+        EXPECT_TRUE(QFile::remove(folder.filePath(u"lastreceiptnumber"_s)));
+        QFile damaged(folder.filePath(u"receipt.json"_s));
         EXPECT_TRUE(damaged.open(QIODevice::WriteOnly));
         damaged.write("{");
     }
@@ -564,9 +566,9 @@ TEST_F(DamageTold, receiptOpenedMeanwhile_takesTheNumberOfNoOtherDocument)
 
 TEST_F(DamageTold, copyOfAnInterruptedChange_isGoneBeforeItCouldBeTakenUp)
 {
-    const QString copy = folder.filePath(QStringLiteral("putaside/00000001.json"));
-    ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("putaside")));
-    ASSERT_TRUE(QFile::copy(folder.filePath(QStringLiteral("finished/00000001.json")), copy));
+    const QString copy = folder.filePath(u"putaside/00000001.json"_s);
+    ASSERT_TRUE(QDir(folder.path()).mkpath(u"putaside"_s));
+    ASSERT_TRUE(QFile::copy(folder.filePath(u"finished/00000001.json"_s), copy));
     restore([&copy] { EXPECT_FALSE(QFile::exists(copy)); });
 }
 
@@ -593,14 +595,14 @@ protected:
     }
     QStringList files(const char* place) const
     {
-        return QDir(folder.filePath(QLatin1String(place))).entryList(QDir::Files);
+        return QDir(folder.filePath(QLatin1StringView(place))).entryList(QDir::Files);
     }
 };
 
 TEST_F(InterruptedChange, close_isFinished)
 {
     sale->add(article(amoxidar));
-    interrupt(QStringLiteral("receipt.json"), [this] { return sale->close(5000); });
+    interrupt(u"receipt.json"_s, [this] { return sale->close(5000); });
     expectNothingOpen();
     EXPECT_TRUE(witness.seen.isEmpty());
     EXPECT_EQ(archived(1)->getState(), Receipt::State::Closed);
@@ -609,7 +611,7 @@ TEST_F(InterruptedChange, close_isFinished)
 TEST_F(InterruptedChange, closeOfACancellingDocument_isFinished)
 {
     const auto document = takingBack(sold());
-    interrupt(QStringLiteral("receipt.json"), [&] { return sale->close(document->getSum()); });
+    interrupt(u"receipt.json"_s, [&] { return sale->close(document->getSum()); });
     expectNothingOpen();
     EXPECT_TRUE(sale->archive().isTakenBack(*archived(1), nullptr));
 }
@@ -617,7 +619,7 @@ TEST_F(InterruptedChange, closeOfACancellingDocument_isFinished)
 TEST_F(InterruptedChange, puttingAside_isOpenAgain)
 {
     sale->add(article(amoxidar));
-    interrupt(QStringLiteral("receipt.json"), [this] { return sale->putAside(); });
+    interrupt(u"receipt.json"_s, [this] { return sale->putAside(); });
     ASSERT_TRUE(sale->receipt());
     expectTold(17, sale->receipt());
     EXPECT_EQ(sale->receipt()->getState(), Receipt::State::Open);
@@ -628,7 +630,7 @@ TEST_F(InterruptedChange, takingUp_isOpen)
 {
     sale->add(article(amoxidar));
     sale->putAside();
-    interrupt(QStringLiteral("putaside/00000001.json"), [this] { return sale->takeUp(archived(1)); });
+    interrupt(u"putaside/00000001.json"_s, [this] { return sale->takeUp(archived(1)); });
     ASSERT_TRUE(sale->receipt());
     expectTold(17, sale->receipt());
     EXPECT_TRUE(files("putaside").isEmpty());
@@ -638,7 +640,7 @@ TEST_F(InterruptedChange, annulmentOfADocumentPutAside_isAnnulled)
 {
     sale->add(article(amoxidar));
     sale->putAside();
-    interrupt(QStringLiteral("putaside/00000001.json"), [this] { return sale->annul(archived(1)); });
+    interrupt(u"putaside/00000001.json"_s, [this] { return sale->annul(archived(1)); });
     expectNothingOpen();
     EXPECT_EQ(archived(1)->getState(), Receipt::State::Annulled);
     EXPECT_TRUE(files("putaside").isEmpty());

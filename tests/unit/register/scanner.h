@@ -9,7 +9,7 @@
 inline void scanInto(QObject& receiver, const QString& barcode)
 {
     quint64 time = 1000;
-    for (const QChar character : barcode + QLatin1Char('\r')) {
+    for (const QChar character : barcode + u'\r') {
         const int code = character == u'\r' ? int(Qt::Key_Return) : character.unicode();
         QKeyEvent key(QEvent::KeyPress, code, Qt::NoModifier, character);
         key.setTimestamp(time += 10);

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -20,13 +22,13 @@ TEST(Scenario, everyKindOfStep_isRead)
 {
     using Kind = ScenarioStep::Kind;
     EXPECT_EQ(only(R"({"wait": "a"})").kind, Kind::Wait);
-    EXPECT_EQ(only(R"({"wait": "a"})").target, QStringLiteral("a"));
+    EXPECT_EQ(only(R"({"wait": "a"})").target, u"a"_s);
     EXPECT_EQ(only(R"({"click": "a"})").kind, Kind::Click);
     EXPECT_EQ(only(R"({"key": "F5", "times": 10})").kind, Kind::Key);
     EXPECT_EQ(only(R"({"key": "F5", "times": 10})").times, 10);
     EXPECT_EQ(only(R"({"key": "F5"})").times, 1);
     EXPECT_EQ(only(R"({"type": "x", "into": "a"})").kind, Kind::Type);
-    EXPECT_EQ(only(R"({"type": "x", "into": "a"})").target, QStringLiteral("a"));
+    EXPECT_EQ(only(R"({"type": "x", "into": "a"})").target, u"a"_s);
     EXPECT_EQ(only(R"({"type": "x"})").target, QString());
     EXPECT_EQ(only(R"({"scan": "x"})").kind, Kind::Scan);
     EXPECT_EQ(only(R"({"row": 2, "in": "a"})").kind, Kind::Row);
@@ -37,7 +39,7 @@ TEST(Scenario, everyKindOfStep_isRead)
     EXPECT_EQ(only(R"({"visible": true, "in": "a"})").kind, Kind::Visible);
     EXPECT_EQ(only(R"({"receipt": {"number": 1}})").kind, Kind::Receipt);
     EXPECT_EQ(only(R"({"document": {"number": 1}, "file": "a"})").kind, Kind::Document);
-    EXPECT_EQ(only(R"({"document": {"number": 1}, "file": "a"})").target, QStringLiteral("a"));
+    EXPECT_EQ(only(R"({"document": {"number": 1}, "file": "a"})").target, u"a"_s);
     EXPECT_EQ(only(R"({"printed": "x", "number": 7})").kind, Kind::Printed);
     EXPECT_EQ(only(R"({"printed": "x", "number": 7})").times, 7);
     EXPECT_EQ(only(R"({"screenshot": "x"})").kind, Kind::Screenshot);
@@ -54,7 +56,7 @@ TEST(Scenario, oddSteps_areRefusedWithTheirNumber)
                                   R"({"row": 2})", R"({"expect": "x"})", R"({"wait": "a", "in": "b"})", R"("wait")",
                                   R"({"receipt": []})", R"({"document": {}})", R"({"printed": "x"})"}) {
         const ScenarioFile file = ScenarioFile::parse(R"({"steps": [{"say": "x"}, )" + step + "]}");
-        EXPECT_TRUE(file.error.startsWith(QStringLiteral("step 2: "))) << step.constData() << qPrintable(file.error);
+        EXPECT_TRUE(file.error.startsWith(u"step 2: "_s)) << step.constData() << qPrintable(file.error);
         EXPECT_TRUE(file.steps.isEmpty());
     }
 }
@@ -64,6 +66,6 @@ TEST(Scenario, fileThatIsNone_saysWhy)
     EXPECT_FALSE(ScenarioFile::parse("").error.isEmpty());
     EXPECT_FALSE(ScenarioFile::parse("[]").error.isEmpty());
     EXPECT_FALSE(ScenarioFile::parse("{\"steps\": 1}").error.isEmpty());
-    EXPECT_TRUE(ScenarioFile::read(QStringLiteral("/no/such/file.json")).error.startsWith(QStringLiteral("/no/such")));
+    EXPECT_TRUE(ScenarioFile::read(u"/no/such/file.json"_s).error.startsWith(u"/no/such"_s));
     EXPECT_TRUE(ScenarioFile::parse("{\"steps\": []}").error.isEmpty());
 }

@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -26,12 +28,12 @@ struct NoForms : BasicFormCreator {
 
 TestPlugin::~TestPlugin()
 {
-    tell(QStringLiteral("destroyed"));
+    tell(u"destroyed"_s);
 }
 
 bool TestPlugin::init()
 {
-    tell(QStringLiteral("init"));
+    tell(u"init"_s);
     addHandler(
         {EContext::OpenReceipt, control::PluginCommand, [](const control::Action&) { return EContext::GoOn; }, true});
     addTrigger({EContext::OpenReceipt, control::StornoPosition, ActionTrigger::Before,
@@ -39,17 +41,17 @@ bool TestPlugin::init()
     Singleton<GraphicalUserInterface>::get()->addFormCreator(QSharedPointer<NoForms>::create());
     Singleton<ActivityNotifier>::get()->subscribe(this);
 #ifdef INIT_THROWS
-    throw BasicException(tr::Tr(tr::undefined, QStringLiteral("нет связи")));
+    throw BasicException(tr::Tr(tr::undefined, u"нет связи"_s));
 #endif
     return INIT_RETURNS;
 }
 
 void TestPlugin::deinit()
 {
-    tell(QStringLiteral("deinit"));
+    tell(u"deinit"_s);
 }
 
 void TestPlugin::handleEvent(const Event& event)
 {
-    tell(QStringLiteral("event ") + QString::number(event.getCode()));
+    tell(u"event "_s + QString::number(event.getCode()));
 }

@@ -22,6 +22,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 /// Puts an object of the test's own in a singleton's place for as long as it lives.
 template <typename T>
 class Own
@@ -56,13 +58,14 @@ public:
     void handleEvent(const Event& event) override
     {
         seen.append({event.getCode(), getDocument(), Singleton<ActionQueueController>::get()->context(),
-                     event.value(QStringLiteral("document"))});
+                     event.value(u"document"_s)});
     }
     QList<int> codes() const
     {
         QList<int> all;
-        for (const Seen& one : seen)
+        for (const Seen& one : seen) {
             all.append(one.code);
+        }
         return all;
     }
 
@@ -76,9 +79,9 @@ protected:
     Till()
     {
         EXPECT_TRUE(folder.isValid());
-        config.set(QStringLiteral("Register:data"), folder.path());
-        config.set(QStringLiteral("Database:name"), folder.filePath(QStringLiteral("goods.sqlite")));
-        EXPECT_TRUE(createDemoGoods(folder.filePath(QStringLiteral("goods.sqlite"))));
+        config.set(u"Register:data"_s, folder.path());
+        config.set(u"Database:name"_s, folder.filePath(u"goods.sqlite"_s));
+        EXPECT_TRUE(createDemoGoods(folder.filePath(u"goods.sqlite"_s)));
         gui.object.addFormCreator(QSharedPointer<RegisterFormCreator>::create());
         notifier.object.subscribe(&witness);
         sale = std::make_unique<Sale>(folder.path());
@@ -94,11 +97,11 @@ protected:
     }
     QJsonObject savedReceipt() const
     {
-        QFile file(folder.filePath(QStringLiteral("receipt.json")));
+        QFile file(folder.filePath(u"receipt.json"_s));
         return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
     }
 
-    const QString amoxidar = QStringLiteral("2990000000019");
+    const QString amoxidar = u"2990000000019"_s;
     QTemporaryDir folder;
     Configured config;
     Own<ActionQueueController> controller;

@@ -12,6 +12,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 /// A register with its window, 1024×600.
 class TillWindow : public Till
 {
@@ -35,7 +37,7 @@ protected:
     template <typename T>
     T* widget(const char* name) const
     {
-        return window->findChild<T*>(QLatin1String(name));
+        return window->findChild<T*>(QLatin1StringView(name));
     }
     bool isSeen(const char* name) const
     {
@@ -69,8 +71,7 @@ protected:
     {
         notifier.object.notify(
             Event(EActivityListener::LongWorkBegins)
-                .addArgument(QStringLiteral("message"),
-                             QVariant::fromValue(tr::Tr(tr::undefined, QString::fromUtf8(message)))));
+                .addArgument(u"message"_s, QVariant::fromValue(tr::Tr(tr::undefined, QString::fromUtf8(message)))));
     }
     void end() { notifier.object.notify(Event(EActivityListener::LongWorkEnds)); }
 

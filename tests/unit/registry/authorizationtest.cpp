@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "registrydoubles.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 using Headers = ElectronicPrescriptionInterface::Headers;
 using AuthorizationTest = RegistryTest;
 
-const Thrown tokenError{Thrown::Error,
-                        {QStringLiteral("electronicPrescriptionAuthorizationTokenError"),
-                         QStringLiteral("Ошибка при получении токена для авторизации")}};
+const Thrown tokenError{
+    Thrown::Error,
+    {u"electronicPrescriptionAuthorizationTokenError"_s, u"Ошибка при получении токена для авторизации"_s}};
 
 TEST_F(AuthorizationTest, tokenRequestWithOais_hasThreeHeadersTheUrlAndTheForm)
 {
@@ -186,8 +188,9 @@ TEST_F(AuthorizationTest, twoRequestsInARow_fetchTwoTokens)
     const ElectronicPrescriptionInterface interface;
     QJsonArray prescriptions;
     QJsonObject patient;
-    for (int time = 0; time < 2; ++time)
+    for (int time = 0; time < 2; ++time) {
         thrownBy([&] { interface.getElectronicPrescriptionsByCardNumber("1", "active", prescriptions, patient); });
+    }
 
     ASSERT_EQ(requests.size(), 4);
     EXPECT_EQ(requests[0].url.path(), "/connect/token");

@@ -44,8 +44,9 @@ protected:
                                                                  document);
         QStringList names;
         const QJsonArray parameters = document.object()["parameter"].toArray();
-        for (const auto& parameter : parameters)
+        for (const auto& parameter : parameters) {
             names.append(parameter.toObject()["name"].toString());
+        }
         return names;
     }
 };

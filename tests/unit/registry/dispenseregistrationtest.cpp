@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "registrydoubles.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 using Headers = ElectronicPrescriptionInterface::Headers;
 
-const Thrown dispenseError{Thrown::Error,
-                           {QStringLiteral("electronicPrescriptionDispenseError"),
-                            QStringLiteral("Ошибка при отпуске лекарственного препарата по рецепту")}};
-const Thrown cancelError{Thrown::Error,
-                         {QStringLiteral("electronicPrescriptionCancelError"),
-                          QStringLiteral("Ошибка при отмене отпуска лекарственного препарата по рецепту")}};
+const Thrown dispenseError{
+    Thrown::Error,
+    {u"electronicPrescriptionDispenseError"_s, u"Ошибка при отпуске лекарственного препарата по рецепту"_s}};
+const Thrown cancelError{
+    Thrown::Error,
+    {u"electronicPrescriptionCancelError"_s, u"Ошибка при отмене отпуска лекарственного препарата по рецепту"_s}};
 
 const Headers resourceHeaders{
     {"Authorization", "Bearer token-1"},

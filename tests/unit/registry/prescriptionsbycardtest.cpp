@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "registrydoubles.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 const Thrown unusable{Thrown::Error,
-                      {QStringLiteral("electronicPrescriptionGetPrescriptionsError"),
-                       QStringLiteral("Ошибка при получении списка рецептов")}};
-const Thrown none{Thrown::NoPrescriptions,
-                  {QStringLiteral("electronicPrescriptionNoPrescriptionsError"), QStringLiteral("Рецепты не найдены")}};
+                      {u"electronicPrescriptionGetPrescriptionsError"_s, u"Ошибка при получении списка рецептов"_s}};
+const Thrown none{Thrown::NoPrescriptions, {u"electronicPrescriptionNoPrescriptionsError"_s, u"Рецепты не найдены"_s}};
 
 class ByCardTest : public RegistryTest
 {
@@ -26,8 +26,9 @@ protected:
     QStringList ids() const
     {
         QStringList list;
-        for (const auto& prescription : prescriptions)
+        for (const auto& prescription : prescriptions) {
             list.append(prescription.toObject()["id"].toString());
+        }
         return list;
     }
 

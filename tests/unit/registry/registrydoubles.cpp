@@ -4,6 +4,8 @@
 #include "electronicprescriptionexception.h"
 #include "electronicprescriptionnoprescriptionsexception.h"
 
+using namespace Qt::StringLiterals;
+
 QJsonDocument json(const char* text)
 {
     QJsonParseError error;
@@ -61,8 +63,9 @@ public:
 private:
     void takeAnswer()
     {
-        if (!m_test.answers.isEmpty())
+        if (!m_test.answers.isEmpty()) {
             m_answer = m_test.answers.takeFirst();
+        }
     }
 
     RegistryTest& m_test;
@@ -95,8 +98,9 @@ void RegistryTest::configurePharmacy()
         {"organizationAddress", "г. Минск, ул. Лесная, 1"},
         {"oais", "oais-token"},
     };
-    for (const auto& [name, value] : settings)
-        config.set(QStringLiteral("ElectronicPrescription:") + name, value);
+    for (const auto& [name, value] : settings) {
+        config.set(u"ElectronicPrescription:"_s + name, value);
+    }
 }
 
 void RegistryTest::fail(int errorCode, const char* text)

@@ -16,6 +16,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 /// The JSON document of a text; fails the test when it is none.
 QJsonDocument json(const char* text);
 
@@ -77,7 +79,7 @@ protected:
     QList<SentRequest> requests;
     int clients = 0;
 
-    const tr::Tr transportError{QStringLiteral("transportError"), QStringLiteral("Нет связи с реестром")};
+    const tr::Tr transportError{u"transportError"_s, u"Нет связи с реестром"_s};
 
 private:
     class Client;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "registrydoubles.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -17,7 +19,7 @@ public:
     tr::Tr errorText() const override { return text; }
     QJsonDocument answer() const override { return m_answer; }
 
-    static inline const tr::Tr text{QStringLiteral("clientError"), QStringLiteral("Ошибка связи")};
+    static inline const tr::Tr text{u"clientError"_s, u"Ошибка связи"_s};
 
 private:
     int m_errorCode;

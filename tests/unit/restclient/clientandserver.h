@@ -9,6 +9,8 @@
 
 #include <gmock/gmock.h>
 
+using namespace Qt::StringLiterals;
+
 enum class Scheme : int { Http, Https };
 
 inline std::string nameOf(Scheme scheme)
@@ -32,7 +34,7 @@ inline const ServerIdentity& identity()
 /// A configuration that trusts the test's authority, and nothing but it.
 inline QMap<QString, QString> trustingConfiguration()
 {
-    return {{QStringLiteral("RestClient:caFile"), authority().certificateFile()}};
+    return {{u"RestClient:caFile"_s, authority().certificateFile()}};
 }
 
 /// A client, and a server that it trusts.
@@ -43,7 +45,7 @@ struct ClientAndServer {
     {
     }
 
-    void get(const QString& path = QStringLiteral("/"), const QHash<QString, QString>& headers = {})
+    void get(const QString& path = u"/"_s, const QHash<QString, QString>& headers = {})
     {
         client.get(server.url(path), QJsonDocument(), headers);
     }
@@ -67,5 +69,5 @@ MATCHER(Succeeded, "succeeded")
 MATCHER_P2(FailedWith, code, key, "")
 {
     *result_listener << "error " << arg.errorCode() << " " << arg.errorText().key().toStdString();
-    return arg.errorCode() == code && arg.errorText().key() == QLatin1String(key);
+    return arg.errorCode() == code && arg.errorText().key() == QLatin1StringView(key);
 }

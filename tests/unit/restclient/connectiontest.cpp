@@ -5,6 +5,8 @@
 
 #include <QTcpServer>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -93,7 +95,7 @@ TEST(RestClientConnection, nobodyListens_postCannotHaveBeenCarriedOut)
     EXPECT_THAT(client, FailedWith(codeNotReachable, "restClientNotReachable"));
     client.post(url, "{}", {});
     EXPECT_THAT(client, FailedWith(codeNotReachable, "restClientNotReachable"));
-    EXPECT_FALSE(client.errorText().ui().contains(QStringLiteral("мог быть выполнен")));
+    EXPECT_FALSE(client.errorText().ui().contains(u"мог быть выполнен"_s));
 }
 
 TEST(RestClientConnection, nameUnknown_postCannotHaveBeenCarriedOut)
@@ -110,15 +112,17 @@ TEST(RestClientConnection, nameUnknown_postCannotHaveBeenCarriedOut)
 TEST(RestClientConnection, environmentNamesProxy_isNotUsed)
 {
     const QByteArray dead = urlWhereNobodyListens().toEncoded();
-    for (const char* variable : {"http_proxy", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY"})
+    for (const char* variable : {"http_proxy", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY"}) {
         qputenv(variable, dead);
+    }
     for (const Scheme scheme : {Scheme::Http, Scheme::Https}) {
         ClientAndServer both(scheme);
         both.get();
         EXPECT_THAT(both.client, Succeeded());
     }
-    for (const char* variable : {"http_proxy", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY"})
+    for (const char* variable : {"http_proxy", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY"}) {
         qunsetenv(variable);
+    }
 }
 
 TEST(RestClientConnection, configuredProxy_getsTheRequestWhateverTheEnvironmentExcepts)
@@ -127,14 +131,14 @@ TEST(RestClientConnection, configuredProxy_getsTheRequestWhateverTheEnvironmentE
     ClientAndServer both;
     ScriptedServer proxy;
     proxy.react({Reaction::json(200, "[7]")});
-    both.configuration.set(QStringLiteral("RestClient:proxy"), proxy.url().toString());
-    both.get(QStringLiteral("/path"));
+    both.configuration.set(u"RestClient:proxy"_s, proxy.url().toString());
+    both.get(u"/path"_s);
     qunsetenv("no_proxy");
     EXPECT_THAT(both.client, Succeeded());
     EXPECT_EQ(both.client.answer().toJson(QJsonDocument::Compact), "[7]");
     EXPECT_EQ(both.server.connectionCount(), 0);
     ASSERT_EQ(proxy.requests().size(), 1);
-    EXPECT_EQ(proxy.requests().first().target, both.server.url(QStringLiteral("/path")).toEncoded());
+    EXPECT_EQ(proxy.requests().first().target, both.server.url(u"/path"_s).toEncoded());
 }
 
 TEST(RestClientConnection, proxyRefusesTunnel_postCannotHaveBeenCarriedOut)
@@ -142,10 +146,10 @@ TEST(RestClientConnection, proxyRefusesTunnel_postCannotHaveBeenCarriedOut)
     ClientAndServer both(Scheme::Https);
     ScriptedServer proxy;
     proxy.react({Reaction::json(403, "{}")});
-    both.configuration.set(QStringLiteral("RestClient:proxy"), proxy.url().toString());
-    both.post("{}", {{QStringLiteral("Authorization"), QStringLiteral("Bearer token")}});
+    both.configuration.set(u"RestClient:proxy"_s, proxy.url().toString());
+    both.post("{}", {{u"Authorization"_s, u"Bearer token"_s}});
     EXPECT_GT(both.client.errorCode(), 0);
-    EXPECT_FALSE(both.client.errorText().ui().contains(QStringLiteral("мог быть выполнен")));
+    EXPECT_FALSE(both.client.errorText().ui().contains(u"мог быть выполнен"_s));
     ASSERT_EQ(proxy.requests().size(), 1);
     EXPECT_EQ(proxy.requests().first().method, "CONNECT");
     EXPECT_TRUE(proxy.requests().first().header("Authorization").isNull());

@@ -36,8 +36,9 @@ extern "C" __attribute__((visibility("default"))) int getaddrinfo(const char* no
                                                                   const addrinfo* hints, addrinfo** result)
 {
     constexpr int longestMs = 20'000;
-    if (node && std::strcmp(node, namelookup::unknownHost) == 0)
+    if (node && std::strcmp(node, namelookup::unknownHost) == 0) {
         return EAI_NONAME;
+    }
     if (node && std::strcmp(node, namelookup::hangingHost) == 0) {
         ++waiting;
         release().tryAcquire(1, longestMs);

@@ -4,6 +4,8 @@
 #include <string>
 #include <tuple>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -87,7 +89,7 @@ TEST_P(MisdeedAtPost, requestReachesServerOnceAndCashierReadsThatItMayBeCarriedO
     EXPECT_GT(code, 0);
     EXPECT_LT(code, 100);
     EXPECT_TRUE(both.client.answer().isNull());
-    EXPECT_TRUE(both.client.errorText().ui().contains(QStringLiteral("Запрос мог быть выполнен")))
+    EXPECT_TRUE(both.client.errorText().ui().contains(u"Запрос мог быть выполнен"_s))
         << both.client.errorText().ui().toStdString();
     if (misdeed.text) {
         EXPECT_EQ(both.client.errorText().key().toStdString(), misdeed.text);
@@ -153,8 +155,9 @@ TEST_P(PostOver, largeBody_arrivesWholeWithoutExpect)
 {
     ClientAndServer both(GetParam());
     QByteArray body(5'000'000, 'x');
-    for (qsizetype at = 0; at < body.size(); at += 1000)
+    for (qsizetype at = 0; at < body.size(); at += 1000) {
         body[at] = char('a' + at / 1000 % 26);
+    }
     both.post(body);
     EXPECT_THAT(both.client, Succeeded());
     ASSERT_EQ(both.server.requests().size(), 1);

@@ -3,15 +3,17 @@
 
 #include <QJsonArray>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 constexpr int codeNotReachable = 5;
 
 const QHash<QString, QString> secrets = {
-    {QStringLiteral("Authorization"), QStringLiteral("Bearer token")},
-    {QStringLiteral("OAIS"), QStringLiteral("Bearer other token")},
-    {QStringLiteral("Accept"), QStringLiteral("application/json")},
+    {u"Authorization"_s, u"Bearer token"_s},
+    {u"OAIS"_s, u"Bearer other token"_s},
+    {u"Accept"_s, u"application/json"_s},
 };
 
 QByteArray locationOf(const QUrl& url)
@@ -22,8 +24,9 @@ QByteArray locationOf(const QUrl& url)
 QList<QByteArray> targetsOf(const ScriptedServer& server)
 {
     QList<QByteArray> targets;
-    for (const ReceivedRequest& request : server.requests())
+    for (const ReceivedRequest& request : server.requests()) {
         targets += request.target;
+    }
     return targets;
 }
 
@@ -34,7 +37,7 @@ TEST(RestClientRedirect, eachRedirectingStatus_isFollowedWithAllHeadersWithinThe
     for (const int status : {301, 302, 303, 307, 308}) {
         ClientAndServer both;
         both.server.react({Reaction::redirect(status, "/new?a=%2B"), Reaction::json(200, "[1]")});
-        both.get(QStringLiteral("/old"), secrets);
+        both.get(u"/old"_s, secrets);
         EXPECT_THAT(both.client, Succeeded());
         EXPECT_EQ(both.client.answer().array().size(), 1);
         EXPECT_EQ(targetsOf(both.server), QList<QByteArray>({"/old", "/new?a=%2B"}));
@@ -50,7 +53,7 @@ TEST(RestClientRedirect, relativeLocation_isTakenFromTheRequest)
     both.server.react({Reaction::redirect(302, "sibling?x=1"), Reaction::redirect(302, "../up"),
                        Reaction::redirect(302, "?only=query"),
                        Reaction::redirect(302, locationOf(both.server.url("/abs")))});
-    both.get(QStringLiteral("/a/b/start"));
+    both.get(u"/a/b/start"_s);
     EXPECT_THAT(both.client, Succeeded());
     EXPECT_EQ(targetsOf(both.server),
               QList<QByteArray>({"/a/b/start", "/a/b/sibling?x=1", "/a/up", "/a/up?only=query", "/abs"}));
@@ -79,24 +82,25 @@ TEST(RestClientRedirect, otherPort_onlyAcceptGoesAlong)
     ClientAndServer both;
     ScriptedServer other;
     both.server.react({Reaction::redirect(302, locationOf(other.url("/there")))});
-    both.get(QStringLiteral("/"), secrets);
+    both.get(u"/"_s, secrets);
     EXPECT_THAT(both.client, Succeeded());
     ASSERT_EQ(other.requests().size(), 1);
     const ReceivedRequest request = other.requests().first();
     EXPECT_EQ(request.header("Accept"), "application/json");
     EXPECT_TRUE(request.header("Authorization").isNull());
     EXPECT_TRUE(request.header("OAIS").isNull());
-    for (const QByteArray& line : request.headers)
+    for (const QByteArray& line : request.headers) {
         EXPECT_FALSE(line.contains("oken")) << line.toStdString();
+    }
 }
 
 TEST(RestClientRedirect, otherHost_onlyAcceptGoesAlong)
 {
     ClientAndServer both;
-    QUrl otherHost = both.server.url(QStringLiteral("/there"));
-    otherHost.setHost(QStringLiteral("localhost"));
+    QUrl otherHost = both.server.url(u"/there"_s);
+    otherHost.setHost(u"localhost"_s);
     both.server.react({Reaction::redirect(302, locationOf(otherHost))});
-    both.get(QStringLiteral("/"), secrets);
+    both.get(u"/"_s, secrets);
     EXPECT_THAT(both.client, Succeeded());
     ASSERT_EQ(both.server.requests().size(), 2);
     EXPECT_TRUE(both.server.requests().last().header("Authorization").isNull());
@@ -109,7 +113,7 @@ TEST(RestClientRedirect, thereAndBackAgain_headersStayAway)
     ScriptedServer other;
     both.server.react({Reaction::redirect(302, locationOf(other.url()))});
     other.react({Reaction::redirect(302, locationOf(both.server.url("/back")))});
-    both.get(QStringLiteral("/"), secrets);
+    both.get(u"/"_s, secrets);
     EXPECT_THAT(both.client, Succeeded());
     ASSERT_EQ(both.server.requests().size(), 2);
     EXPECT_TRUE(both.server.requests().last().header("Authorization").isNull());
@@ -118,10 +122,10 @@ TEST(RestClientRedirect, thereAndBackAgain_headersStayAway)
 TEST(RestClientRedirect, fromHttpToHttps_isFollowedAsOtherOrigin)
 {
     ClientAndServer both;
-    both.configuration.set(QStringLiteral("RestClient:caFile"), authority().certificateFile());
+    both.configuration.set(u"RestClient:caFile"_s, authority().certificateFile());
     ScriptedServer secure(&identity());
     both.server.react({Reaction::redirect(301, locationOf(secure.url("/secure")))});
-    both.get(QStringLiteral("/"), secrets);
+    both.get(u"/"_s, secrets);
     EXPECT_THAT(both.client, Succeeded());
     ASSERT_EQ(secure.requests().size(), 1);
     EXPECT_TRUE(secure.requests().first().header("Authorization").isNull());
@@ -164,7 +168,7 @@ TEST(RestClientRedirect, targetNotReachable_isTheTransportsError)
 
 TEST(RestClientRedirect, bodyOfGet_staysWithinTheOrigin)
 {
-    const QJsonDocument body(QJsonObject{{QStringLiteral("a"), 1}});
+    const QJsonDocument body(QJsonObject{{u"a"_s, 1}});
     ClientAndServer both;
     ScriptedServer other;
     both.server.react({Reaction::redirect(307, "/here"), Reaction::redirect(307, locationOf(other.url()))});
@@ -181,7 +185,7 @@ TEST(RestClientRedirect, seeOther_leavesTheBodyBehind)
 {
     ClientAndServer both;
     both.server.react({Reaction::redirect(303, "/here")});
-    both.client.get(both.server.url(), QJsonDocument(QJsonObject{{QStringLiteral("a"), 1}}), {});
+    both.client.get(both.server.url(), QJsonDocument(QJsonObject{{u"a"_s, 1}}), {});
     EXPECT_THAT(both.client, Succeeded());
     EXPECT_EQ(both.server.requests().last().body, "");
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "clientandserver.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -12,8 +14,7 @@ constexpr int codeHeaderNotUsable = 2;
 TEST(RestClientRequest, get_carriesHeadersAndNoBody)
 {
     ClientAndServer both;
-    both.get(QStringLiteral("/path"), {{QStringLiteral("Accept"), QStringLiteral("application/json")},
-                                       {QStringLiteral("Authorization"), QStringLiteral("Bearer token")}});
+    both.get(u"/path"_s, {{u"Accept"_s, u"application/json"_s}, {u"Authorization"_s, u"Bearer token"_s}});
     ASSERT_EQ(both.server.requests().size(), 1);
     const ReceivedRequest request = both.server.requests().first();
     EXPECT_EQ(request.method, "GET");
@@ -29,7 +30,7 @@ TEST(RestClientRequest, get_carriesHeadersAndNoBody)
 TEST(RestClientRequest, getWithJson_carriesItAsBody)
 {
     ClientAndServer both;
-    both.client.get(both.server.url(), QJsonDocument(QJsonObject{{QStringLiteral("a"), 1}}), {});
+    both.client.get(both.server.url(), QJsonDocument(QJsonObject{{u"a"_s, 1}}), {});
     ASSERT_EQ(both.server.requests().size(), 1);
     EXPECT_EQ(both.server.requests().first().method, "GET");
     EXPECT_EQ(both.server.requests().first().body, R"({"a":1})");
@@ -40,7 +41,7 @@ TEST(RestClientRequest, post_carriesBodyByteForByteAndOnlyTheCallersContentType)
 {
     const QByteArray body("a=\0\r\n\xff&b=%41+", 14);
     ClientAndServer both;
-    both.post(body, {{QStringLiteral("Content-Type"), QStringLiteral("application/x-www-form-urlencoded")}});
+    both.post(body, {{u"Content-Type"_s, u"application/x-www-form-urlencoded"_s}});
     both.post(body);
     ASSERT_EQ(both.server.requests().size(), 2);
     const ReceivedRequest first = both.server.requests().first();
@@ -62,9 +63,9 @@ TEST(RestClientRequest, encodedUrl_arrivesByteForByte)
 {
     ClientAndServer both;
     QUrl url = both.server.url();
-    url.setPath(QStringLiteral("/a/../b/./%2F%41/$by-card/Имя"), QUrl::DecodedMode);
-    url.setQuery(QStringLiteral("v=1%2B1+1&v=%2541&v=a%3Bb%26c%3Dd;&v=&v=%D0%9F%D0%B5%D1%82%D1%80"));
-    url.setFragment(QStringLiteral("fragment"));
+    url.setPath(u"/a/../b/./%2F%41/$by-card/Имя"_s, QUrl::DecodedMode);
+    url.setQuery(u"v=1%2B1+1&v=%2541&v=a%3Bb%26c%3Dd;&v=&v=%D0%9F%D0%B5%D1%82%D1%80"_s);
+    url.setFragment(u"fragment"_s);
     both.client.get(url, QJsonDocument(), {});
     ASSERT_EQ(both.server.requests().size(), 1);
     EXPECT_EQ(both.server.requests().first().target.toStdString(),
@@ -75,12 +76,10 @@ TEST(RestClientRequest, encodedUrl_arrivesByteForByte)
 TEST(RestClientRequest, headerValue_goesAsUtf8AndEmptyOneStillGoes)
 {
     ClientAndServer both;
-    both.get(QStringLiteral("/"), {{QStringLiteral("X-Name"), QStringLiteral("Аптека №\t1")},
-                                   {QStringLiteral("X-Empty"), QString()},
-                                   {QStringLiteral("X-Blank"), QStringLiteral("  ")}});
+    both.get(u"/"_s, {{u"X-Name"_s, u"Аптека №\t1"_s}, {u"X-Empty"_s, QString()}, {u"X-Blank"_s, u"  "_s}});
     ASSERT_THAT(both.client, Succeeded());
     const ReceivedRequest request = both.server.requests().first();
-    EXPECT_EQ(request.header("X-Name"), QStringLiteral("Аптека №\t1").toUtf8());
+    EXPECT_EQ(request.header("X-Name"), u"Аптека №\t1"_s.toUtf8());
     EXPECT_TRUE(request.headers.contains("X-Empty:"));
     EXPECT_TRUE(request.headers.contains("X-Blank:"));
 }
@@ -99,7 +98,7 @@ TEST_P(UnusableHeader, isRefusedBeforeAnythingIsSent)
 {
     ClientAndServer both;
     const QHash<QString, QString> headers = {{GetParam().name, GetParam().value}};
-    both.get(QStringLiteral("/"), headers);
+    both.get(u"/"_s, headers);
     EXPECT_THAT(both.client, FailedWith(codeHeaderNotUsable, "restClientHeaderNotUsable"));
     both.post("{}", headers);
     EXPECT_THAT(both.client, FailedWith(codeHeaderNotUsable, "restClientHeaderNotUsable"));
@@ -108,23 +107,17 @@ TEST_P(UnusableHeader, isRefusedBeforeAnythingIsSent)
 
 INSTANTIATE_TEST_SUITE_P(
     Header, UnusableHeader,
-    testing::Values(HeaderCase{"LineBreakInValue", QStringLiteral("X"), QStringLiteral("a\r\nOAIS: b")},
-                    HeaderCase{"ReturnInValue", QStringLiteral("X"), QStringLiteral("a\rb")},
-                    HeaderCase{"NewLineInValue", QStringLiteral("X"), QStringLiteral("a\nb")},
-                    HeaderCase{"NewLineAtEndOfValue", QStringLiteral("X"), QStringLiteral("a\n")},
-                    HeaderCase{"NulInValue", QStringLiteral("X"), QStringLiteral("a") + QChar(0) + u'b'},
-                    HeaderCase{"ControlInValue", QStringLiteral("X"), QStringLiteral("a\x1b[0m")},
-                    HeaderCase{"LineBreakInName", QStringLiteral("X\r\nY"), QStringLiteral("a")},
-                    HeaderCase{"NulInName", QStringLiteral("X") + QChar(0), QStringLiteral("a")},
-                    HeaderCase{"ColonInName", QStringLiteral("X: a"), QStringLiteral("a")},
-                    HeaderCase{"BlankInName", QStringLiteral("X Y"), QStringLiteral("a")},
-                    HeaderCase{"CyrillicName", QStringLiteral("Имя"), QStringLiteral("a")},
-                    HeaderCase{"EmptyName", QString(), QStringLiteral("a")},
-                    HeaderCase{"ContentLength", QStringLiteral("content-length"), QStringLiteral("1")},
-                    HeaderCase{"TransferEncoding", QStringLiteral("Transfer-Encoding"), QStringLiteral("chunked")},
-                    HeaderCase{"Host", QStringLiteral("Host"), QStringLiteral("other.example")},
-                    HeaderCase{"Connection", QStringLiteral("Connection"), QStringLiteral("upgrade")},
-                    HeaderCase{"Expect", QStringLiteral("Expect"), QStringLiteral("100-continue")}),
+    testing::Values(
+        HeaderCase{"LineBreakInValue", u"X"_s, u"a\r\nOAIS: b"_s}, HeaderCase{"ReturnInValue", u"X"_s, u"a\rb"_s},
+        HeaderCase{"NewLineInValue", u"X"_s, u"a\nb"_s}, HeaderCase{"NewLineAtEndOfValue", u"X"_s, u"a\n"_s},
+        HeaderCase{"NulInValue", u"X"_s, u"a"_s + QChar(0) + u'b'}, HeaderCase{"ControlInValue", u"X"_s, u"a\x1b[0m"_s},
+        HeaderCase{"LineBreakInName", u"X\r\nY"_s, u"a"_s}, HeaderCase{"NulInName", u"X"_s + QChar(0), u"a"_s},
+        HeaderCase{"ColonInName", u"X: a"_s, u"a"_s}, HeaderCase{"BlankInName", u"X Y"_s, u"a"_s},
+        HeaderCase{"CyrillicName", u"Имя"_s, u"a"_s}, HeaderCase{"EmptyName", QString(), u"a"_s},
+        HeaderCase{"ContentLength", u"content-length"_s, u"1"_s},
+        HeaderCase{"TransferEncoding", u"Transfer-Encoding"_s, u"chunked"_s},
+        HeaderCase{"Host", u"Host"_s, u"other.example"_s}, HeaderCase{"Connection", u"Connection"_s, u"upgrade"_s},
+        HeaderCase{"Expect", u"Expect"_s, u"100-continue"_s}),
     [](const testing::TestParamInfo<HeaderCase>& instance) { return std::string(instance.param.situation); });
 
 TEST(RestClientRequest, urlThatCannotBeRequested_isRefused)

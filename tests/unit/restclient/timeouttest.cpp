@@ -3,6 +3,8 @@
 
 #include "namelookup.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -45,7 +47,7 @@ TEST_P(TimeoutOver, slowRedirects_shareTheTimeOfTheWholeRequest)
     both.client.setTimeout(1);
     both.get();
     EXPECT_GT(both.client.errorCode(), 0);
-    EXPECT_EQ(both.client.errorText().key(), QStringLiteral("restClientTimedOut"));
+    EXPECT_EQ(both.client.errorText().key(), u"restClientTimedOut"_s);
     EXPECT_GT(both.server.requests().size(), 1);
 }
 
@@ -77,7 +79,7 @@ TEST(RestClientTimeout, nameLookupHangs_callReturnsWithoutIt)
     const Configured configuration;
     RestClient client;
     client.setTimeout(1);
-    client.post(QUrl(QStringLiteral("http://") + QString::fromLatin1(namelookup::hangingHost)), "{}", {});
+    client.post(QUrl(u"http://"_s + QString::fromLatin1(namelookup::hangingHost)), "{}", {});
     EXPECT_TRUE(namelookup::isHanging());
     EXPECT_THAT(client, FailedWith(codeTimedOut, "restClientTimedOut"));
     namelookup::letGo();
@@ -88,7 +90,7 @@ TEST(RestClientTimeout, handshakeHangs_postCannotHaveBeenCarriedOut)
     ClientAndServer both(Scheme::Https);
     ScriptedServer silent;
     QUrl url = silent.url();
-    url.setScheme(QStringLiteral("https"));
+    url.setScheme(u"https"_s);
     both.client.setTimeout(1);
     both.client.post(url, "{}", {});
     EXPECT_THAT(both.client, FailedWith(codeTimedOut, "restClientTimedOut"));

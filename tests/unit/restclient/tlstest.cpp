@@ -8,6 +8,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -22,15 +24,17 @@ const bool isTlsLax = qputenv("OPENSSL_CONF", LAX_TLS);
 void write(const QString& name, const QByteArray& bytes)
 {
     QFile file(name);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size()) {
         throw std::runtime_error("Cannot write " + name.toStdString());
+    }
 }
 
 QByteArray read(const QString& name)
 {
     QFile file(name);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         throw std::runtime_error("Cannot read " + name.toStdString());
+    }
     return file.readAll();
 }
 
@@ -42,14 +46,13 @@ public:
     {
         constexpr int longestMs = 20'000;
         m_program.setProcessChannelMode(QProcess::MergedChannels);
-        m_program.start(QStringLiteral("openssl"),
-                        {QStringLiteral("s_server"), version, QStringLiteral("-cipher"),
-                         QStringLiteral("ALL:@SECLEVEL=0"), QStringLiteral("-accept"), QStringLiteral("127.0.0.1:0"),
-                         QStringLiteral("-cert"), identity().certificateFile(), QStringLiteral("-key"),
-                         identity().keyFile(), QStringLiteral("-www")});
-        static const QRegularExpression accepting(QStringLiteral("ACCEPT 127\\.0\\.0\\.1:(\\d+)"));
-        while (!m_output.contains(accepting) && m_program.waitForReadyRead(longestMs))
+        m_program.start(u"openssl"_s,
+                        {u"s_server"_s, version, u"-cipher"_s, u"ALL:@SECLEVEL=0"_s, u"-accept"_s, u"127.0.0.1:0"_s,
+                         u"-cert"_s, identity().certificateFile(), u"-key"_s, identity().keyFile(), u"-www"_s});
+        static const QRegularExpression accepting(u"ACCEPT 127\\.0\\.0\\.1:(\\d+)"_s);
+        while (!m_output.contains(accepting) && m_program.waitForReadyRead(longestMs)) {
             m_output += QString::fromLatin1(m_program.readAll());
+        }
         m_port = accepting.match(m_output).captured(1).toInt();
     }
     ~SingleVersionServer()
@@ -62,7 +65,7 @@ public:
 
     /// 0 when it did not start.
     int port() const { return m_port; }
-    QUrl url() const { return QUrl(QStringLiteral("https://127.0.0.1:%1/").arg(m_port)); }
+    QUrl url() const { return QUrl(u"https://127.0.0.1:%1/"_s.arg(m_port)); }
 
 private:
     QProcess m_program;
@@ -74,9 +77,8 @@ private:
 bool speaks(const SingleVersionServer& server, const QString& version)
 {
     QProcess program;
-    program.start(QStringLiteral("openssl"),
-                  {QStringLiteral("s_client"), version, QStringLiteral("-cipher"), QStringLiteral("ALL:@SECLEVEL=0"),
-                   QStringLiteral("-connect"), QStringLiteral("127.0.0.1:%1").arg(server.port())});
+    program.start(u"openssl"_s, {u"s_client"_s, version, u"-cipher"_s, u"ALL:@SECLEVEL=0"_s, u"-connect"_s,
+                                 u"127.0.0.1:%1"_s.arg(server.port())});
     program.closeWriteChannel();
     program.waitForFinished();
     return program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0;
@@ -112,22 +114,22 @@ TEST_P(UntrustedServer, getsNothingOfTheRequest)
     EXPECT_THAT(client, FailedWith(codeCertificateNotVerified, "restClientCertificateNotVerified"));
     client.post(server.url(), "{}", {});
     EXPECT_THAT(client, FailedWith(codeCertificateNotVerified, "restClientCertificateNotVerified"));
-    EXPECT_FALSE(client.errorText().ui().contains(QStringLiteral("мог быть выполнен")));
+    EXPECT_FALSE(client.errorText().ui().contains(u"мог быть выполнен"_s));
     EXPECT_EQ(server.requests().size(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Certificate, UntrustedServer,
-                         testing::Values(UntrustedCase{"OfOtherAddress", {QStringLiteral("IP:127.0.0.2"), 2}},
-                                         UntrustedCase{"OfOtherName", {QStringLiteral("DNS:other.example"), 2}},
-                                         UntrustedCase{"Expired", {QStringLiteral("IP:127.0.0.1"), -1}}),
+                         testing::Values(UntrustedCase{"OfOtherAddress", {u"IP:127.0.0.2"_s, 2}},
+                                         UntrustedCase{"OfOtherName", {u"DNS:other.example"_s, 2}},
+                                         UntrustedCase{"Expired", {u"IP:127.0.0.1"_s, -1}}),
                          [](const testing::TestParamInfo<UntrustedCase>& instance) {
                              return std::string(instance.param.situation);
                          });
 
 TEST(RestClientTls, authorityUnknown_isRefused)
 {
-    const TestAuthority other(QStringLiteral("Another authority"));
-    const Configured configuration({{QStringLiteral("RestClient:caFile"), other.certificateFile()}});
+    const TestAuthority other(u"Another authority"_s);
+    const Configured configuration({{u"RestClient:caFile"_s, other.certificateFile()}});
     const ScriptedServer server(&identity());
     RestClient client;
     client.get(server.url(), QJsonDocument(), {});
@@ -147,32 +149,32 @@ TEST(RestClientTls, noAuthorityConfigured_privateOneIsRefused)
 
 TEST(RestClientTls, authorityChanges_keptConnectionIsNotUsedOn)
 {
-    const TestAuthority other(QStringLiteral("Another authority"));
+    const TestAuthority other(u"Another authority"_s);
     ClientAndServer both(Scheme::Https);
     both.get();
     ASSERT_THAT(both.client, Succeeded());
 
-    both.configuration.set(QStringLiteral("RestClient:caFile"), other.certificateFile());
+    both.configuration.set(u"RestClient:caFile"_s, other.certificateFile());
     both.get();
     EXPECT_THAT(both.client, FailedWith(codeCertificateNotVerified, "restClientCertificateNotVerified"));
-    both.configuration.set(QStringLiteral("RestClient:caFile"), QString());
+    both.configuration.set(u"RestClient:caFile"_s, QString());
     both.get();
     EXPECT_THAT(both.client, FailedWith(codeCertificateNotVerified, "restClientCertificateNotVerified"));
     EXPECT_EQ(both.server.requests().size(), 1);
 
-    both.configuration.set(QStringLiteral("RestClient:caFile"), authority().certificateFile());
+    both.configuration.set(u"RestClient:caFile"_s, authority().certificateFile());
     both.get();
     EXPECT_THAT(both.client, Succeeded());
 }
 
 TEST(RestClientTls, authorityFileIsReplaced_keptConnectionIsNotUsedOn)
 {
-    const TestAuthority other(QStringLiteral("Another authority"));
+    const TestAuthority other(u"Another authority"_s);
     const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("trusted.pem"));
+    const QString file = folder.filePath(u"trusted.pem"_s);
     write(file, read(authority().certificateFile()));
     ClientAndServer both(Scheme::Https);
-    both.configuration.set(QStringLiteral("RestClient:caFile"), file);
+    both.configuration.set(u"RestClient:caFile"_s, file);
     both.get();
     ASSERT_THAT(both.client, Succeeded());
     write(file, read(other.certificateFile()));
@@ -183,12 +185,12 @@ TEST(RestClientTls, authorityFileIsReplaced_keptConnectionIsNotUsedOn)
 
 TEST(RestClientTls, fileOfSeveralAuthorities_eachIsTrusted)
 {
-    const TestAuthority other(QStringLiteral("Another authority"));
+    const TestAuthority other(u"Another authority"_s);
     const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("trusted.pem"));
+    const QString file = folder.filePath(u"trusted.pem"_s);
     write(file, read(other.certificateFile()) + read(authority().certificateFile()));
     ClientAndServer both(Scheme::Https);
-    both.configuration.set(QStringLiteral("RestClient:caFile"), file);
+    both.configuration.set(u"RestClient:caFile"_s, file);
     both.get();
     EXPECT_THAT(both.client, Succeeded());
 }
@@ -196,13 +198,13 @@ TEST(RestClientTls, fileOfSeveralAuthorities_eachIsTrusted)
 TEST(RestClientTls, authorityFileUnusable_isReportedBeforeAnythingIsSent)
 {
     const QTemporaryDir folder;
-    const QString garbage = folder.filePath(QStringLiteral("garbage.pem"));
+    const QString garbage = folder.filePath(u"garbage.pem"_s);
     write(garbage, "not a certificate");
-    const QString empty = folder.filePath(QStringLiteral("empty.pem"));
+    const QString empty = folder.filePath(u"empty.pem"_s);
     write(empty, {});
-    for (const QString& file : {folder.filePath(QStringLiteral("missing.pem")), folder.path(), garbage, empty}) {
+    for (const QString& file : {folder.filePath(u"missing.pem"_s), folder.path(), garbage, empty}) {
         ClientAndServer both(Scheme::Https);
-        both.configuration.set(QStringLiteral("RestClient:caFile"), file);
+        both.configuration.set(u"RestClient:caFile"_s, file);
         both.post("{}");
         EXPECT_THAT(both.client, FailedWith(codeCertificatesNotReadable, "restClientCertificatesNotReadable"))
             << file.toStdString();
@@ -213,9 +215,9 @@ TEST(RestClientTls, authorityFileUnusable_isReportedBeforeAnythingIsSent)
 TEST(RestClientTls, serverSpeaksTls11Only_isRefused)
 {
     ASSERT_TRUE(isTlsLax);
-    const SingleVersionServer server(QStringLiteral("-tls1_1"));
+    const SingleVersionServer server(u"-tls1_1"_s);
     ASSERT_GT(server.port(), 0);
-    ASSERT_TRUE(speaks(server, QStringLiteral("-tls1_1")));
+    ASSERT_TRUE(speaks(server, u"-tls1_1"_s));
     const Configured configuration(trustingConfiguration());
     RestClient client;
     client.post(server.url(), "{}", {});
@@ -224,7 +226,7 @@ TEST(RestClientTls, serverSpeaksTls11Only_isRefused)
 
 TEST(RestClientTls, serverSpeaksTls12Only_isTalkedTo)
 {
-    const SingleVersionServer server(QStringLiteral("-tls1_2"));
+    const SingleVersionServer server(u"-tls1_2"_s);
     ASSERT_GT(server.port(), 0);
     const Configured configuration(trustingConfiguration());
     RestClient client;
@@ -240,7 +242,7 @@ TEST(RestClientTls, serverDoesNotSpeakTls_postCannotHaveBeenCarriedOut)
         both.server.greetWith(greeting);
         both.post("{}");
         EXPECT_THAT(both.client, FailedWith(codeNotSecured, "restClientNotSecured"));
-        EXPECT_FALSE(both.client.errorText().ui().contains(QStringLiteral("мог быть выполнен")));
+        EXPECT_FALSE(both.client.errorText().ui().contains(u"мог быть выполнен"_s));
     }
 }
 
@@ -252,5 +254,5 @@ TEST(RestClientTls, serverResetsBeforeTls_postCannotHaveBeenCarriedOut)
     both.post("{}");
     EXPECT_THAT(both.client, testing::AnyOf(FailedWith(codeNotSecured, "restClientNotSecured"),
                                             FailedWith(codeNotReachable, "restClientNotReachable")));
-    EXPECT_FALSE(both.client.errorText().ui().contains(QStringLiteral("мог быть выполнен")));
+    EXPECT_FALSE(both.client.errorText().ui().contains(u"мог быть выполнен"_s));
 }

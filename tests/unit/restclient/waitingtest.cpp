@@ -11,6 +11,8 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -44,8 +46,9 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        if (onPaint)
+        if (onPaint) {
             onPaint();
+        }
     }
 };
 
@@ -109,7 +112,7 @@ TEST(RestClientWaiting, keysPressedMeanwhile_neverArrive)
 
     typeLetter(field);
     QCoreApplication::processEvents();
-    EXPECT_EQ(field.text(), QStringLiteral("a"));
+    EXPECT_EQ(field.text(), u"a"_s);
 }
 
 TEST(RestClientWaiting, keysPressedDuringFastRequest_neverArriveEither)

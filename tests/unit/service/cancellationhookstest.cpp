@@ -18,23 +18,26 @@ class Hooks : public PharmacyTest
 protected:
     void addThreeRegistered()
     {
-        for (int number = 1; number <= 3; ++number)
+        for (int number = 1; number <= 3; ++number) {
             addPosition(number, R"({"status":"dispensed"})");
+        }
     }
 
     void failAt(int number)
     {
         registry->onCancel = [number](GoodsItem& position) {
-            if (position.getNumber() == number)
+            if (position.getNumber() == number) {
                 throw ElectronicPrescriptionException({"aKey", "Отказ"});
+            }
         };
     }
 
     QStringList states() const
     {
         QStringList all;
-        for (const auto& position : receipt->positions)
+        for (const auto& position : receipt->positions) {
             all << optionsOf(*position)["status"].toString();
+        }
         return all;
     }
 };
@@ -164,8 +167,9 @@ TEST_F(Hooks, annulmentWithoutDocument_goesOnWithBothEvents)
     for (const QVariant& document : {QVariant(), QVariant("foreign"), wrapped({}), QVariant(7)}) {
         journal.clear();
         control::Action action(control::AnnulDocument);
-        if (document.isValid())
+        if (document.isValid()) {
             action.insert("document", document);
+        }
 
         EXPECT_EQ(service.cancelElectronicPrescriptions(action), EContext::GoOn);
 
@@ -201,8 +205,9 @@ protected:
     EContext::Result storno(const QVariant& number)
     {
         control::Action action(control::StornoPosition);
-        if (number.isValid())
+        if (number.isValid()) {
             action.insert("positionNumber", number);
+        }
         return service.cancelElectronicPrescriptionByAction(action);
     }
 };

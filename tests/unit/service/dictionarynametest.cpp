@@ -30,8 +30,9 @@ protected:
             QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "dictionary");
             database.setDatabaseName(folder.filePath("goods.db"));
             ASSERT_TRUE(database.open());
-            for (const QString& statement : statements)
+            for (const QString& statement : statements) {
                 ASSERT_TRUE(QSqlQuery(database).exec(statement)) << qPrintable(statement);
+            }
         }
         QSqlDatabase::removeDatabase("dictionary");
     }

@@ -110,16 +110,18 @@ TEST_F(Dispensing, positionsNotDue_keepTheirTextByteForByte)
 {
     const QList<const char*> texts = {R"({ "status" : "dispensed" })", R"({"status": "Canceled"})", R"({"status": ""})",
                                       R"({"status": null})", R"({"status": 1})"};
-    for (const char* text : texts)
+    for (const char* text : texts) {
         addPosition(int(receipt->positions.size()) + 1, text);
+    }
     const auto untagged = addPosition(9);
     untagged->setExtendedOptions("not JSON");
 
     EXPECT_EQ(dispense(), EContext::GoOn);
 
     EXPECT_EQ(journal, (QStringList{start, "stop"}));
-    for (int row = 0; row < texts.size(); ++row)
+    for (int row = 0; row < texts.size(); ++row) {
         EXPECT_EQ(receipt->positions[row]->getExtendedOptions(), texts[row]);
+    }
     EXPECT_EQ(untagged->getExtendedOptions(), "not JSON");
 }
 
@@ -138,8 +140,9 @@ TEST_F(Dispensing, secondOfThreeFails_firstStaysRegisteredAndSubtotalStops)
     const auto second = addPosition(2, R"({ "id": "b", "status": "canceled" })");
     const auto third = addPosition(3, R"({ "id": "c" })");
     registry->onDispense = [](GoodsItem& position) {
-        if (position.getNumber() == 2)
+        if (position.getNumber() == 2) {
             throw ElectronicPrescriptionException({"aKey", "Отказ"});
+        }
     };
 
     EXPECT_EQ(dispense(), EContext::Stop);

@@ -12,8 +12,9 @@ const QString start = "start electronicPrescriptionProcessMessage";
 QJsonObject bundleOf(const QJsonArray& resources)
 {
     QJsonArray entries;
-    for (const QJsonValue resource : resources)
+    for (const QJsonValue resource : resources) {
         entries.append(QJsonObject{{"resource", resource}});
+    }
     return {{"resourceType", "Bundle"}, {"entry", entries}};
 }
 
@@ -43,8 +44,9 @@ protected:
     static QStringList ids(const Prescriptions& prescriptions)
     {
         QStringList all;
-        for (const auto& prescription : prescriptions)
+        for (const auto& prescription : prescriptions) {
             all << prescription->getId();
+        }
         return all;
     }
 };
@@ -100,8 +102,9 @@ TEST_F(LookUp, oneBundle_isOnePrescriptionWhateverItHolds)
     EXPECT_EQ(prescriptions[0]->getId(), "");
     EXPECT_EQ(prescriptions[0]->getPayByPatientSumFactor(), 1.0);
     EXPECT_TRUE(prescriptions[0]->hasDigitalSignature());
-    for (int row = 1; row < 6; ++row)
+    for (int row = 1; row < 6; ++row) {
         EXPECT_FALSE(prescriptions[row]->hasDigitalSignature());
+    }
 }
 
 TEST_F(LookUp, entriesThatHoldNoResource_arePassedOver)
@@ -365,8 +368,9 @@ class CachedList : public LookUp
 protected:
     CachedList()
     {
-        for (const char* const status : {"active", "completed", "Active"})
+        for (const char* const status : {"active", "completed", "Active"}) {
             service.prescriptionCache.insert(status, {"77", {prescriptionWithId("a"), prescriptionWithId("b")}});
+        }
         addPosition(1, R"({"id":"a"})");
     }
 

@@ -62,8 +62,9 @@ protected:
                             record.getSerialNumber(),
                             record.getDictName(),
                             record.getDictCode()};
-        for (const QDate& date : dispenseDates(record))
+        for (const QDate& date : dispenseDates(record)) {
             all << date;
+        }
         return all;
     }
 };

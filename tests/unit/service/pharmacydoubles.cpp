@@ -7,8 +7,9 @@ void RegistryClient::getElectronicPrescriptionsByCardNumber(const QString& cardN
                                                             QJsonArray& prescriptions, QJsonObject& thePatient) const
 {
     m_journal << QString("by card %1 %2").arg(cardNumber, status);
-    if (beforeAnswer)
+    if (beforeAnswer) {
         beforeAnswer();
+    }
     prescriptions = bundles;
     thePatient = patient;
 }
@@ -16,15 +17,17 @@ void RegistryClient::getElectronicPrescriptionsByCardNumber(const QString& cardN
 void RegistryClient::sendMedicationDispense(const QSharedPointer<GoodsItem>& position) const
 {
     m_journal << QString("register %1").arg(position->getNumber());
-    if (onDispense)
+    if (onDispense) {
         onDispense(*position);
+    }
 }
 
 void RegistryClient::sendCancelMedicationDispense(const QSharedPointer<GoodsItem>& position) const
 {
     m_journal << QString("cancel %1").arg(position->getNumber());
-    if (onCancel)
+    if (onCancel) {
         onCancel(*position);
+    }
 }
 
 void ServiceWithOwnEvents::sendStartEvent(const tr::Tr& message) const
@@ -63,12 +66,13 @@ public:
     void notify(const Event& event) override
     {
         m_test.events << event;
-        if (event.getCode() == EActivityListener::LongWorkBegins)
+        if (event.getCode() == EActivityListener::LongWorkBegins) {
             m_test.journal << "start " + event.value("message").value<tr::Tr>().key();
-        else if (event.getCode() == EActivityListener::LongWorkEnds)
+        } else if (event.getCode() == EActivityListener::LongWorkEnds) {
             m_test.journal << "stop";
-        else
+        } else {
             m_test.journal << QString("event %1").arg(event.getCode());
+        }
         ActivityNotifier::notify(event);
     }
 
@@ -94,8 +98,9 @@ public:
     {
         m_test.textInputs << params;
         m_test.journal << "ask " + params.inputName;
-        if (!m_test.cashier.texts.isEmpty())
+        if (!m_test.cashier.texts.isEmpty()) {
             return m_test.cashier.texts.takeFirst();
+        }
         ADD_FAILURE() << "nobody answers the text input " << qPrintable(params.inputName);
         return {{}, true};
     }
@@ -116,8 +121,9 @@ public:
     {
         m_test.shownLists << params;
         m_test.journal << (params.isUseLast() ? "list again" : "list");
-        if (!m_test.cashier.rows.isEmpty())
+        if (!m_test.cashier.rows.isEmpty()) {
             return m_test.cashier.rows.takeFirst();
+        }
         ADD_FAILURE() << "nobody answers the list";
         return -1;
     }
@@ -129,8 +135,9 @@ public:
         params.getElectronicPrescription(prescription);
         m_test.shownDictionaryNames << prescription->getDictName();
         m_test.journal << "details";
-        if (!m_test.cashier.details.isEmpty())
+        if (!m_test.cashier.details.isEmpty()) {
             return m_test.cashier.details.takeFirst();
+        }
         ADD_FAILURE() << "nobody answers the details";
         return status(-1);
     }
@@ -140,8 +147,9 @@ public:
     {
         m_test.shownConfirmations << params;
         m_test.journal << "confirm";
-        if (!m_test.cashier.confirmations.isEmpty())
+        if (!m_test.cashier.confirmations.isEmpty()) {
             return m_test.cashier.confirmations.takeFirst();
+        }
         ADD_FAILURE() << "nobody answers the confirmation";
         return status(-1);
     }
@@ -202,8 +210,9 @@ public:
     {
         m_test.recalculated << document;
         QList<double> prices;
-        for (const auto& position : document->getPositions())
+        for (const auto& position : document->getPositions()) {
             prices << position->getPrice();
+        }
         m_test.recalculatedPrices << prices;
         m_test.journal << "recalculate";
     }

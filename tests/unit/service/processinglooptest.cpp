@@ -16,8 +16,9 @@ class ProcessingLoop : public PharmacyTest
 protected:
     ProcessingLoop()
     {
-        for (const auto& prescription : prescriptions)
+        for (const auto& prescription : prescriptions) {
             prescription->setDictName("known"); // no look-up in the goods database
+        }
         service.patientCache.insert("active", patient);
         service.patientCache.insert("completed", otherPatient);
         onAction = [this](control::Action& action) {

@@ -18,7 +18,7 @@ QDate readByQt(const QString& text)
 
 QString dateText(int year, int month, int day)
 {
-    const QLatin1Char zero('0');
+    const QChar zero = u'0';
     return (year < 0 ? "-" : "") +
            QString("%1-%2-%3").arg(qAbs(year), 4, 10, zero).arg(month, 2, 10, zero).arg(day, 2, 10, zero);
 }

@@ -82,8 +82,9 @@ TEST(ServiceBases, documentWatcher_isTheThirdAndOpenToDerivedClassesOnly)
     ASSERT_EQ(service->__base_count, 3U);
     const std::type_info* const bases[] = {&typeid(BaseActivityListener), &typeid(BasicPlugin),
                                            &typeid(DocumentWatcher)};
-    for (int rank = 0; rank < 3; ++rank)
+    for (int rank = 0; rank < 3; ++rank) {
         EXPECT_EQ(*service->__base_info[rank].__base_type, *bases[rank]) << rank;
+    }
 
     static_assert(std::is_convertible_v<Service*, BaseActivityListener*>);
     static_assert(std::is_convertible_v<Service*, BasicPlugin*>);

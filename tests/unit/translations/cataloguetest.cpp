@@ -36,7 +36,7 @@ const QRegularExpression russian("[А-Яа-яЁё№]");
 class MessageCatalogue : public ::testing::TestWithParam<Catalogue>
 {
 protected:
-    static QString folder() { return QStringLiteral(SOURCES "/") + GetParam().sources; }
+    static QString folder() { return QString::fromUtf8(SOURCES "/") + GetParam().sources; }
 
     static QString read(const QString& path)
     {
@@ -49,7 +49,7 @@ protected:
     static QMap<QString, QString> textsInSources()
     {
         static const QRegularExpression keyAndText(
-            R"__("([a-z]+[A-Z][A-Za-z0-9]*)"\)?,\s*(?:QStringLiteral\()?((?:"(?:[^"\\]|\\.)*"\s*)+))__");
+            R"__("([a-z]+[A-Z][A-Za-z0-9]*)"(?:_s)?,\s*u?((?:"(?:[^"\\]|\\.)*"\s*)+))__");
         static const QRegularExpression betweenLiterals(R"__("\s*")__");
         QMap<QString, QString> texts;
         QDirIterator sources(folder(), {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
@@ -58,8 +58,9 @@ protected:
             while (found.hasNext()) {
                 const auto match = found.next();
                 QString text = match.captured(2).trimmed();
-                if (!text.contains(russian))
+                if (!text.contains(russian)) {
                     continue;
+                }
                 text = text.remove(betweenLiterals).mid(1).chopped(1).replace("\\n", "\n");
                 EXPECT_EQ(texts.value(match.captured(1), text), text) << match.captured(1).toStdString();
                 texts.insert(match.captured(1), text);
@@ -74,8 +75,9 @@ protected:
         QString id;
         QXmlStreamReader xml(read(folder() + u'/' + GetParam().file));
         while (!xml.atEnd()) {
-            if (xml.readNext() != QXmlStreamReader::StartElement)
+            if (xml.readNext() != QXmlStreamReader::StartElement) {
                 continue;
+            }
             if (xml.name() == u"message") {
                 id = xml.attributes().value("id").toString();
                 EXPECT_FALSE(all.contains(id)) << id.toStdString() << " comes twice";
@@ -95,8 +97,9 @@ protected:
         static const QRegularExpression placeholder("%\\d");
         QStringList found;
         auto matches = placeholder.globalMatch(text);
-        while (matches.hasNext())
+        while (matches.hasNext()) {
             found.append(matches.next().captured());
+        }
         found.sort();
         return found;
     }

@@ -14,13 +14,15 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 class InterfaceLanguage : public ::testing::Test
 {
 protected:
     /// Starts the register; the configuration says so much about languages.
     void start(const QByteArray& language)
     {
-        QFile file(folder.filePath(QStringLiteral("register.ini")));
+        QFile file(folder.filePath(u"register.ini"_s));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("[GUI]\ntouchMode=true\n[Language]\nkeyboardLayouts=en\n" + language);
         file.close();
@@ -51,19 +53,19 @@ protected:
     QSharedPointer<BasicForm> errorMessage() const
     {
         Event event(EActivityListener::ShowMessage);
-        event.addArgument(QStringLiteral("kind"), Dialog::Error);
+        event.addArgument(u"kind"_s, Dialog::Error);
         return gui.object.createForm(event);
     }
     QSharedPointer<BasicForm> textInput() const
     {
         Event event(EActivityListener::ShowTextInput);
-        event.addArgument(QStringLiteral("params"), QVariant::fromValue(TextInputParams()));
+        event.addArgument(u"params"_s, QVariant::fromValue(TextInputParams()));
         return gui.object.createForm(event);
     }
     QSharedPointer<BasicForm> goodsSelection() const { return gui.object.createForm(GoodsSelectionParams().toEvent()); }
     static QString textOf(const BasicForm& form, const char* label)
     {
-        return form.rootWidget()->findChild<QLabel*>(QLatin1String(label))->text();
+        return form.rootWidget()->findChild<QLabel*>(QLatin1StringView(label))->text();
     }
 
     /// Everything that is read or heard of a window or form.
@@ -72,18 +74,19 @@ protected:
         QStringList texts{root.windowTitle(), root.accessibleName()};
         for (const auto* widget : root.findChildren<QWidget*>()) {
             texts << widget->accessibleName() << widget->accessibleDescription() << widget->toolTip();
-            if (const auto* label = qobject_cast<const QLabel*>(widget))
+            if (const auto* label = qobject_cast<const QLabel*>(widget)) {
                 texts << label->text();
-            else if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+            } else if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
                 texts << button->text();
-            else if (const auto* field = qobject_cast<const QLineEdit*>(widget))
+            } else if (const auto* field = qobject_cast<const QLineEdit*>(widget)) {
                 texts << field->placeholderText();
+            }
         }
         return texts;
     }
     static QStringList russianTextsIn(const QWidget& root)
     {
-        return textsIn(root).filter(QRegularExpression(QStringLiteral("[А-Яа-яЁё№]")));
+        return textsIn(root).filter(QRegularExpression(u"[А-Яа-яЁё№]"_s));
     }
 
     QTemporaryDir folder;
@@ -100,16 +103,16 @@ private:
 TEST_F(InterfaceLanguage, english_platformAndRegisterSpeakEnglish)
 {
     ASSERT_NO_FATAL_FAILURE(start("interface=en\n"));
-    EXPECT_EQ(window().windowTitle(), QStringLiteral("Pharmacy register"));
-    EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), QStringLiteral("Error"));
+    EXPECT_EQ(window().windowTitle(), u"Pharmacy register"_s);
+    EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), u"Error"_s);
 }
 
 TEST_F(InterfaceLanguage, noneOrUnknown_textsStayAsWritten)
 {
     for (const char* language : {"", "interface=\n", "interface=xx\n"}) {
         ASSERT_NO_FATAL_FAILURE(start(language));
-        EXPECT_EQ(window().windowTitle(), QStringLiteral("Касса аптеки")) << language;
-        EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), QStringLiteral("Ошибка")) << language;
+        EXPECT_EQ(window().windowTitle(), u"Касса аптеки"_s) << language;
+        EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), u"Ошибка"_s) << language;
         application.reset();
     }
 }
@@ -118,7 +121,7 @@ TEST_F(InterfaceLanguage, englishRegisterEnded_textsAreAsWrittenAgain)
 {
     ASSERT_NO_FATAL_FAILURE(start("interface=en\n"));
     application.reset();
-    EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), QStringLiteral("Ошибка"));
+    EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), u"Ошибка"_s);
 }
 
 TEST_F(InterfaceLanguage, english_noRussianTextIsReadOrHeardAnywhere)
@@ -129,6 +132,6 @@ TEST_F(InterfaceLanguage, english_noRussianTextIsReadOrHeardAnywhere)
     EXPECT_EQ(russianTextsIn(*goods->rootWidget()), QStringList());
     EXPECT_EQ(russianTextsIn(*errorMessage()->rootWidget()), QStringList());
     EXPECT_EQ(russianTextsIn(*textInput()->rootWidget()), QStringList());
-    EXPECT_TRUE(textsIn(*goods->rootWidget()).contains(QStringLiteral("Name, INN or barcode")));
-    EXPECT_TRUE(textsIn(*goods->rootWidget()).contains(QStringLiteral("On-screen keyboard")));
+    EXPECT_TRUE(textsIn(*goods->rootWidget()).contains(u"Name, INN or barcode"_s));
+    EXPECT_TRUE(textsIn(*goods->rootWidget()).contains(u"On-screen keyboard"_s));
 }

@@ -26,7 +26,7 @@ protected:
     template <typename T>
     static QString nameOf(const QWidget& form, const char* widget)
     {
-        const auto* found = form.findChild<T*>(QLatin1String(widget));
+        const auto* found = form.findChild<T*>(QLatin1StringView(widget));
         EXPECT_NE(found, nullptr) << widget;
         return found ? found->accessibleName() : QString();
     }

@@ -15,6 +15,8 @@
 #include <QStandardItemModel>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -246,10 +248,9 @@ TEST_F(BasicFormTest, formDestroyed_takesItsRootAlong)
     EXPECT_TRUE(root.isNull());
 }
 
-const QString isDefault = QStringLiteral("<property name=\"default\"><bool>true</bool></property>");
-const QString isDisabled = QStringLiteral("<property name=\"enabled\"><bool>false</bool></property>");
-const QString focusOnEdit =
-    QStringLiteral("<property name=\"initialFocus\" stdset=\"0\"><string>edit</string></property>");
+const QString isDefault = u"<property name=\"default\"><bool>true</bool></property>"_s;
+const QString isDisabled = u"<property name=\"enabled\"><bool>false</bool></property>"_s;
+const QString focusOnEdit = u"<property name=\"initialFocus\" stdset=\"0\"><string>edit</string></property>"_s;
 
 TEST_F(BasicFormTest, shown_focusStandsOnTheWidgetThatTheLayoutNames)
 {

@@ -31,8 +31,9 @@ protected:
     QStringList names() const
     {
         QStringList shown;
-        for (int row = 0; row < proxy.rowCount(); ++row)
+        for (int row = 0; row < proxy.rowCount(); ++row) {
             shown.append(proxy.index(row, 0).data().toString());
+        }
         return shown;
     }
 
@@ -149,8 +150,9 @@ TEST_F(ComplexFilterProxyModelTest, currentRowFilteredOut_leavesNoneCurrent_andA
 
 TEST_F(ComplexFilterProxyModelTest, scatteredRowsFilteredOut_isOneChangeForAView)
 {
-    for (int row = 0; row < 1000; ++row)
+    for (int row = 0; row < 1000; ++row) {
         addRow(row % 2 ? "Чётный" : "Нечётный?", "X");
+    }
     int changes = 0;
     QObject::connect(&proxy, &QAbstractItemModel::rowsRemoved, [&] { ++changes; });
     QObject::connect(&proxy, &QAbstractItemModel::layoutChanged, [&] { ++changes; });

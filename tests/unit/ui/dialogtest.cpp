@@ -39,7 +39,7 @@ private:
 
 TEST_F(DialogTest, factoryWithoutAMock_makesADialog)
 {
-    EXPECT_NE(MockFactory<Dialog>::create(), nullptr);
+    EXPECT_NE(Dialog::create(), nullptr);
 }
 
 TEST_F(DialogTest, factoryWithAMock_handsItOut)
@@ -47,7 +47,7 @@ TEST_F(DialogTest, factoryWithAMock_handsItOut)
     const auto mock = QSharedPointer<MockDialog>::create();
     MockFactory<Dialog>::mocked = [&] { return mock; };
     EXPECT_CALL(*mock, showMessage(tr::Tr("key", "text"), 1, 1, 0));
-    MockFactory<Dialog>::create()->showMessage({"key", "text"}, Dialog::Error, 1, 0);
+    Dialog::create()->showMessage({"key", "text"}, Dialog::Error, 1, 0);
     MockFactory<Dialog>::mocked = {};
 }
 

@@ -10,6 +10,8 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -54,7 +56,7 @@ TEST_F(MessageFormTest, okButton_isTheDefaultWithCyrillicText_andHasTheFocus)
 {
     show(text(), Dialog::Notice, [&](QWidget& form) {
         const auto* ok = form.findChild<QPushButton*>("okButton");
-        EXPECT_EQ(ok->text(), QStringLiteral("\u041e\u041a"));
+        EXPECT_EQ(ok->text(), u"\u041e\u041a"_s);
         EXPECT_FALSE(ok->accessibleName().isEmpty());
         EXPECT_TRUE(ok->isDefault());
         EXPECT_EQ(QApplication::focusWidget(), ok);
@@ -76,11 +78,12 @@ TEST_F(MessageFormTest, everyWayOut_closesIt)
             QTest::keyClick(form.focusWidget(), Qt::Key_Return);
         },
     };
-    for (const auto& way : ways)
+    for (const auto& way : ways) {
         show(text(), Dialog::Notice, [&](QWidget& form) {
             way(form);
             EXPECT_EQ(gui.topForm(), nullptr);
         });
+    }
 }
 
 TEST_F(MessageFormTest, returnStillHeldDown_doesNotCloseIt)
@@ -97,7 +100,7 @@ TEST_F(MessageFormTest, tenThousandCharacters_scrollWithinTheSmallestScreen)
     for (const bool touch : {false, true}) {
         config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
         applyRegisterStyle(*qApp, 600);
-        for (const QString& endless : {QString(10000, u'Ж'), QStringLiteral("слово ").repeated(1700)})
+        for (const QString& endless : {QString(10000, u'Ж'), u"слово "_s.repeated(1700)}) {
             show({"testText", endless}, Dialog::Error, [&](QWidget& form) {
                 EXPECT_LE(form.width(), 1024);
                 EXPECT_LE(form.height(), 600);
@@ -105,6 +108,7 @@ TEST_F(MessageFormTest, tenThousandCharacters_scrollWithinTheSmallestScreen)
                 EXPECT_TRUE(form.rect().contains(form.findChild<QPushButton*>("okButton")->geometry()));
                 EXPECT_EQ(form.findChild<QLabel*>("messageLabel")->text(), endless);
             });
+        }
     }
     qApp->setStyleSheet({});
 }

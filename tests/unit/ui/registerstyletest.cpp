@@ -22,9 +22,10 @@ protected:
 
 TEST_F(RegisterStyleTest, everyTextOnItsGround_hasAContrastOfFourAndAHalf)
 {
-    for (const RegisterColours::Pair& pair : RegisterColours().textPairs())
+    for (const RegisterColours::Pair& pair : RegisterColours().textPairs()) {
         EXPECT_GE(RegisterColours::contrast(pair.text, pair.ground), 4.5)
             << pair.text.name().toStdString() << " on " << pair.ground.name().toStdString();
+    }
 }
 
 TEST_F(RegisterStyleTest, focusRings_standOutFromWhatTheySurround)
@@ -82,8 +83,9 @@ TEST_F(RegisterStyleTest, noTypeIsSmallerThanElevenPoints)
     static const QRegularExpression size("font-size: *(\\d+)pt");
     auto match = size.globalMatch(registerStyleSheet(true, registerTextSize(600)));
     ASSERT_TRUE(match.hasNext());
-    while (match.hasNext())
+    while (match.hasNext()) {
         EXPECT_GE(match.next().captured(1).toInt(), 11);
+    }
 }
 
 TEST_F(RegisterStyleTest, typeGrowsWithTheWindow_headingsToo)
@@ -159,8 +161,9 @@ TEST_F(RegisterStyleTest, focusedControls_lookDifferent)
         {"scroll area", &area},
     };
     int top = 0;
-    for (const auto& [name, control] : controls)
+    for (const auto& [name, control] : controls) {
         control->setGeometry(0, 50 * top++, 120, 40);
+    }
     elsewhere.setGeometry(0, 50 * top, 120, 40);
     window.show();
     window.activateWindow();

@@ -11,10 +11,12 @@
 #include <QPushButton>
 #include <QWindow>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
-const QString barcode = QStringLiteral("4601234567890");
+const QString barcode = u"4601234567890"_s;
 
 class ScanGuardTest : public UiTest
 {

@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QMetaEnum>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -111,7 +113,7 @@ TEST(ScanRecognizerTest, configuredPrefix_tellsASlowScannerFromTyping)
 TEST(ScanRecognizerTest, controlCharacters_areTakenOff)
 {
     ScanRecognizer recognizer({}, {});
-    const auto scan = recognizer.finish(send(recognizer, QStringLiteral("\u00024601\u001d234\u0003"), 1000, 5));
+    const auto scan = recognizer.finish(send(recognizer, u"\u00024601\u001d234\u0003"_s, 1000, 5));
     ASSERT_TRUE(scan);
     EXPECT_EQ(scan->text, "4601234");
 }
@@ -163,7 +165,7 @@ TEST(ScanRecognizerTest, groupSeparatorPressedAsControlAndABracket_isTakenOff)
     ScanRecognizer recognizer({}, {});
     quint64 time = send(recognizer, "0104", 1000, 10);
     press(recognizer, Qt::Key_Control, Qt::NoModifier, {}, time, "0104");
-    press(recognizer, Qt::Key_BracketRight, Qt::ControlModifier, QStringLiteral("\u001d"), time + 10, "0104");
+    press(recognizer, Qt::Key_BracketRight, Qt::ControlModifier, u"\u001d"_s, time + 10, "0104");
     const auto scan = recognizer.finish(send(recognizer, "91ab", time + 20, 10, "0104"));
     ASSERT_TRUE(scan);
     EXPECT_EQ(scan->text, "010491ab");

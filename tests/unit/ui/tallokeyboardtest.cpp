@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -28,9 +30,11 @@ protected:
 
     QPushButton* key(const QString& name)
     {
-        for (auto* button : keyboard.findChildren<QPushButton*>("key_" + name))
-            if (button->isVisible())
+        for (auto* button : keyboard.findChildren<QPushButton*>("key_" + name)) {
+            if (button->isVisible()) {
                 return button;
+            }
+        }
         return nullptr;
     }
 
@@ -55,8 +59,9 @@ protected:
 TEST_F(TalloKeyboardTest, lettersTouched_areTypedIntoTheFocusedField)
 {
     keyboard.setKeyboardLayouts("ru,en");
-    for (const QString letter : {"ж", "е", "л", "space", "1", "ё"})
+    for (const QString letter : {"ж", "е", "л", "space", "1", "ё"}) {
         touch(letter);
+    }
     EXPECT_EQ(edit.text(), "жел 1ё");
     EXPECT_EQ(QApplication::focusWidget(), &edit);
 }
@@ -68,10 +73,11 @@ TEST_F(TalloKeyboardTest, keysArriveAsKeyEventsWithCodeAndText)
     public:
         bool eventFilter(QObject*, QEvent* event) override
         {
-            if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
+            if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) {
                 return false;
+            }
             const auto* key = static_cast<QKeyEvent*>(event);
-            keys.append(QStringLiteral("%1 %2 %3").arg(int(key->type())).arg(key->key()).arg(key->text()));
+            keys.append(u"%1 %2 %3"_s.arg(int(key->type())).arg(key->key()).arg(key->text()));
             return true;
         }
         QStringList keys;
@@ -82,12 +88,12 @@ TEST_F(TalloKeyboardTest, keysArriveAsKeyEventsWithCodeAndText)
     touch("enter");
     touch("backspace");
     EXPECT_EQ(recorder.keys, QStringList({
-                                 QStringLiteral("6 %1 q").arg(int(Qt::Key_Q)),
-                                 QStringLiteral("7 %1 q").arg(int(Qt::Key_Q)),
-                                 QStringLiteral("6 %1 \r").arg(int(Qt::Key_Return)),
-                                 QStringLiteral("7 %1 \r").arg(int(Qt::Key_Return)),
-                                 QStringLiteral("6 %1 \b").arg(int(Qt::Key_Backspace)),
-                                 QStringLiteral("7 %1 \b").arg(int(Qt::Key_Backspace)),
+                                 u"6 %1 q"_s.arg(int(Qt::Key_Q)),
+                                 u"7 %1 q"_s.arg(int(Qt::Key_Q)),
+                                 u"6 %1 \r"_s.arg(int(Qt::Key_Return)),
+                                 u"7 %1 \r"_s.arg(int(Qt::Key_Return)),
+                                 u"6 %1 \b"_s.arg(int(Qt::Key_Backspace)),
+                                 u"7 %1 \b"_s.arg(int(Qt::Key_Backspace)),
                              }));
 }
 
@@ -143,14 +149,17 @@ TEST_F(TalloKeyboardTest, layoutKey_goesRoundTheLayouts)
 TEST_F(TalloKeyboardTest, everyLayout_hasItsLetters)
 {
     keyboard.setKeyboardLayouts("ru");
-    for (const QChar letter : QStringLiteral("абвгдеёжзийклмнопрстуфхцчшщъыьэюя0123456789.,-"))
+    for (const QChar letter : u"абвгдеёжзийклмнопрстуфхцчшщъыьэюя0123456789.,-"_s) {
         EXPECT_NE(key(letter), nullptr) << QString(letter).toStdString();
+    }
     keyboard.setKeyboardLayouts("en");
-    for (const QChar letter : QStringLiteral("abcdefghijklmnopqrstuvwxyz0123456789.,-"))
+    for (const QChar letter : u"abcdefghijklmnopqrstuvwxyz0123456789.,-"_s) {
         EXPECT_NE(key(letter), nullptr) << QString(letter).toStdString();
+    }
     keyboard.setKeyboardLayouts("digits");
-    for (const QChar letter : QStringLiteral("0123456789,"))
+    for (const QChar letter : u"0123456789,"_s) {
         EXPECT_NE(key(letter), nullptr) << QString(letter).toStdString();
+    }
     EXPECT_NE(key("backspace"), nullptr);
     EXPECT_EQ(key("shift"), nullptr);
 }
@@ -211,9 +220,10 @@ TEST_F(TalloKeyboardTest, keys_areForFingersInEveryLayoutAndStyle)
             EXPECT_GE(one->width(), 44) << layout.toStdString() << one->objectName().toStdString();
             EXPECT_GE(one->height(), 44) << layout.toStdString() << one->objectName().toStdString();
             const QRect room = QRect(one->mapTo(&keyboard, QPoint()), one->size()).adjusted(-7, -7, 7, 7);
-            for (const QPushButton* other : all)
+            for (const QPushButton* other : all) {
                 EXPECT_TRUE(one == other || !room.intersects(QRect(other->mapTo(&keyboard, QPoint()), other->size())))
                     << one->objectName().toStdString() << " too near to " << other->objectName().toStdString();
+            }
         }
         EXPECT_LE(keyboard.minimumSizeHint().width(), 1024 - 32);
     }
@@ -226,8 +236,9 @@ class Closer : public QObject
 public:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() != QEvent::KeyPress)
+        if (event->type() != QEvent::KeyPress) {
             return false;
+        }
         delete watched;
         return true;
     }

@@ -11,6 +11,8 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -22,9 +24,11 @@ protected:
         , tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal)
     {
         model.setHorizontalHeaderLabels({"Первый", "Второй", "Третий", "Четвёртый"});
-        for (int row = 0; row < 5; ++row)
-            for (int column = 0; column < 4; ++column)
+        for (int row = 0; row < 5; ++row) {
+            for (int column = 0; column < 4; ++column) {
                 model.setItem(row, column, new QStandardItem("ячейка"));
+            }
+        }
         view.resize(800, 400);
     }
 
@@ -245,10 +249,12 @@ protected:
         show();
         const QImage picture = view.viewport()->grab(view.visualRect(model.index(0, 0))).toImage();
         QColor darkest = Qt::white;
-        for (int x = 0; x < picture.width(); ++x)
+        for (int x = 0; x < picture.width(); ++x) {
             if (const QColor pixel = picture.pixelColor(x, picture.height() / 2);
-                pixel.lightness() < darkest.lightness())
+                pixel.lightness() < darkest.lightness()) {
                 darkest = pixel;
+            }
+        }
         return darkest;
     }
 
@@ -257,7 +263,7 @@ protected:
 
 TEST_F(TextColourTest, selectedRow_keepsTheModelsColour)
 {
-    EXPECT_EQ(drawnWhenSelected(QColor(0x1b, 0x6e, 0x3c)).name(), QStringLiteral("#1b6e3c"));
+    EXPECT_EQ(drawnWhenSelected(QColor(0x1b, 0x6e, 0x3c)).name(), u"#1b6e3c"_s);
 }
 
 TEST_F(TextColourTest, selectedRow_colourTooPaleForIt_isDarkenedUntilItCanBeRead)
@@ -314,10 +320,11 @@ public:
     int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : 5; }
     QVariant data(const QModelIndex& index, int role) const override
     {
-        if (role != Qt::DisplayRole)
+        if (role != Qt::DisplayRole) {
             return {};
+        }
         looks.insert(index.row());
-        return QStringLiteral("ячейка");
+        return u"ячейка"_s;
     }
     mutable QSet<int> looks;
 };

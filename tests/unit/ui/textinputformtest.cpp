@@ -11,6 +11,8 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -66,7 +68,7 @@ protected:
     QSharedPointer<BasicForm> form;
 };
 
-const QString doses = QStringLiteral("\\d{1,9}(\\.)\\d{0,2}|\\d{1,9}");
+const QString doses = u"\\d{1,9}(\\.)\\d{0,2}|\\d{1,9}"_s;
 
 TEST_F(TextInputFormTest, texts_standInTheirPlaces)
 {
@@ -91,7 +93,7 @@ TEST_F(TextInputFormTest, withoutButtonTexts_theRegistersOwnStand)
     params.okText = {};
     params.cancelText = {};
     show([&] {
-        EXPECT_EQ(button("okButton")->text(), QStringLiteral("\u041e\u041a"));
+        EXPECT_EQ(button("okButton")->text(), u"\u041e\u041a"_s);
         EXPECT_EQ(button("cancelButton")->text(), "Отмена");
     });
 }
@@ -290,8 +292,9 @@ TEST_F(TextInputFormTest, touchModeForANumber_hasDigitsAndTakesTheCommaAsAPoint)
     params.mask = doses;
     const auto result = show([&] {
         EXPECT_EQ(root()->findChild<TalloKeyboard*>()->keyboardLayouts(), QStringList("digits"));
-        for (const QString key : {"key_1", "key_,", "key_5"})
+        for (const QString key : {"key_1", "key_,", "key_5"}) {
             QTest::mouseClick(button(key), Qt::LeftButton);
+        }
         QTest::mouseClick(button("okButton"), Qt::LeftButton);
     });
     EXPECT_EQ(result.getData(), "1.5");

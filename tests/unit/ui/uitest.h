@@ -15,6 +15,8 @@
 #include <functional>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 /// A test with a configuration, a GUI and a folder of layouts of its own.
 class UiTest : public ::testing::Test
 {
@@ -23,7 +25,7 @@ protected:
     {
         Singleton<Config>::instance = &config;
         Singleton<GraphicalUserInterface>::instance = &gui;
-        config.setForThisRun(QStringLiteral("GUI:layouts"), layouts.path());
+        config.setForThisRun(u"GUI:layouts"_s, layouts.path());
     }
     ~UiTest() override
     {
@@ -31,7 +33,7 @@ protected:
         Singleton<Config>::instance = m_formerConfig;
     }
 
-    void setTouchMode() { config.setForThisRun(QStringLiteral("GUI:touchMode"), QStringLiteral("true")); }
+    void setTouchMode() { config.setForThisRun(u"GUI:touchMode"_s, u"true"_s); }
 
     /// Writes a layout: a form of that content, and returns its name.
     QString writeLayout(const QString& name, const QString& widgets, const QString& rootProperties = {})
@@ -59,8 +61,9 @@ protected:
         auto* poll = new QTimer(qApp);
         QObject::connect(poll, &QTimer::timeout, [this, poll, before = gui.topForm(), steps = std::move(steps)] {
             const QSharedPointer<BasicForm> top = gui.topForm();
-            if (!top || top == before)
+            if (!top || top == before) {
                 return;
+            }
             poll->stop();
             poll->deleteLater();
             steps();

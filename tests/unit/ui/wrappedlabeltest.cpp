@@ -33,8 +33,9 @@ TEST_P(LongWord, isDrawnAsItsLettersOnFullLines)
     lines.setText((line + u'\n').repeated(11) + line);
     WrappedLabel word;
     word.setText(line.repeated(12));
-    for (WrappedLabel* label : {&lines, &word})
+    for (WrappedLabel* label : {&lines, &word}) {
         label->resize(lines.sizeHint());
+    }
     EXPECT_EQ(word.grab().toImage(), lines.grab().toImage());
     EXPECT_EQ(word.heightForWidth(lines.width()), lines.height());
 }
@@ -133,8 +134,9 @@ TEST(WrappedLabelTest, textHigherThanItsRoom_endsInAnEllipsisAndIsWholeInTheTool
     label.setText("первая\nвторая\n<третья>");
     WrappedLabel expected;
     expected.setText("первая\nвторая…");
-    for (WrappedLabel* one : {&label, &expected})
+    for (WrappedLabel* one : {&label, &expected}) {
         one->resize(300, expected.heightForWidth(300));
+    }
     label.show();
     EXPECT_EQ(label.grab().toImage(), expected.grab().toImage());
     EXPECT_EQ(toolTipOf(label), "<qt>первая\nвторая\n&lt;третья&gt;</qt>");
