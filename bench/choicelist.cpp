@@ -137,18 +137,21 @@ void filterByOneKey(benchmark::State& state, Qt::Key key, const QString& letter)
 void scanTexts(benchmark::State& state, const QString& letter)
 {
     QStringList texts;
-    for (const auto& each : prescriptions(int(state.range(0))))
+    for (const auto& each : prescriptions(int(state.range(0)))) {
         texts.append(each->getInn());
-    for (auto _ : state)
+    }
+    for (auto _ : state) {
         benchmark::DoNotOptimize(texts.filter(letter, Qt::CaseInsensitive));
+    }
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QApplication application(argc, argv);
     applyRegisterStyle(application, 800); // dressed as on the till
     Config config;

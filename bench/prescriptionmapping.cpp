@@ -21,6 +21,8 @@
 
 #include <malloc.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -38,25 +40,25 @@ struct ThreadClock {
 
 QString prescriptionId(int number)
 {
-    return QStringLiteral("prescription-%1").arg(number, 8, 10, QLatin1Char('0'));
+    return u"prescription-%1"_s.arg(number, 8, 10, QChar(u'0'));
 }
 
 /// The registry's answer for a card with so many prescriptions, each with one earlier dispense.
 QByteArray cardAnswer(int prescriptions)
 {
-    const QString card = QStringLiteral("1100000000000099");
+    const QString card = u"1100000000000099"_s;
     const QDate today(2026, 3, 1);
     emulator::PrescriptionStore store;
     emulator::addSyntheticPrescriptions(store, card, prescriptions, today);
     for (const emulator::Prescription& prescription : store.prescriptionsOfCard(card)) {
         emulator::Dispense dispense;
-        dispense.id = QStringLiteral("dispense-") + prescription.id;
+        dispense.id = u"dispense-"_s + prescription.id;
         dispense.prescriptionId = prescription.id;
         dispense.quantity = 1;
         dispense.handedOver = today;
         store.book(dispense, prescription.status);
     }
-    const QJsonObject answer = emulator::byCardAnswer(store, *store.patientOfCard(card), QStringLiteral("active"));
+    const QJsonObject answer = emulator::byCardAnswer(store, *store.patientOfCard(card), u"active"_s);
     return QJsonDocument(answer).toJson(QJsonDocument::Compact);
 }
 
@@ -70,7 +72,7 @@ public:
     {
     }
 
-    void getAuthorizationToken(QString& token) const override { token = QStringLiteral("token"); }
+    void getAuthorizationToken(QString& token) const override { token = u"token"_s; }
     void sendGetRequest(QUrl&, const Headers&, const QueryItems&, QJsonDocument& result) const override
     {
         result = QJsonDocument::fromJson(m_answer);
@@ -117,13 +119,14 @@ void bytesToRecords(benchmark::State& state)
         malloc_trim(0);
         ElectronicPrescriptionService::Prescriptions prescriptions;
         const auto begin = ThreadClock::now();
-        service.getElectronicPrescriptionsByCardNumber(QStringLiteral("77"), QStringLiteral("active"), prescriptions);
+        service.getElectronicPrescriptionsByCardNumber(u"77"_s, u"active"_s, prescriptions);
         const auto time = ThreadClock::now() - begin;
         whole += time;
         state.SetIterationTime(std::chrono::duration<double>(time).count());
 
-        if (prescriptions.size() != count)
+        if (prescriptions.size() != count) {
             state.SkipWithError("a prescription is missing");
+        }
         client->dropDocument();
         service.clear();
     }
@@ -165,8 +168,9 @@ void filterAgainstReceipt(benchmark::State& state)
     for (auto _ : state) {
         ElectronicPrescriptionService::Prescriptions prescriptions = fetched;
         service.getUnprocessedElectronicPrescriptions(prescriptions);
-        if (prescriptions.size() != count / 2)
+        if (prescriptions.size() != count / 2) {
             state.SkipWithError("the wrong prescriptions are left");
+        }
     }
     state.SetComplexityN(count);
     DocumentWatcher::setCurrentDocument({});
@@ -184,8 +188,9 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 1;
+    }
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

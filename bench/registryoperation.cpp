@@ -19,6 +19,8 @@
 #include <stdexcept>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -47,8 +49,9 @@ Reaction answerTo(const ReceivedRequest& request)
 
 void check(bool succeeded)
 {
-    if (!succeeded)
+    if (!succeeded) {
         throw std::runtime_error("A request failed");
+    }
 }
 
 /// The plug-in's registry client, with a card's prescriptions.
@@ -59,8 +62,7 @@ public:
     {
         QJsonArray prescriptions;
         QJsonObject patient;
-        m_client.getElectronicPrescriptionsByCardNumber(QStringLiteral("1100000000000001"), QStringLiteral("active"),
-                                                        prescriptions, patient);
+        m_client.getElectronicPrescriptionsByCardNumber(u"1100000000000001"_s, u"active"_s, prescriptions, patient);
         check(prescriptions.size() == 1);
     }
 
@@ -79,23 +81,26 @@ public:
         curl_easy_setopt(m_easy, CURLOPT_WRITEFUNCTION, append);
         curl_easy_setopt(m_easy, CURLOPT_WRITEDATA, this);
         const QList<ReceivedRequest> requests = server.requests();
-        for (const ReceivedRequest& request : requests)
+        for (const ReceivedRequest& request : requests) {
             m_requests.push_back({server.url().resolved(QUrl::fromEncoded(request.target)).toEncoded(),
                                   headersOf(request), request.method == "POST", request.body});
+        }
     }
     ~ByBareCurl()
     {
         curl_easy_cleanup(m_easy);
-        for (const Request& request : m_requests)
+        for (const Request& request : m_requests) {
             curl_slist_free_all(request.headers);
+        }
     }
     ByBareCurl(const ByBareCurl&) = delete;
     ByBareCurl& operator=(const ByBareCurl&) = delete;
 
     void operator()()
     {
-        for (const Request& request : m_requests)
+        for (const Request& request : m_requests) {
             send(request);
+        }
     }
 
 private:
@@ -109,9 +114,11 @@ private:
     static curl_slist* headersOf(const ReceivedRequest& request)
     {
         curl_slist* headers = nullptr;
-        for (const QByteArray& line : request.headers)
-            if (!line.startsWith("Host:") && !line.startsWith("Content-Length:"))
+        for (const QByteArray& line : request.headers) {
+            if (!line.startsWith("Host:") && !line.startsWith("Content-Length:")) {
                 headers = curl_slist_append(headers, line.constData());
+            }
+        }
         return headers;
     }
 
@@ -162,11 +169,12 @@ void registryOperation(benchmark::State& state)
     ScriptedServer server(&identity);
     server.reactBy(answerTo);
     Config configuration;
-    configuration.setForThisRun(QStringLiteral("RestClient:caFile"), authority.certificateFile());
+    configuration.setForThisRun(u"RestClient:caFile"_s, authority.certificateFile());
     Singleton<Config>::instance = &configuration;
 
-    for (const char* key : {"requestsUrl", "authorizationUrl"})
-        configuration.setForThisRun(QStringLiteral("ElectronicPrescription:") + key, server.url({}).toString());
+    for (const char* key : {"requestsUrl", "authorizationUrl"}) {
+        configuration.setForThisRun(u"ElectronicPrescription:"_s + key, server.url({}).toString());
+    }
 
     const ByRegistryClient byRegistryClient;
     byRegistryClient();
@@ -191,12 +199,14 @@ BENCHMARK(registryOperation)->Unit(benchmark::kMicrosecond)->UseRealTime()->MinT
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 1;
+    }
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -27,6 +27,8 @@
 #include <stdexcept>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -35,13 +37,14 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 
 void check(bool succeeded, const char* what)
 {
-    if (!succeeded)
+    if (!succeeded) {
         throw std::runtime_error(what);
+    }
 }
 
 QString prescriptionOf(int position)
 {
-    return QStringLiteral("rx-%1").arg(position);
+    return u"rx-%1"_s.arg(position);
 }
 
 /// One patient with that many prescriptions, half of whose price somebody else pays.
@@ -81,8 +84,8 @@ public:
     explicit Receipt(int count)
     {
         for (int number = 1; number <= count; ++number) {
-            m_positions.append(QSharedPointer<GoodsItem>::create(
-                GoodsItem::Goods{number, QStringLiteral("Метфолин 500 мг"), 5.0, 0.0, 10.0, 2.0}));
+            m_positions.append(
+                QSharedPointer<GoodsItem>::create(GoodsItem::Goods{number, u"Метфолин 500 мг"_s, 5.0, 0.0, 10.0, 2.0}));
             m_positions.last()->setTag(positionformat::tag);
         }
         makeDue();
@@ -153,8 +156,9 @@ public:
     {
         m_registry.ask([this](emulator::RegistryEmulator& registry) {
             registry.reset();
-            if (m_delay.count() > 0)
+            if (m_delay.count() > 0) {
                 registry.faults().delay(emulator::Endpoint::Any, m_delay, emulator::Occasion::always());
+            }
         });
     }
     QList<emulator::JournalEntry> requests() const
@@ -176,7 +180,7 @@ private:
     }
     QString seedFile(int prescriptions) const
     {
-        QFile file(m_folder.filePath(QStringLiteral("seed.json")));
+        QFile file(m_folder.filePath(u"seed.json"_s));
         check(file.open(QIODevice::WriteOnly), "The seed could not be written");
         file.write(seedOf(prescriptions));
         return file.fileName();
@@ -217,17 +221,19 @@ public:
         m_headers.push_back(headersOf(m_requests.first(), {}));
         send(m_requests.first(), m_headers.front());
         const QByteArray token =
-            QJsonDocument::fromJson(m_answer).object().value(QStringLiteral("access_token")).toString().toLatin1();
+            QJsonDocument::fromJson(m_answer).object().value(u"access_token"_s).toString().toLatin1();
         check(!token.isEmpty(), "No token");
         freeHeaders();
-        for (const emulator::JournalEntry& request : m_requests)
+        for (const emulator::JournalEntry& request : m_requests) {
             m_headers.push_back(headersOf(request, token));
+        }
     }
 
     void operator()()
     {
-        for (qsizetype index = 0; index < m_requests.size(); ++index)
+        for (qsizetype index = 0; index < m_requests.size(); ++index) {
             send(m_requests[index], m_headers[size_t(index)]);
+        }
     }
 
 private:
@@ -235,8 +241,9 @@ private:
     {
         curl_slist* headers = curl_slist_append(nullptr, "Expect:");
         for (const auto& [name, value] : request.headers) {
-            if (name == "Host" || name == "Content-Length")
+            if (name == "Host" || name == "Content-Length") {
                 continue;
+            }
             const bool isToken = name == "Authorization";
             headers = curl_slist_append(headers, (name + ": " + (isToken ? "Bearer " + token : value)).constData());
         }
@@ -244,8 +251,9 @@ private:
     }
     void freeHeaders()
     {
-        for (curl_slist* headers : m_headers)
+        for (curl_slist* headers : m_headers) {
             curl_slist_free_all(headers);
+        }
         m_headers.clear();
     }
 
@@ -293,16 +301,16 @@ double medianOf(std::vector<double>& values)
 
 void configure(Config& configuration, const SlowRegistry& registry, const QString& dataFolder)
 {
-    const QString section = QStringLiteral("ElectronicPrescription:");
+    const QString section = u"ElectronicPrescription:"_s;
     configuration.setForThisRun(section + "requestsUrl", registry.url().toString());
     configuration.setForThisRun(section + "authorizationUrl", registry.url().toString());
-    configuration.setForThisRun(section + "clientId", QStringLiteral("pharmacy"));
-    configuration.setForThisRun(section + "clientSecret", QStringLiteral("secret"));
-    configuration.setForThisRun(section + "organizationIdentifier", QStringLiteral("17"));
-    configuration.setForThisRun(section + "organizationName", QStringLiteral("Аптека № 17"));
-    configuration.setForThisRun(section + "organizationAddress", QStringLiteral("ул. Лесная, 1"));
-    configuration.setForThisRun(QStringLiteral("RestClient:caFile"), registry.certificates());
-    configuration.setForThisRun(QStringLiteral("Register:data"), dataFolder);
+    configuration.setForThisRun(section + "clientId", u"pharmacy"_s);
+    configuration.setForThisRun(section + "clientSecret", u"secret"_s);
+    configuration.setForThisRun(section + "organizationIdentifier", u"17"_s);
+    configuration.setForThisRun(section + "organizationName", u"Аптека № 17"_s);
+    configuration.setForThisRun(section + "organizationAddress", u"ул. Лесная, 1"_s);
+    configuration.setForThisRun(u"RestClient:caFile"_s, registry.certificates());
+    configuration.setForThisRun(u"Register:data"_s, dataFolder);
 }
 
 void subtotal(benchmark::State& state)
@@ -376,13 +384,15 @@ void registerCases()
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     const QApplication application(argc, argv);
     registerCases();
     benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 1;
+    }
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }
