@@ -15,14 +15,14 @@ bool HelloPlugin::init()
 
     Singleton<ActivityNotifier>::get()->subscribe(this);
     addHandler({EContext::Idle, greetCommand, [this](const control::Action&) { return greet(); }, true});
-    addTrigger({EContext::OpenReceipt, control::Subtotal, ActionTrigger::Before,
+    addTrigger({EContext::OpenDocument, control::Subtotal, ActionTrigger::Before,
                 [this](const control::Action&) { return refuseEmptyReceipt(); }, ActionTrigger::Any, 100});
     return true;
 }
 
 void HelloPlugin::handleEvent(const Event& event)
 {
-    if (event.getCode() == EActivityListener::ReceiptClosed) {
+    if (event.getCode() == EActivityListener::DocumentClosed) {
         ++m_closedReceipts;
     }
 }

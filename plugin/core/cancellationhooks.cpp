@@ -16,7 +16,7 @@ EContext::Result ElectronicPrescriptionService::beforeSubtotal(const control::Ac
     if (isCurrentDocumentOf(AbstractDocument::Sale)) {
         return dispenseElectronicPrescriptions(action);
     }
-    if (isCurrentDocumentOf(AbstractDocument::Cancelling)) {
+    if (isCurrentDocumentOf(AbstractDocument::Return)) {
         control::Action cancelling = action;
         cancelling.insert("document", QVariant::fromValue(getDocument()));
         return cancelElectronicPrescriptions(cancelling);

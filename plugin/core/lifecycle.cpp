@@ -28,16 +28,16 @@ struct Hook {
 };
 
 constexpr Hook hooks[] = {
-    {EContext::Idle, control::AnnulDocument, &Service::cancelElectronicPrescriptions, 3},
-    {EContext::OpenReceipt, control::AnnulDocument, &Service::cancelElectronicPrescriptions, 3},
-    {EContext::StoredDocuments, control::AnnulDocument, &Service::cancelElectronicPrescriptions, 3},
+    {EContext::Idle, control::VoidDocument, &Service::cancelElectronicPrescriptions, 3},
+    {EContext::OpenDocument, control::VoidDocument, &Service::cancelElectronicPrescriptions, 3},
+    {EContext::StoredDocuments, control::VoidDocument, &Service::cancelElectronicPrescriptions, 3},
 
-    {EContext::OpenReceipt, control::Subtotal, &Service::beforeSubtotal, 3},
-    {EContext::OpenReceipt, control::SubtotalAndPayment, &Service::beforeSubtotal, 3},
+    {EContext::OpenDocument, control::Subtotal, &Service::beforeSubtotal, 3},
+    {EContext::OpenDocument, control::SubtotalAndPayment, &Service::beforeSubtotal, 3},
 
-    {EContext::OpenReceipt, control::StornoPosition, &Service::cancelElectronicPrescriptionByAction, 3},
-    {EContext::OpenReceipt, control::StornoAll, &Service::beforeStornoAll, 2},
-    {EContext::OpenReceipt, control::StornoAllFromMenu, &Service::beforeStornoAll, 2},
+    {EContext::OpenDocument, control::RemovePosition, &Service::cancelElectronicPrescriptionByAction, 3},
+    {EContext::OpenDocument, control::CancelDocument, &Service::beforeStornoAll, 2},
+    {EContext::OpenDocument, control::CancelDocumentFromMenu, &Service::beforeStornoAll, 2},
 };
 
 } // namespace
@@ -62,7 +62,7 @@ bool ElectronicPrescriptionService::init()
     }
     dosageSystemId = config->getString("ElectronicPrescription:dosageSystemId", registryuris::dosageDictionary);
 
-    addHandler({EContext::OpenReceipt, control::PluginCommand,
+    addHandler({EContext::OpenDocument, control::PluginCommand,
                 [this](const control::Action& action) { return processElectronicPrescriptionsByAction(action); },
                 true});
     for (const Hook& hook : hooks) {
@@ -82,9 +82,9 @@ bool ElectronicPrescriptionService::init()
 void ElectronicPrescriptionService::handleEvent(const Event& event)
 {
     switch (event.getCode()) {
-    case EActivityListener::ReceiptOpened:
-    case EActivityListener::ReceiptClosed:
-    case EActivityListener::ReceiptCancelled:
+    case EActivityListener::DocumentOpened:
+    case EActivityListener::DocumentClosed:
+    case EActivityListener::DocumentCancelled:
         clear();
         break;
     case EActivityListener::DocumentRestored: {

@@ -20,7 +20,7 @@ constexpr double smallestDoses = 0.001;
 control::Action createReceiptAction(control::EActionType type)
 {
     control::Action action = Singleton<control::ActionFactory>::get()->create(type);
-    action.setAllowContexts({EContext::OpenReceipt});
+    action.setAllowContexts({EContext::OpenDocument});
     return action;
 }
 

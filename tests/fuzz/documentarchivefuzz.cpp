@@ -6,8 +6,8 @@
 #include "config.h"
 #include "dialog.h"
 #include "documentarchive.h"
-#include "receiptnumbers.h"
-#include "receiptstore.h"
+#include "documentnumbers.h"
+#include "opendocumentfile.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -45,19 +45,19 @@ void put(const QString& file, const QByteArray& bytes)
 
 QByteArray soundSale()
 {
-    Receipt sale(soundNumber, QDateTime(QDate(2026, 3, 1), QTime(9, 0)));
+    Document sale(soundNumber, QDateTime(QDate(2026, 3, 1), QTime(9, 0)));
     sale.add({.name = u"Йод"_s, .price = 1.5, .quantity = 2}, {});
-    sale.setEnding({Receipt::State::Closed, QDateTime(QDate(2026, 3, 1), QTime(9, 5)), {}, 300});
+    sale.setEnding({Document::State::Closed, QDateTime(QDate(2026, 3, 1), QTime(9, 5)), {}, 300});
     return QJsonDocument(sale.toJson()).toJson();
 }
 
 /// Whether a document can be gone on with, in the archive or as the open one.
-bool isThere(const DocumentArchive& archive, const QSharedPointer<Receipt>& open, int number)
+bool isThere(const DocumentArchive& archive, const QSharedPointer<Document>& open, int number)
 {
     return archive.find(number) || (open && open->getNumber() == number);
 }
 
-bool holds(const QList<QSharedPointer<Receipt>>& documents, int number)
+bool holds(const QList<QSharedPointer<Document>>& documents, int number)
 {
     return std::any_of(documents.cbegin(), documents.cend(),
                        [number](const auto& document) { return document->getNumber() == number; });
@@ -71,7 +71,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     static const QByteArray sound = soundSale();
     const QString finishedSound = folder.filePath(u"finished/00000001.json"_s);
     const QString finished = folder.filePath(u"finished/00000002.json"_s);
-    const QString putAside = folder.filePath(u"putaside/00000002.json"_s);
+    const QString suspend = folder.filePath(u"putaside/00000002.json"_s);
     MockFactory<Dialog>::mocked = [] { return QSharedPointer<Dialog>(new Silent); };
     Singleton<Config>::get()->setForThisRun(u"Register:data"_s, folder.path());
 
@@ -81,27 +81,27 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const QByteArray bytes = bytesOf(data, size);
     put(finishedSound, sound);
     put(finished, bytes);
-    put(putAside, bytes);
+    put(suspend, bytes);
     put(folder.filePath(u"receipt.json"_s), bytes);
     put(folder.filePath(u"lastreceiptnumber"_s), bytes);
 
     const DocumentArchive archive(folder.path());
     promise(holds(archive.latest(10), soundNumber), "a sound document is listed beside any other");
     promise(archive.greatestNumber() == otherNumber, "a damaged document keeps its number");
-    ReceiptNumbers numbers(folder.path());
+    DocumentNumbers numbers(folder.path());
     numbers.pass(archive.greatestNumber());
     promise(numbers.next() > otherNumber, "a new document never gets the number of another");
 
-    const ReceiptStore::Loaded open = ReceiptStore(folder.path()).load();
-    promise(open.receipt || contentOf(open.setAside) == bytes, "a damaged receipt is set aside as it is");
-    const bool wasThere = isThere(archive, open.receipt, otherNumber);
-    const auto stillOpen = archive.tidyUp(open.receipt);
+    const OpenDocumentFile::Loaded open = OpenDocumentFile(folder.path()).load();
+    promise(open.document || contentOf(open.setAside) == bytes, "a damaged receipt is set aside as it is");
+    const bool wasThere = isThere(archive, open.document, otherNumber);
+    const auto stillOpen = archive.tidyUp(open.document);
     promise(isThere(archive, stillOpen, soundNumber), "tidying up leaves a sound document");
     promise(!wasThere || isThere(archive, stillOpen, otherNumber), "tidying up leaves a readable copy");
-    promise(wasThere || (contentOf(finished) == bytes && contentOf(putAside) == bytes),
+    promise(wasThere || (contentOf(finished) == bytes && contentOf(suspend) == bytes),
             "tidying up leaves what is damaged as it is");
 
-    archive.isTakenBack(*archive.find(soundNumber), stillOpen);
+    archive.isReturned(*archive.find(soundNumber), stillOpen);
     if (const auto document = archive.find(otherNumber)) {
         promise(archive.save(document), "a document that was read can be saved");
     }

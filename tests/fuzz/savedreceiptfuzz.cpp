@@ -3,7 +3,7 @@
 
 #include "fuzztarget.h"
 
-#include "savedreceiptfile.h"
+#include "saveddocument.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -18,18 +18,18 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-SavedReceiptFile read(const QByteArray& bytes)
+SavedDocument read(const QByteArray& bytes)
 {
     static const QTemporaryDir folder;
     QFile file(folder.filePath(u"receipt.json"_s));
     promise(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(), "the file can be written");
     file.close();
-    return SavedReceiptFile::read(file.fileName());
+    return SavedDocument::read(file.fileName());
 }
 
-QByteArray saved(const Receipt& receipt)
+QByteArray saved(const Document& document)
 {
-    return QJsonDocument(receipt.toJson()).toJson();
+    return QJsonDocument(document.toJson()).toJson();
 }
 
 /// The members of that name are the same, where `written` has one.
@@ -58,25 +58,25 @@ void compareWithFile(const QJsonObject& written, const QJsonObject& kept)
 }
 
 /// False after some two thousand million positions, which only a made-up receipt has had.
-bool hasRoom(const Receipt& receipt)
+bool hasRoom(const Document& document)
 {
     constexpr int lastNumber = std::numeric_limits<int>::max() - 1;
-    return receipt.toJson().value(u"nextPosition"_s).toInt() < lastNumber;
+    return document.toJson().value(u"nextPosition"_s).toInt() < lastNumber;
 }
 
 /// What the cashier does next with a receipt that was taken up: an accepted one is fit for work.
-void workOn(Receipt& receipt)
+void workOn(Document& document)
 {
-    const Kopecks before = receipt.getSum();
-    const auto position = receipt.add({.name = u"Йод"_s, .price = 1.5, .quantity = 2}, {});
-    promise(receipt.position(position->getNumber()) == position, "a new position has a number of its own");
-    promise(receipt.getSum() == before + 300, "a new position adds its price to the sum");
-    receipt.remove(position->getNumber());
-    promise(receipt.getSum() == before, "a removed position takes its price with it");
-    promise(receipt.isCancelling() || receipt.getChange() == receipt.getReceived() - before, "the change is the rest");
+    const Kopecks before = document.getSum();
+    const auto position = document.add({.name = u"Йод"_s, .price = 1.5, .quantity = 2}, {});
+    promise(document.position(position->getNumber()) == position, "a new position has a number of its own");
+    promise(document.getSum() == before + 300, "a new position adds its price to the sum");
+    document.remove(position->getNumber());
+    promise(document.getSum() == before, "a removed position takes its price with it");
+    promise(document.isReturn() || document.getChange() == document.getReceived() - before, "the change is the rest");
 
-    const auto takeBack = Receipt::cancelling(receipt, 7, receipt.getOpened());
-    promise(takeBack->getSum() == before, "a cancelling document takes back the whole sum");
+    const auto returnSale = Document::returnOf(document, 7, document.getOpened());
+    promise(returnSale->getSum() == before, "a cancelling document takes back the whole sum");
 }
 
 } // namespace
@@ -84,21 +84,21 @@ void workOn(Receipt& receipt)
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray bytes = bytesOf(data, size);
-    const SavedReceiptFile file = read(bytes);
-    promise(!file.receipt == !file.damage.isEmpty(), "a document is read, or it is told what is wrong");
+    const SavedDocument file = read(bytes);
+    promise(!file.document == !file.damage.isEmpty(), "a document is read, or it is told what is wrong");
     promise(file.damage != u"no error occurred"_s, "what is wrong is not nothing");
-    if (!file.receipt) {
+    if (!file.document) {
         return 0;
     }
-    compareWithFile(QJsonDocument::fromJson(bytes).object(), file.receipt->toJson());
-    const QByteArray once = saved(*file.receipt);
-    const SavedReceiptFile again = read(once);
-    promise(bool(again.receipt), "what was accepted is saved so that it is accepted again");
-    promise(saved(*again.receipt) == once, "what was accepted is saved and read back equal");
-    promise(again.receipt->getSum() == file.receipt->getSum(), "the sum stays the same");
-    promise(again.receipt->getReceived() == file.receipt->getReceived(), "the cash received stays the same");
-    if (hasRoom(*file.receipt)) {
-        workOn(*file.receipt);
+    compareWithFile(QJsonDocument::fromJson(bytes).object(), file.document->toJson());
+    const QByteArray once = saved(*file.document);
+    const SavedDocument again = read(once);
+    promise(bool(again.document), "what was accepted is saved so that it is accepted again");
+    promise(saved(*again.document) == once, "what was accepted is saved and read back equal");
+    promise(again.document->getSum() == file.document->getSum(), "the sum stays the same");
+    promise(again.document->getReceived() == file.document->getReceived(), "the cash received stays the same");
+    if (hasRoom(*file.document)) {
+        workOn(*file.document);
     }
     return 0;
 }

@@ -8,7 +8,7 @@
 namespace
 {
 
-class Cancelling : public Pharmacy
+class Return : public Pharmacy
 {
 protected:
     void SetUp() override
@@ -22,7 +22,7 @@ protected:
     {
         EXPECT_EQ(finished(1)["state"].toString(), "cancelled");
         EXPECT_EQ(finished(1)["positions"].toArray().size(), 3);
-        EXPECT_TRUE(savedReceipt().isEmpty());
+        EXPECT_TRUE(savedDocument().isEmpty());
         EXPECT_EQ(registry.dispenses().size(), 3);
         EXPECT_EQ(standingDispenses(), QStringList());
         EXPECT_EQ(registeredBy(finished(1)), QStringList());
@@ -31,9 +31,9 @@ protected:
     }
 };
 
-TEST_F(Cancelling, registeredPosition_itsDispenseIsCancelledAndItLeavesTheReceipt)
+TEST_F(Return, registeredPosition_itsDispenseIsCancelledAndItLeavesTheDocument)
 {
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::removesTheFirst,
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::removesTheFirst,
                           R"({"receipt": {"positions": [{"number": 2}, {"number": 3}]}},
                              {"visible": false, "in": "paymentPanel"})"}));
 
@@ -41,7 +41,7 @@ TEST_F(Cancelling, registeredPosition_itsDispenseIsCancelledAndItLeavesTheReceip
     ASSERT_EQ(dispenses.size(), 1);
     EXPECT_TRUE(dispenses[0].cancelled);
     EXPECT_EQ(registry.statusOf("rx-2001"), "active");
-    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
     const QJsonObject request = registry.journal().last().toObject();
     EXPECT_EQ(request["method"].toString(), "POST");
     EXPECT_EQ(request["target"].toString(), "/MedicationDispense/" + dispenses[0].id + "/$set-as-error");
@@ -50,83 +50,84 @@ TEST_F(Cancelling, registeredPosition_itsDispenseIsCancelledAndItLeavesTheReceip
     EXPECT_TRUE(header(request, "Authorization").startsWith("Bearer "));
 }
 
-TEST_F(Cancelling, positionNotYetRegistered_leavesTheReceiptWithoutAskingTheRegistry)
+TEST_F(Return, positionNotYetRegistered_leavesTheDocumentWithoutAskingTheRegistry)
 {
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::removesTheFirst,
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::removesTheFirst,
                           R"({"receipt": {"positions": [{"number": 2}, {"number": 3}]}})"}));
     EXPECT_EQ(registry.requestedPaths(), QStringList());
 }
 
-TEST_F(Cancelling, cashierSaysNo_nothingHappens)
+TEST_F(Return, cashierSaysNo_nothingHappens)
 {
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal,
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal,
                           R"({"key": "F9"}, {"wait": "questionForm"}, {"key": "Return"},
                              {"visible": false, "in": "questionForm"}, {"key": "F8"}, {"wait": "questionForm"},
                              {"key": "Esc"}, {"visible": false, "in": "questionForm"})",
-                          cashier::findsTheReceipt}));
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), 3);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+                          cashier::findsTheDocument}));
+    EXPECT_EQ(registeredBy(savedDocument()).size(), 3);
+    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
 }
 
-TEST_F(Cancelling, receiptByItsKey_everyDispenseIsCancelled)
+TEST_F(Return, documentByItsKey_everyDispenseIsCancelled)
 {
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::cancelsTheReceipt, cashier::isIdle}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::cancelsTheDocument, cashier::isIdle}));
     expectAllCancelled();
 }
 
-TEST_F(Cancelling, receiptAtItsPayment_everyDispenseIsCancelled)
+TEST_F(Return, documentAtItsPayment_everyDispenseIsCancelled)
 {
     expectHeld(
-        playSteps({cashier::findsTheReceipt, cashier::toThePayment, cashier::cancelsTheReceipt, cashier::isIdle}));
+        playSteps({cashier::findsTheDocument, cashier::toThePayment, cashier::cancelsTheDocument, cashier::isIdle}));
     expectAllCancelled();
 }
 
-TEST_F(Cancelling, receiptFromTheMenu_everyDispenseIsCancelled)
+TEST_F(Return, documentFromTheMenu_everyDispenseIsCancelled)
 {
     expectHeld(playSteps(
-        {cashier::findsTheReceipt, cashier::subtotal, cashier::cancelsTheReceiptFromTheMenu, cashier::isIdle}));
+        {cashier::findsTheDocument, cashier::subtotal, cashier::cancelsTheDocumentFromTheMenu, cashier::isIdle}));
     expectAllCancelled();
 }
 
-TEST_F(Cancelling, registryFailsAtTheSecond_receiptStaysAndTheNextSubtotalRegistersTheFirstAnew)
+TEST_F(Return, registryFailsAtTheSecond_documentStaysAndTheNextSubtotalRegistersTheFirstAnew)
 {
     registry.orderFault(
         {{"endpoint", "cancel"}, {"nth", 2}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal,
-                          cashier::tries(cashier::cancelsTheReceipt, "Идут работы"),
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal,
+                          cashier::tries(cashier::cancelsTheDocument, "Идут работы"),
                           R"({"contains": "1,49 | отпуск отменён", "in": "receiptTable"},
                              {"contains": "0,46 | зарегистрирован", "in": "receiptTable"})"}));
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), 2);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+    EXPECT_EQ(registeredBy(savedDocument()).size(), 2);
+    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(registry.dispenses().size(), 4);
     EXPECT_EQ(registeredBy(finished(1)).size(), 3);
     EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
 }
 
-TEST_F(Cancelling, registryFailsAtTheSecondDuringThePayment_nothingIsSoldUnregistered)
+TEST_F(Return, registryFailsAtTheSecondDuringThePayment_nothingIsSoldUnregistered)
 {
     registry.orderFault(
         {{"endpoint", "cancel"}, {"nth", 2}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::toThePayment,
-                          cashier::tries(cashier::cancelsTheReceipt, "Идут работы"), R"({"key": "Return", "times": 3})",
-                          R"({"visible": false, "in": "payButton"}, {"receipt": {"state": "open"}})"}));
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), 2);
+    expectHeld(
+        playSteps({cashier::findsTheDocument, cashier::toThePayment,
+                   cashier::tries(cashier::cancelsTheDocument, "Идут работы"), R"({"key": "Return", "times": 3})",
+                   R"({"visible": false, "in": "payButton"}, {"receipt": {"state": "open"}})"}));
+    EXPECT_EQ(registeredBy(savedDocument()).size(), 2);
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::pays}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::pays}));
     EXPECT_EQ(registeredBy(finished(1)).size(), 3);
     EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
 }
 
-TEST_F(Cancelling, positionRefusedByTheRegistry_staysAndIsStillRegistered)
+TEST_F(Return, positionRefusedByTheRegistry_staysAndIsStillRegistered)
 {
     registry.orderFault({{"endpoint", "cancel"}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
-    expectHeld(
-        playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::tries(cashier::removesTheFirst, "Идут работы"),
-                   R"({"contains": "Удаление позиции не выполнено", "in": "statusMessageLabel"})"}));
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), 3);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal,
+                          cashier::tries(cashier::removesTheFirst, "Идут работы"),
+                          R"({"contains": "Удаление позиции не выполнено", "in": "statusMessageLabel"})"}));
+    EXPECT_EQ(registeredBy(savedDocument()).size(), 3);
+    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
 }
 
 } // namespace

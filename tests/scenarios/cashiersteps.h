@@ -8,10 +8,10 @@ namespace cashier
 {
 
 /// The receipt of three prescriptions is on the screen.
-inline const QByteArray findsTheReceipt = R"({"contains": "Амлонорд", "in": "receiptTable"})";
+inline const QByteArray findsTheDocument = R"({"contains": "Амлонорд", "in": "receiptTable"})";
 inline const QByteArray isIdle = R"({"expect": "", "in": "receiptTable"}, {"visible": false, "in": "paymentPanel"})";
 
-inline const QByteArray opensAReceipt = R"({"key": "F2"}, {"receipt": {"positions": []}})";
+inline const QByteArray opensADocument = R"({"key": "F2"}, {"receipt": {"positions": []}})";
 inline const QByteArray subtotal = R"({"key": "F6"}, {"expect": "ПОДЫТОГ", "in": "paymentCaptionLabel"})";
 inline const QByteArray toThePayment = R"({"key": "F12"}, {"expect": "К ОПЛАТЕ", "in": "paymentCaptionLabel"})";
 inline const QByteArray backToThePositions = R"({"key": "Esc"}, {"visible": false, "in": "paymentPanel"})";
@@ -22,10 +22,10 @@ inline const QByteArray removesTheFirst =
     R"({"row": 0, "in": "receiptTable"}, {"key": "F8"}, {"click": "yesButton"}, {"visible": false, "in": "questionForm"})";
 inline const QByteArray removesTheSecond =
     R"({"row": 1, "in": "receiptTable"}, {"key": "F8"}, {"click": "yesButton"}, {"visible": false, "in": "questionForm"})";
-inline const QByteArray cancelsTheReceipt =
+inline const QByteArray cancelsTheDocument =
     R"({"key": "F9"}, {"click": "yesButton"}, {"visible": false, "in": "questionForm"})";
 
-inline const QByteArray cancelsTheReceiptFromTheMenu =
+inline const QByteArray cancelsTheDocumentFromTheMenu =
     R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "5"}, {"click": "yesButton"},
        {"visible": false, "in": "questionForm"})";
 
@@ -47,22 +47,22 @@ inline const QByteArray putsAside =
 inline const QByteArray opensTheDocuments =
     R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "2"}, {"wait": "documentTable"})";
 inline const QByteArray takesUp =
-    opensTheDocuments + R"(, {"row": 0, "in": "documentTable"}, {"click": "takeUpButton"}, )" + findsTheReceipt;
+    opensTheDocuments + R"(, {"row": 0, "in": "documentTable"}, {"click": "takeUpButton"}, )" + findsTheDocument;
 
 /// Of the sale number 1.
-inline const QByteArray opensTheTakeBack =
+inline const QByteArray opensTheReturn =
     R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "3"}, {"wait": "inputLineEdit"}, {"type": "1"}, {"key": "Return"})";
 inline const QByteArray paysOut =
     R"({"key": "F12"}, {"expect": "К ВОЗВРАТУ", "in": "paymentCaptionLabel"}, {"key": "Return"}, )" + isIdle;
 /// The document number 1.
-inline const QByteArray annuls =
+inline const QByteArray voids =
     R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "4"}, {"wait": "inputLineEdit"}, {"type": "1"}, {"key": "Return"},
        {"click": "yesButton"}, {"visible": false, "in": "questionForm"})";
 
 /// Does something and is told why it is not done.
-inline QByteArray tries(const QByteArray& what, const char* told)
+inline QByteArray tries(const QByteArray& what, const char* shown)
 {
-    return what + R"(, {"wait": "messageForm"}, {"contains": ")" + told +
+    return what + R"(, {"wait": "messageForm"}, {"contains": ")" + shown +
            R"(", "in": "messageLabel"}, {"key": "Return"}, {"visible": false, "in": "messageForm"})";
 }
 

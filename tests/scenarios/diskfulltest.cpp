@@ -43,15 +43,15 @@ protected:
     void setPermissions(mode_t mode) const { EXPECT_EQ(::chmod(QFile::encodeName(dataFolder()).constData(), mode), 0); }
 };
 
-TEST_F(Disk, fullWhenTheThirdIsRegistered_isToldTheFormerReceiptStandsAndTheNextSaveHoldsAll)
+TEST_F(Disk, fullWhenTheThirdIsRegistered_isShownTheFormerDocumentStandsAndTheNextSaveHoldsAll)
 {
     registry.orderFault({{"endpoint", "register"}, {"nth", 3}, {"fault", "delay"}, {"delay", 2000}});
-    startSteps({cashier::findsTheReceipt, cashier::tries(R"({"key": "F6"})", notSaved),
+    startSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", notSaved),
                 R"({"expect": "ПОДЫТОГ", "in": "paymentCaptionLabel"})", changeOfTheDisk("freed"), cashier::pays});
     ASSERT_TRUE(waitForRequests("register", 3));
     fillDisk(512);
     changeDisk("freed", [this] {
-        EXPECT_EQ(registeredBy(savedReceipt()).size(), 2);
+        EXPECT_EQ(registeredBy(savedDocument()).size(), 2);
         EXPECT_EQ(savedPositions().size(), 3);
         EXPECT_EQ(standingDispenses().size(), 3);
         fillDisk(0);
@@ -62,45 +62,45 @@ TEST_F(Disk, fullWhenTheThirdIsRegistered_isToldTheFormerReceiptStandsAndTheNext
     EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
 }
 
-TEST_F(Disk, fullAtTheClosing_isToldAndTheReceiptStaysOpenUntilThereIsRoom)
+TEST_F(Disk, fullAtTheClosing_isShownAndTheDocumentStaysOpenUntilThereIsRoom)
 {
-    startSteps({cashier::findsTheReceipt, cashier::toThePayment, changeOfTheDisk("filled"),
+    startSteps({cashier::findsTheDocument, cashier::toThePayment, changeOfTheDisk("filled"),
                 cashier::tries(R"({"key": "Return"})", notSaved),
-                R"({"expect": "К ОПЛАТЕ", "in": "paymentCaptionLabel"})", cashier::findsTheReceipt,
+                R"({"expect": "К ОПЛАТЕ", "in": "paymentCaptionLabel"})", cashier::findsTheDocument,
                 changeOfTheDisk("freed"), R"({"key": "Return"})", cashier::isIdle});
     changeDisk("filled", [this] { fillDisk(512); });
     changeDisk("freed", [this] {
-        EXPECT_EQ(savedReceipt()["state"].toString(), "open");
+        EXPECT_EQ(savedDocument()["state"].toString(), "open");
         EXPECT_EQ(files("finished"), QStringList());
         fillDisk(0);
     });
     expectHeld(waitForEnd());
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
-    EXPECT_TRUE(savedReceipt().isEmpty());
+    EXPECT_TRUE(savedDocument().isEmpty());
     EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
 }
 
-TEST_F(Disk, folderReadOnlyAtTheClosing_isToldAndTheReceiptStaysOpenUntilItIsWritable)
+TEST_F(Disk, folderReadOnlyAtTheClosing_isShownAndTheDocumentStaysOpenUntilItIsWritable)
 {
-    startSteps({cashier::findsTheReceipt, cashier::toThePayment, changeOfTheDisk("locked"),
+    startSteps({cashier::findsTheDocument, cashier::toThePayment, changeOfTheDisk("locked"),
                 cashier::tries(R"({"key": "Return"})", notSaved),
-                R"({"expect": "К ОПЛАТЕ", "in": "paymentCaptionLabel"})", cashier::findsTheReceipt});
+                R"({"expect": "К ОПЛАТЕ", "in": "paymentCaptionLabel"})", cashier::findsTheDocument});
     changeDisk("locked", [this] { setPermissions(S_IRUSR | S_IXUSR); });
     expectHeld(waitForEnd());
     setPermissions(S_IRWXU);
-    EXPECT_EQ(savedReceipt()["state"].toString(), "open");
+    EXPECT_EQ(savedDocument()["state"].toString(), "open");
     EXPECT_EQ(files("finished"), QStringList());
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
     EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
 }
 
-TEST_F(Disk, fullWhenAReceiptIsPutAside_isToldAndItStaysOpen)
+TEST_F(Disk, fullWhenADocumentIsSuspended_isShownAndItStaysOpen)
 {
-    startSteps({cashier::findsTheReceipt, changeOfTheDisk("filled"),
+    startSteps({cashier::findsTheDocument, changeOfTheDisk("filled"),
                 cashier::tries(R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "1"})", notSaved),
-                cashier::findsTheReceipt});
+                cashier::findsTheDocument});
     changeDisk("filled", [this] { fillDisk(512); });
     expectHeld(waitForEnd());
     EXPECT_EQ(files("putaside"), QStringList());

@@ -8,7 +8,7 @@ namespace
 
 using At = PowerFailure::At;
 
-const QByteArray registers = cashier::findsTheReceipt + ", " + cashier::subtotal;
+const QByteArray registers = cashier::findsTheDocument + ", " + cashier::subtotal;
 const QByteArray sells = registers + ", " + cashier::pays;
 
 class PowerCutAtADocument : public PowerCutTest
@@ -17,77 +17,77 @@ protected:
     /// There is one open receipt, number 1, and no other document.
     void expectOpenAlone()
     {
-        EXPECT_EQ(savedReceipt()["number"].toInt(), 1);
-        EXPECT_EQ(savedReceipt()["state"].toString(), "open");
+        EXPECT_EQ(savedDocument()["number"].toInt(), 1);
+        EXPECT_EQ(savedDocument()["state"].toString(), "open");
         EXPECT_EQ(savedPositions().size(), 3);
         EXPECT_EQ(files("putaside") + files("finished"), QStringList());
     }
 };
 
-TEST_F(PowerCutAtADocument, closingToBeSaved_receiptIsOpenAndIsPaidAgainWithoutAskingTheRegistry)
+TEST_F(PowerCutAtADocument, closingToBeSaved_documentIsOpenAndIsPaidAgainWithoutAskingTheRegistry)
 {
     playUntil({"", At::BeforeSave, 4}, {sells});
     expectOpenAlone();
     registry.forgetRequests();
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(registry.requestedPaths(), QStringList());
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
     expectRegisteredOnce(finished(1));
     EXPECT_FALSE(printed(1).empty());
 }
 
-TEST_F(PowerCutAtADocument, closingSaved_receiptIsClosedPrintedAndNotOpenAgain)
+TEST_F(PowerCutAtADocument, closingSaved_documentIsClosedPrintedAndNotOpenAgain)
 {
     playUntil({"", At::AfterSave, 4}, {sells});
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
     EXPECT_TRUE(printed(1).empty());
 
-    expectHeld(playSteps({cashier::isIdle, cashier::opensAReceipt}));
+    expectHeld(playSteps({cashier::isIdle, cashier::opensADocument}));
     EXPECT_EQ(files("finished"), QStringList("00000001.json"));
     expectRegisteredOnce(finished(1));
     EXPECT_FALSE(printed(1).empty());
-    EXPECT_EQ(savedReceipt()["number"].toInt(), 2);
+    EXPECT_EQ(savedDocument()["number"].toInt(), 2);
 }
 
-TEST_F(PowerCutAtADocument, puttingAsideToBeSaved_receiptIsOpen)
+TEST_F(PowerCutAtADocument, puttingAsideToBeSaved_documentIsOpen)
 {
-    playUntil({"", At::BeforeSave, 1}, {cashier::findsTheReceipt, cashier::putsAside});
+    playUntil({"", At::BeforeSave, 1}, {cashier::findsTheDocument, cashier::putsAside});
     expectOpenAlone();
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::putsAside}));
-    EXPECT_EQ(putAside(1)["positions"].toArray().size(), 3);
-    EXPECT_TRUE(savedReceipt().isEmpty());
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::putsAside}));
+    EXPECT_EQ(suspend(1)["positions"].toArray().size(), 3);
+    EXPECT_TRUE(savedDocument().isEmpty());
 }
 
-TEST_F(PowerCutAtADocument, puttingAsideSaved_receiptIsOpenAndNotPutAsideAsWell)
+TEST_F(PowerCutAtADocument, puttingAsideSaved_documentIsOpenAndNotSuspendedAsWell)
 {
-    playUntil({"", At::AfterSave, 1}, {cashier::findsTheReceipt, cashier::putsAside});
+    playUntil({"", At::AfterSave, 1}, {cashier::findsTheDocument, cashier::putsAside});
 
-    expectHeld(playSteps({cashier::findsTheReceipt}));
+    expectHeld(playSteps({cashier::findsTheDocument}));
     expectOpenAlone();
 }
 
-TEST_F(PowerCutAtADocument, takingUpToBeSaved_receiptStaysPutAside)
+TEST_F(PowerCutAtADocument, takingUpToBeSaved_documentStaysSuspended)
 {
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::putsAside}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::putsAside}));
     playUntil({"", At::BeforeSave, 1}, {cashier::takesUp});
-    EXPECT_TRUE(savedReceipt().isEmpty());
+    EXPECT_TRUE(savedDocument().isEmpty());
 
     expectHeld(playSteps({cashier::takesUp}));
     expectOpenAlone();
 }
 
-TEST_F(PowerCutAtADocument, takingUpSaved_receiptIsOpenAndNotPutAsideAsWell)
+TEST_F(PowerCutAtADocument, takingUpSaved_documentIsOpenAndNotSuspendedAsWell)
 {
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::putsAside}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::putsAside}));
     playUntil({"", At::AfterSave, 1}, {cashier::takesUp});
 
-    expectHeld(playSteps({cashier::findsTheReceipt}));
+    expectHeld(playSteps({cashier::findsTheDocument}));
     expectOpenAlone();
 }
 
-class PowerCutAtATakeBack : public PowerCutTest, public ::testing::WithParamInterface<PowerFailure>
+class PowerCutAtAReturn : public PowerCutTest, public ::testing::WithParamInterface<PowerFailure>
 {
 protected:
     void SetUp() override
@@ -98,13 +98,13 @@ protected:
     }
 
     /// The sale is taken back once: by that document, with nothing left at the registry.
-    void expectTakenBackBy(int number)
+    void expectReturnedBy(int number)
     {
         EXPECT_EQ(finished(1)["takenBackBy"].toInt(), number);
         EXPECT_EQ(finished(number)["takesBack"].toInt(), 1);
         EXPECT_EQ(finished(number)["state"].toString(), "closed");
         EXPECT_EQ(files("finished").size(), 2);
-        EXPECT_TRUE(savedReceipt().isEmpty());
+        EXPECT_TRUE(savedDocument().isEmpty());
         expectNothingRegistered();
         expectInStep(finished(1));
         expectInStep(finished(number));
@@ -112,8 +112,8 @@ protected:
     }
 };
 
-const QByteArray takesBack =
-    cashier::opensTheTakeBack + ", " + cashier::findsTheReceipt + ", " + cashier::subtotal + ", " + cashier::paysOut;
+const QByteArray returns =
+    cashier::opensTheReturn + ", " + cashier::findsTheDocument + ", " + cashier::subtotal + ", " + cashier::paysOut;
 
 const PowerFailure notOpenYet[] = {
     {"saleToBeSaved", At::BeforeSave, 1},
@@ -121,21 +121,21 @@ const PowerFailure notOpenYet[] = {
     {"documentToBeSaved", At::BeforeSave, 2},
 };
 
-using OpeningATakeBack = PowerCutAtATakeBack;
+using OpeningAReturn = PowerCutAtAReturn;
 
-TEST_P(OpeningATakeBack, hasNotHappenedAndIsDoneUnderTheNextNumber)
+TEST_P(OpeningAReturn, hasNotHappenedAndIsDoneUnderTheNextNumber)
 {
-    playUntil(GetParam(), {takesBack});
-    EXPECT_TRUE(savedReceipt().isEmpty());
+    playUntil(GetParam(), {returns});
+    EXPECT_TRUE(savedDocument().isEmpty());
     expectRegisteredOnce(finished(1));
 
-    expectHeld(playSteps({cashier::isIdle, takesBack}));
-    expectTakenBackBy(3);
+    expectHeld(playSteps({cashier::isIdle, returns}));
+    expectReturnedBy(3);
 }
 
-INSTANTIATE_TEST_SUITE_P(At, OpeningATakeBack, ::testing::ValuesIn(notOpenYet), nameOf);
+INSTANTIATE_TEST_SUITE_P(At, OpeningAReturn, ::testing::ValuesIn(notOpenYet), nameOf);
 
-const PowerFailure takeBackOpen[] = {
+const PowerFailure returnOpen[] = {
     {"opened", At::AfterSave, 2},
     {"beforeAnyRequest", At::LongWork, 1},
     {"firstSent", At::RequestLost, 1, "cancel"},
@@ -149,68 +149,68 @@ const PowerFailure takeBackOpen[] = {
     {"endToBeSaved", At::BeforeSave, 7},
 };
 
-using OpenTakeBack = PowerCutAtATakeBack;
+using OpenReturn = PowerCutAtAReturn;
 
-TEST_P(OpenTakeBack, isOpenAfterwardsAndIsFinishedOnce)
+TEST_P(OpenReturn, isOpenAfterwardsAndIsFinishedOnce)
 {
-    playUntil(GetParam(), {takesBack});
-    EXPECT_EQ(savedReceipt()["type"].toInt(), 25);
-    expectInStep(savedReceipt());
+    playUntil(GetParam(), {returns});
+    EXPECT_EQ(savedDocument()["type"].toInt(), 25);
+    expectInStep(savedDocument());
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::paysOut,
-                          cashier::tries(cashier::opensTheTakeBack, "уже возвращена")}));
-    expectTakenBackBy(2);
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::paysOut,
+                          cashier::tries(cashier::opensTheReturn, "уже возвращена")}));
+    expectReturnedBy(2);
 }
 
-INSTANTIATE_TEST_SUITE_P(At, OpenTakeBack, ::testing::ValuesIn(takeBackOpen), nameOf);
+INSTANTIATE_TEST_SUITE_P(At, OpenReturn, ::testing::ValuesIn(returnOpen), nameOf);
 
-TEST_F(PowerCutAtATakeBack, endSaved_isFinishedAndNotOpenAgain)
+TEST_F(PowerCutAtAReturn, endSaved_isFinishedAndNotOpenAgain)
 {
-    playUntil({"", At::AfterSave, 7}, {takesBack});
+    playUntil({"", At::AfterSave, 7}, {returns});
 
-    expectHeld(playSteps({cashier::isIdle, cashier::tries(cashier::opensTheTakeBack, "уже возвращена")}));
-    expectTakenBackBy(2);
+    expectHeld(playSteps({cashier::isIdle, cashier::tries(cashier::opensTheReturn, "уже возвращена")}));
+    expectReturnedBy(2);
     EXPECT_FALSE(printed(2).empty());
 }
 
-const PowerFailure takeBackUnsaved[] = {
+const PowerFailure returnUnsaved[] = {
     {"firstAnswered", At::AnswerLost, 1, "cancel"},  {"firstToBeSaved", At::BeforeSave, 3},
     {"secondAnswered", At::AnswerLost, 2, "cancel"}, {"secondToBeSaved", At::BeforeSave, 4},
     {"thirdAnswered", At::AnswerLost, 3, "cancel"},  {"thirdToBeSaved", At::BeforeSave, 5},
 };
 
-using TakeBackWithOneUnsaved = PowerCutAtATakeBack;
+using ReturnWithOneUnsaved = PowerCutAtAReturn;
 
-TEST_P(TakeBackWithOneUnsaved, isRefusedByTheRegistryUntilTheDocumentIsCorrected)
+TEST_P(ReturnWithOneUnsaved, isRefusedByTheRegistryUntilTheDocumentIsCorrected)
 {
-    playUntil(GetParam(), {takesBack});
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), standingDispenses().size() + 1);
+    playUntil(GetParam(), {returns});
+    EXPECT_EQ(registeredBy(savedDocument()).size(), standingDispenses().size() + 1);
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::tries(R"({"key": "F6"})", "уже отменён"),
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "уже отменён"),
                           cashier::tries(R"({"key": "F6"})", "уже отменён")}));
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), standingDispenses().size() + 1);
+    EXPECT_EQ(registeredBy(savedDocument()).size(), standingDispenses().size() + 1);
 
     correct("receipt.json");
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::paysOut}));
-    expectTakenBackBy(2);
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::paysOut}));
+    expectReturnedBy(2);
 }
 
-TEST_P(TakeBackWithOneUnsaved, canBeGivenUpAndTheSaleStaysSold)
+TEST_P(ReturnWithOneUnsaved, canBeGivenUpAndTheSaleStaysSold)
 {
-    playUntil(GetParam(), {takesBack});
+    playUntil(GetParam(), {returns});
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::cancelsTheReceipt, cashier::isIdle}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::cancelsTheDocument, cashier::isIdle}));
     EXPECT_EQ(finished(2)["state"].toString(), "cancelled");
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
     EXPECT_EQ(registeredBy(finished(1)).size(), standingDispenses().size() + 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(At, TakeBackWithOneUnsaved, ::testing::ValuesIn(takeBackUnsaved), nameOf);
+INSTANTIATE_TEST_SUITE_P(At, ReturnWithOneUnsaved, ::testing::ValuesIn(returnUnsaved), nameOf);
 
-class PowerCutAtAnAnnulment : public PowerCutTest, public ::testing::WithParamInterface<PowerFailure>
+class PowerCutAtAnVoiding : public PowerCutTest, public ::testing::WithParamInterface<PowerFailure>
 {
 protected:
-    void expectAnnulled()
+    void expectVoided()
     {
         EXPECT_EQ(finished(1)["state"].toString(), "annulled");
         EXPECT_EQ(files("putaside"), QStringList());
@@ -220,86 +220,85 @@ protected:
     }
 };
 
-const PowerFailure annulment[] = {
+const PowerFailure voiding[] = {
     {"firstSent", At::RequestLost, 1, "cancel"},  {"firstSaved", At::AfterSave, 5},
     {"secondSent", At::RequestLost, 2, "cancel"}, {"secondSaved", At::AfterSave, 6},
     {"thirdSent", At::RequestLost, 3, "cancel"},  {"thirdSaved", At::AfterSave, 7},
     {"endToBeSaved", At::BeforeSave, 8},
 };
 
-using AnnullingOnePutAside = PowerCutAtAnAnnulment;
+using VoidingOneSuspended = PowerCutAtAnVoiding;
 
-TEST_P(AnnullingOnePutAside, isPutAsideAfterwardsAndIsAnnulledByTheNextAttempt)
+TEST_P(VoidingOneSuspended, isSuspendedAfterwardsAndIsVoidedByTheNextAttempt)
 {
-    playUntil(GetParam(), {registers, cashier::putsAside, cashier::annuls});
+    playUntil(GetParam(), {registers, cashier::putsAside, cashier::voids});
     EXPECT_EQ(files("finished"), QStringList());
-    expectInStep(putAside(1));
+    expectInStep(suspend(1));
 
-    expectHeld(playSteps({cashier::isIdle, cashier::annuls, cashier::isIdle}));
-    expectAnnulled();
+    expectHeld(playSteps({cashier::isIdle, cashier::voids, cashier::isIdle}));
+    expectVoided();
 }
 
-INSTANTIATE_TEST_SUITE_P(At, AnnullingOnePutAside, ::testing::ValuesIn(annulment), nameOf);
-INSTANTIATE_TEST_SUITE_P(Before, AnnullingOnePutAside, ::testing::Values(PowerFailure{"anyRequest", At::LongWork, 2}),
+INSTANTIATE_TEST_SUITE_P(At, VoidingOneSuspended, ::testing::ValuesIn(voiding), nameOf);
+INSTANTIATE_TEST_SUITE_P(Before, VoidingOneSuspended, ::testing::Values(PowerFailure{"anyRequest", At::LongWork, 2}),
                          nameOf);
 
-TEST_F(PowerCutAtAnAnnulment, onePutAsideSaved_isAnnulledAndNotPutAsideAsWell)
+TEST_F(PowerCutAtAnVoiding, oneSuspendedSaved_isVoidedAndNotSuspendedAsWell)
 {
-    playUntil({"", At::AfterSave, 8}, {registers, cashier::putsAside, cashier::annuls});
+    playUntil({"", At::AfterSave, 8}, {registers, cashier::putsAside, cashier::voids});
 
-    expectHeld(playSteps({cashier::isIdle, cashier::opensAReceipt}));
-    expectAnnulled();
-    EXPECT_EQ(savedReceipt()["number"].toInt(), 2);
+    expectHeld(playSteps({cashier::isIdle, cashier::opensADocument}));
+    expectVoided();
+    EXPECT_EQ(savedDocument()["number"].toInt(), 2);
 }
 
-using AnnullingASale = PowerCutAtAnAnnulment;
+using VoidingASale = PowerCutAtAnVoiding;
 
 /// Saved at the same times as one that was put aside: there the fourth save is the putting aside, here the closing.
-TEST_P(AnnullingASale, isClosedAfterwardsAndIsAnnulledByTheNextAttempt)
+TEST_P(VoidingASale, isClosedAfterwardsAndIsVoidedByTheNextAttempt)
 {
-    playUntil(GetParam(), {sells, cashier::annuls});
+    playUntil(GetParam(), {sells, cashier::voids});
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
     expectInStep(finished(1));
 
-    expectHeld(playSteps({cashier::isIdle, cashier::annuls, cashier::isIdle}));
-    expectAnnulled();
+    expectHeld(playSteps({cashier::isIdle, cashier::voids, cashier::isIdle}));
+    expectVoided();
 }
 
-INSTANTIATE_TEST_SUITE_P(At, AnnullingASale, ::testing::ValuesIn(annulment), nameOf);
-INSTANTIATE_TEST_SUITE_P(Before, AnnullingASale, ::testing::Values(PowerFailure{"anyRequest", At::LongWork, 3}),
-                         nameOf);
+INSTANTIATE_TEST_SUITE_P(At, VoidingASale, ::testing::ValuesIn(voiding), nameOf);
+INSTANTIATE_TEST_SUITE_P(Before, VoidingASale, ::testing::Values(PowerFailure{"anyRequest", At::LongWork, 3}), nameOf);
 
-TEST_F(PowerCutAtAnAnnulment, saleSaved_isAnnulled)
+TEST_F(PowerCutAtAnVoiding, saleSaved_isVoided)
 {
-    playUntil({"", At::AfterSave, 8}, {sells, cashier::annuls});
+    playUntil({"", At::AfterSave, 8}, {sells, cashier::voids});
 
-    expectHeld(playSteps({cashier::isIdle, cashier::opensAReceipt}));
-    expectAnnulled();
+    expectHeld(playSteps({cashier::isIdle, cashier::opensADocument}));
+    expectVoided();
 }
 
-const PowerFailure annulmentUnsaved[] = {
+const PowerFailure voidingUnsaved[] = {
     {"firstAnswered", At::AnswerLost, 1, "cancel"},  {"firstToBeSaved", At::BeforeSave, 5},
     {"secondAnswered", At::AnswerLost, 2, "cancel"}, {"secondToBeSaved", At::BeforeSave, 6},
     {"thirdAnswered", At::AnswerLost, 3, "cancel"},  {"thirdToBeSaved", At::BeforeSave, 7},
 };
 
-using AnnullingASaleWithOneUnsaved = PowerCutAtAnAnnulment;
+using VoidingASaleWithOneUnsaved = PowerCutAtAnVoiding;
 
-TEST_P(AnnullingASaleWithOneUnsaved, isRefusedByTheRegistryAndSoIsItsTakeBackUntilTheSaleIsCorrected)
+TEST_P(VoidingASaleWithOneUnsaved, isRefusedByTheRegistryAndSoIsItsReturnUntilTheSaleIsCorrected)
 {
-    playUntil(GetParam(), {sells, cashier::annuls});
+    playUntil(GetParam(), {sells, cashier::voids});
     EXPECT_EQ(registeredBy(finished(1)).size(), standingDispenses().size() + 1);
 
-    expectHeld(playSteps({cashier::isIdle, cashier::tries(cashier::annuls, "уже отменён"), cashier::opensTheTakeBack,
-                          cashier::findsTheReceipt, cashier::tries(R"({"key": "F6"})", "уже отменён"),
-                          cashier::cancelsTheReceipt, cashier::isIdle}));
+    expectHeld(playSteps({cashier::isIdle, cashier::tries(cashier::voids, "уже отменён"), cashier::opensTheReturn,
+                          cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "уже отменён"),
+                          cashier::cancelsTheDocument, cashier::isIdle}));
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
 
     correct("finished/00000001.json");
-    expectHeld(playSteps({cashier::isIdle, cashier::annuls, cashier::isIdle}));
-    expectAnnulled();
+    expectHeld(playSteps({cashier::isIdle, cashier::voids, cashier::isIdle}));
+    expectVoided();
 }
 
-INSTANTIATE_TEST_SUITE_P(At, AnnullingASaleWithOneUnsaved, ::testing::ValuesIn(annulmentUnsaved), nameOf);
+INSTANTIATE_TEST_SUITE_P(At, VoidingASaleWithOneUnsaved, ::testing::ValuesIn(voidingUnsaved), nameOf);
 
 } // namespace

@@ -9,7 +9,7 @@
 namespace
 {
 
-const QByteArray registers = cashier::findsTheReceipt + ", " + cashier::subtotal;
+const QByteArray registers = cashier::findsTheDocument + ", " + cashier::subtotal;
 const QByteArray sells = registers + ", " + cashier::pays;
 
 class Documents : public Pharmacy
@@ -22,7 +22,7 @@ protected:
     }
 
     /// The document number 1 is void, and so is each of its dispenses.
-    void expectAnnulled()
+    void expectVoided()
     {
         EXPECT_EQ(finished(1)["state"].toString(), "annulled");
         EXPECT_EQ(files("putaside"), QStringList());
@@ -32,14 +32,14 @@ protected:
     }
 };
 
-using PutAside = Documents;
+using Suspended = Documents;
 
-TEST_F(PutAside, takenUp_cardComesBackAndTheNextPrescriptionIsServedWithoutAskingForIt)
+TEST_F(Suspended, resumed_cardComesBackAndTheNextPrescriptionIsServedWithoutAskingForIt)
 {
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::putsAside, cashier::opensAReceipt, cashier::putsAside,
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::putsAside, cashier::opensADocument, cashier::putsAside,
                           R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "2"}, {"wait": "documentTable"},
                              {"row": 1, "in": "documentTable"}, {"key": "Return"})",
-                          cashier::findsTheReceipt, R"({"contains": "1100000000000002", "in": "documentInfoLabel"})",
+                          cashier::findsTheDocument, R"({"contains": "1100000000000002", "in": "documentInfoLabel"})",
                           cashier::servesTheNext, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(finished(1)["positions"].toArray().size(), 4);
     EXPECT_EQ(registeredBy(finished(1)).size(), 4);
@@ -47,7 +47,7 @@ TEST_F(PutAside, takenUp_cardComesBackAndTheNextPrescriptionIsServedWithoutAskin
     EXPECT_EQ(files("putaside"), QStringList("00000002.json"));
 }
 
-TEST_F(PutAside, registeredAndTakenUp_isNotSentAgain)
+TEST_F(Suspended, registeredAndResumed_isNotSentAgain)
 {
     expectHeld(playSteps({registers, cashier::putsAside, cashier::takesUp, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(registry.requestsTo("register"), 3);
@@ -55,26 +55,26 @@ TEST_F(PutAside, registeredAndTakenUp_isNotSentAgain)
     EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
 }
 
-using Annulment = Documents;
+using Voiding = Documents;
 
-TEST_F(Annulment, putAsideFromTheList_cancelsItsDispenses)
+TEST_F(Voiding, suspendedFromTheList_cancelsItsDispenses)
 {
     expectHeld(playSteps({registers, cashier::putsAside, cashier::opensTheDocuments,
                           R"({"row": 0, "in": "documentTable"}, {"click": "annulButton"}, {"click": "yesButton"},
                              {"contains": "Аннулирован", "in": "documentTable"}, {"key": "Esc"})",
                           cashier::isIdle}));
-    expectAnnulled();
+    expectVoided();
 }
 
-TEST_F(Annulment, putAsideByNumberBetweenReceipts_cancelsItsDispenses)
+TEST_F(Voiding, suspendedByNumberBetweenDocuments_cancelsItsDispenses)
 {
-    expectHeld(playSteps({registers, cashier::putsAside, cashier::annuls, cashier::isIdle}));
-    expectAnnulled();
+    expectHeld(playSteps({registers, cashier::putsAside, cashier::voids, cashier::isIdle}));
+    expectVoided();
 }
 
-TEST_F(Annulment, putAsideWhileAnotherIsOpen_cancelsItsDispensesAndTheOtherGoesOnAsItWas)
+TEST_F(Voiding, suspendedWhileAnotherIsOpen_cancelsItsDispensesAndTheOtherGoesOnAsItWas)
 {
-    expectHeld(playSteps({registers, cashier::putsAside, cashier::servesAnotherCard, cashier::subtotal, cashier::annuls,
+    expectHeld(playSteps({registers, cashier::putsAside, cashier::servesAnotherCard, cashier::subtotal, cashier::voids,
                           R"({"contains": "Амоксидар", "in": "receiptTable"},
                              {"contains": "1100000000000001", "in": "documentInfoLabel"},
                              {"receipt": {"number": 2, "positions": [{"extendedOptions": {"status": "dispensed"}}]}})",
@@ -85,34 +85,34 @@ TEST_F(Annulment, putAsideWhileAnotherIsOpen_cancelsItsDispensesAndTheOtherGoesO
     EXPECT_EQ(standingDispenses(), QStringList());
 }
 
-TEST_F(Annulment, closedSale_cancelsItsDispensesAndCannotBeTakenBackAfterwards)
+TEST_F(Voiding, closedSale_cancelsItsDispensesAndCannotBeReturnedAfterwards)
 {
-    expectHeld(playSteps(
-        {sells, cashier::annuls, cashier::isIdle, cashier::tries(cashier::opensTheTakeBack, "нельзя вернуть")}));
-    expectAnnulled();
+    expectHeld(
+        playSteps({sells, cashier::voids, cashier::isIdle, cashier::tries(cashier::opensTheReturn, "нельзя вернуть")}));
+    expectVoided();
 }
 
-TEST_F(Annulment, registryFailsAtTheSecond_documentKeepsWhatIsCancelledAndTheNextAttemptCancelsTheRest)
+TEST_F(Voiding, registryFailsAtTheSecond_documentKeepsWhatIsCancelledAndTheNextAttemptCancelsTheRest)
 {
     registry.orderFault(
         {{"endpoint", "cancel"}, {"nth", 2}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
-    expectHeld(playSteps({sells, cashier::tries(cashier::annuls, "Идут работы"), cashier::isIdle}));
+    expectHeld(playSteps({sells, cashier::tries(cashier::voids, "Идут работы"), cashier::isIdle}));
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
     EXPECT_EQ(registeredBy(finished(1)).size(), 2);
     EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
 
-    expectHeld(playSteps({cashier::isIdle, cashier::annuls, cashier::isIdle}));
-    expectAnnulled();
+    expectHeld(playSteps({cashier::isIdle, cashier::voids, cashier::isIdle}));
+    expectVoided();
 }
 
-using TakeBack = Documents;
+using Return = Documents;
 
-TEST_F(TakeBack, closedSale_cancelsItsDispensesIsPaidOutAndPrintedAndDoneOnce)
+TEST_F(Return, closedSale_cancelsItsDispensesIsPaidOutAndPrintedAndDoneOnce)
 {
-    expectHeld(playSteps(
-        {sells, cashier::opensTheTakeBack, R"({"contains": "Возврат № 2", "in": "receiptNumberLabel"})",
-         cashier::findsTheReceipt, cashier::subtotal, R"({"contains": "отпуск отменён", "in": "receiptTable"})",
-         cashier::paysOut, cashier::tries(cashier::opensTheTakeBack, "уже возвращена документом № 2")}));
+    expectHeld(playSteps({sells, cashier::opensTheReturn, R"({"contains": "Возврат № 2", "in": "receiptNumberLabel"})",
+                          cashier::findsTheDocument, cashier::subtotal,
+                          R"({"contains": "отпуск отменён", "in": "receiptTable"})", cashier::paysOut,
+                          cashier::tries(cashier::opensTheReturn, "уже возвращена документом № 2")}));
     const QJsonObject document = finished(2);
     EXPECT_EQ(document["type"].toInt(), 25);
     EXPECT_EQ(document["state"].toString(), "closed");
@@ -122,34 +122,34 @@ TEST_F(TakeBack, closedSale_cancelsItsDispensesIsPaidOutAndPrintedAndDoneOnce)
     EXPECT_EQ(standingDispenses(), QStringList());
     EXPECT_EQ(registeredBy(finished(1)), QStringList());
     EXPECT_THAT(printed(2), ::testing::HasSubstr("по чеку № 1"));
-    EXPECT_TRUE(savedReceipt().isEmpty());
+    EXPECT_TRUE(savedDocument().isEmpty());
 }
 
-TEST_F(TakeBack, givenUpBeforeItsSubtotal_leavesTheSaleAsItWas)
+TEST_F(Return, givenUpBeforeItsSubtotal_leavesTheSaleAsItWas)
 {
     expectHeld(playSteps({sells}));
     const QJsonArray sold = finished(1)["positions"].toArray();
-    expectHeld(playSteps({cashier::isIdle, cashier::opensTheTakeBack, cashier::findsTheReceipt,
-                          cashier::cancelsTheReceipt, cashier::isIdle}));
+    expectHeld(playSteps({cashier::isIdle, cashier::opensTheReturn, cashier::findsTheDocument,
+                          cashier::cancelsTheDocument, cashier::isIdle}));
     EXPECT_EQ(finished(2)["state"].toString(), "cancelled");
     EXPECT_EQ(finished(1)["positions"].toArray(), sold);
     EXPECT_EQ(registry.requestsTo("cancel"), 0);
     EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
 }
 
-TEST_F(TakeBack, givenUpAfterTheRegistryFailedAtTheSecond_saleKnowsWhatIsCancelledAndTheNextOneCancelsTheRest)
+TEST_F(Return, givenUpAfterTheRegistryFailedAtTheSecond_saleKnowsWhatIsCancelledAndTheNextOneCancelsTheRest)
 {
     registry.orderFault(
         {{"endpoint", "cancel"}, {"nth", 2}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
     expectHeld(
-        playSteps({sells, cashier::opensTheTakeBack, cashier::findsTheReceipt,
-                   cashier::tries(R"({"key": "F6"})", "Идут работы"), cashier::cancelsTheReceipt, cashier::isIdle}));
+        playSteps({sells, cashier::opensTheReturn, cashier::findsTheDocument,
+                   cashier::tries(R"({"key": "F6"})", "Идут работы"), cashier::cancelsTheDocument, cashier::isIdle}));
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
     EXPECT_EQ(registeredBy(finished(1)).size(), 2);
     EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
 
     expectHeld(playSteps(
-        {cashier::isIdle, cashier::opensTheTakeBack, cashier::findsTheReceipt, cashier::subtotal, cashier::paysOut}));
+        {cashier::isIdle, cashier::opensTheReturn, cashier::findsTheDocument, cashier::subtotal, cashier::paysOut}));
     EXPECT_EQ(finished(1)["takenBackBy"].toInt(), 3);
     EXPECT_EQ(standingDispenses(), QStringList());
     EXPECT_EQ(registry.requestsTo("cancel"), 4);

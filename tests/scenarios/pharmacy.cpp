@@ -111,9 +111,9 @@ void Pharmacy::loseWidget(const QString& layout, const QString& widget)
     configure(u"GUI:layouts"_s, folder.path());
 }
 
-void Pharmacy::leaveOpen(const QString& receipt)
+void Pharmacy::leaveOpen(const QString& document)
 {
-    write(dataFolder() + u"/receipt.json"_s, contentOf(QString::fromUtf8(SCENARIO_FOLDER "/") + receipt));
+    write(dataFolder() + u"/receipt.json"_s, contentOf(QString::fromUtf8(SCENARIO_FOLDER "/") + document));
 }
 
 Pharmacy::Outcome Pharmacy::play(const QString& scenario, const QStringList& options)
@@ -243,17 +243,17 @@ QJsonObject Pharmacy::document(const QString& file) const
     return QJsonDocument::fromJson(contentOf(dataFolder() + u'/' + file)).object();
 }
 
-QJsonObject Pharmacy::savedReceipt() const
+QJsonObject Pharmacy::savedDocument() const
 {
     return document(u"receipt.json"_s);
 }
 
 QJsonArray Pharmacy::savedPositions() const
 {
-    return savedReceipt().value("positions"_L1).toArray();
+    return savedDocument().value("positions"_L1).toArray();
 }
 
-QJsonObject Pharmacy::putAside(int number) const
+QJsonObject Pharmacy::suspend(int number) const
 {
     return document(u"putaside/%1.json"_s.arg(number, 8, 10, QChar(u'0')));
 }

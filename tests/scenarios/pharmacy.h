@@ -41,7 +41,7 @@ protected:
     /// Lets the registry begin again, at the URL that it has then.
     void restartRegistry(const QStringList& options);
     /// Lays a saved receipt of this folder into the data folder, as if the register had ended with it open.
-    void leaveOpen(const QString& receipt);
+    void leaveOpen(const QString& document);
 
     /// Plays a scenario file of this folder; returns when the register has ended.
     Outcome play(const QString& scenario, const QStringList& options = {});
@@ -67,12 +67,12 @@ protected:
     RegistryProcess registry;
 
     /// The open receipt as it is saved; empty when there is none.
-    QJsonObject savedReceipt() const;
+    QJsonObject savedDocument() const;
     QJsonArray savedPositions() const;
     /// The document in a file of the data folder; empty when there is none.
     QJsonObject document(const QString& file) const;
     /// A document put aside, or a finished one, by its number; empty when there is none.
-    QJsonObject putAside(int number) const;
+    QJsonObject suspend(int number) const;
     QJsonObject finished(int number) const;
     /// The names of the files in a folder of the data folder, in order.
     QStringList files(const QString& folder) const;

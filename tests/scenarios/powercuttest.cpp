@@ -63,7 +63,7 @@ void PowerCutTest::playUntil(const PowerFailure& failure, const QByteArrayList& 
     }
     const Outcome outcome = waitForEnd();
     ASSERT_TRUE(wasKilled()) << qPrintable(outcome.output);
-    registry.takeBackFaults();
+    registry.returnFaults();
 }
 
 void PowerCutTest::correct(const QString& file)
@@ -88,9 +88,9 @@ void PowerCutTest::correct(const QString& file)
     saved.write(QJsonDocument(corrected).toJson());
 }
 
-void PowerCutTest::expectRegisteredOnce(const QJsonObject& receipt)
+void PowerCutTest::expectRegisteredOnce(const QJsonObject& document)
 {
-    const QStringList registered = registeredBy(receipt);
+    const QStringList registered = registeredBy(document);
     EXPECT_EQ(registered.size(), 3);
     EXPECT_EQ(standingDispenses(), registered);
     EXPECT_EQ(registry.dispenses().size(), 3);

@@ -43,7 +43,7 @@ protected:
     void correct(const QString& file);
 
     /// Every prescription of the receipt is registered, once, and the receipt knows it.
-    void expectRegisteredOnce(const QJsonObject& receipt);
+    void expectRegisteredOnce(const QJsonObject& document);
     /// Nothing stands with the registry.
     void expectNothingRegistered();
     /// What the registry holds is what the document says.

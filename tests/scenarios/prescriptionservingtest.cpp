@@ -16,7 +16,7 @@ class PrescriptionServing : public Pharmacy
 {
 };
 
-TEST_F(PrescriptionServing, servedByKeyboard_goodsStandOnTheReceiptAtTheBenefitPrice)
+TEST_F(PrescriptionServing, servedByKeyboard_goodsStandOnTheDocumentAtTheBenefitPrice)
 {
     expectHeld(play("served-by-keyboard.json"));
 
@@ -31,7 +31,7 @@ TEST_F(PrescriptionServing, servedByKeyboard_goodsStandOnTheReceiptAtTheBenefitP
     EXPECT_NEAR(position.value("price").toDouble(),
                 position.value("initialPrice").toDouble() * options.value("sumFactor").toDouble(), 0.0051);
     EXPECT_LT(position.value("price").toDouble(), position.value("initialPrice").toDouble());
-    const QJsonValue ofThePlugin = savedReceipt().value("plugins")["ElectronicPrescriptionService"];
+    const QJsonValue ofThePlugin = savedDocument().value("plugins")["ElectronicPrescriptionService"];
     EXPECT_EQ(ofThePlugin["cardNumber"].toString(), u"1100000000000001"_s);
 }
 
@@ -58,7 +58,7 @@ TEST_F(PrescriptionServing, servedByKeyboard_registryIsAskedForATokenAndTheCard)
     EXPECT_EQ(header(byCard, "Accept"), u"application/json"_s);
 }
 
-TEST_F(PrescriptionServing, servedByTouch_goodsStandOnTheReceipt)
+TEST_F(PrescriptionServing, servedByTouch_goodsStandOnTheDocument)
 {
     expectHeld(play("served-by-touch.json", {"--touch"}));
     EXPECT_EQ(savedPositions().size(), 1);
@@ -70,7 +70,7 @@ TEST_F(PrescriptionServing, backFromEveryStep_nothingIsLeftBehindAndServingGoesO
     EXPECT_EQ(savedPositions().size(), 1);
 }
 
-TEST_F(PrescriptionServing, backByTouchFromEveryStep_leadsToTheStepBeforeWithTheReceiptAsItWas)
+TEST_F(PrescriptionServing, backByTouchFromEveryStep_leadsToTheStepBeforeWithTheDocumentAsItWas)
 {
     expectHeld(play("back-by-touch-from-every-step.json", {"--touch"}));
     EXPECT_EQ(savedPositions().size(), 2);
@@ -91,7 +91,7 @@ TEST_F(PrescriptionServing, secondPrescriptionOfTheCard_comesFromTheCacheWithout
               optionsOf(savedPositions()[1].toObject()).value("id"));
 }
 
-TEST_F(PrescriptionServing, cardWithoutPrescriptions_isToldAndTheNextCommandAsksForACard)
+TEST_F(PrescriptionServing, cardWithoutPrescriptions_isShownAndTheNextCommandAsksForACard)
 {
     expectHeld(play("card-without-prescriptions.json"));
 }
@@ -127,7 +127,7 @@ class WindowClosed : public Pharmacy, public ::testing::WithParamInterface<int>
 {
 };
 
-TEST_P(WindowClosed, amidServing_registerEndsAndTheReceiptIsThereAsItWasOnTheNextStart)
+TEST_P(WindowClosed, amidServing_registerEndsAndTheDocumentIsThereAsItWasOnTheNextStart)
 {
     const QByteArray untouched = R"({"receipt": {"positions": [{"price": 12.4, "quantity": 1, "tags": []}]}})";
     QByteArrayList steps{R"({"key": "F2"}, {"scan": "2990000000019"})", untouched};

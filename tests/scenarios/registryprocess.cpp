@@ -97,7 +97,7 @@ void RegistryProcess::orderFault(const QJsonObject& fault)
     askAdmin("POST", u"/faults"_s, QJsonDocument(fault).toJson());
 }
 
-void RegistryProcess::takeBackFaults()
+void RegistryProcess::returnFaults()
 {
     askAdmin("DELETE", u"/faults"_s);
 }

@@ -29,7 +29,7 @@ public:
     void forgetRequests();
     /// Orders a fault, in the form of the admin port.
     void orderFault(const QJsonObject& fault);
-    void takeBackFaults();
+    void returnFaults();
 
     /// A dispense that this pharmacy registered.
     struct Dispense {

@@ -4,22 +4,22 @@
 #include <QDir>
 #include <QFile>
 
-class ReceiptRestoring : public Pharmacy
+class DocumentRestoring : public Pharmacy
 {
 };
 
-TEST_F(ReceiptRestoring, registerKilled_receiptComesBackWithItsCard)
+TEST_F(DocumentRestoring, registerKilled_documentComesBackWithItsCard)
 {
     start("served-and-left-open.json");
     ASSERT_TRUE(waitForOutput("the receipt is open"));
-    const QJsonObject before = savedReceipt();
+    const QJsonObject before = savedDocument();
     kill();
 
     expectHeld(play("taken-up-after-a-crash.json"));
-    EXPECT_EQ(savedReceipt(), before);
+    EXPECT_EQ(savedDocument(), before);
 }
 
-TEST_F(ReceiptRestoring, savedReceiptDamaged_isSetAsideUnchangedAndTold)
+TEST_F(DocumentRestoring, savedDocumentDamaged_isSetAsideUnchangedAndShown)
 {
     const QByteArray damaged = "{\"type\": 1, \"positions\": [{\"numb";
     QFile file(dataFolder() + "/receipt.json");

@@ -42,7 +42,7 @@ TEST_F(Selling, twoPrescriptionsByKeyboardAlone_areRegisteredPaidAndPrinted)
     EXPECT_EQ(closed["received"].toDouble(), 5.0);
     EXPECT_EQ(registeredBy(closed).size(), 2);
     EXPECT_EQ(standingDispenses(), registeredBy(closed));
-    EXPECT_TRUE(savedReceipt().isEmpty());
+    EXPECT_TRUE(savedDocument().isEmpty());
 
     const auto complete = registry.dispensesOf("rx-2001");
     ASSERT_EQ(complete.size(), 1);
@@ -75,12 +75,12 @@ TEST_F(Selling, onePrescriptionByTouchAlone_isRegisteredAndPaid)
     EXPECT_EQ(registry.statusOf("rx-1001"), "completed");
 }
 
-TEST_F(Selling, threePrescriptionsServed_makeTheReceiptThatOtherTestsBeginWith)
+TEST_F(Selling, threePrescriptionsServed_makeTheDocumentThatOtherTestsBeginWith)
 {
     expectHeld(play("three-prescriptions-served.json"));
-    QJsonObject served = savedReceipt();
+    QJsonObject served = savedDocument();
     leaveOpen("three-prescriptions.json");
-    QJsonObject fixture = savedReceipt();
+    QJsonObject fixture = savedDocument();
     served.remove("opened");
     fixture.remove("opened");
     EXPECT_EQ(served, fixture);
@@ -99,7 +99,7 @@ protected:
 TEST_F(Subtotal, threePrescriptions_eachAreSentOnceWithTheirDocument)
 {
     configure("ElectronicPrescription:oais", "oais token");
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal}));
 
     const QJsonArray requests = registry.journal();
     EXPECT_EQ(registry.requestedPaths(),
@@ -134,52 +134,52 @@ TEST_F(Subtotal, threePrescriptions_eachAreSentOnceWithTheirDocument)
         EXPECT_EQ(claim["item"][0]["unitPrice"]["value"].toDouble(), line.price);
         EXPECT_EQ(claim["item"][0]["net"]["value"].toDouble(), line.net);
     }
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), 3);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+    EXPECT_EQ(registeredBy(savedDocument()).size(), 3);
+    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
 }
 
 TEST_F(Subtotal, again_sendsNothing)
 {
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::backToThePositions, cashier::subtotal,
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::backToThePositions, cashier::subtotal,
                           cashier::backToThePositions, cashier::toThePayment}));
     EXPECT_EQ(registry.requestsTo("register"), 3);
     EXPECT_EQ(registry.requestsTo("token"), 3);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
 }
 
 TEST_F(Subtotal, straightToThePayment_registersAsWell)
 {
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::toThePayment}));
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), 3);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::toThePayment}));
+    EXPECT_EQ(registeredBy(savedDocument()).size(), 3);
+    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
 }
 
 TEST_F(Subtotal, prescriptionAddedAfterwards_isTheOnlyOneSentNext)
 {
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::servesTheNext, cashier::subtotal}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::servesTheNext, cashier::subtotal}));
     EXPECT_EQ(registry.requestsTo("register"), 4);
     const auto added = registry.dispensesOf("rx-2004");
     ASSERT_EQ(added.size(), 1);
     EXPECT_EQ(added[0].quantity, 3);
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), 4);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+    EXPECT_EQ(registeredBy(savedDocument()).size(), 4);
+    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
 }
 
-TEST_F(Subtotal, registryFailsAtTheSecond_receiptAndPhaseStayTheCashierReadsWhyAndTheNextOneSendsTheRest)
+TEST_F(Subtotal, registryFailsAtTheSecond_documentAndPhaseStayTheCashierReadsWhyAndTheNextOneSendsTheRest)
 {
     registry.orderFault(
         {{"endpoint", "register"}, {"nth", 2}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::tries(R"({"key": "F6"})", "Идут работы"),
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "Идут работы"),
                           R"({"visible": false, "in": "paymentPanel"},
                              {"contains": "Подытог не выполнен", "in": "statusMessageLabel"},
                              {"contains": "1,49 | зарегистрирован", "in": "receiptTable"},
                              {"contains": "0,46 | не зарегистрирован", "in": "receiptTable"},
                              {"contains": "0,68 | не зарегистрирован", "in": "receiptTable"})"}));
     EXPECT_EQ(registry.requestsTo("register"), 2);
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), 1);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+    EXPECT_EQ(registeredBy(savedDocument()).size(), 1);
+    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(registry.requestsTo("register"), 4);
     EXPECT_EQ(registry.dispenses().size(), 3);
     EXPECT_EQ(registeredBy(finished(1)).size(), 3);
@@ -189,25 +189,25 @@ TEST_F(Subtotal, registryFailsAtTheSecond_receiptAndPhaseStayTheCashierReadsWhyA
 TEST_F(Subtotal, registryFailsOnTheWayToThePayment_paymentIsNotShownAndNothingIsPaid)
 {
     registry.orderFault({{"endpoint", "register"}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::tries(R"({"key": "F12"})", "Идут работы"),
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F12"})", "Идут работы"),
                           R"({"visible": false, "in": "paymentPanel"},
                              {"contains": "Оплата не выполнена", "in": "statusMessageLabel"})"}));
-    EXPECT_EQ(registeredBy(savedReceipt()), QStringList());
+    EXPECT_EQ(registeredBy(savedDocument()), QStringList());
     EXPECT_EQ(files("finished"), QStringList());
 }
 
 TEST_F(Subtotal, answerLost_cashierReadsThatItMayHaveBeenBookedAndItIsNotSentAgainByItself)
 {
     registry.orderFault({{"endpoint", "register"}, {"nth", 2}, {"fault", "cut"}});
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::tries(R"({"key": "F6"})", "Запрос мог быть выполнен")}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "Запрос мог быть выполнен")}));
     EXPECT_EQ(registry.requestsTo("register"), 2);
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), 1);
+    EXPECT_EQ(registeredBy(savedDocument()).size(), 1);
     EXPECT_EQ(standingDispenses().size(), 2);
 }
 
 TEST_F(Subtotal, registeredPosition_keepsItsQuantity)
 {
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::backToThePositions,
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::backToThePositions,
                           cashier::tries(R"({"row": 0, "in": "receiptTable"}, {"key": "F4"})", "не меняются")}));
     EXPECT_EQ(savedPositions().first().toObject()["quantity"].toDouble(), 1.0);
 }
@@ -215,16 +215,16 @@ TEST_F(Subtotal, registeredPosition_keepsItsQuantity)
 TEST_F(Subtotal, windowClosedWhileADispenseIsUnderWay_waitsForTheAnswerAndKeepsIt)
 {
     registry.orderFault({{"endpoint", "register"}, {"nth", 2}, {"fault", "delay"}, {"delay", 800}});
-    expectHeld(playSteps({cashier::findsTheReceipt, R"({"key": "F6"}, {"wait": "busyScreen"}, {"close": true})"}));
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), 3);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedReceipt()));
+    expectHeld(playSteps({cashier::findsTheDocument, R"({"key": "F6"}, {"wait": "busyScreen"}, {"close": true})"}));
+    EXPECT_EQ(registeredBy(savedDocument()).size(), 3);
+    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
     EXPECT_EQ(registry.dispenses().size(), 3);
 }
 
-TEST_F(Subtotal, screenLockedDuringThePayment_amountAndReceiptAreThereAfterwards)
+TEST_F(Subtotal, screenLockedDuringThePayment_amountAndDocumentAreThereAfterwards)
 {
     configure("GUI:inactivityLockSeconds", "1");
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::toThePayment,
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::toThePayment,
                           R"({"type": "50"}, {"wait": "lockScreen"}, {"key": "Space"},
                              {"visible": false, "in": "lockScreen"}, {"expect": "50", "in": "receivedLineEdit"},
                              {"expect": "Сдача 47,37", "in": "changeLabel"}, {"key": "Return"})",

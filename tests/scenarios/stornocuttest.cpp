@@ -9,9 +9,9 @@ namespace
 using At = PowerFailure::At;
 
 /// The receipt's three prescriptions are registered first, with three saves and the first long work.
-const QByteArray registers = cashier::findsTheReceipt + ", " + cashier::subtotal;
+const QByteArray registers = cashier::findsTheDocument + ", " + cashier::subtotal;
 
-class PowerCutAtTheStorno : public PowerCutTest, public ::testing::WithParamInterface<PowerFailure>
+class PowerCutAtTheCancellation : public PowerCutTest, public ::testing::WithParamInterface<PowerFailure>
 {
 protected:
     QList<bool> cancelled()
@@ -33,15 +33,15 @@ const PowerFailure positionStillThere[] = {
     {"removalToBeSaved", At::BeforeSave, 5},
 };
 
-using RemovingOnePosition = PowerCutAtTheStorno;
+using RemovingOnePosition = PowerCutAtTheCancellation;
 
 TEST_P(RemovingOnePosition, isThereAfterwardsAndIsRemovedByTheNextAttempt)
 {
     playUntil(GetParam(), {registers, cashier::removesTheSecond});
     EXPECT_EQ(savedPositions().size(), 3);
-    expectInStep(savedReceipt());
+    expectInStep(savedDocument());
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::removesTheSecond, cashier::subtotal, cashier::pays}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::removesTheSecond, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(finished(1)["positions"].toArray().size(), 2);
     expectInStep(finished(1));
     EXPECT_EQ(cancelled(), (QList<bool>{false, true, false}));
@@ -49,14 +49,14 @@ TEST_P(RemovingOnePosition, isThereAfterwardsAndIsRemovedByTheNextAttempt)
 
 INSTANTIATE_TEST_SUITE_P(At, RemovingOnePosition, ::testing::ValuesIn(positionStillThere), nameOf);
 
-using RemovedPosition = PowerCutAtTheStorno;
+using RemovedPosition = PowerCutAtTheCancellation;
 
 TEST_P(RemovedPosition, staysRemoved)
 {
     playUntil(GetParam(), {registers, cashier::removesTheSecond});
     EXPECT_EQ(savedPositions().size(), 2);
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(finished(1)["positions"].toArray().size(), 2);
     expectInStep(finished(1));
     EXPECT_EQ(cancelled(), (QList<bool>{false, true, false}));
@@ -70,17 +70,17 @@ const PowerFailure oneUnsaved[] = {
     {"toBeSaved", At::BeforeSave, 4},
 };
 
-using RemovingWithTheCancellationUnsaved = PowerCutAtTheStorno;
+using RemovingWithTheCancellationUnsaved = PowerCutAtTheCancellation;
 
-TEST_P(RemovingWithTheCancellationUnsaved, neitherPositionNorReceiptCanBeCancelledAndTheReceiptCanBePaid)
+TEST_P(RemovingWithTheCancellationUnsaved, neitherPositionNorDocumentCanBeCancelledAndTheDocumentCanBePaid)
 {
     playUntil(GetParam(), {registers, cashier::removesTheSecond});
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), 3);
+    EXPECT_EQ(registeredBy(savedDocument()).size(), 3);
     EXPECT_EQ(cancelled(), (QList<bool>{false, true, false}));
 
     expectHeld(
-        playSteps({cashier::findsTheReceipt, cashier::tries(cashier::removesTheSecond, "уже отменён"),
-                   cashier::tries(cashier::cancelsTheReceipt, "уже отменён"), cashier::subtotal, cashier::pays}));
+        playSteps({cashier::findsTheDocument, cashier::tries(cashier::removesTheSecond, "уже отменён"),
+                   cashier::tries(cashier::cancelsTheDocument, "уже отменён"), cashier::subtotal, cashier::pays}));
     const QJsonObject closed = finished(1);
     EXPECT_EQ(closed["positions"].toArray().size(), 3);
     EXPECT_EQ(registeredBy(closed).size(), 3);
@@ -90,52 +90,52 @@ TEST_P(RemovingWithTheCancellationUnsaved, neitherPositionNorReceiptCanBeCancell
 
 INSTANTIATE_TEST_SUITE_P(At, RemovingWithTheCancellationUnsaved, ::testing::ValuesIn(oneUnsaved), nameOf);
 
-const PowerFailure receiptStillOpen[] = {
+const PowerFailure documentStillOpen[] = {
     {"beforeAnyRequest", At::LongWork, 2}, {"firstSent", At::RequestLost, 1, "cancel"},
     {"firstSaved", At::AfterSave, 4},      {"secondSent", At::RequestLost, 2, "cancel"},
     {"secondSaved", At::AfterSave, 5},     {"thirdSent", At::RequestLost, 3, "cancel"},
     {"thirdSaved", At::AfterSave, 6},      {"endToBeSaved", At::BeforeSave, 7},
 };
 
-using CancellingTheReceipt = PowerCutAtTheStorno;
+using CancellingTheDocument = PowerCutAtTheCancellation;
 
-TEST_P(CancellingTheReceipt, isOpenAfterwardsAndIsCancelledByTheNextAttempt)
+TEST_P(CancellingTheDocument, isOpenAfterwardsAndIsCancelledByTheNextAttempt)
 {
-    playUntil(GetParam(), {registers, cashier::cancelsTheReceipt});
+    playUntil(GetParam(), {registers, cashier::cancelsTheDocument});
     EXPECT_EQ(savedPositions().size(), 3);
-    expectInStep(savedReceipt());
+    expectInStep(savedDocument());
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::cancelsTheReceipt, cashier::isIdle}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::cancelsTheDocument, cashier::isIdle}));
     EXPECT_EQ(finished(1)["state"].toString(), "cancelled");
     expectInStep(finished(1));
     EXPECT_EQ(cancelled(), (QList<bool>{true, true, true}));
-    EXPECT_TRUE(savedReceipt().isEmpty());
+    EXPECT_TRUE(savedDocument().isEmpty());
 }
 
-TEST_P(CancellingTheReceipt, canBeSoldAfterAll)
+TEST_P(CancellingTheDocument, canBeSoldAfterAll)
 {
-    playUntil(GetParam(), {registers, cashier::cancelsTheReceipt});
+    playUntil(GetParam(), {registers, cashier::cancelsTheDocument});
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(registeredBy(finished(1)).size(), 3);
     expectInStep(finished(1));
 }
 
-INSTANTIATE_TEST_SUITE_P(At, CancellingTheReceipt, ::testing::ValuesIn(receiptStillOpen), nameOf);
+INSTANTIATE_TEST_SUITE_P(At, CancellingTheDocument, ::testing::ValuesIn(documentStillOpen), nameOf);
 
-using CancelledReceipt = PowerCutAtTheStorno;
+using CancelledDocument = PowerCutAtTheCancellation;
 
-TEST_P(CancelledReceipt, staysCancelledAndTheNextOneHasItsOwnNumber)
+TEST_P(CancelledDocument, staysCancelledAndTheNextOneHasItsOwnNumber)
 {
-    playUntil(GetParam(), {registers, cashier::cancelsTheReceipt});
+    playUntil(GetParam(), {registers, cashier::cancelsTheDocument});
 
-    expectHeld(playSteps({cashier::isIdle, cashier::opensAReceipt}));
+    expectHeld(playSteps({cashier::isIdle, cashier::opensADocument}));
     EXPECT_EQ(finished(1)["state"].toString(), "cancelled");
     EXPECT_EQ(cancelled(), (QList<bool>{true, true, true}));
-    EXPECT_EQ(savedReceipt()["number"].toInt(), 2);
+    EXPECT_EQ(savedDocument()["number"].toInt(), 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(At, CancelledReceipt, ::testing::Values(PowerFailure{"endSaved", At::AfterSave, 7}), nameOf);
+INSTANTIATE_TEST_SUITE_P(At, CancelledDocument, ::testing::Values(PowerFailure{"endSaved", At::AfterSave, 7}), nameOf);
 
 const PowerFailure cancellationUnsaved[] = {
     {"firstAnswered", At::AnswerLost, 1, "cancel"},  {"firstToBeSaved", At::BeforeSave, 4},
@@ -143,20 +143,20 @@ const PowerFailure cancellationUnsaved[] = {
     {"thirdAnswered", At::AnswerLost, 3, "cancel"},  {"thirdToBeSaved", At::BeforeSave, 6},
 };
 
-using CancellingWithOneUnsaved = PowerCutAtTheStorno;
+using CancellingWithOneUnsaved = PowerCutAtTheCancellation;
 
-TEST_P(CancellingWithOneUnsaved, isRefusedByTheRegistryUntilTheReceiptIsCorrected)
+TEST_P(CancellingWithOneUnsaved, isRefusedByTheRegistryUntilTheDocumentIsCorrected)
 {
-    playUntil(GetParam(), {registers, cashier::cancelsTheReceipt});
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), standingDispenses().size() + 1);
+    playUntil(GetParam(), {registers, cashier::cancelsTheDocument});
+    EXPECT_EQ(registeredBy(savedDocument()).size(), standingDispenses().size() + 1);
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::tries(cashier::cancelsTheReceipt, "уже отменён"),
-                          cashier::tries(cashier::cancelsTheReceipt, "уже отменён"), cashier::putsAside}));
-    EXPECT_EQ(registeredBy(putAside(1)).size(), standingDispenses().size() + 1);
-    EXPECT_TRUE(savedReceipt().isEmpty());
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::tries(cashier::cancelsTheDocument, "уже отменён"),
+                          cashier::tries(cashier::cancelsTheDocument, "уже отменён"), cashier::putsAside}));
+    EXPECT_EQ(registeredBy(suspend(1)).size(), standingDispenses().size() + 1);
+    EXPECT_TRUE(savedDocument().isEmpty());
 
     correct("putaside/00000001.json");
-    expectHeld(playSteps({cashier::takesUp, cashier::cancelsTheReceipt, cashier::isIdle}));
+    expectHeld(playSteps({cashier::takesUp, cashier::cancelsTheDocument, cashier::isIdle}));
     EXPECT_EQ(finished(1)["state"].toString(), "cancelled");
     EXPECT_EQ(cancelled(), (QList<bool>{true, true, true}));
 }

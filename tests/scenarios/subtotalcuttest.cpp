@@ -24,18 +24,18 @@ const PowerFailure nothingUnderWay[] = {
 
 using WithNothingUnderWay = PowerCutAtTheSubtotal;
 
-TEST_P(WithNothingUnderWay, theNextSubtotalRegistersWhatIsMissingAndTheReceiptIsClosed)
+TEST_P(WithNothingUnderWay, theNextSubtotalRegistersWhatIsMissingAndTheDocumentIsClosed)
 {
-    playUntil(GetParam(), {cashier::findsTheReceipt, cashier::subtotal});
-    const QJsonObject left = savedReceipt();
+    playUntil(GetParam(), {cashier::findsTheDocument, cashier::subtotal});
+    const QJsonObject left = savedDocument();
     expectInStep(left);
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     const QJsonObject closed = finished(1);
     EXPECT_EQ(closed["state"].toString(), "closed");
     EXPECT_EQ(closed["number"], left["number"]);
     expectRegisteredOnce(closed);
-    EXPECT_TRUE(savedReceipt().isEmpty());
+    EXPECT_TRUE(savedDocument().isEmpty());
     EXPECT_EQ(files("finished").size(), 1);
 }
 
@@ -51,12 +51,13 @@ using WithACompleteDispenseUnsaved = PowerCutAtTheSubtotal;
 
 TEST_P(WithACompleteDispenseUnsaved, theRegistryRefusesASecondOneAndWithoutThePositionTheSaleGoesOn)
 {
-    playUntil(GetParam(), {cashier::findsTheReceipt, cashier::subtotal});
-    EXPECT_EQ(registeredBy(savedReceipt()), QStringList());
+    playUntil(GetParam(), {cashier::findsTheDocument, cashier::subtotal});
+    EXPECT_EQ(registeredBy(savedDocument()), QStringList());
     ASSERT_EQ(registry.dispenses().size(), 1);
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::tries(R"({"key": "F6"})", "rx-2001 уже отпущен полностью"),
-                          cashier::removesTheFirst, cashier::subtotal, cashier::pays}));
+    expectHeld(
+        playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "rx-2001 уже отпущен полностью"),
+                   cashier::removesTheFirst, cashier::subtotal, cashier::pays}));
     const QJsonObject closed = finished(1);
     EXPECT_EQ(closed["positions"].toArray().size(), 2);
     QStringList known = registeredBy(closed);
@@ -67,12 +68,12 @@ TEST_P(WithACompleteDispenseUnsaved, theRegistryRefusesASecondOneAndWithoutThePo
     EXPECT_EQ(standingDispenses().mid(1), known);
 }
 
-TEST_P(WithACompleteDispenseUnsaved, correctedReceiptIsSoldWithIt)
+TEST_P(WithACompleteDispenseUnsaved, correctedDocumentIsSoldWithIt)
 {
-    playUntil(GetParam(), {cashier::findsTheReceipt, cashier::subtotal});
+    playUntil(GetParam(), {cashier::findsTheDocument, cashier::subtotal});
     correct("receipt.json");
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     expectRegisteredOnce(finished(1));
 }
 
@@ -87,14 +88,14 @@ const PowerFailure partUnsaved[] = {
 
 using WithAPartialDispenseUnsaved = PowerCutAtTheSubtotal;
 
-TEST_P(WithAPartialDispenseUnsaved, theNextSubtotalBooksItAgainAndTheReceiptKnowsTheSecond)
+TEST_P(WithAPartialDispenseUnsaved, theNextSubtotalBooksItAgainAndTheDocumentKnowsTheSecond)
 {
     const QString prescription = u"rx-200%1"_s.arg(GetParam().nth);
-    playUntil(GetParam(), {cashier::findsTheReceipt, cashier::subtotal});
-    EXPECT_EQ(registeredBy(savedReceipt()).size(), GetParam().nth - 1);
+    playUntil(GetParam(), {cashier::findsTheDocument, cashier::subtotal});
+    EXPECT_EQ(registeredBy(savedDocument()).size(), GetParam().nth - 1);
     EXPECT_EQ(registry.dispenses().size(), GetParam().nth);
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     const QStringList known = registeredBy(finished(1));
     EXPECT_EQ(known.size(), 3);
     const auto booked = registry.dispensesOf(prescription);
@@ -105,12 +106,12 @@ TEST_P(WithAPartialDispenseUnsaved, theNextSubtotalBooksItAgainAndTheReceiptKnow
     EXPECT_EQ(standing, known);
 }
 
-TEST_P(WithAPartialDispenseUnsaved, correctedReceiptIsSoldWithoutBookingItAgain)
+TEST_P(WithAPartialDispenseUnsaved, correctedDocumentIsSoldWithoutBookingItAgain)
 {
-    playUntil(GetParam(), {cashier::findsTheReceipt, cashier::subtotal});
+    playUntil(GetParam(), {cashier::findsTheDocument, cashier::subtotal});
     correct("receipt.json");
 
-    expectHeld(playSteps({cashier::findsTheReceipt, cashier::subtotal, cashier::pays}));
+    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     expectRegisteredOnce(finished(1));
 }
 

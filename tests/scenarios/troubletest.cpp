@@ -13,7 +13,7 @@ namespace
 struct Trouble {
     const char* name;
     const char* fault; ///< as the emulator's admin port takes it; empty: the registry is not running
-    const char* told;
+    const char* shown;
 
     friend std::ostream& operator<<(std::ostream& stream, const Trouble& trouble) { return stream << trouble.name; }
 };
@@ -54,7 +54,7 @@ class RegistryTrouble : public Pharmacy, public ::testing::WithParamInterface<Tr
 
 } // namespace
 
-TEST_P(RegistryTrouble, isToldAndLeavesTheReceiptAsItWas)
+TEST_P(RegistryTrouble, isShownAndLeavesTheDocumentAsItWas)
 {
     const Trouble trouble = GetParam();
     configure("ElectronicPrescription:timeout", "2");
@@ -66,7 +66,7 @@ TEST_P(RegistryTrouble, isToldAndLeavesTheReceiptAsItWas)
 
     const Outcome outcome = play("trouble-told.json");
     EXPECT_EQ(outcome.exitCode, 0) << qPrintable(outcome.output);
-    EXPECT_TRUE(outcome.output.contains(QString::fromUtf8(trouble.told))) << qPrintable(outcome.output);
+    EXPECT_TRUE(outcome.output.contains(QString::fromUtf8(trouble.shown))) << qPrintable(outcome.output);
     EXPECT_EQ(savedPositions().size(), 1);
 }
 
@@ -77,7 +77,7 @@ class PharmacyTrouble : public Pharmacy
 {
 };
 
-TEST_F(PharmacyTrouble, layoutMissing_isToldByNameAndTheRegisterGoesOn)
+TEST_F(PharmacyTrouble, layoutMissing_isShownByNameAndTheRegisterGoesOn)
 {
     const QDir plugins(QString::fromUtf8(PLUGIN_FOLDER));
     const QDir own(dataFolder() + "/plugins");
@@ -92,7 +92,7 @@ TEST_F(PharmacyTrouble, layoutMissing_isToldByNameAndTheRegisterGoesOn)
     EXPECT_EQ(savedPositions().size(), 1);
 }
 
-TEST_F(PharmacyTrouble, certificateOfAnUnknownAuthority_isToldAndNothingIsAsked)
+TEST_F(PharmacyTrouble, certificateOfAnUnknownAuthority_isShownAndNothingIsAsked)
 {
     const TestAuthority unknown;
     const ServerIdentity identity(unknown);
@@ -117,7 +117,7 @@ TEST_F(PharmacyTrouble, certificateOfAKnownAuthority_cardIsServed)
     EXPECT_EQ(savedPositions().size(), 1);
 }
 
-TEST_F(PharmacyTrouble, unknownCard_isToldInTheRegistrysWordsAndAnotherIsAskedFor)
+TEST_F(PharmacyTrouble, unknownCard_isShownInTheRegistrysWordsAndAnotherIsAskedFor)
 {
     expectHeld(playSteps({R"({"key": "F2"}, {"key": "F5"}, {"wait": "inputLineEdit"}, {"type": "9999"},
                               {"key": "Return"}, {"wait": "messageForm"},
@@ -133,7 +133,7 @@ TEST_F(PharmacyTrouble, timeoutIsNoNumber_registerRunsWithTheDefault)
     expectHeld(play("served-by-keyboard.json"));
 }
 
-TEST_F(PharmacyTrouble, goodsDatabaseWithoutItsTables_isToldAndNothingIsServed)
+TEST_F(PharmacyTrouble, goodsDatabaseWithoutItsTables_isShownAndNothingIsServed)
 {
     QFile empty(dataFolder() + "/empty.sqlite");
     ASSERT_TRUE(empty.open(QIODevice::WriteOnly));
@@ -164,18 +164,18 @@ class LayoutTrouble : public Pharmacy, public ::testing::WithParamInterface<Lost
 {
 };
 
-TEST_P(LayoutTrouble, widgetLost_isToldByNameAndTheCommandEndsWithTheReceiptAsItWas)
+TEST_P(LayoutTrouble, widgetLost_isShownByNameAndTheCommandEndsWithTheDocumentAsItWas)
 {
     const LostWidget& lost = GetParam();
     loseWidget(lost.layout, lost.widget);
 
-    const QByteArray told = QByteArray(R"({"wait": "messageForm"}, {"contains": "Не найден виджет )") + lost.widget +
-                            R"(", "in": "messageLabel"}, {"key": "Return"}, {"visible": false, "in": "messageForm"},
+    const QByteArray shown = QByteArray(R"({"wait": "messageForm"}, {"contains": "Не найден виджет )") + lost.widget +
+                             R"(", "in": "messageLabel"}, {"key": "Return"}, {"visible": false, "in": "messageForm"},
                                {"visible": false, "in": "busyScreen"})";
     const QByteArray unharmed = R"({"receipt": {"positions": [{"tags": []}]}})";
     const QByteArrayList sellsByHand{R"({"key": "F2"}, {"scan": "2990000000019"})", unharmed};
     expectHeld(playSteps(sellsByHand + QByteArrayList{entersTheCard} + lost.way +
-                         QByteArrayList{told, unharmed, R"({"key": "F5"}, {"wait": "inputLineEdit"})"}));
+                         QByteArrayList{shown, unharmed, R"({"key": "F5"}, {"wait": "inputLineEdit"})"}));
     EXPECT_EQ(savedPositions().size(), 1);
     EXPECT_EQ(registry.dispenses().size(), 0);
 }

@@ -145,7 +145,7 @@ EContext::Result ActionQueueController::runCourse(EContext::Code context, contro
     const EContext::Result permission = runTriggersBefore(context, action);
     if (permission != EContext::GoOn || !self) {
         if (self) {
-            emit refused(action, permission);
+            emit stopped(action, permission);
         }
         return permission;
     }

@@ -82,7 +82,7 @@ signals:
     void idle();
     /// A trigger ended the action before its handler ran.
     /// @param result what the trigger returned: EContext::Stop, EContext::NotFound …
-    void refused(const control::Action& action, EContext::Result result);
+    void stopped(const control::Action& action, EContext::Result result);
 
 private:
     /// The context may be "any".

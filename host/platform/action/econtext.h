@@ -6,7 +6,7 @@ struct EContext {
     /// A plug-in may meet numbers that are not named here.
     enum Code : int {
         Idle = 4,
-        OpenReceipt = 6, ///< its payment screen included
+        OpenDocument = 6, ///< its payment screen included
         StoredDocuments = 9,
         DialogOnTop = 15,
     };

@@ -11,10 +11,10 @@
 /// The codes of the register's events. A plug-in may use numbers of its own.
 struct EActivityListener {
     enum Event : int {
-        ReceiptOpened = 10,
-        ReceiptClosed = 12,
+        DocumentOpened = 10,
+        DocumentClosed = 12,
         DocumentRestored = 17, ///< a saved receipt became current; carries "document"
-        ReceiptCancelled = 22,
+        DocumentCancelled = 22,
         LongWorkBegins = 72, ///< carries "message", a tr::Tr
         LongWorkEnds = 73,
         ShowMessage = 300,   ///< the platform's message form; carries "message" (tr::Tr) and "kind" (int)

@@ -31,7 +31,7 @@ bool AbstractDocument::isClosed() const
 
 QString AbstractDocument::fileName() const
 {
-    return SaveToFileLogic::currentReceiptFile;
+    return SaveToFileLogic::openDocumentFile;
 }
 
 QVariant AbstractDocument::getPluginValue(const QString& plugin, const QString& key, const QVariant& def) const

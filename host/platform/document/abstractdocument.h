@@ -22,7 +22,7 @@ class REGISTERPLATFORM_EXPORT AbstractDocument : public QObject
 public:
     enum Type : int {
         Sale = 1,
-        Cancelling = 25, ///< takes back a closed sale
+        Return = 25, ///< takes back a closed sale
     };
 
     /// The version that toJson() writes under "format".

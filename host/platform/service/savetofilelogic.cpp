@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 template struct MockFactory<SaveToFileLogic>;
 
-const QString SaveToFileLogic::currentReceiptFile = u"receipt.json"_s;
+const QString SaveToFileLogic::openDocumentFile = u"receipt.json"_s;
 
 namespace
 {

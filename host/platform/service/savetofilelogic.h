@@ -32,5 +32,5 @@ public:
     virtual bool save(const QSharedPointer<AbstractDocument>& document, const QString& file);
 
     /// The file of the open receipt.
-    static const QString currentReceiptFile;
+    static const QString openDocumentFile;
 };

@@ -15,11 +15,11 @@ namespace
 
 using Order = void (FaultScript::*)(Endpoint, Occasion);
 
-Fault plain(const char* name, Order order, Fault::Told told)
+Fault plain(const char* name, Order order, Fault::Shown shown)
 {
     return {name,
             [order](FaultScript& faults, Endpoint endpoint, Occasion occasion) { (faults.*order)(endpoint, occasion); },
-            told};
+            shown};
 }
 
 Fault bareStatus(int status)
@@ -28,7 +28,7 @@ Fault bareStatus(int status)
             [status](FaultScript& faults, Endpoint endpoint, Occasion occasion) {
                 faults.answerStatus(endpoint, status, occasion);
             },
-            Fault::Told::Status, status};
+            Fault::Shown::Status, status};
 }
 
 QString reasonOf(int status)
@@ -42,7 +42,7 @@ Fault explainedStatus(int status)
             [status](FaultScript& faults, Endpoint endpoint, Occasion occasion) {
                 faults.answerIssue(endpoint, status, reasonOf(status), occasion);
             },
-            Fault::Told::RegistrysText, status};
+            Fault::Shown::RegistrysText, status};
 }
 
 Fault body(const char* name, const QByteArray& body)
@@ -51,7 +51,7 @@ Fault body(const char* name, const QByteArray& body)
             [body](FaultScript& faults, Endpoint endpoint, Occasion occasion) {
                 faults.answerBody(endpoint, body, occasion);
             },
-            Fault::Told::OperationsOwn};
+            Fault::Shown::OperationsOwn};
 }
 
 QString ownTextOf(Endpoint endpoint)
@@ -68,12 +68,12 @@ QString ownTextOf(Endpoint endpoint)
 
 std::vector<Fault> allWithoutEffect()
 {
-    using Told = Fault::Told;
+    using Shown = Fault::Shown;
     std::vector<Fault> faults = {
-        plain("Close", &FaultScript::closeBeforeAnswer, Told::MayBeCarriedOut),
-        plain("Reset", &FaultScript::resetBeforeAnswer, Told::MayBeCarriedOut),
-        plain("Html", &FaultScript::answerHtml, Told::OperationsOwn),
-        plain("Empty", &FaultScript::answerNothing, Told::OperationsOwn),
+        plain("Close", &FaultScript::closeBeforeAnswer, Shown::MayBeCarriedOut),
+        plain("Reset", &FaultScript::resetBeforeAnswer, Shown::MayBeCarriedOut),
+        plain("Html", &FaultScript::answerHtml, Shown::OperationsOwn),
+        plain("Empty", &FaultScript::answerNothing, Shown::OperationsOwn),
         body("EmptyObject", "{}"),
         body("BundleWithoutEntries", R"({"resourceType": "Bundle", "entry": []})"),
         body("EntryOfAnotherStatus",
@@ -106,12 +106,12 @@ const std::vector<Fault>& faultsWithoutEffect()
 
 const std::vector<Fault>& lostAnswers()
 {
-    using Told = Fault::Told;
+    using Shown = Fault::Shown;
     static const std::vector<Fault> faults = {
-        plain("CutOff", &FaultScript::cutAnswerOff, Told::MayBeCarriedOut),
-        plain("CarriedOutThenClosed", &FaultScript::carryOutThenClose, Told::MayBeCarriedOut),
-        plain("CarriedOutThenReset", &FaultScript::carryOutThenReset, Told::MayBeCarriedOut),
-        plain("HalfOfJson", &FaultScript::answerHalfOfJson, Told::OperationsOwn),
+        plain("CutOff", &FaultScript::cutAnswerOff, Shown::MayBeCarriedOut),
+        plain("CarriedOutThenClosed", &FaultScript::carryOutThenClose, Shown::MayBeCarriedOut),
+        plain("CarriedOutThenReset", &FaultScript::carryOutThenReset, Shown::MayBeCarriedOut),
+        plain("HalfOfJson", &FaultScript::answerHalfOfJson, Shown::OperationsOwn),
     };
     return faults;
 }
@@ -131,29 +131,29 @@ Fault drippingAnswer()
 
 Fault noAnswer()
 {
-    return plain("Never", &FaultScript::neverAnswer, Fault::Told::MayBeCarriedOut);
+    return plain("Never", &FaultScript::neverAnswer, Fault::Shown::MayBeCarriedOut);
 }
 
-void expectToldOf(const Fault& fault, Endpoint endpoint, const QList<ShownMessages::Message>& told)
+void expectShownOf(const Fault& fault, Endpoint endpoint, const QList<ShownMessages::Message>& shown)
 {
-    ASSERT_EQ(told.size(), 1);
-    const auto& [text, kind, sound, seconds] = told.first();
+    ASSERT_EQ(shown.size(), 1);
+    const auto& [text, kind, sound, seconds] = shown.first();
     EXPECT_EQ(kind, 1);
     EXPECT_EQ(sound, 1);
     EXPECT_EQ(seconds, 0);
     const QString uncertain = u"Запрос мог быть выполнен: прежде чем повторять, проверьте"_s;
-    EXPECT_EQ(text.contains(uncertain), fault.told == Fault::Told::MayBeCarriedOut) << text.toStdString();
-    switch (fault.told) {
-    case Fault::Told::RegistrysText:
+    EXPECT_EQ(text.contains(uncertain), fault.shown == Fault::Shown::MayBeCarriedOut) << text.toStdString();
+    switch (fault.shown) {
+    case Fault::Shown::RegistrysText:
         EXPECT_EQ(text, reasonOf(fault.status));
         break;
-    case Fault::Told::Status:
+    case Fault::Shown::Status:
         EXPECT_TRUE(text.contains(u"(ответ %1)"_s.arg(fault.status))) << text.toStdString();
         break;
-    case Fault::Told::OperationsOwn:
+    case Fault::Shown::OperationsOwn:
         EXPECT_EQ(text, ownTextOf(endpoint));
         break;
-    case Fault::Told::MayBeCarriedOut:
+    case Fault::Shown::MayBeCarriedOut:
         EXPECT_TRUE(text.contains(u"127.0.0.1"_s)) << text.toStdString();
         break;
     }

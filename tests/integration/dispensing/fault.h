@@ -9,7 +9,7 @@
 
 /// Something that goes wrong with one request, and what the cashier is told about it.
 struct Fault {
-    enum class Told : int {
+    enum class Shown : int {
         RegistrysText,   ///< what the registry itself says
         Status,          ///< the HTTP client's text about the status
         MayBeCarriedOut, ///< that the request may have been carried out
@@ -18,7 +18,7 @@ struct Fault {
 
     std::string name;
     std::function<void(emulator::FaultScript&, emulator::Endpoint, emulator::Occasion)> order;
-    Told told = Told::MayBeCarriedOut;
+    Shown shown = Shown::MayBeCarriedOut;
     int status = 0;
 };
 
@@ -37,6 +37,6 @@ Fault drippingAnswer();
 Fault noAnswer();
 
 /// The cashier was told of the fault, once and as an error.
-void expectToldOf(const Fault& fault, emulator::Endpoint endpoint, const QList<ShownMessages::Message>& told);
+void expectShownOf(const Fault& fault, emulator::Endpoint endpoint, const QList<ShownMessages::Message>& shown);
 
 std::string nameOf(emulator::Endpoint endpoint);

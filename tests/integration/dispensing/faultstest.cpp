@@ -33,7 +33,7 @@ TEST_P(FaultAtSubtotal, earlierPositionsStayRegisteredTheRestAsTheyWereAndTheNex
 
         EXPECT_EQ(pharmacy.subtotal(), EContext::Stop);
         EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
-        expectToldOf(fault, endpoint, pharmacy.takeTold());
+        expectShownOf(fault, endpoint, pharmacy.takeShown());
         for (const int position : everyPosition) {
             if (position < faulty) {
                 expectRegistered(pharmacy, position);
@@ -42,26 +42,26 @@ TEST_P(FaultAtSubtotal, earlierPositionsStayRegisteredTheRestAsTheyWereAndTheNex
                 EXPECT_TRUE(pharmacy.dispensesOf(position).isEmpty());
             }
         }
-        EXPECT_EQ(pharmacy.savedReceipt(), faulty == 1 ? QJsonObject() : pharmacy.receiptAsJson());
+        EXPECT_EQ(pharmacy.savedDocument(), faulty == 1 ? QJsonObject() : pharmacy.documentAsJson());
         EXPECT_EQ(pharmacy.asked(Endpoint::Token), faulty);
 
         EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
         EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
-        EXPECT_TRUE(pharmacy.takeTold().isEmpty());
+        EXPECT_TRUE(pharmacy.takeShown().isEmpty());
         for (const int position : everyPosition) {
             expectRegistered(pharmacy, position);
         }
-        EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
+        EXPECT_EQ(pharmacy.savedDocument(), pharmacy.documentAsJson());
         EXPECT_EQ(pharmacy.asked(Endpoint::Token), 4);
         EXPECT_EQ(pharmacy.asked(Endpoint::DispenseRegistration), endpoint == Endpoint::Token ? 3 : 4);
     }
 }
 
-class FaultAtStorno : public testing::TestWithParam<FaultCase>
+class FaultAtCancellation : public testing::TestWithParam<FaultCase>
 {
 };
 
-TEST_P(FaultAtStorno, earlierPositionsStayCancelledTheRestAsTheyWereAndTheNextStornoFinishes)
+TEST_P(FaultAtCancellation, earlierPositionsStayCancelledTheRestAsTheyWereAndTheNextCancellationFinishes)
 {
     const auto& [endpoint, fault] = GetParam();
     for (const int faulty : everyPosition) {
@@ -73,9 +73,9 @@ TEST_P(FaultAtStorno, earlierPositionsStayCancelledTheRestAsTheyWereAndTheNextSt
         pharmacy.forgetRequests();
         order(fault, pharmacy, endpoint, Occasion::nth(faulty));
 
-        EXPECT_EQ(pharmacy.stornoAll(), EContext::Stop);
+        EXPECT_EQ(pharmacy.cancelDocument(), EContext::Stop);
         EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 1}}));
-        expectToldOf(fault, endpoint, pharmacy.takeTold());
+        expectShownOf(fault, endpoint, pharmacy.takeShown());
         for (const int position : everyPosition) {
             if (position < faulty) {
                 expectCancelled(pharmacy, position);
@@ -84,16 +84,16 @@ TEST_P(FaultAtStorno, earlierPositionsStayCancelledTheRestAsTheyWereAndTheNextSt
                 expectRegistered(pharmacy, position);
             }
         }
-        EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
+        EXPECT_EQ(pharmacy.savedDocument(), pharmacy.documentAsJson());
         EXPECT_EQ(pharmacy.asked(Endpoint::Token), faulty);
 
-        EXPECT_EQ(pharmacy.stornoAll(), EContext::GoOn);
+        EXPECT_EQ(pharmacy.cancelDocument(), EContext::GoOn);
         EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
-        EXPECT_TRUE(pharmacy.takeTold().isEmpty());
+        EXPECT_TRUE(pharmacy.takeShown().isEmpty());
         for (const int position : everyPosition) {
             expectCancelled(pharmacy, position);
         }
-        EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
+        EXPECT_EQ(pharmacy.savedDocument(), pharmacy.documentAsJson());
         EXPECT_EQ(pharmacy.asked(Endpoint::Token), 4);
         EXPECT_EQ(pharmacy.asked(Endpoint::DispenseCancellation), endpoint == Endpoint::Token ? 3 : 4);
         EXPECT_EQ(pharmacy.asked(Endpoint::DispenseRegistration), 0);
@@ -104,7 +104,7 @@ INSTANTIATE_TEST_SUITE_P(At, FaultAtSubtotal,
                          testing::Combine(testing::Values(Endpoint::Token, Endpoint::DispenseRegistration),
                                           testing::ValuesIn(faultsWithoutEffect())),
                          nameOfCase);
-INSTANTIATE_TEST_SUITE_P(At, FaultAtStorno,
+INSTANTIATE_TEST_SUITE_P(At, FaultAtCancellation,
                          testing::Combine(testing::Values(Endpoint::Token, Endpoint::DispenseCancellation),
                                           testing::ValuesIn(faultsWithoutEffect())),
                          nameOfCase);
@@ -113,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(At, FaultAtStorno,
 INSTANTIATE_TEST_SUITE_P(LostAt, FaultAtSubtotal,
                          testing::Combine(testing::Values(Endpoint::Token), testing::ValuesIn(lostAnswers())),
                          nameOfCase);
-INSTANTIATE_TEST_SUITE_P(LostAt, FaultAtStorno,
+INSTANTIATE_TEST_SUITE_P(LostAt, FaultAtCancellation,
                          testing::Combine(testing::Values(Endpoint::Token), testing::ValuesIn(lostAnswers())),
                          nameOfCase);
 

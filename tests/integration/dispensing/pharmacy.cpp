@@ -55,17 +55,17 @@ const Line& lineOf(int position)
     return lines[position - 1];
 }
 
-QSharedPointer<SmallReceipt> receiptOfThree()
+QSharedPointer<SmallDocument> documentOfThree()
 {
-    const auto receipt = QSharedPointer<SmallReceipt>::create();
+    const auto document = QSharedPointer<SmallDocument>::create();
     for (const int number : everyPosition) {
         const auto position = QSharedPointer<GoodsItem>::create(lineOf(number).goods);
         position->setTag(positionformat::tag);
         position->setSoftCheckId(lineOf(number).prescription);
         position->setExtendedOptions(lineOf(number).options);
-        receipt->positions.append(position);
+        document->positions.append(position);
     }
-    return receipt;
+    return document;
 }
 
 emulator::EmulatorSettings settingsOver(Pharmacy::Over over)
@@ -124,14 +124,14 @@ Pharmacy::Pharmacy(Over over, int timeoutSeconds)
     , m_config(configuration(m_registry.url().toString(), dataFolder.path(), timeoutSeconds))
     , m_formerNotifier(Singleton<ActivityNotifier>::instance)
     , m_listener(std::make_unique<Listener>(*this))
-    , m_receipt(receiptOfThree())
+    , m_document(documentOfThree())
 {
     if (over == Over::Https) {
         m_config.set(u"RestClient:caFile"_s, authority().certificateFile());
     }
     Singleton<ActivityNotifier>::instance = &m_notifier;
     m_notifier.subscribe(m_listener.get());
-    DocumentWatcher::setCurrentDocument(m_receipt);
+    DocumentWatcher::setCurrentDocument(m_document);
     m_service.emplace();
 }
 
@@ -146,27 +146,27 @@ EContext::Result Pharmacy::subtotal()
     return m_service->beforeSubtotal(control::Action(control::Subtotal));
 }
 
-EContext::Result Pharmacy::stornoAll()
+EContext::Result Pharmacy::cancelDocument()
 {
-    return m_service->beforeStornoAll(control::Action(control::StornoAll));
+    return m_service->beforeStornoAll(control::Action(control::CancelDocument));
 }
 
-EContext::Result Pharmacy::storno(int position)
+EContext::Result Pharmacy::cancellation(int position)
 {
-    control::Action action(control::StornoPosition);
+    control::Action action(control::RemovePosition);
     action.insert(u"positionNumber"_s, position);
     return m_service->cancelElectronicPrescriptionByAction(action);
 }
 
 void Pharmacy::takeOff(int position)
 {
-    m_receipt->positions.removeOne(m_receipt->getPosition(position));
+    m_document->positions.removeOne(m_document->getPosition(position));
 }
 
 QStringList Pharmacy::options() const
 {
     QStringList all;
-    for (const auto& position : m_receipt->positions) {
+    for (const auto& position : m_document->positions) {
         all.append(position->getExtendedOptions());
     }
     return all;
@@ -174,17 +174,17 @@ QStringList Pharmacy::options() const
 
 QJsonObject Pharmacy::optionsOf(int position) const
 {
-    return readPositionOptions(*m_receipt->getPosition(position));
+    return readPositionOptions(*m_document->getPosition(position));
 }
 
 void Pharmacy::setOptions(int position, const QString& options)
 {
-    m_receipt->getPosition(position)->setExtendedOptions(options);
+    m_document->getPosition(position)->setExtendedOptions(options);
 }
 
-QJsonObject Pharmacy::savedReceipt() const
+QJsonObject Pharmacy::savedDocument() const
 {
-    QFile file(dataFolder.filePath(SaveToFileLogic::currentReceiptFile));
+    QFile file(dataFolder.filePath(SaveToFileLogic::openDocumentFile));
     return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
 }
 
@@ -232,11 +232,11 @@ void Pharmacy::forgetRequests() const
     m_registry.ask([](auto& registry) { registry.journal().clear(); });
 }
 
-QList<ShownMessages::Message> Pharmacy::takeTold()
+QList<ShownMessages::Message> Pharmacy::takeShown()
 {
-    const QList<ShownMessages::Message> told = m_messages.all().mid(m_messagesTaken);
+    const QList<ShownMessages::Message> shown = m_messages.all().mid(m_messagesTaken);
     m_messagesTaken = m_messages.all().size();
-    return told;
+    return shown;
 }
 
 QList<Pharmacy::Heard> Pharmacy::takeHeard()

@@ -20,7 +20,7 @@
 #include <optional>
 
 /// A receipt that holds the positions it is given.
-class SmallReceipt : public AbstractDocument
+class SmallDocument : public AbstractDocument
 {
 public:
     int getType() const override { return Sale; }
@@ -42,8 +42,8 @@ public:
     Pharmacy& operator=(const Pharmacy&) = delete;
 
     EContext::Result subtotal();
-    EContext::Result stornoAll();
-    EContext::Result storno(int position);
+    EContext::Result cancelDocument();
+    EContext::Result cancellation(int position);
     /// Takes a position off the receipt, as the till does once storno() let it.
     void takeOff(int position);
 
@@ -52,8 +52,8 @@ public:
     QJsonObject optionsOf(int position) const;
     void setOptions(int position, const QString& options);
     /// The saved receipt; empty when none was saved.
-    QJsonObject savedReceipt() const;
-    QJsonObject receiptAsJson() const { return m_receipt->toJson(); }
+    QJsonObject savedDocument() const;
+    QJsonObject documentAsJson() const { return m_document->toJson(); }
 
     /// The prescription that a position comes from. The first is dispensed completely and paid by the patient alone;
     /// of the second the patient pays half, of the third nothing, and both are dispensed in part.
@@ -72,7 +72,7 @@ public:
     void forgetRequests() const;
 
     /// What the cashier was told since the last call.
-    QList<ShownMessages::Message> takeTold();
+    QList<ShownMessages::Message> takeShown();
 
     /// An event, and how many messages the cashier had been shown by then.
     struct Heard {
@@ -96,7 +96,7 @@ private:
     ActivityNotifier* const m_formerNotifier;
     QList<Heard> m_heard;
     std::unique_ptr<Listener> m_listener;
-    QSharedPointer<SmallReceipt> m_receipt;
+    QSharedPointer<SmallDocument> m_document;
     std::optional<ElectronicPrescriptionService> m_service;
 };
 

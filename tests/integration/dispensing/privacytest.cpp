@@ -19,12 +19,12 @@ TEST(Privacy, registeredRefusedAndCancelled_logsNeitherPatientNorSecretsNorBodie
     Pharmacy pharmacy;
     const LogCapture log;
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
-    ASSERT_EQ(pharmacy.stornoAll(), EContext::GoOn);
+    ASSERT_EQ(pharmacy.cancelDocument(), EContext::GoOn);
     QJsonObject unknown = pharmacy.optionsOf(1);
     unknown[positionformat::status] = positionformat::dispensed;
     unknown[positionformat::medicationDispenseId] = "no-such-dispense";
     pharmacy.setOptions(1, QJsonDocument(unknown).toJson(QJsonDocument::Compact));
-    ASSERT_EQ(pharmacy.stornoAll(), EContext::Stop);
+    ASSERT_EQ(pharmacy.cancelDocument(), EContext::Stop);
 
     EXPECT_TRUE(log.text().contains("failed: ")) << "the refusal is logged, without what it says";
     QStringList secrets{"Пробный", "p-1", "s&c+ret", "s%26c%2Bret", "rx-full", "medicationDispense"};

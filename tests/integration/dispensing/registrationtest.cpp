@@ -32,8 +32,8 @@ TEST(Registration, subtotal_registersCompleteAndPartialDispensesAndSaves)
     EXPECT_EQ(partial.quantity, 10.0);
     EXPECT_FALSE(partial.isFinal);
     EXPECT_EQ(pharmacy.statusOfPrescription(2), active);
-    EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
-    EXPECT_TRUE(pharmacy.takeTold().isEmpty());
+    EXPECT_EQ(pharmacy.savedDocument(), pharmacy.documentAsJson());
+    EXPECT_TRUE(pharmacy.takeShown().isEmpty());
     EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
 }
 
@@ -68,15 +68,15 @@ TEST(Registration, secondSubtotal_asksTheRegistryForNothing)
     EXPECT_EQ(pharmacy.options(), registered);
 }
 
-TEST(Registration, storno_givesThePrescriptionsBackAndTheyAreRegisteredAgainUnderNewIds)
+TEST(Registration, cancellation_givesThePrescriptionsBackAndTheyAreRegisteredAgainUnderNewIds)
 {
     Pharmacy pharmacy;
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
-    EXPECT_EQ(pharmacy.stornoAll(), EContext::GoOn);
+    EXPECT_EQ(pharmacy.cancelDocument(), EContext::GoOn);
     for (const int position : everyPosition) {
         expectCancelled(pharmacy, position);
     }
-    EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
+    EXPECT_EQ(pharmacy.savedDocument(), pharmacy.documentAsJson());
 
     EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
     for (const int position : everyPosition) {
@@ -89,44 +89,44 @@ TEST(Registration, storno_givesThePrescriptionsBackAndTheyAreRegisteredAgainUnde
         EXPECT_EQ(pharmacy.optionsOf(position)[positionformat::status].toString(), positionformat::dispensed);
     }
     EXPECT_EQ(pharmacy.statusOfPrescription(1), completed);
-    EXPECT_TRUE(pharmacy.takeTold().isEmpty());
+    EXPECT_TRUE(pharmacy.takeShown().isEmpty());
 }
 
-TEST(Registration, stornoOfOnePosition_cancelsItsDispenseAloneAndSaves)
+TEST(Registration, cancellationOfOnePosition_cancelsItsDispenseAloneAndSaves)
 {
     Pharmacy pharmacy;
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
-    EXPECT_EQ(pharmacy.storno(2), EContext::GoOn);
+    EXPECT_EQ(pharmacy.cancellation(2), EContext::GoOn);
     expectRegistered(pharmacy, 1);
     expectCancelled(pharmacy, 2);
     expectRegistered(pharmacy, 3);
-    EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
+    EXPECT_EQ(pharmacy.savedDocument(), pharmacy.documentAsJson());
 }
 
-TEST(Registration, secondStorno_asksTheRegistryForNothing)
+TEST(Registration, secondCancellation_asksTheRegistryForNothing)
 {
     Pharmacy pharmacy;
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
-    ASSERT_EQ(pharmacy.stornoAll(), EContext::GoOn);
+    ASSERT_EQ(pharmacy.cancelDocument(), EContext::GoOn);
     pharmacy.forgetRequests();
-    EXPECT_EQ(pharmacy.stornoAll(), EContext::GoOn);
+    EXPECT_EQ(pharmacy.cancelDocument(), EContext::GoOn);
     EXPECT_TRUE(pharmacy.requests().isEmpty());
 }
 
 // A receipt that was restored from before its cancellation, for example.
-TEST(Registration, dispenseThatTheRegistryHasCancelledAlready_isRefusedAndTheStornoStops)
+TEST(Registration, dispenseThatTheRegistryHasCancelledAlready_isRefusedAndTheCancellationStops)
 {
     Pharmacy pharmacy;
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
     const QStringList registered = pharmacy.options();
-    ASSERT_EQ(pharmacy.storno(2), EContext::GoOn);
+    ASSERT_EQ(pharmacy.cancellation(2), EContext::GoOn);
     pharmacy.setOptions(2, registered[1]);
 
-    EXPECT_EQ(pharmacy.storno(2), EContext::Stop);
-    const auto told = pharmacy.takeTold();
-    ASSERT_EQ(told.size(), 1);
-    EXPECT_EQ(told[0].text, u"Отпуск %1 уже отменён"_s.arg(pharmacy.onlyDispenseOf(2).id));
-    EXPECT_EQ(told[0].kind, 1);
+    EXPECT_EQ(pharmacy.cancellation(2), EContext::Stop);
+    const auto shown = pharmacy.takeShown();
+    ASSERT_EQ(shown.size(), 1);
+    EXPECT_EQ(shown[0].text, u"Отпуск %1 уже отменён"_s.arg(pharmacy.onlyDispenseOf(2).id));
+    EXPECT_EQ(shown[0].kind, 1);
     EXPECT_EQ(pharmacy.options(), registered);
 }
 

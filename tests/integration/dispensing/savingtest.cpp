@@ -51,26 +51,26 @@ protected:
             faults.answerStatus(emulator::Endpoint::DispenseRegistration, 503, emulator::Occasion::nth(2));
         });
         EXPECT_EQ(pharmacy.subtotal(), EContext::Stop);
-        EXPECT_EQ(pharmacy.takeTold().size(), 1);
-        former = pharmacy.savedReceipt();
-        EXPECT_EQ(former, pharmacy.receiptAsJson());
+        EXPECT_EQ(pharmacy.takeShown().size(), 1);
+        former = pharmacy.savedDocument();
+        EXPECT_EQ(former, pharmacy.documentAsJson());
     }
 
     /// The subtotal went on: both positions are registered, each failed save was told, and the former file stands
     /// alone.
-    void expectRegisteredAndToldTwice()
+    void expectRegisteredAndShownTwice()
     {
         for (const int position : everyPosition) {
             expectRegistered(pharmacy, position);
         }
-        const auto told = pharmacy.takeTold();
-        ASSERT_EQ(told.size(), 2);
-        for (const auto& message : told) {
+        const auto shown = pharmacy.takeShown();
+        ASSERT_EQ(shown.size(), 2);
+        for (const auto& message : shown) {
             EXPECT_EQ(message.kind, 1);
             EXPECT_TRUE(message.text.contains(u"Документ не сохранён на диск, в силе прежняя запись"_s));
             EXPECT_TRUE(message.text.contains(pharmacy.dataFolder.path())) << message.text.toStdString();
         }
-        EXPECT_EQ(pharmacy.savedReceipt(), former);
+        EXPECT_EQ(pharmacy.savedDocument(), former);
         EXPECT_EQ(QDir(pharmacy.dataFolder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
     }
 
@@ -78,37 +78,37 @@ protected:
     QJsonObject former;
 };
 
-TEST_F(SavingTest, diskFullAfterRegistration_isToldTheFormerFileStandsAndTheNextSaveHoldsAll)
+TEST_F(SavingTest, diskFullAfterRegistration_isShownTheFormerFileStandsAndTheNextSaveHoldsAll)
 {
     {
         const SmallDisk smallDisk(512);
         EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
     }
-    expectRegisteredAndToldTwice();
+    expectRegisteredAndShownTwice();
 
-    EXPECT_EQ(pharmacy.storno(3), EContext::GoOn);
-    EXPECT_TRUE(pharmacy.takeTold().isEmpty());
-    EXPECT_EQ(pharmacy.savedReceipt(), pharmacy.receiptAsJson());
+    EXPECT_EQ(pharmacy.cancellation(3), EContext::GoOn);
+    EXPECT_TRUE(pharmacy.takeShown().isEmpty());
+    EXPECT_EQ(pharmacy.savedDocument(), pharmacy.documentAsJson());
 }
 
-TEST_F(SavingTest, readOnlyFolderAfterRegistration_isToldAndTheFormerFileStands)
+TEST_F(SavingTest, readOnlyFolderAfterRegistration_isShownAndTheFormerFileStands)
 {
     {
         const ReadOnlyFolder readOnlyFolder(pharmacy.dataFolder.path());
         EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
     }
-    expectRegisteredAndToldTwice();
+    expectRegisteredAndShownTwice();
 }
 
-TEST_F(SavingTest, diskFullAfterCancellation_isToldAndTheFormerFileStands)
+TEST_F(SavingTest, diskFullAfterCancellation_isShownAndTheFormerFileStands)
 {
     {
         const SmallDisk smallDisk(512);
-        EXPECT_EQ(pharmacy.storno(1), EContext::GoOn);
+        EXPECT_EQ(pharmacy.cancellation(1), EContext::GoOn);
     }
     expectCancelled(pharmacy, 1);
-    EXPECT_EQ(pharmacy.takeTold().size(), 1);
-    EXPECT_EQ(pharmacy.savedReceipt(), former);
+    EXPECT_EQ(pharmacy.takeShown().size(), 1);
+    EXPECT_EQ(pharmacy.savedDocument(), former);
 }
 
 } // namespace

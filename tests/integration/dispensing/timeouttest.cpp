@@ -19,13 +19,13 @@ TEST(TimeoutAtSubtotal, registryTakesTheRequestAndNeverAnswers_nextSubtotalFinis
         order(noAnswer(), pharmacy, endpoint, Occasion::nth(2));
 
         EXPECT_EQ(pharmacy.subtotal(), EContext::Stop);
-        expectToldOf(noAnswer(), endpoint, pharmacy.takeTold());
+        expectShownOf(noAnswer(), endpoint, pharmacy.takeShown());
         EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
         expectRegistered(pharmacy, 1);
         EXPECT_EQ(pharmacy.options().mid(1), due.mid(1));
 
         EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
-        EXPECT_TRUE(pharmacy.takeTold().isEmpty());
+        EXPECT_TRUE(pharmacy.takeShown().isEmpty());
         for (const int position : everyPosition) {
             expectRegistered(pharmacy, position);
         }
@@ -40,7 +40,7 @@ TEST(TimeoutAtSubtotal, answerComesTooLateOrTooSlowly_isGivenUpThoughTheRegistry
         order(fault, pharmacy, Endpoint::DispenseRegistration, Occasion::nth(2));
 
         EXPECT_EQ(pharmacy.subtotal(), EContext::Stop) << fault.name;
-        expectToldOf(fault, Endpoint::DispenseRegistration, pharmacy.takeTold());
+        expectShownOf(fault, Endpoint::DispenseRegistration, pharmacy.takeShown());
         EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
         expectRegistered(pharmacy, 1);
         EXPECT_EQ(pharmacy.options().mid(1), due.mid(1));
@@ -49,7 +49,7 @@ TEST(TimeoutAtSubtotal, answerComesTooLateOrTooSlowly_isGivenUpThoughTheRegistry
     }
 }
 
-TEST(TimeoutAtStorno, registryTakesTheRequestAndNeverAnswers_nextStornoFinishes)
+TEST(TimeoutAtCancellation, registryTakesTheRequestAndNeverAnswers_nextCancellationFinishes)
 {
     Pharmacy pharmacy(Pharmacy::Over::Http, shortestTimeout);
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
@@ -57,13 +57,13 @@ TEST(TimeoutAtStorno, registryTakesTheRequestAndNeverAnswers_nextStornoFinishes)
     pharmacy.takeHeard();
     order(noAnswer(), pharmacy, Endpoint::DispenseCancellation, Occasion::nth(2));
 
-    EXPECT_EQ(pharmacy.stornoAll(), EContext::Stop);
-    expectToldOf(noAnswer(), Endpoint::DispenseCancellation, pharmacy.takeTold());
+    EXPECT_EQ(pharmacy.cancelDocument(), EContext::Stop);
+    expectShownOf(noAnswer(), Endpoint::DispenseCancellation, pharmacy.takeShown());
     EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 1}}));
     expectCancelled(pharmacy, 1);
     EXPECT_EQ(pharmacy.options().mid(1), registered.mid(1));
 
-    EXPECT_EQ(pharmacy.stornoAll(), EContext::GoOn);
+    EXPECT_EQ(pharmacy.cancelDocument(), EContext::GoOn);
     for (const int position : everyPosition) {
         expectCancelled(pharmacy, position);
     }

@@ -176,11 +176,11 @@ TEST_F(WireTest, subtotalOfTwoPositions_isATokenAndARegistrationForEach)
     }
 }
 
-TEST_F(WireTest, stornoOfOnePosition_isATokenAndACancellationOfItsDispense)
+TEST_F(WireTest, cancellationOfOnePosition_isATokenAndACancellationOfItsDispense)
 {
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
     pharmacy.forgetRequests();
-    ASSERT_EQ(pharmacy.storno(2), EContext::GoOn);
+    ASSERT_EQ(pharmacy.cancellation(2), EContext::GoOn);
 
     const QByteArray id = pharmacy.optionsOf(2)[positionformat::medicationDispenseId].toString().toUtf8();
     ASSERT_FALSE(id.isEmpty());

@@ -108,15 +108,15 @@ TEST_F(ActionQueue, hostHandlers_certainContextWinsAndLaterReplacesEarlier)
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
     m_controller->setHostHandler(EContext::Idle, ownCommand, [](Action&) { return EContext::GoOn; });
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
-    m_controller->setContext(EContext::OpenReceipt);
+    m_controller->setContext(EContext::OpenDocument);
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
 }
 
 TEST_F(ActionQueue, pluginHandler_servesItsContextOnly)
 {
-    m_controller->addHandler({EContext::OpenReceipt, ownCommand, noting(u"plug-in"_s), true});
+    m_controller->addHandler({EContext::OpenDocument, ownCommand, noting(u"plug-in"_s), true});
     EXPECT_EQ(execute(ownCommand), EContext::NotFound);
-    m_controller->setContext(EContext::OpenReceipt);
+    m_controller->setContext(EContext::OpenDocument);
     EXPECT_TRUE(m_controller->isHandled(ownCommand));
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
     EXPECT_EQ(m_steps, words("plug-in"));
@@ -168,7 +168,7 @@ TEST_F(ActionQueue, triggersOfOtherContextOrAction_doNotRun)
 {
     hostServes(ownCommand);
     m_controller->addTrigger(
-        {EContext::OpenReceipt, ownCommand, ActionTrigger::Before, noting(u"other"_s), ActionTrigger::Any, 1});
+        {EContext::OpenDocument, ownCommand, ActionTrigger::Before, noting(u"other"_s), ActionTrigger::Any, 1});
     m_controller->addTrigger(
         {EContext::Idle, otherCommand, ActionTrigger::Before, noting(u"other"_s), ActionTrigger::Any, 1});
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
@@ -214,10 +214,10 @@ TEST_F(ActionQueue, actionNotAllowedInContext_stopsBeforeAnything)
     hostServes(ownCommand);
     addTrigger(ActionTrigger::Before, u"hook"_s, 1);
     Action action(ownCommand);
-    action.setAllowContexts({EContext::OpenReceipt, EContext::StoredDocuments});
+    action.setAllowContexts({EContext::OpenDocument, EContext::StoredDocuments});
     EXPECT_EQ(m_controller->execute(action), EContext::Stop);
     EXPECT_TRUE(m_steps.isEmpty());
-    m_controller->setContext(EContext::OpenReceipt);
+    m_controller->setContext(EContext::OpenDocument);
     EXPECT_EQ(m_controller->execute(action), EContext::GoOn);
 }
 
@@ -326,7 +326,7 @@ TEST_F(QueuedBefore, queuedActionNotAllowedInContext_theNextOneStillRuns)
 {
     m_controller->setHostHandler(ownCommand, noting(u"not-allowed"_s));
     Action elsewhere(ownCommand);
-    elsewhere.setAllowContexts({EContext::OpenReceipt});
+    elsewhere.setAllowContexts({EContext::OpenDocument});
     expectNextRunsAfter(elsewhere, "action");
 }
 
@@ -425,7 +425,7 @@ TEST_F(ActionQueue, formOnTop_itsContextCountsAndItsAnswerIsServedInsideTheActio
     GraphicalUserInterface* const former = std::exchange(Singleton<GraphicalUserInterface>::instance, &gui);
     const Finally restoring([former] { Singleton<GraphicalUserInterface>::instance = former; });
 
-    m_controller->setContext(EContext::OpenReceipt);
+    m_controller->setContext(EContext::OpenDocument);
     EContext::Code contextWithForm{};
     core::BasicDialog::Result answer;
     m_controller->setHostHandler(ownCommand, [&](Action&) {
@@ -442,7 +442,7 @@ TEST_F(ActionQueue, formOnTop_itsContextCountsAndItsAnswerIsServedInsideTheActio
     EXPECT_EQ(contextWithForm, EContext::DialogOnTop);
     EXPECT_EQ(answer.getData().toMap().value(u"data"_s).toInt(), 3);
     EXPECT_FALSE(answer.canceled());
-    EXPECT_EQ(m_controller->context(), EContext::OpenReceipt);
+    EXPECT_EQ(m_controller->context(), EContext::OpenDocument);
     EXPECT_FALSE(m_controller->isBusy());
 }
 
@@ -500,10 +500,10 @@ TEST_F(ActionQueue, frameAsksForNothing_neitherTriggersNorHandlerRun)
     addTrigger(ActionTrigger::Before, u"before"_s, 1);
     addTrigger(ActionTrigger::After, u"after"_s, 1);
     m_controller->setHostFrame(ownCommand, [](Action&, const auto&) { return EContext::Stop; });
-    QSignalSpy refused(m_controller.get(), &ActionQueueController::refused);
+    QSignalSpy stopped(m_controller.get(), &ActionQueueController::stopped);
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
     EXPECT_TRUE(m_steps.isEmpty());
-    EXPECT_TRUE(refused.isEmpty()) << "no trigger refused";
+    EXPECT_TRUE(stopped.isEmpty()) << "no trigger refused";
 }
 
 TEST_F(ActionQueue, frame_isOfItsActionInAnyContextAndALaterOneReplacesIt)
@@ -518,7 +518,7 @@ TEST_F(ActionQueue, frame_isOfItsActionInAnyContextAndALaterOneReplacesIt)
     };
     m_controller->setHostFrame(ownCommand, framing(u"former"_s));
     m_controller->setHostFrame(ownCommand, framing(u"frame"_s));
-    for (const auto context : {EContext::Idle, EContext::OpenReceipt, EContext::StoredDocuments}) {
+    for (const auto context : {EContext::Idle, EContext::OpenDocument, EContext::StoredDocuments}) {
         m_controller->setContext(context);
         EXPECT_EQ(execute(ownCommand), EContext::GoOn);
         EXPECT_EQ(execute(otherCommand), EContext::GoOn);
@@ -536,7 +536,7 @@ TEST_F(ActionQueue, nobodyHandlesAction_itsFrameIsNotAsked)
     EXPECT_EQ(execute(ownCommand), EContext::NotFound);
     hostServes(ownCommand);
     Action elsewhere(ownCommand);
-    elsewhere.setAllowContexts({EContext::OpenReceipt});
+    elsewhere.setAllowContexts({EContext::OpenDocument});
     EXPECT_EQ(m_controller->execute(elsewhere), EContext::Stop);
     EXPECT_FALSE(asked);
 }
@@ -591,7 +591,7 @@ TEST_P(ActionQueueStopped, triggerDoesNotGoOn_isToldOnceWithActionAndResult)
     hostServes(ownCommand);
     addTrigger(ActionTrigger::Before, u"stopping"_s, 1, GetParam());
     QList<std::pair<Action, EContext::Result>> refusals;
-    QObject::connect(m_controller.get(), &ActionQueueController::refused,
+    QObject::connect(m_controller.get(), &ActionQueueController::stopped,
                      [&refusals](const Action& action, EContext::Result result) {
                          refusals.append({action, result});
                      });
@@ -605,16 +605,16 @@ TEST_P(ActionQueueStopped, triggerDoesNotGoOn_isToldOnceWithActionAndResult)
 
 TEST_F(ActionQueue, actionNotStoppedByATrigger_isNotToldAsRefused)
 {
-    QSignalSpy refused(m_controller.get(), &ActionQueueController::refused);
+    QSignalSpy stopped(m_controller.get(), &ActionQueueController::stopped);
     EXPECT_EQ(execute(ownCommand), EContext::NotFound) << "nobody handles it";
     hostServes(ownCommand, EContext::Stop);
     addTrigger(ActionTrigger::Before, u"before"_s, 1);
     addTrigger(ActionTrigger::After, u"after"_s, 1, EContext::Stop);
     EXPECT_EQ(execute(ownCommand), EContext::Stop) << "its handler failed";
     Action elsewhere(ownCommand);
-    elsewhere.setAllowContexts({EContext::OpenReceipt});
+    elsewhere.setAllowContexts({EContext::OpenDocument});
     EXPECT_EQ(m_controller->execute(elsewhere), EContext::Stop);
-    EXPECT_TRUE(refused.isEmpty());
+    EXPECT_TRUE(stopped.isEmpty());
 }
 
 TEST_F(ActionQueue, triggerThrows_isToldAsRefusedToo)
@@ -622,16 +622,16 @@ TEST_F(ActionQueue, triggerThrows_isToldAsRefusedToo)
     hostServes(ownCommand);
     m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
                               [](const Action&) -> EContext::Result { throw 42; }, ActionTrigger::Any, 1});
-    QSignalSpy refused(m_controller.get(), &ActionQueueController::refused);
+    QSignalSpy stopped(m_controller.get(), &ActionQueueController::stopped);
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
-    EXPECT_EQ(refused.size(), 1);
+    EXPECT_EQ(stopped.size(), 1);
 }
 
 TEST_F(ActionQueue, controllerDeletedByTheTriggerThatStops_nothingIsToldAsRefused)
 {
     hostServes(ownCommand);
-    QSignalSpy refused(m_controller.get(), &ActionQueueController::refused);
+    QSignalSpy stopped(m_controller.get(), &ActionQueueController::stopped);
     auto* const controller = m_controller.get();
     m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
                               [this](const Action&) {
@@ -641,7 +641,7 @@ TEST_F(ActionQueue, controllerDeletedByTheTriggerThatStops_nothingIsToldAsRefuse
                               ActionTrigger::Any, 1});
     Action action(ownCommand);
     EXPECT_EQ(controller->execute(action), EContext::Stop);
-    EXPECT_TRUE(refused.isEmpty());
+    EXPECT_TRUE(stopped.isEmpty());
 }
 
 TEST_F(ActionQueue, controllerDeletedByTrigger_actionEndsQuietly)

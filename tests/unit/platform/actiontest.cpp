@@ -17,7 +17,7 @@ const QString result = u"result"_s;
 
 TEST(Action, fresh_hasTypeAndNothingElse)
 {
-    const Action action(control::StornoPosition);
+    const Action action(control::RemovePosition);
     EXPECT_EQ(action.getType(), 202);
     EXPECT_TRUE(action.getArguments().isEmpty());
     EXPECT_TRUE(action.getAllowContexts().isEmpty());
@@ -90,7 +90,7 @@ TEST(Action, equality_looksAtTypeOrderAndContexts)
     twoOne.appendArgument(2, result);
     twoOne.appendArgument(1, number);
     EXPECT_FALSE(oneTwo == twoOne);
-    EXPECT_FALSE(Action(control::Subtotal) == Action(control::StornoAll));
+    EXPECT_FALSE(Action(control::Subtotal) == Action(control::CancelDocument));
     Action restricted;
     restricted.setAllowContexts({EContext::Idle});
     EXPECT_FALSE(restricted == Action());
@@ -98,7 +98,7 @@ TEST(Action, equality_looksAtTypeOrderAndContexts)
 
 TEST(Action, inVariant_comesBackEqual)
 {
-    Action action(control::AnnulDocument);
+    Action action(control::VoidDocument);
     action.insert(number, 1);
     EXPECT_TRUE(QVariant::fromValue(action).value<Action>() == action);
 }

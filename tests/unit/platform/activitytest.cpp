@@ -34,7 +34,7 @@ private:
     std::function<void(const Event&)> m_reaction;
 };
 
-const Event opened(EActivityListener::ReceiptOpened);
+const Event opened(EActivityListener::DocumentOpened);
 
 } // namespace
 
@@ -135,7 +135,7 @@ TEST(ActivityNotifier, listenerSubscribesAnotherDuringNotify_newOneHearsTheNextE
     notifier.subscribe(&adding);
     notifier.notify(opened);
     EXPECT_TRUE(added.codes.isEmpty());
-    notifier.notify(Event(EActivityListener::ReceiptClosed));
+    notifier.notify(Event(EActivityListener::DocumentClosed));
     EXPECT_EQ(added.codes, QList<int>{12});
 }
 
@@ -143,8 +143,8 @@ TEST(ActivityNotifier, listenerNotifiesAgain_innerEventIsDeliveredFirst)
 {
     ActivityNotifier notifier;
     Listener chaining([&](const Event& event) {
-        if (event.getCode() == EActivityListener::ReceiptOpened) {
-            notifier.notify(Event(EActivityListener::ReceiptCancelled));
+        if (event.getCode() == EActivityListener::DocumentOpened) {
+            notifier.notify(Event(EActivityListener::DocumentCancelled));
         }
     });
     Listener last;

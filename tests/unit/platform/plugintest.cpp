@@ -83,9 +83,9 @@ TEST(BasicPlugin, fresh_registersNothingAndInitialises)
 TEST(BasicPlugin, added_areKeptInOrderWithTheirFields)
 {
     BasicPlugin plugin;
-    plugin.addHandler({EContext::OpenReceipt, control::PluginCommand, goOn, true});
+    plugin.addHandler({EContext::OpenDocument, control::PluginCommand, goOn, true});
     plugin.addHandler({EContext::Idle, greetCommand, goOn, false});
-    plugin.addTrigger({EContext::OpenReceipt, control::Subtotal, ActionTrigger::Before, goOn, ActionTrigger::Done, 7});
+    plugin.addTrigger({EContext::OpenDocument, control::Subtotal, ActionTrigger::Before, goOn, ActionTrigger::Done, 7});
 
     const QList<ActionHandler> handlers = plugin.getHandlers();
     ASSERT_EQ(handlers.size(), 2);
@@ -126,8 +126,8 @@ TEST_F(HelloExample, loaded_itsCommandShowsGreetingAndClosedReceipts)
     load();
     ASSERT_TRUE(m_initialised);
     EXPECT_TRUE(m_controller.isHandled(greetCommand));
-    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::ReceiptClosed));
-    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::ReceiptCancelled));
+    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::DocumentClosed));
+    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::DocumentCancelled));
     EXPECT_EQ(execute(greetCommand), EContext::GoOn);
     ASSERT_EQ(m_messages.all().size(), 1);
     EXPECT_EQ(m_messages.all().first().text, u"Доброе утро, %2!\nЗакрыто чеков: 1"_s);
@@ -138,8 +138,8 @@ TEST_F(HelloExample, emptyReceipt_doesNotReachTheSubtotalAndAFilledOneDoes)
 {
     load();
     int subtotals = 0;
-    m_controller.setContext(EContext::OpenReceipt);
-    m_controller.setHostHandler(EContext::OpenReceipt, control::Subtotal, [&subtotals](control::Action&) {
+    m_controller.setContext(EContext::OpenDocument);
+    m_controller.setHostHandler(EContext::OpenDocument, control::Subtotal, [&subtotals](control::Action&) {
         ++subtotals;
         return EContext::GoOn;
     });

@@ -96,7 +96,7 @@ TEST_F(Hooks, subtotalOfOtherDocument_goesOn)
 TEST_F(Hooks, stornoOfSale_cancelsEveryPosition)
 {
     addThreeRegistered();
-    const control::Action action(control::StornoAll);
+    const control::Action action(control::CancelDocument);
 
     EXPECT_EQ(service.beforeStornoAll(action), EContext::GoOn);
 
@@ -112,9 +112,9 @@ TEST_F(Hooks, stornoOfOtherDocument_goesOn)
 {
     addThreeRegistered();
     receipt->type = 25;
-    EXPECT_EQ(service.beforeStornoAll(control::Action(control::StornoAll)), EContext::GoOn);
+    EXPECT_EQ(service.beforeStornoAll(control::Action(control::CancelDocument)), EContext::GoOn);
     DocumentWatcher::setCurrentDocument({});
-    EXPECT_EQ(service.beforeStornoAll(control::Action(control::StornoAll)), EContext::GoOn);
+    EXPECT_EQ(service.beforeStornoAll(control::Action(control::CancelDocument)), EContext::GoOn);
 
     EXPECT_TRUE(journal.isEmpty());
 }
@@ -126,7 +126,7 @@ TEST_F(Hooks, annulment_takesTheDocumentOfTheAction)
     stored->type = 2;
     stored->closed = true;
     stored->positions = {receipt->positions[1]};
-    control::Action action(control::AnnulDocument);
+    control::Action action(control::VoidDocument);
     action.insert("document", wrapped(stored));
 
     EXPECT_EQ(service.cancelElectronicPrescriptions(action), EContext::GoOn);
@@ -140,7 +140,7 @@ TEST_F(Hooks, annulment_takesTheDocumentOfTheAction)
 TEST_F(Hooks, annulmentOfOpenDocument_savesAfterEachPosition)
 {
     addThreeRegistered();
-    control::Action action(control::AnnulDocument);
+    control::Action action(control::VoidDocument);
     action.insert("document", wrapped(receipt));
 
     EXPECT_EQ(service.cancelElectronicPrescriptions(action), EContext::GoOn);
@@ -152,7 +152,7 @@ TEST_F(Hooks, secondOfThreeFails_firstIsCancelledAndThirdNotTried)
 {
     addThreeRegistered();
     failAt(2);
-    control::Action action(control::AnnulDocument);
+    control::Action action(control::VoidDocument);
     action.insert("document", wrapped(receipt));
 
     EXPECT_EQ(service.cancelElectronicPrescriptions(action), EContext::Stop);
@@ -166,7 +166,7 @@ TEST_F(Hooks, annulmentWithoutDocument_goesOnWithBothEvents)
     addThreeRegistered();
     for (const QVariant& document : {QVariant(), QVariant("foreign"), wrapped({}), QVariant(7)}) {
         journal.clear();
-        control::Action action(control::AnnulDocument);
+        control::Action action(control::VoidDocument);
         if (document.isValid()) {
             action.insert("document", document);
         }
@@ -179,7 +179,7 @@ TEST_F(Hooks, annulmentWithoutDocument_goesOnWithBothEvents)
 
 TEST_F(Hooks, documentWithoutPositions_goesOn)
 {
-    control::Action action(control::AnnulDocument);
+    control::Action action(control::VoidDocument);
     action.insert("document", wrapped(receipt));
 
     EXPECT_EQ(service.cancelElectronicPrescriptions(action), EContext::GoOn);
@@ -191,7 +191,7 @@ TEST_F(Hooks, annulmentThrows_stopEventGoesOut)
 {
     addThreeRegistered();
     registry->onCancel = [](GoodsItem&) { throw std::runtime_error("else"); };
-    control::Action action(control::AnnulDocument);
+    control::Action action(control::VoidDocument);
     action.insert("document", wrapped(receipt));
 
     EXPECT_THROW(service.cancelElectronicPrescriptions(action), std::runtime_error);
@@ -204,7 +204,7 @@ class StornoOfPosition : public Hooks
 protected:
     EContext::Result storno(const QVariant& number)
     {
-        control::Action action(control::StornoPosition);
+        control::Action action(control::RemovePosition);
         if (number.isValid()) {
             action.insert("positionNumber", number);
         }
@@ -307,7 +307,7 @@ TEST_F(Hooks, cancellingStep_isCalledThroughTheObject)
         }
     } withStep;
     addPosition(1);
-    control::Action action(control::AnnulDocument);
+    control::Action action(control::VoidDocument);
     action.insert("document", wrapped(receipt));
     action.insert("positionNumber", 1);
 

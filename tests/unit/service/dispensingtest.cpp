@@ -230,14 +230,14 @@ TEST_F(DispensingThroughTheObject, hasPrescriptionsThrows_isShownAndStops)
     EXPECT_EQ(messages, QList<tr::Tr>{tr::Tr("aKey", "Отказ")});
 }
 
-class Cancelling : public PharmacyTest
+class Return : public PharmacyTest
 {
 protected:
     QSharedPointer<GoodsItem> registered{
         addPosition(1, R"({ "id": "a", "medicationDispenseId": "d9", "status": "dispensed" })")};
 };
 
-TEST_F(Cancelling, untaggedPosition_nothingToCancel)
+TEST_F(Return, untaggedPosition_nothingToCancel)
 {
     const auto position = addPosition(2);
     position->setExtendedOptions(R"({ "status": "dispensed" })");
@@ -248,7 +248,7 @@ TEST_F(Cancelling, untaggedPosition_nothingToCancel)
     EXPECT_EQ(position->getExtendedOptions(), R"({ "status": "dispensed" })");
 }
 
-TEST_F(Cancelling, neverRegistered_nothingToCancelAndOptionsStay)
+TEST_F(Return, neverRegistered_nothingToCancelAndOptionsStay)
 {
     for (const char* text : {R"({ "id": "a" })", R"({ "status": "canceled" })", R"({ "status": "Dispensed" })",
                              R"({ "status": true })", "not JSON", ""}) {
@@ -260,7 +260,7 @@ TEST_F(Cancelling, neverRegistered_nothingToCancelAndOptionsStay)
     EXPECT_TRUE(journal.isEmpty());
 }
 
-TEST_F(Cancelling, registeredPosition_isCancelledMarkedAndSaved)
+TEST_F(Return, registeredPosition_isCancelledMarkedAndSaved)
 {
     EXPECT_TRUE(service.cancelElectronicPrescription(registered, true));
 
@@ -272,7 +272,7 @@ TEST_F(Cancelling, registeredPosition_isCancelledMarkedAndSaved)
     EXPECT_EQ(savedStates(savedContents[0]), QStringList{"canceled"});
 }
 
-TEST_F(Cancelling, withoutSaving_optionsChangeAndNothingIsSaved)
+TEST_F(Return, withoutSaving_optionsChangeAndNothingIsSaved)
 {
     EXPECT_TRUE(service.cancelElectronicPrescription(registered, false));
 
@@ -280,7 +280,7 @@ TEST_F(Cancelling, withoutSaving_optionsChangeAndNothingIsSaved)
     EXPECT_EQ(optionsOf(*registered)["status"], "canceled");
 }
 
-TEST_F(Cancelling, registryRefuses_isShownAndOptionsStay)
+TEST_F(Return, registryRefuses_isShownAndOptionsStay)
 {
     const QString before = registered->getExtendedOptions();
     registry->onCancel = [](GoodsItem&) { throw ElectronicPrescriptionException({"aKey", "Отказ"}); };
@@ -292,7 +292,7 @@ TEST_F(Cancelling, registryRefuses_isShownAndOptionsStay)
     EXPECT_EQ(registered->getExtendedOptions(), before);
 }
 
-TEST_F(Cancelling, otherException_goesThrough)
+TEST_F(Return, otherException_goesThrough)
 {
     registry->onCancel = [](GoodsItem&) { throw std::runtime_error("else"); };
 

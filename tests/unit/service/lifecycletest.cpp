@@ -79,7 +79,7 @@ TEST_F(LifeCycle, pharmacyMissingInConfiguration_initRegistersNothing)
     EXPECT_TRUE(service.getTriggers().isEmpty());
     EXPECT_TRUE(userInterface.creators.isEmpty());
     fillState();
-    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::ReceiptOpened));
+    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::DocumentOpened));
     EXPECT_FALSE(isCleared()) << "the service listens";
 }
 
@@ -93,7 +93,7 @@ TEST_F(LifeCycle, pharmacyOff_initRegistersNothing)
     EXPECT_TRUE(service.getTriggers().isEmpty());
     EXPECT_TRUE(userInterface.creators.isEmpty());
     fillState();
-    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::ReceiptOpened));
+    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::DocumentOpened));
     EXPECT_FALSE(isCleared()) << "the service listens";
 }
 
@@ -199,7 +199,7 @@ TEST_F(InitialisedLifeCycle, listensToTheRegister)
 {
     fillState();
 
-    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::ReceiptClosed));
+    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::DocumentClosed));
 
     EXPECT_TRUE(isCleared());
 }

@@ -74,7 +74,7 @@ TEST_F(LogTexts, cardInputCancelled_isAWarning)
 
 TEST_F(LogTexts, positionNotFound_isAnErrorWithTheNumber)
 {
-    control::Action action(control::StornoPosition);
+    control::Action action(control::RemovePosition);
     action.insert("positionNumber", 17);
 
     service.cancelElectronicPrescriptionByAction(action);

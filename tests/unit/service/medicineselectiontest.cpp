@@ -116,7 +116,7 @@ TEST_F(MedicineSelection, goodsNotAdded_givesMinusOne)
 class DoseInput : public MedicineSelection
 {
 protected:
-    const QString refused = "message 1/1/0 electronicPrescriptionInputDispensedDoseQuantityError";
+    const QString stopped = "message 1/1/0 electronicPrescriptionInputDispensedDoseQuantityError";
     double doses = 7;
 
     bool input() { return service.inputDispensedDoseQuantity(prescription, doses); }
@@ -234,7 +234,7 @@ TEST_F(DoseInput, noQuantity_isRefusedAndAskedAgain)
         EXPECT_TRUE(input());
 
         EXPECT_EQ(doses, 2);
-        EXPECT_EQ(journal, (QStringList{"ask inputQuantity", refused, "ask inputQuantity"}));
+        EXPECT_EQ(journal, (QStringList{"ask inputQuantity", stopped, "ask inputQuantity"}));
         EXPECT_EQ(messages, QList<tr::Tr>{tr::Tr("electronicPrescriptionInputDispensedDoseQuantityError",
                                                  "Введено некорректное количество доз\nПовторите ввод")});
     }
@@ -246,7 +246,7 @@ TEST_F(DoseInput, refusedThenCancelled_isFalse)
 
     EXPECT_FALSE(input());
 
-    EXPECT_EQ(journal, (QStringList{"ask inputQuantity", refused, "ask inputQuantity"}));
+    EXPECT_EQ(journal, (QStringList{"ask inputQuantity", stopped, "ask inputQuantity"}));
 }
 
 } // namespace

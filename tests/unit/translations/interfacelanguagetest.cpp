@@ -4,7 +4,7 @@
 #include "goodsselectionparams.h"
 #include "registerapplication.h"
 #include "textinputparams.h"
-#include "till.h"
+#include "tillfixture.h"
 
 #include <QAbstractButton>
 #include <QApplication>

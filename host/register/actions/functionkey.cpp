@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "functionkey.h"
+
+#include "config.h"
+#include "registeraction.h"
+#include "tr.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <algorithm>
+#include <iterator>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// One for each digit; the smallest screen holds no more either.
+constexpr qsizetype mostMenuEntries = 9;
+
+/// What a key is when the configuration does not say otherwise.
+struct DefaultKey {
+    QString name;
+    tr::Tr text;
+    QString shortcut;
+    int actionType;
+    QString arguments = {};
+};
+
+QList<DefaultKey> defaultKeys()
+{
+    return {
+        {u"newReceiptKey"_s, {u"keyNewReceipt"_s, u"Новый чек"_s}, u"F2"_s, registeraction::openSale},
+        {u"goodsKey"_s, {u"keyGoods"_s, u"Товар"_s}, u"F3"_s, registeraction::addGoods},
+        {u"quantityKey"_s, {u"keyQuantity"_s, u"Количество"_s}, u"F4"_s, registeraction::changeQuantity},
+        {u"subtotalKey"_s, {u"keySubtotal"_s, u"Подытог"_s}, u"F6"_s, control::Subtotal},
+        {u"removeKey"_s, {u"keyRemove"_s, u"Удалить"_s}, u"F8"_s, registeraction::askToRemovePosition},
+        {u"cancelReceiptKey"_s,
+         {u"keyCancelReceipt"_s, u"Отмена чека"_s},
+         u"F9"_s,
+         registeraction::askToCancelDocument},
+        {u"menuKey"_s, {u"keyMenu"_s, u"Меню"_s}, u"F10"_s, registeraction::showMenu},
+        {u"paymentKey"_s, {u"keyPayment"_s, u"Оплата"_s}, u"F12"_s, control::SubtotalAndPayment},
+    };
+}
+
+QList<DefaultKey> defaultMenuEntries()
+{
+    return {
+        {u"putAsideEntry"_s, {u"menuPutAside"_s, u"Отложить чек"_s}, {}, registeraction::suspend},
+        {u"documentsEntry"_s, {u"menuDocuments"_s, u"Документы"_s}, {}, registeraction::showDocuments},
+        {u"takeBackEntry"_s, {u"menuTakeBack"_s, u"Возврат продажи"_s}, {}, registeraction::returnSale},
+        {u"annulEntry"_s, {u"menuAnnul"_s, u"Аннулировать по номеру"_s}, {}, registeraction::voidByNumber},
+        {u"cancelReceiptEntry"_s,
+         {u"menuCancelReceipt"_s, u"Отменить чек"_s},
+         {},
+         registeraction::askToCancelDocument,
+         u"by=%1"_s.arg(int(control::CancelDocumentFromMenu))},
+    };
+}
+
+QVariantMap readArguments(const QString& text)
+{
+    QVariantMap arguments;
+    for (const QString& argument : text.split(u',', Qt::SkipEmptyParts)) {
+        const QString name = argument.section(u'=', 0, 0).trimmed();
+        if (!name.isEmpty()) {
+            arguments.insert(name, argument.section(u'=', 1).trimmed());
+        }
+    }
+    return arguments;
+}
+
+/// The key of that name as the configuration describes it; what it does not say is as in `base`.
+FunctionKey readKey(const Config& config, const DefaultKey& base)
+{
+    const QString section = u"FunctionKey."_s + base.name;
+    return {
+        .name = base.name,
+        .text = config.getString(section + u":text"_s, base.text.ui()),
+        .shortcut = QKeySequence::fromString(config.getString(section + u":key"_s, base.shortcut)),
+        .actionType = static_cast<control::EActionType>(config.getInt(section + u":action"_s, base.actionType)),
+        .arguments = readArguments(config.getString(section + u":arguments"_s, base.arguments)),
+    };
+}
+
+/// The keys that a list of the configuration names; without the list: `usual`.
+QList<FunctionKey> readKeys(const Config& config, const QString& list, const QList<DefaultKey>& usual)
+{
+    QStringList names;
+    std::transform(usual.cbegin(), usual.cend(), std::back_inserter(names), std::mem_fn(&DefaultKey::name));
+    const QList<DefaultKey> known = defaultKeys() + defaultMenuEntries();
+    QList<FunctionKey> keys;
+    for (const QString& entry : config.getString(list, names.join(u',')).split(u',')) {
+        const QString name = entry.trimmed();
+        const auto base =
+            std::find_if(known.cbegin(), known.cend(), [&name](const DefaultKey& key) { return key.name == name; });
+        if (name.isEmpty()) {
+            continue;
+        }
+        const FunctionKey key =
+            readKey(config, base == known.cend() ? DefaultKey{name, {tr::undefined, name}, {}, 0} : *base);
+        if (key.actionType != 0) {
+            keys.append(key);
+        } else {
+            Log4Qt::LogManager::logger(u"register"_s)->warn(u"Function key without an action passed over: "_s + name);
+        }
+    }
+    return keys;
+}
+
+} // namespace
+
+QList<FunctionKey> configuredFunctionKeys(const Config& config)
+{
+    return readKeys(config, u"FunctionKeys:keys"_s, defaultKeys());
+}
+
+QList<FunctionKey> configuredMenuEntries(const Config& config)
+{
+    const QList<FunctionKey> entries = readKeys(config, u"Menu:entries"_s, defaultMenuEntries());
+    if (entries.size() > mostMenuEntries) {
+        Log4Qt::LogManager::logger(u"register"_s)
+            ->warn(u"The menu has more entries than digits; the last ones are passed over"_s);
+    }
+    return entries.first(std::min<qsizetype>(entries.size(), mostMenuEntries));
+}

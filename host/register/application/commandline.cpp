@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "commandline.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStandardPaths>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr QSize playedWindow(1280, 800);
+
+/// Beside the program where it was built, else where it is installed.
+QString defaultPluginFolder()
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    const QString built = program.filePath(u"../plugins"_s);
+    return QDir::cleanPath(QFileInfo::exists(built) ? built : program.filePath(u"../lib/pharmacy-register/plugins"_s));
+}
+
+std::optional<QSize> readSize(const QString& text)
+{
+    static const QRegularExpression form(u"^(\\d{3,5})x(\\d{3,5})$"_s);
+    const QRegularExpressionMatch match = form.match(text);
+    if (!match.hasMatch()) {
+        return std::nullopt;
+    }
+    return QSize(match.captured(1).toInt(), match.captured(2).toInt());
+}
+
+QString folderOf(QStandardPaths::StandardLocation location)
+{
+    return QStandardPaths::writableLocation(location);
+}
+
+/// What the register can be told; each is declared to the parser.
+struct Options {
+    explicit Options(QCommandLineParser& parser)
+        : help(parser.addHelpOption())
+        , version(parser.addVersionOption())
+    {
+        parser.addOptions({config, data, plugins, layouts, touch, demoData, size, play, screenshots});
+    }
+
+    const QCommandLineOption help;
+    const QCommandLineOption version;
+    const QCommandLineOption config{u"config"_s, u"Configuration: an INI file in UTF-8."_s, u"FILE.ini"_s,
+                                    folderOf(QStandardPaths::AppConfigLocation) + u"/register.ini"_s};
+    const QCommandLineOption data{u"data"_s, u"Data folder: receipts, logs. It has to exist and be writable."_s,
+                                  u"DIR"_s, folderOf(QStandardPaths::AppDataLocation)};
+    const QCommandLineOption plugins{u"plugins"_s, u"Folder of the plug-ins."_s, u"DIR"_s, defaultPluginFolder()};
+    const QCommandLineOption layouts{u"layouts"_s, u"Folders of own layouts, by colon; they win over all others."_s,
+                                     u"DIR"_s};
+    const QCommandLineOption touch{u"touch"_s, u"For fingers: large targets, a keyboard."_s};
+    const QCommandLineOption demoData{u"demo-data"_s, u"Create a goods database with demo goods in the data folder "
+                                                      "when there is none."_s};
+    const QCommandLineOption size{u"size"_s,
+                                  u"Size of the window; otherwise the whole screen, or 1280x800 when a "
+                                  "scenario is played."_s,
+                                  u"WIDTHxHEIGHT"_s};
+    const QCommandLineOption play{u"play"_s, u"Play a scenario, and end."_s, u"FILE"_s};
+    const QCommandLineOption screenshots{u"screenshots"_s, u"Folder for the scenario's pictures."_s, u"DIR"_s, u"."_s};
+};
+
+/// Nothing when it was given in another form.
+std::optional<QSize> windowSize(const QCommandLineParser& parser, const Options& options)
+{
+    if (parser.isSet(options.size)) {
+        return readSize(parser.value(options.size));
+    }
+    return parser.value(options.play).isEmpty() ? QSize() : playedWindow;
+}
+
+/// What is wrong with the arguments; empty: nothing.
+QString mistake(const QCommandLineParser& parser, const Options& options)
+{
+    const QStringList stray = parser.positionalArguments();
+    if (!stray.isEmpty()) {
+        return u"Unknown argument '"_s + stray.constFirst() + u'\'';
+    }
+    if (!windowSize(parser, options)) {
+        return u"--size wants WIDTHxHEIGHT, for example 1280x800"_s;
+    }
+    return {};
+}
+
+QString versionText()
+{
+    return QCoreApplication::applicationName() + u' ' + QCoreApplication::applicationVersion() + u'\n';
+}
+
+CommandLine read(const QCommandLineParser& parser, const Options& options)
+{
+    CommandLine line;
+    line.config = parser.value(options.config);
+    line.dataFolder = parser.value(options.data);
+    line.pluginFolder = parser.value(options.plugins);
+    line.layoutFolders = parser.value(options.layouts);
+    line.touch = parser.isSet(options.touch);
+    line.demoData = parser.isSet(options.demoData);
+    line.windowSize = windowSize(parser, options).value();
+    line.scenario = parser.value(options.play);
+    line.screenshots = parser.value(options.screenshots);
+    return line;
+}
+
+CommandLine shown(CommandLine::Outcome outcome, const QString& message)
+{
+    CommandLine line;
+    line.outcome = outcome;
+    line.message = message;
+    return line;
+}
+
+} // namespace
+
+CommandLine CommandLine::parse(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"The pharmacy's cash register."_s);
+    const Options options(parser);
+    if (!parser.parse(arguments)) {
+        return shown(Outcome::Wrong, parser.errorText());
+    }
+    if (parser.isSet(options.help)) {
+        return shown(Outcome::Shown, parser.helpText());
+    }
+    if (parser.isSet(options.version)) {
+        return shown(Outcome::Shown, versionText());
+    }
+    if (const QString wrong = mistake(parser, options); !wrong.isEmpty()) {
+        return shown(Outcome::Wrong, wrong);
+    }
+    return read(parser, options);
+}

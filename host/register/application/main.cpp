@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "commandline.h"
+#include "display.h"
+#include "registerapplication.h"
+#include "startupfailure.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+void print(FILE* stream, const QString& text)
+{
+    std::fputs(text.toUtf8().constData(), stream);
+}
+
+int tell(const StartupFailure& failure)
+{
+    print(stderr, u"pharmacy-register: "_s + failure.message + u'\n');
+    return failure.exitStatus;
+}
+
+/// Needs no display, so that the register can be asked for its help anywhere.
+CommandLine readCommandLine(int& argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    return CommandLine::parse(QCoreApplication::arguments());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication::setApplicationName(u"pharmacy-register"_s);
+    QCoreApplication::setApplicationVersion(QString::fromUtf8(REGISTER_VERSION));
+
+    const CommandLine commandLine = readCommandLine(argc, argv);
+    switch (commandLine.outcome) {
+    case CommandLine::Outcome::Shown:
+        print(stdout, commandLine.message);
+        return exitstatus::done;
+    case CommandLine::Outcome::Wrong:
+        return tell({exitstatus::wrongOptions, commandLine.message + u"\nSee --help."_s});
+    case CommandLine::Outcome::Run:
+        break;
+    }
+
+    if (const std::optional<StartupFailure> failure = chooseDisplay(!commandLine.scenario.isEmpty())) {
+        return tell(*failure);
+    }
+    const QApplication application(argc, argv);
+    RegisterApplication registerApplication(commandLine);
+    if (const std::optional<StartupFailure> failure = registerApplication.start()) {
+        return tell(*failure);
+    }
+    return registerApplication.run();
+}

@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+#include "registerapplication.h"
+
+#include "actionqueuecontroller.h"
+#include "activitynotifier.h"
+#include "basicexception.h"
+#include "config.h"
+#include "demodata.h"
+#include "dialog.h"
+#include "documentwatcher.h"
+#include "documentwords.h"
+#include "functionkey.h"
+#include "graphicaluserinterface.h"
+#include "inactivitylocker.h"
+#include "registerformcreator.h"
+#include "registerstyle.h"
+#include "scenario.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QScreen>
+#include <QTemporaryFile>
+#include <QTimer>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+RegisterApplication::RegisterApplication(const CommandLine& commandLine)
+    : m_commandLine(commandLine)
+{
+}
+
+RegisterApplication::~RegisterApplication()
+{
+    m_player.reset();
+    auto* gui = Singleton<GraphicalUserInterface>::get();
+    gui->cancelForms();
+    m_plugins.unload(*Singleton<ActionQueueController>::get());
+    gui->setStage(nullptr);
+    m_window.reset();
+    DocumentWatcher::setCurrentDocument(nullptr);
+}
+
+std::optional<StartupFailure> RegisterApplication::start()
+{
+    if (auto failure = readConfiguration()) {
+        return failure;
+    }
+    if (auto failure = takeDataFolder()) {
+        return failure;
+    }
+    if (auto failure = readOpenDocument()) {
+        return failure;
+    }
+    configureThisRun();
+    m_messages.load(u":/translations/registerplatform"_s);
+    m_messages.load(u":/translations/pharmacyregister"_s);
+    if (auto failure = readScenario()) {
+        return failure;
+    }
+    applyRegisterStyle(*qApp, windowHeight());
+    openWindow();
+    return std::nullopt;
+}
+
+int RegisterApplication::run()
+{
+    int status = m_player ? exitstatus::scenarioFailed : exitstatus::done; // until the scenario has been played
+    QTimer::singleShot(0, m_window.get(), [this] { resumeWork(); });
+    if (m_player) {
+        QObject::connect(m_player.get(), &ScenarioPlayer::finished, m_window.get(), [this, &status](bool held) {
+            status = held ? exitstatus::done : exitstatus::scenarioFailed;
+            m_window->close();
+        });
+    }
+    QApplication::exec();
+    return status;
+}
+
+std::optional<StartupFailure> RegisterApplication::readConfiguration()
+{
+    auto config = std::make_unique<Config>(m_commandLine.config);
+    if (!config->isReadable()) {
+        return StartupFailure{exitstatus::noConfiguration, u"The configuration cannot be read: "_s +
+                                                               config->errorText() +
+                                                               u"\nName an INI file with --config FILE.ini"_s};
+    }
+    Singleton<Config>::instance = config.release(); // lives as long as the process, as plug-ins do
+    return std::nullopt;
+}
+
+std::optional<StartupFailure> RegisterApplication::takeDataFolder()
+{
+    const QString folder = QDir(m_commandLine.dataFolder).absolutePath();
+    const QString advice = u"\nName a folder that exists and can be written to with --data DIR"_s;
+    if (!QFileInfo(folder).isDir()) {
+        return StartupFailure{exitstatus::noDataFolder, u"There is no data folder "_s + folder + advice};
+    }
+    if (QTemporaryFile probe(folder + u"/.writable-XXXXXX"_s); !probe.open()) {
+        return StartupFailure{exitstatus::noDataFolder, u"The data folder "_s + folder + u" cannot be written to: "_s +
+                                                            probe.errorString() + advice};
+    }
+    m_lockFile = std::make_unique<QLockFile>(folder + u"/register.lock"_s);
+    m_lockFile->setStaleLockTime(0); // a lock is stale only when its process is gone, however old it is
+    if (!m_lockFile->tryLock(0)) {
+        return StartupFailure{exitstatus::alreadyRunning, u"Another register works with the data folder "_s + folder +
+                                                              u"\nClose it, or name another folder with --data DIR"_s};
+    }
+    m_commandLine.dataFolder = folder;
+    return std::nullopt;
+}
+
+std::optional<StartupFailure> RegisterApplication::readOpenDocument()
+{
+    const OpenDocumentFile store(m_commandLine.dataFolder);
+    m_savedDocument = store.load();
+    if (!m_savedDocument.isInTheWay()) {
+        return std::nullopt;
+    }
+    return StartupFailure{exitstatus::damagedDocumentInTheWay,
+                          u"The saved receipt "_s + store.file() + u" is damaged: "_s + m_savedDocument.damage +
+                              u"\nIt cannot be set aside, and the next receipt would overwrite it. "
+                              "Move it away, or name another folder with --data DIR"_s};
+}
+
+void RegisterApplication::configureThisRun()
+{
+    Config* config = Singleton<Config>::get();
+    const QDir data(m_commandLine.dataFolder);
+    config->setForThisRun(u"Register:data"_s, data.path());
+    data.mkpath(u"log"_s);
+    config->setForThisRun(u"Logging:folder"_s, data.filePath(u"log"_s));
+    if (m_commandLine.touch) {
+        config->setForThisRun(u"GUI:touchMode"_s, u"true"_s);
+    }
+    if (!m_commandLine.layoutFolders.isEmpty()) {
+        config->setForThisRun(u"GUI:layouts"_s, m_commandLine.layoutFolders);
+    }
+    if (config->getString(u"Database:name"_s).isEmpty()) {
+        config->setForThisRun(u"Database:name"_s, data.filePath(u"goods.sqlite"_s));
+    }
+    if (m_commandLine.demoData || config->getBool(u"Register:demoData"_s)) {
+        createDemoGoods(config->getString(u"Database:name"_s));
+    }
+}
+
+std::optional<StartupFailure> RegisterApplication::readScenario()
+{
+    if (m_commandLine.scenario.isEmpty()) {
+        return std::nullopt;
+    }
+    const ScenarioFile scenario = ScenarioFile::read(m_commandLine.scenario);
+    if (!scenario.error.isEmpty()) {
+        return StartupFailure{exitstatus::noScenario, u"The scenario cannot be played: "_s + scenario.error};
+    }
+    if (!QDir().mkpath(m_commandLine.screenshots)) {
+        return StartupFailure{exitstatus::noScenario, u"No folder for pictures: "_s + m_commandLine.screenshots};
+    }
+    m_player = std::make_unique<ScenarioPlayer>(scenario.steps, m_commandLine.screenshots, m_commandLine.dataFolder);
+    return std::nullopt;
+}
+
+int RegisterApplication::windowHeight() const
+{
+    const QSize size = m_commandLine.windowSize;
+    return size.isValid() ? size.height() : QGuiApplication::primaryScreen()->availableSize().height();
+}
+
+void RegisterApplication::openWindow()
+{
+    Config* config = Singleton<Config>::get();
+    auto* controller = Singleton<ActionQueueController>::get();
+    auto* gui = Singleton<GraphicalUserInterface>::get();
+    gui->addFormCreator(QSharedPointer<RegisterFormCreator>::create());
+    Singleton<ActivityNotifier>::get()->subscribe(&m_longWork);
+
+    m_till = std::make_unique<Till>(m_commandLine.dataFolder);
+    m_commands = std::make_unique<RegisterCommands>(*m_till, m_catalogue);
+    m_commands->offer(*controller);
+    m_printer = std::make_unique<ReceiptPrinter>(m_commandLine.dataFolder, m_marks);
+    m_till->setPrinting([this](const Document& document) { m_printer->print(document); });
+    m_documentCommands = std::make_unique<DocumentCommands>(*m_till, *m_printer, m_marks);
+    m_documentCommands->offer(*controller);
+    m_menuCommands = std::make_unique<MenuCommands>(*m_till, configuredMenuEntries(*config));
+    m_menuCommands->offer(*controller);
+    m_window = std::make_unique<RegisterWindow>(*m_till, m_marks, configuredFunctionKeys(*config), m_longWork,
+                                                config->getString(u"Register:unlockCode"_s));
+    gui->setStage(m_window.get());
+    if (m_commandLine.windowSize.isValid()) {
+        m_window->resize(m_commandLine.windowSize);
+        m_window->show();
+    } else {
+        m_window->showMaximized();
+    }
+    m_window->activateWindow(); // without a window manager nobody else gives it the keyboard
+}
+
+void RegisterApplication::resumeWork()
+{
+    if (m_player) {
+        m_player->start(); // first, since what follows may show messages
+    }
+    m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
+    showPlugins();
+    m_till->restore(std::exchange(m_savedDocument, {}));
+    if (m_till->document()) {
+        m_window->statusLine().showWarning(documentwords::restored(*m_till->document()));
+    }
+    m_printer->printInterrupted(m_till->archive());
+    try {
+        m_catalogue.check();
+    } catch (const BasicException& unreadable) {
+        Dialog::create()->showMessage(unreadable.tr(), Dialog::Error, 1, 0);
+    }
+    auto* locker = Singleton<InactivityLocker>::get();
+    QObject::connect(locker, &InactivityLocker::lock, m_window.get(), &RegisterWindow::lock);
+    locker->start();
+}
+
+void RegisterApplication::showPlugins()
+{
+    const QStringList active = m_plugins.active();
+    const QString text = active.isEmpty()
+                             ? tr::Tr(u"pluginsNone"_s, u"Модулей нет"_s).ui()
+                             : tr::Tr(u"pluginsActive"_s, u"Модулей: %1"_s).arg(QString::number(active.size())).ui();
+    m_window->statusLine().showPlugins(text, active.join(u'\n'));
+    if (!m_plugins.problems().isEmpty()) {
+        m_window->statusLine().showMessage(
+            tr::Tr(u"pluginProblems"_s, u"Модуль не подключён: %1"_s).arg(m_plugins.problems().join(u"; "_s)).ui());
+    }
+}

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "commandline.h"
+#include "documentcommands.h"
+#include "goodscatalogue.h"
+#include "longwork.h"
+#include "menucommands.h"
+#include "messagecatalogues.h"
+#include "pluginhost.h"
+#include "positionmarks.h"
+#include "receiptprinter.h"
+#include "registercommands.h"
+#include "registerwindow.h"
+#include "scenarioplayer.h"
+#include "startupfailure.h"
+#include "till.h"
+
+#include <QLockFile>
+
+#include <memory>
+#include <optional>
+
+/// The register from start to end: configuration, data folder, plug-ins, window, the document that was open.
+class RegisterApplication
+{
+public:
+    explicit RegisterApplication(const CommandLine& commandLine);
+    ~RegisterApplication();
+    RegisterApplication(const RegisterApplication&) = delete;
+    RegisterApplication& operator=(const RegisterApplication&) = delete;
+
+    /// Makes everything ready; the window is open when it returns nothing.
+    std::optional<StartupFailure> start();
+    /// Runs the event loop until the window is closed, or the scenario has been played. @return the exit status
+    int run();
+
+private:
+    std::optional<StartupFailure> readConfiguration();
+    std::optional<StartupFailure> takeDataFolder();
+    std::optional<StartupFailure> readOpenDocument();
+    void configureThisRun();
+    std::optional<StartupFailure> readScenario();
+    int windowHeight() const;
+    void openWindow();
+    void resumeWork();
+    void showPlugins();
+
+    CommandLine m_commandLine;
+    std::unique_ptr<QLockFile> m_lockFile;
+    OpenDocumentFile::Loaded m_savedDocument;
+    MessageCatalogues m_messages;
+    GoodsCatalogue m_catalogue;
+    LongWork m_longWork;
+    PositionMarks m_marks;
+    PluginHost m_plugins;
+    std::unique_ptr<Till> m_till;
+    std::unique_ptr<ReceiptPrinter> m_printer;
+    std::unique_ptr<RegisterCommands> m_commands;
+    std::unique_ptr<DocumentCommands> m_documentCommands;
+    std::unique_ptr<MenuCommands> m_menuCommands;
+    std::unique_ptr<RegisterWindow> m_window;
+    std::unique_ptr<ScenarioPlayer> m_player;
+};

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "actionqueuecontroller.h"
+#include "receiptprinter.h"
+#include "till.h"
+
+#include <QSharedPointer>
+
+#include <functional>
+
+/// What the register does with documents that are not open: resuming, returning, voiding, printing again.
+class DocumentCommands
+{
+public:
+    /// @param till, printer, marks not owned
+    DocumentCommands(Till& till, const ReceiptPrinter& printer, const PositionMarks& marks);
+
+    /// Makes the register handle its actions. The object has to outlive the controller's use of them.
+    void offer(ActionQueueController& controller);
+
+private:
+    EContext::Result suspend();
+    EContext::Result showDocuments();
+    EContext::Result returnSale(const control::Action& action);
+    EContext::Result voidByNumber(const control::Action& action);
+    EContext::Result voidFrame(const control::Action& action, const std::function<EContext::Result()>& course);
+
+    bool showIfDocumentIsOpen() const;
+    EContext::Result resume(int number);
+    EContext::Result voidDocument(const QSharedPointer<Document>& document);
+    /// What the cashier is told of it; empty when it failed, which has been told.
+    QString print(const Document& document) const;
+    bool canVoid(const Document& document) const;
+
+    Till& m_till;
+    const ReceiptPrinter& m_printer;
+    const PositionMarks& m_marks;
+};

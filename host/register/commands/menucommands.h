@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "actionqueuecontroller.h"
+#include "functionkey.h"
+#include "till.h"
+
+#include <QList>
+#include <QString>
+
+/// The menu: the commands that have no key of their own.
+class MenuCommands
+{
+public:
+    /// @param till not owned
+    MenuCommands(const Till& till, const QList<FunctionKey>& entries);
+
+    /// Makes the register handle its action. The object has to outlive the controller's use of it.
+    void offer(ActionQueueController& controller);
+
+private:
+    EContext::Result showMenu(const control::Action& action);
+    QString obstacle(const FunctionKey& entry) const;
+
+    const Till& m_till;
+    QList<FunctionKey> m_entries;
+};

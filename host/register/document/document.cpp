@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+#include "document.h"
+
+#include "savedmember.h"
+
+#include <QJsonArray>
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+using StateWord = std::pair<Document::State, const char*>;
+
+constexpr std::array<StateWord, 5> stateWords{{
+    {Document::State::Open, "open"},
+    {Document::State::Suspended, "putAside"},
+    {Document::State::Closed, "closed"},
+    {Document::State::Cancelled, "cancelled"},
+    {Document::State::Voided, "annulled"},
+}};
+
+QString word(Document::State state)
+{
+    const auto* found = std::find_if(stateWords.begin(), stateWords.end(),
+                                     [state](const StateWord& candidate) { return candidate.first == state; });
+    return QString::fromLatin1(found->second);
+}
+
+Document::State readState(const QJsonObject& saved)
+{
+    if (!saved.contains("state"_L1)) {
+        return Document::State::Open;
+    }
+    const QString wanted = savedmember::text(saved, u"state"_s);
+    const auto* found = std::find_if(stateWords.begin(), stateWords.end(), [&wanted](const StateWord& candidate) {
+        return wanted == QLatin1StringView(candidate.second);
+    });
+    if (found == stateWords.end()) {
+        savedmember::refuse(u"state"_s);
+    }
+    return found->first;
+}
+
+AbstractDocument::Type readType(const QJsonObject& saved)
+{
+    const int type = savedmember::positiveInteger(saved, u"type"_s);
+    if (type != AbstractDocument::Sale && type != AbstractDocument::Return) {
+        savedmember::refuse(u"type"_s);
+    }
+    return static_cast<AbstractDocument::Type>(type);
+}
+
+QDateTime readTime(const QJsonObject& saved, const QString& name)
+{
+    QDateTime time = QDateTime::fromString(savedmember::text(saved, name), Qt::ISODate);
+    if (!time.isValid() || time.date().year() > 9999) // 24:00 on the last day that can be written down
+    {
+        savedmember::refuse(name);
+    }
+    return time;
+}
+
+void insertTime(QJsonObject& saved, const QString& name, const QDateTime& time)
+{
+    if (time.isValid()) {
+        saved.insert(name, time.toString(Qt::ISODate));
+    }
+}
+
+double roubles(Kopecks amount)
+{
+    return double(amount) / 100.0;
+}
+
+} // namespace
+
+Document::Document(int number, const QDateTime& opened)
+    : m_number(number)
+    , m_opened(opened)
+{
+}
+
+QSharedPointer<Document> Document::returnOf(const Document& sale, int number, const QDateTime& opened)
+{
+    auto document = QSharedPointer<Document>::create(number, opened);
+    document->m_type = Return;
+    document->m_returnedSale = sale.getNumber();
+    document->readPositions(sale.toJson());
+    document->readPluginValues(sale.toJson());
+    return document;
+}
+
+QList<QSharedPointer<GoodsItem>> Document::getPositions() const
+{
+    return {m_positions.cbegin(), m_positions.cend()};
+}
+
+QSharedPointer<Position> Document::position(int number) const
+{
+    return getPosition(number).staticCast<Position>();
+}
+
+bool Document::isClosed() const
+{
+    return hasEnded() && !m_beingVoided;
+}
+
+QString Document::fileName() const
+{
+    const QString file = u"%1.json"_s.arg(m_number, 8, 10, QChar(u'0'));
+    switch (m_ending.state) {
+    case State::Open:
+        return AbstractDocument::fileName();
+    case State::Suspended:
+        return u"putaside/"_s + file;
+    default:
+        return u"finished/"_s + file;
+    }
+}
+
+Kopecks Document::getSum() const
+{
+    return std::accumulate(m_positions.cbegin(), m_positions.cend(), Kopecks(0),
+                           [](Kopecks sum, const auto& position) { return sum + position->getSum(); });
+}
+
+QSharedPointer<Position> Document::add(GoodsItem::Goods goods, const QString& barcode)
+{
+    goods.number = m_nextPosition++;
+    m_positions.append(QSharedPointer<Position>::create(goods, barcode));
+    return m_positions.last();
+}
+
+void Document::remove(int number)
+{
+    m_positions.removeIf([number](const auto& position) { return position->getNumber() == number; });
+}
+
+void Document::takeOverPluginData(const Document& other)
+{
+    for (const QSharedPointer<Position>& source : other.m_positions) {
+        const QSharedPointer<Position> target = position(source->getNumber());
+        if (!target) {
+            continue;
+        }
+        target->setExtendedOptions(source->getExtendedOptions());
+        target->setSoftCheckId(source->getSoftCheckId());
+        for (const QString& tag : source->getTags()) {
+            target->setTag(tag);
+        }
+    }
+}
+
+QJsonObject Document::toJson() const
+{
+    QJsonObject saved = AbstractDocument::toJson();
+    saved.insert(u"closed"_s, hasEnded());
+    saved.insert(u"number"_s, m_number);
+    saved.insert(u"opened"_s, m_opened.toString(Qt::ISODate));
+    saved.insert(u"nextPosition"_s, m_nextPosition);
+    saved.insert(u"sum"_s, roubles(getSum()));
+    saved.insert(u"state"_s, word(m_ending.state));
+    insertTime(saved, u"finished"_s, m_ending.finished);
+    insertTime(saved, u"annulled"_s, m_ending.voided);
+    if (m_ending.state == State::Closed || m_ending.received != 0) {
+        saved.insert(u"received"_s, roubles(m_ending.received));
+    }
+    if (m_returnedSale > 0) {
+        saved.insert(u"takesBack"_s, m_returnedSale);
+    }
+    if (m_returnedBy > 0) {
+        saved.insert(u"takenBackBy"_s, m_returnedBy);
+    }
+    return saved;
+}
+
+QSharedPointer<Document> Document::fromJson(const QJsonObject& saved)
+{
+    if (savedmember::positiveInteger(saved, u"format"_s) != formatVersion) {
+        savedmember::refuse(u"format"_s);
+    }
+
+    auto document = QSharedPointer<Document>::create(savedmember::positiveInteger(saved, u"number"_s),
+                                                     readTime(saved, u"opened"_s));
+    document->m_type = readType(saved);
+    Ending& ending = document->m_ending;
+    ending.state = readState(saved);
+    if (document->hasEnded()) {
+        ending.finished = readTime(saved, u"finished"_s);
+    }
+    if (ending.state == State::Voided) {
+        ending.voided = readTime(saved, u"annulled"_s);
+    }
+    if (ending.state == State::Closed || saved.contains("received"_L1)) {
+        ending.received = kopecks(savedmember::number(saved, u"received"_s));
+    }
+    if (document->isReturn()) {
+        document->m_returnedSale = savedmember::positiveInteger(saved, u"takesBack"_s);
+    }
+    if (saved.contains("takenBackBy"_L1)) {
+        document->m_returnedBy = savedmember::positiveInteger(saved, u"takenBackBy"_s);
+    }
+    document->readPositions(saved);
+    document->readPluginValues(saved);
+    return document;
+}
+
+void Document::readPositions(const QJsonObject& saved)
+{
+    for (const auto value : savedmember::list(saved, u"positions"_s)) {
+        const auto position = Position::fromJson(value.toObject());
+        if (this->position(position->getNumber())) {
+            savedmember::refuse(u"number"_s);
+        }
+        m_positions.append(position);
+        m_nextPosition = std::max(m_nextPosition, position->getNumber() + 1);
+    }
+    m_nextPosition = std::max(m_nextPosition, savedmember::positiveInteger(saved, u"nextPosition"_s));
+}
+
+void Document::readPluginValues(const QJsonObject& saved)
+{
+    const QJsonObject plugins = savedmember::object(saved, u"plugins"_s);
+    for (auto plugin = plugins.begin(); plugin != plugins.end(); ++plugin) {
+        const QVariantMap values = plugin.value().toObject().toVariantMap();
+        for (auto value = values.cbegin(); value != values.cend(); ++value) {
+            setPluginValue(plugin.key(), value.key(), value.value());
+        }
+    }
+}

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "documentwords.h"
+
+#include "tr.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+tr::Tr closing(const Document& document)
+{
+    if (document.isReturn()) {
+        return tr::Tr(u"takeBackClosed"_s, u"Возврат № %1 закрыт. Выдано покупателю %2"_s)
+            .arg(QString::number(document.getNumber()))
+            .arg(amountText(document.getReceived()));
+    }
+    return tr::Tr(u"receiptClosed"_s, u"Чек № %1 закрыт. Сдача %2"_s)
+        .arg(QString::number(document.getNumber()))
+        .arg(amountText(document.getChange()));
+}
+
+tr::Tr cancellation(const Document& document)
+{
+    return (document.isReturn() ? tr::Tr(u"takeBackCancelled"_s, u"Возврат № %1 отменён"_s)
+                                : tr::Tr(u"receiptCancelled"_s, u"Чек № %1 отменён"_s))
+        .arg(QString::number(document.getNumber()));
+}
+
+tr::Tr closedState(const Document& document, bool returned)
+{
+    if (document.isReturn()) {
+        return tr::Tr(u"documentTakeBack"_s, u"Возврат чека № %1"_s).arg(QString::number(document.getReturnedSale()));
+    }
+    if (returned) {
+        return tr::Tr(u"documentTakenBack"_s, u"Продажа, возвращена документом № %1"_s)
+            .arg(QString::number(document.getReturnedBy()));
+    }
+    return {u"documentSale"_s, u"Продажа"_s};
+}
+
+tr::Tr stateWord(const Document& document, bool returned)
+{
+    switch (document.getState()) {
+    case Document::State::Open:
+        return {u"documentOpen"_s, u"Открыт"_s};
+    case Document::State::Suspended:
+        return {u"documentPutAside"_s, u"Отложен"_s};
+    case Document::State::Closed:
+        return closedState(document, returned);
+    case Document::State::Cancelled:
+        return document.isReturn() ? tr::Tr(u"documentTakeBackCancelled"_s, u"Возврат отменён"_s)
+                                   : tr::Tr(u"documentCancelled"_s, u"Отменён"_s);
+    case Document::State::Voided:
+        return {u"documentAnnulled"_s, u"Аннулирован"_s};
+    }
+    return {};
+}
+
+} // namespace
+
+namespace documentwords
+{
+
+QString title(const Document& document)
+{
+    const QString number = QString::number(document.getNumber());
+    if (document.isReturn()) {
+        return tr::Tr(u"takeBackNumber"_s, u"Возврат № %1 (чек № %2)"_s)
+            .arg(number)
+            .arg(QString::number(document.getReturnedSale()))
+            .ui();
+    }
+    return tr::Tr(u"receiptNumber"_s, u"Чек № %1"_s).arg(number).ui();
+}
+
+QString state(const Document& document, bool returned)
+{
+    return stateWord(document, returned).ui();
+}
+
+QString ending(const Document& document)
+{
+    switch (document.getState()) {
+    case Document::State::Closed:
+        return closing(document).ui();
+    case Document::State::Cancelled:
+        return cancellation(document).ui();
+    case Document::State::Suspended:
+        return tr::Tr(u"receiptPutAside"_s, u"Чек № %1 отложен"_s).arg(QString::number(document.getNumber())).ui();
+    default:
+        return {};
+    }
+}
+
+QString voiding(const Document& document, Document::State before)
+{
+    const QString number = QString::number(document.getNumber());
+    if (before == Document::State::Suspended) {
+        return tr::Tr(u"putAsideAnnulled"_s, u"Отложенный чек № %1 аннулирован"_s).arg(number).ui();
+    }
+    if (document.getSum() == 0) {
+        return tr::Tr(u"saleWithoutMoneyAnnulled"_s, u"Чек № %1 аннулирован"_s).arg(number).ui();
+    }
+    return tr::Tr(u"saleAnnulled"_s, u"Чек № %1 аннулирован. Верните покупателю %2"_s)
+        .arg(number)
+        .arg(amountText(document.getSum()))
+        .ui();
+}
+
+QString restored(const Document& document)
+{
+    return (document.isReturn()
+                ? tr::Tr(u"takeBackRestored"_s,
+                         u"Возврат № %1 восстановлен после перезапуска. Проверьте позиции и продолжайте."_s)
+                : tr::Tr(u"receiptRestored"_s,
+                         u"Чек № %1 восстановлен после перезапуска. Проверьте позиции и продолжайте."_s))
+        .arg(QString::number(document.getNumber()))
+        .ui();
+}
+
+} // namespace documentwords

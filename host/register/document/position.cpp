@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "position.h"
+
+#include "savedmember.h"
+
+using namespace Qt::StringLiterals;
+
+Position::Position(const Goods& goods, const QString& barcode)
+    : GoodsItem(goods)
+    , m_barcode(barcode)
+{
+}
+
+void Position::setPrice(double price)
+{
+    if (!m_initialPrice && kopecks(price) != kopecks(getPrice())) {
+        m_initialPrice = getPrice();
+    }
+    GoodsItem::setPrice(price);
+}
+
+QJsonObject Position::toJson() const
+{
+    QJsonObject saved = GoodsItem::toJson();
+    saved.insert(u"barcode"_s, m_barcode);
+    if (m_initialPrice) {
+        saved.insert(u"initialPrice"_s, *m_initialPrice);
+    }
+    return saved;
+}
+
+QSharedPointer<Position> Position::fromJson(const QJsonObject& saved)
+{
+    const Goods goods{
+        .number = savedmember::positiveInteger(saved, u"number"_s),
+        .name = savedmember::text(saved, u"name"_s),
+        .price = savedmember::number(saved, u"price"_s),
+        .minRetailPrice = savedmember::number(saved, u"minRetailPrice"_s),
+        .tmcPrice = savedmember::number(saved, u"tmcPrice"_s),
+        .quantity = savedmember::number(saved, u"quantity"_s),
+    };
+    auto position = QSharedPointer<Position>::create(goods, saved.value("barcode"_L1).toString());
+    for (const auto tag : savedmember::list(saved, u"tags"_s)) {
+        position->setTag(tag.toString());
+    }
+    position->setExtendedOptions(savedmember::text(saved, u"extendedOptions"_s));
+    position->setSoftCheckId(savedmember::text(saved, u"softCheckId"_s));
+    if (saved.contains("initialPrice"_L1)) {
+        position->m_initialPrice = savedmember::number(saved, u"initialPrice"_s);
+    }
+    return position;
+}

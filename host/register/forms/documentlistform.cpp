@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: MIT
+#include "documentlistform.h"
+
+#include "actionqueuecontroller.h"
+#include "dialogeventfilter.h"
+#include "formanswer.h"
+#include "registerstyle.h"
+#include "stoppedaction.h"
+#include "tallokeyboard.h"
+#include "tallolineedit.h"
+#include "tallotableview.h"
+
+#include <QItemSelectionModel>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+
+using namespace Qt::StringLiterals;
+
+DocumentListForm::DocumentListForm(const DocumentListParams& params, QObject* parent)
+    : BasicForm(parent)
+    , m_params(params)
+    , m_positions(*params.marks)
+{
+    setContextCode(EContext::StoredDocuments); // plug-ins void what belongs to a document in this context
+    loadUI(u"documentlist.ui"_s);
+    if (!isTouchMode()) {
+        deleteWidgets({u"scrollButtonsNavigationBar"_s, u"navigationBar"_s});
+    }
+    m_table = findWidget<TalloTableView>(u"documentTable"_s);
+    m_positionsTable = findWidget<TalloTableView>(u"positionsTable"_s);
+    m_filter = findWidget<TalloLineEdit>(u"filterLineEdit"_s);
+    m_hint = findWidget<QLabel>(u"hintLabel"_s);
+    m_resume = findWidget<QPushButton>(u"takeUpButton"_s);
+    m_return = findWidget<QPushButton>(u"takeBackButton"_s);
+    m_void = findWidget<QPushButton>(u"annulButton"_s);
+    m_print = findWidget<QPushButton>(u"printButton"_s);
+
+    findWidget<QLabel>(u"titleLabel"_s)->setText(tr::Tr(u"documentsTitle"_s, u"Документы"_s).ui());
+    setUpTables();
+    setUpButtons();
+    nameControls();
+
+    auto* keys = new DialogEventFilter(this);
+    keys->setTableView(m_table);
+    keys->setLineEdit(m_filter);
+    connect(keys, &DialogEventFilter::ok, this, &DocumentListForm::confirm);
+    connect(keys, &DialogEventFilter::cancel, this, &DocumentListForm::leave);
+    rootWidget()->installEventFilter(keys);
+    connect(m_filter, &QLineEdit::textChanged, this, &DocumentListForm::filter);
+    connect(Singleton<ActionQueueController>::get(), &ActionQueueController::stopped, this,
+            &DocumentListForm::rememberStop);
+    load();
+}
+
+void DocumentListForm::setUpTables()
+{
+    m_filtered.setSourceModel(&m_documents);
+    m_table->setModel(&m_filtered);
+    m_table->setColumns({
+        u"number;;80;true;130"_s,
+        u"state;;-1;true;129"_s,
+        u"time;;-2;true;129"_s,
+        u"positions;;-2;true;130"_s,
+        u"sum;;-2;true;130"_s,
+        u"searchText;;0;false;129"_s,
+    });
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &DocumentListForm::showCurrent);
+
+    m_positionsTable->setModel(&m_positions);
+    m_positionsTable->setFocusPolicy(Qt::NoFocus);
+    m_positionsTable->setSelectionMode(QAbstractItemView::NoSelection);
+    m_positionsTable->setColumns({
+        u"number;;40;true;130"_s,
+        u"name;;-1;true;129"_s,
+        u"mark;;-2;true;132"_s,
+        u"quantity;;-2;true;130"_s,
+        u"initialPrice;;0;false;130"_s,
+        u"price;;0;false;130"_s,
+        u"sum;;104;true;130"_s,
+        u"state;;-2;true;129"_s,
+    });
+}
+
+void DocumentListForm::setUpButtons()
+{
+    struct Button {
+        QPushButton* button;
+        tr::Tr text;
+        QKeySequence shortcut;
+        void (DocumentListForm::*act)();
+    };
+    const Button buttons[] = {
+        {m_resume, {"documentsTakeUp", "Взять в работу"}, {}, &DocumentListForm::resume},
+        {m_return, {"documentsTakeBack", "Вернуть"}, Qt::Key_F7, &DocumentListForm::returnSale},
+        {m_void, {"documentsAnnul", "Аннулировать"}, Qt::Key_F8, &DocumentListForm::voidDocument},
+        {m_print, {"documentsPrint", "Печать копии"}, Qt::Key_F9, &DocumentListForm::print},
+        {findWidget<QPushButton>(u"cancelButton"_s), {"documentsCancel", "Назад"}, {}, &DocumentListForm::leave},
+    };
+    for (const Button& entry : buttons) {
+        const QString key = entry.shortcut.toString(QKeySequence::NativeText);
+        entry.button->setText(key.isEmpty() ? entry.text.ui() : key + u' ' + entry.text.ui());
+        entry.button->setAccessibleName(entry.text.ui());
+        connect(entry.button, &QPushButton::clicked, this, entry.act);
+        if (entry.shortcut.isEmpty()) {
+            continue;
+        }
+        // A button's own shortcut would click a moment later, perhaps when another document is the current one.
+        auto* pressed = new QShortcut(entry.shortcut, rootWidget());
+        pressed->setAutoRepeat(false);
+        connect(pressed, &QShortcut::activated, entry.button, &QPushButton::click);
+    }
+    if (auto* keyboard = findWidget<TalloKeyboard>(u"talloKeyboard"_s, false)) {
+        keyboard->setKeyboardLayouts(u"digits"_s);
+    }
+}
+
+void DocumentListForm::nameControls()
+{
+    m_filter->setPlaceholderText(tr::Tr(u"documentsFilterHint"_s, u"Номер, состояние или название товара"_s).ui());
+    setAccessibleNames({
+        {"filterLineEdit", {"documentsFilter", "Поиск документа"}},
+        {"documentTable", {"documentsTable", "Список документов"}},
+        {"positionsTable", {"documentsPositions", "Позиции документа"}},
+        {"pageUpButton", {"documentsPageUp", "На страницу вверх"}},
+        {"scrollUpButton", {"documentsUp", "Вверх"}},
+        {"scrollDownButton", {"documentsDown", "Вниз"}},
+        {"pageDownButton", {"documentsPageDown", "На страницу вниз"}},
+    });
+}
+
+void DocumentListForm::load()
+{
+    const int number = current() ? current()->getNumber() : 0;
+    m_documents.show(m_params.documents(), m_params.isReturned);
+    makeCurrent(number);
+    showCurrent();
+}
+
+void DocumentListForm::filter(const QString& text)
+{
+    const int number = current() ? current()->getNumber() : 0;
+    m_filtered.addFilter(DocumentTableModel::SearchText, text.trimmed(), ComplexFilterProxyModel::Contains);
+    makeCurrent(number);
+    showCurrent();
+}
+
+void DocumentListForm::showCurrent()
+{
+    const Pointer document = current();
+    const auto state = document ? document->getState() : Document::State::Open;
+    const bool isSuspended = state == Document::State::Suspended;
+    const bool isSale = state == Document::State::Closed && !document->isReturn() && !isCurrentReturned();
+    m_resume->setEnabled(isSuspended && m_params.openSale == 0);
+    m_return->setEnabled(isSale && m_params.openSale == 0);
+    m_void->setEnabled(isSuspended || isSale);
+    m_print->setEnabled(state == Document::State::Closed);
+    m_print->setToolTip(m_print->isEnabled() || !document ? QString() : printObstacle());
+
+    m_positions.refresh(document);
+    for (const auto column : {PositionTableModel::Mark, PositionTableModel::State}) {
+        m_positionsTable->setColumnHidden(column, m_positions.isEmpty(column));
+    }
+    showHint();
+}
+
+void DocumentListForm::showHint()
+{
+    const Pointer document = current();
+    if (m_documents.rowCount() == 0) {
+        showHint(tr::Tr(u"documentsNone"_s, u"Отложенных и завершённых документов нет."_s).ui(), "hint");
+    } else if (!document) {
+        showHint(tr::Tr(u"documentsNotFound"_s, u"Ничего не найдено. Измените строку поиска."_s).ui(), "error");
+    } else if (document->getNumber() == m_shown.document) {
+        showHint(m_shown.text, m_shown.textRole);
+    } else if (m_params.openSale != 0) {
+        showHint(tr::Tr(u"documentsReceiptOpen"_s,
+                        u"Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен."_s)
+                     .arg(QString::number(m_params.openSale))
+                     .ui(),
+                 "hint");
+    } else {
+        showHint(m_print->isEnabled() ? QString() : printObstacle(), "hint");
+    }
+}
+
+QString DocumentListForm::printObstacle()
+{
+    return tr::Tr(u"documentsPrintClosed"_s, u"Печатаются только закрытые документы, которые не аннулированы."_s).ui();
+}
+
+void DocumentListForm::showHint(const QString& text, const char* textRole)
+{
+    m_hint->setText(text);
+    m_hint->setVisible(!text.isEmpty());
+    setStyleProperty(*m_hint, u"textRole"_s, QLatin1StringView(textRole));
+}
+
+void DocumentListForm::rememberStop(const control::Action& action, EContext::Result result)
+{
+    if (result == EContext::NotFound || !current()) {
+        return; // the register shows a message
+    }
+    m_shown = {current()->getNumber(), stoppedaction::stopped(action).ui(), "waiting"};
+}
+
+DocumentListForm::Pointer DocumentListForm::current() const
+{
+    const QModelIndex index = m_filtered.mapToSource(m_table->currentIndex());
+    return index.isValid() ? m_documents.document(index.row()) : nullptr;
+}
+
+/// The first document when the wanted one is not shown.
+void DocumentListForm::makeCurrent(int number)
+{
+    const QModelIndex wanted =
+        m_filtered.mapFromSource(m_documents.index(m_documents.rowOf(number), DocumentTableModel::Number));
+    m_table->setCurrentIndex(wanted.isValid() ? wanted : m_filtered.index(0, DocumentTableModel::Number));
+}
+
+bool DocumentListForm::isCurrentReturned() const
+{
+    return m_documents.isReturned(m_filtered.mapToSource(m_table->currentIndex()).row());
+}
+
+/// Return does what harms nothing; what goes further has keys of its own.
+void DocumentListForm::confirm()
+{
+    if (m_resume->isEnabled()) {
+        resume();
+    }
+}
+
+void DocumentListForm::resume()
+{
+    answerForm(u"takeUp"_s, current()->getNumber());
+}
+
+void DocumentListForm::returnSale()
+{
+    answerForm(u"takeBack"_s, current()->getNumber());
+}
+
+void DocumentListForm::voidDocument()
+{
+    act(m_params.voidDocument);
+}
+
+void DocumentListForm::print()
+{
+    act(m_params.print);
+}
+
+/// What is told of the document before is dropped; a stoppedaction may take its place meanwhile.
+void DocumentListForm::act(const DocumentListParams::Act& act)
+{
+    m_shown = {};
+    const int number = current()->getNumber();
+    if (const QString done = act(current()); !done.isEmpty()) {
+        m_shown = {number, done, "hint"};
+    }
+    load();
+}
+
+void DocumentListForm::leave()
+{
+    emit dismissed();
+}

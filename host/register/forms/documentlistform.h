@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "action.h"
+#include "basicform.h"
+#include "complexfilterproxymodel.h"
+#include "documentlistparams.h"
+#include "documenttablemodel.h"
+#include "positiontablemodel.h"
+
+class QLabel;
+class QPushButton;
+class TalloLineEdit;
+class TalloTableView;
+
+/// The documents suspended and finished, with the positions of the current one and what can be done with it.
+class DocumentListForm : public BasicForm
+{
+    Q_OBJECT
+
+public:
+    explicit DocumentListForm(const DocumentListParams& params, QObject* parent = nullptr);
+
+private:
+    using Pointer = DocumentListParams::Pointer;
+
+    /// What became of the last act.
+    struct Shown {
+        int document = 0; ///< shown as long as this one is the current one; 0: none
+        QString text = {};
+        const char* textRole = "hint";
+    };
+
+    void setUpTables();
+    void setUpButtons();
+    void nameControls();
+    void load();
+    void filter(const QString& text);
+    void showCurrent();
+    void showHint();
+    void showHint(const QString& text, const char* textRole);
+    static QString printObstacle();
+    void rememberStop(const control::Action& action, EContext::Result result);
+
+    /// Null when the list is empty.
+    Pointer current() const;
+    void makeCurrent(int number);
+    bool isCurrentReturned() const;
+
+    void confirm();
+    void resume();
+    void returnSale();
+    void voidDocument();
+    void print();
+    void act(const DocumentListParams::Act& act);
+    void leave();
+
+    DocumentListParams m_params;
+    DocumentTableModel m_documents;
+    ComplexFilterProxyModel m_filtered;
+    PositionTableModel m_positions;
+    TalloTableView* m_table;
+    TalloTableView* m_positionsTable;
+    TalloLineEdit* m_filter;
+    QLabel* m_hint;
+    QPushButton* m_resume;
+    QPushButton* m_return;
+    QPushButton* m_void;
+    QPushButton* m_print;
+    Shown m_shown;
+};

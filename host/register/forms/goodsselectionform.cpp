@@ -1,0 +1,271 @@
+// SPDX-License-Identifier: MIT
+#include "goodsselectionform.h"
+
+#include "actionfactory.h"
+#include "actionqueuecontroller.h"
+#include "config.h"
+#include "dialogeventfilter.h"
+#include "registerstyle.h"
+#include "tallokeyboard.h"
+#include "tallolineedit.h"
+#include "tallotableview.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+
+#include <algorithm>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int mostPacks = 999;
+/// Room for what was searched for, in a hint, in pixels.
+constexpr int longestQuote = 240;
+} // namespace
+
+GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObject* parent)
+    : BasicForm(parent)
+    , m_goods(params.goods)
+    , m_scansIntoPacks(ScanRecognizer::configured())
+{
+    loadUI(u"goodsselection.ui"_s);
+    if (!isTouchMode()) {
+        deleteWidgets(
+            {u"quantityMinusButton"_s, u"quantityPlusButton"_s, u"scrollButtonsNavigationBar"_s, u"navigationBar"_s});
+    }
+    m_table = findWidget<TalloTableView>(u"goodsTable"_s);
+    m_filter = findWidget<TalloLineEdit>(u"filterLineEdit"_s);
+    m_packs = findWidget<TalloLineEdit>(u"quantityLineEdit"_s);
+    m_hint = findWidget<QLabel>(u"hintLabel"_s);
+
+    findWidget<QLabel>(u"titleLabel"_s)->setText(tr::Tr(u"goodsSelectionTitle"_s, u"Подбор товара"_s).ui());
+    auto* medicine = findWidget<QLabel>(u"medicineInfoLabel"_s);
+    medicine->setText(params.medicineInfo);
+    medicine->setVisible(!params.medicineInfo.isEmpty());
+
+    setUpTable();
+    setUpPacks();
+    setUpButtons();
+    nameControls();
+
+    auto* keys = new DialogEventFilter(this);
+    keys->setTableView(m_table);
+    keys->setLineEdit(m_filter);
+    connect(keys, &DialogEventFilter::ok, this, &GoodsSelectionForm::onChoose);
+    connect(keys, &DialogEventFilter::cancel, this, &GoodsSelectionForm::onCancel);
+    rootWidget()->installEventFilter(keys);
+
+    connect(m_filter, &QLineEdit::textChanged, this, &GoodsSelectionForm::onFilterChanged);
+    m_filter->setText(params.filter);
+    onFilterChanged(params.filter);
+    if (params.picked) {
+        offerPicked(*params.picked);
+    } else if (params.filter.isEmpty()) {
+        offerWanted(params.medicineInfo);
+    }
+}
+
+void GoodsSelectionForm::offerPicked(const SelectedGoods& picked)
+{
+    for (int row = 0; row < m_goods.rowCount(); ++row) {
+        if (m_goods.goods(row).code != picked.goods.code) {
+            continue;
+        }
+        makeCurrent(row);
+        m_packs->setText(QString::number(picked.packs));
+        return;
+    }
+}
+
+/// Makes the goods current that what they are for names: its parts stand between slashes, and a name of goods begins
+/// with the trade name and a comma. Only goods in stock are offered so.
+void GoodsSelectionForm::offerWanted(const QString& medicineInfo)
+{
+    for (const QString& part : medicineInfo.split(u'/', Qt::SkipEmptyParts)) {
+        for (int row = 0; row < m_goods.rowCount(); ++row) {
+            const CatalogueGoods& goods = m_goods.goods(row);
+            const QString tradeName = goods.name.section(u',', 0, 0).trimmed();
+            if (goods.isInStock() && tradeName.compare(part.trimmed(), Qt::CaseInsensitive) == 0) {
+                makeCurrent(row);
+                return;
+            }
+        }
+    }
+}
+
+void GoodsSelectionForm::makeCurrent(int row)
+{
+    m_table->setCurrentIndex(m_filtered.mapFromSource(m_goods.index(row, GoodsTableModel::Name)));
+}
+
+void GoodsSelectionForm::setUpTable()
+{
+    m_filtered.setSourceModel(&m_goods);
+    m_table->setModel(&m_filtered);
+    m_table->setColumns({
+        u"name;;-1;true;129"_s,
+        u"nonProprietaryName;;220;true;129"_s,
+        u"price;;140;true;130"_s,
+        u"stock;;110;true;130"_s,
+        u"searchText;;0;false;129"_s,
+    });
+}
+
+void GoodsSelectionForm::setUpPacks()
+{
+    m_packs->setText(u"1"_s);
+    m_packs->installEventFilter(this);
+    findWidget<QLabel>(u"quantityLabel"_s)->setText(tr::Tr(u"goodsSelectionPacks"_s, u"Упаковок:"_s).ui());
+    if (auto* fewer = findWidget<QPushButton>(u"quantityMinusButton"_s, false)) {
+        connect(fewer, &QPushButton::clicked, this, [this] { onAmountButton(-1); });
+    }
+    if (auto* more = findWidget<QPushButton>(u"quantityPlusButton"_s, false)) {
+        connect(more, &QPushButton::clicked, this, [this] { onAmountButton(+1); });
+    }
+}
+
+void GoodsSelectionForm::setUpButtons()
+{
+    auto* choose = findWidget<QPushButton>(u"okButton"_s);
+    choose->setText(tr::Tr(u"goodsSelectionOk"_s, u"Выбрать"_s).ui());
+    choose->setAccessibleName(choose->text());
+    connect(choose, &QPushButton::clicked, this, &GoodsSelectionForm::onChoose);
+    auto* cancel = findWidget<QPushButton>(u"cancelButton"_s);
+    cancel->setText(tr::Tr(u"goodsSelectionCancel"_s, u"Назад"_s).ui());
+    cancel->setAccessibleName(cancel->text());
+    connect(cancel, &QPushButton::clicked, this, &GoodsSelectionForm::onCancel);
+    if (auto* keyboard = findWidget<TalloKeyboard>(u"talloKeyboard"_s, false)) {
+        keyboard->setKeyboardLayouts(Singleton<Config>::get()->getString(u"Language:keyboardLayouts"_s, u"ru,en"_s));
+    }
+}
+
+void GoodsSelectionForm::nameControls()
+{
+    m_filter->setPlaceholderText(tr::Tr(u"goodsSelectionFilterHint"_s, u"Название, МНН или штрихкод"_s).ui());
+    setAccessibleNames({
+        {"filterLineEdit", {"goodsSelectionFilter", "Поиск товара"}},
+        {"quantityLineEdit", {"goodsSelectionPacksField", "Количество упаковок"}},
+        {"quantityMinusButton", {"goodsSelectionFewer", "На упаковку меньше"}},
+        {"quantityPlusButton", {"goodsSelectionMore", "На упаковку больше"}},
+        {"goodsTable", {"goodsSelectionTable", "Товары"}},
+        {"pageUpButton", {"goodsSelectionPageUp", "На страницу вверх"}},
+        {"scrollUpButton", {"goodsSelectionUp", "Вверх"}},
+        {"scrollDownButton", {"goodsSelectionDown", "Вниз"}},
+        {"pageDownButton", {"goodsSelectionPageDown", "На страницу вниз"}},
+    });
+}
+
+bool GoodsSelectionForm::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_packs && event->type() == QEvent::KeyPress && endsScanIntoPacks(*static_cast<QKeyEvent*>(event))) {
+        return true;
+    }
+    return BasicForm::eventFilter(watched, event);
+}
+
+/// A barcode is what to search for, never a number of packs. The cashier sees what was found before it is sold.
+bool GoodsSelectionForm::endsScanIntoPacks(const QKeyEvent& key)
+{
+    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
+        m_scansIntoPacks.key(key, m_packs->text());
+        return false;
+    }
+    const std::optional<ScanRecognizer::Scan> scan = m_scansIntoPacks.finish(key.timestamp());
+    if (!scan) {
+        return false;
+    }
+    m_packs->setText(scan->fieldBefore);
+    m_filter->setText(scan->text);
+    m_filter->setFocus();
+    m_filter->selectAll(); // the next scan takes its place
+    return true;
+}
+
+void GoodsSelectionForm::onChoose()
+{
+    const QModelIndex current = m_table->currentIndex();
+    if (!current.isValid()) {
+        showWhenNothingIsLeft();
+        m_filter->setFocus();
+        return;
+    }
+    const CatalogueGoods& goods = m_goods.goods(m_filtered.mapToSource(current).row());
+    if (!goods.isInStock()) {
+        showHint(tr::Tr(u"goodsSelectionOutOfStock"_s, u"Этого товара нет на остатке. Выберите другой."_s));
+        return;
+    }
+    const std::optional<int> packs = typedPacks();
+    if (!packs) {
+        showHint(tr::Tr(u"goodsSelectionPacksMissing"_s, u"Введите целое количество упаковок от 1 до %1."_s)
+                     .arg(QString::number(mostPacks)));
+        m_packs->setFocus();
+        m_packs->selectAll();
+        return;
+    }
+    if (*packs > goods.stock) {
+        showHint(tr::Tr(u"goodsSelectionStock"_s,
+                        u"На остатке %1 уп., запрошено %2. Уменьшите количество или выберите другой товар."_s)
+                     .arg(QString::number(goods.stock))
+                     .arg(QString::number(*packs)));
+        return;
+    }
+    answer(0, QVariant::fromValue(SelectedGoods{goods, *packs}));
+}
+
+/// A whole number only. The field holds whatever was typed: "1,5" with its comma dropped would be fifteen packs.
+std::optional<int> GoodsSelectionForm::typedPacks() const
+{
+    bool isWhole = false;
+    const int packs = m_packs->text().toInt(&isWhole);
+    return isWhole && packs >= 1 && packs <= mostPacks ? std::optional(packs) : std::nullopt;
+}
+
+void GoodsSelectionForm::onCancel()
+{
+    answer(-1, {});
+}
+
+void GoodsSelectionForm::onFilterChanged(const QString& text)
+{
+    m_filtered.addFilter(GoodsTableModel::SearchText, text.trimmed(), ComplexFilterProxyModel::Contains);
+    m_table->setCurrentIndex(m_filtered.index(0, GoodsTableModel::Name));
+    showWhenNothingIsLeft();
+}
+
+void GoodsSelectionForm::showWhenNothingIsLeft()
+{
+    const QString search = m_filter->text().trimmed();
+    const bool isNoneLeft = m_filtered.rowCount() == 0;
+    setStyleProperty(*findWidget<QPushButton>(u"okButton"_s), u"idle"_s, isNoneLeft);
+    if (!isNoneLeft) {
+        showHint({});
+    } else if (search.isEmpty()) {
+        showHint(tr::Tr(u"goodsSelectionNothing"_s, u"Нет товара для выбора. Вернитесь назад."_s));
+    } else {
+        showHint(tr::Tr(u"goodsSelectionNotFound"_s, u"По запросу «%1» ничего не найдено. Измените строку поиска."_s)
+                     .arg(m_hint->fontMetrics().elidedText(search, Qt::ElideRight, longestQuote)));
+    }
+}
+
+void GoodsSelectionForm::onAmountButton(int change)
+{
+    m_packs->setText(QString::number(std::clamp(m_packs->text().toInt() + change, 1, mostPacks)));
+}
+
+void GoodsSelectionForm::showHint(const tr::Tr& hint)
+{
+    m_hint->setText(hint.ui());
+}
+
+void GoodsSelectionForm::answer(int data, const QVariant& result)
+{
+    control::Action action = Singleton<control::ActionFactory>::get()->create(control::DialogAnswer);
+    action.appendArgument(data, u"data"_s);
+    if (result.isValid()) {
+        action.appendArgument(result, u"result"_s);
+    }
+    Singleton<ActionQueueController>::get()->enqueue(action, true);
+}

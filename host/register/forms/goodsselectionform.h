@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "basicform.h"
+#include "complexfilterproxymodel.h"
+#include "goodsselectionparams.h"
+#include "goodstablemodel.h"
+#include "scanrecognizer.h"
+
+#include <optional>
+
+class QKeyEvent;
+class QLabel;
+class TalloLineEdit;
+class TalloTableView;
+
+/// The list of goods with a filter, and the number of packs wanted.
+///
+/// Answers with "result", a SelectedGoods, and "data" 0; or with "data" -1 when the cashier leaves.
+class GoodsSelectionForm : public BasicForm
+{
+    Q_OBJECT
+
+public:
+    explicit GoodsSelectionForm(const GoodsSelectionParams& params, QObject* parent = nullptr);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private slots:
+    void onChoose();
+    void onCancel();
+    void onFilterChanged(const QString& text);
+    void onAmountButton(int change);
+
+private:
+    std::optional<int> typedPacks() const;
+    void setUpTable();
+    void setUpPacks();
+    void setUpButtons();
+    void nameControls();
+    void offerPicked(const SelectedGoods& picked);
+    void offerWanted(const QString& medicineInfo);
+    /// @param row of all goods, whatever the filter
+    void makeCurrent(int row);
+    /// True when the key, pressed in the field of packs, ended a scan.
+    bool endsScanIntoPacks(const QKeyEvent& key);
+    /// Tells when no goods are left to choose from, else takes the hint away.
+    void showWhenNothingIsLeft();
+    void showHint(const tr::Tr& hint);
+    void answer(int data, const QVariant& result);
+
+    GoodsTableModel m_goods;
+    ComplexFilterProxyModel m_filtered;
+    TalloTableView* m_table;
+    TalloLineEdit* m_filter;
+    TalloLineEdit* m_packs;
+    ScanRecognizer m_scansIntoPacks;
+    QLabel* m_hint;
+};

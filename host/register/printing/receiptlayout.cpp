@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include "receiptlayout.h"
+
+#include "config.h"
+#include "printedtext.h"
+#include "tr.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+using namespace Qt::StringLiterals;
+
+namespace receiptlayout
+{
+
+namespace
+{
+
+using Lines = QList<PrintedLine>;
+
+const QString indent(3, u' ');
+
+PrintedLine rule()
+{
+    return {QString(columns, u'-')};
+}
+
+Lines centred(const QString& text, bool isStrong = false)
+{
+    Lines lines;
+    for (const QString& line : printedtext::wrapped(text, columns)) {
+        lines.append({QString((columns - line.size()) / 2, u' ') + line, {}, isStrong});
+    }
+    return lines;
+}
+
+/// The text below `first`, which stands before its first line.
+Lines hanging(const QString& first, const QString& text)
+{
+    const QStringList wrapped = printedtext::wrapped(text, columns - int(first.size()));
+    Lines lines;
+    for (const QString& line : wrapped) {
+        lines.append({(lines.isEmpty() ? first : QString(first.size(), u' ')) + line});
+    }
+    return lines.isEmpty() ? Lines{{first.trimmed()}} : lines;
+}
+
+/// An amount beside its label, or below a label that leaves it no room.
+Lines amount(const QString& label, const QString& value, bool isStrong = false)
+{
+    if (label.size() + 1 + value.size() <= columns) {
+        return {{label, value, isStrong}};
+    }
+    return {{label, {}, isStrong}, {{}, value, isStrong}};
+}
+
+/// Printers know no blanks but the ordinary one.
+QString roubles(Kopecks amount)
+{
+    return amountText(amount).replace(QChar::Nbsp, u' ');
+}
+
+QString timeText(const QDateTime& time)
+{
+    return time.toString(u"dd.MM.yyyy HH:mm"_s);
+}
+
+QString packsText(double packs)
+{
+    return QString::number(packs).replace(u'.', u',');
+}
+
+Kopecks sumWithoutBenefit(const Position& position)
+{
+    return std::llround(double(kopecks(position.getInitialPrice())) * position.getQuantity());
+}
+
+/// What the customer saves because the price was lowered; 0 when it was not.
+Kopecks benefit(const Position& position)
+{
+    return std::max<Kopecks>(0, sumWithoutBenefit(position) - position.getSum());
+}
+
+Lines head()
+{
+    const Config* config = Singleton<Config>::get();
+    const QString taxpayer = config->getString(u"Register:taxpayerNumber"_s);
+    Lines lines = centred(config->getString(u"Register:pharmacyName"_s), true) +
+                  centred(config->getString(u"Register:pharmacyAddress"_s));
+    if (!taxpayer.isEmpty()) {
+        lines += centred(tr::Tr(u"printedTaxpayer"_s, u"ИНН %1"_s).arg(taxpayer).ui());
+    }
+    if (!lines.isEmpty()) {
+        lines.append(rule());
+    }
+    return lines;
+}
+
+Lines titleLines(const Document& document)
+{
+    Lines lines = centred(title(document), true) + centred(timeText(document.getFinished()));
+    lines.append(rule());
+    return lines;
+}
+
+Lines positionLines(const Position& position, const QStringList& tellings)
+{
+    const QString price = roubles(kopecks(position.getPrice()));
+    Lines lines =
+        hanging(u"%1. "_s.arg(position.getNumber()), position.getName()) +
+        amount(indent + packsText(position.getQuantity()) + u" × "_s + price + u" ="_s, roubles(position.getSum()));
+    if (const Kopecks saved = benefit(position); saved > 0) {
+        const tr::Tr full(u"printedSumWithoutBenefit"_s, u"Сумма без льготы"_s);
+        const tr::Tr label(u"printedBenefit"_s, u"Льгота"_s);
+        lines += amount(indent + full.ui(), roubles(sumWithoutBenefit(position)));
+        lines += amount(indent + label.ui(), u"−"_s + roubles(saved));
+    }
+    for (const QString& telling : tellings) {
+        lines += hanging(indent, telling);
+    }
+    return lines;
+}
+
+Lines totals(const Document& document)
+{
+    const auto& positions = document.positions();
+    const Kopecks saved = std::accumulate(positions.cbegin(), positions.cend(), Kopecks(0),
+                                          [](Kopecks sum, const auto& position) { return sum + benefit(*position); });
+    const auto labelled = [](const tr::Tr& label, Kopecks value) { return amount(label.ui(), roubles(value)); };
+
+    Lines lines = amount(tr::Tr(u"printedTotal"_s, u"ИТОГО"_s).ui(), roubles(document.getSum()), true);
+    if (saved > 0) {
+        lines += labelled({u"printedBenefitInAll"_s, u"Льгота всего"_s}, saved);
+    }
+    if (document.isReturn()) {
+        return lines + labelled({u"printedPaidOut"_s, u"Выдано"_s}, document.getReceived());
+    }
+    return lines + labelled({u"printedReceived"_s, u"Получено наличными"_s}, document.getReceived()) +
+           labelled({u"printedChange"_s, u"Сдача"_s}, document.getChange());
+}
+
+} // namespace
+
+QString title(const Document& document)
+{
+    const QString number = QString::number(document.getNumber());
+    if (!document.isReturn()) {
+        return tr::Tr(u"printedSale"_s, u"ЧЕК № %1"_s).arg(number).ui();
+    }
+    return tr::Tr(u"printedTakeBack"_s, u"ВОЗВРАТ № %1 по чеку № %2"_s)
+        .arg(number)
+        .arg(QString::number(document.getReturnedSale()))
+        .ui();
+}
+
+QList<PrintedLine> lines(const Document& document, const PositionMarks& marks)
+{
+    Lines lines = head() + titleLines(document);
+    for (const QSharedPointer<Position>& position : document.positions()) {
+        lines += positionLines(*position, marks.look(*position).receiptLines);
+    }
+    lines.append(rule());
+    return lines + totals(document);
+}
+
+QList<PrintedLine> copyLines(const Document& document, const PositionMarks& marks)
+{
+    return centred(tr::Tr(u"printedCopy"_s, u"КОПИЯ"_s).ui(), true) + lines(document, marks);
+}
+
+QString text(const QList<PrintedLine>& lines)
+{
+    QString text;
+    for (const PrintedLine& line : lines) {
+        text += line.left;
+        if (!line.right.isEmpty()) {
+            text += line.right.rightJustified(columns - line.left.size());
+        }
+        text += u'\n';
+    }
+    return text;
+}
+
+} // namespace receiptlayout

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "receiptprinter.h"
+
+#include "dialog.h"
+#include "receiptpdf.h"
+#include "wholefile.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Among so many finished documents is the one that was closed last: one that was suspended before keeps its number.
+constexpr int latestFinished = 100;
+
+/// Without what tells text from PDF.
+QString nameOf(const Document& document)
+{
+    return u"printed/%1"_s.arg(document.getNumber(), 8, 10, QChar(u'0'));
+}
+
+QString textFile(const QString& name)
+{
+    return name + u".txt"_s;
+}
+
+QString pdfFile(const QString& name)
+{
+    return name + u".pdf"_s;
+}
+
+void showFailure(const Document& document, const QString& failure)
+{
+    const QString number = QString::number(document.getNumber());
+    Log4Qt::LogManager::logger(u"register"_s)->error(u"Receipt "_s + number + u" was not printed: "_s + failure);
+    const tr::Tr message(u"receiptNotPrinted"_s,
+                         u"Чек № %1 не напечатан: %2\n"
+                         "Сам чек сохранён. Освободите место на диске или проверьте доступ к папке "
+                         "данных, затем напечатайте его из списка документов."_s);
+    Dialog::create()->showMessage(message.arg(number).arg(failure), Dialog::Error, 1, 0);
+}
+
+} // namespace
+
+ReceiptPrinter::ReceiptPrinter(const QString& dataFolder, const PositionMarks& marks)
+    : m_folder(dataFolder)
+    , m_marks(marks)
+{
+}
+
+bool ReceiptPrinter::print(const Document& document) const
+{
+    return write(document, nameOf(document), receiptlayout::lines(document, m_marks));
+}
+
+QString ReceiptPrinter::printAgain(const Document& document) const
+{
+    const QString original = nameOf(document);
+    if (!isPrinted(document)) {
+        return print(document) ? pdfFile(original) : QString();
+    }
+    const QString copy = original + u"-copy"_s;
+    return write(document, copy, receiptlayout::copyLines(document, m_marks)) ? pdfFile(copy) : QString();
+}
+
+bool ReceiptPrinter::write(const Document& document, const QString& name, const QList<PrintedLine>& lines) const
+{
+    QString failure = writeWholeFile(m_folder, textFile(name), receiptlayout::text(lines).toUtf8());
+    if (failure.isEmpty()) {
+        failure = writeWholeFile(m_folder, pdfFile(name), receiptPdf(lines, receiptlayout::title(document)));
+    }
+    if (failure.isEmpty()) {
+        return true;
+    }
+    showFailure(document, failure);
+    return false;
+}
+
+void ReceiptPrinter::printInterrupted(const DocumentArchive& archive) const
+{
+    QSharedPointer<Document> last;
+    for (const QSharedPointer<Document>& document : archive.latest(latestFinished)) {
+        if (document->getState() == Document::State::Closed &&
+            (!last || document->getFinished() > last->getFinished())) {
+            last = document;
+        }
+    }
+    if (last && !isPrinted(*last)) {
+        print(*last);
+    }
+}
+
+bool ReceiptPrinter::isPrinted(const Document& document) const
+{
+    const QDir folder(m_folder);
+    return QFileInfo::exists(folder.filePath(textFile(nameOf(document)))) &&
+           QFileInfo::exists(folder.filePath(pdfFile(nameOf(document))));
+}

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#include "documentarchive.h"
+
+#include "basicexception.h"
+#include "saveddocument.h"
+#include "savetofilelogic.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+const QString suspend = u"putaside"_s;
+const QString finished = u"finished"_s;
+
+QString fileOf(const QString& place, int number)
+{
+    return place + u"/%1.json"_s.arg(number, 8, 10, QChar(u'0'));
+}
+
+Log4Qt::Logger* log()
+{
+    return Log4Qt::LogManager::logger(u"register"_s);
+}
+
+} // namespace
+
+DocumentArchive::DocumentArchive(const QString& folder)
+    : m_folder(folder)
+{
+}
+
+bool DocumentArchive::move(const QSharedPointer<Document>& document, const Document::Ending& ending) const
+{
+    const QString formerFile = document->fileName();
+    const Document::Ending formerEnding = document->ending();
+    document->setEnding(ending);
+    const QString file = document->fileName();
+    const bool isSaved = save(document);
+    if (!isSaved) {
+        document->setEnding(formerEnding);
+    }
+    if (file != formerFile) {
+        removeFile(isSaved ? formerFile : file); // a failed save may have left its file when only syncing failed
+    }
+    return isSaved;
+}
+
+bool DocumentArchive::save(const QSharedPointer<Document>& document) const
+{
+    return SaveToFileLogic::create()->save(document, {});
+}
+
+QSharedPointer<Document> DocumentArchive::find(int number) const
+{
+    const auto document = read(finished, number);
+    return document ? document : read(suspend, number);
+}
+
+bool DocumentArchive::isFinished(int number) const
+{
+    return bool(read(finished, number));
+}
+
+QList<QSharedPointer<Document>> DocumentArchive::latest(int limit) const
+{
+    QList<QSharedPointer<Document>> documents;
+    const auto add = [this, &documents](const QString& place, const QList<int>& numbers) {
+        for (const int number : numbers) {
+            if (const auto document = read(place, number)) {
+                documents.append(document);
+            }
+        }
+    };
+    add(suspend, numbers(suspend));
+    QList<int> latestFinished = numbers(finished);
+    add(finished, latestFinished.mid(std::max<qsizetype>(0, latestFinished.size() - limit)));
+    std::sort(documents.begin(), documents.end(),
+              [](const auto& a, const auto& b) { return a->getNumber() > b->getNumber(); });
+    return documents;
+}
+
+int DocumentArchive::greatestNumber() const
+{
+    const QList<int> all = numbers(suspend) + numbers(finished);
+    return all.isEmpty() ? 0 : *std::max_element(all.cbegin(), all.cend());
+}
+
+bool DocumentArchive::isReturned(const Document& sale, const QSharedPointer<Document>& open) const
+{
+    const int taker = sale.getReturnedBy();
+    if (taker == 0) {
+        return false;
+    }
+    if (open && open->getNumber() == taker) {
+        return open->getReturnedSale() == sale.getNumber();
+    }
+    if (!QFileInfo::exists(QDir(m_folder).filePath(fileOf(finished, taker)))) {
+        return false;
+    }
+    const QSharedPointer<Document> document = read(finished, taker);
+    if (!document) {
+        return true; // damaged: rather refuse than pay out twice
+    }
+    return document->getReturnedSale() == sale.getNumber() && document->getState() == Document::State::Closed;
+}
+
+QSharedPointer<Document> DocumentArchive::tidyUp(const QSharedPointer<Document>& open) const
+{
+    const bool finishedMeanwhile = open && isFinished(open->getNumber());
+    if (finishedMeanwhile) {
+        removeFile(SaveToFileLogic::openDocumentFile);
+    }
+    for (const int number : numbers(suspend)) {
+        if (isFinished(number) || (open && number == open->getNumber())) {
+            removeFile(fileOf(suspend, number));
+        }
+    }
+    return finishedMeanwhile ? nullptr : open;
+}
+
+/// Ascending.
+QList<int> DocumentArchive::numbers(const QString& place) const
+{
+    QList<int> found;
+    const QStringList files = QDir(QDir(m_folder).filePath(place)).entryList({u"*.json"_s}, QDir::Files);
+    for (const QString& file : files) {
+        if (const int number = QFileInfo(file).completeBaseName().toInt();
+            number > 0 && fileOf(place, number).endsWith(u'/' + file)) {
+            found.append(number);
+        }
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+QSharedPointer<Document> DocumentArchive::read(const QString& place, int number) const
+{
+    const QString file = QDir(m_folder).filePath(fileOf(place, number));
+    if (!QFileInfo::exists(file)) {
+        return nullptr;
+    }
+    SavedDocument saved = SavedDocument::read(file);
+    if (saved.document && saved.document->fileName() != fileOf(place, number)) // it would be saved over another one
+    {
+        saved = {nullptr, u"it belongs in "_s + saved.document->fileName()};
+    }
+    if (!saved.document) {
+        log()->error(u"A saved document cannot be read: "_s + file + u": "_s + saved.damage);
+    }
+    return saved.document;
+}
+
+void DocumentArchive::removeFile(const QString& file) const
+{
+    QFile former(QDir(m_folder).filePath(file));
+    if (former.exists() && !former.remove()) {
+        log()->warn(u"A document's former file could not be removed: "_s + former.fileName() + u": "_s +
+                    former.errorString());
+    }
+}

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "documentnumbers.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <algorithm>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+DocumentNumbers::DocumentNumbers(const QString& folder)
+    : m_file(QDir(folder).filePath(u"lastreceiptnumber"_s))
+{
+}
+
+int DocumentNumbers::next()
+{
+    m_last = std::max(m_last, last()) + 1; // also when the file cannot be written
+    setLast(m_last);
+    return m_last;
+}
+
+void DocumentNumbers::pass(int number)
+{
+    m_last = std::max(m_last, number);
+    if (number > last()) {
+        setLast(number);
+    }
+}
+
+int DocumentNumbers::last() const
+{
+    QFile file(m_file);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return 0;
+    }
+    const int number = file.readAll().trimmed().toInt();
+    return number > 0 && number < std::numeric_limits<int>::max() ? number : 0;
+}
+
+void DocumentNumbers::setLast(int number)
+{
+    QSaveFile file(m_file);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(QByteArray::number(number)) < 0 ||
+        !file.commit()) {
+        Log4Qt::LogManager::logger(u"register"_s)
+            ->error(u"The last receipt number was not saved: "_s + file.errorString());
+    }
+}

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "opendocumentfile.h"
+
+#include "currenttime.h"
+#include "saveddocument.h"
+#include "savetofilelogic.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+/// Renames a file to a name that is not taken; empty when that failed.
+QString setAside(const QString& file)
+{
+    const QString stamp = CurrentTime::create()->current().toString(u"yyyyMMdd-hhmmss"_s);
+    const QString wanted = file + u".damaged-"_s + stamp;
+    QString target = wanted;
+    for (int copy = 2; QFileInfo::exists(target); ++copy) {
+        target = wanted + u'-' + QString::number(copy);
+    }
+    return QFile::rename(file, target) ? target : QString();
+}
+} // namespace
+
+OpenDocumentFile::OpenDocumentFile(const QString& folder)
+    : m_file(QDir(folder).filePath(SaveToFileLogic::openDocumentFile))
+{
+}
+
+bool OpenDocumentFile::save(const QSharedPointer<Document>& document) const
+{
+    return SaveToFileLogic::create()->save(document, {});
+}
+
+OpenDocumentFile::Loaded OpenDocumentFile::load() const
+{
+    if (!QFileInfo::exists(m_file)) {
+        return {};
+    }
+    const SavedDocument saved = SavedDocument::read(m_file);
+    if (saved.document) {
+        return {saved.document, {}, {}};
+    }
+    return {{}, saved.damage, setAside(m_file)};
+}

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "documenttablemodel.h"
+
+#include "documentwords.h"
+#include "registerstyle.h"
+#include "tr.h"
+
+#include <QBrush>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// The amber of what waits, as dark as text has to be.
+constexpr QRgb waitingText = qRgb(0x8a, 0x5a, 0x00);
+
+QString timeText(const QDateTime& time)
+{
+    return time.toString(u"dd.MM.yyyy hh:mm"_s);
+}
+
+/// Nothing comes of it any more.
+bool isVoid(const Document& document)
+{
+    return document.getState() == Document::State::Cancelled || document.getState() == Document::State::Voided;
+}
+
+} // namespace
+
+void DocumentTableModel::show(const QList<Pointer>& documents, const std::function<bool(const Document&)>& isReturned)
+{
+    beginResetModel();
+    m_rows.clear();
+    for (const Pointer& document : documents) {
+        m_rows.append({document, isReturned(*document)});
+    }
+    endResetModel();
+}
+
+int DocumentTableModel::rowOf(int number) const
+{
+    const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(),
+                                  [number](const Row& candidate) { return candidate.document->getNumber() == number; });
+    return row == m_rows.cend() ? -1 : int(row - m_rows.cbegin());
+}
+
+int DocumentTableModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(m_rows.size());
+}
+
+int DocumentTableModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant DocumentTableModel::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) {
+        return {};
+    }
+    const Row& row = m_rows.at(index.row());
+    const bool waits = row.document->getState() == Document::State::Suspended && index.column() == State;
+    switch (role) {
+    case Qt::DisplayRole:
+        return text(row, index.column());
+    case Qt::ToolTipRole:
+        return index.column() == Time ? times(*row.document) : QVariant();
+    case Qt::ForegroundRole:
+        if (waits) {
+            return QBrush(QColor(waitingText));
+        }
+        return isVoid(*row.document) ? QBrush(RegisterColours().mutedText) : QVariant();
+    default:
+        return {};
+    }
+}
+
+QVariant DocumentTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
+        return {};
+    }
+    switch (section) {
+    case Number:
+        return tr::Tr(u"documentColumnNumber"_s, u"№"_s).ui();
+    case State:
+        return tr::Tr(u"documentColumnState"_s, u"Документ"_s).ui();
+    case Time:
+        return tr::Tr(u"documentColumnTime"_s, u"Время"_s).ui();
+    case Positions:
+        return tr::Tr(u"documentColumnPositions"_s, u"Позиций"_s).ui();
+    case Sum:
+        return tr::Tr(u"documentColumnSum"_s, u"Сумма"_s).ui();
+    default:
+        return {};
+    }
+}
+
+QString DocumentTableModel::text(const Row& row, int column)
+{
+    const Document& document = *row.document;
+    switch (column) {
+    case Number:
+        return QString::number(document.getNumber());
+    case State:
+        return documentwords::state(document, row.isReturned);
+    case Time:
+        return timeText(document.getFinished().isValid() ? document.getFinished() : document.getOpened());
+    case Positions:
+        return QString::number(document.positions().size());
+    case Sum:
+        return amountText(document.getSum());
+    case SearchText:
+        return searchText(row);
+    default:
+        return {};
+    }
+}
+
+QString DocumentTableModel::times(const Document& document)
+{
+    QStringList times;
+    const auto add = [&times](const tr::Tr& what, const QDateTime& when) {
+        times.append(what.arg(timeText(when)).ui());
+    };
+    const QDateTime finished = document.getFinished();
+    const QDateTime voided = document.getVoided();
+    add({u"documentOpened"_s, u"Открыт %1"_s}, document.getOpened());
+    if (finished.isValid() && finished != voided) // else voiding it is what finished it
+    {
+        add({u"documentFinishedAt"_s, u"завершён %1"_s}, finished);
+    }
+    if (voided.isValid()) {
+        add({u"documentAnnulledAt"_s, u"аннулирован %1"_s}, voided);
+    }
+    return times.join(u", "_s);
+}
+
+QString DocumentTableModel::searchText(const Row& row)
+{
+    QStringList parts{text(row, Number), text(row, State)};
+    for (const auto& position : row.document->positions()) {
+        parts.append(position->getName());
+    }
+    return parts.join(u'\n');
+}

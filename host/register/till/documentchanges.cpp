@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "activitynotifier.h"
+#include "currenttime.h"
+#include "dialog.h"
+#include "till.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+QDateTime now()
+{
+    return CurrentTime::create()->current();
+}
+} // namespace
+
+void Till::restore(const OpenDocumentFile::Loaded& loaded)
+{
+    m_numbers.pass(m_archive.greatestNumber());
+    if (loaded.document) {
+        m_numbers.pass(loaded.document->getNumber());
+    }
+    const QSharedPointer<Document> open = m_archive.tidyUp(loaded.document);
+    if (!loaded.damage.isEmpty()) {
+        showDamage(loaded); // only now: while the message stands, a key pressed before may open a document
+    }
+    if (!open) {
+        return;
+    }
+    makeCurrent(open);
+    notifyRestored();
+}
+
+bool Till::close(Kopecks received)
+{
+    if (!m_document || received < m_document->getSum()) {
+        return false;
+    }
+    if (m_document->isReturn() && !writeBackToSale()) {
+        return false;
+    }
+    return end(Document::State::Closed, received, EActivityListener::DocumentClosed);
+}
+
+bool Till::cancel()
+{
+    if (!m_document || (m_document->isReturn() && !writeBackToSale())) {
+        return false;
+    }
+    return end(Document::State::Cancelled, 0, EActivityListener::DocumentCancelled);
+}
+
+bool Till::suspend()
+{
+    if (!m_document || m_document->isReturn() || !m_archive.move(m_document, {.state = Document::State::Suspended})) {
+        return false;
+    }
+    makeCurrent(nullptr);
+    emit changed();
+    return true;
+}
+
+bool Till::resume(const QSharedPointer<Document>& document)
+{
+    if (m_document || !document || document->getState() != Document::State::Suspended ||
+        !m_archive.move(document, {.state = Document::State::Open})) {
+        return false;
+    }
+    makeCurrent(document);
+    notifyRestored();
+    return true;
+}
+
+bool Till::returnSale(const QSharedPointer<Document>& sale)
+{
+    if (m_document || !sale || sale->getType() != AbstractDocument::Sale ||
+        sale->getState() != Document::State::Closed || m_archive.isReturned(*sale, nullptr)) {
+        return false;
+    }
+    const QSharedPointer<Document> document = Document::returnOf(*sale, m_numbers.next(), now());
+    // First the sale: a return that the sale does not know of could be opened twice.
+    sale->setReturnedBy(document->getNumber());
+    if (!m_archive.save(sale)) {
+        return false;
+    }
+    if (!m_store.save(document)) {
+        QFile::remove(m_store.file()); // it may stand there, only not synced
+        return false;
+    }
+    makeCurrent(document);
+    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::DocumentOpened));
+    emit changed();
+    return true;
+}
+
+bool Till::voidDocument(const QSharedPointer<Document>& document)
+{
+    const Document::State before = document->getState();
+    Document::Ending ending = document->ending();
+    ending.state = Document::State::Voided;
+    ending.voided = now();
+    if (!ending.finished.isValid()) {
+        ending.finished = ending.voided;
+    }
+    if (!m_archive.move(document, ending)) {
+        return false;
+    }
+    emit voided(*document, before);
+    return true;
+}
+
+bool Till::end(Document::State state, Kopecks received, EActivityListener::Event event)
+{
+    if (!m_archive.move(m_document, {.state = state, .finished = now(), .received = received})) {
+        return false;
+    }
+    if (state == Document::State::Closed && m_printing) {
+        m_printing(*m_document);
+    }
+    Singleton<ActivityNotifier>::get()->notify(Event(event));
+    makeCurrent(nullptr);
+    emit changed();
+    return true;
+}
+
+/// What plug-ins did with the positions of the return holds for the sale too, even when the document is
+/// given up afterwards.
+bool Till::writeBackToSale() const
+{
+    const QSharedPointer<Document> sale = m_archive.find(m_document->getReturnedSale());
+    if (!sale) {
+        return true; // nothing to keep in step
+    }
+    sale->takeOverPluginData(*m_document);
+    return m_archive.save(sale);
+}
+
+void Till::notifyRestored()
+{
+    Event restored(EActivityListener::DocumentRestored);
+    restored.addArgument(u"document"_s, QVariant::fromValue(m_document.staticCast<AbstractDocument>()));
+    Singleton<ActivityNotifier>::get()->notify(restored);
+    emit changed();
+}
+
+void Till::showDamage(const OpenDocumentFile::Loaded& loaded) const
+{
+    Log4Qt::LogManager::logger(u"register"_s)
+        ->error(u"The saved receipt is damaged: "_s + loaded.damage + u"; set aside as "_s + loaded.setAside);
+    Dialog::create()->showMessage(tr::Tr(u"savedReceiptDamaged"_s,
+                                         u"Сохранённый чек повреждён и не восстановлен: %1\nФайл отложен: %2\n"
+                                         "Сообщите администратору. Можно открыть новый чек."_s)
+                                      .arg(loaded.damage)
+                                      .arg(loaded.setAside),
+                                  Dialog::Error, 1, 0);
+}

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "till.h"
+
+#include "actionqueuecontroller.h"
+#include "activitynotifier.h"
+#include "currenttime.h"
+#include "documentwatcher.h"
+#include "finally.h"
+#include "loyaltysystemlayer.h"
+
+#include <utility>
+
+Till::Till(const QString& dataFolder, QObject* parent)
+    : QObject(parent)
+    , m_store(dataFolder)
+    , m_archive(dataFolder)
+    , m_numbers(dataFolder)
+{
+    Singleton<LoyaltySystemLayer>::get()->setRecalculation([this](AbstractDocument&) { emit changed(); });
+}
+
+Till::~Till()
+{
+    Singleton<LoyaltySystemLayer>::get()->setRecalculation({});
+}
+
+void Till::setPrinting(Printing printing)
+{
+    m_printing = std::move(printing);
+}
+
+void Till::open()
+{
+    if (m_document) {
+        return;
+    }
+    makeCurrent(QSharedPointer<Document>::create(m_numbers.next(), CurrentTime::create()->current()));
+    m_store.save(m_document);
+    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::DocumentOpened));
+    emit changed();
+}
+
+int Till::add(const SelectedGoods& selected)
+{
+    open();
+    if (m_document->isReturn()) {
+        return 0;
+    }
+    GoodsItem::Goods goods;
+    goods.name = selected.goods.name;
+    goods.price = selected.goods.price;
+    goods.minRetailPrice = selected.goods.minRetailPrice;
+    goods.tmcPrice = selected.goods.cataloguePrice;
+    goods.quantity = selected.packs;
+    const int number = m_document->add(goods, selected.goods.barcode)->getNumber();
+    recalculateAndSave();
+    return number;
+}
+
+void Till::setPacks(int positionNumber, int packs)
+{
+    const QSharedPointer<Position> position = m_document ? m_document->position(positionNumber) : nullptr;
+    if (!position || position->isExternal()) {
+        return;
+    }
+    position->setQuantity(packs);
+    recalculateAndSave();
+}
+
+void Till::remove(int positionNumber)
+{
+    if (!m_document) {
+        return;
+    }
+    m_document->remove(positionNumber);
+    recalculateAndSave();
+}
+
+void Till::setPhase(Phase phase)
+{
+    if (!m_document || phase == m_phase) {
+        return;
+    }
+    m_phase = phase;
+    emit changed();
+}
+
+void Till::withCurrentDocument(const QSharedPointer<AbstractDocument>& document, const std::function<void()>& work)
+{
+    DocumentWatcher::setCurrentDocument(document);
+    const Finally back([this] { DocumentWatcher::setCurrentDocument(m_document); });
+    work();
+}
+
+void Till::makeCurrent(const QSharedPointer<Document>& document)
+{
+    m_document = document;
+    m_phase = Phase::Positions;
+    DocumentWatcher::setCurrentDocument(document);
+    Singleton<ActionQueueController>::get()->setContext(document ? EContext::OpenDocument : EContext::Idle);
+}
+
+void Till::recalculateAndSave()
+{
+    m_phase = Phase::Positions;
+    Singleton<LoyaltySystemLayer>::get()->recalculate(m_document);
+    m_store.save(m_document);
+}

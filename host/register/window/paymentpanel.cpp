@@ -1,0 +1,281 @@
+// SPDX-License-Identifier: MIT
+#include "paymentpanel.h"
+
+#include "basicform.h"
+#include "inactivitylocker.h"
+#include "registerstyle.h"
+#include "tallokeyboard.h"
+#include "tallolineedit.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QVBoxLayout>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int spacing = 8;
+/// More digits than an amount has: a barcode is to be stopped as a whole, not to be cut to an amount.
+constexpr int longestInput = 40;
+
+/// Takes an amount of roubles as it is typed.
+class MoneyValidator : public QRegularExpressionValidator
+{
+public:
+    explicit MoneyValidator(QObject* parent)
+        : QRegularExpressionValidator(QRegularExpression(u"\\d*(?:[.,]\\d{0,2})?"_s), parent)
+    {
+    }
+
+    /// On a Russian keyboard the keys of comma and point type letters.
+    State validate(QString& input, int& position) const override
+    {
+        for (const QChar letter : {QChar(u'б'), QChar(u'ю')}) {
+            input.replace(letter, u'.', Qt::CaseInsensitive);
+        }
+        return QRegularExpressionValidator::validate(input, position);
+    }
+};
+
+QHBoxLayout* createRow()
+{
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(spacing);
+    return row;
+}
+
+} // namespace
+
+PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
+    : QWidget(parent)
+    , m_paymentKey(paymentKey)
+    , m_scans(ScanRecognizer::configured())
+    , m_caption(new QLabel(this))
+    , m_sumLabel(new QLabel(this))
+    , m_change(new QLabel(this))
+    , m_receivedCaption(new QLabel(this))
+    , m_received(new TalloLineEdit(this))
+    , m_back(new QPushButton(this))
+    , m_pay(new QPushButton(this))
+    , m_hint(new QLabel(this))
+    , m_keyboard(new TalloKeyboard(this))
+{
+    setObjectName(u"paymentPanel"_s);
+    createControls();
+    arrangeControls();
+    for (QWidget* keyReceiver :
+         {static_cast<QWidget*>(m_received), static_cast<QWidget*>(m_back), static_cast<QWidget*>(m_pay)}) {
+        keyReceiver->installEventFilter(this);
+    }
+    connect(m_received, &QLineEdit::textChanged, this, [this] { showChange(); });
+    connect(m_received, &QLineEdit::inputRejected, this, [this] {
+        showHint({u"paymentInputRefused"_s, u"Вводите только цифры и запятую, не больше двух цифр после неё."_s},
+                 "error");
+    });
+    connect(m_pay, &QPushButton::clicked, this, &PaymentPanel::confirmed);
+    connect(m_back, &QPushButton::clicked, this, &PaymentPanel::left);
+    connect(m_keyboard, &TalloKeyboard::keyPressed, Singleton<InactivityLocker>::get(), &InactivityLocker::resetTimer);
+}
+
+void PaymentPanel::createControls()
+{
+    m_caption->setObjectName(u"paymentCaptionLabel"_s);
+    m_sumLabel->setObjectName(u"paymentSumLabel"_s);
+    m_sumLabel->setProperty("textSize", u"sum"_s);
+    m_change->setObjectName(u"changeLabel"_s);
+    m_change->setProperty("textSize", u"amount"_s);
+    m_change->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+
+    m_receivedCaption->setObjectName(u"receivedCaptionLabel"_s);
+    m_receivedCaption->setText(tr::Tr(u"paymentReceived"_s, u"Получено:"_s).ui());
+    m_received->setObjectName(u"receivedLineEdit"_s);
+    m_received->setAccessibleName(tr::Tr(u"paymentReceivedField"_s, u"Получено от покупателя"_s).ui());
+    m_received->setNumeric(true);
+    m_received->setMaxLength(longestInput);
+    m_received->setValidator(new MoneyValidator(m_received));
+
+    m_back->setObjectName(u"backButton"_s);
+    m_back->setText(tr::Tr(u"paymentBack"_s, u"Назад"_s).ui());
+    m_back->setAccessibleName(m_back->text());
+    m_back->setAutoDefault(true);
+    m_pay->setObjectName(u"payButton"_s);
+    m_pay->setProperty("primary", true);
+    m_pay->setAccessibleName(tr::Tr(u"paymentGoOn"_s, u"К оплате"_s).ui());
+
+    m_hint->setObjectName(u"paymentHintLabel"_s);
+    m_hint->setWordWrap(true);
+
+    m_keyboard->setObjectName(u"paymentKeyboard"_s);
+    m_keyboard->setKeyboardLayouts(u"digits"_s);
+}
+
+void PaymentPanel::arrangeControls()
+{
+    auto* sums = createRow();
+    sums->addWidget(m_caption);
+    sums->addWidget(m_sumLabel);
+    sums->addStretch();
+    sums->addWidget(m_change);
+    auto* input = createRow();
+    input->addWidget(m_receivedCaption);
+    input->addWidget(m_received, 1);
+    input->addStretch();
+    input->addWidget(m_back);
+    input->addWidget(m_pay);
+
+    auto* column = new QVBoxLayout;
+    column->setSpacing(spacing);
+    column->addLayout(sums);
+    column->addLayout(input);
+    column->addWidget(m_hint);
+    column->addStretch();
+    auto* layout = createRow();
+    layout->addLayout(column, 5);
+    layout->addWidget(m_keyboard, 2);
+    setLayout(layout);
+}
+
+void PaymentPanel::showPhase(Till::Phase phase, const QSharedPointer<Document>& document)
+{
+    if (std::exchange(m_phase, phase) != phase) {
+        m_received->clear();
+    }
+    setVisible(phase != Till::Phase::Positions);
+    if (phase == Till::Phase::Positions) {
+        return;
+    }
+    m_sum = document->getSum();
+    m_sumLabel->setText(amountText(m_sum));
+    if (phase == Till::Phase::Subtotal) {
+        showSubtotal(document->isReturn());
+    } else if (document->isReturn()) {
+        showPayingOut();
+    } else {
+        showPayment();
+    }
+    m_sumLabel->setAccessibleName(m_caption->text());
+    m_pay->setAccessibleName(m_pay->text());
+
+    const bool takesMoney = phase == Till::Phase::Payment && !document->isReturn();
+    for (QWidget* control : {static_cast<QWidget*>(m_receivedCaption), static_cast<QWidget*>(m_received),
+                             static_cast<QWidget*>(m_change)}) {
+        control->setVisible(takesMoney);
+    }
+    m_keyboard->setVisible(takesMoney && BasicForm::isTouchMode());
+}
+
+QWidget* PaymentPanel::input() const
+{
+    return m_received->isVisibleTo(this) ? static_cast<QWidget*>(m_received) : m_pay;
+}
+
+QString PaymentPanel::received() const
+{
+    return m_received->text();
+}
+
+void PaymentPanel::showSubtotal(bool payingOut)
+{
+    m_caption->setText(tr::Tr(u"paymentSubtotal"_s, u"ПОДЫТОГ"_s).ui());
+    m_pay->setText(
+        (payingOut ? tr::Tr(u"paymentGoOnPayingOut"_s, u"К выплате"_s) : tr::Tr(u"paymentGoOn"_s, u"К оплате"_s)).ui());
+    showKeyHint(m_paymentKey.isEmpty()
+                    ? tr::Tr(u"paymentSubtotalHint"_s, u"Ввод — дальше, Esc — назад к позициям."_s)
+                    : tr::Tr(u"paymentSubtotalKeyHint"_s, u"%1 или Ввод — дальше, Esc — назад к позициям."_s)
+                          .arg(m_paymentKey));
+}
+
+void PaymentPanel::showPayment()
+{
+    m_caption->setText(tr::Tr(u"paymentDue"_s, u"К ОПЛАТЕ"_s).ui());
+    m_pay->setText(tr::Tr(u"paymentPay"_s, u"Закрыть чек"_s).ui());
+    m_received->setPlaceholderText(amountText(m_sum));
+    showChange();
+}
+
+void PaymentPanel::showPayingOut()
+{
+    m_caption->setText(tr::Tr(u"paymentPayOut"_s, u"К ВОЗВРАТУ"_s).ui());
+    m_pay->setText(tr::Tr(u"paymentPaidOut"_s, u"Деньги выданы"_s).ui());
+    showKeyHint(
+        {u"paymentPayOutHint"_s, u"Выдайте деньги покупателю. Ввод — закрыть возврат, Esc — назад к позициям."_s});
+}
+
+void PaymentPanel::showChange()
+{
+    const std::optional<Kopecks> received = m_received->text().isEmpty() ? m_sum : typedAmount(m_received->text());
+    if (!received) {
+        showChange({u"paymentNoAmount"_s, u"Не сумма"_s}, "error");
+    } else if (*received < m_sum) {
+        showChange(tr::Tr(u"paymentMissing"_s, u"Не хватает %1"_s).arg(amountText(m_sum - *received)), "waiting");
+    } else {
+        showChange(tr::Tr(u"paymentChange"_s, u"Сдача %1"_s).arg(amountText(*received - m_sum)), "value");
+    }
+    showKeyHint({u"paymentHint"_s, u"Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека."_s});
+}
+
+void PaymentPanel::showChange(const tr::Tr& change, const char* textRole)
+{
+    setStyleProperty(*m_change, u"textRole"_s, QLatin1StringView(textRole)); // first: it decides on the room
+    m_change->setText(change.ui());
+}
+
+/// Who works by touch sees the buttons, and has no such keys.
+void PaymentPanel::showKeyHint(const tr::Tr& hint)
+{
+    showHint(BasicForm::isTouchMode() ? tr::Tr() : hint, "hint");
+}
+
+void PaymentPanel::showHint(const tr::Tr& hint, const char* textRole)
+{
+    m_hint->setText(hint.ui());
+    setStyleProperty(*m_hint, u"textRole"_s, QLatin1StringView(textRole));
+}
+
+bool PaymentPanel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress) {
+        return QWidget::eventFilter(watched, event);
+    }
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down) {
+        event->ignore(); // moves the current position, whatever has the focus
+        return true;
+    }
+    return takeKey(key);
+}
+
+bool PaymentPanel::takeKey(const QKeyEvent& key)
+{
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+        if (key.isAutoRepeat()) {
+            return true; // it was meant for what stood here before
+        }
+        if (const std::optional<ScanRecognizer::Scan> scan = m_scans.finish(key.timestamp())) {
+            refuseScan(*scan);
+        } else {
+            (m_back->hasFocus() ? m_back : m_pay)->click();
+        }
+        return true;
+    }
+    m_scans.key(key, m_received->text());
+    return false;
+}
+
+/// Goods belong to the positions; a barcode must never count as money, nor its Return as the cashier's.
+void PaymentPanel::refuseScan(const ScanRecognizer::Scan& scan)
+{
+    m_received->setText(scan.fieldBefore);
+    m_received->selectAll();
+    showHint({u"paymentScanRefused"_s,
+              u"Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям."_s},
+             "error");
+}

@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include "registerwindow.h"
+
+#include "actionqueuecontroller.h"
+#include "documentwords.h"
+#include "formlayer.h"
+#include "inputblocker.h"
+#include "notice.h"
+#include "stoppedaction.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr QSize smallestWindow(1024, 600);
+constexpr auto unwindingRound = std::chrono::milliseconds(10);
+} // namespace
+
+RegisterWindow::RegisterWindow(Till& till, const PositionMarks& marks, const QList<FunctionKey>& keys,
+                               const LongWork& longWork, const QString& unlockCode)
+    : m_sales(new SalesScreen(till, marks, keys))
+    , m_statusLine(new StatusLine)
+    , m_ground(new QWidget(this))
+    , m_busy(new BusyScreen(this))
+    , m_lock(new LockScreen(unlockCode, this))
+{
+    setObjectName(u"registerWindow"_s);
+    setWindowTitle(tr::Tr(u"registerTitle"_s, u"Касса аптеки"_s).ui());
+    setMinimumSize(smallestWindow);
+
+    auto* groundLayout = new QVBoxLayout(m_ground);
+    groundLayout->setContentsMargins(0, 0, 0, 0);
+    groundLayout->setSpacing(0);
+    groundLayout->addWidget(m_sales, 1);
+    groundLayout->addWidget(m_statusLine);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_ground);
+
+    connect(&longWork, &LongWork::running, m_busy, &BusyScreen::start);
+    connect(&longWork, &LongWork::ended, m_busy, &BusyScreen::stop);
+    // What a plug-in has done to the positions shows after each piece of its work.
+    connect(&longWork, &LongWork::ended, m_sales, &SalesScreen::refresh);
+    auto* controller = Singleton<ActionQueueController>::get();
+    connect(controller, &ActionQueueController::idle, m_sales, &SalesScreen::refresh);
+    connect(controller, &ActionQueueController::stopped, this, &RegisterWindow::showStop);
+    connect(m_sales, &SalesScreen::ended, this,
+            [this](const Document& document) { m_statusLine->showDone(documentwords::ending(document)); });
+    connect(&till, &Till::voided, this, [this](const Document& document, Document::State before) {
+        m_statusLine->showDone(documentwords::voiding(document, before));
+    });
+    connect(&till, &Till::changed, this, [this, &till] {
+        if (till.document() && !m_statusLine->isWarningShown()) {
+            m_statusLine->dropNews();
+        }
+    });
+    qApp->installEventFilter(this);
+    connect(m_lock, &LockScreen::unlocked, this, [this] {
+        arrangeLayers();
+        if (m_focusBeforeLock) {
+            m_focusBeforeLock->setFocus();
+        }
+    });
+    m_sales->setFocus();
+}
+
+RegisterWindow::~RegisterWindow() = default;
+
+void RegisterWindow::enter(BasicForm& form)
+{
+    auto* layer = new FormLayer(form, this);
+    m_layers.append(layer);
+    layer->setGeometry(rect());
+    layer->show();
+    layer->raise();
+    arrangeLayers();
+}
+
+void RegisterWindow::leave(BasicForm& form)
+{
+    const auto layer =
+        std::find_if(m_layers.begin(), m_layers.end(), [&form](FormLayer* shown) { return shown->form() == &form; });
+    if (layer == m_layers.end()) {
+        return;
+    }
+    (*layer)->release();
+    delete *layer;
+    m_layers.erase(layer);
+    arrangeLayers();
+    if (m_layers.isEmpty()) {
+        m_sales->setFocus();
+    }
+}
+
+/// A warning has been read when the cashier goes on. A function key is seen as a shortcut only, never as a key press.
+bool RegisterWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    const bool goesOn =
+        event->type() == QEvent::MouseButtonPress || (isKey && !static_cast<QKeyEvent*>(event)->isAutoRepeat());
+    if (goesOn && m_statusLine->isWarningShown()) {
+        m_statusLine->dropNews();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void RegisterWindow::lock()
+{
+    if (!m_lock->isVisible()) {
+        unwind(Unwinding::ToLock);
+    }
+}
+
+void RegisterWindow::closeEvent(QCloseEvent* event)
+{
+    if (isAtWork()) {
+        event->ignore();
+        unwind(Unwinding::ToClose);
+    }
+}
+
+void RegisterWindow::resizeEvent(QResizeEvent*)
+{
+    for (FormLayer* layer : std::as_const(m_layers)) {
+        layer->setGeometry(rect());
+    }
+    m_busy->setGeometry(rect());
+    m_lock->setGeometry(rect());
+}
+
+void RegisterWindow::unwind(Unwinding purpose)
+{
+    const bool underWay = m_unwinding != Unwinding::No;
+    if (m_unwinding != Unwinding::ToClose) {
+        m_unwinding = purpose;
+    }
+    if (!underWay) {
+        QTimer::singleShot(0, this, &RegisterWindow::goOnUnwinding);
+    }
+}
+
+/// Return one form may bring up the one before it, so that it takes several rounds until nothing is open.
+void RegisterWindow::goOnUnwinding()
+{
+    const bool blocked = InputBlocker::isActive();
+    if (blocked || isAtWork()) {
+        QTimer::singleShot(unwindingRound, this, &RegisterWindow::goOnUnwinding);
+        if (!blocked) {
+            Singleton<GraphicalUserInterface>::get()->cancelForms();
+        }
+        return;
+    }
+    if (std::exchange(m_unwinding, Unwinding::No) == Unwinding::ToClose) {
+        close();
+    } else {
+        coverWithLock();
+    }
+}
+
+bool RegisterWindow::isAtWork() const
+{
+    return !m_layers.isEmpty() || Singleton<ActionQueueController>::get()->isBusy();
+}
+
+void RegisterWindow::arrangeLayers()
+{
+    bool covered = false;
+    bool onTop = !m_lock->isVisible();
+    const auto place = [&](QWidget* widget, bool coversAll) {
+        widget->setVisible(!covered);
+        widget->setEnabled(onTop);
+        onTop = false;
+        covered = covered || coversAll;
+    };
+    for (auto layer = m_layers.crbegin(); layer != m_layers.crend(); ++layer) {
+        place(*layer, !(*layer)->isDialog());
+    }
+    place(m_ground, true);
+    // Children stand in their order, the last one on top.
+    m_busy->setCovered(!m_layers.isEmpty() && children().indexOf(m_layers.last()) > children().indexOf(m_busy));
+}
+
+void RegisterWindow::coverWithLock()
+{
+    m_focusBeforeLock = QApplication::focusWidget();
+    m_lock->lock();
+    arrangeLayers();
+}
+
+void RegisterWindow::showStop(const control::Action& action, EContext::Result result)
+{
+    if (result == EContext::NotFound) {
+        showNotice(stoppedaction::notFound(action));
+    } else {
+        m_statusLine->showWarning(stoppedaction::stopped(action).ui());
+    }
+}

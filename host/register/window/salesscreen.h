@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "functionkey.h"
+#include "positionmarks.h"
+#include "positiontablemodel.h"
+#include "till.h"
+
+#include <QList>
+#include <QSharedPointer>
+#include <QWidget>
+
+class PaymentPanel;
+class QLabel;
+class TalloLineEdit;
+class TalloTableView;
+
+/// The screen of the open document: its positions, the function keys, and between them the search for goods or the
+/// payment.
+class SalesScreen : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @param sale, marks not owned
+    SalesScreen(Till& till, const PositionMarks& marks, const QList<FunctionKey>& keys, QWidget* parent = nullptr);
+
+    /// Shows the document as it is now.
+    void refresh();
+
+signals:
+    /// The document that was shown is no longer open.
+    void ended(const Document& document);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QWidget* createHeader();
+    QWidget* createTable();
+    QWidget* createSearchAndTotal();
+    QWidget* createPayment(const QList<FunctionKey>& keys);
+    void showPositions();
+    int rowAfter(int formerRow, int number) const;
+    void scrollToCurrent();
+    void showPhase();
+    void search();
+    void goOn();
+    void goBack();
+    void type(QKeyEvent& event);
+    void press(const FunctionKey& key);
+    void give(const control::Action& action);
+    void moveRow(int by);
+
+    Till& m_till;
+    const PositionMarks& m_marks;
+    PositionTableModel m_model;
+    QLabel* m_documentNumber = nullptr;
+    QLabel* m_documentInfo = nullptr;
+    TalloTableView* m_table = nullptr;
+    TalloLineEdit* m_search = nullptr;
+    QLabel* m_total = nullptr;
+    QWidget* m_searchAndTotal = nullptr;
+    PaymentPanel* m_payment = nullptr;
+    QSharedPointer<Document> m_shown;
+    int m_positionCount = 0;
+};

@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "deepfolder.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr int patience = 60'000; // milliseconds; only bounds a failure
+}
+
+/// The program itself, in a process of its own.
+class RegisterProgram : public ::testing::Test
+{
+protected:
+    RegisterProgram()
+    {
+        EXPECT_TRUE(QDir(folder.path()).mkdir(u"data"_s));
+        EXPECT_TRUE(QDir(folder.path()).mkdir(u"plugins"_s));
+        write("register.ini", "[Register]\ndemoData=true\n");
+    }
+
+    QString path(const char* name) const { return folder.filePath(QString::fromUtf8(name)); }
+    static void writeFile(const QString& path, const QByteArray& content)
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    void write(const char* name, const QByteArray& content) { writeFile(path(name), content); }
+    QStringList usualOptions() const
+    {
+        return {u"--config"_s,  path("register.ini"), u"--data"_s,        path("data"),
+                u"--plugins"_s, path("plugins"),      u"--screenshots"_s, folder.path()};
+    }
+    void start(QProcess& program, const QStringList& options)
+    {
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        program.setProcessEnvironment(environment);
+        program.start(QString::fromUtf8(REGISTER_PROGRAM), options);
+        ASSERT_TRUE(program.waitForStarted(patience));
+    }
+    /// Runs the program to its end. @return its exit status, -1 when it did not end in good order
+    int run(const QStringList& options)
+    {
+        QProcess program;
+        start(program, options);
+        if (!program.waitForFinished(patience)) {
+            program.kill();
+            program.waitForFinished(patience);
+            return -1;
+        }
+        output = QString::fromUtf8(program.readAll());
+        return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
+    }
+    int play(const QByteArray& steps, const QStringList& options = {})
+    {
+        write("steps.json", "{\"steps\": " + steps + "}");
+        return run(usualOptions() + QStringList{u"--play"_s, path("steps.json")} + options);
+    }
+    QJsonObject savedDocument() const
+    {
+        QFile file(path("data/receipt.json"));
+        return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+    }
+
+    void takeDisplayAway()
+    {
+        for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+            environment.remove(QLatin1StringView(variable));
+        }
+    }
+
+    QTemporaryDir folder;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    QString output;
+};
+
+TEST_F(RegisterProgram, goodsSoldByKeyboard_areOnTheDocumentThatComesBackAfterAKill)
+{
+    write("steps.json", R"({"steps": [
+        {"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"},
+        {"type": "2990000000019"}, {"key": "Return"}, {"contains": "Амоксидар", "in": "receiptTable"},
+        {"receipt": {"positions": [{"quantity": 1}]}},
+        {"say": "saved"}, {"wait": "nothing", "seconds": 60}]})");
+    QProcess program;
+    start(program, usualOptions() + QStringList{u"--play"_s, path("steps.json")});
+    while (!output.contains(u"saved"_s) && program.waitForReadyRead(patience)) {
+        output += QString::fromUtf8(program.readAll());
+    }
+    ASSERT_TRUE(output.contains(u"saved"_s)) << qPrintable(output);
+    program.kill();
+    ASSERT_TRUE(program.waitForFinished(patience));
+
+    EXPECT_EQ(play(R"([{"expect": "Чек № 1", "in": "receiptNumberLabel"},
+                       {"contains": "Амоксидар", "in": "receiptTable"}, {"expect": "12,40", "in": "totalLabel"}])"),
+              0)
+        << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, failedExpectation_isStatusOne)
+{
+    EXPECT_EQ(play(R"([{"expect": "x", "in": "totalLabel", "seconds": 0}])"), 1);
+    EXPECT_TRUE(output.contains(u"Step 1 of 1 failed"_s)) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, scenarioThatEndsInsideADialog_closesAllTheSame)
+{
+    EXPECT_EQ(play(R"([{"key": "F3"}, {"wait": "goodsTable"}])"), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, windowClosedInTheMiddleOfAScenario_isStatusOne)
+{
+    EXPECT_EQ(play(R"([{"close": true}, {"wait": "nothing", "seconds": 60}])"), 1);
+}
+
+TEST_F(RegisterProgram, wrongOption_isStatusTwo)
+{
+    EXPECT_EQ(run({u"--nonsense"_s}), 2);
+    EXPECT_TRUE(output.contains(u"nonsense"_s));
+}
+
+TEST_F(RegisterProgram, noDisplay_helpVersionAndWrongOptionsAreShownAllTheSame)
+{
+    takeDisplayAway();
+    EXPECT_EQ(run({u"--help"_s}), 0);
+    EXPECT_TRUE(output.contains(u"--config"_s)) << qPrintable(output);
+    EXPECT_EQ(run({u"--version"_s}), 0);
+    EXPECT_TRUE(output.startsWith(u"pharmacy-register "_s)) << qPrintable(output);
+    EXPECT_EQ(run({u"--nonsense"_s}), 2);
+    EXPECT_TRUE(output.contains(u"nonsense"_s)) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, noDisplay_isStatusSeven)
+{
+    takeDisplayAway();
+    EXPECT_EQ(run(usualOptions()), 7);
+    EXPECT_TRUE(output.contains(u"There is no display"_s)) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, noDisplay_scenarioIsPlayedOffTheScreen)
+{
+    takeDisplayAway();
+    EXPECT_EQ(play(R"([{"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}])"), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, configurationMissingOrNoText_isStatusThree)
+{
+    ASSERT_TRUE(QFile::remove(path("register.ini")));
+    EXPECT_EQ(play("[]"), 3);
+    EXPECT_TRUE(output.contains(path("register.ini"))) << qPrintable(output);
+    write("register.ini", QByteArray("\x00\xff\xfe", 3));
+    EXPECT_EQ(play("[]"), 3);
+}
+
+TEST_F(RegisterProgram, dataFolderMissingOrAFile_isStatusFour)
+{
+    ASSERT_TRUE(QDir(path("data")).removeRecursively());
+    EXPECT_EQ(play("[]"), 4);
+    EXPECT_TRUE(output.contains(path("data"))) << qPrintable(output);
+    write("data", "a file");
+    EXPECT_EQ(play("[]"), 4);
+}
+
+TEST_F(RegisterProgram, dataFolderThatTakesNoFiles_isStatusFour)
+{
+    // Not even root writes there.
+    EXPECT_EQ(run({u"--config"_s, path("register.ini"), u"--data"_s, u"/proc"_s}), 4);
+    EXPECT_TRUE(output.contains(u"cannot be written to"_s)) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, secondOneOnTheSameData_isRefusedWithStatusFive)
+{
+    write("steps.json", R"({"steps": [{"say": "ready"}, {"wait": "nothing", "seconds": 60}]})");
+    QProcess first;
+    start(first, usualOptions() + QStringList{u"--play"_s, path("steps.json")});
+    QString printed;
+    while (!printed.contains(u"ready"_s) && first.waitForReadyRead(patience)) {
+        printed += QString::fromUtf8(first.readAll());
+    }
+    EXPECT_EQ(run(usualOptions()), 5);
+    EXPECT_TRUE(output.contains(u"Another register"_s)) << qPrintable(output);
+    first.kill();
+    ASSERT_TRUE(first.waitForFinished(patience));
+    EXPECT_EQ(play("[]"), 0) << "the lock of a killed register does not hold";
+}
+
+TEST_F(RegisterProgram, scenarioUnreadable_isStatusSix)
+{
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--play"_s, path("absent.json")}), 6);
+    EXPECT_TRUE(output.contains(u"absent.json"_s)) << qPrintable(output);
+    EXPECT_EQ(play(R"([{"jump": 1}])"), 6);
+    EXPECT_TRUE(output.contains(u"step 1"_s)) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, goodsDatabaseMissing_isShownAndTheRegisterGoesOn)
+{
+    write("register.ini", "");
+    EXPECT_EQ(play(R"([{"contains": "Справочник товаров недоступен", "in": "messageLabel"}, {"key": "Return"},
+                       {"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}])"),
+              0)
+        << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, damagedDocument_isShownSetAsideAndTheRegisterGoesOn)
+{
+    write("data/receipt.json", "{\"format\":");
+    EXPECT_EQ(play(R"([{"contains": "Сохранённый чек повреждён", "in": "messageLabel"}, {"key": "Return"},
+                       {"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}])"),
+              0)
+        << qPrintable(output);
+    EXPECT_EQ(QDir(path("data")).entryList({u"receipt.json.damaged-*"_s}).size(), 1);
+    EXPECT_EQ(savedDocument().value(u"number"_s).toInt(), 1);
+}
+
+TEST_F(RegisterProgram, damagedDocumentThatCannotBeSetAside_isStatusEightAndStaysAsItIs)
+{
+    const QByteArray damaged("{\"format\":");
+    const QString data = deepFolder(folder.path());
+    ASSERT_TRUE(QDir().mkpath(data));
+    writeFile(data + u"/receipt.json"_s, damaged);
+    const QStringList options{u"--data"_s, data};
+
+    EXPECT_EQ(play(R"([{"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}])", options), 8)
+        << qPrintable(output);
+    EXPECT_TRUE(output.contains(u"cannot be set aside"_s)) << qPrintable(output);
+    QFile kept(data + u"/receipt.json"_s);
+    ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
+    EXPECT_EQ(kept.readAll(), damaged);
+}
+
+TEST_F(RegisterProgram, pluginThatIsNone_isNamedInTheStatusLine)
+{
+    write("plugins/libbroken.so", "no library");
+    EXPECT_EQ(play(R"([{"contains": "broken", "in": "statusMessageLabel"}])"), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, inactivity_locksAndAKeyUnlocks)
+{
+    write("register.ini", "[Register]\ndemoData=true\n[GUI]\ninactivityLockSeconds=1\n");
+    EXPECT_EQ(play(R"([{"key": "F3"}, {"wait": "lockScreen", "seconds": 30}, {"key": "Space"},
+                       {"visible": false, "in": "lockScreen"}, {"visible": false, "in": "goodsTable"},
+                       {"wait": "salesScreen"}])"),
+              0)
+        << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, touchAlone_putsGoodsOnTheDocument)
+{
+    EXPECT_EQ(play(R"([{"click": "goodsKey"}, {"wait": "goodsTable"}, {"click": "key_б"}, {"click": "key_и"},
+                       {"click": "key_н"}, {"click": "key_т"}, {"expect": "бинт", "in": "filterLineEdit"},
+                       {"click": "quantityPlusButton"}, {"click": "okButton"},
+                       {"receipt": {"positions": [{"quantity": 2}]}}])",
+                   {u"--touch"_s}),
+              0)
+        << qPrintable(output);
+}

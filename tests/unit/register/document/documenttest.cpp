@@ -1,0 +1,406 @@
+// SPDX-License-Identifier: MIT
+#include "document.h"
+#include "basicexception.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+GoodsItem::Goods goods(const QString& name, double price, double packs)
+{
+    GoodsItem::Goods made;
+    made.name = name;
+    made.price = price;
+    made.quantity = packs;
+    return made;
+}
+
+QSharedPointer<Document> twoPositions()
+{
+    auto document = QSharedPointer<Document>::create(7, QDateTime({2024, 2, 29}, {12, 30, 15}));
+    document->add(goods(u"Первый <b>%1</b>"_s, 10.01, 3), u"111"_s);
+    document->add(goods(u"Второй"_s, 0.1, 1), {});
+    return document;
+}
+
+/// The receipt as it comes back from a file.
+QSharedPointer<Document> reread(const Document& document)
+{
+    return Document::fromJson(QJsonDocument::fromJson(QJsonDocument(document.toJson()).toJson()).object());
+}
+
+} // namespace
+
+TEST(Document, sum_isExactInKopecks)
+{
+    Document document(1, QDateTime::currentDateTime());
+    for (int i = 0; i < 1000; ++i) {
+        document.add(goods(u"x"_s, 0.1, 1), {});
+    }
+    EXPECT_EQ(document.getSum(), 10000);
+}
+
+TEST(Document, lastPositionRemoved_itsNumberIsNotGivenAgain)
+{
+    const auto document = twoPositions();
+    document->remove(2);
+    EXPECT_EQ(document->add(goods(u"x"_s, 1, 1), {})->getNumber(), 3);
+    EXPECT_EQ(reread(*document)->add(goods(u"y"_s, 1, 1), {})->getNumber(), 4);
+}
+
+TEST(Document, lastPositionRemovedAndReread_itsNumberIsNotGivenAgain)
+{
+    const auto document = twoPositions();
+    document->remove(2);
+    EXPECT_EQ(reread(*document)->add(goods(u"x"_s, 1, 1), {})->getNumber(), 3);
+}
+
+TEST(Document, positionByNumber_isNullWhenThereIsNone)
+{
+    const auto document = twoPositions();
+    EXPECT_EQ(document->position(2)->getName(), u"Второй"_s);
+    EXPECT_FALSE(document->position(3));
+    EXPECT_FALSE(document->position(0));
+}
+
+TEST(Position, priceLoweredTwice_initialPriceStaysTheFirst)
+{
+    Position position(goods(u"x"_s, 10.0, 1), {});
+    EXPECT_EQ(position.getInitialPrice(), 10.0);
+    position.setPrice(5.0);
+    position.setPrice(1.0);
+    EXPECT_EQ(position.getInitialPrice(), 10.0);
+    EXPECT_EQ(position.getPrice(), 1.0);
+}
+
+TEST(Position, priceSetToItself_isNoChange)
+{
+    Position position(goods(u"x"_s, 10.0, 1), {});
+    position.setPrice(10.0);
+    EXPECT_FALSE(position.toJson().contains(u"initialPrice"_s));
+}
+
+TEST(Document, savedAndReread_everythingIsThere)
+{
+    const auto document = twoPositions();
+    const auto first = document->position(1);
+    first->setPrice(0.5);
+    first->setTag(u"prescription"_s);
+    first->setTag(u"second tag"_s);
+    first->setSoftCheckId(u"rx-%41+;"_s);
+    const QString options = u"{\"id\":\"a\\\"b\",\"sumFactor\":0.1}"_s;
+    first->setExtendedOptions(options);
+    document->setPluginValue(u"Plugin"_s, u"cardNumber"_s, u"0011 %1"_s);
+    document->setPluginValue(u"Plugin"_s, u"list"_s, QStringList{u"a"_s});
+
+    const auto again = reread(*document);
+    EXPECT_EQ(again->toJson(), document->toJson());
+    EXPECT_EQ(again->getNumber(), 7);
+    EXPECT_EQ(again->getOpened(), document->getOpened());
+    EXPECT_EQ(again->getType(), AbstractDocument::Sale);
+    EXPECT_FALSE(again->isClosed());
+    ASSERT_EQ(again->positions().size(), 2);
+    const auto position = again->position(1);
+    EXPECT_EQ(position->getName(), u"Первый <b>%1</b>"_s);
+    EXPECT_EQ(position->getPrice(), 0.5);
+    EXPECT_EQ(position->getInitialPrice(), 10.01);
+    EXPECT_EQ(position->getQuantity(), 3.0);
+    EXPECT_EQ(position->getTags(), (QStringList{u"prescription"_s, u"second tag"_s}));
+    EXPECT_EQ(position->getExtendedOptions(), options);
+    EXPECT_EQ(position->getSoftCheckId(), u"rx-%41+;"_s);
+    EXPECT_EQ(again->getPluginValue(u"Plugin"_s, u"cardNumber"_s, {}).toString(), u"0011 %1"_s);
+}
+
+TEST(Document, nameOfTenThousandCharacters_comesBackWhole)
+{
+    Document document(1, QDateTime({2024, 1, 1}, {0, 0}));
+    const QString name(10'000, QChar(0x416));
+    document.add(goods(name, 1, 1), {});
+    EXPECT_EQ(reread(document)->position(1)->getName(), name);
+}
+
+TEST(Document, change_isWhatTheCustomerGetsBack)
+{
+    const auto document = twoPositions();
+    document->setEnding({.state = Document::State::Closed, .received = 5000});
+    EXPECT_EQ(document->getSum(), 3013);
+    EXPECT_EQ(document->getChange(), 1987);
+    const auto returnSale = Document::returnOf(*document, 8, document->getOpened());
+    returnSale->setEnding({.state = Document::State::Closed, .received = 3013});
+    EXPECT_EQ(returnSale->getChange(), 0);
+}
+
+namespace
+{
+
+struct Ended {
+    const char* name;
+    Document::Ending ending;
+    bool isClosed;
+    QString file;
+};
+
+class EndedDocument : public ::testing::TestWithParam<Ended>
+{
+};
+
+const QDateTime evening({2024, 2, 29}, {20, 15, 3});
+const QDateTime nextDay({2024, 3, 1}, {8, 0});
+
+} // namespace
+
+TEST_P(EndedDocument, savedAndReread_isWhereItWas)
+{
+    const auto document = twoPositions();
+    document->setEnding(GetParam().ending);
+    document->setReturnedBy(9);
+    EXPECT_EQ(document->isClosed(), GetParam().isClosed);
+    EXPECT_EQ(document->fileName(), GetParam().file);
+
+    const auto again = reread(*document);
+    EXPECT_EQ(again->toJson(), document->toJson());
+    EXPECT_EQ(again->getState(), GetParam().ending.state);
+    EXPECT_EQ(again->getFinished(), GetParam().ending.finished);
+    EXPECT_EQ(again->getVoided(), GetParam().ending.voided);
+    EXPECT_EQ(again->getReceived(), GetParam().ending.received);
+    EXPECT_EQ(again->isClosed(), GetParam().isClosed);
+    EXPECT_EQ(again->fileName(), GetParam().file);
+    EXPECT_EQ(again->getReturnedBy(), 9);
+    EXPECT_EQ(again->getReturnedSale(), 0);
+    EXPECT_EQ(again->toJson().value(u"closed"_s).toBool(), GetParam().isClosed);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Document, EndedDocument,
+    ::testing::Values(
+        Ended{"open", {}, false, u"receipt.json"_s},
+        Ended{"putAside", {.state = Document::State::Suspended}, false, u"putaside/00000007.json"_s},
+        Ended{"closed",
+              {.state = Document::State::Closed, .finished = evening, .received = 5000},
+              true,
+              u"finished/00000007.json"_s},
+        Ended{"closedForNothing",
+              {.state = Document::State::Closed, .finished = evening},
+              true,
+              u"finished/00000007.json"_s},
+        Ended{
+            "cancelled", {.state = Document::State::Cancelled, .finished = evening}, true, u"finished/00000007.json"_s},
+        Ended{"annulledAfterItWasClosed",
+              {.state = Document::State::Voided, .finished = evening, .voided = nextDay, .received = 5000},
+              true,
+              u"finished/00000007.json"_s},
+        Ended{"annulledAfterItWasPutAside",
+              {.state = Document::State::Voided, .finished = nextDay, .voided = nextDay},
+              true,
+              u"finished/00000007.json"_s}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+TEST(Document, savedWithoutAState_isOpen)
+{
+    QJsonObject saved = twoPositions()->toJson();
+    saved.remove(u"state"_s);
+    EXPECT_EQ(Document::fromJson(saved)->getState(), Document::State::Open);
+}
+
+TEST(Document, cancellingDocument_hasEverythingOfTheSaleAndALifeOfItsOwn)
+{
+    const auto sale = twoPositions();
+    sale->remove(2);
+    sale->add(goods(u"Третий"_s, 5, 2), u"333"_s);
+    const auto first = sale->position(1);
+    first->setPrice(0.5);
+    first->setTag(u"prescription"_s);
+    first->setSoftCheckId(u"rx-1"_s);
+    first->setExtendedOptions(u"{\"status\":\"dispensed\"}"_s);
+    sale->setPluginValue(u"Plugin"_s, u"cardNumber"_s, u"0011"_s);
+    sale->setEnding({.state = Document::State::Closed, .finished = evening, .received = 5000});
+    sale->setReturnedBy(9);
+    const QJsonObject before = sale->toJson();
+
+    const auto document = Document::returnOf(*sale, 9, nextDay);
+    EXPECT_EQ(document->getType(), AbstractDocument::Return);
+    EXPECT_TRUE(document->isReturn());
+    EXPECT_EQ(document->getNumber(), 9);
+    EXPECT_EQ(document->getOpened(), nextDay);
+    EXPECT_EQ(document->getReturnedSale(), 7);
+    EXPECT_EQ(document->getReturnedBy(), 0);
+    EXPECT_EQ(document->getState(), Document::State::Open);
+    EXPECT_EQ(document->getReceived(), 0);
+    EXPECT_FALSE(document->getFinished().isValid());
+    EXPECT_EQ(document->fileName(), u"receipt.json"_s);
+    for (const char* same : {"positions", "plugins", "sum", "nextPosition"}) {
+        EXPECT_EQ(document->toJson().value(QLatin1StringView(same)), before.value(QLatin1StringView(same))) << same;
+    }
+    EXPECT_EQ(reread(*document)->toJson(), document->toJson());
+    EXPECT_EQ(reread(*document)->getReturnedSale(), 7);
+
+    document->position(1)->setExtendedOptions(u"{\"status\":\"canceled\"}"_s);
+    document->setPluginValue(u"Plugin"_s, u"cardNumber"_s, {});
+    document->remove(3);
+    EXPECT_EQ(sale->toJson(), before);
+}
+
+TEST(Document, pluginDataTakenOver_isThatOfThePositionsOfTheSameNumbers)
+{
+    const auto target = twoPositions();
+    target->position(1)->setTag(u"before"_s);
+    target->position(2)->setExtendedOptions(u"{\"old\":1}"_s);
+    const auto source = twoPositions();
+    source->add(goods(u"Третий"_s, 1, 1), {});
+    for (const auto& position : source->positions()) {
+        const QString number = QString::number(position->getNumber());
+        position->setTag(u"tag"_s + number);
+        position->setSoftCheckId(u"rx"_s + number);
+        position->setExtendedOptions(u"{\"new\":%1}"_s.arg(number));
+        position->setPrice(0.01);
+        position->setQuantity(50);
+    }
+    source->remove(2);
+
+    target->takeOverPluginData(*source);
+    ASSERT_EQ(target->positions().size(), 2);
+    const auto first = target->position(1);
+    EXPECT_EQ(first->getTags(), (QStringList{u"before"_s, u"tag1"_s}));
+    EXPECT_EQ(first->getSoftCheckId(), u"rx1"_s);
+    EXPECT_EQ(first->getExtendedOptions(), u"{\"new\":1}"_s);
+    EXPECT_EQ(first->getPrice(), 10.01) << "what the register keeps stays";
+    EXPECT_EQ(first->getQuantity(), 3.0);
+    EXPECT_EQ(target->position(2)->getExtendedOptions(), u"{\"old\":1}"_s) << "not among the source's";
+    EXPECT_TRUE(target->position(2)->getTags().isEmpty());
+}
+
+/// A saved receipt with one thing wrong.
+struct Damage {
+    const char* name;
+    std::function<void(QJsonObject&)> make;
+};
+
+class DamagedDocument : public ::testing::TestWithParam<Damage>
+{
+};
+
+TEST_P(DamagedDocument, fromJson_throws)
+{
+    QJsonObject saved = twoPositions()->toJson();
+    GetParam().make(saved);
+    EXPECT_THROW(Document::fromJson(saved), BasicException);
+}
+
+namespace
+{
+
+std::function<void(QJsonObject&)> without(const char* member)
+{
+    return [member](QJsonObject& saved) { saved.remove(QLatin1StringView(member)); };
+}
+
+std::function<void(QJsonObject&)> with(const char* member, const QJsonValue& value)
+{
+    return [member, value](QJsonObject& saved) { saved.insert(QLatin1StringView(member), value); };
+}
+
+std::function<void(QJsonObject&)> firstPosition(const std::function<void(QJsonObject&)>& damage)
+{
+    return [damage](QJsonObject& saved) {
+        QJsonArray positions = saved.value("positions"_L1).toArray();
+        QJsonObject position = positions.at(0).toObject();
+        damage(position);
+        positions.replace(0, position);
+        saved.insert(u"positions"_s, positions);
+    };
+}
+
+/// A closed sale with one thing wrong.
+std::function<void(QJsonObject&)> closed(const std::function<void(QJsonObject&)>& damage)
+{
+    return [damage](QJsonObject& saved) {
+        saved.insert(u"state"_s, u"closed"_s);
+        saved.insert(u"finished"_s, u"2024-02-29T12:31:00"_s);
+        saved.insert(u"received"_s, 50);
+        damage(saved);
+    };
+}
+
+/// An annulled sale with one thing wrong.
+std::function<void(QJsonObject&)> voided(const std::function<void(QJsonObject&)>& damage)
+{
+    return closed([damage](QJsonObject& saved) {
+        saved.insert(u"state"_s, u"annulled"_s);
+        saved.insert(u"annulled"_s, u"2024-03-01T08:00:00"_s);
+        damage(saved);
+    });
+}
+
+/// A cancelling document with one thing wrong.
+std::function<void(QJsonObject&)> returnOf(const std::function<void(QJsonObject&)>& damage)
+{
+    return [damage](QJsonObject& saved) {
+        saved.insert(u"type"_s, 25);
+        saved.insert(u"takesBack"_s, 3);
+        damage(saved);
+    };
+}
+
+const Damage damages[] = {
+    {"formatMissing", without("format")},
+    {"formatOfTheFuture", with("format", 99)},
+    {"typeOfAnotherKind", with("type", 2)},
+    {"typeIsText", with("type", u"1"_s)},
+    {"numberMissing", without("number")},
+    {"numberIsText", with("number", u"7"_s)},
+    {"numberIsZero", with("number", 0)},
+    {"numberIsHuge", with("number", 1e12)},
+    {"numberIsBroken", with("number", 1.5)},
+    {"openedIsNoTime", with("opened", u"yesterday"_s)},
+    {"stateUnknown", with("state", u"lost"_s)},
+    {"stateInAnotherCase", with("state", u"Open"_s)},
+    {"stateIsNumber", with("state", 1)},
+    {"closedWithoutItsTime", closed(without("finished"))},
+    {"closedWithoutTheMoney", closed(without("received"))},
+    {"cancelledWithoutItsTime", with("state", u"cancelled"_s)},
+    {"finishedIsNoTime", closed(with("finished", u"today"_s))},
+    {"receivedIsText", closed(with("received", u"50"_s))},
+    {"annulledWithoutItsTime", voided(without("annulled"))},
+    {"annulledIsNoTime", voided(with("annulled", true))},
+    {"cancellingWithoutItsSale", returnOf(without("takesBack"))},
+    {"takesBackIsZero", returnOf(with("takesBack", 0))},
+    {"takesBackIsText", returnOf(with("takesBack", u"3"_s))},
+    {"takenBackByIsText", with("takenBackBy", u"9"_s)},
+    {"takenBackByIsBroken", with("takenBackBy", 9.5)},
+    {"positionsIsNoList", with("positions", QJsonObject())},
+    {"positionIsNoObject", with("positions", QJsonArray{1})},
+    {"nextPositionMissing", without("nextPosition")},
+    {"pluginsMissing", without("plugins")},
+    {"positionWithoutName", firstPosition(without("name"))},
+    {"positionWithoutPrice", firstPosition(without("price"))},
+    {"positionPriceIsText", firstPosition(with("price", u"1"_s))},
+    {"positionWithoutQuantity", firstPosition(without("quantity"))},
+    {"positionWithoutTags", firstPosition(without("tags"))},
+    {"positionWithoutOptions", firstPosition(without("extendedOptions"))},
+    {"positionWithoutSoftCheckId", firstPosition(without("softCheckId"))},
+    {"positionInitialPriceIsText", firstPosition(with("initialPrice", u"1"_s))},
+    {"twoPositionsOfOneNumber", firstPosition(with("number", 2))},
+};
+
+} // namespace
+
+TEST(Document, undamagedOnesOfEveryKind_areRead)
+{
+    const auto nothing = [](QJsonObject&) {};
+    for (const auto& kind : {closed(nothing), voided(nothing), returnOf(nothing)}) {
+        QJsonObject saved = twoPositions()->toJson();
+        kind(saved);
+        EXPECT_NO_THROW(Document::fromJson(saved)) << saved.value(u"state"_s).toString().toStdString();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Document, DamagedDocument, ::testing::ValuesIn(damages),
+                         [](const auto& tested) { return std::string(tested.param.name); });

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "positionmarks.h"
+#include "document.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+class PositionMarksTest : public ::testing::Test
+{
+protected:
+    void load(const QByteArray& json)
+    {
+        const QString path = folder.filePath(u"positionmarks.json"_s);
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(json);
+        file.close();
+        marks.load(path);
+    }
+
+    QTemporaryDir folder;
+    PositionMarks marks;
+    Position position{{}, {}};
+};
+
+namespace
+{
+const QByteArray paper = R"({"positions": [
+    {"tag": "paper", "mark": "БР", "description": "Бумага", "states": [
+        {"option": "status", "value": null, "text": "новый", "colour": "#8a5a00"},
+        {"option": "status", "value": "done", "text": "готов", "colour": "#1b6e3c"}],
+        "receiptLines": [{"option": "issuer", "label": "Кто"}, {"option": "number", "label": "Номер"}]}],
+    "document": [{"plugin": "P", "key": "card", "label": "Карта"}]})";
+} // namespace
+
+TEST_F(PositionMarksTest, otherTag_looksLikeAnyOther)
+{
+    load(paper);
+    position.setTag(u"Paper"_s);
+    const auto look = marks.look(position);
+    EXPECT_TRUE(look.mark.isEmpty());
+    EXPECT_TRUE(look.state.isEmpty());
+}
+
+TEST_F(PositionMarksTest, optionAbsent_nullStateFits)
+{
+    load(paper);
+    position.setTag(u"paper"_s);
+    for (const char* options : {"", "{}", "no json", "[1]", "{\"other\":1}"}) {
+        position.setExtendedOptions(QString::fromLatin1(options));
+        const auto look = marks.look(position);
+        EXPECT_EQ(look.mark, u"БР"_s) << options;
+        EXPECT_EQ(look.description, u"Бумага"_s) << options;
+        EXPECT_EQ(look.state, u"новый"_s) << options;
+        EXPECT_EQ(look.stateColour, QColor(0x8a, 0x5a, 0)) << options;
+    }
+}
+
+TEST_F(PositionMarksTest, optionHasTheValue_itsStateFits)
+{
+    load(paper);
+    position.setTag(u"paper"_s);
+    position.setExtendedOptions(u"{\"status\":\"done\"}"_s);
+    EXPECT_EQ(marks.look(position).state, u"готов"_s);
+    position.setExtendedOptions(u"{\"status\":\"Done\"}"_s);
+    EXPECT_TRUE(marks.look(position).state.isEmpty());
+    position.setExtendedOptions(u"{\"status\":null}"_s);
+    EXPECT_TRUE(marks.look(position).state.isEmpty());
+}
+
+TEST_F(PositionMarksTest, receiptLines_standInTheFilesOrderWithoutThoseThatAreEmpty)
+{
+    load(paper);
+    position.setExtendedOptions(uR"({"number": "7%1", "issuer": "Поликлиника"})"_s);
+    EXPECT_TRUE(marks.look(position).receiptLines.isEmpty()) << "no such tag";
+    position.setTag(u"paper"_s);
+    EXPECT_EQ(marks.look(position).receiptLines, (QStringList{u"Кто: Поликлиника"_s, u"Номер: 7%1"_s}));
+    for (const char* issuer : {"\"\"", "null", "5", "{}"}) {
+        position.setExtendedOptions(uR"({"number": "8", "issuer": )"_s + QLatin1StringView(issuer) + u'}');
+        EXPECT_EQ(marks.look(position).receiptLines, QStringList{u"Номер: 8"_s}) << issuer;
+    }
+    position.setExtendedOptions({});
+    EXPECT_TRUE(marks.look(position).receiptLines.isEmpty());
+}
+
+TEST_F(PositionMarksTest, documentValue_isShownWithItsLabel)
+{
+    load(paper);
+    Document document(1, QDateTime::currentDateTime());
+    EXPECT_TRUE(marks.documentText(document).isEmpty());
+    document.setPluginValue(u"P"_s, u"card"_s, u"12%1"_s);
+    EXPECT_EQ(marks.documentText(document), u"Карта: 12%1"_s);
+}
+
+TEST_F(PositionMarksTest, twoFiles_bothHold)
+{
+    load(paper);
+    load(R"({"positions": [{"tag": "other", "mark": "ДР"}]})");
+    position.setTag(u"other"_s);
+    EXPECT_EQ(marks.look(position).mark, u"ДР"_s);
+}
+
+TEST_F(PositionMarksTest, oddFiles_arePassedOver)
+{
+    marks.load(folder.filePath(u"absent.json"_s));
+    marks.load(folder.path());
+    for (const char* json : {"", "[]", "{\"positions\": 5}", "{\"positions\": [5, {}, {\"mark\": \"X\"}]}"}) {
+        load(json);
+    }
+    position.setTag({});
+    EXPECT_TRUE(marks.look(position).mark.isEmpty());
+}
+
+class DiscountLine : public PositionMarksTest, public ::testing::WithParamInterface<std::pair<const char*, const char*>>
+{
+};
+
+TEST_P(DiscountLine, paidShare_isShownAsWhatIsTakenOff)
+{
+    load(R"({"positions": [{"tag": "paper", "receiptLines": [
+        {"option": "share", "label": "Скидка", "form": "discount"}]}]})");
+    position.setTag(u"paper"_s);
+    const auto& [share, discount] = GetParam();
+    position.setExtendedOptions(u"{\"share\": %1}"_s.arg(QLatin1StringView(share)));
+    const QStringList shown =
+        discount ? QStringList(u"Скидка: "_s + QString::fromUtf8(discount) + QChar::Nbsp + u'%') : QStringList();
+    EXPECT_EQ(marks.look(position).receiptLines, shown);
+}
+
+INSTANTIATE_TEST_SUITE_P(Shares, DiscountLine,
+                         ::testing::Values(std::pair("0.5", "50"), std::pair("0", "100"), std::pair("0.6667", "33,33"),
+                                           std::pair("0.945", "5,5"), std::pair("0.9999", "0,01"),
+                                           std::pair("0.99999", nullptr), std::pair("1", nullptr),
+                                           std::pair("1.5", nullptr), std::pair("-0.5", nullptr),
+                                           std::pair("1e300", nullptr), std::pair("\"0.5\"", nullptr),
+                                           std::pair("null", nullptr)));

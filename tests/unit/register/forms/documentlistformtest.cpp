@@ -1,0 +1,338 @@
+// SPDX-License-Identifier: MIT
+#include "documentcommands.h"
+#include "registeraction.h"
+#include "shownmessages.h"
+#include "windowfixture.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+
+using namespace Qt::StringLiterals;
+
+/// On disk: № 1 sold and taken back by № 2, № 3 sold, № 4 cancelled, № 5 put aside.
+class DocumentListFormTest : public WindowFixture
+{
+protected:
+    DocumentListFormTest()
+        : printer(folder.path(), marks)
+        , documentCommands(*till, printer, marks)
+    {
+        documentCommands.offer(controller.object);
+        sell();
+        EXPECT_TRUE(till->returnSale(till->archive().find(1)));
+        EXPECT_TRUE(till->close(1240));
+        sell();
+        till->add(article(amoxidar));
+        EXPECT_TRUE(till->cancel());
+        till->add(article(amoxidar));
+        till->add(article(u"2990000000026"_s));
+        EXPECT_TRUE(till->suspend());
+    }
+    void sell()
+    {
+        till->add(article(amoxidar));
+        EXPECT_TRUE(till->close(1240));
+    }
+
+    /// Shows the list, does `act` in it, and leaves it, if `act` has not.
+    void inList(const Cashier::Act& act)
+    {
+        if (!window) {
+            openWindow();
+        }
+        cashier.onForm(u"documentListForm"_s, [this, &act](QWidget& root) {
+            list = &root;
+            act(root);
+            gui.object.cancelForms();
+        });
+        controller.object.enqueue(control::Action(registeraction::showDocuments), false);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
+        ASSERT_TRUE(becomesIdle());
+    }
+    QTableView* table() const { return list->findChild<QTableView*>(u"documentTable"_s); }
+    QPushButton* button(const char* name) const { return list->findChild<QPushButton*>(QLatin1StringView(name)); }
+    QLabel* hint() const { return list->findChild<QLabel*>(u"hintLabel"_s); }
+    void search(const char* text) const
+    {
+        list->findChild<QLineEdit*>(u"filterLineEdit"_s)->setText(QString::fromUtf8(text));
+    }
+    QString number(int row) const { return table()->model()->index(row, 0).data().toString(); }
+    QString current() const { return number(table()->currentIndex().row()); }
+    void makeCurrent(int wanted) const
+    {
+        for (int row = 0; row < table()->model()->rowCount(); ++row) {
+            if (number(row) == QString::number(wanted)) {
+                table()->setCurrentIndex(table()->model()->index(row, 0));
+            }
+        }
+        ASSERT_EQ(current(), QString::number(wanted));
+    }
+    QString state(int row) const { return table()->model()->index(row, 1).data().toString(); }
+    void answerQuestion(const char* answer)
+    {
+        cashier.onForm(u"questionForm"_s,
+                       [answer](QWidget& root) { root.findChild<QPushButton*>(QLatin1StringView(answer))->click(); });
+    }
+
+    ReceiptPrinter printer;
+    DocumentCommands documentCommands;
+    QWidget* list = nullptr;
+};
+
+TEST_F(DocumentListFormTest, shown_latestFirstInTheContextOfStoredDocuments)
+{
+    inList([this](QWidget& root) {
+        EXPECT_EQ(root.size(), window->size());
+        EXPECT_EQ(controller.object.context(), EContext::StoredDocuments);
+        EXPECT_EQ(table()->model()->rowCount(), 5);
+        EXPECT_EQ(current(), u"5"_s);
+        EXPECT_EQ(state(0), u"Отложен"_s);
+        EXPECT_EQ(state(1), u"Отменён"_s);
+        EXPECT_EQ(state(2), u"Продажа"_s);
+        EXPECT_EQ(state(3), u"Возврат чека № 1"_s);
+        EXPECT_EQ(state(4), u"Продажа, возвращена документом № 2"_s);
+        EXPECT_EQ(QApplication::focusWidget(), root.findChild<QWidget*>(u"filterLineEdit"_s));
+    });
+}
+
+TEST_F(DocumentListFormTest, current_isShownWithItsPositions)
+{
+    inList([this](QWidget& root) {
+        const auto* positions = root.findChild<QTableView*>(u"positionsTable"_s)->model();
+        EXPECT_EQ(positions->rowCount(), 2);
+        EXPECT_TRUE(positions->index(0, 1).data().toString().startsWith(u"Амоксидар"_s));
+        press(Qt::Key_Down);
+        EXPECT_EQ(current(), u"4"_s);
+        EXPECT_EQ(positions->rowCount(), 1);
+    });
+}
+
+struct Possible {
+    int document;
+    bool resume;
+    bool returnSale;
+    bool voidDocument;
+    bool print;
+};
+
+class DocumentButtons : public DocumentListFormTest, public ::testing::WithParamInterface<Possible>
+{
+};
+
+TEST_P(DocumentButtons, areUsableWhereTheyDoSomething)
+{
+    inList([this](QWidget&) {
+        makeCurrent(GetParam().document);
+        EXPECT_EQ(button("takeUpButton")->isEnabled(), GetParam().resume);
+        EXPECT_EQ(button("takeBackButton")->isEnabled(), GetParam().returnSale);
+        EXPECT_EQ(button("annulButton")->isEnabled(), GetParam().voidDocument);
+        EXPECT_EQ(button("printButton")->isEnabled(), GetParam().print);
+        const QString obstacle = u"Печатаются только закрытые документы, которые не аннулированы."_s;
+        EXPECT_EQ(hint()->text(), GetParam().print ? QString() : obstacle);
+        EXPECT_EQ(button("printButton")->toolTip(), GetParam().print ? QString() : obstacle);
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(, DocumentButtons,
+                         ::testing::Values(Possible{1, false, false, false, true},
+                                           Possible{2, false, false, false, true}, Possible{3, false, true, true, true},
+                                           Possible{4, false, false, false, false},
+                                           Possible{5, true, false, true, false}),
+                         [](const auto& instance) { return "document" + std::to_string(instance.param.document); });
+
+TEST_F(DocumentListFormTest, documentOpen_nothingIsResumedOrBackAndTheListSaysWhy)
+{
+    till->open();
+    inList([this](QWidget&) {
+        EXPECT_FALSE(button("takeUpButton")->isEnabled());
+        EXPECT_TRUE(button("annulButton")->isEnabled());
+        EXPECT_TRUE(hint()->text().startsWith(u"Открыт чек № 6"_s)) << qPrintable(hint()->text());
+        makeCurrent(3);
+        EXPECT_FALSE(button("takeBackButton")->isEnabled());
+        press(Qt::Key_Return);
+        EXPECT_TRUE(gui.object.topForm());
+    });
+    EXPECT_EQ(till->document()->getNumber(), 6);
+}
+
+TEST_F(DocumentListFormTest, returnOnWhatWasSuspended_takesItUp)
+{
+    inList([this](QWidget&) { press(Qt::Key_Return); });
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->document()->getNumber(), 5);
+    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), u"Чек № 5"_s);
+    EXPECT_EQ(QApplication::focusWidget(), widget<QWidget>("searchLineEdit"));
+}
+
+TEST_F(DocumentListFormTest, returnOnASale_doesNothing)
+{
+    inList([this](QWidget&) {
+        makeCurrent(3);
+        press(Qt::Key_Return);
+        EXPECT_TRUE(gui.object.topForm());
+    });
+    EXPECT_FALSE(till->document());
+}
+
+struct Act {
+    const char* name;
+    bool byTouch;
+};
+
+class DocumentAct : public DocumentListFormTest, public ::testing::WithParamInterface<Act>
+{
+protected:
+    DocumentAct() { config.set(u"GUI:touchMode"_s, QLatin1StringView(GetParam().byTouch ? "true" : "false")); }
+    void act(const char* name, Qt::Key key)
+    {
+        if (GetParam().byTouch) {
+            QTest::mouseClick(button(name), Qt::LeftButton);
+        } else {
+            press(key);
+        }
+    }
+};
+
+TEST_P(DocumentAct, return_opensTheCancellingDocument)
+{
+    inList([this](QWidget&) {
+        makeCurrent(3);
+        act("takeBackButton", Qt::Key_F7);
+    });
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->document()->getReturnedSale(), 3);
+    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), u"Возврат № 6 (чек № 3)"_s);
+}
+
+TEST_P(DocumentAct, annul_asksAndShowsTheSameRowAnew)
+{
+    inList([this](QWidget&) {
+        makeCurrent(3);
+        answerQuestion("noButton");
+        act("annulButton", Qt::Key_F8);
+        EXPECT_EQ(state(2), u"Продажа"_s);
+        answerQuestion("yesButton");
+        act("annulButton", Qt::Key_F8);
+        EXPECT_EQ(current(), u"3"_s);
+        EXPECT_EQ(state(2), u"Аннулирован"_s);
+        EXPECT_FALSE(button("annulButton")->isEnabled());
+        EXPECT_FALSE(button("printButton")->isEnabled());
+        EXPECT_EQ(hint()->text(), u"Чек № 3 аннулирован. Верните покупателю 12,40"_s);
+        EXPECT_EQ(controller.object.context(), EContext::StoredDocuments);
+    });
+    EXPECT_EQ(till->archive().find(3)->getState(), Document::State::Voided);
+}
+
+TEST_P(DocumentAct, print_printsACopyAndTheListStays)
+{
+    QDir(folder.filePath(u"printed"_s)).removeRecursively();
+    inList([this](QWidget&) {
+        makeCurrent(3);
+        act("printButton", Qt::Key_F9);
+        EXPECT_TRUE(gui.object.topForm());
+        EXPECT_EQ(current(), u"3"_s);
+        EXPECT_EQ(hint()->text(), u"Документ № 3 напечатан: printed/00000003.pdf"_s);
+        act("printButton", Qt::Key_F9);
+        EXPECT_EQ(hint()->text(), u"Документ № 3 напечатан: printed/00000003-copy.pdf"_s);
+    });
+    for (const char* file : {"00000003.txt", "00000003.pdf", "00000003-copy.txt", "00000003-copy.pdf"}) {
+        EXPECT_TRUE(QFile::exists(folder.filePath(u"printed/"_s + QLatin1StringView(file)))) << file;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(, DocumentAct, ::testing::Values(Act{"byKey", false}, Act{"byTouch", true}),
+                         [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_F(DocumentListFormTest, pluginStopsTheVoiding_theListSaysSoAtThatDocument)
+{
+    controller.object.addTrigger({EContext::StoredDocuments, control::VoidDocument, ActionTrigger::Before,
+                                  [](const control::Action&) { return EContext::Stop; }, ActionTrigger::Any, 1});
+    inList([this](QWidget&) {
+        makeCurrent(3);
+        answerQuestion("yesButton");
+        press(Qt::Key_F8);
+        EXPECT_EQ(current(), u"3"_s);
+        EXPECT_EQ(state(2), u"Продажа"_s);
+        EXPECT_TRUE(hint()->text().startsWith(u"Аннулирование не выполнено. Устраните причину"_s))
+            << qPrintable(hint()->text());
+        EXPECT_EQ(hint()->property("textRole").toString(), u"waiting"_s);
+        press(Qt::Key_Down);
+        EXPECT_TRUE(hint()->text().isEmpty());
+    });
+}
+
+struct Search {
+    const char* name;
+    const char* text;
+    QList<int> found;
+};
+
+class DocumentSearch : public DocumentListFormTest, public ::testing::WithParamInterface<Search>
+{
+};
+
+TEST_P(DocumentSearch, findsByNumberStateAndGoods)
+{
+    inList([this](QWidget&) {
+        search(GetParam().text);
+        QList<int> found;
+        for (int row = 0; row < table()->model()->rowCount(); ++row) {
+            found.append(number(row).toInt());
+        }
+        EXPECT_EQ(found, GetParam().found);
+        EXPECT_EQ(current().toInt(), GetParam().found.first());
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(, DocumentSearch,
+                         ::testing::Values(Search{"number", "3", {3}}, Search{"state", "отлож", {5}},
+                                           Search{"goods", "Борвит", {5}}),
+                         [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_F(DocumentListFormTest, nothingFound_isSaidAndNothingCanBeDone)
+{
+    inList([this](QWidget&) {
+        search("нет такого");
+        EXPECT_EQ(hint()->text(), u"Ничего не найдено. Измените строку поиска."_s);
+        for (const char* name : {"takeUpButton", "takeBackButton", "annulButton", "printButton"}) {
+            EXPECT_FALSE(button(name)->isEnabled()) << name;
+        }
+        press(Qt::Key_Return);
+        EXPECT_TRUE(gui.object.topForm());
+    });
+}
+
+TEST_F(DocumentListFormTest, noDocuments_isSaid)
+{
+    for (const char* place : {"putaside", "finished"}) {
+        QDir(folder.filePath(QLatin1StringView(place))).removeRecursively();
+    }
+    inList([this](QWidget&) {
+        EXPECT_EQ(hint()->text(), u"Отложенных и завершённых документов нет."_s);
+        EXPECT_TRUE(hint()->isVisible());
+    });
+}
+
+TEST_F(DocumentListFormTest, left_nothingHappens)
+{
+    inList([this](QWidget&) { press(Qt::Key_Escape); });
+    inList([this](QWidget&) { QTest::mouseClick(button("cancelButton"), Qt::LeftButton); });
+    EXPECT_FALSE(till->document());
+    EXPECT_EQ(QApplication::focusWidget(), widget<QWidget>("searchLineEdit"));
+}
+
+TEST_F(DocumentListFormTest, byTouch_fitsTheSmallestScreenAndScrollsByButtons)
+{
+    config.set(u"GUI:touchMode"_s, u"true"_s);
+    inList([this](QWidget& root) {
+        EXPECT_EQ(window->size(), QSize(1024, 600));
+        EXPECT_LE(root.minimumSizeHint().width(), 1024);
+        EXPECT_LE(root.minimumSizeHint().height(), 600);
+        QTest::mouseClick(button("scrollDownButton"), Qt::LeftButton);
+        EXPECT_EQ(current(), u"4"_s);
+        QTest::mouseClick(button("key_3"), Qt::LeftButton);
+        EXPECT_EQ(current(), u"3"_s);
+    });
+}

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "pluginhost.h"
+#include "tillfixture.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+class PluginHostTest : public TillFixture
+{
+protected:
+    PluginHostTest() { qApp->setProperty("testPlugin", QVariant()); }
+
+    static QStringList shown() { return qApp->property("testPlugin").toStringList(); }
+    static QString folderOf(const char* plugin)
+    {
+        return QString::fromUtf8(TEST_PLUGINS "/") + QLatin1StringView(plugin) + u"_folder"_s;
+    }
+    void load(const QString& plugins) { host.load(plugins, controller.object, marks); }
+
+    PositionMarks marks;
+    PluginHost host;
+    const int registersOwnCreators = gui.object.formCreators();
+};
+
+TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsEntriesHold)
+{
+    till->add(article(amoxidar));
+    load(folderOf("willing_plugin"));
+    EXPECT_EQ(shown(), QStringList{u"init"_s});
+    EXPECT_EQ(host.active(), QStringList{u"willing_plugin"_s});
+    EXPECT_TRUE(host.problems().isEmpty());
+    EXPECT_EQ(gui.object.formCreators(), registersOwnCreators + 1);
+    EXPECT_TRUE(controller.object.isHandled(control::PluginCommand));
+    control::Action cancellation(control::RemovePosition);
+    EXPECT_EQ(controller.object.execute(cancellation), EContext::Stop);
+
+    host.unload(controller.object);
+    EXPECT_EQ(shown(), (QStringList{u"init"_s, u"deinit"_s, u"destroyed"_s}));
+    EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
+    EXPECT_TRUE(host.active().isEmpty());
+}
+
+TEST_F(PluginHostTest, willingPlugin_hearsEventsUntilItIsUnloaded)
+{
+    load(folderOf("willing_plugin"));
+    till->open();
+    EXPECT_EQ(shown().last(), u"event 10"_s);
+    host.unload(controller.object);
+    notifier.object.notify(Event(EActivityListener::DocumentClosed));
+    EXPECT_EQ(shown().last(), u"destroyed"_s);
+}
+
+TEST_F(PluginHostTest, pluginThatCannotBegin_hearsNoEventAndOthersDo)
+{
+    for (const char* plugin : {"idle_plugin", "throwing_plugin"}) {
+        qApp->setProperty("testPlugin", QVariant());
+        witness.seen.clear();
+        load(folderOf(plugin));
+        notifier.object.notify(Event(EActivityListener::DocumentOpened));
+        EXPECT_EQ(shown(), QStringList{u"init"_s}) << plugin;
+        EXPECT_EQ(witness.codes(), QList<int>{EActivityListener::DocumentOpened}) << plugin;
+    }
+    host.unload(controller.object);
+}
+
+TEST_F(PluginHostTest, idlePlugin_nothingOfItIsTakenOverAndItIsNotDeinitialised)
+{
+    till->open();
+    load(folderOf("idle_plugin"));
+    EXPECT_EQ(gui.object.formCreators(), registersOwnCreators);
+    EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
+    EXPECT_TRUE(host.active().isEmpty());
+    EXPECT_TRUE(host.problems().isEmpty());
+    host.unload(controller.object);
+    EXPECT_EQ(shown(), (QStringList{u"init"_s, u"destroyed"_s}));
+}
+
+TEST_F(PluginHostTest, throwingPlugin_isShownAndStaysIdle)
+{
+    till->open();
+    load(folderOf("throwing_plugin"));
+    EXPECT_EQ(gui.object.formCreators(), registersOwnCreators);
+    EXPECT_EQ(host.problems(), QStringList{u"throwing_plugin: нет связи"_s});
+    EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
+    host.unload(controller.object);
+}
+
+TEST_F(PluginHostTest, foreignPlugin_isShownAndSkipped)
+{
+    load(folderOf("foreign_plugin"));
+    EXPECT_EQ(host.problems(), QStringList{u"foreign_plugin: это не модуль кассы"_s});
+    host.unload(controller.object);
+}
+
+TEST_F(PluginHostTest, garbageInTheFolder_isShownAndTheRestIsLoaded)
+{
+    const QDir plugins(folder.path());
+    QFile garbage(plugins.filePath(u"libbroken.so"_s));
+    ASSERT_TRUE(garbage.open(QIODevice::WriteOnly));
+    garbage.write(QByteArray(10'000, 'x'));
+    garbage.close();
+    ASSERT_TRUE(QFile::link(folderOf("willing_plugin") + u"/libwilling_plugin.so"_s,
+                            plugins.filePath(u"libwilling_plugin.so"_s)));
+    load(plugins.path());
+    ASSERT_EQ(host.problems().size(), 1);
+    EXPECT_TRUE(host.problems().first().startsWith(u"broken: "_s));
+    EXPECT_EQ(host.active(), QStringList{u"willing_plugin"_s});
+    host.unload(controller.object);
+}
+
+TEST_F(PluginHostTest, folderBesideThePlugin_bringsLayoutsAndMarks)
+{
+    const QDir plugins(folder.path());
+    ASSERT_TRUE(QFile::link(folderOf("willing_plugin") + u"/libwilling_plugin.so"_s,
+                            plugins.filePath(u"libwilling_plugin.so"_s)));
+    ASSERT_TRUE(plugins.mkdir(u"willing_plugin"_s));
+    QFile json(plugins.filePath(u"willing_plugin/positionmarks.json"_s));
+    ASSERT_TRUE(json.open(QIODevice::WriteOnly));
+    json.write(R"({"positions": [{"tag": "t", "mark": "М"}]})");
+    json.close();
+    config.set(u"GUI:layouts"_s, u"/mine"_s);
+    load(plugins.path());
+    EXPECT_EQ(Singleton<Config>::get()->getString(u"GUI:layouts"_s),
+              u"/mine:"_s + plugins.filePath(u"willing_plugin"_s));
+    Position position({}, {});
+    position.setTag(u"t"_s);
+    EXPECT_EQ(marks.look(position).mark, u"М"_s);
+    host.unload(controller.object);
+}
+
+TEST_F(PluginHostTest, folderMissing_isShown)
+{
+    load(folder.filePath(u"absent"_s));
+    ASSERT_EQ(host.problems().size(), 1);
+    EXPECT_TRUE(host.problems().first().endsWith(u"нет такой папки"_s));
+}
+
+TEST_F(PluginHostTest, emptyFolder_isNoProblem)
+{
+    const QTemporaryDir empty;
+    load(empty.path());
+    EXPECT_TRUE(host.problems().isEmpty());
+    EXPECT_TRUE(host.active().isEmpty());
+}

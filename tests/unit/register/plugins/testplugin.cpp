@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "testplugin.h"
+
+#include "activitynotifier.h"
+#include "basicexception.h"
+#include "graphicaluserinterface.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+void tell(const QString& what)
+{
+    const QStringList shown = qApp->property("testPlugin").toStringList();
+    qApp->setProperty("testPlugin", shown + QStringList(what));
+}
+
+struct NoForms : BasicFormCreator {
+    QSharedPointer<BasicForm> create(const Event&) override { return nullptr; }
+    QSharedPointer<BasicForm> create(EContext::Code) override { return nullptr; }
+};
+
+} // namespace
+
+TestPlugin::~TestPlugin()
+{
+    tell(u"destroyed"_s);
+}
+
+bool TestPlugin::init()
+{
+    tell(u"init"_s);
+    addHandler(
+        {EContext::OpenDocument, control::PluginCommand, [](const control::Action&) { return EContext::GoOn; }, true});
+    addTrigger({EContext::OpenDocument, control::RemovePosition, ActionTrigger::Before,
+                [](const control::Action&) { return EContext::Stop; }, ActionTrigger::Any, 1});
+    Singleton<GraphicalUserInterface>::get()->addFormCreator(QSharedPointer<NoForms>::create());
+    Singleton<ActivityNotifier>::get()->subscribe(this);
+#ifdef INIT_THROWS
+    throw BasicException(tr::Tr(tr::undefined, u"нет связи"_s));
+#endif
+    return INIT_RETURNS;
+}
+
+void TestPlugin::deinit()
+{
+    tell(u"deinit"_s);
+}
+
+void TestPlugin::handleEvent(const Event& event)
+{
+    tell(u"event "_s + QString::number(event.getCode()));
+}

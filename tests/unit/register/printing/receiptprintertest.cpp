@@ -1,0 +1,375 @@
+// SPDX-License-Identifier: MIT
+#include "receiptprinter.h"
+#include "configured.h"
+#include "receiptlayout.h"
+#include "shownmessages.h"
+#include "smalldisk.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+QByteArray content(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
+}
+
+/// What a program of poppler tells of a file.
+QString shown(const QString& program, const QStringList& arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    EXPECT_TRUE(process.waitForFinished()) << qPrintable(process.errorString());
+    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().constData();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+GoodsItem::Goods goods(const QString& name, double price, double packs)
+{
+    GoodsItem::Goods made;
+    made.name = name;
+    made.price = price;
+    made.quantity = packs;
+    return made;
+}
+
+} // namespace
+
+class ReceiptPrinterTest : public ::testing::Test
+{
+protected:
+    ReceiptPrinterTest()
+    {
+        config.set(u"Register:data"_s, folder.path());
+        QFile file(path(u"marks.json"_s));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(R"({"positions": [{"tag": "paper", "receiptLines": [
+            {"option": "share", "label": "Скидка", "form": "discount"},
+            {"option": "issuer", "label": "Кто"},
+            {"option": "number", "label": "Номер"}]}]})");
+        file.close();
+        marks.load(file.fileName());
+    }
+
+    /// A paid sale with a position from a foreign paper and one of ordinary goods.
+    static QSharedPointer<Document> sale(int number = 7)
+    {
+        auto document = QSharedPointer<Document>::create(number, QDateTime({2024, 2, 29}, {12, 30}));
+        const auto first = document->add(
+            goods(u"Амоксидар, капсулы 500 мг №16, в упаковке с инструкцией и мерной ложкой"_s, 12.4, 2), {});
+        first->setPrice(6.2);
+        first->setTag(u"paper"_s);
+        first->setSoftCheckId(u"rx-1"_s);
+        first->setExtendedOptions(
+            uR"({"share": 0.5, "issuer": "Поликлиника № 3 города Примерска и района", "number": "4500-1"})"_s);
+        document->add({}, {});
+        document->remove(2);
+        document->add(goods(u"Бинт <b>%1</b>"_s, 1234.5, 10), {});
+        document->setEnding(
+            {.state = Document::State::Closed, .finished = QDateTime({2024, 2, 29}, {12, 31}), .received = 1'300'000});
+        return document;
+    }
+    static QSharedPointer<Document> returnSale()
+    {
+        auto document = Document::returnOf(*sale(), 9, QDateTime({2024, 3, 1}, {9, 0}));
+        document->setEnding({.state = Document::State::Closed,
+                             .finished = QDateTime({2024, 3, 1}, {9, 5}),
+                             .received = document->getSum()});
+        return document;
+    }
+
+    QString path(const QString& name) const { return folder.filePath(name); }
+    QStringList printed() const { return QDir(path(u"printed"_s)).entryList(QDir::Files | QDir::Hidden); }
+    std::string text(const QString& number) const
+    {
+        return content(path(u"printed/%1.txt"_s.arg(number))).toStdString();
+    }
+    QStringList layout(const Document& document) const
+    {
+        return receiptlayout::text(receiptlayout::lines(document, marks)).split(u'\n');
+    }
+    static std::string fixture(const char* name)
+    {
+        return content(QString::fromUtf8(PRINTED_RECEIPTS "/") + QLatin1StringView(name)).toStdString();
+    }
+
+    QTemporaryDir folder;
+    Configured config;
+    PositionMarks marks;
+    ShownMessages messages;
+};
+
+TEST_F(ReceiptPrinterTest, sale_isPrintedAsTextLetterByLetter)
+{
+    config.set(u"Register:pharmacyName"_s, u"Аптека № 17"_s);
+    config.set(u"Register:pharmacyAddress"_s,
+               u"г. Примерск, ул. Липовая с очень длинным названием, дом 17, строение <2>"_s);
+    config.set(u"Register:taxpayerNumber"_s, u"7700000017"_s);
+    EXPECT_TRUE(ReceiptPrinter(folder.path(), marks).print(*sale()));
+    EXPECT_EQ(text(u"00000007"_s), fixture("printedsale.txt"));
+    EXPECT_EQ(printed(), (QStringList{u"00000007.pdf"_s, u"00000007.txt"_s}));
+    EXPECT_TRUE(messages.all().isEmpty());
+}
+
+TEST_F(ReceiptPrinterTest, returnWithoutAConfiguredPharmacy_isPrintedAsTextLetterByLetter)
+{
+    EXPECT_TRUE(ReceiptPrinter(folder.path(), marks).print(*returnSale()));
+    EXPECT_EQ(text(u"00000009"_s), fixture("printedtakeback.txt"));
+}
+
+TEST_F(ReceiptPrinterTest, priceRaised_isNoBenefit)
+{
+    Document document(1, QDateTime({2024, 1, 1}, {0, 0}));
+    document.add(goods(u"x"_s, 1.0, 1), {})->setPrice(2.0);
+    EXPECT_FALSE(layout(document).join(u'\n').contains(u"ьгот"_s));
+}
+
+TEST_F(ReceiptPrinterTest, benefit_isCountedInKopecksOverAllPacks)
+{
+    Document document(1, QDateTime({2024, 1, 1}, {0, 0}));
+    for (int i = 0; i < 3; ++i) {
+        document.add(goods(u"x"_s, 0.3, 3), {})->setPrice(0.1);
+    }
+    const QStringList lines = layout(document);
+    EXPECT_EQ(lines.filter(u"−0,60"_s).size(), 3);
+    EXPECT_EQ(lines.filter(u"Льгота всего"_s), QStringList(u"Льгота всего                        1,80"_s));
+}
+
+TEST_F(ReceiptPrinterTest, amountsOfAnySize_endAtTheRightEdge)
+{
+    Document document(1, QDateTime({2024, 1, 1}, {0, 0}));
+    document.add(goods(u"x"_s, 99'999'999.99, 999), {});
+    document.add(goods(u"x"_s, 0.0, 0.5), {});
+    document.setEnding({.state = Document::State::Closed, .received = document.getSum()});
+    const QStringList lines = layout(document);
+    EXPECT_TRUE(lines.contains(u"   999 × 99 999 999,99 ="_s));
+    EXPECT_EQ(lines.filter(u"99 899 999 990,01"_s).size(), 3) << "sum, total, cash";
+    EXPECT_TRUE(lines.contains(u"   0,5 × 0,00 =                     0,00"_s));
+    for (const QString& amount : lines.filter(QRegularExpression(u",\\d\\d$"_s))) {
+        EXPECT_EQ(amount.size(), 40) << qPrintable(amount);
+    }
+}
+
+TEST_F(ReceiptPrinterTest, namesOfAnyKind_leaveTheLayoutAsItIs)
+{
+    const QString names[] = {QString(10'000, QChar(0x416)),
+                             u"a\nИТОГО 0,00\r\n\x1b@\t\u202e123\u2028z"_s,
+                             u"שלום \u200fעולם"_s,
+                             QString(100, QChar(0x4e2d)),
+                             u"\U0001F48A"_s.repeated(60),
+                             u"<img src=x><!-- %1 %n &"_s,
+                             u"\n\x1b"_s,
+                             {}};
+    for (const QString& name : names) {
+        Document document(1, QDateTime({2024, 1, 1}, {0, 0}));
+        document.add(goods(name, 5.0, 1), {});
+        const QStringList lines = layout(document);
+        const qsizetype price = lines.indexOf(u"   1 × 5,00 =                       5,00"_s);
+        ASSERT_GT(price, 0);
+        EXPECT_TRUE(lines.at(2).startsWith(u"1."_s)) << qPrintable(lines.at(2));
+        for (qsizetype line = 3; line < price; ++line) {
+            EXPECT_TRUE(lines.at(line).startsWith(u"   "_s)) << qPrintable(lines.at(line));
+        }
+        EXPECT_EQ(lines.filter(u"ИТОГО  "_s).size(), 1);
+        for (const QString& line : lines) {
+            EXPECT_LE(line.toUcs4().size(), 40);
+            for (const QChar character : line) {
+                EXPECT_FALSE(character.category() == QChar::Other_Control ||
+                             character.category() == QChar::Other_Format);
+            }
+        }
+        EXPECT_TRUE(ReceiptPrinter(folder.path(), marks).print(document));
+        EXPECT_TRUE(content(path(u"printed/00000001.pdf"_s)).startsWith("%PDF"));
+    }
+}
+
+TEST_F(ReceiptPrinterTest, pdf_isAStripOfPaperThatHoldsTheSameText)
+{
+    config.set(u"Register:pharmacyName"_s, u"Аптека № 17"_s);
+    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).print(*sale()));
+    const QString pdf = path(u"printed/00000007.pdf"_s);
+
+    EXPECT_EQ(shown(u"pdftotext"_s, {u"-layout"_s, pdf, u"-"_s}).simplified(),
+              QString::fromStdString(text(u"00000007"_s)).simplified());
+
+    const QString facts = shown(u"pdfinfo"_s, {pdf});
+    const auto size = QRegularExpression(u"Page size: +([\\d.]+) x ([\\d.]+) pts"_s).match(facts);
+    EXPECT_NEAR(size.captured(1).toDouble() / 72 * 25.4, 80.0, 0.5) << qPrintable(facts);
+    EXPECT_NEAR(size.captured(2).toDouble() / 72 * 25.4, 22 * 3.6 + 8, 0.5) << qPrintable(facts);
+    EXPECT_TRUE(facts.contains(QRegularExpression(u"Pages: +1\\n"_s))) << qPrintable(facts);
+    EXPECT_TRUE(facts.contains(QRegularExpression(u"Title: +ЧЕК № 7\\n"_s))) << qPrintable(facts);
+
+    const QStringList fonts = shown(u"pdffonts"_s, {pdf}).split(u'\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(fonts.size(), 2 + 2) << "the book and the bold face, below two lines of head";
+    for (const QString& font : fonts.mid(2)) {
+        EXPECT_TRUE(font.contains(u"DejaVuSansMono"_s)) << qPrintable(font);
+        EXPECT_TRUE(font.contains(QRegularExpression(u" yes (yes|no) +yes "_s))) << "embedded, with its letters";
+    }
+}
+
+TEST_F(ReceiptPrinterTest, documentLongerThanAStrip_goesOnOverTheNext)
+{
+    Document document(1, QDateTime({2024, 1, 1}, {0, 0}));
+    for (int i = 0; i < 600; ++i) {
+        document.add(goods(u"x"_s, 1.0, 1), {});
+    }
+    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).print(document));
+    const QString pdf = path(u"printed/00000001.pdf"_s);
+    EXPECT_TRUE(shown(u"pdfinfo"_s, {pdf}).contains(QRegularExpression(u"Pages: +2\\n"_s)));
+    const QString text = shown(u"pdftotext"_s, {u"-layout"_s, pdf, u"-"_s});
+    EXPECT_TRUE(text.contains(u"600. x"_s));
+    EXPECT_TRUE(text.contains(QRegularExpression(u"ИТОГО +600,00"_s)));
+}
+
+TEST_F(ReceiptPrinterTest, files_areReadableByTheirOwnerAlone)
+{
+    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).print(*sale()));
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    for (const QString& file : printed()) {
+        EXPECT_EQ(QFile::permissions(path(u"printed/"_s + file)) & others, 0) << qPrintable(file);
+    }
+}
+
+TEST_F(ReceiptPrinterTest, printedAgain_replacesTheFilesWhole)
+{
+    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).print(*sale()));
+    const auto other = QSharedPointer<Document>::create(7, QDateTime({2024, 1, 1}, {0, 0}));
+    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).print(*other));
+    EXPECT_EQ(text(u"00000007"_s), layout(*other).join(u'\n').toStdString());
+    EXPECT_EQ(printed().size(), 2);
+}
+
+TEST_F(ReceiptPrinterTest, printedAgainFromTheList_theOriginalStandsBesideACopyThatSaysSo)
+{
+    const ReceiptPrinter printer(folder.path(), marks);
+    EXPECT_EQ(printer.printAgain(*sale()), u"printed/00000007.pdf"_s) << "never printed before";
+    const std::string original = text(u"00000007"_s);
+    EXPECT_EQ(original.find("КОПИЯ"), std::string::npos);
+    const QByteArray originalPdf = content(path(u"printed/00000007.pdf"_s));
+    EXPECT_EQ(printer.printAgain(*sale()), u"printed/00000007-copy.pdf"_s);
+    EXPECT_EQ(text(u"00000007-copy"_s), std::string(17, ' ').append("КОПИЯ\n") + original);
+    EXPECT_EQ(text(u"00000007"_s), original);
+    EXPECT_EQ(content(path(u"printed/00000007.pdf"_s)), originalPdf);
+    EXPECT_EQ(printed().size(), 4);
+}
+
+TEST_F(ReceiptPrinterTest, diskFull_isShownWithTheWayOutAndFormerFilesStand)
+{
+    const ReceiptPrinter printer(folder.path(), marks);
+    ASSERT_TRUE(printer.print(*sale()));
+    const QByteArray formerText = content(path(u"printed/00000007.txt"_s));
+    const QByteArray formerPdf = content(path(u"printed/00000007.pdf"_s));
+    const auto longer = sale();
+    longer->add(goods(QString(200, u'x'), 1.0, 1), {});
+    for (const rlim_t room : {64, 4096}) { // the text does not fit, or only the PDF does not
+        const SmallDisk smallDisk(room);
+        EXPECT_FALSE(printer.print(room == 64 ? *longer : *sale()));
+    }
+    EXPECT_EQ(content(path(u"printed/00000007.txt"_s)), formerText);
+    EXPECT_EQ(content(path(u"printed/00000007.pdf"_s)), formerPdf);
+    EXPECT_EQ(printed().size(), 2);
+    ASSERT_EQ(messages.all().size(), 2);
+    EXPECT_EQ(messages.all().first().kind, Dialog::Error);
+    EXPECT_TRUE(messages.all().first().text.startsWith(u"Чек № 7 не напечатан: "_s));
+    EXPECT_TRUE(messages.all().first().text.contains(u"напечатайте его из списка документов"_s));
+}
+
+TEST_F(ReceiptPrinterTest, aFileStandsInTheFoldersPlace_isShown)
+{
+    QFile file(path(u"printed"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_FALSE(ReceiptPrinter(folder.path(), marks).print(*sale()));
+    EXPECT_EQ(messages.all().size(), 1);
+}
+
+class InterruptedPrinting : public ReceiptPrinterTest
+{
+protected:
+    /// Has the archive hold a document that was ended at that minute of an hour.
+    void finish(int number, int minute, Document::State state = Document::State::Closed)
+    {
+        const auto document = sale(number);
+        Document::Ending ending = document->ending();
+        ending.finished = QDateTime({2024, 2, 29}, {12, minute});
+        ending.state = state;
+        if (state == Document::State::Voided) {
+            ending.voided = ending.finished;
+        }
+        document->setEnding(ending);
+        ASSERT_TRUE(archive.save(document));
+    }
+    void printInterrupted() const { ReceiptPrinter(folder.path(), marks).printInterrupted(archive); }
+
+    DocumentArchive archive{folder.path()};
+};
+
+TEST_F(InterruptedPrinting, lastClosedDocumentLacksAFile_isPrintedAndNoOther)
+{
+    finish(1, 10);
+    finish(2, 20);
+    printInterrupted();
+    const QStringList both{u"00000002.pdf"_s, u"00000002.txt"_s};
+    EXPECT_EQ(printed(), both);
+    for (const QString& file : both) {
+        ASSERT_TRUE(QFile::remove(path(u"printed/"_s + file)));
+        printInterrupted();
+        EXPECT_EQ(printed(), both);
+    }
+}
+
+TEST_F(InterruptedPrinting, documentWasSuspendedBefore_itsTimeCountsAndNotItsNumber)
+{
+    finish(3, 40);
+    finish(5, 30);
+    printInterrupted();
+    EXPECT_EQ(printed(), (QStringList{u"00000003.pdf"_s, u"00000003.txt"_s}));
+}
+
+TEST_F(InterruptedPrinting, cancelledAndVoidedDocuments_arePassedOver)
+{
+    finish(1, 10);
+    finish(2, 20, Document::State::Cancelled);
+    finish(3, 30, Document::State::Voided);
+    finish(4, 40, Document::State::Suspended);
+    printInterrupted();
+    EXPECT_EQ(printed(), (QStringList{u"00000001.pdf"_s, u"00000001.txt"_s}));
+}
+
+TEST_F(InterruptedPrinting, bothFilesAreThere_theyStayAsTheyAre)
+{
+    finish(1, 10);
+    printInterrupted();
+    QFile file(path(u"printed/00000001.txt"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("as printed");
+    file.close();
+    printInterrupted();
+    EXPECT_EQ(text(u"00000001"_s), "as printed");
+}
+
+TEST_F(InterruptedPrinting, onlyACopyIsThere_theDocumentIsPrinted)
+{
+    finish(1, 10);
+    printInterrupted();
+    EXPECT_FALSE(ReceiptPrinter(folder.path(), marks).printAgain(*sale(1)).isEmpty());
+    ASSERT_TRUE(QFile::remove(path(u"printed/00000001.txt"_s)));
+    printInterrupted();
+    EXPECT_TRUE(printed().contains(u"00000001.txt"_s));
+}
+
+TEST_F(InterruptedPrinting, nothingFinished_nothingIsPrinted)
+{
+    printInterrupted();
+    EXPECT_TRUE(printed().isEmpty());
+    EXPECT_TRUE(messages.all().isEmpty());
+}

@@ -1,0 +1,295 @@
+// SPDX-License-Identifier: MIT
+#include "documentarchive.h"
+#include "configured.h"
+#include "logcapture.h"
+#include "saves.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+using State = Document::State;
+
+class DocumentArchiveTest : public ::testing::Test
+{
+protected:
+    DocumentArchiveTest() { config.set(u"Register:data"_s, folder.path()); }
+
+    static QSharedPointer<Document> document(int number, State state = State::Open)
+    {
+        const QDateTime noon({2024, 2, 29}, {12, 0});
+        auto document = QSharedPointer<Document>::create(number, noon);
+        document->add({}, {});
+        Document::Ending ending{.state = state};
+        if (state != State::Open && state != State::Suspended) {
+            ending.finished = noon;
+        }
+        if (state == State::Voided) {
+            ending.voided = noon;
+        }
+        document->setEnding(ending);
+        return document;
+    }
+    /// A document of that number and state, as its file holds it.
+    QSharedPointer<Document> saved(int number, State state = State::Open) const
+    {
+        auto unsaved = document(number, state);
+        EXPECT_TRUE(archive.save(unsaved));
+        return unsaved;
+    }
+    /// A closed cancelling document, or one with another end.
+    QSharedPointer<Document> returnSale(const Document& sale, int number, State state) const
+    {
+        auto taker = Document::returnOf(sale, number, sale.getOpened());
+        taker->setEnding({.state = state, .finished = sale.getOpened()});
+        const bool isSaved = state == State::Open || archive.save(taker);
+        EXPECT_TRUE(isSaved);
+        return taker;
+    }
+    void write(const QString& file, const QByteArray& content) const
+    {
+        QDir(folder.path()).mkpath(QFileInfo(file).path());
+        QFile opened(folder.filePath(file));
+        ASSERT_TRUE(opened.open(QIODevice::WriteOnly));
+        opened.write(content);
+    }
+    /// All files of the data folder.
+    QStringList files() const
+    {
+        QStringList found;
+        const QDir root(folder.path());
+        for (const char* place : {"", "finished/", "putaside/"}) {
+            for (const QString& file :
+                 QDir(root.filePath(QLatin1StringView(place))).entryList(QDir::Files | QDir::Hidden)) {
+                found.append(QLatin1StringView(place) + file);
+            }
+        }
+        return found;
+    }
+    static QList<int> numbers(const QList<QSharedPointer<Document>>& documents)
+    {
+        QList<int> all;
+        for (const auto& one : documents) {
+            all.append(one->getNumber());
+        }
+        return all;
+    }
+
+    const QString openFile = u"receipt.json"_s;
+    const QString suspendedFile = u"putaside/00000003.json"_s;
+    const QString finishedFile = u"finished/00000003.json"_s;
+    QTemporaryDir folder;
+    Configured config;
+    DocumentArchive archive{folder.path()};
+};
+
+TEST_F(DocumentArchiveTest, moved_standsInItsNewPlaceAlone)
+{
+    const auto document = saved(3);
+    EXPECT_EQ(files(), QStringList{openFile});
+    EXPECT_TRUE(archive.move(document, {.state = State::Suspended}));
+    EXPECT_EQ(files(), QStringList{suspendedFile});
+    EXPECT_TRUE(archive.move(document, {.state = State::Open}));
+    EXPECT_EQ(files(), QStringList{openFile});
+    const QDateTime time({2024, 2, 29}, {13, 0});
+    EXPECT_TRUE(archive.move(document, {.state = State::Closed, .finished = time, .received = 700}));
+    EXPECT_EQ(files(), QStringList{finishedFile});
+    EXPECT_EQ(archive.find(3)->toJson(), document->toJson());
+    EXPECT_EQ(archive.find(3)->getReceived(), 700);
+    EXPECT_TRUE(archive.move(document, {.state = State::Voided, .finished = time, .voided = time}));
+    EXPECT_EQ(files(), QStringList{finishedFile}) << "the place is the same";
+    EXPECT_EQ(archive.find(3)->getState(), State::Voided);
+}
+
+TEST_F(DocumentArchiveTest, newFileIsSavedBeforeTheFormerIsRemoved)
+{
+    const auto document = saved(3);
+    Saves saves;
+    saves.fail([this](const AbstractDocument&) {
+        EXPECT_EQ(files(), QStringList{openFile});
+        return Saves::Fault::None;
+    });
+    EXPECT_TRUE(archive.move(document, {.state = State::Suspended}));
+    EXPECT_EQ(saves.files, QStringList{suspendedFile});
+}
+
+TEST_F(DocumentArchiveTest, moveThatCannotBeSaved_leavesDocumentAndFiles)
+{
+    for (const auto fault : {Saves::Fault::Before, Saves::Fault::After}) {
+        const auto document = saved(3);
+        const QJsonObject before = document->toJson();
+        Saves saves;
+        saves.fail([fault](const AbstractDocument&) { return fault; });
+        EXPECT_FALSE(
+            archive.move(document, {.state = State::Closed, .finished = document->getOpened(), .received = 5}));
+        EXPECT_EQ(document->toJson(), before);
+        EXPECT_EQ(files(), QStringList{openFile});
+    }
+}
+
+TEST_F(DocumentArchiveTest, voidingOfAClosedSaleThatCannotBeSaved_leavesItsFile)
+{
+    const auto document = saved(3, State::Closed);
+    Saves saves;
+    saves.failAll();
+    EXPECT_FALSE(archive.move(
+        document, {.state = State::Voided, .finished = document->getOpened(), .voided = document->getOpened()}));
+    EXPECT_EQ(document->getState(), State::Closed);
+    EXPECT_EQ(archive.find(3)->getState(), State::Closed);
+}
+
+TEST_F(DocumentArchiveTest, find_prefersTheFinishedCopy)
+{
+    EXPECT_FALSE(archive.find(3));
+    saved(3, State::Suspended);
+    EXPECT_EQ(archive.find(3)->getState(), State::Suspended);
+    EXPECT_FALSE(archive.isFinished(3));
+    saved(3, State::Voided);
+    EXPECT_EQ(archive.find(3)->getState(), State::Voided);
+    EXPECT_TRUE(archive.isFinished(3));
+    EXPECT_FALSE(archive.find(4));
+}
+
+TEST_F(DocumentArchiveTest, openDocument_isNotFound)
+{
+    saved(3);
+    EXPECT_FALSE(archive.find(3));
+    EXPECT_TRUE(archive.latest(10).isEmpty());
+}
+
+TEST_F(DocumentArchiveTest, damagedFile_isLoggedAndPassedOver)
+{
+    saved(2, State::Closed);
+    write(finishedFile, "{\"format\": 1, ");
+    const LogCapture log;
+    EXPECT_FALSE(archive.find(3));
+    EXPECT_FALSE(archive.isFinished(3));
+    EXPECT_EQ(numbers(archive.latest(10)), QList<int>{2});
+    EXPECT_EQ(log.lines().filter(u"ERROR register A saved document cannot be read: "_s).size(), 3)
+        << qPrintable(log.text());
+    EXPECT_TRUE(log.text().contains(finishedFile)) << qPrintable(log.text());
+    EXPECT_EQ(archive.greatestNumber(), 3) << "its number was given all the same";
+}
+
+TEST_F(DocumentArchiveTest, copyUnderAnotherNumber_isPassedOverAndNotSavedOverTheOriginal)
+{
+    saved(2, State::Closed);
+    ASSERT_TRUE(QFile::copy(folder.filePath(u"finished/00000002.json"_s), folder.filePath(finishedFile)));
+    EXPECT_FALSE(archive.find(3));
+    EXPECT_EQ(numbers(archive.latest(10)), QList<int>{2});
+}
+
+TEST_F(DocumentArchiveTest, finishedDocumentInTheOpenOnesFile_leavesTheFinishedOne)
+{
+    const auto document = saved(3, State::Closed);
+    write(openFile, QJsonDocument(document->toJson()).toJson());
+    EXPECT_FALSE(archive.tidyUp(document));
+    EXPECT_EQ(files(), QStringList{finishedFile});
+}
+
+TEST_F(DocumentArchiveTest, latest_areAllSuspendedAndSoManyFinishedTheLatestFirst)
+{
+    for (const int number : {1, 4, 6, 7, 10}) {
+        saved(number, State::Closed);
+    }
+    for (const int number : {2, 8}) {
+        saved(number, State::Suspended);
+    }
+    EXPECT_EQ(numbers(archive.latest(3)), (QList<int>{10, 8, 7, 6, 2}));
+    EXPECT_EQ(numbers(archive.latest(100)), (QList<int>{10, 8, 7, 6, 4, 2, 1}));
+    EXPECT_EQ(numbers(archive.latest(0)), (QList<int>{8, 2}));
+    EXPECT_EQ(archive.greatestNumber(), 10);
+}
+
+TEST_F(DocumentArchiveTest, filesOfOtherNames_arePassedOver)
+{
+    for (const char* name :
+         {"7.json", "x0000007.json", "00000007.json.tmp", "00000000.json", "-0000007.json", ".json"}) {
+        write(u"finished/"_s + QLatin1StringView(name), "{}");
+    }
+    const LogCapture log;
+    EXPECT_TRUE(archive.latest(10).isEmpty());
+    EXPECT_EQ(archive.greatestNumber(), 0);
+    EXPECT_TRUE(log.lines().isEmpty()) << qPrintable(log.text());
+}
+
+TEST_F(DocumentArchiveTest, sale_isReturnedByAClosedOrTheOpenDocumentAlone)
+{
+    const auto sale = saved(3, State::Closed);
+    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "nobody tried";
+    sale->setReturnedBy(9);
+    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "it came to no document";
+
+    const auto open = returnSale(*sale, 9, State::Open);
+    EXPECT_TRUE(archive.isReturned(*sale, open));
+    EXPECT_FALSE(archive.isReturned(*sale, returnSale(*sale, 10, State::Open))) << "another document is open";
+    EXPECT_FALSE(archive.isReturned(*sale, document(9))) << "the open document of that number is a sale";
+
+    returnSale(*sale, 9, State::Cancelled);
+    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "the document was given up";
+    returnSale(*document(4), 9, State::Closed);
+    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "the document takes another sale back";
+    returnSale(*sale, 9, State::Closed);
+    EXPECT_TRUE(archive.isReturned(*sale, nullptr));
+    EXPECT_TRUE(archive.isReturned(*sale, document(10)));
+
+    QFile taker(folder.filePath(u"finished/00000009.json"_s));
+    ASSERT_TRUE(taker.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    taker.write("{");
+    taker.close();
+    EXPECT_TRUE(archive.isReturned(*sale, nullptr)) << "damaged: nobody can tell that it was given up";
+}
+
+TEST_F(DocumentArchiveTest, closingInterrupted_openCopyIsRemoved)
+{
+    const auto open = saved(3);
+    saved(3, State::Closed);
+    EXPECT_FALSE(archive.tidyUp(open));
+    EXPECT_EQ(files(), QStringList{finishedFile});
+}
+
+TEST_F(DocumentArchiveTest, puttingAsideOrResumingInterrupted_suspendedCopyIsRemoved)
+{
+    const auto document = saved(3);
+    saved(3, State::Suspended);
+    EXPECT_EQ(archive.tidyUp(document), document);
+    EXPECT_EQ(files(), QStringList{openFile});
+}
+
+TEST_F(DocumentArchiveTest, voidingInterrupted_suspendedCopyIsRemoved)
+{
+    saved(3, State::Suspended);
+    saved(3, State::Voided);
+    EXPECT_FALSE(archive.tidyUp(nullptr));
+    EXPECT_EQ(files(), QStringList{finishedFile});
+    EXPECT_EQ(archive.find(3)->getState(), State::Voided);
+}
+
+TEST_F(DocumentArchiveTest, nothingInterrupted_everythingStays)
+{
+    const auto document = saved(3);
+    saved(1, State::Suspended);
+    saved(2, State::Closed);
+    const QStringList before = files();
+    EXPECT_EQ(before.size(), 3);
+    EXPECT_EQ(archive.tidyUp(document), document);
+    EXPECT_EQ(files(), before);
+    EXPECT_FALSE(archive.tidyUp(nullptr));
+    EXPECT_EQ(files(), before);
+}
+
+TEST_F(DocumentArchiveTest, finishedCopyIsDamaged_theOtherCopyStays)
+{
+    write(finishedFile, "half");
+    saved(3, State::Suspended);
+    EXPECT_FALSE(archive.tidyUp(nullptr));
+    EXPECT_EQ(files(), (QStringList{finishedFile, suspendedFile}));
+    const auto document = saved(3);
+    EXPECT_EQ(archive.tidyUp(document), document);
+    EXPECT_EQ(files(), (QStringList{openFile, finishedFile}));
+}

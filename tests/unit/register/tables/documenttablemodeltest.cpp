@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "documenttablemodel.h"
+
+#include "registerstyle.h"
+
+#include <QAbstractItemModelTester>
+#include <QBrush>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+const QDateTime opened(QDate(2026, 3, 2), QTime(9, 5));
+const QDateTime finished(QDate(2026, 3, 2), QTime(9, 15));
+
+DocumentTableModel::Pointer sale(int number, Document::State state)
+{
+    auto document = DocumentTableModel::Pointer::create(number, opened);
+    GoodsItem::Goods goods;
+    goods.name = u"Амоксидар"_s;
+    goods.price = 617.25;
+    goods.quantity = 2;
+    document->add(goods, {});
+    document->setEnding({.state = state, .finished = state == Document::State::Suspended ? QDateTime() : finished});
+    return document;
+}
+
+DocumentTableModel::Pointer returnSale(int number, Document::State state)
+{
+    const auto document = Document::returnOf(*sale(7, Document::State::Closed), number, opened);
+    document->setEnding({.state = state, .finished = finished});
+    return document;
+}
+
+} // namespace
+
+class DocumentTableModelTest : public ::testing::Test
+{
+protected:
+    void show(const QList<DocumentTableModel::Pointer>& documents, bool returned = false)
+    {
+        model.show(documents, [returned](const Document&) { return returned; });
+    }
+    QString text(int row, int column) const { return model.index(row, column).data().toString(); }
+
+    DocumentTableModel model;
+    QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+
+TEST_F(DocumentTableModelTest, sale_isShownWithTimeCountAndSum)
+{
+    show({sale(7, Document::State::Closed)});
+    EXPECT_EQ(text(0, DocumentTableModel::Number), u"7"_s);
+    EXPECT_EQ(text(0, DocumentTableModel::State), u"Продажа"_s);
+    EXPECT_EQ(text(0, DocumentTableModel::Time), u"02.03.2026 09:15"_s);
+    EXPECT_EQ(text(0, DocumentTableModel::Positions), u"1"_s);
+    EXPECT_EQ(text(0, DocumentTableModel::Sum), u"1"_s + QChar(QChar::Nbsp) + u"234,50"_s);
+    EXPECT_EQ(text(0, DocumentTableModel::SearchText), u"7\nПродажа\nАмоксидар"_s);
+    EXPECT_EQ(model.index(0, DocumentTableModel::Time).data(Qt::ToolTipRole).toString(),
+              u"Открыт 02.03.2026 09:05, завершён 02.03.2026 09:15"_s);
+}
+
+struct Word {
+    const char* name;
+    DocumentTableModel::Pointer document;
+    bool returned;
+    const char* text;
+    QColor colour;
+};
+
+class DocumentWord : public DocumentTableModelTest, public ::testing::WithParamInterface<Word>
+{
+};
+
+TEST_P(DocumentWord, showsTheStateInWordsAndColour)
+{
+    DocumentTableModel::Pointer document = GetParam().document;
+    if (GetParam().returned) {
+        document->setReturnedBy(9);
+    }
+    show({document}, GetParam().returned);
+    EXPECT_EQ(text(0, DocumentTableModel::State), QString::fromUtf8(GetParam().text));
+    const QVariant colour = model.index(0, DocumentTableModel::State).data(Qt::ForegroundRole);
+    EXPECT_EQ(colour.isValid() ? colour.value<QBrush>().color() : QColor(), GetParam().colour);
+    if (GetParam().colour.isValid()) {
+        EXPECT_GE(RegisterColours::contrast(GetParam().colour, RegisterColours().panel), 4.5);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , DocumentWord,
+    ::testing::Values(
+        Word{"putAside", sale(1, Document::State::Suspended), false, "Отложен", QColor(0x8a, 0x5a, 0)},
+        Word{"sale", sale(1, Document::State::Closed), false, "Продажа", {}},
+        Word{"takenBack", sale(1, Document::State::Closed), true, "Продажа, возвращена документом № 9", {}},
+        Word{"takeBack", returnSale(9, Document::State::Closed), false, "Возврат чека № 7", {}},
+        Word{"cancelled", sale(1, Document::State::Cancelled), false, "Отменён", RegisterColours().mutedText},
+        Word{"takeBackCancelled", returnSale(9, Document::State::Cancelled), false, "Возврат отменён",
+             RegisterColours().mutedText},
+        Word{"annulled", sale(1, Document::State::Voided), false, "Аннулирован", RegisterColours().mutedText}),
+    [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_F(DocumentTableModelTest, suspended_showsWhenItWasOpened)
+{
+    show({sale(3, Document::State::Suspended)});
+    EXPECT_EQ(text(0, DocumentTableModel::Time), u"02.03.2026 09:05"_s);
+    EXPECT_EQ(model.index(0, DocumentTableModel::Time).data(Qt::ToolTipRole).toString(), u"Открыт 02.03.2026 09:05"_s);
+}
+
+TEST_F(DocumentTableModelTest, voided_showsWhenAndWhatItWasBefore)
+{
+    const QDateTime voided(QDate(2026, 3, 4), QTime(18, 40));
+    const auto closed = sale(3, Document::State::Closed);
+    closed->setEnding({.state = Document::State::Voided, .finished = finished, .voided = voided});
+    const auto suspend = sale(2, Document::State::Suspended);
+    suspend->setEnding({.state = Document::State::Voided, .finished = voided, .voided = voided});
+    show({closed, suspend});
+    const auto shown = [this](int row) {
+        return model.index(row, DocumentTableModel::Time).data(Qt::ToolTipRole).toString();
+    };
+    EXPECT_EQ(shown(0), u"Открыт 02.03.2026 09:05, завершён 02.03.2026 09:15, аннулирован 04.03.2026 18:40"_s);
+    EXPECT_EQ(shown(1), u"Открыт 02.03.2026 09:05, аннулирован 04.03.2026 18:40"_s);
+}
+
+TEST_F(DocumentTableModelTest, shownAnew_rowsAreFoundByNumber)
+{
+    show({sale(9, Document::State::Closed), sale(7, Document::State::Closed)});
+    EXPECT_EQ(model.rowOf(7), 1);
+    EXPECT_EQ(model.document(1)->getNumber(), 7);
+    EXPECT_EQ(model.rowOf(8), -1);
+    show({});
+    EXPECT_EQ(model.rowCount(), 0);
+    EXPECT_EQ(model.rowOf(7), -1);
+}
+
+TEST_F(DocumentTableModelTest, everyColumnThatIsShown_hasACaption)
+{
+    for (int column = 0; column < DocumentTableModel::SearchText; ++column) {
+        EXPECT_FALSE(model.headerData(column, Qt::Horizontal).toString().isEmpty()) << column;
+    }
+}

@@ -1,0 +1,674 @@
+// SPDX-License-Identifier: MIT
+#include "registeraction.h"
+#include "saves.h"
+#include "shownmessages.h"
+#include "tillfixture.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QTest>
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+class SaleTest : public TillFixture
+{
+protected:
+    OpenDocumentFile::Loaded saved() const { return OpenDocumentFile(folder.path()).load(); }
+};
+
+TEST_F(SaleTest, opened_isCurrentAndSavedBeforeEvent10)
+{
+    till->open();
+    ASSERT_EQ(witness.codes(), QList<int>{10});
+    EXPECT_EQ(witness.seen.first().current, till->document());
+    EXPECT_EQ(witness.seen.first().context, EContext::OpenDocument);
+    EXPECT_EQ(savedDocument().value(u"number"_s).toInt(), 1);
+}
+
+TEST_F(SaleTest, openedTwice_staysTheSame)
+{
+    till->open();
+    const auto document = till->document();
+    till->open();
+    EXPECT_EQ(till->document(), document);
+    EXPECT_EQ(witness.codes(), QList<int>{10});
+}
+
+TEST_F(SaleTest, firstGoods_openTheDocument)
+{
+    EXPECT_EQ(till->add(article(amoxidar, 2)), 1);
+    EXPECT_EQ(witness.codes(), QList<int>{10});
+    EXPECT_EQ(till->document()->getSum(), 2480);
+    const QJsonObject position = savedDocument().value(u"positions"_s).toArray().at(0).toObject();
+    EXPECT_EQ(position.value(u"quantity"_s).toDouble(), 2.0);
+    EXPECT_EQ(position.value(u"tmcPrice"_s).toDouble(), 12.9);
+    EXPECT_EQ(position.value(u"minRetailPrice"_s).toDouble(), 1.2);
+    EXPECT_EQ(position.value(u"barcode"_s).toString(), amoxidar);
+}
+
+TEST_F(SaleTest, packsOfABoundPosition_stay)
+{
+    till->add(article(amoxidar));
+    till->document()->position(1)->setSoftCheckId(u"rx-1"_s);
+    till->setPacks(1, 5);
+    EXPECT_EQ(till->document()->position(1)->getQuantity(), 1.0);
+}
+
+TEST_F(SaleTest, packsAndRemoval_areSaved)
+{
+    till->add(article(amoxidar));
+    till->add(article(amoxidar));
+    till->setPacks(2, 5);
+    EXPECT_EQ(savedDocument().value(u"sum"_s).toDouble(), 74.4);
+    till->remove(1);
+    EXPECT_EQ(savedDocument().value(u"positions"_s).toArray().size(), 1);
+    till->remove(17);
+    till->setPacks(17, 3);
+    EXPECT_EQ(savedDocument().value(u"sum"_s).toDouble(), 62.0);
+}
+
+TEST_F(SaleTest, recalculation_showsTheScreens)
+{
+    till->add(article(amoxidar));
+    int changes = 0;
+    QObject::connect(till.get(), &Till::changed, [&changes] { ++changes; });
+    loyalty.object.recalculate(till->document());
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(SaleTest, restored_isCurrentAndShownByEvent17Alone)
+{
+    till->add(article(amoxidar));
+    till->document()->setPluginValue(u"P"_s, u"card"_s, u"42"_s);
+    till->setPacks(1, 3);
+    const QJsonObject before = till->document()->toJson();
+    DocumentWatcher::setCurrentDocument(nullptr);
+    witness.seen.clear();
+
+    Till again(folder.path());
+    again.restore(saved());
+    ASSERT_EQ(witness.codes(), QList<int>{17});
+    const Witness::Seen& seen = witness.seen.first();
+    EXPECT_EQ(seen.context, EContext::OpenDocument);
+    EXPECT_EQ(seen.document.metaType(), QMetaType::fromType<QSharedPointer<AbstractDocument>>());
+    EXPECT_EQ(seen.document.value<QSharedPointer<AbstractDocument>>(), seen.current);
+    EXPECT_EQ(seen.current, again.document());
+    EXPECT_EQ(again.document()->toJson(), before);
+}
+
+TEST_F(SaleTest, nothingToRestore_nothingIsShown)
+{
+    till->restore(saved());
+    EXPECT_TRUE(witness.seen.isEmpty());
+    EXPECT_FALSE(till->document());
+    EXPECT_EQ(controller.object.context(), EContext::Idle);
+}
+
+TEST_F(SaleTest, damagedDocument_isShownAndANewOneTakesAnotherNumber)
+{
+    till->open();
+    QFile file(folder.filePath(u"receipt.json"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("{\"format\": 1, ");
+    file.close();
+    const ShownMessages messages;
+
+    Till again(folder.path());
+    again.restore(saved());
+    EXPECT_FALSE(again.document());
+    ASSERT_EQ(messages.all().size(), 1);
+    EXPECT_EQ(messages.all().first().kind, Dialog::Error);
+    EXPECT_TRUE(messages.all().first().text.contains(u"receipt.json.damaged-"_s));
+    again.open();
+    EXPECT_EQ(again.document()->getNumber(), 2);
+    EXPECT_EQ(QDir(folder.path()).entryList({u"receipt.json.damaged-*"_s}).size(), 1);
+}
+
+/// What becomes of the open document.
+class DocumentChanges : public SaleTest
+{
+protected:
+    /// Throws, which fails the test, when there is none.
+    QSharedPointer<Document> archived(int number) const
+    {
+        auto document = till->archive().find(number);
+        if (!document) {
+            throw std::out_of_range("no document " + std::to_string(number));
+        }
+        return document;
+    }
+    bool isOpenSaved() const { return QFile::exists(folder.filePath(u"receipt.json"_s)); }
+    /// Sells an article; the number of the sale.
+    int sold() const
+    {
+        till->add(article(amoxidar, 2));
+        const int number = till->document()->getNumber();
+        EXPECT_TRUE(till->close(5000));
+        return number;
+    }
+    /// Opens the document that takes a sale back.
+    QSharedPointer<Document> takingBack(int number)
+    {
+        EXPECT_TRUE(till->returnSale(archived(number)));
+        witness.seen.clear();
+        return till->document();
+    }
+    static void setStatus(const Document& document, const char* status)
+    {
+        document.position(1)->setExtendedOptions(u"{\"status\":\"%1\"}"_s.arg(QLatin1StringView(status)));
+    }
+    /// One event was told, with that document as the current one.
+    void expectShown(int event, const QSharedPointer<Document>& current) const
+    {
+        ASSERT_EQ(witness.codes(), QList<int>{event});
+        EXPECT_EQ(witness.seen.first().current, current);
+        EXPECT_EQ(witness.seen.first().context, EContext::OpenDocument);
+    }
+    void expectNothingOpen() const
+    {
+        EXPECT_FALSE(till->document());
+        EXPECT_FALSE(Current().document());
+        EXPECT_EQ(controller.object.context(), EContext::Idle);
+        EXPECT_EQ(till->phase(), Till::Phase::Positions);
+        EXPECT_FALSE(isOpenSaved());
+    }
+    /// `change` fails when nothing can be saved, and leaves the open document as it is.
+    void expectNothingChanged(const std::function<bool()>& change)
+    {
+        const auto open = till->document();
+        const QJsonObject before = open ? open->toJson() : QJsonObject();
+        const QJsonObject savedBefore = savedDocument();
+        const EContext::Code context = controller.object.context();
+        witness.seen.clear();
+        int changes = 0;
+        const auto counting = QObject::connect(till.get(), &Till::changed, [&changes] { ++changes; });
+        {
+            Saves saves;
+            saves.failAll();
+            EXPECT_FALSE(change());
+            EXPECT_FALSE(saves.files.isEmpty()) << "it was tried";
+        }
+        QObject::disconnect(counting);
+        EXPECT_EQ(till->document(), open);
+        EXPECT_EQ(Current().document(), open);
+        EXPECT_EQ(open ? open->toJson() : QJsonObject(), before);
+        EXPECT_EQ(savedDocument(), savedBefore);
+        EXPECT_EQ(controller.object.context(), context);
+        EXPECT_TRUE(witness.seen.isEmpty());
+        EXPECT_EQ(changes, 0);
+        EXPECT_EQ(m_printed, QList<int>());
+    }
+    void countPrinting()
+    {
+        till->setPrinting([this](const Document& document) { m_printed.append(document.getNumber()); });
+    }
+
+    struct Current : DocumentWatcher {
+        QSharedPointer<AbstractDocument> document() const { return getDocument(); }
+    };
+
+    QList<int> m_printed;
+};
+
+TEST_F(DocumentChanges, closed_isFinishedPrintedAndShownWhileItIsCurrent)
+{
+    till->add(article(amoxidar, 2));
+    till->setPhase(Till::Phase::Payment);
+    const auto document = till->document();
+    witness.seen.clear();
+    QStringList steps;
+    till->setPrinting([&](const Document& printed) {
+        EXPECT_EQ(&printed, document.get());
+        EXPECT_EQ(archived(1)->toJson(), printed.toJson()) << "saved before it is printed";
+        EXPECT_TRUE(witness.seen.isEmpty()) << "printed before it is told";
+        steps.append(u"printed"_s);
+    });
+    QObject::connect(till.get(), &Till::changed, [&] { steps.append(u"changed"_s); });
+    EXPECT_TRUE(till->close(3000));
+    expectShown(12, document);
+    expectNothingOpen();
+    EXPECT_EQ(steps, (QStringList{u"printed"_s, u"changed"_s}));
+    EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
+    EXPECT_EQ(archived(1)->getReceived(), 3000);
+    EXPECT_EQ(archived(1)->getChange(), 520);
+    EXPECT_TRUE(archived(1)->getFinished().isValid());
+}
+
+TEST_F(DocumentChanges, tooLittleMoney_doesNotClose)
+{
+    EXPECT_FALSE(till->close(5000)) << "nothing is open";
+    till->add(article(amoxidar, 2));
+    EXPECT_FALSE(till->close(2479));
+    EXPECT_TRUE(till->document());
+    EXPECT_EQ(witness.codes(), QList<int>{10});
+    EXPECT_TRUE(till->close(2480));
+    EXPECT_EQ(archived(1)->getChange(), 0);
+}
+
+TEST_F(DocumentChanges, cancelled_isFinishedAndShownWhileItIsCurrentAndNotPrinted)
+{
+    EXPECT_FALSE(till->cancel()) << "nothing is open";
+    countPrinting();
+    till->add(article(amoxidar));
+    const auto document = till->document();
+    witness.seen.clear();
+    EXPECT_TRUE(till->cancel());
+    expectShown(22, document);
+    expectNothingOpen();
+    EXPECT_EQ(archived(1)->getState(), Document::State::Cancelled);
+    EXPECT_EQ(archived(1)->positions().size(), 1);
+    EXPECT_TRUE(m_printed.isEmpty());
+}
+
+TEST_F(DocumentChanges, suspended_isShownByNoEvent)
+{
+    EXPECT_FALSE(till->suspend()) << "nothing is open";
+    till->add(article(amoxidar));
+    witness.seen.clear();
+    EXPECT_TRUE(till->suspend());
+    EXPECT_TRUE(witness.seen.isEmpty());
+    expectNothingOpen();
+    EXPECT_EQ(archived(1)->getState(), Document::State::Suspended);
+}
+
+TEST_F(DocumentChanges, resumed_isCurrentAndShownByEvent17Alone)
+{
+    till->add(article(amoxidar));
+    till->suspend();
+    witness.seen.clear();
+    const auto document = archived(1);
+    EXPECT_TRUE(till->resume(document));
+    expectShown(17, document);
+    EXPECT_EQ(witness.seen.first().document.value<QSharedPointer<AbstractDocument>>(), document);
+    EXPECT_EQ(witness.seen.first().document.metaType(), QMetaType::fromType<QSharedPointer<AbstractDocument>>());
+    EXPECT_EQ(till->document(), document);
+    EXPECT_EQ(document->getState(), Document::State::Open);
+    EXPECT_EQ(savedDocument(), document->toJson());
+    EXPECT_FALSE(till->archive().find(1));
+}
+
+TEST_F(DocumentChanges, takingUp_isRefusedForWhatIsNotSuspendedAndWhileADocumentIsOpen)
+{
+    EXPECT_FALSE(till->resume(nullptr));
+    EXPECT_FALSE(till->resume(archived(sold())));
+    till->add(article(amoxidar));
+    till->suspend();
+    till->open();
+    EXPECT_FALSE(till->resume(archived(2)));
+    EXPECT_EQ(archived(2)->getState(), Document::State::Suspended);
+    EXPECT_EQ(till->document()->getNumber(), 3);
+}
+
+TEST_F(DocumentChanges, returned_cancellingDocumentIsOpenedAndShownByEvent10)
+{
+    const int number = sold();
+    witness.seen.clear();
+    EXPECT_TRUE(till->returnSale(archived(number)));
+    const auto document = till->document();
+    ASSERT_TRUE(document);
+    expectShown(10, document);
+    EXPECT_EQ(document->getType(), 25);
+    EXPECT_EQ(document->getNumber(), 2);
+    EXPECT_EQ(document->getReturnedSale(), number);
+    EXPECT_EQ(savedDocument(), document->toJson());
+    EXPECT_EQ(archived(number)->getReturnedBy(), 2);
+    EXPECT_TRUE(till->archive().isReturned(*archived(number), document));
+}
+
+TEST_F(DocumentChanges, takingBack_isRefusedForWhatIsNoClosedSaleOrReturnedAlready)
+{
+    EXPECT_FALSE(till->returnSale(nullptr));
+    till->add(article(amoxidar));
+    till->suspend();
+    EXPECT_FALSE(till->returnSale(archived(1))) << "put aside";
+    till->resume(archived(1));
+    till->cancel();
+    EXPECT_FALSE(till->returnSale(archived(1))) << "cancelled";
+    const int number = sold();
+    till->open();
+    EXPECT_FALSE(till->returnSale(archived(number))) << "a receipt is open";
+    till->cancel();
+    const auto document = takingBack(number);
+    EXPECT_TRUE(till->close(document->getSum()));
+    EXPECT_FALSE(till->returnSale(archived(number))) << "taken back";
+    EXPECT_FALSE(till->returnSale(archived(document->getNumber()))) << "a cancelling document";
+    EXPECT_FALSE(till->document());
+}
+
+TEST_F(DocumentChanges, saleCouldNotBeSaved_noCancellingDocumentIsOpened)
+{
+    const int number = sold();
+    expectNothingChanged([&] { return till->returnSale(archived(number)); });
+    EXPECT_EQ(archived(number)->getReturnedBy(), 0);
+}
+
+TEST_F(DocumentChanges, cancellingDocumentCouldNotBeSaved_saleCanStillBeReturned)
+{
+    const int number = sold();
+    {
+        Saves saves;
+        saves.fail([](const AbstractDocument& document) {
+            return document.getType() == AbstractDocument::Return ? Saves::Fault::Before : Saves::Fault::None;
+        });
+        EXPECT_FALSE(till->returnSale(archived(number)));
+        EXPECT_EQ(saves.files, (QStringList{u"finished/00000001.json"_s, u"receipt.json"_s}));
+    }
+    EXPECT_FALSE(till->document());
+    EXPECT_FALSE(till->archive().isReturned(*archived(number), nullptr));
+    EXPECT_TRUE(till->returnSale(archived(number)));
+    EXPECT_EQ(till->document()->getNumber(), 3) << "no number is given twice";
+}
+
+TEST_F(DocumentChanges, cancellingDocumentClosed_saleIsReturnedAndHasWhatPluginsDid)
+{
+    const int number = sold();
+    const auto document = takingBack(number);
+    countPrinting();
+    setStatus(*document, "canceled");
+    EXPECT_TRUE(till->close(document->getSum()));
+    expectShown(12, document);
+    expectNothingOpen();
+    EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
+    EXPECT_TRUE(till->archive().isReturned(*archived(number), nullptr));
+    EXPECT_EQ(archived(2)->getState(), Document::State::Closed);
+    EXPECT_EQ(archived(2)->getReceived(), 2480);
+    EXPECT_EQ(m_printed, QList<int>{2});
+}
+
+TEST_F(DocumentChanges, cancellingDocumentGivenUp_saleHasWhatPluginsDidAndCanBeReturnedAgain)
+{
+    const int number = sold();
+    const auto document = takingBack(number);
+    setStatus(*document, "canceled");
+    EXPECT_TRUE(till->cancel());
+    expectShown(22, document);
+    expectNothingOpen();
+    EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
+    EXPECT_FALSE(till->archive().isReturned(*archived(number), nullptr));
+    EXPECT_EQ(archived(2)->getState(), Document::State::Cancelled);
+    EXPECT_TRUE(till->returnSale(archived(number)));
+    EXPECT_EQ(till->document()->getNumber(), 3);
+}
+
+TEST_F(DocumentChanges, cancellingDocumentStaysOpen_saleStaysReturned)
+{
+    const int number = sold();
+    const auto document = takingBack(number);
+    for (const auto& end : {std::function([&] { return till->cancel(); }),
+                            std::function([&] { return till->close(document->getSum()); })}) {
+        Saves saves;
+        saves.fail([](const AbstractDocument& saved) {
+            return saved.getType() == AbstractDocument::Return ? Saves::Fault::Before : Saves::Fault::None;
+        });
+        EXPECT_FALSE(end());
+        EXPECT_EQ(saves.files, (QStringList{u"finished/00000001.json"_s, u"finished/00000002.json"_s}));
+        EXPECT_EQ(till->document(), document);
+        EXPECT_TRUE(till->archive().isReturned(*archived(number), document));
+    }
+}
+
+TEST_F(DocumentChanges, cancellingDocument_takesNoGoodsAndIsNotSuspended)
+{
+    const auto document = takingBack(sold());
+    EXPECT_EQ(till->add(article(amoxidar)), 0);
+    EXPECT_FALSE(till->suspend());
+    EXPECT_EQ(till->document(), document);
+    EXPECT_EQ(document->positions().size(), 1);
+    EXPECT_TRUE(witness.seen.isEmpty());
+}
+
+TEST_F(DocumentChanges, saleOfACancellingDocumentIsLost_itEndsAllTheSame)
+{
+    const auto document = takingBack(sold());
+    ASSERT_TRUE(QFile::remove(folder.filePath(u"finished/00000001.json"_s)));
+    EXPECT_TRUE(till->close(document->getSum()));
+    expectNothingOpen();
+}
+
+TEST_F(DocumentChanges, voided_keepsWhenItWasClosedAndWhatWasReceived)
+{
+    const auto document = archived(sold());
+    const QDateTime finished = document->getFinished();
+    witness.seen.clear();
+    EXPECT_TRUE(till->voidDocument(document));
+    EXPECT_TRUE(witness.seen.isEmpty());
+    EXPECT_EQ(archived(1)->getState(), Document::State::Voided);
+    EXPECT_EQ(archived(1)->getFinished(), finished);
+    EXPECT_TRUE(archived(1)->getVoided().isValid());
+    EXPECT_EQ(archived(1)->getReceived(), 5000);
+}
+
+TEST_F(DocumentChanges, voidedAfterItWasSuspended_isFinishedThen)
+{
+    till->add(article(amoxidar));
+    till->suspend();
+    EXPECT_TRUE(till->voidDocument(archived(1)));
+    EXPECT_EQ(archived(1)->getState(), Document::State::Voided);
+    EXPECT_TRUE(archived(1)->getFinished().isValid());
+    EXPECT_EQ(archived(1)->getFinished(), archived(1)->getVoided());
+    EXPECT_FALSE(QFile::exists(folder.filePath(u"putaside/00000001.json"_s)));
+}
+
+TEST_F(DocumentChanges, nothingCanBeSaved_nothingChanges)
+{
+    countPrinting();
+    till->add(article(amoxidar));
+    till->suspend();
+    const auto suspend = archived(1);
+    expectNothingChanged([&] { return till->resume(suspend); });
+    expectNothingChanged([&] { return till->voidDocument(suspend); });
+    EXPECT_EQ(suspend->getState(), Document::State::Suspended);
+    EXPECT_EQ(archived(1)->toJson(), suspend->toJson());
+
+    till->add(article(amoxidar));
+    till->setPhase(Till::Phase::Payment);
+    expectNothingChanged([&] { return till->close(5000); });
+    expectNothingChanged([&] { return till->cancel(); });
+    expectNothingChanged([&] { return till->suspend(); });
+    EXPECT_EQ(till->phase(), Till::Phase::Payment);
+    EXPECT_TRUE(till->close(5000)) << "it goes on when the disk is back";
+}
+
+TEST_F(DocumentChanges, nothingCanBeSaved_cancellingDocumentStaysOpen)
+{
+    const auto document = takingBack(sold());
+    setStatus(*document, "canceled");
+    expectNothingChanged([&] { return till->close(document->getSum()); });
+    expectNothingChanged([&] { return till->cancel(); });
+    EXPECT_EQ(archived(1)->getReturnedBy(), 2);
+}
+
+TEST_F(DocumentChanges, lastNumberIsLost_numbersOfSavedDocumentsAreNotGivenAgain)
+{
+    sold();
+    till->add(article(amoxidar));
+    till->suspend();
+    till->add(article(amoxidar));
+    for (const int next : {4, 5}) { // beside an open receipt, then beside the archive alone
+        ASSERT_TRUE(QFile::remove(folder.filePath(u"lastreceiptnumber"_s)));
+        Till again(folder.path());
+        again.restore(saved());
+        again.suspend();
+        again.open();
+        EXPECT_EQ(again.document()->getNumber(), next);
+        EXPECT_TRUE(again.cancel());
+    }
+}
+
+TEST_F(DocumentChanges, lastNumberCannotBeSaved_numbersOfThisRunAreNotGivenAgain)
+{
+    sold();
+    const QString file = folder.filePath(u"lastreceiptnumber"_s);
+    ASSERT_TRUE(QFile::remove(file));
+    ASSERT_TRUE(QDir().mkdir(file));
+    EXPECT_EQ(sold(), 2);
+    EXPECT_EQ(sold(), 3);
+}
+
+/// Beside a sale lies an open receipt that is damaged, and the last number is lost.
+class DamageShown : public DocumentChanges
+{
+protected:
+    DamageShown()
+    {
+        Till former(folder.path());
+        former.add(article(amoxidar));
+        EXPECT_TRUE(former.close(5000));
+        EXPECT_TRUE(QFile::remove(folder.filePath(u"lastreceiptnumber"_s)));
+        QFile damaged(folder.filePath(u"receipt.json"_s));
+        EXPECT_TRUE(damaged.open(QIODevice::WriteOnly));
+        damaged.write("{");
+    }
+    ~DamageShown() override { MockFactory<Dialog>::mocked = nullptr; }
+
+    /// @param whileTold runs while the message stands
+    void restore(const std::function<void()>& whileShown)
+    {
+        class Standing : public Dialog
+        {
+        public:
+            explicit Standing(std::function<void()> meanwhile)
+                : m_meanwhile(std::move(meanwhile))
+            {
+            }
+            void showMessage(const tr::Tr& /*text*/, int /*kind*/, int /*sound*/, int /*seconds*/) override
+            {
+                m_meanwhile();
+            }
+
+        private:
+            std::function<void()> m_meanwhile;
+        };
+        int shown = 0;
+        MockFactory<Dialog>::mocked = [&] {
+            ++shown;
+            return QSharedPointer<Standing>::create(whileShown);
+        };
+        till->restore(saved());
+        EXPECT_EQ(shown, 1);
+    }
+};
+
+TEST_F(DamageShown, documentOpenedMeanwhile_takesTheNumberOfNoOtherDocument)
+{
+    controller.object.enqueue(control::Action(registeraction::openSale), false);
+    restore([this] { EXPECT_TRUE(QTest::qWaitFor([this] { return !controller.object.isBusy(); })); });
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->document()->getNumber(), 2);
+    EXPECT_EQ(savedDocument(), till->document()->toJson());
+    EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
+}
+
+TEST_F(DamageShown, copyOfAnInterruptedChange_isGoneBeforeItCouldBeResumed)
+{
+    const QString copy = folder.filePath(u"putaside/00000001.json"_s);
+    ASSERT_TRUE(QDir(folder.path()).mkpath(u"putaside"_s));
+    ASSERT_TRUE(QFile::copy(folder.filePath(u"finished/00000001.json"_s), copy));
+    restore([&copy] { EXPECT_FALSE(QFile::exists(copy)); });
+}
+
+/// The register ended between saving a document in its new place and removing the file in the old one.
+class InterruptedChange : public DocumentChanges
+{
+protected:
+    /// The files as they are then: `change` is done, and the former file is still there.
+    void interrupt(const QString& formerFile, const std::function<bool()>& change)
+    {
+        QFile file(folder.filePath(formerFile));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(formerFile);
+        const QByteArray former = file.readAll();
+        file.close();
+        ASSERT_TRUE(change());
+        ASSERT_FALSE(file.exists());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(former);
+        file.close();
+        witness.seen.clear();
+        DocumentWatcher::setCurrentDocument(nullptr);
+        till = std::make_unique<Till>(folder.path());
+        till->restore(saved());
+    }
+    QStringList files(const char* place) const
+    {
+        return QDir(folder.filePath(QLatin1StringView(place))).entryList(QDir::Files);
+    }
+};
+
+TEST_F(InterruptedChange, close_isFinished)
+{
+    till->add(article(amoxidar));
+    interrupt(u"receipt.json"_s, [this] { return till->close(5000); });
+    expectNothingOpen();
+    EXPECT_TRUE(witness.seen.isEmpty());
+    EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
+}
+
+TEST_F(InterruptedChange, closeOfACancellingDocument_isFinished)
+{
+    const auto document = takingBack(sold());
+    interrupt(u"receipt.json"_s, [&] { return till->close(document->getSum()); });
+    expectNothingOpen();
+    EXPECT_TRUE(till->archive().isReturned(*archived(1), nullptr));
+}
+
+TEST_F(InterruptedChange, puttingAside_isOpenAgain)
+{
+    till->add(article(amoxidar));
+    interrupt(u"receipt.json"_s, [this] { return till->suspend(); });
+    ASSERT_TRUE(till->document());
+    expectShown(17, till->document());
+    EXPECT_EQ(till->document()->getState(), Document::State::Open);
+    EXPECT_TRUE(files("putaside").isEmpty());
+}
+
+TEST_F(InterruptedChange, takingUp_isOpen)
+{
+    till->add(article(amoxidar));
+    till->suspend();
+    interrupt(u"putaside/00000001.json"_s, [this] { return till->resume(archived(1)); });
+    ASSERT_TRUE(till->document());
+    expectShown(17, till->document());
+    EXPECT_TRUE(files("putaside").isEmpty());
+}
+
+TEST_F(InterruptedChange, voidingOfADocumentSuspended_isVoided)
+{
+    till->add(article(amoxidar));
+    till->suspend();
+    interrupt(u"putaside/00000001.json"_s, [this] { return till->voidDocument(archived(1)); });
+    expectNothingOpen();
+    EXPECT_EQ(archived(1)->getState(), Document::State::Voided);
+    EXPECT_TRUE(files("putaside").isEmpty());
+}
+
+TEST_F(InterruptedChange, takingBackBeforeItsDocumentWasSaved_saleCanBeReturned)
+{
+    const int number = sold();
+    {
+        Saves saves;
+        saves.fail([](const AbstractDocument& document) {
+            return document.getType() == AbstractDocument::Return ? Saves::Fault::Before : Saves::Fault::None;
+        });
+        EXPECT_FALSE(till->returnSale(archived(number)));
+    }
+    till = std::make_unique<Till>(folder.path());
+    till->restore(saved());
+    expectNothingOpen();
+    EXPECT_TRUE(till->returnSale(archived(number)));
+}
+
+TEST_F(InterruptedChange, cancellingDocumentOpen_isResumedAgainAsOne)
+{
+    const auto before = takingBack(sold())->toJson();
+    till = std::make_unique<Till>(folder.path());
+    till->restore(saved());
+    ASSERT_TRUE(till->document());
+    expectShown(17, till->document());
+    EXPECT_EQ(till->document()->toJson(), before);
+    EXPECT_TRUE(till->archive().isReturned(*archived(1), till->document()));
+}

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "actionqueuecontroller.h"
+#include "activitynotifier.h"
+#include "configured.h"
+#include "connectionfactory.h"
+#include "demodata.h"
+#include "documentwatcher.h"
+#include "goodscatalogue.h"
+#include "graphicaluserinterface.h"
+#include "loyaltysystemlayer.h"
+#include "registercommands.h"
+#include "registerformcreator.h"
+#include "till.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+/// Puts an object of the test's own in a singleton's place for as long as it lives.
+template <typename T>
+class Own
+{
+public:
+    Own()
+        : m_former(Singleton<T>::instance)
+    {
+        Singleton<T>::instance = &object;
+    }
+    ~Own() { Singleton<T>::instance = m_former; }
+    Own(const Own&) = delete;
+    Own& operator=(const Own&) = delete;
+
+    T object;
+
+private:
+    T* m_former;
+};
+
+/// Sees what a plug-in sees: the events, and the current document while they are told.
+class Witness : public BaseActivityListener, private DocumentWatcher
+{
+public:
+    struct Seen {
+        int code;
+        QSharedPointer<AbstractDocument> current;
+        EContext::Code context;
+        QVariant document;
+    };
+
+    void handleEvent(const Event& event) override
+    {
+        seen.append({event.getCode(), getDocument(), Singleton<ActionQueueController>::get()->context(),
+                     event.value(u"document"_s)});
+    }
+    QList<int> codes() const
+    {
+        QList<int> all;
+        for (const Seen& one : seen) {
+            all.append(one.code);
+        }
+        return all;
+    }
+
+    QList<Seen> seen;
+};
+
+/// A register without its window: data folder, demo goods, the sale and its commands.
+class TillFixture : public ::testing::Test
+{
+protected:
+    TillFixture()
+    {
+        EXPECT_TRUE(folder.isValid());
+        config.set(u"Register:data"_s, folder.path());
+        config.set(u"Database:name"_s, folder.filePath(u"goods.sqlite"_s));
+        EXPECT_TRUE(createDemoGoods(folder.filePath(u"goods.sqlite"_s)));
+        gui.object.addFormCreator(QSharedPointer<RegisterFormCreator>::create());
+        notifier.object.subscribe(&witness);
+        till = std::make_unique<Till>(folder.path());
+        commands = std::make_unique<RegisterCommands>(*till, catalogue);
+        commands->offer(controller.object);
+    }
+    ~TillFixture() override { DocumentWatcher::setCurrentDocument(nullptr); }
+
+    /// The article with that barcode, from the demo goods.
+    SelectedGoods article(const QString& barcode, int packs = 1) const
+    {
+        return {catalogue.byBarcode(barcode).value(), packs};
+    }
+    QJsonObject savedDocument() const
+    {
+        QFile file(folder.filePath(u"receipt.json"_s));
+        return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+    }
+
+    const QString amoxidar = u"2990000000019"_s;
+    QTemporaryDir folder;
+    Configured config;
+    Own<ActionQueueController> controller;
+    Own<ActivityNotifier> notifier;
+    Own<ConnectionFactory> connections;
+    Own<GraphicalUserInterface> gui;
+    Own<LoyaltySystemLayer> loyalty;
+    Witness witness;
+    GoodsCatalogue catalogue;
+    std::unique_ptr<Till> till;
+    std::unique_ptr<RegisterCommands> commands;
+};

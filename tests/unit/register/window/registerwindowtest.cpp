@@ -1,0 +1,392 @@
+// SPDX-License-Identifier: MIT
+#include "registerwindow.h"
+#include "dialog.h"
+#include "inputblocker.h"
+#include "windowfixture.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTableView>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class WindowTest : public WindowFixture
+{
+protected:
+    WindowTest()
+    {
+        config.set(u"FunctionKeys:keys"_s, u"newReceiptKey,goodsKey,pluginKey"_s);
+        config.set(u"FunctionKey.pluginKey:text"_s, u"Скидка"_s);
+        config.set(u"FunctionKey.pluginKey:key"_s, u"F5"_s);
+        config.set(u"FunctionKey.pluginKey:action"_s, u"94"_s);
+        config.set(u"FunctionKey.pluginKey:arguments"_s, u"status=active"_s);
+    }
+};
+
+TEST_F(WindowTest, barcodeTypedAndReturn_putsTheGoodsOnTheDocument)
+{
+    openWindow();
+    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), u"Чек не открыт"_s);
+    QTest::keyClicks(QApplication::focusWidget(), amoxidar);
+    press(Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !till->document().isNull(); }));
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), u"Чек № 1"_s);
+    EXPECT_EQ(widget<QLabel>("totalLabel")->text(), u"12,40"_s);
+    EXPECT_EQ(widget<QTableView>("receiptTable")->model()->rowCount(), 1);
+    EXPECT_TRUE(widget<QLineEdit>("searchLineEdit")->text().isEmpty());
+}
+
+TEST_F(WindowTest, returnOnTheEmptySearch_doesNothing)
+{
+    openWindow();
+    press(Qt::Key_Return);
+    EXPECT_FALSE(controller.object.isBusy());
+    EXPECT_FALSE(till->document());
+}
+
+TEST_F(WindowTest, upAndDown_moveTheCurrentPosition)
+{
+    openWindow();
+    till->add(article(amoxidar));
+    till->add(article(amoxidar));
+    auto* table = widget<QTableView>("receiptTable");
+    EXPECT_EQ(table->currentIndex().row(), 1) << "the newest";
+    press(Qt::Key_Up);
+    EXPECT_EQ(table->currentIndex().row(), 0);
+    press(Qt::Key_Up);
+    EXPECT_EQ(table->currentIndex().row(), 0);
+    press(Qt::Key_Down);
+    EXPECT_EQ(table->currentIndex().row(), 1);
+}
+
+TEST_F(WindowTest, positionChangedInPlace_theCurrentRowStays)
+{
+    openWindow();
+    till->add(article(amoxidar));
+    till->add(article(amoxidar));
+    press(Qt::Key_Up);
+    till->setPacks(2, 9);
+    EXPECT_EQ(widget<QTableView>("receiptTable")->currentIndex().row(), 0);
+}
+
+TEST_F(WindowTest, positionRemoved_theOneThatTookItsPlaceIsCurrentElseTheNewLast)
+{
+    openWindow();
+    for (int i = 0; i < 4; ++i) {
+        till->add(article(amoxidar));
+    }
+    const auto* table = widget<QTableView>("receiptTable");
+    press(Qt::Key_Up);
+    ASSERT_EQ(table->currentIndex().row(), 2);
+    till->remove(3);
+    EXPECT_EQ(table->currentIndex().row(), 2) << "№ 4 took its place";
+    till->remove(4);
+    EXPECT_EQ(table->currentIndex().row(), 1) << "the new last";
+}
+
+TEST_F(WindowTest, longDocument_theCurrentPositionIsWholeInSight)
+{
+    openWindow();
+    const auto* table = widget<QTableView>("receiptTable");
+    const auto expectInSight = [table](const char* when) {
+        QApplication::processEvents();
+        const QRect row = table->visualRect(table->currentIndex());
+        EXPECT_GE(row.top(), 0) << when;
+        EXPECT_LT(row.bottom(), table->viewport()->height()) << when;
+    };
+    for (int i = 0; i < 30; ++i) {
+        till->add(article(amoxidar));
+        expectInSight("added");
+    }
+    EXPECT_EQ(table->currentIndex().row(), 29);
+    till->setPhase(Till::Phase::Payment);
+    ASSERT_TRUE(isSeen("paymentPanel"));
+    expectInSight("payment");
+    window->resize(1024, 700);
+    window->resize(1024, 600);
+    expectInSight("resized");
+    till->setPhase(Till::Phase::Positions);
+    till->remove(30);
+    expectInSight("removed");
+}
+
+TEST_F(WindowTest, documentVoided_theStatusLineShowsWhatToGiveBack)
+{
+    openWindow();
+    const auto* status = widget<QLabel>("statusMessageLabel");
+    till->add(article(amoxidar));
+    ASSERT_TRUE(till->close(5000));
+    ASSERT_TRUE(till->voidDocument(till->archive().find(1)));
+    EXPECT_EQ(status->text(), u"Чек № 1 аннулирован. Верните покупателю 12,40"_s);
+    till->add(article(amoxidar));
+    ASSERT_TRUE(till->suspend());
+    ASSERT_TRUE(till->voidDocument(till->archive().find(2)));
+    EXPECT_EQ(status->text(), u"Отложенный чек № 2 аннулирован"_s);
+}
+
+TEST_F(WindowTest, functionKey_hasItsShortcutWrittenOnItAndDoesItsAction)
+{
+    openWindow();
+    EXPECT_EQ(widget<QPushButton>("newReceiptKey")->text(), u"F2\nНовый чек"_s);
+    press(Qt::Key_F2);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !till->document().isNull(); }));
+}
+
+TEST_F(WindowTest, functionKeyTouched_doesItsActionWithArgumentsAndPosition)
+{
+    openWindow();
+    till->add(article(amoxidar));
+    QVariantMap given;
+    servePluginCommand(given);
+    QTest::mouseClick(widget<QPushButton>("pluginKey"), Qt::LeftButton);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(given, (QVariantMap{{u"status"_s, u"active"_s}, {u"positionNumber"_s, 1}}));
+}
+
+TEST_F(WindowTest, functionKeyThatNobodyServes_saysWhy)
+{
+    openWindow();
+    QString said;
+    const auto pressAndRead = [&] {
+        cashier.onForm(u"messageForm"_s, [&said](QWidget& root) {
+            said = root.findChild<QLabel*>(u"messageLabel"_s)->text();
+            root.findChild<QPushButton*>(u"okButton"_s)->click();
+        });
+        press(Qt::Key_F5);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
+        ASSERT_TRUE(becomesIdle());
+    };
+    pressAndRead();
+    EXPECT_TRUE(said.startsWith(u"«Скидка» работает при открытом чеке"_s)) << qPrintable(said);
+    till->open();
+    pressAndRead();
+    EXPECT_TRUE(said.startsWith(u"«Скидка» сейчас недоступно: нет подключённого модуля"_s)) << qPrintable(said);
+}
+
+TEST_F(WindowTest, formShown_fillsTheWindowAndLeavesTheFocusWhereItWas)
+{
+    openWindow();
+    bool filled = false;
+    bool groundHidden = false;
+    cashier.onForm(u"goodsSelectionForm"_s, [&](QWidget& root) {
+        filled = root.window() == window.get() && root.size() == window->size();
+        groundHidden = !isSeen("salesScreen");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    });
+    press(Qt::Key_F3);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_TRUE(filled);
+    EXPECT_TRUE(groundHidden);
+    EXPECT_TRUE(isSeen("salesScreen"));
+    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+}
+
+TEST_F(WindowTest, dialogShown_theScreenBelowIsSeenButTakesNoInput)
+{
+    openWindow();
+    bool seen = false;
+    bool usable = true;
+    cashier.onForm(u"messageForm"_s, [&](QWidget& root) {
+        seen = isSeen("salesScreen");
+        usable = widget<QWidget>("salesScreen")->isEnabled();
+        press(Qt::Key_F2); // the shortcut of a key below
+        root.findChild<QPushButton*>(u"okButton"_s)->click();
+    });
+    Dialog::create()->showMessage({tr::undefined, u"x"_s}, Dialog::Notice, 0, 0);
+    EXPECT_TRUE(seen);
+    EXPECT_FALSE(usable);
+    EXPECT_FALSE(controller.object.isBusy());
+    EXPECT_FALSE(till->document());
+    EXPECT_TRUE(widget<QWidget>("salesScreen")->isEnabled());
+}
+
+TEST_F(WindowTest, longWork_coversTheWindowUntilTheOuterOneEnds)
+{
+    openWindow();
+    begin("Обращение к сервису");
+    EXPECT_TRUE(isSeen("busyScreen"));
+    EXPECT_EQ(widget<QWidget>("busyScreen")->size(), window->size());
+    EXPECT_EQ(widget<QLabel>("busyMessageLabel")->text(), u"Обращение к сервису"_s);
+    begin("Ещё");
+    end();
+    EXPECT_TRUE(isSeen("busyScreen"));
+    end();
+    EXPECT_FALSE(isSeen("busyScreen"));
+}
+
+TEST_F(WindowTest, longWork_isAnimated)
+{
+    openWindow();
+    begin("x");
+    const QImage first = widget<QWidget>("busyScreen")->grab().toImage();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return widget<QWidget>("busyScreen")->grab().toImage() != first; }));
+    end();
+}
+
+TEST_F(WindowTest, messageDuringLongWork_takesInputAndHidesTheBusyScreenSoLong)
+{
+    openWindow();
+    begin("x");
+    QString under;
+    bool isBusySeen = true;
+    cashier.onForm(u"messageForm"_s, [&](QWidget& root) {
+        isBusySeen = isSeen("busyScreen");
+        auto* button = root.findChild<QPushButton*>(u"okButton"_s);
+        if (const QWidget* child = window->childAt(button->mapTo(window.get(), button->rect().center()))) {
+            under = child->objectName();
+        }
+        QTest::mouseClick(button, Qt::LeftButton);
+    });
+    Dialog::create()->showMessage({tr::undefined, u"x"_s}, Dialog::Error, 0, 0);
+    EXPECT_EQ(under, u"okButton"_s);
+    EXPECT_FALSE(isBusySeen);
+    EXPECT_TRUE(isSeen("busyScreen"));
+    end();
+    EXPECT_FALSE(isSeen("busyScreen"));
+}
+
+TEST_F(WindowTest, longWorkEndedUnderAMessage_doesNotComeBack)
+{
+    openWindow();
+    begin("x");
+    cashier.onForm(u"messageForm"_s, [&](QWidget& root) {
+        end();
+        EXPECT_FALSE(isSeen("busyScreen"));
+        root.findChild<QPushButton*>(u"okButton"_s)->click();
+    });
+    Dialog::create()->showMessage({tr::undefined, u"x"_s}, Dialog::Error, 0, 0);
+    EXPECT_FALSE(isSeen("busyScreen"));
+}
+
+TEST_F(WindowTest, longWorkBegunOverAForm_coversIt)
+{
+    openWindow();
+    bool isBusySeen = false;
+    cashier.onForm(u"messageForm"_s, [&](QWidget& root) {
+        begin("x");
+        cashier.onForm(u"messageForm"_s, [&](QWidget& inner) {
+            EXPECT_FALSE(isSeen("busyScreen"));
+            inner.findChild<QPushButton*>(u"okButton"_s)->click();
+        });
+        Dialog::create()->showMessage({tr::undefined, u"y"_s}, Dialog::Error, 0, 0);
+        isBusySeen = isSeen("busyScreen");
+        end();
+        root.findChild<QPushButton*>(u"okButton"_s)->click();
+    });
+    Dialog::create()->showMessage({tr::undefined, u"x"_s}, Dialog::Error, 0, 0);
+    EXPECT_TRUE(isBusySeen);
+}
+
+TEST_F(WindowTest, closedWithoutForms_closesAtOnce)
+{
+    openWindow();
+    EXPECT_TRUE(window->close());
+}
+
+TEST_F(WindowTest, closedWhileACommandGoesOnAskingBackwards_everyFormIsCancelledFirst)
+{
+    openWindow();
+    int asked = 0;
+    controller.object.setHostHandler(control::EActionType(5000), [&](control::Action&) {
+        while (asked < 3) { // goes back to the form before whenever one is cancelled
+            ++asked;
+            TextInputParams params;
+            if (!Dialog::create()->showTextInput(params).canceled()) {
+                ADD_FAILURE() << "not cancelled";
+            }
+        }
+        return EContext::Stop;
+    });
+    cashier.onForm(u"textInputForm"_s, [this](QWidget&) { EXPECT_FALSE(window->close()); });
+    controller.object.enqueue(control::Action(control::EActionType(5000)), false);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }));
+    EXPECT_EQ(asked, 3);
+    EXPECT_FALSE(controller.object.isBusy());
+}
+
+TEST_F(WindowTest, closedDuringARequest_waitsForItsEnd)
+{
+    openWindow();
+    {
+        const InputBlocker request;
+        window->close();
+        EXPECT_TRUE(window->isVisible());
+    }
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }));
+}
+
+TEST_F(WindowTest, locked_formsAreCancelledAndAnyKeyUnlocks)
+{
+    openWindow();
+    cashier.onForm(u"goodsSelectionForm"_s, [this](QWidget&) { window->lock(); });
+    press(Qt::Key_F3);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return isSeen("lockScreen"); }));
+    EXPECT_FALSE(gui.object.topForm());
+    EXPECT_FALSE(widget<QWidget>("salesScreen")->isEnabled());
+    EXPECT_EQ(widget<QWidget>("lockScreen")->size(), window->size());
+    press(Qt::Key_F2);
+    EXPECT_FALSE(isSeen("lockScreen"));
+    EXPECT_TRUE(widget<QWidget>("salesScreen")->isEnabled());
+    EXPECT_FALSE(controller.object.isBusy()) << "the key only unlocks";
+    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+}
+
+TEST_F(WindowTest, lockedWithACode_onlyTheCodeUnlocks)
+{
+    openWindow(u"2468"_s);
+    window->lock();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return isSeen("lockScreen"); }));
+    auto* input = widget<QLineEdit>("unlockLineEdit");
+    EXPECT_EQ(input->echoMode(), QLineEdit::Password);
+    QTest::keyClicks(input, u"1111"_s);
+    QTest::keyClick(input, Qt::Key_Return);
+    EXPECT_TRUE(isSeen("lockScreen"));
+    EXPECT_TRUE(input->text().isEmpty());
+    QTest::mouseClick(widget<QWidget>("lockScreen"), Qt::LeftButton, {}, {5, 5});
+    QTest::keyClick(widget<QWidget>("lockScreen"), Qt::Key_Escape);
+    EXPECT_TRUE(isSeen("lockScreen"));
+    QTest::keyClicks(input, u"2468"_s);
+    QTest::mouseClick(widget<QPushButton>("unlockButton"), Qt::LeftButton);
+    EXPECT_FALSE(isSeen("lockScreen"));
+}
+
+TEST_F(WindowTest, nameOfTenThousandCharacters_widensNothing)
+{
+    openWindow();
+    SelectedGoods goods = article(amoxidar);
+    goods.goods.name = QString(10'000, QChar(0x416));
+    till->add(goods);
+    QApplication::processEvents();
+    EXPECT_EQ(window->size(), QSize(1024, 600));
+    EXPECT_LE(window->minimumSizeHint().width(), 1024);
+}
+
+TEST_F(WindowTest, functionKeyOrTableClicked_focusStaysInTheSearch)
+{
+    openWindow();
+    QTest::mouseClick(widget<QPushButton>("newReceiptKey"), Qt::LeftButton);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !till->document().isNull(); }));
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+    till->add(article(amoxidar));
+    QTest::mouseClick(widget<QTableView>("receiptTable")->viewport(), Qt::LeftButton);
+    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+}
+
+TEST_F(WindowTest, typedWhileAFunctionKeyHasTheFocus_goesToTheSearch)
+{
+    openWindow();
+    widget<QPushButton>("goodsKey")->setFocus(Qt::TabFocusReason);
+    ASSERT_EQ(QApplication::focusWidget(), widget<QPushButton>("goodsKey"));
+    for (const char digit : QByteArray("29900")) {
+        QTest::keyClick(QApplication::focusWidget(), digit);
+    }
+    EXPECT_EQ(widget<QLineEdit>("searchLineEdit")->text(), u"29900"_s);
+    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+}
