@@ -1,81 +1,60 @@
 // SPDX-License-Identifier: MIT
-#include "registercommands.h"
+#include "opendocumentcommands.h"
 
 #include "actionfactory.h"
-#include "notice.h"
+#include "commandtable.h"
+#include "obstaclenotice.h"
 #include "registeraction.h"
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
-RegisterCommands::RegisterCommands(Till& till, const GoodsCatalogue& catalogue)
+OpenDocumentCommands::OpenDocumentCommands(Till& till)
     : m_till(till)
-    , m_catalogue(catalogue)
 {
 }
 
-void RegisterCommands::offer(ActionQueueController& controller)
+void OpenDocumentCommands::offer(ActionQueueController& controller)
 {
-    using Member = EContext::Result (RegisterCommands::*)(control::Action&);
-    const auto external = [this](Member member) {
-        return [this, member](control::Action& action) { return (this->*member)(action); };
+    using Commands = OpenDocumentCommands;
+    static constexpr Command<Commands> table[] = {
+        {registeraction::openSale, Where::Everywhere, &Commands::openSale},
+        {registeraction::changeQuantity, Where::OpenDocument, &Commands::changeQuantity},
+        {registeraction::askToRemovePosition, Where::OpenDocument, &Commands::askToRemovePosition},
+        {control::RemovePosition, Where::OpenDocument, &Commands::removePosition},
+        {registeraction::askToCancelDocument, Where::OpenDocument, &Commands::askToCancelDocument},
+        {control::CancelDocument, Where::OpenDocument, &Commands::cancelDocument},
+        {control::CancelDocumentFromMenu, Where::OpenDocument, &Commands::cancelDocument},
     };
-    controller.setHostHandler(registeraction::openSale, external(&RegisterCommands::openSale));
-    controller.setHostHandler(registeraction::addGoods, external(&RegisterCommands::addGoods));
-    controller.setHostHandler(registeraction::explainKey, external(&RegisterCommands::explainKey));
-    controller.setHostHandler(control::SelectGoods, external(&RegisterCommands::selectGoods));
-    const auto withDocument = [&](control::EActionType type, Member member) {
-        controller.setHostHandler(EContext::OpenDocument, type, external(member));
-    };
-    withDocument(registeraction::changeQuantity, &RegisterCommands::changeQuantity);
-    withDocument(registeraction::askToRemovePosition, &RegisterCommands::askToRemovePosition);
-    withDocument(registeraction::askToCancelDocument, &RegisterCommands::askToCancelDocument);
-    withDocument(registeraction::backToPositions, &RegisterCommands::backToPositions);
-    withDocument(registeraction::pay, &RegisterCommands::pay);
-    withDocument(control::AddSelectedGoods, &RegisterCommands::addSelectedGoods);
-    withDocument(control::RemovePosition, &RegisterCommands::removePosition);
-    withDocument(control::CancelDocument, &RegisterCommands::cancelDocument);
-    withDocument(control::CancelDocumentFromMenu, &RegisterCommands::cancelDocument);
-    withDocument(control::Subtotal, &RegisterCommands::subtotal);
-    withDocument(control::SubtotalAndPayment, &RegisterCommands::subtotalAndPayment);
+    offerCommands<Commands>(controller, *this, table);
+
     // A cancellation that stopped half-way may have undone what the subtotal did: the way to the payment leads through
-    // it again.
-    for (const control::EActionType cancellation :
-         {control::RemovePosition, control::CancelDocument, control::CancelDocumentFromMenu}) {
-        controller.setHostFrame(cancellation,
-                                [this](control::Action&, const std::function<EContext::Result()>& course) {
-                                    const EContext::Result result = course();
-                                    if (result != EContext::GoOn) {
-                                        m_till.setPhase(Till::Phase::Positions);
-                                    }
-                                    return result;
-                                });
+    // the subtotal again.
+    for (const auto action : {control::RemovePosition, control::CancelDocument, control::CancelDocumentFromMenu}) {
+        controller.setHostFrame(action, [this](control::Action&, const std::function<EContext::Result()>& course) {
+            const EContext::Result result = course();
+            if (result != EContext::GoOn) {
+                m_till.setPhase(Till::Phase::Positions);
+            }
+            return result;
+        });
     }
 }
 
-EContext::Result RegisterCommands::openSale(control::Action&)
+EContext::Result OpenDocumentCommands::openSale(control::Action&)
 {
-    if (m_till.document()) {
-        showNotice(tr::Tr(u"receiptAlreadyOpen"_s, u"Чек № %1 уже открыт."_s)
-                       .arg(QString::number(m_till.document()->getNumber())));
+    if (showIfObstacle(m_till.obstacleToOpening())) {
         return EContext::Stop;
     }
     m_till.open();
     return EContext::GoOn;
 }
 
-EContext::Result RegisterCommands::changeQuantity(control::Action& action)
+EContext::Result OpenDocumentCommands::changeQuantity(control::Action& action)
 {
     const QSharedPointer<Position> position = chosenPosition(action);
-    if (!position) {
-        return EContext::Stop;
-    }
-    if (position->isExternal()) {
-        showNotice(tr::Tr(u"positionBound"_s,
-                          u"Позиция № %1 отпускается по документу, её количество и цена не меняются.\n"
-                          "Чтобы отпустить другое количество, удалите позицию и отпустите её заново."_s)
-                       .arg(QString::number(position->getNumber())));
+    if (!position || showIfObstacle(Till::obstacleToChangingQuantity(*position))) {
         return EContext::Stop;
     }
     TextInputParams params;
@@ -95,7 +74,7 @@ EContext::Result RegisterCommands::changeQuantity(control::Action& action)
     return EContext::GoOn;
 }
 
-EContext::Result RegisterCommands::askToRemovePosition(control::Action& action)
+EContext::Result OpenDocumentCommands::askToRemovePosition(control::Action& action)
 {
     const QSharedPointer<Position> position = chosenPosition(action);
     if (!position) {
@@ -117,7 +96,7 @@ EContext::Result RegisterCommands::askToRemovePosition(control::Action& action)
     return Singleton<ActionQueueController>::get()->execute(cancellation);
 }
 
-EContext::Result RegisterCommands::removePosition(control::Action& action)
+EContext::Result OpenDocumentCommands::removePosition(control::Action& action)
 {
     const QSharedPointer<Position> position = chosenPosition(action);
     if (!position) {
@@ -127,7 +106,7 @@ EContext::Result RegisterCommands::removePosition(control::Action& action)
     return EContext::GoOn;
 }
 
-EContext::Result RegisterCommands::askToCancelDocument(control::Action& action)
+EContext::Result OpenDocumentCommands::askToCancelDocument(control::Action& action)
 {
     if (!cancellingQuestion().ask()) {
         return EContext::Stop;
@@ -138,7 +117,7 @@ EContext::Result RegisterCommands::askToCancelDocument(control::Action& action)
     return Singleton<ActionQueueController>::get()->execute(cancellation);
 }
 
-Question RegisterCommands::cancellingQuestion() const
+Question OpenDocumentCommands::cancellingQuestion() const
 {
     const Document& document = *m_till.document();
     const bool isReturn = document.isReturn();
@@ -161,7 +140,7 @@ Question RegisterCommands::cancellingQuestion() const
 }
 
 /// Plug-ins have already done their part for some position: what they put on it is no longer as in the sale.
-bool RegisterCommands::isReturnBegun() const
+bool OpenDocumentCommands::isReturnBegun() const
 {
     const auto& positions = m_till.document()->positions();
     const QSharedPointer<Document> sale = m_till.archive().find(m_till.document()->getReturnedSale());
@@ -171,30 +150,17 @@ bool RegisterCommands::isReturnBegun() const
            });
 }
 
-EContext::Result RegisterCommands::cancelDocument(control::Action&)
+EContext::Result OpenDocumentCommands::cancelDocument(control::Action&)
 {
     return m_till.cancel() ? EContext::GoOn : EContext::Stop;
 }
 
-EContext::Result RegisterCommands::explainKey(control::Action& action)
+QSharedPointer<Position> OpenDocumentCommands::chosenPosition(const control::Action& action) const
 {
-    const tr::Tr withoutDocument(u"keyNeedsReceipt"_s,
-                                 u"«%1» работает при открытом чеке.\nОткройте чек и повторите."_s);
-    const tr::Tr withoutPlugin(u"keyNeedsPlugin"_s,
-                               u"«%1» сейчас недоступно: нет подключённого модуля, который это умеет.\n"
-                               "Обратитесь к администратору."_s);
-    showNotice((m_till.document() ? withoutPlugin : withoutDocument).arg(action.value(u"text"_s).toString()));
-    return EContext::GoOn;
-}
-
-QSharedPointer<Position> RegisterCommands::chosenPosition(const control::Action& action) const
-{
-    const QSharedPointer<Document> document = m_till.document();
-    if (document->isReturn()) {
-        showNotice({u"takeBackIsWhole"_s, u"Продажа возвращается целиком: позиции возврата не меняются."_s});
+    if (showIfObstacle(m_till.obstacleToChangingPositions())) {
         return nullptr;
     }
-    auto position = document->position(action.value(u"positionNumber"_s).toInt());
+    auto position = m_till.document()->position(action.value(u"positionNumber"_s).toInt());
     if (!position) {
         showNotice({u"positionNotChosen"_s, u"Сначала выберите позицию чека."_s});
     }

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "documentcommands.h"
+#include "storeddocumentcommands.h"
 
 #include "actionfactory.h"
 #include "basicdialog.h"
+#include "commandtable.h"
 #include "documentlistparams.h"
 #include "documentwords.h"
 #include "finally.h"
-#include "notice.h"
+#include "obstaclenotice.h"
 #include "question.h"
 #include "registeraction.h"
 
@@ -57,60 +58,60 @@ tr::Tr noDocument(int number)
 
 } // namespace
 
-DocumentCommands::DocumentCommands(Till& till, const ReceiptPrinter& printer, const PositionMarks& marks)
+StoredDocumentCommands::StoredDocumentCommands(Till& till, const ReceiptPrinter& printer, const PositionMarks& marks)
     : m_till(till)
     , m_printer(printer)
     , m_marks(marks)
 {
 }
 
-void DocumentCommands::offer(ActionQueueController& controller)
+void StoredDocumentCommands::offer(ActionQueueController& controller)
 {
-    controller.setHostHandler(EContext::OpenDocument, registeraction::suspend,
-                              [this](control::Action&) { return suspend(); });
-    controller.setHostHandler(registeraction::showDocuments, [this](control::Action&) { return showDocuments(); });
-    controller.setHostHandler(registeraction::returnSale,
-                              [this](control::Action& action) { return returnSale(action); });
-    controller.setHostHandler(registeraction::voidByNumber,
-                              [this](control::Action& action) { return voidByNumber(action); });
+    using Commands = StoredDocumentCommands;
+    static constexpr Command<Commands> table[] = {
+        {registeraction::suspend, Where::OpenDocument, &Commands::suspend},
+        {registeraction::showDocuments, Where::Everywhere, &Commands::showDocuments},
+        {registeraction::returnSale, Where::Everywhere, &Commands::returnSale},
+        {registeraction::voidByNumber, Where::Everywhere, &Commands::voidByNumber},
+    };
+    offerCommands<Commands>(controller, *this, table);
     // All of the voiding stands in its frame: the document is the current one and is saved whatever the triggers say.
     controller.setHostHandler(control::VoidDocument, [](control::Action&) { return EContext::GoOn; });
     controller.setHostFrame(control::VoidDocument,
                             [this](control::Action& action, const auto& course) { return voidFrame(action, course); });
 }
 
-EContext::Result DocumentCommands::suspend()
+EContext::Result StoredDocumentCommands::suspend(control::Action&)
 {
-    const QSharedPointer<Document> document = m_till.document();
-    if (document->isReturn()) {
-        showNotice({u"takeBackNotPutAside"_s, u"Возврат нельзя отложить: завершите его или отмените."_s});
+    if (showIfObstacle(m_till.obstacleToSuspending())) {
         return EContext::Stop;
     }
     return m_till.suspend() ? EContext::GoOn : EContext::Stop;
 }
 
-EContext::Result DocumentCommands::showDocuments()
+EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
 {
     DocumentListParams params;
     params.documents = [this] { return m_till.archive().latest(latestShown); };
-    params.isReturned = [this](const Document& document) {
-        return m_till.archive().isReturned(document, m_till.document());
-    };
+    params.isReturned = [this](const Document& document) { return m_till.isReturned(document); };
+    params.obstacleToResuming = [this](const Document& document) { return m_till.obstacleToResuming(document); };
+    params.obstacleToReturning = [this](const Document& document) { return m_till.obstacleToReturning(document); };
+    params.obstacleToVoiding = [this](const Document& document) { return m_till.obstacleToVoiding(document); };
     params.voidDocument = [this](const auto& document) {
         const Document::State before = document->getState();
         return voidDocument(document) == EContext::GoOn ? documentwords::voiding(*document, before) : QString();
     };
     params.print = [this](const auto& document) { return print(*document); };
-    params.openSale = m_till.document() ? m_till.document()->getNumber() : 0;
+    params.openDocument = m_till.document() ? m_till.document()->getNumber() : 0;
     params.marks = &m_marks;
     Event event(DocumentListParams::eventCode);
     event.addArgument(u"params"_s, QVariant::fromValue(params));
     const QVariantMap answer =
         core::BasicDialog().show(false, true, {EInput::Keyboard, EInput::Scanner}, event).getData().toMap();
-    if (const int number = answer.value(u"takeUp"_s).toInt(); number > 0) {
+    if (const int number = answer.value(u"resume"_s).toInt(); number > 0) {
         return resume(number);
     }
-    if (const int number = answer.value(u"takeBack"_s).toInt(); number > 0) {
+    if (const int number = answer.value(u"returnSale"_s).toInt(); number > 0) {
         control::Action action = Singleton<control::ActionFactory>::get()->create(registeraction::returnSale);
         action.insert(u"number"_s, number);
         return returnSale(action);
@@ -118,33 +119,22 @@ EContext::Result DocumentCommands::showDocuments()
     return EContext::GoOn;
 }
 
-/// Tells the cashier when a document is open, so that no other document can be.
-bool DocumentCommands::showIfDocumentIsOpen() const
+EContext::Result StoredDocumentCommands::resume(int number)
 {
-    const QSharedPointer<Document> open = m_till.document();
-    if (open) {
-        showNotice(tr::Tr(u"finishOpenReceiptFirst"_s, u"Сначала завершите или отложите открытый чек № %1."_s)
-                       .arg(QString::number(open->getNumber())));
-    }
-    return !open.isNull();
-}
-
-EContext::Result DocumentCommands::resume(int number)
-{
-    if (showIfDocumentIsOpen()) {
+    const QSharedPointer<Document> document = m_till.archive().find(number);
+    if (!document) { // damaged or removed while the list was shown
+        showNotice(noDocument(number));
         return EContext::Stop;
     }
-    const QSharedPointer<Document> document = m_till.archive().find(number);
-    if (!document) { // damaged or taken away while the list stood
-        showNotice(noDocument(number));
+    if (showIfObstacle(m_till.obstacleToResuming(*document))) {
         return EContext::Stop;
     }
     return m_till.resume(document) ? EContext::GoOn : EContext::Stop;
 }
 
-EContext::Result DocumentCommands::returnSale(const control::Action& action)
+EContext::Result StoredDocumentCommands::returnSale(control::Action& action)
 {
-    if (showIfDocumentIsOpen()) {
+    if (showIfObstacle(m_till.obstacleToAnotherDocument())) {
         return EContext::Stop;
     }
     const std::optional<int> number =
@@ -158,21 +148,13 @@ EContext::Result DocumentCommands::returnSale(const control::Action& action)
         showNotice(noDocument(*number));
         return EContext::Stop;
     }
-    if (sale->getType() != AbstractDocument::Sale || sale->getState() != Document::State::Closed) {
-        showNotice(tr::Tr(u"takeBackOnlyClosedSale"_s, u"Документ № %1 — не закрытая продажа, его нельзя вернуть."_s)
-                       .arg(QString::number(*number)));
-        return EContext::Stop;
-    }
-    if (m_till.archive().isReturned(*sale, nullptr)) {
-        showNotice(tr::Tr(u"takenBackAlready"_s, u"Продажа № %1 уже возвращена документом № %2."_s)
-                       .arg(QString::number(*number))
-                       .arg(QString::number(sale->getReturnedBy())));
+    if (showIfObstacle(m_till.obstacleToReturning(*sale))) {
         return EContext::Stop;
     }
     return m_till.returnSale(sale) ? EContext::GoOn : EContext::Stop;
 }
 
-EContext::Result DocumentCommands::voidByNumber(const control::Action& action)
+EContext::Result StoredDocumentCommands::voidByNumber(control::Action& action)
 {
     const std::optional<int> number =
         documentNumber(action, {u"annulTitle"_s, u"Аннулирование документа"_s},
@@ -188,13 +170,10 @@ EContext::Result DocumentCommands::voidByNumber(const control::Action& action)
     return voidDocument(document);
 }
 
-EContext::Result DocumentCommands::voidDocument(const QSharedPointer<Document>& document)
+EContext::Result StoredDocumentCommands::voidDocument(const QSharedPointer<Document>& document)
 {
     const QString number = QString::number(document->getNumber());
-    if (!canVoid(*document)) {
-        showNotice(tr::Tr(u"annulNotPossible"_s, u"Документ № %1 нельзя аннулировать: аннулируются отложенные чеки и "
-                                                 "закрытые продажи, которые не возвращены."_s)
-                       .arg(number));
+    if (showIfObstacle(m_till.obstacleToVoiding(*document))) {
         return EContext::Stop;
     }
     const Question question{
@@ -211,11 +190,11 @@ EContext::Result DocumentCommands::voidDocument(const QSharedPointer<Document>& 
     return Singleton<ActionQueueController>::get()->execute(action);
 }
 
-EContext::Result DocumentCommands::voidFrame(const control::Action& action,
-                                             const std::function<EContext::Result()>& course)
+EContext::Result StoredDocumentCommands::voidFrame(const control::Action& action,
+                                                   const std::function<EContext::Result()>& course)
 {
     const auto document = action.value(u"document"_s).value<QSharedPointer<AbstractDocument>>().dynamicCast<Document>();
-    if (!document || !canVoid(*document)) {
+    if (!document || m_till.obstacleToVoiding(*document)) {
         return EContext::NotFound;
     }
     EContext::Result result = EContext::Stop;
@@ -234,7 +213,7 @@ EContext::Result DocumentCommands::voidFrame(const control::Action& action,
     return result;
 }
 
-QString DocumentCommands::print(const Document& document) const
+QString StoredDocumentCommands::print(const Document& document) const
 {
     const QString file = m_printer.printAgain(document);
     if (file.isEmpty()) {
@@ -244,16 +223,4 @@ QString DocumentCommands::print(const Document& document) const
         .arg(QString::number(document.getNumber()))
         .arg(file)
         .ui();
-}
-
-bool DocumentCommands::canVoid(const Document& document) const
-{
-    switch (document.getState()) {
-    case Document::State::Suspended:
-        return true;
-    case Document::State::Closed:
-        return !document.isReturn() && !m_till.archive().isReturned(document, m_till.document());
-    default:
-        return false;
-    }
 }

@@ -10,28 +10,26 @@
 #include <functional>
 
 /// What the register does with documents that are not open: resuming, returning, voiding, printing again.
-class DocumentCommands
+class StoredDocumentCommands
 {
 public:
     /// @param till, printer, marks not owned
-    DocumentCommands(Till& till, const ReceiptPrinter& printer, const PositionMarks& marks);
+    StoredDocumentCommands(Till& till, const ReceiptPrinter& printer, const PositionMarks& marks);
 
     /// Makes the register handle its actions. The object has to outlive the controller's use of them.
     void offer(ActionQueueController& controller);
 
 private:
-    EContext::Result suspend();
-    EContext::Result showDocuments();
-    EContext::Result returnSale(const control::Action& action);
-    EContext::Result voidByNumber(const control::Action& action);
+    EContext::Result suspend(control::Action& action);
+    EContext::Result showDocuments(control::Action& action);
+    EContext::Result returnSale(control::Action& action);
+    EContext::Result voidByNumber(control::Action& action);
     EContext::Result voidFrame(const control::Action& action, const std::function<EContext::Result()>& course);
 
-    bool showIfDocumentIsOpen() const;
     EContext::Result resume(int number);
     EContext::Result voidDocument(const QSharedPointer<Document>& document);
     /// What the cashier is told of it; empty when it failed, which has been told.
     QString print(const Document& document) const;
-    bool canVoid(const Document& document) const;
 
     Till& m_till;
     const ReceiptPrinter& m_printer;

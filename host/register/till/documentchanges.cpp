@@ -36,15 +36,16 @@ void Till::restore(const OpenDocumentFile::Loaded& loaded)
     notifyRestored();
 }
 
-bool Till::close(Kopecks received)
+bool Till::close(const QList<Payment>& payments)
 {
-    if (!m_document || received < m_document->getSum()) {
+    if (!m_document || totalOf(payments) < m_document->getSum()) {
         return false;
     }
     if (m_document->isReturn() && !writeBackToSale()) {
         return false;
     }
-    return end(Document::State::Closed, received, EActivityListener::DocumentClosed);
+    return end({.state = Document::State::Closed, .finished = now(), .payments = payments},
+               EActivityListener::DocumentClosed);
 }
 
 bool Till::cancel()
@@ -52,12 +53,12 @@ bool Till::cancel()
     if (!m_document || (m_document->isReturn() && !writeBackToSale())) {
         return false;
     }
-    return end(Document::State::Cancelled, 0, EActivityListener::DocumentCancelled);
+    return end({.state = Document::State::Cancelled, .finished = now()}, EActivityListener::DocumentCancelled);
 }
 
 bool Till::suspend()
 {
-    if (!m_document || m_document->isReturn() || !m_archive.move(m_document, {.state = Document::State::Suspended})) {
+    if (!m_document || obstacleToSuspending() || !m_archive.move(m_document, {.state = Document::State::Suspended})) {
         return false;
     }
     makeCurrent(nullptr);
@@ -67,8 +68,7 @@ bool Till::suspend()
 
 bool Till::resume(const QSharedPointer<Document>& document)
 {
-    if (m_document || !document || document->getState() != Document::State::Suspended ||
-        !m_archive.move(document, {.state = Document::State::Open})) {
+    if (!document || obstacleToResuming(*document) || !m_archive.move(document, {.state = Document::State::Open})) {
         return false;
     }
     makeCurrent(document);
@@ -78,8 +78,7 @@ bool Till::resume(const QSharedPointer<Document>& document)
 
 bool Till::returnSale(const QSharedPointer<Document>& sale)
 {
-    if (m_document || !sale || sale->getType() != AbstractDocument::Sale ||
-        sale->getState() != Document::State::Closed || m_archive.isReturned(*sale, nullptr)) {
+    if (!sale || obstacleToReturning(*sale)) {
         return false;
     }
     const QSharedPointer<Document> document = Document::returnOf(*sale, m_numbers.next(), now());
@@ -114,12 +113,12 @@ bool Till::voidDocument(const QSharedPointer<Document>& document)
     return true;
 }
 
-bool Till::end(Document::State state, Kopecks received, EActivityListener::Event event)
+bool Till::end(const Document::Ending& ending, EActivityListener::Event event)
 {
-    if (!m_archive.move(m_document, {.state = state, .finished = now(), .received = received})) {
+    if (!m_archive.move(m_document, ending)) {
         return false;
     }
-    if (state == Document::State::Closed && m_printing) {
+    if (ending.state == Document::State::Closed && m_printing) {
         m_printing(*m_document);
     }
     Singleton<ActivityNotifier>::get()->notify(Event(event));

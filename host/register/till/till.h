@@ -6,12 +6,14 @@
 #include "documentarchive.h"
 #include "documentnumbers.h"
 #include "event.h"
+#include "obstacle.h"
 #include "opendocumentfile.h"
 
 #include <QObject>
 #include <QSharedPointer>
 
 #include <functional>
+#include <optional>
 
 /// The document that is open at the till, and everything that happens to it.
 ///
@@ -57,6 +59,26 @@ public:
     /// Runs `work` while another document is the current one.
     void withCurrentDocument(const QSharedPointer<AbstractDocument>& document, const std::function<void()>& work);
 
+    // tillrules.cpp: why something cannot be done now; nothing: it can
+
+    /// To opening an empty sale.
+    std::optional<Obstacle> obstacleToOpening() const;
+    /// To working on another document than the open one.
+    std::optional<Obstacle> obstacleToAnotherDocument() const;
+    std::optional<Obstacle> obstacleToAddingGoods() const;
+    std::optional<Obstacle> obstacleToChangingPositions() const;
+    static std::optional<Obstacle> obstacleToChangingQuantity(const Position& position);
+    /// To the subtotal and the payment.
+    std::optional<Obstacle> obstacleToPayment() const;
+    std::optional<Obstacle> obstacleToSuspending() const;
+    std::optional<Obstacle> obstacleToResuming(const Document& document) const;
+    std::optional<Obstacle> obstacleToReturning(const Document& sale) const;
+    std::optional<Obstacle> obstacleToVoiding(const Document& document) const;
+    /// To printing it again.
+    static std::optional<Obstacle> obstacleToPrinting(const Document& document);
+    /// True also while the open document returns it.
+    bool isReturned(const Document& sale) const;
+
     // documentchanges.cpp
 
     /// Takes up the document that was open when the register ended, and finishes what was interrupted. A damaged one,
@@ -64,10 +86,10 @@ public:
     void restore(const OpenDocumentFile::Loaded& loaded);
 
     /// Closes the document, prints it, and tells event 12.
-    /// @param received cash from the customer, at least the sum; of a return: what is paid out
+    /// @param payments from the customer, at least the sum together; of a return: what is paid out
     /// @return false when nothing was changed: there is no document, too little money, or it could not be saved, which
     ///         has been told to the cashier
-    bool close(Kopecks received);
+    bool close(const QList<Payment>& payments);
     /// Gives the document up and tells event 22; false as for close().
     bool cancel();
     /// Puts the document aside; false as for close(), and for a return, which has to be finished.
@@ -92,7 +114,7 @@ private:
     void recalculateAndSave();
 
     // documentchanges.cpp
-    bool end(Document::State state, Kopecks received, EActivityListener::Event event);
+    bool end(const Document::Ending& ending, EActivityListener::Event event);
     bool writeBackToSale() const;
     void notifyRestored();
     void showDamage(const OpenDocumentFile::Loaded& loaded) const;

@@ -37,7 +37,7 @@ protected:
     /// Sells what is on the receipt, and opens the cancelling document of that sale.
     void openReturn()
     {
-        ASSERT_TRUE(till->close(till->document()->getSum()));
+        ASSERT_TRUE(till->close({Payment::cash(till->document()->getSum())}));
         ASSERT_TRUE(till->returnSale(till->archive().find(1)));
     }
 };

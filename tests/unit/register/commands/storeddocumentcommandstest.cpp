@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "documentcommands.h"
 #include "commandfixture.h"
 #include "documentwords.h"
 #include "formanswer.h"
 #include "registeraction.h"
 #include "saves.h"
 #include "shownmessages.h"
+#include "storeddocumentcommands.h"
 
 #include <QAbstractItemView>
 #include <QJsonArray>
@@ -47,7 +47,7 @@ protected:
     {
         EXPECT_TRUE(till->returnSale(archived(sold())));
         const int number = till->document()->getNumber();
-        EXPECT_TRUE(till->close(till->document()->getSum()));
+        EXPECT_TRUE(till->close({Payment::cash(till->document()->getSum())}));
         return number;
     }
     int voided()
@@ -78,7 +78,7 @@ protected:
 
     PositionMarks marks;
     ReceiptPrinter printer{folder.path(), marks};
-    DocumentCommands documentCommands{*till, printer, marks};
+    StoredDocumentCommands documentCommands{*till, printer, marks};
 };
 
 TEST_F(DocumentCommandsTest, suspended_putsTheDocumentAsideButNoCancellingDocument)
@@ -212,7 +212,7 @@ TEST_F(DocumentCommandsTest, voidingOfASaleWithoutMoney_saysNothingOfMoney)
 {
     till->add(article(amoxidar));
     till->document()->position(1)->setPrice(0.0);
-    ASSERT_TRUE(till->close(0));
+    ASSERT_TRUE(till->close({Payment::cash(0)}));
     QString question;
     cashier.onForm(u"questionForm"_s, [&question](QWidget& root) {
         question = root.findChild<QLabel*>(u"messageLabel"_s)->text();
@@ -401,7 +401,7 @@ TEST_F(DocumentList, takingUpWhileADocumentIsOpen_isRefused)
     suspend();
     till->open();
     const ShownMessages messages;
-    inTheList([](QWidget&) { answerForm(u"takeUp"_s, 1); });
+    inTheList([](QWidget&) { answerForm(u"resume"_s, 1); });
     EXPECT_EQ(run(registeraction::showDocuments), EContext::Stop);
     ASSERT_EQ(messages.all().size(), 1);
     EXPECT_EQ(messages.all().first().text, u"Сначала завершите или отложите открытый чек № 2."_s);
@@ -412,7 +412,7 @@ TEST_F(DocumentList, takingUpADocumentThatIsGone_isShown)
 {
     sold();
     const ShownMessages messages;
-    inTheList([](QWidget&) { answerForm(u"takeUp"_s, 9); });
+    inTheList([](QWidget&) { answerForm(u"resume"_s, 9); });
     EXPECT_EQ(run(registeraction::showDocuments), EContext::Stop);
     ASSERT_EQ(messages.all().size(), 1);
     EXPECT_EQ(messages.all().first().text, u"Документа № 9 нет среди отложенных и завершённых.\nПроверьте номер."_s);

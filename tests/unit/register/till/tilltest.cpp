@@ -148,7 +148,7 @@ protected:
     {
         till->add(article(amoxidar, 2));
         const int number = till->document()->getNumber();
-        EXPECT_TRUE(till->close(5000));
+        EXPECT_TRUE(till->close({Payment::cash(5000)}));
         return number;
     }
     /// Opens the document that takes a sale back.
@@ -229,7 +229,7 @@ TEST_F(DocumentChanges, closed_isFinishedPrintedAndShownWhileItIsCurrent)
         steps.append(u"printed"_s);
     });
     QObject::connect(till.get(), &Till::changed, [&] { steps.append(u"changed"_s); });
-    EXPECT_TRUE(till->close(3000));
+    EXPECT_TRUE(till->close({Payment::cash(3000)}));
     expectShown(12, document);
     expectNothingOpen();
     EXPECT_EQ(steps, (QStringList{u"printed"_s, u"changed"_s}));
@@ -241,12 +241,12 @@ TEST_F(DocumentChanges, closed_isFinishedPrintedAndShownWhileItIsCurrent)
 
 TEST_F(DocumentChanges, tooLittleMoney_doesNotClose)
 {
-    EXPECT_FALSE(till->close(5000)) << "nothing is open";
+    EXPECT_FALSE(till->close({Payment::cash(5000)})) << "nothing is open";
     till->add(article(amoxidar, 2));
-    EXPECT_FALSE(till->close(2479));
+    EXPECT_FALSE(till->close({Payment::cash(2479)}));
     EXPECT_TRUE(till->document());
     EXPECT_EQ(witness.codes(), QList<int>{10});
-    EXPECT_TRUE(till->close(2480));
+    EXPECT_TRUE(till->close({Payment::cash(2480)}));
     EXPECT_EQ(archived(1)->getChange(), 0);
 }
 
@@ -334,7 +334,7 @@ TEST_F(DocumentChanges, takingBack_isRefusedForWhatIsNoClosedSaleOrReturnedAlrea
     EXPECT_FALSE(till->returnSale(archived(number))) << "a receipt is open";
     till->cancel();
     const auto document = takingBack(number);
-    EXPECT_TRUE(till->close(document->getSum()));
+    EXPECT_TRUE(till->close({Payment::cash(document->getSum())}));
     EXPECT_FALSE(till->returnSale(archived(number))) << "taken back";
     EXPECT_FALSE(till->returnSale(archived(document->getNumber()))) << "a cancelling document";
     EXPECT_FALSE(till->document());
@@ -370,7 +370,7 @@ TEST_F(DocumentChanges, cancellingDocumentClosed_saleIsReturnedAndHasWhatPlugins
     const auto document = takingBack(number);
     countPrinting();
     setStatus(*document, "canceled");
-    EXPECT_TRUE(till->close(document->getSum()));
+    EXPECT_TRUE(till->close({Payment::cash(document->getSum())}));
     expectShown(12, document);
     expectNothingOpen();
     EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
@@ -400,7 +400,7 @@ TEST_F(DocumentChanges, cancellingDocumentStaysOpen_saleStaysReturned)
     const int number = sold();
     const auto document = takingBack(number);
     for (const auto& end : {std::function([&] { return till->cancel(); }),
-                            std::function([&] { return till->close(document->getSum()); })}) {
+                            std::function([&] { return till->close({Payment::cash(document->getSum())}); })}) {
         Saves saves;
         saves.fail([](const AbstractDocument& saved) {
             return saved.getType() == AbstractDocument::Return ? Saves::Fault::Before : Saves::Fault::None;
@@ -426,7 +426,7 @@ TEST_F(DocumentChanges, saleOfACancellingDocumentIsLost_itEndsAllTheSame)
 {
     const auto document = takingBack(sold());
     ASSERT_TRUE(QFile::remove(folder.filePath(u"finished/00000001.json"_s)));
-    EXPECT_TRUE(till->close(document->getSum()));
+    EXPECT_TRUE(till->close({Payment::cash(document->getSum())}));
     expectNothingOpen();
 }
 
@@ -467,18 +467,18 @@ TEST_F(DocumentChanges, nothingCanBeSaved_nothingChanges)
 
     till->add(article(amoxidar));
     till->setPhase(Till::Phase::Payment);
-    expectNothingChanged([&] { return till->close(5000); });
+    expectNothingChanged([&] { return till->close({Payment::cash(5000)}); });
     expectNothingChanged([&] { return till->cancel(); });
     expectNothingChanged([&] { return till->suspend(); });
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
-    EXPECT_TRUE(till->close(5000)) << "it goes on when the disk is back";
+    EXPECT_TRUE(till->close({Payment::cash(5000)})) << "it goes on when the disk is back";
 }
 
 TEST_F(DocumentChanges, nothingCanBeSaved_cancellingDocumentStaysOpen)
 {
     const auto document = takingBack(sold());
     setStatus(*document, "canceled");
-    expectNothingChanged([&] { return till->close(document->getSum()); });
+    expectNothingChanged([&] { return till->close({Payment::cash(document->getSum())}); });
     expectNothingChanged([&] { return till->cancel(); });
     EXPECT_EQ(archived(1)->getReturnedBy(), 2);
 }
@@ -518,7 +518,7 @@ protected:
     {
         Till former(folder.path());
         former.add(article(amoxidar));
-        EXPECT_TRUE(former.close(5000));
+        EXPECT_TRUE(former.close({Payment::cash(5000)}));
         EXPECT_TRUE(QFile::remove(folder.filePath(u"lastreceiptnumber"_s)));
         QFile damaged(folder.filePath(u"receipt.json"_s));
         EXPECT_TRUE(damaged.open(QIODevice::WriteOnly));
@@ -602,7 +602,7 @@ protected:
 TEST_F(InterruptedChange, close_isFinished)
 {
     till->add(article(amoxidar));
-    interrupt(u"receipt.json"_s, [this] { return till->close(5000); });
+    interrupt(u"receipt.json"_s, [this] { return till->close({Payment::cash(5000)}); });
     expectNothingOpen();
     EXPECT_TRUE(witness.seen.isEmpty());
     EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
@@ -611,7 +611,7 @@ TEST_F(InterruptedChange, close_isFinished)
 TEST_F(InterruptedChange, closeOfACancellingDocument_isFinished)
 {
     const auto document = takingBack(sold());
-    interrupt(u"receipt.json"_s, [&] { return till->close(document->getSum()); });
+    interrupt(u"receipt.json"_s, [&] { return till->close({Payment::cash(document->getSum())}); });
     expectNothingOpen();
     EXPECT_TRUE(till->archive().isReturned(*archived(1), nullptr));
 }
