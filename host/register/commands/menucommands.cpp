@@ -51,7 +51,7 @@ EContext::Result MenuCommands::showMenu(control::Action& action)
     if (action.value(position).isValid()) {
         command.insert(position, action.value(position));
     }
-    // Queued: the command begins where the register stands without the menu and its action.
+    // Queued: the command begins after the menu and its action have ended.
     Singleton<ActionQueueController>::get()->enqueue(command, true);
     return EContext::GoOn;
 }

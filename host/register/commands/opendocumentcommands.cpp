@@ -29,8 +29,8 @@ void OpenDocumentCommands::offer(ActionQueueController& controller)
     };
     offerCommands<Commands>(controller, *this, table);
 
-    // A cancellation that stopped half-way may have undone what the subtotal did: the way to the payment leads through
-    // the subtotal again.
+    // A cancellation that stopped half-way may have undone what the subtotal did, so that the subtotal has to come
+    // again before the payment.
     for (const auto action : {control::RemovePosition, control::CancelDocument, control::CancelDocumentFromMenu}) {
         controller.setHostFrame(action, [this](control::Action&, const std::function<EContext::Result()>& course) {
             const EContext::Result result = course();
@@ -139,7 +139,7 @@ Question OpenDocumentCommands::cancellingQuestion() const
     };
 }
 
-/// Plug-ins have already done their part for some position: what they put on it is no longer as in the sale.
+/// True when a plug-in has already worked on a position: its data differs from the sale's.
 bool OpenDocumentCommands::isReturnBegun() const
 {
     const auto& positions = m_till.document()->positions();

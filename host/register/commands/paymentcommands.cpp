@@ -55,7 +55,7 @@ EContext::Result PaymentCommands::pay(control::Action& action)
         return EContext::Stop;
     }
     const Document& document = *m_till.document();
-    // Of a return exactly the sum is paid out, whatever is typed.
+    // A return pays out exactly its sum, whatever is typed.
     const QString typed = document.isReturn() ? QString() : action.value(u"received"_s).toString();
     const auto payment = cashpayment::received(document.getSum(), typed);
     if (!payment) {

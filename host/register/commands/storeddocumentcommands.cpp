@@ -20,7 +20,7 @@ namespace
 
 constexpr int latestShown = 500;
 
-/// The document number of the action, else what the cashier types; nothing when the cashier leaves.
+/// The document number that the action carries, else the one that the cashier types; nothing when the cashier cancels.
 std::optional<int> documentNumber(const control::Action& action, const tr::Tr& title, const tr::Tr& message)
 {
     if (const int given = action.value(u"number"_s).toInt(); given > 0) {
@@ -75,7 +75,8 @@ void StoredDocumentCommands::offer(ActionQueueController& controller)
         {registeraction::voidByNumber, Where::Everywhere, &Commands::voidByNumber},
     };
     offerCommands<Commands>(controller, *this, table);
-    // All of the voiding stands in its frame: the document is the current one and is saved whatever the triggers say.
+    // The frame does the voiding: during the triggers the document is the current one, and it is saved whatever they
+    // return.
     controller.setHostHandler(control::VoidDocument, [](control::Action&) { return EContext::GoOn; });
     controller.setHostFrame(control::VoidDocument,
                             [this](control::Action& action, const auto& course) { return voidFrame(action, course); });

@@ -28,7 +28,7 @@ private:
 
     EContext::Result resume(int number);
     EContext::Result voidDocument(const QSharedPointer<Document>& document);
-    /// What the cashier is told of it; empty when it failed, which has been told.
+    /// The message for the cashier; empty after a failure that was already shown.
     QString print(const Document& document) const;
 
     Till& m_till;

@@ -26,7 +26,7 @@ Kopecks totalOf(const QList<Payment>& payments);
 
 /// What the register knows of a method; a new method is a row of paymentMethods().
 struct PaymentMethodRow {
-    PaymentMethod method;
+    PaymentMethod method = PaymentMethod::Cash;
     QLatin1StringView word; ///< in saved documents, see docs/document-format.md
     tr::Tr printed;         ///< before the amount on the receipt
 };

@@ -27,7 +27,7 @@ void Till::restore(const OpenDocumentFile::Loaded& loaded)
     }
     const QSharedPointer<Document> open = m_archive.tidyUp(loaded.document);
     if (!loaded.damage.isEmpty()) {
-        showDamage(loaded); // only now: while the message stands, a key pressed before may open a document
+        showDamage(loaded); // only now: a key pressed before may open a document while the message is shown
     }
     if (!open) {
         return;
@@ -82,13 +82,13 @@ bool Till::returnSale(const QSharedPointer<Document>& sale)
         return false;
     }
     const QSharedPointer<Document> document = Document::returnOf(*sale, m_numbers.next(), now());
-    // First the sale: a return that the sale does not know of could be opened twice.
+    // The sale first: a return that its sale does not know could be opened twice.
     sale->setReturnedBy(document->getNumber());
     if (!m_archive.save(sale)) {
         return false;
     }
     if (!m_store.save(document)) {
-        QFile::remove(m_store.file()); // it may stand there, only not synced
+        QFile::remove(m_store.file()); // it may be there, only not synced
         return false;
     }
     makeCurrent(document);
@@ -127,8 +127,7 @@ bool Till::end(const Document::Ending& ending, EActivityListener::Event event)
     return true;
 }
 
-/// What plug-ins did with the positions of the return holds for the sale too, even when the document is
-/// given up afterwards.
+/// What plug-ins did to the positions of a return also holds for the sale, even when the return is cancelled later.
 bool Till::writeBackToSale() const
 {
     const QSharedPointer<Document> sale = m_archive.find(m_document->getReturnedSale());

@@ -94,8 +94,9 @@ std::optional<Obstacle> Till::obstacleToReturning(const Document& sale) const
         return obstacle;
     }
     if (sale.isReturn() || sale.getState() != Document::State::Closed) {
-        return Obstacle{tr::Tr(u"takeBackOnlyClosedSale"_s, u"Документ № %1 — не закрытая продажа, его нельзя вернуть."_s)
-                            .arg(number(sale))};
+        return Obstacle{
+            tr::Tr(u"takeBackOnlyClosedSale"_s, u"Документ № %1 — не закрытая продажа, его нельзя вернуть."_s)
+                .arg(number(sale))};
     }
     if (isReturned(sale)) {
         return Obstacle{tr::Tr(u"takenBackAlready"_s, u"Продажа № %1 уже возвращена документом № %2."_s)
@@ -122,8 +123,7 @@ std::optional<Obstacle> Till::obstacleToPrinting(const Document& document)
     if (document.getState() == Document::State::Closed) {
         return std::nullopt;
     }
-    return Obstacle{
-        {u"documentsPrintClosed"_s, u"Печатаются только закрытые документы, которые не аннулированы."_s}};
+    return Obstacle{{u"documentsPrintClosed"_s, u"Печатаются только закрытые документы, которые не аннулированы."_s}};
 }
 
 bool Till::isReturned(const Document& sale) const

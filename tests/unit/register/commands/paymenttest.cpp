@@ -34,7 +34,7 @@ protected:
     QString text(const char* label) const { return widget<QLabel>(label)->text(); }
     QString role(const char* label) const { return widget<QLabel>(label)->property("textRole").toString(); }
     QLineEdit* received() const { return widget<QLineEdit>("receivedLineEdit"); }
-    /// Sells what is on the receipt, and opens the cancelling document of that sale.
+    /// Sells what is on the document, and opens the return of that sale.
     void openReturn()
     {
         ASSERT_TRUE(till->close({Payment::cash(till->document()->getSum())}));

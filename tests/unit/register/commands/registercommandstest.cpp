@@ -43,11 +43,11 @@ TEST_F(Commands, selectGoods_offersThoseOfTheNameAndWritesTheResult)
     EXPECT_TRUE(witness.seen.isEmpty()) << "choosing opens no receipt";
 }
 
-/// Picks goods for a medicine as a cashier does, and keeps what stood there at first.
+/// Picks goods for a medicine as a cashier does, and keeps what was there at first.
 class PickedGoods : public Commands
 {
 protected:
-    /// @param packs typed into their field; empty: taken as they stand
+    /// @param packs typed into their field; empty: taken as they are
     void pick(const QString& medicineInfo, int row = -1, const QString& packs = {})
     {
         cashier.onForm(u"goodsSelectionForm"_s, [=, this](QWidget& root) {
@@ -72,7 +72,7 @@ protected:
     const QString medicine = u"Амоксициллин / / 30"_s;
 };
 
-TEST_F(PickedGoods, pickedAgainForTheSameMedicine_standThereWithTheirPacks)
+TEST_F(PickedGoods, pickedAgainForTheSameMedicine_areOfferedWithTheirPacks)
 {
     till->open();
     pick(medicine, 2, u"3"_s);
@@ -126,7 +126,7 @@ TEST_F(Commands, selectGoodsClosedByTheRegister_stopsWithoutAResult)
     EXPECT_EQ(run(control::SelectGoods), EContext::Stop);
 }
 
-TEST_F(Commands, selectGoodsWithoutADatabase_isShownAndStops)
+TEST_F(Commands, selectGoodsWithoutADatabase_showsAMessageAndStops)
 {
     config.set(u"Database:name"_s, folder.filePath(u"absent.sqlite"_s));
     const ShownMessages messages;
@@ -234,7 +234,7 @@ TEST_F(Commands, noPositionChosen_saysSo)
     EXPECT_EQ(messages.all().first().text, u"Сначала выберите позицию чека."_s);
 }
 
-TEST_F(Commands, boundPosition_keepsItsQuantity)
+TEST_F(Commands, externalPosition_keepsItsQuantity)
 {
     till->add(article(amoxidar));
     till->document()->position(1)->setSoftCheckId(u"rx-1"_s);
@@ -245,7 +245,7 @@ TEST_F(Commands, boundPosition_keepsItsQuantity)
     EXPECT_EQ(till->document()->position(1)->getQuantity(), 1);
 }
 
-TEST_F(Commands, boundPosition_isRemovedOnlyAfterTheQuestionAndByTheHooks)
+TEST_F(Commands, externalPosition_isRemovedOnlyAfterTheQuestionAndByTheHooks)
 {
     till->add(article(amoxidar));
     till->document()->position(1)->setSoftCheckId(u"rx-1"_s);
@@ -340,7 +340,7 @@ TEST_P(SubtotalCommand, hookStops_positionsStayShown)
     EXPECT_EQ(till->phase(), Till::Phase::Positions);
 }
 
-TEST_P(SubtotalCommand, cancellingDocument_leadsOnToo)
+TEST_P(SubtotalCommand, returnDocument_leadsOnToo)
 {
     ASSERT_TRUE(till->returnSale(archived(sold())));
     EXPECT_EQ(run(GetParam()), EContext::GoOn);
@@ -354,7 +354,7 @@ class PayCommand : public Commands
 {
 protected:
     EContext::Result pay(const QString& received) { return run(registeraction::pay, {{u"received"_s, received}}); }
-    /// A receipt over 24,80 that stands at its payment.
+    /// A document over 24,80 that is at its payment.
     void standAtPayment()
     {
         till->add(article(amoxidar, 2));
@@ -414,7 +414,7 @@ TEST_F(PayCommand, documentNotAtItsPayment_isNotClosed)
     EXPECT_TRUE(till->document());
 }
 
-TEST_F(PayCommand, cancellingDocument_paysItsSumOutWhateverIsTyped)
+TEST_F(PayCommand, returnDocument_paysItsSumOutWhateverIsTyped)
 {
     ASSERT_TRUE(till->returnSale(archived(sold())));
     till->setPhase(Till::Phase::Payment);
@@ -556,7 +556,7 @@ TEST_F(Commands, questionClosedByTheRegister_leavesTheDocument)
     EXPECT_TRUE(till->document());
 }
 
-TEST_F(Commands, cancellingDocument_takesNoGoodsAndIsCancelledOnlyWhole)
+TEST_F(Commands, returnDocument_takesNoGoodsAndIsCancelledOnlyWhole)
 {
     ASSERT_TRUE(till->returnSale(archived(sold())));
     const QJsonObject before = till->document()->toJson();
@@ -574,7 +574,7 @@ TEST_F(Commands, cancellingDocument_takesNoGoodsAndIsCancelledOnlyWhole)
     }
 }
 
-TEST_F(Commands, cancellingDocumentCancelled_asksForTheReturn)
+TEST_F(Commands, returnDocumentCancelled_asksForTheReturn)
 {
     ASSERT_TRUE(till->returnSale(archived(sold())));
     QString question;
@@ -589,7 +589,7 @@ TEST_F(Commands, cancellingDocumentCancelled_asksForTheReturn)
     EXPECT_FALSE(till->archive().isReturned(*archived(1), nullptr));
 }
 
-TEST_F(Commands, cancellingDocumentBegunByAPlugin_theQuestionAdvisesToFinishIt)
+TEST_F(Commands, returnDocumentBegunByAPlugin_theQuestionAdvisesToFinishIt)
 {
     ASSERT_TRUE(till->returnSale(archived(sold())));
     till->document()->position(1)->setExtendedOptions(uR"({"status":"canceled"})"_s);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "storeddocumentcommands.h"
 #include "commandfixture.h"
 #include "documentwords.h"
 #include "formanswer.h"
 #include "registeraction.h"
 #include "saves.h"
 #include "shownmessages.h"
-#include "storeddocumentcommands.h"
 
 #include <QAbstractItemView>
 #include <QJsonArray>
@@ -42,7 +42,7 @@ protected:
         EXPECT_TRUE(till->cancel());
         return number;
     }
-    /// The closed cancelling document of a new sale; its number, one more than the sale's.
+    /// The closed return of a new sale; its number, one more than the sale's.
     int returned()
     {
         EXPECT_TRUE(till->returnSale(archived(sold())));
@@ -81,7 +81,7 @@ protected:
     StoredDocumentCommands documentCommands{*till, printer, marks};
 };
 
-TEST_F(DocumentCommandsTest, suspended_putsTheDocumentAsideButNoCancellingDocument)
+TEST_F(DocumentCommandsTest, suspended_suspendsASaleButNoReturn)
 {
     EXPECT_EQ(run(registeraction::suspend), EContext::NotFound) << "no receipt is open";
     till->add(article(amoxidar));
@@ -103,7 +103,7 @@ TEST_F(DocumentCommandsTest, suspendedThatCannotBeSaved_stops)
     EXPECT_TRUE(till->document());
 }
 
-TEST_F(DocumentCommandsTest, returnByNumberTyped_opensTheCancellingDocument)
+TEST_F(DocumentCommandsTest, returnByNumberTyped_opensTheReturn)
 {
     sold();
     witness.seen.clear();
@@ -241,7 +241,7 @@ TEST_F(DocumentCommandsTest, voidingOfASaleThatIsBeingReturned_isRefused)
     EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
     ASSERT_TRUE(till->cancel());
     answerQuestion("yesButton");
-    EXPECT_EQ(run(registeraction::voidByNumber, number(1)), EContext::GoOn) << "the cancelling document was given up";
+    EXPECT_EQ(run(registeraction::voidByNumber, number(1)), EContext::GoOn) << "the return was given up";
 }
 
 class Voiding : public DocumentCommandsTest,
@@ -274,7 +274,7 @@ TEST_P(Voiding, documentIsCurrentForTheHooksAndSavedWhateverTheySay)
         witness.seen.clear();
         EXPECT_EQ(run(control::VoidDocument, carrying(document)), permission());
         EXPECT_EQ(currents, QList<QSharedPointer<AbstractDocument>>{document});
-        EXPECT_EQ(current(), till->document()) << "the open receipt is the current one again";
+        EXPECT_EQ(current(), till->document()) << "the open document is the current one again";
         EXPECT_EQ(till->document().isNull(), context() == EContext::Idle);
         EXPECT_EQ(archived(number)->getState(), permission() == EContext::GoOn ? Document::State::Voided : before);
         EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), done);
@@ -364,7 +364,7 @@ TEST_F(DocumentCommandsTest, hookThrows_isShownAndCountsAsStop)
 class DocumentList : public DocumentCommandsTest
 {
 protected:
-    /// Does something once the list of documents stands.
+    /// Does something once the list of documents is shown.
     void inTheList(const Cashier::Act& act) { cashier.onForm(u"documentListForm"_s, act); }
     static void choose(QWidget& root, int row)
     {
@@ -396,7 +396,7 @@ TEST_F(DocumentList, documentChosen_isResumedOrReturned)
     EXPECT_EQ(till->document()->getReturnedSale(), 1);
 }
 
-TEST_F(DocumentList, takingUpWhileADocumentIsOpen_isRefused)
+TEST_F(DocumentList, resumingWhileADocumentIsOpen_isRefused)
 {
     suspend();
     till->open();
@@ -408,7 +408,7 @@ TEST_F(DocumentList, takingUpWhileADocumentIsOpen_isRefused)
     EXPECT_EQ(archived(1)->getState(), Document::State::Suspended);
 }
 
-TEST_F(DocumentList, takingUpADocumentThatIsGone_isShown)
+TEST_F(DocumentList, resumingADocumentThatIsGone_isShown)
 {
     sold();
     const ShownMessages messages;

@@ -89,5 +89,6 @@ TEST_F(TillRules, externalPosition_keepsItsQuantity)
     const auto position = till->document()->position(1);
     EXPECT_FALSE(Till::obstacleToChangingQuantity(*position));
     position->setSoftCheckId(u"rx-1"_s);
-    EXPECT_TRUE(text(Till::obstacleToChangingQuantity(*position)).startsWith(u"Позиция № 1 отпускается по документу"_s));
+    EXPECT_TRUE(
+        text(Till::obstacleToChangingQuantity(*position)).startsWith(u"Позиция № 1 отпускается по документу"_s));
 }
