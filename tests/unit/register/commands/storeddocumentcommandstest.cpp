@@ -16,10 +16,10 @@
 
 using namespace Qt::StringLiterals;
 
-class DocumentCommandsTest : public CommandFixture
+class StoredDocumentCommandsTest : public CommandFixture
 {
 protected:
-    DocumentCommandsTest() { documentCommands.offer(controller.object); }
+    StoredDocumentCommandsTest() { documentCommands.offer(controller.object); }
 
     static QVariantMap number(int number) { return {{u"number"_s, number}}; }
     static QVariantMap carrying(const QSharedPointer<Document>& document)
@@ -81,7 +81,7 @@ protected:
     StoredDocumentCommands documentCommands{*till, printer, marks};
 };
 
-TEST_F(DocumentCommandsTest, suspended_suspendsASaleButNoReturn)
+TEST_F(StoredDocumentCommandsTest, suspended_suspendsASaleButNoReturn)
 {
     EXPECT_EQ(run(registeraction::suspend), EContext::NotFound) << "no receipt is open";
     till->add(article(amoxidar));
@@ -94,7 +94,7 @@ TEST_F(DocumentCommandsTest, suspended_suspendsASaleButNoReturn)
     EXPECT_TRUE(till->document());
 }
 
-TEST_F(DocumentCommandsTest, suspendedThatCannotBeSaved_stops)
+TEST_F(StoredDocumentCommandsTest, suspendedThatCannotBeSaved_stops)
 {
     till->add(article(amoxidar));
     Saves saves;
@@ -103,7 +103,7 @@ TEST_F(DocumentCommandsTest, suspendedThatCannotBeSaved_stops)
     EXPECT_TRUE(till->document());
 }
 
-TEST_F(DocumentCommandsTest, returnByNumberTyped_opensTheReturn)
+TEST_F(StoredDocumentCommandsTest, returnByNumberTyped_opensTheReturn)
 {
     sold();
     witness.seen.clear();
@@ -114,7 +114,7 @@ TEST_F(DocumentCommandsTest, returnByNumberTyped_opensTheReturn)
     EXPECT_EQ(witness.codes(), QList<int>{10});
 }
 
-TEST_F(DocumentCommandsTest, numberNotGiven_nothingHappens)
+TEST_F(StoredDocumentCommandsTest, numberNotGiven_nothingHappens)
 {
     sold();
     for (const auto type : {registeraction::returnSale, registeraction::voidByNumber}) {
@@ -126,7 +126,7 @@ TEST_F(DocumentCommandsTest, numberNotGiven_nothingHappens)
     EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
 }
 
-TEST_F(DocumentCommandsTest, returnOfWhatIsNoClosedSale_isRefused)
+TEST_F(StoredDocumentCommandsTest, returnOfWhatIsNoClosedSale_isRefused)
 {
     const int stopped[] = {suspend(), cancelled(), voided(), returned()};
     for (const int document : stopped) {
@@ -136,7 +136,7 @@ TEST_F(DocumentCommandsTest, returnOfWhatIsNoClosedSale_isRefused)
     EXPECT_FALSE(till->document());
 }
 
-TEST_F(DocumentCommandsTest, returnOfASaleReturned_namesItsDocument)
+TEST_F(StoredDocumentCommandsTest, returnOfASaleReturned_namesItsDocument)
 {
     const int taker = returned();
     EXPECT_EQ(noticeOf(registeraction::returnSale, number(taker - 1)),
@@ -144,7 +144,7 @@ TEST_F(DocumentCommandsTest, returnOfASaleReturned_namesItsDocument)
     EXPECT_FALSE(till->document());
 }
 
-TEST_F(DocumentCommandsTest, numberOfNoDocument_isShownWithTheNumber)
+TEST_F(StoredDocumentCommandsTest, numberOfNoDocument_isShownWithTheNumber)
 {
     const QString notFound = u"Документа № 17 нет среди отложенных и завершённых.\nПроверьте номер."_s;
     for (const auto type : {registeraction::returnSale, registeraction::voidByNumber}) {
@@ -152,7 +152,7 @@ TEST_F(DocumentCommandsTest, numberOfNoDocument_isShownWithTheNumber)
     }
 }
 
-TEST_F(DocumentCommandsTest, returnWhileADocumentIsOpen_isRefusedBeforeAskingForTheNumber)
+TEST_F(StoredDocumentCommandsTest, returnWhileADocumentIsOpen_isRefusedBeforeAskingForTheNumber)
 {
     sold();
     till->open();
@@ -163,7 +163,7 @@ TEST_F(DocumentCommandsTest, returnWhileADocumentIsOpen_isRefusedBeforeAskingFor
     EXPECT_EQ(archived(1)->getReturnedBy(), 0);
 }
 
-TEST_F(DocumentCommandsTest, returnThatCannotBeSaved_stops)
+TEST_F(StoredDocumentCommandsTest, returnThatCannotBeSaved_stops)
 {
     sold();
     Saves saves;
@@ -172,7 +172,7 @@ TEST_F(DocumentCommandsTest, returnThatCannotBeSaved_stops)
     EXPECT_FALSE(till->document());
 }
 
-TEST_F(DocumentCommandsTest, voidingByNumber_asksAndVoidsByTheHooks)
+TEST_F(StoredDocumentCommandsTest, voidingByNumber_asksAndVoidsByTheHooks)
 {
     const std::pair<int, QString> documents[] = {
         {sold(), u"Аннулировать продажу № 1 на сумму 24,80? Деньги возвращаются покупателю."_s},
@@ -208,7 +208,7 @@ TEST_F(DocumentCommandsTest, voidingByNumber_asksAndVoidsByTheHooks)
     }
 }
 
-TEST_F(DocumentCommandsTest, voidingOfASaleWithoutMoney_saysNothingOfMoney)
+TEST_F(StoredDocumentCommandsTest, voidingOfASaleWithoutMoney_saysNothingOfMoney)
 {
     till->add(article(amoxidar));
     till->document()->position(1)->setPrice(0.0);
@@ -223,7 +223,7 @@ TEST_F(DocumentCommandsTest, voidingOfASaleWithoutMoney_saysNothingOfMoney)
     EXPECT_EQ(documentwords::voiding(*archived(1), Document::State::Closed), u"Чек № 1 аннулирован"_s);
 }
 
-TEST_F(DocumentCommandsTest, voidingOfWhatCannotBeVoided_isRefused)
+TEST_F(StoredDocumentCommandsTest, voidingOfWhatCannotBeVoided_isRefused)
 {
     const int taker = returned();
     const int stopped[] = {cancelled(), voided(), taker, taker - 1};
@@ -234,7 +234,7 @@ TEST_F(DocumentCommandsTest, voidingOfWhatCannotBeVoided_isRefused)
     }
 }
 
-TEST_F(DocumentCommandsTest, voidingOfASaleThatIsBeingReturned_isRefused)
+TEST_F(StoredDocumentCommandsTest, voidingOfASaleThatIsBeingReturned_isRefused)
 {
     ASSERT_TRUE(till->returnSale(archived(sold())));
     EXPECT_TRUE(noticeOf(registeraction::voidByNumber, number(1)).startsWith(u"Документ № 1 нельзя аннулировать"_s));
@@ -244,7 +244,7 @@ TEST_F(DocumentCommandsTest, voidingOfASaleThatIsBeingReturned_isRefused)
     EXPECT_EQ(run(registeraction::voidByNumber, number(1)), EContext::GoOn) << "the return was given up";
 }
 
-class Voiding : public DocumentCommandsTest,
+class Voiding : public StoredDocumentCommandsTest,
                 public ::testing::WithParamInterface<std::tuple<EContext::Code, EContext::Result>>
 {
 protected:
@@ -306,7 +306,7 @@ INSTANTIATE_TEST_SUITE_P(ContextsAndResults, Voiding,
                                     std::to_string(std::get<1>(tested.param));
                          });
 
-TEST_F(DocumentCommandsTest, voidingOfAnythingElse_isNotFoundAndNoHookRuns)
+TEST_F(StoredDocumentCommandsTest, voidingOfAnythingElse_isNotFoundAndNoHookRuns)
 {
     const auto closed = archived(sold());
     const auto cancelledOne = archived(cancelled());
@@ -330,7 +330,7 @@ TEST_F(DocumentCommandsTest, voidingOfAnythingElse_isNotFoundAndNoHookRuns)
     EXPECT_EQ(current(), till->document());
 }
 
-TEST_F(DocumentCommandsTest, voidingThatCannotBeSaved_stopsAndTheDocumentStays)
+TEST_F(StoredDocumentCommandsTest, voidingThatCannotBeSaved_stopsAndTheDocumentStays)
 {
     const auto document = archived(suspend());
     till->open();
@@ -345,7 +345,7 @@ TEST_F(DocumentCommandsTest, voidingThatCannotBeSaved_stopsAndTheDocumentStays)
     EXPECT_EQ(current(), till->document());
 }
 
-TEST_F(DocumentCommandsTest, hookThrows_isShownAndCountsAsStop)
+TEST_F(StoredDocumentCommandsTest, hookThrows_isShownAndCountsAsStop)
 {
     const auto document = archived(sold());
     till->open();
@@ -361,7 +361,7 @@ TEST_F(DocumentCommandsTest, hookThrows_isShownAndCountsAsStop)
     EXPECT_EQ(current(), till->document());
 }
 
-class DocumentList : public DocumentCommandsTest
+class DocumentList : public StoredDocumentCommandsTest
 {
 protected:
     /// Does something once the list of documents is shown.
