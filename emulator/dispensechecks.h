@@ -2,7 +2,7 @@
 #pragma once
 
 #include "dispensedocument.h"
-#include "prescription.h"
+#include "records.h"
 
 #include <QSet>
 

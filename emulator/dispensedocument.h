@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "claim.h"
+#include "records.h"
 
 #include <QDate>
 #include <QJsonObject>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "access.h"
 #include "clock.h"
 #include "httpanswer.h"
 #include "prescriptionstore.h"
+#include "records.h"
 
 namespace emulator
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "dispense.h"
+#include "records.h"
 
 #include <QList>
 

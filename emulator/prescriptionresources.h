@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "dispense.h"
-#include "patient.h"
-#include "payer.h"
-#include "practitioner.h"
-#include "prescription.h"
+#include "records.h"
 
 #include <QJsonObject>
 

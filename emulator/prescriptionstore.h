@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "seed.h"
+#include "records.h"
 
 #include <QHash>
 #include <QSqlDatabase>

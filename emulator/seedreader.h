@@ -2,7 +2,7 @@
 #pragma once
 
 #include "jsonnode.h"
-#include "seed.h"
+#include "records.h"
 
 #include <QSet>
 

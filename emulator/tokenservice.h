@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "access.h"
 #include "clock.h"
 #include "httpanswer.h"
 #include "httprequest.h"
 #include "prescriptionstore.h"
+#include "records.h"
 
 namespace emulator
 {
