@@ -18,7 +18,7 @@ public:
     emulator::PrescriptionStore& store() { return m_store; }
     const emulator::PrescriptionStore& store() const { return m_store; }
 
-    void beginAgain() { m_store.replace(emulator::SeedReader(today).read(seed)); }
+    void beginAgain() { m_store.replace(emulator::SeedReader(today).read(emulator::JsonNode::parse(seed))); }
 
     /// What must hold after any request.
     void check() const

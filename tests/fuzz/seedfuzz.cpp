@@ -37,7 +37,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     static PrescriptionStore store;
     Seed seed;
     try {
-        seed = SeedReader(QDate(2026, 3, 20)).read(bytesOf(data, size));
+        seed = SeedReader(QDate(2026, 3, 20)).read(JsonNode::parse(bytesOf(data, size)));
     } catch (const EmulatorError& error) {
         promise(!error.message().isEmpty(), "it is told what is wrong with the seed");
         return 0;

@@ -143,7 +143,7 @@ TEST_F(EmulatorProgram, whatItCannotUse_isToldInOneLine)
     expectRefusal({"--frobnicate"}, u"frobnicate"_s);
     expectRefusal({"something"}, u"cannot use \"something\""_s);
     expectRefusal({"--port", QString::number(occupied.serverPort())}, u"cannot listen on port"_s);
-    expectRefusal({"--seed", "/nowhere.json"}, u"cannot read the seed /nowhere.json"_s);
+    expectRefusal({"--seed", "/nowhere.json"}, u"cannot read /nowhere.json: No such file or directory"_s);
     expectRefusal({"--seed", badSeed.fileName()}, badSeed.fileName() + u": patients[0].id: a text is expected"_s);
     expectRefusal({"--data", "/nowhere/x"}, u"cannot open the data file /nowhere/x"_s);
     expectRefusal({"--tls-key", "/nowhere.key"}, u"TLS needs both a certificate and a key"_s);

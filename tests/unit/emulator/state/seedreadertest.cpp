@@ -4,15 +4,11 @@
 #include "emulatorerror.h"
 #include "prescriptionstore.h"
 
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
+using emulator::JsonNode;
 using emulator::Seed;
 using emulator::SeedReader;
 
@@ -20,17 +16,15 @@ namespace
 {
 const QDate today(2024, 3, 20);
 
-QByteArray fileContent(const char* path)
+Seed readSeed(const QByteArray& json)
 {
-    QFile file(QString::fromUtf8(path));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
-    return file.readAll();
+    return SeedReader(today).read(JsonNode::parse(json));
 }
 
 QString mistakeIn(const QByteArray& json)
 {
     try {
-        SeedReader(today).read(json);
+        readSeed(json);
     } catch (const emulator::EmulatorError& error) {
         return error.message();
     }
@@ -55,23 +49,23 @@ QByteArray seed(const QByteArray& part = {}, const QByteArray& replacement = {})
 
 TEST(SeedReader, daysAgo_countFromToday)
 {
-    const Seed read = SeedReader(today).read(seed("\"written\": \"2024-03-01\"", "\"writtenDaysAgo\": 3"));
-    ASSERT_EQ(read.prescriptions.size(), 1);
-    EXPECT_EQ(read.prescriptions.first().written, QDate(2024, 3, 17));
-    EXPECT_EQ(read.prescriptions.first().validUntil, QDate(2024, 4, 16));
+    const Seed result = readSeed(seed("\"written\": \"2024-03-01\"", "\"writtenDaysAgo\": 3"));
+    ASSERT_EQ(result.prescriptions.size(), 1);
+    EXPECT_EQ(result.prescriptions.first().written, QDate(2024, 3, 17));
+    EXPECT_EQ(result.prescriptions.first().validUntil, QDate(2024, 4, 16));
 }
 
 TEST(SeedReader, absoluteDates_stayAsTheyAre)
 {
-    const Seed read = SeedReader(today).read(seed("\"validDays\": 30", "\"validUntil\": \"2024-03-05\""));
-    EXPECT_EQ(read.prescriptions.first().written, QDate(2024, 3, 1));
-    EXPECT_EQ(read.prescriptions.first().validUntil, QDate(2024, 3, 5));
-    EXPECT_EQ(read.dispenses.first().handedOver, QDate(2024, 3, 2));
+    const Seed result = readSeed(seed("\"validDays\": 30", "\"validUntil\": \"2024-03-05\""));
+    EXPECT_EQ(result.prescriptions.first().written, QDate(2024, 3, 1));
+    EXPECT_EQ(result.prescriptions.first().validUntil, QDate(2024, 3, 5));
+    EXPECT_EQ(result.dispenses.first().handedOver, QDate(2024, 3, 2));
 }
 
 TEST(SeedReader, defaults_areThoseOfAnOrdinaryPrescription)
 {
-    const auto prescription = SeedReader(today).read(seed("", "")).prescriptions.first();
+    const auto prescription = readSeed(seed("", "")).prescriptions.first();
     EXPECT_EQ(prescription.status, u"active"_s);
     EXPECT_TRUE(prescription.isSigned);
     EXPECT_FALSE(prescription.prescribedByInn);
@@ -82,23 +76,22 @@ TEST(SeedReader, defaults_areThoseOfAnOrdinaryPrescription)
 
 TEST(SeedReader, emptySeed_isEmptyRegistry)
 {
-    const Seed read = SeedReader(today).read("{}");
-    EXPECT_TRUE(read.clients.isEmpty());
-    EXPECT_TRUE(read.patients.isEmpty());
-    EXPECT_EQ(read.rules.tokenLifetime, 3600);
+    const Seed result = readSeed("{}");
+    EXPECT_TRUE(result.clients.isEmpty());
+    EXPECT_TRUE(result.patients.isEmpty());
+    EXPECT_EQ(result.rules.tokenLifetime, 3600);
 }
 
 TEST(SeedReader, sameReader_readsSecondSeedAfresh)
 {
     SeedReader reader(today);
-    reader.read(seed("", ""));
-    EXPECT_EQ(reader.read(seed("", "")).prescriptions.size(), 1);
+    reader.read(JsonNode::parse(seed("", "")));
+    EXPECT_EQ(reader.read(JsonNode::parse(seed("", ""))).prescriptions.size(), 1);
 }
 
 TEST(SeedReader, rules_areRead)
 {
-    const auto rules = SeedReader(today)
-                           .read(R"({"rules": {"tokenLifetime": 5, "oaisToken": "a", "prescriptionScope": "b",
+    const auto rules = readSeed(R"({"rules": {"tokenLifetime": 5, "oaisToken": "a", "prescriptionScope": "b",
                                      "dispenseScope": "c", "dosageSystem": "d"}})")
                            .rules;
     EXPECT_EQ(rules.tokenLifetime, 5);
@@ -182,7 +175,7 @@ TEST(DemoSeed, cards_showWhatTheDemoPromises)
 {
     emulator::PrescriptionStore store;
     const QDate anyDay(2031, 7, 4);
-    store.replace(SeedReader(anyDay).read(fileContent(DEMO_SEED)));
+    store.replace(SeedReader(anyDay).read(JsonNode::fromFile(QString::fromUtf8(DEMO_SEED))));
     const auto prescriptions = [&](const char* card) { return store.prescriptionsOfCard(QLatin1StringView(card)); };
 
     EXPECT_EQ(prescriptions("1100000000000001").size(), 1);

@@ -16,7 +16,7 @@ public:
     explicit SeedReader(const QDate& today);
 
     /// Throws EmulatorError that names the place of the first mistake.
-    Seed read(const QByteArray& json);
+    Seed read(const JsonNode& root);
 
     /// The members of the "rules" object that are present, put over `rules`.
     static Rules rules(const JsonNode& node, Rules rules);

@@ -3,8 +3,7 @@
 
 #include "doses.h"
 #include "emulatorerror.h"
-#include "endpointname.h"
-#include "registryemulator.h"
+#include "endpoint.h"
 #include "seedreader.h"
 
 #include <QJsonArray>
@@ -108,8 +107,8 @@ const QList<AdminApi::Operation>& AdminApi::operations()
     return all;
 }
 
-AdminApi::AdminApi(RegistryEmulator& emulator)
-    : m_emulator(emulator)
+AdminApi::AdminApi(ScriptedRegistry& registry)
+    : m_registry(registry)
 {
 }
 
@@ -155,7 +154,7 @@ HttpAnswer AdminApi::carryOut(const HttpRequest& request)
 HttpAnswer AdminApi::journal(const HttpRequest&)
 {
     QJsonArray requests;
-    for (const JournalEntry& entry : m_emulator.journal().entries()) {
+    for (const JournalEntry& entry : m_registry.journal().entries()) {
         requests.append(entry.json());
     }
     return HttpAnswer::json(200, {{u"requests"_s, requests}});
@@ -163,14 +162,14 @@ HttpAnswer AdminApi::journal(const HttpRequest&)
 
 HttpAnswer AdminApi::clearJournal(const HttpRequest&)
 {
-    m_emulator.journal().clear();
+    m_registry.journal().clear();
     return done();
 }
 
 HttpAnswer AdminApi::faults(const HttpRequest&)
 {
     QJsonArray orders;
-    for (const FaultOrder& order : m_emulator.faults().pending()) {
+    for (const FaultOrder& order : m_registry.faults().pending()) {
         orders.append(json(order));
     }
     return HttpAnswer::json(200, {{u"faults"_s, orders}});
@@ -178,19 +177,19 @@ HttpAnswer AdminApi::faults(const HttpRequest&)
 
 HttpAnswer AdminApi::orderFault(const HttpRequest& request)
 {
-    m_emulator.faults().order(FaultOrder::fromJson(JsonNode::parse(request.body)));
+    m_registry.faults().order(FaultOrder::fromJson(JsonNode::parse(request.body)));
     return done();
 }
 
 HttpAnswer AdminApi::clearFaults(const HttpRequest&)
 {
-    m_emulator.faults().clear();
+    m_registry.faults().clear();
     return done();
 }
 
 HttpAnswer AdminApi::state(const HttpRequest&)
 {
-    const PrescriptionStore& store = m_emulator.store();
+    const PrescriptionStore& store = m_registry.store();
     QJsonArray patients;
     for (const QString& card : store.cards()) {
         const auto dispenses = store.dispensesOfCard(card);
@@ -205,13 +204,13 @@ HttpAnswer AdminApi::state(const HttpRequest&)
 
 HttpAnswer AdminApi::seed(const HttpRequest& request)
 {
-    m_emulator.seed(request.body);
+    m_registry.seed(JsonNode::parse(request.body));
     return done();
 }
 
 HttpAnswer AdminApi::reset(const HttpRequest&)
 {
-    m_emulator.reset();
+    m_registry.reset();
     return done();
 }
 
@@ -225,25 +224,25 @@ HttpAnswer AdminApi::fill(const HttpRequest& request)
         node.fail(u"count"_s,
                   u"a whole number up to "_s + QString::number(mostSyntheticPrescriptions) + u" is expected"_s);
     }
-    m_emulator.fillCard(card, *count);
+    m_registry.fillCard(card, *count);
     return done();
 }
 
 HttpAnswer AdminApi::rules(const HttpRequest&)
 {
-    return HttpAnswer::json(200, json(m_emulator.store().rules()));
+    return HttpAnswer::json(200, json(m_registry.store().rules()));
 }
 
 HttpAnswer AdminApi::changeRules(const HttpRequest& request)
 {
-    PrescriptionStore& store = m_emulator.store();
+    PrescriptionStore& store = m_registry.store();
     store.setRules(SeedReader::rules(JsonNode::parse(request.body), store.rules()));
     return HttpAnswer::json(200, json(store.rules()));
 }
 
 HttpAnswer AdminApi::expireTokens(const HttpRequest&)
 {
-    m_emulator.tokens().expireAll();
+    m_registry.tokens().expireAll();
     return done();
 }
 } // namespace emulator

@@ -44,9 +44,8 @@ SeedReader::SeedReader(const QDate& today)
 {
 }
 
-Seed SeedReader::read(const QByteArray& json)
+Seed SeedReader::read(const JsonNode& root)
 {
-    const JsonNode root = JsonNode::parse(json);
     root.allowOnly({u"rules"_s, u"clients"_s, u"payers"_s, u"practitioners"_s, u"patients"_s});
 
     *this = SeedReader(m_today);

@@ -2,6 +2,7 @@
 #include "jsonnode.h"
 
 #include "emulatorerror.h"
+#include "filecontent.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -15,7 +16,7 @@ namespace emulator
 {
 namespace
 {
-/// "line 3, column 14" of an offset in octets.
+/// "line 3, column 14", from an offset in octets.
 QString lineAndColumn(const QByteArray& text, int offset)
 {
     const QByteArray before = text.left(offset);
@@ -27,20 +28,33 @@ QString lineAndColumn(const QByteArray& text, int offset)
 
 JsonNode JsonNode::parse(const QByteArray& json)
 {
+    return parse(json, QString());
+}
+
+JsonNode JsonNode::fromFile(const QString& path)
+{
+    return parse(contentOfFile(path), path + u": "_s);
+}
+
+JsonNode JsonNode::parse(const QByteArray& json, const QString& source)
+{
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(json, &error);
     if (error.error != QJsonParseError::NoError) {
-        throw EmulatorError(u"no JSON, "_s + lineAndColumn(json, error.offset) + u": "_s + error.errorString());
+        throw EmulatorError(source + u"no JSON, "_s + lineAndColumn(json, error.offset) + u": "_s +
+                            error.errorString());
     }
-    return JsonNode(document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object()), QString());
+    return JsonNode(document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object()), source,
+                    QString());
 }
 
-JsonNode::JsonNode(const QJsonValue& value, const QString& place)
+JsonNode::JsonNode(const QJsonValue& value, const QString& source, const QString& place)
     : m_object(value.toObject())
+    , m_source(source)
     , m_place(place)
 {
     if (!value.isObject()) {
-        throw EmulatorError((place.isEmpty() ? QString() : place + u": "_s) + u"an object is expected"_s);
+        throw EmulatorError(m_source + (place.isEmpty() ? QString() : place + u": "_s) + u"an object is expected"_s);
     }
 }
 
@@ -51,7 +65,7 @@ QString JsonNode::placeOf(const QString& key) const
 
 void JsonNode::fail(const QString& key, const QString& reason) const
 {
-    throw EmulatorError(placeOf(key) + u": "_s + reason);
+    throw EmulatorError(m_source + placeOf(key) + u": "_s + reason);
 }
 
 void JsonNode::allowOnly(const QStringList& keys) const
@@ -150,13 +164,13 @@ QList<JsonNode> JsonNode::list(const QString& key) const
     }
     const QJsonArray array = m_object.value(key).toArray();
     for (qsizetype index = 0; index < array.size(); ++index) {
-        nodes.append(JsonNode(array.at(index), placeOf(key) + u'[' + QString::number(index) + u']'));
+        nodes.append(JsonNode(array.at(index), m_source, placeOf(key) + u'[' + QString::number(index) + u']'));
     }
     return nodes;
 }
 
 JsonNode JsonNode::object(const QString& key) const
 {
-    return JsonNode(has(key) ? m_object.value(key) : QJsonValue(QJsonObject()), placeOf(key));
+    return JsonNode(has(key) ? m_object.value(key) : QJsonValue(QJsonObject()), m_source, placeOf(key));
 }
 } // namespace emulator

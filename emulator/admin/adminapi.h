@@ -3,17 +3,16 @@
 
 #include "delivery.h"
 #include "httprequest.h"
+#include "scriptedregistry.h"
 
 namespace emulator
 {
-class RegistryEmulator;
-
 /// The emulator's remote control: JSON over HTTP on a port of its own; see docs/emulator.md.
 class AdminApi
 {
 public:
-    /// The emulator owns the API.
-    explicit AdminApi(RegistryEmulator& emulator);
+    /// @param registry outlives the API
+    explicit AdminApi(ScriptedRegistry& registry);
 
     Delivery answer(const HttpRequest& request);
     static Delivery unreadable(int status);
@@ -36,6 +35,6 @@ private:
     HttpAnswer changeRules(const HttpRequest& request);
     HttpAnswer expireTokens(const HttpRequest& request);
 
-    RegistryEmulator& m_emulator;
+    ScriptedRegistry& m_registry;
 };
 } // namespace emulator

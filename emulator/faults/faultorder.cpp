@@ -2,7 +2,6 @@
 #include "faultorder.h"
 
 #include "emulatorerror.h"
-#include "endpointname.h"
 #include "operationoutcome.h"
 
 #include <array>

@@ -10,23 +10,22 @@
 
 namespace emulator
 {
-/// An object of a JSON text that someone wrote by hand. It knows where it stands, so that a mistake in it can be told
-/// with its place, for example "patients[2].prescriptions[0].quantity: a number is expected". Every reading throws
-/// EmulatorError when the member has another type.
+/// An object in a JSON text that a person wrote. It knows its place in the text, so that a message names it, for
+/// example "seed.json: patients[2].prescriptions[0].quantity: a number is expected". Every getter throws EmulatorError
+/// when the member has another type.
 class JsonNode
 {
 public:
-    /// Parses a text that holds one object; throws with line and column of what is no JSON.
+    /// Parses a text that consists of one object. Throws EmulatorError with line and column of a syntax error.
     static JsonNode parse(const QByteArray& json);
+    /// Parses a file that consists of one object. Every message about the file begins with its path.
+    static JsonNode fromFile(const QString& path);
 
-    /// `place`: empty for the whole text.
-    JsonNode(const QJsonValue& value, const QString& place);
-
-    /// Throws for the first member that is not among the keys: most likely a slip of the pen.
+    /// Throws for the first member that is not among the keys, because it is most likely a typing error.
     void allowOnly(const QStringList& keys) const;
     bool has(const QString& key) const { return m_object.contains(key); }
 
-    /// A text that has to be there and must not be empty.
+    /// A text that is required and must not be empty.
     QString text(const QString& key) const;
     QString text(const QString& key, const QString& whenAbsent) const;
     bool flag(const QString& key, bool whenAbsent) const;
@@ -40,12 +39,19 @@ public:
     /// Absent: an empty object.
     JsonNode object(const QString& key) const;
 
+    /// Throws EmulatorError that names the file, the member's place and the reason.
     [[noreturn]] void fail(const QString& key, const QString& reason) const;
 
 private:
+    /// @param source what every message begins with; empty for a text that is in no file
+    /// @param place  empty for the whole text
+    JsonNode(const QJsonValue& value, const QString& source, const QString& place);
+
+    static JsonNode parse(const QByteArray& json, const QString& source);
     QString placeOf(const QString& key) const;
 
     QJsonObject m_object;
+    QString m_source;
     QString m_place;
 };
 } // namespace emulator

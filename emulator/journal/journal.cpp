@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "journal.h"
 
-#include "endpointname.h"
-
 #include <QJsonArray>
 
 #include <algorithm>

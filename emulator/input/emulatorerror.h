@@ -7,7 +7,8 @@
 
 namespace emulator
 {
-/// Something that the emulator was given and cannot use: a port, a file, a seed. The message is for whoever runs it.
+/// The emulator cannot use what it was given: a port, a file, a seed, an admin request. The message is for the person
+/// who runs the emulator.
 class EmulatorError : public std::runtime_error
 {
 public:
@@ -20,6 +21,6 @@ public:
     QString message() const { return m_message; }
 
 private:
-    QString m_message; // whole: what() ends at the first NUL
+    QString m_message; // what() ends at the first NUL, this does not
 };
 } // namespace emulator

@@ -2,8 +2,8 @@
 #include "tlsidentity.h"
 
 #include "emulatorerror.h"
+#include "filecontent.h"
 
-#include <QFile>
 #include <QSslCertificate>
 #include <QSslKey>
 
@@ -13,15 +13,6 @@ namespace emulator
 {
 namespace
 {
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw EmulatorError(u"cannot read %1: %2"_s.arg(path, file.errorString()));
-    }
-    return file.readAll();
-}
-
 QSslKey keyIn(const QByteArray& pem)
 {
     for (const QSsl::KeyAlgorithm algorithm : {QSsl::Rsa, QSsl::Ec}) {
@@ -39,11 +30,11 @@ QSslConfiguration tlsIdentity(const QString& certificateFile, const QString& key
     if (certificateFile.isEmpty() || keyFile.isEmpty()) {
         throw EmulatorError(u"TLS needs both a certificate and a key"_s);
     }
-    const QList<QSslCertificate> chain = QSslCertificate::fromData(contentOf(certificateFile));
+    const QList<QSslCertificate> chain = QSslCertificate::fromData(contentOfFile(certificateFile));
     if (chain.isEmpty()) {
         throw EmulatorError(u"%1 holds no PEM certificate"_s.arg(certificateFile));
     }
-    const QSslKey key = keyIn(contentOf(keyFile));
+    const QSslKey key = keyIn(contentOfFile(keyFile));
     if (key.isNull()) {
         throw EmulatorError(u"%1 holds no RSA or EC key in PEM without a passphrase"_s.arg(keyFile));
     }

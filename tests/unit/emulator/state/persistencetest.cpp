@@ -63,23 +63,3 @@ TEST_F(PersistenceTest, folderAsDataFile_isTold)
     settings.dataFile = m_folder.path();
     EXPECT_THROW(emulator::RegistryEmulator registry(settings), emulator::EmulatorError);
 }
-
-TEST_F(PersistenceTest, reset_beginsAgainWithTheSeed)
-{
-    const auto headers = admitted();
-    ASSERT_EQ(registerDispense(fullPriceDispense()).status, 200);
-    m_emulator->faults().neverAnswer(emulator::Endpoint::Any);
-    m_emulator->reset();
-    EXPECT_EQ(m_emulator->store().dispenses().size(), 2);
-    EXPECT_TRUE(m_emulator->faults().pending().isEmpty());
-    EXPECT_TRUE(m_emulator->journal().entries().isEmpty());
-    const RawAnswer answer = ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", headers);
-    EXPECT_EQ(answer.issue(), u"Срок действия токена авторизации истёк"_s);
-}
-
-TEST_F(PersistenceTest, badSeed_leavesStateAsItWas)
-{
-    EXPECT_THROW(m_emulator->seed("{\"patients\": 1}"), emulator::EmulatorError);
-    m_emulator->reset();
-    EXPECT_EQ(m_emulator->store().prescriptionsOfCard(u"1100"_s).size(), 6);
-}

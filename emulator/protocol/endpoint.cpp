@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "endpointname.h"
+#include "endpoint.h"
 
 #include <algorithm>
 #include <array>
