@@ -7,17 +7,33 @@ using namespace Qt::StringLiterals;
 
 namespace emulator
 {
-Refusal::Refusal(int status, QString details)
-    : m_status(status)
-    , m_details(std::move(details))
+namespace
 {
+/// The text with its placeholders replaced, all at once.
+QString filled(const QString& text, const QStringList& values)
+{
+    QString result;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (text.at(at) == u'%') {
+            result += values.value(text.at(++at).digitValue() - 1);
+        } else {
+            result += text.at(at);
+        }
+    }
+    return result;
 }
+} // namespace
 
-Refusal Refusal::oauth(int status, const QString& error, const QString& description, const QString& details)
+Refusal::Refusal(RefusalCode code, const QStringList& values)
+    : m_row(refusalRow(code))
+    , m_values(values)
 {
-    Refusal refusal(status, details);
-    refusal.m_oauth = {{u"error"_s, error}, {u"error_description"_s, description}};
-    return refusal.with("Cache-Control", "no-store");
+    if (*m_row.oauth.error != '\0') {
+        m_headers.append(std::pair<QByteArray, QByteArray>("Cache-Control", "no-store"));
+    }
+    if (*m_row.challenge != '\0') {
+        m_headers.append(std::pair<QByteArray, QByteArray>("WWW-Authenticate", m_row.challenge));
+    }
 }
 
 Refusal Refusal::with(const QByteArray& header, const QByteArray& value) const
@@ -27,13 +43,19 @@ Refusal Refusal::with(const QByteArray& header, const QByteArray& value) const
     return refusal;
 }
 
+QString Refusal::details() const
+{
+    return filled(QString::fromUtf16(m_row.text), m_values);
+}
+
 HttpAnswer Refusal::answer() const
 {
-    QJsonObject content = operationOutcome(m_details);
-    for (auto member = m_oauth.begin(); member != m_oauth.end(); ++member) {
-        content.insert(member.key(), member.value());
+    QJsonObject content = operationOutcome(details());
+    if (*m_row.oauth.error != '\0') {
+        content.insert(u"error"_s, QString::fromLatin1(m_row.oauth.error));
+        content.insert(u"error_description"_s, filled(QString::fromLatin1(m_row.oauth.description), m_values));
     }
-    HttpAnswer answer = HttpAnswer::json(m_status, content);
+    HttpAnswer answer = HttpAnswer::json(m_row.status, content);
     answer.headers = m_headers;
     return answer;
 }

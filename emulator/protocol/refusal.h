@@ -2,36 +2,46 @@
 #pragma once
 
 #include "httpanswer.h"
+#include "refusalcatalogue.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <exception>
 
 namespace emulator
 {
-/// A request that the registry does not carry out, thrown by the rule that it breaks. Nothing has been changed then.
+/// A request that the registry does not carry out. The rule that it breaks throws this, before anything is changed.
 class Refusal : public std::exception
 {
 public:
-    /// `status`: the HTTP status; `details`: what the cashier is told.
-    Refusal(int status, QString details);
-
-    /// The same as an OAuth2 error (RFC 6749, section 5.2): its error code, and a description in ASCII.
-    static Refusal oauth(int status, const QString& error, const QString& description, const QString& details);
+    /// @param values what the text's placeholders stand for, in their order; a value is never scanned for placeholders
+    explicit Refusal(RefusalCode code, const QStringList& values = {});
 
     /// The same refusal, whose answer has one more header.
     Refusal with(const QByteArray& header, const QByteArray& value) const;
 
-    int status() const { return m_status; }
-    const QString& details() const { return m_details; }
+    RefusalCode code() const { return m_row.code; }
+    /// The HTTP status.
+    int status() const { return m_row.status; }
+    /// The text for the cashier.
+    QString details() const;
+    /// An OperationOutcome; for a token request with the OAuth2 error in the same object (RFC 6749, section 5.2).
     HttpAnswer answer() const;
 
     const char* what() const noexcept override { return "the registry refuses the request"; }
 
 private:
-    int m_status;
-    QString m_details;
-    QJsonObject m_oauth;
+    const RefusalRow& m_row;
+    QStringList m_values;
     HttpHeaders m_headers;
 };
+
+/// Throws that refusal unless the rule is kept.
+inline void demand(bool isKept, RefusalCode code, const QStringList& values = {})
+{
+    if (!isKept) {
+        throw Refusal(code, values);
+    }
+}
 } // namespace emulator

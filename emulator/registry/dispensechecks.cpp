@@ -16,38 +16,29 @@ namespace
 constexpr double halfCent = 0.005;
 constexpr double representation = 1e-6; // room for numbers that have no exact binary form
 
-void demand(bool isSo, const QString& details)
-{
-    if (!isSo) {
-        throw Refusal(422, details);
-    }
-}
-
 void checkPatient(const DispenseDocument& document, const Prescription& prescription)
 {
-    demand(document.patientReference == "Patient/"_L1 + prescription.patientId,
-           u"Рецепт "_s + prescription.id + u" выписан другому пациенту"_s);
+    demand(document.patientReference == "Patient/"_L1 + prescription.patientId, RefusalCode::PatientWrong,
+           {prescription.id});
 }
 
 void checkValidity(const DispenseDocument& document, const Prescription& prescription, const QDate& today)
 {
-    demand(prescription.status != prescriptionstatus::completed,
-           u"Рецепт "_s + prescription.id + u" уже отпущен полностью"_s);
-    demand(prescription.status == prescriptionstatus::active,
-           u"Рецепт "_s + prescription.id + u" не действует, его статус «"_s + prescription.status + u"»"_s);
-    demand(today <= prescription.validUntil, u"Срок действия рецепта "_s + prescription.id + u" истёк "_s +
-                                                 prescription.validUntil.toString(u"dd.MM.yyyy"_s));
-    demand(document.handedOver >= prescription.written, u"Дата отпуска раньше даты выписки рецепта"_s);
-    demand(document.handedOver <= today, u"Дата отпуска ещё не наступила"_s);
+    demand(prescription.status != prescriptionstatus::completed, RefusalCode::PrescriptionCompleted, {prescription.id});
+    demand(prescription.status == prescriptionstatus::active, RefusalCode::PrescriptionNotActive,
+           {prescription.id, prescription.status});
+    demand(today <= prescription.validUntil, RefusalCode::PrescriptionExpired,
+           {prescription.id, prescription.validUntil.toString(u"dd.MM.yyyy"_s)});
+    demand(document.handedOver >= prescription.written, RefusalCode::HandedOverBeforeWritten);
+    demand(document.handedOver <= today, RefusalCode::HandedOverInFuture);
 }
 
 void checkQuantity(const DispenseDocument& document, const Prescription& prescription, double dispensed)
 {
-    demand(document.quantity > 0, u"Количество отпускаемых доз должно быть больше нуля"_s);
+    demand(document.quantity > 0, RefusalCode::QuantityNotPositive);
     const double left = prescription.quantity - dispensed;
-    demand(document.quantity <= left + doses::tolerance, u"По рецепту "_s + prescription.id + u" осталось доз: "_s +
-                                                             QString::number(left, 'f', 2) + u", отпускается: "_s +
-                                                             QString::number(document.quantity, 'f', 2));
+    demand(document.quantity <= left + doses::tolerance, RefusalCode::QuantityAboveRest,
+           {prescription.id, QString::number(left, 'f', 2), QString::number(document.quantity, 'f', 2)});
 }
 
 /// The code of any of the prescription's codings will do, and none at all where it names no trade name.
@@ -55,19 +46,18 @@ void checkMedication(const DispenseDocument& document, const Prescription& presc
 {
     const QString& code = document.medicationCode;
     if (code.isEmpty()) {
-        demand(prescription.tradeName.isEmpty(), u"В документе отпуска не указан код препарата"_s);
+        demand(prescription.tradeName.isEmpty(), RefusalCode::MedicationCodeMissing);
         return;
     }
     const QStringList codes{prescription.innCode, prescription.tradeNameCode, prescription.dosageCode};
-    demand(codes.contains(code), u"Препарат с кодом "_s + code + u" не назначен рецептом "_s + prescription.id);
+    demand(codes.contains(code), RefusalCode::MedicationNotPrescribed, {code, prescription.id});
 }
 
 void checkAmount(double amount, const QString& currency)
 {
-    demand(currency == "BYN"_L1, u"Суммы счёта должны быть в белорусских рублях"_s);
-    demand(amount >= 0, u"Суммы счёта не могут быть отрицательными"_s);
-    demand(std::abs(amount * 100 - std::round(amount * 100)) < representation * 100,
-           u"Суммы счёта должны быть в целых копейках"_s);
+    demand(currency == "BYN"_L1, RefusalCode::CurrencyWrong);
+    demand(amount >= 0, RefusalCode::AmountNegative);
+    demand(std::abs(amount * 100 - std::round(amount * 100)) < representation * 100, RefusalCode::AmountNotInCents);
 }
 
 /// The net amount is the payer's share of the price. Both were rounded to the cent, so they may differ by what the two
@@ -83,22 +73,21 @@ void checkClaim(const DispenseDocument& document, const Prescription& prescripti
 {
     const double payersShare = 1 - prescription.patientShare.value_or(1);
     const bool isDue = payersShare > halfCent;
-    demand(!document.claim || isDue, u"Рецепт отпускается за полную стоимость, счёт не нужен"_s);
-    demand(document.claim || !isDue, u"К отпуску льготного рецепта не приложен счёт"_s);
+    demand(!document.claim || isDue, RefusalCode::ClaimNotDue);
+    demand(document.claim || !isDue, RefusalCode::ClaimDue);
     if (!document.claim) {
         return;
     }
 
     const Claim& claim = *document.claim;
-    demand(claim.prescriptionId == document.prescriptionId, u"Счёт относится к другому рецепту"_s);
-    demand(claim.patientReference == document.patientReference, u"Счёт относится к другому пациенту"_s);
-    demand(payers.contains(claim.payerId), u"Организация-плательщик неизвестна"_s);
-    demand(claim.payerId == prescription.payerId, u"Льготу по рецепту оплачивает другая организация"_s);
+    demand(claim.prescriptionId == document.prescriptionId, RefusalCode::ClaimPrescriptionWrong);
+    demand(claim.patientReference == document.patientReference, RefusalCode::ClaimPatientWrong);
+    demand(payers.contains(claim.payerId), RefusalCode::PayerUnknown);
+    demand(claim.payerId == prescription.payerId, RefusalCode::PayerWrong);
     checkAmount(claim.unitPrice, claim.unitPriceCurrency);
     checkAmount(claim.net, claim.netCurrency);
-    demand(std::abs(claim.factor - payersShare) < halfCent + representation,
-           u"Доля плательщика в счёте не соответствует рецепту"_s);
-    demand(fitTogether(claim), u"Сумма счёта не соответствует цене и доле плательщика"_s);
+    demand(std::abs(claim.factor - payersShare) < halfCent + representation, RefusalCode::FactorWrong);
+    demand(fitTogether(claim), RefusalCode::NetWrong);
 }
 } // namespace
 

@@ -66,9 +66,7 @@ HttpAnswer DispenseRegister::book(const QByteArray& body, const Access& access)
 {
     DispenseDocument document = DispenseDocument::read(body);
     const auto prescription = m_store.prescription(document.prescriptionId);
-    if (!prescription) {
-        throw Refusal(404, u"Рецепт "_s + document.prescriptionId + u" не найден в реестре"_s);
-    }
+    demand(prescription.has_value(), RefusalCode::PrescriptionUnknown, {document.prescriptionId});
     QList<Dispense> dispenses = m_store.dispensesOf(prescription->id);
     const QList<QString> payers = m_store.payers().keys();
     checkDispense(document, *prescription, doses::handedOut(dispenses), QSet<QString>(payers.begin(), payers.end()),
@@ -96,19 +94,11 @@ HttpAnswer DispenseRegister::book(const QByteArray& body, const Access& access)
 
 HttpAnswer DispenseRegister::cancel(const QString& dispenseId, const Access& access)
 {
-    if (dispenseId.isEmpty()) {
-        throw Refusal(400, u"Не указано, какой отпуск отменяется"_s);
-    }
+    demand(!dispenseId.isEmpty(), RefusalCode::DispenseIdMissing);
     const auto dispense = m_store.dispense(dispenseId);
-    if (!dispense) {
-        throw Refusal(404, u"Отпуск "_s + dispenseId + u" не найден в реестре"_s);
-    }
-    if (dispense->isCancelled) {
-        throw Refusal(409, u"Отпуск "_s + dispenseId + u" уже отменён"_s);
-    }
-    if (dispense->pharmacy != access.organization) {
-        throw Refusal(403, u"Отпуск "_s + dispenseId + u" зарегистрирован другой организацией"_s);
-    }
+    demand(dispense.has_value(), RefusalCode::DispenseUnknown, {dispenseId});
+    demand(!dispense->isCancelled, RefusalCode::DispenseAlreadyCancelled, {dispenseId});
+    demand(dispense->pharmacy == access.organization, RefusalCode::DispenseOfOtherPharmacy, {dispenseId});
     const auto prescription = m_store.prescription(dispense->prescriptionId);
     QList<Dispense> dispenses = m_store.dispensesOf(prescription->id);
     dispenses.removeIf([&](const Dispense& other) { return other.id == dispenseId; });

@@ -18,9 +18,7 @@ namespace
 void demandJson(const HttpRequest& request)
 {
     const QByteArray type = request.header("Content-Type").split(';').first().trimmed().toLower();
-    if (type != "application/json") {
-        throw Refusal(415, u"Запрос должен быть отправлен в виде JSON"_s);
-    }
+    demand(type == "application/json", RefusalCode::BodyNotJson);
 }
 
 QString parameter(const DecodedPairs& query, const QString& name)
@@ -31,9 +29,7 @@ QString parameter(const DecodedPairs& query, const QString& name)
         if (itemName != name) {
             continue;
         }
-        if (isFound) {
-            throw Refusal(400, u"Параметр "_s + name + u" указан дважды"_s);
-        }
+        demand(!isFound, RefusalCode::QueryParameterTwice, {name});
         isFound = true;
         value = itemValue;
     }
@@ -56,7 +52,7 @@ HttpAnswer RegistryApi::answer(const HttpRequest& request, const Route& route)
     } catch (const Refusal& refusal) {
         return refusal.answer();
     } catch (const EmulatorError& error) {
-        return Refusal(500, u"Внутренняя ошибка реестра: "_s + error.message()).answer();
+        return Refusal(RefusalCode::RegistryFailed, {error.message()}).answer();
     }
 }
 
@@ -64,24 +60,21 @@ HttpAnswer RegistryApi::unreadable(int status)
 {
     switch (status) {
     case 413:
-        return Refusal(status, u"Тело запроса слишком велико"_s).answer();
+        return Refusal(RefusalCode::BodyTooLarge).answer();
     case 431:
-        return Refusal(status, u"Заголовки запроса слишком велики"_s).answer();
+        return Refusal(RefusalCode::HeadersTooLarge).answer();
     case 505:
-        return Refusal(status, u"Версия HTTP не поддерживается"_s).answer();
+        return Refusal(RefusalCode::HttpVersionUnknown).answer();
     default:
-        return Refusal(status, u"Запрос не удалось разобрать"_s).answer();
+        return Refusal(RefusalCode::RequestUnreadable).answer();
     }
 }
 
 HttpAnswer RegistryApi::carryOut(const HttpRequest& request, const Route& route)
 {
-    if (route.endpoint == Endpoint::Unknown) {
-        throw Refusal(404, u"Адрес неизвестен реестру"_s);
-    }
+    demand(route.endpoint != Endpoint::Unknown, RefusalCode::PathUnknown);
     if (request.method != route.method) {
-        throw Refusal(405, u"Метод "_s + QString::fromLatin1(request.method) + u" здесь не поддерживается"_s)
-            .with("Allow", route.method);
+        throw Refusal(RefusalCode::MethodWrong, {QString::fromLatin1(request.method)}).with("Allow", route.method);
     }
     switch (route.endpoint) {
     case Endpoint::Token:
@@ -99,21 +92,13 @@ HttpAnswer RegistryApi::prescriptionsByCard(const HttpRequest& request) const
 {
     m_tokens.admit(request, m_store.rules().prescriptionScope);
     const auto query = decodeQuery(request.query());
-    if (!query) {
-        throw Refusal(400, u"Параметры запроса не удалось разобрать"_s);
-    }
+    demand(query.has_value(), RefusalCode::QueryUndecodable);
     const QString card = parameter(*query, u"patientIdentifier"_s);
-    if (card.isEmpty()) {
-        throw Refusal(400, u"Не указан номер карты"_s);
-    }
+    demand(!card.isEmpty(), RefusalCode::CardMissing);
     const QString status = parameter(*query, u"status"_s);
-    if (!status.isEmpty() && !prescriptionstatus::all.contains(status)) {
-        throw Refusal(400, u"Неизвестный статус рецепта «"_s + status + u"»"_s);
-    }
+    demand(status.isEmpty() || prescriptionstatus::all.contains(status), RefusalCode::StatusUnknown, {status});
     const auto patient = m_store.patientOfCard(card);
-    if (!patient) {
-        throw Refusal(404, u"Карта не найдена в реестре"_s);
-    }
+    demand(patient.has_value(), RefusalCode::CardUnknown);
     return HttpAnswer::json(200, byCardAnswer(m_store, *patient, status));
 }
 
@@ -128,9 +113,7 @@ HttpAnswer RegistryApi::cancelDispense(const HttpRequest& request, const QString
 {
     const Access access = m_tokens.admit(request, m_store.rules().dispenseScope);
     demandJson(request);
-    if (!QJsonDocument::fromJson(request.body).isObject()) {
-        throw Refusal(400, u"Запрос отмены не является объектом JSON"_s);
-    }
+    demand(QJsonDocument::fromJson(request.body).isObject(), RefusalCode::CancellationNoObject);
     return m_register.cancel(dispenseId, access);
 }
 } // namespace emulator

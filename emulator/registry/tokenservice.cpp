@@ -16,21 +16,6 @@ namespace
 {
 constexpr qsizetype rememberedTokens = 10'000; // from here on, expired ones are forgotten
 
-Refusal invalidRequest(const QString& description, const QString& details)
-{
-    return Refusal::oauth(400, u"invalid_request"_s, description, details);
-}
-
-Refusal invalidClient(const QString& description, const QString& details)
-{
-    return Refusal::oauth(401, u"invalid_client"_s, description, details);
-}
-
-Refusal invalidToken(const QString& details)
-{
-    return Refusal(401, details).with("WWW-Authenticate", "Bearer error=\"invalid_token\"");
-}
-
 QByteArray newToken()
 {
     std::array<quint32, 8> random{};
@@ -43,18 +28,12 @@ QByteArray newToken()
 QHash<QString, QString> parameters(const HttpRequest& request)
 {
     const QByteArray type = request.header("Content-Type").split(';').first().trimmed().toLower();
-    if (type != "application/x-www-form-urlencoded") {
-        throw invalidRequest(u"the body has to be a form"_s, u"Запрос токена должен быть отправлен в виде формы"_s);
-    }
+    demand(type == "application/x-www-form-urlencoded", RefusalCode::TokenRequestNoForm);
     const auto pairs = decodeForm(request.body);
-    if (!pairs) {
-        throw invalidRequest(u"the form is not percent-encoded UTF-8"_s, u"Запрос токена не удалось разобрать"_s);
-    }
+    demand(pairs.has_value(), RefusalCode::TokenRequestUndecodable);
     QHash<QString, QString> values;
     for (const auto& [name, value] : *pairs) {
-        if (values.contains(name)) {
-            throw invalidRequest(u"a parameter stands twice"_s, u"В запросе токена дважды указан параметр "_s + name);
-        }
+        demand(!values.contains(name), RefusalCode::TokenParameterTwice, {name});
         values.insert(name, value);
     }
     return values;
@@ -63,9 +42,7 @@ QHash<QString, QString> parameters(const HttpRequest& request)
 QString required(const QHash<QString, QString>& values, const QString& name)
 {
     QString value = values.value(name);
-    if (value.isEmpty()) {
-        throw invalidRequest(name + u" is missing"_s, u"В запросе токена не указан параметр "_s + name);
-    }
+    demand(!value.isEmpty(), RefusalCode::TokenParameterMissing, {name});
     return value;
 }
 } // namespace
@@ -80,21 +57,11 @@ HttpAnswer TokenService::issue(const HttpRequest& request)
 {
     checkOaisOfTokenRequest(request);
     const QHash<QString, QString> values = parameters(request);
-    if (required(values, u"grant_type"_s) != "client_credentials"_L1) {
-        throw Refusal::oauth(400, u"unsupported_grant_type"_s, u"only client_credentials is known"_s,
-                             u"Запрошен неизвестный способ авторизации"_s);
-    }
+    demand(required(values, u"grant_type"_s) == "client_credentials"_L1, RefusalCode::GrantTypeUnknown);
     const auto client = m_store.client(required(values, u"client_id"_s));
-    if (!client) {
-        throw invalidClient(u"the client is unknown"_s, u"Клиент не зарегистрирован в АИС «ЭЛЕКТРОННЫЙ РЕЦЕПТ»"_s);
-    }
-    if (required(values, u"client_secret"_s) != client->secret) {
-        throw invalidClient(u"the secret is wrong"_s, u"Неверный секрет клиента"_s);
-    }
-    if (required(values, u"organization_identifier"_s) != client->organization) {
-        throw Refusal::oauth(400, u"unauthorized_client"_s, u"the client does not act for that organization"_s,
-                             u"Клиент не может работать от имени указанной организации"_s);
-    }
+    demand(client.has_value(), RefusalCode::ClientUnknown);
+    demand(required(values, u"client_secret"_s) == client->secret, RefusalCode::ClientSecretWrong);
+    demand(required(values, u"organization_identifier"_s) == client->organization, RefusalCode::OrganizationWrong);
     const QStringList scopes = grantedScopes(*client, values.value(u"scope"_s));
 
     forgetExpired();
@@ -116,24 +83,15 @@ void TokenService::checkOaisOfTokenRequest(const HttpRequest& request) const
         return;
     }
     const QByteArray given = bearerToken(request.header("Authorization"));
-    if (given.isEmpty()) {
-        throw invalidClient(u"the OAIS token is missing"_s, u"В запросе токена не указан токен ОАИС"_s)
-            .with("WWW-Authenticate", "Bearer");
-    }
-    if (given != wanted.toUtf8()) {
-        throw invalidClient(u"the OAIS token is wrong"_s, u"Токен ОАИС в запросе токена не принят"_s)
-            .with("WWW-Authenticate", "Bearer error=\"invalid_token\"");
-    }
+    demand(!given.isEmpty(), RefusalCode::TokenRequestOaisMissing);
+    demand(given == wanted.toUtf8(), RefusalCode::TokenRequestOaisWrong);
 }
 
 QStringList TokenService::grantedScopes(const Client& client, const QString& wanted) const
 {
     const QStringList scopes = wanted.split(u' ', Qt::SkipEmptyParts);
     for (const QString& scope : scopes) {
-        if (!client.scopes.contains(scope)) {
-            throw Refusal::oauth(400, u"invalid_scope"_s, u"the client may not ask for that scope"_s,
-                                 u"Клиенту не разрешена область доступа "_s + scope);
-        }
+        demand(client.scopes.contains(scope), RefusalCode::ScopeNotAllowed, {scope});
     }
     return scopes.isEmpty() ? client.scopes : scopes;
 }
@@ -141,31 +99,18 @@ QStringList TokenService::grantedScopes(const Client& client, const QString& wan
 Access TokenService::admit(const HttpRequest& request, const QString& scope) const
 {
     const QByteArray token = bearerToken(request.header("Authorization"));
-    if (token.isEmpty()) {
-        throw Refusal(401, u"Запрос без токена авторизации"_s).with("WWW-Authenticate", "Bearer");
-    }
+    demand(!token.isEmpty(), RefusalCode::TokenMissing);
     const auto access = m_tokens.constFind(token);
-    if (access == m_tokens.constEnd()) {
-        throw invalidToken(u"Токен авторизации неизвестен"_s);
-    }
-    if (access->expiry <= m_clock()) {
-        throw invalidToken(u"Срок действия токена авторизации истёк"_s);
-    }
+    demand(access != m_tokens.constEnd(), RefusalCode::TokenUnknown);
+    demand(access->expiry > m_clock(), RefusalCode::TokenExpired);
 
     const QString& oais = m_store.rules().oaisToken;
     if (!oais.isEmpty()) {
         const QByteArray given = bearerToken(request.header("OAIS"));
-        if (given.isEmpty()) {
-            throw Refusal(401, u"Запрос без токена ОАИС"_s);
-        }
-        if (given != oais.toUtf8()) {
-            throw Refusal(401, u"Токен ОАИС не принят"_s);
-        }
+        demand(!given.isEmpty(), RefusalCode::OaisMissing);
+        demand(given == oais.toUtf8(), RefusalCode::OaisWrong);
     }
-    if (!scope.isEmpty() && !access->scopes.contains(scope)) {
-        throw Refusal(403, u"Для операции нужна область доступа "_s + scope)
-            .with("WWW-Authenticate", "Bearer error=\"insufficient_scope\"");
-    }
+    demand(scope.isEmpty() || access->scopes.contains(scope), RefusalCode::ScopeMissing, {scope});
     return *access;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "rawconnection.h"
+#include "refusal.h"
 #include "registryemulator.h"
 
 #include <gtest/gtest.h>
@@ -42,6 +43,10 @@ protected:
     QDateTime m_now{QDate(2024, 3, 20), QTime(12, 0)};
     std::unique_ptr<emulator::RegistryEmulator> m_emulator;
 };
+
+/// Expects that refusal as the answer: its status, its whole body and its headers.
+/// @param values what the placeholders of its text stand for
+void expectRefusal(const RawAnswer& answer, emulator::RefusalCode code, const QStringList& values = {});
 
 /// Puts a value at a path into a JSON object: names of members, and numbers for elements of arrays. Undefined takes
 /// the member away.

@@ -144,8 +144,8 @@ TEST_F(AdminApiTest, deletedTokens_areExpired)
 {
     const auto headers = admitted();
     EXPECT_EQ(admin("DELETE", "/tokens").status, 200);
-    EXPECT_EQ(ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", headers).issue(),
-              u"Срок действия токена авторизации истёк"_s);
+    expectRefusal(ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", headers),
+                  emulator::RefusalCode::TokenExpired);
 }
 
 TEST_F(AdminApiTest, unknownPathMethodOrGarbage_isRefused)

@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+using emulator::RefusalCode;
+
 namespace
 {
 class ByCardTest : public EmulatorTest
@@ -220,38 +222,33 @@ TEST_F(ByCardTest, oddCardNumber_isFoundWhenPercentEncoded)
 TEST_F(ByCardTest, unknownCard_isNotFound)
 {
     const RawAnswer answer = byCard("?patientIdentifier=9999&status=active");
-    EXPECT_EQ(answer.status, 404);
-    EXPECT_EQ(answer.issue(), u"Карта не найдена в реестре"_s);
+    expectRefusal(answer, RefusalCode::CardUnknown);
 }
 
 TEST_F(ByCardTest, missingOrEmptyCard_isRefused)
 {
     for (const QByteArray& query : {QByteArray(), QByteArray("?status=active"), QByteArray("?patientIdentifier=")}) {
         const RawAnswer answer = byCard(query);
-        EXPECT_EQ(answer.status, 400);
-        EXPECT_EQ(answer.issue(), u"Не указан номер карты"_s);
+        expectRefusal(answer, RefusalCode::CardMissing);
     }
 }
 
 TEST_F(ByCardTest, unknownStatus_isRefused)
 {
     const RawAnswer answer = byCard("?patientIdentifier=1100&status=Active");
-    EXPECT_EQ(answer.status, 400);
-    EXPECT_EQ(answer.issue(), u"Неизвестный статус рецепта «Active»"_s);
+    expectRefusal(answer, RefusalCode::StatusUnknown, {u"Active"_s});
 }
 
 TEST_F(ByCardTest, parameterThatStandsTwice_isRefused)
 {
     const RawAnswer answer = byCard("?patientIdentifier=1100&patientIdentifier=1101");
-    EXPECT_EQ(answer.status, 400);
-    EXPECT_EQ(answer.issue(), u"Параметр patientIdentifier указан дважды"_s);
+    expectRefusal(answer, RefusalCode::QueryParameterTwice, {u"patientIdentifier"_s});
 }
 
 TEST_F(ByCardTest, badPercentEncoding_isRefused)
 {
     const RawAnswer answer = byCard("?patientIdentifier=%zz");
-    EXPECT_EQ(answer.status, 400);
-    EXPECT_EQ(answer.issue(), u"Параметры запроса не удалось разобрать"_s);
+    expectRefusal(answer, RefusalCode::QueryUndecodable);
 }
 
 TEST_F(ByCardTest, filledCard_answersThatManyDifferentPrescriptions)

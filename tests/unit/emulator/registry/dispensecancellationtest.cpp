@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+using emulator::RefusalCode;
+
 namespace
 {
 class DispenseCancellationTest : public EmulatorTest
@@ -69,22 +71,19 @@ TEST_F(DispenseCancellationTest, secondCancellation_isRefused)
     ASSERT_EQ(cancelDispense(id).status, 200);
     ASSERT_EQ(registerDispense(fullPriceDispense()).status, 200);
     const RawAnswer answer = cancelDispense(id);
-    EXPECT_EQ(answer.status, 409);
-    EXPECT_EQ(answer.issue(), QString(u"Отпуск "_s + QString::fromUtf8(id) + u" уже отменён"_s));
+    expectRefusal(answer, RefusalCode::DispenseAlreadyCancelled, {QString::fromUtf8(id)});
 }
 
 TEST_F(DispenseCancellationTest, unknownDispense_isRefused)
 {
     const RawAnswer answer = cancelDispense("a%2F%251");
-    EXPECT_EQ(answer.status, 404);
-    EXPECT_EQ(answer.issue(), u"Отпуск a/%1 не найден в реестре"_s);
+    expectRefusal(answer, RefusalCode::DispenseUnknown, {u"a/%1"_s});
 }
 
 TEST_F(DispenseCancellationTest, missingId_isRefused)
 {
     const RawAnswer answer = ask("POST", "/MedicationDispense/$set-as-error", admitted(), "{}");
-    EXPECT_EQ(answer.status, 400);
-    EXPECT_EQ(answer.issue(), u"Не указано, какой отпуск отменяется"_s);
+    expectRefusal(answer, RefusalCode::DispenseIdMissing);
 }
 
 TEST_F(DispenseCancellationTest, dispenseOfOtherPharmacy_isRefused)
@@ -94,9 +93,7 @@ TEST_F(DispenseCancellationTest, dispenseOfOtherPharmacy_isRefused)
                                  admitted("grant_type=client_credentials&client_id=other&client_secret=other&"
                                           "organization_identifier=18"),
                                  "{}");
-    EXPECT_EQ(answer.status, 403);
-    EXPECT_EQ(answer.issue(),
-              QString(u"Отпуск "_s + QString::fromUtf8(id) + u" зарегистрирован другой организацией"_s));
+    expectRefusal(answer, RefusalCode::DispenseOfOtherPharmacy, {QString::fromUtf8(id)});
     EXPECT_FALSE(m_emulator->store().dispense(QString::fromUtf8(id))->isCancelled);
 }
 
@@ -105,8 +102,7 @@ TEST_F(DispenseCancellationTest, bodyThatIsNoJsonObject_isRefused)
     const QByteArray id = bookFinal();
     for (const QByteArray& body : {QByteArray("[]"), QByteArray("x"), QByteArray()}) {
         const RawAnswer answer = ask("POST", "/MedicationDispense/" + id + "/$set-as-error", admitted(), body);
-        EXPECT_EQ(answer.status, 400);
-        EXPECT_EQ(answer.issue(), u"Запрос отмены не является объектом JSON"_s);
+        expectRefusal(answer, RefusalCode::CancellationNoObject);
     }
     EXPECT_FALSE(m_emulator->store().dispense(QString::fromUtf8(id))->isCancelled);
 }

@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+using emulator::RefusalCode;
+
 namespace
 {
 /// Paths into a document of the fixture, with what stands there.
@@ -16,12 +18,10 @@ class DispenseRegistrationTest : public EmulatorTest
 {
 protected:
     /// Expects that the document is refused and nothing is booked.
-    void expectRefusal(const QJsonObject& document, int status, const QString& details)
+    void expectRefused(const QJsonObject& document, RefusalCode code, const QStringList& values = {})
     {
         const qsizetype booked = m_emulator->store().dispenses().size();
-        const RawAnswer answer = registerDispense(document);
-        EXPECT_EQ(answer.status, status);
-        EXPECT_EQ(answer.issue(), details) << qPrintable(answer.issue());
+        expectRefusal(registerDispense(document), code, values);
         EXPECT_EQ(m_emulator->store().dispenses().size(), booked);
     }
 
@@ -119,39 +119,39 @@ TEST_F(DispenseRegistrationTest, fractionsOfDoses_addUpToWhole)
     QJsonObject document = ofPrescription(fullPriceDispense(), u"rx-inn"_s, QString());
     ASSERT_EQ(registerDispense(doses(document, 3.3)).status, 200);
     ASSERT_EQ(registerDispense(doses(document, 3.3)).status, 200);
-    expectRefusal(doses(document, 3.41), 422, u"По рецепту rx-inn осталось доз: 3.40, отпускается: 3.41"_s);
+    expectRefused(doses(document, 3.41), RefusalCode::QuantityAboveRest, {u"rx-inn"_s, u"3.40"_s, u"3.41"_s});
     ASSERT_EQ(registerDispense(doses(document, 3.4)).status, 200);
     EXPECT_EQ(statusOf(u"rx-inn"_s), u"completed"_s);
 }
 
 TEST_F(DispenseRegistrationTest, unknownPrescription_isRefused)
 {
-    expectRefusal(ofPrescription(fullPriceDispense(), u"rx-%1"_s, u"1001"_s), 404,
-                  u"Рецепт rx-%1 не найден в реестре"_s);
+    expectRefused(ofPrescription(fullPriceDispense(), u"rx-%1"_s, u"1001"_s), RefusalCode::PrescriptionUnknown,
+                  {u"rx-%1"_s});
 }
 
 TEST_F(DispenseRegistrationTest, wrongPatient_isRefused)
 {
-    expectRefusal(with(fullPriceDispense(), dispenseAt + u"patient.reference"_s, u"Patient/x"_s), 422,
-                  u"Рецепт rx-full выписан другому пациенту"_s);
+    expectRefused(with(fullPriceDispense(), dispenseAt + u"patient.reference"_s, u"Patient/x"_s),
+                  RefusalCode::PatientWrong, {u"rx-full"_s});
 }
 
 TEST_F(DispenseRegistrationTest, completedPrescription_isRefused)
 {
     ASSERT_EQ(registerDispense(declaredFinal(fullPriceDispense())).status, 200);
-    expectRefusal(fullPriceDispense(), 422, u"Рецепт rx-full уже отпущен полностью"_s);
+    expectRefused(fullPriceDispense(), RefusalCode::PrescriptionCompleted, {u"rx-full"_s});
 }
 
 TEST_F(DispenseRegistrationTest, prescriptionThatIsNotActive_isRefused)
 {
-    expectRefusal(ofPrescription(fullPriceDispense(), u"rx-stopped"_s, u"1013"_s), 422,
-                  u"Рецепт rx-stopped не действует, его статус «stopped»"_s);
+    expectRefused(ofPrescription(fullPriceDispense(), u"rx-stopped"_s, u"1013"_s), RefusalCode::PrescriptionNotActive,
+                  {u"rx-stopped"_s, u"stopped"_s});
 }
 
 TEST_F(DispenseRegistrationTest, expiredPrescription_isRefused)
 {
-    expectRefusal(ofPrescription(fullPriceDispense(), u"rx-expired"_s, u"1011"_s), 422,
-                  u"Срок действия рецепта rx-expired истёк 10.03.2024"_s);
+    expectRefused(ofPrescription(fullPriceDispense(), u"rx-expired"_s, u"1011"_s), RefusalCode::PrescriptionExpired,
+                  {u"rx-expired"_s, u"10.03.2024"_s});
 }
 
 TEST_F(DispenseRegistrationTest, lastDayOfValidity_stillCounts)
@@ -159,29 +159,29 @@ TEST_F(DispenseRegistrationTest, lastDayOfValidity_stillCounts)
     m_now = QDateTime(QDate(2024, 4, 14), QTime(23, 59, 59));
     EXPECT_EQ(registerDispense(fullPriceDispense()).status, 200);
     m_now = m_now.addSecs(1);
-    expectRefusal(fullPriceDispense(), 422, u"Срок действия рецепта rx-full истёк 14.04.2024"_s);
+    expectRefused(fullPriceDispense(), RefusalCode::PrescriptionExpired, {u"rx-full"_s, u"14.04.2024"_s});
 }
 
 TEST_F(DispenseRegistrationTest, dispenseBeforePrescriptionOrInFuture_isRefused)
 {
     const QString date = dispenseAt + u"whenHandedOver"_s;
-    expectRefusal(with(fullPriceDispense(), date, u"2024-03-14"_s), 422, u"Дата отпуска раньше даты выписки рецепта"_s);
-    expectRefusal(with(fullPriceDispense(), date, u"2024-03-21"_s), 422, u"Дата отпуска ещё не наступила"_s);
+    expectRefused(with(fullPriceDispense(), date, u"2024-03-14"_s), RefusalCode::HandedOverBeforeWritten);
+    expectRefused(with(fullPriceDispense(), date, u"2024-03-21"_s), RefusalCode::HandedOverInFuture);
     EXPECT_EQ(registerDispense(with(fullPriceDispense(), date, u"2024-03-15"_s)).status, 200);
 }
 
 TEST_F(DispenseRegistrationTest, quantityThatIsNotPositive_isRefused)
 {
-    const QString text = u"Количество отпускаемых доз должно быть больше нуля"_s;
-    expectRefusal(doses(fullPriceDispense(), 0), 422, text);
-    expectRefusal(doses(fullPriceDispense(), -1), 422, text);
+    expectRefused(doses(fullPriceDispense(), 0), RefusalCode::QuantityNotPositive);
+    expectRefused(doses(fullPriceDispense(), -1), RefusalCode::QuantityNotPositive);
 }
 
 TEST_F(DispenseRegistrationTest, moreThanIsLeft_isRefused)
 {
-    expectRefusal(doses(fullPriceDispense(), 20.01), 422,
-                  u"По рецепту rx-full осталось доз: 20.00, отпускается: 20.01"_s);
-    expectRefusal(doses(halfPriceDispense(), 31), 422, u"По рецепту rx-half осталось доз: 30.00, отпускается: 31.00"_s);
+    expectRefused(doses(fullPriceDispense(), 20.01), RefusalCode::QuantityAboveRest,
+                  {u"rx-full"_s, u"20.00"_s, u"20.01"_s});
+    expectRefused(doses(halfPriceDispense(), 31), RefusalCode::QuantityAboveRest,
+                  {u"rx-half"_s, u"30.00"_s, u"31.00"_s});
 }
 
 TEST_F(DispenseRegistrationTest, codeOfAnyCodingOfMedicine_willDo)
@@ -195,14 +195,13 @@ TEST_F(DispenseRegistrationTest, codeOfAnyCodingOfMedicine_willDo)
 
 TEST_F(DispenseRegistrationTest, medicineThatIsNotPrescribed_isRefused)
 {
-    expectRefusal(ofPrescription(fullPriceDispense(), u"rx-full"_s, u"1003"_s), 422,
-                  u"Препарат с кодом 1003 не назначен рецептом rx-full"_s);
+    expectRefused(ofPrescription(fullPriceDispense(), u"rx-full"_s, u"1003"_s), RefusalCode::MedicationNotPrescribed,
+                  {u"1003"_s, u"rx-full"_s});
 }
 
 TEST_F(DispenseRegistrationTest, emptyMedicineCode_isRefusedWhereTradeNameIsPrescribed)
 {
-    expectRefusal(ofPrescription(fullPriceDispense(), u"rx-full"_s, QString()), 422,
-                  u"В документе отпуска не указан код препарата"_s);
+    expectRefused(ofPrescription(fullPriceDispense(), u"rx-full"_s, QString()), RefusalCode::MedicationCodeMissing);
 }
 
 TEST_F(DispenseRegistrationTest, emptyMedicineCode_willDoWhereNoTradeNameIsPrescribed)
@@ -212,31 +211,29 @@ TEST_F(DispenseRegistrationTest, emptyMedicineCode_willDoWhereNoTradeNameIsPresc
 
 TEST_F(DispenseRegistrationTest, benefitWithoutClaim_isRefused)
 {
-    expectRefusal(with(halfPriceDispense(), u"parameter.1"_s, QJsonValue::Undefined), 422,
-                  u"К отпуску льготного рецепта не приложен счёт"_s);
+    expectRefused(with(halfPriceDispense(), u"parameter.1"_s, QJsonValue::Undefined), RefusalCode::ClaimDue);
 }
 
 TEST_F(DispenseRegistrationTest, fullPriceWithClaim_isRefused)
 {
     QJsonObject document = ofPrescription(halfPriceDispense(), u"rx-full"_s, u"1001"_s);
-    expectRefusal(document, 422, u"Рецепт отпускается за полную стоимость, счёт не нужен"_s);
+    expectRefused(document, RefusalCode::ClaimNotDue);
 }
 
 TEST_F(DispenseRegistrationTest, claimOfOtherPrescriptionOrPatient_isRefused)
 {
-    expectRefusal(
+    expectRefused(
         with(halfPriceDispense(), claimAt + u"originalPrescription.reference"_s, u"MedicationPrescription/rx-full"_s),
-        422, u"Счёт относится к другому рецепту"_s);
-    expectRefusal(with(halfPriceDispense(), claimAt + u"patient.reference"_s, u"Patient/x"_s), 422,
-                  u"Счёт относится к другому пациенту"_s);
+        RefusalCode::ClaimPrescriptionWrong);
+    expectRefused(with(halfPriceDispense(), claimAt + u"patient.reference"_s, u"Patient/x"_s),
+                  RefusalCode::ClaimPatientWrong);
 }
 
 TEST_F(DispenseRegistrationTest, unknownOrOtherPayer_isRefused)
 {
     const QString payer = claimAt + u"organization.reference"_s;
-    expectRefusal(with(halfPriceDispense(), payer, u"Organization/"_s), 422, u"Организация-плательщик неизвестна"_s);
-    expectRefusal(with(halfPriceDispense(), payer, u"Organization/payer-2"_s), 422,
-                  u"Льготу по рецепту оплачивает другая организация"_s);
+    expectRefused(with(halfPriceDispense(), payer, u"Organization/"_s), RefusalCode::PayerUnknown);
+    expectRefused(with(halfPriceDispense(), payer, u"Organization/payer-2"_s), RefusalCode::PayerWrong);
 }
 
 TEST_F(DispenseRegistrationTest, amountsThatFit_areTaken)
@@ -250,10 +247,9 @@ TEST_F(DispenseRegistrationTest, amountsThatFit_areTaken)
 
 TEST_F(DispenseRegistrationTest, netOneCentOff_isRefused)
 {
-    const QString text = u"Сумма счёта не соответствует цене и доле плательщика"_s;
-    expectRefusal(amounts(20.00, 0.5, 10.01), 422, text);
-    expectRefusal(amounts(20.00, 0.5, 9.99), 422, text);
-    expectRefusal(amounts(20.01, 0.5, 10.02), 422, text);
+    expectRefused(amounts(20.00, 0.5, 10.01), RefusalCode::NetWrong);
+    expectRefused(amounts(20.00, 0.5, 9.99), RefusalCode::NetWrong);
+    expectRefused(amounts(20.01, 0.5, 10.02), RefusalCode::NetWrong);
 }
 
 TEST_F(DispenseRegistrationTest, payerOfAll_paysPriceToTheCent)
@@ -262,26 +258,23 @@ TEST_F(DispenseRegistrationTest, payerOfAll_paysPriceToTheCent)
         QJsonObject document = ofPrescription(amounts(unitPrice, 1, net), u"rx-free"_s, u"1010"_s);
         return with(document, claimAt + u"originalPrescription.reference"_s, u"MedicationPrescription/rx-free"_s);
     };
-    const QString text = u"Сумма счёта не соответствует цене и доле плательщика"_s;
-    expectRefusal(free(7.35, 7.34), 422, text);
-    expectRefusal(free(7.35, 7.36), 422, text);
+    expectRefused(free(7.35, 7.34), RefusalCode::NetWrong);
+    expectRefused(free(7.35, 7.36), RefusalCode::NetWrong);
     EXPECT_EQ(registerDispense(free(7.35, 7.35)).status, 200);
 }
 
 TEST_F(DispenseRegistrationTest, shareThatIsNotThePrescriptions_isRefused)
 {
-    const QString text = u"Доля плательщика в счёте не соответствует рецепту"_s;
-    expectRefusal(amounts(20, 0.51, 10.2), 422, text);
-    expectRefusal(amounts(20, 1, 20), 422, text);
+    expectRefused(amounts(20, 0.51, 10.2), RefusalCode::FactorWrong);
+    expectRefused(amounts(20, 1, 20), RefusalCode::FactorWrong);
 }
 
 TEST_F(DispenseRegistrationTest, amountsInPartsOfCentOrNegativeOrForeign_areRefused)
 {
-    expectRefusal(amounts(20.001, 0.5, 10), 422, u"Суммы счёта должны быть в целых копейках"_s);
-    expectRefusal(amounts(20, 0.5, 10.004), 422, u"Суммы счёта должны быть в целых копейках"_s);
-    expectRefusal(amounts(-20, 0.5, -10), 422, u"Суммы счёта не могут быть отрицательными"_s);
-    expectRefusal(with(halfPriceDispense(), claimAt + u"item.0.net.code"_s, u"RUB"_s), 422,
-                  u"Суммы счёта должны быть в белорусских рублях"_s);
+    expectRefused(amounts(20.001, 0.5, 10), RefusalCode::AmountNotInCents);
+    expectRefused(amounts(20, 0.5, 10.004), RefusalCode::AmountNotInCents);
+    expectRefused(amounts(-20, 0.5, -10), RefusalCode::AmountNegative);
+    expectRefused(with(halfPriceDispense(), claimAt + u"item.0.net.code"_s, u"RUB"_s), RefusalCode::CurrencyWrong);
 }
 
 TEST_F(DispenseRegistrationTest, bodyOfOtherContentType_isRefused)
@@ -290,8 +283,7 @@ TEST_F(DispenseRegistrationTest, bodyOfOtherContentType_isRefused)
     headers.last().second = "text/plain";
     const RawAnswer answer =
         ask("POST", "/MedicationDispense/$register", headers, QJsonDocument(fullPriceDispense()).toJson());
-    EXPECT_EQ(answer.status, 415);
-    EXPECT_EQ(answer.issue(), u"Запрос должен быть отправлен в виде JSON"_s);
+    expectRefusal(answer, RefusalCode::BodyNotJson);
     EXPECT_EQ(m_emulator->store().dispensesOf(u"rx-full"_s).size(), 0);
 }
 
@@ -300,15 +292,15 @@ TEST_F(DispenseRegistrationTest, bodyThatIsNoJsonObject_isRefused)
     for (const QByteArray& body :
          {QByteArray("x"), QByteArray("{"), QByteArray("[]"), QByteArray("\"a\""), QByteArray()}) {
         const RawAnswer answer = ask("POST", "/MedicationDispense/$register", admitted(), body);
-        EXPECT_EQ(answer.status, 400);
-        EXPECT_EQ(answer.issue(), u"Документ отпуска не является объектом JSON"_s);
+        expectRefusal(answer, RefusalCode::DocumentNoObject);
     }
 }
 
 struct WrongShape {
     const char* path;
     QJsonValue value;
-    const char16_t* details;
+    RefusalCode code;
+    QStringList values = {};
 };
 
 void PrintTo(const WrongShape& shape, std::ostream* stream)
@@ -320,10 +312,10 @@ class MisshapenDispense : public DispenseRegistrationTest, public ::testing::Wit
 {
 };
 
-TEST_P(MisshapenDispense, isRefusedByItsOwnText)
+TEST_P(MisshapenDispense, isRefusedByItsOwnCode)
 {
-    expectRefusal(with(halfPriceDispense(), QLatin1StringView(GetParam().path), GetParam().value), 400,
-                  QString::fromUtf16(GetParam().details));
+    expectRefused(with(halfPriceDispense(), QLatin1StringView(GetParam().path), GetParam().value), GetParam().code,
+                  GetParam().values);
 }
 
 namespace
@@ -333,52 +325,43 @@ const QJsonValue none = QJsonValue::Undefined;
 INSTANTIATE_TEST_SUITE_P(
     DispenseRegistration, MisshapenDispense,
     ::testing::Values(
-        WrongShape{"resourceType", u"Bundle"_s, u"Документ отпуска не является ресурсом Parameters"},
-        WrongShape{"parameter", QJsonObject(), u"Документ отпуска не содержит параметров"},
-        WrongShape{"parameter.0.name", u"x"_s, u"Документ отпуска содержит неизвестный параметр x"},
-        WrongShape{"parameter.0", 1, u"Документ отпуска содержит неизвестный параметр "},
-        WrongShape{"parameter.0.name", u"claim"_s, u"Документ отпуска дважды содержит параметр claim"},
-        WrongShape{"parameter", QJsonArray(), u"Документ отпуска не содержит ресурса MedicationDispense"},
-        WrongShape{"parameter.0.resource", 1, u"Документ отпуска не содержит ресурса MedicationDispense"},
-        WrongShape{"parameter.0.resource.resourceType", u"medicationDispense"_s,
-                   u"Документ отпуска не содержит ресурса MedicationDispense"},
-        WrongShape{"parameter.0.resource.status", u"in-progress"_s, u"Регистрируется только завершённый отпуск"},
-        WrongShape{"parameter.0.resource.authorizingPrescription", QJsonArray(),
-                   u"Отпуск должен относиться к одному рецепту"},
-        WrongShape{"parameter.0.resource.authorizingPrescription.1", QJsonObject(),
-                   u"Отпуск должен относиться к одному рецепту"},
+        WrongShape{"resourceType", u"Bundle"_s, RefusalCode::DocumentNoParametersResource},
+        WrongShape{"parameter", QJsonObject(), RefusalCode::DocumentWithoutParameters},
+        WrongShape{"parameter.0.name", u"x"_s, RefusalCode::DocumentParameterUnknown, {u"x"_s}},
+        WrongShape{"parameter.0", 1, RefusalCode::DocumentParameterUnknown, {u""_s}},
+        WrongShape{"parameter.0.name", u"claim"_s, RefusalCode::DocumentParameterTwice, {u"claim"_s}},
+        WrongShape{"parameter", QJsonArray(), RefusalCode::DispenseMissing},
+        WrongShape{"parameter.0.resource", 1, RefusalCode::DispenseMissing},
+        WrongShape{"parameter.0.resource.resourceType", u"medicationDispense"_s, RefusalCode::DispenseMissing},
+        WrongShape{"parameter.0.resource.status", u"in-progress"_s, RefusalCode::DispenseNotCompleted},
+        WrongShape{"parameter.0.resource.authorizingPrescription", QJsonArray(), RefusalCode::PrescriptionNotOne},
+        WrongShape{"parameter.0.resource.authorizingPrescription.1", QJsonObject(), RefusalCode::PrescriptionNotOne},
         WrongShape{"parameter.0.resource.authorizingPrescription.0.reference", u"Patient/1"_s,
-                   u"В документе отпуска не указан рецепт"},
-        WrongShape{"parameter.0.resource.patient.reference", 5, u"В документе отпуска не указан пациент"},
-        WrongShape{"parameter.0.resource.contained", none, u"Документ отпуска не содержит отпускаемого препарата"},
-        WrongShape{"parameter.0.resource.contained.0", none, u"Документ отпуска не содержит отпускаемого препарата"},
-        WrongShape{"parameter.0.resource.contained.1", none, u"Документ отпуска не содержит места отпуска"},
-        WrongShape{"parameter.0.resource.contained.1.address.text", none,
-                   u"У места отпуска не указаны название и адрес"},
-        WrongShape{"parameter.0.resource.medication.reference", u"#other"_s,
-                   u"Ссылка на отпускаемый препарат не указывает на препарат документа"},
-        WrongShape{"parameter.0.resource.contained.0.isBrand", u"true"_s,
-                   u"Не указано, назван ли отпускаемый препарат торговым наименованием"},
-        WrongShape{"parameter.0.resource.contained.0.code.coding", QJsonArray(),
-                   u"У отпускаемого препарата должен быть один код"},
-        WrongShape{"parameter.0.resource.contained.0.code.coding.0.code", 1001,
-                   u"Код отпускаемого препарата не является текстом"},
-        WrongShape{"parameter.0.resource.extension", none, u"Не указано, полностью ли отпущен рецепт"},
-        WrongShape{"parameter.0.resource.extension.0.valueBoolean", 1, u"Не указано, полностью ли отпущен рецепт"},
-        WrongShape{"parameter.0.resource.quantity.value", u"10"_s, u"В документе отпуска не указано количество доз"},
-        WrongShape{"parameter.0.resource.whenHandedOver", u"20.03.2024"_s,
-                   u"В документе отпуска не указана дата отпуска"},
-        WrongShape{"parameter.1.resource", QJsonArray(), u"Параметр claim не содержит счёта"},
-        WrongShape{"parameter.1.resource.type", u"vision"_s, u"Счёт выставлен не аптекой"},
-        WrongShape{"parameter.1.resource.created", none, u"В счёте не указана дата"},
-        WrongShape{"parameter.1.resource.organization", none, u"В счёте не указана организация-плательщик"},
-        WrongShape{"parameter.1.resource.originalPrescription", none, u"В счёте не указан рецепт"},
-        WrongShape{"parameter.1.resource.patient", none, u"В счёте не указан пациент"},
-        WrongShape{"parameter.1.resource.item.1", QJsonObject(), u"В счёте должна быть ровно одна позиция"},
-        WrongShape{"parameter.1.resource.item.0.sequence", 2, u"Позиция счёта должна иметь номер 1"},
-        WrongShape{"parameter.1.resource.item.0.type.code", none, u"Неизвестный вид позиции счёта"},
-        WrongShape{"parameter.1.resource.item.0.service.code", 2102, u"Неизвестная услуга в позиции счёта"},
-        WrongShape{"parameter.1.resource.item.0.unitPrice", none, u"В счёте не указана цена"},
-        WrongShape{"parameter.1.resource.item.0.factor", u"0.5"_s, u"В счёте не указана доля плательщика"},
-        WrongShape{"parameter.1.resource.item.0.net.value", none, u"В счёте не указана сумма к оплате"}));
+                   RefusalCode::PrescriptionMissing},
+        WrongShape{"parameter.0.resource.patient.reference", 5, RefusalCode::PatientMissing},
+        WrongShape{"parameter.0.resource.contained", none, RefusalCode::MedicationMissing},
+        WrongShape{"parameter.0.resource.contained.0", none, RefusalCode::MedicationMissing},
+        WrongShape{"parameter.0.resource.contained.1", none, RefusalCode::LocationMissing},
+        WrongShape{"parameter.0.resource.contained.1.address.text", none, RefusalCode::LocationIncomplete},
+        WrongShape{"parameter.0.resource.medication.reference", u"#other"_s, RefusalCode::MedicationReferenceWrong},
+        WrongShape{"parameter.0.resource.contained.0.isBrand", u"true"_s, RefusalCode::MedicationBrandMissing},
+        WrongShape{"parameter.0.resource.contained.0.code.coding", QJsonArray(), RefusalCode::MedicationCodeNotOne},
+        WrongShape{"parameter.0.resource.contained.0.code.coding.0.code", 1001, RefusalCode::MedicationCodeNoText},
+        WrongShape{"parameter.0.resource.extension", none, RefusalCode::FinalMissing},
+        WrongShape{"parameter.0.resource.extension.0.valueBoolean", 1, RefusalCode::FinalMissing},
+        WrongShape{"parameter.0.resource.quantity.value", u"10"_s, RefusalCode::QuantityMissing},
+        WrongShape{"parameter.0.resource.whenHandedOver", u"20.03.2024"_s, RefusalCode::HandedOverMissing},
+        WrongShape{"parameter.1.resource", QJsonArray(), RefusalCode::ClaimMissing},
+        WrongShape{"parameter.1.resource.type", u"vision"_s, RefusalCode::ClaimTypeWrong},
+        WrongShape{"parameter.1.resource.created", none, RefusalCode::ClaimDateMissing},
+        WrongShape{"parameter.1.resource.organization", none, RefusalCode::ClaimPayerMissing},
+        WrongShape{"parameter.1.resource.originalPrescription", none, RefusalCode::ClaimPrescriptionMissing},
+        WrongShape{"parameter.1.resource.patient", none, RefusalCode::ClaimPatientMissing},
+        WrongShape{"parameter.1.resource.item.1", QJsonObject(), RefusalCode::ClaimItemNotOne},
+        WrongShape{"parameter.1.resource.item.0.sequence", 2, RefusalCode::ClaimItemNumberWrong},
+        WrongShape{"parameter.1.resource.item.0.type.code", none, RefusalCode::ClaimItemTypeUnknown},
+        WrongShape{"parameter.1.resource.item.0.service.code", 2102, RefusalCode::ClaimServiceUnknown},
+        WrongShape{"parameter.1.resource.item.0.unitPrice", none, RefusalCode::ClaimPriceMissing},
+        WrongShape{"parameter.1.resource.item.0.factor", u"0.5"_s, RefusalCode::ClaimFactorMissing},
+        WrongShape{"parameter.1.resource.item.0.net.value", none, RefusalCode::ClaimNetMissing}));
 } // namespace

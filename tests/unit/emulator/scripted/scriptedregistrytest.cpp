@@ -22,7 +22,7 @@ TEST_F(ScriptedRegistryTest, reset_beginsAgainWithTheSeed)
     EXPECT_TRUE(m_emulator->faults().pending().isEmpty());
     EXPECT_TRUE(m_emulator->journal().entries().isEmpty());
     const RawAnswer answer = ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", headers);
-    EXPECT_EQ(answer.issue(), u"Срок действия токена авторизации истёк"_s);
+    expectRefusal(answer, emulator::RefusalCode::TokenExpired);
 }
 
 TEST_F(ScriptedRegistryTest, badSeed_leavesStateAsItWas)
