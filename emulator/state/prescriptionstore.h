@@ -1,31 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "database.h"
 #include "records.h"
 
 #include <QHash>
-#include <QSqlDatabase>
-#include <QVariant>
 
-#include <functional>
 #include <optional>
-
-class QSqlQuery;
 
 namespace emulator
 {
-/// The registry's state, in SQLite. A missing row is nothing or an empty list; a failing database throws
-/// EmulatorError. Belongs to the thread that opened it.
+/// The registry's state, in SQLite. A getter of one record returns nothing when there is none. Every member throws
+/// EmulatorError when the database fails. Belongs to the thread that opened it.
 class PrescriptionStore
 {
 public:
-    /// Opens the file, and creates it when it is missing; an empty name keeps the state in memory.
+    /// Opens the file, and creates it when it is missing; an empty name keeps the state in memory. Throws
+    /// EmulatorError when the file cannot be used, for example because a newer emulator wrote it.
     explicit PrescriptionStore(const QString& file = {});
-    ~PrescriptionStore();
-    PrescriptionStore(const PrescriptionStore&) = delete;
-    PrescriptionStore& operator=(const PrescriptionStore&) = delete;
+    Q_DISABLE_COPY_MOVE(PrescriptionStore)
+    ~PrescriptionStore() = default;
 
-    /// Whether anything was ever put in.
+    /// True as long as there is neither a client nor a patient.
     bool isEmpty() const;
     /// Replaces everything by the seed.
     void replace(const Seed& seed);
@@ -62,16 +58,10 @@ public:
     void cancel(const QString& dispenseId, const QString& prescriptionStatus);
 
 private:
-    QSqlQuery run(const QString& statement, const QVariantList& values = {}) const;
-    void createTables();
-    void insert(const Prescription& prescription);
-    void insert(const Dispense& dispense);
     void setStatus(const QString& prescriptionId, const QString& status);
-    void inTransaction(const std::function<void()>& change);
     Rules storedRules() const;
 
-    QString m_connectionName;
-    QSqlDatabase m_database;
+    Database m_database;
     Rules m_rules;
 };
 } // namespace emulator
