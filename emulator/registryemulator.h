@@ -20,7 +20,7 @@ namespace emulator
 class RegistryEmulator
 {
 public:
-    /// Opens the state, without listening yet. Throws EmulatorError.
+    /// Opens the data file; it does not listen yet. Throws EmulatorError.
     explicit RegistryEmulator(EmulatorSettings settings = {});
     Q_DISABLE_COPY_MOVE(RegistryEmulator)
     ~RegistryEmulator() = default;
@@ -46,7 +46,7 @@ public:
     void keepSeedFile(const QString& path) { m_registry.keepSeed(JsonNode::fromFile(path)); }
     /// Begins again with the seed, or with nothing when there is none: state, tokens, faults and journal.
     void reset() { m_registry.reset(); }
-    /// Puts that many more active prescriptions on a card.
+    /// Puts more active prescriptions on a card.
     void fillCard(const QString& card, int count) { m_registry.fillCard(card, count); }
 
     FaultScript& faults() { return m_registry.faults(); }

@@ -4,6 +4,8 @@
 #include "doses.h"
 #include "emulatorerror.h"
 #include "endpoint.h"
+#include "faultorder.h"
+#include "journal.h"
 #include "seedreader.h"
 
 #include <QJsonArray>
@@ -15,7 +17,7 @@ namespace emulator
 {
 namespace
 {
-constexpr int mostSyntheticPrescriptions = 100'000; // on one card, by one call
+constexpr int mostSyntheticPrescriptions = 100'000; // by one request
 
 HttpAnswer failure(int status, const QString& message)
 {

@@ -7,7 +7,7 @@
 
 namespace emulator
 {
-/// The emulator's remote control: JSON over HTTP on a port of its own; see docs/emulator.md.
+/// The emulator's remote control: JSON over HTTP. Its requests are listed in docs/emulator.md.
 class AdminApi
 {
 public:

@@ -12,7 +12,7 @@ namespace emulator
 {
 namespace
 {
-/// What a name stands for.
+/// A row of the table of faults in docs/emulator.md.
 struct NamedFault {
     const char* name;
     Delivery::Manner manner;

@@ -10,7 +10,7 @@
 
 namespace emulator
 {
-/// A fault and whom it is to meet.
+/// A fault, and the requests that it hits.
 struct FaultOrder {
     Endpoint endpoint = Endpoint::Any;
     Occasion occasion;
@@ -19,18 +19,18 @@ struct FaultOrder {
     Delivery::Manner manner = Delivery::Manner::Whole;
     std::chrono::milliseconds delay{0};
     std::chrono::milliseconds pause{0};
-    bool isCarriedOut = true;         ///< the request takes effect, whatever becomes of its answer
-    std::optional<HttpAnswer> answer; ///< stands in for the registry's answer
-    bool halvesBody = false;          ///< the answer's body ends in its middle, and its length is told accordingly
+    bool isCarriedOut = true;         ///< the request takes effect, whatever happens to its answer
+    std::optional<HttpAnswer> answer; ///< sent instead of the registry's answer
+    bool halvesBody = false;          ///< the body ends in its middle, and Content-Length is that of the half
 
-    /// The plain fault of that name, with all that the name implies: "delay", "drip", "cut", "never", "close", "reset",
+    /// The fault of that name, with its row in docs/emulator.md: "delay", "drip", "cut", "never", "close", "reset",
     /// "status" (503), "html", "empty", "half-json" or "body". Nothing for any other name.
     static std::optional<FaultOrder> named(const QString& name);
     static QStringList names();
 
-    /// Reads the admin port's form, see docs/emulator.md. Throws EmulatorError.
+    /// Reads an order of the admin port (docs/emulator.md). Throws EmulatorError.
     static FaultOrder fromJson(const JsonNode& node);
-    /// The delivery of that answer as the fault wants it.
+    /// How the answer is delivered under this fault.
     Delivery deliver(HttpAnswer registryAnswer) const;
 };
 } // namespace emulator

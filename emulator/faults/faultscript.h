@@ -7,8 +7,8 @@
 
 namespace emulator
 {
-/// The faults that are to meet coming requests. Each order counts the requests to its endpoint from the moment in which
-/// it was given; of several that are due, the oldest meets the request and the others wait for the next.
+/// The faults for coming requests. Each order counts the requests to its endpoint from the moment it was given. When
+/// several are due, the oldest hits the request and the others wait for the next one.
 class FaultScript
 {
 public:
@@ -18,7 +18,7 @@ public:
     void delay(Endpoint endpoint, Milliseconds time, Occasion occasion = {});
     /// The body comes byte by byte, `pause` apart.
     void drip(Endpoint endpoint, Milliseconds pause, Occasion occasion = {});
-    /// The head tells the whole length, half of the body follows, then the connection is closed. Carried out.
+    /// Content-Length is that of the whole body, half of the body follows, then the connection is closed. Carried out.
     void cutAnswerOff(Endpoint endpoint, Occasion occasion = {});
 
     /// No answer, and the request is not carried out.
@@ -35,21 +35,21 @@ public:
     void answerStatus(Endpoint endpoint, int status, Occasion occasion = {});
     /// The same with an issue of severity "error".
     void answerIssue(Endpoint endpoint, int status, const QString& details, Occasion occasion = {});
-    /// Status 200 and a page of HTML, as a gateway in between would send it; the request is not carried out.
+    /// Status 200 and a page of HTML, as a gateway would send it; the request is not carried out.
     void answerHtml(Endpoint endpoint, Occasion occasion = {});
     /// Status 200 and an empty body; the request is not carried out.
     void answerNothing(Endpoint endpoint, Occasion occasion = {});
-    /// The registry's answer up to its middle, as a complete HTTP answer. Carried out.
+    /// The first half of the registry's body, as a complete HTTP answer. Carried out.
     void answerHalfOfJson(Endpoint endpoint, Occasion occasion = {});
     /// Status 200 and that body, sent as JSON; the request is not carried out.
     void answerBody(Endpoint endpoint, const QByteArray& body, Occasion occasion = {});
 
     void order(const FaultOrder& order);
     void clear();
-    /// Orders that have not met all their requests yet, oldest first.
+    /// Orders that still wait for a request, oldest first.
     const QList<FaultOrder>& pending() const { return m_orders; }
 
-    /// Counts a request and gives the fault that meets it.
+    /// Counts a request, and returns the fault that hits it.
     std::optional<FaultOrder> takeFor(Endpoint endpoint);
 
 private:

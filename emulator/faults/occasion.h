@@ -3,12 +3,12 @@
 
 namespace emulator
 {
-/// Which requests a fault is to meet, counted from the moment in which it is ordered.
+/// Which requests a fault hits, counted from the moment it is ordered.
 struct Occasion {
     static constexpr int everyTime = 0;
 
-    int skip = 0;  ///< requests that pass before the first that is met
-    int times = 1; ///< how many are met then; everyTime: all
+    int skip = 0;  ///< requests that pass before the first hit
+    int times = 1; ///< how many are hit then; everyTime: all
 
     /// The next request, or the next few.
     static Occasion next(int times = 1) { return {0, times}; }

@@ -9,7 +9,7 @@ namespace emulator
 {
 namespace
 {
-constexpr std::chrono::seconds unreadRest{2}; // how long a refused sender may go on before it is cut off
+constexpr std::chrono::seconds unreadRest{2}; // time for a refused client to read its answer and to stop sending
 } // namespace
 
 Connection::Connection(QTcpSocket* socket, quint64 number, const RequestHandler& handler, QObject* parent)
@@ -22,13 +22,14 @@ Connection::Connection(QTcpSocket* socket, quint64 number, const RequestHandler&
     m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::PreciseTimer);
-    connect(m_socket, &QTcpSocket::readyRead, this, &Connection::readOn);
-    connect(m_socket, &QTcpSocket::bytesWritten, this, &Connection::noticeSent);
+    connect(m_socket, &QTcpSocket::readyRead, this, &Connection::readRequests);
+    connect(m_socket, &QTcpSocket::bytesWritten, this, &Connection::continueWhenSent);
     if (auto* secure = qobject_cast<QSslSocket*>(m_socket)) {
-        connect(secure, &QSslSocket::encryptedBytesWritten, this, &Connection::noticeSent);
+        connect(secure, &QSslSocket::encryptedBytesWritten, this, &Connection::continueWhenSent);
     }
     connect(m_socket, &QTcpSocket::disconnected, this, &Connection::clientLeft);
-    QMetaObject::invokeMethod(this, &Connection::readOn, Qt::QueuedConnection); // what came with the connection
+    QMetaObject::invokeMethod(this, &Connection::readRequests,
+                              Qt::QueuedConnection); // bytes that came with the connection
 }
 
 Connection::~Connection()
@@ -37,7 +38,7 @@ Connection::~Connection()
     finish(false);
 }
 
-void Connection::readOn()
+void Connection::readRequests()
 {
     if (m_unreadable) {
         m_socket->readAll();
@@ -46,7 +47,7 @@ void Connection::readOn()
     while (!m_answering && m_socket->state() == QAbstractSocket::ConnectedState) {
         m_received += m_socket->readAll();
         const RequestParser::State state = m_parser.read(m_received);
-        if (m_parser.takeContinueWish() && state == RequestParser::State::Incomplete) {
+        if (m_parser.takeContinueRequest() && state == RequestParser::State::Incomplete) {
             m_socket->write("HTTP/1.1 100 Continue\r\n\r\n");
         }
         if (state == RequestParser::State::Incomplete) {
@@ -116,8 +117,8 @@ void Connection::sendWhole()
     }
     m_sending = true;
     m_socket->write(bytes);
-    m_socket->flush(); // so that a short answer counts as sent before its reader can ask
-    noticeSent();
+    m_socket->flush(); // a short answer counts as sent before the client can ask about it
+    continueWhenSent();
 }
 
 void Connection::sendHalf()
@@ -139,7 +140,7 @@ void Connection::drip()
         return;
     }
     m_sending = true;
-    noticeSent();
+    continueWhenSent();
 }
 
 void Connection::reset()
@@ -166,7 +167,7 @@ bool Connection::isEverythingSent() const
     return !secure || secure->encryptedBytesToWrite() == 0;
 }
 
-void Connection::noticeSent()
+void Connection::continueWhenSent()
 {
     if (!m_sending || !isEverythingSent()) {
         return;
@@ -174,18 +175,18 @@ void Connection::noticeSent()
     m_sending = false;
     finish(true);
     if (m_unreadable) {
-        leaveGently();
+        closeGracefully();
     } else if (!m_keepAlive) {
         m_socket->disconnectFromHost();
     } else {
         m_answering = false;
-        QMetaObject::invokeMethod(this, &Connection::readOn, Qt::QueuedConnection); // a pipelined request
+        QMetaObject::invokeMethod(this, &Connection::readRequests, Qt::QueuedConnection); // a pipelined request
     }
 }
 
-/// A connection closed with unread bytes is reset by the system, and the client would lose the answer that tells it
-/// what was wrong. So only the sending side is closed, and what still comes is thrown away for a moment.
-void Connection::leaveGently()
+/// The system resets a connection that is closed with unread bytes, and the client would lose the answer that says what
+/// was wrong. So only the sending side is closed, and further bytes are discarded for a moment.
+void Connection::closeGracefully()
 {
     ::shutdown(int(m_socket->socketDescriptor()), SHUT_WR);
     m_timer.disconnect(this);

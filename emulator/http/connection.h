@@ -11,26 +11,30 @@
 
 namespace emulator
 {
-/// What answers a connection's requests.
+/// Answers a connection's requests.
 struct RequestHandler {
     std::function<Delivery(const HttpRequest&)> answer;
-    /// Answers what could not be read as a request; `request` holds only the connection's number.
+    /// Answers bytes that are no request.
+    /// @param request has only the number of the connection
+    /// @param status  see RequestParser::status()
     std::function<Delivery(const HttpRequest& request, int status)> answerUnreadable;
 };
 
-/// One client's connection: reads its requests in turn, and hands over each answer before it reads the next request,
-/// so that pipelined requests are answered in order. Deletes itself when the client has left.
+/// One client's connection. It delivers each answer before it reads the next request, so that pipelined requests are
+/// answered in order. It deletes itself when the client has left.
 class Connection : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Takes over the connected socket. `handler` must outlive the connection.
+    /// @param socket  connected; the connection becomes its owner
+    /// @param number  for HttpRequest::connection
+    /// @param handler outlives the connection
     Connection(QTcpSocket* socket, quint64 number, const RequestHandler& handler, QObject* parent);
     ~Connection() override;
 
 private:
-    void readOn();
+    void readRequests();
     void start(Delivery delivery, bool keepAlive);
     void deliver();
     void sendWhole();
@@ -38,8 +42,8 @@ private:
     void drip();
     void reset();
     void finish(bool whole);
-    void noticeSent();
-    void leaveGently();
+    void continueWhenSent();
+    void closeGracefully();
     void clientLeft();
     bool isEverythingSent() const;
 
@@ -51,10 +55,10 @@ private:
     Delivery m_delivery;
     QTimer m_timer;
     qsizetype m_dripped = 0;
-    bool m_withBody = true; ///< false for HEAD, whose answers are heads only
+    bool m_withBody = true; ///< false for the answer to HEAD
     bool m_keepAlive = true;
     bool m_answering = false;  ///< a request is being answered
     bool m_sending = false;    ///< its last byte is in the socket
-    bool m_unreadable = false; ///< nothing that comes is looked at any more
+    bool m_unreadable = false; ///< all further bytes are discarded
 };
 } // namespace emulator

@@ -8,10 +8,10 @@
 
 namespace emulator
 {
-/// Header fields in the order in which they stand on the wire: name and value, both as they came.
+/// Names and values of header fields, in wire order.
 using HttpHeaders = QList<std::pair<QByteArray, QByteArray>>;
 
-/// The value of the first field of that name, whatever its case; empty when there is none.
+/// The value of the first field of that name, in any case; empty when there is none.
 QByteArray headerValue(const HttpHeaders& headers, const QByteArray& name);
 
 /// The token of an "Authorization: Bearer" value (RFC 6750, section 2.1); empty when the value is of another form.

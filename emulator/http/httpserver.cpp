@@ -11,7 +11,7 @@ namespace emulator
 {
 namespace
 {
-constexpr int waitingConnections = 4096; // accepted at once, handshakes under way included
+constexpr int waitingConnections = 4096; // at once, handshakes included
 } // namespace
 
 HttpServer::HttpServer(RequestHandler handler, QObject* parent)
@@ -23,7 +23,7 @@ HttpServer::HttpServer(RequestHandler handler, QObject* parent)
 HttpServer::~HttpServer()
 {
     const auto connections = findChildren<Connection*>(QString(), Qt::FindDirectChildrenOnly);
-    qDeleteAll(connections); // before the handler that they refer to
+    qDeleteAll(connections); // they refer to the handler
 }
 
 void HttpServer::listen(quint16 port, const std::optional<QSslConfiguration>& tls)

@@ -11,7 +11,7 @@
 
 namespace emulator
 {
-/// Listens on a loopback port and holds its connections.
+/// Listens on a loopback port, and owns its connections.
 class HttpServer : public QObject
 {
     Q_OBJECT
@@ -20,12 +20,14 @@ public:
     explicit HttpServer(RequestHandler handler, QObject* parent = nullptr);
     ~HttpServer() override;
 
-    /// Listens on 127.0.0.1; port 0 takes a free one. With `tls` it speaks HTTPS. Throws EmulatorError.
+    /// Listens on 127.0.0.1. Throws EmulatorError.
+    /// @param port 0: a free one
+    /// @param tls  for HTTPS
     void listen(quint16 port, const std::optional<QSslConfiguration>& tls = {});
 
-    /// The port that is listened on.
+    /// 0 before listen().
     quint16 port() const;
-    /// How many connections were accepted so far; over TLS those whose handshake was completed.
+    /// The number of connections so far; over TLS, of completed handshakes.
     quint64 connectionCount() const { return m_connectionCount; }
 
 private:

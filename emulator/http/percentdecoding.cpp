@@ -23,7 +23,7 @@ int hexadecimalDigit(char character)
 
 std::optional<QString> utf8(const QByteArray& octets)
 {
-    using Flag = QStringDecoder::Flag; // a byte order mark is a character of the text like any other
+    using Flag = QStringDecoder::Flag; // a byte order mark is kept as a character of the text
     QStringDecoder decoder(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
     QString text = decoder(octets);
     if (decoder.hasError()) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "requestparser.h"
 
-// The parser asserts that the end of a chunked body comes in at least five bytes, but reads it well from four.
+// The parser asserts that the end of a chunked body comes in at least five bytes, but reads it correctly from four.
 #define BOOST_DISABLE_ASSERTS
 
 #include <boost/asio/buffer.hpp>
@@ -64,7 +64,7 @@ RequestParser::State RequestParser::read(QByteArray& bytes)
         bytes.remove(0, qsizetype(used));
         if (!headWasRead && parser.is_header_done() && !parser.is_done()) {
             const auto expect = parser.get()[http::field::expect];
-            m_continueWished = boost::beast::iequals(expect, "100-continue");
+            m_continueRequested = boost::beast::iequals(expect, "100-continue");
         }
         if (error == http::error::need_more) {
             break;
@@ -77,16 +77,16 @@ RequestParser::State RequestParser::read(QByteArray& bytes)
     return parser.is_done() ? State::Complete : State::Incomplete;
 }
 
-bool RequestParser::takeContinueWish()
+bool RequestParser::takeContinueRequest()
 {
-    return std::exchange(m_continueWished, false);
+    return std::exchange(m_continueRequested, false);
 }
 
 HttpRequest RequestParser::take()
 {
     const auto message = m_reader->parser.release();
     m_reader = std::make_unique<Reader>();
-    m_continueWished = false;
+    m_continueRequested = false;
 
     HttpRequest request;
     request.method = bytesOf(message.method_string());

@@ -7,7 +7,7 @@
 
 namespace emulator
 {
-/// Reads requests out of a connection's bytes, one after the other. Bytes of the next request stay where they are.
+/// Reads requests out of a connection's bytes, one after the other.
 class RequestParser
 {
 public:
@@ -16,22 +16,21 @@ public:
 
     enum class State : int {
         Incomplete, ///< more bytes are needed
-        Complete,   ///< take() gives the request
+        Complete,   ///< take() returns the request
         Unreadable, ///< see status(); nothing more can be read from this connection
     };
 
     RequestParser();
+    Q_DISABLE_COPY_MOVE(RequestParser)
     ~RequestParser();
-    RequestParser(const RequestParser&) = delete;
-    RequestParser& operator=(const RequestParser&) = delete;
 
-    /// Reads as much of the present request as `bytes` holds, and removes from it what was read.
+    /// Removes from `bytes` what belongs to the present request. Bytes of the next request stay.
     State read(QByteArray& bytes);
 
-    /// True once, when the head asks for "100 Continue" before its body is sent (RFC 9110, section 10.1.1).
-    bool takeContinueWish();
+    /// True once when the head asks for "100 Continue" before its body is sent (RFC 9110, section 10.1.1).
+    bool takeContinueRequest();
 
-    /// The request just completed; the parser then stands at the next one.
+    /// The complete request. The parser then begins the next one.
     HttpRequest take();
 
     /// The status to answer an unreadable request with: 400, 413, 431 or 505.
@@ -41,7 +40,7 @@ private:
     struct Reader;
 
     std::unique_ptr<Reader> m_reader;
-    bool m_continueWished = false;
+    bool m_continueRequested = false;
     int m_status = 0;
 };
 } // namespace emulator

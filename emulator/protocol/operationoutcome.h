@@ -6,7 +6,7 @@
 
 namespace emulator
 {
-/// The registry's own explanation of a refusal: an OperationOutcome with one issue of severity "error", whose details
-/// are a text for the cashier.
+/// An OperationOutcome with one issue of severity "error".
+/// @param details text for the cashier
 QJsonObject operationOutcome(const QString& details);
 } // namespace emulator

@@ -11,7 +11,7 @@
 
 namespace emulator
 {
-/// A request that the registry does not carry out. The rule that it breaks throws this, before anything is changed.
+/// The registry does not carry out a request. Thrown by the rule that the request breaks, before anything changes.
 class Refusal : public std::exception
 {
 public:

@@ -9,22 +9,21 @@
 
 namespace emulator
 {
-/// Which operation a path belongs to.
+/// The operation of a path.
 struct Route {
     Endpoint endpoint = Endpoint::Unknown;
-    QByteArray method; ///< the one method that the operation takes
-    QString id;        ///< the {id} of the path, decoded; empty where the path has none
+    QByteArray method; ///< the only method of the operation
+    QString id;        ///< the {id} of the path, decoded; empty when the path has none
 };
 
 /// The registry's paths under a common prefix.
 class Router
 {
 public:
-    /// `prefix` such as "/fhir"; empty for none. A trailing slash does not count.
+    /// @param prefix such as "/fhir", with or without a trailing slash; empty: none
     explicit Router(const QString& prefix = {});
 
-    /// `path` as it stood on the wire, percent-encoded. Each of its segments is decoded by itself, so an encoded slash
-    /// parts nothing.
+    /// @param path percent-encoded; each segment is decoded by itself, so an encoded slash separates nothing
     Route find(const QByteArray& path) const;
 
 private:

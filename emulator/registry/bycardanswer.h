@@ -7,7 +7,8 @@
 
 namespace emulator
 {
-/// The answer to a look-up by card: a Bundle of the Patient and, for each prescription of that status, a Bundle of all
-/// that belongs to it. Without a prescription the Bundle has no "entry". An empty status stands for all.
+/// The answer to a look-up by card: a Bundle of the Patient and, for each prescription of that status, a Bundle of its
+/// resources. Without a prescription the Bundle has no "entry".
+/// @param status empty: all
 QJsonObject byCardAnswer(const PrescriptionStore& store, const Patient& patient, const QString& status);
 } // namespace emulator

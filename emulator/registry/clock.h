@@ -7,6 +7,6 @@
 
 namespace emulator
 {
-/// Gives the present moment. A test sets one of its own to let tokens and prescriptions grow old.
+/// Returns the present moment. With a clock of its own a test lets tokens and prescriptions expire.
 using Clock = std::function<QDateTime()>;
 } // namespace emulator

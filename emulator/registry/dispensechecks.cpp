@@ -14,7 +14,7 @@ namespace emulator
 namespace
 {
 constexpr double halfCent = 0.005;
-constexpr double representation = 1e-6; // room for numbers that have no exact binary form
+constexpr double representation = 1e-6; // decimal numbers have no exact binary form
 
 void checkPatient(const DispenseDocument& document, const Prescription& prescription)
 {
@@ -41,7 +41,7 @@ void checkQuantity(const DispenseDocument& document, const Prescription& prescri
            {prescription.id, QString::number(left, 'f', 2), QString::number(document.quantity, 'f', 2)});
 }
 
-/// The code of any of the prescription's codings will do, and none at all where it names no trade name.
+/// The code of any of the prescription's codings is enough. A prescription without a trade name needs none.
 void checkMedication(const DispenseDocument& document, const Prescription& prescription)
 {
     const QString& code = document.medicationCode;
@@ -60,8 +60,8 @@ void checkAmount(double amount, const QString& currency)
     demand(std::abs(amount * 100 - std::round(amount * 100)) < representation * 100, RefusalCode::AmountNotInCents);
 }
 
-/// The net amount is the payer's share of the price. Both were rounded to the cent, so they may differ by what the two
-/// roundings allow, and for a payer of the whole price by nothing.
+/// The net amount is the payer's share of the price. Both are rounded to the cent, so they may differ by the two
+/// roundings. A payer of the whole price pays it exactly.
 bool fitTogether(const Claim& claim)
 {
     const double difference = std::abs(claim.net - claim.unitPrice * claim.factor);

@@ -8,10 +8,10 @@
 
 namespace emulator
 {
-/// Holds a dispense against its prescription. Throws Refusal (422) for the first rule that it breaks; the rules and
-/// their texts are listed in docs/registry-protocol.md.
-///
-/// `dispensed`: doses handed out so far; `payers`: ids of every known payer.
+/// Checks a dispense against its prescription. Throws the Refusal of the first rule that it breaks; the rules are in
+/// docs/registry-protocol.md, in the order in which they are checked.
+/// @param dispensed doses handed out so far
+/// @param payers    ids of all payers
 void checkDispense(const DispenseDocument& document, const Prescription& prescription, double dispensed,
                    const QSet<QString>& payers, const QDate& today);
 } // namespace emulator

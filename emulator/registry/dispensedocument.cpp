@@ -18,7 +18,7 @@ QJsonObject onlyObject(const QJsonValue& array, RefusalCode code)
     return array.toArray().first().toObject();
 }
 
-/// The id of a reference such as "Organization/17", which has to be to that type.
+/// The id in a reference to that type, such as "Organization/17".
 QString referencedId(const QJsonValue& holder, const QString& type, RefusalCode code)
 {
     const QString reference = holder.toObject().value(u"reference"_s).toString();
@@ -47,7 +47,7 @@ double number(const QJsonValue& value, RefusalCode code)
     return value.toDouble();
 }
 
-/// The resources of the parameters by name; none may stand twice.
+/// The resources of the parameters by name; a name may occur once.
 QHash<QString, QJsonObject> parametersIn(const QByteArray& body)
 {
     const QJsonDocument document = QJsonDocument::fromJson(body);

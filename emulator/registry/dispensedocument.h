@@ -21,10 +21,10 @@ struct DispenseDocument {
     QDate handedOver;
     std::optional<Claim> claim;
 
-    QJsonObject dispenseResource; ///< the MedicationDispense as it came
-    QJsonObject claimResource;    ///< the Claim as it came; empty without one
+    QJsonObject dispenseResource; ///< the MedicationDispense as it was sent
+    QJsonObject claimResource;    ///< the Claim as it was sent; empty without one
 
-    /// Reads a request's body. Throws Refusal (400) that tells which part is missing or of another form.
+    /// Reads a request's body. Throws the Refusal of the first part that is missing or malformed.
     static DispenseDocument read(const QByteArray& body);
 };
 } // namespace emulator

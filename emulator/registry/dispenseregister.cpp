@@ -42,7 +42,7 @@ HttpAnswer transactionAnswer(const QJsonArray& entries)
         200, {{u"resourceType"_s, u"Bundle"_s}, {u"type"_s, u"transaction-response"_s}, {u"entry"_s, entries}});
 }
 
-/// The state that a prescription is in after these dispenses. A prescription that was stopped or put on hold stays so.
+/// The state of a prescription after these dispenses. A stopped or held prescription stays as it is.
 QString statusAfter(const Prescription& prescription, const QList<Dispense>& dispenses)
 {
     if (prescription.status != prescriptionstatus::active && prescription.status != prescriptionstatus::completed) {

@@ -8,16 +8,16 @@
 
 namespace emulator
 {
-/// Books dispenses and takes them back, and moves their prescriptions on and back accordingly.
+/// Books and cancels dispenses, and sets their prescriptions' states accordingly.
 class DispenseRegister
 {
 public:
-    /// `store` must outlive the register.
+    /// @param store outlives the register
     DispenseRegister(PrescriptionStore& store, Clock clock);
 
-    /// Books the dispense that the body describes; throws Refusal.
+    /// Books the dispense that the body describes. Throws Refusal.
     HttpAnswer book(const QByteArray& body, const Access& access);
-    /// Declares a dispense erroneous; throws Refusal.
+    /// Marks a dispense as entered in error. Throws Refusal.
     HttpAnswer cancel(const QString& dispenseId, const Access& access);
 
 private:

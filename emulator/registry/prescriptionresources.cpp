@@ -41,9 +41,9 @@ QJsonObject medication(const QString& id, bool isBrand, const QJsonArray& coding
             {u"code"_s, QJsonObject{{u"coding"_s, codings}}}};
 }
 
-/// The medicine by its non-proprietary name and, where the prescription names one, by its trade name. The dosage code
-/// comes last of the trade name's codings and first of the non-proprietary name's: readers keep a medication's last
-/// coding, which so is the code to dispense by in the one case, and the name's own code in the other.
+/// The medicine by its non-proprietary name and, if the prescription has one, by its trade name. A reader keeps the
+/// last coding of a medication. The trade name's last coding is the dosage code, by which the medicine is dispensed;
+/// the non-proprietary name's is the code of the name itself.
 QJsonArray medications(const Prescription& prescription, const QString& dosageSystem)
 {
     const auto dosage = [&](const QString& display) { return coding(dosageSystem, prescription.dosageCode, display); };

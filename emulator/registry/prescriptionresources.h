@@ -5,17 +5,16 @@
 
 #include <QJsonObject>
 
-/// The registry's records as resources, in the vocabulary of HL7 FHIR DSTU 1 with the registry's own extensions; see
-/// docs/registry-protocol.md.
+/// Records as resources of HL7 FHIR DSTU 1, with the registry's own extensions; see docs/registry-protocol.md.
 namespace emulator
 {
 QJsonObject patientResource(const Patient& patient);
 QJsonObject practitionerResource(const Practitioner& practitioner);
 QJsonObject payerResource(const Payer& payer);
 
-/// `dosageSystem`: the coding system of the medicines' dosages.
+/// @param dosageSystem coding system of the medicines' dosages
 QJsonObject prescriptionResource(const Prescription& prescription, const QString& dosageSystem);
-/// Tells that the prescription was signed.
+/// The evidence that the prescription is signed.
 QJsonObject signatureResource(const Prescription& prescription);
 /// An earlier dispense of the prescription.
 QJsonObject dispenseResource(const Dispense& dispense, const Prescription& prescription);

@@ -7,17 +7,19 @@
 
 namespace emulator
 {
-/// The registry's operations: finds the one that a request asks for, checks the request's right to it, carries it out.
+/// The registry's operations: finds the one that is requested, checks the right to it, and carries it out.
 class RegistryApi
 {
 public:
-    /// `store` must outlive the API.
+    /// @param store    outlives the API
+    /// @param basePath see Router
     RegistryApi(PrescriptionStore& store, const Clock& clock, const QString& basePath);
 
     Route routeOf(const HttpRequest& request) const { return m_router.find(request.path()); }
     /// Never throws: a refusal is an answer too.
     HttpAnswer answer(const HttpRequest& request, const Route& route);
-    /// The answer to what could not be read as a request.
+    /// The answer to bytes that are no request.
+    /// @param status 400, 413, 431 or 505
     static HttpAnswer unreadable(int status);
 
     TokenService& tokens() { return m_tokens; }

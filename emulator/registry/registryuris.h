@@ -3,8 +3,7 @@
 
 #include <QString>
 
-/// The URIs that the registry's resources carry; see docs/registry-protocol.md. Their hosts are chosen when the
-/// emulator is built, together with the plug-in's.
+/// The URIs in the registry's resources. Their hosts are chosen when the emulator is built.
 namespace emulator::uri
 {
 using namespace Qt::StringLiterals;

@@ -14,7 +14,7 @@ namespace emulator
 {
 namespace
 {
-constexpr qsizetype rememberedTokens = 10'000; // from here on, expired ones are forgotten
+constexpr qsizetype rememberedTokens = 10'000; // with so many, expired ones are forgotten
 
 QByteArray newToken()
 {
@@ -24,7 +24,7 @@ QByteArray newToken()
     return octets.toBase64(QByteArray::Base64UrlEncoding | QByteArray::OmitTrailingEquals);
 }
 
-/// The parameters of a token request by name. None may stand twice (RFC 6749, section 3.2).
+/// The parameters of a token request by name. A name may occur once (RFC 6749, section 3.2).
 QHash<QString, QString> parameters(const HttpRequest& request)
 {
     const QByteArray type = request.header("Content-Type").split(';').first().trimmed().toLower();

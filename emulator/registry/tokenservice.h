@@ -9,20 +9,21 @@
 
 namespace emulator
 {
-/// Issues bearer tokens under the client-credentials grant (RFC 6749, section 4.4) and looks at those that requests
-/// bring (RFC 6750). Tokens live in memory: a new start of the emulator knows none of the former ones.
+/// Issues bearer tokens by client credentials (RFC 6749, section 4.4), and checks those of requests (RFC 6750). Tokens
+/// are in memory only: after a restart of the emulator they are unknown.
 class TokenService
 {
 public:
-    /// `store` holds the clients and the rules, and must outlive the service.
+    /// @param store holds the clients and the rules; outlives the service
     TokenService(const PrescriptionStore& store, Clock clock);
 
-    /// Answers a token request; throws Refusal.
+    /// Answers a token request. Throws Refusal.
     HttpAnswer issue(const HttpRequest& request);
-    /// The access that a resource request's tokens give; throws Refusal when they give none, or not that scope.
+    /// The access that the tokens of a resource request grant. Throws Refusal when they grant none.
+    /// @param scope that the operation needs; empty: any token is enough
     Access admit(const HttpRequest& request, const QString& scope) const;
 
-    /// From now on every token issued so far counts as expired.
+    /// Lets all tokens expire that were issued so far.
     void expireAll();
 
 private:

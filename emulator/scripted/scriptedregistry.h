@@ -11,7 +11,7 @@
 
 namespace emulator
 {
-/// The registry under script: it begins with a seed, fails where a fault is ordered, and keeps a journal of requests.
+/// The registry as a test needs it: it begins with a seed, fails where a fault is ordered, and keeps a journal.
 class ScriptedRegistry
 {
 public:
@@ -22,9 +22,11 @@ public:
     Q_DISABLE_COPY_MOVE(ScriptedRegistry)
     ~ScriptedRegistry() = default;
 
-    /// The registry's answer, or what the fault that meets the request makes of it. The delivery refers to this object.
+    /// The registry's answer, or what the due fault makes of it. The delivery must not outlive this object.
     Delivery answer(const HttpRequest& request);
     /// The answer to bytes that are no request.
+    /// @param request has only the number of the connection
+    /// @param status  400, 413, 431 or 505
     Delivery answerUnreadable(const HttpRequest& request, int status);
 
     /// Takes the seed for reset(). Throws EmulatorError, and changes nothing, when the seed has a mistake.
@@ -33,7 +35,7 @@ public:
     void seed(const JsonNode& seed);
     /// Begins again with the seed, or with nothing when there is none: state, tokens, faults and journal.
     void reset();
-    /// Puts that many more active prescriptions on a card.
+    /// Puts more active prescriptions on a card.
     void fillCard(const QString& card, int count);
 
     FaultScript& faults() { return m_faults; }

@@ -5,12 +5,12 @@
 
 #include <QList>
 
-/// Doses are counted in hundredths, but travel as binary fractions.
+/// Doses have two decimals, but are sent as binary fractions.
 namespace emulator::doses
 {
 inline constexpr double tolerance = 0.005;
 
-/// Doses that were handed out and not taken back.
+/// The doses of all dispenses that are not cancelled.
 inline double handedOut(const QList<Dispense>& dispenses)
 {
     double sum = 0;

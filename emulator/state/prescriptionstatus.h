@@ -9,6 +9,6 @@ namespace emulator::prescriptionstatus
 {
 using namespace Qt::StringLiterals;
 inline const QString active = u"active"_s;
-inline const QString completed = u"completed"_s; ///< dispensed in full, or declared so by the pharmacy
+inline const QString completed = u"completed"_s; ///< dispensed in full, or declared final by the pharmacy
 inline const QStringList all{active, u"on-hold"_s, completed, u"entered-in-error"_s, u"stopped"_s, u"superceded"_s};
 } // namespace emulator::prescriptionstatus

@@ -23,12 +23,12 @@ public:
 
     /// True as long as there is neither a client nor a patient.
     bool isEmpty() const;
-    /// Replaces everything by the seed.
+    /// Replaces everything with the seed.
     void replace(const Seed& seed);
-    /// Adds prescriptions of patients that are known, all or none.
+    /// Adds prescriptions of known patients, all or none.
     void add(const QList<Prescription>& prescriptions);
     void add(const Patient& patient);
-    /// Adds what is not known yet under its id.
+    /// Does nothing when the id is known.
     void addUnlessKnown(const Practitioner& practitioner);
     void addUnlessKnown(const Payer& payer);
 
@@ -41,20 +41,21 @@ public:
     QHash<QString, Payer> payers() const;
     QStringList cards() const;
 
-    /// In the order in which they were put in; an empty status gives all.
+    /// In the order in which they were added.
+    /// @param status empty: all
     QList<Prescription> prescriptionsOfCard(const QString& card, const QString& status = {}) const;
     std::optional<Prescription> prescription(const QString& id) const;
 
-    /// The dispenses of a card's prescriptions, cancelled ones included, by prescription, oldest first.
+    /// The dispenses of a card, cancelled ones included, by prescription and oldest first.
     QHash<QString, QList<Dispense>> dispensesOfCard(const QString& card) const;
     QList<Dispense> dispensesOf(const QString& prescriptionId) const;
     std::optional<Dispense> dispense(const QString& id) const;
     /// Every dispense, oldest first.
     QList<Dispense> dispenses() const;
 
-    /// Adds the dispense and puts its prescription into that state, both or neither.
+    /// Adds the dispense and sets its prescription's status, both or neither.
     void book(const Dispense& dispense, const QString& prescriptionStatus);
-    /// Marks the dispense as cancelled and puts its prescription into that state, both or neither.
+    /// Marks the dispense as cancelled and sets its prescription's status, both or neither.
     void cancel(const QString& dispenseId, const QString& prescriptionStatus);
 
 private:

@@ -19,7 +19,7 @@ QDate isoDate(const JsonNode& node, const QString& key)
     return date;
 }
 
-/// A day that can be written as yyyy-MM-dd, too.
+/// A day that can also be written as yyyy-MM-dd.
 QDate daysAfter(const QDate& start, int days, const JsonNode& node, const QString& key)
 {
     const QDate date = start.addDays(days);

@@ -8,17 +8,17 @@
 
 namespace emulator
 {
-/// Reads a seed file; its form is described in docs/emulator.md. Days that a seed counts back ("writtenDaysAgo") are
-/// counted from `today`.
+/// Reads a seed; its form is described in docs/emulator.md.
 class SeedReader
 {
 public:
+    /// @param today the day from which "writtenDaysAgo" and its like count back
     explicit SeedReader(const QDate& today);
 
-    /// Throws EmulatorError that names the place of the first mistake.
+    /// Throws EmulatorError with the place of the first mistake.
     Seed read(const JsonNode& root);
 
-    /// The members of the "rules" object that are present, put over `rules`.
+    /// The rules, changed by the members of a "rules" object.
     static Rules rules(const JsonNode& node, Rules rules);
 
 private:

@@ -5,7 +5,7 @@
 
 namespace emulator
 {
-/// Puts `count` more prescriptions on a card, for measuring with long lists; a card that is not known yet gets a
-/// holder. All are active, written `today`, valid for a year, and differ in medicine, quantity and the patient's share.
+/// Puts `count` more prescriptions on a card, to measure long lists. A new card gets a holder. All prescriptions are
+/// active, written `today` and valid for a year; they differ in medicine, quantity and the patient's share.
 void addSyntheticPrescriptions(PrescriptionStore& store, const QString& card, int count, const QDate& today);
 } // namespace emulator

@@ -51,7 +51,7 @@ TEST_F(AdminApiTest, deletedJournal_isEmpty)
     EXPECT_TRUE(requests().isEmpty());
 }
 
-TEST_F(AdminApiTest, orderedFault_isPendingThenMeetsItsRequest)
+TEST_F(AdminApiTest, orderedFault_isPendingUntilItHitsItsRequest)
 {
     EXPECT_EQ(admin("POST", "/faults", R"({"fault": "status", "endpoint": "token", "status": 429})").status, 200);
     const QJsonArray pending = admin("GET", "/faults").json().value(u"faults"_s).toArray();
@@ -62,14 +62,14 @@ TEST_F(AdminApiTest, orderedFault_isPendingThenMeetsItsRequest)
     EXPECT_EQ(requests().first().toObject().value(u"fault"_s).toString(), u"status"_s);
 }
 
-TEST_F(AdminApiTest, deletedFaults_meetNothing)
+TEST_F(AdminApiTest, deletedFaults_hitNothing)
 {
     admin("POST", "/faults", R"({"fault": "close", "times": 0})");
     EXPECT_EQ(admin("DELETE", "/faults").status, 200);
     EXPECT_EQ(askForToken(goodForm()).status, 200);
 }
 
-TEST_F(AdminApiTest, mistakenFault_isRefusedWithItsPlace)
+TEST_F(AdminApiTest, malformedFault_isRefusedWithItsPlace)
 {
     const RawAnswer answer = admin("POST", "/faults", R"({"fault": "close", "endpoint": "moon"})");
     EXPECT_EQ(answer.status, 400);
@@ -107,7 +107,7 @@ TEST_F(AdminApiTest, seed_replacesState)
     EXPECT_EQ(m_emulator->store().cards(), QStringList{u"7"_s});
 }
 
-TEST_F(AdminApiTest, mistakenSeed_isRefusedWithItsPlace)
+TEST_F(AdminApiTest, seedWithMistake_isRefusedWithItsPlace)
 {
     const RawAnswer answer = admin("POST", "/seed", R"({"patients": [{}]})");
     EXPECT_EQ(answer.status, 400);
@@ -115,7 +115,7 @@ TEST_F(AdminApiTest, mistakenSeed_isRefusedWithItsPlace)
     EXPECT_EQ(m_emulator->store().cards().size(), 3);
 }
 
-TEST_F(AdminApiTest, reset_takesDispensesBack)
+TEST_F(AdminApiTest, reset_forgetsDispenses)
 {
     ASSERT_EQ(registerDispense(fullPriceDispense()).status, 200);
     EXPECT_EQ(admin("POST", "/reset").status, 200);

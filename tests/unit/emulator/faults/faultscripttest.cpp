@@ -16,7 +16,7 @@ using emulator::Occasion;
 
 namespace
 {
-QString metBy(FaultScript& script, Endpoint endpoint)
+QString faultHitting(FaultScript& script, Endpoint endpoint)
 {
     const auto order = script.takeFor(endpoint);
     return order ? order->name : QString();
@@ -38,61 +38,61 @@ QString mistakeIn(const char* json)
 }
 } // namespace
 
-TEST(FaultScript, withoutOrders_meetsNothing)
+TEST(FaultScript, withoutOrders_hitsNothing)
 {
     FaultScript script;
     EXPECT_EQ(script.takeFor(Endpoint::Token), std::nullopt);
 }
 
-TEST(FaultScript, plainOrder_meetsNextRequestOnly)
+TEST(FaultScript, plainOrder_hitsNextRequestOnly)
 {
     FaultScript script;
     script.closeBeforeAnswer(Endpoint::Token);
-    EXPECT_EQ(metBy(script, Endpoint::PrescriptionsByCard), QString());
-    EXPECT_EQ(metBy(script, Endpoint::Token), u"close"_s);
-    EXPECT_EQ(metBy(script, Endpoint::Token), QString());
+    EXPECT_EQ(faultHitting(script, Endpoint::PrescriptionsByCard), QString());
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), u"close"_s);
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), QString());
     EXPECT_TRUE(script.pending().isEmpty());
 }
 
-TEST(FaultScript, orderForAny_meetsWhateverComes)
+TEST(FaultScript, orderForAny_hitsWhateverComes)
 {
     FaultScript script;
     script.closeBeforeAnswer(Endpoint::Any, Occasion::next(2));
-    EXPECT_EQ(metBy(script, Endpoint::Unknown), u"close"_s);
-    EXPECT_EQ(metBy(script, Endpoint::DispenseRegistration), u"close"_s);
-    EXPECT_EQ(metBy(script, Endpoint::Token), QString());
+    EXPECT_EQ(faultHitting(script, Endpoint::Unknown), u"close"_s);
+    EXPECT_EQ(faultHitting(script, Endpoint::DispenseRegistration), u"close"_s);
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), QString());
 }
 
 TEST(FaultScript, nthOrder_countsRequestsOfItsEndpoint)
 {
     FaultScript script;
     script.resetBeforeAnswer(Endpoint::Token, Occasion::nth(3));
-    EXPECT_EQ(metBy(script, Endpoint::Token), QString());
-    EXPECT_EQ(metBy(script, Endpoint::PrescriptionsByCard), QString());
-    EXPECT_EQ(metBy(script, Endpoint::Token), QString());
-    EXPECT_EQ(metBy(script, Endpoint::Token), u"reset"_s);
-    EXPECT_EQ(metBy(script, Endpoint::Token), QString());
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), QString());
+    EXPECT_EQ(faultHitting(script, Endpoint::PrescriptionsByCard), QString());
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), QString());
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), u"reset"_s);
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), QString());
 }
 
-TEST(FaultScript, nthOrder_countsRequestsThatAnotherFaultMeets)
+TEST(FaultScript, nthOrder_countsRequestsThatAnotherFaultHits)
 {
     FaultScript script;
     script.closeBeforeAnswer(Endpoint::Token);
     script.resetBeforeAnswer(Endpoint::Token, Occasion::nth(2));
-    EXPECT_EQ(metBy(script, Endpoint::Token), u"close"_s);
-    EXPECT_EQ(metBy(script, Endpoint::Token), u"reset"_s);
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), u"close"_s);
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), u"reset"_s);
 }
 
-TEST(FaultScript, severalDueOrders_meetOneRequestEachOldestFirst)
+TEST(FaultScript, severalDueOrders_hitOneRequestEachOldestFirst)
 {
     FaultScript script;
     script.closeBeforeAnswer(Endpoint::Token);
     script.resetBeforeAnswer(Endpoint::Any);
     script.neverAnswer(Endpoint::Token);
-    EXPECT_EQ(metBy(script, Endpoint::Token), u"close"_s);
-    EXPECT_EQ(metBy(script, Endpoint::Token), u"reset"_s);
-    EXPECT_EQ(metBy(script, Endpoint::Token), u"never"_s);
-    EXPECT_EQ(metBy(script, Endpoint::Token), QString());
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), u"close"_s);
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), u"reset"_s);
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), u"never"_s);
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), QString());
 }
 
 TEST(FaultScript, orderForEveryTime_lastsUntilCleared)
@@ -100,10 +100,10 @@ TEST(FaultScript, orderForEveryTime_lastsUntilCleared)
     FaultScript script;
     script.closeBeforeAnswer(Endpoint::Token, Occasion::always());
     for (int request = 0; request < 5; ++request) {
-        EXPECT_EQ(metBy(script, Endpoint::Token), u"close"_s);
+        EXPECT_EQ(faultHitting(script, Endpoint::Token), u"close"_s);
     }
     script.clear();
-    EXPECT_EQ(metBy(script, Endpoint::Token), QString());
+    EXPECT_EQ(faultHitting(script, Endpoint::Token), QString());
 }
 
 TEST(FaultOrder, everyName_isReadFromJson)
@@ -140,7 +140,7 @@ TEST(FaultOrder, nth_isOneRequest)
     EXPECT_TRUE(order.isCarriedOut);
 }
 
-TEST(FaultOrder, ownAnswer_isPutTogether)
+TEST(FaultOrder, ownAnswer_isReadWithStatusBodyAndType)
 {
     const auto issue = read(R"({"fault": "status", "status": 401, "issue": "Нет"})").answer;
     ASSERT_TRUE(issue.has_value());
@@ -153,7 +153,7 @@ TEST(FaultOrder, ownAnswer_isPutTogether)
     EXPECT_EQ(body->contentType, "text/plain");
 }
 
-TEST(FaultOrder, mistakes_areToldWithTheirPlace)
+TEST(FaultOrder, mistakes_areReportedWithTheirPlace)
 {
     EXPECT_TRUE(mistakeIn("{}").startsWith(u"fault: "_s));
     EXPECT_TRUE(mistakeIn(R"({"fault": "explode"})").startsWith(u"fault: one of these is expected: delay"_s));

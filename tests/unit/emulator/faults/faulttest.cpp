@@ -12,7 +12,7 @@ using std::chrono::milliseconds;
 
 namespace
 {
-/// Faults at the registration of a dispense, where it matters most whether a request was carried out.
+/// Faults of the registration, where it matters most whether a request is carried out.
 class FaultTest : public EmulatorTest
 {
 protected:
@@ -21,7 +21,7 @@ protected:
     {
     }
 
-    /// Sends a registration on a connection of its own and gives that connection.
+    /// Sends a registration on a connection of its own, and returns the connection.
     std::unique_ptr<RawConnection> sendRegistration()
     {
         auto connection = std::make_unique<RawConnection>(m_emulator->url());
@@ -30,7 +30,7 @@ protected:
         return connection;
     }
 
-    /// Sends a registration and tells how the connection ends.
+    /// Sends a registration, and returns how the connection ends.
     End endAfterRegistration()
     {
         return endAfter(m_emulator->url(),
@@ -129,7 +129,7 @@ TEST_F(FaultTest, carriedOutThenReset_isBooked)
     EXPECT_EQ(booked(), 1);
 }
 
-TEST_F(FaultTest, cutOffAnswer_tellsWholeLengthAndSendsHalf)
+TEST_F(FaultTest, cutOffAnswer_statesWholeLengthAndSendsHalf)
 {
     m_emulator->faults().cutAnswerOff(Endpoint::DispenseRegistration);
     const auto connection = sendRegistration();
@@ -180,7 +180,7 @@ TEST_F(FaultTest, statusWithIssue_carriesItsText)
     EXPECT_EQ(booked(), 0);
 }
 
-TEST_F(FaultTest, html_comesAsHtmlWithStatus200)
+TEST_F(FaultTest, htmlFault_isHtmlWithStatus200)
 {
     m_emulator->faults().answerHtml(Endpoint::DispenseRegistration);
     const auto answer = sendRegistration()->answer();
@@ -223,7 +223,7 @@ TEST_F(FaultTest, ownBody_isSentAsItIs)
     EXPECT_EQ(booked(), 0);
 }
 
-TEST_F(FaultTest, faultOfOneEndpoint_leavesOthersAlone)
+TEST_F(FaultTest, faultOfOneEndpoint_sparesTheOthers)
 {
     m_emulator->faults().answerStatus(Endpoint::DispenseCancellation, 503);
     EXPECT_EQ(sendRegistration()->answer().value_or(RawAnswer()).status, 200);
@@ -231,7 +231,7 @@ TEST_F(FaultTest, faultOfOneEndpoint_leavesOthersAlone)
     EXPECT_EQ(cancelDispense("x").status, 404);
 }
 
-TEST_F(FaultTest, faultOfToken_meetsTokenRequest)
+TEST_F(FaultTest, faultOfToken_hitsTokenRequests)
 {
     m_emulator->faults().answerStatus(Endpoint::Token, 503, Occasion::next(2));
     EXPECT_EQ(askForToken(goodForm()).status, 503);

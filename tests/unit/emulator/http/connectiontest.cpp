@@ -46,7 +46,7 @@ TEST_F(ConnectionTest, severalRequests_shareOneConnection)
     EXPECT_EQ(m_emulator->connectionCount(), 1);
 }
 
-TEST_F(ConnectionTest, pipelinedRequests_areAnsweredInOrderAlsoWhenTheFirstIsSlow)
+TEST_F(ConnectionTest, pipelinedRequests_areAnsweredInOrderEvenIfTheFirstIsSlow)
 {
     m_emulator->faults().delay(emulator::Endpoint::Any, std::chrono::milliseconds(50));
     m_emulator->faults().answerStatus(emulator::Endpoint::Any, 418, emulator::Occasion::nth(2));
@@ -74,7 +74,7 @@ TEST_F(ConnectionTest, requestInPieces_isReadWhole)
     EXPECT_EQ(m_emulator->journal().entries().last().body, "abc");
 }
 
-TEST_F(ConnectionTest, chunkedBody_isReadWithoutItsCoding)
+TEST_F(ConnectionTest, chunkedBody_isReadWithoutItsTransferCoding)
 {
     RawConnection connection(m_emulator->url());
     connection.send(
@@ -83,7 +83,7 @@ TEST_F(ConnectionTest, chunkedBody_isReadWithoutItsCoding)
     EXPECT_EQ(m_emulator->journal().entries().last().body, "abcde");
 }
 
-TEST_F(ConnectionTest, expectContinue_isToldToGoOnBeforeTheBody)
+TEST_F(ConnectionTest, expectContinue_isAnsweredBeforeTheBody)
 {
     RawConnection connection(m_emulator->url());
     connection.send("POST /x HTTP/1.1\r\nHost: x\r\nExpect: 100-continue\r\nContent-Length: 3\r\n\r\n");
@@ -121,7 +121,7 @@ TEST_F(ConnectionTest, headRequest_isAnsweredWithoutBody)
     EXPECT_EQ(connection.answer().value_or(RawAnswer()).status, 404);
 }
 
-TEST_F(ConnectionTest, wrongMethod_isRefusedAndToldTheRightOne)
+TEST_F(ConnectionTest, wrongMethod_isRefusedWithTheRightOne)
 {
     for (const auto& [method, target, right] :
          {std::tuple("GET", "/connect/token", "POST"), std::tuple("POST", "/MedicationPrescription/$by-card", "GET"),
@@ -170,13 +170,13 @@ TEST_F(ConnectionTest, tooLargeBody_isRefusedWhileItsSenderIsStillSending)
                      RefusalCode::BodyTooLarge);
 }
 
-TEST_F(ConnectionTest, largestBody_isTaken)
+TEST_F(ConnectionTest, largestBody_isAccepted)
 {
     EXPECT_EQ(ask("POST", "/x", {}, QByteArray(qsizetype(RequestParser::bodyLimit), 'a')).status, 404);
     EXPECT_EQ(m_emulator->journal().entries().last().body.size(), qsizetype(RequestParser::bodyLimit));
 }
 
-TEST_F(ConnectionTest, requestBrokenOffByClient_isNoRequest)
+TEST_F(ConnectionTest, requestAbortedByClient_isNotInTheJournal)
 {
     {
         RawConnection connection(m_emulator->url());
@@ -187,7 +187,7 @@ TEST_F(ConnectionTest, requestBrokenOffByClient_isNoRequest)
     EXPECT_EQ(m_emulator->journal().entries().size(), 1);
 }
 
-TEST_F(ConnectionTest, thousandConnections_areServedSideBySide)
+TEST_F(ConnectionTest, thousandConnections_areServedAtOnce)
 {
     std::vector<std::unique_ptr<RawConnection>> connections;
     for (int number = 0; number < 1000; ++number) {

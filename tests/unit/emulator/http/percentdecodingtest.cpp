@@ -30,17 +30,17 @@ TEST(PercentDecoding, encodedPercentSign_isDecodedOnce)
     EXPECT_EQ(decodePercent("%2541"), u"%41"_s);
 }
 
-TEST(PercentDecoding, bothCasesOfHexadecimalDigits_giveCyrillic)
+TEST(PercentDecoding, hexadecimalDigitsOfBothCases_areDecoded)
 {
     EXPECT_EQ(decodePercent("%D1%91%d0%af"), u"ёЯ"_s);
 }
 
-TEST(PercentDecoding, valueWithEqualsSign_isPartedAtFirstOne)
+TEST(PercentDecoding, valueWithEqualsSign_beginsAfterTheFirstOne)
 {
     EXPECT_EQ(decodeQuery("a=b=c"), (DecodedPairs{{u"a"_s, u"b=c"_s}}));
 }
 
-TEST(PercentDecoding, semicolon_partsNothing)
+TEST(PercentDecoding, semicolon_separatesNothing)
 {
     EXPECT_EQ(decodeQuery("a=1;b=2"), (DecodedPairs{{u"a"_s, u"1;b=2"_s}}));
 }

@@ -59,7 +59,7 @@ TEST_F(TlsTest, registryWithCertificate_speaksHttpsOverTls12OrNewer)
     EXPECT_EQ(m_emulator->connectionCount(), 1);
 }
 
-TEST_F(TlsTest, faults_meetRequestsOverTlsToo)
+TEST_F(TlsTest, faults_hitRequestsOverTlsToo)
 {
     m_emulator->faults().cutAnswerOff(emulator::Endpoint::Any);
     m_emulator->faults().closeBeforeAnswer(emulator::Endpoint::Any);
@@ -74,7 +74,7 @@ TEST_F(TlsTest, faults_meetRequestsOverTlsToo)
     EXPECT_EQ(m_emulator->journal().entries().size(), 3);
 }
 
-TEST_F(TlsTest, plainRequestToTlsPort_isNoRequest)
+TEST_F(TlsTest, plainRequestToTlsPort_isNotInTheJournal)
 {
     QUrl url = m_emulator->url();
     url.setScheme(u"http"_s);
@@ -84,7 +84,7 @@ TEST_F(TlsTest, plainRequestToTlsPort_isNoRequest)
     EXPECT_TRUE(m_emulator->journal().entries().isEmpty());
 }
 
-TEST_F(TlsTest, missingOrForeignFiles_areTold)
+TEST_F(TlsTest, unusableFiles_areReported)
 {
     const QString certificate = m_certificate.certificateFile();
     const QString key = m_certificate.keyFile();

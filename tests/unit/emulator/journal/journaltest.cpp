@@ -11,7 +11,7 @@ class JournalOfEmulator : public EmulatorTest
 {
 };
 
-TEST_F(JournalOfEmulator, request_isKeptAsItStoodOnTheWire)
+TEST_F(JournalOfEmulator, request_isKeptAsItWasOnTheWire)
 {
     const RawAnswer answer =
         ask("POST", "/connect/token?a=%2B+b", {{"X-Odd", "a  b"}, {"x-odd", "second"}}, "gr%61nt=1");
@@ -34,7 +34,7 @@ TEST_F(JournalOfEmulator, request_isKeptAsItStoodOnTheWire)
     EXPECT_EQ(entry.fault, QString());
 }
 
-TEST_F(JournalOfEmulator, connections_haveNumbers)
+TEST_F(JournalOfEmulator, requestsOfOneConnection_haveItsNumber)
 {
     RawConnection first(m_emulator->url());
     first.request("GET", "/a");
@@ -49,7 +49,7 @@ TEST_F(JournalOfEmulator, connections_haveNumbers)
     EXPECT_EQ(connections, (QList<quint64>{1, 2, 1}));
 }
 
-TEST_F(JournalOfEmulator, largeAnswer_countsAsWholeWhenItsLastByteIsGone)
+TEST_F(JournalOfEmulator, largeAnswer_countsAsWholeWhenItsLastByteIsSent)
 {
     m_emulator->fillCard(u"1100777"_s, 3000);
     const auto headers = admitted();
@@ -76,7 +76,7 @@ TEST(Journal, numbers_goOnAfterClearing)
     EXPECT_TRUE(journal.entries().first().answeredWhole);
 }
 
-TEST(Journal, endpoints_areCountedApart)
+TEST(Journal, endpoints_areCountedSeparately)
 {
     Journal journal;
     JournalEntry entry;

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 using emulator::Endpoint;
 using emulator::Router;
 
-TEST(Router, eachOperation_hasItsPathAndMethod)
+TEST(Router, eachOperation_isFoundByItsPathWithItsMethod)
 {
     const Router router;
     EXPECT_EQ(router.find("/connect/token").endpoint, Endpoint::Token);

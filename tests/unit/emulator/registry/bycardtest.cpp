@@ -68,7 +68,7 @@ TEST_F(ByCardTest, emptyStatus_givesAllPrescriptionsInOrder)
               (QStringList{"rx-full", "rx-half", "rx-inn", "rx-free", "rx-expired", "rx-stopped"}));
 }
 
-TEST_F(ByCardTest, missingStatus_isAsEmptyOne)
+TEST_F(ByCardTest, missingStatus_givesAllPrescriptions)
 {
     EXPECT_EQ(prescriptionIds(byCard("?patientIdentifier=1100")).size(), 6);
 }
@@ -96,7 +96,7 @@ TEST_F(ByCardTest, cardWithoutPrescriptions_givesBundleWithoutEntry)
     EXPECT_FALSE(answer.json().contains(u"entry"_s));
 }
 
-TEST_F(ByCardTest, patient_standsOnceBesidePrescriptions)
+TEST_F(ByCardTest, patient_isThereOnceBesidePrescriptions)
 {
     const QList<QJsonObject> patients = resources(byCard("?patientIdentifier=1100&status=").json(), u"Patient"_s);
     ASSERT_EQ(patients.size(), 1);
@@ -107,7 +107,7 @@ TEST_F(ByCardTest, patient_standsOnceBesidePrescriptions)
     EXPECT_EQ(name.value(u"given"_s), (QJsonArray{u"Пётр"_s, u"Петрович"_s}));
 }
 
-TEST_F(ByCardTest, prescription_carriesItsData)
+TEST_F(ByCardTest, prescription_hasItsData)
 {
     const QJsonObject prescription = prescriptionIn(bundleOf(u"rx-half"_s));
     const auto member = [&](const char* name) { return prescription.value(QLatin1StringView(name)); };
@@ -239,7 +239,7 @@ TEST_F(ByCardTest, unknownStatus_isRefused)
     expectRefusal(answer, RefusalCode::StatusUnknown, {u"Active"_s});
 }
 
-TEST_F(ByCardTest, parameterThatStandsTwice_isRefused)
+TEST_F(ByCardTest, parameterThatOccursTwice_isRefused)
 {
     const RawAnswer answer = byCard("?patientIdentifier=1100&patientIdentifier=1101");
     expectRefusal(answer, RefusalCode::QueryParameterTwice, {u"patientIdentifier"_s});
@@ -251,7 +251,7 @@ TEST_F(ByCardTest, badPercentEncoding_isRefused)
     expectRefusal(answer, RefusalCode::QueryUndecodable);
 }
 
-TEST_F(ByCardTest, filledCard_answersThatManyDifferentPrescriptions)
+TEST_F(ByCardTest, filledCard_hasAsManyDifferentPrescriptions)
 {
     m_emulator->fillCard(u"1100777"_s, 1000);
     m_emulator->fillCard(u"1100777"_s, 10);

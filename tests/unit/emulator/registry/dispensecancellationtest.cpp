@@ -25,7 +25,7 @@ protected:
 };
 } // namespace
 
-TEST_F(DispenseCancellationTest, cancellation_isAnsweredWithErroneousDispense)
+TEST_F(DispenseCancellationTest, cancellation_isAnsweredWithDispenseEnteredInError)
 {
     const QByteArray id = bookFinal();
     const RawAnswer answer = cancelDispense(id);
@@ -41,7 +41,7 @@ TEST_F(DispenseCancellationTest, cancellation_isAnsweredWithErroneousDispense)
     EXPECT_TRUE(m_emulator->store().dispense(QString::fromUtf8(id))->isCancelled);
 }
 
-TEST_F(DispenseCancellationTest, cancelledFinalDispense_givesPrescriptionBack)
+TEST_F(DispenseCancellationTest, cancelledFinalDispense_makesPrescriptionActiveAgain)
 {
     ASSERT_EQ(cancelDispense(bookFinal()).status, 200);
     EXPECT_EQ(statusOf(u"rx-full"_s), u"active"_s);
@@ -57,7 +57,7 @@ TEST_F(DispenseCancellationTest, cancelledDoses_canBeDispensedAgain)
     EXPECT_EQ(registerDispense(fullPriceDispense()).status, 200);
 }
 
-TEST_F(DispenseCancellationTest, cancelledPartOfFinallyDispensedPrescription_leavesItCompleted)
+TEST_F(DispenseCancellationTest, cancelledPartBeforeFinalDispense_leavesPrescriptionCompleted)
 {
     const QByteArray part = idOfDispense(registerDispense(fullPriceDispense())).toUtf8();
     bookFinal();

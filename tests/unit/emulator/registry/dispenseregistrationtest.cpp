@@ -10,7 +10,7 @@ using emulator::RefusalCode;
 
 namespace
 {
-/// Paths into a document of the fixture, with what stands there.
+/// Paths into a document of the fixture.
 const QString dispenseAt = u"parameter.0.resource."_s;
 const QString claimAt = u"parameter.1.resource."_s;
 
@@ -108,7 +108,7 @@ TEST_F(DispenseRegistrationTest, lastDoses_completePrescription)
     EXPECT_EQ(statusOf(u"rx-full"_s), u"completed"_s);
 }
 
-TEST_F(DispenseRegistrationTest, earlierDispenses_countToo)
+TEST_F(DispenseRegistrationTest, lastDosesAfterSeededDispenses_completePrescription)
 {
     ASSERT_EQ(registerDispense(doses(halfPriceDispense(), 30)).status, 200);
     EXPECT_EQ(statusOf(u"rx-half"_s), u"completed"_s);
@@ -154,7 +154,7 @@ TEST_F(DispenseRegistrationTest, expiredPrescription_isRefused)
                   {u"rx-expired"_s, u"10.03.2024"_s});
 }
 
-TEST_F(DispenseRegistrationTest, lastDayOfValidity_stillCounts)
+TEST_F(DispenseRegistrationTest, dispenseOnLastDayOfValidity_isAccepted)
 {
     m_now = QDateTime(QDate(2024, 4, 14), QTime(23, 59, 59));
     EXPECT_EQ(registerDispense(fullPriceDispense()).status, 200);
@@ -184,7 +184,7 @@ TEST_F(DispenseRegistrationTest, moreThanIsLeft_isRefused)
                   {u"rx-half"_s, u"30.00"_s, u"31.00"_s});
 }
 
-TEST_F(DispenseRegistrationTest, codeOfAnyCodingOfMedicine_willDo)
+TEST_F(DispenseRegistrationTest, codeOfAnyCodingOfMedicine_isAccepted)
 {
     for (const char* code : {"1001", "TN-1", "J01CA04"}) {
         const QJsonObject document =
@@ -204,7 +204,7 @@ TEST_F(DispenseRegistrationTest, emptyMedicineCode_isRefusedWhereTradeNameIsPres
     expectRefused(ofPrescription(fullPriceDispense(), u"rx-full"_s, QString()), RefusalCode::MedicationCodeMissing);
 }
 
-TEST_F(DispenseRegistrationTest, emptyMedicineCode_willDoWhereNoTradeNameIsPrescribed)
+TEST_F(DispenseRegistrationTest, emptyMedicineCode_isAcceptedWhereNoTradeNameIsPrescribed)
 {
     EXPECT_EQ(registerDispense(ofPrescription(fullPriceDispense(), u"rx-inn"_s, QString())).status, 200);
 }
@@ -236,7 +236,7 @@ TEST_F(DispenseRegistrationTest, unknownOrOtherPayer_isRefused)
     expectRefused(with(halfPriceDispense(), payer, u"Organization/payer-2"_s), RefusalCode::PayerWrong);
 }
 
-TEST_F(DispenseRegistrationTest, amountsThatFit_areTaken)
+TEST_F(DispenseRegistrationTest, amountsThatFit_areAccepted)
 {
     for (const auto& [unitPrice, net] : {std::pair(20.0, 10.0), std::pair(0.02, 0.01), std::pair(12345.68, 6172.84),
                                          std::pair(20.01, 10.0), std::pair(20.01, 10.01), std::pair(0.0, 0.0)}) {
@@ -263,7 +263,7 @@ TEST_F(DispenseRegistrationTest, payerOfAll_paysPriceToTheCent)
     EXPECT_EQ(registerDispense(free(7.35, 7.35)).status, 200);
 }
 
-TEST_F(DispenseRegistrationTest, shareThatIsNotThePrescriptions_isRefused)
+TEST_F(DispenseRegistrationTest, shareOtherThanPrescribed_isRefused)
 {
     expectRefused(amounts(20, 0.51, 10.2), RefusalCode::FactorWrong);
     expectRefused(amounts(20, 1, 20), RefusalCode::FactorWrong);

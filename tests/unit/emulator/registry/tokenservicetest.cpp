@@ -12,7 +12,7 @@ namespace
 class TokenServiceTest : public EmulatorTest
 {
 protected:
-    void demandOais()
+    void requireOais()
     {
         auto rules = m_emulator->store().rules();
         rules.oaisToken = u"second"_s;
@@ -35,7 +35,7 @@ TEST_F(TokenServiceTest, goodRequest_getsBearerTokenWithLifetimeAndScope)
     EXPECT_EQ(answer.json().value(u"scope"_s).toString(), u"read dispense"_s);
 }
 
-TEST_F(TokenServiceTest, everyRequest_getsTokenOfItsOwn)
+TEST_F(TokenServiceTest, everyRequest_getsATokenOfItsOwn)
 {
     EXPECT_NE(askForToken(goodForm()).json().value(u"access_token"_s),
               askForToken(goodForm()).json().value(u"access_token"_s));
@@ -115,9 +115,9 @@ TEST_F(TokenServiceTest, bodyThatIsNoForm_isRefused)
     expectRefusal(answer, RefusalCode::TokenRequestNoForm);
 }
 
-TEST_F(TokenServiceTest, missingOaisToken_isRefusedWhereItIsDemanded)
+TEST_F(TokenServiceTest, missingOaisToken_isRefusedWhereItIsRequired)
 {
-    demandOais();
+    requireOais();
     const RawAnswer answer = askForToken(goodForm());
     EXPECT_EQ(error(answer), u"invalid_client"_s);
     EXPECT_EQ(answer.header("WWW-Authenticate"), "Bearer");
@@ -126,14 +126,14 @@ TEST_F(TokenServiceTest, missingOaisToken_isRefusedWhereItIsDemanded)
 
 TEST_F(TokenServiceTest, wrongOaisToken_isRefused)
 {
-    demandOais();
+    requireOais();
     const RawAnswer answer = askForToken(goodForm(), {{"Authorization", "Bearer first"}});
     expectRefusal(answer, RefusalCode::TokenRequestOaisWrong);
 }
 
 TEST_F(TokenServiceTest, rightOaisTokens_areAdmitted)
 {
-    demandOais();
+    requireOais();
     const RawAnswer token = askForToken(goodForm(), {{"Authorization", "Bearer second"}});
     ASSERT_EQ(token.status, 200);
     const QByteArray bearer = "Bearer " + token.json().value(u"access_token"_s).toString().toLatin1();
@@ -146,7 +146,7 @@ TEST_F(TokenServiceTest, rightOaisTokens_areAdmitted)
 TEST_F(TokenServiceTest, resourceRequestWithoutOrWithWrongOaisToken_isRefused)
 {
     emulator::HttpHeaders headers = admitted();
-    demandOais();
+    requireOais();
     const QByteArray target = "/MedicationPrescription/$by-card?patientIdentifier=1100";
     const RawAnswer without = ask("GET", target, headers);
     expectRefusal(without, RefusalCode::OaisMissing);
@@ -174,7 +174,7 @@ TEST_F(TokenServiceTest, inventedToken_isRefused)
     expectRefusal(answer, RefusalCode::TokenUnknown);
 }
 
-TEST_F(TokenServiceTest, tokenAtEndOfItsLifetime_isRefused)
+TEST_F(TokenServiceTest, tokenAtTheEndOfItsLifetime_isRefused)
 {
     const emulator::HttpHeaders headers = admitted();
     m_now = m_now.addSecs(3599);

@@ -25,7 +25,7 @@ TEST_F(ScriptedRegistryTest, reset_beginsAgainWithTheSeed)
     expectRefusal(answer, emulator::RefusalCode::TokenExpired);
 }
 
-TEST_F(ScriptedRegistryTest, badSeed_leavesStateAsItWas)
+TEST_F(ScriptedRegistryTest, seedWithMistake_leavesStateAsItWas)
 {
     EXPECT_THROW(m_emulator->seed("{\"patients\": 1}"), emulator::EmulatorError);
     m_emulator->reset();

@@ -64,7 +64,7 @@ protected:
 };
 } // namespace
 
-TEST_F(DataFile, newFile_hasThePresentSchemaVersion)
+TEST_F(DataFile, newFile_hasTheCurrentSchemaVersion)
 {
     {
         const PrescriptionStore store(m_file);
@@ -152,7 +152,7 @@ TEST_F(DataFile, unversionedFile_keepsDispensesAndTheirDocuments)
     EXPECT_TRUE(all.at(2).claim.contains("\"resourceType\":\"Claim\"")) << all.at(2).claim.constData();
 }
 
-TEST_F(DataFile, unversionedFile_takesDispensesAndCancellations)
+TEST_F(DataFile, unversionedFile_acceptsDispensesAndCancellations)
 {
     writeUnversioned();
     {

@@ -26,7 +26,7 @@ protected:
 };
 } // namespace
 
-TEST_F(PersistenceTest, dispenses_outliveTheEmulator)
+TEST_F(PersistenceTest, dispensesAndRules_outliveTheEmulator)
 {
     restart();
     EXPECT_TRUE(m_emulator->store().isEmpty());
@@ -57,7 +57,7 @@ TEST_F(PersistenceTest, token_doesNotOutliveTheEmulator)
     EXPECT_EQ(ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", headers).status, 401);
 }
 
-TEST_F(PersistenceTest, folderAsDataFile_isTold)
+TEST_F(PersistenceTest, folderAsDataFile_isReported)
 {
     emulator::EmulatorSettings settings;
     settings.dataFile = m_folder.path();

@@ -31,7 +31,7 @@ QString mistakeIn(const QByteArray& json)
     return {};
 }
 
-/// A seed with one prescription, in whose text one part is replaced.
+/// A seed with one prescription, in which one part of the text is replaced.
 QByteArray seed(const QByteArray& part = {}, const QByteArray& replacement = {})
 {
     QByteArray json = R"({
@@ -74,7 +74,7 @@ TEST(SeedReader, defaults_areThoseOfAnOrdinaryPrescription)
     EXPECT_EQ(prescription.card, u"2"_s);
 }
 
-TEST(SeedReader, emptySeed_isEmptyRegistry)
+TEST(SeedReader, emptySeed_givesEmptyRegistry)
 {
     const Seed result = readSeed("{}");
     EXPECT_TRUE(result.clients.isEmpty());
@@ -82,7 +82,7 @@ TEST(SeedReader, emptySeed_isEmptyRegistry)
     EXPECT_EQ(result.rules.tokenLifetime, 3600);
 }
 
-TEST(SeedReader, sameReader_readsSecondSeedAfresh)
+TEST(SeedReader, sameReader_readsSecondSeedWithoutTheFirst)
 {
     SeedReader reader(today);
     reader.read(JsonNode::parse(seed("", "")));
@@ -117,7 +117,7 @@ class SeedMistake : public ::testing::TestWithParam<Mistake>
 {
 };
 
-TEST_P(SeedMistake, isToldWithItsPlace)
+TEST_P(SeedMistake, isReportedWithItsPlace)
 {
     EXPECT_EQ(mistakeIn(seed(GetParam().part, GetParam().replacement)), QString::fromUtf16(GetParam().message));
 }
@@ -164,14 +164,14 @@ INSTANTIATE_TEST_SUITE_P(
             u"patients[1].prescriptions[0].dispenses[0].handedOver: either this or \"handedOverDaysAgo\" is expected"}),
     [](const auto& row) { return row.param.name; });
 
-TEST(SeedReader, brokenJson_isToldWithLineAndColumn)
+TEST(SeedReader, brokenJson_isReportedWithLineAndColumn)
 {
     EXPECT_TRUE(mistakeIn("{\n\"payers\": [],\n  oops}").startsWith(u"no JSON, line 3, column "_s));
     EXPECT_TRUE(mistakeIn("").startsWith(u"no JSON, line 1, column 1"_s));
     EXPECT_EQ(mistakeIn("[]"), u"an object is expected"_s);
 }
 
-TEST(DemoSeed, cards_showWhatTheDemoPromises)
+TEST(DemoSeed, cards_showWhatTheirTablePromises)
 {
     emulator::PrescriptionStore store;
     const QDate anyDay(2031, 7, 4);
