@@ -4,6 +4,7 @@
 #include "delivery.h"
 #include "faultscript.h"
 #include "journal.h"
+#include "jsonnode.h"
 #include "prescriptionstore.h"
 #include "registryapi.h"
 
