@@ -11,8 +11,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::Literals::StringLiterals;
-
 namespace
 {
 

@@ -7,8 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::Literals::StringLiterals;
-
 namespace
 {
 

@@ -20,8 +20,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::Literals::StringLiterals;
-
 namespace
 {
 
