@@ -3,7 +3,7 @@
 #include "dialog.h"
 #include "electronicprescriptionservice.h"
 #include "goodsitem.h"
-#include "prescriptionposition.h"
+#include "positionoptions.h"
 #include "prescriptiontexts.h"
 
 #include <log4qt/logger.h>
