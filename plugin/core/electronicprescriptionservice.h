@@ -241,6 +241,11 @@ private:
     /// The document keeps the card number under the class's name and this key.
     static constexpr QLatin1StringView cardNumberKey{"cardNumber"};
 
+    // Life cycle: core/lifecycle.cpp
+
+    /// A saved document has become current; null: the event carried none.
+    void takeOver(const QSharedPointer<AbstractDocument>& document);
+
     // Look-up of a card's prescriptions: intake/prescriptionlookup.cpp
 
     /// One bundle always makes one prescription, also without a "MedicationPrescription" resource in it.

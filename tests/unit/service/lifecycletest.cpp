@@ -226,6 +226,18 @@ TEST_P(ReceiptEvent, openedClosedOrCancelled_forgetsTheReceipt)
     EXPECT_TRUE(isCleared());
 }
 
+/// Only a saved receipt that becomes current gives its card number.
+TEST_P(ReceiptEvent, carriesADocumentWithACard_forgetsTheCardAllTheSame)
+{
+    receipt->setPluginValue("ElectronicPrescriptionService", "cardNumber", "4477");
+    fillState();
+
+    service.handleEvent(Event(EActivityListener::Event(GetParam()))
+                            .addArgument("document", QVariant::fromValue(QSharedPointer<AbstractDocument>(receipt))));
+
+    EXPECT_TRUE(isCleared());
+}
+
 TEST_P(ReceiptEvent, openedClosedOrCancelled_clearsThroughTheObject)
 {
     ServiceWithSteps withSteps;
@@ -315,6 +327,58 @@ TEST_F(LifeCycle, restoredDocumentIsTheOneOfTheEvent_notTheCurrentOne)
     EXPECT_EQ(service.lastCardNumber, "of the restored one");
 }
 
+/// Putting a receipt aside sends no event; the next one that becomes current is another one.
+TEST_F(LifeCycle, anotherReceiptTakenUp_forgetsWhatWasLookedUpBefore)
+{
+    receipt->setPluginValue("ElectronicPrescriptionService", "cardNumber", "77");
+    fillState();
+
+    restore(QVariant::fromValue(QSharedPointer<AbstractDocument>(receipt)));
+
+    EXPECT_TRUE(service.prescriptionCache.isEmpty());
+    EXPECT_TRUE(service.patientCache.isEmpty());
+    EXPECT_EQ(service.lastCardNumber, "77");
+}
+
+// The first receipt serves the prescription in full and is put aside after the subtotal. The second receipt has the
+// same card, and was put aside before.
+TEST_F(LifeCycle, prescriptionServedInFullOnAReceiptPutAside_isNotOfferedOnTheNextOne)
+{
+    const auto bundleOf = [](const QString& id) {
+        const QJsonObject resource{{"resourceType", "MedicationPrescription"}, {"id", id}};
+        return QJsonObject{{"entry", QJsonArray{QJsonObject{{"resource", resource}}}}};
+    };
+    const auto offered = [this] {
+        QStringList ids;
+        QList<QSharedPointer<ElectronicPrescription>> prescriptions;
+        shownLists.last().getElectronicPrescriptions(prescriptions);
+        for (const auto& prescription : prescriptions) {
+            ids << prescription->getId();
+        }
+        return ids;
+    };
+    control::Action command(control::PluginCommand);
+    command.insert("status", "active");
+    const QSharedPointer<Receipt> former(new Receipt);
+    former->setPluginValue("ElectronicPrescriptionService", "cardNumber", "77");
+
+    registry->bundles = {bundleOf("served"), bundleOf("other")};
+    cashier.texts << entered("77");
+    cashier.rows << -1;
+    service.processElectronicPrescriptionsByAction(command);
+    ASSERT_EQ(offered(), (QStringList{"served", "other"}));
+    addPosition(1, R"({"id":"served","finalDispense":true})");
+    ASSERT_EQ(service.beforeSubtotal(control::Action(control::Subtotal)), EContext::GoOn);
+
+    registry->bundles = {bundleOf("other")}; // the registry gives no prescription that was served in full
+    DocumentWatcher::setCurrentDocument(former);
+    restore(QVariant::fromValue(QSharedPointer<AbstractDocument>(former)));
+    cashier.rows << -1;
+    service.processElectronicPrescriptionsByAction(command);
+
+    EXPECT_EQ(offered(), QStringList{"other"});
+}
+
 TEST_F(LifeCycle, restoredWithoutDocument_leavesNull)
 {
     service.lastCardNumber = "77";
@@ -336,6 +400,15 @@ TEST_F(LifeCycle, document_convertsToQObject)
 
     ASSERT_TRUE(document.canConvert<QObject*>());
     EXPECT_EQ(document.value<QObject*>(), receipt.data());
+}
+
+TEST_F(LifeCycle, restoredDocument_doesNotClearThroughTheObject)
+{
+    ServiceWithSteps withSteps;
+
+    withSteps.handleEvent(Event(EActivityListener::DocumentRestored));
+
+    EXPECT_EQ(withSteps.cleared, 0);
 }
 
 TEST_F(LifeCycle, startEvent_carriesTheMessage)
