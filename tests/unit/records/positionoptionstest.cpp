@@ -68,7 +68,8 @@ INSTANTIATE_TEST_SUITE_P(
     Texts, UnreadableOptions,
     ::testing::Values(Unreadable{"empty", ""}, Unreadable{"noJson", "no JSON"}, Unreadable{"array", R"([{"id": "a"}])"},
                       Unreadable{"cut", R"({"id": "p-1")"}, Unreadable{"noMembers", "{}"},
-                      Unreadable{"otherTypes", R"({"id": 5, "tradeNameCode": true, "organizationId": [], "sumFactor": "1",
+                      Unreadable{"otherTypes",
+                                 R"({"id": 5, "tradeNameCode": true, "organizationId": [], "sumFactor": "1",
                           "doseQuantity": "2", "finalDispense": 1, "patientReference": {}, "medicationDispenseId": 5})"},
                       Unreadable{"otherCase", R"({"ID": "a", "Status": "dispensed"})"}),
     [](const auto& row) { return std::string(row.param.name); });

@@ -161,6 +161,11 @@ TEST_P(BenefitPrice, isThePatientsShareAndNotBelowTheMinimum)
 const PriceRow priceRows[] = {
     {"half", 0.5, 100.0, 0.0, 50.0},
     {"halfAKopeckUp", 0.5, 10.01, 0.0, 5.01},
+    // A library's rounding gives 1.00 and 5.64.
+    {"halfOfAnOddPrice", 0.5, 2.01, 0.0, 1.01},
+    {"justBelowHalfAKopeck", 0.251, 22.49, 0.0, 5.65},
+    // A fused multiply-add gives 0.05.
+    {"smallShare", 0.009, 6.11, 0.0, 0.06},
     {"free", 0.0, 10.01, 0.0, 0.0},
     {"freeWithMinimum", 0.0, 10.01, 1.20, 1.20},
     {"freeWithNegligibleMinimum", 0.0, 10.01, 0.004, 0.0},
