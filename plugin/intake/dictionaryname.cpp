@@ -2,6 +2,7 @@
 #include "connectionfactory.h"
 #include "electronicprescription.h"
 #include "electronicprescriptionservice.h"
+#include "queryguard.h"
 #include "singleton.h"
 
 #include <log4qt/logger.h>
@@ -9,7 +10,16 @@
 #include <QSqlError>
 #include <QSqlQuery>
 
+#include <chrono>
+
 using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr std::chrono::seconds queryTime(2);
+
+} // namespace
 
 void ElectronicPrescriptionService::fillDictionaryName(const QSharedPointer<ElectronicPrescription>& prescription) const
 {
@@ -17,7 +27,10 @@ void ElectronicPrescriptionService::fillDictionaryName(const QSharedPointer<Elec
         return;
     }
 
-    QSqlQuery query(Singleton<ConnectionFactory>::get()->getConnection(QString(), QString()));
+    const QSqlDatabase goods = Singleton<ConnectionFactory>::get()->getConnection(QString(), QString());
+    // The code comes from the registry and may be an expression; the guard ends one that does not end.
+    const QueryGuard guard(goods, queryTime);
+    QSqlQuery query(goods);
     // Dictionary codes are numbers, and are written into the statement as such. A column of text is compared with the
     // number's digits, so a code kept there with leading zeros is not found. The connection cannot write.
     const QString statement =
