@@ -13,15 +13,15 @@ public:
     QDateTime current() const override { return QDateTime(QDate(2024, 3, 1), QTime(23, 59, 59)); }
 };
 
-class DispenseBundleTest : public RegistryTest
+class DispenseParametersTest : public RegistryTest
 {
 protected:
-    DispenseBundleTest()
+    DispenseParametersTest()
     {
         MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<CurrentTime>(new StandingClock); };
         configurePharmacy();
     }
-    ~DispenseBundleTest() override { MockFactory<CurrentTime>::mocked = nullptr; }
+    ~DispenseParametersTest() override { MockFactory<CurrentTime>::mocked = nullptr; }
 
     static QJsonObject dispenseOf(const char* options)
     {
@@ -55,7 +55,7 @@ constexpr auto fullOptions = R"({"id": "p-1", "tradeNameCode": "200", "organizat
     "doseQuantity": 2.675, "finalDispense": true, "patientReference": "Patient/7", "patient": "Иванов Иван Иванович",
     "organization": "Фонд", "serialNumber": "АБ 1", "status": "canceled"})";
 
-TEST_F(DispenseBundleTest, dispense_hasExactlyTheseFields)
+TEST_F(DispenseParametersTest, dispense_hasExactlyTheseFields)
 {
     const QJsonObject medication{
         {"resourceType", "Medication"},
@@ -78,7 +78,7 @@ TEST_F(DispenseBundleTest, dispense_hasExactlyTheseFields)
               }));
 }
 
-TEST_F(DispenseBundleTest, dispenseWithoutOptions_hasTheDefaults)
+TEST_F(DispenseParametersTest, dispenseWithoutOptions_hasTheDefaults)
 {
     const QJsonObject dispense = dispenseOf("{}");
     EXPECT_EQ(dispense["extension"][0]["valueBoolean"], QJsonValue(false));
@@ -89,20 +89,20 @@ TEST_F(DispenseBundleTest, dispenseWithoutOptions_hasTheDefaults)
     EXPECT_EQ(dispense.keys(), dispenseOf(fullOptions).keys()) << "every field is there all the same";
 }
 
-TEST_F(DispenseBundleTest, optionsOfTheWrongType_readAsTheDefaults)
+TEST_F(DispenseParametersTest, optionsOfTheWrongType_readAsTheDefaults)
 {
     EXPECT_EQ(dispenseOf(R"({"id": 5, "tradeNameCode": true, "doseQuantity": "2", "finalDispense": 1,
                              "patientReference": ["Patient/7"]})"),
               dispenseOf("{}"));
 }
 
-TEST_F(DispenseBundleTest, idWithPlaceholder_isTakenAsItIs)
+TEST_F(DispenseParametersTest, idWithPlaceholder_isTakenAsItIs)
 {
     const QJsonObject dispense = dispenseOf(R"({"id": "%1"})");
     EXPECT_EQ(dispense["authorizingPrescription"][0]["reference"], QJsonValue("MedicationPrescription/%1"));
 }
 
-TEST_F(DispenseBundleTest, doses_areRoundedToTwoDecimals)
+TEST_F(DispenseParametersTest, doses_areRoundedToTwoDecimals)
 {
     EXPECT_EQ(dosesOf(R"({"doseQuantity": 2.675})"), 2.68);
     EXPECT_EQ(dosesOf(R"({"doseQuantity": -1.005})"), -1.01);
@@ -110,7 +110,7 @@ TEST_F(DispenseBundleTest, doses_areRoundedToTwoDecimals)
     EXPECT_EQ(dosesOf(R"({"doseQuantity": 0.001})"), 0.0);
 }
 
-TEST_F(DispenseBundleTest, medication_replacesWhatTheObjectHeld)
+TEST_F(DispenseParametersTest, medication_replacesWhatTheObjectHeld)
 {
     QJsonObject resource{{"former", 1}};
     ElectronicPrescriptionInterface().formMedicationResource(json(R"({"tradeNameCode": "7"})"), resource);
@@ -124,7 +124,7 @@ TEST_F(DispenseBundleTest, medication_replacesWhatTheObjectHeld)
     EXPECT_TRUE(resource["isBrand"].isBool());
 }
 
-TEST_F(DispenseBundleTest, location_comesFromTheSettingsAndHasNoId)
+TEST_F(DispenseParametersTest, location_comesFromTheSettingsAndHasNoId)
 {
     const QJsonObject type{
         {"coding", QJsonArray{QJsonObject{{"system", registryuris::addressTypes}, {"code", "location"}}}}};
@@ -136,7 +136,7 @@ TEST_F(DispenseBundleTest, location_comesFromTheSettingsAndHasNoId)
                             QJsonObject{{"extension", QJsonArray{extension}}, {"text", "г. Минск, ул. Лесная, 1"}}}}));
 }
 
-TEST_F(DispenseBundleTest, locationWithoutSettings_hasEmptyNameAndText)
+TEST_F(DispenseParametersTest, locationWithoutSettings_hasEmptyNameAndText)
 {
     const Configured empty;
     const QJsonObject location = ElectronicPrescriptionInterface().formLocationResource();
@@ -147,14 +147,14 @@ TEST_F(DispenseBundleTest, locationWithoutSettings_hasEmptyNameAndText)
     EXPECT_EQ(location["address"]["extension"][0]["url"], QJsonValue(registryuris::addressType));
 }
 
-TEST_F(DispenseBundleTest, coding_replacesTheCodingAndLeavesTheRest)
+TEST_F(DispenseParametersTest, coding_replacesTheCodingAndLeavesTheRest)
 {
     QJsonObject target{{"coding", "former"}, {"text", "kept"}};
     ElectronicPrescriptionInterface().formCoding("http://s.example", "c", target);
     EXPECT_EQ(target, json(R"({"text": "kept", "coding": [{"system": "http://s.example", "code": "c"}]})").object());
 }
 
-TEST_F(DispenseBundleTest, document_holdsTheDispenseThenTheClaim)
+TEST_F(DispenseParametersTest, document_holdsTheDispenseThenTheClaim)
 {
     const auto position = QSharedPointer<PositionDouble>::create(fullOptions);
     position->quantity = 3.0;
@@ -175,7 +175,35 @@ TEST_F(DispenseBundleTest, document_holdsTheDispenseThenTheClaim)
     EXPECT_TRUE(requests.isEmpty());
 }
 
-TEST_F(DispenseBundleTest, fullPriceOfTheClaim_isRoundedQuantityTimesCataloguePrice)
+/// Each look at it finds the next day, as it can happen at midnight.
+class RunningClock : public CurrentTime
+{
+public:
+    explicit RunningClock(int& looks)
+        : m_looks(looks)
+    {
+    }
+    QDateTime current() const override { return QDateTime(QDate(2024, 3, 1).addDays(m_looks++), QTime(0, 0)); }
+
+private:
+    int& m_looks;
+};
+
+TEST_F(DispenseParametersTest, midnightPasses_dispenseAndClaimAreOfTheSameDay)
+{
+    int looks = 0;
+    MockFactory<CurrentTime>::mocked = [&looks] { return QSharedPointer<CurrentTime>(new RunningClock(looks)); };
+    QJsonDocument document;
+    ElectronicPrescriptionInterface().formMedicationDispense(QSharedPointer<PositionDouble>::create(fullOptions),
+                                                             document);
+
+    const QJsonValue parameters = document["parameter"];
+    EXPECT_EQ(parameters[0]["resource"]["whenHandedOver"], QJsonValue("2024-03-01"));
+    EXPECT_EQ(parameters[1]["resource"]["created"], QJsonValue("2024-03-01"));
+    EXPECT_EQ(looks, 1);
+}
+
+TEST_F(DispenseParametersTest, fullPriceOfTheClaim_isRoundedQuantityTimesCataloguePrice)
 {
     const auto position = QSharedPointer<PositionDouble>::create(R"({"sumFactor": 0})");
     position->quantity = 3.0;
@@ -194,7 +222,7 @@ struct Share {
     bool claimed;
 };
 
-class ClaimSent : public DispenseBundleTest, public ::testing::WithParamInterface<Share>
+class ClaimSent : public DispenseParametersTest, public ::testing::WithParamInterface<Share>
 {
 };
 
@@ -217,7 +245,7 @@ INSTANTIATE_TEST_SUITE_P(Shares, ClaimSent,
                                            Share{"optionsAnArray", R"([{"sumFactor": 1}])", true}),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST_F(DispenseBundleTest, unreadableOptions_giveADocumentOfDefaults)
+TEST_F(DispenseParametersTest, unreadableOptions_giveADocumentOfDefaults)
 {
     for (const char* options : {"", "no JSON", "[1]", R"({"id": "p-1")"}) {
         QJsonDocument document;

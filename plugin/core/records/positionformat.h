@@ -3,8 +3,9 @@
 
 #include <QLatin1StringView>
 
-/// What the plug-in writes onto a receipt position: a tag, the prescription's id as the soft check id, and one JSON
-/// object in the extended options. docs/position-marks.md tells how the register shows it.
+/// The names of what the plug-in writes onto a receipt position: a tag, the prescription's id as the soft check id, and
+/// one JSON object in the extended options, which PositionOptions reads and writes. Saved receipts hold these names,
+/// and positionmarks.json refers to them; docs/position-marks.md says how the register shows them.
 namespace positionformat
 {
 
