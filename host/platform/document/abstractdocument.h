@@ -28,6 +28,9 @@ public:
     /// The version that toJson() writes under "format".
     static constexpr int formatVersion = 1;
 
+    /// The file of the open document, within the data folder.
+    static const QString openDocumentFile;
+
     explicit AbstractDocument(QObject* parent = nullptr);
     ~AbstractDocument() override;
 
@@ -40,9 +43,9 @@ public:
     /// True once the document is finished and can no longer change.
     virtual bool isClosed() const;
 
-    /// The file within the data folder that the document is saved in, when its saver names none: that of the open
-    /// receipt. A document that is not the open receipt names a file of its own, perhaps in a subfolder, so that it
-    /// never replaces the receipt.
+    /// The file within the data folder that the document is saved in when its saver names none: openDocumentFile. A
+    /// document that is not the open one names a file of its own, perhaps in a subfolder, so that it never replaces
+    /// the open one.
     virtual QString fileName() const;
 
     /// What a plug-in stored here under its own name; `def` when it stored nothing. Saved with the document.
@@ -54,12 +57,8 @@ public:
     /// members of its own.
     virtual QJsonObject toJson() const;
 
-protected:
-    /// All plug-in values: plug-in, then key.
-    const QHash<QString, QVariantMap>& pluginValues() const { return m_pluginValues; }
-
 private:
-    QHash<QString, QVariantMap> m_pluginValues;
+    QHash<QString, QVariantMap> m_pluginValues; ///< by plug-in, then by key
 };
 
 Q_DECLARE_METATYPE(QSharedPointer<AbstractDocument>)

@@ -7,25 +7,18 @@
 
 #include <QSharedPointer>
 
-#include <functional>
-
-/// Discounts and totals: whoever changes a price has the document recalculated here.
+/// Discounts and totals: after a change of price the document is recalculated here.
+///
+/// The host puts a layer of its own into the Singleton. This one changes nothing.
 class REGISTERPLATFORM_EXPORT LoyaltySystemLayer
 {
 public:
     LoyaltySystemLayer() = default;
     virtual ~LoyaltySystemLayer();
-    LoyaltySystemLayer(const LoyaltySystemLayer&) = delete;
-    LoyaltySystemLayer& operator=(const LoyaltySystemLayer&) = delete;
+    Q_DISABLE_COPY_MOVE(LoyaltySystemLayer)
 
-    /// Works discounts and totals of `document` out anew; does nothing for null.
+    /// Calculates the discounts and totals of `document` again; does nothing for null.
     virtual void recalculate(const QSharedPointer<AbstractDocument>& document);
-
-    /// For the host: what a recalculation does. Without one nothing depends on prices.
-    void setRecalculation(std::function<void(AbstractDocument&)> recalculation);
-
-private:
-    std::function<void(AbstractDocument&)> m_recalculation;
 };
 
 extern template struct REGISTERPLATFORM_EXPORT Singleton<LoyaltySystemLayer>;

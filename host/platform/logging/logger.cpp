@@ -35,7 +35,7 @@ QString onOneLine(const QString& message)
 
 void Logger::Private::log(log4cplus::LogLevel level, const QString& message) const
 {
-    setUpLogging();
+    ensureSetUp();
     logger.log(level, onOneLine(message).toStdString());
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "actionqueuecontroller.h"
 
+#include "actionhost.h"
 #include "basicexception.h"
 #include "dialog.h"
 #include "graphicaluserinterface.h"
@@ -9,9 +10,7 @@
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
-#include <algorithm>
 #include <exception>
-#include <iterator>
 #include <typeinfo>
 
 using namespace Qt::StringLiterals;
@@ -90,6 +89,7 @@ bool waitsFor(ActionTrigger::Result expected, EContext::Result outcome)
 
 ActionQueueController::ActionQueueController(QObject* parent)
     : QObject(parent)
+    , m_host(std::make_unique<ActionHost>())
 {
     m_next.setSingleShot(true);
     connect(&m_next, &QTimer::timeout, this, &ActionQueueController::runNext);
@@ -122,24 +122,22 @@ EContext::Result ActionQueueController::execute(control::Action& action)
     if (InputBlocker::isActive() || (!allowed.isEmpty() && !allowed.contains(here))) {
         return EContext::Stop;
     }
-    const HostFunction handler = handlerOf(here, action.getType());
+    const Step handler = m_host->handlerOf(here, action.getType());
     if (!handler) {
         return EContext::NotFound;
     }
 
     const QPointer<ActionQueueController> self(this); // whatever runs below may delete the controller
     const Finally leaving = enterAction();
-    const auto frame = m_hostFrames.find(action.getType());
-    if (frame == m_hostFrames.end()) {
+    const ActionHost::Frame frame = m_host->frameOf(action.getType());
+    if (!frame) {
         return runCourse(here, action, handler);
     }
-    return guarded([&, around = frame->second] {
-        return around(action, [&] { return self ? runCourse(here, action, handler) : EContext::Stop; });
-    });
+    return guarded(
+        [&] { return frame(action, [&] { return self ? runCourse(here, action, handler) : EContext::Stop; }); });
 }
 
-EContext::Result ActionQueueController::runCourse(EContext::Code context, control::Action& action,
-                                                  const HostFunction& handler)
+EContext::Result ActionQueueController::runCourse(EContext::Code context, control::Action& action, const Step& handler)
 {
     const QPointer<ActionQueueController> self(this);
     const EContext::Result permission = runTriggersBefore(context, action);
@@ -160,49 +158,12 @@ EContext::Code ActionQueueController::context() const
 {
     const GraphicalUserInterface* gui = Singleton<GraphicalUserInterface>::instance;
     const QSharedPointer<BasicForm> form = gui ? gui->topForm() : nullptr;
-    return form ? form->contextCode() : m_context;
-}
-
-void ActionQueueController::setContext(EContext::Code context)
-{
-    m_context = context;
-}
-
-void ActionQueueController::setHostHandler(EContext::Code context, control::EActionType type, HostFunction handler)
-{
-    m_hostHandlers.insert_or_assign({context, type}, std::move(handler));
-}
-
-void ActionQueueController::setHostHandler(control::EActionType type, HostFunction handler)
-{
-    m_hostHandlers.insert_or_assign({std::nullopt, type}, std::move(handler));
-}
-
-void ActionQueueController::setHostFrame(control::EActionType type, HostFrame frame)
-{
-    m_hostFrames.insert_or_assign(type, std::move(frame));
-}
-
-void ActionQueueController::addHandler(const ActionHandler& handler)
-{
-    m_handlers.append(handler);
-}
-
-void ActionQueueController::addTrigger(const ActionTrigger& trigger)
-{
-    const auto runsEarlier = [](const ActionTrigger& a, const ActionTrigger& b) { return a.priority < b.priority; };
-    m_triggers.insert(std::upper_bound(m_triggers.cbegin(), m_triggers.cend(), trigger, runsEarlier), trigger);
-}
-
-void ActionQueueController::removePluginEntries()
-{
-    m_handlers.clear();
-    m_triggers.clear();
+    return form ? form->contextCode() : m_host->context();
 }
 
 bool ActionQueueController::isHandled(control::EActionType type) const
 {
-    return bool(handlerOf(context(), type));
+    return bool(m_host->handlerOf(context(), type));
 }
 
 bool ActionQueueController::isBusy() const
@@ -251,37 +212,9 @@ void ActionQueueController::leaveAction()
     }
 }
 
-ActionQueueController::HostFunction ActionQueueController::handlerOf(EContext::Code context,
-                                                                     control::EActionType type) const
-{
-    for (const std::optional<EContext::Code>& place : {std::optional(context), std::optional<EContext::Code>()}) {
-        const auto found = m_hostHandlers.find({place, type});
-        if (found != m_hostHandlers.end()) {
-            return found->second;
-        }
-    }
-    for (const ActionHandler& candidate : m_handlers) {
-        if (candidate.enabled && candidate.context == context && candidate.actionType == type) {
-            return candidate.handler;
-        }
-    }
-    return {};
-}
-
-QList<ActionTrigger> ActionQueueController::triggersOf(ActionTrigger::Order order, EContext::Code context,
-                                                       control::EActionType type) const
-{
-    QList<ActionTrigger> matching;
-    std::copy_if(m_triggers.cbegin(), m_triggers.cend(), std::back_inserter(matching),
-                 [=](const ActionTrigger& trigger) {
-                     return trigger.order == order && trigger.context == context && trigger.actionType == type;
-                 });
-    return matching;
-}
-
 EContext::Result ActionQueueController::runTriggersBefore(EContext::Code context, const control::Action& action)
 {
-    for (const ActionTrigger& trigger : triggersOf(ActionTrigger::Before, context, action.getType())) {
+    for (const ActionTrigger& trigger : m_host->triggersOf(ActionTrigger::Before, context, action.getType())) {
         const EContext::Result permission = guarded([&] { return trigger.handler(action); });
         if (permission != EContext::GoOn) {
             return permission;
@@ -293,7 +226,7 @@ EContext::Result ActionQueueController::runTriggersBefore(EContext::Code context
 void ActionQueueController::runTriggersAfter(EContext::Code context, const control::Action& action,
                                              EContext::Result outcome)
 {
-    for (const ActionTrigger& trigger : triggersOf(ActionTrigger::After, context, action.getType())) {
+    for (const ActionTrigger& trigger : m_host->triggersOf(ActionTrigger::After, context, action.getType())) {
         if (waitsFor(trigger.result, outcome)) {
             guarded([&] { return trigger.handler(action); });
         }

@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 
 template struct MockFactory<SaveToFileLogic>;
 
-const QString SaveToFileLogic::openDocumentFile = u"receipt.json"_s;
-
 namespace
 {
 

@@ -30,7 +30,4 @@ public:
     ///         False too, after telling the cashier, when the new file stands but the folder could not be synced, so
     ///         that a power cut may bring the former file back.
     virtual bool save(const QSharedPointer<AbstractDocument>& document, const QString& file);
-
-    /// The file of the open receipt.
-    static const QString openDocumentFile;
 };

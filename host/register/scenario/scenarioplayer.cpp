@@ -118,7 +118,7 @@ ScenarioPlayer::Look ScenarioPlayer::perform(const ScenarioStep& step)
     case ScenarioStep::Kind::Visible:
         return compareState(step);
     case ScenarioStep::Kind::OpenDocument:
-        return compareDocument(SaveToFileLogic::openDocumentFile, step.value);
+        return compareDocument(AbstractDocument::openDocumentFile, step.value);
     case ScenarioStep::Kind::SavedFile:
         return compareDocument(step.target, step.value);
     case ScenarioStep::Kind::Printed:

@@ -2,6 +2,7 @@
 #include "graphicaluserinterface.h"
 
 #include "finally.h"
+#include "formhost.h"
 #include "inputblocker.h"
 #include "messageform_p.h"
 #include "scanguard_p.h"
@@ -68,34 +69,23 @@ struct GraphicalUserInterface::Shown {
     }
 };
 
-FormStage::~FormStage() = default;
-
-GraphicalUserInterface::GraphicalUserInterface() = default;
+GraphicalUserInterface::GraphicalUserInterface()
+    : m_host(std::make_unique<FormHost>())
+{
+}
 
 GraphicalUserInterface::~GraphicalUserInterface() = default;
 
 void GraphicalUserInterface::addFormCreator(const QSharedPointer<BasicFormCreator>& creator)
 {
     if (creator) {
-        m_creators.append(creator);
-    }
-}
-
-int GraphicalUserInterface::formCreators() const
-{
-    return int(m_creators.size());
-}
-
-void GraphicalUserInterface::removeFormCreators(int kept)
-{
-    while (m_creators.size() > kept) {
-        m_creators.removeLast();
+        m_host->creators.append(creator);
     }
 }
 
 QSharedPointer<BasicForm> GraphicalUserInterface::createForm(const Event& event) const
 {
-    for (const QSharedPointer<BasicFormCreator>& creator : m_creators) {
+    for (const QSharedPointer<BasicFormCreator>& creator : m_host->creators) {
         if (QSharedPointer<BasicForm> form = creator->create(event)) {
             return form;
         }
@@ -132,8 +122,8 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
     const Finally leave([&] {
         m_shown.removeOne(&shown);
         QObject::disconnect(dismissal);
-        if (m_stage) {
-            m_stage->leave(*form);
+        if (m_host->stage) {
+            m_host->stage->leave(*form);
         } else if (form->rootWidget()) {
             form->rootWidget()->hide();
         }
@@ -143,8 +133,8 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
         }
     });
 
-    if (m_stage) {
-        m_stage->enter(*form);
+    if (m_host->stage) {
+        m_host->stage->enter(*form);
     } else if (QWidget* root = form->rootWidget()) {
         root->show();
         root->activateWindow();
@@ -197,9 +187,4 @@ void GraphicalUserInterface::cancel(Shown& shown)
         QCoreApplication::sendEvent(root, &close);
     }
     shown.finish(noAnswer());
-}
-
-void GraphicalUserInterface::setStage(FormStage* stage)
-{
-    m_stage = stage;
 }

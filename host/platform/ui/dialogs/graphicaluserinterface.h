@@ -15,20 +15,7 @@
 #include <memory>
 
 class ScanGuard;
-
-/// Where forms appear: the register's window. Without one every form is a window of its own.
-///
-/// A BasicDialogForm's root becomes a child of the window outside any layout: its show() places it in the middle, above
-/// a shade. Any other form's root fills the window.
-class REGISTERPLATFORM_EXPORT FormStage
-{
-public:
-    virtual ~FormStage();
-    /// Puts the form's root widget on the screen, above what is there.
-    virtual void enter(BasicForm& form) = 0;
-    /// Takes it away and shows what was below.
-    virtual void leave(BasicForm& form) = 0;
-};
+struct FormHost;
 
 /// The forms on the screen: who makes them, which is on top, what they answer. Main thread.
 class REGISTERPLATFORM_EXPORT GraphicalUserInterface
@@ -41,11 +28,6 @@ public:
 
     /// Adds a creator behind those that are there; null is passed over.
     virtual void addFormCreator(const QSharedPointer<BasicFormCreator>& creator);
-    /// For the host: how many creators there are.
-    int formCreators() const;
-    /// For the host: drops the creators but the `kept` oldest ones: those of a plug-in that could not begin, and all
-    /// before the plug-ins are unloaded.
-    void removeFormCreators(int kept = 0);
 
     /// The form of the first creator that knows the event (the platform's own message and text-input forms come
     /// last); null when nobody does.
@@ -66,18 +48,17 @@ public:
     /// shutdown. A form that does not answer then is dismissed. Each run() returns once control is back in it.
     void cancelForms();
 
-    /// For the host: where forms appear. Null: every form is a window of its own. Not owned.
-    void setStage(FormStage* stage);
+    /// The host's side; a plug-in has no use for it.
+    FormHost& host() { return *m_host; }
 
 private:
     struct Shown;
 
     void cancel(Shown& shown);
 
-    QList<QSharedPointer<BasicFormCreator>> m_creators;
+    std::unique_ptr<FormHost> m_host;
     QList<Shown*> m_shown;
-    Shown* m_cancelling = nullptr; ///< takes the next answer, wherever it stands
-    FormStage* m_stage = nullptr;
+    Shown* m_cancelling = nullptr;          ///< takes the next answer, wherever it stands
     std::unique_ptr<ScanGuard> m_scanGuard; ///< from the first form on
 };
 

@@ -2,9 +2,9 @@
 #include "textinputform_p.h"
 
 #include "actionfactory.h"
-#include "actionqueuecontroller.h"
 #include "config.h"
 #include "dialogeventfilter.h"
+#include "graphicaluserinterface.h"
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
 #include "tallokeyboard.h"
@@ -181,7 +181,7 @@ void TextInputForm::accept()
     }
     control::Action answer = Singleton<control::ActionFactory>::get()->create(control::DialogAnswer);
     answer.appendArgument(m_field->text(), u"data"_s);
-    Singleton<ActionQueueController>::get()->enqueue(answer, true);
+    Singleton<GraphicalUserInterface>::get()->answer(answer);
 }
 
 QLabel* TextInputForm::problemLabel()

@@ -8,6 +8,7 @@
 #include "formguard_p.h"
 #include "layoutloader_p.h"
 #include "tallotableview.h"
+#include "touchmode.h"
 
 #include <QAbstractButton>
 #include <QCoreApplication>
@@ -136,7 +137,7 @@ bool BasicForm::expectsScans() const
 
 bool BasicForm::isTouchMode()
 {
-    return Singleton<Config>::get()->getBool(u"GUI:touchMode"_s, false);
+    return ::isTouchMode();
 }
 
 QString BasicForm::layoutPath(const QString& name)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "registerstyle.h"
 
-#include "basicform.h"
+#include "touchmode.h"
 
 #include <QApplication>
 #include <QFile>
@@ -125,5 +125,5 @@ void applyRegisterStyle(QApplication& application, int windowHeight)
     QFont font = application.font();
     font.setPointSize(textSize);
     application.setFont(font);
-    application.setStyleSheet(registerStyleSheet(BasicForm::isTouchMode(), textSize));
+    application.setStyleSheet(registerStyleSheet(isTouchMode(), textSize));
 }

@@ -51,5 +51,5 @@ REGISTERPLATFORM_EXPORT int registerTextSize(int windowHeight);
 REGISTERPLATFORM_EXPORT QString registerStyleSheet(bool touch, int textSize);
 
 /// Dresses the application: the Fusion style, the register's colours, a font for a window of that height in pixels and
-/// the style sheet, with targets for fingers when BasicForm::isTouchMode(). To be called once, before the first window.
+/// the style sheet, with targets for fingers when isTouchMode(). To be called once, before the first window.
 REGISTERPLATFORM_EXPORT void applyRegisterStyle(QApplication& application, int windowHeight);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tallotableview.h"
 
-#include "basicform.h"
 #include "columndelegate_p.h"
 #include "columnheader_p.h"
+#include "touchmode.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
@@ -66,7 +66,7 @@ TalloTableView::TalloTableView(QWidget* parent)
 
     verticalHeader()->hide();
     verticalHeader()->setMinimumSectionSize(plainRowHeight);
-    verticalHeader()->setDefaultSectionSize(BasicForm::isTouchMode() ? touchRowHeight : plainRowHeight);
+    verticalHeader()->setDefaultSectionSize(isTouchMode() ? touchRowHeight : plainRowHeight);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "activitynotifier.h"
+#include "listenerhost.h"
 #include "logcapture.h"
 
 #include <gtest/gtest.h>
@@ -154,7 +155,7 @@ TEST(ActivityNotifier, listenerNotifiesAgain_innerEventIsDeliveredFirst)
     EXPECT_EQ(last.codes, (QList<int>{22, 10}));
 }
 
-TEST(ActivityNotifier, keepOnly_dropsTheOthersAndKeepsTheOrder)
+TEST(ActivityNotifier, hostPutsFormerListenersBack_laterOneHearsNothing)
 {
     ActivityNotifier notifier;
     QStringList order;
@@ -165,10 +166,10 @@ TEST(ActivityNotifier, keepOnly_dropsTheOthersAndKeepsTheOrder)
     notifier.subscribe(destroyed.get());
     notifier.subscribe(&first);
     notifier.subscribe(&second);
-    const ActivityNotifier::Listeners before = notifier.listeners();
+    const QList<QPointer<BaseActivityListener>> before = notifier.host().listeners;
     destroyed.reset();
     notifier.subscribe(&later);
-    notifier.keepOnly(before);
+    notifier.host().listeners = before;
     notifier.notify(opened);
     EXPECT_EQ(order, QStringList({u"first"_s, u"second"_s}));
     EXPECT_TRUE(later.codes.isEmpty());

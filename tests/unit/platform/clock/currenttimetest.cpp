@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "currenttime.h"
 #include "finally.h"
-#include "loyaltysystemlayer.h"
-#include "plaindocument.h"
 
 #include <gtest/gtest.h>
 
@@ -23,24 +21,4 @@ TEST(CurrentTime, mocked_givesTheTestsTime)
     MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<Noon>::create(); };
     const Finally restoring([] { MockFactory<CurrentTime>::mocked = nullptr; });
     EXPECT_EQ(CurrentTime::create()->current(), QDateTime({2024, 2, 29}, {12, 0}));
-}
-
-TEST(LoyaltySystemLayer, recalculationSet_runsOnTheDocument)
-{
-    LoyaltySystemLayer layer;
-    QList<AbstractDocument*> recalculated;
-    layer.setRecalculation([&recalculated](AbstractDocument& document) { recalculated.append(&document); });
-    const auto document = QSharedPointer<PlainDocument>::create();
-    layer.recalculate(document);
-    EXPECT_EQ(recalculated, QList<AbstractDocument*>{document.data()});
-}
-
-TEST(LoyaltySystemLayer, nullDocumentOrNoRecalculation_doesNothing)
-{
-    LoyaltySystemLayer layer;
-    EXPECT_NO_THROW(layer.recalculate(QSharedPointer<PlainDocument>::create()));
-    int runs = 0;
-    layer.setRecalculation([&runs](AbstractDocument&) { ++runs; });
-    layer.recalculate(nullptr);
-    EXPECT_EQ(runs, 0);
 }

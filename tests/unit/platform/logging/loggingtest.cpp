@@ -98,6 +98,14 @@ TEST_F(LoggingSetUp, messageWithLineBreaksAndControls_isOneLine)
     EXPECT_TRUE(lines[5].endsWith(QString(10'000, u'ж')));
 }
 
+TEST_F(LoggingSetUp, messageBeforeSetUp_goesToStandardErrorAndLaterOnesToTheFileAlone)
+{
+    write(m_folder.path(), {}, {u"early warning"_s});
+    EXPECT_EQ(m_standardError.count(u'\n'), 1) << m_standardError.toStdString();
+    EXPECT_TRUE(m_standardError.contains(u"WARN  till early warning"_s)) << m_standardError.toStdString();
+    EXPECT_EQ(linesOf(m_folder.filePath(u"register.log"_s)).size(), 4);
+}
+
 TEST_F(LoggingSetUp, folderCannotBeMade_programGoesOn)
 {
     QFile inTheWay(m_folder.filePath(u"file"_s));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "abstractplugin.h"
+#include "actionhost.h"
 #include "actionqueuecontroller.h"
 #include "activitynotifier.h"
 #include "basicplugin.h"
@@ -38,17 +39,17 @@ protected:
             return;
         }
         for (const ActionHandler& handler : m_plugin->getHandlers()) {
-            m_controller.addHandler(handler);
+            m_controller.host().addHandler(handler);
         }
         for (const ActionTrigger& trigger : m_plugin->getTriggers()) {
-            m_controller.addTrigger(trigger);
+            m_controller.host().addTrigger(trigger);
         }
     }
 
     void TearDown() override
     {
         DocumentWatcher::setCurrentDocument(nullptr);
-        m_controller.removePluginEntries();
+        m_controller.host().removePluginEntries();
         if (m_initialised) {
             m_plugin->deinit();
         }
@@ -138,8 +139,8 @@ TEST_F(HelloExample, emptyReceipt_doesNotReachTheSubtotalAndAFilledOneDoes)
 {
     load();
     int subtotals = 0;
-    m_controller.setContext(EContext::OpenDocument);
-    m_controller.setHostHandler(EContext::OpenDocument, control::Subtotal, [&subtotals](control::Action&) {
+    m_controller.host().setContext(EContext::OpenDocument);
+    m_controller.host().setHandler(EContext::OpenDocument, control::Subtotal, [&subtotals](control::Action&) {
         ++subtotals;
         return EContext::GoOn;
     });

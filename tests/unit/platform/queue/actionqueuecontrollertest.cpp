@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "actionqueuecontroller.h"
+#include "actionhost.h"
 #include "basicexception.h"
 #include "basicform.h"
 #include "finally.h"
@@ -46,7 +47,7 @@ protected:
 
     void hostServes(EActionType type, EContext::Result result = EContext::GoOn)
     {
-        m_controller->setHostHandler(type, [this, result](Action&) {
+        m_controller->host().setHandler(type, [this, result](Action&) {
             m_steps.append(u"action"_s);
             return result;
         });
@@ -55,7 +56,7 @@ protected:
     void addTrigger(ActionTrigger::Order order, const QString& name, int priority,
                     EContext::Result result = EContext::GoOn, ActionTrigger::Result expected = ActionTrigger::Any)
     {
-        m_controller->addTrigger({EContext::Idle, ownCommand, order, noting(name, result), expected, priority});
+        m_controller->host().addTrigger({EContext::Idle, ownCommand, order, noting(name, result), expected, priority});
     }
 
     EContext::Result execute(EActionType type)
@@ -92,7 +93,7 @@ TEST_F(ActionQueue, nobodyHandlesAction_isNotFoundAndNoTriggerRuns)
 
 TEST_F(ActionQueue, hostHandler_writesIntoTheVeryAction)
 {
-    m_controller->setHostHandler(control::AddSelectedGoods, [](Action& action) {
+    m_controller->host().setHandler(control::AddSelectedGoods, [](Action& action) {
         action.insert(u"positionNumber"_s, 7);
         return EContext::GoOn;
     });
@@ -106,17 +107,17 @@ TEST_F(ActionQueue, hostHandlers_certainContextWinsAndLaterReplacesEarlier)
     hostServes(ownCommand, EContext::NotFound);
     hostServes(ownCommand, EContext::Stop);
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
-    m_controller->setHostHandler(EContext::Idle, ownCommand, [](Action&) { return EContext::GoOn; });
+    m_controller->host().setHandler(EContext::Idle, ownCommand, [](Action&) { return EContext::GoOn; });
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
-    m_controller->setContext(EContext::OpenDocument);
+    m_controller->host().setContext(EContext::OpenDocument);
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
 }
 
 TEST_F(ActionQueue, pluginHandler_servesItsContextOnly)
 {
-    m_controller->addHandler({EContext::OpenDocument, ownCommand, noting(u"plug-in"_s), true});
+    m_controller->host().addHandler({EContext::OpenDocument, ownCommand, noting(u"plug-in"_s), true});
     EXPECT_EQ(execute(ownCommand), EContext::NotFound);
-    m_controller->setContext(EContext::OpenDocument);
+    m_controller->host().setContext(EContext::OpenDocument);
     EXPECT_TRUE(m_controller->isHandled(ownCommand));
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
     EXPECT_EQ(m_steps, words("plug-in"));
@@ -124,7 +125,7 @@ TEST_F(ActionQueue, pluginHandler_servesItsContextOnly)
 
 TEST_F(ActionQueue, pluginHandlerDisabled_isPassedOver)
 {
-    m_controller->addHandler({EContext::Idle, ownCommand, noting(u"disabled"_s), false});
+    m_controller->host().addHandler({EContext::Idle, ownCommand, noting(u"disabled"_s), false});
     EXPECT_FALSE(m_controller->isHandled(ownCommand));
     EXPECT_EQ(execute(ownCommand), EContext::NotFound);
     EXPECT_TRUE(m_steps.isEmpty());
@@ -132,8 +133,8 @@ TEST_F(ActionQueue, pluginHandlerDisabled_isPassedOver)
 
 TEST_F(ActionQueue, severalHandlers_hostBeforePluginsAndFirstPluginBeforeSecond)
 {
-    m_controller->addHandler({EContext::Idle, ownCommand, noting(u"first"_s), true});
-    m_controller->addHandler({EContext::Idle, ownCommand, noting(u"second"_s), true});
+    m_controller->host().addHandler({EContext::Idle, ownCommand, noting(u"first"_s), true});
+    m_controller->host().addHandler({EContext::Idle, ownCommand, noting(u"second"_s), true});
     execute(ownCommand);
     hostServes(ownCommand);
     execute(ownCommand);
@@ -143,9 +144,9 @@ TEST_F(ActionQueue, severalHandlers_hostBeforePluginsAndFirstPluginBeforeSecond)
 TEST_F(ActionQueue, removedPluginEntries_leaveTheHosts)
 {
     hostServes(ownCommand);
-    m_controller->addHandler({EContext::Idle, otherCommand, noting(u"plug-in"_s), true});
+    m_controller->host().addHandler({EContext::Idle, otherCommand, noting(u"plug-in"_s), true});
     addTrigger(ActionTrigger::Before, u"hook"_s, 1);
-    m_controller->removePluginEntries();
+    m_controller->host().removePluginEntries();
     EXPECT_EQ(execute(otherCommand), EContext::NotFound);
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
     EXPECT_EQ(m_steps, words("action"));
@@ -167,9 +168,9 @@ TEST_F(ActionQueue, triggers_runByPriorityAndEqualOnesAsAdded)
 TEST_F(ActionQueue, triggersOfOtherContextOrAction_doNotRun)
 {
     hostServes(ownCommand);
-    m_controller->addTrigger(
+    m_controller->host().addTrigger(
         {EContext::OpenDocument, ownCommand, ActionTrigger::Before, noting(u"other"_s), ActionTrigger::Any, 1});
-    m_controller->addTrigger(
+    m_controller->host().addTrigger(
         {EContext::Idle, otherCommand, ActionTrigger::Before, noting(u"other"_s), ActionTrigger::Any, 1});
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
     EXPECT_EQ(m_steps, words("action"));
@@ -217,19 +218,19 @@ TEST_F(ActionQueue, actionNotAllowedInContext_stopsBeforeAnything)
     action.setAllowContexts({EContext::OpenDocument, EContext::StoredDocuments});
     EXPECT_EQ(m_controller->execute(action), EContext::Stop);
     EXPECT_TRUE(m_steps.isEmpty());
-    m_controller->setContext(EContext::OpenDocument);
+    m_controller->host().setContext(EContext::OpenDocument);
     EXPECT_EQ(m_controller->execute(action), EContext::GoOn);
 }
 
 TEST_F(ActionQueue, triggerThrowsBasicException_cashierReadsItsTextAndActionStops)
 {
     hostServes(ownCommand);
-    m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
-                              [](const Action&) -> EContext::Result {
-                                  throw BasicException(
-                                      tr::Tr(u"cardUnknown"_s, u"Карта %1 неизвестна"_s).arg(u"11002200"_s));
-                              },
-                              ActionTrigger::Any, 1});
+    m_controller->host().addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
+                                     [](const Action&) -> EContext::Result {
+                                         throw BasicException(
+                                             tr::Tr(u"cardUnknown"_s, u"Карта %1 неизвестна"_s).arg(u"11002200"_s));
+                                     },
+                                     ActionTrigger::Any, 1});
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
     ASSERT_EQ(m_messages.all().size(), 1);
@@ -242,7 +243,8 @@ TEST_F(ActionQueue, triggerThrowsBasicException_cashierReadsItsTextAndActionStop
 
 TEST_F(ActionQueue, handlerThrowsStandardException_isShownLoggedAndCountsAsStop)
 {
-    m_controller->setHostHandler(ownCommand, [](Action&) -> EContext::Result { throw std::runtime_error("too long"); });
+    m_controller->host().setHandler(ownCommand,
+                                    [](Action&) -> EContext::Result { throw std::runtime_error("too long"); });
     addTrigger(ActionTrigger::After, u"failed"_s, 1, EContext::GoOn, ActionTrigger::Failed);
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
@@ -254,7 +256,7 @@ TEST_F(ActionQueue, handlerThrowsStandardException_isShownLoggedAndCountsAsStop)
 
 TEST_F(ActionQueue, handlerThrowsNumber_isShownLoggedAndCountsAsStop)
 {
-    m_controller->setHostHandler(ownCommand, [](Action&) -> EContext::Result { throw 42; });
+    m_controller->host().setHandler(ownCommand, [](Action&) -> EContext::Result { throw 42; });
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
     EXPECT_EQ(m_messages.all().size(), 1);
@@ -264,7 +266,7 @@ TEST_F(ActionQueue, handlerThrowsNumber_isShownLoggedAndCountsAsStop)
 TEST_F(ActionQueue, messageItselfThrows_isLoggedAndCountsAsStop)
 {
     MockFactory<Dialog>::mocked = []() -> QSharedPointer<Dialog> { throw std::runtime_error("no screen"); };
-    m_controller->setHostHandler(ownCommand, [](Action&) -> EContext::Result { throw 42; });
+    m_controller->host().setHandler(ownCommand, [](Action&) -> EContext::Result { throw 42; });
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
     EXPECT_TRUE(log.text().contains(u"no screen"_s));
@@ -273,8 +275,8 @@ TEST_F(ActionQueue, messageItselfThrows_isLoggedAndCountsAsStop)
 TEST_F(ActionQueue, afterTriggerThrows_outcomeStands)
 {
     hostServes(ownCommand);
-    m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::After,
-                              [](const Action&) -> EContext::Result { throw 42; }, ActionTrigger::Any, 1});
+    m_controller->host().addTrigger({EContext::Idle, ownCommand, ActionTrigger::After,
+                                     [](const Action&) -> EContext::Result { throw 42; }, ActionTrigger::Any, 1});
     addTrigger(ActionTrigger::After, u"next"_s, 2);
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
     EXPECT_EQ(m_messages.all().size(), 1);
@@ -283,7 +285,7 @@ TEST_F(ActionQueue, afterTriggerThrows_outcomeStands)
 
 TEST_F(ActionQueue, enqueuedActions_runLaterInOrderAndIdleIsSignalledOnce)
 {
-    m_controller->setHostHandler(ownCommand, [this](Action& action) {
+    m_controller->host().setHandler(ownCommand, [this](Action& action) {
         m_steps.append(action.value(resultKey).toString());
         return EContext::GoOn;
     });
@@ -324,7 +326,7 @@ TEST_F(QueuedBefore, queuedActionThatNobodyHandles_theNextOneStillRuns)
 
 TEST_F(QueuedBefore, queuedActionNotAllowedInContext_theNextOneStillRuns)
 {
-    m_controller->setHostHandler(ownCommand, noting(u"not-allowed"_s));
+    m_controller->host().setHandler(ownCommand, noting(u"not-allowed"_s));
     Action elsewhere(ownCommand);
     elsewhere.setAllowContexts({EContext::OpenDocument});
     expectNextRunsAfter(elsewhere, "action");
@@ -332,7 +334,7 @@ TEST_F(QueuedBefore, queuedActionNotAllowedInContext_theNextOneStillRuns)
 
 TEST_F(QueuedBefore, queuedActionWhoseHandlerThrows_theNextOneStillRuns)
 {
-    m_controller->setHostHandler(ownCommand, [this](Action&) -> EContext::Result {
+    m_controller->host().setHandler(ownCommand, [this](Action&) -> EContext::Result {
         m_steps.append(u"thrown"_s);
         throw 42;
     });
@@ -344,8 +346,8 @@ TEST_F(QueuedBefore, queuedActionWhoseHandlerThrows_theNextOneStillRuns)
 TEST_F(QueuedBefore, queuedActionRunsAnotherAndAnEventLoop_theNextOneWaitsForItsEnd)
 {
     const auto innerCommand = EActionType(1002);
-    m_controller->setHostHandler(innerCommand, noting(u"inner"_s));
-    m_controller->setHostHandler(ownCommand, [this](Action&) {
+    m_controller->host().setHandler(innerCommand, noting(u"inner"_s));
+    m_controller->host().setHandler(ownCommand, [this](Action&) {
         execute(innerCommand); // its end must not let the next one in
         QCoreApplication::processEvents();
         m_steps.append(u"end"_s);
@@ -365,7 +367,7 @@ TEST_F(ActionQueue, nobodyHandlesTheLastQueuedAction_idleIsSignalled)
 TEST_F(ActionQueue, controllerDeletedByAQueuedAction_whatWaitsIsDropped)
 {
     hostServes(otherCommand);
-    m_controller->setHostHandler(ownCommand, [this](Action&) {
+    m_controller->host().setHandler(ownCommand, [this](Action&) {
         m_controller.reset();
         return EContext::GoOn;
     });
@@ -379,7 +381,7 @@ TEST_F(ActionQueue, controllerDeletedByAQueuedAction_whatWaitsIsDropped)
 TEST_F(ActionQueue, enqueuedInsideAction_runsAfterItEvenWhenItHasAnEventLoop)
 {
     hostServes(otherCommand);
-    m_controller->setHostHandler(ownCommand, [this](Action&) {
+    m_controller->host().setHandler(ownCommand, [this](Action&) {
         m_controller->enqueue(Action(otherCommand), true);
         QCoreApplication::processEvents();
         m_steps.append(u"end"_s);
@@ -394,7 +396,7 @@ TEST_F(ActionQueue, enqueuedInsideAction_runsAfterItEvenWhenItHasAnEventLoop)
 TEST_F(ActionQueue, executeInsideHandler_runsAtOnce)
 {
     hostServes(otherCommand);
-    m_controller->setHostHandler(ownCommand, [this](Action&) {
+    m_controller->host().setHandler(ownCommand, [this](Action&) {
         m_steps.append(QString::number(execute(otherCommand)));
         return EContext::GoOn;
     });
@@ -425,10 +427,10 @@ TEST_F(ActionQueue, formOnTop_itsContextCountsAndItsAnswerIsServedInsideTheActio
     GraphicalUserInterface* const former = std::exchange(Singleton<GraphicalUserInterface>::instance, &gui);
     const Finally restoring([former] { Singleton<GraphicalUserInterface>::instance = former; });
 
-    m_controller->setContext(EContext::OpenDocument);
+    m_controller->host().setContext(EContext::OpenDocument);
     EContext::Code contextWithForm{};
     core::BasicDialog::Result answer;
-    m_controller->setHostHandler(ownCommand, [&](Action&) {
+    m_controller->host().setHandler(ownCommand, [&](Action&) {
         QTimer::singleShot(0, m_controller.get(), [&] {
             contextWithForm = m_controller->context();
             Action reply(control::DialogAnswer);
@@ -456,13 +458,14 @@ TEST_F(ActionQueue, dialogAnswerWithoutForm_isPassedOver)
 TEST_F(ActionQueue, entriesRemovedOrReplacedDuringAction_actionFinishesWithWhatItBeganWith)
 {
     hostServes(ownCommand);
-    m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
-                              [this](const Action&) {
-                                  m_controller->removePluginEntries();
-                                  m_controller->setHostHandler(ownCommand, [](Action&) { return EContext::Stop; });
-                                  return EContext::GoOn;
-                              },
-                              ActionTrigger::Any, 1});
+    m_controller->host().addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
+                                     [this](const Action&) {
+                                         m_controller->host().removePluginEntries();
+                                         m_controller->host().setHandler(ownCommand,
+                                                                         [](Action&) { return EContext::Stop; });
+                                         return EContext::GoOn;
+                                     },
+                                     ActionTrigger::Any, 1});
     addTrigger(ActionTrigger::Before, u"second"_s, 2);
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
     EXPECT_EQ(m_steps, words("second action"));
@@ -473,12 +476,12 @@ TEST_F(ActionQueue, frame_runsAroundTriggersAndHandlerAndItsResultCounts)
 {
     addTrigger(ActionTrigger::Before, u"before"_s, 1);
     addTrigger(ActionTrigger::After, u"after"_s, 1);
-    m_controller->setHostHandler(ownCommand, [this](Action& action) {
+    m_controller->host().setHandler(ownCommand, [this](Action& action) {
         m_steps.append(u"action"_s);
         action.insert(resultKey, 7);
         return EContext::GoOn;
     });
-    m_controller->setHostFrame(ownCommand, [this](Action& action, const std::function<EContext::Result()>& course) {
+    m_controller->host().setFrame(ownCommand, [this](Action& action, const std::function<EContext::Result()>& course) {
         m_steps.append(u"in"_s);
         EXPECT_TRUE(m_controller->isBusy());
         EXPECT_EQ(course(), EContext::GoOn);
@@ -499,7 +502,7 @@ TEST_F(ActionQueue, frameAsksForNothing_neitherTriggersNorHandlerRun)
     hostServes(ownCommand);
     addTrigger(ActionTrigger::Before, u"before"_s, 1);
     addTrigger(ActionTrigger::After, u"after"_s, 1);
-    m_controller->setHostFrame(ownCommand, [](Action&, const auto&) { return EContext::Stop; });
+    m_controller->host().setFrame(ownCommand, [](Action&, const auto&) { return EContext::Stop; });
     QSignalSpy stopped(m_controller.get(), &ActionQueueController::stopped);
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
     EXPECT_TRUE(m_steps.isEmpty());
@@ -516,10 +519,10 @@ TEST_F(ActionQueue, frame_isOfItsActionInAnyContextAndALaterOneReplacesIt)
             return course();
         };
     };
-    m_controller->setHostFrame(ownCommand, framing(u"former"_s));
-    m_controller->setHostFrame(ownCommand, framing(u"frame"_s));
+    m_controller->host().setFrame(ownCommand, framing(u"former"_s));
+    m_controller->host().setFrame(ownCommand, framing(u"frame"_s));
     for (const auto context : {EContext::Idle, EContext::OpenDocument, EContext::StoredDocuments}) {
-        m_controller->setContext(context);
+        m_controller->host().setContext(context);
         EXPECT_EQ(execute(ownCommand), EContext::GoOn);
         EXPECT_EQ(execute(otherCommand), EContext::GoOn);
     }
@@ -529,7 +532,7 @@ TEST_F(ActionQueue, frame_isOfItsActionInAnyContextAndALaterOneReplacesIt)
 TEST_F(ActionQueue, nobodyHandlesAction_itsFrameIsNotAsked)
 {
     bool asked = false;
-    m_controller->setHostFrame(ownCommand, [&asked](Action&, const auto&) {
+    m_controller->host().setFrame(ownCommand, [&asked](Action&, const auto&) {
         asked = true;
         return EContext::GoOn;
     });
@@ -546,7 +549,7 @@ TEST_F(ActionQueue, triggerStopsWithinAFrame_theFrameLearnsItsResult)
     hostServes(ownCommand);
     addTrigger(ActionTrigger::Before, u"stopping"_s, 1, EContext::NotFound);
     std::optional<EContext::Result> learnt;
-    m_controller->setHostFrame(ownCommand, [&learnt](Action&, const std::function<EContext::Result()>& course) {
+    m_controller->host().setFrame(ownCommand, [&learnt](Action&, const std::function<EContext::Result()>& course) {
         learnt = course();
         return *learnt;
     });
@@ -558,7 +561,7 @@ TEST_F(ActionQueue, triggerStopsWithinAFrame_theFrameLearnsItsResult)
 TEST_F(ActionQueue, frameThrows_isToldAndCountsAsStop)
 {
     hostServes(ownCommand);
-    m_controller->setHostFrame(ownCommand, [](Action&, const std::function<EContext::Result()>& course) {
+    m_controller->host().setFrame(ownCommand, [](Action&, const std::function<EContext::Result()>& course) {
         course();
         throw std::runtime_error("frame");
         return EContext::GoOn;
@@ -575,7 +578,7 @@ TEST_F(ActionQueue, controllerDeletedByFrame_courseStops)
     hostServes(ownCommand);
     auto* const controller = m_controller.get();
     EContext::Result ofCourse = EContext::GoOn;
-    m_controller->setHostFrame(ownCommand, [&](Action&, const std::function<EContext::Result()>& course) {
+    m_controller->host().setFrame(ownCommand, [&](Action&, const std::function<EContext::Result()>& course) {
         m_controller.reset();
         ofCourse = course();
         return EContext::GoOn;
@@ -620,8 +623,8 @@ TEST_F(ActionQueue, actionNotStoppedByATrigger_isNotToldAsRefused)
 TEST_F(ActionQueue, triggerThrows_isToldAsRefusedToo)
 {
     hostServes(ownCommand);
-    m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
-                              [](const Action&) -> EContext::Result { throw 42; }, ActionTrigger::Any, 1});
+    m_controller->host().addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
+                                     [](const Action&) -> EContext::Result { throw 42; }, ActionTrigger::Any, 1});
     QSignalSpy stopped(m_controller.get(), &ActionQueueController::stopped);
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
@@ -633,12 +636,12 @@ TEST_F(ActionQueue, controllerDeletedByTheTriggerThatStops_nothingIsToldAsRefuse
     hostServes(ownCommand);
     QSignalSpy stopped(m_controller.get(), &ActionQueueController::stopped);
     auto* const controller = m_controller.get();
-    m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
-                              [this](const Action&) {
-                                  m_controller.reset();
-                                  return EContext::Stop;
-                              },
-                              ActionTrigger::Any, 1});
+    m_controller->host().addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
+                                     [this](const Action&) {
+                                         m_controller.reset();
+                                         return EContext::Stop;
+                                     },
+                                     ActionTrigger::Any, 1});
     Action action(ownCommand);
     EXPECT_EQ(controller->execute(action), EContext::Stop);
     EXPECT_TRUE(stopped.isEmpty());
@@ -648,12 +651,12 @@ TEST_F(ActionQueue, controllerDeletedByTrigger_actionEndsQuietly)
 {
     hostServes(ownCommand);
     auto* const controller = m_controller.get();
-    m_controller->addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
-                              [this](const Action&) {
-                                  m_controller.reset();
-                                  return EContext::GoOn;
-                              },
-                              ActionTrigger::Any, 1});
+    m_controller->host().addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
+                                     [this](const Action&) {
+                                         m_controller.reset();
+                                         return EContext::GoOn;
+                                     },
+                                     ActionTrigger::Any, 1});
     addTrigger(ActionTrigger::Before, u"second"_s, 2);
     Action action(ownCommand);
     EXPECT_EQ(controller->execute(action), EContext::GoOn);
@@ -663,7 +666,7 @@ TEST_F(ActionQueue, controllerDeletedByTrigger_actionEndsQuietly)
 TEST_F(ActionQueue, controllerDeletedByHandler_outcomeIsReturned)
 {
     auto* const controller = m_controller.get();
-    m_controller->setHostHandler(ownCommand, [this](Action&) {
+    m_controller->host().setHandler(ownCommand, [this](Action&) {
         m_controller.reset();
         return EContext::NotFound;
     });

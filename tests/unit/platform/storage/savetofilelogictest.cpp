@@ -31,7 +31,7 @@ protected:
         return result;
     }
 
-    QByteArray content(const QString& file = SaveToFileLogic::openDocumentFile) const
+    QByteArray content(const QString& file = AbstractDocument::openDocumentFile) const
     {
         QFile opened(m_folder.filePath(file));
         return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray();

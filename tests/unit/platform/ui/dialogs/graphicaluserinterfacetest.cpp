@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "actionqueuecontroller.h"
 #include "dialogeventfilter.h"
+#include "formhost.h"
 #include "inputblocker.h"
 #include "uitest.h"
 
@@ -96,20 +97,18 @@ TEST_F(GraphicalUserInterfaceTest, creatorsRemoved_areDropped)
     gui.addFormCreator(creator);
     creator.reset();
     EXPECT_FALSE(dropped.isNull());
-    gui.removeFormCreators();
+    gui.host().creators.clear();
     EXPECT_TRUE(dropped.isNull());
     EXPECT_EQ(gui.createForm(Event(firstEvent)), nullptr);
 }
 
-TEST_F(GraphicalUserInterfaceTest, someCreatorsKept_onlyTheLaterOnesAreDropped)
+TEST_F(GraphicalUserInterfaceTest, hostPutsFormerCreatorsBack_laterOneIsNotAsked)
 {
     const auto form = createForm();
     gui.addFormCreator(QSharedPointer<FixedCreator>::create(firstEvent, form));
-    const int kept = gui.formCreators();
+    const QList<QSharedPointer<BasicFormCreator>> former = gui.host().creators;
     gui.addFormCreator(QSharedPointer<FixedCreator>::create(EActivityListener::ShowMessage, form));
-    EXPECT_EQ(gui.formCreators(), kept + 1);
-    gui.removeFormCreators(kept);
-    EXPECT_EQ(gui.formCreators(), kept);
+    gui.host().creators = former;
     EXPECT_EQ(gui.createForm(Event(firstEvent)), form);
     EXPECT_NE(gui.createForm(Event(EActivityListener::ShowMessage)), form);
 }
@@ -383,7 +382,7 @@ public:
 TEST_F(GraphicalUserInterfaceTest, withAStage_formsEnterAndLeaveItInTheirOrder)
 {
     RecordingStage stage;
-    gui.setStage(&stage);
+    gui.host().stage = &stage;
     const auto below = createForm();
     const auto above = createForm();
     whenShown([&] {

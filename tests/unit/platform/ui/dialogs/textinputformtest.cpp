@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "actionqueuecontroller.h"
 #include "dialog.h"
+#include "formhost.h"
 #include "registerstyle.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
@@ -364,7 +365,7 @@ TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWhollyVisibleOnEveryScreenI
                 config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
                 applyRegisterStyle(*qApp, size.height());
                 Window window(size);
-                gui.setStage(&window);
+                gui.host().stage = &window;
                 show([&] {
                     const auto* area = root()->findChild<QScrollArea*>();
                     const auto* text = label("messageLabel");
@@ -372,7 +373,7 @@ TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWhollyVisibleOnEveryScreenI
                     EXPECT_EQ(text->height(), area->viewport()->height()) << size.width();
                     EXPECT_FALSE(area->verticalScrollBar()->isVisible()) << size.width();
                 });
-                gui.setStage(nullptr);
+                gui.host().stage = nullptr;
             }
         }
     }
