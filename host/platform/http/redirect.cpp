@@ -24,7 +24,7 @@ int portOf(const QUrl& url)
 bool isRequestable(const QUrl& url)
 {
     return url.isValid() && (url.scheme() == http || url.scheme() == https) && !url.host().isEmpty() &&
-           url.userInfo().isEmpty();
+           url.userInfo().isEmpty() && url.port() != 0;
 }
 
 bool isSameOrigin(const QUrl& left, const QUrl& right)

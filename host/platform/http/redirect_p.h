@@ -3,7 +3,8 @@
 
 #include <QUrl>
 
-/// True when a request may be sent to that URL at all: http or https, a host, and no name or password in it.
+/// True when a request may be sent to that URL at all: http or https, a host, a port above 0 if any, and no name or
+/// password in it.
 bool isRequestable(const QUrl& url);
 
 /// True when both URLs have the same scheme, host and port (RFC 6454).

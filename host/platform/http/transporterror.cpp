@@ -32,11 +32,11 @@ constexpr ErrorText failed = {
     "Не удалось выполнить запрос к серверу %1. Повторите; если не поможет, обратитесь к администратору."};
 
 constexpr std::array transportErrors = {
-    TransportErrorRow{
-        TransportError::AddressNotUsable,
-        {"restClientAddressNotUsable",
-         "Адрес сервера в настройках не годится: нужен адрес http или https без имени и пароля. Обратитесь к "
-         "администратору."}},
+    TransportErrorRow{TransportError::AddressNotUsable,
+                      {"restClientAddressNotUsable",
+                       "Адрес сервера в настройках не годится: нужен адрес http или https с именем сервера и верным "
+                       "портом, без имени "
+                       "пользователя и пароля. Запрос не отправлен. Обратитесь к администратору."}},
     TransportErrorRow{TransportError::HeaderNotUsable,
                       {"restClientHeaderNotUsable",
                        "Запрос к серверу %1 не отправлен: в одном из его заголовков недопустимые символы. Обратитесь к "
@@ -83,7 +83,7 @@ constexpr std::array transportErrors = {
                        "Сервер %1 слишком много раз отослал запрос на другой адрес. Обратитесь к администратору."}},
 };
 
-/// For a request that may have been carried out although its answer did not come back whole.
+/// For a request that may have been carried out although its answer is not complete.
 constexpr std::array uncertainOutcomes = {
     TransportErrorRow{TransportError::TimedOut,
                       {"restClientTimedOutUncertain",

@@ -29,8 +29,8 @@ Free some disk space or check access to the folder, then try again.</translation
         <translation>The request to server %1 failed. Try again; if that does not help, call the administrator.</translation>
     </message>
     <message id="restClientAddressNotUsable">
-        <source>Адрес сервера в настройках не годится: нужен адрес http или https без имени и пароля. Обратитесь к администратору.</source>
-        <translation>The server’s address in the settings cannot be used: it must be an http or https address without a name or password. Call the administrator.</translation>
+        <source>Адрес сервера в настройках не годится: нужен адрес http или https с именем сервера и верным портом, без имени пользователя и пароля. Запрос не отправлен. Обратитесь к администратору.</source>
+        <translation>The server’s address in the settings cannot be used: it must be an http or https address with the server’s name and a valid port, without a user name or password. Nothing was sent. Call the administrator.</translation>
     </message>
     <message id="restClientHeaderNotUsable">
         <source>Запрос к серверу %1 не отправлен: в одном из его заголовков недопустимые символы. Обратитесь к администратору: проверить нужно настройки доступа.</source>

@@ -45,6 +45,9 @@ extern "C" __attribute__((visibility("default"))) int getaddrinfo(const char* no
         --waiting;
         return EAI_AGAIN;
     }
+    if (node && std::strcmp(node, namelookup::cyrillicHost) == 0) {
+        node = "127.0.0.1";
+    }
     using Function = int (*)(const char*, const char*, const addrinfo*, addrinfo**);
     static const auto systems = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "getaddrinfo"));
     return systems(node, service, hints, result);
