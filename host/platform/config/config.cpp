@@ -17,35 +17,41 @@ namespace
 {
 
 struct IniText {
-    bool hasByteOrderMark = false;
-    QString error; ///< why the file is no text in UTF-8; empty: it is
+    bool hasByteOrderMark;
 };
 
-/// Looks at a file before QSettings does, which would take what is no text for an empty configuration.
-IniText inspect(const QString& path)
+Failure failure(const QString& file, const QString& detail)
+{
+    return {
+        tr::Tr(u"configNotReadable"_s, u"Настройки в файле %1 не прочитаны.\nОбратитесь к администратору."_s).arg(file),
+        detail};
+}
+
+/// Checks the file before QSettings reads it: QSettings takes a binary file for an empty configuration.
+Expected<IniText> inspect(const QString& path)
 {
     const QFileInfo info(path);
     if (!info.exists()) {
-        return {false, u"there is no file "_s + path};
+        return failure(path, u"there is no file "_s + path);
     }
     if (!info.isFile()) {
-        return {false, path + u" is not a file"_s};
+        return failure(path, path + u" is not a file"_s);
     }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        return {false, path + u": "_s + file.errorString()};
+        return failure(path, path + u": "_s + file.errorString());
     }
     const QByteArray bytes = file.readAll();
     QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless); // so that a cut end is an error
     const QString text = decode(bytes);
     if (decode.hasError() || text.contains(QChar::Null)) {
-        return {false, path + u" is not a text in UTF-8"_s};
+        return failure(path, path + u" is not a text in UTF-8"_s);
     }
     if (text.contains(u"@Variant(")) // QSettings would make objects of it, whatever they are
     {
-        return {false, path + u" has a value that is no text: @Variant("_s};
+        return failure(path, path + u" has a value that is no text: @Variant("_s);
     }
-    return {bytes.startsWith("\xEF\xBB\xBF"), {}};
+    return IniText{bytes.startsWith("\xEF\xBB\xBF")};
 }
 
 /// QSettings' name of a key as ours: "section/key" becomes "section:key"; the section General is not named by
@@ -70,9 +76,9 @@ Config::Config() = default;
 
 Config::Config(const QString& file)
 {
-    const IniText text = inspect(file);
-    m_error = text.error;
-    if (!m_error.isEmpty()) {
+    const Expected<IniText> text = inspect(file);
+    if (!text) {
+        m_reading = text.failure();
         return;
     }
     const QSettings settings(file, QSettings::IniFormat);
@@ -82,8 +88,8 @@ Config::Config(const QString& file)
         m_values.insert(configKey(key), settings.value(key).toStringList().join(u','));
     }
     // Qt 6.4 reads what follows a byte order mark, but counts the mark itself as a faulty line.
-    if (settings.status() != QSettings::NoError && !text.hasByteOrderMark) {
-        m_error = file + u" has lines that are neither a section nor a key with a value"_s;
+    if (settings.status() != QSettings::NoError && !text->hasByteOrderMark) {
+        m_reading = failure(file, file + u" has lines that are neither a section nor a key with a value"_s);
     }
 }
 
@@ -129,14 +135,4 @@ int Config::getInt(const QString& key, int def) const
 void Config::setForThisRun(const QString& key, const QString& value)
 {
     m_values.insert(key, value);
-}
-
-bool Config::isReadable() const
-{
-    return m_error.isEmpty();
-}
-
-QString Config::errorText() const
-{
-    return m_error;
 }

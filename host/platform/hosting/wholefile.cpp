@@ -18,42 +18,49 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Makes the renaming in a folder last through a power cut. Empty, or what went wrong.
-QString syncFolder(const QString& folder)
+Failure failure(const QString& path, const QString& systemsWords)
+{
+    return {tr::Tr(tr::undefined, systemsWords), path + u": "_s + systemsWords};
+}
+
+/// Makes the renaming in a folder last through a power cut.
+Expected<void> syncFolder(const QString& folder)
 {
     const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0) {
-        return qt_error_string(errno);
+        return failure(folder, qt_error_string(errno));
     }
     const Finally closing([descriptor] { ::close(descriptor); });
     if (::fsync(descriptor) == 0 || errno == EINVAL) // EINVAL: a file system that has no such thing
     {
         return {};
     }
-    return qt_error_string(errno);
+    return failure(folder, qt_error_string(errno));
 }
 
-/// Empty, or what went wrong.
-QString replaceFile(const QString& path, const QByteArray& content)
+Expected<void> replaceFile(const QString& path, const QByteArray& content)
 {
     QSaveFile file(path);
     // Unbuffered: QSaveFile commits a file whose last buffer did not fit on the disk.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        return file.errorString();
+        return failure(path, file.errorString());
     }
     file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
     for (qint64 written = 0; written < content.size();) {
         const qint64 more = file.write(content.constData() + written, content.size() - written);
         if (more <= 0) {
-            return file.errorString();
+            return failure(path, file.errorString());
         }
         written += more;
     }
     if (::fsync(file.handle()) != 0) // commit() syncs too, but goes on when that fails
     {
-        return qt_error_string(errno);
+        return failure(path, qt_error_string(errno));
     }
-    return file.commit() ? QString() : file.errorString();
+    if (!file.commit()) {
+        return failure(path, file.errorString());
+    }
+    return {};
 }
 
 /// A file name, or one in a subfolder.
@@ -67,21 +74,21 @@ bool isWithinFolder(const QString& file)
 
 } // namespace
 
-QString writeWholeFile(const QString& folder, const QString& file, const QByteArray& content)
+Expected<void> writeWholeFile(const QString& folder, const QString& file, const QByteArray& content)
 {
-    if (!QFileInfo(folder).isDir() || !isWithinFolder(file)) {
-        return qt_error_string(ENOENT);
-    }
     const QString path = QDir(folder).filePath(file);
+    if (!QFileInfo(folder).isDir() || !isWithinFolder(file)) {
+        return failure(path, qt_error_string(ENOENT));
+    }
     const QString subfolder = QFileInfo(path).path();
     if (!QFileInfo(subfolder).isDir()) {
         if (!QDir().mkdir(subfolder)) {
-            return qt_error_string(errno);
+            return failure(subfolder, qt_error_string(errno));
         }
-        if (QString failure = syncFolder(folder); !failure.isEmpty()) {
-            return failure;
+        if (Expected<void> synced = syncFolder(folder); !synced) {
+            return synced;
         }
     }
-    QString failure = replaceFile(path, content);
-    return failure.isEmpty() ? syncFolder(subfolder) : failure;
+    Expected<void> replaced = replaceFile(path, content);
+    return replaced ? syncFolder(subfolder) : replaced;
 }

@@ -17,17 +17,16 @@ class REGISTERPLATFORM_EXPORT SaveToFileLogic : public MockFactory<SaveToFileLog
 public:
     SaveToFileLogic() = default;
     virtual ~SaveToFileLogic();
-    SaveToFileLogic(const SaveToFileLogic&) = delete;
-    SaveToFileLogic& operator=(const SaveToFileLogic&) = delete;
+    Q_DISABLE_COPY_MOVE(SaveToFileLogic)
 
     /// Writes AbstractDocument::toJson() to a file of the folder "Register:data", whole or not at all: into a
-    /// temporary file, synced, renamed over the old one, and the folder synced.
+    /// temporary file, synced, renamed over the old one, and the folder synced. Blocks until the disk has it. A failure
+    /// is logged, and shown to the cashier before this returns.
     ///
     /// @param document null: nothing is written and the result is false
-    /// @param file a file name within the folder, or `subfolder/name`, whose subfolder is made where there is none;
+    /// @param file a file name within the folder, or `subfolder/name`, whose subfolder is made if there is none;
     ///        empty: the document's own, AbstractDocument::fileName()
-    /// @return false when the file could not be written; the cashier has then been told, and the former file stands.
-    ///         False too, after telling the cashier, when the new file stands but the folder could not be synced, so
-    ///         that a power cut may bring the former file back.
+    /// @return false after a failure. The former file is then still there, unless only the folder could not be synced:
+    ///         then the new file is there, and a power cut may bring the former one back.
     virtual bool save(const QSharedPointer<AbstractDocument>& document, const QString& file);
 };

@@ -224,5 +224,23 @@ Check the folders of layouts in the register’s settings</translation>
         <source>Введено неверно, исправьте значение</source>
         <translation>This is not valid, correct it</translation>
     </message>
+    <message id="configNotReadable">
+        <source>Настройки в файле %1 не прочитаны.
+Обратитесь к администратору.</source>
+        <translation>The settings in file %1 could not be read.
+Call the administrator.</translation>
+    </message>
+    <message id="jsonFileNotReadable">
+        <source>Файл %1 не читается: %2
+Обратитесь к администратору.</source>
+        <translation>The file %1 cannot be read: %2
+Call the administrator.</translation>
+    </message>
+    <message id="jsonFileDamaged">
+        <source>Файл %1 повреждён.
+Обратитесь к администратору.</source>
+        <translation>The file %1 is damaged.
+Call the administrator.</translation>
+    </message>
 </context>
 </TS>

@@ -87,9 +87,9 @@ int RegisterApplication::run()
 std::optional<StartupFailure> RegisterApplication::readConfiguration()
 {
     auto config = std::make_unique<Config>(m_commandLine.config);
-    if (!config->isReadable()) {
+    if (!config->reading()) {
         return StartupFailure{exitstatus::noConfiguration, u"The configuration cannot be read: "_s +
-                                                               config->errorText() +
+                                                               config->reading().failure().detail +
                                                                u"\nName an INI file with --config FILE.ini"_s};
     }
     Singleton<Config>::instance = config.release(); // lives as long as the process, as plug-ins do

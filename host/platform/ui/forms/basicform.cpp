@@ -12,7 +12,6 @@
 
 #include <QAbstractButton>
 #include <QCoreApplication>
-#include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -165,29 +164,14 @@ void BasicForm::loadUI(const QString& name)
     delete m_root;
 
     const QString path = layoutPath(name);
-    QFile file(path.isEmpty() ? name : path);
-    QString reason;
-    if (path.isEmpty()) {
-        reason = tr::Tr(u"formUiMissing"_s, u"файла нет"_s).ui();
-    } else if (!file.open(QIODevice::ReadOnly)) {
-        reason = file.errorString();
-    } else {
-        LayoutLoader loader;
-        m_root = loader.load(&file);
-        if (!m_root) {
-            reason = loader.errorString();
-        }
-    }
-    const bool isLoaded = !m_root.isNull();
-    if (!isLoaded) {
-        m_root = new QWidget;
-    }
+    const Expected<QWidget*> loaded = loadLayout(path);
+    m_root = loaded ? *loaded : new QWidget;
     (new FormGuard(*this))->watch(*m_root);
-    if (!isLoaded) {
+    if (!loaded) {
         findUIError(tr::Tr(u"formUiLoadError"_s,
                            u"Не удалось загрузить форму '%1': %2\nПроверьте папки форм в настройках кассы"_s)
-                        .arg(file.fileName())
-                        .arg(reason));
+                        .arg(path.isEmpty() ? name : path)
+                        .arg(loaded.failure().text.ui()));
     }
 }
 

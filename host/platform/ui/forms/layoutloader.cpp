@@ -6,6 +6,10 @@
 #include "tallotableview.h"
 #include "wrappedlabel.h"
 
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -42,4 +46,21 @@ QWidget* LayoutLoader::createWidget(const QString& className, QWidget* parent, c
     }
     widget->setObjectName(name);
     return widget;
+}
+
+Expected<QWidget*> loadLayout(const QString& path)
+{
+    if (path.isEmpty()) {
+        return Failure{tr::Tr(u"formUiMissing"_s, u"файла нет"_s), u"no such file"_s};
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return Failure{tr::Tr(tr::undefined, file.errorString()), path + u": "_s + file.errorString()};
+    }
+    LayoutLoader loader;
+    QWidget* root = loader.load(&file);
+    if (!root) {
+        return Failure{tr::Tr(tr::undefined, loader.errorString()), path + u": "_s + loader.errorString()};
+    }
+    return root;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "expected.h"
+
 #include <QUiLoader>
 
 /// Reads .ui layouts that use the register's own widget classes.
@@ -11,3 +13,7 @@ public:
 
     QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override;
 };
+
+/// The widgets of a layout; the caller owns them.
+/// @param path of the .ui file; empty: there is none, which is a failure like any other
+Expected<QWidget*> loadLayout(const QString& path);

@@ -86,7 +86,7 @@ class ConfigNumber : public ::testing::TestWithParam<Number>
 TEST_P(ConfigValue, inIniFile_isReadAsDocumented)
 {
     const Config config(written("[S]\n" + GetParam().line + "\n"));
-    EXPECT_TRUE(config.isReadable()) << config.errorText().toStdString();
+    EXPECT_TRUE(config.reading()) << config.reading().failure().detail.toStdString();
     EXPECT_EQ(config.getString(key("S:k"), key("absent")), QString::fromUtf8(GetParam().read));
 }
 
@@ -121,15 +121,14 @@ TEST_F(ConfigFile, sectionWithDots_andGeneralSection_andNoSection)
 TEST_F(ConfigFile, byteOrderMark_isPassedOver)
 {
     const Config config(written("\xEF\xBB\xBF[S]\nk=1\n"));
-    EXPECT_TRUE(config.isReadable());
+    EXPECT_TRUE(config.reading());
     EXPECT_EQ(config.getInt(key("S:k")), 1);
 }
 
-TEST_F(ConfigFile, emptyFile_isReadableAndEmpty)
+TEST_F(ConfigFile, emptyFile_isReadAndEmpty)
 {
     const Config config(written(""));
-    EXPECT_TRUE(config.isReadable());
-    EXPECT_EQ(config.errorText(), QString());
+    EXPECT_TRUE(config.reading());
 }
 
 TEST_F(ConfigFile, longValue_isReadWhole)
@@ -141,8 +140,8 @@ TEST_F(ConfigFile, longValue_isReadWhole)
 TEST_F(ConfigFile, missing_readsAsEmptyAndSaysSo)
 {
     const Config config(path());
-    EXPECT_FALSE(config.isReadable());
-    EXPECT_TRUE(config.errorText().contains(path()));
+    EXPECT_FALSE(config.reading());
+    EXPECT_TRUE(config.reading().failure().detail.contains(path()));
     EXPECT_EQ(config.getString(key("S:k"), key("default")), key("default"));
     EXPECT_FALSE(QFile::exists(path()));
 }
@@ -150,32 +149,32 @@ TEST_F(ConfigFile, missing_readsAsEmptyAndSaysSo)
 TEST_F(ConfigFile, directory_readsAsEmptyAndSaysSo)
 {
     const Config config(m_folder.path());
-    EXPECT_FALSE(config.isReadable());
-    EXPECT_TRUE(config.errorText().contains(m_folder.path()));
+    EXPECT_FALSE(config.reading());
+    EXPECT_TRUE(config.reading().failure().detail.contains(m_folder.path()));
     EXPECT_EQ(config.getInt(key("S:k"), 3), 3);
 }
 
 TEST_F(ConfigFile, device_isNotRead)
 {
-    EXPECT_FALSE(Config(u"/dev/zero"_s).isReadable());
+    EXPECT_FALSE(Config(u"/dev/zero"_s).reading());
 }
 
 TEST_F(ConfigFile, binaryGarbage_readsAsEmptyAndSaysSo)
 {
     const Config notText(written(QByteArray("[S]\nk=1\n\xFF\xFE\x01\x02", 12)));
-    EXPECT_FALSE(notText.isReadable());
-    EXPECT_FALSE(notText.errorText().isEmpty());
+    EXPECT_FALSE(notText.reading());
+    EXPECT_FALSE(notText.reading().failure().detail.isEmpty());
     EXPECT_EQ(notText.getInt(key("S:k"), 3), 3);
 
     const Config withNull(written(QByteArray("[S]\nk=\0\n", 8)));
-    EXPECT_FALSE(withNull.isReadable());
+    EXPECT_FALSE(withNull.reading());
 }
 
-TEST_F(ConfigFile, linesThatAreNoEntries_areToldAndTheOthersRead)
+TEST_F(ConfigFile, linesThatAreNoEntries_areAFailureAndTheOthersAreRead)
 {
     const Config config(written("[S]\nk=1\nthis is no entry\n[S2]\nk=2\n"));
-    EXPECT_FALSE(config.isReadable());
-    EXPECT_TRUE(config.errorText().contains(path()));
+    EXPECT_FALSE(config.reading());
+    EXPECT_TRUE(config.reading().failure().detail.contains(path()));
     EXPECT_EQ(config.getInt(key("S:k")), 1);
     EXPECT_EQ(config.getInt(key("S2:k")), 2);
 }
@@ -251,7 +250,7 @@ TEST(Config, absentKey_givesDefaultsWithoutWarning)
     EXPECT_EQ(config.getInt(key("S:k")), 0);
     EXPECT_EQ(config.getString(key("S:k"), key("x")), key("x"));
     EXPECT_EQ(config.getString(key("S:k")), QString());
-    EXPECT_TRUE(config.isReadable());
+    EXPECT_TRUE(config.reading());
     EXPECT_TRUE(log.lines().isEmpty());
 }
 

@@ -114,14 +114,14 @@ TEST_F(SavedDocument, file_isReadableByItsOwnerAlone)
     EXPECT_EQ(QFile::permissions(m_folder.filePath(u"receipt.json"_s)) & others, 0);
 }
 
-TEST_F(SavedDocument, null_isRefusedWithoutAMessage)
+TEST_F(SavedDocument, null_isNotSavedAndShowsNoMessage)
 {
     EXPECT_FALSE(save(nullptr));
     EXPECT_TRUE(files().isEmpty());
     EXPECT_TRUE(m_messages.all().isEmpty());
 }
 
-TEST_F(SavedDocument, diskFull_isToldAndFormerFileStands)
+TEST_F(SavedDocument, diskFull_isShownAndFormerFileStays)
 {
     EXPECT_TRUE(save(document(u"former"_s)));
     const QByteArray former = content();
@@ -137,7 +137,7 @@ TEST_F(SavedDocument, diskFull_isToldAndFormerFileStands)
     EXPECT_FALSE(log.text().contains(u"xxx"_s));
 }
 
-TEST_F(SavedDocument, diskFullAtTheLastBytes_isToldAndFormerFileStands)
+TEST_F(SavedDocument, diskFullAtTheLastBytes_isShownAndFormerFileStays)
 {
     EXPECT_TRUE(save(document(u"former"_s)));
     const QByteArray former = content();
@@ -151,7 +151,7 @@ TEST_F(SavedDocument, diskFullAtTheLastBytes_isToldAndFormerFileStands)
     EXPECT_TRUE(save(document(u"later"_s)));
 }
 
-TEST_F(SavedDocument, folderTakesNoFiles_isTold)
+TEST_F(SavedDocument, folderTakesNoFiles_isShown)
 {
     const QString readOnly = u"/proc/self"_s; // refuses new files to everybody, root included
     m_config.set(u"Register:data"_s, readOnly);
@@ -159,7 +159,7 @@ TEST_F(SavedDocument, folderTakesNoFiles_isTold)
     expectTold(readOnly);
 }
 
-TEST_F(SavedDocument, folderMissing_isToldAndNotCreated)
+TEST_F(SavedDocument, folderMissing_isShownAndNotCreated)
 {
     const QString missing = m_folder.filePath(u"missing"_s);
     m_config.set(u"Register:data"_s, missing);
@@ -168,7 +168,7 @@ TEST_F(SavedDocument, folderMissing_isToldAndNotCreated)
     EXPECT_FALSE(QDir(missing).exists());
 }
 
-TEST_F(SavedDocument, folderIsAFile_isTold)
+TEST_F(SavedDocument, folderIsAFile_isShown)
 {
     EXPECT_TRUE(save(document(u"x"_s)));
     m_config.set(u"Register:data"_s, m_folder.filePath(u"receipt.json"_s));
@@ -176,14 +176,14 @@ TEST_F(SavedDocument, folderIsAFile_isTold)
     expectTold(u"receipt.json"_s);
 }
 
-TEST_F(SavedDocument, noFolderConfigured_isToldWithTheKey)
+TEST_F(SavedDocument, noFolderConfigured_isShownWithTheKey)
 {
     m_config.set(u"Register:data"_s, QString());
     EXPECT_FALSE(save(document(u"x"_s)));
     expectTold(u"Register:data"_s);
 }
 
-TEST_F(SavedDocument, aFolderStandsInTheFilesPlace_isToldAndStands)
+TEST_F(SavedDocument, folderOfTheFilesName_isShownAndStays)
 {
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"receipt.json"_s));
     EXPECT_FALSE(save(document(u"x"_s)));
@@ -203,7 +203,7 @@ TEST_F(SavedDocument, fileInASubfolder_isWrittenThereAndTheSubfolderMadeOnce)
     EXPECT_EQ(QFile::permissions(m_folder.filePath(u"stored/a.json"_s)) & others, 0);
 }
 
-TEST_F(SavedDocument, aFileStandsInTheSubfoldersPlace_isToldAndStands)
+TEST_F(SavedDocument, fileOfTheSubfoldersName_isShownAndStays)
 {
     EXPECT_TRUE(save(document(u"x"_s), u"stored"_s));
     const QByteArray former = content(u"stored"_s);
@@ -212,7 +212,7 @@ TEST_F(SavedDocument, aFileStandsInTheSubfoldersPlace_isToldAndStands)
     EXPECT_EQ(content(u"stored"_s), former);
 }
 
-TEST_F(SavedDocument, fileOutsideTheFolder_isRefused)
+TEST_F(SavedDocument, fileOutsideTheFolder_isNotWritten)
 {
     const QTemporaryDir elsewhere;
     const QString outside[] = {
