@@ -9,14 +9,13 @@
 class CurrentTime;
 extern template struct REGISTERPLATFORM_EXPORT MockFactory<CurrentTime>;
 
-/// The clock on the wall, as an object that a test can replace.
+/// The time of day, as an object that a test can replace.
 class REGISTERPLATFORM_EXPORT CurrentTime : public MockFactory<CurrentTime>
 {
 public:
     CurrentTime() = default;
     virtual ~CurrentTime();
-    CurrentTime(const CurrentTime&) = delete;
-    CurrentTime& operator=(const CurrentTime&) = delete;
+    Q_DISABLE_COPY_MOVE(CurrentTime)
 
     /// Now, in local time.
     virtual QDateTime current() const;

@@ -12,24 +12,23 @@
 ///
 /// The database is named in the configuration: "Database:driver" (a Qt SQL driver, default "QSQLITE"),
 /// "Database:name" (the file, for SQLite), "Database:host", "Database:port", "Database:user", "Database:password".
-/// The register writes through connections of its own; what is handed out here cannot write.
+/// The register writes through connections of its own; a connection from here cannot write.
 class REGISTERPLATFORM_EXPORT ConnectionFactory
 {
 public:
     ConnectionFactory() = default;
     virtual ~ConnectionFactory();
-    ConnectionFactory(const ConnectionFactory&) = delete;
-    ConnectionFactory& operator=(const ConnectionFactory&) = delete;
+    Q_DISABLE_COPY_MOVE(ConnectionFactory)
 
     /// An open read-only connection, the same one for the same arguments until the configuration is changed.
     ///
-    /// A statement that would change the database fails with the driver's error. When the database cannot be opened
-    /// (no such file: it is never created here) the connection is not open and its lastError() tells why; queries on
-    /// it fail in prepare.
+    /// A statement that would change the database fails with the driver's error. If the database cannot be opened, the
+    /// connection is not open, its lastError() says why, and queries on it fail in prepare(). A missing SQLite file is
+    /// not created.
     ///
     /// @param database a configured database's name: the configuration section is then "Database.<name>"; empty: the
     ///        goods database
-    /// @param connection tells connections to one database apart; empty: the shared one
+    /// @param connection for a connection of one's own to that database; empty: the shared one
     virtual QSqlDatabase getConnection(const QString& database, const QString& connection);
 
 private:

@@ -12,7 +12,7 @@
 #include <QSharedPointer>
 #include <QVariant>
 
-/// A document of the register: the open receipt, a stored one, a closed sale.
+/// A document of the register, a sale or a return: open, suspended or closed.
 ///
 /// Owner: the host, through shared pointers; a plug-in keeps none beyond the call that gave it one. Main thread.
 class REGISTERPLATFORM_EXPORT AbstractDocument : public QObject
@@ -36,7 +36,7 @@ public:
 
     /// A value of Type, as a plain number: the host may have more kinds.
     virtual int getType() const = 0;
-    /// The positions in the order of the receipt; cancelled ones are not among them.
+    /// The positions in order, without the removed ones.
     virtual QList<QSharedPointer<GoodsItem>> getPositions() const = 0;
     /// The position with that number; null when there is none.
     virtual QSharedPointer<GoodsItem> getPosition(int number) const;
@@ -53,7 +53,7 @@ public:
     /// Stores a value that JSON can hold (text, number, bool, list, map); an invalid one removes the entry.
     virtual void setPluginValue(const QString& plugin, const QString& key, const QVariant& value);
 
-    /// Everything of the document, as it is saved; docs/receipt-format.md tells the members. A host's document adds
+    /// Everything of the document, as it is saved; the members are in docs/receipt-format.md. A host's document adds
     /// members of its own.
     virtual QJsonObject toJson() const;
 

@@ -19,7 +19,7 @@ namespace
 constexpr size_t largestAnswer = size_t(64) * 1024 * 1024;
 constexpr int longestSliceMs = 4;
 constexpr long mostConnections = 8;
-/// Firewalls forget idle connections without a word; a request on such a one would only time out.
+/// Firewalls drop idle connections silently; a request on a dropped one would only time out.
 constexpr long longestIdleSeconds = 30;
 constexpr int statusNoContent = 204;
 
@@ -120,7 +120,7 @@ struct HttpTransport::Exchange {
     bool isAdmitted = false;
     std::array<char, CURL_ERROR_SIZE> detail{};
 
-    /// False when the answer has grown beyond what is taken.
+    /// False when the answer is too large.
     bool count(size_t bytes)
     {
         received += bytes;
@@ -164,13 +164,13 @@ HttpAnswer HttpTransport::exchange(const HttpRequest& request, const QDeadlineTi
         answer.detail = QString::fromUtf8(curl_easy_strerror(code));
     }
 
-    curl_easy_reset(m_easy.get()); // it must not point to the exchange any more
+    curl_easy_reset(m_easy.get()); // it points to the exchange
     m_isBusy = false;
     return answer;
 }
 
-/// Between requests a server has nothing to say: a connection with something to read was closed by it, or is about to
-/// be. libcurl does not see that over TLS, where the server's farewell looks like data.
+/// Between requests a server sends nothing: if there is something to read, it has closed the connection or is about to.
+/// libcurl does not see that over TLS, where the closing message looks like data.
 void HttpTransport::dropStaleConnections()
 {
     const bool anyStale = std::any_of(m_sockets.begin(), m_sockets.end(), [](curl_socket_t socket) {
@@ -209,7 +209,7 @@ void HttpTransport::configure(Exchange& exchange)
     curl_easy_setopt(easy, CURLOPT_SSL_VERIFYPEER, 1L);
     curl_easy_setopt(easy, CURLOPT_SSL_VERIFYHOST, 2L);
     if (!request.certificates.isEmpty()) {
-        // As a blob the certificates are part of what tells connections and TLS sessions apart.
+        // A blob, because libcurl compares blobs when it reuses connections and TLS sessions.
         curl_blob certificates = {const_cast<char*>(request.certificates.constData()),
                                   size_t(request.certificates.size()), CURL_BLOB_NOCOPY};
         curl_easy_setopt(easy, CURLOPT_CAINFO_BLOB, &certificates);
@@ -297,8 +297,8 @@ size_t HttpTransport::takeHeader(char* /*data*/, size_t size, size_t count, void
     return static_cast<Exchange*>(context)->count(bytes) ? bytes : CURL_WRITEFUNC_ERROR;
 }
 
-/// Called when the request has its connection and nothing of it has gone out on that one. The second time means that
-/// libcurl found the first connection dead and would send the request again: never so with a POST.
+/// libcurl calls this when the request has its connection and before it is sent there. A second call means that the
+/// first connection was dead and that libcurl would send the request again, which a POST must never be.
 int HttpTransport::admitRequest(void* context, char* /*serverAddress*/, char* /*ownAddress*/, int /*serverPort*/,
                                 int /*ownPort*/)
 {

@@ -35,12 +35,12 @@ struct HttpAnswer {
     QByteArray body;
     /// Value of the "Location" header, or empty.
     QByteArray location;
-    /// Only the end of the connection told that the body was over, so that a connection that broke looks the same.
+    /// Only the end of the connection ended the body, so that a broken connection looks the same.
     bool endsWithConnection = false;
-    /// False when it is certain that nothing of the request went out: the connection never stood.
+    /// False when certainly nothing of the request went out: there was no connection.
     bool wasSent = false;
-    /// What went wrong in the transport's own words, in English, for the log; empty when nothing did. They hold nothing
-    /// of the request or of the answer's body.
+    /// What went wrong, in the transport's words, in English, for the log; empty when nothing did. Holds nothing of the
+    /// request or of the answer's body.
     QString detail;
 };
 
@@ -53,8 +53,7 @@ class HttpTransport
 public:
     HttpTransport();
     ~HttpTransport();
-    HttpTransport(const HttpTransport&) = delete;
-    HttpTransport& operator=(const HttpTransport&) = delete;
+    Q_DISABLE_COPY_MOVE(HttpTransport)
 
     /// Returns when the answer is there, or the exchange failed, or the deadline has passed.
     HttpAnswer exchange(const HttpRequest& request, const QDeadlineTimer& deadline);

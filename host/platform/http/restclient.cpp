@@ -37,7 +37,7 @@ HttpTransport& sharedTransport()
     return transport;
 }
 
-/// A request that is made from within an event handler while another one waits goes over a transport of its own.
+/// An event handler that sends a request while another one waits gets a transport of its own.
 HttpAnswer exchange(const HttpRequest& request, const QDeadlineTimer& deadline)
 {
     if (!sharedTransport().isBusy()) {
@@ -46,7 +46,7 @@ HttpAnswer exchange(const HttpRequest& request, const QDeadlineTimer& deadline)
     return HttpTransport().exchange(request, deadline);
 }
 
-/// The certificates that the configuration names; nothing when their file cannot be read or is empty.
+/// The configured certificates; nothing when their file cannot be read or is empty.
 std::optional<QByteArray> configuredCertificates()
 {
     const QString name = Singleton<Config>::get()->getString(u"RestClient:caFile"_s);
@@ -112,8 +112,8 @@ HttpAnswer send(HttpRequest& request, const QDeadlineTimer& deadline)
     }
 }
 
-/// Where the length of an answer was not told it may have lost its end without a sign of it. No part of a JSON object
-/// or array is one itself, so that one that came as JSON came whole.
+/// Without a length a truncated answer looks complete. A part of a JSON object or array is not JSON, so an answer that
+/// is JSON is complete.
 bool mayBeCutShort(const HttpAnswer& answer, const QJsonDocument& parsed)
 {
     return answer.error == TransportError::None && answer.endsWithConnection && parsed.isNull();

@@ -18,35 +18,35 @@ extern template struct REGISTERPLATFORM_EXPORT MockFactory<RestClient>;
 
 /// One JSON request over HTTP(S) at a time, synchronous for its caller.
 ///
-/// While a request runs the window stays painted and animated, but key presses, clicks and touches are thrown away
-/// and no action runs (see InputBlocker). Connections are kept between requests and shared by all clients. An event
-/// handler that runs meanwhile, such as a timer's, may make requests with a client of its own; the first request goes
-/// on when they are done, and its time-out counts on.
+/// While a request runs, the window is painted and animated, key presses, clicks and touches are thrown away, and no
+/// action runs (see InputBlocker). Connections are kept between requests and shared by all clients. An event handler
+/// that runs meanwhile, such as a timer's, may send requests with a client of its own. The first request continues
+/// after them; its time-out does not stop.
 ///
 /// - A POST reaches the wire at most once, whatever happens to the connection. It is never redirected. A GET is sent
 ///   again when a kept connection turns out to be dead.
 /// - A GET follows at most five redirects; to another origin (RFC 6454) neither its body nor any of the caller's
 ///   headers goes along except "Accept". A redirect from https to http is refused.
 /// - TLS 1.2 or newer, and always verified, against the system's certificates or, when "RestClient:caFile" names a PEM
-///   file, against that file alone. The file is read anew for each request.
+///   file, against that file alone. The file is read for each request.
 /// - The proxy is what "RestClient:proxy" names (a URL), or none; the environment's settings are not used.
-/// - A POST's answer whose length was not told, and which is no JSON object or array, counts as one that did not come
-///   back whole: a broken connection looks the same.
+/// - Without a length a truncated answer looks complete: a POST's answer without one that is no JSON object or array
+///   counts as lost.
 /// - An answer larger than 64 MiB, headers included, is refused.
-/// - Only http and https URLs without a user name or password. A header name that is no token, a value with a control
+/// - Only http and https URLs with a host, and without a user name or password; any other URL, an invalid one among
+///   them, is refused before anything is sent. A header name that is no token, a value with a control
 ///   character (RFC 9110, 5.5 and 5.6.2), and the headers that frame a request ("Host", "Connection",
 ///   "Content-Length", "Transfer-Encoding", "Expect") are refused before anything is sent.
 ///
-/// Logged is, when a request failed, its method, the server's scheme, name and port, the error code and the
-/// transport's reason; nothing of the path, query, headers or body, and nothing of an answer.
-/// Main thread only. Owner: whoever created it; a client may be used for several requests.
+/// A failed request is logged with its method, the server's scheme, name and port, the error code and the transport's
+/// reason, and with nothing of its path, query, headers or body, or of the answer.
+/// Main thread only. The caller owns the client and may use it for several requests.
 class REGISTERPLATFORM_EXPORT RestClient : public MockFactory<RestClient>
 {
 public:
     RestClient();
     virtual ~RestClient();
-    RestClient(const RestClient&) = delete;
-    RestClient& operator=(const RestClient&) = delete;
+    Q_DISABLE_COPY_MOVE(RestClient)
 
     /// The time that a whole request may take, redirects included, in seconds; 0 or less counts as 60.
     virtual void setTimeout(int seconds);

@@ -5,7 +5,7 @@
 
 #include <QString>
 
-/// Why an exchange with a server did not end in a whole answer, or why its answer was not taken.
+/// Why an exchange with a server gave no complete answer, or one that is not accepted.
 ///
 /// The numbers are RestClient::errorCode() where there is no HTTP status; they stay below 100.
 enum class TransportError : int {
@@ -29,8 +29,8 @@ enum class TransportError : int {
 /// What the cashier reads about a transport error: what happened, and what to do next.
 ///
 /// @param host the server's name
-/// @param mayBeCarriedOut true for a request that changes something, left the machine and has no whole answer; the
-///        text then tells to check before the request is repeated
+/// @param mayBeCarriedOut true for a request that changes something, was sent and has no complete answer; the text then
+///        asks to check before the request is repeated
 tr::Tr transportErrorText(TransportError error, const QString& host, bool mayBeCarriedOut);
 
 /// What the cashier reads about an answer with that HTTP status (300 or more).

@@ -20,10 +20,10 @@ template struct Singleton<ActionQueueController>;
 namespace
 {
 
-/// How long a waiting action waits until it looks again whether a RestClient call has ended.
+/// A waiting action checks this often whether the RestClient call has ended.
 constexpr std::chrono::milliseconds blockedRetry{20};
 
-/// What the cashier reads when something other than a BasicException was thrown.
+/// For the cashier, when something other than a BasicException was thrown.
 tr::Tr internalError()
 {
     return {u"actionInternalError"_s, u"Действие прервано из-за внутренней ошибки.\n"
@@ -35,8 +35,8 @@ void logFailure(const QString& description)
     Log4Qt::LogManager::logger(u"action"_s)->error(description);
 }
 
-/// Logs the exception that is being handled and returns its text for the cashier. Of a BasicException only the key is
-/// logged: the text may come from a server and name a patient.
+/// Logs the exception that is being handled and returns its text for the cashier. A BasicException is logged by its key
+/// alone: its text may come from a server and name a patient.
 tr::Tr reportCaughtException()
 {
     try {
@@ -53,7 +53,7 @@ tr::Tr reportCaughtException()
     return internalError();
 }
 
-void tellCashier(const tr::Tr& message)
+void showToCashier(const tr::Tr& message)
 {
     try {
         Dialog::create()->showMessage(message, Dialog::Error, 1, 0);
@@ -68,7 +68,7 @@ EContext::Result guarded(const std::function<EContext::Result()>& step)
     try {
         return step();
     } catch (...) {
-        tellCashier(reportCaughtException());
+        showToCashier(reportCaughtException());
         return EContext::Stop;
     }
 }
@@ -127,7 +127,7 @@ EContext::Result ActionQueueController::execute(control::Action& action)
         return EContext::NotFound;
     }
 
-    const QPointer<ActionQueueController> self(this); // whatever runs below may delete the controller
+    const QPointer<ActionQueueController> self(this); // what runs below may delete the controller
     const Finally leaving = enterAction();
     const ActionHost::Frame frame = m_host->frameOf(action.getType());
     if (!frame) {
@@ -187,7 +187,7 @@ void ActionQueueController::runNext()
         scheduleNext(blockedRetry);
         return;
     }
-    const Finally leaving = enterAction(); // what nobody handles makes way for the next one, too
+    const Finally leaving = enterAction(); // also for one that nobody handles: the next one follows
     control::Action action = m_queue.takeFirst();
     execute(action);
 }

@@ -16,11 +16,11 @@
 
 class ActionHost;
 
-/// Runs actions: the triggers before it, the handler, the triggers after it.
+/// Runs actions: the triggers before an action, its handler, the triggers after it.
 ///
-/// One action runs at a time, except that a handler may itself execute() another one, and that a dialog answer (187)
-/// is always served at once. While a RestClient call runs no action runs. Whatever a handler or trigger throws is
-/// caught, shown to the cashier, logged, and counts as EContext::Stop. Main thread.
+/// One action runs at a time, except that a handler may execute() another one, and that a dialog answer (187) is always
+/// served at once. While a RestClient call runs, no action runs. An exception from a handler or trigger is caught,
+/// shown to the cashier, logged, and counts as EContext::Stop. Main thread.
 class REGISTERPLATFORM_EXPORT ActionQueueController : public QObject
 {
     Q_OBJECT
@@ -29,8 +29,8 @@ public:
     explicit ActionQueueController(QObject* parent = nullptr);
     ~ActionQueueController() override;
 
-    /// Queues an action; it runs from the event loop as soon as no other action runs. One that may not run, or that
-    /// nobody handles where the register stands then, is dropped.
+    /// Queues an action; it runs from the event loop as soon as no other action runs. One that may not run then, or
+    /// that nobody handles in the context of then, is dropped.
     ///
     /// @param immediately true: ahead of the actions that wait. A dialog answer (187) goes to the form on top during
     ///        this call, also inside another action.
@@ -47,7 +47,7 @@ public:
     /// Where the register is. A form on top counts as its own contextCode().
     virtual EContext::Code context() const;
 
-    /// True when somebody would handle the action in the present context, so that a key can be shown as usable.
+    /// True when the action has a handler in the present context, so that a key can be shown as usable.
     bool isHandled(control::EActionType type) const;
     /// True while an action runs or waits.
     bool isBusy() const;
@@ -56,7 +56,7 @@ public:
     ActionHost& host() { return *m_host; }
 
 signals:
-    /// Nothing runs and nothing waits any more.
+    /// No action runs or waits.
     void idle();
     /// A trigger ended the action before its handler ran.
     /// @param result what the trigger returned: EContext::Stop, EContext::NotFound …
@@ -67,7 +67,7 @@ private:
 
     void scheduleNext(std::chrono::milliseconds delay = {});
     void runNext();
-    /// An action runs until what is returned is destroyed.
+    /// The action runs until the returned object is destroyed.
     Finally enterAction();
     void leaveAction();
     EContext::Result runCourse(EContext::Code context, control::Action& action, const Step& handler);

@@ -79,8 +79,9 @@ void StoredDocumentCommands::offer(ActionQueueController& controller)
     // The frame does the voiding: during the triggers the document is the current one, and it is saved whatever they
     // return.
     controller.host().setHandler(control::VoidDocument, [](control::Action&) { return EContext::GoOn; });
-    controller.host().setFrame(control::VoidDocument,
-                            [this](control::Action& action, const auto& course) { return voidFrame(action, course); });
+    controller.host().setFrame(control::VoidDocument, [this](control::Action& action, const auto& course) {
+        return voidFrame(action, course);
+    });
 }
 
 EContext::Result StoredDocumentCommands::suspend(control::Action&)

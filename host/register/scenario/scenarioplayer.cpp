@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "scenarioplayer.h"
 
+#include "abstractdocument.h"
 #include "jsondifference.h"
 #include "postedinput.h"
-#include "savetofilelogic.h"
 #include "widgettext.h"
 
 #include <QAbstractItemView>

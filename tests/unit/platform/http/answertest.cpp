@@ -223,7 +223,7 @@ TEST(RestClientAnswer, postsAnswerIsNoJsonButItsEndWasTold_isSuccessWithNullAnsw
     }
 }
 
-TEST(RestClientAnswer, failedStatusWithoutLength_isToldByTheStatus)
+TEST(RestClientAnswer, failedStatusWithoutLength_isReportedByTheStatus)
 {
     ClientAndServer both;
     both.server.react({Reaction::raw("HTTP/1.1 500 Trouble\r\n\r\n<html>", End::Close)});

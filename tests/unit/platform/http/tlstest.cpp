@@ -60,8 +60,7 @@ public:
         m_program.kill();
         m_program.waitForFinished();
     }
-    SingleVersionServer(const SingleVersionServer&) = delete;
-    SingleVersionServer& operator=(const SingleVersionServer&) = delete;
+    Q_DISABLE_COPY_MOVE(SingleVersionServer)
 
     /// 0 when it did not start.
     int port() const { return m_port; }

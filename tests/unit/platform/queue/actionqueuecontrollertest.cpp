@@ -272,7 +272,7 @@ TEST_F(ActionQueue, messageItselfThrows_isLoggedAndCountsAsStop)
     EXPECT_TRUE(log.text().contains(u"no screen"_s));
 }
 
-TEST_F(ActionQueue, afterTriggerThrows_outcomeStands)
+TEST_F(ActionQueue, afterTriggerThrows_outcomeStays)
 {
     hostServes(ownCommand);
     m_controller->host().addTrigger({EContext::Idle, ownCommand, ActionTrigger::After,
@@ -306,7 +306,7 @@ class QueuedBefore : public ActionQueue
 {
 protected:
     /// Another action, which the host serves, runs after `first` and only then; nothing waits afterwards, which is
-    /// told once.
+    /// reported once.
     void expectNextRunsAfter(const Action& first, const char* steps)
     {
         hostServes(otherCommand);
@@ -404,7 +404,7 @@ TEST_F(ActionQueue, executeInsideHandler_runsAtOnce)
     EXPECT_EQ(m_steps, words("action 2"));
 }
 
-TEST_F(ActionQueue, inputBlocked_executeIsRefusedAndQueuedActionsWait)
+TEST_F(ActionQueue, inputBlocked_executeReturnsStopAndQueuedActionsWait)
 {
     hostServes(ownCommand);
     {
@@ -558,7 +558,7 @@ TEST_F(ActionQueue, triggerStopsWithinAFrame_theFrameLearnsItsResult)
     EXPECT_EQ(m_steps, words("stopping"));
 }
 
-TEST_F(ActionQueue, frameThrows_isToldAndCountsAsStop)
+TEST_F(ActionQueue, frameThrows_isShownAndCountsAsStop)
 {
     hostServes(ownCommand);
     m_controller->host().setFrame(ownCommand, [](Action&, const std::function<EContext::Result()>& course) {
@@ -589,7 +589,7 @@ TEST_F(ActionQueue, controllerDeletedByFrame_courseStops)
     EXPECT_TRUE(m_steps.isEmpty());
 }
 
-TEST_P(ActionQueueStopped, triggerDoesNotGoOn_isToldOnceWithActionAndResult)
+TEST_P(ActionQueueStopped, triggerDoesNotGoOn_isReportedOnceWithActionAndResult)
 {
     hostServes(ownCommand);
     addTrigger(ActionTrigger::Before, u"stopping"_s, 1, GetParam());
@@ -606,7 +606,7 @@ TEST_P(ActionQueueStopped, triggerDoesNotGoOn_isToldOnceWithActionAndResult)
     EXPECT_EQ(refusals.first().second, GetParam());
 }
 
-TEST_F(ActionQueue, actionNotStoppedByATrigger_isNotToldAsRefused)
+TEST_F(ActionQueue, actionNotStoppedByATrigger_isNotReportedAsStopped)
 {
     QSignalSpy stopped(m_controller.get(), &ActionQueueController::stopped);
     EXPECT_EQ(execute(ownCommand), EContext::NotFound) << "nobody handles it";
@@ -620,7 +620,7 @@ TEST_F(ActionQueue, actionNotStoppedByATrigger_isNotToldAsRefused)
     EXPECT_TRUE(stopped.isEmpty());
 }
 
-TEST_F(ActionQueue, triggerThrows_isToldAsRefusedToo)
+TEST_F(ActionQueue, triggerThrows_isReportedAsStoppedToo)
 {
     hostServes(ownCommand);
     m_controller->host().addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
@@ -631,7 +631,7 @@ TEST_F(ActionQueue, triggerThrows_isToldAsRefusedToo)
     EXPECT_EQ(stopped.size(), 1);
 }
 
-TEST_F(ActionQueue, controllerDeletedByTheTriggerThatStops_nothingIsToldAsRefused)
+TEST_F(ActionQueue, controllerDeletedByTheTriggerThatStops_nothingIsReported)
 {
     hostServes(ownCommand);
     QSignalSpy stopped(m_controller.get(), &ActionQueueController::stopped);

@@ -19,7 +19,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// Where the singletons and factories stand, as seen by the library that compiles this.
+/// The addresses of the singletons and factories, as seen by the library that compiles this.
 inline QMap<QString, const void*> sharedStateSeenHere()
 {
     return {
@@ -38,7 +38,7 @@ inline QMap<QString, const void*> sharedStateSeenHere()
     };
 }
 
-/// A module of its own that tells what it sees of the platform.
+/// A module of its own that reports what it sees of the platform.
 class SharedStateProbe
 {
 public:

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "storeddocumentcommands.h"
 #include "actionhost.h"
 #include "storeddocumentcommands.h"
 #include "commandfixture.h"

@@ -249,7 +249,7 @@ INSTANTIATE_TEST_SUITE_P(, DocumentAct, ::testing::Values(Act{"byKey", false}, A
 TEST_F(DocumentListFormTest, pluginStopsTheVoiding_theListSaysSoAtThatDocument)
 {
     controller.object.host().addTrigger({EContext::StoredDocuments, control::VoidDocument, ActionTrigger::Before,
-                                  [](const control::Action&) { return EContext::Stop; }, ActionTrigger::Any, 1});
+                                         [](const control::Action&) { return EContext::Stop; }, ActionTrigger::Any, 1});
     inList([this](QWidget&) {
         makeCurrent(3);
         answerQuestion("yesButton");

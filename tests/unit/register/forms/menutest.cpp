@@ -126,11 +126,11 @@ TEST_P(MenuChoice, suspended_isDoneAfterTheMenuHasClosed)
     openWindow();
     EContext::Code context = EContext::DialogOnTop;
     controller.object.host().addTrigger({EContext::OpenDocument, registeraction::suspend, ActionTrigger::Before,
-                                  [&](const control::Action&) {
-                                      context = controller.object.context();
-                                      return EContext::GoOn;
-                                  },
-                                  ActionTrigger::Any, 1});
+                                         [&](const control::Action&) {
+                                             context = controller.object.context();
+                                             return EContext::GoOn;
+                                         },
+                                         ActionTrigger::Any, 1});
     inMenu(GetParam().choose);
     EXPECT_EQ(context, EContext::OpenDocument);
     EXPECT_FALSE(till->document());
@@ -166,11 +166,11 @@ TEST_F(MenuTest, cancelDocument_isCancelledByTheMenusAction)
     QList<int> asked;
     for (const auto type : {control::CancelDocument, control::CancelDocumentFromMenu}) {
         controller.object.host().addTrigger({EContext::OpenDocument, type, ActionTrigger::Before,
-                                      [&asked](const control::Action& action) {
-                                          asked.append(action.getType());
-                                          return EContext::GoOn;
-                                      },
-                                      ActionTrigger::Any, 1});
+                                             [&asked](const control::Action& action) {
+                                                 asked.append(action.getType());
+                                                 return EContext::GoOn;
+                                             },
+                                             ActionTrigger::Any, 1});
     }
     inMenu([this](QWidget&) {
         cashier.onForm(u"questionForm"_s,
