@@ -40,8 +40,8 @@ TEST_P(TimeoutOver, drippingAnswer_doesNotExtendTheTime)
 
 TEST_P(TimeoutOver, slowRedirects_shareTheTimeOfTheWholeRequest)
 {
-    // Each answer takes about half a second, so that only all six together are too slow.
-    constexpr int pauseMs = 6;
+    // Each answer takes about a quarter of a second, so that only all of them together are too slow.
+    constexpr int pauseMs = 3;
     ClientAndServer both(GetParam());
     both.server.react(QList<Reaction>(5, Reaction::redirect(302, "/").dripping(pauseMs)));
     both.client.setTimeout(1);
