@@ -9,9 +9,11 @@
 #include "dialog.h"
 #include "documentwatcher.h"
 #include "documentwords.h"
+#include "formhost.h"
 #include "functionkey.h"
 #include "graphicaluserinterface.h"
 #include "inactivitylocker.h"
+#include "logsetup.h"
 #include "registerformcreator.h"
 #include "registerstyle.h"
 #include "scenario.h"
@@ -41,7 +43,7 @@ RegisterApplication::~RegisterApplication()
     auto* gui = Singleton<GraphicalUserInterface>::get();
     gui->cancelForms();
     m_plugins.unload(*Singleton<ActionQueueController>::get());
-    gui->setStage(nullptr);
+    gui->host().stage = nullptr;
     m_window.reset();
     DocumentWatcher::setCurrentDocument(nullptr);
 }
@@ -85,9 +87,9 @@ int RegisterApplication::run()
 std::optional<StartupFailure> RegisterApplication::readConfiguration()
 {
     auto config = std::make_unique<Config>(m_commandLine.config);
-    if (!config->isReadable()) {
+    if (!config->reading()) {
         return StartupFailure{exitstatus::noConfiguration, u"The configuration cannot be read: "_s +
-                                                               config->errorText() +
+                                                               config->reading().failure().detail +
                                                                u"\nName an INI file with --config FILE.ini"_s};
     }
     Singleton<Config>::instance = config.release(); // lives as long as the process, as plug-ins do
@@ -135,6 +137,7 @@ void RegisterApplication::configureThisRun()
     config->setForThisRun(u"Register:data"_s, data.path());
     data.mkpath(u"log"_s);
     config->setForThisRun(u"Logging:folder"_s, data.filePath(u"log"_s));
+    setUpLogging(*config);
     if (m_commandLine.touch) {
         config->setForThisRun(u"GUI:touchMode"_s, u"true"_s);
     }
@@ -194,7 +197,7 @@ void RegisterApplication::openWindow()
     m_menuCommands->offer(*controller);
     m_window = std::make_unique<RegisterWindow>(*m_till, m_marks, configuredFunctionKeys(*config), m_longWork,
                                                 config->getString(u"Register:unlockCode"_s));
-    gui->setStage(m_window.get());
+    gui->host().stage = m_window.get();
     if (m_commandLine.windowSize.isValid()) {
         m_window->resize(m_commandLine.windowSize);
         m_window->show();

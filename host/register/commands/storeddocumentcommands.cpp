@@ -2,6 +2,7 @@
 #include "storeddocumentcommands.h"
 
 #include "actionfactory.h"
+#include "actionhost.h"
 #include "basicdialog.h"
 #include "commandtable.h"
 #include "documentlistparams.h"
@@ -77,9 +78,10 @@ void StoredDocumentCommands::offer(ActionQueueController& controller)
     offerCommands<Commands>(controller, *this, table);
     // The frame does the voiding: during the triggers the document is the current one, and it is saved whatever they
     // return.
-    controller.setHostHandler(control::VoidDocument, [](control::Action&) { return EContext::GoOn; });
-    controller.setHostFrame(control::VoidDocument,
-                            [this](control::Action& action, const auto& course) { return voidFrame(action, course); });
+    controller.host().setHandler(control::VoidDocument, [](control::Action&) { return EContext::GoOn; });
+    controller.host().setFrame(control::VoidDocument, [this](control::Action& action, const auto& course) {
+        return voidFrame(action, course);
+    });
 }
 
 EContext::Result StoredDocumentCommands::suspend(control::Action&)

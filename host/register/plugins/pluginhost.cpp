@@ -2,11 +2,14 @@
 #include "pluginhost.h"
 
 #include "abstractplugin.h"
+#include "actionhost.h"
 #include "actionqueuecontroller.h"
 #include "activitynotifier.h"
 #include "basicexception.h"
 #include "config.h"
+#include "formhost.h"
 #include "graphicaluserinterface.h"
+#include "listenerhost.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
@@ -63,13 +66,14 @@ public:
     /// Drops what was registered since.
     void restore() const
     {
-        Singleton<GraphicalUserInterface>::get()->removeFormCreators(m_formCreators);
-        Singleton<ActivityNotifier>::get()->keepOnly(m_listeners);
+        Singleton<GraphicalUserInterface>::get()->host().creators = m_formCreators;
+        Singleton<ActivityNotifier>::get()->host().listeners = m_listeners;
     }
 
 private:
-    const int m_formCreators = Singleton<GraphicalUserInterface>::get()->formCreators();
-    const ActivityNotifier::Listeners m_listeners = Singleton<ActivityNotifier>::get()->listeners();
+    const QList<QSharedPointer<BasicFormCreator>> m_formCreators =
+        Singleton<GraphicalUserInterface>::get()->host().creators;
+    const QList<QPointer<BaseActivityListener>> m_listeners = Singleton<ActivityNotifier>::get()->host().listeners;
 };
 
 void addLayoutFolder(const QString& folder)
@@ -131,10 +135,10 @@ void PluginHost::loadLibrary(const QString& file, ActionQueueController& control
         return;
     }
     for (const ActionHandler& handler : plugin->getHandlers()) {
-        controller.addHandler(handler);
+        controller.host().addHandler(handler);
     }
     for (const ActionTrigger& trigger : plugin->getTriggers()) {
-        controller.addTrigger(trigger);
+        controller.host().addTrigger(trigger);
     }
     Log4Qt::LogManager::logger(u"register"_s)->info(u"Plug-in initialised: "_s + name);
     m_plugins.push_back(std::make_unique<Loaded>(Loaded{name, std::move(loader), plugin}));
@@ -153,8 +157,8 @@ void PluginHost::takeResources(const QString& folder, PositionMarks& marks)
 
 void PluginHost::unload(ActionQueueController& controller)
 {
-    Singleton<GraphicalUserInterface>::get()->removeFormCreators();
-    controller.removePluginEntries();
+    Singleton<GraphicalUserInterface>::get()->host().creators.clear();
+    controller.host().removePluginEntries();
     for (auto loaded = m_plugins.rbegin(); loaded != m_plugins.rend(); ++loaded) {
         if ((*loaded)->plugin) {
             (*loaded)->plugin->deinit();

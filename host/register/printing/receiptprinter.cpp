@@ -35,15 +35,15 @@ QString pdfFile(const QString& name)
     return name + u".pdf"_s;
 }
 
-void showFailure(const Document& document, const QString& failure)
+void showFailure(const Document& document, const Failure& failure)
 {
     const QString number = QString::number(document.getNumber());
-    Log4Qt::LogManager::logger(u"register"_s)->error(u"Receipt "_s + number + u" was not printed: "_s + failure);
+    Log4Qt::LogManager::logger(u"register"_s)->error(u"Receipt "_s + number + u" was not printed: "_s + failure.detail);
     const tr::Tr message(u"receiptNotPrinted"_s,
                          u"Чек № %1 не напечатан: %2\n"
                          "Сам чек сохранён. Освободите место на диске или проверьте доступ к папке "
                          "данных, затем напечатайте его из списка документов."_s);
-    Dialog::create()->showMessage(message.arg(number).arg(failure), Dialog::Error, 1, 0);
+    Dialog::create()->showMessage(message.arg(number).arg(failure.text.ui()), Dialog::Error, 1, 0);
 }
 
 } // namespace
@@ -71,15 +71,14 @@ QString ReceiptPrinter::printAgain(const Document& document) const
 
 bool ReceiptPrinter::write(const Document& document, const QString& name, const QList<PrintedLine>& lines) const
 {
-    QString failure = writeWholeFile(m_folder, textFile(name), receiptlayout::text(lines).toUtf8());
-    if (failure.isEmpty()) {
-        failure = writeWholeFile(m_folder, pdfFile(name), receiptPdf(lines, receiptlayout::title(document)));
+    Expected<void> written = writeWholeFile(m_folder, textFile(name), receiptlayout::text(lines).toUtf8());
+    if (written) {
+        written = writeWholeFile(m_folder, pdfFile(name), receiptPdf(lines, receiptlayout::title(document)));
     }
-    if (failure.isEmpty()) {
-        return true;
+    if (!written) {
+        showFailure(document, written.failure());
     }
-    showFailure(document, failure);
-    return false;
+    return bool(written);
 }
 
 void ReceiptPrinter::printInterrupted(const DocumentArchive& archive) const

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "scenarioplayer.h"
 
+#include "abstractdocument.h"
 #include "jsondifference.h"
 #include "postedinput.h"
-#include "savetofilelogic.h"
 #include "widgettext.h"
 
 #include <QAbstractItemView>
@@ -118,7 +118,7 @@ ScenarioPlayer::Look ScenarioPlayer::perform(const ScenarioStep& step)
     case ScenarioStep::Kind::Visible:
         return compareState(step);
     case ScenarioStep::Kind::OpenDocument:
-        return compareDocument(SaveToFileLogic::openDocumentFile, step.value);
+        return compareDocument(AbstractDocument::openDocumentFile, step.value);
     case ScenarioStep::Kind::SavedFile:
         return compareDocument(step.target, step.value);
     case ScenarioStep::Kind::Printed:

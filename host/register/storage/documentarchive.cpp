@@ -118,7 +118,7 @@ QSharedPointer<Document> DocumentArchive::tidyUp(const QSharedPointer<Document>&
 {
     const bool finishedMeanwhile = open && isFinished(open->getNumber());
     if (finishedMeanwhile) {
-        removeFile(SaveToFileLogic::openDocumentFile);
+        removeFile(AbstractDocument::openDocumentFile);
     }
     for (const int number : numbers(suspend)) {
         if (isFinished(number) || (open && number == open->getNumber())) {

@@ -27,7 +27,7 @@ QString setAside(const QString& file)
 } // namespace
 
 OpenDocumentFile::OpenDocumentFile(const QString& folder)
-    : m_file(QDir(folder).filePath(SaveToFileLogic::openDocumentFile))
+    : m_file(QDir(folder).filePath(AbstractDocument::openDocumentFile))
 {
 }
 

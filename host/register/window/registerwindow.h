@@ -2,6 +2,7 @@
 #pragma once
 
 #include "busyscreen.h"
+#include "formhost.h"
 #include "graphicaluserinterface.h"
 #include "lockscreen.h"
 #include "longwork.h"

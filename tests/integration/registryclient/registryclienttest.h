@@ -21,7 +21,7 @@
 using namespace Qt::StringLiterals;
 
 /// How a request failed: with none, or with the text of one of the plug-in's exceptions.
-struct Failure {
+struct RequestFailure {
     bool isFailure = false;
     bool isNoPrescriptions = false;
     QString key;  ///< of the text
@@ -43,12 +43,12 @@ protected:
     void trust(const TestAuthority& authority);
 
     /// Each makes the client anew, so that it has read what was configured before.
-    Failure askForCard(const QString& card, const QString& status = u"active"_s);
-    Failure registerDispense();
-    Failure cancelDispense();
+    RequestFailure askForCard(const QString& card, const QString& status = u"active"_s);
+    RequestFailure registerDispense();
+    RequestFailure cancelDispense();
 
     /// The three operations by the endpoint that they ask behind the token.
-    Failure ask(emulator::Endpoint endpoint);
+    RequestFailure ask(emulator::Endpoint endpoint);
 
     int asked(emulator::Endpoint endpoint) { return registry->journal().count(endpoint); }
     emulator::JournalEntry lastOf(emulator::Endpoint endpoint);

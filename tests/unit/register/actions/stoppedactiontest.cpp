@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the cashier learns when a plug-in ends an action.
+#include "actionhost.h"
 #include "finally.h"
 #include "registerstyle.h"
 #include "shownmessages.h"
@@ -21,8 +22,9 @@ protected:
     }
     void answer(control::EActionType type, EContext::Result result)
     {
-        controller.object.addTrigger({EContext::OpenDocument, type, ActionTrigger::Before,
-                                      [result](const control::Action&) { return result; }, ActionTrigger::Any, 1});
+        controller.object.host().addTrigger({EContext::OpenDocument, type, ActionTrigger::Before,
+                                             [result](const control::Action&) { return result; }, ActionTrigger::Any,
+                                             1});
     }
     QLabel* status() const { return widget<QLabel>("statusMessageLabel"); }
 };
@@ -65,7 +67,7 @@ TEST_F(StoppedActionTest, functionKeyPressedAgainAndNotRefused_theRefusalIsGone)
     press(Qt::Key_F6);
     ASSERT_TRUE(becomesIdle());
     ASSERT_FALSE(status()->text().isEmpty());
-    controller.object.removePluginEntries();
+    controller.object.host().removePluginEntries();
     press(Qt::Key_F6);
     ASSERT_TRUE(becomesIdle());
     EXPECT_TRUE(status()->text().isEmpty());

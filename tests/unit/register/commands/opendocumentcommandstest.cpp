@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "actionhost.h"
 #include "commandfixture.h"
 #include "registeraction.h"
 #include "shownmessages.h"
@@ -71,7 +72,7 @@ TEST_F(OpenDocumentCommandsTest, externalPosition_isRemovedOnlyAfterTheQuestionA
     till->add(article(amoxidar));
     till->document()->position(1)->setSoftCheckId(u"rx-1"_s);
     int hooks = 0;
-    controller.object.addTrigger({EContext::OpenDocument, control::RemovePosition, ActionTrigger::Before,
+    controller.object.host().addTrigger({EContext::OpenDocument, control::RemovePosition, ActionTrigger::Before,
                                   [&hooks](const control::Action&) {
                                       ++hooks;
                                       return EContext::GoOn;
@@ -92,7 +93,7 @@ TEST_F(OpenDocumentCommandsTest, removePosition_asksTheHooksWhileThePositionStan
     till->add(article(amoxidar));
     EContext::Result permission = EContext::Stop;
     QList<int> asked;
-    controller.object.addTrigger({EContext::OpenDocument, control::RemovePosition, ActionTrigger::Before,
+    controller.object.host().addTrigger({EContext::OpenDocument, control::RemovePosition, ActionTrigger::Before,
                                   [&](const control::Action& cancellation) {
                                       const int number = cancellation.value(u"positionNumber"_s).toInt();
                                       EXPECT_TRUE(till->document()->getPosition(number));
@@ -145,7 +146,7 @@ TEST_P(CancellationHook, documentIsCancelledOnlyWhenItGoesOn)
         EXPECT_EQ(asked, 1);
         EXPECT_EQ(till->document().isNull(), GetParam() == EContext::GoOn);
         EXPECT_EQ(witness.codes(), GetParam() == EContext::GoOn ? QList<int>{22} : QList<int>());
-        controller.object.removePluginEntries();
+        controller.object.host().removePluginEntries();
         till->cancel();
     }
 }
@@ -159,7 +160,7 @@ TEST_P(CancellationHook, refusedAtThePayment_theWayToItLeadsThroughTheSubtotalAg
         EXPECT_EQ(run(type, positionNumber(till->document()->positions().first()->getNumber())), GetParam());
         EXPECT_EQ(till->phase(), Till::Phase::Positions);
         EXPECT_EQ(run(registeraction::pay), till->document() ? EContext::Stop : EContext::NotFound);
-        controller.object.removePluginEntries();
+        controller.object.host().removePluginEntries();
         till->cancel();
     }
 }

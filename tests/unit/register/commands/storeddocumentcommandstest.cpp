@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "storeddocumentcommands.h"
+#include "actionhost.h"
+#include "storeddocumentcommands.h"
 #include "commandfixture.h"
 #include "documentwords.h"
 #include "formanswer.h"
@@ -258,7 +260,7 @@ TEST_P(Voiding, documentIsCurrentForTheHooksAndSavedWhateverTheySay)
     if (context() != EContext::Idle) {
         till->open();
     }
-    controller.object.setContext(context());
+    controller.object.host().setContext(context());
     const QString done = u"{\"status\":\"canceled\"}"_s;
     QList<QSharedPointer<AbstractDocument>> currents;
     addHook(context(), control::VoidDocument, [&](const control::Action& voiding) {
@@ -286,7 +288,7 @@ TEST_P(Voiding, documentIsCurrentForTheHooksAndSavedWhateverTheySay)
 TEST_P(Voiding, severalHooks_theFirstThatDoesNotGoOnIsTheLast)
 {
     const auto document = archived(sold());
-    controller.object.setContext(context());
+    controller.object.host().setContext(context());
     int later = 0;
     addHook(context(), control::VoidDocument, [this](const control::Action&) { return permission(); });
     addHook(context(), control::VoidDocument, [&later](const control::Action&) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "actionhost.h"
 #include "registeraction.h"
 #include "shownmessages.h"
 #include "storeddocumentcommands.h"
@@ -247,8 +248,8 @@ INSTANTIATE_TEST_SUITE_P(, DocumentAct, ::testing::Values(Act{"byKey", false}, A
 
 TEST_F(DocumentListFormTest, pluginStopsTheVoiding_theListSaysSoAtThatDocument)
 {
-    controller.object.addTrigger({EContext::StoredDocuments, control::VoidDocument, ActionTrigger::Before,
-                                  [](const control::Action&) { return EContext::Stop; }, ActionTrigger::Any, 1});
+    controller.object.host().addTrigger({EContext::StoredDocuments, control::VoidDocument, ActionTrigger::Before,
+                                         [](const control::Action&) { return EContext::Stop; }, ActionTrigger::Any, 1});
     inList([this](QWidget&) {
         makeCurrent(3);
         answerQuestion("yesButton");

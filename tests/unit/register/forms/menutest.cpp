@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The menu and the commands that it gives.
+#include "actionhost.h"
 #include "menucommands.h"
 #include "registeraction.h"
 #include "storeddocumentcommands.h"
@@ -124,12 +125,12 @@ TEST_P(MenuChoice, suspended_isDoneAfterTheMenuHasClosed)
     till->add(article(amoxidar));
     openWindow();
     EContext::Code context = EContext::DialogOnTop;
-    controller.object.addTrigger({EContext::OpenDocument, registeraction::suspend, ActionTrigger::Before,
-                                  [&](const control::Action&) {
-                                      context = controller.object.context();
-                                      return EContext::GoOn;
-                                  },
-                                  ActionTrigger::Any, 1});
+    controller.object.host().addTrigger({EContext::OpenDocument, registeraction::suspend, ActionTrigger::Before,
+                                         [&](const control::Action&) {
+                                             context = controller.object.context();
+                                             return EContext::GoOn;
+                                         },
+                                         ActionTrigger::Any, 1});
     inMenu(GetParam().choose);
     EXPECT_EQ(context, EContext::OpenDocument);
     EXPECT_FALSE(till->document());
@@ -164,12 +165,12 @@ TEST_F(MenuTest, cancelDocument_isCancelledByTheMenusAction)
     openWindow();
     QList<int> asked;
     for (const auto type : {control::CancelDocument, control::CancelDocumentFromMenu}) {
-        controller.object.addTrigger({EContext::OpenDocument, type, ActionTrigger::Before,
-                                      [&asked](const control::Action& action) {
-                                          asked.append(action.getType());
-                                          return EContext::GoOn;
-                                      },
-                                      ActionTrigger::Any, 1});
+        controller.object.host().addTrigger({EContext::OpenDocument, type, ActionTrigger::Before,
+                                             [&asked](const control::Action& action) {
+                                                 asked.append(action.getType());
+                                                 return EContext::GoOn;
+                                             },
+                                             ActionTrigger::Any, 1});
     }
     inMenu([this](QWidget&) {
         cashier.onForm(u"questionForm"_s,

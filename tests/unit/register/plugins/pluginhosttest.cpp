@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pluginhost.h"
+#include "formhost.h"
 #include "tillfixture.h"
 
 #include <QCoreApplication>
@@ -21,7 +22,7 @@ protected:
 
     PositionMarks marks;
     PluginHost host;
-    const int registersOwnCreators = gui.object.formCreators();
+    const qsizetype registersOwnCreators = gui.object.host().creators.size();
 };
 
 TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsEntriesHold)
@@ -31,7 +32,7 @@ TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsEntriesHold)
     EXPECT_EQ(shown(), QStringList{u"init"_s});
     EXPECT_EQ(host.active(), QStringList{u"willing_plugin"_s});
     EXPECT_TRUE(host.problems().isEmpty());
-    EXPECT_EQ(gui.object.formCreators(), registersOwnCreators + 1);
+    EXPECT_EQ(gui.object.host().creators.size(), registersOwnCreators + 1);
     EXPECT_TRUE(controller.object.isHandled(control::PluginCommand));
     control::Action cancellation(control::RemovePosition);
     EXPECT_EQ(controller.object.execute(cancellation), EContext::Stop);
@@ -69,7 +70,7 @@ TEST_F(PluginHostTest, idlePlugin_nothingOfItIsTakenOverAndItIsNotDeinitialised)
 {
     till->open();
     load(folderOf("idle_plugin"));
-    EXPECT_EQ(gui.object.formCreators(), registersOwnCreators);
+    EXPECT_EQ(gui.object.host().creators.size(), registersOwnCreators);
     EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     EXPECT_TRUE(host.active().isEmpty());
     EXPECT_TRUE(host.problems().isEmpty());
@@ -81,7 +82,7 @@ TEST_F(PluginHostTest, throwingPlugin_isShownAndStaysIdle)
 {
     till->open();
     load(folderOf("throwing_plugin"));
-    EXPECT_EQ(gui.object.formCreators(), registersOwnCreators);
+    EXPECT_EQ(gui.object.host().creators.size(), registersOwnCreators);
     EXPECT_EQ(host.problems(), QStringList{u"throwing_plugin: нет связи"_s});
     EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     host.unload(controller.object);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "registerwindow.h"
+#include "actionhost.h"
 #include "dialog.h"
 #include "inputblocker.h"
 #include "windowfixture.h"
@@ -293,7 +294,7 @@ TEST_F(WindowTest, closedWhileACommandGoesOnAskingBackwards_everyFormIsCancelled
 {
     openWindow();
     int asked = 0;
-    controller.object.setHostHandler(control::EActionType(5000), [&](control::Action&) {
+    controller.object.host().setHandler(control::EActionType(5000), [&](control::Action&) {
         while (asked < 3) { // goes back to the form before whenever one is cancelled
             ++asked;
             TextInputParams params;

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include "textinputform_p.h"
+
+#include "actionfactory.h"
+#include "config.h"
+#include "dialogeventfilter.h"
+#include "graphicaluserinterface.h"
+#include "iconsviewnotifier.h"
+#include "inactivitylocker.h"
+#include "tallokeyboard.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Room for the prompt, in pixels: the form fits a window of 600, with the touch keyboard too.
+constexpr int tallestPrompt = 260;
+constexpr int tallestPromptInTouchMode = 100;
+
+/// The text, or the register's own where the caller gave none.
+QString textOr(const tr::Tr& text, const tr::Tr& own)
+{
+    return (text.text().isEmpty() ? own : text).ui();
+}
+
+} // namespace
+
+TextInputForm::TextInputForm(const TextInputParams& params, QObject* parent)
+    : BasicDialogForm(parent)
+    , m_params(params)
+    , m_recognizer(ScanRecognizer::configured())
+{
+    loadUI(u"textinput.ui"_s);
+    m_field = findWidget<TalloLineEdit>(u"inputLineEdit"_s);
+    fillTexts();
+    prepareKeyboard();
+    prepareButtons();
+    prepareField();
+}
+
+void TextInputForm::show()
+{
+    fitMessage(isTouchMode() ? tallestPromptInTouchMode : tallestPrompt);
+    BasicDialogForm::show();
+}
+
+void TextInputForm::fillTexts()
+{
+    setTitle(m_params.title.ui());
+    if (auto* label = findWidget<QLabel>(u"messageLabel"_s)) {
+        label->setText(m_params.message.ui());
+    }
+    if (QLabel* label = problemLabel()) {
+        label->hide();
+    }
+    if (auto* area = findWidget<QWidget>(u"messageScrollArea"_s, false)) {
+        area->setVisible(!m_params.message.ui().isEmpty());
+    }
+}
+
+void TextInputForm::prepareField()
+{
+    auto* filter = new DialogEventFilter(this);
+    connect(filter, &DialogEventFilter::ok, this, &TextInputForm::accept);
+    connect(filter, &DialogEventFilter::cancel, this, &BasicForm::dismissed);
+    rootWidget()->installEventFilter(filter);
+    if (!m_field) {
+        return;
+    }
+
+    filter->setLineEdit(m_field);
+    m_field->setProperty(ScanRecognizer::recognizesScans, true);
+    m_field->installEventFilter(this); // before the dialog's filter: a scan ends in Return too
+    m_field->setNumeric(m_params.numeric);
+    m_field->setProperty("inputName", m_params.inputName);
+    m_field->setAccessibleName(m_params.title.ui());
+    m_field->setAccessibleDescription(m_params.message.ui());
+    const QFontMetrics metrics = m_field->fontMetrics();
+    if (m_params.lines > 1) {
+        m_field->setMinimumHeight(m_params.lines * metrics.lineSpacing() + metrics.height());
+    }
+    if (m_params.columns > 0) {
+        m_field->setFixedWidth((m_params.columns + 2) * metrics.horizontalAdvance(u'0') + 2 * metrics.height());
+    }
+    m_field->setText(m_params.initialText);
+    m_field->selectAll();
+}
+
+void TextInputForm::prepareKeyboard()
+{
+    if (!isTouchMode()) {
+        deleteWidgets({u"talloKeyboard"_s, u"navigationBar"_s});
+        return;
+    }
+    auto* keyboard = findWidget<TalloKeyboard>(u"talloKeyboard"_s, false);
+    if (!keyboard) {
+        return;
+    }
+    connect(keyboard, &TalloKeyboard::layoutChanged, Singleton<IconsViewNotifier>::get(),
+            &IconsViewNotifier::notifyIcons);
+    connect(keyboard, &TalloKeyboard::keyPressed, Singleton<InactivityLocker>::get(), &InactivityLocker::resetTimer);
+    keyboard->setKeyboardLayouts(m_params.numeric
+                                     ? u"digits"_s
+                                     : Singleton<Config>::get()->getString(u"Language:keyboardLayouts"_s, u"ru,en"_s));
+}
+
+void TextInputForm::prepareButtons()
+{
+    if (auto* button = findWidget<QPushButton>(u"okButton"_s)) {
+        button->setText(textOr(m_params.okText, {u"inputTextFormOkBtn"_s, u"ОК"_s}));
+        button->setAccessibleName(button->text());
+        connect(button, &QPushButton::clicked, this, &TextInputForm::accept);
+    }
+    if (auto* button = findWidget<QPushButton>(u"cancelButton"_s)) {
+        button->setText(textOr(m_params.cancelText, {u"inputTextFormCancelBtn"_s, u"Отмена"_s}));
+        button->setAccessibleName(button->text());
+        connect(button, &QPushButton::clicked, this, &BasicForm::dismissed);
+    }
+}
+
+bool TextInputForm::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_field && event->type() == QEvent::KeyPress && takeKey(*static_cast<QKeyEvent*>(event))) {
+        return true;
+    }
+    return BasicDialogForm::eventFilter(watched, event);
+}
+
+bool TextInputForm::takeKey(const QKeyEvent& key)
+{
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+        const std::optional<ScanRecognizer::Scan> scan = m_recognizer.finish(key.timestamp());
+        if (scan) {
+            takeScan(*scan);
+        }
+        return scan.has_value();
+    }
+    if (QLabel* label = problemLabel()) {
+        label->hide();
+    }
+    m_recognizer.key(key, m_field->text());
+    return false;
+}
+
+void TextInputForm::takeScan(const ScanRecognizer::Scan& scan)
+{
+    if (m_params.manualOnly || !expectsScans() || !matched(scan.text).hasMatch()) {
+        m_field->setText(scan.fieldBefore);
+        m_field->selectAll();
+        showProblem(textOr(m_params.scanError, {u"inputTextFormScanError"_s,
+                                                u"Ошибка разбора введенных данных, повторите сканирование"_s}));
+        return;
+    }
+    m_field->setText(scan.text);
+    accept();
+}
+
+QRegularExpressionMatch TextInputForm::matched(const QString& text) const
+{
+    const QString mask = m_params.mask.isEmpty() ? u".*"_s : m_params.mask;
+    return QRegularExpression("\\A(?:" + mask + ")\\z").match(text, 0, QRegularExpression::PartialPreferCompleteMatch);
+}
+
+void TextInputForm::accept()
+{
+    if (!m_field) {
+        return;
+    }
+    // What does not fit is left standing: with a letter dropped from the midst of it, it would be another value.
+    if (const QRegularExpressionMatch match = matched(m_field->text()); !match.hasMatch()) {
+        const tr::Tr begun(u"inputTextFormIncomplete"_s, u"Введите значение полностью"_s);
+        const tr::Tr wrong(u"inputTextFormWrong"_s, u"Введено неверно, исправьте значение"_s);
+        showProblem((match.hasPartialMatch() ? begun : wrong).ui());
+        m_field->setFocus();
+        return;
+    }
+    control::Action answer = Singleton<control::ActionFactory>::get()->create(control::DialogAnswer);
+    answer.appendArgument(m_field->text(), u"data"_s);
+    Singleton<GraphicalUserInterface>::get()->answer(answer);
+}
+
+QLabel* TextInputForm::problemLabel()
+{
+    return findWidget<QLabel>(u"scanErrorLabel"_s, false);
+}
+
+void TextInputForm::showProblem(const QString& text)
+{
+    if (QLabel* label = problemLabel()) {
+        label->setText(text);
+        label->show();
+    }
+}
