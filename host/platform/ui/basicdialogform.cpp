@@ -73,9 +73,7 @@ void BasicDialogForm::setCustomProperty(const QString& name, const QVariant& val
 
 void BasicDialogForm::setTitle(const QString& title)
 {
-    if (auto* label = findWidget<QLabel>(u"titleLabel"_s, false)) {
-        label->setText(title);
-    }
+    showText(u"titleLabel"_s, title, false);
     if (QWidget* root = rootWidget()) {
         root->setWindowTitle(title);
     }

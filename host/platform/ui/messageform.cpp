@@ -52,9 +52,7 @@ MessageForm::MessageForm(const Event& event, QObject* parent)
     if (auto* area = findWidget<QWidget>(u"messageScrollArea"_s, false)) {
         area->setAccessibleName(tr::Tr(u"messageFormText"_s, u"Текст сообщения"_s).ui());
     }
-    if (auto* label = findWidget<QLabel>(u"messageLabel"_s)) {
-        label->setText(event.value(u"message"_s).value<tr::Tr>().ui());
-    }
+    showText(u"messageLabel"_s, event.value(u"message"_s).value<tr::Tr>().ui());
 
     auto* filter = new DialogEventFilter(this);
     connect(filter, &DialogEventFilter::ok, this, &BasicForm::dismissed);

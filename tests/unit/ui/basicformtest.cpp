@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QScroller>
 #include <QStandardItemModel>
 #include <QToolButton>
@@ -159,6 +160,51 @@ TEST_F(BasicFormTest, requiredWidgetOfAnotherClass_throwsItsText)
                   "Ошибка загрузки виджета 'titleLabel'. Не удалось 'QPushButton' привести к типу 'QLabel'");
         EXPECT_EQ(exception.tr().key(), "formUiWidgetCastError");
     }
+}
+
+TEST_F(BasicFormTest, widgetOfAnotherClassLookedUpAgain_isReportedOnce)
+{
+    QStringList reported;
+    BasicForm::setUIErrorHandler([&](const tr::Tr& error) { reported.append(error.key()); });
+    LayoutForm form(writeLayout("a.ui", widget("QLineEdit", "chooseButton")));
+    for (int lookUp = 0; lookUp < 3; ++lookUp) {
+        EXPECT_EQ(form.findWidget<QPushButton>("chooseButton"), nullptr);
+    }
+    EXPECT_EQ(reported, QStringList("formUiWidgetCastError"));
+}
+
+TEST_F(BasicFormTest, widgetMissingLookedUpAgain_isReportedEachTime)
+{
+    QStringList reported;
+    BasicForm::setUIErrorHandler([&](const tr::Tr& error) { reported.append(error.key()); });
+    LayoutForm form(writeLayout("a.ui", ""));
+    form.findWidget<QLabel>("titleLabel");
+    form.findWidget<QLabel>("titleLabel");
+    EXPECT_EQ(reported, QStringList({"formUiWidgetNotFoundError", "formUiWidgetNotFoundError"}));
+}
+
+TEST_F(BasicFormTest, widgetOfAnotherClassWithAnAccessibleName_isReportedAllTheSame)
+{
+    LayoutForm form(writeLayout("a.ui", widget("QLineEdit", "table")));
+    form.setAccessibleNames({{"table", {"testTable", "Рецепты"}}});
+    EXPECT_THROW(form.findWidget<TalloTableView>("table"), BasicException);
+}
+
+TEST_F(BasicFormTest, textShown_isPlainWhateverTheLayoutSays)
+{
+    const QString isRichText = "<property name=\"textFormat\"><enum>Qt::RichText</enum></property>";
+    LayoutForm form(writeLayout("a.ui", widget("QLabel", "label", isRichText)));
+    ASSERT_EQ(form.findWidget<QLabel>("label")->textFormat(), Qt::RichText);
+    form.showText("label", "<b>Метформин</b>");
+    EXPECT_EQ(form.findWidget<QLabel>("label")->text(), "<b>Метформин</b>");
+    EXPECT_EQ(form.findWidget<QLabel>("label")->textFormat(), Qt::PlainText);
+}
+
+TEST_F(BasicFormTest, textShownInAMissingLabel_isReportedWhenTheLabelIsRequired)
+{
+    LayoutForm form(writeLayout("a.ui", ""));
+    EXPECT_NO_THROW(form.showText("label", "Метформин", false));
+    EXPECT_THROW(form.showText("label", "Метформин"), BasicException);
 }
 
 TEST_F(BasicFormTest, optionalWidgetMissingOrOfAnotherClass_isNull)
@@ -372,6 +418,85 @@ TEST_F(ScrollButtonsTest, withoutTouchMode_areNotWired)
     table->selectRow(10);
     form.findWidget<QToolButton>("scrollDownButton")->click();
     EXPECT_EQ(table->currentIndex().row(), 10);
+}
+
+class ScrollKeysTest : public BasicFormTest
+{
+protected:
+    /// A scroll area with a text of that many lines, above two buttons.
+    QString writeScrolledText(int lines, const QString& moreWidgets = {})
+    {
+        const QString text = widget("QLabel", "text",
+                                    "<property name=\"text\"><string>" + QStringList(lines, "строка").join("\n") +
+                                        "</string></property>");
+        return writeLayout("scrolled.ui",
+                           "<item><widget class=\"QScrollArea\" name=\"area\"><property name=\"focusPolicy\">"
+                           "<enum>Qt::NoFocus</enum></property><property name=\"widgetResizable\"><bool>true</bool>"
+                           "</property><widget class=\"QWidget\" name=\"contents\"><layout class=\"QVBoxLayout\">" +
+                               text + "</layout></widget></widget></item>" + moreWidgets +
+                               widget("QPushButton", "first") + widget("QPushButton", "second"));
+    }
+};
+
+TEST_F(ScrollKeysTest, textHigherThanItsRoom_keysScrollItWhileAButtonHasTheFocus)
+{
+    LayoutForm form(writeScrolledText(200));
+    form.rootWidget()->resize(400, 300);
+    showRoot(form);
+    form.show(); // a second time wires nothing twice
+    auto* button = form.findWidget<QPushButton>("first");
+    const auto* bar = form.findWidget<QScrollArea>("area")->verticalScrollBar();
+    ASSERT_GT(bar->maximum(), 2 * bar->pageStep());
+
+    QTest::keyClick(button, Qt::Key_PageDown);
+    EXPECT_EQ(bar->value(), bar->pageStep());
+    QTest::keyClick(button, Qt::Key_PageUp);
+    EXPECT_EQ(bar->value(), 0);
+    QTest::keyClick(button, Qt::Key_Down);
+    EXPECT_EQ(bar->value(), bar->singleStep());
+    QTest::keyClick(button, Qt::Key_Up);
+    EXPECT_EQ(bar->value(), 0);
+    QTest::keyClick(button, Qt::Key_End);
+    EXPECT_EQ(bar->value(), bar->maximum());
+    QTest::keyClick(button, Qt::Key_Home);
+    EXPECT_EQ(bar->value(), 0);
+    EXPECT_EQ(QApplication::focusWidget(), button);
+}
+
+TEST_F(ScrollKeysTest, wholeTextInSight_arrowsMoveTheFocus)
+{
+    LayoutForm form(writeScrolledText(1));
+    form.rootWidget()->resize(400, 300);
+    showRoot(form);
+    QTest::keyClick(form.findWidget<QPushButton>("first"), Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget(), form.findWidget<QPushButton>("second"));
+}
+
+TEST_F(ScrollKeysTest, textGrowsWhileItIsShown_keysScrollIt)
+{
+    LayoutForm form(writeScrolledText(1));
+    form.rootWidget()->resize(400, 300);
+    showRoot(form);
+    form.showText("text", QStringList(200, "строка").join('\n'));
+    const auto* bar = form.findWidget<QScrollArea>("area")->verticalScrollBar();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar->maximum() > 0; }));
+    QTest::keyClick(form.findWidget<QPushButton>("first"), Qt::Key_End);
+    EXPECT_EQ(bar->value(), bar->maximum());
+}
+
+TEST_F(ScrollKeysTest, formWithATable_keysMoveItsRows)
+{
+    QStandardItemModel rows(10, 1);
+    LayoutForm form(writeScrolledText(200, widget("TalloTableView", "table")));
+    auto* table = form.findWidget<TalloTableView>("table");
+    table->setModel(&rows);
+    form.rootWidget()->resize(400, 500);
+    showRoot(form);
+    table->setFocus();
+    table->selectRow(3);
+    QTest::keyClick(table, Qt::Key_Down);
+    EXPECT_EQ(table->currentIndex().row(), 4);
+    EXPECT_EQ(form.findWidget<QScrollArea>("area")->verticalScrollBar()->value(), 0);
 }
 
 TEST_F(BasicFormTest, scrollAreaInTouchMode_followsTheFinger)

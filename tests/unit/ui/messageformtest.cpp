@@ -113,6 +113,19 @@ TEST_F(MessageFormTest, tenThousandCharacters_scrollWithinTheSmallestScreen)
     qApp->setStyleSheet({});
 }
 
+TEST_F(MessageFormTest, textHigherThanItsRoom_keysScrollItWhileTheButtonHasTheFocus)
+{
+    show({"testText", u"строка\n"_s.repeated(100)}, Dialog::Error, [](QWidget& form) {
+        const auto* bar = form.findChild<QScrollArea*>()->verticalScrollBar();
+        auto* ok = form.findChild<QPushButton*>("okButton");
+        ASSERT_EQ(QApplication::focusWidget(), ok);
+        QTest::keyClick(ok, Qt::Key_End);
+        EXPECT_GT(bar->value(), 0);
+        EXPECT_EQ(bar->value(), bar->maximum());
+        EXPECT_EQ(QApplication::focusWidget(), ok);
+    });
+}
+
 TEST_F(MessageFormTest, shortText_isWhollyVisibleWithoutScrolling)
 {
     applyRegisterStyle(*qApp, 600);

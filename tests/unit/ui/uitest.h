@@ -103,4 +103,5 @@ public:
     using BasicForm::loadUI;
     using BasicForm::setAccessibleNames;
     using BasicForm::setContextCode;
+    using BasicForm::showText;
 };
