@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "graphicaluserinterface.h"
 
+#include "askandanswer.h"
 #include "finally.h"
 #include "inputblocker.h"
 #include "messageform_p.h"
@@ -104,7 +105,7 @@ QSharedPointer<BasicForm> GraphicalUserInterface::createForm(const Event& event)
     case EActivityListener::ShowMessage:
         return QSharedPointer<MessageForm>::create(event);
     case EActivityListener::ShowTextInput:
-        return QSharedPointer<TextInputForm>::create(event.value(u"params"_s).value<TextInputParams>());
+        return QSharedPointer<TextInputForm>::create(formParams<TextInputParams>(event));
     default:
         return nullptr;
     }
