@@ -236,7 +236,7 @@ TEST_F(TextInputFormTest, scanThatDoesNotFitTheMask_restoresTheFieldAndSaysSo)
     EXPECT_TRUE(result.canceled());
 }
 
-TEST_F(TextInputFormTest, scanWhereOnlyTypingCounts_isRefused)
+TEST_F(TextInputFormTest, scanIntoAValueThatHasToBeTyped_isRefusedInWordsThatSayWhy)
 {
     params.manualOnly = true;
     show([&] {
@@ -245,6 +245,7 @@ TEST_F(TextInputFormTest, scanWhereOnlyTypingCounts_isRefused)
         EXPECT_NE(gui.topForm(), nullptr);
         EXPECT_EQ(field()->text(), "3");
         EXPECT_TRUE(label("scanErrorLabel")->isVisible());
+        EXPECT_EQ(label("scanErrorLabel")->text(), "Штрихкод не принят: это значение вводят вручную");
     });
 }
 
@@ -298,6 +299,20 @@ TEST_F(TextInputFormTest, touchModeForANumber_hasDigitsAndTakesTheCommaAsAPoint)
         QTest::mouseClick(button("okButton"), Qt::LeftButton);
     });
     EXPECT_EQ(result.getData(), "1.5");
+}
+
+TEST_F(TextInputFormTest, promptHigherThanItsRoom_keysScrollItAndHomeAndEndStayTheFields)
+{
+    params.message = {"testMessage", u"строка\n"_s.repeated(100)};
+    params.initialText = "77";
+    show([&] {
+        const auto* bar = root()->findChild<QScrollArea*>()->verticalScrollBar();
+        QTest::keyClick(field(), Qt::Key_PageDown);
+        EXPECT_EQ(bar->value(), bar->pageStep());
+        QTest::keyClick(field(), Qt::Key_Home);
+        EXPECT_EQ(field()->cursorPosition(), 0);
+        EXPECT_EQ(bar->value(), bar->pageStep());
+    });
 }
 
 TEST_F(TextInputFormTest, promptOfAnyLength_fitsTheSmallestScreenInBothModes)
