@@ -8,8 +8,8 @@
 
 class QLineEdit;
 
-/// Takes scans out of a field. A scanner types into the field like a keyboard. When the scan ends, the field holds again
-/// what it held before, scanned() is emitted, and the Return of the scan goes no further.
+/// Takes scans out of a field. A scanner types into the field like a keyboard. When the scan ends, the field holds
+/// again what it held before, scanned() is emitted, and the Return of the scan goes no further.
 ///
 /// Owner: the field. The last event filter to be installed is the first to see a key: to be made after the others.
 class REGISTERPLATFORM_EXPORT ScanFilter : public QObject

@@ -6,11 +6,7 @@ using namespace Qt::StringLiterals;
 QString TableColumn::text() const
 {
     const QStringList fields{
-        name,
-        caption,
-        QString::number(width),
-        isShown ? u"true"_s : u"false"_s,
-        QString::number(alignment.toInt()),
+        name, caption, QString::number(width), isShown ? u"true"_s : u"false"_s, QString::number(alignment.toInt()),
     };
     return fields.join(u';');
 }

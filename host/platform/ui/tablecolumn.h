@@ -16,8 +16,8 @@ struct REGISTERPLATFORM_EXPORT TableColumn {
     /// As a width: what the contents take.
     static constexpr int fittingContents = -2;
 
-    QString name;                              ///< for whoever reads the text; the table does not use it
-    int width = remainingRoom;                 ///< pixels, remainingRoom or fittingContents
+    QString name;                               ///< for whoever reads the text; the table does not use it
+    int width = remainingRoom;                  ///< pixels, remainingRoom or fittingContents
     Qt::Alignment alignment = Qt::AlignVCenter; ///< of the cells
     bool isShown = true;
     QString caption = {}; ///< for whoever reads the text; the header shows the model's
