@@ -210,7 +210,7 @@ void ElectronicPrescriptionChoiceForm::setSettings() const
     m_tableView->setColumns(TableColumn::texts({
         {.name = u"medicineName"_s, .caption = u"МНН"_s},
         {.name = u" code"_s, .width = fitting},
-        {.name = u" prescriptionDate"_s, .width = fitting, .alignment = Qt::AlignCenter},
+        {.name = u" prescriptionDate"_s, .width = fitting, .alignment = TableColumn::centred},
         {.name = u"doseQuantity"_s, .width = fitting},
         {.name = u" dispensedDoseQuantity"_s, .width = fitting},
     }));

@@ -16,6 +16,11 @@ struct REGISTERPLATFORM_EXPORT TableColumn {
     /// As a width: what the contents take.
     static constexpr int fittingContents = -2;
 
+    /// As alignments.
+    static constexpr Qt::Alignment left = Qt::AlignVCenter | Qt::AlignLeft;
+    static constexpr Qt::Alignment right = Qt::AlignVCenter | Qt::AlignRight;
+    static constexpr Qt::Alignment centred = Qt::AlignVCenter | Qt::AlignHCenter;
+
     QString name;                               ///< for whoever reads the text; the table does not use it
     int width = remainingRoom;                  ///< pixels, remainingRoom or fittingContents
     Qt::Alignment alignment = Qt::AlignVCenter; ///< of the cells
