@@ -54,11 +54,11 @@ std::optional<ScanRecognizer::Scan> ScanRecognizer::take(const QKeyEvent& key, c
     if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
         return finish(key.timestamp());
     }
-    this->key(key, field);
+    write(key, field);
     return std::nullopt;
 }
 
-void ScanRecognizer::key(const QKeyEvent& key, const QString& field)
+void ScanRecognizer::write(const QKeyEvent& key, const QString& field)
 {
     const QString text = key.text();
     const bool isWriting = text.size() == 1 && key.key() != Qt::Key_Backspace && key.key() != Qt::Key_Delete;

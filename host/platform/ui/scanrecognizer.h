@@ -49,12 +49,10 @@ public:
     /// @return the scan that the key ends; nothing when it ends none
     std::optional<Scan> take(const QKeyEvent& key, const QString& field);
 
-    /// What take() does with a key other than Return.
-    void key(const QKeyEvent& key, const QString& field);
-    /// What take() does with Return. @param time of the event, in milliseconds; 0: unknown
-    std::optional<Scan> finish(quint64 time);
-
 private:
+    void write(const QKeyEvent& key, const QString& field);
+    /// @param time of the Return, in milliseconds; 0: unknown
+    std::optional<Scan> finish(quint64 time);
     void character(QChar character, quint64 time, const QString& field);
     void reset();
     /// Where a scan may have begun.
