@@ -39,7 +39,7 @@ public slots:
     void onOk();
     /// Forgets filter and row, and answers -1.
     void onCancel();
-    /// Shows only the rows whose non-proprietary name contains `text`, whatever the case.
+    /// Shows only the rows whose non-proprietary name contains `text`; case is ignored.
     void filterTextChanged(const QString& text);
     /// Shows the details of the current row beside the table. An invalid index leaves them as they are.
     void onCurrentChanged(const QModelIndex& current, const QModelIndex& previous);

@@ -17,8 +17,8 @@ public:
     BasicFormCreator(const BasicFormCreator&) = delete;
     BasicFormCreator& operator=(const BasicFormCreator&) = delete;
 
-    /// The form for an event; null when this creator knows none.
+    /// The form for an event; null when this creator has none.
     virtual QSharedPointer<BasicForm> create(const Event& event) = 0;
-    /// The form for a context; null when this creator knows none.
+    /// The form for a context; null when this creator has none.
     virtual QSharedPointer<BasicForm> create(EContext::Code context) = 0;
 };

@@ -27,7 +27,7 @@ core::BasicDialog::Result noAnswer()
     return {QVariantMap{{u"data"_s, -1}, {u"status"_s, -1}}, true};
 }
 
-/// Cancels the forms before the application tries to quit: the quit goes on, or is asked for again, without them.
+/// Cancels the forms before the application quits.
 class QuitWatcher : public QObject
 {
 public:

@@ -17,10 +17,10 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Room for the text, in pixels: the form fits a window of 600.
+/// Room for the text, in pixels: the form fits a window 600 pixels high.
 constexpr int tallestMessage = 360;
 
-/// The picture, the heading and the role of the style sheet for each kind of message.
+/// The picture, the heading and the value of the style sheet's property for a kind of message.
 struct Kind {
     QStyle::StandardPixmap picture = QStyle::SP_MessageBoxInformation;
     tr::Tr title;

@@ -17,11 +17,11 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Room for the prompt, in pixels: the form fits a window of 600, with the touch keyboard too.
+/// Room for the prompt, in pixels: the form fits a window 600 pixels high, also with the touch keyboard.
 constexpr int tallestPrompt = 260;
 constexpr int tallestPromptInTouchMode = 100;
 
-/// The text, or the register's own where the caller gave none.
+/// The text; the register's own when it is empty.
 QString textOr(const tr::Tr& text, const tr::Tr& own)
 {
     return (text.text().isEmpty() ? own : text).ui();

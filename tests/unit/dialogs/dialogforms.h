@@ -19,7 +19,7 @@
 #include <memory>
 #include <utility>
 
-/// Takes actions without running them.
+/// Records actions without running them.
 class RecordingQueue : public ActionQueueController
 {
 public:

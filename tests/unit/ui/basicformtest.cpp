@@ -34,7 +34,7 @@ protected:
         form.show();
     }
 
-    /// The text of the exception that loading the layout throws.
+    /// The message of the exception that loading the layout throws.
     static tr::Tr loadFailure(const QString& layout)
     {
         try {
@@ -53,7 +53,7 @@ TEST_F(BasicFormTest, newForm_hasTheDialogContextAndNoRoot)
     EXPECT_EQ(form.rootWidget(), nullptr);
 }
 
-TEST_F(BasicFormTest, contextCodeSet_isGivenBack)
+TEST_F(BasicFormTest, contextCodeSet_isReturned)
 {
     LayoutForm form(writeLayout("a.ui", ""));
     form.setContextCode(EContext::StoredDocuments);
@@ -77,7 +77,7 @@ TEST_F(BasicFormTest, promotedClasses_areTheRealOnes)
     EXPECT_NE(form.findWidget<WrappedLabel>("text"), nullptr);
 }
 
-TEST_F(BasicFormTest, layoutInTwoFolders_theFirstFolderWins)
+TEST_F(BasicFormTest, layoutInTwoFolders_firstFolderWins)
 {
     const QTemporaryDir second;
     config.setForThisRun("GUI:layouts", layouts.path() + ':' + second.path());
@@ -91,7 +91,7 @@ TEST_F(BasicFormTest, layoutInTwoFolders_theFirstFolderWins)
     EXPECT_EQ(BasicForm::layoutPath("second.ui"), second.filePath("second.ui"));
 }
 
-TEST_F(BasicFormTest, platformLayout_isFoundUnlessTheIntegratorHasHisOwn)
+TEST_F(BasicFormTest, platformLayout_isFoundUnlessTheIntegratorHasOne)
 {
     EXPECT_EQ(BasicForm::layoutPath("message.ui"), ":/layouts/message.ui");
     writeLayout("message.ui", "");
@@ -259,7 +259,7 @@ TEST_F(BasicFormTest, setAccessibleNames_namesControlsAndPassesUnknownNamesOver)
     EXPECT_EQ(form.findWidget<QWidget>("choose")->accessibleName(), "Выбрать");
 }
 
-TEST_F(BasicFormTest, expectsScans_whenItsSourcesHoldTheScanner)
+TEST_F(BasicFormTest, inputSourcesWithTheScanner_formExpectsScans)
 {
     EXPECT_FALSE(BasicForm(nullptr).expectsScans()) << "without a root";
     const LayoutForm form(writeLayout("form.ui", widget("QLineEdit", "edit")));
@@ -273,7 +273,7 @@ TEST_F(BasicFormTest, expectsScans_whenItsSourcesHoldTheScanner)
     EXPECT_TRUE(form.expectsScans());
 }
 
-TEST_F(BasicFormTest, loadedAgain_theFormerWidgetsAreGone)
+TEST_F(BasicFormTest, loadedAgain_formerWidgetsAreGone)
 {
     LayoutForm form(writeLayout("a.ui", widget("QLabel", "first")));
     const QPointer<QLabel> first = form.findWidget<QLabel>("first");
@@ -283,7 +283,7 @@ TEST_F(BasicFormTest, loadedAgain_theFormerWidgetsAreGone)
     EXPECT_NE(form.findWidget<QLabel>("second", false), nullptr);
 }
 
-TEST_F(BasicFormTest, formDestroyed_takesItsRootAlong)
+TEST_F(BasicFormTest, formDestroyed_rootIsDestroyed)
 {
     QPointer<QWidget> root;
     {
@@ -298,7 +298,7 @@ const QString isDefault = u"<property name=\"default\"><bool>true</bool></proper
 const QString isDisabled = u"<property name=\"enabled\"><bool>false</bool></property>"_s;
 const QString focusOnEdit = u"<property name=\"initialFocus\" stdset=\"0\"><string>edit</string></property>"_s;
 
-TEST_F(BasicFormTest, shown_focusStandsOnTheWidgetThatTheLayoutNames)
+TEST_F(BasicFormTest, shown_focusIsOnTheWidgetThatTheLayoutNames)
 {
     LayoutForm form(
         writeLayout("a.ui", widget("QPushButton", "ok", isDefault) + widget("TalloLineEdit", "edit"), focusOnEdit));
@@ -306,7 +306,7 @@ TEST_F(BasicFormTest, shown_focusStandsOnTheWidgetThatTheLayoutNames)
     EXPECT_EQ(QApplication::focusWidget(), form.findWidget<TalloLineEdit>("edit"));
 }
 
-TEST_F(BasicFormTest, shownWithTheNamedWidgetDisabled_focusStandsOnTheDefaultButton)
+TEST_F(BasicFormTest, shownWithTheNamedWidgetDisabled_focusIsOnTheDefaultButton)
 {
     LayoutForm form(writeLayout("a.ui",
                                 widget("TalloLineEdit", "edit", isDisabled) + widget("QPushButton", "other") +
@@ -316,7 +316,7 @@ TEST_F(BasicFormTest, shownWithTheNamedWidgetDisabled_focusStandsOnTheDefaultBut
     EXPECT_EQ(QApplication::focusWidget(), form.findWidget<QPushButton>("ok"));
 }
 
-TEST_F(BasicFormTest, shownWithTheDefaultButtonDisabled_focusStandsOnTheFirstThatTakesIt)
+TEST_F(BasicFormTest, shownWithTheDefaultButtonDisabled_focusIsOnTheFirstWidgetThatTakesIt)
 {
     LayoutForm form(writeLayout("a.ui", widget("QLabel", "label") +
                                             widget("QPushButton", "ok", isDefault + isDisabled) +
@@ -327,14 +327,14 @@ TEST_F(BasicFormTest, shownWithTheDefaultButtonDisabled_focusStandsOnTheFirstTha
     EXPECT_EQ(QApplication::focusWidget(), form.findWidget<QPushButton>("back"));
 }
 
-TEST_F(BasicFormTest, shownWithNothingToFocus_keysComeToTheRoot)
+TEST_F(BasicFormTest, shownWithNothingToFocus_rootTakesTheKeys)
 {
     LayoutForm form(writeLayout("a.ui", widget("QLabel", "label")));
     showRoot(form);
     EXPECT_EQ(QApplication::focusWidget(), form.rootWidget());
 }
 
-TEST_F(BasicFormTest, escThatNobodyTakes_dismissesTheForm)
+TEST_F(BasicFormTest, escWithoutAFilter_dismissesTheForm)
 {
     LayoutForm form(writeLayout("a.ui", widget("TalloLineEdit", "edit")));
     int dismissed = 0;
@@ -394,7 +394,7 @@ TEST_F(ScrollButtonsTest, touched_moveTheCurrentRowAndLeaveTheFocusAlone)
     table->setModel(&rows);
     form.rootWidget()->resize(600, 600);
     showRoot(form);
-    form.show(); // a second time wires nothing twice
+    form.show(); // the second time connects nothing again
     table->selectRow(10);
 
     QTest::mouseClick(form.findWidget<QToolButton>("scrollDownButton"), Qt::LeftButton);
@@ -409,7 +409,7 @@ TEST_F(ScrollButtonsTest, touched_moveTheCurrentRowAndLeaveTheFocusAlone)
     EXPECT_EQ(QApplication::focusWidget(), form.findWidget<TalloLineEdit>("edit"));
 }
 
-TEST_F(ScrollButtonsTest, withoutTouchMode_areNotWired)
+TEST_F(ScrollButtonsTest, withoutTouchMode_areNotConnected)
 {
     LayoutForm form(layout);
     auto* table = form.findWidget<TalloTableView>("table");
@@ -443,7 +443,7 @@ TEST_F(ScrollKeysTest, textHigherThanItsRoom_keysScrollItWhileAButtonHasTheFocus
     LayoutForm form(writeScrolledText(200));
     form.rootWidget()->resize(400, 300);
     showRoot(form);
-    form.show(); // a second time wires nothing twice
+    form.show(); // the second time connects nothing again
     auto* button = form.findWidget<QPushButton>("first");
     const auto* bar = form.findWidget<QScrollArea>("area")->verticalScrollBar();
     ASSERT_GT(bar->maximum(), 2 * bar->pageStep());

@@ -39,7 +39,7 @@ protected:
     void scan() { send(barcode, 10); }
     void type(const QString& text) { send(text, 120); }
 
-    /// Does `steps` while the next form is shown; then it is cancelled, if it is still there.
+    /// Calls `steps` while the next form is shown. Then the form is cancelled if it is still shown.
     void during(const std::function<void()>& steps)
     {
         whenShown([this, steps] {

@@ -31,7 +31,7 @@ protected:
     }
     ~TextInputFormTest() override { Singleton<ActionQueueController>::instance = nullptr; }
 
-    /// Shows the form and does `steps` while it is shown; then it is cancelled, if it is still there.
+    /// Shows the form and runs `steps`. Then the form is cancelled if it is still shown.
     core::BasicDialog::Result show(const std::function<void()>& steps)
     {
         whenShown([&] {
@@ -70,7 +70,7 @@ protected:
 
 const QString doses = u"\\d{1,9}(\\.)\\d{0,2}|\\d{1,9}"_s;
 
-TEST_F(TextInputFormTest, texts_standInTheirPlaces)
+TEST_F(TextInputFormTest, textsGiven_areInTheirPlaces)
 {
     params.initialText = "77";
     show([&] {
@@ -88,7 +88,7 @@ TEST_F(TextInputFormTest, texts_standInTheirPlaces)
     });
 }
 
-TEST_F(TextInputFormTest, withoutButtonTexts_theRegistersOwnStand)
+TEST_F(TextInputFormTest, withoutButtonTexts_registersOwnAreShown)
 {
     params.okText = {};
     params.cancelText = {};
@@ -155,7 +155,7 @@ TEST_F(TextInputFormTest, returnOnTheCancelButton_cancels)
     EXPECT_TRUE(result.canceled());
 }
 
-TEST_F(TextInputFormTest, textThatCannotMatch_isLeftStandingAndSaidToBeWrong)
+TEST_F(TextInputFormTest, textThatCannotMatch_staysAndIsReportedAsWrong)
 {
     params.mask = doses;
     params.numeric = true;
@@ -222,7 +222,7 @@ TEST_F(TextInputFormTest, scanWithPrefixAndSuffix_isTakenWithoutThem)
     EXPECT_EQ(result.getData(), "9900000001");
 }
 
-TEST_F(TextInputFormTest, scanThatDoesNotFitTheMask_restoresTheFieldAndSaysSo)
+TEST_F(TextInputFormTest, scanThatDoesNotFitTheMask_restoresTheFieldAndIsReported)
 {
     params.mask = doses;
     const auto result = show([&] {
@@ -249,7 +249,7 @@ TEST_F(TextInputFormTest, scanIntoAValueThatHasToBeTyped_isRefusedInWordsThatSay
     });
 }
 
-TEST_F(TextInputFormTest, numberAndWidth_areAsAsked)
+TEST_F(TextInputFormTest, linesAndColumns_areTheFieldsSize)
 {
     params.columns = 10;
     params.lines = 3;
@@ -260,7 +260,7 @@ TEST_F(TextInputFormTest, numberAndWidth_areAsAsked)
     });
 }
 
-TEST_F(TextInputFormTest, withoutAPrompt_itsRoomIsGone)
+TEST_F(TextInputFormTest, withoutAPrompt_itsRoomIsFree)
 {
     params.message = {};
     show([&] { EXPECT_FALSE(label("messageLabel")->isVisible()); });
@@ -331,7 +331,7 @@ TEST_F(TextInputFormTest, promptOfAnyLength_fitsTheSmallestScreenInBothModes)
     qApp->setStyleSheet({});
 }
 
-/// A window of that size, in which forms stand as in the register's.
+/// A window of that size that shows forms as the register's window does.
 class Window : public QWidget, public FormStage
 {
 public:
@@ -358,7 +358,7 @@ private:
     std::unique_ptr<QWidget> m_layer;
 };
 
-TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWhollyVisibleOnEveryScreenInBothModes)
+TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWholeOnEveryScreenInBothModes)
 {
     const struct {
         QString text;
