@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionchoiceform.h"
 
-#include "askandanswer.h"
 #include "complexfilterproxymodel.h"
 #include "config.h"
 #include "dialogeventfilter.h"
 #include "electronicprescriptionchoicemodel.h"
+#include "formanswer.h"
 #include "formbutton.h"
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"

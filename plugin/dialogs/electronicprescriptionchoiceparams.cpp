@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionchoiceparams.h"
 
-#include "askandanswer.h"
+#include "askform.h"
 #include "prescriptionevents.h"
 
 ElectronicPrescriptionChoiceParams::ElectronicPrescriptionChoiceParams(

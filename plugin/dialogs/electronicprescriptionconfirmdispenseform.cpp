@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionconfirmdispenseform.h"
 
-#include "askandanswer.h"
 #include "dialogeventfilter.h"
+#include "formanswer.h"
 #include "formbutton.h"
 
 #include <QPushButton>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionconfirmdispenseparams.h"
 
-#include "askandanswer.h"
+#include "askform.h"
 #include "prescriptionevents.h"
 
 ElectronicPrescriptionConfirmDispenseParams::ElectronicPrescriptionConfirmDispenseParams(

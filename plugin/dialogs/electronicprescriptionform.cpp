@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionform.h"
 
-#include "askandanswer.h"
 #include "config.h"
 #include "currenttime.h"
 #include "dialogeventfilter.h"
+#include "formanswer.h"
 #include "formbutton.h"
 #include "prescriptiondate.h"
 

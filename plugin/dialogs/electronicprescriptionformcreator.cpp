@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionformcreator.h"
 
-#include "askandanswer.h"
+#include "askform.h"
 #include "electronicprescriptionchoiceform.h"
 #include "electronicprescriptionchoiceparams.h"
 #include "electronicprescriptionconfirmdispenseform.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionparams.h"
 
-#include "askandanswer.h"
+#include "askform.h"
 #include "prescriptionevents.h"
 
 ElectronicPrescriptionParams::ElectronicPrescriptionParams(

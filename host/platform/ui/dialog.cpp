@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialog.h"
 
-#include "askandanswer.h"
+#include "askform.h"
 
 #include <QVariantMap>
 

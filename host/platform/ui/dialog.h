@@ -21,8 +21,7 @@ public:
 
     Dialog() = default;
     virtual ~Dialog();
-    Dialog(const Dialog&) = delete;
-    Dialog& operator=(const Dialog&) = delete;
+    Q_DISABLE_COPY_MOVE(Dialog)
 
     /// Shows a text until the cashier confirms it. During long work the busy screen pauses, so that the text is seen.
     ///

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "graphicaluserinterface.h"
 
-#include "askandanswer.h"
+#include "askform.h"
 #include "finally.h"
 #include "inputblocker.h"
 #include "messageform_p.h"
@@ -161,9 +161,14 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
 
 void GraphicalUserInterface::answer(const control::Action& action)
 {
+    answer(action.toMap());
+}
+
+void GraphicalUserInterface::answer(const QVariantMap& values)
+{
     Shown* const asked = m_cancelling ? m_cancelling : m_shown.isEmpty() ? nullptr : m_shown.last();
     if (asked) {
-        asked->finish({action.toMap(), false});
+        asked->finish({values, false});
     }
 }
 

@@ -14,8 +14,7 @@ class REGISTERPLATFORM_EXPORT InputBlocker
 public:
     InputBlocker();
     ~InputBlocker();
-    InputBlocker(const InputBlocker&) = delete;
-    InputBlocker& operator=(const InputBlocker&) = delete;
+    Q_DISABLE_COPY_MOVE(InputBlocker)
 
     static bool isActive();
 
@@ -24,7 +23,6 @@ public:
     public:
         Pause();
         ~Pause();
-        Pause(const Pause&) = delete;
-        Pause& operator=(const Pause&) = delete;
+        Q_DISABLE_COPY_MOVE(Pause)
     };
 };

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "textinputform_p.h"
 
-#include "askandanswer.h"
 #include "config.h"
 #include "dialogeventfilter.h"
+#include "graphicaluserinterface.h"
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
 #include "scanfilter.h"
@@ -156,7 +156,7 @@ void TextInputForm::accept()
         m_field->setFocus();
         return;
     }
-    answerForm(u"data"_s, m_field->text());
+    Singleton<GraphicalUserInterface>::get()->answer(QVariantMap{{u"data"_s, m_field->text()}});
 }
 
 void TextInputForm::showProblem(const tr::Tr& problem)

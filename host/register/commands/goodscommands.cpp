@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "goodscommands.h"
 
-#include "askandanswer.h"
+#include "askform.h"
 #include "commandtable.h"
 #include "goodsselectionparams.h"
 #include "obstaclenotice.h"

@@ -2,7 +2,7 @@
 #include "menucommands.h"
 
 #include "actionfactory.h"
-#include "askandanswer.h"
+#include "askform.h"
 #include "commandtable.h"
 #include "menuparams.h"
 #include "notice.h"

@@ -2,7 +2,7 @@
 #include "storeddocumentcommands.h"
 
 #include "actionfactory.h"
-#include "askandanswer.h"
+#include "askform.h"
 #include "commandtable.h"
 #include "documentlistparams.h"
 #include "documentwords.h"

@@ -2,8 +2,8 @@
 #include "documentlistform.h"
 
 #include "actionqueuecontroller.h"
-#include "askandanswer.h"
 #include "dialogeventfilter.h"
+#include "formanswer.h"
 #include "registerstyle.h"
 #include "stoppedaction.h"
 #include "tablecolumn.h"

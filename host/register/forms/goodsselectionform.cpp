@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "goodsselectionform.h"
 
-#include "askandanswer.h"
 #include "config.h"
 #include "dialogeventfilter.h"
+#include "formanswer.h"
 #include "registerstyle.h"
 #include "scanfilter.h"
 #include "tablecolumn.h"

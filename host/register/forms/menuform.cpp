@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "menuform.h"
 
-#include "askandanswer.h"
 #include "dialogeventfilter.h"
+#include "formanswer.h"
 #include "scanrecognizer.h"
 
 #include <QKeyEvent>

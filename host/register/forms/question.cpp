@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "question.h"
 
-#include "askandanswer.h"
+#include "askform.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "questionform.h"
 
-#include "askandanswer.h"
 #include "dialogeventfilter.h"
+#include "formanswer.h"
 
 #include <QApplication>
 #include <QLabel>

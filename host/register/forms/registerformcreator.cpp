@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "registerformcreator.h"
 
-#include "askandanswer.h"
+#include "askform.h"
 #include "documentlistform.h"
 #include "goodsselectionform.h"
 #include "menuform.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The register started in a language: what its screens and the platform's forms say.
-#include "askandanswer.h"
+#include "askform.h"
 #include "dialog.h"
 #include "goodsselectionparams.h"
 #include "registerapplication.h"

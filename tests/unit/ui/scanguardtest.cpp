@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The Return that ends a scan, on forms that expect scans and on those that do not.
 #include "actionqueuecontroller.h"
-#include "askandanswer.h"
+#include "askform.h"
 #include "dialog.h"
 #include "dialogeventfilter.h"
 #include "einput.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "storeddocumentcommands.h"
-#include "askandanswer.h"
 #include "commandfixture.h"
 #include "documentwords.h"
+#include "formanswer.h"
 #include "registeraction.h"
 #include "saves.h"
 #include "shownmessages.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "askandanswer.h"
+#include "askform.h"
+#include "formanswer.h"
 
 #include "actionfactory.h"
 #include "actionqueuecontroller.h"
@@ -40,23 +41,23 @@ private:
     QString m_layout;
 };
 
-class AskAndAnswerTest : public UiTest
+class AskFormTest : public UiTest
 {
 protected:
-    AskAndAnswerTest()
+    AskFormTest()
     {
         Singleton<ActionQueueController>::instance = &controller;
         gui.addFormCreator(
             QSharedPointer<TitleFormCreator>::create(writeLayout("title.ui", widget("QLabel", "titleLabel"))));
         record.title = {"testTitle", "Ввод карты"};
     }
-    ~AskAndAnswerTest() override { Singleton<ActionQueueController>::instance = nullptr; }
+    ~AskFormTest() override { Singleton<ActionQueueController>::instance = nullptr; }
 
     ActionQueueController controller;
     TextInputParams record;
 };
 
-TEST_F(AskAndAnswerTest, formAnswered_itsValuesAreReturnedUnderTheirNames)
+TEST_F(AskFormTest, formAnswered_itsValuesAreReturnedUnderTheirNames)
 {
     QString title;
     bool takesScans = true;
@@ -71,13 +72,13 @@ TEST_F(AskAndAnswerTest, formAnswered_itsValuesAreReturnedUnderTheirNames)
     EXPECT_EQ(gui.topForm(), nullptr);
 }
 
-TEST_F(AskAndAnswerTest, oneValueAnswered_isReturnedUnderItsName)
+TEST_F(AskFormTest, oneValueAnswered_isReturnedUnderItsName)
 {
     whenShown([] { answerForm("yes", true); });
     EXPECT_EQ(askForm(testEvent, record), (QVariantMap{{"yes", true}}));
 }
 
-TEST_F(AskAndAnswerTest, askedWithAScanner_formExpectsScans)
+TEST_F(AskFormTest, askedWithAScanner_formExpectsScans)
 {
     bool takesScans = false;
     whenShown([&] {
@@ -88,18 +89,18 @@ TEST_F(AskAndAnswerTest, askedWithAScanner_formExpectsScans)
     EXPECT_TRUE(takesScans);
 }
 
-TEST_F(AskAndAnswerTest, formDismissed_answerIsMinusOne)
+TEST_F(AskFormTest, formDismissed_answerIsMinusOne)
 {
     whenShown([this] { gui.cancelForms(); });
     EXPECT_EQ(askForm(testEvent, record), (QVariantMap{{"data", -1}, {"status", -1}}));
 }
 
-TEST_F(AskAndAnswerTest, noFormOnTop_answerIsDropped)
+TEST_F(AskFormTest, noFormOnTop_answerIsDropped)
 {
     EXPECT_NO_THROW(answerForm("data", 0));
 }
 
-TEST_F(AskAndAnswerTest, noFactoryOrControllerYet_answerMakesThem)
+TEST_F(AskFormTest, noFactoryOrControllerYet_answerMakesThem)
 {
     Singleton<ActionQueueController>::instance = nullptr;
     auto* const formerFactory = std::exchange(Singleton<control::ActionFactory>::instance, nullptr);
@@ -111,14 +112,14 @@ TEST_F(AskAndAnswerTest, noFactoryOrControllerYet_answerMakesThem)
     EXPECT_TRUE(madeFactory);
 }
 
-TEST_F(AskAndAnswerTest, eventOfAForm_carriesItsRecordAsParams)
+TEST_F(AskFormTest, eventOfAForm_carriesItsRecordAsParams)
 {
     const Event event = formEvent(testEvent, QVariant::fromValue(record));
     EXPECT_EQ(event.getCode(), testEvent);
     EXPECT_EQ(formParams<TextInputParams>(event).title, record.title);
 }
 
-TEST_F(AskAndAnswerTest, eventWithoutARecordOrWithAnother_givesADefaultOne)
+TEST_F(AskFormTest, eventWithoutARecordOrWithAnother_givesADefaultOne)
 {
     EXPECT_EQ(formParams<TextInputParams>(Event(testEvent)).title, tr::Tr());
     EXPECT_EQ(formParams<TextInputParams>(formEvent(testEvent, QSize(1, 2))).title, tr::Tr());

@@ -31,8 +31,3 @@ QVariantMap askForm(EActivityListener::Event code, const Params& params,
 {
     return askForm(formEvent(code, QVariant::fromValue(params)), sources);
 }
-
-/// Answers the form on top, which ends it: whoever shows it gets these values under their names.
-REGISTERPLATFORM_EXPORT void answerForm(const QVariantMap& answer);
-/// Answers with one value.
-REGISTERPLATFORM_EXPORT void answerForm(const QString& name, const QVariant& value);
