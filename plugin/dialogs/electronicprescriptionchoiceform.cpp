@@ -205,7 +205,7 @@ void ElectronicPrescriptionChoiceForm::setSettings() const
     if (!m_tableView) {
         return;
     }
-    // The blanks in front of some names are part of the columns' texts, which integrators may compare.
+    // The blanks before some names belong to the columns' texts.
     const int fitting = TableColumn::fittingContents;
     m_tableView->setColumns(TableColumn::texts({
         {.name = u"medicineName"_s, .caption = u"МНН"_s},

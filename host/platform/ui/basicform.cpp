@@ -5,9 +5,13 @@
 #include "config.h"
 #include "defaultbutton_p.h"
 #include "einput.h"
+#include "expected.h"
 #include "formguard_p.h"
 #include "layoutloader_p.h"
 #include "tallotableview.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
 
 #include <QAbstractButton>
 #include <QCoreApplication>
@@ -64,6 +68,28 @@ QWidget* initialFocus(QWidget& root)
         return button;
     }
     return firstInTabOrder(root);
+}
+
+/// The widget tree of a layout file; the caller owns it. @param path empty: there is no layout of that name
+Expected<QWidget*> readLayout(const QString& path, const QString& name)
+{
+    const auto failure = [](const QString& file, const QString& reason) {
+        const tr::Tr text(u"formUiLoadError"_s,
+                          u"Не удалось загрузить форму '%1': %2\nПроверьте папки форм в настройках кассы"_s);
+        return Failure{text.arg(file).arg(reason), u"The layout %1 cannot be read: %2"_s.arg(file, reason)};
+    };
+    if (path.isEmpty()) {
+        return failure(name, tr::Tr(u"formUiMissing"_s, u"файла нет"_s).ui());
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return failure(path, file.errorString());
+    }
+    LayoutLoader loader;
+    if (QWidget* widgets = loader.load(&file)) {
+        return widgets;
+    }
+    return failure(path, loader.errorString());
 }
 
 /// The keys that scroll a form.
@@ -193,30 +219,12 @@ void BasicForm::loadUI(const QString& name)
     m_isPrepared = false;
     delete m_root;
 
-    const QString path = layoutPath(name);
-    QFile file(path.isEmpty() ? name : path);
-    QString reason;
-    if (path.isEmpty()) {
-        reason = tr::Tr(u"formUiMissing"_s, u"файла нет"_s).ui();
-    } else if (!file.open(QIODevice::ReadOnly)) {
-        reason = file.errorString();
-    } else {
-        LayoutLoader loader;
-        m_root = loader.load(&file);
-        if (!m_root) {
-            reason = loader.errorString();
-        }
-    }
-    const bool isLoaded = !m_root.isNull();
-    if (!isLoaded) {
-        m_root = new QWidget;
-    }
+    const Expected<QWidget*> widgets = readLayout(layoutPath(name), name);
+    m_root = widgets ? *widgets : new QWidget;
     (new FormGuard(*this))->watch(*m_root);
-    if (!isLoaded) {
-        findUIError(tr::Tr(u"formUiLoadError"_s,
-                           u"Не удалось загрузить форму '%1': %2\nПроверьте папки форм в настройках кассы"_s)
-                        .arg(file.fileName())
-                        .arg(reason));
+    if (!widgets) {
+        Log4Qt::LogManager::logger(u"gui"_s)->error(widgets.failure().detail);
+        findUIError(widgets.failure().text);
     }
 }
 

@@ -42,8 +42,9 @@ public:
 
     /// Takes a key that was pressed.
     ///
-    /// Return ends a scan or what was typed; what came before it is forgotten. A key that no scanner sends, a held key
-    /// among them, ends a scan that had begun. Modifiers do not count. Events without a time count as typing.
+    /// Return ends what came before it, a scan or typing, which is then forgotten. A key that no scanner sends, for
+    /// example a held key, makes typing of what came before it. Modifiers do not count. An event without a time is
+    /// typing.
     ///
     /// @param field the text of the field before the key
     /// @return the scan that the key ends; nothing when it ends none

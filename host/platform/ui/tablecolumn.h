@@ -21,17 +21,17 @@ struct REGISTERPLATFORM_EXPORT TableColumn {
     static constexpr Qt::Alignment right = Qt::AlignVCenter | Qt::AlignRight;
     static constexpr Qt::Alignment centred = Qt::AlignVCenter | Qt::AlignHCenter;
 
-    QString name;                               ///< for whoever reads the text; the table does not use it
+    QString name;                               ///< only in the text; the table does not use it
     int width = remainingRoom;                  ///< pixels, remainingRoom or fittingContents
     Qt::Alignment alignment = Qt::AlignVCenter; ///< of the cells
     bool isShown = true;
-    QString caption = {}; ///< for whoever reads the text; the header shows the model's
+    QString caption = {}; ///< only in the text; the header shows the model's
 
     /// "name;caption;width;shown;alignment": shown is "true" or "false", alignment is Qt::Alignment as a number.
     QString text() const;
     static QStringList texts(const QList<TableColumn>& columns);
 
     /// The column that a text describes; nothing when the text has another form. Blanks around a field do not count,
-    /// but for those of the name and the caption.
+    /// except in the name and the caption.
     static std::optional<TableColumn> fromText(const QString& text);
 };
