@@ -216,6 +216,10 @@ Check the folders of layouts in the register’s settings</translation>
         <source>Ошибка разбора введенных данных, повторите сканирование</source>
         <translation>The scan could not be read, scan again</translation>
     </message>
+    <message id="inputTextFormScanRefused">
+        <source>Штрихкод не принят: это значение вводят вручную</source>
+        <translation>Barcode refused: this value has to be typed</translation>
+    </message>
     <message id="inputTextFormIncomplete">
         <source>Введите значение полностью</source>
         <translation>Enter the whole value</translation>

@@ -3,7 +3,7 @@
 
 #include "actionfactory.h"
 #include "actionhost.h"
-#include "basicdialog.h"
+#include "askform.h"
 #include "commandtable.h"
 #include "documentlistparams.h"
 #include "documentwords.h"
@@ -107,10 +107,7 @@ EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
     params.print = [this](const auto& document) { return print(*document); };
     params.openDocument = m_till.document() ? m_till.document()->getNumber() : 0;
     params.marks = &m_marks;
-    Event event(DocumentListParams::eventCode);
-    event.addArgument(u"params"_s, QVariant::fromValue(params));
-    const QVariantMap answer =
-        core::BasicDialog().show(false, true, {EInput::Keyboard, EInput::Scanner}, event).getData().toMap();
+    const QVariantMap answer = askForm(DocumentListParams::eventCode, params, {EInput::Keyboard, EInput::Scanner});
     if (const int number = answer.value(u"resume"_s).toInt(); number > 0) {
         return resume(number);
     }

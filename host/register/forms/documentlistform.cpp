@@ -6,6 +6,7 @@
 #include "formanswer.h"
 #include "registerstyle.h"
 #include "stoppedaction.h"
+#include "tablecolumn.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
@@ -61,29 +62,29 @@ void DocumentListForm::setUpTables()
 {
     m_filtered.setSourceModel(&m_documents);
     m_table->setModel(&m_filtered);
-    m_table->setColumns({
-        u"number;;80;true;130"_s,
-        u"state;;-1;true;129"_s,
-        u"time;;-2;true;129"_s,
-        u"positions;;-2;true;130"_s,
-        u"sum;;-2;true;130"_s,
-        u"searchText;;0;false;129"_s,
-    });
+    m_table->setColumns(TableColumn::texts({
+        {u"number"_s, 80, TableColumn::right},
+        {u"state"_s, TableColumn::remainingRoom, TableColumn::left},
+        {u"time"_s, TableColumn::fittingContents, TableColumn::left},
+        {u"positions"_s, TableColumn::fittingContents, TableColumn::right},
+        {u"sum"_s, TableColumn::fittingContents, TableColumn::right},
+        {u"searchText"_s, 0, TableColumn::left, false},
+    }));
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &DocumentListForm::showCurrent);
 
     m_positionsTable->setModel(&m_positions);
     m_positionsTable->setFocusPolicy(Qt::NoFocus);
     m_positionsTable->setSelectionMode(QAbstractItemView::NoSelection);
-    m_positionsTable->setColumns({
-        u"number;;40;true;130"_s,
-        u"name;;-1;true;129"_s,
-        u"mark;;-2;true;132"_s,
-        u"quantity;;-2;true;130"_s,
-        u"initialPrice;;0;false;130"_s,
-        u"price;;0;false;130"_s,
-        u"sum;;104;true;130"_s,
-        u"state;;-2;true;129"_s,
-    });
+    m_positionsTable->setColumns(TableColumn::texts({
+        {u"number"_s, 40, TableColumn::right},
+        {u"name"_s, TableColumn::remainingRoom, TableColumn::left},
+        {u"mark"_s, TableColumn::fittingContents, TableColumn::centred},
+        {u"quantity"_s, TableColumn::fittingContents, TableColumn::right},
+        {u"initialPrice"_s, 0, TableColumn::right, false},
+        {u"price"_s, 0, TableColumn::right, false},
+        {u"sum"_s, 104, TableColumn::right},
+        {u"state"_s, TableColumn::fittingContents, TableColumn::left},
+    }));
 }
 
 void DocumentListForm::setUpButtons()
@@ -193,7 +194,7 @@ void DocumentListForm::showHint()
 
 void DocumentListForm::showHint(const QString& text, const char* textRole)
 {
-    m_hint->setText(text);
+    showText(u"hintLabel"_s, text);
     m_hint->setVisible(!text.isEmpty());
     setStyleProperty(*m_hint, u"textRole"_s, QLatin1StringView(textRole));
 }

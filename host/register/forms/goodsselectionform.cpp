@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "goodsselectionform.h"
 
-#include "actionfactory.h"
-#include "actionqueuecontroller.h"
 #include "config.h"
 #include "dialogeventfilter.h"
+#include "formanswer.h"
 #include "registerstyle.h"
+#include "scanfilter.h"
+#include "tablecolumn.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
 
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -29,7 +29,6 @@ constexpr int longestQuote = 240;
 GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObject* parent)
     : BasicForm(parent)
     , m_goods(params.goods)
-    , m_scansIntoPacks(ScanRecognizer::configured())
 {
     loadUI(u"goodsselection.ui"_s);
     if (!isTouchMode()) {
@@ -41,10 +40,9 @@ GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObje
     m_packs = findWidget<TalloLineEdit>(u"quantityLineEdit"_s);
     m_hint = findWidget<QLabel>(u"hintLabel"_s);
 
-    findWidget<QLabel>(u"titleLabel"_s)->setText(tr::Tr(u"goodsSelectionTitle"_s, u"Подбор товара"_s).ui());
-    auto* medicine = findWidget<QLabel>(u"medicineInfoLabel"_s);
-    medicine->setText(params.medicineInfo);
-    medicine->setVisible(!params.medicineInfo.isEmpty());
+    showText(u"titleLabel"_s, tr::Tr(u"goodsSelectionTitle"_s, u"Подбор товара"_s).ui());
+    showText(u"medicineInfoLabel"_s, params.medicineInfo);
+    findWidget<QLabel>(u"medicineInfoLabel"_s)->setVisible(!params.medicineInfo.isEmpty());
 
     setUpTable();
     setUpPacks();
@@ -105,19 +103,19 @@ void GoodsSelectionForm::setUpTable()
 {
     m_filtered.setSourceModel(&m_goods);
     m_table->setModel(&m_filtered);
-    m_table->setColumns({
-        u"name;;-1;true;129"_s,
-        u"nonProprietaryName;;220;true;129"_s,
-        u"price;;140;true;130"_s,
-        u"stock;;110;true;130"_s,
-        u"searchText;;0;false;129"_s,
-    });
+    m_table->setColumns(TableColumn::texts({
+        {u"name"_s, TableColumn::remainingRoom, TableColumn::left},
+        {u"nonProprietaryName"_s, 220, TableColumn::left},
+        {u"price"_s, 140, TableColumn::right},
+        {u"stock"_s, 110, TableColumn::right},
+        {u"searchText"_s, 0, TableColumn::left, false},
+    }));
 }
 
 void GoodsSelectionForm::setUpPacks()
 {
     m_packs->setText(u"1"_s);
-    m_packs->installEventFilter(this);
+    connect(new ScanFilter(*m_packs), &ScanFilter::scanned, this, &GoodsSelectionForm::searchScanned);
     findWidget<QLabel>(u"quantityLabel"_s)->setText(tr::Tr(u"goodsSelectionPacks"_s, u"Упаковок:"_s).ui());
     if (auto* fewer = findWidget<QPushButton>(u"quantityMinusButton"_s, false)) {
         connect(fewer, &QPushButton::clicked, this, [this] { onAmountButton(-1); });
@@ -158,30 +156,12 @@ void GoodsSelectionForm::nameControls()
     });
 }
 
-bool GoodsSelectionForm::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == m_packs && event->type() == QEvent::KeyPress && endsScanIntoPacks(*static_cast<QKeyEvent*>(event))) {
-        return true;
-    }
-    return BasicForm::eventFilter(watched, event);
-}
-
 /// A barcode is what to search for, never a number of packs. The cashier sees what was found before it is sold.
-bool GoodsSelectionForm::endsScanIntoPacks(const QKeyEvent& key)
+void GoodsSelectionForm::searchScanned(const QString& barcode)
 {
-    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
-        m_scansIntoPacks.key(key, m_packs->text());
-        return false;
-    }
-    const std::optional<ScanRecognizer::Scan> scan = m_scansIntoPacks.finish(key.timestamp());
-    if (!scan) {
-        return false;
-    }
-    m_packs->setText(scan->fieldBefore);
-    m_filter->setText(scan->text);
+    m_filter->setText(barcode);
     m_filter->setFocus();
     m_filter->selectAll(); // the next scan takes its place
-    return true;
 }
 
 void GoodsSelectionForm::onChoose()
@@ -212,7 +192,7 @@ void GoodsSelectionForm::onChoose()
                      .arg(QString::number(*packs)));
         return;
     }
-    answer(0, QVariant::fromValue(SelectedGoods{goods, *packs}));
+    answerForm({{u"data"_s, 0}, {u"result"_s, QVariant::fromValue(SelectedGoods{goods, *packs})}});
 }
 
 /// A whole number only. The field holds whatever was typed: "1,5" with its comma dropped would be fifteen packs.
@@ -225,7 +205,7 @@ std::optional<int> GoodsSelectionForm::typedPacks() const
 
 void GoodsSelectionForm::onCancel()
 {
-    answer(-1, {});
+    answerForm(u"data"_s, -1);
 }
 
 void GoodsSelectionForm::onFilterChanged(const QString& text)
@@ -257,15 +237,5 @@ void GoodsSelectionForm::onAmountButton(int change)
 
 void GoodsSelectionForm::showHint(const tr::Tr& hint)
 {
-    m_hint->setText(hint.ui());
-}
-
-void GoodsSelectionForm::answer(int data, const QVariant& result)
-{
-    control::Action action = Singleton<control::ActionFactory>::get()->create(control::DialogAnswer);
-    action.appendArgument(data, u"data"_s);
-    if (result.isValid()) {
-        action.appendArgument(result, u"result"_s);
-    }
-    Singleton<ActionQueueController>::get()->enqueue(action, true);
+    showText(u"hintLabel"_s, hint.ui());
 }

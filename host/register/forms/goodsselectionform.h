@@ -5,11 +5,9 @@
 #include "complexfilterproxymodel.h"
 #include "goodsselectionparams.h"
 #include "goodstablemodel.h"
-#include "scanrecognizer.h"
 
 #include <optional>
 
-class QKeyEvent;
 class QLabel;
 class TalloLineEdit;
 class TalloTableView;
@@ -23,8 +21,6 @@ class GoodsSelectionForm : public BasicForm
 
 public:
     explicit GoodsSelectionForm(const GoodsSelectionParams& params, QObject* parent = nullptr);
-
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private slots:
     void onChoose();
@@ -42,18 +38,15 @@ private:
     void offerWanted(const QString& medicineInfo);
     /// @param row of all goods, whatever the filter
     void makeCurrent(int row);
-    /// True when the key, pressed in the field of packs, ended a scan.
-    bool endsScanIntoPacks(const QKeyEvent& key);
+    void searchScanned(const QString& barcode);
     /// Tells when no goods are left to choose from, else takes the hint away.
     void showWhenNothingIsLeft();
     void showHint(const tr::Tr& hint);
-    void answer(int data, const QVariant& result);
 
     GoodsTableModel m_goods;
     ComplexFilterProxyModel m_filtered;
     TalloTableView* m_table;
     TalloLineEdit* m_filter;
     TalloLineEdit* m_packs;
-    ScanRecognizer m_scansIntoPacks;
     QLabel* m_hint;
 };

@@ -5,6 +5,7 @@
 #include "cashpayment.h"
 #include "inactivitylocker.h"
 #include "registerstyle.h"
+#include "scanfilter.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 
@@ -58,7 +59,6 @@ QHBoxLayout* createRow()
 PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
     : QWidget(parent)
     , m_paymentKey(paymentKey)
-    , m_scans(ScanRecognizer::configured())
     , m_caption(new QLabel(this))
     , m_sumLabel(new QLabel(this))
     , m_change(new QLabel(this))
@@ -76,6 +76,10 @@ PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
          {static_cast<QWidget*>(m_received), static_cast<QWidget*>(m_back), static_cast<QWidget*>(m_pay)}) {
         keyReceiver->installEventFilter(this);
     }
+    auto* scans = new ScanFilter(*m_received);
+    scans->watch(*m_back);
+    scans->watch(*m_pay);
+    connect(scans, &ScanFilter::scanned, this, &PaymentPanel::refuseScan);
     connect(m_received, &QLineEdit::textChanged, this, [this] { showChange(); });
     connect(m_received, &QLineEdit::inputRejected, this, [this] {
         showHint({u"paymentInputRefused"_s, u"Вводите только цифры и запятую, не больше двух цифр после неё."_s},
@@ -254,25 +258,19 @@ bool PaymentPanel::eventFilter(QObject* watched, QEvent* event)
 
 bool PaymentPanel::takeKey(const QKeyEvent& key)
 {
-    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
-        if (key.isAutoRepeat()) {
-            return true; // it was meant for what stood here before
-        }
-        if (const std::optional<ScanRecognizer::Scan> scan = m_scans.finish(key.timestamp())) {
-            refuseScan(*scan);
-        } else {
-            (m_back->hasFocus() ? m_back : m_pay)->click();
-        }
-        return true;
+    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
+        return false;
     }
-    m_scans.key(key, m_received->text());
-    return false;
+    // A held Return was meant for the screen before.
+    if (!key.isAutoRepeat()) {
+        (m_back->hasFocus() ? m_back : m_pay)->click();
+    }
+    return true;
 }
 
 /// Goods belong to the positions; a barcode must never count as money, nor its Return as the cashier's.
-void PaymentPanel::refuseScan(const ScanRecognizer::Scan& scan)
+void PaymentPanel::refuseScan()
 {
-    m_received->setText(scan.fieldBefore);
     m_received->selectAll();
     showHint({u"paymentScanRefused"_s,
               u"Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям."_s},

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "document.h"
-#include "scanrecognizer.h"
 #include "till.h"
 #include "tr.h"
 
@@ -52,10 +51,9 @@ private:
     void showKeyHint(const tr::Tr& hint);
     void showHint(const tr::Tr& hint, const char* textRole);
     bool takeKey(const QKeyEvent& key);
-    void refuseScan(const ScanRecognizer::Scan& scan);
+    void refuseScan();
 
     QString m_paymentKey;
-    ScanRecognizer m_scans;
     Till::Phase m_phase = Till::Phase::Positions;
     Kopecks m_sum = 0;
     QLabel* m_caption;

@@ -7,6 +7,7 @@
 #include "functionkeybar.h"
 #include "paymentpanel.h"
 #include "registeraction.h"
+#include "tablecolumn.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
 #include "tr.h"
@@ -83,16 +84,16 @@ QWidget* SalesScreen::createTable()
     m_table->setAccessibleName(tr::Tr(u"receiptTable"_s, u"Позиции чека"_s).ui());
     m_table->setFocusPolicy(Qt::NoFocus); // Up and Down in the search line move its rows
     m_table->setModel(&m_model);
-    m_table->setColumns({
-        u"number;;40;true;130"_s,
-        u"name;;-1;true;129"_s,
-        u"mark;;-2;true;132"_s,
-        u"quantity;;-2;true;130"_s,
-        u"initialPrice;;-2;true;130"_s,
-        u"price;;88;true;130"_s,
-        u"sum;;104;true;130"_s,
-        u"state;;-2;true;129"_s,
-    });
+    m_table->setColumns(TableColumn::texts({
+        {u"number"_s, 40, TableColumn::right},
+        {u"name"_s, TableColumn::remainingRoom, TableColumn::left},
+        {u"mark"_s, TableColumn::fittingContents, TableColumn::centred},
+        {u"quantity"_s, TableColumn::fittingContents, TableColumn::right},
+        {u"initialPrice"_s, TableColumn::fittingContents, TableColumn::right},
+        {u"price"_s, 88, TableColumn::right},
+        {u"sum"_s, 104, TableColumn::right},
+        {u"state"_s, TableColumn::fittingContents, TableColumn::left},
+    }));
     // The range follows both the positions and the room: the payment takes some of it.
     connect(m_table->verticalScrollBar(), &QScrollBar::rangeChanged, this, &SalesScreen::scrollToCurrent);
     return m_table;

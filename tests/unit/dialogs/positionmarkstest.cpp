@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the plug-in tells the register about the looks of its positions, against what it writes onto them.
+// positionmarks.json, which describes the looks of the plug-in's positions, against the options that it writes.
 #include "positionformat.h"
 #include "registerstyle.h"
 

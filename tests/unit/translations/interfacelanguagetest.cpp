@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The register started in a language: what its screens and the platform's forms say.
+#include "askform.h"
 #include "dialog.h"
 #include "goodsselectionparams.h"
 #include "registerapplication.h"
@@ -58,11 +59,14 @@ protected:
     }
     QSharedPointer<BasicForm> textInput() const
     {
-        Event event(EActivityListener::ShowTextInput);
-        event.addArgument(u"params"_s, QVariant::fromValue(TextInputParams()));
-        return gui.object.createForm(event);
+        return gui.object.createForm(
+            formEvent(EActivityListener::ShowTextInput, QVariant::fromValue(TextInputParams())));
     }
-    QSharedPointer<BasicForm> goodsSelection() const { return gui.object.createForm(GoodsSelectionParams().toEvent()); }
+    QSharedPointer<BasicForm> goodsSelection() const
+    {
+        return gui.object.createForm(
+            formEvent(GoodsSelectionParams::eventCode, QVariant::fromValue(GoodsSelectionParams())));
+    }
     static QString textOf(const BasicForm& form, const char* label)
     {
         return form.rootWidget()->findChild<QLabel*>(QLatin1StringView(label))->text();

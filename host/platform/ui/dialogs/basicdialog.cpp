@@ -18,7 +18,7 @@ BasicDialog::BasicDialog(QObject* parent)
 
 BasicDialog::~BasicDialog() = default;
 
-// The event is taken by value: it is the signature that plug-ins' doubles override.
+// By value, because plug-ins override this signature in their test doubles.
 BasicDialog::Result BasicDialog::show(bool overPayment, bool silent, QFlags<EInput::Source> sources,
                                       Event event) // NOLINT(performance-unnecessary-value-param)
 {

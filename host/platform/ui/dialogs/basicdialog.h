@@ -17,7 +17,7 @@ class REGISTERPLATFORM_EXPORT BasicDialog : public QObject
     Q_OBJECT
 
 public:
-    /// What came of a dialog.
+    /// The outcome of a dialog.
     class Result
     {
     public:
@@ -45,17 +45,17 @@ public:
     explicit BasicDialog(QObject* parent = nullptr);
     ~BasicDialog() override;
 
-    /// Has the form creators make the form of `event`, shows it, and returns when the form has answered with action
-    /// 187: its arguments as a map. The form is gone then. A form without an answer of its own (closed by the
-    /// register) answers -1 under "data" and "status", and is canceled().
+    /// Shows the form of an event and blocks, in an event loop, until the form has answered with action 187. The form
+    /// is gone when this returns.
     ///
-    /// Throws BasicException when no creator knows the event; what a form's constructor throws passes through.
-    ///
-    /// @param overPayment keep the form above the customer's display
+    /// @param overPayment the form stays above the customer's display
     /// @param silent no sound
-    /// @param sources where input may come from; without EInput::Scanner the Return that ends a scan is kept from the
-    /// form, except from a field whose form tells scans itself (ScanRecognizer::recognizesScans). It never presses a
-    /// button
+    /// @param sources where input may come from. Without EInput::Scanner the Return of a scan does not reach the form,
+    /// except for a field that takes scans itself (ScanRecognizer::recognizesScans). It never presses a button
+    /// @return the arguments of the answer as a map. A form that ends without an answer of its own answers -1 under
+    /// "data" and "status", and is canceled()
+    ///
+    /// Throws BasicException when no form creator knows the event, and whatever the form's constructor throws.
     virtual Result show(bool overPayment, bool silent, QFlags<EInput::Source> sources, Event event);
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dialog.h"
 
+#include "askform.h"
+
 #include <QVariantMap>
 
 using namespace Qt::StringLiterals;
@@ -20,8 +22,7 @@ void Dialog::showMessage(const tr::Tr& text, int kind, int sound, int seconds)
 
 core::BasicDialog::Result Dialog::showTextInput(const TextInputParams& params)
 {
-    Event event(EActivityListener::ShowTextInput);
-    event.addArgument(u"params"_s, QVariant::fromValue(params));
+    const Event event = formEvent(EActivityListener::ShowTextInput, QVariant::fromValue(params));
     const core::BasicDialog::Result result =
         core::BasicDialog().show(false, false, {EInput::Keyboard, EInput::Scanner}, event);
     if (result.canceled()) {

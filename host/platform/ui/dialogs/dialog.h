@@ -21,16 +21,16 @@ public:
 
     Dialog() = default;
     virtual ~Dialog();
-    Dialog(const Dialog&) = delete;
-    Dialog& operator=(const Dialog&) = delete;
+    Q_DISABLE_COPY_MOVE(Dialog)
 
-    /// Shows a text until the cashier confirms it. During long work it pauses the busy screen and takes input.
+    /// Shows a text until the cashier confirms it. During long work the busy screen pauses, so that the text is seen.
     ///
     /// @param kind a value of MessageKind
-    /// @param sound 1: with a signal tone, 0: silent
-    /// @param seconds closes by itself after that many seconds; 0: never
+    /// @param sound 1: with a beep, 0: silent
+    /// @param seconds after which the message closes by itself; 0: never
     virtual void showMessage(const tr::Tr& text, int kind, int sound, int seconds);
 
-    /// Asks for a line of text. OK gives the text as data, also an empty one; cancel gives no data and canceled().
+    /// Asks for a line of text. After OK the result's data is the text, which may be empty. After a cancel there is no
+    /// data, and the result is canceled().
     virtual core::BasicDialog::Result showTextInput(const TextInputParams& params);
 };

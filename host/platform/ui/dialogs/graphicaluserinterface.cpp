@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "graphicaluserinterface.h"
 
+#include "askform.h"
 #include "finally.h"
 #include "formhost.h"
 #include "inputblocker.h"
@@ -27,7 +28,7 @@ core::BasicDialog::Result noAnswer()
     return {QVariantMap{{u"data"_s, -1}, {u"status"_s, -1}}, true};
 }
 
-/// Cancels the forms before the application tries to quit: the quit goes on, or is asked for again, without them.
+/// Cancels the forms before the application quits.
 class QuitWatcher : public QObject
 {
 public:
@@ -94,7 +95,7 @@ QSharedPointer<BasicForm> GraphicalUserInterface::createForm(const Event& event)
     case EActivityListener::ShowMessage:
         return QSharedPointer<MessageForm>::create(event);
     case EActivityListener::ShowTextInput:
-        return QSharedPointer<TextInputForm>::create(event.value(u"params"_s).value<TextInputParams>());
+        return QSharedPointer<TextInputForm>::create(formParams<TextInputParams>(event));
     default:
         return nullptr;
     }
@@ -150,9 +151,14 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
 
 void GraphicalUserInterface::answer(const control::Action& action)
 {
+    answer(action.toMap());
+}
+
+void GraphicalUserInterface::answer(const QVariantMap& values)
+{
     Shown* const asked = m_cancelling ? m_cancelling : m_shown.isEmpty() ? nullptr : m_shown.last();
     if (asked) {
-        asked->finish({action.toMap(), false});
+        asked->finish({values, false});
     }
 }
 

@@ -23,8 +23,7 @@ class REGISTERPLATFORM_EXPORT GraphicalUserInterface
 public:
     GraphicalUserInterface();
     virtual ~GraphicalUserInterface();
-    GraphicalUserInterface(const GraphicalUserInterface&) = delete;
-    GraphicalUserInterface& operator=(const GraphicalUserInterface&) = delete;
+    Q_DISABLE_COPY_MOVE(GraphicalUserInterface)
 
     /// Adds a creator behind those that are there; null is passed over.
     virtual void addFormCreator(const QSharedPointer<BasicFormCreator>& creator);
@@ -40,6 +39,8 @@ public:
 
     /// Gives the form on top its answer: ends its run(). Without a form, or when it has its answer, nothing happens.
     virtual void answer(const control::Action& action);
+    /// The same with the answer's values under their names.
+    void answer(const QVariantMap& values);
 
     /// The topmost form that has no answer yet; null when there is none.
     QSharedPointer<BasicForm> topForm() const;

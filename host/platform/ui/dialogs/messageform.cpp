@@ -17,10 +17,10 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Room for the text, in pixels: the form fits a window of 600.
+/// Room for the text, in pixels: the form fits a window 600 pixels high.
 constexpr int tallestMessage = 360;
 
-/// The picture, the heading and the role of the style sheet for each kind of message.
+/// The picture, the heading and the value of the style sheet's property for a kind of message.
 struct Kind {
     QStyle::StandardPixmap picture = QStyle::SP_MessageBoxInformation;
     tr::Tr title;
@@ -52,9 +52,7 @@ MessageForm::MessageForm(const Event& event, QObject* parent)
     if (auto* area = findWidget<QWidget>(u"messageScrollArea"_s, false)) {
         area->setAccessibleName(tr::Tr(u"messageFormText"_s, u"Текст сообщения"_s).ui());
     }
-    if (auto* label = findWidget<QLabel>(u"messageLabel"_s)) {
-        label->setText(event.value(u"message"_s).value<tr::Tr>().ui());
-    }
+    showText(u"messageLabel"_s, event.value(u"message"_s).value<tr::Tr>().ui());
 
     auto* filter = new DialogEventFilter(this);
     connect(filter, &DialogEventFilter::ok, this, &BasicForm::dismissed);

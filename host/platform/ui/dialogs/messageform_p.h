@@ -4,14 +4,14 @@
 #include "basicdialogform.h"
 #include "event.h"
 
-/// A text that the cashier confirms. Esc, Return and the button are all the same to it.
+/// A text that the cashier confirms, by Esc, Return or the button.
 class MessageForm : public BasicDialogForm
 {
     Q_OBJECT
 
 public:
-    /// @param event "message" (tr::Tr), "kind" (Dialog::MessageKind), "seconds" after which it goes by itself (0:
-    /// never)
+    /// @param event "message" (tr::Tr), "kind" (Dialog::MessageKind), "seconds" after which the form closes by itself
+    /// (0: never)
     explicit MessageForm(const Event& event, QObject* parent = nullptr);
 
     void show() override;

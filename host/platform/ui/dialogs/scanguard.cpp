@@ -17,16 +17,7 @@ ScanGuard::ScanGuard(const GraphicalUserInterface& gui)
 bool ScanGuard::eventFilter(QObject* watched, QEvent* event)
 {
     return event->type() == QEvent::KeyPress && watched->isWindowType() &&
-           endsUnexpectedScan(*static_cast<QKeyEvent*>(event));
-}
-
-bool ScanGuard::endsUnexpectedScan(const QKeyEvent& key)
-{
-    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
-        return m_recognizer.finish(key.timestamp()) && !isScanExpected();
-    }
-    m_recognizer.key(key, {});
-    return false;
+           m_recognizer.take(*static_cast<QKeyEvent*>(event), {}) && !isScanExpected();
 }
 
 bool ScanGuard::isScanExpected() const

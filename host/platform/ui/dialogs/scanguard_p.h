@@ -6,13 +6,12 @@
 #include <QObject>
 
 class GraphicalUserInterface;
-class QKeyEvent;
 
-/// Keeps the Return that ends a scan away from forms that expect none: it is not the cashier's. The characters pass.
+/// Keeps the Return that ends a scan from forms that expect none: the cashier did not press it. The characters pass.
 ///
-/// A form expects scans when it was shown with EInput::Scanner, or when the focus is in a field that tells scans
-/// itself (ScanRecognizer::recognizesScans); a button never does. Watches the keys as they come from the window system,
-/// before any form sees them.
+/// A form expects scans when it was shown with EInput::Scanner, or when the focus is in a field that takes scans itself
+/// (ScanRecognizer::recognizesScans). A button never does. The guard sees the keys as they come from the window system,
+/// before any form.
 class ScanGuard : public QObject
 {
 public:
@@ -21,7 +20,6 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    bool endsUnexpectedScan(const QKeyEvent& key);
     bool isScanExpected() const;
 
     const GraphicalUserInterface& m_gui;

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "textinputform_p.h"
 
-#include "actionfactory.h"
 #include "config.h"
 #include "dialogeventfilter.h"
 #include "graphicaluserinterface.h"
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
+#include "scanfilter.h"
 #include "tallokeyboard.h"
 
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -18,11 +17,11 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Room for the prompt, in pixels: the form fits a window of 600, with the touch keyboard too.
+/// Room for the prompt, in pixels: the form fits a window 600 pixels high, also with the touch keyboard.
 constexpr int tallestPrompt = 260;
 constexpr int tallestPromptInTouchMode = 100;
 
-/// The text, or the register's own where the caller gave none.
+/// The text; the register's own when it is empty.
 QString textOr(const tr::Tr& text, const tr::Tr& own)
 {
     return (text.text().isEmpty() ? own : text).ui();
@@ -33,7 +32,6 @@ QString textOr(const tr::Tr& text, const tr::Tr& own)
 TextInputForm::TextInputForm(const TextInputParams& params, QObject* parent)
     : BasicDialogForm(parent)
     , m_params(params)
-    , m_recognizer(ScanRecognizer::configured())
 {
     loadUI(u"textinput.ui"_s);
     m_field = findWidget<TalloLineEdit>(u"inputLineEdit"_s);
@@ -52,12 +50,8 @@ void TextInputForm::show()
 void TextInputForm::fillTexts()
 {
     setTitle(m_params.title.ui());
-    if (auto* label = findWidget<QLabel>(u"messageLabel"_s)) {
-        label->setText(m_params.message.ui());
-    }
-    if (QLabel* label = problemLabel()) {
-        label->hide();
-    }
+    showText(u"messageLabel"_s, m_params.message.ui());
+    hideProblem();
     if (auto* area = findWidget<QWidget>(u"messageScrollArea"_s, false)) {
         area->setVisible(!m_params.message.ui().isEmpty());
     }
@@ -74,8 +68,8 @@ void TextInputForm::prepareField()
     }
 
     filter->setLineEdit(m_field);
-    m_field->setProperty(ScanRecognizer::recognizesScans, true);
-    m_field->installEventFilter(this); // before the dialog's filter: a scan ends in Return too
+    connect(m_field, &QLineEdit::textEdited, this, &TextInputForm::hideProblem);
+    connect(new ScanFilter(*m_field), &ScanFilter::scanned, this, &TextInputForm::takeScan);
     m_field->setNumeric(m_params.numeric);
     m_field->setProperty("inputName", m_params.inputName);
     m_field->setAccessibleName(m_params.title.ui());
@@ -123,41 +117,24 @@ void TextInputForm::prepareButtons()
     }
 }
 
-bool TextInputForm::eventFilter(QObject* watched, QEvent* event)
+void TextInputForm::takeScan(const QString& code)
 {
-    if (watched == m_field && event->type() == QEvent::KeyPress && takeKey(*static_cast<QKeyEvent*>(event))) {
-        return true;
+    if (m_params.manualOnly || !expectsScans()) {
+        refuseScan({u"inputTextFormScanRefused"_s, u"Штрихкод не принят: это значение вводят вручную"_s});
+    } else if (!matched(code).hasMatch()) {
+        const tr::Tr ownWords(u"inputTextFormScanError"_s,
+                              u"Ошибка разбора введенных данных, повторите сканирование"_s);
+        refuseScan(m_params.scanError.text().isEmpty() ? ownWords : m_params.scanError);
+    } else {
+        m_field->setText(code);
+        accept();
     }
-    return BasicDialogForm::eventFilter(watched, event);
 }
 
-bool TextInputForm::takeKey(const QKeyEvent& key)
+void TextInputForm::refuseScan(const tr::Tr& reason)
 {
-    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
-        const std::optional<ScanRecognizer::Scan> scan = m_recognizer.finish(key.timestamp());
-        if (scan) {
-            takeScan(*scan);
-        }
-        return scan.has_value();
-    }
-    if (QLabel* label = problemLabel()) {
-        label->hide();
-    }
-    m_recognizer.key(key, m_field->text());
-    return false;
-}
-
-void TextInputForm::takeScan(const ScanRecognizer::Scan& scan)
-{
-    if (m_params.manualOnly || !expectsScans() || !matched(scan.text).hasMatch()) {
-        m_field->setText(scan.fieldBefore);
-        m_field->selectAll();
-        showProblem(textOr(m_params.scanError, {u"inputTextFormScanError"_s,
-                                                u"Ошибка разбора введенных данных, повторите сканирование"_s}));
-        return;
-    }
-    m_field->setText(scan.text);
-    accept();
+    m_field->selectAll();
+    showProblem(reason);
 }
 
 QRegularExpressionMatch TextInputForm::matched(const QString& text) const
@@ -171,28 +148,28 @@ void TextInputForm::accept()
     if (!m_field) {
         return;
     }
-    // What does not fit is left standing: with a letter dropped from the midst of it, it would be another value.
+    // A text that does not fit stays as it is: without one of its letters it would be another value.
     if (const QRegularExpressionMatch match = matched(m_field->text()); !match.hasMatch()) {
         const tr::Tr begun(u"inputTextFormIncomplete"_s, u"Введите значение полностью"_s);
         const tr::Tr wrong(u"inputTextFormWrong"_s, u"Введено неверно, исправьте значение"_s);
-        showProblem((match.hasPartialMatch() ? begun : wrong).ui());
+        showProblem(match.hasPartialMatch() ? begun : wrong);
         m_field->setFocus();
         return;
     }
-    control::Action answer = Singleton<control::ActionFactory>::get()->create(control::DialogAnswer);
-    answer.appendArgument(m_field->text(), u"data"_s);
-    Singleton<GraphicalUserInterface>::get()->answer(answer);
+    Singleton<GraphicalUserInterface>::get()->answer(QVariantMap{{u"data"_s, m_field->text()}});
 }
 
-QLabel* TextInputForm::problemLabel()
+void TextInputForm::showProblem(const tr::Tr& problem)
 {
-    return findWidget<QLabel>(u"scanErrorLabel"_s, false);
-}
-
-void TextInputForm::showProblem(const QString& text)
-{
-    if (QLabel* label = problemLabel()) {
-        label->setText(text);
+    showText(u"scanErrorLabel"_s, problem.ui(), false);
+    if (auto* label = findWidget<QLabel>(u"scanErrorLabel"_s, false)) {
         label->show();
+    }
+}
+
+void TextInputForm::hideProblem()
+{
+    if (auto* label = findWidget<QLabel>(u"scanErrorLabel"_s, false)) {
+        label->hide();
     }
 }

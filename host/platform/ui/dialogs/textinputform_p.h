@@ -2,17 +2,13 @@
 #pragma once
 
 #include "basicdialogform.h"
-#include "scanrecognizer.h"
 #include "tallolineedit.h"
 #include "textinputparams.h"
 
 #include <QPointer>
 #include <QRegularExpression>
 
-class QKeyEvent;
-class QLabel;
-
-/// Asks for a line of text. OK answers with it under "data"; every other way out dismisses the form.
+/// Asks for a line of text. OK answers with it under "data". Every other way out dismisses the form.
 class TextInputForm : public BasicDialogForm
 {
     Q_OBJECT
@@ -21,7 +17,6 @@ public:
     explicit TextInputForm(const TextInputParams& params, QObject* parent = nullptr);
 
     void show() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void fillTexts();
@@ -29,16 +24,14 @@ private:
     void prepareKeyboard();
     void prepareButtons();
 
-    /// True when the key ended a scan.
-    bool takeKey(const QKeyEvent& key);
-    void takeScan(const ScanRecognizer::Scan& scan);
-    /// The text against the whole mask; a partial match is what may still become one that fits.
+    void takeScan(const QString& code);
+    void refuseScan(const tr::Tr& reason);
+    /// Compares a text with the whole mask. A partial match may still become a full one.
     QRegularExpressionMatch matched(const QString& text) const;
     void accept();
-    QLabel* problemLabel();
-    void showProblem(const QString& text);
+    void showProblem(const tr::Tr& problem);
+    void hideProblem();
 
     TextInputParams m_params;
-    ScanRecognizer m_recognizer;
     QPointer<TalloLineEdit> m_field;
 };

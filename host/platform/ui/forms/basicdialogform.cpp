@@ -16,10 +16,10 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The screen that every form has to fit.
+/// Every form fits this screen.
 constexpr QSize smallestScreen(1024, 600);
 
-/// What the style sheet draws around the contents, on both sides together; QFrame::frameWidth() does not know of it.
+/// The room that the style sheet takes around the contents, on both sides together. QFrame::frameWidth() lacks it.
 QSize borderOf(const QScrollArea& area)
 {
     QStyleOptionFrame option;
@@ -73,9 +73,7 @@ void BasicDialogForm::setCustomProperty(const QString& name, const QVariant& val
 
 void BasicDialogForm::setTitle(const QString& title)
 {
-    if (auto* label = findWidget<QLabel>(u"titleLabel"_s, false)) {
-        label->setText(title);
-    }
+    showText(u"titleLabel"_s, title, false);
     if (QWidget* root = rootWidget()) {
         root->setWindowTitle(title);
     }
@@ -92,8 +90,8 @@ void BasicDialogForm::fitMessage(int tallest)
     area->ensurePolished();
     const QSize text = label->sizeHint() + borderOf(*area);
     const bool scrolls = text.height() > tallest;
-    // Left to itself the area keeps a bar that it needed while it was narrower: beside the bar the text takes a line
-    // more.
+    // By default the area keeps the bar that it needed while it was narrower, and beside the bar the text needs one
+    // more line.
     area->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     area->setMinimumWidth(text.width() + (scrolls ? area->verticalScrollBar()->sizeHint().width() : 0));
     area->setFixedHeight(qMin(text.height(), tallest));

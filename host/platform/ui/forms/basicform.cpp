@@ -5,18 +5,27 @@
 #include "config.h"
 #include "defaultbutton_p.h"
 #include "einput.h"
+#include "expected.h"
 #include "formguard_p.h"
 #include "layoutloader_p.h"
 #include "tallotableview.h"
 #include "touchmode.h"
 
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
 #include <QAbstractButton>
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QScroller>
+#include <QShortcut>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -61,7 +70,14 @@ QWidget* initialFocus(QWidget& root)
     return firstInTabOrder(root);
 }
 
-/// The scroll buttons of a table, and the keys that they stand for.
+/// The keys that scroll a form.
+constexpr std::pair<Qt::Key, QAbstractSlider::SliderAction> scrollKeys[] = {
+    {Qt::Key_Up, QAbstractSlider::SliderSingleStepSub},   {Qt::Key_Down, QAbstractSlider::SliderSingleStepAdd},
+    {Qt::Key_PageUp, QAbstractSlider::SliderPageStepSub}, {Qt::Key_PageDown, QAbstractSlider::SliderPageStepAdd},
+    {Qt::Key_Home, QAbstractSlider::SliderToMinimum},     {Qt::Key_End, QAbstractSlider::SliderToMaximum},
+};
+
+/// The scroll buttons of a table, and the keys that they press.
 struct ScrollButton {
     const char* objectName;
     Qt::Key key;
@@ -90,8 +106,11 @@ void BasicForm::show()
     if (!m_root) {
         return;
     }
-    if (isTouchMode()) {
-        prepareTouch();
+    if (!std::exchange(m_isPrepared, true)) {
+        prepareScrollKeys();
+        if (isTouchMode()) {
+            prepareTouch();
+        }
     }
     if (QWidget* widget = initialFocus(*m_root)) {
         widget->setFocus();
@@ -100,12 +119,27 @@ void BasicForm::show()
     }
 }
 
-void BasicForm::prepareTouch()
+/// The focus is on a button or in a field, so the keys are the form's. While the whole text is in sight they are left
+/// to whatever has the focus.
+void BasicForm::prepareScrollKeys()
 {
-    if (m_touchPrepared) {
+    auto* area = m_root->findChild<QScrollArea*>();
+    if (!area || m_root->findChild<TalloTableView*>()) {
         return;
     }
-    m_touchPrepared = true;
+    QScrollBar* bar = area->verticalScrollBar();
+    for (const auto& [key, action] : scrollKeys) {
+        auto* shortcut = new QShortcut(key, m_root);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        shortcut->setEnabled(bar->minimum() < bar->maximum());
+        connect(bar, &QScrollBar::rangeChanged, shortcut,
+                [shortcut](int minimum, int maximum) { shortcut->setEnabled(minimum < maximum); });
+        connect(shortcut, &QShortcut::activated, bar, [bar, action = action] { bar->triggerAction(action); });
+    }
+}
+
+void BasicForm::prepareTouch()
+{
     for (QScrollArea* area : m_root->findChildren<QScrollArea*>()) {
         QScroller::grabGesture(area->viewport(), QScroller::LeftMouseButtonGesture);
     }
@@ -160,18 +194,15 @@ void BasicForm::setUIErrorHandler(std::function<void(const tr::Tr&)> handler)
 void BasicForm::loadUI(const QString& name)
 {
     m_found.clear();
-    m_touchPrepared = false;
+    m_isPrepared = false;
     delete m_root;
 
-    const QString path = layoutPath(name);
-    const Expected<QWidget*> loaded = loadLayout(path);
-    m_root = loaded ? *loaded : new QWidget;
+    const Expected<QWidget*> widgets = loadLayout(layoutPath(name), name);
+    m_root = widgets ? *widgets : new QWidget;
     (new FormGuard(*this))->watch(*m_root);
-    if (!loaded) {
-        findUIError(tr::Tr(u"formUiLoadError"_s,
-                           u"Не удалось загрузить форму '%1': %2\nПроверьте папки форм в настройках кассы"_s)
-                        .arg(path.isEmpty() ? name : path)
-                        .arg(loaded.failure().text.ui()));
+    if (!widgets) {
+        Log4Qt::LogManager::logger(u"gui"_s)->error(widgets.failure().detail);
+        findUIError(widgets.failure().text);
     }
 }
 
@@ -190,10 +221,19 @@ void BasicForm::deleteWidgets(const QStringList& names)
 
 void BasicForm::setAccessibleNames(const QList<std::pair<QString, tr::Tr>>& names)
 {
+    // Not with findWidget(): it would remember widgets whose class nobody has checked yet.
     for (const auto& [widget, name] : names) {
-        if (auto* control = findWidget<QWidget>(widget, false)) {
+        if (QWidget* control = findWidgets(widget, false).value(0)) {
             control->setAccessibleName(name.ui());
         }
+    }
+}
+
+void BasicForm::showText(const QString& label, const QString& text, bool required)
+{
+    if (auto* shown = findWidget<QLabel>(label, required)) {
+        shown->setTextFormat(Qt::PlainText);
+        shown->setText(text);
     }
 }
 
@@ -223,9 +263,6 @@ void BasicForm::findUIError(const tr::Tr& error) const
 
 QWidget* BasicForm::lookUp(const QString& name, bool required)
 {
-    if (QWidget* known = m_found.value(name)) {
-        return known;
-    }
     const QList<QWidget*> widgets = findWidgets(name, false);
     if (widgets.isEmpty()) {
         if (required) {
@@ -237,11 +274,11 @@ QWidget* BasicForm::lookUp(const QString& name, bool required)
     return widgets.first();
 }
 
-void BasicForm::reportCast(const QString& name, const QWidget* found, const char* wanted) const
+void BasicForm::reportCast(const QString& name, const QWidget& found, const char* wanted) const
 {
     findUIError(
         tr::Tr(u"formUiWidgetCastError"_s, u"Ошибка загрузки виджета '%1'. Не удалось '%2' привести к типу '%3'"_s)
             .arg(name)
-            .arg(QLatin1StringView(found->metaObject()->className()))
+            .arg(QLatin1StringView(found.metaObject()->className()))
             .arg(QLatin1StringView(wanted)));
 }

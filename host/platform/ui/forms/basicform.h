@@ -15,9 +15,10 @@
 #include <functional>
 #include <utility>
 
-/// A form: a tree of widgets from a .ui layout, with the code that fills it and answers.
+/// A form: a tree of widgets from a .ui layout, and the code that fills it and answers.
 ///
 /// Owner: the GUI, through a shared pointer, until the slot that answered has returned. The form owns its widgets.
+/// Main thread.
 class REGISTERPLATFORM_EXPORT BasicForm : public QObject
 {
     Q_OBJECT
@@ -26,10 +27,14 @@ public:
     explicit BasicForm(QObject* parent);
     ~BasicForm() override;
 
-    /// Makes the form ready for input; called by the GUI once the root widget stands in the window. Puts the focus
-    /// where the next key is expected: on the widget that the layout's dynamic property "initialFocus" names, else on
-    /// the default button, else on the first widget that takes focus. In touch mode it also wires the scroll buttons
-    /// to the form's table and lets scroll areas follow the finger.
+    /// Makes the form ready for input. The GUI calls it when the root widget is in the window.
+    ///
+    /// The focus goes where the next key is expected: to the widget that the layout's dynamic property "initialFocus"
+    /// names, else to the default button, else to the first widget that takes focus.
+    ///
+    /// In a form without a table, Up, Down, PageUp, PageDown, Home and End scroll its first scroll area, wherever the
+    /// focus is, while there is something to scroll. In touch mode the scroll buttons move the form's table, and
+    /// scroll areas follow the finger.
     virtual void show();
 
     /// The root of the widget tree; null before loadUI().
@@ -37,50 +42,59 @@ public:
     /// The context of the register while this form is on top; DialogOnTop unless the form says otherwise.
     EContext::Code contextCode() const { return m_contextCode; }
 
-    /// The form was shown with EInput::Scanner among its sources.
+    /// True when the form was shown with EInput::Scanner among its sources.
     bool expectsScans() const;
 
     /// "GUI:touchMode" of the configuration.
     static bool isTouchMode();
 
-    /// The path of a layout: the first entry of that name in the folders of "GUI:layouts" (separated by ':', the
-    /// integrator's own first), else the platform's own; empty when there is none.
+    /// The path of a layout: the first entry of that name in the folders of "GUI:layouts" (separated by ':'), else the
+    /// platform's own; empty when there is none.
     static QString layoutPath(const QString& name);
 
-    /// For the host or a test: what findUIError() does instead of throwing; empty: it throws.
+    /// For the host or a test: what findUIError() calls instead of throwing; empty: it throws.
     static void setUIErrorHandler(std::function<void(const tr::Tr&)> handler);
 
 signals:
-    /// The form was closed without an answer of its own: its window was closed, or Esc pressed, and nobody took it.
+    /// The form ended without an answer of its own: its window was closed, or no filter took an Esc.
     void dismissed();
 
 protected:
     void setContextCode(EContext::Code code) { m_contextCode = code; }
 
     /// Builds the widget tree from a layout file, for example "message.ui". A file that is missing or cannot be read
-    /// is reported through findUIError(); the root is then an empty widget, so that look-ups find nothing.
+    /// is reported through findUIError(). The root is then an empty widget, so that look-ups find nothing.
     void loadUI(const QString& name);
 
-    /// Deletes the named widgets, in that order; a name without a widget is passed over.
+    /// Deletes the named widgets, in that order. A name without a widget is passed over.
     void deleteWidgets(const QStringList& names);
 
-    /// Gives controls, each by its object name, the name that a screen reader tells; those that the layout or the mode
-    /// lacks are passed over.
+    /// Names controls for screen readers, each by its object name. Controls that the layout or the mode lacks are
+    /// passed over.
     void setAccessibleNames(const QList<std::pair<QString, tr::Tr>>& names);
+
+    /// Shows a text in the QLabel of that name, always as plain text: a text from a server is never read as markup,
+    /// whatever the layout says.
+    void showText(const QString& label, const QString& text, bool required = true);
 
     /// The widgets of that object name below `root` (and `root` itself); null: below the form's root.
     /// @param visibleOnly passes hidden ones over
     QList<QWidget*> findWidgets(const QString& name, bool visibleOnly, QWidget* root = nullptr) const;
 
-    /// The widget of that name as a `T`, found once and remembered. A required one that is missing, or of another
-    /// class, is reported through findUIError(). Null when there is no such widget (any more).
+    /// The first widget of that name, as a `T`. Null when there is none, or when it is not a `T`.
+    ///
+    /// The widget is remembered. A required one that is missing is reported through findUIError() at every look-up; a
+    /// required one of another class at the look-up that finds it, and not again.
     template <typename T>
     T* findWidget(const QString& name, bool required = true)
     {
-        QWidget* widget = lookUp(name, required);
-        T* typed = qobject_cast<T*>(widget);
-        if (widget && !typed && required) {
-            reportCast(name, widget, T::staticMetaObject.className());
+        if (QWidget* known = m_found.value(name)) {
+            return qobject_cast<T*>(known);
+        }
+        QWidget* found = lookUp(name, required);
+        T* typed = qobject_cast<T*>(found);
+        if (found && !typed && required) {
+            reportCast(name, *found, T::staticMetaObject.className());
         }
         return typed;
     }
@@ -89,12 +103,14 @@ protected:
     void findUIError(const tr::Tr& error) const;
 
 private:
+    void prepareScrollKeys();
     void prepareTouch();
+    /// Finds a widget that is not remembered yet, and remembers it.
     QWidget* lookUp(const QString& name, bool required);
-    void reportCast(const QString& name, const QWidget* found, const char* wanted) const;
+    void reportCast(const QString& name, const QWidget& found, const char* wanted) const;
 
     QPointer<QWidget> m_root;
-    QHash<QString, QPointer<QWidget>> m_found;
+    QHash<QString, QPointer<QWidget>> m_found; ///< by object name
     EContext::Code m_contextCode = EContext::DialogOnTop;
-    bool m_touchPrepared = false;
+    bool m_isPrepared = false; ///< for keys and touch, at the first show()
 };

@@ -14,11 +14,10 @@ class REGISTERPLATFORM_EXPORT BasicFormCreator
 public:
     BasicFormCreator() = default;
     virtual ~BasicFormCreator();
-    BasicFormCreator(const BasicFormCreator&) = delete;
-    BasicFormCreator& operator=(const BasicFormCreator&) = delete;
+    Q_DISABLE_COPY_MOVE(BasicFormCreator)
 
-    /// The form for an event; null when this creator knows none.
+    /// The form for an event; null when this creator has none.
     virtual QSharedPointer<BasicForm> create(const Event& event) = 0;
-    /// The form for a context; null when this creator knows none.
+    /// The form for a context; null when this creator has none.
     virtual QSharedPointer<BasicForm> create(EContext::Code context) = 0;
 };

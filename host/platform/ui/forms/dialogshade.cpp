@@ -7,7 +7,7 @@
 namespace
 {
 
-/// Room around a dialog, in pixels.
+/// The least room around a dialog, in pixels.
 constexpr int margin = 16;
 
 } // namespace

@@ -3,9 +3,9 @@
 
 #include <QWidget>
 
-/// Darkens the window below a dialog and takes its clicks; keeps the dialog in the middle, within the window.
+/// Darkens the window below a dialog, takes its clicks, and keeps the dialog in the middle of the window.
 ///
-/// A sibling right below the dialog; it goes when the dialog goes, and hides and shows with it.
+/// A sibling right below the dialog. It is shown, hidden and destroyed with the dialog.
 class DialogShade : public QWidget
 {
 public:

@@ -5,16 +5,16 @@
 
 class BasicForm;
 
-/// Stands behind every other filter of a form's widgets.
+/// The last event filter of a form's widgets: it sees the events that no other filter took.
 ///
-/// Closing the root, or Esc that nobody took, dismisses the form. Return or Enter that is held down presses no button:
-/// it was meant for the form before this one.
+/// Closing the root, or Esc, dismisses the form. A Return or Enter that is held down presses no button: it was meant
+/// for the form before this one.
 class FormGuard : public QObject
 {
 public:
     explicit FormGuard(BasicForm& form);
 
-    /// Watches the form's root and its buttons. To be called before anybody else installs a filter there.
+    /// Watches the form's root and its buttons. To be called before another filter is installed there.
     void watch(QWidget& root);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -48,19 +48,23 @@ QWidget* LayoutLoader::createWidget(const QString& className, QWidget* parent, c
     return widget;
 }
 
-Expected<QWidget*> loadLayout(const QString& path)
+Expected<QWidget*> loadLayout(const QString& path, const QString& name)
 {
+    const auto failure = [](const QString& file, const QString& reason) {
+        const tr::Tr text(u"formUiLoadError"_s,
+                          u"Не удалось загрузить форму '%1': %2\nПроверьте папки форм в настройках кассы"_s);
+        return Failure{text.arg(file).arg(reason), u"The layout %1 cannot be read: %2"_s.arg(file, reason)};
+    };
     if (path.isEmpty()) {
-        return Failure{tr::Tr(u"formUiMissing"_s, u"файла нет"_s), u"no such file"_s};
+        return failure(name, tr::Tr(u"formUiMissing"_s, u"файла нет"_s).ui());
     }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        return Failure{tr::Tr(tr::undefined, file.errorString()), path + u": "_s + file.errorString()};
+        return failure(path, file.errorString());
     }
     LayoutLoader loader;
-    QWidget* root = loader.load(&file);
-    if (!root) {
-        return Failure{tr::Tr(tr::undefined, loader.errorString()), path + u": "_s + loader.errorString()};
+    if (QWidget* widgets = loader.load(&file)) {
+        return widgets;
     }
-    return root;
+    return failure(path, loader.errorString());
 }

@@ -16,4 +16,5 @@ public:
 
 /// The widgets of a layout; the caller owns them.
 /// @param path of the .ui file; empty: there is none, which is a failure like any other
-Expected<QWidget*> loadLayout(const QString& path);
+/// @param name of the layout, for the failure when there is no path
+Expected<QWidget*> loadLayout(const QString& path, const QString& name);

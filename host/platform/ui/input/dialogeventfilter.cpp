@@ -18,7 +18,7 @@ bool isPlain(const QKeyEvent& key)
     return !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
 }
 
-/// Keys that write or delete text, so that a cashier who begins to type is understood wherever the focus stands.
+/// True for a key that writes or deletes text.
 bool isTyping(const QKeyEvent& key)
 {
     return isPlain(key) && (key.key() == Qt::Key_Backspace || (!key.text().isEmpty() && key.text().front().isPrint()));
@@ -116,7 +116,7 @@ bool DialogEventFilter::confirm(QWidget& widget)
         emit ok();
         return true;
     }
-    // Only the root sees all of the form: until the key has come up there it is not ours.
+    // Only the root has the whole form below it. A field or a table passes the key on to it.
     QPushButton* button = defaultButton(widget);
     if (!button) {
         return false;

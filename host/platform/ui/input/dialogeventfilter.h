@@ -12,10 +12,10 @@ class QKeyEvent;
 
 /// Turns a form's keys into ok() and cancel(). To be installed on the form's root widget.
 ///
-/// - Return and Enter click the button that has the focus; elsewhere they emit ok() or, when nobody listens to it,
-///   click the form's default button. A key that is held down does not repeat this.
-/// - Esc, closing the window, and the register's own "cancel what is open" emit cancel(). The close itself is
-///   ignored: the form goes when it has answered. When nobody listens to cancel(), the form is dismissed.
+/// - Return and Enter click the button that has the focus. Elsewhere they emit ok(), or click the form's default button
+///   when ok() is not connected. A key that is held down does this once.
+/// - Esc, closing the window and GraphicalUserInterface::cancelForms() emit cancel(). The window stays open until the
+///   form has answered. When cancel() is not connected, the form is dismissed.
 /// - Up, Down, PageUp and PageDown in the line edit move the current row of the table view; letters typed into the
 ///   table view go to the line edit, which takes the focus.
 /// - A double click on a row of the table view emits ok().
@@ -26,7 +26,7 @@ class REGISTERPLATFORM_EXPORT DialogEventFilter : public QObject
 public:
     explicit DialogEventFilter(QObject* parent = nullptr);
 
-    /// Null takes the former one away.
+    /// Null removes the former one.
     void setTableView(TalloTableView* view);
     void setLineEdit(TalloLineEdit* edit);
 

@@ -7,7 +7,7 @@
 #include <QEvent>
 #include <QObject>
 
-/// Tells the status line that one of its icons has to change: the keyboard layout, for example.
+/// Notifies the status line that one of its icons has to change, for example the keyboard layout.
 class REGISTERPLATFORM_EXPORT IconsViewNotifier : public QObject
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
     explicit IconsViewNotifier(QObject* parent = nullptr);
 
 public slots:
-    /// Passes the event on through iconsChanged(); null is passed over.
+    /// Emits iconsChanged() for an event. Null is ignored.
     void notifyIcons(QEvent* event);
 
 signals:

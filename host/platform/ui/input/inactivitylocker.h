@@ -7,10 +7,10 @@
 #include <QObject>
 #include <QTimer>
 
-/// Tells the host when nobody has touched the register for a while.
+/// Notifies the host when the register has not been used for a while.
 ///
-/// Every key, click and touch counts as activity. The time is "GUI:inactivityLockSeconds" of the configuration, read
-/// by start(); 0, the default: never.
+/// Every key, click and touch counts as use. The time, in seconds, is "GUI:inactivityLockSeconds" of the configuration,
+/// read by start(). 0, the default, means never.
 class REGISTERPLATFORM_EXPORT InactivityLocker : public QObject
 {
     Q_OBJECT
@@ -18,17 +18,17 @@ class REGISTERPLATFORM_EXPORT InactivityLocker : public QObject
 public:
     explicit InactivityLocker(QObject* parent = nullptr);
 
-    /// Begins to watch the application.
+    /// Starts to watch the application.
     void start();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 public slots:
-    /// The time begins anew.
+    /// Starts the time again.
     void resetTimer();
 
 signals:
-    /// The time has run out. The host cancels what is open and locks the screen.
+    /// The time is over. The host cancels the open forms and locks the screen.
     void lock();
 
 private:

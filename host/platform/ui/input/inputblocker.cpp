@@ -13,7 +13,7 @@
 namespace
 {
 
-/// Throws input away while it is installed, and remembers which windows were to be closed.
+/// Throws input away while it is installed, and remembers the windows that were asked to close.
 class InputSink : public QObject
 {
 public:
@@ -48,7 +48,7 @@ public:
         }
     }
 
-    /// Closes, from the event loop, the windows that waited for it.
+    /// Closes these windows, from the event loop.
     void closeWaiting()
     {
         for (const QPointer<QObject>& waiting : std::exchange(m_toClose, {})) {
@@ -62,7 +62,7 @@ public:
         }
     }
 
-    /// Takes in what the window system still holds, and throws it away.
+    /// Throws away the input that the window system still holds.
     void drain()
     {
         if (std::exchange(m_draining, true)) {
@@ -77,7 +77,7 @@ private:
     bool m_draining = false;
 };
 
-/// How many blockers hold since the innermost pause.
+/// The number of blockers since the innermost pause.
 int depth = 0;
 QList<int> depthsBelowPauses;
 

@@ -3,19 +3,18 @@
 
 #include "export.h"
 
-/// While one exists, key presses, clicks, touches and the wheel are thrown away, not delivered later, and closing a
-/// window waits. Timers, painting and network events go on.
+/// While one exists, key presses, clicks, touches and the wheel are thrown away, not delivered later. A window that is
+/// closed stays open until then. Timers, painting and network events go on.
 ///
-/// Blockers nest. The last one's destructor first takes in what the window system still holds, and throws it away.
-/// A Pause lifts the blocking for its lifetime: for a message that is shown in the middle of long work.
+/// Blockers nest. The destructor of the last one also throws away the input that the window system still holds. A Pause
+/// lifts the blocking while it exists: a message shown during long work takes input.
 /// Main thread. Without a QCoreApplication it does nothing.
 class REGISTERPLATFORM_EXPORT InputBlocker
 {
 public:
     InputBlocker();
     ~InputBlocker();
-    InputBlocker(const InputBlocker&) = delete;
-    InputBlocker& operator=(const InputBlocker&) = delete;
+    Q_DISABLE_COPY_MOVE(InputBlocker)
 
     static bool isActive();
 
@@ -24,7 +23,6 @@ public:
     public:
         Pause();
         ~Pause();
-        Pause(const Pause&) = delete;
-        Pause& operator=(const Pause&) = delete;
+        Q_DISABLE_COPY_MOVE(Pause)
     };
 };

@@ -13,7 +13,7 @@ namespace
 /// Fewer characters than this may come from quick fingers.
 constexpr qsizetype shortestScan = 4;
 
-/// Held or locked for what another key writes; a scanner presses such keys, too.
+/// A key that changes what another key writes. A scanner presses such keys, too.
 bool isModifier(int key)
 {
     switch (key) {
@@ -49,7 +49,16 @@ ScanRecognizer ScanRecognizer::configured()
     return {setting("prefix"), setting("suffix")};
 }
 
-void ScanRecognizer::key(const QKeyEvent& key, const QString& field)
+std::optional<ScanRecognizer::Scan> ScanRecognizer::take(const QKeyEvent& key, const QString& field)
+{
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+        return finish(key.timestamp());
+    }
+    write(key, field);
+    return std::nullopt;
+}
+
+void ScanRecognizer::write(const QKeyEvent& key, const QString& field)
 {
     const QString text = key.text();
     const bool isWriting = text.size() == 1 && key.key() != Qt::Key_Backspace && key.key() != Qt::Key_Delete;
@@ -72,7 +81,7 @@ std::optional<ScanRecognizer::Scan> ScanRecognizer::finish(quint64 time)
 
 void ScanRecognizer::character(QChar character, quint64 time, const QString& field)
 {
-    // Nothing is kept of the other characters' fields: something may lie on the keyboard for hours.
+    // The other characters' fields are not kept: something may lie on the keyboard for hours.
     if (!followsFast(time)) {
         m_burst = {m_input.size(), field};
     }

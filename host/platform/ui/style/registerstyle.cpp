@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// How much larger than the text type is, in points.
+/// How much larger than ordinary text some type is, in points.
 constexpr std::pair<const char*, int> sizesAboveText[] = {
     {"@titleSize", 4},
     {"@amountSize", 8},
@@ -82,7 +82,7 @@ void setStyleProperty(QWidget& widget, const QString& name, const QVariant& valu
     widget.setProperty(name.toUtf8().constData(), value);
     widget.style()->unpolish(&widget);
     widget.style()->polish(&widget);
-    QEvent changed(QEvent::StyleChange); // without it a frame keeps the padding that it had
+    QEvent changed(QEvent::StyleChange); // without it a frame keeps its former padding
     QApplication::sendEvent(&widget, &changed);
 }
 

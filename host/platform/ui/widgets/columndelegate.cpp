@@ -14,19 +14,19 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A column that fits its contents becomes no wider: the rest of a longer text is in its tool tip.
+/// A column that fits its contents becomes no wider, in pixels. A longer text is whole in its tool tip.
 constexpr int widestFit = 280;
 constexpr int longestToolTip = 1000;
 constexpr double readableContrast = 4.5;
 
-/// A number with decimals, such as "12.000"; whole numbers may as well be codes.
+/// True for a number with decimals, such as "12.000". A whole number may be a code.
 bool isDecimal(const QString& text)
 {
     static const QRegularExpression decimal(u"\\A-?\\d+[.,]\\d+\\z"_s);
     return decimal.match(text).hasMatch();
 }
 
-/// The colour itself, darkened until it stands out from the ground.
+/// The colour, darkened until it can be read on the ground.
 QColor readableOn(const QColor& ground, QColor colour)
 {
     constexpr int slightlyDarker = 110; // per cent
@@ -52,7 +52,7 @@ bool ColumnDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const
 
     const bool isCut = QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
     const QString text = isCut ? index.data().toString().left(longestToolTip) : QString();
-    // As rich text a long line is wrapped.
+    // Only rich text is wrapped.
     QToolTip::showText(event->globalPos(), text.isEmpty() ? QString() : "<qt>" + text.toHtmlEscaped() + "</qt>", view);
     return true;
 }

@@ -4,15 +4,14 @@
 #include <QHash>
 #include <QStyledItemDelegate>
 
-/// Draws cells on one line, elided, aligned by column; the whole of a text that is cut off is in its tool tip. A colour
-/// that the model gives a text holds in the selected row too, darkened where it would not be readable there.
+/// Draws cells on one line, elided, aligned by column. A text that is cut off is whole in its tool tip. The model's
+/// colour of a text is used in the selected row, too, and darkened where it would be hard to read.
 class ColumnDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    /// Without a horizontal part numbers with decimals stand at the right, so that their points stand one below
-    /// another.
+    /// Without a horizontal part, numbers with decimals are at the right, so that their points are aligned.
     void setAlignment(int column, Qt::Alignment alignment) { m_alignments.insert(column, alignment); }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;

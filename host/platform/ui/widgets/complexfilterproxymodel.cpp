@@ -13,8 +13,8 @@ void ComplexFilterProxyModel::addFilter(int column, const QString& text, FilterM
     } else {
         m_filters.insert(column, {QStringMatcher(text, Qt::CaseInsensitive), mode});
     }
-    // One change of the layout, however scattered the rows are that come and go: told one by one, they would cost a
-    // view many times the filtering.
+    // One change of the layout for all rows. If each row were removed and inserted on its own, a view would take many
+    // times as long as the filter.
     invalidate();
 }
 

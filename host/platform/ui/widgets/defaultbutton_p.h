@@ -4,5 +4,5 @@
 class QPushButton;
 class QWidget;
 
-/// The button of a form that Return presses; null when there is none that can be seen and pressed.
+/// The button of a form that Return presses: visible and enabled. Null when there is none.
 QPushButton* defaultButton(const QWidget& root);

@@ -12,10 +12,10 @@ struct KeyboardLayout {
     QString caption; ///< on the key that switches to it
     /// Rows of keys, separated by blanks. A key of one character writes it; the others are commands.
     QStringList rows;
-    /// All keys of a row are of one width; else the commands are wider.
+    /// True: all keys of a row have one width. False: the commands are wider.
     bool isEven;
 
-    /// Commands among the keys.
+    /// The commands.
     static constexpr QLatin1StringView backspace{"backspace"};
     static constexpr QLatin1StringView enter{"enter"};
     static constexpr QLatin1StringView shift{"shift"};

@@ -23,7 +23,7 @@ namespace
 constexpr int keySize = 44;
 constexpr int keySpacing = 8;
 
-/// A command key: what stands on it, what a screen reader says, what it sends.
+/// A command key: its caption, its name for screen readers, and the key event that it sends.
 struct CommandKey {
     QString command;
     QString caption;
@@ -86,7 +86,7 @@ private:
     {
         m_shift = nullptr;
         m_letters.clear();
-        // A key may be what had the layout changed: it goes when its click is over.
+        // This may run in the click of one of these keys, so they are deleted later.
         while (QLayoutItem* item = m_rows->takeAt(0)) {
             item->widget()->hide();
             item->widget()->deleteLater();
@@ -137,7 +137,7 @@ private:
         connect(key, &QPushButton::clicked, m_owner, [this, character] {
             const QString text = isShifted() ? character.toUpper() : character;
             releaseShift();
-            // As window systems do, a letter's key is the code of its capital.
+            // The key code of a letter is that of its capital, as in events of the window system.
             send(Qt::Key(character.toUpper().front().unicode()), text);
         });
         return key;

@@ -8,7 +8,7 @@
 
 #include <memory>
 
-/// The register's touch keyboard. Its keys go to the widget that has the focus; the keyboard itself takes none.
+/// The register's touch keyboard. It types into the widget that has the focus, and never takes the focus itself.
 class REGISTERPLATFORM_EXPORT TalloKeyboard : public QWidget
 {
     Q_OBJECT
@@ -17,8 +17,8 @@ public:
     explicit TalloKeyboard(QWidget* parent = nullptr);
     ~TalloKeyboard() override;
 
-    /// The layouts to switch through, by comma: "ru", "en", "digits"; the first is shown. Unknown ones are passed over
-    /// and logged; when none is left, "en" is shown.
+    /// Sets the layouts to switch between, separated by commas: "ru", "en", "digits". The first one is shown. An
+    /// unknown one is logged and passed over. When none is left, "en" is shown.
     void setKeyboardLayouts(const QString& layouts);
     /// The layouts in use, in order.
     QStringList keyboardLayouts() const;
@@ -26,8 +26,8 @@ public:
     QString currentLayout() const;
 
 signals:
-    /// The cashier switched to another layout. The event is of type QEvent::KeyboardLayoutChange, and lives only as
-    /// long as the signal.
+    /// The cashier switched to another layout. The event is of type QEvent::KeyboardLayoutChange. It exists only during
+    /// the signal.
     void layoutChanged(QEvent* event);
     /// A key was pressed and has been delivered.
     void keyPressed();

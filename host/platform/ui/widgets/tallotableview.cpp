@@ -2,12 +2,13 @@
 #include "tallotableview.h"
 
 #include "columndelegate_p.h"
-#include "columnheader_p.h"
+#include "tablecolumn.h"
 #include "touchmode.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
+#include <QHeaderView>
 #include <QMouseEvent>
 
 #include <optional>
@@ -17,52 +18,23 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr int elasticWidth = -1;
-constexpr int fittingWidth = -2;
 constexpr int plainRowHeight = 32;
 constexpr int touchRowHeight = 44;
-/// Rows that a fitting column looks at: those on the screen and some more, however long the table is.
+/// Rows that a column fits: those on the screen and some more, however long the table is.
 constexpr int fittedRows = 50;
-
-struct Column {
-    QString caption;
-    int width;
-    bool isShown;
-    Qt::Alignment alignment;
-};
-
-/// Reads "name;caption;width;shown;alignment".
-std::optional<Column> readColumn(const QString& item)
-{
-    const QStringList fields = item.split(u';');
-    if (fields.size() != 5) {
-        return std::nullopt;
-    }
-    bool isWidth = false;
-    bool isAlignment = false;
-    const int width = fields[2].trimmed().toInt(&isWidth);
-    const QString shown = fields[3].trimmed();
-    const int alignment = fields[4].trimmed().toInt(&isAlignment);
-    const bool isShown = shown == "true"_L1;
-    if (!isWidth || width < fittingWidth || !isAlignment || (!isShown && shown != "false"_L1)) {
-        return std::nullopt;
-    }
-    return Column{fields[1], width, isShown, Qt::Alignment(alignment)};
-}
 
 } // namespace
 
 TalloTableView::TalloTableView(QWidget* parent)
     : QTableView(parent)
-    , m_header(new ColumnHeader(this))
     , m_delegate(new ColumnDelegate(this))
 {
-    setHorizontalHeader(m_header);
     setItemDelegate(m_delegate);
-    m_header->setHighlightSections(false);
-    m_header->setSectionsClickable(false);
-    m_header->setResizeContentsPrecision(fittedRows);
-    connect(m_header, &QHeaderView::sectionCountChanged, this, &TalloTableView::applyColumns);
+    QHeaderView* header = horizontalHeader();
+    header->setHighlightSections(false);
+    header->setSectionsClickable(false);
+    header->setResizeContentsPrecision(fittedRows);
+    connect(header, &QHeaderView::sectionCountChanged, this, &TalloTableView::applyColumns);
 
     verticalHeader()->hide();
     verticalHeader()->setMinimumSectionSize(plainRowHeight);
@@ -84,23 +56,26 @@ void TalloTableView::setColumns(const QStringList& columns)
 
 void TalloTableView::applyColumns()
 {
-    const int count = qMin(m_header->count(), int(m_columns.size()));
+    QHeaderView* header = horizontalHeader();
+    const int count = qMin(header->count(), int(m_columns.size()));
     for (int section = 0; section < count; ++section) {
-        const std::optional<Column> column = readColumn(m_columns[section]);
+        const std::optional<TableColumn> column = TableColumn::fromText(m_columns[section]);
         if (!column) {
             Log4Qt::LogManager::logger(u"gui"_s)->warn("A column of the table " + objectName() +
-                                                       " does not read: " + m_columns[section]);
+                                                       " cannot be read: " + m_columns[section]);
             continue;
         }
-        m_header->setCaption(section, column->caption);
         m_delegate->setAlignment(section, column->alignment);
-        if (column->width == elasticWidth) {
-            m_header->setSectionResizeMode(section, QHeaderView::Stretch);
-        } else if (column->width == fittingWidth) {
-            m_header->setSectionResizeMode(section, QHeaderView::ResizeToContents);
-        } else {
-            m_header->setSectionResizeMode(section, QHeaderView::Interactive);
-            m_header->resizeSection(section, column->width);
+        switch (column->width) {
+        case TableColumn::remainingRoom:
+            header->setSectionResizeMode(section, QHeaderView::Stretch);
+            break;
+        case TableColumn::fittingContents:
+            header->setSectionResizeMode(section, QHeaderView::ResizeToContents);
+            break;
+        default:
+            header->setSectionResizeMode(section, QHeaderView::Interactive);
+            header->resizeSection(section, column->width);
         }
         setColumnHidden(section, !column->isShown);
     }

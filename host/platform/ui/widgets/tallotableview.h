@@ -7,11 +7,11 @@
 #include <QTableView>
 
 class ColumnDelegate;
-class ColumnHeader;
 
 /// The register's table: whole rows are current, one at a time, and columns are described by texts.
 ///
-/// Cells are one line; what does not fit is elided, the whole text is in the tool tip.
+/// A cell is one line. A text that does not fit is elided, and whole in the tool tip. Captions are the model's
+/// headerData.
 class REGISTERPLATFORM_EXPORT TalloTableView : public QTableView
 {
     Q_OBJECT
@@ -19,18 +19,17 @@ class REGISTERPLATFORM_EXPORT TalloTableView : public QTableView
 public:
     explicit TalloTableView(QWidget* parent = nullptr);
 
-    /// Describes the columns, in order. Each item is "name;caption;width;shown;alignment":
-    /// - name: for configuration; blanks around it do not count
-    /// - caption: empty: the model's own header text
+    /// Describes the columns, in order, each by the text of a TableColumn: "name;caption;width;shown;alignment".
+    /// - name, caption: not used here
     /// - width: pixels, or -1: the room that is left (shared when several columns ask for it), or -2: fits the contents
     ///   (the rows on the screen, up to a reasonable width)
     /// - shown: "true" or "false"
-    /// - alignment: Qt::Alignment as a number, for the cells; without a horizontal part numbers with decimals stand at
-    ///   the right, all else at the left
+    /// - alignment: Qt::Alignment as a number, for the cells. Without a horizontal part, numbers with decimals are at
+    ///   the right, all other texts at the left
     ///
-    /// An item that does not read so leaves its column as it was, and is logged. Holds also for a model set later.
+    /// A text of another form is logged and leaves its column as it was. The columns apply also to a model set later.
     void setColumns(const QStringList& columns);
-    /// The items as they were given.
+    /// The texts as they were given.
     QStringList columns() const { return m_columns; }
 
 protected:
@@ -40,7 +39,6 @@ protected:
 private:
     void applyColumns();
 
-    ColumnHeader* m_header;
     ColumnDelegate* m_delegate;
     QStringList m_columns;
 };

@@ -16,14 +16,14 @@ namespace
 
 /// Lines longer than this are hard to read, and wider than the narrowest dialog.
 constexpr int widestLine = 640;
-/// A scroll area tries one width after another until its scroll bar fits; those widths are not to be forgotten.
+/// A scroll area tries many widths until its scroll bar fits. The lines for all of them are remembered.
 constexpr int rememberedWidths = 64;
 constexpr int longestToolTip = 1000;
 /// No language has longer words.
 constexpr qsizetype longestWord = 100;
 
-/// The text with a place to break after each letter of the words that are too long for one. Without them QTextLayout
-/// reads such a word to its end for every line of it.
+/// The text with a place to break after each letter of a word that is too long to be one. Without these places
+/// QTextLayout reads such a word to its end for each of its lines.
 QString withBreaksInLongWords(const QString& text)
 {
     QString broken;
@@ -78,7 +78,7 @@ bool WrappedLabel::event(QEvent* event)
     const Lines& broken = lines(textRoom().width());
     const bool isCut = linesWithRoom(broken) < broken.layout.lineCount();
     const QString whole = isCut ? text().left(longestToolTip) : QString();
-    // As rich text a long line is wrapped.
+    // Only rich text is wrapped.
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
                        whole.isEmpty() ? QString() : "<qt>" + whole.toHtmlEscaped() + "</qt>", this);
     return true;

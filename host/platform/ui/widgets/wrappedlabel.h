@@ -7,9 +7,9 @@
 #include <QLabel>
 #include <QTextLayout>
 
-/// A label for foreign plain text of any length: it wraps anywhere when a word is wider than the label, so that no text
-/// widens a window. As high as its text; where that may be too high, it stands in a QScrollArea. A text that is higher
-/// than the label may become ends in an ellipsis, and the whole of it is in the tool tip.
+/// A label for plain text of any length, for example from a server. A word that is wider than the label is broken
+/// anywhere, so that no text widens a window. The label is as high as its text; in a QScrollArea it may be of any
+/// height. Where its height is limited the text ends in an ellipsis, and is whole in the tool tip.
 class REGISTERPLATFORM_EXPORT WrappedLabel : public QLabel
 {
     Q_OBJECT
@@ -25,8 +25,8 @@ protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
-    /// Breaks the text of the layout into lines of that width; returns the size that they take. Costs time with long
-    /// words: once for each text, font and width.
+    /// Breaks the text of the layout into lines of that width, in pixels, and returns their size. It takes long for
+    /// long words, so it is called once for each text, font and width.
     virtual QSizeF breakIntoLines(QTextLayout& layout, int width) const;
 
 private:
@@ -35,14 +35,14 @@ private:
         QSizeF size;
     };
     const Lines& lines(int width) const;
-    /// How many lines have room; at least one.
+    /// The number of lines that have room; at least one.
     int linesWithRoom(const Lines& lines) const;
     void drawLastLine(QPainter& painter, const QTextLine& line) const;
     QRect textRoom() const;
     QSize frameRoom() const;
 
     mutable QCache<int, Lines> m_lines; // by width
-    mutable QString m_wholeText;        // whose lines these are
+    mutable QString m_wholeText;        // the text of these lines
     mutable QString m_brokenText;       // the same with places to break
     mutable QFont m_brokenFont;
 };

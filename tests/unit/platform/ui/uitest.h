@@ -35,7 +35,7 @@ protected:
 
     void setTouchMode() { config.setForThisRun(u"GUI:touchMode"_s, u"true"_s); }
 
-    /// Writes a layout: a form of that content, and returns its name.
+    /// Writes a layout with these widgets and returns its name.
     QString writeLayout(const QString& name, const QString& widgets, const QString& rootProperties = {})
     {
         return writeFile(name, "<ui version=\"4.0\"><widget class=\"QWidget\" name=\"root\">" + rootProperties +
@@ -55,7 +55,7 @@ protected:
         return "<item><widget class=\"" + className + "\" name=\"" + name + "\">" + properties + "</widget></item>";
     }
 
-    /// Runs `steps` once another form than now is on top.
+    /// Runs `steps` when another form is on top.
     void whenShown(std::function<void()> steps)
     {
         auto* poll = new QTimer(qApp);
@@ -103,4 +103,5 @@ public:
     using BasicForm::loadUI;
     using BasicForm::setAccessibleNames;
     using BasicForm::setContextCode;
+    using BasicForm::showText;
 };

@@ -7,6 +7,7 @@
 #include "tallotableview.h"
 #include "tillfixture.h"
 
+#include <QFile>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -77,6 +78,21 @@ protected:
     AnsweredGui answered;
     std::unique_ptr<GoodsSelectionForm> form;
 };
+
+TEST_F(GoodsSelection, layoutWithOrdinaryLabels_medicineInfoIsPlain)
+{
+    QFile own(u":/layouts/goodsselection.ui"_s);
+    ASSERT_TRUE(own.open(QIODevice::ReadOnly));
+    QFile rich(folder.filePath(u"goodsselection.ui"_s));
+    ASSERT_TRUE(rich.open(QIODevice::WriteOnly));
+    rich.write(own.readAll().replace("WrappedLabel", "QLabel"));
+    rich.close();
+    config.set(u"GUI:layouts"_s, folder.path());
+    open({}, u"<b>Инсулин</b>"_s);
+    EXPECT_EQ(widget<QLabel>("medicineInfoLabel")->text(), u"<b>Инсулин</b>"_s);
+    EXPECT_EQ(widget<QLabel>("medicineInfoLabel")->textFormat(), Qt::PlainText);
+    EXPECT_STREQ(widget<QLabel>("medicineInfoLabel")->metaObject()->className(), "QLabel") << "of the layout";
+}
 
 TEST_F(GoodsSelection, opened_focusStandsInTheFilterAndTheWantedGoodsAreCurrent)
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a screen reader tells of the platform's own forms.
+// The names of the platform's forms for screen readers.
 #include "accessiblenames.h"
 #include "dialog.h"
 #include "uitest.h"
@@ -15,7 +15,7 @@ class AccessibleNames : public UiTest
 protected:
     AccessibleNames() { setTouchMode(); }
 
-    /// Does `look` on the form that is shown next, and leaves it.
+    /// Calls `look` with the form that is shown next, and cancels the form.
     void onShown(const std::function<void(QWidget& form)>& look)
     {
         whenShown([this, look] {
@@ -32,7 +32,7 @@ protected:
     }
 };
 
-TEST_F(AccessibleNames, textInput_everyControlHasOneAndTheButtonsSayWhatTheyShow)
+TEST_F(AccessibleNames, textInput_everyControlHasOneAndTheButtonsHaveTheirTexts)
 {
     TextInputParams params;
     params.title = {"testTitle", "Ввод карты"};
@@ -48,7 +48,7 @@ TEST_F(AccessibleNames, textInput_everyControlHasOneAndTheButtonsSayWhatTheyShow
     EXPECT_TRUE(Dialog().showTextInput(params).canceled());
 }
 
-TEST_F(AccessibleNames, message_everyControlHasOneAndTheTextIsCalledSo)
+TEST_F(AccessibleNames, message_everyControlHasOneAndTheTextToo)
 {
     onShown([](const QWidget& form) {
         EXPECT_EQ(controlsWithoutName(form), "");

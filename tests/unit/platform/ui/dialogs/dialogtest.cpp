@@ -16,7 +16,7 @@ public:
     MOCK_METHOD(void, showMessage, (const tr::Tr&, int, int, int), (override));
 };
 
-/// Hands out one form and remembers the event that asked for it.
+/// Returns one form and remembers the event that asked for it.
 class RecordingCreator : public BasicFormCreator
 {
 public:
@@ -42,7 +42,7 @@ TEST_F(DialogTest, factoryWithoutAMock_makesADialog)
     EXPECT_NE(Dialog::create(), nullptr);
 }
 
-TEST_F(DialogTest, factoryWithAMock_handsItOut)
+TEST_F(DialogTest, factoryWithAMock_returnsIt)
 {
     const auto mock = QSharedPointer<MockDialog>::create();
     MockFactory<Dialog>::mocked = [&] { return mock; };
@@ -51,7 +51,7 @@ TEST_F(DialogTest, factoryWithAMock_handsItOut)
     MockFactory<Dialog>::mocked = {};
 }
 
-TEST_F(DialogTest, showOfAnEventThatNobodyKnows_throwsWithItsNumber)
+TEST_F(DialogTest, eventWithoutAForm_throwsWithItsNumber)
 {
     try {
         core::BasicDialog().show(false, false, EInput::Keyboard, Event(EActivityListener::Event(999)));
@@ -82,7 +82,7 @@ TEST_F(DialogTest, show_runsTheFormOfTheEventAndReturnsItsArguments)
     EXPECT_EQ(creator->codes, QList<int>({197}));
 }
 
-TEST_F(DialogTest, showTwice_theDialogMayBeUsedAgain)
+TEST_F(DialogTest, shownTwice_answersBothTimes)
 {
     const auto form = QSharedPointer<LayoutForm>::create(writeLayout("a.ui", ""));
     gui.addFormCreator(QSharedPointer<RecordingCreator>::create(form));

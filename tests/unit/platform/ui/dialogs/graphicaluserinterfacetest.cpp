@@ -83,7 +83,7 @@ TEST_F(GraphicalUserInterfaceTest, creatorsAreAskedInTurnUntilOneKnowsTheEvent)
     EXPECT_EQ(second->asked, 1);
 }
 
-TEST_F(GraphicalUserInterfaceTest, creatorForAPlatformForm_winsOverThePlatform)
+TEST_F(GraphicalUserInterfaceTest, creatorForAPlatformForm_isAskedBeforeThePlatform)
 {
     const auto form = createForm();
     gui.addFormCreator(QSharedPointer<FixedCreator>::create(EActivityListener::ShowMessage, form));
@@ -293,7 +293,7 @@ TEST_F(GraphicalUserInterfaceTest, cancelFormsWithoutForms_doesNothing)
     EXPECT_EQ(gui.topForm(), nullptr);
 }
 
-TEST_F(GraphicalUserInterfaceTest, applicationExits_theFormIsCancelledAndNothingHangs)
+TEST_F(GraphicalUserInterfaceTest, applicationExits_formIsCancelledAndNothingHangs)
 {
     bool isReturned = false;
     core::BasicDialog::Result result;
@@ -307,7 +307,7 @@ TEST_F(GraphicalUserInterfaceTest, applicationExits_theFormIsCancelledAndNothing
     EXPECT_EQ(value(result, "status"), -7);
 }
 
-TEST_F(GraphicalUserInterfaceTest, applicationIsAskedToQuit_theFormIsCancelledAndNothingHangs)
+TEST_F(GraphicalUserInterfaceTest, applicationIsAskedToQuit_formIsCancelledAndNothingHangs)
 {
     bool isReturned = false;
     core::BasicDialog::Result result;
@@ -322,7 +322,7 @@ TEST_F(GraphicalUserInterfaceTest, applicationIsAskedToQuit_theFormIsCancelledAn
     EXPECT_EQ(value(result, "status"), -7);
 }
 
-TEST_F(GraphicalUserInterfaceTest, formGone_theFocusIsWhereItWas)
+TEST_F(GraphicalUserInterfaceTest, formGone_focusIsWhereItWas)
 {
     QWidget window;
     QLineEdit search(&window);
@@ -341,7 +341,7 @@ TEST_F(GraphicalUserInterfaceTest, formGone_theFocusIsWhereItWas)
     EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() == &search; }, 5000));
 }
 
-TEST_F(GraphicalUserInterfaceTest, formThatThrowsWhileItIsShown_isTakenAway)
+TEST_F(GraphicalUserInterfaceTest, formThatThrowsWhileItIsShown_isRemoved)
 {
     class Throwing : public LayoutForm
     {
@@ -355,7 +355,7 @@ TEST_F(GraphicalUserInterfaceTest, formThatThrowsWhileItIsShown_isTakenAway)
     EXPECT_FALSE(form->rootWidget()->isVisible());
 }
 
-TEST_F(GraphicalUserInterfaceTest, duringLongWork_theFormTakesInput)
+TEST_F(GraphicalUserInterfaceTest, duringLongWork_formTakesInput)
 {
     const auto form = createForm();
     const InputBlocker blocker;
@@ -379,7 +379,7 @@ public:
     QList<BasicForm*> left;
 };
 
-TEST_F(GraphicalUserInterfaceTest, withAStage_formsEnterAndLeaveItInTheirOrder)
+TEST_F(GraphicalUserInterfaceTest, withAStage_formsEnterAndLeaveItInOrder)
 {
     RecordingStage stage;
     gui.host().stage = &stage;

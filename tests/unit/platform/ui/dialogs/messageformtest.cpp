@@ -18,7 +18,7 @@ namespace
 class MessageFormTest : public UiTest
 {
 protected:
-    /// Shows a message and does `steps` on its form while it is shown; then it is cancelled, if it is still there.
+    /// Shows a message and calls `steps` with its form. Then the form is cancelled if it is still shown.
     void show(const tr::Tr& text, int kind, const std::function<void(QWidget& form)>& steps, int seconds = 0)
     {
         whenShown([&] {
@@ -113,7 +113,20 @@ TEST_F(MessageFormTest, tenThousandCharacters_scrollWithinTheSmallestScreen)
     qApp->setStyleSheet({});
 }
 
-TEST_F(MessageFormTest, shortText_isWhollyVisibleWithoutScrolling)
+TEST_F(MessageFormTest, textHigherThanItsRoom_keysScrollItWhileTheButtonHasTheFocus)
+{
+    show({"testText", u"строка\n"_s.repeated(100)}, Dialog::Error, [](QWidget& form) {
+        const auto* bar = form.findChild<QScrollArea*>()->verticalScrollBar();
+        auto* ok = form.findChild<QPushButton*>("okButton");
+        ASSERT_EQ(QApplication::focusWidget(), ok);
+        QTest::keyClick(ok, Qt::Key_End);
+        EXPECT_GT(bar->value(), 0);
+        EXPECT_EQ(bar->value(), bar->maximum());
+        EXPECT_EQ(QApplication::focusWidget(), ok);
+    });
+}
+
+TEST_F(MessageFormTest, shortText_isWholeWithoutScrolling)
 {
     applyRegisterStyle(*qApp, 600);
     show({"testText", "Реестр рецептов не отвечает.\nПроверьте связь и повторите команду."}, Dialog::Error,
@@ -125,7 +138,7 @@ TEST_F(MessageFormTest, shortText_isWhollyVisibleWithoutScrolling)
     qApp->setStyleSheet({});
 }
 
-TEST_F(MessageFormTest, markupAndPlaceholdersInForeignText_areShownAsTheyStand)
+TEST_F(MessageFormTest, markupAndPlaceholders_areShownLiterally)
 {
     show(tr::Tr("testText", "%1").arg("<b>50%1</b>"), Dialog::Error, [&](QWidget& form) {
         EXPECT_EQ(form.findChild<QLabel*>("messageLabel")->text(), "<b>50%1</b>");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The Return that ends a scan, on forms that expect scans and on those that do not.
 #include "actionqueuecontroller.h"
+#include "askform.h"
 #include "dialog.h"
 #include "dialogeventfilter.h"
 #include "einput.h"
@@ -38,7 +39,7 @@ protected:
     void scan() { send(barcode, 10); }
     void type(const QString& text) { send(text, 120); }
 
-    /// Does `steps` while the next form is shown; then it is cancelled, if it is still there.
+    /// Calls `steps` while the next form is shown. Then the form is cancelled if it is still shown.
     void during(const std::function<void()>& steps)
     {
         whenShown([this, steps] {
@@ -84,17 +85,17 @@ private:
 
 TEST_F(ScanGuardTest, scannedAtAMessage_pressesNothingAndATypedReturnStillDoes)
 {
-    bool standsAfterScan = false;
-    bool standsAfterReturn = true;
+    bool isShownAfterScan = false;
+    bool isShownAfterReturn = true;
     during([&] {
         scan();
-        standsAfterScan = bool(gui.topForm());
+        isShownAfterScan = bool(gui.topForm());
         type({});
-        standsAfterReturn = bool(gui.topForm());
+        isShownAfterReturn = bool(gui.topForm());
     });
     Dialog().showMessage({"testText", "Реестр не отвечает"}, Dialog::Error, 0, 0);
-    EXPECT_TRUE(standsAfterScan);
-    EXPECT_FALSE(standsAfterReturn);
+    EXPECT_TRUE(isShownAfterScan);
+    EXPECT_FALSE(isShownAfterReturn);
 }
 
 TEST_F(ScanGuardTest, scannedInTheSearchLineOfAList_staysThereAndChoosesNothing)
@@ -133,7 +134,7 @@ TEST_F(ScanGuardTest, scannedOnAFormThatAskedForScans_isConfirmedInItsLineButPre
     gui.run(form);
 }
 
-TEST_F(ScanGuardTest, scannedIntoAFieldThatTellsScansItself_isConfirmedThereButPressesNoButton)
+TEST_F(ScanGuardTest, scannedIntoAFieldThatTakesScansItself_isConfirmedThereButPressesNoButton)
 {
     const QSharedPointer<LayoutForm> form = createList();
     edit->setProperty(ScanRecognizer::recognizesScans, true);
@@ -162,7 +163,7 @@ TEST_F(ScanGuardTest, codeWithAControlKeyInIt_choosesNothing)
     gui.run(createList());
 }
 
-TEST_F(ScanGuardTest, scannedWhileABoxStandsAboveTheList_endsNeither)
+TEST_F(ScanGuardTest, scannedWhileAMessageIsAboveTheList_endsNeither)
 {
     during([&] {
         during([&] {
@@ -187,24 +188,23 @@ TEST_F(ScanGuardTest, scannedIntoATextInput_answersIt)
     EXPECT_FALSE(result.canceled());
 }
 
-TEST_F(ScanGuardTest, scannedIntoATextInputForTypingOnly_isRefusedThereVisibly)
+TEST_F(ScanGuardTest, scannedIntoATextInputShownWithoutScanner_isRefusedThereInWords)
 {
     TextInputParams params;
     params.scanError = {"testScanError", "Повторите сканирование"};
-    Event event(EActivityListener::ShowTextInput);
-    event.addArgument("params", QVariant::fromValue(params));
     during([&] {
         scan();
         ASSERT_TRUE(gui.topForm());
         const auto* error = gui.topForm()->rootWidget()->findChild<QLabel*>("scanErrorLabel");
         EXPECT_TRUE(error->isVisible());
-        EXPECT_EQ(error->text(), "Повторите сканирование");
+        EXPECT_EQ(error->text(), "Штрихкод не принят: это значение вводят вручную");
         EXPECT_EQ(gui.topForm()->rootWidget()->findChild<TalloLineEdit*>("inputLineEdit")->text(), "");
     });
+    const Event event = formEvent(EActivityListener::ShowTextInput, QVariant::fromValue(params));
     EXPECT_TRUE(core::BasicDialog().show(false, true, EInput::Keyboard, event).canceled());
 }
 
-TEST_F(ScanGuardTest, configuredPrefix_tellsASlowScannerToo)
+TEST_F(ScanGuardTest, configuredPrefix_slowScannerIsRecognizedToo)
 {
     config.setForThisRun("Scanner:prefix", ";");
     during([&] {

@@ -32,7 +32,7 @@ protected:
     }
     ~TextInputFormTest() override { Singleton<ActionQueueController>::instance = nullptr; }
 
-    /// Shows the form and does `steps` while it is shown; then it is cancelled, if it is still there.
+    /// Shows the form and runs `steps`. Then the form is cancelled if it is still shown.
     core::BasicDialog::Result show(const std::function<void()>& steps)
     {
         whenShown([&] {
@@ -71,7 +71,7 @@ protected:
 
 const QString doses = u"\\d{1,9}(\\.)\\d{0,2}|\\d{1,9}"_s;
 
-TEST_F(TextInputFormTest, texts_standInTheirPlaces)
+TEST_F(TextInputFormTest, textsGiven_areInTheirPlaces)
 {
     params.initialText = "77";
     show([&] {
@@ -89,7 +89,7 @@ TEST_F(TextInputFormTest, texts_standInTheirPlaces)
     });
 }
 
-TEST_F(TextInputFormTest, withoutButtonTexts_theRegistersOwnStand)
+TEST_F(TextInputFormTest, withoutButtonTexts_registersOwnAreShown)
 {
     params.okText = {};
     params.cancelText = {};
@@ -156,7 +156,7 @@ TEST_F(TextInputFormTest, returnOnTheCancelButton_cancels)
     EXPECT_TRUE(result.canceled());
 }
 
-TEST_F(TextInputFormTest, textThatCannotMatch_isLeftStandingAndSaidToBeWrong)
+TEST_F(TextInputFormTest, textThatCannotMatch_staysAndIsReportedAsWrong)
 {
     params.mask = doses;
     params.numeric = true;
@@ -223,7 +223,7 @@ TEST_F(TextInputFormTest, scanWithPrefixAndSuffix_isTakenWithoutThem)
     EXPECT_EQ(result.getData(), "9900000001");
 }
 
-TEST_F(TextInputFormTest, scanThatDoesNotFitTheMask_restoresTheFieldAndSaysSo)
+TEST_F(TextInputFormTest, scanThatDoesNotFitTheMask_restoresTheFieldAndIsReported)
 {
     params.mask = doses;
     const auto result = show([&] {
@@ -237,7 +237,7 @@ TEST_F(TextInputFormTest, scanThatDoesNotFitTheMask_restoresTheFieldAndSaysSo)
     EXPECT_TRUE(result.canceled());
 }
 
-TEST_F(TextInputFormTest, scanWhereOnlyTypingCounts_isRefused)
+TEST_F(TextInputFormTest, scanIntoAValueThatHasToBeTyped_isRefusedInWordsThatSayWhy)
 {
     params.manualOnly = true;
     show([&] {
@@ -246,10 +246,11 @@ TEST_F(TextInputFormTest, scanWhereOnlyTypingCounts_isRefused)
         EXPECT_NE(gui.topForm(), nullptr);
         EXPECT_EQ(field()->text(), "3");
         EXPECT_TRUE(label("scanErrorLabel")->isVisible());
+        EXPECT_EQ(label("scanErrorLabel")->text(), "Штрихкод не принят: это значение вводят вручную");
     });
 }
 
-TEST_F(TextInputFormTest, numberAndWidth_areAsAsked)
+TEST_F(TextInputFormTest, linesAndColumns_areTheFieldsSize)
 {
     params.columns = 10;
     params.lines = 3;
@@ -260,7 +261,7 @@ TEST_F(TextInputFormTest, numberAndWidth_areAsAsked)
     });
 }
 
-TEST_F(TextInputFormTest, withoutAPrompt_itsRoomIsGone)
+TEST_F(TextInputFormTest, withoutAPrompt_itsRoomIsFree)
 {
     params.message = {};
     show([&] { EXPECT_FALSE(label("messageLabel")->isVisible()); });
@@ -301,6 +302,20 @@ TEST_F(TextInputFormTest, touchModeForANumber_hasDigitsAndTakesTheCommaAsAPoint)
     EXPECT_EQ(result.getData(), "1.5");
 }
 
+TEST_F(TextInputFormTest, promptHigherThanItsRoom_keysScrollItAndHomeAndEndStayTheFields)
+{
+    params.message = {"testMessage", u"строка\n"_s.repeated(100)};
+    params.initialText = "77";
+    show([&] {
+        const auto* bar = root()->findChild<QScrollArea*>()->verticalScrollBar();
+        QTest::keyClick(field(), Qt::Key_PageDown);
+        EXPECT_EQ(bar->value(), bar->pageStep());
+        QTest::keyClick(field(), Qt::Key_Home);
+        EXPECT_EQ(field()->cursorPosition(), 0);
+        EXPECT_EQ(bar->value(), bar->pageStep());
+    });
+}
+
 TEST_F(TextInputFormTest, promptOfAnyLength_fitsTheSmallestScreenInBothModes)
 {
     params.message = {"testMessage", QString(10000, u'Ж')};
@@ -317,7 +332,7 @@ TEST_F(TextInputFormTest, promptOfAnyLength_fitsTheSmallestScreenInBothModes)
     qApp->setStyleSheet({});
 }
 
-/// A window of that size, in which forms stand as in the register's.
+/// A window of that size that shows forms as the register's window does.
 class Window : public QWidget, public FormStage
 {
 public:
@@ -344,7 +359,7 @@ private:
     std::unique_ptr<QWidget> m_layer;
 };
 
-TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWhollyVisibleOnEveryScreenInBothModes)
+TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWholeOnEveryScreenInBothModes)
 {
     const struct {
         QString text;

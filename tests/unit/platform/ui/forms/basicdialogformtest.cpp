@@ -37,7 +37,7 @@ protected:
     QWidget window;
 };
 
-TEST_F(BasicDialogFormTest, title_standsInTheLabelAndTheWindowTitle)
+TEST_F(BasicDialogFormTest, titleSet_isInTheLabelAndTheWindowTitle)
 {
     LayoutDialog form(writeLayout("a.ui", widget("QLabel", "titleLabel")));
     form.setTitle("Ввод карты");
@@ -45,14 +45,14 @@ TEST_F(BasicDialogFormTest, title_standsInTheLabelAndTheWindowTitle)
     EXPECT_EQ(form.rootWidget()->windowTitle(), "Ввод карты");
 }
 
-TEST_F(BasicDialogFormTest, customProperty_isAPropertyOfTheRoot)
+TEST_F(BasicDialogFormTest, customPropertySet_isAPropertyOfTheRoot)
 {
     LayoutDialog form(writeLayout("a.ui", ""));
     form.setCustomProperty("messageKind", "error");
     EXPECT_EQ(form.rootWidget()->property("messageKind"), "error");
 }
 
-TEST_F(BasicDialogFormTest, isModal)
+TEST_F(BasicDialogFormTest, newForm_isModal)
 {
     const LayoutDialog form(writeLayout("a.ui", ""));
     EXPECT_TRUE(form.isModalDialog());
@@ -68,7 +68,7 @@ TEST_F(BasicDialogFormTest, closed_isDismissed)
     EXPECT_EQ(dismissed, 1);
 }
 
-TEST_F(BasicDialogFormTest, shownInAWindow_standsInTheMiddleAlsoAfterTheWindowWasResized)
+TEST_F(BasicDialogFormTest, shownInAWindow_isInTheMiddleAlsoAfterTheWindowIsResized)
 {
     LayoutDialog form(writeLayout("a.ui", widget("QLabel", "titleLabel")));
     form.findWidget<QLabel>("titleLabel")->setMinimumSize(300, 100);
@@ -98,7 +98,7 @@ TEST_F(BasicDialogFormTest, clickBesideTheDialog_doesNotReachTheScreenBelow)
     EXPECT_EQ(hit->rect(), window.rect());
 }
 
-TEST_F(BasicDialogFormTest, takenOutOfTheWindow_theScreenBelowIsFreeAgain)
+TEST_F(BasicDialogFormTest, removedFromTheWindow_screenBelowTakesClicksAgain)
 {
     LayoutDialog form(writeLayout("a.ui", ""));
     enterWindow(form);
@@ -108,7 +108,7 @@ TEST_F(BasicDialogFormTest, takenOutOfTheWindow_theScreenBelowIsFreeAgain)
     EXPECT_EQ(window.childAt(5, 5), nullptr);
 }
 
-TEST_F(BasicDialogFormTest, formDestroyed_theScreenBelowIsFreeAgain)
+TEST_F(BasicDialogFormTest, formDestroyed_screenBelowTakesClicksAgain)
 {
     {
         LayoutDialog form(writeLayout("a.ui", ""));

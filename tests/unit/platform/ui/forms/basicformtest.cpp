@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QScroller>
 #include <QStandardItemModel>
 #include <QToolButton>
@@ -33,7 +34,7 @@ protected:
         form.show();
     }
 
-    /// The text of the exception that loading the layout throws.
+    /// The message of the exception that loading the layout throws.
     static tr::Tr loadFailure(const QString& layout)
     {
         try {
@@ -52,7 +53,7 @@ TEST_F(BasicFormTest, newForm_hasTheDialogContextAndNoRoot)
     EXPECT_EQ(form.rootWidget(), nullptr);
 }
 
-TEST_F(BasicFormTest, contextCodeSet_isGivenBack)
+TEST_F(BasicFormTest, contextCodeSet_isReturned)
 {
     LayoutForm form(writeLayout("a.ui", ""));
     form.setContextCode(EContext::StoredDocuments);
@@ -76,7 +77,7 @@ TEST_F(BasicFormTest, promotedClasses_areTheRealOnes)
     EXPECT_NE(form.findWidget<WrappedLabel>("text"), nullptr);
 }
 
-TEST_F(BasicFormTest, layoutInTwoFolders_theFirstFolderWins)
+TEST_F(BasicFormTest, layoutInTwoFolders_firstFolderWins)
 {
     const QTemporaryDir second;
     config.setForThisRun("GUI:layouts", layouts.path() + ':' + second.path());
@@ -90,7 +91,7 @@ TEST_F(BasicFormTest, layoutInTwoFolders_theFirstFolderWins)
     EXPECT_EQ(BasicForm::layoutPath("second.ui"), second.filePath("second.ui"));
 }
 
-TEST_F(BasicFormTest, platformLayout_isFoundUnlessTheIntegratorHasHisOwn)
+TEST_F(BasicFormTest, platformLayout_isFoundUnlessTheIntegratorHasOne)
 {
     EXPECT_EQ(BasicForm::layoutPath("message.ui"), ":/layouts/message.ui");
     writeLayout("message.ui", "");
@@ -161,6 +162,51 @@ TEST_F(BasicFormTest, requiredWidgetOfAnotherClass_throwsItsText)
     }
 }
 
+TEST_F(BasicFormTest, widgetOfAnotherClassLookedUpAgain_isReportedOnce)
+{
+    QStringList reported;
+    BasicForm::setUIErrorHandler([&](const tr::Tr& error) { reported.append(error.key()); });
+    LayoutForm form(writeLayout("a.ui", widget("QLineEdit", "chooseButton")));
+    for (int lookUp = 0; lookUp < 3; ++lookUp) {
+        EXPECT_EQ(form.findWidget<QPushButton>("chooseButton"), nullptr);
+    }
+    EXPECT_EQ(reported, QStringList("formUiWidgetCastError"));
+}
+
+TEST_F(BasicFormTest, widgetMissingLookedUpAgain_isReportedEachTime)
+{
+    QStringList reported;
+    BasicForm::setUIErrorHandler([&](const tr::Tr& error) { reported.append(error.key()); });
+    LayoutForm form(writeLayout("a.ui", ""));
+    form.findWidget<QLabel>("titleLabel");
+    form.findWidget<QLabel>("titleLabel");
+    EXPECT_EQ(reported, QStringList({"formUiWidgetNotFoundError", "formUiWidgetNotFoundError"}));
+}
+
+TEST_F(BasicFormTest, widgetOfAnotherClassWithAnAccessibleName_isReportedAllTheSame)
+{
+    LayoutForm form(writeLayout("a.ui", widget("QLineEdit", "table")));
+    form.setAccessibleNames({{"table", {"testTable", "Рецепты"}}});
+    EXPECT_THROW(form.findWidget<TalloTableView>("table"), BasicException);
+}
+
+TEST_F(BasicFormTest, textShown_isPlainWhateverTheLayoutSays)
+{
+    const QString isRichText = "<property name=\"textFormat\"><enum>Qt::RichText</enum></property>";
+    LayoutForm form(writeLayout("a.ui", widget("QLabel", "label", isRichText)));
+    ASSERT_EQ(form.findWidget<QLabel>("label")->textFormat(), Qt::RichText);
+    form.showText("label", "<b>Метформин</b>");
+    EXPECT_EQ(form.findWidget<QLabel>("label")->text(), "<b>Метформин</b>");
+    EXPECT_EQ(form.findWidget<QLabel>("label")->textFormat(), Qt::PlainText);
+}
+
+TEST_F(BasicFormTest, textShownInAMissingLabel_isReportedWhenTheLabelIsRequired)
+{
+    LayoutForm form(writeLayout("a.ui", ""));
+    EXPECT_NO_THROW(form.showText("label", "Метформин", false));
+    EXPECT_THROW(form.showText("label", "Метформин"), BasicException);
+}
+
 TEST_F(BasicFormTest, optionalWidgetMissingOrOfAnotherClass_isNull)
 {
     LayoutForm form(writeLayout("a.ui", widget("QPushButton", "button")));
@@ -213,7 +259,7 @@ TEST_F(BasicFormTest, setAccessibleNames_namesControlsAndPassesUnknownNamesOver)
     EXPECT_EQ(form.findWidget<QWidget>("choose")->accessibleName(), "Выбрать");
 }
 
-TEST_F(BasicFormTest, expectsScans_whenItsSourcesHoldTheScanner)
+TEST_F(BasicFormTest, inputSourcesWithTheScanner_formExpectsScans)
 {
     EXPECT_FALSE(BasicForm(nullptr).expectsScans()) << "without a root";
     const LayoutForm form(writeLayout("form.ui", widget("QLineEdit", "edit")));
@@ -227,7 +273,7 @@ TEST_F(BasicFormTest, expectsScans_whenItsSourcesHoldTheScanner)
     EXPECT_TRUE(form.expectsScans());
 }
 
-TEST_F(BasicFormTest, loadedAgain_theFormerWidgetsAreGone)
+TEST_F(BasicFormTest, loadedAgain_formerWidgetsAreGone)
 {
     LayoutForm form(writeLayout("a.ui", widget("QLabel", "first")));
     const QPointer<QLabel> first = form.findWidget<QLabel>("first");
@@ -237,7 +283,7 @@ TEST_F(BasicFormTest, loadedAgain_theFormerWidgetsAreGone)
     EXPECT_NE(form.findWidget<QLabel>("second", false), nullptr);
 }
 
-TEST_F(BasicFormTest, formDestroyed_takesItsRootAlong)
+TEST_F(BasicFormTest, formDestroyed_rootIsDestroyed)
 {
     QPointer<QWidget> root;
     {
@@ -252,7 +298,7 @@ const QString isDefault = u"<property name=\"default\"><bool>true</bool></proper
 const QString isDisabled = u"<property name=\"enabled\"><bool>false</bool></property>"_s;
 const QString focusOnEdit = u"<property name=\"initialFocus\" stdset=\"0\"><string>edit</string></property>"_s;
 
-TEST_F(BasicFormTest, shown_focusStandsOnTheWidgetThatTheLayoutNames)
+TEST_F(BasicFormTest, shown_focusIsOnTheWidgetThatTheLayoutNames)
 {
     LayoutForm form(
         writeLayout("a.ui", widget("QPushButton", "ok", isDefault) + widget("TalloLineEdit", "edit"), focusOnEdit));
@@ -260,7 +306,7 @@ TEST_F(BasicFormTest, shown_focusStandsOnTheWidgetThatTheLayoutNames)
     EXPECT_EQ(QApplication::focusWidget(), form.findWidget<TalloLineEdit>("edit"));
 }
 
-TEST_F(BasicFormTest, shownWithTheNamedWidgetDisabled_focusStandsOnTheDefaultButton)
+TEST_F(BasicFormTest, shownWithTheNamedWidgetDisabled_focusIsOnTheDefaultButton)
 {
     LayoutForm form(writeLayout("a.ui",
                                 widget("TalloLineEdit", "edit", isDisabled) + widget("QPushButton", "other") +
@@ -270,7 +316,7 @@ TEST_F(BasicFormTest, shownWithTheNamedWidgetDisabled_focusStandsOnTheDefaultBut
     EXPECT_EQ(QApplication::focusWidget(), form.findWidget<QPushButton>("ok"));
 }
 
-TEST_F(BasicFormTest, shownWithTheDefaultButtonDisabled_focusStandsOnTheFirstThatTakesIt)
+TEST_F(BasicFormTest, shownWithTheDefaultButtonDisabled_focusIsOnTheFirstWidgetThatTakesIt)
 {
     LayoutForm form(writeLayout("a.ui", widget("QLabel", "label") +
                                             widget("QPushButton", "ok", isDefault + isDisabled) +
@@ -281,14 +327,14 @@ TEST_F(BasicFormTest, shownWithTheDefaultButtonDisabled_focusStandsOnTheFirstTha
     EXPECT_EQ(QApplication::focusWidget(), form.findWidget<QPushButton>("back"));
 }
 
-TEST_F(BasicFormTest, shownWithNothingToFocus_keysComeToTheRoot)
+TEST_F(BasicFormTest, shownWithNothingToFocus_rootTakesTheKeys)
 {
     LayoutForm form(writeLayout("a.ui", widget("QLabel", "label")));
     showRoot(form);
     EXPECT_EQ(QApplication::focusWidget(), form.rootWidget());
 }
 
-TEST_F(BasicFormTest, escThatNobodyTakes_dismissesTheForm)
+TEST_F(BasicFormTest, escWithoutAFilter_dismissesTheForm)
 {
     LayoutForm form(writeLayout("a.ui", widget("TalloLineEdit", "edit")));
     int dismissed = 0;
@@ -348,7 +394,7 @@ TEST_F(ScrollButtonsTest, touched_moveTheCurrentRowAndLeaveTheFocusAlone)
     table->setModel(&rows);
     form.rootWidget()->resize(600, 600);
     showRoot(form);
-    form.show(); // a second time wires nothing twice
+    form.show(); // the second time connects nothing again
     table->selectRow(10);
 
     QTest::mouseClick(form.findWidget<QToolButton>("scrollDownButton"), Qt::LeftButton);
@@ -363,7 +409,7 @@ TEST_F(ScrollButtonsTest, touched_moveTheCurrentRowAndLeaveTheFocusAlone)
     EXPECT_EQ(QApplication::focusWidget(), form.findWidget<TalloLineEdit>("edit"));
 }
 
-TEST_F(ScrollButtonsTest, withoutTouchMode_areNotWired)
+TEST_F(ScrollButtonsTest, withoutTouchMode_areNotConnected)
 {
     LayoutForm form(layout);
     auto* table = form.findWidget<TalloTableView>("table");
@@ -372,6 +418,85 @@ TEST_F(ScrollButtonsTest, withoutTouchMode_areNotWired)
     table->selectRow(10);
     form.findWidget<QToolButton>("scrollDownButton")->click();
     EXPECT_EQ(table->currentIndex().row(), 10);
+}
+
+class ScrollKeysTest : public BasicFormTest
+{
+protected:
+    /// A scroll area with a text of that many lines, above two buttons.
+    QString writeScrolledText(int lines, const QString& moreWidgets = {})
+    {
+        const QString text = widget("QLabel", "text",
+                                    "<property name=\"text\"><string>" + QStringList(lines, "строка").join("\n") +
+                                        "</string></property>");
+        return writeLayout("scrolled.ui",
+                           "<item><widget class=\"QScrollArea\" name=\"area\"><property name=\"focusPolicy\">"
+                           "<enum>Qt::NoFocus</enum></property><property name=\"widgetResizable\"><bool>true</bool>"
+                           "</property><widget class=\"QWidget\" name=\"contents\"><layout class=\"QVBoxLayout\">" +
+                               text + "</layout></widget></widget></item>" + moreWidgets +
+                               widget("QPushButton", "first") + widget("QPushButton", "second"));
+    }
+};
+
+TEST_F(ScrollKeysTest, textHigherThanItsRoom_keysScrollItWhileAButtonHasTheFocus)
+{
+    LayoutForm form(writeScrolledText(200));
+    form.rootWidget()->resize(400, 300);
+    showRoot(form);
+    form.show(); // the second time connects nothing again
+    auto* button = form.findWidget<QPushButton>("first");
+    const auto* bar = form.findWidget<QScrollArea>("area")->verticalScrollBar();
+    ASSERT_GT(bar->maximum(), 2 * bar->pageStep());
+
+    QTest::keyClick(button, Qt::Key_PageDown);
+    EXPECT_EQ(bar->value(), bar->pageStep());
+    QTest::keyClick(button, Qt::Key_PageUp);
+    EXPECT_EQ(bar->value(), 0);
+    QTest::keyClick(button, Qt::Key_Down);
+    EXPECT_EQ(bar->value(), bar->singleStep());
+    QTest::keyClick(button, Qt::Key_Up);
+    EXPECT_EQ(bar->value(), 0);
+    QTest::keyClick(button, Qt::Key_End);
+    EXPECT_EQ(bar->value(), bar->maximum());
+    QTest::keyClick(button, Qt::Key_Home);
+    EXPECT_EQ(bar->value(), 0);
+    EXPECT_EQ(QApplication::focusWidget(), button);
+}
+
+TEST_F(ScrollKeysTest, wholeTextInSight_arrowsMoveTheFocus)
+{
+    LayoutForm form(writeScrolledText(1));
+    form.rootWidget()->resize(400, 300);
+    showRoot(form);
+    QTest::keyClick(form.findWidget<QPushButton>("first"), Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget(), form.findWidget<QPushButton>("second"));
+}
+
+TEST_F(ScrollKeysTest, textGrowsWhileItIsShown_keysScrollIt)
+{
+    LayoutForm form(writeScrolledText(1));
+    form.rootWidget()->resize(400, 300);
+    showRoot(form);
+    form.showText("text", QStringList(200, "строка").join('\n'));
+    const auto* bar = form.findWidget<QScrollArea>("area")->verticalScrollBar();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar->maximum() > 0; }));
+    QTest::keyClick(form.findWidget<QPushButton>("first"), Qt::Key_End);
+    EXPECT_EQ(bar->value(), bar->maximum());
+}
+
+TEST_F(ScrollKeysTest, formWithATable_keysMoveItsRows)
+{
+    QStandardItemModel rows(10, 1);
+    LayoutForm form(writeScrolledText(200, widget("TalloTableView", "table")));
+    auto* table = form.findWidget<TalloTableView>("table");
+    table->setModel(&rows);
+    form.rootWidget()->resize(400, 500);
+    showRoot(form);
+    table->setFocus();
+    table->selectRow(3);
+    QTest::keyClick(table, Qt::Key_Down);
+    EXPECT_EQ(table->currentIndex().row(), 4);
+    EXPECT_EQ(form.findWidget<QScrollArea>("area")->verticalScrollBar()->value(), 0);
 }
 
 TEST_F(BasicFormTest, scrollAreaInTouchMode_followsTheFinger)

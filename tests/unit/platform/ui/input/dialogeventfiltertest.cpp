@@ -129,7 +129,7 @@ TEST_F(DialogEventFilterTest, enterOnTheDefaultButton_clicksItOnce)
     EXPECT_EQ(oks, 0);
 }
 
-TEST_F(DialogEventFilterTest, returnWhenNobodyListensToOk_clicksTheDefaultButton)
+TEST_F(DialogEventFilterTest, returnWithOkNotConnected_clicksTheDefaultButton)
 {
     handOver();
     listenToCancel();
@@ -148,7 +148,7 @@ TEST_F(DialogEventFilterTest, returnWithADisabledDefaultButton_doesNothing)
     EXPECT_EQ(backClicks, 0);
 }
 
-TEST_F(DialogEventFilterTest, returnWithTwoDefaultButtons_clicksTheOneThatIsPossible)
+TEST_F(DialogEventFilterTest, returnWithTwoDefaultButtons_clicksTheEnabledOne)
 {
     back->setDefault(true);
     for (QPushButton* impossible : {choose, back}) {
@@ -172,7 +172,7 @@ TEST_F(DialogEventFilterTest, returnHeldDown_doesNothing)
     EXPECT_EQ(oks + backClicks + chooseClicks, 0);
 }
 
-TEST_F(DialogEventFilterTest, esc_isCancelWhereverTheFocusStands)
+TEST_F(DialogEventFilterTest, esc_isCancelWhereverTheFocusIs)
 {
     handOver();
     listenToCancel();
@@ -195,7 +195,7 @@ TEST_F(DialogEventFilterTest, escHeldDown_doesNothing)
     EXPECT_EQ(dismissals, 0);
 }
 
-TEST_F(DialogEventFilterTest, escAndCloseWhenNobodyListensToCancel_dismissTheForm)
+TEST_F(DialogEventFilterTest, escAndCloseWithCancelNotConnected_dismissTheForm)
 {
     handOver();
     press(edit, Qt::Key_Escape);
@@ -294,7 +294,7 @@ TEST_F(DialogEventFilterTest, doubleClickOnARow_isOk)
     EXPECT_EQ(table->currentIndex().row(), 1);
 }
 
-TEST_F(DialogEventFilterTest, widgetsTakenAway_areLeftAlone)
+TEST_F(DialogEventFilterTest, widgetsRemoved_areLeftAlone)
 {
     handOver();
     listenToOk();
@@ -307,7 +307,7 @@ TEST_F(DialogEventFilterTest, widgetsTakenAway_areLeftAlone)
     EXPECT_EQ(oks, 0);
 }
 
-TEST_F(DialogEventFilterTest, widgetsDestroyed_theOthersGoOn)
+TEST_F(DialogEventFilterTest, widgetsDestroyed_othersStillWork)
 {
     handOver();
     listenToOk();

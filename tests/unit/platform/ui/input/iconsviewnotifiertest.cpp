@@ -9,7 +9,7 @@
 namespace
 {
 
-TEST(IconsViewNotifierTest, layoutSwitchedOnTheKeyboard_isToldWithItsSource)
+TEST(IconsViewNotifierTest, layoutSwitchedOnTheKeyboard_isReportedWithItsSource)
 {
     IconsViewNotifier notifier;
     TalloKeyboard keyboard;
@@ -26,7 +26,7 @@ TEST(IconsViewNotifierTest, layoutSwitchedOnTheKeyboard_isToldWithItsSource)
     EXPECT_EQ(source, &keyboard);
 }
 
-TEST(IconsViewNotifierTest, nullEvent_isPassedOver)
+TEST(IconsViewNotifierTest, nullEvent_isIgnored)
 {
     IconsViewNotifier notifier;
     bool isTold = false;

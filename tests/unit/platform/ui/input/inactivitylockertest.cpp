@@ -28,7 +28,7 @@ TEST_F(InactivityLockerTest, notConfigured_neverLocks)
     EXPECT_FALSE(timer().isActive());
 }
 
-TEST_F(InactivityLockerTest, timeRunOut_locksOnce)
+TEST_F(InactivityLockerTest, timeOver_locksOnce)
 {
     config.setForThisRun("GUI:inactivityLockSeconds", "1");
     locker.start();
@@ -37,7 +37,7 @@ TEST_F(InactivityLockerTest, timeRunOut_locksOnce)
     EXPECT_FALSE(timer().isActive());
 }
 
-TEST_F(InactivityLockerTest, keyOrClick_beginsTheTimeAnew)
+TEST_F(InactivityLockerTest, keyOrClick_startsTheTimeAgain)
 {
     config.setForThisRun("GUI:inactivityLockSeconds", "3600");
     locker.start();
@@ -51,7 +51,7 @@ TEST_F(InactivityLockerTest, keyOrClick_beginsTheTimeAnew)
     }
 }
 
-TEST_F(InactivityLockerTest, lockedOnce_aKeyBeginsTheTimeAnew)
+TEST_F(InactivityLockerTest, keyAfterTheLock_startsTheTimeAgain)
 {
     config.setForThisRun("GUI:inactivityLockSeconds", "1");
     locker.start();

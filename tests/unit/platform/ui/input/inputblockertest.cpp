@@ -31,7 +31,7 @@ protected:
         edit.setFocus();
     }
 
-    /// As the window system does: a key that waits in the event queue.
+    /// Posts a key as the window system does: it waits in the event queue.
     void postKey(Qt::Key key, const QString& text)
     {
         QCoreApplication::postEvent(&edit, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, text));
@@ -58,7 +58,7 @@ TEST_F(InputBlockerTest, whileOneExists_keysAndClicksAreThrownAway)
     EXPECT_EQ(clicks, 0);
 }
 
-TEST_F(InputBlockerTest, afterwards_inputComesThrough)
+TEST_F(InputBlockerTest, afterwards_inputIsDelivered)
 {
     {
         const InputBlocker blocker;
@@ -96,7 +96,7 @@ TEST_F(InputBlockerTest, shortcuts_areThrownAway)
     EXPECT_EQ(triggered, 1);
 }
 
-TEST_F(InputBlockerTest, nested_theOutermostEndsIt)
+TEST_F(InputBlockerTest, nested_outermostEndsIt)
 {
     auto outer = std::make_unique<InputBlocker>();
     {
@@ -117,7 +117,7 @@ TEST_F(InputBlockerTest, timersAndPainting_goOn)
     EXPECT_TRUE(QTest::qWaitFor([&] { return fired; }, 5000));
 }
 
-TEST_F(InputBlockerTest, paused_inputComesThrough_thenNotAgain)
+TEST_F(InputBlockerTest, paused_inputIsDeliveredUntilThePauseEnds)
 {
     const InputBlocker blocker;
     {
@@ -164,7 +164,7 @@ TEST_F(InputBlockerTest, pauseWithoutABlocker_changesNothing)
     EXPECT_EQ(edit.text(), "1");
 }
 
-TEST_F(InputBlockerTest, windowClosedMeanwhile_closesAfterwards)
+TEST_F(InputBlockerTest, windowClosed_closesAfterwards)
 {
     {
         const InputBlocker blocker;

@@ -36,7 +36,7 @@ TEST_F(RegisterStyleTest, focusRings_standOutFromWhatTheySurround)
     EXPECT_GE(RegisterColours::contrast(colours.text, colours.ground), 3.0);
 }
 
-TEST_F(RegisterStyleTest, placeholder_isReadAsWellAsAHint)
+TEST_F(RegisterStyleTest, placeholder_isAsReadableAsAHint)
 {
     applyRegisterStyle(*qApp, 600);
     TalloLineEdit edit;
@@ -45,7 +45,7 @@ TEST_F(RegisterStyleTest, placeholder_isReadAsWellAsAHint)
     EXPECT_EQ(edit.palette().color(QPalette::Text), RegisterColours().text);
 }
 
-TEST_F(RegisterStyleTest, scrollBar_whatIsDraggedStandsOutFromWhereItIsDragged)
+TEST_F(RegisterStyleTest, scrollBar_handleStandsOutFromItsGround)
 {
     for (const bool touch : {false, true}) {
         qApp->setStyleSheet(registerStyleSheet(touch, 12));
@@ -98,7 +98,7 @@ TEST_F(RegisterStyleTest, typeGrowsWithTheWindow_headingsToo)
     }
 }
 
-TEST_F(RegisterStyleTest, largerType_standsSoFarAboveTheTextOnEveryWindow)
+TEST_F(RegisterStyleTest, largerType_isAsMuchLargerThanTheTextInEveryWindow)
 {
     const std::tuple<const char*, const char*, int> sizes[] = {
         {"textSize", "title", 4}, {"textSize", "amount", 8}, {"textSize", "sum", 16}, {"textRole", "done", 4}};
@@ -114,7 +114,7 @@ TEST_F(RegisterStyleTest, largerType_standsSoFarAboveTheTextOnEveryWindow)
     }
 }
 
-TEST_F(RegisterStyleTest, stylePropertySet_widgetIsDressedAnew)
+TEST_F(RegisterStyleTest, stylePropertySet_styleSheetIsAppliedAgain)
 {
     applyRegisterStyle(*qApp, 600);
     QLabel label("Код не подходит");

@@ -42,12 +42,12 @@ protected:
     QAbstractItemModelTester tester;
 };
 
-TEST_F(ComplexFilterProxyModelTest, noFilter_everyRow)
+TEST_F(ComplexFilterProxyModelTest, noFilter_everyRowIsShown)
 {
     EXPECT_EQ(proxy.rowCount(), 4);
 }
 
-TEST_F(ComplexFilterProxyModelTest, contains_whateverTheCaseInCyrillicToo)
+TEST_F(ComplexFilterProxyModelTest, contains_ignoresTheCaseAlsoInCyrillic)
 {
     proxy.addFilter(0, "АЦЕТ", ComplexFilterProxyModel::Contains);
     EXPECT_EQ(names(), QStringList({"Парацетамол", "Ацетилсалициловая кислота", "парацетамол и кофеин"}));
@@ -59,7 +59,7 @@ TEST_F(ComplexFilterProxyModelTest, filterMode1_isContains)
     EXPECT_EQ(names(), QStringList("парацетамол и кофеин"));
 }
 
-TEST_F(ComplexFilterProxyModelTest, startsWith_whateverTheCase)
+TEST_F(ComplexFilterProxyModelTest, startsWith_ignoresTheCase)
 {
     proxy.addFilter(0, "пара", ComplexFilterProxyModel::StartsWith);
     EXPECT_EQ(names(), QStringList({"Парацетамол", "парацетамол и кофеин"}));
@@ -67,7 +67,7 @@ TEST_F(ComplexFilterProxyModelTest, startsWith_whateverTheCase)
     EXPECT_EQ(names(), QStringList());
 }
 
-TEST_F(ComplexFilterProxyModelTest, equals_theWholeTextWhateverTheCase)
+TEST_F(ComplexFilterProxyModelTest, equals_comparesTheWholeTextAndIgnoresTheCase)
 {
     proxy.addFilter(0, "ПАРАЦЕТАМОЛ", ComplexFilterProxyModel::Equals);
     EXPECT_EQ(names(), QStringList("Парацетамол"));
@@ -80,14 +80,14 @@ TEST_F(ComplexFilterProxyModelTest, newFilterOfAColumn_replacesItsOldOne)
     EXPECT_EQ(names(), QStringList("Ацетилсалициловая кислота"));
 }
 
-TEST_F(ComplexFilterProxyModelTest, emptyText_takesTheColumnsFilterAway)
+TEST_F(ComplexFilterProxyModelTest, emptyText_removesTheColumnsFilter)
 {
     proxy.addFilter(0, "ибу", ComplexFilterProxyModel::Contains);
     proxy.addFilter(0, "", ComplexFilterProxyModel::Contains);
     EXPECT_EQ(proxy.rowCount(), 4);
 }
 
-TEST_F(ComplexFilterProxyModelTest, filtersOfTwoColumns_bothHold)
+TEST_F(ComplexFilterProxyModelTest, filtersOfTwoColumns_bothApply)
 {
     proxy.addFilter(0, "парацетамол", ComplexFilterProxyModel::Contains);
     proxy.addFilter(1, "be51", ComplexFilterProxyModel::Contains);
@@ -114,7 +114,7 @@ TEST_F(ComplexFilterProxyModelTest, columnThatDoesNotExist_letsNoRowPass)
     EXPECT_EQ(proxy.rowCount(), 0);
 }
 
-TEST_F(ComplexFilterProxyModelTest, rowChangedInTheSource_isFilteredAnew)
+TEST_F(ComplexFilterProxyModelTest, rowChangedInTheSource_isFilteredAgain)
 {
     proxy.addFilter(0, "ибу", ComplexFilterProxyModel::Contains);
     source.item(0, 0)->setText("Ибупрофен форте");

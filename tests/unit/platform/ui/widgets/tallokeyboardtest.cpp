@@ -125,7 +125,7 @@ TEST_F(TalloKeyboardTest, shiftTouchedTwice_isOff)
     EXPECT_EQ(edit.text(), "q");
 }
 
-TEST_F(TalloKeyboardTest, layoutKey_goesRoundTheLayouts)
+TEST_F(TalloKeyboardTest, layoutKey_switchesBetweenTheLayouts)
 {
     keyboard.setKeyboardLayouts("ru, en,digits");
     EXPECT_EQ(keyboard.keyboardLayouts(), QStringList({"ru", "en", "digits"}));
@@ -170,7 +170,7 @@ TEST_F(TalloKeyboardTest, oneLayout_hasNoLayoutKey)
     EXPECT_EQ(key("layout"), nullptr);
 }
 
-TEST_F(TalloKeyboardTest, unknownLayouts_arePassedOver_noneLeftIsEnglish)
+TEST_F(TalloKeyboardTest, unknownLayouts_arePassedOverAndEnglishIsLeft)
 {
     keyboard.setKeyboardLayouts("xx,ru,,yy");
     EXPECT_EQ(keyboard.keyboardLayouts(), QStringList("ru"));
@@ -180,7 +180,7 @@ TEST_F(TalloKeyboardTest, unknownLayouts_arePassedOver_noneLeftIsEnglish)
     EXPECT_EQ(keyboard.keyboardLayouts(), QStringList("en"));
 }
 
-TEST_F(TalloKeyboardTest, keyPressed_isToldAfterTheKeyWasDelivered)
+TEST_F(TalloKeyboardTest, keyDelivered_keyPressedIsEmittedAfterwards)
 {
     QStringList texts;
     QObject::connect(&keyboard, &TalloKeyboard::keyPressed, [&] { texts.append(edit.text()); });
@@ -189,7 +189,7 @@ TEST_F(TalloKeyboardTest, keyPressed_isToldAfterTheKeyWasDelivered)
     EXPECT_EQ(texts, QStringList({"1", "12"}));
 }
 
-TEST_F(TalloKeyboardTest, nothingFocused_noKeyIsTold)
+TEST_F(TalloKeyboardTest, nothingFocused_keyPressedIsNotEmitted)
 {
     edit.clearFocus();
     bool isTold = false;
@@ -230,7 +230,7 @@ TEST_F(TalloKeyboardTest, keys_areForFingersInEveryLayoutAndStyle)
     qApp->setStyleSheet({});
 }
 
-/// Deletes what it watches at the first key.
+/// Deletes the widget that it watches at the first key.
 class Closer : public QObject
 {
 public:
@@ -244,18 +244,18 @@ public:
     }
 };
 
-TEST_F(TalloKeyboardTest, fieldGoneWithTheKey_theKeyIsToldAllTheSame)
+TEST_F(TalloKeyboardTest, fieldDestroyedByTheKey_keyPressedIsEmittedAllTheSame)
 {
     Closer closer;
     const QPointer<TalloLineEdit> doomed = new TalloLineEdit(&window);
     doomed->show();
     doomed->setFocus();
     doomed->installEventFilter(&closer);
-    int told = 0;
-    QObject::connect(&keyboard, &TalloKeyboard::keyPressed, [&] { ++told; });
+    int reported = 0;
+    QObject::connect(&keyboard, &TalloKeyboard::keyPressed, [&] { ++reported; });
     touch("1");
     EXPECT_TRUE(doomed.isNull());
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(reported, 1);
     EXPECT_EQ(edit.text(), "");
 }
 

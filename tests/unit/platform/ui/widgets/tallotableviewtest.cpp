@@ -56,7 +56,7 @@ protected:
     TalloTableView view;
 };
 
-TEST_F(TalloTableViewTest, columns_areGivenBackAsTheyWereGiven)
+TEST_F(TalloTableViewTest, columnsSet_areReturnedUnchanged)
 {
     const QStringList columns{"name;МНН;-1;true;128", " code;;-2;true;128", " broken"};
     view.setModel(&model);
@@ -64,7 +64,7 @@ TEST_F(TalloTableViewTest, columns_areGivenBackAsTheyWereGiven)
     EXPECT_EQ(view.columns(), columns);
 }
 
-TEST_F(TalloTableViewTest, minusOne_takesTheRoomThatIsLeft)
+TEST_F(TalloTableViewTest, widthMinusOne_takesTheRoomThatIsLeft)
 {
     view.setModel(&model);
     view.setColumns({"a;;-1;true;128", "b;;100;true;128", "c;;100;true;128", "d;;100;true;128"});
@@ -84,7 +84,7 @@ TEST_F(TalloTableViewTest, twoColumnsWithMinusOne_shareTheRoom)
     EXPECT_EQ(view.columnWidth(0) + view.columnWidth(1), view.viewport()->width() - 200);
 }
 
-TEST_F(TalloTableViewTest, minusTwo_fitsTheContentsAndFollowsThem)
+TEST_F(TalloTableViewTest, widthMinusTwo_fitsTheContentsAndFollowsThem)
 {
     model.item(0, 1)->setText("ячейка пошире других");
     view.setModel(&model);
@@ -96,7 +96,7 @@ TEST_F(TalloTableViewTest, minusTwo_fitsTheContentsAndFollowsThem)
     EXPECT_TRUE(QTest::qWaitFor([&] { return view.columnWidth(2) > before; }, 5000));
 }
 
-TEST_F(TalloTableViewTest, minusTwoWithAnEndlessText_leavesRoomForTheOthers)
+TEST_F(TalloTableViewTest, widthMinusTwoWithAnEndlessText_leavesRoomForTheOthers)
 {
     model.item(0, 1)->setText(QString(10000, u'Ж'));
     view.setModel(&model);
@@ -106,7 +106,7 @@ TEST_F(TalloTableViewTest, minusTwoWithAnEndlessText_leavesRoomForTheOthers)
     EXPECT_GT(view.columnWidth(0), 100);
 }
 
-TEST_F(TalloTableViewTest, pixels_areTheWidth)
+TEST_F(TalloTableViewTest, widthInPixels_isUsed)
 {
     view.setModel(&model);
     view.setColumns({"a;;150;true;128", "b;;70;true;128"});
@@ -124,7 +124,7 @@ TEST_F(TalloTableViewTest, notShown_isHidden)
     EXPECT_FALSE(view.isColumnHidden(0));
 }
 
-TEST_F(TalloTableViewTest, alignment_isThatOfTheCells)
+TEST_F(TalloTableViewTest, alignment_appliesToTheCells)
 {
     view.setModel(&model);
     view.setColumns({"a;;-1;true;128", " b;;-2;true;132", "c;;-2;true;130"});
@@ -133,7 +133,7 @@ TEST_F(TalloTableViewTest, alignment_isThatOfTheCells)
     EXPECT_EQ(alignmentOf(2), Qt::AlignVCenter | Qt::AlignRight);
 }
 
-TEST_F(TalloTableViewTest, alignmentWithoutAHorizontalPart_onlyNumbersWithDecimalsStandAtTheRight)
+TEST_F(TalloTableViewTest, alignmentWithoutAHorizontalPart_onlyNumbersWithDecimalsAreAtTheRight)
 {
     view.setModel(&model);
     view.setColumns({"a;;-1;true;128"});
@@ -146,30 +146,28 @@ TEST_F(TalloTableViewTest, alignmentWithoutAHorizontalPart_onlyNumbersWithDecima
     }
 }
 
-TEST_F(TalloTableViewTest, caption_isShownInsteadOfTheModels_emptyLeavesTheModels)
+TEST_F(TalloTableViewTest, captionInTheText_headerShowsTheModelsAllTheSame)
 {
     view.setModel(&model);
     show();
-    view.setColumns({"a;;150;true;128", "b;;150;true;128", "c;;150;true;128", "d;;150;true;128"});
+    view.setColumns({"a;;150;true;128", "b;;150;true;128"});
     const QImage own = header();
-    view.setColumns({"a;Иной;150;true;128", "b;;150;true;128", "c;;150;true;128", "d;;150;true;128"});
-    const QImage captioned = header();
-    EXPECT_NE(captioned.copy(0, 0, 150, captioned.height()), own.copy(0, 0, 150, own.height()));
-    EXPECT_EQ(captioned.copy(150, 0, 300, captioned.height()), own.copy(150, 0, 300, own.height()));
+    view.setColumns({"a;Иной;150;true;128", "b;;150;true;128"});
+    EXPECT_EQ(header(), own);
     model.setHeaderData(0, Qt::Horizontal, "Иной");
-    view.setColumns({"a;;150;true;128"});
-    EXPECT_EQ(header(), captioned);
+    EXPECT_NE(header(), own);
 }
 
-TEST_F(TalloTableViewTest, longCaption_widensAFittingColumn)
+TEST_F(TalloTableViewTest, longCaptionOfTheModel_widensAFittingColumn)
 {
+    model.setHeaderData(1, Qt::Horizontal, "Заголовок пошире содержимого");
     view.setModel(&model);
-    view.setColumns({"a;;-2;true;128", "b;Заголовок пошире содержимого;-2;true;128"});
+    view.setColumns({"a;;-2;true;128", "b;;-2;true;128"});
     show();
     EXPECT_GT(view.columnWidth(1), view.columnWidth(0) + 50);
 }
 
-TEST_F(TalloTableViewTest, itemThatDoesNotRead_leavesItsColumnAsItWas)
+TEST_F(TalloTableViewTest, textOfAnotherForm_leavesItsColumnAsItWas)
 {
     view.setModel(&model);
     view.setColumns({"a;;150;true;128"});
@@ -182,7 +180,7 @@ TEST_F(TalloTableViewTest, itemThatDoesNotRead_leavesItsColumnAsItWas)
     }
 }
 
-TEST_F(TalloTableViewTest, moreItemsThanColumns_areKeptForALaterModel)
+TEST_F(TalloTableViewTest, moreTextsThanColumns_areKeptForALaterModel)
 {
     QStandardItemModel narrow(1, 1);
     view.setModel(&narrow);
@@ -192,7 +190,7 @@ TEST_F(TalloTableViewTest, moreItemsThanColumns_areKeptForALaterModel)
     EXPECT_EQ(view.columnWidth(1), 70);
 }
 
-TEST_F(TalloTableViewTest, columnsSetBeforeTheModel_hold)
+TEST_F(TalloTableViewTest, columnsSetBeforeTheModel_applyToIt)
 {
     view.setColumns({"a;;150;true;128", "b;;70;false;128"});
     view.setModel(&model);
@@ -213,7 +211,7 @@ TEST_F(TalloTableViewTest, rowClicked_isCurrentAsAWholeAndAlone)
     EXPECT_EQ(selected.first().row(), 3);
 }
 
-TEST_F(TalloTableViewTest, tab_leavesTheTable)
+TEST_F(TalloTableViewTest, tabKey_leavesTheTable)
 {
     EXPECT_FALSE(view.tabKeyNavigation());
 }
@@ -238,7 +236,7 @@ protected:
     }
     ~TextColourTest() override { qApp->setStyleSheet(formerStyleSheet); }
 
-    /// The darkest colour across a cell of the selected row, whose text is full blocks: their edges are paler.
+    /// The darkest colour across a cell of the selected row. Its text is full blocks, whose edges are paler.
     QColor drawnWhenSelected(const QColor& colour)
     {
         model.item(0, 0)->setText(QString(30, QChar(0x2588)));
@@ -312,7 +310,7 @@ TEST_F(ToolTipTest, modelsOwnToolTip_isShown)
     EXPECT_EQ(toolTipAt(0, 0), "своя подсказка");
 }
 
-/// Counts how often a view looks at its cells.
+/// Remembers the rows that a view reads.
 class CountingModel : public QAbstractTableModel
 {
 public:
@@ -329,7 +327,7 @@ public:
     mutable QSet<int> looks;
 };
 
-TEST_F(TalloTableViewTest, tenThousandRows_onlyTheFirstOnesAreLookedAt)
+TEST_F(TalloTableViewTest, tenThousandRows_onlyTheFirstOnesAreRead)
 {
     CountingModel many;
     QAbstractItemModelTester manyTester(&many, QAbstractItemModelTester::FailureReportingMode::Fatal);

@@ -21,12 +21,12 @@ TEST(WrappedLabelTest, wordOfTenThousandLetters_widensNothingAndGrowsInHeight)
     EXPECT_GT(label.heightForWidth(600), 50 * oneLine);
 }
 
-/// One letter is one code point, or a letter with its accent.
+/// A letter is one code point, or a code point with its accent.
 class LongWord : public ::testing::TestWithParam<const char*>
 {
 };
 
-TEST_P(LongWord, isDrawnAsItsLettersOnFullLines)
+TEST_P(LongWord, drawn_fillsItsLines)
 {
     const QString line = QString(GetParam()).repeated(20);
     WrappedLabel lines;
@@ -60,7 +60,7 @@ TEST(WrappedLabelTest, shortText_asksForItsOwnWidth)
     EXPECT_EQ(label.heightForWidth(label.sizeHint().width()), label.sizeHint().height());
 }
 
-TEST(WrappedLabelTest, markup_isDrawnAsItStands)
+TEST(WrappedLabelTest, markup_isDrawnLiterally)
 {
     WrappedLabel literal;
     literal.setText("<b>x</b>");
@@ -106,7 +106,7 @@ TEST(WrappedLabelTest, askedAndPaintedAgain_theTextIsBrokenOnceForEachWidth)
     EXPECT_EQ(label.broken, 2);
 }
 
-TEST(WrappedLabelTest, anotherTextOrFont_isBrokenAnew)
+TEST(WrappedLabelTest, anotherTextOrFont_isBrokenAgain)
 {
     CountingLabel label;
     label.setText("а\nб");
