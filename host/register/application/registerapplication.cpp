@@ -119,12 +119,13 @@ std::optional<StartupFailure> RegisterApplication::readOpenDocument()
 {
     const OpenDocumentFile store(m_commandLine.dataFolder);
     m_savedDocument = store.load();
-    if (!m_savedDocument.isInTheWay()) {
+    if (m_savedDocument || !m_savedDocument.error().isInTheWay()) {
         return std::nullopt;
     }
     return StartupFailure{exitstatus::damagedDocumentInTheWay,
-                          u"The saved receipt "_s + store.file() + u" is damaged: "_s + m_savedDocument.damage +
-                              u"\nIt cannot be set aside, and the next receipt would overwrite it. "
+                          u"The saved document "_s + store.file() + u" is damaged: "_s +
+                              m_savedDocument.error().failure.detail +
+                              u"\nIt cannot be set aside, and the next document would overwrite it. "
                               "Move it away, or name another folder with --data DIR"_s};
 }
 
@@ -207,7 +208,7 @@ void RegisterApplication::resumeWork()
     }
     m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
     showPlugins();
-    m_till->restore(std::exchange(m_savedDocument, {}));
+    m_till->restore(std::exchange(m_savedDocument, QSharedPointer<Document>()));
     if (m_till->document()) {
         m_window->statusLine().showWarning(documentwords::restored(*m_till->document()));
     }

@@ -48,7 +48,7 @@ private:
 
     CommandLine m_commandLine;
     std::unique_ptr<QLockFile> m_lockFile;
-    OpenDocumentFile::Loaded m_savedDocument;
+    OpenDocumentFile::Loaded m_savedDocument = QSharedPointer<Document>();
     MessageCatalogues m_messages;
     GoodsCatalogue m_catalogue;
     LongWork m_longWork;

@@ -228,7 +228,7 @@ EContext::Result DocumentCommands::voidFrame(const control::Action& action,
         if (result == EContext::GoOn) {
             result = m_till.voidDocument(document) ? EContext::GoOn : EContext::Stop;
         } else {
-            m_till.archive().save(document);
+            m_till.archive().saveOrShow(document);
         }
     });
     return result;

@@ -95,7 +95,7 @@ private:
     bool end(Document::State state, Kopecks received, EActivityListener::Event event);
     bool writeBackToSale() const;
     void notifyRestored();
-    void showDamage(const OpenDocumentFile::Loaded& loaded) const;
+    void showDamage(const DamagedDocumentFile& damaged) const;
 
     OpenDocumentFile m_store;
     DocumentArchive m_archive;

@@ -306,7 +306,7 @@ protected:
             ending.voided = ending.finished;
         }
         document->setEnding(ending);
-        ASSERT_TRUE(archive.save(document));
+        ASSERT_TRUE(archive.saveOrShow(document));
     }
     void printInterrupted() const { ReceiptPrinter(folder.path(), marks).printInterrupted(archive); }
 
