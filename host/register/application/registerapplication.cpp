@@ -184,7 +184,7 @@ void RegisterApplication::openWindow()
     m_commands = std::make_unique<RegisterCommands>(*m_till, m_catalogue);
     m_commands->offer(*controller);
     m_printer = std::make_unique<ReceiptPrinter>(m_commandLine.dataFolder, m_marks);
-    m_till->setPrinting([this](const Document& document) { m_printer->print(document); });
+    m_till->setPrinting([this](const Document& document) { m_printer->printOrShow(document); });
     m_documentCommands = std::make_unique<DocumentCommands>(*m_till, *m_printer, m_marks);
     m_documentCommands->offer(*controller);
     m_menuCommands = std::make_unique<MenuCommands>(*m_till, configuredMenuEntries(*config));

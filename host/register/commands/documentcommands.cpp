@@ -236,13 +236,13 @@ EContext::Result DocumentCommands::voidFrame(const control::Action& action,
 
 QString DocumentCommands::print(const Document& document) const
 {
-    const QString file = m_printer.printAgain(document);
-    if (file.isEmpty()) {
+    const std::optional<QString> file = m_printer.printAgainOrShow(document);
+    if (!file) {
         return {};
     }
     return tr::Tr(u"documentPrinted"_s, u"Документ № %1 напечатан: %2"_s)
         .arg(QString::number(document.getNumber()))
-        .arg(file)
+        .arg(*file)
         .ui();
 }
 
