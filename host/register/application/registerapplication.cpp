@@ -146,7 +146,10 @@ void RegisterApplication::configureThisRun()
         config->setForThisRun(u"Database:name"_s, data.filePath(u"goods.sqlite"_s));
     }
     if (m_commandLine.demoData || config->getBool(u"Register:demoData"_s)) {
-        createDemoGoods(config->getString(u"Database:name"_s));
+        if (const auto created = createDemoGoods(config->getString(u"Database:name"_s)); !created) {
+            Log4Qt::LogManager::logger(u"register"_s)
+                ->error(u"The demo goods were not created: "_s + created.error().detail);
+        }
     }
 }
 
