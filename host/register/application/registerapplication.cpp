@@ -158,14 +158,14 @@ std::optional<StartupFailure> RegisterApplication::readScenario()
     if (m_commandLine.scenario.isEmpty()) {
         return std::nullopt;
     }
-    const ScenarioFile scenario = ScenarioFile::read(m_commandLine.scenario);
-    if (!scenario.error.isEmpty()) {
-        return StartupFailure{exitstatus::noScenario, u"The scenario cannot be played: "_s + scenario.error};
+    const Expected<QList<ScenarioStep>> steps = ::readScenario(m_commandLine.scenario);
+    if (!steps) {
+        return StartupFailure{exitstatus::noScenario, u"The scenario cannot be played: "_s + steps.error().detail};
     }
     if (!QDir().mkpath(m_commandLine.screenshots)) {
         return StartupFailure{exitstatus::noScenario, u"No folder for pictures: "_s + m_commandLine.screenshots};
     }
-    m_player = std::make_unique<ScenarioPlayer>(scenario.steps, m_commandLine.screenshots, m_commandLine.dataFolder);
+    m_player = std::make_unique<ScenarioPlayer>(*steps, m_commandLine.screenshots, m_commandLine.dataFolder);
     return std::nullopt;
 }
 
