@@ -51,7 +51,7 @@ std::optional<StartupFailure> RegisterApplication::start()
     if (auto failure = readConfiguration()) {
         return failure;
     }
-    if (auto failure = takeDataFolder()) {
+    if (auto failure = lockDataFolder()) {
         return failure;
     }
     if (auto failure = readOpenDocument()) {
@@ -70,11 +70,11 @@ std::optional<StartupFailure> RegisterApplication::start()
 
 int RegisterApplication::run()
 {
-    int status = m_player ? exitstatus::scenarioFailed : exitstatus::done; // until the scenario has been played
+    int status = m_player ? exitstatus::scenarioFailed : exitstatus::done; // also when the window is closed early
     QTimer::singleShot(0, m_window.get(), [this] { resumeWork(); });
     if (m_player) {
-        QObject::connect(m_player.get(), &ScenarioPlayer::finished, m_window.get(), [this, &status](bool held) {
-            status = held ? exitstatus::done : exitstatus::scenarioFailed;
+        QObject::connect(m_player.get(), &ScenarioPlayer::finished, m_window.get(), [this, &status](bool passed) {
+            status = passed ? exitstatus::done : exitstatus::scenarioFailed;
             m_window->close();
         });
     }
@@ -90,11 +90,11 @@ std::optional<StartupFailure> RegisterApplication::readConfiguration()
                                                                config->errorText() +
                                                                u"\nName an INI file with --config FILE.ini"_s};
     }
-    Singleton<Config>::instance = config.release(); // lives as long as the process, as plug-ins do
+    Singleton<Config>::instance = config.release(); // lives as long as the process, like the plug-ins
     return std::nullopt;
 }
 
-std::optional<StartupFailure> RegisterApplication::takeDataFolder()
+std::optional<StartupFailure> RegisterApplication::lockDataFolder()
 {
     const QString folder = QDir(m_commandLine.dataFolder).absolutePath();
     const QString advice = u"\nName a folder that exists and can be written to with --data DIR"_s;
@@ -106,7 +106,7 @@ std::optional<StartupFailure> RegisterApplication::takeDataFolder()
                                                             probe.errorString() + advice};
     }
     m_lockFile = std::make_unique<QLockFile>(folder + u"/register.lock"_s);
-    m_lockFile->setStaleLockTime(0); // a lock is stale only when its process is gone, however old it is
+    m_lockFile->setStaleLockTime(0); // only a lock whose process is gone is stale, whatever its age
     if (!m_lockFile->tryLock(0)) {
         return StartupFailure{exitstatus::alreadyRunning, u"Another register works with the data folder "_s + folder +
                                                               u"\nClose it, or name another folder with --data DIR"_s};
@@ -201,13 +201,13 @@ void RegisterApplication::openWindow()
     } else {
         m_window->showMaximized();
     }
-    m_window->activateWindow(); // without a window manager nobody else gives it the keyboard
+    m_window->activateWindow(); // without a window manager no one else gives it the keyboard
 }
 
 void RegisterApplication::resumeWork()
 {
     if (m_player) {
-        m_player->start(); // first, since what follows may show messages
+        m_player->start(); // first: the next calls may show messages
     }
     m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
     showPlugins();
@@ -216,14 +216,19 @@ void RegisterApplication::resumeWork()
         m_window->statusLine().showWarning(documentwords::restored(*m_till->document()));
     }
     m_printer->printInterrupted(m_till->archive());
+    checkCatalogue();
+    auto* locker = Singleton<InactivityLocker>::get();
+    QObject::connect(locker, &InactivityLocker::lock, m_window.get(), &RegisterWindow::lock);
+    locker->start();
+}
+
+void RegisterApplication::checkCatalogue() const
+{
     try {
         m_catalogue.check();
     } catch (const BasicException& unreadable) {
         Dialog::create()->showMessage(unreadable.tr(), Dialog::Error, 1, 0);
     }
-    auto* locker = Singleton<InactivityLocker>::get();
-    QObject::connect(locker, &InactivityLocker::lock, m_window.get(), &RegisterWindow::lock);
-    locker->start();
 }
 
 void RegisterApplication::showPlugins()
