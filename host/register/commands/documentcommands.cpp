@@ -96,9 +96,12 @@ EContext::Result DocumentCommands::showDocuments()
     params.isReturned = [this](const Document& document) {
         return m_till.archive().isReturned(document, m_till.document());
     };
-    params.voidDocument = [this](const auto& document) {
+    params.voidDocument = [this](const auto& document) -> std::optional<QString> {
         const Document::State before = document->getState();
-        return voidDocument(document) == EContext::GoOn ? documentwords::voiding(*document, before) : QString();
+        if (voidDocument(document) != EContext::GoOn) {
+            return std::nullopt;
+        }
+        return documentwords::voiding(*document, before);
     };
     params.print = [this](const auto& document) { return print(*document); };
     params.openSale = m_till.document() ? m_till.document()->getNumber() : 0;
@@ -234,11 +237,11 @@ EContext::Result DocumentCommands::voidFrame(const control::Action& action,
     return result;
 }
 
-QString DocumentCommands::print(const Document& document) const
+std::optional<QString> DocumentCommands::print(const Document& document) const
 {
     const std::optional<QString> file = m_printer.printAgainOrShow(document);
     if (!file) {
-        return {};
+        return std::nullopt;
     }
     return tr::Tr(u"documentPrinted"_s, u"Документ № %1 напечатан: %2"_s)
         .arg(QString::number(document.getNumber()))

@@ -8,6 +8,7 @@
 #include <QSharedPointer>
 
 #include <functional>
+#include <optional>
 
 /// What the register does with documents that are not open: resuming, returning, voiding, printing again.
 class DocumentCommands
@@ -29,8 +30,8 @@ private:
     bool showIfDocumentIsOpen() const;
     EContext::Result resume(int number);
     EContext::Result voidDocument(const QSharedPointer<Document>& document);
-    /// What the cashier is told of it; empty when it failed, which has been told.
-    QString print(const Document& document) const;
+    /// The message for the cashier; nothing after a failure was shown.
+    std::optional<QString> print(const Document& document) const;
     bool canVoid(const Document& document) const;
 
     Till& m_till;

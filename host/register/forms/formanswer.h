@@ -4,5 +4,5 @@
 #include <QString>
 #include <QVariant>
 
-/// Gives the form on top its answer, a map with this one entry; that ends the form.
+/// Answers the form on top with a map of this one entry, which ends the form.
 void answerForm(const QString& name, const QVariant& value);

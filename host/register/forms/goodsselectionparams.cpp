@@ -7,8 +7,3 @@ Event GoodsSelectionParams::toEvent() const
 {
     return Event(eventCode).addArgument(u"params"_s, QVariant::fromValue(*this));
 }
-
-GoodsSelectionParams GoodsSelectionParams::fromEvent(const Event& event)
-{
-    return event.value(u"params"_s).value<GoodsSelectionParams>();
-}

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The form, when the event is the one that shows it; else null. The event carries the form's parameters as "params".
+/// The form for its event, which carries the form's parameters as "params"; null for any other event.
 template <typename Form, typename Params>
 QSharedPointer<BasicForm> formOf(const Event& event)
 {
