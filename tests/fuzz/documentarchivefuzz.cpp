@@ -93,7 +93,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     promise(numbers.next() > otherNumber, "a new document never gets the number of another");
 
     const OpenDocumentFile::Loaded loaded = OpenDocumentFile(folder.path()).load();
-    promise(loaded || contentOf(loaded.error().setAside) == bytes, "a damaged document is set aside as it is");
+    promise(loaded || contentOf(loaded.failure().setAside) == bytes, "a damaged document is set aside as it is");
     const QSharedPointer<Document> open = loaded ? *loaded : nullptr;
     const bool wasThere = isThere(archive, open, otherNumber);
     const auto stillOpen = archive.tidyUp(open);

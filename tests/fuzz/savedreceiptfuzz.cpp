@@ -86,8 +86,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const QByteArray bytes = bytesOf(data, size);
     const auto file = read(bytes);
     if (!file) {
-        promise(!file.error().text.ui().isEmpty(), "a failure says what is wrong");
-        promise(file.error().detail != u"no error occurred"_s, "a failure has a reason");
+        promise(!file.failure().text.ui().isEmpty(), "a failure says what is wrong");
+        promise(file.failure().detail != u"no error occurred"_s, "a failure has a reason");
         return 0;
     }
     Document& document = **file;

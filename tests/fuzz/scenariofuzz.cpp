@@ -22,7 +22,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const auto steps = parseScenario(bytesOf(data, size));
     if (!steps) {
-        promise(steps.error().detail != u"no error occurred"_s, "a failure has a reason");
+        promise(steps.failure().detail != u"no error occurred"_s, "a failure has a reason");
         return 0;
     }
     for (const ScenarioStep& step : *steps) {

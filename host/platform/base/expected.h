@@ -3,6 +3,7 @@
 
 #include "failure.h"
 
+#include <type_traits>
 #include <utility>
 #include <variant>
 
@@ -10,57 +11,58 @@
 ///
 ///     const Expected<QJsonObject> settings = readJsonObject(file);
 ///     if (!settings) {
-///         log(settings.error().detail);
-///         return settings.error();
+///         return settings.failure();
 ///     }
 ///     use(*settings);
 ///
-/// Named like std::expected (C++23, ISO/IEC 14882:2024, 22.8), as far as it goes, except that an error is returned as
-/// it is. To ask for the value of an error, or for the error of a value, throws std::bad_variant_access.
-template <typename T, typename E = Failure>
+/// A value type. It converts from both, so that a function returns either as it is. Reading the side that is not there
+/// throws std::bad_variant_access.
+template <typename T, typename F = Failure>
 class [[nodiscard]] Expected
 {
+    static_assert(!std::is_same_v<T, F>, "the value and the failure need different types");
+
 public:
     Expected(T value)
         : m_outcome(std::in_place_index<0>, std::move(value))
     {
     }
-    Expected(E error)
-        : m_outcome(std::in_place_index<1>, std::move(error))
+    Expected(F failure)
+        : m_outcome(std::in_place_index<1>, std::move(failure))
     {
     }
 
-    bool has_value() const { return m_outcome.index() == 0; }
-    explicit operator bool() const { return has_value(); }
+    /// True when there is a value.
+    explicit operator bool() const { return m_outcome.index() == 0; }
 
     const T& operator*() const& { return std::get<0>(m_outcome); }
     T& operator*() & { return std::get<0>(m_outcome); }
     T&& operator*() && { return std::get<0>(std::move(m_outcome)); }
-    const T* operator->() const { return &**this; }
-    T* operator->() { return &**this; }
+    const T* operator->() const { return &std::get<0>(m_outcome); }
+    T* operator->() { return &std::get<0>(m_outcome); }
 
-    const E& error() const { return std::get<1>(m_outcome); }
+    const F& failure() const { return std::get<1>(m_outcome); }
 
 private:
-    std::variant<T, E> m_outcome;
+    std::variant<T, F> m_outcome;
 };
 
-/// Success without a value, or why it failed: `return {};` is success.
-template <typename E>
-class [[nodiscard]] Expected<void, E>
+/// Success without a value, or why it failed. `return {};` is success.
+template <typename F>
+class [[nodiscard]] Expected<void, F>
 {
 public:
     Expected() = default;
-    Expected(E error)
-        : m_outcome(std::in_place_index<1>, std::move(error))
+    Expected(F failure)
+        : m_outcome(std::in_place_index<1>, std::move(failure))
     {
     }
 
-    bool has_value() const { return m_outcome.index() == 0; }
-    explicit operator bool() const { return has_value(); }
+    /// True for success.
+    explicit operator bool() const { return m_outcome.index() == 0; }
 
-    const E& error() const { return std::get<1>(m_outcome); }
+    const F& failure() const { return std::get<1>(m_outcome); }
 
 private:
-    std::variant<std::monostate, E> m_outcome;
+    std::variant<std::monostate, F> m_outcome;
 };

@@ -7,6 +7,6 @@
 
 /// Why something could not be read or written.
 struct Failure {
-    tr::Tr text;    ///< for the cashier: what happened, and what to do next where that is known
-    QString detail; ///< for the log, in English: file, place, the system's words; nothing of a patient
+    tr::Tr text;         ///< for the cashier: what happened and what to do next
+    QString detail = {}; ///< for the log, in English: the place and the cause; nothing of a patient; may be empty
 };

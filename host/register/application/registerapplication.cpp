@@ -119,12 +119,12 @@ std::optional<StartupFailure> RegisterApplication::readOpenDocument()
 {
     const OpenDocumentFile store(m_commandLine.dataFolder);
     m_savedDocument = store.load();
-    if (m_savedDocument || !m_savedDocument.error().isInTheWay()) {
+    if (m_savedDocument || !m_savedDocument.failure().isInTheWay()) {
         return std::nullopt;
     }
     return StartupFailure{exitstatus::damagedDocumentInTheWay,
                           u"The saved document "_s + store.file() + u" is damaged: "_s +
-                              m_savedDocument.error().failure.detail +
+                              m_savedDocument.failure().failure.detail +
                               u"\nIt cannot be set aside, and the next document would overwrite it. "
                               "Move it away, or name another folder with --data DIR"_s};
 }
@@ -148,7 +148,7 @@ void RegisterApplication::configureThisRun()
     if (m_commandLine.demoData || config->getBool(u"Register:demoData"_s)) {
         if (const auto created = createDemoGoods(config->getString(u"Database:name"_s)); !created) {
             Log4Qt::LogManager::logger(u"register"_s)
-                ->error(u"The demo goods were not created: "_s + created.error().detail);
+                ->error(u"The demo goods were not created: "_s + created.failure().detail);
         }
     }
 }
@@ -160,7 +160,7 @@ std::optional<StartupFailure> RegisterApplication::readScenario()
     }
     const Expected<QList<ScenarioStep>> steps = ::readScenario(m_commandLine.scenario);
     if (!steps) {
-        return StartupFailure{exitstatus::noScenario, u"The scenario cannot be played: "_s + steps.error().detail};
+        return StartupFailure{exitstatus::noScenario, u"The scenario cannot be played: "_s + steps.failure().detail};
     }
     if (!QDir().mkpath(m_commandLine.screenshots)) {
         return StartupFailure{exitstatus::noScenario, u"No folder for pictures: "_s + m_commandLine.screenshots};

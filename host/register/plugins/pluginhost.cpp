@@ -129,7 +129,7 @@ void PluginHost::start(std::unique_ptr<Loaded> loaded, ActionQueueController& co
     const Registrations registrations;
     const Expected<bool> initialised = initialise(*loaded->plugin);
     if (!initialised) {
-        addProblem(loaded->name, initialised.error().text.ui());
+        addProblem(loaded->name, initialised.failure().text.ui());
     }
     if (initialised && *initialised) {
         for (const ActionHandler& handler : loaded->plugin->getHandlers()) {

@@ -132,7 +132,7 @@ Expected<QList<ScenarioStep>> readScenario(const QString& file)
     }
     Expected<QList<ScenarioStep>> steps = parseScenario(scenario.readAll());
     if (!steps) {
-        return failure(file + u": "_s + steps.error().detail);
+        return failure(file + u": "_s + steps.failure().detail);
     }
     return steps;
 }
@@ -153,7 +153,7 @@ Expected<QList<ScenarioStep>> parseScenario(const QByteArray& json)
     for (const auto entry : list.toArray()) {
         const Expected<ScenarioStep> step = readStep(entry.toObject());
         if (!step) {
-            return failure(u"step "_s + QString::number(steps.size() + 1) + u": "_s + step.error().detail);
+            return failure(u"step "_s + QString::number(steps.size() + 1) + u": "_s + step.failure().detail);
         }
         steps.append(*step);
     }

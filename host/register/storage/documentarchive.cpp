@@ -151,7 +151,7 @@ QSharedPointer<Document> DocumentArchive::read(const QString& place, int number)
     }
     const Expected<QSharedPointer<Document>> saved = readSavedDocument(file);
     if (!saved) {
-        log()->error(u"A saved document cannot be read: "_s + file + u": "_s + saved.error().detail);
+        log()->error(u"A saved document cannot be read: "_s + file + u": "_s + saved.failure().detail);
         return nullptr;
     }
     const QString rightFile = (*saved)->fileName();

@@ -43,7 +43,7 @@ OpenDocumentFile::Loaded OpenDocumentFile::load() const
     }
     const Expected<QSharedPointer<Document>> saved = readSavedDocument(m_file);
     if (!saved) {
-        return DamagedDocumentFile{saved.error(), setAside(m_file)};
+        return DamagedDocumentFile{saved.failure(), setAside(m_file)};
     }
     return *saved;
 }

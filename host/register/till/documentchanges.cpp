@@ -28,7 +28,7 @@ void Till::restore(const OpenDocumentFile::Loaded& loaded)
     }
     const QSharedPointer<Document> open = m_archive.tidyUp(saved);
     if (!loaded) {
-        showDamage(loaded.error()); // only now: while the message is shown, a key pressed before may open a document
+        showDamage(loaded.failure()); // only now: while the message is shown, a key pressed before may open a document
     }
     if (!open) {
         return;

@@ -164,7 +164,7 @@ TEST_F(Catalogue, demoGoodsInAMissingFolder_failWithADetail)
 {
     const auto created = createDemoGoods(folder.filePath(u"no/such/folder.sqlite"_s));
     ASSERT_FALSE(created);
-    EXPECT_FALSE(created.error().detail.isEmpty());
+    EXPECT_FALSE(created.failure().detail.isEmpty());
 }
 
 TEST_F(Catalogue, goodsTableModel_showsAmountsAndStock)

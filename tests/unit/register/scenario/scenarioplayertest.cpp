@@ -50,7 +50,7 @@ protected:
     {
         const auto scenario = parseScenario("{\"steps\": " + steps + "}");
         if (!scenario) {
-            ADD_FAILURE() << scenario.error().detail.toStdString();
+            ADD_FAILURE() << scenario.failure().detail.toStdString();
             return false;
         }
         ScenarioPlayer player(*scenario, folder.path(), folder.path());

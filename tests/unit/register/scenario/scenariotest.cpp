@@ -12,7 +12,7 @@ ScenarioStep only(const QByteArray& step)
 {
     const auto steps = parseScenario("{\"steps\": [" + step + "]}");
     if (!steps) {
-        ADD_FAILURE() << steps.error().detail.toStdString() << ": " << step.constData();
+        ADD_FAILURE() << steps.failure().detail.toStdString() << ": " << step.constData();
         return {};
     }
     EXPECT_EQ(steps->size(), 1) << step.constData();
@@ -60,7 +60,7 @@ TEST(Scenario, wrongStep_isReportedWithItsNumber)
                                   R"({"receipt": []})", R"({"document": {}})", R"({"printed": "x"})"}) {
         const auto steps = parseScenario(R"({"steps": [{"say": "x"}, )" + step + "]}");
         ASSERT_FALSE(steps) << step.constData();
-        EXPECT_TRUE(steps.error().detail.startsWith(u"step 2: "_s)) << qPrintable(steps.error().detail);
+        EXPECT_TRUE(steps.failure().detail.startsWith(u"step 2: "_s)) << qPrintable(steps.failure().detail);
     }
 }
 
@@ -69,10 +69,10 @@ TEST(Scenario, fileWithoutSteps_isAFailureWithAReason)
     for (const char* json : {"", "[]", "{\"steps\": 1}"}) {
         const auto steps = parseScenario(json);
         ASSERT_FALSE(steps) << json;
-        EXPECT_FALSE(steps.error().detail.isEmpty()) << json;
+        EXPECT_FALSE(steps.failure().detail.isEmpty()) << json;
     }
     const auto missing = readScenario(u"/no/such/file.json"_s);
     ASSERT_FALSE(missing);
-    EXPECT_TRUE(missing.error().detail.startsWith(u"/no/such"_s));
+    EXPECT_TRUE(missing.failure().detail.startsWith(u"/no/such"_s));
     EXPECT_TRUE(parseScenario("{\"steps\": []}"));
 }

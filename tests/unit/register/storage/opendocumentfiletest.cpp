@@ -76,11 +76,11 @@ TEST_F(OpenDocumentFileTest, damagedFile_isSetAsideByteForByte)
     write(path(u"receipt.json"_s), half);
     const auto loaded = OpenDocumentFile(folder.path()).load();
     ASSERT_FALSE(loaded);
-    EXPECT_FALSE(loaded.error().failure.text.ui().isEmpty());
-    EXPECT_FALSE(loaded.error().failure.detail.isEmpty());
-    EXPECT_EQ(loaded.error().setAside, path(u"receipt.json.damaged-20240229-120000"_s));
-    EXPECT_EQ(read(loaded.error().setAside), half);
-    EXPECT_FALSE(loaded.error().isInTheWay());
+    EXPECT_FALSE(loaded.failure().failure.text.ui().isEmpty());
+    EXPECT_FALSE(loaded.failure().failure.detail.isEmpty());
+    EXPECT_EQ(loaded.failure().setAside, path(u"receipt.json.damaged-20240229-120000"_s));
+    EXPECT_EQ(read(loaded.failure().setAside), half);
+    EXPECT_FALSE(loaded.failure().isInTheWay());
     EXPECT_FALSE(QFile::exists(path(u"receipt.json"_s)));
 }
 
@@ -90,9 +90,9 @@ TEST_F(OpenDocumentFileTest, twoDamagedFilesInOneSecond_bothAreKept)
     const auto first = OpenDocumentFile(folder.path()).load();
     write(path(u"receipt.json"_s), "second");
     const auto second = OpenDocumentFile(folder.path()).load();
-    EXPECT_NE(first.error().setAside, second.error().setAside);
-    EXPECT_EQ(read(first.error().setAside), "first");
-    EXPECT_EQ(read(second.error().setAside), "second");
+    EXPECT_NE(first.failure().setAside, second.failure().setAside);
+    EXPECT_EQ(read(first.failure().setAside), "first");
+    EXPECT_EQ(read(second.failure().setAside), "second");
 }
 
 TEST_F(OpenDocumentFileTest, damagedFileThatCannotBeRenamed_isInTheWayAndUnchanged)
@@ -103,9 +103,9 @@ TEST_F(OpenDocumentFileTest, damagedFileThatCannotBeRenamed_isInTheWayAndUnchang
     write(store.file(), "half");
     const auto loaded = store.load();
     ASSERT_FALSE(loaded);
-    EXPECT_FALSE(loaded.error().failure.detail.isEmpty());
-    EXPECT_TRUE(loaded.error().setAside.isEmpty());
-    EXPECT_TRUE(loaded.error().isInTheWay());
+    EXPECT_FALSE(loaded.failure().failure.detail.isEmpty());
+    EXPECT_TRUE(loaded.failure().setAside.isEmpty());
+    EXPECT_TRUE(loaded.failure().isInTheWay());
     EXPECT_EQ(read(store.file()), "half");
 }
 
@@ -115,9 +115,9 @@ TEST_F(OpenDocumentFileTest, jsonOfAnotherKind_isDamage)
         write(path(u"receipt.json"_s), content);
         const auto loaded = OpenDocumentFile(folder.path()).load();
         ASSERT_FALSE(loaded) << content.constData();
-        EXPECT_FALSE(loaded.error().failure.text.ui().isEmpty()) << content.constData();
-        EXPECT_FALSE(loaded.error().failure.detail.isEmpty()) << content.constData();
-        EXPECT_EQ(read(loaded.error().setAside), content);
+        EXPECT_FALSE(loaded.failure().failure.text.ui().isEmpty()) << content.constData();
+        EXPECT_FALSE(loaded.failure().failure.detail.isEmpty()) << content.constData();
+        EXPECT_EQ(read(loaded.failure().setAside), content);
     }
 }
 
@@ -126,7 +126,7 @@ TEST_F(OpenDocumentFileTest, folderInPlaceOfTheFile_isDamage)
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"receipt.json"_s));
     const auto loaded = OpenDocumentFile(folder.path()).load();
     ASSERT_FALSE(loaded);
-    EXPECT_FALSE(loaded.error().failure.detail.isEmpty());
+    EXPECT_FALSE(loaded.failure().failure.detail.isEmpty());
 }
 
 TEST_F(OpenDocumentFileTest, numbers_countOnAcrossRestarts)
