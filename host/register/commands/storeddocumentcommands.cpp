@@ -100,9 +100,12 @@ EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
     params.obstacleToResuming = [this](const Document& document) { return m_till.obstacleToResuming(document); };
     params.obstacleToReturning = [this](const Document& document) { return m_till.obstacleToReturning(document); };
     params.obstacleToVoiding = [this](const Document& document) { return m_till.obstacleToVoiding(document); };
-    params.voidDocument = [this](const auto& document) {
+    params.voidDocument = [this](const auto& document) -> std::optional<QString> {
         const Document::State before = document->getState();
-        return voidDocument(document) == EContext::GoOn ? documentwords::voiding(*document, before) : QString();
+        if (voidDocument(document) != EContext::GoOn) {
+            return std::nullopt;
+        }
+        return documentwords::voiding(*document, before);
     };
     params.print = [this](const auto& document) { return print(*document); };
     params.openDocument = m_till.document() ? m_till.document()->getNumber() : 0;
@@ -207,20 +210,20 @@ EContext::Result StoredDocumentCommands::voidFrame(const control::Action& action
         if (result == EContext::GoOn) {
             result = m_till.voidDocument(document) ? EContext::GoOn : EContext::Stop;
         } else {
-            m_till.archive().save(document);
+            m_till.archive().saveOrShow(document);
         }
     });
     return result;
 }
 
-QString StoredDocumentCommands::print(const Document& document) const
+std::optional<QString> StoredDocumentCommands::print(const Document& document) const
 {
-    const QString file = m_printer.printAgain(document);
-    if (file.isEmpty()) {
-        return {};
+    const std::optional<QString> file = m_printer.printAgainOrShow(document);
+    if (!file) {
+        return std::nullopt;
     }
     return tr::Tr(u"documentPrinted"_s, u"Документ № %1 напечатан: %2"_s)
         .arg(QString::number(document.getNumber()))
-        .arg(file)
+        .arg(*file)
         .ui();
 }

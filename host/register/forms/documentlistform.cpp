@@ -27,7 +27,7 @@ DocumentListForm::DocumentListForm(const DocumentListParams& params, QObject* pa
     , m_params(params)
     , m_positions(*params.marks)
 {
-    setContextCode(EContext::StoredDocuments); // plug-ins void what belongs to a document in this context
+    setContextCode(EContext::StoredDocuments); // the context in which plug-ins handle voiding
     loadUI(u"documentlist.ui"_s);
     if (!isTouchMode()) {
         deleteWidgets({u"scrollButtonsNavigationBar"_s, u"navigationBar"_s});
@@ -110,7 +110,7 @@ void DocumentListForm::setUpButtons()
         if (entry.shortcut.isEmpty()) {
             continue;
         }
-        // A button's own shortcut would click a moment later, perhaps when another document is the current one.
+        // A button's own shortcut clicks with a delay, and another document may be the current one by then.
         auto* pressed = new QShortcut(entry.shortcut, rootWidget());
         pressed->setAutoRepeat(false);
         connect(pressed, &QShortcut::activated, entry.button, &QPushButton::click);
@@ -179,8 +179,8 @@ void DocumentListForm::showHint()
         showHint(tr::Tr(u"documentsNone"_s, u"Отложенных и завершённых документов нет."_s).ui(), "hint");
     } else if (!document) {
         showHint(tr::Tr(u"documentsNotFound"_s, u"Ничего не найдено. Измените строку поиска."_s).ui(), "error");
-    } else if (document->getNumber() == m_shown.document) {
-        showHint(m_shown.text, m_shown.textRole);
+    } else if (document->getNumber() == m_outcome.document) {
+        showHint(m_outcome.text, m_outcome.textRole);
     } else if (m_params.openDocument != 0) {
         showHint(tr::Tr(u"documentsReceiptOpen"_s,
                         u"Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен."_s)
@@ -204,7 +204,7 @@ void DocumentListForm::rememberStop(const control::Action& action, EContext::Res
     if (result == EContext::NotFound || !current()) {
         return; // the register shows a message
     }
-    m_shown = {current()->getNumber(), stoppedaction::stopped(action).ui(), "waiting"};
+    m_outcome = {current()->getNumber(), stoppedaction::stopped(action).ui(), "waiting"};
 }
 
 DocumentListForm::Pointer DocumentListForm::current() const
@@ -213,7 +213,7 @@ DocumentListForm::Pointer DocumentListForm::current() const
     return index.isValid() ? m_documents.document(index.row()) : nullptr;
 }
 
-/// The first document when the wanted one is not shown.
+/// Makes the first document the current one when the wanted one is not in the list.
 void DocumentListForm::makeCurrent(int number)
 {
     const QModelIndex wanted =
@@ -221,7 +221,7 @@ void DocumentListForm::makeCurrent(int number)
     m_table->setCurrentIndex(wanted.isValid() ? wanted : m_filtered.index(0, DocumentTableModel::Number));
 }
 
-/// Return does what harms nothing; what goes further has keys of its own.
+/// The Return key only resumes, which does no harm. Returning and voiding have keys of their own.
 void DocumentListForm::confirm()
 {
     if (m_resume->isEnabled()) {
@@ -249,13 +249,12 @@ void DocumentListForm::print()
     act(m_params.print);
 }
 
-/// What is told of the document before is dropped; a stoppedaction may take its place meanwhile.
 void DocumentListForm::act(const DocumentListParams::Act& act)
 {
-    m_shown = {};
+    m_outcome = {}; // rememberStop() may set it during the act
     const int number = current()->getNumber();
-    if (const QString done = act(current()); !done.isEmpty()) {
-        m_shown = {number, done, "hint"};
+    if (const std::optional<QString> done = act(current())) {
+        m_outcome = {number, *done, "hint"};
     }
     load();
 }

@@ -21,8 +21,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int mostPacks = 999;
-/// Room for what was searched for, in a hint, in pixels.
+constexpr int maxPacks = 999;
+/// The width of the search text in a hint, in pixels.
 constexpr int longestQuote = 240;
 } // namespace
 
@@ -78,8 +78,8 @@ void GoodsSelectionForm::offerPicked(const SelectedGoods& picked)
     }
 }
 
-/// Makes the goods current that what they are for names: its parts stand between slashes, and a name of goods begins
-/// with the trade name and a comma. Only goods in stock are offered so.
+/// Makes the goods in stock current whose trade name is a part of `medicineInfo`. The parts are separated by slashes;
+/// the name of goods begins with the trade name and a comma.
 void GoodsSelectionForm::offerWanted(const QString& medicineInfo)
 {
     for (const QString& part : medicineInfo.split(u'/', Qt::SkipEmptyParts)) {
@@ -156,19 +156,20 @@ void GoodsSelectionForm::nameControls()
     });
 }
 
-/// A barcode is what to search for, never a number of packs. The cashier sees what was found before it is sold.
+/// A barcode is never a number of packs. It goes to the filter, so that the cashier sees the goods before they are
+/// sold.
 void GoodsSelectionForm::searchScanned(const QString& barcode)
 {
     m_filter->setText(barcode);
     m_filter->setFocus();
-    m_filter->selectAll(); // the next scan takes its place
+    m_filter->selectAll(); // the next scan replaces it
 }
 
 void GoodsSelectionForm::onChoose()
 {
     const QModelIndex current = m_table->currentIndex();
     if (!current.isValid()) {
-        showWhenNothingIsLeft();
+        showIfNothingMatches();
         m_filter->setFocus();
         return;
     }
@@ -180,7 +181,7 @@ void GoodsSelectionForm::onChoose()
     const std::optional<int> packs = typedPacks();
     if (!packs) {
         showHint(tr::Tr(u"goodsSelectionPacksMissing"_s, u"Введите целое количество упаковок от 1 до %1."_s)
-                     .arg(QString::number(mostPacks)));
+                     .arg(QString::number(maxPacks)));
         m_packs->setFocus();
         m_packs->selectAll();
         return;
@@ -195,12 +196,12 @@ void GoodsSelectionForm::onChoose()
     answerForm({{u"data"_s, 0}, {u"result"_s, QVariant::fromValue(SelectedGoods{goods, *packs})}});
 }
 
-/// A whole number only. The field holds whatever was typed: "1,5" with its comma dropped would be fifteen packs.
+/// Whole numbers only: the field may hold "1,5", which must not become fifteen packs.
 std::optional<int> GoodsSelectionForm::typedPacks() const
 {
     bool isWhole = false;
     const int packs = m_packs->text().toInt(&isWhole);
-    return isWhole && packs >= 1 && packs <= mostPacks ? std::optional(packs) : std::nullopt;
+    return isWhole && packs >= 1 && packs <= maxPacks ? std::optional(packs) : std::nullopt;
 }
 
 void GoodsSelectionForm::onCancel()
@@ -212,15 +213,15 @@ void GoodsSelectionForm::onFilterChanged(const QString& text)
 {
     m_filtered.addFilter(GoodsTableModel::SearchText, text.trimmed(), ComplexFilterProxyModel::Contains);
     m_table->setCurrentIndex(m_filtered.index(0, GoodsTableModel::Name));
-    showWhenNothingIsLeft();
+    showIfNothingMatches();
 }
 
-void GoodsSelectionForm::showWhenNothingIsLeft()
+void GoodsSelectionForm::showIfNothingMatches()
 {
     const QString search = m_filter->text().trimmed();
-    const bool isNoneLeft = m_filtered.rowCount() == 0;
-    setStyleProperty(*findWidget<QPushButton>(u"okButton"_s), u"idle"_s, isNoneLeft);
-    if (!isNoneLeft) {
+    const bool nothingMatches = m_filtered.rowCount() == 0;
+    setStyleProperty(*findWidget<QPushButton>(u"okButton"_s), u"idle"_s, nothingMatches);
+    if (!nothingMatches) {
         showHint({});
     } else if (search.isEmpty()) {
         showHint(tr::Tr(u"goodsSelectionNothing"_s, u"Нет товара для выбора. Вернитесь назад."_s));
@@ -232,7 +233,7 @@ void GoodsSelectionForm::showWhenNothingIsLeft()
 
 void GoodsSelectionForm::onAmountButton(int change)
 {
-    m_packs->setText(QString::number(std::clamp(m_packs->text().toInt() + change, 1, mostPacks)));
+    m_packs->setText(QString::number(std::clamp(m_packs->text().toInt() + change, 1, maxPacks)));
 }
 
 void GoodsSelectionForm::showHint(const tr::Tr& hint)

@@ -12,9 +12,9 @@ class QLabel;
 class TalloLineEdit;
 class TalloTableView;
 
-/// The list of goods with a filter, and the number of packs wanted.
+/// The list of goods with a filter and the number of packs.
 ///
-/// Answers with "result", a SelectedGoods, and "data" 0; or with "data" -1 when the cashier leaves.
+/// The form answers with "result", a SelectedGoods, and "data" 0; with "data" -1 when the cashier leaves.
 class GoodsSelectionForm : public BasicForm
 {
     Q_OBJECT
@@ -36,11 +36,11 @@ private:
     void nameControls();
     void offerPicked(const SelectedGoods& picked);
     void offerWanted(const QString& medicineInfo);
-    /// @param row of all goods, whatever the filter
+    /// @param row the row in the unfiltered model
     void makeCurrent(int row);
     void searchScanned(const QString& barcode);
-    /// Tells when no goods are left to choose from, else takes the hint away.
-    void showWhenNothingIsLeft();
+    /// Shows a hint when the filter leaves no goods, and clears it otherwise.
+    void showIfNothingMatches();
     void showHint(const tr::Tr& hint);
 
     GoodsTableModel m_goods;

@@ -13,11 +13,11 @@
 /// What the goods selection offers.
 struct GoodsSelectionParams {
     QList<CatalogueGoods> goods;
-    QString medicineInfo;                     ///< what the goods are for, shown above the list; empty: nothing
-    QString filter;                           ///< in the filter line at first
-    std::optional<SelectedGoods> picked = {}; ///< picked before: current at first, with that many packs
+    QString medicineInfo;                     ///< the medicine that the goods are for, shown above the list
+    QString filter;                           ///< the initial text of the filter
+    std::optional<SelectedGoods> picked = {}; ///< an earlier choice, which is offered again
 
-    /// The code of the event that asks for the form; it carries these as "params".
+    /// The event that shows the goods selection; it carries this struct as "params".
     static constexpr auto eventCode = static_cast<EActivityListener::Event>(1010);
 };
 

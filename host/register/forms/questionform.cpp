@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-/// Room for the text, in pixels: the form fits a window of 600.
+/// The height of the text in pixels: the form fits a window 600 pixels high.
 constexpr int tallestText = 360;
 constexpr int iconSize = 48;
 } // namespace

@@ -10,7 +10,7 @@
 namespace
 {
 
-/// The form, when the event is the one that asks for it; else null.
+/// The form for its event, which carries the form's parameters as "params"; null for any other event.
 template <typename Form, typename Params>
 QSharedPointer<BasicForm> formOf(const Event& event)
 {

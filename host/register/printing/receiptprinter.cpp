@@ -16,10 +16,11 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Among so many finished documents is the one that was closed last: one that was suspended before keeps its number.
+/// The document that was closed last is among so many of the greatest numbers. It need not have the greatest: a
+/// document keeps its number while it is suspended.
 constexpr int latestFinished = 100;
 
-/// Without what tells text from PDF.
+/// The path in the data folder, without ".txt" and ".pdf".
 QString nameOf(const Document& document)
 {
     return u"printed/%1"_s.arg(document.getNumber(), 8, 10, QChar(u'0'));
@@ -54,22 +55,21 @@ ReceiptPrinter::ReceiptPrinter(const QString& dataFolder, const PositionMarks& m
 {
 }
 
-bool ReceiptPrinter::print(const Document& document) const
+bool ReceiptPrinter::printOrShow(const Document& document) const
 {
-    return write(document, nameOf(document), receiptlayout::lines(document, m_marks));
+    return writeOrShow(document, nameOf(document), receiptlayout::lines(document, m_marks));
 }
 
-QString ReceiptPrinter::printAgain(const Document& document) const
+std::optional<QString> ReceiptPrinter::printAgainOrShow(const Document& document) const
 {
-    const QString original = nameOf(document);
-    if (!isPrinted(document)) {
-        return print(document) ? pdfFile(original) : QString();
-    }
-    const QString copy = original + u"-copy"_s;
-    return write(document, copy, receiptlayout::copyLines(document, m_marks)) ? pdfFile(copy) : QString();
+    const bool isCopy = isPrinted(document);
+    const QString name = isCopy ? nameOf(document) + u"-copy"_s : nameOf(document);
+    const bool isWritten =
+        isCopy ? writeOrShow(document, name, receiptlayout::copyLines(document, m_marks)) : printOrShow(document);
+    return isWritten ? std::optional(pdfFile(name)) : std::nullopt;
 }
 
-bool ReceiptPrinter::write(const Document& document, const QString& name, const QList<PrintedLine>& lines) const
+bool ReceiptPrinter::writeOrShow(const Document& document, const QString& name, const QList<PrintedLine>& lines) const
 {
     Expected<void> written = writeWholeFile(m_folder, textFile(name), receiptlayout::text(lines).toUtf8());
     if (written) {
@@ -91,7 +91,7 @@ void ReceiptPrinter::printInterrupted(const DocumentArchive& archive) const
         }
     }
     if (last && !isPrinted(*last)) {
-        print(*last);
+        printOrShow(*last);
     }
 }
 

@@ -61,7 +61,7 @@ void Till::open()
         return;
     }
     makeCurrent(QSharedPointer<Document>::create(m_numbers.next(), CurrentTime::create()->current()));
-    m_store.save(m_document);
+    m_store.saveOrShow(m_document);
     Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::DocumentOpened));
     emit changed();
 }
@@ -130,5 +130,5 @@ void Till::recalculateAndSave()
 {
     m_phase = Phase::Positions;
     Singleton<LoyaltySystemLayer>::get()->recalculate(m_document);
-    m_store.save(m_document);
+    m_store.saveOrShow(m_document);
 }

@@ -118,7 +118,7 @@ private:
     bool end(const Document::Ending& ending, EActivityListener::Event event);
     bool writeBackToSale() const;
     void notifyRestored();
-    void showDamage(const OpenDocumentFile::Loaded& loaded) const;
+    void showDamage(const DamagedDocumentFile& damaged) const;
 
     OpenDocumentFile m_store;
     DocumentArchive m_archive;

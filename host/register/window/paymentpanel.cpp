@@ -24,10 +24,10 @@ namespace
 {
 
 constexpr int spacing = 8;
-/// More digits than an amount has: a barcode is to be stopped as a whole, not to be cut to an amount.
+/// Longer than an amount: a barcode is refused as a whole, never cut to an amount.
 constexpr int longestInput = 40;
 
-/// Takes an amount of roubles as it is typed.
+/// Accepts an amount of roubles while it is typed.
 class MoneyValidator : public QRegularExpressionValidator
 {
 public:
@@ -36,7 +36,7 @@ public:
     {
     }
 
-    /// On a Russian keyboard the keys of comma and point type letters.
+    /// With the Russian keyboard layout, the keys for comma and point type letters.
     State validate(QString& input, int& position) const override
     {
         for (const QChar letter : {QChar(u'б'), QChar(u'ю')}) {
@@ -227,11 +227,11 @@ void PaymentPanel::showChange()
 
 void PaymentPanel::showChange(const tr::Tr& change, const char* textRole)
 {
-    setStyleProperty(*m_change, u"textRole"_s, QLatin1StringView(textRole)); // first: it decides on the room
+    setStyleProperty(*m_change, u"textRole"_s, QLatin1StringView(textRole)); // first: the width depends on it
     m_change->setText(change.ui());
 }
 
-/// Who works by touch sees the buttons, and has no such keys.
+/// Without the hint in touch mode: there are buttons, and no such keys.
 void PaymentPanel::showKeyHint(const tr::Tr& hint)
 {
     showHint(BasicForm::isTouchMode() ? tr::Tr() : hint, "hint");
@@ -250,7 +250,7 @@ bool PaymentPanel::eventFilter(QObject* watched, QEvent* event)
     }
     const auto& key = *static_cast<QKeyEvent*>(event);
     if (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down) {
-        event->ignore(); // moves the current position, whatever has the focus
+        event->ignore(); // the sales screen moves the current position
         return true;
     }
     return takeKey(key);
@@ -268,7 +268,7 @@ bool PaymentPanel::takeKey(const QKeyEvent& key)
     return true;
 }
 
-/// Goods belong to the positions; a barcode must never count as money, nor its Return as the cashier's.
+/// A barcode is never money, and the Return key at its end never confirms the payment.
 void PaymentPanel::refuseScan()
 {
     m_received->selectAll();

@@ -25,7 +25,7 @@ protected:
     const qsizetype registersOwnCreators = gui.object.host().creators.size();
 };
 
-TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsEntriesHold)
+TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsHandlersAndTriggersAreUsed)
 {
     till->add(article(amoxidar));
     load(folderOf("willing_plugin"));
@@ -43,7 +43,7 @@ TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsEntriesHold)
     EXPECT_TRUE(host.active().isEmpty());
 }
 
-TEST_F(PluginHostTest, willingPlugin_hearsEventsUntilItIsUnloaded)
+TEST_F(PluginHostTest, willingPlugin_getsEventsUntilItIsUnloaded)
 {
     load(folderOf("willing_plugin"));
     till->open();
@@ -53,7 +53,7 @@ TEST_F(PluginHostTest, willingPlugin_hearsEventsUntilItIsUnloaded)
     EXPECT_EQ(shown().last(), u"destroyed"_s);
 }
 
-TEST_F(PluginHostTest, pluginThatCannotBegin_hearsNoEventAndOthersDo)
+TEST_F(PluginHostTest, pluginThatIsNotInitialised_getsNoEventsAndOthersDo)
 {
     for (const char* plugin : {"idle_plugin", "throwing_plugin"}) {
         qApp->setProperty("testPlugin", QVariant());
@@ -66,7 +66,7 @@ TEST_F(PluginHostTest, pluginThatCannotBegin_hearsNoEventAndOthersDo)
     host.unload(controller.object);
 }
 
-TEST_F(PluginHostTest, idlePlugin_nothingOfItIsTakenOverAndItIsNotDeinitialised)
+TEST_F(PluginHostTest, idlePlugin_nothingOfItIsUsedAndItIsNotDeinitialised)
 {
     till->open();
     load(folderOf("idle_plugin"));
@@ -111,7 +111,7 @@ TEST_F(PluginHostTest, garbageInTheFolder_isShownAndTheRestIsLoaded)
     host.unload(controller.object);
 }
 
-TEST_F(PluginHostTest, folderBesideThePlugin_bringsLayoutsAndMarks)
+TEST_F(PluginHostTest, folderBesideThePlugin_itsLayoutsAndMarksAreUsed)
 {
     const QDir plugins(folder.path());
     ASSERT_TRUE(QFile::link(folderOf("willing_plugin") + u"/libwilling_plugin.so"_s,
@@ -138,7 +138,7 @@ TEST_F(PluginHostTest, folderMissing_isShown)
     EXPECT_TRUE(host.problems().first().endsWith(u"нет такой папки"_s));
 }
 
-TEST_F(PluginHostTest, emptyFolder_isNoProblem)
+TEST_F(PluginHostTest, emptyFolder_isFine)
 {
     const QTemporaryDir empty;
     load(empty.path());
