@@ -96,7 +96,7 @@ Prescriptions lookUp(Service& service, const QByteArray& bytes)
     Prescriptions prescriptions;
     service.getElectronicPrescriptionsByCardNumber(u"77"_s, u"active"_s, prescriptions);
     promise(prescriptions.size() == bundlesIn(bytes), "there are as many prescriptions as nested Bundles");
-    promise(CountedMessages::count == (prescriptions.isEmpty() ? 1 : 0), "the cashier is told when there are none");
+    promise(CountedMessages::count == (prescriptions.isEmpty() ? 1 : 0), "a message is shown when there are none");
     promise(prescriptions.isEmpty() || service.patientCache.value(u"active"_s), "prescriptions come with a patient");
     return prescriptions;
 }
@@ -122,8 +122,7 @@ void lookAtEveryCell(const Prescriptions& prescriptions)
 void serveFirst(const Service& service, const Prescriptions& prescriptions)
 {
     const QString id = prescriptions.first()->getId();
-    if (!id.isValidUtf16()) // what is no text comes back as another one
-    {
+    if (!id.isValidUtf16()) { // JSON would change it
         return;
     }
     const auto sale = QSharedPointer<Sale>::create();
@@ -142,7 +141,7 @@ void serveFirst(const Service& service, const Prescriptions& prescriptions)
 
     QJsonDocument dispense;
     Client().formMedicationDispense(sale->positions.first(), dispense);
-    promise(dispense.isObject(), "the dispense can be told to the registry");
+    promise(dispense.isObject(), "the dispense makes a document for the registry");
 }
 
 /// The same bytes as the answer to a request that failed.
@@ -155,7 +154,7 @@ void refuse(const QByteArray& bytes)
     } catch (const ElectronicPrescriptionException&) {
         return;
     }
-    promise(false, "a failed request is an error, whatever its answer holds");
+    promise(false, "a failed request is an error with any answer");
 }
 
 } // namespace

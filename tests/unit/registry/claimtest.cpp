@@ -6,7 +6,7 @@
 namespace
 {
 
-class StandingClock : public CurrentTime
+class StoppedClock : public CurrentTime
 {
 public:
     QDateTime current() const override { return QDateTime(QDate(2024, 12, 9), QTime(0, 0)); }
@@ -17,7 +17,7 @@ class ClaimTest : public RegistryTest
 protected:
     ClaimTest()
     {
-        MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<CurrentTime>(new StandingClock); };
+        MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<CurrentTime>(new StoppedClock); };
     }
     ~ClaimTest() override { MockFactory<CurrentTime>::mocked = nullptr; }
 

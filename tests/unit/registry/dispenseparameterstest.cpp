@@ -6,8 +6,8 @@
 namespace
 {
 
-/// A clock that stands still, by default shortly before midnight.
-class StandingClock : public CurrentTime
+/// A clock that always shows the second before midnight.
+class StoppedClock : public CurrentTime
 {
 public:
     QDateTime current() const override { return QDateTime(QDate(2024, 3, 1), QTime(23, 59, 59)); }
@@ -18,7 +18,7 @@ class DispenseParametersTest : public RegistryTest
 protected:
     DispenseParametersTest()
     {
-        MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<CurrentTime>(new StandingClock); };
+        MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<CurrentTime>(new StoppedClock); };
         configurePharmacy();
     }
     ~DispenseParametersTest() override { MockFactory<CurrentTime>::mocked = nullptr; }
@@ -175,7 +175,7 @@ TEST_F(DispenseParametersTest, document_holdsTheDispenseThenTheClaim)
     EXPECT_TRUE(requests.isEmpty());
 }
 
-/// Each look at it finds the next day, as it can happen at midnight.
+/// Shows the next day each time that it is asked, as a clock can at midnight.
 class RunningClock : public CurrentTime
 {
 public:

@@ -133,7 +133,7 @@ TEST_F(DictionaryName, connection_isTheDefaultOneAndAskedForOnce)
     Singleton<ConnectionFactory>::instance = &connections;
 }
 
-TEST_F(DictionaryName, emptyOrForeignCode_leavesTheNameEmpty)
+TEST_F(DictionaryName, codeThatIsNoNumber_leavesTheNameEmpty)
 {
     createDictionary();
 
