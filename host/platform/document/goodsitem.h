@@ -54,7 +54,7 @@ public:
     virtual QString getSoftCheckId() const;
     virtual void setSoftCheckId(const QString& id);
 
-    /// Everything of the position, as it is saved; docs/receipt-format.md tells the members.
+    /// Everything of the position, as it is saved; docs/document-format.md has the members.
     virtual QJsonObject toJson() const;
 
 protected:

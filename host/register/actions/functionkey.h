@@ -19,7 +19,7 @@ struct FunctionKey {
     QVariantMap arguments;
 };
 
-/// The keys that "FunctionKeys:keys" of the configuration names, in its order; docs/register.md tells the form. One
+/// The keys that "FunctionKeys:keys" of the configuration names, in its order; docs/configuration.md has the form. One
 /// without an action is passed over and logged.
 QList<FunctionKey> configuredFunctionKeys(const Config& config);
 
