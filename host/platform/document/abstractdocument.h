@@ -53,7 +53,7 @@ public:
     /// Stores a value that JSON can hold (text, number, bool, list, map); an invalid one removes the entry.
     virtual void setPluginValue(const QString& plugin, const QString& key, const QVariant& value);
 
-    /// Everything of the document, as it is saved; the members are in docs/receipt-format.md. A host's document adds
+    /// Everything of the document, as it is saved; docs/document-format.md has the members. A host's document adds
     /// members of its own.
     virtual QJsonObject toJson() const;
 

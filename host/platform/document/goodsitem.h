@@ -53,7 +53,7 @@ public:
     virtual QString getSoftCheckId() const;
     virtual void setSoftCheckId(const QString& id);
 
-    /// Everything of the position, as it is saved; the members are in docs/receipt-format.md.
+    /// Everything of the position, as it is saved; docs/document-format.md has the members.
     virtual QJsonObject toJson() const;
 
 protected:
