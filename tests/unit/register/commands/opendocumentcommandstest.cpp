@@ -73,11 +73,11 @@ TEST_F(OpenDocumentCommandsTest, externalPosition_isRemovedOnlyAfterTheQuestionA
     till->document()->position(1)->setSoftCheckId(u"rx-1"_s);
     int hooks = 0;
     controller.object.host().addTrigger({EContext::OpenDocument, control::RemovePosition, ActionTrigger::Before,
-                                  [&hooks](const control::Action&) {
-                                      ++hooks;
-                                      return EContext::GoOn;
-                                  },
-                                  ActionTrigger::Any, 1});
+                                         [&hooks](const control::Action&) {
+                                             ++hooks;
+                                             return EContext::GoOn;
+                                         },
+                                         ActionTrigger::Any, 1});
     cashier.onForm(u"questionForm"_s, [](QWidget& root) { press(root, "noButton"); });
     EXPECT_EQ(run(registeraction::askToRemovePosition, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(hooks, 0);
@@ -94,13 +94,13 @@ TEST_F(OpenDocumentCommandsTest, removePosition_asksTheHooksWhileThePositionStan
     EContext::Result permission = EContext::Stop;
     QList<int> asked;
     controller.object.host().addTrigger({EContext::OpenDocument, control::RemovePosition, ActionTrigger::Before,
-                                  [&](const control::Action& cancellation) {
-                                      const int number = cancellation.value(u"positionNumber"_s).toInt();
-                                      EXPECT_TRUE(till->document()->getPosition(number));
-                                      asked.append(number);
-                                      return permission;
-                                  },
-                                  ActionTrigger::Any, 1});
+                                         [&](const control::Action& cancellation) {
+                                             const int number = cancellation.value(u"positionNumber"_s).toInt();
+                                             EXPECT_TRUE(till->document()->getPosition(number));
+                                             asked.append(number);
+                                             return permission;
+                                         },
+                                         ActionTrigger::Any, 1});
     EXPECT_EQ(run(registeraction::askToRemovePosition, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(till->document()->positions().size(), 1);
     permission = EContext::GoOn;

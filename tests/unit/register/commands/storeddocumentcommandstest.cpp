@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "storeddocumentcommands.h"
 #include "actionhost.h"
-#include "storeddocumentcommands.h"
 #include "commandfixture.h"
 #include "documentwords.h"
 #include "formanswer.h"
 #include "registeraction.h"
 #include "saves.h"
 #include "shownmessages.h"
+#include "storeddocumentcommands.h"
 
 #include <QAbstractItemView>
 #include <QJsonArray>
