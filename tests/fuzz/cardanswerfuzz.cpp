@@ -10,8 +10,7 @@
 #include "electronicprescriptioninterface.h"
 #include "electronicprescriptionservice.h"
 #include "goodsitem.h"
-#include "positionformat.h"
-#include "prescriptionposition.h"
+#include "positionoptions.h"
 #include "restclient.h"
 
 #include <QJsonDocument>
@@ -19,8 +18,6 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
-
-using namespace Qt::Literals::StringLiterals;
 
 namespace
 {
@@ -133,7 +130,7 @@ void serveFirst(const Service& service, const Prescriptions& prescriptions)
     sale->positions << QSharedPointer<GoodsItem>::create();
     service.fillElectronicPrescriptionDataForPosition(prescriptions.first(), sale->positions.first(), true, 1.0);
     service.setPriceForPosition(prescriptions.first(), sale->positions.first());
-    promise(readPositionOptions(*sale->positions.first())[positionformat::id] == id, "the position keeps the id");
+    promise(PositionOptions(*sale->positions.first()).id() == id, "the position keeps the id");
 
     Prescriptions others = prescriptions;
     others.removeIf([&id](const auto& prescription) { return prescription->getId() == id; });
