@@ -96,7 +96,8 @@ TEST_F(DocumentArchiveTest, moved_isInItsNewPlaceOnly)
     EXPECT_TRUE(archive.moveOrShow(document, {.state = State::Open}));
     EXPECT_EQ(files(), QStringList{openFile});
     const QDateTime time({2024, 2, 29}, {13, 0});
-    EXPECT_TRUE(archive.moveOrShow(document, {.state = State::Closed, .finished = time, .payments = {Payment::cash(700)}}));
+    EXPECT_TRUE(
+        archive.moveOrShow(document, {.state = State::Closed, .finished = time, .payments = {Payment::cash(700)}}));
     EXPECT_EQ(files(), QStringList{finishedFile});
     EXPECT_EQ(archive.find(3)->toJson(), document->toJson());
     EXPECT_EQ(archive.find(3)->getReceived(), 700);
