@@ -54,7 +54,7 @@ public:
 private:
     std::optional<ScanRecognizer::Scan> pressReturn()
     {
-        QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s);
         key.setTimestamp(m_time);
         return m_recognizer.take(key, m_field);
     }

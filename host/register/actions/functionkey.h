@@ -19,8 +19,8 @@ struct FunctionKey {
     QVariantMap arguments;
 };
 
-/// The keys that `FunctionKeys:keys` of the configuration lists, in that order; docs/configuration.md describes the form.
-/// A key without an action is logged and left out.
+/// The keys that `FunctionKeys:keys` of the configuration lists, in that order; docs/configuration.md describes the
+/// form. A key without an action is logged and left out.
 QList<FunctionKey> configuredFunctionKeys(const Config& config);
 
 /// The menu entries that `Menu:entries` lists, at most nine. Otherwise like configuredFunctionKeys().

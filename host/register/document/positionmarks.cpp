@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "positionmarks.h"
 
+#include "jsonfile.h"
+
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -53,23 +55,16 @@ QString discountText(double paidShare)
 
 void PositionMarks::load(const QString& file)
 {
-    QFile marks(file);
-    if (!marks.exists()) {
+    if (!QFile::exists(file)) {
         return;
     }
     auto* log = Log4Qt::LogManager::logger(u"register"_s);
-    if (!marks.open(QIODevice::ReadOnly)) {
-        log->warn(u"Position marks cannot be read: "_s + file + u": "_s + marks.errorString());
+    const Expected<QJsonObject> root = readJsonObject(file);
+    if (!root) {
+        log->warn(u"Position marks cannot be read: "_s + root.failure().detail);
         return;
     }
-    QJsonParseError error;
-    const QJsonDocument json = QJsonDocument::fromJson(marks.readAll(), &error);
-    if (!json.isObject()) {
-        log->warn(u"Position marks are no JSON object: "_s + file + u": "_s + error.errorString());
-        return;
-    }
-    const QJsonObject root = json.object();
-    for (const auto entry : root.value("positions"_L1).toArray()) {
+    for (const auto entry : root->value("positions"_L1).toArray()) {
         Mark mark = readMark(entry.toObject());
         if (mark.tag.isEmpty()) {
             log->warn(u"Position mark without a tag left out: "_s + file);
@@ -77,7 +72,7 @@ void PositionMarks::load(const QString& file)
             m_marks.append(std::move(mark));
         }
     }
-    for (const auto entry : root.value("document"_L1).toArray()) {
+    for (const auto entry : root->value("document"_L1).toArray()) {
         const QJsonObject line = entry.toObject();
         m_documentLines.append(
             {line.value("plugin"_L1).toString(), line.value("key"_L1).toString(), readWords(line.value("label"_L1))});

@@ -7,8 +7,8 @@
 #include "activitynotifier.h"
 #include "basicexception.h"
 #include "config.h"
-#include "formhost.h"
 #include "expected.h"
+#include "formhost.h"
 #include "graphicaluserinterface.h"
 #include "listenerhost.h"
 

@@ -2,12 +2,12 @@
 #include "scenariochecks.h"
 
 #include "jsondifference.h"
+#include "jsonfile.h"
 #include "postedinput.h"
 #include "widgettext.h"
 
 #include <QDir>
 #include <QFile>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QWidget>
 
@@ -67,12 +67,11 @@ StepResult ScenarioChecks::state(const ScenarioStep& step) const
 
 StepResult ScenarioChecks::document(const QString& file, const QJsonValue& expected) const
 {
-    QFile saved(QDir(m_dataFolder).filePath(file));
-    if (!saved.open(QIODevice::ReadOnly)) {
-        return {false, file + u" cannot be read: "_s + saved.errorString()};
+    const Expected<QJsonObject> saved = readJsonObject(QDir(m_dataFolder).filePath(file));
+    if (!saved) {
+        return {false, file + u" cannot be read: "_s + saved.failure().detail};
     }
-    const QJsonDocument document = QJsonDocument::fromJson(saved.readAll());
-    const std::optional<QString> difference = jsonDifference(expected, document.object());
+    const std::optional<QString> difference = jsonDifference(expected, *saved);
     return {!difference, difference.value_or(QString())};
 }
 
