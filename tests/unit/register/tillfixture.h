@@ -9,6 +9,7 @@
 #include "documentwatcher.h"
 #include "goodscatalogue.h"
 #include "graphicaluserinterface.h"
+#include "inplace.h"
 #include "loyaltysystemlayer.h"
 #include "registercommands.h"
 #include "registerformcreator.h"
@@ -23,26 +24,6 @@
 #include <memory>
 
 using namespace Qt::StringLiterals;
-
-/// Puts an object of the test's own in a singleton's place for as long as it lives.
-template <typename T>
-class Own
-{
-public:
-    Own()
-        : m_former(Singleton<T>::instance)
-    {
-        Singleton<T>::instance = &object;
-    }
-    ~Own() { Singleton<T>::instance = m_former; }
-    Own(const Own&) = delete;
-    Own& operator=(const Own&) = delete;
-
-    T object;
-
-private:
-    T* m_former;
-};
 
 /// Sees what a plug-in sees: the events, and the current document while they are told.
 class Witness : public BaseActivityListener, private DocumentWatcher

@@ -1,18 +1,27 @@
 // SPDX-License-Identifier: MIT
 // The register started in a language: what its screens and the platform's forms say.
+#include "actionqueuecontroller.h"
+#include "activitynotifier.h"
+#include "config.h"
 #include "dialog.h"
 #include "goodsselectionparams.h"
+#include "graphicaluserinterface.h"
+#include "inplace.h"
 #include "registerapplication.h"
 #include "textinputparams.h"
-#include "tillfixture.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -35,11 +44,6 @@ protected:
         const auto failure = application->start();
         ASSERT_FALSE(failure) << failure->message.toStdString();
         config.reset(Singleton<Config>::instance);
-    }
-    ~InterfaceLanguage() override
-    {
-        application.reset();
-        Singleton<Config>::instance = m_formerConfig;
     }
 
     /// The register's window.
@@ -93,11 +97,9 @@ protected:
     Own<ActionQueueController> controller;
     Own<ActivityNotifier> notifier;
     Own<GraphicalUserInterface> gui;
-    std::unique_ptr<Config> config;
+    std::unique_ptr<Config> config; ///< the one that the register put in place
+    InPlace<Config> formerConfig{Singleton<Config>::instance};
     std::unique_ptr<RegisterApplication> application;
-
-private:
-    Config* m_formerConfig = Singleton<Config>::instance;
 };
 
 TEST_F(InterfaceLanguage, english_platformAndRegisterSpeakEnglish)

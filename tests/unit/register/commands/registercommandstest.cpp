@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commandfixture.h"
+#include "dialogdouble.h"
 #include "registeraction.h"
-#include "saves.h"
-#include "shownmessages.h"
+#include "savingdouble.h"
 
 #include <QAbstractItemView>
 #include <QJsonArray>
@@ -19,11 +19,11 @@ class Commands : public CommandFixture
 TEST_F(Commands, openDocument_opensOneAndSaysSoWhenItIsOpen)
 {
     EXPECT_EQ(run(registeraction::openSale), EContext::GoOn);
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(registeraction::openSale), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_EQ(messages.all().first().text, u"Чек № 1 уже открыт."_s);
-    EXPECT_EQ(messages.all().first().kind, Dialog::Notice);
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_EQ(dialog.messages().first().text, u"Чек № 1 уже открыт."_s);
+    EXPECT_EQ(dialog.messages().first().kind, Dialog::Notice);
 }
 
 TEST_F(Commands, selectGoods_offersThoseOfTheNameAndWritesTheResult)
@@ -129,10 +129,10 @@ TEST_F(Commands, selectGoodsClosedByTheRegister_stopsWithoutAResult)
 TEST_F(Commands, selectGoodsWithoutADatabase_isShownAndStops)
 {
     config.set(u"Database:name"_s, folder.filePath(u"absent.sqlite"_s));
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(control::SelectGoods), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_TRUE(messages.all().first().text.startsWith(u"Справочник товаров недоступен"_s));
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Справочник товаров недоступен"_s));
 }
 
 TEST_F(Commands, addSelectedGoods_writesThePositionNumberThatCanBeFoundAtOnce)
@@ -227,21 +227,21 @@ TEST_F(Commands, changeQuantityCancelled_leavesThePacks)
 TEST_F(Commands, noPositionChosen_saysSo)
 {
     till->open();
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(registeraction::changeQuantity), EContext::Stop);
     EXPECT_EQ(run(registeraction::askToRemovePosition, positionNumber(4)), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 2);
-    EXPECT_EQ(messages.all().first().text, u"Сначала выберите позицию чека."_s);
+    ASSERT_EQ(dialog.messages().size(), 2);
+    EXPECT_EQ(dialog.messages().first().text, u"Сначала выберите позицию чека."_s);
 }
 
 TEST_F(Commands, boundPosition_keepsItsQuantity)
 {
     till->add(article(amoxidar));
     till->document()->position(1)->setSoftCheckId(u"rx-1"_s);
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_TRUE(messages.all().first().text.startsWith(u"Позиция № 1 отпускается по документу"_s));
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Позиция № 1 отпускается по документу"_s));
     EXPECT_EQ(till->document()->position(1)->getQuantity(), 1);
 }
 
@@ -291,13 +291,13 @@ TEST_F(Commands, removePosition_asksTheHooksWhileThePositionStands)
 TEST_F(Commands, keyExplained_namesTheKeyAndWhatIsMissing)
 {
     const QVariantMap key{{u"text"_s, u"Рецепт %1"_s}};
-    const ShownMessages messages;
+    const DialogDouble dialog;
     run(registeraction::explainKey, key);
     till->open();
     run(registeraction::explainKey, key);
-    ASSERT_EQ(messages.all().size(), 2);
-    EXPECT_TRUE(messages.all().at(0).text.startsWith(u"«Рецепт %1» работает при открытом чеке"_s));
-    EXPECT_TRUE(messages.all().at(1).text.startsWith(u"«Рецепт %1» сейчас недоступно"_s));
+    ASSERT_EQ(dialog.messages().size(), 2);
+    EXPECT_TRUE(dialog.messages().at(0).text.startsWith(u"«Рецепт %1» работает при открытом чеке"_s));
+    EXPECT_TRUE(dialog.messages().at(1).text.startsWith(u"«Рецепт %1» сейчас недоступно"_s));
 }
 
 class SubtotalCommand : public Commands, public ::testing::WithParamInterface<control::EActionType>
@@ -313,11 +313,11 @@ protected:
 TEST_P(SubtotalCommand, documentWithoutPositions_saysSoAndStops)
 {
     till->open();
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(GetParam()), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_EQ(messages.all().first().text, u"В чеке нет позиций.\nДобавьте товар или отмените чек."_s);
-    EXPECT_EQ(messages.all().first().kind, Dialog::Notice);
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_EQ(dialog.messages().first().text, u"В чеке нет позиций.\nДобавьте товар или отмените чек."_s);
+    EXPECT_EQ(dialog.messages().first().kind, Dialog::Notice);
     EXPECT_EQ(till->phase(), Till::Phase::Positions);
 }
 
@@ -380,13 +380,13 @@ TEST_F(PayCommand, receivedInAnyForm_closesWithTheChange)
 TEST_F(PayCommand, receivedUnreadable_saysWhatWasTypedAndHowToTypeIt)
 {
     standAtPayment();
-    const ShownMessages messages;
+    const DialogDouble dialog;
     const char* const typed[] = {"abc %1", "-50", "1 000", "24,801", "1e3", "999999999", "50 руб"};
     for (const char* text : typed) {
         EXPECT_EQ(pay(QString::fromUtf8(text)), EContext::Stop) << text;
     }
-    ASSERT_EQ(messages.all().size(), std::ssize(typed));
-    EXPECT_EQ(messages.all().first().text,
+    ASSERT_EQ(dialog.messages().size(), std::ssize(typed));
+    EXPECT_EQ(dialog.messages().first().text,
               u"«abc %1» — не сумма.\nВведите полученные деньги, например 50 или 12,40."_s);
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
     EXPECT_EQ(witness.codes(), QList<int>{10});
@@ -395,11 +395,11 @@ TEST_F(PayCommand, receivedUnreadable_saysWhatWasTypedAndHowToTypeIt)
 TEST_F(PayCommand, receivedTooLittle_saysWhatIsMissing)
 {
     standAtPayment();
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(pay(u"24,79"_s), EContext::Stop);
     EXPECT_EQ(pay(u"0"_s), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 2);
-    EXPECT_EQ(messages.all().first().text, u"Получено 24,79, а к оплате 24,80.\nНе хватает 0,01."_s);
+    ASSERT_EQ(dialog.messages().size(), 2);
+    EXPECT_EQ(dialog.messages().first().text, u"Получено 24,79, а к оплате 24,80.\nНе хватает 0,01."_s);
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
     EXPECT_EQ(witness.codes(), QList<int>{10});
 }
@@ -427,8 +427,8 @@ TEST_F(PayCommand, documentCannotBeSaved_staysAtItsPayment)
 {
     standAtPayment();
     {
-        Saves saves;
-        saves.failAll();
+        SavingDouble saving;
+        saving.failAll();
         EXPECT_EQ(pay({}), EContext::Stop);
     }
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
@@ -497,9 +497,9 @@ INSTANTIATE_TEST_SUITE_P(Results, CancellationHook,
 TEST_F(Commands, positionThatIsNotThere_isNotCancelled)
 {
     till->add(article(amoxidar));
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(control::RemovePosition, positionNumber(2)), EContext::NotFound);
-    EXPECT_EQ(messages.all().size(), 1);
+    EXPECT_EQ(dialog.messages().size(), 1);
     EXPECT_EQ(till->document()->positions().size(), 1);
 }
 
@@ -560,16 +560,16 @@ TEST_F(Commands, cancellingDocument_takesNoGoodsAndIsCancelledOnlyWhole)
 {
     ASSERT_TRUE(till->returnSale(archived(sold())));
     const QJsonObject before = till->document()->toJson();
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(registeraction::addGoods, {{u"search"_s, amoxidar}}), EContext::Stop);
     EXPECT_EQ(run(control::AddSelectedGoods, {{u"result"_s, QVariant::fromValue(article(amoxidar))}}), EContext::Stop);
     EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(run(registeraction::askToRemovePosition, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(run(control::RemovePosition, positionNumber(1)), EContext::NotFound);
     EXPECT_EQ(till->document()->toJson(), before);
-    ASSERT_EQ(messages.all().size(), 4);
-    EXPECT_TRUE(messages.all().first().text.startsWith(u"Открыт возврат: товары в него не добавляются"_s));
-    for (const auto& message : messages.all().mid(1)) {
+    ASSERT_EQ(dialog.messages().size(), 4);
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Открыт возврат: товары в него не добавляются"_s));
+    for (const auto& message : dialog.messages().mid(1)) {
         EXPECT_EQ(message.text, u"Продажа возвращается целиком: позиции возврата не меняются."_s);
     }
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "documentcommands.h"
 #include "registeraction.h"
-#include "shownmessages.h"
 #include "windowfixture.h"
 
 #include <QLabel>
