@@ -3,7 +3,7 @@
 // that has to be done, in the same loop; "ratio" is the one divided by the other.
 #include "actionfactory.h"
 #include "actionqueuecontroller.h"
-#include "config.h"
+#include "configured.h"
 #include "electronicprescriptionchoiceform.h"
 #include "electronicprescriptionchoicemodel.h"
 #include "registerstyle.h"
@@ -16,6 +16,8 @@
 #include <QTest>
 
 #include <benchmark/benchmark.h>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -154,9 +156,7 @@ int main(int argc, char** argv)
     }
     QApplication application(argc, argv);
     applyRegisterStyle(application, 800); // dressed as on the till
-    Config config;
-    config.setForThisRun("GUI:layouts", PLUGIN_LAYOUTS);
-    Singleton<Config>::instance = &config;
+    const Configured config({{u"GUI:layouts"_s, QString::fromUtf8(PLUGIN_LAYOUTS)}});
 
     const auto sizes = [](benchmark::internal::Benchmark* each) {
         each->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
@@ -170,6 +170,5 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
-    Singleton<Config>::instance = nullptr;
     return 0;
 }

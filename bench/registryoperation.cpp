@@ -3,7 +3,7 @@
 // beside the same two requests by libcurl alone on a kept connection. Both take turns against one server, so that
 // "ratio" (of the medians) does not depend on what else the machine does.
 
-#include "config.h"
+#include "configured.h"
 #include "electronicprescriptioninterface.h"
 #include "scriptedserver.h"
 
@@ -168,10 +168,8 @@ void registryOperation(benchmark::State& state)
     const ServerIdentity identity(authority);
     ScriptedServer server(&identity);
     server.reactBy(answerTo);
-    Config configuration;
+    Configured configuration;
     configuration.setForThisRun(u"RestClient:caFile"_s, authority.certificateFile());
-    Singleton<Config>::instance = &configuration;
-
     for (const char* key : {"requestsUrl", "authorizationUrl"}) {
         configuration.setForThisRun(u"ElectronicPrescription:"_s + key, server.url({}).toString());
     }
@@ -191,7 +189,6 @@ void registryOperation(benchmark::State& state)
     state.counters["registryclient_us"] = medianOf(client);
     state.counters["libcurl_us"] = medianOf(bare);
     state.counters["ratio"] = medianOf(client) / medianOf(bare);
-    Singleton<Config>::instance = nullptr;
 }
 BENCHMARK(registryOperation)->Unit(benchmark::kMicrosecond)->UseRealTime()->MinTime(2);
 
