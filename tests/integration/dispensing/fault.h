@@ -37,6 +37,6 @@ Fault drippingAnswer();
 Fault noAnswer();
 
 /// The cashier was told of the fault, once and as an error.
-void expectShownOf(const Fault& fault, emulator::Endpoint endpoint, const QList<ShownMessages::Message>& shown);
+void expectShownOf(const Fault& fault, emulator::Endpoint endpoint, const QList<DialogDouble::Message>& shown);
 
 std::string nameOf(emulator::Endpoint endpoint);

@@ -25,7 +25,7 @@ class LostAnswer : public testing::TestWithParam<LostAnswerCase>
 protected:
     static const Fault& fault() { return std::get<Fault>(GetParam()); }
     /// The cashier was told that text, once and as an error.
-    static void expectShown(const QList<ShownMessages::Message>& shown, const QString& text)
+    static void expectShown(const QList<DialogDouble::Message>& shown, const QString& text)
     {
         ASSERT_EQ(shown.size(), 1);
         EXPECT_EQ(shown.first().text, text);

@@ -55,15 +55,14 @@ const Line& lineOf(int position)
     return lines[position - 1];
 }
 
-QSharedPointer<SmallDocument> documentOfThree()
+QSharedPointer<DocumentDouble> documentOfThree()
 {
-    const auto document = QSharedPointer<SmallDocument>::create();
+    const auto document = QSharedPointer<DocumentDouble>::create();
     for (const int number : everyPosition) {
-        const auto position = QSharedPointer<GoodsItem>::create(lineOf(number).goods);
+        const auto position = document->add(lineOf(number).goods);
         position->setTag(positionformat::tag);
         position->setSoftCheckId(lineOf(number).prescription);
         position->setExtendedOptions(lineOf(number).options);
-        document->positions.append(position);
     }
     return document;
 }
@@ -111,7 +110,7 @@ public:
     }
     void handleEvent(const Event& event) override
     {
-        const qsizetype messages = m_pharmacy.m_messages.all().size() - m_pharmacy.m_messagesTaken;
+        const qsizetype messages = m_pharmacy.m_dialog.messages().size() - m_pharmacy.m_messagesTaken;
         m_pharmacy.m_heard.append({event.getCode(), messages});
     }
 
@@ -122,15 +121,13 @@ private:
 Pharmacy::Pharmacy(Over over, int timeoutSeconds)
     : m_registry(settingsOver(over), QString::fromUtf8(TEST_SEED))
     , m_config(configuration(m_registry.url().toString(), dataFolder.path(), timeoutSeconds))
-    , m_formerNotifier(Singleton<ActivityNotifier>::instance)
     , m_listener(std::make_unique<Listener>(*this))
     , m_document(documentOfThree())
 {
     if (over == Over::Https) {
         m_config.set(u"RestClient:caFile"_s, authority().certificateFile());
     }
-    Singleton<ActivityNotifier>::instance = &m_notifier;
-    m_notifier.subscribe(m_listener.get());
+    m_notifier.object.subscribe(m_listener.get());
     DocumentWatcher::setCurrentDocument(m_document);
     m_service.emplace();
 }
@@ -138,7 +135,6 @@ Pharmacy::Pharmacy(Over over, int timeoutSeconds)
 Pharmacy::~Pharmacy()
 {
     DocumentWatcher::setCurrentDocument(nullptr);
-    Singleton<ActivityNotifier>::instance = m_formerNotifier;
 }
 
 EContext::Result Pharmacy::subtotal()
@@ -232,10 +228,10 @@ void Pharmacy::forgetRequests() const
     m_registry.ask([](auto& registry) { registry.journal().clear(); });
 }
 
-QList<ShownMessages::Message> Pharmacy::takeShown()
+QList<DialogDouble::Message> Pharmacy::takeShown()
 {
-    const QList<ShownMessages::Message> shown = m_messages.all().mid(m_messagesTaken);
-    m_messagesTaken = m_messages.all().size();
+    const QList<DialogDouble::Message> shown = m_dialog.messages().mid(m_messagesTaken);
+    m_messagesTaken = m_dialog.messages().size();
     return shown;
 }
 

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "abstractdocument.h"
 #include "activitynotifier.h"
 #include "configured.h"
+#include "dialogdouble.h"
+#include "documentdouble.h"
 #include "econtext.h"
 #include "electronicprescriptionservice.h"
+#include "inplace.h"
 #include "registrythread.h"
-#include "shownmessages.h"
 
 #include <QJsonObject>
 #include <QList>
@@ -18,16 +19,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-
-/// A receipt that holds the positions it is given.
-class SmallDocument : public AbstractDocument
-{
-public:
-    int getType() const override { return Sale; }
-    QList<QSharedPointer<GoodsItem>> getPositions() const override { return positions; }
-
-    QList<QSharedPointer<GoodsItem>> positions;
-};
 
 /// A till with a receipt of three prescription positions, none of them registered, and an emulated registry. The
 /// service, the registry client, the HTTP client and the saving are the real ones.
@@ -72,7 +63,7 @@ public:
     void forgetRequests() const;
 
     /// What the cashier was told since the last call.
-    QList<ShownMessages::Message> takeShown();
+    QList<DialogDouble::Message> takeShown();
 
     /// An event, and how many messages the cashier had been shown by then.
     struct Heard {
@@ -90,13 +81,12 @@ private:
 
     RegistryThread m_registry;
     Configured m_config;
-    ShownMessages m_messages;
+    DialogDouble m_dialog;
     qsizetype m_messagesTaken = 0;
-    ActivityNotifier m_notifier;
-    ActivityNotifier* const m_formerNotifier;
+    Own<ActivityNotifier> m_notifier;
     QList<Heard> m_heard;
     std::unique_ptr<Listener> m_listener;
-    QSharedPointer<SmallDocument> m_document;
+    QSharedPointer<DocumentDouble> m_document;
     std::optional<ElectronicPrescriptionService> m_service;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What goes over the wire, request by request, as docs/registry-protocol.md tells it.
 
-#include "currenttime.h"
+#include "clockdouble.h"
 #include "pharmacy.h"
 #include "positionformat.h"
 #include "registryuris.h"
@@ -22,23 +22,10 @@ namespace
 class WireTest : public testing::Test
 {
 protected:
-    WireTest()
-    {
-        MockFactory<CurrentTime>::mocked = [this] { return QSharedPointer<OneMoment>::create(now); };
-        pharmacy.takeOff(3);
-    }
-    ~WireTest() override { MockFactory<CurrentTime>::mocked = nullptr; }
-
-    struct OneMoment : CurrentTime {
-        explicit OneMoment(const QDateTime& moment_)
-            : moment(moment_)
-        {
-        }
-        QDateTime current() const override { return moment; }
-        QDateTime moment;
-    };
+    WireTest() { pharmacy.takeOff(3); }
 
     const QDateTime now = QDateTime::currentDateTime();
+    const ClockDouble clock{now};
     Pharmacy pharmacy;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config.h"
+#include "configured.h"
 #include "electronicprescriptioninterface.h"
 #include "goodsitem.h"
 #include "registryemulator.h"
@@ -36,7 +36,6 @@ class RegistryClientTest : public ::testing::TestWithParam<const char*>
 {
 protected:
     RegistryClientTest();
-    ~RegistryClientTest() override;
 
     void configure(const char* name, const QString& value);
     /// The authority whose certificates the pharmacy trusts.
@@ -67,8 +66,7 @@ private:
 
     TestAuthority m_authority;
     std::optional<ServerIdentity> m_identity;
-    Config m_config;
-    Config* m_formerConfig;
+    Configured m_config;
 };
 
 /// The endpoints behind the token, and the token itself.
