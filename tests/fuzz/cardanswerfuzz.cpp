@@ -3,13 +3,14 @@
 
 #include "fuzztarget.h"
 
-#include "abstractdocument.h"
-#include "dialog.h"
+#include "dialogdouble.h"
+#include "documentdouble.h"
 #include "electronicprescriptionchoicemodel.h"
 #include "electronicprescriptionexception.h"
 #include "electronicprescriptioninterface.h"
 #include "electronicprescriptionservice.h"
 #include "goodsitem.h"
+#include "mocked.h"
 #include "positionformat.h"
 #include "prescriptionposition.h"
 #include "restclient.h"
@@ -19,8 +20,6 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
-
-using namespace Qt::Literals::StringLiterals;
 
 namespace
 {
@@ -63,23 +62,6 @@ public:
     using ElectronicPrescriptionService::patientCache;
 };
 
-class CountedMessages : public Dialog
-{
-public:
-    static inline int count = 0;
-
-    void showMessage(const tr::Tr&, int, int, int) override { ++count; }
-};
-
-class Sale : public AbstractDocument
-{
-public:
-    QList<QSharedPointer<GoodsItem>> positions;
-
-    int getType() const override { return AbstractDocument::Sale; }
-    QList<QSharedPointer<GoodsItem>> getPositions() const override { return positions; }
-};
-
 /// The prescriptions that the registry sent: the nested Bundles.
 qsizetype bundlesIn(const QByteArray& bytes)
 {
@@ -95,11 +77,11 @@ qsizetype bundlesIn(const QByteArray& bytes)
 
 Prescriptions lookUp(Service& service, const QByteArray& bytes)
 {
-    CountedMessages::count = 0;
+    const DialogDouble dialog;
     Prescriptions prescriptions;
     service.getElectronicPrescriptionsByCardNumber(u"77"_s, u"active"_s, prescriptions);
     promise(prescriptions.size() == bundlesIn(bytes), "there are as many prescriptions as nested Bundles");
-    promise(CountedMessages::count == (prescriptions.isEmpty() ? 1 : 0), "the cashier is told when there are none");
+    promise(dialog.messages().size() == (prescriptions.isEmpty() ? 1 : 0), "the cashier is told when there are none");
     promise(prescriptions.isEmpty() || service.patientCache.value(u"active"_s), "prescriptions come with a patient");
     return prescriptions;
 }
@@ -129,11 +111,11 @@ void serveFirst(const Service& service, const Prescriptions& prescriptions)
     {
         return;
     }
-    const auto sale = QSharedPointer<Sale>::create();
-    sale->positions << QSharedPointer<GoodsItem>::create();
-    service.fillElectronicPrescriptionDataForPosition(prescriptions.first(), sale->positions.first(), true, 1.0);
-    service.setPriceForPosition(prescriptions.first(), sale->positions.first());
-    promise(readPositionOptions(*sale->positions.first())[positionformat::id] == id, "the position keeps the id");
+    const auto sale = QSharedPointer<DocumentDouble>::create();
+    const auto position = sale->add();
+    service.fillElectronicPrescriptionDataForPosition(prescriptions.first(), position, true, 1.0);
+    service.setPriceForPosition(prescriptions.first(), position);
+    promise(readPositionOptions(*position)[positionformat::id] == id, "the position keeps the id");
 
     Prescriptions others = prescriptions;
     others.removeIf([&id](const auto& prescription) { return prescription->getId() == id; });
@@ -144,7 +126,7 @@ void serveFirst(const Service& service, const Prescriptions& prescriptions)
     promise(left == others, "all but the served one are left, in their order");
 
     QJsonDocument dispense;
-    Client().formMedicationDispense(sale->positions.first(), dispense);
+    Client().formMedicationDispense(position, dispense);
     promise(dispense.isObject(), "the dispense can be told to the registry");
 }
 
@@ -166,8 +148,7 @@ void refuse(const QByteArray& bytes)
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray bytes = bytesOf(data, size);
-    MockFactory<RestClient>::mocked = [&bytes] { return QSharedPointer<RestClient>(new Answer(bytes, 0)); };
-    MockFactory<Dialog>::mocked = [] { return QSharedPointer<Dialog>(new CountedMessages); };
+    const Mocked<RestClient> mocked([&bytes] { return QSharedPointer<Answer>::create(bytes, 0); });
 
     Service service;
     const Prescriptions prescriptions = lookUp(service, bytes);

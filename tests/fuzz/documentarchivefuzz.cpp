@@ -4,7 +4,7 @@
 #include "fuzztarget.h"
 
 #include "config.h"
-#include "dialog.h"
+#include "dialogdouble.h"
 #include "documentarchive.h"
 #include "documentnumbers.h"
 #include "opendocumentfile.h"
@@ -24,12 +24,6 @@ namespace
 
 constexpr int soundNumber = 1;
 constexpr int otherNumber = 2;
-
-class Silent : public Dialog
-{
-public:
-    void showMessage(const tr::Tr&, int, int, int) override {}
-};
 
 QByteArray contentOf(const QString& file)
 {
@@ -72,7 +66,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const QString finishedSound = folder.filePath(u"finished/00000001.json"_s);
     const QString finished = folder.filePath(u"finished/00000002.json"_s);
     const QString suspend = folder.filePath(u"putaside/00000002.json"_s);
-    MockFactory<Dialog>::mocked = [] { return QSharedPointer<Dialog>(new Silent); };
+    const DialogDouble dialog;
     Singleton<Config>::get()->setForThisRun(u"Register:data"_s, folder.path());
 
     QDir(folder.path()).removeRecursively();

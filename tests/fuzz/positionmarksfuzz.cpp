@@ -3,7 +3,7 @@
 
 #include "fuzztarget.h"
 
-#include "abstractdocument.h"
+#include "documentdouble.h"
 #include "positionmarks.h"
 
 #include <QFile>
@@ -17,13 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
-class Document : public AbstractDocument
-{
-public:
-    int getType() const override { return Sale; }
-    QList<QSharedPointer<GoodsItem>> getPositions() const override { return {}; }
-};
 
 bool isEmpty(const PositionMarks::Look& look)
 {
@@ -68,7 +61,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         lookAtMarked(marks, entry.toObject(), bytes);
     }
 
-    Document document;
+    DocumentDouble document;
     promise(marks.documentText(document).isEmpty(), "nothing is told of a document on which nothing is stored");
     const QJsonArray lines = root.value(u"document"_s).toArray();
     for (const auto line : lines) {
