@@ -134,7 +134,7 @@ Fault noAnswer()
     return plain("Never", &FaultScript::neverAnswer, Fault::Shown::MayBeCarriedOut);
 }
 
-void expectShownOf(const Fault& fault, Endpoint endpoint, const QList<DialogDouble::Message>& shown)
+void expectMessageOf(const Fault& fault, Endpoint endpoint, const QList<DialogDouble::Message>& shown)
 {
     ASSERT_EQ(shown.size(), 1);
     EXPECT_EQ(shown.first().kind, Dialog::Error);
