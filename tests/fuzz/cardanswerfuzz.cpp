@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A card's prescriptions, from the bytes that the registry sent to every cell of the list.
+// A card's prescriptions: from the bytes of the answer to every cell of the list.
 
 #include "fuzztarget.h"
 
@@ -26,7 +26,7 @@ namespace
 
 using Prescriptions = ElectronicPrescriptionService::Prescriptions;
 
-/// Bytes in place of the network.
+/// Answers with bytes instead of a server.
 class Answer : public RestClient
 {
 public:
@@ -62,7 +62,7 @@ public:
     using ElectronicPrescriptionService::patientCache;
 };
 
-/// The prescriptions that the registry sent: the nested Bundles.
+/// The number of nested Bundles, each of which is a prescription.
 qsizetype bundlesIn(const QByteArray& bytes)
 {
     const QJsonObject answer = QJsonDocument::fromJson(bytes).object();
@@ -81,7 +81,7 @@ Prescriptions lookUp(Service& service, const QByteArray& bytes)
     Prescriptions prescriptions;
     service.getElectronicPrescriptionsByCardNumber(u"77"_s, u"active"_s, prescriptions);
     promise(prescriptions.size() == bundlesIn(bytes), "there are as many prescriptions as nested Bundles");
-    promise(dialog.messages().size() == (prescriptions.isEmpty() ? 1 : 0), "the cashier is told when there are none");
+    promise(dialog.messages().size() == (prescriptions.isEmpty() ? 1 : 0), "a message is shown when there are none");
     promise(prescriptions.isEmpty() || service.patientCache.value(u"active"_s), "prescriptions come with a patient");
     return prescriptions;
 }
@@ -103,11 +103,11 @@ void lookAtEveryCell(const Prescriptions& prescriptions)
     }
 }
 
-/// A served prescription is on the receipt: it is not offered again, and the others are.
+/// Adds a served prescription to the document: it is not offered again, and the others are.
 void serveFirst(const Service& service, const Prescriptions& prescriptions)
 {
     const QString id = prescriptions.first()->getId();
-    if (!id.isValidUtf16()) // what is no text comes back as another one
+    if (!id.isValidUtf16()) // an invalid text comes back as another one
     {
         return;
     }
@@ -127,10 +127,10 @@ void serveFirst(const Service& service, const Prescriptions& prescriptions)
 
     QJsonDocument dispense;
     Client().formMedicationDispense(position, dispense);
-    promise(dispense.isObject(), "the dispense can be told to the registry");
+    promise(dispense.isObject(), "a dispense document can be made");
 }
 
-/// The same bytes as the answer to a request that failed.
+/// Uses the same bytes as the answer to a failed request.
 void refuse(const QByteArray& bytes)
 {
     const QSharedPointer<RestClient> client(new Answer(bytes, 500));
@@ -140,7 +140,7 @@ void refuse(const QByteArray& bytes)
     } catch (const ElectronicPrescriptionException&) {
         return;
     }
-    promise(false, "a failed request is an error, whatever its answer holds");
+    promise(false, "a failed request is an error, whatever its answer is");
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The data folder with one file of unknown contents in each place: the documents around it stay in reach.
+// A data folder with a file of unknown content in each place. The documents beside it can still be used.
 
 #include "fuzztarget.h"
 
@@ -45,7 +45,7 @@ QByteArray soundSale()
     return QJsonDocument(sale.toJson()).toJson();
 }
 
-/// Whether a document can be gone on with, in the archive or as the open one.
+/// Whether a document can be used, from the archive or as the open one.
 bool isThere(const DocumentArchive& archive, const QSharedPointer<Document>& open, int number)
 {
     return archive.find(number) || (open && open->getNumber() == number);
@@ -65,7 +65,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     static const QByteArray sound = soundSale();
     const QString finishedSound = folder.filePath(u"finished/00000001.json"_s);
     const QString finished = folder.filePath(u"finished/00000002.json"_s);
-    const QString suspend = folder.filePath(u"putaside/00000002.json"_s);
+    const QString suspended = folder.filePath(u"putaside/00000002.json"_s);
     const DialogDouble dialog;
     Singleton<Config>::get()->setForThisRun(u"Register:data"_s, folder.path());
 
@@ -75,25 +75,25 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const QByteArray bytes = bytesOf(data, size);
     put(finishedSound, sound);
     put(finished, bytes);
-    put(suspend, bytes);
+    put(suspended, bytes);
     put(folder.filePath(u"receipt.json"_s), bytes);
     put(folder.filePath(u"lastreceiptnumber"_s), bytes);
 
     const DocumentArchive archive(folder.path());
-    promise(holds(archive.latest(10), soundNumber), "a sound document is listed beside any other");
+    promise(holds(archive.latest(10), soundNumber), "a sound document is listed whatever is beside it");
     promise(archive.greatestNumber() == otherNumber, "a damaged document keeps its number");
     DocumentNumbers numbers(folder.path());
     numbers.pass(archive.greatestNumber());
     promise(numbers.next() > otherNumber, "a new document never gets the number of another");
 
     const OpenDocumentFile::Loaded open = OpenDocumentFile(folder.path()).load();
-    promise(open.document || contentOf(open.setAside) == bytes, "a damaged receipt is set aside as it is");
+    promise(open.document || contentOf(open.setAside) == bytes, "a damaged document is renamed and not changed");
     const bool wasThere = isThere(archive, open.document, otherNumber);
     const auto stillOpen = archive.tidyUp(open.document);
     promise(isThere(archive, stillOpen, soundNumber), "tidying up leaves a sound document");
     promise(!wasThere || isThere(archive, stillOpen, otherNumber), "tidying up leaves a readable copy");
-    promise(wasThere || (contentOf(finished) == bytes && contentOf(suspend) == bytes),
-            "tidying up leaves what is damaged as it is");
+    promise(wasThere || (contentOf(finished) == bytes && contentOf(suspended) == bytes),
+            "tidying up leaves damaged files as they are");
 
     archive.isReturned(*archive.find(soundNumber), stillOpen);
     if (const auto document = archive.find(otherNumber)) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A scenario's file and its steps.
+// A scenario file and its steps.
 
 #include "fuzztarget.h"
 
@@ -22,11 +22,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const ScenarioFile scenario = ScenarioFile::parse(bytesOf(data, size));
     promise(scenario.error.isEmpty() || scenario.steps.isEmpty(), "a scenario is played whole or not at all");
-    promise(scenario.error != u"no error occurred"_s, "it is told what is wrong");
+    promise(scenario.error != u"no error occurred"_s, "a refusal has a reason");
     for (const ScenarioStep& step : scenario.steps) {
         const ScenarioFile alone = ScenarioFile::parse("{\"steps\": [" + step.source.toUtf8() + "]}");
-        promise(alone.steps.size() == 1 && isSame(alone.steps.first(), step),
-                "a step is told as it stands in the file");
+        promise(alone.steps.size() == 1 && isSame(alone.steps.first(), step), "a step's source is the step");
     }
     return 0;
 }
