@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the plug-in adds to parsing a card's answer, and what keeping served prescriptions out of the list costs.
+// The time that the plug-in adds to parsing a card's answer, and the time that it takes to leave out served
+// prescriptions.
 
 #include "bycardanswer.h"
 #include "documentdouble.h"
@@ -26,7 +27,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The time that this thread has had: on a busy machine the wall clock says little.
+/// The processor time of this thread. The wall clock says little on a busy machine.
 struct ThreadClock {
     using duration = std::chrono::nanoseconds;
 
@@ -43,7 +44,7 @@ QString prescriptionId(int number)
     return u"prescription-%1"_s.arg(number, 8, 10, QChar(u'0'));
 }
 
-/// The registry's answer for a card with so many prescriptions, each with one earlier dispense.
+/// The registry's answer for a card with that many prescriptions, each with one earlier dispense.
 QByteArray cardAnswer(int prescriptions)
 {
     const QString card = u"1100000000000099"_s;
@@ -62,8 +63,8 @@ QByteArray cardAnswer(int prescriptions)
     return QJsonDocument(answer).toJson(QJsonDocument::Compact);
 }
 
-/// The registry client with bytes in place of the network. It keeps the document, so that taking it apart is not
-/// measured: that is neither parsing nor mapping.
+/// The registry client with bytes instead of a server. It keeps the parsed document, so that its destruction is not
+/// measured, which is neither parsing nor mapping.
 class ClientOfBytes : public ElectronicPrescriptionInterface
 {
 public:
@@ -96,7 +97,7 @@ public:
     }
 };
 
-/// "added": the time beyond parsing, as a share of the parsing time, both from the same run.
+/// Counter "added": the time beyond parsing as a share of the parsing time, both of the same run.
 void bytesToRecords(benchmark::State& state)
 {
     const int count = int(state.range(0));
@@ -107,7 +108,7 @@ void bytesToRecords(benchmark::State& state)
     ThreadClock::duration whole{};
 
     for (auto _ : state) {
-        // Both begin with the same heap: what the round before has left in pieces is given back first.
+        // Both begin with the same heap: the free memory of the round before is given back first.
         malloc_trim(0);
         {
             const auto begin = ThreadClock::now();
@@ -137,7 +138,7 @@ void bytesToRecords(benchmark::State& state)
 }
 BENCHMARK(bytesToRecords)->Arg(10)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-/// As many prescription positions in the document as prescriptions in the list; half of them are the same.
+/// The document has as many positions as the list has prescriptions; half of the list is in the document.
 void filterAgainstDocument(benchmark::State& state)
 {
     const int count = int(state.range(0));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// One registry operation, a token POST and a resource GET over HTTPS on loopback: by the plug-in's registry client,
-// beside the same two requests by libcurl alone on a kept connection. Both take turns against one server, so that
-// "ratio" (of the medians) does not depend on what else the machine does.
+// One registry operation, a token POST and a resource GET over HTTPS on loopback: by the plug-in's registry client, and
+// as a floor by libcurl alone on a kept connection. Both take turns at one server, so that "ratio" (of the medians)
+// hardly depends on the load of the machine.
 
 #include "configured.h"
 #include "electronicprescriptioninterface.h"
@@ -54,7 +54,7 @@ void check(bool succeeded)
     }
 }
 
-/// The plug-in's registry client, with a card's prescriptions.
+/// The plug-in's registry client asks for a card's prescriptions.
 class ByRegistryClient
 {
 public:
@@ -70,7 +70,7 @@ private:
     ElectronicPrescriptionInterface m_client;
 };
 
-/// The same requests by libcurl, with nothing around them; the answers are not even parsed.
+/// The same requests by libcurl alone. The answers are not parsed.
 class ByBareCurl
 {
 public:

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The subtotal of a receipt with prescription positions, over HTTPS on loopback: the plug-in's whole way, from the hook
-// to the saved receipt, beside the same requests replayed by libcurl alone on a kept connection. Both take turns
-// against one registry emulator, which answers at once or after 20 ms, so that "ratio" (of the medians) does not depend
-// on what else the machine does. "saving" is the share of the subtotal in which the receipt is written and synced.
+// The subtotal of a document with prescription positions, over HTTPS on loopback: the plug-in's whole way from the hook
+// to the saved document, and as a floor the same requests by libcurl alone on a kept connection. Both take turns at one
+// registry emulator, which answers at once or after 20 ms, so that "ratio" (of the medians) hardly depends on the load
+// of the machine. "saving" is the share of the subtotal in which the document is written and synced.
 
 #include "configured.h"
 #include "documentdouble.h"
@@ -47,7 +47,7 @@ QString prescriptionOf(int position)
     return u"rx-%1"_s.arg(position);
 }
 
-/// One patient with that many prescriptions, half of whose price somebody else pays.
+/// A seed of one patient with that many prescriptions. A payer pays half of each price.
 QByteArray seedOf(int prescriptions)
 {
     QJsonArray all;
@@ -88,7 +88,7 @@ QSharedPointer<DocumentDouble> documentOf(int positions)
     return document;
 }
 
-/// Makes every position one that is not registered.
+/// Gives every position the options of one that is not registered.
 void makeDue(const DocumentDouble& document)
 {
     for (const auto& position : document.positions) {
@@ -104,7 +104,7 @@ void makeDue(const DocumentDouble& document)
     }
 }
 
-/// A registry whose answers take their time, and its authority.
+/// A registry that answers after a delay, and its certification authority.
 class SlowRegistry
 {
 public:
@@ -119,7 +119,7 @@ public:
     QUrl url() const { return m_registry.url(); }
     QString certificates() const { return m_authority.certificateFile(); }
 
-    /// Forgets what was registered, and the requests.
+    /// Forgets the dispenses and the requests.
     void beginAgain()
     {
         m_registry.ask([this](emulator::RegistryEmulator& registry) {
@@ -161,7 +161,7 @@ private:
     RegistryThread m_registry;
 };
 
-/// The requests of a subtotal by libcurl, with nothing around them.
+/// Repeats the requests of a subtotal by libcurl alone.
 class Replay
 {
 public:
@@ -179,10 +179,9 @@ public:
         curl_easy_cleanup(m_easy);
         freeHeaders();
     }
-    Replay(const Replay&) = delete;
-    Replay& operator=(const Replay&) = delete;
+    Q_DISABLE_COPY_MOVE(Replay)
 
-    /// Has the registry's former tokens replaced by a new one.
+    /// Gets a new token for the requests.
     void authorize()
     {
         freeHeaders();
@@ -331,7 +330,7 @@ void subtotal(benchmark::State& state)
     DocumentWatcher::setCurrentDocument(nullptr);
 }
 
-/// Positions, and milliseconds that each answer takes.
+/// The cases: number of positions, and the delay of each answer in milliseconds.
 void registerCases()
 {
     const auto add = [](int positions, int delay, int rounds) {
