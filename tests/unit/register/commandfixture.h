@@ -12,7 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// A register whose commands are executed, with a cashier who answers its forms.
+/// A register that executes commands, and a cashier who answers its forms.
 class CommandFixture : public TillFixture
 {
 protected:
@@ -22,9 +22,9 @@ protected:
             if (!gui.object.topForm()) {
                 return;
             }
-            ADD_FAILURE() << "A form that nobody expected waits for an answer";
+            ADD_FAILURE() << "An unexpected form waits for an answer";
             gui.object.cancelForms();
-            m_watchdog.setInterval(1); // nor shall the next one be waited for
+            m_watchdog.setInterval(1); // the next one is not waited for
         });
         m_watchdog.start(20'000);
     }
@@ -42,7 +42,7 @@ protected:
     {
         root.findChild<QPushButton*>(QLatin1StringView(button))->click();
     }
-    /// Has the next question answered so.
+    /// Has the cashier press that button at the next question.
     void answerQuestion(const char* button)
     {
         cashier.onForm(u"questionForm"_s, [button](QWidget& root) { press(root, button); });
@@ -52,7 +52,7 @@ protected:
     {
         controller.object.addTrigger({context, type, ActionTrigger::Before, hook, ActionTrigger::Any, 1});
     }
-    /// Sells an article; the number of the sale.
+    /// Sells an article and returns the number of the sale.
     int sold()
     {
         till->add(article(amoxidar, 2));
@@ -60,7 +60,7 @@ protected:
         EXPECT_TRUE(till->close(5000));
         return number;
     }
-    /// Puts a receipt aside; its number.
+    /// Suspends a document and returns its number.
     int suspend()
     {
         till->add(article(amoxidar));
@@ -68,7 +68,7 @@ protected:
         EXPECT_TRUE(till->suspend());
         return number;
     }
-    /// Throws, which fails the test, when there is none.
+    /// A document of the archive; throws, which fails the test, when there is none.
     QSharedPointer<Document> archived(int number) const
     {
         auto document = till->archive().find(number);
@@ -82,5 +82,5 @@ protected:
     Cashier cashier;
 
 private:
-    QTimer m_watchdog; ///< only bounds a failure
+    QTimer m_watchdog; ///< only ends a test that fails
 };

@@ -25,7 +25,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// Sees what a plug-in sees: the events, and the current document while they are told.
+/// Records what a plug-in sees: the events, and the current document and the context at each.
 class Witness : public BaseActivityListener, private DocumentWatcher
 {
 public:
@@ -53,7 +53,7 @@ public:
     QList<Seen> seen;
 };
 
-/// A register without its window: data folder, demo goods, the sale and its commands.
+/// A register without its window: data folder, demo goods, till and commands.
 class TillFixture : public ::testing::Test
 {
 protected:
@@ -71,7 +71,7 @@ protected:
     }
     ~TillFixture() override { DocumentWatcher::setCurrentDocument(nullptr); }
 
-    /// The article with that barcode, from the demo goods.
+    /// Packs of the demo goods with that barcode.
     SelectedGoods article(const QString& barcode, int packs = 1) const
     {
         return {catalogue.byBarcode(barcode).value(), packs};
