@@ -7,8 +7,6 @@
 #include "electronicprescriptioninterface.h"
 #include "electronicprescriptionservice.h"
 #include "goodsitem.h"
-#include "positionformat.h"
-#include "prescriptionposition.h"
 #include "prescriptionstore.h"
 #include "syntheticprescriptions.h"
 

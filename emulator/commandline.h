@@ -7,12 +7,13 @@
 
 namespace emulator
 {
-/// What the program was asked to do. With --help or --version it never comes into being: the program ends there.
+/// What the program is asked to do.
 struct CommandLine {
     EmulatorSettings settings;
     QString seedFile; ///< empty: none
 
-    /// Reads the application's arguments. Throws EmulatorError for those that cannot be used.
+    /// Reads the application's arguments. --help and --version end the program here. Throws EmulatorError for
+    /// arguments that cannot be used.
     static CommandLine read(const QStringList& arguments);
 };
 } // namespace emulator

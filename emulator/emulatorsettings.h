@@ -9,12 +9,12 @@
 
 namespace emulator
 {
-/// How an emulator is set up.
+/// The settings of an emulator.
 struct EmulatorSettings {
     quint16 port = 0;                 ///< of the registry; 0: a free one
     std::optional<quint16> adminPort; ///< 0: a free one; nothing: no admin port
-    QString basePath;                 ///< under which the registry's paths lie, such as "/fhir"; empty: none
-    QString dataFile;                 ///< SQLite file that keeps the state; empty: it is kept in memory
+    QString basePath;                 ///< in front of the registry's paths, such as "/fhir"; empty: none
+    QString dataFile;                 ///< SQLite file that keeps the state; empty: the state is in memory
     QString tlsCertificate;           ///< PEM file; with it and the key the registry speaks HTTPS
     QString tlsKey;                   ///< PEM file
     Clock clock = [] { return QDateTime::currentDateTime(); };

@@ -11,13 +11,13 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-void tell(const QString& line)
+void print(const QString& line)
 {
-    QTextStream(stdout) << line << Qt::endl; // flushes: whoever started the program waits for the line
+    QTextStream(stdout) << line << Qt::endl; // endl flushes: a script waits for this line
 }
 
-/// Fills the registry, unless its data file holds a state already.
-void begin(emulator::RegistryEmulator& registry, const QString& seedFile)
+/// Fills the registry from the seed, unless its data file already holds a state.
+void fill(emulator::RegistryEmulator& registry, const QString& seedFile)
 {
     if (seedFile.isEmpty()) {
         return;
@@ -26,7 +26,7 @@ void begin(emulator::RegistryEmulator& registry, const QString& seedFile)
     if (registry.store().isEmpty()) {
         registry.reset();
     } else {
-        tell(u"data kept, the seed was not used"_s);
+        print(u"data kept, the seed was not used"_s);
     }
 }
 } // namespace
@@ -41,11 +41,11 @@ int main(int argc, char** argv)
         emulator::TerminationSignal termination;
         QObject::connect(&termination, &emulator::TerminationSignal::received, &application, &QCoreApplication::quit);
         emulator::RegistryEmulator registry(commandLine.settings);
-        begin(registry, commandLine.seedFile);
+        fill(registry, commandLine.seedFile);
         registry.start();
-        tell(u"registry "_s + registry.url().toString());
+        print(u"registry "_s + registry.url().toString());
         if (!registry.adminUrl().isEmpty()) {
-            tell(u"admin "_s + registry.adminUrl().toString());
+            print(u"admin "_s + registry.adminUrl().toString());
         }
         return QCoreApplication::exec();
     } catch (const emulator::EmulatorError& error) {

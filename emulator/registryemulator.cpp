@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "registryemulator.h"
 
-#include "adminapi.h"
-#include "emulatorerror.h"
-#include "seedreader.h"
-#include "syntheticprescriptions.h"
 #include "tlsidentity.h"
-
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -15,28 +9,6 @@ namespace emulator
 {
 namespace
 {
-/// The status that goes to the client; 0 when none does.
-int statusOf(const Delivery& delivery)
-{
-    switch (delivery.manner) {
-    case Delivery::Manner::Close:
-    case Delivery::Manner::Reset:
-    case Delivery::Manner::Never:
-        return 0;
-    default:
-        return delivery.answer.status;
-    }
-}
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw EmulatorError(u"cannot read the seed %1: %2"_s.arg(path, file.errorString()));
-    }
-    return file.readAll();
-}
-
 QUrl loopbackUrl(const QString& scheme, quint16 port)
 {
     QUrl url;
@@ -47,16 +19,12 @@ QUrl loopbackUrl(const QString& scheme, quint16 port)
 }
 } // namespace
 
-RegistryEmulator::RegistryEmulator(EmulatorSettings settings, QObject* parent)
-    : QObject(parent)
-    , m_settings(std::move(settings))
-    , m_store(m_settings.dataFile)
-    , m_api(m_store, m_settings.clock, m_settings.basePath)
-    , m_admin(std::make_unique<AdminApi>(*this))
+RegistryEmulator::RegistryEmulator(EmulatorSettings settings)
+    : m_settings(std::move(settings))
+    , m_registry(m_settings.dataFile, m_settings.basePath, m_settings.clock)
+    , m_admin(m_registry)
 {
 }
-
-RegistryEmulator::~RegistryEmulator() = default;
 
 void RegistryEmulator::start()
 {
@@ -64,14 +32,14 @@ void RegistryEmulator::start()
     if (!m_settings.tlsCertificate.isEmpty() || !m_settings.tlsKey.isEmpty()) {
         tls = tlsIdentity(m_settings.tlsCertificate, m_settings.tlsKey);
     }
-    auto registryServer = std::make_unique<HttpServer>(
-        RequestHandler{[this](const HttpRequest& request) { return answer(request); },
-                       [this](const HttpRequest& request, int status) { return answerUnreadable(request, status); }});
+    auto registryServer = std::make_unique<HttpServer>(RequestHandler{
+        [this](const HttpRequest& request) { return m_registry.answer(request); },
+        [this](const HttpRequest& request, int status) { return m_registry.answerUnreadable(request, status); }});
     registryServer->listen(m_settings.port, tls);
     std::unique_ptr<HttpServer> adminServer;
     if (m_settings.adminPort) {
         adminServer = std::make_unique<HttpServer>(
-            RequestHandler{[this](const HttpRequest& request) { return m_admin->answer(request); },
+            RequestHandler{[this](const HttpRequest& request) { return m_admin.answer(request); },
                            [](const HttpRequest&, int status) { return AdminApi::unreadable(status); }});
         adminServer->listen(*m_settings.adminPort);
         m_settings.adminPort = adminServer->port();
@@ -105,90 +73,5 @@ QUrl RegistryEmulator::adminUrl() const
 quint64 RegistryEmulator::connectionCount() const
 {
     return m_registryServer ? m_registryServer->connectionCount() : 0;
-}
-
-void RegistryEmulator::seed(const QByteArray& json)
-{
-    SeedReader(today()).read(json);
-    m_seed = json;
-    reset();
-}
-
-void RegistryEmulator::seedFromFile(const QString& path)
-{
-    keepSeedFile(path);
-    reset();
-}
-
-void RegistryEmulator::keepSeedFile(const QString& path)
-{
-    const QByteArray json = contentOf(path);
-    try {
-        SeedReader(today()).read(json);
-    } catch (const EmulatorError& error) {
-        throw EmulatorError(path + u": "_s + error.message());
-    }
-    m_seed = json;
-}
-
-void RegistryEmulator::reset()
-{
-    m_store.replace(m_seed.isEmpty() ? Seed() : SeedReader(today()).read(m_seed));
-    tokens().expireAll();
-    m_faults.clear();
-    m_journal.clear();
-}
-
-void RegistryEmulator::fillCard(const QString& card, int count)
-{
-    addSyntheticPrescriptions(m_store, card, count, today());
-}
-
-QDate RegistryEmulator::today() const
-{
-    return m_settings.clock().date();
-}
-
-Delivery RegistryEmulator::answer(const HttpRequest& request)
-{
-    const Route route = m_api.routeOf(request);
-    const auto fault = m_faults.takeFor(route.endpoint);
-
-    Delivery delivery;
-    if (!fault) {
-        delivery.answer = m_api.answer(request, route);
-    } else {
-        delivery = fault->deliver(fault->isCarriedOut ? m_api.answer(request, route) : HttpAnswer());
-    }
-    JournalEntry entry;
-    entry.connection = request.connection;
-    entry.received = m_settings.clock();
-    entry.endpoint = route.endpoint;
-    entry.method = request.method;
-    entry.target = request.target;
-    entry.headers = request.headers;
-    entry.body = request.body;
-    entry.status = statusOf(delivery);
-    if (fault) {
-        entry.fault = fault->name;
-    }
-    return deliver(m_journal.add(std::move(entry)), std::move(delivery));
-}
-
-Delivery RegistryEmulator::answerUnreadable(const HttpRequest& request, int status)
-{
-    Delivery delivery;
-    delivery.answer = RegistryApi::unreadable(status);
-    JournalEntry entry;
-    entry.connection = request.connection;
-    entry.received = m_settings.clock();
-    entry.status = status;
-    return deliver(m_journal.add(std::move(entry)), std::move(delivery));
-}
-
-Delivery RegistryEmulator::deliver(qint64 journalNumber, Delivery delivery)
-{
-    delivery.finished = [this, journalNumber](bool whole) { m_journal.answered(journalNumber, whole); };
-    return delivery;
 }
 } // namespace emulator

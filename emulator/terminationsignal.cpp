@@ -13,9 +13,9 @@ namespace emulator
 {
 namespace
 {
-int pipeEnds[2] = {-1, -1}; // what a signal handler may write to
+int pipeEnds[2] = {-1, -1}; // a signal handler may write to a pipe
 
-void tell(int)
+void notify(int)
 {
     const char byte = 0;
     [[maybe_unused]] const auto written = ::write(pipeEnds[1], &byte, 1);
@@ -35,8 +35,8 @@ TerminationSignal::TerminationSignal(QObject* parent)
             emit received();
         }
     });
-    std::signal(SIGTERM, tell);
-    std::signal(SIGINT, tell);
+    std::signal(SIGTERM, notify);
+    std::signal(SIGINT, notify);
 }
 
 TerminationSignal::~TerminationSignal()

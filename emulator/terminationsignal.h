@@ -6,7 +6,7 @@
 
 namespace emulator
 {
-/// Turns SIGTERM and SIGINT into a Qt signal in the main thread. There is one of it in a program.
+/// Turns SIGTERM and SIGINT into a Qt signal in the main thread. A program has one at most.
 class TerminationSignal : public QObject
 {
     Q_OBJECT

@@ -11,47 +11,14 @@
 
 using namespace Qt::StringLiterals;
 
-EContext::Result ElectronicPrescriptionService::beforeSubtotal(const control::Action& action)
+EContext::Result ElectronicPrescriptionService::beforeStornoAll(const control::Action&)
 {
-    if (isCurrentDocumentOf(AbstractDocument::Sale)) {
-        return dispenseElectronicPrescriptions(action);
-    }
-    if (isCurrentDocumentOf(AbstractDocument::Return)) {
-        control::Action cancelling = action;
-        cancelling.insert("document", QVariant::fromValue(getDocument()));
-        return cancelElectronicPrescriptions(cancelling);
-    }
-    return EContext::GoOn;
-}
-
-EContext::Result ElectronicPrescriptionService::beforeStornoAll(const control::Action& action)
-{
-    if (!isCurrentDocumentOf(AbstractDocument::Sale)) {
-        return EContext::GoOn;
-    }
-
-    control::Action cancelling = action;
-    cancelling.appendArgument(QVariant::fromValue(getDocument()), "document");
-    return cancelElectronicPrescriptions(cancelling);
+    return isCurrentDocumentOf(AbstractDocument::Sale) ? cancelDispensesOf(getDocument()) : EContext::GoOn;
 }
 
 EContext::Result ElectronicPrescriptionService::cancelElectronicPrescriptions(const control::Action& action)
 {
-    sendStartEvent(prescriptiontexts::processMessage());
-    const Finally stop([this] { sendStopEvent(); });
-
-    const auto document = action.value("document").value<QSharedPointer<AbstractDocument>>();
-    if (!document) {
-        return EContext::GoOn;
-    }
-
-    const bool saveDocument = !document->isClosed();
-    const auto positions = document->getPositions();
-    const bool allCancelled =
-        std::all_of(positions.cbegin(), positions.cend(), [&](const QSharedPointer<GoodsItem>& position) {
-            return cancelElectronicPrescription(position, saveDocument);
-        });
-    return allCancelled ? EContext::GoOn : EContext::Stop;
+    return cancelDispensesOf(action.value(u"document"_s).value<QSharedPointer<AbstractDocument>>());
 }
 
 EContext::Result ElectronicPrescriptionService::cancelElectronicPrescriptionByAction(const control::Action& action)
@@ -60,7 +27,7 @@ EContext::Result ElectronicPrescriptionService::cancelElectronicPrescriptionByAc
         return EContext::GoOn;
     }
 
-    const int number = action.value("positionNumber").toInt();
+    const int number = action.value(u"positionNumber"_s).toInt();
     const auto position = getDocument()->getPosition(number);
     if (!position) {
         logger->error(u"Не удалось найти позицию с номером '%1'"_s.arg(number));
@@ -72,9 +39,20 @@ EContext::Result ElectronicPrescriptionService::cancelElectronicPrescriptionByAc
     return cancelElectronicPrescription(position, true) ? EContext::GoOn : EContext::Stop;
 }
 
-/// False between receipts too.
-bool ElectronicPrescriptionService::isCurrentDocumentOf(int type) const
+EContext::Result
+ElectronicPrescriptionService::cancelDispensesOf(const QSharedPointer<AbstractDocument>& document) const
 {
-    const auto document = getDocument();
-    return document && document->getType() == type;
+    sendStartEvent(prescriptiontexts::processMessage());
+    const Finally stop([this] { sendStopEvent(); });
+    if (!document) {
+        return EContext::GoOn;
+    }
+
+    const bool saveDocument = !document->isClosed();
+    const auto positions = document->getPositions();
+    const bool allCancelled =
+        std::all_of(positions.cbegin(), positions.cend(), [&](const QSharedPointer<GoodsItem>& position) {
+            return cancelElectronicPrescription(position, saveDocument);
+        });
+    return allCancelled ? EContext::GoOn : EContext::Stop;
 }

@@ -6,36 +6,37 @@
 #include "electronicprescriptionservice.h"
 #include "finally.h"
 #include "goodsitem.h"
-#include "positionformat.h"
-#include "prescriptionposition.h"
+#include "positionoptions.h"
 #include "prescriptiontexts.h"
 #include "savetofilelogic.h"
 
 namespace
 {
 
-/// A dispense that was cancelled is registered again.
 bool isDueForRegistration(const GoodsItem& position)
 {
-    if (!isPrescriptionPosition(position)) {
-        return false;
-    }
-    const QJsonValue status = readPositionOptions(position).value(positionformat::status);
-    return status.isUndefined() || status.toString() == positionformat::canceled;
+    return isPrescriptionPosition(position) && PositionOptions(position).isDueForRegistration();
 }
 
 bool isRegistered(const GoodsItem& position)
 {
-    return isPrescriptionPosition(position) &&
-           readPositionOptions(position).value(positionformat::status).toString() == positionformat::dispensed;
+    return isPrescriptionPosition(position) && PositionOptions(position).isRegistered();
 }
 
-/// Changes the state and nothing else. Reads the options anew: the registry client writes into them as well.
-void setState(GoodsItem& position, QLatin1StringView state)
+// The registry client writes options too, so each change begins with those that the position has now.
+
+void markRegistered(GoodsItem& position)
 {
-    QJsonObject options = readPositionOptions(position);
-    options[positionformat::status] = state;
-    writePositionOptions(position, options);
+    PositionOptions options(position);
+    options.setRegistered();
+    options.writeTo(position);
+}
+
+void markCancelled(GoodsItem& position)
+{
+    PositionOptions options(position);
+    options.setCancelled();
+    options.writeTo(position);
 }
 
 } // namespace
@@ -57,7 +58,7 @@ EContext::Result ElectronicPrescriptionService::dispenseElectronicPrescriptions(
                 continue;
             }
             registryClient->sendMedicationDispense(position);
-            setState(*position, positionformat::dispensed);
+            markRegistered(*position);
             // Saved at once: what the registry knows must not be lost with the receipt.
             SaveToFileLogic::create()->save(document, QString());
         }
@@ -77,7 +78,7 @@ bool ElectronicPrescriptionService::cancelElectronicPrescription(const QSharedPo
         }
 
         registryClient->sendCancelMedicationDispense(position);
-        setState(*position, positionformat::canceled);
+        markCancelled(*position);
         if (saveDocument) {
             SaveToFileLogic::create()->save(getDocument(), QString());
         }

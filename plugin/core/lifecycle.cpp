@@ -4,8 +4,11 @@
 #include "actiontrigger.h"
 #include "activitynotifier.h"
 #include "config.h"
+#include "electronicprescriptionchoiceparams.h"
+#include "electronicprescriptionconfirmdispenseparams.h"
 #include "electronicprescriptionformcreator.h"
 #include "electronicprescriptioninterface.h"
+#include "electronicprescriptionparams.h"
 #include "electronicprescriptionservice.h"
 #include "graphicaluserinterface.h"
 #include "registryuris.h"
@@ -14,12 +17,14 @@
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 using Service = ElectronicPrescriptionService;
 
-/// A hook before one of the register's actions. All of them run whatever the action will return.
+/// A hook before one of the register's actions. The smaller priority runs first.
 struct Hook {
     EContext::Code context;
     control::EActionType action;
@@ -44,11 +49,14 @@ constexpr Hook hooks[] = {
 
 ElectronicPrescriptionService::ElectronicPrescriptionService()
     : registryClient(new ElectronicPrescriptionInterface)
-    , logger(Log4Qt::LogManager::logger("electronicPrescription"))
+    , logger(Log4Qt::LogManager::logger(u"electronicPrescription"_s))
 {
-    // Documents travel in events and actions as shared pointers; with the type, Qt registers its conversion to
-    // QObject*.
+    // With the type of shared pointers to documents, Qt registers their conversion to QObject*.
     qRegisterMetaType<QSharedPointer<AbstractDocument>>();
+    // The dialogs' records can be found by name as soon as the plug-in is loaded, before one is put into a QVariant.
+    qRegisterMetaType<ElectronicPrescriptionChoiceParams>();
+    qRegisterMetaType<ElectronicPrescriptionParams>();
+    qRegisterMetaType<ElectronicPrescriptionConfirmDispenseParams>();
 }
 
 ElectronicPrescriptionService::~ElectronicPrescriptionService() = default;
@@ -56,11 +64,11 @@ ElectronicPrescriptionService::~ElectronicPrescriptionService() = default;
 bool ElectronicPrescriptionService::init()
 {
     const Config* const config = Singleton<Config>::get();
-    if (!config->getBool("plugins:pharmacy", false)) {
-        logger->error("Не подключен плагин 'pharmacy'");
+    if (!config->getBool(u"plugins:pharmacy"_s, false)) {
+        logger->error(u"Не подключен плагин 'pharmacy'"_s);
         return false;
     }
-    dosageSystemId = config->getString("ElectronicPrescription:dosageSystemId", registryuris::dosageDictionary);
+    dosageSystemId = config->getString(u"ElectronicPrescription:dosageSystemId"_s, registryuris::dosageDictionary);
 
     addHandler({EContext::OpenDocument, control::PluginCommand,
                 [this](const control::Action& action) { return processElectronicPrescriptionsByAction(action); },
@@ -75,7 +83,7 @@ bool ElectronicPrescriptionService::init()
     Singleton<GraphicalUserInterface>::get()->addFormCreator(
         QSharedPointer<ElectronicPrescriptionFormCreator>(new ElectronicPrescriptionFormCreator));
 
-    logger->info("Инициализация выполнена");
+    logger->info(u"Инициализация выполнена"_s);
     return true;
 }
 
@@ -87,22 +95,28 @@ void ElectronicPrescriptionService::handleEvent(const Event& event)
     case EActivityListener::DocumentCancelled:
         clear();
         break;
-    case EActivityListener::DocumentRestored: {
-        const auto document = event.value("document", QVariant()).value<QSharedPointer<AbstractDocument>>();
-        lastCardNumber = document
-                             ? document->getPluginValue(metaObject()->className(), cardNumberKey, QVariant()).toString()
-                             : QString();
+    case EActivityListener::DocumentRestored:
+        takeOver(event.value(u"document"_s, QVariant()).value<QSharedPointer<AbstractDocument>>());
         break;
-    }
     default:
         break;
     }
 }
 
+void ElectronicPrescriptionService::takeOver(const QSharedPointer<AbstractDocument>& document)
+{
+    // What was looked up for the receipt before may be older than a dispense that it registered since.
+    patientCache.clear();
+    prescriptionCache.clear();
+    lastCardNumber = document
+                         ? document->getPluginValue(metaObject()->className(), cardNumberKey, QVariant()).toString()
+                         : QString();
+}
+
 void ElectronicPrescriptionService::sendStartEvent(const tr::Tr& message) const
 {
     Event event(EActivityListener::LongWorkBegins);
-    event.addArgument("message", QVariant::fromValue(message));
+    event.addArgument(u"message"_s, QVariant::fromValue(message));
     Singleton<ActivityNotifier>::get()->notify(event);
 }
 

@@ -2,13 +2,9 @@
 #include "abstractdocument.h"
 #include "dialog.h"
 #include "electronicprescriptionservice.h"
-#include "goodsitem.h"
-#include "prescriptionposition.h"
 #include "prescriptiontexts.h"
 
 #include <log4qt/logger.h>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -35,13 +31,13 @@ EContext::Result ElectronicPrescriptionService::processElectronicPrescriptionsBy
         return EContext::GoOn;
     }
 
-    const QString status = action.value("status").toString();
+    const QString status = action.value(u"status"_s).toString();
     QString cardNumber = lastCardNumber;
     if (cardNumber.isEmpty()) {
         auto answer = Dialog::create()->showTextInput(cardInput());
         if (answer.isEmpty()) {
             answer.setCanceled();
-            logger->warn("Отменено пользователем");
+            logger->warn(u"Отменено пользователем"_s);
             return EContext::Stop;
         }
         cardNumber = answer.getData().toString();
@@ -60,16 +56,4 @@ EContext::Result ElectronicPrescriptionService::processElectronicPrescriptionsBy
 
     processElectronicPrescriptions(cardNumber, status, prescriptions);
     return EContext::GoOn;
-}
-
-bool ElectronicPrescriptionService::hasPrescriptions() const
-{
-    const auto document = getDocument();
-    if (!document) {
-        return false;
-    }
-
-    const auto positions = document->getPositions();
-    return std::any_of(positions.cbegin(), positions.cend(),
-                       [](const QSharedPointer<GoodsItem>& position) { return isPrescriptionPosition(*position); });
 }

@@ -56,24 +56,24 @@ bool ElectronicPrescriptionService::selectMedicineForElectronicPrescription(
     const QString doses = QString::number(prescription->getDoseQuantity(), 'g', QLocale::FloatingPointShortest);
 
     control::Action action = createReceiptAction(control::SelectGoods);
-    action.appendArgument(inn, "filterByInn");
-    action.appendArgument(u"%1 / %2 / %3"_s.arg(inn, prescription->getTradeName(), doses), "medicineInfo");
+    action.appendArgument(inn, u"filterByInn"_s);
+    action.appendArgument(u"%1 / %2 / %3"_s.arg(inn, prescription->getTradeName(), doses), u"medicineInfo"_s);
     if (Singleton<ActionQueueController>::get()->execute(action) != EContext::GoOn) {
         return false;
     }
 
-    selected = action.value("result");
+    selected = action.value(u"result"_s);
     return true;
 }
 
 int ElectronicPrescriptionService::addSelectedMedicine(const QVariant& selected) const
 {
     control::Action action = createReceiptAction(control::AddSelectedGoods);
-    action.insert("result", selected);
+    action.insert(u"result"_s, selected);
     if (Singleton<ActionQueueController>::get()->execute(action) != EContext::GoOn) {
         return -1;
     }
-    return action.value("positionNumber").toInt();
+    return action.value(u"positionNumber"_s).toInt();
 }
 
 bool ElectronicPrescriptionService::inputDispensedDoseQuantity(

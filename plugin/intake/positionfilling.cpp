@@ -5,9 +5,7 @@
 #include "goodsitem.h"
 #include "loyaltysystemlayer.h"
 #include "patient.h"
-#include "payingelectronicprescriptionorganization.h"
-#include "positionformat.h"
-#include "prescriptionposition.h"
+#include "positionoptions.h"
 #include "singleton.h"
 
 namespace
@@ -22,25 +20,9 @@ void ElectronicPrescriptionService::fillElectronicPrescriptionDataForPosition(
     const QSharedPointer<ElectronicPrescription>& prescription, const QSharedPointer<GoodsItem>& position,
     bool finalDispense, double doses) const
 {
-    const auto organization = prescription->getPayingElectronicPrescriptionOrganization();
     // Only active prescriptions are served, so theirs is the patient, whatever status the list was asked for under.
     const auto patient = patientCache.value(activeStatus);
-
-    writePositionOptions(*position,
-                         {
-                             {positionformat::id, prescription->getId()},
-                             {positionformat::tradeNameCode, prescription->getTradeNameCode()},
-                             {positionformat::organizationId, organization ? organization->getId() : QString()},
-                             {positionformat::sumFactor, prescription->getPayByPatientSumFactor()},
-                             {positionformat::doseQuantity, doses},
-                             {positionformat::finalDispense, finalDispense},
-                             {positionformat::patientReference, prescription->getPatientReference()},
-                             {positionformat::patient, patient ? patient->getName() : QString()},
-                             {positionformat::organization, organization ? organization->getName() : QString()},
-                             {positionformat::serialNumber, prescription->getSerialNumber()},
-                         });
-    position->setSoftCheckId(prescription->getId());
-    position->setTag(positionformat::tag);
+    PositionOptions(*prescription, patient ? patient->getName() : QString(), finalDispense, doses).mark(*position);
 }
 
 void ElectronicPrescriptionService::setPriceForPosition(const QSharedPointer<ElectronicPrescription>& prescription,

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "connectionfactory.h"
 #include "dialog.h"
 #include "electronicprescription.h"
 #include "electronicprescriptioninterface.h"
@@ -7,13 +6,8 @@
 #include "electronicprescriptionservice.h"
 #include "finally.h"
 #include "prescriptiontexts.h"
-#include "singleton.h"
-
-#include <log4qt/logger.h>
 
 #include <QJsonArray>
-#include <QSqlError>
-#include <QSqlQuery>
 
 using namespace Qt::StringLiterals;
 
@@ -21,7 +15,7 @@ void ElectronicPrescriptionService::getElectronicPrescriptionsByCardNumber(const
                                                                            const QString& status,
                                                                            Prescriptions& prescriptions)
 {
-    // The guard lies inside the handlers: the long work is over before a message is shown.
+    // The guard is inside the try block: the long work is over before a message is shown.
     try {
         sendStartEvent(prescriptiontexts::processMessage());
         const Finally stop([this] { sendStopEvent(); });
@@ -45,7 +39,6 @@ void ElectronicPrescriptionService::getElectronicPrescriptionsByCardNumber(const
     }
 }
 
-/// One bundle always makes one prescription, also one without a "MedicationPrescription" resource.
 void ElectronicPrescriptionService::appendPrescriptions(const QJsonArray& bundles, Prescriptions& prescriptions) const
 {
     prescriptions.reserve(prescriptions.size() + bundles.size());
@@ -57,27 +50,4 @@ void ElectronicPrescriptionService::appendPrescriptions(const QJsonArray& bundle
         }
         prescriptions.append(prescription);
     }
-}
-
-void ElectronicPrescriptionService::fillDictionaryName(const QSharedPointer<ElectronicPrescription>& prescription) const
-{
-    if (!prescription->getDictName().isEmpty()) {
-        return;
-    }
-
-    QSqlQuery query(Singleton<ConnectionFactory>::get()->getConnection(QString(), QString()));
-    // Dictionary codes are numbers and stand in the statement as such. A column of text is compared with the number's
-    // digits, so a code kept there with leading zeros is not found. The connection cannot write.
-    const QString statement =
-        u"SELECT dictname FROM medicine WHERE dictcode = "_s + prescription->getDictCode() + u" LIMIT 1"_s;
-    if (!query.prepare(statement)) {
-        logger->error(
-            u"Ошибка выполнения prepare для запроса %1: %2"_s.arg(query.lastQuery(), query.lastError().text()));
-        return;
-    }
-    if (!query.exec()) {
-        logger->error(u"Ошибка выполнения запроса %1: %2"_s.arg(query.lastQuery(), query.lastError().text()));
-        return;
-    }
-    prescription->setDictName(query.next() ? query.value(0).toString() : QString(""_L1));
 }

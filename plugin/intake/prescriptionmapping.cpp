@@ -11,12 +11,10 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::Literals::StringLiterals;
-
 namespace
 {
 
-/// A member's text; empty when it is missing or no text. Spares the copy of the value that look-up by [] makes.
+/// A member's text; empty when it is missing or no text. A look-up by [] would copy the value.
 QString text(const QJsonObject& object, QLatin1StringView name)
 {
     const auto member = object.constFind(name);
@@ -28,7 +26,7 @@ void setPrescriptionDate(const QJsonValue& date, ElectronicPrescription& prescri
     prescription.setPrescriptionDate(readRegistryDate(date.toString()));
 }
 
-/// A blank stands before each text once anything stands before it, also before an empty text.
+/// The texts are joined. A blank goes before each text, also an empty one, once there is something before it.
 void setInstructions(const QJsonValue& dosageInstructions, ElectronicPrescription& prescription)
 {
     QString instructions;
@@ -42,7 +40,7 @@ void setInstructions(const QJsonValue& dosageInstructions, ElectronicPrescriptio
     prescription.setInstructions(instructions);
 }
 
-/// The patient's share of the price; without such an extension the patient pays all, as the record has it.
+/// The patient's share of the price. Without such an extension the record keeps its default: the patient pays all.
 void setPayByPatientSumFactor(const QJsonValue& extensions, ElectronicPrescription& prescription)
 {
     const QJsonArray array = extensions.toArray();
@@ -71,8 +69,6 @@ void setSerialNumber(const QJsonValue& identifiers, ElectronicPrescription& pres
     prescription.setSerialNumber(text(identifiers[0].toObject(), "value"_L1));
 }
 
-// Of a medicine's codings the last one names it, whatever the system.
-
 void setTradeName(const QJsonObject& coding, ElectronicPrescription& prescription)
 {
     prescription.setTradeName(text(coding, "display"_L1));
@@ -85,27 +81,7 @@ void setInn(const QJsonObject& coding, ElectronicPrescription& prescription)
     prescription.setInnCode(text(coding, "code"_L1));
 }
 
-QJsonArray codingsOf(const QJsonObject& medication)
-{
-    return medication["code"_L1]["coding"_L1].toArray();
-}
-
-/// Of all medicines' codings the last one of the dictionary's system counts; without one the record keeps its code.
-void setDictCode(const QJsonArray& medications, const QString& dictionarySystem, ElectronicPrescription& prescription)
-{
-    for (qsizetype medication = medications.size() - 1; medication >= 0; --medication) {
-        const QJsonArray codings = codingsOf(medications[medication].toObject());
-        for (qsizetype index = codings.size() - 1; index >= 0; --index) {
-            const QJsonObject coding = codings[index].toObject();
-            if (text(coding, "system"_L1) == dictionarySystem) {
-                prescription.setDictCode(text(coding, "code"_L1));
-                return;
-            }
-        }
-    }
-}
-
-/// One member of a "MedicationPrescription" resource and what it does to the record, also when it is missing.
+/// A member of a "MedicationPrescription" resource and what it does to the record. It does it when it is missing, too.
 struct PrescriptionMember {
     QLatin1StringView name;
     void (*apply)(const QJsonValue&, ElectronicPrescription&) = nullptr;
@@ -134,7 +110,7 @@ void ElectronicPrescriptionService::fillElectronicPrescription(
     if (type == "MedicationPrescription"_L1) {
         fillMedicationPrescription(resource, *prescription);
     } else if (type == "Provenance"_L1) {
-        // A provenance is the signature's record: that it is there is all that counts.
+        // A provenance records the signature. Nothing in it is read.
         prescription->setDigitalSignature();
     } else if (type == "Organization"_L1) {
         QSharedPointer<PayingElectronicPrescriptionOrganization> organization;
@@ -180,18 +156,23 @@ void ElectronicPrescriptionService::fillPrescribedMedicine(const QJsonObject& re
     const QJsonArray medications = resource["contained"_L1].toArray();
     for (const auto& contained : medications) {
         const QJsonObject medication = contained.toObject();
-        const QJsonArray codings = codingsOf(medication);
-        if (codings.isEmpty()) {
-            continue;
-        }
-        if (medication["isBrand"_L1].toBool()) {
-            setTradeName(codings.last().toObject(), prescription);
-        } else {
-            setInn(codings.last().toObject(), prescription);
-            if (text(medication, "id"_L1) == prescribedId) {
-                prescription.setPrescribedByInn();
+        const bool isBrand = medication["isBrand"_L1].toBool();
+        const bool isPrescribed = text(medication, "id"_L1) == prescribedId;
+        // Every coding names the medicine, whatever its system: the last one stays.
+        const QJsonArray codings = medication["code"_L1]["coding"_L1].toArray();
+        for (const auto& element : codings) {
+            const QJsonObject coding = element.toObject();
+            if (isBrand) {
+                setTradeName(coding, prescription);
+            } else {
+                setInn(coding, prescription);
+                if (isPrescribed) {
+                    prescription.setPrescribedByInn();
+                }
+            }
+            if (text(coding, "system"_L1) == dosageSystemId) {
+                prescription.setDictCode(text(coding, "code"_L1));
             }
         }
     }
-    setDictCode(medications, dosageSystemId, prescription);
 }

@@ -44,7 +44,6 @@ void ElectronicPrescriptionService::processElectronicPrescriptions(const QString
     }
 }
 
-/// Null when the cashier left the list.
 QSharedPointer<ElectronicPrescription>
 ElectronicPrescriptionService::choosePrescription(const QString& status, const Prescriptions& prescriptions,
                                                   bool repeated) const
@@ -57,8 +56,6 @@ ElectronicPrescriptionService::choosePrescription(const QString& status, const P
     return prescriptions[row];
 }
 
-/// From the details to the receipt; every step back leads to the details again. False when the cashier went back to
-/// the list from there.
 bool ElectronicPrescriptionService::servePrescription(const QString& cardNumber, const QString& status,
                                                       const QSharedPointer<ElectronicPrescription>& prescription)
 {
@@ -95,7 +92,6 @@ bool ElectronicPrescriptionService::servePrescription(const QString& cardNumber,
     return false;
 }
 
-/// Shows the details. False when the cashier went back to the list.
 bool ElectronicPrescriptionService::isServingConfirmed(const QString& status,
                                                        const QSharedPointer<ElectronicPrescription>& prescription) const
 {

@@ -4,8 +4,7 @@
 #include "electronicprescription.h"
 #include "electronicprescriptionservice.h"
 #include "goodsitem.h"
-#include "positionformat.h"
-#include "prescriptionposition.h"
+#include "positionoptions.h"
 #include "prescriptiontexts.h"
 
 #include <QSet>
@@ -40,7 +39,7 @@ void ElectronicPrescriptionService::getUnprocessedElectronicPrescriptions(Prescr
     const auto positions = document->getPositions();
     for (const auto& position : positions) {
         if (isPrescriptionPosition(*position)) {
-            processedIds.insert(readPositionOptions(*position).value(positionformat::id).toString());
+            processedIds.insert(PositionOptions(*position).id());
         }
     }
     prescriptions.removeIf([&processedIds](const QSharedPointer<ElectronicPrescription>& prescription) {

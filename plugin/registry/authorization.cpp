@@ -4,6 +4,8 @@
 #include "electronicprescriptionexception.h"
 #include "formquery.h"
 
+using namespace Qt::StringLiterals;
+
 void ElectronicPrescriptionInterface::getAuthorizationToken(QString& token) const
 {
     QUrl url;
@@ -14,27 +16,27 @@ void ElectronicPrescriptionInterface::getAuthorizationToken(QString& token) cons
     QJsonDocument answer;
     sendPostRequest(url, headers, body.toUtf8(), answer);
     const QJsonObject grant = answer.object();
-    if (!grant.contains("access_token")) {
+    if (!grant.contains("access_token"_L1)) {
         throw ElectronicPrescriptionException(
             {"electronicPrescriptionAuthorizationTokenError", "Ошибка при получении токена для авторизации"});
     }
-    token = grant["access_token"].toString();
+    token = grant["access_token"_L1].toString();
 }
 
 void ElectronicPrescriptionInterface::formTokenRequest(QUrl& url, Headers& headers, QString& body) const
 {
-    headers.insert("Content-Type", "application/x-www-form-urlencoded");
-    addOaisTokenToHeaders("Authorization", headers);
+    headers.insert(u"Content-Type"_s, u"application/x-www-form-urlencoded"_s);
+    addOaisTokenToHeaders(u"Authorization"_s, headers);
     addAcceptToHeaders(headers);
 
-    url = formUrl(authorizationUrl, "/connect/token");
+    url = formUrl(authorizationUrl, u"/connect/token"_s);
 
     body = formQuery({
-                         {"grant_type", "client_credentials"},
-                         {"client_id", clientId},
-                         {"client_secret", clientSecret},
-                         {"scope", scope},
-                         {"organization_identifier", organizationIdentifier},
+                         {u"grant_type"_s, u"client_credentials"_s},
+                         {u"client_id"_s, clientId},
+                         {u"client_secret"_s, clientSecret},
+                         {u"scope"_s, scope},
+                         {u"organization_identifier"_s, organizationIdentifier},
                      })
                .toString(QUrl::FullyEncoded);
 }

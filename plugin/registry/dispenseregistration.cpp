@@ -3,8 +3,7 @@
 
 #include "electronicprescriptionexception.h"
 #include "goodsitem.h"
-#include "positionformat.h"
-#include "prescriptionposition.h"
+#include "positionoptions.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,21 +16,21 @@ const QString cancelledStatus = u"PUT:200"_s;
 
 void declareJsonBody(ElectronicPrescriptionInterface::Headers& headers)
 {
-    headers.insert("Content-Type", "application/json; charset=utf-8");
+    headers.insert(u"Content-Type"_s, u"application/json; charset=utf-8"_s);
 }
 
-/// Reads the options anew for each dispense: the last one of an answer stays.
+/// Each dispense in the answer writes its id; that of the last one stays.
 void keepDispenseIds(const QJsonObject& answer, GoodsItem& position)
 {
-    const QJsonArray entries = answer["entry"].toArray();
+    const QJsonArray entries = answer["entry"_L1].toArray();
     for (const auto& entry : entries) {
-        const QJsonObject resource = entry.toObject()["resource"].toObject();
-        if (resource["resourceType"] != QJsonValue("MedicationDispense")) {
+        const QJsonObject resource = entry.toObject()["resource"_L1].toObject();
+        if (resource["resourceType"_L1] != QJsonValue("MedicationDispense"_L1)) {
             continue;
         }
-        QJsonObject options = readPositionOptions(position);
-        options[positionformat::medicationDispenseId] = resource["id"].toString();
-        writePositionOptions(position, options);
+        PositionOptions options(position);
+        options.setMedicationDispenseId(resource["id"_L1].toString());
+        options.writeTo(position);
     }
 }
 
@@ -45,7 +44,7 @@ void ElectronicPrescriptionInterface::sendMedicationDispense(const QSharedPointe
     Headers headers;
     formHeaders(headers);
     declareJsonBody(headers);
-    const QUrl url = formUrl(requestsUrl, "/MedicationDispense/$register");
+    const QUrl url = formUrl(requestsUrl, u"/MedicationDispense/$register"_s);
     QJsonDocument answer;
     sendPostRequest(url, headers, dispense.toJson(QJsonDocument::Indented), answer);
 
@@ -61,8 +60,8 @@ void ElectronicPrescriptionInterface::sendCancelMedicationDispense(const QShared
     Headers headers;
     formHeaders(headers);
     declareJsonBody(headers);
-    const QString id = readPositionOptions(*position)[positionformat::medicationDispenseId].toString();
-    const QUrl url = formUrl(requestsUrl, "/MedicationDispense/" + id + "/$set-as-error");
+    const QString id = PositionOptions(*position).medicationDispenseId();
+    const QUrl url = formUrl(requestsUrl, "/MedicationDispense/"_L1 + id + "/$set-as-error"_L1);
     QJsonDocument answer;
     sendPostRequest(url, headers, QJsonDocument(QJsonObject()).toJson(QJsonDocument::Indented), answer);
 

@@ -14,14 +14,15 @@
 #include <utility>
 
 class GoodsItem;
+class PositionOptions;
 class RestClient;
 
-/// The registry client: the only one who talks to the electronic-prescription registry.
+/// The registry client. Nothing else in the plug-in talks to the electronic-prescription registry.
 ///
-/// Settings are read when it is made and never change. Every request blocks until the answer is there or the time-out
-/// has passed, and fetches a token of its own first. Nothing is retried here; below it RestClient sends a GET once more
-/// when a kept connection turns out to be dead, and never a POST. Nothing is kept between requests.
-/// docs/registry-protocol.md tells the protocol.
+/// The constructor reads the settings; they never change. Every request fetches a token of its own first, and blocks
+/// until the answer is there or the time-out has passed. Nothing is kept between requests, and nothing is repeated
+/// here: below it RestClient repeats a GET once when a kept connection turns out to be dead, and never a POST.
+/// docs/registry-protocol.md describes the protocol.
 ///
 /// The virtual operations call one another through the object, so that a double can replace a single one. The order of
 /// the virtual members is part of the class: integrators' doubles are compiled against it.
@@ -36,7 +37,7 @@ public:
     /// Names and values of a query, in the order in which they are sent; the values as they are, not encoded.
     using QueryItems = QList<std::pair<QString, QString>>;
 
-    // Settings: registry/requesttransport.cpp
+    // Settings: registry/settings.cpp
 
     /// Reads the settings from the register's configuration, section "ElectronicPrescription".
     ElectronicPrescriptionInterface();
@@ -48,11 +49,11 @@ public:
 
     /// Asks for the prescriptions of a card.
     ///
-    /// @param cardNumber, status sent as they are
-    /// @param prescriptions the nested Bundles, one for each prescription, are appended
-    /// @param patient the "Patient" resource; stays as it is when the answer has none
+    /// @param cardNumber, status sent unchanged
+    /// @param prescriptions the nested Bundles are appended, one for each prescription
+    /// @param patient the "Patient" resource; unchanged when the answer has none
     ///
-    /// Throws ElectronicPrescriptionNoPrescriptionsException when the registry has none; what was appended or copied
+    /// Throws ElectronicPrescriptionNoPrescriptionsException when the registry has none. What was appended or copied
     /// before an exception stays.
     virtual void getElectronicPrescriptionsByCardNumber(const QString& cardNumber, const QString& status,
                                                         QJsonArray& prescriptions, QJsonObject& patient) const;
@@ -61,7 +62,7 @@ public:
 
     /// Registers the dispense of a position and writes the registry's id of it into the position's options.
     ///
-    /// When it throws, the options are unchanged. An answer that registers and tells no id leaves them unchanged too.
+    /// The options are unchanged when it throws, and when the answer registers without a MedicationDispense.
     virtual void sendMedicationDispense(const QSharedPointer<GoodsItem>& position) const;
 
     /// Declares the position's registered dispense erroneous. The id stays in the position's options.
@@ -85,8 +86,9 @@ public:
     virtual void sendPostRequest(const QUrl& url, const Headers& headers, const QByteArray& body,
                                  QJsonDocument& result) const;
 
-    /// Takes the answer of a client whose request is over; throws when the request failed: with the "details" of the
-    /// answer's first "issue" of severity "error" that has them, otherwise with the client's own text.
+    /// Takes the answer of a client whose request is over. When the request failed it throws, with the "details" of the
+    /// first "issue" of severity "error" in the answer that has them (HL7 FHIR, OperationOutcome), otherwise with the
+    /// client's own text.
     /// @param result the answer, also when an exception follows; null when it was no JSON
     virtual void getRequestResult(const QSharedPointer<RestClient>& client, QJsonDocument& result) const;
 
@@ -94,35 +96,40 @@ public:
     /// its "transactionResponse". Never throws.
     virtual bool checkRequestResultStatus(const QJsonObject& answer, const QString& expectedStatus) const;
 
-    /// The URL of `path`, which is not encoded and begins with "/", under the base URL. Two slashes become one.
+    /// The URL of a path under the base URL. Two slashes become one.
+    /// @param path begins with "/"; not percent-encoded
     QUrl formUrl(const QString& baseUrl, const QString& path) const;
 
-    /// The headers of every request for a resource; fetches a token.
+    /// Sets the headers of every request for a resource. Fetches a token.
     void formHeaders(Headers& headers) const;
 
-    /// The pharmacy's OAIS token as a bearer token under `headerName`; nothing when none is configured.
+    /// Sets the header of that name to the pharmacy's OAIS token, as a bearer token. Without such a token it sets
+    /// nothing.
     void addOaisTokenToHeaders(const QString& headerName, Headers& headers) const;
 
+    /// Asks for an answer in JSON.
     void addAcceptToHeaders(Headers& headers) const;
 
     // The bearer token: registry/authorization.cpp
 
+    /// The request for a token, RFC 6749, 4.4.2.
     /// @param body form-encoded, in ASCII
     void formTokenRequest(QUrl& url, Headers& headers, QString& body) const;
 
-    // The dispense document: registry/dispensebundle.cpp
+    // The dispense document, a resource "Parameters": registry/dispenseparameters.cpp
     //
-    // `options` are the position's, as positionformat.h names them; a missing member reads as "", false or 0.
-    // Amounts are in roubles with two decimals. None of these throws. The resources are those of HL7 FHIR in the old
-    // vocabulary of docs/registry-protocol.md.
+    // `options` are those of a position, see PositionOptions; a missing member reads as "", false or 0. Amounts are in
+    // roubles with two decimals. Each builder dates its resource today. None of them throws. The resources are those of
+    // HL7 FHIR in the old vocabulary of docs/registry-protocol.md.
 
-    /// The "Parameters" document of a position's dispense: the MedicationDispense, and a Claim when the patient does
-    /// not pay the full price.
+    /// The whole document of a position's dispense: the MedicationDispense, and a Claim when the patient does not pay
+    /// the full price. Both have the same date.
     void formMedicationDispense(const QSharedPointer<GoodsItem>& position, QJsonDocument& document) const;
 
+    /// The doses handed out, for which prescription, and where.
     void formMedicationDispenseResource(const QJsonDocument& options, QJsonObject& resource) const;
 
-    /// What the paying organization owes.
+    /// What the paying organization owes for the patient's benefit.
     /// @param sum the position's sum, which the patient pays
     /// @param fullPrice the goods' catalogue price times the quantity; claimed when the patient pays nothing
     void formClaimResource(const QJsonDocument& options, double sum, double fullPrice, QJsonObject& resource) const;
@@ -149,4 +156,10 @@ protected:
     const QString organizationName;       ///< the pharmacy, for the dispense document
     const QString organizationAddress;    ///< the pharmacy, for the dispense document
     const QString oais;                   ///< token of the pharmacy's own system; empty: none
+
+private:
+    // The dispense document: registry/dispenseparameters.cpp
+
+    /// @param date the day of the dispense, "yyyy-MM-dd"
+    QJsonObject medicationDispenseOf(const PositionOptions& options, const QString& date) const;
 };

@@ -7,8 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace Qt::Literals::StringLiterals;
-
 namespace
 {
 
@@ -32,9 +30,9 @@ void ElectronicPrescriptionInterface::getElectronicPrescriptionsByCardNumber(con
 {
     Headers headers;
     formHeaders(headers);
-    QUrl url = formUrl(requestsUrl, "/MedicationPrescription/$by-card");
+    QUrl url = formUrl(requestsUrl, u"/MedicationPrescription/$by-card"_s);
     QJsonDocument document;
-    sendGetRequest(url, headers, {{"patientIdentifier", cardNumber}, {"status", status}}, document);
+    sendGetRequest(url, headers, {{u"patientIdentifier"_s, cardNumber}, {u"status"_s, status}}, document);
 
     const QJsonObject answer = document.object();
     if (answer["resourceType"_L1].toString() != "Bundle"_L1) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptioninterface.h"
 
-#include "config.h"
 #include "electronicprescriptionexception.h"
 #include "formquery.h"
 #include "restclient.h"
@@ -13,49 +12,18 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Where requests go as long as nothing is configured.
-const QString localRegistry = u"http://localhost"_s;
-
-constexpr int defaultTimeout = 60;
-
-QString textSetting(const QString& name, const QString& whenAbsent = {})
-{
-    return Singleton<Config>::get()->getString("ElectronicPrescription:" + name, whenAbsent);
-}
-
-int numberSetting(const QString& name, int whenAbsent)
-{
-    return Singleton<Config>::get()->getInt("ElectronicPrescription:" + name, whenAbsent);
-}
-
 QString bearer(const QString& token)
 {
-    return "Bearer " + token;
+    return "Bearer "_L1 + token;
 }
 
 /// An OperationOutcome's issue that explains an error.
 bool explainsError(const QJsonObject& issue)
 {
-    return issue["severity"].toString() == "error" && issue.contains("details");
+    return issue["severity"_L1].toString() == "error"_L1 && issue.contains("details"_L1);
 }
 
 } // namespace
-
-ElectronicPrescriptionInterface::ElectronicPrescriptionInterface()
-    : requestsUrl(textSetting("requestsUrl", localRegistry))
-    , authorizationUrl(textSetting("authorizationUrl", localRegistry))
-    , timeout(numberSetting("timeout", defaultTimeout))
-    , clientId(textSetting("clientId"))
-    , clientSecret(textSetting("clientSecret"))
-    , scope(textSetting("scope"))
-    , organizationIdentifier(textSetting("organizationIdentifier"))
-    , organizationName(textSetting("organizationName"))
-    , organizationAddress(textSetting("organizationAddress"))
-    , oais(textSetting("oais"))
-{
-}
-
-ElectronicPrescriptionInterface::~ElectronicPrescriptionInterface() = default;
 
 void ElectronicPrescriptionInterface::sendGetRequest(QUrl& url, const Headers& headers, const QueryItems& queryItems,
                                                      QJsonDocument& result) const
@@ -84,11 +52,11 @@ void ElectronicPrescriptionInterface::getRequestResult(const QSharedPointer<Rest
         return;
     }
 
-    const QJsonArray issues = result.object()["issue"].toArray();
+    const QJsonArray issues = result.object()["issue"_L1].toArray();
     for (const auto& element : issues) {
         const QJsonObject issue = element.toObject();
         if (explainsError(issue)) {
-            throw ElectronicPrescriptionException(tr::Tr(tr::undefined, issue["details"].toString()));
+            throw ElectronicPrescriptionException(tr::Tr(tr::undefined, issue["details"_L1].toString()));
         }
     }
     throw ElectronicPrescriptionException(client->errorText());
@@ -97,12 +65,12 @@ void ElectronicPrescriptionInterface::getRequestResult(const QSharedPointer<Rest
 bool ElectronicPrescriptionInterface::checkRequestResultStatus(const QJsonObject& answer,
                                                                const QString& expectedStatus) const
 {
-    if (answer["resourceType"].toString() != "Bundle") {
+    if (answer["resourceType"_L1].toString() != "Bundle"_L1) {
         return false;
     }
-    const QJsonArray entries = answer["entry"].toArray();
+    const QJsonArray entries = answer["entry"_L1].toArray();
     return std::any_of(entries.begin(), entries.end(), [&](const QJsonValue& entry) {
-        return entry["transactionResponse"]["status"] == QJsonValue(expectedStatus);
+        return entry["transactionResponse"_L1]["status"_L1] == QJsonValue(expectedStatus);
     });
 }
 
@@ -110,7 +78,7 @@ QUrl ElectronicPrescriptionInterface::formUrl(const QString& baseUrl, const QStr
 {
     QUrl url(baseUrl, QUrl::TolerantMode);
     QString joinedPath = url.path(QUrl::FullyDecoded) + path;
-    joinedPath.replace("//", "/");
+    joinedPath.replace("//"_L1, "/"_L1);
     url.setPath(joinedPath, QUrl::DecodedMode);
     return url;
 }
@@ -119,8 +87,8 @@ void ElectronicPrescriptionInterface::formHeaders(Headers& headers) const
 {
     QString token;
     getAuthorizationToken(token);
-    headers.insert("Authorization", bearer(token));
-    addOaisTokenToHeaders("OAIS", headers);
+    headers.insert(u"Authorization"_s, bearer(token));
+    addOaisTokenToHeaders(u"OAIS"_s, headers);
     addAcceptToHeaders(headers);
 }
 
@@ -133,5 +101,5 @@ void ElectronicPrescriptionInterface::addOaisTokenToHeaders(const QString& heade
 
 void ElectronicPrescriptionInterface::addAcceptToHeaders(Headers& headers) const
 {
-    headers.insert("Accept", "application/json");
+    headers.insert(u"Accept"_s, u"application/json"_s);
 }

@@ -11,8 +11,7 @@
 #include "electronicprescriptionservice.h"
 #include "goodsitem.h"
 #include "mocked.h"
-#include "positionformat.h"
-#include "prescriptionposition.h"
+#include "positionoptions.h"
 #include "restclient.h"
 
 #include <QJsonDocument>
@@ -115,7 +114,7 @@ void serveFirst(const Service& service, const Prescriptions& prescriptions)
     const auto position = sale->add();
     service.fillElectronicPrescriptionDataForPosition(prescriptions.first(), position, true, 1.0);
     service.setPriceForPosition(prescriptions.first(), position);
-    promise(readPositionOptions(*position)[positionformat::id] == id, "the position keeps the id");
+    promise(PositionOptions(*position).id() == id, "the position keeps the id");
 
     Prescriptions others = prescriptions;
     others.removeIf([&id](const auto& prescription) { return prescription->getId() == id; });

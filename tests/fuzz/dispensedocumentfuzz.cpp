@@ -34,11 +34,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         const HttpAnswer answer = dispenses.book(bytesOf(data, size), access);
         const QString id = QJsonDocument::fromJson(answer.body)[u"entry"_s][0][u"resource"_s][u"id"_s].toString();
         const auto booked = state.store().dispense(id);
-        promise(booked.has_value(), "what was registered is booked under the id that was told");
+        promise(booked.has_value(), "a registered dispense is booked under the id of the answer");
         state.check();
 
         dispenses.cancel(id, access);
-        promise(state.store().dispense(id)->isCancelled, "what was registered can be cancelled");
+        promise(state.store().dispense(id)->isCancelled, "a registered dispense can be cancelled");
         promise(statusOf(state, booked->prescriptionId) == u"active"_s,
                 "a cancellation makes the prescription active again");
         state.beginAgain();

@@ -20,10 +20,10 @@ using namespace emulator;
 namespace
 {
 
-/// What the parser makes of a connection.
+/// The requests in a connection's bytes.
 struct Conversation {
     QList<HttpRequest> requests;
-    int status = 0; ///< of what could not be read; 0: everything could
+    int status = 0; ///< of bytes that are no request; 0: there are none
 
     /// @param portion how many bytes come at once
     Conversation(const QByteArray& bytes, qsizetype portion)
@@ -32,12 +32,12 @@ struct Conversation {
         QByteArray received;
         for (qsizetype at = 0; at < bytes.size() && status == 0; at += portion) {
             received += bytes.mid(at, portion);
-            readOn(parser, received);
+            readRequests(parser, received);
         }
     }
 
 private:
-    void readOn(RequestParser& parser, QByteArray& received)
+    void readRequests(RequestParser& parser, QByteArray& received)
     {
         while (!received.isEmpty()) {
             const qsizetype before = received.size();
@@ -61,7 +61,7 @@ bool isSame(const HttpRequest& one, const HttpRequest& other)
            one.body == other.body && one.keepAlive == other.keepAlive;
 }
 
-/// What is no request may be noticed at once or only when its end does not come.
+/// Bytes that are no request may be recognized at once, or only when their end does not come.
 bool hasSameRequests(const Conversation& one, const Conversation& other)
 {
     return std::equal(one.requests.begin(), one.requests.end(), other.requests.begin(), other.requests.end(), isSame);

@@ -7,7 +7,7 @@
 #include "prescriptionstore.h"
 #include "seedreader.h"
 
-/// A registry with one patient's prescriptions, as a fuzz target meets it each time.
+/// A registry with one patient's prescriptions, the same for each input.
 class RegistryState
 {
 public:
@@ -18,9 +18,9 @@ public:
     emulator::PrescriptionStore& store() { return m_store; }
     const emulator::PrescriptionStore& store() const { return m_store; }
 
-    void beginAgain() { m_store.replace(emulator::SeedReader(today).read(seed)); }
+    void beginAgain() { m_store.replace(emulator::SeedReader(today).read(emulator::JsonNode::parse(seed))); }
 
-    /// What must hold after any request.
+    /// Checks what holds after every request.
     void check() const
     {
         for (const QString& card : m_store.cards()) {

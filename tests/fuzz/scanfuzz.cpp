@@ -41,13 +41,13 @@ public:
         }
         const bool isBackspace = character == backspaceKey;
         QKeyEvent key(QEvent::KeyPress, isBackspace ? int(Qt::Key_Backspace) : int(character), Qt::NoModifier,
-                      QString(QLatin1Char(character)));
+                      QString(QChar::fromLatin1(character)));
         key.setTimestamp(m_time);
         m_recognizer.key(key, m_field);
         if (isBackspace) {
             m_field.chop(1);
         } else {
-            m_field += QLatin1Char(character);
+            m_field += QChar::fromLatin1(character);
         }
     }
 

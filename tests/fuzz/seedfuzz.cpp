@@ -37,9 +37,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     static PrescriptionStore store;
     Seed seed;
     try {
-        seed = SeedReader(QDate(2026, 3, 20)).read(bytesOf(data, size));
+        seed = SeedReader(QDate(2026, 3, 20)).read(JsonNode::parse(bytesOf(data, size)));
     } catch (const EmulatorError& error) {
-        promise(!error.message().isEmpty(), "it is told what is wrong with the seed");
+        promise(!error.message().isEmpty(), "a mistake in the seed has a message");
         return 0;
     }
     store.replace(seed);

@@ -11,7 +11,9 @@ public:
 
     bool save(const QSharedPointer<AbstractDocument>& document, const QString& file) override
     {
-        m_owner.files.append(document->fileName());
+        if (document) {
+            m_owner.files.append(document->fileName());
+        }
         const Write write = [&] { return SaveToFileLogic::save(document, file); };
         return m_owner.onSave ? m_owner.onSave(document, file, write) : write();
     }

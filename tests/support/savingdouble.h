@@ -24,7 +24,7 @@ public:
     /// No document is saved from now on, and none is written.
     void failAll();
 
-    /// Decides about each document that is to be saved; empty: it is written.
+    /// Decides about each document that is to be saved, which may be null; empty: it is written.
     OnSave onSave;
     /// The files of the documents that were to be saved, in order, the failed ones too.
     QStringList files;

@@ -180,12 +180,16 @@ void RegisterApplication::openWindow()
     Singleton<ActivityNotifier>::get()->subscribe(&m_longWork);
 
     m_till = std::make_unique<Till>(m_commandLine.dataFolder);
-    m_commands = std::make_unique<RegisterCommands>(*m_till, m_catalogue);
-    m_commands->offer(*controller);
+    m_openDocumentCommands = std::make_unique<OpenDocumentCommands>(*m_till);
+    m_openDocumentCommands->offer(*controller);
+    m_goodsCommands = std::make_unique<GoodsCommands>(*m_till, m_catalogue);
+    m_goodsCommands->offer(*controller);
+    m_paymentCommands = std::make_unique<PaymentCommands>(*m_till);
+    m_paymentCommands->offer(*controller);
     m_printer = std::make_unique<ReceiptPrinter>(m_commandLine.dataFolder, m_marks);
     m_till->setPrinting([this](const Document& document) { m_printer->print(document); });
-    m_documentCommands = std::make_unique<DocumentCommands>(*m_till, *m_printer, m_marks);
-    m_documentCommands->offer(*controller);
+    m_storedDocumentCommands = std::make_unique<StoredDocumentCommands>(*m_till, *m_printer, m_marks);
+    m_storedDocumentCommands->offer(*controller);
     m_menuCommands = std::make_unique<MenuCommands>(*m_till, configuredMenuEntries(*config));
     m_menuCommands->offer(*controller);
     m_window = std::make_unique<RegisterWindow>(*m_till, m_marks, configuredFunctionKeys(*config), m_longWork,

@@ -2,18 +2,20 @@
 #pragma once
 
 #include "commandline.h"
-#include "documentcommands.h"
 #include "goodscatalogue.h"
+#include "goodscommands.h"
 #include "longwork.h"
 #include "menucommands.h"
 #include "messagecatalogues.h"
+#include "opendocumentcommands.h"
+#include "paymentcommands.h"
 #include "pluginhost.h"
 #include "positionmarks.h"
 #include "receiptprinter.h"
-#include "registercommands.h"
 #include "registerwindow.h"
 #include "scenarioplayer.h"
 #include "startupfailure.h"
+#include "storeddocumentcommands.h"
 #include "till.h"
 
 #include <QLockFile>
@@ -56,8 +58,10 @@ private:
     PluginHost m_plugins;
     std::unique_ptr<Till> m_till;
     std::unique_ptr<ReceiptPrinter> m_printer;
-    std::unique_ptr<RegisterCommands> m_commands;
-    std::unique_ptr<DocumentCommands> m_documentCommands;
+    std::unique_ptr<OpenDocumentCommands> m_openDocumentCommands;
+    std::unique_ptr<GoodsCommands> m_goodsCommands;
+    std::unique_ptr<PaymentCommands> m_paymentCommands;
+    std::unique_ptr<StoredDocumentCommands> m_storedDocumentCommands;
     std::unique_ptr<MenuCommands> m_menuCommands;
     std::unique_ptr<RegisterWindow> m_window;
     std::unique_ptr<ScenarioPlayer> m_player;

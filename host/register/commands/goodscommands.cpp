@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: MIT
-#include "registercommands.h"
+#include "goodscommands.h"
 
 #include "basicdialog.h"
+#include "commandtable.h"
 #include "goodsselectionparams.h"
-#include "notice.h"
+#include "obstaclenotice.h"
 #include "question.h"
+#include "registeraction.h"
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 
-/// Whether the cashier wants them on the document although none should be there: the pack may lie on the counter.
+/// Asks whether to sell goods that should be out of stock: the pack may be on the counter all the same.
 bool isWantedAnyway(const CatalogueGoods& goods)
 {
     const Question question{
@@ -36,7 +38,24 @@ std::optional<SelectedGoods> letSelect(const GoodsSelectionParams& params)
 
 } // namespace
 
-EContext::Result RegisterCommands::selectGoods(control::Action& action)
+GoodsCommands::GoodsCommands(Till& till, const GoodsCatalogue& catalogue)
+    : m_till(till)
+    , m_catalogue(catalogue)
+{
+}
+
+void GoodsCommands::offer(ActionQueueController& controller)
+{
+    using Commands = GoodsCommands;
+    static constexpr Command<Commands> table[] = {
+        {registeraction::addGoods, Where::Everywhere, &Commands::addGoods},
+        {control::SelectGoods, Where::Everywhere, &Commands::selectGoods},
+        {control::AddSelectedGoods, Where::OpenDocument, &Commands::addSelectedGoods},
+    };
+    offerCommands<Commands>(controller, *this, table);
+}
+
+EContext::Result GoodsCommands::selectGoods(control::Action& action)
 {
     const QString medicineInfo = action.value(u"medicineInfo"_s).toString();
     const std::optional<SelectedGoods> selected = letSelect(
@@ -49,7 +68,7 @@ EContext::Result RegisterCommands::selectGoods(control::Action& action)
     return EContext::GoOn;
 }
 
-EContext::Result RegisterCommands::addSelectedGoods(control::Action& action)
+EContext::Result GoodsCommands::addSelectedGoods(control::Action& action)
 {
     const QVariant selected = action.value(u"result"_s);
     if (!selected.canConvert<SelectedGoods>()) {
@@ -64,11 +83,9 @@ EContext::Result RegisterCommands::addSelectedGoods(control::Action& action)
     return EContext::GoOn;
 }
 
-EContext::Result RegisterCommands::addGoods(control::Action& action)
+EContext::Result GoodsCommands::addGoods(control::Action& action)
 {
-    if (m_till.document() && m_till.document()->isReturn()) {
-        showNotice({u"takeBackTakesNoGoods"_s,
-                    u"Открыт возврат: товары в него не добавляются.\nЗавершите возврат или отмените его."_s});
+    if (showIfObstacle(m_till.obstacleToAddingGoods())) {
         return EContext::Stop;
     }
     const QString search = action.value(u"search"_s).toString().trimmed();
@@ -91,7 +108,7 @@ EContext::Result RegisterCommands::addGoods(control::Action& action)
     return EContext::GoOn;
 }
 
-std::optional<SelectedGoods> RegisterCommands::pickedBefore(const QString& medicineInfo) const
+std::optional<SelectedGoods> GoodsCommands::pickedBefore(const QString& medicineInfo) const
 {
     const bool isPicked =
         m_picked.document && m_picked.document == m_till.document() && m_picked.medicineInfo == medicineInfo;

@@ -3,7 +3,9 @@
 
 #include "actionfactory.h"
 #include "basicdialog.h"
+#include "commandtable.h"
 #include "menuparams.h"
+#include "notice.h"
 #include "registeraction.h"
 #include "tr.h"
 
@@ -17,10 +19,15 @@ MenuCommands::MenuCommands(const Till& till, const QList<FunctionKey>& entries)
 
 void MenuCommands::offer(ActionQueueController& controller)
 {
-    controller.setHostHandler(registeraction::showMenu, [this](control::Action& action) { return showMenu(action); });
+    using Commands = MenuCommands;
+    static constexpr Command<Commands> table[] = {
+        {registeraction::showMenu, Where::Everywhere, &Commands::showMenu},
+        {registeraction::explainKey, Where::Everywhere, &Commands::explainKey},
+    };
+    offerCommands<Commands>(controller, *this, table);
 }
 
-EContext::Result MenuCommands::showMenu(const control::Action& action)
+EContext::Result MenuCommands::showMenu(control::Action& action)
 {
     MenuParams params;
     for (const FunctionKey& entry : m_entries) {
@@ -44,24 +51,37 @@ EContext::Result MenuCommands::showMenu(const control::Action& action)
     if (action.value(position).isValid()) {
         command.insert(position, action.value(position));
     }
-    // Queued: the command begins where the register stands without the menu and its action.
+    // Queued: the command begins after the menu and its action have ended.
     Singleton<ActionQueueController>::get()->enqueue(command, true);
     return EContext::GoOn;
 }
 
 QString MenuCommands::obstacle(const FunctionKey& entry) const
 {
-    const QSharedPointer<Document> open = m_till.document();
-    if (open && entry.actionType == registeraction::returnSale) {
-        return tr::Tr(u"menuReceiptOpen"_s, u"сначала завершите чек № %1"_s)
-            .arg(QString::number(open->getNumber()))
-            .ui();
+    std::optional<Obstacle> rule;
+    if (entry.actionType == registeraction::returnSale) {
+        rule = m_till.obstacleToAnotherDocument();
+    } else if (entry.actionType == registeraction::suspend) {
+        rule = m_till.obstacleToSuspending();
     }
-    if (open && open->isReturn() && entry.actionType == registeraction::suspend) {
-        return tr::Tr(u"menuTakeBackOpen"_s, u"возврат не откладывают"_s).ui();
+    if (rule) {
+        return rule->brief.ui();
     }
     if (Singleton<ActionQueueController>::get()->isHandled(entry.actionType)) {
         return {};
     }
-    return (open ? tr::Tr(u"menuNoPlugin"_s, u"нет модуля"_s) : tr::Tr(u"menuNoReceipt"_s, u"чек не открыт"_s)).ui();
+    return (m_till.document() ? tr::Tr(u"menuNoPlugin"_s, u"нет модуля"_s)
+                              : tr::Tr(u"menuNoReceipt"_s, u"чек не открыт"_s))
+        .ui();
+}
+
+EContext::Result MenuCommands::explainKey(control::Action& action)
+{
+    const tr::Tr withoutDocument(u"keyNeedsReceipt"_s,
+                                 u"«%1» работает при открытом чеке.\nОткройте чек и повторите."_s);
+    const tr::Tr withoutPlugin(u"keyNeedsPlugin"_s,
+                               u"«%1» сейчас недоступно: нет подключённого модуля, который это умеет.\n"
+                               "Обратитесь к администратору."_s);
+    showNotice((m_till.document() ? withoutPlugin : withoutDocument).arg(action.value(u"text"_s).toString()));
+    return EContext::GoOn;
 }

@@ -8,18 +8,19 @@
 #include <QList>
 #include <QString>
 
-/// The menu: the commands that have no key of their own.
+/// The menu, with the commands that have no key of their own, and the reason why a key does nothing.
 class MenuCommands
 {
 public:
     /// @param till not owned
     MenuCommands(const Till& till, const QList<FunctionKey>& entries);
 
-    /// Makes the register handle its action. The object has to outlive the controller's use of it.
+    /// Makes the register handle its actions. The object has to outlive the controller's use of them.
     void offer(ActionQueueController& controller);
 
 private:
-    EContext::Result showMenu(const control::Action& action);
+    EContext::Result showMenu(control::Action& action);
+    EContext::Result explainKey(control::Action& action);
     QString obstacle(const FunctionKey& entry) const;
 
     const Till& m_till;

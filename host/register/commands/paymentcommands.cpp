@@ -1,63 +1,66 @@
 // SPDX-License-Identifier: MIT
-#include "notice.h"
-#include "registercommands.h"
+#include "paymentcommands.h"
+
+#include "cashpayment.h"
+#include "commandtable.h"
+#include "obstaclenotice.h"
+#include "registeraction.h"
 
 using namespace Qt::StringLiterals;
 
-EContext::Result RegisterCommands::subtotal(control::Action&)
+PaymentCommands::PaymentCommands(Till& till)
+    : m_till(till)
 {
-    if (!hasPositions()) {
+}
+
+void PaymentCommands::offer(ActionQueueController& controller)
+{
+    using Commands = PaymentCommands;
+    static constexpr Command<Commands> table[] = {
+        {control::Subtotal, Where::OpenDocument, &Commands::subtotal},
+        {control::SubtotalAndPayment, Where::OpenDocument, &Commands::subtotalAndPayment},
+        {registeraction::backToPositions, Where::OpenDocument, &Commands::backToPositions},
+        {registeraction::pay, Where::OpenDocument, &Commands::pay},
+    };
+    offerCommands<Commands>(controller, *this, table);
+}
+
+EContext::Result PaymentCommands::subtotal(control::Action&)
+{
+    if (showIfObstacle(m_till.obstacleToPayment())) {
         return EContext::Stop;
     }
     m_till.setPhase(Till::Phase::Subtotal);
     return EContext::GoOn;
 }
 
-EContext::Result RegisterCommands::subtotalAndPayment(control::Action&)
+EContext::Result PaymentCommands::subtotalAndPayment(control::Action&)
 {
-    if (!hasPositions()) {
+    if (showIfObstacle(m_till.obstacleToPayment())) {
         return EContext::Stop;
     }
     m_till.setPhase(Till::Phase::Payment);
     return EContext::GoOn;
 }
 
-EContext::Result RegisterCommands::backToPositions(control::Action&)
+EContext::Result PaymentCommands::backToPositions(control::Action&)
 {
     m_till.setPhase(Till::Phase::Positions);
     return EContext::GoOn;
 }
 
-EContext::Result RegisterCommands::pay(control::Action& action)
+EContext::Result PaymentCommands::pay(control::Action& action)
 {
     if (m_till.phase() != Till::Phase::Payment) {
         return EContext::Stop;
     }
     const Document& document = *m_till.document();
-    const QString typed = action.value(u"received"_s).toString();
-    const std::optional<Kopecks> received =
-        document.isReturn() || typed.trimmed().isEmpty() ? document.getSum() : typedAmount(typed);
-    if (!received) {
-        showNotice(
-            tr::Tr(u"receivedUnreadable"_s, u"«%1» — не сумма.\nВведите полученные деньги, например 50 или 12,40."_s)
-                .arg(typed));
+    // A return pays out exactly its sum, whatever is typed.
+    const QString typed = document.isReturn() ? QString() : action.value(u"received"_s).toString();
+    const auto payment = cashpayment::received(document.getSum(), typed);
+    if (!payment) {
+        showNotice(payment.failure().text);
         return EContext::Stop;
     }
-    if (*received < document.getSum()) {
-        showNotice(tr::Tr(u"receivedTooLittle"_s, u"Получено %1, а к оплате %2.\nНе хватает %3."_s)
-                       .arg(amountText(*received))
-                       .arg(amountText(document.getSum()))
-                       .arg(amountText(document.getSum() - *received)));
-        return EContext::Stop;
-    }
-    return m_till.close(*received) ? EContext::GoOn : EContext::Stop;
-}
-
-bool RegisterCommands::hasPositions() const
-{
-    if (!m_till.document()->positions().isEmpty()) {
-        return true;
-    }
-    showNotice({u"receiptEmpty"_s, u"В чеке нет позиций.\nДобавьте товар или отмените чек."_s});
-    return false;
+    return m_till.close({*payment}) ? EContext::GoOn : EContext::Stop;
 }

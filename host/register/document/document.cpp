@@ -78,6 +78,44 @@ double roubles(Kopecks amount)
     return double(amount) / 100.0;
 }
 
+/// "received" alone says it all.
+bool isOneOfCash(const QList<Payment>& payments)
+{
+    return payments.isEmpty() || (payments.size() == 1 && payments.first().method == PaymentMethod::Cash);
+}
+
+QJsonArray savedPayments(const QList<Payment>& payments)
+{
+    QJsonArray saved;
+    for (const Payment& payment : payments) {
+        saved.append(QJsonObject{{"method"_L1, rowOf(payment.method).word}, {"amount"_L1, roubles(payment.amount)}});
+    }
+    return saved;
+}
+
+Payment readPayment(const QJsonObject& saved)
+{
+    const QString word = savedmember::text(saved, u"method"_s);
+    for (const PaymentMethodRow& row : paymentMethods()) {
+        if (row.word == word) {
+            return {row.method, kopecks(savedmember::number(saved, u"amount"_s))};
+        }
+    }
+    savedmember::refuse(u"method"_s);
+}
+
+QList<Payment> readPayments(const QJsonObject& saved)
+{
+    if (!saved.contains("payments"_L1)) {
+        return {Payment::cash(kopecks(savedmember::number(saved, u"received"_s)))};
+    }
+    QList<Payment> payments;
+    for (const auto value : savedmember::list(saved, u"payments"_s)) {
+        payments.append(readPayment(value.toObject()));
+    }
+    return payments;
+}
+
 } // namespace
 
 Document::Document(int number, const QDateTime& opened)
@@ -168,8 +206,11 @@ QJsonObject Document::toJson() const
     saved.insert(u"state"_s, word(m_ending.state));
     insertTime(saved, u"finished"_s, m_ending.finished);
     insertTime(saved, u"annulled"_s, m_ending.voided);
-    if (m_ending.state == State::Closed || m_ending.received != 0) {
-        saved.insert(u"received"_s, roubles(m_ending.received));
+    if (m_ending.state == State::Closed || !m_ending.payments.isEmpty()) {
+        saved.insert(u"received"_s, roubles(getReceived()));
+    }
+    if (!isOneOfCash(m_ending.payments)) {
+        saved.insert(u"payments"_s, savedPayments(m_ending.payments));
     }
     if (m_returnedSale > 0) {
         saved.insert(u"takesBack"_s, m_returnedSale);
@@ -198,7 +239,7 @@ QSharedPointer<Document> Document::fromJson(const QJsonObject& saved)
         ending.voided = readTime(saved, u"annulled"_s);
     }
     if (ending.state == State::Closed || saved.contains("received"_L1)) {
-        ending.received = kopecks(savedmember::number(saved, u"received"_s));
+        ending.payments = readPayments(saved);
     }
     if (document->isReturn()) {
         document->m_returnedSale = savedmember::positiveInteger(saved, u"takesBack"_s);

@@ -3,6 +3,7 @@
 
 #include "abstractdocument.h"
 #include "amount.h"
+#include "payment.h"
 #include "position.h"
 
 #include <QDateTime>
@@ -53,9 +54,9 @@ public:
 
     /// The sum of all positions, each rounded to kopecks.
     Kopecks getSum() const;
-    /// Cash that the customer gave, 0 before the document is closed; of a return: what was paid out.
-    Kopecks getReceived() const { return m_ending.received; }
-    Kopecks getChange() const { return isReturn() ? 0 : m_ending.received - getSum(); }
+    /// What the customer gave, 0 before the document is closed; of a return: what was paid out.
+    Kopecks getReceived() const { return totalOf(m_ending.payments); }
+    Kopecks getChange() const { return isReturn() ? 0 : getReceived() - getSum(); }
 
     /// The number of the sale that this document takes back; 0: none.
     int getReturnedSale() const { return m_returnedSale; }
@@ -73,7 +74,7 @@ public:
         State state = State::Open;
         QDateTime finished = {};
         QDateTime voided = {};
-        Kopecks received = 0;
+        QList<Payment> payments = {};
     };
     const Ending& ending() const { return m_ending; }
     void setEnding(const Ending& ending) { m_ending = ending; }

@@ -9,11 +9,15 @@
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
+#include "till.h"
 
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
+
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -148,14 +152,17 @@ void DocumentListForm::filter(const QString& text)
 void DocumentListForm::showCurrent()
 {
     const Pointer document = current();
-    const auto state = document ? document->getState() : Document::State::Open;
-    const bool isSuspended = state == Document::State::Suspended;
-    const bool isSale = state == Document::State::Closed && !document->isReturn() && !isCurrentReturned();
-    m_resume->setEnabled(isSuspended && m_params.openSale == 0);
-    m_return->setEnabled(isSale && m_params.openSale == 0);
-    m_void->setEnabled(isSuspended || isSale);
-    m_print->setEnabled(state == Document::State::Closed);
-    m_print->setToolTip(m_print->isEnabled() || !document ? QString() : printObstacle());
+    const std::pair<QPushButton*, DocumentListParams::Rule> rules[] = {
+        {m_resume, m_params.obstacleToResuming},
+        {m_return, m_params.obstacleToReturning},
+        {m_void, m_params.obstacleToVoiding},
+        {m_print, &Till::obstacleToPrinting},
+    };
+    for (const auto& [button, rule] : rules) {
+        const std::optional<Obstacle> obstacle = document ? rule(*document) : Obstacle();
+        button->setEnabled(!obstacle);
+        button->setToolTip(obstacle ? obstacle->text.ui() : QString());
+    }
 
     m_positions.refresh(document);
     for (const auto column : {PositionTableModel::Mark, PositionTableModel::State}) {
@@ -173,20 +180,15 @@ void DocumentListForm::showHint()
         showHint(tr::Tr(u"documentsNotFound"_s, u"Ничего не найдено. Измените строку поиска."_s).ui(), "error");
     } else if (document->getNumber() == m_shown.document) {
         showHint(m_shown.text, m_shown.textRole);
-    } else if (m_params.openSale != 0) {
+    } else if (m_params.openDocument != 0) {
         showHint(tr::Tr(u"documentsReceiptOpen"_s,
                         u"Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен."_s)
-                     .arg(QString::number(m_params.openSale))
+                     .arg(QString::number(m_params.openDocument))
                      .ui(),
                  "hint");
     } else {
-        showHint(m_print->isEnabled() ? QString() : printObstacle(), "hint");
+        showHint(m_print->toolTip(), "hint");
     }
-}
-
-QString DocumentListForm::printObstacle()
-{
-    return tr::Tr(u"documentsPrintClosed"_s, u"Печатаются только закрытые документы, которые не аннулированы."_s).ui();
 }
 
 void DocumentListForm::showHint(const QString& text, const char* textRole)
@@ -218,11 +220,6 @@ void DocumentListForm::makeCurrent(int number)
     m_table->setCurrentIndex(wanted.isValid() ? wanted : m_filtered.index(0, DocumentTableModel::Number));
 }
 
-bool DocumentListForm::isCurrentReturned() const
-{
-    return m_documents.isReturned(m_filtered.mapToSource(m_table->currentIndex()).row());
-}
-
 /// Return does what harms nothing; what goes further has keys of its own.
 void DocumentListForm::confirm()
 {
@@ -233,12 +230,12 @@ void DocumentListForm::confirm()
 
 void DocumentListForm::resume()
 {
-    answerForm(u"takeUp"_s, current()->getNumber());
+    answerForm(u"resume"_s, current()->getNumber());
 }
 
 void DocumentListForm::returnSale()
 {
-    answerForm(u"takeBack"_s, current()->getNumber());
+    answerForm(u"returnSale"_s, current()->getNumber());
 }
 
 void DocumentListForm::voidDocument()

@@ -39,13 +39,11 @@ private:
     void showCurrent();
     void showHint();
     void showHint(const QString& text, const char* textRole);
-    static QString printObstacle();
     void rememberStop(const control::Action& action, EContext::Result result);
 
     /// Null when the list is empty.
     Pointer current() const;
     void makeCurrent(int number);
-    bool isCurrentReturned() const;
 
     void confirm();
     void resume();

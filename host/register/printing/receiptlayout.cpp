@@ -136,8 +136,10 @@ Lines totals(const Document& document)
     if (document.isReturn()) {
         return lines + labelled({u"printedPaidOut"_s, u"Выдано"_s}, document.getReceived());
     }
-    return lines + labelled({u"printedReceived"_s, u"Получено наличными"_s}, document.getReceived()) +
-           labelled({u"printedChange"_s, u"Сдача"_s}, document.getChange());
+    for (const Payment& payment : document.ending().payments) {
+        lines += labelled(rowOf(payment.method).printed, payment.amount);
+    }
+    return lines + labelled({u"printedChange"_s, u"Сдача"_s}, document.getChange());
 }
 
 } // namespace

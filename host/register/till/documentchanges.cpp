@@ -27,7 +27,7 @@ void Till::restore(const OpenDocumentFile::Loaded& loaded)
     }
     const QSharedPointer<Document> open = m_archive.tidyUp(loaded.document);
     if (!loaded.damage.isEmpty()) {
-        showDamage(loaded); // only now: while the message stands, a key pressed before may open a document
+        showDamage(loaded); // only now: a key pressed before may open a document while the message is shown
     }
     if (!open) {
         return;
@@ -36,15 +36,16 @@ void Till::restore(const OpenDocumentFile::Loaded& loaded)
     notifyRestored();
 }
 
-bool Till::close(Kopecks received)
+bool Till::close(const QList<Payment>& payments)
 {
-    if (!m_document || received < m_document->getSum()) {
+    if (!m_document || totalOf(payments) < m_document->getSum()) {
         return false;
     }
     if (m_document->isReturn() && !writeBackToSale()) {
         return false;
     }
-    return end(Document::State::Closed, received, EActivityListener::DocumentClosed);
+    return end({.state = Document::State::Closed, .finished = now(), .payments = payments},
+               EActivityListener::DocumentClosed);
 }
 
 bool Till::cancel()
@@ -52,12 +53,12 @@ bool Till::cancel()
     if (!m_document || (m_document->isReturn() && !writeBackToSale())) {
         return false;
     }
-    return end(Document::State::Cancelled, 0, EActivityListener::DocumentCancelled);
+    return end({.state = Document::State::Cancelled, .finished = now()}, EActivityListener::DocumentCancelled);
 }
 
 bool Till::suspend()
 {
-    if (!m_document || m_document->isReturn() || !m_archive.move(m_document, {.state = Document::State::Suspended})) {
+    if (!m_document || obstacleToSuspending() || !m_archive.move(m_document, {.state = Document::State::Suspended})) {
         return false;
     }
     makeCurrent(nullptr);
@@ -67,8 +68,7 @@ bool Till::suspend()
 
 bool Till::resume(const QSharedPointer<Document>& document)
 {
-    if (m_document || !document || document->getState() != Document::State::Suspended ||
-        !m_archive.move(document, {.state = Document::State::Open})) {
+    if (!document || obstacleToResuming(*document) || !m_archive.move(document, {.state = Document::State::Open})) {
         return false;
     }
     makeCurrent(document);
@@ -78,18 +78,17 @@ bool Till::resume(const QSharedPointer<Document>& document)
 
 bool Till::returnSale(const QSharedPointer<Document>& sale)
 {
-    if (m_document || !sale || sale->getType() != AbstractDocument::Sale ||
-        sale->getState() != Document::State::Closed || m_archive.isReturned(*sale, nullptr)) {
+    if (!sale || obstacleToReturning(*sale)) {
         return false;
     }
     const QSharedPointer<Document> document = Document::returnOf(*sale, m_numbers.next(), now());
-    // First the sale: a return that the sale does not know of could be opened twice.
+    // The sale first: a return that its sale does not know could be opened twice.
     sale->setReturnedBy(document->getNumber());
     if (!m_archive.save(sale)) {
         return false;
     }
     if (!m_store.save(document)) {
-        QFile::remove(m_store.file()); // it may stand there, only not synced
+        QFile::remove(m_store.file()); // it may be there, only not synced
         return false;
     }
     makeCurrent(document);
@@ -114,12 +113,12 @@ bool Till::voidDocument(const QSharedPointer<Document>& document)
     return true;
 }
 
-bool Till::end(Document::State state, Kopecks received, EActivityListener::Event event)
+bool Till::end(const Document::Ending& ending, EActivityListener::Event event)
 {
-    if (!m_archive.move(m_document, {.state = state, .finished = now(), .received = received})) {
+    if (!m_archive.move(m_document, ending)) {
         return false;
     }
-    if (state == Document::State::Closed && m_printing) {
+    if (ending.state == Document::State::Closed && m_printing) {
         m_printing(*m_document);
     }
     Singleton<ActivityNotifier>::get()->notify(Event(event));
@@ -128,8 +127,7 @@ bool Till::end(Document::State state, Kopecks received, EActivityListener::Event
     return true;
 }
 
-/// What plug-ins did with the positions of the return holds for the sale too, even when the document is
-/// given up afterwards.
+/// What plug-ins did to the positions of a return also holds for the sale, even when the return is cancelled later.
 bool Till::writeBackToSale() const
 {
     const QSharedPointer<Document> sale = m_archive.find(m_document->getReturnedSale());

@@ -43,7 +43,7 @@ void Till::open()
 int Till::add(const SelectedGoods& selected)
 {
     open();
-    if (m_document->isReturn()) {
+    if (obstacleToAddingGoods()) {
         return 0;
     }
     GoodsItem::Goods goods;
@@ -60,7 +60,7 @@ int Till::add(const SelectedGoods& selected)
 void Till::setPacks(int positionNumber, int packs)
 {
     const QSharedPointer<Position> position = m_document ? m_document->position(positionNumber) : nullptr;
-    if (!position || position->isExternal()) {
+    if (!position || obstacleToChangingQuantity(*position)) {
         return;
     }
     position->setQuantity(packs);

@@ -6,23 +6,24 @@
 #include "documentarchive.h"
 #include "documentnumbers.h"
 #include "event.h"
+#include "obstacle.h"
 #include "opendocumentfile.h"
 
 #include <QObject>
 #include <QSharedPointer>
 
 #include <functional>
+#include <optional>
 
-/// The document that is open at the till, and everything that happens to it.
+/// The place where one document is open, and everything that happens to it.
 ///
-/// Whatever changes the document saves it and makes it known: to the plug-ins as the current document and by events, to
-/// the screens by changed().
+/// Each change saves the document. Plug-ins learn of it as the current document and by events, screens by changed().
 class Till : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What the cashier is at. Whatever changes the document goes back to the positions.
+    /// How far the open document is. Each change of the document leads back to the positions.
     enum class Phase { Positions, Subtotal, Payment };
 
     /// @param dataFolder where documents are saved
@@ -34,20 +35,20 @@ public:
     Phase phase() const { return m_phase; }
     const DocumentArchive& archive() const { return m_archive; }
 
-    /// Prints a closed document, and tells the cashier when it cannot.
+    /// Prints the receipt of a closed document; shows a failure to the cashier.
     using Printing = std::function<void(const Document&)>;
     void setPrinting(Printing printing);
 
-    // sale.cpp
+    // till.cpp
 
-    /// Opens an empty document; does nothing when one is open.
+    /// Opens an empty sale; does nothing when a document is open.
     void open();
 
-    /// Puts goods on the document, which is opened when there is none.
-    /// @return the number of the new position; 0 when a return is open, which takes none
+    /// Adds goods as a position; opens a sale when no document is open.
+    /// @return the number of the new position; 0 when there is an obstacleToAddingGoods()
     int add(const SelectedGoods& selected);
 
-    /// Sets the packs of a position; one that is not there, or that belongs to a external document, is passed over.
+    /// Sets the packs of a position. Does nothing for one that does not exist or whose quantity cannot be changed.
     void setPacks(int positionNumber, int packs);
     void remove(int positionNumber);
 
@@ -57,34 +58,54 @@ public:
     /// Runs `work` while another document is the current one.
     void withCurrentDocument(const QSharedPointer<AbstractDocument>& document, const std::function<void()>& work);
 
+    // tillrules.cpp: why something cannot be done now; nothing: it can
+
+    /// To opening an empty sale.
+    std::optional<Obstacle> obstacleToOpening() const;
+    /// To working on another document than the open one.
+    std::optional<Obstacle> obstacleToAnotherDocument() const;
+    std::optional<Obstacle> obstacleToAddingGoods() const;
+    std::optional<Obstacle> obstacleToChangingPositions() const;
+    static std::optional<Obstacle> obstacleToChangingQuantity(const Position& position);
+    /// To the subtotal and the payment.
+    std::optional<Obstacle> obstacleToPayment() const;
+    std::optional<Obstacle> obstacleToSuspending() const;
+    std::optional<Obstacle> obstacleToResuming(const Document& document) const;
+    std::optional<Obstacle> obstacleToReturning(const Document& sale) const;
+    std::optional<Obstacle> obstacleToVoiding(const Document& document) const;
+    /// To printing it again.
+    static std::optional<Obstacle> obstacleToPrinting(const Document& document);
+    /// True also while the open document returns it.
+    bool isReturned(const Document& sale) const;
+
     // documentchanges.cpp
 
-    /// Takes up the document that was open when the register ended, and finishes what was interrupted. A damaged one,
-    /// which has been set aside, is told to the cashier.
+    /// Opens the document that was open when the register ended, and finishes what was interrupted. Shows the cashier
+    /// when it was damaged; its file has been renamed then.
     void restore(const OpenDocumentFile::Loaded& loaded);
 
-    /// Closes the document, prints it, and tells event 12.
-    /// @param received cash from the customer, at least the sum; of a return: what is paid out
-    /// @return false when nothing was changed: there is no document, too little money, or it could not be saved, which
-    ///         has been told to the cashier
-    bool close(Kopecks received);
-    /// Gives the document up and tells event 22; false as for close().
+    /// Closes the document, prints its receipt and sends event 12.
+    /// @param payments of the customer, together at least the sum; of a return: what is paid out
+    /// @return false when nothing changed: no document is open, the payments are too little, or the document could not
+    ///         be saved, which has been shown to the cashier
+    bool close(const QList<Payment>& payments);
+    /// Cancels the document and sends event 22; false as for close().
     bool cancel();
-    /// Puts the document aside; false as for close(), and for a return, which has to be finished.
+    /// Suspends the document; false as for close(), and when there is an obstacleToSuspending().
     bool suspend();
-    /// Goes on with a document that was suspended and tells event 17; false when a document is open or it could not be
-    /// saved.
+    /// Opens a suspended document again and sends event 17; false as for close(), and when there is an
+    /// obstacleToResuming().
     bool resume(const QSharedPointer<Document>& document);
-    /// Opens the return of a closed sale; false when a document is open, when it is no sale that can be
-    /// returned, or when it could not be saved.
+    /// Opens the return of a closed sale and sends event 10; false as for close(), and when there is an
+    /// obstacleToReturning().
     bool returnSale(const QSharedPointer<Document>& sale);
-    /// Declares a document void that was suspended or closed and tells voided(); false when it could not be saved.
+    /// Voids a suspended or closed document and emits voided(); false when it could not be saved.
     bool voidDocument(const QSharedPointer<Document>& document);
 
 signals:
-    /// The document is another one, was recalculated, or its phase is another one.
+    /// Another document is open, the document was recalculated, or its phase changed.
     void changed();
-    /// @param before suspended or closed
+    /// @param before what the document was: suspended or closed
     void voided(const Document& document, Document::State before);
 
 private:
@@ -92,7 +113,7 @@ private:
     void recalculateAndSave();
 
     // documentchanges.cpp
-    bool end(Document::State state, Kopecks received, EActivityListener::Event event);
+    bool end(const Document::Ending& ending, EActivityListener::Event event);
     bool writeBackToSale() const;
     void notifyRestored();
     void showDamage(const OpenDocumentFile::Loaded& loaded) const;

@@ -338,6 +338,10 @@ Check the number.</translation>
         <source>Номер чека, по которому возвращают товар</source>
         <translation>Number of the receipt that goods are returned for</translation>
     </message>
+    <message id="resumeOnlySuspended">
+        <source>Документ № %1 не отложен, его нельзя взять в работу.</source>
+        <translation>Document No. %1 is not suspended and cannot be resumed.</translation>
+    </message>
     <message id="takeBackOnlyClosedSale">
         <source>Документ № %1 — не закрытая продажа, его нельзя вернуть.</source>
         <translation>Document No. %1 is no closed sale and cannot be returned.</translation>

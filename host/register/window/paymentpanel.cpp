@@ -2,6 +2,7 @@
 #include "paymentpanel.h"
 
 #include "basicform.h"
+#include "cashpayment.h"
 #include "inactivitylocker.h"
 #include "registerstyle.h"
 #include "tallokeyboard.h"
@@ -211,13 +212,11 @@ void PaymentPanel::showPayingOut()
 
 void PaymentPanel::showChange()
 {
-    const std::optional<Kopecks> received = m_received->text().isEmpty() ? m_sum : typedAmount(m_received->text());
-    if (!received) {
-        showChange({u"paymentNoAmount"_s, u"Не сумма"_s}, "error");
-    } else if (*received < m_sum) {
-        showChange(tr::Tr(u"paymentMissing"_s, u"Не хватает %1"_s).arg(amountText(m_sum - *received)), "waiting");
+    const auto payment = cashpayment::received(m_sum, m_received->text());
+    if (payment) {
+        showChange(tr::Tr(u"paymentChange"_s, u"Сдача %1"_s).arg(amountText(payment->amount - m_sum)), "value");
     } else {
-        showChange(tr::Tr(u"paymentChange"_s, u"Сдача %1"_s).arg(amountText(*received - m_sum)), "value");
+        showChange(payment.failure().brief, typedAmount(m_received->text()) ? "waiting" : "error");
     }
     showKeyHint({u"paymentHint"_s, u"Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека."_s});
 }

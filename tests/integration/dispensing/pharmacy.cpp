@@ -2,7 +2,7 @@
 #include "pharmacy.h"
 
 #include "positionformat.h"
-#include "prescriptionposition.h"
+#include "positionoptions.h"
 #include "prescriptionstatus.h"
 #include "savetofilelogic.h"
 #include "serveridentity.h"
@@ -170,7 +170,7 @@ QStringList Pharmacy::options() const
 
 QJsonObject Pharmacy::optionsOf(int position) const
 {
-    return readPositionOptions(*m_document->getPosition(position));
+    return PositionOptions(*m_document->getPosition(position)).toDocument().object();
 }
 
 void Pharmacy::setOptions(int position, const QString& options)

@@ -110,6 +110,17 @@ TEST_F(PluginModule, object_isTheServiceAndEveryBaseOfIt)
     EXPECT_EQ(object->qt_metacast("AnotherPlugin"), nullptr);
 }
 
+/// Nothing of the plug-in has been in a QVariant yet: no dialog was asked for.
+TEST_F(PluginModule, loaded_dialogRecordsAreFoundByName)
+{
+    load();
+
+    for (const char* name : {"ElectronicPrescriptionChoiceParams", "ElectronicPrescriptionParams",
+                             "ElectronicPrescriptionConfirmDispenseParams"}) {
+        EXPECT_TRUE(QMetaType::fromName(name).isValid()) << name;
+    }
+}
+
 TEST_F(PluginModule, askedTwice_givesTheSameObject)
 {
     QObject* const object = load();

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "positionformat.h"
-#include "prescriptionposition.h"
 #include "registryclienttest.h"
 
 using emulator::Endpoint;
@@ -22,7 +21,7 @@ TEST_P(DispenseTest, registration_isBookedOnceWithItsClaimAndThePositionGetsItsI
     EXPECT_FALSE(dispenses[0].claim.isEmpty());
     EXPECT_EQ(dispenseId(), dispenses[0].id);
     EXPECT_FALSE(dispenseId().isEmpty());
-    QJsonObject options = readPositionOptions(*position);
+    QJsonObject options = QJsonDocument::fromJson(position->getExtendedOptions().toUtf8()).object();
     options.remove(positionformat::medicationDispenseId);
     EXPECT_EQ(options, QJsonDocument::fromJson(dueOptions.toUtf8()).object());
 

@@ -3,8 +3,7 @@
 
 #include "electronicprescriptionexception.h"
 #include "electronicprescriptionnoprescriptionsexception.h"
-#include "positionformat.h"
-#include "prescriptionposition.h"
+#include "positionoptions.h"
 
 #include <QFile>
 
@@ -121,7 +120,7 @@ emulator::JournalEntry RegistryClientTest::lastOf(Endpoint endpoint)
 
 QString RegistryClientTest::dispenseId() const
 {
-    return readPositionOptions(*position)[positionformat::medicationDispenseId].toString();
+    return PositionOptions(*position).medicationDispenseId();
 }
 
 const char* nameOf(Endpoint endpoint)

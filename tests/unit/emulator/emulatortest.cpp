@@ -61,6 +61,16 @@ QJsonObject with(const QJsonObject& object, const QString& path, const QJsonValu
     return changed(object, path.split(u'.'), value).toObject();
 }
 
+void expectRefusal(const RawAnswer& answer, emulator::RefusalCode code, const QStringList& values)
+{
+    const emulator::HttpAnswer expected = emulator::Refusal(code, values).answer();
+    EXPECT_EQ(answer.status, expected.status);
+    EXPECT_EQ(answer.body, expected.body) << answer.body.constData() << "\ninstead of\n" << expected.body.constData();
+    for (const auto& [name, value] : expected.headers) {
+        EXPECT_EQ(answer.header(name), value) << name.constData();
+    }
+}
+
 EmulatorTest::EmulatorTest()
 {
     emulator::EmulatorSettings settings;

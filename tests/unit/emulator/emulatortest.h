@@ -2,14 +2,15 @@
 #pragma once
 
 #include "rawconnection.h"
+#include "refusal.h"
 #include "registryemulator.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
 
-/// An emulator in this process, with a seed of its own, asked over the wire. Its clock stands still on 20 March 2024
-/// until a test moves it.
+/// An emulator in this process with a seed of its own; requests go over the wire. Its clock shows 20 March 2024 until a
+/// test changes it.
 class EmulatorTest : public ::testing::Test
 {
 protected:
@@ -19,17 +20,17 @@ protected:
     /// ("other", "other", "dispense", "18") and the card "1100" of Пробный Пётр Петрович; see seed.json beside this.
     static QByteArray seedJson();
 
-    /// Asks on a connection of its own.
+    /// Sends a request on a connection of its own.
     RawAnswer ask(const QByteArray& method, const QByteArray& target, const emulator::HttpHeaders& headers = {},
                   const QByteArray& body = {});
     RawAnswer askForToken(const QByteArray& form, const emulator::HttpHeaders& headers = {});
-    /// A form that the registry gives a token for.
+    /// A form for which the registry issues a token.
     static QByteArray goodForm(const QByteArray& scope = "read%20dispense");
-    /// Headers of an admitted resource request, with a token fetched for them.
+    /// Headers of a resource request, with a new token.
     emulator::HttpHeaders admitted(const QByteArray& form = goodForm());
     RawAnswer byCard(const QByteArray& query);
 
-    /// Registers a dispense, or what is sent as one.
+    /// Sends the document as a registration.
     RawAnswer registerDispense(const QJsonObject& document);
     RawAnswer cancelDispense(const QByteArray& id);
     /// A dispense of 10 doses of the full-price prescription "rx-full".
@@ -43,6 +44,10 @@ protected:
     std::unique_ptr<emulator::RegistryEmulator> m_emulator;
 };
 
-/// Puts a value at a path into a JSON object: names of members, and numbers for elements of arrays. Undefined takes
-/// the member away.
+/// Expects that refusal as the answer: its status, its whole body and its headers.
+/// @param values what the placeholders of its text stand for
+void expectRefusal(const RawAnswer& answer, emulator::RefusalCode code, const QStringList& values = {});
+
+/// The object with another value at a path. The path has names of members and indexes of arrays, separated by dots.
+/// Undefined removes the member.
 QJsonObject with(const QJsonObject& object, const QString& path, const QJsonValue& value);

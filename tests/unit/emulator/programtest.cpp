@@ -30,7 +30,7 @@ protected:
 
     void start(const QStringList& options) { m_process.start(QString::fromUtf8(EMULATOR_PROGRAM), options); }
 
-    /// Waits until the program has printed a line with that beginning, and gives the rest of the line.
+    /// Waits until the program has printed a line with that beginning, and returns the rest of the line.
     QString line(const QString& beginning)
     {
         const QRegularExpression pattern(u"^%1 (.*)$"_s.arg(beginning), QRegularExpression::MultilineOption);
@@ -52,16 +52,16 @@ protected:
         EXPECT_EQ(m_process.exitCode(), 0);
     }
 
-    /// Expects that the program cannot be started so, and says why.
-    void expectRefusal(const QStringList& options, const QString& message)
+    /// Expects that the program ends with one line that contains the text.
+    void expectUnusable(const QStringList& options, const QString& expected)
     {
         start(options);
         ASSERT_TRUE(m_process.waitForFinished(patience));
         EXPECT_EQ(m_process.exitStatus(), QProcess::NormalExit);
         EXPECT_NE(m_process.exitCode(), 0);
-        const QString told = QString::fromUtf8(m_process.readAllStandardError());
-        EXPECT_TRUE(told.contains(message)) << qPrintable(told);
-        EXPECT_EQ(told.count(u'\n'), 1) << qPrintable(told);
+        const QString message = QString::fromUtf8(m_process.readAllStandardError());
+        EXPECT_TRUE(message.contains(expected)) << qPrintable(message);
+        EXPECT_EQ(message.count(u'\n'), 1) << qPrintable(message);
         EXPECT_EQ(m_process.readAllStandardOutput(), "");
     }
 
@@ -105,7 +105,7 @@ TEST_F(EmulatorProgram, withCertificate_printsHttpsUrl)
     signalEnd(SIGTERM);
 }
 
-TEST_F(EmulatorProgram, dataFileThatHoldsState_keepsItAndSaysSo)
+TEST_F(EmulatorProgram, dataFileWithState_isKeptAndThisIsPrinted)
 {
     const QString data = m_folder.filePath(u"data.sqlite"_s);
     start({"--data", data, "--seed", DEMO_SEED});
@@ -123,13 +123,13 @@ TEST_F(EmulatorProgram, helpAndVersion_endWithSuccess)
         start({option});
         ASSERT_TRUE(m_process.waitForFinished(patience));
         EXPECT_EQ(m_process.exitCode(), 0);
-        const QByteArray told = m_process.readAllStandardOutput();
-        EXPECT_TRUE(told.contains("prescription-registry-emulator")) << told.constData();
-        EXPECT_EQ(told.contains("--tls-certificate"), option == "--help"_L1);
+        const QByteArray output = m_process.readAllStandardOutput();
+        EXPECT_TRUE(output.contains("prescription-registry-emulator")) << output.constData();
+        EXPECT_EQ(output.contains("--tls-certificate"), option == "--help"_L1);
     }
 }
 
-TEST_F(EmulatorProgram, whatItCannotUse_isToldInOneLine)
+TEST_F(EmulatorProgram, unusableOptions_areReportedInOneLine)
 {
     QTcpServer occupied;
     ASSERT_TRUE(occupied.listen(QHostAddress::LocalHost));
@@ -138,13 +138,13 @@ TEST_F(EmulatorProgram, whatItCannotUse_isToldInOneLine)
     badSeed.write("{\"patients\": [{\"id\": 1}]}");
     badSeed.close();
 
-    expectRefusal({"--port", "x"}, u"--port takes a port from 0 to 65535, not \"x\""_s);
-    expectRefusal({"--admin-port", "70000"}, u"--admin-port takes a port from 0 to 65535"_s);
-    expectRefusal({"--frobnicate"}, u"frobnicate"_s);
-    expectRefusal({"something"}, u"cannot use \"something\""_s);
-    expectRefusal({"--port", QString::number(occupied.serverPort())}, u"cannot listen on port"_s);
-    expectRefusal({"--seed", "/nowhere.json"}, u"cannot read the seed /nowhere.json"_s);
-    expectRefusal({"--seed", badSeed.fileName()}, badSeed.fileName() + u": patients[0].id: a text is expected"_s);
-    expectRefusal({"--data", "/nowhere/x"}, u"cannot open the data file /nowhere/x"_s);
-    expectRefusal({"--tls-key", "/nowhere.key"}, u"TLS needs both a certificate and a key"_s);
+    expectUnusable({"--port", "x"}, u"--port takes a port from 0 to 65535, not \"x\""_s);
+    expectUnusable({"--admin-port", "70000"}, u"--admin-port takes a port from 0 to 65535"_s);
+    expectUnusable({"--frobnicate"}, u"frobnicate"_s);
+    expectUnusable({"something"}, u"cannot use \"something\""_s);
+    expectUnusable({"--port", QString::number(occupied.serverPort())}, u"cannot listen on port"_s);
+    expectUnusable({"--seed", "/nowhere.json"}, u"cannot read /nowhere.json: No such file or directory"_s);
+    expectUnusable({"--seed", badSeed.fileName()}, badSeed.fileName() + u": patients[0].id: a text is expected"_s);
+    expectUnusable({"--data", "/nowhere/x"}, u"cannot open the data file /nowhere/x"_s);
+    expectUnusable({"--tls-key", "/nowhere.key"}, u"TLS needs both a certificate and a key"_s);
 }

@@ -26,7 +26,7 @@ constexpr int patience = 20'000; // milliseconds; only a failing test waits that
 bool waitUntil(const std::function<bool()>& isSo)
 {
     QEventLoop loop;
-    QTimer waker; // so that the deadline is noticed when nothing else happens
+    QTimer waker; // checks the deadline when nothing else happens
     waker.start(50);
     const QDeadlineTimer deadline(patience);
     while (!isSo()) {

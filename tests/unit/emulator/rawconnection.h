@@ -10,10 +10,10 @@
 #include <functional>
 #include <optional>
 
-/// Lets events be handled until `isSo`; false when that took too long.
+/// Handles events until `isSo`; false when that takes too long.
 bool waitUntil(const std::function<bool()>& isSo);
 
-/// An answer as it came over the wire.
+/// An answer as it was on the wire.
 struct RawAnswer {
     int status = 0;
     emulator::HttpHeaders headers;
@@ -29,15 +29,15 @@ struct RawAnswer {
 enum class End : int {
     Orderly, ///< it closed the connection
     Reset,   ///< it reset the connection
-    Bytes,   ///< not at all: it sent something
-    Waiting, ///< not at all: nothing came
+    Bytes,   ///< it did not: it sent something
+    Waiting, ///< it did not: nothing came
 };
 
-/// Sends bytes on a connection of its own, and tells how the server ends it. Qt's sockets do not tell a reset from an
-/// orderly close.
+/// Sends bytes on a connection of its own, and returns how the server ends it. Qt's sockets do not distinguish a reset
+/// from an orderly close.
 End endAfter(const QUrl& url, const QByteArray& bytes);
 
-/// A client's connection, byte by byte: nothing is repeated, nothing is guessed.
+/// A client's connection that sends exactly the given bytes, once.
 class RawConnection
 {
 public:
@@ -63,6 +63,6 @@ public:
     void leave() { m_socket.abort(); }
 
 private:
-    QSslSocket m_socket; // a plain socket until it is told to encrypt
+    QSslSocket m_socket; // not encrypted unless the URL is HTTPS
     QByteArray m_received;
 };

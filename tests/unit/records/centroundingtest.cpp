@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "centrounding.h"
 
+#include <QProcess>
+#include <QRegularExpression>
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstdint>
 #include <limits>
 #include <random>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -35,6 +40,55 @@ INSTANTIATE_TEST_SUITE_P(
                       Rounding{"halfCent", 0.005, 0.01}, Rounding{"lessThanHalfCent", 0.0049, 0.0},
                       Rounding{"negativeHalfCent", -0.005, -0.01}),
     [](const auto& row) { return std::string(row.param.name); });
+
+/// The definition with the product and the sum fused.
+double roundFused(double x)
+{
+    const double s = x > 0.0 ? 1.0 : (x < 0.0 ? -1.0 : 0.0);
+    return std::trunc(std::fma(x + 0.005 * s, 100.0, 0.001 * s)) / 100.0;
+}
+
+class CentRoundingOnAnyProcessor : public ::testing::TestWithParam<Rounding>
+{
+};
+
+TEST_P(CentRoundingOnAnyProcessor, fusingWouldGiveOtherCents_amountIsTheDefinedOne)
+{
+    EXPECT_EQ(roundToCents(GetParam().value), GetParam().rounded);
+    EXPECT_NE(roundFused(GetParam().value), GetParam().rounded) << "the row does not show it";
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, CentRoundingOnAnyProcessor,
+                         ::testing::Values(Rounding{"down", 0.12499, 0.12}, Rounding{"up", 0.05499, 0.06},
+                                           Rounding{"negativeDown", -0.12499, -0.12},
+                                           Rounding{"negativeUp", -0.05499, -0.06},
+                                           Rounding{"shareOfAPrice", 0.009 * 6.11, 0.06},
+                                           Rounding{"smallShareOfAPrice", 0.001 * 94.99, 0.09}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+/// The instructions that multiply and add in one step; empty when there are none.
+QStringList fusedInstructions(const QString& objectFile)
+{
+    QProcess disassembler;
+    disassembler.start(DISASSEMBLER, {"-d", "--no-show-raw-insn", objectFile});
+    EXPECT_TRUE(disassembler.waitForFinished()) << qPrintable(disassembler.errorString());
+    EXPECT_EQ(disassembler.exitCode(), 0);
+    const QString code = QString::fromLocal8Bit(disassembler.readAllStandardOutput());
+    EXPECT_TRUE(code.contains("roundToCents")) << code.toStdString();
+    static const QRegularExpression fused(u"\\bv?fn?m(add|sub)\\w*"_s);
+    QStringList found;
+    auto match = fused.globalMatch(code);
+    while (match.hasNext()) {
+        found << match.next().captured();
+    }
+    return found;
+}
+
+TEST(CentRoundingBuilt, forAProcessorThatCanFuse_fusesNothing)
+{
+    EXPECT_EQ(fusedInstructions(ROUNDING_AS_BUILT), QStringList());
+    EXPECT_NE(fusedInstructions(ROUNDING_FUSED), QStringList()) << "the disassembler would not show it";
+}
 
 TEST(CentRoundingLimits, negativeAmountRoundedToNothing_isPlainZero)
 {

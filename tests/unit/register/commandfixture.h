@@ -57,7 +57,7 @@ protected:
     {
         till->add(article(amoxidar, 2));
         const int number = till->document()->getNumber();
-        EXPECT_TRUE(till->close(5000));
+        EXPECT_TRUE(till->close({Payment::cash(5000)}));
         return number;
     }
     /// Suspends a document and returns its number.

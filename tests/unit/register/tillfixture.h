@@ -8,10 +8,13 @@
 #include "demodata.h"
 #include "documentwatcher.h"
 #include "goodscatalogue.h"
+#include "goodscommands.h"
 #include "graphicaluserinterface.h"
 #include "inplace.h"
 #include "loyaltysystemlayer.h"
-#include "registercommands.h"
+#include "menucommands.h"
+#include "opendocumentcommands.h"
+#include "paymentcommands.h"
 #include "registerformcreator.h"
 #include "till.h"
 
@@ -66,8 +69,14 @@ protected:
         gui.object.addFormCreator(QSharedPointer<RegisterFormCreator>::create());
         notifier.object.subscribe(&witness);
         till = std::make_unique<Till>(folder.path());
-        commands = std::make_unique<RegisterCommands>(*till, catalogue);
-        commands->offer(controller.object);
+        openDocumentCommands = std::make_unique<OpenDocumentCommands>(*till);
+        openDocumentCommands->offer(controller.object);
+        goodsCommands = std::make_unique<GoodsCommands>(*till, catalogue);
+        goodsCommands->offer(controller.object);
+        paymentCommands = std::make_unique<PaymentCommands>(*till);
+        paymentCommands->offer(controller.object);
+        menuCommands = std::make_unique<MenuCommands>(*till, QList<FunctionKey>());
+        menuCommands->offer(controller.object);
     }
     ~TillFixture() override { DocumentWatcher::setCurrentDocument(nullptr); }
 
@@ -93,5 +102,8 @@ protected:
     Witness witness;
     GoodsCatalogue catalogue;
     std::unique_ptr<Till> till;
-    std::unique_ptr<RegisterCommands> commands;
+    std::unique_ptr<OpenDocumentCommands> openDocumentCommands;
+    std::unique_ptr<GoodsCommands> goodsCommands;
+    std::unique_ptr<PaymentCommands> paymentCommands;
+    std::unique_ptr<MenuCommands> menuCommands;
 };

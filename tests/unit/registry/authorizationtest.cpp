@@ -169,6 +169,18 @@ TEST_F(AuthorizationTest, noToken_keepsTheResourceRequestFromBeingSent)
     EXPECT_EQ(position->optionsWritten, 0);
 }
 
+TEST_F(AuthorizationTest, noToken_leavesTheHeadersAsTheyWere)
+{
+    configurePharmacy();
+    fail(401);
+    const ElectronicPrescriptionInterface interface;
+    Headers headers{{"X-Former", "1"}, {"Authorization", "former"}};
+
+    EXPECT_EQ(thrownBy([&] { interface.formHeaders(headers); }), (Thrown{Thrown::Error, transportError}));
+
+    EXPECT_EQ(headers, (Headers{{"X-Former", "1"}, {"Authorization", "former"}}));
+}
+
 TEST_F(AuthorizationTest, emptyToken_isUsedAsItIs)
 {
     answer(R"({"access_token": ""})");

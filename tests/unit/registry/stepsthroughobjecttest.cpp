@@ -36,6 +36,27 @@ public:
     }
 };
 
+/// While the token is fetched, something else writes the position's options.
+class WritesWithTheToken : public Replaced
+{
+public:
+    QSharedPointer<PositionDouble> position;
+    QString options;
+    mutable QByteArray sent;
+
+    void getAuthorizationToken(QString& token) const override
+    {
+        Replaced::getAuthorizationToken(token);
+        position->setExtendedOptions(options);
+    }
+    void sendPostRequest(const QUrl& url, const Headers& headers, const QByteArray& body,
+                         QJsonDocument& result) const override
+    {
+        sent = body;
+        Replaced::sendPostRequest(url, headers, body, result);
+    }
+};
+
 /// Only the last step is replaced.
 class ResultReplaced : public ElectronicPrescriptionInterface
 {
@@ -61,6 +82,29 @@ TEST_F(StepsTest, prescriptionsByCard_goThroughTokenAndGet)
     interface.getElectronicPrescriptionsByCardNumber("1", "active", prescriptions, patient);
     EXPECT_EQ(interface.steps, QStringList({"token", "get /MedicationPrescription/$by-card Bearer replaced"}));
     EXPECT_EQ(prescriptions.size(), 1);
+}
+
+TEST_F(StepsTest, cancellation_readsTheDispenseIdAfterTheTokenWasFetched)
+{
+    WritesWithTheToken interface;
+    interface.position = QSharedPointer<PositionDouble>::create(R"({"medicationDispenseId": "before"})");
+    interface.options = R"({"medicationDispenseId": "after"})";
+
+    interface.sendCancelMedicationDispense(interface.position);
+
+    EXPECT_EQ(interface.steps,
+              QStringList({"token", "post /MedicationDispense/after/$set-as-error Bearer replaced", "status PUT:200"}));
+}
+
+TEST_F(StepsTest, registration_buildsItsDocumentBeforeTheTokenIsFetched)
+{
+    WritesWithTheToken interface;
+    interface.position = QSharedPointer<PositionDouble>::create(R"({"id": "before", "sumFactor": 1})");
+    interface.options = R"({"id": "after", "sumFactor": 1})";
+
+    interface.sendMedicationDispense(interface.position);
+
+    EXPECT_TRUE(interface.sent.contains("MedicationPrescription/before")) << interface.sent.toStdString();
 }
 
 TEST_F(StepsTest, registration_goesThroughTokenPostAndStatus)

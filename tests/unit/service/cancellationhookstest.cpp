@@ -293,6 +293,35 @@ TEST_F(Hooks, eventsOfLongWork_areSentThroughTheObject)
     EXPECT_TRUE(events.isEmpty());
 }
 
+/// Only the steps themselves show the plug-in's exceptions; a hook lets one out of a replaced step pass.
+TEST_F(Hooks, replacedStepThrowsThePluginsException_goesThroughUnshownAfterTheStopEvent)
+{
+    class Throwing : public Service
+    {
+    public:
+        bool cancelElectronicPrescription(const QSharedPointer<GoodsItem>&, bool) const override
+        {
+            throw ElectronicPrescriptionException({"aKey", "Отказ"});
+        }
+    } throwing;
+    addPosition(1);
+    control::Action action;
+    action.insert("document", wrapped(receipt));
+    action.insert("positionNumber", 1);
+    const auto expectThrown = [&](int documentType,
+                                  EContext::Result (ElectronicPrescriptionService::*hook)(const control::Action&)) {
+        receipt->type = documentType;
+        journal.clear();
+        EXPECT_THROW((throwing.*hook)(action), ElectronicPrescriptionException);
+        EXPECT_EQ(journal, (QStringList{start, "stop"}));
+    };
+
+    expectThrown(1, &ElectronicPrescriptionService::cancelElectronicPrescriptions);
+    expectThrown(1, &ElectronicPrescriptionService::cancelElectronicPrescriptionByAction);
+    expectThrown(1, &ElectronicPrescriptionService::beforeStornoAll);
+    expectThrown(25, &ElectronicPrescriptionService::beforeSubtotal);
+}
+
 /// A hook hands its work to the virtual step, with the flag that says whether to save.
 TEST_F(Hooks, cancellingStep_isCalledThroughTheObject)
 {

@@ -108,6 +108,31 @@ TEST_F(DictionaryName, nameKnownAlready_isNotLookedUp)
     EXPECT_EQ(prescription->getDictName(), "as it was");
 }
 
+/// A connection that notes what was asked for.
+class ConnectionDouble : public ConnectionFactory
+{
+public:
+    QStringList asked;
+
+    QSqlDatabase getConnection(const QString& database, const QString& connection) override
+    {
+        asked << QString("'%1' '%2'").arg(database, connection);
+        return ConnectionFactory::getConnection(database, connection);
+    }
+};
+
+TEST_F(DictionaryName, connection_isTheDefaultOneAndAskedForOnce)
+{
+    createDictionary();
+    ConnectionDouble noting;
+    Singleton<ConnectionFactory>::instance = &noting;
+
+    EXPECT_EQ(nameFor("123"), "Парацетамол таб. 500 мг");
+
+    EXPECT_EQ(noting.asked, QStringList{"'' ''"});
+    Singleton<ConnectionFactory>::instance = &connections;
+}
+
 TEST_F(DictionaryName, emptyOrForeignCode_leavesTheNameEmpty)
 {
     createDictionary();
@@ -116,6 +141,15 @@ TEST_F(DictionaryName, emptyOrForeignCode_leavesTheNameEmpty)
     EXPECT_EQ(nameFor("no number"), "");
     EXPECT_EQ(nameFor("1; DROP TABLE medicine"), "");
     EXPECT_EQ(nameFor("%1 %2"), "");
+    EXPECT_EQ(nameFor("123"), "Парацетамол таб. 500 мг");
+}
+
+TEST_F(DictionaryName, codeIsAnExpressionWithoutAnEnd_isGivenUpAndTheNextNameIsFound)
+{
+    createDictionary();
+
+    EXPECT_EQ(nameFor("(WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT max(i) FROM n)"), "");
+    EXPECT_EQ(nameFor("instr(hex(zeroblob(20000000)), hex(zeroblob(10000000)) || '1')"), "");
     EXPECT_EQ(nameFor("123"), "Парацетамол таб. 500 мг");
 }
 

@@ -164,35 +164,56 @@ TEST_F(InitialisedLifeCycle, eightTriggers_inTheirOrder)
     }
 }
 
-// Each hook leaves a trace of its own for a receipt with one registered and one unregistered position: the subtotal
-// registers, the annulment cancels what the action carries, the storno of a position cancels that one, the storno of
-// all cancels what is current.
-TEST_F(InitialisedLifeCycle, triggers_callTheirHooks)
+/// The receipt's positions 1 and 3 are registered and 2 is not; a stored document has the registered position 7.
+class Triggers : public InitialisedLifeCycle
 {
-    const QStringList annul = {"start electronicPrescriptionProcessMessage", "cancel 7", "stop"};
-    const QStringList subtotal = {"start electronicPrescriptionProcessMessage", "register 2", "save", "stop"};
-    const QStringList stornoPosition = {"start electronicPrescriptionProcessMessage", "cancel 1", "save", "stop"};
-    const QStringList stornoAll = {"start electronicPrescriptionProcessMessage", "cancel 1", "save", "stop"};
-    const QList<QStringList> expected = {annul, annul, annul, subtotal, subtotal, stornoPosition, stornoAll, stornoAll};
+protected:
+    /// What the triggers do, in their order, when the receipt is a document of that type.
+    QList<QStringList> journalsFor(int documentType)
+    {
+        QList<QStringList> journals;
+        for (const ActionTrigger& trigger : service.getTriggers()) {
+            receipt->positions.clear();
+            addPosition(7, R"({"status":"dispensed"})");
+            const QSharedPointer<Receipt> stored(new Receipt);
+            stored->closed = true;
+            stored->positions = std::exchange(receipt->positions, {});
+            addPosition(1, R"({"status":"dispensed"})");
+            addPosition(2, "{}");
+            addPosition(3, R"({"status":"dispensed"})");
+            receipt->type = documentType;
+            control::Action action;
+            action.insert("document", QVariant::fromValue(QSharedPointer<AbstractDocument>(stored)));
+            action.insert("positionNumber", 3);
+            journal.clear();
 
-    const QSharedPointer<Receipt> stored(new Receipt);
-    stored->closed = true;
-    for (int row = 0; row < expected.size(); ++row) {
-        SCOPED_TRACE(row + 1);
-        receipt->positions.clear();
-        addPosition(7, R"({"status":"dispensed"})");
-        stored->positions = std::exchange(receipt->positions, {});
-        addPosition(1, R"({"status":"dispensed"})");
-        addPosition(2, "{}");
-        control::Action action;
-        action.insert("document", QVariant::fromValue(QSharedPointer<AbstractDocument>(stored)));
-        action.insert("positionNumber", 1);
-        journal.clear();
+            EXPECT_EQ(trigger.handler(action), EContext::GoOn);
 
-        EXPECT_EQ(service.getTriggers()[row].handler(action), EContext::GoOn);
-
-        EXPECT_EQ(journal, expected[row]);
+            journals << journal;
+        }
+        return journals;
     }
+
+    const QString start = "start electronicPrescriptionProcessMessage";
+    const QStringList carriedIsCancelled = {start, "cancel 7", "stop"};
+    const QStringList isRegistered = {start, "register 2", "save", "stop"};
+    const QStringList oneIsCancelled = {start, "cancel 3", "save", "stop"};
+    const QStringList allAreCancelled = {start, "cancel 1", "save", "cancel 3", "save", "stop"};
+    const QStringList nothing;
+};
+
+TEST_F(Triggers, onASale_doEachItsOwn)
+{
+    EXPECT_EQ(journalsFor(AbstractDocument::Sale),
+              (QList<QStringList>{carriedIsCancelled, carriedIsCancelled, carriedIsCancelled, isRegistered,
+                                  isRegistered, oneIsCancelled, allAreCancelled, allAreCancelled}));
+}
+
+TEST_F(Triggers, onAReturn_doEachItsOwn)
+{
+    EXPECT_EQ(journalsFor(AbstractDocument::Return),
+              (QList<QStringList>{carriedIsCancelled, carriedIsCancelled, carriedIsCancelled, allAreCancelled,
+                                  allAreCancelled, nothing, nothing, nothing}));
 }
 
 TEST_F(InitialisedLifeCycle, listensToTheRegister)
@@ -222,6 +243,18 @@ TEST_P(ReceiptEvent, openedClosedOrCancelled_forgetsTheReceipt)
     fillState();
 
     service.handleEvent(Event(EActivityListener::Event(GetParam())));
+
+    EXPECT_TRUE(isCleared());
+}
+
+/// Only a saved receipt that becomes current gives its card number.
+TEST_P(ReceiptEvent, carriesADocumentWithACard_forgetsTheCardAllTheSame)
+{
+    receipt->setPluginValue("ElectronicPrescriptionService", "cardNumber", "4477");
+    fillState();
+
+    service.handleEvent(Event(EActivityListener::Event(GetParam()))
+                            .addArgument("document", QVariant::fromValue(QSharedPointer<AbstractDocument>(receipt))));
 
     EXPECT_TRUE(isCleared());
 }
@@ -315,6 +348,58 @@ TEST_F(LifeCycle, restoredDocumentIsTheOneOfTheEvent_notTheCurrentOne)
     EXPECT_EQ(service.lastCardNumber, "of the restored one");
 }
 
+/// Putting a receipt aside sends no event; the next one that becomes current is another one.
+TEST_F(LifeCycle, anotherReceiptTakenUp_forgetsWhatWasLookedUpBefore)
+{
+    receipt->setPluginValue("ElectronicPrescriptionService", "cardNumber", "77");
+    fillState();
+
+    restore(QVariant::fromValue(QSharedPointer<AbstractDocument>(receipt)));
+
+    EXPECT_TRUE(service.prescriptionCache.isEmpty());
+    EXPECT_TRUE(service.patientCache.isEmpty());
+    EXPECT_EQ(service.lastCardNumber, "77");
+}
+
+// The first receipt serves the prescription in full and is put aside after the subtotal. The second receipt has the
+// same card, and was put aside before.
+TEST_F(LifeCycle, prescriptionServedInFullOnAReceiptPutAside_isNotOfferedOnTheNextOne)
+{
+    const auto bundleOf = [](const QString& id) {
+        const QJsonObject resource{{"resourceType", "MedicationPrescription"}, {"id", id}};
+        return QJsonObject{{"entry", QJsonArray{QJsonObject{{"resource", resource}}}}};
+    };
+    const auto offered = [this] {
+        QStringList ids;
+        QList<QSharedPointer<ElectronicPrescription>> prescriptions;
+        shownLists.last().getElectronicPrescriptions(prescriptions);
+        for (const auto& prescription : prescriptions) {
+            ids << prescription->getId();
+        }
+        return ids;
+    };
+    control::Action command(control::PluginCommand);
+    command.insert("status", "active");
+    const QSharedPointer<Receipt> former(new Receipt);
+    former->setPluginValue("ElectronicPrescriptionService", "cardNumber", "77");
+
+    registry->bundles = {bundleOf("served"), bundleOf("other")};
+    cashier.texts << entered("77");
+    cashier.rows << -1;
+    service.processElectronicPrescriptionsByAction(command);
+    ASSERT_EQ(offered(), (QStringList{"served", "other"}));
+    addPosition(1, R"({"id":"served","finalDispense":true})");
+    ASSERT_EQ(service.beforeSubtotal(control::Action(control::Subtotal)), EContext::GoOn);
+
+    registry->bundles = {bundleOf("other")}; // the registry gives no prescription that was served in full
+    DocumentWatcher::setCurrentDocument(former);
+    restore(QVariant::fromValue(QSharedPointer<AbstractDocument>(former)));
+    cashier.rows << -1;
+    service.processElectronicPrescriptionsByAction(command);
+
+    EXPECT_EQ(offered(), QStringList{"other"});
+}
+
 TEST_F(LifeCycle, restoredWithoutDocument_leavesNull)
 {
     service.lastCardNumber = "77";
@@ -336,6 +421,15 @@ TEST_F(LifeCycle, document_convertsToQObject)
 
     ASSERT_TRUE(document.canConvert<QObject*>());
     EXPECT_EQ(document.value<QObject*>(), receipt.data());
+}
+
+TEST_F(LifeCycle, restoredDocument_doesNotClearThroughTheObject)
+{
+    ServiceWithSteps withSteps;
+
+    withSteps.handleEvent(Event(EActivityListener::DocumentRestored));
+
+    EXPECT_EQ(withSteps.cleared, 0);
 }
 
 TEST_F(LifeCycle, startEvent_carriesTheMessage)

@@ -128,6 +128,20 @@ TEST_F(LogTexts, statementFailsToRun_isAnErrorOfItsOwn)
         << qPrintable(lines()[0]);
 }
 
+TEST_F(LogTexts, codeIsAnExpressionWithoutAnEnd_failsToRun)
+{
+    createDatabase("CREATE TABLE medicine (dictcode INTEGER, dictname TEXT);");
+    createDatabase("INSERT INTO medicine VALUES (1, 'Аспирин')");
+
+    lookUp("(WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT max(i) FROM n)");
+
+    ASSERT_EQ(lines().size(), 1);
+    EXPECT_TRUE(lines()[0].startsWith("ERROR electronicPrescription Ошибка выполнения запроса SELECT dictname FROM "
+                                      "medicine WHERE dictcode = (WITH RECURSIVE n(i) AS "))
+        << qPrintable(lines()[0]);
+    EXPECT_TRUE(lines()[0].contains("interrupted")) << qPrintable(lines()[0]);
+}
+
 TEST_F(LogTexts, noDatabase_failsToPrepare)
 {
     config.setForThisRun("Database:name", folder.filePath("none.db"));

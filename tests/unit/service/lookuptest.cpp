@@ -3,6 +3,8 @@
 
 #include "electronicprescriptionexception.h"
 #include "electronicprescriptionnoprescriptionsexception.h"
+#include "graphicaluserinterface.h"
+#include "registryuris.h"
 
 namespace
 {
@@ -138,6 +140,26 @@ TEST_F(LookUp, resourcesOfABundle_areAppliedInOrder)
 
     ASSERT_EQ(ids(prescriptions), QStringList{"b"});
     EXPECT_TRUE(prescriptions[0]->hasDigitalSignature());
+}
+
+TEST_F(LookUp, anotherDosageSystemConfigured_itsCodesAreTheDictionaryCodes)
+{
+    config.setForThisRun("ElectronicPrescription:dosageSystemId", "urn:other");
+    config.setForThisRun("plugins:pharmacy", "true");
+    GraphicalUserInterface userInterface;
+    Singleton<GraphicalUserInterface>::instance = &userInterface;
+    ASSERT_TRUE(service.init());
+    Singleton<GraphicalUserInterface>::instance = nullptr;
+    const QJsonArray codings{QJsonObject{{"system", "urn:other"}, {"code", "5"}},
+                             QJsonObject{{"system", registryuris::dosageDictionary}, {"code", "6"}}};
+    const QJsonObject medication{{"code", QJsonObject{{"coding", codings}}}};
+    registry->bundles = {
+        bundleOf({QJsonObject{{"resourceType", "MedicationPrescription"}, {"contained", QJsonArray{medication}}}})};
+
+    const auto prescriptions = lookUp();
+
+    ASSERT_EQ(prescriptions.size(), 1);
+    EXPECT_EQ(prescriptions[0]->getDictCode(), "5");
 }
 
 TEST_F(LookUp, oneIsOnTheReceipt_cacheKeepsItAndTheListDoesNot)
@@ -299,6 +321,22 @@ TEST_F(Filter, idOfATaggedPosition_isRemoved)
     EXPECT_EQ(unprocessed(), (QStringList{"a", "c"}));
 }
 
+TEST_F(Filter, idInAnotherCase_isAnotherId)
+{
+    addPosition(1, R"({"id":"B"})");
+    prescriptions << prescriptionWithId("B");
+
+    EXPECT_EQ(unprocessed(), (QStringList{"a", "b", "c"}));
+}
+
+TEST_F(Filter, dispenseCancelled_prescriptionIsStillOnTheReceipt)
+{
+    addPosition(1, R"({"id":"b","status":"canceled"})");
+    addPosition(2, R"({"id":"a","status":"dispensed"})");
+
+    EXPECT_EQ(unprocessed(), QStringList{"c"});
+}
+
 TEST_F(Filter, everyPrescriptionWithTheId_isRemoved)
 {
     prescriptions << prescriptionWithId("b");
@@ -393,6 +431,28 @@ TEST_F(CachedList, active_isFiltered)
     EXPECT_EQ(cached("active"), QStringList{"b"});
     EXPECT_EQ(service.prescriptionCache["active"].second.size(), 2);
     EXPECT_TRUE(journal.isEmpty());
+}
+
+/// The filter is a step that a double may replace.
+TEST_F(CachedList, active_isFilteredThroughTheObject)
+{
+    class WithFilter : public Service
+    {
+    public:
+        using Service::getUnprocessedElectronicPrescriptions;
+        void getUnprocessedElectronicPrescriptions(Prescriptions& prescriptions) const override
+        {
+            prescriptions.removeLast();
+        }
+    } withFilter;
+    withFilter.prescriptionCache = service.prescriptionCache;
+    Prescriptions prescriptions;
+
+    withFilter.getUnprocessedElectronicPrescriptions("active", prescriptions);
+    EXPECT_EQ(ids(prescriptions), QStringList{"a"});
+
+    withFilter.getUnprocessedElectronicPrescriptions("completed", prescriptions);
+    EXPECT_EQ(ids(prescriptions), (QStringList{"a", "b"}));
 }
 
 TEST_F(CachedList, otherStatus_isTakenWhole)

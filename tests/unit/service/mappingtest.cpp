@@ -106,17 +106,17 @@ TEST_F(Mapping, wholePrescription_fillsEveryField)
     EXPECT_FALSE(record->hasDigitalSignature());
 }
 
-/// A record that writes down which of its fields are set.
+/// A record that writes down which of its fields are set; of a medicine's also to what.
 class JournallingRecord : public ElectronicPrescription
 {
 public:
     QStringList calls;
 
     void setId(const QString&) override { calls << "id"; }
-    void setInn(const QString&) override { calls << "inn"; }
-    void setInnCode(const QString&) override { calls << "inn code"; }
-    void setTradeName(const QString&) override { calls << "trade name"; }
-    void setTradeNameCode(const QString&) override { calls << "trade name code"; }
+    void setInn(const QString& inn) override { calls << "inn " + inn; }
+    void setInnCode(const QString& code) override { calls << "inn code " + code; }
+    void setTradeName(const QString& name) override { calls << "trade name " + name; }
+    void setTradeNameCode(const QString& code) override { calls << "trade name code " + code; }
     void setPrescribedByInn() override { calls << "prescribed by inn"; }
     void setDoseQuantity(double) override { calls << "doses"; }
     void addDispensedDoseQuantity(double) override { calls << "dispensed doses"; }
@@ -135,7 +135,7 @@ public:
     void setPractitionerName(const QString&) override { calls << "practitioner"; }
     void setSerialNumber(const QString&) override { calls << "serial number"; }
     void setDictName(const QString&) override { calls << "dictionary name"; }
-    void setDictCode(const QString&) override { calls << "dictionary code"; }
+    void setDictCode(const QString& code) override { calls << "dictionary code " + code; }
 };
 
 TEST_F(Mapping, wholePrescription_isAppliedInThisOrder)
@@ -151,17 +151,44 @@ TEST_F(Mapping, wholePrescription_isAppliedInThisOrder)
         "dosageInstruction": [{"text": "По одной"}],
         "dateWritten": "2024-03-01",
         "contained": [
-            {"id": "med2", "isBrand": true, "code": {"coding": [{"system": "urn:trade", "code": "t1"}]}},
-            {"id": "med1", "code": {"coding": [{"system": "urn:dosage", "code": "123"}]}}
+            {"id": "med2", "isBrand": true,
+             "code": {"coding": [{"system": "urn:trade", "code": "t1", "display": "Т"}]}},
+            {"id": "med1", "code": {"coding": [{"system": "urn:dosage", "code": "123", "display": "И"}]}}
         ],
         "medication": {"reference": "#med1"},
         "id": "r1"
     })",
           record);
 
-    EXPECT_EQ(record->calls, (QStringList{"id", "trade name", "trade name code", "inn", "inn code", "prescribed by inn",
-                                          "dictionary code", "prescription date", "instructions", "factor",
-                                          "expiration date", "doses", "patient reference", "serial number"}));
+    EXPECT_EQ(record->calls,
+              (QStringList{"id", "trade name Т", "trade name code t1", "inn И", "inn code 123", "prescribed by inn",
+                           "dictionary code 123", "prescription date", "instructions", "factor", "expiration date",
+                           "doses", "patient reference", "serial number"}));
+}
+
+TEST_F(Mapping, everyCodingOfEveryMedicine_isAppliedInItsTurn)
+{
+    const QSharedPointer<JournallingRecord> record(new JournallingRecord);
+
+    apply(R"({
+        "resourceType": "MedicationPrescription",
+        "medication": {"reference": "#m"},
+        "contained": [
+            {"id": "b", "isBrand": true, "code": {"coding": [{"system": "urn:dosage", "code": "1", "display": "А"},
+                                                             {"system": "urn:trade", "code": "2", "display": "Б"}]}},
+            {"id": "m", "code": {"coding": [{"system": "urn:inn", "code": "3", "display": "В"},
+                                            {"system": "urn:dosage", "code": "4", "display": "Г"}]}},
+            {"id": "n", "code": {"coding": [{"system": "urn:inn", "code": "5", "display": "Д"}]}}
+        ]
+    })",
+          record);
+
+    EXPECT_EQ(record->calls.mid(1, 14), (QStringList{"trade name А", "trade name code 1", "dictionary code 1",        //
+                                                     "trade name Б", "trade name code 2",                             //
+                                                     "inn В", "inn code 3", "prescribed by inn",                      //
+                                                     "inn Г", "inn code 4", "prescribed by inn", "dictionary code 4", //
+                                                     "inn Д", "inn code 5"}));
+    EXPECT_EQ(record->calls.value(15), "prescription date");
 }
 
 TEST_F(Mapping, prescriptionWithoutMembers_setsOnlyWhatIsAlwaysSet)

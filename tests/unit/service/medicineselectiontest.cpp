@@ -113,6 +113,19 @@ TEST_F(MedicineSelection, goodsNotAdded_givesMinusOne)
     }
 }
 
+TEST_F(MedicineSelection, goodsAddedWithoutANumber_giveZero)
+{
+    EXPECT_EQ(service.addSelectedMedicine("goods"), 0);
+}
+
+TEST_F(MedicineSelection, nothingSelected_isHandedOnAsNothing)
+{
+    EXPECT_EQ(service.addSelectedMedicine(QVariant()), 0);
+
+    ASSERT_EQ(actions.size(), 1);
+    EXPECT_EQ(actions[0].getArguments(), (QList<std::pair<QString, QVariant>>{{"result", QVariant()}}));
+}
+
 class DoseInput : public MedicineSelection
 {
 protected:

@@ -77,6 +77,36 @@ public:
     bool isClosed() const override { return closed; }
 };
 
+/// A position that writes down what is set on it.
+class JournallingPosition : public GoodsItem
+{
+public:
+    using GoodsItem::GoodsItem;
+
+    QStringList calls;
+
+    void setPrice(double price) override
+    {
+        calls << "price";
+        GoodsItem::setPrice(price);
+    }
+    void setTag(const QString& tag) override
+    {
+        calls << "tag";
+        GoodsItem::setTag(tag);
+    }
+    void setExtendedOptions(const QString& options) override
+    {
+        calls << "options";
+        GoodsItem::setExtendedOptions(options);
+    }
+    void setSoftCheckId(const QString& id) override
+    {
+        calls << "soft check id";
+        GoodsItem::setSoftCheckId(id);
+    }
+};
+
 /// A registry client that answers what the test lays out, and fails where it is told to.
 class RegistryClient : public ElectronicPrescriptionInterface
 {

@@ -86,6 +86,20 @@ TEST_F(PositionFilling, foreignTexts_areKeptAsTheyAre)
     EXPECT_EQ(optionsOf(*position)["serialNumber"], "\"%1\" \\ \n ✓");
 }
 
+TEST_F(PositionFilling, filledAgain_nothingOfTheFormerOptionsStays)
+{
+    service.fillElectronicPrescriptionDataForPosition(prescription, position, true, 2);
+    const QString fresh = position->getExtendedOptions();
+    position->setExtendedOptions(
+        R"({"id":"former","foreign":1,"medicationDispenseId":"d-5","status":"dispensed","patient":"Другой"})");
+    position->setSoftCheckId("former");
+
+    service.fillElectronicPrescriptionDataForPosition(prescription, position, true, 2);
+
+    EXPECT_EQ(position->getExtendedOptions(), fresh);
+    EXPECT_EQ(position->getSoftCheckId(), "r1");
+}
+
 TEST_F(PositionFilling, otherTags_stay)
 {
     position->setTag("cold");
@@ -94,34 +108,6 @@ TEST_F(PositionFilling, otherTags_stay)
 
     EXPECT_EQ(position->getTags(), (QStringList{"cold", "prescription"}));
 }
-
-/// A position that writes down what is set on it.
-class JournallingPosition : public GoodsItem
-{
-public:
-    QStringList calls;
-
-    void setPrice(double price) override
-    {
-        calls << "price";
-        GoodsItem::setPrice(price);
-    }
-    void setTag(const QString& tag) override
-    {
-        calls << "tag";
-        GoodsItem::setTag(tag);
-    }
-    void setExtendedOptions(const QString& options) override
-    {
-        calls << "options";
-        GoodsItem::setExtendedOptions(options);
-    }
-    void setSoftCheckId(const QString& id) override
-    {
-        calls << "soft check id";
-        GoodsItem::setSoftCheckId(id);
-    }
-};
 
 // The tag comes last: it makes the position a prescription's, which is then complete.
 TEST_F(PositionFilling, position_isFilledInThisOrder)
@@ -161,6 +147,11 @@ TEST_P(BenefitPrice, isThePatientsShareAndNotBelowTheMinimum)
 const PriceRow priceRows[] = {
     {"half", 0.5, 100.0, 0.0, 50.0},
     {"halfAKopeckUp", 0.5, 10.01, 0.0, 5.01},
+    // A library's rounding gives 1.00 and 5.64.
+    {"halfOfAnOddPrice", 0.5, 2.01, 0.0, 1.01},
+    {"justBelowHalfAKopeck", 0.251, 22.49, 0.0, 5.65},
+    // A fused multiply-add gives 0.05.
+    {"smallShare", 0.009, 6.11, 0.0, 0.06},
     {"free", 0.0, 10.01, 0.0, 0.0},
     {"freeWithMinimum", 0.0, 10.01, 1.20, 1.20},
     {"freeWithNegligibleMinimum", 0.0, 10.01, 0.004, 0.0},
@@ -168,6 +159,8 @@ const PriceRow priceRows[] = {
     {"minimumNegligiblyAbove", 0.5, 10.0, 5.004, 5.0},
     {"minimumAbove", 0.5, 10.0, 5.01, 5.01},
     {"minimumBelow", 0.5, 10.0, 4.0, 5.0},
+    {"minimumIsThePrice", 0.5, 10.0, 10.0, 10.0},
+    {"nothingToPayAnyway", 0.5, 0.0, 0.0, 0.0},
     {"justABenefit", 0.994, 100.0, 0.0, 99.4},
     // In doubles 1.0 - 0.995 is 0.0050000000000000044, just above what counts as nothing.
     {"atTheThresholdInDoubles", 0.995, 10.01, 0.0, 9.96},

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pharmacydoubles.h"
 
+#include "electronicprescriptionexception.h"
+
 namespace
 {
 
@@ -197,6 +199,28 @@ TEST_F(PrescriptionCommand, stepThrows_goesThrough)
     throwing.lastCardNumber = "77";
 
     EXPECT_THROW(throwing.processElectronicPrescriptionsByAction(action), std::runtime_error);
+
+    EXPECT_TRUE(journal.isEmpty());
+}
+
+TEST_F(PrescriptionCommand, stepThrowsThePluginsException_goesThroughUnshown)
+{
+    class Throwing : public Service
+    {
+        using Service::getUnprocessedElectronicPrescriptions;
+        void getElectronicPrescriptionsByCardNumber(const QString&, const QString&,
+                                                    Prescriptions& prescriptions) override
+        {
+            prescriptions << prescriptionWithId("1");
+        }
+        void processElectronicPrescriptions(const QString&, const QString&, const Prescriptions&) override
+        {
+            throw ElectronicPrescriptionException({"aKey", "Отказ"});
+        }
+    } throwing;
+    throwing.lastCardNumber = "77";
+
+    EXPECT_THROW(throwing.processElectronicPrescriptionsByAction(action), ElectronicPrescriptionException);
 
     EXPECT_TRUE(journal.isEmpty());
 }

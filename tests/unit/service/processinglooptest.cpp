@@ -342,6 +342,22 @@ TEST_F(ProcessingLoop, benefit_changesThePriceBeforeTheSave)
     EXPECT_EQ(journal.mid(journal.size() - 3), (QStringList{"action 220", "recalculate", "save"}));
 }
 
+TEST_F(ProcessingLoop, newPosition_isFilledBeforeItIsPriced)
+{
+    GoodsItem::Goods goods;
+    goods.number = 5;
+    goods.price = 100.0;
+    const QSharedPointer<JournallingPosition> journalling(new JournallingPosition(goods));
+    receipt->positions = {journalling};
+    prescriptions[0]->setPayByPatientSumFactor(0.5);
+    cashier.rows << 0;
+    goStraightOn();
+
+    process();
+
+    EXPECT_EQ(journalling->calls, (QStringList{"options", "soft check id", "tag", "price"}));
+}
+
 /// Steps that write their calls down; they answer what a straight way asks for.
 class ServiceWithSteps : public Service
 {

@@ -130,11 +130,11 @@ TEST(Document, nameOfTenThousandCharacters_comesBackWhole)
 TEST(Document, change_isWhatTheCustomerGetsBack)
 {
     const auto document = twoPositions();
-    document->setEnding({.state = Document::State::Closed, .received = 5000});
+    document->setEnding({.state = Document::State::Closed, .payments = {Payment::cash(5000)}});
     EXPECT_EQ(document->getSum(), 3013);
     EXPECT_EQ(document->getChange(), 1987);
     const auto returnSale = Document::returnOf(*document, 8, document->getOpened());
-    returnSale->setEnding({.state = Document::State::Closed, .received = 3013});
+    returnSale->setEnding({.state = Document::State::Closed, .payments = {Payment::cash(3013)}});
     EXPECT_EQ(returnSale->getChange(), 0);
 }
 
@@ -170,7 +170,7 @@ TEST_P(EndedDocument, savedAndReread_isWhereItWas)
     EXPECT_EQ(again->getState(), GetParam().ending.state);
     EXPECT_EQ(again->getFinished(), GetParam().ending.finished);
     EXPECT_EQ(again->getVoided(), GetParam().ending.voided);
-    EXPECT_EQ(again->getReceived(), GetParam().ending.received);
+    EXPECT_EQ(again->ending().payments, GetParam().ending.payments);
     EXPECT_EQ(again->isClosed(), GetParam().isClosed);
     EXPECT_EQ(again->fileName(), GetParam().file);
     EXPECT_EQ(again->getReturnedBy(), 9);
@@ -180,27 +180,31 @@ TEST_P(EndedDocument, savedAndReread_isWhereItWas)
 
 INSTANTIATE_TEST_SUITE_P(
     Document, EndedDocument,
-    ::testing::Values(
-        Ended{"open", {}, false, u"receipt.json"_s},
-        Ended{"putAside", {.state = Document::State::Suspended}, false, u"putaside/00000007.json"_s},
-        Ended{"closed",
-              {.state = Document::State::Closed, .finished = evening, .received = 5000},
-              true,
-              u"finished/00000007.json"_s},
-        Ended{"closedForNothing",
-              {.state = Document::State::Closed, .finished = evening},
-              true,
-              u"finished/00000007.json"_s},
-        Ended{
-            "cancelled", {.state = Document::State::Cancelled, .finished = evening}, true, u"finished/00000007.json"_s},
-        Ended{"annulledAfterItWasClosed",
-              {.state = Document::State::Voided, .finished = evening, .voided = nextDay, .received = 5000},
-              true,
-              u"finished/00000007.json"_s},
-        Ended{"annulledAfterItWasPutAside",
-              {.state = Document::State::Voided, .finished = nextDay, .voided = nextDay},
-              true,
-              u"finished/00000007.json"_s}),
+    ::testing::Values(Ended{"open", {}, false, u"receipt.json"_s},
+                      Ended{"putAside", {.state = Document::State::Suspended}, false, u"putaside/00000007.json"_s},
+                      Ended{"closed",
+                            {.state = Document::State::Closed, .finished = evening, .payments = {Payment::cash(5000)}},
+                            true,
+                            u"finished/00000007.json"_s},
+                      Ended{"closedForNothing",
+                            {.state = Document::State::Closed, .finished = evening, .payments = {Payment::cash(0)}},
+                            true,
+                            u"finished/00000007.json"_s},
+                      Ended{"cancelled",
+                            {.state = Document::State::Cancelled, .finished = evening},
+                            true,
+                            u"finished/00000007.json"_s},
+                      Ended{"annulledAfterItWasClosed",
+                            {.state = Document::State::Voided,
+                             .finished = evening,
+                             .voided = nextDay,
+                             .payments = {Payment::cash(5000)}},
+                            true,
+                            u"finished/00000007.json"_s},
+                      Ended{"annulledAfterItWasPutAside",
+                            {.state = Document::State::Voided, .finished = nextDay, .voided = nextDay},
+                            true,
+                            u"finished/00000007.json"_s}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST(Document, savedWithoutAState_isOpen)
@@ -221,7 +225,7 @@ TEST(Document, cancellingDocument_hasEverythingOfTheSaleAndALifeOfItsOwn)
     first->setSoftCheckId(u"rx-1"_s);
     first->setExtendedOptions(u"{\"status\":\"dispensed\"}"_s);
     sale->setPluginValue(u"Plugin"_s, u"cardNumber"_s, u"0011"_s);
-    sale->setEnding({.state = Document::State::Closed, .finished = evening, .received = 5000});
+    sale->setEnding({.state = Document::State::Closed, .finished = evening, .payments = {Payment::cash(5000)}});
     sale->setReturnedBy(9);
     const QJsonObject before = sale->toJson();
 
@@ -404,3 +408,49 @@ TEST(Document, undamagedOnesOfEveryKind_areRead)
 
 INSTANTIATE_TEST_SUITE_P(Document, DamagedDocument, ::testing::ValuesIn(damages),
                          [](const auto& tested) { return std::string(tested.param.name); });
+
+class PaidDocument : public ::testing::Test
+{
+protected:
+    QJsonObject savedAfter(const QList<Payment>& payments) const
+    {
+        const auto document = twoPositions();
+        document->setEnding(
+            {.state = Document::State::Closed, .finished = QDateTime({2024, 2, 29}, {13, 0}), .payments = payments});
+        return document->toJson();
+    }
+};
+
+TEST_F(PaidDocument, oneOfCash_isSavedAsTheSumReceivedAlone)
+{
+    const QJsonObject saved = savedAfter({Payment::cash(5000)});
+    EXPECT_EQ(saved.value("received"_L1).toDouble(), 50);
+    EXPECT_FALSE(saved.contains("payments"_L1));
+    EXPECT_EQ(Document::fromJson(saved)->ending().payments, QList{Payment::cash(5000)});
+}
+
+TEST_F(PaidDocument, severalPayments_areSavedOneByOneWithTheirMethod)
+{
+    const QList<Payment> payments{Payment::cash(3000), Payment::cash(2005)};
+    const QJsonObject saved = savedAfter(payments);
+    EXPECT_EQ(saved.value("received"_L1).toDouble(), 50.05);
+    EXPECT_EQ(saved.value("payments"_L1).toArray().at(1).toObject(),
+              (QJsonObject{{"method"_L1, "cash"_L1}, {"amount"_L1, 20.05}}));
+
+    const auto again = Document::fromJson(saved);
+    EXPECT_EQ(again->ending().payments, payments);
+    EXPECT_EQ(again->getReceived(), 5005);
+    EXPECT_EQ(again->getChange(), 5005 - again->getSum());
+}
+
+TEST_F(PaidDocument, methodNobodyKnows_isRefusedByItsName)
+{
+    QJsonObject saved = savedAfter({});
+    saved.insert("payments"_L1, QJsonArray{QJsonObject{{"method"_L1, "shells"_L1}, {"amount"_L1, 1}}});
+    try {
+        Document::fromJson(saved);
+        ADD_FAILURE() << "accepted";
+    } catch (const BasicException& refused) {
+        EXPECT_TRUE(refused.tr().ui().contains("method"_L1)) << refused.what();
+    }
+}

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "documentcommands.h"
 #include "registeraction.h"
+#include "storeddocumentcommands.h"
 #include "windowfixture.h"
 
 #include <QLabel>
@@ -21,7 +21,7 @@ protected:
         documentCommands.offer(controller.object);
         sell();
         EXPECT_TRUE(till->returnSale(till->archive().find(1)));
-        EXPECT_TRUE(till->close(1240));
+        EXPECT_TRUE(till->close({Payment::cash(1240)}));
         sell();
         till->add(article(amoxidar));
         EXPECT_TRUE(till->cancel());
@@ -32,7 +32,7 @@ protected:
     void sell()
     {
         till->add(article(amoxidar));
-        EXPECT_TRUE(till->close(1240));
+        EXPECT_TRUE(till->close({Payment::cash(1240)}));
     }
 
     /// Shows the list, does `act` in it, and leaves it, if `act` has not.
@@ -76,7 +76,7 @@ protected:
     }
 
     ReceiptPrinter printer;
-    DocumentCommands documentCommands;
+    StoredDocumentCommands documentCommands;
     QWidget* list = nullptr;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The menu and the commands that it gives.
-#include "documentcommands.h"
 #include "menucommands.h"
 #include "registeraction.h"
+#include "storeddocumentcommands.h"
 #include "windowfixture.h"
 
 #include <QLabel>
@@ -43,7 +43,7 @@ protected:
     }
 
     ReceiptPrinter printer;
-    DocumentCommands documentCommands;
+    StoredDocumentCommands documentCommands;
     std::unique_ptr<MenuCommands> menuCommands;
 };
 
@@ -100,7 +100,7 @@ TEST_F(MenuTest, withADocument_nothingIsReturned)
 TEST_F(MenuTest, returnOpen_isNotSuspended)
 {
     till->add(article(amoxidar));
-    ASSERT_TRUE(till->close(1240));
+    ASSERT_TRUE(till->close({Payment::cash(1240)}));
     ASSERT_TRUE(till->returnSale(till->archive().find(1)));
     openWindow();
     inMenu([](QWidget& menu) {

@@ -75,8 +75,9 @@ protected:
         document->add({}, {});
         document->remove(2);
         document->add(goods(u"Бинт <b>%1</b>"_s, 1234.5, 10), {});
-        document->setEnding(
-            {.state = Document::State::Closed, .finished = QDateTime({2024, 2, 29}, {12, 31}), .received = 1'300'000});
+        document->setEnding({.state = Document::State::Closed,
+                             .finished = QDateTime({2024, 2, 29}, {12, 31}),
+                             .payments = {Payment::cash(1'300'000)}});
         return document;
     }
     static QSharedPointer<Document> returnSale()
@@ -84,7 +85,7 @@ protected:
         auto document = Document::returnOf(*sale(), 9, QDateTime({2024, 3, 1}, {9, 0}));
         document->setEnding({.state = Document::State::Closed,
                              .finished = QDateTime({2024, 3, 1}, {9, 5}),
-                             .received = document->getSum()});
+                             .payments = {Payment::cash(document->getSum())}});
         return document;
     }
 
@@ -150,7 +151,7 @@ TEST_F(ReceiptPrinterTest, amountsOfAnySize_endAtTheRightEdge)
     Document document(1, QDateTime({2024, 1, 1}, {0, 0}));
     document.add(goods(u"x"_s, 99'999'999.99, 999), {});
     document.add(goods(u"x"_s, 0.0, 0.5), {});
-    document.setEnding({.state = Document::State::Closed, .received = document.getSum()});
+    document.setEnding({.state = Document::State::Closed, .payments = {Payment::cash(document.getSum())}});
     const QStringList lines = layout(document);
     EXPECT_TRUE(lines.contains(u"   999 × 99 999 999,99 ="_s));
     EXPECT_EQ(lines.filter(u"99 899 999 990,01"_s).size(), 3) << "sum, total, cash";

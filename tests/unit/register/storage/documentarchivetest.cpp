@@ -97,7 +97,7 @@ TEST_F(DocumentArchiveTest, moved_standsInItsNewPlaceAlone)
     EXPECT_TRUE(archive.move(document, {.state = State::Open}));
     EXPECT_EQ(files(), QStringList{openFile});
     const QDateTime time({2024, 2, 29}, {13, 0});
-    EXPECT_TRUE(archive.move(document, {.state = State::Closed, .finished = time, .received = 700}));
+    EXPECT_TRUE(archive.move(document, {.state = State::Closed, .finished = time, .payments = {Payment::cash(700)}}));
     EXPECT_EQ(files(), QStringList{finishedFile});
     EXPECT_EQ(archive.find(3)->toJson(), document->toJson());
     EXPECT_EQ(archive.find(3)->getReceived(), 700);
@@ -128,8 +128,8 @@ TEST_F(DocumentArchiveTest, moveThatCannotBeSaved_leavesDocumentAndFiles)
             EXPECT_TRUE(!isWritten || write());
             return false;
         };
-        EXPECT_FALSE(
-            archive.move(document, {.state = State::Closed, .finished = document->getOpened(), .received = 5}));
+        EXPECT_FALSE(archive.move(
+            document, {.state = State::Closed, .finished = document->getOpened(), .payments = {Payment::cash(5)}}));
         EXPECT_EQ(document->toJson(), before);
         EXPECT_EQ(files(), QStringList{openFile});
     }

@@ -27,13 +27,13 @@ bool saveAllButReturns(const QSharedPointer<AbstractDocument>& document, const Q
 
 } // namespace
 
-class SaleTest : public TillFixture
+class TillTest : public TillFixture
 {
 protected:
     OpenDocumentFile::Loaded saved() const { return OpenDocumentFile(folder.path()).load(); }
 };
 
-TEST_F(SaleTest, opened_isCurrentAndSavedBeforeEvent10)
+TEST_F(TillTest, opened_isCurrentAndSavedBeforeEvent10)
 {
     till->open();
     ASSERT_EQ(witness.codes(), QList<int>{10});
@@ -42,7 +42,7 @@ TEST_F(SaleTest, opened_isCurrentAndSavedBeforeEvent10)
     EXPECT_EQ(savedDocument().value(u"number"_s).toInt(), 1);
 }
 
-TEST_F(SaleTest, openedTwice_staysTheSame)
+TEST_F(TillTest, openedTwice_staysTheSame)
 {
     till->open();
     const auto document = till->document();
@@ -51,7 +51,7 @@ TEST_F(SaleTest, openedTwice_staysTheSame)
     EXPECT_EQ(witness.codes(), QList<int>{10});
 }
 
-TEST_F(SaleTest, firstGoods_openTheDocument)
+TEST_F(TillTest, firstGoods_openTheDocument)
 {
     EXPECT_EQ(till->add(article(amoxidar, 2)), 1);
     EXPECT_EQ(witness.codes(), QList<int>{10});
@@ -63,7 +63,7 @@ TEST_F(SaleTest, firstGoods_openTheDocument)
     EXPECT_EQ(position.value(u"barcode"_s).toString(), amoxidar);
 }
 
-TEST_F(SaleTest, packsOfABoundPosition_stay)
+TEST_F(TillTest, packsOfAnExternalPosition_stay)
 {
     till->add(article(amoxidar));
     till->document()->position(1)->setSoftCheckId(u"rx-1"_s);
@@ -71,7 +71,7 @@ TEST_F(SaleTest, packsOfABoundPosition_stay)
     EXPECT_EQ(till->document()->position(1)->getQuantity(), 1.0);
 }
 
-TEST_F(SaleTest, packsAndRemoval_areSaved)
+TEST_F(TillTest, packsAndRemoval_areSaved)
 {
     till->add(article(amoxidar));
     till->add(article(amoxidar));
@@ -84,7 +84,7 @@ TEST_F(SaleTest, packsAndRemoval_areSaved)
     EXPECT_EQ(savedDocument().value(u"sum"_s).toDouble(), 62.0);
 }
 
-TEST_F(SaleTest, recalculation_showsTheScreens)
+TEST_F(TillTest, recalculation_reachesTheScreens)
 {
     till->add(article(amoxidar));
     int changes = 0;
@@ -93,7 +93,7 @@ TEST_F(SaleTest, recalculation_showsTheScreens)
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(SaleTest, restored_isCurrentAndShownByEvent17Alone)
+TEST_F(TillTest, restored_isCurrentAndSendsItsEvent17Alone)
 {
     till->add(article(amoxidar));
     till->document()->setPluginValue(u"P"_s, u"card"_s, u"42"_s);
@@ -113,7 +113,7 @@ TEST_F(SaleTest, restored_isCurrentAndShownByEvent17Alone)
     EXPECT_EQ(again.document()->toJson(), before);
 }
 
-TEST_F(SaleTest, nothingToRestore_nothingIsShown)
+TEST_F(TillTest, nothingToRestore_nothingIsShown)
 {
     till->restore(saved());
     EXPECT_TRUE(witness.seen.isEmpty());
@@ -121,7 +121,7 @@ TEST_F(SaleTest, nothingToRestore_nothingIsShown)
     EXPECT_EQ(controller.object.context(), EContext::Idle);
 }
 
-TEST_F(SaleTest, damagedDocument_isShownAndANewOneTakesAnotherNumber)
+TEST_F(TillTest, damagedDocument_isShownAndANewOneTakesAnotherNumber)
 {
     till->open();
     QFile file(folder.filePath(u"receipt.json"_s));
@@ -141,8 +141,8 @@ TEST_F(SaleTest, damagedDocument_isShownAndANewOneTakesAnotherNumber)
     EXPECT_EQ(QDir(folder.path()).entryList({u"receipt.json.damaged-*"_s}).size(), 1);
 }
 
-/// What becomes of the open document.
-class DocumentChanges : public SaleTest
+/// What the open document becomes.
+class DocumentChanges : public TillTest
 {
 protected:
     /// Throws, which fails the test, when there is none.
@@ -160,11 +160,11 @@ protected:
     {
         till->add(article(amoxidar, 2));
         const int number = till->document()->getNumber();
-        EXPECT_TRUE(till->close(5000));
+        EXPECT_TRUE(till->close({Payment::cash(5000)}));
         return number;
     }
-    /// Opens the document that takes a sale back.
-    QSharedPointer<Document> takingBack(int number)
+    /// Opens the return of a sale.
+    QSharedPointer<Document> returning(int number)
     {
         EXPECT_TRUE(till->returnSale(archived(number)));
         witness.seen.clear();
@@ -241,7 +241,7 @@ TEST_F(DocumentChanges, closed_isFinishedPrintedAndShownWhileItIsCurrent)
         steps.append(u"printed"_s);
     });
     QObject::connect(till.get(), &Till::changed, [&] { steps.append(u"changed"_s); });
-    EXPECT_TRUE(till->close(3000));
+    EXPECT_TRUE(till->close({Payment::cash(3000)}));
     expectEvent(12, document);
     expectNothingOpen();
     EXPECT_EQ(steps, (QStringList{u"printed"_s, u"changed"_s}));
@@ -253,12 +253,12 @@ TEST_F(DocumentChanges, closed_isFinishedPrintedAndShownWhileItIsCurrent)
 
 TEST_F(DocumentChanges, tooLittleMoney_doesNotClose)
 {
-    EXPECT_FALSE(till->close(5000)) << "nothing is open";
+    EXPECT_FALSE(till->close({Payment::cash(5000)})) << "nothing is open";
     till->add(article(amoxidar, 2));
-    EXPECT_FALSE(till->close(2479));
+    EXPECT_FALSE(till->close({Payment::cash(2479)}));
     EXPECT_TRUE(till->document());
     EXPECT_EQ(witness.codes(), QList<int>{10});
-    EXPECT_TRUE(till->close(2480));
+    EXPECT_TRUE(till->close({Payment::cash(2480)}));
     EXPECT_EQ(archived(1)->getChange(), 0);
 }
 
@@ -277,7 +277,7 @@ TEST_F(DocumentChanges, cancelled_isFinishedAndShownWhileItIsCurrentAndNotPrinte
     EXPECT_TRUE(m_printed.isEmpty());
 }
 
-TEST_F(DocumentChanges, suspended_isShownByNoEvent)
+TEST_F(DocumentChanges, suspended_sendsNoEvent)
 {
     EXPECT_FALSE(till->suspend()) << "nothing is open";
     till->add(article(amoxidar));
@@ -288,7 +288,7 @@ TEST_F(DocumentChanges, suspended_isShownByNoEvent)
     EXPECT_EQ(archived(1)->getState(), Document::State::Suspended);
 }
 
-TEST_F(DocumentChanges, resumed_isCurrentAndShownByEvent17Alone)
+TEST_F(DocumentChanges, resumed_isCurrentAndSendsItsEvent17Alone)
 {
     till->add(article(amoxidar));
     till->suspend();
@@ -304,7 +304,7 @@ TEST_F(DocumentChanges, resumed_isCurrentAndShownByEvent17Alone)
     EXPECT_FALSE(till->archive().find(1));
 }
 
-TEST_F(DocumentChanges, takingUp_isRefusedForWhatIsNotSuspendedAndWhileADocumentIsOpen)
+TEST_F(DocumentChanges, resuming_isRefusedForWhatIsNotSuspendedAndWhileADocumentIsOpen)
 {
     EXPECT_FALSE(till->resume(nullptr));
     EXPECT_FALSE(till->resume(archived(sold())));
@@ -316,7 +316,7 @@ TEST_F(DocumentChanges, takingUp_isRefusedForWhatIsNotSuspendedAndWhileADocument
     EXPECT_EQ(till->document()->getNumber(), 3);
 }
 
-TEST_F(DocumentChanges, returned_cancellingDocumentIsOpenedAndShownByEvent10)
+TEST_F(DocumentChanges, returned_returnDocumentIsOpenedAndSendsItsEvent10)
 {
     const int number = sold();
     witness.seen.clear();
@@ -332,7 +332,7 @@ TEST_F(DocumentChanges, returned_cancellingDocumentIsOpenedAndShownByEvent10)
     EXPECT_TRUE(till->archive().isReturned(*archived(number), document));
 }
 
-TEST_F(DocumentChanges, takingBack_isRefusedForWhatIsNoClosedSaleOrReturnedAlready)
+TEST_F(DocumentChanges, returning_isRefusedForWhatIsNoClosedSaleOrReturnedAlready)
 {
     EXPECT_FALSE(till->returnSale(nullptr));
     till->add(article(amoxidar));
@@ -345,21 +345,21 @@ TEST_F(DocumentChanges, takingBack_isRefusedForWhatIsNoClosedSaleOrReturnedAlrea
     till->open();
     EXPECT_FALSE(till->returnSale(archived(number))) << "a receipt is open";
     till->cancel();
-    const auto document = takingBack(number);
-    EXPECT_TRUE(till->close(document->getSum()));
+    const auto document = returning(number);
+    EXPECT_TRUE(till->close({Payment::cash(document->getSum())}));
     EXPECT_FALSE(till->returnSale(archived(number))) << "taken back";
-    EXPECT_FALSE(till->returnSale(archived(document->getNumber()))) << "a cancelling document";
+    EXPECT_FALSE(till->returnSale(archived(document->getNumber()))) << "a return";
     EXPECT_FALSE(till->document());
 }
 
-TEST_F(DocumentChanges, saleCouldNotBeSaved_noCancellingDocumentIsOpened)
+TEST_F(DocumentChanges, saleCouldNotBeSaved_noReturnIsOpened)
 {
     const int number = sold();
     expectNothingChanged([&] { return till->returnSale(archived(number)); });
     EXPECT_EQ(archived(number)->getReturnedBy(), 0);
 }
 
-TEST_F(DocumentChanges, cancellingDocumentCouldNotBeSaved_saleCanStillBeReturned)
+TEST_F(DocumentChanges, returnDocumentCouldNotBeSaved_saleCanStillBeReturned)
 {
     const int number = sold();
     {
@@ -374,13 +374,13 @@ TEST_F(DocumentChanges, cancellingDocumentCouldNotBeSaved_saleCanStillBeReturned
     EXPECT_EQ(till->document()->getNumber(), 3) << "no number is given twice";
 }
 
-TEST_F(DocumentChanges, cancellingDocumentClosed_saleIsReturnedAndHasWhatPluginsDid)
+TEST_F(DocumentChanges, returnDocumentClosed_saleIsReturnedAndHasWhatPluginsDid)
 {
     const int number = sold();
-    const auto document = takingBack(number);
+    const auto document = returning(number);
     countPrinting();
     setStatus(*document, "canceled");
-    EXPECT_TRUE(till->close(document->getSum()));
+    EXPECT_TRUE(till->close({Payment::cash(document->getSum())}));
     expectEvent(12, document);
     expectNothingOpen();
     EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
@@ -390,10 +390,10 @@ TEST_F(DocumentChanges, cancellingDocumentClosed_saleIsReturnedAndHasWhatPlugins
     EXPECT_EQ(m_printed, QList<int>{2});
 }
 
-TEST_F(DocumentChanges, cancellingDocumentGivenUp_saleHasWhatPluginsDidAndCanBeReturnedAgain)
+TEST_F(DocumentChanges, returnCancelled_saleHasWhatPluginsDidAndCanBeReturnedAgain)
 {
     const int number = sold();
-    const auto document = takingBack(number);
+    const auto document = returning(number);
     setStatus(*document, "canceled");
     EXPECT_TRUE(till->cancel());
     expectEvent(22, document);
@@ -405,12 +405,12 @@ TEST_F(DocumentChanges, cancellingDocumentGivenUp_saleHasWhatPluginsDidAndCanBeR
     EXPECT_EQ(till->document()->getNumber(), 3);
 }
 
-TEST_F(DocumentChanges, cancellingDocumentStaysOpen_saleStaysReturned)
+TEST_F(DocumentChanges, returnDocumentStaysOpen_saleStaysReturned)
 {
     const int number = sold();
-    const auto document = takingBack(number);
+    const auto document = returning(number);
     for (const auto& end : {std::function([&] { return till->cancel(); }),
-                            std::function([&] { return till->close(document->getSum()); })}) {
+                            std::function([&] { return till->close({Payment::cash(document->getSum())}); })}) {
         SavingDouble saving;
         saving.onSave = saveAllButReturns;
         EXPECT_FALSE(end());
@@ -420,9 +420,9 @@ TEST_F(DocumentChanges, cancellingDocumentStaysOpen_saleStaysReturned)
     }
 }
 
-TEST_F(DocumentChanges, cancellingDocument_takesNoGoodsAndIsNotSuspended)
+TEST_F(DocumentChanges, returnDocument_takesNoGoodsAndIsNotSuspended)
 {
-    const auto document = takingBack(sold());
+    const auto document = returning(sold());
     EXPECT_EQ(till->add(article(amoxidar)), 0);
     EXPECT_FALSE(till->suspend());
     EXPECT_EQ(till->document(), document);
@@ -430,11 +430,11 @@ TEST_F(DocumentChanges, cancellingDocument_takesNoGoodsAndIsNotSuspended)
     EXPECT_TRUE(witness.seen.isEmpty());
 }
 
-TEST_F(DocumentChanges, saleOfACancellingDocumentIsLost_itEndsAllTheSame)
+TEST_F(DocumentChanges, saleOfAReturnIsLost_itEndsAllTheSame)
 {
-    const auto document = takingBack(sold());
+    const auto document = returning(sold());
     ASSERT_TRUE(QFile::remove(folder.filePath(u"finished/00000001.json"_s)));
-    EXPECT_TRUE(till->close(document->getSum()));
+    EXPECT_TRUE(till->close({Payment::cash(document->getSum())}));
     expectNothingOpen();
 }
 
@@ -475,18 +475,18 @@ TEST_F(DocumentChanges, nothingCanBeSaved_nothingChanges)
 
     till->add(article(amoxidar));
     till->setPhase(Till::Phase::Payment);
-    expectNothingChanged([&] { return till->close(5000); });
+    expectNothingChanged([&] { return till->close({Payment::cash(5000)}); });
     expectNothingChanged([&] { return till->cancel(); });
     expectNothingChanged([&] { return till->suspend(); });
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
-    EXPECT_TRUE(till->close(5000)) << "it goes on when the disk is back";
+    EXPECT_TRUE(till->close({Payment::cash(5000)})) << "it goes on when the disk is back";
 }
 
-TEST_F(DocumentChanges, nothingCanBeSaved_cancellingDocumentStaysOpen)
+TEST_F(DocumentChanges, nothingCanBeSaved_returnDocumentStaysOpen)
 {
-    const auto document = takingBack(sold());
+    const auto document = returning(sold());
     setStatus(*document, "canceled");
-    expectNothingChanged([&] { return till->close(document->getSum()); });
+    expectNothingChanged([&] { return till->close({Payment::cash(document->getSum())}); });
     expectNothingChanged([&] { return till->cancel(); });
     EXPECT_EQ(archived(1)->getReturnedBy(), 2);
 }
@@ -497,7 +497,7 @@ TEST_F(DocumentChanges, lastNumberIsLost_numbersOfSavedDocumentsAreNotGivenAgain
     till->add(article(amoxidar));
     till->suspend();
     till->add(article(amoxidar));
-    for (const int next : {4, 5}) { // beside an open receipt, then beside the archive alone
+    for (const int next : {4, 5}) { // beside an open document, then beside the archive alone
         ASSERT_TRUE(QFile::remove(folder.filePath(u"lastreceiptnumber"_s)));
         Till again(folder.path());
         again.restore(saved());
@@ -518,7 +518,7 @@ TEST_F(DocumentChanges, lastNumberCannotBeSaved_numbersOfThisRunAreNotGivenAgain
     EXPECT_EQ(sold(), 3);
 }
 
-/// Beside a sale lies an open receipt that is damaged, and the last number is lost.
+/// A sale, and an open document that is damaged, and the last number is lost.
 class DamageShown : public DocumentChanges
 {
 protected:
@@ -526,14 +526,14 @@ protected:
     {
         Till former(folder.path());
         former.add(article(amoxidar));
-        EXPECT_TRUE(former.close(5000));
+        EXPECT_TRUE(former.close({Payment::cash(5000)}));
         EXPECT_TRUE(QFile::remove(folder.filePath(u"lastreceiptnumber"_s)));
         QFile damaged(folder.filePath(u"receipt.json"_s));
         EXPECT_TRUE(damaged.open(QIODevice::WriteOnly));
         damaged.write("{");
     }
 
-    /// @param whileShown runs while the message is on the screen
+    /// @param whileShown runs while the message is shown
     void restore(const std::function<void()>& whileShown)
     {
         DialogDouble dialog;
@@ -591,21 +591,21 @@ protected:
 TEST_F(InterruptedChange, close_isFinished)
 {
     till->add(article(amoxidar));
-    interrupt(u"receipt.json"_s, [this] { return till->close(5000); });
+    interrupt(u"receipt.json"_s, [this] { return till->close({Payment::cash(5000)}); });
     expectNothingOpen();
     EXPECT_TRUE(witness.seen.isEmpty());
     EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
 }
 
-TEST_F(InterruptedChange, closeOfACancellingDocument_isFinished)
+TEST_F(InterruptedChange, closeOfAReturn_isFinished)
 {
-    const auto document = takingBack(sold());
-    interrupt(u"receipt.json"_s, [&] { return till->close(document->getSum()); });
+    const auto document = returning(sold());
+    interrupt(u"receipt.json"_s, [&] { return till->close({Payment::cash(document->getSum())}); });
     expectNothingOpen();
     EXPECT_TRUE(till->archive().isReturned(*archived(1), nullptr));
 }
 
-TEST_F(InterruptedChange, puttingAside_isOpenAgain)
+TEST_F(InterruptedChange, suspending_isOpenAgain)
 {
     till->add(article(amoxidar));
     interrupt(u"receipt.json"_s, [this] { return till->suspend(); });
@@ -615,7 +615,7 @@ TEST_F(InterruptedChange, puttingAside_isOpenAgain)
     EXPECT_TRUE(files("putaside").isEmpty());
 }
 
-TEST_F(InterruptedChange, takingUp_isOpen)
+TEST_F(InterruptedChange, resuming_isOpen)
 {
     till->add(article(amoxidar));
     till->suspend();
@@ -635,7 +635,7 @@ TEST_F(InterruptedChange, voidingOfADocumentSuspended_isVoided)
     EXPECT_TRUE(files("putaside").isEmpty());
 }
 
-TEST_F(InterruptedChange, takingBackBeforeItsDocumentWasSaved_saleCanBeReturned)
+TEST_F(InterruptedChange, returningBeforeItsDocumentWasSaved_saleCanBeReturned)
 {
     const int number = sold();
     {
@@ -649,9 +649,9 @@ TEST_F(InterruptedChange, takingBackBeforeItsDocumentWasSaved_saleCanBeReturned)
     EXPECT_TRUE(till->returnSale(archived(number)));
 }
 
-TEST_F(InterruptedChange, cancellingDocumentOpen_isResumedAgainAsOne)
+TEST_F(InterruptedChange, returnDocumentOpen_isResumedAgainAsOne)
 {
-    const auto before = takingBack(sold())->toJson();
+    const auto before = returning(sold())->toJson();
     till = std::make_unique<Till>(folder.path());
     till->restore(saved());
     ASSERT_TRUE(till->document());

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "scriptedregistry.h"
+
+#include "seedreader.h"
+#include "syntheticprescriptions.h"
+
+namespace emulator
+{
+namespace
+{
+/// The status that the client receives; 0 when it receives none.
+int statusOf(const Delivery& delivery)
+{
+    switch (delivery.manner) {
+    case Delivery::Manner::Close:
+    case Delivery::Manner::Reset:
+    case Delivery::Manner::Never:
+        return 0;
+    default:
+        return delivery.answer.status;
+    }
+}
+} // namespace
+
+ScriptedRegistry::ScriptedRegistry(const QString& dataFile, const QString& basePath, Clock clock)
+    : m_clock(std::move(clock))
+    , m_store(dataFile)
+    , m_api(m_store, m_clock, basePath)
+{
+}
+
+Delivery ScriptedRegistry::answer(const HttpRequest& request)
+{
+    const Route route = m_api.routeOf(request);
+    const auto fault = m_faults.takeFor(route.endpoint);
+
+    Delivery delivery;
+    if (!fault) {
+        delivery.answer = m_api.answer(request, route);
+    } else {
+        delivery = fault->deliver(fault->isCarriedOut ? m_api.answer(request, route) : HttpAnswer());
+    }
+    JournalEntry entry;
+    entry.connection = request.connection;
+    entry.received = m_clock();
+    entry.endpoint = route.endpoint;
+    entry.method = request.method;
+    entry.target = request.target;
+    entry.headers = request.headers;
+    entry.body = request.body;
+    entry.status = statusOf(delivery);
+    if (fault) {
+        entry.fault = fault->name;
+    }
+    return deliver(m_journal.add(std::move(entry)), std::move(delivery));
+}
+
+Delivery ScriptedRegistry::answerUnreadable(const HttpRequest& request, int status)
+{
+    Delivery delivery;
+    delivery.answer = RegistryApi::unreadable(status);
+    JournalEntry entry;
+    entry.connection = request.connection;
+    entry.received = m_clock();
+    entry.status = status;
+    return deliver(m_journal.add(std::move(entry)), std::move(delivery));
+}
+
+Delivery ScriptedRegistry::deliver(qint64 journalNumber, Delivery delivery)
+{
+    delivery.finished = [this, journalNumber](bool whole) { m_journal.answered(journalNumber, whole); };
+    return delivery;
+}
+
+void ScriptedRegistry::keepSeed(const JsonNode& seed)
+{
+    SeedReader(today()).read(seed);
+    m_seed = seed;
+}
+
+void ScriptedRegistry::seed(const JsonNode& seed)
+{
+    keepSeed(seed);
+    reset();
+}
+
+void ScriptedRegistry::reset()
+{
+    m_store.replace(m_seed ? SeedReader(today()).read(*m_seed) : Seed());
+    tokens().expireAll();
+    m_faults.clear();
+    m_journal.clear();
+}
+
+void ScriptedRegistry::fillCard(const QString& card, int count)
+{
+    addSyntheticPrescriptions(m_store, card, count, today());
+}
+} // namespace emulator

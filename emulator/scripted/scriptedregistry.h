@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "delivery.h"
+#include "faultscript.h"
+#include "journal.h"
+#include "jsonnode.h"
+#include "prescriptionstore.h"
+#include "registryapi.h"
+
+#include <optional>
+
+namespace emulator
+{
+/// The registry as a test needs it: it begins with a seed, fails where a fault is ordered, and keeps a journal.
+class ScriptedRegistry
+{
+public:
+    /// @param dataFile SQLite file that keeps the state; empty: the state is in memory
+    /// @param basePath path under which the registry is found; empty: none
+    /// Throws EmulatorError when the data file cannot be used.
+    ScriptedRegistry(const QString& dataFile, const QString& basePath, Clock clock);
+    Q_DISABLE_COPY_MOVE(ScriptedRegistry)
+    ~ScriptedRegistry() = default;
+
+    /// The registry's answer, or what the due fault makes of it. The delivery must not outlive this object.
+    Delivery answer(const HttpRequest& request);
+    /// The answer to bytes that are no request.
+    /// @param request has only the number of the connection
+    /// @param status  400, 413, 431 or 505
+    Delivery answerUnreadable(const HttpRequest& request, int status);
+
+    /// Takes the seed for reset(). Throws EmulatorError, and changes nothing, when the seed has a mistake.
+    void keepSeed(const JsonNode& seed);
+    /// Takes the seed, and begins again with it. Throws as keepSeed() does.
+    void seed(const JsonNode& seed);
+    /// Begins again with the seed, or with nothing when there is none: state, tokens, faults and journal.
+    void reset();
+    /// Puts more active prescriptions on a card.
+    void fillCard(const QString& card, int count);
+
+    FaultScript& faults() { return m_faults; }
+    Journal& journal() { return m_journal; }
+    PrescriptionStore& store() { return m_store; }
+    TokenService& tokens() { return m_api.tokens(); }
+
+private:
+    Delivery deliver(qint64 journalNumber, Delivery delivery);
+    QDate today() const { return m_clock().date(); }
+
+    Clock m_clock;
+    PrescriptionStore m_store;
+    RegistryApi m_api;
+    FaultScript m_faults;
+    Journal m_journal;
+    std::optional<JsonNode> m_seed;
+};
+} // namespace emulator

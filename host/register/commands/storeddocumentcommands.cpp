@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+#include "storeddocumentcommands.h"
+
+#include "actionfactory.h"
+#include "basicdialog.h"
+#include "commandtable.h"
+#include "documentlistparams.h"
+#include "documentwords.h"
+#include "finally.h"
+#include "obstaclenotice.h"
+#include "question.h"
+#include "registeraction.h"
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int latestShown = 500;
+
+/// The document number that the action carries, else the one that the cashier types; nothing when the cashier cancels.
+std::optional<int> documentNumber(const control::Action& action, const tr::Tr& title, const tr::Tr& message)
+{
+    if (const int given = action.value(u"number"_s).toInt(); given > 0) {
+        return given;
+    }
+    TextInputParams params;
+    params.title = title;
+    params.message = message;
+    params.inputName = u"inputDocumentNumber"_s;
+    params.mask = u"0*[1-9]\\d{0,7}"_s;
+    params.numeric = true;
+    const core::BasicDialog::Result result = Dialog::create()->showTextInput(params);
+    if (result.canceled() || result.isEmpty()) {
+        return std::nullopt;
+    }
+    return result.getData().toString().toInt();
+}
+
+tr::Tr voidQuestion(const Document& document)
+{
+    if (document.getState() == Document::State::Suspended) {
+        return {u"annulPutAsideQuestion"_s, u"Аннулировать отложенный чек № %1 на сумму %2?"_s};
+    }
+    if (document.getSum() == 0) {
+        return {u"annulSaleWithoutMoneyQuestion"_s, u"Аннулировать продажу № %1 на сумму %2?"_s};
+    }
+    return {u"annulSaleQuestion"_s, u"Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю."_s};
+}
+
+tr::Tr noDocument(int number)
+{
+    return tr::Tr(u"documentNotFound"_s, u"Документа № %1 нет среди отложенных и завершённых.\nПроверьте номер."_s)
+        .arg(QString::number(number));
+}
+
+} // namespace
+
+StoredDocumentCommands::StoredDocumentCommands(Till& till, const ReceiptPrinter& printer, const PositionMarks& marks)
+    : m_till(till)
+    , m_printer(printer)
+    , m_marks(marks)
+{
+}
+
+void StoredDocumentCommands::offer(ActionQueueController& controller)
+{
+    using Commands = StoredDocumentCommands;
+    static constexpr Command<Commands> table[] = {
+        {registeraction::suspend, Where::OpenDocument, &Commands::suspend},
+        {registeraction::showDocuments, Where::Everywhere, &Commands::showDocuments},
+        {registeraction::returnSale, Where::Everywhere, &Commands::returnSale},
+        {registeraction::voidByNumber, Where::Everywhere, &Commands::voidByNumber},
+    };
+    offerCommands<Commands>(controller, *this, table);
+    // The frame does the voiding: during the triggers the document is the current one, and it is saved whatever they
+    // return.
+    controller.setHostHandler(control::VoidDocument, [](control::Action&) { return EContext::GoOn; });
+    controller.setHostFrame(control::VoidDocument,
+                            [this](control::Action& action, const auto& course) { return voidFrame(action, course); });
+}
+
+EContext::Result StoredDocumentCommands::suspend(control::Action&)
+{
+    if (showIfObstacle(m_till.obstacleToSuspending())) {
+        return EContext::Stop;
+    }
+    return m_till.suspend() ? EContext::GoOn : EContext::Stop;
+}
+
+EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
+{
+    DocumentListParams params;
+    params.documents = [this] { return m_till.archive().latest(latestShown); };
+    params.isReturned = [this](const Document& document) { return m_till.isReturned(document); };
+    params.obstacleToResuming = [this](const Document& document) { return m_till.obstacleToResuming(document); };
+    params.obstacleToReturning = [this](const Document& document) { return m_till.obstacleToReturning(document); };
+    params.obstacleToVoiding = [this](const Document& document) { return m_till.obstacleToVoiding(document); };
+    params.voidDocument = [this](const auto& document) {
+        const Document::State before = document->getState();
+        return voidDocument(document) == EContext::GoOn ? documentwords::voiding(*document, before) : QString();
+    };
+    params.print = [this](const auto& document) { return print(*document); };
+    params.openDocument = m_till.document() ? m_till.document()->getNumber() : 0;
+    params.marks = &m_marks;
+    Event event(DocumentListParams::eventCode);
+    event.addArgument(u"params"_s, QVariant::fromValue(params));
+    const QVariantMap answer =
+        core::BasicDialog().show(false, true, {EInput::Keyboard, EInput::Scanner}, event).getData().toMap();
+    if (const int number = answer.value(u"resume"_s).toInt(); number > 0) {
+        return resume(number);
+    }
+    if (const int number = answer.value(u"returnSale"_s).toInt(); number > 0) {
+        control::Action action = Singleton<control::ActionFactory>::get()->create(registeraction::returnSale);
+        action.insert(u"number"_s, number);
+        return returnSale(action);
+    }
+    return EContext::GoOn;
+}
+
+EContext::Result StoredDocumentCommands::resume(int number)
+{
+    const QSharedPointer<Document> document = m_till.archive().find(number);
+    if (!document) { // damaged or removed while the list was shown
+        showNotice(noDocument(number));
+        return EContext::Stop;
+    }
+    if (showIfObstacle(m_till.obstacleToResuming(*document))) {
+        return EContext::Stop;
+    }
+    return m_till.resume(document) ? EContext::GoOn : EContext::Stop;
+}
+
+EContext::Result StoredDocumentCommands::returnSale(control::Action& action)
+{
+    if (showIfObstacle(m_till.obstacleToAnotherDocument())) {
+        return EContext::Stop;
+    }
+    const std::optional<int> number =
+        documentNumber(action, {u"takeBackTitle"_s, u"Возврат продажи"_s},
+                       {u"takeBackMessage"_s, u"Номер чека, по которому возвращают товар"_s});
+    if (!number) {
+        return EContext::Stop;
+    }
+    const QSharedPointer<Document> sale = m_till.archive().find(*number);
+    if (!sale) {
+        showNotice(noDocument(*number));
+        return EContext::Stop;
+    }
+    if (showIfObstacle(m_till.obstacleToReturning(*sale))) {
+        return EContext::Stop;
+    }
+    return m_till.returnSale(sale) ? EContext::GoOn : EContext::Stop;
+}
+
+EContext::Result StoredDocumentCommands::voidByNumber(control::Action& action)
+{
+    const std::optional<int> number =
+        documentNumber(action, {u"annulTitle"_s, u"Аннулирование документа"_s},
+                       {u"annulMessage"_s, u"Номер отложенного чека или закрытой продажи"_s});
+    if (!number) {
+        return EContext::Stop;
+    }
+    const QSharedPointer<Document> document = m_till.archive().find(*number);
+    if (!document) {
+        showNotice(noDocument(*number));
+        return EContext::Stop;
+    }
+    return voidDocument(document);
+}
+
+EContext::Result StoredDocumentCommands::voidDocument(const QSharedPointer<Document>& document)
+{
+    const QString number = QString::number(document->getNumber());
+    if (showIfObstacle(m_till.obstacleToVoiding(*document))) {
+        return EContext::Stop;
+    }
+    const Question question{
+        {u"annulTitle"_s, u"Аннулирование документа"_s},
+        voidQuestion(*document).arg(number).arg(amountText(document->getSum())),
+        {u"annulYes"_s, u"Аннулировать"_s},
+        {u"questionNo"_s, u"Нет"_s},
+    };
+    if (!question.ask()) {
+        return EContext::Stop;
+    }
+    control::Action action = Singleton<control::ActionFactory>::get()->create(control::VoidDocument);
+    action.insert(u"document"_s, QVariant::fromValue(document.staticCast<AbstractDocument>()));
+    return Singleton<ActionQueueController>::get()->execute(action);
+}
+
+EContext::Result StoredDocumentCommands::voidFrame(const control::Action& action,
+                                                   const std::function<EContext::Result()>& course)
+{
+    const auto document = action.value(u"document"_s).value<QSharedPointer<AbstractDocument>>().dynamicCast<Document>();
+    if (!document || m_till.obstacleToVoiding(*document)) {
+        return EContext::NotFound;
+    }
+    EContext::Result result = EContext::Stop;
+    m_till.withCurrentDocument(document, [&] {
+        {
+            document->setBeingVoided(true);
+            const Finally closedAgain([&] { document->setBeingVoided(false); });
+            result = course();
+        }
+        if (result == EContext::GoOn) {
+            result = m_till.voidDocument(document) ? EContext::GoOn : EContext::Stop;
+        } else {
+            m_till.archive().save(document);
+        }
+    });
+    return result;
+}
+
+QString StoredDocumentCommands::print(const Document& document) const
+{
+    const QString file = m_printer.printAgain(document);
+    if (file.isEmpty()) {
+        return {};
+    }
+    return tr::Tr(u"documentPrinted"_s, u"Документ № %1 напечатан: %2"_s)
+        .arg(QString::number(document.getNumber()))
+        .arg(file)
+        .ui();
+}

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "actionqueuecontroller.h"
+#include "receiptprinter.h"
+#include "till.h"
+
+#include <QSharedPointer>
+
+#include <functional>
+
+/// What the register does with documents that are not open: resuming, returning, voiding, printing again.
+class StoredDocumentCommands
+{
+public:
+    /// @param till, printer, marks not owned
+    StoredDocumentCommands(Till& till, const ReceiptPrinter& printer, const PositionMarks& marks);
+
+    /// Makes the register handle its actions. The object has to outlive the controller's use of them.
+    void offer(ActionQueueController& controller);
+
+private:
+    EContext::Result suspend(control::Action& action);
+    EContext::Result showDocuments(control::Action& action);
+    EContext::Result returnSale(control::Action& action);
+    EContext::Result voidByNumber(control::Action& action);
+    EContext::Result voidFrame(const control::Action& action, const std::function<EContext::Result()>& course);
+
+    EContext::Result resume(int number);
+    EContext::Result voidDocument(const QSharedPointer<Document>& document);
+    /// The message for the cashier; empty after a failure that was already shown.
+    QString print(const Document& document) const;
+
+    Till& m_till;
+    const ReceiptPrinter& m_printer;
+    const PositionMarks& m_marks;
+};

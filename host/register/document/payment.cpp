@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "payment.h"
+
+#include <algorithm>
+#include <numeric>
+
+using namespace Qt::StringLiterals;
+
+Kopecks totalOf(const QList<Payment>& payments)
+{
+    return std::accumulate(payments.cbegin(), payments.cend(), Kopecks(0),
+                           [](Kopecks total, const Payment& payment) { return total + payment.amount; });
+}
+
+const QList<PaymentMethodRow>& paymentMethods()
+{
+    static const QList<PaymentMethodRow> rows{
+        {PaymentMethod::Cash, "cash"_L1, {u"printedReceived"_s, u"Получено наличными"_s}},
+    };
+    return rows;
+}
+
+const PaymentMethodRow& rowOf(PaymentMethod method)
+{
+    const auto& rows = paymentMethods();
+    return *std::find_if(rows.cbegin(), rows.cend(),
+                         [method](const PaymentMethodRow& row) { return row.method == method; });
+}

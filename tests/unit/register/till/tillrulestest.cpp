@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+// The till's rules by themselves: who asks them is tested with the commands and forms.
+#include "tillfixture.h"
+
+using namespace Qt::StringLiterals;
+
+class TillRules : public TillFixture
+{
+protected:
+    /// A sale of one article, closed.
+    QSharedPointer<Document> sold()
+    {
+        till->add(article(amoxidar));
+        const int number = till->document()->getNumber();
+        EXPECT_TRUE(till->close({Payment::cash(till->document()->getSum())}));
+        return till->archive().find(number);
+    }
+    static QString text(const std::optional<Obstacle>& obstacle) { return obstacle ? obstacle->text.ui() : QString(); }
+};
+
+TEST_F(TillRules, noDocumentOpen_onlyThePaymentIsInTheWay)
+{
+    EXPECT_FALSE(till->obstacleToOpening());
+    EXPECT_FALSE(till->obstacleToAnotherDocument());
+    EXPECT_FALSE(till->obstacleToAddingGoods());
+    EXPECT_FALSE(till->obstacleToSuspending());
+    EXPECT_TRUE(till->obstacleToPayment());
+}
+
+TEST_F(TillRules, emptySale_cannotBePaid)
+{
+    till->open();
+    EXPECT_EQ(text(till->obstacleToPayment()), u"В чеке нет позиций.\nДобавьте товар или отмените чек."_s);
+    till->add(article(amoxidar));
+    EXPECT_FALSE(till->obstacleToPayment());
+}
+
+TEST_F(TillRules, saleOpen_noOtherDocumentAndEachReasonNamesIt)
+{
+    const auto sale = sold();
+    till->open();
+    EXPECT_EQ(text(till->obstacleToOpening()), u"Чек № 2 уже открыт."_s);
+    EXPECT_EQ(text(till->obstacleToReturning(*sale)), u"Сначала завершите или отложите открытый чек № 2."_s);
+    EXPECT_EQ(till->obstacleToReturning(*sale)->brief.ui(), u"сначала завершите чек № 2"_s);
+    EXPECT_FALSE(till->obstacleToVoiding(*sale)) << "voiding opens no document";
+}
+
+TEST_F(TillRules, returnOpen_isWholeAndStays)
+{
+    const auto sale = sold();
+    EXPECT_FALSE(till->obstacleToReturning(*sale));
+    ASSERT_TRUE(till->returnSale(sale));
+    EXPECT_TRUE(till->isReturned(*sale));
+    EXPECT_TRUE(till->obstacleToAddingGoods());
+    EXPECT_TRUE(till->obstacleToChangingPositions());
+    EXPECT_EQ(till->obstacleToSuspending()->brief.ui(), u"возврат не откладывают"_s);
+    EXPECT_TRUE(till->obstacleToVoiding(*sale)) << "it is being returned";
+}
+
+TEST_F(TillRules, saleReturned_namesTheReturn)
+{
+    const auto sale = sold();
+    ASSERT_TRUE(till->returnSale(sale));
+    ASSERT_TRUE(till->close({Payment::cash(sale->getSum())}));
+    EXPECT_EQ(text(till->obstacleToReturning(*sale)), u"Продажа № 1 уже возвращена документом № 2."_s);
+    EXPECT_TRUE(till->obstacleToVoiding(*sale));
+    EXPECT_FALSE(Till::obstacleToPrinting(*sale));
+}
+
+TEST_F(TillRules, suspendedSale_canBeResumedAndVoidedAndNothingElse)
+{
+    till->add(article(amoxidar));
+    ASSERT_TRUE(till->suspend());
+    const auto document = till->archive().find(1);
+    EXPECT_FALSE(till->obstacleToResuming(*document));
+    EXPECT_FALSE(till->obstacleToVoiding(*document));
+    EXPECT_EQ(text(till->obstacleToReturning(*document)), u"Документ № 1 — не закрытая продажа, его нельзя вернуть."_s);
+    EXPECT_TRUE(Till::obstacleToPrinting(*document));
+}
+
+TEST_F(TillRules, closedSale_cannotBeResumed)
+{
+    EXPECT_EQ(text(till->obstacleToResuming(*sold())), u"Документ № 1 не отложен, его нельзя взять в работу."_s);
+}
+
+TEST_F(TillRules, externalPosition_keepsItsQuantity)
+{
+    till->add(article(amoxidar));
+    const auto position = till->document()->position(1);
+    EXPECT_FALSE(Till::obstacleToChangingQuantity(*position));
+    position->setSoftCheckId(u"rx-1"_s);
+    EXPECT_TRUE(
+        text(Till::obstacleToChangingQuantity(*position)).startsWith(u"Позиция № 1 отпускается по документу"_s));
+}
