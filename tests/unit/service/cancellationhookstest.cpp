@@ -122,7 +122,7 @@ TEST_F(Hooks, stornoOfOtherDocument_goesOn)
 TEST_F(Hooks, annulment_takesTheDocumentOfTheAction)
 {
     addThreeRegistered();
-    const QSharedPointer<Receipt> stored(new Receipt);
+    const QSharedPointer<DocumentDouble> stored(new DocumentDouble);
     stored->type = 2;
     stored->closed = true;
     stored->positions = {receipt->positions[1]};
