@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "currenttime.h"
-#include "finally.h"
+#include "clockdouble.h"
+#include "documentdouble.h"
 #include "loyaltysystemlayer.h"
-#include "plaindocument.h"
 
 #include <gtest/gtest.h>
 
@@ -17,11 +16,7 @@ TEST(CurrentTime, current_isNowInLocalTime)
 
 TEST(CurrentTime, mocked_givesTheTestsTime)
 {
-    struct Noon : CurrentTime {
-        QDateTime current() const override { return QDateTime({2024, 2, 29}, {12, 0}); }
-    };
-    MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<Noon>::create(); };
-    const Finally restoring([] { MockFactory<CurrentTime>::mocked = nullptr; });
+    const ClockDouble clock(QDateTime({2024, 2, 29}, {12, 0}));
     EXPECT_EQ(CurrentTime::create()->current(), QDateTime({2024, 2, 29}, {12, 0}));
 }
 
@@ -30,7 +25,7 @@ TEST(LoyaltySystemLayer, recalculationSet_runsOnTheDocument)
     LoyaltySystemLayer layer;
     QList<AbstractDocument*> recalculated;
     layer.setRecalculation([&recalculated](AbstractDocument& document) { recalculated.append(&document); });
-    const auto document = QSharedPointer<PlainDocument>::create();
+    const auto document = QSharedPointer<DocumentDouble>::create();
     layer.recalculate(document);
     EXPECT_EQ(recalculated, QList<AbstractDocument*>{document.data()});
 }
@@ -38,7 +33,7 @@ TEST(LoyaltySystemLayer, recalculationSet_runsOnTheDocument)
 TEST(LoyaltySystemLayer, nullDocumentOrNoRecalculation_doesNothing)
 {
     LoyaltySystemLayer layer;
-    EXPECT_NO_THROW(layer.recalculate(QSharedPointer<PlainDocument>::create()));
+    EXPECT_NO_THROW(layer.recalculate(QSharedPointer<DocumentDouble>::create()));
     int runs = 0;
     layer.setRecalculation([&runs](AbstractDocument&) { ++runs; });
     layer.recalculate(nullptr);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "clientandserver.h"
+#include "mocked.h"
 
 using namespace Qt::StringLiterals;
 
@@ -136,8 +137,9 @@ TEST(RestClientRequest, urlThatCannotBeRequested_isRefused)
 TEST(RestClientRequest, mockedFactory_handsOutTheTestsOwnClient)
 {
     const auto own = QSharedPointer<RestClient>::create();
-    MockFactory<RestClient>::mocked = [own] { return own; };
-    EXPECT_EQ(RestClient::create(), own);
-    MockFactory<RestClient>::mocked = nullptr;
+    {
+        const Mocked<RestClient> mocked(own);
+        EXPECT_EQ(RestClient::create(), own);
+    }
     EXPECT_NE(RestClient::create(), own);
 }

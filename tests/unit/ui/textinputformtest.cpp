@@ -21,7 +21,6 @@ class TextInputFormTest : public UiTest
 protected:
     TextInputFormTest()
     {
-        Singleton<ActionQueueController>::instance = &controller;
         params.title = {"testTitle", "Ввод карты"};
         params.message = {"testMessage", "Введите номер карты"};
         params.scanError = {"testScanError", "Повторите сканирование"};
@@ -29,7 +28,6 @@ protected:
         params.cancelText = {"testCancel", "Назад"};
         params.inputName = "inputCard";
     }
-    ~TextInputFormTest() override { Singleton<ActionQueueController>::instance = nullptr; }
 
     /// Shows the form and does `steps` while it is shown; then it is cancelled, if it is still there.
     core::BasicDialog::Result show(const std::function<void()>& steps)
@@ -65,6 +63,7 @@ protected:
 
     TextInputParams params;
     ActionQueueController controller;
+    InPlace<ActionQueueController> controllerInPlace{&controller};
     QSharedPointer<BasicForm> form;
 };
 
