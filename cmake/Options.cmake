@@ -17,7 +17,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_AUTORCC ON)
 
-# Programs and libraries lie together, so that the register finds the platform without being installed.
+# Programs and libraries are in two folders side by side, so that the register finds the platform without being installed.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 set(PLUGIN_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/plugins")
@@ -41,7 +41,7 @@ if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
         CCACHE_SLOPPINESS=pch_defines,time_macros "${CCACHE}")
 endif()
 
-# What moc and rcc write is not ours to tidy; one harmless check stands there, since clang-tidy asks for at least one.
+# The sources that moc and rcc write get one harmless check, because clang-tidy needs at least one.
 if(CMAKE_CXX_CLANG_TIDY)
     file(WRITE "${CMAKE_BINARY_DIR}/.clang-tidy" "Checks: '-*,readability-misleading-indentation'\n")
 endif()

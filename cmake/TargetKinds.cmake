@@ -1,10 +1,22 @@
 # SPDX-License-Identifier: MIT
 # One function for each kind of target.
 
+# add_room(NAME SOURCES file... [LIBRARIES lib...])
+#
+# The room in the current folder: an object library. It sees the headers of the rooms that it links; a target that
+# links it sees its own.
+function(add_room NAME)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LIBRARIES")
+    add_library(${NAME} OBJECT ${ARG_SOURCES})
+    target_include_directories(${NAME} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+    target_link_libraries(${NAME} PUBLIC ${ARG_LIBRARIES})
+    use_core_headers(${NAME})
+endfunction()
+
 # add_register_plugin(NAME LIBRARIES lib... [LAYOUTS file...])
 #
 # A plug-in that the register loads. LIBRARIES are (object) libraries that hold its code. LAYOUTS are the .ui files
-# and the positionmarks.json that it brings; they lie in a folder of the plug-in's name beside the library.
+# and the positionmarks.json that it brings; they are copied into a folder of the plug-in's name beside the library.
 function(add_register_plugin NAME)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "LIBRARIES;LAYOUTS")
     add_library(${NAME} MODULE)

@@ -16,14 +16,14 @@ bool HelloPlugin::init()
     Singleton<ActivityNotifier>::get()->subscribe(this);
     addHandler({EContext::Idle, greetCommand, [this](const control::Action&) { return greet(); }, true});
     addTrigger({EContext::OpenDocument, control::Subtotal, ActionTrigger::Before,
-                [this](const control::Action&) { return refuseEmptyReceipt(); }, ActionTrigger::Any, 100});
+                [this](const control::Action&) { return stopEmptyDocument(); }, ActionTrigger::Any, 100});
     return true;
 }
 
 void HelloPlugin::handleEvent(const Event& event)
 {
     if (event.getCode() == EActivityListener::DocumentClosed) {
-        ++m_closedReceipts;
+        ++m_closedDocuments;
     }
 }
 
@@ -31,14 +31,14 @@ EContext::Result HelloPlugin::greet()
 {
     const QString greeting = Singleton<Config>::get()->getString(u"Hello:greeting"_s);
     const tr::Tr text(u"helloGreeting"_s, u"%1\nЗакрыто чеков: %2"_s);
-    Dialog::create()->showMessage(text.arg(greeting).arg(QString::number(m_closedReceipts)), Dialog::Notice, 0, 0);
+    Dialog::create()->showMessage(text.arg(greeting).arg(QString::number(m_closedDocuments)), Dialog::Notice, 0, 0);
     return EContext::GoOn;
 }
 
-EContext::Result HelloPlugin::refuseEmptyReceipt()
+EContext::Result HelloPlugin::stopEmptyDocument()
 {
-    const QSharedPointer<AbstractDocument> receipt = getDocument();
-    if (!receipt || !receipt->getPositions().isEmpty()) {
+    const QSharedPointer<AbstractDocument> document = getDocument();
+    if (!document || !document->getPositions().isEmpty()) {
         return EContext::GoOn;
     }
     const tr::Tr text(u"helloEmptyReceipt"_s, u"В чеке нет товаров.\nДобавьте товар."_s);

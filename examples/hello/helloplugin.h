@@ -5,7 +5,7 @@
 #include "basicplugin.h"
 #include "documentwatcher.h"
 
-/// Greets the cashier, counts the receipts of the day, and lets no empty receipt through to the subtotal.
+/// Greets the cashier, counts the closed documents, and stops the subtotal of an empty one.
 class HelloPlugin : public BaseActivityListener, public BasicPlugin, private DocumentWatcher
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
 
 private:
     EContext::Result greet();
-    EContext::Result refuseEmptyReceipt();
+    EContext::Result stopEmptyDocument();
 
-    int m_closedReceipts = 0;
+    int m_closedDocuments = 0;
 };

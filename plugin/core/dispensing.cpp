@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "abstractdocument.h"
-#include "dialog.h"
+#include "cashiermessage.h"
 #include "electronicprescriptionexception.h"
 #include "electronicprescriptioninterface.h"
 #include "electronicprescriptionservice.h"
@@ -64,7 +64,7 @@ EContext::Result ElectronicPrescriptionService::dispenseElectronicPrescriptions(
         }
         return EContext::GoOn;
     } catch (const ElectronicPrescriptionException& exception) {
-        Dialog::create()->showMessage(exception.tr(), Dialog::Error, 1, 0);
+        showError(exception.tr());
         return EContext::Stop;
     }
 }
@@ -84,7 +84,7 @@ bool ElectronicPrescriptionService::cancelElectronicPrescription(const QSharedPo
         }
         return true;
     } catch (const ElectronicPrescriptionException& exception) {
-        Dialog::create()->showMessage(exception.tr(), Dialog::Error, 1, 0);
+        showError(exception.tr());
         return false;
     }
 }

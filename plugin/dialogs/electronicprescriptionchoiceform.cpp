@@ -3,26 +3,29 @@
 
 #include "complexfilterproxymodel.h"
 #include "config.h"
-#include "dialoganswer.h"
 #include "dialogeventfilter.h"
 #include "electronicprescriptionchoicemodel.h"
+#include "formanswer.h"
+#include "formbutton.h"
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
 #include "prescriptiondate.h"
 #include "registerstyle.h"
+#include "tablecolumn.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
-#include "widgettext.h"
 
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
-/// Room for what was typed, in a hint, in pixels.
+/// Room in a hint for the text of the filter, in pixels.
 constexpr int longestQuote = 240;
 
 } // namespace
@@ -37,17 +40,17 @@ ElectronicPrescriptionChoiceForm::ElectronicPrescriptionChoiceForm(const Electro
     , m_dialogEventFilter(new DialogEventFilter(this))
 {
     setContextCode(EContext::DialogOnTop);
-    loadUI("electronicprescriptionchoice.ui");
+    loadUI(u"electronicprescriptionchoice.ui"_s);
     if (isTouchMode()) {
         setUpKeyboard();
     } else {
-        deleteWidgets({"talloKeyboard", "scrollButtonsNavigationBar", "scrollButtonsNavigationBarSeparator",
-                       "horizontalLine", "navigationBar"});
+        deleteWidgets({u"talloKeyboard"_s, u"scrollButtonsNavigationBar"_s, u"scrollButtonsNavigationBarSeparator"_s,
+                       u"horizontalLine"_s, u"navigationBar"_s});
     }
     setUpButtons();
-    setUpLabels();
-    setUpAccessibleNames();
+    setUpCaptions();
     setUpInput();
+    setUpAccessibleNames();
 
     if (!params.isUseLast()) {
         savedFilter.clear();
@@ -114,82 +117,62 @@ void ElectronicPrescriptionChoiceForm::onCurrentChanged(const QModelIndex& curre
         return;
     }
 
-    setValue("tradeNameValueLabel", prescription->getTradeName());
+    showText(u"tradeNameValueLabel"_s, prescription->getTradeName());
     if (const auto patient = m_model->getPatient()) {
-        setValue("patientNameValueLabel", patient->getName());
-        setValue("patientBirthdayValueLabel", formatted(patient->getBirthday()));
+        showText(u"patientNameValueLabel"_s, patient->getName());
+        showText(u"patientBirthdayValueLabel"_s, formatted(patient->getBirthday()));
     }
-    setValue("practitionerNameValueLabel", prescription->getPractitionerName());
+    showText(u"practitionerNameValueLabel"_s, prescription->getPractitionerName());
     if (const auto organization = prescription->getPayingElectronicPrescriptionOrganization()) {
-        setValue("organizationValueLabel", organization->getName());
+        showText(u"organizationValueLabel"_s, organization->getName());
     }
 }
 
 void ElectronicPrescriptionChoiceForm::setUpKeyboard()
 {
-    auto* keyboard = findWidget<TalloKeyboard>("talloKeyboard", false);
+    auto* keyboard = findWidget<TalloKeyboard>(u"talloKeyboard"_s, false);
     if (!keyboard) {
         return;
     }
     connect(keyboard, &TalloKeyboard::layoutChanged, Singleton<IconsViewNotifier>::get(),
             &IconsViewNotifier::notifyIcons);
     connect(keyboard, &TalloKeyboard::keyPressed, Singleton<InactivityLocker>::get(), &InactivityLocker::resetTimer);
-    keyboard->setKeyboardLayouts(Singleton<Config>::get()->getString("Language:keyboardLayouts", "ru,en"));
+    keyboard->setKeyboardLayouts(Singleton<Config>::get()->getString(u"Language:keyboardLayouts"_s, u"ru,en"_s));
 }
 
 void ElectronicPrescriptionChoiceForm::setUpButtons()
 {
     using Form = ElectronicPrescriptionChoiceForm;
-    const WidgetButton<Form> buttons[] = {
-        {"cancelButton", tr::Tr("electronicPrescriptionChoiceFormCancelButton", "Назад"), &Form::onCancel},
-        {"okButton", tr::Tr("electronicPrescriptionChoiceFormOkButton", "Выбрать"), &Form::onOk},
+    const FormButton<Form> buttons[] = {
+        {u"cancelButton"_s, {"electronicPrescriptionChoiceFormCancelButton", "Назад"}, &Form::onCancel},
+        {u"okButton"_s, {"electronicPrescriptionChoiceFormOkButton", "Выбрать"}, &Form::onOk},
     };
     for (const auto& button : buttons) {
-        setUp(findWidget<QPushButton>(button.widget), button, this);
+        setUp(findWidget<QPushButton>(button.name), button, this);
     }
 }
 
-void ElectronicPrescriptionChoiceForm::setUpLabels()
+void ElectronicPrescriptionChoiceForm::setUpCaptions()
 {
-    const WidgetText captions[] = {
-        {"titleLabel", tr::Tr("electronicPrescriptionChoiceFormTitle", "Выбор рецепта")},
-        {"tradeNameLabel", tr::Tr("electronicPrescriptionChoiceFormTradeNameLabel", "Торговое наименование:")},
-        {"patientNameLabel", tr::Tr("electronicPrescriptionChoiceFormPatientNameLabel", "ФИО пациента:")},
-        {"patientBirthdayLabel",
-         tr::Tr("electronicPrescriptionChoiceFormPatientBirthdayLabel", "Дата рождения пациента:")},
-        {"practitionerNameLabel", tr::Tr("electronicPrescriptionChoiceFormPractitionerNameLabel", "ФИО врача:")},
-        {"organizationLabel", tr::Tr("electronicPrescriptionChoiceFormOrganizationLabel", "Организация:")},
+    const std::pair<QString, tr::Tr> captions[] = {
+        {u"titleLabel"_s, {"electronicPrescriptionChoiceFormTitle", "Выбор рецепта"}},
+        {u"tradeNameLabel"_s, {"electronicPrescriptionChoiceFormTradeNameLabel", "Торговое наименование:"}},
+        {u"patientNameLabel"_s, {"electronicPrescriptionChoiceFormPatientNameLabel", "ФИО пациента:"}},
+        {u"patientBirthdayLabel"_s,
+         {"electronicPrescriptionChoiceFormPatientBirthdayLabel", "Дата рождения пациента:"}},
+        {u"practitionerNameLabel"_s, {"electronicPrescriptionChoiceFormPractitionerNameLabel", "ФИО врача:"}},
+        {u"organizationLabel"_s, {"electronicPrescriptionChoiceFormOrganizationLabel", "Организация:"}},
     };
-    for (const auto& [name, text] : captions) {
-        setUp(findWidget<QLabel>(name), text);
+    for (const auto& [label, text] : captions) {
+        showText(label, text.ui());
     }
-    // They are filled row by row. A layout that lacks one is refused here, while somebody can be told.
-    for (const auto* name : {"tradeNameValueLabel", "patientNameValueLabel", "patientBirthdayValueLabel",
-                             "practitionerNameValueLabel", "organizationValueLabel"}) {
-        findWidget<QLabel>(name);
-    }
-}
-
-void ElectronicPrescriptionChoiceForm::setUpAccessibleNames()
-{
-    setAccessibleNames({
-        {"medicineNameLineEdit", tr::Tr("electronicPrescriptionChoiceFormFilter", "Поиск по МНН")},
-        {"electronicPrescriptionsTableView", tr::Tr("electronicPrescriptionChoiceFormTable", "Рецепты пациента")},
-        {"prescriptionScrollArea", tr::Tr("electronicPrescriptionChoiceFormDetails", "Сведения о рецепте")},
-        {"talloKeyboard", tr::Tr("electronicPrescriptionChoiceFormKeyboard", "Клавиатура")},
-        {"pageUpButton", tr::Tr("electronicPrescriptionChoiceFormPageUp", "Страница вверх")},
-        {"scrollUpButton", tr::Tr("electronicPrescriptionChoiceFormScrollUp", "Строка вверх")},
-        {"scrollDownButton", tr::Tr("electronicPrescriptionChoiceFormScrollDown", "Строка вниз")},
-        {"pageDownButton", tr::Tr("electronicPrescriptionChoiceFormPageDown", "Страница вниз")},
-    });
 }
 
 void ElectronicPrescriptionChoiceForm::setUpInput()
 {
-    m_tableView = findWidget<TalloTableView>("electronicPrescriptionsTableView");
-    m_filterField = findWidget<TalloLineEdit>("medicineNameLineEdit", false);
+    m_tableView = findWidget<TalloTableView>(u"electronicPrescriptionsTableView"_s);
+    m_filterField = findWidget<TalloLineEdit>(u"medicineNameLineEdit"_s);
     if (m_filterField) {
-        m_filterField->setPlaceholderText(m_filterField->accessibleName());
         m_filterField->installEventFilter(this);
         connect(m_filterField, &TalloLineEdit::textChanged, this, &ElectronicPrescriptionChoiceForm::filterTextChanged);
     }
@@ -200,35 +183,59 @@ void ElectronicPrescriptionChoiceForm::setUpInput()
     rootWidget()->installEventFilter(m_dialogEventFilter);
 }
 
+void ElectronicPrescriptionChoiceForm::setUpAccessibleNames()
+{
+    setAccessibleNames({
+        {u"medicineNameLineEdit"_s, {"electronicPrescriptionChoiceFormFilter", "Поиск по МНН"}},
+        {u"electronicPrescriptionsTableView"_s, {"electronicPrescriptionChoiceFormTable", "Рецепты пациента"}},
+        {u"prescriptionScrollArea"_s, {"electronicPrescriptionChoiceFormDetails", "Сведения о рецепте"}},
+        {u"talloKeyboard"_s, {"electronicPrescriptionChoiceFormKeyboard", "Клавиатура"}},
+        {u"pageUpButton"_s, {"electronicPrescriptionChoiceFormPageUp", "Страница вверх"}},
+        {u"scrollUpButton"_s, {"electronicPrescriptionChoiceFormScrollUp", "Строка вверх"}},
+        {u"scrollDownButton"_s, {"electronicPrescriptionChoiceFormScrollDown", "Строка вниз"}},
+        {u"pageDownButton"_s, {"electronicPrescriptionChoiceFormPageDown", "Страница вниз"}},
+    });
+    if (m_filterField) {
+        m_filterField->setPlaceholderText(m_filterField->accessibleName());
+    }
+}
+
 void ElectronicPrescriptionChoiceForm::setSettings() const
 {
-    // name;caption;width;shown;alignment: the name takes the room that the others leave, the date is centred.
-    const QString columns = "medicineName;МНН;-1;true;128, code;;-2;true;128, prescriptionDate;;-2;true;132,"
-                            "doseQuantity;;-2;true;128, dispensedDoseQuantity;;-2;true;128";
-    m_tableView->setColumns(columns.split(','));
+    if (!m_tableView) {
+        return;
+    }
+    // The blanks before some names belong to the columns' texts.
+    const int fitting = TableColumn::fittingContents;
+    m_tableView->setColumns(TableColumn::texts({
+        {.name = u"medicineName"_s, .caption = u"МНН"_s},
+        {.name = u" code"_s, .width = fitting},
+        {.name = u" prescriptionDate"_s, .width = fitting, .alignment = TableColumn::centred},
+        {.name = u"doseQuantity"_s, .width = fitting},
+        {.name = u" dispensedDoseQuantity"_s, .width = fitting},
+    }));
 }
 
 void ElectronicPrescriptionChoiceForm::applyFilter(const QString& text)
 {
     m_proxyModel->addFilter(ElectronicPrescriptionChoiceModel::Inn, text, ComplexFilterProxyModel::Contains);
     selectRow(0);
-    tellIfNothingMatches(text);
+    showWhetherAnyMatches(text);
 }
 
-void ElectronicPrescriptionChoiceForm::tellIfNothingMatches(const QString& text)
+void ElectronicPrescriptionChoiceForm::showWhetherAnyMatches(const QString& text)
 {
     const bool isNoneLeft = m_proxyModel->rowCount() == 0;
-    if (auto* hint = findWidget<QLabel>("noMatchLabel", false)) {
+    if (auto* hint = findWidget<QLabel>(u"noMatchLabel"_s, false)) {
         const auto quoted = hint->fontMetrics().elidedText(text, Qt::ElideRight, longestQuote);
-        hint->setText(
-            tr::Tr("electronicPrescriptionChoiceFormNoMatch", "Нет рецептов, где МНН содержит «%1». Измените поиск.")
-                .arg(quoted)
-                .ui());
+        const tr::Tr noMatch("electronicPrescriptionChoiceFormNoMatch",
+                             "Нет рецептов, где МНН содержит «%1». Измените поиск.");
+        showText(u"noMatchLabel"_s, noMatch.arg(quoted).ui(), false);
         hint->setVisible(isNoneLeft);
     }
-    // It goes on answering as onOk() does, so it only looks as if there were nothing to choose.
-    if (auto* okButton = findWidget<QPushButton>("okButton", false)) {
-        setStyleProperty(*okButton, "idle", isNoneLeft);
+    // The button answers as onOk() does, so it only looks as if there were nothing to choose.
+    if (auto* okButton = findWidget<QPushButton>(u"okButton"_s, false)) {
+        setStyleProperty(*okButton, u"idle"_s, isNoneLeft);
     }
 }
 
@@ -244,14 +251,7 @@ QModelIndex ElectronicPrescriptionChoiceForm::sourceIndex(const QModelIndex& sho
     return m_proxyModel->mapToSource(m_proxyModel->index(shown.row(), 0));
 }
 
-void ElectronicPrescriptionChoiceForm::setValue(const QString& label, const QString& text)
-{
-    if (auto* found = findWidget<QLabel>(label)) {
-        found->setText(text);
-    }
-}
-
 void ElectronicPrescriptionChoiceForm::sendAnswer(const QVariant& answer) const
 {
-    sendDialogAnswer("data", answer);
+    answerForm(u"data"_s, answer);
 }

@@ -14,10 +14,10 @@ class ElectronicPrescriptionChoiceModel;
 class TalloLineEdit;
 class TalloTableView;
 
-/// Has the cashier choose one of a patient's prescriptions. Answers "data": the row in the record's list, or -1.
+/// Lets the cashier choose one of a patient's prescriptions. Answers "data": its row in the record's list, or -1.
 ///
-/// Layout: "electronicprescriptionchoice.ui". What was typed into the filter and which row was chosen is remembered
-/// from one opening to the next, so that a cashier who comes back finds the list as it was.
+/// Layout: "electronicprescriptionchoice.ui". The text of the filter and the chosen row are remembered from one opening
+/// to the next: a cashier who comes back finds the list unchanged.
 class ElectronicPrescriptionChoiceForm : public BasicForm
 {
     Q_OBJECT
@@ -29,11 +29,17 @@ public:
     /// Opens with the remembered filter and its first row; without a filter with the remembered row.
     void show() override;
 
+    /// Describes the table's columns.
+    void setSettings() const;
+    /// Answers "data" and ends the form.
+    void sendAnswer(const QVariant& answer) const;
+
 public slots:
     /// Answers with the current row; without one as onCancel().
     void onOk();
+    /// Forgets filter and row, and answers -1.
     void onCancel();
-    /// Shows only the rows whose non-proprietary name contains `text`, whatever the case.
+    /// Shows only the rows whose non-proprietary name contains `text`; case is ignored.
     void filterTextChanged(const QString& text);
     /// Shows the details of the current row beside the table. An invalid index leaves them as they are.
     void onCurrentChanged(const QModelIndex& current, const QModelIndex& previous);
@@ -41,18 +47,15 @@ public slots:
 private:
     void setUpKeyboard();
     void setUpButtons();
-    void setUpLabels();
-    void setUpAccessibleNames();
+    void setUpCaptions();
     void setUpInput();
-    void setSettings() const;
+    void setUpAccessibleNames();
     void applyFilter(const QString& text);
-    /// Says in "noMatchLabel", where the layout has it, that no row passes the filter.
-    void tellIfNothingMatches(const QString& text);
+    /// Shows in "noMatchLabel", where the layout has it, that no row passes the filter.
+    void showWhetherAnyMatches(const QString& text);
     void selectRow(int row);
     /// The model's index of a row of the table; invalid when there is no such row.
     QModelIndex sourceIndex(const QModelIndex& shown) const;
-    void setValue(const QString& label, const QString& text);
-    void sendAnswer(const QVariant& answer) const;
 
     ElectronicPrescriptionChoiceModel* m_model = nullptr;
     TalloTableView* m_tableView = nullptr;

@@ -9,7 +9,7 @@
 #include <QSharedPointer>
 #include <QStringList>
 
-/// A patient's prescriptions as a flat table, one row each, in the order given. It never changes.
+/// A patient's prescriptions as a flat table, one row each, in the order given. The rows never change.
 class ElectronicPrescriptionChoiceModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
         DispensedDoseQuantity,
     };
 
-    /// @param patient whose prescriptions they are; kept for the form
+    /// @param patient the prescriptions' patient; kept for the form
     ElectronicPrescriptionChoiceModel(const QList<QSharedPointer<ElectronicPrescription>>& electronicPrescriptions,
                                       const QSharedPointer<Patient>& patient, QObject* parent);
 
@@ -33,8 +33,8 @@ public:
     QModelIndex parent(const QModelIndex& child) const override;
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
-    /// The cell's text under the display role: dates as "yyyy-MM-dd" (an invalid one is empty), doses with three
-    /// decimals. An invalid QVariant under any other role and for what is out of range.
+    /// For the display role the text of the cell: dates as "yyyy-MM-dd" (an invalid one is empty), doses with three
+    /// decimals. An invalid QVariant for any other role and for a cell out of range.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 

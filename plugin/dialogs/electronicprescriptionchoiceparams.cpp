@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionchoiceparams.h"
 
+#include "askform.h"
 #include "prescriptionevents.h"
 
 ElectronicPrescriptionChoiceParams::ElectronicPrescriptionChoiceParams(
@@ -36,7 +37,7 @@ bool ElectronicPrescriptionChoiceParams::isUseLast() const
 
 Event ElectronicPrescriptionChoiceParams::getEvent() const
 {
-    return Event(prescriptionevents::choosePrescription).addArgument("params", QVariant::fromValue(*this));
+    return formEvent(prescriptionevents::choosePrescription, QVariant::fromValue(*this));
 }
 
 bool ElectronicPrescriptionChoiceParams::operator==(const ElectronicPrescriptionChoiceParams& other) const

@@ -10,17 +10,17 @@
 #include <QSharedPointer>
 #include <QString>
 
-/// What the choice list shows: a patient's prescriptions. A value type that travels in an event's "params".
+/// The contents of the choice list: a patient's prescriptions. A value type, carried as "params" of an event.
 class ElectronicPrescriptionChoiceParams
 {
 public:
-    /// An empty list, no patient, nothing remembered.
+    /// An empty list, no patient; filter and row are forgotten.
     ElectronicPrescriptionChoiceParams() = default;
 
     /// @param electronicPrescriptions the prescriptions offered; the answer is a row of this list
-    /// @param status the registry's status that they were asked for; carried, not shown
-    /// @param patient whose prescriptions they are; not null when the list holds any
-    /// @param useLast true: the list opens with the filter and the row that it was left with
+    /// @param status the registry's status that they were requested with; not shown
+    /// @param patient the prescriptions' patient; null: the patient's labels stay as they are laid out
+    /// @param useLast true: the list opens with its last filter and row
     ElectronicPrescriptionChoiceParams(const QList<QSharedPointer<ElectronicPrescription>>& electronicPrescriptions,
                                        const QString& status, const QSharedPointer<Patient>& patient, bool useLast);
 
@@ -32,7 +32,7 @@ public:
     /// The event that asks for the choice list, with this record as "params".
     Event getEvent() const;
 
-    /// The very same prescription objects in the same order, equal status, equal useLast. The patient does not count.
+    /// The same prescription objects in the same order, equal status, equal useLast. The patient does not count.
     bool operator==(const ElectronicPrescriptionChoiceParams& other) const;
 
 private:

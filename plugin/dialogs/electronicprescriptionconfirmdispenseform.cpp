@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionconfirmdispenseform.h"
 
-#include "dialoganswer.h"
 #include "dialogeventfilter.h"
-#include "widgettext.h"
+#include "formanswer.h"
+#include "formbutton.h"
 
-#include <QLabel>
 #include <QPushButton>
+
+using namespace Qt::StringLiterals;
 
 ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispenseForm(
     const ElectronicPrescriptionConfirmDispenseParams& params, QObject* parent)
@@ -14,21 +15,22 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
 {
     using Form = ElectronicPrescriptionConfirmDispenseForm;
     setContextCode(EContext::DialogOnTop);
-    loadUI("electronicprescriptionconfirmdispense.ui");
+    loadUI(u"electronicprescriptionconfirmdispense.ui"_s);
 
-    const WidgetButton<Form> buttons[] = {
-        {"cancelButton", tr::Tr("electronicPrescriptionConfirmDispenseFormCancelButton", "Отмена"), &Form::onCancel},
-        {"completeDispenseButton",
-         tr::Tr("electronicPrescriptionConfirmDispenseFormCompleteDispenseButton", "Полностью"),
+    const FormButton<Form> buttons[] = {
+        {u"cancelButton"_s, {"electronicPrescriptionConfirmDispenseFormCancelButton", "Отмена"}, &Form::onCancel},
+        {u"completeDispenseButton"_s,
+         {"electronicPrescriptionConfirmDispenseFormCompleteDispenseButton", "Полностью"},
          &Form::onCompleteDispense},
-        {"partDispenseButton", tr::Tr("electronicPrescriptionConfirmDispenseFormPartDispenseButton", "Частично"),
+        {u"partDispenseButton"_s,
+         {"electronicPrescriptionConfirmDispenseFormPartDispenseButton", "Частично"},
          &Form::onPartDispense},
     };
     for (const auto& button : buttons) {
-        setUp(findWidget<QPushButton>(button.widget), button, this);
+        setUp(findWidget<QPushButton>(button.name), button, this);
     }
-    setUp(findWidget<QLabel>("titleLabel"),
-          tr::Tr("electronicPrescriptionConfirmDispenseFormTitle", "Подтверждение отпуска по рецепту"));
+    showText(u"titleLabel"_s,
+             tr::Tr("electronicPrescriptionConfirmDispenseFormTitle", "Подтверждение отпуска по рецепту").ui());
 
     auto* dialogEventFilter = new DialogEventFilter(this);
     connect(dialogEventFilter, &DialogEventFilter::cancel, this, &Form::onCancel);
@@ -39,10 +41,10 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
     if (!prescription) {
         return;
     }
-    setUp(findWidget<QLabel>("confirmDispenseLabel"),
-          tr::Tr("electronicPrescriptionConfirmDispenseFormConfirmDispenseLabel",
-                 "Лекарственный препарат по рецепту на\n'%1'\nотпущен")
-              .arg(prescription->getInn()));
+    showText(u"confirmDispenseLabel"_s, tr::Tr("electronicPrescriptionConfirmDispenseFormConfirmDispenseLabel",
+                                               "Лекарственный препарат по рецепту на\n'%1'\nотпущен")
+                                            .arg(prescription->getInn())
+                                            .ui());
 }
 
 void ElectronicPrescriptionConfirmDispenseForm::onCompleteDispense()
@@ -62,5 +64,5 @@ void ElectronicPrescriptionConfirmDispenseForm::onCancel()
 
 void ElectronicPrescriptionConfirmDispenseForm::sendAnswer(const QVariant& answer) const
 {
-    sendDialogAnswer("status", answer);
+    answerForm(u"status"_s, answer);
 }

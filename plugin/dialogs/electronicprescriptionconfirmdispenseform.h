@@ -6,7 +6,7 @@
 
 #include <QVariant>
 
-/// Asks whether a prescription was served in full. Answers "status": 1 in full, 2 in part, -1 go back.
+/// Asks whether a prescription was served in full. Answers "status": 1 in full, 2 in part, -1 back.
 ///
 /// Layout: "electronicprescriptionconfirmdispense.ui".
 class ElectronicPrescriptionConfirmDispenseForm : public BasicDialogForm
@@ -23,6 +23,7 @@ public slots:
     void onPartDispense();
     void onCancel();
 
-private:
+public:
+    /// Answers "status" and ends the form.
     void sendAnswer(const QVariant& answer) const;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionconfirmdispenseparams.h"
 
+#include "askform.h"
 #include "prescriptionevents.h"
 
 ElectronicPrescriptionConfirmDispenseParams::ElectronicPrescriptionConfirmDispenseParams(
@@ -17,7 +18,7 @@ void ElectronicPrescriptionConfirmDispenseParams::getElectronicPrescription(
 
 Event ElectronicPrescriptionConfirmDispenseParams::getEvent() const
 {
-    return Event(prescriptionevents::confirmDispense).addArgument("params", QVariant::fromValue(*this));
+    return formEvent(prescriptionevents::confirmDispense, QVariant::fromValue(*this));
 }
 
 bool ElectronicPrescriptionConfirmDispenseParams::operator==(

@@ -7,14 +7,14 @@
 #include <QMetaType>
 #include <QSharedPointer>
 
-/// What the dispense confirmation is about: one prescription. A value type that travels in an event's "params".
+/// The contents of the dispense confirmation: a prescription. A value type, carried as "params" of an event.
 class ElectronicPrescriptionConfirmDispenseParams
 {
 public:
     /// No prescription.
     ElectronicPrescriptionConfirmDispenseParams() = default;
 
-    /// @param electronicPrescription the prescription served; null: the form stays as it is laid out
+    /// @param electronicPrescription the prescription that was served; null: the form stays as it is laid out
     explicit ElectronicPrescriptionConfirmDispenseParams(
         const QSharedPointer<ElectronicPrescription>& electronicPrescription);
 
@@ -23,7 +23,7 @@ public:
     /// The event that asks for the confirmation form, with this record as "params".
     Event getEvent() const;
 
-    /// The very same prescription object.
+    /// The same prescription object.
     bool operator==(const ElectronicPrescriptionConfirmDispenseParams& other) const;
 
 private:

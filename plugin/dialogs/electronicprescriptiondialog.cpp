@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptiondialog.h"
 
+using namespace Qt::StringLiterals;
+
 ElectronicPrescriptionDialog::ElectronicPrescriptionDialog(QObject* parent)
     : core::BasicDialog(parent)
 {
@@ -9,7 +11,7 @@ ElectronicPrescriptionDialog::ElectronicPrescriptionDialog(QObject* parent)
 int ElectronicPrescriptionDialog::choiceElectronicPrescription(const ElectronicPrescriptionChoiceParams& params)
 {
     const auto result = show(false, false, EInput::Keyboard, params.getEvent());
-    return result.getData().toMap().value("data").toInt();
+    return result.getData().toMap().value(u"data"_s).toInt();
 }
 
 core::BasicDialog::Result

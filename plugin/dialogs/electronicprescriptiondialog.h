@@ -7,18 +7,18 @@
 #include "electronicprescriptionparams.h"
 #include "mockfactory.h"
 
-/// The plug-in's questions to the cashier. Each shows a form and returns when it has been answered.
+/// The plug-in's questions to the cashier. Each shows a form and blocks, in an event loop, until it is answered.
 ///
-/// Without state: one object serves any number of questions. The workflow takes it from create(), so that a test can
-/// answer in the cashier's place. What a form's constructor throws (a layout without a widget, for example) passes
-/// through. `MockFactory` stands first among the bases, so there is no Q_OBJECT.
+/// It has no state: one object serves any number of questions. The workflow takes it from create(), so that a test can
+/// answer in the cashier's place. Exceptions of a form's constructor, for example for a layout that lacks a widget,
+/// pass through. There is no Q_OBJECT because `MockFactory` is the first base.
 class ElectronicPrescriptionDialog : public MockFactory<ElectronicPrescriptionDialog>, public core::BasicDialog
 {
 public:
     explicit ElectronicPrescriptionDialog(QObject* parent = nullptr);
 
-    /// Has one prescription chosen from a list.
-    /// @return its row in the record's list; negative: none was chosen. An answer without "data" reads as 0.
+    /// Lets the cashier choose one prescription of a list.
+    /// @return its row in the record's list; negative: none was chosen. An answer without "data" is 0
     virtual int choiceElectronicPrescription(const ElectronicPrescriptionChoiceParams& params);
 
     /// Shows one prescription's details.

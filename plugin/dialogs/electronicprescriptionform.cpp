@@ -3,38 +3,191 @@
 
 #include "config.h"
 #include "currenttime.h"
-#include "dialoganswer.h"
 #include "dialogeventfilter.h"
+#include "formanswer.h"
+#include "formbutton.h"
 #include "prescriptiondate.h"
-#include "widgettext.h"
 
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QShortcut>
 
-#include <algorithm>
-#include <iterator>
-#include <utility>
+#include <functional>
+#include <optional>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
 
-/// A discount above this, in percent, is shown as more than 0.00%.
+/// Up to this, in percent, a discount is shown as 0.00%.
 constexpr double unseenDiscountPercent = 0.005;
 
-QString doses(double quantity)
+struct Shown {
+    const ElectronicPrescription& prescription;
+    const Patient* patient; ///< null: unknown
+};
+
+/// The text of a field; nothing: it is unknown.
+using Value = std::function<std::optional<QString>(const Shown&)>;
+
+/// Whether a field is always known. The values are filled in this order.
+enum class Presence {
+    Always,
+    MaybeUnknown,      ///< then its value label stays as it is laid out
+    HiddenWhenUnknown, ///< then its row is hidden
+};
+
+/// A field of a prescription: one row of the form.
+struct Field {
+    QString name; ///< the caption's object name is name + "Label", the value's is name + "ValueLabel"
+    tr::Tr caption;
+    Value value;
+    Presence presence = Presence::Always;
+
+    QString captionLabel() const { return name + "Label"_L1; }
+    QString valueLabel() const { return name + "ValueLabel"_L1; }
+};
+
+QString asText(const QString& text)
 {
-    return QString::number(quantity, 'f', 2);
+    return text;
+}
+
+QString asText(const QDate& date)
+{
+    return formatted(date);
+}
+
+/// Two decimals, where the choice list has three.
+QString asText(double number)
+{
+    return QString::number(number, 'f', 2);
+}
+
+template <typename T>
+Value of(T (ElectronicPrescription::*getter)() const)
+{
+    return [getter](const Shown& shown) { return asText((shown.prescription.*getter)()); };
+}
+
+template <typename T>
+Value of(T (Patient::*getter)() const)
+{
+    return [getter](const Shown& shown) {
+        return shown.patient ? std::optional(asText((shown.patient->*getter)())) : std::nullopt;
+    };
+}
+
+Value ofUnlessEmpty(QString (ElectronicPrescription::*getter)() const)
+{
+    return [getter](const Shown& shown) {
+        const QString text = (shown.prescription.*getter)();
+        return text.isEmpty() ? std::nullopt : std::optional(text);
+    };
+}
+
+QString prescribedBy(const Shown& shown)
+{
+    return shown.prescription.isPrescribedByInn()
+               ? tr::Tr("electronicPrescriptionFormPrescribedByInn", "МНН").ui()
+               : tr::Tr("electronicPrescriptionFormPrescribedByTradeName", "Торговому наименованию").ui();
+}
+
+QString digitalSignature(const Shown& shown)
+{
+    return shown.prescription.hasDigitalSignature()
+               ? tr::Tr("electronicPrescriptionFormDigitalSignatureYes", "Да").ui()
+               : tr::Tr("electronicPrescriptionFormDigitalSignatureNo", "Нет").ui();
+}
+
+QString discount(const Shown& shown)
+{
+    return asText(shown.prescription.getDiscountPercent()) + u'%';
+}
+
+std::optional<QString> organization(const Shown& shown)
+{
+    const auto organization = shown.prescription.getPayingElectronicPrescriptionOrganization();
+    return organization ? std::optional(organization->getName()) : std::nullopt;
 }
 
 /// One date a line.
-QString lines(const QList<QDate>& dates)
+std::optional<QString> dispenseDates(const Shown& shown)
 {
-    QStringList texts;
-    std::transform(dates.cbegin(), dates.cend(), std::back_inserter(texts), formatted);
-    return texts.join('\n');
+    QList<QDate> dates;
+    shown.prescription.getMedicationDispenseDates(dates);
+    if (dates.isEmpty()) {
+        return std::nullopt;
+    }
+    QStringList lines;
+    for (const QDate& date : dates) {
+        lines.append(formatted(date));
+    }
+    return lines.join(u'\n');
+}
+
+const QList<Field>& fields()
+{
+    using Prescription = ElectronicPrescription;
+    static const QList<Field> all{
+        {u"innName"_s, {"electronicPrescriptionFormInnLabel", "МНН:"}, of(&Prescription::getInn)},
+        {u"innCode"_s, {"electronicPrescriptionFormInnCodeLabel", "Код для МНН:"}, of(&Prescription::getInnCode)},
+        {u"medicineDictCode"_s,
+         {"electronicPrescriptionFormMedicineDictCodeLabel", "Код справочника\nАИС «ЭЛЕКТРОННЫЙ РЕЦЕПТ»:"},
+         ofUnlessEmpty(&Prescription::getDictCode),
+         Presence::HiddenWhenUnknown},
+        {u"medicineDictName"_s,
+         {"electronicPrescriptionFormMedicineDictNameLabel", "Наименование справочника\nАИС «ЭЛЕКТРОННЫЙ РЕЦЕПТ»:"},
+         ofUnlessEmpty(&Prescription::getDictName),
+         Presence::HiddenWhenUnknown},
+        {u"tradeName"_s,
+         {"electronicPrescriptionFormTradeNameLabel", "Торговое наименование:"},
+         of(&Prescription::getTradeName)},
+        {u"tradeNameCode"_s,
+         {"electronicPrescriptionFormTradeNameCodeLabel", "Код для торгового наименования:"},
+         of(&Prescription::getTradeNameCode)},
+        {u"prescribedByInnOrTradeName"_s,
+         {"electronicPrescriptionFormPrescribedByInnOrTradeNameLabel", "Рецепт выписан по:"},
+         prescribedBy},
+
+        {u"patientName"_s, {"electronicPrescriptionFormPatientNameLabel", "ФИО пациента:"}, of(&Patient::getName)},
+        {u"patientBirthday"_s,
+         {"electronicPrescriptionFormPatientBirthdayLabel", "Дата рождения пациента:"},
+         of(&Patient::getBirthday)},
+
+        {u"prescriptionDate"_s,
+         {"electronicPrescriptionFormPrescriptionDateLabel", "Дата выписки рецепта:"},
+         of(&Prescription::getPrescriptionDate)},
+        {u"expirationDate"_s,
+         {"electronicPrescriptionFormExpirationDateLabel", "Срок действия рецепта:"},
+         of(&Prescription::getExpirationDate)},
+        {u"practitionerName"_s,
+         {"electronicPrescriptionFormPractitionerNameLabel", "ФИО врача:"},
+         of(&Prescription::getPractitionerName)},
+        {u"digitalSignature"_s,
+         {"electronicPrescriptionFormDigitalSignatureLabel", "Рецепт подписан ЭЦП:"},
+         digitalSignature},
+        {u"discount"_s, {"electronicPrescriptionFormDiscountLabel", "Процент льготы:"}, discount},
+        {u"organization"_s,
+         {"electronicPrescriptionFormOrganizationLabel", "Организация:"},
+         organization,
+         Presence::MaybeUnknown},
+
+        {u"doseQuantity"_s,
+         {"electronicPrescriptionFormDoseQuantityLabel", "Количество выписанных доз:"},
+         of(&Prescription::getDoseQuantity)},
+        {u"dispensedDoseQuantity"_s,
+         {"electronicPrescriptionFormDispensedDoseQuantityLabel", "Количество отпущенных доз:"},
+         of(&Prescription::getDispensedDoseQuantity)},
+        {u"instructions"_s,
+         {"electronicPrescriptionFormInstructionsLabel", "Инструкция по применению:"},
+         of(&Prescription::getInstructions)},
+        {u"medicationDispenseDates"_s,
+         {"electronicPrescriptionFormMedicationDispenseDatesLabel", "Даты отпуска препарата по рецепту:"},
+         dispenseDates,
+         Presence::HiddenWhenUnknown},
+    };
+    return all;
 }
 
 } // namespace
@@ -43,8 +196,8 @@ ElectronicPrescriptionForm::ElectronicPrescriptionForm(const ElectronicPrescript
     : BasicForm(parent)
 {
     setContextCode(EContext::DialogOnTop);
-    loadUI("electronicprescription.ui");
-    setUpButtons(params.getStatus() == "active");
+    loadUI(u"electronicprescription.ui"_s);
+    setUpButtons(params.getStatus() == "active"_L1);
     setUpCaptions();
     setUpKeys();
 
@@ -55,8 +208,7 @@ ElectronicPrescriptionForm::ElectronicPrescriptionForm(const ElectronicPrescript
     }
     QSharedPointer<Patient> patient;
     params.getPatient(patient);
-    const Patient nobody{QString(), QDate()};
-    fill(*prescription, patient ? *patient : nobody);
+    fill(*prescription, patient.data());
 }
 
 void ElectronicPrescriptionForm::onChoose()
@@ -72,51 +224,25 @@ void ElectronicPrescriptionForm::onCancel()
 void ElectronicPrescriptionForm::setUpButtons(bool isActive)
 {
     using Form = ElectronicPrescriptionForm;
-    const WidgetButton<Form> buttons[] = {
-        {"cancelButton", tr::Tr("electronicPrescriptionFormCancelButton", "Назад"), &Form::onCancel},
-        {"chooseButton", tr::Tr("electronicPrescriptionFormChooseButton", "Подобрать"), &Form::onChoose},
+    const FormButton<Form> buttons[] = {
+        {u"cancelButton"_s, {"electronicPrescriptionFormCancelButton", "Назад"}, &Form::onCancel},
+        {u"chooseButton"_s, {"electronicPrescriptionFormChooseButton", "Подобрать"}, &Form::onChoose},
     };
     for (const auto& button : buttons) {
-        setUp(findWidget<QPushButton>(button.widget), button, this);
+        setUp(findWidget<QPushButton>(button.name), button, this);
     }
-    if (auto* chooseButton = findWidget<QPushButton>("chooseButton")) {
+    if (auto* chooseButton = findWidget<QPushButton>(u"chooseButton"_s, false)) {
         chooseButton->setEnabled(isActive);
     }
 }
 
 void ElectronicPrescriptionForm::setUpCaptions()
 {
-    const WidgetText captions[] = {
-        {"titleLabel", tr::Tr("electronicPrescriptionFormTitle", "Электронный рецепт")},
-        {"innNameLabel", tr::Tr("electronicPrescriptionFormInnLabel", "МНН:")},
-        {"innCodeLabel", tr::Tr("electronicPrescriptionFormInnCodeLabel", "Код для МНН:")},
-        {"medicineDictCodeLabel",
-         tr::Tr("electronicPrescriptionFormMedicineDictCodeLabel", "Код справочника\nАИС «ЭЛЕКТРОННЫЙ РЕЦЕПТ»:")},
-        {"medicineDictNameLabel", tr::Tr("electronicPrescriptionFormMedicineDictNameLabel",
-                                         "Наименование справочника\nАИС «ЭЛЕКТРОННЫЙ РЕЦЕПТ»:")},
-        {"tradeNameLabel", tr::Tr("electronicPrescriptionFormTradeNameLabel", "Торговое наименование:")},
-        {"tradeNameCodeLabel",
-         tr::Tr("electronicPrescriptionFormTradeNameCodeLabel", "Код для торгового наименования:")},
-        {"prescribedByInnOrTradeNameLabel",
-         tr::Tr("electronicPrescriptionFormPrescribedByInnOrTradeNameLabel", "Рецепт выписан по:")},
-        {"patientNameLabel", tr::Tr("electronicPrescriptionFormPatientNameLabel", "ФИО пациента:")},
-        {"patientBirthdayLabel", tr::Tr("electronicPrescriptionFormPatientBirthdayLabel", "Дата рождения пациента:")},
-        {"prescriptionDateLabel", tr::Tr("electronicPrescriptionFormPrescriptionDateLabel", "Дата выписки рецепта:")},
-        {"expirationDateLabel", tr::Tr("electronicPrescriptionFormExpirationDateLabel", "Срок действия рецепта:")},
-        {"practitionerNameLabel", tr::Tr("electronicPrescriptionFormPractitionerNameLabel", "ФИО врача:")},
-        {"digitalSignatureLabel", tr::Tr("electronicPrescriptionFormDigitalSignatureLabel", "Рецепт подписан ЭЦП:")},
-        {"discountLabel", tr::Tr("electronicPrescriptionFormDiscountLabel", "Процент льготы:")},
-        {"organizationLabel", tr::Tr("electronicPrescriptionFormOrganizationLabel", "Организация:")},
-        {"doseQuantityLabel", tr::Tr("electronicPrescriptionFormDoseQuantityLabel", "Количество выписанных доз:")},
-        {"dispensedDoseQuantityLabel",
-         tr::Tr("electronicPrescriptionFormDispensedDoseQuantityLabel", "Количество отпущенных доз:")},
-        {"instructionsLabel", tr::Tr("electronicPrescriptionFormInstructionsLabel", "Инструкция по применению:")},
-        {"medicationDispenseDatesLabel",
-         tr::Tr("electronicPrescriptionFormMedicationDispenseDatesLabel", "Даты отпуска препарата по рецепту:")},
-    };
-    for (const auto& [name, text] : captions) {
-        setUp(findWidget<QLabel>(name), text);
+    showText(u"titleLabel"_s, tr::Tr("electronicPrescriptionFormTitle", "Электронный рецепт").ui());
+    for (const Field& field : fields()) {
+        showText(field.captionLabel(), field.caption.ui());
     }
+    setAccessibleNames({{u"detailsScrollArea"_s, {"electronicPrescriptionFormDetails", "Сведения о рецепте"}}});
 }
 
 void ElectronicPrescriptionForm::setUpKeys()
@@ -124,108 +250,59 @@ void ElectronicPrescriptionForm::setUpKeys()
     auto* dialogEventFilter = new DialogEventFilter(this);
     connect(dialogEventFilter, &DialogEventFilter::cancel, this, &ElectronicPrescriptionForm::onCancel);
     rootWidget()->installEventFilter(dialogEventFilter);
-
-    auto* scrollArea = findWidget<QScrollArea>("detailsScrollArea", false);
-    if (!scrollArea) {
-        return;
-    }
-    scrollArea->setAccessibleName(tr::Tr("electronicPrescriptionFormDetails", "Сведения о рецепте").ui());
-    // The focus stands on a button, so the keys that scroll are the form's.
-    constexpr std::pair<Qt::Key, QAbstractSlider::SliderAction> scrollKeys[] = {
-        {Qt::Key_Up, QAbstractSlider::SliderSingleStepSub},   {Qt::Key_Down, QAbstractSlider::SliderSingleStepAdd},
-        {Qt::Key_PageUp, QAbstractSlider::SliderPageStepSub}, {Qt::Key_PageDown, QAbstractSlider::SliderPageStepAdd},
-        {Qt::Key_Home, QAbstractSlider::SliderToMinimum},     {Qt::Key_End, QAbstractSlider::SliderToMaximum},
-    };
-    for (const auto& [key, action] : scrollKeys) {
-        auto* shortcut = new QShortcut(key, rootWidget());
-        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        connect(shortcut, &QShortcut::activated, scrollArea,
-                [scrollArea, scrollAction = action] { scrollArea->verticalScrollBar()->triggerAction(scrollAction); });
-    }
 }
 
-void ElectronicPrescriptionForm::fill(const ElectronicPrescription& prescription, const Patient& patient)
+void ElectronicPrescriptionForm::fill(const ElectronicPrescription& prescription, const Patient* patient)
 {
-    const auto prescribedBy = prescription.isPrescribedByInn()
-                                  ? tr::Tr("electronicPrescriptionFormPrescribedByInn", "МНН")
-                                  : tr::Tr("electronicPrescriptionFormPrescribedByTradeName", "Торговому наименованию");
-    const auto signature = prescription.hasDigitalSignature()
-                               ? tr::Tr("electronicPrescriptionFormDigitalSignatureYes", "Да")
-                               : tr::Tr("electronicPrescriptionFormDigitalSignatureNo", "Нет");
-    const double discountPercent = prescription.getDiscountPercent();
-    const auto dictCode = prescription.getDictCode();
-    const auto dictName = prescription.getDictName();
-    QList<QDate> dispenseDates;
-    prescription.getMedicationDispenseDates(dispenseDates);
-
-    setValue("innNameValueLabel", prescription.getInn());
-    setValue("innCodeValueLabel", prescription.getInnCode());
-    setValue("tradeNameValueLabel", prescription.getTradeName());
-    setValue("tradeNameCodeValueLabel", prescription.getTradeNameCode());
-    setValue("prescribedByInnOrTradeNameValueLabel", prescribedBy.ui());
-    setValue("patientNameValueLabel", patient.getName());
-    setValue("patientBirthdayValueLabel", formatted(patient.getBirthday()));
-    setValue("prescriptionDateValueLabel", formatted(prescription.getPrescriptionDate()));
-    setValue("expirationDateValueLabel", formatted(prescription.getExpirationDate()));
-    setValue("practitionerNameValueLabel", prescription.getPractitionerName());
-    setValue("digitalSignatureValueLabel", signature.ui());
-    setValue("discountValueLabel", QString::number(discountPercent, 'f', 2) + '%');
-    setValue("doseQuantityValueLabel", doses(prescription.getDoseQuantity()));
-    setValue("dispensedDoseQuantityValueLabel", doses(prescription.getDispensedDoseQuantity()));
-    setValue("instructionsValueLabel", prescription.getInstructions());
-    if (const auto organization = prescription.getPayingElectronicPrescriptionOrganization()) {
-        setValue("organizationValueLabel", organization->getName());
+    const Shown shown{prescription, patient};
+    for (const auto presence : {Presence::Always, Presence::MaybeUnknown, Presence::HiddenWhenUnknown}) {
+        for (const Field& field : fields()) {
+            if (field.presence != presence) {
+                continue;
+            }
+            const auto value = field.value(shown);
+            if (value || presence == Presence::HiddenWhenUnknown) {
+                showText(field.valueLabel(), value.value_or(QString()));
+            }
+        }
     }
-    setValue("medicineDictCodeValueLabel", dictCode);
-    setValue("medicineDictNameValueLabel", dictName);
-    setValue("medicationDispenseDatesValueLabel", lines(dispenseDates));
-
-    if (discountPercent > unseenDiscountPercent) {
+    if (prescription.getDiscountPercent() > unseenDiscountPercent) {
         highlightDiscount();
     }
-    tellIfExpired(prescription.getExpirationDate());
-
-    setRowVisible("medicineDictCodeLabel", "medicineDictCodeValueLabel", !dictCode.isEmpty());
-    setRowVisible("medicineDictNameLabel", "medicineDictNameValueLabel", !dictName.isEmpty());
-    setRowVisible("medicationDispenseDatesLabel", "medicationDispenseDatesValueLabel", !dispenseDates.isEmpty());
-}
-
-void ElectronicPrescriptionForm::setValue(const QString& label, const QString& text)
-{
-    if (auto* found = findWidget<QLabel>(label)) {
-        found->setText(text);
+    showIfExpired(prescription.getExpirationDate());
+    for (const Field& field : fields()) {
+        if (field.presence != Presence::HiddenWhenUnknown) {
+            continue;
+        }
+        for (const QString& name : {field.captionLabel(), field.valueLabel()}) {
+            if (auto* label = findWidget<QLabel>(name)) {
+                label->setVisible(field.value(shown).has_value());
+            }
+        }
     }
 }
 
 void ElectronicPrescriptionForm::highlightDiscount()
 {
-    if (auto* label = findWidget<QLabel>("discountValueLabel")) {
+    if (auto* label = findWidget<QLabel>(u"discountValueLabel"_s)) {
         label->setStyleSheet(
-            Singleton<Config>::get()->getString("GUI.ElectronicPrescriptionForm:discountLabelStyleSheet",
-                                                "QLabel { background-color: #ff4646; color: #000000 }"));
+            Singleton<Config>::get()->getString(u"GUI.ElectronicPrescriptionForm:discountLabelStyleSheet"_s,
+                                                u"QLabel { background-color: #ff4646; color: #000000 }"_s));
     }
 }
 
-void ElectronicPrescriptionForm::tellIfExpired(const QDate& lastDay)
+void ElectronicPrescriptionForm::showIfExpired(const QDate& lastDay)
 {
-    auto* label = findWidget<QLabel>("expiredLabel", false);
-    if (!label || !lastDay.isValid() || lastDay >= CurrentTime::create()->current().date()) {
+    if (!lastDay.isValid() || lastDay >= CurrentTime::create()->current().date()) {
         return;
     }
-    label->setText(tr::Tr("electronicPrescriptionFormExpired", "Срок действия истёк").ui());
-    label->show();
-}
-
-void ElectronicPrescriptionForm::setRowVisible(const QString& caption, const QString& value, bool isVisible)
-{
-    for (const auto& name : {caption, value}) {
-        if (auto* label = findWidget<QLabel>(name)) {
-            label->setVisible(isVisible);
-        }
+    showText(u"expiredLabel"_s, tr::Tr("electronicPrescriptionFormExpired", "Срок действия истёк").ui(), false);
+    if (auto* label = findWidget<QLabel>(u"expiredLabel"_s, false)) {
+        label->show();
     }
 }
 
 void ElectronicPrescriptionForm::sendAnswer(const QVariant& answer) const
 {
-    sendDialogAnswer("status", answer);
+    answerForm(u"status"_s, answer);
 }

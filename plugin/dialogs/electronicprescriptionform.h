@@ -23,16 +23,18 @@ public slots:
     void onChoose();
     void onCancel();
 
+public:
+    /// Answers "status" and ends the form.
+    void sendAnswer(const QVariant& answer) const;
+
 private:
     /// @param isActive whether the medicine can be picked
     void setUpButtons(bool isActive);
     void setUpCaptions();
     void setUpKeys();
-    void fill(const ElectronicPrescription& prescription, const Patient& patient);
-    void setValue(const QString& label, const QString& text);
+    /// @param patient null: the patient's labels stay as they are laid out
+    void fill(const ElectronicPrescription& prescription, const Patient* patient);
     void highlightDiscount();
-    /// Says so in "expiredLabel", where the layout has it. @param lastDay the prescription is still valid on it
-    void tellIfExpired(const QDate& lastDay);
-    void setRowVisible(const QString& caption, const QString& value, bool isVisible);
-    void sendAnswer(const QVariant& answer) const;
+    /// Shows "expiredLabel", where the layout has it, after `lastDay`: the prescription is still valid on that day.
+    void showIfExpired(const QDate& lastDay);
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionformcreator.h"
 
+#include "askform.h"
 #include "electronicprescriptionchoiceform.h"
 #include "electronicprescriptionchoiceparams.h"
 #include "electronicprescriptionconfirmdispenseform.h"
@@ -15,7 +16,7 @@ namespace
 template <typename Form, typename Params>
 QSharedPointer<BasicForm> createForm(const Event& event)
 {
-    return QSharedPointer<Form>(new Form(event.value("params").value<Params>(), nullptr));
+    return QSharedPointer<Form>(new Form(formParams<Params>(event), nullptr));
 }
 
 } // namespace

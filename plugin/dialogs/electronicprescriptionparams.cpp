@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionparams.h"
 
+#include "askform.h"
 #include "prescriptionevents.h"
 
 ElectronicPrescriptionParams::ElectronicPrescriptionParams(
@@ -30,7 +31,7 @@ void ElectronicPrescriptionParams::getPatient(QSharedPointer<Patient>& patient) 
 
 Event ElectronicPrescriptionParams::getEvent() const
 {
-    return Event(prescriptionevents::showPrescription).addArgument("params", QVariant::fromValue(*this));
+    return formEvent(prescriptionevents::showPrescription, QVariant::fromValue(*this));
 }
 
 bool ElectronicPrescriptionParams::operator==(const ElectronicPrescriptionParams& other) const

@@ -9,7 +9,7 @@
 #include <QSharedPointer>
 #include <QString>
 
-/// What the details form shows: one prescription and its patient. A value type that travels in an event's "params".
+/// The contents of the details form: a prescription and its patient. A value type, carried as "params" of an event.
 class ElectronicPrescriptionParams
 {
 public:
@@ -17,8 +17,8 @@ public:
     ElectronicPrescriptionParams() = default;
 
     /// @param electronicPrescription the prescription to show; null: the form stays as it is laid out
-    /// @param status the registry's status of the prescription; only "active" ones can be served
-    /// @param patient whose prescription it is; not null when there is a prescription
+    /// @param status the registry's status of the prescription; only an "active" one can be served
+    /// @param patient the prescription's patient; null: the patient's labels stay as they are laid out
     ElectronicPrescriptionParams(const QSharedPointer<ElectronicPrescription>& electronicPrescription,
                                  const QString& status, const QSharedPointer<Patient>& patient);
 
@@ -29,7 +29,7 @@ public:
     /// The event that asks for the details form, with this record as "params".
     Event getEvent() const;
 
-    /// The very same prescription object; status and patient do not count.
+    /// The same prescription object. Status and patient do not count.
     bool operator==(const ElectronicPrescriptionParams& other) const;
 
 private:

@@ -4,8 +4,8 @@
 #include <QDate>
 #include <QString>
 
-/// A date as the forms show it: "yyyy-MM-dd"; empty for an invalid one.
+/// A date as the forms show it: "yyyy-MM-dd". An invalid one is empty.
 inline QString formatted(const QDate& date)
 {
-    return date.toString("yyyy-MM-dd");
+    return date.toString(u"yyyy-MM-dd");
 }

@@ -2,6 +2,7 @@
 #include "action.h"
 #include "actionfactory.h"
 #include "actionqueuecontroller.h"
+#include "cashiermessage.h"
 #include "dialog.h"
 #include "electronicprescription.h"
 #include "electronicprescriptionservice.h"
@@ -92,8 +93,7 @@ bool ElectronicPrescriptionService::inputDispensedDoseQuantity(
             return true;
         }
 
-        Dialog::create()->showMessage({"electronicPrescriptionInputDispensedDoseQuantityError",
-                                       "Введено некорректное количество доз\nПовторите ввод"},
-                                      Dialog::Error, 1, 0);
+        showError({"electronicPrescriptionInputDispensedDoseQuantityError",
+                   "Введено некорректное количество доз\nПовторите ввод"});
     }
 }

@@ -11,7 +11,7 @@
 namespace
 {
 
-// Half a kopeck, and half a percent of a percent: what is no larger counts as nothing.
+// Half a kopeck, and half a percent of the price. What is not larger counts as nothing.
 constexpr double negligible = 0.005;
 
 } // namespace
@@ -20,7 +20,7 @@ void ElectronicPrescriptionService::fillElectronicPrescriptionDataForPosition(
     const QSharedPointer<ElectronicPrescription>& prescription, const QSharedPointer<GoodsItem>& position,
     bool finalDispense, double doses) const
 {
-    // Only active prescriptions are served, so theirs is the patient, whatever status the list was asked for under.
+    // Only active prescriptions can be served, so it is always their patient.
     const auto patient = patientCache.value(activeStatus);
     PositionOptions(*prescription, patient ? patient->getName() : QString(), finalDispense, doses).mark(*position);
 }

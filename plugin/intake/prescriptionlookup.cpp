@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "dialog.h"
+#include "cashiermessage.h"
 #include "electronicprescription.h"
 #include "electronicprescriptioninterface.h"
 #include "electronicprescriptionnoprescriptionsexception.h"
@@ -33,9 +33,9 @@ void ElectronicPrescriptionService::getElectronicPrescriptionsByCardNumber(const
             throw ElectronicPrescriptionNoPrescriptionsException(prescriptiontexts::noPrescriptions());
         }
     } catch (const ElectronicPrescriptionNoPrescriptionsException& exception) {
-        Dialog::create()->showMessage(exception.tr(), Dialog::Notice, 1, 0);
+        showNotice(exception.tr());
     } catch (const ElectronicPrescriptionException& exception) {
-        Dialog::create()->showMessage(exception.tr(), Dialog::Error, 1, 0);
+        showError(exception.tr());
     }
 }
 

@@ -158,7 +158,7 @@ void ElectronicPrescriptionService::fillPrescribedMedicine(const QJsonObject& re
         const QJsonObject medication = contained.toObject();
         const bool isBrand = medication["isBrand"_L1].toBool();
         const bool isPrescribed = text(medication, "id"_L1) == prescribedId;
-        // Every coding names the medicine, whatever its system: the last one stays.
+        // A coding of any system names the medicine, so that the last one stays.
         const QJsonArray codings = medication["code"_L1]["coding"_L1].toArray();
         for (const auto& element : codings) {
             const QJsonObject coding = element.toObject();

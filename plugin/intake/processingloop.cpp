@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "abstractdocument.h"
-#include "dialog.h"
+#include "cashiermessage.h"
 #include "electronicprescription.h"
 #include "electronicprescriptiondialog.h"
 #include "electronicprescriptionexception.h"
@@ -40,7 +40,7 @@ void ElectronicPrescriptionService::processElectronicPrescriptions(const QString
             repeated = true;
         }
     } catch (const ElectronicPrescriptionException& exception) {
-        Dialog::create()->showMessage(exception.tr(), Dialog::Error, 1, 0);
+        showError(exception.tr());
     }
 }
 

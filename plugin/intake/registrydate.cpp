@@ -6,7 +6,7 @@ namespace
 
 constexpr int notANumber = -1;
 
-/// ASCII digits only: other scripts' digits are no registry date.
+/// Takes ASCII digits only, not those of other scripts.
 int readNumber(QStringView digits)
 {
     int number = 0;

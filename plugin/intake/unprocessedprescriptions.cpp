@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "abstractdocument.h"
-#include "dialog.h"
+#include "cashiermessage.h"
 #include "electronicprescription.h"
 #include "electronicprescriptionservice.h"
 #include "goodsitem.h"
@@ -24,7 +24,7 @@ void ElectronicPrescriptionService::getUnprocessedElectronicPrescriptions(const 
 
     getUnprocessedElectronicPrescriptions(prescriptions);
     if (prescriptions.isEmpty()) {
-        Dialog::create()->showMessage(prescriptiontexts::noPrescriptions(), Dialog::Notice, 1, 0);
+        showNotice(prescriptiontexts::noPrescriptions());
     }
 }
 

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-// Half a cent, and half a percent: a share below it counts as none.
+// Half a percent. A share below it counts as none.
 constexpr double negligible = 0.005;
 
 QString today()

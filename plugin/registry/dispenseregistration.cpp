@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-// What the registry's transaction reports. A cancellation goes out as a POST and is reported as the PUT that it causes.
+// What the registry's transaction reports. A cancellation is sent as a POST and reported as a PUT.
 const QString registeredStatus = u"POST:201"_s;
 const QString cancelledStatus = u"PUT:200"_s;
 

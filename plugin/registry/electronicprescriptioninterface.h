@@ -42,8 +42,7 @@ public:
     /// Reads the settings from the register's configuration, section "ElectronicPrescription".
     ElectronicPrescriptionInterface();
     virtual ~ElectronicPrescriptionInterface();
-    ElectronicPrescriptionInterface(const ElectronicPrescriptionInterface&) = delete;
-    ElectronicPrescriptionInterface& operator=(const ElectronicPrescriptionInterface&) = delete;
+    Q_DISABLE_COPY_MOVE(ElectronicPrescriptionInterface)
 
     // A card's prescriptions: registry/prescriptionsbycard.cpp
 

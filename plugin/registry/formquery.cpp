@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Never null: QUrlQuery leaves out the "=" before a null value.
+/// Never null: before a null value QUrlQuery leaves out the "=".
 QString percentEncoded(const QString& value)
 {
     return value.isEmpty() ? u""_s : QString::fromLatin1(QUrl::toPercentEncoding(value));

@@ -77,6 +77,9 @@ bool ElectronicPrescriptionInterface::checkRequestResultStatus(const QJsonObject
 QUrl ElectronicPrescriptionInterface::formUrl(const QString& baseUrl, const QString& path) const
 {
     QUrl url(baseUrl, QUrl::TolerantMode);
+    if (!url.isValid()) {
+        return {}; // setPath() would make it valid, without the part that was wrong: its port, for example
+    }
     QString joinedPath = url.path(QUrl::FullyDecoded) + path;
     joinedPath.replace("//"_L1, "/"_L1);
     url.setPath(joinedPath, QUrl::DecodedMode);

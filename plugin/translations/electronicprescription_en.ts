@@ -300,5 +300,41 @@ Enter it again</translation>
         <source>Ошибка при получении списка рецептов</source>
         <translation>The prescriptions could not be fetched</translation>
     </message>
+    <message id="electronicPrescriptionMark">
+        <source>ЭР</source>
+        <translation>eRx</translation>
+    </message>
+    <message id="electronicPrescriptionMarkDescription">
+        <source>Электронный рецепт</source>
+        <translation>Electronic prescription</translation>
+    </message>
+    <message id="electronicPrescriptionStateNotRegistered">
+        <source>не зарегистрирован</source>
+        <translation>not registered</translation>
+    </message>
+    <message id="electronicPrescriptionStateRegistered">
+        <source>зарегистрирован</source>
+        <translation>registered</translation>
+    </message>
+    <message id="electronicPrescriptionStateDispenseCancelled">
+        <source>отпуск отменён</source>
+        <translation>dispense cancelled</translation>
+    </message>
+    <message id="electronicPrescriptionReceiptDiscount">
+        <source>Скидка по рецепту</source>
+        <translation>Prescription discount</translation>
+    </message>
+    <message id="electronicPrescriptionReceiptOrganization">
+        <source>Организация</source>
+        <translation>Organization</translation>
+    </message>
+    <message id="electronicPrescriptionReceiptSerialNumber">
+        <source>Рецепт</source>
+        <translation>Prescription</translation>
+    </message>
+    <message id="electronicPrescriptionDocumentCard">
+        <source>Карта</source>
+        <translation>Card</translation>
+    </message>
 </context>
 </TS>

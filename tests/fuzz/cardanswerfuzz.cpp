@@ -106,8 +106,7 @@ void lookAtEveryCell(const Prescriptions& prescriptions)
 void serveFirst(const Service& service, const Prescriptions& prescriptions)
 {
     const QString id = prescriptions.first()->getId();
-    if (!id.isValidUtf16()) // an invalid text comes back as another one
-    {
+    if (!id.isValidUtf16()) { // JSON would change it
         return;
     }
     const auto sale = QSharedPointer<DocumentDouble>::create();
@@ -126,7 +125,7 @@ void serveFirst(const Service& service, const Prescriptions& prescriptions)
 
     QJsonDocument dispense;
     Client().formMedicationDispense(position, dispense);
-    promise(dispense.isObject(), "a dispense document can be made");
+    promise(dispense.isObject(), "the dispense makes a document for the registry");
 }
 
 /// Uses the same bytes as the answer to a failed request.
@@ -139,7 +138,7 @@ void refuse(const QByteArray& bytes)
     } catch (const ElectronicPrescriptionException&) {
         return;
     }
-    promise(false, "a failed request is an error, whatever its answer is");
+    promise(false, "a failed request is an error with any answer");
 }
 
 } // namespace

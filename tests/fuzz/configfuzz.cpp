@@ -81,9 +81,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const QByteArray bytes = bytesOf(data, size);
     const IniFile file(bytes);
     const Config config(file.name());
-    promise(config.isReadable() == config.errorText().isEmpty(), "an unreadable file has an error text");
-    promise(isUtf8(bytes) || !config.isReadable(), "a file that is not UTF-8 is refused");
-    promise(!bytes.contains("@Variant(") || !config.isReadable(), "a value is a text");
+    promise(bool(config.reading()) || !config.reading().failure().detail.isEmpty(), "a failure has a detail");
+    promise(isUtf8(bytes) || !config.reading(), "a file that is not UTF-8 is refused");
+    promise(!bytes.contains("@Variant(") || !config.reading(), "a value is a text");
     readKeys(config);
     readNumbers(config);
     if (isUtf8(bytes) && !bytes.contains('\0') && !bytes.contains("@Variant(")) {

@@ -2,6 +2,7 @@
 #include "fuzztarget.h"
 
 #include "config.h"
+#include "logsetup.h"
 
 #include <QApplication>
 
@@ -17,7 +18,9 @@ int LLVMFuzzerInitialize(int* argc, char*** argv)
     // Lives as long as the process: a fuzzer never returns.
     static auto* const application = new QApplication(*argc, *argv);
     Q_UNUSED(application)
-    Singleton<Config>::get()->setForThisRun(u"Logging:properties"_s, QString::fromUtf8(SILENT_LOGGING));
+    Config silent;
+    silent.setForThisRun(u"Logging:properties"_s, QString::fromUtf8(SILENT_LOGGING));
+    setUpLogging(silent);
     return 0;
 }
 

@@ -43,7 +43,7 @@ public:
         QKeyEvent key(QEvent::KeyPress, isBackspace ? int(Qt::Key_Backspace) : int(character), Qt::NoModifier,
                       QString(QChar::fromLatin1(character)));
         key.setTimestamp(m_time);
-        m_recognizer.key(key, m_field);
+        promise(!m_recognizer.take(key, m_field), "only Return ends a scan");
         if (isBackspace) {
             m_field.chop(1);
         } else {
@@ -52,15 +52,22 @@ public:
     }
 
 private:
+    std::optional<ScanRecognizer::Scan> pressReturn()
+    {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s);
+        key.setTimestamp(m_time);
+        return m_recognizer.take(key, m_field);
+    }
+
     void finish()
     {
-        const auto scan = m_recognizer.finish(m_time);
+        const auto scan = pressReturn();
         if (scan) {
             promise(isPrintable(scan->text), "a scan can be shown");
             promise(m_row > shortestScan || m_hasPrefix, "slow typing is no scan");
-            promise(m_field.startsWith(scan->fieldBefore), "a scan comes with the text before it");
+            promise(m_field.startsWith(scan->fieldBefore), "a scan knows the text before it");
         }
-        promise(!m_recognizer.finish(m_time), "keys before a Return are forgotten");
+        promise(!pressReturn(), "keys before a Return are forgotten");
         m_field = scan ? scan->fieldBefore : QString();
         m_row = 0;
     }

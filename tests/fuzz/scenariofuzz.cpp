@@ -20,12 +20,15 @@ bool isSame(const ScenarioStep& one, const ScenarioStep& other)
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const ScenarioFile scenario = ScenarioFile::parse(bytesOf(data, size));
-    promise(scenario.error.isEmpty() || scenario.steps.isEmpty(), "a scenario is played whole or not at all");
-    promise(scenario.error != u"no error occurred"_s, "a refusal has a reason");
-    for (const ScenarioStep& step : scenario.steps) {
-        const ScenarioFile alone = ScenarioFile::parse("{\"steps\": [" + step.source.toUtf8() + "]}");
-        promise(alone.steps.size() == 1 && isSame(alone.steps.first(), step), "a step's source is the step");
+    const auto steps = parseScenario(bytesOf(data, size));
+    if (!steps) {
+        promise(steps.failure().detail != u"no error occurred"_s, "a failure has a reason");
+        return 0;
+    }
+    for (const ScenarioStep& step : *steps) {
+        const auto alone = parseScenario("{\"steps\": [" + step.source.toUtf8() + "]}");
+        promise(alone && alone->size() == 1 && isSame(alone->first(), step),
+                "the source of a step is read as the same step");
     }
     return 0;
 }

@@ -40,7 +40,7 @@ public:
     /// The arguments by name, the last of each name.
     QVariantMap toMap() const;
 
-    /// The contexts in which the action may run; none named: everywhere.
+    /// The contexts in which the action may run; empty: everywhere.
     void setAllowContexts(const QSet<EContext::Code>& contexts);
     const QSet<EContext::Code>& getAllowContexts() const { return m_allowContexts; }
 

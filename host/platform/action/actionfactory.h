@@ -14,8 +14,7 @@ class REGISTERPLATFORM_EXPORT ActionFactory
 public:
     ActionFactory() = default;
     virtual ~ActionFactory();
-    ActionFactory(const ActionFactory&) = delete;
-    ActionFactory& operator=(const ActionFactory&) = delete;
+    Q_DISABLE_COPY_MOVE(ActionFactory)
 
     /// An action of that type without arguments, allowed in every context.
     virtual Action create(EActionType type);

@@ -6,7 +6,7 @@
 #include <functional>
 #include <utility>
 
-/// A plug-in's own command: what the register does for an action in a context.
+/// A plug-in's own command: what runs for an action in a context.
 struct ActionHandler {
     using Function = std::function<EContext::Result(const control::Action&)>;
 

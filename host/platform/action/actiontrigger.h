@@ -15,7 +15,7 @@ struct ActionTrigger {
         After = 2,  ///< after it; what the hook returns changes nothing
     };
 
-    /// For a hook after the action: which outcome it waits for. A hook before the action has no outcome to look at.
+    /// For a hook after the action: the outcome it waits for. A hook before the action has none.
     enum Result : int {
         Any = 0,
         Done = 1,   ///< only when the action returned GoOn

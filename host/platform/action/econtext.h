@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Where the register stands, and what came of an action there.
+/// Where the register is, and the outcome of an action there.
 struct EContext {
     /// A plug-in may meet numbers that are not named here.
     enum Code : int {

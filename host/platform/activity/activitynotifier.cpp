@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "activitynotifier.h"
 
+#include "listenerhost.h"
+
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
@@ -8,19 +10,24 @@ using namespace Qt::StringLiterals;
 
 template struct Singleton<ActivityNotifier>;
 
+ActivityNotifier::ActivityNotifier()
+    : m_host(std::make_unique<ListenerHost>())
+{
+}
+
 ActivityNotifier::~ActivityNotifier() = default;
 
 void ActivityNotifier::subscribe(BaseActivityListener* listener)
 {
-    m_listeners.removeAll(nullptr);
-    if (listener && !m_listeners.contains(listener)) {
-        m_listeners.append(listener);
+    m_host->listeners.removeAll(nullptr);
+    if (listener && !m_host->listeners.contains(listener)) {
+        m_host->listeners.append(listener);
     }
 }
 
 void ActivityNotifier::notify(const Event& event)
 {
-    const Listeners listeners = m_listeners;
+    const QList<QPointer<BaseActivityListener>> listeners = m_host->listeners;
     for (const QPointer<BaseActivityListener>& listener : listeners) {
         if (!listener) {
             continue;
@@ -33,9 +40,4 @@ void ActivityNotifier::notify(const Event& event)
                 ->error(name + u" failed in event "_s + QString::number(event.getCode()));
         }
     }
-}
-
-void ActivityNotifier::keepOnly(const Listeners& kept)
-{
-    m_listeners.removeIf([&kept](const QPointer<BaseActivityListener>& listener) { return !kept.contains(listener); });
 }

@@ -6,19 +6,17 @@
 #include "export.h"
 #include "singleton.h"
 
-#include <QList>
-#include <QPointer>
+#include <memory>
 
-/// Tells every listener what happens. Main thread.
+struct ListenerHost;
+
+/// Reports to every listener what happens. Main thread.
 class REGISTERPLATFORM_EXPORT ActivityNotifier
 {
 public:
-    using Listeners = QList<QPointer<BaseActivityListener>>;
-
-    ActivityNotifier() = default;
+    ActivityNotifier();
     virtual ~ActivityNotifier();
-    ActivityNotifier(const ActivityNotifier&) = delete;
-    ActivityNotifier& operator=(const ActivityNotifier&) = delete;
+    Q_DISABLE_COPY_MOVE(ActivityNotifier)
 
     /// Adds a listener; null and one that is subscribed already are passed over. The notifier does not own it; a
     /// destroyed listener drops out by itself.
@@ -28,13 +26,11 @@ public:
     /// not keep the event from the others.
     virtual void notify(const Event& event);
 
-    /// For the host: who is subscribed, in the order of subscription; a destroyed one reads as null.
-    Listeners listeners() const { return m_listeners; }
-    /// For the host: drops every listener that is not among `kept`: those of a plug-in that could not begin.
-    void keepOnly(const Listeners& kept);
+    /// The host's side; a plug-in has no use for it.
+    ListenerHost& host() { return *m_host; }
 
 private:
-    Listeners m_listeners;
+    std::unique_ptr<ListenerHost> m_host;
 };
 
 extern template struct REGISTERPLATFORM_EXPORT Singleton<ActivityNotifier>;

@@ -13,7 +13,7 @@ struct EActivityListener {
     enum Event : int {
         DocumentOpened = 10,
         DocumentClosed = 12,
-        DocumentRestored = 17, ///< a saved receipt became current; carries "document"
+        DocumentRestored = 17, ///< a saved document became current; carries "document"
         DocumentCancelled = 22,
         LongWorkBegins = 72, ///< carries "message", a tr::Tr
         LongWorkEnds = 73,
@@ -22,7 +22,7 @@ struct EActivityListener {
     };
 };
 
-/// Something that happened, or a form that is asked for: a code with named arguments. A value type.
+/// Something that happened, or a request for a form: a code with named arguments. A value type.
 class REGISTERPLATFORM_EXPORT Event
 {
 public:

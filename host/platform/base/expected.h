@@ -7,14 +7,20 @@
 #include <utility>
 #include <variant>
 
-/// What reading or writing something comes to: the value, or why there is none.
+/// A value, or why there is none: what a function that reads or writes returns.
 ///
-/// A value type. It converts from both, so that a function returns either as it is. Asking for the side that is not
-/// there throws std::bad_variant_access: look first.
+///     const Expected<QJsonObject> settings = readJsonObject(file);
+///     if (!settings) {
+///         return settings.failure();
+///     }
+///     use(*settings);
+///
+/// A value type. It converts from both, so that a function returns either as it is. Reading the side that is not there
+/// throws std::bad_variant_access.
 template <typename T, typename F = Failure>
 class [[nodiscard]] Expected
 {
-    static_assert(!std::is_same_v<T, F>, "the value and the failure have to be told apart");
+    static_assert(!std::is_same_v<T, F>, "the value and the failure need different types");
 
 public:
     Expected(T value)
@@ -29,8 +35,9 @@ public:
     /// True when there is a value.
     explicit operator bool() const { return m_outcome.index() == 0; }
 
-    const T& operator*() const { return std::get<0>(m_outcome); }
-    T& operator*() { return std::get<0>(m_outcome); }
+    const T& operator*() const& { return std::get<0>(m_outcome); }
+    T& operator*() & { return std::get<0>(m_outcome); }
+    T&& operator*() && { return std::get<0>(std::move(m_outcome)); }
     const T* operator->() const { return &std::get<0>(m_outcome); }
     T* operator->() { return &std::get<0>(m_outcome); }
 
@@ -38,4 +45,24 @@ public:
 
 private:
     std::variant<T, F> m_outcome;
+};
+
+/// Success without a value, or why it failed. `return {};` is success.
+template <typename F>
+class [[nodiscard]] Expected<void, F>
+{
+public:
+    Expected() = default;
+    Expected(F failure)
+        : m_outcome(std::in_place_index<1>, std::move(failure))
+    {
+    }
+
+    /// True for success.
+    explicit operator bool() const { return m_outcome.index() == 0; }
+
+    const F& failure() const { return std::get<1>(m_outcome); }
+
+private:
+    std::variant<std::monostate, F> m_outcome;
 };

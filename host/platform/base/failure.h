@@ -8,5 +8,5 @@
 /// Why something could not be read or written.
 struct Failure {
     tr::Tr text;         ///< for the cashier: what happened and what to do next
-    QString detail = {}; ///< for the log, in English: the place and the cause; may be empty
+    QString detail = {}; ///< for the log, in English: the place and the cause; nothing of a patient; may be empty
 };

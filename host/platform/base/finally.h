@@ -4,7 +4,7 @@
 #include <functional>
 #include <utility>
 
-/// Runs a function when the scope is left, by whatever path.
+/// Runs a function when its scope is left, also by an exception.
 ///
 /// The function must not throw: it runs in a destructor.
 class Finally
@@ -20,10 +20,7 @@ public:
             m_function();
         }
     }
-    Finally(const Finally&) = delete;
-    Finally& operator=(const Finally&) = delete;
-    Finally(Finally&&) = delete;
-    Finally& operator=(Finally&&) = delete;
+    Q_DISABLE_COPY_MOVE(Finally)
 
 private:
     std::function<void()> m_function;

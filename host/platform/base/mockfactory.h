@@ -5,10 +5,10 @@
 
 #include <functional>
 
-/// The seam through which a test replaces an object that the code under test creates for itself.
+/// Lets a test replace an object that the code under test creates for itself.
 ///
-/// A class derives from `MockFactory` of itself and is then created with `T::create()`. `mocked` is empty in the
-/// field: `create()` makes a new `T`. A test that sets it has its own object handed out instead.
+/// A class derives from `MockFactory` of itself and is created with `T::create()`, which makes a new `T`. A test sets
+/// `mocked`, and `create()` returns the test's object instead.
 ///
 /// A `T` that several libraries share is forward-declared, then `extern template struct EXPORT MockFactory<T>;`, then
 /// defined; it is instantiated in one source file of the library that owns it. `MockFactory` has no virtual members.

@@ -3,9 +3,8 @@
 
 /// The one object of its kind in the process.
 ///
-/// `instance` is null at first. The host or a test may put an object of its own there before anybody asks; whoever
-/// puts one there owns it. `get()` creates a default object when there is none; that one lives until the process
-/// ends. Main thread only.
+/// `instance` is null at first. The host or a test may set it to an object of its own, and keeps owning that. `get()`
+/// creates a default object when there is none; that one lives until the process ends. Main thread only.
 ///
 /// A library built with hidden visibility has its own copy of a template's static member. A `T` that several
 /// libraries share therefore declares `extern template struct EXPORT Singleton<T>;` beside itself and is instantiated

@@ -28,8 +28,8 @@ public:
 
     /// The text to show: the catalogue's, or the default one, with every placeholder that has a value filled.
     ///
-    /// All values are put in at once: a value that itself holds "%1" is shown as it is. A placeholder without a
-    /// value stays as written.
+    /// All values are put in at once: a value that contains "%1" is shown as it is. A placeholder without a value is
+    /// shown as written.
     QString ui() const;
 
     /// A copy with one more value: the first call gives the value of %1, the second that of %2, and so on.

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "abstractdocument.h"
 
-#include "savetofilelogic.h"
-
 #include <QJsonArray>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+const QString AbstractDocument::openDocumentFile = u"receipt.json"_s;
 
 AbstractDocument::AbstractDocument(QObject* parent)
     : QObject(parent)
@@ -31,7 +31,7 @@ bool AbstractDocument::isClosed() const
 
 QString AbstractDocument::fileName() const
 {
-    return SaveToFileLogic::openDocumentFile;
+    return openDocumentFile;
 }
 
 QVariant AbstractDocument::getPluginValue(const QString& plugin, const QString& key, const QVariant& def) const

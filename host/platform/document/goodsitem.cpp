@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Half away from zero to two decimals; the nudge of a tenth of a cent's hundredth absorbs what binary fractions lose.
+/// Rounds half away from zero to two decimals. The 1e-6 makes up for what binary fractions lose.
 double toCents(double amount)
 {
     return std::round(amount * 100.0 + std::copysign(1e-6, amount)) / 100.0;

@@ -29,8 +29,7 @@ public:
     GoodsItem();
     explicit GoodsItem(const Goods& goods);
     virtual ~GoodsItem();
-    GoodsItem(const GoodsItem&) = delete;
-    GoodsItem& operator=(const GoodsItem&) = delete;
+    Q_DISABLE_COPY_MOVE(GoodsItem)
 
     virtual int getNumber() const;
     virtual QString getName() const;
@@ -50,11 +49,11 @@ public:
     virtual QString getExtendedOptions() const;
     virtual void setExtendedOptions(const QString& options);
 
-    /// The id of the foreign paper that the position comes from; empty: none.
+    /// The id of the external document that the position comes from, for example a prescription; empty: none.
     virtual QString getSoftCheckId() const;
     virtual void setSoftCheckId(const QString& id);
 
-    /// Everything of the position, as it is saved; docs/receipt-format.md tells the members.
+    /// Everything of the position, as it is saved; docs/document-format.md has the members.
     virtual QJsonObject toJson() const;
 
 protected:

@@ -11,7 +11,7 @@ namespace Log4Qt
 namespace
 {
 
-/// One message is one line, whatever is in it: what breaks a line or steers a terminal is written as its number.
+/// A message is one line: a character that breaks a line or controls a terminal is written as its number.
 QString onOneLine(const QString& message)
 {
     QString line;
@@ -35,7 +35,7 @@ QString onOneLine(const QString& message)
 
 void Logger::Private::log(log4cplus::LogLevel level, const QString& message) const
 {
-    setUpLogging();
+    ensureSetUp();
     logger.log(level, onOneLine(message).toStdString());
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "logsetup_p.h"
 
-#include "config.h"
+#include <log4qt/logmanager.h>
 
 #include <log4cplus/configurator.h>
 #include <log4cplus/consoleappender.h>
@@ -25,12 +25,6 @@ namespace
 constexpr long logFileSize = 10L * 1024 * 1024; ///< bytes, before the next file is begun
 constexpr int keptLogFiles = 5;
 
-QString configured(const QString& key)
-{
-    const Config* config = Singleton<Config>::instance; // a message must not make a configuration
-    return config ? config->getString(key) : QString();
-}
-
 log4cplus::SharedAppenderPtr defaultAppender(const QString& folder)
 {
     log4cplus::SharedAppenderPtr appender;
@@ -45,27 +39,42 @@ log4cplus::SharedAppenderPtr defaultAppender(const QString& folder)
     return appender;
 }
 
-void setUp()
+/// Tells our appender from those that a test adds.
+const log4cplus::tstring ownAppender = "register";
+
+std::once_flag isSetUp;
+
+void apply(const LogTarget& target)
 {
     log4cplus::Logger root = log4cplus::Logger::getRoot();
-    const QString properties = configured(u"Logging:properties"_s);
-    if (QFileInfo(properties).isFile()) {
-        log4cplus::PropertyConfigurator(QFile::encodeName(properties).toStdString()).configure();
+    if (const log4cplus::SharedAppenderPtr former = root.getAppender(ownAppender); former.get() != nullptr) {
+        root.removeAppender(former);
+    }
+    if (QFileInfo(target.properties).isFile()) {
+        log4cplus::PropertyConfigurator(QFile::encodeName(target.properties).toStdString()).configure();
         return;
     }
     root.setLogLevel(log4cplus::INFO_LOG_LEVEL);
-    root.addAppender(defaultAppender(configured(u"Logging:folder"_s)));
-    if (!properties.isEmpty()) {
+    const log4cplus::SharedAppenderPtr appender = defaultAppender(target.folder);
+    appender->setName(ownAppender);
+    root.addAppender(appender);
+    if (!target.properties.isEmpty()) {
         root.log(log4cplus::WARN_LOG_LEVEL, "Logging:properties names no file; the default logging is taken");
     }
 }
 
 } // namespace
 
-void setUpLogging()
+void setUpLogging(const LogTarget& target)
 {
-    static std::once_flag done;
-    std::call_once(done, setUp);
+    std::call_once(isSetUp, [] {});   // no default after this
+    LogManager::logger(u"logging"_s); // starts log4cplus
+    apply(target);
+}
+
+void ensureSetUp()
+{
+    std::call_once(isSetUp, [] { apply({}); });
 }
 
 } // namespace Log4Qt

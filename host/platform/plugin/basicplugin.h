@@ -4,14 +4,13 @@
 #include "abstractplugin.h"
 #include "export.h"
 
-/// The usual base of a plug-in's root object: keeps what the plug-in registers.
+/// The usual base of a plug-in's root object: it keeps what the plug-in registers.
 class REGISTERPLATFORM_EXPORT BasicPlugin : public AbstractPlugin
 {
 public:
     BasicPlugin();
     ~BasicPlugin() override;
-    BasicPlugin(const BasicPlugin&) = delete;
-    BasicPlugin& operator=(const BasicPlugin&) = delete;
+    Q_DISABLE_COPY_MOVE(BasicPlugin)
 
     /// Registers nothing and returns true.
     bool init() override;

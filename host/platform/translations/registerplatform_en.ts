@@ -29,8 +29,8 @@ Free some disk space or check access to the folder, then try again.</translation
         <translation>The request to server %1 failed. Try again; if that does not help, call the administrator.</translation>
     </message>
     <message id="restClientAddressNotUsable">
-        <source>Адрес сервера в настройках не годится: нужен адрес http или https без имени и пароля. Обратитесь к администратору.</source>
-        <translation>The server’s address in the settings cannot be used: it must be an http or https address without a name or password. Call the administrator.</translation>
+        <source>Адрес сервера в настройках не годится: нужен адрес http или https с именем сервера и верным портом, без имени пользователя и пароля. Запрос не отправлен. Обратитесь к администратору.</source>
+        <translation>The server’s address in the settings cannot be used: it must be an http or https address with the server’s name and a valid port, without a user name or password. Nothing was sent. Call the administrator.</translation>
     </message>
     <message id="restClientHeaderNotUsable">
         <source>Запрос к серверу %1 не отправлен: в одном из его заголовков недопустимые символы. Обратитесь к администратору: проверить нужно настройки доступа.</source>
@@ -216,6 +216,10 @@ Check the folders of layouts in the register’s settings</translation>
         <source>Ошибка разбора введенных данных, повторите сканирование</source>
         <translation>The scan could not be read, scan again</translation>
     </message>
+    <message id="inputTextFormScanRefused">
+        <source>Штрихкод не принят: это значение вводят вручную</source>
+        <translation>Barcode refused: this value has to be typed</translation>
+    </message>
     <message id="inputTextFormIncomplete">
         <source>Введите значение полностью</source>
         <translation>Enter the whole value</translation>
@@ -223,6 +227,24 @@ Check the folders of layouts in the register’s settings</translation>
     <message id="inputTextFormWrong">
         <source>Введено неверно, исправьте значение</source>
         <translation>This is not valid, correct it</translation>
+    </message>
+    <message id="configNotReadable">
+        <source>Настройки в файле %1 не прочитаны.
+Обратитесь к администратору.</source>
+        <translation>The settings in file %1 could not be read.
+Call the administrator.</translation>
+    </message>
+    <message id="jsonFileNotReadable">
+        <source>Файл %1 не читается: %2
+Обратитесь к администратору.</source>
+        <translation>The file %1 cannot be read: %2
+Call the administrator.</translation>
+    </message>
+    <message id="jsonFileDamaged">
+        <source>Файл %1 повреждён.
+Обратитесь к администратору.</source>
+        <translation>The file %1 is damaged.
+Call the administrator.</translation>
     </message>
 </context>
 </TS>

@@ -16,10 +16,10 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// One for each digit; the smallest screen holds no more either.
-constexpr qsizetype mostMenuEntries = 9;
+/// One for each digit. The smallest screen has no room for more.
+constexpr qsizetype maxMenuEntries = 9;
 
-/// What a key is when the configuration does not say otherwise.
+/// A key as it is without a configuration.
 struct DefaultKey {
     QString name;
     tr::Tr text;
@@ -72,7 +72,7 @@ QVariantMap readArguments(const QString& text)
     return arguments;
 }
 
-/// The key of that name as the configuration describes it; what it does not say is as in `base`.
+/// The key with the name of `base`. What the configuration leaves out is as in `base`.
 FunctionKey readKey(const Config& config, const DefaultKey& base)
 {
     const QString section = u"FunctionKey."_s + base.name;
@@ -85,11 +85,11 @@ FunctionKey readKey(const Config& config, const DefaultKey& base)
     };
 }
 
-/// The keys that a list of the configuration names; without the list: `usual`.
-QList<FunctionKey> readKeys(const Config& config, const QString& list, const QList<DefaultKey>& usual)
+/// The keys in the configured list `list`; without such a list: `defaults`.
+QList<FunctionKey> readKeys(const Config& config, const QString& list, const QList<DefaultKey>& defaults)
 {
     QStringList names;
-    std::transform(usual.cbegin(), usual.cend(), std::back_inserter(names), std::mem_fn(&DefaultKey::name));
+    std::transform(defaults.cbegin(), defaults.cend(), std::back_inserter(names), std::mem_fn(&DefaultKey::name));
     const QList<DefaultKey> known = defaultKeys() + defaultMenuEntries();
     QList<FunctionKey> keys;
     for (const QString& entry : config.getString(list, names.join(u',')).split(u',')) {
@@ -104,7 +104,7 @@ QList<FunctionKey> readKeys(const Config& config, const QString& list, const QLi
         if (key.actionType != 0) {
             keys.append(key);
         } else {
-            Log4Qt::LogManager::logger(u"register"_s)->warn(u"Function key without an action passed over: "_s + name);
+            Log4Qt::LogManager::logger(u"register"_s)->warn(u"Function key without an action left out: "_s + name);
         }
     }
     return keys;
@@ -120,9 +120,9 @@ QList<FunctionKey> configuredFunctionKeys(const Config& config)
 QList<FunctionKey> configuredMenuEntries(const Config& config)
 {
     const QList<FunctionKey> entries = readKeys(config, u"Menu:entries"_s, defaultMenuEntries());
-    if (entries.size() > mostMenuEntries) {
+    if (entries.size() > maxMenuEntries) {
         Log4Qt::LogManager::logger(u"register"_s)
-            ->warn(u"The menu has more entries than digits; the last ones are passed over"_s);
+            ->warn(u"The menu has more entries than digits; the last ones are left out"_s);
     }
-    return entries.first(std::min<qsizetype>(entries.size(), mostMenuEntries));
+    return entries.first(std::min<qsizetype>(entries.size(), maxMenuEntries));
 }

@@ -10,18 +10,18 @@
 
 class Config;
 
-/// A key of the register: what it is called, its shortcut, and the action that it gives.
+/// A function key or a menu entry, and the action that it starts.
 struct FunctionKey {
     QString name; ///< the object name of its button
     QString text;
-    QKeySequence shortcut; ///< empty: by touch or mouse only
+    QKeySequence shortcut; ///< empty: touch or mouse only
     control::EActionType actionType;
     QVariantMap arguments;
 };
 
-/// The keys that "FunctionKeys:keys" of the configuration names, in its order; docs/register.md tells the form. One
-/// without an action is passed over and logged.
+/// The keys that `FunctionKeys:keys` of the configuration lists, in that order; docs/configuration.md describes the form.
+/// A key without an action is logged and left out.
 QList<FunctionKey> configuredFunctionKeys(const Config& config);
 
-/// The commands of the menu, nine at most, which "Menu:entries" names; otherwise as the function keys.
+/// The menu entries that `Menu:entries` lists, at most nine. Otherwise like configuredFunctionKeys().
 QList<FunctionKey> configuredMenuEntries(const Config& config);

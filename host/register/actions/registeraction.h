@@ -3,36 +3,36 @@
 
 #include "eactiontype.h"
 
-/// The register's own actions, beside those that plug-ins know.
+/// The register's own actions; plug-ins do not know them.
 namespace registeraction
 {
 
-/// Opens an empty document.
+/// Opens an empty sale.
 inline constexpr auto openSale = static_cast<control::EActionType>(1001);
-/// Puts goods on the document: those of "search" (a barcode), else those that the cashier picks. Opens a document when
-/// there is none.
+/// Adds goods to the open document: those with the barcode "search", otherwise those that the cashier picks. Opens a
+/// sale when no document is open.
 inline constexpr auto addGoods = static_cast<control::EActionType>(1002);
-/// Asks for the packs of position "positionNumber".
+/// Asks how many packs position "positionNumber" is to have.
 inline constexpr auto changeQuantity = static_cast<control::EActionType>(1003);
-/// Tells the cashier why the key of "text" does nothing now.
+/// Shows why the key labelled "text" does nothing now.
 inline constexpr auto explainKey = static_cast<control::EActionType>(1004);
-/// Cancels position "positionNumber" by action 202; asks first when it belongs to a external document.
+/// Removes position "positionNumber" by action 202. Asks first when the position comes from an external document.
 inline constexpr auto askToRemovePosition = static_cast<control::EActionType>(1005);
-/// Asks whether to give the whole document up, and does it by the action of "by": 131 when absent.
+/// Asks whether to cancel the open document, and cancels it by the action "by"; 131 when absent.
 inline constexpr auto askToCancelDocument = static_cast<control::EActionType>(1006);
-/// From the payment or the subtotal back to the positions.
+/// Goes back from the payment or the subtotal to the positions.
 inline constexpr auto backToPositions = static_cast<control::EActionType>(1007);
-/// Closes the document that stands at its payment; "received" is the cash as the cashier typed it, in roubles.
+/// Closes the document that is being paid. "received" is the cash in roubles, as the cashier typed it.
 inline constexpr auto pay = static_cast<control::EActionType>(1008);
-/// Puts the document aside.
+/// Suspends the open document.
 inline constexpr auto suspend = static_cast<control::EActionType>(1009);
-/// Shows the documents suspended and finished.
+/// Shows the suspended and the finished documents.
 inline constexpr auto showDocuments = static_cast<control::EActionType>(1010);
-/// Takes a closed sale back: that of "number", else of the number that the cashier gives.
+/// Opens the return of sale "number"; asks for the number when it is absent.
 inline constexpr auto returnSale = static_cast<control::EActionType>(1011);
-/// Annuls the document of "number", else of the number that the cashier gives, by action 224.
+/// Voids document "number" by action 224; asks for the number when it is absent.
 inline constexpr auto voidByNumber = static_cast<control::EActionType>(1012);
-/// Shows the commands that have no key of their own.
+/// Shows the menu: the commands without a function key.
 inline constexpr auto showMenu = static_cast<control::EActionType>(1013);
 
 } // namespace registeraction

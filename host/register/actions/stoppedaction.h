@@ -4,14 +4,14 @@
 #include "action.h"
 #include "tr.h"
 
-/// What the cashier reads when a plug-in ended an action before the register's part of it.
+/// Messages for an action that a plug-in ended before the register's own part.
 namespace stoppedaction
 {
 
 /// The plug-in stopped the action.
 tr::Tr stopped(const control::Action& action);
 
-/// The plug-in knows nothing of what the action is about.
+/// The plug-in does not know the position or the document that the action is about.
 tr::Tr notFound(const control::Action& action);
 
 } // namespace stoppedaction

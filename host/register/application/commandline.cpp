@@ -15,9 +15,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr QSize playedWindow(1280, 800);
+constexpr QSize scenarioWindow(1280, 800);
 
-/// Beside the program where it was built, else where it is installed.
+/// In the build tree if there is one, otherwise where the package installs plug-ins.
 QString defaultPluginFolder()
 {
     const QDir program(QCoreApplication::applicationDirPath());
@@ -40,7 +40,7 @@ QString folderOf(QStandardPaths::StandardLocation location)
     return QStandardPaths::writableLocation(location);
 }
 
-/// What the register can be told; each is declared to the parser.
+/// The options, declared to the parser.
 struct Options {
     explicit Options(QCommandLineParser& parser)
         : help(parser.addHelpOption())
@@ -56,8 +56,8 @@ struct Options {
     const QCommandLineOption data{u"data"_s, u"Data folder: receipts, logs. It has to exist and be writable."_s,
                                   u"DIR"_s, folderOf(QStandardPaths::AppDataLocation)};
     const QCommandLineOption plugins{u"plugins"_s, u"Folder of the plug-ins."_s, u"DIR"_s, defaultPluginFolder()};
-    const QCommandLineOption layouts{u"layouts"_s, u"Folders of own layouts, by colon; they win over all others."_s,
-                                     u"DIR"_s};
+    const QCommandLineOption layouts{
+        u"layouts"_s, u"Folders of own layouts, separated by colons; they override all others."_s, u"DIR"_s};
     const QCommandLineOption touch{u"touch"_s, u"For fingers: large targets, a keyboard."_s};
     const QCommandLineOption demoData{u"demo-data"_s, u"Create a goods database with demo goods in the data folder "
                                                       "when there is none."_s};
@@ -69,17 +69,17 @@ struct Options {
     const QCommandLineOption screenshots{u"screenshots"_s, u"Folder for the scenario's pictures."_s, u"DIR"_s, u"."_s};
 };
 
-/// Nothing when it was given in another form.
+/// Nothing when the option is malformed.
 std::optional<QSize> windowSize(const QCommandLineParser& parser, const Options& options)
 {
     if (parser.isSet(options.size)) {
         return readSize(parser.value(options.size));
     }
-    return parser.value(options.play).isEmpty() ? QSize() : playedWindow;
+    return parser.value(options.play).isEmpty() ? QSize() : scenarioWindow;
 }
 
-/// What is wrong with the arguments; empty: nothing.
-QString mistake(const QCommandLineParser& parser, const Options& options)
+/// What is wrong with the arguments; nothing when they are right.
+std::optional<QString> mistake(const QCommandLineParser& parser, const Options& options)
 {
     const QStringList stray = parser.positionalArguments();
     if (!stray.isEmpty()) {
@@ -88,7 +88,7 @@ QString mistake(const QCommandLineParser& parser, const Options& options)
     if (!windowSize(parser, options)) {
         return u"--size wants WIDTHxHEIGHT, for example 1280x800"_s;
     }
-    return {};
+    return std::nullopt;
 }
 
 QString versionText()
@@ -111,7 +111,7 @@ CommandLine read(const QCommandLineParser& parser, const Options& options)
     return line;
 }
 
-CommandLine shown(CommandLine::Outcome outcome, const QString& message)
+CommandLine withMessage(CommandLine::Outcome outcome, const QString& message)
 {
     CommandLine line;
     line.outcome = outcome;
@@ -127,16 +127,16 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     parser.setApplicationDescription(u"The pharmacy's cash register."_s);
     const Options options(parser);
     if (!parser.parse(arguments)) {
-        return shown(Outcome::Wrong, parser.errorText());
+        return withMessage(Outcome::Wrong, parser.errorText());
     }
     if (parser.isSet(options.help)) {
-        return shown(Outcome::Shown, parser.helpText());
+        return withMessage(Outcome::Shown, parser.helpText());
     }
     if (parser.isSet(options.version)) {
-        return shown(Outcome::Shown, versionText());
+        return withMessage(Outcome::Shown, versionText());
     }
-    if (const QString wrong = mistake(parser, options); !wrong.isEmpty()) {
-        return shown(Outcome::Wrong, wrong);
+    if (const std::optional<QString> wrong = mistake(parser, options)) {
+        return withMessage(Outcome::Wrong, *wrong);
     }
     return read(parser, options);
 }

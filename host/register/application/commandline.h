@@ -5,24 +5,27 @@
 #include <QString>
 #include <QStringList>
 
-/// What the register is started with.
+/// The command line of the register.
 struct CommandLine {
-    /// What parse() found beside the options.
-    enum class Outcome { Run, Shown, Wrong };
+    enum class Outcome {
+        Run,   ///< start the register
+        Shown, ///< show the help or the version, and end
+        Wrong, ///< report wrong options, and end
+    };
 
     Outcome outcome = Outcome::Run;
-    QString message; ///< Told: the help or the version; Wrong: what is wrong with the options
+    QString message; ///< what to show or to report
 
     QString config;
     QString dataFolder;
     QString pluginFolder;
-    QString layoutFolders; ///< by colon; empty: none
+    QString layoutFolders; ///< separated by colons; empty: none
     bool touch = false;
     bool demoData = false;
     QSize windowSize;    ///< empty: the whole screen
-    QString scenario;    ///< empty: none is played
+    QString scenario;    ///< a file; empty: no scenario is played
     QString screenshots; ///< folder
 
-    /// @param arguments as QCoreApplication gives them, the program's name first
+    /// @param arguments QCoreApplication::arguments(), with the program's name first
     static CommandLine parse(const QStringList& arguments);
 };

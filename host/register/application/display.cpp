@@ -8,13 +8,13 @@
 
 using namespace Qt::StringLiterals;
 
-std::optional<StartupFailure> chooseDisplay(bool played)
+std::optional<StartupFailure> chooseDisplay(bool playsScenario)
 {
     constexpr std::array displays{"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
     if (!std::all_of(displays.begin(), displays.end(), qEnvironmentVariableIsEmpty)) {
         return std::nullopt;
     }
-    if (!played) {
+    if (!playsScenario) {
         return StartupFailure{exitstatus::noDisplay,
                               u"There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set\n"
                               "Start the register in a graphical session"_s};

@@ -5,9 +5,8 @@
 
 #include <optional>
 
-/// Sees to it that Qt finds a display, since without one it ends the program in the middle of QApplication's
-/// constructor. To be called before that.
+/// Makes sure that Qt finds a display; without one the constructor of QApplication ends the program. Call it before.
 ///
-/// There is one when DISPLAY or WAYLAND_DISPLAY names it, or QT_QPA_PLATFORM says how to do without.
-/// @param played a scenario is played: without a display it is played off the screen
-std::optional<StartupFailure> chooseDisplay(bool played);
+/// A display is named by DISPLAY or WAYLAND_DISPLAY; QT_QPA_PLATFORM may name a platform that needs none.
+/// @param playsScenario without a display a scenario is played on an off-screen window
+std::optional<StartupFailure> chooseDisplay(bool playsScenario);

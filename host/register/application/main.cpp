@@ -18,13 +18,14 @@ void print(FILE* stream, const QString& text)
     std::fputs(text.toUtf8().constData(), stream);
 }
 
-int tell(const StartupFailure& failure)
+/// @return the exit status
+int report(const StartupFailure& failure)
 {
     print(stderr, u"pharmacy-register: "_s + failure.message + u'\n');
     return failure.exitStatus;
 }
 
-/// Needs no display, so that the register can be asked for its help anywhere.
+/// Needs no display, so that --help works everywhere.
 CommandLine readCommandLine(int& argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
@@ -44,18 +45,18 @@ int main(int argc, char** argv)
         print(stdout, commandLine.message);
         return exitstatus::done;
     case CommandLine::Outcome::Wrong:
-        return tell({exitstatus::wrongOptions, commandLine.message + u"\nSee --help."_s});
+        return report({exitstatus::wrongOptions, commandLine.message + u"\nSee --help."_s});
     case CommandLine::Outcome::Run:
         break;
     }
 
     if (const std::optional<StartupFailure> failure = chooseDisplay(!commandLine.scenario.isEmpty())) {
-        return tell(*failure);
+        return report(*failure);
     }
     const QApplication application(argc, argv);
     RegisterApplication registerApplication(commandLine);
     if (const std::optional<StartupFailure> failure = registerApplication.start()) {
-        return tell(*failure);
+        return report(*failure);
     }
     return registerApplication.run();
 }

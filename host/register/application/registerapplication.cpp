@@ -9,9 +9,11 @@
 #include "dialog.h"
 #include "documentwatcher.h"
 #include "documentwords.h"
+#include "formhost.h"
 #include "functionkey.h"
 #include "graphicaluserinterface.h"
 #include "inactivitylocker.h"
+#include "logsetup.h"
 #include "registerformcreator.h"
 #include "registerstyle.h"
 #include "scenario.h"
@@ -41,7 +43,7 @@ RegisterApplication::~RegisterApplication()
     auto* gui = Singleton<GraphicalUserInterface>::get();
     gui->cancelForms();
     m_plugins.unload(*Singleton<ActionQueueController>::get());
-    gui->setStage(nullptr);
+    gui->host().stage = nullptr;
     m_window.reset();
     DocumentWatcher::setCurrentDocument(nullptr);
 }
@@ -51,7 +53,7 @@ std::optional<StartupFailure> RegisterApplication::start()
     if (auto failure = readConfiguration()) {
         return failure;
     }
-    if (auto failure = takeDataFolder()) {
+    if (auto failure = lockDataFolder()) {
         return failure;
     }
     if (auto failure = readOpenDocument()) {
@@ -70,11 +72,11 @@ std::optional<StartupFailure> RegisterApplication::start()
 
 int RegisterApplication::run()
 {
-    int status = m_player ? exitstatus::scenarioFailed : exitstatus::done; // until the scenario has been played
+    int status = m_player ? exitstatus::scenarioFailed : exitstatus::done; // also when the window is closed early
     QTimer::singleShot(0, m_window.get(), [this] { resumeWork(); });
     if (m_player) {
-        QObject::connect(m_player.get(), &ScenarioPlayer::finished, m_window.get(), [this, &status](bool held) {
-            status = held ? exitstatus::done : exitstatus::scenarioFailed;
+        QObject::connect(m_player.get(), &ScenarioPlayer::finished, m_window.get(), [this, &status](bool passed) {
+            status = passed ? exitstatus::done : exitstatus::scenarioFailed;
             m_window->close();
         });
     }
@@ -85,16 +87,16 @@ int RegisterApplication::run()
 std::optional<StartupFailure> RegisterApplication::readConfiguration()
 {
     auto config = std::make_unique<Config>(m_commandLine.config);
-    if (!config->isReadable()) {
+    if (!config->reading()) {
         return StartupFailure{exitstatus::noConfiguration, u"The configuration cannot be read: "_s +
-                                                               config->errorText() +
+                                                               config->reading().failure().detail +
                                                                u"\nName an INI file with --config FILE.ini"_s};
     }
-    Singleton<Config>::instance = config.release(); // lives as long as the process, as plug-ins do
+    Singleton<Config>::instance = config.release(); // lives as long as the process, like the plug-ins
     return std::nullopt;
 }
 
-std::optional<StartupFailure> RegisterApplication::takeDataFolder()
+std::optional<StartupFailure> RegisterApplication::lockDataFolder()
 {
     const QString folder = QDir(m_commandLine.dataFolder).absolutePath();
     const QString advice = u"\nName a folder that exists and can be written to with --data DIR"_s;
@@ -106,7 +108,7 @@ std::optional<StartupFailure> RegisterApplication::takeDataFolder()
                                                             probe.errorString() + advice};
     }
     m_lockFile = std::make_unique<QLockFile>(folder + u"/register.lock"_s);
-    m_lockFile->setStaleLockTime(0); // a lock is stale only when its process is gone, however old it is
+    m_lockFile->setStaleLockTime(0); // only a lock whose process is gone is stale, whatever its age
     if (!m_lockFile->tryLock(0)) {
         return StartupFailure{exitstatus::alreadyRunning, u"Another register works with the data folder "_s + folder +
                                                               u"\nClose it, or name another folder with --data DIR"_s};
@@ -119,12 +121,13 @@ std::optional<StartupFailure> RegisterApplication::readOpenDocument()
 {
     const OpenDocumentFile store(m_commandLine.dataFolder);
     m_savedDocument = store.load();
-    if (!m_savedDocument.isInTheWay()) {
+    if (m_savedDocument || !m_savedDocument.failure().isInTheWay()) {
         return std::nullopt;
     }
     return StartupFailure{exitstatus::damagedDocumentInTheWay,
-                          u"The saved receipt "_s + store.file() + u" is damaged: "_s + m_savedDocument.damage +
-                              u"\nIt cannot be set aside, and the next receipt would overwrite it. "
+                          u"The saved document "_s + store.file() + u" is damaged: "_s +
+                              m_savedDocument.failure().failure.detail +
+                              u"\nIt cannot be set aside, and the next document would overwrite it. "
                               "Move it away, or name another folder with --data DIR"_s};
 }
 
@@ -135,6 +138,7 @@ void RegisterApplication::configureThisRun()
     config->setForThisRun(u"Register:data"_s, data.path());
     data.mkpath(u"log"_s);
     config->setForThisRun(u"Logging:folder"_s, data.filePath(u"log"_s));
+    setUpLogging(*config);
     if (m_commandLine.touch) {
         config->setForThisRun(u"GUI:touchMode"_s, u"true"_s);
     }
@@ -145,7 +149,10 @@ void RegisterApplication::configureThisRun()
         config->setForThisRun(u"Database:name"_s, data.filePath(u"goods.sqlite"_s));
     }
     if (m_commandLine.demoData || config->getBool(u"Register:demoData"_s)) {
-        createDemoGoods(config->getString(u"Database:name"_s));
+        if (const auto created = createDemoGoods(config->getString(u"Database:name"_s)); !created) {
+            Log4Qt::LogManager::logger(u"register"_s)
+                ->error(u"The demo goods were not created: "_s + created.failure().detail);
+        }
     }
 }
 
@@ -154,14 +161,14 @@ std::optional<StartupFailure> RegisterApplication::readScenario()
     if (m_commandLine.scenario.isEmpty()) {
         return std::nullopt;
     }
-    const ScenarioFile scenario = ScenarioFile::read(m_commandLine.scenario);
-    if (!scenario.error.isEmpty()) {
-        return StartupFailure{exitstatus::noScenario, u"The scenario cannot be played: "_s + scenario.error};
+    const Expected<QList<ScenarioStep>> steps = ::readScenario(m_commandLine.scenario);
+    if (!steps) {
+        return StartupFailure{exitstatus::noScenario, u"The scenario cannot be played: "_s + steps.failure().detail};
     }
     if (!QDir().mkpath(m_commandLine.screenshots)) {
         return StartupFailure{exitstatus::noScenario, u"No folder for pictures: "_s + m_commandLine.screenshots};
     }
-    m_player = std::make_unique<ScenarioPlayer>(scenario.steps, m_commandLine.screenshots, m_commandLine.dataFolder);
+    m_player = std::make_unique<ScenarioPlayer>(*steps, m_commandLine.screenshots, m_commandLine.dataFolder);
     return std::nullopt;
 }
 
@@ -187,43 +194,48 @@ void RegisterApplication::openWindow()
     m_paymentCommands = std::make_unique<PaymentCommands>(*m_till);
     m_paymentCommands->offer(*controller);
     m_printer = std::make_unique<ReceiptPrinter>(m_commandLine.dataFolder, m_marks);
-    m_till->setPrinting([this](const Document& document) { m_printer->print(document); });
+    m_till->setPrinting([this](const Document& document) { m_printer->printOrShow(document); });
     m_storedDocumentCommands = std::make_unique<StoredDocumentCommands>(*m_till, *m_printer, m_marks);
     m_storedDocumentCommands->offer(*controller);
     m_menuCommands = std::make_unique<MenuCommands>(*m_till, configuredMenuEntries(*config));
     m_menuCommands->offer(*controller);
     m_window = std::make_unique<RegisterWindow>(*m_till, m_marks, configuredFunctionKeys(*config), m_longWork,
                                                 config->getString(u"Register:unlockCode"_s));
-    gui->setStage(m_window.get());
+    gui->host().stage = m_window.get();
     if (m_commandLine.windowSize.isValid()) {
         m_window->resize(m_commandLine.windowSize);
         m_window->show();
     } else {
         m_window->showMaximized();
     }
-    m_window->activateWindow(); // without a window manager nobody else gives it the keyboard
+    m_window->activateWindow(); // without a window manager no one else gives it the keyboard
 }
 
 void RegisterApplication::resumeWork()
 {
     if (m_player) {
-        m_player->start(); // first, since what follows may show messages
+        m_player->start(); // first: the next calls may show messages
     }
     m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
     showPlugins();
-    m_till->restore(std::exchange(m_savedDocument, {}));
+    m_till->restore(std::exchange(m_savedDocument, QSharedPointer<Document>()));
     if (m_till->document()) {
         m_window->statusLine().showWarning(documentwords::restored(*m_till->document()));
     }
     m_printer->printInterrupted(m_till->archive());
+    checkCatalogue();
+    auto* locker = Singleton<InactivityLocker>::get();
+    QObject::connect(locker, &InactivityLocker::lock, m_window.get(), &RegisterWindow::lock);
+    locker->start();
+}
+
+void RegisterApplication::checkCatalogue() const
+{
     try {
         m_catalogue.check();
     } catch (const BasicException& unreadable) {
         Dialog::create()->showMessage(unreadable.tr(), Dialog::Error, 1, 0);
     }
-    auto* locker = Singleton<InactivityLocker>::get();
-    QObject::connect(locker, &InactivityLocker::lock, m_window.get(), &RegisterWindow::lock);
-    locker->start();
 }
 
 void RegisterApplication::showPlugins()

@@ -23,7 +23,7 @@
 #include <memory>
 #include <optional>
 
-/// The register from start to end: configuration, data folder, plug-ins, window, the document that was open.
+/// The register from start to end: configuration, data folder, plug-ins, window, and the document that was open.
 class RegisterApplication
 {
 public:
@@ -32,14 +32,14 @@ public:
     RegisterApplication(const RegisterApplication&) = delete;
     RegisterApplication& operator=(const RegisterApplication&) = delete;
 
-    /// Makes everything ready; the window is open when it returns nothing.
+    /// Opens the window; returns nothing when it is open.
     std::optional<StartupFailure> start();
-    /// Runs the event loop until the window is closed, or the scenario has been played. @return the exit status
+    /// Runs the event loop until the window is closed or the scenario has ended. @return the exit status
     int run();
 
 private:
     std::optional<StartupFailure> readConfiguration();
-    std::optional<StartupFailure> takeDataFolder();
+    std::optional<StartupFailure> lockDataFolder();
     std::optional<StartupFailure> readOpenDocument();
     void configureThisRun();
     std::optional<StartupFailure> readScenario();
@@ -47,10 +47,11 @@ private:
     void openWindow();
     void resumeWork();
     void showPlugins();
+    void checkCatalogue() const;
 
     CommandLine m_commandLine;
     std::unique_ptr<QLockFile> m_lockFile;
-    OpenDocumentFile::Loaded m_savedDocument;
+    OpenDocumentFile::Loaded m_savedDocument = QSharedPointer<Document>();
     MessageCatalogues m_messages;
     GoodsCatalogue m_catalogue;
     LongWork m_longWork;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "actionhost.h"
 #include "actionqueuecontroller.h"
 
 #include <span>
@@ -29,9 +30,9 @@ void offerCommands(ActionQueueController& controller, Commands& commands, std::s
             return (commands.*member)(action);
         };
         if (command.where == Where::OpenDocument) {
-            controller.setHostHandler(EContext::OpenDocument, command.action, run);
+            controller.host().setHandler(EContext::OpenDocument, command.action, run);
         } else {
-            controller.setHostHandler(command.action, run);
+            controller.host().setHandler(command.action, run);
         }
     }
 }

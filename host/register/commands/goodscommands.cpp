@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "goodscommands.h"
 
-#include "basicdialog.h"
+#include "askform.h"
 #include "commandtable.h"
 #include "goodsselectionparams.h"
 #include "obstaclenotice.h"
@@ -27,9 +27,8 @@ bool isWantedAnyway(const CatalogueGoods& goods)
 
 std::optional<SelectedGoods> letSelect(const GoodsSelectionParams& params)
 {
-    const QVariant answer =
-        core::BasicDialog().show(false, true, {EInput::Keyboard, EInput::Scanner}, params.toEvent()).getData();
-    const QVariant selected = answer.toMap().value(u"result"_s);
+    const QVariant selected =
+        askForm(GoodsSelectionParams::eventCode, params, {EInput::Keyboard, EInput::Scanner}).value(u"result"_s);
     if (!selected.canConvert<SelectedGoods>()) {
         return std::nullopt;
     }

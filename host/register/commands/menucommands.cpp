@@ -2,7 +2,7 @@
 #include "menucommands.h"
 
 #include "actionfactory.h"
-#include "basicdialog.h"
+#include "askform.h"
 #include "commandtable.h"
 #include "menuparams.h"
 #include "notice.h"
@@ -33,11 +33,8 @@ EContext::Result MenuCommands::showMenu(control::Action& action)
     for (const FunctionKey& entry : m_entries) {
         params.entries.append({entry, obstacle(entry)});
     }
-    Event event(MenuParams::eventCode);
-    event.addArgument(u"params"_s, QVariant::fromValue(params));
-    const QVariantMap answer = core::BasicDialog().show(true, true, {EInput::Keyboard}, event).getData().toMap();
     bool isChosen = false;
-    const int chosen = answer.value(u"entry"_s).toInt(&isChosen);
+    const int chosen = askForm(MenuParams::eventCode, params).value(u"entry"_s).toInt(&isChosen);
     if (!isChosen) {
         return EContext::Stop;
     }

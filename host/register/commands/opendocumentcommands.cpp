@@ -2,6 +2,7 @@
 #include "opendocumentcommands.h"
 
 #include "actionfactory.h"
+#include "actionhost.h"
 #include "commandtable.h"
 #include "obstaclenotice.h"
 #include "registeraction.h"
@@ -32,7 +33,7 @@ void OpenDocumentCommands::offer(ActionQueueController& controller)
     // A cancellation that stopped half-way may have undone what the subtotal did, so that the subtotal has to come
     // again before the payment.
     for (const auto action : {control::RemovePosition, control::CancelDocument, control::CancelDocumentFromMenu}) {
-        controller.setHostFrame(action, [this](control::Action&, const std::function<EContext::Result()>& course) {
+        controller.host().setFrame(action, [this](control::Action&, const std::function<EContext::Result()>& course) {
             const EContext::Result result = course();
             if (result != EContext::GoOn) {
                 m_till.setPhase(Till::Phase::Positions);

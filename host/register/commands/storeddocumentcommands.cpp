@@ -2,7 +2,8 @@
 #include "storeddocumentcommands.h"
 
 #include "actionfactory.h"
-#include "basicdialog.h"
+#include "actionhost.h"
+#include "askform.h"
 #include "commandtable.h"
 #include "documentlistparams.h"
 #include "documentwords.h"
@@ -77,9 +78,10 @@ void StoredDocumentCommands::offer(ActionQueueController& controller)
     offerCommands<Commands>(controller, *this, table);
     // The frame does the voiding: during the triggers the document is the current one, and it is saved whatever they
     // return.
-    controller.setHostHandler(control::VoidDocument, [](control::Action&) { return EContext::GoOn; });
-    controller.setHostFrame(control::VoidDocument,
-                            [this](control::Action& action, const auto& course) { return voidFrame(action, course); });
+    controller.host().setHandler(control::VoidDocument, [](control::Action&) { return EContext::GoOn; });
+    controller.host().setFrame(control::VoidDocument, [this](control::Action& action, const auto& course) {
+        return voidFrame(action, course);
+    });
 }
 
 EContext::Result StoredDocumentCommands::suspend(control::Action&)
@@ -98,17 +100,17 @@ EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
     params.obstacleToResuming = [this](const Document& document) { return m_till.obstacleToResuming(document); };
     params.obstacleToReturning = [this](const Document& document) { return m_till.obstacleToReturning(document); };
     params.obstacleToVoiding = [this](const Document& document) { return m_till.obstacleToVoiding(document); };
-    params.voidDocument = [this](const auto& document) {
+    params.voidDocument = [this](const auto& document) -> std::optional<QString> {
         const Document::State before = document->getState();
-        return voidDocument(document) == EContext::GoOn ? documentwords::voiding(*document, before) : QString();
+        if (voidDocument(document) != EContext::GoOn) {
+            return std::nullopt;
+        }
+        return documentwords::voiding(*document, before);
     };
     params.print = [this](const auto& document) { return print(*document); };
     params.openDocument = m_till.document() ? m_till.document()->getNumber() : 0;
     params.marks = &m_marks;
-    Event event(DocumentListParams::eventCode);
-    event.addArgument(u"params"_s, QVariant::fromValue(params));
-    const QVariantMap answer =
-        core::BasicDialog().show(false, true, {EInput::Keyboard, EInput::Scanner}, event).getData().toMap();
+    const QVariantMap answer = askForm(DocumentListParams::eventCode, params, {EInput::Keyboard, EInput::Scanner});
     if (const int number = answer.value(u"resume"_s).toInt(); number > 0) {
         return resume(number);
     }
@@ -208,20 +210,20 @@ EContext::Result StoredDocumentCommands::voidFrame(const control::Action& action
         if (result == EContext::GoOn) {
             result = m_till.voidDocument(document) ? EContext::GoOn : EContext::Stop;
         } else {
-            m_till.archive().save(document);
+            m_till.archive().saveOrShow(document);
         }
     });
     return result;
 }
 
-QString StoredDocumentCommands::print(const Document& document) const
+std::optional<QString> StoredDocumentCommands::print(const Document& document) const
 {
-    const QString file = m_printer.printAgain(document);
-    if (file.isEmpty()) {
-        return {};
+    const std::optional<QString> file = m_printer.printAgainOrShow(document);
+    if (!file) {
+        return std::nullopt;
     }
     return tr::Tr(u"documentPrinted"_s, u"Документ № %1 напечатан: %2"_s)
         .arg(QString::number(document.getNumber()))
-        .arg(file)
+        .arg(*file)
         .ui();
 }

@@ -8,6 +8,7 @@
 #include <QSharedPointer>
 
 #include <functional>
+#include <optional>
 
 /// What the register does with documents that are not open: resuming, returning, voiding, printing again.
 class StoredDocumentCommands
@@ -28,8 +29,8 @@ private:
 
     EContext::Result resume(int number);
     EContext::Result voidDocument(const QSharedPointer<Document>& document);
-    /// The message for the cashier; empty after a failure that was already shown.
-    QString print(const Document& document) const;
+    /// The message for the cashier; nothing after a failure was shown.
+    std::optional<QString> print(const Document& document) const;
 
     Till& m_till;
     const ReceiptPrinter& m_printer;

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// More than any till takes in, and so little that the sum of very many such amounts is a number of kopecks, too.
+/// More than any till takes in. Sums of very many such amounts still fit into Kopecks.
 constexpr double largestRoubles = 1e12;
 
 } // namespace

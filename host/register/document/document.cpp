@@ -59,8 +59,8 @@ AbstractDocument::Type readType(const QJsonObject& saved)
 QDateTime readTime(const QJsonObject& saved, const QString& name)
 {
     QDateTime time = QDateTime::fromString(savedmember::text(saved, name), Qt::ISODate);
-    if (!time.isValid() || time.date().year() > 9999) // 24:00 on the last day that can be written down
-    {
+    // 24:00 on 31 December 9999 is read as a day of the year 10000, which ISO 8601 cannot write.
+    if (!time.isValid() || time.date().year() > 9999) {
         savedmember::refuse(name);
     }
     return time;

@@ -11,25 +11,24 @@
 #include <QList>
 #include <QSharedPointer>
 
-/// A document of the till: a sale, or the return that returns a closed sale.
+/// A document of the till: a sale, or the return of a closed sale.
 class Document : public AbstractDocument
 {
     Q_OBJECT
 
 public:
-    /// How far a document has come; it decides where the document is saved.
+    /// Decides where the document is saved.
     enum class State {
         Open,      ///< the cashier works on it
-        Suspended, ///< waits to be resumed again
+        Suspended, ///< waits to be resumed
         Closed,    ///< paid
         Cancelled, ///< given up before it was paid
-        Voided,    ///< declared void after it was suspended or closed
+        Voided,    ///< undone after it was suspended or closed
     };
 
     Document(int number, const QDateTime& opened);
 
-    /// The return of a closed sale: positions of the same numbers with everything that plug-ins have put
-    /// on them.
+    /// A return of the closed sale `sale`. It has the same positions with the same numbers, and the same plug-in data.
     static QSharedPointer<Document> returnOf(const Document& sale, int number, const QDateTime& opened);
 
     int getNumber() const { return m_number; }
@@ -39,17 +38,18 @@ public:
     bool isReturn() const { return m_type == Return; }
     QList<QSharedPointer<GoodsItem>> getPositions() const override;
     const QList<QSharedPointer<Position>>& positions() const { return m_positions; }
-    /// The position with that number; null when there is none.
+    /// Null when no position has that number.
     QSharedPointer<Position> position(int number) const;
 
     State getState() const { return m_ending.state; }
-    /// Closed, cancelled or voided, and not just being voided.
+    /// True when it is closed, cancelled or voided; false while it is being voided.
     bool isClosed() const override;
-    /// document.json while it is open; `putaside/<number>.json` or `finished/<number>.json` afterwards.
+    /// `receipt.json` while it is open, `putaside/<number>.json` while it is suspended, otherwise
+    /// `finished/<number>.json`.
     QString fileName() const override;
-    /// When it was closed or cancelled, or voided without having been closed; invalid before.
+    /// When it was closed or cancelled, or voided without having been closed; invalid until then.
     QDateTime getFinished() const { return m_ending.finished; }
-    /// When it was voided; invalid when it was not.
+    /// Invalid when it was not voided.
     QDateTime getVoided() const { return m_ending.voided; }
 
     /// The sum of all positions, each rounded to kopecks.
@@ -58,18 +58,18 @@ public:
     Kopecks getReceived() const { return totalOf(m_ending.payments); }
     Kopecks getChange() const { return isReturn() ? 0 : getReceived() - getSum(); }
 
-    /// The number of the sale that this document takes back; 0: none.
+    /// The number of the sale that this return takes back; 0: this document is a sale.
     int getReturnedSale() const { return m_returnedSale; }
-    /// The number of the document that takes this sale back, or was to; 0: none.
+    /// The number of this sale's latest return, which may have been cancelled; 0: there was none.
     int getReturnedBy() const { return m_returnedBy; }
     void setReturnedBy(int number) { m_returnedBy = number; }
 
-    /// Adds a position and gives it the next number; numbers are not given twice.
+    /// Adds a position with the next number. The number of a removed position is not used again.
     QSharedPointer<Position> add(GoodsItem::Goods goods, const QString& barcode);
-    /// Takes a position off the document; one that is not there is passed over.
+    /// Does nothing when no position has that number.
     void remove(int number);
 
-    /// What a document's end changes.
+    /// What changes when the document is suspended, resumed, closed, cancelled or voided.
     struct Ending {
         State state = State::Open;
         QDateTime finished = {};
@@ -79,16 +79,14 @@ public:
     const Ending& ending() const { return m_ending; }
     void setEnding(const Ending& ending) { m_ending = ending; }
 
-    /// A document that is being voided is not closed as yet: plug-ins go on saving what they do to it.
+    /// A document that is being voided does not count as closed, so that plug-ins still save their changes to it.
     void setBeingVoided(bool voided) { m_beingVoided = voided; }
 
-    /// Writes what plug-ins have put on the positions of `other` onto the positions of the same numbers.
+    /// Copies the plug-in data of the positions of `other` to the positions with the same numbers.
     void takeOverPluginData(const Document& other);
 
     QJsonObject toJson() const override;
-    /// The document that was saved so.
-    ///
-    /// Throws BasicException, which says what is wrong, when it is no document of this register.
+    /// Reads what toJson() wrote. Throws BasicException with the reason when `saved` is no document of this register.
     static QSharedPointer<Document> fromJson(const QJsonObject& saved);
 
 private:

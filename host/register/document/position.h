@@ -9,13 +9,13 @@
 
 #include <optional>
 
-/// A position of the document.
+/// A line of a document.
 class Position : public GoodsItem
 {
 public:
     Position(const Goods& goods, const QString& barcode);
 
-    /// What was asked per pack before the price was first changed; the price itself when it never was.
+    /// The price per pack in roubles before its first change; the current price when it never changed.
     double getInitialPrice() const { return m_initialPrice.value_or(getPrice()); }
     void setPrice(double price) override;
 
@@ -23,14 +23,13 @@ public:
 
     Kopecks getSum() const { return kopecks(getSumb()); }
 
-    /// Belongs to a external document: it is neither changed nor removed like any other goods.
+    /// True when it comes from an external document, for example a prescription: it cannot be changed, and is removed
+    /// only after a question.
     bool isExternal() const { return !getSoftCheckId().isEmpty(); }
 
-    /// As GoodsItem's, with "barcode" and, once the price was changed, "initialPrice".
+    /// The members of GoodsItem, "barcode" and, after a change of price, "initialPrice".
     QJsonObject toJson() const override;
-    /// The position that was saved so.
-    ///
-    /// Throws BasicException when a member that a position cannot do without is missing or of another kind.
+    /// Reads what toJson() wrote. Throws BasicException when a required member is missing or of the wrong type.
     static QSharedPointer<Position> fromJson(const QJsonObject& saved);
 
 private:

@@ -15,19 +15,31 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-QString labelled(const QString& label, const QString& value)
+
+/// A text that is shown as it is, or an object with the key of the message catalogues and the default text.
+tr::Tr readWords(const QJsonValue& value)
 {
-    return label + u": "_s + value;
+    const QString key = value["key"_L1].toString();
+    if (key.isEmpty()) {
+        return {tr::undefined, value.isObject() ? value["text"_L1].toString() : value.toString()};
+    }
+    return {key, value["text"_L1].toString()};
 }
 
-/// The first four places of a mark; a character that takes two is not cut in its middle.
+QString labelled(const tr::Tr& label, const QString& value)
+{
+    return label.ui() + u": "_s + value;
+}
+
+/// The first four UTF-16 units of a mark, without half of a surrogate pair at the end.
 QString shortened(const QString& mark)
 {
     const QString start = mark.left(4);
     return start.size() < mark.size() && start.back().isHighSurrogate() ? start.chopped(1) : start;
 }
 
-/// What a paid share leaves of the price, such as "33,33 %"; empty when it leaves nothing.
+/// The discount in percent, for example "33,33 %"; empty when there is none.
+/// @param paidShare the fraction of the price that is paid
 QString discountText(double paidShare)
 {
     const double percent = 100.0 - std::round(paidShare * 10000.0) / 100.0;
@@ -36,6 +48,7 @@ QString discountText(double paidShare)
     }
     return QString::number(percent, 'g', 4).replace(u'.', u',') + QChar::Nbsp + u'%';
 }
+
 } // namespace
 
 void PositionMarks::load(const QString& file)
@@ -59,7 +72,7 @@ void PositionMarks::load(const QString& file)
     for (const auto entry : root.value("positions"_L1).toArray()) {
         Mark mark = readMark(entry.toObject());
         if (mark.tag.isEmpty()) {
-            log->warn(u"Position mark without a tag passed over in "_s + file);
+            log->warn(u"Position mark without a tag left out: "_s + file);
         } else {
             m_marks.append(std::move(mark));
         }
@@ -67,7 +80,7 @@ void PositionMarks::load(const QString& file)
     for (const auto entry : root.value("document"_L1).toArray()) {
         const QJsonObject line = entry.toObject();
         m_documentLines.append(
-            {line.value("plugin"_L1).toString(), line.value("key"_L1).toString(), line.value("label"_L1).toString()});
+            {line.value("plugin"_L1).toString(), line.value("key"_L1).toString(), readWords(line.value("label"_L1))});
     }
 }
 
@@ -83,9 +96,9 @@ PositionMarks::Look PositionMarks::look(const GoodsItem& position) const
     const QJsonObject options = QJsonDocument::fromJson(position.getExtendedOptions().toUtf8()).object();
     const auto state = std::find_if(mark->states.cbegin(), mark->states.cend(),
                                     [&options](const State& candidate) { return fits(candidate, options); });
-    Look look{mark->mark, mark->description, {}, {}, {}};
+    Look look{shortened(mark->mark.ui()), mark->description.ui(), {}, {}, {}};
     if (state != mark->states.cend()) {
-        look.state = state->text;
+        look.state = state->text.ui();
         look.stateColour = state->colour;
     }
     for (const ReceiptLine& line : mark->receiptLines) {
@@ -111,8 +124,8 @@ QString PositionMarks::documentText(const AbstractDocument& document) const
 PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
 {
     Mark mark{entry.value("tag"_L1).toString(),
-              shortened(entry.value("mark"_L1).toString()),
-              entry.value("description"_L1).toString(),
+              readWords(entry.value("mark"_L1)),
+              readWords(entry.value("description"_L1)),
               {},
               {}};
     for (const auto value : entry.value("states"_L1).toArray()) {
@@ -120,11 +133,11 @@ PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
         const QJsonValue wanted = state.value("value"_L1);
         mark.states.append({state.value("option"_L1).toString(),
                             wanted.isString() ? std::optional(wanted.toString()) : std::nullopt,
-                            state.value("text"_L1).toString(), QColor(state.value("colour"_L1).toString())});
+                            readWords(state.value("text"_L1)), QColor(state.value("colour"_L1).toString())});
     }
     for (const auto value : entry.value("receiptLines"_L1).toArray()) {
         const QJsonObject line = value.toObject();
-        mark.receiptLines.append({line.value("option"_L1).toString(), line.value("label"_L1).toString(),
+        mark.receiptLines.append({line.value("option"_L1).toString(), readWords(line.value("label"_L1)),
                                   line.value("form"_L1).toString() == "discount"_L1});
     }
     return mark;

@@ -3,6 +3,7 @@
 
 #include "abstractdocument.h"
 #include "goodsitem.h"
+#include "tr.h"
 
 #include <QColor>
 #include <QJsonObject>
@@ -12,52 +13,51 @@
 
 #include <optional>
 
-/// How plug-ins' positions look on the document, as their files `positionmarks.json` say (docs/position-marks.md).
+/// How the positions of plug-ins look, read from their files `positionmarks.json` (docs/position-marks.md).
 class PositionMarks
 {
 public:
-    /// What the document table shows of a marked position.
+    /// A marked position as it is shown, in the language of the interface.
     struct Look {
         QString mark;
         QString description;
         QString state; ///< empty: no state fits
         QColor stateColour;
-        QStringList receiptLines; ///< such as "Рецепт: 4500-1"; plain text
+        QStringList receiptLines; ///< for example "Рецепт: 4500-1"; plain text
     };
 
-    /// Adds what a file says. One that is not there, and what cannot be read in it, is passed over; the latter is
-    /// logged.
+    /// Adds the marks of a file. A missing file is ignored; an unreadable file or entry is logged and left out.
     void load(const QString& file);
 
-    /// How the position looks; empty texts when no plug-in marks it.
+    /// All texts are empty when no plug-in marks the position.
     Look look(const GoodsItem& position) const;
 
-    /// What plug-ins want told above the document, such as "Карта: 1100…"; empty: nothing.
+    /// What plug-ins show above the positions, for example "Карта: 1100…"; empty: nothing.
     QString documentText(const AbstractDocument& document) const;
 
 private:
     struct State {
         QString option;
         std::optional<QString> value; ///< none: fits when the option is absent
-        QString text;
+        tr::Tr text;
         QColor colour;
     };
     struct ReceiptLine {
         QString option;
-        QString label;
-        bool isDiscount; ///< the option is the share of the price that is paid
+        tr::Tr label;
+        bool isDiscount; ///< the option is the fraction of the price that is paid
     };
     struct Mark {
         QString tag;
-        QString mark;
-        QString description;
+        tr::Tr mark;
+        tr::Tr description;
         QList<State> states;
         QList<ReceiptLine> receiptLines;
     };
     struct DocumentLine {
         QString plugin;
         QString key;
-        QString label;
+        tr::Tr label;
     };
 
     static Mark readMark(const QJsonObject& entry);

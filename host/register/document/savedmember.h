@@ -5,19 +5,19 @@
 #include <QJsonObject>
 #include <QString>
 
-/// Members of a saved document, read strictly: what is missing or of another kind throws BasicException, whose text
-/// names the member.
+/// Strict readers for the members of a saved document. A member that is missing or of the wrong type throws
+/// BasicException, whose text names it.
 namespace savedmember
 {
 
 QString text(const QJsonObject& object, const QString& name);
 double number(const QJsonObject& object, const QString& name);
-/// A whole number of 1 or more, after which one more can be counted.
+/// A whole number from 1 to the last but one `int`, so that counting on from it does not overflow.
 int positiveInteger(const QJsonObject& object, const QString& name);
 QJsonArray list(const QJsonObject& object, const QString& name);
 QJsonObject object(const QJsonObject& parent, const QString& name);
 
-/// Throws for a member that holds something that this register does not know.
+/// Throws because the member `name` has an unknown value.
 [[noreturn]] void refuse(const QString& name);
 
 } // namespace savedmember

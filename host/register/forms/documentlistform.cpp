@@ -6,6 +6,7 @@
 #include "formanswer.h"
 #include "registerstyle.h"
 #include "stoppedaction.h"
+#include "tablecolumn.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
@@ -26,7 +27,7 @@ DocumentListForm::DocumentListForm(const DocumentListParams& params, QObject* pa
     , m_params(params)
     , m_positions(*params.marks)
 {
-    setContextCode(EContext::StoredDocuments); // plug-ins void what belongs to a document in this context
+    setContextCode(EContext::StoredDocuments); // the context in which plug-ins handle voiding
     loadUI(u"documentlist.ui"_s);
     if (!isTouchMode()) {
         deleteWidgets({u"scrollButtonsNavigationBar"_s, u"navigationBar"_s});
@@ -61,29 +62,29 @@ void DocumentListForm::setUpTables()
 {
     m_filtered.setSourceModel(&m_documents);
     m_table->setModel(&m_filtered);
-    m_table->setColumns({
-        u"number;;80;true;130"_s,
-        u"state;;-1;true;129"_s,
-        u"time;;-2;true;129"_s,
-        u"positions;;-2;true;130"_s,
-        u"sum;;-2;true;130"_s,
-        u"searchText;;0;false;129"_s,
-    });
+    m_table->setColumns(TableColumn::texts({
+        {u"number"_s, 80, TableColumn::right},
+        {u"state"_s, TableColumn::remainingRoom, TableColumn::left},
+        {u"time"_s, TableColumn::fittingContents, TableColumn::left},
+        {u"positions"_s, TableColumn::fittingContents, TableColumn::right},
+        {u"sum"_s, TableColumn::fittingContents, TableColumn::right},
+        {u"searchText"_s, 0, TableColumn::left, false},
+    }));
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &DocumentListForm::showCurrent);
 
     m_positionsTable->setModel(&m_positions);
     m_positionsTable->setFocusPolicy(Qt::NoFocus);
     m_positionsTable->setSelectionMode(QAbstractItemView::NoSelection);
-    m_positionsTable->setColumns({
-        u"number;;40;true;130"_s,
-        u"name;;-1;true;129"_s,
-        u"mark;;-2;true;132"_s,
-        u"quantity;;-2;true;130"_s,
-        u"initialPrice;;0;false;130"_s,
-        u"price;;0;false;130"_s,
-        u"sum;;104;true;130"_s,
-        u"state;;-2;true;129"_s,
-    });
+    m_positionsTable->setColumns(TableColumn::texts({
+        {u"number"_s, 40, TableColumn::right},
+        {u"name"_s, TableColumn::remainingRoom, TableColumn::left},
+        {u"mark"_s, TableColumn::fittingContents, TableColumn::centred},
+        {u"quantity"_s, TableColumn::fittingContents, TableColumn::right},
+        {u"initialPrice"_s, 0, TableColumn::right, false},
+        {u"price"_s, 0, TableColumn::right, false},
+        {u"sum"_s, 104, TableColumn::right},
+        {u"state"_s, TableColumn::fittingContents, TableColumn::left},
+    }));
 }
 
 void DocumentListForm::setUpButtons()
@@ -109,7 +110,7 @@ void DocumentListForm::setUpButtons()
         if (entry.shortcut.isEmpty()) {
             continue;
         }
-        // A button's own shortcut would click a moment later, perhaps when another document is the current one.
+        // A button's own shortcut clicks with a delay, and another document may be the current one by then.
         auto* pressed = new QShortcut(entry.shortcut, rootWidget());
         pressed->setAutoRepeat(false);
         connect(pressed, &QShortcut::activated, entry.button, &QPushButton::click);
@@ -178,8 +179,8 @@ void DocumentListForm::showHint()
         showHint(tr::Tr(u"documentsNone"_s, u"Отложенных и завершённых документов нет."_s).ui(), "hint");
     } else if (!document) {
         showHint(tr::Tr(u"documentsNotFound"_s, u"Ничего не найдено. Измените строку поиска."_s).ui(), "error");
-    } else if (document->getNumber() == m_shown.document) {
-        showHint(m_shown.text, m_shown.textRole);
+    } else if (document->getNumber() == m_outcome.document) {
+        showHint(m_outcome.text, m_outcome.textRole);
     } else if (m_params.openDocument != 0) {
         showHint(tr::Tr(u"documentsReceiptOpen"_s,
                         u"Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен."_s)
@@ -193,7 +194,7 @@ void DocumentListForm::showHint()
 
 void DocumentListForm::showHint(const QString& text, const char* textRole)
 {
-    m_hint->setText(text);
+    showText(u"hintLabel"_s, text);
     m_hint->setVisible(!text.isEmpty());
     setStyleProperty(*m_hint, u"textRole"_s, QLatin1StringView(textRole));
 }
@@ -203,7 +204,7 @@ void DocumentListForm::rememberStop(const control::Action& action, EContext::Res
     if (result == EContext::NotFound || !current()) {
         return; // the register shows a message
     }
-    m_shown = {current()->getNumber(), stoppedaction::stopped(action).ui(), "waiting"};
+    m_outcome = {current()->getNumber(), stoppedaction::stopped(action).ui(), "waiting"};
 }
 
 DocumentListForm::Pointer DocumentListForm::current() const
@@ -212,7 +213,7 @@ DocumentListForm::Pointer DocumentListForm::current() const
     return index.isValid() ? m_documents.document(index.row()) : nullptr;
 }
 
-/// The first document when the wanted one is not shown.
+/// Makes the first document the current one when the wanted one is not in the list.
 void DocumentListForm::makeCurrent(int number)
 {
     const QModelIndex wanted =
@@ -220,7 +221,7 @@ void DocumentListForm::makeCurrent(int number)
     m_table->setCurrentIndex(wanted.isValid() ? wanted : m_filtered.index(0, DocumentTableModel::Number));
 }
 
-/// Return does what harms nothing; what goes further has keys of its own.
+/// The Return key only resumes, which does no harm. Returning and voiding have keys of their own.
 void DocumentListForm::confirm()
 {
     if (m_resume->isEnabled()) {
@@ -248,13 +249,12 @@ void DocumentListForm::print()
     act(m_params.print);
 }
 
-/// What is told of the document before is dropped; a stoppedaction may take its place meanwhile.
 void DocumentListForm::act(const DocumentListParams::Act& act)
 {
-    m_shown = {};
+    m_outcome = {}; // rememberStop() may set it during the act
     const int number = current()->getNumber();
-    if (const QString done = act(current()); !done.isEmpty()) {
-        m_shown = {number, done, "hint"};
+    if (const std::optional<QString> done = act(current())) {
+        m_outcome = {number, *done, "hint"};
     }
     load();
 }

@@ -13,7 +13,8 @@ class QPushButton;
 class TalloLineEdit;
 class TalloTableView;
 
-/// The documents suspended and finished, with the positions of the current one and what can be done with it.
+/// The suspended and the finished documents. Shows the positions of the current one, and a button for each thing that
+/// can be done with it.
 class DocumentListForm : public BasicForm
 {
     Q_OBJECT
@@ -24,9 +25,9 @@ public:
 private:
     using Pointer = DocumentListParams::Pointer;
 
-    /// What became of the last act.
-    struct Shown {
-        int document = 0; ///< shown as long as this one is the current one; 0: none
+    /// The outcome of the last act, shown while its document is the current one.
+    struct Outcome {
+        int document = 0; ///< its number; 0: there is no outcome
         QString text = {};
         const char* textRole = "hint";
     };
@@ -65,5 +66,5 @@ private:
     QPushButton* m_return;
     QPushButton* m_void;
     QPushButton* m_print;
-    Shown m_shown;
+    Outcome m_outcome;
 };

@@ -15,25 +15,27 @@
 
 /// What the list of documents shows and does.
 ///
-/// Answers with "resume" or "returnSale", the number of the document; without either when the cashier leaves.
+/// The form answers with "takeUp" or "takeBack", the number of the document to resume or to return; with neither when
+/// the cashier leaves.
 struct DocumentListParams {
     using Pointer = QSharedPointer<Document>;
 
-    std::function<QList<Pointer>()> documents;       ///< asked again after each change
+    std::function<QList<Pointer>()> documents;       ///< called again after each change
     std::function<bool(const Document&)> isReturned; ///< also true while the sale is being returned
     /// Why something cannot be done with a document now; nothing: it can.
     using Rule = std::function<std::optional<Obstacle>(const Document&)>;
     Rule obstacleToResuming;
     Rule obstacleToReturning;
     Rule obstacleToVoiding;
-    /// Does something with a document while the list is on top. @return what was done; empty: nothing
-    using Act = std::function<QString(const Pointer&)>;
+    /// Does something with a document while the list is shown. @return a hint about what was done; nothing when it was
+    /// not done, and the cashier has seen why
+    using Act = std::function<std::optional<QString>(const Pointer&)>;
     Act voidDocument;
-    Act print;                            ///< of a closed document
-    int openDocument = 0;                 ///< the number of the document in the way of another; 0: none is open
+    Act print;                            ///< prints the receipt of a closed document again
+    int openDocument = 0;                 ///< the number of the open document; 0: none is open
     const PositionMarks* marks = nullptr; ///< not owned
 
-    /// The code of the event that shows the list; it carries these as "params".
+    /// The event that shows the list; it carries this struct as "params".
     static constexpr auto eventCode = static_cast<EActivityListener::Event>(1012);
 };
 

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "goodsselectionform.h"
 
-#include "actionfactory.h"
-#include "actionqueuecontroller.h"
 #include "config.h"
 #include "dialogeventfilter.h"
+#include "formanswer.h"
 #include "registerstyle.h"
+#include "scanfilter.h"
+#include "tablecolumn.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
 
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -21,15 +21,14 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int mostPacks = 999;
-/// Room for what was searched for, in a hint, in pixels.
+constexpr int maxPacks = 999;
+/// The width of the search text in a hint, in pixels.
 constexpr int longestQuote = 240;
 } // namespace
 
 GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObject* parent)
     : BasicForm(parent)
     , m_goods(params.goods)
-    , m_scansIntoPacks(ScanRecognizer::configured())
 {
     loadUI(u"goodsselection.ui"_s);
     if (!isTouchMode()) {
@@ -41,10 +40,9 @@ GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObje
     m_packs = findWidget<TalloLineEdit>(u"quantityLineEdit"_s);
     m_hint = findWidget<QLabel>(u"hintLabel"_s);
 
-    findWidget<QLabel>(u"titleLabel"_s)->setText(tr::Tr(u"goodsSelectionTitle"_s, u"Подбор товара"_s).ui());
-    auto* medicine = findWidget<QLabel>(u"medicineInfoLabel"_s);
-    medicine->setText(params.medicineInfo);
-    medicine->setVisible(!params.medicineInfo.isEmpty());
+    showText(u"titleLabel"_s, tr::Tr(u"goodsSelectionTitle"_s, u"Подбор товара"_s).ui());
+    showText(u"medicineInfoLabel"_s, params.medicineInfo);
+    findWidget<QLabel>(u"medicineInfoLabel"_s)->setVisible(!params.medicineInfo.isEmpty());
 
     setUpTable();
     setUpPacks();
@@ -80,8 +78,8 @@ void GoodsSelectionForm::offerPicked(const SelectedGoods& picked)
     }
 }
 
-/// Makes the goods current that what they are for names: its parts stand between slashes, and a name of goods begins
-/// with the trade name and a comma. Only goods in stock are offered so.
+/// Makes the goods in stock current whose trade name is a part of `medicineInfo`. The parts are separated by slashes;
+/// the name of goods begins with the trade name and a comma.
 void GoodsSelectionForm::offerWanted(const QString& medicineInfo)
 {
     for (const QString& part : medicineInfo.split(u'/', Qt::SkipEmptyParts)) {
@@ -105,19 +103,19 @@ void GoodsSelectionForm::setUpTable()
 {
     m_filtered.setSourceModel(&m_goods);
     m_table->setModel(&m_filtered);
-    m_table->setColumns({
-        u"name;;-1;true;129"_s,
-        u"nonProprietaryName;;220;true;129"_s,
-        u"price;;140;true;130"_s,
-        u"stock;;110;true;130"_s,
-        u"searchText;;0;false;129"_s,
-    });
+    m_table->setColumns(TableColumn::texts({
+        {u"name"_s, TableColumn::remainingRoom, TableColumn::left},
+        {u"nonProprietaryName"_s, 220, TableColumn::left},
+        {u"price"_s, 140, TableColumn::right},
+        {u"stock"_s, 110, TableColumn::right},
+        {u"searchText"_s, 0, TableColumn::left, false},
+    }));
 }
 
 void GoodsSelectionForm::setUpPacks()
 {
     m_packs->setText(u"1"_s);
-    m_packs->installEventFilter(this);
+    connect(new ScanFilter(*m_packs), &ScanFilter::scanned, this, &GoodsSelectionForm::searchScanned);
     findWidget<QLabel>(u"quantityLabel"_s)->setText(tr::Tr(u"goodsSelectionPacks"_s, u"Упаковок:"_s).ui());
     if (auto* fewer = findWidget<QPushButton>(u"quantityMinusButton"_s, false)) {
         connect(fewer, &QPushButton::clicked, this, [this] { onAmountButton(-1); });
@@ -158,37 +156,20 @@ void GoodsSelectionForm::nameControls()
     });
 }
 
-bool GoodsSelectionForm::eventFilter(QObject* watched, QEvent* event)
+/// A barcode is never a number of packs. It goes to the filter, so that the cashier sees the goods before they are
+/// sold.
+void GoodsSelectionForm::searchScanned(const QString& barcode)
 {
-    if (watched == m_packs && event->type() == QEvent::KeyPress && endsScanIntoPacks(*static_cast<QKeyEvent*>(event))) {
-        return true;
-    }
-    return BasicForm::eventFilter(watched, event);
-}
-
-/// A barcode is what to search for, never a number of packs. The cashier sees what was found before it is sold.
-bool GoodsSelectionForm::endsScanIntoPacks(const QKeyEvent& key)
-{
-    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
-        m_scansIntoPacks.key(key, m_packs->text());
-        return false;
-    }
-    const std::optional<ScanRecognizer::Scan> scan = m_scansIntoPacks.finish(key.timestamp());
-    if (!scan) {
-        return false;
-    }
-    m_packs->setText(scan->fieldBefore);
-    m_filter->setText(scan->text);
+    m_filter->setText(barcode);
     m_filter->setFocus();
-    m_filter->selectAll(); // the next scan takes its place
-    return true;
+    m_filter->selectAll(); // the next scan replaces it
 }
 
 void GoodsSelectionForm::onChoose()
 {
     const QModelIndex current = m_table->currentIndex();
     if (!current.isValid()) {
-        showWhenNothingIsLeft();
+        showIfNothingMatches();
         m_filter->setFocus();
         return;
     }
@@ -200,7 +181,7 @@ void GoodsSelectionForm::onChoose()
     const std::optional<int> packs = typedPacks();
     if (!packs) {
         showHint(tr::Tr(u"goodsSelectionPacksMissing"_s, u"Введите целое количество упаковок от 1 до %1."_s)
-                     .arg(QString::number(mostPacks)));
+                     .arg(QString::number(maxPacks)));
         m_packs->setFocus();
         m_packs->selectAll();
         return;
@@ -212,35 +193,35 @@ void GoodsSelectionForm::onChoose()
                      .arg(QString::number(*packs)));
         return;
     }
-    answer(0, QVariant::fromValue(SelectedGoods{goods, *packs}));
+    answerForm({{u"data"_s, 0}, {u"result"_s, QVariant::fromValue(SelectedGoods{goods, *packs})}});
 }
 
-/// A whole number only. The field holds whatever was typed: "1,5" with its comma dropped would be fifteen packs.
+/// Whole numbers only: the field may hold "1,5", which must not become fifteen packs.
 std::optional<int> GoodsSelectionForm::typedPacks() const
 {
     bool isWhole = false;
     const int packs = m_packs->text().toInt(&isWhole);
-    return isWhole && packs >= 1 && packs <= mostPacks ? std::optional(packs) : std::nullopt;
+    return isWhole && packs >= 1 && packs <= maxPacks ? std::optional(packs) : std::nullopt;
 }
 
 void GoodsSelectionForm::onCancel()
 {
-    answer(-1, {});
+    answerForm(u"data"_s, -1);
 }
 
 void GoodsSelectionForm::onFilterChanged(const QString& text)
 {
     m_filtered.addFilter(GoodsTableModel::SearchText, text.trimmed(), ComplexFilterProxyModel::Contains);
     m_table->setCurrentIndex(m_filtered.index(0, GoodsTableModel::Name));
-    showWhenNothingIsLeft();
+    showIfNothingMatches();
 }
 
-void GoodsSelectionForm::showWhenNothingIsLeft()
+void GoodsSelectionForm::showIfNothingMatches()
 {
     const QString search = m_filter->text().trimmed();
-    const bool isNoneLeft = m_filtered.rowCount() == 0;
-    setStyleProperty(*findWidget<QPushButton>(u"okButton"_s), u"idle"_s, isNoneLeft);
-    if (!isNoneLeft) {
+    const bool nothingMatches = m_filtered.rowCount() == 0;
+    setStyleProperty(*findWidget<QPushButton>(u"okButton"_s), u"idle"_s, nothingMatches);
+    if (!nothingMatches) {
         showHint({});
     } else if (search.isEmpty()) {
         showHint(tr::Tr(u"goodsSelectionNothing"_s, u"Нет товара для выбора. Вернитесь назад."_s));
@@ -252,20 +233,10 @@ void GoodsSelectionForm::showWhenNothingIsLeft()
 
 void GoodsSelectionForm::onAmountButton(int change)
 {
-    m_packs->setText(QString::number(std::clamp(m_packs->text().toInt() + change, 1, mostPacks)));
+    m_packs->setText(QString::number(std::clamp(m_packs->text().toInt() + change, 1, maxPacks)));
 }
 
 void GoodsSelectionForm::showHint(const tr::Tr& hint)
 {
-    m_hint->setText(hint.ui());
-}
-
-void GoodsSelectionForm::answer(int data, const QVariant& result)
-{
-    control::Action action = Singleton<control::ActionFactory>::get()->create(control::DialogAnswer);
-    action.appendArgument(data, u"data"_s);
-    if (result.isValid()) {
-        action.appendArgument(result, u"result"_s);
-    }
-    Singleton<ActionQueueController>::get()->enqueue(action, true);
+    showText(u"hintLabel"_s, hint.ui());
 }

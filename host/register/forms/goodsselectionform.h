@@ -5,26 +5,22 @@
 #include "complexfilterproxymodel.h"
 #include "goodsselectionparams.h"
 #include "goodstablemodel.h"
-#include "scanrecognizer.h"
 
 #include <optional>
 
-class QKeyEvent;
 class QLabel;
 class TalloLineEdit;
 class TalloTableView;
 
-/// The list of goods with a filter, and the number of packs wanted.
+/// The list of goods with a filter and the number of packs.
 ///
-/// Answers with "result", a SelectedGoods, and "data" 0; or with "data" -1 when the cashier leaves.
+/// The form answers with "result", a SelectedGoods, and "data" 0; with "data" -1 when the cashier leaves.
 class GoodsSelectionForm : public BasicForm
 {
     Q_OBJECT
 
 public:
     explicit GoodsSelectionForm(const GoodsSelectionParams& params, QObject* parent = nullptr);
-
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private slots:
     void onChoose();
@@ -40,20 +36,17 @@ private:
     void nameControls();
     void offerPicked(const SelectedGoods& picked);
     void offerWanted(const QString& medicineInfo);
-    /// @param row of all goods, whatever the filter
+    /// @param row the row in the unfiltered model
     void makeCurrent(int row);
-    /// True when the key, pressed in the field of packs, ended a scan.
-    bool endsScanIntoPacks(const QKeyEvent& key);
-    /// Tells when no goods are left to choose from, else takes the hint away.
-    void showWhenNothingIsLeft();
+    void searchScanned(const QString& barcode);
+    /// Shows a hint when the filter leaves no goods, and clears it otherwise.
+    void showIfNothingMatches();
     void showHint(const tr::Tr& hint);
-    void answer(int data, const QVariant& result);
 
     GoodsTableModel m_goods;
     ComplexFilterProxyModel m_filtered;
     TalloTableView* m_table;
     TalloLineEdit* m_filter;
     TalloLineEdit* m_packs;
-    ScanRecognizer m_scansIntoPacks;
     QLabel* m_hint;
 };

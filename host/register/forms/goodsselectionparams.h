@@ -13,16 +13,11 @@
 /// What the goods selection offers.
 struct GoodsSelectionParams {
     QList<CatalogueGoods> goods;
-    QString medicineInfo;                     ///< what the goods are for, shown above the list; empty: nothing
-    QString filter;                           ///< stands in the filter line at first
-    std::optional<SelectedGoods> picked = {}; ///< picked before: current at first, with that many packs
+    QString medicineInfo;                     ///< the medicine that the goods are for, shown above the list
+    QString filter;                           ///< the initial text of the filter
+    std::optional<SelectedGoods> picked = {}; ///< an earlier choice, which is offered again
 
-    /// The event that shows the goods selection, with these parameters.
-    Event toEvent() const;
-    /// The parameters of such an event; without any goods when it carries none.
-    static GoodsSelectionParams fromEvent(const Event& event);
-
-    /// The code of that event.
+    /// The event that shows the goods selection; it carries this struct as "params".
     static constexpr auto eventCode = static_cast<EActivityListener::Event>(1010);
 };
 

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-/// More than a scanner's: its keys may be delivered late.
+/// Twice the gap between a scanner's keys, since they may be delivered late.
 constexpr auto quietTime = 2 * ScanRecognizer::longestGap;
 } // namespace
 
@@ -75,7 +75,7 @@ bool MenuForm::eventFilter(QObject* watched, QEvent* event)
     return BasicDialogForm::eventFilter(watched, event);
 }
 
-/// Only a digit that comes alone is the cashier's: a scanner sends many.
+/// Only a single digit is the cashier's: a scanner sends many.
 bool MenuForm::takeDigit(const QKeyEvent& key)
 {
     const int number = key.key() - Qt::Key_0;
@@ -88,6 +88,6 @@ bool MenuForm::takeDigit(const QKeyEvent& key)
 void MenuForm::chooseByDigit()
 {
     if (m_digit > 0) {
-        m_entries.at(m_digit - 1)->click(); // does nothing when it is not possible
+        m_entries.at(m_digit - 1)->click(); // does nothing when the button is disabled
     }
 }

@@ -10,10 +10,10 @@
 class QKeyEvent;
 class QPushButton;
 
-/// The menu: a button for each command, numbered; a digit chooses, unless it is part of a scan. Commands that are not
-/// possible now say why.
+/// The menu: a numbered button for each command. A digit chooses one, unless it is part of a scan. A command that is
+/// not possible now is disabled and shows why.
 ///
-/// Answers with "entry", the index of the chosen command; every other way out dismisses the form.
+/// The form answers with "entry", the index of the chosen command; every other way out dismisses it.
 class MenuForm : public BasicDialogForm
 {
     Q_OBJECT
@@ -30,6 +30,6 @@ private:
     void chooseByDigit();
 
     QList<QPushButton*> m_entries;
-    QTimer m_quiet;  ///< runs while a scanner's next key may still come
-    int m_digit = 0; ///< pressed alone; 0: none
+    QTimer m_quiet;  ///< active while a scanner's next key may still come
+    int m_digit = 0; ///< pressed without another key before it; 0: none
 };

@@ -9,15 +9,15 @@
 #include <QMetaType>
 #include <QString>
 
-/// The commands that a menu offers; answers with "entry", the index of the chosen one, or without it.
+/// The commands that the menu offers.
 struct MenuParams {
     struct Entry {
         FunctionKey command;
-        QString obstacle; ///< why the command is not possible now; empty: it is
+        QString obstacle; ///< why the command is not possible now; empty: it is possible
     };
     QList<Entry> entries;
 
-    /// The code of the event that shows the menu; it carries these as "params".
+    /// The event that shows the menu; it carries this struct as "params".
     static constexpr auto eventCode = static_cast<EActivityListener::Event>(1013);
 };
 

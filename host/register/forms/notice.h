@@ -3,7 +3,7 @@
 
 #include "dialog.h"
 
-/// Tells the cashier something that is no error, and waits until it is read.
+/// Shows the cashier a message that is no error, and waits until it is closed.
 inline void showNotice(const tr::Tr& text)
 {
     Dialog::create()->showMessage(text, Dialog::Notice, 0, 0);

@@ -6,17 +6,17 @@
 
 #include <QMetaType>
 
-/// What a question to the cashier shows.
+/// A question to the cashier.
 struct Question {
     tr::Tr title;
     tr::Tr text;
-    tr::Tr yes; ///< on the button that does it, such as "Отменить чек"
-    tr::Tr no;  ///< on the button that leaves everything as it is, which is the default one
+    tr::Tr yes; ///< on the button that does it, for example "Отменить чек"
+    tr::Tr no;  ///< on the default button, which changes nothing
 
-    /// Asks, and returns true when the cashier wants it done; whatever closes the question otherwise counts as no.
+    /// Asks the question and waits. @return true for yes; false for no and for every other way to close the question
     bool ask() const;
 
-    /// The code of the event that shows the question; it carries the question as "params".
+    /// The event that shows the question; it carries this struct as "params".
     static constexpr auto eventCode = static_cast<EActivityListener::Event>(1011);
 };
 

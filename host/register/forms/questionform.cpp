@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-/// Room for the text, in pixels: the form fits a window of 600.
+/// The height of the text in pixels: the form fits a window 600 pixels high.
 constexpr int tallestText = 360;
 constexpr int iconSize = 48;
 } // namespace
@@ -44,7 +44,7 @@ void QuestionForm::fillTexts(const Question& question)
     auto* icon = findWidget<QLabel>(u"iconLabel"_s);
     icon->setPixmap(QApplication::style()->standardIcon(QStyle::SP_MessageBoxQuestion).pixmap(iconSize));
     icon->setAccessibleName(question.title.ui());
-    findWidget<QLabel>(u"messageLabel"_s)->setText(question.text.ui());
+    showText(u"messageLabel"_s, question.text.ui());
     findWidget<QWidget>(u"messageScrollArea"_s)->setAccessibleName(question.text.ui());
     const std::pair<QString, tr::Tr> buttons[] = {{u"yesButton"_s, question.yes}, {u"noButton"_s, question.no}};
     for (const auto& [name, text] : buttons) {

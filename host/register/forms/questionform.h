@@ -4,7 +4,7 @@
 #include "basicdialogform.h"
 #include "question.h"
 
-/// Asks a question. The button that does it answers with "yes", true; every other way out dismisses the form.
+/// Asks a question. The yes button answers with "yes", true; every other way out dismisses the form.
 class QuestionForm : public BasicDialogForm
 {
     Q_OBJECT

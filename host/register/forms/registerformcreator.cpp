@@ -1,24 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "registerformcreator.h"
 
+#include "askform.h"
 #include "documentlistform.h"
 #include "goodsselectionform.h"
 #include "menuform.h"
 #include "questionform.h"
 
-using namespace Qt::StringLiterals;
-
 namespace
 {
 
-/// The form, when the event is the one that shows it; else null. The event carries the form's parameters as "params".
+/// The form for its event, which carries the form's parameters as "params"; null for any other event.
 template <typename Form, typename Params>
 QSharedPointer<BasicForm> formOf(const Event& event)
 {
     if (event.getCode() != Params::eventCode) {
         return nullptr;
     }
-    return QSharedPointer<Form>::create(event.value(u"params"_s).template value<Params>());
+    return QSharedPointer<Form>::create(formParams<Params>(event));
 }
 
 } // namespace

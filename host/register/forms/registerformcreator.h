@@ -3,7 +3,7 @@
 
 #include "basicformcreator.h"
 
-/// Makes the register's own forms.
+/// Creates the register's own forms.
 class RegisterFormCreator : public BasicFormCreator
 {
 public:

@@ -4,7 +4,7 @@
 #include <QMetaType>
 #include <QString>
 
-/// One kind of goods as the goods database has it. Prices in roubles per pack, stock in packs.
+/// One kind of goods in the catalogue. Prices are in roubles per pack, the stock is in packs.
 struct CatalogueGoods {
     QString code;
     QString barcode;
@@ -18,7 +18,7 @@ struct CatalogueGoods {
     bool isInStock() const { return stock > 0; }
 };
 
-/// Goods that the cashier picked, and how many packs of them.
+/// Goods that the cashier picked, and the number of packs.
 struct SelectedGoods {
     CatalogueGoods goods;
     int packs = 1;

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "demodata.h"
 
-#include <log4qt/logger.h>
-#include <log4qt/logmanager.h>
-
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -18,7 +15,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A table of the goods database and the list of the demo data that fills it; its columns are named alike.
+/// A table of the goods database. It is filled from the list with the same name in the demo data, whose members are
+/// named like the columns.
 struct Table {
     const char* name;
     const char* definition;
@@ -60,50 +58,53 @@ bool createTable(QSqlQuery& query, const Table& table, const QJsonArray& rows)
     return true;
 }
 
-/// Empty, or what went wrong.
-QString fillDatabase(QSqlDatabase database)
+Failure failure(const QString& reason)
+{
+    return {{tr::undefined, reason}, reason};
+}
+
+Expected<void, Failure> fillDatabase(QSqlDatabase database)
 {
     QFile file(u":/demo/goods.json"_s);
     if (!file.open(QIODevice::ReadOnly)) {
-        return file.errorString();
+        return failure(file.errorString());
     }
     const QJsonDocument data = QJsonDocument::fromJson(file.readAll());
     if (!database.open() || !database.transaction()) {
-        return database.lastError().text();
+        return failure(database.lastError().text());
     }
     QSqlQuery query(database);
     for (const Table& table : tables()) {
         if (!createTable(query, table, data[QLatin1StringView(table.name)].toArray())) {
-            return query.lastError().text();
+            return failure(query.lastError().text());
         }
     }
-    return database.commit() ? QString() : database.lastError().text();
+    if (!database.commit()) {
+        return failure(database.lastError().text());
+    }
+    return {};
 }
 
 } // namespace
 
-bool createDemoGoods(const QString& file)
+Expected<void, Failure> createDemoGoods(const QString& file)
 {
     if (QFile::exists(file)) {
-        return true;
+        return {};
     }
     const QString connection = u"demo goods"_s;
     const QString unfinished = file + u".new"_s;
     QFile::remove(unfinished);
-    QString failure;
+    Expected<void, Failure> filled;
     {
         QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, connection);
         database.setDatabaseName(unfinished);
-        failure = fillDatabase(database);
+        filled = fillDatabase(database);
         database.close();
     }
     QSqlDatabase::removeDatabase(connection);
-    if (failure.isEmpty() && !QFile::rename(unfinished, file)) {
-        failure = u"it cannot be renamed to "_s + file;
+    if (filled && !QFile::rename(unfinished, file)) {
+        return failure(u"the file cannot be renamed to "_s + file);
     }
-    if (failure.isEmpty()) {
-        return true;
-    }
-    Log4Qt::LogManager::logger(u"register"_s)->error(u"The demo goods were not made: "_s + failure);
-    return false;
+    return filled;
 }

@@ -10,19 +10,18 @@
 
 class QSqlQuery;
 
-/// The goods that the pharmacy sells: table `goods` of the goods database, read only.
+/// The goods that the pharmacy sells: the table `goods` of the goods database, read only.
 ///
-/// Every operation throws BasicException with a text for the cashier when the database or its table cannot be read.
+/// Every operation throws BasicException with a text for the cashier when the table cannot be read.
 class GoodsCatalogue
 {
 public:
-    /// Makes sure that the goods can be read.
+    /// Throws unless the goods can be read.
     void check() const;
 
-    /// The goods of a non-proprietary name, whatever the case; empty: all goods. Sorted by name.
+    /// The goods with that non-proprietary name in any case, sorted by name; all goods when it is empty.
     QList<CatalogueGoods> goodsOf(const QString& nonProprietaryName) const;
 
-    /// The goods with that barcode; none when no goods have it.
     std::optional<CatalogueGoods> byBarcode(const QString& barcode) const;
 
 private:

@@ -20,5 +20,5 @@ void MessageCatalogues::load(const QString& path)
         return;
     }
     QCoreApplication::installTranslator(translator.get());
-    m_taken.push_back(std::move(translator));
+    m_installed.push_back(std::move(translator));
 }

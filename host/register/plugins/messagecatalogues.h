@@ -8,9 +8,9 @@
 
 class QTranslator;
 
-/// The message catalogues in the cashier's language. They hold for every text as long as this lives.
+/// The message catalogues in the cashier's language. They are installed until this object is destroyed.
 ///
-/// The language is the key `Language:interface`; while it is empty no catalogue is taken, and texts stay as written.
+/// The language is `Language:interface` of the configuration; when it is empty, texts stay as written in the sources.
 class MessageCatalogues
 {
 public:
@@ -19,10 +19,10 @@ public:
     MessageCatalogues(const MessageCatalogues&) = delete;
     MessageCatalogues& operator=(const MessageCatalogues&) = delete;
 
-    /// Takes the catalogue `<path>_<language>.qm`, when there is one; what was taken last goes before the others.
+    /// Installs the catalogue `<path>_<language>.qm`, if there is one. A later catalogue overrides the earlier ones.
     /// @param path a file or a Qt resource, without the language
     void load(const QString& path);
 
 private:
-    std::vector<std::unique_ptr<QTranslator>> m_taken;
+    std::vector<std::unique_ptr<QTranslator>> m_installed;
 };

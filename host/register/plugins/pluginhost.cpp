@@ -2,11 +2,15 @@
 #include "pluginhost.h"
 
 #include "abstractplugin.h"
+#include "actionhost.h"
 #include "actionqueuecontroller.h"
 #include "activitynotifier.h"
 #include "basicexception.h"
 #include "config.h"
+#include "formhost.h"
+#include "expected.h"
 #include "graphicaluserinterface.h"
+#include "listenerhost.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
@@ -24,52 +28,53 @@ using namespace Qt::StringLiterals;
 struct PluginHost::Loaded {
     QString name;
     std::unique_ptr<QPluginLoader> loader;
-    AbstractPlugin* plugin; ///< owned by the loader
+    AbstractPlugin* plugin; ///< owned by the loader; null: it stays idle
 };
 
 namespace
 {
 
-/// The plug-in's name: that of its library without "lib" and without what follows the first point.
+/// The file name of the library without "lib" and without everything after the first point.
 QString pluginName(const QFileInfo& library)
 {
     const QString name = library.baseName();
     return name.startsWith("lib"_L1) ? name.mid(3) : name;
 }
 
-/// What init() said, or why it could not say anything.
-struct Initialised {
-    bool done = false;
-    QString failure;
-};
+Failure failure(const QString& reason)
+{
+    return {{tr::undefined, reason}, reason};
+}
 
-Initialised initialise(AbstractPlugin& plugin)
+/// The result of init(), or the exception that it threw.
+Expected<bool> initialise(AbstractPlugin& plugin)
 {
     try {
-        return {plugin.init(), {}};
+        return plugin.init();
     } catch (const BasicException& exception) {
-        return {false, exception.tr().ui()};
+        return Failure{exception.tr(), exception.tr().ui()};
     } catch (const std::exception& exception) {
-        return {false, QString::fromUtf8(exception.what())};
+        return failure(QString::fromUtf8(exception.what()));
     } catch (...) {
-        return {false, u"unknown exception"_s};
+        return failure(u"unknown exception"_s);
     }
 }
 
-/// What is registered with the platform at the time of its making.
+/// The form creators and listeners that are registered with the platform when it is constructed.
 class Registrations
 {
 public:
-    /// Drops what was registered since.
+    /// Removes everything that was registered later.
     void restore() const
     {
-        Singleton<GraphicalUserInterface>::get()->removeFormCreators(m_formCreators);
-        Singleton<ActivityNotifier>::get()->keepOnly(m_listeners);
+        Singleton<GraphicalUserInterface>::get()->host().creators = m_formCreators;
+        Singleton<ActivityNotifier>::get()->host().listeners = m_listeners;
     }
 
 private:
-    const int m_formCreators = Singleton<GraphicalUserInterface>::get()->formCreators();
-    const ActivityNotifier::Listeners m_listeners = Singleton<ActivityNotifier>::get()->listeners();
+    const QList<QSharedPointer<BasicFormCreator>> m_formCreators =
+        Singleton<GraphicalUserInterface>::get()->host().creators;
+    const QList<QPointer<BaseActivityListener>> m_listeners = Singleton<ActivityNotifier>::get()->host().listeners;
 };
 
 void addLayoutFolder(const QString& folder)
@@ -105,7 +110,7 @@ void PluginHost::loadLibrary(const QString& file, ActionQueueController& control
     const QFileInfo library(file);
     const QString name = pluginName(library);
     auto loader = std::make_unique<QPluginLoader>(file);
-    // A library built against another platform is stopped here instead of ending the register at its first call.
+    // A library that was built against another platform fails here, not at its first call.
     loader->setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     QObject* root = loader->instance();
     if (!root) {
@@ -118,29 +123,35 @@ void PluginHost::loadLibrary(const QString& file, ActionQueueController& control
         loader->unload();
         return;
     }
-    takeResources(library.dir().filePath(name), marks);
-    const Registrations registrations;
-    const Initialised initialised = initialise(*plugin);
-    if (!initialised.failure.isEmpty()) {
-        addProblem(name, initialised.failure);
-    }
-    if (!initialised.done) {
-        registrations.restore();
-        Log4Qt::LogManager::logger(u"register"_s)->info(u"Plug-in stays idle: "_s + name);
-        m_plugins.push_back(std::make_unique<Loaded>(Loaded{name, std::move(loader), nullptr}));
-        return;
-    }
-    for (const ActionHandler& handler : plugin->getHandlers()) {
-        controller.addHandler(handler);
-    }
-    for (const ActionTrigger& trigger : plugin->getTriggers()) {
-        controller.addTrigger(trigger);
-    }
-    Log4Qt::LogManager::logger(u"register"_s)->info(u"Plug-in initialised: "_s + name);
-    m_plugins.push_back(std::make_unique<Loaded>(Loaded{name, std::move(loader), plugin}));
+    loadResources(library.dir().filePath(name), marks);
+    start(std::make_unique<Loaded>(Loaded{name, std::move(loader), plugin}), controller);
 }
 
-void PluginHost::takeResources(const QString& folder, PositionMarks& marks)
+void PluginHost::start(std::unique_ptr<Loaded> loaded, ActionQueueController& controller)
+{
+    auto* log = Log4Qt::LogManager::logger(u"register"_s);
+    const Registrations registrations;
+    const Expected<bool> initialised = initialise(*loaded->plugin);
+    if (!initialised) {
+        addProblem(loaded->name, initialised.failure().text.ui());
+    }
+    if (initialised && *initialised) {
+        for (const ActionHandler& handler : loaded->plugin->getHandlers()) {
+            controller.host().addHandler(handler);
+        }
+        for (const ActionTrigger& trigger : loaded->plugin->getTriggers()) {
+            controller.host().addTrigger(trigger);
+        }
+        log->info(u"Plug-in initialised: "_s + loaded->name);
+    } else {
+        registrations.restore();
+        loaded->plugin = nullptr;
+        log->info(u"Plug-in stays idle: "_s + loaded->name);
+    }
+    m_plugins.push_back(std::move(loaded));
+}
+
+void PluginHost::loadResources(const QString& folder, PositionMarks& marks)
 {
     const QDir resources(folder);
     if (!resources.exists()) {
@@ -153,8 +164,8 @@ void PluginHost::takeResources(const QString& folder, PositionMarks& marks)
 
 void PluginHost::unload(ActionQueueController& controller)
 {
-    Singleton<GraphicalUserInterface>::get()->removeFormCreators();
-    controller.removePluginEntries();
+    Singleton<GraphicalUserInterface>::get()->host().creators.clear();
+    controller.host().removePluginEntries();
     for (auto loaded = m_plugins.rbegin(); loaded != m_plugins.rend(); ++loaded) {
         if ((*loaded)->plugin) {
             (*loaded)->plugin->deinit();

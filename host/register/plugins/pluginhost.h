@@ -15,7 +15,7 @@ class AbstractPlugin;
 class ActionQueueController;
 class QPluginLoader;
 
-/// The plug-ins of a folder, from loading to unloading. docs/plugin-lifecycle.md tells their states.
+/// The plug-ins of a folder, from loading to unloading. docs/plugin-lifecycle.md describes their states.
 class PluginHost
 {
 public:
@@ -24,25 +24,26 @@ public:
     PluginHost(const PluginHost&) = delete;
     PluginHost& operator=(const PluginHost&) = delete;
 
-    /// Loads every library of the folder, initialises it, and hands its handlers and triggers to the controller.
+    /// Loads and initialises every library of the folder, and adds its handlers and triggers to the controller.
     ///
-    /// The folder of a plug-in's name beside its library, when there is one, holds its layouts, its translations and
-    /// its position marks. A library that cannot be used is logged, told in problems(), and skipped.
+    /// A folder with the plug-in's name beside its library holds its layouts, its translations and its position marks;
+    /// it may be missing. A library that cannot be used is logged, added to problems(), and skipped.
     void load(const QString& folder, ActionQueueController& controller, PositionMarks& marks);
 
-    /// Drops the forms, handlers and triggers of all plug-ins, then each plug-in itself.
+    /// Removes the forms, handlers and triggers of all plug-ins, then unloads the plug-ins, the last one first.
     void unload(ActionQueueController& controller);
 
-    /// The names of the plug-ins that are initialised.
+    /// The names of the initialised plug-ins.
     QStringList active() const;
-    /// What could not be used and why, for the cashier.
+    /// The plug-ins that cannot be used, each with the reason for the cashier.
     const QStringList& problems() const { return m_problems; }
 
 private:
     struct Loaded;
 
     void loadLibrary(const QString& file, ActionQueueController& controller, PositionMarks& marks);
-    void takeResources(const QString& folder, PositionMarks& marks);
+    void loadResources(const QString& folder, PositionMarks& marks);
+    void start(std::unique_ptr<Loaded> loaded, ActionQueueController& controller);
     void addProblem(const QString& name, const QString& reason);
 
     std::vector<std::unique_ptr<Loaded>> m_plugins;

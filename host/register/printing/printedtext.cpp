@@ -11,8 +11,7 @@ namespace printedtext
 namespace
 {
 
-/// The characters as they are read.
-QStringList characters(const QString& word)
+QStringList graphemes(const QString& word)
 {
     QStringList found;
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, word);
@@ -60,7 +59,7 @@ QStringList wrapped(const QString& text, int columns)
     };
     const QString glued = printable(text).replace(u"№ "_s, u"№"_s + QChar::Nbsp);
     for (const QString& word : glued.split(u' ', Qt::SkipEmptyParts)) {
-        const QStringList letters = characters(word);
+        const QStringList letters = graphemes(word);
         if (width + 1 + letters.size() > columns) {
             finishLine();
         }

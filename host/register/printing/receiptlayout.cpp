@@ -35,7 +35,7 @@ Lines centred(const QString& text, bool isStrong = false)
     return lines;
 }
 
-/// The text below `first`, which stands before its first line.
+/// The text with a hanging indent as wide as `first`, which comes before its first line.
 Lines hanging(const QString& first, const QString& text)
 {
     const QStringList wrapped = printedtext::wrapped(text, columns - int(first.size()));
@@ -46,7 +46,7 @@ Lines hanging(const QString& first, const QString& text)
     return lines.isEmpty() ? Lines{{first.trimmed()}} : lines;
 }
 
-/// An amount beside its label, or below a label that leaves it no room.
+/// An amount beside its label, or below it when the line has no room for both.
 Lines amount(const QString& label, const QString& value, bool isStrong = false)
 {
     if (label.size() + 1 + value.size() <= columns) {
@@ -55,7 +55,7 @@ Lines amount(const QString& label, const QString& value, bool isStrong = false)
     return {{label, {}, isStrong}, {{}, value, isStrong}};
 }
 
-/// Printers know no blanks but the ordinary one.
+/// With plain blanks only: printers have no other.
 QString roubles(Kopecks amount)
 {
     return amountText(amount).replace(QChar::Nbsp, u' ');
@@ -104,7 +104,8 @@ Lines titleLines(const Document& document)
     return lines;
 }
 
-Lines positionLines(const Position& position, const QStringList& tellings)
+/// @param details what the plug-in shows of the position
+Lines positionLines(const Position& position, const QStringList& details)
 {
     const QString price = roubles(kopecks(position.getPrice()));
     Lines lines =
@@ -116,8 +117,8 @@ Lines positionLines(const Position& position, const QStringList& tellings)
         lines += amount(indent + full.ui(), roubles(sumWithoutBenefit(position)));
         lines += amount(indent + label.ui(), u"−"_s + roubles(saved));
     }
-    for (const QString& telling : tellings) {
-        lines += hanging(indent, telling);
+    for (const QString& detail : details) {
+        lines += hanging(indent, detail);
     }
     return lines;
 }

@@ -7,31 +7,31 @@
 #include <QList>
 #include <QString>
 
-/// A line of the printed document.
+/// A line of a printed receipt.
 struct PrintedLine {
     QString left;
     QString right = {}; ///< ends at the right edge
     bool isStrong = false;
 };
 
-/// A document on paper, line by line.
+/// The receipt of a document, line by line.
 namespace receiptlayout
 {
 
-/// The paper's width in characters, all of them equally wide.
+/// The width of the paper in characters of a monospaced font.
 inline constexpr int columns = 40;
 
-/// Such as "ЧЕК № 7".
+/// For example "ЧЕК № 7".
 QString title(const Document& document);
 
-/// What is printed of a document: the pharmacy as it is configured, the positions with their benefits and with what
-/// `marks` tells of them, the total, and the money.
+/// The lines of the receipt: the configured pharmacy, the positions with their benefits and their lines from `marks`,
+/// the total, and the money.
 QList<PrintedLine> lines(const Document& document, const PositionMarks& marks);
 
-/// As lines(), headed as a copy.
+/// Like lines(), with the heading of a copy.
 QList<PrintedLine> copyLines(const Document& document, const PositionMarks& marks);
 
-/// The lines as plain text, each ended by a line break.
+/// The lines as plain text, each with a line break at its end.
 QString text(const QList<PrintedLine>& lines);
 
 } // namespace receiptlayout

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-// Lengths are in hundredths of a millimetre, which are the dots of the painter.
+// Lengths are in hundredths of a millimetre, which is one dot of the painter.
 constexpr int dotsPerInch = 2540;
 constexpr double paperWidth = 8000;
 constexpr double margin = 400;
@@ -39,7 +39,7 @@ QPageSize strip(qsizetype lines)
     return QPageSize(QSizeF(paperWidth, length) / 100.0, QPageSize::Millimeter, u"Receipt"_s, QPageSize::ExactMatch);
 }
 
-/// Characters that the font lacks come from another one and may be wider: such a line is squeezed.
+/// Squeezes a line that is too wide: characters that the font lacks come from another font and may be wider.
 void drawLine(QPainter& painter, const PrintedLine& line, double baseline)
 {
     constexpr double width = paperWidth - 2 * margin;

@@ -7,7 +7,7 @@
 #include <QList>
 #include <QString>
 
-/// The lines of a document as PDF: a strip of 80 mm paper, as long as they need, its font embedded. More lines than fit
-/// on one strip go on over further ones.
-/// @param title tells what the document is, in its properties
+/// The lines of a receipt as PDF: a strip of paper, 80 mm wide and as long as the lines need, with the font embedded.
+/// Lines beyond the longest page continue on further pages.
+/// @param title the title in the properties of the PDF
 QByteArray receiptPdf(const QList<PrintedLine>& lines, const QString& title);

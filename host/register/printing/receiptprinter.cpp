@@ -16,10 +16,11 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Among so many finished documents is the one that was closed last: one that was suspended before keeps its number.
+/// The document that was closed last is among so many of the greatest numbers. It need not have the greatest: a
+/// document keeps its number while it is suspended.
 constexpr int latestFinished = 100;
 
-/// Without what tells text from PDF.
+/// The path in the data folder, without ".txt" and ".pdf".
 QString nameOf(const Document& document)
 {
     return u"printed/%1"_s.arg(document.getNumber(), 8, 10, QChar(u'0'));
@@ -35,15 +36,15 @@ QString pdfFile(const QString& name)
     return name + u".pdf"_s;
 }
 
-void showFailure(const Document& document, const QString& failure)
+void showFailure(const Document& document, const Failure& failure)
 {
     const QString number = QString::number(document.getNumber());
-    Log4Qt::LogManager::logger(u"register"_s)->error(u"Receipt "_s + number + u" was not printed: "_s + failure);
+    Log4Qt::LogManager::logger(u"register"_s)->error(u"Receipt "_s + number + u" was not printed: "_s + failure.detail);
     const tr::Tr message(u"receiptNotPrinted"_s,
                          u"Чек № %1 не напечатан: %2\n"
                          "Сам чек сохранён. Освободите место на диске или проверьте доступ к папке "
                          "данных, затем напечатайте его из списка документов."_s);
-    Dialog::create()->showMessage(message.arg(number).arg(failure), Dialog::Error, 1, 0);
+    Dialog::create()->showMessage(message.arg(number).arg(failure.text.ui()), Dialog::Error, 1, 0);
 }
 
 } // namespace
@@ -54,32 +55,30 @@ ReceiptPrinter::ReceiptPrinter(const QString& dataFolder, const PositionMarks& m
 {
 }
 
-bool ReceiptPrinter::print(const Document& document) const
+bool ReceiptPrinter::printOrShow(const Document& document) const
 {
-    return write(document, nameOf(document), receiptlayout::lines(document, m_marks));
+    return writeOrShow(document, nameOf(document), receiptlayout::lines(document, m_marks));
 }
 
-QString ReceiptPrinter::printAgain(const Document& document) const
+std::optional<QString> ReceiptPrinter::printAgainOrShow(const Document& document) const
 {
-    const QString original = nameOf(document);
-    if (!isPrinted(document)) {
-        return print(document) ? pdfFile(original) : QString();
-    }
-    const QString copy = original + u"-copy"_s;
-    return write(document, copy, receiptlayout::copyLines(document, m_marks)) ? pdfFile(copy) : QString();
+    const bool isCopy = isPrinted(document);
+    const QString name = isCopy ? nameOf(document) + u"-copy"_s : nameOf(document);
+    const bool isWritten =
+        isCopy ? writeOrShow(document, name, receiptlayout::copyLines(document, m_marks)) : printOrShow(document);
+    return isWritten ? std::optional(pdfFile(name)) : std::nullopt;
 }
 
-bool ReceiptPrinter::write(const Document& document, const QString& name, const QList<PrintedLine>& lines) const
+bool ReceiptPrinter::writeOrShow(const Document& document, const QString& name, const QList<PrintedLine>& lines) const
 {
-    QString failure = writeWholeFile(m_folder, textFile(name), receiptlayout::text(lines).toUtf8());
-    if (failure.isEmpty()) {
-        failure = writeWholeFile(m_folder, pdfFile(name), receiptPdf(lines, receiptlayout::title(document)));
+    Expected<void> written = writeWholeFile(m_folder, textFile(name), receiptlayout::text(lines).toUtf8());
+    if (written) {
+        written = writeWholeFile(m_folder, pdfFile(name), receiptPdf(lines, receiptlayout::title(document)));
     }
-    if (failure.isEmpty()) {
-        return true;
+    if (!written) {
+        showFailure(document, written.failure());
     }
-    showFailure(document, failure);
-    return false;
+    return bool(written);
 }
 
 void ReceiptPrinter::printInterrupted(const DocumentArchive& archive) const
@@ -92,7 +91,7 @@ void ReceiptPrinter::printInterrupted(const DocumentArchive& archive) const
         }
     }
     if (last && !isPrinted(*last)) {
-        print(*last);
+        printOrShow(*last);
     }
 }
 

@@ -8,30 +8,32 @@
 
 #include <QString>
 
-/// Prints closed documents, as text and as PDF, into the folder `printed` of the data folder.
+#include <optional>
+
+/// Prints the receipts of closed documents, as text and as PDF, into the folder `printed` of the data folder.
 class ReceiptPrinter
 {
 public:
-    /// @param marks not owned: what plug-ins want told of their positions
+    /// @param marks not owned
     ReceiptPrinter(const QString& dataFolder, const PositionMarks& marks);
 
-    /// Writes `printed/<number>.txt` and `printed/<number>.pdf`, the number in eight digits, each whole or not at all.
-    /// They tell who bought which medicine, so they are readable by their owner alone. A failure is told to the
-    /// cashier, who can print again from the list of documents.
-    /// @return false when one of them could not be written
-    bool print(const Document& document) const;
+    /// Writes `printed/<number>.txt` and `printed/<number>.pdf` with the number in eight digits, each whole or not at
+    /// all. Only their owner can read them, since they say who bought which medicine. The cashier can print again from
+    /// the list of documents.
+    /// @return false after a failure was shown
+    bool printOrShow(const Document& document) const;
 
-    /// Prints a copy, headed as such, into `printed/<number>-copy.txt` and `.pdf`; what was never printed whole is
-    /// printed now as by print().
-    /// @return the PDF, relative to the data folder; empty when a file could not be written, which has been told
-    QString printAgain(const Document& document) const;
+    /// Prints a copy with a heading that says so, into `printed/<number>-copy.txt` and `.pdf`. Prints the receipt
+    /// itself when one of its files is missing.
+    /// @return the PDF, relative to the data folder; nothing after a failure was shown
+    std::optional<QString> printAgainOrShow(const Document& document) const;
 
-    /// Prints the document that was closed last when the register ended before that was done. A copy does not
-    /// count as that print.
+    /// Prints the receipt of the document that was closed last, when one of its files is missing: the register ended
+    /// before it was written. A copy does not count.
     void printInterrupted(const DocumentArchive& archive) const;
 
 private:
-    bool write(const Document& document, const QString& name, const QList<PrintedLine>& lines) const;
+    bool writeOrShow(const Document& document, const QString& name, const QList<PrintedLine>& lines) const;
     bool isPrinted(const Document& document) const;
 
     QString m_folder;

@@ -19,19 +19,18 @@ QString asText(const QJsonValue& value)
     return QString::fromUtf8(list.mid(1, list.size() - 2));
 }
 
-QString differenceOfObjects(const QJsonObject& expected, const QJsonObject& actual, const QString& path)
+std::optional<QString> differenceOfObjects(const QJsonObject& expected, const QJsonObject& actual, const QString& path)
 {
     for (auto member = expected.begin(); member != expected.end(); ++member) {
         const QString memberPath = path.isEmpty() ? member.key() : path + u'.' + member.key();
-        QString difference = jsonDifference(member.value(), actual.value(member.key()), memberPath);
-        if (!difference.isEmpty()) {
+        if (auto difference = jsonDifference(member.value(), actual.value(member.key()), memberPath)) {
             return difference;
         }
     }
-    return {};
+    return std::nullopt;
 }
 
-QString differenceOfLists(const QJsonArray& expected, const QJsonArray& actual, const QString& path)
+std::optional<QString> differenceOfLists(const QJsonArray& expected, const QJsonArray& actual, const QString& path)
 {
     if (expected.size() != actual.size()) {
         return path + u" has "_s + QString::number(actual.size()) + u" entries instead of "_s +
@@ -39,17 +38,16 @@ QString differenceOfLists(const QJsonArray& expected, const QJsonArray& actual, 
     }
     for (qsizetype entry = 0; entry < expected.size(); ++entry) {
         const QString entryPath = path + u'[' + QString::number(entry) + u']';
-        QString difference = jsonDifference(expected.at(entry), actual.at(entry), entryPath);
-        if (!difference.isEmpty()) {
+        if (auto difference = jsonDifference(expected.at(entry), actual.at(entry), entryPath)) {
             return difference;
         }
     }
-    return {};
+    return std::nullopt;
 }
 
 } // namespace
 
-QString jsonDifference(const QJsonValue& expected, const QJsonValue& actual, const QString& path)
+std::optional<QString> jsonDifference(const QJsonValue& expected, const QJsonValue& actual, const QString& path)
 {
     if (expected.isObject()) {
         const QJsonDocument inText = QJsonDocument::fromJson(actual.toString().toUtf8());
@@ -60,7 +58,7 @@ QString jsonDifference(const QJsonValue& expected, const QJsonValue& actual, con
     } else if (expected.isArray() && actual.isArray()) {
         return differenceOfLists(expected.toArray(), actual.toArray(), path);
     } else if (expected == actual) {
-        return {};
+        return std::nullopt;
     }
     return path + u" is "_s + asText(actual) + u" instead of "_s + asText(expected);
 }

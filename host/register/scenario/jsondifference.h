@@ -4,9 +4,11 @@
 #include <QJsonValue>
 #include <QString>
 
-/// Where a JSON value differs from what is expected of it; empty: nowhere.
+#include <optional>
+
+/// The first difference between a JSON value and the expected one; nothing: there is none.
 ///
-/// Of an object only the expected members are looked at; a list has to have as many entries as expected. A text that
-/// holds a JSON object is read as one where an object is expected.
-/// @param path of the value, for the message
-QString jsonDifference(const QJsonValue& expected, const QJsonValue& actual, const QString& path = {});
+/// An object may have more members than expected; a list must have the same number of entries. Where an object is
+/// expected, a text that holds a JSON object is read as that object.
+/// @param path the place of the value, for the message
+std::optional<QString> jsonDifference(const QJsonValue& expected, const QJsonValue& actual, const QString& path = {});

@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-// Qt's own doors for window system events; QTest uses them too.
+// Qt's own entry points for window system events; QTest uses them too.
 QT_BEGIN_NAMESPACE
 Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
                                     const QString& text, bool autoRepeat, ushort count);
@@ -23,8 +23,8 @@ QT_END_NAMESPACE
 namespace
 {
 
-/// Qt's doors deliver at once, and return only when a dialog that the input opened has ended: they are opened from the
-/// event loop, one for each event.
+/// Delivers one event from the event loop: the entry points of Qt return only after a dialog that the input opened has
+/// ended.
 template <typename Delivery>
 void post(QWindow* window, const Delivery& delivery)
 {
@@ -44,7 +44,7 @@ bool press(int key, Qt::KeyboardModifiers modifiers, const QString& text)
     return true;
 }
 
-/// What a key without a printable character types.
+/// The text of a key event for a key without a printable character.
 QString textOf(Qt::Key key)
 {
     switch (key) {
@@ -108,18 +108,17 @@ void click(QWidget& widget)
     if (!window) {
         return;
     }
-    static int lastTime = 0;
-    const int time = lastTime +=
-        2 * QApplication::doubleClickInterval(); // milliseconds; two clicks are no double click
+    static int time = 0;                             // milliseconds
+    time += 2 * QApplication::doubleClickInterval(); // two clicks are no double click
     const QPointF local = widget.mapTo(widget.window(), widget.rect().center());
     const QPointF global = widget.mapToGlobal(widget.rect().center());
-    post(window, [=] {
+    post(window, [=, now = time] {
         qt_handleMouseEvent(window, local, global, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress,
-                            Qt::NoModifier, time);
+                            Qt::NoModifier, now);
     });
-    post(window, [=] {
+    post(window, [=, now = time] {
         qt_handleMouseEvent(window, local, global, Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease,
-                            Qt::NoModifier, time);
+                            Qt::NoModifier, now);
     });
 }
 

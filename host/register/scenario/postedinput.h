@@ -9,22 +9,22 @@
 
 class QWidget;
 
-/// Keys and clicks as the window system would send them: they arrive with the next events, whatever filters, shortcuts
-/// and dialogs then are in force.
+/// Keys and clicks as the window system sends them. They are delivered from the event loop, through event filters,
+/// shortcuts and dialogs.
 namespace postedinput
 {
 
-/// The window that takes input: where no window manager makes one active, the one that can be seen. Null: none.
+/// The window that takes input; a visible window when no window manager makes one active; null: there is none.
 QWidget* activeWindow();
 
-/// The key of a name such as "Return", "F5" or "Ctrl+A"; none when there is no such key.
+/// The key with a name such as "Return", "F5" or "Ctrl+A"; nothing when there is no such key.
 std::optional<QKeyCombination> keyNamed(const QString& name);
 
-/// Presses and releases a key in the window that is active. @return false when there is no such window
+/// Presses and releases a key in the active window. @return false when no window is active
 bool pressKey(QKeyCombination key);
-/// Types a character.
+/// Types a character into the active window. @return false when no window is active
 bool typeCharacter(QChar character);
-/// Clicks into the middle of a widget.
+/// Clicks the middle of a widget.
 void click(QWidget& widget);
 
 } // namespace postedinput

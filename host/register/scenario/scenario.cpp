@@ -14,10 +14,10 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Where a step's member goes.
+/// The member of ScenarioStep that a member in JSON is read into.
 enum class Slot { Target, Text, Value, Times };
 
-/// How a kind of step is written: the member that names it, what that member holds, and its second member.
+/// A kind of step: the JSON member that identifies it, and its second member, if any.
 struct Form {
     const char* member = nullptr;
     ScenarioStep::Kind kind = ScenarioStep::Kind::Wait;
@@ -50,7 +50,12 @@ const Form forms[] = {
     {"close", Kind::Close, Slot::Value, QJsonValue::Bool},
 };
 
-constexpr auto patience = "seconds";
+constexpr auto timeLimit = "seconds";
+
+Failure failure(const QString& reason)
+{
+    return {{tr::undefined, reason}, reason};
+}
 
 void fill(ScenarioStep& step, Slot slot, const QJsonValue& value)
 {
@@ -72,42 +77,43 @@ void fill(ScenarioStep& step, Slot slot, const QJsonValue& value)
 
 bool isKnown(const Form& form, const QString& member)
 {
-    return member == QLatin1StringView(form.member) || member == QLatin1StringView(patience) ||
+    return member == QLatin1StringView(form.member) || member == QLatin1StringView(timeLimit) ||
            (form.second && member == QLatin1StringView(form.second));
 }
 
-/// Reads one step; without a value, `error` says what is wrong with it.
-std::optional<ScenarioStep> readStep(const QJsonObject& object, QString& error)
+/// The first member that the kind of step does not have; nothing: it has all of them.
+std::optional<QString> unknownMember(const Form& form, const QJsonObject& object)
+{
+    const QStringList members = object.keys();
+    const auto unknown =
+        std::find_if(members.cbegin(), members.cend(), [&form](const QString& name) { return !isKnown(form, name); });
+    return unknown == members.cend() ? std::nullopt : std::optional(*unknown);
+}
+
+Expected<ScenarioStep> readStep(const QJsonObject& object)
 {
     const auto* form = std::find_if(std::begin(forms), std::end(forms), [&object](const Form& candidate) {
         return object.contains(QLatin1StringView(candidate.member));
     });
     if (form == std::end(forms)) {
-        error = u"no known kind of step"_s;
-        return std::nullopt;
+        return failure(u"no known kind of step"_s);
     }
-    const QStringList members = object.keys();
-    const auto odd =
-        std::find_if(members.cbegin(), members.cend(), [form](const QString& name) { return !isKnown(*form, name); });
-    if (odd != members.cend()) {
-        error = u"unknown member \""_s + *odd + u'"';
-        return std::nullopt;
+    if (const std::optional<QString> unknown = unknownMember(*form, object)) {
+        return failure(u"unknown member \""_s + *unknown + u'"');
     }
     const QJsonValue main = object.value(QLatin1StringView(form->member));
     if (main.type() != form->type) {
-        error = u"\""_s + QLatin1StringView(form->member) + u"\" holds a value of the wrong kind"_s;
-        return std::nullopt;
+        return failure(u"\""_s + QLatin1StringView(form->member) + u"\" has a value of the wrong type"_s);
     }
     ScenarioStep step;
     step.kind = form->kind;
     step.source = QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
-    step.seconds = object.value(QLatin1StringView(patience)).toInt(step.seconds);
+    step.seconds = object.value(QLatin1StringView(timeLimit)).toInt(step.seconds);
     fill(step, form->holds, main);
     if (form->second) {
         const QJsonValue second = object.value(QLatin1StringView(form->second));
         if (second.isUndefined() && form->secondRequired) {
-            error = u"\""_s + QLatin1StringView(form->second) + u"\" is missing"_s;
-            return std::nullopt;
+            return failure(u"\""_s + QLatin1StringView(form->second) + u"\" is missing"_s);
         }
         if (!second.isUndefined()) {
             fill(step, form->secondHolds, second);
@@ -118,39 +124,38 @@ std::optional<ScenarioStep> readStep(const QJsonObject& object, QString& error)
 
 } // namespace
 
-ScenarioFile ScenarioFile::read(const QString& file)
+Expected<QList<ScenarioStep>> readScenario(const QString& file)
 {
     QFile scenario(file);
     if (!scenario.open(QIODevice::ReadOnly)) {
-        return {{}, file + u": "_s + scenario.errorString()};
+        return failure(file + u": "_s + scenario.errorString());
     }
-    ScenarioFile parsed = parse(scenario.readAll());
-    if (!parsed.error.isEmpty()) {
-        parsed.error.prepend(file + u": "_s);
+    Expected<QList<ScenarioStep>> steps = parseScenario(scenario.readAll());
+    if (!steps) {
+        return failure(file + u": "_s + steps.failure().detail);
     }
-    return parsed;
+    return steps;
 }
 
-ScenarioFile ScenarioFile::parse(const QByteArray& json)
+Expected<QList<ScenarioStep>> parseScenario(const QByteArray& json)
 {
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
     if (document.isNull()) {
-        return {{}, parseError.errorString()};
+        return failure(parseError.errorString());
     }
-    const QJsonValue steps = document.object().value("steps"_L1);
-    if (!steps.isArray()) {
-        return {{}, u"it has no list \"steps\""_s};
+    const QJsonValue list = document.object().value("steps"_L1);
+    if (!list.isArray()) {
+        return failure(u"it has no list \"steps\""_s);
     }
 
-    ScenarioFile scenario;
-    for (const auto entry : steps.toArray()) {
-        QString error;
-        std::optional<ScenarioStep> step = readStep(entry.toObject(), error);
+    QList<ScenarioStep> steps;
+    for (const auto entry : list.toArray()) {
+        const Expected<ScenarioStep> step = readStep(entry.toObject());
         if (!step) {
-            return {{}, u"step "_s + QString::number(scenario.steps.size() + 1) + u": "_s + error};
+            return failure(u"step "_s + QString::number(steps.size() + 1) + u": "_s + step.failure().detail);
         }
-        scenario.steps.append(*step);
+        steps.append(*step);
     }
-    return scenario;
+    return steps;
 }

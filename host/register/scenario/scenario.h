@@ -1,30 +1,32 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QJsonObject>
+#include "expected.h"
+
+#include <QByteArray>
 #include <QJsonValue>
 #include <QList>
 #include <QString>
 
-/// One step of a scenario; docs/scenarios.md tells the kinds.
+/// One step of a scenario; docs/scenarios.md describes the kinds.
 struct ScenarioStep {
     enum class Kind {
         Wait,         ///< `target` is visible
         Click,        ///< on `target`
         Key,          ///< `text` is the key's name; `times` presses
-        Type,         ///< `text` into `target`, or where the focus is
-        Scan,         ///< `text` as a scanner sends it, Return included
+        Type,         ///< `text` into `target`; empty: into the widget with the focus
+        Scan,         ///< like Type, but as a scanner sends it, with Return at the end
         Row,          ///< row `times` of table `target` becomes current
         Expect,       ///< the text of `target` is `text`
-        Contains,     ///< the text of `target` has `text` in it
-        Enabled,      ///< `target` can be used, or not: `value`
-        Visible,      ///< `target` can be seen, or not: `value`
+        Contains,     ///< the text of `target` contains `text`
+        Enabled,      ///< `target` is enabled, or not: `value`
+        Visible,      ///< `target` is visible, or not: `value`
         OpenDocument, ///< the saved open document has the members of `value`
         SavedFile,    ///< the saved document in the file `target` of the data folder has the members of `value`
-        Printed,      ///< the printed document number `times` has `text` in it
+        Printed,      ///< the printed receipt of document number `times` contains `text`
         Screenshot,   ///< `text` is the picture's name
-        Say,          ///< `text` is printed
-        Print,        ///< the text of `target` is printed
+        Say,          ///< writes `text` to stdout
+        Print,        ///< writes the text of `target` to stdout
         Close,        ///< the window is asked to close
     };
 
@@ -33,15 +35,12 @@ struct ScenarioStep {
     QString text;
     QJsonValue value;
     int times = 1;
-    int seconds = 10; ///< how long the step may take
-    QString source;   ///< the step as it stands in the file, for messages
+    int seconds = 10; ///< the time limit
+    QString source;   ///< the step in JSON, for messages
 };
 
-/// A scenario as it stands in a file.
-struct ScenarioFile {
-    QList<ScenarioStep> steps;
-    QString error; ///< why the file cannot be played; empty: it can
+/// Reads the steps of a scenario from a file.
+Expected<QList<ScenarioStep>> readScenario(const QString& file);
 
-    static ScenarioFile read(const QString& file);
-    static ScenarioFile parse(const QByteArray& json);
-};
+/// Reads the steps of a scenario: `{"steps": […]}`. A failure names the first wrong step.
+Expected<QList<ScenarioStep>> parseScenario(const QByteArray& json);

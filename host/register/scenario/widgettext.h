@@ -5,6 +5,6 @@
 
 class QWidget;
 
-/// What a person reads on a widget: a label's, a button's or an input's text; of a table its rows, one a line, the
-/// cells of its visible columns parted by " | ". No-break spaces are plain ones. Empty for other widgets.
+/// The text that a widget shows: the text of a label, a button or an input; the rows of a table, one a line, with the
+/// visible columns separated by " | ". No-break spaces are replaced by plain ones. Empty for other widgets.
 QString widgetText(const QWidget& widget);

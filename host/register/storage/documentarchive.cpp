@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-const QString suspend = u"putaside"_s;
+const QString suspended = u"putaside"_s;
 const QString finished = u"finished"_s;
 
 QString fileOf(const QString& place, int number)
@@ -39,23 +39,23 @@ DocumentArchive::DocumentArchive(const QString& folder)
 {
 }
 
-bool DocumentArchive::move(const QSharedPointer<Document>& document, const Document::Ending& ending) const
+bool DocumentArchive::moveOrShow(const QSharedPointer<Document>& document, const Document::Ending& ending) const
 {
     const QString formerFile = document->fileName();
     const Document::Ending formerEnding = document->ending();
     document->setEnding(ending);
     const QString file = document->fileName();
-    const bool isSaved = save(document);
+    const bool isSaved = saveOrShow(document);
     if (!isSaved) {
         document->setEnding(formerEnding);
     }
     if (file != formerFile) {
-        removeFile(isSaved ? formerFile : file); // a failed save may have left its file when only syncing failed
+        removeFile(isSaved ? formerFile : file); // a save that failed while syncing leaves its file
     }
     return isSaved;
 }
 
-bool DocumentArchive::save(const QSharedPointer<Document>& document) const
+bool DocumentArchive::saveOrShow(const QSharedPointer<Document>& document) const
 {
     return SaveToFileLogic::create()->save(document, {});
 }
@@ -63,7 +63,7 @@ bool DocumentArchive::save(const QSharedPointer<Document>& document) const
 QSharedPointer<Document> DocumentArchive::find(int number) const
 {
     const auto document = read(finished, number);
-    return document ? document : read(suspend, number);
+    return document ? document : read(suspended, number);
 }
 
 bool DocumentArchive::isFinished(int number) const
@@ -81,7 +81,7 @@ QList<QSharedPointer<Document>> DocumentArchive::latest(int limit) const
             }
         }
     };
-    add(suspend, numbers(suspend));
+    add(suspended, numbers(suspended));
     QList<int> latestFinished = numbers(finished);
     add(finished, latestFinished.mid(std::max<qsizetype>(0, latestFinished.size() - limit)));
     std::sort(documents.begin(), documents.end(),
@@ -91,41 +91,41 @@ QList<QSharedPointer<Document>> DocumentArchive::latest(int limit) const
 
 int DocumentArchive::greatestNumber() const
 {
-    const QList<int> all = numbers(suspend) + numbers(finished);
+    const QList<int> all = numbers(suspended) + numbers(finished);
     return all.isEmpty() ? 0 : *std::max_element(all.cbegin(), all.cend());
 }
 
 bool DocumentArchive::isReturned(const Document& sale, const QSharedPointer<Document>& open) const
 {
-    const int taker = sale.getReturnedBy();
-    if (taker == 0) {
+    const int number = sale.getReturnedBy();
+    if (number == 0) {
         return false;
     }
-    if (open && open->getNumber() == taker) {
+    if (open && open->getNumber() == number) {
         return open->getReturnedSale() == sale.getNumber();
     }
-    if (!QFileInfo::exists(QDir(m_folder).filePath(fileOf(finished, taker)))) {
+    if (!QFileInfo::exists(QDir(m_folder).filePath(fileOf(finished, number)))) {
         return false;
     }
-    const QSharedPointer<Document> document = read(finished, taker);
-    if (!document) {
-        return true; // damaged: rather refuse than pay out twice
+    const QSharedPointer<Document> returned = read(finished, number);
+    if (!returned) {
+        return true; // damaged: the money may have been paid out already
     }
-    return document->getReturnedSale() == sale.getNumber() && document->getState() == Document::State::Closed;
+    return returned->getReturnedSale() == sale.getNumber() && returned->getState() == Document::State::Closed;
 }
 
 QSharedPointer<Document> DocumentArchive::tidyUp(const QSharedPointer<Document>& open) const
 {
-    const bool finishedMeanwhile = open && isFinished(open->getNumber());
-    if (finishedMeanwhile) {
-        removeFile(SaveToFileLogic::openDocumentFile);
+    const bool hasFinishedCopy = open && isFinished(open->getNumber());
+    if (hasFinishedCopy) {
+        removeFile(AbstractDocument::openDocumentFile);
     }
-    for (const int number : numbers(suspend)) {
+    for (const int number : numbers(suspended)) {
         if (isFinished(number) || (open && number == open->getNumber())) {
-            removeFile(fileOf(suspend, number));
+            removeFile(fileOf(suspended, number));
         }
     }
-    return finishedMeanwhile ? nullptr : open;
+    return hasFinishedCopy ? nullptr : open;
 }
 
 /// Ascending.
@@ -149,15 +149,17 @@ QSharedPointer<Document> DocumentArchive::read(const QString& place, int number)
     if (!QFileInfo::exists(file)) {
         return nullptr;
     }
-    SavedDocument saved = SavedDocument::read(file);
-    if (saved.document && saved.document->fileName() != fileOf(place, number)) // it would be saved over another one
-    {
-        saved = {nullptr, u"it belongs in "_s + saved.document->fileName()};
+    const Expected<QSharedPointer<Document>> saved = readSavedDocument(file);
+    if (!saved) {
+        log()->error(u"A saved document cannot be read: "_s + file + u": "_s + saved.failure().detail);
+        return nullptr;
     }
-    if (!saved.document) {
-        log()->error(u"A saved document cannot be read: "_s + file + u": "_s + saved.damage);
+    const QString rightFile = (*saved)->fileName();
+    if (rightFile != fileOf(place, number)) { // saving it would overwrite another document
+        log()->error(u"A saved document cannot be read: "_s + file + u": it belongs in "_s + rightFile);
+        return nullptr;
     }
-    return saved.document;
+    return *saved;
 }
 
 void DocumentArchive::removeFile(const QString& file) const

@@ -7,41 +7,41 @@
 #include <QSharedPointer>
 #include <QString>
 
-/// The documents that are not open: those suspended and the finished ones, each in a file of its own.
+/// The documents that are not open: the suspended and the finished ones, each in its own file.
 ///
-/// A document changes its place by being saved in the new one before the old file is removed. Where the register ended
-/// in between, the more advanced copy counts: finished before open, open before suspended.
+/// A document moves by being saved in its new place before the old file is removed. When the register ended in between,
+/// there are two copies. The more advanced one counts: finished before open, open before suspended.
 class DocumentArchive
 {
 public:
     /// @param folder the register's data folder
     explicit DocumentArchive(const QString& folder);
 
-    /// Gives the document another ending and saves it where that puts it; the former file is removed.
-    ///
-    /// @return false when it could not be saved: the cashier has been told, document and file are as they were
-    bool move(const QSharedPointer<Document>& document, const Document::Ending& ending) const;
-    /// Saves the document where it is; a failure has been told to the cashier when it returns false.
-    bool save(const QSharedPointer<Document>& document) const;
+    /// Sets the ending, saves the document in the place for it, and removes the former file.
+    /// @return false after a failure was shown; the document and its file are then unchanged
+    bool moveOrShow(const QSharedPointer<Document>& document, const Document::Ending& ending) const;
+    /// Saves the document in its place.
+    /// @return false after a failure was shown
+    bool saveOrShow(const QSharedPointer<Document>& document) const;
 
-    /// The document suspended, or finished, under that number; null when there is none that can be read.
+    /// The finished or suspended document with that number; null when there is none, or none that can be read.
     QSharedPointer<Document> find(int number) const;
-    /// Not when its file is damaged: then a copy in another place is all that there is.
+    /// False when its file is damaged: a copy in another place is then the only one left.
     bool isFinished(int number) const;
 
-    /// Those suspended and the latest `limit` finished ones, the latest first. A file that cannot be read is logged and
-    /// passed over.
+    /// All suspended documents and the latest `limit` finished ones, latest first. A file that cannot be read is logged
+    /// and left out.
     QList<QSharedPointer<Document>> latest(int limit) const;
 
-    /// The greatest number that a document has; 0: there are none.
+    /// The greatest number of a document, readable or not; 0: there are none.
     int greatestNumber() const;
 
-    /// True when the sale was returned, or is being returned by `open`, the open document (null: none).
+    /// True when the sale was returned, or is being returned by the open document `open` (null: none is open).
     bool isReturned(const Document& sale, const QSharedPointer<Document>& open) const;
 
-    /// Removes the copies that an interrupted change of place left behind.
+    /// Removes the copies that an interrupted move left behind.
     /// @param open the document that was open when the register ended; null: none
-    /// @return that document; null when it is finished
+    /// @return `open`; null when that document is finished
     QSharedPointer<Document> tidyUp(const QSharedPointer<Document>& open) const;
 
 private:

@@ -20,7 +20,7 @@ DocumentNumbers::DocumentNumbers(const QString& folder)
 
 int DocumentNumbers::next()
 {
-    m_last = std::max(m_last, last()) + 1; // also when the file cannot be written
+    m_last = std::max(m_last, last()) + 1;
     setLast(m_last);
     return m_last;
 }

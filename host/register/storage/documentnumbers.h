@@ -3,15 +3,15 @@
 
 #include <QString>
 
-/// Numbers documents: 1, 2, 3 …, kept in a file of the data folder.
+/// Numbers the documents 1, 2, 3 … The last number is kept in a file of the data folder.
 class DocumentNumbers
 {
 public:
     explicit DocumentNumbers(const QString& folder);
 
-    /// The next number. A file that is not there, or that holds no number, counts as none given yet.
+    /// The next number; 1 when the file is missing or holds no number.
     int next();
-    /// Makes sure that `number` and those below it are not given again.
+    /// Makes sure that next() returns numbers greater than `number` only.
     void pass(int number);
 
 private:
@@ -19,5 +19,5 @@ private:
     void setLast(int number);
 
     QString m_file;
-    int m_last = 0; ///< given or passed by this object
+    int m_last = 0; ///< holds even when the file cannot be written
 };

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-/// Renames a file to a name that is not taken; empty when that failed.
+/// Renames a damaged file to a name that is not taken. @return the new name; empty when renaming failed
 QString setAside(const QString& file)
 {
     const QString stamp = CurrentTime::create()->current().toString(u"yyyyMMdd-hhmmss"_s);
@@ -27,11 +27,11 @@ QString setAside(const QString& file)
 } // namespace
 
 OpenDocumentFile::OpenDocumentFile(const QString& folder)
-    : m_file(QDir(folder).filePath(SaveToFileLogic::openDocumentFile))
+    : m_file(QDir(folder).filePath(AbstractDocument::openDocumentFile))
 {
 }
 
-bool OpenDocumentFile::save(const QSharedPointer<Document>& document) const
+bool OpenDocumentFile::saveOrShow(const QSharedPointer<Document>& document) const
 {
     return SaveToFileLogic::create()->save(document, {});
 }
@@ -39,11 +39,11 @@ bool OpenDocumentFile::save(const QSharedPointer<Document>& document) const
 OpenDocumentFile::Loaded OpenDocumentFile::load() const
 {
     if (!QFileInfo::exists(m_file)) {
-        return {};
+        return QSharedPointer<Document>();
     }
-    const SavedDocument saved = SavedDocument::read(m_file);
-    if (saved.document) {
-        return {saved.document, {}, {}};
+    const Expected<QSharedPointer<Document>> saved = readSavedDocument(m_file);
+    if (!saved) {
+        return DamagedDocumentFile{saved.failure(), setAside(m_file)};
     }
-    return {{}, saved.damage, setAside(m_file)};
+    return *saved;
 }

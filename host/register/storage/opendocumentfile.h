@@ -2,9 +2,19 @@
 #pragma once
 
 #include "document.h"
+#include "expected.h"
 
 #include <QSharedPointer>
 #include <QString>
+
+/// A saved open document that could not be read.
+struct DamagedDocumentFile {
+    Failure failure;
+    QString setAside; ///< the file's new name; empty: it could not be renamed
+
+    /// The next open document would overwrite the damaged file.
+    bool isInTheWay() const { return setAside.isEmpty(); }
+};
 
 /// The open document on disk.
 class OpenDocumentFile
@@ -13,24 +23,18 @@ public:
     /// @param folder the register's data folder
     explicit OpenDocumentFile(const QString& folder);
 
-    /// Where the open document is saved.
+    /// The path of the file.
     const QString& file() const { return m_file; }
 
-    /// Saves the document as the open one; a failure has been told to the cashier when it returns false.
-    bool save(const QSharedPointer<Document>& document) const;
+    /// Saves the open document.
+    /// @return false after a failure was shown
+    bool saveOrShow(const QSharedPointer<Document>& document) const;
 
-    /// What load() found.
-    struct Loaded {
-        QSharedPointer<Document> document; ///< null: no open document was saved, or it was damaged
-        QString damage;                    ///< what is wrong with the file; empty: nothing
-        QString setAside;                  ///< where the damaged file was put; empty: it could not be moved
+    /// The saved document; null when none was saved.
+    using Loaded = Expected<QSharedPointer<Document>, DamagedDocumentFile>;
 
-        /// A damaged file stands where the next document would be saved over it.
-        bool isInTheWay() const { return !damage.isEmpty() && setAside.isEmpty(); }
-    };
-
-    /// Reads the open document back. A damaged file is renamed to `<name>.damaged-<timestamp>`; where that fails, no
-    /// document may be saved in this folder.
+    /// Reads the open document back. Renames a damaged file to `<name>.damaged-<timestamp>`. When that fails, nothing
+    /// may be saved in this folder.
     Loaded load() const;
 
 private:

@@ -7,20 +7,30 @@
 #include <QJsonDocument>
 #include <QJsonParseError>
 
-SavedDocument SavedDocument::read(const QString& file)
+namespace
+{
+
+Failure failure(const QString& reason)
+{
+    return {{tr::undefined, reason}, reason};
+}
+
+} // namespace
+
+Expected<QSharedPointer<Document>> readSavedDocument(const QString& file)
 {
     QFile saved(file);
     if (!saved.open(QIODevice::ReadOnly)) {
-        return {nullptr, saved.errorString()};
+        return failure(saved.errorString());
     }
     QJsonParseError error;
     const QJsonDocument json = QJsonDocument::fromJson(saved.readAll(), &error);
     if (error.error != QJsonParseError::NoError) {
-        return {nullptr, error.errorString()};
+        return failure(error.errorString());
     }
     try {
-        return {Document::fromJson(json.object()), {}};
-    } catch (const BasicException& wrong) {
-        return {nullptr, wrong.tr().ui()};
+        return Document::fromJson(json.object());
+    } catch (const BasicException& exception) {
+        return Failure{exception.tr(), exception.tr().ui()};
     }
 }

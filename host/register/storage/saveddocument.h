@@ -2,14 +2,11 @@
 #pragma once
 
 #include "document.h"
+#include "expected.h"
 
 #include <QSharedPointer>
 #include <QString>
 
-/// A document as a file holds it.
-struct SavedDocument {
-    QSharedPointer<Document> document; ///< null: the file is damaged
-    QString damage;                    ///< what is wrong with it
-
-    static SavedDocument read(const QString& file);
-};
+/// Reads a document that Document::toJson() wrote into a file; never null. Fails when the file cannot be read or is
+/// damaged.
+Expected<QSharedPointer<Document>> readSavedDocument(const QString& file);

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The amber of what waits, as dark as text has to be.
+/// Amber, dark enough for text.
 constexpr QRgb waitingText = qRgb(0x8a, 0x5a, 0x00);
 
 QString timeText(const QDateTime& time)
@@ -22,8 +22,7 @@ QString timeText(const QDateTime& time)
     return time.toString(u"dd.MM.yyyy hh:mm"_s);
 }
 
-/// Nothing comes of it any more.
-bool isVoid(const Document& document)
+bool isCancelledOrVoided(const Document& document)
 {
     return document.getState() == Document::State::Cancelled || document.getState() == Document::State::Voided;
 }
@@ -63,17 +62,17 @@ QVariant DocumentTableModel::data(const QModelIndex& index, int role) const
         return {};
     }
     const Row& row = m_rows.at(index.row());
-    const bool waits = row.document->getState() == Document::State::Suspended && index.column() == State;
+    const bool isWaiting = row.document->getState() == Document::State::Suspended && index.column() == State;
     switch (role) {
     case Qt::DisplayRole:
         return text(row, index.column());
     case Qt::ToolTipRole:
         return index.column() == Time ? times(*row.document) : QVariant();
     case Qt::ForegroundRole:
-        if (waits) {
+        if (isWaiting) {
             return QBrush(QColor(waitingText));
         }
-        return isVoid(*row.document) ? QBrush(RegisterColours().mutedText) : QVariant();
+        return isCancelledOrVoided(*row.document) ? QBrush(RegisterColours().mutedText) : QVariant();
     default:
         return {};
     }
@@ -130,8 +129,7 @@ QString DocumentTableModel::times(const Document& document)
     const QDateTime finished = document.getFinished();
     const QDateTime voided = document.getVoided();
     add({u"documentOpened"_s, u"Открыт %1"_s}, document.getOpened());
-    if (finished.isValid() && finished != voided) // else voiding it is what finished it
-    {
+    if (finished.isValid() && finished != voided) { // equal: it was suspended until it was voided
         add({u"documentFinishedAt"_s, u"завершён %1"_s}, finished);
     }
     if (voided.isValid()) {

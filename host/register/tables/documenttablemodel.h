@@ -9,25 +9,26 @@
 
 #include <functional>
 
-/// The documents suspended and finished. What waits is amber, what is void is grey.
+/// The suspended and the finished documents. The state of a suspended document is amber; cancelled and voided documents
+/// are grey.
 class DocumentTableModel : public QAbstractTableModel
 {
     Q_OBJECT
 
 public:
-    /// Time is when it was finished, of a document suspended when it was opened; the tool tip tells both, and when it
-    /// was voided. SearchText is hidden: number, state and the names of the positions, for filtering.
+    /// Time is when the document was finished, for a suspended one when it was opened. Its tool tip has all times.
+    /// SearchText is for filtering and hidden: number, state and the names of the positions.
     enum Column { Number, State, Time, Positions, Sum, SearchText, ColumnCount };
 
     using Pointer = QSharedPointer<Document>;
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// @param isReturned tells whether a sale was returned; asked once for each document
+    /// @param isReturned whether a sale was returned; called once for each document
     void show(const QList<Pointer>& documents, const std::function<bool(const Document&)>& isReturned);
 
     Pointer document(int row) const { return m_rows.at(row).document; }
     bool isReturned(int row) const { return m_rows.at(row).isReturned; }
-    /// The row of the document with that number; -1 when it is not there.
+    /// The row of the document with that number; -1: there is none.
     int rowOf(int number) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;

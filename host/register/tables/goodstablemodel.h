@@ -6,13 +6,13 @@
 #include <QAbstractTableModel>
 #include <QList>
 
-/// Goods to pick from. What is out of stock is greyed.
+/// Goods to pick from. Goods that are out of stock are grey.
 class GoodsTableModel : public QAbstractTableModel
 {
     Q_OBJECT
 
 public:
-    /// SearchText is hidden: name, non-proprietary name and barcode, for filtering.
+    /// SearchText is for filtering and hidden: name, non-proprietary name and barcode.
     enum Column { Name, NonProprietaryName, Price, Stock, SearchText, ColumnCount };
 
     explicit GoodsTableModel(const QList<CatalogueGoods>& goods, QObject* parent = nullptr);

@@ -9,9 +9,9 @@
 #include <QList>
 #include <QSharedPointer>
 
-/// The document's positions as the cashier sees them.
+/// The positions of a document.
 ///
-/// Positions do not tell when they change: whoever changed one calls refresh().
+/// Positions have no signals: call refresh() after a change.
 class PositionTableModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -19,17 +19,17 @@ class PositionTableModel : public QAbstractTableModel
 public:
     enum Column { Number, Name, Mark, Quantity, InitialPrice, Price, Sum, State, ColumnCount };
 
-    /// @param marks not owned, has to outlive the model
+    /// @param marks not owned; must outlive the model
     explicit PositionTableModel(const PositionMarks& marks, QObject* parent = nullptr);
 
-    /// Takes over what stands on the document now; null: an empty table.
+    /// Shows the positions as they are now; null: an empty table.
     void refresh(const QSharedPointer<Document>& document);
 
-    /// The position's number in that row; 0 when there is no such row.
+    /// The number of the position in that row; 0: there is no such row.
     int positionNumber(int row) const;
-    /// The row of a position; -1 when it is not there.
+    /// The row of the position with that number; -1: there is none.
     int rowOf(int positionNumber) const;
-    /// True when no row has anything to show in that column.
+    /// True when the column is empty in every row.
     bool isEmpty(Column column) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -49,8 +49,8 @@ private:
     };
 
     QString text(const Row& row, int column) const;
-    /// The whole of a text that may be cut off, and what the plug-in tells of the position; foreign text is shown as it
-    /// stands, never as mark-up.
+    /// The whole text of the cell, and the plug-in's lines about the position. Escaped, so that no text is taken for
+    /// mark-up.
     QString toolTip(const Row& row, int column) const;
 
     const PositionMarks& m_marks;

@@ -22,12 +22,13 @@ QDateTime now()
 void Till::restore(const OpenDocumentFile::Loaded& loaded)
 {
     m_numbers.pass(m_archive.greatestNumber());
-    if (loaded.document) {
-        m_numbers.pass(loaded.document->getNumber());
+    const QSharedPointer<Document> saved = loaded ? *loaded : nullptr;
+    if (saved) {
+        m_numbers.pass(saved->getNumber());
     }
-    const QSharedPointer<Document> open = m_archive.tidyUp(loaded.document);
-    if (!loaded.damage.isEmpty()) {
-        showDamage(loaded); // only now: a key pressed before may open a document while the message is shown
+    const QSharedPointer<Document> open = m_archive.tidyUp(saved);
+    if (!loaded) {
+        showDamage(loaded.failure()); // only now: a key pressed before may open a document while the message is shown
     }
     if (!open) {
         return;
@@ -58,7 +59,8 @@ bool Till::cancel()
 
 bool Till::suspend()
 {
-    if (!m_document || obstacleToSuspending() || !m_archive.move(m_document, {.state = Document::State::Suspended})) {
+    if (!m_document || obstacleToSuspending() ||
+        !m_archive.moveOrShow(m_document, {.state = Document::State::Suspended})) {
         return false;
     }
     makeCurrent(nullptr);
@@ -68,7 +70,8 @@ bool Till::suspend()
 
 bool Till::resume(const QSharedPointer<Document>& document)
 {
-    if (!document || obstacleToResuming(*document) || !m_archive.move(document, {.state = Document::State::Open})) {
+    if (!document || obstacleToResuming(*document) ||
+        !m_archive.moveOrShow(document, {.state = Document::State::Open})) {
         return false;
     }
     makeCurrent(document);
@@ -84,10 +87,10 @@ bool Till::returnSale(const QSharedPointer<Document>& sale)
     const QSharedPointer<Document> document = Document::returnOf(*sale, m_numbers.next(), now());
     // The sale first: a return that its sale does not know could be opened twice.
     sale->setReturnedBy(document->getNumber());
-    if (!m_archive.save(sale)) {
+    if (!m_archive.saveOrShow(sale)) {
         return false;
     }
-    if (!m_store.save(document)) {
+    if (!m_store.saveOrShow(document)) {
         QFile::remove(m_store.file()); // it may be there, only not synced
         return false;
     }
@@ -106,7 +109,7 @@ bool Till::voidDocument(const QSharedPointer<Document>& document)
     if (!ending.finished.isValid()) {
         ending.finished = ending.voided;
     }
-    if (!m_archive.move(document, ending)) {
+    if (!m_archive.moveOrShow(document, ending)) {
         return false;
     }
     emit voided(*document, before);
@@ -115,7 +118,7 @@ bool Till::voidDocument(const QSharedPointer<Document>& document)
 
 bool Till::end(const Document::Ending& ending, EActivityListener::Event event)
 {
-    if (!m_archive.move(m_document, ending)) {
+    if (!m_archive.moveOrShow(m_document, ending)) {
         return false;
     }
     if (ending.state == Document::State::Closed && m_printing) {
@@ -135,7 +138,7 @@ bool Till::writeBackToSale() const
         return true; // nothing to keep in step
     }
     sale->takeOverPluginData(*m_document);
-    return m_archive.save(sale);
+    return m_archive.saveOrShow(sale);
 }
 
 void Till::notifyRestored()
@@ -146,14 +149,15 @@ void Till::notifyRestored()
     emit changed();
 }
 
-void Till::showDamage(const OpenDocumentFile::Loaded& loaded) const
+void Till::showDamage(const DamagedDocumentFile& damaged) const
 {
     Log4Qt::LogManager::logger(u"register"_s)
-        ->error(u"The saved receipt is damaged: "_s + loaded.damage + u"; set aside as "_s + loaded.setAside);
+        ->error(u"The saved document is damaged: "_s + damaged.failure.detail + u"; set aside as "_s +
+                damaged.setAside);
     Dialog::create()->showMessage(tr::Tr(u"savedReceiptDamaged"_s,
                                          u"Сохранённый чек повреждён и не восстановлен: %1\nФайл отложен: %2\n"
                                          "Сообщите администратору. Можно открыть новый чек."_s)
-                                      .arg(loaded.damage)
-                                      .arg(loaded.setAside),
+                                      .arg(damaged.failure.text.ui())
+                                      .arg(damaged.setAside),
                                   Dialog::Error, 1, 0);
 }

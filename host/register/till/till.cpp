@@ -1,28 +1,54 @@
 // SPDX-License-Identifier: MIT
 #include "till.h"
 
+#include "actionhost.h"
 #include "actionqueuecontroller.h"
 #include "activitynotifier.h"
 #include "currenttime.h"
 #include "documentwatcher.h"
 #include "finally.h"
-#include "loyaltysystemlayer.h"
 
 #include <utility>
+
+namespace
+{
+
+/// The register's layer of totals while it exists: a recalculated document is one that the screens show again.
+class Totals : public LoyaltySystemLayer
+{
+public:
+    explicit Totals(Till& till)
+        : m_till(till)
+    {
+        Singleton<LoyaltySystemLayer>::instance = this;
+    }
+    ~Totals() override { Singleton<LoyaltySystemLayer>::instance = m_former; }
+    Q_DISABLE_COPY_MOVE(Totals)
+
+    void recalculate(const QSharedPointer<AbstractDocument>& document) override
+    {
+        if (document) {
+            emit m_till.changed();
+        }
+    }
+
+private:
+    Till& m_till;
+    LoyaltySystemLayer* const m_former = Singleton<LoyaltySystemLayer>::instance;
+};
+
+} // namespace
 
 Till::Till(const QString& dataFolder, QObject* parent)
     : QObject(parent)
     , m_store(dataFolder)
     , m_archive(dataFolder)
     , m_numbers(dataFolder)
+    , m_totals(std::make_unique<Totals>(*this))
 {
-    Singleton<LoyaltySystemLayer>::get()->setRecalculation([this](AbstractDocument&) { emit changed(); });
 }
 
-Till::~Till()
-{
-    Singleton<LoyaltySystemLayer>::get()->setRecalculation({});
-}
+Till::~Till() = default;
 
 void Till::setPrinting(Printing printing)
 {
@@ -35,7 +61,7 @@ void Till::open()
         return;
     }
     makeCurrent(QSharedPointer<Document>::create(m_numbers.next(), CurrentTime::create()->current()));
-    m_store.save(m_document);
+    m_store.saveOrShow(m_document);
     Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::DocumentOpened));
     emit changed();
 }
@@ -97,12 +123,12 @@ void Till::makeCurrent(const QSharedPointer<Document>& document)
     m_document = document;
     m_phase = Phase::Positions;
     DocumentWatcher::setCurrentDocument(document);
-    Singleton<ActionQueueController>::get()->setContext(document ? EContext::OpenDocument : EContext::Idle);
+    Singleton<ActionQueueController>::get()->host().setContext(document ? EContext::OpenDocument : EContext::Idle);
 }
 
 void Till::recalculateAndSave()
 {
     m_phase = Phase::Positions;
     Singleton<LoyaltySystemLayer>::get()->recalculate(m_document);
-    m_store.save(m_document);
+    m_store.saveOrShow(m_document);
 }

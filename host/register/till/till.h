@@ -6,6 +6,7 @@
 #include "documentarchive.h"
 #include "documentnumbers.h"
 #include "event.h"
+#include "loyaltysystemlayer.h"
 #include "obstacle.h"
 #include "opendocumentfile.h"
 
@@ -13,6 +14,7 @@
 #include <QSharedPointer>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 /// The place where one document is open, and everything that happens to it.
@@ -116,7 +118,7 @@ private:
     bool end(const Document::Ending& ending, EActivityListener::Event event);
     bool writeBackToSale() const;
     void notifyRestored();
-    void showDamage(const OpenDocumentFile::Loaded& loaded) const;
+    void showDamage(const DamagedDocumentFile& damaged) const;
 
     OpenDocumentFile m_store;
     DocumentArchive m_archive;
@@ -124,4 +126,5 @@ private:
     DocumentNumbers m_numbers;
     QSharedPointer<Document> m_document;
     Phase m_phase = Phase::Positions;
+    const std::unique_ptr<LoyaltySystemLayer> m_totals;
 };

@@ -57,7 +57,7 @@ void BusyScreen::start(const QString& message)
     repaint();
 }
 
-/// Else the caret of the input below would go on blinking.
+/// Without the focus, the caret of the input below would keep blinking.
 void BusyScreen::takeFocus()
 {
     QWidget* focused = window()->focusWidget();

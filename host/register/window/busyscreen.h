@@ -7,7 +7,7 @@
 
 class QLabel;
 
-/// Lies over the window while long work is done: what is being done, and a ring that turns. It holds the focus so long.
+/// Covers the window during long work, with a message and a turning ring. It keeps the focus until the work ends.
 class BusyScreen : public QWidget
 {
     Q_OBJECT
@@ -15,11 +15,11 @@ class BusyScreen : public QWidget
 public:
     explicit BusyScreen(QWidget* parent);
 
-    /// Hidden so long as something stands above it.
+    /// Hides it while a form is above it.
     void setCovered(bool covered);
 
 public slots:
-    /// Shows itself above everything and paints at once: the work may come before the next event.
+    /// Shows it above everything and paints it at once, since the work may block the event loop.
     void start(const QString& message);
     void stop();
 

@@ -6,8 +6,8 @@
 
 class BasicForm;
 
-/// Holds one form in the register's window. A form fills the layer; a dialog places itself in its middle, above a veil.
-/// The form keeps owning its widgets.
+/// Holds one form in the register's window. A form fills the layer; a dialog is in its middle, above a veil. The form
+/// still owns its widgets.
 class FormLayer : public QWidget
 {
     Q_OBJECT
@@ -15,11 +15,11 @@ class FormLayer : public QWidget
 public:
     FormLayer(BasicForm& form, QWidget* parent);
 
-    /// Gives the form its widgets back.
+    /// Returns the widgets to the form.
     void release();
 
     const BasicForm* form() const { return m_form; }
-    /// What lies below still shows around the form.
+    /// True when the widgets below remain visible around the form.
     bool isDialog() const { return m_isDialog; }
 
 private:

@@ -21,7 +21,7 @@ int widthOf(const QList<QPushButton*>& row)
                            [](int width, const QPushButton* key) { return width + key->sizeHint().width(); });
 }
 
-/// Places the keys of a row from its left to its right edge: what room is left is shared out among them.
+/// Places the keys of a row from its left to its right edge, and shares out the spare width among them.
 void place(const QList<QPushButton*>& row, const QRect& room)
 {
     int left = room.left();
@@ -42,7 +42,7 @@ FunctionKeyBar::FunctionKeyBar(const QList<FunctionKey>& keys, QWidget* parent)
     : QWidget(parent)
 {
     setObjectName(u"functionKeyBar"_s);
-    // Narrower than other buttons, so that all keys stand in one row where they can.
+    // Narrower than other buttons, so that all keys fit into one row where possible.
     setStyleSheet(u"QPushButton { padding: 6px 7px } QPushButton:focus { padding: 4px 5px }"_s);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
@@ -60,7 +60,7 @@ void FunctionKeyBar::addKey(const FunctionKey& key)
     button->setAccessibleName(key.text);
     button->setToolTip(key.text);
     button->setAutoDefault(false);
-    button->setFocusPolicy(Qt::TabFocus); // a click leaves the focus where the next scan is expected
+    button->setFocusPolicy(Qt::TabFocus); // after a click, the focus stays where the next scan is expected
     connect(button, &QPushButton::clicked, this, [this, key] { emit pressed(key); });
     if (!key.shortcut.isEmpty()) {
         auto* pressedKey = new QShortcut(key.shortcut, this);
@@ -88,7 +88,7 @@ QSize FunctionKeyBar::minimumSizeHint() const
 
 bool FunctionKeyBar::event(QEvent* event)
 {
-    if (event->type() == QEvent::LayoutRequest) { // what is written on a key takes more or less room than before
+    if (event->type() == QEvent::LayoutRequest) { // the text of a key has another width
         updateGeometry();
         arrange();
     }
@@ -100,7 +100,7 @@ void FunctionKeyBar::resizeEvent(QResizeEvent*)
     arrange();
 }
 
-/// As few rows as have room for their keys; when none do, every key has its own.
+/// As few rows as the keys fit into. When a key is wider than `width`, every key has a row of its own.
 QList<FunctionKeyBar::Row> FunctionKeyBar::rows(int width) const
 {
     const auto keys = int(m_keys.size());
@@ -113,7 +113,7 @@ QList<FunctionKeyBar::Row> FunctionKeyBar::rows(int width) const
     return inRows(keys);
 }
 
-/// The keys in order, about equally many in each row.
+/// The keys in their order, about the same number in each row.
 QList<FunctionKeyBar::Row> FunctionKeyBar::inRows(int count) const
 {
     QList<Row> split;

@@ -8,7 +8,7 @@
 
 class QPushButton;
 
-/// The function keys, each with its shortcut written on it: in as few rows as have room for what is written.
+/// The function keys, each with its shortcut and its text, in as few rows as these fit into.
 class FunctionKeyBar : public QWidget
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
     QSize minimumSizeHint() const override;
 
 signals:
-    /// A key was clicked, or its shortcut pressed while the bar could be used.
+    /// A key was clicked, or its shortcut was pressed while the bar was enabled.
     void pressed(const FunctionKey& key);
 
 protected:

@@ -10,13 +10,13 @@ class QLineEdit;
 
 /// Covers the window after a time without input, until the cashier comes back.
 ///
-/// With a code configured ("Register:unlockCode") it has to be typed; without one any key or touch will do.
+/// The cashier types the code `Register:unlockCode`; when none is configured, any key or touch unlocks.
 class LockScreen : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// @param code empty: none is asked for
+    /// @param code empty: any key or touch unlocks
     LockScreen(const QString& code, QWidget* parent);
 
     void lock();
@@ -32,7 +32,7 @@ private:
     void createCodeInput(QWidget* column);
     void tryCode();
     void unlock();
-    /// @param textRole the style sheet's name for what the hint is: "hint" or "error"
+    /// @param textRole the role in the style sheet: "hint" or "error"
     void showHint(const tr::Tr& hint, const char* textRole);
 
     QString m_code;

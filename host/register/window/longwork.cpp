@@ -21,7 +21,7 @@ void LongWork::handleEvent(const Event& event)
         if (isRunning()) {
             emit running(m_messages.last());
         } else {
-            const InputBlocker pressedMeanwhile;
+            const InputBlocker throwsInputAway;
             emit ended();
         }
         break;

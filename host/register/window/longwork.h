@@ -6,7 +6,7 @@
 #include <QString>
 #include <QStringList>
 
-/// Long work of the plug-ins, told by events 72 and 73, which may nest.
+/// Long work of the plug-ins. Event 72 begins it and 73 ends it; pairs of them may nest.
 class LongWork : public BaseActivityListener
 {
     Q_OBJECT
@@ -20,9 +20,9 @@ public slots:
     void handleEvent(const Event& event) override;
 
 signals:
-    /// Work began, or the inner one of two ended: this is what is being done now.
+    /// Work began, or the inner one of two ended. `message` describes the work that is going on now.
     void running(const QString& message);
-    /// No work is left. What was pressed meanwhile has been thrown away.
+    /// All work has ended. Keys and clicks during the work are thrown away.
     void ended();
 
 private:

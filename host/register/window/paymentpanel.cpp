@@ -5,6 +5,7 @@
 #include "cashpayment.h"
 #include "inactivitylocker.h"
 #include "registerstyle.h"
+#include "scanfilter.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 
@@ -23,10 +24,10 @@ namespace
 {
 
 constexpr int spacing = 8;
-/// More digits than an amount has: a barcode is to be stopped as a whole, not to be cut to an amount.
+/// Longer than an amount: a barcode is refused as a whole, never cut to an amount.
 constexpr int longestInput = 40;
 
-/// Takes an amount of roubles as it is typed.
+/// Accepts an amount of roubles while it is typed.
 class MoneyValidator : public QRegularExpressionValidator
 {
 public:
@@ -35,7 +36,7 @@ public:
     {
     }
 
-    /// On a Russian keyboard the keys of comma and point type letters.
+    /// With the Russian keyboard layout, the keys for comma and point type letters.
     State validate(QString& input, int& position) const override
     {
         for (const QChar letter : {QChar(u'б'), QChar(u'ю')}) {
@@ -58,7 +59,6 @@ QHBoxLayout* createRow()
 PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
     : QWidget(parent)
     , m_paymentKey(paymentKey)
-    , m_scans(ScanRecognizer::configured())
     , m_caption(new QLabel(this))
     , m_sumLabel(new QLabel(this))
     , m_change(new QLabel(this))
@@ -76,6 +76,10 @@ PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
          {static_cast<QWidget*>(m_received), static_cast<QWidget*>(m_back), static_cast<QWidget*>(m_pay)}) {
         keyReceiver->installEventFilter(this);
     }
+    auto* scans = new ScanFilter(*m_received);
+    scans->watch(*m_back);
+    scans->watch(*m_pay);
+    connect(scans, &ScanFilter::scanned, this, &PaymentPanel::refuseScan);
     connect(m_received, &QLineEdit::textChanged, this, [this] { showChange(); });
     connect(m_received, &QLineEdit::inputRejected, this, [this] {
         showHint({u"paymentInputRefused"_s, u"Вводите только цифры и запятую, не больше двух цифр после неё."_s},
@@ -223,11 +227,11 @@ void PaymentPanel::showChange()
 
 void PaymentPanel::showChange(const tr::Tr& change, const char* textRole)
 {
-    setStyleProperty(*m_change, u"textRole"_s, QLatin1StringView(textRole)); // first: it decides on the room
+    setStyleProperty(*m_change, u"textRole"_s, QLatin1StringView(textRole)); // first: the width depends on it
     m_change->setText(change.ui());
 }
 
-/// Who works by touch sees the buttons, and has no such keys.
+/// Without the hint in touch mode: there are buttons, and no such keys.
 void PaymentPanel::showKeyHint(const tr::Tr& hint)
 {
     showHint(BasicForm::isTouchMode() ? tr::Tr() : hint, "hint");
@@ -246,7 +250,7 @@ bool PaymentPanel::eventFilter(QObject* watched, QEvent* event)
     }
     const auto& key = *static_cast<QKeyEvent*>(event);
     if (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down) {
-        event->ignore(); // moves the current position, whatever has the focus
+        event->ignore(); // the sales screen moves the current position
         return true;
     }
     return takeKey(key);
@@ -254,25 +258,19 @@ bool PaymentPanel::eventFilter(QObject* watched, QEvent* event)
 
 bool PaymentPanel::takeKey(const QKeyEvent& key)
 {
-    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
-        if (key.isAutoRepeat()) {
-            return true; // it was meant for what stood here before
-        }
-        if (const std::optional<ScanRecognizer::Scan> scan = m_scans.finish(key.timestamp())) {
-            refuseScan(*scan);
-        } else {
-            (m_back->hasFocus() ? m_back : m_pay)->click();
-        }
-        return true;
+    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
+        return false;
     }
-    m_scans.key(key, m_received->text());
-    return false;
+    // A held Return was meant for the screen before.
+    if (!key.isAutoRepeat()) {
+        (m_back->hasFocus() ? m_back : m_pay)->click();
+    }
+    return true;
 }
 
-/// Goods belong to the positions; a barcode must never count as money, nor its Return as the cashier's.
-void PaymentPanel::refuseScan(const ScanRecognizer::Scan& scan)
+/// A barcode is never money, and the Return key at its end never confirms the payment.
+void PaymentPanel::refuseScan()
 {
-    m_received->setText(scan.fieldBefore);
     m_received->selectAll();
     showHint({u"paymentScanRefused"_s,
               u"Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям."_s},

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "document.h"
-#include "scanrecognizer.h"
 #include "till.h"
 #include "tr.h"
 
@@ -15,30 +14,30 @@ class QPushButton;
 class TalloKeyboard;
 class TalloLineEdit;
 
-/// What stands in the place of the search for goods when a document is at its subtotal or its payment: the sum, the
-/// cash that the customer gives, and the change.
+/// Replaces the search for goods during the subtotal and the payment: the sum, the cash that the customer gives, and
+/// the change.
 class PaymentPanel : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// @param paymentKey the shortcut that leads from the subtotal to the payment; empty: there is none
+    /// @param paymentKey the shortcut for the way from the subtotal to the payment; empty: there is none
     explicit PaymentPanel(const QString& paymentKey, QWidget* parent = nullptr);
 
-    /// Shows what the phase asks the cashier to do. What was typed stays until the phase is another one.
-    /// @param document null while the phase is Positions and none is open
+    /// Shows what the cashier has to do in this phase. Clears the input when the phase changes.
+    /// @param document null only while the phase is Positions
     void showPhase(Till::Phase phase, const QSharedPointer<Document>& document);
-    /// Where the next key is expected.
+    /// The widget that the next key is meant for.
     QWidget* input() const;
-    /// The cash as it was typed, in roubles; empty: exactly the sum.
+    /// The cash in roubles, as it was typed; empty: exactly the sum.
     QString received() const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
-    /// On to what comes next: from the subtotal to the payment, from the payment to the next document.
+    /// The cashier goes on from the subtotal to the payment, or closes the document.
     void confirmed();
-    /// Back to the positions.
+    /// The cashier goes back to the positions.
     void left();
 
 private:
@@ -52,10 +51,9 @@ private:
     void showKeyHint(const tr::Tr& hint);
     void showHint(const tr::Tr& hint, const char* textRole);
     bool takeKey(const QKeyEvent& key);
-    void refuseScan(const ScanRecognizer::Scan& scan);
+    void refuseScan();
 
     QString m_paymentKey;
-    ScanRecognizer m_scans;
     Till::Phase m_phase = Till::Phase::Positions;
     Kopecks m_sum = 0;
     QLabel* m_caption;

@@ -36,7 +36,19 @@ RegisterWindow::RegisterWindow(Till& till, const PositionMarks& marks, const QLi
     setObjectName(u"registerWindow"_s);
     setWindowTitle(tr::Tr(u"registerTitle"_s, u"Касса аптеки"_s).ui());
     setMinimumSize(smallestWindow);
+    arrangeGround();
+    showWork(longWork);
+    showDocuments(till);
+    connect(Singleton<ActionQueueController>::get(), &ActionQueueController::stopped, this, &RegisterWindow::showStop);
+    connect(m_lock, &LockScreen::unlocked, this, &RegisterWindow::uncover);
+    qApp->installEventFilter(this);
+    m_sales->setFocus();
+}
 
+RegisterWindow::~RegisterWindow() = default;
+
+void RegisterWindow::arrangeGround()
+{
     auto* groundLayout = new QVBoxLayout(m_ground);
     groundLayout->setContentsMargins(0, 0, 0, 0);
     groundLayout->setSpacing(0);
@@ -45,14 +57,20 @@ RegisterWindow::RegisterWindow(Till& till, const PositionMarks& marks, const QLi
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_ground);
+}
 
+/// Refreshes the positions after each piece of work: a plug-in may have changed them.
+void RegisterWindow::showWork(const LongWork& longWork)
+{
     connect(&longWork, &LongWork::running, m_busy, &BusyScreen::start);
     connect(&longWork, &LongWork::ended, m_busy, &BusyScreen::stop);
-    // What a plug-in has done to the positions shows after each piece of its work.
     connect(&longWork, &LongWork::ended, m_sales, &SalesScreen::refresh);
-    auto* controller = Singleton<ActionQueueController>::get();
-    connect(controller, &ActionQueueController::idle, m_sales, &SalesScreen::refresh);
-    connect(controller, &ActionQueueController::stopped, this, &RegisterWindow::showStop);
+    connect(Singleton<ActionQueueController>::get(), &ActionQueueController::idle, m_sales, &SalesScreen::refresh);
+}
+
+/// Shows in the status line what happens to documents.
+void RegisterWindow::showDocuments(const Till& till)
+{
     connect(m_sales, &SalesScreen::ended, this,
             [this](const Document& document) { m_statusLine->showDone(documentwords::ending(document)); });
     connect(&till, &Till::voided, this, [this](const Document& document, Document::State before) {
@@ -63,17 +81,7 @@ RegisterWindow::RegisterWindow(Till& till, const PositionMarks& marks, const QLi
             m_statusLine->dropNews();
         }
     });
-    qApp->installEventFilter(this);
-    connect(m_lock, &LockScreen::unlocked, this, [this] {
-        arrangeLayers();
-        if (m_focusBeforeLock) {
-            m_focusBeforeLock->setFocus();
-        }
-    });
-    m_sales->setFocus();
 }
-
-RegisterWindow::~RegisterWindow() = default;
 
 void RegisterWindow::enter(BasicForm& form)
 {
@@ -101,7 +109,8 @@ void RegisterWindow::leave(BasicForm& form)
     }
 }
 
-/// A warning has been read when the cashier goes on. A function key is seen as a shortcut only, never as a key press.
+/// The first key or click after a warning removes it. A function key arrives as a ShortcutOverride, never as a
+/// KeyPress.
 bool RegisterWindow::eventFilter(QObject* watched, QEvent* event)
 {
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
@@ -148,7 +157,7 @@ void RegisterWindow::unwind(Unwinding purpose)
     }
 }
 
-/// Return one form may bring up the one before it, so that it takes several rounds until nothing is open.
+/// A cancelled form may bring back the one before it, so that several rounds are needed until nothing is open.
 void RegisterWindow::goOnUnwinding()
 {
     const bool blocked = InputBlocker::isActive();
@@ -185,7 +194,7 @@ void RegisterWindow::arrangeLayers()
         place(*layer, !(*layer)->isDialog());
     }
     place(m_ground, true);
-    // Children stand in their order, the last one on top.
+    // The last child is on top.
     m_busy->setCovered(!m_layers.isEmpty() && children().indexOf(m_layers.last()) > children().indexOf(m_busy));
 }
 
@@ -194,6 +203,14 @@ void RegisterWindow::coverWithLock()
     m_focusBeforeLock = QApplication::focusWidget();
     m_lock->lock();
     arrangeLayers();
+}
+
+void RegisterWindow::uncover()
+{
+    arrangeLayers();
+    if (m_focusBeforeLock) {
+        m_focusBeforeLock->setFocus();
+    }
 }
 
 void RegisterWindow::showStop(const control::Action& action, EContext::Result result)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "busyscreen.h"
+#include "formhost.h"
 #include "graphicaluserinterface.h"
 #include "lockscreen.h"
 #include "longwork.h"
@@ -14,7 +15,7 @@
 
 class FormLayer;
 
-/// The register's window: the sales screen, the forms above it, the busy screen and the lock.
+/// The register's window: the sales screen, the forms above it, the busy screen and the lock screen.
 class RegisterWindow : public QWidget, public FormStage
 {
     Q_OBJECT
@@ -34,7 +35,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 public slots:
-    /// Cancels what is open and covers the window until the cashier comes back.
+    /// Cancels all open forms, then covers the window until the cashier comes back.
     void lock();
 
 protected:
@@ -42,14 +43,18 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    /// What the open forms are cancelled for.
+    /// Why the open forms are being cancelled.
     enum class Unwinding { No, ToClose, ToLock };
 
+    void arrangeGround();
+    void showWork(const LongWork& longWork);
+    void showDocuments(const Till& till);
     void unwind(Unwinding purpose);
     void goOnUnwinding();
     bool isAtWork() const;
     void arrangeLayers();
     void coverWithLock();
+    void uncover();
     void showStop(const control::Action& action, EContext::Result result);
 
     SalesScreen* m_sales;

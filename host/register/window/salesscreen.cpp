@@ -7,7 +7,8 @@
 #include "functionkeybar.h"
 #include "paymentpanel.h"
 #include "registeraction.h"
-#include "tallolineedit.h"
+#include "searchpanel.h"
+#include "tablecolumn.h"
 #include "tallotableview.h"
 #include "tr.h"
 
@@ -15,6 +16,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -26,7 +28,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A character for the search line: typed or scanned while a function key has the focus.
 bool isText(const QKeyEvent& event)
 {
     return !event.text().isEmpty() && event.text().front().isPrint() &&
@@ -47,7 +48,7 @@ SalesScreen::SalesScreen(Till& till, const PositionMarks& marks, const QList<Fun
     layout->setSpacing(8);
     layout->addWidget(createHeader());
     layout->addWidget(createTable(), 1);
-    layout->addWidget(m_searchAndTotal = createSearchAndTotal());
+    layout->addWidget(createSearch());
     layout->addWidget(createPayment(keys));
     auto* keyBar = new FunctionKeyBar(keys, this);
     connect(keyBar, &FunctionKeyBar::pressed, this, &SalesScreen::press);
@@ -83,49 +84,26 @@ QWidget* SalesScreen::createTable()
     m_table->setAccessibleName(tr::Tr(u"receiptTable"_s, u"Позиции чека"_s).ui());
     m_table->setFocusPolicy(Qt::NoFocus); // Up and Down in the search line move its rows
     m_table->setModel(&m_model);
-    m_table->setColumns({
-        u"number;;40;true;130"_s,
-        u"name;;-1;true;129"_s,
-        u"mark;;-2;true;132"_s,
-        u"quantity;;-2;true;130"_s,
-        u"initialPrice;;-2;true;130"_s,
-        u"price;;88;true;130"_s,
-        u"sum;;104;true;130"_s,
-        u"state;;-2;true;129"_s,
-    });
-    // The range follows both the positions and the room: the payment takes some of it.
+    m_table->setColumns(TableColumn::texts({
+        {u"number"_s, 40, TableColumn::right},
+        {u"name"_s, TableColumn::remainingRoom, TableColumn::left},
+        {u"mark"_s, TableColumn::fittingContents, TableColumn::centred},
+        {u"quantity"_s, TableColumn::fittingContents, TableColumn::right},
+        {u"initialPrice"_s, TableColumn::fittingContents, TableColumn::right},
+        {u"price"_s, 88, TableColumn::right},
+        {u"sum"_s, 104, TableColumn::right},
+        {u"state"_s, TableColumn::fittingContents, TableColumn::left},
+    }));
+    // The range changes with the positions, and with the height that the payment leaves.
     connect(m_table->verticalScrollBar(), &QScrollBar::rangeChanged, this, &SalesScreen::scrollToCurrent);
     return m_table;
 }
 
-QWidget* SalesScreen::createSearchAndTotal()
+QWidget* SalesScreen::createSearch()
 {
-    auto* row = new QWidget(this);
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(8);
-
-    m_search = new TalloLineEdit(row);
-    m_search->setObjectName(u"searchLineEdit"_s);
-    const QString hint = tr::Tr(u"searchGoods"_s, u"Поиск товара: название, МНН или штрихкод"_s).ui();
-    m_search->setPlaceholderText(hint);
-    m_search->setAccessibleName(hint);
-    m_search->setMaxLength(200);
-    connect(m_search, &QLineEdit::returnPressed, this, &SalesScreen::search);
-
-    auto* total = new QLabel(tr::Tr(u"receiptTotal"_s, u"ИТОГО"_s).ui(), row);
-    total->setObjectName(u"totalCaptionLabel"_s);
-    m_total = new QLabel(row);
-    m_total->setObjectName(u"totalLabel"_s);
-    m_total->setAccessibleName(total->text());
-    m_total->setProperty("textSize", u"sum"_s);
-    m_total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-
-    layout->addWidget(m_search, 1);
-    layout->addSpacing(16);
-    layout->addWidget(total);
-    layout->addWidget(m_total);
-    return row;
+    m_search = new SearchPanel(this);
+    connect(m_search, &SearchPanel::entered, this, &SalesScreen::addGoods);
+    return m_search;
 }
 
 QWidget* SalesScreen::createPayment(const QList<FunctionKey>& keys)
@@ -150,7 +128,7 @@ void SalesScreen::refresh()
     const QString info = document ? m_marks.documentText(*document) : QString();
     m_documentInfo->setText(info);
     m_documentInfo->setToolTip(info);
-    m_total->setText(amountText(document ? document->getSum() : 0));
+    m_search->showTotal(document ? document->getSum() : 0);
     showPhase();
     if (before && before != document) {
         emit ended(*before);
@@ -174,7 +152,7 @@ void SalesScreen::showPositions()
     scrollToCurrent();
 }
 
-/// The row of the position that was current, else the one that took its place.
+/// The row of the position that was current; when it was removed, the row that took its place.
 int SalesScreen::rowAfter(int formerRow, int number) const
 {
     const int row = m_model.rowOf(number);
@@ -186,7 +164,7 @@ void SalesScreen::scrollToCurrent()
     m_table->scrollTo(m_table->currentIndex(), QAbstractItemView::EnsureVisible);
 }
 
-/// The focus goes along with the phase, unless it stands in a form above this screen.
+/// Moves the focus to the input of the phase, unless a form above this screen has it.
 void SalesScreen::showPhase()
 {
     const Till::Phase phase = m_till.phase();
@@ -194,8 +172,8 @@ void SalesScreen::showPhase()
     const bool hasFocus = isAncestorOf(QApplication::focusWidget());
     const QWidget* inputBefore = focusProxy();
     m_payment->showPhase(phase, m_shown);
-    m_searchAndTotal->setVisible(searching);
-    QWidget* input = searching ? m_search : m_payment->input();
+    m_search->setVisible(searching);
+    QWidget* input = searching ? m_search->input() : m_payment->input();
     setFocusProxy(input);
     if (hasFocus && input != inputBefore) {
         input->setFocus();
@@ -223,7 +201,7 @@ void SalesScreen::keyPressEvent(QKeyEvent* event)
     }
 }
 
-/// What is typed or scanned while a function key has the focus goes where it is expected.
+/// Characters that are typed or scanned while a function key has the focus go to the input of the phase.
 void SalesScreen::type(QKeyEvent& event)
 {
     auto* line = qobject_cast<QLineEdit*>(focusProxy());
@@ -242,15 +220,10 @@ void SalesScreen::moveRow(int by)
     }
 }
 
-void SalesScreen::search()
+void SalesScreen::addGoods(const QString& search)
 {
-    const QString text = m_search->text().trimmed();
-    m_search->clear();
-    if (text.isEmpty()) {
-        return;
-    }
     control::Action action = Singleton<control::ActionFactory>::get()->create(registeraction::addGoods);
-    action.insert(u"search"_s, text);
+    action.insert(u"search"_s, search);
     Singleton<ActionQueueController>::get()->enqueue(action, false);
 }
 
@@ -272,7 +245,7 @@ void SalesScreen::goBack()
         return;
     }
     m_search->clear();
-    m_search->setFocus();
+    m_search->input()->setFocus();
 }
 
 void SalesScreen::press(const FunctionKey& key)
@@ -292,7 +265,7 @@ void SalesScreen::press(const FunctionKey& key)
     give(action);
 }
 
-/// Keys pressed while the register is at work do nothing.
+/// Ignores keys while an action is running.
 void SalesScreen::give(const control::Action& action)
 {
     auto* controller = Singleton<ActionQueueController>::get();

@@ -12,24 +12,23 @@
 
 class PaymentPanel;
 class QLabel;
-class TalloLineEdit;
+class SearchPanel;
 class TalloTableView;
 
-/// The screen of the open document: its positions, the function keys, and between them the search for goods or the
-/// payment.
+/// The open document: its positions, the search for goods or the payment below them, and the function keys.
 class SalesScreen : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// @param sale, marks not owned
+    /// @param till, marks not owned
     SalesScreen(Till& till, const PositionMarks& marks, const QList<FunctionKey>& keys, QWidget* parent = nullptr);
 
     /// Shows the document as it is now.
     void refresh();
 
 signals:
-    /// The document that was shown is no longer open.
+    /// The document is no longer open.
     void ended(const Document& document);
 
 protected:
@@ -38,13 +37,13 @@ protected:
 private:
     QWidget* createHeader();
     QWidget* createTable();
-    QWidget* createSearchAndTotal();
+    QWidget* createSearch();
     QWidget* createPayment(const QList<FunctionKey>& keys);
     void showPositions();
     int rowAfter(int formerRow, int number) const;
     void scrollToCurrent();
     void showPhase();
-    void search();
+    void addGoods(const QString& search);
     void goOn();
     void goBack();
     void type(QKeyEvent& event);
@@ -58,9 +57,7 @@ private:
     QLabel* m_documentNumber = nullptr;
     QLabel* m_documentInfo = nullptr;
     TalloTableView* m_table = nullptr;
-    TalloLineEdit* m_search = nullptr;
-    QLabel* m_total = nullptr;
-    QWidget* m_searchAndTotal = nullptr;
+    SearchPanel* m_search = nullptr;
     PaymentPanel* m_payment = nullptr;
     QSharedPointer<Document> m_shown;
     int m_positionCount = 0;

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr const char* standing = "hint";
+constexpr const char* permanent = "hint";
 constexpr const char* done = "done";
 constexpr const char* warning = "waiting";
 constexpr int linesOfMessage = 2;
@@ -31,7 +31,7 @@ StatusLine::StatusLine(QWidget* parent)
     m_message = addLabel(u"statusMessageLabel"_s, 1);
     m_message->setWordWrap(true);
     m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    // Always as high as the longest message asks: nothing moves away under a finger when one comes or goes.
+    // Always as high as the longest message, so that nothing moves under a finger when the message changes.
     m_message->setFixedHeight(linesOfMessage * fontMetrics().lineSpacing() + roomAroundMessage);
     m_plugins = addLabel(u"pluginStateLabel"_s, 0);
     m_keyboardLayout = addLabel(u"keyboardLayoutLabel"_s, 0);
@@ -48,7 +48,7 @@ QLabel* StatusLine::addLabel(const QString& name, int stretch)
 {
     auto* label = new QLabel(this);
     label->setObjectName(name);
-    label->setProperty("textRole", QLatin1StringView(standing));
+    label->setProperty("textRole", QLatin1StringView(permanent));
     label->setTextFormat(Qt::PlainText);
     static_cast<QHBoxLayout*>(layout())->addWidget(label, stretch);
     return label;
@@ -56,8 +56,8 @@ QLabel* StatusLine::addLabel(const QString& name, int stretch)
 
 void StatusLine::showMessage(const QString& text)
 {
-    m_standingMessage = text;
-    show(text, standing);
+    m_permanentMessage = text;
+    show(text, permanent);
 }
 
 void StatusLine::showDone(const QString& text)
@@ -77,7 +77,7 @@ bool StatusLine::isWarningShown() const
 
 void StatusLine::dropNews()
 {
-    show(m_standingMessage, standing);
+    show(m_permanentMessage, permanent);
 }
 
 void StatusLine::show(const QString& text, const char* textRole)

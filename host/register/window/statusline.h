@@ -7,7 +7,7 @@
 
 class QLabel;
 
-/// The line at the bottom of the window: a message, the plug-ins, the keyboard's layout and the clock.
+/// The line at the bottom of the window: a message, the plug-ins, the keyboard layout and the clock.
 class StatusLine : public QWidget
 {
     Q_OBJECT
@@ -15,13 +15,14 @@ class StatusLine : public QWidget
 public:
     explicit StatusLine(QWidget* parent = nullptr);
 
-    /// A message that stands for good; empty: none.
+    /// Shows a permanent message; empty: none.
     void showMessage(const QString& text);
-    /// What has been done, in large letters, instead of the message, until dropNews().
+    /// Shows what was done, in large letters, in place of the permanent message until dropNews().
     void showDone(const QString& text);
-    /// What the cashier has to see to, on amber, instead of the message, until dropNews().
+    /// Shows a warning on amber, in place of the permanent message until dropNews().
     void showWarning(const QString& text);
     bool isWarningShown() const;
+    /// Shows the permanent message again.
     void dropNews();
 
     /// @param details the tool tip
@@ -33,7 +34,7 @@ private:
     QLabel* addLabel(const QString& name, int stretch);
     void show(const QString& text, const char* textRole);
 
-    QString m_standingMessage;
+    QString m_permanentMessage;
     QLabel* m_message;
     QLabel* m_plugins;
     QLabel* m_keyboardLayout;

@@ -8,17 +8,16 @@
 #include <QSharedPointer>
 #include <QString>
 
-/// One electronic prescription as the registry issued it.
+/// One electronic prescription as the registry issued it: data only, held by shared pointers.
 ///
-/// Held by shared pointers; holds data only. Every accessor is virtual, so that a double can stand in for a record.
+/// Every accessor is virtual, so that a double can replace a record.
 /// The order of the virtual members is part of the class: integrators' doubles are compiled against it.
 class ElectronicPrescription
 {
 public:
     ElectronicPrescription() = default;
     virtual ~ElectronicPrescription();
-    ElectronicPrescription(const ElectronicPrescription&) = delete;
-    ElectronicPrescription& operator=(const ElectronicPrescription&) = delete;
+    Q_DISABLE_COPY_MOVE(ElectronicPrescription)
 
     /// The prescription's identifier in the registry.
     virtual QString getId() const;
@@ -45,7 +44,7 @@ public:
     virtual double getDoseQuantity() const;
     virtual void setDoseQuantity(double quantity);
 
-    /// Doses handed out before. Adding a negative quantity lowers it; there is no bound.
+    /// Doses handed out before. A negative quantity lowers it; there is no bound.
     virtual double getDispensedDoseQuantity() const;
     virtual void addDispensedDoseQuantity(double quantity);
 
@@ -69,8 +68,8 @@ public:
     virtual double getPayByPatientSumFactor() const;
     virtual void setPayByPatientSumFactor(double factor);
 
-    /// The discount that the benefit gives, in percent: what the patient's share, rounded to two decimals of a percent,
-    /// leaves of 100. Negative for a factor above 1.0.
+    /// The discount that the benefit gives, in percent: 100 less the patient's share, which is rounded to two decimals
+    /// of a percent. Negative for a factor above 1.0.
     virtual double getDiscountPercent() const;
 
     /// Who pays the benefit; null when nobody does.
@@ -79,8 +78,8 @@ public:
     virtual void setPayingElectronicPrescriptionOrganization(
         const QSharedPointer<PayingElectronicPrescriptionOrganization>& organization);
 
-    /// Replaces `dates` by the dates of earlier dispenses, in the order in which they were added; the same date may
-    /// stand there twice, and an unknown one is invalid.
+    /// Replaces `dates` by the dates of earlier dispenses, in the order in which they were added. A date can be there
+    /// twice, and an unknown one is invalid.
     virtual void getMedicationDispenseDates(QList<QDate>& dates) const;
     virtual void addMedicationDispenseDate(const QDate& date);
 
@@ -95,7 +94,7 @@ public:
     virtual QString getSerialNumber() const;
     virtual void setSerialNumber(const QString& number);
 
-    // The next two pairs have the setter first: the order of the virtual members keeps it so.
+    // In these two pairs the setter comes first. The order of the virtual members must stay.
 
     /// Name in the pharmacy's own dictionary.
     virtual void setDictName(const QString& name);

@@ -3,7 +3,7 @@
 
 #include "basicexception.h"
 
-/// A registry exchange or a step of the workflow failed; carries the text for the cashier.
+/// A request to the registry or a step of the workflow failed. Carries the text for the cashier.
 class ElectronicPrescriptionException : public BasicException
 {
 public:

@@ -11,8 +11,7 @@ public:
     /// @param birthday invalid when unknown
     Patient(const QString& name, const QDate& birthday);
     virtual ~Patient();
-    Patient(const Patient&) = delete;
-    Patient& operator=(const Patient&) = delete;
+    Q_DISABLE_COPY_MOVE(Patient)
 
     virtual QString getName() const;
     virtual QDate getBirthday() const;

@@ -10,8 +10,7 @@ public:
     /// @param id the organization's identifier in the registry
     PayingElectronicPrescriptionOrganization(const QString& id, const QString& name);
     virtual ~PayingElectronicPrescriptionOrganization();
-    PayingElectronicPrescriptionOrganization(const PayingElectronicPrescriptionOrganization&) = delete;
-    PayingElectronicPrescriptionOrganization& operator=(const PayingElectronicPrescriptionOrganization&) = delete;
+    Q_DISABLE_COPY_MOVE(PayingElectronicPrescriptionOrganization)
 
     virtual QString getId() const;
     virtual QString getName() const;

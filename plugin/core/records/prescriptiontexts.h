@@ -7,7 +7,7 @@
 namespace prescriptiontexts
 {
 
-/// Shown while the registry is asked.
+/// Shown during a request to the registry.
 inline tr::Tr processMessage()
 {
     return {"electronicPrescriptionProcessMessage", "Обращение к сервису электронных рецептов"};
@@ -18,13 +18,14 @@ inline tr::Tr noPrescriptions()
     return {"electronicPrescriptionNoPrescriptionsError", "Рецепты не найдены"};
 }
 
-/// Three texts of every text input.
+// The texts of every text input.
+
 inline tr::Tr scanError()
 {
     return {"inputTextFormScanError", "Ошибка разбора введенных данных, повторите сканирование"};
 }
 
-/// "ОК" stands in Cyrillic letters, as in the register's own forms.
+/// In Cyrillic letters, as in the register's own forms.
 inline tr::Tr ok()
 {
     return {"inputTextFormOkBtn", "ОК"};

@@ -3,8 +3,8 @@
 
 #include <QString>
 
-/// The URIs by which the registry names its structures, code systems and dictionaries. They identify; nothing is ever
-/// fetched from them. Their hosts are chosen when the plug-in is built.
+/// The URIs by which the registry names its structures, code systems and dictionaries. Nothing is ever fetched from
+/// them. Their hosts are chosen when the plug-in is built.
 namespace registryuris
 {
 using namespace Qt::StringLiterals;

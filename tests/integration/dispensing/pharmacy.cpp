@@ -180,7 +180,7 @@ void Pharmacy::setOptions(int position, const QString& options)
 
 QJsonObject Pharmacy::savedDocument() const
 {
-    QFile file(dataFolder.filePath(SaveToFileLogic::openDocumentFile));
+    QFile file(dataFolder.filePath(AbstractDocument::openDocumentFile));
     return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
 }
 

@@ -37,7 +37,7 @@ TEST_P(AdmissionTest, missingOrWrongOaisToken_raisesTheRegistrysText)
 
     EXPECT_EQ(askForCard("1100").text, "В запросе токена не указан токен ОАИС");
     configure("oais", "another");
-    const Failure failure = askForCard("1100");
+    const RequestFailure failure = askForCard("1100");
     EXPECT_TRUE(failure);
     EXPECT_EQ(failure.key, tr::undefined);
     EXPECT_EQ(asked(Endpoint::PrescriptionsByCard), 0);
@@ -48,7 +48,7 @@ TEST_P(AdmissionTest, wrongSecret_raisesTheRegistrysTextAndSendsNothingMore)
     configure("clientSecret", "s&c ret");
     for (const Endpoint endpoint :
          {Endpoint::PrescriptionsByCard, Endpoint::DispenseRegistration, Endpoint::DispenseCancellation}) {
-        const Failure failure = ask(endpoint);
+        const RequestFailure failure = ask(endpoint);
         EXPECT_EQ(failure.key, tr::undefined) << nameOf(endpoint);
         EXPECT_EQ(failure.text, "Неверный секрет клиента") << nameOf(endpoint);
         EXPECT_EQ(asked(endpoint), 0) << nameOf(endpoint);
@@ -63,7 +63,7 @@ TEST_P(AdmissionTest, tokenExpired_raisesTheRegistrysTextAndIsNotRenewed)
     rules.tokenLifetime = -1;
     registry->store().setRules(rules);
 
-    const Failure failure = askForCard("1100");
+    const RequestFailure failure = askForCard("1100");
     EXPECT_EQ(failure.key, tr::undefined);
     EXPECT_FALSE(failure.text.isEmpty());
     EXPECT_EQ(lastOf(Endpoint::PrescriptionsByCard).status, 401);
@@ -79,7 +79,7 @@ TEST_P(AdmissionTest, missingScope_raisesTheRegistrysText)
     configure("scope", "read");
 
     EXPECT_FALSE(askForCard("1100"));
-    const Failure failure = registerDispense();
+    const RequestFailure failure = registerDispense();
     EXPECT_EQ(failure.text, "Для операции нужна область доступа dispense");
     EXPECT_EQ(position->getExtendedOptions(), dueOptions);
 }
@@ -92,6 +92,25 @@ TEST_P(AdmissionTest, everyRequest_fetchesATokenOfItsOwn)
     ASSERT_EQ(searches.size(), 2);
     EXPECT_EQ(asked(Endpoint::Token), 2);
     EXPECT_NE(searches[0].header("Authorization"), searches[1].header("Authorization"));
+}
+
+TEST_P(AdmissionTest, tokenAddressWithImpossiblePort_isReportedAndNoSecretIsSent)
+{
+    configure("authorizationUrl", QString::fromLatin1(GetParam()) + u"://127.0.0.1:84433"_s);
+    for (const Endpoint endpoint :
+         {Endpoint::PrescriptionsByCard, Endpoint::DispenseRegistration, Endpoint::DispenseCancellation}) {
+        EXPECT_EQ(ask(endpoint).key, "restClientAddressNotUsable") << nameOf(endpoint);
+    }
+    EXPECT_TRUE(registry->journal().entries().isEmpty());
+}
+
+TEST_P(AdmissionTest, registryAddressWithImpossiblePort_isReportedAndNoTokenIsSentThere)
+{
+    configure("requestsUrl", QString::fromLatin1(GetParam()) + u"://127.0.0.1:84433"_s);
+    EXPECT_EQ(askForCard("1100").key, "restClientAddressNotUsable");
+    EXPECT_EQ(registerDispense().key, "restClientAddressNotUsable");
+    EXPECT_EQ(asked(Endpoint::PrescriptionsByCard), 0);
+    EXPECT_EQ(asked(Endpoint::DispenseRegistration), 0);
 }
 
 OVER_HTTP_AND_HTTPS(AdmissionTest);

@@ -11,7 +11,7 @@ using DispenseTest = RegistryClientTest;
 
 TEST_P(DispenseTest, registration_isBookedOnceWithItsClaimAndThePositionGetsItsId)
 {
-    const Failure failure = registerDispense();
+    const RequestFailure failure = registerDispense();
     EXPECT_FALSE(failure) << failure.text.toStdString();
 
     const auto dispenses = registry->store().dispensesOf("rx-half");
@@ -37,7 +37,7 @@ TEST_P(DispenseTest, patientPaysAll_isRegisteredWithoutAClaim)
 {
     position->setExtendedOptions(R"({"id": "rx-full", "tradeNameCode": "1001", "organizationId": "", "sumFactor": 1,
         "doseQuantity": 20, "finalDispense": true, "patientReference": "Patient/p-1"})");
-    const Failure failure = registerDispense();
+    const RequestFailure failure = registerDispense();
     EXPECT_FALSE(failure) << failure.text.toStdString();
     const auto dispenses = registry->store().dispensesOf("rx-full");
     ASSERT_EQ(dispenses.size(), 1);
@@ -49,7 +49,7 @@ TEST_P(DispenseTest, refusedDispense_raisesTheRegistrysTextAndLeavesTheOptions)
 {
     const QString options = QString(dueOptions).replace("rx-half", "rx-unknown");
     position->setExtendedOptions(options);
-    const Failure failure = registerDispense();
+    const RequestFailure failure = registerDispense();
     EXPECT_EQ(failure.key, tr::undefined);
     EXPECT_EQ(failure.text, "Рецепт rx-unknown не найден в реестре");
     EXPECT_EQ(position->getExtendedOptions(), options);
@@ -60,7 +60,7 @@ TEST_P(DispenseTest, cancellation_cancelsTheDispenseAndKeepsTheId)
     EXPECT_FALSE(registerDispense());
     const QString registered = position->getExtendedOptions();
     const QString id = dispenseId();
-    const Failure failure = cancelDispense();
+    const RequestFailure failure = cancelDispense();
     EXPECT_FALSE(failure) << failure.text.toStdString();
 
     const auto dispense = registry->store().dispense(id);

@@ -14,7 +14,7 @@ class FaultsTest : public RegistryClientTest
 protected:
     /// Sends a request to the endpoint after `order` has ordered a fault. The request arrives exactly once, nothing is
     /// sent after a failed token, and the position stays as it was.
-    Failure askWithFault(Endpoint endpoint, const std::function<void(FaultScript&)>& order)
+    RequestFailure askWithFault(Endpoint endpoint, const std::function<void(FaultScript&)>& order)
     {
         registry->journal().clear();
         registry->faults().clear();
@@ -22,7 +22,7 @@ protected:
         position->setExtendedOptions(dueOptions);
         order(registry->faults());
 
-        const Failure failure = ask(endpoint);
+        const RequestFailure failure = ask(endpoint);
         EXPECT_EQ(asked(endpoint), 1) << nameOf(endpoint);
         EXPECT_EQ(registry->journal().entries().size(), endpoint == Endpoint::Token ? 1 : 2) << nameOf(endpoint);
         EXPECT_TRUE(registry->faults().pending().isEmpty()) << "the fault was used";
@@ -46,7 +46,7 @@ TEST_P(FaultsTest, errorStatusWithoutAnIssue_raisesTheHttpClientsText)
 {
     for (const auto& [status, key] : statusTexts) {
         for (const Endpoint endpoint : everyEndpoint) {
-            const Failure failure = askWithFault(
+            const RequestFailure failure = askWithFault(
                 endpoint, [&, code = status](FaultScript& faults) { faults.answerStatus(endpoint, code); });
             EXPECT_EQ(failure.key, key) << nameOf(endpoint);
             EXPECT_TRUE(failure.text.contains(QString::number(status))) << failure.text.toStdString();
@@ -59,7 +59,7 @@ TEST_P(FaultsTest, errorStatusWithAnIssue_raisesTheRegistrysText)
     for (const auto& [status, key] : statusTexts) {
         for (const Endpoint endpoint : everyEndpoint) {
             const QString details = u"Причина %1 "_s + QString::number(status);
-            const Failure failure = askWithFault(
+            const RequestFailure failure = askWithFault(
                 endpoint, [&, code = status](FaultScript& faults) { faults.answerIssue(endpoint, code, details); });
             EXPECT_EQ(failure.key, tr::undefined) << nameOf(endpoint);
             EXPECT_EQ(failure.text, details) << nameOf(endpoint);
@@ -115,7 +115,7 @@ TEST_P(FaultsTest, postWhoseConnectionEndsBeforeTheAnswer_isSentOnceAndRaisesAnU
             continue;
         }
         for (const bool reset : {false, true}) {
-            const Failure failure = askWithFault(endpoint, [&](FaultScript& faults) {
+            const RequestFailure failure = askWithFault(endpoint, [&](FaultScript& faults) {
                 reset ? faults.resetBeforeAnswer(endpoint) : faults.closeBeforeAnswer(endpoint);
             });
             EXPECT_EQ(failure.key, "restClientConnectionLostUncertain") << nameOf(endpoint) << reset;
@@ -142,7 +142,8 @@ TEST_P(FaultsTest, answerCutOff_isAFailureThoughTheStatusWasGood)
 {
     for (const Endpoint endpoint : everyEndpoint) {
         const bool isGet = endpoint == Endpoint::PrescriptionsByCard;
-        const Failure failure = askWithFault(endpoint, [&](FaultScript& faults) { faults.cutAnswerOff(endpoint); });
+        const RequestFailure failure =
+            askWithFault(endpoint, [&](FaultScript& faults) { faults.cutAnswerOff(endpoint); });
         EXPECT_TRUE(failure) << nameOf(endpoint);
         EXPECT_EQ(failure.key.endsWith("Uncertain"), !isGet) << failure.key.toStdString();
     }
@@ -153,7 +154,8 @@ TEST_P(FaultsTest, registrySlowerThanTheTimeout_raisesATimeout)
     configure("timeout", "1");
     for (const Endpoint endpoint : everyEndpoint) {
         const bool isGet = endpoint == Endpoint::PrescriptionsByCard;
-        const Failure failure = askWithFault(endpoint, [&](FaultScript& faults) { faults.neverAnswer(endpoint); });
+        const RequestFailure failure =
+            askWithFault(endpoint, [&](FaultScript& faults) { faults.neverAnswer(endpoint); });
         EXPECT_EQ(failure.key, isGet ? "restClientTimedOut" : "restClientTimedOutUncertain") << nameOf(endpoint);
     }
 }
@@ -162,7 +164,7 @@ TEST_P(FaultsTest, answerDrippingBeyondTheTimeout_isGivenUp)
 {
     configure("timeout", "1");
     using namespace std::chrono_literals;
-    const Failure failure = askWithFault(
+    const RequestFailure failure = askWithFault(
         Endpoint::PrescriptionsByCard, [](FaultScript& faults) { faults.drip(Endpoint::PrescriptionsByCard, 200ms); });
     EXPECT_EQ(failure.key, "restClientTimedOut");
 }
@@ -180,7 +182,7 @@ TEST_P(FaultsTest, requestAfterOneWhoseConnectionEnded_succeeds)
 {
     for (const Endpoint endpoint : {Endpoint::Token, Endpoint::DispenseRegistration}) {
         askWithFault(endpoint, [&](FaultScript& faults) { faults.resetBeforeAnswer(endpoint); });
-        const Failure failure = ask(endpoint);
+        const RequestFailure failure = ask(endpoint);
         EXPECT_FALSE(failure) << nameOf(endpoint) << ' ' << failure.text.toStdString();
     }
 }

@@ -66,7 +66,7 @@ TEST_P(ByCardTest, cardWithSpecialCharacters_reachesTheRegistryUnchanged)
 
 TEST_P(ByCardTest, cardWithoutPrescriptions_raisesNoPrescriptions)
 {
-    const Failure failure = askForCard("1102");
+    const RequestFailure failure = askForCard("1102");
     EXPECT_TRUE(failure.isNoPrescriptions);
     EXPECT_EQ(failure.text, "Рецепты не найдены");
     EXPECT_TRUE(prescriptions.isEmpty());
@@ -74,7 +74,7 @@ TEST_P(ByCardTest, cardWithoutPrescriptions_raisesNoPrescriptions)
 
 TEST_P(ByCardTest, unknownCard_raisesTheRegistrysText)
 {
-    const Failure failure = askForCard("0");
+    const RequestFailure failure = askForCard("0");
     EXPECT_TRUE(failure);
     EXPECT_FALSE(failure.isNoPrescriptions);
     EXPECT_EQ(failure.key, tr::undefined);

@@ -14,7 +14,7 @@ using emulator::Endpoint;
 namespace
 {
 
-Failure failureOf(const std::function<void()>& operation)
+RequestFailure failureOf(const std::function<void()>& operation)
 {
     try {
         operation();
@@ -81,25 +81,25 @@ void RegistryClientTest::trust(const TestAuthority& authority)
     m_config.setForThisRun(u"RestClient:caFile"_s, authority.certificateFile());
 }
 
-Failure RegistryClientTest::askForCard(const QString& card, const QString& status)
+RequestFailure RegistryClientTest::askForCard(const QString& card, const QString& status)
 {
     const ElectronicPrescriptionInterface client;
     return failureOf([&] { client.getElectronicPrescriptionsByCardNumber(card, status, prescriptions, patient); });
 }
 
-Failure RegistryClientTest::registerDispense()
+RequestFailure RegistryClientTest::registerDispense()
 {
     const ElectronicPrescriptionInterface client;
     return failureOf([&] { client.sendMedicationDispense(position); });
 }
 
-Failure RegistryClientTest::cancelDispense()
+RequestFailure RegistryClientTest::cancelDispense()
 {
     const ElectronicPrescriptionInterface client;
     return failureOf([&] { client.sendCancelMedicationDispense(position); });
 }
 
-Failure RegistryClientTest::ask(Endpoint endpoint)
+RequestFailure RegistryClientTest::ask(Endpoint endpoint)
 {
     switch (endpoint) {
     case Endpoint::DispenseRegistration:

@@ -21,7 +21,7 @@
 using namespace Qt::StringLiterals;
 
 /// The outcome of a request: none, or one of the plug-in's exceptions.
-struct Failure {
+struct RequestFailure {
     bool isFailure = false;
     bool isNoPrescriptions = false;
     QString key;  ///< of the text
@@ -42,12 +42,12 @@ protected:
     void trust(const TestAuthority& authority);
 
     /// Each makes a new client, which reads the configuration as it is then.
-    Failure askForCard(const QString& card, const QString& status = u"active"_s);
-    Failure registerDispense();
-    Failure cancelDispense();
+    RequestFailure askForCard(const QString& card, const QString& status = u"active"_s);
+    RequestFailure registerDispense();
+    RequestFailure cancelDispense();
 
     /// The operation that sends a request to that endpoint.
-    Failure ask(emulator::Endpoint endpoint);
+    RequestFailure ask(emulator::Endpoint endpoint);
 
     int asked(emulator::Endpoint endpoint) { return registry->journal().count(endpoint); }
     emulator::JournalEntry lastOf(emulator::Endpoint endpoint);

@@ -28,7 +28,7 @@ TEST_P(WrongShapesTest, noPrescriptionList_raisesTheErrorOfTheList)
 {
     for (const char* body : noPrescriptionList) {
         registry->faults().answerBody(Endpoint::PrescriptionsByCard, body);
-        const Failure failure = askForCard("1100");
+        const RequestFailure failure = askForCard("1100");
         EXPECT_EQ(failure.key, "electronicPrescriptionGetPrescriptionsError") << body;
         EXPECT_EQ(failure.text, "Ошибка при получении списка рецептов") << body;
         EXPECT_TRUE(prescriptions.isEmpty()) << body;
@@ -42,7 +42,7 @@ TEST_P(WrongShapesTest, listWithoutAnyPrescription_raisesNoPrescriptions)
          {R"({"resourceType": "Bundle"})", R"({"resourceType": "Bundle", "entry": [{"resource": "Bundle"}]})",
           R"({"resourceType": "Bundle", "entry": [{"resource": {"resourceType": 5}}]})"}) {
         registry->faults().answerBody(Endpoint::PrescriptionsByCard, body);
-        const Failure failure = askForCard("1100");
+        const RequestFailure failure = askForCard("1100");
         EXPECT_TRUE(failure.isNoPrescriptions) << body;
         EXPECT_EQ(failure.text, "Рецепты не найдены") << body;
     }

@@ -5,6 +5,7 @@
 #include "dialogeventfilter.h"
 #include "dialogforms.h"
 #include "electronicprescriptionchoicemodel.h"
+#include "graphicaluserinterface.h"
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
 #include "tallokeyboard.h"
@@ -15,6 +16,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 namespace
 {
@@ -54,7 +56,7 @@ protected:
         return names;
     }
 
-    /// Opens the list anew, chooses a row of the screen under a filter, and drops the form.
+    /// Opens the list, chooses a row of the filtered table, and drops the form.
     void chooseAndDrop(const QString& filterText, int row)
     {
         ElectronicPrescriptionChoiceForm form(params(), nullptr);
@@ -68,7 +70,7 @@ protected:
     Prescriptions prescriptions;
 };
 
-/// The widgets that left their parents while it lives, in order, of those that are named.
+/// The watched widgets that leave their parents while it lives, in order.
 class RemovedWidgets : public QObject
 {
 public:
@@ -156,18 +158,113 @@ INSTANTIATE_TEST_SUITE_P(
                       std::pair{"patientNameLabel", "QLabel"}, std::pair{"patientBirthdayLabel", "QLabel"},
                       std::pair{"practitionerNameLabel", "QLabel"}, std::pair{"organizationLabel", "QLabel"},
                       std::pair{"electronicPrescriptionsTableView", "TalloTableView"},
-                      std::pair{"tradeNameValueLabel", "QLabel"}, std::pair{"patientNameValueLabel", "QLabel"},
-                      std::pair{"patientBirthdayValueLabel", "QLabel"},
-                      std::pair{"practitionerNameValueLabel", "QLabel"}, std::pair{"organizationValueLabel", "QLabel"}),
+                      std::pair{"medicineNameLineEdit", "TalloLineEdit"}),
     widgetOfParameter);
 
-TEST_F(ChoiceForm, layoutWithoutFilterField_listIsChosenFromAllTheSame)
+class ChoiceFormValueLabels : public ChoiceForm, public ::testing::WithParamInterface<const char*>
 {
-    loseWidget(layout, "medicineNameLineEdit");
+protected:
+    ChoiceFormValueLabels()
+    {
+        for (const auto& each : prescriptions) {
+            each->setPayingElectronicPrescriptionOrganization(
+                QSharedPointer<PayingElectronicPrescriptionOrganization>::create("77", "Фонд здоровья"));
+        }
+    }
+};
+
+TEST_P(ChoiceFormValueLabels, missing_formIsBuiltAndThrowsWhenARowIsShown)
+{
+    loseWidget(layout, GetParam());
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    EXPECT_THROW(open(form), BasicException);
+}
+
+TEST_P(ChoiceFormValueLabels, missingAndFaultsCollected_isReportedAtEachRow)
+{
+    loseWidget(layout, GetParam());
+    collectLayoutFaults();
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    EXPECT_TRUE(layoutFaults.isEmpty());
+    open(form);
+    table(form)->selectRow(1);
+    const QString fault = QString("Не найден виджет ") + GetParam();
+    EXPECT_EQ(layoutFaults, QStringList({fault, fault}));
+}
+
+TEST_P(ChoiceFormValueLabels, ofAnotherClassAndThreeRowsShown_isReportedOnce)
+{
+    makeSlider(layout, GetParam());
+    collectLayoutFaults();
     ElectronicPrescriptionChoiceForm form(params(), nullptr);
     open(form);
+    table(form)->selectRow(1);
     table(form)->selectRow(2);
-    form.onOk();
+    EXPECT_EQ(
+        layoutFaults,
+        QStringList(
+            QString("Ошибка загрузки виджета '%1'. Не удалось 'QSlider' привести к типу 'QLabel'").arg(GetParam())));
+}
+
+INSTANTIATE_TEST_SUITE_P(, ChoiceFormValueLabels,
+                         ::testing::Values("tradeNameValueLabel", "patientNameValueLabel", "patientBirthdayValueLabel",
+                                           "practitionerNameValueLabel", "organizationValueLabel"),
+                         [](const auto& instance) { return std::string(instance.param); });
+
+TEST_F(ChoiceForm, layoutWithoutOrganizationLabel_isAFaultOnlyWhenAnOrganizationIsShown)
+{
+    prescriptions.at(2)->setPayingElectronicPrescriptionOrganization(
+        QSharedPointer<PayingElectronicPrescriptionOrganization>::create("77", "Фонд здоровья"));
+    loseWidget(layout, "organizationValueLabel");
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    open(form);
+    EXPECT_NO_THROW(table(form)->selectRow(1));
+    EXPECT_THROW(table(form)->selectRow(2), BasicException);
+}
+
+TEST_F(ChoiceForm, layoutFaultWhileTheListIsOpen_endsTheDialogWithTheFault)
+{
+    prescriptions.at(1)->setPayingElectronicPrescriptionOrganization(
+        QSharedPointer<PayingElectronicPrescriptionOrganization>::create("77", "Фонд здоровья"));
+    loseWidget(layout, "organizationValueLabel");
+    const auto form = QSharedPointer<ElectronicPrescriptionChoiceForm>::create(params(), nullptr);
+    GraphicalUserInterface gui;
+    QTimer::singleShot(0, form.data(), [&] { QTest::keyClick(filter(*form), Qt::Key_Down); });
+    EXPECT_THROW(gui.run(form), BasicException);
+    EXPECT_EQ(gui.topForm(), nullptr);
+}
+
+TEST_F(ChoiceForm, layoutAsksForRichText_registryTextsArePlain)
+{
+    askForRichText(layout);
+    prescriptions.at(0)->setTradeName("<b>Сиофор</b>");
+    ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    ASSERT_EQ(widget<QLabel>(form, "tradeNameValueLabel")->textFormat(), Qt::RichText);
+    open(form);
+    filter(form)->setText("<b>");
+    EXPECT_EQ(text(form, "tradeNameValueLabel"), "<b>Сиофор</b>");
+    expectPlainTexts(form);
+}
+
+TEST_F(ChoiceForm, built_filterFieldShowsWhatItSearches)
+{
+    const ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    EXPECT_EQ(filter(form)->placeholderText(), "Поиск по МНН");
+}
+
+TEST_F(ChoiceForm, settingsAppliedAgain_tableHasTheSameColumns)
+{
+    const ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    const QStringList columns = table(form)->columns();
+    table(form)->setColumns({});
+    form.setSettings();
+    EXPECT_EQ(table(form)->columns(), columns);
+}
+
+TEST_F(ChoiceForm, answerSent_isTheData)
+{
+    const ElectronicPrescriptionChoiceForm form(params(), nullptr);
+    form.sendAnswer(2);
     EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(2)));
 }
 
@@ -177,7 +274,7 @@ TEST_F(ChoiceForm, layoutFileMissing_constructorThrows)
     EXPECT_THROW(ElectronicPrescriptionChoiceForm(params(), nullptr), BasicException);
 }
 
-TEST_F(ChoiceForm, built_standsInTheDialogsContext)
+TEST_F(ChoiceForm, built_contextIsTheDialogs)
 {
     EXPECT_EQ(ElectronicPrescriptionChoiceForm(params(), nullptr).contextCode(), 15);
 }
@@ -227,7 +324,7 @@ TEST_F(ChoiceForm, touchModeLayoutsConfigured_keyboardHasThose)
     EXPECT_EQ(widget<TalloKeyboard>(form, "talloKeyboard")->keyboardLayouts(), (QStringList{"en", "digits"}));
 }
 
-TEST_F(ChoiceForm, keyboardSwitchesLayout_statusLineIsTold)
+TEST_F(ChoiceForm, keyboardSwitchesLayout_statusLineIsNotified)
 {
     setTouchMode(true);
     const ElectronicPrescriptionChoiceForm form(params(), nullptr);
@@ -237,7 +334,7 @@ TEST_F(ChoiceForm, keyboardSwitchesLayout_statusLineIsTold)
     EXPECT_EQ(icons.count(), 1);
 }
 
-TEST_F(ChoiceForm, keyOfTheKeyboardPressed_inactivityTimeBeginsAnew)
+TEST_F(ChoiceForm, keyOfTheKeyboardPressed_inactivityTimeStartsAgain)
 {
     setTouchMode(true);
     const ElectronicPrescriptionChoiceForm form(params(), nullptr);
@@ -342,7 +439,7 @@ TEST_F(ChoiceForm, nothingPassesTheFilter_okAnswersMinusOneAndForgetsLikeBack)
     EXPECT_EQ(table(again)->currentIndex().row(), 0);
 }
 
-TEST_F(ChoiceForm, nothingPassesTheFilter_isToldAtOnceAndTheButtonLooksIdle)
+TEST_F(ChoiceForm, nothingPassesTheFilter_hintIsShownAndTheButtonLooksIdle)
 {
     ElectronicPrescriptionChoiceForm form(params(), nullptr);
     open(form);
@@ -353,7 +450,7 @@ TEST_F(ChoiceForm, nothingPassesTheFilter_isToldAtOnceAndTheButtonLooksIdle)
     EXPECT_TRUE(hint->isVisible());
     EXPECT_EQ(hint->text(), "Нет рецептов, где МНН содержит «нет такого». Измените поиск.");
     EXPECT_TRUE(okButton->property("idle").toBool());
-    EXPECT_TRUE(okButton->isEnabled()) << "it answers as ever";
+    EXPECT_TRUE(okButton->isEnabled()) << "it answers all the same";
     filter(form)->setText("инсулин");
     EXPECT_FALSE(hint->isVisible());
     EXPECT_FALSE(okButton->property("idle").toBool());
@@ -418,7 +515,7 @@ TEST_F(ChoiceForm, escapeInTheFilterField_answersMinusOne)
     EXPECT_EQ(answer(), std::pair(QString("data"), QVariant(-1)));
 }
 
-TEST_F(ChoiceForm, windowClosed_answersMinusOneAndStaysUntilItIsTakenAway)
+TEST_F(ChoiceForm, windowClosed_answersMinusOneAndStaysVisible)
 {
     ElectronicPrescriptionChoiceForm form(params(), nullptr);
     open(form);
@@ -509,6 +606,7 @@ TEST_F(ChoiceForm, reopenedWithoutAFilterField_savedFilterIsAppliedAndItsFirstRo
 {
     chooseAndDrop("инсулин", 1);
     loseWidget(layout, "medicineNameLineEdit");
+    collectLayoutFaults();
     ElectronicPrescriptionChoiceForm form(params(true), nullptr);
     open(form);
     EXPECT_EQ(shownNames(form), (QStringList{"Инсулин гларгин", "Инсулин аспарт"}));

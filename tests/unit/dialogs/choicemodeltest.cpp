@@ -27,7 +27,7 @@ QString text(const QAbstractItemModel& model, int row, int column)
     return model.index(row, column).data().toString();
 }
 
-/// What a table view sees of a model: the rows at the top, none below them.
+/// A model as a table view sees it: rows at the top, none below them.
 class TopRows : public QIdentityProxyModel
 {
 public:

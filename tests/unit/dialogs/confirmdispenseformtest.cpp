@@ -6,6 +6,8 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 namespace
@@ -100,14 +102,14 @@ INSTANTIATE_TEST_SUITE_P(, ConfirmDispenseFormRequiredWidgets,
                                            NamedText{"confirmDispenseLabel", "QLabel"}),
                          widgetOfParameter);
 
-TEST_F(ConfirmDispenseForm, built_standsInTheDialogsContextAndIsADialogForm)
+TEST_F(ConfirmDispenseForm, built_contextIsTheDialogsAndItIsADialogForm)
 {
     const ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
     EXPECT_EQ(form.contextCode(), 15);
     EXPECT_NE(qobject_cast<const BasicDialogForm*>(&form), nullptr);
 }
 
-TEST_F(ConfirmDispenseForm, opened_focusStandsOnCompleteDispenseAndReturnTakesIt)
+TEST_F(ConfirmDispenseForm, opened_focusIsOnCompleteDispenseAndReturnPressesIt)
 {
     ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
     open(form);
@@ -177,4 +179,36 @@ TEST_F(ConfirmDispenseForm, nullPrescription_messageKeepsTheLayoutsText)
     const ElectronicPrescriptionConfirmDispenseForm form({}, nullptr);
     EXPECT_EQ(text(form, "confirmDispenseLabel"), "");
     EXPECT_EQ(text(form, "titleLabel"), "Подтверждение отпуска по рецепту");
+}
+
+TEST_F(ConfirmDispenseForm, layoutAsksForRichText_innIsPlain)
+{
+    askForRichText(layout);
+    const ElectronicPrescriptionConfirmDispenseForm form(params("<b>x</b>"), nullptr);
+    EXPECT_EQ(text(form, "confirmDispenseLabel").split('\n').at(1), "'<b>x</b>'");
+    expectPlainTexts(form);
+}
+
+TEST_F(ConfirmDispenseForm, tallerThanTheScreen_keysScrollWhileTheButtonHasTheFocus)
+{
+    ElectronicPrescriptionConfirmDispenseForm form(params(QString("очень длинное название ").repeated(400)), nullptr);
+    open(form);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.rootWidget()));
+    auto* button = widget<QPushButton>(form, "completeDispenseButton");
+    const auto* bar = widget<QScrollArea>(form, "confirmDispenseScrollArea")->verticalScrollBar();
+    ASSERT_GT(bar->maximum(), bar->pageStep());
+
+    QTest::keyClick(button, Qt::Key_PageDown);
+    EXPECT_EQ(bar->value(), bar->pageStep());
+    QTest::keyClick(button, Qt::Key_End);
+    EXPECT_EQ(bar->value(), bar->maximum());
+    EXPECT_EQ(form.rootWidget()->focusWidget(), button);
+    EXPECT_TRUE(queue.queued.isEmpty());
+}
+
+TEST_F(ConfirmDispenseForm, answerSent_isTheStatus)
+{
+    const ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
+    form.sendAnswer(7);
+    EXPECT_EQ(answer(), std::pair(QString("status"), QVariant(7)));
 }

@@ -26,7 +26,7 @@ protected:
         return {shown, status, patient()};
     }
 
-    /// One whose every text is distinct.
+    /// A prescription whose texts all differ.
     static QSharedPointer<ElectronicPrescription> fullPrescription()
     {
         const auto full = prescription("Метформин");
@@ -59,7 +59,7 @@ protected:
         return discounted;
     }
 
-    /// Whether a label is meant to be seen; the form itself need not be on the screen.
+    /// True when a label is not hidden. The form itself need not be on the screen.
     static bool isShown(const BasicForm& form, const QString& label)
     {
         return !widget<QLabel>(form, label)->isHidden();
@@ -184,7 +184,7 @@ INSTANTIATE_TEST_SUITE_P(
         NamedText{"medicineDictNameValueLabel", "QLabel"}, NamedText{"medicationDispenseDatesValueLabel", "QLabel"}),
     widgetOfParameter);
 
-TEST_F(DetailsForm, built_standsInTheDialogsContext)
+TEST_F(DetailsForm, built_contextIsTheDialogs)
 {
     EXPECT_EQ(ElectronicPrescriptionForm(params({}), nullptr).contextCode(), 15);
 }
@@ -264,12 +264,94 @@ TEST_F(DetailsForm, nullPrescription_valueLabelsKeepTheLayoutsTexts)
     }
 }
 
-TEST_F(DetailsForm, recordWithoutPatient_patientLabelsAreEmpty)
+TEST_F(DetailsForm, recordWithoutPatient_patientLabelsKeepTheLayoutsTexts)
 {
+    const QString laidOut = "<property name=\"text\"><string>неизвестно</string></property>";
+    changeLayout(layout, "(name=\"patient\\w+ValueLabel\">)", "\\1" + laidOut);
     const ElectronicPrescriptionForm form(ElectronicPrescriptionParams(fullPrescription(), "active", {}), nullptr);
-    EXPECT_EQ(text(form, "patientNameValueLabel"), "");
-    EXPECT_EQ(text(form, "patientBirthdayValueLabel"), "");
+    EXPECT_EQ(text(form, "patientNameValueLabel"), "неизвестно");
+    EXPECT_EQ(text(form, "patientBirthdayValueLabel"), "неизвестно");
     EXPECT_EQ(text(form, "innNameValueLabel"), "Метформин");
+}
+
+TEST_F(DetailsForm, layoutWithoutAnyValueLabel_valuesAreReportedInTheirOrder)
+{
+    changeLayout(layout, "ValueLabel\"", "Lost\"");
+    collectLayoutFaults();
+    const ElectronicPrescriptionForm form(params(fullPrescription()), nullptr);
+    const QStringList values{"innName",
+                             "innCode",
+                             "tradeName",
+                             "tradeNameCode",
+                             "prescribedByInnOrTradeName",
+                             "patientName",
+                             "patientBirthday",
+                             "prescriptionDate",
+                             "expirationDate",
+                             "practitionerName",
+                             "digitalSignature",
+                             "discount",
+                             "doseQuantity",
+                             "dispensedDoseQuantity",
+                             "instructions",
+                             "organization",
+                             "medicineDictCode",
+                             "medicineDictName",
+                             "medicationDispenseDates",
+                             "discount", // once more for its highlight
+                             "medicineDictCode",
+                             "medicineDictName",
+                             "medicationDispenseDates"}; // once more for the visibility of their rows
+    QStringList faults;
+    for (const QString& value : values) {
+        faults.append("Не найден виджет " + value + "ValueLabel");
+    }
+    EXPECT_EQ(layoutFaults, faults);
+}
+
+TEST_F(DetailsForm, chooseButtonOfAnotherClass_isReportedOnce)
+{
+    makeSlider(layout, "chooseButton");
+    collectLayoutFaults();
+    const ElectronicPrescriptionForm form(params(fullPrescription()), nullptr);
+    EXPECT_EQ(layoutFaults, QStringList("Ошибка загрузки виджета 'chooseButton'. "
+                                        "Не удалось 'QSlider' привести к типу 'QPushButton'"));
+}
+
+TEST_F(DetailsForm, layoutAsksForRichText_registryTextsArePlain)
+{
+    askForRichText(layout);
+    const auto odd = fullPrescription();
+    odd->setInstructions("<img src='file:///nowhere.png'>");
+    odd->setExpirationDate(QDate(2024, 4, 30));
+    const ElectronicPrescriptionForm form(params(odd), nullptr);
+    EXPECT_EQ(text(form, "instructionsValueLabel"), "<img src='file:///nowhere.png'>");
+    expectPlainTexts(form);
+}
+
+TEST_F(DetailsForm, layoutWithoutItsScrollArea_isNoFault)
+{
+    loseWidget(layout, "detailsScrollArea");
+    ElectronicPrescriptionForm form(params(fullPrescription()), nullptr);
+    open(form);
+    EXPECT_EQ(text(form, "innNameValueLabel"), "Метформин");
+}
+
+TEST_F(DetailsForm, oneDispenseWithoutAValidDate_dateLabelsAreShownEmpty)
+{
+    const auto undated = prescription("Метформин");
+    undated->addMedicationDispenseDate(QDate());
+    const ElectronicPrescriptionForm form(params(undated), nullptr);
+    EXPECT_TRUE(isShown(form, "medicationDispenseDatesLabel"));
+    EXPECT_TRUE(isShown(form, "medicationDispenseDatesValueLabel"));
+    EXPECT_EQ(text(form, "medicationDispenseDatesValueLabel"), "");
+}
+
+TEST_F(DetailsForm, answerSent_isTheStatus)
+{
+    const ElectronicPrescriptionForm form(params(fullPrescription()), nullptr);
+    form.sendAnswer(7);
+    EXPECT_EQ(answer(), std::pair(QString("status"), QVariant(7)));
 }
 
 TEST_F(DetailsForm, prescribedByTradeNameUnsignedWithoutOrganizationOrDates_showsSo)
@@ -340,7 +422,7 @@ protected:
     }
 };
 
-TEST_F(Expiry, lastDayPast_isToldBesideTheDate)
+TEST_F(Expiry, lastDayPast_isShownBesideTheDate)
 {
     const ElectronicPrescriptionForm form(params(lastsUntil(QDate(2024, 4, 30))), nullptr);
     EXPECT_TRUE(isShown(form, "expiredLabel"));
@@ -350,7 +432,7 @@ TEST_F(Expiry, lastDayPast_isToldBesideTheDate)
     EXPECT_TRUE(widget<QPushButton>(form, "chooseButton")->isEnabled());
 }
 
-TEST_F(Expiry, lastDayTodayLaterOrUnknown_nothingIsTold)
+TEST_F(Expiry, lastDayTodayLaterOrUnknown_nothingIsShown)
 {
     for (const QDate& lastDay : {QDate(2024, 5, 1), QDate(2024, 5, 2), QDate()}) {
         EXPECT_FALSE(isShown(ElectronicPrescriptionForm(params(lastsUntil(lastDay)), nullptr), "expiredLabel"))
@@ -374,7 +456,7 @@ TEST_F(DetailsForm, noDiscount_isShownWithoutHighlight)
 
 TEST_F(DetailsForm, discountTooSmallToShow_hasNoHighlight)
 {
-    // The record's own rounding knows no discount between 0 and 0.01, so the record is doubled.
+    // The record's own rounding yields no discount between 0 and 0.01, so a double yields it.
     class SmallDiscount : public ElectronicPrescription
     {
     public:

@@ -120,10 +120,10 @@ TEST(DialogFacade, nothingMocked_factoryMakesANewDialogEachTime)
 
     QPointer<QObject> tracked = first.data();
     first.reset();
-    EXPECT_TRUE(tracked.isNull()) << "the dialog goes with its last pointer";
+    EXPECT_TRUE(tracked.isNull()) << "the dialog is destroyed with its last pointer";
 }
 
-TEST(DialogFacade, factoryMocked_handsOutTheMock)
+TEST(DialogFacade, factoryMocked_returnsTheMock)
 {
     const auto mock = QSharedPointer<AnsweringDialog>::create(answered("data", 4));
     const Mocked<ElectronicPrescriptionDialog> mocked(mock);

@@ -81,11 +81,36 @@ void DialogForms::expectNeeds(const QString& layout, const QString& widget, cons
     expectFault("formUiWidgetNotFoundError", "Не найден виджет " + widget, makeForm);
 }
 
-void DialogForms::expectNeedsClass(const QString& layout, const QString& widget, const QString& className,
-                                   const std::function<void()>& makeForm)
+void DialogForms::makeSlider(const QString& layout, const QString& widget)
 {
     const QString name = " name=\"" + widget + '"';
     changeLayout(layout, "class=\"\\w+\"" + name, "class=\"QSlider\"" + name);
+}
+
+void DialogForms::askForRichText(const QString& layout)
+{
+    const QString isRich = "<property name=\"textFormat\"><enum>Qt::RichText</enum></property>";
+    changeLayout(layout, "Qt::PlainText", "Qt::RichText");
+    changeLayout(layout, "class=\"WrappedLabel\" name=\"(\\w+)\">", "class=\"QLabel\" name=\"\\1\">" + isRich);
+}
+
+void DialogForms::expectPlainTexts(const BasicForm& form)
+{
+    int shown = 0;
+    for (const auto* label : form.rootWidget()->findChildren<QLabel*>()) {
+        if (label->text().isEmpty()) {
+            continue;
+        }
+        ++shown;
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->objectName().toStdString();
+    }
+    EXPECT_GT(shown, 1);
+}
+
+void DialogForms::expectNeedsClass(const QString& layout, const QString& widget, const QString& className,
+                                   const std::function<void()>& makeForm)
+{
+    makeSlider(layout, widget);
     expectFault(
         "formUiWidgetCastError",
         QString("Ошибка загрузки виджета '%1'. Не удалось 'QSlider' привести к типу '%2'").arg(widget, className),
@@ -111,13 +136,16 @@ QSharedPointer<ElectronicPrescription> DialogForms::prescription(const QString& 
 
 void DialogForms::changeLayout(const QString& layout, const QString& pattern, const QString& replacement)
 {
-    QFile original(QString(PLUGIN_LAYOUTS) + '/' + layout);
-    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
-    auto text = QString::fromUtf8(original.readAll());
+    const QString ownPath = QString(PLUGIN_LAYOUTS) + '/' + layout;
+    const QString changedPath = m_changedLayouts.filePath(layout);
+    QFile former(QFile::exists(changedPath) ? changedPath : ownPath);
+    ASSERT_TRUE(former.open(QIODevice::ReadOnly));
+    auto text = QString::fromUtf8(former.readAll());
+    former.close();
     const QRegularExpression expression(pattern);
     ASSERT_TRUE(text.contains(expression)) << pattern.toStdString();
     text.replace(expression, replacement);
-    QFile changed(m_changedLayouts.filePath(layout));
+    QFile changed(changedPath);
     ASSERT_TRUE(changed.open(QIODevice::WriteOnly));
     changed.write(text.toUtf8());
 }

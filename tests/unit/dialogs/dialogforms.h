@@ -19,7 +19,7 @@
 #include <memory>
 #include <utility>
 
-/// Takes actions without running them.
+/// Records actions without running them.
 class RecordingQueue : public ActionQueueController
 {
 public:
@@ -37,7 +37,7 @@ protected:
 
     void setTouchMode(bool isTouch);
 
-    /// Has the form shown as the register does: its root first, then show().
+    /// Shows the form as the register does: its root first, then show().
     static void open(BasicForm& form);
 
     template <typename T>
@@ -51,19 +51,29 @@ protected:
     /// The text of a label or a button.
     static QString text(const BasicForm& form, const QString& name);
 
-    /// What the one action that was queued answers; fails when there is none, more than one, or another action.
+    /// The answer in the one action that was queued. Fails when there is none, more than one, or another action.
     std::pair<QString, QVariant> answer() const;
 
-    /// Puts a changed copy of a layout before the plug-in's own: `widget` has another name there.
+    /// Puts a changed copy of a layout before the plug-in's own: what the pattern finds is replaced. Changes add up.
+    void changeLayout(const QString& layout, const QString& pattern, const QString& replacement);
+    /// Takes a widget out of the layout: it has another name there.
     void loseWidget(const QString& layout, const QString& widget);
 
     /// Takes `widget` out of the layout, and expects that the form cannot be made and says why.
     void expectNeeds(const QString& layout, const QString& widget, const std::function<void()>& makeForm);
-    /// The same with a slider in the place of `widget`, which has to be a `className`.
+    /// Makes a slider of `widget`.
+    void makeSlider(const QString& layout, const QString& widget);
+    /// Makes a slider of `widget`, which has to be a `className`, and expects that the form cannot be made and says
+    /// why.
     void expectNeedsClass(const QString& layout, const QString& widget, const QString& className,
                           const std::function<void()>& makeForm);
 
-    /// Collects what forms report of their layouts, instead of having it thrown.
+    /// Has every label of the layout take its text as markup.
+    void askForRichText(const QString& layout);
+    /// Every label that shows a text takes it as plain text.
+    static void expectPlainTexts(const BasicForm& form);
+
+    /// Collects the faults of layouts that forms report, instead of having them thrown.
     void collectLayoutFaults();
 
     /// An invented patient.
@@ -77,8 +87,6 @@ protected:
     QStringList layoutFaults;
 
 private:
-    void changeLayout(const QString& layout, const QString& pattern, const QString& replacement);
-
     QTemporaryDir m_changedLayouts;
     InPlace<ActionQueueController> m_queueInPlace{&queue};
 };

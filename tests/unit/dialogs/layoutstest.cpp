@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the forms stand on the screen: nothing is cut off, whatever the screen, the mode and the data.
+// The forms on the screen: nothing is cut off on any screen, in any mode, with any data.
 #include "accessiblenames.h"
 #include "dialogforms.h"
 #include "electronicprescriptionchoiceform.h"
@@ -34,7 +34,7 @@ protected:
     }
     ~Layouts() override { qApp->setStyleSheet(QString()); }
 
-    /// A name of the ordinary kind, or one of 10,000 characters without a blank.
+    /// The ordinary name, or 10,000 characters without a blank.
     static QString name(const QString& ordinary)
     {
         return GetParam().isExtreme ? QString(10000, QChar(u'Ж')) : ordinary;
@@ -67,7 +67,7 @@ protected:
         return shown;
     }
 
-    /// Shows a form as a screen of its own and lets its layout settle.
+    /// Shows a form as large as the screen and waits until its layout is done.
     static void openOnScreen(BasicForm& form)
     {
         form.rootWidget()->resize(GetParam().screen);
@@ -76,7 +76,7 @@ protected:
         ASSERT_EQ(form.rootWidget()->size(), GetParam().screen) << "the form asks for more than the screen";
     }
 
-    /// No control and no label outside a scroll area reaches over its parent or is smaller than its contents.
+    /// Outside scroll areas every control and label is within its parent and not smaller than its contents.
     static void expectNothingCutOff(const BasicForm& form)
     {
         for (const auto* widget : form.rootWidget()->findChildren<QWidget*>()) {

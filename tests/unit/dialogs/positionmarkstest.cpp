@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the plug-in tells the register about the looks of its positions, against what it writes onto them.
+// positionmarks.json, which describes the looks of the plug-in's positions, against the options that it writes.
 #include "positionformat.h"
 #include "registerstyle.h"
 
@@ -12,6 +12,13 @@
 
 namespace
 {
+
+/// The default text of a word that has a key in the message catalogues.
+QString textOf(const QJsonValue& word)
+{
+    EXPECT_FALSE(word["key"].toString().isEmpty());
+    return word["text"].toString();
+}
 
 QJsonObject prescriptionMark()
 {
@@ -28,8 +35,8 @@ TEST(PositionMarks, prescriptionPosition_isMarkedByItsTag)
 {
     const auto mark = prescriptionMark();
     EXPECT_EQ(mark.value("tag").toString(), positionformat::tag);
-    EXPECT_EQ(mark.value("mark").toString(), "ЭР");
-    EXPECT_EQ(mark.value("description").toString(), "Электронный рецепт");
+    EXPECT_EQ(textOf(mark.value("mark")), "ЭР");
+    EXPECT_EQ(textOf(mark.value("description")), "Электронный рецепт");
 }
 
 TEST(PositionMarks, everyStateOfAPosition_hasItsWordsInAReadableColour)
@@ -39,7 +46,7 @@ TEST(PositionMarks, everyStateOfAPosition_hasItsWordsInAReadableColour)
     for (const auto& each : states) {
         const auto state = each.toObject();
         EXPECT_EQ(state.value("option").toString(), positionformat::status);
-        EXPECT_FALSE(state.value("text").toString().isEmpty());
+        EXPECT_FALSE(textOf(state.value("text")).isEmpty());
         EXPECT_GE(RegisterColours::contrast(QColor(state.value("colour").toString()), Qt::white), 4.5);
         values.append(state.value("value"));
     }
@@ -51,10 +58,12 @@ TEST(PositionMarks, receiptLines_areDiscountOrganizationAndSerialNumber)
 {
     const auto lines = prescriptionMark().value("receiptLines").toArray();
     ASSERT_EQ(lines.size(), 3);
-    EXPECT_EQ(
-        lines.at(0).toObject(),
-        (QJsonObject{{"option", positionformat::sumFactor}, {"label", "Скидка по рецепту"}, {"form", "discount"}}));
-    EXPECT_EQ(lines.at(1).toObject(),
-              (QJsonObject{{"option", positionformat::organization}, {"label", "Организация"}}));
-    EXPECT_EQ(lines.at(2).toObject(), (QJsonObject{{"option", positionformat::serialNumber}, {"label", "Рецепт"}}));
+    const auto expectLine = [&lines](int index, const QString& option, const QString& label, const QJsonValue& form) {
+        EXPECT_EQ(lines.at(index)["option"].toString(), option);
+        EXPECT_EQ(textOf(lines.at(index)["label"]), label);
+        EXPECT_EQ(lines.at(index)["form"], form);
+    };
+    expectLine(0, positionformat::sumFactor, "Скидка по рецепту", "discount");
+    expectLine(1, positionformat::organization, "Организация", QJsonValue::Undefined);
+    expectLine(2, positionformat::serialNumber, "Рецепт", QJsonValue::Undefined);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The places of the virtual members in their tables, which doubles built elsewhere rely on.
+// The order of the virtual members. Test doubles that were built elsewhere rely on it.
 #include "electronicprescriptionchoicemodel.h"
 #include "electronicprescriptiondialog.h"
 #include "electronicprescriptionformcreator.h"
@@ -20,7 +20,7 @@ TEST(SlotOrder, dialogFacade_ownOperationsFollowTheHostsDialogs)
     EXPECT_EQ(virtualSlot(&Dialog::confirmDispenseForElectronicPrescription), show + 3);
 }
 
-TEST(SlotOrder, formCreator_createByEventStandsBeforeCreateByContext)
+TEST(SlotOrder, formCreator_createByEventIsBeforeCreateByContext)
 {
     using Creator = ElectronicPrescriptionFormCreator;
     using ByEvent = QSharedPointer<BasicForm> (Creator::*)(const Event&);
@@ -29,7 +29,7 @@ TEST(SlotOrder, formCreator_createByEventStandsBeforeCreateByContext)
     EXPECT_EQ(virtualSlot(static_cast<ByContext>(&Creator::create)), 3);
 }
 
-TEST(SlotOrder, choiceModel_overridesStandInTheBaseClasssOrder)
+TEST(SlotOrder, choiceModel_overridesAreInTheBaseClasssOrder)
 {
     using Model = ElectronicPrescriptionChoiceModel;
     using Parent = QModelIndex (Model::*)(const QModelIndex&) const;

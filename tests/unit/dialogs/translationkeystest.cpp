@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which text of the message catalogues each widget of the forms shows.
+// The key of the message catalogues whose text each widget shows.
 #include "dialogforms.h"
 #include "electronicprescriptionchoiceform.h"
 #include "electronicprescriptionchoicemodel.h"
@@ -12,7 +12,7 @@
 namespace
 {
 
-/// A catalogue that has every key; its text tells the key.
+/// A catalogue that has every key. The text names the key.
 class EveryKey : public QTranslator
 {
 public:

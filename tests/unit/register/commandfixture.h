@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "actionhost.h"
 #include "cashier.h"
 #include "tillfixture.h"
 
@@ -50,7 +51,7 @@ protected:
     /// Adds a hook before an action in a context.
     void addHook(EContext::Code context, control::EActionType type, const ActionTrigger::Function& hook)
     {
-        controller.object.addTrigger({context, type, ActionTrigger::Before, hook, ActionTrigger::Any, 1});
+        controller.object.host().addTrigger({context, type, ActionTrigger::Before, hook, ActionTrigger::Any, 1});
     }
     /// Sells an article and returns the number of the sale.
     int sold()

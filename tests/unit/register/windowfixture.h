@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "actionhost.h"
 #include "cashier.h"
+#include "formhost.h"
 #include "functionkey.h"
 #include "registerwindow.h"
 #include "scanner.h"
@@ -19,13 +21,13 @@ class WindowFixture : public TillFixture
 {
 protected:
     WindowFixture() { notifier.object.subscribe(&longWork); }
-    ~WindowFixture() override { gui.object.setStage(nullptr); }
+    ~WindowFixture() override { gui.object.host().stage = nullptr; }
 
     void openWindow(const QString& unlockCode = {})
     {
         window = std::make_unique<RegisterWindow>(*till, marks, configuredFunctionKeys(*Singleton<Config>::get()),
                                                   longWork, unlockCode);
-        gui.object.setStage(window.get());
+        gui.object.host().stage = window.get();
         window->resize(1024, 600);
         window->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
@@ -58,12 +60,12 @@ protected:
     /// @param given set to the arguments of each command; outlives the fixture's register
     void servePluginCommand(QVariantMap& given)
     {
-        controller.object.addHandler({EContext::OpenDocument, control::PluginCommand,
-                                      [&given](const control::Action& action) {
-                                          given = action.toMap();
-                                          return EContext::GoOn;
-                                      },
-                                      true});
+        controller.object.host().addHandler({EContext::OpenDocument, control::PluginCommand,
+                                             [&given](const control::Action& action) {
+                                                 given = action.toMap();
+                                                 return EContext::GoOn;
+                                             },
+                                             true});
     }
     void begin(const char* message)
     {

@@ -165,7 +165,7 @@ TEST_F(DispenseParametersTest, document_holdsTheDispenseThenTheClaim)
     EXPECT_TRUE(requests.isEmpty());
 }
 
-/// Each look at it finds the next day, as it can happen at midnight.
+/// Shows the next day each time that it is asked, as a clock can at midnight.
 class RunningClock : public CurrentTime
 {
 public:

@@ -184,7 +184,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Refusal{"noBundle", R"({"entry": [{"transactionResponse": {"status": "POST:201"}}]})"}),
     [](const auto& row) { return std::string(row.param.name); });
 
-TEST_F(DispenseTest, failedRegistration_leavesTheOptionsWhateverTheAnswerHolds)
+TEST_F(DispenseTest, failedRegistrationWithAnAcceptingAnswer_leavesTheOptions)
 {
     grantToken();
     fail(500, registered);

@@ -38,14 +38,14 @@ struct SentRequest {
     QByteArray target() const { return url.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority); }
 };
 
-/// What the HTTP client answers.
+/// An answer of the HTTP client.
 struct Answered {
     QJsonDocument document;
     int errorCode = 0;
     tr::Tr errorText;
 };
 
-/// A message as an exception carries it.
+/// An exception of the plug-in, as a value.
 struct Thrown {
     enum Kind { Nothing, Error, NoPrescriptions };
 
@@ -56,10 +56,10 @@ struct Thrown {
 };
 std::ostream& operator<<(std::ostream& stream, const Thrown& thrown);
 
-/// Runs the step and tells which of the plug-in's exceptions it threw.
+/// Runs the step and returns which of the plug-in's exceptions it threw.
 Thrown thrownBy(const std::function<void()>& step);
 
-/// The registry client between a configuration of the test's own and HTTP clients that answer what the test says.
+/// The registry client with a configuration of the test's own and with HTTP clients that answer what the test says.
 class RegistryTest : public ::testing::Test
 {
 protected:

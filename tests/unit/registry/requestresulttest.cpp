@@ -77,7 +77,7 @@ INSTANTIATE_TEST_SUITE_P(
         Outcome{"detailsWithPlaceholder", R"({"issue": [{"severity": "error", "details": "%1 и %2"}]})", "%1 и %2"}),
     [](const auto& row) { return std::string(row.param.name); });
 
-TEST(RequestResult, errorCodeOfZeroOrLess_isASuccessWhateverTheAnswer)
+TEST(RequestResult, errorCodeOfZeroOrLess_isASuccessWithAnyAnswer)
 {
     const Configured config;
     const ElectronicPrescriptionInterface interface;

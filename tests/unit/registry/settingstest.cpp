@@ -61,7 +61,7 @@ TEST_F(SettingsTest, construction_readsEverySettingOnceInOrderWithItsDefault)
                            }));
 }
 
-TEST_F(SettingsTest, everySetting_landsInTheMemberOfItsName)
+TEST_F(SettingsTest, everySetting_isKeptInTheMemberOfItsName)
 {
     configurePharmacy();
     const Settings settings;

@@ -17,7 +17,7 @@ struct Continued : Interface {
 };
 
 // Doubles are compiled against the order of the virtual members. The destructor takes the first two slots.
-TEST(InterfaceSlots, virtualOperations_standInTheirOrderAndThereAreNoOthers)
+TEST(InterfaceSlots, virtualOperations_areInTheirOrderAndThereAreNoOthers)
 {
     EXPECT_EQ(virtualSlot(&Interface::getElectronicPrescriptionsByCardNumber), 2);
     EXPECT_EQ(virtualSlot(&Interface::sendMedicationDispense), 3);

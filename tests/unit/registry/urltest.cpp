@@ -41,9 +41,36 @@ INSTANTIATE_TEST_SUITE_P(
         Join{"encodedBaseIsDecodedAndEncodedAgain", "http://r.example/a%20b%25", "/c", "http://r.example/a%20b%25/c"},
         Join{"cyrillicPath", "http://r.example/реестр", "/c",
              "http://r.example/%D1%80%D0%B5%D0%B5%D1%81%D1%82%D1%80/c"},
+        Join{"encodedSlashInTheBaseBecomesASlash", "http://r.example/a%2Fb", "/c", "http://r.example/a/b/c"},
+        Join{"encodedPercentInTheBaseStaysOne", "http://r.example/a%252Fb", "/c", "http://r.example/a%252Fb/c"},
+        Join{"ipv6", "https://[2001:db8::1]:8443/api", "/c", "https://[2001:db8::1]:8443/api/c"},
+        Join{"cyrillicHost", "https://реестр.рф:8443/api", "/c", "https://xn--e1aa5aceg.xn--p1ai:8443/api/c"},
         Join{"blankInTheBaseIsTolerated", "http://r.example/a b", "/c", "http://r.example/a%20b/c"},
         Join{"percentInThePathIsOne", "http://r.example", "/a%1b%41", "http://r.example/a%251b%2541"},
         Join{"questionMarkAndHashStayInThePath", "http://r.example", "/a?b#c", "http://r.example/a%3Fb%23c"}),
     [](const auto& row) { return std::string(row.param.name); });
+
+class BadBase : public ::testing::TestWithParam<std::pair<const char*, const char*>>
+{
+};
+
+TEST_P(BadBase, request_hasNoHostToGoTo)
+{
+    const Configured config;
+    const ElectronicPrescriptionInterface interface;
+    QUrl url = interface.formUrl(GetParam().second, "/connect/token");
+    EXPECT_EQ(url, QUrl());
+    url.setQuery("a=1"); // as sendGetRequest() does; it makes an invalid URL valid
+    EXPECT_TRUE(url.host().isEmpty()) << url.toString().toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Bases, BadBase,
+                         ::testing::Values(std::pair("portBeyond65535", "https://r.example:84433"),
+                                           std::pair("portNoNumber", "https://r.example:https"),
+                                           std::pair("negativePort", "https://r.example:-1"),
+                                           std::pair("blankInHost", "https://r example"),
+                                           std::pair("ipv6NotClosed", "https://[2001:db8::1"),
+                                           std::pair("ipv6WithALetterBeyondF", "https://[2001:db8::g]")),
+                         [](const auto& row) { return std::string(row.param.first); });
 
 } // namespace

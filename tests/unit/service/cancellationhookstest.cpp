@@ -59,7 +59,7 @@ TEST_F(Hooks, subtotalOfSaleFails_stops)
     EXPECT_EQ(service.beforeSubtotal(control::Action(control::Subtotal)), EContext::Stop);
 }
 
-TEST_F(Hooks, subtotalOfCancellingDocument_cancelsAndRegistersNothing)
+TEST_F(Hooks, subtotalOfReturn_cancelsAndRegistersNothing)
 {
     receipt->type = 25;
     addPosition(1, R"({"status":"dispensed"})");
@@ -73,7 +73,7 @@ TEST_F(Hooks, subtotalOfCancellingDocument_cancelsAndRegistersNothing)
     EXPECT_EQ(action.value("document"), "replaced in the copy") << "the host's action was changed";
 }
 
-TEST_F(Hooks, subtotalOfCancellingDocumentFails_stops)
+TEST_F(Hooks, subtotalOfReturnFails_stops)
 {
     receipt->type = 25;
     addThreeRegistered();
@@ -93,7 +93,7 @@ TEST_F(Hooks, subtotalOfOtherDocument_goesOn)
     EXPECT_TRUE(journal.isEmpty());
 }
 
-TEST_F(Hooks, stornoOfSale_cancelsEveryPosition)
+TEST_F(Hooks, cancellingASale_cancelsEveryPosition)
 {
     addThreeRegistered();
     const control::Action action(control::CancelDocument);
@@ -108,7 +108,7 @@ TEST_F(Hooks, stornoOfSale_cancelsEveryPosition)
     EXPECT_TRUE(action.getArguments().isEmpty());
 }
 
-TEST_F(Hooks, stornoOfOtherDocument_goesOn)
+TEST_F(Hooks, cancellingAnotherDocument_goesOn)
 {
     addThreeRegistered();
     receipt->type = 25;
@@ -119,7 +119,7 @@ TEST_F(Hooks, stornoOfOtherDocument_goesOn)
     EXPECT_TRUE(journal.isEmpty());
 }
 
-TEST_F(Hooks, annulment_takesTheDocumentOfTheAction)
+TEST_F(Hooks, voiding_takesTheDocumentOfTheAction)
 {
     addThreeRegistered();
     const QSharedPointer<DocumentDouble> stored(new DocumentDouble);
@@ -137,7 +137,7 @@ TEST_F(Hooks, annulment_takesTheDocumentOfTheAction)
               tr::Tr("electronicPrescriptionProcessMessage", "Обращение к сервису электронных рецептов"));
 }
 
-TEST_F(Hooks, annulmentOfOpenDocument_savesAfterEachPosition)
+TEST_F(Hooks, voidingOfOpenDocument_savesAfterEachPosition)
 {
     addThreeRegistered();
     control::Action action(control::VoidDocument);
@@ -161,7 +161,7 @@ TEST_F(Hooks, secondOfThreeFails_firstIsCancelledAndThirdNotTried)
     EXPECT_EQ(states(), (QStringList{"canceled", "dispensed", "dispensed"}));
 }
 
-TEST_F(Hooks, annulmentWithoutDocument_goesOnWithBothEvents)
+TEST_F(Hooks, voidingWithoutDocument_goesOnWithBothEvents)
 {
     addThreeRegistered();
     for (const QVariant& document : {QVariant(), QVariant("foreign"), wrapped({}), QVariant(7)}) {
@@ -187,7 +187,7 @@ TEST_F(Hooks, documentWithoutPositions_goesOn)
     EXPECT_EQ(journal, (QStringList{start, "stop"}));
 }
 
-TEST_F(Hooks, annulmentThrows_stopEventGoesOut)
+TEST_F(Hooks, voidingThrows_stopEventIsSent)
 {
     addThreeRegistered();
     registry->onCancel = [](GoodsItem&) { throw std::runtime_error("else"); };
@@ -199,10 +199,10 @@ TEST_F(Hooks, annulmentThrows_stopEventGoesOut)
     EXPECT_EQ(journal, (QStringList{start, "cancel 1", "stop"}));
 }
 
-class StornoOfPosition : public Hooks
+class RemovedPosition : public Hooks
 {
 protected:
-    EContext::Result storno(const QVariant& number)
+    EContext::Result remove(const QVariant& number)
     {
         control::Action action(control::RemovePosition);
         if (number.isValid()) {
@@ -212,62 +212,62 @@ protected:
     }
 };
 
-TEST_F(StornoOfPosition, registered_isCancelledAndSaved)
+TEST_F(RemovedPosition, registered_isCancelledAndSaved)
 {
     addThreeRegistered();
 
-    EXPECT_EQ(storno(2), EContext::GoOn);
+    EXPECT_EQ(remove(2), EContext::GoOn);
 
     EXPECT_EQ(journal, (QStringList{start, "cancel 2", "save", "stop"}));
     EXPECT_EQ(states(), (QStringList{"dispensed", "canceled", "dispensed"}));
 }
 
-TEST_F(StornoOfPosition, numberAsText_isUnderstood)
+TEST_F(RemovedPosition, numberAsText_isUnderstood)
 {
     addThreeRegistered();
 
-    EXPECT_EQ(storno("3"), EContext::GoOn);
+    EXPECT_EQ(remove("3"), EContext::GoOn);
 
     EXPECT_EQ(journal, (QStringList{start, "cancel 3", "save", "stop"}));
 }
 
-TEST_F(StornoOfPosition, registryRefuses_stops)
+TEST_F(RemovedPosition, registryRefuses_stops)
 {
     addThreeRegistered();
     failAt(2);
 
-    EXPECT_EQ(storno(2), EContext::Stop);
+    EXPECT_EQ(remove(2), EContext::Stop);
 
     EXPECT_EQ(journal, (QStringList{start, "cancel 2", "message 1/1/0 aKey", "stop"}));
 }
 
-TEST_F(StornoOfPosition, unknownNumber_notFoundWithoutEvents)
+TEST_F(RemovedPosition, unknownNumber_notFoundWithoutEvents)
 {
     addThreeRegistered();
 
-    EXPECT_EQ(storno(4), EContext::NotFound);
-    EXPECT_EQ(storno(QVariant()), EContext::NotFound);
+    EXPECT_EQ(remove(4), EContext::NotFound);
+    EXPECT_EQ(remove(QVariant()), EContext::NotFound);
 
     EXPECT_TRUE(journal.isEmpty());
 }
 
-TEST_F(StornoOfPosition, otherDocument_goesOn)
+TEST_F(RemovedPosition, otherDocument_goesOn)
 {
     addThreeRegistered();
     receipt->type = 25;
-    EXPECT_EQ(storno(1), EContext::GoOn);
+    EXPECT_EQ(remove(1), EContext::GoOn);
     DocumentWatcher::setCurrentDocument({});
-    EXPECT_EQ(storno(1), EContext::GoOn);
+    EXPECT_EQ(remove(1), EContext::GoOn);
 
     EXPECT_TRUE(journal.isEmpty());
 }
 
-TEST_F(StornoOfPosition, throws_stopEventGoesOut)
+TEST_F(RemovedPosition, throws_stopEventIsSent)
 {
     addThreeRegistered();
     registry->onCancel = [](GoodsItem&) { throw std::runtime_error("else"); };
 
-    EXPECT_THROW(storno(1), std::runtime_error);
+    EXPECT_THROW(remove(1), std::runtime_error);
 
     EXPECT_EQ(journal.last(), "stop");
 }

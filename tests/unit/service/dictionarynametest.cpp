@@ -128,7 +128,7 @@ TEST_F(DictionaryName, connection_isTheDefaultOneAndAskedForOnce)
     EXPECT_EQ(noting.object.asked, QStringList{"'' ''"});
 }
 
-TEST_F(DictionaryName, emptyOrForeignCode_leavesTheNameEmpty)
+TEST_F(DictionaryName, codeThatIsNoNumber_leavesTheNameEmpty)
 {
     createDictionary();
 

@@ -475,7 +475,7 @@ TEST_F(LifeCycle, metaObject_hasOneSlotAndAnswersForEveryBase)
     EXPECT_TRUE(QString(AbstractPlugin_iid).endsWith(".AbstractPlugin"));
 }
 
-TEST_F(LifeCycle, listener_standsBeforePlugin)
+TEST_F(LifeCycle, listener_comesBeforePlugin)
 {
     ElectronicPrescriptionService* const object = &service;
     const void* const listener = static_cast<BaseActivityListener*>(object);

@@ -90,7 +90,7 @@ TEST_F(LogTexts, emptyDictionaryCode_failsToPrepare)
     EXPECT_TRUE(lines()[0].contains("syntax error"));
 }
 
-TEST_F(LogTexts, dictionaryCode_standsInTheStatement)
+TEST_F(LogTexts, dictionaryCode_isWrittenIntoTheStatement)
 {
     createDatabase("CREATE TABLE another (dictcode INTEGER)");
 

@@ -89,7 +89,7 @@ TEST_F(LookUp, listHoldsPrescriptions_othersAreAppended)
     EXPECT_EQ(ids(prescriptions), (QStringList{"y", "z", "a", "b"}));
 }
 
-TEST_F(LookUp, oneBundle_isOnePrescriptionWhateverItHolds)
+TEST_F(LookUp, oneBundle_isOnePrescriptionWithAnyContent)
 {
     registry->bundles = {bundleOf({QJsonObject{{"resourceType", "Provenance"}}}),
                          QJsonObject{},
@@ -109,7 +109,7 @@ TEST_F(LookUp, oneBundle_isOnePrescriptionWhateverItHolds)
     }
 }
 
-TEST_F(LookUp, entriesThatHoldNoResource_arePassedOver)
+TEST_F(LookUp, entriesWithoutAResource_areSkipped)
 {
     const QJsonObject prescription{{"resourceType", "MedicationPrescription"}, {"id", "a"}, {"identifier", "1201"}};
     const QJsonObject dispense{{"resourceType", "MedicationDispense"},
@@ -389,7 +389,7 @@ TEST_F(Filter, otherDocumentOrNone_keepsAll)
     EXPECT_EQ(unprocessed(), (QStringList{"a", "b", "c"}));
 }
 
-TEST_F(Filter, eachCall_looksAtTheReceiptAnew)
+TEST_F(Filter, eachCall_looksAtTheReceiptAgain)
 {
     addPosition(1, R"({"id":"b"})");
     unprocessed();

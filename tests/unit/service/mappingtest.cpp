@@ -356,7 +356,7 @@ TEST_F(Mapping, lastCodingIsNoObject_namesTheMedicineEmptyAndTheDictionaryCodeBe
     EXPECT_EQ(record->getTradeName(), "");
     EXPECT_EQ(record->getTradeNameCode(), "");
     EXPECT_EQ(record->getDictCode(), "5");
-    EXPECT_TRUE(record->isPrescribedByInn()) << "the medicine is there, whatever its codings are";
+    EXPECT_TRUE(record->isPrescribedByInn()) << "a coding counts, also one that is no object";
 }
 
 TEST_F(Mapping, containedOfOtherThings_onlyItsMedicinesAreRead)
@@ -537,7 +537,7 @@ class WrongOrganization : public Mapping, public ::testing::WithParamInterface<O
 {
 };
 
-/// An organization that cannot be told is one all the same: somebody pays.
+/// Somebody pays, also when the organization cannot be read.
 TEST_P(WrongOrganization, paysUnderWhatCanBeRead)
 {
     const auto organization = map(GetParam().resource)->getPayingElectronicPrescriptionOrganization();
@@ -591,7 +591,7 @@ class WrongDispense : public Mapping, public ::testing::WithParamInterface<Dispe
 {
 };
 
-/// It was handed out all the same: its date joins the others, and what can be read of it counts.
+/// The medicine was handed out, so the date is added and what can be read counts.
 TEST_P(WrongDispense, addsWhatCanBeRead)
 {
     const auto record =

@@ -135,7 +135,7 @@ protected:
     bool input() { return service.inputDispensedDoseQuantity(prescription, doses); }
 };
 
-TEST_F(DoseInput, form_isAsTheCashierKnowsIt)
+TEST_F(DoseInput, form_hasItsTextsMaskAndName)
 {
     prescription->setDoseQuantity(30);
     prescription->addDispensedDoseQuantity(2.555);

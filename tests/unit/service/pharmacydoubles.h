@@ -36,7 +36,7 @@ public:
     using ElectronicPrescriptionService::registryClient;
 };
 
-/// The service with the events of long work, and its look at the receipt, replaced by the test's.
+/// The service with three steps replaced: the two events of long work and hasPrescriptions().
 class ServiceWithOwnEvents : public Service
 {
 public:
@@ -88,7 +88,7 @@ public:
     }
 };
 
-/// A registry client that answers what the test lays out, and fails where it is told to.
+/// A registry client that answers and fails as the test says.
 class RegistryClient : public ElectronicPrescriptionInterface
 {
 public:
@@ -114,7 +114,7 @@ private:
     QStringList& m_journal;
 };
 
-/// What the cashier answers, in order. A dialog without an answer left fails the test and is cancelled.
+/// What the cashier answers, in order. When no answer is left, a dialog fails the test and is cancelled.
 struct Cashier {
     QList<core::BasicDialog::Result> texts;
     QList<int> rows;
@@ -128,7 +128,7 @@ core::BasicDialog::Result entered(const QString& text);
 /// An answer of the details form or of the confirmation.
 core::BasicDialog::Result status(int value);
 
-/// Everything around the service is replaced by doubles that write down, in one journal, what happened in which order.
+/// Everything around the service is a double. All of them write into one journal, so that the order can be seen.
 class PharmacyTest : public ::testing::Test
 {
 protected:
@@ -139,9 +139,9 @@ protected:
     QSharedPointer<GoodsItem> addPosition(int number, const char* options = nullptr, double price = 100.0,
                                           double minRetailPrice = 0.0);
 
-    /// Lines such as "start electronicPrescriptionProcessMessage", "stop", "message 1/1/0 aKey", "save", "list",
-    /// "list again", "details", "confirm", "ask inputCard", "action 219", "recalculate", "by card 77 active",
-    /// "register 1", "cancel 1".
+    /// What happened, in lines such as "start electronicPrescriptionProcessMessage", "stop", "message 1/1/0 aKey",
+    /// "save", "list", "list again", "details", "confirm", "ask inputCard", "action 219", "recalculate", "by card 77
+    /// active", "register 1", "cancel 1".
     QStringList journal;
     Cashier cashier;
 

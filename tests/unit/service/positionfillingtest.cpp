@@ -77,7 +77,7 @@ TEST_F(PositionFilling, emptyRecord_writesEveryMember)
               R"("tradeNameCode":""})");
 }
 
-TEST_F(PositionFilling, foreignTexts_areKeptAsTheyAre)
+TEST_F(PositionFilling, textsWithSpecialCharacters_areKeptUnchanged)
 {
     prescription->setSerialNumber("\"%1\" \\ \n ✓");
 

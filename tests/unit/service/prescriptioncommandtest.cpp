@@ -122,7 +122,7 @@ TEST_F(PrescriptionCommand, emptyCardEntered_stopsWithoutAskingTheRegistry)
     EXPECT_EQ(journal, QStringList{"ask inputCard"});
 }
 
-TEST_F(PrescriptionCommand, cardEntered_isTakenAsItStands)
+TEST_F(PrescriptionCommand, cardEntered_isTakenUnchanged)
 {
     cashier.texts << entered(" +7%41;№ ");
 

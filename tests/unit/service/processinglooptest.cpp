@@ -288,7 +288,7 @@ TEST_F(ProcessingLoop, everyLaterList_isShownAgain)
               (QStringList{"list", "details", "list again", "details", "list again", "details", "list again"}));
 }
 
-TEST_F(ProcessingLoop, nextCall_showsTheListAnew)
+TEST_F(ProcessingLoop, nextCall_showsTheListAsANewOne)
 {
     for (int call = 0; call < 2; ++call) {
         cashier.rows << 0 << -1;

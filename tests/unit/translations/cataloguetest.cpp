@@ -45,14 +45,16 @@ protected:
         return QString::fromUtf8(file.readAll());
     }
 
-    /// The texts in the sources by their keys: a key in camel case, then a Russian default text.
+    /// The Russian default texts of the sources by their keys. In C++ a key in camel case comes before its text; in
+    /// JSON they are the members "key" and "text".
     static QMap<QString, QString> textsInSources()
     {
         static const QRegularExpression keyAndText(
-            R"__("([a-z]+[A-Z][A-Za-z0-9]*)"(?:_s)?,\s*u?((?:"(?:[^"\\]|\\.)*"\s*)+))__");
+            R"__("([a-z]+[A-Z][A-Za-z0-9]*)"(?:_s)?,\s*(?:"text": )?u?((?:"(?:[^"\\]|\\.)*"\s*)+))__");
         static const QRegularExpression betweenLiterals(R"__("\s*")__");
         QMap<QString, QString> texts;
-        QDirIterator sources(folder(), {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator sources(folder(), {"*.cpp", "*.h", "positionmarks.json"}, QDir::Files,
+                             QDirIterator::Subdirectories);
         while (sources.hasNext()) {
             auto found = keyAndText.globalMatch(read(sources.next()));
             while (found.hasNext()) {

@@ -2,6 +2,7 @@
 // The language of the register's screens and of the platform's forms.
 #include "actionqueuecontroller.h"
 #include "activitynotifier.h"
+#include "askform.h"
 #include "config.h"
 #include "dialog.h"
 #include "goodsselectionparams.h"
@@ -64,11 +65,14 @@ protected:
     }
     QSharedPointer<BasicForm> textInput() const
     {
-        Event event(EActivityListener::ShowTextInput);
-        event.addArgument(u"params"_s, QVariant::fromValue(TextInputParams()));
-        return gui.object.createForm(event);
+        return gui.object.createForm(
+            formEvent(EActivityListener::ShowTextInput, QVariant::fromValue(TextInputParams())));
     }
-    QSharedPointer<BasicForm> goodsSelection() const { return gui.object.createForm(GoodsSelectionParams().toEvent()); }
+    QSharedPointer<BasicForm> goodsSelection() const
+    {
+        return gui.object.createForm(
+            formEvent(GoodsSelectionParams::eventCode, QVariant::fromValue(GoodsSelectionParams())));
+    }
     static QString textOf(const BasicForm& form, const char* label)
     {
         return form.rootWidget()->findChild<QLabel*>(QLatin1StringView(label))->text();

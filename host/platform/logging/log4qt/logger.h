@@ -12,13 +12,12 @@ namespace Log4Qt
 
 class LogManager;
 
-/// A named logger. Stands in for Log4Qt's class of that name, over log4cplus, where Log4Qt is not installed.
+/// A named logger: Log4Qt's class of that name, over log4cplus, where Log4Qt is not installed.
 class REGISTERPLATFORM_EXPORT Logger
 {
 public:
     ~Logger();
-    Logger(const Logger&) = delete;
-    Logger& operator=(const Logger&) = delete;
+    Q_DISABLE_COPY_MOVE(Logger)
 
     void info(const QString& message) const;
     void warn(const QString& message) const;

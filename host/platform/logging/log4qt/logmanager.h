@@ -10,7 +10,7 @@ namespace Log4Qt
 
 class Logger;
 
-/// Hands out loggers. Stands in for Log4Qt's class of that name, over log4cplus, where Log4Qt is not installed.
+/// Returns loggers: Log4Qt's class of that name, over log4cplus, where Log4Qt is not installed.
 class REGISTERPLATFORM_EXPORT LogManager
 {
 public:

@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(FunctionKey, nothingConfigured_theDefaultKeysStand)
+TEST(FunctionKey, nothingConfigured_theDefaultKeysAreUsed)
 {
     const auto keys = configuredFunctionKeys(Config());
     const std::tuple<const char*, Qt::Key, int> defaults[] = {
@@ -37,7 +37,7 @@ TEST(FunctionKey, nothingConfigured_theDefaultKeysStand)
     }
 }
 
-TEST(FunctionKey, configured_winsOverTheDefault)
+TEST(FunctionKey, configured_overridesTheDefault)
 {
     Config config;
     config.setForThisRun(u"FunctionKeys:keys"_s, u" mine , goodsKey,"_s);
@@ -65,7 +65,7 @@ TEST(FunctionKey, withoutAnAction_isLeftOut)
     EXPECT_EQ(keys.at(0).name, u"goodsKey"_s);
 }
 
-TEST(FunctionKey, noMenuConfigured_theUsualEntriesStand)
+TEST(FunctionKey, noMenuConfigured_theDefaultEntriesAreUsed)
 {
     const auto entries = configuredMenuEntries(Config());
     const std::pair<const char*, int> usual[] = {
@@ -83,7 +83,7 @@ TEST(FunctionKey, noMenuConfigured_theUsualEntriesStand)
     EXPECT_EQ(entries.at(4).arguments, (QVariantMap{{u"by"_s, u"206"_s}}));
 }
 
-TEST(FunctionKey, keysAndEntries_mayChangePlaces)
+TEST(FunctionKey, keysAndEntries_canBeSwapped)
 {
     Config config;
     config.setForThisRun(u"FunctionKeys:keys"_s, u"documentsEntry"_s);

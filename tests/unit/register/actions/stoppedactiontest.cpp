@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the cashier learns when a plug-in ends an action.
+// What the cashier sees when a plug-in ends an action.
+#include "actionhost.h"
 #include "dialogdouble.h"
 #include "finally.h"
 #include "registerstyle.h"
@@ -21,8 +22,9 @@ protected:
     }
     void answer(control::EActionType type, EContext::Result result)
     {
-        controller.object.addTrigger({EContext::OpenDocument, type, ActionTrigger::Before,
-                                      [result](const control::Action&) { return result; }, ActionTrigger::Any, 1});
+        controller.object.host().addTrigger({EContext::OpenDocument, type, ActionTrigger::Before,
+                                             [result](const control::Action&) { return result; }, ActionTrigger::Any,
+                                             1});
     }
     QLabel* status() const { return widget<QLabel>("statusMessageLabel"); }
 };
@@ -57,21 +59,21 @@ TEST_F(StoppedActionTest, pluginStopsAtTheSubtotalAlreadyShown_theSubtotalStays)
     EXPECT_TRUE(isSeen("paymentPanel"));
 }
 
-TEST_F(StoppedActionTest, functionKeyPressedAgainAndNotRefused_theRefusalIsGone)
+TEST_F(StoppedActionTest, functionKeyPressedAgainAndNotStopped_theMessageIsGone)
 {
     answer(control::Subtotal, EContext::Stop);
     openWindow();
-    till->setPhase(Till::Phase::Subtotal); // so that the second time changes nothing
+    till->setPhase(Till::Phase::Subtotal); // the second time changes nothing
     press(Qt::Key_F6);
     ASSERT_TRUE(becomesIdle());
     ASSERT_FALSE(status()->text().isEmpty());
-    controller.object.removePluginEntries();
+    controller.object.host().removePluginEntries();
     press(Qt::Key_F6);
     ASSERT_TRUE(becomesIdle());
     EXPECT_TRUE(status()->text().isEmpty());
 }
 
-TEST_F(StoppedActionTest, cancellationRefusedAtThePayment_positionsComeBackUnderTheRefusalAndReturnSellsNothing)
+TEST_F(StoppedActionTest, cancellationStoppedAtThePayment_positionsComeBackUnderTheMessageAndReturnKeySellsNothing)
 {
     answer(control::CancelDocument, EContext::Stop);
     openWindow();
@@ -88,7 +90,7 @@ TEST_F(StoppedActionTest, cancellationRefusedAtThePayment_positionsComeBackUnder
     EXPECT_EQ(till->document()->getState(), Document::State::Open);
 }
 
-TEST_F(StoppedActionTest, refusalInTheStatusLine_isReadWholeOnTheSmallestScreen)
+TEST_F(StoppedActionTest, messageInTheStatusLine_fitsTheSmallestScreen)
 {
     answer(control::Subtotal, EContext::Stop);
     applyRegisterStyle(*qApp, 600);
@@ -102,7 +104,7 @@ TEST_F(StoppedActionTest, refusalInTheStatusLine_isReadWholeOnTheSmallestScreen)
     EXPECT_GE(status()->contentsRect().left(), 8) << "not at the very edge of the amber";
 }
 
-TEST_F(StoppedActionTest, messageThatStands_comesBackAfterTheRefusal)
+TEST_F(StoppedActionTest, permanentMessage_comesBackAfterAStoppedAction)
 {
     answer(control::Subtotal, EContext::Stop);
     openWindow();
@@ -130,7 +132,7 @@ TEST_F(StoppedActionTest, pluginDoesNotFindThePosition_aMessageSaysSoAndThePosit
     EXPECT_EQ(till->phase(), Till::Phase::Positions);
 }
 
-TEST_F(StoppedActionTest, stateOfAPosition_showsAfterEachPieceOfLongWork)
+TEST_F(StoppedActionTest, positionState_isRefreshedAfterEachPieceOfLongWork)
 {
     QFile file(folder.filePath(u"positionmarks.json"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));

@@ -19,7 +19,7 @@ CommandLine parse(const QStringList& options)
 
 } // namespace
 
-TEST(CommandLine, everyOption_isTaken)
+TEST(CommandLine, everyOption_isRead)
 {
     const CommandLine line =
         parse(u"--config a.ini --data d --plugins p --layouts l1:l2 --touch --demo-data --size 1024x600 --play "
@@ -36,7 +36,7 @@ TEST(CommandLine, everyOption_isTaken)
     EXPECT_EQ(line.screenshots, u"out"_s);
 }
 
-TEST(CommandLine, withoutOptions_theWholeScreenAndNoScenario)
+TEST(CommandLine, noOptions_theWholeScreenIsUsedAndNoScenarioIsPlayed)
 {
     const CommandLine line = parse({});
     EXPECT_EQ(line.outcome, CommandLine::Outcome::Run);
@@ -51,7 +51,7 @@ TEST(CommandLine, scenarioWithoutASize_isPlayedAt1280x800)
     EXPECT_EQ(parse({u"--play"_s, u"s.json"_s}).windowSize, QSize(1280, 800));
 }
 
-TEST(CommandLine, wrongOptions_areShownByName)
+TEST(CommandLine, wrongOptions_areReportedByName)
 {
     const std::pair<const char*, const char*> mistakes[] = {
         {"--nonsense", "nonsense"},        {"--config", "config"},  {"stray", "'stray'"},

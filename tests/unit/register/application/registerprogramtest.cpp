@@ -15,10 +15,10 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int patience = 60'000; // milliseconds; only bounds a failure
+constexpr int timeLimit = 60'000; // milliseconds
 }
 
-/// The program itself, in a process of its own.
+/// The program in a process of its own.
 class RegisterProgram : public ::testing::Test
 {
 protected:
@@ -47,16 +47,16 @@ protected:
         program.setProcessChannelMode(QProcess::MergedChannels);
         program.setProcessEnvironment(environment);
         program.start(QString::fromUtf8(REGISTER_PROGRAM), options);
-        ASSERT_TRUE(program.waitForStarted(patience));
+        ASSERT_TRUE(program.waitForStarted(timeLimit));
     }
-    /// Runs the program to its end. @return its exit status, -1 when it did not end in good order
+    /// Runs the program to its end. @return its exit status; -1 when it crashed or did not end
     int run(const QStringList& options)
     {
         QProcess program;
         start(program, options);
-        if (!program.waitForFinished(patience)) {
+        if (!program.waitForFinished(timeLimit)) {
             program.kill();
-            program.waitForFinished(patience);
+            program.waitForFinished(timeLimit);
             return -1;
         }
         output = QString::fromUtf8(program.readAll());
@@ -85,7 +85,7 @@ protected:
     QString output;
 };
 
-TEST_F(RegisterProgram, goodsSoldByKeyboard_areOnTheDocumentThatComesBackAfterAKill)
+TEST_F(RegisterProgram, goodsAddedByKeyboard_areOnTheDocumentThatIsRestoredAfterAKill)
 {
     write("steps.json", R"({"steps": [
         {"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"},
@@ -94,12 +94,12 @@ TEST_F(RegisterProgram, goodsSoldByKeyboard_areOnTheDocumentThatComesBackAfterAK
         {"say": "saved"}, {"wait": "nothing", "seconds": 60}]})");
     QProcess program;
     start(program, usualOptions() + QStringList{u"--play"_s, path("steps.json")});
-    while (!output.contains(u"saved"_s) && program.waitForReadyRead(patience)) {
+    while (!output.contains(u"saved"_s) && program.waitForReadyRead(timeLimit)) {
         output += QString::fromUtf8(program.readAll());
     }
     ASSERT_TRUE(output.contains(u"saved"_s)) << qPrintable(output);
     program.kill();
-    ASSERT_TRUE(program.waitForFinished(patience));
+    ASSERT_TRUE(program.waitForFinished(timeLimit));
 
     EXPECT_EQ(play(R"([{"expect": "Чек № 1", "in": "receiptNumberLabel"},
                        {"contains": "Амоксидар", "in": "receiptTable"}, {"expect": "12,40", "in": "totalLabel"}])"),
@@ -107,29 +107,29 @@ TEST_F(RegisterProgram, goodsSoldByKeyboard_areOnTheDocumentThatComesBackAfterAK
         << qPrintable(output);
 }
 
-TEST_F(RegisterProgram, failedExpectation_isStatusOne)
+TEST_F(RegisterProgram, failedExpectation_endsWithStatusOne)
 {
     EXPECT_EQ(play(R"([{"expect": "x", "in": "totalLabel", "seconds": 0}])"), 1);
     EXPECT_TRUE(output.contains(u"Step 1 of 1 failed"_s)) << qPrintable(output);
 }
 
-TEST_F(RegisterProgram, scenarioThatEndsInsideADialog_closesAllTheSame)
+TEST_F(RegisterProgram, scenarioThatEndsInsideADialog_closesTheProgram)
 {
     EXPECT_EQ(play(R"([{"key": "F3"}, {"wait": "goodsTable"}])"), 0) << qPrintable(output);
 }
 
-TEST_F(RegisterProgram, windowClosedInTheMiddleOfAScenario_isStatusOne)
+TEST_F(RegisterProgram, windowClosedInTheMiddleOfAScenario_endsWithStatusOne)
 {
     EXPECT_EQ(play(R"([{"close": true}, {"wait": "nothing", "seconds": 60}])"), 1);
 }
 
-TEST_F(RegisterProgram, wrongOption_isStatusTwo)
+TEST_F(RegisterProgram, wrongOption_endsWithStatusTwo)
 {
     EXPECT_EQ(run({u"--nonsense"_s}), 2);
     EXPECT_TRUE(output.contains(u"nonsense"_s));
 }
 
-TEST_F(RegisterProgram, noDisplay_helpVersionAndWrongOptionsAreShownAllTheSame)
+TEST_F(RegisterProgram, noDisplay_helpVersionAndWrongOptionsAreStillShown)
 {
     takeDisplayAway();
     EXPECT_EQ(run({u"--help"_s}), 0);
@@ -140,20 +140,20 @@ TEST_F(RegisterProgram, noDisplay_helpVersionAndWrongOptionsAreShownAllTheSame)
     EXPECT_TRUE(output.contains(u"nonsense"_s)) << qPrintable(output);
 }
 
-TEST_F(RegisterProgram, noDisplay_isStatusSeven)
+TEST_F(RegisterProgram, noDisplay_endsWithStatusSeven)
 {
     takeDisplayAway();
     EXPECT_EQ(run(usualOptions()), 7);
     EXPECT_TRUE(output.contains(u"There is no display"_s)) << qPrintable(output);
 }
 
-TEST_F(RegisterProgram, noDisplay_scenarioIsPlayedOffTheScreen)
+TEST_F(RegisterProgram, noDisplay_scenarioIsPlayedOffScreen)
 {
     takeDisplayAway();
     EXPECT_EQ(play(R"([{"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}])"), 0) << qPrintable(output);
 }
 
-TEST_F(RegisterProgram, configurationMissingOrNoText_isStatusThree)
+TEST_F(RegisterProgram, configurationMissingOrNoText_endsWithStatusThree)
 {
     ASSERT_TRUE(QFile::remove(path("register.ini")));
     EXPECT_EQ(play("[]"), 3);
@@ -162,7 +162,7 @@ TEST_F(RegisterProgram, configurationMissingOrNoText_isStatusThree)
     EXPECT_EQ(play("[]"), 3);
 }
 
-TEST_F(RegisterProgram, dataFolderMissingOrAFile_isStatusFour)
+TEST_F(RegisterProgram, dataFolderMissingOrAFile_endsWithStatusFour)
 {
     ASSERT_TRUE(QDir(path("data")).removeRecursively());
     EXPECT_EQ(play("[]"), 4);
@@ -171,30 +171,30 @@ TEST_F(RegisterProgram, dataFolderMissingOrAFile_isStatusFour)
     EXPECT_EQ(play("[]"), 4);
 }
 
-TEST_F(RegisterProgram, dataFolderThatTakesNoFiles_isStatusFour)
+TEST_F(RegisterProgram, dataFolderNotWritable_endsWithStatusFour)
 {
-    // Not even root writes there.
+    // Not even root can write there.
     EXPECT_EQ(run({u"--config"_s, path("register.ini"), u"--data"_s, u"/proc"_s}), 4);
     EXPECT_TRUE(output.contains(u"cannot be written to"_s)) << qPrintable(output);
 }
 
-TEST_F(RegisterProgram, secondOneOnTheSameData_isRefusedWithStatusFive)
+TEST_F(RegisterProgram, secondRegisterOnTheSameData_endsWithStatusFive)
 {
     write("steps.json", R"({"steps": [{"say": "ready"}, {"wait": "nothing", "seconds": 60}]})");
     QProcess first;
     start(first, usualOptions() + QStringList{u"--play"_s, path("steps.json")});
     QString printed;
-    while (!printed.contains(u"ready"_s) && first.waitForReadyRead(patience)) {
+    while (!printed.contains(u"ready"_s) && first.waitForReadyRead(timeLimit)) {
         printed += QString::fromUtf8(first.readAll());
     }
     EXPECT_EQ(run(usualOptions()), 5);
     EXPECT_TRUE(output.contains(u"Another register"_s)) << qPrintable(output);
     first.kill();
-    ASSERT_TRUE(first.waitForFinished(patience));
+    ASSERT_TRUE(first.waitForFinished(timeLimit));
     EXPECT_EQ(play("[]"), 0) << "the lock of a killed register does not hold";
 }
 
-TEST_F(RegisterProgram, scenarioUnreadable_isStatusSix)
+TEST_F(RegisterProgram, scenarioUnreadable_endsWithStatusSix)
 {
     EXPECT_EQ(run(usualOptions() + QStringList{u"--play"_s, path("absent.json")}), 6);
     EXPECT_TRUE(output.contains(u"absent.json"_s)) << qPrintable(output);
@@ -202,7 +202,7 @@ TEST_F(RegisterProgram, scenarioUnreadable_isStatusSix)
     EXPECT_TRUE(output.contains(u"step 1"_s)) << qPrintable(output);
 }
 
-TEST_F(RegisterProgram, goodsDatabaseMissing_isShownAndTheRegisterGoesOn)
+TEST_F(RegisterProgram, goodsDatabaseMissing_isShownAndTheRegisterStarts)
 {
     write("register.ini", "");
     EXPECT_EQ(play(R"([{"contains": "Справочник товаров недоступен", "in": "messageLabel"}, {"key": "Return"},
@@ -211,7 +211,7 @@ TEST_F(RegisterProgram, goodsDatabaseMissing_isShownAndTheRegisterGoesOn)
         << qPrintable(output);
 }
 
-TEST_F(RegisterProgram, damagedDocument_isShownSetAsideAndTheRegisterGoesOn)
+TEST_F(RegisterProgram, damagedDocument_isShownAndSetAsideAndTheRegisterStarts)
 {
     write("data/receipt.json", "{\"format\":");
     EXPECT_EQ(play(R"([{"contains": "Сохранённый чек повреждён", "in": "messageLabel"}, {"key": "Return"},
@@ -222,7 +222,7 @@ TEST_F(RegisterProgram, damagedDocument_isShownSetAsideAndTheRegisterGoesOn)
     EXPECT_EQ(savedDocument().value(u"number"_s).toInt(), 1);
 }
 
-TEST_F(RegisterProgram, damagedDocumentThatCannotBeSetAside_isStatusEightAndStaysAsItIs)
+TEST_F(RegisterProgram, damagedDocumentThatCannotBeSetAside_endsWithStatusEightAndIsUnchanged)
 {
     const QByteArray damaged("{\"format\":");
     const QString data = deepFolder(folder.path());
@@ -238,13 +238,13 @@ TEST_F(RegisterProgram, damagedDocumentThatCannotBeSetAside_isStatusEightAndStay
     EXPECT_EQ(kept.readAll(), damaged);
 }
 
-TEST_F(RegisterProgram, pluginThatIsNone_isNamedInTheStatusLine)
+TEST_F(RegisterProgram, libraryThatIsNoPlugin_isNamedInTheStatusLine)
 {
     write("plugins/libbroken.so", "no library");
     EXPECT_EQ(play(R"([{"contains": "broken", "in": "statusMessageLabel"}])"), 0) << qPrintable(output);
 }
 
-TEST_F(RegisterProgram, inactivity_locksAndAKeyUnlocks)
+TEST_F(RegisterProgram, inactivity_locksTheWindowAndAKeyUnlocksIt)
 {
     write("register.ini", "[Register]\ndemoData=true\n[GUI]\ninactivityLockSeconds=1\n");
     EXPECT_EQ(play(R"([{"key": "F3"}, {"wait": "lockScreen", "seconds": 30}, {"key": "Space"},

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "actionhost.h"
 #include "commandfixture.h"
 #include "dialogdouble.h"
 #include "registeraction.h"
@@ -71,12 +72,12 @@ TEST_F(OpenDocumentCommandsTest, externalPosition_isRemovedOnlyAfterTheQuestionA
     till->add(article(amoxidar));
     till->document()->position(1)->setSoftCheckId(u"rx-1"_s);
     int hooks = 0;
-    controller.object.addTrigger({EContext::OpenDocument, control::RemovePosition, ActionTrigger::Before,
-                                  [&hooks](const control::Action&) {
-                                      ++hooks;
-                                      return EContext::GoOn;
-                                  },
-                                  ActionTrigger::Any, 1});
+    controller.object.host().addTrigger({EContext::OpenDocument, control::RemovePosition, ActionTrigger::Before,
+                                         [&hooks](const control::Action&) {
+                                             ++hooks;
+                                             return EContext::GoOn;
+                                         },
+                                         ActionTrigger::Any, 1});
     cashier.onForm(u"questionForm"_s, [](QWidget& root) { press(root, "noButton"); });
     EXPECT_EQ(run(registeraction::askToRemovePosition, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(hooks, 0);
@@ -92,14 +93,14 @@ TEST_F(OpenDocumentCommandsTest, removePosition_asksTheHooksWhileThePositionStan
     till->add(article(amoxidar));
     EContext::Result permission = EContext::Stop;
     QList<int> asked;
-    controller.object.addTrigger({EContext::OpenDocument, control::RemovePosition, ActionTrigger::Before,
-                                  [&](const control::Action& cancellation) {
-                                      const int number = cancellation.value(u"positionNumber"_s).toInt();
-                                      EXPECT_TRUE(till->document()->getPosition(number));
-                                      asked.append(number);
-                                      return permission;
-                                  },
-                                  ActionTrigger::Any, 1});
+    controller.object.host().addTrigger({EContext::OpenDocument, control::RemovePosition, ActionTrigger::Before,
+                                         [&](const control::Action& cancellation) {
+                                             const int number = cancellation.value(u"positionNumber"_s).toInt();
+                                             EXPECT_TRUE(till->document()->getPosition(number));
+                                             asked.append(number);
+                                             return permission;
+                                         },
+                                         ActionTrigger::Any, 1});
     EXPECT_EQ(run(registeraction::askToRemovePosition, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(till->document()->positions().size(), 1);
     permission = EContext::GoOn;
@@ -145,7 +146,7 @@ TEST_P(CancellationHook, documentIsCancelledOnlyWhenItGoesOn)
         EXPECT_EQ(asked, 1);
         EXPECT_EQ(till->document().isNull(), GetParam() == EContext::GoOn);
         EXPECT_EQ(witness.codes(), GetParam() == EContext::GoOn ? QList<int>{22} : QList<int>());
-        controller.object.removePluginEntries();
+        controller.object.host().removePluginEntries();
         till->cancel();
     }
 }
@@ -159,7 +160,7 @@ TEST_P(CancellationHook, refusedAtThePayment_theWayToItLeadsThroughTheSubtotalAg
         EXPECT_EQ(run(type, positionNumber(till->document()->positions().first()->getNumber())), GetParam());
         EXPECT_EQ(till->phase(), Till::Phase::Positions);
         EXPECT_EQ(run(registeraction::pay), till->document() ? EContext::Stop : EContext::NotFound);
-        controller.object.removePluginEntries();
+        controller.object.host().removePluginEntries();
         till->cancel();
     }
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "storeddocumentcommands.h"
+#include "actionhost.h"
 #include "commandfixture.h"
 #include "dialogdouble.h"
 #include "documentwords.h"
@@ -258,7 +259,7 @@ TEST_P(Voiding, documentIsCurrentForTheHooksAndSavedWhateverTheySay)
     if (context() != EContext::Idle) {
         till->open();
     }
-    controller.object.setContext(context());
+    controller.object.host().setContext(context());
     const QString done = u"{\"status\":\"canceled\"}"_s;
     QList<QSharedPointer<AbstractDocument>> currents;
     addHook(context(), control::VoidDocument, [&](const control::Action& voiding) {
@@ -286,7 +287,7 @@ TEST_P(Voiding, documentIsCurrentForTheHooksAndSavedWhateverTheySay)
 TEST_P(Voiding, severalHooks_theFirstThatDoesNotGoOnIsTheLast)
 {
     const auto document = archived(sold());
-    controller.object.setContext(context());
+    controller.object.host().setContext(context());
     int later = 0;
     addHook(context(), control::VoidDocument, [this](const control::Action&) { return permission(); });
     addHook(context(), control::VoidDocument, [&later](const control::Action&) {

@@ -5,7 +5,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(Amount, kopecks_areTheNearestWholeOnes)
+TEST(Amount, roubles_areRoundedToTheNearestKopeck)
 {
     EXPECT_EQ(kopecks(10.01), 1001);
     EXPECT_EQ(kopecks(0.29), 29);
@@ -14,7 +14,7 @@ TEST(Amount, kopecks_areTheNearestWholeOnes)
     EXPECT_EQ(kopecks(1234567.89), 123456789);
 }
 
-TEST(Amount, text_hasTwoDecimalsAndPartsThousands)
+TEST(Amount, text_hasTwoDecimalsAndSeparatesThousands)
 {
     const QString space(QChar::Nbsp);
     EXPECT_EQ(amountText(0), u"0,00"_s);

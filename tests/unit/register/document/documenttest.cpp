@@ -31,7 +31,7 @@ QSharedPointer<Document> twoPositions()
     return document;
 }
 
-/// The receipt as it comes back from a file.
+/// The document as it comes back from a file.
 QSharedPointer<Document> reread(const Document& document)
 {
     return Document::fromJson(QJsonDocument::fromJson(QJsonDocument(document.toJson()).toJson()).object());
@@ -48,7 +48,7 @@ TEST(Document, sum_isExactInKopecks)
     EXPECT_EQ(document.getSum(), 10000);
 }
 
-TEST(Document, lastPositionRemoved_itsNumberIsNotGivenAgain)
+TEST(Document, lastPositionRemoved_itsNumberIsNotUsedAgain)
 {
     const auto document = twoPositions();
     document->remove(2);
@@ -56,7 +56,7 @@ TEST(Document, lastPositionRemoved_itsNumberIsNotGivenAgain)
     EXPECT_EQ(reread(*document)->add(goods(u"y"_s, 1, 1), {})->getNumber(), 4);
 }
 
-TEST(Document, lastPositionRemovedAndReread_itsNumberIsNotGivenAgain)
+TEST(Document, lastPositionRemovedAndReread_itsNumberIsNotUsedAgain)
 {
     const auto document = twoPositions();
     document->remove(2);
@@ -88,7 +88,7 @@ TEST(Position, priceSetToItself_isNoChange)
     EXPECT_FALSE(position.toJson().contains(u"initialPrice"_s));
 }
 
-TEST(Document, savedAndReread_everythingIsThere)
+TEST(Document, savedAndReread_nothingIsLost)
 {
     const auto document = twoPositions();
     const auto first = document->position(1);
@@ -133,9 +133,9 @@ TEST(Document, change_isWhatTheCustomerGetsBack)
     document->setEnding({.state = Document::State::Closed, .payments = {Payment::cash(5000)}});
     EXPECT_EQ(document->getSum(), 3013);
     EXPECT_EQ(document->getChange(), 1987);
-    const auto returnSale = Document::returnOf(*document, 8, document->getOpened());
-    returnSale->setEnding({.state = Document::State::Closed, .payments = {Payment::cash(3013)}});
-    EXPECT_EQ(returnSale->getChange(), 0);
+    const auto returned = Document::returnOf(*document, 8, document->getOpened());
+    returned->setEnding({.state = Document::State::Closed, .payments = {Payment::cash(3013)}});
+    EXPECT_EQ(returned->getChange(), 0);
 }
 
 namespace
@@ -157,7 +157,7 @@ const QDateTime nextDay({2024, 3, 1}, {8, 0});
 
 } // namespace
 
-TEST_P(EndedDocument, savedAndReread_isWhereItWas)
+TEST_P(EndedDocument, savedAndReread_keepsItsStateAndFile)
 {
     const auto document = twoPositions();
     document->setEnding(GetParam().ending);
@@ -181,7 +181,7 @@ TEST_P(EndedDocument, savedAndReread_isWhereItWas)
 INSTANTIATE_TEST_SUITE_P(
     Document, EndedDocument,
     ::testing::Values(Ended{"open", {}, false, u"receipt.json"_s},
-                      Ended{"putAside", {.state = Document::State::Suspended}, false, u"putaside/00000007.json"_s},
+                      Ended{"suspended", {.state = Document::State::Suspended}, false, u"putaside/00000007.json"_s},
                       Ended{"closed",
                             {.state = Document::State::Closed, .finished = evening, .payments = {Payment::cash(5000)}},
                             true,
@@ -194,14 +194,14 @@ INSTANTIATE_TEST_SUITE_P(
                             {.state = Document::State::Cancelled, .finished = evening},
                             true,
                             u"finished/00000007.json"_s},
-                      Ended{"annulledAfterItWasClosed",
+                      Ended{"voidedAfterItWasClosed",
                             {.state = Document::State::Voided,
                              .finished = evening,
                              .voided = nextDay,
                              .payments = {Payment::cash(5000)}},
                             true,
                             u"finished/00000007.json"_s},
-                      Ended{"annulledAfterItWasPutAside",
+                      Ended{"voidedAfterItWasSuspended",
                             {.state = Document::State::Voided, .finished = nextDay, .voided = nextDay},
                             true,
                             u"finished/00000007.json"_s}),
@@ -214,7 +214,7 @@ TEST(Document, savedWithoutAState_isOpen)
     EXPECT_EQ(Document::fromJson(saved)->getState(), Document::State::Open);
 }
 
-TEST(Document, cancellingDocument_hasEverythingOfTheSaleAndALifeOfItsOwn)
+TEST(Document, return_copiesTheSaleAndDoesNotChangeIt)
 {
     const auto sale = twoPositions();
     sale->remove(2);
@@ -252,7 +252,7 @@ TEST(Document, cancellingDocument_hasEverythingOfTheSaleAndALifeOfItsOwn)
     EXPECT_EQ(sale->toJson(), before);
 }
 
-TEST(Document, pluginDataTakenOver_isThatOfThePositionsOfTheSameNumbers)
+TEST(Document, takeOverPluginData_copiesItToThePositionsWithTheSameNumbers)
 {
     const auto target = twoPositions();
     target->position(1)->setTag(u"before"_s);
@@ -275,13 +275,13 @@ TEST(Document, pluginDataTakenOver_isThatOfThePositionsOfTheSameNumbers)
     EXPECT_EQ(first->getTags(), (QStringList{u"before"_s, u"tag1"_s}));
     EXPECT_EQ(first->getSoftCheckId(), u"rx1"_s);
     EXPECT_EQ(first->getExtendedOptions(), u"{\"new\":1}"_s);
-    EXPECT_EQ(first->getPrice(), 10.01) << "what the register keeps stays";
+    EXPECT_EQ(first->getPrice(), 10.01) << "not plug-in data";
     EXPECT_EQ(first->getQuantity(), 3.0);
     EXPECT_EQ(target->position(2)->getExtendedOptions(), u"{\"old\":1}"_s) << "not among the source's";
     EXPECT_TRUE(target->position(2)->getTags().isEmpty());
 }
 
-/// A saved receipt with one thing wrong.
+/// One thing wrong in a saved document.
 struct Damage {
     const char* name;
     std::function<void(QJsonObject&)> make;
@@ -333,7 +333,7 @@ std::function<void(QJsonObject&)> closed(const std::function<void(QJsonObject&)>
     };
 }
 
-/// An annulled sale with one thing wrong.
+/// A voided sale with one thing wrong.
 std::function<void(QJsonObject&)> voided(const std::function<void(QJsonObject&)>& damage)
 {
     return closed([damage](QJsonObject& saved) {
@@ -343,7 +343,7 @@ std::function<void(QJsonObject&)> voided(const std::function<void(QJsonObject&)>
     });
 }
 
-/// A cancelling document with one thing wrong.
+/// A return with one thing wrong.
 std::function<void(QJsonObject&)> returnOf(const std::function<void(QJsonObject&)>& damage)
 {
     return [damage](QJsonObject& saved) {
@@ -372,13 +372,13 @@ const Damage damages[] = {
     {"cancelledWithoutItsTime", with("state", u"cancelled"_s)},
     {"finishedIsNoTime", closed(with("finished", u"today"_s))},
     {"receivedIsText", closed(with("received", u"50"_s))},
-    {"annulledWithoutItsTime", voided(without("annulled"))},
-    {"annulledIsNoTime", voided(with("annulled", true))},
-    {"cancellingWithoutItsSale", returnOf(without("takesBack"))},
-    {"takesBackIsZero", returnOf(with("takesBack", 0))},
-    {"takesBackIsText", returnOf(with("takesBack", u"3"_s))},
-    {"takenBackByIsText", with("takenBackBy", u"9"_s)},
-    {"takenBackByIsBroken", with("takenBackBy", 9.5)},
+    {"voidedWithoutItsTime", voided(without("annulled"))},
+    {"voidedIsNoTime", voided(with("annulled", true))},
+    {"returnWithoutItsSale", returnOf(without("takesBack"))},
+    {"returnedSaleIsZero", returnOf(with("takesBack", 0))},
+    {"returnedSaleIsText", returnOf(with("takesBack", u"3"_s))},
+    {"returnedByIsText", with("takenBackBy", u"9"_s)},
+    {"returnedByIsBroken", with("takenBackBy", 9.5)},
     {"positionsIsNoList", with("positions", QJsonObject())},
     {"positionIsNoObject", with("positions", QJsonArray{1})},
     {"nextPositionMissing", without("nextPosition")},
@@ -396,7 +396,7 @@ const Damage damages[] = {
 
 } // namespace
 
-TEST(Document, undamagedOnesOfEveryKind_areRead)
+TEST(Document, undamagedDocumentsOfEveryKind_areRead)
 {
     const auto nothing = [](QJsonObject&) {};
     for (const auto& kind : {closed(nothing), voided(nothing), returnOf(nothing)}) {

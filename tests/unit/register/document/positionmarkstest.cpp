@@ -2,7 +2,9 @@
 #include "positionmarks.h"
 #include "document.h"
 
+#include <QCoreApplication>
 #include <QTemporaryDir>
+#include <QTranslator>
 
 #include <gtest/gtest.h>
 
@@ -36,7 +38,7 @@ const QByteArray paper = R"({"positions": [
     "document": [{"plugin": "P", "key": "card", "label": "Карта"}]})";
 } // namespace
 
-TEST_F(PositionMarksTest, otherTag_looksLikeAnyOther)
+TEST_F(PositionMarksTest, otherTag_positionIsNotMarked)
 {
     load(paper);
     position.setTag(u"Paper"_s);
@@ -71,7 +73,7 @@ TEST_F(PositionMarksTest, optionHasTheValue_itsStateFits)
     EXPECT_TRUE(marks.look(position).state.isEmpty());
 }
 
-TEST_F(PositionMarksTest, receiptLines_standInTheFilesOrderWithoutThoseThatAreEmpty)
+TEST_F(PositionMarksTest, receiptLines_keepTheOrderOfTheFileAndEmptyOnesAreLeftOut)
 {
     load(paper);
     position.setExtendedOptions(uR"({"number": "7%1", "issuer": "Поликлиника"})"_s);
@@ -95,7 +97,7 @@ TEST_F(PositionMarksTest, documentValue_isShownWithItsLabel)
     EXPECT_EQ(marks.documentText(document), u"Карта: 12%1"_s);
 }
 
-TEST_F(PositionMarksTest, twoFiles_bothHold)
+TEST_F(PositionMarksTest, twoFiles_bothAreUsed)
 {
     load(paper);
     load(R"({"positions": [{"tag": "other", "mark": "ДР"}]})");
@@ -103,7 +105,7 @@ TEST_F(PositionMarksTest, twoFiles_bothHold)
     EXPECT_EQ(marks.look(position).mark, u"ДР"_s);
 }
 
-TEST_F(PositionMarksTest, oddFiles_arePassedOver)
+TEST_F(PositionMarksTest, unreadableFilesAndEntries_areLeftOut)
 {
     marks.load(folder.filePath(u"absent.json"_s));
     marks.load(folder.path());
@@ -114,11 +116,72 @@ TEST_F(PositionMarksTest, oddFiles_arePassedOver)
     EXPECT_TRUE(marks.look(position).mark.isEmpty());
 }
 
+namespace
+{
+
+/// Has one translation for each key of a mark.
+class EnglishCatalogue : public QTranslator
+{
+public:
+    EnglishCatalogue() { QCoreApplication::installTranslator(this); }
+    ~EnglishCatalogue() override { QCoreApplication::removeTranslator(this); }
+
+    bool isEmpty() const override { return false; }
+    QString translate(const char*, const char* key, const char*, int) const override
+    {
+        return u"English "_s + QString::fromLatin1(key);
+    }
+};
+
+const QByteArray translatable = R"({"positions": [
+    {"tag": "paper", "mark": {"key": "m", "text": "БР"}, "description": {"key": "paperKind", "text": "Бумага"},
+        "states": [{"option": "status", "value": null, "text": {"key": "paperNew", "text": "новый"}}],
+        "receiptLines": [{"option": "number", "label": {"key": "paperNumber", "text": "Номер"}}]}],
+    "document": [{"plugin": "P", "key": "card", "label": {"key": "paperCard", "text": "Карта"}}]})";
+
+} // namespace
+
+TEST_F(PositionMarksTest, wordsWithAKey_areShownInTheLanguageOfTheInterface)
+{
+    load(translatable);
+    position.setTag(u"paper"_s);
+    position.setExtendedOptions(uR"({"number": "7"})"_s);
+    Document document(1, QDateTime::currentDateTime());
+    document.setPluginValue(u"P"_s, u"card"_s, u"12"_s);
+
+    auto look = marks.look(position);
+    EXPECT_EQ(look.mark, u"БР"_s) << "without a catalogue";
+    EXPECT_EQ(look.description, u"Бумага"_s);
+    EXPECT_EQ(look.state, u"новый"_s);
+    EXPECT_EQ(look.receiptLines, QStringList(u"Номер: 7"_s));
+    EXPECT_EQ(marks.documentText(document), u"Карта: 12"_s);
+
+    const EnglishCatalogue catalogue;
+    look = marks.look(position);
+    EXPECT_EQ(look.mark, u"Engl"_s) << "four characters at most";
+    EXPECT_EQ(look.description, u"English paperKind"_s);
+    EXPECT_EQ(look.state, u"English paperNew"_s);
+    EXPECT_EQ(look.receiptLines, QStringList(u"English paperNumber: 7"_s));
+    EXPECT_EQ(marks.documentText(document), u"English paperCard: 12"_s);
+}
+
+TEST_F(PositionMarksTest, wordsWithoutAKey_stayAsWrittenInEveryLanguage)
+{
+    load(paper);
+    load(R"({"positions": [{"tag": "other", "description": {"text": "Другая"}}]})");
+    const EnglishCatalogue catalogue;
+    position.setTag(u"paper"_s);
+    EXPECT_EQ(marks.look(position).description, u"Бумага"_s);
+    Position other{{}, {}};
+    other.setTag(u"other"_s);
+    EXPECT_EQ(marks.look(other).description, u"Другая"_s);
+}
+
 class DiscountLine : public PositionMarksTest, public ::testing::WithParamInterface<std::pair<const char*, const char*>>
 {
 };
 
-TEST_P(DiscountLine, paidShare_isShownAsWhatIsTakenOff)
+TEST_P(DiscountLine, paidShare_isShownAsTheDiscount)
 {
     load(R"({"positions": [{"tag": "paper", "receiptLines": [
         {"option": "share", "label": "Скидка", "form": "discount"}]}]})");

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "actionhost.h"
 #include "registeraction.h"
 #include "storeddocumentcommands.h"
 #include "windowfixture.h"
@@ -10,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// On disk: № 1 sold and taken back by № 2, № 3 sold, № 4 cancelled, № 5 put aside.
+/// Document 1 is a sale that was returned by 2, 3 is a sale, 4 is cancelled, 5 is suspended.
 class DocumentListFormTest : public WindowFixture
 {
 protected:
@@ -35,7 +36,7 @@ protected:
         EXPECT_TRUE(till->close({Payment::cash(1240)}));
     }
 
-    /// Shows the list, does `act` in it, and leaves it, if `act` has not.
+    /// Shows the list, does `act` in it, and closes it unless `act` has.
     void inList(const Cashier::Act& act)
     {
         if (!window) {
@@ -120,7 +121,7 @@ class DocumentButtons : public DocumentListFormTest, public ::testing::WithParam
 {
 };
 
-TEST_P(DocumentButtons, areUsableWhereTheyDoSomething)
+TEST_P(DocumentButtons, areEnabledWhenTheyCanDoSomething)
 {
     inList([this](QWidget&) {
         makeCurrent(GetParam().document);
@@ -141,7 +142,7 @@ INSTANTIATE_TEST_SUITE_P(, DocumentButtons,
                                            Possible{5, true, false, true, false}),
                          [](const auto& instance) { return "document" + std::to_string(instance.param.document); });
 
-TEST_F(DocumentListFormTest, documentOpen_nothingIsResumedOrBackAndTheListSaysWhy)
+TEST_F(DocumentListFormTest, documentOpen_resumingAndReturningAreDisabledAndTheListSaysWhy)
 {
     till->open();
     inList([this](QWidget&) {
@@ -156,7 +157,7 @@ TEST_F(DocumentListFormTest, documentOpen_nothingIsResumedOrBackAndTheListSaysWh
     EXPECT_EQ(till->document()->getNumber(), 6);
 }
 
-TEST_F(DocumentListFormTest, returnOnWhatWasSuspended_takesItUp)
+TEST_F(DocumentListFormTest, returnKeyOnASuspendedDocument_resumesIt)
 {
     inList([this](QWidget&) { press(Qt::Key_Return); });
     ASSERT_TRUE(till->document());
@@ -165,7 +166,7 @@ TEST_F(DocumentListFormTest, returnOnWhatWasSuspended_takesItUp)
     EXPECT_EQ(QApplication::focusWidget(), widget<QWidget>("searchLineEdit"));
 }
 
-TEST_F(DocumentListFormTest, returnOnASale_doesNothing)
+TEST_F(DocumentListFormTest, returnKeyOnASale_doesNothing)
 {
     inList([this](QWidget&) {
         makeCurrent(3);
@@ -194,7 +195,7 @@ protected:
     }
 };
 
-TEST_P(DocumentAct, return_opensTheCancellingDocument)
+TEST_P(DocumentAct, returnSale_opensTheReturn)
 {
     inList([this](QWidget&) {
         makeCurrent(3);
@@ -205,7 +206,7 @@ TEST_P(DocumentAct, return_opensTheCancellingDocument)
     EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), u"Возврат № 6 (чек № 3)"_s);
 }
 
-TEST_P(DocumentAct, annul_asksAndShowsTheSameRowAnew)
+TEST_P(DocumentAct, voidDocument_asksAndKeepsTheRowCurrent)
 {
     inList([this](QWidget&) {
         makeCurrent(3);
@@ -224,7 +225,7 @@ TEST_P(DocumentAct, annul_asksAndShowsTheSameRowAnew)
     EXPECT_EQ(till->archive().find(3)->getState(), Document::State::Voided);
 }
 
-TEST_P(DocumentAct, print_printsACopyAndTheListStays)
+TEST_P(DocumentAct, print_printsACopyAndTheListStaysOpen)
 {
     QDir(folder.filePath(u"printed"_s)).removeRecursively();
     inList([this](QWidget&) {
@@ -244,10 +245,10 @@ TEST_P(DocumentAct, print_printsACopyAndTheListStays)
 INSTANTIATE_TEST_SUITE_P(, DocumentAct, ::testing::Values(Act{"byKey", false}, Act{"byTouch", true}),
                          [](const auto& instance) { return std::string(instance.param.name); });
 
-TEST_F(DocumentListFormTest, pluginStopsTheVoiding_theListSaysSoAtThatDocument)
+TEST_F(DocumentListFormTest, pluginStopsVoiding_theListSaysSoWhileThatDocumentIsCurrent)
 {
-    controller.object.addTrigger({EContext::StoredDocuments, control::VoidDocument, ActionTrigger::Before,
-                                  [](const control::Action&) { return EContext::Stop; }, ActionTrigger::Any, 1});
+    controller.object.host().addTrigger({EContext::StoredDocuments, control::VoidDocument, ActionTrigger::Before,
+                                         [](const control::Action&) { return EContext::Stop; }, ActionTrigger::Any, 1});
     inList([this](QWidget&) {
         makeCurrent(3);
         answerQuestion("yesButton");
@@ -290,7 +291,7 @@ INSTANTIATE_TEST_SUITE_P(, DocumentSearch,
                                            Search{"goods", "Борвит", {5}}),
                          [](const auto& instance) { return std::string(instance.param.name); });
 
-TEST_F(DocumentListFormTest, nothingFound_isSaidAndNothingCanBeDone)
+TEST_F(DocumentListFormTest, nothingFound_isShownAndAllButtonsAreDisabled)
 {
     inList([this](QWidget&) {
         search("нет такого");
@@ -303,7 +304,7 @@ TEST_F(DocumentListFormTest, nothingFound_isSaidAndNothingCanBeDone)
     });
 }
 
-TEST_F(DocumentListFormTest, noDocuments_isSaid)
+TEST_F(DocumentListFormTest, noDocuments_isShown)
 {
     for (const char* place : {"putaside", "finished"}) {
         QDir(folder.filePath(QLatin1StringView(place))).removeRecursively();
@@ -322,7 +323,7 @@ TEST_F(DocumentListFormTest, left_nothingHappens)
     EXPECT_EQ(QApplication::focusWidget(), widget<QWidget>("searchLineEdit"));
 }
 
-TEST_F(DocumentListFormTest, byTouch_fitsTheSmallestScreenAndScrollsByButtons)
+TEST_F(DocumentListFormTest, touchMode_fitsTheSmallestScreenAndScrollsByButtons)
 {
     config.set(u"GUI:touchMode"_s, u"true"_s);
     inList([this](QWidget& root) {

@@ -7,6 +7,7 @@
 #include "tallotableview.h"
 #include "tillfixture.h"
 
+#include <QFile>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -20,7 +21,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Keeps what a form answers.
+/// Keeps the answer of a form.
 class AnsweredGui : public GraphicalUserInterface
 {
 public:
@@ -34,7 +35,7 @@ public:
 class GoodsSelection : public TillFixture
 {
 protected:
-    /// The form in a window of its own, ready for input; what it answers is in `answered`.
+    /// The form in a window of its own, ready for input. Its answer is in `answered`.
     void open(const QString& inn, const QString& info = {}, const QString& filter = {})
     {
         form = std::make_unique<GoodsSelectionForm>(GoodsSelectionParams{catalogue.goodsOf(inn), info, filter});
@@ -68,7 +69,22 @@ protected:
     std::unique_ptr<GoodsSelectionForm> form;
 };
 
-TEST_F(GoodsSelection, opened_focusStandsInTheFilterAndTheWantedGoodsAreCurrent)
+TEST_F(GoodsSelection, layoutWithOrdinaryLabels_medicineInfoIsPlain)
+{
+    QFile own(u":/layouts/goodsselection.ui"_s);
+    ASSERT_TRUE(own.open(QIODevice::ReadOnly));
+    QFile rich(folder.filePath(u"goodsselection.ui"_s));
+    ASSERT_TRUE(rich.open(QIODevice::WriteOnly));
+    rich.write(own.readAll().replace("WrappedLabel", "QLabel"));
+    rich.close();
+    config.set(u"GUI:layouts"_s, folder.path());
+    open({}, u"<b>Инсулин</b>"_s);
+    EXPECT_EQ(widget<QLabel>("medicineInfoLabel")->text(), u"<b>Инсулин</b>"_s);
+    EXPECT_EQ(widget<QLabel>("medicineInfoLabel")->textFormat(), Qt::PlainText);
+    EXPECT_STREQ(widget<QLabel>("medicineInfoLabel")->metaObject()->className(), "QLabel") << "of the layout";
+}
+
+TEST_F(GoodsSelection, opened_focusIsInTheFilterAndTheWantedGoodsAreCurrent)
 {
     open(u"Амоксициллин"_s, u"Амоксициллин / Амоксидар / 30"_s);
     EXPECT_EQ(QApplication::focusWidget()->objectName(), u"filterLineEdit"_s);
@@ -85,7 +101,7 @@ TEST_F(GoodsSelection, withoutInfo_itsLineIsHidden)
     EXPECT_EQ(shownRows(), 60);
 }
 
-TEST_F(GoodsSelection, infoLongerThanItsRoom_isWholeInTheToolTip)
+TEST_F(GoodsSelection, longInfo_isWholeInTheToolTip)
 {
     const QString info = QString(300, QChar(0x416)) + u" / "_s + QString(300, QChar(0x429));
     open({}, info);
@@ -96,7 +112,7 @@ TEST_F(GoodsSelection, infoLongerThanItsRoom_isWholeInTheToolTip)
     EXPECT_TRUE(QToolTip::text().contains(info));
 }
 
-TEST_F(GoodsSelection, returnPressed_answersTheCurrentRowAndOnePack)
+TEST_F(GoodsSelection, returnKey_answersTheCurrentRowAndOnePack)
 {
     open(u"Амоксициллин"_s);
     press(Qt::Key_Down);
@@ -106,7 +122,7 @@ TEST_F(GoodsSelection, returnPressed_answersTheCurrentRowAndOnePack)
     EXPECT_EQ(answers().first().value(u"data"_s).toInt(), 0);
 }
 
-TEST_F(GoodsSelection, filterTyped_onlyMatchesAreShownWhateverTheCase)
+TEST_F(GoodsSelection, filterTyped_onlyMatchesInAnyCaseAreShown)
 {
     open({});
     type(u"ПАРАЦЕТ"_s);
@@ -123,7 +139,7 @@ TEST_F(GoodsSelection, barcodeTyped_findsItsGoods)
     EXPECT_EQ(selected().goods.barcode, amoxidar);
 }
 
-TEST_F(GoodsSelection, nothingMatches_isShownAtOnceAndReturnChangesNothing)
+TEST_F(GoodsSelection, nothingMatches_isShownAtOnceAndReturnKeyDoesNothing)
 {
     const QString shown = u"По запросу «4600000000000» ничего не найдено. Измените строку поиска."_s;
     open({}, {}, u" 4600000000000 "_s);
@@ -146,7 +162,7 @@ TEST_F(GoodsSelection, filterTypedDownToNothing_isShownAtOnce)
     EXPECT_TRUE(hint().startsWith(u"По запросу «парацетъ» ничего не найдено"_s));
 }
 
-TEST_F(GoodsSelection, longSearchWithoutAMatch_isQuotedInPart)
+TEST_F(GoodsSelection, longSearchWithoutAMatch_isShortenedInTheHint)
 {
     open({}, {}, QString(10'000, QChar(0x416)));
     EXPECT_LT(hint().size(), 150);
@@ -159,7 +175,7 @@ TEST_F(GoodsSelection, noGoodsAtAll_isShown)
     EXPECT_EQ(hint(), u"Нет товара для выбора. Вернитесь назад."_s);
 }
 
-TEST_F(GoodsSelection, goodsOutOfStock_areGreyedSoNamedAndRefused)
+TEST_F(GoodsSelection, goodsOutOfStock_areGreyAndCannotBeChosen)
 {
     CatalogueGoods gone;
     gone.name = u"Амоксидар, капсулы"_s;
@@ -208,7 +224,7 @@ TEST_F(GoodsSelection, packsEmpty_asksForThem)
     EXPECT_EQ(hint(), u"Введите целое количество упаковок от 1 до 999."_s);
 }
 
-TEST_F(GoodsSelection, packsAreNoWholeNumber_areLeftStandingAndAskedForAgain)
+TEST_F(GoodsSelection, packsAreNoWholeNumber_stayInTheFieldAndAreAskedForAgain)
 {
     for (const QString& typed : QStringList{"1,5", "1.5", "-2", "2x", "0", "abc", "1000", "99999999999"}) {
         open({}, {}, amoxidar);
@@ -223,7 +239,7 @@ TEST_F(GoodsSelection, packsAreNoWholeNumber_areLeftStandingAndAskedForAgain)
     }
 }
 
-TEST_F(GoodsSelection, scannedIntoThePacks_searchesTheGoodsAndLeavesThePacks)
+TEST_F(GoodsSelection, scannedIntoThePacks_searchesTheGoodsAndKeepsThePacks)
 {
     open({}, {}, u"парацет"_s);
     auto* packs = widget<TalloLineEdit>("quantityLineEdit");
@@ -241,7 +257,7 @@ TEST_F(GoodsSelection, scannedIntoThePacks_searchesTheGoodsAndLeavesThePacks)
     EXPECT_EQ(selected().packs, 2);
 }
 
-TEST_F(GoodsSelection, scannedTwiceIntoThePacks_theSecondTakesThePlaceOfTheFirst)
+TEST_F(GoodsSelection, scannedTwiceIntoThePacks_theSecondScanReplacesTheFirst)
 {
     open({});
     widget<TalloLineEdit>("quantityLineEdit")->setFocus();
@@ -252,7 +268,7 @@ TEST_F(GoodsSelection, scannedTwiceIntoThePacks_theSecondTakesThePlaceOfTheFirst
     EXPECT_EQ(selected().packs, 1);
 }
 
-TEST_F(GoodsSelection, packsTypedAndReturn_choosesThatMany)
+TEST_F(GoodsSelection, packsTypedAndReturnKey_choosesThatMany)
 {
     open({}, {}, amoxidar);
     auto* packs = widget<TalloLineEdit>("quantityLineEdit");
@@ -291,7 +307,7 @@ TEST_F(GoodsSelection, touchMode_hasKeyboardAndAmountButtons)
     EXPECT_EQ(widget<TalloLineEdit>("quantityLineEdit")->text(), u"1"_s);
 }
 
-TEST_F(GoodsSelection, withoutTouch_theirWidgetsAreGone)
+TEST_F(GoodsSelection, noTouchMode_hasNeither)
 {
     open({});
     for (const char* name : {"talloKeyboard", "quantityPlusButton", "quantityMinusButton", "scrollUpButton"}) {
@@ -309,7 +325,7 @@ TEST_F(GoodsSelection, nameOfTenThousandCharacters_doesNotWidenTheWindow)
     EXPECT_LE(form->rootWidget()->minimumSizeHint().height(), 600);
 }
 
-TEST_F(GoodsSelection, layoutWithoutTheTable_throwsWithItsName)
+TEST_F(GoodsSelection, layoutWithoutTheTable_throwsItsName)
 {
     QFile original(u":/layouts/goodsselection.ui"_s);
     ASSERT_TRUE(original.open(QIODevice::ReadOnly));

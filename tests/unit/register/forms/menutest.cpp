@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The menu and the commands that it gives.
+// The menu and its commands.
+#include "actionhost.h"
 #include "menucommands.h"
 #include "registeraction.h"
 #include "storeddocumentcommands.h"
@@ -13,7 +14,7 @@ using namespace Qt::StringLiterals;
 class MenuTest : public WindowFixture
 {
 protected:
-    /// Longer than the menu waits after a digit for a scanner's next key, in milliseconds.
+    /// Longer than the menu waits after a digit for a scanner's next key; in milliseconds.
     static constexpr int quietTime = 200;
 
     MenuTest()
@@ -29,7 +30,7 @@ protected:
         menuCommands->offer(controller.object);
         WindowFixture::openWindow();
     }
-    /// Opens the menu, does `act` in it, and waits until everything that it brought about is done.
+    /// Opens the menu, does `act` in it, and waits until the chosen command is done.
     void inMenu(const Cashier::Act& act)
     {
         cashier.onForm(u"menuForm"_s, act);
@@ -47,7 +48,7 @@ protected:
     std::unique_ptr<MenuCommands> menuCommands;
 };
 
-TEST_F(MenuTest, withoutADocument_whatNeedsOneSaysSo)
+TEST_F(MenuTest, noDocument_entriesThatNeedOneSaySo)
 {
     openWindow();
     inMenu([](QWidget& menu) {
@@ -68,7 +69,7 @@ TEST_F(MenuTest, withoutADocument_whatNeedsOneSaysSo)
     });
 }
 
-TEST_F(MenuTest, shown_everyControlHasAnAccessibleNameThatSaysWhatItShows)
+TEST_F(MenuTest, shown_everyControlHasItsTextAsAccessibleName)
 {
     openWindow();
     inMenu([](QWidget& menu) {
@@ -84,7 +85,7 @@ TEST_F(MenuTest, shown_everyControlHasAnAccessibleNameThatSaysWhatItShows)
     });
 }
 
-TEST_F(MenuTest, withADocument_nothingIsReturned)
+TEST_F(MenuTest, documentOpen_returningIsDisabled)
 {
     till->add(article(amoxidar));
     openWindow();
@@ -97,7 +98,7 @@ TEST_F(MenuTest, withADocument_nothingIsReturned)
     });
 }
 
-TEST_F(MenuTest, returnOpen_isNotSuspended)
+TEST_F(MenuTest, returnOpen_suspendingIsDisabled)
 {
     till->add(article(amoxidar));
     ASSERT_TRUE(till->close({Payment::cash(1240)}));
@@ -119,17 +120,17 @@ class MenuChoice : public MenuTest, public ::testing::WithParamInterface<Way>
 {
 };
 
-TEST_P(MenuChoice, suspended_isDoneAfterTheMenuHasClosed)
+TEST_P(MenuChoice, suspend_isDoneAfterTheMenuHasClosed)
 {
     till->add(article(amoxidar));
     openWindow();
     EContext::Code context = EContext::DialogOnTop;
-    controller.object.addTrigger({EContext::OpenDocument, registeraction::suspend, ActionTrigger::Before,
-                                  [&](const control::Action&) {
-                                      context = controller.object.context();
-                                      return EContext::GoOn;
-                                  },
-                                  ActionTrigger::Any, 1});
+    controller.object.host().addTrigger({EContext::OpenDocument, registeraction::suspend, ActionTrigger::Before,
+                                         [&](const control::Action&) {
+                                             context = controller.object.context();
+                                             return EContext::GoOn;
+                                         },
+                                         ActionTrigger::Any, 1});
     inMenu(GetParam().choose);
     EXPECT_EQ(context, EContext::OpenDocument);
     EXPECT_FALSE(till->document());
@@ -158,18 +159,18 @@ INSTANTIATE_TEST_SUITE_P(
                           }}),
     [](const auto& instance) { return std::string(instance.param.name); });
 
-TEST_F(MenuTest, cancelDocument_isCancelledByTheMenusAction)
+TEST_F(MenuTest, cancelDocument_usesTheMenusOwnAction)
 {
     till->add(article(amoxidar));
     openWindow();
     QList<int> asked;
     for (const auto type : {control::CancelDocument, control::CancelDocumentFromMenu}) {
-        controller.object.addTrigger({EContext::OpenDocument, type, ActionTrigger::Before,
-                                      [&asked](const control::Action& action) {
-                                          asked.append(action.getType());
-                                          return EContext::GoOn;
-                                      },
-                                      ActionTrigger::Any, 1});
+        controller.object.host().addTrigger({EContext::OpenDocument, type, ActionTrigger::Before,
+                                             [&asked](const control::Action& action) {
+                                                 asked.append(action.getType());
+                                                 return EContext::GoOn;
+                                             },
+                                             ActionTrigger::Any, 1});
     }
     inMenu([this](QWidget&) {
         cashier.onForm(u"questionForm"_s,
@@ -180,7 +181,7 @@ TEST_F(MenuTest, cancelDocument_isCancelledByTheMenusAction)
     EXPECT_EQ(asked, QList<int>{control::CancelDocumentFromMenu});
 }
 
-TEST_F(MenuTest, digitOfWhatIsNotPossible_leavesTheMenuOpen)
+TEST_F(MenuTest, digitOfADisabledEntry_leavesTheMenuOpen)
 {
     openWindow();
     bool stands = false;
@@ -217,7 +218,7 @@ TEST_P(ScannedInTheMenu, choosesNothing)
 INSTANTIATE_TEST_SUITE_P(, ScannedInTheMenu, ::testing::Values("1600000000001", "0000000000001", "11111111"),
                          [](const auto& instance) { return "barcode" + std::string(instance.param); });
 
-TEST_F(MenuTest, twoDigitsFast_chooseNothingAndOneAfterwardsDoes)
+TEST_F(MenuTest, twoFastDigits_chooseNothingAndALaterOneDoes)
 {
     till->add(article(amoxidar));
     openWindow();
@@ -266,7 +267,7 @@ TEST_F(MenuTest, configuredEntry_getsItsArgumentsAndTheCurrentPosition)
     EXPECT_EQ(given, (QVariantMap{{u"status"_s, u"active"_s}, {u"positionNumber"_s, 1}}));
 }
 
-TEST_F(MenuTest, nineEntries_fitTheSmallestScreenByTouch)
+TEST_F(MenuTest, nineEntries_fitTheSmallestScreenInTouchMode)
 {
     config.set(u"GUI:touchMode"_s, u"true"_s);
     config.set(u"Menu:entries"_s, u"putAsideEntry,documentsEntry,takeBackEntry,annulEntry,cancelReceiptEntry,goodsKey,"

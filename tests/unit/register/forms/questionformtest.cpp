@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 class QuestionFormTest : public TillFixture
 {
 protected:
-    /// Asks, does `act` while the question stands, and returns the answer.
+    /// Asks, does `act` while the question is shown, and returns the answer.
     bool ask(const Cashier::Act& act)
     {
         Cashier cashier;
@@ -41,7 +41,7 @@ protected:
                       {tr::undefined, u"Нет"_s}};
 };
 
-TEST_F(QuestionFormTest, shown_saysWhatIsAskedAndStandsOnNo)
+TEST_F(QuestionFormTest, shown_showsTheQuestionAndNoHasTheFocus)
 {
     ask([](QWidget& root) {
         EXPECT_EQ(root.findChild<QLabel*>(u"titleLabel"_s)->text(), u"Отмена чека"_s);
@@ -54,7 +54,7 @@ TEST_F(QuestionFormTest, shown_saysWhatIsAskedAndStandsOnNo)
     });
 }
 
-TEST_F(QuestionFormTest, shown_everyControlHasAnAccessibleNameAndTheButtonsSayWhatIsAsked)
+TEST_F(QuestionFormTest, shown_everyControlHasAnAccessibleNameAndTheButtonsDescribeTheQuestion)
 {
     ask([](QWidget& root) {
         EXPECT_EQ(button(root, "yesButton")->accessibleName(), u"Отменить чек"_s);
@@ -68,7 +68,7 @@ TEST_F(QuestionFormTest, shown_everyControlHasAnAccessibleNameAndTheButtonsSayWh
     });
 }
 
-TEST_F(QuestionFormTest, returnPressed_isNo)
+TEST_F(QuestionFormTest, returnKey_isNo)
 {
     EXPECT_FALSE(ask([](QWidget&) { press(Qt::Key_Return); }));
 }
@@ -89,7 +89,7 @@ TEST_F(QuestionFormTest, scannedOnYes_answersNothing)
     }));
 }
 
-TEST_F(QuestionFormTest, escapePressed_isNo)
+TEST_F(QuestionFormTest, escapeKey_isNo)
 {
     EXPECT_FALSE(ask([](QWidget& root) {
         button(root, "yesButton")->setFocus();
@@ -106,7 +106,7 @@ class QuestionKey : public QuestionFormTest, public ::testing::WithParamInterfac
 {
 };
 
-TEST_P(QuestionKey, toTheOtherButtonAndReturn_isYes)
+TEST_P(QuestionKey, movesToYesAndReturnKey_isYes)
 {
     EXPECT_TRUE(ask([](QWidget& root) {
         press(GetParam());
@@ -119,14 +119,14 @@ INSTANTIATE_TEST_SUITE_P(, QuestionKey, ::testing::Values(Qt::Key_Tab, Qt::Key_L
     return std::string(instance.param == Qt::Key_Tab ? "tab" : "left");
 });
 
-TEST_F(QuestionFormTest, buttonsTouched_answerForThemselves)
+TEST_F(QuestionFormTest, clickedButtons_answerYesAndNo)
 {
     config.set(u"GUI:touchMode"_s, u"true"_s);
     EXPECT_TRUE(ask([](QWidget& root) { QTest::mouseClick(button(root, "yesButton"), Qt::LeftButton); }));
     EXPECT_FALSE(ask([](QWidget& root) { QTest::mouseClick(button(root, "noButton"), Qt::LeftButton); }));
 }
 
-TEST_F(QuestionFormTest, longText_scrollsByKeyAndTheFormFitsTheSmallestScreen)
+TEST_F(QuestionFormTest, longText_scrollsByKeyboardAndTheFormFitsTheSmallestScreen)
 {
     question.text = {tr::undefined, QString(4'000, QChar(0x416))};
     ask([](QWidget& root) {

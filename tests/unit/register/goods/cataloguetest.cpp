@@ -23,7 +23,7 @@ namespace
 class Catalogue : public TillFixture
 {
 protected:
-    /// The whole table of medicines: their names by the codes of the dictionary.
+    /// The names in the table of medicines by their dictionary codes.
     QMap<QString, QString> medicines()
     {
         QMap<QString, QString> names;
@@ -47,7 +47,7 @@ const QMap<QString, QString> demoMedicines{
     {u"1015"_s, u"Индапамид, капсулы 2,5 мг"_s},    {u"1016"_s, u"Клопидогрел, таблетки 75 мг"_s},
 };
 
-/// What the emulator's demo prescribes.
+/// The prescriptions in the emulator's demo data.
 QJsonArray demoPrescriptions()
 {
     QFile file(QString::fromUtf8(DEMO_SEED));
@@ -82,7 +82,7 @@ TEST_F(Catalogue, demoPrescriptions_findTheirMedicinesAndGoods)
     }
 }
 
-TEST_F(Catalogue, goodsOfAName_areThoseWhateverTheCase)
+TEST_F(Catalogue, goodsOfAName_areFoundInAnyCase)
 {
     const auto goods = catalogue.goodsOf(u" амоксициллин "_s);
     ASSERT_EQ(goods.size(), 3);
@@ -100,7 +100,7 @@ TEST_F(Catalogue, unknownName_hasNoGoods)
     EXPECT_TRUE(catalogue.goodsOf(u"%"_s).isEmpty());
 }
 
-TEST_F(Catalogue, barcode_findsItsGoodsWithEveryColumn)
+TEST_F(Catalogue, barcode_findsItsGoodsWithAllColumns)
 {
     const auto goods = catalogue.byBarcode(amoxidar);
     ASSERT_TRUE(goods);
@@ -119,7 +119,7 @@ TEST_F(Catalogue, barcodeWithSql_isJustABarcode)
     EXPECT_FALSE(catalogue.byBarcode({}));
 }
 
-TEST_F(Catalogue, databaseMissing_throwsWithAText)
+TEST_F(Catalogue, databaseMissing_throwsATextForTheCashier)
 {
     config.set(u"Database:name"_s, folder.filePath(u"absent.sqlite"_s));
     EXPECT_THROW(catalogue.check(), BasicException);
@@ -128,7 +128,7 @@ TEST_F(Catalogue, databaseMissing_throwsWithAText)
     EXPECT_FALSE(QFile::exists(folder.filePath(u"absent.sqlite"_s))) << "it is not created";
 }
 
-TEST_F(Catalogue, tableMissing_throwsWithAText)
+TEST_F(Catalogue, tableMissing_throwsATextForTheCashier)
 {
     const QString empty = folder.filePath(u"empty.sqlite"_s);
     {
@@ -148,7 +148,7 @@ TEST_F(Catalogue, tableMissing_throwsWithAText)
     }
 }
 
-TEST_F(Catalogue, demoGoodsAskedForAgain_theDatabaseStaysAsItIs)
+TEST_F(Catalogue, demoGoodsCreatedTwice_theDatabaseIsUnchanged)
 {
     const QString path = folder.filePath(u"mine.sqlite"_s);
     QFile mine(path);
@@ -160,9 +160,11 @@ TEST_F(Catalogue, demoGoodsAskedForAgain_theDatabaseStaysAsItIs)
     EXPECT_EQ(mine.readAll(), "mine");
 }
 
-TEST_F(Catalogue, demoGoodsWhereNoFileCanBe_areNotMade)
+TEST_F(Catalogue, demoGoodsInAMissingFolder_failWithADetail)
 {
-    EXPECT_FALSE(createDemoGoods(folder.filePath(u"no/such/folder.sqlite"_s)));
+    const auto created = createDemoGoods(folder.filePath(u"no/such/folder.sqlite"_s));
+    ASSERT_FALSE(created);
+    EXPECT_FALSE(created.failure().detail.isEmpty());
 }
 
 TEST_F(Catalogue, goodsTableModel_showsAmountsAndStock)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pluginhost.h"
+#include "formhost.h"
 #include "tillfixture.h"
 
 #include <QCoreApplication>
@@ -21,17 +22,17 @@ protected:
 
     PositionMarks marks;
     PluginHost host;
-    const int registersOwnCreators = gui.object.formCreators();
+    const qsizetype registersOwnCreators = gui.object.host().creators.size();
 };
 
-TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsEntriesHold)
+TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsHandlersAndTriggersAreUsed)
 {
     till->add(article(amoxidar));
     load(folderOf("willing_plugin"));
     EXPECT_EQ(shown(), QStringList{u"init"_s});
     EXPECT_EQ(host.active(), QStringList{u"willing_plugin"_s});
     EXPECT_TRUE(host.problems().isEmpty());
-    EXPECT_EQ(gui.object.formCreators(), registersOwnCreators + 1);
+    EXPECT_EQ(gui.object.host().creators.size(), registersOwnCreators + 1);
     EXPECT_TRUE(controller.object.isHandled(control::PluginCommand));
     control::Action cancellation(control::RemovePosition);
     EXPECT_EQ(controller.object.execute(cancellation), EContext::Stop);
@@ -42,7 +43,7 @@ TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsEntriesHold)
     EXPECT_TRUE(host.active().isEmpty());
 }
 
-TEST_F(PluginHostTest, willingPlugin_hearsEventsUntilItIsUnloaded)
+TEST_F(PluginHostTest, willingPlugin_getsEventsUntilItIsUnloaded)
 {
     load(folderOf("willing_plugin"));
     till->open();
@@ -52,7 +53,7 @@ TEST_F(PluginHostTest, willingPlugin_hearsEventsUntilItIsUnloaded)
     EXPECT_EQ(shown().last(), u"destroyed"_s);
 }
 
-TEST_F(PluginHostTest, pluginThatCannotBegin_hearsNoEventAndOthersDo)
+TEST_F(PluginHostTest, pluginThatIsNotInitialised_getsNoEventsAndOthersDo)
 {
     for (const char* plugin : {"idle_plugin", "throwing_plugin"}) {
         qApp->setProperty("testPlugin", QVariant());
@@ -65,11 +66,11 @@ TEST_F(PluginHostTest, pluginThatCannotBegin_hearsNoEventAndOthersDo)
     host.unload(controller.object);
 }
 
-TEST_F(PluginHostTest, idlePlugin_nothingOfItIsTakenOverAndItIsNotDeinitialised)
+TEST_F(PluginHostTest, idlePlugin_nothingOfItIsUsedAndItIsNotDeinitialised)
 {
     till->open();
     load(folderOf("idle_plugin"));
-    EXPECT_EQ(gui.object.formCreators(), registersOwnCreators);
+    EXPECT_EQ(gui.object.host().creators.size(), registersOwnCreators);
     EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     EXPECT_TRUE(host.active().isEmpty());
     EXPECT_TRUE(host.problems().isEmpty());
@@ -81,7 +82,7 @@ TEST_F(PluginHostTest, throwingPlugin_isShownAndStaysIdle)
 {
     till->open();
     load(folderOf("throwing_plugin"));
-    EXPECT_EQ(gui.object.formCreators(), registersOwnCreators);
+    EXPECT_EQ(gui.object.host().creators.size(), registersOwnCreators);
     EXPECT_EQ(host.problems(), QStringList{u"throwing_plugin: нет связи"_s});
     EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     host.unload(controller.object);
@@ -110,7 +111,7 @@ TEST_F(PluginHostTest, garbageInTheFolder_isShownAndTheRestIsLoaded)
     host.unload(controller.object);
 }
 
-TEST_F(PluginHostTest, folderBesideThePlugin_bringsLayoutsAndMarks)
+TEST_F(PluginHostTest, folderBesideThePlugin_itsLayoutsAndMarksAreUsed)
 {
     const QDir plugins(folder.path());
     ASSERT_TRUE(QFile::link(folderOf("willing_plugin") + u"/libwilling_plugin.so"_s,
@@ -137,7 +138,7 @@ TEST_F(PluginHostTest, folderMissing_isShown)
     EXPECT_TRUE(host.problems().first().endsWith(u"нет такой папки"_s));
 }
 
-TEST_F(PluginHostTest, emptyFolder_isNoProblem)
+TEST_F(PluginHostTest, emptyFolder_isFine)
 {
     const QTemporaryDir empty;
     load(empty.path());

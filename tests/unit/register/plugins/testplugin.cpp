@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-void tell(const QString& what)
+void note(const QString& what)
 {
     const QStringList shown = qApp->property("testPlugin").toStringList();
     qApp->setProperty("testPlugin", shown + QStringList(what));
@@ -28,12 +28,12 @@ struct NoForms : BasicFormCreator {
 
 TestPlugin::~TestPlugin()
 {
-    tell(u"destroyed"_s);
+    note(u"destroyed"_s);
 }
 
 bool TestPlugin::init()
 {
-    tell(u"init"_s);
+    note(u"init"_s);
     addHandler(
         {EContext::OpenDocument, control::PluginCommand, [](const control::Action&) { return EContext::GoOn; }, true});
     addTrigger({EContext::OpenDocument, control::RemovePosition, ActionTrigger::Before,
@@ -48,10 +48,10 @@ bool TestPlugin::init()
 
 void TestPlugin::deinit()
 {
-    tell(u"deinit"_s);
+    note(u"deinit"_s);
 }
 
 void TestPlugin::handleEvent(const Event& event)
 {
-    tell(u"event "_s + QString::number(event.getCode()));
+    note(u"event "_s + QString::number(event.getCode()));
 }

@@ -23,7 +23,7 @@ class PrintableText : public ::testing::TestWithParam<Printed>
 
 } // namespace
 
-TEST_P(PrintableText, holdsWhatCanBePrinted)
+TEST_P(PrintableText, hasOnlyPrintableCharacters)
 {
     EXPECT_EQ(printable(GetParam().text), GetParam().printed);
 }
@@ -43,13 +43,13 @@ INSTANTIATE_TEST_SUITE_P(
                       Printed{"accents", u"e\u0301"_s, u"e\u0301"_s}, Printed{"nothing", {}, {}}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
-TEST(WrappedText, breaksAtBlanksAndFillsTheLine)
+TEST(WrappedText, severalWords_breakAtBlanksAndFillTheLine)
 {
     EXPECT_EQ(wrapped(u"aaa bbb cc d"_s, 7), (QStringList{u"aaa bbb"_s, u"cc d"_s}));
     EXPECT_EQ(wrapped(u"aaa bbb"_s, 6), (QStringList{u"aaa"_s, u"bbb"_s}));
 }
 
-TEST(WrappedText, longWord_isBrokenWithin)
+TEST(WrappedText, longWord_isBrokenInside)
 {
     EXPECT_EQ(wrapped(u"a bbbbbbb c"_s, 3), (QStringList{u"a"_s, u"bbb"_s, u"bbb"_s, u"b c"_s}));
     const QString name(10'000, QChar(0x416));
@@ -70,7 +70,7 @@ TEST(WrappedText, numberSign_staysWithItsNumber)
     EXPECT_EQ(wrapped(u"№ 123456"_s, 4), (QStringList{u"№ 12"_s, u"3456"_s}));
 }
 
-TEST(WrappedText, nothingToPrint_isNoLine)
+TEST(WrappedText, nothingToPrint_hasNoLines)
 {
     EXPECT_TRUE(wrapped({}, 40).isEmpty());
     EXPECT_TRUE(wrapped(u" \n\x1b\u202e "_s, 40).isEmpty());

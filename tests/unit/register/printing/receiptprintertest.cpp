@@ -24,7 +24,7 @@ QByteArray content(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
 }
 
-/// What a program of poppler tells of a file.
+/// The output of a program of poppler-utils about a file.
 QString shown(const QString& program, const QStringList& arguments)
 {
     QProcess process;
@@ -61,7 +61,7 @@ protected:
         marks.load(file.fileName());
     }
 
-    /// A paid sale with a position from a foreign paper and one of ordinary goods.
+    /// A closed sale with a position from an external document and one without.
     static QSharedPointer<Document> sale(int number = 7)
     {
         auto document = QSharedPointer<Document>::create(number, QDateTime({2024, 2, 29}, {12, 30}));
@@ -80,7 +80,7 @@ protected:
                              .payments = {Payment::cash(1'300'000)}});
         return document;
     }
-    static QSharedPointer<Document> returnSale()
+    static QSharedPointer<Document> closedReturn()
     {
         auto document = Document::returnOf(*sale(), 9, QDateTime({2024, 3, 1}, {9, 0}));
         document->setEnding({.state = Document::State::Closed,
@@ -116,7 +116,7 @@ TEST_F(ReceiptPrinterTest, sale_isPrintedAsTextLetterByLetter)
     config.set(u"Register:pharmacyAddress"_s,
                u"г. Примерск, ул. Липовая с очень длинным названием, дом 17, строение <2>"_s);
     config.set(u"Register:taxpayerNumber"_s, u"7700000017"_s);
-    EXPECT_TRUE(ReceiptPrinter(folder.path(), marks).print(*sale()));
+    EXPECT_TRUE(ReceiptPrinter(folder.path(), marks).printOrShow(*sale()));
     EXPECT_EQ(text(u"00000007"_s), fixture("printedsale.txt"));
     EXPECT_EQ(printed(), (QStringList{u"00000007.pdf"_s, u"00000007.txt"_s}));
     EXPECT_TRUE(dialog.messages().isEmpty());
@@ -124,18 +124,18 @@ TEST_F(ReceiptPrinterTest, sale_isPrintedAsTextLetterByLetter)
 
 TEST_F(ReceiptPrinterTest, returnWithoutAConfiguredPharmacy_isPrintedAsTextLetterByLetter)
 {
-    EXPECT_TRUE(ReceiptPrinter(folder.path(), marks).print(*returnSale()));
-    EXPECT_EQ(text(u"00000009"_s), fixture("printedtakeback.txt"));
+    EXPECT_TRUE(ReceiptPrinter(folder.path(), marks).printOrShow(*closedReturn()));
+    EXPECT_EQ(text(u"00000009"_s), fixture("printedreturn.txt"));
 }
 
-TEST_F(ReceiptPrinterTest, priceRaised_isNoBenefit)
+TEST_F(ReceiptPrinterTest, priceRaised_noBenefitIsPrinted)
 {
     Document document(1, QDateTime({2024, 1, 1}, {0, 0}));
     document.add(goods(u"x"_s, 1.0, 1), {})->setPrice(2.0);
     EXPECT_FALSE(layout(document).join(u'\n').contains(u"ьгот"_s));
 }
 
-TEST_F(ReceiptPrinterTest, benefit_isCountedInKopecksOverAllPacks)
+TEST_F(ReceiptPrinterTest, benefit_isTheSavingOnAllPacksInKopecks)
 {
     Document document(1, QDateTime({2024, 1, 1}, {0, 0}));
     for (int i = 0; i < 3; ++i) {
@@ -161,7 +161,7 @@ TEST_F(ReceiptPrinterTest, amountsOfAnySize_endAtTheRightEdge)
     }
 }
 
-TEST_F(ReceiptPrinterTest, namesOfAnyKind_leaveTheLayoutAsItIs)
+TEST_F(ReceiptPrinterTest, unusualNames_keepTheLayout)
 {
     const QString names[] = {QString(10'000, QChar(0x416)),
                              u"a\nИТОГО 0,00\r\n\x1b@\t\u202e123\u2028z"_s,
@@ -189,15 +189,15 @@ TEST_F(ReceiptPrinterTest, namesOfAnyKind_leaveTheLayoutAsItIs)
                              character.category() == QChar::Other_Format);
             }
         }
-        EXPECT_TRUE(ReceiptPrinter(folder.path(), marks).print(document));
+        EXPECT_TRUE(ReceiptPrinter(folder.path(), marks).printOrShow(document));
         EXPECT_TRUE(content(path(u"printed/00000001.pdf"_s)).startsWith("%PDF"));
     }
 }
 
-TEST_F(ReceiptPrinterTest, pdf_isAStripOfPaperThatHoldsTheSameText)
+TEST_F(ReceiptPrinterTest, pdf_isAStripOfPaperWithTheSameText)
 {
     config.set(u"Register:pharmacyName"_s, u"Аптека № 17"_s);
-    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).print(*sale()));
+    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).printOrShow(*sale()));
     const QString pdf = path(u"printed/00000007.pdf"_s);
 
     EXPECT_EQ(shown(u"pdftotext"_s, {u"-layout"_s, pdf, u"-"_s}).simplified(),
@@ -218,13 +218,13 @@ TEST_F(ReceiptPrinterTest, pdf_isAStripOfPaperThatHoldsTheSameText)
     }
 }
 
-TEST_F(ReceiptPrinterTest, documentLongerThanAStrip_goesOnOverTheNext)
+TEST_F(ReceiptPrinterTest, receiptLongerThanAPage_continuesOnTheNext)
 {
     Document document(1, QDateTime({2024, 1, 1}, {0, 0}));
     for (int i = 0; i < 600; ++i) {
         document.add(goods(u"x"_s, 1.0, 1), {});
     }
-    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).print(document));
+    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).printOrShow(document));
     const QString pdf = path(u"printed/00000001.pdf"_s);
     EXPECT_TRUE(shown(u"pdfinfo"_s, {pdf}).contains(QRegularExpression(u"Pages: +2\\n"_s)));
     const QString text = shown(u"pdftotext"_s, {u"-layout"_s, pdf, u"-"_s});
@@ -232,49 +232,49 @@ TEST_F(ReceiptPrinterTest, documentLongerThanAStrip_goesOnOverTheNext)
     EXPECT_TRUE(text.contains(QRegularExpression(u"ИТОГО +600,00"_s)));
 }
 
-TEST_F(ReceiptPrinterTest, files_areReadableByTheirOwnerAlone)
+TEST_F(ReceiptPrinterTest, files_areReadableByTheirOwnerOnly)
 {
-    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).print(*sale()));
+    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).printOrShow(*sale()));
     const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
     for (const QString& file : printed()) {
         EXPECT_EQ(QFile::permissions(path(u"printed/"_s + file)) & others, 0) << qPrintable(file);
     }
 }
 
-TEST_F(ReceiptPrinterTest, printedAgain_replacesTheFilesWhole)
+TEST_F(ReceiptPrinterTest, printedTwice_theFilesAreReplaced)
 {
-    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).print(*sale()));
+    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).printOrShow(*sale()));
     const auto other = QSharedPointer<Document>::create(7, QDateTime({2024, 1, 1}, {0, 0}));
-    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).print(*other));
+    ASSERT_TRUE(ReceiptPrinter(folder.path(), marks).printOrShow(*other));
     EXPECT_EQ(text(u"00000007"_s), layout(*other).join(u'\n').toStdString());
     EXPECT_EQ(printed().size(), 2);
 }
 
-TEST_F(ReceiptPrinterTest, printedAgainFromTheList_theOriginalStandsBesideACopyThatSaysSo)
+TEST_F(ReceiptPrinterTest, printedAgain_theOriginalStaysBesideACopyThatSaysSo)
 {
     const ReceiptPrinter printer(folder.path(), marks);
-    EXPECT_EQ(printer.printAgain(*sale()), u"printed/00000007.pdf"_s) << "never printed before";
+    EXPECT_EQ(printer.printAgainOrShow(*sale()), u"printed/00000007.pdf"_s) << "never printed before";
     const std::string original = text(u"00000007"_s);
     EXPECT_EQ(original.find("КОПИЯ"), std::string::npos);
     const QByteArray originalPdf = content(path(u"printed/00000007.pdf"_s));
-    EXPECT_EQ(printer.printAgain(*sale()), u"printed/00000007-copy.pdf"_s);
+    EXPECT_EQ(printer.printAgainOrShow(*sale()), u"printed/00000007-copy.pdf"_s);
     EXPECT_EQ(text(u"00000007-copy"_s), std::string(17, ' ').append("КОПИЯ\n") + original);
     EXPECT_EQ(text(u"00000007"_s), original);
     EXPECT_EQ(content(path(u"printed/00000007.pdf"_s)), originalPdf);
     EXPECT_EQ(printed().size(), 4);
 }
 
-TEST_F(ReceiptPrinterTest, diskFull_isShownWithTheWayOutAndFormerFilesStand)
+TEST_F(ReceiptPrinterTest, diskFull_isShownWithAdviceAndTheFormerFilesStay)
 {
     const ReceiptPrinter printer(folder.path(), marks);
-    ASSERT_TRUE(printer.print(*sale()));
+    ASSERT_TRUE(printer.printOrShow(*sale()));
     const QByteArray formerText = content(path(u"printed/00000007.txt"_s));
     const QByteArray formerPdf = content(path(u"printed/00000007.pdf"_s));
     const auto longer = sale();
     longer->add(goods(QString(200, u'x'), 1.0, 1), {});
-    for (const rlim_t room : {64, 4096}) { // the text does not fit, or only the PDF does not
+    for (const rlim_t room : {64, 4096}) { // neither file fits, only the text fits
         const SmallDisk smallDisk(room);
-        EXPECT_FALSE(printer.print(room == 64 ? *longer : *sale()));
+        EXPECT_FALSE(printer.printOrShow(room == 64 ? *longer : *sale()));
     }
     EXPECT_EQ(content(path(u"printed/00000007.txt"_s)), formerText);
     EXPECT_EQ(content(path(u"printed/00000007.pdf"_s)), formerPdf);
@@ -285,18 +285,18 @@ TEST_F(ReceiptPrinterTest, diskFull_isShownWithTheWayOutAndFormerFilesStand)
     EXPECT_TRUE(dialog.messages().first().text.contains(u"напечатайте его из списка документов"_s));
 }
 
-TEST_F(ReceiptPrinterTest, aFileStandsInTheFoldersPlace_isShown)
+TEST_F(ReceiptPrinterTest, fileInPlaceOfTheFolder_isShown)
 {
     QFile file(path(u"printed"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    EXPECT_FALSE(ReceiptPrinter(folder.path(), marks).print(*sale()));
+    EXPECT_FALSE(ReceiptPrinter(folder.path(), marks).printOrShow(*sale()));
     EXPECT_EQ(dialog.messages().size(), 1);
 }
 
 class InterruptedPrinting : public ReceiptPrinterTest
 {
 protected:
-    /// Has the archive hold a document that was ended at that minute of an hour.
+    /// Saves a document that was ended at that minute of an hour.
     void finish(int number, int minute, Document::State state = Document::State::Closed)
     {
         const auto document = sale(number);
@@ -307,14 +307,14 @@ protected:
             ending.voided = ending.finished;
         }
         document->setEnding(ending);
-        ASSERT_TRUE(archive.save(document));
+        ASSERT_TRUE(archive.saveOrShow(document));
     }
     void printInterrupted() const { ReceiptPrinter(folder.path(), marks).printInterrupted(archive); }
 
     DocumentArchive archive{folder.path()};
 };
 
-TEST_F(InterruptedPrinting, lastClosedDocumentLacksAFile_isPrintedAndNoOther)
+TEST_F(InterruptedPrinting, lastClosedDocumentLacksAFile_onlyItsReceiptIsPrinted)
 {
     finish(1, 10);
     finish(2, 20);
@@ -328,7 +328,7 @@ TEST_F(InterruptedPrinting, lastClosedDocumentLacksAFile_isPrintedAndNoOther)
     }
 }
 
-TEST_F(InterruptedPrinting, documentWasSuspendedBefore_itsTimeCountsAndNotItsNumber)
+TEST_F(InterruptedPrinting, documentWasSuspendedBefore_itsTimeCountsNotItsNumber)
 {
     finish(3, 40);
     finish(5, 30);
@@ -336,7 +336,7 @@ TEST_F(InterruptedPrinting, documentWasSuspendedBefore_itsTimeCountsAndNotItsNum
     EXPECT_EQ(printed(), (QStringList{u"00000003.pdf"_s, u"00000003.txt"_s}));
 }
 
-TEST_F(InterruptedPrinting, cancelledAndVoidedDocuments_arePassedOver)
+TEST_F(InterruptedPrinting, cancelledAndVoidedDocuments_areNotPrinted)
 {
     finish(1, 10);
     finish(2, 20, Document::State::Cancelled);
@@ -346,7 +346,7 @@ TEST_F(InterruptedPrinting, cancelledAndVoidedDocuments_arePassedOver)
     EXPECT_EQ(printed(), (QStringList{u"00000001.pdf"_s, u"00000001.txt"_s}));
 }
 
-TEST_F(InterruptedPrinting, bothFilesAreThere_theyStayAsTheyAre)
+TEST_F(InterruptedPrinting, bothFilesExist_nothingIsPrinted)
 {
     finish(1, 10);
     printInterrupted();
@@ -358,11 +358,11 @@ TEST_F(InterruptedPrinting, bothFilesAreThere_theyStayAsTheyAre)
     EXPECT_EQ(text(u"00000001"_s), "as printed");
 }
 
-TEST_F(InterruptedPrinting, onlyACopyIsThere_theDocumentIsPrinted)
+TEST_F(InterruptedPrinting, onlyACopyExists_theReceiptIsPrinted)
 {
     finish(1, 10);
     printInterrupted();
-    EXPECT_FALSE(ReceiptPrinter(folder.path(), marks).printAgain(*sale(1)).isEmpty());
+    EXPECT_TRUE(ReceiptPrinter(folder.path(), marks).printAgainOrShow(*sale(1)));
     ASSERT_TRUE(QFile::remove(path(u"printed/00000001.txt"_s)));
     printInterrupted();
     EXPECT_TRUE(printed().contains(u"00000001.txt"_s));

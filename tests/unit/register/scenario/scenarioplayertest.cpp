@@ -45,14 +45,17 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
-    /// Plays steps to their end. @return whether all came true
+    /// Plays steps to their end. @return whether all passed
     bool play(const QByteArray& steps)
     {
-        const ScenarioFile scenario = ScenarioFile::parse("{\"steps\": " + steps + "}");
-        EXPECT_TRUE(scenario.error.isEmpty()) << qPrintable(scenario.error);
-        ScenarioPlayer player(scenario.steps, folder.path(), folder.path());
+        const auto scenario = parseScenario("{\"steps\": " + steps + "}");
+        if (!scenario) {
+            ADD_FAILURE() << scenario.failure().detail.toStdString();
+            return false;
+        }
+        ScenarioPlayer player(*scenario, folder.path(), folder.path());
         QSignalSpy finished(&player, &ScenarioPlayer::finished);
-        QObject::connect(&player, &ScenarioPlayer::finished, [] { // a dialog left open would never end
+        QObject::connect(&player, &ScenarioPlayer::finished, [] { // an open dialog keeps its event loop running
             if (QWidget* dialog = QApplication::activeModalWidget()) {
                 dialog->close();
             }
@@ -77,18 +80,18 @@ protected:
     QString failure;
 };
 
-TEST_F(ScenarioPlayerTest, noSteps_holds)
+TEST_F(ScenarioPlayerTest, noSteps_pass)
 {
     EXPECT_TRUE(play("[]"));
 }
 
-TEST_F(ScenarioPlayerTest, typed_replacesWhatStoodThere)
+TEST_F(ScenarioPlayerTest, typed_replacesTheFormerText)
 {
     edit->setText(u"old"_s);
     EXPECT_TRUE(play(R"([{"type": "Ёж 1+x", "into": "edit"}, {"expect": "Ёж 1+x", "in": "edit"}])"));
 }
 
-TEST_F(ScenarioPlayerTest, keysPressed_arriveAsOftenAsShown)
+TEST_F(ScenarioPlayerTest, keyWithTimes_isPressedThatOften)
 {
     int presses = 0;
     QObject::connect(edit, &QLineEdit::returnPressed, [&presses] { ++presses; });
@@ -113,7 +116,7 @@ TEST_F(ScenarioPlayerTest, scanned_endsWithReturn)
     EXPECT_TRUE(QTest::qWaitFor([&] { return scanned == u"4601234"_s; }));
 }
 
-TEST_F(ScenarioPlayerTest, clickThatOpensADialog_thePlayerGoesOnInsideIt)
+TEST_F(ScenarioPlayerTest, clickThatOpensADialog_theNextStepsRunInsideIt)
 {
     QObject::connect(button, &QPushButton::clicked, [this] {
         QDialog dialog(&window);
@@ -129,7 +132,7 @@ TEST_F(ScenarioPlayerTest, clickThatOpensADialog_thePlayerGoesOnInsideIt)
         << qPrintable(failure);
 }
 
-TEST_F(ScenarioPlayerTest, tables_areReadAndTheirRowsMadeCurrent)
+TEST_F(ScenarioPlayerTest, table_isReadAndItsRowMadeCurrent)
 {
     EXPECT_TRUE(play(R"([{"expect": "a | b\nc | d", "in": "table"}, {"row": 1, "in": "table"}, {"print": "table"}])"));
     EXPECT_EQ(table->currentIndex().row(), 1);
@@ -150,7 +153,7 @@ TEST_F(ScenarioPlayerTest, stateOfAWidget_isCompared)
     EXPECT_FALSE(play(R"([{"click": "button", "seconds": 0}])"));
 }
 
-TEST_F(ScenarioPlayerTest, savedDocument_isCompared)
+TEST_F(ScenarioPlayerTest, receipt_comparesTheSavedOpenDocument)
 {
     EXPECT_FALSE(play(R"([{"receipt": {"number": 1}, "seconds": 0}])"));
     QFile saved(folder.filePath(u"receipt.json"_s));
@@ -175,7 +178,7 @@ TEST_F(ScenarioPlayerTest, document_comparesTheNamedFileOfTheDataFolder)
     EXPECT_FALSE(play(R"([{"document": {"number": 8}, "file": "finished/00000007.json", "seconds": 0}])"));
 }
 
-TEST_F(ScenarioPlayerTest, printed_looksForWordsWhateverTheBlanksBetweenThem)
+TEST_F(ScenarioPlayerTest, printed_ignoresRunsOfBlanks)
 {
     EXPECT_FALSE(play(R"([{"printed": "ИТОГО", "number": 7, "seconds": 0}])"));
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"printed"_s));
@@ -193,7 +196,7 @@ TEST_F(ScenarioPlayerTest, screenshot_isWritten)
     EXPECT_FALSE(QImage(folder.filePath(u"shot.png"_s)).isNull());
 }
 
-TEST_F(ScenarioPlayerTest, failedStep_isNamedWithWhatWasSeenAndAPicture)
+TEST_F(ScenarioPlayerTest, failedStep_isReportedWithTheReasonAndAPicture)
 {
     EXPECT_FALSE(play(R"([{"say": "first"}, {"expect": "x", "in": "button", "seconds": 0}, {"say": "never"}])"));
     EXPECT_EQ(printed, u"first\n"_s);
@@ -202,7 +205,7 @@ TEST_F(ScenarioPlayerTest, failedStep_isNamedWithWhatWasSeenAndAPicture)
     EXPECT_FALSE(QImage(folder.filePath(u"failure.png"_s)).isNull());
 }
 
-TEST_F(ScenarioPlayerTest, whatComesLater_isWaitedFor)
+TEST_F(ScenarioPlayerTest, widgetShownLater_isWaitedFor)
 {
     QTimer::singleShot(200, label, [this] { label->setText(u"late"_s); });
     EXPECT_TRUE(play(R"([{"expect": "late", "in": "label"}])"));

@@ -10,10 +10,13 @@ namespace
 
 ScenarioStep only(const QByteArray& step)
 {
-    const ScenarioFile file = ScenarioFile::parse("{\"steps\": [" + step + "]}");
-    EXPECT_EQ(file.error, QString()) << step.constData();
-    EXPECT_EQ(file.steps.size(), 1) << step.constData();
-    return file.steps.value(0);
+    const auto steps = parseScenario("{\"steps\": [" + step + "]}");
+    if (!steps) {
+        ADD_FAILURE() << steps.failure().detail.toStdString() << ": " << step.constData();
+        return {};
+    }
+    EXPECT_EQ(steps->size(), 1) << step.constData();
+    return steps->value(0);
 }
 
 } // namespace
@@ -50,22 +53,26 @@ TEST(Scenario, everyKindOfStep_isRead)
     EXPECT_EQ(only(R"({"wait": "a"})").seconds, 10);
 }
 
-TEST(Scenario, oddSteps_areRefusedWithTheirNumber)
+TEST(Scenario, wrongStep_isReportedWithItsNumber)
 {
     for (const QByteArray step : {R"({})", R"({"jump": 1})", R"({"wait": 5})", R"({"row": "2", "in": "a"})",
                                   R"({"row": 2})", R"({"expect": "x"})", R"({"wait": "a", "in": "b"})", R"("wait")",
                                   R"({"receipt": []})", R"({"document": {}})", R"({"printed": "x"})"}) {
-        const ScenarioFile file = ScenarioFile::parse(R"({"steps": [{"say": "x"}, )" + step + "]}");
-        EXPECT_TRUE(file.error.startsWith(u"step 2: "_s)) << step.constData() << qPrintable(file.error);
-        EXPECT_TRUE(file.steps.isEmpty());
+        const auto steps = parseScenario(R"({"steps": [{"say": "x"}, )" + step + "]}");
+        ASSERT_FALSE(steps) << step.constData();
+        EXPECT_TRUE(steps.failure().detail.startsWith(u"step 2: "_s)) << qPrintable(steps.failure().detail);
     }
 }
 
-TEST(Scenario, fileThatIsNone_saysWhy)
+TEST(Scenario, fileWithoutSteps_isAFailureWithAReason)
 {
-    EXPECT_FALSE(ScenarioFile::parse("").error.isEmpty());
-    EXPECT_FALSE(ScenarioFile::parse("[]").error.isEmpty());
-    EXPECT_FALSE(ScenarioFile::parse("{\"steps\": 1}").error.isEmpty());
-    EXPECT_TRUE(ScenarioFile::read(u"/no/such/file.json"_s).error.startsWith(u"/no/such"_s));
-    EXPECT_TRUE(ScenarioFile::parse("{\"steps\": []}").error.isEmpty());
+    for (const char* json : {"", "[]", "{\"steps\": 1}"}) {
+        const auto steps = parseScenario(json);
+        ASSERT_FALSE(steps) << json;
+        EXPECT_FALSE(steps.failure().detail.isEmpty()) << json;
+    }
+    const auto missing = readScenario(u"/no/such/file.json"_s);
+    ASSERT_FALSE(missing);
+    EXPECT_TRUE(missing.failure().detail.startsWith(u"/no/such"_s));
+    EXPECT_TRUE(parseScenario("{\"steps\": []}"));
 }

@@ -35,21 +35,20 @@ protected:
         document->setEnding(ending);
         return document;
     }
-    /// A document of that number and state, as its file holds it.
+    /// A document that is saved in the file for its state.
     QSharedPointer<Document> saved(int number, State state = State::Open) const
     {
         auto unsaved = document(number, state);
-        EXPECT_TRUE(archive.save(unsaved));
+        EXPECT_TRUE(archive.saveOrShow(unsaved));
         return unsaved;
     }
-    /// A closed cancelling document, or one with another end.
-    QSharedPointer<Document> returnSale(const Document& sale, int number, State state) const
+    /// A return of the sale, saved unless it is open.
+    QSharedPointer<Document> returnOf(const Document& sale, int number, State state) const
     {
-        auto taker = Document::returnOf(sale, number, sale.getOpened());
-        taker->setEnding({.state = state, .finished = sale.getOpened()});
-        const bool isSaved = state == State::Open || archive.save(taker);
-        EXPECT_TRUE(isSaved);
-        return taker;
+        auto returned = Document::returnOf(sale, number, sale.getOpened());
+        returned->setEnding({.state = state, .finished = sale.getOpened()});
+        EXPECT_TRUE(state == State::Open || archive.saveOrShow(returned));
+        return returned;
     }
     void write(const QString& file, const QByteArray& content) const
     {
@@ -88,25 +87,26 @@ protected:
     DocumentArchive archive{folder.path()};
 };
 
-TEST_F(DocumentArchiveTest, moved_standsInItsNewPlaceAlone)
+TEST_F(DocumentArchiveTest, moved_isInItsNewPlaceOnly)
 {
     const auto document = saved(3);
     EXPECT_EQ(files(), QStringList{openFile});
-    EXPECT_TRUE(archive.move(document, {.state = State::Suspended}));
+    EXPECT_TRUE(archive.moveOrShow(document, {.state = State::Suspended}));
     EXPECT_EQ(files(), QStringList{suspendedFile});
-    EXPECT_TRUE(archive.move(document, {.state = State::Open}));
+    EXPECT_TRUE(archive.moveOrShow(document, {.state = State::Open}));
     EXPECT_EQ(files(), QStringList{openFile});
     const QDateTime time({2024, 2, 29}, {13, 0});
-    EXPECT_TRUE(archive.move(document, {.state = State::Closed, .finished = time, .payments = {Payment::cash(700)}}));
+    EXPECT_TRUE(
+        archive.moveOrShow(document, {.state = State::Closed, .finished = time, .payments = {Payment::cash(700)}}));
     EXPECT_EQ(files(), QStringList{finishedFile});
     EXPECT_EQ(archive.find(3)->toJson(), document->toJson());
     EXPECT_EQ(archive.find(3)->getReceived(), 700);
-    EXPECT_TRUE(archive.move(document, {.state = State::Voided, .finished = time, .voided = time}));
+    EXPECT_TRUE(archive.moveOrShow(document, {.state = State::Voided, .finished = time, .voided = time}));
     EXPECT_EQ(files(), QStringList{finishedFile}) << "the place is the same";
     EXPECT_EQ(archive.find(3)->getState(), State::Voided);
 }
 
-TEST_F(DocumentArchiveTest, newFileIsSavedBeforeTheFormerIsRemoved)
+TEST_F(DocumentArchiveTest, moved_newFileIsSavedBeforeTheFormerIsRemoved)
 {
     const auto document = saved(3);
     SavingDouble saving;
@@ -114,11 +114,11 @@ TEST_F(DocumentArchiveTest, newFileIsSavedBeforeTheFormerIsRemoved)
         EXPECT_EQ(files(), QStringList{openFile});
         return write();
     };
-    EXPECT_TRUE(archive.move(document, {.state = State::Suspended}));
+    EXPECT_TRUE(archive.moveOrShow(document, {.state = State::Suspended}));
     EXPECT_EQ(saving.files, QStringList{suspendedFile});
 }
 
-TEST_F(DocumentArchiveTest, moveThatCannotBeSaved_leavesDocumentAndFiles)
+TEST_F(DocumentArchiveTest, moveThatCannotBeSaved_changesNeitherDocumentNorFiles)
 {
     for (const bool isWritten : {false, true}) {
         const auto document = saved(3);
@@ -128,19 +128,19 @@ TEST_F(DocumentArchiveTest, moveThatCannotBeSaved_leavesDocumentAndFiles)
             EXPECT_TRUE(!isWritten || write());
             return false;
         };
-        EXPECT_FALSE(archive.move(
+        EXPECT_FALSE(archive.moveOrShow(
             document, {.state = State::Closed, .finished = document->getOpened(), .payments = {Payment::cash(5)}}));
         EXPECT_EQ(document->toJson(), before);
         EXPECT_EQ(files(), QStringList{openFile});
     }
 }
 
-TEST_F(DocumentArchiveTest, voidingOfAClosedSaleThatCannotBeSaved_leavesItsFile)
+TEST_F(DocumentArchiveTest, voidedSaleThatCannotBeSaved_staysClosedInItsFile)
 {
     const auto document = saved(3, State::Closed);
     SavingDouble saving;
     saving.failAll();
-    EXPECT_FALSE(archive.move(
+    EXPECT_FALSE(archive.moveOrShow(
         document, {.state = State::Voided, .finished = document->getOpened(), .voided = document->getOpened()}));
     EXPECT_EQ(document->getState(), State::Closed);
     EXPECT_EQ(archive.find(3)->getState(), State::Closed);
@@ -165,7 +165,7 @@ TEST_F(DocumentArchiveTest, openDocument_isNotFound)
     EXPECT_TRUE(archive.latest(10).isEmpty());
 }
 
-TEST_F(DocumentArchiveTest, damagedFile_isLoggedAndPassedOver)
+TEST_F(DocumentArchiveTest, damagedFile_isLoggedAndLeftOut)
 {
     saved(2, State::Closed);
     write(finishedFile, "{\"format\": 1, ");
@@ -176,10 +176,10 @@ TEST_F(DocumentArchiveTest, damagedFile_isLoggedAndPassedOver)
     EXPECT_EQ(log.lines().filter(u"ERROR register A saved document cannot be read: "_s).size(), 3)
         << qPrintable(log.text());
     EXPECT_TRUE(log.text().contains(finishedFile)) << qPrintable(log.text());
-    EXPECT_EQ(archive.greatestNumber(), 3) << "its number was given all the same";
+    EXPECT_EQ(archive.greatestNumber(), 3) << "its number is in use";
 }
 
-TEST_F(DocumentArchiveTest, copyUnderAnotherNumber_isPassedOverAndNotSavedOverTheOriginal)
+TEST_F(DocumentArchiveTest, copyUnderAnotherNumber_isLeftOut)
 {
     saved(2, State::Closed);
     ASSERT_TRUE(QFile::copy(folder.filePath(u"finished/00000002.json"_s), folder.filePath(finishedFile)));
@@ -187,7 +187,7 @@ TEST_F(DocumentArchiveTest, copyUnderAnotherNumber_isPassedOverAndNotSavedOverTh
     EXPECT_EQ(numbers(archive.latest(10)), QList<int>{2});
 }
 
-TEST_F(DocumentArchiveTest, finishedDocumentInTheOpenOnesFile_leavesTheFinishedOne)
+TEST_F(DocumentArchiveTest, finishedDocumentInTheFileOfTheOpenOne_onlyTheFinishedFileStays)
 {
     const auto document = saved(3, State::Closed);
     write(openFile, QJsonDocument(document->toJson()).toJson());
@@ -195,7 +195,7 @@ TEST_F(DocumentArchiveTest, finishedDocumentInTheOpenOnesFile_leavesTheFinishedO
     EXPECT_EQ(files(), QStringList{finishedFile});
 }
 
-TEST_F(DocumentArchiveTest, latest_areAllSuspendedAndSoManyFinishedTheLatestFirst)
+TEST_F(DocumentArchiveTest, latest_areAllSuspendedAndTheLastFinishedOnesLatestFirst)
 {
     for (const int number : {1, 4, 6, 7, 10}) {
         saved(number, State::Closed);
@@ -209,7 +209,7 @@ TEST_F(DocumentArchiveTest, latest_areAllSuspendedAndSoManyFinishedTheLatestFirs
     EXPECT_EQ(archive.greatestNumber(), 10);
 }
 
-TEST_F(DocumentArchiveTest, filesOfOtherNames_arePassedOver)
+TEST_F(DocumentArchiveTest, filesOfOtherNames_areLeftOut)
 {
     for (const char* name :
          {"7.json", "x0000007.json", "00000007.json.tmp", "00000000.json", "-0000007.json", ".json"}) {
@@ -221,31 +221,28 @@ TEST_F(DocumentArchiveTest, filesOfOtherNames_arePassedOver)
     EXPECT_TRUE(log.lines().isEmpty()) << qPrintable(log.text());
 }
 
-TEST_F(DocumentArchiveTest, sale_isReturnedByAClosedOrTheOpenDocumentAlone)
+TEST_F(DocumentArchiveTest, sale_isReturnedOnlyByAClosedOrTheOpenReturn)
 {
     const auto sale = saved(3, State::Closed);
-    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "nobody tried";
+    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "no return was begun";
     sale->setReturnedBy(9);
-    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "it came to no document";
+    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "the return was never saved";
 
-    const auto open = returnSale(*sale, 9, State::Open);
+    const auto open = returnOf(*sale, 9, State::Open);
     EXPECT_TRUE(archive.isReturned(*sale, open));
-    EXPECT_FALSE(archive.isReturned(*sale, returnSale(*sale, 10, State::Open))) << "another document is open";
-    EXPECT_FALSE(archive.isReturned(*sale, document(9))) << "the open document of that number is a sale";
+    EXPECT_FALSE(archive.isReturned(*sale, returnOf(*sale, 10, State::Open))) << "another return is open";
+    EXPECT_FALSE(archive.isReturned(*sale, document(9))) << "the open document with that number is a sale";
 
-    returnSale(*sale, 9, State::Cancelled);
-    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "the document was given up";
-    returnSale(*document(4), 9, State::Closed);
-    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "the document takes another sale back";
-    returnSale(*sale, 9, State::Closed);
+    returnOf(*sale, 9, State::Cancelled);
+    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "the return was cancelled";
+    returnOf(*document(4), 9, State::Closed);
+    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "another sale was returned";
+    returnOf(*sale, 9, State::Closed);
     EXPECT_TRUE(archive.isReturned(*sale, nullptr));
     EXPECT_TRUE(archive.isReturned(*sale, document(10)));
 
-    QFile taker(folder.filePath(u"finished/00000009.json"_s));
-    ASSERT_TRUE(taker.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    taker.write("{");
-    taker.close();
-    EXPECT_TRUE(archive.isReturned(*sale, nullptr)) << "damaged: nobody can tell that it was given up";
+    write(u"finished/00000009.json"_s, "{");
+    EXPECT_TRUE(archive.isReturned(*sale, nullptr)) << "damaged: the money may have been paid out";
 }
 
 TEST_F(DocumentArchiveTest, closingInterrupted_openCopyIsRemoved)
@@ -256,7 +253,7 @@ TEST_F(DocumentArchiveTest, closingInterrupted_openCopyIsRemoved)
     EXPECT_EQ(files(), QStringList{finishedFile});
 }
 
-TEST_F(DocumentArchiveTest, puttingAsideOrResumingInterrupted_suspendedCopyIsRemoved)
+TEST_F(DocumentArchiveTest, suspendingOrResumingInterrupted_suspendedCopyIsRemoved)
 {
     const auto document = saved(3);
     saved(3, State::Suspended);
@@ -286,7 +283,7 @@ TEST_F(DocumentArchiveTest, nothingInterrupted_everythingStays)
     EXPECT_EQ(files(), before);
 }
 
-TEST_F(DocumentArchiveTest, finishedCopyIsDamaged_theOtherCopyStays)
+TEST_F(DocumentArchiveTest, finishedCopyDamaged_theOtherCopyStays)
 {
     write(finishedFile, "half");
     saved(3, State::Suspended);

@@ -46,8 +46,8 @@ protected:
 TEST_F(OpenDocumentFileTest, nothingSaved_nothingLoaded)
 {
     const auto loaded = OpenDocumentFile(folder.path()).load();
-    EXPECT_FALSE(loaded.document);
-    EXPECT_TRUE(loaded.damage.isEmpty());
+    ASSERT_TRUE(loaded);
+    EXPECT_FALSE(*loaded);
 }
 
 TEST_F(OpenDocumentFileTest, savedDocument_isLoadedAndItsFileStays)
@@ -55,10 +55,10 @@ TEST_F(OpenDocumentFileTest, savedDocument_isLoadedAndItsFileStays)
     const OpenDocumentFile store(folder.path());
     const auto document = QSharedPointer<Document>::create(3, QDateTime({2024, 1, 1}, {8, 0}));
     document->add({}, {});
-    ASSERT_TRUE(store.save(document));
+    ASSERT_TRUE(store.saveOrShow(document));
     const auto loaded = store.load();
-    ASSERT_TRUE(loaded.document);
-    EXPECT_EQ(loaded.document->toJson(), document->toJson());
+    ASSERT_TRUE(loaded && *loaded);
+    EXPECT_EQ((*loaded)->toJson(), document->toJson());
     EXPECT_TRUE(QFile::exists(path(u"receipt.json"_s)));
 }
 
@@ -67,36 +67,37 @@ TEST_F(OpenDocumentFileTest, damagedFile_isSetAsideByteForByte)
     const QByteArray half("{\"format\": 1, \"posi");
     write(path(u"receipt.json"_s), half);
     const auto loaded = OpenDocumentFile(folder.path()).load();
-    EXPECT_FALSE(loaded.document);
-    EXPECT_FALSE(loaded.damage.isEmpty());
-    EXPECT_EQ(loaded.setAside, path(u"receipt.json.damaged-20240229-120000"_s));
-    EXPECT_EQ(read(loaded.setAside), half);
-    EXPECT_FALSE(loaded.isInTheWay());
+    ASSERT_FALSE(loaded);
+    EXPECT_FALSE(loaded.failure().failure.text.ui().isEmpty());
+    EXPECT_FALSE(loaded.failure().failure.detail.isEmpty());
+    EXPECT_EQ(loaded.failure().setAside, path(u"receipt.json.damaged-20240229-120000"_s));
+    EXPECT_EQ(read(loaded.failure().setAside), half);
+    EXPECT_FALSE(loaded.failure().isInTheWay());
     EXPECT_FALSE(QFile::exists(path(u"receipt.json"_s)));
 }
 
-TEST_F(OpenDocumentFileTest, secondDamagedFileInOneSecond_doesNotOverwriteTheFirst)
+TEST_F(OpenDocumentFileTest, twoDamagedFilesInOneSecond_bothAreKept)
 {
     write(path(u"receipt.json"_s), "first");
     const auto first = OpenDocumentFile(folder.path()).load();
     write(path(u"receipt.json"_s), "second");
     const auto second = OpenDocumentFile(folder.path()).load();
-    EXPECT_NE(first.setAside, second.setAside);
-    EXPECT_EQ(read(first.setAside), "first");
-    EXPECT_EQ(read(second.setAside), "second");
+    EXPECT_NE(first.failure().setAside, second.failure().setAside);
+    EXPECT_EQ(read(first.failure().setAside), "first");
+    EXPECT_EQ(read(second.failure().setAside), "second");
 }
 
-TEST_F(OpenDocumentFileTest, damagedFileThatCannotBeRenamed_isInTheWayAndStaysAsItIs)
+TEST_F(OpenDocumentFileTest, damagedFileThatCannotBeRenamed_isInTheWayAndUnchanged)
 {
     const QString deep = deepFolder(folder.path());
     ASSERT_TRUE(QDir().mkpath(deep));
     const OpenDocumentFile store(deep);
     write(store.file(), "half");
     const auto loaded = store.load();
-    EXPECT_FALSE(loaded.document);
-    EXPECT_FALSE(loaded.damage.isEmpty());
-    EXPECT_TRUE(loaded.setAside.isEmpty());
-    EXPECT_TRUE(loaded.isInTheWay());
+    ASSERT_FALSE(loaded);
+    EXPECT_FALSE(loaded.failure().failure.detail.isEmpty());
+    EXPECT_TRUE(loaded.failure().setAside.isEmpty());
+    EXPECT_TRUE(loaded.failure().isInTheWay());
     EXPECT_EQ(read(store.file()), "half");
 }
 
@@ -105,18 +106,19 @@ TEST_F(OpenDocumentFileTest, jsonOfAnotherKind_isDamage)
     for (const QByteArray content : {"", "[]", "null", "{}", "\xff\xfe", "{\"format\":1,\"type\":1}"}) {
         write(path(u"receipt.json"_s), content);
         const auto loaded = OpenDocumentFile(folder.path()).load();
-        EXPECT_FALSE(loaded.document) << content.constData();
-        EXPECT_FALSE(loaded.damage.isEmpty()) << content.constData();
-        EXPECT_EQ(read(loaded.setAside), content);
+        ASSERT_FALSE(loaded) << content.constData();
+        EXPECT_FALSE(loaded.failure().failure.text.ui().isEmpty()) << content.constData();
+        EXPECT_FALSE(loaded.failure().failure.detail.isEmpty()) << content.constData();
+        EXPECT_EQ(read(loaded.failure().setAside), content);
     }
 }
 
-TEST_F(OpenDocumentFileTest, folderInTheFilesPlace_isDamage)
+TEST_F(OpenDocumentFileTest, folderInPlaceOfTheFile_isDamage)
 {
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"receipt.json"_s));
     const auto loaded = OpenDocumentFile(folder.path()).load();
-    EXPECT_FALSE(loaded.document);
-    EXPECT_FALSE(loaded.damage.isEmpty());
+    ASSERT_FALSE(loaded);
+    EXPECT_FALSE(loaded.failure().failure.detail.isEmpty());
 }
 
 TEST_F(OpenDocumentFileTest, numbers_countOnAcrossRestarts)
@@ -129,7 +131,7 @@ TEST_F(OpenDocumentFileTest, numbers_countOnAcrossRestarts)
     EXPECT_EQ(DocumentNumbers(folder.path()).next(), 12);
 }
 
-TEST_F(OpenDocumentFileTest, numbersFileDamaged_countingBeginsAnew)
+TEST_F(OpenDocumentFileTest, numbersFileDamaged_countingBeginsAtOne)
 {
     for (const QByteArray content : {"", "abc", "-5"}) {
         write(path(u"lastreceiptnumber"_s), content);

@@ -28,7 +28,7 @@ DocumentTableModel::Pointer sale(int number, Document::State state)
     return document;
 }
 
-DocumentTableModel::Pointer returnSale(int number, Document::State state)
+DocumentTableModel::Pointer returnOf(int number, Document::State state)
 {
     const auto document = Document::returnOf(*sale(7, Document::State::Closed), number, opened);
     document->setEnding({.state = state, .finished = finished});
@@ -93,14 +93,14 @@ TEST_P(DocumentWord, showsTheStateInWordsAndColour)
 INSTANTIATE_TEST_SUITE_P(
     , DocumentWord,
     ::testing::Values(
-        Word{"putAside", sale(1, Document::State::Suspended), false, "Отложен", QColor(0x8a, 0x5a, 0)},
+        Word{"suspended", sale(1, Document::State::Suspended), false, "Отложен", QColor(0x8a, 0x5a, 0)},
         Word{"sale", sale(1, Document::State::Closed), false, "Продажа", {}},
         Word{"takenBack", sale(1, Document::State::Closed), true, "Продажа, возвращена документом № 9", {}},
-        Word{"takeBack", returnSale(9, Document::State::Closed), false, "Возврат чека № 7", {}},
+        Word{"return", returnOf(9, Document::State::Closed), false, "Возврат чека № 7", {}},
         Word{"cancelled", sale(1, Document::State::Cancelled), false, "Отменён", RegisterColours().mutedText},
-        Word{"takeBackCancelled", returnSale(9, Document::State::Cancelled), false, "Возврат отменён",
+        Word{"returnCancelled", returnOf(9, Document::State::Cancelled), false, "Возврат отменён",
              RegisterColours().mutedText},
-        Word{"annulled", sale(1, Document::State::Voided), false, "Аннулирован", RegisterColours().mutedText}),
+        Word{"voided", sale(1, Document::State::Voided), false, "Аннулирован", RegisterColours().mutedText}),
     [](const auto& instance) { return std::string(instance.param.name); });
 
 TEST_F(DocumentTableModelTest, suspended_showsWhenItWasOpened)
@@ -115,9 +115,9 @@ TEST_F(DocumentTableModelTest, voided_showsWhenAndWhatItWasBefore)
     const QDateTime voided(QDate(2026, 3, 4), QTime(18, 40));
     const auto closed = sale(3, Document::State::Closed);
     closed->setEnding({.state = Document::State::Voided, .finished = finished, .voided = voided});
-    const auto suspend = sale(2, Document::State::Suspended);
-    suspend->setEnding({.state = Document::State::Voided, .finished = voided, .voided = voided});
-    show({closed, suspend});
+    const auto suspended = sale(2, Document::State::Suspended);
+    suspended->setEnding({.state = Document::State::Voided, .finished = voided, .voided = voided});
+    show({closed, suspended});
     const auto shown = [this](int row) {
         return model.index(row, DocumentTableModel::Time).data(Qt::ToolTipRole).toString();
     };
@@ -125,7 +125,7 @@ TEST_F(DocumentTableModelTest, voided_showsWhenAndWhatItWasBefore)
     EXPECT_EQ(shown(1), u"Открыт 02.03.2026 09:05, аннулирован 04.03.2026 18:40"_s);
 }
 
-TEST_F(DocumentTableModelTest, shownAnew_rowsAreFoundByNumber)
+TEST_F(DocumentTableModelTest, otherDocumentsShown_rowsAreFoundByNumber)
 {
     show({sale(9, Document::State::Closed), sale(7, Document::State::Closed)});
     EXPECT_EQ(model.rowOf(7), 1);
@@ -136,7 +136,7 @@ TEST_F(DocumentTableModelTest, shownAnew_rowsAreFoundByNumber)
     EXPECT_EQ(model.rowOf(7), -1);
 }
 
-TEST_F(DocumentTableModelTest, everyColumnThatIsShown_hasACaption)
+TEST_F(DocumentTableModelTest, everyVisibleColumn_hasACaption)
 {
     for (int column = 0; column < DocumentTableModel::SearchText; ++column) {
         EXPECT_FALSE(model.headerData(column, Qt::Horizontal).toString().isEmpty()) << column;

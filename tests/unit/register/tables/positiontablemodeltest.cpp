@@ -41,7 +41,7 @@ protected:
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
-TEST_F(PositionTableModelTest, plainPosition_showsWhatStandsOnTheDocument)
+TEST_F(PositionTableModelTest, positionWithoutMark_showsItsValues)
 {
     add(1234.5, 2);
     model.refresh(document);
@@ -57,7 +57,7 @@ TEST_F(PositionTableModelTest, plainPosition_showsWhatStandsOnTheDocument)
     EXPECT_EQ(text(0, PositionTableModel::State), QString());
 }
 
-TEST_F(PositionTableModelTest, markedAndCheapened_showsMarkStateAndBothPrices)
+TEST_F(PositionTableModelTest, markedPositionWithLowerPrice_showsMarkStateAndBothPrices)
 {
     const auto position = add(10, 1);
     position->setTag(u"paper"_s);
@@ -72,7 +72,7 @@ TEST_F(PositionTableModelTest, markedAndCheapened_showsMarkStateAndBothPrices)
               QColor(0x8a, 0x5a, 0));
 }
 
-TEST_F(PositionTableModelTest, toolTipOfTheRow_tellsTheReceiptLinesAsPlainText)
+TEST_F(PositionTableModelTest, toolTip_showsTheReceiptLinesAsPlainText)
 {
     const auto position = add(10, 1);
     position->setTag(u"paper"_s);
@@ -104,7 +104,7 @@ TEST_F(PositionTableModelTest, positionsChangeInPlace_noReset)
     EXPECT_EQ(text(0, PositionTableModel::Price), u"1,00"_s);
 }
 
-TEST_F(PositionTableModelTest, positionsComeAndGo_rowsKeepTheirNumbers)
+TEST_F(PositionTableModelTest, positionsAddedAndRemoved_rowsHaveTheRightNumbers)
 {
     add(1, 1);
     add(2, 1);

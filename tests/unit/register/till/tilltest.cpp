@@ -89,7 +89,7 @@ TEST_F(TillTest, recalculation_reachesTheScreens)
     till->add(article(amoxidar));
     int changes = 0;
     QObject::connect(till.get(), &Till::changed, [&changes] { ++changes; });
-    loyalty.object.recalculate(till->document());
+    Singleton<LoyaltySystemLayer>::get()->recalculate(till->document());
     EXPECT_EQ(changes, 1);
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a screen reader tells of the register's forms, in touch mode and without.
+// The accessible names of the register's forms, which a screen reader speaks, with and without touch mode.
 #include "accessiblenames.h"
 #include "documentlistform.h"
 #include "goodsselectionform.h"
@@ -21,7 +21,7 @@ protected:
         config.set(u"FunctionKeys:keys"_s, u"newReceiptKey,goodsKey,menuKey,paymentKey"_s);
     }
 
-    /// Shows the form as the register does.
+    /// Shows the form like the register does.
     static const QWidget& shown(BasicForm& form)
     {
         form.rootWidget()->show();
@@ -34,7 +34,7 @@ protected:
         EXPECT_NE(found, nullptr) << widget;
         return found ? found->accessibleName() : QString();
     }
-    /// Scroll buttons are there in touch mode alone.
+    /// Scroll buttons exist only in touch mode.
     static void expectNamedScrollButtons(const QWidget& form)
     {
         if (!GetParam()) {
@@ -49,14 +49,14 @@ protected:
 
 } // namespace
 
-TEST_P(RegisterAccessibleNames, goodsSelection_everyControlHasOneAndTheScrollButtonsSayWhereTo)
+TEST_P(RegisterAccessibleNames, goodsSelection_everyControlHasOneAndTheScrollButtonsNameTheDirection)
 {
     GoodsSelectionForm form({catalogue.goodsOf({}), {}, {}});
     EXPECT_EQ(controlsWithoutName(shown(form)), "");
     expectNamedScrollButtons(*form.rootWidget());
 }
 
-TEST_P(RegisterAccessibleNames, documentList_everyControlHasOneAndTheScrollButtonsSayWhereTo)
+TEST_P(RegisterAccessibleNames, documentList_everyControlHasOneAndTheScrollButtonsNameTheDirection)
 {
     DocumentListParams params;
     params.documents = [] { return QList<DocumentListParams::Pointer>(); };
@@ -83,7 +83,7 @@ TEST_P(RegisterAccessibleNames, question_everyControlHasOne)
     EXPECT_EQ(controlsWithoutName(shown(form)), "");
 }
 
-/// With the sales screen, the function keys, the payment and the lock.
+/// The window with the sales screen, the function keys, the payment panel and the lock screen.
 TEST_P(RegisterAccessibleNames, window_everyControlHasOne)
 {
     openWindow(u"1"_s);

@@ -41,7 +41,7 @@ TEST_F(BusyScreenTest, started_theInputBelowHasNoFocusUntilItStops)
     EXPECT_EQ(QApplication::focusWidget(), input.get());
 }
 
-TEST_F(BusyScreenTest, focusTakenByAnotherMeanwhile_staysThere)
+TEST_F(BusyScreenTest, focusTakenDuringTheWork_staysThere)
 {
     screen.start(u"x"_s);
     other.setFocus();
@@ -49,7 +49,7 @@ TEST_F(BusyScreenTest, focusTakenByAnotherMeanwhile_staysThere)
     EXPECT_EQ(QApplication::focusWidget(), &other);
 }
 
-TEST_F(BusyScreenTest, inputGoneMeanwhile_stopsAllTheSame)
+TEST_F(BusyScreenTest, inputDeletedDuringTheWork_stopsWithoutIt)
 {
     screen.start(u"x"_s);
     input.reset();

@@ -14,7 +14,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// The screens that the register is made for, each by keys and by touch.
+/// The screens that the register is made for, each with and without touch mode.
 class FunctionKeyBarTest : public ::testing::TestWithParam<std::tuple<QSize, bool>>
 {
 protected:
@@ -68,7 +68,7 @@ protected:
     Configured config;
 };
 
-TEST_P(FunctionKeyBarTest, nineKeys_standInOneRowWithNothingCut)
+TEST_P(FunctionKeyBarTest, nineKeys_fitIntoOneRowWithNothingCutOff)
 {
     FunctionKeyBar bar(configuredFunctionKeys(*Singleton<Config>::get()));
     show(bar);
@@ -83,7 +83,7 @@ TEST_P(FunctionKeyBarTest, nineKeys_standInOneRowWithNothingCut)
     }
 }
 
-TEST_P(FunctionKeyBarTest, moreThanARowHolds_standInTwoAboutEquallyFilled)
+TEST_P(FunctionKeyBarTest, moreKeysThanFitIntoARow_areInTwoRowsOfSimilarLength)
 {
     config.set(u"FunctionKey.foreignKey:text"_s,
                u"Электронный рецепт по карте покупателя из другой области, с доверенностью"_s);

@@ -40,7 +40,7 @@ private:
     const QLabel& label() const { return *screen.findChild<QLabel*>(u"lockHintLabel"_s); }
 };
 
-TEST_F(LockScreenTest, wrongCode_isShownInTheColourOfErrors)
+TEST_F(LockScreenTest, wrongCode_isShownAsAnError)
 {
     screen.lock();
     EXPECT_EQ(hint(), u"Введите код кассира"_s);
@@ -51,7 +51,7 @@ TEST_F(LockScreenTest, wrongCode_isShownInTheColourOfErrors)
     EXPECT_TRUE(screen.isVisible());
 }
 
-TEST_F(LockScreenTest, lockedAgainAfterAWrongCode_asksAsAtFirst)
+TEST_F(LockScreenTest, lockedAgainAfterAWrongCode_showsTheFirstHint)
 {
     screen.lock();
     const QColor asked = hintColour();

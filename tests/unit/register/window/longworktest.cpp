@@ -21,7 +21,7 @@ const Event end(EActivityListener::LongWorkEnds);
 
 } // namespace
 
-TEST(LongWork, nested_runsUntilTheOuterEndsAndShowsTheInnerOne)
+TEST(LongWork, nested_runsUntilTheOuterEndsWithTheMessageOfTheInner)
 {
     LongWork work;
     const QSignalSpy running(&work, &LongWork::running);
@@ -39,7 +39,7 @@ TEST(LongWork, nested_runsUntilTheOuterEndsAndShowsTheInnerOne)
     EXPECT_EQ(running.at(2).first().toString(), u"outer"_s);
 }
 
-TEST(LongWork, endWithoutABeginning_isPassedOver)
+TEST(LongWork, endWithoutABeginning_isIgnored)
 {
     LongWork work;
     const QSignalSpy ended(&work, &LongWork::ended);
@@ -49,14 +49,14 @@ TEST(LongWork, endWithoutABeginning_isPassedOver)
     EXPECT_EQ(ended.size(), 0);
 }
 
-TEST(LongWork, withoutAMessage_runsAllTheSame)
+TEST(LongWork, noMessage_runs)
 {
     LongWork work;
     work.handleEvent(Event(EActivityListener::LongWorkBegins));
     EXPECT_TRUE(work.isRunning());
 }
 
-TEST(LongWork, otherEvents_areNoWork)
+TEST(LongWork, otherEvents_areIgnored)
 {
     LongWork work;
     work.handleEvent(Event(EActivityListener::DocumentOpened));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Subtotal and payment in the register's window.
+#include "actionhost.h"
 #include "dialogdouble.h"
 #include "finally.h"
 #include "registeraction.h"
@@ -387,7 +388,7 @@ TEST_F(PaymentTest, keysWhileAnActionRuns_doNothing)
 {
     openWindow();
     const QSharedPointer<Document> document = till->document();
-    controller.object.setHostHandler(control::EActionType(5000), [this](control::Action&) {
+    controller.object.host().setHandler(control::EActionType(5000), [this](control::Action&) {
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_F6}) {
             press(key);
         }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "registerwindow.h"
+#include "actionhost.h"
 #include "dialog.h"
 #include "inputblocker.h"
 #include "windowfixture.h"
@@ -26,7 +27,7 @@ protected:
     }
 };
 
-TEST_F(WindowTest, barcodeTypedAndReturn_putsTheGoodsOnTheDocument)
+TEST_F(WindowTest, barcodeTypedAndReturnKey_addsTheGoods)
 {
     openWindow();
     EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
@@ -41,7 +42,7 @@ TEST_F(WindowTest, barcodeTypedAndReturn_putsTheGoodsOnTheDocument)
     EXPECT_TRUE(widget<QLineEdit>("searchLineEdit")->text().isEmpty());
 }
 
-TEST_F(WindowTest, returnOnTheEmptySearch_doesNothing)
+TEST_F(WindowTest, returnKeyInTheEmptySearch_doesNothing)
 {
     openWindow();
     press(Qt::Key_Return);
@@ -74,7 +75,7 @@ TEST_F(WindowTest, positionChangedInPlace_theCurrentRowStays)
     EXPECT_EQ(widget<QTableView>("receiptTable")->currentIndex().row(), 0);
 }
 
-TEST_F(WindowTest, positionRemoved_theOneThatTookItsPlaceIsCurrentElseTheNewLast)
+TEST_F(WindowTest, positionRemoved_theNextOneIsCurrentOrTheNewLast)
 {
     openWindow();
     for (int i = 0; i < 4; ++i) {
@@ -89,7 +90,7 @@ TEST_F(WindowTest, positionRemoved_theOneThatTookItsPlaceIsCurrentElseTheNewLast
     EXPECT_EQ(table->currentIndex().row(), 1) << "the new last";
 }
 
-TEST_F(WindowTest, longDocument_theCurrentPositionIsWholeInSight)
+TEST_F(WindowTest, longDocument_theCurrentPositionIsFullyVisible)
 {
     openWindow();
     const auto* table = widget<QTableView>("receiptTable");
@@ -115,7 +116,7 @@ TEST_F(WindowTest, longDocument_theCurrentPositionIsWholeInSight)
     expectInSight("removed");
 }
 
-TEST_F(WindowTest, documentVoided_theStatusLineShowsWhatToGiveBack)
+TEST_F(WindowTest, documentVoided_theStatusLineShowsTheAmountToPayOut)
 {
     openWindow();
     const auto* status = widget<QLabel>("statusMessageLabel");
@@ -129,7 +130,7 @@ TEST_F(WindowTest, documentVoided_theStatusLineShowsWhatToGiveBack)
     EXPECT_EQ(status->text(), u"Отложенный чек № 2 аннулирован"_s);
 }
 
-TEST_F(WindowTest, functionKey_hasItsShortcutWrittenOnItAndDoesItsAction)
+TEST_F(WindowTest, functionKey_showsItsShortcutAndStartsItsAction)
 {
     openWindow();
     EXPECT_EQ(widget<QPushButton>("newReceiptKey")->text(), u"F2\nНовый чек"_s);
@@ -137,7 +138,7 @@ TEST_F(WindowTest, functionKey_hasItsShortcutWrittenOnItAndDoesItsAction)
     ASSERT_TRUE(QTest::qWaitFor([this] { return !till->document().isNull(); }));
 }
 
-TEST_F(WindowTest, functionKeyTouched_doesItsActionWithArgumentsAndPosition)
+TEST_F(WindowTest, functionKeyClicked_startsItsActionWithArgumentsAndPosition)
 {
     openWindow();
     till->add(article(amoxidar));
@@ -148,7 +149,7 @@ TEST_F(WindowTest, functionKeyTouched_doesItsActionWithArgumentsAndPosition)
     EXPECT_EQ(given, (QVariantMap{{u"status"_s, u"active"_s}, {u"positionNumber"_s, 1}}));
 }
 
-TEST_F(WindowTest, functionKeyThatNobodyServes_saysWhy)
+TEST_F(WindowTest, functionKeyWithoutHandler_showsWhy)
 {
     openWindow();
     QString said;
@@ -168,7 +169,7 @@ TEST_F(WindowTest, functionKeyThatNobodyServes_saysWhy)
     EXPECT_TRUE(said.startsWith(u"«Скидка» сейчас недоступно: нет подключённого модуля"_s)) << qPrintable(said);
 }
 
-TEST_F(WindowTest, formShown_fillsTheWindowAndLeavesTheFocusWhereItWas)
+TEST_F(WindowTest, formShown_fillsTheWindowAndTheFocusReturnsAfterwards)
 {
     openWindow();
     bool filled = false;
@@ -187,7 +188,7 @@ TEST_F(WindowTest, formShown_fillsTheWindowAndLeavesTheFocusWhereItWas)
     EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
 }
 
-TEST_F(WindowTest, dialogShown_theScreenBelowIsSeenButTakesNoInput)
+TEST_F(WindowTest, dialogShown_theScreenBelowIsVisibleButTakesNoInput)
 {
     openWindow();
     bool seen = false;
@@ -229,7 +230,7 @@ TEST_F(WindowTest, longWork_isAnimated)
     end();
 }
 
-TEST_F(WindowTest, messageDuringLongWork_takesInputAndHidesTheBusyScreenSoLong)
+TEST_F(WindowTest, messageDuringLongWork_takesInputAndHidesTheBusyScreenUntilClosed)
 {
     openWindow();
     begin("x");
@@ -251,7 +252,7 @@ TEST_F(WindowTest, messageDuringLongWork_takesInputAndHidesTheBusyScreenSoLong)
     EXPECT_FALSE(isSeen("busyScreen"));
 }
 
-TEST_F(WindowTest, longWorkEndedUnderAMessage_doesNotComeBack)
+TEST_F(WindowTest, longWorkEndedBelowAMessage_theBusyScreenDoesNotComeBack)
 {
     openWindow();
     begin("x");
@@ -264,7 +265,7 @@ TEST_F(WindowTest, longWorkEndedUnderAMessage_doesNotComeBack)
     EXPECT_FALSE(isSeen("busyScreen"));
 }
 
-TEST_F(WindowTest, longWorkBegunOverAForm_coversIt)
+TEST_F(WindowTest, longWorkBegunOverAForm_coversTheForm)
 {
     openWindow();
     bool isBusySeen = false;
@@ -283,18 +284,18 @@ TEST_F(WindowTest, longWorkBegunOverAForm_coversIt)
     EXPECT_TRUE(isBusySeen);
 }
 
-TEST_F(WindowTest, closedWithoutForms_closesAtOnce)
+TEST_F(WindowTest, closedWithoutForms_closesImmediately)
 {
     openWindow();
     EXPECT_TRUE(window->close());
 }
 
-TEST_F(WindowTest, closedWhileACommandGoesOnAskingBackwards_everyFormIsCancelledFirst)
+TEST_F(WindowTest, closedWhileACommandShowsFormAfterForm_everyFormIsCancelledFirst)
 {
     openWindow();
     int asked = 0;
-    controller.object.setHostHandler(control::EActionType(5000), [&](control::Action&) {
-        while (asked < 3) { // goes back to the form before whenever one is cancelled
+    controller.object.host().setHandler(control::EActionType(5000), [&](control::Action&) {
+        while (asked < 3) { // each cancelled form brings back the one before it
             ++asked;
             TextInputParams params;
             if (!Dialog::create()->showTextInput(params).canceled()) {
@@ -356,7 +357,7 @@ TEST_F(WindowTest, lockedWithACode_onlyTheCodeUnlocks)
     EXPECT_FALSE(isSeen("lockScreen"));
 }
 
-TEST_F(WindowTest, nameOfTenThousandCharacters_widensNothing)
+TEST_F(WindowTest, nameOfTenThousandCharacters_doesNotWidenTheWindow)
 {
     openWindow();
     SelectedGoods goods = article(amoxidar);
@@ -367,7 +368,7 @@ TEST_F(WindowTest, nameOfTenThousandCharacters_widensNothing)
     EXPECT_LE(window->minimumSizeHint().width(), 1024);
 }
 
-TEST_F(WindowTest, functionKeyOrTableClicked_focusStaysInTheSearch)
+TEST_F(WindowTest, functionKeyOrTableClicked_theFocusStaysInTheSearch)
 {
     openWindow();
     QTest::mouseClick(widget<QPushButton>("newReceiptKey"), Qt::LeftButton);

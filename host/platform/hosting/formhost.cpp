@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "formhost.h"
+
+FormStage::~FormStage() = default;

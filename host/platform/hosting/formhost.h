@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export.h"
+
+#include <QList>
+#include <QSharedPointer>
+
+class BasicForm;
+class BasicFormCreator;
+
+/// Where forms appear: the register's window. Without one every form is a window of its own.
+///
+/// A BasicDialogForm's root becomes a child of the window outside any layout: its show() places it in the middle, above
+/// a shade. Any other form's root fills the window.
+class REGISTERPLATFORM_EXPORT FormStage
+{
+public:
+    virtual ~FormStage();
+    /// Puts the form's root widget on the screen, above what is there.
+    virtual void enter(BasicForm& form) = 0;
+    /// Takes it away and shows what was below.
+    virtual void leave(BasicForm& form) = 0;
+};
+
+/// The host's side of the forms: who makes them, and where they appear.
+///
+/// Found through GraphicalUserInterface::host(). Main thread.
+struct FormHost {
+    /// Asked in this order. The host drops those of a plug-in whose init() failed, and all before the plug-ins are
+    /// unloaded.
+    QList<QSharedPointer<BasicFormCreator>> creators;
+    /// Null: every form is a window of its own. Not owned.
+    FormStage* stage = nullptr;
+};

@@ -1,0 +1,327 @@
+// SPDX-License-Identifier: MIT
+#include "httptransport_p.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace
+{
+
+constexpr size_t largestAnswer = size_t(64) * 1024 * 1024;
+constexpr int longestSliceMs = 4;
+constexpr long mostConnections = 8;
+/// Firewalls drop idle connections silently; a request on a dropped one would only time out.
+constexpr long longestIdleSeconds = 30;
+constexpr int statusNoContent = 204;
+
+using HeaderList = std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)>;
+
+struct CodeMapping {
+    CURLcode code;
+    TransportError error;
+};
+
+constexpr std::array codes = {
+    CodeMapping{CURLE_OK, TransportError::None},
+
+    CodeMapping{CURLE_URL_MALFORMAT, TransportError::AddressNotUsable},
+    CodeMapping{CURLE_COULDNT_RESOLVE_HOST, TransportError::NameNotFound},
+    CodeMapping{CURLE_COULDNT_RESOLVE_PROXY, TransportError::NameNotFound},
+    CodeMapping{CURLE_COULDNT_CONNECT, TransportError::NotReachable},
+
+    CodeMapping{CURLE_SSL_CONNECT_ERROR, TransportError::NotSecured},
+    CodeMapping{CURLE_SSL_CACERT_BADFILE, TransportError::CertificatesNotReadable},
+    CodeMapping{CURLE_PEER_FAILED_VERIFICATION, TransportError::CertificateNotVerified},
+    CodeMapping{CURLE_SSL_ISSUER_ERROR, TransportError::CertificateNotVerified},
+
+    CodeMapping{CURLE_OPERATION_TIMEDOUT, TransportError::TimedOut},
+    CodeMapping{CURLE_GOT_NOTHING, TransportError::ConnectionLost},
+    CodeMapping{CURLE_PARTIAL_FILE, TransportError::ConnectionLost},
+    CodeMapping{CURLE_RECV_ERROR, TransportError::ConnectionLost},
+    CodeMapping{CURLE_SEND_ERROR, TransportError::ConnectionLost},
+
+    CodeMapping{CURLE_FILESIZE_EXCEEDED, TransportError::AnswerTooLarge},
+    CodeMapping{CURLE_WEIRD_SERVER_REPLY, TransportError::AnswerNotUnderstood},
+    CodeMapping{CURLE_UNSUPPORTED_PROTOCOL, TransportError::AnswerNotUnderstood},
+    CodeMapping{CURLE_BAD_CONTENT_ENCODING, TransportError::AnswerNotUnderstood},
+};
+
+TransportError errorOf(CURLcode code)
+{
+    const auto row =
+        std::find_if(codes.begin(), codes.end(), [code](const CodeMapping& mapping) { return mapping.code == code; });
+    return row == codes.end() ? TransportError::Failed : row->error;
+}
+
+/// Once in the process. A connection that breaks while it is written to must not end the register.
+void initialise()
+{
+    static const CURLcode result = [] {
+        struct sigaction current = {};
+        if (sigaction(SIGPIPE, nullptr, &current) == 0 && current.sa_handler == SIG_DFL) {
+            std::signal(SIGPIPE, SIG_IGN);
+        }
+        return curl_global_init(CURL_GLOBAL_DEFAULT);
+    }();
+    Q_UNUSED(result)
+}
+
+void append(HeaderList& list, const QByteArray& line)
+{
+    list.reset(curl_slist_append(list.release(), line.constData()));
+}
+
+/// libcurl's notation: "Name;" sends an empty value, "Name:" keeps one of its own headers back.
+HeaderList headerLines(const HttpRequest& request)
+{
+    HeaderList list(nullptr, curl_slist_free_all);
+    bool hasContentType = false;
+    for (auto header = request.headers.begin(); header != request.headers.end(); ++header) {
+        const QByteArray name = header.key().toLatin1();
+        const QByteArray value = header.value().toUtf8().trimmed();
+        append(list, value.isEmpty() ? name + ';' : name + ": " + value);
+        hasContentType = hasContentType || name.compare("Content-Type", Qt::CaseInsensitive) == 0;
+    }
+    append(list, QByteArrayLiteral("Expect:"));
+    if (!hasContentType) {
+        append(list, request.method == HttpRequest::Method::Get && !request.body.isEmpty()
+                         ? QByteArrayLiteral("Content-Type: application/json")
+                         : QByteArrayLiteral("Content-Type:"));
+    }
+    return list;
+}
+
+} // namespace
+
+struct HttpTransport::Exchange {
+    explicit Exchange(const HttpRequest& request_)
+        : request(request_)
+        , headers(headerLines(request_))
+        , url(request_.url.toEncoded(QUrl::RemoveFragment))
+    {
+    }
+
+    const HttpRequest& request;
+    HeaderList headers;
+    QByteArray url;
+    HttpAnswer answer;
+    size_t received = 0;
+    bool isTooLarge = false;
+    /// The request was given a connection, so that something of it may have gone out.
+    bool isAdmitted = false;
+    std::array<char, CURL_ERROR_SIZE> detail{};
+
+    /// False when the answer is too large.
+    bool count(size_t bytes)
+    {
+        received += bytes;
+        isTooLarge = received > largestAnswer;
+        return !isTooLarge;
+    }
+};
+
+HttpTransport::HttpTransport()
+{
+    initialise();
+    m_easy.reset(curl_easy_init());
+    m_multi.reset(curl_multi_init());
+}
+
+HttpTransport::~HttpTransport() = default;
+
+HttpAnswer HttpTransport::exchange(const HttpRequest& request, const QDeadlineTimer& deadline)
+{
+    m_isBusy = true;
+    dropStaleConnections();
+    Exchange exchange(request);
+    configure(exchange);
+    const CURLcode code = perform(deadline);
+
+    HttpAnswer& answer = exchange.answer;
+    answer.error = exchange.isTooLarge ? TransportError::AnswerTooLarge : errorOf(code);
+    // The repeated POST that was held back: its first connection broke before an answer came.
+    if (code == CURLE_ABORTED_BY_CALLBACK) {
+        answer.error = TransportError::ConnectionLost;
+    }
+    long status = 0;
+    curl_easy_getinfo(m_easy.get(), CURLINFO_RESPONSE_CODE, &status);
+    answer.status = int(status);
+    answer.wasSent = exchange.isAdmitted;
+    answer.location = header("Location");
+    answer.endsWithConnection = answer.status != statusNoContent && header("Content-Length").isEmpty() &&
+                                !header("Transfer-Encoding").toLower().contains("chunked");
+    answer.detail = QString::fromUtf8(exchange.detail.data());
+    if (answer.detail.isEmpty() && code != CURLE_OK) {
+        answer.detail = QString::fromUtf8(curl_easy_strerror(code));
+    }
+
+    curl_easy_reset(m_easy.get()); // it points to the exchange
+    m_isBusy = false;
+    return answer;
+}
+
+/// Between requests a server sends nothing: if there is something to read, it has closed the connection or is about to.
+/// libcurl does not see that over TLS, where the closing message looks like data.
+void HttpTransport::dropStaleConnections()
+{
+    const bool anyStale = std::any_of(m_sockets.begin(), m_sockets.end(), [](curl_socket_t socket) {
+        pollfd state = {socket, POLLIN | POLLRDHUP, 0};
+        return poll(&state, 1, 0) != 0;
+    });
+    if (anyStale) {
+        m_multi.reset();
+        m_multi.reset(curl_multi_init());
+    }
+}
+
+void HttpTransport::configure(Exchange& exchange)
+{
+    CURL* easy = m_easy.get();
+    const HttpRequest& request = exchange.request;
+
+    curl_easy_setopt(easy, CURLOPT_URL, exchange.url.constData());
+    curl_easy_setopt(easy, CURLOPT_PATH_AS_IS, 1L);
+    curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
+    curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, long(CURL_HTTP_VERSION_1_1));
+    curl_easy_setopt(easy, CURLOPT_HTTPHEADER, exchange.headers.get());
+
+    const bool isPost = request.method == HttpRequest::Method::Post;
+    if (isPost || !request.body.isEmpty()) {
+        curl_easy_setopt(easy, CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t(request.body.size()));
+        curl_easy_setopt(easy, CURLOPT_POSTFIELDS, request.body.constData());
+        if (!isPost) {
+            curl_easy_setopt(easy, CURLOPT_CUSTOMREQUEST, "GET");
+        }
+    }
+    curl_easy_setopt(easy, CURLOPT_PREREQFUNCTION, admitRequest);
+    curl_easy_setopt(easy, CURLOPT_PREREQDATA, &exchange);
+
+    curl_easy_setopt(easy, CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
+    curl_easy_setopt(easy, CURLOPT_SSL_VERIFYPEER, 1L);
+    curl_easy_setopt(easy, CURLOPT_SSL_VERIFYHOST, 2L);
+    if (!request.certificates.isEmpty()) {
+        // A blob, because libcurl compares blobs when it reuses connections and TLS sessions.
+        curl_blob certificates = {const_cast<char*>(request.certificates.constData()),
+                                  size_t(request.certificates.size()), CURL_BLOB_NOCOPY};
+        curl_easy_setopt(easy, CURLOPT_CAINFO_BLOB, &certificates);
+        curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);
+    }
+
+    curl_easy_setopt(easy, CURLOPT_PROXY, request.proxy.isEmpty() ? "" : request.proxy.constData());
+    curl_easy_setopt(easy, CURLOPT_NOPROXY, "");
+
+    curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+    // A name server that does not answer must not hold the window after the time is up.
+    curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
+    curl_easy_setopt(easy, CURLOPT_TCP_KEEPALIVE, 1L);
+    curl_easy_setopt(easy, CURLOPT_MAXAGE_CONN, longestIdleSeconds);
+    curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, openSocket);
+    curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, this);
+    curl_easy_setopt(easy, CURLOPT_CLOSESOCKETFUNCTION, closeSocket);
+    curl_easy_setopt(easy, CURLOPT_CLOSESOCKETDATA, this);
+    curl_multi_setopt(m_multi.get(), CURLMOPT_MAXCONNECTS, mostConnections);
+
+    curl_easy_setopt(easy, CURLOPT_MAXFILESIZE_LARGE, curl_off_t(largestAnswer));
+    curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, takeHeader);
+    curl_easy_setopt(easy, CURLOPT_HEADERDATA, &exchange);
+    curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, takeBody);
+    curl_easy_setopt(easy, CURLOPT_WRITEDATA, &exchange);
+    curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, exchange.detail.data());
+}
+
+/// Events run whenever a slice of time has passed, not before: a server that answers at once is not kept waiting.
+CURLcode HttpTransport::perform(const QDeadlineTimer& deadline)
+{
+    CURLM* multi = m_multi.get();
+    CURLcode code = CURLE_FAILED_INIT;
+    if (curl_multi_add_handle(multi, m_easy.get()) != CURLM_OK) {
+        return code;
+    }
+    QElapsedTimer sinceEvents;
+    sinceEvents.start();
+    for (;;) {
+        int running = 0;
+        if (curl_multi_perform(multi, &running) != CURLM_OK) {
+            break;
+        }
+        if (running == 0) {
+            int left = 0;
+            if (const CURLMsg* message = curl_multi_info_read(multi, &left)) {
+                code = message->data.result;
+            }
+            break;
+        }
+        if (deadline.hasExpired()) {
+            code = CURLE_OPERATION_TIMEDOUT;
+            break;
+        }
+        curl_multi_poll(multi, nullptr, 0, longestSliceMs, nullptr);
+        if (QCoreApplication::instance() && sinceEvents.elapsed() >= longestSliceMs) {
+            QCoreApplication::processEvents();
+            sinceEvents.restart();
+        }
+    }
+    curl_multi_remove_handle(multi, m_easy.get());
+    return code;
+}
+
+QByteArray HttpTransport::header(const char* name) const
+{
+    curl_header* found = nullptr;
+    return curl_easy_header(m_easy.get(), name, 0, CURLH_HEADER, -1, &found) == CURLHE_OK ? found->value : nullptr;
+}
+
+size_t HttpTransport::takeBody(char* data, size_t size, size_t count, void* context)
+{
+    auto* exchange = static_cast<Exchange*>(context);
+    const size_t bytes = size * count;
+    if (!exchange->count(bytes)) {
+        return CURL_WRITEFUNC_ERROR;
+    }
+    exchange->answer.body.append(data, qsizetype(bytes));
+    return bytes;
+}
+
+size_t HttpTransport::takeHeader(char* /*data*/, size_t size, size_t count, void* context)
+{
+    const size_t bytes = size * count;
+    return static_cast<Exchange*>(context)->count(bytes) ? bytes : CURL_WRITEFUNC_ERROR;
+}
+
+/// libcurl calls this when the request has its connection and before it is sent there. A second call means that the
+/// first connection was dead and that libcurl would send the request again, which a POST must never be.
+int HttpTransport::admitRequest(void* context, char* /*serverAddress*/, char* /*ownAddress*/, int /*serverPort*/,
+                                int /*ownPort*/)
+{
+    auto* exchange = static_cast<Exchange*>(context);
+    if (exchange->isAdmitted && exchange->request.method == HttpRequest::Method::Post) {
+        return CURL_PREREQFUNC_ABORT;
+    }
+    exchange->isAdmitted = true;
+    return CURL_PREREQFUNC_OK;
+}
+
+curl_socket_t HttpTransport::openSocket(void* context, curlsocktype /*purpose*/, curl_sockaddr* address)
+{
+    const curl_socket_t socket = ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+    if (socket >= 0) {
+        static_cast<HttpTransport*>(context)->m_sockets.push_back(socket);
+    }
+    return socket >= 0 ? socket : CURL_SOCKET_BAD;
+}
+
+int HttpTransport::closeSocket(void* context, curl_socket_t socket)
+{
+    auto& sockets = static_cast<HttpTransport*>(context)->m_sockets;
+    sockets.erase(std::remove(sockets.begin(), sockets.end(), socket), sockets.end());
+    return ::close(socket);
+}

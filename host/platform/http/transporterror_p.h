@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tr.h"
+
+#include <QString>
+
+/// Why an exchange with a server gave no complete answer, or one that is not accepted.
+///
+/// The numbers are RestClient::errorCode() where there is no HTTP status; they stay below 100.
+enum class TransportError : int {
+    None = 0,
+    AddressNotUsable = 1,
+    HeaderNotUsable = 2,
+    CertificatesNotReadable = 3,
+    NameNotFound = 4,
+    NotReachable = 5,
+    NotSecured = 6,
+    CertificateNotVerified = 7,
+    TimedOut = 8,
+    ConnectionLost = 9,
+    AnswerTooLarge = 10,
+    AnswerNotUnderstood = 11,
+    RedirectRefused = 12,
+    TooManyRedirects = 13,
+    Failed = 99
+};
+
+/// What the cashier reads about a transport error: what happened, and what to do next.
+///
+/// @param host the server's name
+/// @param mayBeCarriedOut true for a request that changes something, was sent and has no complete answer; the text then
+///        asks to check before the request is repeated
+tr::Tr transportErrorText(TransportError error, const QString& host, bool mayBeCarriedOut);
+
+/// What the cashier reads about an answer with that HTTP status (300 or more).
+///
+/// @param changesSomething true for a POST: a gateway that answers 502 or 504 does not know what became of it
+tr::Tr httpStatusText(int status, const QString& host, bool changesSomething);

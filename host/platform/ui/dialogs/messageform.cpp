@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "messageform_p.h"
+
+#include "dialog.h"
+#include "dialogeventfilter.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QStyle>
+#include <QTimer>
+
+#include <chrono>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Room for the text, in pixels: the form fits a window 600 pixels high.
+constexpr int tallestMessage = 360;
+
+/// The picture, the heading and the value of the style sheet's property for a kind of message.
+struct Kind {
+    QStyle::StandardPixmap picture = QStyle::SP_MessageBoxInformation;
+    tr::Tr title;
+    const char* style = nullptr;
+};
+
+Kind kindOf(int kind)
+{
+    if (kind == Dialog::Error) {
+        return {QStyle::SP_MessageBoxCritical, {"messageFormErrorTitle", "Ошибка"}, "error"};
+    }
+    return {QStyle::SP_MessageBoxInformation, {"messageFormNoticeTitle", "Сообщение"}, "notice"};
+}
+
+} // namespace
+
+MessageForm::MessageForm(const Event& event, QObject* parent)
+    : BasicDialogForm(parent)
+    , m_seconds(event.value(u"seconds"_s, 0).toInt())
+{
+    loadUI(u"message.ui"_s);
+    const Kind kind = kindOf(event.value(u"kind"_s, Dialog::Notice).toInt());
+    setTitle(kind.title.ui());
+    setCustomProperty(u"messageKind"_s, QLatin1StringView(kind.style));
+    if (auto* icon = findWidget<QLabel>(u"iconLabel"_s, false)) {
+        icon->setPixmap(qApp->style()->standardIcon(kind.picture).pixmap(48));
+        icon->setAccessibleName(kind.title.ui());
+    }
+    if (auto* area = findWidget<QWidget>(u"messageScrollArea"_s, false)) {
+        area->setAccessibleName(tr::Tr(u"messageFormText"_s, u"Текст сообщения"_s).ui());
+    }
+    showText(u"messageLabel"_s, event.value(u"message"_s).value<tr::Tr>().ui());
+
+    auto* filter = new DialogEventFilter(this);
+    connect(filter, &DialogEventFilter::ok, this, &BasicForm::dismissed);
+    connect(filter, &DialogEventFilter::cancel, this, &BasicForm::dismissed);
+    rootWidget()->installEventFilter(filter);
+    if (auto* button = findWidget<QPushButton>(u"okButton"_s)) {
+        button->setText(tr::Tr(u"messageFormOkButton"_s, u"ОК"_s).ui());
+        button->setAccessibleName(button->text());
+        connect(button, &QPushButton::clicked, this, &BasicForm::dismissed);
+    }
+}
+
+void MessageForm::show()
+{
+    fitMessage(tallestMessage);
+    BasicDialogForm::show();
+    if (!rootWidget()->property("silent").toBool()) {
+        QApplication::beep();
+    }
+    if (m_seconds > 0) {
+        QTimer::singleShot(std::chrono::seconds(m_seconds), this, &BasicForm::dismissed);
+    }
+}

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "scanrecognizer.h"
+
+#include <QObject>
+
+class GraphicalUserInterface;
+
+/// Keeps the Return that ends a scan from forms that expect none: the cashier did not press it. The characters pass.
+///
+/// A form expects scans when it was shown with EInput::Scanner, or when the focus is in a field that takes scans itself
+/// (ScanRecognizer::recognizesScans). A button never does. The guard sees the keys as they come from the window system,
+/// before any form.
+class ScanGuard : public QObject
+{
+public:
+    explicit ScanGuard(const GraphicalUserInterface& gui);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool isScanExpected() const;
+
+    const GraphicalUserInterface& m_gui;
+    ScanRecognizer m_recognizer;
+};

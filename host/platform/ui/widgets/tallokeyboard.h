@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export.h"
+
+#include <QStringList>
+#include <QWidget>
+
+#include <memory>
+
+/// The register's touch keyboard. It types into the widget that has the focus, and never takes the focus itself.
+class REGISTERPLATFORM_EXPORT TalloKeyboard : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit TalloKeyboard(QWidget* parent = nullptr);
+    ~TalloKeyboard() override;
+
+    /// Sets the layouts to switch between, separated by commas: "ru", "en", "digits". The first one is shown. An
+    /// unknown one is logged and passed over. When none is left, "en" is shown.
+    void setKeyboardLayouts(const QString& layouts);
+    /// The layouts in use, in order.
+    QStringList keyboardLayouts() const;
+    /// The layout that is shown.
+    QString currentLayout() const;
+
+signals:
+    /// The cashier switched to another layout. The event is of type QEvent::KeyboardLayoutChange. It exists only during
+    /// the signal.
+    void layoutChanged(QEvent* event);
+    /// A key was pressed and has been delivered.
+    void keyPressed();
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "tallotableview.h"
+
+#include "columndelegate_p.h"
+#include "tablecolumn.h"
+#include "touchmode.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QHeaderView>
+#include <QMouseEvent>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int plainRowHeight = 32;
+constexpr int touchRowHeight = 44;
+/// Rows that a column fits: those on the screen and some more, however long the table is.
+constexpr int fittedRows = 50;
+
+} // namespace
+
+TalloTableView::TalloTableView(QWidget* parent)
+    : QTableView(parent)
+    , m_delegate(new ColumnDelegate(this))
+{
+    setItemDelegate(m_delegate);
+    QHeaderView* header = horizontalHeader();
+    header->setHighlightSections(false);
+    header->setSectionsClickable(false);
+    header->setResizeContentsPrecision(fittedRows);
+    connect(header, &QHeaderView::sectionCountChanged, this, &TalloTableView::applyColumns);
+
+    verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(plainRowHeight);
+    verticalHeader()->setDefaultSectionSize(isTouchMode() ? touchRowHeight : plainRowHeight);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTabKeyNavigation(false);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    setShowGrid(false);
+}
+
+void TalloTableView::setColumns(const QStringList& columns)
+{
+    m_columns = columns;
+    applyColumns();
+}
+
+void TalloTableView::applyColumns()
+{
+    QHeaderView* header = horizontalHeader();
+    const int count = qMin(header->count(), int(m_columns.size()));
+    for (int section = 0; section < count; ++section) {
+        const std::optional<TableColumn> column = TableColumn::fromText(m_columns[section]);
+        if (!column) {
+            Log4Qt::LogManager::logger(u"gui"_s)->warn("A column of the table " + objectName() +
+                                                       " cannot be read: " + m_columns[section]);
+            continue;
+        }
+        m_delegate->setAlignment(section, column->alignment);
+        switch (column->width) {
+        case TableColumn::remainingRoom:
+            header->setSectionResizeMode(section, QHeaderView::Stretch);
+            break;
+        case TableColumn::fittingContents:
+            header->setSectionResizeMode(section, QHeaderView::ResizeToContents);
+            break;
+        default:
+            header->setSectionResizeMode(section, QHeaderView::Interactive);
+            header->resizeSection(section, column->width);
+        }
+        setColumnHidden(section, !column->isShown);
+    }
+    viewport()->update();
+}
+
+void TalloTableView::mousePressEvent(QMouseEvent* event)
+{
+    if (indexAt(event->position().toPoint()).isValid()) {
+        QTableView::mousePressEvent(event);
+    }
+}

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "actionfactory.h"
+#include "actionqueuecontroller.h"
+#include "activitynotifier.h"
+#include "config.h"
+#include "connectionfactory.h"
+#include "currenttime.h"
+#include "dialog.h"
+#include "graphicaluserinterface.h"
+#include "loyaltysystemlayer.h"
+#include "restclient.h"
+#include "savetofilelogic.h"
+
+#include <QMap>
+#include <QString>
+#include <QtPlugin>
+
+using namespace Qt::StringLiterals;
+
+/// The addresses of the singletons and factories, as seen by the library that compiles this.
+inline QMap<QString, const void*> sharedStateSeenHere()
+{
+    return {
+        {u"ActionFactory"_s, &Singleton<control::ActionFactory>::instance},
+        {u"ActionQueueController"_s, &Singleton<ActionQueueController>::instance},
+        {u"ActivityNotifier"_s, &Singleton<ActivityNotifier>::instance},
+        {u"Config"_s, &Singleton<Config>::instance},
+        {u"ConnectionFactory"_s, &Singleton<ConnectionFactory>::instance},
+        {u"GraphicalUserInterface"_s, &Singleton<GraphicalUserInterface>::instance},
+        {u"LoyaltySystemLayer"_s, &Singleton<LoyaltySystemLayer>::instance},
+
+        {u"CurrentTime"_s, &MockFactory<CurrentTime>::mocked},
+        {u"Dialog"_s, &MockFactory<Dialog>::mocked},
+        {u"RestClient"_s, &MockFactory<RestClient>::mocked},
+        {u"SaveToFileLogic"_s, &MockFactory<SaveToFileLogic>::mocked},
+    };
+}
+
+/// A module of its own that reports what it sees of the platform.
+class SharedStateProbe
+{
+public:
+    virtual ~SharedStateProbe() = default;
+    virtual QMap<QString, const void*> sharedState() const = 0;
+    /// What the platform's own code uses, called from the module.
+    virtual QString configured(const QString& key) const = 0;
+    virtual QDateTime now() const = 0;
+    virtual QSharedPointer<AbstractDocument> currentDocument() const = 0;
+    [[noreturn]] virtual void throwBasicException(const tr::Tr& message) const = 0;
+};
+
+#define SharedStateProbe_iid "example.register.SharedStateProbe"
+Q_DECLARE_INTERFACE(SharedStateProbe, SharedStateProbe_iid)
