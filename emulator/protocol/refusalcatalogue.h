@@ -124,11 +124,11 @@ Q_ENUM_NS(RefusalCode)
 
 /// A refusal as the catalogue has it.
 struct RefusalRow {
-    RefusalCode code;
-    int status; ///< HTTP status
+    RefusalCode code = {};
+    int status = 0; ///< HTTP status
 
     /// For the cashier. %1, %2 … are placeholders.
-    const char16_t* text;
+    const char16_t* text = u"";
 
     /// For a token request (RFC 6749, section 5.2).
     struct OAuth {

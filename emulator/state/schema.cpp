@@ -20,7 +20,7 @@ const QStringList indexes{
     u"CREATE INDEX dispense_of_prescription ON dispense (prescription, number)"_s,
 };
 
-/// What the function gives for each table, a table after those that it refers to.
+/// The results of the function for all tables, each after those that it refers to.
 template <typename Function>
 auto forEachTable(const Function& function)
 {

@@ -24,7 +24,7 @@ constexpr double unseenDiscountPercent = 0.005;
 
 struct Shown {
     const ElectronicPrescription& prescription;
-    const Patient* patient; ///< null: unknown
+    const Patient* patient = nullptr; ///< null: unknown
 };
 
 /// The text of a field; nothing: it is unknown.

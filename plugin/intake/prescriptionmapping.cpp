@@ -69,18 +69,6 @@ void setSerialNumber(const QJsonValue& identifiers, ElectronicPrescription& pres
     prescription.setSerialNumber(text(identifiers[0].toObject(), "value"_L1));
 }
 
-void setTradeName(const QJsonObject& coding, ElectronicPrescription& prescription)
-{
-    prescription.setTradeName(text(coding, "display"_L1));
-    prescription.setTradeNameCode(text(coding, "code"_L1));
-}
-
-void setInn(const QJsonObject& coding, ElectronicPrescription& prescription)
-{
-    prescription.setInn(text(coding, "display"_L1));
-    prescription.setInnCode(text(coding, "code"_L1));
-}
-
 /// A member of a "MedicationPrescription" resource and what it does to the record. It does it when it is missing, too.
 struct PrescriptionMember {
     QLatin1StringView name;
@@ -157,21 +145,24 @@ void ElectronicPrescriptionService::fillPrescribedMedicine(const QJsonObject& re
     for (const auto& contained : medications) {
         const QJsonObject medication = contained.toObject();
         const bool isBrand = medication["isBrand"_L1].toBool();
-        const bool isPrescribed = text(medication, "id"_L1) == prescribedId;
+        const bool isPrescribed = !isBrand && text(medication, "id"_L1) == prescribedId;
         // A coding of any system names the medicine, so that the last one stays.
         const QJsonArray codings = medication["code"_L1]["coding"_L1].toArray();
         for (const auto& element : codings) {
             const QJsonObject coding = element.toObject();
+            const QString code = text(coding, "code"_L1);
             if (isBrand) {
-                setTradeName(coding, prescription);
+                prescription.setTradeName(text(coding, "display"_L1));
+                prescription.setTradeNameCode(code);
             } else {
-                setInn(coding, prescription);
-                if (isPrescribed) {
-                    prescription.setPrescribedByInn();
-                }
+                prescription.setInn(text(coding, "display"_L1));
+                prescription.setInnCode(code);
+            }
+            if (isPrescribed) {
+                prescription.setPrescribedByInn();
             }
             if (text(coding, "system"_L1) == dosageSystemId) {
-                prescription.setDictCode(text(coding, "code"_L1));
+                prescription.setDictCode(code);
             }
         }
     }

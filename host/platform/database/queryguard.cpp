@@ -67,8 +67,8 @@ int isOver(void* deadline)
 
 struct QueryGuard::SqliteBounds {
     QDeadlineTimer deadline;
-    int formerValueLength;
-    int formerStatementLength;
+    int formerValueLength = 0;
+    int formerStatementLength = 0;
 };
 
 QueryGuard::QueryGuard(const QSqlDatabase& connection, std::chrono::milliseconds time)

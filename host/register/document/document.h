@@ -54,7 +54,7 @@ public:
 
     /// The sum of all positions, each rounded to kopecks.
     Kopecks getSum() const;
-    /// What the customer gave, 0 before the document is closed; of a return: what was paid out.
+    /// What the customer gave, for a return what was paid out. 0 until the document is closed.
     Kopecks getReceived() const { return totalOf(m_ending.payments); }
     Kopecks getChange() const { return isReturn() ? 0 : getReceived() - getSum(); }
 

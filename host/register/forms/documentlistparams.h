@@ -15,8 +15,8 @@
 
 /// What the list of documents shows and does.
 ///
-/// The form answers with "takeUp" or "takeBack", the number of the document to resume or to return; with neither when
-/// the cashier leaves.
+/// The form answers with "resume" or "returnSale", the number of that document; with neither when the cashier
+/// leaves.
 struct DocumentListParams {
     using Pointer = QSharedPointer<Document>;
 
