@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The choice list with many prescriptions: opened, and filtered by one key press. Each is measured beside the least
-// that has to be done, in the same loop; "ratio" is the one divided by the other.
+// The choice list with many prescriptions: opened, and filtered by one key press. Each is measured in one loop with a
+// floor, the least work that does the same; "ratio" is the one divided by the other.
 #include "actionfactory.h"
 #include "actionqueuecontroller.h"
-#include "config.h"
+#include "configured.h"
 #include "electronicprescriptionchoiceform.h"
 #include "electronicprescriptionchoicemodel.h"
 #include "registerstyle.h"
@@ -17,12 +17,14 @@
 
 #include <benchmark/benchmark.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 using Prescriptions = QList<QSharedPointer<ElectronicPrescription>>;
 
-/// A thousandth of them contain "гларгин"; the others are spread over ten names.
+/// One in a thousand has the name "Инсулин гларгин"; the others have ten names in turn.
 Prescriptions prescriptions(int count)
 {
     const QStringList names{"Метформин", "Амлодипин",    "Бисопролол",   "Эналаприл", "Омепразол",
@@ -45,7 +47,7 @@ QSharedPointer<Patient> patient()
     return QSharedPointer<Patient>::create("Рябинина Ольга Петровна", QDate(1961, 5, 4));
 }
 
-/// Seconds that `work` takes.
+/// The time that `work` takes, in seconds.
 template <typename Work>
 double timed(Work work)
 {
@@ -69,7 +71,7 @@ void show(BasicForm& form)
     QApplication::processEvents();
 }
 
-/// The form from its layout to the first painted screen; the floor is the same form with one prescription.
+/// Opens the form, from its layout to the first painted screen. The floor is the same form with one prescription.
 void openList(benchmark::State& state)
 {
     const auto many = prescriptions(int(state.range(0)));
@@ -90,8 +92,8 @@ void openList(benchmark::State& state)
     setRatio(state, measured, floor);
 }
 
-/// One letter typed into the filter field, to the painted screen, and taken away again; the floor is a plain view
-/// under QSortFilterProxyModel's own fixed-string filter, given the same two texts.
+/// Types one letter into the filter field, to the painted screen. The floor is a plain view on a QSortFilterProxyModel
+/// with its own fixed-string filter.
 void filterByOneKey(benchmark::State& state, Qt::Key key, const QString& letter)
 {
     const auto many = prescriptions(int(state.range(0)));
@@ -133,7 +135,7 @@ void filterByOneKey(benchmark::State& state, Qt::Key key, const QString& letter)
     }();
 }
 
-/// The same letter looked for in the bare texts: what no filter can do without.
+/// Looks for the same letter in the bare texts, which every filter has to do.
 void scanTexts(benchmark::State& state, const QString& letter)
 {
     QStringList texts;
@@ -153,10 +155,8 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication application(argc, argv);
-    applyRegisterStyle(application, 800); // dressed as on the till
-    Config config;
-    config.setForThisRun("GUI:layouts", PLUGIN_LAYOUTS);
-    Singleton<Config>::instance = &config;
+    applyRegisterStyle(application, 800); // as on the till
+    const Configured config({{u"GUI:layouts"_s, QString::fromUtf8(PLUGIN_LAYOUTS)}});
 
     const auto sizes = [](benchmark::internal::Benchmark* each) {
         each->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
@@ -170,6 +170,5 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
-    Singleton<Config>::instance = nullptr;
     return 0;
 }

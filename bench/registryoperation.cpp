@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// One registry operation, a token POST and a resource GET over HTTPS on loopback: by the plug-in's registry client,
-// beside the same two requests by libcurl alone on a kept connection. Both take turns against one server, so that
-// "ratio" (of the medians) does not depend on what else the machine does.
+// One registry operation, a token POST and a resource GET over HTTPS on loopback: by the plug-in's registry client, and
+// as a floor by libcurl alone on a kept connection. Both take turns at one server, so that "ratio" (of the medians)
+// hardly depends on the load of the machine.
 
-#include "config.h"
+#include "configured.h"
 #include "electronicprescriptioninterface.h"
 #include "scriptedserver.h"
 
@@ -54,7 +54,7 @@ void check(bool succeeded)
     }
 }
 
-/// The plug-in's registry client, with a card's prescriptions.
+/// The plug-in's registry client asks for a card's prescriptions.
 class ByRegistryClient
 {
 public:
@@ -70,7 +70,7 @@ private:
     ElectronicPrescriptionInterface m_client;
 };
 
-/// The same requests by libcurl, with nothing around them; the answers are not even parsed.
+/// The same requests by libcurl alone. The answers are not parsed.
 class ByBareCurl
 {
 public:
@@ -168,10 +168,8 @@ void registryOperation(benchmark::State& state)
     const ServerIdentity identity(authority);
     ScriptedServer server(&identity);
     server.reactBy(answerTo);
-    Config configuration;
+    Configured configuration;
     configuration.setForThisRun(u"RestClient:caFile"_s, authority.certificateFile());
-    Singleton<Config>::instance = &configuration;
-
     for (const char* key : {"requestsUrl", "authorizationUrl"}) {
         configuration.setForThisRun(u"ElectronicPrescription:"_s + key, server.url({}).toString());
     }
@@ -191,7 +189,6 @@ void registryOperation(benchmark::State& state)
     state.counters["registryclient_us"] = medianOf(client);
     state.counters["libcurl_us"] = medianOf(bare);
     state.counters["ratio"] = medianOf(client) / medianOf(bare);
-    Singleton<Config>::instance = nullptr;
 }
 BENCHMARK(registryOperation)->Unit(benchmark::kMicrosecond)->UseRealTime()->MinTime(2);
 

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
-// The subtotal of a receipt with prescription positions, over HTTPS on loopback: the plug-in's whole way, from the hook
-// to the saved receipt, beside the same requests replayed by libcurl alone on a kept connection. Both take turns
-// against one registry emulator, which answers at once or after 20 ms, so that "ratio" (of the medians) does not depend
-// on what else the machine does. "saving" is the share of the subtotal in which the receipt is written and synced.
+// The subtotal of a document with prescription positions, over HTTPS on loopback: the plug-in's whole way from the hook
+// to the saved document, and as a floor the same requests by libcurl alone on a kept connection. Both take turns at one
+// registry emulator, which answers at once or after 20 ms, so that "ratio" (of the medians) hardly depends on the load
+// of the machine. "saving" is the share of the subtotal in which the document is written and synced.
 
-#include "abstractdocument.h"
-#include "config.h"
+#include "configured.h"
+#include "documentdouble.h"
 #include "electronicprescriptionservice.h"
 #include "positionformat.h"
 #include "registrythread.h"
-#include "savetofilelogic.h"
+#include "savingdouble.h"
 #include "serveridentity.h"
 
 #include <QApplication>
@@ -47,7 +47,7 @@ QString prescriptionOf(int position)
     return u"rx-%1"_s.arg(position);
 }
 
-/// One patient with that many prescriptions, half of whose price somebody else pays.
+/// A seed of one patient with that many prescriptions. A payer pays half of each price.
 QByteArray seedOf(int prescriptions)
 {
     QJsonArray all;
@@ -78,65 +78,33 @@ QByteArray seedOf(int prescriptions)
         .toJson();
 }
 
-class Receipt : public AbstractDocument
+/// A document of that many prescription positions.
+QSharedPointer<DocumentDouble> documentOf(int positions)
 {
-public:
-    explicit Receipt(int count)
-    {
-        for (int number = 1; number <= count; ++number) {
-            m_positions.append(
-                QSharedPointer<GoodsItem>::create(GoodsItem::Goods{number, u"Метфолин 500 мг"_s, 5.0, 0.0, 10.0, 2.0}));
-            m_positions.last()->setTag(positionformat::tag);
-        }
-        makeDue();
+    const auto document = QSharedPointer<DocumentDouble>::create();
+    for (int number = 1; number <= positions; ++number) {
+        document->add({number, u"Метфолин 500 мг"_s, 5.0, 0.0, 10.0, 2.0})->setTag(positionformat::tag);
     }
+    return document;
+}
 
-    int getType() const override { return Sale; }
-    QList<QSharedPointer<GoodsItem>> getPositions() const override { return m_positions; }
-
-    /// Makes every position one that is not registered.
-    void makeDue()
-    {
-        for (const auto& position : m_positions) {
-            const QJsonObject options = {{positionformat::id, prescriptionOf(position->getNumber())},
-                                         {positionformat::tradeNameCode, "1003"},
-                                         {positionformat::organizationId, "payer-1"},
-                                         {positionformat::sumFactor, 0.5},
-                                         {positionformat::doseQuantity, 10},
-                                         {positionformat::finalDispense, false},
-                                         {positionformat::patientReference, "Patient/p-1"},
-                                         {positionformat::patient, "Пробный П. П."}};
-            position->setExtendedOptions(QString::fromUtf8(QJsonDocument(options).toJson(QJsonDocument::Compact)));
-        }
-    }
-
-private:
-    QList<QSharedPointer<GoodsItem>> m_positions;
-};
-
-/// The real saving, with a clock beside it.
-class TimedSaving : public SaveToFileLogic
+/// Gives every position the options of one that is not registered.
+void makeDue(const DocumentDouble& document)
 {
-public:
-    explicit TimedSaving(double& milliseconds)
-        : m_milliseconds(milliseconds)
-    {
+    for (const auto& position : document.positions) {
+        const QJsonObject options = {{positionformat::id, prescriptionOf(position->getNumber())},
+                                     {positionformat::tradeNameCode, "1003"},
+                                     {positionformat::organizationId, "payer-1"},
+                                     {positionformat::sumFactor, 0.5},
+                                     {positionformat::doseQuantity, 10},
+                                     {positionformat::finalDispense, false},
+                                     {positionformat::patientReference, "Patient/p-1"},
+                                     {positionformat::patient, "Пробный П. П."}};
+        position->setExtendedOptions(QString::fromUtf8(QJsonDocument(options).toJson(QJsonDocument::Compact)));
     }
+}
 
-    bool save(const QSharedPointer<AbstractDocument>& document, const QString& file) override
-    {
-        const Clock::time_point start = Clock::now();
-        const bool isSaved = SaveToFileLogic::save(document, file);
-        m_milliseconds += Milliseconds(Clock::now() - start).count();
-        check(isSaved, "The receipt was not saved");
-        return isSaved;
-    }
-
-private:
-    double& m_milliseconds;
-};
-
-/// A registry whose answers take their time, and its authority.
+/// A registry that answers after a delay, and its certification authority.
 class SlowRegistry
 {
 public:
@@ -151,7 +119,7 @@ public:
     QUrl url() const { return m_registry.url(); }
     QString certificates() const { return m_authority.certificateFile(); }
 
-    /// Forgets what was registered, and the requests.
+    /// Forgets the dispenses and the requests.
     void beginAgain()
     {
         m_registry.ask([this](emulator::RegistryEmulator& registry) {
@@ -193,7 +161,7 @@ private:
     RegistryThread m_registry;
 };
 
-/// The requests of a subtotal by libcurl, with nothing around them.
+/// Repeats the requests of a subtotal by libcurl alone.
 class Replay
 {
 public:
@@ -211,10 +179,9 @@ public:
         curl_easy_cleanup(m_easy);
         freeHeaders();
     }
-    Replay(const Replay&) = delete;
-    Replay& operator=(const Replay&) = delete;
+    Q_DISABLE_COPY_MOVE(Replay)
 
-    /// Has the registry's former tokens replaced by a new one.
+    /// Gets a new token for the requests.
     void authorize()
     {
         freeHeaders();
@@ -318,14 +285,18 @@ void subtotal(benchmark::State& state)
     const int positions = int(state.range(0));
     SlowRegistry registry(positions, std::chrono::milliseconds(state.range(1)));
     const QTemporaryDir dataFolder;
-    Config configuration;
-    Singleton<Config>::instance = &configuration;
+    Configured configuration;
     configure(configuration, registry, dataFolder.path());
 
     double saving = 0;
-    MockFactory<SaveToFileLogic>::mocked = [&saving] { return QSharedPointer<TimedSaving>::create(saving); };
-    const auto receipt = QSharedPointer<Receipt>::create(positions);
-    DocumentWatcher::setCurrentDocument(receipt);
+    SavingDouble timedSaving;
+    timedSaving.onSave = [&saving](const auto&, const QString&, const SavingDouble::Write& write) {
+        saving += millisecondsOf([&write] { check(write(), "The document was not saved"); });
+        return true;
+    };
+    const auto document = documentOf(positions);
+    makeDue(*document);
+    DocumentWatcher::setCurrentDocument(document);
     ElectronicPrescriptionService service;
     const auto throughTheService = [&] {
         check(service.beforeSubtotal(control::Action(control::Subtotal)) == EContext::GoOn, "The subtotal stopped");
@@ -339,7 +310,7 @@ void subtotal(benchmark::State& state)
     std::vector<double> bare;
     for (auto _ : state) {
         registry.beginAgain();
-        receipt->makeDue();
+        makeDue(*document);
         saving = 0;
         plugin.push_back(millisecondsOf(throughTheService));
         savings.push_back(saving);
@@ -356,12 +327,10 @@ void subtotal(benchmark::State& state)
     state.counters["saving"] = medianOf(savings) / whole;
     state.counters["ratio"] = whole / floor;
 
-    MockFactory<SaveToFileLogic>::mocked = nullptr;
     DocumentWatcher::setCurrentDocument(nullptr);
-    Singleton<Config>::instance = nullptr;
 }
 
-/// Positions, and milliseconds that each answer takes.
+/// The cases: number of positions, and the delay of each answer in milliseconds.
 void registerCases()
 {
     const auto add = [](int positions, int delay, int rounds) {

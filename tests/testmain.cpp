@@ -3,7 +3,7 @@
 
 #include <gmock/gmock.h>
 
-/// Tests need no display: the offscreen platform is taken unless the environment names another.
+/// Tests need no display: they use the offscreen platform unless the environment names another.
 int main(int argc, char** argv)
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
-// A card's prescriptions, from the bytes that the registry sent to every cell of the list.
+// A card's prescriptions: from the bytes of the answer to every cell of the list.
 
 #include "fuzztarget.h"
 
-#include "abstractdocument.h"
-#include "dialog.h"
+#include "dialogdouble.h"
+#include "documentdouble.h"
 #include "electronicprescriptionchoicemodel.h"
 #include "electronicprescriptionexception.h"
 #include "electronicprescriptioninterface.h"
 #include "electronicprescriptionservice.h"
 #include "goodsitem.h"
+#include "mocked.h"
 #include "positionoptions.h"
 #include "restclient.h"
 
@@ -24,7 +25,7 @@ namespace
 
 using Prescriptions = ElectronicPrescriptionService::Prescriptions;
 
-/// Bytes in place of the network.
+/// Answers with bytes instead of a server.
 class Answer : public RestClient
 {
 public:
@@ -60,24 +61,7 @@ public:
     using ElectronicPrescriptionService::patientCache;
 };
 
-class CountedMessages : public Dialog
-{
-public:
-    static inline int count = 0;
-
-    void showMessage(const tr::Tr&, int, int, int) override { ++count; }
-};
-
-class Sale : public AbstractDocument
-{
-public:
-    QList<QSharedPointer<GoodsItem>> positions;
-
-    int getType() const override { return AbstractDocument::Sale; }
-    QList<QSharedPointer<GoodsItem>> getPositions() const override { return positions; }
-};
-
-/// The prescriptions that the registry sent: the nested Bundles.
+/// The number of nested Bundles, each of which is a prescription.
 qsizetype bundlesIn(const QByteArray& bytes)
 {
     const QJsonObject answer = QJsonDocument::fromJson(bytes).object();
@@ -92,11 +76,11 @@ qsizetype bundlesIn(const QByteArray& bytes)
 
 Prescriptions lookUp(Service& service, const QByteArray& bytes)
 {
-    CountedMessages::count = 0;
+    const DialogDouble dialog;
     Prescriptions prescriptions;
     service.getElectronicPrescriptionsByCardNumber(u"77"_s, u"active"_s, prescriptions);
     promise(prescriptions.size() == bundlesIn(bytes), "there are as many prescriptions as nested Bundles");
-    promise(CountedMessages::count == (prescriptions.isEmpty() ? 1 : 0), "a message is shown when there are none");
+    promise(dialog.messages().size() == (prescriptions.isEmpty() ? 1 : 0), "a message is shown when there are none");
     promise(prescriptions.isEmpty() || service.patientCache.value(u"active"_s), "prescriptions come with a patient");
     return prescriptions;
 }
@@ -118,18 +102,18 @@ void lookAtEveryCell(const Prescriptions& prescriptions)
     }
 }
 
-/// A served prescription is on the receipt: it is not offered again, and the others are.
+/// Adds a served prescription to the document: it is not offered again, and the others are.
 void serveFirst(const Service& service, const Prescriptions& prescriptions)
 {
     const QString id = prescriptions.first()->getId();
     if (!id.isValidUtf16()) { // JSON would change it
         return;
     }
-    const auto sale = QSharedPointer<Sale>::create();
-    sale->positions << QSharedPointer<GoodsItem>::create();
-    service.fillElectronicPrescriptionDataForPosition(prescriptions.first(), sale->positions.first(), true, 1.0);
-    service.setPriceForPosition(prescriptions.first(), sale->positions.first());
-    promise(PositionOptions(*sale->positions.first()).id() == id, "the position keeps the id");
+    const auto sale = QSharedPointer<DocumentDouble>::create();
+    const auto position = sale->add();
+    service.fillElectronicPrescriptionDataForPosition(prescriptions.first(), position, true, 1.0);
+    service.setPriceForPosition(prescriptions.first(), position);
+    promise(PositionOptions(*position).id() == id, "the position keeps the id");
 
     Prescriptions others = prescriptions;
     others.removeIf([&id](const auto& prescription) { return prescription->getId() == id; });
@@ -140,11 +124,11 @@ void serveFirst(const Service& service, const Prescriptions& prescriptions)
     promise(left == others, "all but the served one are left, in their order");
 
     QJsonDocument dispense;
-    Client().formMedicationDispense(sale->positions.first(), dispense);
+    Client().formMedicationDispense(position, dispense);
     promise(dispense.isObject(), "the dispense makes a document for the registry");
 }
 
-/// The same bytes as the answer to a request that failed.
+/// Uses the same bytes as the answer to a failed request.
 void refuse(const QByteArray& bytes)
 {
     const QSharedPointer<RestClient> client(new Answer(bytes, 500));
@@ -162,8 +146,7 @@ void refuse(const QByteArray& bytes)
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QByteArray bytes = bytesOf(data, size);
-    MockFactory<RestClient>::mocked = [&bytes] { return QSharedPointer<RestClient>(new Answer(bytes, 0)); };
-    MockFactory<Dialog>::mocked = [] { return QSharedPointer<Dialog>(new CountedMessages); };
+    const Mocked<RestClient> mocked([&bytes] { return QSharedPointer<Answer>::create(bytes, 0); });
 
     Service service;
     const Prescriptions prescriptions = lookUp(service, bytes);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The configuration file, and what is read out of it at the start.
+// The configuration file, and what the register reads from it at its start.
 
 #include "fuzztarget.h"
 
@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A file of its own for each input, since QSettings keeps what it knows of a file.
+/// A file of its own for each input, since QSettings caches files.
 class IniFile
 {
 public:
@@ -31,8 +31,7 @@ public:
         m_file.close();
     }
     ~IniFile() { m_file.remove(); }
-    IniFile(const IniFile&) = delete;
-    IniFile& operator=(const IniFile&) = delete;
+    Q_DISABLE_COPY_MOVE(IniFile)
 
     QString name() const { return m_file.fileName(); }
 
@@ -60,11 +59,11 @@ void readNumbers(const Config& config)
     const QString key = u"ElectronicPrescription:timeout"_s;
     bool isNumber = false;
     const int number = config.getString(key).trimmed().toInt(&isNumber);
-    promise(config.getInt(key, 60) == (isNumber ? number : 60), "a number that is none gives the default");
+    promise(config.getInt(key, 60) == (isNumber ? number : 60), "an invalid number gives the default");
 }
 
-/// A line that was written wrong takes nothing from the lines below it. A quotation mark that is not closed does, and
-/// so does a backslash at the end of a line: both go on in the next line.
+/// A wrong line spoils no line below it. Exceptions are a quotation mark that is not closed and a backslash at the end
+/// of a line: both continue in the next line.
 void readWhatFollows(const QByteArray& bytes)
 {
     if (bytes.contains('"') || bytes.contains('\\')) {
@@ -72,7 +71,7 @@ void readWhatFollows(const QByteArray& bytes)
     }
     const IniFile longer(bytes + "\n[Below]\nkey=one,two three\n");
     const Config config(longer.name());
-    promise(config.getString(u"Below:key"_s) == u"one,two three"_s, "what stands below is read");
+    promise(config.getString(u"Below:key"_s) == u"one,two three"_s, "the lines below are read");
 }
 
 } // namespace
@@ -83,7 +82,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const IniFile file(bytes);
     const Config config(file.name());
     promise(bool(config.reading()) || !config.reading().failure().detail.isEmpty(), "a failure has a detail");
-    promise(isUtf8(bytes) || !config.reading(), "what is no UTF-8 is not taken for a configuration");
+    promise(isUtf8(bytes) || !config.reading(), "a file that is not UTF-8 is refused");
     promise(!bytes.contains("@Variant(") || !config.reading(), "a value is a text");
     readKeys(config);
     readNumbers(config);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The data folder with one file of unknown contents in each place: the documents around it stay in reach.
+// A data folder with a file of unknown content in each place. The documents beside it can still be used.
 
 #include "fuzztarget.h"
 
 #include "config.h"
-#include "dialog.h"
+#include "dialogdouble.h"
 #include "documentarchive.h"
 #include "documentnumbers.h"
 #include "opendocumentfile.h"
@@ -24,12 +24,6 @@ namespace
 
 constexpr int soundNumber = 1;
 constexpr int otherNumber = 2;
-
-class Silent : public Dialog
-{
-public:
-    void showMessage(const tr::Tr&, int, int, int) override {}
-};
 
 QByteArray contentOf(const QString& file)
 {
@@ -51,7 +45,7 @@ QByteArray soundSale()
     return QJsonDocument(sale.toJson()).toJson();
 }
 
-/// Whether a document can be gone on with, in the archive or as the open one.
+/// Whether a document can be used, from the archive or as the open one.
 bool isThere(const DocumentArchive& archive, const QSharedPointer<Document>& open, int number)
 {
     return archive.find(number) || (open && open->getNumber() == number);
@@ -71,8 +65,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     static const QByteArray sound = soundSale();
     const QString finishedSound = folder.filePath(u"finished/00000001.json"_s);
     const QString finished = folder.filePath(u"finished/00000002.json"_s);
-    const QString suspend = folder.filePath(u"putaside/00000002.json"_s);
-    MockFactory<Dialog>::mocked = [] { return QSharedPointer<Dialog>(new Silent); };
+    const QString suspended = folder.filePath(u"putaside/00000002.json"_s);
+    const DialogDouble dialog;
     Singleton<Config>::get()->setForThisRun(u"Register:data"_s, folder.path());
 
     QDir(folder.path()).removeRecursively();
@@ -81,12 +75,12 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const QByteArray bytes = bytesOf(data, size);
     put(finishedSound, sound);
     put(finished, bytes);
-    put(suspend, bytes);
+    put(suspended, bytes);
     put(folder.filePath(u"receipt.json"_s), bytes);
     put(folder.filePath(u"lastreceiptnumber"_s), bytes);
 
     const DocumentArchive archive(folder.path());
-    promise(holds(archive.latest(10), soundNumber), "a sound document is listed beside any other");
+    promise(holds(archive.latest(10), soundNumber), "a sound document is listed whatever is beside it");
     promise(archive.greatestNumber() == otherNumber, "a damaged document keeps its number");
     DocumentNumbers numbers(folder.path());
     numbers.pass(archive.greatestNumber());
@@ -99,8 +93,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const auto stillOpen = archive.tidyUp(open);
     promise(isThere(archive, stillOpen, soundNumber), "tidying up leaves a sound document");
     promise(!wasThere || isThere(archive, stillOpen, otherNumber), "tidying up leaves a readable copy");
-    promise(wasThere || (contentOf(finished) == bytes && contentOf(suspend) == bytes),
-            "tidying up leaves what is damaged as it is");
+    promise(wasThere || (contentOf(finished) == bytes && contentOf(suspended) == bytes),
+            "tidying up leaves damaged files as they are");
 
     archive.isReturned(*archive.find(soundNumber), stillOpen);
     if (const auto document = archive.find(otherNumber)) {

@@ -15,7 +15,7 @@ int LLVMFuzzerInitialize(int* argc, char*** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_LOGGING_RULES", "*=false");
-    // Lives as long as the process: a fuzzer ends without coming back.
+    // Lives as long as the process: a fuzzer never returns.
     static auto* const application = new QApplication(*argc, *argv);
     Q_UNUSED(application)
     Config silent;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a fuzzer changes an input that is JSON: one value somewhere in it becomes another one, so that most inputs get
-// past the parser.
+// How a fuzzer changes JSON: it replaces one value somewhere in the input, so that most inputs pass the parser.
 
 #include "fuzztarget.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// A plug-in's positionmarks.json, and the positions and documents that it has a word for.
+// A plug-in's positionmarks.json, and the positions and documents that it marks.
 
 #include "fuzztarget.h"
 
-#include "abstractdocument.h"
+#include "documentdouble.h"
 #include "positionmarks.h"
 
 #include <QFile>
@@ -18,13 +18,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-class Document : public AbstractDocument
-{
-public:
-    int getType() const override { return Sale; }
-    QList<QSharedPointer<GoodsItem>> getPositions() const override { return {}; }
-};
-
 bool isEmpty(const PositionMarks::Look& look)
 {
     return look.mark.isEmpty() && look.description.isEmpty() && look.state.isEmpty() && look.receiptLines.isEmpty();
@@ -38,7 +31,7 @@ QString fileWith(const QByteArray& bytes)
     return file.fileName();
 }
 
-/// A position with the tag of the file's entry, and its options filled with the file itself.
+/// Marks a position that has the entry's tag, and the whole file as its options.
 void lookAtMarked(const PositionMarks& marks, const QJsonObject& entry, const QByteArray& options)
 {
     GoodsItem position;
@@ -68,12 +61,12 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         lookAtMarked(marks, entry.toObject(), bytes);
     }
 
-    Document document;
-    promise(marks.documentText(document).isEmpty(), "nothing is told of a document on which nothing is stored");
+    DocumentDouble document;
+    promise(marks.documentText(document).isEmpty(), "a document without plug-in values has no text");
     const QJsonArray lines = root.value(u"document"_s).toArray();
     for (const auto line : lines) {
         document.setPluginValue(line[u"plugin"_s].toString(), line[u"key"_s].toString(), u"1100"_s);
     }
-    promise(marks.documentText(document).count(u"1100"_s) >= lines.size(), "each line of the document is told");
+    promise(marks.documentText(document).count(u"1100"_s) >= lines.size(), "the text has each line of the document");
     return 0;
 }

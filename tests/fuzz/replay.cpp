@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Replays the inputs in the folders that are named, in place of a fuzzer. The last one named in the output is the one
-// that failed.
+// Replays the inputs of the given folders instead of a fuzzer. The last name in the output is that of the input that
+// failed.
 
 #include "fuzztarget.h"
 
@@ -21,7 +21,7 @@ void replay(const QFileInfo& input)
     QFile file(input.filePath());
     promise(file.open(QIODevice::ReadOnly), "the input can be read");
     const QByteArray bytes = file.readAll();
-    // As large as the input, so that the sanitizer sees a read behind its end.
+    // Exactly as large as the input, so that a sanitizer sees a read past its end.
     const std::vector<std::uint8_t> exact(bytes.cbegin(), bytes.cend());
     LLVMFuzzerTestOneInput(exact.data(), exact.size());
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A saved document, from the bytes of its file to its sums, and back into a file.
+// A saved document: from the bytes of its file to its sums, and back into a file.
 
 #include "fuzztarget.h"
 
@@ -32,7 +32,7 @@ QByteArray saved(const Document& document)
     return QJsonDocument(document.toJson()).toJson();
 }
 
-/// The members of that name are the same, where `written` has one.
+/// Members of these names are the same, as far as `written` has them.
 void compare(const QJsonObject& written, const QJsonObject& kept, std::initializer_list<const char*> names)
 {
     for (const char* name : names) {
@@ -57,14 +57,14 @@ void compareWithFile(const QJsonObject& written, const QJsonObject& kept)
     }
 }
 
-/// False after some two thousand million positions, which only a made-up receipt has had.
+/// False after some two thousand million positions, which no real document has.
 bool hasRoom(const Document& document)
 {
     constexpr int lastNumber = std::numeric_limits<int>::max() - 1;
     return document.toJson().value(u"nextPosition"_s).toInt() < lastNumber;
 }
 
-/// What the cashier does next with a receipt that was taken up: an accepted one is fit for work.
+/// Does what a cashier does with a document that was read: each accepted one can be used.
 void workOn(Document& document)
 {
     const Kopecks before = document.getSum();
@@ -73,10 +73,11 @@ void workOn(Document& document)
     promise(document.getSum() == before + 300, "a new position adds its price to the sum");
     document.remove(position->getNumber());
     promise(document.getSum() == before, "a removed position takes its price with it");
-    promise(document.isReturn() || document.getChange() == document.getReceived() - before, "the change is the rest");
+    promise(document.isReturn() || document.getChange() == document.getReceived() - before,
+            "the change is what was received minus the sum");
 
     const auto returnSale = Document::returnOf(document, 7, document.getOpened());
-    promise(returnSale->getSum() == before, "a cancelling document takes back the whole sum");
+    promise(returnSale->getSum() == before, "a return has the whole sum of the sale");
 }
 
 } // namespace

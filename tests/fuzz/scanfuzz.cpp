@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The keys of a scanner and of a cashier, mixed. An input holds the prefix's length, the prefix, and two bytes for each
-// key: the milliseconds since the key before, and its character.
+// The keys of a scanner and of a cashier, mixed. An input is the length of the prefix, the prefix, and two bytes a key:
+// the milliseconds since the key before, and its character.
 
 #include "fuzztarget.h"
 
@@ -63,11 +63,11 @@ private:
     {
         const auto scan = pressReturn();
         if (scan) {
-            promise(isPrintable(scan->text), "a scan holds what can be shown");
+            promise(isPrintable(scan->text), "a scan can be shown");
             promise(m_row > shortestScan || m_hasPrefix, "slow typing is no scan");
             promise(m_field.startsWith(scan->fieldBefore), "a scan knows the text before it");
         }
-        promise(!pressReturn(), "what came before a Return is forgotten");
+        promise(!pressReturn(), "keys before a Return are forgotten");
         m_field = scan ? scan->fieldBefore : QString();
         m_row = 0;
     }
@@ -76,7 +76,7 @@ private:
     ScanRecognizer m_recognizer;
     QString m_field;
     quint64 m_time = 1000;
-    qsizetype m_row = 0; ///< keys that followed one another fast
+    qsizetype m_row = 0; ///< keys in quick succession
 };
 
 } // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A scenario's file and its steps.
+// A scenario file and its steps.
 
 #include "fuzztarget.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// An amount of money as it is typed, and as it is shown.
+// An amount of money: typed, shown and typed again.
 
 #include "fuzztarget.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The disk is full, or the data folder may not be written to, while the register works: what stands on the disk stays
-// as it was, and the cashier is told.
+// The disk becomes full, or the data folder read-only, while the register works. The files stay as they were, and the
+// cashier gets a message.
 
 #include "cashiersteps.h"
 #include "pharmacy.h"
@@ -23,19 +23,21 @@ protected:
         leaveOpen("three-prescriptions.json");
     }
 
-    /// A step that waits until the test has changed the disk; `when` names it.
+    /// A step that waits until the test has changed the disk.
+    ///
+    /// @param when names the change
     static QByteArray changeOfTheDisk(const QByteArray& when)
     {
         return R"({"say": ")" + when + R"("}, {"document": {"changed": true}, "file": ")" + when +
                R"(.json", "seconds": 50})";
     }
-    /// Changes the disk when the running register has come to that step.
+    /// Changes the disk once the running register has reached that step.
     template <typename Change>
     void changeDisk(const QString& when, const Change& change)
     {
         ASSERT_TRUE(waitForOutput(when));
         QFile changed(dataFolder() + '/' + when + ".json");
-        ASSERT_TRUE(changed.open(QIODevice::WriteOnly)); // before the change, which may forbid it
+        ASSERT_TRUE(changed.open(QIODevice::WriteOnly)); // the change may forbid it
         change();
         changed.write(R"({"changed": true})");
     }
@@ -43,7 +45,7 @@ protected:
     void setPermissions(mode_t mode) const { EXPECT_EQ(::chmod(QFile::encodeName(dataFolder()).constData(), mode), 0); }
 };
 
-TEST_F(Disk, fullWhenTheThirdIsRegistered_isShownTheFormerDocumentStandsAndTheNextSaveHoldsAll)
+TEST_F(Disk, fullWhenTheThirdIsRegistered_isShownAndTheFormerFileStaysUntilTheNextSave)
 {
     registry.orderFault({{"endpoint", "register"}, {"nth", 3}, {"fault", "delay"}, {"delay", 2000}});
     startSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", notSaved),
@@ -53,13 +55,13 @@ TEST_F(Disk, fullWhenTheThirdIsRegistered_isShownTheFormerDocumentStandsAndTheNe
     changeDisk("freed", [this] {
         EXPECT_EQ(registeredBy(savedDocument()).size(), 2);
         EXPECT_EQ(savedPositions().size(), 3);
-        EXPECT_EQ(standingDispenses().size(), 3);
+        EXPECT_EQ(validDispenses().size(), 3);
         fillDisk(0);
     });
-    expectHeld(waitForEnd());
+    expectPlayed(waitForEnd());
     EXPECT_EQ(registry.requestsTo("register"), 3);
     EXPECT_EQ(registeredBy(finished(1)).size(), 3);
-    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+    EXPECT_EQ(validDispenses(), registeredBy(finished(1)));
 }
 
 TEST_F(Disk, fullAtTheClosing_isShownAndTheDocumentStaysOpenUntilThereIsRoom)
@@ -74,10 +76,10 @@ TEST_F(Disk, fullAtTheClosing_isShownAndTheDocumentStaysOpenUntilThereIsRoom)
         EXPECT_EQ(files("finished"), QStringList());
         fillDisk(0);
     });
-    expectHeld(waitForEnd());
+    expectPlayed(waitForEnd());
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
     EXPECT_TRUE(savedDocument().isEmpty());
-    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+    EXPECT_EQ(validDispenses(), registeredBy(finished(1)));
 }
 
 TEST_F(Disk, folderReadOnlyAtTheClosing_isShownAndTheDocumentStaysOpenUntilItIsWritable)
@@ -86,14 +88,14 @@ TEST_F(Disk, folderReadOnlyAtTheClosing_isShownAndTheDocumentStaysOpenUntilItIsW
                 cashier::tries(R"({"key": "Return"})", notSaved),
                 R"({"expect": "К ОПЛАТЕ", "in": "paymentCaptionLabel"})", cashier::findsTheDocument});
     changeDisk("locked", [this] { setPermissions(S_IRUSR | S_IXUSR); });
-    expectHeld(waitForEnd());
+    expectPlayed(waitForEnd());
     setPermissions(S_IRWXU);
     EXPECT_EQ(savedDocument()["state"].toString(), "open");
     EXPECT_EQ(files("finished"), QStringList());
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
-    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+    EXPECT_EQ(validDispenses(), registeredBy(finished(1)));
 }
 
 TEST_F(Disk, fullWhenADocumentIsSuspended_isShownAndItStaysOpen)
@@ -102,7 +104,7 @@ TEST_F(Disk, fullWhenADocumentIsSuspended_isShownAndItStaysOpen)
                 cashier::tries(R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "1"})", notSaved),
                 cashier::findsTheDocument});
     changeDisk("filled", [this] { fillDisk(512); });
-    expectHeld(waitForEnd());
+    expectPlayed(waitForEnd());
     EXPECT_EQ(files("putaside"), QStringList());
     EXPECT_EQ(savedPositions().size(), 3);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The power goes while a document changes its place: closed, put aside, taken up, taken back, annulled.
+// The power fails while a document is closed, suspended, resumed, returned or voided.
 
 #include "powercuttest.h"
 
@@ -14,7 +14,7 @@ const QByteArray sells = registers + ", " + cashier::pays;
 class PowerCutAtADocument : public PowerCutTest
 {
 protected:
-    /// There is one open receipt, number 1, and no other document.
+    /// There is one open document, number 1, and no other document.
     void expectOpenAlone()
     {
         EXPECT_EQ(savedDocument()["number"].toInt(), 1);
@@ -24,66 +24,66 @@ protected:
     }
 };
 
-TEST_F(PowerCutAtADocument, closingToBeSaved_documentIsOpenAndIsPaidAgainWithoutAskingTheRegistry)
+TEST_F(PowerCutAtADocument, closingNotYetSaved_documentIsOpenAndIsPaidWithoutARequest)
 {
     playUntil({"", At::BeforeSave, 4}, {sells});
     expectOpenAlone();
     registry.forgetRequests();
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(registry.requestedPaths(), QStringList());
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
     expectRegisteredOnce(finished(1));
     EXPECT_FALSE(printed(1).empty());
 }
 
-TEST_F(PowerCutAtADocument, closingSaved_documentIsClosedPrintedAndNotOpenAgain)
+TEST_F(PowerCutAtADocument, closingSaved_documentIsClosedAndPrintedAtTheNextStart)
 {
     playUntil({"", At::AfterSave, 4}, {sells});
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
     EXPECT_TRUE(printed(1).empty());
 
-    expectHeld(playSteps({cashier::isIdle, cashier::opensADocument}));
+    expectPlayed(playSteps({cashier::isIdle, cashier::opensADocument}));
     EXPECT_EQ(files("finished"), QStringList("00000001.json"));
     expectRegisteredOnce(finished(1));
     EXPECT_FALSE(printed(1).empty());
     EXPECT_EQ(savedDocument()["number"].toInt(), 2);
 }
 
-TEST_F(PowerCutAtADocument, puttingAsideToBeSaved_documentIsOpen)
+TEST_F(PowerCutAtADocument, suspendingNotYetSaved_documentIsOpen)
 {
-    playUntil({"", At::BeforeSave, 1}, {cashier::findsTheDocument, cashier::putsAside});
+    playUntil({"", At::BeforeSave, 1}, {cashier::findsTheDocument, cashier::suspends});
     expectOpenAlone();
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::putsAside}));
-    EXPECT_EQ(suspend(1)["positions"].toArray().size(), 3);
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::suspends}));
+    EXPECT_EQ(suspended(1)["positions"].toArray().size(), 3);
     EXPECT_TRUE(savedDocument().isEmpty());
 }
 
-TEST_F(PowerCutAtADocument, puttingAsideSaved_documentIsOpenAndNotSuspendedAsWell)
+TEST_F(PowerCutAtADocument, suspendingSaved_documentIsOpenAndNotSuspendedAsWell)
 {
-    playUntil({"", At::AfterSave, 1}, {cashier::findsTheDocument, cashier::putsAside});
+    playUntil({"", At::AfterSave, 1}, {cashier::findsTheDocument, cashier::suspends});
 
-    expectHeld(playSteps({cashier::findsTheDocument}));
+    expectPlayed(playSteps({cashier::findsTheDocument}));
     expectOpenAlone();
 }
 
-TEST_F(PowerCutAtADocument, takingUpToBeSaved_documentStaysSuspended)
+TEST_F(PowerCutAtADocument, resumingNotYetSaved_documentStaysSuspended)
 {
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::putsAside}));
-    playUntil({"", At::BeforeSave, 1}, {cashier::takesUp});
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::suspends}));
+    playUntil({"", At::BeforeSave, 1}, {cashier::resumes});
     EXPECT_TRUE(savedDocument().isEmpty());
 
-    expectHeld(playSteps({cashier::takesUp}));
+    expectPlayed(playSteps({cashier::resumes}));
     expectOpenAlone();
 }
 
-TEST_F(PowerCutAtADocument, takingUpSaved_documentIsOpenAndNotSuspendedAsWell)
+TEST_F(PowerCutAtADocument, resumingSaved_documentIsOpenAndNotSuspendedAsWell)
 {
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::putsAside}));
-    playUntil({"", At::AfterSave, 1}, {cashier::takesUp});
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::suspends}));
+    playUntil({"", At::AfterSave, 1}, {cashier::resumes});
 
-    expectHeld(playSteps({cashier::findsTheDocument}));
+    expectPlayed(playSteps({cashier::findsTheDocument}));
     expectOpenAlone();
 }
 
@@ -93,11 +93,11 @@ protected:
     void SetUp() override
     {
         PowerCutTest::SetUp();
-        expectHeld(playSteps({sells}));
+        expectPlayed(playSteps({sells}));
         expectRegisteredOnce(finished(1));
     }
 
-    /// The sale is taken back once: by that document, with nothing left at the registry.
+    /// The sale was returned once, by that document, and the registry holds no dispense of it.
     void expectReturnedBy(int number)
     {
         EXPECT_EQ(finished(1)["takenBackBy"].toInt(), number);
@@ -123,13 +123,13 @@ const PowerFailure notOpenYet[] = {
 
 using OpeningAReturn = PowerCutAtAReturn;
 
-TEST_P(OpeningAReturn, hasNotHappenedAndIsDoneUnderTheNextNumber)
+TEST_P(OpeningAReturn, powerFails_saleIsUnchangedAndTheNextAttemptReturnsItUnderTheNextNumber)
 {
     playUntil(GetParam(), {returns});
     EXPECT_TRUE(savedDocument().isEmpty());
     expectRegisteredOnce(finished(1));
 
-    expectHeld(playSteps({cashier::isIdle, returns}));
+    expectPlayed(playSteps({cashier::isIdle, returns}));
     expectReturnedBy(3);
 }
 
@@ -151,24 +151,24 @@ const PowerFailure returnOpen[] = {
 
 using OpenReturn = PowerCutAtAReturn;
 
-TEST_P(OpenReturn, isOpenAfterwardsAndIsFinishedOnce)
+TEST_P(OpenReturn, powerFails_returnIsOpenAndIsFinishedOnce)
 {
     playUntil(GetParam(), {returns});
     EXPECT_EQ(savedDocument()["type"].toInt(), 25);
     expectInStep(savedDocument());
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::paysOut,
-                          cashier::tries(cashier::opensTheReturn, "уже возвращена")}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::paysOut,
+                            cashier::tries(cashier::opensTheReturn, "уже возвращена")}));
     expectReturnedBy(2);
 }
 
 INSTANTIATE_TEST_SUITE_P(At, OpenReturn, ::testing::ValuesIn(returnOpen), nameOf);
 
-TEST_F(PowerCutAtAReturn, endSaved_isFinishedAndNotOpenAgain)
+TEST_F(PowerCutAtAReturn, endSaved_returnIsFinishedAndNotOpenAgain)
 {
     playUntil({"", At::AfterSave, 7}, {returns});
 
-    expectHeld(playSteps({cashier::isIdle, cashier::tries(cashier::opensTheReturn, "уже возвращена")}));
+    expectPlayed(playSteps({cashier::isIdle, cashier::tries(cashier::opensTheReturn, "уже возвращена")}));
     expectReturnedBy(2);
     EXPECT_FALSE(printed(2).empty());
 }
@@ -181,33 +181,33 @@ const PowerFailure returnUnsaved[] = {
 
 using ReturnWithOneUnsaved = PowerCutAtAReturn;
 
-TEST_P(ReturnWithOneUnsaved, isRefusedByTheRegistryUntilTheDocumentIsCorrected)
+TEST_P(ReturnWithOneUnsaved, nextSubtotal_isRefusedByTheRegistryUntilTheDocumentIsCorrected)
 {
     playUntil(GetParam(), {returns});
-    EXPECT_EQ(registeredBy(savedDocument()).size(), standingDispenses().size() + 1);
+    EXPECT_EQ(registeredBy(savedDocument()).size(), validDispenses().size() + 1);
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "уже отменён"),
-                          cashier::tries(R"({"key": "F6"})", "уже отменён")}));
-    EXPECT_EQ(registeredBy(savedDocument()).size(), standingDispenses().size() + 1);
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "уже отменён"),
+                            cashier::tries(R"({"key": "F6"})", "уже отменён")}));
+    EXPECT_EQ(registeredBy(savedDocument()).size(), validDispenses().size() + 1);
 
     correct("receipt.json");
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::paysOut}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::paysOut}));
     expectReturnedBy(2);
 }
 
-TEST_P(ReturnWithOneUnsaved, canBeGivenUpAndTheSaleStaysSold)
+TEST_P(ReturnWithOneUnsaved, cancelled_saleStaysClosed)
 {
     playUntil(GetParam(), {returns});
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::cancelsTheDocument, cashier::isIdle}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::cancelsTheDocument, cashier::isIdle}));
     EXPECT_EQ(finished(2)["state"].toString(), "cancelled");
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
-    EXPECT_EQ(registeredBy(finished(1)).size(), standingDispenses().size() + 1);
+    EXPECT_EQ(registeredBy(finished(1)).size(), validDispenses().size() + 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(At, ReturnWithOneUnsaved, ::testing::ValuesIn(returnUnsaved), nameOf);
 
-class PowerCutAtAnVoiding : public PowerCutTest, public ::testing::WithParamInterface<PowerFailure>
+class PowerCutAtAVoiding : public PowerCutTest, public ::testing::WithParamInterface<PowerFailure>
 {
 protected:
     void expectVoided()
@@ -227,52 +227,53 @@ const PowerFailure voiding[] = {
     {"endToBeSaved", At::BeforeSave, 8},
 };
 
-using VoidingOneSuspended = PowerCutAtAnVoiding;
+using VoidingASuspendedDocument = PowerCutAtAVoiding;
 
-TEST_P(VoidingOneSuspended, isSuspendedAfterwardsAndIsVoidedByTheNextAttempt)
+TEST_P(VoidingASuspendedDocument, powerFails_documentStaysSuspendedAndTheNextAttemptVoidsIt)
 {
-    playUntil(GetParam(), {registers, cashier::putsAside, cashier::voids});
+    playUntil(GetParam(), {registers, cashier::suspends, cashier::voids});
     EXPECT_EQ(files("finished"), QStringList());
-    expectInStep(suspend(1));
+    expectInStep(suspended(1));
 
-    expectHeld(playSteps({cashier::isIdle, cashier::voids, cashier::isIdle}));
+    expectPlayed(playSteps({cashier::isIdle, cashier::voids, cashier::isIdle}));
     expectVoided();
 }
 
-INSTANTIATE_TEST_SUITE_P(At, VoidingOneSuspended, ::testing::ValuesIn(voiding), nameOf);
-INSTANTIATE_TEST_SUITE_P(Before, VoidingOneSuspended, ::testing::Values(PowerFailure{"anyRequest", At::LongWork, 2}),
-                         nameOf);
+INSTANTIATE_TEST_SUITE_P(At, VoidingASuspendedDocument, ::testing::ValuesIn(voiding), nameOf);
+INSTANTIATE_TEST_SUITE_P(Before, VoidingASuspendedDocument,
+                         ::testing::Values(PowerFailure{"anyRequest", At::LongWork, 2}), nameOf);
 
-TEST_F(PowerCutAtAnVoiding, oneSuspendedSaved_isVoidedAndNotSuspendedAsWell)
+TEST_F(PowerCutAtAVoiding, suspendedDocumentSaved_isVoidedAndNotSuspendedAsWell)
 {
-    playUntil({"", At::AfterSave, 8}, {registers, cashier::putsAside, cashier::voids});
+    playUntil({"", At::AfterSave, 8}, {registers, cashier::suspends, cashier::voids});
 
-    expectHeld(playSteps({cashier::isIdle, cashier::opensADocument}));
+    expectPlayed(playSteps({cashier::isIdle, cashier::opensADocument}));
     expectVoided();
     EXPECT_EQ(savedDocument()["number"].toInt(), 2);
 }
 
-using VoidingASale = PowerCutAtAnVoiding;
+using VoidingASale = PowerCutAtAVoiding;
 
-/// Saved at the same times as one that was put aside: there the fourth save is the putting aside, here the closing.
-TEST_P(VoidingASale, isClosedAfterwardsAndIsVoidedByTheNextAttempt)
+/// Fails at the same saves as the voiding of a suspended document: the fourth save is the closing instead of the
+/// suspending.
+TEST_P(VoidingASale, powerFails_saleStaysClosedAndTheNextAttemptVoidsIt)
 {
     playUntil(GetParam(), {sells, cashier::voids});
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
     expectInStep(finished(1));
 
-    expectHeld(playSteps({cashier::isIdle, cashier::voids, cashier::isIdle}));
+    expectPlayed(playSteps({cashier::isIdle, cashier::voids, cashier::isIdle}));
     expectVoided();
 }
 
 INSTANTIATE_TEST_SUITE_P(At, VoidingASale, ::testing::ValuesIn(voiding), nameOf);
 INSTANTIATE_TEST_SUITE_P(Before, VoidingASale, ::testing::Values(PowerFailure{"anyRequest", At::LongWork, 3}), nameOf);
 
-TEST_F(PowerCutAtAnVoiding, saleSaved_isVoided)
+TEST_F(PowerCutAtAVoiding, saleSaved_isVoided)
 {
     playUntil({"", At::AfterSave, 8}, {sells, cashier::voids});
 
-    expectHeld(playSteps({cashier::isIdle, cashier::opensADocument}));
+    expectPlayed(playSteps({cashier::isIdle, cashier::opensADocument}));
     expectVoided();
 }
 
@@ -282,20 +283,20 @@ const PowerFailure voidingUnsaved[] = {
     {"thirdAnswered", At::AnswerLost, 3, "cancel"},  {"thirdToBeSaved", At::BeforeSave, 7},
 };
 
-using VoidingASaleWithOneUnsaved = PowerCutAtAnVoiding;
+using VoidingASaleWithOneUnsaved = PowerCutAtAVoiding;
 
-TEST_P(VoidingASaleWithOneUnsaved, isRefusedByTheRegistryAndSoIsItsReturnUntilTheSaleIsCorrected)
+TEST_P(VoidingASaleWithOneUnsaved, nextVoidingAndReturn_areRefusedByTheRegistryUntilTheSaleIsCorrected)
 {
     playUntil(GetParam(), {sells, cashier::voids});
-    EXPECT_EQ(registeredBy(finished(1)).size(), standingDispenses().size() + 1);
+    EXPECT_EQ(registeredBy(finished(1)).size(), validDispenses().size() + 1);
 
-    expectHeld(playSteps({cashier::isIdle, cashier::tries(cashier::voids, "уже отменён"), cashier::opensTheReturn,
-                          cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "уже отменён"),
-                          cashier::cancelsTheDocument, cashier::isIdle}));
+    expectPlayed(playSteps({cashier::isIdle, cashier::tries(cashier::voids, "уже отменён"), cashier::opensTheReturn,
+                            cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "уже отменён"),
+                            cashier::cancelsTheDocument, cashier::isIdle}));
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
 
     correct("finished/00000001.json");
-    expectHeld(playSteps({cashier::isIdle, cashier::voids, cashier::isIdle}));
+    expectPlayed(playSteps({cashier::isIdle, cashier::voids, cashier::isIdle}));
     expectVoided();
 }
 

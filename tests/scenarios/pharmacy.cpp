@@ -28,16 +28,16 @@ void write(const QString& path, const QByteArray& content)
     ASSERT_EQ(file.write(content), content.size());
 }
 
-/// Empty when there is no such file.
+/// Empty when the file cannot be read.
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Runs in the register's process before its program: a disk that is full is an error there, not its end, and a folder
-/// that may not be written to holds for root as well.
-void meetTheDiskAsAnybody()
+/// Runs in the register's process before its program. A full disk becomes an error instead of a signal, and a read-only
+/// folder is read-only for root too.
+void loseDiskPrivileges()
 {
     std::signal(SIGXFSZ, SIG_IGN);
     ::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
@@ -56,7 +56,7 @@ void Pharmacy::SetUp()
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"data"_s));
     registry.start();
     m_register.setProcessChannelMode(QProcess::MergedChannels);
-    m_register.setChildProcessModifier(meetTheDiskAsAnybody);
+    m_register.setChildProcessModifier(loseDiskPrivileges);
 
     configure(u"plugins:pharmacy"_s, u"true"_s);
     configureRegistry();
@@ -212,7 +212,7 @@ bool Pharmacy::waitForRequests(const QString& endpoint, int requests)
         if (deadline.hasExpired() || m_register.state() != QProcess::Running) {
             return false;
         }
-        m_register.waitForFinished(lookInterval); // the pause between two looks ends with the register
+        m_register.waitForFinished(lookInterval); // a pause that the register's end cuts short
     }
     return true;
 }
@@ -253,7 +253,7 @@ QJsonArray Pharmacy::savedPositions() const
     return savedDocument().value("positions"_L1).toArray();
 }
 
-QJsonObject Pharmacy::suspend(int number) const
+QJsonObject Pharmacy::suspended(int number) const
 {
     return document(u"putaside/%1.json"_s.arg(number, 8, 10, QChar(u'0')));
 }
@@ -293,7 +293,7 @@ QStringList Pharmacy::registeredBy(const QJsonObject& document)
     return lines;
 }
 
-QStringList Pharmacy::standingDispenses()
+QStringList Pharmacy::validDispenses()
 {
     QStringList lines;
     for (const RegistryProcess::Dispense& dispense : registry.dispenses()) {

@@ -25,7 +25,7 @@ QString saveMoment(PowerFailure::At at)
     }
 }
 
-/// Goes on for longer than the power does.
+/// A last step that outlasts the power.
 const QByteArray untilTheEnd = R"({"wait": "neverThere", "seconds": 50})";
 
 } // namespace
@@ -63,7 +63,7 @@ void PowerCutTest::playUntil(const PowerFailure& failure, const QByteArrayList& 
     }
     const Outcome outcome = waitForEnd();
     ASSERT_TRUE(wasKilled()) << qPrintable(outcome.output);
-    registry.returnFaults();
+    registry.withdrawFaults();
 }
 
 void PowerCutTest::correct(const QString& file)
@@ -92,13 +92,13 @@ void PowerCutTest::expectRegisteredOnce(const QJsonObject& document)
 {
     const QStringList registered = registeredBy(document);
     EXPECT_EQ(registered.size(), 3);
-    EXPECT_EQ(standingDispenses(), registered);
+    EXPECT_EQ(validDispenses(), registered);
     EXPECT_EQ(registry.dispenses().size(), 3);
 }
 
 void PowerCutTest::expectNothingRegistered()
 {
-    EXPECT_EQ(standingDispenses(), QStringList());
+    EXPECT_EQ(validDispenses(), QStringList());
 }
 
 std::string nameOf(const ::testing::TestParamInfo<PowerFailure>& instance)

@@ -7,14 +7,14 @@
 #include <ostream>
 #include <string>
 
-/// When the power goes.
+/// The moment at which the power fails.
 struct PowerFailure {
     enum class At {
         LongWork,    ///< when long work begins
-        RequestLost, ///< after a request was sent, which the registry has not carried out
-        AnswerLost,  ///< after the registry has carried a request out, before its answer is there
+        RequestLost, ///< after a request was sent that the registry does not carry out
+        AnswerLost,  ///< after the registry has carried out a request, before its answer arrives
         BeforeSave,  ///< before a document is saved
-        AfterSave,   ///< when a document has been saved
+        AfterSave,   ///< after a document was saved
     };
 
     const char* name;
@@ -28,26 +28,28 @@ struct PowerFailure {
     }
 };
 
-/// A pharmacy whose power goes off while the register works. All of its tests begin with one receipt of three
+/// A pharmacy whose power fails while the register works. Each test begins with one open document of three
 /// prescriptions: the first dispensed completely, the others in part.
 class PowerCutTest : public Pharmacy
 {
 protected:
     void SetUp() override;
 
-    /// Plays the steps until the power goes, which has to happen on the way.
+    /// Plays the steps until the power fails. The test fails when they end before.
     void playUntil(const PowerFailure& failure, const QByteArrayList& steps);
 
-    /// What an administrator does while the register is closed: makes a saved document say of each prescription what
-    /// the registry holds of its latest dispense. The file is one of the data folder.
+    /// Corrects a saved document as an administrator does while the register is closed: each position gets the id and
+    /// the state of its prescription's latest dispense at the registry.
+    ///
+    /// @param file within the data folder
     void correct(const QString& file);
 
-    /// Every prescription of the receipt is registered, once, and the receipt knows it.
+    /// Each of the three prescriptions is registered once, and the document holds its dispense.
     void expectRegisteredOnce(const QJsonObject& document);
-    /// Nothing stands with the registry.
+    /// The registry holds no dispense that is not cancelled.
     void expectNothingRegistered();
-    /// What the registry holds is what the document says.
-    void expectInStep(const QJsonObject& document) { EXPECT_EQ(standingDispenses(), registeredBy(document)); }
+    /// The registry and the document hold the same dispenses.
+    void expectInStep(const QJsonObject& document) { EXPECT_EQ(validDispenses(), registeredBy(document)); }
 };
 
 std::string nameOf(const ::testing::TestParamInfo<PowerFailure>& instance);

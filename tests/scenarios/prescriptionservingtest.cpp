@@ -16,9 +16,9 @@ class PrescriptionServing : public Pharmacy
 {
 };
 
-TEST_F(PrescriptionServing, servedByKeyboard_goodsStandOnTheDocumentAtTheBenefitPrice)
+TEST_F(PrescriptionServing, servedByKeyboard_goodsAreInTheDocumentAtTheBenefitPrice)
 {
-    expectHeld(play("served-by-keyboard.json"));
+    expectPlayed(play("served-by-keyboard.json"));
 
     const QJsonArray positions = savedPositions();
     ASSERT_EQ(positions.size(), 1);
@@ -38,7 +38,7 @@ TEST_F(PrescriptionServing, servedByKeyboard_goodsStandOnTheDocumentAtTheBenefit
 TEST_F(PrescriptionServing, servedByKeyboard_registryIsAskedForATokenAndTheCard)
 {
     configure("ElectronicPrescription:oais", "oais token");
-    expectHeld(play("served-by-keyboard.json"));
+    expectPlayed(play("served-by-keyboard.json"));
 
     const QJsonArray requests = registry.journal();
     ASSERT_EQ(requests.size(), 2);
@@ -58,33 +58,33 @@ TEST_F(PrescriptionServing, servedByKeyboard_registryIsAskedForATokenAndTheCard)
     EXPECT_EQ(header(byCard, "Accept"), u"application/json"_s);
 }
 
-TEST_F(PrescriptionServing, servedByTouch_goodsStandOnTheDocument)
+TEST_F(PrescriptionServing, servedByTouch_goodsAreInTheDocument)
 {
-    expectHeld(play("served-by-touch.json", {"--touch"}));
+    expectPlayed(play("served-by-touch.json", {"--touch"}));
     EXPECT_EQ(savedPositions().size(), 1);
 }
 
 TEST_F(PrescriptionServing, backFromEveryStep_nothingIsLeftBehindAndServingGoesOn)
 {
-    expectHeld(play("back-from-every-step.json"));
+    expectPlayed(play("back-from-every-step.json"));
     EXPECT_EQ(savedPositions().size(), 1);
 }
 
 TEST_F(PrescriptionServing, backByTouchFromEveryStep_leadsToTheStepBeforeWithTheDocumentAsItWas)
 {
-    expectHeld(play("back-by-touch-from-every-step.json", {"--touch"}));
+    expectPlayed(play("back-by-touch-from-every-step.json", {"--touch"}));
     EXPECT_EQ(savedPositions().size(), 2);
     EXPECT_EQ(registry.dispenses().size(), 0);
 }
 
-TEST_F(PrescriptionServing, filterTypedAndChosen_isThereOnTheWayBackAndGoneOnANewCommand)
+TEST_F(PrescriptionServing, filterTypedAndChosen_staysOnTheWayBackAndIsEmptyAtTheNextCommand)
 {
-    expectHeld(play("filter-kept-on-the-way-back.json"));
+    expectPlayed(play("filter-kept-on-the-way-back.json"));
 }
 
 TEST_F(PrescriptionServing, secondPrescriptionOfTheCard_comesFromTheCacheWithoutTheFirst)
 {
-    expectHeld(play("two-from-one-card.json"));
+    expectPlayed(play("two-from-one-card.json"));
     EXPECT_EQ(registry.requestedPaths(), (QStringList{tokenPath, byCardPath}));
     ASSERT_EQ(savedPositions().size(), 2);
     EXPECT_NE(optionsOf(savedPositions()[0].toObject()).value("id"),
@@ -93,20 +93,20 @@ TEST_F(PrescriptionServing, secondPrescriptionOfTheCard_comesFromTheCacheWithout
 
 TEST_F(PrescriptionServing, cardWithoutPrescriptions_isShownAndTheNextCommandAsksForACard)
 {
-    expectHeld(play("card-without-prescriptions.json"));
+    expectPlayed(play("card-without-prescriptions.json"));
 }
 
 TEST_F(PrescriptionServing, enterPressedTenTimesWhileTheRegistryIsSlow_choosesNothing)
 {
     registry.orderFault({{"fault", "delay"}, {"endpoint", "by-card"}, {"delay", 3000}});
-    expectHeld(play("enter-pressed-while-waiting.json"));
+    expectPlayed(play("enter-pressed-while-waiting.json"));
     EXPECT_EQ(registry.requestedPaths(), (QStringList{tokenPath, byCardPath}));
 }
 
 namespace
 {
 
-/// A step of serving, and how the cashier comes there from the step before.
+/// A step of serving, and how the cashier gets there from the step before.
 struct ServingStep {
     const char* name;
     QByteArray way;
@@ -127,18 +127,18 @@ class WindowClosed : public Pharmacy, public ::testing::WithParamInterface<int>
 {
 };
 
-TEST_P(WindowClosed, amidServing_registerEndsAndTheDocumentIsThereAsItWasOnTheNextStart)
+TEST_P(WindowClosed, whileServing_registerEndsAndTheNextStartHasTheDocumentAsItWas)
 {
     const QByteArray untouched = R"({"receipt": {"positions": [{"price": 12.4, "quantity": 1, "tags": []}]}})";
     QByteArrayList steps{R"({"key": "F2"}, {"scan": "2990000000019"})", untouched};
     for (int step = 0; step <= GetParam(); ++step) {
         steps += servingSteps[step].way;
     }
-    expectHeld(playSteps(steps + QByteArrayList{R"({"close": true})"}));
+    expectPlayed(playSteps(steps + QByteArrayList{R"({"close": true})"}));
     ASSERT_EQ(savedPositions().size(), 1);
 
-    expectHeld(playSteps({R"({"contains": "Амоксидар", "in": "receiptTable"})", untouched,
-                          R"({"key": "F5"}, {"wait": "inputLineEdit"}, {"expect": "", "in": "inputLineEdit"})"}));
+    expectPlayed(playSteps({R"({"contains": "Амоксидар", "in": "receiptTable"})", untouched,
+                            R"({"key": "F5"}, {"wait": "inputLineEdit"}, {"expect": "", "in": "inputLineEdit"})"}));
     EXPECT_EQ(registry.dispenses().size(), 0);
 }
 

@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-/// Who registers dispenses here, as the configuration of the pharmacy has it.
+/// The organization that registers dispenses here, as in the pharmacy's configuration.
 const QString organization = u"100000017"_s;
 } // namespace
 
@@ -97,7 +97,7 @@ void RegistryProcess::orderFault(const QJsonObject& fault)
     askAdmin("POST", u"/faults"_s, QJsonDocument(fault).toJson());
 }
 
-void RegistryProcess::returnFaults()
+void RegistryProcess::withdrawFaults()
 {
     askAdmin("DELETE", u"/faults"_s);
 }

@@ -9,7 +9,7 @@
 #include <QString>
 #include <QStringList>
 
-/// The registry emulator as a process of its own, asked and ordered about through its admin port.
+/// The registry emulator as a process of its own, controlled through its admin port.
 class RegistryProcess
 {
 public:
@@ -24,12 +24,16 @@ public:
     QJsonArray journal();
     /// Their paths (without query), oldest first.
     QStringList requestedPaths();
-    /// How many requests came to an endpoint, by its name on the admin port.
+    /// How many requests an endpoint has got.
+    ///
+    /// @param endpoint its name on the admin port
     int requestsTo(const QString& endpoint);
     void forgetRequests();
-    /// Orders a fault, in the form of the admin port.
+    /// Orders a fault.
+    ///
+    /// @param fault in the form of the admin port
     void orderFault(const QJsonObject& fault);
-    void returnFaults();
+    void withdrawFaults();
 
     /// A dispense that this pharmacy registered.
     struct Dispense {
@@ -39,7 +43,7 @@ public:
         bool final = false;
         bool cancelled = false;
     };
-    /// All of them, those of a prescription in the order in which they were registered.
+    /// All of them. Those of one prescription are in the order of their registration.
     QList<Dispense> dispenses();
     QList<Dispense> dispensesOf(const QString& prescription);
     QString statusOf(const QString& prescription);

@@ -15,7 +15,7 @@ TEST_F(DocumentRestoring, registerKilled_documentComesBackWithItsCard)
     const QJsonObject before = savedDocument();
     kill();
 
-    expectHeld(play("taken-up-after-a-crash.json"));
+    expectPlayed(play("taken-up-after-a-crash.json"));
     EXPECT_EQ(savedDocument(), before);
 }
 
@@ -27,7 +27,7 @@ TEST_F(DocumentRestoring, savedDocumentDamaged_isSetAsideUnchangedAndShown)
     file.write(damaged);
     file.close();
 
-    expectHeld(play("told-of-the-damaged-receipt.json"));
+    expectPlayed(play("told-of-the-damaged-receipt.json"));
 
     const QStringList setAside = QDir(dataFolder()).entryList({"receipt.json.damaged-*"});
     ASSERT_EQ(setAside.size(), 1);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Prescriptions sold: from the serving to the closed and printed receipt, and what the registry is asked on the way.
+// Prescriptions are sold: from the serving to the closed document and its printed receipt, with every request.
 
 #include "cashiersteps.h"
 #include "pharmacy.h"
@@ -35,13 +35,13 @@ protected:
 
 TEST_F(Selling, twoPrescriptionsByKeyboardAlone_areRegisteredPaidAndPrinted)
 {
-    expectHeld(play("sold-by-keyboard.json"));
+    expectPlayed(play("sold-by-keyboard.json"));
 
     const QJsonObject closed = finished(1);
     EXPECT_EQ(closed["state"].toString(), "closed");
     EXPECT_EQ(closed["received"].toDouble(), 5.0);
     EXPECT_EQ(registeredBy(closed).size(), 2);
-    EXPECT_EQ(standingDispenses(), registeredBy(closed));
+    EXPECT_EQ(validDispenses(), registeredBy(closed));
     EXPECT_TRUE(savedDocument().isEmpty());
 
     const auto complete = registry.dispensesOf("rx-2001");
@@ -67,17 +67,17 @@ TEST_F(Selling, twoPrescriptionsByKeyboardAlone_areRegisteredPaidAndPrinted)
 
 TEST_F(Selling, onePrescriptionByTouchAlone_isRegisteredAndPaid)
 {
-    expectHeld(play("sold-by-touch.json", {"--touch"}));
+    expectPlayed(play("sold-by-touch.json", {"--touch"}));
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
     EXPECT_EQ(finished(1)["received"].toDouble(), 10.0);
     EXPECT_EQ(registeredBy(finished(1)).size(), 1);
-    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+    EXPECT_EQ(validDispenses(), registeredBy(finished(1)));
     EXPECT_EQ(registry.statusOf("rx-1001"), "completed");
 }
 
-TEST_F(Selling, threePrescriptionsServed_makeTheDocumentThatOtherTestsBeginWith)
+TEST_F(Selling, threePrescriptionsServed_giveTheDocumentThatOtherTestsBeginWith)
 {
-    expectHeld(play("three-prescriptions-served.json"));
+    expectPlayed(play("three-prescriptions-served.json"));
     QJsonObject served = savedDocument();
     leaveOpen("three-prescriptions.json");
     QJsonObject fixture = savedDocument();
@@ -96,10 +96,10 @@ protected:
     }
 };
 
-TEST_F(Subtotal, threePrescriptions_eachAreSentOnceWithTheirDocument)
+TEST_F(Subtotal, threePrescriptions_areEachSentOnceWithTheirDocument)
 {
     configure("ElectronicPrescription:oais", "oais token");
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal}));
 
     const QJsonArray requests = registry.journal();
     EXPECT_EQ(registry.requestedPaths(),
@@ -135,103 +135,104 @@ TEST_F(Subtotal, threePrescriptions_eachAreSentOnceWithTheirDocument)
         EXPECT_EQ(claim["item"][0]["net"]["value"].toDouble(), line.net);
     }
     EXPECT_EQ(registeredBy(savedDocument()).size(), 3);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
+    EXPECT_EQ(validDispenses(), registeredBy(savedDocument()));
 }
 
-TEST_F(Subtotal, again_sendsNothing)
+TEST_F(Subtotal, repeated_sendsNothing)
 {
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::backToThePositions, cashier::subtotal,
-                          cashier::backToThePositions, cashier::toThePayment}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::backToThePositions,
+                            cashier::subtotal, cashier::backToThePositions, cashier::toThePayment}));
     EXPECT_EQ(registry.requestsTo("register"), 3);
     EXPECT_EQ(registry.requestsTo("token"), 3);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
+    EXPECT_EQ(validDispenses(), registeredBy(savedDocument()));
 }
 
 TEST_F(Subtotal, straightToThePayment_registersAsWell)
 {
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::toThePayment}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::toThePayment}));
     EXPECT_EQ(registeredBy(savedDocument()).size(), 3);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
+    EXPECT_EQ(validDispenses(), registeredBy(savedDocument()));
 }
 
 TEST_F(Subtotal, prescriptionAddedAfterwards_isTheOnlyOneSentNext)
 {
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::servesTheNext, cashier::subtotal}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::servesTheNext, cashier::subtotal}));
     EXPECT_EQ(registry.requestsTo("register"), 4);
     const auto added = registry.dispensesOf("rx-2004");
     ASSERT_EQ(added.size(), 1);
     EXPECT_EQ(added[0].quantity, 3);
     EXPECT_EQ(registeredBy(savedDocument()).size(), 4);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
+    EXPECT_EQ(validDispenses(), registeredBy(savedDocument()));
 }
 
-TEST_F(Subtotal, registryFailsAtTheSecond_documentAndPhaseStayTheCashierReadsWhyAndTheNextOneSendsTheRest)
+TEST_F(Subtotal, registryFailsAtTheSecond_isShownAndTheNextSubtotalSendsTheRest)
 {
     registry.orderFault(
         {{"endpoint", "register"}, {"nth", 2}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "Идут работы"),
-                          R"({"visible": false, "in": "paymentPanel"},
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "Идут работы"),
+                            R"({"visible": false, "in": "paymentPanel"},
                              {"contains": "Подытог не выполнен", "in": "statusMessageLabel"},
                              {"contains": "1,49 | зарегистрирован", "in": "receiptTable"},
                              {"contains": "0,46 | не зарегистрирован", "in": "receiptTable"},
                              {"contains": "0,68 | не зарегистрирован", "in": "receiptTable"})"}));
     EXPECT_EQ(registry.requestsTo("register"), 2);
     EXPECT_EQ(registeredBy(savedDocument()).size(), 1);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
+    EXPECT_EQ(validDispenses(), registeredBy(savedDocument()));
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(registry.requestsTo("register"), 4);
     EXPECT_EQ(registry.dispenses().size(), 3);
     EXPECT_EQ(registeredBy(finished(1)).size(), 3);
-    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+    EXPECT_EQ(validDispenses(), registeredBy(finished(1)));
 }
 
 TEST_F(Subtotal, registryFailsOnTheWayToThePayment_paymentIsNotShownAndNothingIsPaid)
 {
     registry.orderFault({{"endpoint", "register"}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F12"})", "Идут работы"),
-                          R"({"visible": false, "in": "paymentPanel"},
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F12"})", "Идут работы"),
+                            R"({"visible": false, "in": "paymentPanel"},
                              {"contains": "Оплата не выполнена", "in": "statusMessageLabel"})"}));
     EXPECT_EQ(registeredBy(savedDocument()), QStringList());
     EXPECT_EQ(files("finished"), QStringList());
 }
 
-TEST_F(Subtotal, answerLost_cashierReadsThatItMayHaveBeenBookedAndItIsNotSentAgainByItself)
+TEST_F(Subtotal, answerLost_isShownAsUncertainAndNotSentAgainByItself)
 {
     registry.orderFault({{"endpoint", "register"}, {"nth", 2}, {"fault", "cut"}});
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "Запрос мог быть выполнен")}));
+    expectPlayed(
+        playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "Запрос мог быть выполнен")}));
     EXPECT_EQ(registry.requestsTo("register"), 2);
     EXPECT_EQ(registeredBy(savedDocument()).size(), 1);
-    EXPECT_EQ(standingDispenses().size(), 2);
+    EXPECT_EQ(validDispenses().size(), 2);
 }
 
 TEST_F(Subtotal, registeredPosition_keepsItsQuantity)
 {
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::backToThePositions,
-                          cashier::tries(R"({"row": 0, "in": "receiptTable"}, {"key": "F4"})", "не меняются")}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::backToThePositions,
+                            cashier::tries(R"({"row": 0, "in": "receiptTable"}, {"key": "F4"})", "не меняются")}));
     EXPECT_EQ(savedPositions().first().toObject()["quantity"].toDouble(), 1.0);
 }
 
-TEST_F(Subtotal, windowClosedWhileADispenseIsUnderWay_waitsForTheAnswerAndKeepsIt)
+TEST_F(Subtotal, windowClosedDuringADispense_answerIsWaitedForAndKept)
 {
     registry.orderFault({{"endpoint", "register"}, {"nth", 2}, {"fault", "delay"}, {"delay", 800}});
-    expectHeld(playSteps({cashier::findsTheDocument, R"({"key": "F6"}, {"wait": "busyScreen"}, {"close": true})"}));
+    expectPlayed(playSteps({cashier::findsTheDocument, R"({"key": "F6"}, {"wait": "busyScreen"}, {"close": true})"}));
     EXPECT_EQ(registeredBy(savedDocument()).size(), 3);
-    EXPECT_EQ(standingDispenses(), registeredBy(savedDocument()));
+    EXPECT_EQ(validDispenses(), registeredBy(savedDocument()));
     EXPECT_EQ(registry.dispenses().size(), 3);
 }
 
-TEST_F(Subtotal, screenLockedDuringThePayment_amountAndDocumentAreThereAfterwards)
+TEST_F(Subtotal, screenLockedDuringThePayment_amountAndDocumentStay)
 {
     configure("GUI:inactivityLockSeconds", "1");
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::toThePayment,
-                          R"({"type": "50"}, {"wait": "lockScreen"}, {"key": "Space"},
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::toThePayment,
+                            R"({"type": "50"}, {"wait": "lockScreen"}, {"key": "Space"},
                              {"visible": false, "in": "lockScreen"}, {"expect": "50", "in": "receivedLineEdit"},
                              {"expect": "Сдача 47,37", "in": "changeLabel"}, {"key": "Return"})",
-                          cashier::isIdle}));
+                            cashier::isIdle}));
     EXPECT_EQ(finished(1)["received"].toDouble(), 50.0);
     EXPECT_EQ(registeredBy(finished(1)).size(), 3);
-    EXPECT_EQ(standingDispenses(), registeredBy(finished(1)));
+    EXPECT_EQ(validDispenses(), registeredBy(finished(1)));
 }
 
 } // namespace

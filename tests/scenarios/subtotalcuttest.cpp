@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The power goes while the three prescriptions of a receipt are registered.
+// The power fails while the three prescriptions of a document are registered.
 
 #include "powercuttest.h"
 
@@ -14,7 +14,7 @@ class PowerCutAtTheSubtotal : public PowerCutTest, public ::testing::WithParamIn
 {
 };
 
-/// The registry has been asked for nothing that the receipt does not know the answer to.
+/// The saved document holds the outcome of every request that the registry has carried out.
 const PowerFailure nothingUnderWay[] = {
     {"beforeAnyRequest", At::LongWork, 1},          {"tokenAskedFor", At::RequestLost, 1, "token"},
     {"firstSent", At::RequestLost, 1, "register"},  {"firstSaved", At::AfterSave, 1},
@@ -24,13 +24,13 @@ const PowerFailure nothingUnderWay[] = {
 
 using WithNothingUnderWay = PowerCutAtTheSubtotal;
 
-TEST_P(WithNothingUnderWay, theNextSubtotalRegistersWhatIsMissingAndTheDocumentIsClosed)
+TEST_P(WithNothingUnderWay, nextSubtotal_registersWhatIsMissing)
 {
     playUntil(GetParam(), {cashier::findsTheDocument, cashier::subtotal});
     const QJsonObject left = savedDocument();
     expectInStep(left);
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     const QJsonObject closed = finished(1);
     EXPECT_EQ(closed["state"].toString(), "closed");
     EXPECT_EQ(closed["number"], left["number"]);
@@ -41,7 +41,7 @@ TEST_P(WithNothingUnderWay, theNextSubtotalRegistersWhatIsMissingAndTheDocumentI
 
 INSTANTIATE_TEST_SUITE_P(At, WithNothingUnderWay, ::testing::ValuesIn(nothingUnderWay), nameOf);
 
-/// The registry has booked a dispense, and the receipt has not been saved with it.
+/// The registry has booked a dispense, and the saved document does not hold it.
 const PowerFailure firstUnsaved[] = {
     {"firstAnswered", At::AnswerLost, 1, "register"},
     {"firstToBeSaved", At::BeforeSave, 1},
@@ -49,13 +49,13 @@ const PowerFailure firstUnsaved[] = {
 
 using WithACompleteDispenseUnsaved = PowerCutAtTheSubtotal;
 
-TEST_P(WithACompleteDispenseUnsaved, theRegistryRefusesASecondOneAndWithoutThePositionTheSaleGoesOn)
+TEST_P(WithACompleteDispenseUnsaved, nextSubtotal_isRefusedUntilThePositionIsRemoved)
 {
     playUntil(GetParam(), {cashier::findsTheDocument, cashier::subtotal});
     EXPECT_EQ(registeredBy(savedDocument()), QStringList());
     ASSERT_EQ(registry.dispenses().size(), 1);
 
-    expectHeld(
+    expectPlayed(
         playSteps({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "rx-2001 уже отпущен полностью"),
                    cashier::removesTheFirst, cashier::subtotal, cashier::pays}));
     const QJsonObject closed = finished(1);
@@ -65,15 +65,15 @@ TEST_P(WithACompleteDispenseUnsaved, theRegistryRefusesASecondOneAndWithoutThePo
     const auto lost = registry.dispensesOf("rx-2001");
     ASSERT_EQ(lost.size(), 1);
     EXPECT_FALSE(lost[0].cancelled);
-    EXPECT_EQ(standingDispenses().mid(1), known);
+    EXPECT_EQ(validDispenses().mid(1), known);
 }
 
-TEST_P(WithACompleteDispenseUnsaved, correctedDocumentIsSoldWithIt)
+TEST_P(WithACompleteDispenseUnsaved, documentCorrected_isSoldWithTheDispense)
 {
     playUntil(GetParam(), {cashier::findsTheDocument, cashier::subtotal});
     correct("receipt.json");
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     expectRegisteredOnce(finished(1));
 }
 
@@ -88,30 +88,30 @@ const PowerFailure partUnsaved[] = {
 
 using WithAPartialDispenseUnsaved = PowerCutAtTheSubtotal;
 
-TEST_P(WithAPartialDispenseUnsaved, theNextSubtotalBooksItAgainAndTheDocumentKnowsTheSecond)
+TEST_P(WithAPartialDispenseUnsaved, nextSubtotal_booksItAgainAndTheDocumentHoldsTheSecond)
 {
     const QString prescription = u"rx-200%1"_s.arg(GetParam().nth);
     playUntil(GetParam(), {cashier::findsTheDocument, cashier::subtotal});
     EXPECT_EQ(registeredBy(savedDocument()).size(), GetParam().nth - 1);
     EXPECT_EQ(registry.dispenses().size(), GetParam().nth);
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     const QStringList known = registeredBy(finished(1));
     EXPECT_EQ(known.size(), 3);
     const auto booked = registry.dispensesOf(prescription);
     ASSERT_EQ(booked.size(), 2);
-    QStringList standing = standingDispenses();
+    QStringList standing = validDispenses();
     EXPECT_EQ(standing.size(), 4);
     standing.removeIf([&](const QString& line) { return line.endsWith(booked[0].id); });
     EXPECT_EQ(standing, known);
 }
 
-TEST_P(WithAPartialDispenseUnsaved, correctedDocumentIsSoldWithoutBookingItAgain)
+TEST_P(WithAPartialDispenseUnsaved, documentCorrected_isSoldWithoutASecondBooking)
 {
     playUntil(GetParam(), {cashier::findsTheDocument, cashier::subtotal});
     correct("receipt.json");
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     expectRegisteredOnce(finished(1));
 }
 

@@ -9,10 +9,10 @@
 namespace
 {
 
-/// A fault of the registry, and what of the cashier's message must be there.
+/// A fault of the registry, and a part of the message that the cashier gets.
 struct Trouble {
     const char* name;
-    const char* fault; ///< as the emulator's admin port takes it; empty: the registry is not running
+    const char* fault; ///< in the form of the admin port; empty: the registry is not running
     const char* shown;
 
     friend std::ostream& operator<<(std::ostream& stream, const Trouble& trouble) { return stream << trouble.name; }
@@ -38,7 +38,7 @@ const Trouble troubles[] = {
     {"entryOfTextInsteadOfObjects",
      R"({"fault": "body", "endpoint": "by-card", "body": "{\"resourceType\": \"Bundle\", \"entry\": [\"x\"]}"})",
      "Ошибка при получении списка рецептов"},
-    // More than once: a GET on a kept connection that turns out dead is sent anew.
+    // More than once: a GET whose kept connection turns out dead is sent again.
     {"connectionClosed", R"({"fault": "close", "endpoint": "by-card", "times": 9})",
      "Связь с сервером 127.0.0.1 прервалась."},
     {"connectionReset", R"({"fault": "reset", "endpoint": "by-card", "times": 9})",
@@ -54,7 +54,7 @@ class RegistryTrouble : public Pharmacy, public ::testing::WithParamInterface<Tr
 
 } // namespace
 
-TEST_P(RegistryTrouble, isShownAndLeavesTheDocumentAsItWas)
+TEST_P(RegistryTrouble, cardAskedFor_messageIsShownAndTheDocumentStaysAsItWas)
 {
     const Trouble trouble = GetParam();
     configure("ElectronicPrescription:timeout", "2");
@@ -92,7 +92,7 @@ TEST_F(PharmacyTrouble, layoutMissing_isShownByNameAndTheRegisterGoesOn)
     EXPECT_EQ(savedPositions().size(), 1);
 }
 
-TEST_F(PharmacyTrouble, certificateOfAnUnknownAuthority_isShownAndNothingIsAsked)
+TEST_F(PharmacyTrouble, certificateOfAnUnknownAuthority_isShownAndNothingIsSent)
 {
     const TestAuthority unknown;
     const ServerIdentity identity(unknown);
@@ -113,13 +113,13 @@ TEST_F(PharmacyTrouble, certificateOfAKnownAuthority_cardIsServed)
     restartRegistry({"--tls-certificate", identity.certificateFile(), "--tls-key", identity.keyFile()});
     configure("RestClient:caFile", known.certificateFile());
 
-    expectHeld(play("served-by-keyboard.json"));
+    expectPlayed(play("served-by-keyboard.json"));
     EXPECT_EQ(savedPositions().size(), 1);
 }
 
-TEST_F(PharmacyTrouble, unknownCard_isShownInTheRegistrysWordsAndAnotherIsAskedFor)
+TEST_F(PharmacyTrouble, unknownCard_registrysTextIsShownAndAnotherCardAskedFor)
 {
-    expectHeld(playSteps({R"({"key": "F2"}, {"key": "F5"}, {"wait": "inputLineEdit"}, {"type": "9999"},
+    expectPlayed(playSteps({R"({"key": "F2"}, {"key": "F5"}, {"wait": "inputLineEdit"}, {"type": "9999"},
                               {"key": "Return"}, {"wait": "messageForm"},
                               {"expect": "Карта не найдена в реестре", "in": "messageLabel"}, {"key": "Return"},
                               {"visible": false, "in": "messageForm"}, {"visible": false, "in": "busyScreen"},
@@ -130,7 +130,7 @@ TEST_F(PharmacyTrouble, unknownCard_isShownInTheRegistrysWordsAndAnotherIsAskedF
 TEST_F(PharmacyTrouble, timeoutIsNoNumber_registerRunsWithTheDefault)
 {
     configure("ElectronicPrescription:timeout", "soon");
-    expectHeld(play("served-by-keyboard.json"));
+    expectPlayed(play("served-by-keyboard.json"));
 }
 
 TEST_F(PharmacyTrouble, goodsDatabaseWithoutItsTables_isShownAndNothingIsServed)
@@ -140,11 +140,11 @@ TEST_F(PharmacyTrouble, goodsDatabaseWithoutItsTables_isShownAndNothingIsServed)
     empty.close();
     configure("Register:demoData", "false");
     configure("Database:name", empty.fileName());
-    expectHeld(play("goods-database-without-tables.json"));
+    expectPlayed(play("goods-database-without-tables.json"));
     EXPECT_TRUE(savedPositions().isEmpty());
 }
 
-/// A widget that a layout lacks, and how the cashier comes to that form from the list of prescriptions.
+/// A widget that a layout lacks, and how the cashier gets to that form from the list of prescriptions.
 struct LostWidget {
     const char* name;
     const char* layout;
@@ -174,8 +174,8 @@ TEST_P(LayoutTrouble, widgetLost_isShownByNameAndTheCommandEndsWithTheDocumentAs
                                {"visible": false, "in": "busyScreen"})";
     const QByteArray unharmed = R"({"receipt": {"positions": [{"tags": []}]}})";
     const QByteArrayList sellsByHand{R"({"key": "F2"}, {"scan": "2990000000019"})", unharmed};
-    expectHeld(playSteps(sellsByHand + QByteArrayList{entersTheCard} + lost.way +
-                         QByteArrayList{shown, unharmed, R"({"key": "F5"}, {"wait": "inputLineEdit"})"}));
+    expectPlayed(playSteps(sellsByHand + QByteArrayList{entersTheCard} + lost.way +
+                           QByteArrayList{shown, unharmed, R"({"key": "F5"}, {"wait": "inputLineEdit"})"}));
     EXPECT_EQ(savedPositions().size(), 1);
     EXPECT_EQ(registry.dispenses().size(), 0);
 }

@@ -9,8 +9,8 @@
 
 #include <string>
 
-/// What a screen reader has to tell: whatever can be clicked, typed into or reached by Tab. Parts that Qt makes within
-/// a widget (a table's corner and headers, a line's clear button) belong to that widget.
+/// Whether a screen reader needs the widget's name: it can be clicked, typed into or reached by Tab. Parts that Qt
+/// makes within a widget (a table's corner and headers, a line's clear button) belong to that widget.
 inline bool isControl(const QWidget& widget)
 {
     const QWidget* parent = widget.parentWidget();
@@ -21,7 +21,7 @@ inline bool isControl(const QWidget& widget)
            widget.focusPolicy() & Qt::TabFocus;
 }
 
-/// The object names of a form's controls that have no accessible name, shown or not; empty when each has one.
+/// The object names of a form's controls without an accessible name, hidden controls too; empty when each has one.
 inline std::string controlsWithoutName(const QWidget& form)
 {
     QStringList nameless;

@@ -13,25 +13,24 @@
 
 using namespace Qt::StringLiterals;
 
-/// Collects what is logged while it lives, whatever the logging is configured to do.
+/// Collects what is logged while it lives, however the logging is configured.
 class LogCapture
 {
 public:
     LogCapture()
         : m_lines(new Lines)
     {
-        // The first message sets the logging up, which may replace the appenders that are there.
+        // The first message sets up the logging, which may replace the appenders.
         Log4Qt::LogManager::logger(u"logcapture"_s)->info(u"Capturing"_s);
         log4cplus::Logger::getRoot().addAppender(m_lines);
     }
     ~LogCapture() { log4cplus::Logger::getRoot().removeAppender(m_lines); }
-    LogCapture(const LogCapture&) = delete;
-    LogCapture& operator=(const LogCapture&) = delete;
+    Q_DISABLE_COPY_MOVE(LogCapture)
 
     /// One entry for each message, such as "WARN config Section:key is not true or false".
     QStringList lines() const { return static_cast<const Lines&>(*m_lines).collected; }
 
-    /// All entries, for asserting what is nowhere in them.
+    /// All entries, one a line.
     QString text() const { return lines().join(u'\n'); }
 
 private:

@@ -5,7 +5,7 @@
 
 #include <ostream>
 
-/// How GoogleTest writes a text when an expectation fails; for lists of texts too.
+/// Has GoogleTest print a text, or a list of texts, in words when an expectation fails.
 inline void PrintTo(const QString& text, std::ostream* stream)
 {
     *stream << '"' << text.toStdString() << '"';

@@ -11,10 +11,11 @@
 #include <memory>
 #include <type_traits>
 
-/// A registry emulator that answers from a thread of its own, at once, whatever the test's thread is busy with.
+/// A registry emulator in a thread of its own: it answers at once even while the test's thread is busy.
 class RegistryThread
 {
 public:
+    /// Starts the emulator and waits until it is ready.
     RegistryThread(const emulator::EmulatorSettings& settings, const QString& seedFile)
     {
         m_context.moveToThread(&m_thread);
@@ -32,12 +33,11 @@ public:
         m_thread.quit();
         m_thread.wait();
     }
-    RegistryThread(const RegistryThread&) = delete;
-    RegistryThread& operator=(const RegistryThread&) = delete;
+    Q_DISABLE_COPY_MOVE(RegistryThread)
 
     QUrl url() const { return m_url; }
 
-    /// What the function gives, called with the emulator in the emulator's thread, while the caller waits.
+    /// Calls the function with the emulator in the emulator's thread, waits, and returns its result.
     template <typename Function>
     auto ask(Function function) const
     {

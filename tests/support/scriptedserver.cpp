@@ -47,7 +47,7 @@ QSslConfiguration tlsConfiguration(const ServerIdentity& identity)
     return configuration;
 }
 
-/// What the test and the server's thread both touch.
+/// Shared by the test's and the server's thread.
 struct Shared {
     mutable QMutex mutex;
     QWaitCondition connectionEnded;
@@ -179,7 +179,7 @@ private:
     struct State {
         int connection = 0;
         QByteArray input;
-        /// Index of the request whose body is coming, or -1.
+        /// Index of the request whose body is expected; -1: none.
         qsizetype request = -1;
         qsizetype bodyLength = 0;
         std::optional<Reaction> reaction;
@@ -206,11 +206,11 @@ private:
         }
         state.input.remove(0, state.bodyLength);
         state.request = -1;
-        const Reaction reaction = *state.reaction; // ending the connection takes the state away
+        const Reaction reaction = *state.reaction; // the state goes when the connection ends
         perform(socket, reaction);
     }
 
-    /// False when they have not come whole.
+    /// False when some are still missing.
     bool readHeaders(State& state)
     {
         const qsizetype end = state.input.indexOf("\r\n\r\n");
@@ -280,8 +280,8 @@ private:
             return;
         }
         while (socket->encryptedBytesToWrite() + socket->bytesToWrite() > 0 &&
-               socket->waitForBytesWritten(longestWaitMs))
-            ;
+               socket->waitForBytesWritten(longestWaitMs)) {
+        }
         if (end == Reaction::End::Reset) {
             const linger atOnce = {1, 0};
             setsockopt(int(socket->socketDescriptor()), SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
@@ -304,8 +304,8 @@ private:
     QHash<QSslSocket*, State> m_states;
 };
 
-/// Owns the thread. It is joined, not only waited for as a QThread is: TLS keeps state for each thread, and that is
-/// gone only when the thread is.
+/// Owns the thread. It is a std::thread, which is joined: TLS keeps state for each thread, and a QThread that was
+/// waited for may still hold it.
 class ScriptedServer::Host
 {
 public:
@@ -331,8 +331,7 @@ public:
         QMetaObject::invokeMethod(loop, &QEventLoop::quit, Qt::QueuedConnection);
         thread.join();
     }
-    Host(const Host&) = delete;
-    Host& operator=(const Host&) = delete;
+    Q_DISABLE_COPY_MOVE(Host)
 
     Shared shared;
     bool isSecure;

@@ -18,79 +18,82 @@ struct ReceivedRequest {
     QByteArray method;
     /// Path and query, byte for byte.
     QByteArray target;
-    /// Every header line, without its line break.
+    /// All header lines, without their line breaks.
     QList<QByteArray> headers;
     QByteArray body;
-    /// Number of the connection that it came over, from 0.
+    /// The number of its connection, from 0.
     int connection = 0;
-    /// False when it was acted upon, or lost, before its body had come whole.
+    /// False when the server reacted, or the connection ended, before the whole body was there.
     bool isWhole = false;
 
     /// The value of the header of that name (whatever the case), or a null array.
     QByteArray header(const QByteArray& name) const;
 };
 
-/// What the server does about a request.
+/// What the server does with a request.
 struct Reaction {
     enum class End : int {
-        KeepOpen, ///< leaves the connection to the next request
-        Close,    ///< closes it in good order, over TLS with a farewell
-        Cut,      ///< closes it without TLS's farewell
+        KeepOpen, ///< keeps the connection for the next request
+        Close,    ///< closes it in good order, over TLS with a close_notify
+        Cut,      ///< closes it without a close_notify
         Reset     ///< resets it
     };
 
     /// The bytes of the answer, status line and headers included.
     QByteArray bytes;
     End end = End::KeepOpen;
-    /// Greater than 0: the bytes go out one by one, with that pause between them.
+    /// Greater than 0: the bytes are sent one by one with that pause, in milliseconds.
     int pauseMs = 0;
-    /// True: happens as soon as the headers are there, without waiting for the body.
+    /// True: the server reacts to the headers and does not wait for the body.
     bool atHeaders = false;
 
     static Reaction json(int status, const QByteArray& body, const QList<QByteArray>& headers = {});
     static Reaction redirect(int status, const QByteArray& location);
-    /// An answer that promises more than it brings and ends there.
+    /// An answer that ends at half of its content length.
     static Reaction halfAnswer(int status, const QByteArray& body, End end);
     static Reaction raw(const QByteArray& bytes, End end);
     static Reaction closeBeforeAnswer();
     static Reaction resetBeforeAnswer();
     static Reaction neverAnswer();
 
-    /// The same, the connection ending as given after the last byte.
+    /// The same, with that end of the connection after the last byte.
     Reaction then(End ending) const;
     /// The same, byte by byte.
     Reaction dripping(int pause) const;
 };
 
-/// A server on the loopback interface, in a thread of its own, that does exactly what a test tells it to, also what no
-/// well-behaved server does. It counts what comes over the wire.
+/// A server on the loopback interface, in a thread of its own, that reacts exactly as the test says, also as no
+/// well-behaved server does. It keeps every request.
 class ScriptedServer
 {
 public:
-    /// Over HTTP; with an identity over HTTPS.
+    /// @param identity for HTTPS; null: HTTP
     explicit ScriptedServer(const ServerIdentity* identity = nullptr);
     ~ScriptedServer();
-    ScriptedServer(const ScriptedServer&) = delete;
-    ScriptedServer& operator=(const ScriptedServer&) = delete;
+    Q_DISABLE_COPY_MOVE(ScriptedServer)
 
-    /// Reactions to the next requests, in their order. Later requests are answered with 200 and "{}".
+    /// Reactions to the next requests, in order. Later requests are answered with 200 and "{}".
     void react(const QList<Reaction>& reactions);
-    /// A reaction for every request, chosen by a function that runs in the server's thread.
+    /// Chooses the reaction to every request.
+    ///
+    /// @param choose runs in the server's thread
     void reactBy(std::function<Reaction(const ReceivedRequest&)> choose);
-    /// Sends these bytes to whoever connects, at once, and ends the connection so.
+    /// Reacts in this way to every connection at once, before any request.
     void greetWith(const Reaction& greeting);
 
-    /// "http://127.0.0.1:port" or "https://…", with the path, which begins with "/".
+    /// The URL, such as "http://127.0.0.1:1234/".
+    ///
+    /// @param path empty, or begins with "/"
     QUrl url(const QString& path = u"/"_s) const;
     quint16 port() const;
 
-    /// Every request whose headers came, in the order of their coming.
+    /// Every request whose headers have come, in order.
     QList<ReceivedRequest> requests() const;
     /// How many connections were accepted.
     int connectionCount() const;
-    /// Waits (bounded) until every connection has ended, the clients' part included; false when one has not.
+    /// Waits until the clients have ended every connection too; false when that takes longer than 20 s.
     bool waitUntilAllConnectionsEnded();
-    /// Closes in good order every connection that is open, and waits until that has gone out.
+    /// Closes every open connection in good order, and returns when the server has done so.
     void closeConnections();
 
 private:

@@ -7,7 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// A certification authority made for the test, and files of its own.
+/// A certification authority made for the test by the openssl program. Its files live as long as it.
 class TestAuthority
 {
 public:
@@ -21,14 +21,14 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// A server's certificate and key, made for the test by the openssl program.
+/// A server's certificate and key, made for the test by the openssl program. The files live as long as it.
 class ServerIdentity
 {
 public:
     struct Wish {
-        /// subjectAltName, such as "IP:127.0.0.1".
+        /// The subjectAltName, such as "IP:127.0.0.1".
         QString names = u"IP:127.0.0.1,DNS:localhost"_s;
-        /// Negative: it has expired.
+        /// From now; negative: it has expired.
         int daysValid = 2;
     };
 

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QtGlobal>
+
 #include <csignal>
 
 #include <sys/resource.h>
 
-/// No file of this process may grow beyond some bytes while it lives: to whoever writes one, the disk is full.
+/// A full disk for this process while it lives: no file can grow beyond some bytes.
 class SmallDisk
 {
 public:
+    /// @param bytes the greatest size of a file
     explicit SmallDisk(rlim_t bytes)
         : m_formerHandler(std::signal(SIGXFSZ, SIG_IGN))
     {
@@ -21,8 +24,7 @@ public:
         setrlimit(RLIMIT_FSIZE, &m_former);
         std::signal(SIGXFSZ, m_formerHandler);
     }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
+    Q_DISABLE_COPY_MOVE(SmallDisk)
 
 private:
     void (*m_formerHandler)(int);

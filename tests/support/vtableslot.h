@@ -6,11 +6,11 @@
 #include <cstring>
 #include <type_traits>
 
-/// The slot in which a virtual member function stands in its class's table, counted from 0; -1 for one that is not
-/// virtual. A virtual destructor takes two slots.
+/// The slot of a virtual member function in its class's table, counted from 0; -1 when it is not virtual. A virtual
+/// destructor takes two slots.
 ///
-/// Read from the representation of the member pointer (Itanium C++ ABI, 2.3): a virtual function is told by its offset
-/// in the table and one bit, which stands beside the offset, on ARM in the adjustment.
+/// It is read from the representation of the member pointer (Itanium C++ ABI, 2.3). For a virtual function that holds
+/// the offset in the table and one bit, which is beside the offset or, on ARM, in the adjustment.
 template <typename MemberFunction>
 std::ptrdiff_t virtualSlot(MemberFunction member)
 {
@@ -29,6 +29,6 @@ std::ptrdiff_t virtualSlot(MemberFunction member)
     const bool isVirtual = representation.pointer & 1;
     const std::intptr_t offset = representation.pointer - 1;
 #endif
-    constexpr auto slotSize = static_cast<std::intptr_t>(sizeof(void*));
+    constexpr auto slotSize = std::intptr_t(sizeof(void*));
     return isVirtual ? offset / slotSize : -1;
 }

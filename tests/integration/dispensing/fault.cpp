@@ -134,13 +134,13 @@ Fault noAnswer()
     return plain("Never", &FaultScript::neverAnswer, Fault::Shown::MayBeCarriedOut);
 }
 
-void expectShownOf(const Fault& fault, Endpoint endpoint, const QList<ShownMessages::Message>& shown)
+void expectMessageOf(const Fault& fault, Endpoint endpoint, const QList<DialogDouble::Message>& shown)
 {
     ASSERT_EQ(shown.size(), 1);
-    const auto& [text, kind, sound, seconds] = shown.first();
-    EXPECT_EQ(kind, 1);
-    EXPECT_EQ(sound, 1);
-    EXPECT_EQ(seconds, 0);
+    EXPECT_EQ(shown.first().kind, Dialog::Error);
+    EXPECT_EQ(shown.first().sound, 1);
+    EXPECT_EQ(shown.first().seconds, 0);
+    const QString& text = shown.first().text;
     const QString uncertain = u"Запрос мог быть выполнен: прежде чем повторять, проверьте"_s;
     EXPECT_EQ(text.contains(uncertain), fault.shown == Fault::Shown::MayBeCarriedOut) << text.toStdString();
     switch (fault.shown) {

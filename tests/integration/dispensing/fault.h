@@ -7,13 +7,13 @@
 #include <string>
 #include <vector>
 
-/// Something that goes wrong with one request, and what the cashier is told about it.
+/// Something that goes wrong with one request, and the message that the cashier gets.
 struct Fault {
     enum class Shown : int {
-        RegistrysText,   ///< what the registry itself says
+        RegistrysText,   ///< the text of the registry
         Status,          ///< the HTTP client's text about the status
-        MayBeCarriedOut, ///< that the request may have been carried out
-        OperationsOwn,   ///< what the operation says about an answer that it cannot use
+        MayBeCarriedOut, ///< a warning that the request may have been carried out
+        OperationsOwn,   ///< the operation's text for an answer that it cannot use
     };
 
     std::string name;
@@ -22,21 +22,21 @@ struct Fault {
     int status = 0;
 };
 
-/// Has the fault meet a request to that endpoint.
+/// Orders the fault for a request to that endpoint.
 void order(const Fault& fault, const Pharmacy& pharmacy, emulator::Endpoint endpoint, emulator::Occasion occasion = {});
 
 void PrintTo(const Fault& fault, std::ostream* stream);
 
-/// Faults after which the registry has done nothing.
+/// Faults that keep the registry from carrying out the request.
 const std::vector<Fault>& faultsWithoutEffect();
-/// The answer is lost, or useless, although the registry has done what was asked.
+/// The registry has carried out the request, but its answer is lost or useless.
 const std::vector<Fault>& lostAnswers();
-/// The client gives up after a second; the registry has done what was asked, or has not.
+/// For a client that gives up after a second. The registry carries out the request of the first two.
 Fault lateAnswer();
 Fault drippingAnswer();
 Fault noAnswer();
 
-/// The cashier was told of the fault, once and as an error.
-void expectShownOf(const Fault& fault, emulator::Endpoint endpoint, const QList<ShownMessages::Message>& shown);
+/// The cashier got exactly one message: that of the fault, as an error.
+void expectMessageOf(const Fault& fault, emulator::Endpoint endpoint, const QList<DialogDouble::Message>& shown);
 
 std::string nameOf(emulator::Endpoint endpoint);

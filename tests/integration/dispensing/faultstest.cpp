@@ -22,7 +22,7 @@ class FaultAtSubtotal : public testing::TestWithParam<FaultCase>
 {
 };
 
-TEST_P(FaultAtSubtotal, earlierPositionsStayRegisteredTheRestAsTheyWereAndTheNextSubtotalFinishes)
+TEST_P(FaultAtSubtotal, atEachPosition_earlierOnesAreRegisteredAndTheNextSubtotalRegistersTheRest)
 {
     const auto& [endpoint, fault] = GetParam();
     for (const int faulty : everyPosition) {
@@ -32,8 +32,8 @@ TEST_P(FaultAtSubtotal, earlierPositionsStayRegisteredTheRestAsTheyWereAndTheNex
         order(fault, pharmacy, endpoint, Occasion::nth(faulty));
 
         EXPECT_EQ(pharmacy.subtotal(), EContext::Stop);
-        EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
-        expectShownOf(fault, endpoint, pharmacy.takeShown());
+        EXPECT_EQ(pharmacy.takeEvents(), (QList<Pharmacy::HeardEvent>{{72, 0}, {73, 0}}));
+        expectMessageOf(fault, endpoint, pharmacy.takeMessages());
         for (const int position : everyPosition) {
             if (position < faulty) {
                 expectRegistered(pharmacy, position);
@@ -46,8 +46,8 @@ TEST_P(FaultAtSubtotal, earlierPositionsStayRegisteredTheRestAsTheyWereAndTheNex
         EXPECT_EQ(pharmacy.asked(Endpoint::Token), faulty);
 
         EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
-        EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
-        EXPECT_TRUE(pharmacy.takeShown().isEmpty());
+        EXPECT_EQ(pharmacy.takeEvents(), (QList<Pharmacy::HeardEvent>{{72, 0}, {73, 0}}));
+        EXPECT_TRUE(pharmacy.takeMessages().isEmpty());
         for (const int position : everyPosition) {
             expectRegistered(pharmacy, position);
         }
@@ -61,7 +61,7 @@ class FaultAtCancellation : public testing::TestWithParam<FaultCase>
 {
 };
 
-TEST_P(FaultAtCancellation, earlierPositionsStayCancelledTheRestAsTheyWereAndTheNextCancellationFinishes)
+TEST_P(FaultAtCancellation, atEachPosition_earlierOnesAreCancelledAndTheNextCancellationCancelsTheRest)
 {
     const auto& [endpoint, fault] = GetParam();
     for (const int faulty : everyPosition) {
@@ -69,13 +69,13 @@ TEST_P(FaultAtCancellation, earlierPositionsStayCancelledTheRestAsTheyWereAndThe
         Pharmacy pharmacy;
         ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
         const QStringList registered = pharmacy.options();
-        pharmacy.takeHeard();
+        pharmacy.takeEvents();
         pharmacy.forgetRequests();
         order(fault, pharmacy, endpoint, Occasion::nth(faulty));
 
         EXPECT_EQ(pharmacy.cancelDocument(), EContext::Stop);
-        EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 1}}));
-        expectShownOf(fault, endpoint, pharmacy.takeShown());
+        EXPECT_EQ(pharmacy.takeEvents(), (QList<Pharmacy::HeardEvent>{{72, 0}, {73, 1}}));
+        expectMessageOf(fault, endpoint, pharmacy.takeMessages());
         for (const int position : everyPosition) {
             if (position < faulty) {
                 expectCancelled(pharmacy, position);
@@ -88,8 +88,8 @@ TEST_P(FaultAtCancellation, earlierPositionsStayCancelledTheRestAsTheyWereAndThe
         EXPECT_EQ(pharmacy.asked(Endpoint::Token), faulty);
 
         EXPECT_EQ(pharmacy.cancelDocument(), EContext::GoOn);
-        EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
-        EXPECT_TRUE(pharmacy.takeShown().isEmpty());
+        EXPECT_EQ(pharmacy.takeEvents(), (QList<Pharmacy::HeardEvent>{{72, 0}, {73, 0}}));
+        EXPECT_TRUE(pharmacy.takeMessages().isEmpty());
         for (const int position : everyPosition) {
             expectCancelled(pharmacy, position);
         }
@@ -109,7 +109,7 @@ INSTANTIATE_TEST_SUITE_P(At, FaultAtCancellation,
                                           testing::ValuesIn(faultsWithoutEffect())),
                          nameOfCase);
 
-// A token that got lost on the way changes nothing at the registry.
+// A lost token changes nothing at the registry.
 INSTANTIATE_TEST_SUITE_P(LostAt, FaultAtSubtotal,
                          testing::Combine(testing::Values(Endpoint::Token), testing::ValuesIn(lostAnswers())),
                          nameOfCase);

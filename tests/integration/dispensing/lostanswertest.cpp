@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The registry has done what was asked and the answer was lost. Nothing in a dispense document tells the registry that
-// it is the same one again, so that a repetition is another dispense; docs/reliability.md tells what the cashier does.
+// The registry has carried out a request and the answer was lost. A dispense document has no mark by which the registry
+// could recognize a repetition, so a repetition is another dispense. What the cashier does is in docs/reliability.md.
 
 #include "fault.h"
 #include "positionformat.h"
@@ -24,8 +24,8 @@ class LostAnswer : public testing::TestWithParam<LostAnswerCase>
 {
 protected:
     static const Fault& fault() { return std::get<Fault>(GetParam()); }
-    /// The cashier was told that text, once and as an error.
-    static void expectShown(const QList<ShownMessages::Message>& shown, const QString& text)
+    /// The cashier got exactly one message: this text, as an error.
+    static void expectMessage(const QList<DialogDouble::Message>& shown, const QString& text)
     {
         ASSERT_EQ(shown.size(), 1);
         EXPECT_EQ(shown.first().text, text);
@@ -37,18 +37,18 @@ protected:
 
 using LostRegistration = LostAnswer;
 
-TEST_P(LostRegistration, completeDispense_isBookedAndEveryRepetitionRefused)
+TEST_P(LostRegistration, completeDispense_isBookedAndEveryRepetitionIsRefused)
 {
     const QStringList due = pharmacy.options();
     order(fault(), pharmacy, Endpoint::DispenseRegistration, Occasion::nth(1));
     EXPECT_EQ(pharmacy.subtotal(), EContext::Stop);
-    expectShownOf(fault(), Endpoint::DispenseRegistration, pharmacy.takeShown());
+    expectMessageOf(fault(), Endpoint::DispenseRegistration, pharmacy.takeMessages());
     ASSERT_EQ(pharmacy.dispensesOf(1).size(), 1);
     EXPECT_EQ(pharmacy.statusOfPrescription(1), emulator::prescriptionstatus::completed);
 
     for (int repetition = 0; repetition < 2; ++repetition) {
         EXPECT_EQ(pharmacy.subtotal(), EContext::Stop);
-        expectShown(pharmacy.takeShown(), u"Рецепт rx-full уже отпущен полностью"_s);
+        expectMessage(pharmacy.takeMessages(), u"Рецепт rx-full уже отпущен полностью"_s);
     }
     EXPECT_EQ(pharmacy.options(), due);
     EXPECT_EQ(pharmacy.dispensesOf(1).size(), 1);
@@ -56,30 +56,30 @@ TEST_P(LostRegistration, completeDispense_isBookedAndEveryRepetitionRefused)
     EXPECT_EQ(pharmacy.savedDocument(), QJsonObject());
 }
 
-TEST_P(LostRegistration, positionTakenOffTheDocument_letsTheOthersBeRegistered)
+TEST_P(LostRegistration, positionRemoved_othersAreRegistered)
 {
     order(fault(), pharmacy, Endpoint::DispenseRegistration, Occasion::nth(1));
     EXPECT_EQ(pharmacy.subtotal(), EContext::Stop);
     pharmacy.forgetRequests();
 
-    EXPECT_EQ(pharmacy.cancellation(1), EContext::GoOn);
+    EXPECT_EQ(pharmacy.cancelPosition(1), EContext::GoOn);
     EXPECT_TRUE(pharmacy.requests().isEmpty());
-    pharmacy.takeOff(1);
+    pharmacy.removePosition(1);
     EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
     expectRegistered(pharmacy, 2);
     expectRegistered(pharmacy, 3);
-    EXPECT_FALSE(pharmacy.onlyDispenseOf(1).isCancelled);
+    EXPECT_FALSE(pharmacy.soleDispenseOf(1).isCancelled);
 }
 
-TEST_P(LostRegistration, partialDispense_isBookedOnceMoreByTheRepetition)
+TEST_P(LostRegistration, partialDispense_isBookedAgainByTheRepetition)
 {
     order(fault(), pharmacy, Endpoint::DispenseRegistration, Occasion::nth(2));
     EXPECT_EQ(pharmacy.subtotal(), EContext::Stop);
-    expectShownOf(fault(), Endpoint::DispenseRegistration, pharmacy.takeShown());
+    expectMessageOf(fault(), Endpoint::DispenseRegistration, pharmacy.takeMessages());
     EXPECT_EQ(pharmacy.dispensesOf(2).size(), 1);
 
     EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
-    EXPECT_TRUE(pharmacy.takeShown().isEmpty());
+    EXPECT_TRUE(pharmacy.takeMessages().isEmpty());
     const auto booked = pharmacy.dispensesOf(2);
     ASSERT_EQ(booked.size(), 2);
     EXPECT_EQ(booked[0].quantity + booked[1].quantity, 20.0);
@@ -94,35 +94,35 @@ TEST_P(LostRegistration, partialDispense_isBookedOnceMoreByTheRepetition)
 
 using LostCancellation = LostAnswer;
 
-TEST_P(LostCancellation, subtotalAfterwards_goesOnThoughTheRegistryHoldsNoDispense)
+TEST_P(LostCancellation, nextSubtotal_goesOnThoughTheRegistryHasNoDispense)
 {
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
     order(fault(), pharmacy, Endpoint::DispenseCancellation);
-    EXPECT_EQ(pharmacy.cancellation(2), EContext::Stop);
-    pharmacy.takeShown();
+    EXPECT_EQ(pharmacy.cancelPosition(2), EContext::Stop);
+    pharmacy.takeMessages();
     pharmacy.forgetRequests();
 
     EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
     EXPECT_TRUE(pharmacy.requests().isEmpty());
-    EXPECT_TRUE(pharmacy.takeShown().isEmpty());
-    EXPECT_TRUE(pharmacy.onlyDispenseOf(2).isCancelled);
+    EXPECT_TRUE(pharmacy.takeMessages().isEmpty());
+    EXPECT_TRUE(pharmacy.soleDispenseOf(2).isCancelled);
     EXPECT_EQ(pharmacy.optionsOf(2)[positionformat::status].toString(), positionformat::dispensed);
 }
 
-TEST_P(LostCancellation, dispense_isCancelledAndEveryRepetitionRefused)
+TEST_P(LostCancellation, dispense_isCancelledAndEveryRepetitionIsRefused)
 {
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
     const QStringList registered = pharmacy.options();
     order(fault(), pharmacy, Endpoint::DispenseCancellation, Occasion::nth(2));
     EXPECT_EQ(pharmacy.cancelDocument(), EContext::Stop);
-    expectShownOf(fault(), Endpoint::DispenseCancellation, pharmacy.takeShown());
-    EXPECT_TRUE(pharmacy.onlyDispenseOf(2).isCancelled);
+    expectMessageOf(fault(), Endpoint::DispenseCancellation, pharmacy.takeMessages());
+    EXPECT_TRUE(pharmacy.soleDispenseOf(2).isCancelled);
 
-    const QString stoppedaction = u"Отпуск %1 уже отменён"_s.arg(pharmacy.onlyDispenseOf(2).id);
+    const QString stoppedaction = u"Отпуск %1 уже отменён"_s.arg(pharmacy.soleDispenseOf(2).id);
     EXPECT_EQ(pharmacy.cancelDocument(), EContext::Stop);
-    expectShown(pharmacy.takeShown(), stoppedaction);
-    EXPECT_EQ(pharmacy.cancellation(2), EContext::Stop);
-    expectShown(pharmacy.takeShown(), stoppedaction);
+    expectMessage(pharmacy.takeMessages(), stoppedaction);
+    EXPECT_EQ(pharmacy.cancelPosition(2), EContext::Stop);
+    expectMessage(pharmacy.takeMessages(), stoppedaction);
     expectCancelled(pharmacy, 1);
     EXPECT_EQ(pharmacy.options().mid(1), registered.mid(1));
     expectRegistered(pharmacy, 3);

@@ -55,15 +55,14 @@ const Line& lineOf(int position)
     return lines[position - 1];
 }
 
-QSharedPointer<SmallDocument> documentOfThree()
+QSharedPointer<DocumentDouble> documentOfThree()
 {
-    const auto document = QSharedPointer<SmallDocument>::create();
+    const auto document = QSharedPointer<DocumentDouble>::create();
     for (const int number : everyPosition) {
-        const auto position = QSharedPointer<GoodsItem>::create(lineOf(number).goods);
+        const auto position = document->add(lineOf(number).goods);
         position->setTag(positionformat::tag);
         position->setSoftCheckId(lineOf(number).prescription);
         position->setExtendedOptions(lineOf(number).options);
-        document->positions.append(position);
     }
     return document;
 }
@@ -111,8 +110,8 @@ public:
     }
     void handleEvent(const Event& event) override
     {
-        const qsizetype messages = m_pharmacy.m_messages.all().size() - m_pharmacy.m_messagesTaken;
-        m_pharmacy.m_heard.append({event.getCode(), messages});
+        const qsizetype messages = m_pharmacy.m_dialog.messages().size() - m_pharmacy.m_takenMessages;
+        m_pharmacy.m_events.append({event.getCode(), messages});
     }
 
 private:
@@ -122,15 +121,13 @@ private:
 Pharmacy::Pharmacy(Over over, int timeoutSeconds)
     : m_registry(settingsOver(over), QString::fromUtf8(TEST_SEED))
     , m_config(configuration(m_registry.url().toString(), dataFolder.path(), timeoutSeconds))
-    , m_formerNotifier(Singleton<ActivityNotifier>::instance)
     , m_listener(std::make_unique<Listener>(*this))
     , m_document(documentOfThree())
 {
     if (over == Over::Https) {
         m_config.set(u"RestClient:caFile"_s, authority().certificateFile());
     }
-    Singleton<ActivityNotifier>::instance = &m_notifier;
-    m_notifier.subscribe(m_listener.get());
+    m_notifier.object.subscribe(m_listener.get());
     DocumentWatcher::setCurrentDocument(m_document);
     m_service.emplace();
 }
@@ -138,7 +135,6 @@ Pharmacy::Pharmacy(Over over, int timeoutSeconds)
 Pharmacy::~Pharmacy()
 {
     DocumentWatcher::setCurrentDocument(nullptr);
-    Singleton<ActivityNotifier>::instance = m_formerNotifier;
 }
 
 EContext::Result Pharmacy::subtotal()
@@ -151,14 +147,14 @@ EContext::Result Pharmacy::cancelDocument()
     return m_service->beforeStornoAll(control::Action(control::CancelDocument));
 }
 
-EContext::Result Pharmacy::cancellation(int position)
+EContext::Result Pharmacy::cancelPosition(int position)
 {
     control::Action action(control::RemovePosition);
     action.insert(u"positionNumber"_s, position);
     return m_service->cancelElectronicPrescriptionByAction(action);
 }
 
-void Pharmacy::takeOff(int position)
+void Pharmacy::removePosition(int position)
 {
     m_document->positions.removeOne(m_document->getPosition(position));
 }
@@ -199,7 +195,7 @@ QList<emulator::Dispense> Pharmacy::dispensesOf(int position) const
     return m_registry.ask([&](auto& registry) { return registry.store().dispensesOf(prescription); });
 }
 
-emulator::Dispense Pharmacy::onlyDispenseOf(int position) const
+emulator::Dispense Pharmacy::soleDispenseOf(int position) const
 {
     const QList<emulator::Dispense> dispenses = dispensesOf(position);
     EXPECT_EQ(dispenses.size(), 1) << "position " << position;
@@ -232,21 +228,21 @@ void Pharmacy::forgetRequests() const
     m_registry.ask([](auto& registry) { registry.journal().clear(); });
 }
 
-QList<ShownMessages::Message> Pharmacy::takeShown()
+QList<DialogDouble::Message> Pharmacy::takeMessages()
 {
-    const QList<ShownMessages::Message> shown = m_messages.all().mid(m_messagesTaken);
-    m_messagesTaken = m_messages.all().size();
+    const QList<DialogDouble::Message> shown = m_dialog.messages().mid(m_takenMessages);
+    m_takenMessages = m_dialog.messages().size();
     return shown;
 }
 
-QList<Pharmacy::Heard> Pharmacy::takeHeard()
+QList<Pharmacy::HeardEvent> Pharmacy::takeEvents()
 {
-    return std::exchange(m_heard, {});
+    return std::exchange(m_events, {});
 }
 
 void expectRegistered(const Pharmacy& pharmacy, int position)
 {
-    const emulator::Dispense dispense = pharmacy.onlyDispenseOf(position);
+    const emulator::Dispense dispense = pharmacy.soleDispenseOf(position);
     EXPECT_FALSE(dispense.isCancelled) << "position " << position;
     EXPECT_FALSE(dispense.id.isEmpty());
     QJsonObject registered = asJson(lineOf(position).options);
@@ -257,7 +253,7 @@ void expectRegistered(const Pharmacy& pharmacy, int position)
 
 void expectCancelled(const Pharmacy& pharmacy, int position)
 {
-    const emulator::Dispense dispense = pharmacy.onlyDispenseOf(position);
+    const emulator::Dispense dispense = pharmacy.soleDispenseOf(position);
     EXPECT_TRUE(dispense.isCancelled) << "position " << position;
     EXPECT_EQ(pharmacy.statusOfPrescription(position), emulator::prescriptionstatus::active);
     QJsonObject cancelled = asJson(lineOf(position).options);

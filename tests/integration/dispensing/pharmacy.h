@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "abstractdocument.h"
 #include "activitynotifier.h"
 #include "configured.h"
+#include "dialogdouble.h"
+#include "documentdouble.h"
 #include "econtext.h"
 #include "electronicprescriptionservice.h"
+#include "inplace.h"
 #include "registrythread.h"
-#include "shownmessages.h"
 
 #include <QJsonObject>
 #include <QList>
@@ -19,18 +20,8 @@
 #include <memory>
 #include <optional>
 
-/// A receipt that holds the positions it is given.
-class SmallDocument : public AbstractDocument
-{
-public:
-    int getType() const override { return Sale; }
-    QList<QSharedPointer<GoodsItem>> getPositions() const override { return positions; }
-
-    QList<QSharedPointer<GoodsItem>> positions;
-};
-
-/// A till with a receipt of three prescription positions, none of them registered, and an emulated registry. The
-/// service, the registry client, the HTTP client and the saving are the real ones.
+/// The plug-in's service with a document of three prescription positions, none of them registered, and an emulated
+/// registry. The registry client, the HTTP client and the saving are the real ones.
 class Pharmacy
 {
 public:
@@ -43,45 +34,45 @@ public:
 
     EContext::Result subtotal();
     EContext::Result cancelDocument();
-    EContext::Result cancellation(int position);
-    /// Takes a position off the receipt, as the till does once storno() let it.
-    void takeOff(int position);
+    EContext::Result cancelPosition(int position);
+    /// Removes a position from the document, as the till does when cancelPosition() goes on.
+    void removePosition(int position);
 
     /// The extended options of all positions, byte for byte.
     QStringList options() const;
     QJsonObject optionsOf(int position) const;
     void setOptions(int position, const QString& options);
-    /// The saved receipt; empty when none was saved.
+    /// The saved document; empty when none was saved.
     QJsonObject savedDocument() const;
     QJsonObject documentAsJson() const { return m_document->toJson(); }
 
     /// The prescription that a position comes from. The first is dispensed completely and paid by the patient alone;
     /// of the second the patient pays half, of the third nothing, and both are dispensed in part.
     static QString prescriptionOf(int position);
-    /// Every dispense of a position's prescription that the registry has booked, cancelled ones included.
+    /// Every dispense that the registry has booked for a position's prescription, cancelled ones included.
     QList<emulator::Dispense> dispensesOf(int position) const;
-    /// The one among them; fails the test when there is none or another.
-    emulator::Dispense onlyDispenseOf(int position) const;
+    /// The only one; the test fails when there is none or more than one.
+    emulator::Dispense soleDispenseOf(int position) const;
     QString statusOfPrescription(int position) const;
 
-    /// Orders something of the registry that goes wrong.
+    /// Orders faults of the registry.
     void order(const std::function<void(emulator::FaultScript&)>& order) const;
     /// The requests that reached the registry.
     QList<emulator::JournalEntry> requests() const;
     qsizetype asked(emulator::Endpoint endpoint) const;
     void forgetRequests() const;
 
-    /// What the cashier was told since the last call.
-    QList<ShownMessages::Message> takeShown();
+    /// The messages since the last call.
+    QList<DialogDouble::Message> takeMessages();
 
-    /// An event, and how many messages the cashier had been shown by then.
-    struct Heard {
+    /// An event of the register.
+    struct HeardEvent {
         int code;
-        qsizetype messages;
-        bool operator==(const Heard&) const = default;
+        qsizetype messages; ///< shown before it, since the last takeMessages()
+        bool operator==(const HeardEvent&) const = default;
     };
-    /// Since the last call.
-    QList<Heard> takeHeard();
+    /// The events since the last call.
+    QList<HeardEvent> takeEvents();
 
     QTemporaryDir dataFolder;
 
@@ -90,20 +81,19 @@ private:
 
     RegistryThread m_registry;
     Configured m_config;
-    ShownMessages m_messages;
-    qsizetype m_messagesTaken = 0;
-    ActivityNotifier m_notifier;
-    ActivityNotifier* const m_formerNotifier;
-    QList<Heard> m_heard;
+    DialogDouble m_dialog;
+    qsizetype m_takenMessages = 0;
+    Own<ActivityNotifier> m_notifier;
+    QList<HeardEvent> m_events;
     std::unique_ptr<Listener> m_listener;
-    QSharedPointer<SmallDocument> m_document;
+    QSharedPointer<DocumentDouble> m_document;
     std::optional<ElectronicPrescriptionService> m_service;
 };
 
 inline constexpr int everyPosition[] = {1, 2, 3};
 
-/// The position is registered: marked and with the id of the only dispense that the registry has booked for it.
+/// The registry has booked exactly one dispense for the position, and the position has its id and is marked.
 void expectRegistered(const Pharmacy& pharmacy, int position);
 
-/// The position's one dispense was cancelled: the position is marked and keeps the id, the prescription is active.
+/// The position's only dispense is cancelled: the position is marked and keeps the id, the prescription is active.
 void expectCancelled(const Pharmacy& pharmacy, int position);

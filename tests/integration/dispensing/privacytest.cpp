@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is logged of a subtotal and its cancellation tells nobody who bought what, and gives no key to the registry
-// away.
+// The log of a subtotal and its cancellation does not say who bought what, and holds no key to the registry.
 
 #include "faultscript.h"
 #include "logcapture.h"
@@ -26,7 +25,7 @@ TEST(Privacy, registeredRefusedAndCancelled_logsNeitherPatientNorSecretsNorBodie
     pharmacy.setOptions(1, QJsonDocument(unknown).toJson(QJsonDocument::Compact));
     ASSERT_EQ(pharmacy.cancelDocument(), EContext::Stop);
 
-    EXPECT_TRUE(log.text().contains("failed: ")) << "the refusal is logged, without what it says";
+    EXPECT_TRUE(log.text().contains("failed: ")) << "the refusal is logged without its text";
     QStringList secrets{"Пробный", "p-1", "s&c+ret", "s%26c%2Bret", "rx-full", "medicationDispense"};
     for (const emulator::JournalEntry& request : pharmacy.requests()) {
         const QString authorization = QString::fromUtf8(request.header("Authorization"));
@@ -34,7 +33,7 @@ TEST(Privacy, registeredRefusedAndCancelled_logsNeitherPatientNorSecretsNorBodie
             secrets.append(authorization.section(u' ', 1));
         }
     }
-    ASSERT_GT(secrets.size(), 12) << "tokens went over the wire";
+    ASSERT_GT(secrets.size(), 12) << "tokens were sent";
     for (const QString& secret : secrets) {
         EXPECT_FALSE(log.text().contains(secret)) << qPrintable(secret) << "\n" << qPrintable(log.text());
     }

@@ -23,30 +23,30 @@ TEST(Registration, subtotal_registersCompleteAndPartialDispensesAndSaves)
     for (const int position : everyPosition) {
         expectRegistered(pharmacy, position);
     }
-    const emulator::Dispense complete = pharmacy.onlyDispenseOf(1);
+    const emulator::Dispense complete = pharmacy.soleDispenseOf(1);
     EXPECT_EQ(complete.quantity, 20.0);
     EXPECT_TRUE(complete.isFinal);
     EXPECT_EQ(complete.pharmacy, u"17"_s);
     EXPECT_EQ(pharmacy.statusOfPrescription(1), completed);
-    const emulator::Dispense partial = pharmacy.onlyDispenseOf(2);
+    const emulator::Dispense partial = pharmacy.soleDispenseOf(2);
     EXPECT_EQ(partial.quantity, 10.0);
     EXPECT_FALSE(partial.isFinal);
     EXPECT_EQ(pharmacy.statusOfPrescription(2), active);
     EXPECT_EQ(pharmacy.savedDocument(), pharmacy.documentAsJson());
-    EXPECT_TRUE(pharmacy.takeShown().isEmpty());
-    EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
+    EXPECT_TRUE(pharmacy.takeMessages().isEmpty());
+    EXPECT_EQ(pharmacy.takeEvents(), (QList<Pharmacy::HeardEvent>{{72, 0}, {73, 0}}));
 }
 
-TEST(Registration, claim_comesExactlyWhenSomebodyElsePaysAPart)
+TEST(Registration, claim_isSentExactlyWhenSomebodyElsePaysAPart)
 {
     Pharmacy pharmacy;
     EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
 
     const auto claimedFor = [&](int position) {
-        const QByteArray claim = pharmacy.onlyDispenseOf(position).claim;
+        const QByteArray claim = pharmacy.soleDispenseOf(position).claim;
         return QJsonDocument::fromJson(claim).object()["item"_L1][0];
     };
-    EXPECT_TRUE(pharmacy.onlyDispenseOf(1).claim.isEmpty());
+    EXPECT_TRUE(pharmacy.soleDispenseOf(1).claim.isEmpty());
     const QJsonValue half = claimedFor(2);
     EXPECT_EQ(half["unitPrice"_L1]["value"_L1].toDouble(), 20.0);
     EXPECT_EQ(half["factor"_L1].toDouble(), 0.5);
@@ -57,7 +57,7 @@ TEST(Registration, claim_comesExactlyWhenSomebodyElsePaysAPart)
     EXPECT_EQ(all["net"_L1]["value"_L1].toDouble(), 10.05);
 }
 
-TEST(Registration, secondSubtotal_asksTheRegistryForNothing)
+TEST(Registration, secondSubtotal_sendsNoRequest)
 {
     Pharmacy pharmacy;
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
@@ -68,7 +68,7 @@ TEST(Registration, secondSubtotal_asksTheRegistryForNothing)
     EXPECT_EQ(pharmacy.options(), registered);
 }
 
-TEST(Registration, cancellation_givesThePrescriptionsBackAndTheyAreRegisteredAgainUnderNewIds)
+TEST(Registration, subtotalAfterACancellation_registersAgainUnderNewIds)
 {
     Pharmacy pharmacy;
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
@@ -89,21 +89,21 @@ TEST(Registration, cancellation_givesThePrescriptionsBackAndTheyAreRegisteredAga
         EXPECT_EQ(pharmacy.optionsOf(position)[positionformat::status].toString(), positionformat::dispensed);
     }
     EXPECT_EQ(pharmacy.statusOfPrescription(1), completed);
-    EXPECT_TRUE(pharmacy.takeShown().isEmpty());
+    EXPECT_TRUE(pharmacy.takeMessages().isEmpty());
 }
 
 TEST(Registration, cancellationOfOnePosition_cancelsItsDispenseAloneAndSaves)
 {
     Pharmacy pharmacy;
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
-    EXPECT_EQ(pharmacy.cancellation(2), EContext::GoOn);
+    EXPECT_EQ(pharmacy.cancelPosition(2), EContext::GoOn);
     expectRegistered(pharmacy, 1);
     expectCancelled(pharmacy, 2);
     expectRegistered(pharmacy, 3);
     EXPECT_EQ(pharmacy.savedDocument(), pharmacy.documentAsJson());
 }
 
-TEST(Registration, secondCancellation_asksTheRegistryForNothing)
+TEST(Registration, secondCancellation_sendsNoRequest)
 {
     Pharmacy pharmacy;
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
@@ -113,19 +113,19 @@ TEST(Registration, secondCancellation_asksTheRegistryForNothing)
     EXPECT_TRUE(pharmacy.requests().isEmpty());
 }
 
-// A receipt that was restored from before its cancellation, for example.
-TEST(Registration, dispenseThatTheRegistryHasCancelledAlready_isRefusedAndTheCancellationStops)
+// For example a document restored from before its cancellation.
+TEST(Registration, dispenseAlreadyCancelledAtTheRegistry_isRefusedAndTheCancellationStops)
 {
     Pharmacy pharmacy;
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
     const QStringList registered = pharmacy.options();
-    ASSERT_EQ(pharmacy.cancellation(2), EContext::GoOn);
+    ASSERT_EQ(pharmacy.cancelPosition(2), EContext::GoOn);
     pharmacy.setOptions(2, registered[1]);
 
-    EXPECT_EQ(pharmacy.cancellation(2), EContext::Stop);
-    const auto shown = pharmacy.takeShown();
+    EXPECT_EQ(pharmacy.cancelPosition(2), EContext::Stop);
+    const auto shown = pharmacy.takeMessages();
     ASSERT_EQ(shown.size(), 1);
-    EXPECT_EQ(shown[0].text, u"Отпуск %1 уже отменён"_s.arg(pharmacy.onlyDispenseOf(2).id));
+    EXPECT_EQ(shown[0].text, u"Отпуск %1 уже отменён"_s.arg(pharmacy.soleDispenseOf(2).id));
     EXPECT_EQ(shown[0].kind, 1);
     EXPECT_EQ(pharmacy.options(), registered);
 }

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Nobody may make a file in the folder while it lives, not even root: this thread goes to the disk as somebody else.
+/// No file can be made in the folder while it lives, by root either: this thread uses the disk as another user.
 class ReadOnlyFolder
 {
 public:
@@ -51,19 +51,19 @@ protected:
             faults.answerStatus(emulator::Endpoint::DispenseRegistration, 503, emulator::Occasion::nth(2));
         });
         EXPECT_EQ(pharmacy.subtotal(), EContext::Stop);
-        EXPECT_EQ(pharmacy.takeShown().size(), 1);
+        EXPECT_EQ(pharmacy.takeMessages().size(), 1);
         former = pharmacy.savedDocument();
         EXPECT_EQ(former, pharmacy.documentAsJson());
     }
 
-    /// The subtotal went on: both positions are registered, each failed save was told, and the former file stands
-    /// alone.
-    void expectRegisteredAndShownTwice()
+    /// All positions are registered, the cashier got a message for each of the two failed saves, and only the former
+    /// file is there.
+    void expectRegisteredAndTwoMessages()
     {
         for (const int position : everyPosition) {
             expectRegistered(pharmacy, position);
         }
-        const auto shown = pharmacy.takeShown();
+        const auto shown = pharmacy.takeMessages();
         ASSERT_EQ(shown.size(), 2);
         for (const auto& message : shown) {
             EXPECT_EQ(message.kind, 1);
@@ -78,36 +78,36 @@ protected:
     QJsonObject former;
 };
 
-TEST_F(SavingTest, diskFullAfterRegistration_isShownTheFormerFileStandsAndTheNextSaveHoldsAll)
+TEST_F(SavingTest, diskFullAfterRegistration_isShownAndTheFormerFileStaysUntilTheNextSave)
 {
     {
         const SmallDisk smallDisk(512);
         EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
     }
-    expectRegisteredAndShownTwice();
+    expectRegisteredAndTwoMessages();
 
-    EXPECT_EQ(pharmacy.cancellation(3), EContext::GoOn);
-    EXPECT_TRUE(pharmacy.takeShown().isEmpty());
+    EXPECT_EQ(pharmacy.cancelPosition(3), EContext::GoOn);
+    EXPECT_TRUE(pharmacy.takeMessages().isEmpty());
     EXPECT_EQ(pharmacy.savedDocument(), pharmacy.documentAsJson());
 }
 
-TEST_F(SavingTest, readOnlyFolderAfterRegistration_isShownAndTheFormerFileStands)
+TEST_F(SavingTest, readOnlyFolderAfterRegistration_isShownAndTheFormerFileStays)
 {
     {
         const ReadOnlyFolder readOnlyFolder(pharmacy.dataFolder.path());
         EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
     }
-    expectRegisteredAndShownTwice();
+    expectRegisteredAndTwoMessages();
 }
 
-TEST_F(SavingTest, diskFullAfterCancellation_isShownAndTheFormerFileStands)
+TEST_F(SavingTest, diskFullAfterCancellation_isShownAndTheFormerFileStays)
 {
     {
         const SmallDisk smallDisk(512);
-        EXPECT_EQ(pharmacy.cancellation(1), EContext::GoOn);
+        EXPECT_EQ(pharmacy.cancelPosition(1), EContext::GoOn);
     }
     expectCancelled(pharmacy, 1);
-    EXPECT_EQ(pharmacy.takeShown().size(), 1);
+    EXPECT_EQ(pharmacy.takeMessages().size(), 1);
     EXPECT_EQ(pharmacy.savedDocument(), former);
 }
 

@@ -11,7 +11,7 @@ namespace
 
 constexpr int shortestTimeout = 1;
 
-TEST(TimeoutAtSubtotal, registryTakesTheRequestAndNeverAnswers_nextSubtotalFinishes)
+TEST(TimeoutAtSubtotal, registryNeverAnswers_nextSubtotalRegistersTheRest)
 {
     for (const Endpoint endpoint : {Endpoint::Token, Endpoint::DispenseRegistration}) {
         Pharmacy pharmacy(Pharmacy::Over::Http, shortestTimeout);
@@ -19,20 +19,20 @@ TEST(TimeoutAtSubtotal, registryTakesTheRequestAndNeverAnswers_nextSubtotalFinis
         order(noAnswer(), pharmacy, endpoint, Occasion::nth(2));
 
         EXPECT_EQ(pharmacy.subtotal(), EContext::Stop);
-        expectShownOf(noAnswer(), endpoint, pharmacy.takeShown());
-        EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
+        expectMessageOf(noAnswer(), endpoint, pharmacy.takeMessages());
+        EXPECT_EQ(pharmacy.takeEvents(), (QList<Pharmacy::HeardEvent>{{72, 0}, {73, 0}}));
         expectRegistered(pharmacy, 1);
         EXPECT_EQ(pharmacy.options().mid(1), due.mid(1));
 
         EXPECT_EQ(pharmacy.subtotal(), EContext::GoOn);
-        EXPECT_TRUE(pharmacy.takeShown().isEmpty());
+        EXPECT_TRUE(pharmacy.takeMessages().isEmpty());
         for (const int position : everyPosition) {
             expectRegistered(pharmacy, position);
         }
     }
 }
 
-TEST(TimeoutAtSubtotal, answerComesTooLateOrTooSlowly_isGivenUpThoughTheRegistryHasBooked)
+TEST(TimeoutAtSubtotal, answerTooLateOrTooSlow_isGivenUpThoughTheRegistryHasBooked)
 {
     for (const Fault& fault : {lateAnswer(), drippingAnswer()}) {
         Pharmacy pharmacy(Pharmacy::Over::Https, shortestTimeout);
@@ -40,8 +40,8 @@ TEST(TimeoutAtSubtotal, answerComesTooLateOrTooSlowly_isGivenUpThoughTheRegistry
         order(fault, pharmacy, Endpoint::DispenseRegistration, Occasion::nth(2));
 
         EXPECT_EQ(pharmacy.subtotal(), EContext::Stop) << fault.name;
-        expectShownOf(fault, Endpoint::DispenseRegistration, pharmacy.takeShown());
-        EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 0}}));
+        expectMessageOf(fault, Endpoint::DispenseRegistration, pharmacy.takeMessages());
+        EXPECT_EQ(pharmacy.takeEvents(), (QList<Pharmacy::HeardEvent>{{72, 0}, {73, 0}}));
         expectRegistered(pharmacy, 1);
         EXPECT_EQ(pharmacy.options().mid(1), due.mid(1));
         EXPECT_EQ(pharmacy.dispensesOf(2).size(), 1);
@@ -49,17 +49,17 @@ TEST(TimeoutAtSubtotal, answerComesTooLateOrTooSlowly_isGivenUpThoughTheRegistry
     }
 }
 
-TEST(TimeoutAtCancellation, registryTakesTheRequestAndNeverAnswers_nextCancellationFinishes)
+TEST(TimeoutAtCancellation, registryNeverAnswers_nextCancellationCancelsTheRest)
 {
     Pharmacy pharmacy(Pharmacy::Over::Http, shortestTimeout);
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
     const QStringList registered = pharmacy.options();
-    pharmacy.takeHeard();
+    pharmacy.takeEvents();
     order(noAnswer(), pharmacy, Endpoint::DispenseCancellation, Occasion::nth(2));
 
     EXPECT_EQ(pharmacy.cancelDocument(), EContext::Stop);
-    expectShownOf(noAnswer(), Endpoint::DispenseCancellation, pharmacy.takeShown());
-    EXPECT_EQ(pharmacy.takeHeard(), (QList<Pharmacy::Heard>{{72, 0}, {73, 1}}));
+    expectMessageOf(noAnswer(), Endpoint::DispenseCancellation, pharmacy.takeMessages());
+    EXPECT_EQ(pharmacy.takeEvents(), (QList<Pharmacy::HeardEvent>{{72, 0}, {73, 1}}));
     expectCancelled(pharmacy, 1);
     EXPECT_EQ(pharmacy.options().mid(1), registered.mid(1));
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What goes over the wire, request by request, as docs/registry-protocol.md tells it.
+// Each request on the wire, against docs/registry-protocol.md.
 
-#include "currenttime.h"
+#include "clockdouble.h"
 #include "pharmacy.h"
 #include "positionformat.h"
 #include "registryuris.h"
@@ -22,23 +22,10 @@ namespace
 class WireTest : public testing::Test
 {
 protected:
-    WireTest()
-    {
-        MockFactory<CurrentTime>::mocked = [this] { return QSharedPointer<OneMoment>::create(now); };
-        pharmacy.takeOff(3);
-    }
-    ~WireTest() override { MockFactory<CurrentTime>::mocked = nullptr; }
-
-    struct OneMoment : CurrentTime {
-        explicit OneMoment(const QDateTime& moment_)
-            : moment(moment_)
-        {
-        }
-        QDateTime current() const override { return moment; }
-        QDateTime moment;
-    };
+    WireTest() { pharmacy.removePosition(3); }
 
     const QDateTime now = QDateTime::currentDateTime();
+    const ClockDouble clock{now};
     Pharmacy pharmacy;
 };
 
@@ -68,7 +55,7 @@ void expectTokenRequest(const JournalEntry& request)
     EXPECT_EQ(headersOf(request), headers);
 }
 
-/// A POST of that JSON, indented, under a token of its own.
+/// A POST of that indented JSON, with a token of its own.
 void expectResourceRequest(const JournalEntry& request, const QByteArray& target, const QJsonObject& json)
 {
     EXPECT_EQ(request.method, "POST");
@@ -180,7 +167,7 @@ TEST_F(WireTest, cancellationOfOnePosition_isATokenAndACancellationOfItsDispense
 {
     ASSERT_EQ(pharmacy.subtotal(), EContext::GoOn);
     pharmacy.forgetRequests();
-    ASSERT_EQ(pharmacy.cancellation(2), EContext::GoOn);
+    ASSERT_EQ(pharmacy.cancelPosition(2), EContext::GoOn);
 
     const QByteArray id = pharmacy.optionsOf(2)[positionformat::medicationDispenseId].toString().toUtf8();
     ASSERT_FALSE(id.isEmpty());

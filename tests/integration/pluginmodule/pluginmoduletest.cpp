@@ -3,7 +3,7 @@
 #include "activitynotifier.h"
 #include "baseactivitylistener.h"
 #include "basicplugin.h"
-#include "config.h"
+#include "configured.h"
 #include "graphicaluserinterface.h"
 
 #include <QJsonObject>
@@ -38,22 +38,12 @@ public:
 class PluginModule : public ::testing::Test
 {
 protected:
-    PluginModule()
-    {
-        Singleton<Config>::instance = &config;
-        Singleton<GraphicalUserInterface>::instance = &userInterface;
-        Singleton<ActivityNotifier>::instance = &notifier;
-    }
-
     ~PluginModule() override
     {
         userInterface.creators.clear();
         if (loader.isLoaded()) {
             delete loader.instance();
         }
-        Singleton<ActivityNotifier>::instance = nullptr;
-        Singleton<GraphicalUserInterface>::instance = nullptr;
-        Singleton<Config>::instance = nullptr;
     }
 
     QObject* load()
@@ -63,9 +53,11 @@ protected:
         return object;
     }
 
-    Config config;
+    Configured config;
     UserInterfaceDouble userInterface;
     NotifierDouble notifier;
+    InPlace<GraphicalUserInterface> userInterfaceInPlace{&userInterface};
+    InPlace<ActivityNotifier> notifierInPlace{&notifier};
     QPluginLoader loader{PLUGIN_FILE};
 };
 

@@ -10,7 +10,7 @@ namespace
 
 using AdmissionTest = RegistryClientTest;
 
-TEST_P(AdmissionTest, oaisToken_goesWithTheTokenRequestAndWithTheResourceRequest)
+TEST_P(AdmissionTest, oaisToken_isSentWithTheTokenRequestAndTheResourceRequest)
 {
     emulator::Rules rules = registry->store().rules();
     rules.oaisToken = u"oais-1"_s;
@@ -57,7 +57,7 @@ TEST_P(AdmissionTest, wrongSecret_raisesTheRegistrysTextAndSendsNothingMore)
     EXPECT_EQ(position->getExtendedOptions(), dueOptions);
 }
 
-TEST_P(AdmissionTest, tokenThatHasExpired_raisesTheRegistrysTextAndIsNotRenewed)
+TEST_P(AdmissionTest, tokenExpired_raisesTheRegistrysTextAndIsNotRenewed)
 {
     emulator::Rules rules = registry->store().rules();
     rules.tokenLifetime = -1;

@@ -9,7 +9,7 @@ namespace
 
 using DispenseTest = RegistryClientTest;
 
-TEST_P(DispenseTest, registration_isBookedOnceWithItsClaimAndItsIdKept)
+TEST_P(DispenseTest, registration_isBookedOnceWithItsClaimAndThePositionGetsItsId)
 {
     const RequestFailure failure = registerDispense();
     EXPECT_FALSE(failure) << failure.text.toStdString();
@@ -33,7 +33,7 @@ TEST_P(DispenseTest, registration_isBookedOnceWithItsClaimAndItsIdKept)
     EXPECT_EQ(asked(Endpoint::DispenseRegistration), 1);
 }
 
-TEST_P(DispenseTest, patientWhoPaysAll_isRegisteredWithoutAClaim)
+TEST_P(DispenseTest, patientPaysAll_isRegisteredWithoutAClaim)
 {
     position->setExtendedOptions(R"({"id": "rx-full", "tradeNameCode": "1001", "organizationId": "", "sumFactor": 1,
         "doseQuantity": 20, "finalDispense": true, "patientReference": "Patient/p-1"})");
@@ -55,7 +55,7 @@ TEST_P(DispenseTest, refusedDispense_raisesTheRegistrysTextAndLeavesTheOptions)
     EXPECT_EQ(position->getExtendedOptions(), options);
 }
 
-TEST_P(DispenseTest, cancellation_takesTheDispenseBackOnceAndKeepsTheId)
+TEST_P(DispenseTest, cancellation_cancelsTheDispenseAndKeepsTheId)
 {
     EXPECT_FALSE(registerDispense());
     const QString registered = position->getExtendedOptions();
@@ -94,7 +94,7 @@ TEST_P(DispenseTest, cancelledPosition_isRegisteredAgainUnderANewId)
     EXPECT_FALSE(registry->store().dispense(dispenseId())->isCancelled);
 }
 
-TEST_P(DispenseTest, positionWithoutAnId_asksForTheShortPathAndIsRefused)
+TEST_P(DispenseTest, positionWithoutAnId_usesTheShortPathAndIsRefused)
 {
     EXPECT_TRUE(cancelDispense());
     ASSERT_FALSE(registry->journal().entries().isEmpty());

@@ -12,8 +12,8 @@ namespace
 class FaultsTest : public RegistryClientTest
 {
 protected:
-    /// Asks the endpoint with the fault that `order` orders: the request arrives exactly once, nothing behind a failed
-    /// token, and what is on the position stays.
+    /// Sends a request to the endpoint after `order` has ordered a fault. The request arrives exactly once, nothing is
+    /// sent after a failed token, and the position stays as it was.
     RequestFailure askWithFault(Endpoint endpoint, const std::function<void(FaultScript&)>& order)
     {
         registry->journal().clear();
@@ -25,7 +25,7 @@ protected:
         const RequestFailure failure = ask(endpoint);
         EXPECT_EQ(asked(endpoint), 1) << nameOf(endpoint);
         EXPECT_EQ(registry->journal().entries().size(), endpoint == Endpoint::Token ? 1 : 2) << nameOf(endpoint);
-        EXPECT_TRUE(registry->faults().pending().isEmpty()) << "the fault has met its request";
+        EXPECT_TRUE(registry->faults().pending().isEmpty()) << "the fault was used";
         EXPECT_TRUE(prescriptions.isEmpty());
         EXPECT_EQ(position->getExtendedOptions(), dueOptions);
         return failure;
@@ -67,7 +67,7 @@ TEST_P(FaultsTest, errorStatusWithAnIssue_raisesTheRegistrysText)
     }
 }
 
-/// What the operation says about an answer that holds nothing of what it needs.
+/// The key of the text for an answer that the operation cannot use.
 const char* textOfUselessAnswer(Endpoint endpoint)
 {
     switch (endpoint) {
@@ -82,7 +82,7 @@ const char* textOfUselessAnswer(Endpoint endpoint)
     }
 }
 
-TEST_P(FaultsTest, successWithHtmlNothingOrHalfAJson_raisesTheOperationsOwnError)
+TEST_P(FaultsTest, successWithHtmlNothingOrHalfOfJson_raisesTheOperationsOwnError)
 {
     for (const Endpoint endpoint : everyEndpoint) {
         const std::pair<const char*, std::function<void(FaultScript&)>> orders[] = {
@@ -91,7 +91,7 @@ TEST_P(FaultsTest, successWithHtmlNothingOrHalfAJson_raisesTheOperationsOwnError
             {"half a JSON", [&](FaultScript& faults) { faults.answerHalfOfJson(endpoint); }},
         };
         for (const auto& [name, order] : orders) {
-            // The half of a refusal would be told by its status: let there be something to cancel.
+            // Half of a refusal is known by its status, so there has to be something to cancel.
             if (endpoint == Endpoint::DispenseCancellation && QLatin1StringView(name) == "half a JSON"_L1) {
                 continue;
             }
@@ -108,7 +108,7 @@ TEST_P(FaultsTest, halfOfACancellationsAnswer_raisesTheCancelErrorAndTheDispense
     EXPECT_TRUE(registry->store().dispense(dispenseId())->isCancelled);
 }
 
-TEST_P(FaultsTest, postWhoseConnectionEndsBeforeTheAnswer_isSentOnceAndMayHaveBeenCarriedOut)
+TEST_P(FaultsTest, postWhoseConnectionEndsBeforeTheAnswer_isSentOnceAndRaisesAnUncertainError)
 {
     for (const Endpoint endpoint : everyEndpoint) {
         if (endpoint == Endpoint::PrescriptionsByCard) {
@@ -123,7 +123,7 @@ TEST_P(FaultsTest, postWhoseConnectionEndsBeforeTheAnswer_isSentOnceAndMayHaveBe
     }
 }
 
-// The HTTP client may send a GET once more when a kept connection ends under it.
+// The HTTP client may send a GET again when a kept connection ends.
 TEST_P(FaultsTest, searchWhoseConnectionsEndBeforeTheAnswer_isGivenUpAfterTheSecond)
 {
     for (const bool reset : {false, true}) {
@@ -149,7 +149,7 @@ TEST_P(FaultsTest, answerCutOff_isAFailureThoughTheStatusWasGood)
     }
 }
 
-TEST_P(FaultsTest, registrySlowerThanTheTimeout_isGivenUpAndToldForWhatItIs)
+TEST_P(FaultsTest, registrySlowerThanTheTimeout_raisesATimeout)
 {
     configure("timeout", "1");
     for (const Endpoint endpoint : everyEndpoint) {
@@ -169,7 +169,7 @@ TEST_P(FaultsTest, answerDrippingBeyondTheTimeout_isGivenUp)
     EXPECT_EQ(failure.key, "restClientTimedOut");
 }
 
-TEST_P(FaultsTest, registrationCarriedOutWithoutAnAnswer_tellsThatItMayHaveBeenAndIsBookedOnce)
+TEST_P(FaultsTest, registrationCarriedOutWithoutAnAnswer_raisesAnUncertainErrorAndIsBookedOnce)
 {
     registry->faults().carryOutThenClose(Endpoint::DispenseRegistration);
     EXPECT_EQ(registerDispense().key, "restClientConnectionLostUncertain");
@@ -187,7 +187,7 @@ TEST_P(FaultsTest, requestAfterOneWhoseConnectionEnded_succeeds)
     }
 }
 
-TEST_P(FaultsTest, registryThatIsDown_raisesTheHttpClientsText)
+TEST_P(FaultsTest, registryDown_raisesTheHttpClientsText)
 {
     registry->stop();
     EXPECT_EQ(askForCard("1100").key, "restClientNotReachable");

@@ -8,7 +8,7 @@ namespace
 
 using ByCardTest = RegistryClientTest;
 
-/// The id of the prescription that a bundle holds.
+/// The id of the prescription in a bundle.
 QString idOf(const QJsonValue& bundle)
 {
     const QJsonArray entries = bundle["entry"].toArray();
@@ -21,7 +21,7 @@ QString idOf(const QJsonValue& bundle)
     return {};
 }
 
-TEST_P(ByCardTest, card_givesItsPrescriptionsAndItsPatient)
+TEST_P(ByCardTest, card_returnsItsPrescriptionsAndItsPatient)
 {
     EXPECT_FALSE(askForCard("1100"));
     ASSERT_EQ(prescriptions.size(), 2);
@@ -31,7 +31,7 @@ TEST_P(ByCardTest, card_givesItsPrescriptionsAndItsPatient)
     EXPECT_EQ(patient["birthDate"].toString(), "1960-01-31");
 }
 
-TEST_P(ByCardTest, requests_areATokenAndThenTheSearchWithIt)
+TEST_P(ByCardTest, requests_areATokenAndASearchWithIt)
 {
     EXPECT_FALSE(askForCard("1100"));
     const auto& entries = registry->journal().entries();
@@ -54,7 +54,7 @@ TEST_P(ByCardTest, requests_areATokenAndThenTheSearchWithIt)
     EXPECT_TRUE(entries[1].body.isEmpty());
 }
 
-TEST_P(ByCardTest, cardOfSigns_reachesTheRegistryUnchanged)
+TEST_P(ByCardTest, cardWithSpecialCharacters_reachesTheRegistryUnchanged)
 {
     EXPECT_FALSE(askForCard("11+0 %41;&ё", ""));
     ASSERT_EQ(prescriptions.size(), 1);

@@ -46,9 +46,7 @@ const QString RegistryClientTest::dueOptions =
 
 RegistryClientTest::RegistryClientTest()
     : position(twoPacks())
-    , m_formerConfig(Singleton<Config>::instance)
 {
-    Singleton<Config>::instance = &m_config;
     position->setExtendedOptions(dueOptions);
 
     emulator::EmulatorSettings settings;
@@ -71,11 +69,6 @@ RegistryClientTest::RegistryClientTest()
     configure("organizationIdentifier", u"17"_s);
     configure("organizationName", u"Аптека № 17"_s);
     configure("organizationAddress", u"ул. Лесная, 1"_s);
-}
-
-RegistryClientTest::~RegistryClientTest()
-{
-    Singleton<Config>::instance = m_formerConfig;
 }
 
 void RegistryClientTest::configure(const char* name, const QString& value)

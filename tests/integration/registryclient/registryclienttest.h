@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config.h"
+#include "configured.h"
 #include "electronicprescriptioninterface.h"
 #include "goodsitem.h"
 #include "registryemulator.h"
@@ -20,7 +20,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// How a request failed: with none, or with the text of one of the plug-in's exceptions.
+/// The outcome of a request: none, or one of the plug-in's exceptions.
 struct RequestFailure {
     bool isFailure = false;
     bool isNoPrescriptions = false;
@@ -30,30 +30,29 @@ struct RequestFailure {
     explicit operator bool() const { return isFailure; }
 };
 
-/// The registry client of a pharmacy, with its real HTTP client, and an emulated registry in the same process, over
-/// HTTP or HTTPS. The HTTP client serves the event loop while it waits, and so the emulator.
+/// The registry client of a pharmacy with its real HTTP client, and an emulated registry in the same process, over HTTP
+/// or HTTPS. The HTTP client runs the event loop while it waits, so the emulator can answer.
 class RegistryClientTest : public ::testing::TestWithParam<const char*>
 {
 protected:
     RegistryClientTest();
-    ~RegistryClientTest() override;
 
     void configure(const char* name, const QString& value);
-    /// The authority whose certificates the pharmacy trusts.
+    /// Has the pharmacy trust that authority alone.
     void trust(const TestAuthority& authority);
 
-    /// Each makes the client anew, so that it has read what was configured before.
+    /// Each makes a new client, which reads the configuration as it is then.
     RequestFailure askForCard(const QString& card, const QString& status = u"active"_s);
     RequestFailure registerDispense();
     RequestFailure cancelDispense();
 
-    /// The three operations by the endpoint that they ask behind the token.
+    /// The operation that sends a request to that endpoint.
     RequestFailure ask(emulator::Endpoint endpoint);
 
     int asked(emulator::Endpoint endpoint) { return registry->journal().count(endpoint); }
     emulator::JournalEntry lastOf(emulator::Endpoint endpoint);
 
-    /// Ten doses of the prescription that the patient pays half of, not registered.
+    /// Ten doses, not registered, of the prescription of which the patient pays half.
     static const QString dueOptions;
     QString dispenseId() const;
 
@@ -67,11 +66,10 @@ private:
 
     TestAuthority m_authority;
     std::optional<ServerIdentity> m_identity;
-    Config m_config;
-    Config* m_formerConfig;
+    Configured m_config;
 };
 
-/// The endpoints behind the token, and the token itself.
+/// Every endpoint that the client uses.
 inline constexpr emulator::Endpoint everyEndpoint[] = {
     emulator::Endpoint::Token,
     emulator::Endpoint::PrescriptionsByCard,

@@ -8,7 +8,7 @@ namespace
 
 using WrongShapesTest = RegistryClientTest;
 
-/// Good JSON that holds nothing of what a list of prescriptions holds, wrong at one level each, outermost first.
+/// Valid JSON that is no list of prescriptions. Each is wrong at one level, the outermost first.
 constexpr const char* noPrescriptionList[] = {
     "[]",
     "[[[]]]",
@@ -57,7 +57,7 @@ TEST_P(WrongShapesTest, tokenAnswerOfAnotherShape_raisesTheTokenError)
     EXPECT_EQ(asked(Endpoint::PrescriptionsByCard), 0);
 }
 
-TEST_P(WrongShapesTest, tokenThatIsNoText_isSentEmptyAndRefused)
+TEST_P(WrongShapesTest, tokenIsNoText_emptyTokenIsSentAndRefused)
 {
     registry->faults().answerBody(Endpoint::Token, R"({"access_token": {"value": "a"}})");
     EXPECT_EQ(askForCard("1100").text, "Запрос без токена авторизации");

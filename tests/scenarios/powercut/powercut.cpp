@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Something that happens again and again, and at one of whose times the power goes.
+/// Something that happens many times. The power fails at one of them.
 class Moment
 {
 public:

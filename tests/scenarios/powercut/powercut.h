@@ -4,10 +4,10 @@
 #include "baseactivitylistener.h"
 #include "basicplugin.h"
 
-/// A plug-in that ends the register as a power cut does, without a chance to save anything (SIGKILL).
+/// A plug-in that ends the register as a power cut does: with SIGKILL, so that nothing can be saved.
 ///
-/// `PowerCut:at` says when: `longWork` (event 72), `beforeSave` or `afterSave` (of a document); `PowerCut:nth` at which
-/// one since the start, counted from 1.
+/// `PowerCut:at` is `longWork` (event 72), `beforeSave` or `afterSave` (of a document). `PowerCut:nth` counts them
+/// since the start; 1 is the first.
 class PowerCut : public BaseActivityListener, public BasicPlugin
 {
     Q_OBJECT

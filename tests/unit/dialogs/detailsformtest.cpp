@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionform.h"
 
-#include "currenttime.h"
+#include "clockdouble.h"
 #include "dialogeventfilter.h"
 #include "dialogforms.h"
 
@@ -412,14 +412,7 @@ TEST_F(DetailsForm, threeDispenses_dateLabelsAreShownWithThreeLines)
 class Expiry : public DetailsForm
 {
 protected:
-    struct Noon : CurrentTime {
-        QDateTime current() const override { return QDateTime(QDate(2024, 5, 1), QTime(12, 0)); }
-    };
-    Expiry()
-    {
-        MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<Noon>::create(); };
-    }
-    ~Expiry() override { MockFactory<CurrentTime>::mocked = nullptr; }
+    const ClockDouble clock{QDateTime(QDate(2024, 5, 1), QTime(12, 0))};
 
     static QSharedPointer<ElectronicPrescription> lastsUntil(const QDate& lastDay)
     {

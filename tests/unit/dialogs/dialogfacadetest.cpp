@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptiondialog.h"
+#include "mocked.h"
 
 #include <QPointer>
 
@@ -125,9 +126,8 @@ TEST(DialogFacade, nothingMocked_factoryMakesANewDialogEachTime)
 TEST(DialogFacade, factoryMocked_returnsTheMock)
 {
     const auto mock = QSharedPointer<AnsweringDialog>::create(answered("data", 4));
-    ElectronicPrescriptionDialog::mocked = [mock] { return mock; };
+    const Mocked<ElectronicPrescriptionDialog> mocked(mock);
     const auto dialog = ElectronicPrescriptionDialog::create();
-    ElectronicPrescriptionDialog::mocked = {};
     EXPECT_EQ(dialog, mock);
     EXPECT_EQ(dialog->choiceElectronicPrescription({}), 4);
 }

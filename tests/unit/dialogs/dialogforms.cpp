@@ -24,9 +24,6 @@ void expectFault(const QString& key, const QString& text, const std::function<vo
 
 DialogForms::DialogForms()
 {
-    Singleton<Config>::instance = &config;
-    Singleton<ActionQueueController>::instance = &queue;
-    Singleton<control::ActionFactory>::instance = &actionFactory;
     config.setForThisRun("GUI:layouts", m_changedLayouts.path() + ':' + PLUGIN_LAYOUTS);
     setTouchMode(false);
 }
@@ -34,9 +31,6 @@ DialogForms::DialogForms()
 DialogForms::~DialogForms()
 {
     BasicForm::setUIErrorHandler({});
-    Singleton<Config>::instance = nullptr;
-    Singleton<ActionQueueController>::instance = nullptr;
-    Singleton<control::ActionFactory>::instance = nullptr;
 }
 
 void DialogForms::setTouchMode(bool isTouch)

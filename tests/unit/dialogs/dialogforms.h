@@ -6,7 +6,7 @@
 #include "actionqueuecontroller.h"
 #include "basicexception.h"
 #include "basicform.h"
-#include "config.h"
+#include "configured.h"
 #include "electronicprescription.h"
 #include "patient.h"
 
@@ -81,11 +81,12 @@ protected:
     /// A prescription of that non-proprietary name, without anything else.
     static QSharedPointer<ElectronicPrescription> prescription(const QString& inn);
 
-    Config config;
+    Configured config;
     RecordingQueue queue;
-    control::ActionFactory actionFactory;
+    Own<control::ActionFactory> actionFactory;
     QStringList layoutFaults;
 
 private:
     QTemporaryDir m_changedLayouts;
+    InPlace<ActionQueueController> m_queueInPlace{&queue};
 };

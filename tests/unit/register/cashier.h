@@ -11,7 +11,8 @@
 #include <functional>
 #include <utility>
 
-/// Answers the forms that come up while a test waits in a call: each act is done once a form of its name stands.
+/// Answers the forms that open while a test waits in a call. The acts are done in order, each as soon as a form of its
+/// name is on top.
 class Cashier : public QObject
 {
 public:

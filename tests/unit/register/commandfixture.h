@@ -13,7 +13,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// A register whose commands are executed, with a cashier who answers its forms.
+/// A register that executes commands, and a cashier who answers its forms.
 class CommandFixture : public TillFixture
 {
 protected:
@@ -23,9 +23,9 @@ protected:
             if (!gui.object.topForm()) {
                 return;
             }
-            ADD_FAILURE() << "A form that nobody expected waits for an answer";
+            ADD_FAILURE() << "An unexpected form waits for an answer";
             gui.object.cancelForms();
-            m_watchdog.setInterval(1); // nor shall the next one be waited for
+            m_watchdog.setInterval(1); // the next one is not waited for
         });
         m_watchdog.start(20'000);
     }
@@ -43,7 +43,7 @@ protected:
     {
         root.findChild<QPushButton*>(QLatin1StringView(button))->click();
     }
-    /// Has the next question answered so.
+    /// Has the cashier press that button at the next question.
     void answerQuestion(const char* button)
     {
         cashier.onForm(u"questionForm"_s, [button](QWidget& root) { press(root, button); });
@@ -53,7 +53,7 @@ protected:
     {
         controller.object.host().addTrigger({context, type, ActionTrigger::Before, hook, ActionTrigger::Any, 1});
     }
-    /// Sells an article; the number of the sale.
+    /// Sells an article and returns the number of the sale.
     int sold()
     {
         till->add(article(amoxidar, 2));
@@ -61,7 +61,7 @@ protected:
         EXPECT_TRUE(till->close({Payment::cash(5000)}));
         return number;
     }
-    /// Puts a receipt aside; its number.
+    /// Suspends a document and returns its number.
     int suspend()
     {
         till->add(article(amoxidar));
@@ -69,7 +69,7 @@ protected:
         EXPECT_TRUE(till->suspend());
         return number;
     }
-    /// Throws, which fails the test, when there is none.
+    /// A document of the archive; throws, which fails the test, when there is none.
     QSharedPointer<Document> archived(int number) const
     {
         auto document = till->archive().find(number);
@@ -83,5 +83,5 @@ protected:
     Cashier cashier;
 
 private:
-    QTimer m_watchdog; ///< only bounds a failure
+    QTimer m_watchdog; ///< only ends a test that fails
 };

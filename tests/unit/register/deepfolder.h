@@ -7,8 +7,8 @@
 
 #include <climits>
 
-/// The path of a folder in which a receipt can be saved, but not set aside, by root either: the longer name goes
-/// beyond what the system takes for a path.
+/// The path of a folder in which a document can be saved but a damaged one not be renamed, by root either: the longer
+/// name exceeds the system's limit for paths.
 inline QString deepFolder(const QString& above)
 {
     constexpr int length = PATH_MAX - 30; // "/receipt.json" fits, "/receipt.json.damaged-20240229-120000" does not

@@ -5,7 +5,7 @@
 #include <QKeyEvent>
 #include <QString>
 
-/// Sends a scanner's keys, 10 ms apart, Return at the end.
+/// Sends the keys of a scanner: 10 ms apart, with Return at the end.
 inline void scanInto(QObject& receiver, const QString& barcode)
 {
     quint64 time = 1000;

@@ -10,6 +10,7 @@
 #include "goodscatalogue.h"
 #include "goodscommands.h"
 #include "graphicaluserinterface.h"
+#include "inplace.h"
 #include "loyaltysystemlayer.h"
 #include "menucommands.h"
 #include "opendocumentcommands.h"
@@ -27,27 +28,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// Puts an object of the test's own in a singleton's place for as long as it lives.
-template <typename T>
-class Own
-{
-public:
-    Own()
-        : m_former(Singleton<T>::instance)
-    {
-        Singleton<T>::instance = &object;
-    }
-    ~Own() { Singleton<T>::instance = m_former; }
-    Own(const Own&) = delete;
-    Own& operator=(const Own&) = delete;
-
-    T object;
-
-private:
-    T* m_former;
-};
-
-/// Sees what a plug-in sees: the events, and the current document while they are told.
+/// Records what a plug-in sees: the events, and the current document and the context at each.
 class Witness : public BaseActivityListener, private DocumentWatcher
 {
 public:
@@ -75,7 +56,7 @@ public:
     QList<Seen> seen;
 };
 
-/// A register without its window: data folder, demo goods, the sale and its commands.
+/// A register without its window: data folder, demo goods, till and commands.
 class TillFixture : public ::testing::Test
 {
 protected:
@@ -99,7 +80,7 @@ protected:
     }
     ~TillFixture() override { DocumentWatcher::setCurrentDocument(nullptr); }
 
-    /// The article with that barcode, from the demo goods.
+    /// Packs of the demo goods with that barcode.
     SelectedGoods article(const QString& barcode, int packs = 1) const
     {
         return {catalogue.byBarcode(barcode).value(), packs};

@@ -16,7 +16,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// A register with its window, 1024×600.
+/// A register with its window of 1024×600 pixels.
 class WindowFixture : public TillFixture
 {
 protected:
@@ -42,11 +42,11 @@ protected:
         const auto* found = widget<QWidget>(name);
         return found && found->isVisible();
     }
-    /// Presses a key in the window, wherever the focus is.
+    /// Presses a key in the window.
     void press(Qt::Key key) { QTest::keyClick(window->windowHandle(), key); }
-    /// A scanner's keys, 10 ms apart, Return at the end, for what has the focus.
+    /// Scans into the widget that has the focus.
     static void scan(const QString& barcode) { scanInto(*QApplication::focusWidget(), barcode); }
-    /// The same as the window system delivers it.
+    /// Scans as the window system delivers it: into the window of that widget.
     static void scanInWindow(const QString& barcode)
     {
         scanInto(*QApplication::focusWidget()->window()->windowHandle(), barcode);
@@ -55,7 +55,9 @@ protected:
     {
         return QTest::qWaitFor([this] { return !controller.object.isBusy() && !gui.object.topForm(); });
     }
-    /// From now on a plug-in serves its command at the open receipt, and notes what it was given.
+    /// Has a plug-in handle its command at the open document from now on.
+    ///
+    /// @param given set to the arguments of each command; outlives the fixture's register
     void servePluginCommand(QVariantMap& given)
     {
         controller.object.host().addHandler({EContext::OpenDocument, control::PluginCommand,

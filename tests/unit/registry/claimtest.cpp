@@ -1,25 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "currenttime.h"
+#include "clockdouble.h"
 #include "registrydoubles.h"
 #include "registryuris.h"
 
 namespace
 {
 
-class StoppedClock : public CurrentTime
-{
-public:
-    QDateTime current() const override { return QDateTime(QDate(2024, 12, 9), QTime(0, 0)); }
-};
-
 class ClaimTest : public RegistryTest
 {
 protected:
-    ClaimTest()
-    {
-        MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<CurrentTime>(new StoppedClock); };
-    }
-    ~ClaimTest() override { MockFactory<CurrentTime>::mocked = nullptr; }
+    const ClockDouble clock{QDateTime(QDate(2024, 12, 9), QTime(0, 0))};
 
     static QJsonObject claimOf(const QJsonDocument& options, double sum, double fullPrice)
     {

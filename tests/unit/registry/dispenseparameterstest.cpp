@@ -1,27 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "currenttime.h"
+#include "clockdouble.h"
 #include "registrydoubles.h"
 #include "registryuris.h"
 
 namespace
 {
 
-/// A clock that always shows the second before midnight.
-class StoppedClock : public CurrentTime
-{
-public:
-    QDateTime current() const override { return QDateTime(QDate(2024, 3, 1), QTime(23, 59, 59)); }
-};
-
 class DispenseParametersTest : public RegistryTest
 {
 protected:
-    DispenseParametersTest()
-    {
-        MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<CurrentTime>(new StoppedClock); };
-        configurePharmacy();
-    }
-    ~DispenseParametersTest() override { MockFactory<CurrentTime>::mocked = nullptr; }
+    DispenseParametersTest() { configurePharmacy(); }
+
+    const ClockDouble clock{QDateTime(QDate(2024, 3, 1), QTime(23, 59, 59))};
 
     static QJsonObject dispenseOf(const char* options)
     {
@@ -192,7 +182,7 @@ private:
 TEST_F(DispenseParametersTest, midnightPasses_dispenseAndClaimAreOfTheSameDay)
 {
     int looks = 0;
-    MockFactory<CurrentTime>::mocked = [&looks] { return QSharedPointer<CurrentTime>(new RunningClock(looks)); };
+    const Mocked<CurrentTime> mocked([&looks] { return QSharedPointer<RunningClock>::create(looks); });
     QJsonDocument document;
     ElectronicPrescriptionInterface().formMedicationDispense(QSharedPointer<PositionDouble>::create(fullOptions),
                                                              document);

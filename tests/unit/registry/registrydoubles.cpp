@@ -75,13 +75,8 @@ private:
 };
 
 RegistryTest::RegistryTest()
+    : m_mocked([this] { return QSharedPointer<Client>::create(*this); })
 {
-    MockFactory<RestClient>::mocked = [this] { return QSharedPointer<RestClient>(new Client(*this)); };
-}
-
-RegistryTest::~RegistryTest()
-{
-    MockFactory<RestClient>::mocked = nullptr;
 }
 
 void RegistryTest::configurePharmacy()

@@ -4,6 +4,7 @@
 #include "configured.h"
 #include "electronicprescriptioninterface.h"
 #include "goodsitem.h"
+#include "mocked.h"
 #include "restclient.h"
 
 #include <QJsonDocument>
@@ -63,7 +64,6 @@ class RegistryTest : public ::testing::Test
 {
 protected:
     RegistryTest();
-    ~RegistryTest() override;
 
     /// The settings of a pharmacy, in every key.
     void configurePharmacy();
@@ -83,6 +83,8 @@ protected:
 
 private:
     class Client;
+
+    Mocked<RestClient> m_mocked;
 };
 
 /// A position whose values the test sets.

@@ -24,13 +24,6 @@ public:
 class AskedConfig : public Config
 {
 public:
-    AskedConfig()
-        : m_former(Singleton<Config>::instance)
-    {
-        Singleton<Config>::instance = this;
-    }
-    ~AskedConfig() override { Singleton<Config>::instance = m_former; }
-
     QString getString(const QString& key, const QString& def) const override
     {
         asked.append(key + '=' + def);
@@ -45,7 +38,7 @@ public:
     mutable QStringList asked;
 
 private:
-    Config* m_former;
+    InPlace<Config> m_place{this};
 };
 
 using SettingsTest = RegistryTest;
@@ -121,14 +114,11 @@ TEST_F(SettingsTest, settingChangedAfterConstruction_hasNoEffect)
 
 TEST_F(SettingsTest, withoutAnyConfigYet_oneIsCreated)
 {
-    Config* const former = Singleton<Config>::instance;
-    Singleton<Config>::instance = nullptr;
+    const InPlace<Config> none(nullptr);
     const Settings settings;
-    Config* const created = Singleton<Config>::instance;
-    Singleton<Config>::instance = former;
+    const std::unique_ptr<Config> created(Singleton<Config>::instance);
 
     ASSERT_NE(created, nullptr);
-    delete created;
     EXPECT_EQ(settings.requestsUrl, "http://localhost");
     EXPECT_EQ(settings.timeout, 60);
 }

@@ -122,7 +122,7 @@ TEST_F(Hooks, cancellingAnotherDocument_goesOn)
 TEST_F(Hooks, voiding_takesTheDocumentOfTheAction)
 {
     addThreeRegistered();
-    const QSharedPointer<Receipt> stored(new Receipt);
+    const QSharedPointer<DocumentDouble> stored(new DocumentDouble);
     stored->type = 2;
     stored->closed = true;
     stored->positions = {receipt->positions[1]};

@@ -16,13 +16,10 @@ class DictionaryName : public PharmacyTest
 protected:
     DictionaryName()
     {
-        Singleton<ConnectionFactory>::instance = &connections;
         config.setForThisRun("Database:driver", "QSQLITE");
         config.setForThisRun("Database:name", folder.filePath("goods.db"));
         prescription->setDictCode("123");
     }
-
-    ~DictionaryName() override { Singleton<ConnectionFactory>::instance = nullptr; }
 
     void execute(const QStringList& statements)
     {
@@ -52,7 +49,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    ConnectionFactory connections;
+    Own<ConnectionFactory> connections;
     QSharedPointer<ElectronicPrescription> prescription{prescriptionWithId("a")};
 };
 
@@ -124,13 +121,11 @@ public:
 TEST_F(DictionaryName, connection_isTheDefaultOneAndAskedForOnce)
 {
     createDictionary();
-    ConnectionDouble noting;
-    Singleton<ConnectionFactory>::instance = &noting;
+    const Own<ConnectionFactory, ConnectionDouble> noting;
 
     EXPECT_EQ(nameFor("123"), "Парацетамол таб. 500 мг");
 
-    EXPECT_EQ(noting.asked, QStringList{"'' ''"});
-    Singleton<ConnectionFactory>::instance = &connections;
+    EXPECT_EQ(noting.object.asked, QStringList{"'' ''"});
 }
 
 TEST_F(DictionaryName, codeThatIsNoNumber_leavesTheNameEmpty)

@@ -18,10 +18,10 @@ class UserInterfaceDouble : public GraphicalUserInterface
 public:
     QList<QSharedPointer<BasicFormCreator>> creators;
 
-    UserInterfaceDouble() { Singleton<GraphicalUserInterface>::instance = this; }
-    ~UserInterfaceDouble() override { Singleton<GraphicalUserInterface>::instance = nullptr; }
-
     void addFormCreator(const QSharedPointer<BasicFormCreator>& creator) override { creators << creator; }
+
+private:
+    InPlace<GraphicalUserInterface> m_place{this};
 };
 
 class LifeCycle : public PharmacyTest
@@ -175,7 +175,7 @@ protected:
         for (const ActionTrigger& trigger : service.getTriggers()) {
             receipt->positions.clear();
             addPosition(7, R"({"status":"dispensed"})");
-            const QSharedPointer<Receipt> stored(new Receipt);
+            const QSharedPointer<DocumentDouble> stored(new DocumentDouble);
             stored->closed = true;
             stored->positions = std::exchange(receipt->positions, {});
             addPosition(1, R"({"status":"dispensed"})");
@@ -340,7 +340,7 @@ TEST_F(LifeCycle, restoredDocumentWithoutCardNumber_leavesNull)
 TEST_F(LifeCycle, restoredDocumentIsTheOneOfTheEvent_notTheCurrentOne)
 {
     receipt->setPluginValue("ElectronicPrescriptionService", "cardNumber", "of the current one");
-    const QSharedPointer<Receipt> restored(new Receipt);
+    const QSharedPointer<DocumentDouble> restored(new DocumentDouble);
     restored->setPluginValue("ElectronicPrescriptionService", "cardNumber", "of the restored one");
 
     restore(QVariant::fromValue(QSharedPointer<AbstractDocument>(restored)));
@@ -380,7 +380,7 @@ TEST_F(LifeCycle, prescriptionServedInFullOnAReceiptPutAside_isNotOfferedOnTheNe
     };
     control::Action command(control::PluginCommand);
     command.insert("status", "active");
-    const QSharedPointer<Receipt> former(new Receipt);
+    const QSharedPointer<DocumentDouble> former(new DocumentDouble);
     former->setPluginValue("ElectronicPrescriptionService", "cardNumber", "77");
 
     registry->bundles = {bundleOf("served"), bundleOf("other")};

@@ -15,9 +15,6 @@ namespace
 class LogTexts : public PharmacyTest
 {
 protected:
-    LogTexts() { Singleton<ConnectionFactory>::instance = &connections; }
-    ~LogTexts() override { Singleton<ConnectionFactory>::instance = nullptr; }
-
     QStringList lines() const { return log.lines().filter(" electronicPrescription "); }
 
     void createDatabase(const QString& statement)
@@ -40,7 +37,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    ConnectionFactory connections;
+    Own<ConnectionFactory> connections;
     LogCapture log;
 };
 
@@ -53,13 +50,11 @@ TEST_F(LogTexts, pharmacyOff_isAnError)
 
 TEST_F(LogTexts, initialised_isAnInformation)
 {
-    GraphicalUserInterface userInterface;
-    Singleton<GraphicalUserInterface>::instance = &userInterface;
+    const Own<GraphicalUserInterface> userInterface;
     config.setForThisRun("plugins:pharmacy", "true");
 
     service.init();
 
-    Singleton<GraphicalUserInterface>::instance = nullptr;
     EXPECT_EQ(lines(), QStringList{"INFO electronicPrescription Инициализация выполнена"});
 }
 

@@ -146,10 +146,8 @@ TEST_F(LookUp, anotherDosageSystemConfigured_itsCodesAreTheDictionaryCodes)
 {
     config.setForThisRun("ElectronicPrescription:dosageSystemId", "urn:other");
     config.setForThisRun("plugins:pharmacy", "true");
-    GraphicalUserInterface userInterface;
-    Singleton<GraphicalUserInterface>::instance = &userInterface;
+    const Own<GraphicalUserInterface> userInterface;
     ASSERT_TRUE(service.init());
-    Singleton<GraphicalUserInterface>::instance = nullptr;
     const QJsonArray codings{QJsonObject{{"system", "urn:other"}, {"code", "5"}},
                              QJsonObject{{"system", registryuris::dosageDictionary}, {"code", "6"}}};
     const QJsonObject medication{{"code", QJsonObject{{"coding", codings}}}};

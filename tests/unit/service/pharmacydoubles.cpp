@@ -80,35 +80,6 @@ private:
     PharmacyTest& m_test;
 };
 
-class PharmacyTest::DialogDouble : public Dialog
-{
-public:
-    explicit DialogDouble(PharmacyTest& test)
-        : m_test(test)
-    {
-    }
-
-    void showMessage(const tr::Tr& text, int kind, int sound, int seconds) override
-    {
-        m_test.messages << text;
-        m_test.journal << QString("message %1/%2/%3 %4").arg(kind).arg(sound).arg(seconds).arg(text.key());
-    }
-
-    core::BasicDialog::Result showTextInput(const TextInputParams& params) override
-    {
-        m_test.textInputs << params;
-        m_test.journal << "ask " + params.inputName;
-        if (!m_test.cashier.texts.isEmpty()) {
-            return m_test.cashier.texts.takeFirst();
-        }
-        ADD_FAILURE() << "nobody answers the text input " << qPrintable(params.inputName);
-        return {{}, true};
-    }
-
-private:
-    PharmacyTest& m_test;
-};
-
 class PharmacyTest::PrescriptionDialogDouble : public ElectronicPrescriptionDialog
 {
 public:
@@ -152,27 +123,6 @@ public:
         }
         ADD_FAILURE() << "nobody answers the confirmation";
         return status(-1);
-    }
-
-private:
-    PharmacyTest& m_test;
-};
-
-class PharmacyTest::SaveDouble : public SaveToFileLogic
-{
-public:
-    explicit SaveDouble(PharmacyTest& test)
-        : m_test(test)
-    {
-    }
-
-    bool save(const QSharedPointer<AbstractDocument>& document, const QString& file) override
-    {
-        m_test.saved << document;
-        m_test.savedFiles << file;
-        m_test.savedContents << document->toJson();
-        m_test.journal << "save";
-        return true;
     }
 
 private:
@@ -225,15 +175,13 @@ PharmacyTest::PharmacyTest()
     : m_notifier(std::make_unique<NotifierDouble>(*this))
     , m_queue(std::make_unique<QueueDouble>(*this))
     , m_loyalty(std::make_unique<LoyaltyDouble>(*this))
+    , m_notifierInPlace(m_notifier.get())
+    , m_queueInPlace(m_queue.get())
+    , m_loyaltyInPlace(m_loyalty.get())
+    , m_prescriptionDialog([this] { return QSharedPointer<PrescriptionDialogDouble>::create(*this); })
 {
-    Singleton<ActivityNotifier>::instance = m_notifier.get();
-    Singleton<ActionQueueController>::instance = m_queue.get();
-    Singleton<LoyaltySystemLayer>::instance = m_loyalty.get();
-    MockFactory<Dialog>::mocked = [this] { return QSharedPointer<Dialog>(new DialogDouble(*this)); };
-    MockFactory<ElectronicPrescriptionDialog>::mocked = [this] {
-        return QSharedPointer<ElectronicPrescriptionDialog>(new PrescriptionDialogDouble(*this));
-    };
-    MockFactory<SaveToFileLogic>::mocked = [this] { return QSharedPointer<SaveToFileLogic>(new SaveDouble(*this)); };
+    answerDialogs();
+    keepSaved();
     DocumentWatcher::setCurrentDocument(receipt);
     service.registryClient = registry;
 }
@@ -241,12 +189,38 @@ PharmacyTest::PharmacyTest()
 PharmacyTest::~PharmacyTest()
 {
     DocumentWatcher::setCurrentDocument({});
-    MockFactory<SaveToFileLogic>::mocked = {};
-    MockFactory<ElectronicPrescriptionDialog>::mocked = {};
-    MockFactory<Dialog>::mocked = {};
-    Singleton<LoyaltySystemLayer>::instance = nullptr;
-    Singleton<ActionQueueController>::instance = nullptr;
-    Singleton<ActivityNotifier>::instance = nullptr;
+}
+
+void PharmacyTest::answerDialogs()
+{
+    m_dialog.onMessage = [this](const DialogDouble::Message& message) {
+        messages << message.tr;
+        journal << QString("message %1/%2/%3 %4")
+                       .arg(message.kind)
+                       .arg(message.sound)
+                       .arg(message.seconds)
+                       .arg(message.tr.key());
+    };
+    m_dialog.onTextInput = [this](const TextInputParams& params) -> core::BasicDialog::Result {
+        textInputs << params;
+        journal << "ask " + params.inputName;
+        if (!cashier.texts.isEmpty()) {
+            return cashier.texts.takeFirst();
+        }
+        ADD_FAILURE() << "nobody answers the text input " << qPrintable(params.inputName);
+        return {{}, true};
+    };
+}
+
+void PharmacyTest::keepSaved()
+{
+    m_saving.onSave = [this](const auto& document, const QString& file, const SavingDouble::Write&) {
+        saved << document;
+        savedFiles << file;
+        savedContents << document->toJson();
+        journal << "save";
+        return true;
+    };
 }
 
 QSharedPointer<GoodsItem> PharmacyTest::addPosition(int number, const char* options, double price,

@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "abstractdocument.h"
 #include "actionqueuecontroller.h"
 #include "activitynotifier.h"
-#include "config.h"
-#include "dialog.h"
+#include "configured.h"
+#include "dialogdouble.h"
+#include "documentdouble.h"
 #include "electronicprescriptiondialog.h"
 #include "electronicprescriptioninterface.h"
 #include "electronicprescriptionservice.h"
 #include "goodsitem.h"
+#include "inplace.h"
 #include "loyaltysystemlayer.h"
+#include "mocked.h"
 #include "qtprinting.h"
-#include "savetofilelogic.h"
+#include "savingdouble.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -32,14 +34,6 @@ public:
     using ElectronicPrescriptionService::patientCache;
     using ElectronicPrescriptionService::prescriptionCache;
     using ElectronicPrescriptionService::registryClient;
-};
-
-/// The process's configuration while it lives; empty at first.
-class ConfigInPlace : public Config
-{
-public:
-    ConfigInPlace() { Singleton<Config>::instance = this; }
-    ~ConfigInPlace() override { Singleton<Config>::instance = nullptr; }
 };
 
 /// The service with three steps replaced: the two events of long work and hasPrescriptions().
@@ -62,19 +56,6 @@ public:
 
 private:
     QStringList& m_journal;
-};
-
-/// A document of any type whose positions the test sets.
-class Receipt : public AbstractDocument
-{
-public:
-    int type = Sale;
-    bool closed = false;
-    QList<QSharedPointer<GoodsItem>> positions;
-
-    int getType() const override { return type; }
-    QList<QSharedPointer<GoodsItem>> getPositions() const override { return positions; }
-    bool isClosed() const override { return closed; }
 };
 
 /// A position that writes down what is set on it.
@@ -164,8 +145,8 @@ protected:
     QStringList journal;
     Cashier cashier;
 
-    QSharedPointer<Receipt> receipt{new Receipt};
-    ConfigInPlace config;
+    QSharedPointer<DocumentDouble> receipt{new DocumentDouble};
+    Configured config;
     Service service;
     QSharedPointer<RegistryClient> registry{new RegistryClient(journal)};
 
@@ -188,15 +169,22 @@ protected:
 
 private:
     class NotifierDouble;
-    class DialogDouble;
     class PrescriptionDialogDouble;
-    class SaveDouble;
     class QueueDouble;
     class LoyaltyDouble;
+
+    void answerDialogs();
+    void keepSaved();
 
     std::unique_ptr<ActivityNotifier> m_notifier;
     std::unique_ptr<ActionQueueController> m_queue;
     std::unique_ptr<LoyaltySystemLayer> m_loyalty;
+    InPlace<ActivityNotifier> m_notifierInPlace;
+    InPlace<ActionQueueController> m_queueInPlace;
+    InPlace<LoyaltySystemLayer> m_loyaltyInPlace;
+    DialogDouble m_dialog;
+    Mocked<ElectronicPrescriptionDialog> m_prescriptionDialog;
+    SavingDouble m_saving;
 };
 
 /// A prescription with an id and nothing else.

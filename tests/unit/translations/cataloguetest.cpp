@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The message catalogues against the texts in the sources they stand for.
+// The message catalogues against the texts in the sources.
 #include <QDirIterator>
 #include <QFile>
 #include <QMap>
@@ -17,7 +17,7 @@ struct Catalogue {
     const char* name;
     const char* sources; ///< a folder below the project's
     const char* file;    ///< below `sources`
-    int fewestTexts;     ///< the sources have at least as many
+    int fewestTexts;     ///< at least as many are in the sources
 };
 
 std::ostream& operator<<(std::ostream& stream, const Catalogue& catalogue)
@@ -30,7 +30,7 @@ struct Message {
     QString translation;
 };
 
-/// What no English text has.
+/// Matches what no English text has.
 const QRegularExpression russian("[А-Яа-яЁё№]");
 
 class MessageCatalogue : public ::testing::TestWithParam<Catalogue>
@@ -45,8 +45,8 @@ protected:
         return QString::fromUtf8(file.readAll());
     }
 
-    /// The Russian default texts of the sources by their keys. In C++ a key with a hump comes before its text; in JSON
-    /// they are the members "key" and "text".
+    /// The Russian default texts of the sources by their keys. In C++ a key in camel case comes before its text; in
+    /// JSON they are the members "key" and "text".
     static QMap<QString, QString> textsInSources()
     {
         static const QRegularExpression keyAndText(
@@ -109,14 +109,14 @@ protected:
 
 } // namespace
 
-TEST_P(MessageCatalogue, catalogue_hasEveryKeyOfTheSourcesAndNoOther)
+TEST_P(MessageCatalogue, catalogue_hasExactlyTheKeysOfTheSources)
 {
     const auto texts = textsInSources();
     ASSERT_GE(texts.size(), GetParam().fewestTexts);
     EXPECT_EQ(messages().keys(), texts.keys());
 }
 
-TEST_P(MessageCatalogue, catalogue_quotesTheSourcesTextsAndTranslatesEach)
+TEST_P(MessageCatalogue, catalogue_repeatsAndTranslatesEachTextOfTheSources)
 {
     const auto texts = textsInSources();
     const auto all = messages();

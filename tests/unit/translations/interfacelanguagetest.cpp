@@ -1,26 +1,37 @@
 // SPDX-License-Identifier: MIT
-// The register started in a language: what its screens and the platform's forms say.
+// The language of the register's screens and of the platform's forms.
+#include "actionqueuecontroller.h"
+#include "activitynotifier.h"
 #include "askform.h"
+#include "config.h"
 #include "dialog.h"
 #include "goodsselectionparams.h"
+#include "graphicaluserinterface.h"
+#include "inplace.h"
 #include "registerapplication.h"
 #include "textinputparams.h"
-#include "tillfixture.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
 class InterfaceLanguage : public ::testing::Test
 {
 protected:
-    /// Starts the register; the configuration says so much about languages.
+    /// Starts the register.
+    ///
+    /// @param language lines of the configuration's section "Language"
     void start(const QByteArray& language)
     {
         QFile file(folder.filePath(u"register.ini"_s));
@@ -36,11 +47,6 @@ protected:
         const auto failure = application->start();
         ASSERT_FALSE(failure) << failure->message.toStdString();
         config.reset(Singleton<Config>::instance);
-    }
-    ~InterfaceLanguage() override
-    {
-        application.reset();
-        Singleton<Config>::instance = m_formerConfig;
     }
 
     /// The register's window.
@@ -72,7 +78,7 @@ protected:
         return form.rootWidget()->findChild<QLabel*>(QLatin1StringView(label))->text();
     }
 
-    /// Everything that is read or heard of a window or form.
+    /// Every text of a window or form that is shown or read aloud.
     static QStringList textsIn(const QWidget& root)
     {
         QStringList texts{root.windowTitle(), root.accessibleName()};
@@ -97,21 +103,19 @@ protected:
     Own<ActionQueueController> controller;
     Own<ActivityNotifier> notifier;
     Own<GraphicalUserInterface> gui;
-    std::unique_ptr<Config> config;
+    std::unique_ptr<Config> config; ///< the one that the register put in place
+    InPlace<Config> formerConfig{Singleton<Config>::instance};
     std::unique_ptr<RegisterApplication> application;
-
-private:
-    Config* m_formerConfig = Singleton<Config>::instance;
 };
 
-TEST_F(InterfaceLanguage, english_platformAndRegisterSpeakEnglish)
+TEST_F(InterfaceLanguage, english_platformAndRegisterAreInEnglish)
 {
     ASSERT_NO_FATAL_FAILURE(start("interface=en\n"));
     EXPECT_EQ(window().windowTitle(), u"Pharmacy register"_s);
     EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), u"Error"_s);
 }
 
-TEST_F(InterfaceLanguage, noneOrUnknown_textsStayAsWritten)
+TEST_F(InterfaceLanguage, noneOrUnknown_textsAreInRussian)
 {
     for (const char* language : {"", "interface=\n", "interface=xx\n"}) {
         ASSERT_NO_FATAL_FAILURE(start(language));
@@ -121,14 +125,14 @@ TEST_F(InterfaceLanguage, noneOrUnknown_textsStayAsWritten)
     }
 }
 
-TEST_F(InterfaceLanguage, englishRegisterEnded_textsAreAsWrittenAgain)
+TEST_F(InterfaceLanguage, englishRegisterEnded_textsAreInRussianAgain)
 {
     ASSERT_NO_FATAL_FAILURE(start("interface=en\n"));
     application.reset();
     EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), u"Ошибка"_s);
 }
 
-TEST_F(InterfaceLanguage, english_noRussianTextIsReadOrHeardAnywhere)
+TEST_F(InterfaceLanguage, english_noRussianTextIsShownOrReadAloud)
 {
     ASSERT_NO_FATAL_FAILURE(start("interface=en\n"));
     EXPECT_EQ(russianTextsIn(window()), QStringList());

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "currenttime.h"
-#include "finally.h"
+#include "clockdouble.h"
 
 #include <gtest/gtest.h>
 
@@ -15,10 +14,6 @@ TEST(CurrentTime, current_isNowInLocalTime)
 
 TEST(CurrentTime, mocked_givesTheTestsTime)
 {
-    struct Noon : CurrentTime {
-        QDateTime current() const override { return QDateTime({2024, 2, 29}, {12, 0}); }
-    };
-    MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<Noon>::create(); };
-    const Finally restoring([] { MockFactory<CurrentTime>::mocked = nullptr; });
+    const ClockDouble clock(QDateTime({2024, 2, 29}, {12, 0}));
     EXPECT_EQ(CurrentTime::create()->current(), QDateTime({2024, 2, 29}, {12, 0}));
 }

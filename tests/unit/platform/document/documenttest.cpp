@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "documentdouble.h"
 #include "documentwatcher.h"
 #include "finally.h"
-#include "plaindocument.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -104,7 +104,7 @@ TEST(GoodsItem, setTagTwice_isThereOnceAndOrderIsKept)
 
 TEST(AbstractDocument, getPosition_isFoundByNumberNotByPlace)
 {
-    PlainDocument document;
+    DocumentDouble document;
     const auto item = document.add(aspirin());
     EXPECT_EQ(document.getPosition(3), item);
     EXPECT_EQ(document.getPosition(0), nullptr);
@@ -114,7 +114,7 @@ TEST(AbstractDocument, getPosition_isFoundByNumberNotByPlace)
 
 TEST(AbstractDocument, pluginValues_areKeptApartByPluginAndKey)
 {
-    PlainDocument document;
+    DocumentDouble document;
     document.setPluginValue(plugin, card, u"1100"_s);
     document.setPluginValue(u"Other"_s, card, 5);
     EXPECT_EQ(document.getPluginValue(plugin, card, {}).toString(), u"1100"_s);
@@ -126,7 +126,7 @@ TEST(AbstractDocument, pluginValues_areKeptApartByPluginAndKey)
 
 TEST(AbstractDocument, invalidPluginValue_removesTheEntry)
 {
-    PlainDocument document;
+    DocumentDouble document;
     document.setPluginValue(plugin, card, u"1100"_s);
     document.setPluginValue(plugin, card, QVariant());
     document.setPluginValue(plugin, u"never"_s, QVariant());
@@ -136,7 +136,7 @@ TEST(AbstractDocument, invalidPluginValue_removesTheEntry)
 
 TEST(AbstractDocument, toJson_holdsEverything)
 {
-    PlainDocument document;
+    DocumentDouble document;
     const auto item = document.add(aspirin());
     item->setTag(u"prescription"_s);
     item->setExtendedOptions(u"{\"doseQuantity\":2}"_s);
@@ -157,7 +157,7 @@ TEST(AbstractDocument, toJson_holdsEverything)
 
 TEST(AbstractDocument, empty_isOpenAndHasEmptyMembers)
 {
-    const PlainDocument document;
+    const DocumentDouble document;
     EXPECT_FALSE(document.isClosed());
     const QJsonObject json = document.toJson();
     EXPECT_TRUE(json.value(u"positions"_s).isArray());
@@ -167,7 +167,7 @@ TEST(AbstractDocument, empty_isOpenAndHasEmptyMembers)
 
 TEST(AbstractDocument, inVariant_travelsAsSharedPointerToTheBase)
 {
-    const QSharedPointer<AbstractDocument> document = QSharedPointer<PlainDocument>::create();
+    const QSharedPointer<AbstractDocument> document = QSharedPointer<DocumentDouble>::create();
     const QVariant variant = QVariant::fromValue(document);
     EXPECT_STREQ(variant.metaType().name(), "QSharedPointer<AbstractDocument>");
     EXPECT_EQ(variant.value<QSharedPointer<AbstractDocument>>(), document);
@@ -179,7 +179,7 @@ TEST(DocumentWatcher, documentSet_everyWatcherSeesItUntilItIsTakenAway)
     const Finally restoring([] { DocumentWatcher::setCurrentDocument(nullptr); });
     const Watcher before;
     EXPECT_EQ(before.getDocument(), nullptr);
-    QSharedPointer<AbstractDocument> document = QSharedPointer<PlainDocument>::create();
+    QSharedPointer<AbstractDocument> document = QSharedPointer<DocumentDouble>::create();
     DocumentWatcher::setCurrentDocument(document);
     const Watcher after;
     EXPECT_EQ(before.getDocument(), document);

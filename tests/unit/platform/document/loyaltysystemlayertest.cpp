@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "loyaltysystemlayer.h"
-#include "plaindocument.h"
+#include "documentdouble.h"
 
 #include <gtest/gtest.h>
 
 TEST(LoyaltySystemLayer, noLayerOfTheHost_recalculationChangesNothing)
 {
-    const auto document = QSharedPointer<PlainDocument>::create();
+    const auto document = QSharedPointer<DocumentDouble>::create();
     const QJsonObject before = document->toJson();
     Singleton<LoyaltySystemLayer>::get()->recalculate(document);
     EXPECT_EQ(document->toJson(), before);

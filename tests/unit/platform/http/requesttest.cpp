@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "clientandserver.h"
+#include "mocked.h"
 #include "namelookup.h"
 
 using namespace Qt::StringLiterals;
@@ -168,8 +169,9 @@ TEST(RestClientRequest, ipv6Address_isReached)
 TEST(RestClientRequest, mockedFactory_handsOutTheTestsOwnClient)
 {
     const auto own = QSharedPointer<RestClient>::create();
-    MockFactory<RestClient>::mocked = [own] { return own; };
-    EXPECT_EQ(RestClient::create(), own);
-    MockFactory<RestClient>::mocked = nullptr;
+    {
+        const Mocked<RestClient> mocked(own);
+        EXPECT_EQ(RestClient::create(), own);
+    }
     EXPECT_NE(RestClient::create(), own);
 }

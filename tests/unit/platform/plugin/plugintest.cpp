@@ -5,10 +5,10 @@
 #include "activitynotifier.h"
 #include "basicplugin.h"
 #include "configured.h"
+#include "dialogdouble.h"
+#include "documentdouble.h"
 #include "documentwatcher.h"
 #include "finally.h"
-#include "plaindocument.h"
-#include "shownmessages.h"
 
 #include <QPluginLoader>
 
@@ -63,7 +63,7 @@ protected:
     }
 
     Configured m_config{{{u"Hello:enabled"_s, u"true"_s}, {u"Hello:greeting"_s, u"Доброе утро, %2!"_s}}};
-    ShownMessages m_messages;
+    DialogDouble m_dialog;
     ActionQueueController m_controller;
     QPluginLoader m_loader{QString::fromUtf8(HELLO_PLUGIN)};
     AbstractPlugin* m_plugin = nullptr;
@@ -130,9 +130,9 @@ TEST_F(HelloExample, loaded_itsCommandShowsGreetingAndClosedReceipts)
     Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::DocumentClosed));
     Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::DocumentCancelled));
     EXPECT_EQ(execute(greetCommand), EContext::GoOn);
-    ASSERT_EQ(m_messages.all().size(), 1);
-    EXPECT_EQ(m_messages.all().first().text, u"Доброе утро, %2!\nЗакрыто чеков: 1"_s);
-    EXPECT_EQ(m_messages.all().first().kind, 2);
+    ASSERT_EQ(m_dialog.messages().size(), 1);
+    EXPECT_EQ(m_dialog.messages().first().text, u"Доброе утро, %2!\nЗакрыто чеков: 1"_s);
+    EXPECT_EQ(m_dialog.messages().first().kind, 2);
 }
 
 TEST_F(HelloExample, emptyReceipt_doesNotReachTheSubtotalAndAFilledOneDoes)
@@ -144,14 +144,14 @@ TEST_F(HelloExample, emptyReceipt_doesNotReachTheSubtotalAndAFilledOneDoes)
         ++subtotals;
         return EContext::GoOn;
     });
-    const auto receipt = QSharedPointer<PlainDocument>::create();
+    const auto receipt = QSharedPointer<DocumentDouble>::create();
     DocumentWatcher::setCurrentDocument(receipt);
     EXPECT_EQ(execute(control::Subtotal), EContext::Stop);
     EXPECT_EQ(subtotals, 0);
-    EXPECT_EQ(m_messages.all().size(), 1);
+    EXPECT_EQ(m_dialog.messages().size(), 1);
 
     receipt->add({1, u"Аспирин"_s, 10.0, 0.0, 10.0, 1.0});
     EXPECT_EQ(execute(control::Subtotal), EContext::GoOn);
     EXPECT_EQ(subtotals, 1);
-    EXPECT_EQ(m_messages.all().size(), 1);
+    EXPECT_EQ(m_dialog.messages().size(), 1);
 }

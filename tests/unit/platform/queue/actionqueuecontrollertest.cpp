@@ -3,11 +3,12 @@
 #include "actionhost.h"
 #include "basicexception.h"
 #include "basicform.h"
+#include "dialogdouble.h"
 #include "finally.h"
 #include "graphicaluserinterface.h"
+#include "inplace.h"
 #include "inputblocker.h"
 #include "logcapture.h"
-#include "shownmessages.h"
 
 #include <QCoreApplication>
 #include <QSignalSpy>
@@ -72,7 +73,7 @@ protected:
     }
 
     std::unique_ptr<ActionQueueController> m_controller = std::make_unique<ActionQueueController>();
-    ShownMessages m_messages;
+    DialogDouble m_dialog;
     QStringList m_steps;
 };
 
@@ -233,9 +234,9 @@ TEST_F(ActionQueue, triggerThrowsBasicException_cashierReadsItsTextAndActionStop
                                      ActionTrigger::Any, 1});
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
-    ASSERT_EQ(m_messages.all().size(), 1);
-    EXPECT_EQ(m_messages.all().first().text, u"Карта 11002200 неизвестна"_s);
-    EXPECT_EQ(m_messages.all().first().kind, 1);
+    ASSERT_EQ(m_dialog.messages().size(), 1);
+    EXPECT_EQ(m_dialog.messages().first().text, u"Карта 11002200 неизвестна"_s);
+    EXPECT_EQ(m_dialog.messages().first().kind, 1);
     EXPECT_TRUE(m_steps.isEmpty());
     EXPECT_EQ(log.lines(), QStringList(u"ERROR action Stopped by an exception with the message cardUnknown"_s));
     EXPECT_FALSE(m_controller->isBusy());
@@ -248,8 +249,8 @@ TEST_F(ActionQueue, handlerThrowsStandardException_isShownLoggedAndCountsAsStop)
     addTrigger(ActionTrigger::After, u"failed"_s, 1, EContext::GoOn, ActionTrigger::Failed);
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
-    ASSERT_EQ(m_messages.all().size(), 1);
-    EXPECT_TRUE(m_messages.all().first().text.contains(u"внутренней ошибки"_s));
+    ASSERT_EQ(m_dialog.messages().size(), 1);
+    EXPECT_TRUE(m_dialog.messages().first().text.contains(u"внутренней ошибки"_s));
     EXPECT_TRUE(log.text().contains(u"too long"_s)) << log.text().toStdString();
     EXPECT_EQ(m_steps, words("failed"));
 }
@@ -259,13 +260,13 @@ TEST_F(ActionQueue, handlerThrowsNumber_isShownLoggedAndCountsAsStop)
     m_controller->host().setHandler(ownCommand, [](Action&) -> EContext::Result { throw 42; });
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
-    EXPECT_EQ(m_messages.all().size(), 1);
+    EXPECT_EQ(m_dialog.messages().size(), 1);
     EXPECT_TRUE(log.text().contains(u"unknown type"_s)) << log.text().toStdString();
 }
 
 TEST_F(ActionQueue, messageItselfThrows_isLoggedAndCountsAsStop)
 {
-    MockFactory<Dialog>::mocked = []() -> QSharedPointer<Dialog> { throw std::runtime_error("no screen"); };
+    m_dialog.onMessage = [](const auto&) { throw std::runtime_error("no screen"); };
     m_controller->host().setHandler(ownCommand, [](Action&) -> EContext::Result { throw 42; });
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
@@ -279,7 +280,7 @@ TEST_F(ActionQueue, afterTriggerThrows_outcomeStays)
                                      [](const Action&) -> EContext::Result { throw 42; }, ActionTrigger::Any, 1});
     addTrigger(ActionTrigger::After, u"next"_s, 2);
     EXPECT_EQ(execute(ownCommand), EContext::GoOn);
-    EXPECT_EQ(m_messages.all().size(), 1);
+    EXPECT_EQ(m_dialog.messages().size(), 1);
     EXPECT_EQ(m_steps, words("action next"));
 }
 
@@ -340,7 +341,7 @@ TEST_F(QueuedBefore, queuedActionWhoseHandlerThrows_theNextOneStillRuns)
     });
     const LogCapture log;
     expectNextRunsAfter(Action(ownCommand), "thrown action");
-    EXPECT_EQ(m_messages.all().size(), 1);
+    EXPECT_EQ(m_dialog.messages().size(), 1);
 }
 
 TEST_F(QueuedBefore, queuedActionRunsAnotherAndAnEventLoop_theNextOneWaitsForItsEnd)
@@ -424,8 +425,7 @@ TEST_F(ActionQueue, inputBlocked_executeReturnsStopAndQueuedActionsWait)
 TEST_F(ActionQueue, formOnTop_itsContextCountsAndItsAnswerIsServedInsideTheAction)
 {
     GraphicalUserInterface gui;
-    GraphicalUserInterface* const former = std::exchange(Singleton<GraphicalUserInterface>::instance, &gui);
-    const Finally restoring([former] { Singleton<GraphicalUserInterface>::instance = former; });
+    const InPlace<GraphicalUserInterface> place(&gui);
 
     m_controller->host().setContext(EContext::OpenDocument);
     EContext::Code contextWithForm{};
@@ -568,7 +568,7 @@ TEST_F(ActionQueue, frameThrows_isShownAndCountsAsStop)
     });
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
-    EXPECT_EQ(m_messages.all().size(), 1);
+    EXPECT_EQ(m_dialog.messages().size(), 1);
     EXPECT_EQ(m_steps, words("action"));
     EXPECT_FALSE(m_controller->isBusy());
 }

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "sharedstate.h"
 #include "basicexception.h"
+#include "clockdouble.h"
 #include "configured.h"
+#include "documentdouble.h"
 #include "documentwatcher.h"
 #include "finally.h"
-#include "plaindocument.h"
 
 #include <QPluginLoader>
 
@@ -44,16 +45,10 @@ TEST_F(LoadedModule, everySingletonAndFactory_isTheOneThatTheProgramSees)
 TEST_F(LoadedModule, objectsThatTheProgramPutThere_areUsedByTheModule)
 {
     const Configured config({{u"Hello:greeting"_s, u"Здравствуйте"_s}});
-    struct Noon : CurrentTime {
-        QDateTime current() const override { return QDateTime({2024, 2, 29}, {12, 0}); }
-    };
-    MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<Noon>::create(); };
-    const QSharedPointer<AbstractDocument> document = QSharedPointer<PlainDocument>::create();
+    const ClockDouble clock(QDateTime({2024, 2, 29}, {12, 0}));
+    const QSharedPointer<AbstractDocument> document = QSharedPointer<DocumentDouble>::create();
     DocumentWatcher::setCurrentDocument(document);
-    const Finally restoring([] {
-        MockFactory<CurrentTime>::mocked = nullptr;
-        DocumentWatcher::setCurrentDocument(nullptr);
-    });
+    const Finally restoring([] { DocumentWatcher::setCurrentDocument(nullptr); });
     EXPECT_EQ(m_probe->configured(u"Hello:greeting"_s), u"Здравствуйте"_s);
     EXPECT_EQ(m_probe->now(), QDateTime({2024, 2, 29}, {12, 0}));
     EXPECT_EQ(m_probe->currentDocument(), document);

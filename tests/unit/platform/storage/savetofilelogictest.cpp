@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "savetofilelogic.h"
 #include "configured.h"
+#include "dialogdouble.h"
+#include "documentdouble.h"
 #include "finally.h"
 #include "logcapture.h"
-#include "plaindocument.h"
-#include "shownmessages.h"
 #include "smalldisk.h"
 
 #include <QDir>
@@ -24,9 +24,9 @@ class SavedDocument : public ::testing::Test
 protected:
     SavedDocument() { m_config.set(u"Register:data"_s, m_folder.path()); }
 
-    QSharedPointer<PlainDocument> document(const QString& name) const
+    QSharedPointer<DocumentDouble> document(const QString& name) const
     {
-        const auto result = QSharedPointer<PlainDocument>::create();
+        const auto result = QSharedPointer<DocumentDouble>::create();
         result->add({1, name, 10.0, 0.0, 10.0, 1.0});
         return result;
     }
@@ -47,8 +47,8 @@ protected:
     /// The one message of a failed save: an error that names the folder, the reason, and what to do.
     void expectTold(const QString& reason) const
     {
-        ASSERT_EQ(m_messages.all().size(), 1);
-        const ShownMessages::Message& message = m_messages.all().first();
+        ASSERT_EQ(m_dialog.messages().size(), 1);
+        const DialogDouble::Message& message = m_dialog.messages().first();
         EXPECT_EQ(message.kind, 1);
         EXPECT_TRUE(message.text.contains(reason)) << message.text.toStdString();
         EXPECT_TRUE(message.text.contains(u"не сохранён"_s)) << message.text.toStdString();
@@ -57,10 +57,10 @@ protected:
 
     QTemporaryDir m_folder;
     Configured m_config;
-    ShownMessages m_messages;
+    DialogDouble m_dialog;
 };
 
-class StoredDocument : public PlainDocument
+class StoredDocument : public DocumentDouble
 {
 public:
     QString fileName() const override { return u"stored-7.json"_s; }
@@ -74,7 +74,7 @@ TEST_F(SavedDocument, noFileNamed_isTheOpenReceiptAsJson)
     EXPECT_TRUE(save(saved));
     EXPECT_EQ(files(), QStringList(u"receipt.json"_s));
     EXPECT_EQ(QJsonDocument::fromJson(content()).object(), saved->toJson());
-    EXPECT_TRUE(m_messages.all().isEmpty());
+    EXPECT_TRUE(m_dialog.messages().isEmpty());
 }
 
 TEST_F(SavedDocument, documentNamesItsFile_openReceiptStaysAsItIs)
@@ -118,7 +118,7 @@ TEST_F(SavedDocument, null_isNotSavedAndShowsNoMessage)
 {
     EXPECT_FALSE(save(nullptr));
     EXPECT_TRUE(files().isEmpty());
-    EXPECT_TRUE(m_messages.all().isEmpty());
+    EXPECT_TRUE(m_dialog.messages().isEmpty());
 }
 
 TEST_F(SavedDocument, diskFull_isShownAndFormerFileStays)
@@ -230,7 +230,7 @@ TEST_F(SavedDocument, fileOutsideTheFolder_isNotWritten)
     for (const QString& file : outside) {
         EXPECT_FALSE(save(document(u"x"_s), file)) << qPrintable(file);
     }
-    EXPECT_EQ(m_messages.all().size(), std::ssize(outside));
+    EXPECT_EQ(m_dialog.messages().size(), std::ssize(outside));
     EXPECT_TRUE(QDir(elsewhere.path()).isEmpty());
     EXPECT_TRUE(QDir(m_folder.path()).isEmpty());
     EXPECT_FALSE(QFile::exists(m_folder.filePath(u"../a.json"_s)));

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "basicform.h"
-#include "config.h"
+#include "configured.h"
 #include "graphicaluserinterface.h"
 
 #include <QFile>
@@ -21,17 +21,7 @@ using namespace Qt::StringLiterals;
 class UiTest : public ::testing::Test
 {
 protected:
-    UiTest()
-    {
-        Singleton<Config>::instance = &config;
-        Singleton<GraphicalUserInterface>::instance = &gui;
-        config.setForThisRun(u"GUI:layouts"_s, layouts.path());
-    }
-    ~UiTest() override
-    {
-        Singleton<GraphicalUserInterface>::instance = m_formerGui;
-        Singleton<Config>::instance = m_formerConfig;
-    }
+    UiTest() { config.setForThisRun(u"GUI:layouts"_s, layouts.path()); }
 
     void setTouchMode() { config.setForThisRun(u"GUI:touchMode"_s, u"true"_s); }
 
@@ -78,13 +68,12 @@ protected:
         return action;
     }
 
-    Config config;
+    Configured config;
     GraphicalUserInterface gui;
     QTemporaryDir layouts;
 
 private:
-    Config* m_formerConfig = std::exchange(Singleton<Config>::instance, nullptr);
-    GraphicalUserInterface* m_formerGui = std::exchange(Singleton<GraphicalUserInterface>::instance, nullptr);
+    InPlace<GraphicalUserInterface> m_guiInPlace{&gui};
 };
 
 /// A form of a layout, with the protected operations that plug-in forms use.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What the cashier sees when a plug-in ends an action.
 #include "actionhost.h"
+#include "dialogdouble.h"
 #include "finally.h"
 #include "registerstyle.h"
-#include "shownmessages.h"
 #include "windowfixture.h"
 
 #include <QLabel>
@@ -120,13 +120,13 @@ TEST_F(StoppedActionTest, pluginDoesNotFindThePosition_aMessageSaysSoAndThePosit
 {
     answer(control::RemovePosition, EContext::NotFound);
     openWindow();
-    const ShownMessages messages;
+    const DialogDouble dialog;
     press(Qt::Key_F8);
     ASSERT_TRUE(becomesIdle());
-    ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_TRUE(
-        messages.all().first().text.startsWith(u"Удаление позиции не выполнено: модуль не нашёл у себя эту позицию"_s));
-    EXPECT_EQ(messages.all().first().kind, Dialog::Notice);
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(
+        u"Удаление позиции не выполнено: модуль не нашёл у себя эту позицию"_s));
+    EXPECT_EQ(dialog.messages().first().kind, Dialog::Notice);
     EXPECT_TRUE(status()->text().isEmpty());
     EXPECT_EQ(till->document()->positions().size(), 2);
     EXPECT_EQ(till->phase(), Till::Phase::Positions);

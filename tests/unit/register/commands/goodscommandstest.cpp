@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commandfixture.h"
+#include "dialogdouble.h"
 #include "registeraction.h"
-#include "shownmessages.h"
 
 #include <QAbstractItemView>
 #include <QLabel>
@@ -116,10 +116,10 @@ TEST_F(GoodsCommandsTest, selectGoodsClosedByTheRegister_stopsWithoutAResult)
 TEST_F(GoodsCommandsTest, selectGoodsWithoutADatabase_showsAMessageAndStops)
 {
     config.set(u"Database:name"_s, folder.filePath(u"absent.sqlite"_s));
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(control::SelectGoods), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_TRUE(messages.all().first().text.startsWith(u"Справочник товаров недоступен"_s));
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Справочник товаров недоступен"_s));
 }
 
 TEST_F(GoodsCommandsTest, addSelectedGoods_writesThePositionNumberThatCanBeFoundAtOnce)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commandfixture.h"
+#include "dialogdouble.h"
 #include "registeraction.h"
-#include "shownmessages.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,11 +12,11 @@ class MenuCommandsTest : public CommandFixture
 TEST_F(MenuCommandsTest, keyExplained_namesTheKeyAndWhatIsMissing)
 {
     const QVariantMap key{{u"text"_s, u"Рецепт %1"_s}};
-    const ShownMessages messages;
+    const DialogDouble dialog;
     run(registeraction::explainKey, key);
     till->open();
     run(registeraction::explainKey, key);
-    ASSERT_EQ(messages.all().size(), 2);
-    EXPECT_TRUE(messages.all().at(0).text.startsWith(u"«Рецепт %1» работает при открытом чеке"_s));
-    EXPECT_TRUE(messages.all().at(1).text.startsWith(u"«Рецепт %1» сейчас недоступно"_s));
+    ASSERT_EQ(dialog.messages().size(), 2);
+    EXPECT_TRUE(dialog.messages().at(0).text.startsWith(u"«Рецепт %1» работает при открытом чеке"_s));
+    EXPECT_TRUE(dialog.messages().at(1).text.startsWith(u"«Рецепт %1» сейчас недоступно"_s));
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "actionhost.h"
 #include "commandfixture.h"
+#include "dialogdouble.h"
 #include "registeraction.h"
-#include "shownmessages.h"
 
 #include <QJsonArray>
 #include <QLabel>
@@ -17,11 +17,11 @@ class OpenDocumentCommandsTest : public CommandFixture
 TEST_F(OpenDocumentCommandsTest, openDocument_opensOneAndSaysSoWhenItIsOpen)
 {
     EXPECT_EQ(run(registeraction::openSale), EContext::GoOn);
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(registeraction::openSale), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_EQ(messages.all().first().text, u"Чек № 1 уже открыт."_s);
-    EXPECT_EQ(messages.all().first().kind, Dialog::Notice);
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_EQ(dialog.messages().first().text, u"Чек № 1 уже открыт."_s);
+    EXPECT_EQ(dialog.messages().first().kind, Dialog::Notice);
 }
 
 TEST_F(OpenDocumentCommandsTest, changeQuantity_setsThePacksTyped)
@@ -49,21 +49,21 @@ TEST_F(OpenDocumentCommandsTest, changeQuantityCancelled_leavesThePacks)
 TEST_F(OpenDocumentCommandsTest, noPositionChosen_saysSo)
 {
     till->open();
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(registeraction::changeQuantity), EContext::Stop);
     EXPECT_EQ(run(registeraction::askToRemovePosition, positionNumber(4)), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 2);
-    EXPECT_EQ(messages.all().first().text, u"Сначала выберите позицию чека."_s);
+    ASSERT_EQ(dialog.messages().size(), 2);
+    EXPECT_EQ(dialog.messages().first().text, u"Сначала выберите позицию чека."_s);
 }
 
 TEST_F(OpenDocumentCommandsTest, externalPosition_keepsItsQuantity)
 {
     till->add(article(amoxidar));
     till->document()->position(1)->setSoftCheckId(u"rx-1"_s);
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_TRUE(messages.all().first().text.startsWith(u"Позиция № 1 отпускается по документу"_s));
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Позиция № 1 отпускается по документу"_s));
     EXPECT_EQ(till->document()->position(1)->getQuantity(), 1);
 }
 
@@ -172,9 +172,9 @@ INSTANTIATE_TEST_SUITE_P(Results, CancellationHook,
 TEST_F(OpenDocumentCommandsTest, positionThatIsNotThere_isNotCancelled)
 {
     till->add(article(amoxidar));
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(control::RemovePosition, positionNumber(2)), EContext::NotFound);
-    EXPECT_EQ(messages.all().size(), 1);
+    EXPECT_EQ(dialog.messages().size(), 1);
     EXPECT_EQ(till->document()->positions().size(), 1);
 }
 
@@ -235,16 +235,16 @@ TEST_F(OpenDocumentCommandsTest, returnDocument_takesNoGoodsAndIsCancelledOnlyWh
 {
     ASSERT_TRUE(till->returnSale(archived(sold())));
     const QJsonObject before = till->document()->toJson();
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(registeraction::addGoods, {{u"search"_s, amoxidar}}), EContext::Stop);
     EXPECT_EQ(run(control::AddSelectedGoods, {{u"result"_s, QVariant::fromValue(article(amoxidar))}}), EContext::Stop);
     EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(run(registeraction::askToRemovePosition, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(run(control::RemovePosition, positionNumber(1)), EContext::NotFound);
     EXPECT_EQ(till->document()->toJson(), before);
-    ASSERT_EQ(messages.all().size(), 4);
-    EXPECT_TRUE(messages.all().first().text.startsWith(u"Открыт возврат: товары в него не добавляются"_s));
-    for (const auto& message : messages.all().mid(1)) {
+    ASSERT_EQ(dialog.messages().size(), 4);
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Открыт возврат: товары в него не добавляются"_s));
+    for (const auto& message : dialog.messages().mid(1)) {
         EXPECT_EQ(message.text, u"Продажа возвращается целиком: позиции возврата не меняются."_s);
     }
 }

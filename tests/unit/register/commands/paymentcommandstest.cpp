@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commandfixture.h"
+#include "dialogdouble.h"
 #include "registeraction.h"
-#include "saves.h"
-#include "shownmessages.h"
+#include "savingdouble.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,11 +23,11 @@ protected:
 TEST_P(SubtotalCommand, documentWithoutPositions_saysSoAndStops)
 {
     till->open();
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(GetParam()), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_EQ(messages.all().first().text, u"В чеке нет позиций.\nДобавьте товар или отмените чек."_s);
-    EXPECT_EQ(messages.all().first().kind, Dialog::Notice);
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_EQ(dialog.messages().first().text, u"В чеке нет позиций.\nДобавьте товар или отмените чек."_s);
+    EXPECT_EQ(dialog.messages().first().kind, Dialog::Notice);
     EXPECT_EQ(till->phase(), Till::Phase::Positions);
 }
 
@@ -90,13 +90,13 @@ TEST_F(PayCommand, receivedInAnyForm_closesWithTheChange)
 TEST_F(PayCommand, receivedUnreadable_saysWhatWasTypedAndHowToTypeIt)
 {
     standAtPayment();
-    const ShownMessages messages;
+    const DialogDouble dialog;
     const char* const typed[] = {"abc %1", "-50", "1 000", "24,801", "1e3", "999999999", "50 руб"};
     for (const char* text : typed) {
         EXPECT_EQ(pay(QString::fromUtf8(text)), EContext::Stop) << text;
     }
-    ASSERT_EQ(messages.all().size(), std::ssize(typed));
-    EXPECT_EQ(messages.all().first().text,
+    ASSERT_EQ(dialog.messages().size(), std::ssize(typed));
+    EXPECT_EQ(dialog.messages().first().text,
               u"«abc %1» — не сумма.\nВведите полученные деньги, например 50 или 12,40."_s);
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
     EXPECT_EQ(witness.codes(), QList<int>{10});
@@ -105,11 +105,11 @@ TEST_F(PayCommand, receivedUnreadable_saysWhatWasTypedAndHowToTypeIt)
 TEST_F(PayCommand, receivedTooLittle_saysWhatIsMissing)
 {
     standAtPayment();
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(pay(u"24,79"_s), EContext::Stop);
     EXPECT_EQ(pay(u"0"_s), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 2);
-    EXPECT_EQ(messages.all().first().text, u"Получено 24,79, а к оплате 24,80.\nНе хватает 0,01."_s);
+    ASSERT_EQ(dialog.messages().size(), 2);
+    EXPECT_EQ(dialog.messages().first().text, u"Получено 24,79, а к оплате 24,80.\nНе хватает 0,01."_s);
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
     EXPECT_EQ(witness.codes(), QList<int>{10});
 }
@@ -137,8 +137,8 @@ TEST_F(PayCommand, documentCannotBeSaved_staysAtItsPayment)
 {
     standAtPayment();
     {
-        Saves saves;
-        saves.failAll();
+        SavingDouble saving;
+        saving.failAll();
         EXPECT_EQ(pay({}), EContext::Stop);
     }
     EXPECT_EQ(till->phase(), Till::Phase::Payment);

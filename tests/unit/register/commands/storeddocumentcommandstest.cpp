@@ -2,12 +2,11 @@
 #include "storeddocumentcommands.h"
 #include "actionhost.h"
 #include "commandfixture.h"
+#include "dialogdouble.h"
 #include "documentwords.h"
 #include "formanswer.h"
 #include "registeraction.h"
-#include "saves.h"
-#include "shownmessages.h"
-#include "storeddocumentcommands.h"
+#include "savingdouble.h"
 
 #include <QAbstractItemView>
 #include <QJsonArray>
@@ -61,14 +60,14 @@ protected:
     /// The only notice that running the action shows.
     QString noticeOf(control::EActionType type, const QVariantMap& arguments)
     {
-        const ShownMessages messages;
+        const DialogDouble dialog;
         EXPECT_EQ(run(type, arguments), EContext::Stop);
-        EXPECT_EQ(messages.all().size(), 1);
-        if (messages.all().size() != 1) {
+        EXPECT_EQ(dialog.messages().size(), 1);
+        if (dialog.messages().size() != 1) {
             return {};
         }
-        EXPECT_EQ(messages.all().first().kind, Dialog::Notice);
-        return messages.all().first().text;
+        EXPECT_EQ(dialog.messages().first().kind, Dialog::Notice);
+        return dialog.messages().first().text;
     }
     QSharedPointer<AbstractDocument> current() const
     {
@@ -99,8 +98,8 @@ TEST_F(StoredDocumentCommandsTest, suspended_suspendsASaleButNoReturn)
 TEST_F(StoredDocumentCommandsTest, suspendedThatCannotBeSaved_stops)
 {
     till->add(article(amoxidar));
-    Saves saves;
-    saves.failAll();
+    SavingDouble saving;
+    saving.failAll();
     EXPECT_EQ(run(registeraction::suspend), EContext::Stop);
     EXPECT_TRUE(till->document());
 }
@@ -168,8 +167,8 @@ TEST_F(StoredDocumentCommandsTest, returnWhileADocumentIsOpen_isRefusedBeforeAsk
 TEST_F(StoredDocumentCommandsTest, returnThatCannotBeSaved_stops)
 {
     sold();
-    Saves saves;
-    saves.failAll();
+    SavingDouble saving;
+    saving.failAll();
     EXPECT_EQ(run(registeraction::returnSale, number(1)), EContext::Stop);
     EXPECT_FALSE(till->document());
 }
@@ -337,10 +336,10 @@ TEST_F(StoredDocumentCommandsTest, voidingThatCannotBeSaved_stopsAndTheDocumentS
     const auto document = archived(suspend());
     till->open();
     {
-        Saves saves;
-        saves.failAll();
+        SavingDouble saving;
+        saving.failAll();
         EXPECT_EQ(run(control::VoidDocument, carrying(document)), EContext::Stop);
-        EXPECT_EQ(saves.files, QStringList{u"finished/00000001.json"_s});
+        EXPECT_EQ(saving.files, QStringList{u"finished/00000001.json"_s});
     }
     EXPECT_EQ(document->getState(), Document::State::Suspended);
     EXPECT_EQ(archived(1)->getState(), Document::State::Suspended);
@@ -355,9 +354,9 @@ TEST_F(StoredDocumentCommandsTest, hookThrows_isShownAndCountsAsStop)
         current()->getPosition(1)->setExtendedOptions(u"{\"half\":1}"_s);
         throw std::runtime_error("lost");
     });
-    const ShownMessages messages;
+    const DialogDouble dialog;
     EXPECT_EQ(run(control::VoidDocument, carrying(document)), EContext::Stop);
-    EXPECT_EQ(messages.all().size(), 1);
+    EXPECT_EQ(dialog.messages().size(), 1);
     EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
     EXPECT_EQ(archived(1)->position(1)->getExtendedOptions(), u"{\"half\":1}"_s);
     EXPECT_EQ(current(), till->document());
@@ -402,22 +401,22 @@ TEST_F(DocumentList, resumingWhileADocumentIsOpen_isRefused)
 {
     suspend();
     till->open();
-    const ShownMessages messages;
+    const DialogDouble dialog;
     inTheList([](QWidget&) { answerForm(u"resume"_s, 1); });
     EXPECT_EQ(run(registeraction::showDocuments), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_EQ(messages.all().first().text, u"Сначала завершите или отложите открытый чек № 2."_s);
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_EQ(dialog.messages().first().text, u"Сначала завершите или отложите открытый чек № 2."_s);
     EXPECT_EQ(archived(1)->getState(), Document::State::Suspended);
 }
 
 TEST_F(DocumentList, resumingADocumentThatIsGone_isShown)
 {
     sold();
-    const ShownMessages messages;
+    const DialogDouble dialog;
     inTheList([](QWidget&) { answerForm(u"resume"_s, 9); });
     EXPECT_EQ(run(registeraction::showDocuments), EContext::Stop);
-    ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_EQ(messages.all().first().text, u"Документа № 9 нет среди отложенных и завершённых.\nПроверьте номер."_s);
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_EQ(dialog.messages().first().text, u"Документа № 9 нет среди отложенных и завершённых.\nПроверьте номер."_s);
     EXPECT_FALSE(till->document());
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "actionhost.h"
 #include "registeraction.h"
-#include "shownmessages.h"
 #include "storeddocumentcommands.h"
 #include "windowfixture.h"
 

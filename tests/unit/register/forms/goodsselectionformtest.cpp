@@ -25,19 +25,9 @@ namespace
 class AnsweredGui : public GraphicalUserInterface
 {
 public:
-    AnsweredGui()
-        : m_former(Singleton<GraphicalUserInterface>::instance)
-    {
-        Singleton<GraphicalUserInterface>::instance = this;
-    }
-    ~AnsweredGui() override { Singleton<GraphicalUserInterface>::instance = m_former; }
-
     void answer(const control::Action& action) override { answers.append(action); }
 
     QList<control::Action> answers;
-
-private:
-    GraphicalUserInterface* m_former;
 };
 
 } // namespace
@@ -68,14 +58,14 @@ protected:
     }
     int shownRows() const { return widget<TalloTableView>("goodsTable")->model()->rowCount(); }
     QString hint() const { return widget<QLabel>("hintLabel")->text(); }
-    const QList<control::Action>& answers() const { return answered.answers; }
+    const QList<control::Action>& answers() const { return answered.object.answers; }
     SelectedGoods selected() const
     {
         EXPECT_EQ(answers().size(), 1);
         return answers().isEmpty() ? SelectedGoods() : answers().first().value(u"result"_s).value<SelectedGoods>();
     }
 
-    AnsweredGui answered;
+    Own<GraphicalUserInterface, AnsweredGui> answered;
     std::unique_ptr<GoodsSelectionForm> form;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "receiptprinter.h"
 #include "configured.h"
+#include "dialogdouble.h"
 #include "receiptlayout.h"
-#include "shownmessages.h"
 #include "smalldisk.h"
 
 #include <QDir>
@@ -107,7 +107,7 @@ protected:
     QTemporaryDir folder;
     Configured config;
     PositionMarks marks;
-    ShownMessages messages;
+    DialogDouble dialog;
 };
 
 TEST_F(ReceiptPrinterTest, sale_isPrintedAsTextLetterByLetter)
@@ -119,7 +119,7 @@ TEST_F(ReceiptPrinterTest, sale_isPrintedAsTextLetterByLetter)
     EXPECT_TRUE(ReceiptPrinter(folder.path(), marks).printOrShow(*sale()));
     EXPECT_EQ(text(u"00000007"_s), fixture("printedsale.txt"));
     EXPECT_EQ(printed(), (QStringList{u"00000007.pdf"_s, u"00000007.txt"_s}));
-    EXPECT_TRUE(messages.all().isEmpty());
+    EXPECT_TRUE(dialog.messages().isEmpty());
 }
 
 TEST_F(ReceiptPrinterTest, returnWithoutAConfiguredPharmacy_isPrintedAsTextLetterByLetter)
@@ -279,10 +279,10 @@ TEST_F(ReceiptPrinterTest, diskFull_isShownWithAdviceAndTheFormerFilesStay)
     EXPECT_EQ(content(path(u"printed/00000007.txt"_s)), formerText);
     EXPECT_EQ(content(path(u"printed/00000007.pdf"_s)), formerPdf);
     EXPECT_EQ(printed().size(), 2);
-    ASSERT_EQ(messages.all().size(), 2);
-    EXPECT_EQ(messages.all().first().kind, Dialog::Error);
-    EXPECT_TRUE(messages.all().first().text.startsWith(u"Чек № 7 не напечатан: "_s));
-    EXPECT_TRUE(messages.all().first().text.contains(u"напечатайте его из списка документов"_s));
+    ASSERT_EQ(dialog.messages().size(), 2);
+    EXPECT_EQ(dialog.messages().first().kind, Dialog::Error);
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Чек № 7 не напечатан: "_s));
+    EXPECT_TRUE(dialog.messages().first().text.contains(u"напечатайте его из списка документов"_s));
 }
 
 TEST_F(ReceiptPrinterTest, fileInPlaceOfTheFolder_isShown)
@@ -290,7 +290,7 @@ TEST_F(ReceiptPrinterTest, fileInPlaceOfTheFolder_isShown)
     QFile file(path(u"printed"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     EXPECT_FALSE(ReceiptPrinter(folder.path(), marks).printOrShow(*sale()));
-    EXPECT_EQ(messages.all().size(), 1);
+    EXPECT_EQ(dialog.messages().size(), 1);
 }
 
 class InterruptedPrinting : public ReceiptPrinterTest
@@ -372,5 +372,5 @@ TEST_F(InterruptedPrinting, nothingFinished_nothingIsPrinted)
 {
     printInterrupted();
     EXPECT_TRUE(printed().isEmpty());
-    EXPECT_TRUE(messages.all().isEmpty());
+    EXPECT_TRUE(dialog.messages().isEmpty());
 }

@@ -2,7 +2,7 @@
 #include "documentarchive.h"
 #include "configured.h"
 #include "logcapture.h"
-#include "saves.h"
+#include "savingdouble.h"
 
 #include <QDir>
 #include <QFile>
@@ -109,22 +109,25 @@ TEST_F(DocumentArchiveTest, moved_isInItsNewPlaceOnly)
 TEST_F(DocumentArchiveTest, moved_newFileIsSavedBeforeTheFormerIsRemoved)
 {
     const auto document = saved(3);
-    Saves saves;
-    saves.fail([this](const AbstractDocument&) {
+    SavingDouble saving;
+    saving.onSave = [this](const auto&, const QString&, const SavingDouble::Write& write) {
         EXPECT_EQ(files(), QStringList{openFile});
-        return Saves::Fault::None;
-    });
+        return write();
+    };
     EXPECT_TRUE(archive.moveOrShow(document, {.state = State::Suspended}));
-    EXPECT_EQ(saves.files, QStringList{suspendedFile});
+    EXPECT_EQ(saving.files, QStringList{suspendedFile});
 }
 
 TEST_F(DocumentArchiveTest, moveThatCannotBeSaved_changesNeitherDocumentNorFiles)
 {
-    for (const auto fault : {Saves::Fault::Before, Saves::Fault::After}) {
+    for (const bool isWritten : {false, true}) {
         const auto document = saved(3);
         const QJsonObject before = document->toJson();
-        Saves saves;
-        saves.fail([fault](const AbstractDocument&) { return fault; });
+        SavingDouble saving;
+        saving.onSave = [isWritten](const auto&, const QString&, const SavingDouble::Write& write) {
+            EXPECT_TRUE(!isWritten || write());
+            return false;
+        };
         EXPECT_FALSE(archive.moveOrShow(
             document, {.state = State::Closed, .finished = document->getOpened(), .payments = {Payment::cash(5)}}));
         EXPECT_EQ(document->toJson(), before);
@@ -135,8 +138,8 @@ TEST_F(DocumentArchiveTest, moveThatCannotBeSaved_changesNeitherDocumentNorFiles
 TEST_F(DocumentArchiveTest, voidedSaleThatCannotBeSaved_staysClosedInItsFile)
 {
     const auto document = saved(3, State::Closed);
-    Saves saves;
-    saves.failAll();
+    SavingDouble saving;
+    saving.failAll();
     EXPECT_FALSE(archive.moveOrShow(
         document, {.state = State::Voided, .finished = document->getOpened(), .voided = document->getOpened()}));
     EXPECT_EQ(document->getState(), State::Closed);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "opendocumentfile.h"
+#include "clockdouble.h"
 #include "configured.h"
-#include "currenttime.h"
 #include "deepfolder.h"
 #include "documentnumbers.h"
 #include "finally.h"
@@ -29,26 +29,18 @@ QByteArray read(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
 }
 
-struct Noon : CurrentTime {
-    QDateTime current() const override { return QDateTime({2024, 2, 29}, {12, 0}); }
-};
-
 } // namespace
 
 class OpenDocumentFileTest : public ::testing::Test
 {
 protected:
-    OpenDocumentFileTest()
-    {
-        config.set(u"Register:data"_s, folder.path());
-        MockFactory<CurrentTime>::mocked = [] { return QSharedPointer<Noon>::create(); };
-    }
-    ~OpenDocumentFileTest() override { MockFactory<CurrentTime>::mocked = nullptr; }
+    OpenDocumentFileTest() { config.set(u"Register:data"_s, folder.path()); }
 
     QString path(const QString& name) const { return folder.filePath(name); }
 
     QTemporaryDir folder;
     Configured config;
+    const ClockDouble clock{QDateTime({2024, 2, 29}, {12, 0})};
 };
 
 TEST_F(OpenDocumentFileTest, nothingSaved_nothingLoaded)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "dialogdouble.h"
 #include "registeraction.h"
-#include "saves.h"
-#include "shownmessages.h"
+#include "savingdouble.h"
 #include "tillfixture.h"
 
 #include <QDir>
@@ -14,6 +14,18 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// The disk takes sales and no return.
+bool saveAllButReturns(const QSharedPointer<AbstractDocument>& document, const QString&,
+                       const SavingDouble::Write& write)
+{
+    return document->getType() != AbstractDocument::Return && write();
+}
+
+} // namespace
 
 class TillTest : public TillFixture
 {
@@ -116,14 +128,14 @@ TEST_F(TillTest, damagedDocument_isShownAndANewOneTakesAnotherNumber)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("{\"format\": 1, ");
     file.close();
-    const ShownMessages messages;
+    const DialogDouble dialog;
 
     Till again(folder.path());
     again.restore(saved());
     EXPECT_FALSE(again.document());
-    ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_EQ(messages.all().first().kind, Dialog::Error);
-    EXPECT_TRUE(messages.all().first().text.contains(u"receipt.json.damaged-"_s));
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_EQ(dialog.messages().first().kind, Dialog::Error);
+    EXPECT_TRUE(dialog.messages().first().text.contains(u"receipt.json.damaged-"_s));
     again.open();
     EXPECT_EQ(again.document()->getNumber(), 2);
     EXPECT_EQ(QDir(folder.path()).entryList({u"receipt.json.damaged-*"_s}).size(), 1);
@@ -163,7 +175,7 @@ protected:
         document.position(1)->setExtendedOptions(u"{\"status\":\"%1\"}"_s.arg(QLatin1StringView(status)));
     }
     /// One event was sent, with that document as the current one.
-    void expectShown(int event, const QSharedPointer<Document>& current) const
+    void expectEvent(int event, const QSharedPointer<Document>& current) const
     {
         ASSERT_EQ(witness.codes(), QList<int>{event});
         EXPECT_EQ(witness.seen.first().current, current);
@@ -188,10 +200,10 @@ protected:
         int changes = 0;
         const auto counting = QObject::connect(till.get(), &Till::changed, [&changes] { ++changes; });
         {
-            Saves saves;
-            saves.failAll();
+            SavingDouble saving;
+            saving.failAll();
             EXPECT_FALSE(change());
-            EXPECT_FALSE(saves.files.isEmpty()) << "it was tried";
+            EXPECT_FALSE(saving.files.isEmpty()) << "it was tried";
         }
         QObject::disconnect(counting);
         EXPECT_EQ(till->document(), open);
@@ -230,7 +242,7 @@ TEST_F(DocumentChanges, closed_isFinishedPrintedAndShownWhileItIsCurrent)
     });
     QObject::connect(till.get(), &Till::changed, [&] { steps.append(u"changed"_s); });
     EXPECT_TRUE(till->close({Payment::cash(3000)}));
-    expectShown(12, document);
+    expectEvent(12, document);
     expectNothingOpen();
     EXPECT_EQ(steps, (QStringList{u"printed"_s, u"changed"_s}));
     EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
@@ -258,7 +270,7 @@ TEST_F(DocumentChanges, cancelled_isFinishedAndShownWhileItIsCurrentAndNotPrinte
     const auto document = till->document();
     witness.seen.clear();
     EXPECT_TRUE(till->cancel());
-    expectShown(22, document);
+    expectEvent(22, document);
     expectNothingOpen();
     EXPECT_EQ(archived(1)->getState(), Document::State::Cancelled);
     EXPECT_EQ(archived(1)->positions().size(), 1);
@@ -283,7 +295,7 @@ TEST_F(DocumentChanges, resumed_isCurrentAndSendsItsEvent17Alone)
     witness.seen.clear();
     const auto document = archived(1);
     EXPECT_TRUE(till->resume(document));
-    expectShown(17, document);
+    expectEvent(17, document);
     EXPECT_EQ(witness.seen.first().document.value<QSharedPointer<AbstractDocument>>(), document);
     EXPECT_EQ(witness.seen.first().document.metaType(), QMetaType::fromType<QSharedPointer<AbstractDocument>>());
     EXPECT_EQ(till->document(), document);
@@ -311,7 +323,7 @@ TEST_F(DocumentChanges, returned_returnDocumentIsOpenedAndSendsItsEvent10)
     EXPECT_TRUE(till->returnSale(archived(number)));
     const auto document = till->document();
     ASSERT_TRUE(document);
-    expectShown(10, document);
+    expectEvent(10, document);
     EXPECT_EQ(document->getType(), 25);
     EXPECT_EQ(document->getNumber(), 2);
     EXPECT_EQ(document->getReturnedSale(), number);
@@ -351,12 +363,10 @@ TEST_F(DocumentChanges, returnDocumentCouldNotBeSaved_saleCanStillBeReturned)
 {
     const int number = sold();
     {
-        Saves saves;
-        saves.fail([](const AbstractDocument& document) {
-            return document.getType() == AbstractDocument::Return ? Saves::Fault::Before : Saves::Fault::None;
-        });
+        SavingDouble saving;
+        saving.onSave = saveAllButReturns;
         EXPECT_FALSE(till->returnSale(archived(number)));
-        EXPECT_EQ(saves.files, (QStringList{u"finished/00000001.json"_s, u"receipt.json"_s}));
+        EXPECT_EQ(saving.files, (QStringList{u"finished/00000001.json"_s, u"receipt.json"_s}));
     }
     EXPECT_FALSE(till->document());
     EXPECT_FALSE(till->archive().isReturned(*archived(number), nullptr));
@@ -371,7 +381,7 @@ TEST_F(DocumentChanges, returnDocumentClosed_saleIsReturnedAndHasWhatPluginsDid)
     countPrinting();
     setStatus(*document, "canceled");
     EXPECT_TRUE(till->close({Payment::cash(document->getSum())}));
-    expectShown(12, document);
+    expectEvent(12, document);
     expectNothingOpen();
     EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
     EXPECT_TRUE(till->archive().isReturned(*archived(number), nullptr));
@@ -386,7 +396,7 @@ TEST_F(DocumentChanges, returnCancelled_saleHasWhatPluginsDidAndCanBeReturnedAga
     const auto document = returning(number);
     setStatus(*document, "canceled");
     EXPECT_TRUE(till->cancel());
-    expectShown(22, document);
+    expectEvent(22, document);
     expectNothingOpen();
     EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
     EXPECT_FALSE(till->archive().isReturned(*archived(number), nullptr));
@@ -401,12 +411,10 @@ TEST_F(DocumentChanges, returnDocumentStaysOpen_saleStaysReturned)
     const auto document = returning(number);
     for (const auto& end : {std::function([&] { return till->cancel(); }),
                             std::function([&] { return till->close({Payment::cash(document->getSum())}); })}) {
-        Saves saves;
-        saves.fail([](const AbstractDocument& saved) {
-            return saved.getType() == AbstractDocument::Return ? Saves::Fault::Before : Saves::Fault::None;
-        });
+        SavingDouble saving;
+        saving.onSave = saveAllButReturns;
         EXPECT_FALSE(end());
-        EXPECT_EQ(saves.files, (QStringList{u"finished/00000001.json"_s, u"finished/00000002.json"_s}));
+        EXPECT_EQ(saving.files, (QStringList{u"finished/00000001.json"_s, u"finished/00000002.json"_s}));
         EXPECT_EQ(till->document(), document);
         EXPECT_TRUE(till->archive().isReturned(*archived(number), document));
     }
@@ -524,33 +532,14 @@ protected:
         EXPECT_TRUE(damaged.open(QIODevice::WriteOnly));
         damaged.write("{");
     }
-    ~DamageShown() override { MockFactory<Dialog>::mocked = nullptr; }
 
-    /// @param whileTold runs while the message is shown
+    /// @param whileShown runs while the message is shown
     void restore(const std::function<void()>& whileShown)
     {
-        class Standing : public Dialog
-        {
-        public:
-            explicit Standing(std::function<void()> meanwhile)
-                : m_meanwhile(std::move(meanwhile))
-            {
-            }
-            void showMessage(const tr::Tr& /*text*/, int /*kind*/, int /*sound*/, int /*seconds*/) override
-            {
-                m_meanwhile();
-            }
-
-        private:
-            std::function<void()> m_meanwhile;
-        };
-        int shown = 0;
-        MockFactory<Dialog>::mocked = [&] {
-            ++shown;
-            return QSharedPointer<Standing>::create(whileShown);
-        };
+        DialogDouble dialog;
+        dialog.onMessage = [&whileShown](const auto&) { whileShown(); };
         till->restore(saved());
-        EXPECT_EQ(shown, 1);
+        EXPECT_EQ(dialog.messages().size(), 1);
     }
 };
 
@@ -621,7 +610,7 @@ TEST_F(InterruptedChange, suspending_isOpenAgain)
     till->add(article(amoxidar));
     interrupt(u"receipt.json"_s, [this] { return till->suspend(); });
     ASSERT_TRUE(till->document());
-    expectShown(17, till->document());
+    expectEvent(17, till->document());
     EXPECT_EQ(till->document()->getState(), Document::State::Open);
     EXPECT_TRUE(files("putaside").isEmpty());
 }
@@ -632,7 +621,7 @@ TEST_F(InterruptedChange, resuming_isOpen)
     till->suspend();
     interrupt(u"putaside/00000001.json"_s, [this] { return till->resume(archived(1)); });
     ASSERT_TRUE(till->document());
-    expectShown(17, till->document());
+    expectEvent(17, till->document());
     EXPECT_TRUE(files("putaside").isEmpty());
 }
 
@@ -650,10 +639,8 @@ TEST_F(InterruptedChange, returningBeforeItsDocumentWasSaved_saleCanBeReturned)
 {
     const int number = sold();
     {
-        Saves saves;
-        saves.fail([](const AbstractDocument& document) {
-            return document.getType() == AbstractDocument::Return ? Saves::Fault::Before : Saves::Fault::None;
-        });
+        SavingDouble saving;
+        saving.onSave = saveAllButReturns;
         EXPECT_FALSE(till->returnSale(archived(number)));
     }
     till = std::make_unique<Till>(folder.path());
@@ -668,7 +655,7 @@ TEST_F(InterruptedChange, returnDocumentOpen_isResumedAgainAsOne)
     till = std::make_unique<Till>(folder.path());
     till->restore(saved());
     ASSERT_TRUE(till->document());
-    expectShown(17, till->document());
+    expectEvent(17, till->document());
     EXPECT_EQ(till->document()->toJson(), before);
     EXPECT_TRUE(till->archive().isReturned(*archived(1), till->document()));
 }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Subtotal and payment in the register's window.
 #include "actionhost.h"
+#include "dialogdouble.h"
 #include "finally.h"
 #include "registeraction.h"
 #include "registerstyle.h"
-#include "shownmessages.h"
 #include "windowfixture.h"
 
 #include <QLabel>
@@ -208,10 +208,10 @@ TEST_F(PaymentTest, tooLittlePaid_isShownAndTheDocumentStaysAtItsPayment)
 {
     openWindow();
     type("5");
-    const ShownMessages messages;
+    const DialogDouble dialog;
     pressAndFinish(Qt::Key_Return);
-    ASSERT_EQ(messages.all().size(), 1);
-    EXPECT_EQ(messages.all().first().text, u"Получено 5,00, а к оплате 12,40.\nНе хватает 7,40."_s);
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_EQ(dialog.messages().first().text, u"Получено 5,00, а к оплате 12,40.\nНе хватает 7,40."_s);
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
     EXPECT_EQ(received()->text(), u"5"_s);
     EXPECT_EQ(QApplication::focusWidget(), received());
@@ -255,7 +255,7 @@ TEST_P(ScannedAtPayment, isNoMoneyAndClosesNothing)
 {
     openWindow();
     type("50");
-    const ShownMessages messages;
+    const DialogDouble dialog;
     scan(QLatin1StringView(GetParam()));
     EXPECT_FALSE(controller.object.isBusy());
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
@@ -263,7 +263,7 @@ TEST_P(ScannedAtPayment, isNoMoneyAndClosesNothing)
     EXPECT_EQ(text("paymentHintLabel"),
               u"Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям."_s);
     EXPECT_EQ(role("paymentHintLabel"), u"error"_s);
-    EXPECT_TRUE(messages.all().isEmpty());
+    EXPECT_TRUE(dialog.messages().isEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(, ScannedAtPayment, ::testing::Values("2990000000019", "46001234", "010460123456789021abc"),
@@ -273,9 +273,9 @@ TEST_F(PaymentTest, barcodeFromASlowScanner_closesNothing)
 {
     openWindow();
     type("2990000000019");
-    const ShownMessages messages;
+    const DialogDouble dialog;
     pressAndFinish(Qt::Key_Return);
-    EXPECT_EQ(messages.all().size(), 1);
+    EXPECT_EQ(dialog.messages().size(), 1);
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
 }
 

@@ -46,14 +46,13 @@ class AskFormTest : public UiTest
 protected:
     AskFormTest()
     {
-        Singleton<ActionQueueController>::instance = &controller;
         gui.addFormCreator(
             QSharedPointer<TitleFormCreator>::create(writeLayout("title.ui", widget("QLabel", "titleLabel"))));
         record.title = {"testTitle", "Ввод карты"};
     }
-    ~AskFormTest() override { Singleton<ActionQueueController>::instance = nullptr; }
 
     ActionQueueController controller;
+    InPlace<ActionQueueController> controllerInPlace{&controller};
     TextInputParams record;
 };
 
@@ -102,12 +101,11 @@ TEST_F(AskFormTest, noFormOnTop_answerIsDropped)
 
 TEST_F(AskFormTest, noFactoryOrControllerYet_answerMakesThem)
 {
-    Singleton<ActionQueueController>::instance = nullptr;
-    auto* const formerFactory = std::exchange(Singleton<control::ActionFactory>::instance, nullptr);
+    const InPlace<control::ActionFactory> noFactory(nullptr);
+    const InPlace<ActionQueueController> noController(nullptr);
     answerForm("data", 0);
     const std::unique_ptr<ActionQueueController> madeController(Singleton<ActionQueueController>::instance);
-    const std::unique_ptr<control::ActionFactory> madeFactory(
-        std::exchange(Singleton<control::ActionFactory>::instance, formerFactory));
+    const std::unique_ptr<control::ActionFactory> madeFactory(Singleton<control::ActionFactory>::instance);
     EXPECT_TRUE(madeController);
     EXPECT_TRUE(madeFactory);
 }

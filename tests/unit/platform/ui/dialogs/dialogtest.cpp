@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialog.h"
 #include "basicexception.h"
+#include "mocked.h"
 #include "uitest.h"
 
 namespace
@@ -45,10 +46,9 @@ TEST_F(DialogTest, factoryWithoutAMock_makesADialog)
 TEST_F(DialogTest, factoryWithAMock_returnsIt)
 {
     const auto mock = QSharedPointer<MockDialog>::create();
-    MockFactory<Dialog>::mocked = [&] { return mock; };
+    const Mocked<Dialog> mocked(mock);
     EXPECT_CALL(*mock, showMessage(tr::Tr("key", "text"), 1, 1, 0));
     Dialog::create()->showMessage({"key", "text"}, Dialog::Error, 1, 0);
-    MockFactory<Dialog>::mocked = {};
 }
 
 TEST_F(DialogTest, eventWithoutAForm_throwsWithItsNumber)

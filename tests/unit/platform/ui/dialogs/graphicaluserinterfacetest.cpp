@@ -137,10 +137,9 @@ TEST_F(GraphicalUserInterfaceTest, answeredWithMinusOneByItsOwnSlot_isNotCancele
 TEST_F(GraphicalUserInterfaceTest, answeredThroughTheActionQueue_ends)
 {
     ActionQueueController controller;
-    Singleton<ActionQueueController>::instance = &controller;
+    const InPlace<ActionQueueController> place(&controller);
     whenShown([&] { controller.enqueue(answerOf("data", 5), true); });
     EXPECT_EQ(value(gui.run(createForm()), "data"), 5);
-    Singleton<ActionQueueController>::instance = nullptr;
 }
 
 class ImpatientForm : public LayoutForm

@@ -22,9 +22,6 @@ const QString barcode = u"4601234567890"_s;
 class ScanGuardTest : public UiTest
 {
 protected:
-    ScanGuardTest() { Singleton<ActionQueueController>::instance = &controller; }
-    ~ScanGuardTest() override { Singleton<ActionQueueController>::instance = nullptr; }
-
     /// Keys from the window system, `gap` milliseconds apart, Return at the end.
     void send(const QString& text, quint64 gap)
     {
@@ -74,6 +71,7 @@ protected:
     }
 
     ActionQueueController controller;
+    InPlace<ActionQueueController> controllerInPlace{&controller};
     TalloLineEdit* edit = nullptr;
     QPushButton* button = nullptr;
     int chosen = 0;

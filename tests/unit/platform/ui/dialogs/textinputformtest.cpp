@@ -22,7 +22,6 @@ class TextInputFormTest : public UiTest
 protected:
     TextInputFormTest()
     {
-        Singleton<ActionQueueController>::instance = &controller;
         params.title = {"testTitle", "Ввод карты"};
         params.message = {"testMessage", "Введите номер карты"};
         params.scanError = {"testScanError", "Повторите сканирование"};
@@ -30,7 +29,6 @@ protected:
         params.cancelText = {"testCancel", "Назад"};
         params.inputName = "inputCard";
     }
-    ~TextInputFormTest() override { Singleton<ActionQueueController>::instance = nullptr; }
 
     /// Shows the form and runs `steps`. Then the form is cancelled if it is still shown.
     core::BasicDialog::Result show(const std::function<void()>& steps)
@@ -66,6 +64,7 @@ protected:
 
     TextInputParams params;
     ActionQueueController controller;
+    InPlace<ActionQueueController> controllerInPlace{&controller};
     QSharedPointer<BasicForm> form;
 };
 

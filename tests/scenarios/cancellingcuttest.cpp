@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The power goes while registered dispenses are cancelled: of one position, and of the whole receipt.
+// The power fails while registered dispenses are cancelled: of one position, and of the whole document.
 
 #include "powercuttest.h"
 
@@ -8,10 +8,10 @@ namespace
 
 using At = PowerFailure::At;
 
-/// The receipt's three prescriptions are registered first, with three saves and the first long work.
+/// Registers the document's three prescriptions: three saves and the first long work.
 const QByteArray registers = cashier::findsTheDocument + ", " + cashier::subtotal;
 
-class PowerCutAtTheCancellation : public PowerCutTest, public ::testing::WithParamInterface<PowerFailure>
+class PowerCutAtACancellation : public PowerCutTest, public ::testing::WithParamInterface<PowerFailure>
 {
 protected:
     QList<bool> cancelled()
@@ -33,15 +33,15 @@ const PowerFailure positionStillThere[] = {
     {"removalToBeSaved", At::BeforeSave, 5},
 };
 
-using RemovingOnePosition = PowerCutAtTheCancellation;
+using RemovingOnePosition = PowerCutAtACancellation;
 
-TEST_P(RemovingOnePosition, isThereAfterwardsAndIsRemovedByTheNextAttempt)
+TEST_P(RemovingOnePosition, powerFails_positionStaysAndTheNextAttemptRemovesIt)
 {
     playUntil(GetParam(), {registers, cashier::removesTheSecond});
     EXPECT_EQ(savedPositions().size(), 3);
     expectInStep(savedDocument());
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::removesTheSecond, cashier::subtotal, cashier::pays}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::removesTheSecond, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(finished(1)["positions"].toArray().size(), 2);
     expectInStep(finished(1));
     EXPECT_EQ(cancelled(), (QList<bool>{false, true, false}));
@@ -49,14 +49,14 @@ TEST_P(RemovingOnePosition, isThereAfterwardsAndIsRemovedByTheNextAttempt)
 
 INSTANTIATE_TEST_SUITE_P(At, RemovingOnePosition, ::testing::ValuesIn(positionStillThere), nameOf);
 
-using RemovedPosition = PowerCutAtTheCancellation;
+using RemovedPosition = PowerCutAtACancellation;
 
-TEST_P(RemovedPosition, staysRemoved)
+TEST_P(RemovedPosition, powerFails_positionStaysRemoved)
 {
     playUntil(GetParam(), {registers, cashier::removesTheSecond});
     EXPECT_EQ(savedPositions().size(), 2);
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(finished(1)["positions"].toArray().size(), 2);
     expectInStep(finished(1));
     EXPECT_EQ(cancelled(), (QList<bool>{false, true, false}));
@@ -70,21 +70,21 @@ const PowerFailure oneUnsaved[] = {
     {"toBeSaved", At::BeforeSave, 4},
 };
 
-using RemovingWithTheCancellationUnsaved = PowerCutAtTheCancellation;
+using RemovingWithTheCancellationUnsaved = PowerCutAtACancellation;
 
-TEST_P(RemovingWithTheCancellationUnsaved, neitherPositionNorDocumentCanBeCancelledAndTheDocumentCanBePaid)
+TEST_P(RemovingWithTheCancellationUnsaved, powerFails_nothingCanBeCancelledAndTheDocumentCanBePaid)
 {
     playUntil(GetParam(), {registers, cashier::removesTheSecond});
     EXPECT_EQ(registeredBy(savedDocument()).size(), 3);
     EXPECT_EQ(cancelled(), (QList<bool>{false, true, false}));
 
-    expectHeld(
+    expectPlayed(
         playSteps({cashier::findsTheDocument, cashier::tries(cashier::removesTheSecond, "уже отменён"),
                    cashier::tries(cashier::cancelsTheDocument, "уже отменён"), cashier::subtotal, cashier::pays}));
     const QJsonObject closed = finished(1);
     EXPECT_EQ(closed["positions"].toArray().size(), 3);
     EXPECT_EQ(registeredBy(closed).size(), 3);
-    EXPECT_EQ(standingDispenses().size(), 2); // the cancelling of the receipt got as far as the first, registered anew
+    EXPECT_EQ(validDispenses().size(), 2); // the first was cancelled with the document and registered again
     EXPECT_TRUE(registry.dispensesOf("rx-2002").first().cancelled);
 }
 
@@ -97,39 +97,39 @@ const PowerFailure documentStillOpen[] = {
     {"thirdSaved", At::AfterSave, 6},      {"endToBeSaved", At::BeforeSave, 7},
 };
 
-using CancellingTheDocument = PowerCutAtTheCancellation;
+using CancellingTheDocument = PowerCutAtACancellation;
 
-TEST_P(CancellingTheDocument, isOpenAfterwardsAndIsCancelledByTheNextAttempt)
+TEST_P(CancellingTheDocument, powerFails_documentStaysOpenAndTheNextAttemptCancelsIt)
 {
     playUntil(GetParam(), {registers, cashier::cancelsTheDocument});
     EXPECT_EQ(savedPositions().size(), 3);
     expectInStep(savedDocument());
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::cancelsTheDocument, cashier::isIdle}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::cancelsTheDocument, cashier::isIdle}));
     EXPECT_EQ(finished(1)["state"].toString(), "cancelled");
     expectInStep(finished(1));
     EXPECT_EQ(cancelled(), (QList<bool>{true, true, true}));
     EXPECT_TRUE(savedDocument().isEmpty());
 }
 
-TEST_P(CancellingTheDocument, canBeSoldAfterAll)
+TEST_P(CancellingTheDocument, powerFails_documentCanBeSold)
 {
     playUntil(GetParam(), {registers, cashier::cancelsTheDocument});
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     EXPECT_EQ(registeredBy(finished(1)).size(), 3);
     expectInStep(finished(1));
 }
 
 INSTANTIATE_TEST_SUITE_P(At, CancellingTheDocument, ::testing::ValuesIn(documentStillOpen), nameOf);
 
-using CancelledDocument = PowerCutAtTheCancellation;
+using CancelledDocument = PowerCutAtACancellation;
 
-TEST_P(CancelledDocument, staysCancelledAndTheNextOneHasItsOwnNumber)
+TEST_P(CancelledDocument, powerFails_documentStaysCancelledAndTheNextOneHasItsOwnNumber)
 {
     playUntil(GetParam(), {registers, cashier::cancelsTheDocument});
 
-    expectHeld(playSteps({cashier::isIdle, cashier::opensADocument}));
+    expectPlayed(playSteps({cashier::isIdle, cashier::opensADocument}));
     EXPECT_EQ(finished(1)["state"].toString(), "cancelled");
     EXPECT_EQ(cancelled(), (QList<bool>{true, true, true}));
     EXPECT_EQ(savedDocument()["number"].toInt(), 2);
@@ -143,20 +143,20 @@ const PowerFailure cancellationUnsaved[] = {
     {"thirdAnswered", At::AnswerLost, 3, "cancel"},  {"thirdToBeSaved", At::BeforeSave, 6},
 };
 
-using CancellingWithOneUnsaved = PowerCutAtTheCancellation;
+using CancellingWithOneUnsaved = PowerCutAtACancellation;
 
-TEST_P(CancellingWithOneUnsaved, isRefusedByTheRegistryUntilTheDocumentIsCorrected)
+TEST_P(CancellingWithOneUnsaved, nextAttempt_isRefusedByTheRegistryUntilTheDocumentIsCorrected)
 {
     playUntil(GetParam(), {registers, cashier::cancelsTheDocument});
-    EXPECT_EQ(registeredBy(savedDocument()).size(), standingDispenses().size() + 1);
+    EXPECT_EQ(registeredBy(savedDocument()).size(), validDispenses().size() + 1);
 
-    expectHeld(playSteps({cashier::findsTheDocument, cashier::tries(cashier::cancelsTheDocument, "уже отменён"),
-                          cashier::tries(cashier::cancelsTheDocument, "уже отменён"), cashier::putsAside}));
-    EXPECT_EQ(registeredBy(suspend(1)).size(), standingDispenses().size() + 1);
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::tries(cashier::cancelsTheDocument, "уже отменён"),
+                            cashier::tries(cashier::cancelsTheDocument, "уже отменён"), cashier::suspends}));
+    EXPECT_EQ(registeredBy(suspended(1)).size(), validDispenses().size() + 1);
     EXPECT_TRUE(savedDocument().isEmpty());
 
     correct("putaside/00000001.json");
-    expectHeld(playSteps({cashier::takesUp, cashier::cancelsTheDocument, cashier::isIdle}));
+    expectPlayed(playSteps({cashier::resumes, cashier::cancelsTheDocument, cashier::isIdle}));
     EXPECT_EQ(finished(1)["state"].toString(), "cancelled");
     EXPECT_EQ(cancelled(), (QList<bool>{true, true, true}));
 }

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "abstractdocument.h"
+
+/// A document that is what the test says: at first an open sale without positions.
+class DocumentDouble : public AbstractDocument
+{
+public:
+    int getType() const override { return type; }
+    QList<QSharedPointer<GoodsItem>> getPositions() const override { return positions; }
+    bool isClosed() const override { return closed; }
+
+    /// Appends a position of these goods and returns it.
+    QSharedPointer<GoodsItem> add(const GoodsItem::Goods& goods = {})
+    {
+        positions.append(QSharedPointer<GoodsItem>::create(goods));
+        return positions.last();
+    }
+
+    int type = Sale; ///< a value of AbstractDocument::Type
+    bool closed = false;
+    QList<QSharedPointer<GoodsItem>> positions;
+};
