@@ -30,9 +30,9 @@ struct Shown {
 /// The text of a field; nothing: it is unknown.
 using Value = std::function<std::optional<QString>(const Shown&)>;
 
-/// Whether a field is always known. The values are filled in this order.
+/// What the form does when a field is unknown. The values are filled in this order.
 enum class Presence {
-    Always,
+    Always,            ///< looks its label up all the same; the label stays as it is laid out
     MaybeUnknown,      ///< then its value label stays as it is laid out
     HiddenWhenUnknown, ///< then its row is hidden
 };

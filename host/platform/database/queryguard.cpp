@@ -58,6 +58,13 @@ bool isLinkedSqlite(const QSqlDatabase& connection)
            query.value(0).toString() == QLatin1StringView(sqlite3_sourceid());
 }
 
+/// Reads the schema, as it is now, while there are no bounds: SQLite applies them to the schema's own statements too,
+/// and takes a database with a longer one for damaged.
+void readSchema(const QSqlDatabase& connection)
+{
+    QSqlQuery(connection).exec(u"SELECT 1 FROM sqlite_master LIMIT 1"_s);
+}
+
 int isOver(void* deadline)
 {
     return static_cast<const QDeadlineTimer*>(deadline)->hasExpired() ? 1 : 0;
@@ -99,6 +106,7 @@ void QueryGuard::boundSqlite(std::chrono::milliseconds time)
         logUnbounded(u"Qt's driver has an SQLite of its own"_s);
         return;
     }
+    readSchema(m_connection);
     sqlite3* const handle = handleOf(m_connection);
     m_sqlite.reset(new SqliteBounds{
         .deadline = QDeadlineTimer(time),

@@ -53,7 +53,7 @@ EContext::Result MenuCommands::showMenu(control::Action& action)
     return EContext::GoOn;
 }
 
-QString MenuCommands::obstacle(const FunctionKey& entry) const
+std::optional<Obstacle> MenuCommands::obstacle(const FunctionKey& entry) const
 {
     std::optional<Obstacle> rule;
     if (entry.actionType == registeraction::returnSale) {
@@ -61,15 +61,11 @@ QString MenuCommands::obstacle(const FunctionKey& entry) const
     } else if (entry.actionType == registeraction::suspend) {
         rule = m_till.obstacleToSuspending();
     }
-    if (rule) {
-        return rule->brief.ui();
+    if (rule || Singleton<ActionQueueController>::get()->isHandled(entry.actionType)) {
+        return rule;
     }
-    if (Singleton<ActionQueueController>::get()->isHandled(entry.actionType)) {
-        return {};
-    }
-    return (m_till.document() ? tr::Tr(u"menuNoPlugin"_s, u"нет модуля"_s)
-                              : tr::Tr(u"menuNoReceipt"_s, u"чек не открыт"_s))
-        .ui();
+    return Obstacle{m_till.document() ? tr::Tr(u"menuNoPlugin"_s, u"нет модуля"_s)
+                                      : tr::Tr(u"menuNoReceipt"_s, u"чек не открыт"_s)};
 }
 
 EContext::Result MenuCommands::explainKey(control::Action& action)

@@ -21,7 +21,7 @@ public:
 private:
     EContext::Result showMenu(control::Action& action);
     EContext::Result explainKey(control::Action& action);
-    QString obstacle(const FunctionKey& entry) const;
+    std::optional<Obstacle> obstacle(const FunctionKey& entry) const;
 
     const Till& m_till;
     QList<FunctionKey> m_entries;

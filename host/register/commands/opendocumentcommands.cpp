@@ -27,6 +27,7 @@ void OpenDocumentCommands::offer(ActionQueueController& controller)
         {registeraction::askToCancelDocument, Where::OpenDocument, &Commands::askToCancelDocument},
         {control::CancelDocument, Where::OpenDocument, &Commands::cancelDocument},
         {control::CancelDocumentFromMenu, Where::OpenDocument, &Commands::cancelDocument},
+        {registeraction::suspend, Where::OpenDocument, &Commands::suspend},
     };
     offerCommands<Commands>(controller, *this, table);
 
@@ -154,6 +155,14 @@ bool OpenDocumentCommands::isReturnBegun() const
 EContext::Result OpenDocumentCommands::cancelDocument(control::Action&)
 {
     return m_till.cancel() ? EContext::GoOn : EContext::Stop;
+}
+
+EContext::Result OpenDocumentCommands::suspend(control::Action&)
+{
+    if (showIfObstacle(m_till.obstacleToSuspending())) {
+        return EContext::Stop;
+    }
+    return m_till.suspend() ? EContext::GoOn : EContext::Stop;
 }
 
 QSharedPointer<Position> OpenDocumentCommands::chosenPosition(const control::Action& action) const

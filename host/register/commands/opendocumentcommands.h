@@ -24,6 +24,7 @@ private:
     EContext::Result removePosition(control::Action& action);
     EContext::Result askToCancelDocument(control::Action& action);
     EContext::Result cancelDocument(control::Action& action);
+    EContext::Result suspend(control::Action& action);
 
     QSharedPointer<Position> chosenPosition(const control::Action& action) const;
     Question cancellingQuestion() const;

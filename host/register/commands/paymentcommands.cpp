@@ -27,19 +27,20 @@ void PaymentCommands::offer(ActionQueueController& controller)
 
 EContext::Result PaymentCommands::subtotal(control::Action&)
 {
-    if (showIfObstacle(m_till.obstacleToPayment())) {
-        return EContext::Stop;
-    }
-    m_till.setPhase(Till::Phase::Subtotal);
-    return EContext::GoOn;
+    return goOnTo(Till::Phase::Subtotal);
 }
 
 EContext::Result PaymentCommands::subtotalAndPayment(control::Action&)
 {
+    return goOnTo(Till::Phase::Payment);
+}
+
+EContext::Result PaymentCommands::goOnTo(Till::Phase phase)
+{
     if (showIfObstacle(m_till.obstacleToPayment())) {
         return EContext::Stop;
     }
-    m_till.setPhase(Till::Phase::Payment);
+    m_till.setPhase(phase);
     return EContext::GoOn;
 }
 

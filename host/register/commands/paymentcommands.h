@@ -19,6 +19,7 @@ private:
     EContext::Result subtotalAndPayment(control::Action& action);
     EContext::Result backToPositions(control::Action& action);
     EContext::Result pay(control::Action& action);
+    EContext::Result goOnTo(Till::Phase phase);
 
     Till& m_till;
 };

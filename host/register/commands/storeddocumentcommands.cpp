@@ -70,7 +70,6 @@ void StoredDocumentCommands::offer(ActionQueueController& controller)
 {
     using Commands = StoredDocumentCommands;
     static constexpr Command<Commands> table[] = {
-        {registeraction::suspend, Where::OpenDocument, &Commands::suspend},
         {registeraction::showDocuments, Where::Everywhere, &Commands::showDocuments},
         {registeraction::returnSale, Where::Everywhere, &Commands::returnSale},
         {registeraction::voidByNumber, Where::Everywhere, &Commands::voidByNumber},
@@ -82,14 +81,6 @@ void StoredDocumentCommands::offer(ActionQueueController& controller)
     controller.host().setFrame(control::VoidDocument, [this](control::Action& action, const auto& course) {
         return voidFrame(action, course);
     });
-}
-
-EContext::Result StoredDocumentCommands::suspend(control::Action&)
-{
-    if (showIfObstacle(m_till.obstacleToSuspending())) {
-        return EContext::Stop;
-    }
-    return m_till.suspend() ? EContext::GoOn : EContext::Stop;
 }
 
 EContext::Result StoredDocumentCommands::showDocuments(control::Action&)

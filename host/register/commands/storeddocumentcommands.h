@@ -21,7 +21,6 @@ public:
     void offer(ActionQueueController& controller);
 
 private:
-    EContext::Result suspend(control::Action& action);
     EContext::Result showDocuments(control::Action& action);
     EContext::Result returnSale(control::Action& action);
     EContext::Result voidByNumber(control::Action& action);

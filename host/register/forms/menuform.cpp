@@ -47,10 +47,10 @@ void MenuForm::addEntry(const MenuParams::Entry& entry)
     const QString number = QString::number(index + 1);
     auto* button = new QPushButton(entries);
     button->setObjectName(entry.command.name);
-    button->setText(entry.obstacle.isEmpty() ? u"%1. %2"_s.arg(number, entry.command.text)
-                                             : u"%1. %2 — %3"_s.arg(number, entry.command.text, entry.obstacle));
+    button->setText(entry.obstacle ? u"%1. %2 — %3"_s.arg(number, entry.command.text, entry.obstacle->shortest().ui())
+                                   : u"%1. %2"_s.arg(number, entry.command.text));
     button->setAccessibleName(button->text());
-    button->setEnabled(entry.obstacle.isEmpty());
+    button->setEnabled(!entry.obstacle);
     button->setAutoDefault(false);
     button->setStyleSheet(u"text-align: left"_s);
     connect(button, &QPushButton::clicked, this, [index] { answerForm(u"entry"_s, index); });

@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "functionkey.h"
-
 #include "event.h"
+#include "functionkey.h"
+#include "obstacle.h"
 
 #include <QList>
 #include <QMetaType>
-#include <QString>
+
+#include <optional>
 
 /// The commands that the menu offers.
 struct MenuParams {
     struct Entry {
         FunctionKey command;
-        QString obstacle; ///< why the command is not possible now; empty: it is possible
+        std::optional<Obstacle> obstacle; ///< why the command is not possible now
     };
     QList<Entry> entries;
 

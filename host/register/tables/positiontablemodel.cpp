@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "positiontablemodel.h"
 
+#include "plaintooltip.h"
 #include "registerstyle.h"
 #include "tr.h"
 
@@ -137,7 +138,7 @@ QString PositionTableModel::toolTip(const Row& row, int column) const
     if (lines.isEmpty()) {
         return {};
     }
-    return u"<qt>"_s + lines.join(u'\n').toHtmlEscaped().replace(u'\n', u"<br>"_s) + u"</qt>"_s;
+    return plainToolTip(lines.join(u'\n'));
 }
 
 QString PositionTableModel::text(const Row& row, int column) const

@@ -7,12 +7,12 @@
 
 #include <QString>
 
-/// Cash across the counter.
+/// Cash payments.
 namespace cashpayment
 {
 
-/// The cash that a customer gives for `due`, as the cashier typed it: roubles, see typedAmount(). Nothing typed means
-/// exactly the sum; of more, the change is handed out.
+/// The cash that a customer gives for `due`, as the cashier typed it: roubles, see typedAmount(). An empty input means
+/// the exact sum. For more, the customer gets change.
 Expected<Payment, Obstacle> received(Kopecks due, const QString& typed);
 
 } // namespace cashpayment

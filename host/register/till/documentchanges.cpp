@@ -102,6 +102,9 @@ bool Till::returnSale(const QSharedPointer<Document>& sale)
 
 bool Till::voidDocument(const QSharedPointer<Document>& document)
 {
+    if (!document || obstacleToVoiding(*document)) {
+        return false;
+    }
     const Document::State before = document->getState();
     Document::Ending ending = document->ending();
     ending.state = Document::State::Voided;

@@ -86,7 +86,7 @@ int Till::add(const SelectedGoods& selected)
 void Till::setPacks(int positionNumber, int packs)
 {
     const QSharedPointer<Position> position = m_document ? m_document->position(positionNumber) : nullptr;
-    if (!position || obstacleToChangingQuantity(*position)) {
+    if (!position || obstacleToChangingPositions() || obstacleToChangingQuantity(*position)) {
         return;
     }
     position->setQuantity(packs);
@@ -95,7 +95,7 @@ void Till::setPacks(int positionNumber, int packs)
 
 void Till::remove(int positionNumber)
 {
-    if (!m_document) {
+    if (!m_document || obstacleToChangingPositions()) {
         return;
     }
     m_document->remove(positionNumber);
@@ -104,7 +104,7 @@ void Till::remove(int positionNumber)
 
 void Till::setPhase(Phase phase)
 {
-    if (!m_document || phase == m_phase) {
+    if (!m_document || phase == m_phase || (phase != Phase::Positions && obstacleToPayment())) {
         return;
     }
     m_phase = phase;

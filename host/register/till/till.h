@@ -54,28 +54,31 @@ public:
     void setPacks(int positionNumber, int packs);
     void remove(int positionNumber);
 
-    /// Shows the subtotal, the payment, or the positions again; does nothing without a document.
+    /// Shows the subtotal, the payment, or the positions again; does nothing without a document, and when there is an
+    /// obstacleToPayment().
     void setPhase(Phase phase);
 
     /// Runs `work` while another document is the current one.
     void withCurrentDocument(const QSharedPointer<AbstractDocument>& document, const std::function<void()>& work);
 
-    // tillrules.cpp: why something cannot be done now; nothing: it can
+    // The rules, which the operations below and above obey: tillrules.cpp
+    //
+    // Each returns why something cannot be done now, or nothing when it can.
 
-    /// To opening an empty sale.
+    /// Why an empty sale cannot be opened.
     std::optional<Obstacle> obstacleToOpening() const;
-    /// To working on another document than the open one.
+    /// Why no other document can be opened: one is open.
     std::optional<Obstacle> obstacleToAnotherDocument() const;
     std::optional<Obstacle> obstacleToAddingGoods() const;
     std::optional<Obstacle> obstacleToChangingPositions() const;
     static std::optional<Obstacle> obstacleToChangingQuantity(const Position& position);
-    /// To the subtotal and the payment.
+    /// Why neither the subtotal nor the payment can be shown.
     std::optional<Obstacle> obstacleToPayment() const;
     std::optional<Obstacle> obstacleToSuspending() const;
     std::optional<Obstacle> obstacleToResuming(const Document& document) const;
     std::optional<Obstacle> obstacleToReturning(const Document& sale) const;
     std::optional<Obstacle> obstacleToVoiding(const Document& document) const;
-    /// To printing it again.
+    /// Why its receipt cannot be printed again.
     static std::optional<Obstacle> obstacleToPrinting(const Document& document);
     /// True also while the open document returns it.
     bool isReturned(const Document& sale) const;
@@ -101,7 +104,8 @@ public:
     /// Opens the return of a closed sale and sends event 10; false as for close(), and when there is an
     /// obstacleToReturning().
     bool returnSale(const QSharedPointer<Document>& sale);
-    /// Voids a suspended or closed document and emits voided(); false when it could not be saved.
+    /// Voids a suspended or closed document and emits voided(); false when it could not be saved, and when there is an
+    /// obstacleToVoiding().
     bool voidDocument(const QSharedPointer<Document>& document);
 
 signals:

@@ -6,6 +6,7 @@
 #include "documentwords.h"
 #include "functionkeybar.h"
 #include "paymentpanel.h"
+#include "plaintooltip.h"
 #include "registeraction.h"
 #include "searchpanel.h"
 #include "tablecolumn.h"
@@ -127,7 +128,7 @@ void SalesScreen::refresh()
                                        : tr::Tr(u"receiptNone"_s, u"Чек не открыт"_s).ui());
     const QString info = document ? m_marks.documentText(*document) : QString();
     m_documentInfo->setText(info);
-    m_documentInfo->setToolTip(info);
+    m_documentInfo->setToolTip(plainToolTip(info));
     m_search->showTotal(document ? document->getSum() : 0);
     showPhase();
     if (before && before != document) {

@@ -3,6 +3,7 @@
 
 #include "currenttime.h"
 #include "iconsviewnotifier.h"
+#include "plaintooltip.h"
 #include "registerstyle.h"
 #include "tallokeyboard.h"
 
@@ -83,14 +84,14 @@ void StatusLine::dropNews()
 void StatusLine::show(const QString& text, const char* textRole)
 {
     m_message->setText(text);
-    m_message->setToolTip(text);
+    m_message->setToolTip(plainToolTip(text));
     setStyleProperty(*m_message, u"textRole"_s, QLatin1StringView(textRole));
 }
 
 void StatusLine::showPlugins(const QString& text, const QString& details)
 {
     m_plugins->setText(text);
-    m_plugins->setToolTip(details);
+    m_plugins->setToolTip(plainToolTip(details));
 }
 
 void StatusLine::showTime()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "columndelegate_p.h"
 
+#include "plaintooltip.h"
+
 #include "registerstyle.h"
 
 #include <QAbstractItemView>
@@ -53,7 +55,7 @@ bool ColumnDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const
     const bool isCut = QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
     const QString text = isCut ? index.data().toString().left(longestToolTip) : QString();
     // Only rich text is wrapped.
-    QToolTip::showText(event->globalPos(), text.isEmpty() ? QString() : "<qt>" + text.toHtmlEscaped() + "</qt>", view);
+    QToolTip::showText(event->globalPos(), plainToolTip(text), view);
     return true;
 }
 

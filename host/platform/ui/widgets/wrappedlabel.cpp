@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "wrappedlabel.h"
 
+#include "plaintooltip.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTextBoundaryFinder>
@@ -79,8 +81,7 @@ bool WrappedLabel::event(QEvent* event)
     const bool isCut = linesWithRoom(broken) < broken.layout.lineCount();
     const QString whole = isCut ? text().left(longestToolTip) : QString();
     // Only rich text is wrapped.
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                       whole.isEmpty() ? QString() : "<qt>" + whole.toHtmlEscaped() + "</qt>", this);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(whole), this);
     return true;
 }
 

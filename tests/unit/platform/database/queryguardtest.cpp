@@ -9,6 +9,7 @@
 #include <QSqlQuery>
 #include <QSqlResult>
 #include <QStringList>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -260,3 +261,66 @@ TEST_F(GuardedServer, unknownDriver_queryRunsAndTheReasonIsLogged)
 }
 
 } // namespace
+
+namespace
+{
+
+/// Longer than a guarded statement may be.
+const QString longTable =
+    u"CREATE TABLE goods (code INTEGER, name TEXT, note TEXT DEFAULT '%1')"_s.arg(QString(300, u'n'));
+
+/// A database file with a table whose CREATE statement is long, and two connections to it.
+class LongSchema : public ::testing::Test
+{
+protected:
+    LongSchema()
+    {
+        for (QSqlDatabase* connection : {&m_till, &m_import}) {
+            connection->setDatabaseName(m_folder.filePath(u"goods.sqlite"_s));
+            EXPECT_TRUE(connection->open());
+        }
+    }
+    ~LongSchema() override
+    {
+        m_till = {};
+        m_import = {};
+        QSqlDatabase::removeDatabase(u"till"_s);
+        QSqlDatabase::removeDatabase(u"import"_s);
+    }
+
+    void import(const QString& statement)
+    {
+        QSqlQuery query(m_import);
+        EXPECT_TRUE(query.exec(statement)) << query.lastError().text().toStdString();
+    }
+    QString guardedName() const
+    {
+        const QueryGuard guard(m_till, 2s);
+        QSqlQuery query(m_till);
+        EXPECT_TRUE(query.exec(u"SELECT name FROM goods WHERE code = 7"_s)) << query.lastError().text().toStdString();
+        return query.next() ? query.value(0).toString() : QString();
+    }
+
+    QTemporaryDir m_folder;
+    QSqlDatabase m_till = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"till"_s);
+    QSqlDatabase m_import = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"import"_s);
+};
+
+} // namespace
+
+TEST_F(LongSchema, firstQueryOfAConnection_isRun)
+{
+    import(longTable);
+    import(u"INSERT INTO goods (code, name) VALUES (7, 'Амлодипин')"_s);
+    EXPECT_EQ(guardedName(), u"Амлодипин"_s);
+}
+
+TEST_F(LongSchema, schemaReplacedByAnotherConnection_isReadAgain)
+{
+    import(u"CREATE TABLE goods (code INTEGER, name TEXT)"_s);
+    EXPECT_EQ(guardedName(), QString());
+    import(u"DROP TABLE goods"_s);
+    import(longTable);
+    import(u"INSERT INTO goods (code, name) VALUES (7, 'Амлодипин')"_s);
+    EXPECT_EQ(guardedName(), u"Амлодипин"_s);
+}

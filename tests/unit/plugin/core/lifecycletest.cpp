@@ -199,7 +199,7 @@ protected:
     const QStringList isRegistered = {start, "register 2", "save", "stop"};
     const QStringList oneIsCancelled = {start, "cancel 3", "save", "stop"};
     const QStringList allAreCancelled = {start, "cancel 1", "save", "cancel 3", "save", "stop"};
-    const QStringList nothing;
+    const QStringList nothing{};
 };
 
 TEST_F(Triggers, onASale_doEachItsOwn)

@@ -575,12 +575,14 @@ TEST_F(ChoiceForm, invalidIndexOrNullPrescription_labelsStayAsTheyWere)
     EXPECT_EQ(text(form, "tradeNameValueLabel"), "Сиофор");
 }
 
-TEST_F(ChoiceForm, recordWithoutPatient_patientLabelsStayAsTheyWere)
+TEST_F(ChoiceForm, recordWithoutPatient_patientLabelsKeepTheLayoutsTexts)
 {
+    changeLayout(layout, "(name=\"patient\\w+ValueLabel\">)",
+                 "\\1<property name=\"text\"><string>неизвестно</string></property>");
     ElectronicPrescriptionChoiceForm form({prescriptions, "active", {}, false}, nullptr);
     open(form);
-    EXPECT_EQ(text(form, "patientNameValueLabel"), "");
-    EXPECT_EQ(text(form, "patientBirthdayValueLabel"), "");
+    EXPECT_EQ(text(form, "patientNameValueLabel"), "неизвестно");
+    EXPECT_EQ(text(form, "patientBirthdayValueLabel"), "неизвестно");
 }
 
 TEST_F(ChoiceForm, reopenedAfterARowWasChosen_thatRowIsCurrent)

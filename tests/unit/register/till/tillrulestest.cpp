@@ -92,3 +92,28 @@ TEST_F(TillRules, externalPosition_keepsItsQuantity)
     EXPECT_TRUE(
         text(Till::obstacleToChangingQuantity(*position)).startsWith(u"Позиция № 1 отпускается по документу"_s));
 }
+
+TEST_F(TillRules, obstacleWithoutABriefForm_isShownInFull)
+{
+    EXPECT_EQ((Obstacle{{u"long"_s, u"Долго"_s}, {u"brief"_s, u"Кратко"_s}}).shortest().ui(), u"Кратко"_s);
+    EXPECT_EQ((Obstacle{{u"long"_s, u"Долго"_s}}).shortest().ui(), u"Долго"_s);
+}
+
+TEST_F(TillRules, operationsThatARuleForbids_changeNothing)
+{
+    const auto sale = sold();
+    till->open();
+    till->setPhase(Till::Phase::Payment);
+    EXPECT_EQ(till->phase(), Till::Phase::Positions) << "no positions";
+    ASSERT_TRUE(till->cancel());
+
+    ASSERT_TRUE(till->returnSale(sale));
+    const QJsonObject before = till->document()->toJson();
+    till->remove(1);
+    till->setPacks(1, 5);
+    EXPECT_EQ(till->add(article(amoxidar)), 0);
+    EXPECT_FALSE(till->suspend());
+    EXPECT_EQ(till->document()->toJson(), before);
+    EXPECT_FALSE(till->voidDocument(sale)) << "it is being returned";
+    EXPECT_FALSE(till->voidDocument(nullptr));
+}

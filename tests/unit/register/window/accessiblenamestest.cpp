@@ -70,7 +70,7 @@ TEST_P(RegisterAccessibleNames, documentList_everyControlHasOneAndTheScrollButto
 TEST_P(RegisterAccessibleNames, menu_everyControlHasOne)
 {
     const FunctionKey command{u"putAsideEntry"_s, u"Отложить чек"_s, {}, control::PluginCommand, {}};
-    MenuForm form({{{command, u"чек не открыт"_s}}});
+    MenuForm form({{{command, Obstacle{{u"menuNoReceipt"_s, u"чек не открыт"_s}}}}});
     EXPECT_EQ(controlsWithoutName(shown(form)), "");
 }
 

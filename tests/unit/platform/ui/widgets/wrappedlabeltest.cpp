@@ -139,7 +139,7 @@ TEST(WrappedLabelTest, textHigherThanItsRoom_endsInAnEllipsisAndIsWholeInTheTool
     }
     label.show();
     EXPECT_EQ(label.grab().toImage(), expected.grab().toImage());
-    EXPECT_EQ(toolTipOf(label), "<qt>первая\nвторая\n&lt;третья&gt;</qt>");
+    EXPECT_EQ(toolTipOf(label), "<qt>первая<br>вторая<br>&lt;третья&gt;</qt>");
 }
 
 TEST(WrappedLabelTest, textThatHasItsRoom_isWholeAndHasNoToolTip)
