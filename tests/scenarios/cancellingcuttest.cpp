@@ -41,7 +41,8 @@ TEST_P(RemovingOnePosition, powerFails_positionStaysAndTheNextAttemptRemovesIt)
     EXPECT_EQ(savedPositions().size(), 3);
     expectInStep(savedDocument());
 
-    expectPlayed(playSteps({cashier::findsTheDocument, cashier::removesTheSecond, cashier::subtotal, cashier::pays}));
+    expectPlayed(playSteps({cashier::findsTheDocument, cashier::removesTheSecond, cashier::twoPositionsAreLeft,
+                            cashier::subtotal, cashier::pays}));
     EXPECT_EQ(finished(1)["positions"].toArray().size(), 2);
     expectInStep(finished(1));
     EXPECT_EQ(cancelled(), (QList<bool>{false, true, false}));

@@ -22,6 +22,8 @@ inline const QByteArray removesTheFirst =
     R"({"row": 0, "in": "receiptTable"}, {"key": "F8"}, {"click": "yesButton"}, {"visible": false, "in": "questionForm"})";
 inline const QByteArray removesTheSecond =
     R"({"row": 1, "in": "receiptTable"}, {"key": "F8"}, {"click": "yesButton"}, {"visible": false, "in": "questionForm"})";
+/// Waits for the end of a removal: a key that is pressed while the registry is asked does nothing.
+inline const QByteArray twoPositionsAreLeft = R"({"receipt": {"positions": [{}, {}]}})";
 inline const QByteArray cancelsTheDocument =
     R"({"key": "F9"}, {"click": "yesButton"}, {"visible": false, "in": "questionForm"})";
 

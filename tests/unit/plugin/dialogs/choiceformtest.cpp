@@ -16,7 +16,6 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 
 namespace
 {
@@ -222,14 +221,13 @@ TEST_F(ChoiceForm, layoutWithoutOrganizationLabel_isAFaultOnlyWhenAnOrganization
     EXPECT_THROW(table(form)->selectRow(2), BasicException);
 }
 
-TEST_F(ChoiceForm, layoutFaultWhileTheListIsOpen_endsTheDialogWithTheFault)
+TEST_F(ChoiceForm, layoutFaultInTheFirstRow_endsTheDialogWithTheFault)
 {
-    prescriptions.at(1)->setPayingElectronicPrescriptionOrganization(
+    prescriptions.at(0)->setPayingElectronicPrescriptionOrganization(
         QSharedPointer<PayingElectronicPrescriptionOrganization>::create("77", "Фонд здоровья"));
     loseWidget(layout, "organizationValueLabel");
     const auto form = QSharedPointer<ElectronicPrescriptionChoiceForm>::create(params(), nullptr);
     GraphicalUserInterface gui;
-    QTimer::singleShot(0, form.data(), [&] { QTest::keyClick(filter(*form), Qt::Key_Down); });
     EXPECT_THROW(gui.run(form), BasicException);
     EXPECT_EQ(gui.topForm(), nullptr);
 }
