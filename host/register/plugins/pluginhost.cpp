@@ -11,6 +11,7 @@
 #include "formhost.h"
 #include "graphicaluserinterface.h"
 #include "listenerhost.h"
+#include "pluginscope.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
@@ -22,6 +23,7 @@
 #include <QPluginLoader>
 
 #include <exception>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +41,15 @@ QString pluginName(const QFileInfo& library)
 {
     const QString name = library.baseName();
     return name.startsWith("lib"_L1) ? name.mid(3) : name;
+}
+
+/// The function, run in the scope of its plug-in.
+ActionHandler::Function inScope(const QString& plugin, ActionHandler::Function function)
+{
+    return [plugin, function = std::move(function)](const control::Action& action) {
+        const PluginScope scope(plugin);
+        return function(action);
+    };
 }
 
 Failure failure(const QString& reason)
@@ -131,15 +142,18 @@ void PluginHost::start(std::unique_ptr<Loaded> loaded, ActionQueueController& co
 {
     auto* log = Log4Qt::LogManager::logger(u"register"_s);
     const Registrations registrations;
+    const PluginScope scope(loaded->name);
     const Expected<bool> initialised = initialise(*loaded->plugin);
     if (!initialised) {
         addProblem(loaded->name, initialised.failure().text.ui());
     }
     if (initialised && *initialised) {
-        for (const ActionHandler& handler : loaded->plugin->getHandlers()) {
+        for (ActionHandler handler : loaded->plugin->getHandlers()) {
+            handler.handler = inScope(loaded->name, std::move(handler.handler));
             controller.host().addHandler(handler);
         }
-        for (const ActionTrigger& trigger : loaded->plugin->getTriggers()) {
+        for (ActionTrigger trigger : loaded->plugin->getTriggers()) {
+            trigger.handler = inScope(loaded->name, std::move(trigger.handler));
             controller.host().addTrigger(trigger);
         }
         log->info(u"Plug-in initialised: "_s + loaded->name);
@@ -168,6 +182,7 @@ void PluginHost::unload(ActionQueueController& controller)
     controller.host().removePluginEntries();
     for (auto loaded = m_plugins.rbegin(); loaded != m_plugins.rend(); ++loaded) {
         if ((*loaded)->plugin) {
+            const PluginScope scope((*loaded)->name);
             (*loaded)->plugin->deinit();
         }
         (*loaded)->loader->unload();

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "finally.h"
 #include "mockfactory.h"
+#include "pluginscope.h"
 #include "singleton.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 #include <type_traits>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -53,6 +56,21 @@ TEST(Finally, type_cannotBeCopiedOrMoved)
     EXPECT_FALSE(std::is_copy_constructible_v<Finally>);
     EXPECT_FALSE(std::is_copy_assignable_v<Finally>);
     EXPECT_FALSE(std::is_move_constructible_v<Finally>);
+}
+
+TEST(PluginScope, scopesNest_theInnermostIsCurrent)
+{
+    EXPECT_EQ(PluginScope::current(), QString());
+    {
+        const PluginScope outer(u"cards"_s);
+        EXPECT_EQ(PluginScope::current(), u"cards"_s);
+        {
+            const PluginScope inner{QString()};
+            EXPECT_EQ(PluginScope::current(), QString());
+        }
+        EXPECT_EQ(PluginScope::current(), u"cards"_s);
+    }
+    EXPECT_EQ(PluginScope::current(), QString());
 }
 
 TEST(MockFactory, notMocked_makesNewObjects)

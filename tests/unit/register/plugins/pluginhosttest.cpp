@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pluginhost.h"
 #include "formhost.h"
+#include "pluginscope.h"
 #include "tillfixture.h"
 
 #include <QCoreApplication>
@@ -41,6 +42,20 @@ TEST_F(PluginHostTest, willingPlugin_isInitialisedOnceAndItsHandlersAndTriggersA
     EXPECT_EQ(shown(), (QStringList{u"init"_s, u"deinit"_s, u"destroyed"_s}));
     EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     EXPECT_TRUE(host.active().isEmpty());
+}
+
+TEST_F(PluginHostTest, handlerAndTrigger_runInTheScopeOfTheirPlugin)
+{
+    till->add(article(amoxidar));
+    load(folderOf("willing_plugin"));
+    for (const auto type : {control::PluginCommand, control::RemovePosition}) {
+        control::Action action(type);
+        controller.object.execute(action);
+    }
+    EXPECT_EQ(qApp->property("handlerScope"), u"willing_plugin"_s);
+    EXPECT_EQ(qApp->property("triggerScope"), u"willing_plugin"_s);
+    EXPECT_EQ(PluginScope::current(), QString());
+    host.unload(controller.object);
 }
 
 TEST_F(PluginHostTest, willingPlugin_getsEventsUntilItIsUnloaded)

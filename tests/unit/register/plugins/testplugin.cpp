@@ -4,6 +4,7 @@
 #include "activitynotifier.h"
 #include "basicexception.h"
 #include "graphicaluserinterface.h"
+#include "pluginscope.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -34,10 +35,18 @@ TestPlugin::~TestPlugin()
 bool TestPlugin::init()
 {
     note(u"init"_s);
-    addHandler(
-        {EContext::OpenDocument, control::PluginCommand, [](const control::Action&) { return EContext::GoOn; }, true});
+    addHandler({EContext::OpenDocument, control::PluginCommand,
+                [](const control::Action&) {
+                    qApp->setProperty("handlerScope", PluginScope::current());
+                    return EContext::GoOn;
+                },
+                true});
     addTrigger({EContext::OpenDocument, control::RemovePosition, ActionTrigger::Before,
-                [](const control::Action&) { return EContext::Stop; }, ActionTrigger::Any, 1});
+                [](const control::Action&) {
+                    qApp->setProperty("triggerScope", PluginScope::current());
+                    return EContext::Stop;
+                },
+                ActionTrigger::Any, 1});
     Singleton<GraphicalUserInterface>::get()->addFormCreator(QSharedPointer<NoForms>::create());
     Singleton<ActivityNotifier>::get()->subscribe(this);
 #ifdef INIT_THROWS
