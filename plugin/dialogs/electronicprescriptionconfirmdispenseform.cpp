@@ -6,8 +6,21 @@
 #include "formbutton.h"
 
 #include <QPushButton>
+#include <QShortcut>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+
+tr::Tr title()
+{
+    return {u"electronicPrescriptionConfirmDispenseFormTitle"_s, u"Подтверждение отпуска по рецепту"_s};
+}
+
+} // namespace
 
 ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispenseForm(
     const ElectronicPrescriptionConfirmDispenseParams& params, QObject* parent)
@@ -29,12 +42,12 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
     for (const auto& button : buttons) {
         setUp(findWidget<QPushButton>(button.name), button, this);
     }
-    showText(u"titleLabel"_s,
-             tr::Tr("electronicPrescriptionConfirmDispenseFormTitle", "Подтверждение отпуска по рецепту").ui());
+    showText(u"titleLabel"_s, title().ui());
 
     auto* dialogEventFilter = new DialogEventFilter(this);
     connect(dialogEventFilter, &DialogEventFilter::cancel, this, &Form::onCancel);
     rootWidget()->installEventFilter(dialogEventFilter);
+    letTheCashierChoose();
 
     QSharedPointer<ElectronicPrescription> prescription;
     params.getElectronicPrescription(prescription);
@@ -45,6 +58,45 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
                                                "Лекарственный препарат по рецепту на\n'%1'\nотпущен")
                                             .arg(prescription->getInn())
                                             .ui());
+    showText(
+        u"prescribedDosesLabel"_s,
+        tr::Tr(u"electronicPrescriptionConfirmDispenseFormPrescribedDoses"_s, u"Выписано доз: %1\nОтпущено ранее: %2"_s)
+            .arg(QString::number(prescription->getDoseQuantity(), 'f', 2))
+            .arg(QString::number(prescription->getDispensedDoseQuantity(), 'f', 2))
+            .ui(),
+        false);
+}
+
+/// Holds for every layout, also for one that still names a default button.
+void ElectronicPrescriptionConfirmDispenseForm::letTheCashierChoose()
+{
+    auto* part = findWidget<QPushButton>(u"partDispenseButton"_s, false);
+    auto* complete = findWidget<QPushButton>(u"completeDispenseButton"_s, false);
+    for (auto* button : rootWidget()->findChildren<QPushButton*>()) {
+        button->setAutoDefault(false);
+        button->setDefault(false);
+    }
+    QWidget* message =
+        (findWidgets(u"confirmDispenseScrollArea"_s, false) + findWidgets(u"confirmDispenseLabel"_s, false)).value(0);
+    if (!message || !part || !complete) {
+        return;
+    }
+    message->setFocusPolicy(Qt::StrongFocus);
+    message->setAccessibleName(title().ui());
+    rootWidget()->setProperty("initialFocus", message->objectName());
+    const std::pair<Qt::Key, QPushButton*> choices[] = {{Qt::Key_Left, part}, {Qt::Key_Right, complete}};
+    for (const auto& [key, button] : choices) {
+        auto* shortcut = new QShortcut(key, message);
+        shortcut->setContext(Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, button, [button = button] { button->setFocus(); });
+    }
+    if (!isTouchMode()) {
+        showText(u"choiceHintLabel"_s,
+                 tr::Tr(u"electronicPrescriptionConfirmDispenseFormChoiceHint"_s,
+                        u"Выберите ответ стрелкой и нажмите Enter"_s)
+                     .ui(),
+                 false);
+    }
 }
 
 void ElectronicPrescriptionConfirmDispenseForm::onCompleteDispense()

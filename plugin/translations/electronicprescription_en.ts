@@ -150,6 +150,16 @@ dispensed</translation>
 '%1'
 has been dispensed</translation>
     </message>
+    <message id="electronicPrescriptionConfirmDispenseFormPrescribedDoses">
+        <source>Выписано доз: %1
+Отпущено ранее: %2</source>
+        <translation>Doses prescribed: %1
+Dispensed before: %2</translation>
+    </message>
+    <message id="electronicPrescriptionConfirmDispenseFormChoiceHint">
+        <source>Выберите ответ стрелкой и нажмите Enter</source>
+        <translation>Choose the answer with an arrow key and press Enter</translation>
+    </message>
     <message id="electronicPrescriptionFormCancelButton">
         <source>Назад</source>
         <translation>Back</translation>

@@ -77,6 +77,12 @@ TEST_F(PrescriptionServing, backByTouchFromEveryStep_leadsToTheStepBeforeWithThe
     EXPECT_EQ(registry.dispenses().size(), 0);
 }
 
+TEST_F(PrescriptionServing, returnPressedAheadOfTheConfirmation_choosesNothing)
+{
+    expectPlayed(play("hasty-return-at-the-confirmation.json"));
+    EXPECT_EQ(savedPositions().size(), 1);
+}
+
 TEST_F(PrescriptionServing, filterTypedAndChosen_staysOnTheWayBackAndIsEmptyAtTheNextCommand)
 {
     expectPlayed(play("filter-kept-on-the-way-back.json"));

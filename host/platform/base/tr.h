@@ -12,7 +12,7 @@ namespace tr
 {
 
 /// The key of a text that has no translation, such as one that a server sent.
-inline const QString undefined = "undefined";
+inline const QString undefined = QString::fromLatin1("undefined");
 
 /// A translatable text: a key of the message catalogues, a default text, and the values of its placeholders.
 ///

@@ -10,6 +10,8 @@
 #include <QScrollBar>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -32,6 +34,18 @@ class ConfirmDispenseFormTexts : public ConfirmDispenseForm, public ::testing::W
 };
 
 class ConfirmDispenseFormButtons : public ConfirmDispenseForm, public ::testing::WithParamInterface<NamedAnswer>
+{
+};
+
+struct KeysToAnswer {
+    const char* name;
+    QList<Qt::Key> keys;
+    int status;
+};
+
+const auto keysOfParameter = [](const auto& info) { return std::string(info.param.name); };
+
+class ConfirmDispenseFormKeysToAnswer : public ConfirmDispenseForm, public ::testing::WithParamInterface<KeysToAnswer>
 {
 };
 
@@ -109,14 +123,69 @@ TEST_F(ConfirmDispenseForm, built_contextIsTheDialogsAndItIsADialogForm)
     EXPECT_NE(qobject_cast<const BasicDialogForm*>(&form), nullptr);
 }
 
-TEST_F(ConfirmDispenseForm, opened_focusIsOnCompleteDispenseAndReturnPressesIt)
+TEST_F(ConfirmDispenseForm, opened_hastyReturnsAnswerNothing)
 {
-    ElectronicPrescriptionConfirmDispenseForm form(params("Метформин"), nullptr);
+    ElectronicPrescriptionConfirmDispenseForm form(params(u"Метформин"_s), nullptr);
     open(form);
-    auto* complete = widget<QPushButton>(form, "completeDispenseButton");
-    EXPECT_EQ(form.rootWidget()->focusWidget(), complete);
-    QTest::keyClick(complete, Qt::Key_Return);
-    EXPECT_EQ(answer(), std::pair(QString("status"), QVariant(1)));
+    QWidget* focus = form.rootWidget()->focusWidget();
+    EXPECT_EQ(focus, widget<QScrollArea>(form, u"confirmDispenseScrollArea"_s));
+    QTest::keyClick(focus, Qt::Key_Return);
+    QTest::keyClick(focus, Qt::Key_Enter);
+    EXPECT_TRUE(queue.queued.isEmpty());
+}
+
+TEST_P(ConfirmDispenseFormKeysToAnswer, pressedBeforeReturn_chooseTheAnswer)
+{
+    ElectronicPrescriptionConfirmDispenseForm form(params(u"Метформин"_s), nullptr);
+    open(form);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.rootWidget()));
+    for (const Qt::Key key : GetParam().keys) {
+        QTest::keyClick(form.rootWidget()->focusWidget(), key);
+    }
+    EXPECT_TRUE(queue.queued.isEmpty()) << "a key alone only moves the focus";
+    QTest::keyClick(form.rootWidget()->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(answer(), std::pair(u"status"_s, QVariant(GetParam().status)));
+}
+
+INSTANTIATE_TEST_SUITE_P(, ConfirmDispenseFormKeysToAnswer,
+                         ::testing::Values(KeysToAnswer{"right", {Qt::Key_Right}, 1},
+                                           KeysToAnswer{"left", {Qt::Key_Left}, 2},
+                                           KeysToAnswer{"rightThenLeft", {Qt::Key_Right, Qt::Key_Left}, 2},
+                                           KeysToAnswer{"leftThenRight", {Qt::Key_Left, Qt::Key_Right}, 1},
+                                           KeysToAnswer{"tab", {Qt::Key_Tab}, 2},
+                                           KeysToAnswer{"twoTabs", {Qt::Key_Tab, Qt::Key_Tab}, 1},
+                                           KeysToAnswer{"threeTabs", {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab}, -1}),
+                         keysOfParameter);
+
+TEST_F(ConfirmDispenseForm, layoutNamesADefaultButtonAndHasNoScrollArea_hastyReturnAnswersNothing)
+{
+    changeLayout(layout, u"<widget class=\"QPushButton\" name=\"completeDispenseButton\">"_s,
+                 u"<widget class=\"QPushButton\" name=\"completeDispenseButton\">"
+                 "<property name=\"default\"><bool>true</bool></property>"_s);
+    changeLayout(layout, u"confirmDispenseScrollArea</string>"_s, u"completeDispenseButton</string>"_s);
+    loseWidget(layout, u"confirmDispenseScrollArea"_s);
+    ElectronicPrescriptionConfirmDispenseForm form(params(u"Метформин"_s), nullptr);
+    open(form);
+    QWidget* focus = form.rootWidget()->focusWidget();
+    EXPECT_EQ(focus, widget<QLabel>(form, u"confirmDispenseLabel"_s));
+    QTest::keyClick(focus, Qt::Key_Return);
+    EXPECT_TRUE(queue.queued.isEmpty());
+}
+
+TEST_F(ConfirmDispenseForm, partlyDispensedBefore_bothNumbersOfDosesAreShown)
+{
+    const auto partly = prescription(u"Метформин"_s);
+    partly->setDoseQuantity(30);
+    partly->addDispensedDoseQuantity(2.5);
+    const ElectronicPrescriptionConfirmDispenseForm form(ElectronicPrescriptionConfirmDispenseParams(partly), nullptr);
+    EXPECT_EQ(text(form, u"prescribedDosesLabel"_s), u"Выписано доз: 30.00\nОтпущено ранее: 2.50"_s);
+}
+
+TEST_F(ConfirmDispenseForm, touchMode_hasNoHintAboutKeys)
+{
+    setTouchMode(true);
+    const ElectronicPrescriptionConfirmDispenseForm form(params(u"Метформин"_s), nullptr);
+    EXPECT_EQ(text(form, u"choiceHintLabel"_s), QString());
 }
 
 TEST_F(ConfirmDispenseForm, eventFiltersCancel_answersMinusOneAsTheButtonDoes)
@@ -189,20 +258,23 @@ TEST_F(ConfirmDispenseForm, layoutAsksForRichText_innIsPlain)
     expectPlainTexts(form);
 }
 
-TEST_F(ConfirmDispenseForm, tallerThanTheScreen_keysScrollWhileTheButtonHasTheFocus)
+TEST_F(ConfirmDispenseForm, tallerThanTheScreen_keysScrollFromTheMessageAndFromAButton)
 {
-    ElectronicPrescriptionConfirmDispenseForm form(params(QString("очень длинное название ").repeated(400)), nullptr);
+    ElectronicPrescriptionConfirmDispenseForm form(params(u"очень длинное название "_s.repeated(400)), nullptr);
     open(form);
     ASSERT_TRUE(QTest::qWaitForWindowActive(form.rootWidget()));
-    auto* button = widget<QPushButton>(form, "completeDispenseButton");
-    const auto* bar = widget<QScrollArea>(form, "confirmDispenseScrollArea")->verticalScrollBar();
+    auto* message = widget<QScrollArea>(form, u"confirmDispenseScrollArea"_s);
+    auto* bar = message->verticalScrollBar();
     ASSERT_GT(bar->maximum(), bar->pageStep());
-
-    QTest::keyClick(button, Qt::Key_PageDown);
-    EXPECT_EQ(bar->value(), bar->pageStep());
-    QTest::keyClick(button, Qt::Key_End);
-    EXPECT_EQ(bar->value(), bar->maximum());
-    EXPECT_EQ(form.rootWidget()->focusWidget(), button);
+    for (auto* focus : {static_cast<QWidget*>(message), widget<QWidget>(form, u"completeDispenseButton"_s)}) {
+        focus->setFocus();
+        bar->setValue(0);
+        QTest::keyClick(focus, Qt::Key_PageDown);
+        EXPECT_EQ(bar->value(), bar->pageStep());
+        QTest::keyClick(focus, Qt::Key_End);
+        EXPECT_EQ(bar->value(), bar->maximum());
+        EXPECT_EQ(form.rootWidget()->focusWidget(), focus);
+    }
     EXPECT_TRUE(queue.queued.isEmpty());
 }
 

@@ -128,7 +128,9 @@ INSTANTIATE_TEST_SUITE_P(
         WidgetKey{"completeDispenseButton", "electronicPrescriptionConfirmDispenseFormCompleteDispenseButton"},
         WidgetKey{"partDispenseButton", "electronicPrescriptionConfirmDispenseFormPartDispenseButton"},
         WidgetKey{"titleLabel", "electronicPrescriptionConfirmDispenseFormTitle"},
-        WidgetKey{"confirmDispenseLabel", "electronicPrescriptionConfirmDispenseFormConfirmDispenseLabel"}),
+        WidgetKey{"confirmDispenseLabel", "electronicPrescriptionConfirmDispenseFormConfirmDispenseLabel"},
+        WidgetKey{"prescribedDosesLabel", "electronicPrescriptionConfirmDispenseFormPrescribedDoses"},
+        WidgetKey{"choiceHintLabel", "electronicPrescriptionConfirmDispenseFormChoiceHint"}),
     widgetOfParameter);
 
 TEST_F(TranslationKeys, choiceTable_headersShowTheTextsOfTheirKeys)
