@@ -108,9 +108,10 @@ void ElectronicPrescriptionService::takeOver(const QSharedPointer<AbstractDocume
     // What was looked up for the receipt before may be older than a dispense that it registered since.
     patientCache.clear();
     prescriptionCache.clear();
-    lastCardNumber = document
-                         ? document->getPluginValue(metaObject()->className(), cardNumberKey, QVariant()).toString()
-                         : QString();
+    lastCardNumber =
+        document ? document->getPluginValue(QLatin1StringView(metaObject()->className()), cardNumberKey, QVariant())
+                       .toString()
+                 : QString();
 }
 
 void ElectronicPrescriptionService::sendStartEvent(const tr::Tr& message) const

@@ -14,8 +14,8 @@ namespace
 TextInputParams cardInput()
 {
     TextInputParams params;
-    params.title = {"inputCardTitle", "Ввод карты"};
-    params.message = {"electronicPrescriptionInputCard", "Введите номер карты"};
+    params.title = {u"inputCardTitle"_s, u"Ввод карты"_s};
+    params.message = {u"electronicPrescriptionInputCard"_s, u"Введите номер карты"_s};
     params.scanError = prescriptiontexts::scanError();
     params.okText = prescriptiontexts::ok();
     params.cancelText = prescriptiontexts::cancel();

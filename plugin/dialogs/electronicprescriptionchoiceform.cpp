@@ -144,8 +144,8 @@ void ElectronicPrescriptionChoiceForm::setUpButtons()
 {
     using Form = ElectronicPrescriptionChoiceForm;
     const FormButton<Form> buttons[] = {
-        {u"cancelButton"_s, {"electronicPrescriptionChoiceFormCancelButton", "Назад"}, &Form::onCancel},
-        {u"okButton"_s, {"electronicPrescriptionChoiceFormOkButton", "Выбрать"}, &Form::onOk},
+        {u"cancelButton"_s, {u"electronicPrescriptionChoiceFormCancelButton"_s, u"Назад"_s}, &Form::onCancel},
+        {u"okButton"_s, {u"electronicPrescriptionChoiceFormOkButton"_s, u"Выбрать"_s}, &Form::onOk},
     };
     for (const auto& button : buttons) {
         setUp(findWidget<QPushButton>(button.name), button, this);
@@ -155,13 +155,13 @@ void ElectronicPrescriptionChoiceForm::setUpButtons()
 void ElectronicPrescriptionChoiceForm::setUpCaptions()
 {
     const std::pair<QString, tr::Tr> captions[] = {
-        {u"titleLabel"_s, {"electronicPrescriptionChoiceFormTitle", "Выбор рецепта"}},
-        {u"tradeNameLabel"_s, {"electronicPrescriptionChoiceFormTradeNameLabel", "Торговое наименование:"}},
-        {u"patientNameLabel"_s, {"electronicPrescriptionChoiceFormPatientNameLabel", "ФИО пациента:"}},
+        {u"titleLabel"_s, {u"electronicPrescriptionChoiceFormTitle"_s, u"Выбор рецепта"_s}},
+        {u"tradeNameLabel"_s, {u"electronicPrescriptionChoiceFormTradeNameLabel"_s, u"Торговое наименование:"_s}},
+        {u"patientNameLabel"_s, {u"electronicPrescriptionChoiceFormPatientNameLabel"_s, u"ФИО пациента:"_s}},
         {u"patientBirthdayLabel"_s,
-         {"electronicPrescriptionChoiceFormPatientBirthdayLabel", "Дата рождения пациента:"}},
-        {u"practitionerNameLabel"_s, {"electronicPrescriptionChoiceFormPractitionerNameLabel", "ФИО врача:"}},
-        {u"organizationLabel"_s, {"electronicPrescriptionChoiceFormOrganizationLabel", "Организация:"}},
+         {u"electronicPrescriptionChoiceFormPatientBirthdayLabel"_s, u"Дата рождения пациента:"_s}},
+        {u"practitionerNameLabel"_s, {u"electronicPrescriptionChoiceFormPractitionerNameLabel"_s, u"ФИО врача:"_s}},
+        {u"organizationLabel"_s, {u"electronicPrescriptionChoiceFormOrganizationLabel"_s, u"Организация:"_s}},
     };
     for (const auto& [label, text] : captions) {
         showText(label, text.ui());
@@ -186,14 +186,14 @@ void ElectronicPrescriptionChoiceForm::setUpInput()
 void ElectronicPrescriptionChoiceForm::setUpAccessibleNames()
 {
     setAccessibleNames({
-        {u"medicineNameLineEdit"_s, {"electronicPrescriptionChoiceFormFilter", "Поиск по МНН"}},
-        {u"electronicPrescriptionsTableView"_s, {"electronicPrescriptionChoiceFormTable", "Рецепты пациента"}},
-        {u"prescriptionScrollArea"_s, {"electronicPrescriptionChoiceFormDetails", "Сведения о рецепте"}},
-        {u"talloKeyboard"_s, {"electronicPrescriptionChoiceFormKeyboard", "Клавиатура"}},
-        {u"pageUpButton"_s, {"electronicPrescriptionChoiceFormPageUp", "Страница вверх"}},
-        {u"scrollUpButton"_s, {"electronicPrescriptionChoiceFormScrollUp", "Строка вверх"}},
-        {u"scrollDownButton"_s, {"electronicPrescriptionChoiceFormScrollDown", "Строка вниз"}},
-        {u"pageDownButton"_s, {"electronicPrescriptionChoiceFormPageDown", "Страница вниз"}},
+        {u"medicineNameLineEdit"_s, {u"electronicPrescriptionChoiceFormFilter"_s, u"Поиск по МНН"_s}},
+        {u"electronicPrescriptionsTableView"_s, {u"electronicPrescriptionChoiceFormTable"_s, u"Рецепты пациента"_s}},
+        {u"prescriptionScrollArea"_s, {u"electronicPrescriptionChoiceFormDetails"_s, u"Сведения о рецепте"_s}},
+        {u"talloKeyboard"_s, {u"electronicPrescriptionChoiceFormKeyboard"_s, u"Клавиатура"_s}},
+        {u"pageUpButton"_s, {u"electronicPrescriptionChoiceFormPageUp"_s, u"Страница вверх"_s}},
+        {u"scrollUpButton"_s, {u"electronicPrescriptionChoiceFormScrollUp"_s, u"Строка вверх"_s}},
+        {u"scrollDownButton"_s, {u"electronicPrescriptionChoiceFormScrollDown"_s, u"Строка вниз"_s}},
+        {u"pageDownButton"_s, {u"electronicPrescriptionChoiceFormPageDown"_s, u"Страница вниз"_s}},
     });
     if (m_filterField) {
         m_filterField->setPlaceholderText(m_filterField->accessibleName());
@@ -228,8 +228,8 @@ void ElectronicPrescriptionChoiceForm::showWhetherAnyMatches(const QString& text
     const bool isNoneLeft = m_proxyModel->rowCount() == 0;
     if (auto* hint = findWidget<QLabel>(u"noMatchLabel"_s, false)) {
         const auto quoted = hint->fontMetrics().elidedText(text, Qt::ElideRight, longestQuote);
-        const tr::Tr noMatch("electronicPrescriptionChoiceFormNoMatch",
-                             "Нет рецептов, где МНН содержит «%1». Измените поиск.");
+        const tr::Tr noMatch(u"electronicPrescriptionChoiceFormNoMatch"_s,
+                             u"Нет рецептов, где МНН содержит «%1». Измените поиск."_s);
         showText(u"noMatchLabel"_s, noMatch.arg(quoted).ui(), false);
         hint->setVisible(isNoneLeft);
     }

@@ -4,6 +4,8 @@
 #include "prescriptiondate.h"
 #include "tr.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -21,11 +23,11 @@ ElectronicPrescriptionChoiceModel::ElectronicPrescriptionChoiceModel(
     , m_electronicPrescriptions(electronicPrescriptions)
     , m_patient(patient)
     , m_captions{
-          tr::Tr("electronicPrescriptionChoiceFormInn", "МНН").ui(),
-          tr::Tr("electronicPrescriptionChoiceFormInnCode", "Код").ui(),
-          tr::Tr("electronicPrescriptionChoiceFormPrescriptionDate", "Дата\nвыписки").ui(),
-          tr::Tr("electronicPrescriptionChoiceFormDoseQuantity", "Выписано\nдоз").ui(),
-          tr::Tr("electronicPrescriptionChoiceFormDispensedDoseQuantity", "Отпущено\nдоз").ui(),
+          tr::Tr(u"electronicPrescriptionChoiceFormInn"_s, u"МНН"_s).ui(),
+          tr::Tr(u"electronicPrescriptionChoiceFormInnCode"_s, u"Код"_s).ui(),
+          tr::Tr(u"electronicPrescriptionChoiceFormPrescriptionDate"_s, u"Дата\nвыписки"_s).ui(),
+          tr::Tr(u"electronicPrescriptionChoiceFormDoseQuantity"_s, u"Выписано\nдоз"_s).ui(),
+          tr::Tr(u"electronicPrescriptionChoiceFormDispensedDoseQuantity"_s, u"Отпущено\nдоз"_s).ui(),
       }
 {
 }

@@ -31,12 +31,12 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
     loadUI(u"electronicprescriptionconfirmdispense.ui"_s);
 
     const FormButton<Form> buttons[] = {
-        {u"cancelButton"_s, {"electronicPrescriptionConfirmDispenseFormCancelButton", "Отмена"}, &Form::onCancel},
+        {u"cancelButton"_s, {u"electronicPrescriptionConfirmDispenseFormCancelButton"_s, u"Отмена"_s}, &Form::onCancel},
         {u"completeDispenseButton"_s,
-         {"electronicPrescriptionConfirmDispenseFormCompleteDispenseButton", "Полностью"},
+         {u"electronicPrescriptionConfirmDispenseFormCompleteDispenseButton"_s, u"Полностью"_s},
          &Form::onCompleteDispense},
         {u"partDispenseButton"_s,
-         {"electronicPrescriptionConfirmDispenseFormPartDispenseButton", "Частично"},
+         {u"electronicPrescriptionConfirmDispenseFormPartDispenseButton"_s, u"Частично"_s},
          &Form::onPartDispense},
     };
     for (const auto& button : buttons) {
@@ -54,8 +54,8 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
     if (!prescription) {
         return;
     }
-    showText(u"confirmDispenseLabel"_s, tr::Tr("electronicPrescriptionConfirmDispenseFormConfirmDispenseLabel",
-                                               "Лекарственный препарат по рецепту на\n'%1'\nотпущен")
+    showText(u"confirmDispenseLabel"_s, tr::Tr(u"electronicPrescriptionConfirmDispenseFormConfirmDispenseLabel"_s,
+                                               u"Лекарственный препарат по рецепту на\n'%1'\nотпущен"_s)
                                             .arg(prescription->getInn())
                                             .ui());
     showText(

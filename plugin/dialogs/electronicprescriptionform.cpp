@@ -89,15 +89,15 @@ Value ofUnlessEmpty(QString (ElectronicPrescription::*getter)() const)
 QString prescribedBy(const Shown& shown)
 {
     return shown.prescription.isPrescribedByInn()
-               ? tr::Tr("electronicPrescriptionFormPrescribedByInn", "МНН").ui()
-               : tr::Tr("electronicPrescriptionFormPrescribedByTradeName", "Торговому наименованию").ui();
+               ? tr::Tr(u"electronicPrescriptionFormPrescribedByInn"_s, u"МНН"_s).ui()
+               : tr::Tr(u"electronicPrescriptionFormPrescribedByTradeName"_s, u"Торговому наименованию"_s).ui();
 }
 
 QString digitalSignature(const Shown& shown)
 {
     return shown.prescription.hasDigitalSignature()
-               ? tr::Tr("electronicPrescriptionFormDigitalSignatureYes", "Да").ui()
-               : tr::Tr("electronicPrescriptionFormDigitalSignatureNo", "Нет").ui();
+               ? tr::Tr(u"electronicPrescriptionFormDigitalSignatureYes"_s, u"Да"_s).ui()
+               : tr::Tr(u"electronicPrescriptionFormDigitalSignatureNo"_s, u"Нет"_s).ui();
 }
 
 QString discount(const Shown& shown)
@@ -130,60 +130,63 @@ const QList<Field>& fields()
 {
     using Prescription = ElectronicPrescription;
     static const QList<Field> all{
-        {u"innName"_s, {"electronicPrescriptionFormInnLabel", "МНН:"}, of(&Prescription::getInn)},
-        {u"innCode"_s, {"electronicPrescriptionFormInnCodeLabel", "Код для МНН:"}, of(&Prescription::getInnCode)},
+        {u"innName"_s, {u"electronicPrescriptionFormInnLabel"_s, u"МНН:"_s}, of(&Prescription::getInn)},
+        {u"innCode"_s, {u"electronicPrescriptionFormInnCodeLabel"_s, u"Код для МНН:"_s}, of(&Prescription::getInnCode)},
         {u"medicineDictCode"_s,
-         {"electronicPrescriptionFormMedicineDictCodeLabel", "Код справочника\nАИС «ЭЛЕКТРОННЫЙ РЕЦЕПТ»:"},
+         {u"electronicPrescriptionFormMedicineDictCodeLabel"_s, u"Код справочника\nАИС «ЭЛЕКТРОННЫЙ РЕЦЕПТ»:"_s},
          ofUnlessEmpty(&Prescription::getDictCode),
          Presence::HiddenWhenUnknown},
         {u"medicineDictName"_s,
-         {"electronicPrescriptionFormMedicineDictNameLabel", "Наименование справочника\nАИС «ЭЛЕКТРОННЫЙ РЕЦЕПТ»:"},
+         {u"electronicPrescriptionFormMedicineDictNameLabel"_s,
+          u"Наименование справочника\nАИС «ЭЛЕКТРОННЫЙ РЕЦЕПТ»:"_s},
          ofUnlessEmpty(&Prescription::getDictName),
          Presence::HiddenWhenUnknown},
         {u"tradeName"_s,
-         {"electronicPrescriptionFormTradeNameLabel", "Торговое наименование:"},
+         {u"electronicPrescriptionFormTradeNameLabel"_s, u"Торговое наименование:"_s},
          of(&Prescription::getTradeName)},
         {u"tradeNameCode"_s,
-         {"electronicPrescriptionFormTradeNameCodeLabel", "Код для торгового наименования:"},
+         {u"electronicPrescriptionFormTradeNameCodeLabel"_s, u"Код для торгового наименования:"_s},
          of(&Prescription::getTradeNameCode)},
         {u"prescribedByInnOrTradeName"_s,
-         {"electronicPrescriptionFormPrescribedByInnOrTradeNameLabel", "Рецепт выписан по:"},
+         {u"electronicPrescriptionFormPrescribedByInnOrTradeNameLabel"_s, u"Рецепт выписан по:"_s},
          prescribedBy},
 
-        {u"patientName"_s, {"electronicPrescriptionFormPatientNameLabel", "ФИО пациента:"}, of(&Patient::getName)},
+        {u"patientName"_s,
+         {u"electronicPrescriptionFormPatientNameLabel"_s, u"ФИО пациента:"_s},
+         of(&Patient::getName)},
         {u"patientBirthday"_s,
-         {"electronicPrescriptionFormPatientBirthdayLabel", "Дата рождения пациента:"},
+         {u"electronicPrescriptionFormPatientBirthdayLabel"_s, u"Дата рождения пациента:"_s},
          of(&Patient::getBirthday)},
 
         {u"prescriptionDate"_s,
-         {"electronicPrescriptionFormPrescriptionDateLabel", "Дата выписки рецепта:"},
+         {u"electronicPrescriptionFormPrescriptionDateLabel"_s, u"Дата выписки рецепта:"_s},
          of(&Prescription::getPrescriptionDate)},
         {u"expirationDate"_s,
-         {"electronicPrescriptionFormExpirationDateLabel", "Срок действия рецепта:"},
+         {u"electronicPrescriptionFormExpirationDateLabel"_s, u"Срок действия рецепта:"_s},
          of(&Prescription::getExpirationDate)},
         {u"practitionerName"_s,
-         {"electronicPrescriptionFormPractitionerNameLabel", "ФИО врача:"},
+         {u"electronicPrescriptionFormPractitionerNameLabel"_s, u"ФИО врача:"_s},
          of(&Prescription::getPractitionerName)},
         {u"digitalSignature"_s,
-         {"electronicPrescriptionFormDigitalSignatureLabel", "Рецепт подписан ЭЦП:"},
+         {u"electronicPrescriptionFormDigitalSignatureLabel"_s, u"Рецепт подписан ЭЦП:"_s},
          digitalSignature},
-        {u"discount"_s, {"electronicPrescriptionFormDiscountLabel", "Процент льготы:"}, discount},
+        {u"discount"_s, {u"electronicPrescriptionFormDiscountLabel"_s, u"Процент льготы:"_s}, discount},
         {u"organization"_s,
-         {"electronicPrescriptionFormOrganizationLabel", "Организация:"},
+         {u"electronicPrescriptionFormOrganizationLabel"_s, u"Организация:"_s},
          organization,
          Presence::MaybeUnknown},
 
         {u"doseQuantity"_s,
-         {"electronicPrescriptionFormDoseQuantityLabel", "Количество выписанных доз:"},
+         {u"electronicPrescriptionFormDoseQuantityLabel"_s, u"Количество выписанных доз:"_s},
          of(&Prescription::getDoseQuantity)},
         {u"dispensedDoseQuantity"_s,
-         {"electronicPrescriptionFormDispensedDoseQuantityLabel", "Количество отпущенных доз:"},
+         {u"electronicPrescriptionFormDispensedDoseQuantityLabel"_s, u"Количество отпущенных доз:"_s},
          of(&Prescription::getDispensedDoseQuantity)},
         {u"instructions"_s,
-         {"electronicPrescriptionFormInstructionsLabel", "Инструкция по применению:"},
+         {u"electronicPrescriptionFormInstructionsLabel"_s, u"Инструкция по применению:"_s},
          of(&Prescription::getInstructions)},
         {u"medicationDispenseDates"_s,
-         {"electronicPrescriptionFormMedicationDispenseDatesLabel", "Даты отпуска препарата по рецепту:"},
+         {u"electronicPrescriptionFormMedicationDispenseDatesLabel"_s, u"Даты отпуска препарата по рецепту:"_s},
          dispenseDates,
          Presence::HiddenWhenUnknown},
     };
@@ -225,8 +228,8 @@ void ElectronicPrescriptionForm::setUpButtons(bool isActive)
 {
     using Form = ElectronicPrescriptionForm;
     const FormButton<Form> buttons[] = {
-        {u"cancelButton"_s, {"electronicPrescriptionFormCancelButton", "Назад"}, &Form::onCancel},
-        {u"chooseButton"_s, {"electronicPrescriptionFormChooseButton", "Подобрать"}, &Form::onChoose},
+        {u"cancelButton"_s, {u"electronicPrescriptionFormCancelButton"_s, u"Назад"_s}, &Form::onCancel},
+        {u"chooseButton"_s, {u"electronicPrescriptionFormChooseButton"_s, u"Подобрать"_s}, &Form::onChoose},
     };
     for (const auto& button : buttons) {
         setUp(findWidget<QPushButton>(button.name), button, this);
@@ -238,11 +241,11 @@ void ElectronicPrescriptionForm::setUpButtons(bool isActive)
 
 void ElectronicPrescriptionForm::setUpCaptions()
 {
-    showText(u"titleLabel"_s, tr::Tr("electronicPrescriptionFormTitle", "Электронный рецепт").ui());
+    showText(u"titleLabel"_s, tr::Tr(u"electronicPrescriptionFormTitle"_s, u"Электронный рецепт"_s).ui());
     for (const Field& field : fields()) {
         showText(field.captionLabel(), field.caption.ui());
     }
-    setAccessibleNames({{u"detailsScrollArea"_s, {"electronicPrescriptionFormDetails", "Сведения о рецепте"}}});
+    setAccessibleNames({{u"detailsScrollArea"_s, {u"electronicPrescriptionFormDetails"_s, u"Сведения о рецепте"_s}}});
 }
 
 void ElectronicPrescriptionForm::setUpKeys()
@@ -296,7 +299,7 @@ void ElectronicPrescriptionForm::showIfExpired(const QDate& lastDay)
     if (!lastDay.isValid() || lastDay >= CurrentTime::create()->current().date()) {
         return;
     }
-    showText(u"expiredLabel"_s, tr::Tr("electronicPrescriptionFormExpired", "Срок действия истёк").ui(), false);
+    showText(u"expiredLabel"_s, tr::Tr(u"electronicPrescriptionFormExpired"_s, u"Срок действия истёк"_s).ui(), false);
     if (auto* label = findWidget<QLabel>(u"expiredLabel"_s, false)) {
         label->show();
     }

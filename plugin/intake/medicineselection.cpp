@@ -28,10 +28,11 @@ control::Action createReceiptAction(control::EActionType type)
 TextInputParams dosesInput(const ElectronicPrescription& prescription)
 {
     TextInputParams params;
-    params.title = {"electronicPrescriptionInputDispensedDoseQuantityFormTitle", "Ввод количества отпущенных доз"};
-    params.message = tr::Tr("electronicPrescriptionInputDispensedDoseQuantityFormMessage",
-                            "Введите количество отпущенных доз по рецепту на\n'%1 / %2'\n"
-                            "(выписано %3/отпущено ранее %4)")
+    params.title = {u"electronicPrescriptionInputDispensedDoseQuantityFormTitle"_s,
+                    u"Ввод количества отпущенных доз"_s};
+    params.message = tr::Tr(u"electronicPrescriptionInputDispensedDoseQuantityFormMessage"_s,
+                            u"Введите количество отпущенных доз по рецепту на\n'%1 / %2'\n"
+                            "(выписано %3/отпущено ранее %4)"_s)
                          .arg(prescription.getInn())
                          .arg(prescription.getTradeName())
                          .arg(QString::number(prescription.getDoseQuantity(), 'f', 2))
@@ -93,7 +94,7 @@ bool ElectronicPrescriptionService::inputDispensedDoseQuantity(
             return true;
         }
 
-        showError({"electronicPrescriptionInputDispensedDoseQuantityError",
-                   "Введено некорректное количество доз\nПовторите ввод"});
+        showError({u"electronicPrescriptionInputDispensedDoseQuantityError"_s,
+                   u"Введено некорректное количество доз\nПовторите ввод"_s});
     }
 }

@@ -103,6 +103,6 @@ void ElectronicPrescriptionService::rememberCardNumber(const QString& cardNumber
                                                        const QSharedPointer<AbstractDocument>& document)
 {
     lastCardNumber = cardNumber;
-    document->setPluginValue(metaObject()->className(), cardNumberKey, cardNumber);
+    document->setPluginValue(QLatin1StringView(metaObject()->className()), cardNumberKey, cardNumber);
     SaveToFileLogic::create()->save(document, QString());
 }

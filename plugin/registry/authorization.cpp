@@ -18,7 +18,7 @@ void ElectronicPrescriptionInterface::getAuthorizationToken(QString& token) cons
     const QJsonObject grant = answer.object();
     if (!grant.contains("access_token"_L1)) {
         throw ElectronicPrescriptionException(
-            {"electronicPrescriptionAuthorizationTokenError", "Ошибка при получении токена для авторизации"});
+            {u"electronicPrescriptionAuthorizationTokenError"_s, u"Ошибка при получении токена для авторизации"_s});
     }
     token = grant["access_token"_L1].toString();
 }

@@ -50,7 +50,7 @@ void ElectronicPrescriptionInterface::sendMedicationDispense(const QSharedPointe
 
     if (!checkRequestResultStatus(answer.object(), registeredStatus)) {
         throw ElectronicPrescriptionException(
-            {"electronicPrescriptionDispenseError", "Ошибка при отпуске лекарственного препарата по рецепту"});
+            {u"electronicPrescriptionDispenseError"_s, u"Ошибка при отпуске лекарственного препарата по рецепту"_s});
     }
     keepDispenseIds(answer.object(), *position);
 }
@@ -66,7 +66,7 @@ void ElectronicPrescriptionInterface::sendCancelMedicationDispense(const QShared
     sendPostRequest(url, headers, QJsonDocument(QJsonObject()).toJson(QJsonDocument::Indented), answer);
 
     if (!checkRequestResultStatus(answer.object(), cancelledStatus)) {
-        throw ElectronicPrescriptionException(
-            {"electronicPrescriptionCancelError", "Ошибка при отмене отпуска лекарственного препарата по рецепту"});
+        throw ElectronicPrescriptionException({u"electronicPrescriptionCancelError"_s,
+                                               u"Ошибка при отмене отпуска лекарственного препарата по рецепту"_s});
     }
 }

@@ -13,7 +13,7 @@ namespace
 ElectronicPrescriptionException unusableAnswer()
 {
     return ElectronicPrescriptionException(
-        {"electronicPrescriptionGetPrescriptionsError", "Ошибка при получении списка рецептов"});
+        {u"electronicPrescriptionGetPrescriptionsError"_s, u"Ошибка при получении списка рецептов"_s});
 }
 
 ElectronicPrescriptionNoPrescriptionsException noPrescriptions()

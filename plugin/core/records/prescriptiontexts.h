@@ -10,30 +10,35 @@ namespace prescriptiontexts
 /// Shown during a request to the registry.
 inline tr::Tr processMessage()
 {
-    return {"electronicPrescriptionProcessMessage", "Обращение к сервису электронных рецептов"};
+    using namespace Qt::StringLiterals;
+    return {u"electronicPrescriptionProcessMessage"_s, u"Обращение к сервису электронных рецептов"_s};
 }
 
 inline tr::Tr noPrescriptions()
 {
-    return {"electronicPrescriptionNoPrescriptionsError", "Рецепты не найдены"};
+    using namespace Qt::StringLiterals;
+    return {u"electronicPrescriptionNoPrescriptionsError"_s, u"Рецепты не найдены"_s};
 }
 
 // The texts of every text input.
 
 inline tr::Tr scanError()
 {
-    return {"inputTextFormScanError", "Ошибка разбора введенных данных, повторите сканирование"};
+    using namespace Qt::StringLiterals;
+    return {u"inputTextFormScanError"_s, u"Ошибка разбора введенных данных, повторите сканирование"_s};
 }
 
 /// In Cyrillic letters, as in the register's own forms.
 inline tr::Tr ok()
 {
-    return {"inputTextFormOkBtn", "ОК"};
+    using namespace Qt::StringLiterals;
+    return {u"inputTextFormOkBtn"_s, u"ОК"_s};
 }
 
 inline tr::Tr cancel()
 {
-    return {"inputTextFormCancelBtn", "Отмена"};
+    using namespace Qt::StringLiterals;
+    return {u"inputTextFormCancelBtn"_s, u"Отмена"_s};
 }
 
 } // namespace prescriptiontexts
