@@ -5,6 +5,7 @@
 #include "activitynotifier.h"
 #include "basicexception.h"
 #include "config.h"
+#include "datafolderlock.h"
 #include "demodata.h"
 #include "dialog.h"
 #include "documentwatcher.h"
@@ -108,13 +109,8 @@ std::optional<StartupFailure> RegisterApplication::lockDataFolder()
                                                             probe.errorString() + advice};
     }
     m_lockFile = std::make_unique<QLockFile>(folder + u"/register.lock"_s);
-    m_lockFile->setStaleLockTime(0); // only a lock whose process is gone is stale, whatever its age
-    if (!m_lockFile->tryLock(0)) {
-        return StartupFailure{exitstatus::alreadyRunning, u"Another register works with the data folder "_s + folder +
-                                                              u"\nClose it, or name another folder with --data DIR"_s};
-    }
     m_commandLine.dataFolder = folder;
-    return std::nullopt;
+    return takeLock(*m_lockFile);
 }
 
 std::optional<StartupFailure> RegisterApplication::readOpenDocument()

@@ -7,16 +7,31 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <QSysInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <csignal>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 constexpr int timeLimit = 60'000; // milliseconds
+
+void forbidWriting()
+{
+    const rlimit none{0, 0};
+    ::setrlimit(RLIMIT_FSIZE, &none);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
+} // namespace
 
 /// The program in a process of its own.
 class RegisterProgram : public ::testing::Test
@@ -46,6 +61,9 @@ protected:
     {
         program.setProcessChannelMode(QProcess::MergedChannels);
         program.setProcessEnvironment(environment);
+        if (writeNothing) {
+            program.setChildProcessModifier(forbidWriting);
+        }
         program.start(QString::fromUtf8(REGISTER_PROGRAM), options);
         ASSERT_TRUE(program.waitForStarted(timeLimit));
     }
@@ -67,6 +85,12 @@ protected:
         write("steps.json", "{\"steps\": " + steps + "}");
         return run(usualOptions() + QStringList{u"--play"_s, path("steps.json")} + options);
     }
+    QByteArray contentOf(const char* name) const
+    {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        return file.readAll();
+    }
     QJsonObject savedDocument() const
     {
         QFile file(path("data/receipt.json"));
@@ -81,6 +105,7 @@ protected:
     }
 
     QTemporaryDir folder;
+    bool writeNothing = false; ///< as on a full disk: files are made, but stay empty
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     QString output;
 };
@@ -192,6 +217,61 @@ TEST_F(RegisterProgram, secondRegisterOnTheSameData_endsWithStatusFive)
     first.kill();
     ASSERT_TRUE(first.waitForFinished(timeLimit));
     EXPECT_EQ(play("[]"), 0) << "the lock of a killed register does not hold";
+}
+
+TEST_F(RegisterProgram, lockFileThatSaysNothing_isTakenOver)
+{
+    for (const QByteArray content : {"", "x", "0\n\n\n"}) {
+        write("data/register.lock", content);
+        EXPECT_EQ(play("[]"), 0) << content.constData() << qPrintable(output);
+    }
+}
+
+TEST_F(RegisterProgram, lockFileThatSaysNothingIsHeld_endsWithStatusFiveAndItsName)
+{
+    write("data/register.lock", "");
+    const int held = ::open(path("data/register.lock").toUtf8().constData(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::flock(held, LOCK_EX | LOCK_NB), 0); // as a register does that has not written its name yet
+    EXPECT_EQ(play("[]"), 5);
+    EXPECT_TRUE(output.contains(u"Another register"_s)) << qPrintable(output);
+    EXPECT_TRUE(output.contains(path("data/register.lock"))) << qPrintable(output);
+    ::close(held);
+    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, lockFileOfAnotherHost_endsWithStatusFiveItsNameAndWhatToDo)
+{
+    write("data/register.lock", "12345\npharmacy-register\ntill-two.example\n");
+    EXPECT_EQ(play("[]"), 5);
+    EXPECT_TRUE(output.contains(u"process 12345 of the computer till-two.example: "_s + path("data/register.lock")))
+        << qPrintable(output);
+    EXPECT_TRUE(output.contains(u"If no register works with it there, delete that file"_s)) << qPrintable(output);
+    ASSERT_TRUE(QFile::remove(path("data/register.lock")));
+    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, lockFileOfADeadProcess_isTakenOver)
+{
+    QProcess ended;
+    ended.start(u"true"_s, QStringList());
+    ASSERT_TRUE(ended.waitForStarted(timeLimit));
+    const QByteArray process = QByteArray::number(ended.processId());
+    ASSERT_TRUE(ended.waitForFinished(timeLimit));
+    write("data/register.lock", process + "\npharmacy-register\n" + QSysInfo::machineHostName().toUtf8() + '\n');
+    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, lockFileCannotBeWritten_endsWithStatusFourAndItsName)
+{
+    const QString expected = u"The lock file "_s + path("data/register.lock") + u" cannot be written"_s;
+    writeNothing = true;
+    EXPECT_EQ(run(usualOptions()), 4);
+    EXPECT_TRUE(output.contains(expected)) << qPrintable(output);
+
+    writeNothing = false;
+    ASSERT_TRUE(QDir(path("data")).mkdir(u"register.lock"_s));
+    EXPECT_EQ(run(usualOptions()), 4);
+    EXPECT_TRUE(output.contains(expected)) << qPrintable(output);
 }
 
 TEST_F(RegisterProgram, scenarioUnreadable_endsWithStatusSix)
