@@ -8,6 +8,8 @@
 
 #include <cstdio>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -36,6 +38,7 @@ CommandLine readCommandLine(int& argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    ::umask(S_IRWXG | S_IRWXO); // documents, receipts and logs show who buys which medicine
     QCoreApplication::setApplicationName(u"pharmacy-register"_s);
     QCoreApplication::setApplicationVersion(QString::fromUtf8(REGISTER_VERSION));
 

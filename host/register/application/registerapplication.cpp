@@ -33,6 +33,34 @@
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+
+bool canBeWrittenTo(const QString& folder)
+{
+    return QDir().mkpath(folder) && QTemporaryFile(folder + u"/.writable-XXXXXX"_s).open();
+}
+
+/// Logs go to "Logging:folder", or to the folder log of the data folder when it is not configured or cannot be written
+/// to.
+void setUpLogging(Config& config, const QDir& data)
+{
+    const QString key = u"Logging:folder"_s;
+    const QString configured = config.getString(key);
+    const bool isUsed = !configured.isEmpty() && canBeWrittenTo(configured);
+    if (!isUsed) {
+        data.mkpath(u"log"_s);
+        config.setForThisRun(key, data.filePath(u"log"_s));
+    }
+    ::setUpLogging(config);
+    if (!isUsed && !configured.isEmpty()) {
+        Log4Qt::LogManager::logger(u"config"_s)
+            ->warn(key + u" cannot be written to; logs go to "_s + config.getString(key));
+    }
+}
+
+} // namespace
+
 RegisterApplication::RegisterApplication(const CommandLine& commandLine)
     : m_commandLine(commandLine)
 {
@@ -132,9 +160,7 @@ void RegisterApplication::configureThisRun()
     Config* config = Singleton<Config>::get();
     const QDir data(m_commandLine.dataFolder);
     config->setForThisRun(u"Register:data"_s, data.path());
-    data.mkpath(u"log"_s);
-    config->setForThisRun(u"Logging:folder"_s, data.filePath(u"log"_s));
-    setUpLogging(*config);
+    setUpLogging(*config, data);
     if (m_commandLine.touch) {
         config->setForThisRun(u"GUI:touchMode"_s, u"true"_s);
     }

@@ -2,6 +2,7 @@
 #include "deepfolder.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -272,6 +273,40 @@ TEST_F(RegisterProgram, lockFileCannotBeWritten_endsWithStatusFourAndItsName)
     ASSERT_TRUE(QDir(path("data")).mkdir(u"register.lock"_s));
     EXPECT_EQ(run(usualOptions()), 4);
     EXPECT_TRUE(output.contains(expected)) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, loggingFolderConfigured_logIsThere)
+{
+    write("register.ini", "[Register]\ndemoData=true\n[Logging]\nfolder=" + path("logs/till").toUtf8() + "\n");
+    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
+    EXPECT_TRUE(QFile::exists(path("logs/till/register.log")));
+    EXPECT_FALSE(QFile::exists(path("data/log")));
+}
+
+TEST_F(RegisterProgram, loggingFolderCannotBeWrittenTo_logIsInTheDataFolderAndSaysSo)
+{
+    write("register.ini", "[Register]\ndemoData=true\n[Logging]\nfolder=/proc/till\n");
+    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
+    EXPECT_TRUE(contentOf("data/log/register.log").contains("Logging:folder cannot be written to"));
+}
+
+TEST_F(RegisterProgram, whateverItWrites_isReadableByItsOwnerAlone)
+{
+    EXPECT_EQ(play(R"([{"key": "F2"}, {"type": "2990000000019"}, {"key": "Return"},
+                       {"contains": "Амоксидар", "in": "receiptTable"}])"),
+              0)
+        << qPrintable(output);
+    constexpr QFile::Permissions others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    QStringList seen;
+    QDirIterator files(path("data"), QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        seen.append(QDir(path("data")).relativeFilePath(files.next()));
+        EXPECT_FALSE(files.fileInfo().permissions() & others) << qPrintable(seen.last());
+    }
+    for (const char* file : {"receipt.json", "log", "log/register.log", "goods.sqlite", "lastreceiptnumber"}) {
+        EXPECT_TRUE(seen.contains(QLatin1StringView(file))) << file;
+    }
 }
 
 TEST_F(RegisterProgram, scenarioUnreadable_endsWithStatusSix)
