@@ -5,6 +5,7 @@
 #include "activitynotifier.h"
 #include "basicexception.h"
 #include "config.h"
+#include "configurationreport.h"
 #include "datafolderlock.h"
 #include "demodata.h"
 #include "dialog.h"
@@ -18,6 +19,7 @@
 #include "registerformcreator.h"
 #include "registerstyle.h"
 #include "scenario.h"
+#include "secretfiles.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
@@ -121,6 +123,12 @@ std::optional<StartupFailure> RegisterApplication::readConfiguration()
                                                                config->reading().failure().detail +
                                                                u"\nName an INI file with --config FILE.ini"_s};
     }
+    const ConfigurationReport report(*config, m_commandLine.config, m_commandLine.pluginFolder);
+    m_configurationProblems = report.problems;
+    if (const Expected<void> read = readSecretFiles(*config, report.keys, m_commandLine.config); !read) {
+        return StartupFailure{exitstatus::noConfiguration,
+                              u"A secret of the configuration cannot be read: "_s + read.failure().detail};
+    }
     Singleton<Config>::instance = config.release(); // lives as long as the process, like the plug-ins
     return std::nullopt;
 }
@@ -161,6 +169,9 @@ void RegisterApplication::configureThisRun()
     const QDir data(m_commandLine.dataFolder);
     config->setForThisRun(u"Register:data"_s, data.path());
     setUpLogging(*config, data);
+    for (const QString& problem : m_configurationProblems) {
+        Log4Qt::LogManager::logger(u"config"_s)->warn(problem);
+    }
     if (m_commandLine.touch) {
         config->setForThisRun(u"GUI:touchMode"_s, u"true"_s);
     }
@@ -240,6 +251,7 @@ void RegisterApplication::resumeWork()
     }
     m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
     showPlugins();
+    showConfigurationProblems();
     m_till->restore(std::exchange(m_savedDocument, QSharedPointer<Document>()));
     if (m_till->document()) {
         m_window->statusLine().showWarning(documentwords::restored(*m_till->document()));
@@ -249,6 +261,17 @@ void RegisterApplication::resumeWork()
     auto* locker = Singleton<InactivityLocker>::get();
     QObject::connect(locker, &InactivityLocker::lock, m_window.get(), &RegisterWindow::lock);
     locker->start();
+}
+
+void RegisterApplication::showConfigurationProblems()
+{
+    if (m_configurationProblems.isEmpty()) {
+        return;
+    }
+    const tr::Tr notice(
+        u"configurationProblems"_s,
+        u"Замечаний к настройкам: %1. Какие: в журнале и по команде pharmacy-register --check-config"_s);
+    m_window->statusLine().addMessage(notice.arg(QString::number(m_configurationProblems.size())).ui());
 }
 
 void RegisterApplication::checkCatalogue() const

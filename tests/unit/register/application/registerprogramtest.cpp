@@ -309,6 +309,76 @@ TEST_F(RegisterProgram, whateverItWrites_isReadableByItsOwnerAlone)
     }
 }
 
+TEST_F(RegisterProgram, configurationWithMistakes_areNamedInLogAndStatusLineAndTheRegisterStarts)
+{
+    write("register.ini", "[Register]\ndemoData=true\nUnlockCode=1234\n[GUI]\ntouchMode=maybe\n");
+    EXPECT_EQ(play(R"([{"contains": "Замечаний к настройкам: 2", "in": "statusMessageLabel"},
+                       {"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}])"),
+              0)
+        << qPrintable(output);
+    const QByteArray log = contentOf("data/log/register.log");
+    EXPECT_TRUE(log.contains("register.ini:3: Register:UnlockCode is unknown; did you mean Register:unlockCode?"))
+        << log.constData();
+    EXPECT_TRUE(log.contains("register.ini:5: GUI:touchMode wants true or false")) << log.constData();
+    EXPECT_FALSE(log.contains("1234"));
+}
+
+TEST_F(RegisterProgram, checkConfig_namesTheMistakesAndEndsWithStatusThree)
+{
+    takeDisplayAway();
+    write("register.ini", "[Register]\nUnlockCode=1234\n[RestClient]\ncaFile=/nowhere.pem\n");
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3);
+    EXPECT_EQ(output,
+              path("register.ini") + u":2: Register:UnlockCode is unknown; did you mean Register:unlockCode?\n"_s +
+                  path("register.ini") + u":4: RestClient:caFile names no file that can be read: /nowhere.pem\n"_s);
+    EXPECT_TRUE(QDir(path("data")).isEmpty());
+}
+
+TEST_F(RegisterProgram, checkConfigOfARightConfiguration_endsWithStatusZero)
+{
+    takeDisplayAway();
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 0);
+    EXPECT_EQ(output, path("register.ini") + u": nothing is wrong\n"_s);
+}
+
+TEST_F(RegisterProgram, checkConfigOfWhatCannotBeRead_endsWithStatusThree)
+{
+    write("register.ini", "[Register]\nthis is no entry\n");
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3);
+    EXPECT_TRUE(output.contains(u"neither a section nor a key"_s)) << qPrintable(output);
+    write("register.ini", "");
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s, u"--plugins"_s, path("nowhere")}), 3);
+    EXPECT_TRUE(output.contains(path("nowhere") + u" is no plug-in folder"_s)) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, keysOfAPlugin_areKnownFromItsFolder)
+{
+    write("register.ini", "[Weather]\nplace=here\n");
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3);
+    ASSERT_TRUE(QDir(path("plugins")).mkdir(u"weather"_s));
+    write("plugins/weather/configuration.json", R"({"keys": [{"key": "Weather:place", "type": "text"}]})");
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, unlockCodeInAFileOfItsOwn_unlocksTheWindow)
+{
+    write("register.ini", "[Register]\ndemoData=true\nunlockCodeFile=code\n[GUI]\ninactivityLockSeconds=1\n");
+    write("code", "2468\n");
+    ASSERT_TRUE(QFile::setPermissions(path("code"), QFile::ReadOwner | QFile::WriteOwner));
+    EXPECT_EQ(play(R"([{"wait": "lockScreen", "seconds": 30}, {"type": "2468"}, {"key": "Return"},
+                       {"visible": false, "in": "lockScreen"}, {"expect": "", "in": "statusMessageLabel"}])"),
+              0)
+        << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, secretsFileIsNotThere_endsWithStatusThreeWithKeyAndFile)
+{
+    write("register.ini", "[Register]\nunlockCodeFile=code\n");
+    EXPECT_EQ(play("[]"), 3);
+    EXPECT_TRUE(output.contains(u"Register:unlockCodeFile: "_s + path("code") + u" is not there"_s))
+        << qPrintable(output);
+}
+
 TEST_F(RegisterProgram, scenarioUnreadable_endsWithStatusSix)
 {
     EXPECT_EQ(run(usualOptions() + QStringList{u"--play"_s, path("absent.json")}), 6);
