@@ -12,7 +12,7 @@ class Config;
 /// The keys of the register and of the plug-ins in a folder, and what is wrong with the configuration.
 struct ConfigurationReport {
     ConfigurationKeys keys;
-    QStringList problems; ///< in English, with file, line and key; they hold no value
+    QStringList problems; ///< in English, with file, line and key; of values they hold paths only
 
     /// @param config as it was read from `file`
     ConfigurationReport(const Config& config, const QString& file, const QString& pluginFolder);

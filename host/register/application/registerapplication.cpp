@@ -268,9 +268,8 @@ void RegisterApplication::showConfigurationProblems()
     if (m_configurationProblems.isEmpty()) {
         return;
     }
-    const tr::Tr notice(
-        u"configurationProblems"_s,
-        u"Замечаний к настройкам: %1. Какие: в журнале и по команде pharmacy-register --check-config"_s);
+    const tr::Tr notice(u"configurationProblems"_s,
+                        u"Замечаний к настройкам: %1. Сообщите администратору: подробности в журнале."_s);
     m_window->statusLine().addMessage(notice.arg(QString::number(m_configurationProblems.size())).ui());
 }
 

@@ -12,7 +12,7 @@ class Config;
 struct ConfigurationFinding {
     QString key;  ///< "section:key"
     int line;     ///< in the file, from 1; 0: it cannot be found there
-    QString text; ///< what is wrong and what to do, in English; never a value, which may be a secret
+    QString text; ///< what is wrong and what to do, in English; of values it has paths of files and folders only
 
     /// For a person: "register.ini:12: Register:UnlockCode is unknown …".
     QString description(const QString& file) const;

@@ -277,8 +277,8 @@ To dispense another quantity remove the position and dispense it anew.</translat
         <translation>Plug-ins: %1</translation>
     </message>
     <message id="configurationProblems">
-        <source>Замечаний к настройкам: %1. Какие: в журнале и по команде pharmacy-register --check-config</source>
-        <translation>Problems in the settings: %1. The log and the command pharmacy-register --check-config name them</translation>
+        <source>Замечаний к настройкам: %1. Сообщите администратору: подробности в журнале.</source>
+        <translation>Problems in the settings: %1. Tell the administrator: the log has details.</translation>
     </message>
     <message id="pluginProblems">
         <source>Модуль не подключён: %1</source>
