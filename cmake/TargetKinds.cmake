@@ -15,8 +15,8 @@ endfunction()
 
 # add_register_plugin(NAME LIBRARIES lib... [LAYOUTS file...])
 #
-# A plug-in that the register loads. LIBRARIES are (object) libraries that hold its code. LAYOUTS are the .ui files
-# and the positionmarks.json that it brings; they are copied into a folder of the plug-in's name beside the library.
+# A plug-in that the register loads. LIBRARIES are (object) libraries that hold its code. LAYOUTS are the .ui files,
+# the positionmarks.json and the configuration.json that it brings; they are copied into a folder of the plug-in's name beside the library.
 function(add_register_plugin NAME)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "LIBRARIES;LAYOUTS")
     add_library(${NAME} MODULE)

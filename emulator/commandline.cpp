@@ -23,6 +23,18 @@ quint16 portOf(const QCommandLineParser& parser, const QCommandLineOption& optio
     }
     return quint16(port);
 }
+
+std::chrono::seconds secondsOf(const QCommandLineParser& parser, const QCommandLineOption& option)
+{
+    constexpr int most = 24 * 60 * 60;
+    bool isNumber = false;
+    const int seconds = parser.value(option).toInt(&isNumber);
+    if (!isNumber || seconds < 1 || seconds > most) {
+        throw EmulatorError(u"--%1 takes seconds from 1 to %2, not \"%3\""_s.arg(
+            option.names().constFirst(), QString::number(most), parser.value(option)));
+    }
+    return std::chrono::seconds(seconds);
+}
 } // namespace
 
 CommandLine CommandLine::read(const QStringList& arguments)
@@ -36,6 +48,8 @@ CommandLine CommandLine::read(const QStringList& arguments)
                                   u"FILE"_s);
     const QCommandLineOption seed(u"seed"_s, u"What the registry begins with; not used for data that is there."_s,
                                   u"FILE.json"_s);
+    const QCommandLineOption readTimeout(u"read-timeout"_s, u"Seconds from the first byte of a request to its last."_s,
+                                         u"SECONDS"_s, u"30"_s);
     const QCommandLineOption certificate(u"tls-certificate"_s,
                                          u"PEM certificate with its chain; the registry speaks HTTPS."_s, u"FILE"_s);
     const QCommandLineOption key(u"tls-key"_s, u"PEM key of the certificate, without a passphrase."_s, u"FILE"_s);
@@ -44,7 +58,7 @@ CommandLine CommandLine::read(const QStringList& arguments)
     parser.setApplicationDescription(u"A stand-in for the national registry of electronic prescriptions."_s);
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions({port, adminPort, basePath, data, seed, certificate, key});
+    parser.addOptions({port, adminPort, basePath, data, seed, readTimeout, certificate, key});
     if (!parser.parse(arguments)) {
         throw EmulatorError(parser.errorText());
     }
@@ -65,6 +79,7 @@ CommandLine CommandLine::read(const QStringList& arguments)
     }
     commandLine.settings.basePath = parser.value(basePath);
     commandLine.settings.dataFile = parser.value(data);
+    commandLine.settings.readTimeout = secondsOf(parser, readTimeout);
     commandLine.settings.tlsCertificate = parser.value(certificate);
     commandLine.settings.tlsKey = parser.value(key);
     commandLine.seedFile = parser.value(seed);

@@ -32,15 +32,18 @@ void RegistryEmulator::start()
     if (!m_settings.tlsCertificate.isEmpty() || !m_settings.tlsKey.isEmpty()) {
         tls = tlsIdentity(m_settings.tlsCertificate, m_settings.tlsKey);
     }
-    auto registryServer = std::make_unique<HttpServer>(RequestHandler{
-        [this](const HttpRequest& request) { return m_registry.answer(request); },
-        [this](const HttpRequest& request, int status) { return m_registry.answerUnreadable(request, status); }});
+    auto registryServer = std::make_unique<HttpServer>(
+        RequestHandler{
+            [this](const HttpRequest& request) { return m_registry.answer(request); },
+            [this](const HttpRequest& request, int status) { return m_registry.answerUnreadable(request, status); }},
+        m_settings.readTimeout);
     registryServer->listen(m_settings.port, tls);
     std::unique_ptr<HttpServer> adminServer;
     if (m_settings.adminPort) {
         adminServer = std::make_unique<HttpServer>(
             RequestHandler{[this](const HttpRequest& request) { return m_admin.answer(request); },
-                           [](const HttpRequest&, int status) { return AdminApi::unreadable(status); }});
+                           [](const HttpRequest&, int status) { return AdminApi::unreadable(status); }},
+            m_settings.readTimeout);
         adminServer->listen(*m_settings.adminPort);
         m_settings.adminPort = adminServer->port();
     }

@@ -29,6 +29,15 @@ HttpAnswer done()
     return HttpAnswer::json(200, {{u"done"_s, true}});
 }
 
+/// A page in a browser reaches a loopback port by a name of its own, which it lets point here, but not under a name
+/// that is ours (DNS rebinding).
+bool isForThisMachine(const HttpRequest& request)
+{
+    const QByteArray host = request.header("Host").toLower();
+    const QByteArray name = host.left(host.contains(':') ? host.lastIndexOf(':') : host.size());
+    return name == "localhost" || name == "127.0.0.1";
+}
+
 QJsonObject json(const Dispense& dispense)
 {
     return {{u"id"_s, dispense.id},
@@ -134,6 +143,9 @@ Delivery AdminApi::unreadable(int status)
 
 HttpAnswer AdminApi::carryOut(const HttpRequest& request)
 {
+    if (!isForThisMachine(request)) {
+        return failure(403, u"Host has to be localhost or 127.0.0.1"_s);
+    }
     const QByteArray path = request.path();
     QByteArrayList methods;
     for (const Operation& operation : operations()) {
@@ -141,6 +153,10 @@ HttpAnswer AdminApi::carryOut(const HttpRequest& request)
             continue;
         }
         if (operation.method == request.method) {
+            // A page of another site may send texts and forms without asking, but not JSON.
+            if (request.method == "POST" && request.mediaType() != "application/json") {
+                return failure(415, u"Content-Type has to be application/json"_s);
+            }
             return (this->*operation.carryOut)(request);
         }
         methods.append(operation.method);

@@ -7,7 +7,8 @@
 
 namespace emulator
 {
-/// The emulator's remote control: JSON over HTTP. Its requests are listed in docs/emulator.md.
+/// The emulator's remote control: JSON over HTTP. Its requests are listed in docs/emulator.md. Pages that a browser on
+/// the same machine shows cannot use it: the request has to name this machine as its host, and a POST has to be JSON.
 class AdminApi
 {
 public:

@@ -9,10 +9,12 @@ namespace emulator
 {
 namespace
 {
+constexpr int statusTimedOut = 408;
 constexpr std::chrono::seconds unreadRest{2}; // time for a refused client to read its answer and to stop sending
 } // namespace
 
-Connection::Connection(QTcpSocket* socket, quint64 number, const RequestHandler& handler, QObject* parent)
+Connection::Connection(QTcpSocket* socket, quint64 number, const RequestHandler& handler,
+                       std::chrono::milliseconds readTimeout, QObject* parent)
     : QObject(parent)
     , m_socket(socket)
     , m_number(number)
@@ -22,6 +24,9 @@ Connection::Connection(QTcpSocket* socket, quint64 number, const RequestHandler&
     m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::PreciseTimer);
+    m_readLimit.setSingleShot(true);
+    m_readLimit.setInterval(readTimeout);
+    connect(&m_readLimit, &QTimer::timeout, this, [this] { refuse(statusTimedOut); });
     connect(m_socket, &QTcpSocket::readyRead, this, &Connection::readRequests);
     connect(m_socket, &QTcpSocket::bytesWritten, this, &Connection::continueWhenSent);
     if (auto* secure = qobject_cast<QSslSocket*>(m_socket)) {
@@ -51,14 +56,14 @@ void Connection::readRequests()
             m_socket->write("HTTP/1.1 100 Continue\r\n\r\n");
         }
         if (state == RequestParser::State::Incomplete) {
+            if (m_parser.hasBegun() && !m_readLimit.isActive()) {
+                m_readLimit.start();
+            }
             return;
         }
+        m_readLimit.stop();
         if (state == RequestParser::State::Unreadable) {
-            m_unreadable = true;
-            m_received.clear();
-            HttpRequest nothing;
-            nothing.connection = m_number;
-            start(m_handler.answerUnreadable(nothing, m_parser.status()), false);
+            refuse(m_parser.status());
             return;
         }
         HttpRequest request = m_parser.take();
@@ -66,6 +71,15 @@ void Connection::readRequests()
         m_withBody = request.method != "HEAD";
         start(m_handler.answer(request), request.keepAlive);
     }
+}
+
+void Connection::refuse(int status)
+{
+    m_unreadable = true;
+    m_received.clear();
+    HttpRequest nothing;
+    nothing.connection = m_number;
+    start(m_handler.answerUnreadable(nothing, status), false);
 }
 
 void Connection::start(Delivery delivery, bool keepAlive)

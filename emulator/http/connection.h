@@ -16,7 +16,7 @@ struct RequestHandler {
     std::function<Delivery(const HttpRequest&)> answer;
     /// Answers bytes that are no request.
     /// @param request has only the number of the connection
-    /// @param status  see RequestParser::status()
+    /// @param status  see RequestParser::status(); 408 when the request was not whole in time
     std::function<Delivery(const HttpRequest& request, int status)> answerUnreadable;
 };
 
@@ -30,11 +30,16 @@ public:
     /// @param socket  connected; the connection becomes its owner
     /// @param number  for HttpRequest::connection
     /// @param handler outlives the connection
-    Connection(QTcpSocket* socket, quint64 number, const RequestHandler& handler, QObject* parent);
+    /// @param readTimeout from the first byte of a request to its last; then it is answered with 408, and the
+    /// connection
+    ///        is closed. A connection without a request may wait for ever
+    Connection(QTcpSocket* socket, quint64 number, const RequestHandler& handler, std::chrono::milliseconds readTimeout,
+               QObject* parent);
     ~Connection() override;
 
 private:
     void readRequests();
+    void refuse(int status);
     void start(Delivery delivery, bool keepAlive);
     void deliver();
     void sendWhole();
@@ -54,6 +59,7 @@ private:
     QByteArray m_received;
     Delivery m_delivery;
     QTimer m_timer;
+    QTimer m_readLimit; ///< runs while a request has begun and is not whole
     qsizetype m_dripped = 0;
     bool m_withBody = true; ///< false for the answer to HEAD
     bool m_keepAlive = true;

@@ -22,4 +22,9 @@ QByteArray HttpRequest::query() const
     const qsizetype mark = target.indexOf('?');
     return mark < 0 ? QByteArray() : target.mid(mark + 1);
 }
+
+QByteArray HttpRequest::mediaType() const
+{
+    return header("Content-Type").split(';').constFirst().trimmed().toLower();
+}
 } // namespace emulator

@@ -20,5 +20,7 @@ struct HttpRequest {
     QByteArray query() const;
     /// See headerValue().
     QByteArray header(const QByteArray& name) const { return headerValue(headers, name); }
+    /// The media type of the body in lower case, without parameters; empty when none is named.
+    QByteArray mediaType() const;
 };
 } // namespace emulator

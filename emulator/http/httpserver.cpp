@@ -14,9 +14,10 @@ namespace
 constexpr int waitingConnections = 4096; // at once, handshakes included
 } // namespace
 
-HttpServer::HttpServer(RequestHandler handler, QObject* parent)
+HttpServer::HttpServer(RequestHandler handler, std::chrono::milliseconds readTimeout, QObject* parent)
     : QObject(parent)
     , m_handler(std::move(handler))
+    , m_readTimeout(readTimeout)
 {
 }
 
@@ -51,7 +52,7 @@ quint16 HttpServer::port() const
 void HttpServer::accept()
 {
     while (QTcpSocket* socket = m_server->nextPendingConnection()) {
-        new Connection(socket, ++m_connectionCount, m_handler, this);
+        new Connection(socket, ++m_connectionCount, m_handler, m_readTimeout, this);
     }
 }
 } // namespace emulator

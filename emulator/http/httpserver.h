@@ -17,7 +17,8 @@ class HttpServer : public QObject
     Q_OBJECT
 
 public:
-    explicit HttpServer(RequestHandler handler, QObject* parent = nullptr);
+    /// @param readTimeout see Connection
+    HttpServer(RequestHandler handler, std::chrono::milliseconds readTimeout, QObject* parent = nullptr);
     ~HttpServer() override;
 
     /// Listens on 127.0.0.1. Throws EmulatorError.
@@ -34,6 +35,7 @@ private:
     void accept();
 
     RequestHandler m_handler;
+    std::chrono::milliseconds m_readTimeout;
     std::unique_ptr<QTcpServer> m_server;
     quint64 m_connectionCount = 0;
 };

@@ -77,6 +77,11 @@ RequestParser::State RequestParser::read(QByteArray& bytes)
     return parser.is_done() ? State::Complete : State::Incomplete;
 }
 
+bool RequestParser::hasBegun() const
+{
+    return m_reader->parser.got_some();
+}
+
 bool RequestParser::takeContinueRequest()
 {
     return std::exchange(m_continueRequested, false);

@@ -27,6 +27,9 @@ public:
     /// Removes from `bytes` what belongs to the present request. Bytes of the next request stay.
     State read(QByteArray& bytes);
 
+    /// True when a byte of the present request was read.
+    bool hasBegun() const;
+
     /// True once when the head asks for "100 Continue" before its body is sent (RFC 9110, section 10.1.1).
     bool takeContinueRequest();
 

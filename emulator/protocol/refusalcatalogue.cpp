@@ -17,6 +17,7 @@ constexpr RefusalRow tokenRequest(Code code, int status, const char16_t* text, c
 constexpr RefusalRow catalogue[] = {
     // Bytes that are no request
     {Code::RequestUnreadable, 400, u"Запрос не удалось разобрать"},
+    {Code::RequestNotInTime, 408, u"Запрос не пришёл целиком вовремя"},
     {Code::BodyTooLarge, 413, u"Тело запроса слишком велико"},
     {Code::HeadersTooLarge, 431, u"Заголовки запроса слишком велики"},
     {Code::HttpVersionUnknown, 505, u"Версия HTTP не поддерживается"},

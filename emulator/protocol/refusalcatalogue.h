@@ -14,6 +14,7 @@ Q_NAMESPACE
 enum class RefusalCode : int {
     // Bytes that are no request
     RequestUnreadable,
+    RequestNotInTime,
     BodyTooLarge,
     HeadersTooLarge,
     HttpVersionUnknown,

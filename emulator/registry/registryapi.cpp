@@ -17,8 +17,7 @@ namespace
 {
 void demandJson(const HttpRequest& request)
 {
-    const QByteArray type = request.header("Content-Type").split(';').first().trimmed().toLower();
-    demand(type == "application/json", RefusalCode::BodyNotJson);
+    demand(request.mediaType() == "application/json", RefusalCode::BodyNotJson);
 }
 
 QString parameter(const DecodedPairs& query, const QString& name)
@@ -59,6 +58,8 @@ HttpAnswer RegistryApi::answer(const HttpRequest& request, const Route& route)
 HttpAnswer RegistryApi::unreadable(int status)
 {
     switch (status) {
+    case 408:
+        return Refusal(RefusalCode::RequestNotInTime).answer();
     case 413:
         return Refusal(RefusalCode::BodyTooLarge).answer();
     case 431:

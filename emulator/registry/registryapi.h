@@ -19,7 +19,7 @@ public:
     /// Never throws: a refusal is an answer too.
     HttpAnswer answer(const HttpRequest& request, const Route& route);
     /// The answer to bytes that are no request.
-    /// @param status 400, 413, 431 or 505
+    /// @param status 400, 408, 413, 431 or 505
     static HttpAnswer unreadable(int status);
 
     TokenService& tokens() { return m_tokens; }

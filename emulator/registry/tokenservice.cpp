@@ -27,8 +27,7 @@ QByteArray newToken()
 /// The parameters of a token request by name. A name may occur once (RFC 6749, section 3.2).
 QHash<QString, QString> parameters(const HttpRequest& request)
 {
-    const QByteArray type = request.header("Content-Type").split(';').first().trimmed().toLower();
-    demand(type == "application/x-www-form-urlencoded", RefusalCode::TokenRequestNoForm);
+    demand(request.mediaType() == "application/x-www-form-urlencoded", RefusalCode::TokenRequestNoForm);
     const auto pairs = decodeForm(request.body);
     demand(pairs.has_value(), RefusalCode::TokenRequestUndecodable);
     QHash<QString, QString> values;

@@ -27,7 +27,7 @@ public:
     Delivery answer(const HttpRequest& request);
     /// The answer to bytes that are no request.
     /// @param request has only the number of the connection
-    /// @param status  400, 413, 431 or 505
+    /// @param status  400, 408, 413, 431 or 505
     Delivery answerUnreadable(const HttpRequest& request, int status);
 
     /// Takes the seed for reset(). Throws EmulatorError, and changes nothing, when the seed has a mistake.

@@ -173,6 +173,7 @@ void Pharmacy::writeConfiguration(const QString& file) const
         ini += "[" + it.key().toUtf8() + "]\n" + it.value() + "\n";
     }
     write(file, ini);
+    ASSERT_TRUE(QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner)); // it holds a secret
 }
 
 Pharmacy::Outcome Pharmacy::waitForEnd()

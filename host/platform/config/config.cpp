@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "config.h"
 
+#include "configvalue.h"
+
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
@@ -101,12 +103,8 @@ bool Config::getBool(const QString& key, bool def) const
     if (found == m_values.constEnd()) {
         return def;
     }
-    const QString value = found->trimmed().toLower();
-    if (value == u"true" || value == u"yes" || value == u"on" || value == u"1") {
-        return true;
-    }
-    if (value.isEmpty() || value == u"false" || value == u"no" || value == u"off" || value == u"0") {
-        return false;
+    if (const std::optional<bool> flag = flagValue(*found)) {
+        return *flag;
     }
     warnAbout(key, u"true or false"_s);
     return def;
@@ -123,13 +121,18 @@ int Config::getInt(const QString& key, int def) const
     if (found == m_values.constEnd()) {
         return def;
     }
-    bool isNumber = false;
-    const int number = found->trimmed().toInt(&isNumber);
-    if (isNumber) {
-        return number;
+    if (const std::optional<int> number = numberValue(*found)) {
+        return *number;
     }
     warnAbout(key, u"a whole number between -2147483648 and 2147483647"_s);
     return def;
+}
+
+QStringList Config::keys() const
+{
+    QStringList keys = m_values.keys();
+    keys.sort();
+    return keys;
 }
 
 void Config::setForThisRun(const QString& key, const QString& value)

@@ -7,6 +7,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 /// The register's configuration: an INI file in UTF-8.
 ///
@@ -35,6 +36,9 @@ public:
 
     /// Sets a value for this run: it wins over the file and is never written to it. For command-line options.
     virtual void setForThisRun(const QString& key, const QString& value);
+
+    /// Every key that has a value, "section:key", in alphabetical order.
+    QStringList keys() const;
 
     /// What came of reading the file: a failure when there is none, or when it is no INI file in UTF-8. An empty
     /// configuration was read well.

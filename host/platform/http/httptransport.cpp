@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "httptransport_p.h"
 
+#include "curloptions_p.h"
+#include "finally.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
@@ -12,6 +18,8 @@
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -80,6 +88,17 @@ void append(HeaderList& list, const QByteArray& line)
     list.reset(curl_slist_append(list.release(), line.constData()));
 }
 
+/// Runs the application's events. An exception from one of them has nothing to do with the request: its outcome is
+/// worth more, and what the exception says may be about a patient.
+void runEvents()
+{
+    try {
+        QCoreApplication::processEvents();
+    } catch (...) {
+        Log4Qt::LogManager::logger(u"restclient"_s)->error(u"An event handler threw while a request was under way"_s);
+    }
+}
+
 /// libcurl's notation: "Name;" sends an empty value, "Name:" keeps one of its own headers back.
 HeaderList headerLines(const HttpRequest& request)
 {
@@ -129,24 +148,40 @@ struct HttpTransport::Exchange {
     }
 };
 
+HttpTransport::Connections HttpTransport::newConnections()
+{
+    Connections connections(curl_multi_init());
+    // Without this limit libcurl's own holds, so that nothing depends on it.
+    curl_multi_setopt(connections.get(), CURLMOPT_MAXCONNECTS, mostConnections);
+    return connections;
+}
+
 HttpTransport::HttpTransport()
 {
     initialise();
     m_easy.reset(curl_easy_init());
-    m_multi.reset(curl_multi_init());
+    m_multi = newConnections();
 }
 
 HttpTransport::~HttpTransport() = default;
 
 HttpAnswer HttpTransport::exchange(const HttpRequest& request, const QDeadlineTimer& deadline)
 {
-    m_isBusy = true;
-    dropStaleConnections();
     Exchange exchange(request);
-    configure(exchange);
+    m_isBusy = true;
+    const Finally ending([this] {
+        curl_easy_reset(m_easy.get()); // it points to the exchange
+        m_isBusy = false;
+    });
+    dropStaleConnections();
+    HttpAnswer& answer = exchange.answer;
+    if (const Expected<void> configured = configure(exchange); !configured) {
+        answer.error = TransportError::OptionRefused;
+        answer.detail = configured.failure().detail;
+        return answer;
+    }
     const CURLcode code = perform(deadline);
 
-    HttpAnswer& answer = exchange.answer;
     answer.error = exchange.isTooLarge ? TransportError::AnswerTooLarge : errorOf(code);
     // The repeated POST that was held back: its first connection broke before an answer came.
     if (code == CURLE_ABORTED_BY_CALLBACK) {
@@ -163,9 +198,6 @@ HttpAnswer HttpTransport::exchange(const HttpRequest& request, const QDeadlineTi
     if (answer.detail.isEmpty() && code != CURLE_OK) {
         answer.detail = QString::fromUtf8(curl_easy_strerror(code));
     }
-
-    curl_easy_reset(m_easy.get()); // it points to the exchange
-    m_isBusy = false;
     return answer;
 }
 
@@ -179,63 +211,64 @@ void HttpTransport::dropStaleConnections()
     });
     if (anyStale) {
         m_multi.reset();
-        m_multi.reset(curl_multi_init());
+        m_multi = newConnections();
     }
 }
 
-void HttpTransport::configure(Exchange& exchange)
+Expected<void> HttpTransport::configure(Exchange& exchange)
 {
-    CURL* easy = m_easy.get();
+    CurlOptions options(m_easy.get());
     const HttpRequest& request = exchange.request;
 
-    curl_easy_setopt(easy, CURLOPT_URL, exchange.url.constData());
-    curl_easy_setopt(easy, CURLOPT_PATH_AS_IS, 1L);
-    curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, long(CURL_HTTP_VERSION_1_1));
-    curl_easy_setopt(easy, CURLOPT_HTTPHEADER, exchange.headers.get());
+    options.set(CURLOPT_URL, exchange.url.constData());
+    options.set(CURLOPT_PATH_AS_IS, 1L);
+    options.set(CURLOPT_PROTOCOLS_STR, "http,https");
+    options.set(CURLOPT_HTTP_VERSION, long(CURL_HTTP_VERSION_1_1));
+    options.set(CURLOPT_HTTPHEADER, exchange.headers.get());
 
     const bool isPost = request.method == HttpRequest::Method::Post;
     if (isPost || !request.body.isEmpty()) {
-        curl_easy_setopt(easy, CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t(request.body.size()));
-        curl_easy_setopt(easy, CURLOPT_POSTFIELDS, request.body.constData());
+        options.set(CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t(request.body.size()));
+        options.set(CURLOPT_POSTFIELDS, request.body.constData());
         if (!isPost) {
-            curl_easy_setopt(easy, CURLOPT_CUSTOMREQUEST, "GET");
+            options.set(CURLOPT_CUSTOMREQUEST, "GET");
         }
     }
-    curl_easy_setopt(easy, CURLOPT_PREREQFUNCTION, admitRequest);
-    curl_easy_setopt(easy, CURLOPT_PREREQDATA, &exchange);
+    options.set(CURLOPT_PREREQFUNCTION, admitRequest);
+    options.set(CURLOPT_PREREQDATA, &exchange);
 
-    curl_easy_setopt(easy, CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
-    curl_easy_setopt(easy, CURLOPT_SSL_VERIFYPEER, 1L);
-    curl_easy_setopt(easy, CURLOPT_SSL_VERIFYHOST, 2L);
+    options.set(CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
+    options.set(CURLOPT_SSL_VERIFYPEER, 1L);
+    options.set(CURLOPT_SSL_VERIFYHOST, 2L);
     if (!request.certificates.isEmpty()) {
         // A blob, because libcurl compares blobs when it reuses connections and TLS sessions.
         curl_blob certificates = {const_cast<char*>(request.certificates.constData()),
                                   size_t(request.certificates.size()), CURL_BLOB_NOCOPY};
-        curl_easy_setopt(easy, CURLOPT_CAINFO_BLOB, &certificates);
-        curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);
+        options.set(CURLOPT_CAINFO_BLOB, &certificates);
+        options.set(CURLOPT_CAPATH, static_cast<char*>(nullptr));
     }
 
-    curl_easy_setopt(easy, CURLOPT_PROXY, request.proxy.isEmpty() ? "" : request.proxy.constData());
-    curl_easy_setopt(easy, CURLOPT_NOPROXY, "");
+    options.set(CURLOPT_PROXY, request.proxy.isEmpty() ? "" : request.proxy.constData());
+    options.set(CURLOPT_NOPROXY, "");
 
-    curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+    options.set(CURLOPT_NOSIGNAL, 1L);
     // A name server that does not answer must not hold the window after the time is up.
-    curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
-    curl_easy_setopt(easy, CURLOPT_TCP_KEEPALIVE, 1L);
-    curl_easy_setopt(easy, CURLOPT_MAXAGE_CONN, longestIdleSeconds);
-    curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, openSocket);
-    curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, this);
-    curl_easy_setopt(easy, CURLOPT_CLOSESOCKETFUNCTION, closeSocket);
-    curl_easy_setopt(easy, CURLOPT_CLOSESOCKETDATA, this);
-    curl_multi_setopt(m_multi.get(), CURLMOPT_MAXCONNECTS, mostConnections);
+    options.set(CURLOPT_QUICK_EXIT, 1L);
+    options.set(CURLOPT_TCP_KEEPALIVE, 1L);
+    options.set(CURLOPT_MAXAGE_CONN, longestIdleSeconds);
+    options.set(CURLOPT_OPENSOCKETFUNCTION, openSocket);
+    options.set(CURLOPT_OPENSOCKETDATA, this);
+    options.set(CURLOPT_CLOSESOCKETFUNCTION, closeSocket);
+    options.set(CURLOPT_CLOSESOCKETDATA, this);
 
-    curl_easy_setopt(easy, CURLOPT_MAXFILESIZE_LARGE, curl_off_t(largestAnswer));
-    curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, takeHeader);
-    curl_easy_setopt(easy, CURLOPT_HEADERDATA, &exchange);
-    curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, takeBody);
-    curl_easy_setopt(easy, CURLOPT_WRITEDATA, &exchange);
-    curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, exchange.detail.data());
+    options.set(CURLOPT_ACCEPT_ENCODING, "gzip, deflate");
+    options.set(CURLOPT_MAXFILESIZE_LARGE, curl_off_t(largestAnswer));
+    options.set(CURLOPT_HEADERFUNCTION, takeHeader);
+    options.set(CURLOPT_HEADERDATA, &exchange);
+    options.set(CURLOPT_WRITEFUNCTION, takeBody);
+    options.set(CURLOPT_WRITEDATA, &exchange);
+    options.set(CURLOPT_ERRORBUFFER, exchange.detail.data());
+    return options.outcome();
 }
 
 /// Events run whenever a slice of time has passed, not before: a server that answers at once is not kept waiting.
@@ -246,6 +279,7 @@ CURLcode HttpTransport::perform(const QDeadlineTimer& deadline)
     if (curl_multi_add_handle(multi, m_easy.get()) != CURLM_OK) {
         return code;
     }
+    const Finally removing([this] { curl_multi_remove_handle(m_multi.get(), m_easy.get()); });
     QElapsedTimer sinceEvents;
     sinceEvents.start();
     for (;;) {
@@ -266,11 +300,10 @@ CURLcode HttpTransport::perform(const QDeadlineTimer& deadline)
         }
         curl_multi_poll(multi, nullptr, 0, longestSliceMs, nullptr);
         if (QCoreApplication::instance() && sinceEvents.elapsed() >= longestSliceMs) {
-            QCoreApplication::processEvents();
+            runEvents();
             sinceEvents.restart();
         }
     }
-    curl_multi_remove_handle(multi, m_easy.get());
     return code;
 }
 

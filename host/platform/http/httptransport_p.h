@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "expected.h"
 #include "transporterror_p.h"
 
 #include <QByteArray>
@@ -47,7 +48,8 @@ struct HttpAnswer {
 /// Sends single requests over HTTP/1.1 and keeps the connections for the next ones.
 ///
 /// While it waits for the server it lets the application's events run; it does not keep input away (see InputBlocker).
-/// A request is never redirected, and a POST goes out at most once. Not re-entrant: see isBusy(). Main thread.
+/// An exception from such an event is logged, and the request goes on. A request is never redirected, and a POST goes
+/// out at most once. A compressed body (RFC 9110, 8.4.1) is unpacked. Not re-entrant: see isBusy(). Main thread.
 class HttpTransport
 {
 public:
@@ -70,8 +72,12 @@ private:
         void operator()(CURLM* multi) const { curl_multi_cleanup(multi); }
     };
 
+    using Connections = std::unique_ptr<CURLM, MultiDeleter>;
+
+    static Connections newConnections();
     void dropStaleConnections();
-    void configure(Exchange& exchange);
+    /// @return a failure when libcurl did not take an option; the request must not go out then
+    Expected<void> configure(Exchange& exchange);
     CURLcode perform(const QDeadlineTimer& deadline);
     /// A header's value in the last answer; empty when it has none of that name.
     QByteArray header(const char* name) const;
@@ -87,5 +93,5 @@ private:
     std::vector<curl_socket_t> m_sockets;
     /// Kept from request to request for its TLS sessions.
     std::unique_ptr<CURL, EasyDeleter> m_easy;
-    std::unique_ptr<CURLM, MultiDeleter> m_multi;
+    Connections m_multi;
 };

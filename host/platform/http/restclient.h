@@ -21,7 +21,8 @@ extern template struct REGISTERPLATFORM_EXPORT MockFactory<RestClient>;
 /// While a request runs, the window is painted and animated, key presses, clicks and touches are thrown away, and no
 /// action runs (see InputBlocker). Connections are kept between requests and shared by all clients. An event handler
 /// that runs meanwhile, such as a timer's, may send requests with a client of its own. The first request continues
-/// after them; its time-out does not stop.
+/// after them; its time-out does not stop. When an event handler throws, that is logged without the exception's text,
+/// and the request goes on.
 ///
 /// - A POST reaches the wire at most once, whatever happens to the connection. It is never redirected. A GET is sent
 ///   again when a kept connection turns out to be dead.
@@ -32,7 +33,8 @@ extern template struct REGISTERPLATFORM_EXPORT MockFactory<RestClient>;
 /// - The proxy is what "RestClient:proxy" names (a URL), or none; the environment's settings are not used.
 /// - Without a length a truncated answer looks complete: a POST's answer without one that is no JSON object or array
 ///   counts as lost.
-/// - An answer larger than 64 MiB, headers included, is refused.
+/// - An answer may be compressed ("gzip" or "deflate"). One larger than 64 MiB, headers included and the body unpacked,
+///   is refused.
 /// - Only http and https URLs with a host, and without a user name or password; any other URL, an invalid one among
 ///   them, is refused before anything is sent. A header name that is no token, a value with a control
 ///   character (RFC 9110, 5.5 and 5.6.2), and the headers that frame a request ("Host", "Connection",

@@ -45,6 +45,10 @@ constexpr std::array transportErrors = {
                       {"restClientCertificatesNotReadable",
                        "Запрос к серверу %1 не отправлен: файл доверенных сертификатов из настроек не читается. "
                        "Обратитесь к администратору."}},
+    TransportErrorRow{TransportError::OptionRefused,
+                      {"restClientOptionRefused",
+                       "Запрос к серверу %1 не отправлен: сетевая библиотека не приняла его настройки защиты. "
+                       "Обратитесь к администратору."}},
 
     TransportErrorRow{
         TransportError::NameNotFound,

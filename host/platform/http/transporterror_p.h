@@ -23,6 +23,7 @@ enum class TransportError : int {
     AnswerNotUnderstood = 11,
     RedirectRefused = 12,
     TooManyRedirects = 13,
+    OptionRefused = 14,
     Failed = 99
 };
 

@@ -40,6 +40,10 @@ Free some disk space or check access to the folder, then try again.</translation
         <source>Запрос к серверу %1 не отправлен: файл доверенных сертификатов из настроек не читается. Обратитесь к администратору.</source>
         <translation>Nothing was sent to server %1: the file of trusted certificates in the settings cannot be read. Call the administrator.</translation>
     </message>
+    <message id="restClientOptionRefused">
+        <source>Запрос к серверу %1 не отправлен: сетевая библиотека не приняла его настройки защиты. Обратитесь к администратору.</source>
+        <translation>Nothing was sent to server %1: the network library did not accept its security settings. Call the administrator.</translation>
+    </message>
     <message id="restClientNameNotFound">
         <source>Сервер %1 не найден. Проверьте подключение кассы к сети и повторите; если не поможет, обратитесь к администратору.</source>
         <translation>Server %1 was not found. Check the register’s network connection and try again; if that does not help, call the administrator.</translation>

@@ -46,13 +46,14 @@ struct Options {
         : help(parser.addHelpOption())
         , version(parser.addVersionOption())
     {
-        parser.addOptions({config, data, plugins, layouts, touch, demoData, size, play, screenshots});
+        parser.addOptions({config, checkConfig, data, plugins, layouts, touch, demoData, size, play, screenshots});
     }
 
     const QCommandLineOption help;
     const QCommandLineOption version;
     const QCommandLineOption config{u"config"_s, u"Configuration: an INI file in UTF-8."_s, u"FILE.ini"_s,
                                     folderOf(QStandardPaths::AppConfigLocation) + u"/register.ini"_s};
+    const QCommandLineOption checkConfig{u"check-config"_s, u"Name what is wrong with the configuration, and end."_s};
     const QCommandLineOption data{u"data"_s, u"Data folder: receipts, logs. It has to exist and be writable."_s,
                                   u"DIR"_s, folderOf(QStandardPaths::AppDataLocation)};
     const QCommandLineOption plugins{u"plugins"_s, u"Folder of the plug-ins."_s, u"DIR"_s, defaultPluginFolder()};
@@ -99,6 +100,7 @@ QString versionText()
 CommandLine read(const QCommandLineParser& parser, const Options& options)
 {
     CommandLine line;
+    line.outcome = parser.isSet(options.checkConfig) ? CommandLine::Outcome::Check : CommandLine::Outcome::Run;
     line.config = parser.value(options.config);
     line.dataFolder = parser.value(options.data);
     line.pluginFolder = parser.value(options.plugins);

@@ -9,6 +9,7 @@
 struct CommandLine {
     enum class Outcome {
         Run,   ///< start the register
+        Check, ///< check the configuration, and end
         Shown, ///< show the help or the version, and end
         Wrong, ///< report wrong options, and end
     };

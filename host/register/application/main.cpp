@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "commandline.h"
+#include "configurationreport.h"
 #include "display.h"
 #include "registerapplication.h"
 #include "startupfailure.h"
@@ -7,6 +8,8 @@
 #include <QApplication>
 
 #include <cstdio>
+
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +28,14 @@ int report(const StartupFailure& failure)
     return failure.exitStatus;
 }
 
+/// @return the exit status
+int check(const CommandLine& commandLine)
+{
+    const ConfigurationCheckResult result = checkConfiguration(commandLine);
+    print(stdout, result.output);
+    return result.isGood ? exitstatus::done : exitstatus::noConfiguration;
+}
+
 /// Needs no display, so that --help works everywhere.
 CommandLine readCommandLine(int& argc, char** argv)
 {
@@ -36,6 +47,7 @@ CommandLine readCommandLine(int& argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    ::umask(S_IRWXG | S_IRWXO); // documents, receipts and logs show who buys which medicine
     QCoreApplication::setApplicationName(u"pharmacy-register"_s);
     QCoreApplication::setApplicationVersion(QString::fromUtf8(REGISTER_VERSION));
 
@@ -46,6 +58,8 @@ int main(int argc, char** argv)
         return exitstatus::done;
     case CommandLine::Outcome::Wrong:
         return report({exitstatus::wrongOptions, commandLine.message + u"\nSee --help."_s});
+    case CommandLine::Outcome::Check:
+        return check(commandLine);
     case CommandLine::Outcome::Run:
         break;
     }

@@ -5,6 +5,8 @@
 #include "activitynotifier.h"
 #include "basicexception.h"
 #include "config.h"
+#include "configurationreport.h"
+#include "datafolderlock.h"
 #include "demodata.h"
 #include "dialog.h"
 #include "documentwatcher.h"
@@ -17,6 +19,7 @@
 #include "registerformcreator.h"
 #include "registerstyle.h"
 #include "scenario.h"
+#include "secretfiles.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
@@ -31,6 +34,34 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+
+bool canBeWrittenTo(const QString& folder)
+{
+    return QDir().mkpath(folder) && QTemporaryFile(folder + u"/.writable-XXXXXX"_s).open();
+}
+
+/// Logs go to "Logging:folder", or to the folder log of the data folder when it is not configured or cannot be written
+/// to.
+void setUpLogging(Config& config, const QDir& data)
+{
+    const QString key = u"Logging:folder"_s;
+    const QString configured = config.getString(key);
+    const bool isUsed = !configured.isEmpty() && canBeWrittenTo(configured);
+    if (!isUsed) {
+        data.mkpath(u"log"_s);
+        config.setForThisRun(key, data.filePath(u"log"_s));
+    }
+    ::setUpLogging(config);
+    if (!isUsed && !configured.isEmpty()) {
+        Log4Qt::LogManager::logger(u"config"_s)
+            ->warn(key + u" cannot be written to; logs go to "_s + config.getString(key));
+    }
+}
+
+} // namespace
 
 RegisterApplication::RegisterApplication(const CommandLine& commandLine)
     : m_commandLine(commandLine)
@@ -92,6 +123,12 @@ std::optional<StartupFailure> RegisterApplication::readConfiguration()
                                                                config->reading().failure().detail +
                                                                u"\nName an INI file with --config FILE.ini"_s};
     }
+    const ConfigurationReport report(*config, m_commandLine.config, m_commandLine.pluginFolder);
+    m_configurationProblems = report.problems;
+    if (const Expected<void> read = readSecretFiles(*config, report.keys, m_commandLine.config); !read) {
+        return StartupFailure{exitstatus::noConfiguration,
+                              u"A secret of the configuration cannot be read: "_s + read.failure().detail};
+    }
     Singleton<Config>::instance = config.release(); // lives as long as the process, like the plug-ins
     return std::nullopt;
 }
@@ -108,13 +145,8 @@ std::optional<StartupFailure> RegisterApplication::lockDataFolder()
                                                             probe.errorString() + advice};
     }
     m_lockFile = std::make_unique<QLockFile>(folder + u"/register.lock"_s);
-    m_lockFile->setStaleLockTime(0); // only a lock whose process is gone is stale, whatever its age
-    if (!m_lockFile->tryLock(0)) {
-        return StartupFailure{exitstatus::alreadyRunning, u"Another register works with the data folder "_s + folder +
-                                                              u"\nClose it, or name another folder with --data DIR"_s};
-    }
     m_commandLine.dataFolder = folder;
-    return std::nullopt;
+    return takeLock(*m_lockFile);
 }
 
 std::optional<StartupFailure> RegisterApplication::readOpenDocument()
@@ -136,9 +168,10 @@ void RegisterApplication::configureThisRun()
     Config* config = Singleton<Config>::get();
     const QDir data(m_commandLine.dataFolder);
     config->setForThisRun(u"Register:data"_s, data.path());
-    data.mkpath(u"log"_s);
-    config->setForThisRun(u"Logging:folder"_s, data.filePath(u"log"_s));
-    setUpLogging(*config);
+    setUpLogging(*config, data);
+    for (const QString& problem : m_configurationProblems) {
+        Log4Qt::LogManager::logger(u"config"_s)->warn(problem);
+    }
     if (m_commandLine.touch) {
         config->setForThisRun(u"GUI:touchMode"_s, u"true"_s);
     }
@@ -218,6 +251,7 @@ void RegisterApplication::resumeWork()
     }
     m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
     showPlugins();
+    showConfigurationProblems();
     m_till->restore(std::exchange(m_savedDocument, QSharedPointer<Document>()));
     if (m_till->document()) {
         m_window->statusLine().showWarning(documentwords::restored(*m_till->document()));
@@ -227,6 +261,16 @@ void RegisterApplication::resumeWork()
     auto* locker = Singleton<InactivityLocker>::get();
     QObject::connect(locker, &InactivityLocker::lock, m_window.get(), &RegisterWindow::lock);
     locker->start();
+}
+
+void RegisterApplication::showConfigurationProblems()
+{
+    if (m_configurationProblems.isEmpty()) {
+        return;
+    }
+    const tr::Tr notice(u"configurationProblems"_s,
+                        u"Замечаний к настройкам: %1. Сообщите администратору: подробности в журнале."_s);
+    m_window->statusLine().addMessage(notice.arg(QString::number(m_configurationProblems.size())).ui());
 }
 
 void RegisterApplication::checkCatalogue() const

@@ -19,6 +19,7 @@
 #include "till.h"
 
 #include <QLockFile>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -47,9 +48,11 @@ private:
     void openWindow();
     void resumeWork();
     void showPlugins();
+    void showConfigurationProblems();
     void checkCatalogue() const;
 
     CommandLine m_commandLine;
+    QStringList m_configurationProblems;
     std::unique_ptr<QLockFile> m_lockFile;
     OpenDocumentFile::Loaded m_savedDocument = QSharedPointer<Document>();
     MessageCatalogues m_messages;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "documentnumbers.h"
 
+#include "wholefile.h"
+
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
@@ -13,8 +14,13 @@
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+const QString fileName = u"lastreceiptnumber"_s;
+} // namespace
+
 DocumentNumbers::DocumentNumbers(const QString& folder)
-    : m_file(QDir(folder).filePath(u"lastreceiptnumber"_s))
+    : m_folder(folder)
 {
 }
 
@@ -35,7 +41,7 @@ void DocumentNumbers::pass(int number)
 
 int DocumentNumbers::last() const
 {
-    QFile file(m_file);
+    QFile file(QDir(m_folder).filePath(fileName));
     if (!file.open(QIODevice::ReadOnly)) {
         return 0;
     }
@@ -45,10 +51,9 @@ int DocumentNumbers::last() const
 
 void DocumentNumbers::setLast(int number)
 {
-    QSaveFile file(m_file);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(QByteArray::number(number)) < 0 ||
-        !file.commit()) {
+    const Expected<void> written = writeWholeFile(m_folder, fileName, QByteArray::number(number));
+    if (!written) {
         Log4Qt::LogManager::logger(u"register"_s)
-            ->error(u"The last receipt number was not saved: "_s + file.errorString());
+            ->error(u"The last receipt number was not saved: "_s + written.failure().detail);
     }
 }

@@ -18,6 +18,6 @@ private:
     int last() const;
     void setLast(int number);
 
-    QString m_file;
+    QString m_folder;
     int m_last = 0; ///< holds even when the file cannot be written
 };

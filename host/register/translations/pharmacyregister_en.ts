@@ -276,6 +276,10 @@ To dispense another quantity remove the position and dispense it anew.</translat
         <source>Модулей: %1</source>
         <translation>Plug-ins: %1</translation>
     </message>
+    <message id="configurationProblems">
+        <source>Замечаний к настройкам: %1. Сообщите администратору: подробности в журнале.</source>
+        <translation>Problems in the settings: %1. Tell the administrator: the log has details.</translation>
+    </message>
     <message id="pluginProblems">
         <source>Модуль не подключён: %1</source>
         <translation>Plug-in not connected: %1</translation>

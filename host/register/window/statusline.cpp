@@ -61,6 +61,11 @@ void StatusLine::showMessage(const QString& text)
     show(text, permanent);
 }
 
+void StatusLine::addMessage(const QString& text)
+{
+    showMessage(m_permanentMessage.isEmpty() ? text : m_permanentMessage + u'\n' + text);
+}
+
 void StatusLine::showDone(const QString& text)
 {
     show(text, done);

@@ -17,6 +17,8 @@ public:
 
     /// Shows a permanent message; empty: none.
     void showMessage(const QString& text);
+    /// Shows one more permanent message, below the one that is there.
+    void addMessage(const QString& text);
     /// Shows what was done, in large letters, in place of the permanent message until dropNews().
     void showDone(const QString& text);
     /// Shows a warning on amber, in place of the permanent message until dropNews().

@@ -140,6 +140,7 @@ TEST_F(EmulatorProgram, unusableOptions_areReportedInOneLine)
 
     expectUnusable({"--port", "x"}, u"--port takes a port from 0 to 65535, not \"x\""_s);
     expectUnusable({"--admin-port", "70000"}, u"--admin-port takes a port from 0 to 65535"_s);
+    expectUnusable({"--read-timeout", "0"}, u"--read-timeout takes seconds from 1 to 86400, not \"0\""_s);
     expectUnusable({"--frobnicate"}, u"frobnicate"_s);
     expectUnusable({"something"}, u"cannot use \"something\""_s);
     expectUnusable({"--port", QString::number(occupied.serverPort())}, u"cannot listen on port"_s);

@@ -13,8 +13,13 @@ class AdminApiTest : public EmulatorTest
 protected:
     RawAnswer admin(const QByteArray& method, const QByteArray& path, const QByteArray& body = {})
     {
+        return send(RawConnection::requestBytes(method, path, {{"Content-Type", "application/json"}}, body));
+    }
+
+    RawAnswer send(const QByteArray& bytes)
+    {
         RawConnection connection(m_emulator->adminUrl());
-        connection.request(method, path, {}, body);
+        connection.send(bytes);
         return connection.answer().value_or(RawAnswer());
     }
 
@@ -159,4 +164,50 @@ TEST_F(AdminApiTest, unknownPathMethodOrGarbage_isRefused)
     RawConnection connection(m_emulator->adminUrl());
     connection.send("garbage\r\n\r\n");
     EXPECT_EQ(connection.answer().value_or(RawAnswer()).status, 400);
+}
+
+TEST_F(AdminApiTest, postThatIsNotJson_isRefusedAndChangesNothing)
+{
+    for (const QByteArray type : {"text/plain", "application/x-www-form-urlencoded", "multipart/form-data; boundary=x",
+                                  "text/plain; application/json", ""}) {
+        for (const QByteArray path : {"/faults", "/seed", "/reset", "/fill", "/rules"}) {
+            const emulator::HttpHeaders headers{{"Origin", "http://pages.example"}, {"Content-Type", type}};
+            const RawAnswer answer = send(RawConnection::requestBytes("POST", path, headers, R"({"fault": "close"})"));
+            EXPECT_EQ(answer.status, 415) << type.constData() << " " << path.constData();
+            EXPECT_EQ(error(answer), u"Content-Type has to be application/json"_s);
+        }
+    }
+    EXPECT_EQ(send(RawConnection::requestBytes("POST", "/reset", {}, {})).status, 415);
+    EXPECT_TRUE(m_emulator->faults().pending().isEmpty());
+    EXPECT_EQ(m_emulator->store().cards().size(), 3);
+}
+
+TEST_F(AdminApiTest, postOfJson_isTakenWithACharsetAndInAnyCase)
+{
+    for (const QByteArray type : {"application/json; charset=utf-8", "Application/JSON"}) {
+        EXPECT_EQ(send(RawConnection::requestBytes("POST", "/rules", {{"Content-Type", type}}, "{}")).status, 200);
+    }
+}
+
+TEST_F(AdminApiTest, requestForAnotherHost_isRefusedAndChangesNothing)
+{
+    const QByteArray port = QByteArray::number(m_emulator->adminUrl().port());
+    askForToken(goodForm());
+    for (const QByteArray& host : {QByteArray("pages.example"), "pages.example:" + port,
+                                   QByteArray("localhost.example"), QByteArray("127.0.0.1.example:80"), QByteArray()}) {
+        for (const QByteArray method : {"GET", "DELETE"}) {
+            const RawAnswer answer = send(method + " /journal HTTP/1.1\r\nHost: " + host + "\r\n\r\n");
+            EXPECT_EQ(answer.status, 403) << host.constData();
+            EXPECT_EQ(error(answer), u"Host has to be localhost or 127.0.0.1"_s);
+        }
+    }
+    EXPECT_EQ(send("DELETE /journal HTTP/1.0\r\n\r\n").status, 403);
+    EXPECT_EQ(m_emulator->journal().entries().size(), 1);
+}
+
+TEST_F(AdminApiTest, requestForThisMachine_isTakenWithOrWithoutAPort)
+{
+    for (const char* host : {"localhost", "LOCALHOST:1", "127.0.0.1", "127.0.0.1:65535"}) {
+        EXPECT_EQ(send(QByteArray("GET /journal HTTP/1.1\r\nHost: ") + host + "\r\n\r\n").status, 200) << host;
+    }
 }

@@ -16,6 +16,15 @@ class ConnectionTest : public EmulatorTest
 protected:
     static QByteArray unknownPath(const QByteArray& name) { return "GET /" + name + " HTTP/1.1\r\nHost: x\r\n\r\n"; }
 
+    /// Begins again with an emulator that soon gives up a request that is not whole.
+    void giveUpSoon()
+    {
+        emulator::EmulatorSettings settings;
+        settings.readTimeout = std::chrono::milliseconds(50);
+        m_emulator = std::make_unique<emulator::RegistryEmulator>(settings);
+        m_emulator->start();
+    }
+
     /// Expects that the bytes are answered by that refusal, and that the connection ends then.
     void expectUnreadable(const QByteArray& bytes, RefusalCode code)
     {
@@ -155,6 +164,51 @@ TEST_F(ConnectionTest, garbage_isRefused)
 TEST_F(ConnectionTest, otherHttpVersion_isRefused)
 {
     expectUnreadable("GET /x HTTP/3.7\r\n\r\n", RefusalCode::HttpVersionUnknown);
+}
+
+TEST_F(ConnectionTest, halfRequest_isRefusedInTimeAndTheConnectionEnds)
+{
+    giveUpSoon();
+    for (const QByteArray bytes :
+         {"G", "POST /x HTTP/1.1\r\nHost: x\r\n", "POST /x HTTP/1.1\r\nHost: x\r\nContent-Length: 10\r\n\r\nabc",
+          "POST /x HTTP/1.1\r\nHost: x\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nabc"}) {
+        expectUnreadable(bytes, RefusalCode::RequestNotInTime);
+    }
+}
+
+TEST_F(ConnectionTest, halfRequestAfterAWholeOne_isRefusedInTime)
+{
+    giveUpSoon();
+    RawConnection connection(m_emulator->url());
+    connection.send(unknownPath("a") + "GET");
+    EXPECT_EQ(connection.answer().value_or(RawAnswer()).status, 404);
+    EXPECT_EQ(connection.answer().value_or(RawAnswer()).status, 408);
+    EXPECT_TRUE(connection.waitForEnd());
+}
+
+TEST_F(ConnectionTest, requestThatDripsForEver_isRefusedInTime)
+{
+    giveUpSoon();
+    RawConnection connection(m_emulator->url());
+    connection.send("GET /x HTTP/1.1\r\nX: ");
+    EXPECT_TRUE(waitUntil([&connection] {
+        connection.send("x");
+        return connection.unread().startsWith("HTTP/1.1 408 ");
+    }));
+}
+
+TEST_F(ConnectionTest, connectionWithoutARequest_mayWait)
+{
+    giveUpSoon();
+    RawConnection fresh(m_emulator->url());
+    RawConnection used(m_emulator->url());
+    used.send(unknownPath("a"));
+    EXPECT_EQ(used.answer().value_or(RawAnswer()).status, 404);
+    expectUnreadable("GET", RefusalCode::RequestNotInTime);
+    for (RawConnection* connection : {&fresh, &used}) {
+        connection->send(unknownPath("b"));
+        EXPECT_EQ(connection->answer().value_or(RawAnswer()).status, 404);
+    }
 }
 
 TEST_F(ConnectionTest, tooLargeHeaders_areRefused)

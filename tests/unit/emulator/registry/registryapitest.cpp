@@ -37,8 +37,9 @@ TEST(RegistryApi, failingDatabase_isAnsweredAsFailureOfTheRegistry)
 TEST(RegistryApi, unreadableRequest_isRefusedByItsStatus)
 {
     for (const auto& [status, code] :
-         {std::pair(400, RefusalCode::RequestUnreadable), std::pair(413, RefusalCode::BodyTooLarge),
-          std::pair(431, RefusalCode::HeadersTooLarge), std::pair(505, RefusalCode::HttpVersionUnknown)}) {
+         {std::pair(400, RefusalCode::RequestUnreadable), std::pair(408, RefusalCode::RequestNotInTime),
+          std::pair(413, RefusalCode::BodyTooLarge), std::pair(431, RefusalCode::HeadersTooLarge),
+          std::pair(505, RefusalCode::HttpVersionUnknown)}) {
         EXPECT_EQ(RegistryApi::unreadable(status).status, status);
         EXPECT_EQ(RegistryApi::unreadable(status).body, Refusal(code).answer().body);
     }

@@ -22,6 +22,41 @@ QByteArray arrayOfSize(qsizetype bytes)
     return '[' + QByteArray(bytes - 2, ' ') + ']';
 }
 
+QByteArray littleEndian(quint32 number)
+{
+    QByteArray bytes;
+    for (int shift = 0; shift < 32; shift += 8) {
+        bytes += char(number >> shift);
+    }
+    return bytes;
+}
+
+quint32 crc32(const QByteArray& bytes)
+{
+    quint32 sum = 0xFFFFFFFF;
+    for (const char byte : bytes) {
+        sum ^= quint8(byte);
+        for (int bit = 0; bit < 8; ++bit) {
+            sum = (sum >> 1) ^ (sum & 1 ? 0xEDB88320 : 0);
+        }
+    }
+    return ~sum;
+}
+
+/// RFC 1950. qCompress() puts the length in front.
+QByteArray deflated(const QByteArray& bytes)
+{
+    return qCompress(bytes, 9).mid(4);
+}
+
+/// RFC 1952, around the raw data of deflated(): without its head of two bytes and its checksum of four.
+QByteArray zipped(const QByteArray& bytes)
+{
+    const QByteArray stream = deflated(bytes);
+    return QByteArray("\x1f\x8b\x08\0\0\0\0\0\0\xff", 10) + stream.mid(2, stream.size() - 6) +
+           littleEndian(crc32(bytes)) + littleEndian(quint32(bytes.size()));
+}
+
 } // namespace
 
 TEST(RestClientAnswer, jsonObject_isTheAnswer)
@@ -266,6 +301,58 @@ TEST(RestClientAnswer, afterFailure_nextSuccessClearsErrorAndAnswer)
     both.get();
     EXPECT_THAT(both.client, Succeeded());
     EXPECT_TRUE(both.client.answer().isNull());
+}
+
+TEST(RestClientAnswer, compressedAnswer_isAskedForAndUnpacked)
+{
+    const QByteArray content = R"({"имя": "значение"})";
+    for (const auto& [encoding, body] : {std::pair("gzip", zipped(content)), std::pair("deflate", deflated(content))}) {
+        ClientAndServer both;
+        const Reaction answer = Reaction::json(200, body, {QByteArray("Content-Encoding: ") + encoding});
+        both.server.react({answer, answer});
+        both.get();
+        EXPECT_THAT(both.client, Succeeded());
+        EXPECT_EQ(both.client.answer().object().value(u"имя"_s).toString(), u"значение"_s) << encoding;
+        both.post("{}");
+        EXPECT_THAT(both.client, Succeeded());
+        EXPECT_EQ(both.client.answer().object().value(u"имя"_s).toString(), u"значение"_s) << encoding;
+        for (const ReceivedRequest& request : both.server.requests()) {
+            EXPECT_TRUE(request.header("Accept-Encoding").contains(encoding)) << encoding;
+        }
+    }
+}
+
+TEST(RestClientAnswer, compressedErrorAnswer_isUnpackedToo)
+{
+    ClientAndServer both;
+    both.server.react({Reaction::json(422, zipped(R"({"issue": []})"), {"Content-Encoding: gzip"})});
+    both.post("{}");
+    EXPECT_THAT(both.client, FailedWith(422, "restClientStatusRejected"));
+    EXPECT_TRUE(both.client.answer().object().contains(u"issue"_s));
+}
+
+TEST(RestClientAnswer, compressedAnswerGrowsTooLarge_isRefusedBeforeItIsWhole)
+{
+    ClientAndServer both;
+    const QByteArray bomb = zipped(arrayOfSize(largestAnswer));
+    ASSERT_LT(bomb.size(), 100'000);
+    both.server.react({Reaction::json(200, bomb, {"Content-Encoding: gzip"})});
+    both.get();
+    EXPECT_THAT(both.client, FailedWith(codeAnswerTooLarge, "restClientAnswerTooLarge"));
+    EXPECT_TRUE(both.client.answer().isNull());
+}
+
+TEST(RestClientAnswer, answerThatCannotBeUnpacked_isNotUnderstood)
+{
+    for (const auto& [encoding, body] :
+         {std::pair("gzip", QByteArray("{\"plain\": 1}")), std::pair("unheard-of", QByteArray("{}"))}) {
+        ClientAndServer both;
+        both.server.react({Reaction::json(200, body, {QByteArray("Content-Encoding: ") + encoding})});
+        both.post("{}");
+        EXPECT_THAT(both.client, FailedWith(codeAnswerNotUnderstood, "restClientAnswerNotUnderstoodUncertain"))
+            << encoding;
+        EXPECT_TRUE(both.client.answer().isNull());
+    }
 }
 
 TEST(RestClientAnswer, largestAllowedAnswer_isTaken)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "clientandserver.h"
+#include "logcapture.h"
 #include "mocked.h"
 #include "namelookup.h"
 
@@ -10,6 +11,7 @@ namespace
 
 constexpr int codeAddressNotUsable = 1;
 constexpr int codeHeaderNotUsable = 2;
+constexpr int codeOptionRefused = 14;
 
 } // namespace
 
@@ -174,4 +176,21 @@ TEST(RestClientRequest, mockedFactory_handsOutTheTestsOwnClient)
         EXPECT_EQ(RestClient::create(), own);
     }
     EXPECT_NE(RestClient::create(), own);
+}
+
+TEST(RestClientRequest, transportRefusesAnOption_nothingIsSentAndTheOptionIsLogged)
+{
+    constexpr qsizetype longerThanTheTransportTakes = 8'000'001;
+    ClientAndServer both;
+    both.configuration.set(u"RestClient:proxy"_s, QString(longerThanTheTransportTakes, u'p'));
+    const LogCapture log;
+    both.post("{}");
+    EXPECT_THAT(both.client, FailedWith(codeOptionRefused, "restClientOptionRefused"));
+    EXPECT_EQ(both.server.connectionCount(), 0) << "without its proxy the request would go out directly";
+    EXPECT_TRUE(log.text().contains(u"failed: 14 libcurl refused the option PROXY"_s))
+        << log.text().left(200).toStdString();
+
+    both.configuration.set(u"RestClient:proxy"_s, QString());
+    both.post("{}");
+    EXPECT_THAT(both.client, Succeeded());
 }

@@ -2,6 +2,7 @@
 #include "clientandserver.h"
 
 #include "inputblocker.h"
+#include "logcapture.h"
 
 #include <QApplication>
 #include <QJsonArray>
@@ -10,6 +11,8 @@
 #include <QSemaphore>
 #include <QTest>
 #include <QTimer>
+
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -155,5 +158,34 @@ TEST(RestClientWaiting, requestFromEventHandlerMeanwhile_bothGetTheirOwnAnswers)
         EXPECT_TRUE(outer.answer().isObject());
         EXPECT_EQ(other.requests().size(), 2);
         EXPECT_EQ(patient.server.requests().size(), 1);
+    }
+}
+
+TEST(RestClientWaiting, eventHandlerThrowsMeanwhile_requestGetsItsAnswerAndTheConnectionIsKept)
+{
+    for (const Scheme scheme : {Scheme::Http, Scheme::Https}) {
+        const Configured configuration(trustingConfiguration());
+        QSemaphore thrown;
+        ScriptedServer server(scheme == Scheme::Https ? &identity() : nullptr);
+        server.reactBy([&](const ReceivedRequest&) {
+            return Reaction::json(thrown.tryAcquire(1, longestWaitMs) ? 200 : 500, "[1]");
+        });
+        QTimer::singleShot(0, [&] {
+            thrown.release(3); // one for each request
+            throw std::runtime_error("Пробный Пётр");
+        });
+        const LogCapture log;
+        RestClient client;
+        EXPECT_NO_THROW(client.post(server.url(), "{}", {}));
+        EXPECT_THAT(client, Succeeded());
+        EXPECT_EQ(client.answer().array().size(), 1);
+        EXPECT_EQ(log.lines(), QStringList(u"ERROR restclient An event handler threw while a request was under way"_s));
+        EXPECT_FALSE(InputBlocker::isActive());
+
+        client.get(server.url(), QJsonDocument(), {});
+        EXPECT_THAT(client, Succeeded());
+        client.get(server.url(), QJsonDocument(), {});
+        EXPECT_THAT(client, Succeeded());
+        EXPECT_EQ(server.connectionCount(), 1) << "a busy transport opens a connection for each request";
     }
 }

@@ -46,6 +46,14 @@ TEST(CommandLine, noOptions_theWholeScreenIsUsedAndNoScenarioIsPlayed)
     EXPECT_TRUE(line.config.endsWith(u"register.ini"_s));
 }
 
+TEST(CommandLine, checkConfig_checksInsteadOfRunning)
+{
+    const CommandLine line = parse(u"--check-config --config a.ini --plugins p"_s.split(u' '));
+    EXPECT_EQ(line.outcome, CommandLine::Outcome::Check);
+    EXPECT_EQ(line.config, u"a.ini"_s);
+    EXPECT_EQ(line.pluginFolder, u"p"_s);
+}
+
 TEST(CommandLine, scenarioWithoutASize_isPlayedAt1280x800)
 {
     EXPECT_EQ(parse({u"--play"_s, u"s.json"_s}).windowSize, QSize(1280, 800));

@@ -2,21 +2,37 @@
 #include "deepfolder.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <QSysInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <csignal>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 constexpr int timeLimit = 60'000; // milliseconds
+
+void forbidWriting()
+{
+    const rlimit none{0, 0};
+    ::setrlimit(RLIMIT_FSIZE, &none);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
+} // namespace
 
 /// The program in a process of its own.
 class RegisterProgram : public ::testing::Test
@@ -46,6 +62,9 @@ protected:
     {
         program.setProcessChannelMode(QProcess::MergedChannels);
         program.setProcessEnvironment(environment);
+        if (writeNothing) {
+            program.setChildProcessModifier(forbidWriting);
+        }
         program.start(QString::fromUtf8(REGISTER_PROGRAM), options);
         ASSERT_TRUE(program.waitForStarted(timeLimit));
     }
@@ -67,6 +86,12 @@ protected:
         write("steps.json", "{\"steps\": " + steps + "}");
         return run(usualOptions() + QStringList{u"--play"_s, path("steps.json")} + options);
     }
+    QByteArray contentOf(const char* name) const
+    {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        return file.readAll();
+    }
     QJsonObject savedDocument() const
     {
         QFile file(path("data/receipt.json"));
@@ -81,6 +106,7 @@ protected:
     }
 
     QTemporaryDir folder;
+    bool writeNothing = false; ///< as on a full disk: files are made, but stay empty
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     QString output;
 };
@@ -192,6 +218,165 @@ TEST_F(RegisterProgram, secondRegisterOnTheSameData_endsWithStatusFive)
     first.kill();
     ASSERT_TRUE(first.waitForFinished(timeLimit));
     EXPECT_EQ(play("[]"), 0) << "the lock of a killed register does not hold";
+}
+
+TEST_F(RegisterProgram, lockFileThatSaysNothing_isTakenOver)
+{
+    for (const QByteArray content : {"", "x", "0\n\n\n"}) {
+        write("data/register.lock", content);
+        EXPECT_EQ(play("[]"), 0) << content.constData() << qPrintable(output);
+    }
+}
+
+TEST_F(RegisterProgram, lockFileThatSaysNothingIsHeld_endsWithStatusFiveAndItsName)
+{
+    write("data/register.lock", "");
+    const int held = ::open(path("data/register.lock").toUtf8().constData(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::flock(held, LOCK_EX | LOCK_NB), 0); // as a register does that has not written its name yet
+    EXPECT_EQ(play("[]"), 5);
+    EXPECT_TRUE(output.contains(u"Another register"_s)) << qPrintable(output);
+    EXPECT_TRUE(output.contains(path("data/register.lock"))) << qPrintable(output);
+    ::close(held);
+    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, lockFileOfAnotherHost_endsWithStatusFiveItsNameAndWhatToDo)
+{
+    write("data/register.lock", "12345\npharmacy-register\ntill-two.example\n");
+    EXPECT_EQ(play("[]"), 5);
+    EXPECT_TRUE(output.contains(u"process 12345 of the computer till-two.example: "_s + path("data/register.lock")))
+        << qPrintable(output);
+    EXPECT_TRUE(output.contains(u"If no register works with it there, delete that file"_s)) << qPrintable(output);
+    ASSERT_TRUE(QFile::remove(path("data/register.lock")));
+    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, lockFileOfADeadProcess_isTakenOver)
+{
+    QProcess ended;
+    ended.start(u"true"_s, QStringList());
+    ASSERT_TRUE(ended.waitForStarted(timeLimit));
+    const QByteArray process = QByteArray::number(ended.processId());
+    ASSERT_TRUE(ended.waitForFinished(timeLimit));
+    write("data/register.lock", process + "\npharmacy-register\n" + QSysInfo::machineHostName().toUtf8() + '\n');
+    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, lockFileCannotBeWritten_endsWithStatusFourAndItsName)
+{
+    const QString expected = u"The lock file "_s + path("data/register.lock") + u" cannot be written"_s;
+    writeNothing = true;
+    EXPECT_EQ(run(usualOptions()), 4);
+    EXPECT_TRUE(output.contains(expected)) << qPrintable(output);
+
+    writeNothing = false;
+    ASSERT_TRUE(QDir(path("data")).mkdir(u"register.lock"_s));
+    EXPECT_EQ(run(usualOptions()), 4);
+    EXPECT_TRUE(output.contains(expected)) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, loggingFolderConfigured_logIsThere)
+{
+    write("register.ini", "[Register]\ndemoData=true\n[Logging]\nfolder=" + path("logs/till").toUtf8() + "\n");
+    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
+    EXPECT_TRUE(QFile::exists(path("logs/till/register.log")));
+    EXPECT_FALSE(QFile::exists(path("data/log")));
+}
+
+TEST_F(RegisterProgram, loggingFolderCannotBeWrittenTo_logIsInTheDataFolderAndSaysSo)
+{
+    write("register.ini", "[Register]\ndemoData=true\n[Logging]\nfolder=/proc/till\n");
+    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
+    EXPECT_TRUE(contentOf("data/log/register.log").contains("Logging:folder cannot be written to"));
+}
+
+TEST_F(RegisterProgram, whateverItWrites_isReadableByItsOwnerAlone)
+{
+    EXPECT_EQ(play(R"([{"key": "F2"}, {"type": "2990000000019"}, {"key": "Return"},
+                       {"contains": "Амоксидар", "in": "receiptTable"}])"),
+              0)
+        << qPrintable(output);
+    constexpr QFile::Permissions others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    QStringList seen;
+    QDirIterator files(path("data"), QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        seen.append(QDir(path("data")).relativeFilePath(files.next()));
+        EXPECT_FALSE(files.fileInfo().permissions() & others) << qPrintable(seen.last());
+    }
+    for (const char* file : {"receipt.json", "log", "log/register.log", "goods.sqlite", "lastreceiptnumber"}) {
+        EXPECT_TRUE(seen.contains(QLatin1StringView(file))) << file;
+    }
+}
+
+TEST_F(RegisterProgram, configurationWithMistakes_areNamedInLogAndStatusLineAndTheRegisterStarts)
+{
+    write("register.ini", "[Register]\ndemoData=true\nUnlockCode=1234\n[GUI]\ntouchMode=maybe\n");
+    EXPECT_EQ(play(R"([{"contains": "Замечаний к настройкам: 2", "in": "statusMessageLabel"},
+                       {"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}])"),
+              0)
+        << qPrintable(output);
+    const QByteArray log = contentOf("data/log/register.log");
+    EXPECT_TRUE(log.contains("register.ini:3: Register:UnlockCode is unknown; did you mean Register:unlockCode?"))
+        << log.constData();
+    EXPECT_TRUE(log.contains("register.ini:5: GUI:touchMode wants true or false")) << log.constData();
+    EXPECT_FALSE(log.contains("1234"));
+}
+
+TEST_F(RegisterProgram, checkConfig_namesTheMistakesAndEndsWithStatusThree)
+{
+    takeDisplayAway();
+    write("register.ini", "[Register]\nUnlockCode=1234\n[RestClient]\ncaFile=/nowhere.pem\n");
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3);
+    EXPECT_EQ(output,
+              path("register.ini") + u":2: Register:UnlockCode is unknown; did you mean Register:unlockCode?\n"_s +
+                  path("register.ini") + u":4: RestClient:caFile names no file that can be read: /nowhere.pem\n"_s);
+    EXPECT_TRUE(QDir(path("data")).isEmpty());
+}
+
+TEST_F(RegisterProgram, checkConfigOfARightConfiguration_endsWithStatusZero)
+{
+    takeDisplayAway();
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 0);
+    EXPECT_EQ(output, path("register.ini") + u": nothing is wrong\n"_s);
+}
+
+TEST_F(RegisterProgram, checkConfigOfWhatCannotBeRead_endsWithStatusThree)
+{
+    write("register.ini", "[Register]\nthis is no entry\n");
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3);
+    EXPECT_TRUE(output.contains(u"neither a section nor a key"_s)) << qPrintable(output);
+    write("register.ini", "");
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s, u"--plugins"_s, path("nowhere")}), 3);
+    EXPECT_TRUE(output.contains(path("nowhere") + u" is no plug-in folder"_s)) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, keysOfAPlugin_areKnownFromItsFolder)
+{
+    write("register.ini", "[Weather]\nplace=here\n");
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3);
+    ASSERT_TRUE(QDir(path("plugins")).mkdir(u"weather"_s));
+    write("plugins/weather/configuration.json", R"({"keys": [{"key": "Weather:place", "type": "text"}]})");
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, unlockCodeInAFileOfItsOwn_unlocksTheWindow)
+{
+    write("register.ini", "[Register]\ndemoData=true\nunlockCodeFile=code\n[GUI]\ninactivityLockSeconds=1\n");
+    write("code", "2468\n");
+    ASSERT_TRUE(QFile::setPermissions(path("code"), QFile::ReadOwner | QFile::WriteOwner));
+    EXPECT_EQ(play(R"([{"wait": "lockScreen", "seconds": 30}, {"type": "2468"}, {"key": "Return"},
+                       {"visible": false, "in": "lockScreen"}, {"expect": "", "in": "statusMessageLabel"}])"),
+              0)
+        << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, secretsFileIsNotThere_endsWithStatusThreeWithKeyAndFile)
+{
+    write("register.ini", "[Register]\nunlockCodeFile=code\n");
+    EXPECT_EQ(play("[]"), 3);
+    EXPECT_TRUE(output.contains(u"Register:unlockCodeFile: "_s + path("code") + u" is not there"_s))
+        << qPrintable(output);
 }
 
 TEST_F(RegisterProgram, scenarioUnreadable_endsWithStatusSix)

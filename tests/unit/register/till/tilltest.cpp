@@ -518,6 +518,13 @@ TEST_F(DocumentChanges, lastNumberCannotBeSaved_numbersOfThisRunAreNotGivenAgain
     EXPECT_EQ(sold(), 3);
 }
 
+TEST_F(DocumentChanges, lastNumber_isReadableByItsOwnerAlone)
+{
+    sold();
+    const QFile::Permissions others = QFile::ReadGroup | QFile::ReadOther;
+    EXPECT_FALSE(QFile::permissions(folder.filePath(u"lastreceiptnumber"_s)) & others);
+}
+
 /// A sale, and an open document that is damaged, and the last number is lost.
 class DamageShown : public DocumentChanges
 {
