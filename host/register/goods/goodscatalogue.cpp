@@ -3,6 +3,7 @@
 
 #include "basicexception.h"
 #include "connectionfactory.h"
+#include "searchtext.h"
 
 #include <QSqlError>
 #include <QSqlQuery>
@@ -28,15 +29,15 @@ void GoodsCatalogue::check() const
     query({});
 }
 
-QList<CatalogueGoods> GoodsCatalogue::goodsOf(const QString& nonProprietaryName) const
+GoodsList GoodsCatalogue::goodsOf(const QString& nonProprietaryName) const
 {
     QSqlQuery rows = query({});
     run(rows);
-    const QString wanted = nonProprietaryName.trimmed();
+    const QString wanted = searchText(nonProprietaryName);
     QList<CatalogueGoods> goods;
     while (rows.next()) {
         CatalogueGoods row = read(rows);
-        if (wanted.isEmpty() || row.nonProprietaryName.compare(wanted, Qt::CaseInsensitive) == 0) {
+        if (wanted.isEmpty() || searchText(row.nonProprietaryName) == wanted) {
             goods.append(std::move(row));
         }
     }

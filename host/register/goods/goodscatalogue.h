@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "cataloguegoods.h"
+#include "goodslist.h"
 
 #include <QList>
 #include <QString>
@@ -19,8 +19,8 @@ public:
     /// Throws unless the goods can be read.
     void check() const;
 
-    /// The goods with that non-proprietary name in any case, sorted by name; all goods when it is empty.
-    QList<CatalogueGoods> goodsOf(const QString& nonProprietaryName) const;
+    /// The goods with that non-proprietary name, compared as searchText(), sorted by name; all goods when it is empty.
+    GoodsList goodsOf(const QString& nonProprietaryName) const;
 
     std::optional<CatalogueGoods> byBarcode(const QString& barcode) const;
 

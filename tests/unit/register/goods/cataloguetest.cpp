@@ -175,5 +175,10 @@ TEST_F(Catalogue, goodsTableModel_showsAmountsAndStock)
     EXPECT_EQ(model.index(0, GoodsTableModel::Name).data().toString(), u"Амоксидар Форте, капсулы 500 мг №16"_s);
     EXPECT_EQ(model.index(0, GoodsTableModel::Price).data().toString(), u"17,98"_s);
     EXPECT_EQ(model.index(0, GoodsTableModel::Stock).data().toString(), u"3"_s);
-    EXPECT_TRUE(model.index(0, GoodsTableModel::SearchText).data().toString().contains(u"Амоксициллин"_s));
+    EXPECT_EQ(model.index(0, GoodsTableModel::NonProprietaryName).data().toString(), u"Амоксициллин"_s);
+    model.search(u"таблетки"_s);
+    EXPECT_EQ(model.rowCount(), 0);
+    model.search(u"форте"_s);
+    ASSERT_EQ(model.rowCount(), 1);
+    EXPECT_EQ(model.goods(0).name, u"Амоксидар Форте, капсулы 500 мг №16"_s);
 }
