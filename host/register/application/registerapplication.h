@@ -47,7 +47,8 @@ private:
     void openWindow();
     void resumeWork();
     void showPlugins();
-    void checkCatalogue() const;
+    void followCatalogue();
+    void showCatalogueFailure(const tr::Tr& message);
 
     CommandLine m_commandLine;
     std::unique_ptr<QLockFile> m_lockFile;

@@ -122,7 +122,6 @@ TEST_F(Catalogue, barcodeWithSql_isJustABarcode)
 TEST_F(Catalogue, databaseMissing_throwsATextForTheCashier)
 {
     config.set(u"Database:name"_s, folder.filePath(u"absent.sqlite"_s));
-    EXPECT_THROW(catalogue.check(), BasicException);
     EXPECT_THROW(catalogue.goodsOf({}), BasicException);
     EXPECT_THROW(catalogue.byBarcode(amoxidar), BasicException);
     EXPECT_FALSE(QFile::exists(folder.filePath(u"absent.sqlite"_s))) << "it is not created";
@@ -140,7 +139,7 @@ TEST_F(Catalogue, tableMissing_throwsATextForTheCashier)
     QSqlDatabase::removeDatabase(u"empty"_s);
     config.set(u"Database:name"_s, empty);
     try {
-        catalogue.check();
+        catalogue.goodsOf({});
         FAIL();
     } catch (const BasicException& exception) {
         EXPECT_TRUE(exception.tr().ui().contains(u"Справочник товаров недоступен"_s));
