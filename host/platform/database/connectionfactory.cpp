@@ -1,121 +1,99 @@
 // SPDX-License-Identifier: MIT
 #include "connectionfactory.h"
 
-#include "config.h"
+#include "connectionwatch.h"
+#include "readonlyconnection.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
-#include <QSqlError>
-#include <QSqlQuery>
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
+#include <QObject>
 
-#include <algorithm>
-#include <iterator>
+#include <chrono>
+#include <optional>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 template struct Singleton<ConnectionFactory>;
 
 namespace
 {
-
-/// How a driver is kept from writing.
-struct ReadOnlyMode {
-    const char* driver;
-    const char* connectOptions; ///< of QSqlDatabase::setConnectOptions
-    const char* statement;      ///< run once after opening
-};
-
-constexpr ReadOnlyMode readOnlyModes[] = {
-    {"QSQLITE", "QSQLITE_OPEN_READONLY", "PRAGMA query_only = ON"},
-    {"QPSQL", "", "SET SESSION CHARACTERISTICS AS TRANSACTION READ ONLY"},
-    {"QMYSQL", "", "SET SESSION TRANSACTION READ ONLY"},
-    {"QMARIADB", "", "SET SESSION TRANSACTION READ ONLY"},
-};
-
-const ReadOnlyMode* readOnlyModeOf(const QString& driver)
-{
-    const auto found = std::find_if(std::begin(readOnlyModes), std::end(readOnlyModes),
-                                    [&driver](const auto& mode) { return driver == QLatin1StringView(mode.driver); });
-    return found == std::end(readOnlyModes) ? nullptr : found;
-}
-
-void logFailure(const QString& section, const QString& reason)
-{
-    Log4Qt::LogManager::logger(u"database"_s)->error(section + u" cannot be opened: "_s + reason);
-}
-
-/// Opens the connection so that it cannot write; leaves it closed when either does not succeed.
-void openReadOnly(QSqlDatabase& connection, const QString& section)
-{
-    const ReadOnlyMode* mode = readOnlyModeOf(connection.driverName());
-    if (!mode) {
-        logFailure(section, u"no read-only mode is known for the driver "_s + connection.driverName());
-        return;
-    }
-    if (connection.databaseName().isEmpty() && connection.hostName().isEmpty()) { // SQLite would make an empty one up
-        logFailure(section, section + u":name is not set"_s);
-        return;
-    }
-    connection.setConnectOptions(QString::fromLatin1(mode->connectOptions));
-    if (!connection.open()) {
-        logFailure(section, connection.lastError().text());
-        return;
-    }
-    QSqlQuery query(connection);
-    if (!query.exec(QString::fromLatin1(mode->statement))) {
-        logFailure(section, query.lastError().text());
-        query.clear();
-        connection.close();
-    }
-}
-
+/// A failure that takes longer has kept the cashier waiting.
+constexpr qint64 longWaitMs = 1000;
+constexpr std::chrono::seconds restAfterLongWait = 15s;
 } // namespace
 
-ConnectionFactory::~ConnectionFactory()
-{
-    for (auto opened = m_parameters.cbegin(); opened != m_parameters.cend(); ++opened) {
-        QSqlDatabase::removeDatabase(opened.key());
+/// A connection, and what bounds it.
+struct ConnectionFactory::Held {
+    explicit Held(const DatabaseAccess& access)
+        : connection(access)
+    {
     }
-}
+
+    void provide()
+    {
+        watch.reset();
+        if (connection.isOpen() && !connection.answers()) {
+            connection.close();
+        }
+        if (!connection.isOpen() && rest.hasExpired()) {
+            open();
+        }
+        if (connection.isOpen()) {
+            watchCaller();
+        }
+    }
+
+    void open()
+    {
+        QElapsedTimer waiting;
+        waiting.start();
+        const Expected<void> opened = connection.open();
+        if (opened) {
+            return;
+        }
+        Log4Qt::LogManager::logger(u"database"_s)
+            ->error(connection.access().section + u" cannot be opened: "_s + opened.failure().detail);
+        if (waiting.elapsed() > longWaitMs) {
+            rest = QDeadlineTimer(restAfterLongWait);
+        }
+    }
+
+    /// Until the caller is back in the event loop.
+    void watchCaller()
+    {
+        watch.emplace(connection.database(), connection.access().timeout);
+        QMetaObject::invokeMethod(
+            &eventLoop, [this] { watch.reset(); }, Qt::QueuedConnection);
+    }
+
+    ReadOnlyConnection connection;
+    std::optional<ConnectionWatch> watch;
+    QDeadlineTimer rest{0};
+    QObject eventLoop;
+};
+
+ConnectionFactory::ConnectionFactory() = default;
+ConnectionFactory::~ConnectionFactory() = default;
 
 QSqlDatabase ConnectionFactory::getConnection(const QString& database, const QString& connection)
 {
-    QString section = u"Database"_s;
-    if (!database.isEmpty()) {
-        section += u'.' + database;
+    const QString section = database.isEmpty() ? u"Database"_s : u"Database."_s + database;
+    const DatabaseAccess wanted = DatabaseAccess::configured(section);
+    std::unique_ptr<Held>& held = m_held[section + u'\n' + connection];
+    if (!held || held->connection.access() != wanted) {
+        held = std::make_unique<Held>(wanted);
     }
-    const QString name = u"read-only "_s + section + u'\n' + connection;
-
-    const Parameters wanted = configuredParameters(section);
-    if (m_parameters.contains(name) && m_parameters.value(name) != wanted) {
-        QSqlDatabase::removeDatabase(name);
-    }
-    if (!QSqlDatabase::contains(name)) {
-        QSqlDatabase added = QSqlDatabase::addDatabase(wanted.driver, name);
-        added.setDatabaseName(wanted.name);
-        added.setHostName(wanted.host);
-        added.setPort(wanted.port);
-        added.setUserName(wanted.user);
-        added.setPassword(wanted.password);
-        m_parameters.insert(name, wanted);
-    }
-    QSqlDatabase found = QSqlDatabase::database(name, false);
-    if (!found.isOpen()) {
-        openReadOnly(found, section);
-    }
-    return found;
+    held->provide();
+    return held->connection.database();
 }
 
-ConnectionFactory::Parameters ConnectionFactory::configuredParameters(const QString& section) const
+void ConnectionFactory::takeReplacedFiles()
 {
-    const Config* config = Singleton<Config>::get();
-    return {
-        config->getString(section + u":driver"_s, u"QSQLITE"_s),
-        config->getString(section + u":name"_s),
-        config->getString(section + u":host"_s),
-        config->getInt(section + u":port"_s, -1),
-        config->getString(section + u":user"_s),
-        config->getString(section + u":password"_s),
-    };
+    for (const auto& [name, held] : m_held) {
+        Q_UNUSED(held->connection.takeReplacedFile()) // it is logged
+    }
 }

@@ -4,19 +4,22 @@
 #include "export.h"
 #include "singleton.h"
 
-#include <QHash>
 #include <QSqlDatabase>
 #include <QString>
+
+#include <map>
+#include <memory>
 
 /// Hands out connections to the goods database.
 ///
 /// The database is named in the configuration: "Database:driver" (a Qt SQL driver, default "QSQLITE"),
-/// "Database:name" (the file, for SQLite), "Database:host", "Database:port", "Database:user", "Database:password".
+/// "Database:name" (the file, for SQLite), "Database:host", "Database:port", "Database:user", "Database:password",
+/// "Database:timeout" (seconds).
 /// The register writes through connections of its own; a connection from here cannot write.
 class REGISTERPLATFORM_EXPORT ConnectionFactory
 {
 public:
-    ConnectionFactory() = default;
+    ConnectionFactory();
     virtual ~ConnectionFactory();
     Q_DISABLE_COPY_MOVE(ConnectionFactory)
 
@@ -26,26 +29,24 @@ public:
     /// connection is not open, its lastError() says why, and queries on it fail in prepare(). A missing SQLite file is
     /// not created.
     ///
+    /// A server that does not answer is waited for "Database:timeout" seconds at most, when connecting, for each
+    /// statement, and from this call until the caller is back in the event loop; then the connection is cut off, and
+    /// statements on it fail. So ask for the connection anew each time. After a long wait in vain the connection stays
+    /// closed for some seconds, so that the register is not slow at every step. An SQLite file that is replaced stays
+    /// in use until the document is done.
+    ///
     /// @param database a configured database's name: the configuration section is then "Database.<name>"; empty: the
     ///        goods database
     /// @param connection for a connection of one's own to that database; empty: the shared one
     virtual QSqlDatabase getConnection(const QString& database, const QString& connection);
 
+    /// For the host: takes files that were replaced, where they can be read. Not while a document is open.
+    void takeReplacedFiles();
+
 private:
-    struct Parameters {
-        QString driver;
-        QString name;
-        QString host;
-        int port = -1; ///< -1: the driver's own
-        QString user;
-        QString password;
+    struct Held;
 
-        bool operator==(const Parameters&) const = default;
-    };
-
-    Parameters configuredParameters(const QString& section) const;
-
-    QHash<QString, Parameters> m_parameters; ///< by the name of the Qt connection
+    std::map<QString, std::unique_ptr<Held>> m_held; ///< by database and connection
 };
 
 extern template struct REGISTERPLATFORM_EXPORT Singleton<ConnectionFactory>;

@@ -25,7 +25,7 @@ struct sqlite3;
 /// 250 bytes fails too, and so does a value longer than 10 000 bytes that a query reads or computes.
 ///
 /// When a connection cannot be bounded, the reason is logged and its queries run without a limit. A connection that is
-/// not open is left alone. Main thread only.
+/// not open is left alone. The connection's thread only.
 class REGISTERPLATFORM_EXPORT QueryGuard
 {
 public:

@@ -232,6 +232,18 @@ Check the folders of layouts in the register’s settings</translation>
         <source>Введено неверно, исправьте значение</source>
         <translation>This is not valid, correct it</translation>
     </message>
+    <message id="databaseErrorWithoutReason">
+        <source>причина не названа</source>
+        <translation>no reason was given</translation>
+    </message>
+    <message id="databaseServerSilent">
+        <source>сервер не ответил за %1 с</source>
+        <translation>the server did not answer within %1 s</translation>
+    </message>
+    <message id="databaseColumnMissing">
+        <source>нет столбца %1</source>
+        <translation>the column %1 is missing</translation>
+    </message>
     <message id="configNotReadable">
         <source>Настройки в файле %1 не прочитаны.
 Обратитесь к администратору.</source>

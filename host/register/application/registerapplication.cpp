@@ -3,7 +3,6 @@
 
 #include "actionqueuecontroller.h"
 #include "activitynotifier.h"
-#include "basicexception.h"
 #include "config.h"
 #include "configurationreport.h"
 #include "datafolderlock.h"
@@ -61,6 +60,10 @@ void setUpLogging(Config& config, const QDir& data)
     }
 }
 
+QString inOneLine(const tr::Tr& message)
+{
+    return message.ui().simplified();
+}
 } // namespace
 
 RegisterApplication::RegisterApplication(const CommandLine& commandLine)
@@ -257,7 +260,7 @@ void RegisterApplication::resumeWork()
         m_window->statusLine().showWarning(documentwords::restored(*m_till->document()));
     }
     m_printer->printInterrupted(m_till->archive());
-    checkCatalogue();
+    followCatalogue();
     auto* locker = Singleton<InactivityLocker>::get();
     QObject::connect(locker, &InactivityLocker::lock, m_window.get(), &RegisterWindow::lock);
     locker->start();
@@ -273,12 +276,26 @@ void RegisterApplication::showConfigurationProblems()
     m_window->statusLine().addMessage(notice.arg(QString::number(m_configurationProblems.size())).ui());
 }
 
-void RegisterApplication::checkCatalogue() const
+void RegisterApplication::followCatalogue()
 {
-    try {
-        m_catalogue.check();
-    } catch (const BasicException& unreadable) {
-        Dialog::create()->showMessage(unreadable.tr(), Dialog::Error, 1, 0);
+    QObject* window = m_window.get();
+    QObject::connect(&m_catalogue, &GoodsCatalogue::failed, window,
+                     [this](const tr::Tr& message) { showCatalogueFailure(message); });
+    QObject::connect(&m_catalogue, &GoodsCatalogue::fileRefused, window,
+                     [this](const tr::Tr& message) { m_window->statusLine().showWarning(inOneLine(message)); });
+    QObject::connect(&m_catalogue, &GoodsCatalogue::recovered, window, [this] {
+        m_window->statusLine().showDone(tr::Tr(u"goodsCatalogueBack"_s, u"Справочник товаров снова доступен"_s).ui());
+    });
+    m_catalogue.keepFresh();
+}
+
+/// A cashier at work is not interrupted: the goods may not be needed now, and who needs them is told.
+void RegisterApplication::showCatalogueFailure(const tr::Tr& message)
+{
+    if (m_till->document() || Singleton<ActionQueueController>::get()->isBusy()) {
+        m_window->statusLine().showWarning(inOneLine(message));
+    } else {
+        Dialog::create()->showMessage(message, Dialog::Error, 1, 0);
     }
 }
 

@@ -49,7 +49,8 @@ private:
     void resumeWork();
     void showPlugins();
     void showConfigurationProblems();
-    void checkCatalogue() const;
+    void followCatalogue();
+    void showCatalogueFailure(const tr::Tr& message);
 
     CommandLine m_commandLine;
     QStringList m_configurationProblems;

@@ -96,19 +96,17 @@ void GoodsSelectionForm::offerWanted(const QString& medicineInfo)
 
 void GoodsSelectionForm::makeCurrent(int row)
 {
-    m_table->setCurrentIndex(m_filtered.mapFromSource(m_goods.index(row, GoodsTableModel::Name)));
+    m_table->setCurrentIndex(m_goods.index(row, GoodsTableModel::Name));
 }
 
 void GoodsSelectionForm::setUpTable()
 {
-    m_filtered.setSourceModel(&m_goods);
-    m_table->setModel(&m_filtered);
+    m_table->setModel(&m_goods);
     m_table->setColumns(TableColumn::texts({
         {u"name"_s, TableColumn::remainingRoom, TableColumn::left},
         {u"nonProprietaryName"_s, 220, TableColumn::left},
         {u"price"_s, 140, TableColumn::right},
         {u"stock"_s, 110, TableColumn::right},
-        {u"searchText"_s, 0, TableColumn::left, false},
     }));
 }
 
@@ -173,7 +171,7 @@ void GoodsSelectionForm::onChoose()
         m_filter->setFocus();
         return;
     }
-    const CatalogueGoods& goods = m_goods.goods(m_filtered.mapToSource(current).row());
+    const CatalogueGoods& goods = m_goods.goods(current.row());
     if (!goods.isInStock()) {
         showHint(tr::Tr(u"goodsSelectionOutOfStock"_s, u"Этого товара нет на остатке. Выберите другой."_s));
         return;
@@ -211,15 +209,15 @@ void GoodsSelectionForm::onCancel()
 
 void GoodsSelectionForm::onFilterChanged(const QString& text)
 {
-    m_filtered.addFilter(GoodsTableModel::SearchText, text.trimmed(), ComplexFilterProxyModel::Contains);
-    m_table->setCurrentIndex(m_filtered.index(0, GoodsTableModel::Name));
+    m_goods.search(text);
+    makeCurrent(0);
     showIfNothingMatches();
 }
 
 void GoodsSelectionForm::showIfNothingMatches()
 {
     const QString search = m_filter->text().trimmed();
-    const bool nothingMatches = m_filtered.rowCount() == 0;
+    const bool nothingMatches = m_goods.rowCount() == 0;
     setStyleProperty(*findWidget<QPushButton>(u"okButton"_s), u"idle"_s, nothingMatches);
     if (!nothingMatches) {
         showHint({});

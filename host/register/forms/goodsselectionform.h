@@ -2,7 +2,6 @@
 #pragma once
 
 #include "basicform.h"
-#include "complexfilterproxymodel.h"
 #include "goodsselectionparams.h"
 #include "goodstablemodel.h"
 
@@ -36,7 +35,6 @@ private:
     void nameControls();
     void offerPicked(const SelectedGoods& picked);
     void offerWanted(const QString& medicineInfo);
-    /// @param row the row in the unfiltered model
     void makeCurrent(int row);
     void searchScanned(const QString& barcode);
     /// Shows a hint when the filter leaves no goods, and clears it otherwise.
@@ -44,7 +42,6 @@ private:
     void showHint(const tr::Tr& hint);
 
     GoodsTableModel m_goods;
-    ComplexFilterProxyModel m_filtered;
     TalloTableView* m_table;
     TalloLineEdit* m_filter;
     TalloLineEdit* m_packs;

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "cataloguegoods.h"
 #include "event.h"
+#include "goodslist.h"
 
-#include <QList>
 #include <QMetaType>
 #include <QString>
 
@@ -12,7 +11,7 @@
 
 /// What the goods selection offers.
 struct GoodsSelectionParams {
-    QList<CatalogueGoods> goods;
+    GoodsList goods;
     QString medicineInfo;                     ///< the medicine that the goods are for, shown above the list
     QString filter;                           ///< the initial text of the filter
     std::optional<SelectedGoods> picked = {}; ///< an earlier choice, which is offered again

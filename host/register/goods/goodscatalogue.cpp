@@ -1,91 +1,161 @@
 // SPDX-License-Identifier: MIT
 #include "goodscatalogue.h"
 
+#include "activitynotifier.h"
 #include "basicexception.h"
+#include "config.h"
 #include "connectionfactory.h"
-
-#include <QSqlError>
-#include <QSqlQuery>
-#include <QVariant>
+#include "databaseaccess.h"
+#include "goodsreader.h"
+#include "sqlfailure.h"
 
 #include <algorithm>
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-[[noreturn]] void throwUnreadable(const QSqlError& error)
+
+constexpr int usualRefresh = 60;
+/// The reader gives a silent server up by itself; this is for a disk that hangs.
+constexpr int timeoutsForAnswer = 12;
+
+DatabaseAccess goodsDatabase()
 {
-    throw BasicException(tr::Tr(u"goodsCatalogueUnreadable"_s,
-                                u"Справочник товаров недоступен: %1\nПроверьте базу данных товаров "
-                                "и повторите или позовите администратора."_s)
-                             .arg(error.text()));
+    return DatabaseAccess::configured(u"Database"_s);
 }
+
+std::chrono::seconds configuredRefresh()
+{
+    return std::chrono::seconds(std::max(1, Singleton<Config>::get()->getInt(u"Database:refresh"_s, usualRefresh)));
+}
+
+tr::Tr unreadable(const Failure& failure)
+{
+    return tr::Tr(u"goodsCatalogueUnreadable"_s, u"Справочник товаров недоступен: %1\nПроверьте базу данных товаров "
+                                                 "и повторите или позовите администратора."_s)
+        .arg(failure.text.ui());
+}
+
 } // namespace
 
-void GoodsCatalogue::check() const
+/// What came of a job in the reading thread.
+struct GoodsCatalogue::Outcome {
+    Expected<bool> fileChange = false;
+    Expected<GoodsList> goods = GoodsList();
+};
+
+GoodsCatalogue::GoodsCatalogue()
+    : m_reader(std::make_shared<std::unique_ptr<GoodsReader>>())
 {
-    query({});
+    connect(&m_refresh, &QTimer::timeout, this, &GoodsCatalogue::refresh);
 }
 
-QList<CatalogueGoods> GoodsCatalogue::goodsOf(const QString& nonProprietaryName) const
+GoodsCatalogue::~GoodsCatalogue()
 {
-    QSqlQuery rows = query({});
-    run(rows);
+    m_thread.finish([reader = m_reader] { reader->reset(); });
+}
+
+void GoodsCatalogue::keepFresh()
+{
+    Singleton<ActivityNotifier>::get()->subscribe(this);
+    m_refresh.start(configuredRefresh());
+    refresh();
+}
+
+GoodsList GoodsCatalogue::goodsOf(const QString& nonProprietaryName) const
+{
     const QString wanted = nonProprietaryName.trimmed();
-    QList<CatalogueGoods> goods;
-    while (rows.next()) {
-        CatalogueGoods row = read(rows);
-        if (wanted.isEmpty() || row.nonProprietaryName.compare(wanted, Qt::CaseInsensitive) == 0) {
-            goods.append(std::move(row));
-        }
-    }
-    std::sort(goods.begin(), goods.end(), [](const CatalogueGoods& left, const CatalogueGoods& right) {
-        return QString::localeAwareCompare(left.name, right.name) < 0;
-    });
-    return goods;
+    return read([wanted](GoodsReader& reader) { return wanted.isEmpty() ? reader.all() : reader.ofName(wanted); });
+}
+
+GoodsList GoodsCatalogue::withBarcode(const QString& barcode) const
+{
+    return read([barcode](GoodsReader& reader) { return reader.withBarcode(barcode); });
 }
 
 std::optional<CatalogueGoods> GoodsCatalogue::byBarcode(const QString& barcode) const
 {
-    QSqlQuery row = query(u" WHERE barcode = ?"_s);
-    row.addBindValue(barcode);
-    run(row);
-    if (!row.next()) {
-        return std::nullopt;
-    }
-    return read(row);
+    const GoodsList goods = withBarcode(barcode);
+    return goods.isEmpty() ? std::nullopt : std::optional(goods.at(0));
 }
 
-QSqlQuery GoodsCatalogue::query(const QString& condition)
+/// A file that was replaced is taken between two documents.
+void GoodsCatalogue::handleEvent(const Event& event)
 {
-    QSqlQuery prepared(Singleton<ConnectionFactory>::get()->getConnection({}, {}));
-    prepared.setForwardOnly(true);
-    const QString text = u"SELECT code, barcode, inn, name, price, catalogueprice, minretailprice, stock "
-                         "FROM goods"_s;
-    if (!prepared.prepare(text + condition)) {
-        throwUnreadable(prepared.lastError());
+    if (event.getCode() == EActivityListener::DocumentClosed ||
+        event.getCode() == EActivityListener::DocumentCancelled) {
+        QMetaObject::invokeMethod(this, &GoodsCatalogue::refresh, Qt::QueuedConnection);
     }
-    return prepared;
 }
 
-CatalogueGoods GoodsCatalogue::read(const QSqlQuery& row)
+GoodsList GoodsCatalogue::read(const Reading& reading) const
 {
-    return {
-        .code = row.value(0).toString(),
-        .barcode = row.value(1).toString(),
-        .nonProprietaryName = row.value(2).toString(),
-        .name = row.value(3).toString(),
-        .price = row.value(4).toDouble(),
-        .cataloguePrice = row.value(5).toDouble(),
-        .minRetailPrice = row.value(6).toDouble(),
-        .stock = row.value(7).toInt(),
+    const auto outcome = std::make_shared<Outcome>();
+    const std::chrono::seconds timeout = goodsDatabase().timeout;
+    if (!m_thread.run(job(reading, outcome), timeoutsForAnswer * timeout,
+                      {u"goodsCatalogueBeingRead"_s, u"Читается справочник товаров"_s})) {
+        throw BasicException(unreadable(silentServer(timeoutsForAnswer * timeout)));
+    }
+    showFileChange(*outcome);
+    if (!outcome->goods) {
+        throw BasicException(unreadable(outcome->goods.failure()));
+    }
+    return *outcome->goods;
+}
+
+/// The outcome outlives a caller that has given up.
+std::function<void()> GoodsCatalogue::job(const Reading& reading, const std::shared_ptr<Outcome>& outcome) const
+{
+    return [reader = m_reader, access = goodsDatabase(), freshness = configuredRefresh(),
+            betweenDocuments = !getDocument(), reading, outcome] {
+        if (!*reader || (*reader)->access() != access) {
+            *reader = std::make_unique<GoodsReader>(access, freshness);
+        }
+        if (betweenDocuments) {
+            outcome->fileChange = (*reader)->takeReplacedFile();
+        }
+        outcome->goods = reading(**reader);
     };
 }
 
-void GoodsCatalogue::run(QSqlQuery& query)
+void GoodsCatalogue::refresh()
 {
-    if (!query.exec()) {
-        throwUnreadable(query.lastError());
+    if (m_isRefreshing) {
+        return;
+    }
+    m_isRefreshing = true;
+    const auto outcome = std::make_shared<Outcome>();
+    const auto reading = job([](GoodsReader& reader) { return reader.all(); }, outcome);
+    m_thread.post([this, reading, outcome] {
+        reading();
+        QMetaObject::invokeMethod(
+            this, [this, outcome] { finishRefresh(*outcome); }, Qt::QueuedConnection);
+    });
+}
+
+void GoodsCatalogue::finishRefresh(const Outcome& outcome)
+{
+    m_isRefreshing = false;
+    showFileChange(outcome);
+    const bool failedBefore = m_hasFailed;
+    m_hasFailed = !outcome.goods;
+    if (m_hasFailed && !failedBefore) {
+        emit failed(unreadable(outcome.goods.failure()));
+    } else if (failedBefore && !m_hasFailed) {
+        emit recovered();
+    }
+}
+
+void GoodsCatalogue::showFileChange(const Outcome& outcome) const
+{
+    if (!outcome.fileChange) {
+        emit fileRefused(tr::Tr(u"goodsFileRefused"_s,
+                                u"Новый файл справочника товаров не читается: %1\nРабота "
+                                "продолжается со старым. Замените файл или позовите администратора."_s)
+                             .arg(outcome.fileChange.failure().text.ui()));
+    } else if (*outcome.fileChange && !getDocument()) {
+        Singleton<ConnectionFactory>::get()->takeReplacedFiles();
     }
 }

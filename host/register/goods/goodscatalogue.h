@@ -1,31 +1,70 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "cataloguegoods.h"
+#include "baseactivitylistener.h"
+#include "documentwatcher.h"
+#include "expected.h"
+#include "goodslist.h"
+#include "readingthread.h"
+#include "tr.h"
 
-#include <QList>
 #include <QString>
+#include <QTimer>
 
+#include <functional>
+#include <memory>
 #include <optional>
 
-class QSqlQuery;
+class GoodsReader;
 
 /// The goods that the pharmacy sells: the table `goods` of the goods database, read only.
 ///
-/// Every operation throws BasicException with a text for the cashier when the table cannot be read.
-class GoodsCatalogue
+/// It is read in a thread of its own. Who asks waits, behind the busy screen when it takes long; a server that does not
+/// answer is waited for "Database:timeout" seconds. Every operation throws BasicException with a text for the cashier
+/// when the table cannot be read; the next one tries again. A file that was replaced is taken while no document is
+/// open.
+class GoodsCatalogue : public BaseActivityListener, private DocumentWatcher
 {
+    Q_OBJECT
+
 public:
-    /// Throws unless the goods can be read.
-    void check() const;
+    GoodsCatalogue();
+    ~GoodsCatalogue() override;
 
-    /// The goods with that non-proprietary name in any case, sorted by name; all goods when it is empty.
-    QList<CatalogueGoods> goodsOf(const QString& nonProprietaryName) const;
+    /// Reads the goods in the background, now, after each document, and every "Database:refresh" seconds, so that the
+    /// list opens at once. Emits failed() and recovered().
+    void keepFresh();
 
+    /// The goods with that non-proprietary name, compared as searchText(), sorted by name; all goods when it is empty.
+    GoodsList goodsOf(const QString& nonProprietaryName) const;
+    /// The goods with that bar code, sorted by name.
+    GoodsList withBarcode(const QString& barcode) const;
+    /// The first one of them.
     std::optional<CatalogueGoods> byBarcode(const QString& barcode) const;
 
+    void handleEvent(const Event& event) override;
+
+signals:
+    /// Reading in the background failed, for the first time since it last succeeded.
+    void failed(const tr::Tr& message);
+    /// Reading in the background succeeds again.
+    void recovered();
+    /// A file that replaced the one in use cannot be read; the old one stays in use.
+    void fileRefused(const tr::Tr& message) const;
+
 private:
-    static QSqlQuery query(const QString& condition);
-    static CatalogueGoods read(const QSqlQuery& row);
-    static void run(QSqlQuery& query);
+    struct Outcome;
+    using Reading = std::function<Expected<GoodsList>(GoodsReader&)>;
+
+    GoodsList read(const Reading& reading) const;
+    std::function<void()> job(const Reading& reading, const std::shared_ptr<Outcome>& outcome) const;
+    void refresh();
+    void finishRefresh(const Outcome& outcome);
+    void showFileChange(const Outcome& outcome) const;
+
+    std::shared_ptr<std::unique_ptr<GoodsReader>> m_reader; ///< touched in the thread alone
+    mutable ReadingThread m_thread;
+    QTimer m_refresh;
+    bool m_isRefreshing = false;
+    bool m_hasFailed = false;
 };

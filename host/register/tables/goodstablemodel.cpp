@@ -9,15 +9,23 @@
 
 using namespace Qt::StringLiterals;
 
-GoodsTableModel::GoodsTableModel(const QList<CatalogueGoods>& goods, QObject* parent)
+GoodsTableModel::GoodsTableModel(const GoodsList& goods, QObject* parent)
     : QAbstractTableModel(parent)
     , m_goods(goods)
+    , m_shown(goods.matching({}))
 {
+}
+
+void GoodsTableModel::search(const QString& text)
+{
+    beginResetModel();
+    m_shown = m_goods.matching(text);
+    endResetModel();
 }
 
 int GoodsTableModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : int(m_goods.size());
+    return parent.isValid() ? 0 : int(m_shown.size());
 }
 
 int GoodsTableModel::columnCount(const QModelIndex& parent) const
@@ -33,9 +41,9 @@ QVariant GoodsTableModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
-        return text(m_goods.at(index.row()), index.column());
+        return text(goods(index.row()), index.column());
     case Qt::ForegroundRole:
-        return m_goods.at(index.row()).isInStock() ? QVariant() : QBrush(RegisterColours().mutedText);
+        return goods(index.row()).isInStock() ? QVariant() : QBrush(RegisterColours().mutedText);
     default:
         return {};
     }
@@ -71,8 +79,6 @@ QVariant GoodsTableModel::text(const CatalogueGoods& goods, int column) const
         return amountText(kopecks(goods.price));
     case Stock:
         return goods.isInStock() ? QString::number(goods.stock) : tr::Tr(u"goodsOutOfStock"_s, u"нет"_s).ui();
-    case SearchText:
-        return QString(goods.name + u'\n' + goods.nonProprietaryName + u'\n' + goods.barcode);
     default:
         return {};
     }

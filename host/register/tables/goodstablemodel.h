@@ -1,23 +1,25 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "cataloguegoods.h"
+#include "goodslist.h"
 
 #include <QAbstractTableModel>
 #include <QList>
 
-/// Goods to pick from. Goods that are out of stock are grey.
+/// Goods to pick from: all, or those that match a search. Goods that are out of stock are grey.
 class GoodsTableModel : public QAbstractTableModel
 {
     Q_OBJECT
 
 public:
-    /// SearchText is for filtering and hidden: name, non-proprietary name and barcode.
-    enum Column { Name, NonProprietaryName, Price, Stock, SearchText, ColumnCount };
+    enum Column { Name, NonProprietaryName, Price, Stock, ColumnCount };
 
-    explicit GoodsTableModel(const QList<CatalogueGoods>& goods, QObject* parent = nullptr);
+    explicit GoodsTableModel(const GoodsList& goods, QObject* parent = nullptr);
 
-    const CatalogueGoods& goods(int row) const { return m_goods.at(row); }
+    /// Shows the goods that match, see GoodsList::matching(). Views are reset.
+    void search(const QString& text);
+
+    const CatalogueGoods& goods(int row) const { return m_goods.at(m_shown.at(row)); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -27,5 +29,6 @@ public:
 private:
     QVariant text(const CatalogueGoods& goods, int column) const;
 
-    QList<CatalogueGoods> m_goods;
+    GoodsList m_goods;
+    QList<int> m_shown; ///< rows of the list
 };

@@ -20,6 +20,20 @@
         <source>Удалить</source>
         <translation>Remove</translation>
     </message>
+    <message id="goodsFileRefused">
+        <source>Новый файл справочника товаров не читается: %1
+Работа продолжается со старым. Замените файл или позовите администратора.</source>
+        <translation>The new file of the goods catalogue cannot be read: %1
+The old one stays in use. Replace the file, or call the administrator.</translation>
+    </message>
+    <message id="goodsCatalogueBack">
+        <source>Справочник товаров снова доступен</source>
+        <translation>The goods catalogue is available again</translation>
+    </message>
+    <message id="goodsCatalogueBeingRead">
+        <source>Читается справочник товаров</source>
+        <translation>Reading the goods catalogue</translation>
+    </message>
     <message id="goodsCatalogueUnreadable">
         <source>Справочник товаров недоступен: %1
 Проверьте базу данных товаров и повторите или позовите администратора.</source>

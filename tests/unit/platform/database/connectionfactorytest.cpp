@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -175,6 +176,43 @@ TEST_F(GoodsDatabase, configurationChanged_nextConnectionIsToTheNewFile)
     EXPECT_EQ(readName(m_factory->getConnection({}, {})), u"old"_s);
     m_config.set(u"Database:name"_s, path(u"new.sqlite"_s));
     EXPECT_EQ(readName(m_factory->getConnection({}, {})), u"new"_s);
+}
+
+TEST_F(GoodsDatabase, fileReplaced_staysInUseUntilReplacedFilesAreTaken)
+{
+    createDatabase(path(), u"old"_s);
+    createDatabase(path(u"new.sqlite"_s), u"new"_s);
+    EXPECT_EQ(readName(m_factory->getConnection({}, {})), u"old"_s);
+    ASSERT_EQ(std::rename(path(u"new.sqlite"_s).toLocal8Bit(), path().toLocal8Bit()), 0);
+    EXPECT_EQ(readName(m_factory->getConnection({}, {})), u"old"_s);
+    const LogCapture log;
+    m_factory->takeReplacedFiles();
+    EXPECT_EQ(readName(m_factory->getConnection({}, {})), u"new"_s);
+    EXPECT_EQ(log.lines(), QStringList{u"INFO database Database: the new file "_s + path() + u" is in use"_s});
+    m_factory->takeReplacedFiles();
+    EXPECT_EQ(log.lines().size(), 1) << "it is taken once";
+}
+
+TEST_F(GoodsDatabase, fileReplacedByOneThatLacksAColumn_oldOneStaysInUseAndThatIsLoggedOnce)
+{
+    createDatabase(path(), u"old"_s);
+    createDatabase(path(u"new.sqlite"_s), u"new"_s);
+    {
+        QSqlDatabase writer = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"writer"_s);
+        writer.setDatabaseName(path(u"new.sqlite"_s));
+        ASSERT_TRUE(writer.open());
+        ASSERT_TRUE(QSqlQuery(writer).exec(u"ALTER TABLE medicine DROP COLUMN dictname"_s));
+    }
+    QSqlDatabase::removeDatabase(u"writer"_s);
+    EXPECT_EQ(readName(m_factory->getConnection({}, {})), u"old"_s);
+    ASSERT_EQ(std::rename(path(u"new.sqlite"_s).toLocal8Bit(), path().toLocal8Bit()), 0);
+    const LogCapture log;
+    m_factory->takeReplacedFiles();
+    m_factory->takeReplacedFiles();
+    EXPECT_EQ(readName(m_factory->getConnection({}, {})), u"old"_s);
+    EXPECT_EQ(log.lines(), QStringList{u"ERROR database Database: the new file "_s + path() +
+                                       u" is not taken, the old one stays in use: the column medicine.dictname "
+                                       "is missing"_s});
 }
 
 TEST_F(GoodsDatabase, unknownDriver_isNotOpenedAndLogged)

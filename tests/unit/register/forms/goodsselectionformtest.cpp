@@ -131,6 +131,15 @@ TEST_F(GoodsSelection, filterTyped_onlyMatchesInAnyCaseAreShown)
     EXPECT_EQ(selected().goods.nonProprietaryName, u"Парацетамол"_s);
 }
 
+TEST_F(GoodsSelection, typedInTheWrongLayoutAndWordsInAnyOrder_findsTheGoods)
+{
+    open({});
+    type(u"500 ajhnt fvjrcblfh"_s); // "500 форте амоксидар"
+    EXPECT_EQ(shownRows(), 1);
+    press(Qt::Key_Return);
+    EXPECT_EQ(selected().goods.name, u"Амоксидар Форте, капсулы 500 мг №16"_s);
+}
+
 TEST_F(GoodsSelection, barcodeTyped_findsItsGoods)
 {
     open({}, {}, amoxidar);
@@ -185,7 +194,7 @@ TEST_F(GoodsSelection, goodsOutOfStock_areGreyAndCannotBeChosen)
     const QModelIndex stockOfGone = model.index(0, GoodsTableModel::Stock);
     EXPECT_EQ(stockOfGone.data().toString(), u"нет"_s);
     EXPECT_EQ(model.index(1, GoodsTableModel::Stock).data().toString(), u"3"_s);
-    for (int column = 0; column < GoodsTableModel::SearchText; ++column) {
+    for (int column = 0; column < GoodsTableModel::ColumnCount; ++column) {
         EXPECT_EQ(model.index(0, column).data(Qt::ForegroundRole).value<QBrush>().color(), RegisterColours().mutedText);
         EXPECT_FALSE(model.index(1, column).data(Qt::ForegroundRole).isValid());
     }
@@ -344,7 +353,7 @@ TEST_F(GoodsSelection, layoutWithoutTheTable_throwsItsName)
 
 TEST_F(GoodsSelection, infoNamesATradeName_itsGoodsAreCurrent)
 {
-    const QList<CatalogueGoods> goods = catalogue.goodsOf({});
+    const GoodsList goods = catalogue.goodsOf({});
     const auto wanted = std::find_if(goods.cbegin() + 1, goods.cend(), [](const auto& one) { return one.stock > 0; });
     ASSERT_NE(wanted, goods.cend());
     const QString tradeName = wanted->name.section(',', 0, 0);

@@ -122,7 +122,6 @@ TEST_F(Catalogue, barcodeWithSql_isJustABarcode)
 TEST_F(Catalogue, databaseMissing_throwsATextForTheCashier)
 {
     config.set(u"Database:name"_s, folder.filePath(u"absent.sqlite"_s));
-    EXPECT_THROW(catalogue.check(), BasicException);
     EXPECT_THROW(catalogue.goodsOf({}), BasicException);
     EXPECT_THROW(catalogue.byBarcode(amoxidar), BasicException);
     EXPECT_FALSE(QFile::exists(folder.filePath(u"absent.sqlite"_s))) << "it is not created";
@@ -140,7 +139,7 @@ TEST_F(Catalogue, tableMissing_throwsATextForTheCashier)
     QSqlDatabase::removeDatabase(u"empty"_s);
     config.set(u"Database:name"_s, empty);
     try {
-        catalogue.check();
+        catalogue.goodsOf({});
         FAIL();
     } catch (const BasicException& exception) {
         EXPECT_TRUE(exception.tr().ui().contains(u"Справочник товаров недоступен"_s));
@@ -175,5 +174,10 @@ TEST_F(Catalogue, goodsTableModel_showsAmountsAndStock)
     EXPECT_EQ(model.index(0, GoodsTableModel::Name).data().toString(), u"Амоксидар Форте, капсулы 500 мг №16"_s);
     EXPECT_EQ(model.index(0, GoodsTableModel::Price).data().toString(), u"17,98"_s);
     EXPECT_EQ(model.index(0, GoodsTableModel::Stock).data().toString(), u"3"_s);
-    EXPECT_TRUE(model.index(0, GoodsTableModel::SearchText).data().toString().contains(u"Амоксициллин"_s));
+    EXPECT_EQ(model.index(0, GoodsTableModel::NonProprietaryName).data().toString(), u"Амоксициллин"_s);
+    model.search(u"таблетки"_s);
+    EXPECT_EQ(model.rowCount(), 0);
+    model.search(u"форте"_s);
+    ASSERT_EQ(model.rowCount(), 1);
+    EXPECT_EQ(model.goods(0).name, u"Амоксидар Форте, капсулы 500 мг №16"_s);
 }

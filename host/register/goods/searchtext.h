@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+/// A text as names are compared and searched: without case, "ё" as "е", blanks of every kind as one, none at the ends.
+QString searchText(const QString& text);
+
+/// A search text as the same keys give it on the other layout of the keyboard, English or Russian. Characters that both
+/// layouts have in the same place stay as they are.
+QString onOtherLayout(const QString& searchText);

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// Connections to a real server, and what becomes of them when it stops, stands still or works too long.
+#include "configured.h"
+#include "connectionfactory.h"
+#include "logcapture.h"
+#include "postgresserver.h"
+#include "queryguard.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace
+{
+
+const QString selectName = u"SELECT dictname FROM medicine WHERE dictcode = 7"_s;
+
+class DatabaseServer : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        server = std::make_unique<PostgresServer>();
+        start();
+        ASSERT_TRUE(server->execute(u"CREATE TABLE medicine (dictcode INTEGER, dictname TEXT)"_s));
+        ASSERT_TRUE(server->execute(u"INSERT INTO medicine VALUES (7, 'Парацетамол')"_s));
+    }
+    static void TearDownTestSuite() { server.reset(); }
+    static void start()
+    {
+        const Expected<void> started = server->start();
+        ASSERT_TRUE(started) << started.failure().detail.toStdString();
+    }
+
+    DatabaseServer()
+        : m_config({{u"Database:driver"_s, u"QPSQL"_s},
+                    {u"Database:host"_s, server->host()},
+                    {u"Database:name"_s, server->database()},
+                    {u"Database:user"_s, server->user()},
+                    {u"Database:timeout"_s, u"2"_s}})
+    {
+        start();
+    }
+    ~DatabaseServer() override { server->goOn(); }
+
+    /// What the query finds, or its error.
+    static QString valueOf(const QSqlDatabase& connection, const QString& statement)
+    {
+        QSqlQuery query(connection);
+        return query.exec(statement) && query.next() ? query.value(0).toString() : query.lastError().text();
+    }
+
+    static inline std::unique_ptr<PostgresServer> server;
+    Configured m_config;
+    ConnectionFactory m_factory;
+};
+
+} // namespace
+
+TEST_F(DatabaseServer, asked_isReadAndCannotBeWritten)
+{
+    const QSqlDatabase connection = m_factory.getConnection({}, {});
+    EXPECT_EQ(valueOf(connection, selectName), u"Парацетамол"_s);
+    EXPECT_TRUE(valueOf(connection, u"DELETE FROM medicine"_s).contains(u"read-only"_s));
+    EXPECT_EQ(valueOf(connection, selectName), u"Парацетамол"_s);
+}
+
+TEST_F(DatabaseServer, statementTakesTooLong_isEndedByTheServerAndTheConnectionStays)
+{
+    const QSqlDatabase connection = m_factory.getConnection({}, {});
+    EXPECT_EQ(valueOf(connection, u"SHOW statement_timeout"_s), u"2s"_s);
+    m_config.set(u"Database:timeout"_s, u"60"_s);
+    const QSqlDatabase patient = m_factory.getConnection({}, {});
+    EXPECT_EQ(valueOf(patient, u"SHOW statement_timeout"_s), u"1min"_s);
+    const QueryGuard guard(patient, 50ms);
+    EXPECT_TRUE(valueOf(patient, u"SELECT pg_sleep(1000)"_s).contains(u"statement timeout"_s));
+    EXPECT_EQ(valueOf(patient, selectName), u"Парацетамол"_s);
+}
+
+TEST_F(DatabaseServer, queryGuardGone_theConnectionsOwnLimitHoldsAgain)
+{
+    const QSqlDatabase connection = m_factory.getConnection({}, {});
+    {
+        const QueryGuard guard(connection, 50ms);
+        EXPECT_EQ(valueOf(connection, u"SHOW statement_timeout"_s), u"50ms"_s);
+    }
+    EXPECT_EQ(valueOf(connection, u"SHOW statement_timeout"_s), u"2s"_s);
+}
+
+TEST_F(DatabaseServer, restarted_nextConnectionIsOpen)
+{
+    EXPECT_TRUE(m_factory.getConnection({}, {}).isOpen());
+    server->stop();
+    const QSqlDatabase stopped = m_factory.getConnection({}, {});
+    EXPECT_FALSE(stopped.isOpen());
+    EXPECT_FALSE(stopped.lastError().text().trimmed().isEmpty());
+    start();
+    EXPECT_EQ(valueOf(m_factory.getConnection({}, {}), selectName), u"Парацетамол"_s);
+}
+
+TEST_F(DatabaseServer, standsStillBeforeItIsAsked_isGivenUpAndTheErrorSaysWhy)
+{
+    EXPECT_TRUE(m_factory.getConnection({}, {}).isOpen());
+    server->pause();
+    const LogCapture log;
+    const QSqlDatabase connection = m_factory.getConnection({}, {});
+    EXPECT_FALSE(connection.isOpen());
+    EXPECT_TRUE(connection.lastError().text().contains(u"timeout expired"_s))
+        << connection.lastError().text().toStdString();
+    EXPECT_TRUE(log.text().contains(u"Database cannot be opened"_s)) << log.text().toStdString();
+
+    // It is left alone for a while, even when it answers again.
+    server->goOn();
+    EXPECT_FALSE(m_factory.getConnection({}, {}).isOpen());
+    EXPECT_EQ(log.lines().size(), 1);
+    ConnectionFactory another;
+    EXPECT_EQ(valueOf(another.getConnection({}, {}), selectName), u"Парацетамол"_s);
+}
+
+TEST_F(DatabaseServer, standsStillDuringAQuery_theQueryFails)
+{
+    const QSqlDatabase connection = m_factory.getConnection({}, {});
+    server->pause();
+    QSqlQuery query(connection);
+    EXPECT_FALSE(query.exec(selectName));
+    EXPECT_FALSE(query.lastError().text().trimmed().isEmpty());
+    server->goOn();
+    EXPECT_EQ(valueOf(m_factory.getConnection({}, {}), selectName), u"Парацетамол"_s);
+}
