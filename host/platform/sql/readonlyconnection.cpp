@@ -68,6 +68,13 @@ QString uniqueName(const QString& section)
     return u"read-only %1 %2"_s.arg(section).arg(++count);
 }
 
+/// Whether it is a database at all: SQLite opens any file.
+Expected<void> isDatabase(const QSqlDatabase& database)
+{
+    QSqlQuery query(database);
+    return query.exec(u"PRAGMA schema_version"_s) ? Expected<void>() : sqlFailure(query.lastError());
+}
+
 /// Whether each table and column of `former` is in `database` too.
 Expected<void> hasAllOf(const QSqlDatabase& former, const QSqlDatabase& database)
 {
@@ -183,6 +190,9 @@ Expected<void> ReadOnlyConnection::tryFile(const FileCheck& check) const
 {
     ReadOnlyConnection trial(m_access);
     Expected<void> usable = trial.open();
+    if (usable) {
+        usable = isDatabase(trial.database());
+    }
     if (usable) {
         usable = hasAllOf(database(), trial.database());
     }

@@ -93,8 +93,8 @@ Expected<GoodsList> GoodsReader::attempt(const Reading& reading)
     Expected<GoodsList> goods = reading(m_connection.database());
     if (!goods && (!access().isFile() || !m_hasRead)) {
         m_connection.close();
-        if (wasOpen && !m_isSilent && m_connection.open()) {
-            goods = reading(m_connection.database());
+        if (wasOpen && !m_isSilent) {
+            goods = attempt(reading);
         }
     }
     m_hasRead = m_hasRead || goods;

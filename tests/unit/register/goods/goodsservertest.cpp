@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+// The catalogue of goods on a real server that stops, stands still and comes back.
+#include "basicexception.h"
+#include "postgresserver.h"
+#include "qtmessages.h"
+#include "tillfixture.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+const QString barcode = u"4600000000024"_s;
+constexpr int longestWaitMs = 30'000;
+
+class GoodsServer : public TillFixture
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        server = std::make_unique<PostgresServer>();
+        start();
+        ASSERT_TRUE(server->execute(u"CREATE TABLE goods (code TEXT, barcode TEXT, inn TEXT, name TEXT, price NUMERIC, "
+                                    "catalogueprice NUMERIC, minretailprice NUMERIC, stock INTEGER)"_s));
+        ASSERT_TRUE(server->execute(u"INSERT INTO goods VALUES "
+                                    "('2', '4600000000024', 'Ёлка', 'Ёлка, сбор 50 г', 12.40, 12.90, 1.20, 7), "
+                                    "('1', '4600000000017', 'елка ', 'Ель, капли', 3, 3, 0, 1), "
+                                    "('3', '4600000000031', 'Ель', 'Ель, мазь', 3, 3, 0, 1)"_s));
+    }
+    static void TearDownTestSuite() { server.reset(); }
+    static void start()
+    {
+        const Expected<void> started = server->start();
+        ASSERT_TRUE(started) << started.failure().detail.toStdString();
+    }
+
+    GoodsServer()
+    {
+        start();
+        config.set(u"Database:driver"_s, u"QPSQL"_s);
+        config.set(u"Database:host"_s, server->host());
+        config.set(u"Database:name"_s, server->database());
+        config.set(u"Database:user"_s, server->user());
+        config.set(u"Database:timeout"_s, u"2"_s);
+        config.set(u"Database:refresh"_s, u"1"_s);
+    }
+    ~GoodsServer() override { server->goOn(); }
+
+    /// What the cashier reads when a look-up fails; empty when it succeeds.
+    QString message() const
+    {
+        try {
+            catalogue.byBarcode(barcode);
+            return {};
+        } catch (const BasicException& unreadable) {
+            return unreadable.tr().ui();
+        }
+    }
+
+    static inline std::unique_ptr<PostgresServer> server;
+};
+
+const QString begin = u"Справочник товаров недоступен: "_s;
+const QString end = u"\nПроверьте базу данных товаров и повторите или позовите администратора."_s;
+
+} // namespace
+
+TEST_F(GoodsServer, asked_givesTheGoodsWithTheirColumns)
+{
+    const std::optional<CatalogueGoods> goods = catalogue.byBarcode(barcode);
+    ASSERT_TRUE(goods);
+    EXPECT_EQ(goods->name, u"Ёлка, сбор 50 г"_s);
+    EXPECT_EQ(goods->price, 12.4);
+    EXPECT_EQ(goods->stock, 7);
+    EXPECT_EQ(catalogue.goodsOf(u"ЕЛКА"_s).size(), 2) << "before all goods were read";
+    EXPECT_EQ(catalogue.goodsOf({}).size(), 3);
+    EXPECT_EQ(catalogue.goodsOf(u"ЕЛКА"_s).size(), 2) << "afterwards";
+    EXPECT_TRUE(catalogue.goodsOf(u"ель'"_s).isEmpty());
+}
+
+TEST_F(GoodsServer, standsStill_theWindowLivesTheCashierIsToldAndTheGoodsComeBack)
+{
+    ASSERT_EQ(message(), QString());
+    server->pause();
+    int ticks = 0;
+    QTimer heart;
+    QObject::connect(&heart, &QTimer::timeout, &heart, [&ticks] { ++ticks; });
+    heart.start(50);
+
+    EXPECT_EQ(message(), begin + u"сервер не ответил за 2 с"_s + end);
+
+    EXPECT_GT(ticks, 5);
+    EXPECT_EQ(witness.codes(), (QList<int>{EActivityListener::LongWorkBegins, EActivityListener::LongWorkEnds}));
+    const QString again = message();
+    EXPECT_TRUE(again.startsWith(begin)) << again.toStdString();
+    EXPECT_TRUE(again.contains(u"timeout expired"_s)) << again.toStdString();
+    server->goOn();
+    EXPECT_EQ(message(), QString());
+}
+
+TEST_F(GoodsServer, stoppedAndStartedAgain_theCashierIsToldWhyAndTheGoodsComeBack)
+{
+    ASSERT_EQ(message(), QString());
+    server->stop();
+    const QtMessages qt;
+    for (int look = 0; look < 2; ++look) {
+        const QString told = message();
+        EXPECT_TRUE(told.startsWith(begin)) << told.toStdString();
+        EXPECT_TRUE(told.contains(u".s.PGSQL"_s)) << "it names the server: " << told.toStdString();
+    }
+    EXPECT_EQ(qt.with(u"Sql"_s), QStringList());
+    start();
+    EXPECT_EQ(message(), QString());
+    EXPECT_TRUE(witness.codes().isEmpty()) << "nobody had to wait";
+}
+
+TEST_F(GoodsServer, standsStillAtTheStart_nothingWaitsAndTheGoodsComeBackByThemselves)
+{
+    server->pause();
+    QSignalSpy failed(&catalogue, &GoodsCatalogue::failed);
+    QSignalSpy recovered(&catalogue, &GoodsCatalogue::recovered);
+    catalogue.keepFresh();
+    EXPECT_TRUE(failed.isEmpty());
+    ASSERT_TRUE(failed.wait(longestWaitMs));
+    EXPECT_TRUE(failed.first().first().value<tr::Tr>().ui().startsWith(begin));
+    EXPECT_TRUE(recovered.isEmpty());
+    server->goOn();
+    ASSERT_TRUE(recovered.wait(longestWaitMs));
+    EXPECT_EQ(failed.size(), 1) << "it is told once";
+    EXPECT_EQ(catalogue.goodsOf({}).size(), 3);
+}
+
+TEST_F(GoodsServer, goodsChange_theKeptListIsReadAgainInTheBackground)
+{
+    catalogue.keepFresh();
+    EXPECT_EQ(catalogue.goodsOf({}).at(0).stock, 7);
+    ASSERT_TRUE(server->execute(u"UPDATE goods SET stock = 70 WHERE code = '2'"_s));
+    EXPECT_EQ(catalogue.byBarcode(barcode)->stock, 70) << "a scan reads its goods at once";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return catalogue.goodsOf({}).at(0).stock == 70; }, longestWaitMs));
+    ASSERT_TRUE(server->execute(u"UPDATE goods SET stock = 7 WHERE code = '2'"_s));
+}
