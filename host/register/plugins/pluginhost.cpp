@@ -85,7 +85,7 @@ public:
 private:
     const QList<QSharedPointer<BasicFormCreator>> m_formCreators =
         Singleton<GraphicalUserInterface>::get()->host().creators;
-    const QList<QPointer<BaseActivityListener>> m_listeners = Singleton<ActivityNotifier>::get()->host().listeners;
+    const QList<ListenerHost::Subscription> m_listeners = Singleton<ActivityNotifier>::get()->host().listeners;
 };
 
 void addLayoutFolder(const QString& folder)
