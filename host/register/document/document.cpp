@@ -183,14 +183,8 @@ void Document::remove(int number)
 void Document::takeOverPluginData(const Document& other)
 {
     for (const QSharedPointer<Position>& source : other.m_positions) {
-        const QSharedPointer<Position> target = position(source->getNumber());
-        if (!target) {
-            continue;
-        }
-        target->setExtendedOptions(source->getExtendedOptions());
-        target->setSoftCheckId(source->getSoftCheckId());
-        for (const QString& tag : source->getTags()) {
-            target->setTag(tag);
+        if (const QSharedPointer<Position> target = position(source->getNumber())) {
+            target->takeOverPluginData(*source);
         }
     }
 }
