@@ -2,9 +2,12 @@
 #include "activitynotifier.h"
 
 #include "listenerhost.h"
+#include "pluginscope.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -19,19 +22,24 @@ ActivityNotifier::~ActivityNotifier() = default;
 
 void ActivityNotifier::subscribe(BaseActivityListener* listener)
 {
-    m_host->listeners.removeAll(nullptr);
-    if (listener && !m_host->listeners.contains(listener)) {
-        m_host->listeners.append(listener);
+    using Subscription = ListenerHost::Subscription;
+    QList<Subscription>& listeners = m_host->listeners;
+    listeners.removeIf([](const Subscription& one) { return !one.listener; });
+    const bool isSubscribed = std::any_of(listeners.cbegin(), listeners.cend(),
+                                          [listener](const Subscription& one) { return one.listener == listener; });
+    if (listener && !isSubscribed) {
+        listeners.append({listener, PluginScope::current()});
     }
 }
 
 void ActivityNotifier::notify(const Event& event)
 {
-    const QList<QPointer<BaseActivityListener>> listeners = m_host->listeners;
-    for (const QPointer<BaseActivityListener>& listener : listeners) {
+    const QList<ListenerHost::Subscription> listeners = m_host->listeners;
+    for (const auto& [listener, plugin] : listeners) {
         if (!listener) {
             continue;
         }
+        const PluginScope scope(plugin);
         const QString name = QString::fromLatin1(listener->metaObject()->className());
         try {
             listener->handleEvent(event);

@@ -22,8 +22,8 @@ public:
     /// destroyed listener drops out by itself.
     virtual void subscribe(BaseActivityListener* listener);
 
-    /// Calls handleEvent of every listener subscribed when the call began. A listener that throws is logged and does
-    /// not keep the event from the others.
+    /// Calls handleEvent of every listener subscribed when the call began, in the PluginScope in which it was
+    /// subscribed. A listener that throws is logged and does not keep the event from the others.
     virtual void notify(const Event& event);
 
     /// The host's side; a plug-in has no use for it.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "goodsitem.h"
 
+#include "pluginscope.h"
+
 #include <QJsonArray>
 
 #include <cmath>
@@ -74,6 +76,7 @@ QStringList GoodsItem::getTags() const
 
 void GoodsItem::setTag(const QString& tag)
 {
+    noteMarking();
     if (!m_tags.contains(tag)) {
         m_tags.append(tag);
     }
@@ -86,6 +89,7 @@ QString GoodsItem::getExtendedOptions() const
 
 void GoodsItem::setExtendedOptions(const QString& options)
 {
+    noteMarking();
     m_extendedOptions = options;
 }
 
@@ -96,7 +100,18 @@ QString GoodsItem::getSoftCheckId() const
 
 void GoodsItem::setSoftCheckId(const QString& id)
 {
+    if (!id.isEmpty() && !PluginScope::current().isEmpty()) {
+        m_plugin = PluginScope::current();
+    }
     m_softCheckId = id;
+}
+
+/// A later plug-in that marks the position as well does not take it over.
+void GoodsItem::noteMarking()
+{
+    if (m_plugin.isEmpty()) {
+        m_plugin = PluginScope::current();
+    }
 }
 
 QJsonObject GoodsItem::toJson() const

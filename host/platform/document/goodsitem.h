@@ -53,13 +53,22 @@ public:
     virtual QString getSoftCheckId() const;
     virtual void setSoftCheckId(const QString& id);
 
+    /// The plug-in that the position belongs to, by the name that PluginScope gives it; empty: none, or not known
+    /// which.
+    ///
+    /// It is the plug-in that set the soft check id; without one, the first that set a tag or the options.
+    QString getPlugin() const { return m_plugin; }
+
     /// Everything of the position, as it is saved; docs/document-format.md has the members.
     virtual QJsonObject toJson() const;
 
 protected:
     Goods m_goods;
+    QString m_plugin;
 
 private:
+    void noteMarking();
+
     QStringList m_tags;
     QString m_extendedOptions;
     QString m_softCheckId;

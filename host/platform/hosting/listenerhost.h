@@ -3,6 +3,7 @@
 
 #include <QList>
 #include <QPointer>
+#include <QString>
 
 class BaseActivityListener;
 
@@ -10,7 +11,11 @@ class BaseActivityListener;
 ///
 /// Found through ActivityNotifier::host(). Main thread.
 struct ListenerHost {
-    /// In the order of subscription; a destroyed listener reads as null. The host drops those of a plug-in whose init()
-    /// failed.
-    QList<QPointer<BaseActivityListener>> listeners;
+    struct Subscription {
+        QPointer<BaseActivityListener> listener; ///< null when it was destroyed
+        QString plugin;                          ///< whose code subscribed it; empty: the register's own
+    };
+
+    /// In the order of subscription. The host drops those of a plug-in whose init() failed.
+    QList<Subscription> listeners;
 };

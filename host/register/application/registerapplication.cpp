@@ -68,7 +68,14 @@ QString inOneLine(const tr::Tr& message)
 
 RegisterApplication::RegisterApplication(const CommandLine& commandLine)
     : m_commandLine(commandLine)
+    , m_orderlyEnd([this] {
+        if (m_till) {
+            m_till->save();
+        }
+    })
 {
+    QObject::connect(&m_terminationSignal, &TerminationSignal::received, &m_orderlyEnd, &OrderlyEnd::begin);
+    m_orderlyEnd.followSession();
 }
 
 RegisterApplication::~RegisterApplication()
@@ -115,7 +122,7 @@ int RegisterApplication::run()
         });
     }
     QApplication::exec();
-    return status;
+    return m_orderlyEnd.hasBegun() ? exitstatus::done : status;
 }
 
 std::optional<StartupFailure> RegisterApplication::readConfiguration()
@@ -223,6 +230,7 @@ void RegisterApplication::openWindow()
     Singleton<ActivityNotifier>::get()->subscribe(&m_longWork);
 
     m_till = std::make_unique<Till>(m_commandLine.dataFolder);
+    m_till->setActivePlugins([this] { return m_plugins.active(); });
     m_openDocumentCommands = std::make_unique<OpenDocumentCommands>(*m_till);
     m_openDocumentCommands->offer(*controller);
     m_goodsCommands = std::make_unique<GoodsCommands>(*m_till, m_catalogue);

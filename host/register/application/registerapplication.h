@@ -8,6 +8,7 @@
 #include "menucommands.h"
 #include "messagecatalogues.h"
 #include "opendocumentcommands.h"
+#include "orderlyend.h"
 #include "paymentcommands.h"
 #include "pluginhost.h"
 #include "positionmarks.h"
@@ -16,6 +17,7 @@
 #include "scenarioplayer.h"
 #include "startupfailure.h"
 #include "storeddocumentcommands.h"
+#include "terminationsignal.h"
 #include "till.h"
 
 #include <QLockFile>
@@ -35,7 +37,8 @@ public:
 
     /// Opens the window; returns nothing when it is open.
     std::optional<StartupFailure> start();
-    /// Runs the event loop until the window is closed or the scenario has ended. @return the exit status
+    /// Runs the event loop until the window is closed, the scenario has ended or the system asks for the end.
+    /// @return the exit status
     int run();
 
 private:
@@ -52,6 +55,7 @@ private:
     void followCatalogue();
     void showCatalogueFailure(const tr::Tr& message);
 
+    TerminationSignal m_terminationSignal; ///< first: a signal does not interrupt what the destructor does
     CommandLine m_commandLine;
     QStringList m_configurationProblems;
     std::unique_ptr<QLockFile> m_lockFile;
@@ -70,4 +74,5 @@ private:
     std::unique_ptr<MenuCommands> m_menuCommands;
     std::unique_ptr<RegisterWindow> m_window;
     std::unique_ptr<ScenarioPlayer> m_player;
+    OrderlyEnd m_orderlyEnd;
 };

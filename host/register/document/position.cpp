@@ -19,12 +19,25 @@ void Position::setPrice(double price)
     GoodsItem::setPrice(price);
 }
 
+void Position::takeOverPluginData(const Position& other)
+{
+    setExtendedOptions(other.getExtendedOptions());
+    setSoftCheckId(other.getSoftCheckId());
+    for (const QString& tag : other.getTags()) {
+        setTag(tag);
+    }
+    m_plugin = other.m_plugin;
+}
+
 QJsonObject Position::toJson() const
 {
     QJsonObject saved = GoodsItem::toJson();
     saved.insert(u"barcode"_s, m_barcode);
     if (m_initialPrice) {
         saved.insert(u"initialPrice"_s, *m_initialPrice);
+    }
+    if (!m_plugin.isEmpty()) {
+        saved.insert(u"plugin"_s, m_plugin);
     }
     return saved;
 }
@@ -48,5 +61,7 @@ QSharedPointer<Position> Position::fromJson(const QJsonObject& saved)
     if (saved.contains("initialPrice"_L1)) {
         position->m_initialPrice = savedmember::number(saved, u"initialPrice"_s);
     }
+    // Last: the calls above may run while a plug-in waits for the register.
+    position->m_plugin = saved.contains("plugin"_L1) ? savedmember::text(saved, u"plugin"_s) : QString();
     return position;
 }

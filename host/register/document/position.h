@@ -27,7 +27,11 @@ public:
     /// only after a question.
     bool isExternal() const { return !getSoftCheckId().isEmpty(); }
 
-    /// The members of GoodsItem, "barcode" and, after a change of price, "initialPrice".
+    /// Takes over tags, options, soft check id and the plug-in that they belong to. A tag that is there already stays.
+    void takeOverPluginData(const Position& other);
+
+    /// The members of GoodsItem, "barcode", "plugin" when the position belongs to one and, after a change of price,
+    /// "initialPrice".
     QJsonObject toJson() const override;
     /// Reads what toJson() wrote. Throws BasicException when a required member is missing or of the wrong type.
     static QSharedPointer<Position> fromJson(const QJsonObject& saved);

@@ -22,6 +22,10 @@ namespace
 const QString suspended = u"putaside"_s;
 const QString finished = u"finished"_s;
 
+/// The document that was closed last is among so many of the greatest numbers. It need not have the greatest: a
+/// document keeps its number while it is suspended.
+constexpr int latestLookedAt = 100;
+
 QString fileOf(const QString& place, int number)
 {
     return place + u"/%1.json"_s.arg(number, 8, 10, QChar(u'0'));
@@ -89,6 +93,18 @@ QList<QSharedPointer<Document>> DocumentArchive::latest(int limit) const
     return documents;
 }
 
+QSharedPointer<Document> DocumentArchive::lastClosed() const
+{
+    QSharedPointer<Document> last;
+    for (const QSharedPointer<Document>& document : latest(latestLookedAt)) { // the greatest number first
+        if (document->getState() == Document::State::Closed &&
+            (!last || document->ending().closing > last->ending().closing)) {
+            last = document;
+        }
+    }
+    return last;
+}
+
 int DocumentArchive::greatestNumber() const
 {
     const QList<int> all = numbers(suspended) + numbers(finished);
@@ -104,14 +120,19 @@ bool DocumentArchive::isReturned(const Document& sale, const QSharedPointer<Docu
     if (open && open->getNumber() == number) {
         return open->getReturnedSale() == sale.getNumber();
     }
-    if (!QFileInfo::exists(QDir(m_folder).filePath(fileOf(finished, number)))) {
-        return false;
+    for (const QString& place : {finished, suspended}) {
+        if (!QFileInfo::exists(QDir(m_folder).filePath(fileOf(place, number)))) {
+            continue;
+        }
+        const QSharedPointer<Document> returned = read(place, number);
+        if (!returned) {
+            return true; // damaged: the money may have been paid out already
+        }
+        const bool stands =
+            returned->getState() == Document::State::Closed || returned->getState() == Document::State::Suspended;
+        return stands && returned->getReturnedSale() == sale.getNumber();
     }
-    const QSharedPointer<Document> returned = read(finished, number);
-    if (!returned) {
-        return true; // damaged: the money may have been paid out already
-    }
-    return returned->getReturnedSale() == sale.getNumber() && returned->getState() == Document::State::Closed;
+    return false;
 }
 
 QSharedPointer<Document> DocumentArchive::tidyUp(const QSharedPointer<Document>& open) const

@@ -33,10 +33,15 @@ public:
     /// and left out.
     QList<QSharedPointer<Document>> latest(int limit) const;
 
+    /// The document that was closed last, by the count of closings; where none is counted, the one of the greatest
+    /// number. Looks among the latest hundred finished documents; null when none of them is closed.
+    QSharedPointer<Document> lastClosed() const;
+
     /// The greatest number of a document, readable or not; 0: there are none.
     int greatestNumber() const;
 
-    /// True when the sale was returned, or is being returned by the open document `open` (null: none is open).
+    /// True when the sale was returned, or is being returned by a suspended document or by the open document `open`
+    /// (null: none is open).
     bool isReturned(const Document& sale, const QSharedPointer<Document>& open) const;
 
     /// Removes the copies that an interrupted move left behind.

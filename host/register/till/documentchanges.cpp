@@ -39,19 +39,19 @@ void Till::restore(const OpenDocumentFile::Loaded& loaded)
 
 bool Till::close(const QList<Payment>& payments)
 {
-    if (!m_document || totalOf(payments) < m_document->getSum()) {
+    if (!m_document || totalOf(payments) < m_document->getSum() || obstacleOfPlugins(*m_document)) {
         return false;
     }
     if (m_document->isReturn() && !writeBackToSale()) {
         return false;
     }
-    return end({.state = Document::State::Closed, .finished = now(), .payments = payments},
+    return end({.state = Document::State::Closed, .closing = nextClosing(), .finished = now(), .payments = payments},
                EActivityListener::DocumentClosed);
 }
 
 bool Till::cancel()
 {
-    if (!m_document || (m_document->isReturn() && !writeBackToSale())) {
+    if (!m_document || obstacleToCancelling() || (m_document->isReturn() && !writeBackToSale())) {
         return false;
     }
     return end({.state = Document::State::Cancelled, .finished = now()}, EActivityListener::DocumentCancelled);
@@ -142,6 +142,17 @@ bool Till::writeBackToSale() const
     }
     sale->takeOverPluginData(*m_document);
     return m_archive.saveOrShow(sale);
+}
+
+/// Read from the archive when the first document is closed: a document may be closed before one is restored. A number
+/// whose closing could not be saved is left out.
+int Till::nextClosing()
+{
+    if (!m_closings) {
+        const QSharedPointer<Document> last = m_archive.lastClosed();
+        m_closings = last ? last->ending().closing : 0;
+    }
+    return ++*m_closings;
 }
 
 void Till::notifyRestored()

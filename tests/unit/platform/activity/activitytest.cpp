@@ -2,6 +2,7 @@
 #include "activitynotifier.h"
 #include "listenerhost.h"
 #include "logcapture.h"
+#include "pluginscope.h"
 
 #include <gtest/gtest.h>
 
@@ -166,13 +167,34 @@ TEST(ActivityNotifier, hostPutsFormerListenersBack_laterOneHearsNothing)
     notifier.subscribe(destroyed.get());
     notifier.subscribe(&first);
     notifier.subscribe(&second);
-    const QList<QPointer<BaseActivityListener>> before = notifier.host().listeners;
+    const QList<ListenerHost::Subscription> before = notifier.host().listeners;
     destroyed.reset();
     notifier.subscribe(&later);
     notifier.host().listeners = before;
     notifier.notify(opened);
     EXPECT_EQ(order, QStringList({u"first"_s, u"second"_s}));
     EXPECT_TRUE(later.codes.isEmpty());
+}
+
+TEST(ActivityNotifier, subscribedByAPlugin_isCalledInItsScopeWhoeverNotifies)
+{
+    ActivityNotifier notifier;
+    QStringList scopes;
+    const auto note = [&scopes](const Event&) { scopes += PluginScope::current(); };
+    Listener ofThePlugin(note);
+    Listener ofTheRegister(note);
+    {
+        const PluginScope scope(u"prescriptions"_s);
+        notifier.subscribe(&ofThePlugin);
+    }
+    notifier.subscribe(&ofTheRegister);
+    notifier.notify(opened);
+    {
+        const PluginScope other(u"discounts"_s);
+        notifier.notify(opened);
+        EXPECT_EQ(PluginScope::current(), u"discounts"_s);
+    }
+    EXPECT_EQ(scopes, (QStringList{u"prescriptions"_s, QString(), u"prescriptions"_s, QString()}));
 }
 
 TEST(ActivityNotifier, listenerThrows_isLoggedAndOthersHearTheEvent)

@@ -2,12 +2,15 @@
 #include "documentdouble.h"
 #include "documentwatcher.h"
 #include "finally.h"
+#include "pluginscope.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 #include <gtest/gtest.h>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -100,6 +103,55 @@ TEST(GoodsItem, setTagTwice_isThereOnceAndOrderIsKept)
     item.setTag(u"other"_s);
     item.setTag(u"prescription"_s);
     EXPECT_EQ(item.getTags(), QStringList({u"prescription"_s, u"other"_s}));
+}
+
+TEST(GoodsItem, markedByAPlugin_keepsItsNameWhicheverMarkComesFirst)
+{
+    const std::function<void(GoodsItem&)> marks[] = {
+        [](GoodsItem& item) { item.setTag(u"tag"_s); },
+        [](GoodsItem& item) { item.setExtendedOptions(u"{}"_s); },
+        [](GoodsItem& item) { item.setSoftCheckId(u"rx-1"_s); },
+    };
+    for (const auto& mark : marks) {
+        GoodsItem item;
+        {
+            const PluginScope scope(u"prescriptions"_s);
+            mark(item);
+        }
+        EXPECT_EQ(item.getPlugin(), u"prescriptions"_s);
+        mark(item);
+        EXPECT_EQ(item.getPlugin(), u"prescriptions"_s) << "the register's own marks change nothing";
+    }
+}
+
+TEST(GoodsItem, markedByTheRegister_belongsToNoPlugin)
+{
+    GoodsItem item;
+    item.setTag(u"tag"_s);
+    item.setExtendedOptions(u"{}"_s);
+    item.setSoftCheckId(u"rx-1"_s);
+    EXPECT_EQ(item.getPlugin(), QString());
+}
+
+TEST(GoodsItem, markedByTwoPlugins_belongsToTheOneThatSetTheSoftCheckId)
+{
+    GoodsItem item;
+    {
+        const PluginScope discounts(u"discounts"_s);
+        item.setTag(u"card"_s);
+        item.setSoftCheckId({});
+    }
+    {
+        const PluginScope prescriptions(u"prescriptions"_s);
+        item.setTag(u"prescription"_s);
+        EXPECT_EQ(item.getPlugin(), u"discounts"_s) << "the first one, while there is no soft check id";
+        item.setSoftCheckId(u"rx-1"_s);
+    }
+    {
+        const PluginScope discounts(u"discounts"_s);
+        item.setExtendedOptions(u"{}"_s);
+    }
+    EXPECT_EQ(item.getPlugin(), u"prescriptions"_s);
 }
 
 TEST(AbstractDocument, getPosition_isFoundByNumberNotByPlace)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document.h"
 #include "basicexception.h"
+#include "pluginscope.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -117,6 +118,28 @@ TEST(Document, savedAndReread_nothingIsLost)
     EXPECT_EQ(position->getExtendedOptions(), options);
     EXPECT_EQ(position->getSoftCheckId(), u"rx-%41+;"_s);
     EXPECT_EQ(again->getPluginValue(u"Plugin"_s, u"cardNumber"_s, {}).toString(), u"0011 %1"_s);
+}
+
+TEST(Document, pluginOfAPosition_isSavedAndComesBackWhoeverReadsIt)
+{
+    const auto document = twoPositions();
+    {
+        const PluginScope scope(u"prescriptions"_s);
+        document->position(1)->setSoftCheckId(u"rx-1"_s);
+    }
+    document->position(2)->setSoftCheckId(u"rx-2"_s);
+    const QJsonArray positions = document->toJson()["positions"_L1].toArray();
+    EXPECT_EQ(positions.at(0)["plugin"_L1].toString(), u"prescriptions"_s);
+    EXPECT_FALSE(positions.at(1).toObject().contains("plugin"_L1));
+
+    const PluginScope reader(u"discounts"_s);
+    const auto again = reread(*document);
+    EXPECT_EQ(again->toJson(), document->toJson());
+    EXPECT_EQ(again->position(1)->getPlugin(), u"prescriptions"_s);
+    EXPECT_EQ(again->position(2)->getPlugin(), QString());
+    const auto returned = Document::returnOf(*document, 9, document->getOpened());
+    EXPECT_EQ(returned->position(1)->getPlugin(), u"prescriptions"_s);
+    EXPECT_EQ(returned->position(2)->getPlugin(), QString());
 }
 
 TEST(Document, nameOfTenThousandCharacters_comesBackWhole)
@@ -269,7 +292,12 @@ TEST(Document, takeOverPluginData_copiesItToThePositionsWithTheSameNumbers)
     }
     source->remove(2);
 
+    {
+        const PluginScope scope(u"prescriptions"_s);
+        source->position(1)->setSoftCheckId(u"rx1"_s);
+    }
     target->takeOverPluginData(*source);
+    EXPECT_EQ(target->position(1)->getPlugin(), u"prescriptions"_s);
     ASSERT_EQ(target->positions().size(), 2);
     const auto first = target->position(1);
     EXPECT_EQ(first->getTags(), (QStringList{u"before"_s, u"tag1"_s}));
