@@ -68,9 +68,9 @@ bool hasRoom(const Document& document)
 void workOn(Document& document)
 {
     const Kopecks before = document.getSum();
-    const auto position = document.add({.name = u"Йод"_s, .price = 1.5, .quantity = 2}, {});
+    const auto position = document.add({.name = u"Йод"_s, .price = Kopecks{150}, .quantity = 2}, {});
     promise(document.position(position->getNumber()) == position, "a new position has a number of its own");
-    promise(document.getSum() == before + 300, "a new position adds its price to the sum");
+    promise(document.getSum() == before + Kopecks{300}, "a new position adds its price to the sum");
     document.remove(position->getNumber());
     promise(document.getSum() == before, "a removed position takes its price with it");
     promise(document.isReturn() || document.getChange() == document.getReceived() - before,

@@ -56,7 +56,7 @@ public:
     Kopecks getSum() const;
     /// What the customer gave, for a return what was paid out. 0 until the document is closed.
     Kopecks getReceived() const { return totalOf(m_ending.payments); }
-    Kopecks getChange() const { return isReturn() ? 0 : getReceived() - getSum(); }
+    Kopecks getChange() const { return isReturn() ? Kopecks{} : getReceived() - getSum(); }
 
     /// The number of the sale that this return takes back; 0: this document is a sale.
     int getReturnedSale() const { return m_returnedSale; }

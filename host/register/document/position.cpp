@@ -13,10 +13,11 @@ Position::Position(const Goods& goods, const QString& barcode)
 
 void Position::setPrice(double price)
 {
-    if (!m_initialPrice && kopecks(price) != kopecks(getPrice())) {
-        m_initialPrice = getPrice();
-    }
+    const Kopecks before = m_goods.price;
     GoodsItem::setPrice(price);
+    if (!m_initialPrice && m_goods.price != before) {
+        m_initialPrice = before;
+    }
 }
 
 QJsonObject Position::toJson() const
@@ -24,7 +25,7 @@ QJsonObject Position::toJson() const
     QJsonObject saved = GoodsItem::toJson();
     saved.insert(u"barcode"_s, m_barcode);
     if (m_initialPrice) {
-        saved.insert(u"initialPrice"_s, *m_initialPrice);
+        saved.insert(u"initialPrice"_s, m_initialPrice->toRoubles());
     }
     return saved;
 }
@@ -34,10 +35,10 @@ QSharedPointer<Position> Position::fromJson(const QJsonObject& saved)
     const Goods goods{
         .number = savedmember::positiveInteger(saved, u"number"_s),
         .name = savedmember::text(saved, u"name"_s),
-        .price = savedmember::number(saved, u"price"_s),
-        .minRetailPrice = savedmember::number(saved, u"minRetailPrice"_s),
-        .tmcPrice = savedmember::number(saved, u"tmcPrice"_s),
-        .quantity = savedmember::number(saved, u"quantity"_s),
+        .price = savedmember::price(saved, u"price"_s),
+        .minRetailPrice = savedmember::price(saved, u"minRetailPrice"_s),
+        .tmcPrice = savedmember::price(saved, u"tmcPrice"_s),
+        .quantity = savedmember::packs(saved, u"quantity"_s),
     };
     auto position = QSharedPointer<Position>::create(goods, saved.value("barcode"_L1).toString());
     for (const auto tag : savedmember::list(saved, u"tags"_s)) {
@@ -46,7 +47,7 @@ QSharedPointer<Position> Position::fromJson(const QJsonObject& saved)
     position->setExtendedOptions(savedmember::text(saved, u"extendedOptions"_s));
     position->setSoftCheckId(savedmember::text(saved, u"softCheckId"_s));
     if (saved.contains("initialPrice"_L1)) {
-        position->m_initialPrice = savedmember::number(saved, u"initialPrice"_s);
+        position->m_initialPrice = savedmember::price(saved, u"initialPrice"_s);
     }
     return position;
 }

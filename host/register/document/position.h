@@ -15,13 +15,15 @@ class Position : public GoodsItem
 public:
     Position(const Goods& goods, const QString& barcode);
 
-    /// The price per pack in roubles before its first change; the current price when it never changed.
-    double getInitialPrice() const { return m_initialPrice.value_or(getPrice()); }
+    /// Per pack.
+    Kopecks price() const { return m_goods.price; }
+    /// The price per pack before its first change; the current price when it never changed.
+    Kopecks initialPrice() const { return m_initialPrice.value_or(m_goods.price); }
     void setPrice(double price) override;
 
     void setQuantity(double packs) { m_goods.quantity = packs; }
 
-    Kopecks getSum() const { return kopecks(getSumb()); }
+    Kopecks getSum() const { return m_goods.price.forPacks(m_goods.quantity); }
 
     /// True when it comes from an external document, for example a prescription: it cannot be changed, and is removed
     /// only after a question.
@@ -33,6 +35,6 @@ public:
     static QSharedPointer<Position> fromJson(const QJsonObject& saved);
 
 private:
-    std::optional<double> m_initialPrice;
+    std::optional<Kopecks> m_initialPrice;
     QString m_barcode;
 };

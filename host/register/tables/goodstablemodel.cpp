@@ -68,7 +68,7 @@ QVariant GoodsTableModel::text(const CatalogueGoods& goods, int column) const
     case NonProprietaryName:
         return goods.nonProprietaryName;
     case Price:
-        return amountText(kopecks(goods.price));
+        return goods.price ? amountText(*goods.price) : tr::Tr(u"goodsNoPrice"_s, u"нет цены"_s).ui();
     case Stock:
         return goods.isInStock() ? QString::number(goods.stock) : tr::Tr(u"goodsOutOfStock"_s, u"нет"_s).ui();
     case SearchText:

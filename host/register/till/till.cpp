@@ -68,15 +68,18 @@ void Till::open()
 
 int Till::add(const SelectedGoods& selected)
 {
+    if (selected.goods.obstacleToSelling()) {
+        return 0;
+    }
     open();
     if (obstacleToAddingGoods()) {
         return 0;
     }
     GoodsItem::Goods goods;
     goods.name = selected.goods.name;
-    goods.price = selected.goods.price;
-    goods.minRetailPrice = selected.goods.minRetailPrice;
-    goods.tmcPrice = selected.goods.cataloguePrice;
+    goods.price = *selected.goods.price;
+    goods.minRetailPrice = *selected.goods.minRetailPrice;
+    goods.tmcPrice = *selected.goods.cataloguePrice;
     goods.quantity = selected.packs;
     const int number = m_document->add(goods, selected.goods.barcode)->getNumber();
     recalculateAndSave();

@@ -47,7 +47,7 @@ public:
     void open();
 
     /// Adds goods as a position; opens a sale when no document is open.
-    /// @return the number of the new position; 0 when there is an obstacleToAddingGoods()
+    /// @return the number of the new position; 0 when there is an obstacleToAddingGoods(), or one to selling these
     int add(const SelectedGoods& selected);
 
     /// Sets the packs of a position. Does nothing for one that does not exist or whose quantity cannot be changed.

@@ -164,6 +164,62 @@ The receipt itself is saved. Free disk space or check access to the data folder,
         <source>Остаток</source>
         <translation>Stock</translation>
     </message>
+    <message id="goodsNoPrice">
+        <source>нет цены</source>
+        <translation>no price</translation>
+    </message>
+    <message id="goodsNotSoldCataloguePrice">
+        <source>Товар «%1» не продаётся.
+Его цена по каталогу: %2.
+%3</source>
+        <translation>“%1” cannot be sold.
+Its catalogue price: %2.
+%3</translation>
+    </message>
+    <message id="goodsNotSoldMinRetailPrice">
+        <source>Товар «%1» не продаётся.
+Его наименьшая цена: %2.
+%3</source>
+        <translation>“%1” cannot be sold.
+Its lowest price: %2.
+%3</translation>
+    </message>
+    <message id="goodsNotSoldNext">
+        <source>Выберите другой товар или позовите администратора: цену исправляют в базе товаров.</source>
+        <translation>Choose other goods or call the administrator: the price is corrected in the goods database.</translation>
+    </message>
+    <message id="goodsNotSoldPrice">
+        <source>Товар «%1» не продаётся.
+Его цена: %2.
+%3</source>
+        <translation>“%1” cannot be sold.
+Its price: %2.
+%3</translation>
+    </message>
+    <message id="goodsPriceMissing">
+        <source>не указана</source>
+        <translation>missing</translation>
+    </message>
+    <message id="goodsPriceNegative">
+        <source>%1 — меньше нуля</source>
+        <translation>%1 is below zero</translation>
+    </message>
+    <message id="goodsPriceNoNumber">
+        <source>«%1» — не число</source>
+        <translation>“%1” is not a number</translation>
+    </message>
+    <message id="goodsPriceTooFine">
+        <source>%1 — больше двух знаков после запятой</source>
+        <translation>%1 has more than two decimals</translation>
+    </message>
+    <message id="goodsPriceTooGreat">
+        <source>%1 — больше 100 000 000</source>
+        <translation>%1 is more than 100 000 000</translation>
+    </message>
+    <message id="goodsPriceZero">
+        <source>%1 — не больше нуля</source>
+        <translation>%1 is not above zero</translation>
+    </message>
     <message id="goodsOutOfStock">
         <source>нет</source>
         <translation>none</translation>

@@ -129,7 +129,7 @@ void SalesScreen::refresh()
     const QString info = document ? m_marks.documentText(*document) : QString();
     m_documentInfo->setText(info);
     m_documentInfo->setToolTip(plainToolTip(info));
-    m_search->showTotal(document ? document->getSum() : 0);
+    m_search->showTotal(document ? document->getSum() : Kopecks{});
     showPhase();
     if (before && before != document) {
         emit ended(*before);

@@ -228,8 +228,8 @@ QSharedPointer<GoodsItem> PharmacyTest::addPosition(int number, const char* opti
 {
     GoodsItem::Goods goods;
     goods.number = number;
-    goods.price = price;
-    goods.minRetailPrice = minRetailPrice;
+    goods.price = Kopecks::fromRoubles(price).value();
+    goods.minRetailPrice = Kopecks::fromRoubles(minRetailPrice).value();
     const QSharedPointer<GoodsItem> position(new GoodsItem(goods));
     if (options) {
         position->setTag("prescription");

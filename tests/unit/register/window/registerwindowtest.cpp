@@ -121,7 +121,7 @@ TEST_F(WindowTest, documentVoided_theStatusLineShowsTheAmountToPayOut)
     openWindow();
     const auto* status = widget<QLabel>("statusMessageLabel");
     till->add(article(amoxidar));
-    ASSERT_TRUE(till->close({Payment::cash(5000)}));
+    ASSERT_TRUE(till->close({Payment::cash(Kopecks{5000})}));
     ASSERT_TRUE(till->voidDocument(till->archive().find(1)));
     EXPECT_EQ(status->text(), u"Чек № 1 аннулирован. Верните покупателю 12,40"_s);
     till->add(article(amoxidar));
