@@ -30,12 +30,14 @@ QVariant GoodsTableModel::data(const QModelIndex& index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) {
         return {};
     }
+    const CatalogueGoods& shown = goods(index.row());
     switch (role) {
     case Qt::DisplayRole:
+        return text(shown, index.column());
     case Qt::ToolTipRole:
-        return text(m_goods.at(index.row()), index.column());
+        return toolTip(shown, index.column());
     case Qt::ForegroundRole:
-        return m_goods.at(index.row()).isInStock() ? QVariant() : QBrush(RegisterColours().mutedText);
+        return shown.isInStock() && !shown.obstacleToSelling() ? QVariant() : QBrush(RegisterColours().mutedText);
     default:
         return {};
     }
@@ -76,4 +78,11 @@ QVariant GoodsTableModel::text(const CatalogueGoods& goods, int column) const
     default:
         return {};
     }
+}
+
+/// The price says what is wrong with it.
+QVariant GoodsTableModel::toolTip(const CatalogueGoods& goods, int column) const
+{
+    const std::optional<tr::Tr> obstacle = goods.obstacleToSelling();
+    return column == Price && obstacle ? obstacle->ui() : text(goods, column);
 }

@@ -6,7 +6,7 @@
 #include <QAbstractTableModel>
 #include <QList>
 
-/// Goods to pick from. Goods that are out of stock are grey.
+/// Goods to pick from. Goods that are out of stock or cannot be sold are grey.
 class GoodsTableModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -26,6 +26,7 @@ public:
 
 private:
     QVariant text(const CatalogueGoods& goods, int column) const;
+    QVariant toolTip(const CatalogueGoods& goods, int column) const;
 
     QList<CatalogueGoods> m_goods;
 };
