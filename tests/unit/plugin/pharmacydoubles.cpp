@@ -229,8 +229,7 @@ QSharedPointer<GoodsItem> PharmacyTest::addPosition(int number, const char* opti
     GoodsItem::Goods goods;
     goods.number = number;
     goods.price = Kopecks::fromRoubles(price).value();
-    goods.minRetailPrice = Kopecks::fromRoubles(minRetailPrice).value();
-    const QSharedPointer<GoodsItem> position(new GoodsItem(goods));
+    const QSharedPointer<GoodsItem> position(new PositionWithMinimum(goods, minRetailPrice));
     if (options) {
         position->setTag("prescription");
         position->setExtendedOptions(options);
