@@ -5,8 +5,6 @@
 #include "question.h"
 #include "till.h"
 
-#include <QSharedPointer>
-
 /// What the register does with the open document and its positions, up to the payment.
 class OpenDocumentCommands
 {
@@ -19,14 +17,12 @@ public:
 
 private:
     EContext::Result openSale(control::Action& action);
-    EContext::Result changeQuantity(control::Action& action);
     EContext::Result askToRemovePosition(control::Action& action);
     EContext::Result removePosition(control::Action& action);
     EContext::Result askToCancelDocument(control::Action& action);
     EContext::Result cancelDocument(control::Action& action);
     EContext::Result suspend(control::Action& action);
 
-    QSharedPointer<Position> chosenPosition(const control::Action& action) const;
     Question cancellingQuestion() const;
     bool isReturnBegun() const;
 

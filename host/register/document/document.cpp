@@ -163,10 +163,17 @@ Kopecks Document::getSum() const
                            [](Kopecks sum, const auto& position) { return sum + position->getSum(); });
 }
 
-QSharedPointer<Position> Document::add(GoodsItem::Goods goods, const QString& barcode)
+double Document::packsOf(const GoodsKey& goods) const
+{
+    return std::accumulate(m_positions.cbegin(), m_positions.cend(), 0.0, [&goods](double packs, const auto& position) {
+        return position->goodsKey().isSame(goods) ? packs + position->getQuantity() : packs;
+    });
+}
+
+QSharedPointer<Position> Document::add(GoodsItem::Goods goods, const QString& barcode, const QString& code)
 {
     goods.number = m_nextPosition++;
-    m_positions.append(QSharedPointer<Position>::create(goods, barcode));
+    m_positions.append(QSharedPointer<Position>::create(goods, barcode, code));
     return m_positions.last();
 }
 

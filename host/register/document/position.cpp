@@ -5,9 +5,10 @@
 
 using namespace Qt::StringLiterals;
 
-Position::Position(const Goods& goods, const QString& barcode)
+Position::Position(const Goods& goods, const QString& barcode, const QString& code)
     : GoodsItem(goods)
     , m_barcode(barcode)
+    , m_code(code)
 {
 }
 
@@ -24,6 +25,7 @@ QJsonObject Position::toJson() const
 {
     QJsonObject saved = GoodsItem::toJson();
     saved.insert(u"barcode"_s, m_barcode);
+    saved.insert(u"code"_s, m_code);
     if (m_initialPrice) {
         saved.insert(u"initialPrice"_s, m_initialPrice->toRoubles());
     }
@@ -40,7 +42,8 @@ QSharedPointer<Position> Position::fromJson(const QJsonObject& saved)
         .tmcPrice = savedmember::price(saved, u"tmcPrice"_s),
         .quantity = savedmember::packs(saved, u"quantity"_s),
     };
-    auto position = QSharedPointer<Position>::create(goods, saved.value("barcode"_L1).toString());
+    auto position = QSharedPointer<Position>::create(goods, saved.value("barcode"_L1).toString(),
+                                                     saved.value("code"_L1).toString());
     for (const auto tag : savedmember::list(saved, u"tags"_s)) {
         position->setTag(tag.toString());
     }

@@ -3,6 +3,7 @@
 
 #include "amount.h"
 #include "goodsitem.h"
+#include "goodskey.h"
 
 #include <QJsonObject>
 #include <QSharedPointer>
@@ -13,7 +14,10 @@
 class Position : public GoodsItem
 {
 public:
-    Position(const Goods& goods, const QString& barcode);
+    /// @param barcode, code of the goods in the catalogue
+    Position(const Goods& goods, const QString& barcode, const QString& code = {});
+
+    GoodsKey goodsKey() const { return {m_code, m_barcode, getName()}; }
 
     /// Per pack.
     Kopecks price() const { return m_goods.price; }
@@ -29,7 +33,7 @@ public:
     /// only after a question.
     bool isExternal() const { return !getSoftCheckId().isEmpty(); }
 
-    /// The members of GoodsItem, "barcode" and, after a change of price, "initialPrice".
+    /// The members of GoodsItem, "barcode", "code" and, after a change of price, "initialPrice".
     QJsonObject toJson() const override;
     /// Reads what toJson() wrote. Throws BasicException when a required member is missing or of the wrong type.
     static QSharedPointer<Position> fromJson(const QJsonObject& saved);
@@ -37,4 +41,5 @@ public:
 private:
     std::optional<Kopecks> m_initialPrice;
     QString m_barcode;
+    QString m_code;
 };

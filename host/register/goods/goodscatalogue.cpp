@@ -40,21 +40,27 @@ QList<CatalogueGoods> GoodsCatalogue::goodsOf(const QString& nonProprietaryName)
             goods.append(std::move(row));
         }
     }
-    std::sort(goods.begin(), goods.end(), [](const CatalogueGoods& left, const CatalogueGoods& right) {
-        return QString::localeAwareCompare(left.name, right.name) < 0;
-    });
+    sort(goods);
+    return goods;
+}
+
+QList<CatalogueGoods> GoodsCatalogue::withBarcode(const QString& barcode) const
+{
+    QSqlQuery rows = query(u" WHERE barcode = ?"_s);
+    rows.addBindValue(barcode);
+    run(rows);
+    QList<CatalogueGoods> goods;
+    while (rows.next()) {
+        goods.append(read(rows));
+    }
+    sort(goods);
     return goods;
 }
 
 std::optional<CatalogueGoods> GoodsCatalogue::byBarcode(const QString& barcode) const
 {
-    QSqlQuery row = query(u" WHERE barcode = ?"_s);
-    row.addBindValue(barcode);
-    run(row);
-    if (!row.next()) {
-        return std::nullopt;
-    }
-    return read(row);
+    const QList<CatalogueGoods> goods = withBarcode(barcode);
+    return goods.isEmpty() ? std::nullopt : std::optional(goods.first());
 }
 
 QSqlQuery GoodsCatalogue::query(const QString& condition)
@@ -88,4 +94,11 @@ void GoodsCatalogue::run(QSqlQuery& query)
     if (!query.exec()) {
         throwUnreadable(query.lastError());
     }
+}
+
+void GoodsCatalogue::sort(QList<CatalogueGoods>& goods)
+{
+    std::stable_sort(goods.begin(), goods.end(), [](const CatalogueGoods& left, const CatalogueGoods& right) {
+        return QString::localeAwareCompare(left.name, right.name) < 0;
+    });
 }

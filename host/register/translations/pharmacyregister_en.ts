@@ -220,6 +220,38 @@ Its price: %2.
         <source>%1 — не больше нуля</source>
         <translation>%1 is not above zero</translation>
     </message>
+    <message id="barcodeOfSeveralGoods">
+        <source>Штрихкод %1 есть у нескольких товаров. Выберите нужный.</source>
+        <translation>The bar code %1 belongs to several goods. Choose the right one.</translation>
+    </message>
+    <message id="beyondStockQuestion">
+        <source>На остатке %1 уп., а в чеке будет %2:
+%3
+Всё равно продать?</source>
+        <translation>There are %1 packs in stock, and the receipt will have %2:
+%3
+Sell them anyway?</translation>
+    </message>
+    <message id="beyondStockTitle">
+        <source>Больше, чем на остатке</source>
+        <translation>More than in stock</translation>
+    </message>
+    <message id="manyPacksQuestion">
+        <source>В чеке будет %1 уп. товара:
+%2
+Количество верное?</source>
+        <translation>The receipt will have %1 packs of:
+%2
+Is this number right?</translation>
+    </message>
+    <message id="manyPacksTitle">
+        <source>Много упаковок</source>
+        <translation>Many packs</translation>
+    </message>
+    <message id="manyPacksYes">
+        <source>Верное</source>
+        <translation>It is</translation>
+    </message>
     <message id="goodsOutOfStock">
         <source>нет</source>
         <translation>none</translation>
