@@ -40,8 +40,9 @@ void put(const QString& file, const QByteArray& bytes)
 QByteArray soundSale()
 {
     Document sale(soundNumber, QDateTime(QDate(2026, 3, 1), QTime(9, 0)));
-    sale.add({.name = u"Йод"_s, .price = 1.5, .quantity = 2}, {});
-    sale.setEnding({Document::State::Closed, QDateTime(QDate(2026, 3, 1), QTime(9, 5)), {}, {Payment::cash(300)}});
+    sale.add({.name = u"Йод"_s, .price = Kopecks{150}, .quantity = 2}, {});
+    sale.setEnding(
+        {Document::State::Closed, QDateTime(QDate(2026, 3, 1), QTime(9, 5)), {}, {Payment::cash(Kopecks{300})}});
     return QJsonDocument(sale.toJson()).toJson();
 }
 

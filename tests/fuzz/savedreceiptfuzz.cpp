@@ -41,14 +41,26 @@ void compare(const QJsonObject& written, const QJsonObject& kept, std::initializ
     }
 }
 
+/// Prices of these names are the same to the kopeck, as far as `written` has them.
+void comparePrices(const QJsonObject& written, const QJsonObject& kept, std::initializer_list<const char*> names)
+{
+    for (const char* name : names) {
+        const QLatin1StringView member(name);
+        promise(!written.contains(member) || GoodsItem::priceOf(written.value(member).toDouble()) ==
+                                                 Kopecks::fromRoubles(kept.value(member).toDouble()),
+                "a price is kept to the kopeck");
+    }
+}
+
 void compareWithFile(const QJsonObject& written, const QJsonObject& kept)
 {
     compare(written, kept, {"number", "type", "state", "takenBackBy"});
     const QJsonArray positions = written.value("positions"_L1).toArray();
     for (qsizetype place = 0; place < positions.size(); ++place) {
-        compare(positions.at(place).toObject(), kept.value("positions"_L1).toArray().at(place).toObject(),
-                {"number", "name", "price", "minRetailPrice", "tmcPrice", "quantity", "extendedOptions", "softCheckId",
-                 "initialPrice"});
+        const QJsonObject position = positions.at(place).toObject();
+        const QJsonObject keptPosition = kept.value("positions"_L1).toArray().at(place).toObject();
+        compare(position, keptPosition, {"number", "name", "quantity", "extendedOptions", "softCheckId"});
+        comparePrices(position, keptPosition, {"price", "minRetailPrice", "tmcPrice", "initialPrice"});
     }
     const QJsonObject plugins = written.value("plugins"_L1).toObject();
     for (auto plugin = plugins.begin(); plugin != plugins.end(); ++plugin) {
@@ -68,9 +80,9 @@ bool hasRoom(const Document& document)
 void workOn(Document& document)
 {
     const Kopecks before = document.getSum();
-    const auto position = document.add({.name = u"Йод"_s, .price = 1.5, .quantity = 2}, {});
+    const auto position = document.add({.name = u"Йод"_s, .price = Kopecks{150}, .quantity = 2}, {});
     promise(document.position(position->getNumber()) == position, "a new position has a number of its own");
-    promise(document.getSum() == before + 300, "a new position adds its price to the sum");
+    promise(document.getSum() == before + Kopecks{300}, "a new position adds its price to the sum");
     document.remove(position->getNumber());
     promise(document.getSum() == before, "a removed position takes its price with it");
     promise(document.isReturn() || document.getChange() == document.getReceived() - before,

@@ -3,22 +3,18 @@
 
 #include "pluginscope.h"
 
-#include <QJsonArray>
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
 
-#include <cmath>
+#include <QJsonArray>
 
 using namespace Qt::StringLiterals;
 
-namespace
+std::optional<Kopecks> GoodsItem::priceOf(double roubles)
 {
-
-/// Rounds half away from zero to two decimals. The 1e-6 makes up for what binary fractions lose.
-double toCents(double amount)
-{
-    return std::round(amount * 100.0 + std::copysign(1e-6, amount)) / 100.0;
+    const std::optional<Kopecks> price = Kopecks::fromRoubles(roubles);
+    return price && *price <= greatestPrice && *price >= -greatestPrice ? price : std::nullopt;
 }
-
-} // namespace
 
 GoodsItem::GoodsItem() = default;
 
@@ -41,22 +37,30 @@ QString GoodsItem::getName() const
 
 double GoodsItem::getPrice() const
 {
-    return m_goods.price;
+    return m_goods.price.toRoubles();
 }
 
 void GoodsItem::setPrice(double price)
 {
-    m_goods.price = price;
+    if (const std::optional<Kopecks> accepted = priceOf(price)) {
+        m_goods.price = *accepted;
+        return;
+    }
+    const QString plugin = PluginScope::current();
+    Log4Qt::LogManager::logger(u"document"_s)
+        ->error(u"The price %1 of position %2 is refused; it was set by %3"_s.arg(
+            QString::number(price, 'g', 12), QString::number(getNumber()),
+            plugin.isEmpty() ? u"the register"_s : u"the plug-in "_s + plugin));
 }
 
 double GoodsItem::getMinRetailPrice() const
 {
-    return m_goods.minRetailPrice;
+    return m_goods.minRetailPrice.toRoubles();
 }
 
 double GoodsItem::getTmcPrice() const
 {
-    return m_goods.tmcPrice;
+    return m_goods.tmcPrice.toRoubles();
 }
 
 double GoodsItem::getQuantity() const
@@ -66,7 +70,7 @@ double GoodsItem::getQuantity() const
 
 double GoodsItem::getSumb() const
 {
-    return toCents(getPrice() * getQuantity());
+    return m_goods.price.forPacks(m_goods.quantity).toRoubles();
 }
 
 QStringList GoodsItem::getTags() const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "export.h"
+#include "kopecks.h"
 
 #include <QJsonObject>
 #include <QMetaType>
@@ -9,10 +10,12 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 /// A position of a document: goods, quantity, price, and what plug-ins have put on it.
 ///
-/// Amounts are in the currency's main unit (roubles), as doubles with two decimals. Owner: the document, through
-/// shared pointers. Main thread.
+/// Amounts are kept in whole kopecks. The getters and setPrice() have them in roubles, as doubles with two decimals.
+/// Owner: the document, through shared pointers. Main thread.
 class REGISTERPLATFORM_EXPORT GoodsItem
 {
 public:
@@ -20,11 +23,19 @@ public:
     struct Goods {
         int number = 0; ///< 1 for the first position; never changes
         QString name;
-        double price = 0.0;          ///< asked per pack
-        double minRetailPrice = 0.0; ///< lowest allowed price per pack; 0: none
-        double tmcPrice = 0.0;       ///< catalogue price per pack
-        double quantity = 1.0;       ///< packs
+        Kopecks price = {};          ///< asked per pack
+        Kopecks minRetailPrice = {}; ///< lowest allowed price per pack; 0: none
+        Kopecks tmcPrice = {};       ///< catalogue price per pack
+        double quantity = 1.0;       ///< packs, up to three decimals
     };
+
+    /// No price is greater.
+    static constexpr Kopecks greatestPrice{10'000'000'000};
+    /// No quantity is greater. The greatest sum fits into Kopecks.
+    static constexpr double greatestQuantity = 100'000.0;
+
+    /// The price in kopecks; empty for what setPrice() refuses.
+    static std::optional<Kopecks> priceOf(double roubles);
 
     GoodsItem();
     explicit GoodsItem(const Goods& goods);
@@ -34,11 +45,13 @@ public:
     virtual int getNumber() const;
     virtual QString getName() const;
     virtual double getPrice() const;
+    /// Rounds the price to kopecks. A price that is no number, or beyond 100 000 000 roubles on either side of 0, is
+    /// refused: the price stays as it is, and the log names the plug-in that set it.
     virtual void setPrice(double price);
     virtual double getMinRetailPrice() const;
     virtual double getTmcPrice() const;
     virtual double getQuantity() const;
-    /// The position's sum: price times quantity, rounded to two decimals.
+    /// The position's sum: the price in kopecks times the quantity, rounded to kopecks, halves away from zero.
     virtual double getSumb() const;
 
     virtual QStringList getTags() const;

@@ -2,28 +2,22 @@
 #include "goodscommands.h"
 
 #include "askform.h"
+#include "basicexception.h"
+#include "chosenposition.h"
 #include "commandtable.h"
 #include "goodsselectionparams.h"
+#include "keyofgoods.h"
 #include "obstaclenotice.h"
-#include "question.h"
+#include "packsquestion.h"
 #include "registeraction.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-
-/// Asks whether to sell goods that should be out of stock: the pack may be on the counter all the same.
-bool isWantedAnyway(const CatalogueGoods& goods)
-{
-    const Question question{
-        {u"outOfStockTitle"_s, u"Товара нет на остатке"_s},
-        tr::Tr(u"outOfStockQuestion"_s, u"На остатке нет товара:\n%1\nВсё равно продать?"_s).arg(goods.name),
-        {u"outOfStockYes"_s, u"Продать"_s},
-        {u"questionNo"_s, u"Нет"_s},
-    };
-    return question.ask();
-}
 
 std::optional<SelectedGoods> letSelect(const GoodsSelectionParams& params)
 {
@@ -33,6 +27,22 @@ std::optional<SelectedGoods> letSelect(const GoodsSelectionParams& params)
         return std::nullopt;
     }
     return selected.value<SelectedGoods>();
+}
+
+/// The packs that a position is to have, as the cashier types them.
+std::optional<int> askPacks(const Position& position)
+{
+    TextInputParams params;
+    params.title = tr::Tr(u"changeQuantityTitle"_s, u"Количество"_s);
+    params.message = tr::Tr(u"changeQuantityMessage"_s, u"Сколько упаковок?\n%1"_s).arg(position.getName());
+    params.inputName = u"inputPacks"_s;
+    params.initialText = QString::number(position.getQuantity());
+    params.mask = u"[1-9]\\d{0,2}"_s;
+    params.numeric = true;
+    params.manualOnly = true;
+    const core::BasicDialog::Result result = Dialog::create()->showTextInput(params);
+    const int packs = result.getData().toString().toInt();
+    return result.canceled() || packs < 1 ? std::nullopt : std::optional(packs);
 }
 
 } // namespace
@@ -50,6 +60,7 @@ void GoodsCommands::offer(ActionQueueController& controller)
         {registeraction::addGoods, Where::Everywhere, &Commands::addGoods},
         {control::SelectGoods, Where::Everywhere, &Commands::selectGoods},
         {control::AddSelectedGoods, Where::OpenDocument, &Commands::addSelectedGoods},
+        {registeraction::changeQuantity, Where::OpenDocument, &Commands::changeQuantity},
     };
     offerCommands<Commands>(controller, *this, table);
 }
@@ -59,7 +70,7 @@ EContext::Result GoodsCommands::selectGoods(control::Action& action)
     const QString medicineInfo = action.value(u"medicineInfo"_s).toString();
     const std::optional<SelectedGoods> selected = letSelect(
         {m_catalogue.goodsOf(action.value(u"filterByInn"_s).toString()), medicineInfo, {}, pickedBefore(medicineInfo)});
-    if (!selected) {
+    if (!selected || !maySell(*selected)) {
         return EContext::Stop;
     }
     m_picked = {m_till.document(), medicineInfo, *selected};
@@ -69,11 +80,15 @@ EContext::Result GoodsCommands::selectGoods(control::Action& action)
 
 EContext::Result GoodsCommands::addSelectedGoods(control::Action& action)
 {
-    const QVariant selected = action.value(u"result"_s);
-    if (!selected.canConvert<SelectedGoods>()) {
+    const QVariant value = action.value(u"result"_s);
+    if (!value.canConvert<SelectedGoods>()) {
         return EContext::NotFound;
     }
-    const int number = m_till.add(selected.value<SelectedGoods>());
+    const auto selected = value.value<SelectedGoods>();
+    if (!isPicked(selected) && !maySell(selected)) {
+        return EContext::Stop;
+    }
+    const int number = m_till.add(selected);
     if (number == 0) {
         return EContext::Stop;
     }
@@ -87,24 +102,94 @@ EContext::Result GoodsCommands::addGoods(control::Action& action)
     if (showIfObstacle(m_till.obstacleToAddingGoods())) {
         return EContext::Stop;
     }
-    const QString search = action.value(u"search"_s).toString().trimmed();
-    std::optional<SelectedGoods> selected;
-    if (!search.isEmpty()) {
-        if (const std::optional<CatalogueGoods> scanned = m_catalogue.byBarcode(search)) {
-            selected = SelectedGoods{*scanned, 1};
-        }
-    }
-    if (selected && !selected->goods.isInStock() && !isWantedAnyway(selected->goods)) {
+    const std::optional<SelectedGoods> selected = find(action.value(u"search"_s).toString().trimmed());
+    if (!selected || !maySell(*selected)) {
         return EContext::Stop;
     }
-    if (!selected) {
-        selected = letSelect({m_catalogue.goodsOf({}), {}, search, {}});
-    }
-    if (!selected) {
-        return EContext::Stop;
-    }
-    m_till.add(*selected);
+    m_till.addOrRaise(*selected);
     return EContext::GoOn;
+}
+
+EContext::Result GoodsCommands::changeQuantity(control::Action& action)
+{
+    const QSharedPointer<Position> position = chosenPositionOrShow(m_till, action);
+    if (!position || showIfObstacle(Till::obstacleToChangingQuantity(*position))) {
+        return EContext::Stop;
+    }
+    const std::optional<int> packs = askPacks(*position);
+    if (!packs || !maySet(*position, *packs)) {
+        return EContext::Stop;
+    }
+    m_till.setPacks(position->getNumber(), *packs);
+    return EContext::GoOn;
+}
+
+/// The goods with the bar code `search`; the cashier chooses when there are several, or none.
+std::optional<SelectedGoods> GoodsCommands::find(const QString& search) const
+{
+    if (search.isEmpty()) {
+        return letSelect({m_catalogue.goodsOf({}), {}, {}, {}});
+    }
+    const auto scanned = m_catalogue.withBarcode(search);
+    if (scanned.isEmpty()) {
+        return letSelect({m_catalogue.goodsOf({}), {}, search, {}});
+    }
+    if (scanned.size() == 1) {
+        return SelectedGoods{scanned.at(0), 1};
+    }
+    const tr::Tr several(u"barcodeOfSeveralGoods"_s, u"Штрихкод %1 есть у нескольких товаров. Выберите нужный."_s);
+    return letSelect({scanned, several.arg(search).ui(), {}, {}});
+}
+
+bool GoodsCommands::maySell(const SelectedGoods& selected) const
+{
+    if (const std::optional<tr::Tr> obstacle = selected.goods.obstacleToSelling()) {
+        showNotice(*obstacle);
+        return false;
+    }
+    const QSharedPointer<Document> document = m_till.document();
+    const double before = document ? document->packsOf(keyOf(selected.goods)) : 0.0;
+    return AddedPacks{.name = selected.goods.name,
+                      .stock = selected.goods.stock,
+                      .before = before,
+                      .after = before + selected.packs,
+                      .entered = selected.packs}
+        .areWanted();
+}
+
+bool GoodsCommands::maySet(const Position& position, int packs) const
+{
+    const double before = m_till.document()->packsOf(position.goodsKey());
+    return AddedPacks{.name = position.getName(),
+                      .stock = stockOf(position.goodsKey()),
+                      .before = before,
+                      .after = before - position.getQuantity() + packs,
+                      .entered = packs}
+        .areWanted();
+}
+
+/// Empty when it is unknown: the goods are no longer in the catalogue, or it cannot be read, which is no reason to
+/// refuse another quantity.
+std::optional<int> GoodsCommands::stockOf(const GoodsKey& key) const
+{
+    try {
+        const auto found = key.barcode.isEmpty() ? m_catalogue.goodsOf({}) : m_catalogue.withBarcode(key.barcode);
+        for (const CatalogueGoods& goods : found) {
+            if (keyOf(goods).isSame(key)) {
+                return goods.stock;
+            }
+        }
+    } catch (const BasicException& exception) {
+        Log4Qt::LogManager::logger(u"register"_s)->warn(u"The stock is unknown: "_s + exception.tr().ui());
+    }
+    return std::nullopt;
+}
+
+/// The cashier was asked about goods that are picked.
+bool GoodsCommands::isPicked(const SelectedGoods& selected) const
+{
+    return m_picked.document && m_picked.document == m_till.document() && m_picked.goods.packs == selected.packs &&
+           keyOf(m_picked.goods.goods).isSame(keyOf(selected.goods));
 }
 
 std::optional<SelectedGoods> GoodsCommands::pickedBefore(const QString& medicineInfo) const

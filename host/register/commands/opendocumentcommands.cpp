@@ -3,6 +3,7 @@
 
 #include "actionfactory.h"
 #include "actionhost.h"
+#include "chosenposition.h"
 #include "commandtable.h"
 #include "obstaclenotice.h"
 #include "registeraction.h"
@@ -21,7 +22,6 @@ void OpenDocumentCommands::offer(ActionQueueController& controller)
     using Commands = OpenDocumentCommands;
     static constexpr Command<Commands> table[] = {
         {registeraction::openSale, Where::Everywhere, &Commands::openSale},
-        {registeraction::changeQuantity, Where::OpenDocument, &Commands::changeQuantity},
         {registeraction::askToRemovePosition, Where::OpenDocument, &Commands::askToRemovePosition},
         {control::RemovePosition, Where::OpenDocument, &Commands::removePosition},
         {registeraction::askToCancelDocument, Where::OpenDocument, &Commands::askToCancelDocument},
@@ -66,32 +66,9 @@ EContext::Result OpenDocumentCommands::openSale(control::Action&)
     return EContext::GoOn;
 }
 
-EContext::Result OpenDocumentCommands::changeQuantity(control::Action& action)
-{
-    const QSharedPointer<Position> position = chosenPosition(action);
-    if (!position || showIfObstacle(Till::obstacleToChangingQuantity(*position))) {
-        return EContext::Stop;
-    }
-    TextInputParams params;
-    params.title = tr::Tr(u"changeQuantityTitle"_s, u"Количество"_s);
-    params.message = tr::Tr(u"changeQuantityMessage"_s, u"Сколько упаковок?\n%1"_s).arg(position->getName());
-    params.inputName = u"inputPacks"_s;
-    params.initialText = QString::number(position->getQuantity());
-    params.mask = u"[1-9]\\d{0,2}"_s;
-    params.numeric = true;
-    params.manualOnly = true;
-    const core::BasicDialog::Result result = Dialog::create()->showTextInput(params);
-    const int packs = result.getData().toString().toInt();
-    if (result.canceled() || packs < 1) {
-        return EContext::Stop;
-    }
-    m_till.setPacks(position->getNumber(), packs);
-    return EContext::GoOn;
-}
-
 EContext::Result OpenDocumentCommands::askToRemovePosition(control::Action& action)
 {
-    const QSharedPointer<Position> position = chosenPosition(action);
+    const QSharedPointer<Position> position = chosenPositionOrShow(m_till, action);
     if (!position || showIfObstacle(m_till.obstacleOfPlugin(*position))) {
         return EContext::Stop;
     }
@@ -113,7 +90,7 @@ EContext::Result OpenDocumentCommands::askToRemovePosition(control::Action& acti
 
 EContext::Result OpenDocumentCommands::removePosition(control::Action& action)
 {
-    const QSharedPointer<Position> position = chosenPosition(action);
+    const QSharedPointer<Position> position = chosenPositionOrShow(m_till, action);
     if (!position) {
         return EContext::NotFound;
     }
@@ -176,18 +153,6 @@ EContext::Result OpenDocumentCommands::suspend(control::Action&)
         return EContext::Stop;
     }
     return m_till.suspend() ? EContext::GoOn : EContext::Stop;
-}
-
-QSharedPointer<Position> OpenDocumentCommands::chosenPosition(const control::Action& action) const
-{
-    if (showIfObstacle(m_till.obstacleToChangingPositions())) {
-        return nullptr;
-    }
-    auto position = positionOf(action);
-    if (!position) {
-        showNotice({u"positionNotChosen"_s, u"Сначала выберите позицию чека."_s});
-    }
-    return position;
 }
 
 /// Null when the open document has no such position.

@@ -21,7 +21,6 @@ public:
 
 private:
     EContext::Result openSale(control::Action& action);
-    EContext::Result changeQuantity(control::Action& action);
     EContext::Result askToRemovePosition(control::Action& action);
     EContext::Result removePosition(control::Action& action);
     EContext::Result askToCancelDocument(control::Action& action);
@@ -29,7 +28,6 @@ private:
     EContext::Result suspend(control::Action& action);
 
     std::optional<Obstacle> obstacleBeforeHooks(const control::Action& action) const;
-    QSharedPointer<Position> chosenPosition(const control::Action& action) const;
     QSharedPointer<Position> positionOf(const control::Action& action) const;
     Question cancellingQuestion() const;
     bool isReturnBegun() const;

@@ -45,7 +45,7 @@ tr::Tr voidQuestion(const Document& document)
     if (document.getState() == Document::State::Suspended) {
         return {u"annulPutAsideQuestion"_s, u"Аннулировать отложенный чек № %1 на сумму %2?"_s};
     }
-    if (document.getSum() == 0) {
+    if (document.getSum() == Kopecks{}) {
         return {u"annulSaleWithoutMoneyQuestion"_s, u"Аннулировать продажу № %1 на сумму %2?"_s};
     }
     return {u"annulSaleQuestion"_s, u"Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю."_s};

@@ -3,32 +3,19 @@
 
 #include <QRegularExpression>
 
-#include <cmath>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
-
-/// More than any till takes in. Sums of very many such amounts still fit into Kopecks.
-constexpr double largestRoubles = 1e12;
-
-} // namespace
-
-Kopecks kopecks(double roubles)
-{
-    return std::llround(std::fmin(std::fmax(roubles, -largestRoubles), largestRoubles) * 100.0);
-}
-
 QString amountText(Kopecks amount)
 {
-    const Kopecks size = std::abs(amount);
+    const qint64 size = std::abs(amount.count());
     QString roubles = QString::number(size / 100);
     for (auto place = roubles.size() - 3; place > 0; place -= 3) {
         roubles.insert(place, QChar::Nbsp);
     }
     const QString decimals = QString::number(size % 100).rightJustified(2, u'0');
-    return (amount < 0 ? u"-"_s : QString()) + roubles + u',' + decimals;
+    return (amount < Kopecks{} ? u"-"_s : QString()) + roubles + u',' + decimals;
 }
 
 std::optional<Kopecks> typedAmount(const QString& text)
@@ -38,5 +25,11 @@ std::optional<Kopecks> typedAmount(const QString& text)
     if (!match.hasMatch()) {
         return std::nullopt;
     }
-    return match.captured(1).toLongLong() * 100 + match.captured(2).leftJustified(2, u'0').toLongLong();
+    return Kopecks{match.captured(1).toLongLong() * 100 + match.captured(2).leftJustified(2, u'0').toLongLong()};
+}
+
+QString packsText(double packs)
+{
+    static const QRegularExpression idleDecimals(u"\\.?0+\\z"_s);
+    return QString::number(packs, 'f', 3).remove(idleDecimals).replace(u'.', u',');
 }

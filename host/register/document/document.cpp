@@ -73,11 +73,6 @@ void insertTime(QJsonObject& saved, const QString& name, const QDateTime& time)
     }
 }
 
-double roubles(Kopecks amount)
-{
-    return double(amount) / 100.0;
-}
-
 /// "received" alone says it all.
 bool isOneOfCash(const QList<Payment>& payments)
 {
@@ -88,7 +83,7 @@ QJsonArray savedPayments(const QList<Payment>& payments)
 {
     QJsonArray saved;
     for (const Payment& payment : payments) {
-        saved.append(QJsonObject{{"method"_L1, rowOf(payment.method).word}, {"amount"_L1, roubles(payment.amount)}});
+        saved.append(QJsonObject{{"method"_L1, rowOf(payment.method).word}, {"amount"_L1, payment.amount.toRoubles()}});
     }
     return saved;
 }
@@ -98,7 +93,7 @@ Payment readPayment(const QJsonObject& saved)
     const QString word = savedmember::text(saved, u"method"_s);
     for (const PaymentMethodRow& row : paymentMethods()) {
         if (row.word == word) {
-            return {row.method, kopecks(savedmember::number(saved, u"amount"_s))};
+            return {row.method, savedmember::amount(saved, u"amount"_s)};
         }
     }
     savedmember::refuse(u"method"_s);
@@ -107,7 +102,7 @@ Payment readPayment(const QJsonObject& saved)
 QList<Payment> readPayments(const QJsonObject& saved)
 {
     if (!saved.contains("payments"_L1)) {
-        return {Payment::cash(kopecks(savedmember::number(saved, u"received"_s)))};
+        return {Payment::cash(savedmember::amount(saved, u"received"_s))};
     }
     QList<Payment> payments;
     for (const auto value : savedmember::list(saved, u"payments"_s)) {
@@ -164,14 +159,21 @@ QString Document::fileName() const
 
 Kopecks Document::getSum() const
 {
-    return std::accumulate(m_positions.cbegin(), m_positions.cend(), Kopecks(0),
+    return std::accumulate(m_positions.cbegin(), m_positions.cend(), Kopecks{},
                            [](Kopecks sum, const auto& position) { return sum + position->getSum(); });
 }
 
-QSharedPointer<Position> Document::add(GoodsItem::Goods goods, const QString& barcode)
+double Document::packsOf(const GoodsKey& goods) const
+{
+    return std::accumulate(m_positions.cbegin(), m_positions.cend(), 0.0, [&goods](double packs, const auto& position) {
+        return position->goodsKey().isSame(goods) ? packs + position->getQuantity() : packs;
+    });
+}
+
+QSharedPointer<Position> Document::add(GoodsItem::Goods goods, const QString& barcode, const QString& code)
 {
     goods.number = m_nextPosition++;
-    m_positions.append(QSharedPointer<Position>::create(goods, barcode));
+    m_positions.append(QSharedPointer<Position>::create(goods, barcode, code));
     return m_positions.last();
 }
 
@@ -196,7 +198,7 @@ QJsonObject Document::toJson() const
     saved.insert(u"number"_s, m_number);
     saved.insert(u"opened"_s, m_opened.toString(Qt::ISODate));
     saved.insert(u"nextPosition"_s, m_nextPosition);
-    saved.insert(u"sum"_s, roubles(getSum()));
+    saved.insert(u"sum"_s, getSum().toRoubles());
     saved.insert(u"state"_s, word(m_ending.state));
     insertTime(saved, u"finished"_s, m_ending.finished);
     insertTime(saved, u"annulled"_s, m_ending.voided);
@@ -204,7 +206,7 @@ QJsonObject Document::toJson() const
         saved.insert(u"closing"_s, m_ending.closing);
     }
     if (m_ending.state == State::Closed || !m_ending.payments.isEmpty()) {
-        saved.insert(u"received"_s, roubles(getReceived()));
+        saved.insert(u"received"_s, getReceived().toRoubles());
     }
     if (!isOneOfCash(m_ending.payments)) {
         saved.insert(u"payments"_s, savedPayments(m_ending.payments));

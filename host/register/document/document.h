@@ -54,9 +54,11 @@ public:
 
     /// The sum of all positions, each rounded to kopecks.
     Kopecks getSum() const;
+    /// The packs of these goods, in all positions.
+    double packsOf(const GoodsKey& goods) const;
     /// What the customer gave, for a return what was paid out. 0 until the document is closed.
     Kopecks getReceived() const { return totalOf(m_ending.payments); }
-    Kopecks getChange() const { return isReturn() ? 0 : getReceived() - getSum(); }
+    Kopecks getChange() const { return isReturn() ? Kopecks{} : getReceived() - getSum(); }
 
     /// The number of the sale that this return takes back; 0: this document is a sale.
     int getReturnedSale() const { return m_returnedSale; }
@@ -65,7 +67,8 @@ public:
     void setReturnedBy(int number) { m_returnedBy = number; }
 
     /// Adds a position with the next number. The number of a removed position is not used again.
-    QSharedPointer<Position> add(GoodsItem::Goods goods, const QString& barcode);
+    /// @param barcode, code of the goods in the catalogue
+    QSharedPointer<Position> add(GoodsItem::Goods goods, const QString& barcode, const QString& code = {});
     /// Does nothing when no position has that number.
     void remove(int number);
 

@@ -102,7 +102,7 @@ QString voiding(const Document& document, Document::State before)
     if (before == Document::State::Suspended) {
         return tr::Tr(u"putAsideAnnulled"_s, u"Отложенный чек № %1 аннулирован"_s).arg(number).ui();
     }
-    if (document.getSum() == 0) {
+    if (document.getSum() == Kopecks{}) {
         return tr::Tr(u"saleWithoutMoneyAnnulled"_s, u"Чек № %1 аннулирован"_s).arg(number).ui();
     }
     return tr::Tr(u"saleAnnulled"_s, u"Чек № %1 аннулирован. Верните покупателю %2"_s)

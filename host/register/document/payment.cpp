@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 Kopecks totalOf(const QList<Payment>& payments)
 {
-    return std::accumulate(payments.cbegin(), payments.cend(), Kopecks(0),
+    return std::accumulate(payments.cbegin(), payments.cend(), Kopecks{},
                            [](Kopecks total, const Payment& payment) { return total + payment.amount; });
 }
 

@@ -14,7 +14,7 @@ enum class PaymentMethod { Cash };
 /// What a customer gave by one method; of a return: what was paid out.
 struct Payment {
     PaymentMethod method = PaymentMethod::Cash;
-    Kopecks amount = 0; ///< 0 or more
+    Kopecks amount = {}; ///< 0 or more
 
     static Payment cash(Kopecks amount) { return {PaymentMethod::Cash, amount}; }
 

@@ -5,18 +5,20 @@
 
 using namespace Qt::StringLiterals;
 
-Position::Position(const Goods& goods, const QString& barcode)
+Position::Position(const Goods& goods, const QString& barcode, const QString& code)
     : GoodsItem(goods)
     , m_barcode(barcode)
+    , m_code(code)
 {
 }
 
 void Position::setPrice(double price)
 {
-    if (!m_initialPrice && kopecks(price) != kopecks(getPrice())) {
-        m_initialPrice = getPrice();
-    }
+    const Kopecks before = m_goods.price;
     GoodsItem::setPrice(price);
+    if (!m_initialPrice && m_goods.price != before) {
+        m_initialPrice = before;
+    }
 }
 
 void Position::takeOverPluginData(const Position& other)
@@ -33,8 +35,9 @@ QJsonObject Position::toJson() const
 {
     QJsonObject saved = GoodsItem::toJson();
     saved.insert(u"barcode"_s, m_barcode);
+    saved.insert(u"code"_s, m_code);
     if (m_initialPrice) {
-        saved.insert(u"initialPrice"_s, *m_initialPrice);
+        saved.insert(u"initialPrice"_s, m_initialPrice->toRoubles());
     }
     if (!m_plugin.isEmpty()) {
         saved.insert(u"plugin"_s, m_plugin);
@@ -47,19 +50,20 @@ QSharedPointer<Position> Position::fromJson(const QJsonObject& saved)
     const Goods goods{
         .number = savedmember::positiveInteger(saved, u"number"_s),
         .name = savedmember::text(saved, u"name"_s),
-        .price = savedmember::number(saved, u"price"_s),
-        .minRetailPrice = savedmember::number(saved, u"minRetailPrice"_s),
-        .tmcPrice = savedmember::number(saved, u"tmcPrice"_s),
-        .quantity = savedmember::number(saved, u"quantity"_s),
+        .price = savedmember::price(saved, u"price"_s),
+        .minRetailPrice = savedmember::price(saved, u"minRetailPrice"_s),
+        .tmcPrice = savedmember::price(saved, u"tmcPrice"_s),
+        .quantity = savedmember::packs(saved, u"quantity"_s),
     };
-    auto position = QSharedPointer<Position>::create(goods, saved.value("barcode"_L1).toString());
+    auto position = QSharedPointer<Position>::create(goods, saved.value("barcode"_L1).toString(),
+                                                     saved.value("code"_L1).toString());
     for (const auto tag : savedmember::list(saved, u"tags"_s)) {
         position->setTag(tag.toString());
     }
     position->setExtendedOptions(savedmember::text(saved, u"extendedOptions"_s));
     position->setSoftCheckId(savedmember::text(saved, u"softCheckId"_s));
     if (saved.contains("initialPrice"_L1)) {
-        position->m_initialPrice = savedmember::number(saved, u"initialPrice"_s);
+        position->m_initialPrice = savedmember::price(saved, u"initialPrice"_s);
     }
     // Last: the calls above may run while a plug-in waits for the register.
     position->m_plugin = saved.contains("plugin"_L1) ? savedmember::text(saved, u"plugin"_s) : QString();

@@ -3,6 +3,7 @@
 
 #include "amount.h"
 #include "goodsitem.h"
+#include "goodskey.h"
 
 #include <QJsonObject>
 #include <QSharedPointer>
@@ -13,15 +14,20 @@
 class Position : public GoodsItem
 {
 public:
-    Position(const Goods& goods, const QString& barcode);
+    /// @param barcode, code of the goods in the catalogue
+    Position(const Goods& goods, const QString& barcode, const QString& code = {});
 
-    /// The price per pack in roubles before its first change; the current price when it never changed.
-    double getInitialPrice() const { return m_initialPrice.value_or(getPrice()); }
+    GoodsKey goodsKey() const { return {m_code, m_barcode, getName()}; }
+
+    /// Per pack.
+    Kopecks price() const { return m_goods.price; }
+    /// The price per pack before its first change; the current price when it never changed.
+    Kopecks initialPrice() const { return m_initialPrice.value_or(m_goods.price); }
     void setPrice(double price) override;
 
     void setQuantity(double packs) { m_goods.quantity = packs; }
 
-    Kopecks getSum() const { return kopecks(getSumb()); }
+    Kopecks getSum() const { return m_goods.price.forPacks(m_goods.quantity); }
 
     /// True when it comes from an external document, for example a prescription: it cannot be changed, and is removed
     /// only after a question.
@@ -30,13 +36,14 @@ public:
     /// Takes over tags, options, soft check id and the plug-in that they belong to. A tag that is there already stays.
     void takeOverPluginData(const Position& other);
 
-    /// The members of GoodsItem, "barcode", "plugin" when the position belongs to one and, after a change of price,
-    /// "initialPrice".
+    /// The members of GoodsItem, "barcode", "code", "plugin" when the position belongs to one and, after a change of
+    /// price, "initialPrice".
     QJsonObject toJson() const override;
     /// Reads what toJson() wrote. Throws BasicException when a required member is missing or of the wrong type.
     static QSharedPointer<Position> fromJson(const QJsonObject& saved);
 
 private:
-    std::optional<double> m_initialPrice;
+    std::optional<Kopecks> m_initialPrice;
     QString m_barcode;
+    QString m_code;
 };

@@ -2,6 +2,7 @@
 #include "savedmember.h"
 
 #include "basicexception.h"
+#include "goodsitem.h"
 
 #include <cmath>
 #include <limits>
@@ -41,6 +42,33 @@ int positiveInteger(const QJsonObject& object, const QString& name)
         refuse(name);
     }
     return int(value);
+}
+
+Kopecks amount(const QJsonObject& object, const QString& name)
+{
+    const std::optional<Kopecks> amount = Kopecks::fromRoubles(number(object, name));
+    if (!amount) {
+        refuse(name);
+    }
+    return *amount;
+}
+
+Kopecks price(const QJsonObject& object, const QString& name)
+{
+    const std::optional<Kopecks> price = GoodsItem::priceOf(number(object, name));
+    if (!price) {
+        refuse(name);
+    }
+    return *price;
+}
+
+double packs(const QJsonObject& object, const QString& name)
+{
+    const double packs = number(object, name);
+    if (!(std::abs(packs) <= GoodsItem::greatestQuantity) || packs != std::round(packs * 1000.0) / 1000.0) {
+        refuse(name);
+    }
+    return packs;
 }
 
 QJsonArray list(const QJsonObject& object, const QString& name)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kopecks.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
@@ -14,6 +16,12 @@ QString text(const QJsonObject& object, const QString& name);
 double number(const QJsonObject& object, const QString& name);
 /// A whole number from 1 to the last but one `int`, so that counting on from it does not overflow.
 int positiveInteger(const QJsonObject& object, const QString& name);
+/// An amount of money, saved in roubles.
+Kopecks amount(const QJsonObject& object, const QString& name);
+/// A price per pack that GoodsItem accepts, saved in roubles.
+Kopecks price(const QJsonObject& object, const QString& name);
+/// A quantity that GoodsItem accepts.
+double packs(const QJsonObject& object, const QString& name);
 QJsonArray list(const QJsonObject& object, const QString& name);
 QJsonObject object(const QJsonObject& parent, const QString& name);
 

@@ -172,6 +172,10 @@ void GoodsSelectionForm::onChoose()
         return;
     }
     const CatalogueGoods& goods = m_goods.goods(current.row());
+    if (const std::optional<tr::Tr> obstacle = goods.obstacleToSelling()) {
+        showHint(*obstacle);
+        return;
+    }
     if (!goods.isInStock()) {
         showHint(tr::Tr(u"goodsSelectionOutOfStock"_s, u"Этого товара нет на остатке. Выберите другой."_s));
         return;

@@ -2,6 +2,7 @@
 #include "goodsreader.h"
 
 #include "connectionwatch.h"
+#include "goodsprice.h"
 #include "queryguard.h"
 #include "searchtext.h"
 #include "sqlfailure.h"
@@ -28,9 +29,9 @@ CatalogueGoods goodsOf(const QSqlQuery& row)
         .barcode = row.value(1).toString(),
         .nonProprietaryName = row.value(2).toString(),
         .name = row.value(3).toString(),
-        .price = row.value(4).toDouble(),
-        .cataloguePrice = row.value(5).toDouble(),
-        .minRetailPrice = row.value(6).toDouble(),
+        .price = goodsprice::asked(row.value(4)),
+        .cataloguePrice = goodsprice::optional(row.value(5)),
+        .minRetailPrice = goodsprice::optional(row.value(6)),
         .stock = row.value(7).toInt(),
     };
 }

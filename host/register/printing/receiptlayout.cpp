@@ -6,7 +6,6 @@
 #include "tr.h"
 
 #include <algorithm>
-#include <cmath>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
@@ -66,20 +65,15 @@ QString timeText(const QDateTime& time)
     return time.toString(u"dd.MM.yyyy HH:mm"_s);
 }
 
-QString packsText(double packs)
-{
-    return QString::number(packs).replace(u'.', u',');
-}
-
 Kopecks sumWithoutBenefit(const Position& position)
 {
-    return std::llround(double(kopecks(position.getInitialPrice())) * position.getQuantity());
+    return position.initialPrice().forPacks(position.getQuantity());
 }
 
 /// What the customer saves because the price was lowered; 0 when it was not.
 Kopecks benefit(const Position& position)
 {
-    return std::max<Kopecks>(0, sumWithoutBenefit(position) - position.getSum());
+    return std::max(Kopecks{}, sumWithoutBenefit(position) - position.getSum());
 }
 
 Lines head()
@@ -107,11 +101,11 @@ Lines titleLines(const Document& document)
 /// @param details what the plug-in shows of the position
 Lines positionLines(const Position& position, const QStringList& details)
 {
-    const QString price = roubles(kopecks(position.getPrice()));
+    const QString price = roubles(position.price());
     Lines lines =
         hanging(u"%1. "_s.arg(position.getNumber()), position.getName()) +
         amount(indent + packsText(position.getQuantity()) + u" × "_s + price + u" ="_s, roubles(position.getSum()));
-    if (const Kopecks saved = benefit(position); saved > 0) {
+    if (const Kopecks saved = benefit(position); saved > Kopecks{}) {
         const tr::Tr full(u"printedSumWithoutBenefit"_s, u"Сумма без льготы"_s);
         const tr::Tr label(u"printedBenefit"_s, u"Льгота"_s);
         lines += amount(indent + full.ui(), roubles(sumWithoutBenefit(position)));
@@ -126,12 +120,12 @@ Lines positionLines(const Position& position, const QStringList& details)
 Lines totals(const Document& document)
 {
     const auto& positions = document.positions();
-    const Kopecks saved = std::accumulate(positions.cbegin(), positions.cend(), Kopecks(0),
+    const Kopecks saved = std::accumulate(positions.cbegin(), positions.cend(), Kopecks{},
                                           [](Kopecks sum, const auto& position) { return sum + benefit(*position); });
     const auto labelled = [](const tr::Tr& label, Kopecks value) { return amount(label.ui(), roubles(value)); };
 
     Lines lines = amount(tr::Tr(u"printedTotal"_s, u"ИТОГО"_s).ui(), roubles(document.getSum()), true);
-    if (saved > 0) {
+    if (saved > Kopecks{}) {
         lines += labelled({u"printedBenefitInAll"_s, u"Льгота всего"_s}, saved);
     }
     if (document.isReturn()) {

@@ -38,12 +38,14 @@ QVariant GoodsTableModel::data(const QModelIndex& index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) {
         return {};
     }
+    const CatalogueGoods& shown = goods(index.row());
     switch (role) {
     case Qt::DisplayRole:
+        return text(shown, index.column());
     case Qt::ToolTipRole:
-        return text(goods(index.row()), index.column());
+        return toolTip(shown, index.column());
     case Qt::ForegroundRole:
-        return goods(index.row()).isInStock() ? QVariant() : QBrush(RegisterColours().mutedText);
+        return shown.isInStock() && !shown.obstacleToSelling() ? QVariant() : QBrush(RegisterColours().mutedText);
     default:
         return {};
     }
@@ -76,10 +78,17 @@ QVariant GoodsTableModel::text(const CatalogueGoods& goods, int column) const
     case NonProprietaryName:
         return goods.nonProprietaryName;
     case Price:
-        return amountText(kopecks(goods.price));
+        return goods.price ? amountText(*goods.price) : tr::Tr(u"goodsNoPrice"_s, u"нет цены"_s).ui();
     case Stock:
         return goods.isInStock() ? QString::number(goods.stock) : tr::Tr(u"goodsOutOfStock"_s, u"нет"_s).ui();
     default:
         return {};
     }
+}
+
+/// The price says what is wrong with it.
+QVariant GoodsTableModel::toolTip(const CatalogueGoods& goods, int column) const
+{
+    const std::optional<tr::Tr> obstacle = goods.obstacleToSelling();
+    return column == Price && obstacle ? obstacle->ui() : text(goods, column);
 }

@@ -6,7 +6,7 @@
 #include <QAbstractTableModel>
 #include <QList>
 
-/// Goods to pick from: all, or those that match a search. Goods that are out of stock are grey.
+/// Goods to pick from: all, or those that match a search. Goods that are out of stock or cannot be sold are grey.
 class GoodsTableModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -28,6 +28,7 @@ public:
 
 private:
     QVariant text(const CatalogueGoods& goods, int column) const;
+    QVariant toolTip(const CatalogueGoods& goods, int column) const;
 
     GoodsList m_goods;
     QList<int> m_shown; ///< rows of the list

@@ -23,9 +23,8 @@ void PositionTableModel::refresh(const QSharedPointer<Document>& document)
     QList<Row> rows;
     if (document) {
         for (const QSharedPointer<Position>& position : document->positions()) {
-            rows.append({position->getNumber(), position->getName(), position->getQuantity(),
-                         kopecks(position->getInitialPrice()), kopecks(position->getPrice()), position->getSum(),
-                         m_marks.look(*position)});
+            rows.append({position->getNumber(), position->getName(), position->getQuantity(), position->initialPrice(),
+                         position->price(), position->getSum(), m_marks.look(*position)});
         }
     }
     const bool samePositions =
@@ -151,7 +150,7 @@ QString PositionTableModel::text(const Row& row, int column) const
     case Mark:
         return row.look.mark;
     case Quantity:
-        return QString::number(row.packs);
+        return packsText(row.packs);
     case InitialPrice:
         return row.initialPrice == row.price ? QString() : amountText(row.initialPrice);
     case Price:

@@ -7,7 +7,9 @@
 #include "currenttime.h"
 #include "documentwatcher.h"
 #include "finally.h"
+#include "keyofgoods.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace
@@ -73,22 +75,36 @@ void Till::open()
 
 int Till::add(const SelectedGoods& selected)
 {
+    if (selected.goods.obstacleToSelling()) {
+        return 0;
+    }
     open();
     if (obstacleToAddingGoods()) {
         return 0;
     }
     GoodsItem::Goods goods;
     goods.name = selected.goods.name;
-    goods.price = selected.goods.price;
-    goods.minRetailPrice = selected.goods.minRetailPrice;
-    goods.tmcPrice = selected.goods.cataloguePrice;
+    goods.price = *selected.goods.price;
+    goods.minRetailPrice = *selected.goods.minRetailPrice;
+    goods.tmcPrice = *selected.goods.cataloguePrice;
     goods.quantity = selected.packs;
-    const int number = m_document->add(goods, selected.goods.barcode)->getNumber();
+    const int number = m_document->add(goods, selected.goods.barcode, selected.goods.code)->getNumber();
     recalculateAndSave();
     return number;
 }
 
-void Till::setPacks(int positionNumber, int packs)
+int Till::addOrRaise(const SelectedGoods& selected)
+{
+    const QSharedPointer<Position> position = positionToRaise(selected);
+    if (!position) {
+        return add(selected);
+    }
+    setPacks(position->getNumber(), position->getQuantity() + selected.packs);
+    emit positionRaised(position->getNumber());
+    return position->getNumber();
+}
+
+void Till::setPacks(int positionNumber, double packs)
 {
     const QSharedPointer<Position> position = m_document ? m_document->position(positionNumber) : nullptr;
     if (!position || obstacleToChangingPositions() || obstacleToChangingQuantity(*position)) {
@@ -137,6 +153,20 @@ void Till::makeCurrent(const QSharedPointer<Document>& document)
     m_phase = Phase::Positions;
     DocumentWatcher::setCurrentDocument(document);
     Singleton<ActionQueueController>::get()->host().setContext(document ? EContext::OpenDocument : EContext::Idle);
+}
+
+QSharedPointer<Position> Till::positionToRaise(const SelectedGoods& selected) const
+{
+    if (!m_document || obstacleToAddingGoods() || selected.goods.obstacleToSelling()) {
+        return nullptr;
+    }
+    const auto& positions = m_document->positions();
+    const auto found = std::find_if(positions.cbegin(), positions.cend(), [&selected](const auto& position) {
+        return position->goodsKey().isSame(keyOf(selected.goods)) && position->price() == *selected.goods.price &&
+               !obstacleToChangingQuantity(*position) &&
+               position->getQuantity() + selected.packs <= GoodsItem::greatestQuantity;
+    });
+    return found == positions.cend() ? nullptr : *found;
 }
 
 void Till::recalculateAndSave()

@@ -51,11 +51,16 @@ public:
     void open();
 
     /// Adds goods as a position; opens a sale when no document is open.
-    /// @return the number of the new position; 0 when there is an obstacleToAddingGoods()
+    /// @return the number of the new position; 0 when there is an obstacleToAddingGoods(), or one to selling these
     int add(const SelectedGoods& selected);
 
+    /// Raises the packs of the position that holds these goods at this price, and emits positionRaised(). Adds a
+    /// position as add() does when there is none, or when its quantity cannot be changed.
+    /// @return the number of that position; 0 as for add()
+    int addOrRaise(const SelectedGoods& selected);
+
     /// Sets the packs of a position. Does nothing for one that does not exist or whose quantity cannot be changed.
-    void setPacks(int positionNumber, int packs);
+    void setPacks(int positionNumber, double packs);
     /// Does nothing for a position that does not exist, and when there is an obstacleToChangingPositions() or an
     /// obstacleOfPlugin().
     void remove(int positionNumber);
@@ -127,11 +132,14 @@ public:
 signals:
     /// Another document is open, the document was recalculated, or its phase changed.
     void changed();
+    /// A position that was there before has more packs.
+    void positionRaised(int positionNumber);
     /// @param before what the document was: suspended or closed
     void voided(const Document& document, Document::State before);
 
 private:
     void makeCurrent(const QSharedPointer<Document>& document);
+    QSharedPointer<Position> positionToRaise(const SelectedGoods& selected) const;
     void recalculateAndSave();
     bool isServed(const Position& position) const;
 

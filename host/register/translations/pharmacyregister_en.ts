@@ -178,6 +178,94 @@ The receipt itself is saved. Free disk space or check access to the data folder,
         <source>Остаток</source>
         <translation>Stock</translation>
     </message>
+    <message id="goodsNoPrice">
+        <source>нет цены</source>
+        <translation>no price</translation>
+    </message>
+    <message id="goodsNotSoldCataloguePrice">
+        <source>Товар «%1» не продаётся.
+Его цена по каталогу: %2.
+%3</source>
+        <translation>“%1” cannot be sold.
+Its catalogue price: %2.
+%3</translation>
+    </message>
+    <message id="goodsNotSoldMinRetailPrice">
+        <source>Товар «%1» не продаётся.
+Его наименьшая цена: %2.
+%3</source>
+        <translation>“%1” cannot be sold.
+Its lowest price: %2.
+%3</translation>
+    </message>
+    <message id="goodsNotSoldNext">
+        <source>Выберите другой товар или позовите администратора: цену исправляют в базе товаров.</source>
+        <translation>Choose other goods or call the administrator: the price is corrected in the goods database.</translation>
+    </message>
+    <message id="goodsNotSoldPrice">
+        <source>Товар «%1» не продаётся.
+Его цена: %2.
+%3</source>
+        <translation>“%1” cannot be sold.
+Its price: %2.
+%3</translation>
+    </message>
+    <message id="goodsPriceMissing">
+        <source>не указана</source>
+        <translation>missing</translation>
+    </message>
+    <message id="goodsPriceNegative">
+        <source>%1 — меньше нуля</source>
+        <translation>%1 is below zero</translation>
+    </message>
+    <message id="goodsPriceNoNumber">
+        <source>«%1» — не число</source>
+        <translation>“%1” is not a number</translation>
+    </message>
+    <message id="goodsPriceTooFine">
+        <source>%1 — больше двух знаков после запятой</source>
+        <translation>%1 has more than two decimals</translation>
+    </message>
+    <message id="goodsPriceTooGreat">
+        <source>%1 — больше 100 000 000</source>
+        <translation>%1 is more than 100 000 000</translation>
+    </message>
+    <message id="goodsPriceZero">
+        <source>%1 — не больше нуля</source>
+        <translation>%1 is not above zero</translation>
+    </message>
+    <message id="barcodeOfSeveralGoods">
+        <source>Штрихкод %1 есть у нескольких товаров. Выберите нужный.</source>
+        <translation>The bar code %1 belongs to several goods. Choose the right one.</translation>
+    </message>
+    <message id="beyondStockQuestion">
+        <source>На остатке %1 уп., а в чеке будет %2:
+%3
+Всё равно продать?</source>
+        <translation>There are %1 packs in stock, and the receipt will have %2:
+%3
+Sell them anyway?</translation>
+    </message>
+    <message id="beyondStockTitle">
+        <source>Больше, чем на остатке</source>
+        <translation>More than in stock</translation>
+    </message>
+    <message id="manyPacksQuestion">
+        <source>В чеке будет %1 уп. товара:
+%2
+Количество верное?</source>
+        <translation>The receipt will have %1 packs of:
+%2
+Is this number right?</translation>
+    </message>
+    <message id="manyPacksTitle">
+        <source>Много упаковок</source>
+        <translation>Many packs</translation>
+    </message>
+    <message id="manyPacksYes">
+        <source>Верное</source>
+        <translation>It is</translation>
+    </message>
     <message id="goodsOutOfStock">
         <source>нет</source>
         <translation>none</translation>

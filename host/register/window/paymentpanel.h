@@ -55,7 +55,7 @@ private:
 
     QString m_paymentKey;
     Till::Phase m_phase = Till::Phase::Positions;
-    Kopecks m_sum = 0;
+    Kopecks m_sum = {};
     QLabel* m_caption;
     QLabel* m_sumLabel;
     QLabel* m_change;

@@ -56,6 +56,7 @@ SalesScreen::SalesScreen(Till& till, const PositionMarks& marks, const QList<Fun
     layout->addWidget(keyBar);
 
     connect(&m_till, &Till::changed, this, &SalesScreen::refresh);
+    connect(&m_till, &Till::positionRaised, this, &SalesScreen::makeCurrent);
     refresh();
 }
 
@@ -129,7 +130,7 @@ void SalesScreen::refresh()
     const QString info = document ? m_marks.documentText(*document) : QString();
     m_documentInfo->setText(info);
     m_documentInfo->setToolTip(plainToolTip(info));
-    m_search->showTotal(document ? document->getSum() : 0);
+    m_search->showTotal(document ? document->getSum() : Kopecks{});
     showPhase();
     if (before && before != document) {
         emit ended(*before);
@@ -158,6 +159,12 @@ int SalesScreen::rowAfter(int formerRow, int number) const
 {
     const int row = m_model.rowOf(number);
     return row >= 0 ? row : std::clamp(formerRow, 0, m_model.rowCount() - 1);
+}
+
+void SalesScreen::makeCurrent(int positionNumber)
+{
+    m_table->setCurrentIndex(m_model.index(m_model.rowOf(positionNumber), 0));
+    scrollToCurrent();
 }
 
 void SalesScreen::scrollToCurrent()

@@ -41,6 +41,7 @@ private:
     QWidget* createPayment(const QList<FunctionKey>& keys);
     void showPositions();
     int rowAfter(int formerRow, int number) const;
+    void makeCurrent(int positionNumber);
     void scrollToCurrent();
     void showPhase();
     void addGoods(const QString& search);

@@ -40,15 +40,15 @@ const Line& lineOf(int position)
 {
     static const Line lines[] = {
         {"rx-full",
-         {1, u"Амоксидар 500 мг"_s, 12.4, 0.0, 12.4, 1.0},
+         {1, u"Амоксидар 500 мг"_s, Kopecks{1240}, {}, Kopecks{1240}, 1.0},
          uR"({ "id": "rx-full", "tradeNameCode": "1001", "organizationId": "", "sumFactor": 1,
             "doseQuantity": 20, "finalDispense": true, "patientReference": "Patient/p-1", "patient": "Пробный П." })"_s},
         {"rx-half",
-         {2, u"Метфолин 500 мг"_s, 5.0, 0.0, 10.0, 2.0},
+         {2, u"Метфолин 500 мг"_s, Kopecks{500}, {}, Kopecks{1000}, 2.0},
          uR"({ "id": "rx-half", "tradeNameCode": "1003", "organizationId": "payer-1", "sumFactor": 0.5,
             "doseQuantity": 10, "finalDispense": false, "patientReference": "Patient/p-1", "patient": "Пробный П." })"_s},
         {"rx-free",
-         {3, u"Парацидол 500 мг"_s, 0.0, 0.0, 3.35, 3.0},
+         {3, u"Парацидол 500 мг"_s, {}, {}, Kopecks{335}, 3.0},
          uR"({ "id": "rx-free", "tradeNameCode": "1002", "organizationId": "payer-1", "sumFactor": 0,
             "doseQuantity": 5, "finalDispense": false, "patientReference": "Patient/p-1", "patient": "Пробный П." })"_s},
     };

@@ -32,8 +32,8 @@ QSharedPointer<GoodsItem> twoPacks()
     GoodsItem::Goods goods;
     goods.number = 1;
     goods.name = u"Метфолин 500 мг"_s;
-    goods.price = 5.0;
-    goods.tmcPrice = 10.0;
+    goods.price = Kopecks{500};
+    goods.tmcPrice = Kopecks{1000};
     goods.quantity = 2.0;
     return QSharedPointer<GoodsItem>::create(goods);
 }

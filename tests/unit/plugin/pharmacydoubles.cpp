@@ -228,9 +228,8 @@ QSharedPointer<GoodsItem> PharmacyTest::addPosition(int number, const char* opti
 {
     GoodsItem::Goods goods;
     goods.number = number;
-    goods.price = price;
-    goods.minRetailPrice = minRetailPrice;
-    const QSharedPointer<GoodsItem> position(new GoodsItem(goods));
+    goods.price = Kopecks::fromRoubles(price).value();
+    const QSharedPointer<GoodsItem> position(new PositionWithMinimum(goods, minRetailPrice));
     if (options) {
         position->setTag("prescription");
         position->setExtendedOptions(options);

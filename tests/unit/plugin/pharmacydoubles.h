@@ -58,6 +58,22 @@ private:
     QStringList& m_journal;
 };
 
+/// A position of any minimum price, even one that the register does not keep.
+class PositionWithMinimum : public GoodsItem
+{
+public:
+    PositionWithMinimum(const Goods& goods, double minRetailPrice)
+        : GoodsItem(goods)
+        , m_minRetailPrice(minRetailPrice)
+    {
+    }
+
+    double getMinRetailPrice() const override { return m_minRetailPrice; }
+
+private:
+    double m_minRetailPrice;
+};
+
 /// A position that writes down what is set on it.
 class JournallingPosition : public GoodsItem
 {

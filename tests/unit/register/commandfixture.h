@@ -58,7 +58,7 @@ protected:
     {
         till->add(article(amoxidar, 2));
         const int number = till->document()->getNumber();
-        EXPECT_TRUE(till->close({Payment::cash(5000)}));
+        EXPECT_TRUE(till->close({Payment::cash(Kopecks{5000})}));
         return number;
     }
     /// Suspends a document and returns its number.

@@ -39,7 +39,7 @@ protected:
     {
         GoodsItem::Goods made;
         made.name = u"Amoxidar"_s;
-        made.price = 10;
+        made.price = Kopecks{1000};
         made.quantity = 1;
         return made;
     }

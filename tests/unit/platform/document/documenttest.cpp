@@ -2,6 +2,7 @@
 #include "documentdouble.h"
 #include "documentwatcher.h"
 #include "finally.h"
+#include "logcapture.h"
 #include "pluginscope.h"
 
 #include <QJsonArray>
@@ -11,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -22,7 +24,7 @@ const QString card = u"cardNumber"_s;
 
 GoodsItem::Goods aspirin()
 {
-    return {3, u"Аспирин \"500\""_s, 10.01, 1.2, 11.5, 2.0};
+    return {3, u"Аспирин \"500\""_s, Kopecks{1001}, Kopecks{120}, Kopecks{1150}, 2.0};
 }
 
 class Watcher : public DocumentWatcher
@@ -83,7 +85,7 @@ class GoodsItemSum : public ::testing::TestWithParam<Sum>
 TEST_P(GoodsItemSum, priceTimesQuantity_isRoundedHalfAwayFromZero)
 {
     GoodsItem::Goods goods;
-    goods.price = GetParam().price;
+    goods.price = Kopecks::fromRoubles(GetParam().price).value();
     goods.quantity = GetParam().quantity;
     EXPECT_DOUBLE_EQ(GoodsItem(goods).getSumb(), GetParam().sum);
 }
@@ -95,6 +97,47 @@ INSTANTIATE_TEST_SUITE_P(Sums, GoodsItemSum,
                                            Sum{"belowHalf", 1.0049, 1.0, 1.0}, Sum{"zero", 0.0, 5.0, 0.0},
                                            Sum{"large", 999999.99, 1000.0, 999999990.0}),
                          [](const auto& row) { return row.param.name; });
+
+TEST(GoodsItem, setPrice_isRoundedToKopecks)
+{
+    GoodsItem item(aspirin());
+    item.setPrice(1.005);
+    EXPECT_EQ(item.getPrice(), 1.01);
+    EXPECT_EQ(item.getSumb(), 2.02);
+    item.setPrice(-1.5);
+    EXPECT_EQ(item.getPrice(), -1.5) << "a plug-in's factor may be negative";
+    item.setPrice(1e8);
+    EXPECT_EQ(item.getPrice(), 1e8);
+}
+
+TEST(GoodsItem, setPriceToNoPrice_isRefusedAndTheLogNamesThePlugin)
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    for (const double price :
+         {std::numeric_limits<double>::quiet_NaN(), infinity, -infinity, 100'000'000.01, -100'000'000.01, 1e300}) {
+        GoodsItem item(aspirin());
+        const LogCapture log;
+        {
+            const PluginScope scope(u"loyal"_s);
+            item.setPrice(price);
+        }
+        EXPECT_EQ(item.getPrice(), 10.01) << price;
+        EXPECT_EQ(item.getSumb(), 20.02) << price;
+        ASSERT_EQ(log.lines().size(), 1) << price;
+        EXPECT_EQ(log.lines().first(),
+                  u"ERROR document The price %1 of position 3 is refused; it was set by the plug-in loyal"_s.arg(
+                      QString::number(price, 'g', 12)));
+    }
+}
+
+TEST(GoodsItem, setPriceToNoPriceByTheRegister_isRefused)
+{
+    GoodsItem item(aspirin());
+    const LogCapture log;
+    item.setPrice(std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(item.getPrice(), 10.01);
+    EXPECT_TRUE(log.text().endsWith(u"it was set by the register"_s));
+}
 
 TEST(GoodsItem, setTagTwice_isThereOnceAndOrderIsKept)
 {

@@ -150,7 +150,7 @@ TEST_F(HelloExample, emptyReceipt_doesNotReachTheSubtotalAndAFilledOneDoes)
     EXPECT_EQ(subtotals, 0);
     EXPECT_EQ(m_dialog.messages().size(), 1);
 
-    receipt->add({1, u"Аспирин"_s, 10.0, 0.0, 10.0, 1.0});
+    receipt->add({1, u"Аспирин"_s, Kopecks{1000}, {}, Kopecks{1000}, 1.0});
     EXPECT_EQ(execute(control::Subtotal), EContext::GoOn);
     EXPECT_EQ(subtotals, 1);
     EXPECT_EQ(m_dialog.messages().size(), 1);

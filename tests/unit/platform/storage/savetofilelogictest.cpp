@@ -27,7 +27,7 @@ protected:
     QSharedPointer<DocumentDouble> document(const QString& name) const
     {
         const auto result = QSharedPointer<DocumentDouble>::create();
-        result->add({1, name, 10.0, 0.0, 10.0, 1.0});
+        result->add({1, name, Kopecks{1000}, {}, Kopecks{1000}, 1.0});
         return result;
     }
 
@@ -82,7 +82,7 @@ TEST_F(SavedDocument, documentNamesItsFile_openReceiptStaysAsItIs)
     EXPECT_TRUE(save(document(u"open"_s)));
     const QByteArray open = content();
     const auto stored = QSharedPointer<StoredDocument>::create();
-    stored->add({1, u"stored"_s, 10.0, 0.0, 10.0, 1.0});
+    stored->add({1, u"stored"_s, Kopecks{1000}, {}, Kopecks{1000}, 1.0});
     EXPECT_TRUE(save(stored));
     EXPECT_EQ(files(), QStringList({u"receipt.json"_s, u"stored-7.json"_s}));
     EXPECT_EQ(content(), open);

@@ -346,7 +346,7 @@ TEST_F(ProcessingLoop, newPosition_isFilledBeforeItIsPriced)
 {
     GoodsItem::Goods goods;
     goods.number = 5;
-    goods.price = 100.0;
+    goods.price = Kopecks{10000};
     const QSharedPointer<JournallingPosition> journalling(new JournallingPosition(goods));
     receipt->positions = {journalling};
     prescriptions[0]->setPayByPatientSumFactor(0.5);

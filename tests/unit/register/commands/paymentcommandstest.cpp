@@ -75,7 +75,9 @@ protected:
 TEST_F(PayCommand, receivedInAnyForm_closesWithTheChange)
 {
     const std::pair<const char*, Kopecks> forms[] = {
-        {"50", 5000}, {" 24,80 ", 2480}, {"24.8", 2480}, {"99999999", 9'999'999'900}, {"", 2480}, {"  ", 2480},
+        {"50", Kopecks{5000}},   {" 24,80 ", Kopecks{2480}},
+        {"24.8", Kopecks{2480}}, {"99999999", Kopecks{9'999'999'900}},
+        {"", Kopecks{2480}},     {"  ", Kopecks{2480}},
     };
     for (const auto& [typed, received] : forms) {
         standAtPayment();
@@ -83,7 +85,7 @@ TEST_F(PayCommand, receivedInAnyForm_closesWithTheChange)
         EXPECT_EQ(pay(QLatin1StringView(typed)), EContext::GoOn) << typed;
         EXPECT_FALSE(till->document()) << typed;
         EXPECT_EQ(archived(number)->getReceived(), received) << typed;
-        EXPECT_EQ(archived(number)->getChange(), received - 2480) << typed;
+        EXPECT_EQ(archived(number)->getChange(), received - Kopecks{2480}) << typed;
     }
 }
 
@@ -129,7 +131,7 @@ TEST_F(PayCommand, returnDocument_paysItsSumOutWhateverIsTyped)
     ASSERT_TRUE(till->returnSale(archived(sold())));
     till->setPhase(Till::Phase::Payment);
     EXPECT_EQ(pay(u"1"_s), EContext::GoOn);
-    EXPECT_EQ(archived(2)->getReceived(), 2480);
+    EXPECT_EQ(archived(2)->getReceived(), Kopecks{2480});
     EXPECT_EQ(archived(2)->getState(), Document::State::Closed);
 }
 

@@ -213,7 +213,7 @@ TEST_F(StoredDocumentCommandsTest, voidingOfASaleWithoutMoney_saysNothingOfMoney
 {
     till->add(article(amoxidar));
     till->document()->position(1)->setPrice(0.0);
-    ASSERT_TRUE(till->close({Payment::cash(0)}));
+    ASSERT_TRUE(till->close({Payment::cash(Kopecks{0})}));
     QString question;
     cashier.onForm(u"questionForm"_s, [&question](QWidget& root) {
         question = root.findChild<QLabel*>(u"messageLabel"_s)->text();

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -19,7 +20,7 @@ GoodsItem::Goods goods(const QString& name, double price, double packs)
 {
     GoodsItem::Goods made;
     made.name = name;
-    made.price = price;
+    made.price = Kopecks::fromRoubles(price).value();
     made.quantity = packs;
     return made;
 }
@@ -46,7 +47,7 @@ TEST(Document, sum_isExactInKopecks)
     for (int i = 0; i < 1000; ++i) {
         document.add(goods(u"x"_s, 0.1, 1), {});
     }
-    EXPECT_EQ(document.getSum(), 10000);
+    EXPECT_EQ(document.getSum(), Kopecks{10000});
 }
 
 TEST(Document, lastPositionRemoved_itsNumberIsNotUsedAgain)
@@ -75,10 +76,10 @@ TEST(Document, positionByNumber_isNullWhenThereIsNone)
 TEST(Position, priceLoweredTwice_initialPriceStaysTheFirst)
 {
     Position position(goods(u"x"_s, 10.0, 1), {});
-    EXPECT_EQ(position.getInitialPrice(), 10.0);
+    EXPECT_EQ(position.initialPrice(), Kopecks{1000});
     position.setPrice(5.0);
     position.setPrice(1.0);
-    EXPECT_EQ(position.getInitialPrice(), 10.0);
+    EXPECT_EQ(position.initialPrice(), Kopecks{1000});
     EXPECT_EQ(position.getPrice(), 1.0);
 }
 
@@ -112,7 +113,7 @@ TEST(Document, savedAndReread_nothingIsLost)
     const auto position = again->position(1);
     EXPECT_EQ(position->getName(), u"Первый <b>%1</b>"_s);
     EXPECT_EQ(position->getPrice(), 0.5);
-    EXPECT_EQ(position->getInitialPrice(), 10.01);
+    EXPECT_EQ(position->initialPrice(), Kopecks{1001});
     EXPECT_EQ(position->getQuantity(), 3.0);
     EXPECT_EQ(position->getTags(), (QStringList{u"prescription"_s, u"second tag"_s}));
     EXPECT_EQ(position->getExtendedOptions(), options);
@@ -153,12 +154,12 @@ TEST(Document, nameOfTenThousandCharacters_comesBackWhole)
 TEST(Document, change_isWhatTheCustomerGetsBack)
 {
     const auto document = twoPositions();
-    document->setEnding({.state = Document::State::Closed, .payments = {Payment::cash(5000)}});
-    EXPECT_EQ(document->getSum(), 3013);
-    EXPECT_EQ(document->getChange(), 1987);
+    document->setEnding({.state = Document::State::Closed, .payments = {Payment::cash(Kopecks{5000})}});
+    EXPECT_EQ(document->getSum(), Kopecks{3013});
+    EXPECT_EQ(document->getChange(), Kopecks{1987});
     const auto returned = Document::returnOf(*document, 8, document->getOpened());
-    returned->setEnding({.state = Document::State::Closed, .payments = {Payment::cash(3013)}});
-    EXPECT_EQ(returned->getChange(), 0);
+    returned->setEnding({.state = Document::State::Closed, .payments = {Payment::cash(Kopecks{3013})}});
+    EXPECT_EQ(returned->getChange(), Kopecks{0});
 }
 
 namespace
@@ -203,31 +204,30 @@ TEST_P(EndedDocument, savedAndReread_keepsItsStateAndFile)
 
 INSTANTIATE_TEST_SUITE_P(
     Document, EndedDocument,
-    ::testing::Values(Ended{"open", {}, false, u"receipt.json"_s},
-                      Ended{"suspended", {.state = Document::State::Suspended}, false, u"putaside/00000007.json"_s},
-                      Ended{"closed",
-                            {.state = Document::State::Closed, .finished = evening, .payments = {Payment::cash(5000)}},
-                            true,
-                            u"finished/00000007.json"_s},
-                      Ended{"closedForNothing",
-                            {.state = Document::State::Closed, .finished = evening, .payments = {Payment::cash(0)}},
-                            true,
-                            u"finished/00000007.json"_s},
-                      Ended{"cancelled",
-                            {.state = Document::State::Cancelled, .finished = evening},
-                            true,
-                            u"finished/00000007.json"_s},
-                      Ended{"voidedAfterItWasClosed",
-                            {.state = Document::State::Voided,
-                             .finished = evening,
-                             .voided = nextDay,
-                             .payments = {Payment::cash(5000)}},
-                            true,
-                            u"finished/00000007.json"_s},
-                      Ended{"voidedAfterItWasSuspended",
-                            {.state = Document::State::Voided, .finished = nextDay, .voided = nextDay},
-                            true,
-                            u"finished/00000007.json"_s}),
+    ::testing::Values(
+        Ended{"open", {}, false, u"receipt.json"_s},
+        Ended{"suspended", {.state = Document::State::Suspended}, false, u"putaside/00000007.json"_s},
+        Ended{"closed",
+              {.state = Document::State::Closed, .finished = evening, .payments = {Payment::cash(Kopecks{5000})}},
+              true,
+              u"finished/00000007.json"_s},
+        Ended{"closedForNothing",
+              {.state = Document::State::Closed, .finished = evening, .payments = {Payment::cash(Kopecks{0})}},
+              true,
+              u"finished/00000007.json"_s},
+        Ended{
+            "cancelled", {.state = Document::State::Cancelled, .finished = evening}, true, u"finished/00000007.json"_s},
+        Ended{"voidedAfterItWasClosed",
+              {.state = Document::State::Voided,
+               .finished = evening,
+               .voided = nextDay,
+               .payments = {Payment::cash(Kopecks{5000})}},
+              true,
+              u"finished/00000007.json"_s},
+        Ended{"voidedAfterItWasSuspended",
+              {.state = Document::State::Voided, .finished = nextDay, .voided = nextDay},
+              true,
+              u"finished/00000007.json"_s}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST(Document, savedWithoutAState_isOpen)
@@ -248,7 +248,8 @@ TEST(Document, return_copiesTheSaleAndDoesNotChangeIt)
     first->setSoftCheckId(u"rx-1"_s);
     first->setExtendedOptions(u"{\"status\":\"dispensed\"}"_s);
     sale->setPluginValue(u"Plugin"_s, u"cardNumber"_s, u"0011"_s);
-    sale->setEnding({.state = Document::State::Closed, .finished = evening, .payments = {Payment::cash(5000)}});
+    sale->setEnding(
+        {.state = Document::State::Closed, .finished = evening, .payments = {Payment::cash(Kopecks{5000})}});
     sale->setReturnedBy(9);
     const QJsonObject before = sale->toJson();
 
@@ -260,7 +261,7 @@ TEST(Document, return_copiesTheSaleAndDoesNotChangeIt)
     EXPECT_EQ(document->getReturnedSale(), 7);
     EXPECT_EQ(document->getReturnedBy(), 0);
     EXPECT_EQ(document->getState(), Document::State::Open);
-    EXPECT_EQ(document->getReceived(), 0);
+    EXPECT_EQ(document->getReceived(), Kopecks{0});
     EXPECT_FALSE(document->getFinished().isValid());
     EXPECT_EQ(document->fileName(), u"receipt.json"_s);
     for (const char* same : {"positions", "plugins", "sum", "nextPosition"}) {
@@ -414,6 +415,14 @@ const Damage damages[] = {
     {"positionWithoutName", firstPosition(without("name"))},
     {"positionWithoutPrice", firstPosition(without("price"))},
     {"positionPriceIsText", firstPosition(with("price", u"1"_s))},
+    {"positionPriceBeyondAnyPrice", firstPosition(with("price", 100'000'000.01))},
+    {"positionPriceFarBelowZero", firstPosition(with("price", -1e12))},
+    {"positionMinRetailPriceBeyondAnyPrice", firstPosition(with("minRetailPrice", 1e300))},
+    {"positionTmcPriceBeyondAnyPrice", firstPosition(with("tmcPrice", 1e9))},
+    {"positionInitialPriceBeyondAnyPrice", firstPosition(with("initialPrice", 1e9))},
+    {"positionQuantityBeyondAnyQuantity", firstPosition(with("quantity", 100'001))},
+    {"positionQuantityFinerThanThousandths", firstPosition(with("quantity", 0.3333))},
+    {"receivedBeyondAnyAmount", closed(with("received", 1e14))},
     {"positionWithoutQuantity", firstPosition(without("quantity"))},
     {"positionWithoutTags", firstPosition(without("tags"))},
     {"positionWithoutOptions", firstPosition(without("extendedOptions"))},
@@ -434,6 +443,26 @@ TEST(Document, undamagedDocumentsOfEveryKind_areRead)
     }
 }
 
+TEST(Document, savedPriceFinerThanKopecks_isRoundedAndTheSumIsThatOfTheRoundedPrice)
+{
+    QJsonObject saved = twoPositions()->toJson();
+    firstPosition(with("price", 10.004))(saved);
+    firstPosition(with("quantity", 100))(saved);
+    const auto document = Document::fromJson(saved);
+    EXPECT_EQ(document->position(1)->getPrice(), 10.0);
+    EXPECT_EQ(document->position(1)->getSum(), Kopecks{100'000});
+}
+
+TEST(Position, priceThatIsRefused_isNoChange)
+{
+    Position position(goods(u"x"_s, 10.0, 1), {});
+    position.setPrice(std::numeric_limits<double>::quiet_NaN());
+    position.setPrice(1e9);
+    EXPECT_EQ(position.getPrice(), 10.0);
+    EXPECT_EQ(position.initialPrice(), Kopecks{1000});
+    EXPECT_FALSE(position.toJson().contains(u"initialPrice"_s));
+}
+
 INSTANTIATE_TEST_SUITE_P(Document, DamagedDocument, ::testing::ValuesIn(damages),
                          [](const auto& tested) { return std::string(tested.param.name); });
 
@@ -451,15 +480,15 @@ protected:
 
 TEST_F(PaidDocument, oneOfCash_isSavedAsTheSumReceivedAlone)
 {
-    const QJsonObject saved = savedAfter({Payment::cash(5000)});
+    const QJsonObject saved = savedAfter({Payment::cash(Kopecks{5000})});
     EXPECT_EQ(saved.value("received"_L1).toDouble(), 50);
     EXPECT_FALSE(saved.contains("payments"_L1));
-    EXPECT_EQ(Document::fromJson(saved)->ending().payments, QList{Payment::cash(5000)});
+    EXPECT_EQ(Document::fromJson(saved)->ending().payments, QList{Payment::cash(Kopecks{5000})});
 }
 
 TEST_F(PaidDocument, severalPayments_areSavedOneByOneWithTheirMethod)
 {
-    const QList<Payment> payments{Payment::cash(3000), Payment::cash(2005)};
+    const QList<Payment> payments{Payment::cash(Kopecks{3000}), Payment::cash(Kopecks{2005})};
     const QJsonObject saved = savedAfter(payments);
     EXPECT_EQ(saved.value("received"_L1).toDouble(), 50.05);
     EXPECT_EQ(saved.value("payments"_L1).toArray().at(1).toObject(),
@@ -467,8 +496,8 @@ TEST_F(PaidDocument, severalPayments_areSavedOneByOneWithTheirMethod)
 
     const auto again = Document::fromJson(saved);
     EXPECT_EQ(again->ending().payments, payments);
-    EXPECT_EQ(again->getReceived(), 5005);
-    EXPECT_EQ(again->getChange(), 5005 - again->getSum());
+    EXPECT_EQ(again->getReceived(), Kopecks{5005});
+    EXPECT_EQ(again->getChange(), Kopecks{5005} - again->getSum());
 }
 
 TEST_F(PaidDocument, methodNobodyKnows_isRefusedByItsName)

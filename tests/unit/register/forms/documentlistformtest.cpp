@@ -22,7 +22,7 @@ protected:
         documentCommands.offer(controller.object);
         sell();
         EXPECT_TRUE(till->returnSale(till->archive().find(1)));
-        EXPECT_TRUE(till->close({Payment::cash(1240)}));
+        EXPECT_TRUE(till->close({Payment::cash(Kopecks{1240})}));
         sell();
         till->add(article(amoxidar));
         EXPECT_TRUE(till->cancel());
@@ -33,7 +33,7 @@ protected:
     void sell()
     {
         till->add(article(amoxidar));
-        EXPECT_TRUE(till->close({Payment::cash(1240)}));
+        EXPECT_TRUE(till->close({Payment::cash(Kopecks{1240})}));
     }
 
     /// Shows the list, does `act` in it, and closes it unless `act` has.

@@ -101,7 +101,7 @@ TEST_F(MenuTest, documentOpen_returningIsDisabled)
 TEST_F(MenuTest, returnOpen_suspendingIsDisabled)
 {
     till->add(article(amoxidar));
-    ASSERT_TRUE(till->close({Payment::cash(1240)}));
+    ASSERT_TRUE(till->close({Payment::cash(Kopecks{1240})}));
     ASSERT_TRUE(till->returnSale(till->archive().find(1)));
     openWindow();
     inMenu([](QWidget& menu) {

@@ -107,9 +107,9 @@ TEST_F(Catalogue, barcode_findsItsGoodsWithAllColumns)
     EXPECT_EQ(goods->code, u"00001"_s);
     EXPECT_EQ(goods->name, u"Амоксидар, капсулы 500 мг №16"_s);
     EXPECT_EQ(goods->nonProprietaryName, u"Амоксициллин"_s);
-    EXPECT_EQ(goods->price, 12.4);
-    EXPECT_EQ(goods->cataloguePrice, 12.9);
-    EXPECT_EQ(goods->minRetailPrice, 1.2);
+    EXPECT_EQ(*goods->price, Kopecks{1240});
+    EXPECT_EQ(*goods->cataloguePrice, Kopecks{1290});
+    EXPECT_EQ(*goods->minRetailPrice, Kopecks{120});
     EXPECT_EQ(goods->stock, 24);
 }
 

@@ -38,7 +38,7 @@ GoodsItem::Goods goods(const QString& name, double price, double packs)
 {
     GoodsItem::Goods made;
     made.name = name;
-    made.price = price;
+    made.price = Kopecks::fromRoubles(price).value();
     made.quantity = packs;
     return made;
 }
@@ -77,7 +77,7 @@ protected:
         document->add(goods(u"Бинт <b>%1</b>"_s, 1234.5, 10), {});
         document->setEnding({.state = Document::State::Closed,
                              .finished = QDateTime({2024, 2, 29}, {12, 31}),
-                             .payments = {Payment::cash(1'300'000)}});
+                             .payments = {Payment::cash(Kopecks{1'300'000})}});
         return document;
     }
     static QSharedPointer<Document> closedReturn()

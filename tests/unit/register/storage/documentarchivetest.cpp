@@ -96,11 +96,11 @@ TEST_F(DocumentArchiveTest, moved_isInItsNewPlaceOnly)
     EXPECT_TRUE(archive.moveOrShow(document, {.state = State::Open}));
     EXPECT_EQ(files(), QStringList{openFile});
     const QDateTime time({2024, 2, 29}, {13, 0});
-    EXPECT_TRUE(
-        archive.moveOrShow(document, {.state = State::Closed, .finished = time, .payments = {Payment::cash(700)}}));
+    EXPECT_TRUE(archive.moveOrShow(
+        document, {.state = State::Closed, .finished = time, .payments = {Payment::cash(Kopecks{700})}}));
     EXPECT_EQ(files(), QStringList{finishedFile});
     EXPECT_EQ(archive.find(3)->toJson(), document->toJson());
-    EXPECT_EQ(archive.find(3)->getReceived(), 700);
+    EXPECT_EQ(archive.find(3)->getReceived(), Kopecks{700});
     EXPECT_TRUE(archive.moveOrShow(document, {.state = State::Voided, .finished = time, .voided = time}));
     EXPECT_EQ(files(), QStringList{finishedFile}) << "the place is the same";
     EXPECT_EQ(archive.find(3)->getState(), State::Voided);
@@ -129,7 +129,8 @@ TEST_F(DocumentArchiveTest, moveThatCannotBeSaved_changesNeitherDocumentNorFiles
             return false;
         };
         EXPECT_FALSE(archive.moveOrShow(
-            document, {.state = State::Closed, .finished = document->getOpened(), .payments = {Payment::cash(5)}}));
+            document,
+            {.state = State::Closed, .finished = document->getOpened(), .payments = {Payment::cash(Kopecks{5})}}));
         EXPECT_EQ(document->toJson(), before);
         EXPECT_EQ(files(), QStringList{openFile});
     }

@@ -21,7 +21,7 @@ DocumentTableModel::Pointer sale(int number, Document::State state)
     auto document = DocumentTableModel::Pointer::create(number, opened);
     GoodsItem::Goods goods;
     goods.name = u"Амоксидар"_s;
-    goods.price = 617.25;
+    goods.price = Kopecks{61725};
     goods.quantity = 2;
     document->add(goods, {});
     document->setEnding({.state = state, .finished = state == Document::State::Suspended ? QDateTime() : finished});

@@ -28,7 +28,7 @@ protected:
     {
         GoodsItem::Goods goods;
         goods.name = u"Товар <i>%1</i>"_s;
-        goods.price = price;
+        goods.price = Kopecks::fromRoubles(price).value();
         goods.quantity = packs;
         return document->add(goods, {});
     }

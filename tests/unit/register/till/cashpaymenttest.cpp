@@ -8,21 +8,21 @@ using namespace Qt::StringLiterals;
 TEST(CashPayment, nothingTyped_isExactlyTheSum)
 {
     for (const QString& typed : {QString(), u"  "_s}) {
-        const auto payment = cashpayment::received(1240, typed);
+        const auto payment = cashpayment::received(Kopecks{1240}, typed);
         ASSERT_TRUE(payment);
-        EXPECT_EQ(*payment, Payment::cash(1240));
+        EXPECT_EQ(*payment, Payment::cash(Kopecks{1240}));
     }
 }
 
 TEST(CashPayment, enough_isWhatWasTyped)
 {
-    ASSERT_TRUE(cashpayment::received(1240, u"12,40"_s));
-    EXPECT_EQ(*cashpayment::received(1240, u"20"_s), Payment::cash(2000));
+    ASSERT_TRUE(cashpayment::received(Kopecks{1240}, u"12,40"_s));
+    EXPECT_EQ(*cashpayment::received(Kopecks{1240}, u"20"_s), Payment::cash(Kopecks{2000}));
 }
 
 TEST(CashPayment, aKopeckShort_saysHowMuchIsMissing)
 {
-    const auto payment = cashpayment::received(1240, u"12,39"_s);
+    const auto payment = cashpayment::received(Kopecks{1240}, u"12,39"_s);
     ASSERT_FALSE(payment);
     EXPECT_EQ(payment.failure().text.ui(), u"Получено 12,39, а к оплате 12,40.\nНе хватает 0,01."_s);
     EXPECT_EQ(payment.failure().brief.ui(), u"Не хватает 0,01"_s);
@@ -30,7 +30,7 @@ TEST(CashPayment, aKopeckShort_saysHowMuchIsMissing)
 
 TEST(CashPayment, noAmount_saysWhatWasTyped)
 {
-    const auto payment = cashpayment::received(1240, u"12,4x"_s);
+    const auto payment = cashpayment::received(Kopecks{1240}, u"12,4x"_s);
     ASSERT_FALSE(payment);
     EXPECT_TRUE(payment.failure().text.ui().startsWith(u"«12,4x» — не сумма."_s));
     EXPECT_EQ(payment.failure().brief.ui(), u"Не сумма"_s);

@@ -56,7 +56,7 @@ TEST_F(TillTest, firstGoods_openTheDocument)
 {
     EXPECT_EQ(till->add(article(amoxidar, 2)), 1);
     EXPECT_EQ(witness.codes(), QList<int>{10});
-    EXPECT_EQ(till->document()->getSum(), 2480);
+    EXPECT_EQ(till->document()->getSum(), Kopecks{2480});
     const QJsonObject position = savedDocument().value(u"positions"_s).toArray().at(0).toObject();
     EXPECT_EQ(position.value(u"quantity"_s).toDouble(), 2.0);
     EXPECT_EQ(position.value(u"tmcPrice"_s).toDouble(), 12.9);
@@ -161,7 +161,7 @@ protected:
     {
         till->add(article(amoxidar, 2));
         const int number = till->document()->getNumber();
-        EXPECT_TRUE(till->close({Payment::cash(5000)}));
+        EXPECT_TRUE(till->close({Payment::cash(Kopecks{5000})}));
         return number;
     }
     /// Opens the return of a sale.
@@ -242,13 +242,13 @@ TEST_F(DocumentChanges, closed_isFinishedPrintedAndShownWhileItIsCurrent)
         steps.append(u"printed"_s);
     });
     QObject::connect(till.get(), &Till::changed, [&] { steps.append(u"changed"_s); });
-    EXPECT_TRUE(till->close({Payment::cash(3000)}));
+    EXPECT_TRUE(till->close({Payment::cash(Kopecks{3000})}));
     expectEvent(12, document);
     expectNothingOpen();
     EXPECT_EQ(steps, (QStringList{u"printed"_s, u"changed"_s}));
     EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
-    EXPECT_EQ(archived(1)->getReceived(), 3000);
-    EXPECT_EQ(archived(1)->getChange(), 520);
+    EXPECT_EQ(archived(1)->getReceived(), Kopecks{3000});
+    EXPECT_EQ(archived(1)->getChange(), Kopecks{520});
     EXPECT_TRUE(archived(1)->getFinished().isValid());
 }
 
@@ -276,13 +276,13 @@ TEST_F(DocumentChanges, clockSetBackBeforeEachSale_theLatestIsLastClosedAcrossAR
 
 TEST_F(DocumentChanges, tooLittleMoney_doesNotClose)
 {
-    EXPECT_FALSE(till->close({Payment::cash(5000)})) << "nothing is open";
+    EXPECT_FALSE(till->close({Payment::cash(Kopecks{5000})})) << "nothing is open";
     till->add(article(amoxidar, 2));
-    EXPECT_FALSE(till->close({Payment::cash(2479)}));
+    EXPECT_FALSE(till->close({Payment::cash(Kopecks{2479})}));
     EXPECT_TRUE(till->document());
     EXPECT_EQ(witness.codes(), QList<int>{10});
-    EXPECT_TRUE(till->close({Payment::cash(2480)}));
-    EXPECT_EQ(archived(1)->getChange(), 0);
+    EXPECT_TRUE(till->close({Payment::cash(Kopecks{2480})}));
+    EXPECT_EQ(archived(1)->getChange(), Kopecks{0});
 }
 
 TEST_F(DocumentChanges, cancelled_isFinishedAndShownWhileItIsCurrentAndNotPrinted)
@@ -409,7 +409,7 @@ TEST_F(DocumentChanges, returnDocumentClosed_saleIsReturnedAndHasWhatPluginsDid)
     EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
     EXPECT_TRUE(till->archive().isReturned(*archived(number), nullptr));
     EXPECT_EQ(archived(2)->getState(), Document::State::Closed);
-    EXPECT_EQ(archived(2)->getReceived(), 2480);
+    EXPECT_EQ(archived(2)->getReceived(), Kopecks{2480});
     EXPECT_EQ(m_printed, QList<int>{2});
 }
 
@@ -471,7 +471,7 @@ TEST_F(DocumentChanges, voided_keepsWhenItWasClosedAndWhatWasReceived)
     EXPECT_EQ(archived(1)->getState(), Document::State::Voided);
     EXPECT_EQ(archived(1)->getFinished(), finished);
     EXPECT_TRUE(archived(1)->getVoided().isValid());
-    EXPECT_EQ(archived(1)->getReceived(), 5000);
+    EXPECT_EQ(archived(1)->getReceived(), Kopecks{5000});
 }
 
 TEST_F(DocumentChanges, voidedAfterItWasSuspended_isFinishedThen)
@@ -498,11 +498,11 @@ TEST_F(DocumentChanges, nothingCanBeSaved_nothingChanges)
 
     till->add(article(amoxidar));
     till->setPhase(Till::Phase::Payment);
-    expectNothingChanged([&] { return till->close({Payment::cash(5000)}); });
+    expectNothingChanged([&] { return till->close({Payment::cash(Kopecks{5000})}); });
     expectNothingChanged([&] { return till->cancel(); });
     expectNothingChanged([&] { return till->suspend(); });
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
-    EXPECT_TRUE(till->close({Payment::cash(5000)})) << "it goes on when the disk is back";
+    EXPECT_TRUE(till->close({Payment::cash(Kopecks{5000})})) << "it goes on when the disk is back";
 }
 
 TEST_F(DocumentChanges, nothingCanBeSaved_returnDocumentStaysOpen)
@@ -556,7 +556,7 @@ protected:
     {
         Till former(folder.path());
         former.add(article(amoxidar));
-        EXPECT_TRUE(former.close({Payment::cash(5000)}));
+        EXPECT_TRUE(former.close({Payment::cash(Kopecks{5000})}));
         EXPECT_TRUE(QFile::remove(folder.filePath(u"lastreceiptnumber"_s)));
         QFile damaged(folder.filePath(u"receipt.json"_s));
         EXPECT_TRUE(damaged.open(QIODevice::WriteOnly));
@@ -621,7 +621,7 @@ protected:
 TEST_F(InterruptedChange, close_isFinished)
 {
     till->add(article(amoxidar));
-    interrupt(u"receipt.json"_s, [this] { return till->close({Payment::cash(5000)}); });
+    interrupt(u"receipt.json"_s, [this] { return till->close({Payment::cash(Kopecks{5000})}); });
     expectNothingOpen();
     EXPECT_TRUE(witness.seen.isEmpty());
     EXPECT_EQ(archived(1)->getState(), Document::State::Closed);

@@ -170,7 +170,7 @@ TEST_F(PaymentTest, nothingTypedAndReturn_closesWithTheExactSum)
     pressAndFinish(Qt::Key_Return);
     EXPECT_FALSE(till->document());
     EXPECT_EQ(document->getState(), Document::State::Closed);
-    EXPECT_EQ(document->getReceived(), 1240);
+    EXPECT_EQ(document->getReceived(), Kopecks{1240});
 }
 
 TEST_F(PaymentTest, paid_changeIsReadUntilTheNextDocument)

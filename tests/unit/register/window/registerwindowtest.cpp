@@ -42,6 +42,20 @@ TEST_F(WindowTest, barcodeTypedAndReturnKey_addsTheGoods)
     EXPECT_TRUE(widget<QLineEdit>("searchLineEdit")->text().isEmpty());
 }
 
+TEST_F(WindowTest, goodsOfAFormerPositionScanned_itIsRaisedAndCurrent)
+{
+    openWindow();
+    till->add(article(amoxidar));
+    till->add(article(u"2990000000026"_s));
+    auto* table = widget<QTableView>("receiptTable");
+    EXPECT_EQ(table->currentIndex().row(), 1);
+    scan(amoxidar);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return till->document()->position(1)->getQuantity() == 2.0; }));
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(table->model()->rowCount(), 2);
+    EXPECT_EQ(table->currentIndex().row(), 0) << "F4 is for what was scanned last";
+}
+
 TEST_F(WindowTest, returnKeyInTheEmptySearch_doesNothing)
 {
     openWindow();
@@ -121,7 +135,7 @@ TEST_F(WindowTest, documentVoided_theStatusLineShowsTheAmountToPayOut)
     openWindow();
     const auto* status = widget<QLabel>("statusMessageLabel");
     till->add(article(amoxidar));
-    ASSERT_TRUE(till->close({Payment::cash(5000)}));
+    ASSERT_TRUE(till->close({Payment::cash(Kopecks{5000})}));
     ASSERT_TRUE(till->voidDocument(till->archive().find(1)));
     EXPECT_EQ(status->text(), u"Чек № 1 аннулирован. Верните покупателю 12,40"_s);
     till->add(article(amoxidar));
