@@ -41,7 +41,9 @@ QByteArray soundSale()
 {
     Document sale(soundNumber, QDateTime(QDate(2026, 3, 1), QTime(9, 0)));
     sale.add({.name = u"Йод"_s, .price = 1.5, .quantity = 2}, {});
-    sale.setEnding({Document::State::Closed, QDateTime(QDate(2026, 3, 1), QTime(9, 5)), {}, {Payment::cash(300)}});
+    sale.setEnding({.state = Document::State::Closed,
+                    .finished = QDateTime(QDate(2026, 3, 1), QTime(9, 5)),
+                    .payments = {Payment::cash(300)}});
     return QJsonDocument(sale.toJson()).toJson();
 }
 

@@ -200,6 +200,9 @@ QJsonObject Document::toJson() const
     saved.insert(u"state"_s, word(m_ending.state));
     insertTime(saved, u"finished"_s, m_ending.finished);
     insertTime(saved, u"annulled"_s, m_ending.voided);
+    if (m_ending.closing > 0) {
+        saved.insert(u"closing"_s, m_ending.closing);
+    }
     if (m_ending.state == State::Closed || !m_ending.payments.isEmpty()) {
         saved.insert(u"received"_s, roubles(getReceived()));
     }
@@ -231,6 +234,9 @@ QSharedPointer<Document> Document::fromJson(const QJsonObject& saved)
     }
     if (ending.state == State::Voided) {
         ending.voided = readTime(saved, u"annulled"_s);
+    }
+    if (saved.contains("closing"_L1)) {
+        ending.closing = savedmember::positiveInteger(saved, u"closing"_s);
     }
     if (ending.state == State::Closed || saved.contains("received"_L1)) {
         ending.payments = readPayments(saved);

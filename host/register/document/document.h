@@ -69,9 +69,13 @@ public:
     /// Does nothing when no position has that number.
     void remove(int number);
 
-    /// What changes when the document is suspended, resumed, closed, cancelled or voided.
+    /// Where the document stands, and what came with its end. An open document and a suspended one have a state and
+    /// nothing else.
     struct Ending {
         State state = State::Open;
+        /// Counts the closings in the data folder from 1, whatever the clock says. 0: never closed, or closed by a
+        /// register that did not count.
+        int closing = 0;
         QDateTime finished = {};
         QDateTime voided = {};
         QList<Payment> payments = {};

@@ -16,10 +16,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The document that was closed last is among so many of the greatest numbers. It need not have the greatest: a
-/// document keeps its number while it is suspended.
-constexpr int latestFinished = 100;
-
 /// The path in the data folder, without ".txt" and ".pdf".
 QString nameOf(const Document& document)
 {
@@ -83,13 +79,7 @@ bool ReceiptPrinter::writeOrShow(const Document& document, const QString& name, 
 
 void ReceiptPrinter::printInterrupted(const DocumentArchive& archive) const
 {
-    QSharedPointer<Document> last;
-    for (const QSharedPointer<Document>& document : archive.latest(latestFinished)) {
-        if (document->getState() == Document::State::Closed &&
-            (!last || document->getFinished() > last->getFinished())) {
-            last = document;
-        }
-    }
+    const QSharedPointer<Document> last = archive.lastClosed();
     if (last && !isPrinted(*last)) {
         printOrShow(*last);
     }

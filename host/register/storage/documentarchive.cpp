@@ -22,6 +22,10 @@ namespace
 const QString suspended = u"putaside"_s;
 const QString finished = u"finished"_s;
 
+/// The document that was closed last is among so many of the greatest numbers. It need not have the greatest: a
+/// document keeps its number while it is suspended.
+constexpr int latestLookedAt = 100;
+
 QString fileOf(const QString& place, int number)
 {
     return place + u"/%1.json"_s.arg(number, 8, 10, QChar(u'0'));
@@ -87,6 +91,18 @@ QList<QSharedPointer<Document>> DocumentArchive::latest(int limit) const
     std::sort(documents.begin(), documents.end(),
               [](const auto& a, const auto& b) { return a->getNumber() > b->getNumber(); });
     return documents;
+}
+
+QSharedPointer<Document> DocumentArchive::lastClosed() const
+{
+    QSharedPointer<Document> last;
+    for (const QSharedPointer<Document>& document : latest(latestLookedAt)) { // the greatest number first
+        if (document->getState() == Document::State::Closed &&
+            (!last || document->ending().closing > last->ending().closing)) {
+            last = document;
+        }
+    }
+    return last;
 }
 
 int DocumentArchive::greatestNumber() const

@@ -33,6 +33,10 @@ public:
     /// and left out.
     QList<QSharedPointer<Document>> latest(int limit) const;
 
+    /// The document that was closed last, by the count of closings; where none is counted, the one of the greatest
+    /// number. Looks among the latest hundred finished documents; null when none of them is closed.
+    QSharedPointer<Document> lastClosed() const;
+
     /// The greatest number of a document, readable or not; 0: there are none.
     int greatestNumber() const;
 

@@ -45,7 +45,7 @@ bool Till::close(const QList<Payment>& payments)
     if (m_document->isReturn() && !writeBackToSale()) {
         return false;
     }
-    return end({.state = Document::State::Closed, .finished = now(), .payments = payments},
+    return end({.state = Document::State::Closed, .closing = nextClosing(), .finished = now(), .payments = payments},
                EActivityListener::DocumentClosed);
 }
 
@@ -142,6 +142,17 @@ bool Till::writeBackToSale() const
     }
     sale->takeOverPluginData(*m_document);
     return m_archive.saveOrShow(sale);
+}
+
+/// Read from the archive when the first document is closed: a document may be closed before one is restored. A number
+/// whose closing could not be saved is left out.
+int Till::nextClosing()
+{
+    if (!m_closings) {
+        const QSharedPointer<Document> last = m_archive.lastClosed();
+        m_closings = last ? last->ending().closing : 0;
+    }
+    return ++*m_closings;
 }
 
 void Till::notifyRestored()

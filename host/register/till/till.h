@@ -121,13 +121,16 @@ private:
     // documentchanges.cpp
     bool end(const Document::Ending& ending, EActivityListener::Event event);
     bool writeBackToSale() const;
+    int nextClosing();
     void notifyRestored();
     void showDamage(const DamagedDocumentFile& damaged) const;
 
     OpenDocumentFile m_store;
     DocumentArchive m_archive;
     Printing m_printing;
+    ActivePlugins m_activePlugins;
     DocumentNumbers m_numbers;
+    std::optional<int> m_closings; ///< so many so far; not counted yet
     QSharedPointer<Document> m_document;
     Phase m_phase = Phase::Positions;
     const std::unique_ptr<LoyaltySystemLayer> m_totals;

@@ -296,12 +296,13 @@ TEST_F(ReceiptPrinterTest, fileInPlaceOfTheFolder_isShown)
 class InterruptedPrinting : public ReceiptPrinterTest
 {
 protected:
-    /// Saves a document that was ended at that minute of an hour.
-    void finish(int number, int minute, Document::State state = Document::State::Closed)
+    /// Saves a document whose closing has that place in the count. The clock is set back before each.
+    void finish(int number, int closing, Document::State state = Document::State::Closed)
     {
         const auto document = sale(number);
         Document::Ending ending = document->ending();
-        ending.finished = QDateTime({2024, 2, 29}, {12, minute});
+        ending.closing = closing;
+        ending.finished = QDateTime({2024, 2, 29}, {12, 59 - closing});
         ending.state = state;
         if (state == Document::State::Voided) {
             ending.voided = ending.finished;
@@ -328,7 +329,7 @@ TEST_F(InterruptedPrinting, lastClosedDocumentLacksAFile_onlyItsReceiptIsPrinted
     }
 }
 
-TEST_F(InterruptedPrinting, documentWasSuspendedBefore_itsTimeCountsNotItsNumber)
+TEST_F(InterruptedPrinting, documentWasSuspendedBefore_theCountOfClosingsDecidesNotItsNumber)
 {
     finish(3, 40);
     finish(5, 30);

@@ -245,6 +245,28 @@ TEST_F(DocumentArchiveTest, sale_isReturnedOnlyByAClosedOrTheOpenReturn)
     EXPECT_TRUE(archive.isReturned(*sale, nullptr)) << "damaged: the money may have been paid out";
 }
 
+TEST_F(DocumentArchiveTest, lastClosed_isDecidedByTheCountOfClosingsThenByTheNumber)
+{
+    EXPECT_FALSE(archive.lastClosed());
+    saved(2, State::Closed);
+    saved(4, State::Closed);
+    saved(5, State::Cancelled);
+    saved(6, State::Suspended);
+    EXPECT_EQ(archive.lastClosed()->getNumber(), 4) << "none is counted";
+    const auto counted = [this](int number, int closing) {
+        const auto closed = document(number, State::Closed);
+        Document::Ending ending = closed->ending();
+        ending.closing = closing;
+        ending.finished = ending.finished.addDays(-closing); // the clock was set back each time
+        closed->setEnding(ending);
+        EXPECT_TRUE(archive.saveOrShow(closed));
+    };
+    counted(3, 8);
+    counted(7, 7);
+    EXPECT_EQ(archive.lastClosed()->getNumber(), 3);
+    EXPECT_EQ(archive.lastClosed()->ending().closing, 8);
+}
+
 TEST_F(DocumentArchiveTest, closingInterrupted_openCopyIsRemoved)
 {
     const auto open = saved(3);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "clockdouble.h"
 #include "dialogdouble.h"
 #include "registeraction.h"
 #include "savingdouble.h"
@@ -249,6 +250,28 @@ TEST_F(DocumentChanges, closed_isFinishedPrintedAndShownWhileItIsCurrent)
     EXPECT_EQ(archived(1)->getReceived(), 3000);
     EXPECT_EQ(archived(1)->getChange(), 520);
     EXPECT_TRUE(archived(1)->getFinished().isValid());
+}
+
+TEST_F(DocumentChanges, clockSetBackBeforeEachSale_theLatestIsLastClosedAcrossARestart)
+{
+    ClockDouble clock(QDateTime({2024, 2, 29}, {12, 30}));
+    for (int i = 0; i < 3; ++i) {
+        sold();
+        clock.now = clock.now.addDays(-1);
+        EXPECT_EQ(till->archive().lastClosed()->getNumber(), i + 1);
+    }
+    EXPECT_EQ(archived(3)->ending().closing, 3);
+    till->add(article(amoxidar));
+    till->cancel();
+    EXPECT_EQ(archived(4)->ending().closing, 0);
+
+    Till again(folder.path());
+    again.restore(saved());
+    again.add(article(amoxidar));
+    EXPECT_TRUE(again.close({Payment::cash(1240)}));
+    const auto last = again.archive().lastClosed();
+    EXPECT_EQ(last->getNumber(), 5);
+    EXPECT_EQ(last->ending().closing, 4);
 }
 
 TEST_F(DocumentChanges, tooLittleMoney_doesNotClose)
