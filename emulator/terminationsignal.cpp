@@ -13,6 +13,8 @@ namespace emulator
 {
 namespace
 {
+constexpr int caught[] = {SIGTERM, SIGINT, SIGHUP};
+
 int pipeEnds[2] = {-1, -1}; // a signal handler may write to a pipe
 
 void notify(int)
@@ -35,14 +37,16 @@ TerminationSignal::TerminationSignal(QObject* parent)
             emit received();
         }
     });
-    std::signal(SIGTERM, notify);
-    std::signal(SIGINT, notify);
+    for (const int signal : caught) {
+        std::signal(signal, notify);
+    }
 }
 
 TerminationSignal::~TerminationSignal()
 {
-    std::signal(SIGTERM, SIG_DFL);
-    std::signal(SIGINT, SIG_DFL);
+    for (const int signal : caught) {
+        std::signal(signal, SIG_DFL);
+    }
     m_notifier.reset();
     ::close(pipeEnds[0]);
     ::close(pipeEnds[1]);

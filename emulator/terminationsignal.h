@@ -6,7 +6,7 @@
 
 namespace emulator
 {
-/// Turns SIGTERM and SIGINT into a Qt signal in the main thread. A program has one at most.
+/// Turns SIGTERM, SIGINT and SIGHUP into a Qt signal in the main thread. A program has one at most.
 class TerminationSignal : public QObject
 {
     Q_OBJECT

@@ -2,6 +2,8 @@
 #include "rawconnection.h"
 #include "tlscertificate.h"
 
+#include <QDir>
+#include <QJsonArray>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTcpServer>
@@ -9,6 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstring>
+#include <string>
 
 using namespace Qt::StringLiterals;
 
@@ -116,6 +120,57 @@ TEST_F(EmulatorProgram, dataFileWithState_isKeptAndThisIsPrinted)
     EXPECT_EQ(line(u"data kept,"_s), u"the seed was not used"_s);
     signalEnd(SIGTERM);
 }
+
+class EndedEmulator : public EmulatorProgram, public ::testing::WithParamInterface<int>
+{
+protected:
+    void startWithData()
+    {
+        m_output.clear();
+        start({"--data", m_folder.filePath(u"data.sqlite"_s), "--seed", DEMO_SEED, "--admin-port", "0"});
+        m_registry = QUrl(line(u"registry"_s));
+        m_admin = QUrl(line(u"admin"_s));
+    }
+    QJsonObject admin(const QByteArray& method, const QByteArray& path, const QByteArray& body = {}) const
+    {
+        RawConnection connection(m_admin);
+        connection.request(method, path, {{"Content-Type", "application/json"}}, body);
+        const RawAnswer answer = connection.answer().value_or(RawAnswer());
+        EXPECT_EQ(answer.status, 200) << path.constData();
+        return answer.json();
+    }
+    qsizetype prescriptions() const
+    {
+        qsizetype count = 0;
+        for (const QJsonValue& patient : admin("GET", "/state")["patients"_L1].toArray()) {
+            count += patient["prescriptions"_L1].toArray().size();
+        }
+        return count;
+    }
+
+    QUrl m_registry;
+    QUrl m_admin;
+};
+
+TEST_P(EndedEmulator, answerPending_statusIsZeroAndTheDataFileIsComplete)
+{
+    startWithData();
+    const qsizetype before = prescriptions();
+    admin("POST", "/fill", R"({"card": "1100000000000099", "count": 500})");
+    admin("POST", "/faults", R"({"endpoint": "token", "fault": "never"})");
+    RawConnection waiting(m_registry);
+    waiting.request("POST", "/connect/token");
+    ASSERT_TRUE(waitUntil([this] { return admin("GET", "/journal")["requests"_L1].toArray().size() == 1; }));
+    signalEnd(GetParam());
+    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), QStringList{u"data.sqlite"_s});
+
+    startWithData();
+    EXPECT_EQ(prescriptions(), before + 500);
+    signalEnd(SIGTERM);
+}
+
+INSTANTIATE_TEST_SUITE_P(, EndedEmulator, ::testing::Values(SIGTERM, SIGINT, SIGHUP),
+                         [](const auto& instance) { return std::string(::sigabbrev_np(instance.param)); });
 
 TEST_F(EmulatorProgram, helpAndVersion_endWithSuccess)
 {
