@@ -227,6 +227,11 @@ void Pharmacy::kill()
     m_output += QString::fromUtf8(m_register.readAll());
 }
 
+void Pharmacy::sendSignal(int signal)
+{
+    ASSERT_EQ(::kill(static_cast<pid_t>(m_register.processId()), signal), 0);
+}
+
 void Pharmacy::fillDisk(qulonglong bytes)
 {
     const rlimit limit{bytes == 0 ? RLIM_INFINITY : bytes, RLIM_INFINITY};

@@ -66,6 +66,8 @@ protected:
     bool wasKilled() const;
     /// Ends the register with SIGKILL, so that it cannot save anything.
     void kill();
+    /// Sends the running register a signal of the system.
+    void sendSignal(int signal);
     /// Has the running register meet a full disk.
     ///
     /// @param bytes no file can grow beyond this; 0: the disk has room again

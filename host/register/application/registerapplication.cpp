@@ -34,7 +34,14 @@ using namespace Qt::StringLiterals;
 
 RegisterApplication::RegisterApplication(const CommandLine& commandLine)
     : m_commandLine(commandLine)
+    , m_orderlyEnd([this] {
+        if (m_till) {
+            m_till->save();
+        }
+    })
 {
+    QObject::connect(&m_terminationSignal, &TerminationSignal::received, &m_orderlyEnd, &OrderlyEnd::begin);
+    m_orderlyEnd.followSession();
 }
 
 RegisterApplication::~RegisterApplication()
@@ -81,7 +88,7 @@ int RegisterApplication::run()
         });
     }
     QApplication::exec();
-    return status;
+    return m_orderlyEnd.hasBegun() ? exitstatus::done : status;
 }
 
 std::optional<StartupFailure> RegisterApplication::readConfiguration()

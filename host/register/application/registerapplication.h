@@ -8,6 +8,7 @@
 #include "menucommands.h"
 #include "messagecatalogues.h"
 #include "opendocumentcommands.h"
+#include "orderlyend.h"
 #include "paymentcommands.h"
 #include "pluginhost.h"
 #include "positionmarks.h"
@@ -16,6 +17,7 @@
 #include "scenarioplayer.h"
 #include "startupfailure.h"
 #include "storeddocumentcommands.h"
+#include "terminationsignal.h"
 #include "till.h"
 
 #include <QLockFile>
@@ -34,7 +36,8 @@ public:
 
     /// Opens the window; returns nothing when it is open.
     std::optional<StartupFailure> start();
-    /// Runs the event loop until the window is closed or the scenario has ended. @return the exit status
+    /// Runs the event loop until the window is closed, the scenario has ended or the system asks for the end.
+    /// @return the exit status
     int run();
 
 private:
@@ -49,6 +52,7 @@ private:
     void showPlugins();
     void checkCatalogue() const;
 
+    TerminationSignal m_terminationSignal; ///< first: a signal does not interrupt what the destructor does
     CommandLine m_commandLine;
     std::unique_ptr<QLockFile> m_lockFile;
     OpenDocumentFile::Loaded m_savedDocument = QSharedPointer<Document>();
@@ -66,4 +70,5 @@ private:
     std::unique_ptr<MenuCommands> m_menuCommands;
     std::unique_ptr<RegisterWindow> m_window;
     std::unique_ptr<ScenarioPlayer> m_player;
+    OrderlyEnd m_orderlyEnd;
 };

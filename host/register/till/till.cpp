@@ -102,6 +102,13 @@ void Till::remove(int positionNumber)
     recalculateAndSave();
 }
 
+void Till::save() const
+{
+    if (m_document) {
+        m_store.saveOrShow(m_document);
+    }
+}
+
 void Till::setPhase(Phase phase)
 {
     if (!m_document || phase == m_phase || (phase != Phase::Positions && obstacleToPayment())) {

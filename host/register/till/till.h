@@ -52,7 +52,11 @@ public:
 
     /// Sets the packs of a position. Does nothing for one that does not exist or whose quantity cannot be changed.
     void setPacks(int positionNumber, int packs);
+    /// Does nothing for a position that does not exist, and when there is an obstacleToChangingPositions() or an
+    /// obstacleOfPlugin().
     void remove(int positionNumber);
+    /// Saves the open document as it is; shows a failure to the cashier. Does nothing between documents.
+    void save() const;
 
     /// Shows the subtotal, the payment, or the positions again; does nothing without a document, and when there is an
     /// obstacleToPayment().

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -122,6 +124,47 @@ TEST_F(RegisterProgram, windowClosedInTheMiddleOfAScenario_endsWithStatusOne)
 {
     EXPECT_EQ(play(R"([{"close": true}, {"wait": "nothing", "seconds": 60}])"), 1);
 }
+
+/// A signal of the system, and what the cashier is in the middle of.
+struct Ending {
+    const char* name;
+    int signal;
+    const char* steps;
+};
+
+class EndBySignal : public RegisterProgram, public ::testing::WithParamInterface<Ending>
+{
+};
+
+TEST_P(EndBySignal, documentIsSavedPluginsAreDeinitialisedAndTheStatusIsZero)
+{
+    write("steps.json", QByteArray(R"({"steps": [{"key": "F2"}, {"type": "2990000000019"}, {"key": "Return"},
+                                      {"receipt": {"positions": [{"quantity": 1}]}}, )") +
+                            GetParam().steps + R"({"say": "ready"}, {"wait": "nothing", "seconds": 60}]})");
+    QProcess program;
+    QStringList options = usualOptions() + QStringList{u"--play"_s, path("steps.json")};
+    options.replace(options.indexOf(u"--plugins"_s) + 1, QString::fromUtf8(TEST_PLUGINS "/willing_plugin_folder"));
+    start(program, options);
+    while (!output.contains(u"ready"_s) && program.waitForReadyRead(timeLimit)) {
+        output += QString::fromUtf8(program.readAll());
+    }
+    ASSERT_TRUE(output.contains(u"ready"_s)) << qPrintable(output);
+    ASSERT_EQ(::kill(pid_t(program.processId()), GetParam().signal), 0);
+    ASSERT_TRUE(program.waitForFinished(timeLimit));
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 0);
+    output += QString::fromUtf8(program.readAll());
+    EXPECT_TRUE(output.contains(u"testplugin deinit"_s)) << qPrintable(output);
+    EXPECT_EQ(savedDocument()["positions"_L1].toArray().size(), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , EndBySignal,
+    ::testing::Values(Ending{"terminatedOnTheSalesScreen", SIGTERM, ""},
+                      Ending{"interruptedInTheListOfGoods", SIGINT, R"({"key": "F3"}, {"wait": "goodsTable"}, )"},
+                      Ending{"hungUpInAQuestion", SIGHUP, R"({"key": "F9"}, {"wait": "questionForm"}, )"},
+                      Ending{"terminatedInThePayment", SIGTERM, R"({"key": "F12"}, {"wait": "receivedLineEdit"}, )"}),
+    [](const auto& instance) { return instance.param.name; });
 
 TEST_F(RegisterProgram, wrongOption_endsWithStatusTwo)
 {

@@ -9,6 +9,8 @@
 #include <QCoreApplication>
 #include <QStringList>
 
+#include <cstdio>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -58,6 +60,7 @@ bool TestPlugin::init()
 void TestPlugin::deinit()
 {
     note(u"deinit"_s);
+    std::puts("testplugin deinit"); // for a test that sees the program from outside
 }
 
 void TestPlugin::handleEvent(const Event& event)
