@@ -194,6 +194,7 @@ void RegisterApplication::openWindow()
     Singleton<ActivityNotifier>::get()->subscribe(&m_longWork);
 
     m_till = std::make_unique<Till>(m_commandLine.dataFolder);
+    m_till->setActivePlugins([this] { return m_plugins.active(); });
     m_openDocumentCommands = std::make_unique<OpenDocumentCommands>(*m_till);
     m_openDocumentCommands->offer(*controller);
     m_goodsCommands = std::make_unique<GoodsCommands>(*m_till, m_catalogue);

@@ -9,6 +9,9 @@
 #include "registeraction.h"
 #include "tr.h"
 
+#include <algorithm>
+#include <initializer_list>
+
 using namespace Qt::StringLiterals;
 
 MenuCommands::MenuCommands(const Till& till, const QList<FunctionKey>& entries)
@@ -31,7 +34,7 @@ EContext::Result MenuCommands::showMenu(control::Action& action)
 {
     MenuParams params;
     for (const FunctionKey& entry : m_entries) {
-        params.entries.append({entry, obstacle(entry)});
+        params.entries.append({entry, obstacle(entry, action)});
     }
     bool isChosen = false;
     const int chosen = askForm(MenuParams::eventCode, params).value(u"entry"_s).toInt(&isChosen);
@@ -53,19 +56,43 @@ EContext::Result MenuCommands::showMenu(control::Action& action)
     return EContext::GoOn;
 }
 
-std::optional<Obstacle> MenuCommands::obstacle(const FunctionKey& entry) const
+std::optional<Obstacle> MenuCommands::obstacle(const FunctionKey& entry, const control::Action& menu) const
 {
-    std::optional<Obstacle> rule;
-    if (entry.actionType == registeraction::returnSale) {
-        rule = m_till.obstacleToAnotherDocument();
-    } else if (entry.actionType == registeraction::suspend) {
-        rule = m_till.obstacleToSuspending();
-    }
+    const std::optional<Obstacle> rule = ruleOf(entry, menu);
     if (rule || Singleton<ActionQueueController>::get()->isHandled(entry.actionType)) {
         return rule;
     }
     return Obstacle{m_till.document() ? tr::Tr(u"menuNoPlugin"_s, u"нет модуля"_s)
                                       : tr::Tr(u"menuNoReceipt"_s, u"чек не открыт"_s)};
+}
+
+/// What the till has against the entry's command.
+std::optional<Obstacle> MenuCommands::ruleOf(const FunctionKey& entry, const control::Action& menu) const
+{
+    const auto isOneOf = [&entry](std::initializer_list<control::EActionType> types) {
+        return std::find(types.begin(), types.end(), entry.actionType) != types.end();
+    };
+    if (isOneOf({registeraction::returnSale})) {
+        return m_till.obstacleToAnotherDocument();
+    }
+    const QSharedPointer<Document> document = m_till.document();
+    if (!document) {
+        return std::nullopt;
+    }
+    if (isOneOf({registeraction::suspend})) {
+        return m_till.obstacleToSuspending();
+    }
+    if (isOneOf({control::Subtotal, control::SubtotalAndPayment})) {
+        return m_till.obstacleToPayment();
+    }
+    if (isOneOf({control::CancelDocument, control::CancelDocumentFromMenu, registeraction::askToCancelDocument})) {
+        return m_till.obstacleToCancelling();
+    }
+    if (isOneOf({control::RemovePosition, registeraction::askToRemovePosition})) {
+        const auto position = document->position(menu.value(u"positionNumber"_s).toInt());
+        return position ? m_till.obstacleOfPlugin(*position) : std::nullopt;
+    }
+    return std::nullopt;
 }
 
 EContext::Result MenuCommands::explainKey(control::Action& action)

@@ -21,7 +21,8 @@ public:
 private:
     EContext::Result showMenu(control::Action& action);
     EContext::Result explainKey(control::Action& action);
-    std::optional<Obstacle> obstacle(const FunctionKey& entry) const;
+    std::optional<Obstacle> obstacle(const FunctionKey& entry, const control::Action& menu) const;
+    std::optional<Obstacle> ruleOf(const FunctionKey& entry, const control::Action& menu) const;
 
     const Till& m_till;
     QList<FunctionKey> m_entries;

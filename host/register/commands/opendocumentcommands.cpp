@@ -31,10 +31,14 @@ void OpenDocumentCommands::offer(ActionQueueController& controller)
     };
     offerCommands<Commands>(controller, *this, table);
 
-    // A cancellation that stopped half-way may have undone what the subtotal did, so that the subtotal has to come
-    // again before the payment.
-    for (const auto action : {control::RemovePosition, control::CancelDocument, control::CancelDocumentFromMenu}) {
-        controller.host().setFrame(action, [this](control::Action&, const std::function<EContext::Result()>& course) {
+    // The obstacle is looked for before the hooks: a plug-in must not cancel its part of what the absence of another
+    // one stops. A cancellation that stopped half-way may have undone what the subtotal did, so that the subtotal has
+    // to come again before the payment.
+    for (const auto type : {control::RemovePosition, control::CancelDocument, control::CancelDocumentFromMenu}) {
+        controller.host().setFrame(type, [this](control::Action& action, const auto& course) {
+            if (showIfObstacle(obstacleBeforeHooks(action))) {
+                return EContext::Stop;
+            }
             const EContext::Result result = course();
             if (result != EContext::GoOn) {
                 m_till.setPhase(Till::Phase::Positions);
@@ -42,6 +46,15 @@ void OpenDocumentCommands::offer(ActionQueueController& controller)
             return result;
         });
     }
+}
+
+std::optional<Obstacle> OpenDocumentCommands::obstacleBeforeHooks(const control::Action& action) const
+{
+    if (action.getType() != control::RemovePosition) {
+        return m_till.obstacleToCancelling();
+    }
+    const QSharedPointer<Position> position = positionOf(action);
+    return position ? m_till.obstacleOfPlugin(*position) : std::nullopt;
 }
 
 EContext::Result OpenDocumentCommands::openSale(control::Action&)
@@ -79,7 +92,7 @@ EContext::Result OpenDocumentCommands::changeQuantity(control::Action& action)
 EContext::Result OpenDocumentCommands::askToRemovePosition(control::Action& action)
 {
     const QSharedPointer<Position> position = chosenPosition(action);
-    if (!position) {
+    if (!position || showIfObstacle(m_till.obstacleOfPlugin(*position))) {
         return EContext::Stop;
     }
     const Question question{
@@ -110,7 +123,7 @@ EContext::Result OpenDocumentCommands::removePosition(control::Action& action)
 
 EContext::Result OpenDocumentCommands::askToCancelDocument(control::Action& action)
 {
-    if (!cancellingQuestion().ask()) {
+    if (showIfObstacle(m_till.obstacleToCancelling()) || !cancellingQuestion().ask()) {
         return EContext::Stop;
     }
     const int by = action.value(u"by"_s, control::CancelDocument).toInt();
@@ -170,9 +183,16 @@ QSharedPointer<Position> OpenDocumentCommands::chosenPosition(const control::Act
     if (showIfObstacle(m_till.obstacleToChangingPositions())) {
         return nullptr;
     }
-    auto position = m_till.document()->position(action.value(u"positionNumber"_s).toInt());
+    auto position = positionOf(action);
     if (!position) {
         showNotice({u"positionNotChosen"_s, u"Сначала выберите позицию чека."_s});
     }
     return position;
+}
+
+/// Null when the open document has no such position.
+QSharedPointer<Position> OpenDocumentCommands::positionOf(const control::Action& action) const
+{
+    const QSharedPointer<Document> document = m_till.document();
+    return document ? document->position(action.value(u"positionNumber"_s).toInt()) : nullptr;
 }

@@ -7,6 +7,8 @@
 
 #include <QSharedPointer>
 
+#include <optional>
+
 /// What the register does with the open document and its positions, up to the payment.
 class OpenDocumentCommands
 {
@@ -26,7 +28,9 @@ private:
     EContext::Result cancelDocument(control::Action& action);
     EContext::Result suspend(control::Action& action);
 
+    std::optional<Obstacle> obstacleBeforeHooks(const control::Action& action) const;
     QSharedPointer<Position> chosenPosition(const control::Action& action) const;
+    QSharedPointer<Position> positionOf(const control::Action& action) const;
     Question cancellingQuestion() const;
     bool isReturnBegun() const;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "paymentcommands.h"
 
+#include "actionhost.h"
 #include "cashpayment.h"
 #include "commandtable.h"
 #include "obstaclenotice.h"
@@ -23,6 +24,14 @@ void PaymentCommands::offer(ActionQueueController& controller)
         {registeraction::pay, Where::OpenDocument, &Commands::pay},
     };
     offerCommands<Commands>(controller, *this, table);
+
+    // Before the hooks: a plug-in must not register its part of what the absence of another one stops.
+    for (const auto action : {control::Subtotal, control::SubtotalAndPayment}) {
+        controller.host().setFrame(action, [this](control::Action&, const std::function<EContext::Result()>& course) {
+            const QSharedPointer<Document> document = m_till.document();
+            return document && showIfObstacle(m_till.obstacleOfPlugins(*document)) ? EContext::Stop : course();
+        });
+    }
 }
 
 EContext::Result PaymentCommands::subtotal(control::Action&)
@@ -52,7 +61,7 @@ EContext::Result PaymentCommands::backToPositions(control::Action&)
 
 EContext::Result PaymentCommands::pay(control::Action& action)
 {
-    if (m_till.phase() != Till::Phase::Payment) {
+    if (m_till.phase() != Till::Phase::Payment || showIfObstacle(m_till.obstacleToPayment())) {
         return EContext::Stop;
     }
     const Document& document = *m_till.document();

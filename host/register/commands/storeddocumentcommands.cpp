@@ -90,6 +90,7 @@ EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
     params.isReturned = [this](const Document& document) { return m_till.isReturned(document); };
     params.obstacleToResuming = [this](const Document& document) { return m_till.obstacleToResuming(document); };
     params.obstacleToReturning = [this](const Document& document) { return m_till.obstacleToReturning(document); };
+    params.obstacleOfPlugins = [this](const Document& document) { return m_till.obstacleOfPlugins(document); };
     params.obstacleToVoiding = [this](const Document& document) { return m_till.obstacleToVoiding(document); };
     params.voidDocument = [this](const auto& document) -> std::optional<QString> {
         const Document::State before = document->getState();
@@ -189,7 +190,7 @@ EContext::Result StoredDocumentCommands::voidFrame(const control::Action& action
 {
     const auto document = action.value(u"document"_s).value<QSharedPointer<AbstractDocument>>().dynamicCast<Document>();
     if (!document || m_till.obstacleToVoiding(*document)) {
-        return EContext::NotFound;
+        return document && showIfObstacle(m_till.obstacleOfPlugins(*document)) ? EContext::Stop : EContext::NotFound;
     }
     EContext::Result result = EContext::Stop;
     m_till.withCurrentDocument(document, [&] {

@@ -87,7 +87,10 @@ QString ending(const Document& document)
     case Document::State::Cancelled:
         return cancellation(document).ui();
     case Document::State::Suspended:
-        return tr::Tr(u"receiptPutAside"_s, u"Чек № %1 отложен"_s).arg(QString::number(document.getNumber())).ui();
+        return (document.isReturn() ? tr::Tr(u"takeBackPutAside"_s, u"Возврат № %1 отложен"_s)
+                                    : tr::Tr(u"receiptPutAside"_s, u"Чек № %1 отложен"_s))
+            .arg(QString::number(document.getNumber()))
+            .ui();
     default:
         return {};
     }

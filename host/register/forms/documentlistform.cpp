@@ -181,6 +181,8 @@ void DocumentListForm::showHint()
         showHint(tr::Tr(u"documentsNotFound"_s, u"Ничего не найдено. Измените строку поиска."_s).ui(), "error");
     } else if (document->getNumber() == m_outcome.document) {
         showHint(m_outcome.text, m_outcome.textRole);
+    } else if (const auto obstacle = m_params.obstacleOfPlugins(*document)) {
+        showHint(obstacle->text.ui(), "waiting");
     } else if (m_params.openDocument != 0) {
         showHint(tr::Tr(u"documentsReceiptOpen"_s,
                         u"Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен."_s)

@@ -146,6 +146,8 @@ void PluginHost::start(std::unique_ptr<Loaded> loaded, ActionQueueController& co
     const Expected<bool> initialised = initialise(*loaded->plugin);
     if (!initialised) {
         addProblem(loaded->name, initialised.failure().text.ui());
+    } else if (!*initialised) {
+        addProblem(loaded->name, tr::Tr(u"pluginInert"_s, u"выключен в настройках или не смог начать работу"_s).ui());
     }
     if (initialised && *initialised) {
         for (ActionHandler handler : loaded->plugin->getHandlers()) {

@@ -120,14 +120,19 @@ bool DocumentArchive::isReturned(const Document& sale, const QSharedPointer<Docu
     if (open && open->getNumber() == number) {
         return open->getReturnedSale() == sale.getNumber();
     }
-    if (!QFileInfo::exists(QDir(m_folder).filePath(fileOf(finished, number)))) {
-        return false;
+    for (const QString& place : {finished, suspended}) {
+        if (!QFileInfo::exists(QDir(m_folder).filePath(fileOf(place, number)))) {
+            continue;
+        }
+        const QSharedPointer<Document> returned = read(place, number);
+        if (!returned) {
+            return true; // damaged: the money may have been paid out already
+        }
+        const bool stands =
+            returned->getState() == Document::State::Closed || returned->getState() == Document::State::Suspended;
+        return stands && returned->getReturnedSale() == sale.getNumber();
     }
-    const QSharedPointer<Document> returned = read(finished, number);
-    if (!returned) {
-        return true; // damaged: the money may have been paid out already
-    }
-    return returned->getReturnedSale() == sale.getNumber() && returned->getState() == Document::State::Closed;
+    return false;
 }
 
 QSharedPointer<Document> DocumentArchive::tidyUp(const QSharedPointer<Document>& open) const

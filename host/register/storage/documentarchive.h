@@ -40,7 +40,8 @@ public:
     /// The greatest number of a document, readable or not; 0: there are none.
     int greatestNumber() const;
 
-    /// True when the sale was returned, or is being returned by the open document `open` (null: none is open).
+    /// True when the sale was returned, or is being returned by a suspended document or by the open document `open`
+    /// (null: none is open).
     bool isReturned(const Document& sale, const QSharedPointer<Document>& open) const;
 
     /// Removes the copies that an interrupted move left behind.

@@ -39,7 +39,7 @@ void Till::restore(const OpenDocumentFile::Loaded& loaded)
 
 bool Till::close(const QList<Payment>& payments)
 {
-    if (!m_document || totalOf(payments) < m_document->getSum()) {
+    if (!m_document || totalOf(payments) < m_document->getSum() || obstacleOfPlugins(*m_document)) {
         return false;
     }
     if (m_document->isReturn() && !writeBackToSale()) {
@@ -51,7 +51,7 @@ bool Till::close(const QList<Payment>& payments)
 
 bool Till::cancel()
 {
-    if (!m_document || (m_document->isReturn() && !writeBackToSale())) {
+    if (!m_document || obstacleToCancelling() || (m_document->isReturn() && !writeBackToSale())) {
         return false;
     }
     return end({.state = Document::State::Cancelled, .finished = now()}, EActivityListener::DocumentCancelled);

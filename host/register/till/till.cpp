@@ -55,6 +55,11 @@ void Till::setPrinting(Printing printing)
     m_printing = std::move(printing);
 }
 
+void Till::setActivePlugins(ActivePlugins plugins)
+{
+    m_activePlugins = std::move(plugins);
+}
+
 void Till::open()
 {
     if (m_document) {
@@ -95,7 +100,8 @@ void Till::setPacks(int positionNumber, int packs)
 
 void Till::remove(int positionNumber)
 {
-    if (!m_document || obstacleToChangingPositions()) {
+    const QSharedPointer<Position> position = m_document ? m_document->position(positionNumber) : nullptr;
+    if (!position || obstacleToChangingPositions() || obstacleOfPlugin(*position)) {
         return;
     }
     m_document->remove(positionNumber);

@@ -41,6 +41,10 @@ public:
     using Printing = std::function<void(const Document&)>;
     void setPrinting(Printing printing);
 
+    /// The names of the plug-ins that work now. Until this is set, none does.
+    using ActivePlugins = std::function<QStringList()>;
+    void setActivePlugins(ActivePlugins plugins);
+
     // till.cpp
 
     /// Opens an empty sale; does nothing when a document is open.
@@ -69,6 +73,12 @@ public:
     //
     // Each returns why something cannot be done now, or nothing when it can.
 
+    /// Why neither subtotal, payment, cancelling, returning nor voiding is possible: a position of the document belongs
+    /// to a plug-in that does not work, and its server would not learn of it. A position from an external document that
+    /// names no plug-in was saved by a register that did not note it; it waits until any plug-in works.
+    std::optional<Obstacle> obstacleOfPlugins(const Document& document) const;
+    /// The same for removing one position of the open document.
+    std::optional<Obstacle> obstacleOfPlugin(const Position& position) const;
     /// Why an empty sale cannot be opened.
     std::optional<Obstacle> obstacleToOpening() const;
     /// Why no other document can be opened: one is open.
@@ -78,13 +88,15 @@ public:
     static std::optional<Obstacle> obstacleToChangingQuantity(const Position& position);
     /// Why neither the subtotal nor the payment can be shown.
     std::optional<Obstacle> obstacleToPayment() const;
+    std::optional<Obstacle> obstacleToCancelling() const;
+    /// A return is suspended only while there is an obstacleOfPlugins(), so that the till can go on.
     std::optional<Obstacle> obstacleToSuspending() const;
     std::optional<Obstacle> obstacleToResuming(const Document& document) const;
     std::optional<Obstacle> obstacleToReturning(const Document& sale) const;
     std::optional<Obstacle> obstacleToVoiding(const Document& document) const;
     /// Why its receipt cannot be printed again.
     static std::optional<Obstacle> obstacleToPrinting(const Document& document);
-    /// True also while the open document returns it.
+    /// True also while a document that is open or suspended returns it.
     bool isReturned(const Document& sale) const;
 
     // documentchanges.cpp
@@ -95,10 +107,10 @@ public:
 
     /// Closes the document, prints its receipt and sends event 12.
     /// @param payments of the customer, together at least the sum; of a return: what is paid out
-    /// @return false when nothing changed: no document is open, the payments are too little, or the document could not
-    ///         be saved, which has been shown to the cashier
+    /// @return false when nothing changed: no document is open, the payments are too little, there is an
+    ///         obstacleOfPlugins(), or the document could not be saved, which has been shown to the cashier
     bool close(const QList<Payment>& payments);
-    /// Cancels the document and sends event 22; false as for close().
+    /// Cancels the document and sends event 22; false as for close(), and when there is an obstacleToCancelling().
     bool cancel();
     /// Suspends the document; false as for close(), and when there is an obstacleToSuspending().
     bool suspend();
@@ -121,6 +133,7 @@ signals:
 private:
     void makeCurrent(const QSharedPointer<Document>& document);
     void recalculateAndSave();
+    bool isServed(const Position& position) const;
 
     // documentchanges.cpp
     bool end(const Document::Ending& ending, EActivityListener::Event event);

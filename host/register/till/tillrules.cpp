@@ -11,14 +11,65 @@ QString number(const Document& document)
     return QString::number(document.getNumber());
 }
 
+Obstacle pluginMissing(const Document& document, const Position& position)
+{
+    const QString positionNumber = QString::number(position.getNumber());
+    if (position.getPlugin().isEmpty()) {
+        return {tr::Tr(u"positionOfNoPlugin"_s,
+                       u"Документ № %1: позиция № %2 отпускается по документу, а ни один модуль не работает.\n"
+                       "Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно "
+                       "отложить."_s)
+                    .arg(number(document))
+                    .arg(positionNumber),
+                {u"menuPluginsIdle"_s, u"модули не работают"_s}};
+    }
+    return {tr::Tr(u"positionOfIdlePlugin"_s,
+                   u"Документ № %1: позицию № %2 ведёт модуль «%3», а он не работает.\n"
+                   "Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно "
+                   "отложить."_s)
+                .arg(number(document))
+                .arg(positionNumber)
+                .arg(position.getPlugin()),
+            tr::Tr(u"menuPluginIdle"_s, u"не работает модуль «%1»"_s).arg(position.getPlugin())};
+}
+
 } // namespace
+
+bool Till::isServed(const Position& position) const
+{
+    const QStringList active = m_activePlugins ? m_activePlugins() : QStringList();
+    if (position.getPlugin().isEmpty()) {
+        return !position.isExternal() || !active.isEmpty();
+    }
+    return active.contains(position.getPlugin());
+}
+
+std::optional<Obstacle> Till::obstacleOfPlugins(const Document& document) const
+{
+    for (const QSharedPointer<Position>& position : document.positions()) {
+        if (!isServed(*position)) {
+            return pluginMissing(document, *position);
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<Obstacle> Till::obstacleOfPlugin(const Position& position) const
+{
+    if (!m_document || isServed(position)) {
+        return std::nullopt;
+    }
+    return pluginMissing(*m_document, position);
+}
 
 std::optional<Obstacle> Till::obstacleToOpening() const
 {
     if (!m_document) {
         return std::nullopt;
     }
-    return Obstacle{tr::Tr(u"receiptAlreadyOpen"_s, u"Чек № %1 уже открыт."_s).arg(number(*m_document))};
+    return Obstacle{
+        tr::Tr(u"receiptAlreadyOpen"_s, u"Чек № %1 уже открыт.\nЗавершите или отложите его, чтобы открыть следующий."_s)
+            .arg(number(*m_document))};
 }
 
 std::optional<Obstacle> Till::obstacleToAnotherDocument() const
@@ -45,7 +96,8 @@ std::optional<Obstacle> Till::obstacleToChangingPositions() const
     if (!m_document || !m_document->isReturn()) {
         return std::nullopt;
     }
-    return Obstacle{{u"takeBackIsWhole"_s, u"Продажа возвращается целиком: позиции возврата не меняются."_s}};
+    return Obstacle{{u"takeBackIsWhole"_s, u"Продажа возвращается целиком: позиции возврата не меняются.\n"
+                                           "Завершите возврат или отмените его."_s}};
 }
 
 std::optional<Obstacle> Till::obstacleToChangingQuantity(const Position& position)
@@ -62,14 +114,20 @@ std::optional<Obstacle> Till::obstacleToChangingQuantity(const Position& positio
 std::optional<Obstacle> Till::obstacleToPayment() const
 {
     if (m_document && !m_document->positions().isEmpty()) {
-        return std::nullopt;
+        return obstacleOfPlugins(*m_document);
     }
-    return Obstacle{{u"receiptEmpty"_s, u"В чеке нет позиций.\nДобавьте товар или отмените чек."_s}};
+    return Obstacle{{u"receiptEmpty"_s, u"В чеке нет позиций.\nДобавьте товар или отмените чек."_s},
+                    {u"menuReceiptEmpty"_s, u"в чеке нет позиций"_s}};
+}
+
+std::optional<Obstacle> Till::obstacleToCancelling() const
+{
+    return m_document ? obstacleOfPlugins(*m_document) : std::nullopt;
 }
 
 std::optional<Obstacle> Till::obstacleToSuspending() const
 {
-    if (!m_document || !m_document->isReturn()) {
+    if (!m_document || !m_document->isReturn() || obstacleOfPlugins(*m_document)) {
         return std::nullopt;
     }
     return Obstacle{{u"takeBackNotPutAside"_s, u"Возврат нельзя отложить: завершите его или отмените."_s},
@@ -84,7 +142,8 @@ std::optional<Obstacle> Till::obstacleToResuming(const Document& document) const
     if (document.getState() == Document::State::Suspended) {
         return std::nullopt;
     }
-    return Obstacle{tr::Tr(u"resumeOnlySuspended"_s, u"Документ № %1 не отложен, его нельзя взять в работу."_s)
+    return Obstacle{tr::Tr(u"resumeOnlySuspended"_s,
+                           u"Документ № %1 не отложен, его нельзя взять в работу.\nВыберите отложенный."_s)
                         .arg(number(document))};
 }
 
@@ -94,27 +153,30 @@ std::optional<Obstacle> Till::obstacleToReturning(const Document& sale) const
         return obstacle;
     }
     if (sale.isReturn() || sale.getState() != Document::State::Closed) {
-        return Obstacle{
-            tr::Tr(u"takeBackOnlyClosedSale"_s, u"Документ № %1 — не закрытая продажа, его нельзя вернуть."_s)
-                .arg(number(sale))};
+        return Obstacle{tr::Tr(u"takeBackOnlyClosedSale"_s,
+                               u"Документ № %1 — не закрытая продажа, его нельзя вернуть.\n"
+                               "Проверьте номер чека."_s)
+                            .arg(number(sale))};
     }
     if (isReturned(sale)) {
-        return Obstacle{tr::Tr(u"takenBackAlready"_s, u"Продажа № %1 уже возвращена документом № %2."_s)
+        return Obstacle{tr::Tr(u"takenBackAlready"_s, u"Продажа № %1 уже возвращена документом № %2.\n"
+                                                      "Проверьте номер чека."_s)
                             .arg(number(sale))
                             .arg(QString::number(sale.getReturnedBy()))};
     }
-    return std::nullopt;
+    return obstacleOfPlugins(sale);
 }
 
 std::optional<Obstacle> Till::obstacleToVoiding(const Document& document) const
 {
     const bool isSuspended = document.getState() == Document::State::Suspended;
-    const bool isSold = document.getState() == Document::State::Closed && !document.isReturn();
-    if (isSuspended || (isSold && !isReturned(document))) {
-        return std::nullopt;
+    const bool isSold = document.getState() == Document::State::Closed && !isReturned(document);
+    if (!document.isReturn() && (isSuspended || isSold)) {
+        return obstacleOfPlugins(document);
     }
     return Obstacle{tr::Tr(u"annulNotPossible"_s, u"Документ № %1 нельзя аннулировать: аннулируются отложенные чеки и "
-                                                  "закрытые продажи, которые не возвращены."_s)
+                                                  "закрытые продажи, которые не возвращены.\n"
+                                                  "Выберите другой документ."_s)
                         .arg(number(document))};
 }
 
@@ -123,7 +185,8 @@ std::optional<Obstacle> Till::obstacleToPrinting(const Document& document)
     if (document.getState() == Document::State::Closed) {
         return std::nullopt;
     }
-    return Obstacle{{u"documentsPrintClosed"_s, u"Печатаются только закрытые документы, которые не аннулированы."_s}};
+    return Obstacle{{u"documentsPrintClosed"_s, u"Печатаются только закрытые документы, которые не аннулированы. "
+                                                "Выберите такой документ."_s}};
 }
 
 bool Till::isReturned(const Document& sale) const

@@ -201,8 +201,10 @@ The receipt itself is saved. Free disk space or check access to the data folder,
         <translation>this is not a plug-in of the register</translation>
     </message>
     <message id="receiptAlreadyOpen">
-        <source>Чек № %1 уже открыт.</source>
-        <translation>Receipt %1 is already open.</translation>
+        <source>Чек № %1 уже открыт.
+Завершите или отложите его, чтобы открыть следующий.</source>
+        <translation>Receipt %1 is already open.
+Finish it or put it aside to open the next one.</translation>
     </message>
     <message id="changeQuantityTitle">
         <source>Количество</source>
@@ -339,16 +341,22 @@ Check the number.</translation>
         <translation>Number of the receipt that goods are returned for</translation>
     </message>
     <message id="resumeOnlySuspended">
-        <source>Документ № %1 не отложен, его нельзя взять в работу.</source>
-        <translation>Document No. %1 is not suspended and cannot be resumed.</translation>
+        <source>Документ № %1 не отложен, его нельзя взять в работу.
+Выберите отложенный.</source>
+        <translation>Document No. %1 is not suspended and cannot be resumed.
+Choose a suspended one.</translation>
     </message>
     <message id="takeBackOnlyClosedSale">
-        <source>Документ № %1 — не закрытая продажа, его нельзя вернуть.</source>
-        <translation>Document No. %1 is no closed sale and cannot be returned.</translation>
+        <source>Документ № %1 — не закрытая продажа, его нельзя вернуть.
+Проверьте номер чека.</source>
+        <translation>Document No. %1 is no closed sale and cannot be returned.
+Check the number of the receipt.</translation>
     </message>
     <message id="takenBackAlready">
-        <source>Продажа № %1 уже возвращена документом № %2.</source>
-        <translation>Sale No. %1 has already been returned by document No. %2.</translation>
+        <source>Продажа № %1 уже возвращена документом № %2.
+Проверьте номер чека.</source>
+        <translation>Sale No. %1 has already been returned by document No. %2.
+Check the number of the receipt.</translation>
     </message>
     <message id="annulTitle">
         <source>Аннулирование документа</source>
@@ -359,8 +367,10 @@ Check the number.</translation>
         <translation>Number of a receipt put aside or of a closed sale</translation>
     </message>
     <message id="annulNotPossible">
-        <source>Документ № %1 нельзя аннулировать: аннулируются отложенные чеки и закрытые продажи, которые не возвращены.</source>
-        <translation>Document No. %1 cannot be annulled: only receipts put aside and closed sales that have not been returned can.</translation>
+        <source>Документ № %1 нельзя аннулировать: аннулируются отложенные чеки и закрытые продажи, которые не возвращены.
+Выберите другой документ.</source>
+        <translation>Document No. %1 cannot be annulled: only receipts put aside and closed sales that have not been returned can.
+Choose another document.</translation>
     </message>
     <message id="annulSaleQuestion">
         <source>Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю.</source>
@@ -402,6 +412,10 @@ Check the number.</translation>
         <source>Возврат № %1 (чек № %2)</source>
         <translation>Return No. %1 (receipt No. %2)</translation>
     </message>
+    <message id="takeBackPutAside">
+        <source>Возврат № %1 отложен</source>
+        <translation>Return %1 put aside</translation>
+    </message>
     <message id="receiptPutAside">
         <source>Чек № %1 отложен</source>
         <translation>Receipt No. %1 put aside</translation>
@@ -439,6 +453,34 @@ Enter the money received, for example 50 or 12.40.</translation>
 Не хватает %3.</source>
         <translation>Received %1, due %2.
 %3 is missing.</translation>
+    </message>
+    <message id="positionOfNoPlugin">
+        <source>Документ № %1: позиция № %2 отпускается по документу, а ни один модуль не работает.
+Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно отложить.</source>
+        <translation>Document No. %1: position %2 comes from an external document, and no plug-in works.
+Call the administrator and repeat this when the plug-in works. Until then an open document can be put aside.</translation>
+    </message>
+    <message id="positionOfIdlePlugin">
+        <source>Документ № %1: позицию № %2 ведёт модуль «%3», а он не работает.
+Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно отложить.</source>
+        <translation>Document No. %1: position %2 belongs to the plug-in "%3", which does not work.
+Call the administrator and repeat this when the plug-in works. Until then an open document can be put aside.</translation>
+    </message>
+    <message id="menuPluginsIdle">
+        <source>модули не работают</source>
+        <translation>no plug-in works</translation>
+    </message>
+    <message id="menuPluginIdle">
+        <source>не работает модуль «%1»</source>
+        <translation>plug-in "%1" does not work</translation>
+    </message>
+    <message id="menuReceiptEmpty">
+        <source>в чеке нет позиций</source>
+        <translation>the receipt has no positions</translation>
+    </message>
+    <message id="pluginInert">
+        <source>выключен в настройках или не смог начать работу</source>
+        <translation>switched off in the configuration, or could not begin to work</translation>
     </message>
     <message id="receiptEmpty">
         <source>В чеке нет позиций.
@@ -599,8 +641,8 @@ Cancel the return all the same?</translation>
         <translation>Document No. %1 was printed: %2</translation>
     </message>
     <message id="documentsPrintClosed">
-        <source>Печатаются только закрытые документы, которые не аннулированы.</source>
-        <translation>Only closed documents that were not annulled are printed.</translation>
+        <source>Печатаются только закрытые документы, которые не аннулированы. Выберите такой документ.</source>
+        <translation>Only closed documents that were not annulled are printed. Choose such a document.</translation>
     </message>
     <message id="cancelTakeBackQuestion">
         <source>Отменить возврат № %1 на сумму %2?</source>
@@ -619,8 +661,10 @@ Cancel the return all the same?</translation>
         <translation>Cancel receipt</translation>
     </message>
     <message id="takeBackIsWhole">
-        <source>Продажа возвращается целиком: позиции возврата не меняются.</source>
-        <translation>A sale is returned as a whole: the positions of a return do not change.</translation>
+        <source>Продажа возвращается целиком: позиции возврата не меняются.
+Завершите возврат или отмените его.</source>
+        <translation>A sale is returned as a whole: the positions of a return do not change.
+Finish the return or cancel it.</translation>
     </message>
     <message id="actionSubtotal">
         <source>Подытог не выполнен</source>

@@ -69,6 +69,7 @@ protected:
         gui.object.addFormCreator(QSharedPointer<RegisterFormCreator>::create());
         notifier.object.subscribe(&witness);
         till = std::make_unique<Till>(folder.path());
+        till->setActivePlugins([this] { return activePlugins; });
         openDocumentCommands = std::make_unique<OpenDocumentCommands>(*till);
         openDocumentCommands->offer(controller.object);
         goodsCommands = std::make_unique<GoodsCommands>(*till, catalogue);
@@ -100,6 +101,7 @@ protected:
     Own<GraphicalUserInterface> gui;
     Own<LoyaltySystemLayer> loyalty;
     Witness witness;
+    QStringList activePlugins{u"testplugin"_s}; ///< the plug-ins that work
     GoodsCatalogue catalogue;
     std::unique_ptr<Till> till;
     std::unique_ptr<OpenDocumentCommands> openDocumentCommands;

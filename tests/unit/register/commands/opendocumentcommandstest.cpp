@@ -20,7 +20,8 @@ TEST_F(OpenDocumentCommandsTest, openDocument_opensOneAndSaysSoWhenItIsOpen)
     const DialogDouble dialog;
     EXPECT_EQ(run(registeraction::openSale), EContext::Stop);
     ASSERT_EQ(dialog.messages().size(), 1);
-    EXPECT_EQ(dialog.messages().first().text, u"Чек № 1 уже открыт."_s);
+    EXPECT_EQ(dialog.messages().first().text,
+              u"Чек № 1 уже открыт.\nЗавершите или отложите его, чтобы открыть следующий."_s);
     EXPECT_EQ(dialog.messages().first().kind, Dialog::Notice);
 }
 
@@ -245,7 +246,8 @@ TEST_F(OpenDocumentCommandsTest, returnDocument_takesNoGoodsAndIsCancelledOnlyWh
     ASSERT_EQ(dialog.messages().size(), 4);
     EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Открыт возврат: товары в него не добавляются"_s));
     for (const auto& message : dialog.messages().mid(1)) {
-        EXPECT_EQ(message.text, u"Продажа возвращается целиком: позиции возврата не меняются."_s);
+        EXPECT_EQ(message.text, u"Продажа возвращается целиком: позиции возврата не меняются.\n"
+                                "Завершите возврат или отмените его."_s);
     }
 }
 

@@ -132,7 +132,7 @@ TEST_F(StoredDocumentCommandsTest, returnOfWhatIsNoClosedSale_isRefused)
     const int stopped[] = {suspend(), cancelled(), voided(), returned()};
     for (const int document : stopped) {
         EXPECT_EQ(noticeOf(registeraction::returnSale, number(document)),
-                  u"Документ № %1 — не закрытая продажа, его нельзя вернуть."_s.arg(document));
+                  u"Документ № %1 — не закрытая продажа, его нельзя вернуть.\nПроверьте номер чека."_s.arg(document));
     }
     EXPECT_FALSE(till->document());
 }
@@ -141,7 +141,7 @@ TEST_F(StoredDocumentCommandsTest, returnOfASaleReturned_namesItsDocument)
 {
     const int taker = returned();
     EXPECT_EQ(noticeOf(registeraction::returnSale, number(taker - 1)),
-              u"Продажа № %1 уже возвращена документом № %2."_s.arg(taker - 1).arg(taker));
+              u"Продажа № %1 уже возвращена документом № %2.\nПроверьте номер чека."_s.arg(taker - 1).arg(taker));
     EXPECT_FALSE(till->document());
 }
 

@@ -129,7 +129,8 @@ TEST_P(DocumentButtons, areEnabledWhenTheyCanDoSomething)
         EXPECT_EQ(button("takeBackButton")->isEnabled(), GetParam().returnSale);
         EXPECT_EQ(button("annulButton")->isEnabled(), GetParam().voidDocument);
         EXPECT_EQ(button("printButton")->isEnabled(), GetParam().print);
-        const QString obstacle = u"Печатаются только закрытые документы, которые не аннулированы."_s;
+        const QString obstacle =
+            u"Печатаются только закрытые документы, которые не аннулированы. Выберите такой документ."_s;
         EXPECT_EQ(hint()->text(), GetParam().print ? QString() : obstacle);
         EXPECT_EQ(button("printButton")->toolTip(), GetParam().print ? QString() : obstacle);
     });

@@ -88,7 +88,7 @@ TEST_F(PluginHostTest, idlePlugin_nothingOfItIsUsedAndItIsNotDeinitialised)
     EXPECT_EQ(gui.object.host().creators.size(), registersOwnCreators);
     EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     EXPECT_TRUE(host.active().isEmpty());
-    EXPECT_TRUE(host.problems().isEmpty());
+    EXPECT_EQ(host.problems(), QStringList{u"idle_plugin: выключен в настройках или не смог начать работу"_s});
     host.unload(controller.object);
     EXPECT_EQ(shown(), (QStringList{u"init"_s, u"destroyed"_s}));
 }

@@ -243,6 +243,11 @@ TEST_F(DocumentArchiveTest, sale_isReturnedOnlyByAClosedOrTheOpenReturn)
 
     write(u"finished/00000009.json"_s, "{");
     EXPECT_TRUE(archive.isReturned(*sale, nullptr)) << "damaged: the money may have been paid out";
+
+    sale->setReturnedBy(10);
+    returnOf(*sale, 10, State::Suspended);
+    EXPECT_TRUE(archive.isReturned(*sale, nullptr)) << "the return is suspended";
+    EXPECT_TRUE(archive.isReturned(*sale, document(11)));
 }
 
 TEST_F(DocumentArchiveTest, lastClosed_isDecidedByTheCountOfClosingsThenByTheNumber)

@@ -39,7 +39,8 @@ TEST_F(TillRules, saleOpen_noOtherDocumentAndEachReasonNamesIt)
 {
     const auto sale = sold();
     till->open();
-    EXPECT_EQ(text(till->obstacleToOpening()), u"Чек № 2 уже открыт."_s);
+    EXPECT_EQ(text(till->obstacleToOpening()),
+              u"Чек № 2 уже открыт.\nЗавершите или отложите его, чтобы открыть следующий."_s);
     EXPECT_EQ(text(till->obstacleToReturning(*sale)), u"Сначала завершите или отложите открытый чек № 2."_s);
     EXPECT_EQ(till->obstacleToReturning(*sale)->brief.ui(), u"сначала завершите чек № 2"_s);
     EXPECT_FALSE(till->obstacleToVoiding(*sale)) << "voiding opens no document";
@@ -62,7 +63,8 @@ TEST_F(TillRules, saleReturned_namesTheReturn)
     const auto sale = sold();
     ASSERT_TRUE(till->returnSale(sale));
     ASSERT_TRUE(till->close({Payment::cash(sale->getSum())}));
-    EXPECT_EQ(text(till->obstacleToReturning(*sale)), u"Продажа № 1 уже возвращена документом № 2."_s);
+    EXPECT_EQ(text(till->obstacleToReturning(*sale)),
+              u"Продажа № 1 уже возвращена документом № 2.\nПроверьте номер чека."_s);
     EXPECT_TRUE(till->obstacleToVoiding(*sale));
     EXPECT_FALSE(Till::obstacleToPrinting(*sale));
 }
@@ -74,13 +76,15 @@ TEST_F(TillRules, suspendedSale_canBeResumedAndVoidedAndNothingElse)
     const auto document = till->archive().find(1);
     EXPECT_FALSE(till->obstacleToResuming(*document));
     EXPECT_FALSE(till->obstacleToVoiding(*document));
-    EXPECT_EQ(text(till->obstacleToReturning(*document)), u"Документ № 1 — не закрытая продажа, его нельзя вернуть."_s);
+    EXPECT_EQ(text(till->obstacleToReturning(*document)),
+              u"Документ № 1 — не закрытая продажа, его нельзя вернуть.\nПроверьте номер чека."_s);
     EXPECT_TRUE(Till::obstacleToPrinting(*document));
 }
 
 TEST_F(TillRules, closedSale_cannotBeResumed)
 {
-    EXPECT_EQ(text(till->obstacleToResuming(*sold())), u"Документ № 1 не отложен, его нельзя взять в работу."_s);
+    EXPECT_EQ(text(till->obstacleToResuming(*sold())),
+              u"Документ № 1 не отложен, его нельзя взять в работу.\nВыберите отложенный."_s);
 }
 
 TEST_F(TillRules, externalPosition_keepsItsQuantity)

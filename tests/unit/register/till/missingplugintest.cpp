@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+// What the till refuses while the plug-in of a position does not work.
+#include "pluginscope.h"
+#include "tillfixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// How the plug-in of a position is known.
+struct Marking {
+    const char* name;
+    const char* plugin; ///< whose scope it is marked in
+    const char* works;  ///< a plug-in that works and does not make the position served; empty: none works
+    const char* shown;  ///< the beginning of the message
+    const char* brief;
+};
+
+const Marking markings[] = {
+    {"pluginNamed", "prescriptions", "",
+     "Документ № 1: позицию № 2 ведёт модуль «prescriptions», а он не работает.\nПозовите администратора",
+     "не работает модуль «prescriptions»"},
+    {"anotherPluginWorks", "prescriptions", "discounts",
+     "Документ № 1: позицию № 2 ведёт модуль «prescriptions», а он не работает.\nПозовите администратора",
+     "не работает модуль «prescriptions»"},
+    {"pluginNotNamed", "", "",
+     "Документ № 1: позиция № 2 отпускается по документу, а ни один модуль не работает.\nПозовите администратора",
+     "модули не работают"},
+};
+
+} // namespace
+
+/// A sale of two positions, the second of which belongs to a plug-in that works until idle() is called.
+class MissingPlugin : public TillFixture, public ::testing::WithParamInterface<Marking>
+{
+protected:
+    MissingPlugin()
+    {
+        works();
+        till->add(article(amoxidar));
+        till->add(article(amoxidar));
+        const PluginScope scope(QString::fromUtf8(GetParam().plugin));
+        till->document()->position(2)->setSoftCheckId(u"rx-1"_s);
+    }
+
+    void works() { activePlugins = {u"prescriptions"_s}; }
+    void idle()
+    {
+        activePlugins.clear();
+        if (*GetParam().works) {
+            activePlugins.append(QString::fromUtf8(GetParam().works));
+        }
+    }
+    bool close() { return till->close({Payment::cash(till->document()->getSum())}); }
+    QSharedPointer<Document> archived(int number) const { return till->archive().find(number); }
+
+    static void expectRefused(const std::optional<Obstacle>& obstacle)
+    {
+        ASSERT_TRUE(obstacle);
+        EXPECT_TRUE(obstacle->text.ui().startsWith(QString::fromUtf8(GetParam().shown)))
+            << qPrintable(obstacle->text.ui());
+        EXPECT_EQ(obstacle->brief.ui(), QString::fromUtf8(GetParam().brief));
+    }
+};
+
+TEST_P(MissingPlugin, saleOpen_isNeitherPaidNorCancelledNorThePositionRemoved)
+{
+    idle();
+    expectRefused(till->obstacleToPayment());
+    expectRefused(till->obstacleToCancelling());
+    expectRefused(till->obstacleOfPlugin(*till->document()->position(2)));
+
+    const QJsonObject before = till->document()->toJson();
+    till->setPhase(Till::Phase::Subtotal);
+    EXPECT_EQ(till->phase(), Till::Phase::Positions);
+    EXPECT_FALSE(close());
+    EXPECT_FALSE(till->cancel());
+    till->remove(2);
+    EXPECT_EQ(till->document()->toJson(), before);
+}
+
+TEST_P(MissingPlugin, otherPosition_isRemovedAndGoodsAreAdded)
+{
+    idle();
+    EXPECT_FALSE(till->obstacleOfPlugin(*till->document()->position(1)));
+    till->remove(1);
+    EXPECT_EQ(till->document()->positions().size(), 1);
+    EXPECT_EQ(till->add(article(amoxidar)), 3);
+}
+
+TEST_P(MissingPlugin, saleOpen_isSuspendedAndResumedAndNotVoided)
+{
+    idle();
+    ASSERT_TRUE(till->suspend());
+    expectRefused(till->obstacleToVoiding(*archived(1)));
+    EXPECT_FALSE(till->voidDocument(archived(1)));
+    EXPECT_TRUE(till->resume(archived(1)));
+}
+
+TEST_P(MissingPlugin, saleClosed_isNeitherReturnedNorVoided)
+{
+    ASSERT_TRUE(close());
+    idle();
+    expectRefused(till->obstacleToReturning(*archived(1)));
+    expectRefused(till->obstacleToVoiding(*archived(1)));
+    EXPECT_FALSE(till->returnSale(archived(1)));
+    EXPECT_FALSE(till->voidDocument(archived(1)));
+    EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
+    EXPECT_FALSE(till->document());
+}
+
+TEST_P(MissingPlugin, returnOpen_isNeitherPaidOutNorCancelledButSuspended)
+{
+    ASSERT_TRUE(close());
+    ASSERT_TRUE(till->returnSale(archived(1)));
+    idle();
+    ASSERT_TRUE(till->obstacleToPayment());
+    ASSERT_TRUE(till->obstacleToCancelling());
+    EXPECT_FALSE(close());
+    EXPECT_FALSE(till->cancel());
+    ASSERT_TRUE(till->suspend());
+    EXPECT_TRUE(till->archive().isReturned(*archived(1), nullptr)) << "it is still being returned";
+    EXPECT_FALSE(till->returnSale(archived(1)));
+    EXPECT_TRUE(till->obstacleToVoiding(*archived(2))) << "a return is not voided";
+
+    works();
+    EXPECT_TRUE(till->obstacleToVoiding(*archived(2)));
+    ASSERT_TRUE(till->resume(archived(2)));
+    EXPECT_TRUE(till->document()->isReturn());
+    EXPECT_EQ(till->obstacleToSuspending()->brief.ui(), u"возврат не откладывают"_s);
+    EXPECT_TRUE(close());
+    EXPECT_TRUE(till->archive().isReturned(*archived(1), nullptr));
+}
+
+TEST_P(MissingPlugin, worksAgain_everythingGoesOn)
+{
+    idle();
+    works();
+    EXPECT_FALSE(till->obstacleToPayment());
+    EXPECT_FALSE(till->obstacleToCancelling());
+    EXPECT_FALSE(till->obstacleOfPlugin(*till->document()->position(2)));
+    ASSERT_TRUE(close());
+    EXPECT_FALSE(till->obstacleToReturning(*archived(1)));
+    EXPECT_TRUE(till->voidDocument(archived(1)));
+}
+
+INSTANTIATE_TEST_SUITE_P(, MissingPlugin, ::testing::ValuesIn(markings),
+                         [](const auto& instance) { return instance.param.name; });
+
+using NoPlugin = TillFixture;
+
+TEST_F(NoPlugin, positionsOfTheRegisterAlone_needNone)
+{
+    activePlugins.clear();
+    till->add(article(amoxidar));
+    EXPECT_FALSE(till->obstacleToPayment());
+    EXPECT_FALSE(till->obstacleToCancelling());
+    EXPECT_TRUE(till->close({Payment::cash(1240)}));
+    EXPECT_FALSE(till->obstacleToReturning(*till->archive().find(1)));
+    EXPECT_TRUE(till->voidDocument(till->archive().find(1)));
+}
+
+TEST_F(NoPlugin, pluginsNotSet_countAsIdle)
+{
+    till->add(article(amoxidar));
+    till->document()->position(1)->setSoftCheckId(u"rx-1"_s);
+    EXPECT_FALSE(till->obstacleToPayment());
+    till->setActivePlugins({});
+    EXPECT_TRUE(till->obstacleToPayment());
+}
