@@ -45,7 +45,8 @@ tr::Tr stateWord(const Document& document, bool returned)
     case Document::State::Open:
         return {u"documentOpen"_s, u"Открыт"_s};
     case Document::State::Suspended:
-        return {u"documentPutAside"_s, u"Отложен"_s};
+        return document.isReturn() ? tr::Tr(u"documentTakeBackPutAside"_s, u"Возврат отложен"_s)
+                                   : tr::Tr(u"documentPutAside"_s, u"Отложен"_s);
     case Document::State::Closed:
         return closedState(document, returned);
     case Document::State::Cancelled:

@@ -804,6 +804,10 @@ Check that the right row is chosen and try again. If that does not help, call th
         <source>Отложен</source>
         <translation>Put aside</translation>
     </message>
+    <message id="documentTakeBackPutAside">
+        <source>Возврат отложен</source>
+        <translation>Return put aside</translation>
+    </message>
     <message id="documentTakeBackCancelled">
         <source>Возврат отменён</source>
         <translation>Return cancelled</translation>

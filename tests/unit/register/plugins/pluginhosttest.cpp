@@ -99,6 +99,7 @@ TEST_F(PluginHostTest, throwingPlugin_isShownAndStaysIdle)
     load(folderOf("throwing_plugin"));
     EXPECT_EQ(gui.object.host().creators.size(), registersOwnCreators);
     EXPECT_EQ(host.problems(), QStringList{u"throwing_plugin: нет связи"_s});
+    EXPECT_TRUE(host.active().isEmpty());
     EXPECT_FALSE(controller.object.isHandled(control::PluginCommand));
     host.unload(controller.object);
 }

@@ -94,6 +94,8 @@ INSTANTIATE_TEST_SUITE_P(
     , DocumentWord,
     ::testing::Values(
         Word{"suspended", sale(1, Document::State::Suspended), false, "Отложен", QColor(0x8a, 0x5a, 0)},
+        Word{"returnSuspended", returnOf(9, Document::State::Suspended), false, "Возврат отложен",
+             QColor(0x8a, 0x5a, 0)},
         Word{"sale", sale(1, Document::State::Closed), false, "Продажа", {}},
         Word{"takenBack", sale(1, Document::State::Closed), true, "Продажа, возвращена документом № 9", {}},
         Word{"return", returnOf(9, Document::State::Closed), false, "Возврат чека № 7", {}},
