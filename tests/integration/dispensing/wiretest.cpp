@@ -48,6 +48,7 @@ void expectTokenRequest(const JournalEntry& request)
     const QMap<QByteArray, QByteArray> headers = {
         {"Host", request.header("Host")},
         {"Accept", "application/json"},
+        {"Accept-Encoding", "gzip, deflate"},
         {"Authorization", "Bearer oais-token"},
         {"Content-Type", "application/x-www-form-urlencoded"},
         {"Content-Length", QByteArray::number(request.body.size())},
@@ -65,6 +66,7 @@ void expectResourceRequest(const JournalEntry& request, const QByteArray& target
     const QMap<QByteArray, QByteArray> headers = {
         {"Host", request.header("Host")},
         {"Accept", "application/json"},
+        {"Accept-Encoding", "gzip, deflate"},
         {"Authorization", request.header("Authorization")},
         {"OAIS", "Bearer oais-token"},
         {"Content-Type", "application/json; charset=utf-8"},
