@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cashiersteps.h"
 #include "pharmacy.h"
+#include "postgresserver.h"
 #include "serveridentity.h"
 
 #include <QDir>
@@ -142,6 +143,30 @@ TEST_F(PharmacyTrouble, goodsDatabaseWithoutItsTables_isShownAndNothingIsServed)
     configure("Database:name", empty.fileName());
     expectPlayed(play("goods-database-without-tables.json"));
     EXPECT_TRUE(savedPositions().isEmpty());
+}
+
+TEST_F(PharmacyTrouble, goodsServerNeverAnswers_registerStartsSaysSoAndGoesOnWithoutGoods)
+{
+    PostgresServer server;
+    const Expected<void> started = server.start();
+    ASSERT_TRUE(started) << started.failure().detail.toStdString();
+    server.pause();
+    configure("Register:demoData", "false");
+    configure("Database:driver", "QPSQL");
+    configure("Database:host", server.host());
+    configure("Database:name", server.database());
+    configure("Database:user", server.user());
+    configure("Database:timeout", "2");
+
+    const Outcome outcome = playSteps({R"({"wait": "messageForm"},
+            {"contains": "Справочник товаров недоступен: connection to server", "in": "messageLabel"}, {"key": "Return"},
+            {"visible": false, "in": "messageForm"}, {"key": "F2"}, {"scan": "2990000000019"}, {"wait": "busyScreen"},
+            {"wait": "messageForm"},
+            {"contains": "Справочник товаров недоступен: connection to server", "in": "messageLabel"}, {"key": "Return"},
+            {"visible": false, "in": "messageForm"}, {"visible": false, "in": "busyScreen"},
+            {"receipt": {"positions": []}})"});
+    expectPlayed(outcome);
+    EXPECT_FALSE(outcome.output.contains("QSql")) << qPrintable(outcome.output);
 }
 
 /// A widget that a layout lacks, and how the cashier gets to that form from the list of prescriptions.

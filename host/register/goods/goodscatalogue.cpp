@@ -155,7 +155,11 @@ void GoodsCatalogue::showFileChange(const Outcome& outcome) const
                                 u"Новый файл справочника товаров не читается: %1\nРабота "
                                 "продолжается со старым. Замените файл или позовите администратора."_s)
                              .arg(outcome.fileChange.failure().text.ui()));
-    } else if (*outcome.fileChange && !getDocument()) {
+    } else if (*outcome.fileChange) {
+        m_isFileNewToPlugins = true;
+    }
+    if (m_isFileNewToPlugins && !getDocument()) {
         Singleton<ConnectionFactory>::get()->takeReplacedFiles();
+        m_isFileNewToPlugins = false;
     }
 }

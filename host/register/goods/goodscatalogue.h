@@ -67,4 +67,5 @@ private:
     QTimer m_refresh;
     bool m_isRefreshing = false;
     bool m_hasFailed = false;
+    mutable bool m_isFileNewToPlugins = false; ///< the catalogue has taken a file that their connections have not
 };
