@@ -85,7 +85,7 @@ const QList<Held>& unusable()
         {"threeDecimalsInText", u"10.004"_s, 0, u"10.004 — больше двух знаков после запятой"_s},
         {"lessThanAKopeck", 0.001, 0, u"0.001 — больше двух знаков после запятой"_s},
         {"overTheGreatest", 100'000'000.01, 0, u"100000000.01 — больше 100 000 000"_s},
-        {"tenBillions", 1e13, 0, u"10000000000000 — больше 100 000 000"_s},
+        {"tenThousandBillions", 1e13, 0, u"1e+13 — больше 100 000 000"_s},
     };
     return rows;
 }
