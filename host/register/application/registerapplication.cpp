@@ -222,6 +222,7 @@ void RegisterApplication::resumeWork()
     if (m_till->document()) {
         m_window->statusLine().showWarning(documentwords::restored(*m_till->document()));
     }
+    m_paymentCommands->settleRestored();
     m_printer->printInterrupted(m_till->archive());
     checkCatalogue();
     auto* locker = Singleton<InactivityLocker>::get();

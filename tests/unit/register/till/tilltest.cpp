@@ -329,7 +329,7 @@ TEST_F(DocumentChanges, returned_returnDocumentIsOpenedAndSendsItsEvent10)
     EXPECT_EQ(document->getReturnedSale(), number);
     EXPECT_EQ(savedDocument(), document->toJson());
     EXPECT_EQ(archived(number)->getReturnedBy(), 2);
-    EXPECT_TRUE(till->archive().isReturned(*archived(number), document));
+    EXPECT_EQ(till->archive().returned(*archived(number), document), Document::Returned::Wholly);
 }
 
 TEST_F(DocumentChanges, returning_isRefusedForWhatIsNoClosedSaleOrReturnedAlready)
@@ -369,7 +369,7 @@ TEST_F(DocumentChanges, returnDocumentCouldNotBeSaved_saleCanStillBeReturned)
         EXPECT_EQ(saving.files, (QStringList{u"finished/00000001.json"_s, u"receipt.json"_s}));
     }
     EXPECT_FALSE(till->document());
-    EXPECT_FALSE(till->archive().isReturned(*archived(number), nullptr));
+    EXPECT_EQ(till->archive().returned(*archived(number), nullptr), Document::Returned::Nothing);
     EXPECT_TRUE(till->returnSale(archived(number)));
     EXPECT_EQ(till->document()->getNumber(), 3) << "no number is given twice";
 }
@@ -384,7 +384,7 @@ TEST_F(DocumentChanges, returnDocumentClosed_saleIsReturnedAndHasWhatPluginsDid)
     expectEvent(12, document);
     expectNothingOpen();
     EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
-    EXPECT_TRUE(till->archive().isReturned(*archived(number), nullptr));
+    EXPECT_EQ(till->archive().returned(*archived(number), nullptr), Document::Returned::Wholly);
     EXPECT_EQ(archived(2)->getState(), Document::State::Closed);
     EXPECT_EQ(archived(2)->getReceived(), 2480);
     EXPECT_EQ(m_printed, QList<int>{2});
@@ -399,7 +399,7 @@ TEST_F(DocumentChanges, returnCancelled_saleHasWhatPluginsDidAndCanBeReturnedAga
     expectEvent(22, document);
     expectNothingOpen();
     EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
-    EXPECT_FALSE(till->archive().isReturned(*archived(number), nullptr));
+    EXPECT_EQ(till->archive().returned(*archived(number), nullptr), Document::Returned::Nothing);
     EXPECT_EQ(archived(2)->getState(), Document::State::Cancelled);
     EXPECT_TRUE(till->returnSale(archived(number)));
     EXPECT_EQ(till->document()->getNumber(), 3);
@@ -416,7 +416,7 @@ TEST_F(DocumentChanges, returnDocumentStaysOpen_saleStaysReturned)
         EXPECT_FALSE(end());
         EXPECT_EQ(saving.files, (QStringList{u"finished/00000001.json"_s, u"finished/00000002.json"_s}));
         EXPECT_EQ(till->document(), document);
-        EXPECT_TRUE(till->archive().isReturned(*archived(number), document));
+        EXPECT_EQ(till->archive().returned(*archived(number), document), Document::Returned::Wholly);
     }
 }
 
@@ -602,7 +602,7 @@ TEST_F(InterruptedChange, closeOfAReturn_isFinished)
     const auto document = returning(sold());
     interrupt(u"receipt.json"_s, [&] { return till->close({Payment::cash(document->getSum())}); });
     expectNothingOpen();
-    EXPECT_TRUE(till->archive().isReturned(*archived(1), nullptr));
+    EXPECT_EQ(till->archive().returned(*archived(1), nullptr), Document::Returned::Wholly);
 }
 
 TEST_F(InterruptedChange, suspending_isOpenAgain)
@@ -657,5 +657,5 @@ TEST_F(InterruptedChange, returnDocumentOpen_isResumedAgainAsOne)
     ASSERT_TRUE(till->document());
     expectEvent(17, till->document());
     EXPECT_EQ(till->document()->toJson(), before);
-    EXPECT_TRUE(till->archive().isReturned(*archived(1), till->document()));
+    EXPECT_EQ(till->archive().returned(*archived(1), till->document()), Document::Returned::Wholly);
 }

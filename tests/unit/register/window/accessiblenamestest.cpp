@@ -60,7 +60,7 @@ TEST_P(RegisterAccessibleNames, documentList_everyControlHasOneAndTheScrollButto
 {
     DocumentListParams params;
     params.documents = [] { return QList<DocumentListParams::Pointer>(); };
-    params.isReturned = [](const Document&) { return false; };
+    params.returned = [](const Document&) { return Document::Returned::Nothing; };
     params.marks = &marks;
     DocumentListForm form(params);
     EXPECT_EQ(controlsWithoutName(shown(form)), "");
