@@ -92,7 +92,7 @@ EContext::Result PaymentCommands::pay(control::Action& action)
     if (document->isReturn()) {
         return payOut(document); // exactly its sum, whatever is typed
     }
-    if (!m_cards.settleOrShow(document) || showIfOvercharged(*document)) {
+    if (showIfObstacle(m_till.obstacleToPayment()) || !m_cards.settleOrShow(document) || showIfOvercharged(*document)) {
         return EContext::Stop;
     }
     const QString typed = action.value(u"received"_s).toString();

@@ -86,6 +86,11 @@ std::optional<Obstacle> Till::obstacleToChangingQuantity(const Position& positio
 
 std::optional<Obstacle> Till::obstacleToPayment() const
 {
+    if (m_document && !m_document->isReturn() && hasPaidOut(*m_document)) {
+        return Obstacle{tr::Tr(u"cancellingBegun"_s, u"Отмена чека № %1 начата, деньги возвращены на карту.\n"
+                                                     "Завершите её: отмените чек ещё раз."_s)
+                            .arg(number(*m_document))};
+    }
     if (m_document && !m_document->positions().isEmpty()) {
         return std::nullopt;
     }

@@ -1146,5 +1146,11 @@ Finish it with “Payment”.</translation>
         <source>Ввод — закрыть чек, F11 — остаток картой, Esc — назад к позициям. Пустое поле — ровно сумма чека.</source>
         <translation>Enter closes the receipt, F11 has the card pay the rest, Esc goes back to the positions. An empty field is exactly the sum of the receipt.</translation>
     </message>
+    <message id="cancellingBegun">
+        <source>Отмена чека № %1 начата, деньги возвращены на карту.
+Завершите её: отмените чек ещё раз.</source>
+        <translation>The cancellation of receipt No. %1 has begun, the money went back to the card.
+Finish it: cancel the receipt again.</translation>
+    </message>
 </context>
 </TS>

@@ -356,6 +356,24 @@ TEST_F(CardPaymentTest, chargedDocumentIsCancelled_moneyGoesBackFirst)
     EXPECT_EQ(documentwords::ending(*archived(1)), u"Чек № 1 отменён. На карту возвращено 4,80"_s);
 }
 
+TEST_F(CardPaymentTest, cancellingIsInterruptedAfterTheRefund_documentIsCancelledNotPaid)
+{
+    chargeAndStayOpen();
+    {
+        SavingDouble saving;
+        saving.onSave = [](const auto& document, const QString&, const auto& write) {
+            return !document->isClosed() && write();
+        };
+        EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
+    }
+    EXPECT_EQ(run(control::SubtotalAndPayment), EContext::Stop);
+    EXPECT_TRUE(dialog.messages().last().text.startsWith(u"Отмена чека № 1 начата, деньги возвращены на карту."_s));
+    EXPECT_EQ(till->phase(), Till::Phase::Positions);
+    EXPECT_EQ(run(control::CancelDocument), EContext::GoOn);
+    EXPECT_EQ(terminal->count("refund"), 1);
+    EXPECT_EQ(terminal->taken(), 0);
+}
+
 TEST_F(CardPaymentTest, pluginKeepsTheDocument_moneyStaysOnIt)
 {
     chargeAndStayOpen();
