@@ -3,9 +3,6 @@
 
 #include "config.h"
 
-#include <log4qt/logger.h>
-#include <log4qt/logmanager.h>
-
 #include <QEventLoop>
 #include <QFile>
 #include <QJsonDocument>
@@ -60,7 +57,6 @@ void waitForTheCustomer()
     if (seconds <= 0) {
         return;
     }
-    Log4Qt::LogManager::logger(u"democardterminal"_s)->warn(u"The demo card terminal waits"_s);
     QEventLoop loop;
     QTimer::singleShot(seconds * 1000, &loop, &QEventLoop::quit);
     loop.exec();

@@ -2,11 +2,13 @@
 // Payments by card with the demo terminal: its answers, and crashes while it works.
 
 #include "cashiersteps.h"
+#include "patience.h"
 #include "pharmacy.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -52,6 +54,10 @@ protected:
             sum += operation["kind"_L1] == u"refund"_s ? -kopecks : kopecks;
         }
         return sum;
+    }
+    bool waitUntilTheTerminalWorks() const
+    {
+        return QTest::qWaitFor([this] { return taken() > 0; }, patience);
     }
     /// The card operations of a document as "kind state", in order.
     static QStringList operations(const QJsonObject& document)
@@ -123,7 +129,7 @@ TEST_F(CardPayments, powerCutWhileTheTerminalWorks_moneyIsFoundAndTakenOnce)
 {
     configure(u"DemoCardTerminal:seconds"_s, u"600"_s);
     startSteps({atThePayment, byCard, R"({"wait": "neverThere"})"}, terminalPlugin());
-    ASSERT_TRUE(waitForOutput(u"The demo card terminal waits"_s));
+    ASSERT_TRUE(waitUntilTheTerminalWorks());
     kill();
     EXPECT_EQ(taken(), 1240);
     EXPECT_EQ(operations(savedDocument()), QStringList(u"payment asked"_s));
@@ -140,7 +146,7 @@ TEST_F(CardPayments, terminalGoneAfterThePowerCut_cashierIsAsked)
 {
     configure(u"DemoCardTerminal:seconds"_s, u"600"_s);
     startSteps({atThePayment, byCard, R"({"wait": "neverThere"})"}, terminalPlugin());
-    ASSERT_TRUE(waitForOutput(u"The demo card terminal waits"_s));
+    ASSERT_TRUE(waitUntilTheTerminalWorks());
     kill();
     expectPlayed(playSteps({R"({"contains": "неизвестно, списал ли терминал", "in": "messageLabel"},
                                 {"click": "yesButton"})",
