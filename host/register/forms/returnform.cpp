@@ -82,6 +82,7 @@ void ReturnForm::setUpTable()
         {u"packs"_s, TableColumn::fittingContents, TableColumn::right},
         {u"sum"_s, 140, TableColumn::right},
     }));
+    m_table->setColumnHidden(Mark, m_model.findItems(QString(), Qt::MatchExactly, Mark).size() == m_model.rowCount());
     m_table->setCurrentIndex(m_model.index(0, Name));
     connect(m_table, &QTableView::clicked, this, [this](const QModelIndex& index) { toggle(index.row()); });
     auto* space = new QShortcut(Qt::Key_Space, m_table, nullptr, nullptr, Qt::WidgetShortcut);
@@ -170,12 +171,12 @@ void ReturnForm::confirm()
 
 bool ReturnForm::isChosen(int row) const
 {
-    return m_model.item(row, Chosen)->checkState() == Qt::Checked;
+    return !m_model.item(row, Chosen)->text().isEmpty();
 }
 
 void ReturnForm::choose(int row, bool chosen)
 {
-    m_model.item(row, Chosen)->setCheckState(chosen ? Qt::Checked : Qt::Unchecked);
+    m_model.item(row, Chosen)->setText(chosen ? u"✓"_s : QString());
 }
 
 int ReturnForm::chosenCount() const

@@ -58,6 +58,8 @@ TEST_F(ReturnFormTest, returnKeyAlone_returnsAll)
     openWindow();
     EXPECT_EQ(returnSale([](QWidget& form) {
                   EXPECT_TRUE(hint(form).startsWith(u"Выбрано 3 из 3 на сумму 74,40."_s));
+                  EXPECT_EQ(table(form)->model()->index(2, 0).data(), u"✓"_s);
+                  EXPECT_TRUE(table(form)->isColumnHidden(3)) << "no position has a mark";
                   press(Qt::Key_Return);
               }),
               EContext::GoOn);
