@@ -98,7 +98,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     promise(wasThere || (contentOf(finished) == bytes && contentOf(suspended) == bytes),
             "tidying up leaves damaged files as they are");
 
-    archive.isReturned(*archive.find(soundNumber), stillOpen);
+    archive.returned(*archive.find(soundNumber), stillOpen);
     if (const auto document = archive.find(otherNumber)) {
         promise(archive.saveOrShow(document), "a document that was read can be saved");
     }

@@ -54,6 +54,8 @@ inline const QByteArray resumes =
 /// Opens the return of sale number 1.
 inline const QByteArray opensTheReturn =
     R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "3"}, {"wait": "inputLineEdit"}, {"type": "1"}, {"key": "Return"})";
+/// The same, with all positions of a sale that has several.
+inline const QByteArray opensTheWholeReturn = opensTheReturn + R"(, {"wait": "returnForm"}, {"key": "Return"})";
 inline const QByteArray paysOut =
     R"({"key": "F12"}, {"expect": "К ВОЗВРАТУ", "in": "paymentCaptionLabel"}, {"key": "Return"}, )" + isIdle;
 /// Voids document number 1.

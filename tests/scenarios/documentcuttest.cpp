@@ -112,8 +112,8 @@ protected:
     }
 };
 
-const QByteArray returns =
-    cashier::opensTheReturn + ", " + cashier::findsTheDocument + ", " + cashier::subtotal + ", " + cashier::paysOut;
+const QByteArray returns = cashier::opensTheWholeReturn + ", " + cashier::findsTheDocument + ", " + cashier::subtotal +
+                           ", " + cashier::paysOut;
 
 const PowerFailure notOpenYet[] = {
     {"saleToBeSaved", At::BeforeSave, 1},
@@ -290,9 +290,10 @@ TEST_P(VoidingASaleWithOneUnsaved, nextVoidingAndReturn_areRefusedByTheRegistryU
     playUntil(GetParam(), {sells, cashier::voids});
     EXPECT_EQ(registeredBy(finished(1)).size(), validDispenses().size() + 1);
 
-    expectPlayed(playSteps({cashier::isIdle, cashier::tries(cashier::voids, "уже отменён"), cashier::opensTheReturn,
-                            cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "уже отменён"),
-                            cashier::cancelsTheDocument, cashier::isIdle}));
+    expectPlayed(
+        playSteps({cashier::isIdle, cashier::tries(cashier::voids, "уже отменён"), cashier::opensTheWholeReturn,
+                   cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", "уже отменён"),
+                   cashier::cancelsTheDocument, cashier::isIdle}));
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
 
     correct("finished/00000001.json");

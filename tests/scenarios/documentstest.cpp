@@ -110,7 +110,7 @@ using Return = Documents;
 TEST_F(Return, closedSale_isPaidOutAndPrintedOnceAndItsDispensesAreCancelled)
 {
     expectPlayed(playSteps(
-        {sells, cashier::opensTheReturn, R"({"contains": "Возврат № 2", "in": "receiptNumberLabel"})",
+        {sells, cashier::opensTheWholeReturn, R"({"contains": "Возврат № 2", "in": "receiptNumberLabel"})",
          cashier::findsTheDocument, cashier::subtotal, R"({"contains": "отпуск отменён", "in": "receiptTable"})",
          cashier::paysOut, cashier::tries(cashier::opensTheReturn, "уже возвращена документом № 2")}));
     const QJsonObject document = finished(2);
@@ -129,7 +129,7 @@ TEST_F(Return, cancelledBeforeItsSubtotal_leavesTheSaleAsItWas)
 {
     expectPlayed(playSteps({sells}));
     const QJsonArray sold = finished(1)["positions"].toArray();
-    expectPlayed(playSteps({cashier::isIdle, cashier::opensTheReturn, cashier::findsTheDocument,
+    expectPlayed(playSteps({cashier::isIdle, cashier::opensTheWholeReturn, cashier::findsTheDocument,
                             cashier::cancelsTheDocument, cashier::isIdle}));
     EXPECT_EQ(finished(2)["state"].toString(), "cancelled");
     EXPECT_EQ(finished(1)["positions"].toArray(), sold);
@@ -142,14 +142,14 @@ TEST_F(Return, cancelledAfterTheRegistryFailedAtTheSecond_saleKeepsWhatIsCancell
     registry.orderFault(
         {{"endpoint", "cancel"}, {"nth", 2}, {"fault", "status"}, {"status", 503}, {"issue", "Идут работы"}});
     expectPlayed(
-        playSteps({sells, cashier::opensTheReturn, cashier::findsTheDocument,
+        playSteps({sells, cashier::opensTheWholeReturn, cashier::findsTheDocument,
                    cashier::tries(R"({"key": "F6"})", "Идут работы"), cashier::cancelsTheDocument, cashier::isIdle}));
     EXPECT_EQ(finished(1)["state"].toString(), "closed");
     EXPECT_EQ(registeredBy(finished(1)).size(), 2);
     EXPECT_EQ(validDispenses(), registeredBy(finished(1)));
 
-    expectPlayed(playSteps(
-        {cashier::isIdle, cashier::opensTheReturn, cashier::findsTheDocument, cashier::subtotal, cashier::paysOut}));
+    expectPlayed(playSteps({cashier::isIdle, cashier::opensTheWholeReturn, cashier::findsTheDocument, cashier::subtotal,
+                            cashier::paysOut}));
     EXPECT_EQ(finished(1)["takenBackBy"].toInt(), 3);
     EXPECT_EQ(validDispenses(), QStringList());
     EXPECT_EQ(registry.requestsTo("cancel"), 4);

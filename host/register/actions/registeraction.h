@@ -22,7 +22,8 @@ inline constexpr auto askToRemovePosition = static_cast<control::EActionType>(10
 inline constexpr auto askToCancelDocument = static_cast<control::EActionType>(1006);
 /// Goes back from the payment or the subtotal to the positions.
 inline constexpr auto backToPositions = static_cast<control::EActionType>(1007);
-/// Closes the document that is being paid. "received" is the cash in roubles, as the cashier typed it.
+/// Closes the document that is being paid. "received" is the cash in roubles, as the cashier typed it; "method" is
+/// "cash", or "card" when the card pays what the cash does not; absent: "cash".
 inline constexpr auto pay = static_cast<control::EActionType>(1008);
 /// Suspends the open document.
 inline constexpr auto suspend = static_cast<control::EActionType>(1009);

@@ -267,6 +267,7 @@ void RegisterApplication::resumeWork()
     if (m_till->document()) {
         m_window->statusLine().showWarning(documentwords::restored(*m_till->document()));
     }
+    m_paymentCommands->settleRestored();
     m_printer->printInterrupted(m_till->archive());
     followCatalogue();
     auto* locker = Singleton<InactivityLocker>::get();

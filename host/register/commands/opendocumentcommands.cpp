@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 
 OpenDocumentCommands::OpenDocumentCommands(Till& till)
     : m_till(till)
+    , m_cards(till)
 {
 }
 
@@ -120,6 +121,9 @@ Question OpenDocumentCommands::cancellingQuestion() const
                             u"Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.\n"
                             "Правильно завершить его: «Нет», затем «Оплата».\nВсё равно отменить возврат?"_s)
                    : tr::Tr(u"cancelTakeBackQuestion"_s, u"Отменить возврат № %1 на сумму %2?"_s);
+    } else if (document.getCharged() > Kopecks{0}) {
+        text = tr::Tr(u"cancelChargedQuestion"_s,
+                      u"Отменить чек № %1 на сумму %2?\nОплата картой вернётся на карту покупателя."_s);
     }
     return {
         isReturn ? tr::Tr(u"cancelTakeBackTitle"_s, u"Отмена возврата"_s)
@@ -144,6 +148,12 @@ bool OpenDocumentCommands::isReturnBegun() const
 
 EContext::Result OpenDocumentCommands::cancelDocument(control::Action&)
 {
+    // The money goes back after the plug-ins have agreed: a document that they keep stays paid.
+    const QSharedPointer<Document> document = m_till.document();
+    if (!document || showIfObstacle(m_till.obstacleToCancelling()) ||
+        (!document->isReturn() && !m_cards.refundOrShow(document))) {
+        return EContext::Stop;
+    }
     return m_till.cancel() ? EContext::GoOn : EContext::Stop;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "actionqueuecontroller.h"
+#include "cardtransfers.h"
 #include "question.h"
 #include "till.h"
 
@@ -33,4 +34,5 @@ private:
     bool isReturnBegun() const;
 
     Till& m_till;
+    CardTransfers m_cards;
 };

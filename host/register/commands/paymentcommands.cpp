@@ -5,12 +5,45 @@
 #include "cashpayment.h"
 #include "commandtable.h"
 #include "obstaclenotice.h"
+#include "question.h"
 #include "registeraction.h"
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+
+/// A plug-in may lower the sum after the card was charged.
+bool showIfOvercharged(const Document& document)
+{
+    if (document.getCharged() <= document.getSum()) {
+        return false;
+    }
+    showNotice(tr::Tr(u"cardOvercharged"_s, u"С карты списано %1, а сумма чека теперь %2.\n"
+                                            "Отмените чек: деньги вернутся на карту. Затем продайте заново."_s)
+                   .arg(amountText(document.getCharged()))
+                   .arg(amountText(document.getSum())));
+    return true;
+}
+
+/// Asks the cashier about an amount that nobody gives.
+bool isSure(Kopecks due, Kopecks received)
+{
+    return Question{{u"absurdTitle"_s, u"Слишком много денег"_s},
+                    tr::Tr(u"absurdQuestion"_s, u"Получено %1, к оплате %2.\nВыдать сдачу %3?"_s)
+                        .arg(amountText(received))
+                        .arg(amountText(due))
+                        .arg(amountText(received - due)),
+                    {u"absurdYes"_s, u"Выдать сдачу"_s},
+                    {u"absurdNo"_s, u"Исправить"_s}}
+        .ask();
+}
+
+} // namespace
+
 PaymentCommands::PaymentCommands(Till& till)
     : m_till(till)
+    , m_cards(till)
 {
 }
 
@@ -64,13 +97,68 @@ EContext::Result PaymentCommands::pay(control::Action& action)
     if (m_till.phase() != Till::Phase::Payment || showIfObstacle(m_till.obstacleToPayment())) {
         return EContext::Stop;
     }
-    const Document& document = *m_till.document();
-    // A return pays out exactly its sum, whatever is typed.
-    const QString typed = document.isReturn() ? QString() : action.value(u"received"_s).toString();
-    const auto payment = cashpayment::received(document.getSum(), typed);
+    const QSharedPointer<Document> document = m_till.document();
+    if (document->isReturn()) {
+        return payOut(document); // exactly its sum, whatever is typed
+    }
+    if (showIfObstacle(m_till.obstacleToPayment()) || !m_cards.settleOrShow(document) || showIfOvercharged(*document)) {
+        return EContext::Stop;
+    }
+    const QString typed = action.value(u"received"_s).toString();
+    return action.value(u"method"_s).toString() == rowOf(PaymentMethod::Card).word ? payByCard(document, typed)
+                                                                                   : payInCash(document, typed);
+}
+
+EContext::Result PaymentCommands::payInCash(const QSharedPointer<Document>& document, const QString& typed)
+{
+    const auto payment = cashpayment::received(m_till.due(), typed);
     if (!payment) {
         showNotice(payment.failure().text);
         return EContext::Stop;
     }
-    return m_till.close({*payment}) ? EContext::GoOn : EContext::Stop;
+    if (cashpayment::isAbsurd(m_till.due(), payment->amount) && !isSure(m_till.due(), payment->amount)) {
+        return EContext::Stop;
+    }
+    return close(document, payment->amount);
+}
+
+EContext::Result PaymentCommands::payByCard(const QSharedPointer<Document>& document, const QString& typed)
+{
+    if (m_till.due() == Kopecks{0}) { // the card was charged before, and the document could not be saved then
+        return close(document, Kopecks{0});
+    }
+    const auto cash = cashpayment::besideCard(m_till.due(), typed);
+    if (!cash) {
+        showNotice(cash.failure().text);
+        return EContext::Stop;
+    }
+    return m_cards.chargeOrShow(document, m_till.due() - *cash) ? close(document, *cash) : EContext::Stop;
+}
+
+EContext::Result PaymentCommands::payOut(const QSharedPointer<Document>& document)
+{
+    return m_cards.refundOrShow(document) ? close(document, m_till.due()) : EContext::Stop;
+}
+
+EContext::Result PaymentCommands::close(const QSharedPointer<Document>& document, Kopecks cash)
+{
+    if (m_till.document() != document) { // what a terminal runs may end the document
+        return EContext::Stop;
+    }
+    const Kopecks byCard = document->isReturn() ? document->getRefunded() : document->getCharged();
+    QList<Payment> payments;
+    if (cash > Kopecks{0} || byCard == Kopecks{0}) {
+        payments.append(Payment::cash(cash));
+    }
+    if (byCard > Kopecks{0}) {
+        payments.append(Payment::card(byCard));
+    }
+    return m_till.close(payments) ? EContext::GoOn : EContext::Stop;
+}
+
+void PaymentCommands::settleRestored() const
+{
+    if (const QSharedPointer<Document> document = m_till.document()) {
+        m_cards.settleOrShow(document);
+    }
 }

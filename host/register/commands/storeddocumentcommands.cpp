@@ -11,6 +11,7 @@
 #include "obstaclenotice.h"
 #include "question.h"
 #include "registeraction.h"
+#include "returnparams.h"
 
 #include <optional>
 
@@ -61,6 +62,7 @@ tr::Tr noDocument(int number)
 
 StoredDocumentCommands::StoredDocumentCommands(Till& till, const ReceiptPrinter& printer, const PositionMarks& marks)
     : m_till(till)
+    , m_cards(till)
     , m_printer(printer)
     , m_marks(marks)
 {
@@ -87,7 +89,7 @@ EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
 {
     DocumentListParams params;
     params.documents = [this] { return m_till.archive().latest(latestShown); };
-    params.isReturned = [this](const Document& document) { return m_till.isReturned(document); };
+    params.returned = [this](const Document& document) { return m_till.returned(document); };
     params.obstacleToResuming = [this](const Document& document) { return m_till.obstacleToResuming(document); };
     params.obstacleToReturning = [this](const Document& document) { return m_till.obstacleToReturning(document); };
     params.obstacleOfPlugins = [this](const Document& document) { return m_till.obstacleOfPlugins(document); };
@@ -146,7 +148,29 @@ EContext::Result StoredDocumentCommands::returnSale(control::Action& action)
     if (showIfObstacle(m_till.obstacleToReturning(*sale))) {
         return EContext::Stop;
     }
-    return m_till.returnSale(sale) ? EContext::GoOn : EContext::Stop;
+    return m_till.returnPositions(sale, choosePositions(*sale)) ? EContext::GoOn : EContext::Stop;
+}
+
+QSet<int> StoredDocumentCommands::choosePositions(const Document& sale) const
+{
+    const QSet<int> returnable = m_till.returnablePositions(sale);
+    if (returnable.size() == 1) {
+        return returnable;
+    }
+    ReturnParams params;
+    params.title = documentwords::title(sale);
+    for (const auto& position : sale.positions()) {
+        if (returnable.contains(position->getNumber())) {
+            params.positions.append(position);
+        }
+    }
+    params.marks = &m_marks;
+    QSet<int> chosen;
+    const QVariantList numbers = askForm(ReturnParams::eventCode, params).value(u"positions"_s).toList();
+    for (const QVariant& number : numbers) {
+        chosen.insert(number.toInt());
+    }
+    return chosen;
 }
 
 EContext::Result StoredDocumentCommands::voidByNumber(control::Action& action)
@@ -199,10 +223,13 @@ EContext::Result StoredDocumentCommands::voidFrame(const control::Action& action
             const Finally closedAgain([&] { document->setBeingVoided(false); });
             result = course();
         }
-        if (result == EContext::GoOn) {
-            result = m_till.voidDocument(document) ? EContext::GoOn : EContext::Stop;
-        } else {
+        if (result != EContext::GoOn) {
             m_till.archive().saveOrShow(document);
+        } else if (!m_cards.refundOrShow(document)) {
+            m_till.archive().saveOrShow(document);
+            result = EContext::Stop;
+        } else if (!m_till.voidDocument(document)) {
+            result = EContext::Stop;
         }
     });
     return result;

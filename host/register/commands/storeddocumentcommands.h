@@ -2,6 +2,7 @@
 #pragma once
 
 #include "actionqueuecontroller.h"
+#include "cardtransfers.h"
 #include "receiptprinter.h"
 #include "till.h"
 
@@ -27,11 +28,14 @@ private:
     EContext::Result voidFrame(const control::Action& action, const std::function<EContext::Result()>& course);
 
     EContext::Result resume(int number);
+    /// The positions of the sale that come back; empty when the cashier cancels.
+    QSet<int> choosePositions(const Document& sale) const;
     EContext::Result voidDocument(const QSharedPointer<Document>& document);
     /// The message for the cashier; nothing after a failure was shown.
     std::optional<QString> print(const Document& document) const;
 
     Till& m_till;
+    CardTransfers m_cards;
     const ReceiptPrinter& m_printer;
     const PositionMarks& m_marks;
 };

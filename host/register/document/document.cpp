@@ -4,9 +4,11 @@
 #include "savedmember.h"
 
 #include <QJsonArray>
+#include <QUuid>
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -88,6 +90,22 @@ QJsonArray savedPayments(const QList<Payment>& payments)
     return saved;
 }
 
+QJsonArray savedNumbers(const QList<int>& numbers)
+{
+    QJsonArray saved;
+    std::copy(numbers.cbegin(), numbers.cend(), std::back_inserter(saved));
+    return saved;
+}
+
+QJsonArray savedCardOperations(const QList<CardOperation>& operations)
+{
+    QJsonArray saved;
+    for (const CardOperation& operation : operations) {
+        saved.append(operation.toJson());
+    }
+    return saved;
+}
+
 Payment readPayment(const QJsonObject& saved)
 {
     const QString word = savedmember::text(saved, u"method"_s);
@@ -126,6 +144,15 @@ QSharedPointer<Document> Document::returnOf(const Document& sale, int number, co
     document->m_returnedSale = sale.getNumber();
     document->readPositions(sale.toJson());
     document->readPluginValues(sale.toJson());
+    return document;
+}
+
+QSharedPointer<Document> Document::returnOf(const Document& sale, const QSet<int>& positions, int number,
+                                            const QDateTime& opened)
+{
+    auto document = returnOf(sale, number, opened);
+    document->m_positions.removeIf(
+        [&positions](const auto& position) { return !positions.contains(position->getNumber()); });
     return document;
 }
 
@@ -182,6 +209,35 @@ void Document::remove(int number)
     m_positions.removeIf([number](const auto& position) { return position->getNumber() == number; });
 }
 
+void Document::setCardOperation(const CardOperation& operation)
+{
+    for (CardOperation& known : m_cardOperations) {
+        if (known.reference == operation.reference) {
+            known = operation;
+            return;
+        }
+    }
+    m_cardOperations.append(operation);
+}
+
+void Document::removeCardOperation(const QString& reference)
+{
+    m_cardOperations.removeIf([&reference](const CardOperation& known) { return known.reference == reference; });
+}
+
+QString Document::nextCardReference() const
+{
+    return u"%1-%2"_s.arg(m_number).arg(QUuid::createUuid().toString(QUuid::Id128));
+}
+
+std::optional<CardOperation> Document::unsettledCardOperation() const
+{
+    const auto unsettled =
+        std::find_if(m_cardOperations.cbegin(), m_cardOperations.cend(),
+                     [](const CardOperation& known) { return known.state == CardOperation::State::Asked; });
+    return unsettled == m_cardOperations.cend() ? std::nullopt : std::optional(*unsettled);
+}
+
 void Document::takeOverPluginData(const Document& other)
 {
     for (const QSharedPointer<Position>& source : other.m_positions) {
@@ -214,8 +270,14 @@ QJsonObject Document::toJson() const
     if (m_returnedSale > 0) {
         saved.insert(u"takesBack"_s, m_returnedSale);
     }
-    if (m_returnedBy > 0) {
-        saved.insert(u"takenBackBy"_s, m_returnedBy);
+    if (!m_returns.isEmpty()) {
+        saved.insert(u"takenBackBy"_s, m_returns.last());
+    }
+    if (m_returns.size() > 1) {
+        saved.insert(u"takenBackBefore"_s, savedNumbers(m_returns.first(m_returns.size() - 1)));
+    }
+    if (!m_cardOperations.isEmpty()) {
+        saved.insert(u"cardOperations"_s, savedCardOperations(m_cardOperations));
     }
     return saved;
 }
@@ -246,12 +308,39 @@ QSharedPointer<Document> Document::fromJson(const QJsonObject& saved)
     if (document->isReturn()) {
         document->m_returnedSale = savedmember::positiveInteger(saved, u"takesBack"_s);
     }
-    if (saved.contains("takenBackBy"_L1)) {
-        document->m_returnedBy = savedmember::positiveInteger(saved, u"takenBackBy"_s);
-    }
+    document->readReturns(saved);
+    document->readCardOperations(saved);
     document->readPositions(saved);
     document->readPluginValues(saved);
     return document;
+}
+
+void Document::readReturns(const QJsonObject& saved)
+{
+    if (!saved.contains("takenBackBy"_L1)) {
+        return;
+    }
+    if (saved.contains("takenBackBefore"_L1)) {
+        for (const auto value : savedmember::list(saved, u"takenBackBefore"_s)) {
+            m_returns.append(savedmember::positiveInteger({{u"takenBackBefore"_s, value}}, u"takenBackBefore"_s));
+        }
+    }
+    m_returns.append(savedmember::positiveInteger(saved, u"takenBackBy"_s));
+}
+
+void Document::readCardOperations(const QJsonObject& saved)
+{
+    if (!saved.contains("cardOperations"_L1)) {
+        return;
+    }
+    for (const auto value : savedmember::list(saved, u"cardOperations"_s)) {
+        const CardOperation operation = CardOperation::fromJson(value.toObject());
+        if (std::any_of(m_cardOperations.cbegin(), m_cardOperations.cend(),
+                        [&](const CardOperation& known) { return known.reference == operation.reference; })) {
+            savedmember::refuse(u"reference"_s);
+        }
+        m_cardOperations.append(operation);
+    }
 }
 
 void Document::readPositions(const QJsonObject& saved)

@@ -3,13 +3,17 @@
 
 #include "abstractdocument.h"
 #include "amount.h"
+#include "cardoperation.h"
 #include "payment.h"
 #include "position.h"
 
 #include <QDateTime>
 #include <QJsonObject>
 #include <QList>
+#include <QSet>
 #include <QSharedPointer>
+
+#include <optional>
 
 /// A document of the till: a sale, or the return of a closed sale.
 class Document : public AbstractDocument
@@ -30,6 +34,9 @@ public:
 
     /// A return of the closed sale `sale`. It has the same positions with the same numbers, and the same plug-in data.
     static QSharedPointer<Document> returnOf(const Document& sale, int number, const QDateTime& opened);
+    /// The same with some positions of the sale alone.
+    static QSharedPointer<Document> returnOf(const Document& sale, const QSet<int>& positions, int number,
+                                             const QDateTime& opened);
 
     int getNumber() const { return m_number; }
     QDateTime getOpened() const { return m_opened; }
@@ -63,8 +70,30 @@ public:
     /// The number of the sale that this return takes back; 0: this document is a sale.
     int getReturnedSale() const { return m_returnedSale; }
     /// The number of this sale's latest return, which may have been cancelled; 0: there was none.
-    int getReturnedBy() const { return m_returnedBy; }
-    void setReturnedBy(int number) { m_returnedBy = number; }
+    int getReturnedBy() const { return m_returns.isEmpty() ? 0 : m_returns.last(); }
+    /// How much of a sale was returned.
+    enum class Returned { Nothing, Partly, Wholly };
+    /// The numbers of all returns of this sale, the latest last; some may have been cancelled.
+    const QList<int>& returns() const { return m_returns; }
+    void addReturn(int number) { m_returns.append(number); }
+
+    /// What card terminals were asked for this document, in order.
+    const QList<CardOperation>& cardOperations() const { return m_cardOperations; }
+    /// Adds the operation, or replaces the one with its reference.
+    void setCardOperation(const CardOperation& operation);
+    /// Does nothing when no operation has that reference.
+    void removeCardOperation(const QString& reference);
+    /// A reference that no other card operation has, in this data folder or another.
+    QString nextCardReference() const;
+    /// The operation of which nobody knows whether the money moved; nothing when all are settled.
+    std::optional<CardOperation> unsettledCardOperation() const;
+    /// What is on this document by card and has not been given back.
+    Kopecks getCharged() const { return cardoperations::totalOf(cardoperations::charged(m_cardOperations)); }
+    /// What has been given back to cards for this document.
+    Kopecks getRefunded() const
+    {
+        return cardoperations::totalOf(cardoperations::approved(m_cardOperations, CardOperation::Kind::Refund));
+    }
 
     /// Adds a position with the next number. The number of a removed position is not used again.
     /// @param barcode, code of the goods in the catalogue
@@ -98,6 +127,8 @@ public:
 
 private:
     bool hasEnded() const { return m_ending.state != State::Open && m_ending.state != State::Suspended; }
+    void readReturns(const QJsonObject& saved);
+    void readCardOperations(const QJsonObject& saved);
     void readPositions(const QJsonObject& saved);
     void readPluginValues(const QJsonObject& saved);
 
@@ -107,7 +138,8 @@ private:
     Ending m_ending;
     bool m_beingVoided = false;
     int m_returnedSale = 0;
-    int m_returnedBy = 0;
+    QList<int> m_returns;
+    QList<CardOperation> m_cardOperations;
     int m_nextPosition = 1;
     QList<QSharedPointer<Position>> m_positions;
 };

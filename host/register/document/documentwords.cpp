@@ -11,9 +11,14 @@ namespace
 tr::Tr closing(const Document& document)
 {
     if (document.isReturn()) {
-        return tr::Tr(u"takeBackClosed"_s, u"Возврат № %1 закрыт. Выдано покупателю %2"_s)
-            .arg(QString::number(document.getNumber()))
-            .arg(amountText(document.getReceived()));
+        return document.getRefunded() == Kopecks{0}
+                   ? tr::Tr(u"takeBackClosed"_s, u"Возврат № %1 закрыт. Выдано покупателю %2"_s)
+                         .arg(QString::number(document.getNumber()))
+                         .arg(amountText(document.getReceived()))
+                   : tr::Tr(u"takeBackClosedToCard"_s, u"Возврат № %1 закрыт. На карту %2, наличными %3"_s)
+                         .arg(QString::number(document.getNumber()))
+                         .arg(amountText(document.getRefunded()))
+                         .arg(amountText(document.getSum() - document.getRefunded()));
     }
     return tr::Tr(u"receiptClosed"_s, u"Чек № %1 закрыт. Сдача %2"_s)
         .arg(QString::number(document.getNumber()))
@@ -22,24 +27,40 @@ tr::Tr closing(const Document& document)
 
 tr::Tr cancellation(const Document& document)
 {
+    const auto inCash = cardoperations::approved(document.cardOperations(), CardOperation::Kind::CashRefund);
+    if (!document.isReturn() && !inCash.isEmpty()) {
+        return tr::Tr(u"receiptCancelledPaidBack"_s, u"Чек № %1 отменён. Верните покупателю наличными %2"_s)
+            .arg(QString::number(document.getNumber()))
+            .arg(amountText(cardoperations::totalOf(inCash)));
+    }
+    if (!document.isReturn() && document.getRefunded() > Kopecks{0}) {
+        return tr::Tr(u"receiptCancelledRefunded"_s, u"Чек № %1 отменён. На карту возвращено %2"_s)
+            .arg(QString::number(document.getNumber()))
+            .arg(amountText(document.getRefunded()));
+    }
     return (document.isReturn() ? tr::Tr(u"takeBackCancelled"_s, u"Возврат № %1 отменён"_s)
                                 : tr::Tr(u"receiptCancelled"_s, u"Чек № %1 отменён"_s))
         .arg(QString::number(document.getNumber()));
 }
 
-tr::Tr closedState(const Document& document, bool returned)
+tr::Tr closedState(const Document& document, Document::Returned returned)
 {
     if (document.isReturn()) {
         return tr::Tr(u"documentTakeBack"_s, u"Возврат чека № %1"_s).arg(QString::number(document.getReturnedSale()));
     }
-    if (returned) {
+    switch (returned) {
+    case Document::Returned::Nothing:
+        break;
+    case Document::Returned::Partly:
+        return {u"documentPartlyTakenBack"_s, u"Продажа, возвращена частично"_s};
+    case Document::Returned::Wholly:
         return tr::Tr(u"documentTakenBack"_s, u"Продажа, возвращена документом № %1"_s)
             .arg(QString::number(document.getReturnedBy()));
     }
     return {u"documentSale"_s, u"Продажа"_s};
 }
 
-tr::Tr stateWord(const Document& document, bool returned)
+tr::Tr stateWord(const Document& document, Document::Returned returned)
 {
     switch (document.getState()) {
     case Document::State::Open:
@@ -75,7 +96,7 @@ QString title(const Document& document)
     return tr::Tr(u"receiptNumber"_s, u"Чек № %1"_s).arg(number).ui();
 }
 
-QString state(const Document& document, bool returned)
+QString state(const Document& document, Document::Returned returned)
 {
     return stateWord(document, returned).ui();
 }
@@ -105,6 +126,13 @@ QString voiding(const Document& document, Document::State before)
     }
     if (document.getSum() == Kopecks{}) {
         return tr::Tr(u"saleWithoutMoneyAnnulled"_s, u"Чек № %1 аннулирован"_s).arg(number).ui();
+    }
+    if (document.getRefunded() > Kopecks{0}) {
+        return tr::Tr(u"saleAnnulledToCard"_s, u"Чек № %1 аннулирован. На карту возвращено %2, верните наличными %3"_s)
+            .arg(number)
+            .arg(amountText(document.getRefunded()))
+            .arg(amountText(document.getSum() - document.getRefunded()))
+            .ui();
     }
     return tr::Tr(u"saleAnnulled"_s, u"Чек № %1 аннулирован. Верните покупателю %2"_s)
         .arg(number)

@@ -13,8 +13,8 @@ namespace documentwords
 QString title(const Document& document);
 
 /// The document's kind or state: "Отложен", "Продажа", "Возврат чека № 7".
-/// @param returned whether the sale was returned or is being returned
-QString state(const Document& document, bool returned);
+/// @param returned how much of the sale was returned or is being returned
+QString state(const Document& document, Document::Returned returned);
 
 /// What just happened to the document, and the amount to pay out: "Чек № 7 закрыт. Сдача 3,60". Empty while it is open.
 QString ending(const Document& document);

@@ -15,7 +15,14 @@ Kopecks totalOf(const QList<Payment>& payments)
 const QList<PaymentMethodRow>& paymentMethods()
 {
     static const QList<PaymentMethodRow> rows{
-        {PaymentMethod::Cash, "cash"_L1, {u"printedReceived"_s, u"Получено наличными"_s}},
+        {PaymentMethod::Cash,
+         "cash"_L1,
+         {u"printedReceived"_s, u"Получено наличными"_s},
+         {u"printedPaidOut"_s, u"Выдано"_s}},
+        {PaymentMethod::Card,
+         "card"_L1,
+         {u"printedByCard"_s, u"Картой"_s},
+         {u"printedBackToCard"_s, u"Возвращено на карту"_s}},
     };
     return rows;
 }

@@ -9,7 +9,7 @@
 #include <QString>
 
 /// The ways to pay.
-enum class PaymentMethod { Cash };
+enum class PaymentMethod { Cash, Card };
 
 /// What a customer gave by one method; of a return: what was paid out.
 struct Payment {
@@ -17,6 +17,7 @@ struct Payment {
     Kopecks amount = {}; ///< 0 or more
 
     static Payment cash(Kopecks amount) { return {PaymentMethod::Cash, amount}; }
+    static Payment card(Kopecks amount) { return {PaymentMethod::Card, amount}; }
 
     bool operator==(const Payment&) const = default;
 };
@@ -28,7 +29,8 @@ Kopecks totalOf(const QList<Payment>& payments);
 struct PaymentMethodRow {
     PaymentMethod method = PaymentMethod::Cash;
     QLatin1StringView word; ///< in saved documents, see docs/document-format.md
-    tr::Tr printed;         ///< before the amount on the receipt
+    tr::Tr printed;         ///< before the amount on the receipt of a sale
+    tr::Tr printedPaidOut;  ///< before the amount on the receipt of a return
 };
 const QList<PaymentMethodRow>& paymentMethods();
 const PaymentMethodRow& rowOf(PaymentMethod method);

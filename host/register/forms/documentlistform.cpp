@@ -137,7 +137,7 @@ void DocumentListForm::nameControls()
 void DocumentListForm::load()
 {
     const int number = current() ? current()->getNumber() : 0;
-    m_documents.show(m_params.documents(), m_params.isReturned);
+    m_documents.show(m_params.documents(), m_params.returned);
     makeCurrent(number);
     showCurrent();
 }

@@ -20,8 +20,8 @@
 struct DocumentListParams {
     using Pointer = QSharedPointer<Document>;
 
-    std::function<QList<Pointer>()> documents;       ///< called again after each change
-    std::function<bool(const Document&)> isReturned; ///< also true while the sale is being returned
+    std::function<QList<Pointer>()> documents;                   ///< called again after each change
+    std::function<Document::Returned(const Document&)> returned; ///< of a sale; what is being returned counts
     /// Why something cannot be done with a document now; nothing: it can.
     using Rule = std::function<std::optional<Obstacle>(const Document&)>;
     Rule obstacleToResuming;

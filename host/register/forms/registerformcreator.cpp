@@ -6,6 +6,7 @@
 #include "goodsselectionform.h"
 #include "menuform.h"
 #include "questionform.h"
+#include "returnform.h"
 
 namespace
 {
@@ -29,6 +30,7 @@ QSharedPointer<BasicForm> RegisterFormCreator::create(const Event& event)
         formOf<GoodsSelectionForm, GoodsSelectionParams>,
         formOf<MenuForm, MenuParams>,
         formOf<QuestionForm, Question>,
+        formOf<ReturnForm, ReturnParams>,
     };
     for (const auto& make : makers) {
         if (QSharedPointer<BasicForm> form = make(event)) {

@@ -6,6 +6,8 @@
 #include "actionqueuecontroller.h"
 #include "activitynotifier.h"
 #include "basicexception.h"
+#include "cardterminalhost.h"
+#include "cardterminals.h"
 #include "config.h"
 #include "expected.h"
 #include "formhost.h"
@@ -71,7 +73,7 @@ Expected<bool> initialise(AbstractPlugin& plugin)
     }
 }
 
-/// The form creators and listeners that are registered with the platform when it is constructed.
+/// The form creators, listeners and card terminal that are registered with the platform when it is constructed.
 class Registrations
 {
 public:
@@ -80,12 +82,14 @@ public:
     {
         Singleton<GraphicalUserInterface>::get()->host().creators = m_formCreators;
         Singleton<ActivityNotifier>::get()->host().listeners = m_listeners;
+        Singleton<CardTerminals>::get()->host() = m_cardTerminal;
     }
 
 private:
     const QList<QSharedPointer<BasicFormCreator>> m_formCreators =
         Singleton<GraphicalUserInterface>::get()->host().creators;
     const QList<ListenerHost::Subscription> m_listeners = Singleton<ActivityNotifier>::get()->host().listeners;
+    const CardTerminalHost m_cardTerminal = Singleton<CardTerminals>::get()->host();
 };
 
 void addLayoutFolder(const QString& folder)
@@ -181,6 +185,7 @@ void PluginHost::loadResources(const QString& folder, PositionMarks& marks)
 void PluginHost::unload(ActionQueueController& controller)
 {
     Singleton<GraphicalUserInterface>::get()->host().creators.clear();
+    Singleton<CardTerminals>::get()->host() = {};
     controller.host().removePluginEntries();
     for (auto loaded = m_plugins.rbegin(); loaded != m_plugins.rend(); ++loaded) {
         if ((*loaded)->plugin) {

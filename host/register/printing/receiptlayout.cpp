@@ -117,6 +117,29 @@ Lines positionLines(const Position& position, const QStringList& details)
     return lines;
 }
 
+/// Each operation that is a part of the payment by card: its amount, the masked card, the authorization code.
+Lines cardLines(const Document& document)
+{
+    Lines lines;
+    const auto operations = document.isReturn()
+                                ? cardoperations::approved(document.cardOperations(), CardOperation::Kind::Refund)
+                                : cardoperations::charged(document.cardOperations());
+    for (const CardOperation& operation : operations) {
+        if (operations.size() > 1) {
+            lines += amount(indent + tr::Tr(u"printedCardPart"_s, u"из них"_s).ui(), roubles(operation.amount));
+        }
+        if (!operation.card.isEmpty()) {
+            lines += hanging(indent, tr::Tr(u"printedCard"_s, u"Карта: %1"_s).arg(operation.card).ui());
+        }
+        if (!operation.authorizationCode.isEmpty()) {
+            lines += hanging(
+                indent,
+                tr::Tr(u"printedAuthorization"_s, u"Код авторизации: %1"_s).arg(operation.authorizationCode).ui());
+        }
+    }
+    return lines;
+}
+
 Lines totals(const Document& document)
 {
     const auto& positions = document.positions();
@@ -128,11 +151,15 @@ Lines totals(const Document& document)
     if (saved > Kopecks{}) {
         lines += labelled({u"printedBenefitInAll"_s, u"Льгота всего"_s}, saved);
     }
-    if (document.isReturn()) {
-        return lines + labelled({u"printedPaidOut"_s, u"Выдано"_s}, document.getReceived());
-    }
     for (const Payment& payment : document.ending().payments) {
-        lines += labelled(rowOf(payment.method).printed, payment.amount);
+        const PaymentMethodRow& row = rowOf(payment.method);
+        lines += labelled(document.isReturn() ? row.printedPaidOut : row.printed, payment.amount);
+        if (payment.method == PaymentMethod::Card) {
+            lines += cardLines(document);
+        }
+    }
+    if (document.isReturn()) {
+        return lines;
     }
     return lines + labelled({u"printedChange"_s, u"Сдача"_s}, document.getChange());
 }

@@ -31,6 +31,15 @@ QString fileOf(const QString& place, int number)
     return place + u"/%1.json"_s.arg(number, 8, 10, QChar(u'0'));
 }
 
+QSet<int> numbersOf(const Document& document)
+{
+    QSet<int> numbers;
+    for (const auto& position : document.positions()) {
+        numbers.insert(position->getNumber());
+    }
+    return numbers;
+}
+
 Log4Qt::Logger* log()
 {
     return Log4Qt::LogManager::logger(u"register"_s);
@@ -111,28 +120,67 @@ int DocumentArchive::greatestNumber() const
     return all.isEmpty() ? 0 : *std::max_element(all.cbegin(), all.cend());
 }
 
-bool DocumentArchive::isReturned(const Document& sale, const QSharedPointer<Document>& open) const
+/// A return that is suspended goes on later; one that was cancelled gives the positions back.
+static bool stands(const Document& document)
 {
-    const int number = sale.getReturnedBy();
-    if (number == 0) {
-        return false;
+    return document.getState() == Document::State::Closed || document.getState() == Document::State::Suspended;
+}
+
+Document::Returned DocumentArchive::returned(const Document& sale, const QSharedPointer<Document>& open) const
+{
+    const QSet<int> returned = returnedPositions(sale, open);
+    if (returned.isEmpty()) {
+        return Document::Returned::Nothing;
     }
-    if (open && open->getNumber() == number) {
-        return open->getReturnedSale() == sale.getNumber();
+    return returned.contains(numbersOf(sale)) ? Document::Returned::Wholly : Document::Returned::Partly;
+}
+
+QSet<int> DocumentArchive::returnedPositions(const Document& sale, const QSharedPointer<Document>& open) const
+{
+    QSet<int> returned;
+    for (const int number : sale.returns()) {
+        if (open && open->getNumber() == number) {
+            if (open->getReturnedSale() == sale.getNumber()) {
+                returned += numbersOf(*open);
+            }
+            continue;
+        }
+        const ReadReturn document = readReturn(sale, number);
+        if (!document) {
+            return numbersOf(sale); // the money may have been paid out already
+        }
+        if (*document && stands(**document)) {
+            returned += numbersOf(**document);
+        }
     }
+    return returned;
+}
+
+QList<CardOperation> DocumentArchive::cardOperationsOfReturns(const Document& sale) const
+{
+    QList<CardOperation> operations;
+    for (const int number : sale.returns()) {
+        const ReadReturn document = readReturn(sale, number);
+        if (document && *document) {
+            operations += (*document)->cardOperations();
+        }
+    }
+    return operations;
+}
+
+DocumentArchive::ReadReturn DocumentArchive::readReturn(const Document& sale, int number) const
+{
     for (const QString& place : {finished, suspended}) {
         if (!QFileInfo::exists(QDir(m_folder).filePath(fileOf(place, number)))) {
             continue;
         }
-        const QSharedPointer<Document> returned = read(place, number);
-        if (!returned) {
-            return true; // damaged: the money may have been paid out already
+        auto document = read(place, number);
+        if (!document) {
+            return std::nullopt;
         }
-        const bool stands =
-            returned->getState() == Document::State::Closed || returned->getState() == Document::State::Suspended;
-        return stands && returned->getReturnedSale() == sale.getNumber();
+        return document->getReturnedSale() == sale.getNumber() ? document : QSharedPointer<Document>();
     }
-    return false;
+    return QSharedPointer<Document>();
 }
 
 QSharedPointer<Document> DocumentArchive::tidyUp(const QSharedPointer<Document>& open) const

@@ -4,8 +4,11 @@
 #include "document.h"
 
 #include <QList>
+#include <QSet>
 #include <QSharedPointer>
 #include <QString>
+
+#include <optional>
 
 /// The documents that are not open: the suspended and the finished ones, each in its own file.
 ///
@@ -40,9 +43,13 @@ public:
     /// The greatest number of a document, readable or not; 0: there are none.
     int greatestNumber() const;
 
-    /// True when the sale was returned, or is being returned by a suspended document or by the open document `open`
-    /// (null: none is open).
-    bool isReturned(const Document& sale, const QSharedPointer<Document>& open) const;
+    /// The numbers of the positions that were returned, or are being returned by a suspended document or by the open
+    /// document `open` (null: none is open). Where a return cannot be read, all count: the money may have been paid out
+    /// already.
+    QSet<int> returnedPositions(const Document& sale, const QSharedPointer<Document>& open) const;
+    Document::Returned returned(const Document& sale, const QSharedPointer<Document>& open) const;
+    /// The card operations of the finished and suspended returns of the sale.
+    QList<CardOperation> cardOperationsOfReturns(const Document& sale) const;
 
     /// Removes the copies that an interrupted move left behind.
     /// @param open the document that was open when the register ended; null: none
@@ -50,6 +57,9 @@ public:
     QSharedPointer<Document> tidyUp(const QSharedPointer<Document>& open) const;
 
 private:
+    /// A finished return; null: there is none of that sale; empty: it is there and cannot be read.
+    using ReadReturn = std::optional<QSharedPointer<Document>>;
+    ReadReturn readReturn(const Document& sale, int number) const;
     QList<int> numbers(const QString& place) const;
     QSharedPointer<Document> read(const QString& place, int number) const;
     void removeFile(const QString& file) const;

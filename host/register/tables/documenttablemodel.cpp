@@ -29,12 +29,13 @@ bool isCancelledOrVoided(const Document& document)
 
 } // namespace
 
-void DocumentTableModel::show(const QList<Pointer>& documents, const std::function<bool(const Document&)>& isReturned)
+void DocumentTableModel::show(const QList<Pointer>& documents,
+                              const std::function<Document::Returned(const Document&)>& returned)
 {
     beginResetModel();
     m_rows.clear();
     for (const Pointer& document : documents) {
-        m_rows.append({document, isReturned(*document)});
+        m_rows.append({document, returned(*document)});
     }
     endResetModel();
 }
@@ -106,7 +107,7 @@ QString DocumentTableModel::text(const Row& row, int column)
     case Number:
         return QString::number(document.getNumber());
     case State:
-        return documentwords::state(document, row.isReturned);
+        return documentwords::state(document, row.returned);
     case Time:
         return timeText(document.getFinished().isValid() ? document.getFinished() : document.getOpened());
     case Positions:

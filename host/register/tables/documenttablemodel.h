@@ -23,11 +23,10 @@ public:
     using Pointer = QSharedPointer<Document>;
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// @param isReturned whether a sale was returned; called once for each document
-    void show(const QList<Pointer>& documents, const std::function<bool(const Document&)>& isReturned);
+    /// @param returned how much of a sale was returned; called once for each document
+    void show(const QList<Pointer>& documents, const std::function<Document::Returned(const Document&)>& returned);
 
     Pointer document(int row) const { return m_rows.at(row).document; }
-    bool isReturned(int row) const { return m_rows.at(row).isReturned; }
     /// The row of the document with that number; -1: there is none.
     int rowOf(int number) const;
 
@@ -39,7 +38,7 @@ public:
 private:
     struct Row {
         Pointer document;
-        bool isReturned;
+        Document::Returned returned;
     };
 
     static QString text(const Row& row, int column);

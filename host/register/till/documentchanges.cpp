@@ -51,7 +51,8 @@ bool Till::close(const QList<Payment>& payments)
 
 bool Till::cancel()
 {
-    if (!m_document || obstacleToCancelling() || (m_document->isReturn() && !writeBackToSale())) {
+    if (!m_document || obstacleToCancelling() || m_document->getCharged() > Kopecks{0} ||
+        m_document->unsettledCardOperation() || (m_document->isReturn() && !writeBackToSale())) {
         return false;
     }
     return end({.state = Document::State::Cancelled, .finished = now()}, EActivityListener::DocumentCancelled);
@@ -81,12 +82,21 @@ bool Till::resume(const QSharedPointer<Document>& document)
 
 bool Till::returnSale(const QSharedPointer<Document>& sale)
 {
+    return sale && returnPositions(sale, returnablePositions(*sale));
+}
+
+bool Till::returnPositions(const QSharedPointer<Document>& sale, const QSet<int>& positions)
+{
     if (!sale || obstacleToReturning(*sale)) {
         return false;
     }
-    const QSharedPointer<Document> document = Document::returnOf(*sale, m_numbers.next(), now());
+    const QSet<int> chosen = returnablePositions(*sale) & positions;
+    if (chosen.isEmpty()) {
+        return false;
+    }
+    const QSharedPointer<Document> document = Document::returnOf(*sale, chosen, m_numbers.next(), now());
     // The sale first: a return that its sale does not know could be opened twice.
-    sale->setReturnedBy(document->getNumber());
+    sale->addReturn(document->getNumber());
     if (!m_archive.saveOrShow(sale)) {
         return false;
     }

@@ -101,8 +101,10 @@ public:
     std::optional<Obstacle> obstacleToVoiding(const Document& document) const;
     /// Why its receipt cannot be printed again.
     static std::optional<Obstacle> obstacleToPrinting(const Document& document);
-    /// True also while a document that is open or suspended returns it.
-    bool isReturned(const Document& sale) const;
+    /// What a document that is open or suspended returns counts.
+    Document::Returned returned(const Document& sale) const;
+    /// The positions of the sale that can still be returned.
+    QSet<int> returnablePositions(const Document& sale) const;
 
     // documentchanges.cpp
 
@@ -122,12 +124,27 @@ public:
     /// Opens a suspended document again and sends event 17; false as for close(), and when there is an
     /// obstacleToResuming().
     bool resume(const QSharedPointer<Document>& document);
-    /// Opens the return of a closed sale and sends event 10; false as for close(), and when there is an
-    /// obstacleToReturning().
+    /// Opens the return of all that is left of a closed sale, and sends event 10; false as for close(), and when there
+    /// is an obstacleToReturning().
     bool returnSale(const QSharedPointer<Document>& sale);
+    /// The same with some positions of the sale.
+    /// @param positions their numbers; those that cannot be returned are passed over
+    /// @return false also when none is left
+    bool returnPositions(const QSharedPointer<Document>& sale, const QSet<int>& positions);
     /// Voids a suspended or closed document and emits voided(); false when it could not be saved, and when there is an
     /// obstacleToVoiding().
     bool voidDocument(const QSharedPointer<Document>& document);
+
+    // cardmoney.cpp
+
+    /// What the customer still has to pay for the open document; of a return: what is still to be paid out.
+    Kopecks due() const;
+    /// What of the sum of a return, or of a sale that is being voided, goes back to cards: for each payment by card its
+    /// operation, with the amount that goes back to that card.
+    QList<CardOperation> owedToCards(const Document& document) const;
+    /// Adds a card operation to a document, or replaces the one with its reference, and saves the document.
+    /// @return false after a failure was shown: a new operation is then not on the document, a change of one is
+    bool recordOrShow(const QSharedPointer<Document>& document, const CardOperation& operation);
 
 signals:
     /// Another document is open, the document was recalculated, or its phase changed.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "till.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -31,6 +33,28 @@ Obstacle pluginMissing(const Document& document, const Position& position)
                 .arg(positionNumber)
                 .arg(position.getPlugin()),
             tr::Tr(u"menuPluginIdle"_s, u"не работает модуль «%1»"_s).arg(position.getPlugin())};
+}
+
+/// True when a refund was approved, or nobody knows whether it was.
+bool hasPaidOut(const Document& document)
+{
+    const auto& operations = document.cardOperations();
+    return std::any_of(operations.cbegin(), operations.cend(), [](const CardOperation& operation) {
+        return operation.kind != CardOperation::Kind::Payment && operation.state != CardOperation::State::Declined;
+    });
+}
+
+/// Money from a card binds the document: its sum stays as it is.
+std::optional<Obstacle> obstacleWhileCharged(const Document& document)
+{
+    if (document.getCharged() == Kopecks{0} && !document.unsettledCardOperation()) {
+        return std::nullopt;
+    }
+    return Obstacle{tr::Tr(u"chargedNotChanged"_s,
+                           u"По чеку № %1 уже есть оплата картой, он не меняется.\n"
+                           "Завершите оплату. Чтобы изменить чек, отмените его: деньги вернутся на карту."_s)
+                        .arg(number(document)),
+                    {u"menuCharged"_s, u"есть оплата картой"_s}};
 }
 
 } // namespace
@@ -85,7 +109,7 @@ std::optional<Obstacle> Till::obstacleToAnotherDocument() const
 std::optional<Obstacle> Till::obstacleToAddingGoods() const
 {
     if (!m_document || !m_document->isReturn()) {
-        return std::nullopt;
+        return m_document ? obstacleWhileCharged(*m_document) : std::nullopt;
     }
     return Obstacle{{u"takeBackTakesNoGoods"_s,
                      u"Открыт возврат: товары в него не добавляются.\nЗавершите возврат или отмените его."_s}};
@@ -94,10 +118,10 @@ std::optional<Obstacle> Till::obstacleToAddingGoods() const
 std::optional<Obstacle> Till::obstacleToChangingPositions() const
 {
     if (!m_document || !m_document->isReturn()) {
-        return std::nullopt;
+        return m_document ? obstacleWhileCharged(*m_document) : std::nullopt;
     }
-    return Obstacle{{u"takeBackIsWhole"_s, u"Продажа возвращается целиком: позиции возврата не меняются.\n"
-                                           "Завершите возврат или отмените его."_s}};
+    return Obstacle{{u"takeBackIsWhole"_s,
+                     u"Позиции возврата не меняются.\nЧтобы вернуть другие, отмените возврат и начните его заново."_s}};
 }
 
 std::optional<Obstacle> Till::obstacleToChangingQuantity(const Position& position)
@@ -113,6 +137,11 @@ std::optional<Obstacle> Till::obstacleToChangingQuantity(const Position& positio
 
 std::optional<Obstacle> Till::obstacleToPayment() const
 {
+    if (m_document && !m_document->isReturn() && hasPaidOut(*m_document)) {
+        return Obstacle{tr::Tr(u"cancellingBegun"_s, u"Отмена чека № %1 начата, деньги возвращены на карту.\n"
+                                                     "Завершите её: отмените чек ещё раз."_s)
+                            .arg(number(*m_document))};
+    }
     if (m_document && !m_document->positions().isEmpty()) {
         return obstacleOfPlugins(*m_document);
     }
@@ -120,14 +149,12 @@ std::optional<Obstacle> Till::obstacleToPayment() const
                     {u"menuReceiptEmpty"_s, u"в чеке нет позиций"_s}};
 }
 
-std::optional<Obstacle> Till::obstacleToCancelling() const
-{
-    return m_document ? obstacleOfPlugins(*m_document) : std::nullopt;
-}
-
 std::optional<Obstacle> Till::obstacleToSuspending() const
 {
-    if (!m_document || !m_document->isReturn() || obstacleOfPlugins(*m_document)) {
+    if (!m_document || !m_document->isReturn()) {
+        return m_document ? obstacleWhileCharged(*m_document) : std::nullopt;
+    }
+    if (obstacleOfPlugins(*m_document)) {
         return std::nullopt;
     }
     return Obstacle{{u"takeBackNotPutAside"_s, u"Возврат нельзя отложить: завершите его или отмените."_s},
@@ -158,7 +185,12 @@ std::optional<Obstacle> Till::obstacleToReturning(const Document& sale) const
                                "Проверьте номер чека."_s)
                             .arg(number(sale))};
     }
-    if (isReturned(sale)) {
+    if (hasPaidOut(sale)) {
+        return Obstacle{tr::Tr(u"voidingBegun"_s, u"Аннулирование продажи № %1 начато, деньги возвращены на карту.\n"
+                                                  "Завершите его: аннулируйте продажу ещё раз."_s)
+                            .arg(number(sale))};
+    }
+    if (returned(sale) == Document::Returned::Wholly) {
         return Obstacle{tr::Tr(u"takenBackAlready"_s, u"Продажа № %1 уже возвращена документом № %2.\n"
                                                       "Проверьте номер чека."_s)
                             .arg(number(sale))
@@ -170,7 +202,8 @@ std::optional<Obstacle> Till::obstacleToReturning(const Document& sale) const
 std::optional<Obstacle> Till::obstacleToVoiding(const Document& document) const
 {
     const bool isSuspended = document.getState() == Document::State::Suspended;
-    const bool isSold = document.getState() == Document::State::Closed && !isReturned(document);
+    const bool isSold =
+        document.getState() == Document::State::Closed && returned(document) == Document::Returned::Nothing;
     if (!document.isReturn() && (isSuspended || isSold)) {
         return obstacleOfPlugins(document);
     }
@@ -189,7 +222,25 @@ std::optional<Obstacle> Till::obstacleToPrinting(const Document& document)
                                                 "Выберите такой документ."_s}};
 }
 
-bool Till::isReturned(const Document& sale) const
+std::optional<Obstacle> Till::obstacleToCancelling() const
 {
-    return m_archive.isReturned(sale, m_document);
+    if (!m_document || !m_document->isReturn() || !hasPaidOut(*m_document)) {
+        return m_document ? obstacleOfPlugins(*m_document) : std::nullopt;
+    }
+    return Obstacle{{u"refundedNotCancelled"_s,
+                     u"По возврату уже возвращали деньги, он не отменяется.\nЗавершите его: «Оплата»."_s}};
+}
+
+Document::Returned Till::returned(const Document& sale) const
+{
+    return m_archive.returned(sale, m_document);
+}
+
+QSet<int> Till::returnablePositions(const Document& sale) const
+{
+    QSet<int> left;
+    for (const auto& position : sale.positions()) {
+        left.insert(position->getNumber());
+    }
+    return left - m_archive.returnedPositions(sale, m_document);
 }

@@ -767,10 +767,10 @@ Cancel the return all the same?</translation>
         <translation>Cancel receipt</translation>
     </message>
     <message id="takeBackIsWhole">
-        <source>Продажа возвращается целиком: позиции возврата не меняются.
-Завершите возврат или отмените его.</source>
-        <translation>A sale is returned as a whole: the positions of a return do not change.
-Finish the return or cancel it.</translation>
+        <source>Позиции возврата не меняются.
+Чтобы вернуть другие, отмените возврат и начните его заново.</source>
+        <translation>The positions of a return do not change.
+To return others, cancel the return and begin it again.</translation>
     </message>
     <message id="actionSubtotal">
         <source>Подытог не выполнен</source>
@@ -985,6 +985,324 @@ Check that the right row is chosen and try again. If that does not help, call th
     <message id="documentAnnulledAt">
         <source>аннулирован %1</source>
         <translation>annulled %1</translation>
+    </message>
+    <message id="cardTitle">
+        <source>Операция по карте</source>
+        <translation>Card operation</translation>
+    </message>
+    <message id="terminalBusy">
+        <source>Терминал занят, деньги не списаны.
+Дождитесь, пока он освободится, и повторите.</source>
+        <translation>The terminal is busy; no money has moved.
+Wait until it is free and try again.</translation>
+    </message>
+    <message id="cardDeclined">
+        <source>Чек № %1: терминал отклонил оплату %2. %3
+Деньги не списаны. Возьмите другую карту или наличные.</source>
+        <translation>Receipt No. %1: the terminal declined the payment of %2. %3
+No money was taken. Take another card, or cash.</translation>
+    </message>
+    <message id="cardRefundDeclined">
+        <source>Документ № %1: терминал отклонил возврат %2 на карту. %3</source>
+        <translation>Document No. %1: the terminal declined the refund of %2 to the card. %3</translation>
+    </message>
+    <message id="cardFoundApproved">
+        <source>Чек № %1: оплата картой %2 прошла, она учтена в чеке.</source>
+        <translation>Receipt No. %1: the card payment of %2 went through; it is on the receipt.</translation>
+    </message>
+    <message id="cardFoundDeclined">
+        <source>Чек № %1: оплата картой %2 не прошла, деньги не списаны.</source>
+        <translation>Receipt No. %1: the card payment of %2 did not go through; no money was taken.</translation>
+    </message>
+    <message id="cardRefundFoundApproved">
+        <source>Документ № %1: возврат %2 на карту выполнен.</source>
+        <translation>Document No. %1: the refund of %2 to the card was made.</translation>
+    </message>
+    <message id="cardRefundFoundDeclined">
+        <source>Документ № %1: возврат %2 на карту не выполнен.</source>
+        <translation>Document No. %1: the refund of %2 to the card was not made.</translation>
+    </message>
+    <message id="cardLostQuestion">
+        <source>Чек № %1: неизвестно, списал ли терминал %2 с карты.
+Посмотрите на терминал или на его чек. Деньги списаны?</source>
+        <translation>Receipt No. %1: it is not known whether the terminal took %2 from the card.
+Look at the terminal or at its slip. Was the money taken?</translation>
+    </message>
+    <message id="cardRefundLostQuestion">
+        <source>Документ № %1: неизвестно, вернул ли терминал %2 на карту.
+Посмотрите на терминал или на его чек. Деньги возвращены?</source>
+        <translation>Document No. %1: it is not known whether the terminal gave %2 back to the card.
+Look at the terminal or at its slip. Was the money given back?</translation>
+    </message>
+    <message id="cardLostYes">
+        <source>Списаны</source>
+        <translation>Taken</translation>
+    </message>
+    <message id="cardRefundLostYes">
+        <source>Возвращены</source>
+        <translation>Given back</translation>
+    </message>
+    <message id="cardLostNo">
+        <source>Нет или не знаю</source>
+        <translation>No, or not known</translation>
+    </message>
+    <message id="cardNotMovedQuestion">
+        <source>Чек № %1: терминал точно не списал %2?
+Если не знаете, вернитесь: касса спросит ещё раз.</source>
+        <translation>Receipt No. %1: is it certain that the terminal did not take %2?
+If you do not know, go back: the register will ask again.</translation>
+    </message>
+    <message id="cardRefundNotMovedQuestion">
+        <source>Документ № %1: терминал точно не вернул %2?
+Если не знаете, вернитесь: касса спросит ещё раз.</source>
+        <translation>Document No. %1: is it certain that the terminal did not give back %2?
+If you do not know, go back: the register will ask again.</translation>
+    </message>
+    <message id="cardNotMovedYes">
+        <source>Точно не списаны</source>
+        <translation>Certainly not taken</translation>
+    </message>
+    <message id="cardRefundNotMovedYes">
+        <source>Точно не возвращены</source>
+        <translation>Certainly not given back</translation>
+    </message>
+    <message id="cardNotMovedNo">
+        <source>Назад</source>
+        <translation>Back</translation>
+    </message>
+    <message id="cardFinding">
+        <source>Терминал проверяет операцию…</source>
+        <translation>The terminal looks for the operation…</translation>
+    </message>
+    <message id="terminalBusyFinding">
+        <source>Терминал занят и не может сказать, прошла ли операция.
+Дождитесь, пока он освободится, и повторите.</source>
+        <translation>The terminal is busy and cannot say whether the operation went through.
+Wait until it is free and try again.</translation>
+    </message>
+    <message id="terminalNone">
+        <source>Терминал не подключён.
+Примите наличные или позовите администратора.</source>
+        <translation>No card terminal is connected.
+Take cash, or call the administrator.</translation>
+    </message>
+    <message id="cardPaying">
+        <source>Оплата картой: следуйте указаниям терминала…</source>
+        <translation>Card payment: follow the terminal…</translation>
+    </message>
+    <message id="cardRefunding">
+        <source>Возврат на карту: следуйте указаниям терминала…</source>
+        <translation>Refund to the card: follow the terminal…</translation>
+    </message>
+    <message id="cardCashQuestion">
+        <source>Документ № %1: вернуть %2 на карту нельзя.
+Выдать эти деньги покупателю наличными?</source>
+        <translation>Document No. %1: %2 cannot be given back to the card.
+Pay this money out to the customer in cash?</translation>
+    </message>
+    <message id="cardCashYes">
+        <source>Выдать наличными</source>
+        <translation>Pay out in cash</translation>
+    </message>
+    <message id="cardCashNo">
+        <source>Назад</source>
+        <translation>Back</translation>
+    </message>
+    <message id="cancelChargedQuestion">
+        <source>Отменить чек № %1 на сумму %2?
+Оплата картой вернётся на карту покупателя.</source>
+        <translation>Cancel receipt No. %1 for %2?
+What was paid by card goes back to the customer’s card.</translation>
+    </message>
+    <message id="cardOvercharged">
+        <source>С карты списано %1, а сумма чека теперь %2.
+Отмените чек: деньги вернутся на карту. Затем продайте заново.</source>
+        <translation>The card was charged %1, and the receipt now comes to %2.
+Cancel the receipt: the money goes back to the card. Then sell again.</translation>
+    </message>
+    <message id="absurdTitle">
+        <source>Слишком много денег</source>
+        <translation>Too much money</translation>
+    </message>
+    <message id="absurdQuestion">
+        <source>Получено %1, к оплате %2.
+Выдать сдачу %3?</source>
+        <translation>Received %1, due %2.
+Pay out change of %3?</translation>
+    </message>
+    <message id="absurdYes">
+        <source>Выдать сдачу</source>
+        <translation>Pay out the change</translation>
+    </message>
+    <message id="absurdNo">
+        <source>Исправить</source>
+        <translation>Correct</translation>
+    </message>
+    <message id="takeBackClosedToCard">
+        <source>Возврат № %1 закрыт. На карту %2, наличными %3</source>
+        <translation>Return No. %1 closed. To the card %2, in cash %3</translation>
+    </message>
+    <message id="receiptCancelledPaidBack">
+        <source>Чек № %1 отменён. Верните покупателю наличными %2</source>
+        <translation>Receipt No. %1 cancelled. Pay %2 back to the customer in cash</translation>
+    </message>
+    <message id="receiptCancelledRefunded">
+        <source>Чек № %1 отменён. На карту возвращено %2</source>
+        <translation>Receipt No. %1 cancelled. %2 went back to the card</translation>
+    </message>
+    <message id="documentPartlyTakenBack">
+        <source>Продажа, возвращена частично</source>
+        <translation>Sale, partly returned</translation>
+    </message>
+    <message id="saleAnnulledToCard">
+        <source>Чек № %1 аннулирован. На карту возвращено %2, верните наличными %3</source>
+        <translation>Receipt No. %1 annulled. %2 went back to the card, pay back %3 in cash</translation>
+    </message>
+    <message id="printedByCard">
+        <source>Картой</source>
+        <translation>By card</translation>
+    </message>
+    <message id="printedBackToCard">
+        <source>Возвращено на карту</source>
+        <translation>Back to the card</translation>
+    </message>
+    <message id="returnTitle">
+        <source>Что возвращают: %1</source>
+        <translation>What comes back: %1</translation>
+    </message>
+    <message id="returnColumnChosen">
+        <source>Вернуть</source>
+        <translation>Return</translation>
+    </message>
+    <message id="returnColumnNumber">
+        <source>№</source>
+        <translation>No.</translation>
+    </message>
+    <message id="returnColumnName">
+        <source>Наименование</source>
+        <translation>Name</translation>
+    </message>
+    <message id="returnColumnPacks">
+        <source>Упаковок</source>
+        <translation>Packs</translation>
+    </message>
+    <message id="returnColumnSum">
+        <source>Сумма</source>
+        <translation>Sum</translation>
+    </message>
+    <message id="returnCancel">
+        <source>Назад</source>
+        <translation>Back</translation>
+    </message>
+    <message id="returnConfirm">
+        <source>Вернуть выбранные</source>
+        <translation>Return the chosen</translation>
+    </message>
+    <message id="returnAll">
+        <source>Выбрать все</source>
+        <translation>Choose all</translation>
+    </message>
+    <message id="returnNone">
+        <source>Снять все</source>
+        <translation>Choose none</translation>
+    </message>
+    <message id="returnHint">
+        <source>Выбрано %1 из %2 на сумму %3. Пробел или касание строки меняет выбор.</source>
+        <translation>%1 of %2 chosen, for %3. The space bar or a touch on a row changes the choice.</translation>
+    </message>
+    <message id="returnPositions">
+        <source>Позиции продажи</source>
+        <translation>Positions of the sale</translation>
+    </message>
+    <message id="returnPageUp">
+        <source>На страницу вверх</source>
+        <translation>Page up</translation>
+    </message>
+    <message id="returnUp">
+        <source>Вверх</source>
+        <translation>Up</translation>
+    </message>
+    <message id="returnDown">
+        <source>Вниз</source>
+        <translation>Down</translation>
+    </message>
+    <message id="returnPageDown">
+        <source>На страницу вниз</source>
+        <translation>Page down</translation>
+    </message>
+    <message id="printedCardPart">
+        <source>из них</source>
+        <translation>of which</translation>
+    </message>
+    <message id="printedCard">
+        <source>Карта: %1</source>
+        <translation>Card: %1</translation>
+    </message>
+    <message id="printedAuthorization">
+        <source>Код авторизации: %1</source>
+        <translation>Authorization code: %1</translation>
+    </message>
+    <message id="cashIsEnough">
+        <source>Получено наличными %1, к оплате %2: карта не нужна.
+Закройте чек наличными или исправьте сумму наличных.</source>
+        <translation>%1 received in cash, %2 due: no card is needed.
+Close the receipt with cash, or correct the amount of cash.</translation>
+    </message>
+    <message id="chargedNotChanged">
+        <source>По чеку № %1 уже есть оплата картой, он не меняется.
+Завершите оплату. Чтобы изменить чек, отмените его: деньги вернутся на карту.</source>
+        <translation>Receipt No. %1 already has a card payment and does not change.
+Finish the payment. To change the receipt, cancel it: the money goes back to the card.</translation>
+    </message>
+    <message id="menuCharged">
+        <source>есть оплата картой</source>
+        <translation>there is a card payment</translation>
+    </message>
+    <message id="voidingBegun">
+        <source>Аннулирование продажи № %1 начато, деньги возвращены на карту.
+Завершите его: аннулируйте продажу ещё раз.</source>
+        <translation>The annulment of sale No. %1 has begun, the money went back to the card.
+Finish it: annul the sale again.</translation>
+    </message>
+    <message id="refundedNotCancelled">
+        <source>По возврату уже возвращали деньги, он не отменяется.
+Завершите его: «Оплата».</source>
+        <translation>Money was already given back for this return; it cannot be cancelled.
+Finish it with “Payment”.</translation>
+    </message>
+    <message id="paymentByCard">
+        <source>Картой</source>
+        <translation>By card</translation>
+    </message>
+    <message id="paymentByCardName">
+        <source>Остаток картой</source>
+        <translation>The rest by card</translation>
+    </message>
+    <message id="paymentCharged">
+        <source>Картой оплачено %1</source>
+        <translation>Paid by card %1</translation>
+    </message>
+    <message id="paymentToCards">
+        <source>На карту %1, наличными %2</source>
+        <translation>To the card %1, in cash %2</translation>
+    </message>
+    <message id="paymentRefund">
+        <source>Вернуть деньги</source>
+        <translation>Give the money back</translation>
+    </message>
+    <message id="paymentRefundHint">
+        <source>Ввод — вернуть деньги на карту и закрыть возврат, Esc — назад к позициям.</source>
+        <translation>Enter gives the money back to the card and closes the return, Esc goes back to the positions.</translation>
+    </message>
+    <message id="paymentCardHint">
+        <source>Ввод — закрыть чек, F11 — остаток картой, Esc — назад к позициям. Пустое поле — ровно сумма чека.</source>
+        <translation>Enter closes the receipt, F11 has the card pay the rest, Esc goes back to the positions. An empty field is exactly the sum of the receipt.</translation>
+    </message>
+    <message id="cancellingBegun">
+        <source>Отмена чека № %1 начата, деньги возвращены на карту.
+Завершите её: отмените чек ещё раз.</source>
+        <translation>The cancellation of receipt No. %1 has begun, the money went back to the card.
+Finish it: cancel the receipt again.</translation>
     </message>
 </context>
 </TS>

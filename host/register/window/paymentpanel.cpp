@@ -2,6 +2,8 @@
 #include "paymentpanel.h"
 
 #include "basicform.h"
+#include "cardterminalhost.h"
+#include "cardterminals.h"
 #include "cashpayment.h"
 #include "inactivitylocker.h"
 #include "registerstyle.h"
@@ -16,6 +18,9 @@
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <functional>
+#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -26,6 +31,13 @@ namespace
 constexpr int spacing = 8;
 /// Longer than an amount: a barcode is refused as a whole, never cut to an amount.
 constexpr int longestInput = 40;
+/// Not a function key of the register: it needs what is typed here.
+constexpr Qt::Key cardKey = Qt::Key_F11;
+
+bool hasTerminal()
+{
+    return !Singleton<CardTerminals>::get()->host().terminal.isNull();
+}
 
 /// Accepts an amount of roubles while it is typed.
 class MoneyValidator : public QRegularExpressionValidator
@@ -61,10 +73,12 @@ PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
     , m_paymentKey(paymentKey)
     , m_caption(new QLabel(this))
     , m_sumLabel(new QLabel(this))
+    , m_byCard(new QLabel(this))
     , m_change(new QLabel(this))
     , m_receivedCaption(new QLabel(this))
     , m_received(new TalloLineEdit(this))
     , m_back(new QPushButton(this))
+    , m_card(new QPushButton(this))
     , m_pay(new QPushButton(this))
     , m_hint(new QLabel(this))
     , m_keyboard(new TalloKeyboard(this))
@@ -72,19 +86,19 @@ PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
     setObjectName(u"paymentPanel"_s);
     createControls();
     arrangeControls();
-    for (QWidget* keyReceiver :
-         {static_cast<QWidget*>(m_received), static_cast<QWidget*>(m_back), static_cast<QWidget*>(m_pay)}) {
-        keyReceiver->installEventFilter(this);
-    }
+    m_received->installEventFilter(this);
     auto* scans = new ScanFilter(*m_received);
-    scans->watch(*m_back);
-    scans->watch(*m_pay);
+    for (QPushButton* button : {m_back, m_card, m_pay}) {
+        button->installEventFilter(this);
+        scans->watch(*button);
+    }
     connect(scans, &ScanFilter::scanned, this, &PaymentPanel::refuseScan);
     connect(m_received, &QLineEdit::textChanged, this, [this] { showChange(); });
     connect(m_received, &QLineEdit::inputRejected, this, [this] {
         showHint({u"paymentInputRefused"_s, u"Вводите только цифры и запятую, не больше двух цифр после неё."_s},
                  "error");
     });
+    connect(m_card, &QPushButton::clicked, this, &PaymentPanel::confirmedByCard);
     connect(m_pay, &QPushButton::clicked, this, &PaymentPanel::confirmed);
     connect(m_back, &QPushButton::clicked, this, &PaymentPanel::left);
     connect(m_keyboard, &TalloKeyboard::keyPressed, Singleton<InactivityLocker>::get(), &InactivityLocker::resetTimer);
@@ -95,6 +109,7 @@ void PaymentPanel::createControls()
     m_caption->setObjectName(u"paymentCaptionLabel"_s);
     m_sumLabel->setObjectName(u"paymentSumLabel"_s);
     m_sumLabel->setProperty("textSize", u"sum"_s);
+    m_byCard->setObjectName(u"chargedLabel"_s);
     m_change->setObjectName(u"changeLabel"_s);
     m_change->setProperty("textSize", u"amount"_s);
     m_change->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -111,6 +126,11 @@ void PaymentPanel::createControls()
     m_back->setText(tr::Tr(u"paymentBack"_s, u"Назад"_s).ui());
     m_back->setAccessibleName(m_back->text());
     m_back->setAutoDefault(true);
+    m_card->setObjectName(u"cardButton"_s);
+    m_card->setText(QKeySequence(cardKey).toString(QKeySequence::NativeText) + u' ' +
+                    tr::Tr(u"paymentByCard"_s, u"Картой"_s).ui());
+    m_card->setAccessibleName(tr::Tr(u"paymentByCardName"_s, u"Остаток картой"_s).ui());
+    m_card->setAutoDefault(true);
     m_pay->setObjectName(u"payButton"_s);
     m_pay->setProperty("primary", true);
     m_pay->setAccessibleName(tr::Tr(u"paymentGoOn"_s, u"К оплате"_s).ui());
@@ -127,6 +147,7 @@ void PaymentPanel::arrangeControls()
     auto* sums = createRow();
     sums->addWidget(m_caption);
     sums->addWidget(m_sumLabel);
+    sums->addWidget(m_byCard);
     sums->addStretch();
     sums->addWidget(m_change);
     auto* input = createRow();
@@ -134,6 +155,7 @@ void PaymentPanel::arrangeControls()
     input->addWidget(m_received, 1);
     input->addStretch();
     input->addWidget(m_back);
+    input->addWidget(m_card);
     input->addWidget(m_pay);
 
     auto* column = new QVBoxLayout;
@@ -148,7 +170,7 @@ void PaymentPanel::arrangeControls()
     setLayout(layout);
 }
 
-void PaymentPanel::showPhase(Till::Phase phase, const QSharedPointer<Document>& document)
+void PaymentPanel::showPhase(Till::Phase phase, const QSharedPointer<Document>& document, const Amounts& amounts)
 {
     if (std::exchange(m_phase, phase) != phase) {
         m_received->clear();
@@ -157,14 +179,15 @@ void PaymentPanel::showPhase(Till::Phase phase, const QSharedPointer<Document>& 
     if (phase == Till::Phase::Positions) {
         return;
     }
-    m_sum = document->getSum();
+    m_sum = amounts.due;
+    m_byCard->clear();
     m_sumLabel->setText(amountText(m_sum));
     if (phase == Till::Phase::Subtotal) {
         showSubtotal(document->isReturn());
     } else if (document->isReturn()) {
-        showPayingOut();
+        showPayingOut(amounts);
     } else {
-        showPayment();
+        showPayment(*document);
     }
     m_sumLabel->setAccessibleName(m_caption->text());
     m_pay->setAccessibleName(m_pay->text());
@@ -174,6 +197,7 @@ void PaymentPanel::showPhase(Till::Phase phase, const QSharedPointer<Document>& 
                              static_cast<QWidget*>(m_change)}) {
         control->setVisible(takesMoney);
     }
+    m_card->setVisible(takesMoney && hasTerminal());
     m_keyboard->setVisible(takesMoney && BasicForm::isTouchMode());
 }
 
@@ -198,20 +222,34 @@ void PaymentPanel::showSubtotal(bool payingOut)
                           .arg(m_paymentKey));
 }
 
-void PaymentPanel::showPayment()
+void PaymentPanel::showPayment(const Document& document)
 {
     m_caption->setText(tr::Tr(u"paymentDue"_s, u"К ОПЛАТЕ"_s).ui());
     m_pay->setText(tr::Tr(u"paymentPay"_s, u"Закрыть чек"_s).ui());
     m_received->setPlaceholderText(amountText(m_sum));
+    if (document.getCharged() > Kopecks{0}) {
+        m_byCard->setText(
+            tr::Tr(u"paymentCharged"_s, u"Картой оплачено %1"_s).arg(amountText(document.getCharged())).ui());
+    }
     showChange();
 }
 
-void PaymentPanel::showPayingOut()
+void PaymentPanel::showPayingOut(const Amounts& amounts)
 {
     m_caption->setText(tr::Tr(u"paymentPayOut"_s, u"К ВОЗВРАТУ"_s).ui());
-    m_pay->setText(tr::Tr(u"paymentPaidOut"_s, u"Деньги выданы"_s).ui());
+    if (amounts.toCards == Kopecks{0}) {
+        m_pay->setText(tr::Tr(u"paymentPaidOut"_s, u"Деньги выданы"_s).ui());
+        showKeyHint(
+            {u"paymentPayOutHint"_s, u"Выдайте деньги покупателю. Ввод — закрыть возврат, Esc — назад к позициям."_s});
+        return;
+    }
+    m_byCard->setText(tr::Tr(u"paymentToCards"_s, u"На карту %1, наличными %2"_s)
+                          .arg(amountText(amounts.toCards))
+                          .arg(amountText(amounts.due - amounts.toCards))
+                          .ui());
+    m_pay->setText(tr::Tr(u"paymentRefund"_s, u"Вернуть деньги"_s).ui());
     showKeyHint(
-        {u"paymentPayOutHint"_s, u"Выдайте деньги покупателю. Ввод — закрыть возврат, Esc — назад к позициям."_s});
+        {u"paymentRefundHint"_s, u"Ввод — вернуть деньги на карту и закрыть возврат, Esc — назад к позициям."_s});
 }
 
 void PaymentPanel::showChange()
@@ -222,7 +260,11 @@ void PaymentPanel::showChange()
     } else {
         showChange(payment.failure().brief, typedAmount(m_received->text()) ? "waiting" : "error");
     }
-    showKeyHint({u"paymentHint"_s, u"Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека."_s});
+    showKeyHint(hasTerminal()
+                    ? tr::Tr(u"paymentCardHint"_s, u"Ввод — закрыть чек, F11 — остаток картой, Esc — назад к позициям. "
+                                                   "Пустое поле — ровно сумма чека."_s)
+                    : tr::Tr(u"paymentHint"_s,
+                             u"Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека."_s));
 }
 
 void PaymentPanel::showChange(const tr::Tr& change, const char* textRole)
@@ -258,12 +300,20 @@ bool PaymentPanel::eventFilter(QObject* watched, QEvent* event)
 
 bool PaymentPanel::takeKey(const QKeyEvent& key)
 {
+    if (key.key() == cardKey && m_card->isVisible()) {
+        if (!key.isAutoRepeat()) {
+            m_card->click();
+        }
+        return true;
+    }
     if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
         return false;
     }
     // A held Return was meant for the screen before.
     if (!key.isAutoRepeat()) {
-        (m_back->hasFocus() ? m_back : m_pay)->click();
+        QPushButton* const others[] = {m_back, m_card};
+        const auto* focused = std::find_if(std::begin(others), std::end(others), std::mem_fn(&QWidget::hasFocus));
+        (focused == std::end(others) ? m_pay : *focused)->click();
     }
     return true;
 }

@@ -14,8 +14,8 @@ class QPushButton;
 class TalloKeyboard;
 class TalloLineEdit;
 
-/// Replaces the search for goods during the subtotal and the payment: the sum, the cash that the customer gives, and
-/// the change.
+/// Replaces the search for goods during the subtotal and the payment: what is due, the cash that the customer gives,
+/// the change, and the way to pay the rest by card.
 class PaymentPanel : public QWidget
 {
     Q_OBJECT
@@ -24,9 +24,14 @@ public:
     /// @param paymentKey the shortcut for the way from the subtotal to the payment; empty: there is none
     explicit PaymentPanel(const QString& paymentKey, QWidget* parent = nullptr);
 
+    /// What is paid, or paid out.
+    struct Amounts {
+        Kopecks due{};     ///< still
+        Kopecks toCards{}; ///< how much of a return's `due` goes back to cards
+    };
     /// Shows what the cashier has to do in this phase. Clears the input when the phase changes.
     /// @param document null only while the phase is Positions
-    void showPhase(Till::Phase phase, const QSharedPointer<Document>& document);
+    void showPhase(Till::Phase phase, const QSharedPointer<Document>& document, const Amounts& amounts);
     /// The widget that the next key is meant for.
     QWidget* input() const;
     /// The cash in roubles, as it was typed; empty: exactly the sum.
@@ -37,6 +42,8 @@ public:
 signals:
     /// The cashier goes on from the subtotal to the payment, or closes the document.
     void confirmed();
+    /// The cashier has the card pay what the cash does not.
+    void confirmedByCard();
     /// The cashier goes back to the positions.
     void left();
 
@@ -44,8 +51,8 @@ private:
     void createControls();
     void arrangeControls();
     void showSubtotal(bool payingOut);
-    void showPayment();
-    void showPayingOut();
+    void showPayment(const Document& document);
+    void showPayingOut(const Amounts& amounts);
     void showChange();
     void showChange(const tr::Tr& change, const char* textRole);
     void showKeyHint(const tr::Tr& hint);
@@ -55,13 +62,15 @@ private:
 
     QString m_paymentKey;
     Till::Phase m_phase = Till::Phase::Positions;
-    Kopecks m_sum = {};
+    Kopecks m_sum = {}; ///< due
     QLabel* m_caption;
     QLabel* m_sumLabel;
+    QLabel* m_byCard;
     QLabel* m_change;
     QLabel* m_receivedCaption;
     TalloLineEdit* m_received;
     QPushButton* m_back;
+    QPushButton* m_card;
     QPushButton* m_pay;
     QLabel* m_hint;
     TalloKeyboard* m_keyboard;

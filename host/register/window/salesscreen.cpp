@@ -5,7 +5,6 @@
 #include "actionqueuecontroller.h"
 #include "documentwords.h"
 #include "functionkeybar.h"
-#include "paymentpanel.h"
 #include "plaintooltip.h"
 #include "registeraction.h"
 #include "searchpanel.h"
@@ -116,6 +115,7 @@ QWidget* SalesScreen::createPayment(const QList<FunctionKey>& keys)
     m_payment = new PaymentPanel(
         paymentKey == keys.cend() ? QString() : paymentKey->shortcut.toString(QKeySequence::NativeText), this);
     connect(m_payment, &PaymentPanel::confirmed, this, &SalesScreen::goOn);
+    connect(m_payment, &PaymentPanel::confirmedByCard, this, [this] { pay(PaymentMethod::Card); });
     connect(m_payment, &PaymentPanel::left, this, &SalesScreen::goBack);
     return m_payment;
 }
@@ -172,6 +172,12 @@ void SalesScreen::scrollToCurrent()
     m_table->scrollTo(m_table->currentIndex(), QAbstractItemView::EnsureVisible);
 }
 
+PaymentPanel::Amounts SalesScreen::amounts() const
+{
+    const QList<CardOperation> toCards = m_shown->isReturn() ? m_till.owedToCards(*m_shown) : QList<CardOperation>();
+    return {m_till.due(), cardoperations::totalOf(toCards)};
+}
+
 /// Moves the focus to the input of the phase, unless a form above this screen has it.
 void SalesScreen::showPhase()
 {
@@ -179,7 +185,7 @@ void SalesScreen::showPhase()
     const bool searching = phase == Till::Phase::Positions;
     const bool hasFocus = isAncestorOf(QApplication::focusWidget());
     const QWidget* inputBefore = focusProxy();
-    m_payment->showPhase(phase, m_shown);
+    m_payment->showPhase(phase, m_shown, searching ? PaymentPanel::Amounts() : amounts());
     m_search->setVisible(searching);
     QWidget* input = searching ? m_search->input() : m_payment->input();
     setFocusProxy(input);
@@ -241,9 +247,15 @@ void SalesScreen::goOn()
         give(Singleton<control::ActionFactory>::get()->create(control::SubtotalAndPayment));
         return;
     }
-    control::Action pay = Singleton<control::ActionFactory>::get()->create(registeraction::pay);
-    pay.insert(u"received"_s, m_payment->received());
-    give(pay);
+    pay(PaymentMethod::Cash);
+}
+
+void SalesScreen::pay(PaymentMethod method)
+{
+    control::Action action = Singleton<control::ActionFactory>::get()->create(registeraction::pay);
+    action.insert(u"method"_s, QString(rowOf(method).word));
+    action.insert(u"received"_s, m_payment->received());
+    give(action);
 }
 
 void SalesScreen::goBack()

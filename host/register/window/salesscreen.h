@@ -2,6 +2,7 @@
 #pragma once
 
 #include "functionkey.h"
+#include "paymentpanel.h"
 #include "positionmarks.h"
 #include "positiontablemodel.h"
 #include "till.h"
@@ -10,7 +11,6 @@
 #include <QSharedPointer>
 #include <QWidget>
 
-class PaymentPanel;
 class QLabel;
 class SearchPanel;
 class TalloTableView;
@@ -44,8 +44,10 @@ private:
     void makeCurrent(int positionNumber);
     void scrollToCurrent();
     void showPhase();
+    PaymentPanel::Amounts amounts() const;
     void addGoods(const QString& search);
     void goOn();
+    void pay(PaymentMethod method);
     void goBack();
     void type(QKeyEvent& event);
     void press(const FunctionKey& key);

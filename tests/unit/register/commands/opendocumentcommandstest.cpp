@@ -246,8 +246,8 @@ TEST_F(OpenDocumentCommandsTest, returnDocument_takesNoGoodsAndIsCancelledOnlyWh
     ASSERT_EQ(dialog.messages().size(), 4);
     EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Открыт возврат: товары в него не добавляются"_s));
     for (const auto& message : dialog.messages().mid(1)) {
-        EXPECT_EQ(message.text, u"Продажа возвращается целиком: позиции возврата не меняются.\n"
-                                "Завершите возврат или отмените его."_s);
+        EXPECT_EQ(message.text,
+                  u"Позиции возврата не меняются.\nЧтобы вернуть другие, отмените возврат и начните его заново."_s);
     }
 }
 
@@ -263,7 +263,7 @@ TEST_F(OpenDocumentCommandsTest, returnDocumentCancelled_asksForTheReturn)
     });
     EXPECT_EQ(run(registeraction::askToCancelDocument), EContext::GoOn);
     EXPECT_EQ(question, u"Отменить возврат № 2 на сумму 24,80?"_s);
-    EXPECT_FALSE(till->archive().isReturned(*archived(1), nullptr));
+    EXPECT_EQ(till->archive().returned(*archived(1), nullptr), Document::Returned::Nothing);
 }
 
 TEST_F(OpenDocumentCommandsTest, returnDocumentBegunByAPlugin_theQuestionAdvisesToFinishIt)

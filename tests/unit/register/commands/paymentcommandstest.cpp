@@ -4,6 +4,8 @@
 #include "registeraction.h"
 #include "savingdouble.h"
 
+#include <QLabel>
+
 using namespace Qt::StringLiterals;
 
 class PaymentCommandsTest : public CommandFixture
@@ -75,9 +77,8 @@ protected:
 TEST_F(PayCommand, receivedInAnyForm_closesWithTheChange)
 {
     const std::pair<const char*, Kopecks> forms[] = {
-        {"50", Kopecks{5000}},   {" 24,80 ", Kopecks{2480}},
-        {"24.8", Kopecks{2480}}, {"99999999", Kopecks{9'999'999'900}},
-        {"", Kopecks{2480}},     {"  ", Kopecks{2480}},
+        {"50", Kopecks{5000}},       {" 24,80 ", Kopecks{2480}}, {"24.8", Kopecks{2480}},
+        {"5024,79", Kopecks{502'479}}, {"", Kopecks{2480}},        {"  ", Kopecks{2480}},
     };
     for (const auto& [typed, received] : forms) {
         standAtPayment();
@@ -87,6 +88,22 @@ TEST_F(PayCommand, receivedInAnyForm_closesWithTheChange)
         EXPECT_EQ(archived(number)->getReceived(), received) << typed;
         EXPECT_EQ(archived(number)->getChange(), received - Kopecks{2480}) << typed;
     }
+}
+
+TEST_F(PayCommand, absurdAmount_isAskedAboutBeforeTheChangeIsPaidOut)
+{
+    standAtPayment();
+    cashier.onForm(u"questionForm"_s, [](QWidget& root) {
+        EXPECT_EQ(root.findChild<QLabel*>(u"messageLabel"_s)->text().remove(QChar::Nbsp),
+                  u"Получено 99999999,00, к оплате 24,80.\nВыдать сдачу 99999974,20?"_s);
+        press(root, "noButton");
+    });
+    EXPECT_EQ(pay(u"99999999"_s), EContext::Stop);
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->phase(), Till::Phase::Payment);
+    answerQuestion("yesButton");
+    EXPECT_EQ(pay(u"99999999"_s), EContext::GoOn);
+    EXPECT_EQ(archived(1)->getReceived(), Kopecks{9'999'999'900});
 }
 
 TEST_F(PayCommand, receivedUnreadable_saysWhatWasTypedAndHowToTypeIt)

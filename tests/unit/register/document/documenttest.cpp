@@ -185,7 +185,7 @@ TEST_P(EndedDocument, savedAndReread_keepsItsStateAndFile)
 {
     const auto document = twoPositions();
     document->setEnding(GetParam().ending);
-    document->setReturnedBy(9);
+    document->addReturn(9);
     EXPECT_EQ(document->isClosed(), GetParam().isClosed);
     EXPECT_EQ(document->fileName(), GetParam().file);
 
@@ -250,7 +250,7 @@ TEST(Document, return_copiesTheSaleAndDoesNotChangeIt)
     sale->setPluginValue(u"Plugin"_s, u"cardNumber"_s, u"0011"_s);
     sale->setEnding(
         {.state = Document::State::Closed, .finished = evening, .payments = {Payment::cash(Kopecks{5000})}});
-    sale->setReturnedBy(9);
+    sale->addReturn(9);
     const QJsonObject before = sale->toJson();
 
     const auto document = Document::returnOf(*sale, 9, nextDay);

@@ -53,11 +53,11 @@ protected:
                    ? query.value(0).toString()
                    : QString();
     }
-    double price() const { return catalogue.byBarcode(amoxidar)->price; }
+    double price() const { return catalogue.byBarcode(amoxidar)->price->toRoubles(); }
     double listedPrice() const
     {
         const GoodsList goods = catalogue.goodsOf({});
-        return goods.at(goods.matching(amoxidar).value(0)).price;
+        return goods.at(goods.matching(amoxidar).value(0)).price->toRoubles();
     }
     static QStringList databaseLines(const LogCapture& log) { return log.lines().filter(u" database "_s); }
 };

@@ -74,7 +74,7 @@ TEST_F(GoodsServer, asked_givesTheGoodsWithTheirColumns)
     const std::optional<CatalogueGoods> goods = catalogue.byBarcode(barcode);
     ASSERT_TRUE(goods);
     EXPECT_EQ(goods->name, u"Ёлка, сбор 50 г"_s);
-    EXPECT_EQ(goods->price, 12.4);
+    EXPECT_EQ(*goods->price, Kopecks{1240});
     EXPECT_EQ(goods->stock, 7);
     EXPECT_EQ(catalogue.goodsOf(u"ЕЛКА"_s).size(), 2) << "before all goods were read";
     EXPECT_EQ(catalogue.goodsOf({}).size(), 3);

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "pluginhost.h"
+#include "cardterminalhost.h"
+#include "cardterminals.h"
 #include "formhost.h"
 #include "pluginscope.h"
+#include "terminaldouble.h"
 #include "tillfixture.h"
 
 #include <QCoreApplication>
@@ -56,6 +59,25 @@ TEST_F(PluginHostTest, handlerAndTrigger_runInTheScopeOfTheirPlugin)
     EXPECT_EQ(qApp->property("triggerScope"), u"willing_plugin"_s);
     EXPECT_EQ(PluginScope::current(), QString());
     host.unload(controller.object);
+}
+
+TEST_F(PluginHostTest, cardTerminal_isThatOfTheFirstInitialisedPluginUntilItIsUnloaded)
+{
+    const Own<CardTerminals> terminals;
+    const CardTerminalHost& connected = Singleton<CardTerminals>::get()->host();
+    for (const char* plugin : {"idle_plugin", "throwing_plugin"}) {
+        load(folderOf(plugin));
+        EXPECT_FALSE(connected.terminal) << plugin;
+    }
+    load(folderOf("willing_plugin"));
+    ASSERT_TRUE(connected.terminal);
+    EXPECT_EQ(connected.plugin, u"willing_plugin"_s);
+    const auto first = connected.terminal;
+    Singleton<CardTerminals>::get()->add(QSharedPointer<TerminalDouble>::create());
+    Singleton<CardTerminals>::get()->add(nullptr);
+    EXPECT_EQ(connected.terminal, first);
+    host.unload(controller.object);
+    EXPECT_FALSE(connected.terminal);
 }
 
 TEST_F(PluginHostTest, willingPlugin_getsEventsUntilItIsUnloaded)

@@ -3,6 +3,7 @@
 
 #include "activitynotifier.h"
 #include "basicexception.h"
+#include "cardterminals.h"
 #include "graphicaluserinterface.h"
 #include "pluginscope.h"
 
@@ -25,6 +26,12 @@ void note(const QString& what)
 struct NoForms : BasicFormCreator {
     QSharedPointer<BasicForm> create(const Event&) override { return nullptr; }
     QSharedPointer<BasicForm> create(EContext::Code) override { return nullptr; }
+};
+
+struct NoTerminal : CardTerminal {
+    CardAnswer pay(const CardRequest&) override { return {}; }
+    CardAnswer refund(const CardRequest&) override { return {}; }
+    CardAnswer find(const QString&) override { return {}; }
 };
 
 } // namespace
@@ -50,6 +57,7 @@ bool TestPlugin::init()
                 },
                 ActionTrigger::Any, 1});
     Singleton<GraphicalUserInterface>::get()->addFormCreator(QSharedPointer<NoForms>::create());
+    Singleton<CardTerminals>::get()->add(QSharedPointer<NoTerminal>::create());
     Singleton<ActivityNotifier>::get()->subscribe(this);
 #ifdef INIT_THROWS
     throw BasicException(tr::Tr(tr::undefined, u"нет связи"_s));

@@ -122,6 +122,39 @@ TEST_F(ReceiptPrinterTest, sale_isPrintedAsTextLetterByLetter)
     EXPECT_TRUE(dialog.messages().isEmpty());
 }
 
+TEST_F(ReceiptPrinterTest, mixedPaymentAndItsReturn_showEachMethodAndTheCard)
+{
+    const auto document = sale();
+    CardOperation payment{.state = CardOperation::State::Approved,
+                          .amount = Kopecks{234'500},
+                          .reference = u"7-1"_s,
+                          .card = u"**** 1234"_s,
+                          .authorizationCode = u"A17"_s};
+    document->setCardOperation(payment);
+    Document::Ending ending = document->ending();
+    ending.payments = {Payment::cash(Kopecks{1'001'740}), Payment::card(Kopecks{234'500})};
+    document->setEnding(ending);
+    const QStringList lines = layout(*document);
+    const auto total = lines.indexOf(u"ИТОГО"_s + u"12 357,40"_s.rightJustified(35));
+    ASSERT_GE(total, 0);
+    EXPECT_EQ(lines.mid(total + 2),
+              (QStringList{u"Получено наличными"_s + u"10 017,40"_s.rightJustified(22),
+                           u"Картой"_s + u"2 345,00"_s.rightJustified(34), u"   Карта: **** 1234"_s,
+                           u"   Код авторизации: A17"_s, u"Сдача"_s + u"5,00"_s.rightJustified(35), QString()}));
+
+    const auto back = closedReturn();
+    payment.kind = CardOperation::Kind::Refund;
+    payment.payment = u"7-1"_s;
+    back->setCardOperation(payment);
+    ending = back->ending();
+    ending.payments = {Payment::cash(Kopecks{1'001'240}), Payment::card(Kopecks{234'500})};
+    back->setEnding(ending);
+    EXPECT_EQ(layout(*back).mid(layout(*back).size() - 5),
+              (QStringList{u"Выдано"_s + u"10 012,40"_s.rightJustified(34),
+                           u"Возвращено на карту"_s + u"2 345,00"_s.rightJustified(21), u"   Карта: **** 1234"_s,
+                           u"   Код авторизации: A17"_s, QString()}));
+}
+
 TEST_F(ReceiptPrinterTest, returnWithoutAConfiguredPharmacy_isPrintedAsTextLetterByLetter)
 {
     EXPECT_TRUE(ReceiptPrinter(folder.path(), marks).printOrShow(*closedReturn()));

@@ -225,30 +225,34 @@ TEST_F(DocumentArchiveTest, filesOfOtherNames_areLeftOut)
 TEST_F(DocumentArchiveTest, sale_isReturnedOnlyByAClosedOrTheOpenReturn)
 {
     const auto sale = saved(3, State::Closed);
-    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "no return was begun";
-    sale->setReturnedBy(9);
-    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "the return was never saved";
+    EXPECT_EQ(archive.returned(*sale, nullptr), Document::Returned::Nothing) << "no return was begun";
+    sale->addReturn(9);
+    EXPECT_EQ(archive.returned(*sale, nullptr), Document::Returned::Nothing) << "the return was never saved";
 
     const auto open = returnOf(*sale, 9, State::Open);
-    EXPECT_TRUE(archive.isReturned(*sale, open));
-    EXPECT_FALSE(archive.isReturned(*sale, returnOf(*sale, 10, State::Open))) << "another return is open";
-    EXPECT_FALSE(archive.isReturned(*sale, document(9))) << "the open document with that number is a sale";
+    EXPECT_EQ(archive.returned(*sale, open), Document::Returned::Wholly);
+    EXPECT_EQ(archive.returned(*sale, returnOf(*sale, 10, State::Open)), Document::Returned::Nothing)
+        << "another return is open";
+    EXPECT_EQ(archive.returned(*sale, document(9)), Document::Returned::Nothing)
+        << "the open document with that number is a sale";
 
     returnOf(*sale, 9, State::Cancelled);
-    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "the return was cancelled";
+    EXPECT_EQ(archive.returned(*sale, nullptr), Document::Returned::Nothing) << "the return was cancelled";
     returnOf(*document(4), 9, State::Closed);
-    EXPECT_FALSE(archive.isReturned(*sale, nullptr)) << "another sale was returned";
+    EXPECT_EQ(archive.returned(*sale, nullptr), Document::Returned::Nothing) << "another sale was returned";
     returnOf(*sale, 9, State::Closed);
-    EXPECT_TRUE(archive.isReturned(*sale, nullptr));
-    EXPECT_TRUE(archive.isReturned(*sale, document(10)));
+    EXPECT_EQ(archive.returned(*sale, nullptr), Document::Returned::Wholly);
+    EXPECT_EQ(archive.returned(*sale, document(10)), Document::Returned::Wholly);
 
     write(u"finished/00000009.json"_s, "{");
-    EXPECT_TRUE(archive.isReturned(*sale, nullptr)) << "damaged: the money may have been paid out";
+    EXPECT_EQ(archive.returned(*sale, nullptr), Document::Returned::Wholly)
+        << "damaged: the money may have been paid out";
 
-    sale->setReturnedBy(10);
+    sale->addReturn(10);
+    returnOf(*sale, 9, State::Cancelled);
     returnOf(*sale, 10, State::Suspended);
-    EXPECT_TRUE(archive.isReturned(*sale, nullptr)) << "the return is suspended";
-    EXPECT_TRUE(archive.isReturned(*sale, document(11)));
+    EXPECT_EQ(archive.returned(*sale, nullptr), Document::Returned::Wholly) << "the return is suspended";
+    EXPECT_EQ(archive.returned(*sale, document(11)), Document::Returned::Wholly);
 }
 
 TEST_F(DocumentArchiveTest, lastClosed_isDecidedByTheCountOfClosingsThenByTheNumber)

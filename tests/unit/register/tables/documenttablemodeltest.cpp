@@ -13,6 +13,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
+using enum Document::Returned;
+
 const QDateTime opened(QDate(2026, 3, 2), QTime(9, 5));
 const QDateTime finished(QDate(2026, 3, 2), QTime(9, 15));
 
@@ -40,7 +42,7 @@ DocumentTableModel::Pointer returnOf(int number, Document::State state)
 class DocumentTableModelTest : public ::testing::Test
 {
 protected:
-    void show(const QList<DocumentTableModel::Pointer>& documents, bool returned = false)
+    void show(const QList<DocumentTableModel::Pointer>& documents, Document::Returned returned = Nothing)
     {
         model.show(documents, [returned](const Document&) { return returned; });
     }
@@ -66,7 +68,7 @@ TEST_F(DocumentTableModelTest, sale_isShownWithTimeCountAndSum)
 struct Word {
     const char* name;
     DocumentTableModel::Pointer document;
-    bool returned;
+    Document::Returned returned;
     const char* text;
     QColor colour;
 };
@@ -78,8 +80,8 @@ class DocumentWord : public DocumentTableModelTest, public ::testing::WithParamI
 TEST_P(DocumentWord, showsTheStateInWordsAndColour)
 {
     DocumentTableModel::Pointer document = GetParam().document;
-    if (GetParam().returned) {
-        document->setReturnedBy(9);
+    if (GetParam().returned != Document::Returned::Nothing) {
+        document->addReturn(9);
     }
     show({document}, GetParam().returned);
     EXPECT_EQ(text(0, DocumentTableModel::State), QString::fromUtf8(GetParam().text));
@@ -93,16 +95,17 @@ TEST_P(DocumentWord, showsTheStateInWordsAndColour)
 INSTANTIATE_TEST_SUITE_P(
     , DocumentWord,
     ::testing::Values(
-        Word{"suspended", sale(1, Document::State::Suspended), false, "Отложен", QColor(0x8a, 0x5a, 0)},
-        Word{"returnSuspended", returnOf(9, Document::State::Suspended), false, "Возврат отложен",
+        Word{"suspended", sale(1, Document::State::Suspended), Nothing, "Отложен", QColor(0x8a, 0x5a, 0)},
+        Word{"returnSuspended", returnOf(9, Document::State::Suspended), Nothing, "Возврат отложен",
              QColor(0x8a, 0x5a, 0)},
-        Word{"sale", sale(1, Document::State::Closed), false, "Продажа", {}},
-        Word{"takenBack", sale(1, Document::State::Closed), true, "Продажа, возвращена документом № 9", {}},
-        Word{"return", returnOf(9, Document::State::Closed), false, "Возврат чека № 7", {}},
-        Word{"cancelled", sale(1, Document::State::Cancelled), false, "Отменён", RegisterColours().mutedText},
-        Word{"returnCancelled", returnOf(9, Document::State::Cancelled), false, "Возврат отменён",
+        Word{"sale", sale(1, Document::State::Closed), Nothing, "Продажа", {}},
+        Word{"takenBack", sale(1, Document::State::Closed), Wholly, "Продажа, возвращена документом № 9", {}},
+        Word{"partlyTakenBack", sale(1, Document::State::Closed), Partly, "Продажа, возвращена частично", {}},
+        Word{"return", returnOf(9, Document::State::Closed), Nothing, "Возврат чека № 7", {}},
+        Word{"cancelled", sale(1, Document::State::Cancelled), Nothing, "Отменён", RegisterColours().mutedText},
+        Word{"returnCancelled", returnOf(9, Document::State::Cancelled), Nothing, "Возврат отменён",
              RegisterColours().mutedText},
-        Word{"voided", sale(1, Document::State::Voided), false, "Аннулирован", RegisterColours().mutedText}),
+        Word{"voided", sale(1, Document::State::Voided), Nothing, "Аннулирован", RegisterColours().mutedText}),
     [](const auto& instance) { return std::string(instance.param.name); });
 
 TEST_F(DocumentTableModelTest, suspended_showsWhenItWasOpened)

@@ -35,3 +35,19 @@ TEST(CashPayment, noAmount_saysWhatWasTyped)
     EXPECT_TRUE(payment.failure().text.ui().startsWith(u"«12,4x» — не сумма."_s));
     EXPECT_EQ(payment.failure().brief.ui(), u"Не сумма"_s);
 }
+
+TEST(CashPayment, besideACard_isLessThanTheSum)
+{
+    EXPECT_EQ(*cashpayment::besideCard(Kopecks{1240}, {}), Kopecks{0});
+    EXPECT_EQ(*cashpayment::besideCard(Kopecks{1240}, u"12,39"_s), Kopecks{1239});
+    EXPECT_FALSE(cashpayment::besideCard(Kopecks{1240}, u"12,40"_s));
+    EXPECT_FALSE(cashpayment::besideCard(Kopecks{1240}, u"12,4x"_s));
+}
+
+TEST(CashPayment, changeThatHoldsTheGreatestBanknote_isAbsurd)
+{
+    EXPECT_FALSE(cashpayment::isAbsurd(Kopecks{1000}, Kopecks{500'000}));
+    EXPECT_FALSE(cashpayment::isAbsurd(Kopecks{1000}, Kopecks{500'999}));
+    EXPECT_TRUE(cashpayment::isAbsurd(Kopecks{1000}, Kopecks{501'000}));
+    EXPECT_TRUE(cashpayment::isAbsurd(Kopecks{1000}, Kopecks{9'999'999'900}));
+}

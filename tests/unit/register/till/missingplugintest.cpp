@@ -120,7 +120,7 @@ TEST_P(MissingPlugin, returnOpen_isNeitherPaidOutNorCancelledButSuspended)
     EXPECT_FALSE(close());
     EXPECT_FALSE(till->cancel());
     ASSERT_TRUE(till->suspend());
-    EXPECT_TRUE(till->archive().isReturned(*archived(1), nullptr)) << "it is still being returned";
+    EXPECT_TRUE(till->archive().returned(*archived(1), nullptr) == Document::Returned::Wholly) << "it is still being returned";
     EXPECT_FALSE(till->returnSale(archived(1)));
     EXPECT_TRUE(till->obstacleToVoiding(*archived(2))) << "a return is not voided";
 
@@ -130,7 +130,7 @@ TEST_P(MissingPlugin, returnOpen_isNeitherPaidOutNorCancelledButSuspended)
     EXPECT_TRUE(till->document()->isReturn());
     EXPECT_EQ(till->obstacleToSuspending()->brief.ui(), u"возврат не откладывают"_s);
     EXPECT_TRUE(close());
-    EXPECT_TRUE(till->archive().isReturned(*archived(1), nullptr));
+    EXPECT_TRUE(till->archive().returned(*archived(1), nullptr) == Document::Returned::Wholly);
 }
 
 TEST_P(MissingPlugin, worksAgain_everythingGoesOn)
@@ -156,7 +156,7 @@ TEST_F(NoPlugin, positionsOfTheRegisterAlone_needNone)
     till->add(article(amoxidar));
     EXPECT_FALSE(till->obstacleToPayment());
     EXPECT_FALSE(till->obstacleToCancelling());
-    EXPECT_TRUE(till->close({Payment::cash(1240)}));
+    EXPECT_TRUE(till->close({Payment::cash(Kopecks{1240})}));
     EXPECT_FALSE(till->obstacleToReturning(*till->archive().find(1)));
     EXPECT_TRUE(till->voidDocument(till->archive().find(1)));
 }

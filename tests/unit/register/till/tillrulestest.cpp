@@ -51,7 +51,7 @@ TEST_F(TillRules, returnOpen_isWholeAndStays)
     const auto sale = sold();
     EXPECT_FALSE(till->obstacleToReturning(*sale));
     ASSERT_TRUE(till->returnSale(sale));
-    EXPECT_TRUE(till->isReturned(*sale));
+    EXPECT_EQ(till->returned(*sale), Document::Returned::Wholly);
     EXPECT_TRUE(till->obstacleToAddingGoods());
     EXPECT_TRUE(till->obstacleToChangingPositions());
     EXPECT_EQ(till->obstacleToSuspending()->brief.ui(), u"возврат не откладывают"_s);

@@ -268,7 +268,7 @@ TEST_F(DocumentChanges, clockSetBackBeforeEachSale_theLatestIsLastClosedAcrossAR
     Till again(folder.path());
     again.restore(saved());
     again.add(article(amoxidar));
-    EXPECT_TRUE(again.close({Payment::cash(1240)}));
+    EXPECT_TRUE(again.close({Payment::cash(Kopecks{1240})}));
     const auto last = again.archive().lastClosed();
     EXPECT_EQ(last->getNumber(), 5);
     EXPECT_EQ(last->ending().closing, 4);
@@ -352,7 +352,7 @@ TEST_F(DocumentChanges, returned_returnDocumentIsOpenedAndSendsItsEvent10)
     EXPECT_EQ(document->getReturnedSale(), number);
     EXPECT_EQ(savedDocument(), document->toJson());
     EXPECT_EQ(archived(number)->getReturnedBy(), 2);
-    EXPECT_TRUE(till->archive().isReturned(*archived(number), document));
+    EXPECT_EQ(till->archive().returned(*archived(number), document), Document::Returned::Wholly);
 }
 
 TEST_F(DocumentChanges, returning_isRefusedForWhatIsNoClosedSaleOrReturnedAlready)
@@ -392,7 +392,7 @@ TEST_F(DocumentChanges, returnDocumentCouldNotBeSaved_saleCanStillBeReturned)
         EXPECT_EQ(saving.files, (QStringList{u"finished/00000001.json"_s, u"receipt.json"_s}));
     }
     EXPECT_FALSE(till->document());
-    EXPECT_FALSE(till->archive().isReturned(*archived(number), nullptr));
+    EXPECT_EQ(till->archive().returned(*archived(number), nullptr), Document::Returned::Nothing);
     EXPECT_TRUE(till->returnSale(archived(number)));
     EXPECT_EQ(till->document()->getNumber(), 3) << "no number is given twice";
 }
@@ -407,7 +407,7 @@ TEST_F(DocumentChanges, returnDocumentClosed_saleIsReturnedAndHasWhatPluginsDid)
     expectEvent(12, document);
     expectNothingOpen();
     EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
-    EXPECT_TRUE(till->archive().isReturned(*archived(number), nullptr));
+    EXPECT_EQ(till->archive().returned(*archived(number), nullptr), Document::Returned::Wholly);
     EXPECT_EQ(archived(2)->getState(), Document::State::Closed);
     EXPECT_EQ(archived(2)->getReceived(), Kopecks{2480});
     EXPECT_EQ(m_printed, QList<int>{2});
@@ -422,7 +422,7 @@ TEST_F(DocumentChanges, returnCancelled_saleHasWhatPluginsDidAndCanBeReturnedAga
     expectEvent(22, document);
     expectNothingOpen();
     EXPECT_EQ(archived(number)->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
-    EXPECT_FALSE(till->archive().isReturned(*archived(number), nullptr));
+    EXPECT_EQ(till->archive().returned(*archived(number), nullptr), Document::Returned::Nothing);
     EXPECT_EQ(archived(2)->getState(), Document::State::Cancelled);
     EXPECT_TRUE(till->returnSale(archived(number)));
     EXPECT_EQ(till->document()->getNumber(), 3);
@@ -439,7 +439,7 @@ TEST_F(DocumentChanges, returnDocumentStaysOpen_saleStaysReturned)
         EXPECT_FALSE(end());
         EXPECT_EQ(saving.files, (QStringList{u"finished/00000001.json"_s, u"finished/00000002.json"_s}));
         EXPECT_EQ(till->document(), document);
-        EXPECT_TRUE(till->archive().isReturned(*archived(number), document));
+        EXPECT_EQ(till->archive().returned(*archived(number), document), Document::Returned::Wholly);
     }
 }
 
@@ -632,7 +632,7 @@ TEST_F(InterruptedChange, closeOfAReturn_isFinished)
     const auto document = returning(sold());
     interrupt(u"receipt.json"_s, [&] { return till->close({Payment::cash(document->getSum())}); });
     expectNothingOpen();
-    EXPECT_TRUE(till->archive().isReturned(*archived(1), nullptr));
+    EXPECT_EQ(till->archive().returned(*archived(1), nullptr), Document::Returned::Wholly);
 }
 
 TEST_F(InterruptedChange, suspending_isOpenAgain)
@@ -687,5 +687,5 @@ TEST_F(InterruptedChange, returnDocumentOpen_isResumedAgainAsOne)
     ASSERT_TRUE(till->document());
     expectEvent(17, till->document());
     EXPECT_EQ(till->document()->toJson(), before);
-    EXPECT_TRUE(till->archive().isReturned(*archived(1), till->document()));
+    EXPECT_EQ(till->archive().returned(*archived(1), till->document()), Document::Returned::Wholly);
 }

@@ -5,6 +5,7 @@
 #include "goodsselectionform.h"
 #include "menuform.h"
 #include "questionform.h"
+#include "returnform.h"
 #include "windowfixture.h"
 
 using namespace Qt::StringLiterals;
@@ -60,9 +61,17 @@ TEST_P(RegisterAccessibleNames, documentList_everyControlHasOneAndTheScrollButto
 {
     DocumentListParams params;
     params.documents = [] { return QList<DocumentListParams::Pointer>(); };
-    params.isReturned = [](const Document&) { return false; };
+    params.returned = [](const Document&) { return Document::Returned::Nothing; };
     params.marks = &marks;
     DocumentListForm form(params);
+    EXPECT_EQ(controlsWithoutName(shown(form)), "");
+    expectNamedScrollButtons(*form.rootWidget());
+}
+
+TEST_P(RegisterAccessibleNames, returnForm_everyControlHasOneAndTheScrollButtonsNameTheDirection)
+{
+    till->add(article(amoxidar));
+    ReturnForm form({u"Чек № 1"_s, till->document()->positions(), &marks});
     EXPECT_EQ(controlsWithoutName(shown(form)), "");
     expectNamedScrollButtons(*form.rootWidget());
 }

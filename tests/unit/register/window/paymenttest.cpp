@@ -5,6 +5,7 @@
 #include "finally.h"
 #include "registeraction.h"
 #include "registerstyle.h"
+#include "terminaldouble.h"
 #include "windowfixture.h"
 
 #include <QLabel>
@@ -465,4 +466,87 @@ TEST_F(PaymentByTouch, keypad_fitsTheSmallestScreenBesidePositions)
         EXPECT_GE(control->height(), control->minimumSizeHint().height()) << name;
     }
     EXPECT_GE(widget<QTableView>("receiptTable")->viewport()->height(), 2 * 44);
+}
+
+TEST_F(PaymentTest, withoutATerminal_cardIsNotOffered)
+{
+    openWindow();
+    EXPECT_FALSE(isSeen("cardButton"));
+    EXPECT_FALSE(text("paymentHintLabel").contains(u"F11"_s));
+    pressAndFinish(Qt::Key_F11);
+    EXPECT_TRUE(till->document());
+}
+
+TEST_F(PaymentTest, cardKeyAlone_paysAllByCard)
+{
+    ConnectedTerminal terminal;
+    openWindow();
+    EXPECT_TRUE(isSeen("cardButton"));
+    EXPECT_EQ(widget<QPushButton>("cardButton")->text(), u"F11 Картой"_s);
+    EXPECT_TRUE(text("paymentHintLabel").contains(u"F11 — остаток картой"_s));
+    pressAndFinish(Qt::Key_F11);
+    EXPECT_FALSE(till->document());
+    EXPECT_EQ(till->archive().find(1)->ending().payments, QList<Payment>{Payment::card(Kopecks{1240})});
+}
+
+TEST_F(PaymentTest, cashTypedAndCardKey_paysTheRestByCard)
+{
+    ConnectedTerminal terminal;
+    openWindow();
+    type("10");
+    pressAndFinish(Qt::Key_F11);
+    EXPECT_EQ(terminal->taken(), 240);
+    EXPECT_EQ(till->archive().find(1)->getChange(), Kopecks{0});
+}
+
+TEST_F(PaymentTest, returnOnTheCardButton_paysByCard)
+{
+    ConnectedTerminal terminal;
+    openWindow();
+    widget<QPushButton>("cardButton")->setFocus();
+    pressAndFinish(Qt::Key_Return);
+    EXPECT_EQ(terminal->taken(), 1240);
+}
+
+TEST_F(PaymentTest, heldCardKey_asksTheTerminalOnce)
+{
+    ConnectedTerminal terminal;
+    terminal->onMove = [](const auto&, const auto&) { return CardAnswer::declined(); };
+    const DialogDouble dialog;
+    openWindow();
+    for (const bool repeated : {false, true, true}) {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_F11, Qt::NoModifier, {}, repeated);
+        QCoreApplication::sendEvent(received(), &key);
+        ASSERT_TRUE(becomesIdle());
+    }
+    EXPECT_EQ(terminal->count("pay"), 1);
+}
+
+TEST_F(PaymentTest, cardChargedAndDocumentOpen_onlyTheRestIsDue)
+{
+    ConnectedTerminal terminal;
+    openWindow();
+    CardOperation charged{.state = CardOperation::State::Approved, .amount = Kopecks{1000}, .reference = u"1-1"_s};
+    ASSERT_TRUE(till->recordOrShow(till->document(), charged));
+    EXPECT_EQ(text("paymentSumLabel"), u"2,40"_s);
+    EXPECT_EQ(text("chargedLabel"), u"Картой оплачено 10,00"_s);
+    pressAndFinish(Qt::Key_Return);
+    EXPECT_EQ(till->archive().find(1)->getReceived(), Kopecks{1240});
+}
+
+TEST_F(PaymentTest, returnOfASaleByCard_showsWhatGoesWhere)
+{
+    ConnectedTerminal terminal;
+    openWindow();
+    type("10");
+    pressAndFinish(Qt::Key_F11);
+    ASSERT_TRUE(till->returnSale(till->archive().find(1)));
+    till->setPhase(Till::Phase::Payment);
+    EXPECT_EQ(text("paymentSumLabel"), u"12,40"_s);
+    EXPECT_EQ(text("chargedLabel"), u"На карту 2,40, наличными 10,00"_s);
+    EXPECT_EQ(widget<QPushButton>("payButton")->text(), u"Вернуть деньги"_s);
+    EXPECT_FALSE(isSeen("cardButton"));
+    pressAndFinish(Qt::Key_Return);
+    EXPECT_EQ(terminal->taken(), 0);
+    EXPECT_FALSE(till->document());
 }

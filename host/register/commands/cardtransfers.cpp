@@ -1,0 +1,295 @@
+// SPDX-License-Identifier: MIT
+#include "cardtransfers.h"
+
+#include "activitynotifier.h"
+#include "cardterminalhost.h"
+#include "cardterminals.h"
+#include "finally.h"
+#include "inputblocker.h"
+#include "notice.h"
+#include "pluginscope.h"
+#include "question.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <functional>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+using Kind = CardOperation::Kind;
+using State = CardOperation::State;
+using Outcome = CardAnswer::Outcome;
+
+tr::Tr withDetails(const tr::Tr& text, const Document& document, const CardOperation& operation)
+{
+    return text.arg(QString::number(document.getNumber())).arg(amountText(operation.amount));
+}
+
+tr::Tr title()
+{
+    return {u"cardTitle"_s, u"Операция по карте"_s};
+}
+
+/// Asks a plug-in's terminal behind the busy screen. Whatever goes wrong, the answer is unknown.
+CardAnswer askTerminal(const CardTerminalHost& host, const tr::Tr& message,
+                       const std::function<CardAnswer(CardTerminal&)>& question)
+{
+    auto* notifier = Singleton<ActivityNotifier>::get();
+    notifier->notify(Event(EActivityListener::LongWorkBegins).addArgument(u"message"_s, QVariant::fromValue(message)));
+    const Finally ended([notifier] { notifier->notify(Event(EActivityListener::LongWorkEnds)); });
+    const InputBlocker throwsInputAway;
+    const PluginScope scope(host.plugin);
+    try {
+        return question(*host.terminal);
+    } catch (...) { // its text is not logged: it may hold a card's number
+        Log4Qt::LogManager::logger(u"payment"_s)->error(u"The card terminal threw an exception: "_s + host.plugin);
+        return CardAnswer::unknown();
+    }
+}
+
+CardRequest requestFor(const Document& document, const CardOperation& operation, const QString& authorizationCode)
+{
+    return {.kopecks = operation.amount.count(),
+            .reference = operation.reference,
+            .documentNumber = document.getNumber(),
+            .payment = operation.payment,
+            .authorizationCode = authorizationCode};
+}
+
+/// What the answer says about the operation; nothing while nobody knows.
+std::optional<CardOperation> settled(CardOperation operation, const CardAnswer& answer)
+{
+    switch (answer.outcome) {
+    case Outcome::Approved:
+        operation.state = State::Approved;
+        operation.card = cardoperations::masked(answer.maskedCard);
+        operation.authorizationCode = answer.authorizationCode;
+        return operation;
+    case Outcome::Declined:
+        operation.state = State::Declined;
+        return operation;
+    case Outcome::Busy:
+    case Outcome::Unknown:
+        break;
+    }
+    return std::nullopt;
+}
+
+void log(const Document& document, const CardOperation& operation)
+{
+    static const char* const states[] = {"asked", "approved", "declined"};
+    Log4Qt::LogManager::logger(u"payment"_s)
+        ->info(u"Card operation %1 of document %2: %3"_s.arg(operation.reference)
+                   .arg(document.getNumber())
+                   .arg(QLatin1StringView(states[int(operation.state)])));
+}
+
+void showBusy()
+{
+    showNotice(
+        {u"terminalBusy"_s, u"Терминал занят, деньги не списаны.\nДождитесь, пока он освободится, и повторите."_s});
+}
+
+void showDeclined(const Document& document, const CardOperation& operation, const tr::Tr& reason)
+{
+    const tr::Tr text =
+        operation.kind == Kind::Payment
+            ? tr::Tr(u"cardDeclined"_s, u"Чек № %1: терминал отклонил оплату %2. %3\n"
+                                        "Деньги не списаны. Возьмите другую карту или наличные."_s)
+            : tr::Tr(u"cardRefundDeclined"_s, u"Документ № %1: терминал отклонил возврат %2 на карту. %3"_s);
+    showNotice(withDetails(text, document, operation).arg(reason.ui()));
+}
+
+void showFound(const Document& document, const CardOperation& operation)
+{
+    const bool isApproved = operation.state == State::Approved;
+    const tr::Tr payment =
+        isApproved ? tr::Tr(u"cardFoundApproved"_s, u"Чек № %1: оплата картой %2 прошла, она учтена в чеке."_s)
+                   : tr::Tr(u"cardFoundDeclined"_s, u"Чек № %1: оплата картой %2 не прошла, деньги не списаны."_s);
+    const tr::Tr refund =
+        isApproved ? tr::Tr(u"cardRefundFoundApproved"_s, u"Документ № %1: возврат %2 на карту выполнен."_s)
+                   : tr::Tr(u"cardRefundFoundDeclined"_s, u"Документ № %1: возврат %2 на карту не выполнен."_s);
+    showNotice(withDetails(operation.kind == Kind::Payment ? payment : refund, document, operation));
+}
+
+/// What the cashier sees on the terminal; nothing when the cashier does not know.
+std::optional<State> askCashier(const Document& document, const CardOperation& operation)
+{
+    const bool isPayment = operation.kind == Kind::Payment;
+    const tr::Tr text =
+        isPayment ? tr::Tr(u"cardLostQuestion"_s, u"Чек № %1: неизвестно, списал ли терминал %2 с карты.\n"
+                                                  "Посмотрите на терминал или на его чек. Деньги списаны?"_s)
+                  : tr::Tr(u"cardRefundLostQuestion"_s, u"Документ № %1: неизвестно, вернул ли терминал %2 на карту.\n"
+                                                        "Посмотрите на терминал или на его чек. Деньги возвращены?"_s);
+    const Question moved{title(),
+                         withDetails(text, document, operation),
+                         isPayment ? tr::Tr(u"cardLostYes"_s, u"Списаны"_s)
+                                   : tr::Tr(u"cardRefundLostYes"_s, u"Возвращены"_s),
+                         {u"cardLostNo"_s, u"Нет или не знаю"_s}};
+    if (moved.ask()) {
+        return State::Approved;
+    }
+    const tr::Tr sure =
+        isPayment ? tr::Tr(u"cardNotMovedQuestion"_s, u"Чек № %1: терминал точно не списал %2?\n"
+                                                      "Если не знаете, вернитесь: касса спросит ещё раз."_s)
+                  : tr::Tr(u"cardRefundNotMovedQuestion"_s, u"Документ № %1: терминал точно не вернул %2?\n"
+                                                            "Если не знаете, вернитесь: касса спросит ещё раз."_s);
+    const Question notMoved{title(),
+                            withDetails(sure, document, operation),
+                            isPayment ? tr::Tr(u"cardNotMovedYes"_s, u"Точно не списаны"_s)
+                                      : tr::Tr(u"cardRefundNotMovedYes"_s, u"Точно не возвращены"_s),
+                            {u"cardNotMovedNo"_s, u"Назад"_s}};
+    return notMoved.ask() ? std::optional(State::Declined) : std::nullopt;
+}
+
+CardTerminalHost currentTerminal()
+{
+    return Singleton<CardTerminals>::get()->host();
+}
+
+} // namespace
+
+CardTransfers::CardTransfers(Till& till)
+    : m_till(till)
+{
+}
+
+bool CardTransfers::settleOrShow(const QSharedPointer<Document>& document) const
+{
+    while (auto operation = document->unsettledCardOperation()) {
+        if (!settleOrShow(document, *operation)) {
+            return false;
+        }
+        showFound(*document, *operation);
+    }
+    return true;
+}
+
+bool CardTransfers::settleOrShow(const QSharedPointer<Document>& document, CardOperation& operation) const
+{
+    const CardTerminalHost host = currentTerminal();
+    CardAnswer answer;
+    if (host.terminal && host.plugin == operation.terminal) { // another terminal knows nothing of it
+        answer = askTerminal(host, {u"cardFinding"_s, u"Терминал проверяет операцию…"_s},
+                             [&](CardTerminal& terminal) { return terminal.find(operation.reference); });
+    }
+    if (answer.outcome == Outcome::Busy) {
+        showNotice({u"terminalBusyFinding"_s, u"Терминал занят и не может сказать, прошла ли операция.\n"
+                                              "Дождитесь, пока он освободится, и повторите."_s});
+        return false;
+    }
+    std::optional<CardOperation> known = settled(operation, answer);
+    if (!known) {
+        const std::optional<State> seen = askCashier(*document, operation);
+        if (!seen) {
+            return false;
+        }
+        known = operation;
+        known->state = *seen;
+    }
+    operation = *known;
+    log(*document, operation);
+    m_till.recordOrShow(document, operation); // it is on the document, and is saved with its next change at the latest
+    return true;
+}
+
+/// Has the terminal move the money of a new operation. @return false when nobody knows whether it moved, or the
+/// terminal was not asked; the cashier has seen why
+/// @param authorizationCode of a refund: that of the payment
+bool CardTransfers::ask(const QSharedPointer<Document>& document, CardOperation& operation,
+                        const QString& authorizationCode) const
+{
+    const CardTerminalHost host = currentTerminal();
+    if (!host.terminal) {
+        showNotice({u"terminalNone"_s, u"Терминал не подключён.\nПримите наличные или позовите администратора."_s});
+        return false;
+    }
+    operation.reference = document->nextCardReference();
+    operation.terminal = host.plugin;
+    if (!m_till.recordOrShow(document, operation)) {
+        return false;
+    }
+    const CardRequest request = requestFor(*document, operation, authorizationCode);
+    const bool isPayment = operation.kind == Kind::Payment;
+    const CardAnswer answer = askTerminal(
+        host,
+        isPayment ? tr::Tr(u"cardPaying"_s, u"Оплата картой: следуйте указаниям терминала…"_s)
+                  : tr::Tr(u"cardRefunding"_s, u"Возврат на карту: следуйте указаниям терминала…"_s),
+        [&](CardTerminal& terminal) { return isPayment ? terminal.pay(request) : terminal.refund(request); });
+    if (answer.outcome == Outcome::Busy) {
+        operation.state = State::Declined;
+        m_till.recordOrShow(document, operation);
+        showBusy();
+        return false;
+    }
+    const std::optional<CardOperation> known = settled(operation, answer);
+    if (!known) {
+        if (!settleOrShow(document, operation)) {
+            return false;
+        }
+        showFound(*document, operation);
+        return true;
+    }
+    operation = *known;
+    log(*document, operation);
+    m_till.recordOrShow(document, operation);
+    if (operation.state == State::Declined) {
+        showDeclined(*document, operation, answer.text);
+    }
+    return true;
+}
+
+bool CardTransfers::chargeOrShow(const QSharedPointer<Document>& document, Kopecks amount) const
+{
+    CardOperation payment{.kind = Kind::Payment, .amount = amount};
+    return ask(document, payment) && payment.state == State::Approved;
+}
+
+bool CardTransfers::refundOrShow(const QSharedPointer<Document>& document) const
+{
+    if (!settleOrShow(document)) {
+        return false;
+    }
+    for (const CardOperation& payment : m_till.owedToCards(*document)) {
+        if (!refundOrShow(document, payment)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool CardTransfers::refundOrShow(const QSharedPointer<Document>& document, const CardOperation& payment) const
+{
+    if (currentTerminal().plugin != payment.terminal || !currentTerminal().terminal) {
+        return payInCash(document, payment);
+    }
+    CardOperation refund{.kind = Kind::Refund, .amount = payment.amount, .payment = payment.reference};
+    if (!ask(document, refund, payment.authorizationCode)) {
+        return false;
+    }
+    return refund.state == State::Approved || payInCash(document, payment);
+}
+
+/// Asks the cashier to pay out in cash what the terminal does not give back.
+bool CardTransfers::payInCash(const QSharedPointer<Document>& document, const CardOperation& payment) const
+{
+    const Question question{title(),
+                            withDetails({u"cardCashQuestion"_s, u"Документ № %1: вернуть %2 на карту нельзя.\n"
+                                                                "Выдать эти деньги покупателю наличными?"_s},
+                                        *document, payment),
+                            {u"cardCashYes"_s, u"Выдать наличными"_s},
+                            {u"cardCashNo"_s, u"Назад"_s}};
+    if (!question.ask()) {
+        return false;
+    }
+    return m_till.recordOrShow(document, {.kind = Kind::CashRefund,
+                                          .state = State::Approved,
+                                          .amount = payment.amount,
+                                          .reference = document->nextCardReference(),
+                                          .payment = payment.reference});
+}

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include "returnform.h"
+
+#include "dialogeventfilter.h"
+#include "formanswer.h"
+#include "plaintooltip.h"
+#include "tablecolumn.h"
+#include "tallotableview.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStandardItem>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+enum Column { Chosen, Number, Name, Mark, Packs, Sum, ColumnCount };
+
+QStandardItem* cell(const QString& text, Qt::Alignment alignment)
+{
+    auto* item = new QStandardItem(text);
+    item->setTextAlignment(alignment | Qt::AlignVCenter);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    return item;
+}
+
+} // namespace
+
+ReturnForm::ReturnForm(const ReturnParams& params, QObject* parent)
+    : BasicForm(parent)
+    , m_positions(params.positions)
+    , m_model(0, ColumnCount)
+{
+    loadUI(u"return.ui"_s);
+    if (!isTouchMode()) {
+        deleteWidgets({u"scrollButtonsNavigationBar"_s, u"navigationBar"_s});
+    }
+    m_table = findWidget<TalloTableView>(u"positionsTable"_s);
+    m_all = findWidget<QPushButton>(u"allButton"_s);
+    m_return = findWidget<QPushButton>(u"returnButton"_s);
+    showText(u"titleLabel"_s, tr::Tr(u"returnTitle"_s, u"Что возвращают: %1"_s).arg(params.title).ui());
+    fill(params);
+    setUpTable();
+    setUpButtons();
+    nameControls();
+
+    auto* keys = new DialogEventFilter(this);
+    keys->setTableView(m_table);
+    connect(keys, &DialogEventFilter::cancel, this, &BasicForm::dismissed);
+    rootWidget()->installEventFilter(keys);
+    showChoice();
+}
+
+void ReturnForm::fill(const ReturnParams& params)
+{
+    m_model.setHorizontalHeaderLabels(
+        {tr::Tr(u"returnColumnChosen"_s, u"Вернуть"_s).ui(), tr::Tr(u"returnColumnNumber"_s, u"№"_s).ui(),
+         tr::Tr(u"returnColumnName"_s, u"Наименование"_s).ui(), QString(),
+         tr::Tr(u"returnColumnPacks"_s, u"Упаковок"_s).ui(), tr::Tr(u"returnColumnSum"_s, u"Сумма"_s).ui()});
+    for (const QSharedPointer<Position>& position : m_positions) {
+        m_model.appendRow({cell({}, Qt::AlignHCenter), cell(QString::number(position->getNumber()), Qt::AlignRight),
+                           cell(position->getName(), Qt::AlignLeft),
+                           cell(params.marks->look(*position).mark, Qt::AlignHCenter),
+                           cell(QString::number(position->getQuantity()).replace(u'.', u','), Qt::AlignRight),
+                           cell(amountText(position->getSum()), Qt::AlignRight)});
+        m_model.item(m_model.rowCount() - 1, Name)->setToolTip(plainToolTip(position->getName()));
+        choose(m_model.rowCount() - 1, true);
+    }
+}
+
+void ReturnForm::setUpTable()
+{
+    m_table->setModel(&m_model);
+    m_table->setColumns(TableColumn::texts({
+        {u"chosen"_s, TableColumn::fittingContents, TableColumn::centred},
+        {u"number"_s, 56, TableColumn::right},
+        {u"name"_s, TableColumn::remainingRoom, TableColumn::left},
+        {u"mark"_s, TableColumn::fittingContents, TableColumn::centred},
+        {u"packs"_s, TableColumn::fittingContents, TableColumn::right},
+        {u"sum"_s, 140, TableColumn::right},
+    }));
+    m_table->setColumnHidden(Mark, m_model.findItems(QString(), Qt::MatchExactly, Mark).size() == m_model.rowCount());
+    m_table->setCurrentIndex(m_model.index(0, Name));
+    connect(m_table, &QTableView::clicked, this, [this](const QModelIndex& index) { toggle(index.row()); });
+    auto* space = new QShortcut(Qt::Key_Space, m_table, nullptr, nullptr, Qt::WidgetShortcut);
+    space->setAutoRepeat(false);
+    connect(space, &QShortcut::activated, this, [this] { toggle(m_table->currentIndex().row()); });
+}
+
+void ReturnForm::setUpButtons()
+{
+    auto* cancel = findWidget<QPushButton>(u"cancelButton"_s);
+    cancel->setText(tr::Tr(u"returnCancel"_s, u"Назад"_s).ui());
+    connect(cancel, &QPushButton::clicked, this, &BasicForm::dismissed);
+    connect(m_all, &QPushButton::clicked, this, &ReturnForm::toggleAll);
+    connect(m_return, &QPushButton::clicked, this, &ReturnForm::confirm);
+    auto* all = new QShortcut(Qt::Key_F4, rootWidget());
+    all->setAutoRepeat(false);
+    connect(all, &QShortcut::activated, m_all, &QPushButton::click);
+    m_return->setText(tr::Tr(u"returnConfirm"_s, u"Вернуть выбранные"_s).ui());
+    for (QPushButton* button : {cancel, m_return}) {
+        button->setAccessibleName(button->text());
+    }
+}
+
+void ReturnForm::nameControls()
+{
+    setAccessibleNames({
+        {"positionsTable", {"returnPositions", "Позиции продажи"}},
+        {"pageUpButton", {"returnPageUp", "На страницу вверх"}},
+        {"scrollUpButton", {"returnUp", "Вверх"}},
+        {"scrollDownButton", {"returnDown", "Вниз"}},
+        {"pageDownButton", {"returnPageDown", "На страницу вниз"}},
+    });
+}
+
+void ReturnForm::toggle(int row)
+{
+    if (row < 0) {
+        return;
+    }
+    choose(row, !isChosen(row));
+    showChoice();
+}
+
+void ReturnForm::toggleAll()
+{
+    const bool choosesAll = chosenCount() < m_model.rowCount();
+    for (int row = 0; row < m_model.rowCount(); ++row) {
+        choose(row, choosesAll);
+    }
+    showChoice();
+    m_table->setFocus();
+}
+
+void ReturnForm::showChoice()
+{
+    Kopecks sum{0};
+    for (int row = 0; row < m_model.rowCount(); ++row) {
+        if (isChosen(row)) {
+            sum = sum + m_positions.at(row)->getSum();
+        }
+    }
+    const int chosen = chosenCount();
+    const tr::Tr allText = chosen < m_model.rowCount() ? tr::Tr(u"returnAll"_s, u"Выбрать все"_s)
+                                                       : tr::Tr(u"returnNone"_s, u"Снять все"_s);
+    m_all->setText(u"F4 "_s + allText.ui());
+    m_all->setAccessibleName(allText.ui());
+    m_return->setEnabled(chosen > 0);
+    showText(u"hintLabel"_s,
+             tr::Tr(u"returnHint"_s, u"Выбрано %1 из %2 на сумму %3. Пробел или касание строки меняет выбор."_s)
+                 .arg(QString::number(chosen))
+                 .arg(QString::number(m_model.rowCount()))
+                 .arg(amountText(sum))
+                 .ui());
+}
+
+void ReturnForm::confirm()
+{
+    QVariantList numbers;
+    for (int row = 0; row < m_model.rowCount(); ++row) {
+        if (isChosen(row)) {
+            numbers.append(m_positions.at(row)->getNumber());
+        }
+    }
+    answerForm(u"positions"_s, numbers);
+}
+
+bool ReturnForm::isChosen(int row) const
+{
+    return !m_model.item(row, Chosen)->text().isEmpty();
+}
+
+void ReturnForm::choose(int row, bool chosen)
+{
+    m_model.item(row, Chosen)->setText(chosen ? u"✓"_s : QString());
+}
+
+int ReturnForm::chosenCount() const
+{
+    int count = 0;
+    for (int row = 0; row < m_model.rowCount(); ++row) {
+        count += isChosen(row) ? 1 : 0;
+    }
+    return count;
+}

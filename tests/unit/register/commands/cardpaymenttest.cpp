@@ -1,0 +1,563 @@
+// SPDX-License-Identifier: MIT
+// Payments and refunds by card, from the key to the closed document.
+#include "commandfixture.h"
+#include "dialogdouble.h"
+#include "documentwords.h"
+#include "inputblocker.h"
+#include "positionmarks.h"
+#include "receiptprinter.h"
+#include "registeraction.h"
+#include "savingdouble.h"
+#include "storeddocumentcommands.h"
+#include "terminaldouble.h"
+
+#include <QJsonArray>
+#include <QLabel>
+
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+class CardPaymentTest : public CommandFixture
+{
+protected:
+    CardPaymentTest() { storedDocumentCommands.offer(controller.object); }
+
+    /// A document over 24,80 that is at its payment.
+    void standAtPayment()
+    {
+        till->add(article(amoxidar, 2));
+        till->setPhase(Till::Phase::Payment);
+    }
+    EContext::Result payByCard(const QString& cash = {})
+    {
+        return run(registeraction::pay, {{u"method"_s, u"card"_s}, {u"received"_s, cash}});
+    }
+    EContext::Result payInCash(const QString& cash = {}) { return run(registeraction::pay, {{u"received"_s, cash}}); }
+    /// Charges the card for a document that then cannot be closed.
+    void chargeAndStayOpen(const QString& cash = {})
+    {
+        standAtPayment();
+        SavingDouble saving;
+        saving.onSave = [](const auto& document, const QString&, const auto& write) {
+            const bool closes = document->isClosed();
+            return !closes && write();
+        };
+        EXPECT_EQ(payByCard(cash), EContext::Stop);
+        EXPECT_TRUE(till->document());
+    }
+    /// Sells for 24,80 and 12,40, and returns the number of the sale.
+    int soldTwo(const QString& cash = {})
+    {
+        till->add(article(amoxidar, 2));
+        till->add(article(amoxidar));
+        const int number = till->document()->getNumber();
+        till->setPhase(Till::Phase::Payment);
+        EXPECT_EQ(payByCard(cash), EContext::GoOn);
+        return number;
+    }
+    void returnAndStandAtPayment(int sale, const QSet<int>& positions)
+    {
+        ASSERT_TRUE(till->returnPositions(archived(sale), positions));
+        till->setPhase(Till::Phase::Payment);
+    }
+    QJsonObject savedOperation() const { return savedDocument().value("cardOperations"_L1).toArray().at(0).toObject(); }
+    /// The register ends without warning and starts again.
+    void crash()
+    {
+        openDocumentCommands.reset();
+        DocumentWatcher::setCurrentDocument(nullptr);
+        till = std::make_unique<Till>(folder.path());
+        openDocumentCommands = std::make_unique<OpenDocumentCommands>(*till);
+        openDocumentCommands->offer(controller.object);
+        paymentCommands = std::make_unique<PaymentCommands>(*till);
+        paymentCommands->offer(controller.object);
+        till->restore(OpenDocumentFile(folder.path()).load());
+        paymentCommands->settleRestored();
+        till->setPhase(Till::Phase::Payment);
+    }
+
+    PositionMarks marks;
+    ReceiptPrinter printer{folder.path(), marks};
+    StoredDocumentCommands storedDocumentCommands{*till, printer, marks};
+    ConnectedTerminal terminal;
+    DialogDouble dialog;
+};
+
+TEST_F(CardPaymentTest, nothingTyped_cardPaysAll)
+{
+    standAtPayment();
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    const auto sale = archived(1);
+    EXPECT_EQ(sale->getState(), Document::State::Closed);
+    EXPECT_EQ(sale->ending().payments, QList<Payment>{Payment::card(Kopecks{2480})});
+    EXPECT_EQ(sale->getChange(), Kopecks{0});
+    ASSERT_EQ(sale->cardOperations().size(), 1);
+    EXPECT_EQ(sale->cardOperations().first().card, u"**** **** **** 1234"_s) << "never the whole number";
+    EXPECT_EQ(sale->cardOperations().first().authorizationCode, u"A17"_s);
+    EXPECT_EQ(sale->cardOperations().first().terminal, u"bank"_s);
+    ASSERT_EQ(terminal->requests.size(), 1);
+    EXPECT_EQ(terminal->requests.first().kopecks, 2480);
+    EXPECT_EQ(terminal->requests.first().documentNumber, 1);
+    EXPECT_FALSE(terminal->requests.first().reference.isEmpty());
+}
+
+TEST_F(CardPaymentTest, cashTyped_cardPaysTheRest)
+{
+    standAtPayment();
+    EXPECT_EQ(payByCard(u"20"_s), EContext::GoOn);
+    EXPECT_EQ(archived(1)->ending().payments,
+              (QList<Payment>{Payment::cash(Kopecks{2000}), Payment::card(Kopecks{480})}));
+    EXPECT_EQ(archived(1)->getReceived(), Kopecks{2480});
+    EXPECT_EQ(terminal->taken(), 480);
+}
+
+TEST_F(CardPaymentTest, cashThatIsEnoughOrUnreadable_saysSoAndAsksNoTerminal)
+{
+    standAtPayment();
+    for (const char* typed : {"24,80", "30", "12,x"}) {
+        EXPECT_EQ(payByCard(QLatin1StringView(typed)), EContext::Stop) << typed;
+    }
+    ASSERT_EQ(dialog.messages().size(), 3);
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Получено наличными 24,80, к оплате 24,80"_s));
+    EXPECT_TRUE(dialog.messages().last().text.startsWith(u"«12,x» — не сумма."_s));
+    EXPECT_TRUE(terminal->calls.isEmpty());
+    EXPECT_EQ(till->phase(), Till::Phase::Payment);
+}
+
+TEST_F(CardPaymentTest, terminalIsAsked_operationIsSavedBeforeAndInputIsThrownAway)
+{
+    standAtPayment();
+    witness.seen.clear();
+    terminal->onMove = [this](const CardRequest& request, const auto& move) {
+        EXPECT_EQ(savedOperation().value("state"_L1), u"asked"_s);
+        EXPECT_EQ(savedOperation().value("reference"_L1), request.reference);
+        EXPECT_EQ(savedOperation().value("amount"_L1), 24.8);
+        EXPECT_TRUE(InputBlocker::isActive());
+        EXPECT_EQ(PluginScope::current(), u"bank"_s);
+        EXPECT_EQ(witness.codes(), QList<int>{EActivityListener::LongWorkBegins});
+        move();
+        return TerminalDouble::approved();
+    };
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    EXPECT_EQ(witness.codes(), (QList<int>{EActivityListener::LongWorkBegins, EActivityListener::LongWorkEnds,
+                                           EActivityListener::DocumentClosed}));
+    EXPECT_FALSE(InputBlocker::isActive());
+}
+
+TEST_F(CardPaymentTest, declined_saysWhyAndTheNextTryIsAnotherOperation)
+{
+    standAtPayment();
+    terminal->onMove = [](const auto&, const auto&) {
+        return CardAnswer::declined({tr::undefined, u"Недостаточно средств"_s});
+    };
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_EQ(dialog.messages().first().text, u"Чек № 1: терминал отклонил оплату 24,80. Недостаточно средств\n"
+                                              "Деньги не списаны. Возьмите другую карту или наличные."_s);
+    EXPECT_EQ(till->due(), Kopecks{2480});
+    terminal->onMove = {};
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    EXPECT_NE(terminal->requests.at(0).reference, terminal->requests.at(1).reference);
+    EXPECT_EQ(archived(1)->ending().payments, QList<Payment>{Payment::card(Kopecks{2480})});
+}
+
+TEST_F(CardPaymentTest, busy_saysSoAndNothingIsOwed)
+{
+    standAtPayment();
+    terminal->onMove = [](const auto&, const auto&) { return CardAnswer::busy(); };
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Терминал занят, деньги не списаны."_s));
+    EXPECT_FALSE(till->document()->unsettledCardOperation());
+    EXPECT_EQ(payInCash(), EContext::GoOn);
+    EXPECT_EQ(archived(1)->ending().payments, QList<Payment>{Payment::cash(Kopecks{2480})});
+}
+
+TEST_F(CardPaymentTest, answerLostAndMoneyTaken_terminalIsAskedForItAndTheDocumentCloses)
+{
+    standAtPayment();
+    terminal->loseAnswers();
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    EXPECT_EQ(terminal->calls, (QStringList{u"pay"_s, u"find"_s}));
+    EXPECT_EQ(terminal->taken(), 2480);
+    EXPECT_EQ(archived(1)->ending().payments, QList<Payment>{Payment::card(Kopecks{2480})});
+    EXPECT_EQ(archived(1)->cardOperations().first().authorizationCode, u"A17"_s);
+    EXPECT_EQ(dialog.messages().first().text, u"Чек № 1: оплата картой 24,80 прошла, она учтена в чеке."_s);
+}
+
+TEST_F(CardPaymentTest, answerLostAndMoneyNotTaken_documentStaysOpenAndUnpaid)
+{
+    standAtPayment();
+    terminal->onMove = [](const auto&, const auto&) { return CardAnswer::unknown(); };
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    EXPECT_EQ(terminal->calls, (QStringList{u"pay"_s, u"find"_s}));
+    EXPECT_EQ(dialog.messages().first().text, u"Чек № 1: оплата картой 24,80 не прошла, деньги не списаны."_s);
+    EXPECT_EQ(till->due(), Kopecks{2480});
+    EXPECT_EQ(till->phase(), Till::Phase::Payment);
+}
+
+TEST_F(CardPaymentTest, terminalThrows_countsAsALostAnswer)
+{
+    standAtPayment();
+    terminal->onMove = [](const auto&, const auto& move) -> CardAnswer {
+        move();
+        throw std::runtime_error("4111111111111111");
+    };
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    EXPECT_EQ(terminal->calls, (QStringList{u"pay"_s, u"find"_s}));
+    EXPECT_EQ(archived(1)->ending().payments, QList<Payment>{Payment::card(Kopecks{2480})});
+    EXPECT_FALSE(InputBlocker::isActive());
+    EXPECT_EQ(witness.codes().count(72), witness.codes().count(73));
+}
+
+TEST_F(CardPaymentTest, terminalCannotSay_cashierWhoSawTheSlipSettlesIt)
+{
+    standAtPayment();
+    terminal->loseAnswers();
+    terminal->onFind = [](const QString&) -> CardAnswer { throw 1; };
+    cashier.onForm(u"questionForm"_s, [](QWidget& root) {
+        EXPECT_TRUE(root.findChild<QLabel*>(u"messageLabel"_s)
+                        ->text()
+                        .startsWith(u"Чек № 1: неизвестно, списал ли терминал 24,80 с карты."_s));
+        press(root, "yesButton");
+    });
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    EXPECT_EQ(archived(1)->ending().payments, QList<Payment>{Payment::card(Kopecks{2480})});
+}
+
+TEST_F(CardPaymentTest, cashierIsSureThatNothingWasTaken_cashIsTakenInstead)
+{
+    standAtPayment();
+    terminal->onMove = [](const auto&, const auto&) { return CardAnswer::unknown(); };
+    terminal->onFind = [](const auto&) { return CardAnswer::unknown(); };
+    answerQuestion("noButton");
+    answerQuestion("yesButton");
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    EXPECT_EQ(payInCash(), EContext::GoOn);
+    EXPECT_EQ(archived(1)->ending().payments, QList<Payment>{Payment::cash(Kopecks{2480})});
+}
+
+TEST_F(CardPaymentTest, nobodyKnows_everyWayOnAsksForThatOperationFirst)
+{
+    standAtPayment();
+    terminal->loseAnswers();
+    terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    EXPECT_EQ(payInCash(u"24,80"_s), EContext::Stop);
+    EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
+    EXPECT_FALSE(till->suspend());
+    EXPECT_EQ(terminal->calls, (QStringList{u"pay"_s, u"find"_s, u"find"_s, u"find"_s, u"find"_s}));
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->phase(), Till::Phase::Positions) << "a cancellation that was stopped leads back";
+
+    terminal->onFind = {};
+    till->setPhase(Till::Phase::Payment);
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    EXPECT_EQ(terminal->count("pay"), 1);
+    EXPECT_EQ(terminal->taken(), 2480);
+}
+
+TEST_F(CardPaymentTest, cashierDoesNotKnow_nothingIsChargedAgain)
+{
+    standAtPayment();
+    terminal->loseAnswers();
+    terminal->onFind = [](const auto&) { return CardAnswer::unknown(); };
+    answerQuestion("noButton");
+    answerQuestion("noButton");
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    EXPECT_TRUE(till->document()->unsettledCardOperation());
+    EXPECT_EQ(savedOperation().value("state"_L1), u"asked"_s);
+    answerQuestion("yesButton");
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    EXPECT_EQ(terminal->count("pay"), 1);
+}
+
+TEST_F(CardPaymentTest, documentCannotBeSaved_terminalIsNotAsked)
+{
+    standAtPayment();
+    SavingDouble saving;
+    saving.failAll();
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    EXPECT_TRUE(terminal->calls.isEmpty());
+    EXPECT_TRUE(till->document()->cardOperations().isEmpty());
+}
+
+TEST_F(CardPaymentTest, chargedButNotClosed_goingOnUsesTheMoney)
+{
+    for (const bool byCard : {true, false}) {
+        chargeAndStayOpen();
+        EXPECT_EQ(till->due(), Kopecks{0});
+        const int number = till->document()->getNumber();
+        EXPECT_EQ(byCard ? payByCard() : payInCash(), EContext::GoOn) << byCard;
+        EXPECT_EQ(archived(number)->ending().payments, QList<Payment>{Payment::card(Kopecks{2480})}) << byCard;
+    }
+    EXPECT_EQ(terminal->count("pay"), 2);
+}
+
+TEST_F(CardPaymentTest, mixChargedButNotClosed_cashIsStillDue)
+{
+    chargeAndStayOpen(u"20"_s);
+    EXPECT_EQ(till->due(), Kopecks{2000});
+    EXPECT_EQ(payInCash(u"50"_s), EContext::GoOn);
+    EXPECT_EQ(archived(1)->ending().payments,
+              (QList<Payment>{Payment::cash(Kopecks{5000}), Payment::card(Kopecks{480})}));
+    EXPECT_EQ(archived(1)->getChange(), Kopecks{3000});
+}
+
+TEST_F(CardPaymentTest, chargedDocument_keepsItsPositionsAndIsNotSuspended)
+{
+    chargeAndStayOpen();
+    EXPECT_EQ(till->add(article(amoxidar)), 0);
+    till->setPacks(1, 5);
+    till->remove(1);
+    EXPECT_FALSE(till->suspend());
+    ASSERT_EQ(till->document()->positions().size(), 1);
+    EXPECT_EQ(till->document()->getSum(), Kopecks{2480});
+    EXPECT_TRUE(till->obstacleToSuspending()->text.ui().startsWith(u"По чеку № 1 уже есть оплата картой"_s));
+}
+
+TEST_F(CardPaymentTest, sumLoweredAfterTheCharge_isNotClosedWithCashForTheCard)
+{
+    chargeAndStayOpen();
+    till->document()->position(1)->setPrice(10);
+    EXPECT_EQ(payInCash(), EContext::Stop);
+    EXPECT_TRUE(dialog.messages().last().text.startsWith(u"С карты списано 24,80, а сумма чека теперь 20,00."_s));
+    EXPECT_TRUE(till->document());
+}
+
+TEST_F(CardPaymentTest, documentEndsWhileTheTerminalWorks_isNotClosedTwice)
+{
+    standAtPayment();
+    terminal->onMove = [this](const auto&, const auto& move) {
+        move();
+        EXPECT_FALSE(till->cancel()) << "nobody knows yet whether the money moved";
+        return TerminalDouble::approved();
+    };
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
+}
+
+TEST_F(CardPaymentTest, chargedDocumentIsCancelled_moneyGoesBackFirst)
+{
+    chargeAndStayOpen(u"20"_s);
+    cashier.onForm(u"questionForm"_s, [](QWidget& root) {
+        EXPECT_EQ(root.findChild<QLabel*>(u"messageLabel"_s)->text(),
+                  u"Отменить чек № 1 на сумму 24,80?\nОплата картой вернётся на карту покупателя."_s);
+        press(root, "yesButton");
+    });
+    EXPECT_EQ(run(registeraction::askToCancelDocument), EContext::GoOn);
+    EXPECT_EQ(terminal->calls, (QStringList{u"pay"_s, u"refund"_s}));
+    EXPECT_EQ(terminal->requests.last().payment, terminal->requests.first().reference);
+    EXPECT_EQ(terminal->requests.last().authorizationCode, u"A17"_s);
+    EXPECT_EQ(terminal->taken(), 0);
+    EXPECT_EQ(archived(1)->getState(), Document::State::Cancelled);
+    EXPECT_EQ(documentwords::ending(*archived(1)), u"Чек № 1 отменён. На карту возвращено 4,80"_s);
+}
+
+TEST_F(CardPaymentTest, cancellingIsInterruptedAfterTheRefund_documentIsCancelledNotPaid)
+{
+    chargeAndStayOpen();
+    {
+        SavingDouble saving;
+        saving.onSave = [](const auto& document, const QString&, const auto& write) {
+            return !document->isClosed() && write();
+        };
+        EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
+    }
+    EXPECT_EQ(run(control::SubtotalAndPayment), EContext::Stop);
+    EXPECT_TRUE(dialog.messages().last().text.startsWith(u"Отмена чека № 1 начата, деньги возвращены на карту."_s));
+    EXPECT_EQ(till->phase(), Till::Phase::Positions);
+    EXPECT_EQ(run(control::CancelDocument), EContext::GoOn);
+    EXPECT_EQ(terminal->count("refund"), 1);
+    EXPECT_EQ(terminal->taken(), 0);
+}
+
+TEST_F(CardPaymentTest, pluginKeepsTheDocument_moneyStaysOnIt)
+{
+    chargeAndStayOpen();
+    addHook(EContext::OpenDocument, control::CancelDocument, [](const control::Action&) { return EContext::Stop; });
+    EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
+    EXPECT_EQ(terminal->count("refund"), 0);
+    EXPECT_EQ(till->due(), Kopecks{0});
+}
+
+TEST_F(CardPaymentTest, refundIsDeclined_documentStaysUnlessTheCashierPaysInCash)
+{
+    chargeAndStayOpen();
+    terminal->onMove = [](const auto&, const auto&) { return CardAnswer::declined(); };
+    answerQuestion("noButton");
+    EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
+    EXPECT_EQ(till->document()->getCharged(), Kopecks{2480});
+    answerQuestion("yesButton");
+    EXPECT_EQ(run(control::CancelDocument), EContext::GoOn);
+    EXPECT_EQ(archived(1)->getState(), Document::State::Cancelled);
+    EXPECT_EQ(documentwords::ending(*archived(1)), u"Чек № 1 отменён. Верните покупателю наличными 24,80"_s);
+}
+
+TEST_F(CardPaymentTest, noTerminal_cardIsNotCharged)
+{
+    standAtPayment();
+    terminal.disconnect();
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Терминал не подключён."_s));
+    EXPECT_TRUE(till->document()->cardOperations().isEmpty());
+}
+
+TEST_F(CardPaymentTest, crashBeforeTheAnswer_isSettledAtTheNextStart)
+{
+    for (const bool taken : {true, false}) {
+        standAtPayment();
+        const int number = till->document()->getNumber();
+        QByteArray atCrash;
+        terminal->onMove = [&](const auto&, const auto& move) {
+            if (taken) {
+                move();
+            }
+            atCrash = QJsonDocument(savedDocument()).toJson();
+            return CardAnswer::busy();
+        };
+        EXPECT_EQ(payByCard(), EContext::Stop);
+        QFile file(folder.filePath(u"receipt.json"_s));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(atCrash) == atCrash.size());
+        file.close();
+        crash();
+        EXPECT_EQ(till->due(), taken ? Kopecks{0} : Kopecks{2480}) << taken;
+        EXPECT_FALSE(till->document()->unsettledCardOperation()) << taken;
+        EXPECT_EQ(savedOperation().value("state"_L1), taken ? u"approved"_s : u"declined"_s);
+        EXPECT_EQ(payInCash(), EContext::GoOn) << taken;
+        EXPECT_EQ(archived(number)->getReceived(), Kopecks{2480}) << taken;
+    }
+    EXPECT_EQ(terminal->taken(), 2480) << "of two documents one was paid by card";
+}
+
+TEST_F(CardPaymentTest, anotherTerminalAfterTheCrash_isNotAskedForTheOperation)
+{
+    standAtPayment();
+    terminal->onMove = [](const auto&, const auto&) { return CardAnswer::unknown(); };
+    terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    terminal.connect(u"otherbank"_s);
+    answerQuestion("yesButton");
+    crash();
+    EXPECT_EQ(terminal->count("find"), 1) << "it does not know what another terminal did";
+    EXPECT_EQ(till->due(), Kopecks{0});
+}
+
+TEST_F(CardPaymentTest, saleByCardIsReturned_moneyGoesBackToThatCard)
+{
+    returnAndStandAtPayment(soldTwo(), {1, 2});
+    EXPECT_EQ(run(registeraction::pay), EContext::GoOn);
+    EXPECT_EQ(archived(2)->ending().payments, QList<Payment>{Payment::card(Kopecks{3720})});
+    EXPECT_EQ(terminal->taken(), 0);
+    EXPECT_EQ(terminal->requests.last().payment, terminal->requests.first().reference);
+    EXPECT_EQ(terminal->requests.last().documentNumber, 2);
+    EXPECT_EQ(documentwords::ending(*archived(2)), u"Возврат № 2 закрыт. На карту 37,20, наличными 0,00"_s);
+}
+
+TEST_F(CardPaymentTest, mixedSaleIsReturnedInParts_cardGetsBackWhatItPaidAndCashTheRest)
+{
+    const int sale = soldTwo(u"10"_s); // 10,00 in cash, 27,20 by card
+    returnAndStandAtPayment(sale, {1});
+    EXPECT_EQ(run(registeraction::pay), EContext::GoOn);
+    EXPECT_EQ(archived(2)->ending().payments, QList<Payment>{Payment::card(Kopecks{2480})});
+    returnAndStandAtPayment(sale, {2});
+    EXPECT_EQ(run(registeraction::pay), EContext::GoOn);
+    EXPECT_EQ(archived(3)->ending().payments,
+              (QList<Payment>{Payment::cash(Kopecks{1000}), Payment::card(Kopecks{240})}));
+    EXPECT_EQ(terminal->taken(), 0);
+}
+
+TEST_F(CardPaymentTest, refundOfAReturnIsDeclined_cashierPaysItOutOrGoesBack)
+{
+    const int sale = soldTwo();
+    returnAndStandAtPayment(sale, {1});
+    terminal->onMove = [](const auto&, const auto&) { return CardAnswer::declined(); };
+    answerQuestion("noButton");
+    EXPECT_EQ(run(registeraction::pay), EContext::Stop);
+    answerQuestion("yesButton");
+    EXPECT_EQ(run(registeraction::pay), EContext::GoOn);
+    EXPECT_EQ(archived(2)->ending().payments, QList<Payment>{Payment::cash(Kopecks{2480})});
+    terminal->onMove = {};
+    returnAndStandAtPayment(sale, {2});
+    EXPECT_EQ(run(registeraction::pay), EContext::GoOn);
+    EXPECT_EQ(archived(3)->ending().payments, QList<Payment>{Payment::card(Kopecks{1240})});
+    EXPECT_EQ(terminal->taken(), 2480);
+}
+
+TEST_F(CardPaymentTest, returnWithoutATerminal_isPaidInCash)
+{
+    returnAndStandAtPayment(soldTwo(), {1, 2});
+    terminal.disconnect();
+    answerQuestion("yesButton");
+    EXPECT_EQ(run(registeraction::pay), EContext::GoOn);
+    EXPECT_EQ(archived(2)->ending().payments, QList<Payment>{Payment::cash(Kopecks{3720})});
+}
+
+TEST_F(CardPaymentTest, returnRefundedButNotClosed_isNotCancelledAndNotRefundedAgain)
+{
+    returnAndStandAtPayment(soldTwo(), {1, 2});
+    {
+        SavingDouble saving;
+        saving.onSave = [](const auto& document, const QString&, const auto& write) {
+            return !document->isClosed() && write();
+        };
+        EXPECT_EQ(run(registeraction::pay), EContext::Stop);
+    }
+    EXPECT_EQ(run(registeraction::askToCancelDocument), EContext::Stop);
+    EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
+    EXPECT_TRUE(dialog.messages().last().text.startsWith(u"По возврату уже возвращали деньги"_s));
+    till->setPhase(Till::Phase::Payment);
+    EXPECT_EQ(run(registeraction::pay), EContext::GoOn);
+    EXPECT_EQ(terminal->count("refund"), 1);
+    EXPECT_EQ(archived(2)->ending().payments, QList<Payment>{Payment::card(Kopecks{3720})});
+}
+
+TEST_F(CardPaymentTest, returnIsCancelled_nothingIsRefunded)
+{
+    returnAndStandAtPayment(soldTwo(), {1});
+    EXPECT_EQ(run(control::CancelDocument), EContext::GoOn);
+    EXPECT_EQ(terminal->count("refund"), 0);
+    EXPECT_EQ(till->returned(*archived(1)), Document::Returned::Nothing);
+}
+
+TEST_F(CardPaymentTest, saleByCardIsVoided_moneyGoesBackToTheCard)
+{
+    const int sale = soldTwo(u"10"_s);
+    answerQuestion("yesButton");
+    EXPECT_EQ(run(registeraction::voidByNumber, {{u"number"_s, sale}}), EContext::GoOn);
+    EXPECT_EQ(archived(sale)->getState(), Document::State::Voided);
+    EXPECT_EQ(terminal->taken(), 0);
+    EXPECT_EQ(documentwords::voiding(*archived(sale), Document::State::Closed),
+              u"Чек № 1 аннулирован. На карту возвращено 27,20, верните наличными 10,00"_s);
+}
+
+TEST_F(CardPaymentTest, voidingIsInterruptedAfterTheRefund_saleIsVoidedNotReturned)
+{
+    const int sale = soldTwo();
+    {
+        SavingDouble saving;
+        saving.onSave = [](const auto& document, const QString&, const auto& write) {
+            return document.template dynamicCast<Document>()->getState() != Document::State::Voided && write();
+        };
+        answerQuestion("yesButton");
+        EXPECT_EQ(run(registeraction::voidByNumber, {{u"number"_s, sale}}), EContext::Stop);
+    }
+    EXPECT_EQ(archived(sale)->getState(), Document::State::Closed);
+    EXPECT_FALSE(till->returnSale(archived(sale))) << "the money is back already";
+    answerQuestion("yesButton");
+    EXPECT_EQ(run(registeraction::voidByNumber, {{u"number"_s, sale}}), EContext::GoOn);
+    EXPECT_EQ(terminal->count("refund"), 1);
+}
+
+TEST_F(CardPaymentTest, voidingRefundDeclined_saleStaysClosed)
+{
+    const int sale = soldTwo();
+    terminal->onMove = [](const auto&, const auto&) { return CardAnswer::declined(); };
+    answerQuestion("yesButton");
+    answerQuestion("noButton");
+    EXPECT_EQ(run(registeraction::voidByNumber, {{u"number"_s, sale}}), EContext::Stop);
+    EXPECT_EQ(archived(sale)->getState(), Document::State::Closed);
+    EXPECT_EQ(terminal->taken(), 3720);
+}
