@@ -61,6 +61,9 @@ protected:
         ASSERT_TRUE(till->returnPositions(archived(sale), positions));
         till->setPhase(Till::Phase::Payment);
     }
+    /// Of the messages that the cashier saw; empty when there was none.
+    QString firstText() const { return dialog.messages().value(0).text; }
+    QString lastText() const { return dialog.messages().value(dialog.messages().size() - 1).text; }
     QJsonObject savedOperation() const { return savedDocument().value("cardOperations"_L1).toArray().at(0).toObject(); }
     /// The register ends without warning and starts again.
     void crash()
@@ -119,8 +122,8 @@ TEST_F(CardPaymentTest, cashThatIsEnoughOrUnreadable_saysSoAndAsksNoTerminal)
         EXPECT_EQ(payByCard(QLatin1StringView(typed)), EContext::Stop) << typed;
     }
     ASSERT_EQ(dialog.messages().size(), 3);
-    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Получено наличными 24,80, к оплате 24,80"_s));
-    EXPECT_TRUE(dialog.messages().last().text.startsWith(u"«12,x» — не сумма."_s));
+    EXPECT_TRUE(firstText().startsWith(u"Получено наличными 24,80, к оплате 24,80"_s));
+    EXPECT_TRUE(lastText().startsWith(u"«12,x» — не сумма."_s));
     EXPECT_TRUE(terminal->calls.isEmpty());
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
 }
@@ -153,8 +156,8 @@ TEST_F(CardPaymentTest, declined_saysWhyAndTheNextTryIsAnotherOperation)
     };
     EXPECT_EQ(payByCard(), EContext::Stop);
     ASSERT_EQ(dialog.messages().size(), 1);
-    EXPECT_EQ(dialog.messages().first().text, u"Чек № 1: терминал отклонил оплату 24,80. Недостаточно средств\n"
-                                              "Деньги не списаны. Возьмите другую карту или наличные."_s);
+    EXPECT_EQ(firstText(), u"Чек № 1: терминал отклонил оплату 24,80. Недостаточно средств\n"
+                           "Деньги не списаны. Возьмите другую карту или наличные."_s);
     EXPECT_EQ(till->due(), Kopecks{2480});
     terminal->onMove = {};
     EXPECT_EQ(payByCard(), EContext::GoOn);
@@ -168,7 +171,7 @@ TEST_F(CardPaymentTest, busy_saysSoAndNothingIsOwed)
     terminal->onMove = [](const auto&, const auto&) { return CardAnswer::busy(); };
     EXPECT_EQ(payByCard(), EContext::Stop);
     ASSERT_EQ(dialog.messages().size(), 1);
-    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Терминал занят, деньги не списаны."_s));
+    EXPECT_TRUE(firstText().startsWith(u"Терминал занят, деньги не списаны."_s));
     EXPECT_FALSE(till->document()->unsettledCardOperation());
     EXPECT_EQ(payInCash(), EContext::GoOn);
     EXPECT_EQ(archived(1)->ending().payments, QList<Payment>{Payment::cash(Kopecks{2480})});
@@ -183,7 +186,7 @@ TEST_F(CardPaymentTest, answerLostAndMoneyTaken_terminalIsAskedForItAndTheDocume
     EXPECT_EQ(terminal->taken(), 2480);
     EXPECT_EQ(archived(1)->ending().payments, QList<Payment>{Payment::card(Kopecks{2480})});
     EXPECT_EQ(archived(1)->cardOperations().first().authorizationCode, u"A17"_s);
-    EXPECT_EQ(dialog.messages().first().text, u"Чек № 1: оплата картой 24,80 прошла, она учтена в чеке."_s);
+    EXPECT_EQ(firstText(), u"Чек № 1: оплата картой 24,80 прошла, она учтена в чеке."_s);
 }
 
 TEST_F(CardPaymentTest, answerLostAndMoneyNotTaken_documentStaysOpenAndUnpaid)
@@ -192,7 +195,7 @@ TEST_F(CardPaymentTest, answerLostAndMoneyNotTaken_documentStaysOpenAndUnpaid)
     terminal->onMove = [](const auto&, const auto&) { return CardAnswer::unknown(); };
     EXPECT_EQ(payByCard(), EContext::Stop);
     EXPECT_EQ(terminal->calls, (QStringList{u"pay"_s, u"find"_s}));
-    EXPECT_EQ(dialog.messages().first().text, u"Чек № 1: оплата картой 24,80 не прошла, деньги не списаны."_s);
+    EXPECT_EQ(firstText(), u"Чек № 1: оплата картой 24,80 не прошла, деньги не списаны."_s);
     EXPECT_EQ(till->due(), Kopecks{2480});
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
 }
@@ -323,7 +326,7 @@ TEST_F(CardPaymentTest, sumLoweredAfterTheCharge_isNotClosedWithCashForTheCard)
     chargeAndStayOpen();
     till->document()->position(1)->setPrice(10);
     EXPECT_EQ(payInCash(), EContext::Stop);
-    EXPECT_TRUE(dialog.messages().last().text.startsWith(u"С карты списано 24,80, а сумма чека теперь 20,00."_s));
+    EXPECT_TRUE(lastText().startsWith(u"С карты списано 24,80, а сумма чека теперь 20,00."_s));
     EXPECT_TRUE(till->document());
 }
 
@@ -367,7 +370,7 @@ TEST_F(CardPaymentTest, cancellingIsInterruptedAfterTheRefund_documentIsCancelle
         EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
     }
     EXPECT_EQ(run(control::SubtotalAndPayment), EContext::Stop);
-    EXPECT_TRUE(dialog.messages().last().text.startsWith(u"Отмена чека № 1 начата, деньги возвращены на карту."_s));
+    EXPECT_TRUE(lastText().startsWith(u"Отмена чека № 1 начата, деньги возвращены на карту."_s));
     EXPECT_EQ(till->phase(), Till::Phase::Positions);
     EXPECT_EQ(run(control::CancelDocument), EContext::GoOn);
     EXPECT_EQ(terminal->count("refund"), 1);
@@ -401,7 +404,7 @@ TEST_F(CardPaymentTest, noTerminal_cardIsNotCharged)
     standAtPayment();
     terminal.disconnect();
     EXPECT_EQ(payByCard(), EContext::Stop);
-    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Терминал не подключён."_s));
+    EXPECT_TRUE(firstText().startsWith(u"Терминал не подключён."_s));
     EXPECT_TRUE(till->document()->cardOperations().isEmpty());
 }
 
@@ -507,7 +510,7 @@ TEST_F(CardPaymentTest, returnRefundedButNotClosed_isNotCancelledAndNotRefundedA
     }
     EXPECT_EQ(run(registeraction::askToCancelDocument), EContext::Stop);
     EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
-    EXPECT_TRUE(dialog.messages().last().text.startsWith(u"По возврату уже возвращали деньги"_s));
+    EXPECT_TRUE(lastText().startsWith(u"По возврату уже возвращали деньги"_s));
     till->setPhase(Till::Phase::Payment);
     EXPECT_EQ(run(registeraction::pay), EContext::GoOn);
     EXPECT_EQ(terminal->count("refund"), 1);
