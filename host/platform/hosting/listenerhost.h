@@ -13,4 +13,6 @@ struct ListenerHost {
     /// In the order of subscription; a destroyed listener reads as null. The host drops those of a plug-in whose init()
     /// failed.
     QList<QPointer<BaseActivityListener>> listeners;
+    /// How many events are being reported inside one another.
+    int reporting = 0;
 };
