@@ -73,6 +73,9 @@ EContext::Result GoodsCommands::addSelectedGoods(control::Action& action)
     if (!selected.canConvert<SelectedGoods>()) {
         return EContext::NotFound;
     }
+    if (showIfObstacle(m_till.obstacleToChangingDocument())) {
+        return EContext::Stop;
+    }
     const int number = m_till.add(selected.value<SelectedGoods>());
     if (number == 0) {
         return EContext::Stop;

@@ -69,7 +69,7 @@ EContext::Result OpenDocumentCommands::changeQuantity(control::Action& action)
     params.manualOnly = true;
     const core::BasicDialog::Result result = Dialog::create()->showTextInput(params);
     const int packs = result.getData().toString().toInt();
-    if (result.canceled() || packs < 1) {
+    if (result.canceled() || packs < 1 || !isStillThere(position)) {
         return EContext::Stop;
     }
     m_till.setPacks(position->getNumber(), packs);
@@ -90,7 +90,7 @@ EContext::Result OpenDocumentCommands::askToRemovePosition(control::Action& acti
         {u"removeBoundYes"_s, u"Удалить"_s},
         {u"questionNo"_s, u"Нет"_s},
     };
-    if (position->isExternal() && !question.ask()) {
+    if (position->isExternal() && !(question.ask() && isStillThere(position))) {
         return EContext::Stop;
     }
     control::Action cancellation = Singleton<control::ActionFactory>::get()->create(control::RemovePosition);
@@ -110,7 +110,9 @@ EContext::Result OpenDocumentCommands::removePosition(control::Action& action)
 
 EContext::Result OpenDocumentCommands::askToCancelDocument(control::Action& action)
 {
-    if (!cancellingQuestion().ask()) {
+    const QSharedPointer<Document> document = m_till.document();
+    if (showIfObstacle(m_till.obstacleToChangingDocument()) || !cancellingQuestion(*document).ask() ||
+        m_till.document() != document) {
         return EContext::Stop;
     }
     const int by = action.value(u"by"_s, control::CancelDocument).toInt();
@@ -119,13 +121,12 @@ EContext::Result OpenDocumentCommands::askToCancelDocument(control::Action& acti
     return Singleton<ActionQueueController>::get()->execute(cancellation);
 }
 
-Question OpenDocumentCommands::cancellingQuestion() const
+Question OpenDocumentCommands::cancellingQuestion(const Document& document) const
 {
-    const Document& document = *m_till.document();
     const bool isReturn = document.isReturn();
     tr::Tr text(u"cancelReceiptQuestion"_s, u"Отменить чек № %1 на сумму %2?"_s);
     if (isReturn) {
-        text = isReturnBegun()
+        text = isReturnBegun(document)
                    ? tr::Tr(u"cancelBegunTakeBackQuestion"_s,
                             u"Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.\n"
                             "Правильно завершить его: «Нет», затем «Оплата».\nВсё равно отменить возврат?"_s)
@@ -142,10 +143,10 @@ Question OpenDocumentCommands::cancellingQuestion() const
 }
 
 /// True when a plug-in has already worked on a position: its data differs from the sale's.
-bool OpenDocumentCommands::isReturnBegun() const
+bool OpenDocumentCommands::isReturnBegun(const Document& document) const
 {
-    const auto& positions = m_till.document()->positions();
-    const QSharedPointer<Document> sale = m_till.archive().find(m_till.document()->getReturnedSale());
+    const auto& positions = document.positions();
+    const QSharedPointer<Document> sale = m_till.archive().find(document.getReturnedSale());
     return sale && std::any_of(positions.cbegin(), positions.cend(), [&sale](const auto& position) {
                const auto sold = sale->position(position->getNumber());
                return !sold || sold->toJson() != position->toJson();
@@ -167,7 +168,7 @@ EContext::Result OpenDocumentCommands::suspend(control::Action&)
 
 QSharedPointer<Position> OpenDocumentCommands::chosenPosition(const control::Action& action) const
 {
-    if (showIfObstacle(m_till.obstacleToChangingPositions())) {
+    if (showIfObstacle(m_till.obstacleToChangingDocument()) || showIfObstacle(m_till.obstacleToChangingPositions())) {
         return nullptr;
     }
     auto position = m_till.document()->position(action.value(u"positionNumber"_s).toInt());
@@ -175,4 +176,10 @@ QSharedPointer<Position> OpenDocumentCommands::chosenPosition(const control::Act
         showNotice({u"positionNotChosen"_s, u"Сначала выберите позицию чека."_s});
     }
     return position;
+}
+
+/// False when a plug-in removed the position while the cashier was asked.
+bool OpenDocumentCommands::isStillThere(const QSharedPointer<Position>& position) const
+{
+    return m_till.document() && m_till.document()->position(position->getNumber()) == position;
 }

@@ -27,8 +27,9 @@ private:
     EContext::Result suspend(control::Action& action);
 
     QSharedPointer<Position> chosenPosition(const control::Action& action) const;
-    Question cancellingQuestion() const;
-    bool isReturnBegun() const;
+    bool isStillThere(const QSharedPointer<Position>& position) const;
+    Question cancellingQuestion(const Document& document) const;
+    bool isReturnBegun(const Document& document) const;
 
     Till& m_till;
 };

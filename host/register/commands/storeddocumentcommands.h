@@ -34,4 +34,5 @@ private:
     Till& m_till;
     const ReceiptPrinter& m_printer;
     const PositionMarks& m_marks;
+    bool m_isVoiding = false; ///< meanwhile the plug-ins' triggers cannot change any stored document
 };
