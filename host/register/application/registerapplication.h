@@ -48,6 +48,8 @@ private:
     void resumeWork();
     void showPlugins();
     void checkCatalogue() const;
+    void showFailure(const QString& plugin, const tr::Tr& text);
+    [[noreturn]] void giveUp();
 
     CommandLine m_commandLine;
     std::unique_ptr<QLockFile> m_lockFile;
