@@ -1,17 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "activitynotifier.h"
 
+#include "caughtfailure.h"
 #include "listenerhost.h"
 #include "pluginscope.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 template struct Singleton<ActivityNotifier>;
+
+namespace
+{
+/// Events that are reported inside one another. More are a listener that answers an event with an event.
+constexpr int deepestEvent = 32;
+} // namespace
 
 ActivityNotifier::ActivityNotifier()
     : m_host(std::make_unique<ListenerHost>())
@@ -34,6 +43,12 @@ void ActivityNotifier::subscribe(BaseActivityListener* listener)
 
 void ActivityNotifier::notify(const Event& event)
 {
+    if (m_host->reporting >= deepestEvent) {
+        Log4Qt::LogManager::logger(u"activity"_s)
+            ->error(u"Not reported at such a depth: event "_s + QString::number(event.getCode()));
+        return;
+    }
+    const QScopedValueRollback reporting(m_host->reporting, m_host->reporting + 1);
     const QList<ListenerHost::Subscription> listeners = m_host->listeners;
     for (const auto& [listener, plugin] : listeners) {
         if (!listener) {
@@ -45,7 +60,8 @@ void ActivityNotifier::notify(const Event& event)
             listener->handleEvent(event);
         } catch (...) {
             Log4Qt::LogManager::logger(u"activity"_s)
-                ->error(name + u" failed in event "_s + QString::number(event.getCode()));
+                ->error(name + u" failed in event "_s + QString::number(event.getCode()) + u": "_s +
+                        caughtFailure().detail);
         }
     }
 }

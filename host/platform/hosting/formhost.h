@@ -6,6 +6,8 @@
 #include <QList>
 #include <QSharedPointer>
 
+#include <functional>
+
 class BasicForm;
 class BasicFormCreator;
 
@@ -32,4 +34,7 @@ struct FormHost {
     QList<QSharedPointer<BasicFormCreator>> creators;
     /// Null: every form is a window of its own. Not owned.
     FormStage* stage = nullptr;
+    /// Called when somebody catches everything and asks again while forms are being cancelled: only the end of the
+    /// process helps. Empty: the forms go on being cancelled.
+    std::function<void()> giveUp;
 };

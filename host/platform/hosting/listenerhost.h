@@ -18,4 +18,6 @@ struct ListenerHost {
 
     /// In the order of subscription. The host drops those of a plug-in whose init() failed.
     QList<Subscription> listeners;
+    /// How many events are being reported inside one another.
+    int reporting = 0;
 };

@@ -3,6 +3,7 @@
 
 #include "actionhandler.h"
 #include "actiontrigger.h"
+#include "sdkversion.h"
 
 #include <QList>
 #include <QtPlugin>
@@ -10,7 +11,8 @@
 /// The interface of a plug-in's root object, which is also a QObject.
 ///
 /// Loaded: the object exists and has registered nothing. Initialised: init() returned true. Inert: init() returned
-/// false or threw; the register uses no handler, trigger or form creator of it. See docs/plugin-lifecycle.md.
+/// false, or something threw before the plug-in was initialised; the register uses no handler, trigger or form creator
+/// of it. See docs/plugin-lifecycle.md.
 class AbstractPlugin
 {
 public:
@@ -26,5 +28,7 @@ public:
     virtual QList<ActionTrigger> getTriggers() const = 0;
 };
 
-#define AbstractPlugin_iid "example.register.AbstractPlugin"
+/// The id of this interface in this version of the platform. A plug-in names it in its metadata, or an id of its own
+/// that does not end in ".AbstractPlugin": then the library that it is linked with tells the version.
+#define AbstractPlugin_iid "example.register." REGISTER_SDK_VERSION ".AbstractPlugin"
 Q_DECLARE_INTERFACE(AbstractPlugin, AbstractPlugin_iid)

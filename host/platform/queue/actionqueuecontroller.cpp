@@ -2,16 +2,15 @@
 #include "actionqueuecontroller.h"
 
 #include "actionhost.h"
-#include "basicexception.h"
+#include "activitynotifier.h"
+#include "caughtfailure.h"
 #include "dialog.h"
 #include "graphicaluserinterface.h"
 #include "inputblocker.h"
+#include "listenerhost.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
-
-#include <exception>
-#include <typeinfo>
 
 using namespace Qt::StringLiterals;
 
@@ -20,37 +19,23 @@ template struct Singleton<ActionQueueController>;
 namespace
 {
 
-/// A waiting action checks this often whether the RestClient call has ended.
+/// A waiting action checks this often whether the RestClient call, or the event, has ended.
 constexpr std::chrono::milliseconds blockedRetry{20};
 
-/// For the cashier, when something other than a BasicException was thrown.
-tr::Tr internalError()
-{
-    return {u"actionInternalError"_s, u"Действие прервано из-за внутренней ошибки.\n"
-                                      "Повторите действие. Если ошибка повторится, обратитесь в службу поддержки."_s};
-}
+/// Actions that run inside one another. More are a hook that executes its own action.
+constexpr int deepestAction = 32;
 
 void logFailure(const QString& description)
 {
     Log4Qt::LogManager::logger(u"action"_s)->error(description);
 }
 
-/// Logs the exception that is being handled and returns its text for the cashier. A BasicException is logged by its key
-/// alone: its text may come from a server and name a patient.
+/// Logs the exception that is being handled and returns its text for the cashier.
 tr::Tr reportCaughtException()
 {
-    try {
-        throw;
-    } catch (const BasicException& exception) {
-        logFailure(u"Stopped by an exception with the message "_s + exception.tr().key());
-        return exception.tr();
-    } catch (const std::exception& exception) {
-        logFailure(u"Stopped by "_s + QString::fromLatin1(typeid(exception).name()) + u": "_s +
-                   QString::fromUtf8(exception.what()));
-    } catch (...) {
-        logFailure(u"Stopped by an exception of unknown type"_s);
-    }
-    return internalError();
+    const Failure caught = caughtFailure();
+    logFailure(u"Stopped by "_s + caught.detail);
+    return caught.text;
 }
 
 void showToCashier(const tr::Tr& message)
@@ -71,6 +56,13 @@ EContext::Result guarded(const std::function<EContext::Result()>& step)
         showToCashier(reportCaughtException());
         return EContext::Stop;
     }
+}
+
+/// True while listeners hear of an event: they are told what has happened, before anything else happens.
+bool isReporting()
+{
+    ActivityNotifier* notifier = Singleton<ActivityNotifier>::instance;
+    return notifier && notifier->host().reporting > 0;
 }
 
 bool waitsFor(ActionTrigger::Result expected, EContext::Result outcome)
@@ -122,6 +114,11 @@ EContext::Result ActionQueueController::execute(control::Action& action)
     if (InputBlocker::isActive() || (!allowed.isEmpty() && !allowed.contains(here))) {
         return EContext::Stop;
     }
+    if (isReporting() || m_depth >= deepestAction) {
+        logFailure(u"Not executed %1: action %2"_s.arg(isReporting() ? u"during an event"_s : u"at such a depth"_s)
+                       .arg(action.getType()));
+        return EContext::Stop;
+    }
     const Step handler = m_host->handlerOf(here, action.getType());
     if (!handler) {
         return EContext::NotFound;
@@ -171,6 +168,11 @@ bool ActionQueueController::isBusy() const
     return m_depth > 0 || !m_queue.isEmpty();
 }
 
+void ActionQueueController::dropWaiting()
+{
+    m_queue.clear();
+}
+
 void ActionQueueController::scheduleNext(std::chrono::milliseconds delay)
 {
     if (!m_next.isActive() && m_depth == 0 && !m_queue.isEmpty()) {
@@ -183,7 +185,7 @@ void ActionQueueController::runNext()
     if (m_depth > 0 || m_queue.isEmpty()) {
         return;
     }
-    if (InputBlocker::isActive()) {
+    if (InputBlocker::isActive() || isReporting()) {
         scheduleNext(blockedRetry);
         return;
     }
@@ -205,6 +207,11 @@ Finally ActionQueueController::enterAction()
 void ActionQueueController::leaveAction()
 {
     --m_depth;
+    const QPointer<ActionQueueController> self(this);
+    emit ended(m_depth);
+    if (!self) {
+        return;
+    }
     if (isBusy()) {
         scheduleNext();
     } else {

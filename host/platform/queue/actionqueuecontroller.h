@@ -19,8 +19,8 @@ class ActionHost;
 /// Runs actions: the triggers before an action, its handler, the triggers after it.
 ///
 /// One action runs at a time, except that a handler may execute() another one, and that a dialog answer (187) is always
-/// served at once. While a RestClient call runs, no action runs. An exception from a handler or trigger is caught,
-/// shown to the cashier, logged, and counts as EContext::Stop. Main thread.
+/// served at once. While a RestClient call runs, or listeners hear of an event, no action runs. An exception from a
+/// handler or trigger is caught, shown to the cashier, logged, and counts as EContext::Stop. Main thread.
 class REGISTERPLATFORM_EXPORT ActionQueueController : public QObject
 {
     Q_OBJECT
@@ -38,10 +38,11 @@ public:
 
     /// Runs an action now and returns its outcome; what the host's handler wrote is in `action` afterwards.
     ///
-    /// Stop when the context is not among the action's allowed ones or when a RestClient call runs; NotFound when
-    /// nobody handles it there: then no trigger runs either. The triggers before it run in order of priority; the
-    /// first that does not return GoOn ends the action, and its result is returned. The triggers after it run only
-    /// when the handler ran; their results change nothing.
+    /// Stop when the context is not among the action's allowed ones, when a RestClient call runs, when listeners hear
+    /// of an event, and when too many actions run inside one another; NotFound when nobody handles it there: then no
+    /// trigger runs either. The triggers before it run in order of priority; the first that does not return GoOn ends
+    /// the action, and its result is returned. The triggers after it run only when the handler ran; their results
+    /// change nothing.
     virtual EContext::Result execute(control::Action& action);
 
     /// Where the register is. A form on top counts as its own contextCode().
@@ -51,6 +52,10 @@ public:
     bool isHandled(control::EActionType type) const;
     /// True while an action runs or waits.
     bool isBusy() const;
+    /// How many actions run inside one another; 0 when none runs.
+    int depth() const { return m_depth; }
+    /// Forgets the actions that wait. For the host, before it ends.
+    void dropWaiting();
 
     /// The host's side; a plug-in has no use for it.
     ActionHost& host() { return *m_host; }
@@ -58,6 +63,9 @@ public:
 signals:
     /// No action runs or waits.
     void idle();
+    /// An action has come to its end, in whatever way.
+    /// @param depth how many actions still run
+    void ended(int depth);
     /// A trigger ended the action before its handler ran.
     /// @param result what the trigger returned: EContext::Stop, EContext::NotFound …
     void stopped(const control::Action& action, EContext::Result result);

@@ -10,6 +10,10 @@
         <translation>An internal error stopped this action.
 Try again. If it happens again, call support.</translation>
     </message>
+    <message id="formsEnded">
+        <source>Действие прервано: касса закрывается.</source>
+        <translation>The action was stopped: the register is being closed.</translation>
+    </message>
     <message id="saveFolderNotConfigured">
         <source>в настройках нет Register:data</source>
         <translation>Register:data is missing in the settings</translation>

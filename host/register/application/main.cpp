@@ -2,12 +2,20 @@
 #include "commandline.h"
 #include "configurationreport.h"
 #include "display.h"
+#include "guardedapplication.h"
+#include "pluginscope.h"
 #include "registerapplication.h"
 #include "startupfailure.h"
 
-#include <QApplication>
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QCoreApplication>
 
 #include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <optional>
 
 #include <sys/stat.h>
 
@@ -34,6 +42,41 @@ int check(const CommandLine& commandLine)
     const ConfigurationCheckResult result = checkConfiguration(commandLine);
     print(stdout, result.output);
     return result.isGood ? exitstatus::done : exitstatus::noConfiguration;
+}
+
+/// Where the process ends when nothing can be caught any more.
+struct End {
+    std::optional<int> exitStatus; ///< set when all that is left to do is to destroy objects
+};
+
+End& end()
+{
+    static End theEnd;
+    return theEnd;
+}
+
+/// An exception out of a destructor cannot be caught. At the end of the register it does no harm any more.
+[[noreturn]] void endUncaught()
+{
+    const QString plugin = PluginScope::current();
+    Log4Qt::LogManager::logger(u"register"_s)
+        ->error(u"An exception that cannot be caught ends the process; plug-in: "_s + plugin);
+    if (end().exitStatus) {
+        std::_Exit(*end().exitStatus);
+    }
+    std::abort();
+}
+
+/// @return the exit status
+int run(const CommandLine& commandLine)
+{
+    RegisterApplication registerApplication(commandLine);
+    if (const std::optional<StartupFailure> failure = registerApplication.start()) {
+        return report(*failure);
+    }
+    const int status = registerApplication.run();
+    end().exitStatus = status;
+    return status;
 }
 
 /// Needs no display, so that --help works everywhere.
@@ -67,10 +110,7 @@ int main(int argc, char** argv)
     if (const std::optional<StartupFailure> failure = chooseDisplay(!commandLine.scenario.isEmpty())) {
         return report(*failure);
     }
-    const QApplication application(argc, argv);
-    RegisterApplication registerApplication(commandLine);
-    if (const std::optional<StartupFailure> failure = registerApplication.start()) {
-        return report(*failure);
-    }
-    return registerApplication.run();
+    const GuardedApplication application(argc, argv);
+    std::set_terminate(endUncaught);
+    return run(commandLine);
 }

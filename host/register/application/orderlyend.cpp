@@ -54,6 +54,7 @@ void OrderlyEnd::followSession()
 /// first: what is called here may show a form, which the next round cancels.
 void OrderlyEnd::goOn()
 {
+    Singleton<ActionQueueController>::get()->dropWaiting(); // an action that queues itself would hold up the end
     const bool isBlocked = InputBlocker::isActive();
     if (!isBlocked && !isAtWork() && m_isSaved) {
         QCoreApplication::exit();

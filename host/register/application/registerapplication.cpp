@@ -13,6 +13,7 @@
 #include "formhost.h"
 #include "functionkey.h"
 #include "graphicaluserinterface.h"
+#include "guardedapplication.h"
 #include "inactivitylocker.h"
 #include "logsetup.h"
 #include "registerformcreator.h"
@@ -30,6 +31,7 @@
 #include <QTemporaryFile>
 #include <QTimer>
 
+#include <cstdlib>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -85,6 +87,7 @@ RegisterApplication::~RegisterApplication()
     gui->cancelForms();
     m_plugins.unload(*Singleton<ActionQueueController>::get());
     gui->host().stage = nullptr;
+    gui->host().giveUp = {};
     m_window.reset();
     DocumentWatcher::setCurrentDocument(nullptr);
 }
@@ -246,6 +249,11 @@ void RegisterApplication::openWindow()
     m_window = std::make_unique<RegisterWindow>(*m_till, m_marks, configuredFunctionKeys(*config), m_longWork,
                                                 config->getString(u"Register:unlockCode"_s));
     gui->host().stage = m_window.get();
+    gui->host().giveUp = [this] { giveUp(); };
+    if (auto* application = qobject_cast<GuardedApplication*>(qApp)) {
+        QObject::connect(application, &GuardedApplication::failed, m_window.get(),
+                         [this](const QString& plugin, const tr::Tr& text) { showFailure(plugin, text); });
+    }
     if (m_commandLine.windowSize.isValid()) {
         m_window->resize(m_commandLine.windowSize);
         m_window->show();
@@ -264,6 +272,7 @@ void RegisterApplication::resumeWork()
     showPlugins();
     showConfigurationProblems();
     m_till->restore(std::exchange(m_savedDocument, QSharedPointer<Document>()));
+    m_longWork.endAfterFailure(); // of a plug-in's start or of event 17
     if (m_till->document()) {
         m_window->statusLine().showWarning(documentwords::restored(*m_till->document()));
     }
@@ -319,4 +328,24 @@ void RegisterApplication::showPlugins()
         m_window->statusLine().showMessage(
             tr::Tr(u"pluginProblems"_s, u"Модуль не подключён: %1"_s).arg(m_plugins.problems().join(u"; "_s)).ui());
     }
+}
+
+/// In the status line: a message would keep the cashier from working, as often as it happens.
+void RegisterApplication::showFailure(const QString& plugin, const tr::Tr& text)
+{
+    m_longWork.endAfterFailure();
+    const QString words = text.ui().simplified();
+    m_window->statusLine().showWarning(
+        plugin.isEmpty() ? words
+                         : tr::Tr(u"pluginEventFailed"_s, u"Сбой модуля «%1». %2"_s).arg(plugin).arg(words).ui());
+}
+
+/// The open document was saved with its last change.
+void RegisterApplication::giveUp()
+{
+    Log4Qt::LogManager::logger(u"register"_s)
+        ->error(u"An action does not end although the register is being closed; the process ends"_s);
+    m_plugins.deinitialise();
+    m_lockFile.reset();
+    std::_Exit(exitstatus::actionWithoutEnd);
 }

@@ -54,6 +54,8 @@ private:
     void showConfigurationProblems();
     void followCatalogue();
     void showCatalogueFailure(const tr::Tr& message);
+    void showFailure(const QString& plugin, const tr::Tr& text);
+    [[noreturn]] void giveUp();
 
     TerminationSignal m_terminationSignal; ///< first: a signal does not interrupt what the destructor does
     CommandLine m_commandLine;

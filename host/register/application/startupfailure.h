@@ -21,4 +21,5 @@ inline constexpr int alreadyRunning = 5;
 inline constexpr int noScenario = 6;
 inline constexpr int noDisplay = 7;
 inline constexpr int damagedDocumentInTheWay = 8;
+inline constexpr int actionWithoutEnd = 9;
 } // namespace exitstatus

@@ -12,13 +12,18 @@
 inline QSharedPointer<Position> chosenPositionOrShow(const Till& till, const control::Action& action)
 {
     using namespace Qt::StringLiterals;
-    if (showIfObstacle(till.obstacleToChangingPositions())) {
+    if (showIfObstacle(till.obstacleToChangingDocument()) || showIfObstacle(till.obstacleToChangingPositions())) {
         return nullptr;
     }
-    const QSharedPointer<Document> document = till.document();
-    auto position = document ? document->position(action.value(u"positionNumber"_s).toInt()) : nullptr;
+    auto position = till.document()->position(action.value(u"positionNumber"_s).toInt());
     if (!position) {
         showNotice({u"positionNotChosen"_s, u"Сначала выберите позицию чека."_s});
     }
     return position;
+}
+
+/// False when a plug-in removed the position while the cashier was asked.
+inline bool isStillThere(const Till& till, const QSharedPointer<Position>& position)
+{
+    return till.document() && till.document()->position(position->getNumber()) == position;
 }

@@ -85,7 +85,7 @@ EContext::Result GoodsCommands::addSelectedGoods(control::Action& action)
         return EContext::NotFound;
     }
     const auto selected = value.value<SelectedGoods>();
-    if (!isPicked(selected) && !maySell(selected)) {
+    if (showIfObstacle(m_till.obstacleToChangingDocument()) || (!isPicked(selected) && !maySell(selected))) {
         return EContext::Stop;
     }
     const int number = m_till.add(selected);
@@ -117,7 +117,7 @@ EContext::Result GoodsCommands::changeQuantity(control::Action& action)
         return EContext::Stop;
     }
     const std::optional<int> packs = askPacks(*position);
-    if (!packs || !maySet(*position, *packs)) {
+    if (!packs || !isStillThere(m_till, position) || !maySet(*position, *packs)) {
         return EContext::Stop;
     }
     m_till.setPacks(position->getNumber(), *packs);

@@ -38,7 +38,7 @@ EContext::Result MenuCommands::showMenu(control::Action& action)
     }
     bool isChosen = false;
     const int chosen = askForm(MenuParams::eventCode, params).value(u"entry"_s).toInt(&isChosen);
-    if (!isChosen) {
+    if (!isChosen || chosen < 0 || chosen >= m_entries.size()) {
         return EContext::Stop;
     }
 

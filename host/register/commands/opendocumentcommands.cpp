@@ -81,7 +81,7 @@ EContext::Result OpenDocumentCommands::askToRemovePosition(control::Action& acti
         {u"removeBoundYes"_s, u"Удалить"_s},
         {u"questionNo"_s, u"Нет"_s},
     };
-    if (position->isExternal() && !question.ask()) {
+    if (position->isExternal() && !(question.ask() && isStillThere(m_till, position))) {
         return EContext::Stop;
     }
     control::Action cancellation = Singleton<control::ActionFactory>::get()->create(control::RemovePosition);
@@ -101,7 +101,9 @@ EContext::Result OpenDocumentCommands::removePosition(control::Action& action)
 
 EContext::Result OpenDocumentCommands::askToCancelDocument(control::Action& action)
 {
-    if (showIfObstacle(m_till.obstacleToCancelling()) || !cancellingQuestion().ask()) {
+    const QSharedPointer<Document> document = m_till.document();
+    if (showIfObstacle(m_till.obstacleToChangingDocument()) || showIfObstacle(m_till.obstacleToCancelling()) ||
+        !cancellingQuestion(*document).ask() || m_till.document() != document) {
         return EContext::Stop;
     }
     const int by = action.value(u"by"_s, control::CancelDocument).toInt();
@@ -110,13 +112,12 @@ EContext::Result OpenDocumentCommands::askToCancelDocument(control::Action& acti
     return Singleton<ActionQueueController>::get()->execute(cancellation);
 }
 
-Question OpenDocumentCommands::cancellingQuestion() const
+Question OpenDocumentCommands::cancellingQuestion(const Document& document) const
 {
-    const Document& document = *m_till.document();
     const bool isReturn = document.isReturn();
     tr::Tr text(u"cancelReceiptQuestion"_s, u"Отменить чек № %1 на сумму %2?"_s);
     if (isReturn) {
-        text = isReturnBegun()
+        text = isReturnBegun(document)
                    ? tr::Tr(u"cancelBegunTakeBackQuestion"_s,
                             u"Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.\n"
                             "Правильно завершить его: «Нет», затем «Оплата».\nВсё равно отменить возврат?"_s)
@@ -136,10 +137,10 @@ Question OpenDocumentCommands::cancellingQuestion() const
 }
 
 /// True when a plug-in has already worked on a position: its data differs from the sale's.
-bool OpenDocumentCommands::isReturnBegun() const
+bool OpenDocumentCommands::isReturnBegun(const Document& document) const
 {
-    const auto& positions = m_till.document()->positions();
-    const QSharedPointer<Document> sale = m_till.archive().find(m_till.document()->getReturnedSale());
+    const auto& positions = document.positions();
+    const QSharedPointer<Document> sale = m_till.archive().find(document.getReturnedSale());
     return sale && std::any_of(positions.cbegin(), positions.cend(), [&sale](const auto& position) {
                const auto sold = sale->position(position->getNumber());
                return !sold || sold->toJson() != position->toJson();

@@ -30,8 +30,8 @@ private:
 
     std::optional<Obstacle> obstacleBeforeHooks(const control::Action& action) const;
     QSharedPointer<Position> positionOf(const control::Action& action) const;
-    Question cancellingQuestion() const;
-    bool isReturnBegun() const;
+    Question cancellingQuestion(const Document& document) const;
+    bool isReturnBegun(const Document& document) const;
 
     Till& m_till;
     CardTransfers m_cards;

@@ -79,7 +79,7 @@ EContext::Result PaymentCommands::subtotalAndPayment(control::Action&)
 
 EContext::Result PaymentCommands::goOnTo(Till::Phase phase)
 {
-    if (showIfObstacle(m_till.obstacleToPayment())) {
+    if (showIfObstacle(m_till.obstacleToChangingDocument()) || showIfObstacle(m_till.obstacleToPayment())) {
         return EContext::Stop;
     }
     m_till.setPhase(phase);

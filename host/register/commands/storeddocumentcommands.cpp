@@ -13,6 +13,8 @@
 #include "registeraction.h"
 #include "returnparams.h"
 
+#include <QScopedValueRollback>
+
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -77,6 +79,11 @@ void StoredDocumentCommands::offer(ActionQueueController& controller)
         {registeraction::voidByNumber, Where::Everywhere, &Commands::voidByNumber},
     };
     offerCommands<Commands>(controller, *this, table);
+    for (const Command<Commands>& command : table) {
+        controller.host().setFrame(command.action, [this](control::Action&, const auto& course) {
+            return m_isVoiding ? EContext::Stop : course();
+        });
+    }
     // The frame does the voiding: during the triggers the document is the current one, and it is saved whatever they
     // return.
     controller.host().setHandler(control::VoidDocument, [](control::Action&) { return EContext::GoOn; });
@@ -213,9 +220,10 @@ EContext::Result StoredDocumentCommands::voidFrame(const control::Action& action
                                                    const std::function<EContext::Result()>& course)
 {
     const auto document = action.value(u"document"_s).value<QSharedPointer<AbstractDocument>>().dynamicCast<Document>();
-    if (!document || m_till.obstacleToVoiding(*document)) {
+    if (!document || m_isVoiding || m_till.obstacleToVoiding(*document)) {
         return document && showIfObstacle(m_till.obstacleOfPlugins(*document)) ? EContext::Stop : EContext::NotFound;
     }
+    const QScopedValueRollback voiding(m_isVoiding, true);
     EContext::Result result = EContext::Stop;
     m_till.withCurrentDocument(document, [&] {
         {

@@ -38,4 +38,5 @@ private:
     CardTransfers m_cards;
     const ReceiptPrinter& m_printer;
     const PositionMarks& m_marks;
+    bool m_isVoiding = false; ///< meanwhile the plug-ins' triggers cannot change any stored document
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "expected.h"
 #include "messagecatalogues.h"
 #include "positionmarks.h"
 
@@ -13,7 +14,7 @@
 
 class AbstractPlugin;
 class ActionQueueController;
-class QPluginLoader;
+class QFileInfo;
 
 /// The plug-ins of a folder, from loading to unloading. docs/plugin-lifecycle.md describes their states.
 class PluginHost
@@ -27,11 +28,15 @@ public:
     /// Loads and initialises every library of the folder, and adds its handlers and triggers to the controller.
     ///
     /// A folder with the plug-in's name beside its library holds its layouts, its translations and its position marks;
-    /// it may be missing. A library that cannot be used is logged, added to problems(), and skipped.
+    /// it may be missing. A library that cannot be used, also because something of it throws, is logged, added to
+    /// problems(), and skipped, and nothing that it registered stays. Links to one library count once.
     void load(const QString& folder, ActionQueueController& controller, PositionMarks& marks);
 
-    /// Removes the forms, handlers and triggers of all plug-ins, then unloads the plug-ins, the last one first.
+    /// Removes the forms, handlers and triggers of all plug-ins, calls each deinit(), and then destroys the plug-ins;
+    /// the last one is the first. An exception of a deinit() is logged, and the others go on.
     void unload(ActionQueueController& controller);
+    /// Calls each deinit() that was not called yet, as unload() does. For an end that leaves a plug-in on the stack.
+    void deinitialise();
 
     /// The names of the initialised plug-ins.
     QStringList active() const;
@@ -41,10 +46,15 @@ public:
 private:
     struct Loaded;
 
-    void loadLibrary(const QString& file, ActionQueueController& controller, PositionMarks& marks);
+    template <typename Entry>
+    static QList<Entry> callable(const QList<Entry>& entries, const Loaded& loaded);
+    bool isLoaded(const QString& file) const;
+    void loadPlugin(const QFileInfo& library, ActionQueueController& controller, PositionMarks& marks);
+    /// @return false when the plug-in wants to stay idle
+    Expected<bool> start(Loaded& loaded, const QString& resources, ActionQueueController& controller,
+                         PositionMarks& marks);
     void loadResources(const QString& folder, PositionMarks& marks);
-    void start(std::unique_ptr<Loaded> loaded, ActionQueueController& controller);
-    void addProblem(const QString& name, const QString& reason);
+    void addProblem(const QString& name, const Failure& reason);
 
     std::vector<std::unique_ptr<Loaded>> m_plugins;
     MessageCatalogues m_catalogues;

@@ -88,6 +88,9 @@ public:
     std::optional<Obstacle> obstacleToOpening() const;
     /// Why no other document can be opened: one is open.
     std::optional<Obstacle> obstacleToAnotherDocument() const;
+    /// Why nothing can be done with the open document: none is open. A command begins with one, and a plug-in's trigger
+    /// may have ended it.
+    std::optional<Obstacle> obstacleToChangingDocument() const;
     std::optional<Obstacle> obstacleToAddingGoods() const;
     std::optional<Obstacle> obstacleToChangingPositions() const;
     static std::optional<Obstacle> obstacleToChangingQuantity(const Position& position);

@@ -106,6 +106,15 @@ std::optional<Obstacle> Till::obstacleToAnotherDocument() const
                     tr::Tr(u"menuReceiptOpen"_s, u"сначала завершите чек № %1"_s).arg(number(*m_document))};
 }
 
+std::optional<Obstacle> Till::obstacleToChangingDocument() const
+{
+    if (m_document) {
+        return std::nullopt;
+    }
+    return Obstacle{{u"documentGone"_s, u"Чек уже не открыт: модуль закрыл его во время действия.\n"
+                                        "Проверьте чек в списке документов."_s}};
+}
+
 std::optional<Obstacle> Till::obstacleToAddingGoods() const
 {
     if (!m_document || !m_document->isReturn()) {

@@ -295,12 +295,44 @@ Is this number right?</translation>
         <translation>Wrong code. Enter it again.</translation>
     </message>
     <message id="pluginFolderMissing">
-        <source>нет такой папки</source>
-        <translation>there is no such folder</translation>
+        <source>нет такой папки. Проверьте параметр --plugins</source>
+        <translation>there is no such folder. Check the option --plugins</translation>
     </message>
     <message id="pluginForeign">
-        <source>это не модуль кассы</source>
-        <translation>this is not a plug-in of the register</translation>
+        <source>это не модуль кассы. Уберите файл из папки модулей</source>
+        <translation>this is not a plug-in of the register. Take the file out of the plug-in folder</translation>
+    </message>
+    <message id="pluginOtherVersion">
+        <source>модуль собран для интерфейса модулей версии %1, а у кассы версия %2. Установите модуль, собранный для этой кассы</source>
+        <translation>the plug-in was built for plug-in interface version %1, and the register has version %2. Install a plug-in that was built for this register</translation>
+    </message>
+    <message id="pluginNotLoaded">
+        <source>библиотека не загружается. Переустановите модуль</source>
+        <translation>the library cannot be loaded. Install the plug-in again</translation>
+    </message>
+    <message id="pluginTwice">
+        <source>модуль с таким именем уже подключён. Оставьте в папке модулей один</source>
+        <translation>a plug-in of this name is connected already. Leave one in the plug-in folder</translation>
+    </message>
+    <message id="pluginFailed">
+        <source>внутренняя ошибка модуля. Обратитесь в службу поддержки</source>
+        <translation>internal error of the plug-in. Call support</translation>
+    </message>
+    <message id="pluginEnded">
+        <source>Модуль «%1» завершил работу из-за внутренней ошибки.
+Перезапустите кассу.</source>
+        <translation>Plug-in “%1” has ended after an internal error.
+Restart the register.</translation>
+    </message>
+    <message id="pluginEventFailed">
+        <source>Сбой модуля «%1». %2</source>
+        <translation>Plug-in “%1” failed. %2</translation>
+    </message>
+    <message id="documentGone">
+        <source>Чек уже не открыт: модуль закрыл его во время действия.
+Проверьте чек в списке документов.</source>
+        <translation>The receipt is no longer open: a plug-in ended it during the action.
+Look at it in the list of documents.</translation>
     </message>
     <message id="receiptAlreadyOpen">
         <source>Чек № %1 уже открыт.

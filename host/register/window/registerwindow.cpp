@@ -160,6 +160,9 @@ void RegisterWindow::unwind(Unwinding purpose)
 /// A cancelled form may bring back the one before it, so that several rounds are needed until nothing is open.
 void RegisterWindow::goOnUnwinding()
 {
+    if (m_unwinding == Unwinding::ToClose) { // an action that queues itself would hold up the end
+        Singleton<ActionQueueController>::get()->dropWaiting();
+    }
     const bool blocked = InputBlocker::isActive();
     if (blocked || isAtWork()) {
         QTimer::singleShot(unwindingRound, this, &RegisterWindow::goOnUnwinding);

@@ -2,6 +2,7 @@
 #include "graphicaluserinterface.h"
 
 #include "askform.h"
+#include "basicexception.h"
 #include "finally.h"
 #include "formhost.h"
 #include "inputblocker.h"
@@ -27,6 +28,9 @@ core::BasicDialog::Result noAnswer()
 {
     return {QVariantMap{{u"data"_s, -1}, {u"status"_s, -1}}, true};
 }
+
+/// More forms in a row are not cancelled one by one: somebody asks again and again.
+constexpr int mostCancelledInARow = 50;
 
 /// Cancels the forms before the application quits.
 class QuitWatcher : public QObject
@@ -57,6 +61,7 @@ struct GraphicalUserInterface::Shown {
     QSharedPointer<BasicForm> form;
     QEventLoop loop;
     core::BasicDialog::Result result;
+    std::exception_ptr fault; ///< thrown instead of returning the result
     bool isAnswered = false;
 
     void finish(const core::BasicDialog::Result& answer)
@@ -67,6 +72,22 @@ struct GraphicalUserInterface::Shown {
         result = answer;
         isAnswered = true;
         loop.quit();
+    }
+    void fail(const std::exception_ptr& exception)
+    {
+        if (!isAnswered) {
+            fault = exception;
+            finish(noAnswer());
+        }
+    }
+    bool owns(const QObject& object) const
+    {
+        for (const QObject* owner = &object; owner; owner = owner->parent()) {
+            if (owner == form.data() || owner == form->rootWidget()) {
+                return true;
+            }
+        }
+        return false;
     }
 };
 
@@ -86,9 +107,15 @@ void GraphicalUserInterface::addFormCreator(const QSharedPointer<BasicFormCreato
 
 QSharedPointer<BasicForm> GraphicalUserInterface::createForm(const Event& event) const
 {
-    for (const QSharedPointer<BasicFormCreator>& creator : m_host->creators) {
-        if (QSharedPointer<BasicForm> form = creator->create(event)) {
-            return form;
+    std::exception_ptr fault;
+    const QList<QSharedPointer<BasicFormCreator>> creators = m_host->creators;
+    for (const QSharedPointer<BasicFormCreator>& creator : creators) {
+        try {
+            if (QSharedPointer<BasicForm> form = creator->create(event)) {
+                return form;
+            }
+        } catch (...) {
+            fault = fault ? fault : std::current_exception();
         }
     }
     switch (event.getCode()) {
@@ -97,6 +124,9 @@ QSharedPointer<BasicForm> GraphicalUserInterface::createForm(const Event& event)
     case EActivityListener::ShowTextInput:
         return QSharedPointer<TextInputForm>::create(formParams<TextInputParams>(event));
     default:
+        if (fault) {
+            std::rethrow_exception(fault);
+        }
         return nullptr;
     }
 }
@@ -117,8 +147,11 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
 
     Shown shown;
     shown.form = form;
-    const auto dismissal =
-        QObject::connect(form.data(), &BasicForm::dismissed, &shown.loop, [&shown] { shown.finish(noAnswer()); });
+    const auto dismiss = [&shown] { shown.finish(noAnswer()); };
+    const auto dismissal = QObject::connect(form.data(), &BasicForm::dismissed, &shown.loop, dismiss);
+    if (form->rootWidget()) { // without it nobody could answer
+        QObject::connect(form->rootWidget(), &QObject::destroyed, &shown.loop, dismiss);
+    }
     m_shown.append(&shown);
     const Finally leave([&] {
         m_shown.removeOne(&shown);
@@ -141,11 +174,17 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
         root->activateWindow();
     }
     form->show();
+    if (m_host->stage && !form->rootWidget()) { // nobody can see it
+        dismiss();
+    }
     if (!shown.isAnswered) {
         shown.loop.exec();
     }
     // The loop may have been ended with all others: the application is about to end.
     cancel(shown);
+    if (shown.fault) {
+        std::rethrow_exception(shown.fault);
+    }
     return shown.result;
 }
 
@@ -157,6 +196,7 @@ void GraphicalUserInterface::answer(const control::Action& action)
 void GraphicalUserInterface::answer(const QVariantMap& values)
 {
     Shown* const asked = m_cancelling ? m_cancelling : m_shown.isEmpty() ? nullptr : m_shown.last();
+    m_cancelledInARow = m_cancelling ? m_cancelledInARow : 0;
     if (asked) {
         asked->finish({values, false});
     }
@@ -182,11 +222,37 @@ void GraphicalUserInterface::cancelForms()
     }
 }
 
+bool GraphicalUserInterface::fail(const QObject& source, const std::exception_ptr& exception)
+{
+    for (auto shown = m_shown.crbegin(); shown != m_shown.crend(); ++shown) {
+        if (!(*shown)->isAnswered && (*shown)->owns(source)) {
+            (*shown)->fail(exception);
+            return true;
+        }
+    }
+    return false;
+}
+
+/// A caller that asks again whenever it is cancelled must not keep the register from ending.
 void GraphicalUserInterface::cancel(Shown& shown)
 {
     if (shown.isAnswered) {
         return;
     }
+    ++m_cancelledInARow;
+    if (m_cancelledInARow > 2 * mostCancelledInARow && m_host->giveUp) {
+        m_host->giveUp();
+    }
+    if (m_cancelledInARow > mostCancelledInARow) {
+        shown.fail(
+            std::make_exception_ptr(BasicException({u"formsEnded"_s, u"Действие прервано: касса закрывается."_s})));
+    } else {
+        close(shown);
+    }
+}
+
+void GraphicalUserInterface::close(Shown& shown)
+{
     const QScopedValueRollback<Shown*> answers(m_cancelling, &shown);
     if (QWidget* root = shown.form->rootWidget()) {
         QCloseEvent close;

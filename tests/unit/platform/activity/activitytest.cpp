@@ -209,6 +209,20 @@ TEST(ActivityNotifier, listenerThrows_isLoggedAndOthersHearTheEvent)
     const LogCapture log;
     EXPECT_NO_THROW(notifier.notify(opened));
     EXPECT_EQ(last.codes, QList<int>{10});
-    const QString line = u"ERROR activity BaseActivityListener failed in event 10"_s;
-    EXPECT_EQ(log.lines(), QStringList({line, line}));
+    const QString line = u"ERROR activity BaseActivityListener failed in event 10: an exception of the type "_s;
+    EXPECT_EQ(log.lines(), QStringList({line + u"std::runtime_error"_s, line + u"int"_s}));
+}
+
+TEST(ActivityNotifier, listenerAnswersEveryEventWithAnEvent_endsAndOthersHearTheEvent)
+{
+    ActivityNotifier notifier;
+    Listener answering([&notifier](const Event& event) { notifier.notify(event); });
+    Listener last;
+    notifier.subscribe(&answering);
+    notifier.subscribe(&last);
+    notifier.notify(opened);
+    EXPECT_EQ(last.codes.last(), 10);
+    const auto heard = last.codes.size();
+    notifier.notify(opened);
+    EXPECT_EQ(last.codes.size(), 2 * heard) << "the next event is reported as the first one was";
 }

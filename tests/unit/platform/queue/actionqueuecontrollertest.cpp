@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "actionqueuecontroller.h"
 #include "actionhost.h"
+#include "activitynotifier.h"
 #include "basicexception.h"
 #include "basicform.h"
 #include "dialogdouble.h"
@@ -17,6 +18,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -245,13 +247,14 @@ TEST_F(ActionQueue, triggerThrowsBasicException_cashierReadsItsTextAndActionStop
 TEST_F(ActionQueue, handlerThrowsStandardException_isShownLoggedAndCountsAsStop)
 {
     m_controller->host().setHandler(ownCommand,
-                                    [](Action&) -> EContext::Result { throw std::runtime_error("too long"); });
+                                    [](Action&) -> EContext::Result { throw std::runtime_error("Иванов"); });
     addTrigger(ActionTrigger::After, u"failed"_s, 1, EContext::GoOn, ActionTrigger::Failed);
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
     ASSERT_EQ(m_dialog.messages().size(), 1);
     EXPECT_TRUE(m_dialog.messages().first().text.contains(u"внутренней ошибки"_s));
-    EXPECT_TRUE(log.text().contains(u"too long"_s)) << log.text().toStdString();
+    EXPECT_EQ(log.lines(), QStringList(u"ERROR action Stopped by an exception of the type std::runtime_error"_s))
+        << "what() may name a patient";
     EXPECT_EQ(m_steps, words("failed"));
 }
 
@@ -261,7 +264,7 @@ TEST_F(ActionQueue, handlerThrowsNumber_isShownLoggedAndCountsAsStop)
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
     EXPECT_EQ(m_dialog.messages().size(), 1);
-    EXPECT_TRUE(log.text().contains(u"unknown type"_s)) << log.text().toStdString();
+    EXPECT_TRUE(log.text().contains(u"the type int"_s)) << log.text().toStdString();
 }
 
 TEST_F(ActionQueue, messageItselfThrows_isLoggedAndCountsAsStop)
@@ -270,7 +273,7 @@ TEST_F(ActionQueue, messageItselfThrows_isLoggedAndCountsAsStop)
     m_controller->host().setHandler(ownCommand, [](Action&) -> EContext::Result { throw 42; });
     const LogCapture log;
     EXPECT_EQ(execute(ownCommand), EContext::Stop);
-    EXPECT_TRUE(log.text().contains(u"no screen"_s));
+    EXPECT_TRUE(log.text().contains(u"std::runtime_error"_s)) << log.text().toStdString();
 }
 
 TEST_F(ActionQueue, afterTriggerThrows_outcomeStays)
@@ -673,5 +676,74 @@ TEST_F(ActionQueue, controllerDeletedByHandler_outcomeIsReturned)
     addTrigger(ActionTrigger::After, u"after"_s, 1);
     Action action(ownCommand);
     EXPECT_EQ(controller->execute(action), EContext::NotFound);
+    EXPECT_TRUE(m_steps.isEmpty());
+}
+
+TEST_F(ActionQueue, hookExecutesItsOwnAction_stopsAtSomeDepthAndTheNextActionRuns)
+{
+    int depth = 0;
+    m_controller->host().addTrigger({EContext::Idle, ownCommand, ActionTrigger::Before,
+                                     [&](const Action&) {
+                                         depth = std::max(depth, m_controller->depth());
+                                         return execute(ownCommand);
+                                     },
+                                     ActionTrigger::Any, 1});
+    hostServes(ownCommand);
+    hostServes(otherCommand);
+    const LogCapture log;
+    EXPECT_EQ(execute(ownCommand), EContext::Stop);
+    EXPECT_EQ(depth, 32);
+    EXPECT_EQ(log.lines(), QStringList(u"ERROR action Not executed at such a depth: action 1000"_s));
+    EXPECT_EQ(m_controller->depth(), 0);
+    EXPECT_EQ(execute(otherCommand), EContext::GoOn);
+    EXPECT_EQ(m_steps, words("action"));
+}
+
+TEST_F(ActionQueue, listenerExecutesAnAction_stopsAndAQueuedOneRunsAfterTheEvent)
+{
+    class Executing : public BaseActivityListener
+    {
+    public:
+        void handleEvent(const Event&) override
+        {
+            Action action(ownCommand);
+            outcome = controller->execute(action);
+            controller->enqueue(Action(otherCommand), false);
+            QCoreApplication::processEvents();
+        }
+
+        ActionQueueController* controller = nullptr;
+        EContext::Result outcome = EContext::GoOn;
+    };
+    const Own<ActivityNotifier> notifier;
+    Executing listener;
+    listener.controller = m_controller.get();
+    Singleton<ActivityNotifier>::get()->subscribe(&listener);
+    hostServes(ownCommand);
+    hostServes(otherCommand);
+    Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::DocumentOpened));
+    EXPECT_EQ(listener.outcome, EContext::Stop);
+    EXPECT_TRUE(m_steps.isEmpty());
+    EXPECT_TRUE(waitUntilIdle());
+    EXPECT_EQ(m_steps, words("action"));
+}
+
+TEST_F(ActionQueue, actionEnded_isReportedWithHowManyStillRun)
+{
+    QList<int> depths;
+    QObject::connect(m_controller.get(), &ActionQueueController::ended, [&](int depth) { depths.append(depth); });
+    m_controller->host().setHandler(ownCommand, [this](Action&) { return execute(otherCommand); });
+    m_controller->host().setHandler(otherCommand, [](Action&) -> EContext::Result { throw 42; });
+    execute(ownCommand);
+    EXPECT_EQ(depths, QList<int>({1, 0}));
+}
+
+TEST_F(ActionQueue, waitingActionsDropped_noneOfThemRuns)
+{
+    hostServes(ownCommand);
+    m_controller->enqueue(Action(ownCommand), false);
+    m_controller->dropWaiting();
+    EXPECT_FALSE(m_controller->isBusy());
+    QTest::qWait(1);
     EXPECT_TRUE(m_steps.isEmpty());
 }

@@ -490,3 +490,65 @@ TEST_F(RegisterProgram, touchAlone_putsGoodsOnTheDocument)
               0)
         << qPrintable(output);
 }
+
+/// A plug-in that misbehaves, in the program: tests/unit/register/plugins/mischievousplugin.h.
+class RegisterWithMischief : public RegisterProgram
+{
+protected:
+    RegisterWithMischief()
+    {
+        write("register.ini", "[Register]\ndemoData=true\n[FunctionKeys]\nkeys=mischief\n"
+                              "[FunctionKey.mischief]\ntext=M\nkey=F6\naction=5001\n");
+        EXPECT_TRUE(QFile::link(QString::fromUtf8(MISCHIEVOUS_PLUGIN), path("plugins/libmischievous_plugin.so")));
+    }
+    void arrange(const QString& mischief) { environment.insert(u"MISCHIEF"_s, mischief); }
+    QString log() const
+    {
+        QFile file(path("data/log/register.log"));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
+    static constexpr auto sale = R"({"type": "2990000000019"}, {"key": "Return"},
+                                    {"receipt": {"positions": [{"quantity": 1}]}})";
+};
+
+TEST_F(RegisterWithMischief, destructorThrows_isLoggedWithTheNameAndTheExitStatusIsTheUsualOne)
+{
+    arrange(u"destructor throwStandard"_s);
+    EXPECT_EQ(play(QByteArray("[") + sale + "]"), 0) << qPrintable(output);
+    EXPECT_TRUE(log().contains(u"ends the process; plug-in: mischievous_plugin"_s)) << qPrintable(log());
+    EXPECT_EQ(savedDocument().value(u"positions"_s).toArray().size(), 1);
+}
+
+TEST_F(RegisterWithMischief, constructorThrows_isNamedInTheStatusLineAndTheRegisterSells)
+{
+    arrange(u"constructor throwStandard"_s);
+    EXPECT_EQ(
+        play(QByteArray(R"([{"contains": "mischievous_plugin: внутренняя ошибка", "in": "statusMessageLabel"},)") +
+             sale + "]"),
+        0)
+        << qPrintable(output);
+}
+
+TEST_F(RegisterWithMischief, timerThrows_isNamedInTheStatusLineAndTheRegisterSells)
+{
+    arrange(u"timer throwForCashier"_s);
+    EXPECT_EQ(play(QByteArray("[") + sale +
+                   R"(, {"key": "F6"}, {"expect": "Сбой модуля «mischievous_plugin». Шалость удалась",
+                        "in": "statusMessageLabel"}, {"type": "2990000000019"}, {"key": "Return"},
+                       {"receipt": {"positions": [{"quantity": 1}, {"quantity": 1}]}}])"),
+              0)
+        << qPrintable(output);
+}
+
+TEST_F(RegisterWithMischief, commandDoesNotEndWhenTheWindowIsClosed_endsWithStatusNineAndTheDocumentIsSaved)
+{
+    arrange(u"askForEverAndSwallow"_s);
+    EXPECT_EQ(
+        play(QByteArray("[") + sale +
+             R"(, {"key": "F6"}, {"wait": "mischievousForm"}, {"close": true}, {"wait": "nothing", "seconds": 60}])"),
+        9)
+        << qPrintable(output);
+    EXPECT_TRUE(log().contains(u"does not end"_s)) << qPrintable(log());
+    EXPECT_EQ(savedDocument().value(u"positions"_s).toArray().size(), 1);
+}

@@ -280,3 +280,82 @@ TEST_F(OpenDocumentCommandsTest, returnDocumentBegunByAPlugin_theQuestionAdvises
     EXPECT_TRUE(question.contains(u"«Оплата»"_s));
     EXPECT_TRUE(till->document());
 }
+
+/// Commands whose document a plug-in's trigger ends before their own part.
+class DocumentEndedByAHook : public OpenDocumentCommandsTest, public ::testing::WithParamInterface<control::EActionType>
+{
+};
+
+TEST_P(DocumentEndedByAHook, commandSaysSoAndStops)
+{
+    for (const auto end : {control::CancelDocument, registeraction::suspend}) {
+        till->add(article(amoxidar));
+        addHook(EContext::OpenDocument, GetParam(), [this, end](const control::Action&) {
+            if (till->document()) {
+                control::Action ending(end);
+                controller.object.execute(ending);
+            }
+            return EContext::GoOn;
+        });
+        const DialogDouble dialog;
+        EXPECT_NE(run(GetParam(), {{u"positionNumber"_s, 1}, {u"result"_s, QVariant::fromValue(article(amoxidar))}}),
+                  EContext::GoOn);
+        EXPECT_FALSE(till->document());
+        ASSERT_EQ(dialog.messages().size(), 1);
+        EXPECT_EQ(dialog.messages().first().text,
+                  u"Чек уже не открыт: модуль закрыл его во время действия.\nПроверьте чек в списке документов."_s);
+        controller.object.host().removePluginEntries();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(, DocumentEndedByAHook,
+                         ::testing::Values(control::Subtotal, control::SubtotalAndPayment, control::RemovePosition,
+                                           control::AddSelectedGoods, registeraction::changeQuantity,
+                                           registeraction::askToRemovePosition, registeraction::askToCancelDocument),
+                         [](const auto& row) { return "action" + std::to_string(row.param); });
+
+TEST_F(OpenDocumentCommandsTest, hookEndsTheDocument_whatOnlyEndsItStopsQuietly)
+{
+    for (const auto type : {control::CancelDocument, control::CancelDocumentFromMenu, registeraction::suspend,
+                            registeraction::pay, registeraction::backToPositions}) {
+        till->add(article(amoxidar));
+        till->setPhase(Till::Phase::Payment);
+        bool isEnded = false;
+        addHook(EContext::OpenDocument, type, [&](const control::Action&) {
+            isEnded = isEnded || till->cancel();
+            return EContext::GoOn;
+        });
+        const DialogDouble dialog;
+        run(type);
+        EXPECT_FALSE(till->document()) << type;
+        EXPECT_TRUE(dialog.messages().isEmpty()) << type;
+        EXPECT_EQ(controller.object.context(), EContext::Idle) << type;
+        controller.object.host().removePluginEntries();
+    }
+}
+
+TEST_F(OpenDocumentCommandsTest, positionRemovedDuringTheQuestion_anotherOneOfItsNumberStays)
+{
+    till->add(article(amoxidar));
+    cashier.onForm(u"textInputForm"_s, [this](QWidget& root) {
+        till->cancel();
+        till->add(article(amoxidar));
+        root.findChild<QLineEdit*>(u"inputLineEdit"_s)->setText(u"7"_s);
+        press(root, "okButton");
+    });
+    EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::Stop);
+    EXPECT_EQ(till->document()->position(1)->getQuantity(), 1.0);
+}
+
+TEST_F(OpenDocumentCommandsTest, documentChangesDuringTheQuestion_theNextOneIsNotCancelled)
+{
+    till->add(article(amoxidar));
+    cashier.onForm(u"questionForm"_s, [this](QWidget& root) {
+        till->suspend();
+        till->add(article(amoxidar));
+        press(root, "yesButton");
+    });
+    EXPECT_EQ(run(registeraction::askToCancelDocument), EContext::Stop);
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->document()->getNumber(), 2);
+}

@@ -362,6 +362,34 @@ TEST_F(StoredDocumentCommandsTest, hookThrows_isShownAndCountsAsStop)
     EXPECT_EQ(current(), till->document());
 }
 
+TEST_F(StoredDocumentCommandsTest, hookOfVoidingChangesStoredDocuments_stopsAndTheVoidingGoesOn)
+{
+    const auto document = archived(sold());
+    for (const auto type : {registeraction::returnSale, registeraction::voidByNumber, registeraction::showDocuments}) {
+        addHook(EContext::Idle, control::VoidDocument, [this, type](const control::Action&) {
+            control::Action inner(type);
+            inner.insert(u"number"_s, 1);
+            EXPECT_EQ(controller.object.execute(inner), EContext::Stop) << type;
+            return EContext::GoOn;
+        });
+    }
+    EXPECT_EQ(run(control::VoidDocument, carrying(document)), EContext::GoOn);
+    EXPECT_FALSE(till->document());
+    EXPECT_EQ(archived(1)->getState(), Document::State::Voided);
+}
+
+TEST_F(StoredDocumentCommandsTest, hookOfVoidingVoidsTheSame_isNotFoundAndTheVoidingGoesOn)
+{
+    const auto document = archived(sold());
+    addHook(EContext::Idle, control::VoidDocument, [this, document](const control::Action& carried) {
+        control::Action again = carried;
+        EXPECT_EQ(controller.object.execute(again), EContext::NotFound);
+        return EContext::GoOn;
+    });
+    EXPECT_EQ(run(control::VoidDocument, carrying(document)), EContext::GoOn);
+    EXPECT_EQ(archived(1)->getState(), Document::State::Voided);
+}
+
 class DocumentList : public StoredDocumentCommandsTest
 {
 protected:

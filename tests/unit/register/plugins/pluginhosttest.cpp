@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pluginhost.h"
+#include "abstractplugin.h"
 #include "cardterminalhost.h"
 #include "cardterminals.h"
 #include "formhost.h"
@@ -129,7 +130,7 @@ TEST_F(PluginHostTest, throwingPlugin_isShownAndStaysIdle)
 TEST_F(PluginHostTest, foreignPlugin_isShownAndSkipped)
 {
     load(folderOf("foreign_plugin"));
-    EXPECT_EQ(host.problems(), QStringList{u"foreign_plugin: это не модуль кассы"_s});
+    EXPECT_EQ(host.problems(), QStringList{u"foreign_plugin: это не модуль кассы. Уберите файл из папки модулей"_s});
     host.unload(controller.object);
 }
 
@@ -144,7 +145,7 @@ TEST_F(PluginHostTest, garbageInTheFolder_isShownAndTheRestIsLoaded)
                             plugins.filePath(u"libwilling_plugin.so"_s)));
     load(plugins.path());
     ASSERT_EQ(host.problems().size(), 1);
-    EXPECT_TRUE(host.problems().first().startsWith(u"broken: "_s));
+    EXPECT_EQ(host.problems().first(), u"broken: библиотека не загружается. Переустановите модуль"_s);
     EXPECT_EQ(host.active(), QStringList{u"willing_plugin"_s});
     host.unload(controller.object);
 }
@@ -173,7 +174,7 @@ TEST_F(PluginHostTest, folderMissing_isShown)
 {
     load(folder.filePath(u"absent"_s));
     ASSERT_EQ(host.problems().size(), 1);
-    EXPECT_TRUE(host.problems().first().endsWith(u"нет такой папки"_s));
+    EXPECT_TRUE(host.problems().first().endsWith(u"нет такой папки. Проверьте параметр --plugins"_s));
 }
 
 TEST_F(PluginHostTest, emptyFolder_isFine)
@@ -182,4 +183,62 @@ TEST_F(PluginHostTest, emptyFolder_isFine)
     load(empty.path());
     EXPECT_TRUE(host.problems().isEmpty());
     EXPECT_TRUE(host.active().isEmpty());
+}
+
+class PluginOfAnotherVersion : public PluginHostTest, public ::testing::WithParamInterface<const char*>
+{
+};
+
+TEST_P(PluginOfAnotherVersion, isRefusedWithBothVersionsBeforeItsObjectIsMade)
+{
+    qApp->setProperty("otherSdkPluginMade", false);
+    load(folderOf(GetParam()));
+    ASSERT_EQ(host.problems().size(), 1);
+    EXPECT_EQ(host.problems().first(),
+              QLatin1StringView(GetParam()) +
+                  u": модуль собран для интерфейса модулей версии 0, а у кассы версия %1. Установите модуль, "
+                  "собранный для этой кассы"_s.arg(QLatin1StringView(REGISTER_SDK_VERSION)));
+    EXPECT_EQ(qApp->property("otherSdkPluginMade"), false);
+    EXPECT_TRUE(host.active().isEmpty());
+    host.unload(controller.object);
+}
+
+INSTANTIATE_TEST_SUITE_P(, PluginOfAnotherVersion, ::testing::Values("other_id_plugin", "other_link_plugin"),
+                         [](const auto& row) { return std::string(row.param); });
+
+TEST_F(PluginHostTest, foreignPlugin_noObjectOfItIsMade)
+{
+    qApp->setProperty("foreignPluginMade", false);
+    load(folderOf("foreign_plugin"));
+    EXPECT_EQ(qApp->property("foreignPluginMade"), false);
+}
+
+TEST_F(PluginHostTest, libraryWithVersionLinks_isInitialisedOnce)
+{
+    const QDir plugins(folder.path());
+    const QString real = plugins.filePath(u"libwilling_plugin.so.1.0"_s);
+    ASSERT_TRUE(QFile::copy(folderOf("willing_plugin") + u"/libwilling_plugin.so"_s, real));
+    for (const char* link : {"libwilling_plugin.so", "libwilling_plugin.so.1"}) {
+        ASSERT_TRUE(QFile::link(real, plugins.filePath(QLatin1StringView(link))));
+    }
+    load(plugins.path());
+    EXPECT_EQ(shown(), QStringList{u"init"_s});
+    EXPECT_EQ(host.active(), QStringList{u"willing_plugin"_s});
+    EXPECT_TRUE(host.problems().isEmpty()) << qPrintable(host.problems().join(u'\n'));
+    host.unload(controller.object);
+    EXPECT_EQ(shown(), (QStringList{u"init"_s, u"deinit"_s, u"destroyed"_s}));
+}
+
+TEST_F(PluginHostTest, twoLibrariesOfOneName_theFirstIsUsedAndTheSecondIsShown)
+{
+    const QDir plugins(folder.path());
+    for (const char* copy : {"libwilling_plugin.so", "libwilling_plugin.so.1"}) {
+        ASSERT_TRUE(QFile::copy(folderOf("willing_plugin") + u"/libwilling_plugin.so"_s,
+                                plugins.filePath(QLatin1StringView(copy))));
+    }
+    load(plugins.path());
+    EXPECT_EQ(shown(), QStringList{u"init"_s});
+    EXPECT_EQ(host.problems(), QStringList(u"willing_plugin: модуль с таким именем уже подключён. Оставьте в папке "
+                                           "модулей один"_s));
+    host.unload(controller.object);
 }
