@@ -23,7 +23,7 @@ void PositionTableModel::refresh(const QSharedPointer<Document>& document)
     QList<Row> rows;
     if (document) {
         for (const QSharedPointer<Position>& position : document->positions()) {
-            rows.append({position->getNumber(), position->getName(), position->getQuantity(),
+            rows.append({position->getNumber(), int(rows.size()) + 1, position->getName(), position->getQuantity(),
                          kopecks(position->getInitialPrice()), kopecks(position->getPrice()), position->getSum(),
                          m_marks.look(*position)});
         }
@@ -145,7 +145,7 @@ QString PositionTableModel::text(const Row& row, int column) const
 {
     switch (column) {
     case Number:
-        return QString::number(row.number);
+        return QString::number(row.line);
     case Name:
         return row.name;
     case Mark:

@@ -231,9 +231,9 @@ Call the administrator.</translation>
         <translation>Choose a position of the receipt first.</translation>
     </message>
     <message id="positionBound">
-        <source>Позиция № %1 отпускается по документу, её количество и цена не меняются.
+        <source>Позиция «%1» отпускается по документу, её количество и цена не меняются.
 Чтобы отпустить другое количество, удалите позицию и отпустите её заново.</source>
-        <translation>Position No. %1 is dispensed on a document; its quantity and price do not change.
+        <translation>The position “%1” is dispensed on a document; its quantity and price do not change.
 To dispense another quantity remove the position and dispense it anew.</translation>
     </message>
     <message id="receiptColumnNumber">
@@ -543,11 +543,11 @@ Sell them all the same?</translation>
         <translation>Remove position</translation>
     </message>
     <message id="removeBoundQuestion">
-        <source>Позиция № %1 отпускается по документу:
-%2
+        <source>Позиция отпускается по документу:
+%1
 Удалить её и отменить отпуск?</source>
-        <translation>Position No. %1 is dispensed on a document:
-%2
+        <translation>The position is dispensed on a document:
+%1
 Remove it and cancel the dispensing?</translation>
     </message>
     <message id="removeBoundYes">
