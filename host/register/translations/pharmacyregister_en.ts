@@ -681,8 +681,8 @@ Check that the right row is chosen and try again. If that does not help, call th
         <translation>Back</translation>
     </message>
     <message id="documentsFilterHint">
-        <source>Номер, состояние или название товара</source>
-        <translation>Number, state or name of goods</translation>
+        <source>Номер, день (29.02.2024), состояние или товар</source>
+        <translation>Number, day (29.02.2024), state or goods</translation>
     </message>
     <message id="documentsFilter">
         <source>Поиск документа</source>
@@ -717,8 +717,8 @@ Check that the right row is chosen and try again. If that does not help, call th
         <translation>There are no documents put aside or finished.</translation>
     </message>
     <message id="documentsNotFound">
-        <source>Ничего не найдено. Измените строку поиска.</source>
-        <translation>Nothing was found. Change the search.</translation>
+        <source>Ничего не найдено. Измените строку поиска; давние документы ищут по номеру или дню.</source>
+        <translation>Nothing was found. Change the search; old documents are found by number or day.</translation>
     </message>
     <message id="documentsReceiptOpen">
         <source>Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен.</source>
