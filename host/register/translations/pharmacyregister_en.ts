@@ -832,5 +832,9 @@ Check that the right row is chosen and try again. If that does not help, call th
         <source>аннулирован %1</source>
         <translation>annulled %1</translation>
     </message>
+    <message id="keyShortcutTwice">
+        <source>%1 назначена двум кнопкам, работает «%2». Для «%3» исправьте в настройках FunctionKey.%4:key</source>
+        <translation>%1 belongs to two keys, “%2” has it. For “%3” correct FunctionKey.%4:key in the configuration</translation>
+    </message>
 </context>
 </TS>

@@ -39,6 +39,7 @@ RegisterWindow::RegisterWindow(Till& till, const PositionMarks& marks, const QLi
     arrangeGround();
     showWork(longWork);
     showDocuments(till);
+    showConflicts(keys);
     connect(Singleton<ActionQueueController>::get(), &ActionQueueController::stopped, this, &RegisterWindow::showStop);
     connect(m_lock, &LockScreen::unlocked, this, &RegisterWindow::uncover);
     qApp->installEventFilter(this);
@@ -81,6 +82,17 @@ void RegisterWindow::showDocuments(const Till& till)
             m_statusLine->dropNews();
         }
     });
+}
+
+void RegisterWindow::showConflicts(const QList<FunctionKey>& keys)
+{
+    QStringList conflicts;
+    for (const FunctionKey& key : keys) {
+        if (!key.lostTo.isEmpty()) {
+            conflicts.append(shortcutConflict(key).ui());
+        }
+    }
+    m_statusLine->showProblem(conflicts.join(u'\n'));
 }
 
 void RegisterWindow::enter(BasicForm& form)

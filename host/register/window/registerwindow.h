@@ -49,6 +49,7 @@ private:
     void arrangeGround();
     void showWork(const LongWork& longWork);
     void showDocuments(const Till& till);
+    void showConflicts(const QList<FunctionKey>& keys);
     void unwind(Unwinding purpose);
     void goOnUnwinding();
     bool isAtWork() const;

@@ -58,7 +58,13 @@ QLabel* StatusLine::addLabel(const QString& name, int stretch)
 void StatusLine::showMessage(const QString& text)
 {
     m_permanentMessage = text;
-    show(text, permanent);
+    dropNews();
+}
+
+void StatusLine::showProblem(const QString& text)
+{
+    m_problem = text;
+    dropNews();
 }
 
 void StatusLine::showDone(const QString& text)
@@ -78,7 +84,8 @@ bool StatusLine::isWarningShown() const
 
 void StatusLine::dropNews()
 {
-    show(m_permanentMessage, permanent);
+    const QString separator = m_problem.isEmpty() || m_permanentMessage.isEmpty() ? QString() : u"\n"_s;
+    show(m_problem + separator + m_permanentMessage, permanent);
 }
 
 void StatusLine::show(const QString& text, const char* textRole)

@@ -17,6 +17,8 @@ public:
 
     /// Shows a permanent message; empty: none.
     void showMessage(const QString& text);
+    /// Shows a problem of the configuration before the permanent message; empty: none.
+    void showProblem(const QString& text);
     /// Shows what was done, in large letters, in place of the permanent message until dropNews().
     void showDone(const QString& text);
     /// Shows a warning on amber, in place of the permanent message until dropNews().
@@ -34,6 +36,7 @@ private:
     QLabel* addLabel(const QString& name, int stretch);
     void show(const QString& text, const char* textRole);
 
+    QString m_problem;
     QString m_permanentMessage;
     QLabel* m_message;
     QLabel* m_plugins;

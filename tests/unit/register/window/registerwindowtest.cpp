@@ -169,6 +169,21 @@ TEST_F(WindowTest, functionKeyWithoutHandler_showsWhy)
     EXPECT_TRUE(said.startsWith(u"«Скидка» сейчас недоступно: нет подключённого модуля"_s)) << qPrintable(said);
 }
 
+TEST_F(WindowTest, twoKeysWithOneShortcut_theFirstWorksAndTheStatusLineNamesBoth)
+{
+    config.set(u"FunctionKey.pluginKey:key"_s, u"F2"_s);
+    openWindow();
+    const auto* status = widget<QLabel>("statusMessageLabel");
+    const QString conflict = u"F2 назначена двум кнопкам, работает «Новый чек». Для «Скидка» исправьте в настройках "
+                             "FunctionKey.pluginKey:key"_s;
+    EXPECT_EQ(status->text(), conflict);
+    window->statusLine().showMessage(u"Модуль не подключён"_s);
+    EXPECT_EQ(status->text(), conflict + u"\nМодуль не подключён"_s);
+    EXPECT_EQ(widget<QPushButton>("pluginKey")->text(), u"Скидка"_s) << "without the shortcut that it does not have";
+    press(Qt::Key_F2);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !till->document().isNull(); }));
+}
+
 TEST_F(WindowTest, formShown_fillsTheWindowAndTheFocusReturnsAfterwards)
 {
     openWindow();
