@@ -17,6 +17,9 @@ class REGISTERPLATFORM_EXPORT FormStage
 {
 public:
     virtual ~FormStage();
+    /// Waits, in an event loop, until forms can be seen. A form that was answered meanwhile, by
+    /// GraphicalUserInterface::cancelForms(), is not put on the screen.
+    virtual void waitUntilSeen() {}
     /// Puts the form's root widget on the screen, above what is there.
     virtual void enter(BasicForm& form) = 0;
     /// Takes it away and shows what was below.

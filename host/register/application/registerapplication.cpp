@@ -60,6 +60,9 @@ std::optional<StartupFailure> RegisterApplication::start()
         return failure;
     }
     configureThisRun();
+    if (auto failure = checkUnlockCode()) {
+        return failure;
+    }
     m_messages.load(u":/translations/registerplatform"_s);
     m_messages.load(u":/translations/pharmacyregister"_s);
     if (auto failure = readScenario()) {
@@ -77,7 +80,7 @@ int RegisterApplication::run()
     if (m_player) {
         QObject::connect(m_player.get(), &ScenarioPlayer::finished, m_window.get(), [this, &status](bool passed) {
             status = passed ? exitstatus::done : exitstatus::scenarioFailed;
-            m_window->close();
+            m_window->shutDown();
         });
     }
     QApplication::exec();
@@ -154,6 +157,18 @@ void RegisterApplication::configureThisRun()
                 ->error(u"The demo goods were not created: "_s + created.failure().detail);
         }
     }
+}
+
+/// A code that nobody could type would lock the register for good.
+std::optional<StartupFailure> RegisterApplication::checkUnlockCode()
+{
+    const Config* config = Singleton<Config>::get();
+    if (!BasicForm::isTouchMode() || LockScreen::canBeTyped(config->getString(u"Register:unlockCode"_s))) {
+        return std::nullopt;
+    }
+    return StartupFailure{exitstatus::noConfiguration,
+                          u"Register:unlockCode has a character that the keyboard on the screen does not have.\n"
+                          "Choose a code of Russian or Latin letters, digits and signs"_s};
 }
 
 std::optional<StartupFailure> RegisterApplication::readScenario()

@@ -192,6 +192,18 @@ The receipt itself is saved. Free disk space or check access to the data folder,
         <source>Код не подходит. Введите ещё раз.</source>
         <translation>Wrong code. Enter it again.</translation>
     </message>
+    <message id="lockWrongCodeWait">
+        <source>Код не подходит. Следующая попытка через %1 с.</source>
+        <translation>Wrong code. The next try is in %1 s.</translation>
+    </message>
+    <message id="lockWait">
+        <source>Неверный код вводили много раз. Следующая попытка через %1 с.</source>
+        <translation>A wrong code was entered many times. The next try is in %1 s.</translation>
+    </message>
+    <message id="lockRefusesClosing">
+        <source>Касса заблокирована. Введите код кассира, затем закройте окно.</source>
+        <translation>The register is locked. Enter the cashier's code, then close the window.</translation>
+    </message>
     <message id="pluginFolderMissing">
         <source>нет такой папки</source>
         <translation>there is no such folder</translation>
@@ -421,6 +433,10 @@ Check the number.</translation>
     <message id="keyPayment">
         <source>Оплата</source>
         <translation>Payment</translation>
+    </message>
+    <message id="keyShortcutTwice">
+        <source>%1 назначена двум кнопкам, работает «%2». Для «%3» исправьте в настройках FunctionKey.%4:key</source>
+        <translation>%1 belongs to two keys, “%2” has it. For “%3” correct FunctionKey.%4:key in the configuration</translation>
     </message>
     <message id="takeBackTakesNoGoods">
         <source>Открыт возврат: товары в него не добавляются.
@@ -831,10 +847,6 @@ Check that the right row is chosen and try again. If that does not help, call th
     <message id="documentAnnulledAt">
         <source>аннулирован %1</source>
         <translation>annulled %1</translation>
-    </message>
-    <message id="keyShortcutTwice">
-        <source>%1 назначена двум кнопкам, работает «%2». Для «%3» исправьте в настройках FunctionKey.%4:key</source>
-        <translation>%1 belongs to two keys, “%2” has it. For “%3” correct FunctionKey.%4:key in the configuration</translation>
     </message>
 </context>
 </TS>

@@ -113,7 +113,7 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
     const InputBlocker::Pause pause;
     const QuitWatcher quitWatcher(*this);
     const QScopedValueRollback<Shown*> ownAnswers(m_cancelling, nullptr);
-    const QPointer<QWidget> focusBefore = QApplication::focusWidget();
+    QPointer<QWidget> focusBefore;
 
     Shown shown;
     shown.form = form;
@@ -135,18 +135,29 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
     });
 
     if (m_host->stage) {
-        m_host->stage->enter(*form);
-    } else if (QWidget* root = form->rootWidget()) {
-        root->show();
-        root->activateWindow();
+        m_host->stage->waitUntilSeen();
     }
-    form->show();
+    focusBefore = QApplication::focusWidget();
+    if (!shown.isAnswered) {
+        enter(*form);
+    }
     if (!shown.isAnswered) {
         shown.loop.exec();
     }
     // The loop may have been ended with all others: the application is about to end.
     cancel(shown);
     return shown.result;
+}
+
+void GraphicalUserInterface::enter(BasicForm& form)
+{
+    if (m_host->stage) {
+        m_host->stage->enter(form);
+    } else if (QWidget* root = form.rootWidget()) {
+        root->show();
+        root->activateWindow();
+    }
+    form.show();
 }
 
 void GraphicalUserInterface::answer(const control::Action& action)

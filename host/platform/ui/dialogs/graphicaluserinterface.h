@@ -45,8 +45,8 @@ public:
     /// The topmost form that has no answer yet; null when there is none.
     QSharedPointer<BasicForm> topForm() const;
 
-    /// Cancels the forms on the screen, the top one first, as closing them does: for the inactivity lock and for
-    /// shutdown. A form that does not answer then is dismissed. Each run() returns once control is back in it.
+    /// Cancels the forms on the screen, the top one first, as closing them does: for the end of the program.
+    /// A form that does not answer then is dismissed. Each run() returns once control is back in it.
     void cancelForms();
 
     /// The host's side; a plug-in has no use for it.
@@ -55,6 +55,7 @@ public:
 private:
     struct Shown;
 
+    void enter(BasicForm& form);
     void cancel(Shown& shown);
 
     std::unique_ptr<FormHost> m_host;

@@ -337,41 +337,6 @@ TEST_F(WindowTest, closedDuringARequest_waitsForItsEnd)
     EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }));
 }
 
-TEST_F(WindowTest, locked_formsAreCancelledAndAnyKeyUnlocks)
-{
-    openWindow();
-    cashier.onForm(u"goodsSelectionForm"_s, [this](QWidget&) { window->lock(); });
-    press(Qt::Key_F3);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return isSeen("lockScreen"); }));
-    EXPECT_FALSE(gui.object.topForm());
-    EXPECT_FALSE(widget<QWidget>("salesScreen")->isEnabled());
-    EXPECT_EQ(widget<QWidget>("lockScreen")->size(), window->size());
-    press(Qt::Key_F2);
-    EXPECT_FALSE(isSeen("lockScreen"));
-    EXPECT_TRUE(widget<QWidget>("salesScreen")->isEnabled());
-    EXPECT_FALSE(controller.object.isBusy()) << "the key only unlocks";
-    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
-}
-
-TEST_F(WindowTest, lockedWithACode_onlyTheCodeUnlocks)
-{
-    openWindow(u"2468"_s);
-    window->lock();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return isSeen("lockScreen"); }));
-    auto* input = widget<QLineEdit>("unlockLineEdit");
-    EXPECT_EQ(input->echoMode(), QLineEdit::Password);
-    QTest::keyClicks(input, u"1111"_s);
-    QTest::keyClick(input, Qt::Key_Return);
-    EXPECT_TRUE(isSeen("lockScreen"));
-    EXPECT_TRUE(input->text().isEmpty());
-    QTest::mouseClick(widget<QWidget>("lockScreen"), Qt::LeftButton, {}, {5, 5});
-    QTest::keyClick(widget<QWidget>("lockScreen"), Qt::Key_Escape);
-    EXPECT_TRUE(isSeen("lockScreen"));
-    QTest::keyClicks(input, u"2468"_s);
-    QTest::mouseClick(widget<QPushButton>("unlockButton"), Qt::LeftButton);
-    EXPECT_FALSE(isSeen("lockScreen"));
-}
-
 TEST_F(WindowTest, nameOfTenThousandCharacters_doesNotWidenTheWindow)
 {
     openWindow();
