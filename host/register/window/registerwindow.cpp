@@ -105,14 +105,14 @@ void RegisterWindow::showConflicts(const QList<FunctionKey>& keys)
     m_statusLine->showProblem(conflicts.join(u'\n'));
 }
 
-void RegisterWindow::waitUntilSeen()
+void RegisterWindow::waitUntilSeen(QEventLoop& loop)
 {
-    QEventLoop locked;
-    connect(m_lock, &LockScreen::unlocked, &locked, &QEventLoop::quit);
-    connect(this, &RegisterWindow::formsCancelled, &locked, &QEventLoop::quit);
-    if (m_lock->isLocked()) {
-        locked.exec();
+    if (!m_lock->isLocked()) {
+        return;
     }
+    const auto unlocking = connect(m_lock, &LockScreen::unlocked, &loop, &QEventLoop::quit);
+    loop.exec();
+    disconnect(unlocking);
 }
 
 void RegisterWindow::enter(BasicForm& form)
@@ -202,7 +202,6 @@ void RegisterWindow::goOnUnwinding()
         QTimer::singleShot(unwindingRound, this, &RegisterWindow::goOnUnwinding);
         if (!blocked) {
             Singleton<GraphicalUserInterface>::get()->cancelForms();
-            emit formsCancelled();
         }
         return;
     }

@@ -29,7 +29,7 @@ public:
     StatusLine& statusLine() { return *m_statusLine; }
 
     // FormStage
-    void waitUntilSeen() override;
+    void waitUntilSeen(QEventLoop& loop) override;
     void enter(BasicForm& form) override;
     void leave(BasicForm& form) override;
 
@@ -41,10 +41,6 @@ public slots:
     void lock();
     /// Closes the window although it is locked: for the end of the program.
     void shutDown();
-
-signals:
-    /// The open forms were cancelled, because the window is to close.
-    void formsCancelled();
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -135,7 +135,7 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
     });
 
     if (m_host->stage) {
-        m_host->stage->waitUntilSeen();
+        m_host->stage->waitUntilSeen(shown.loop);
     }
     focusBefore = QApplication::focusWidget();
     if (!shown.isAnswered) {

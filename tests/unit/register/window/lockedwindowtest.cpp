@@ -132,6 +132,7 @@ TEST_F(LockedWindow, messageOfATimer_waitsUntilUnlocked)
     window->lock();
     const QImage locked = picture();
     onMessage([&] {
+        EXPECT_EQ(widget<QWidget>("messageForm"), nullptr) << "its time to be read has not begun";
         EXPECT_EQ(picture(), locked);
         EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("unlockLineEdit"));
         typeCode(u"2468"_s);
@@ -267,6 +268,16 @@ TEST_F(LockedWindow, shutDown_closesAllTheSameAndEveryFormIsCancelled)
     EXPECT_FALSE(controller.object.isBusy());
     EXPECT_FALSE(gui.object.topForm());
     EXPECT_TRUE(LockState(folder.path()).isLocked());
+}
+
+TEST_F(LockedWindow, formsCancelledWhileAMessageWaits_itEndsUnseen)
+{
+    openWindow(u"2468"_s);
+    window->lock();
+    onMessage([this] { gui.object.cancelForms(); });
+    showLater(u"x"_s);
+    EXPECT_TRUE(isDone(1));
+    EXPECT_TRUE(isSeen("lockScreen"));
 }
 
 TEST_F(LockedWindow, restarted_comesBackLockedAndNothingIsSeen)
