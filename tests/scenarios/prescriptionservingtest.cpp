@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "cashiersteps.h"
 #include "pharmacy.h"
 #include "request.h"
 
@@ -81,6 +82,22 @@ TEST_F(PrescriptionServing, returnPressedAheadOfTheConfirmation_choosesNothing)
 {
     expectPlayed(play("hasty-return-at-the-confirmation.json"));
     EXPECT_EQ(savedPositions().size(), 1);
+}
+
+TEST_F(PrescriptionServing, screenLockedWhileTheDosesAreTyped_servingGoesOnWhereItWas)
+{
+    configure("GUI:inactivityLockSeconds", "1");
+    configure("Register:unlockCode", "2468");
+    expectPlayed(playSteps({cashier::opensADocument,
+                            R"({"key": "F5"}, {"wait": "inputLineEdit"}, {"scan": "1100000000000001"},
+                               {"wait": "electronicPrescriptionsTableView"}, {"key": "Return"},
+                               {"wait": "chooseButton"}, {"key": "Return"}, {"wait": "goodsTable"}, {"key": "Return"},
+                               {"wait": "inputLineEdit"}, {"type": "4"}, {"wait": "lockScreen"},
+                               {"visible": false, "in": "inputLineEdit"}, {"type": "2468", "into": "unlockLineEdit"},
+                               {"key": "Return"}, {"visible": false, "in": "lockScreen"},
+                               {"expect": "4", "in": "inputLineEdit"}, {"key": "Return"},
+                               {"click": "partDispenseButton"}, {"visible": false, "in": "partDispenseButton"})"}));
+    ASSERT_EQ(savedPositions().size(), 1);
 }
 
 TEST_F(PrescriptionServing, filterTypedAndChosen_staysOnTheWayBackAndIsEmptyAtTheNextCommand)

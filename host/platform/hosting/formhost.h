@@ -10,6 +10,7 @@
 
 class BasicForm;
 class BasicFormCreator;
+class QEventLoop;
 
 /// Where forms appear: the register's window. Without one every form is a window of its own.
 ///
@@ -19,6 +20,9 @@ class REGISTERPLATFORM_EXPORT FormStage
 {
 public:
     virtual ~FormStage();
+    /// Runs the event loop until forms can be seen. The loop quits, too, when the form was answered meanwhile, by
+    /// GraphicalUserInterface::cancelForms(). Then it is not put on the screen.
+    virtual void waitUntilSeen(QEventLoop&) {}
     /// Puts the form's root widget on the screen, above what is there.
     virtual void enter(BasicForm& form) = 0;
     /// Takes it away and shows what was below.

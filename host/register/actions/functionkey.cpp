@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -110,11 +111,47 @@ QList<FunctionKey> readKeys(const Config& config, const QString& list, const QLi
     return keys;
 }
 
+/// Also true when one is the beginning of the other: the shorter one would always be first.
+bool collide(const QKeySequence& one, const QKeySequence& other)
+{
+    return one.matches(other) != QKeySequence::NoMatch || other.matches(one) != QKeySequence::NoMatch;
+}
+
+/// Takes the shortcut from each key whose shortcut an earlier one has: pressed, neither of the two would do anything.
+void resolveShortcuts(QList<FunctionKey>& keys)
+{
+    for (auto key = keys.begin(); key != keys.end(); ++key) {
+        const auto first = std::find_if(keys.begin(), key, [key](const FunctionKey& earlier) {
+            return !earlier.shortcut.isEmpty() && collide(earlier.shortcut, key->shortcut);
+        });
+        if (key->shortcut.isEmpty() || first == key) {
+            continue;
+        }
+        key->lostTo = first->text;
+        key->lostShortcut = std::exchange(key->shortcut, QKeySequence());
+        Log4Qt::LogManager::logger(u"register"_s)
+            ->warn(u"The function keys "_s + first->name + u" and "_s + key->name + u" have one shortcut: "_s +
+                   key->lostShortcut.toString() + u". The second one is left without"_s);
+    }
+}
+
 } // namespace
 
 QList<FunctionKey> configuredFunctionKeys(const Config& config)
 {
-    return readKeys(config, u"FunctionKeys:keys"_s, defaultKeys());
+    QList<FunctionKey> keys = readKeys(config, u"FunctionKeys:keys"_s, defaultKeys());
+    resolveShortcuts(keys);
+    return keys;
+}
+
+tr::Tr shortcutConflict(const FunctionKey& key)
+{
+    return tr::Tr(u"keyShortcutTwice"_s,
+                  u"%1 назначена двум кнопкам, работает «%2». Для «%3» исправьте в настройках FunctionKey.%4:key"_s)
+        .arg(key.lostShortcut.toString(QKeySequence::NativeText))
+        .arg(key.lostTo)
+        .arg(key.text)
+        .arg(key.name);
 }
 
 QList<FunctionKey> configuredMenuEntries(const Config& config)

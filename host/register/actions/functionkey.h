@@ -2,6 +2,7 @@
 #pragma once
 
 #include "action.h"
+#include "tr.h"
 
 #include <QKeySequence>
 #include <QList>
@@ -17,11 +18,18 @@ struct FunctionKey {
     QKeySequence shortcut; ///< empty: touch or mouse only
     control::EActionType actionType;
     QVariantMap arguments;
+    QString lostTo = {};            ///< the text of the earlier key that has the configured shortcut; empty: none has
+    QKeySequence lostShortcut = {}; ///< that shortcut
 };
 
 /// The keys that `FunctionKeys:keys` of the configuration lists, in that order; docs/configuration.md describes the
-/// form. A key without an action is logged and left out.
+/// form. A key without an action is logged and left out. Of two keys with one shortcut the first has it, and the other
+/// one has none; that is logged.
 QList<FunctionKey> configuredFunctionKeys(const Config& config);
 
 /// The menu entries that `Menu:entries` lists, at most nine. Otherwise like configuredFunctionKeys().
 QList<FunctionKey> configuredMenuEntries(const Config& config);
+
+/// For the cashier: which keys have one shortcut, and where that is mended.
+/// @param key one with `lostTo`
+tr::Tr shortcutConflict(const FunctionKey& key);

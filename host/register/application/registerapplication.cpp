@@ -104,6 +104,9 @@ std::optional<StartupFailure> RegisterApplication::start()
         return failure;
     }
     configureThisRun();
+    if (auto failure = checkUnlockCode()) {
+        return failure;
+    }
     m_messages.load(u":/translations/registerplatform"_s);
     m_messages.load(u":/translations/pharmacyregister"_s);
     if (auto failure = readScenario()) {
@@ -121,7 +124,7 @@ int RegisterApplication::run()
     if (m_player) {
         QObject::connect(m_player.get(), &ScenarioPlayer::finished, m_window.get(), [this, &status](bool passed) {
             status = passed ? exitstatus::done : exitstatus::scenarioFailed;
-            m_window->close();
+            m_window->shutDown();
         });
     }
     QApplication::exec();
@@ -200,6 +203,18 @@ void RegisterApplication::configureThisRun()
                 ->error(u"The demo goods were not created: "_s + created.failure().detail);
         }
     }
+}
+
+/// A code that nobody could type would lock the register for good.
+std::optional<StartupFailure> RegisterApplication::checkUnlockCode()
+{
+    const Config* config = Singleton<Config>::get();
+    if (!BasicForm::isTouchMode() || LockScreen::canBeTyped(config->getString(u"Register:unlockCode"_s))) {
+        return std::nullopt;
+    }
+    return StartupFailure{exitstatus::noConfiguration,
+                          u"Register:unlockCode has a character that the keyboard on the screen does not have.\n"
+                          "Choose a code of Russian or Latin letters, digits and signs"_s};
 }
 
 std::optional<StartupFailure> RegisterApplication::readScenario()
@@ -291,7 +306,7 @@ void RegisterApplication::showConfigurationProblems()
     }
     const tr::Tr notice(u"configurationProblems"_s,
                         u"Замечаний к настройкам: %1. Сообщите администратору: подробности в журнале."_s);
-    m_window->statusLine().addMessage(notice.arg(QString::number(m_configurationProblems.size())).ui());
+    m_window->statusLine().addProblem(notice.arg(QString::number(m_configurationProblems.size())).ui());
 }
 
 void RegisterApplication::followCatalogue()

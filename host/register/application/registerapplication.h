@@ -46,6 +46,7 @@ private:
     std::optional<StartupFailure> lockDataFolder();
     std::optional<StartupFailure> readOpenDocument();
     void configureThisRun();
+    static std::optional<StartupFailure> checkUnlockCode();
     std::optional<StartupFailure> readScenario();
     int windowHeight() const;
     void openWindow();

@@ -75,8 +75,7 @@ EContext::Result OpenDocumentCommands::askToRemovePosition(control::Action& acti
     }
     const Question question{
         {u"removeBoundTitle"_s, u"Удаление позиции"_s},
-        tr::Tr(u"removeBoundQuestion"_s, u"Позиция № %1 отпускается по документу:\n%2\nУдалить её и отменить отпуск?"_s)
-            .arg(QString::number(position->getNumber()))
+        tr::Tr(u"removeBoundQuestion"_s, u"Позиция отпускается по документу:\n%1\nУдалить её и отменить отпуск?"_s)
             .arg(position->getName()),
         {u"removeBoundYes"_s, u"Удалить"_s},
         {u"questionNo"_s, u"Нет"_s},

@@ -96,6 +96,8 @@ EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
 {
     DocumentListParams params;
     params.documents = [this] { return m_till.archive().latest(latestShown); };
+    params.byNumber = [this](int number) { return m_till.archive().find(number); };
+    params.ofDay = [this](QDate day) { return m_till.archive().ofDay(day, latestShown); };
     params.returned = [this](const Document& document) { return m_till.returned(document); };
     params.obstacleToResuming = [this](const Document& document) { return m_till.obstacleToResuming(document); };
     params.obstacleToReturning = [this](const Document& document) { return m_till.obstacleToReturning(document); };

@@ -2,8 +2,12 @@
 #include "documentlistform.h"
 
 #include "actionqueuecontroller.h"
+#include "config.h"
+#include "currenttime.h"
 #include "dialogeventfilter.h"
 #include "formanswer.h"
+#include "iconsviewnotifier.h"
+#include "inactivitylocker.h"
 #include "registerstyle.h"
 #include "stoppedaction.h"
 #include "tablecolumn.h"
@@ -12,15 +16,41 @@
 #include "tallotableview.h"
 #include "till.h"
 
+#include <QBoxLayout>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QShortcut>
 
 #include <optional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+
+const QString digits = u"digits"_s;
+
+/// The day that the text names: "29.02.2024", "29.2.24" or "29.02", with points or commas. Without a whole year it is
+/// the last one that has come. Invalid when the text names no day.
+QDate typedDay(const QString& text)
+{
+    static const QRegularExpression form(u"\\A(\\d{1,2})[.,](\\d{1,2})(?:[.,](\\d{0,4}))?\\z"_s);
+    const QRegularExpressionMatch typed = form.match(text);
+    const int day = typed.captured(1).toInt();
+    const int month = typed.captured(2).toInt();
+    const QString year = typed.captured(3);
+    if (year.size() == 4 || year.size() == 2) {
+        return {year.toInt() + (year.size() == 2 ? 2000 : 0), month, day};
+    }
+    const QDate today = CurrentTime::create()->current().date();
+    const QDate thisYear(today.year(), month, day);
+    return thisYear > today ? thisYear.addYears(-1) : thisYear;
+}
+
+} // namespace
 
 DocumentListForm::DocumentListForm(const DocumentListParams& params, QObject* parent)
     : BasicForm(parent)
@@ -69,6 +99,7 @@ void DocumentListForm::setUpTables()
         {u"positions"_s, TableColumn::fittingContents, TableColumn::right},
         {u"sum"_s, TableColumn::fittingContents, TableColumn::right},
         {u"searchText"_s, 0, TableColumn::left, false},
+        {u"days"_s, 0, TableColumn::left, false},
     }));
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &DocumentListForm::showCurrent);
 
@@ -116,13 +147,31 @@ void DocumentListForm::setUpButtons()
         connect(pressed, &QShortcut::activated, entry.button, &QPushButton::click);
     }
     if (auto* keyboard = findWidget<TalloKeyboard>(u"talloKeyboard"_s, false)) {
-        keyboard->setKeyboardLayouts(u"digits"_s);
+        const QString letters = Singleton<Config>::get()->getString(u"Language:keyboardLayouts"_s, u"ru,en"_s);
+        keyboard->setKeyboardLayouts(digits + u',' + letters);
+        connect(keyboard, &TalloKeyboard::layoutChanged, this, &DocumentListForm::arrangeForKeyboard);
+        connect(keyboard, &TalloKeyboard::layoutChanged, Singleton<IconsViewNotifier>::get(),
+                &IconsViewNotifier::notifyIcons);
+        connect(keyboard, &TalloKeyboard::keyPressed, Singleton<InactivityLocker>::get(),
+                &InactivityLocker::resetTimer);
+    }
+}
+
+/// Digits are beside the tables. Letters need the whole width, so they are below, in the place of the positions.
+void DocumentListForm::arrangeForKeyboard()
+{
+    const bool isWide = findWidget<TalloKeyboard>(u"talloKeyboard"_s)->currentLayout() != digits;
+    m_positionsTable->setVisible(!isWide);
+    findWidget<QWidget>(u"scrollButtonsNavigationBar"_s)->setVisible(!isWide);
+    if (auto* contents = rootWidget()->findChild<QBoxLayout*>(u"contentsLayout"_s)) {
+        contents->setDirection(isWide ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     }
 }
 
 void DocumentListForm::nameControls()
 {
-    m_filter->setPlaceholderText(tr::Tr(u"documentsFilterHint"_s, u"Номер, состояние или название товара"_s).ui());
+    m_filter->setPlaceholderText(
+        tr::Tr(u"documentsFilterHint"_s, u"Номер, день (29.02.2024), состояние или товар"_s).ui());
     setAccessibleNames({
         {"filterLineEdit", {"documentsFilter", "Поиск документа"}},
         {"documentTable", {"documentsTable", "Список документов"}},
@@ -138,6 +187,7 @@ void DocumentListForm::load()
 {
     const int number = current() ? current()->getNumber() : 0;
     m_documents.show(m_params.documents(), m_params.returned);
+    search(m_filter->text().trimmed());
     makeCurrent(number);
     showCurrent();
 }
@@ -145,9 +195,27 @@ void DocumentListForm::load()
 void DocumentListForm::filter(const QString& text)
 {
     const int number = current() ? current()->getNumber() : 0;
-    m_filtered.addFilter(DocumentTableModel::SearchText, text.trimmed(), ComplexFilterProxyModel::Contains);
-    makeCurrent(number);
+    const QString wanted = text.trimmed();
+    search(wanted);
+    makeCurrent(m_documents.rowOf(wanted.toInt()) >= 0 ? wanted.toInt() : number);
     showCurrent();
+}
+
+/// Searches the latest documents, and any document whose day or number is typed.
+void DocumentListForm::search(const QString& text)
+{
+    const QDate day = typedDay(text);
+    if (day.isValid()) {
+        m_documents.add(m_params.ofDay(day), m_params.returned);
+    } else if (const int number = text.toInt(); number > 0 && m_documents.rowOf(number) < 0) {
+        if (const Pointer document = m_params.byNumber(number)) {
+            m_documents.add({document}, m_params.returned);
+        }
+    }
+    m_filtered.addFilter(DocumentTableModel::Days, day.isValid() ? DocumentTableModel::dayText(day) : QString(),
+                         ComplexFilterProxyModel::Contains);
+    m_filtered.addFilter(DocumentTableModel::SearchText, day.isValid() ? QString() : text,
+                         ComplexFilterProxyModel::Contains);
 }
 
 void DocumentListForm::showCurrent()
@@ -178,7 +246,10 @@ void DocumentListForm::showHint()
     if (m_documents.rowCount() == 0) {
         showHint(tr::Tr(u"documentsNone"_s, u"Отложенных и завершённых документов нет."_s).ui(), "hint");
     } else if (!document) {
-        showHint(tr::Tr(u"documentsNotFound"_s, u"Ничего не найдено. Измените строку поиска."_s).ui(), "error");
+        showHint(tr::Tr(u"documentsNotFound"_s,
+                        u"Ничего не найдено. Измените строку поиска; давние документы ищут по номеру или дню."_s)
+                     .ui(),
+                 "error");
     } else if (document->getNumber() == m_outcome.document) {
         showHint(m_outcome.text, m_outcome.textRole);
     } else if (const auto obstacle = m_params.obstacleOfPlugins(*document)) {

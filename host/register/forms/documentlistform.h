@@ -10,6 +10,7 @@
 
 class QLabel;
 class QPushButton;
+class TalloKeyboard;
 class TalloLineEdit;
 class TalloTableView;
 
@@ -36,7 +37,9 @@ private:
     void setUpButtons();
     void nameControls();
     void load();
+    void arrangeForKeyboard();
     void filter(const QString& text);
+    void search(const QString& text);
     void showCurrent();
     void showHint();
     void showHint(const QString& text, const char* textRole);

@@ -6,6 +6,7 @@
 #include "obstacle.h"
 #include "positionmarks.h"
 
+#include <QDate>
 #include <QList>
 #include <QMetaType>
 #include <QSharedPointer>
@@ -20,7 +21,9 @@
 struct DocumentListParams {
     using Pointer = QSharedPointer<Document>;
 
-    std::function<QList<Pointer>()> documents;                   ///< called again after each change
+    std::function<QList<Pointer>()> documents;                   ///< the latest; called again after each change
+    std::function<Pointer(int)> byNumber;                        ///< however old; null: there is none
+    std::function<QList<Pointer>(QDate)> ofDay;                  ///< opened or finished on that day, however old
     std::function<Document::Returned(const Document&)> returned; ///< of a sale; what is being returned counts
     /// Why something cannot be done with a document now; nothing: it can.
     using Rule = std::function<std::optional<Obstacle>(const Document&)>;

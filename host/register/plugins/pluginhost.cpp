@@ -237,7 +237,8 @@ void PluginHost::loadPlugin(const QFileInfo& library, ActionQueueController& con
     registrations.restore();
     loaded.plugin = nullptr;
     if (started) {
-        addProblem(name, {{u"pluginInert"_s, u"выключен в настройках или не смог начать работу"_s}, u"init() is false"_s});
+        addProblem(name,
+                   {{u"pluginInert"_s, u"выключен в настройках или не смог начать работу"_s}, u"init() is false"_s});
     } else {
         addProblem(name, started.failure());
     }

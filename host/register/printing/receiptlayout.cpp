@@ -98,12 +98,13 @@ Lines titleLines(const Document& document)
     return lines;
 }
 
+/// @param number counted from 1 on the paper
 /// @param details what the plug-in shows of the position
-Lines positionLines(const Position& position, const QStringList& details)
+Lines positionLines(int number, const Position& position, const QStringList& details)
 {
     const QString price = roubles(position.price());
     Lines lines =
-        hanging(u"%1. "_s.arg(position.getNumber()), position.getName()) +
+        hanging(u"%1. "_s.arg(number), position.getName()) +
         amount(indent + packsText(position.getQuantity()) + u" × "_s + price + u" ="_s, roubles(position.getSum()));
     if (const Kopecks saved = benefit(position); saved > Kopecks{}) {
         const tr::Tr full(u"printedSumWithoutBenefit"_s, u"Сумма без льготы"_s);
@@ -181,8 +182,9 @@ QString title(const Document& document)
 QList<PrintedLine> lines(const Document& document, const PositionMarks& marks)
 {
     Lines lines = head() + titleLines(document);
+    int number = 0;
     for (const QSharedPointer<Position>& position : document.positions()) {
-        lines += positionLines(*position, marks.look(*position).receiptLines);
+        lines += positionLines(++number, *position, marks.look(*position).receiptLines);
     }
     lines.append(rule());
     return lines + totals(document);

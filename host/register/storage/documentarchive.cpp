@@ -40,6 +40,20 @@ QSet<int> numbersOf(const Document& document)
     return numbers;
 }
 
+/// So many documents before a day are looked through for some that were finished on it.
+constexpr int longestCarriedOver = 50;
+
+bool isOf(QDate day, const QSharedPointer<Document>& document)
+{
+    return document && (document->getOpened().date() == day || document->getFinished().date() == day);
+}
+
+void sortLatestFirst(QList<QSharedPointer<Document>>& documents)
+{
+    std::sort(documents.begin(), documents.end(),
+              [](const auto& a, const auto& b) { return a->getNumber() > b->getNumber(); });
+}
+
 Log4Qt::Logger* log()
 {
     return Log4Qt::LogManager::logger(u"register"_s);
@@ -97,8 +111,7 @@ QList<QSharedPointer<Document>> DocumentArchive::latest(int limit) const
     add(suspended, numbers(suspended));
     QList<int> latestFinished = numbers(finished);
     add(finished, latestFinished.mid(std::max<qsizetype>(0, latestFinished.size() - limit)));
-    std::sort(documents.begin(), documents.end(),
-              [](const auto& a, const auto& b) { return a->getNumber() > b->getNumber(); });
+    sortLatestFirst(documents);
     return documents;
 }
 
@@ -112,6 +125,51 @@ QSharedPointer<Document> DocumentArchive::lastClosed() const
         }
     }
     return last;
+}
+
+QList<QSharedPointer<Document>> DocumentArchive::ofDay(QDate day, int limit) const
+{
+    QList<QSharedPointer<Document>> documents;
+    const QList<int> all = numbers(finished);
+    int others = 0;
+    for (qsizetype at = firstOpenedFrom(all, day.addDays(1)) - 1;
+         at >= 0 && others < longestCarriedOver && documents.size() < limit; --at) {
+        const auto document = read(finished, all.at(at));
+        if (isOf(day, document)) {
+            documents.append(document);
+        } else {
+            ++others;
+        }
+    }
+    for (const int number : numbers(suspended)) {
+        if (const auto document = read(suspended, number); isOf(day, document)) {
+            documents.append(document);
+        }
+    }
+    sortLatestFirst(documents);
+    return documents;
+}
+
+/// The place, among ascending numbers of finished documents, of the first one that was opened on that day or later.
+/// One that cannot be read is judged by the next.
+qsizetype DocumentArchive::firstOpenedFrom(const QList<int>& numbers, QDate day) const
+{
+    qsizetype first = 0;
+    qsizetype end = numbers.size();
+    while (first < end) {
+        const qsizetype middle = (first + end) / 2;
+        qsizetype at = middle;
+        QSharedPointer<Document> document;
+        while (at < end && !(document = read(finished, numbers.at(at)))) {
+            ++at;
+        }
+        if (document && document->getOpened().date() < day) {
+            first = at + 1;
+        } else {
+            end = middle;
+        }
+    }
+    return first;
 }
 
 int DocumentArchive::greatestNumber() const

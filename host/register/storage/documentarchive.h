@@ -3,6 +3,7 @@
 
 #include "document.h"
 
+#include <QDate>
 #include <QList>
 #include <QSet>
 #include <QSharedPointer>
@@ -40,6 +41,11 @@ public:
     /// number. Looks among the latest hundred finished documents; null when none of them is closed.
     QSharedPointer<Document> lastClosed() const;
 
+    /// The documents that were opened or finished on that day, latest first: all suspended ones and at most `limit`
+    /// finished ones. Reads no others but a few, however many there are: numbers follow time. A document that was
+    /// opened on an earlier day is found when it is one of the last 50 before that day.
+    QList<QSharedPointer<Document>> ofDay(QDate day, int limit) const;
+
     /// The greatest number of a document, readable or not; 0: there are none.
     int greatestNumber() const;
 
@@ -61,6 +67,7 @@ private:
     using ReadReturn = std::optional<QSharedPointer<Document>>;
     ReadReturn readReturn(const Document& sale, int number) const;
     QList<int> numbers(const QString& place) const;
+    qsizetype firstOpenedFrom(const QList<int>& numbers, QDate day) const;
     QSharedPointer<Document> read(const QString& place, int number) const;
     void removeFile(const QString& file) const;
 

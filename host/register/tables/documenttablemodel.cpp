@@ -40,6 +40,28 @@ void DocumentTableModel::show(const QList<Pointer>& documents,
     endResetModel();
 }
 
+void DocumentTableModel::add(const QList<Pointer>& documents,
+                             const std::function<Document::Returned(const Document&)>& returned)
+{
+    for (const Pointer& document : documents) {
+        const auto place = std::find_if(m_rows.cbegin(), m_rows.cend(), [&document](const Row& row) {
+            return row.document->getNumber() <= document->getNumber();
+        });
+        if (place != m_rows.cend() && place->document->getNumber() == document->getNumber()) {
+            continue;
+        }
+        const auto row = int(place - m_rows.cbegin());
+        beginInsertRows({}, row, row);
+        m_rows.insert(row, {document, returned(*document)});
+        endInsertRows();
+    }
+}
+
+QString DocumentTableModel::dayText(QDate day)
+{
+    return day.toString(u"dd.MM.yyyy"_s);
+}
+
 int DocumentTableModel::rowOf(int number) const
 {
     const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(),
@@ -116,6 +138,8 @@ QString DocumentTableModel::text(const Row& row, int column)
         return amountText(document.getSum());
     case SearchText:
         return searchText(row);
+    case Days:
+        return dayText(document.getOpened().date()) + u' ' + dayText(document.getFinished().date());
     default:
         return {};
     }

@@ -17,14 +17,21 @@ class DocumentTableModel : public QAbstractTableModel
 
 public:
     /// Time is when the document was finished, for a suspended one when it was opened. Its tool tip has all times.
-    /// SearchText is for filtering and hidden: number, state and the names of the positions.
-    enum Column { Number, State, Time, Positions, Sum, SearchText, ColumnCount };
+    /// The last two are for filtering and hidden. SearchText has number, state and the names of the positions; Days the
+    /// days when the document was opened and finished, as dayText() writes them.
+    enum Column { Number, State, Time, Positions, Sum, SearchText, Days, ColumnCount };
 
     using Pointer = QSharedPointer<Document>;
     using QAbstractTableModel::QAbstractTableModel;
 
     /// @param returned how much of a sale was returned; called once for each document
     void show(const QList<Pointer>& documents, const std::function<Document::Returned(const Document&)>& returned);
+
+    /// Adds those documents that are not there yet, each in its place: the latest is the first. For `returned` see
+    /// show().
+    void add(const QList<Pointer>& documents, const std::function<Document::Returned(const Document&)>& returned);
+
+    static QString dayText(QDate day);
 
     Pointer document(int row) const { return m_rows.at(row).document; }
     /// The row of the document with that number; -1: there is none.

@@ -23,8 +23,8 @@ void PositionTableModel::refresh(const QSharedPointer<Document>& document)
     QList<Row> rows;
     if (document) {
         for (const QSharedPointer<Position>& position : document->positions()) {
-            rows.append({position->getNumber(), position->getName(), position->getQuantity(), position->initialPrice(),
-                         position->price(), position->getSum(), m_marks.look(*position)});
+            rows.append({position->getNumber(), int(rows.size()) + 1, position->getName(), position->getQuantity(),
+                         position->initialPrice(), position->price(), position->getSum(), m_marks.look(*position)});
         }
     }
     const bool samePositions =
@@ -144,7 +144,7 @@ QString PositionTableModel::text(const Row& row, int column) const
 {
     switch (column) {
     case Number:
-        return QString::number(row.number);
+        return QString::number(row.line);
     case Name:
         return row.name;
     case Mark:

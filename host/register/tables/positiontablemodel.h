@@ -39,7 +39,8 @@ public:
 
 private:
     struct Row {
-        int number;
+        int number; ///< the position's own, by which plug-ins know it
+        int line;   ///< counted from 1, as the cashier reads it
         QString name;
         double packs;
         Kopecks initialPrice;

@@ -139,9 +139,9 @@ std::optional<Obstacle> Till::obstacleToChangingQuantity(const Position& positio
         return std::nullopt;
     }
     return Obstacle{tr::Tr(u"positionBound"_s,
-                           u"Позиция № %1 отпускается по документу, её количество и цена не меняются.\n"
+                           u"Позиция «%1» отпускается по документу, её количество и цена не меняются.\n"
                            "Чтобы отпустить другое количество, удалите позицию и отпустите её заново."_s)
-                        .arg(QString::number(position.getNumber()))};
+                        .arg(position.getName())};
 }
 
 std::optional<Obstacle> Till::obstacleToPayment() const

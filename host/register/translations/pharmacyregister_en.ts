@@ -294,6 +294,18 @@ Is this number right?</translation>
         <source>Код не подходит. Введите ещё раз.</source>
         <translation>Wrong code. Enter it again.</translation>
     </message>
+    <message id="lockWrongCodeWait">
+        <source>Код не подходит. Следующая попытка через %1 с.</source>
+        <translation>Wrong code. The next try is in %1 s.</translation>
+    </message>
+    <message id="lockWait">
+        <source>Неверный код вводили много раз. Следующая попытка через %1 с.</source>
+        <translation>A wrong code was entered many times. The next try is in %1 s.</translation>
+    </message>
+    <message id="lockRefusesClosing">
+        <source>Касса заблокирована. Введите код кассира, затем закройте окно.</source>
+        <translation>The register is locked. Enter the cashier's code, then close the window.</translation>
+    </message>
     <message id="pluginFolderMissing">
         <source>нет такой папки. Проверьте параметр --plugins</source>
         <translation>there is no such folder. Check the option --plugins</translation>
@@ -367,9 +379,9 @@ Call the administrator.</translation>
         <translation>Choose a position of the receipt first.</translation>
     </message>
     <message id="positionBound">
-        <source>Позиция № %1 отпускается по документу, её количество и цена не меняются.
+        <source>Позиция «%1» отпускается по документу, её количество и цена не меняются.
 Чтобы отпустить другое количество, удалите позицию и отпустите её заново.</source>
-        <translation>Position No. %1 is dispensed on a document; its quantity and price do not change.
+        <translation>The position “%1” is dispensed on a document; its quantity and price do not change.
 To dispense another quantity remove the position and dispense it anew.</translation>
     </message>
     <message id="receiptColumnNumber">
@@ -574,6 +586,10 @@ Choose another document.</translation>
         <source>Оплата</source>
         <translation>Payment</translation>
     </message>
+    <message id="keyShortcutTwice">
+        <source>%1 назначена двум кнопкам, работает «%2». Для «%3» исправьте в настройках FunctionKey.%4:key</source>
+        <translation>%1 belongs to two keys, “%2” has it. For “%3” correct FunctionKey.%4:key in the configuration</translation>
+    </message>
     <message id="takeBackTakesNoGoods">
         <source>Открыт возврат: товары в него не добавляются.
 Завершите возврат или отмените его.</source>
@@ -723,11 +739,11 @@ Sell them all the same?</translation>
         <translation>Remove position</translation>
     </message>
     <message id="removeBoundQuestion">
-        <source>Позиция № %1 отпускается по документу:
-%2
+        <source>Позиция отпускается по документу:
+%1
 Удалить её и отменить отпуск?</source>
-        <translation>Position No. %1 is dispensed on a document:
-%2
+        <translation>The position is dispensed on a document:
+%1
 Remove it and cancel the dispensing?</translation>
     </message>
     <message id="removeBoundYes">
@@ -863,8 +879,8 @@ Check that the right row is chosen and try again. If that does not help, call th
         <translation>Back</translation>
     </message>
     <message id="documentsFilterHint">
-        <source>Номер, состояние или название товара</source>
-        <translation>Number, state or name of goods</translation>
+        <source>Номер, день (29.02.2024), состояние или товар</source>
+        <translation>Number, day (29.02.2024), state or goods</translation>
     </message>
     <message id="documentsFilter">
         <source>Поиск документа</source>
@@ -899,8 +915,8 @@ Check that the right row is chosen and try again. If that does not help, call th
         <translation>There are no documents put aside or finished.</translation>
     </message>
     <message id="documentsNotFound">
-        <source>Ничего не найдено. Измените строку поиска.</source>
-        <translation>Nothing was found. Change the search.</translation>
+        <source>Ничего не найдено. Измените строку поиска; давние документы ищут по номеру или дню.</source>
+        <translation>Nothing was found. Change the search; old documents are found by number or day.</translation>
     </message>
     <message id="documentsReceiptOpen">
         <source>Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен.</source>

@@ -15,6 +15,8 @@ class BusyScreen : public QWidget
 public:
     explicit BusyScreen(QWidget* parent);
 
+    /// Takes the focus, and gives it back when the work ends.
+    void takeFocus();
     /// Hides it while a form is above it.
     void setCovered(bool covered);
 
@@ -29,8 +31,6 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    void takeFocus();
-
     QLabel* m_message;
     QPointer<QWidget> m_focusBefore;
     QTimer m_turning;

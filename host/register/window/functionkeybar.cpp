@@ -44,7 +44,8 @@ FunctionKeyBar::FunctionKeyBar(const QList<FunctionKey>& keys, QWidget* parent)
     setObjectName(u"functionKeyBar"_s);
     // Narrower than other buttons, so that all keys fit into one row where possible.
     setStyleSheet(u"QPushButton { padding: 6px 7px } QPushButton:focus { padding: 4px 5px }"_s);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    // With a fixed height, a layout would keep to that of one row.
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     for (const FunctionKey& key : keys) {

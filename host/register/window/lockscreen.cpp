@@ -3,6 +3,7 @@
 
 #include "basicform.h"
 #include "registerstyle.h"
+#include "scanfilter.h"
 #include "tallokeyboard.h"
 
 #include <QKeyEvent>
@@ -13,9 +14,20 @@
 
 using namespace Qt::StringLiterals;
 
-LockScreen::LockScreen(const QString& code, QWidget* parent)
+namespace
+{
+
+const QString digits = u"digits"_s;
+const QString allCharacters = u"ru,en,symbols"_s;
+constexpr int widthOfInput = 240;
+constexpr int widthOfLetters = 720;
+
+} // namespace
+
+LockScreen::LockScreen(const QString& code, const LockState& state, QWidget* parent)
     : QWidget(parent)
     , m_code(code)
+    , m_state(state)
 {
     setObjectName(u"lockScreen"_s);
     setAccessibleName(tr::Tr(u"lockTitle"_s, u"Касса заблокирована"_s).ui());
@@ -38,7 +50,14 @@ LockScreen::LockScreen(const QString& code, QWidget* parent)
         createCodeInput(this);
     }
     layout->addStretch();
+    m_countdown.setInterval(std::chrono::seconds(1));
+    connect(&m_countdown, &QTimer::timeout, this, &LockScreen::prompt);
     hide();
+}
+
+bool LockScreen::canBeTyped(const QString& code)
+{
+    return TalloKeyboard::canType(code, allCharacters);
 }
 
 void LockScreen::createCodeInput(QWidget* column)
@@ -48,34 +67,54 @@ void LockScreen::createCodeInput(QWidget* column)
     m_input->setObjectName(u"unlockLineEdit"_s);
     m_input->setAccessibleName(tr::Tr(u"lockCode"_s, u"Код кассира"_s).ui());
     m_input->setEchoMode(QLineEdit::Password);
-    m_input->setFixedWidth(240);
+    m_input->setFixedWidth(widthOfInput);
     connect(m_input, &QLineEdit::returnPressed, this, &LockScreen::tryCode);
+    connect(new ScanFilter(*m_input), &ScanFilter::scanned, this, [this](const QString& badge) {
+        m_input->setText(badge);
+        tryCode();
+    });
     auto* button = new QPushButton(tr::Tr(u"lockUnlock"_s, u"Разблокировать"_s).ui(), column);
     button->setObjectName(u"unlockButton"_s);
     button->setAccessibleName(button->text());
     button->setProperty("primary", true);
-    button->setFixedWidth(240);
+    button->setFixedWidth(widthOfInput);
     connect(button, &QPushButton::clicked, this, &LockScreen::tryCode);
     layout->addWidget(m_input, 0, Qt::AlignHCenter);
     layout->addWidget(button, 0, Qt::AlignHCenter);
     if (BasicForm::isTouchMode()) {
-        auto* keypad = new TalloKeyboard(column);
-        keypad->setObjectName(u"unlockKeyboard"_s);
-        keypad->setKeyboardLayouts(u"digits"_s);
-        layout->addWidget(keypad, 0, Qt::AlignHCenter);
+        createKeyboard(column);
     }
     setFocusProxy(m_input);
 }
 
+void LockScreen::createKeyboard(QWidget* column)
+{
+    auto* keyboard = new TalloKeyboard(column);
+    keyboard->setObjectName(u"unlockKeyboard"_s);
+    if (TalloKeyboard::canType(m_code, digits)) {
+        keyboard->setKeyboardLayouts(digits);
+    } else {
+        keyboard->setKeyboardLayouts(allCharacters);
+        keyboard->setFixedWidth(widthOfLetters);
+    }
+    static_cast<QVBoxLayout*>(column->layout())->addWidget(keyboard, 0, Qt::AlignHCenter);
+}
+
 void LockScreen::lock()
 {
-    showHint(m_input ? tr::Tr(u"lockEnterCode"_s, u"Введите код кассира"_s)
-                     : tr::Tr(u"lockPressKey"_s, u"Нажмите любую клавишу или коснитесь экрана"_s),
-             "hint");
+    if (!isLocked()) {
+        m_state.lock();
+    }
+    prompt();
     setGeometry(parentWidget()->rect());
     show();
     raise();
     setFocus();
+}
+
+void LockScreen::refuseClosing()
+{
+    showHint({u"lockRefusesClosing"_s, u"Касса заблокирована. Введите код кассира, затем закройте окно."_s}, "error");
 }
 
 void LockScreen::keyPressEvent(QKeyEvent*)
@@ -94,14 +133,42 @@ void LockScreen::mousePressEvent(QMouseEvent*)
 
 void LockScreen::tryCode()
 {
-    const bool right = m_input->text() == m_code;
-    m_input->clear();
-    if (right) {
-        unlock();
+    if (m_state.wait().count() > 0) {
+        prompt();
         return;
     }
-    showHint(tr::Tr(u"lockWrongCode"_s, u"Код не подходит. Введите ещё раз."_s), "error");
+    const QString code = m_input->text();
+    m_input->clear();
     m_input->setFocus();
+    if (code == m_code) {
+        unlock();
+    } else if (!code.isEmpty()) {
+        m_state.countWrongTry();
+        countDown({u"lockWrongCodeWait"_s, u"Код не подходит. Следующая попытка через %1 с."_s});
+    }
+}
+
+void LockScreen::prompt()
+{
+    if (!m_input) {
+        showHint({u"lockPressKey"_s, u"Нажмите любую клавишу или коснитесь экрана"_s}, "hint");
+    } else if (m_state.wait().count() > 0) {
+        countDown({u"lockWait"_s, u"Неверный код вводили много раз. Следующая попытка через %1 с."_s});
+    } else {
+        m_countdown.stop();
+        showHint({u"lockEnterCode"_s, u"Введите код кассира"_s}, "hint");
+    }
+}
+
+void LockScreen::countDown(const tr::Tr& reason)
+{
+    const auto wait = m_state.wait().count();
+    if (wait == 0) {
+        showHint({u"lockWrongCode"_s, u"Код не подходит. Введите ещё раз."_s}, "error");
+        return;
+    }
+    showHint(reason.arg(QString::number(wait)), "error");
+    m_countdown.start();
 }
 
 void LockScreen::showHint(const tr::Tr& hint, const char* textRole)
@@ -112,6 +179,8 @@ void LockScreen::showHint(const tr::Tr& hint, const char* textRole)
 
 void LockScreen::unlock()
 {
+    m_countdown.stop();
+    m_state.unlock();
     hide();
     emit unlocked();
 }

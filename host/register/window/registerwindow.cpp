@@ -2,6 +2,7 @@
 #include "registerwindow.h"
 
 #include "actionqueuecontroller.h"
+#include "config.h"
 #include "documentwords.h"
 #include "formlayer.h"
 #include "inputblocker.h"
@@ -10,8 +11,10 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QEventLoop>
 #include <QKeyEvent>
 #include <QTimer>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -27,11 +30,12 @@ constexpr auto unwindingRound = std::chrono::milliseconds(10);
 
 RegisterWindow::RegisterWindow(Till& till, const PositionMarks& marks, const QList<FunctionKey>& keys,
                                const LongWork& longWork, const QString& unlockCode)
-    : m_sales(new SalesScreen(till, marks, keys))
+    : m_stage(new QWidget(this))
+    , m_sales(new SalesScreen(till, marks, keys))
     , m_statusLine(new StatusLine)
-    , m_ground(new QWidget(this))
-    , m_busy(new BusyScreen(this))
-    , m_lock(new LockScreen(unlockCode, this))
+    , m_ground(new QWidget(m_stage))
+    , m_busy(new BusyScreen(m_stage))
+    , m_lock(new LockScreen(unlockCode, LockState(Singleton<Config>::get()->getString(u"Register:data"_s)), this))
 {
     setObjectName(u"registerWindow"_s);
     setWindowTitle(tr::Tr(u"registerTitle"_s, u"Касса аптеки"_s).ui());
@@ -39,10 +43,15 @@ RegisterWindow::RegisterWindow(Till& till, const PositionMarks& marks, const QLi
     arrangeGround();
     showWork(longWork);
     showDocuments(till);
+    showConflicts(keys);
     connect(Singleton<ActionQueueController>::get(), &ActionQueueController::stopped, this, &RegisterWindow::showStop);
     connect(m_lock, &LockScreen::unlocked, this, &RegisterWindow::uncover);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { keepFocusInLock(now); });
     qApp->installEventFilter(this);
     m_sales->setFocus();
+    if (m_lock->isLocked()) {
+        cover();
+    }
 }
 
 RegisterWindow::~RegisterWindow() = default;
@@ -54,9 +63,11 @@ void RegisterWindow::arrangeGround()
     groundLayout->setSpacing(0);
     groundLayout->addWidget(m_sales, 1);
     groundLayout->addWidget(m_statusLine);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_ground);
+    for (const auto& [outer, inner] : {std::pair<QWidget*, QWidget*>(m_stage, m_ground), {this, m_stage}}) {
+        auto* layout = new QVBoxLayout(outer);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->addWidget(inner);
+    }
 }
 
 /// Refreshes the positions after each piece of work: a plug-in may have changed them.
@@ -83,9 +94,28 @@ void RegisterWindow::showDocuments(const Till& till)
     });
 }
 
+void RegisterWindow::showConflicts(const QList<FunctionKey>& keys)
+{
+    for (const FunctionKey& key : keys) {
+        if (!key.lostTo.isEmpty()) {
+            m_statusLine->addProblem(shortcutConflict(key).ui());
+        }
+    }
+}
+
+void RegisterWindow::waitUntilSeen(QEventLoop& loop)
+{
+    if (!m_lock->isLocked()) {
+        return;
+    }
+    const auto unlocking = connect(m_lock, &LockScreen::unlocked, &loop, &QEventLoop::quit);
+    loop.exec();
+    disconnect(unlocking);
+}
+
 void RegisterWindow::enter(BasicForm& form)
 {
-    auto* layer = new FormLayer(form, this);
+    auto* layer = new FormLayer(form, m_stage);
     m_layers.append(layer);
     layer->setGeometry(rect());
     layer->show();
@@ -116,7 +146,7 @@ bool RegisterWindow::eventFilter(QObject* watched, QEvent* event)
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
     const bool goesOn =
         event->type() == QEvent::MouseButtonPress || (isKey && !static_cast<QKeyEvent*>(event)->isAutoRepeat());
-    if (goesOn && m_statusLine->isWarningShown()) {
+    if (goesOn && m_statusLine->isWarningShown() && !m_lock->isLocked()) {
         m_statusLine->dropNews();
     }
     return QWidget::eventFilter(watched, event);
@@ -124,16 +154,25 @@ bool RegisterWindow::eventFilter(QObject* watched, QEvent* event)
 
 void RegisterWindow::lock()
 {
-    if (!m_lock->isVisible()) {
-        unwind(Unwinding::ToLock);
+    if (!m_lock->isLocked()) {
+        cover();
     }
+}
+
+void RegisterWindow::shutDown()
+{
+    m_isShuttingDown = true;
+    close();
 }
 
 void RegisterWindow::closeEvent(QCloseEvent* event)
 {
-    if (isAtWork()) {
+    if (m_lock->isLocked() && m_lock->hasCode() && !m_isShuttingDown) {
         event->ignore();
-        unwind(Unwinding::ToClose);
+        m_lock->refuseClosing();
+    } else if (isAtWork()) {
+        event->ignore();
+        unwind();
     }
 }
 
@@ -146,13 +185,9 @@ void RegisterWindow::resizeEvent(QResizeEvent*)
     m_lock->setGeometry(rect());
 }
 
-void RegisterWindow::unwind(Unwinding purpose)
+void RegisterWindow::unwind()
 {
-    const bool underWay = m_unwinding != Unwinding::No;
-    if (m_unwinding != Unwinding::ToClose) {
-        m_unwinding = purpose;
-    }
-    if (!underWay) {
+    if (!std::exchange(m_isUnwinding, true)) {
         QTimer::singleShot(0, this, &RegisterWindow::goOnUnwinding);
     }
 }
@@ -160,9 +195,7 @@ void RegisterWindow::unwind(Unwinding purpose)
 /// A cancelled form may bring back the one before it, so that several rounds are needed until nothing is open.
 void RegisterWindow::goOnUnwinding()
 {
-    if (m_unwinding == Unwinding::ToClose) { // an action that queues itself would hold up the end
-        Singleton<ActionQueueController>::get()->dropWaiting();
-    }
+    Singleton<ActionQueueController>::get()->dropWaiting(); // an action that queues itself would hold up the end
     const bool blocked = InputBlocker::isActive();
     if (blocked || isAtWork()) {
         QTimer::singleShot(unwindingRound, this, &RegisterWindow::goOnUnwinding);
@@ -171,22 +204,20 @@ void RegisterWindow::goOnUnwinding()
         }
         return;
     }
-    if (std::exchange(m_unwinding, Unwinding::No) == Unwinding::ToClose) {
-        close();
-    } else {
-        coverWithLock();
-    }
+    m_isUnwinding = false;
+    close();
 }
 
 bool RegisterWindow::isAtWork() const
 {
-    return !m_layers.isEmpty() || Singleton<ActionQueueController>::get()->isBusy();
+    return !m_layers.isEmpty() || Singleton<GraphicalUserInterface>::get()->topForm() ||
+           Singleton<ActionQueueController>::get()->isBusy();
 }
 
 void RegisterWindow::arrangeLayers()
 {
     bool covered = false;
-    bool onTop = !m_lock->isVisible();
+    bool onTop = true;
     const auto place = [&](QWidget* widget, bool coversAll) {
         widget->setVisible(!covered);
         widget->setEnabled(onTop);
@@ -198,22 +229,45 @@ void RegisterWindow::arrangeLayers()
     }
     place(m_ground, true);
     // The last child is on top.
-    m_busy->setCovered(!m_layers.isEmpty() && children().indexOf(m_layers.last()) > children().indexOf(m_busy));
+    const QObjectList& shown = m_stage->children();
+    m_busy->setCovered(!m_layers.isEmpty() && shown.indexOf(m_layers.last()) > shown.indexOf(m_busy));
 }
 
-void RegisterWindow::coverWithLock()
+/// Hides the stage, so that no shortcut, tool tip or screen reader finds anything of it.
+void RegisterWindow::cover()
 {
-    m_focusBeforeLock = QApplication::focusWidget();
+    m_focusBelowLock = focusWidget();
+    while (QWidget* popup = QApplication::activePopupWidget()) {
+        popup->close();
+    }
+    QToolTip::hideText();
     m_lock->lock();
-    arrangeLayers();
+    m_stage->hide();
 }
 
 void RegisterWindow::uncover()
 {
-    arrangeLayers();
-    if (m_focusBeforeLock) {
-        m_focusBeforeLock->setFocus();
+    m_stage->show();
+    QWidget* below = m_focusBelowLock;
+    if (!below || !below->isVisible() || below == m_busy) {
+        below = m_layers.isEmpty() ? m_sales : m_layers.last()->focusWidget();
     }
+    if (below) {
+        below->setFocus();
+    }
+    if (m_busy->isVisible()) {
+        m_busy->takeFocus();
+    }
+}
+
+/// What would have the focus now gets it when the screen is unlocked.
+void RegisterWindow::keepFocusInLock(QWidget* focused)
+{
+    if (!m_lock->isLocked() || !focused || !m_stage->isAncestorOf(focused)) {
+        return;
+    }
+    m_focusBelowLock = focused;
+    m_lock->setFocus();
 }
 
 void RegisterWindow::showStop(const control::Action& action, EContext::Result result)

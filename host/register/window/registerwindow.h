@@ -29,40 +29,45 @@ public:
     StatusLine& statusLine() { return *m_statusLine; }
 
     // FormStage
+    void waitUntilSeen(QEventLoop& loop) override;
     void enter(BasicForm& form) override;
     void leave(BasicForm& form) override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 public slots:
-    /// Cancels all open forms, then covers the window until the cashier comes back.
+    /// Covers the window until the cashier comes back. Open forms stay open below, and nothing of them is seen. A form
+    /// that is shown meanwhile waits until then.
     void lock();
+    /// Closes the window although it is locked: for the end of the program.
+    void shutDown();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    /// Why the open forms are being cancelled.
-    enum class Unwinding { No, ToClose, ToLock };
-
     void arrangeGround();
     void showWork(const LongWork& longWork);
     void showDocuments(const Till& till);
-    void unwind(Unwinding purpose);
+    void showConflicts(const QList<FunctionKey>& keys);
+    void unwind();
     void goOnUnwinding();
     bool isAtWork() const;
     void arrangeLayers();
-    void coverWithLock();
+    void cover();
     void uncover();
+    void keepFocusInLock(QWidget* focused);
     void showStop(const control::Action& action, EContext::Result result);
 
+    QWidget* m_stage; ///< all but the lock
     SalesScreen* m_sales;
     StatusLine* m_statusLine;
     QWidget* m_ground;
     BusyScreen* m_busy;
     LockScreen* m_lock;
     QList<FormLayer*> m_layers;
-    QPointer<QWidget> m_focusBeforeLock;
-    Unwinding m_unwinding = Unwinding::No;
+    QPointer<QWidget> m_focusBelowLock;
+    bool m_isUnwinding = false;
+    bool m_isShuttingDown = false;
 };

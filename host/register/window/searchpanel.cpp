@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "searchpanel.h"
 
+#include "scanfilter.h"
 #include "tallolineedit.h"
 #include "tr.h"
 
@@ -38,7 +39,8 @@ void SearchPanel::createSearch()
     m_search->setPlaceholderText(hint);
     m_search->setAccessibleName(hint);
     m_search->setMaxLength(200);
-    connect(m_search, &QLineEdit::returnPressed, this, &SearchPanel::enter);
+    connect(m_search, &QLineEdit::returnPressed, this, [this] { enter(m_search->text()); });
+    connect(new ScanFilter(*m_search), &ScanFilter::scanned, this, &SearchPanel::enter);
 }
 
 void SearchPanel::showTotal(Kopecks total)
@@ -56,11 +58,11 @@ QWidget* SearchPanel::input() const
     return m_search;
 }
 
-void SearchPanel::enter()
+void SearchPanel::enter(const QString& text)
 {
-    const QString text = m_search->text().trimmed();
+    const QString wanted = text.trimmed();
     m_search->clear();
-    if (!text.isEmpty()) {
-        emit entered(text);
+    if (!wanted.isEmpty()) {
+        emit entered(wanted);
     }
 }

@@ -23,12 +23,12 @@ public:
     QWidget* input() const;
 
 signals:
-    /// The cashier typed or scanned a text, and pressed the Return key; never empty.
+    /// The cashier scanned a code, or typed a text and pressed the Return key; never empty.
     void entered(const QString& text);
 
 private:
     void createSearch();
-    void enter();
+    void enter(const QString& text);
 
     TalloLineEdit* m_search;
     QLabel* m_total;

@@ -58,12 +58,13 @@ QLabel* StatusLine::addLabel(const QString& name, int stretch)
 void StatusLine::showMessage(const QString& text)
 {
     m_permanentMessage = text;
-    show(text, permanent);
+    dropNews();
 }
 
-void StatusLine::addMessage(const QString& text)
+void StatusLine::addProblem(const QString& text)
 {
-    showMessage(m_permanentMessage.isEmpty() ? text : m_permanentMessage + u'\n' + text);
+    m_problems.append(text);
+    dropNews();
 }
 
 void StatusLine::showDone(const QString& text)
@@ -83,7 +84,11 @@ bool StatusLine::isWarningShown() const
 
 void StatusLine::dropNews()
 {
-    show(m_permanentMessage, permanent);
+    QStringList lines = m_problems;
+    if (!m_permanentMessage.isEmpty()) {
+        lines.append(m_permanentMessage);
+    }
+    show(lines.join(u'\n'), permanent);
 }
 
 void StatusLine::show(const QString& text, const char* textRole)

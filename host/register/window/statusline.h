@@ -17,8 +17,8 @@ public:
 
     /// Shows a permanent message; empty: none.
     void showMessage(const QString& text);
-    /// Shows one more permanent message, below the one that is there.
-    void addMessage(const QString& text);
+    /// Shows one more problem of the configuration, before the permanent message.
+    void addProblem(const QString& text);
     /// Shows what was done, in large letters, in place of the permanent message until dropNews().
     void showDone(const QString& text);
     /// Shows a warning on amber, in place of the permanent message until dropNews().
@@ -36,6 +36,7 @@ private:
     QLabel* addLabel(const QString& name, int stretch);
     void show(const QString& text, const char* textRole);
 
+    QStringList m_problems;
     QString m_permanentMessage;
     QLabel* m_message;
     QLabel* m_plugins;

@@ -143,7 +143,7 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
     const InputBlocker::Pause pause;
     const QuitWatcher quitWatcher(*this);
     const QScopedValueRollback<Shown*> ownAnswers(m_cancelling, nullptr);
-    const QPointer<QWidget> focusBefore = QApplication::focusWidget();
+    QPointer<QWidget> focusBefore;
 
     Shown shown;
     shown.form = form;
@@ -168,12 +168,12 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
     });
 
     if (m_host->stage) {
-        m_host->stage->enter(*form);
-    } else if (QWidget* root = form->rootWidget()) {
-        root->show();
-        root->activateWindow();
+        m_host->stage->waitUntilSeen(shown.loop);
     }
-    form->show();
+    focusBefore = QApplication::focusWidget();
+    if (!shown.isAnswered) {
+        enter(*form);
+    }
     if (m_host->stage && !form->rootWidget()) { // nobody can see it
         dismiss();
     }
@@ -186,6 +186,17 @@ core::BasicDialog::Result GraphicalUserInterface::run(const QSharedPointer<Basic
         std::rethrow_exception(shown.fault);
     }
     return shown.result;
+}
+
+void GraphicalUserInterface::enter(BasicForm& form)
+{
+    if (m_host->stage) {
+        m_host->stage->enter(form);
+    } else if (QWidget* root = form.rootWidget()) {
+        root->show();
+        root->activateWindow();
+    }
+    form.show();
 }
 
 void GraphicalUserInterface::answer(const control::Action& action)

@@ -50,8 +50,8 @@ public:
     /// The topmost form that has no answer yet; null when there is none.
     QSharedPointer<BasicForm> topForm() const;
 
-    /// Cancels the forms on the screen, the top one first, as closing them does: for the inactivity lock and for
-    /// shutdown. A form that does not answer then is dismissed. Each run() returns once control is back in it.
+    /// Cancels the forms on the screen, the top one first, as closing them does: for the end of the program. A form
+    /// that does not answer then is dismissed. Each run() returns once control is back in it.
     ///
     /// A caller may ask again, so that several calls are needed. After 50 forms that were cancelled like this, with
     /// none answered in between, run() throws instead; after another 50, FormHost::giveUp is called.
@@ -69,6 +69,7 @@ public:
 private:
     struct Shown;
 
+    void enter(BasicForm& form);
     void cancel(Shown& shown);
     void close(Shown& shown);
 

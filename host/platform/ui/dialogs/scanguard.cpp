@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 
 ScanGuard::ScanGuard(const GraphicalUserInterface& gui)
     : m_gui(gui)
@@ -16,8 +17,24 @@ ScanGuard::ScanGuard(const GraphicalUserInterface& gui)
 
 bool ScanGuard::eventFilter(QObject* watched, QEvent* event)
 {
-    return event->type() == QEvent::KeyPress && watched->isWindowType() &&
-           m_recognizer.take(*static_cast<QKeyEvent*>(event), {}) && !isScanExpected();
+    if (event->type() != QEvent::KeyPress || !watched->isWindowType()) {
+        return false;
+    }
+    const auto scan = m_recognizer.take(*static_cast<QKeyEvent*>(event), {});
+    if (scan) {
+        replaceWith(scan->text);
+    }
+    return scan && !isScanExpected();
+}
+
+/// As if it was typed over the selected text, so that the field's form hears of it.
+void ScanGuard::replaceWith(const QString& code)
+{
+    auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    if (field && !field->isReadOnly() && !field->property(ScanRecognizer::recognizesScans).toBool()) {
+        field->selectAll();
+        field->insert(code);
+    }
 }
 
 bool ScanGuard::isScanExpected() const

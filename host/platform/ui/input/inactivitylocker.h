@@ -28,7 +28,7 @@ public slots:
     void resetTimer();
 
 signals:
-    /// The time is over. The host cancels the open forms and locks the screen.
+    /// The time is over. The host locks the screen; open forms stay open below.
     void lock();
 
 private:

@@ -1,7 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "keyboardlayout_p.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
+
+bool KeyboardLayout::canType(QChar character) const
+{
+    const QStringList keys = rows.join(u' ').split(u' ');
+    const bool hasShift = keys.contains(shift);
+    const auto writes = [character, hasShift](const QString& key) {
+        return key.size() == 1 && (key.front() == character || (hasShift && key.front().toUpper() == character));
+    };
+    return (character == u' ' && keys.contains(space)) || std::any_of(keys.cbegin(), keys.cend(), writes);
+}
 
 const KeyboardLayout* KeyboardLayout::find(const QString& name)
 {
@@ -23,6 +35,16 @@ const KeyboardLayout* KeyboardLayout::find(const QString& name)
              u"q w e r t y u i o p"_s,
              u"a s d f g h j k l"_s,
              u"shift z x c v b n m . , / @"_s,
+             u"layout space enter"_s,
+         },
+         false},
+        {u"symbols"_s,
+         u"#+="_s,
+         {
+             u"1 2 3 4 5 6 7 8 9 0 - backspace"_s,
+             u"! ? \" ' ` ( ) [ ] { } №"_s,
+             u"@ # $ % ^ & * + = < > ~"_s,
+             u". , : ; / \\ | _"_s,
              u"layout space enter"_s,
          },
          false},

@@ -22,6 +22,9 @@ struct KeyboardLayout {
     static constexpr QLatin1StringView space{"space"};
     static constexpr QLatin1StringView next{"layout"};
 
+    /// True when a key writes the character, alone or after the shift key.
+    bool canType(QChar character) const;
+
     /// Null when there is no layout of that name.
     static const KeyboardLayout* find(const QString& name);
 };

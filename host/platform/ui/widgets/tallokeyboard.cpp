@@ -13,6 +13,7 @@
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -48,6 +49,27 @@ const CommandKey* findCommand(const QString& command)
         }
     }
     return nullptr;
+}
+
+/// The layouts of a configured list; an unknown one is logged and left out.
+QList<const KeyboardLayout*> findLayouts(const QString& names)
+{
+    QList<const KeyboardLayout*> known;
+    for (const QString& item : names.split(u',', Qt::SkipEmptyParts)) {
+        const QString name = item.trimmed();
+        if (const KeyboardLayout* layout = KeyboardLayout::find(name)) {
+            known.append(layout);
+        } else {
+            Log4Qt::LogManager::logger(u"gui"_s)->warn("The keyboard has no layout " + name);
+        }
+    }
+    return known;
+}
+
+/// A caption on a button, where an ampersand alone marks a mnemonic.
+QString captionOf(QString text)
+{
+    return text.replace(u'&', u"&&"_s);
 }
 
 } // namespace
@@ -120,7 +142,7 @@ private:
 
     QPushButton* createKey(const QString& name, const QString& caption)
     {
-        auto* key = new QPushButton(caption);
+        auto* key = new QPushButton(captionOf(caption));
         key->setObjectName("key_" + name);
         key->setAccessibleName(caption);
         key->setFocusPolicy(Qt::NoFocus);
@@ -227,19 +249,20 @@ TalloKeyboard::~TalloKeyboard() = default;
 
 void TalloKeyboard::setKeyboardLayouts(const QString& layouts)
 {
-    QList<const KeyboardLayout*> known;
-    for (const QString& item : layouts.split(u',', Qt::SkipEmptyParts)) {
-        const QString name = item.trimmed();
-        if (const KeyboardLayout* layout = KeyboardLayout::find(name)) {
-            known.append(layout);
-        } else {
-            Log4Qt::LogManager::logger(u"gui"_s)->warn("The keyboard has no layout " + name);
-        }
-    }
+    QList<const KeyboardLayout*> known = findLayouts(layouts);
     if (known.isEmpty()) {
         known.append(KeyboardLayout::find(u"en"_s));
     }
     d->setLayouts(known);
+}
+
+bool TalloKeyboard::canType(const QString& text, const QString& layouts)
+{
+    const QList<const KeyboardLayout*> known = findLayouts(layouts);
+    return std::all_of(text.cbegin(), text.cend(), [&known](QChar character) {
+        return std::any_of(known.cbegin(), known.cend(),
+                           [character](const KeyboardLayout* layout) { return layout->canType(character); });
+    });
 }
 
 QStringList TalloKeyboard::keyboardLayouts() const

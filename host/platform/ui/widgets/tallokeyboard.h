@@ -17,13 +17,16 @@ public:
     explicit TalloKeyboard(QWidget* parent = nullptr);
     ~TalloKeyboard() override;
 
-    /// Sets the layouts to switch between, separated by commas: "ru", "en", "digits". The first one is shown. An
-    /// unknown one is logged and passed over. When none is left, "en" is shown.
+    /// Sets the layouts to switch between, separated by commas: "ru", "en", "symbols", "digits". The first one is
+    /// shown. An unknown one is logged and passed over. When none is left, "en" is shown.
     void setKeyboardLayouts(const QString& layouts);
     /// The layouts in use, in order.
     QStringList keyboardLayouts() const;
     /// The layout that is shown.
     QString currentLayout() const;
+
+    /// True when each character of the text is on one of these layouts.
+    static bool canType(const QString& text, const QString& layouts);
 
 signals:
     /// The cashier switched to another layout. The event is of type QEvent::KeyboardLayoutChange. It exists only during

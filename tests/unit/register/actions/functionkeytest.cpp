@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "functionkey.h"
 #include "config.h"
+#include "logcapture.h"
 #include "registeraction.h"
 
 #include <gtest/gtest.h>
@@ -105,4 +106,45 @@ TEST(FunctionKey, moreEntriesThanDigits_theLastOnesAreLeftOut)
     const auto entries = configuredMenuEntries(config);
     ASSERT_EQ(entries.size(), 9);
     EXPECT_EQ(entries.last().name, u"goodsKey"_s);
+}
+
+TEST(FunctionKey, twoWithOneShortcut_theFirstHasItAndTheConflictIsNamed)
+{
+    Config config;
+    config.setForThisRun(u"FunctionKeys:keys"_s, u"newReceiptKey,goodsKey,quantityKey"_s);
+    config.setForThisRun(u"FunctionKey.goodsKey:key"_s, u"f2"_s);
+    const LogCapture log;
+    const auto keys = configuredFunctionKeys(config);
+    EXPECT_EQ(keys.at(0).shortcut, QKeySequence(Qt::Key_F2));
+    EXPECT_TRUE(keys.at(0).lostTo.isEmpty());
+    EXPECT_TRUE(keys.at(1).shortcut.isEmpty());
+    EXPECT_EQ(keys.at(2).shortcut, QKeySequence(Qt::Key_F4));
+    EXPECT_TRUE(keys.at(2).lostTo.isEmpty());
+    EXPECT_EQ(shortcutConflict(keys.at(1)).ui(),
+              u"F2 назначена двум кнопкам, работает «Новый чек». Для «Товар» исправьте "
+              "в настройках FunctionKey.goodsKey:key"_s);
+    EXPECT_TRUE(log.text().contains(u"The function keys newReceiptKey and goodsKey have one shortcut: F2"_s))
+        << qPrintable(log.text());
+}
+
+TEST(FunctionKey, oneShortcutBeginsAnother_theFirstHasIt)
+{
+    Config config;
+    config.setForThisRun(u"FunctionKeys:keys"_s, u"newReceiptKey,goodsKey"_s);
+    config.setForThisRun(u"FunctionKey.newReceiptKey:key"_s, u"Ctrl+K, Ctrl+N"_s);
+    config.setForThisRun(u"FunctionKey.goodsKey:key"_s, u"Ctrl+K"_s);
+    EXPECT_TRUE(configuredFunctionKeys(config).at(1).shortcut.isEmpty());
+}
+
+TEST(FunctionKey, twoWithoutAShortcut_areNoConflict)
+{
+    Config config;
+    config.setForThisRun(u"FunctionKeys:keys"_s, u"newReceiptKey,goodsKey"_s);
+    config.setForThisRun(u"FunctionKey.newReceiptKey:key"_s, QString());
+    config.setForThisRun(u"FunctionKey.goodsKey:key"_s, QString());
+    const LogCapture log;
+    for (const FunctionKey& key : configuredFunctionKeys(config)) {
+        EXPECT_TRUE(key.lostTo.isEmpty());
+    }
+    EXPECT_TRUE(log.lines().isEmpty()) << qPrintable(log.text());
 }

@@ -470,14 +470,45 @@ TEST_F(RegisterProgram, libraryThatIsNoPlugin_isNamedInTheStatusLine)
     EXPECT_EQ(play(R"([{"contains": "broken", "in": "statusMessageLabel"}])"), 0) << qPrintable(output);
 }
 
-TEST_F(RegisterProgram, inactivity_locksTheWindowAndAKeyUnlocksIt)
+TEST_F(RegisterProgram, inactivity_locksTheWindowAndAKeyLeadsBackToTheFormThatWasOpen)
 {
     write("register.ini", "[Register]\ndemoData=true\n[GUI]\ninactivityLockSeconds=1\n");
-    EXPECT_EQ(play(R"([{"key": "F3"}, {"wait": "lockScreen", "seconds": 30}, {"key": "Space"},
-                       {"visible": false, "in": "lockScreen"}, {"visible": false, "in": "goodsTable"},
-                       {"wait": "salesScreen"}])"),
+    EXPECT_EQ(play(R"([{"key": "F3"}, {"type": "бинт", "into": "filterLineEdit"},
+                       {"wait": "lockScreen", "seconds": 30}, {"key": "Space"},
+                       {"visible": false, "in": "lockScreen"}, {"expect": "бинт", "in": "filterLineEdit"},
+                       {"key": "Esc"}, {"wait": "salesScreen"}])"),
               0)
         << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, endedWhileLocked_comesBackLockedAndAsksForTheCode)
+{
+    write("register.ini", "[Register]\ndemoData=true\nunlockCode=2468\n[GUI]\ninactivityLockSeconds=1\n");
+    EXPECT_EQ(play(R"([{"wait": "lockScreen", "seconds": 30}])"), 0) << qPrintable(output);
+    EXPECT_EQ(play(R"([{"wait": "lockScreen"}, {"visible": false, "in": "salesScreen"}, {"key": "F2"},
+                       {"type": "2468"}, {"key": "Return"}, {"visible": false, "in": "lockScreen"},
+                       {"expect": "Чек не открыт", "in": "receiptNumberLabel"}])"),
+              0)
+        << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, messageAtTheStartOfALockedRegister_waitsForTheCode)
+{
+    write("register.ini", "[Register]\nunlockCode=2468\n[GUI]\n");
+    write("data/screenlock.json", "{}");
+    EXPECT_EQ(play(R"([{"wait": "lockScreen"}, {"visible": false, "in": "messageForm"}, {"type": "2468"},
+                       {"key": "Return"}, {"contains": "Справочник товаров недоступен", "in": "messageLabel"}])"),
+              0)
+        << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, unlockCodeThatTouchCannotType_endsWithStatusThree)
+{
+    write("register.ini", "[Register]\ndemoData=true\nunlockCode=schlüssel\n");
+    EXPECT_EQ(play("[]", {u"--touch"_s}), 3);
+    EXPECT_TRUE(output.contains(u"Register:unlockCode"_s)) << qPrintable(output);
+    EXPECT_FALSE(output.contains(u"schl"_s)) << "the code is secret";
+    EXPECT_EQ(play("[]"), 0) << "a keyboard may type it";
 }
 
 TEST_F(RegisterProgram, touchAlone_putsGoodsOnTheDocument)

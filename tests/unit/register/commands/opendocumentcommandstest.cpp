@@ -64,7 +64,7 @@ TEST_F(OpenDocumentCommandsTest, externalPosition_keepsItsQuantity)
     const DialogDouble dialog;
     EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::Stop);
     ASSERT_EQ(dialog.messages().size(), 1);
-    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Позиция № 1 отпускается по документу"_s));
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Позиция «Амоксидар"_s));
     EXPECT_EQ(till->document()->position(1)->getQuantity(), 1);
 }
 

@@ -77,7 +77,7 @@ protected:
 TEST_F(PayCommand, receivedInAnyForm_closesWithTheChange)
 {
     const std::pair<const char*, Kopecks> forms[] = {
-        {"50", Kopecks{5000}},       {" 24,80 ", Kopecks{2480}}, {"24.8", Kopecks{2480}},
+        {"50", Kopecks{5000}},         {" 24,80 ", Kopecks{2480}}, {"24.8", Kopecks{2480}},
         {"5024,79", Kopecks{502'479}}, {"", Kopecks{2480}},        {"  ", Kopecks{2480}},
     };
     for (const auto& [typed, received] : forms) {

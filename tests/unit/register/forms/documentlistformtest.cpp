@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "actionhost.h"
+#include "clockdouble.h"
 #include "registeraction.h"
 #include "storeddocumentcommands.h"
 #include "windowfixture.h"
@@ -292,11 +293,112 @@ INSTANTIATE_TEST_SUITE_P(, DocumentSearch,
                                            Search{"goods", "Борвит", {5}}),
                          [](const auto& instance) { return std::string(instance.param.name); });
 
+/// More documents than the list shows: 600 sales of long ago, one a day, before those of today.
+class OldDocuments : public DocumentListFormTest
+{
+protected:
+    OldDocuments()
+    {
+        for (const char* place : {"putaside", "finished"}) {
+            QDir(folder.filePath(QLatin1StringView(place))).removeRecursively();
+        }
+        QDir(folder.path()).mkpath(u"finished"_s);
+        for (int number = 1; number <= count; ++number) {
+            Document document(number, QDateTime(firstDay.addDays(number - 1), {9, 0}));
+            document.setEnding({.state = Document::State::Closed, .finished = document.getOpened()});
+            QFile file(folder.filePath(document.fileName()));
+            EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+            file.write(QJsonDocument(document.toJson()).toJson());
+        }
+    }
+    QList<int> found() const
+    {
+        QList<int> numbers;
+        for (int row = 0; row < table()->model()->rowCount(); ++row) {
+            numbers.append(number(row).toInt());
+        }
+        return numbers;
+    }
+
+    static constexpr int count = 600;
+    const QDate firstDay{2023, 1, 1};
+    ClockDouble clock{QDateTime({2024, 2, 3}, {12, 0})};
+};
+
+TEST_F(OldDocuments, beforeASearch_theLatestAreShown)
+{
+    inList([this](QWidget&) {
+        EXPECT_EQ(table()->model()->rowCount(), 500);
+        EXPECT_EQ(current(), u"600"_s);
+    });
+}
+
+TEST_F(OldDocuments, numberTyped_isFoundAndCurrent)
+{
+    inList([this](QWidget&) {
+        search("7");
+        EXPECT_EQ(current(), u"7"_s);
+        search("601");
+        EXPECT_TRUE(found().isEmpty());
+        search("");
+        EXPECT_EQ(table()->model()->rowCount(), 501) << "one that was found stays in the list";
+    });
+}
+
+struct TypedDay {
+    const char* name;
+    const char* text;
+    int document;
+};
+
+class OldDay : public OldDocuments, public ::testing::WithParamInterface<TypedDay>
+{
+};
+
+TEST_P(OldDay, typed_itsDocumentIsFound)
+{
+    inList([this](QWidget&) {
+        search(GetParam().text);
+        EXPECT_EQ(found(), QList<int>{GetParam().document});
+        EXPECT_EQ(current().toInt(), GetParam().document);
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(, OldDay,
+                         ::testing::Values(TypedDay{"whole", "05.01.2023", 5}, TypedDay{"short", "5.1.23", 5},
+                                           TypedDay{"commas", " 05,01,2023 ", 5}, TypedDay{"ofThisYear", "03.02", 399},
+                                           TypedDay{"withoutAYearYet", "04.02.", 35},
+                                           TypedDay{"ofTheLatest", "22.08.2024", 600}),
+                         [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_F(OldDocuments, dayWithoutDocuments_nothingIsFound)
+{
+    inList([this](QWidget&) {
+        search("31.12.2022");
+        EXPECT_TRUE(found().isEmpty());
+        EXPECT_TRUE(hint()->text().startsWith(u"Ничего не найдено"_s));
+        search("31.02.2023");
+        EXPECT_TRUE(found().isEmpty());
+    });
+}
+
+TEST_F(OldDocuments, foundByItsDayAndVoided_staysCurrent)
+{
+    inList([this](QWidget&) {
+        search("05.01.2023");
+        answerQuestion("yesButton");
+        press(Qt::Key_F8);
+        EXPECT_EQ(current(), u"5"_s);
+        EXPECT_EQ(state(0), u"Аннулирован"_s);
+    });
+}
+
 TEST_F(DocumentListFormTest, nothingFound_isShownAndAllButtonsAreDisabled)
 {
     inList([this](QWidget&) {
         search("нет такого");
-        EXPECT_EQ(hint()->text(), u"Ничего не найдено. Измените строку поиска."_s);
+        EXPECT_EQ(hint()->text(),
+                  u"Ничего не найдено. Измените строку поиска; давние документы ищут по номеру или дню."_s);
         for (const char* name : {"takeUpButton", "takeBackButton", "annulButton", "printButton"}) {
             EXPECT_FALSE(button(name)->isEnabled()) << name;
         }
@@ -322,6 +424,42 @@ TEST_F(DocumentListFormTest, left_nothingHappens)
     inList([this](QWidget&) { QTest::mouseClick(button("cancelButton"), Qt::LeftButton); });
     EXPECT_FALSE(till->document());
     EXPECT_EQ(QApplication::focusWidget(), widget<QWidget>("searchLineEdit"));
+}
+
+TEST_F(DocumentListFormTest, touchMode_lettersAreTypedOnAWideKeyboardBelowTheList)
+{
+    config.set(u"GUI:touchMode"_s, u"true"_s);
+    inList([this](QWidget& root) {
+        QApplication::processEvents();
+        const auto seenKey = [&root](const QString& name) -> QPushButton* {
+            for (auto* key : root.findChildren<QPushButton*>(u"key_"_s + name)) {
+                if (key->isVisible()) {
+                    return key;
+                }
+            }
+            return nullptr;
+        };
+        QTest::mouseClick(seenKey(u"layout"_s), Qt::LeftButton);
+        QApplication::processEvents();
+        EXPECT_EQ(window->size(), QSize(1024, 600));
+        EXPECT_FALSE(root.findChild<QWidget*>(u"positionsTable"_s)->isVisible());
+        EXPECT_GE(table()->viewport()->height(), 3 * table()->rowHeight(0));
+        EXPECT_GE(table()->width(), 900);
+        for (const char* key : {"ё", "б", "enter", "backspace"}) {
+            const auto* button = seenKey(QString::fromUtf8(key));
+            ASSERT_NE(button, nullptr) << key;
+            EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect()) << key;
+        }
+        for (const char* key : {"б", "о", "р"}) {
+            QTest::mouseClick(seenKey(QString::fromUtf8(key)), Qt::LeftButton);
+        }
+        EXPECT_EQ(root.findChild<QLineEdit*>(u"filterLineEdit"_s)->text(), u"бор"_s);
+        EXPECT_EQ(table()->model()->rowCount(), 1);
+        for (int layout = 0; layout < 2; ++layout) { // English, digits again
+            QTest::mouseClick(seenKey(u"layout"_s), Qt::LeftButton);
+        }
+        EXPECT_TRUE(root.findChild<QWidget*>(u"positionsTable"_s)->isVisible());
+    });
 }
 
 TEST_F(DocumentListFormTest, touchMode_fitsTheSmallestScreenAndScrollsByButtons)

@@ -168,6 +168,16 @@ TEST_F(ReceiptPrinterTest, priceRaised_noBenefitIsPrinted)
     EXPECT_FALSE(layout(document).join(u'\n').contains(u"ьгот"_s));
 }
 
+TEST_F(ReceiptPrinterTest, positionRemoved_theOthersAreCountedFromOne)
+{
+    const auto document = sale();
+    const QString second = document->positions().at(1)->getName().section(u' ', 0, 0);
+    document->remove(1);
+    const QStringList printed = layout(*document);
+    EXPECT_EQ(printed.filter(u"1. "_s + second).size(), 1) << qPrintable(printed.join(u'\n'));
+    EXPECT_TRUE(printed.filter(u"2. "_s + second).isEmpty());
+}
+
 TEST_F(ReceiptPrinterTest, benefit_isTheSavingOnAllPacksInKopecks)
 {
     Document document(1, QDateTime({2024, 1, 1}, {0, 0}));

@@ -210,6 +210,84 @@ TEST_F(DocumentArchiveTest, latest_areAllSuspendedAndTheLastFinishedOnesLatestFi
     EXPECT_EQ(archive.greatestNumber(), 10);
 }
 
+/// Documents 1 to 40: ten a day from 1 March on.
+class DocumentsOfManyDays : public DocumentArchiveTest
+{
+protected:
+    DocumentsOfManyDays()
+    {
+        for (int number = 1; number <= 40; ++number) {
+            finishOn(number, firstDay.addDays((number - 1) / 10), firstDay.addDays((number - 1) / 10));
+        }
+    }
+    void finishOn(int number, QDate opened, QDate finished) const
+    {
+        auto document = QSharedPointer<Document>::create(number, QDateTime(opened, {9, 0}));
+        document->setEnding({.state = State::Closed, .finished = QDateTime(finished, {9, 5})});
+        EXPECT_TRUE(archive.saveOrShow(document));
+    }
+    /// From a number down to another one.
+    static QList<int> down(int from, int to)
+    {
+        QList<int> all;
+        for (int number = from; number >= to; --number) {
+            all.append(number);
+        }
+        return all;
+    }
+
+    const QDate firstDay{2024, 3, 1};
+};
+
+TEST_F(DocumentsOfManyDays, dayAskedFor_itsDocumentsAreFoundLatestFirst)
+{
+    EXPECT_EQ(numbers(archive.ofDay(firstDay, 100)), down(10, 1));
+    EXPECT_EQ(numbers(archive.ofDay(firstDay.addDays(1), 100)), down(20, 11));
+    EXPECT_EQ(numbers(archive.ofDay(firstDay.addDays(3), 100)), down(40, 31));
+    EXPECT_EQ(numbers(archive.ofDay(firstDay.addDays(1), 3)), down(20, 18));
+    EXPECT_TRUE(archive.ofDay(firstDay.addDays(-1), 100).isEmpty());
+    EXPECT_TRUE(archive.ofDay(firstDay.addDays(4), 100).isEmpty());
+}
+
+TEST_F(DocumentsOfManyDays, finishedOnALaterDay_isFoundByBothDays)
+{
+    finishOn(9, firstDay, firstDay.addDays(1));
+    EXPECT_EQ(numbers(archive.ofDay(firstDay, 100)), down(10, 1));
+    EXPECT_EQ(numbers(archive.ofDay(firstDay.addDays(1), 100)), down(20, 11) + QList<int>{9});
+}
+
+TEST_F(DocumentsOfManyDays, suspended_isFoundByTheDayOfItsOpening)
+{
+    auto document = QSharedPointer<Document>::create(50, QDateTime(firstDay.addDays(1), {9, 0}));
+    document->setEnding({.state = State::Suspended});
+    ASSERT_TRUE(archive.saveOrShow(document));
+    EXPECT_EQ(numbers(archive.ofDay(firstDay.addDays(1), 100)), QList<int>{50} + down(20, 11));
+}
+
+TEST_F(DocumentsOfManyDays, damagedFiles_theOthersAreFound)
+{
+    for (int number = 11; number <= 25; ++number) {
+        write(u"finished/000000%1.json"_s.arg(number), "{");
+    }
+    EXPECT_EQ(numbers(archive.ofDay(firstDay.addDays(2), 100)), down(30, 26));
+    EXPECT_EQ(numbers(archive.ofDay(firstDay, 100)), down(10, 1));
+}
+
+/// Each tenth file is damaged, so that the log tells how many were read.
+TEST_F(DocumentsOfManyDays, dayAskedFor_mostFilesAreNotRead)
+{
+    for (int number = 41; number <= 2000; ++number) {
+        auto document =
+            QSharedPointer<Document>::create(number, QDateTime(firstDay.addDays((number - 1) / 10), {9, 0}));
+        document->setEnding({.state = State::Closed, .finished = document->getOpened()});
+        write(document->fileName(), number % 10 == 0 ? "{" : QJsonDocument(document->toJson()).toJson());
+    }
+    const LogCapture log;
+    EXPECT_EQ(numbers(archive.ofDay(firstDay.addDays(100), 100)), down(1009, 1001));
+    EXPECT_EQ(numbers(archive.ofDay(firstDay, 100)), down(10, 1));
+    EXPECT_LT(log.lines().size(), 40) << "200 are damaged";
+}
+
 TEST_F(DocumentArchiveTest, filesOfOtherNames_areLeftOut)
 {
     for (const char* name :

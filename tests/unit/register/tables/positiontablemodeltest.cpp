@@ -57,6 +57,19 @@ TEST_F(PositionTableModelTest, positionWithoutMark_showsItsValues)
     EXPECT_EQ(text(0, PositionTableModel::State), QString());
 }
 
+TEST_F(PositionTableModelTest, positionRemoved_theOthersAreCountedFromOneAndKeepTheirNumbers)
+{
+    for (int i = 0; i < 3; ++i) {
+        add(1, 1);
+    }
+    document->remove(1);
+    model.refresh(document);
+    EXPECT_EQ(text(0, PositionTableModel::Number), u"1"_s);
+    EXPECT_EQ(text(1, PositionTableModel::Number), u"2"_s);
+    EXPECT_EQ(model.positionNumber(0), 2);
+    EXPECT_EQ(model.rowOf(3), 1);
+}
+
 TEST_F(PositionTableModelTest, markedPositionWithLowerPrice_showsMarkStateAndBothPrices)
 {
     const auto position = add(10, 1);

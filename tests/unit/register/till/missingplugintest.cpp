@@ -120,7 +120,8 @@ TEST_P(MissingPlugin, returnOpen_isNeitherPaidOutNorCancelledButSuspended)
     EXPECT_FALSE(close());
     EXPECT_FALSE(till->cancel());
     ASSERT_TRUE(till->suspend());
-    EXPECT_TRUE(till->archive().returned(*archived(1), nullptr) == Document::Returned::Wholly) << "it is still being returned";
+    EXPECT_TRUE(till->archive().returned(*archived(1), nullptr) == Document::Returned::Wholly)
+        << "it is still being returned";
     EXPECT_FALSE(till->returnSale(archived(1)));
     EXPECT_TRUE(till->obstacleToVoiding(*archived(2))) << "a return is not voided";
 

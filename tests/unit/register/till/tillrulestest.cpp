@@ -93,8 +93,7 @@ TEST_F(TillRules, externalPosition_keepsItsQuantity)
     const auto position = till->document()->position(1);
     EXPECT_FALSE(Till::obstacleToChangingQuantity(*position));
     position->setSoftCheckId(u"rx-1"_s);
-    EXPECT_TRUE(
-        text(Till::obstacleToChangingQuantity(*position)).startsWith(u"Позиция № 1 отпускается по документу"_s));
+    EXPECT_TRUE(text(Till::obstacleToChangingQuantity(*position)).startsWith(u"Позиция «Амоксидар"_s));
 }
 
 TEST_F(TillRules, obstacleWithoutABriefForm_isShownInFull)

@@ -183,6 +183,21 @@ TEST_F(WindowTest, functionKeyWithoutHandler_showsWhy)
     EXPECT_TRUE(said.startsWith(u"«Скидка» сейчас недоступно: нет подключённого модуля"_s)) << qPrintable(said);
 }
 
+TEST_F(WindowTest, twoKeysWithOneShortcut_theFirstWorksAndTheStatusLineNamesBoth)
+{
+    config.set(u"FunctionKey.pluginKey:key"_s, u"F2"_s);
+    openWindow();
+    const auto* status = widget<QLabel>("statusMessageLabel");
+    const QString conflict = u"F2 назначена двум кнопкам, работает «Новый чек». Для «Скидка» исправьте в настройках "
+                             "FunctionKey.pluginKey:key"_s;
+    EXPECT_EQ(status->text(), conflict);
+    window->statusLine().showMessage(u"Модуль не подключён"_s);
+    EXPECT_EQ(status->text(), conflict + u"\nМодуль не подключён"_s);
+    EXPECT_EQ(widget<QPushButton>("pluginKey")->text(), u"Скидка"_s) << "without the shortcut that it does not have";
+    press(Qt::Key_F2);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !till->document().isNull(); }));
+}
+
 TEST_F(WindowTest, formShown_fillsTheWindowAndTheFocusReturnsAfterwards)
 {
     openWindow();
@@ -334,41 +349,6 @@ TEST_F(WindowTest, closedDuringARequest_waitsForItsEnd)
         EXPECT_TRUE(window->isVisible());
     }
     EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }));
-}
-
-TEST_F(WindowTest, locked_formsAreCancelledAndAnyKeyUnlocks)
-{
-    openWindow();
-    cashier.onForm(u"goodsSelectionForm"_s, [this](QWidget&) { window->lock(); });
-    press(Qt::Key_F3);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return isSeen("lockScreen"); }));
-    EXPECT_FALSE(gui.object.topForm());
-    EXPECT_FALSE(widget<QWidget>("salesScreen")->isEnabled());
-    EXPECT_EQ(widget<QWidget>("lockScreen")->size(), window->size());
-    press(Qt::Key_F2);
-    EXPECT_FALSE(isSeen("lockScreen"));
-    EXPECT_TRUE(widget<QWidget>("salesScreen")->isEnabled());
-    EXPECT_FALSE(controller.object.isBusy()) << "the key only unlocks";
-    EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
-}
-
-TEST_F(WindowTest, lockedWithACode_onlyTheCodeUnlocks)
-{
-    openWindow(u"2468"_s);
-    window->lock();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return isSeen("lockScreen"); }));
-    auto* input = widget<QLineEdit>("unlockLineEdit");
-    EXPECT_EQ(input->echoMode(), QLineEdit::Password);
-    QTest::keyClicks(input, u"1111"_s);
-    QTest::keyClick(input, Qt::Key_Return);
-    EXPECT_TRUE(isSeen("lockScreen"));
-    EXPECT_TRUE(input->text().isEmpty());
-    QTest::mouseClick(widget<QWidget>("lockScreen"), Qt::LeftButton, {}, {5, 5});
-    QTest::keyClick(widget<QWidget>("lockScreen"), Qt::Key_Escape);
-    EXPECT_TRUE(isSeen("lockScreen"));
-    QTest::keyClicks(input, u"2468"_s);
-    QTest::mouseClick(widget<QPushButton>("unlockButton"), Qt::LeftButton);
-    EXPECT_FALSE(isSeen("lockScreen"));
 }
 
 TEST_F(WindowTest, nameOfTenThousandCharacters_doesNotWidenTheWindow)

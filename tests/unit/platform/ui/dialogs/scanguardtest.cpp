@@ -110,6 +110,53 @@ TEST_F(ScanGuardTest, scannedInTheSearchLineOfAList_staysThereAndChoosesNothing)
     gui.run(createList());
 }
 
+TEST_F(ScanGuardTest, scannedWithTextInTheField_replacesIt)
+{
+    during([&] {
+        edit->setText("амо");
+        scan();
+        EXPECT_EQ(edit->text(), barcode);
+        send("4609876543210", 10);
+        EXPECT_EQ(edit->text(), "4609876543210");
+    });
+    gui.run(createList());
+}
+
+TEST_F(ScanGuardTest, scannerWithPrefixAndSuffix_onlyTheCodeIsInTheField)
+{
+    config.setForThisRun(u"Scanner:prefix"_s, u";%"_s);
+    config.setForThisRun(u"Scanner:suffix"_s, u"?"_s);
+    during([&] {
+        edit->setText("амо");
+        send(u";%99?"_s, 200);
+        EXPECT_EQ(edit->text(), "99");
+    });
+    gui.run(createList());
+}
+
+TEST_F(ScanGuardTest, scanReplacesTheText_theFormHearsOfIt)
+{
+    QStringList heard;
+    during([&] {
+        QObject::connect(edit, &QLineEdit::textEdited, [&heard](const QString& text) { heard.append(text); });
+        edit->setText("амо");
+        scan();
+        EXPECT_EQ(heard.last(), barcode);
+    });
+    gui.run(createList());
+}
+
+TEST_F(ScanGuardTest, scannedIntoAReadOnlyField_changesNothing)
+{
+    during([&] {
+        edit->setText("амо");
+        edit->setReadOnly(true);
+        scan();
+        EXPECT_EQ(edit->text(), "амо");
+    });
+    gui.run(createList());
+}
+
 TEST_F(ScanGuardTest, twoScansInARow_chooseNothing)
 {
     during([&] {

@@ -56,6 +56,27 @@ protected:
     TalloKeyboard keyboard;
 };
 
+TEST_F(TalloKeyboardTest, signsTouched_areTypedAndSeen)
+{
+    keyboard.setKeyboardLayouts("symbols");
+    touch("&");
+    touch("№");
+    touch("\\");
+    EXPECT_EQ(edit.text(), "&№\\");
+    EXPECT_EQ(key("&")->text(), "&&") << "one alone would mark a mnemonic";
+}
+
+TEST_F(TalloKeyboardTest, canType_asksTheNamedLayouts)
+{
+    EXPECT_TRUE(TalloKeyboard::canType("0123456789,", "digits"));
+    EXPECT_FALSE(TalloKeyboard::canType("12a", "digits"));
+    EXPECT_TRUE(TalloKeyboard::canType("Ёлка 7", "ru"));
+    EXPECT_FALSE(TalloKeyboard::canType("Door", "ru"));
+    EXPECT_TRUE(TalloKeyboard::canType("Door&Ёлка", "ru,en,symbols"));
+    EXPECT_FALSE(TalloKeyboard::canType("ü", "ru,en,symbols"));
+    EXPECT_TRUE(TalloKeyboard::canType("", "digits"));
+}
+
 TEST_F(TalloKeyboardTest, lettersTouched_areTypedIntoTheFocusedField)
 {
     keyboard.setKeyboardLayouts("ru,en");
