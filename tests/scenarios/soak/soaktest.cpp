@@ -265,7 +265,7 @@ QList<soak::Window> reported(const QList<soak::Footprint>& samples)
 TEST_F(Soak, manyCustomersAndAFailingRegistry_booksAgreeAndTheRegisterDoesNotGrow)
 {
     const int sales = numberFrom("SOAK_SALES", salesOfAnOrdinaryRun);
-    const int seed = numberFrom("SOAK_SEED", 1);
+    const int seed = numberFrom("SOAK_SEED", 7);
     const Plan plan = soak::planFor(sales, uint32_t(seed));
     EXPECT_EQ(plan.prescriptionSales, sales / 2);
     std::printf("seed %d: %d sales, %d with prescriptions, %d returns\n", seed, sales, plan.prescriptionSales,
