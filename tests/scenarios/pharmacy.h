@@ -64,6 +64,8 @@ protected:
     Outcome waitForEnd();
     /// True when the register did not end by itself but was killed.
     bool wasKilled() const;
+    /// The id of the register's process.
+    qint64 registerProcess() const { return m_register.processId(); }
     /// Ends the register with SIGKILL, so that it cannot save anything.
     void kill();
     /// Sends the running register a signal of the system.

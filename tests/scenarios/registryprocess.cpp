@@ -102,6 +102,16 @@ void RegistryProcess::withdrawFaults()
     askAdmin("DELETE", u"/faults"_s);
 }
 
+QJsonArray RegistryProcess::waitingFaults()
+{
+    return askAdmin("GET", u"/faults"_s).object().value("faults"_L1).toArray();
+}
+
+void RegistryProcess::seed(const QJsonObject& seed)
+{
+    askAdmin("POST", u"/seed"_s, QJsonDocument(seed).toJson(QJsonDocument::Compact));
+}
+
 QList<RegistryProcess::Dispense> RegistryProcess::dispenses()
 {
     QList<Dispense> found;

@@ -34,6 +34,12 @@ public:
     /// @param fault in the form of the admin port
     void orderFault(const QJsonObject& fault);
     void withdrawFaults();
+    /// The faults that no request has met yet, in the form of the admin port.
+    QJsonArray waitingFaults();
+    /// Begins again with these patients.
+    ///
+    /// @param seed in the form of docs/emulator.md
+    void seed(const QJsonObject& seed);
 
     /// A dispense that this pharmacy registered.
     struct Dispense {
@@ -48,8 +54,10 @@ public:
     QList<Dispense> dispensesOf(const QString& prescription);
     QString statusOf(const QString& prescription);
 
-private:
+    /// All prescriptions with all their dispenses, as in the emulator's state.
     QJsonArray prescriptions();
+
+private:
     QJsonDocument askAdmin(const QByteArray& verb, const QString& path, const QByteArray& body = {});
 
     QProcess m_process;
