@@ -127,11 +127,11 @@ void DocumentListForm::setUpButtons()
         void (DocumentListForm::*act)();
     };
     const Button buttons[] = {
-        {m_resume, {"documentsTakeUp", "Взять в работу"}, {}, &DocumentListForm::resume},
-        {m_return, {"documentsTakeBack", "Вернуть"}, Qt::Key_F7, &DocumentListForm::returnSale},
-        {m_void, {"documentsAnnul", "Аннулировать"}, Qt::Key_F8, &DocumentListForm::voidDocument},
-        {m_print, {"documentsPrint", "Печать копии"}, Qt::Key_F9, &DocumentListForm::print},
-        {findWidget<QPushButton>(u"cancelButton"_s), {"documentsCancel", "Назад"}, {}, &DocumentListForm::leave},
+        {m_resume, {u"documentsTakeUp"_s, u"Взять в работу"_s}, {}, &DocumentListForm::resume},
+        {m_return, {u"documentsTakeBack"_s, u"Вернуть"_s}, Qt::Key_F7, &DocumentListForm::returnSale},
+        {m_void, {u"documentsAnnul"_s, u"Аннулировать"_s}, Qt::Key_F8, &DocumentListForm::voidDocument},
+        {m_print, {u"documentsPrint"_s, u"Печать копии"_s}, Qt::Key_F9, &DocumentListForm::print},
+        {findWidget<QPushButton>(u"cancelButton"_s), {u"documentsCancel"_s, u"Назад"_s}, {}, &DocumentListForm::leave},
     };
     for (const Button& entry : buttons) {
         const QString key = entry.shortcut.toString(QKeySequence::NativeText);
@@ -173,13 +173,13 @@ void DocumentListForm::nameControls()
     m_filter->setPlaceholderText(
         tr::Tr(u"documentsFilterHint"_s, u"Номер, день (29.02.2024), состояние или товар"_s).ui());
     setAccessibleNames({
-        {"filterLineEdit", {"documentsFilter", "Поиск документа"}},
-        {"documentTable", {"documentsTable", "Список документов"}},
-        {"positionsTable", {"documentsPositions", "Позиции документа"}},
-        {"pageUpButton", {"documentsPageUp", "На страницу вверх"}},
-        {"scrollUpButton", {"documentsUp", "Вверх"}},
-        {"scrollDownButton", {"documentsDown", "Вниз"}},
-        {"pageDownButton", {"documentsPageDown", "На страницу вниз"}},
+        {u"filterLineEdit"_s, {u"documentsFilter"_s, u"Поиск документа"_s}},
+        {u"documentTable"_s, {u"documentsTable"_s, u"Список документов"_s}},
+        {u"positionsTable"_s, {u"documentsPositions"_s, u"Позиции документа"_s}},
+        {u"pageUpButton"_s, {u"documentsPageUp"_s, u"На страницу вверх"_s}},
+        {u"scrollUpButton"_s, {u"documentsUp"_s, u"Вверх"_s}},
+        {u"scrollDownButton"_s, {u"documentsDown"_s, u"Вниз"_s}},
+        {u"pageDownButton"_s, {u"documentsPageDown"_s, u"На страницу вниз"_s}},
     });
 }
 

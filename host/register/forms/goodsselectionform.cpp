@@ -142,15 +142,15 @@ void GoodsSelectionForm::nameControls()
 {
     m_filter->setPlaceholderText(tr::Tr(u"goodsSelectionFilterHint"_s, u"Название, МНН или штрихкод"_s).ui());
     setAccessibleNames({
-        {"filterLineEdit", {"goodsSelectionFilter", "Поиск товара"}},
-        {"quantityLineEdit", {"goodsSelectionPacksField", "Количество упаковок"}},
-        {"quantityMinusButton", {"goodsSelectionFewer", "На упаковку меньше"}},
-        {"quantityPlusButton", {"goodsSelectionMore", "На упаковку больше"}},
-        {"goodsTable", {"goodsSelectionTable", "Товары"}},
-        {"pageUpButton", {"goodsSelectionPageUp", "На страницу вверх"}},
-        {"scrollUpButton", {"goodsSelectionUp", "Вверх"}},
-        {"scrollDownButton", {"goodsSelectionDown", "Вниз"}},
-        {"pageDownButton", {"goodsSelectionPageDown", "На страницу вниз"}},
+        {u"filterLineEdit"_s, {u"goodsSelectionFilter"_s, u"Поиск товара"_s}},
+        {u"quantityLineEdit"_s, {u"goodsSelectionPacksField"_s, u"Количество упаковок"_s}},
+        {u"quantityMinusButton"_s, {u"goodsSelectionFewer"_s, u"На упаковку меньше"_s}},
+        {u"quantityPlusButton"_s, {u"goodsSelectionMore"_s, u"На упаковку больше"_s}},
+        {u"goodsTable"_s, {u"goodsSelectionTable"_s, u"Товары"_s}},
+        {u"pageUpButton"_s, {u"goodsSelectionPageUp"_s, u"На страницу вверх"_s}},
+        {u"scrollUpButton"_s, {u"goodsSelectionUp"_s, u"Вверх"_s}},
+        {u"scrollDownButton"_s, {u"goodsSelectionDown"_s, u"Вниз"_s}},
+        {u"pageDownButton"_s, {u"goodsSelectionPageDown"_s, u"На страницу вниз"_s}},
     });
 }
 

@@ -30,9 +30,9 @@ struct Kind {
 Kind kindOf(int kind)
 {
     if (kind == Dialog::Error) {
-        return {QStyle::SP_MessageBoxCritical, {"messageFormErrorTitle", "Ошибка"}, "error"};
+        return {QStyle::SP_MessageBoxCritical, {u"messageFormErrorTitle"_s, u"Ошибка"_s}, "error"};
     }
-    return {QStyle::SP_MessageBoxInformation, {"messageFormNoticeTitle", "Сообщение"}, "notice"};
+    return {QStyle::SP_MessageBoxInformation, {u"messageFormNoticeTitle"_s, u"Сообщение"_s}, "notice"};
 }
 
 } // namespace

@@ -140,7 +140,8 @@ void TextInputForm::refuseScan(const tr::Tr& reason)
 QRegularExpressionMatch TextInputForm::matched(const QString& text) const
 {
     const QString mask = m_params.mask.isEmpty() ? u".*"_s : m_params.mask;
-    return QRegularExpression("\\A(?:" + mask + ")\\z").match(text, 0, QRegularExpression::PartialPreferCompleteMatch);
+    return QRegularExpression(u"\\A(?:"_s + mask + u")\\z"_s)
+        .match(text, 0, QRegularExpression::PartialPreferCompleteMatch);
 }
 
 void TextInputForm::accept()

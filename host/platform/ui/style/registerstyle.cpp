@@ -37,7 +37,7 @@ double luminance(const QColor& colour)
 
 QString readSheet(const QString& name)
 {
-    QFile file(":/style/" + name);
+    QFile file(u":/style/"_s + name);
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
@@ -109,7 +109,7 @@ QString registerStyleSheet(bool touch, int textSize)
         sheet += readSheet(u"touch.qss"_s);
     }
     for (const auto& [name, above] : sizesAboveText) {
-        sheet.replace(QLatin1StringView(name), QString::number(textSize + above) + "pt");
+        sheet.replace(QLatin1StringView(name), QString::number(textSize + above) + u"pt"_s);
     }
     for (const auto& [name, colour] : names) {
         sheet.replace(QLatin1StringView(name), colour.name());

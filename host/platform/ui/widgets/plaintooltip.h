@@ -6,5 +6,6 @@
 /// A tool tip that shows exactly this text: Qt takes a tool tip with tags for rich text. Lines stay lines.
 inline QString plainToolTip(const QString& text)
 {
-    return text.isEmpty() ? QString() : "<qt>" + text.toHtmlEscaped().replace(u'\n', "<br>") + "</qt>";
+    using namespace Qt::StringLiterals;
+    return text.isEmpty() ? QString() : u"<qt>"_s + text.toHtmlEscaped().replace(u'\n', u"<br>"_s) + u"</qt>"_s;
 }

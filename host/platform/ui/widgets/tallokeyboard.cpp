@@ -37,11 +37,16 @@ struct CommandKey {
 const CommandKey* findCommand(const QString& command)
 {
     static const QList<CommandKey> commands{
-        {KeyboardLayout::backspace, u"⌫"_s, {"keyboardBackspace", "Стереть символ"}, Qt::Key_Backspace, u"\b"_s, 2},
-        {KeyboardLayout::enter, u"⏎"_s, {"keyboardEnter", "Ввод"}, Qt::Key_Return, u"\r"_s, 3},
-        {KeyboardLayout::shift, u"⇧"_s, {"keyboardShift", "Заглавные буквы"}, Qt::Key_Shift, {}, 2},
-        {KeyboardLayout::space, {}, {"keyboardSpace", "Пробел"}, Qt::Key_Space, u" "_s, 8},
-        {KeyboardLayout::next, {}, {"keyboardLayout", "Сменить раскладку"}, Qt::Key_unknown, {}, 3},
+        {KeyboardLayout::backspace,
+         u"⌫"_s,
+         {u"keyboardBackspace"_s, u"Стереть символ"_s},
+         Qt::Key_Backspace,
+         u"\b"_s,
+         2},
+        {KeyboardLayout::enter, u"⏎"_s, {u"keyboardEnter"_s, u"Ввод"_s}, Qt::Key_Return, u"\r"_s, 3},
+        {KeyboardLayout::shift, u"⇧"_s, {u"keyboardShift"_s, u"Заглавные буквы"_s}, Qt::Key_Shift, {}, 2},
+        {KeyboardLayout::space, {}, {u"keyboardSpace"_s, u"Пробел"_s}, Qt::Key_Space, u" "_s, 8},
+        {KeyboardLayout::next, {}, {u"keyboardLayout"_s, u"Сменить раскладку"_s}, Qt::Key_unknown, {}, 3},
     };
     for (const CommandKey& known : commands) {
         if (known.command == command) {
@@ -60,7 +65,7 @@ QList<const KeyboardLayout*> findLayouts(const QString& names)
         if (const KeyboardLayout* layout = KeyboardLayout::find(name)) {
             known.append(layout);
         } else {
-            Log4Qt::LogManager::logger(u"gui"_s)->warn("The keyboard has no layout " + name);
+            Log4Qt::LogManager::logger(u"gui"_s)->warn(u"The keyboard has no layout "_s + name);
         }
     }
     return known;
@@ -143,7 +148,7 @@ private:
     QPushButton* createKey(const QString& name, const QString& caption)
     {
         auto* key = new QPushButton(captionOf(caption));
-        key->setObjectName("key_" + name);
+        key->setObjectName(u"key_"_s + name);
         key->setAccessibleName(caption);
         key->setFocusPolicy(Qt::NoFocus);
         key->setMinimumSize(keySize, keySize);

@@ -61,8 +61,8 @@ void TalloTableView::applyColumns()
     for (int section = 0; section < count; ++section) {
         const std::optional<TableColumn> column = TableColumn::fromText(m_columns[section]);
         if (!column) {
-            Log4Qt::LogManager::logger(u"gui"_s)->warn("A column of the table " + objectName() +
-                                                       " cannot be read: " + m_columns[section]);
+            Log4Qt::LogManager::logger(u"gui"_s)->warn(u"A column of the table "_s + objectName() +
+                                                       u" cannot be read: "_s + m_columns[section]);
             continue;
         }
         m_delegate->setAlignment(section, column->alignment);

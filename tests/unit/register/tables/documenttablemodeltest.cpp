@@ -153,15 +153,18 @@ TEST_F(DocumentTableModelTest, olderOnesAdded_areInTheirPlacesOnce)
     show({sale(9, Document::State::Closed), sale(7, Document::State::Closed)});
     int asked = 0;
     model.add({sale(8, Document::State::Closed), sale(7, Document::State::Closed), sale(2, Document::State::Closed)},
-              [&asked](const Document&) { return ++asked > 0; });
+              [&asked](const Document&) {
+                  ++asked;
+                  return Document::Returned::Partly;
+              });
     ASSERT_EQ(model.rowCount(), 4);
     EXPECT_EQ(text(0, DocumentTableModel::Number), u"9"_s);
     EXPECT_EQ(text(1, DocumentTableModel::Number), u"8"_s);
     EXPECT_EQ(text(2, DocumentTableModel::Number), u"7"_s);
     EXPECT_EQ(text(3, DocumentTableModel::Number), u"2"_s);
     EXPECT_EQ(asked, 2);
-    EXPECT_TRUE(model.isReturned(1));
-    EXPECT_FALSE(model.isReturned(2));
+    EXPECT_EQ(text(1, DocumentTableModel::State), u"Продажа, возвращена частично"_s);
+    EXPECT_EQ(text(2, DocumentTableModel::State), u"Продажа"_s);
 }
 
 TEST_F(DocumentTableModelTest, days_areThoseOfOpeningAndFinishing)
