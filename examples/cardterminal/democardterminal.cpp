@@ -45,7 +45,7 @@ Act actFor(const CardRequest& request)
 {
     const QString word = configured();
     const auto* found = std::find_if(std::begin(acts), std::end(acts), [&](const ActRow& row) {
-        return word.isEmpty() ? row.kopecks == request.kopecks % 100 : row.word == word;
+        return word.isEmpty() ? row.kopecks == request.amount.count() % 100 : row.word == word;
     });
     return found == std::end(acts) ? Act::Approve : found->act;
 }
@@ -121,7 +121,7 @@ bool DemoCardTerminal::write(const char* kind, const CardRequest& request) const
     const QJsonObject line{{u"kind"_s, QString::fromLatin1(kind)},
                            {u"reference"_s, request.reference},
                            {u"document"_s, request.documentNumber},
-                           {u"kopecks"_s, request.kopecks}};
+                           {u"kopecks"_s, request.amount.count()}};
     QFile journal(m_journal);
     return journal.open(QIODevice::Append) &&
            journal.write(QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n') > 0 && journal.flush();
@@ -137,7 +137,7 @@ std::optional<CardRequest> DemoCardTerminal::movedBy(const QString& reference) c
     while (!journal.atEnd()) {
         const QJsonObject line = QJsonDocument::fromJson(journal.readLine()).object();
         if (line.value("reference"_L1).toString() == reference) {
-            return CardRequest{.kopecks = line.value("kopecks"_L1).toInteger(), .reference = reference};
+            return CardRequest{.amount = Kopecks{line.value("kopecks"_L1).toInteger()}, .reference = reference};
         }
     }
     return std::nullopt;

@@ -21,8 +21,8 @@ using namespace Qt::StringLiterals;
 class TerminalDouble : public CardTerminal
 {
 public:
-    CardAnswer pay(const CardRequest& request) override { return move(u"pay", request, request.kopecks); }
-    CardAnswer refund(const CardRequest& request) override { return move(u"refund", request, -request.kopecks); }
+    CardAnswer pay(const CardRequest& request) override { return move(u"pay", request, request.amount.count()); }
+    CardAnswer refund(const CardRequest& request) override { return move(u"refund", request, -request.amount.count()); }
     CardAnswer find(const QString& reference) override
     {
         calls.append(u"find"_s);

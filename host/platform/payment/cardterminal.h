@@ -2,14 +2,14 @@
 #pragma once
 
 #include "export.h"
+#include "kopecks.h"
 #include "tr.h"
 
 #include <QString>
-#include <QtGlobal>
 
 /// What a card terminal is asked to do. A value type.
 struct CardRequest {
-    qint64 kopecks = 0;     ///< the amount, above 0
+    Kopecks amount = {};    ///< above 0
     QString reference = {}; ///< names the operation; the register never gives it to another one
     int documentNumber = 0; ///< of the sale or of the return
 

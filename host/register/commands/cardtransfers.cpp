@@ -54,7 +54,7 @@ CardAnswer askTerminal(const CardTerminalHost& host, const tr::Tr& message,
 
 CardRequest requestFor(const Document& document, const CardOperation& operation, const QString& authorizationCode)
 {
-    return {.kopecks = operation.amount.count(),
+    return {.amount = operation.amount,
             .reference = operation.reference,
             .documentNumber = document.getNumber(),
             .payment = operation.payment,

@@ -28,7 +28,7 @@ class DemoCardTerminalTest : public ::testing::TestWithParam<Case>
 protected:
     void expectAnswers(qint64 kopecks)
     {
-        const CardRequest request{.kopecks = kopecks, .reference = u"7-abcd"_s, .documentNumber = 7};
+        const CardRequest request{.amount = Kopecks{kopecks}, .reference = u"7-abcd"_s, .documentNumber = 7};
         for (const auto operation : {&CardTerminal::pay, &CardTerminal::refund}) {
             EXPECT_EQ((m_terminal.*operation)(request).outcome, GetParam().answer);
         }
@@ -65,7 +65,7 @@ INSTANTIATE_TEST_SUITE_P(, DemoCardTerminalTest,
 
 TEST_F(DemoCardTerminalTest, sixKopecks_breaksDownAfterTheMoneyMoved)
 {
-    EXPECT_THROW(m_terminal.pay({.kopecks = 1206, .reference = u"7-1"_s}), std::runtime_error);
+    EXPECT_THROW(m_terminal.pay({.amount = Kopecks{1206}, .reference = u"7-1"_s}), std::runtime_error);
     EXPECT_EQ(m_terminal.find(u"7-1"_s).outcome, Outcome::Approved);
 }
 

@@ -567,7 +567,7 @@ TEST_F(RegisterWithMischief, timerThrows_isNamedInTheStatusLineAndTheRegisterSel
     EXPECT_EQ(play(QByteArray("[") + sale +
                    R"(, {"key": "F6"}, {"expect": "Сбой модуля «mischievous_plugin». Шалость удалась",
                         "in": "statusMessageLabel"}, {"type": "2990000000019"}, {"key": "Return"},
-                       {"receipt": {"positions": [{"quantity": 1}, {"quantity": 1}]}}])"),
+                       {"receipt": {"positions": [{"quantity": 2}]}}])"),
               0)
         << qPrintable(output);
 }

@@ -100,7 +100,7 @@ TEST_F(CardPaymentTest, nothingTyped_cardPaysAll)
     EXPECT_EQ(sale->cardOperations().first().authorizationCode, u"A17"_s);
     EXPECT_EQ(sale->cardOperations().first().terminal, u"bank"_s);
     ASSERT_EQ(terminal->requests.size(), 1);
-    EXPECT_EQ(terminal->requests.first().kopecks, 2480);
+    EXPECT_EQ(terminal->requests.first().amount, Kopecks{2480});
     EXPECT_EQ(terminal->requests.first().documentNumber, 1);
     EXPECT_FALSE(terminal->requests.first().reference.isEmpty());
 }

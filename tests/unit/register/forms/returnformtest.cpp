@@ -131,7 +131,8 @@ TEST_F(ReturnFormTest, partReturned_theRestComesBackLaterEachPositionOnce)
     EXPECT_EQ(returned(), Document::Returned::Wholly);
     const DialogDouble dialog;
     EXPECT_EQ(returnSale(), EContext::Stop);
-    EXPECT_EQ(dialog.messages().first().text, u"Продажа № 1 уже возвращена документом № 3."_s);
+    EXPECT_EQ(dialog.messages().first().text, u"Продажа № 1 уже возвращена документом № 3.\n"
+                                              "Проверьте номер чека."_s);
 }
 
 TEST_F(ReturnFormTest, partialReturnCancelled_itsPositionsCanComeBackAgain)
