@@ -98,7 +98,7 @@ TEST_P(MissingPlugin, saleClosed_isNeitherReturnedNorVoided_andIsVoidedWhenThePl
 
 TEST_P(MissingPlugin, returnOpen_isOnlySuspended_andIsPaidOutWhenThePluginIsBack)
 {
-    playWith({cashier::findsTheDocument, cashier::subtotal, cashier::pays, cashier::opensTheReturn,
+    playWith({cashier::findsTheDocument, cashier::subtotal, cashier::pays, cashier::opensTheWholeReturn,
               cashier::findsTheDocument});
     playWithout({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", why),
                  cashier::tries(R"({"key": "F12"})", why), cashier::tries(R"({"key": "F9"})", why), cashier::suspends,

@@ -16,10 +16,13 @@ namespace
 constexpr int mostPacks = 5;
 constexpr int coin = 1000; // customers who do not pay exactly round up to ten roubles
 
-QByteArray opensTheReturnOf(int sale)
+/// Of several positions the register asks which come back; all are chosen at first.
+QByteArray opensTheReturnOf(const PlannedSale& sale)
 {
     return R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "3"}, {"wait": "inputLineEdit"}, {"type": ")" +
-           QByteArray::number(sale) + R"("}, {"key": "Return"}, {"contains": "Возврат №", "in": "receiptNumberLabel"})";
+           QByteArray::number(sale.number) + R"("}, {"key": "Return"}, )" +
+           (sale.positions.size() > 1 ? R"({"wait": "returnForm"}, {"key": "Return"}, )" : "") +
+           R"({"contains": "Возврат №", "in": "receiptNumberLabel"})";
 }
 
 } // namespace
@@ -236,7 +239,7 @@ void VisitWriter::opensTheReturn(const PlannedSale& sale)
 {
     m_sale.positions = sale.positions;
     m_sale.prescriptions = sale.prescriptions;
-    m_visit.steps.append(opensTheReturnOf(sale.number));
+    m_visit.steps.append(opensTheReturnOf(sale));
     expectPositions();
 }
 
