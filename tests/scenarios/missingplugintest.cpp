@@ -103,7 +103,7 @@ TEST_P(MissingPlugin, returnOpen_isOnlySuspended_andIsPaidOutWhenThePluginIsBack
     playWithout({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", why),
                  cashier::tries(R"({"key": "F12"})", why), cashier::tries(R"({"key": "F9"})", why), cashier::suspends,
                  R"({"contains": "Возврат № 2 отложен", "in": "statusMessageLabel"})",
-                 cashier::tries(cashier::opensTheReturn, "уже возвращена")});
+                 cashier::tries(cashier::opensTheReturn, "начат и отложен")});
     EXPECT_EQ(suspended(2)["type"].toInt(), 25);
     EXPECT_EQ(validDispenses().size(), 3);
 

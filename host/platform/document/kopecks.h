@@ -34,7 +34,7 @@ public:
     /// @param packs up to three decimals
     Kopecks forPacks(double packs) const;
 
-    constexpr auto operator<=>(const Kopecks&) const = default;
+    constexpr auto operator<=>(const Kopecks&) const = default; // NOLINT(modernize-use-nullptr): not in <=>
 
     constexpr Kopecks operator-() const { return Kopecks{-m_count}; }
     constexpr Kopecks& operator+=(Kopecks other)

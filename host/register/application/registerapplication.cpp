@@ -322,7 +322,7 @@ void RegisterApplication::followCatalogue()
     m_catalogue.keepFresh();
 }
 
-/// A cashier at work is not interrupted: the goods may not be needed now, and who needs them is told.
+/// A cashier at work is not interrupted: the goods may not be needed now, and whoever needs them gets a message.
 void RegisterApplication::showCatalogueFailure(const tr::Tr& message)
 {
     if (m_till->document() || Singleton<ActionQueueController>::get()->isBusy()) {

@@ -89,10 +89,12 @@ void log(const Document& document, const CardOperation& operation)
                    .arg(QLatin1StringView(states[int(operation.state)])));
 }
 
-void showBusy()
+void showBusy(bool isPayment)
 {
-    showNotice(
-        {u"terminalBusy"_s, u"Терминал занят, деньги не списаны.\nДождитесь, пока он освободится, и повторите."_s});
+    showNotice(isPayment ? tr::Tr(u"terminalBusy"_s,
+                                  u"Терминал занят, деньги не списаны.\nДождитесь, пока он освободится, и повторите."_s)
+                         : tr::Tr(u"terminalBusyAtRefund"_s, u"Терминал занят, деньги на карту не возвращены.\n"
+                                                             "Дождитесь, пока он освободится, и повторите."_s));
 }
 
 void showDeclined(const Document& document, const CardOperation& operation, const tr::Tr& reason)
@@ -224,7 +226,7 @@ bool CardTransfers::ask(const QSharedPointer<Document>& document, CardOperation&
     if (answer.outcome == Outcome::Busy) {
         operation.state = State::Declined;
         m_till.recordOrShow(document, operation);
-        showBusy();
+        showBusy(isPayment);
         return false;
     }
     const std::optional<CardOperation> known = settled(operation, answer);

@@ -180,7 +180,7 @@ std::optional<int> GoodsCommands::stockOf(const GoodsKey& key) const
             }
         }
     } catch (const BasicException& exception) {
-        Log4Qt::LogManager::logger(u"register"_s)->warn(u"The stock is unknown: "_s + exception.tr().ui());
+        Log4Qt::LogManager::logger(u"register"_s)->warn(u"The stock is unknown: "_s + exception.tr().key());
     }
     return std::nullopt;
 }

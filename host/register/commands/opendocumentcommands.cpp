@@ -54,6 +54,9 @@ std::optional<Obstacle> OpenDocumentCommands::obstacleBeforeHooks(const control:
     if (action.getType() != control::RemovePosition) {
         return m_till.obstacleToCancelling();
     }
+    if (std::optional<Obstacle> obstacle = m_till.obstacleToChangingPositions()) {
+        return obstacle;
+    }
     const QSharedPointer<Position> position = positionOf(action);
     return position ? m_till.obstacleOfPlugin(*position) : std::nullopt;
 }

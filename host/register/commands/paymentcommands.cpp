@@ -58,11 +58,13 @@ void PaymentCommands::offer(ActionQueueController& controller)
     };
     offerCommands<Commands>(controller, *this, table);
 
-    // Before the hooks: a plug-in must not register its part of what the absence of another one stops.
+    // Before the hooks: a plug-in must not register its part of what cannot be paid. An empty document is left to them:
+    // they may have words of their own for it.
     for (const auto action : {control::Subtotal, control::SubtotalAndPayment}) {
         controller.host().setFrame(action, [this](control::Action&, const std::function<EContext::Result()>& course) {
             const QSharedPointer<Document> document = m_till.document();
-            return document && showIfObstacle(m_till.obstacleOfPlugins(*document)) ? EContext::Stop : course();
+            const bool hasPositions = document && !document->positions().isEmpty();
+            return hasPositions && showIfObstacle(m_till.obstacleToPayment()) ? EContext::Stop : course();
         });
     }
 }
@@ -101,7 +103,7 @@ EContext::Result PaymentCommands::pay(control::Action& action)
     if (document->isReturn()) {
         return payOut(document); // exactly its sum, whatever is typed
     }
-    if (showIfObstacle(m_till.obstacleToPayment()) || !m_cards.settleOrShow(document) || showIfOvercharged(*document)) {
+    if (!m_cards.settleOrShow(document) || showIfOvercharged(*document)) {
         return EContext::Stop;
     }
     const QString typed = action.value(u"received"_s).toString();

@@ -171,6 +171,7 @@ QSet<int> StoredDocumentCommands::choosePositions(const Document& sale) const
     for (const auto& position : sale.positions()) {
         if (returnable.contains(position->getNumber())) {
             params.positions.append(position);
+            params.places.append(sale.placeOf(*position));
         }
     }
     params.marks = &m_marks;
@@ -237,6 +238,10 @@ EContext::Result StoredDocumentCommands::voidFrame(const control::Action& action
             m_till.archive().saveOrShow(document);
         } else if (!m_cards.refundOrShow(document)) {
             m_till.archive().saveOrShow(document);
+            showNotice(tr::Tr(u"voidingNotFinished"_s,
+                              u"Аннулирование документа № %1 не завершено: деньги на карту не возвращены, а отпуск по "
+                              "документам отменён.\nПовторите аннулирование, когда терминал ответит."_s)
+                           .arg(QString::number(document->getNumber())));
             result = EContext::Stop;
         } else if (!m_till.voidDocument(document)) {
             result = EContext::Stop;

@@ -166,6 +166,13 @@ QSharedPointer<Position> Document::position(int number) const
     return getPosition(number).staticCast<Position>();
 }
 
+int Document::placeOf(const Position& position) const
+{
+    const auto found = std::find_if(m_positions.cbegin(), m_positions.cend(),
+                                    [&position](const auto& one) { return one->getNumber() == position.getNumber(); });
+    return found == m_positions.cend() ? 0 : int(found - m_positions.cbegin()) + 1;
+}
+
 bool Document::isClosed() const
 {
     return hasEnded() && !m_beingVoided;

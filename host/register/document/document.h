@@ -47,6 +47,9 @@ public:
     const QList<QSharedPointer<Position>>& positions() const { return m_positions; }
     /// Null when no position has that number.
     QSharedPointer<Position> position(int number) const;
+    /// The place of a position among the others, from 1, as it is shown and printed: its number stays when one before
+    /// it is removed. 0 when it is not among them.
+    int placeOf(const Position& position) const;
 
     State getState() const { return m_ending.state; }
     /// True when it is closed, cancelled or voided; false while it is being voided.

@@ -61,7 +61,8 @@ void ReturnForm::fill(const ReturnParams& params)
          tr::Tr(u"returnColumnName"_s, u"Наименование"_s).ui(), QString(),
          tr::Tr(u"returnColumnPacks"_s, u"Упаковок"_s).ui(), tr::Tr(u"returnColumnSum"_s, u"Сумма"_s).ui()});
     for (const QSharedPointer<Position>& position : m_positions) {
-        m_model.appendRow({cell({}, Qt::AlignHCenter), cell(QString::number(position->getNumber()), Qt::AlignRight),
+        const int place = params.places.value(m_model.rowCount());
+        m_model.appendRow({cell({}, Qt::AlignHCenter), cell(QString::number(place), Qt::AlignRight),
                            cell(position->getName(), Qt::AlignLeft),
                            cell(params.marks->look(*position).mark, Qt::AlignHCenter),
                            cell(QString::number(position->getQuantity()).replace(u'.', u','), Qt::AlignRight),

@@ -17,6 +17,7 @@ struct ReturnParams {
     QString title;                             ///< of the sale
     QList<QSharedPointer<Position>> positions; ///< those that have not come back yet
     const PositionMarks* marks = nullptr;      ///< not owned
+    QList<int> places = {};                    ///< of these positions on the receipt, from 1
 
     /// The event that shows the form; it carries this struct as "params".
     static constexpr auto eventCode = static_cast<EActivityListener::Event>(1014);

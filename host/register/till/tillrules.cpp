@@ -15,14 +15,14 @@ QString number(const Document& document)
 
 Obstacle pluginMissing(const Document& document, const Position& position)
 {
-    const QString positionNumber = QString::number(position.getNumber());
+    const QString place = QString::number(document.placeOf(position));
     if (position.getPlugin().isEmpty()) {
         return {tr::Tr(u"positionOfNoPlugin"_s,
                        u"Документ № %1: позиция № %2 отпускается по документу, а ни один модуль не работает.\n"
                        "Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно "
                        "отложить."_s)
                     .arg(number(document))
-                    .arg(positionNumber),
+                    .arg(place),
                 {u"menuPluginsIdle"_s, u"модули не работают"_s}};
     }
     return {tr::Tr(u"positionOfIdlePlugin"_s,
@@ -30,7 +30,7 @@ Obstacle pluginMissing(const Document& document, const Position& position)
                    "Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно "
                    "отложить."_s)
                 .arg(number(document))
-                .arg(positionNumber)
+                .arg(place)
                 .arg(position.getPlugin()),
             tr::Tr(u"menuPluginIdle"_s, u"не работает модуль «%1»"_s).arg(position.getPlugin())};
 }
@@ -151,6 +151,13 @@ std::optional<Obstacle> Till::obstacleToPayment() const
                                                      "Завершите её: отмените чек ещё раз."_s)
                             .arg(number(*m_document))};
     }
+    if (m_document && !m_document->isReturn() && m_document->getSum() < Kopecks{0}) {
+        return Obstacle{tr::Tr(u"totalBelowZero"_s,
+                               u"Сумма чека меньше нуля: %1.\n"
+                               "Удалите позицию с отрицательной ценой или позовите администратора."_s)
+                            .arg(amountText(m_document->getSum())),
+                        {u"menuTotalBelowZero"_s, u"сумма меньше нуля"_s}};
+    }
     if (m_document && !m_document->positions().isEmpty()) {
         return obstacleOfPlugins(*m_document);
     }
@@ -198,6 +205,13 @@ std::optional<Obstacle> Till::obstacleToReturning(const Document& sale) const
         return Obstacle{tr::Tr(u"voidingBegun"_s, u"Аннулирование продажи № %1 начато, деньги возвращены на карту.\n"
                                                   "Завершите его: аннулируйте продажу ещё раз."_s)
                             .arg(number(sale))};
+    }
+    if (const auto latest = m_archive.find(sale.getReturnedBy());
+        latest && latest->getState() == Document::State::Suspended && latest->getReturnedSale() == sale.getNumber()) {
+        return Obstacle{tr::Tr(u"takeBackSuspended"_s, u"Возврат продажи № %1 начат и отложен, его номер %2.\n"
+                                                       "Возьмите его в работу из списка документов."_s)
+                            .arg(number(sale))
+                            .arg(number(*latest))};
     }
     if (returned(sale) == Document::Returned::Wholly) {
         return Obstacle{tr::Tr(u"takenBackAlready"_s, u"Продажа № %1 уже возвращена документом № %2.\n"

@@ -628,6 +628,34 @@ Call the administrator and repeat this when the plug-in works. Until then an ope
         <source>не работает модуль «%1»</source>
         <translation>plug-in "%1" does not work</translation>
     </message>
+    <message id="terminalBusyAtRefund">
+        <source>Терминал занят, деньги на карту не возвращены.
+Дождитесь, пока он освободится, и повторите.</source>
+        <translation>The terminal is busy, no money went back to the card.
+Wait until it is free, and repeat.</translation>
+    </message>
+    <message id="voidingNotFinished">
+        <source>Аннулирование документа № %1 не завершено: деньги на карту не возвращены, а отпуск по документам отменён.
+Повторите аннулирование, когда терминал ответит.</source>
+        <translation>Document no. %1 is not voided: no money went back to the card, and its dispenses are cancelled.
+Repeat the voiding when the terminal answers.</translation>
+    </message>
+    <message id="takeBackSuspended">
+        <source>Возврат продажи № %1 начат и отложен, его номер %2.
+Возьмите его в работу из списка документов.</source>
+        <translation>The return of sale no. %1 was begun and suspended, its number is %2.
+Resume it from the list of documents.</translation>
+    </message>
+    <message id="totalBelowZero">
+        <source>Сумма чека меньше нуля: %1.
+Удалите позицию с отрицательной ценой или позовите администратора.</source>
+        <translation>The receipt's total is below zero: %1.
+Remove the position with the negative price, or call the administrator.</translation>
+    </message>
+    <message id="menuTotalBelowZero">
+        <source>сумма меньше нуля</source>
+        <translation>the total is below zero</translation>
+    </message>
     <message id="menuReceiptEmpty">
         <source>в чеке нет позиций</source>
         <translation>the receipt has no positions</translation>

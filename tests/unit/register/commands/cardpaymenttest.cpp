@@ -330,7 +330,7 @@ TEST_F(CardPaymentTest, sumLoweredAfterTheCharge_isNotClosedWithCashForTheCard)
     EXPECT_TRUE(till->document());
 }
 
-TEST_F(CardPaymentTest, documentEndsWhileTheTerminalWorks_isNotClosedTwice)
+TEST_F(CardPaymentTest, documentCancelledWhileTheTerminalWorks_isNotCancelledButPaid)
 {
     standAtPayment();
     terminal->onMove = [this](const auto&, const auto& move) {

@@ -44,6 +44,27 @@ TEST_P(SubtotalCommand, documentWithPositions_leadsOnAndBack)
     EXPECT_EQ(till->phase(), Till::Phase::Positions);
 }
 
+TEST_P(SubtotalCommand, totalBelowZero_isRefusedWithWordsBeforeTheHooks)
+{
+    till->add(article(amoxidar));
+    till->document()->positions().first()->setPrice(-0.01);
+    int heard = 0;
+    addHook(EContext::OpenDocument, GetParam(), [&heard](const control::Action&) {
+        ++heard;
+        return EContext::GoOn;
+    });
+    const DialogDouble dialog;
+    EXPECT_EQ(run(GetParam()), EContext::Stop);
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_EQ(dialog.messages().first().text,
+              u"Сумма чека меньше нуля: -0,01.\nУдалите позицию с отрицательной ценой или позовите администратора."_s);
+    EXPECT_EQ(heard, 0);
+    EXPECT_EQ(till->phase(), Till::Phase::Positions);
+
+    till->document()->positions().first()->setPrice(0.0);
+    EXPECT_EQ(run(GetParam()), EContext::GoOn) << "a benefit may pay all";
+}
+
 TEST_P(SubtotalCommand, hookStops_positionsStayShown)
 {
     till->add(article(amoxidar));

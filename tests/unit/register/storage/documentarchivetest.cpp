@@ -300,7 +300,7 @@ TEST_F(DocumentArchiveTest, filesOfOtherNames_areLeftOut)
     EXPECT_TRUE(log.lines().isEmpty()) << qPrintable(log.text());
 }
 
-TEST_F(DocumentArchiveTest, sale_isReturnedOnlyByAClosedOrTheOpenReturn)
+TEST_F(DocumentArchiveTest, sale_isReturnedByAClosedASuspendedOrTheOpenReturn)
 {
     const auto sale = saved(3, State::Closed);
     EXPECT_EQ(archive.returned(*sale, nullptr), Document::Returned::Nothing) << "no return was begun";
