@@ -58,7 +58,7 @@ EContext::Result MenuCommands::showMenu(control::Action& action)
 
 std::optional<Obstacle> MenuCommands::obstacle(const FunctionKey& entry, const control::Action& menu) const
 {
-    const std::optional<Obstacle> rule = ruleOf(entry, menu);
+    std::optional<Obstacle> rule = ruleOf(entry, menu);
     if (rule || Singleton<ActionQueueController>::get()->isHandled(entry.actionType)) {
         return rule;
     }

@@ -162,7 +162,7 @@ EContext::Result StoredDocumentCommands::returnSale(control::Action& action)
 
 QSet<int> StoredDocumentCommands::choosePositions(const Document& sale) const
 {
-    const QSet<int> returnable = m_till.returnablePositions(sale);
+    QSet<int> returnable = m_till.returnablePositions(sale);
     if (returnable.size() == 1) {
         return returnable;
     }

@@ -42,7 +42,7 @@ Problem problemOfFolder(const QString& path)
 Problem problemOfFolders(const QString& paths)
 {
     for (const QString& path : paths.split(u':', Qt::SkipEmptyParts)) {
-        if (const Problem problem = problemOfFolder(path)) {
+        if (Problem problem = problemOfFolder(path)) {
             return problem;
         }
     }
@@ -145,7 +145,7 @@ private:
         if (known.isSetByRegister) {
             return u"has no effect: the register sets it"_s;
         }
-        if (const Problem problem = problemOfValue(known, value)) {
+        if (Problem problem = problemOfValue(known, value)) {
             return problem;
         }
         if (isSecret(known, value) && isReadableByOthers(m_file)) {
@@ -191,7 +191,7 @@ QList<ConfigurationFinding> checkConfiguration(const Config& config, const QStri
     const Check check(config, file, keys);
     QList<ConfigurationFinding> findings;
     for (const QString& key : config.keys()) {
-        if (const Problem problem = check.problemOf(key)) {
+        if (Problem problem = check.problemOf(key)) {
             findings.append({key, lines.value(key), *problem});
         }
     }

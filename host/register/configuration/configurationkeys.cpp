@@ -22,8 +22,8 @@ const QString anySection = u".*"_s;
 const QString fileSuffix = u"File"_s;
 
 struct NamedType {
-    QLatin1StringView name;
-    Type type;
+    QLatin1StringView name = {};
+    Type type = Type::Text;
 };
 
 constexpr NamedType namedTypes[] = {

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr qint64 largestSecret = 64 * 1024;
+constexpr qint64 largestSecret = 65536; // 64 KiB
 
 Failure failure(const QString& file, const QString& reason)
 {

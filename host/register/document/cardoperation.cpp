@@ -52,7 +52,7 @@ Kopecks readAmount(const QJsonObject& saved)
 
 QString readReference(const QJsonObject& saved)
 {
-    const QString reference = savedmember::text(saved, u"reference"_s);
+    QString reference = savedmember::text(saved, u"reference"_s);
     if (reference.isEmpty()) {
         savedmember::refuse(u"reference"_s);
     }

@@ -58,7 +58,7 @@ GoodsPrice asked(const QVariant& value)
     if (isMissing(value)) {
         return missing();
     }
-    const GoodsPrice price = number(value);
+    GoodsPrice price = number(value);
     if (price && *price == Kopecks{}) {
         return wrong({u"goodsPriceZero"_s, u"%1 — не больше нуля"_s}, value);
     }

@@ -36,7 +36,7 @@ signals:
 private:
     struct Work {
         tr::Tr message;
-        int depth; ///< how many actions ran inside one another when it began
+        int depth = 0; ///< how many actions ran inside one another when it began
     };
 
     void showInnermost();
