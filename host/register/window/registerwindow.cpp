@@ -54,7 +54,12 @@ RegisterWindow::RegisterWindow(Till& till, const PositionMarks& marks, const QLi
     }
 }
 
-RegisterWindow::~RegisterWindow() = default;
+/// The widgets below it are destroyed after it, and the focus moves with each.
+RegisterWindow::~RegisterWindow()
+{
+    qApp->removeEventFilter(this);
+    disconnect(qApp, nullptr, this, nullptr);
+}
 
 void RegisterWindow::arrangeGround()
 {
