@@ -78,6 +78,7 @@ function(add_project_test NAME)
     add_executable(${NAME} ${ARG_SOURCES})
     target_link_libraries(${NAME} PRIVATE test_main GTest::gmock ${ARG_LIBRARIES})
     target_precompile_headers(${NAME} REUSE_FROM test_main)
+    target_compile_options(${NAME} PRIVATE $<TARGET_PROPERTY:test_main,COMPILE_OPTIONS>)
     set_target_properties(${NAME} PROPERTIES AUTOMOC OFF) # no class of a test has signals of its own
     if(TESTS_IN_QUARTERS)
         foreach(quarter RANGE 3)
