@@ -34,6 +34,11 @@ QString AbstractDocument::fileName() const
     return openDocumentFile;
 }
 
+QString AbstractDocument::identifier() const
+{
+    return {};
+}
+
 QVariant AbstractDocument::getPluginValue(const QString& plugin, const QString& key, const QVariant& def) const
 {
     return m_pluginValues.value(plugin).value(key, def);

@@ -57,6 +57,10 @@ public:
     /// members of its own.
     virtual QJsonObject toJson() const;
 
+    /// Names the document for good, wherever it is saved and whatever becomes of it; no other document has the same.
+    /// Empty: it has no name.
+    virtual QString identifier() const;
+
 private:
     QHash<QString, QVariantMap> m_pluginValues; ///< by plug-in, then by key
 };

@@ -14,6 +14,10 @@ Try again. If it happens again, call support.</translation>
         <source>Действие прервано: касса закрывается.</source>
         <translation>The action was stopped: the register is being closed.</translation>
     </message>
+    <message id="requestJournalNotWritable">
+        <source>Запрос не отправлен: он не записан в журнал запросов (%1). Освободите место на диске или позовите администратора и повторите команду</source>
+        <translation>The request was not sent: it could not be written to the journal of requests (%1). Free some disk space or call the administrator, and repeat the command</translation>
+    </message>
     <message id="saveFolderNotConfigured">
         <source>в настройках нет Register:data</source>
         <translation>Register:data is missing in the settings</translation>

@@ -191,6 +191,11 @@ QString Document::fileName() const
     }
 }
 
+QString Document::identifier() const
+{
+    return QString::number(m_number);
+}
+
 Kopecks Document::getSum() const
 {
     return std::accumulate(m_positions.cbegin(), m_positions.cend(), Kopecks{},

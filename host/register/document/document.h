@@ -57,6 +57,8 @@ public:
     /// `receipt.json` while it is open, `putaside/<number>.json` while it is suspended, otherwise
     /// `finished/<number>.json`.
     QString fileName() const override;
+    /// Its number.
+    QString identifier() const override;
     /// When it was closed or cancelled, or voided without having been closed; invalid until then.
     QDateTime getFinished() const { return m_ending.finished; }
     /// Invalid when it was not voided.
