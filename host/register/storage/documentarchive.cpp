@@ -2,6 +2,7 @@
 #include "documentarchive.h"
 
 #include "basicexception.h"
+#include "opendocumentfile.h"
 #include "saveddocument.h"
 #include "savetofilelogic.h"
 
@@ -214,6 +215,20 @@ QSet<int> DocumentArchive::returnedPositions(const Document& sale, const QShared
     return returned;
 }
 
+std::optional<DocumentArchive::DamagedReturn> DocumentArchive::damagedReturn(const Document& sale,
+                                                                             const QSharedPointer<Document>& open) const
+{
+    for (const int number : sale.returns()) {
+        if (open && open->getNumber() == number) {
+            continue;
+        }
+        if (const ReadReturn document = readReturn(sale, number); !document) {
+            return document.failure();
+        }
+    }
+    return std::nullopt;
+}
+
 QList<CardOperation> DocumentArchive::cardOperationsOfReturns(const Document& sale) const
 {
     QList<CardOperation> operations;
@@ -229,16 +244,18 @@ QList<CardOperation> DocumentArchive::cardOperationsOfReturns(const Document& sa
 DocumentArchive::ReadReturn DocumentArchive::readReturn(const Document& sale, int number) const
 {
     for (const QString& place : {finished, suspended}) {
-        if (!QFileInfo::exists(QDir(m_folder).filePath(fileOf(place, number)))) {
+        const QString file = fileOf(place, number);
+        if (!QFileInfo::exists(QDir(m_folder).filePath(file))) {
             continue;
         }
         auto document = read(place, number);
         if (!document) {
-            return std::nullopt;
+            return DamagedReturn{number, {file}};
         }
         return document->getReturnedSale() == sale.getNumber() ? document : QSharedPointer<Document>();
     }
-    return QSharedPointer<Document>();
+    const QStringList damaged = OpenDocumentFile(m_folder).setAside();
+    return damaged.isEmpty() ? ReadReturn(QSharedPointer<Document>()) : DamagedReturn{number, damaged};
 }
 
 QSharedPointer<Document> DocumentArchive::tidyUp(const QSharedPointer<Document>& open) const

@@ -2,12 +2,14 @@
 #pragma once
 
 #include "document.h"
+#include "expected.h"
 
 #include <QDate>
 #include <QList>
 #include <QSet>
 #include <QSharedPointer>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -53,6 +55,16 @@ public:
     /// document `open` (null: none is open). Where a return cannot be read, all count: the money may have been paid out
     /// already.
     QSet<int> returnedPositions(const Document& sale, const QSharedPointer<Document>& open) const;
+
+    /// A return that cannot be read: nobody knows which positions came back, and whether the money was paid out.
+    struct DamagedReturn {
+        int number = 0;
+        QStringList files; ///< relative to the data folder; of several that were set aside, one may be it
+    };
+    /// The first return of the sale that cannot be read; nothing when there is none. One that is nowhere counts when an
+    /// open document was damaged and its file is still set aside.
+    std::optional<DamagedReturn> damagedReturn(const Document& sale, const QSharedPointer<Document>& open) const;
+
     Document::Returned returned(const Document& sale, const QSharedPointer<Document>& open) const;
     /// The card operations of the finished and suspended returns of the sale.
     QList<CardOperation> cardOperationsOfReturns(const Document& sale) const;
@@ -63,8 +75,8 @@ public:
     QSharedPointer<Document> tidyUp(const QSharedPointer<Document>& open) const;
 
 private:
-    /// A finished return; null: there is none of that sale; empty: it is there and cannot be read.
-    using ReadReturn = std::optional<QSharedPointer<Document>>;
+    /// A finished or suspended return; null: it was never saved, or is of another sale.
+    using ReadReturn = Expected<QSharedPointer<Document>, DamagedReturn>;
     ReadReturn readReturn(const Document& sale, int number) const;
     QList<int> numbers(const QString& place) const;
     qsizetype firstOpenedFrom(const QList<int>& numbers, QDate day) const;
