@@ -23,8 +23,8 @@ namespace
 const QString suspended = u"putaside"_s;
 const QString finished = u"finished"_s;
 
-/// The document that was closed last is among so many of the greatest numbers. It need not have the greatest: a
-/// document keeps its number while it is suspended.
+/// The document that was closed last is nearly always among so many of the greatest numbers. It need not be: a document
+/// keeps its number while it is suspended.
 constexpr int latestLookedAt = 100;
 
 QString fileOf(const QString& place, int number)
@@ -64,6 +64,7 @@ Log4Qt::Logger* log()
 
 DocumentArchive::DocumentArchive(const QString& folder)
     : m_folder(folder)
+    , m_closings(folder)
 {
 }
 
@@ -118,14 +119,27 @@ QList<QSharedPointer<Document>> DocumentArchive::latest(int limit) const
 
 QSharedPointer<Document> DocumentArchive::lastClosed() const
 {
+    QList<int> candidates = numbers(finished);
+    if (const auto noted = m_closings.last()) {
+        candidates = candidates.mid(std::max<qsizetype>(0, candidates.size() - latestLookedAt));
+        candidates.prepend(noted->document);
+    }
     QSharedPointer<Document> last;
-    for (const QSharedPointer<Document>& document : latest(latestLookedAt)) { // the greatest number first
-        if (document->getState() == Document::State::Closed &&
-            (!last || document->ending().closing > last->ending().closing)) {
+    for (const int number : candidates) { // the greatest number last
+        const QSharedPointer<Document> document = read(finished, number);
+        if (document && document->getState() == Document::State::Closed &&
+            (!last || document->ending().closing >= last->ending().closing)) {
             last = document;
         }
     }
     return last;
+}
+
+int DocumentArchive::closings() const
+{
+    const auto noted = m_closings.last();
+    const QSharedPointer<Document> last = lastClosed();
+    return std::max(noted ? noted->count : 0, last ? last->ending().closing : 0);
 }
 
 QList<QSharedPointer<Document>> DocumentArchive::ofDay(QDate day, int limit) const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "closingcount.h"
 #include "document.h"
 #include "expected.h"
 
@@ -40,8 +41,13 @@ public:
     QList<QSharedPointer<Document>> latest(int limit) const;
 
     /// The document that was closed last, by the count of closings; where none is counted, the one of the greatest
-    /// number. Looks among the latest hundred finished documents; null when none of them is closed.
+    /// number. Null when none is closed. Looks at the latest hundred finished documents and at the one that was noted
+    /// last; at all of them when none was noted.
     QSharedPointer<Document> lastClosed() const;
+    /// How many closings were begun.
+    int closings() const;
+    /// Notes a closing before the document is saved as closed.
+    void noteClosing(const ClosingCount::Closing& closing) const { m_closings.note(closing); }
 
     /// The documents that were opened or finished on that day, latest first: all suspended ones and at most `limit`
     /// finished ones. Reads no others but a few, however many there are: numbers follow time. A document that was
@@ -84,4 +90,5 @@ private:
     void removeFile(const QString& file) const;
 
     QString m_folder;
+    ClosingCount m_closings;
 };

@@ -274,6 +274,46 @@ TEST_F(DocumentChanges, clockSetBackBeforeEachSale_theLatestIsLastClosedAcrossAR
     EXPECT_EQ(last->ending().closing, 4);
 }
 
+TEST_F(DocumentChanges, oldDocumentClosedLast_isLastClosedAndTheCountGoesOnAcrossARestart)
+{
+    till->add(article(amoxidar));
+    ASSERT_TRUE(till->suspend());
+    for (int number = 2; number <= 102; ++number) {
+        auto cancelled = QSharedPointer<Document>::create(number, QDateTime({2024, 2, 29}, {12, 0}));
+        cancelled->setEnding({.state = Document::State::Cancelled, .finished = cancelled->getOpened()});
+        ASSERT_TRUE(till->archive().saveOrShow(cancelled));
+    }
+    ASSERT_TRUE(till->resume(archived(1)));
+    ASSERT_TRUE(till->close({Payment::cash(Kopecks{5000})}));
+    EXPECT_EQ(archived(1)->ending().closing, 1);
+
+    Till again(folder.path());
+    again.restore(saved());
+    ASSERT_TRUE(again.archive().lastClosed());
+    EXPECT_EQ(again.archive().lastClosed()->getNumber(), 1);
+    again.add(article(amoxidar));
+    EXPECT_TRUE(again.close({Payment::cash(Kopecks{1240})}));
+    EXPECT_EQ(again.archive().lastClosed()->getNumber(), 103);
+    EXPECT_EQ(again.archive().lastClosed()->ending().closing, 2);
+}
+
+TEST_F(DocumentChanges, closingCouldNotBeSaved_itsCountIsLeftOutAcrossARestart)
+{
+    sold();
+    till->add(article(amoxidar));
+    {
+        SavingDouble saving;
+        saving.failAll();
+        EXPECT_FALSE(till->close({Payment::cash(Kopecks{5000})}));
+    }
+    EXPECT_EQ(till->archive().lastClosed()->getNumber(), 1);
+    Till again(folder.path());
+    again.restore(saved());
+    EXPECT_TRUE(again.close({Payment::cash(Kopecks{5000})}));
+    EXPECT_EQ(again.archive().lastClosed()->getNumber(), 2);
+    EXPECT_EQ(again.archive().lastClosed()->ending().closing, 3);
+}
+
 TEST_F(DocumentChanges, tooLittleMoney_doesNotClose)
 {
     EXPECT_FALSE(till->close({Payment::cash(Kopecks{5000})})) << "nothing is open";
