@@ -84,6 +84,12 @@ Expected<GoodsList> GoodsReader::withBarcode(const QString& barcode)
     return attempt([&](const QSqlDatabase& database) { return rows(database, u" WHERE barcode = ?"_s, {barcode}); });
 }
 
+void GoodsReader::keep(const GoodsList& all)
+{
+    m_all = all;
+    m_age.start();
+}
+
 Expected<bool> GoodsReader::takeReplacedFile()
 {
     return m_connection.takeReplacedFile([this](const QSqlDatabase& database) -> Expected<void> {
