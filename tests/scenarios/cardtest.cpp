@@ -12,6 +12,8 @@
 
 #include <gmock/gmock.h>
 
+#include <csignal>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -140,6 +142,19 @@ TEST_F(CardPayments, powerCutWhileTheTerminalWorks_moneyIsFoundAndTakenOnce)
          R"({"key": "F12"}, {"expect": "0,00", "in": "paymentSumLabel"}, {"key": "Return"})", cashier::isIdle}));
     EXPECT_EQ(taken(), 1240);
     EXPECT_EQ(operations(finished(1)), QStringList(u"payment approved"_s));
+}
+
+TEST_F(CardPayments, askedToEndWhileTheTerminalWorks_paymentIsFinishedFirst)
+{
+    configure(u"DemoCardTerminal:seconds"_s, u"2"_s);
+    startSteps({atThePayment, byCard, R"({"wait": "neverThere", "seconds": 60})"}, terminalPlugin());
+    ASSERT_TRUE(waitUntilTheTerminalWorks());
+    EXPECT_EQ(operations(savedDocument()), QStringList(u"payment asked"_s));
+    sendSignal(SIGTERM);
+    expectPlayed(waitForEnd());
+    EXPECT_EQ(finished(1)["state"_L1].toString(), u"closed"_s);
+    EXPECT_EQ(operations(finished(1)), QStringList(u"payment approved"_s));
+    EXPECT_THAT(printed(1), HasSubstr("Картой 12,40"));
 }
 
 TEST_F(CardPayments, terminalGoneAfterThePowerCut_cashierIsAsked)

@@ -21,11 +21,6 @@ namespace
 
 constexpr int longestStepMs = 60'000;
 
-Failure failure(const QString& reason)
-{
-    return {{tr::undefined, reason}, reason};
-}
-
 /// A program of the newest PostgreSQL here; empty when there is none.
 QString program(const QString& name)
 {
@@ -77,7 +72,7 @@ Expected<void> PostgresServer::start()
     }
     const QString file = program(u"postgres"_s);
     if (file.isEmpty() || program(u"initdb"_s).isEmpty()) {
-        return failure(u"PostgreSQL is not installed: run scripts/setup"_s);
+        return untranslatedFailure(u"PostgreSQL is not installed: run scripts/setup"_s);
     }
     if (!m_hasCluster) {
         if (auto created = createCluster(); !created) {
@@ -93,7 +88,7 @@ Expected<void> PostgresServer::start()
     const QDeadlineTimer deadline(longestStepMs);
     while (!execute(u"SELECT 1"_s)) {
         if (deadline.hasExpired() || m_server.waitForFinished(20)) {
-            return failure(u"PostgreSQL does not start: "_s + QString::fromUtf8(m_server.readAll()));
+            return untranslatedFailure(u"PostgreSQL does not start: "_s + QString::fromUtf8(m_server.readAll()));
         }
     }
     return {};
@@ -103,7 +98,7 @@ Expected<void> PostgresServer::createCluster()
 {
     if (const passwd* owner = geteuid() == 0 ? getpwnam("postgres") : nullptr) {
         if (chown(QFile::encodeName(m_folder.path()).constData(), owner->pw_uid, owner->pw_gid) != 0) {
-            return failure(u"The server's folder cannot be given away"_s);
+            return untranslatedFailure(u"The server's folder cannot be given away"_s);
         }
     }
     const QStringList command =
@@ -114,8 +109,8 @@ Expected<void> PostgresServer::createCluster()
     creating.setWorkingDirectory(u"/"_s);
     creating.start(command.first(), command.mid(1));
     if (!creating.waitForFinished(longestStepMs) || creating.exitCode() != 0) {
-        return failure(u"No PostgreSQL cluster can be made: "_s + QString::fromUtf8(creating.readAll()) +
-                       creating.errorString());
+        return untranslatedFailure(u"No PostgreSQL cluster can be made: "_s + QString::fromUtf8(creating.readAll()) +
+                                   creating.errorString());
     }
     return {};
 }
@@ -168,9 +163,9 @@ Expected<void> PostgresServer::execute(const QString& statement) const
         connection.setUserName(user());
         connection.setDatabaseName(database());
         if (!connection.open()) {
-            outcome = failure(connection.lastError().text());
+            outcome = untranslatedFailure(connection.lastError().text());
         } else if (QSqlQuery change(connection); !change.exec(statement)) {
-            outcome = failure(change.lastError().text());
+            outcome = untranslatedFailure(change.lastError().text());
         }
     }
     QSqlDatabase::removeDatabase(name);

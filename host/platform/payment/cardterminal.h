@@ -28,9 +28,10 @@ struct CardAnswer {
     };
 
     Outcome outcome = Outcome::Unknown;
-    QString authorizationCode = {}; ///< of an approved operation
-    QString maskedCard = {};        ///< of an approved operation, for the receipt: "**** 1234"; never the whole number
-    tr::Tr text = {};               ///< why it was declined, for the cashier; may be empty
+    // Of an approved operation; the receipt shows them in one line each, and no more than 100 letters are kept.
+    QString authorizationCode = {};
+    QString maskedCard = {}; ///< "**** 1234"; never the whole number
+    tr::Tr text = {};        ///< why it was declined, for the cashier; may be empty
 
     static CardAnswer approved(const QString& authorizationCode, const QString& maskedCard)
     {

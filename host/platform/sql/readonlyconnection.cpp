@@ -57,11 +57,6 @@ Log4Qt::Logger* logger()
     return Log4Qt::LogManager::logger(u"database"_s);
 }
 
-Failure failure(const QString& reason)
-{
-    return {{tr::undefined, reason}, reason};
-}
-
 QString uniqueName(const QString& section)
 {
     static std::atomic<int> count = 0;
@@ -124,10 +119,10 @@ Expected<void> ReadOnlyConnection::open()
     }
     const DriverMode* mode = modeOf(m_access.driver);
     if (!mode) {
-        return failure(u"no read-only mode is known for the driver "_s + m_access.driver);
+        return untranslatedFailure(u"no read-only mode is known for the driver "_s + m_access.driver);
     }
     if (m_access.name.isEmpty() && m_access.host.isEmpty()) { // SQLite would make an empty one up
-        return failure(m_access.section + u":name is not set"_s);
+        return untranslatedFailure(m_access.section + u":name is not set"_s);
     }
     m_file = FileIdentity::of(m_access.name);
     const std::chrono::milliseconds limit = m_access.timeout;

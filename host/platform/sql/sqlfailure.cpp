@@ -9,7 +9,7 @@ Failure sqlFailure(const QSqlError& error)
     if (reason.isEmpty()) {
         return {{u"databaseErrorWithoutReason"_s, u"причина не названа"_s}, u"no reason was given"_s};
     }
-    return {{tr::undefined, reason}, reason};
+    return untranslatedFailure(reason);
 }
 
 Failure silentServer(std::chrono::seconds timeout)

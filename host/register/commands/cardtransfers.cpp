@@ -68,7 +68,7 @@ std::optional<CardOperation> settled(CardOperation operation, const CardAnswer& 
     case Outcome::Approved:
         operation.state = State::Approved;
         operation.card = cardoperations::masked(answer.maskedCard);
-        operation.authorizationCode = answer.authorizationCode;
+        operation.authorizationCode = cardoperations::oneLine(answer.authorizationCode);
         return operation;
     case Outcome::Declined:
         operation.state = State::Declined;

@@ -128,15 +128,23 @@ Kopecks totalOf(const QList<CardOperation>& operations)
                            [](Kopecks total, const CardOperation& operation) { return total + operation.amount; });
 }
 
+/// More than any terminal has to say of a card or a code, and no more than a receipt can show.
+constexpr qsizetype longestText = 100;
+
+QString oneLine(const QString& text)
+{
+    return text.simplified().left(longestText);
+}
+
 QString masked(const QString& card)
 {
     constexpr qsizetype mostDigits = 10; // the first six and the last four
     constexpr qsizetype kept = 4;
-    qsizetype digits = std::count_if(card.cbegin(), card.cend(), [](QChar letter) { return letter.isDigit(); });
+    QString masked = oneLine(card);
+    qsizetype digits = std::count_if(masked.cbegin(), masked.cend(), [](QChar letter) { return letter.isDigit(); });
     if (digits <= mostDigits) {
-        return card;
+        return masked;
     }
-    QString masked = card;
     for (QChar& letter : masked) {
         if (letter.isDigit() && digits-- > kept) {
             letter = u'*';

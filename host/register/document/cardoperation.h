@@ -50,7 +50,10 @@ QList<CardOperation> approved(const QList<CardOperation>& operations, CardOperat
 
 Kopecks totalOf(const QList<CardOperation>& operations);
 
-/// The number of a card as it may be kept: of more digits than ten, only the last four stay.
+/// A terminal's text as it is kept and printed: in one line, cut off after 100 letters.
+QString oneLine(const QString& text);
+
+/// The number of a card as it may be kept: in oneLine(), and of more digits than ten only the last four stay.
 QString masked(const QString& card);
 
 } // namespace cardoperations

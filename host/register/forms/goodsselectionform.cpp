@@ -188,10 +188,10 @@ void GoodsSelectionForm::onChoose()
         m_packs->selectAll();
         return;
     }
-    if (*packs > goods.stock) {
+    if (goods.stock && *packs > *goods.stock) {
         showHint(tr::Tr(u"goodsSelectionStock"_s,
                         u"На остатке %1 уп., запрошено %2. Уменьшите количество или выберите другой товар."_s)
-                     .arg(QString::number(goods.stock))
+                     .arg(QString::number(*goods.stock))
                      .arg(QString::number(*packs)));
         return;
     }

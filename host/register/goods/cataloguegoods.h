@@ -8,7 +8,7 @@
 
 #include <optional>
 
-/// One kind of goods in the catalogue. Prices are per pack, the stock is in packs.
+/// One kind of goods in the catalogue. Prices are per pack.
 struct CatalogueGoods {
     QString code;
     QString barcode;
@@ -17,9 +17,10 @@ struct CatalogueGoods {
     GoodsPrice price = goodsprice::missing();
     GoodsPrice cataloguePrice = Kopecks{};
     GoodsPrice minRetailPrice = Kopecks{}; ///< 0: none
-    int stock = 0;
+    std::optional<int> stock;              ///< in packs; empty: it is not kept
 
-    bool isInStock() const { return stock > 0; }
+    /// False when nothing is left. Goods whose stock is not kept are in stock.
+    bool isInStock() const { return !stock || *stock > 0; }
 
     /// Why these goods can be seen and not sold: a price of theirs cannot be used. Nothing when they can be sold.
     ///

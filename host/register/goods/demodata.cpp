@@ -58,29 +58,24 @@ bool createTable(QSqlQuery& query, const Table& table, const QJsonArray& rows)
     return true;
 }
 
-Failure failure(const QString& reason)
-{
-    return {{tr::undefined, reason}, reason};
-}
-
 Expected<void, Failure> fillDatabase(QSqlDatabase database)
 {
     QFile file(u":/demo/goods.json"_s);
     if (!file.open(QIODevice::ReadOnly)) {
-        return failure(file.errorString());
+        return untranslatedFailure(file.errorString());
     }
     const QJsonDocument data = QJsonDocument::fromJson(file.readAll());
     if (!database.open() || !database.transaction()) {
-        return failure(database.lastError().text());
+        return untranslatedFailure(database.lastError().text());
     }
     QSqlQuery query(database);
     for (const Table& table : tables()) {
         if (!createTable(query, table, data[QLatin1StringView(table.name)].toArray())) {
-            return failure(query.lastError().text());
+            return untranslatedFailure(query.lastError().text());
         }
     }
     if (!database.commit()) {
-        return failure(database.lastError().text());
+        return untranslatedFailure(database.lastError().text());
     }
     return {};
 }
@@ -104,7 +99,7 @@ Expected<void, Failure> createDemoGoods(const QString& file)
     }
     QSqlDatabase::removeDatabase(connection);
     if (filled && !QFile::rename(unfinished, file)) {
-        return failure(u"the file cannot be renamed to "_s + file);
+        return untranslatedFailure(u"the file cannot be renamed to "_s + file);
     }
     return filled;
 }

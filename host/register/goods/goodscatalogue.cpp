@@ -38,23 +38,37 @@ tr::Tr unreadable(const Failure& failure)
         .arg(failure.text.ui());
 }
 
+GoodsReader& readerFor(std::unique_ptr<GoodsReader>& reader, const DatabaseAccess& access,
+                       std::chrono::seconds freshness)
+{
+    if (!reader || reader->access() != access) {
+        reader = std::make_unique<GoodsReader>(access, freshness);
+    }
+    return *reader;
+}
+
 } // namespace
 
 /// What came of a job in the reading thread.
 struct GoodsCatalogue::Outcome {
+    DatabaseAccess access = {};
     Expected<bool> fileChange = false;
     Expected<GoodsList> goods = GoodsList();
 };
 
 GoodsCatalogue::GoodsCatalogue()
-    : m_reader(std::make_shared<std::unique_ptr<GoodsReader>>())
 {
+    for (Desk* desk : {&m_lookUps, &m_all}) {
+        desk->reader = std::make_shared<std::unique_ptr<GoodsReader>>();
+    }
     connect(&m_refresh, &QTimer::timeout, this, &GoodsCatalogue::refresh);
 }
 
 GoodsCatalogue::~GoodsCatalogue()
 {
-    m_thread.finish([reader = m_reader] { reader->reset(); });
+    for (Desk* desk : {&m_lookUps, &m_all}) {
+        desk->thread.finish([reader = desk->reader] { reader->reset(); });
+    }
 }
 
 void GoodsCatalogue::keepFresh()
@@ -67,12 +81,15 @@ void GoodsCatalogue::keepFresh()
 GoodsList GoodsCatalogue::goodsOf(const QString& nonProprietaryName) const
 {
     const QString wanted = nonProprietaryName.trimmed();
-    return read([wanted](GoodsReader& reader) { return wanted.isEmpty() ? reader.all() : reader.ofName(wanted); });
+    if (wanted.isEmpty()) {
+        return read(deskOfAll(), [](GoodsReader& reader) { return reader.all(); });
+    }
+    return read(m_lookUps, [wanted](GoodsReader& reader) { return reader.ofName(wanted); });
 }
 
 GoodsList GoodsCatalogue::withBarcode(const QString& barcode) const
 {
-    return read([barcode](GoodsReader& reader) { return reader.withBarcode(barcode); });
+    return read(m_lookUps, [barcode](GoodsReader& reader) { return reader.withBarcode(barcode); });
 }
 
 std::optional<CatalogueGoods> GoodsCatalogue::byBarcode(const QString& barcode) const
@@ -90,12 +107,17 @@ void GoodsCatalogue::handleEvent(const Event& event)
     }
 }
 
-GoodsList GoodsCatalogue::read(const Reading& reading) const
+GoodsCatalogue::Desk& GoodsCatalogue::deskOfAll() const
+{
+    return goodsDatabase().isFile() ? m_lookUps : m_all;
+}
+
+GoodsList GoodsCatalogue::read(Desk& desk, const Reading& reading) const
 {
     const auto outcome = std::make_shared<Outcome>();
     const std::chrono::seconds timeout = goodsDatabase().timeout;
-    if (!m_thread.run(job(reading, outcome), timeoutsForAnswer * timeout,
-                      {u"goodsCatalogueBeingRead"_s, u"Читается справочник товаров"_s})) {
+    if (!desk.thread.run(job(desk, reading, outcome), timeoutsForAnswer * timeout,
+                         {u"goodsCatalogueBeingRead"_s, u"Читается справочник товаров"_s})) {
         throw BasicException(unreadable(silentServer(timeoutsForAnswer * timeout)));
     }
     showFileChange(*outcome);
@@ -106,17 +128,16 @@ GoodsList GoodsCatalogue::read(const Reading& reading) const
 }
 
 /// The outcome outlives a caller that has given up.
-std::function<void()> GoodsCatalogue::job(const Reading& reading, const std::shared_ptr<Outcome>& outcome) const
+std::function<void()> GoodsCatalogue::job(const Desk& desk, const Reading& reading,
+                                          const std::shared_ptr<Outcome>& outcome) const
 {
-    return [reader = m_reader, access = goodsDatabase(), freshness = configuredRefresh(),
-            betweenDocuments = !getDocument(), reading, outcome] {
-        if (!*reader || (*reader)->access() != access) {
-            *reader = std::make_unique<GoodsReader>(access, freshness);
-        }
+    outcome->access = goodsDatabase();
+    return [kept = desk.reader, freshness = configuredRefresh(), betweenDocuments = !getDocument(), reading, outcome] {
+        GoodsReader& reader = readerFor(*kept, outcome->access, freshness);
         if (betweenDocuments) {
-            outcome->fileChange = (*reader)->takeReplacedFile();
+            outcome->fileChange = reader.takeReplacedFile();
         }
-        outcome->goods = reading(**reader);
+        outcome->goods = reading(reader);
     };
 }
 
@@ -127,8 +148,10 @@ void GoodsCatalogue::refresh()
     }
     m_isRefreshing = true;
     const auto outcome = std::make_shared<Outcome>();
-    const auto reading = job([](GoodsReader& reader) { return reader.all(); }, outcome);
-    m_thread.post([this, reading, outcome] {
+    Desk& desk = deskOfAll();
+    const auto reading = job(
+        desk, [](GoodsReader& reader) { return reader.all(); }, outcome);
+    desk.thread.post([this, reading, outcome] {
         reading();
         QMetaObject::invokeMethod(
             this, [this, outcome] { finishRefresh(*outcome); }, Qt::QueuedConnection);
@@ -139,6 +162,7 @@ void GoodsCatalogue::finishRefresh(const Outcome& outcome)
 {
     m_isRefreshing = false;
     showFileChange(outcome);
+    handOver(outcome);
     const bool failedBefore = m_hasFailed;
     m_hasFailed = !outcome.goods;
     if (m_hasFailed && !failedBefore) {
@@ -146,6 +170,16 @@ void GoodsCatalogue::finishRefresh(const Outcome& outcome)
     } else if (failedBefore && !m_hasFailed) {
         emit recovered();
     }
+}
+
+/// Look-ups at a server need not ask for the names again.
+void GoodsCatalogue::handOver(const Outcome& outcome) const
+{
+    if (outcome.access.isFile() || !outcome.goods) {
+        return;
+    }
+    m_lookUps.thread.post([kept = m_lookUps.reader, access = outcome.access, freshness = configuredRefresh(),
+                           all = *outcome.goods] { readerFor(*kept, access, freshness).keep(all); });
 }
 
 void GoodsCatalogue::showFileChange(const Outcome& outcome) const

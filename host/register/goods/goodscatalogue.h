@@ -19,10 +19,10 @@ class GoodsReader;
 
 /// The goods that the pharmacy sells: the table `goods` of the goods database, read only.
 ///
-/// It is read in a thread of its own. Who asks waits, behind the busy screen when it takes long; a server that does not
-/// answer is waited for "Database:timeout" seconds. Every operation throws BasicException with a text for the cashier
-/// when the table cannot be read; the next one tries again. A file that was replaced is taken while no document is
-/// open.
+/// It is read in threads of its own. Who asks waits, behind the busy screen when it takes long; a server that does not
+/// answer is waited for "Database:timeout" seconds. A look-up does not wait until all goods of a slow server are read.
+/// Every operation throws BasicException with a text for the cashier when the table cannot be read; the next one tries
+/// again. A file that was replaced is taken while no document is open.
 class GoodsCatalogue : public BaseActivityListener, private DocumentWatcher
 {
     Q_OBJECT
@@ -56,14 +56,22 @@ private:
     struct Outcome;
     using Reading = std::function<Expected<GoodsList>(GoodsReader&)>;
 
-    GoodsList read(const Reading& reading) const;
-    std::function<void()> job(const Reading& reading, const std::shared_ptr<Outcome>& outcome) const;
+    /// A reader and the thread that alone touches it.
+    struct Desk {
+        std::shared_ptr<std::unique_ptr<GoodsReader>> reader;
+        ReadingThread thread;
+    };
+
+    Desk& deskOfAll() const;
+    GoodsList read(Desk& desk, const Reading& reading) const;
+    std::function<void()> job(const Desk& desk, const Reading& reading, const std::shared_ptr<Outcome>& outcome) const;
     void refresh();
     void finishRefresh(const Outcome& outcome);
+    void handOver(const Outcome& outcome) const;
     void showFileChange(const Outcome& outcome) const;
 
-    std::shared_ptr<std::unique_ptr<GoodsReader>> m_reader; ///< touched in the thread alone
-    mutable ReadingThread m_thread;
+    mutable Desk m_lookUps;
+    mutable Desk m_all; ///< of a server; one desk reads everything of a file
     QTimer m_refresh;
     bool m_isRefreshing = false;
     bool m_hasFailed = false;

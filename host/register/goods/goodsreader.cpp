@@ -22,6 +22,14 @@ namespace
 /// A server may take longer over all goods than over one question, as long as something comes.
 constexpr int timeoutsForAllGoods = 10;
 
+/// Nothing for NULL, and for a text that is no number.
+std::optional<int> stockOf(const QVariant& value)
+{
+    bool isNumber = false;
+    const int packs = value.toInt(&isNumber);
+    return isNumber && !value.isNull() ? std::optional(packs) : std::nullopt;
+}
+
 CatalogueGoods goodsOf(const QSqlQuery& row)
 {
     return {
@@ -32,7 +40,7 @@ CatalogueGoods goodsOf(const QSqlQuery& row)
         .price = goodsprice::asked(row.value(4)),
         .cataloguePrice = goodsprice::optional(row.value(5)),
         .minRetailPrice = goodsprice::optional(row.value(6)),
-        .stock = row.value(7).toInt(),
+        .stock = stockOf(row.value(7)),
     };
 }
 
@@ -74,6 +82,12 @@ Expected<GoodsList> GoodsReader::ofName(const QString& nonProprietaryName)
 Expected<GoodsList> GoodsReader::withBarcode(const QString& barcode)
 {
     return attempt([&](const QSqlDatabase& database) { return rows(database, u" WHERE barcode = ?"_s, {barcode}); });
+}
+
+void GoodsReader::keep(const GoodsList& all)
+{
+    m_all = all;
+    m_age.start();
 }
 
 Expected<bool> GoodsReader::takeReplacedFile()

@@ -35,6 +35,9 @@ public:
     Expected<GoodsList> ofName(const QString& nonProprietaryName);
     Expected<GoodsList> withBarcode(const QString& barcode);
 
+    /// Keeps all goods of a server, which another reader has just read.
+    void keep(const GoodsList& all);
+
     /// Takes a file that replaced the one in use; see ReadOnlyConnection::takeReplacedFile().
     Expected<bool> takeReplacedFile();
 

@@ -53,11 +53,6 @@ const Form forms[] = {
 
 constexpr auto timeLimit = "seconds";
 
-Failure failure(const QString& reason)
-{
-    return {{tr::undefined, reason}, reason};
-}
-
 void fill(ScenarioStep& step, Slot slot, const QJsonValue& value)
 {
     switch (slot) {
@@ -97,14 +92,14 @@ Expected<ScenarioStep> readStep(const QJsonObject& object)
         return object.contains(QLatin1StringView(candidate.member));
     });
     if (form == std::end(forms)) {
-        return failure(u"no known kind of step"_s);
+        return untranslatedFailure(u"no known kind of step"_s);
     }
     if (const std::optional<QString> unknown = unknownMember(*form, object)) {
-        return failure(u"unknown member \""_s + *unknown + u'"');
+        return untranslatedFailure(u"unknown member \""_s + *unknown + u'"');
     }
     const QJsonValue main = object.value(QLatin1StringView(form->member));
     if (main.type() != form->type) {
-        return failure(u"\""_s + QLatin1StringView(form->member) + u"\" has a value of the wrong type"_s);
+        return untranslatedFailure(u"\""_s + QLatin1StringView(form->member) + u"\" has a value of the wrong type"_s);
     }
     ScenarioStep step;
     step.kind = form->kind;
@@ -114,7 +109,7 @@ Expected<ScenarioStep> readStep(const QJsonObject& object)
     if (form->second) {
         const QJsonValue second = object.value(QLatin1StringView(form->second));
         if (second.isUndefined() && form->secondRequired) {
-            return failure(u"\""_s + QLatin1StringView(form->second) + u"\" is missing"_s);
+            return untranslatedFailure(u"\""_s + QLatin1StringView(form->second) + u"\" is missing"_s);
         }
         if (!second.isUndefined()) {
             fill(step, form->secondHolds, second);
@@ -129,11 +124,11 @@ Expected<QList<ScenarioStep>> readScenario(const QString& file)
 {
     QFile scenario(file);
     if (!scenario.open(QIODevice::ReadOnly)) {
-        return failure(file + u": "_s + scenario.errorString());
+        return untranslatedFailure(file + u": "_s + scenario.errorString());
     }
     Expected<QList<ScenarioStep>> steps = parseScenario(scenario.readAll());
     if (!steps) {
-        return failure(file + u": "_s + steps.failure().detail);
+        return untranslatedFailure(file + u": "_s + steps.failure().detail);
     }
     return steps;
 }
@@ -143,18 +138,19 @@ Expected<QList<ScenarioStep>> parseScenario(const QByteArray& json)
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
     if (document.isNull()) {
-        return failure(parseError.errorString());
+        return untranslatedFailure(parseError.errorString());
     }
     const QJsonValue list = document.object().value("steps"_L1);
     if (!list.isArray()) {
-        return failure(u"it has no list \"steps\""_s);
+        return untranslatedFailure(u"it has no list \"steps\""_s);
     }
 
     QList<ScenarioStep> steps;
     for (const auto entry : list.toArray()) {
         const Expected<ScenarioStep> step = readStep(entry.toObject());
         if (!step) {
-            return failure(u"step "_s + QString::number(steps.size() + 1) + u": "_s + step.failure().detail);
+            return untranslatedFailure(u"step "_s + QString::number(steps.size() + 1) + u": "_s +
+                                       step.failure().detail);
         }
         steps.append(*step);
     }

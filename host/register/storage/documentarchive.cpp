@@ -2,6 +2,7 @@
 #include "documentarchive.h"
 
 #include "basicexception.h"
+#include "opendocumentfile.h"
 #include "saveddocument.h"
 #include "savetofilelogic.h"
 
@@ -22,8 +23,8 @@ namespace
 const QString suspended = u"putaside"_s;
 const QString finished = u"finished"_s;
 
-/// The document that was closed last is among so many of the greatest numbers. It need not have the greatest: a
-/// document keeps its number while it is suspended.
+/// The document that was closed last is nearly always among so many of the greatest numbers. It need not be: a document
+/// keeps its number while it is suspended.
 constexpr int latestLookedAt = 100;
 
 QString fileOf(const QString& place, int number)
@@ -63,6 +64,7 @@ Log4Qt::Logger* log()
 
 DocumentArchive::DocumentArchive(const QString& folder)
     : m_folder(folder)
+    , m_closings(folder)
 {
 }
 
@@ -117,14 +119,27 @@ QList<QSharedPointer<Document>> DocumentArchive::latest(int limit) const
 
 QSharedPointer<Document> DocumentArchive::lastClosed() const
 {
+    QList<int> candidates = numbers(finished);
+    if (const auto noted = m_closings.last()) {
+        candidates = candidates.mid(std::max<qsizetype>(0, candidates.size() - latestLookedAt));
+        candidates.prepend(noted->document);
+    }
     QSharedPointer<Document> last;
-    for (const QSharedPointer<Document>& document : latest(latestLookedAt)) { // the greatest number first
-        if (document->getState() == Document::State::Closed &&
-            (!last || document->ending().closing > last->ending().closing)) {
+    for (const int number : candidates) { // the greatest number last
+        const QSharedPointer<Document> document = read(finished, number);
+        if (document && document->getState() == Document::State::Closed &&
+            (!last || document->ending().closing >= last->ending().closing)) {
             last = document;
         }
     }
     return last;
+}
+
+int DocumentArchive::closings() const
+{
+    const auto noted = m_closings.last();
+    const QSharedPointer<Document> last = lastClosed();
+    return std::max(noted ? noted->count : 0, last ? last->ending().closing : 0);
 }
 
 QList<QSharedPointer<Document>> DocumentArchive::ofDay(QDate day, int limit) const
@@ -214,6 +229,20 @@ QSet<int> DocumentArchive::returnedPositions(const Document& sale, const QShared
     return returned;
 }
 
+std::optional<DocumentArchive::DamagedReturn> DocumentArchive::damagedReturn(const Document& sale,
+                                                                             const QSharedPointer<Document>& open) const
+{
+    for (const int number : sale.returns()) {
+        if (open && open->getNumber() == number) {
+            continue;
+        }
+        if (const ReadReturn document = readReturn(sale, number); !document) {
+            return document.failure();
+        }
+    }
+    return std::nullopt;
+}
+
 QList<CardOperation> DocumentArchive::cardOperationsOfReturns(const Document& sale) const
 {
     QList<CardOperation> operations;
@@ -229,16 +258,18 @@ QList<CardOperation> DocumentArchive::cardOperationsOfReturns(const Document& sa
 DocumentArchive::ReadReturn DocumentArchive::readReturn(const Document& sale, int number) const
 {
     for (const QString& place : {finished, suspended}) {
-        if (!QFileInfo::exists(QDir(m_folder).filePath(fileOf(place, number)))) {
+        const QString file = fileOf(place, number);
+        if (!QFileInfo::exists(QDir(m_folder).filePath(file))) {
             continue;
         }
         auto document = read(place, number);
         if (!document) {
-            return std::nullopt;
+            return DamagedReturn{number, {file}};
         }
         return document->getReturnedSale() == sale.getNumber() ? document : QSharedPointer<Document>();
     }
-    return QSharedPointer<Document>();
+    const QStringList damaged = OpenDocumentFile(m_folder).setAside();
+    return damaged.isEmpty() ? ReadReturn(QSharedPointer<Document>()) : DamagedReturn{number, damaged};
 }
 
 QSharedPointer<Document> DocumentArchive::tidyUp(const QSharedPointer<Document>& open) const

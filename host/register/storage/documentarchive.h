@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "closingcount.h"
 #include "document.h"
+#include "expected.h"
 
 #include <QDate>
 #include <QList>
 #include <QSet>
 #include <QSharedPointer>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -38,8 +41,13 @@ public:
     QList<QSharedPointer<Document>> latest(int limit) const;
 
     /// The document that was closed last, by the count of closings; where none is counted, the one of the greatest
-    /// number. Looks among the latest hundred finished documents; null when none of them is closed.
+    /// number. Null when none is closed. Looks at the latest hundred finished documents and at the one that was noted
+    /// last; at all of them when none was noted.
     QSharedPointer<Document> lastClosed() const;
+    /// How many closings were begun.
+    int closings() const;
+    /// Notes a closing before the document is saved as closed.
+    void noteClosing(const ClosingCount::Closing& closing) const { m_closings.note(closing); }
 
     /// The documents that were opened or finished on that day, latest first: all suspended ones and at most `limit`
     /// finished ones. Reads no others but a few, however many there are: numbers follow time. A document that was
@@ -53,6 +61,16 @@ public:
     /// document `open` (null: none is open). Where a return cannot be read, all count: the money may have been paid out
     /// already.
     QSet<int> returnedPositions(const Document& sale, const QSharedPointer<Document>& open) const;
+
+    /// A return that cannot be read: nobody knows which positions came back, and whether the money was paid out.
+    struct DamagedReturn {
+        int number = 0;
+        QStringList files; ///< relative to the data folder; of several that were set aside, one may be it
+    };
+    /// The first return of the sale that cannot be read; nothing when there is none. One that is nowhere counts when an
+    /// open document was damaged and its file is still set aside.
+    std::optional<DamagedReturn> damagedReturn(const Document& sale, const QSharedPointer<Document>& open) const;
+
     Document::Returned returned(const Document& sale, const QSharedPointer<Document>& open) const;
     /// The card operations of the finished and suspended returns of the sale.
     QList<CardOperation> cardOperationsOfReturns(const Document& sale) const;
@@ -63,8 +81,8 @@ public:
     QSharedPointer<Document> tidyUp(const QSharedPointer<Document>& open) const;
 
 private:
-    /// A finished return; null: there is none of that sale; empty: it is there and cannot be read.
-    using ReadReturn = std::optional<QSharedPointer<Document>>;
+    /// A finished or suspended return; null: it was never saved, or is of another sale.
+    using ReadReturn = Expected<QSharedPointer<Document>, DamagedReturn>;
     ReadReturn readReturn(const Document& sale, int number) const;
     QList<int> numbers(const QString& place) const;
     qsizetype firstOpenedFrom(const QList<int>& numbers, QDate day) const;
@@ -72,4 +90,5 @@ private:
     void removeFile(const QString& file) const;
 
     QString m_folder;
+    ClosingCount m_closings;
 };

@@ -13,11 +13,13 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+const QString damaged = u".damaged-"_s;
+
 /// Renames a damaged file to a name that is not taken. @return the new name; empty when renaming failed
-QString setAside(const QString& file)
+QString renameDamaged(const QString& file)
 {
     const QString stamp = CurrentTime::create()->current().toString(u"yyyyMMdd-hhmmss"_s);
-    const QString wanted = file + u".damaged-"_s + stamp;
+    const QString wanted = file + damaged + stamp;
     QString target = wanted;
     for (int copy = 2; QFileInfo::exists(target); ++copy) {
         target = wanted + u'-' + QString::number(copy);
@@ -43,7 +45,13 @@ OpenDocumentFile::Loaded OpenDocumentFile::load() const
     }
     const Expected<QSharedPointer<Document>> saved = readSavedDocument(m_file);
     if (!saved) {
-        return DamagedDocumentFile{saved.failure(), setAside(m_file)};
+        return DamagedDocumentFile{saved.failure(), renameDamaged(m_file)};
     }
     return *saved;
+}
+
+QStringList OpenDocumentFile::setAside() const
+{
+    const QFileInfo file(m_file);
+    return file.dir().entryList({file.fileName() + damaged + u'*'}, QDir::Files | QDir::Dirs);
 }

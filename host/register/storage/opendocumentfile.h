@@ -6,6 +6,7 @@
 
 #include <QSharedPointer>
 #include <QString>
+#include <QStringList>
 
 /// A saved open document that could not be read.
 struct DamagedDocumentFile {
@@ -36,6 +37,9 @@ public:
     /// Reads the open document back. Renames a damaged file to `<name>.damaged-<timestamp>`. When that fails, nothing
     /// may be saved in this folder.
     Loaded load() const;
+
+    /// The names of damaged files that load() has renamed, now or earlier, and that nobody has taken away.
+    QStringList setAside() const;
 
 private:
     QString m_file;

@@ -7,26 +7,16 @@
 #include <QJsonDocument>
 #include <QJsonParseError>
 
-namespace
-{
-
-Failure failure(const QString& reason)
-{
-    return {{tr::undefined, reason}, reason};
-}
-
-} // namespace
-
 Expected<QSharedPointer<Document>> readSavedDocument(const QString& file)
 {
     QFile saved(file);
     if (!saved.open(QIODevice::ReadOnly)) {
-        return failure(saved.errorString());
+        return untranslatedFailure(saved.errorString());
     }
     QJsonParseError error;
     const QJsonDocument json = QJsonDocument::fromJson(saved.readAll(), &error);
     if (error.error != QJsonParseError::NoError) {
-        return failure(error.errorString());
+        return untranslatedFailure(error.errorString());
     }
     try {
         return Document::fromJson(json.object());

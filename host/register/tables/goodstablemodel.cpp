@@ -9,6 +9,20 @@
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+
+/// Empty when it is not kept.
+QString stockText(const CatalogueGoods& goods)
+{
+    if (!goods.isInStock()) {
+        return tr::Tr(u"goodsOutOfStock"_s, u"нет"_s).ui();
+    }
+    return goods.stock ? QString::number(*goods.stock) : QString();
+}
+
+} // namespace
+
 GoodsTableModel::GoodsTableModel(const GoodsList& goods, QObject* parent)
     : QAbstractTableModel(parent)
     , m_goods(goods)
@@ -80,7 +94,7 @@ QVariant GoodsTableModel::text(const CatalogueGoods& goods, int column) const
     case Price:
         return goods.price ? amountText(*goods.price) : tr::Tr(u"goodsNoPrice"_s, u"нет цены"_s).ui();
     case Stock:
-        return goods.isInStock() ? QString::number(goods.stock) : tr::Tr(u"goodsOutOfStock"_s, u"нет"_s).ui();
+        return stockText(goods);
     default:
         return {};
     }

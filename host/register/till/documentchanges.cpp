@@ -159,10 +159,10 @@ bool Till::writeBackToSale() const
 int Till::nextClosing()
 {
     if (!m_closings) {
-        const QSharedPointer<Document> last = m_archive.lastClosed();
-        m_closings = last ? last->ending().closing : 0;
+        m_closings = m_archive.closings();
     }
-    return ++*m_closings;
+    m_archive.noteClosing({.count = ++*m_closings, .document = m_document->getNumber()});
+    return *m_closings;
 }
 
 void Till::notifyRestored()

@@ -35,6 +35,18 @@ Obstacle pluginMissing(const Document& document, const Position& position)
             tr::Tr(u"menuPluginIdle"_s, u"не работает модуль «%1»"_s).arg(position.getPlugin())};
 }
 
+Obstacle returnDamaged(const Document& sale, const DocumentArchive::DamagedReturn& damaged)
+{
+    return {tr::Tr(u"takeBackDamaged"_s,
+                   u"Возврат № %1 по чеку № %2 повреждён: неизвестно, что вернули и выданы ли деньги.\n"
+                   "Файл: %3\nПозовите администратора: он исправит файл или, если деньги не выданы, уберёт его из "
+                   "папки данных."_s)
+                .arg(QString::number(damaged.number))
+                .arg(number(sale))
+                .arg(damaged.files.join(u", "_s)),
+            {u"menuTakeBackDamaged"_s, u"возврат повреждён"_s}};
+}
+
 /// True when a refund was approved, or nobody knows whether it was.
 bool hasPaidOut(const Document& document)
 {
@@ -213,6 +225,9 @@ std::optional<Obstacle> Till::obstacleToReturning(const Document& sale) const
                             .arg(number(sale))
                             .arg(number(*latest))};
     }
+    if (const auto damaged = m_archive.damagedReturn(sale, m_document)) {
+        return returnDamaged(sale, *damaged);
+    }
     if (returned(sale) == Document::Returned::Wholly) {
         return Obstacle{tr::Tr(u"takenBackAlready"_s, u"Продажа № %1 уже возвращена документом № %2.\n"
                                                       "Проверьте номер чека."_s)
@@ -229,6 +244,9 @@ std::optional<Obstacle> Till::obstacleToVoiding(const Document& document) const
         document.getState() == Document::State::Closed && returned(document) == Document::Returned::Nothing;
     if (!document.isReturn() && (isSuspended || isSold)) {
         return obstacleOfPlugins(document);
+    }
+    if (const auto damaged = m_archive.damagedReturn(document, m_document)) {
+        return returnDamaged(document, *damaged);
     }
     return Obstacle{tr::Tr(u"annulNotPossible"_s, u"Документ № %1 нельзя аннулировать: аннулируются отложенные чеки и "
                                                   "закрытые продажи, которые не возвращены.\n"

@@ -508,6 +508,14 @@ Check the number of the receipt.</translation>
         <translation>Sale No. %1 has already been returned by document No. %2.
 Check the number of the receipt.</translation>
     </message>
+    <message id="takeBackDamaged">
+        <source>Возврат № %1 по чеку № %2 повреждён: неизвестно, что вернули и выданы ли деньги.
+Файл: %3
+Позовите администратора: он исправит файл или, если деньги не выданы, уберёт его из папки данных.</source>
+        <translation>Return No. %1 of receipt No. %2 is damaged: nobody knows what came back and whether the money was paid out.
+File: %3
+Call the administrator, who corrects the file or, when no money was paid out, takes it out of the data folder.</translation>
+    </message>
     <message id="annulTitle">
         <source>Аннулирование документа</source>
         <translation>Annul a document</translation>
@@ -1029,6 +1037,10 @@ Check that the right row is chosen and try again. If that does not help, call th
     <message id="menuTakeBackOpen">
         <source>возврат не откладывают</source>
         <translation>a return is not put aside</translation>
+    </message>
+    <message id="menuTakeBackDamaged">
+        <source>возврат повреждён</source>
+        <translation>a return is damaged</translation>
     </message>
     <message id="menuNoPlugin">
         <source>нет модуля</source>

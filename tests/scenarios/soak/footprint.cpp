@@ -18,6 +18,8 @@ namespace
 {
 
 constexpr double allowedGrowth = 1.1;
+constexpr double allowedSlowdown = 3;
+constexpr qsizetype fewestInAQuarter = 20;
 
 QByteArray contentOf(const QString& path)
 {
@@ -120,6 +122,26 @@ QStringList growthIn(const QList<Window>& windows)
         grown.append(u"the count of open descriptors is not the same"_s);
     }
     return grown;
+}
+
+QStringList slowdownIn(const QList<Footprint>& samples)
+{
+    QList<double> times;
+    for (const Footprint& sample : samples) {
+        if (sample.isComparable) {
+            times.append(sample.stepTime);
+        }
+    }
+    const qsizetype quarter = times.size() / 4;
+    if (quarter < fewestInAQuarter) {
+        return {};
+    }
+    const double early = median(times.first(quarter));
+    const double late = median(times.last(quarter));
+    if (late <= early * allowedSlowdown) {
+        return {};
+    }
+    return {u"a step took %1 ms at first and %2 ms at the end"_s.arg(early).arg(late)};
 }
 
 } // namespace soak

@@ -34,4 +34,9 @@ QList<Window> windowsOf(const QList<Footprint>& samples, int size);
 /// Memory may grow by a tenth, descriptors not at all.
 QStringList growthIn(const QList<Window>& windows);
 
+/// Whether a step takes longer at the end: the median of the last quarter of the comparable samples is more than three
+/// times that of the first quarter. A time that grows with each sale makes it seven times as long; a machine that is
+/// busy now and then does not make it three. Fewer than 80 comparable samples say nothing.
+QStringList slowdownIn(const QList<Footprint>& samples);
+
 } // namespace soak

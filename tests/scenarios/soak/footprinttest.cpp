@@ -58,6 +58,44 @@ TEST(SoakFootprint, windowWithoutAComparableSample_isNotTakenForFlat)
     EXPECT_EQ(growth(incomparable).size(), 1);
 }
 
+/// Prescription sales whose steps take `first` milliseconds in the first quarter, and `last` in the last one.
+QList<Footprint> sales(int count, double first, double last)
+{
+    QList<Footprint> samples;
+    for (int sale = 0; sale < count; ++sale) {
+        const bool isEarly = sale < count / 4;
+        const bool isLate = sale >= count - count / 4;
+        samples.append(Footprint{.stepTime = isEarly ? first : isLate ? last : 5, .isComparable = true});
+        samples.append(Footprint{.stepTime = 1000}); // one with a fault
+    }
+    return samples;
+}
+
+TEST(SoakFootprint, stepsThreeTimesAsLong_areNoSlowdown)
+{
+    EXPECT_EQ(soak::slowdownIn(sales(80, 5, 15)), QStringList());
+    EXPECT_EQ(soak::slowdownIn(sales(80, 15, 5)), QStringList());
+}
+
+TEST(SoakFootprint, stepsMoreThanThreeTimesAsLong_areASlowdown)
+{
+    EXPECT_EQ(soak::slowdownIn(sales(80, 5, 15.5)), QStringList(u"a step took 5 ms at first and 15.5 ms at the end"_s));
+}
+
+TEST(SoakFootprint, fewSales_areNotTimed)
+{
+    EXPECT_EQ(soak::slowdownIn(sales(79, 5, 500)), QStringList());
+}
+
+TEST(SoakFootprint, timeThatGrowsWithEachSale_isASlowdown)
+{
+    QList<Footprint> samples;
+    for (int sale = 1; sale <= 400; ++sale) {
+        samples.append(Footprint{.stepTime = double(sale), .isComparable = true});
+    }
+    EXPECT_EQ(soak::slowdownIn(samples).size(), 1);
+}
+
 TEST(SoakFootprint, ownProcess_hasMemoryAndDescriptors)
 {
     const Footprint own = soak::footprintOf(QCoreApplication::applicationPid());

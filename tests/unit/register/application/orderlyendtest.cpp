@@ -3,8 +3,11 @@
 #include "commandfixture.h"
 #include "dialog.h"
 #include "inputblocker.h"
+#include "registeraction.h"
+#include "terminaldouble.h"
 
 #include <QGuiApplication>
+#include <QJsonArray>
 #include <QTest>
 
 #include <cstddef>
@@ -114,6 +117,55 @@ TEST_F(OrderlyEndTest, savingShowsAMessage_isCancelledAndTheRegisterEnds)
     onceRunning([this] { end.begin(); });
     EXPECT_EQ(QCoreApplication::exec(), 0);
     EXPECT_EQ(steps, QStringList{u"cancelled"_s});
+}
+
+/// A sale over 12,40 that is being paid by card when the system asks for the end.
+class EndWhileATerminalWaits : public OrderlyEndTest
+{
+protected:
+    void payByCardAndEnd(const CardAnswer& answer)
+    {
+        till->add(article(amoxidar));
+        till->setPhase(Till::Phase::Payment);
+        terminal->onMove = [this, answer](const auto&, const auto& move) {
+            requestWhileAskedToEnd();
+            move();
+            return answer;
+        };
+        control::Action pay(registeraction::pay);
+        pay.insert(u"method"_s, u"card"_s);
+        controller.object.enqueue(pay, false);
+        EXPECT_EQ(QCoreApplication::exec(), 0);
+        EXPECT_EQ(steps, (QStringList{u"answered"_s, u"saved"_s}));
+    }
+
+    ConnectedTerminal terminal;
+};
+
+TEST_F(EndWhileATerminalWaits, approved_saleIsClosedBeforeTheEnd)
+{
+    payByCardAndEnd(TerminalDouble::approved());
+    const auto sale = till->archive().find(1);
+    ASSERT_TRUE(sale);
+    EXPECT_EQ(sale->ending().payments, QList<Payment>{Payment::card(Kopecks{1240})});
+    EXPECT_EQ(terminal->taken(), 1240);
+}
+
+TEST_F(EndWhileATerminalWaits, answerLost_questionIsCancelledAndTheNextStartFindsTheMoney)
+{
+    terminal->onFind = [](const auto&) { return CardAnswer::unknown(); };
+    payByCardAndEnd(CardAnswer::unknown());
+    EXPECT_EQ(savedDocument()["cardOperations"_L1][0]["state"_L1].toString(), u"asked"_s);
+
+    terminal->onFind = {};
+    DocumentWatcher::setCurrentDocument(nullptr);
+    Till next(folder.path());
+    next.restore(OpenDocumentFile(folder.path()).load());
+    cashier.onForm(u"messageForm"_s, [](QWidget& root) { press(root, "okButton"); });
+    PaymentCommands(next).settleRestored();
+    ASSERT_TRUE(next.document());
+    EXPECT_EQ(next.due(), Kopecks{0});
+    EXPECT_EQ(terminal->count("pay"), 1);
 }
 
 class SessionEnd : public OrderlyEndTest

@@ -4,6 +4,7 @@
 
 #include "commandfixture.h"
 #include "dialogdouble.h"
+#include "goodstablemodel.h"
 #include "registeraction.h"
 
 #include <QAbstractItemView>
@@ -238,6 +239,43 @@ TEST_F(SellingGoods, quantityBeyondTheStock_asksOnce)
     EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::GoOn);
     EXPECT_EQ(packs(1), 999.0);
     EXPECT_TRUE(cashier.isDone());
+}
+
+TEST_F(SellingGoods, stockNotKept_isNotAskedAbout)
+{
+    for (const char* none : {"NULL", "''", "'много'"}) {
+        put({u"t1"_s, own, u"Бинт"_s, u"5"_s});
+        change({u"UPDATE goods SET stock = %1 WHERE code = 't1'"_s.arg(QLatin1StringView(none))});
+        ASSERT_EQ(scan(own), EContext::GoOn) << none;
+        typePacks(u"9"_s);
+        EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::GoOn) << none;
+        EXPECT_TRUE(cashier.isDone()) << none;
+        EXPECT_EQ(packs(1), 9.0) << none;
+        till->cancel();
+        change({u"DELETE FROM goods WHERE code = 't1'"_s});
+    }
+}
+
+TEST_F(SellingGoods, stockNotKept_isEmptyInTheListAndTheGoodsCanBeChosen)
+{
+    put({u"t1"_s, own, u"Яяя бинт"_s, u"5"_s});
+    change({u"UPDATE goods SET stock = NULL WHERE code = 't1'"_s});
+    QString shown = u"nothing"_s;
+    cashier.onForm(u"goodsSelectionForm"_s, [&](QWidget& root) {
+        root.findChild<QLineEdit*>(u"filterLineEdit"_s)->setText(own);
+        const auto* model = root.findChild<QAbstractItemView*>(u"goodsTable"_s)->model();
+        shown = model->index(0, GoodsTableModel::Stock).data().toString();
+        EXPECT_FALSE(model->index(0, GoodsTableModel::Name).data(Qt::ForegroundRole).isValid()) << "not grey";
+        root.findChild<QLineEdit*>(u"quantityLineEdit"_s)->setText(u"9"_s);
+        press(root, "okButton");
+        if (Cashier::isOnTop(u"goodsSelectionForm"_s)) {
+            gui.object.cancelForms();
+        }
+    });
+    EXPECT_EQ(run(registeraction::addGoods), EContext::GoOn);
+    EXPECT_EQ(shown, QString());
+    ASSERT_EQ(positions(), 1);
+    EXPECT_EQ(packs(1), 9.0);
 }
 
 TEST_F(SellingGoods, quantityOfOnePosition_countsTheOthersOfTheSameGoods)

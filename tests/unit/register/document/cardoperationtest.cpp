@@ -89,10 +89,12 @@ TEST(CardOperations, wholeNumberOfACard_keepsItsLastFourDigits)
         {"411111******1111", "411111******1111"},
         {"", ""},
         {"MIR 1234", "MIR 1234"},
+        {" MIR\n1234\t", "MIR 1234"},
     };
     for (const auto& [card, kept] : cards) {
         EXPECT_EQ(cardoperations::masked(QLatin1StringView(card)), QLatin1StringView(kept)) << card;
     }
+    EXPECT_EQ(cardoperations::masked(QString(500, u'x')).size(), 100);
 }
 
 TEST(CardOperations, documentWithOperationsAndReturns_comesBackAsItWasSaved)

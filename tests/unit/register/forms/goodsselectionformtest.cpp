@@ -189,6 +189,7 @@ TEST_F(GoodsSelection, goodsOutOfStock_areGreyAndCannotBeChosen)
     CatalogueGoods gone;
     gone.name = u"Амоксидар, капсулы"_s;
     gone.price = Kopecks{1240};
+    gone.stock = 0;
     CatalogueGoods there = gone;
     there.stock = 3;
     const GoodsTableModel model({gone, there});

@@ -6,6 +6,8 @@
 #include "tillfixture.h"
 
 #include <QSignalSpy>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTest>
 #include <QTimer>
 
@@ -62,6 +64,48 @@ protected:
     }
 
     static inline std::unique_ptr<PostgresServer> server;
+};
+
+/// Whoever reads all goods waits at one of them until letGo(), as at a server that is slow. The other goods can be
+/// read.
+class SlowGoodsServer : public GoodsServer
+{
+protected:
+    SlowGoodsServer()
+    {
+        config.set(u"Database:timeout"_s, u"10"_s);
+        for (const QString& statement :
+             {u"CREATE OR REPLACE FUNCTION held() RETURNS INTEGER STABLE LANGUAGE plpgsql AS "
+              "'BEGIN PERFORM pg_advisory_lock_shared(42); PERFORM pg_advisory_unlock_shared(42); RETURN 1; END'"_s,
+              u"ALTER TABLE goods RENAME TO stored"_s,
+              u"CREATE VIEW goods AS SELECT code, barcode, inn, name, price, catalogueprice, minretailprice, "
+              "CASE code WHEN '3' THEN held() ELSE stock END AS stock FROM stored"_s}) {
+            const Expected<void> done = server->execute(statement);
+            EXPECT_TRUE(done) << statement.toStdString();
+        }
+        QSqlDatabase connection = QSqlDatabase::addDatabase(u"QPSQL"_s, holder);
+        connection.setHostName(server->host());
+        connection.setUserName(server->user());
+        connection.setDatabaseName(server->database());
+        EXPECT_TRUE(connection.open());
+        EXPECT_TRUE(QSqlQuery(connection).exec(u"SELECT pg_advisory_lock(42)"_s));
+    }
+    ~SlowGoodsServer() override
+    {
+        letGo();
+        QSqlDatabase::removeDatabase(holder);
+        EXPECT_TRUE(server->execute(u"DROP VIEW goods"_s));
+        EXPECT_TRUE(server->execute(u"ALTER TABLE stored RENAME TO goods"_s));
+    }
+    static void letGo() { QSqlDatabase::database(holder, false).close(); }
+    /// Somebody reads all goods and waits.
+    static bool isHeld()
+    {
+        QSqlQuery query(QSqlDatabase::database(holder, false));
+        return query.exec(u"SELECT 1 FROM pg_locks WHERE locktype = 'advisory' AND NOT granted"_s) && query.next();
+    }
+
+    static inline const QString holder = u"whoever holds the goods"_s;
 };
 
 const QString begin = u"Справочник товаров недоступен: "_s;
@@ -142,4 +186,39 @@ TEST_F(GoodsServer, goodsChange_theKeptListIsReadAgainInTheBackground)
     EXPECT_EQ(catalogue.byBarcode(barcode)->stock, 70) << "a scan reads its goods at once";
     EXPECT_TRUE(QTest::qWaitFor([this] { return catalogue.goodsOf({}).at(0).stock == 70; }, longestWaitMs));
     ASSERT_TRUE(server->execute(u"UPDATE goods SET stock = 7 WHERE code = '2'"_s));
+}
+
+TEST_F(SlowGoodsServer, lookUpWhileAllGoodsAreRead_isAnsweredFirst)
+{
+    const QSignalSpy failed(&catalogue, &GoodsCatalogue::failed);
+    catalogue.keepFresh();
+    ASSERT_TRUE(QTest::qWaitFor([] { return isHeld(); }, longestWaitMs));
+    ASSERT_TRUE(catalogue.byBarcode(barcode));
+    EXPECT_EQ(catalogue.byBarcode(barcode)->name, u"Ёлка, сбор 50 г"_s);
+    EXPECT_EQ(catalogue.goodsOf(u"ЕЛКА"_s).size(), 2);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(isHeld()) << "all goods are still being read";
+    EXPECT_TRUE(failed.isEmpty()) << "the reading was not given up first";
+    letGo();
+    EXPECT_EQ(catalogue.goodsOf({}).size(), 3);
+}
+
+TEST_F(SlowGoodsServer, listOpenedWhileItIsRead_waitsForThatReadingAlone)
+{
+    catalogue.keepFresh();
+    ASSERT_TRUE(QTest::qWaitFor([] { return isHeld(); }, longestWaitMs));
+    QTimer::singleShot(0, &SlowGoodsServer::letGo);
+    EXPECT_EQ(catalogue.goodsOf({}).size(), 3);
+}
+
+TEST_F(GoodsServer, nameLookedUpAfterAllGoodsWereRead_itsSpellingsAreThoseOfTheList)
+{
+    config.set(u"Database:refresh"_s, u"1000"_s);
+    EXPECT_EQ(catalogue.goodsOf(u"ЕЛКА"_s).size(), 2);
+    catalogue.keepFresh();
+    EXPECT_EQ(catalogue.goodsOf({}).size(), 3);
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(server->execute(u"INSERT INTO goods VALUES ('4', '4600000000048', 'елКА', 'Ель', 3, 3, 0, 1)"_s));
+    EXPECT_EQ(catalogue.goodsOf(u"ЕЛКА"_s).size(), 2) << "the names are not read again for each prescription";
+    ASSERT_TRUE(server->execute(u"DELETE FROM goods WHERE code = '4'"_s));
 }

@@ -14,6 +14,7 @@
 
 #include <ostream>
 #include <tuple>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -134,15 +135,23 @@ protected:
     DialogDouble dialog;
     PluginHost host;
 
-private:
+    /// A cashier who knows nothing answers no.
     void pressTopButton()
     {
         const auto form = gui.object.topForm();
-        if (form && form->rootWidget() && form->rootWidget()->objectName() == u"mischievousForm"_s) {
-            QTest::mouseClick(form->rootWidget()->findChild<QPushButton*>(u"okButton"_s), Qt::LeftButton);
+        if (!form || !form->rootWidget()) {
+            return;
+        }
+        for (const auto& [name, button] :
+             {std::pair(u"mischievousForm"_s, u"okButton"_s), std::pair(u"questionForm"_s, u"noButton"_s)}) {
+            if (form->rootWidget()->objectName() == name) {
+                QTest::mouseClick(form->rootWidget()->findChild<QPushButton*>(button), Qt::LeftButton);
+                return;
+            }
         }
     }
 
+private:
     QTimer m_presser;
 };
 
@@ -180,6 +189,85 @@ INSTANTIATE_TEST_SUITE_P(, EveryMischief,
                                                               "formConstructor", "formShow", "formButton"),
                                             deeds),
                          nameOf);
+
+/// A terminal that does something wrong after the money has moved, or when it is asked what has become of it.
+class MischievousCardTerminal : public MischiefTest, public ::testing::WithParamInterface<Mischief>
+{
+protected:
+    MischievousCardTerminal()
+    {
+        qApp->setProperty("mischiefTaken", QVariant());
+        QObject::connect(&m_presser, &QTimer::timeout, [this] { pressTopButton(); });
+        m_presser.start(1);
+        load();
+    }
+
+    static qint64 taken() { return qApp->property("mischiefTaken").toLongLong(); }
+    static bool isAboutRefunds() { return std::get<0>(GetParam()) == "terminalRefund"_L1; }
+    EContext::Result payByCard()
+    {
+        EXPECT_EQ(execute(control::SubtotalAndPayment), EContext::GoOn);
+        control::Action action(registeraction::pay);
+        action.insert(u"method"_s, u"card"_s);
+        return controller.object.execute(action);
+    }
+    void provokeTheTerminal()
+    {
+        till->add(article(amoxidar));
+        number = till->document()->getNumber();
+        if (isAboutRefunds()) {
+            EXPECT_EQ(payByCard(), EContext::GoOn);
+            EXPECT_TRUE(till->returnSale(till->archive().find(number)));
+            number = till->document()->getNumber();
+        }
+        arrange(QLatin1StringView(std::get<0>(GetParam())), QLatin1StringView(std::get<1>(GetParam())));
+        payByCard();
+        EXPECT_EQ(done(), QLatin1StringView(std::get<0>(GetParam())));
+        qApp->setProperty("mischief", u"nowhere"_s);
+    }
+    /// Its file.
+    QString savedText() const
+    {
+        QFile file(folder.filePath(u"finished/%1.json"_s.arg(number, 8, 10, QChar(u'0'))));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
+    int number = 0; ///< of the document that the terminal spoils
+
+private:
+    QTimer m_presser;
+};
+
+TEST_P(MischievousCardTerminal, moneyIsMovedOnceAndIsOnTheDocumentAndAllElseWorks)
+{
+    const LogCapture log;
+    provokeTheTerminal();
+    if (till->document()) {
+        EXPECT_EQ(till->document()->getNumber(), number);
+        EXPECT_EQ(payByCard(), EContext::GoOn) << "the terminal works again";
+    }
+    const auto document = till->archive().find(number);
+    ASSERT_TRUE(document);
+    EXPECT_EQ(document->getState(), Document::State::Closed);
+    EXPECT_FALSE(document->unsettledCardOperation());
+    EXPECT_EQ(document->ending().payments, QList<Payment>{Payment::card(Kopecks{1240})});
+    EXPECT_EQ(taken(), isAboutRefunds() ? 0 : 1240);
+    const QString records = savedText() + log.text();
+    EXPECT_FALSE(records.contains(u"Иванов"_s)) << "what() may name a customer";
+    EXPECT_FALSE(records.contains(u"4111111111111111"_s)) << "the whole number of a card";
+    EXPECT_LT(records.size(), 50'000) << "a terminal's text is no longer than a receipt can show";
+    expectAllElseWorks();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , MischievousCardTerminal,
+    ::testing::Combine(::testing::Values("terminalPay", "terminalRefund", "terminalFind"),
+                       ::testing::Values("throwStandard", "throwNumber", "throwForCashier", "block", "processEvents",
+                                         "subtotal", "cancel", "suspend", "pay", "executeItself", "enqueueItself",
+                                         "notify", "beginLongWorkAndThrow", "endLongWork", "askForm", "deletePlugin",
+                                         "forgetTerminals", "answerUnknownOutcome", "answerNegativeOutcome",
+                                         "answerWithoutTexts", "answerWholeCardNumber", "answerHugeTexts")),
+    nameOf);
 
 class MischiefAtTheEnd : public MischiefTest, public ::testing::WithParamInterface<const char*>
 {

@@ -6,10 +6,13 @@
 #include "askform.h"
 #include "basicdialogform.h"
 #include "basicexception.h"
+#include "cardterminals.h"
 #include "formanswer.h"
 #include "graphicaluserinterface.h"
 
 #include <QCoreApplication>
+#include <QHash>
+#include <QPointer>
 #include <QPushButton>
 #include <QSemaphore>
 #include <QStringList>
@@ -45,6 +48,9 @@ void notify(EActivityListener::Event code)
     Singleton<ActivityNotifier>::get()->notify(Event(code));
 }
 
+/// The root object while there is one.
+QPointer<MischievousPlugin> root; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): a deed has no arguments
+
 struct Deed {
     const char* name;
     void (*perform)();
@@ -71,6 +77,9 @@ constexpr Deed deeds[] = {
          throw 42;
      }},
     {"endLongWork", [] { notify(EActivityListener::LongWorkEnds); }},
+    {"askForm", [] { askForm(Event(MischievousPlugin::formEvent)); }},
+    {"deletePlugin", [] { delete root; }},
+    {"forgetTerminals", [] { Singleton<CardTerminals>::instance = nullptr; }},
 };
 
 void misbehave(const char* place)
@@ -85,6 +94,72 @@ void misbehave(const char* place)
         }
     }
 }
+
+/// What a terminal answers wrongly.
+struct OddAnswer {
+    const char* name;
+    void (*spoil)(CardAnswer&);
+};
+
+constexpr OddAnswer oddAnswers[] = {
+    {"answerUnknownOutcome", [](CardAnswer& answer) { answer.outcome = CardAnswer::Outcome(77); }},
+    {"answerNegativeOutcome", [](CardAnswer& answer) { answer.outcome = CardAnswer::Outcome(-1); }},
+    {"answerWithoutTexts",
+     [](CardAnswer& answer) {
+         answer = {answer.outcome, {}, {}, {}};
+     }},
+    {"answerWholeCardNumber",
+     [](CardAnswer& answer) {
+         const QString number = u"4111111111111111"_s;
+         answer = {answer.outcome, answer.authorizationCode, number, {tr::undefined, number}};
+     }},
+    {"answerHugeTexts",
+     [](CardAnswer& answer) {
+         const QString huge = QString(100'000, u'\n') + QString(100'000, u'x');
+         answer = {answer.outcome, huge, huge, {tr::undefined, huge}};
+     }},
+};
+
+CardAnswer spoilt(const char* place, CardAnswer answer)
+{
+    for (const OddAnswer& odd : oddAnswers) {
+        if (isWanted(place) && wanted().last() == QLatin1StringView(odd.name)) {
+            odd.spoil(answer);
+        }
+    }
+    return answer;
+}
+
+/// A terminal with a bank that moves money once for each reference, remembers, and misbehaves afterwards. What
+/// customers have paid in all, in kopecks, is in the property "mischiefTaken".
+class MischievousTerminal : public CardTerminal
+{
+public:
+    CardAnswer pay(const CardRequest& request) override { return move("terminalPay", request, request.amount.count()); }
+    CardAnswer refund(const CardRequest& request) override
+    {
+        return move("terminalRefund", request, -request.amount.count());
+    }
+    CardAnswer find(const QString& reference) override
+    {
+        const bool hasMoved = m_moved.contains(reference);
+        misbehave("terminalFind");
+        return spoilt("terminalFind", hasMoved ? approved() : CardAnswer::declined());
+    }
+
+private:
+    static CardAnswer approved() { return CardAnswer::approved(u"A17"_s, u"**** 1234"_s); }
+
+    CardAnswer move(const char* place, const CardRequest& request, qint64 kopecks)
+    {
+        m_moved.insert(request.reference, kopecks);
+        qApp->setProperty("mischiefTaken", qApp->property("mischiefTaken").toLongLong() + kopecks);
+        misbehave(place);
+        return isWanted("terminalFind") ? CardAnswer::unknown() : spoilt(place, approved());
+    }
+
+    QHash<QString, qint64> m_moved;
+};
 
 /// A form that misbehaves when its button is clicked.
 class MischievousForm : public BasicDialogForm
@@ -163,6 +238,7 @@ void askForEver(bool swallowsExceptions)
 
 MischievousPlugin::MischievousPlugin()
 {
+    root = this;
     Singleton<ActivityNotifier>::get()->subscribe(this);
     misbehave("constructor");
 }
@@ -175,6 +251,7 @@ MischievousPlugin::~MischievousPlugin()
 bool MischievousPlugin::init()
 {
     Singleton<GraphicalUserInterface>::get()->addFormCreator(QSharedPointer<Creator>::create());
+    Singleton<CardTerminals>::get()->add(QSharedPointer<MischievousTerminal>::create());
     addHandler({EContext::OpenDocument, ownCommand, [this](const control::Action&) { return serve(); }, true});
     for (const auto action : {control::Subtotal, control::SubtotalAndPayment, control::CancelDocument}) {
         for (const auto order : {ActionTrigger::Before, ActionTrigger::After}) {

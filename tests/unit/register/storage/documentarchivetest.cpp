@@ -355,6 +355,35 @@ TEST_F(DocumentArchiveTest, lastClosed_isDecidedByTheCountOfClosingsThenByTheNum
     EXPECT_EQ(archive.lastClosed()->ending().closing, 8);
 }
 
+TEST_F(DocumentArchiveTest, lastClosedBeforeManyOthersWithoutANote_isFoundAmongAll)
+{
+    const auto closed = document(1, State::Closed);
+    Document::Ending ending = closed->ending();
+    ending.closing = 7;
+    closed->setEnding(ending);
+    EXPECT_TRUE(archive.saveOrShow(closed));
+    for (int number = 2; number <= 102; ++number) {
+        write(u"finished/%1.json"_s.arg(number, 8, 10, QChar(u'0')),
+              QJsonDocument(document(number, State::Cancelled)->toJson()).toJson());
+    }
+    ASSERT_TRUE(archive.lastClosed());
+    EXPECT_EQ(archive.lastClosed()->ending().closing, 7);
+}
+
+TEST_F(DocumentArchiveTest, closingNoted_isCountedEvenWhenItsDocumentWasNotSaved)
+{
+    EXPECT_EQ(archive.closings(), 0);
+    archive.noteClosing({.count = 7, .document = 3});
+    EXPECT_EQ(archive.closings(), 7);
+    EXPECT_FALSE(archive.lastClosed());
+
+    write(u"lastclosing"_s, "{");
+    const LogCapture log;
+    EXPECT_EQ(archive.closings(), 0);
+    EXPECT_TRUE(log.text().contains(u"The last closing is looked for among all documents: "_s))
+        << log.text().toStdString();
+}
+
 TEST_F(DocumentArchiveTest, closingInterrupted_openCopyIsRemoved)
 {
     const auto open = saved(3);

@@ -85,6 +85,8 @@ TEST_F(OpenDocumentFileTest, twoDamagedFilesInOneSecond_bothAreKept)
     EXPECT_NE(first.failure().setAside, second.failure().setAside);
     EXPECT_EQ(read(first.failure().setAside), "first");
     EXPECT_EQ(read(second.failure().setAside), "second");
+    EXPECT_EQ(OpenDocumentFile(folder.path()).setAside(),
+              (QStringList{u"receipt.json.damaged-20240229-120000"_s, u"receipt.json.damaged-20240229-120000-2"_s}));
 }
 
 TEST_F(OpenDocumentFileTest, damagedFileThatCannotBeRenamed_isInTheWayAndUnchanged)
@@ -119,6 +121,7 @@ TEST_F(OpenDocumentFileTest, folderInPlaceOfTheFile_isDamage)
     const auto loaded = OpenDocumentFile(folder.path()).load();
     ASSERT_FALSE(loaded);
     EXPECT_FALSE(loaded.failure().failure.detail.isEmpty());
+    EXPECT_EQ(OpenDocumentFile(folder.path()).setAside().size(), 1);
 }
 
 TEST_F(OpenDocumentFileTest, numbers_countOnAcrossRestarts)

@@ -274,6 +274,46 @@ TEST_F(DocumentChanges, clockSetBackBeforeEachSale_theLatestIsLastClosedAcrossAR
     EXPECT_EQ(last->ending().closing, 4);
 }
 
+TEST_F(DocumentChanges, oldDocumentClosedLast_isLastClosedAndTheCountGoesOnAcrossARestart)
+{
+    till->add(article(amoxidar));
+    ASSERT_TRUE(till->suspend());
+    for (int number = 2; number <= 102; ++number) {
+        auto cancelled = QSharedPointer<Document>::create(number, QDateTime({2024, 2, 29}, {12, 0}));
+        cancelled->setEnding({.state = Document::State::Cancelled, .finished = cancelled->getOpened()});
+        ASSERT_TRUE(till->archive().saveOrShow(cancelled));
+    }
+    ASSERT_TRUE(till->resume(archived(1)));
+    ASSERT_TRUE(till->close({Payment::cash(Kopecks{5000})}));
+    EXPECT_EQ(archived(1)->ending().closing, 1);
+
+    Till again(folder.path());
+    again.restore(saved());
+    ASSERT_TRUE(again.archive().lastClosed());
+    EXPECT_EQ(again.archive().lastClosed()->getNumber(), 1);
+    again.add(article(amoxidar));
+    EXPECT_TRUE(again.close({Payment::cash(Kopecks{1240})}));
+    EXPECT_EQ(again.archive().lastClosed()->getNumber(), 103);
+    EXPECT_EQ(again.archive().lastClosed()->ending().closing, 2);
+}
+
+TEST_F(DocumentChanges, closingCouldNotBeSaved_itsCountIsLeftOutAcrossARestart)
+{
+    sold();
+    till->add(article(amoxidar));
+    {
+        SavingDouble saving;
+        saving.failAll();
+        EXPECT_FALSE(till->close({Payment::cash(Kopecks{5000})}));
+    }
+    EXPECT_EQ(till->archive().lastClosed()->getNumber(), 1);
+    Till again(folder.path());
+    again.restore(saved());
+    EXPECT_TRUE(again.close({Payment::cash(Kopecks{5000})}));
+    EXPECT_EQ(again.archive().lastClosed()->getNumber(), 2);
+    EXPECT_EQ(again.archive().lastClosed()->ending().closing, 3);
+}
+
 TEST_F(DocumentChanges, tooLittleMoney_doesNotClose)
 {
     EXPECT_FALSE(till->close({Payment::cash(Kopecks{5000})})) << "nothing is open";
@@ -589,6 +629,84 @@ TEST_F(DamageShown, copyOfAnInterruptedChange_isGoneBeforeItCouldBeResumed)
     ASSERT_TRUE(QDir(folder.path()).mkpath(u"putaside"_s));
     ASSERT_TRUE(QFile::copy(folder.filePath(u"finished/00000001.json"_s), copy));
     restore([&copy] { EXPECT_FALSE(QFile::exists(copy)); });
+}
+
+/// The open return of a sale was damaged when the register ended: nobody knows what came back.
+class DamagedReturn : public DocumentChanges
+{
+protected:
+    DamagedReturn()
+    {
+        sold();
+        sold();
+        returning(1);
+        writeOpen("{");
+        startAgain();
+    }
+    void writeOpen(const QByteArray& content) const
+    {
+        QFile file(folder.filePath(u"receipt.json"_s));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    void startAgain()
+    {
+        const DialogDouble dialog;
+        DocumentWatcher::setCurrentDocument(nullptr);
+        till = std::make_unique<Till>(folder.path());
+        till->restore(saved());
+    }
+    /// The file that was set aside; empty: there is none.
+    QString setAside() const { return QDir(folder.path()).entryList({u"receipt.json.damaged-*"_s}).value(0); }
+    static QString text(const std::optional<Obstacle>& obstacle) { return obstacle ? obstacle->text.ui() : QString(); }
+};
+
+TEST_F(DamagedReturn, itsSale_isNeitherReturnedNorVoidedAndTheFileIsNamed)
+{
+    ASSERT_FALSE(till->document());
+    const auto sale = archived(1);
+    const QString expected = u"Возврат № 3 по чеку № 1 повреждён: неизвестно, что вернули и выданы ли деньги.\n"
+                             "Файл: %1\nПозовите администратора: он исправит файл или, если деньги не выданы, уберёт "
+                             "его из папки данных."_s.arg(setAside());
+    EXPECT_EQ(text(till->obstacleToReturning(*sale)), expected);
+    EXPECT_EQ(text(till->obstacleToVoiding(*sale)), expected);
+    EXPECT_FALSE(till->returnSale(sale));
+    EXPECT_FALSE(till->voidDocument(sale));
+    EXPECT_TRUE(till->returnablePositions(*sale).isEmpty());
+    EXPECT_EQ(archived(1)->getReturnedBy(), 3);
+}
+
+TEST_F(DamagedReturn, otherSale_isReturned)
+{
+    EXPECT_TRUE(till->returnSale(archived(2)));
+}
+
+TEST_F(DamagedReturn, fileCorrected_returnGoesOn)
+{
+    const QString file = setAside();
+    ASSERT_TRUE(QFile::remove(folder.filePath(file)));
+    writeOpen(QJsonDocument(Document::returnOf(*archived(1), 3, archived(1)->getOpened())->toJson()).toJson());
+    startAgain();
+    ASSERT_TRUE(till->document());
+    EXPECT_TRUE(till->close({Payment::cash(till->document()->getSum())}));
+    EXPECT_EQ(till->returned(*archived(1)), Document::Returned::Wholly);
+}
+
+TEST_F(DamagedReturn, fileTakenAway_saleIsReturned)
+{
+    ASSERT_TRUE(QFile::remove(folder.filePath(setAside())));
+    EXPECT_EQ(text(till->obstacleToReturning(*archived(1))), QString());
+    EXPECT_TRUE(till->returnSale(archived(1)));
+}
+
+TEST_F(DamagedReturn, damagedAfterItWasClosed_itsFileIsNamed)
+{
+    ASSERT_TRUE(till->returnSale(archived(2)));
+    ASSERT_TRUE(till->close({Payment::cash(till->document()->getSum())}));
+    ASSERT_TRUE(QFile::resize(folder.filePath(u"finished/00000004.json"_s), 5));
+    const QString reason = text(till->obstacleToReturning(*archived(2)));
+    EXPECT_TRUE(reason.startsWith(u"Возврат № 4 по чеку № 2 повреждён"_s)) << reason.toStdString();
+    EXPECT_TRUE(reason.contains(u"Файл: finished/00000004.json\n"_s)) << reason.toStdString();
 }
 
 /// The register ended between saving a document in its new place and removing the file in the old one.

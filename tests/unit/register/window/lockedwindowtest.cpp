@@ -3,6 +3,8 @@
 #include "dialog.h"
 #include "inputblocker.h"
 #include "lockstate.h"
+#include "registeraction.h"
+#include "terminaldouble.h"
 #include "windowfixture.h"
 
 #include <QLabel>
@@ -307,4 +309,71 @@ TEST_F(LockedWindow, lockedDuringARequest_isLockedAtOnceAndInputIsThrownAwayUnti
     }
     press(Qt::Key_Space);
     EXPECT_FALSE(isSeen("lockScreen"));
+}
+
+/// A sale over 12,40 at its payment, with a terminal.
+class LockedWhileATerminalWaits : public LockedWindow
+{
+protected:
+    LockedWhileATerminalWaits()
+    {
+        openWindow(u"2468"_s);
+        till->add(article(amoxidar));
+        till->setPhase(Till::Phase::Payment);
+    }
+    /// The lock comes while the terminal waits for the customer.
+    void lockMeanwhile(const CardAnswer& answer)
+    {
+        terminal->onMove = [this, answer](const auto&, const auto& move) {
+            window->lock();
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(isSeen("lockScreen"));
+            move();
+            return answer;
+        };
+    }
+    EContext::Result payByCard()
+    {
+        control::Action action(registeraction::pay);
+        action.insert(u"method"_s, u"card"_s);
+        return controller.object.execute(action);
+    }
+    void expectPaidOnce() const
+    {
+        const auto sale = till->archive().find(1);
+        ASSERT_TRUE(sale);
+        EXPECT_EQ(sale->ending().payments, QList<Payment>{Payment::card(Kopecks{1240})});
+        EXPECT_EQ(terminal->taken(), 1240);
+        EXPECT_FALSE(till->document());
+    }
+
+    ConnectedTerminal terminal;
+};
+
+TEST_F(LockedWhileATerminalWaits, approved_saleIsClosedBelowTheLock)
+{
+    lockMeanwhile(TerminalDouble::approved());
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    expectPaidOnce();
+    EXPECT_TRUE(isSeen("lockScreen"));
+    EXPECT_FALSE(isSeen("busyScreen"));
+    typeCode(u"2468"_s);
+    EXPECT_TRUE(isSeen("salesScreen"));
+}
+
+TEST_F(LockedWhileATerminalWaits, answerLost_questionWaitsBelowTheLock)
+{
+    lockMeanwhile(CardAnswer::unknown());
+    terminal->onFind = [](const auto&) { return CardAnswer::unknown(); };
+    cashier.onForm(u"questionForm"_s, [this](QWidget& root) {
+        EXPECT_FALSE(root.isVisible()) << "below the lock";
+        EXPECT_TRUE(isSeen("lockScreen"));
+        typeCode(u"2468"_s);
+    });
+    cashier.when([this] { return isSeen("yesButton"); },
+                 [this] { QTest::mouseClick(widget<QPushButton>("yesButton"), Qt::LeftButton); });
+    onMessage([this] { QTest::mouseClick(widget<QPushButton>("okButton"), Qt::LeftButton); });
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    EXPECT_TRUE(cashier.isDone());
+    expectPaidOnce();
 }
