@@ -15,6 +15,12 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
+/// With a decimal comma, as the register shows numbers.
+QString dosesText(double doses)
+{
+    return QString::number(doses, 'f', 2).replace(u'.', u',');
+}
+
 tr::Tr title()
 {
     return {u"electronicPrescriptionConfirmDispenseFormTitle"_s, u"Подтверждение отпуска по рецепту"_s};
@@ -61,8 +67,8 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
     showText(
         u"prescribedDosesLabel"_s,
         tr::Tr(u"electronicPrescriptionConfirmDispenseFormPrescribedDoses"_s, u"Выписано доз: %1\nОтпущено ранее: %2"_s)
-            .arg(QString::number(prescription->getDoseQuantity(), 'f', 2))
-            .arg(QString::number(prescription->getDispensedDoseQuantity(), 'f', 2))
+            .arg(dosesText(prescription->getDoseQuantity()))
+            .arg(dosesText(prescription->getDispensedDoseQuantity()))
             .ui(),
         false);
 }

@@ -318,6 +318,10 @@ Enter it again</translation>
         <source>Электронный рецепт</source>
         <translation>Electronic prescription</translation>
     </message>
+    <message id="electronicPrescriptionMarkOrigin">
+        <source>по рецепту</source>
+        <translation>on a prescription</translation>
+    </message>
     <message id="electronicPrescriptionStateNotRegistered">
         <source>не зарегистрирован</source>
         <translation>not registered</translation>
@@ -326,6 +330,10 @@ Enter it again</translation>
         <source>зарегистрирован</source>
         <translation>registered</translation>
     </message>
+    <message id="electronicPrescriptionDispenseUndoing">
+        <source>Отпуск будет отменён.</source>
+        <translation>The dispense will be cancelled.</translation>
+    </message>
     <message id="electronicPrescriptionStateDispenseCancelled">
         <source>отпуск отменён</source>
         <translation>dispense cancelled</translation>
@@ -333,6 +341,10 @@ Enter it again</translation>
     <message id="electronicPrescriptionReceiptDiscount">
         <source>Скидка по рецепту</source>
         <translation>Prescription discount</translation>
+    </message>
+    <message id="electronicPrescriptionReceiptDoses">
+        <source>Отпущено доз</source>
+        <translation>Doses dispensed</translation>
     </message>
     <message id="electronicPrescriptionReceiptOrganization">
         <source>Организация</source>

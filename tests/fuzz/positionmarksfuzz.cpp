@@ -4,6 +4,7 @@
 #include "fuzztarget.h"
 
 #include "documentdouble.h"
+#include "position.h"
 #include "positionmarks.h"
 
 #include <QFile>
@@ -34,7 +35,7 @@ QString fileWith(const QByteArray& bytes)
 /// Marks a position that has the entry's tag, and the whole file as its options.
 void lookAtMarked(const PositionMarks& marks, const QJsonObject& entry, const QByteArray& options)
 {
-    GoodsItem position;
+    Position position{{}, {}};
     position.setTag(entry.value(u"tag"_s).toString());
     position.setExtendedOptions(QString::fromUtf8(options));
     const PositionMarks::Look look = marks.look(position);
@@ -52,7 +53,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     PositionMarks marks;
     marks.load(fileWith(bytes));
 
-    GoodsItem plain;
+    Position plain{{}, {}};
     plain.setExtendedOptions(QString::fromUtf8(bytes));
     promise(isEmpty(marks.look(plain)), "a position without a tag has no look of its own");
 

@@ -56,11 +56,13 @@ TEST_F(Selling, twoPrescriptionsByKeyboardAlone_areRegisteredPaidAndPrinted)
     EXPECT_EQ(registry.statusOf("rx-2002"), "active");
 
     EXPECT_THAT(printed(1), HasSubstr("ЧЕК № 1"));
-    EXPECT_THAT(printed(1), HasSubstr("ИТОГО 1,95"));
+    EXPECT_THAT(printed(1), HasSubstr("Льгота всего −13,41 ИТОГО, BYN 1,95"));
     EXPECT_THAT(printed(1), HasSubstr("Получено наличными 5,00"));
     EXPECT_THAT(printed(1), HasSubstr("Сдача 3,05"));
     EXPECT_THAT(printed(1), HasSubstr("Сумма без льготы 14,90"));
     EXPECT_THAT(printed(1), HasSubstr("Льгота −13,41"));
+    EXPECT_THAT(printed(1), HasSubstr("Отпущено доз: 60"));
+    EXPECT_THAT(printed(1), HasSubstr("Отпущено доз: 10"));
     EXPECT_THAT(printed(1), HasSubstr("Организация: Городская поликлиника № 12"));
     EXPECT_THAT(printed(1), HasSubstr("Рецепт: БД 4100074"));
 }

@@ -249,6 +249,7 @@ void RegisterApplication::openWindow()
 
     m_till = std::make_unique<Till>(m_commandLine.dataFolder);
     m_till->setActivePlugins([this] { return m_plugins.active(); });
+    m_till->setMarks(m_marks);
     m_openDocumentCommands = std::make_unique<OpenDocumentCommands>(*m_till);
     m_openDocumentCommands->offer(*controller);
     m_goodsCommands = std::make_unique<GoodsCommands>(*m_till, m_catalogue);

@@ -113,7 +113,7 @@ EContext::Result GoodsCommands::addGoods(control::Action& action)
 EContext::Result GoodsCommands::changeQuantity(control::Action& action)
 {
     const QSharedPointer<Position> position = chosenPositionOrShow(m_till, action);
-    if (!position || showIfObstacle(Till::obstacleToChangingQuantity(*position))) {
+    if (!position || showIfObstacle(m_till.obstacleToChangingQuantity(*position))) {
         return EContext::Stop;
     }
     const std::optional<int> packs = askPacks(*position);

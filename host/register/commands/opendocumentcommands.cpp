@@ -7,6 +7,7 @@
 #include "commandtable.h"
 #include "obstaclenotice.h"
 #include "registeraction.h"
+#include "undoingquestion.h"
 
 #include <algorithm>
 
@@ -78,8 +79,10 @@ EContext::Result OpenDocumentCommands::askToRemovePosition(control::Action& acti
     }
     const Question question{
         {u"removeBoundTitle"_s, u"Удаление позиции"_s},
-        tr::Tr(u"removeBoundQuestion"_s, u"Позиция отпускается по документу:\n%1\nУдалить её и отменить отпуск?"_s)
-            .arg(position->getName()),
+        withUndoings(tr::Tr(u"removeBoundQuestion"_s, u"Позиция отпускается %2:\n%1\nУдалить её?"_s)
+                         .arg(position->getName())
+                         .arg(m_till.marks().origin(*position)),
+                     m_till.marks(), {position}),
         {u"removeBoundYes"_s, u"Удалить"_s},
         {u"questionNo"_s, u"Нет"_s},
     };
@@ -117,25 +120,32 @@ EContext::Result OpenDocumentCommands::askToCancelDocument(control::Action& acti
 Question OpenDocumentCommands::cancellingQuestion(const Document& document) const
 {
     const bool isReturn = document.isReturn();
-    tr::Tr text(u"cancelReceiptQuestion"_s, u"Отменить чек № %1 на сумму %2?"_s);
-    if (isReturn) {
-        text = isReturnBegun(document)
-                   ? tr::Tr(u"cancelBegunTakeBackQuestion"_s,
-                            u"Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.\n"
-                            "Правильно завершить его: «Нет», затем «Оплата».\nВсё равно отменить возврат?"_s)
-                   : tr::Tr(u"cancelTakeBackQuestion"_s, u"Отменить возврат № %1 на сумму %2?"_s);
-    } else if (document.getCharged() > Kopecks{0}) {
-        text = tr::Tr(u"cancelChargedQuestion"_s,
-                      u"Отменить чек № %1 на сумму %2?\nОплата картой вернётся на карту покупателя."_s);
-    }
+    const tr::Tr text =
+        cancellingText(document).arg(QString::number(document.getNumber())).arg(amountText(document.getSum()));
     return {
         isReturn ? tr::Tr(u"cancelTakeBackTitle"_s, u"Отмена возврата"_s)
                  : tr::Tr(u"cancelReceiptTitle"_s, u"Отмена чека"_s),
-        text.arg(QString::number(document.getNumber())).arg(amountText(document.getSum())),
+        isReturn ? text : withUndoings(text, m_till.marks(), document.positions()),
         isReturn ? tr::Tr(u"cancelTakeBackYes"_s, u"Отменить возврат"_s)
                  : tr::Tr(u"cancelReceiptYes"_s, u"Отменить чек"_s),
         {u"questionNo"_s, u"Нет"_s},
     };
+}
+
+tr::Tr OpenDocumentCommands::cancellingText(const Document& document) const
+{
+    if (document.isReturn()) {
+        return isReturnBegun(document)
+                   ? tr::Tr(u"cancelBegunTakeBackQuestion"_s,
+                            u"Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.\n"
+                            "Правильно завершить его: «Нет», затем «Оплата».\nВсё равно отменить возврат?"_s)
+                   : tr::Tr(u"cancelTakeBackQuestion"_s, u"Отменить возврат № %1 на сумму %2?"_s);
+    }
+    if (document.getCharged() > Kopecks{0}) {
+        return {u"cancelChargedQuestion"_s,
+                u"Отменить чек № %1 на сумму %2?\nОплата картой вернётся на карту покупателя."_s};
+    }
+    return {u"cancelReceiptQuestion"_s, u"Отменить чек № %1 на сумму %2?"_s};
 }
 
 /// True when a plug-in has already worked on a position: its data differs from the sale's.

@@ -31,6 +31,7 @@ private:
     std::optional<Obstacle> obstacleBeforeHooks(const control::Action& action) const;
     QSharedPointer<Position> positionOf(const control::Action& action) const;
     Question cancellingQuestion(const Document& document) const;
+    tr::Tr cancellingText(const Document& document) const;
     bool isReturnBegun(const Document& document) const;
 
     Till& m_till;

@@ -12,9 +12,11 @@
 #include "question.h"
 #include "registeraction.h"
 #include "returnparams.h"
+#include "undoingquestion.h"
 
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -52,6 +54,26 @@ tr::Tr voidQuestion(const Document& document)
         return {u"annulSaleWithoutMoneyQuestion"_s, u"Аннулировать продажу № %1 на сумму %2?"_s};
     }
     return {u"annulSaleQuestion"_s, u"Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю."_s};
+}
+
+/// What is known after the plug-ins have undone their part and the card got no money.
+tr::Tr notRefunded(const Document& document, const PositionMarks& marks)
+{
+    const auto& positions = document.positions();
+    const auto external =
+        std::find_if(positions.cbegin(), positions.cend(), [](const auto& position) { return position->isExternal(); });
+    const QString number = QString::number(document.getNumber());
+    if (external == positions.cend()) {
+        return tr::Tr(u"voidingNotRefunded"_s,
+                      u"Аннулирование документа № %1 не завершено: деньги на карту не возвращены.\n"
+                      "Повторите аннулирование, когда терминал ответит."_s)
+            .arg(number);
+    }
+    return tr::Tr(u"voidingNotFinished"_s,
+                  u"Аннулирование документа № %1 не завершено: деньги на карту не возвращены, а отпуск %2 отменён.\n"
+                  "Повторите аннулирование, когда терминал ответит."_s)
+        .arg(number)
+        .arg(marks.origin(**external));
 }
 
 tr::Tr noDocument(int number)
@@ -207,7 +229,8 @@ EContext::Result StoredDocumentCommands::voidDocument(const QSharedPointer<Docum
     }
     const Question question{
         {u"annulTitle"_s, u"Аннулирование документа"_s},
-        voidQuestion(*document).arg(number).arg(amountText(document->getSum())),
+        withUndoings(voidQuestion(*document).arg(number).arg(amountText(document->getSum())), m_marks,
+                     document->positions()),
         {u"annulYes"_s, u"Аннулировать"_s},
         {u"questionNo"_s, u"Нет"_s},
     };
@@ -238,10 +261,7 @@ EContext::Result StoredDocumentCommands::voidFrame(const control::Action& action
             m_till.archive().saveOrShow(document);
         } else if (!m_cards.refundOrShow(document)) {
             m_till.archive().saveOrShow(document);
-            showNotice(tr::Tr(u"voidingNotFinished"_s,
-                              u"Аннулирование документа № %1 не завершено: деньги на карту не возвращены, а отпуск по "
-                              "документам отменён.\nПовторите аннулирование, когда терминал ответит."_s)
-                           .arg(QString::number(document->getNumber())));
+            showNotice(notRefunded(*document, m_marks));
             result = EContext::Stop;
         } else if (!m_till.voidDocument(document)) {
             result = EContext::Stop;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "amount.h"
 
+#include "config.h"
+
 #include <QRegularExpression>
 
 #include <cstdlib>
@@ -9,13 +11,30 @@ using namespace Qt::StringLiterals;
 
 QString amountText(Kopecks amount)
 {
+    const QString unit = currency();
+    return unit.isEmpty() ? amountFigures(amount) : amountFigures(amount) + QChar::Nbsp + unit;
+}
+
+QString amountFigures(Kopecks amount)
+{
     const qint64 size = std::abs(amount.count());
     QString roubles = QString::number(size / 100);
     for (auto place = roubles.size() - 3; place > 0; place -= 3) {
         roubles.insert(place, QChar::Nbsp);
     }
     const QString decimals = QString::number(size % 100).rightJustified(2, u'0');
-    return (amount < Kopecks{} ? u"-"_s : QString()) + roubles + u',' + decimals;
+    return (amount < Kopecks{} ? u"\u2212"_s : QString()) + roubles + u',' + decimals;
+}
+
+QString currency()
+{
+    return Singleton<Config>::get()->getString(u"Register:currency"_s, u"BYN"_s);
+}
+
+QString captionWithCurrency(const QString& caption)
+{
+    const QString unit = currency();
+    return unit.isEmpty() ? caption : caption + u", "_s + unit;
 }
 
 std::optional<Kopecks> typedAmount(const QString& text)

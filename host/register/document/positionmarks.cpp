@@ -40,12 +40,22 @@ QString shortened(const QString& mark)
     return start.size() < mark.size() && start.back().isHighSurrogate() ? start.chopped(1) : start;
 }
 
-/// The discount in percent, for example "33,33 %"; empty when there is none.
+/// True when the position's price is that share of its price before, rounded to kopecks. It is not when another rule
+/// made the price, for example a lowest one.
+bool isPaidShare(double share, const Position& position)
+{
+    constexpr double rounding = 0.51; // half a kopeck, and what binary fractions lose
+    const auto before = double(position.initialPrice().count());
+    return std::abs(share * before - double(position.price().count())) <= rounding;
+}
+
+/// The discount in percent, for example "33,33 %"; empty when the customer was given none, or another one.
 /// @param paidShare the fraction of the price that is paid
-QString discountText(double paidShare)
+QString discountText(double paidShare, const Position& position)
 {
     const double percent = 100.0 - std::round(paidShare * 10000.0) / 100.0;
-    if (!(percent > 0.0 && percent <= 100.0)) {
+    if (!(percent > 0.0 && percent <= 100.0) || position.price() >= position.initialPrice() ||
+        !isPaidShare(paidShare, position)) {
         return {};
     }
     return QString::number(percent, 'g', 4).replace(u'.', u',') + QChar::Nbsp + u'%';
@@ -79,29 +89,51 @@ void PositionMarks::load(const QString& file)
     }
 }
 
-PositionMarks::Look PositionMarks::look(const GoodsItem& position) const
+PositionMarks::Look PositionMarks::look(const Position& position) const
 {
-    const QStringList tags = position.getTags();
-    const auto mark = std::find_if(m_marks.cbegin(), m_marks.cend(),
-                                   [&tags](const Mark& candidate) { return tags.contains(candidate.tag); });
-    if (mark == m_marks.cend()) {
+    const Mark* mark = markOf(position);
+    if (!mark) {
         return {};
     }
 
     const QJsonObject options = QJsonDocument::fromJson(position.getExtendedOptions().toUtf8()).object();
     const auto state = std::find_if(mark->states.cbegin(), mark->states.cend(),
                                     [&options](const State& candidate) { return fits(candidate, options); });
-    Look look{shortened(mark->mark.ui()), mark->description.ui(), {}, {}, {}};
+    Look look{.mark = shortened(mark->mark.ui()),
+              .description = mark->description.ui(),
+              .state = {},
+              .undoing = {},
+              .stateColour = {},
+              .receiptLines = {}};
     if (state != mark->states.cend()) {
         look.state = state->text.ui();
         look.stateColour = state->colour;
+        look.undoing = state->undoing.ui();
     }
     for (const ReceiptLine& line : mark->receiptLines) {
-        if (const QString value = valueText(line, options); !value.isEmpty()) {
+        if (const QString value = valueText(line, position, options); !value.isEmpty()) {
             look.receiptLines.append(labelled(line.label, value));
         }
     }
     return look;
+}
+
+QString PositionMarks::origin(const Position& position) const
+{
+    const Mark* mark = markOf(position);
+    const QString said = mark ? mark->origin.ui() : QString();
+    return said.isEmpty() ? tr::Tr(u"externalOrigin"_s, u"по документу"_s).ui() : said;
+}
+
+QStringList PositionMarks::undoings(const QList<QSharedPointer<Position>>& positions) const
+{
+    QStringList texts;
+    for (const QSharedPointer<Position>& position : positions) {
+        texts.append(look(*position).undoing);
+    }
+    texts.removeAll(QString());
+    texts.removeDuplicates();
+    return texts;
 }
 
 QString PositionMarks::documentText(const AbstractDocument& document) const
@@ -116,24 +148,35 @@ QString PositionMarks::documentText(const AbstractDocument& document) const
     return texts.join(u" · "_s);
 }
 
+/// Null when no plug-in marks the position.
+const PositionMarks::Mark* PositionMarks::markOf(const Position& position) const
+{
+    const QStringList tags = position.getTags();
+    const auto mark = std::find_if(m_marks.cbegin(), m_marks.cend(),
+                                   [&tags](const Mark& candidate) { return tags.contains(candidate.tag); });
+    return mark == m_marks.cend() ? nullptr : &*mark;
+}
+
 PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
 {
-    Mark mark{entry.value("tag"_L1).toString(),
-              readWords(entry.value("mark"_L1)),
-              readWords(entry.value("description"_L1)),
-              {},
-              {}};
+    Mark mark{.tag = entry.value("tag"_L1).toString(),
+              .mark = readWords(entry.value("mark"_L1)),
+              .description = readWords(entry.value("description"_L1)),
+              .origin = readWords(entry.value("origin"_L1)),
+              .states = {},
+              .receiptLines = {}};
     for (const auto value : entry.value("states"_L1).toArray()) {
         const QJsonObject state = value.toObject();
         const QJsonValue wanted = state.value("value"_L1);
         mark.states.append({state.value("option"_L1).toString(),
                             wanted.isString() ? std::optional(wanted.toString()) : std::nullopt,
-                            readWords(state.value("text"_L1)), QColor(state.value("colour"_L1).toString())});
+                            readWords(state.value("text"_L1)), QColor(state.value("colour"_L1).toString()),
+                            readWords(state.value("undoing"_L1))});
     }
     for (const auto value : entry.value("receiptLines"_L1).toArray()) {
         const QJsonObject line = value.toObject();
         mark.receiptLines.append({line.value("option"_L1).toString(), readWords(line.value("label"_L1)),
-                                  line.value("form"_L1).toString() == "discount"_L1});
+                                  formOf(line.value("form"_L1).toString())});
     }
     return mark;
 }
@@ -147,8 +190,24 @@ bool PositionMarks::fits(const State& state, const QJsonObject& options)
     return actual.isString() && actual.toString() == *state.value;
 }
 
-QString PositionMarks::valueText(const ReceiptLine& line, const QJsonObject& options)
+PositionMarks::Form PositionMarks::formOf(const QString& word)
+{
+    if (word == "discount"_L1) {
+        return Form::Discount;
+    }
+    return word == "number"_L1 ? Form::Number : Form::Text;
+}
+
+QString PositionMarks::valueText(const ReceiptLine& line, const Position& position, const QJsonObject& options)
 {
     const QJsonValue value = options.value(line.option);
-    return line.isDiscount ? discountText(value.toDouble(1.0)) : value.toString();
+    switch (line.form) {
+    case Form::Discount:
+        return discountText(value.toDouble(1.0), position);
+    case Form::Number:
+        return value.isDouble() ? packsText(value.toDouble()) : QString();
+    case Form::Text:
+        break;
+    }
+    return value.toString();
 }

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "abstractdocument.h"
-#include "goodsitem.h"
+#include "position.h"
 #include "tr.h"
 
 #include <QColor>
 #include <QJsonObject>
 #include <QList>
+#include <QSharedPointer>
 #include <QString>
 #include <QStringList>
 
@@ -22,6 +23,7 @@ public:
         QString mark;
         QString description;
         QString state; ///< empty: no state fits
+        QString undoing; ///< what taking the position away undoes, for example "Отпуск будет отменён."; empty: nothing
         QColor stateColour;
         QStringList receiptLines; ///< for example "Рецепт: 4500-1"; plain text
     };
@@ -30,7 +32,13 @@ public:
     void load(const QString& file);
 
     /// All texts are empty when no plug-in marks the position.
-    Look look(const GoodsItem& position) const;
+    Look look(const Position& position) const;
+
+    /// What an external position is sold by, as a sentence goes on: "по рецепту". "по документу" when no plug-in says.
+    QString origin(const Position& position) const;
+
+    /// What taking these positions away undoes, each text once.
+    QStringList undoings(const QList<QSharedPointer<Position>>& positions) const;
 
     /// What plug-ins show above the positions, for example "Карта: 1100…"; empty: nothing.
     QString documentText(const AbstractDocument& document) const;
@@ -41,16 +49,19 @@ private:
         std::optional<QString> value; ///< none: fits when the option is absent
         tr::Tr text;
         QColor colour;
+        tr::Tr undoing;
     };
+    enum class Form { Text, Number, Discount };
     struct ReceiptLine {
         QString option;
         tr::Tr label;
-        bool isDiscount; ///< the option is the fraction of the price that is paid
+        Form form;
     };
     struct Mark {
         QString tag;
         tr::Tr mark;
         tr::Tr description;
+        tr::Tr origin;
         QList<State> states;
         QList<ReceiptLine> receiptLines;
     };
@@ -60,9 +71,11 @@ private:
         tr::Tr label;
     };
 
+    const Mark* markOf(const Position& position) const;
     static Mark readMark(const QJsonObject& entry);
     static bool fits(const State& state, const QJsonObject& options);
-    static QString valueText(const ReceiptLine& line, const QJsonObject& options);
+    static Form formOf(const QString& word);
+    static QString valueText(const ReceiptLine& line, const Position& position, const QJsonObject& options);
 
     QList<Mark> m_marks;
     QList<DocumentLine> m_documentLines;

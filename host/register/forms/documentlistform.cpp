@@ -93,11 +93,11 @@ void DocumentListForm::setUpTables()
     m_filtered.setSourceModel(&m_documents);
     m_table->setModel(&m_filtered);
     m_table->setColumns(TableColumn::texts({
-        {u"number"_s, 80, TableColumn::right},
+        {u"number"_s, TableColumn::fittingContents, TableColumn::right},
         {u"state"_s, TableColumn::remainingRoom, TableColumn::left},
         {u"time"_s, TableColumn::fittingContents, TableColumn::left},
         {u"positions"_s, TableColumn::fittingContents, TableColumn::right},
-        {u"sum"_s, TableColumn::fittingContents, TableColumn::right},
+        {u"sum"_s, TableColumn::fittingMoney, TableColumn::right},
         {u"searchText"_s, 0, TableColumn::left, false},
         {u"days"_s, 0, TableColumn::left, false},
     }));
@@ -107,13 +107,13 @@ void DocumentListForm::setUpTables()
     m_positionsTable->setFocusPolicy(Qt::NoFocus);
     m_positionsTable->setSelectionMode(QAbstractItemView::NoSelection);
     m_positionsTable->setColumns(TableColumn::texts({
-        {u"number"_s, 40, TableColumn::right},
+        {u"number"_s, TableColumn::fittingContents, TableColumn::right},
         {u"name"_s, TableColumn::remainingRoom, TableColumn::left},
         {u"mark"_s, TableColumn::fittingContents, TableColumn::centred},
         {u"quantity"_s, TableColumn::fittingContents, TableColumn::right},
         {u"initialPrice"_s, 0, TableColumn::right, false},
         {u"price"_s, 0, TableColumn::right, false},
-        {u"sum"_s, 104, TableColumn::right},
+        {u"sum"_s, TableColumn::fittingMoney, TableColumn::right},
         {u"state"_s, TableColumn::fittingContents, TableColumn::left},
     }));
 }

@@ -105,8 +105,8 @@ void GoodsSelectionForm::setUpTable()
     m_table->setColumns(TableColumn::texts({
         {u"name"_s, TableColumn::remainingRoom, TableColumn::left},
         {u"nonProprietaryName"_s, 220, TableColumn::left},
-        {u"price"_s, 140, TableColumn::right},
-        {u"stock"_s, 110, TableColumn::right},
+        {u"price"_s, TableColumn::fittingMoney, TableColumn::right},
+        {u"stock"_s, TableColumn::fittingContents, TableColumn::right},
     }));
 }
 

@@ -56,17 +56,18 @@ ReturnForm::ReturnForm(const ReturnParams& params, QObject* parent)
 
 void ReturnForm::fill(const ReturnParams& params)
 {
-    m_model.setHorizontalHeaderLabels(
-        {tr::Tr(u"returnColumnChosen"_s, u"Вернуть"_s).ui(), tr::Tr(u"returnColumnNumber"_s, u"№"_s).ui(),
-         tr::Tr(u"returnColumnName"_s, u"Наименование"_s).ui(), QString(),
-         tr::Tr(u"returnColumnPacks"_s, u"Упаковок"_s).ui(), tr::Tr(u"returnColumnSum"_s, u"Сумма"_s).ui()});
+    m_model.setHorizontalHeaderLabels({tr::Tr(u"returnColumnChosen"_s, u"Вернуть"_s).ui(),
+                                       tr::Tr(u"returnColumnNumber"_s, u"№"_s).ui(),
+                                       tr::Tr(u"returnColumnName"_s, u"Наименование"_s).ui(), QString(),
+                                       tr::Tr(u"returnColumnPacks"_s, u"Упаковок"_s).ui(),
+                                       captionWithCurrency(tr::Tr(u"returnColumnSum"_s, u"Сумма"_s).ui())});
     for (const QSharedPointer<Position>& position : m_positions) {
         const int place = params.places.value(m_model.rowCount());
         m_model.appendRow({cell({}, Qt::AlignHCenter), cell(QString::number(place), Qt::AlignRight),
                            cell(position->getName(), Qt::AlignLeft),
                            cell(params.marks->look(*position).mark, Qt::AlignHCenter),
                            cell(QString::number(position->getQuantity()).replace(u'.', u','), Qt::AlignRight),
-                           cell(amountText(position->getSum()), Qt::AlignRight)});
+                           cell(amountFigures(position->getSum()), Qt::AlignRight)});
         m_model.item(m_model.rowCount() - 1, Name)->setToolTip(plainToolTip(position->getName()));
         choose(m_model.rowCount() - 1, true);
     }
@@ -77,11 +78,11 @@ void ReturnForm::setUpTable()
     m_table->setModel(&m_model);
     m_table->setColumns(TableColumn::texts({
         {u"chosen"_s, TableColumn::fittingContents, TableColumn::centred},
-        {u"number"_s, 56, TableColumn::right},
+        {u"number"_s, TableColumn::fittingContents, TableColumn::right},
         {u"name"_s, TableColumn::remainingRoom, TableColumn::left},
         {u"mark"_s, TableColumn::fittingContents, TableColumn::centred},
         {u"packs"_s, TableColumn::fittingContents, TableColumn::right},
-        {u"sum"_s, 140, TableColumn::right},
+        {u"sum"_s, TableColumn::fittingMoney, TableColumn::right},
     }));
     m_table->setColumnHidden(Mark, m_model.findItems(QString(), Qt::MatchExactly, Mark).size() == m_model.rowCount());
     m_table->setCurrentIndex(m_model.index(0, Name));

@@ -55,9 +55,9 @@ Lines amount(const QString& label, const QString& value, bool isStrong = false)
 }
 
 /// With plain blanks only: printers have no other.
-QString roubles(Kopecks amount)
+QString figures(Kopecks amount)
 {
-    return amountText(amount).replace(QChar::Nbsp, u' ');
+    return amountFigures(amount).replace(QChar::Nbsp, u' ');
 }
 
 QString timeText(const QDateTime& time)
@@ -65,26 +65,29 @@ QString timeText(const QDateTime& time)
     return time.toString(u"dd.MM.yyyy HH:mm"_s);
 }
 
-Kopecks sumWithoutBenefit(const Position& position)
-{
-    return position.initialPrice().forPacks(position.getQuantity());
-}
-
 /// What the customer saves because the price was lowered; 0 when it was not.
 Kopecks benefit(const Position& position)
 {
-    return std::max(Kopecks{}, sumWithoutBenefit(position) - position.getSum());
+    return std::max(Kopecks{}, position.initialPrice().forPacks(position.getQuantity()) - position.getSum());
+}
+
+/// The pharmacy's number as a payer of taxes, after the word that the configuration has for it.
+QString taxpayer()
+{
+    const Config* config = Singleton<Config>::get();
+    const QString number = config->getString(u"Register:taxpayerNumber"_s);
+    const QString word = config->getString(u"Register:taxpayerWord"_s);
+    if (number.isEmpty()) {
+        return {};
+    }
+    return word.isEmpty() ? tr::Tr(u"printedTaxpayer"_s, u"УНП %1"_s).arg(number).ui() : word + u' ' + number;
 }
 
 Lines head()
 {
     const Config* config = Singleton<Config>::get();
-    const QString taxpayer = config->getString(u"Register:taxpayerNumber"_s);
     Lines lines = centred(config->getString(u"Register:pharmacyName"_s), true) +
-                  centred(config->getString(u"Register:pharmacyAddress"_s));
-    if (!taxpayer.isEmpty()) {
-        lines += centred(tr::Tr(u"printedTaxpayer"_s, u"ИНН %1"_s).arg(taxpayer).ui());
-    }
+                  centred(config->getString(u"Register:pharmacyAddress"_s)) + centred(taxpayer());
     if (!lines.isEmpty()) {
         lines.append(rule());
     }
@@ -98,20 +101,25 @@ Lines titleLines(const Document& document)
     return lines;
 }
 
+/// The sum without the benefit and the benefit, which lead to the sum below them; nothing when there is no benefit.
+Lines benefitLines(const QString& before, const tr::Tr& label, Kopecks sum, Kopecks saved)
+{
+    if (saved <= Kopecks{}) {
+        return {};
+    }
+    const tr::Tr full(u"printedSumWithoutBenefit"_s, u"Сумма без льготы"_s);
+    return amount(before + full.ui(), figures(sum + saved)) + amount(before + label.ui(), figures(-saved));
+}
+
 /// @param number counted from 1 on the paper
 /// @param details what the plug-in shows of the position
 Lines positionLines(int number, const Position& position, const QStringList& details)
 {
-    const QString price = roubles(position.price());
+    const QString price = figures(position.price());
     Lines lines =
         hanging(u"%1. "_s.arg(number), position.getName()) +
-        amount(indent + packsText(position.getQuantity()) + u" × "_s + price + u" ="_s, roubles(position.getSum()));
-    if (const Kopecks saved = benefit(position); saved > Kopecks{}) {
-        const tr::Tr full(u"printedSumWithoutBenefit"_s, u"Сумма без льготы"_s);
-        const tr::Tr label(u"printedBenefit"_s, u"Льгота"_s);
-        lines += amount(indent + full.ui(), roubles(sumWithoutBenefit(position)));
-        lines += amount(indent + label.ui(), u"−"_s + roubles(saved));
-    }
+        benefitLines(indent, {u"printedBenefit"_s, u"Льгота"_s}, position.getSum(), benefit(position)) +
+        amount(indent + packsText(position.getQuantity()) + u" × "_s + price + u" ="_s, figures(position.getSum()));
     for (const QString& detail : details) {
         lines += hanging(indent, detail);
     }
@@ -127,7 +135,7 @@ Lines cardLines(const Document& document)
                                 : cardoperations::charged(document.cardOperations());
     for (const CardOperation& operation : operations) {
         if (operations.size() > 1) {
-            lines += amount(indent + tr::Tr(u"printedCardPart"_s, u"из них"_s).ui(), roubles(operation.amount));
+            lines += amount(indent + tr::Tr(u"printedCardPart"_s, u"из них"_s).ui(), figures(operation.amount));
         }
         if (!operation.card.isEmpty()) {
             lines += hanging(indent, tr::Tr(u"printedCard"_s, u"Карта: %1"_s).arg(operation.card).ui());
@@ -146,12 +154,11 @@ Lines totals(const Document& document)
     const auto& positions = document.positions();
     const Kopecks saved = std::accumulate(positions.cbegin(), positions.cend(), Kopecks{},
                                           [](Kopecks sum, const auto& position) { return sum + benefit(*position); });
-    const auto labelled = [](const tr::Tr& label, Kopecks value) { return amount(label.ui(), roubles(value)); };
+    const auto labelled = [](const tr::Tr& label, Kopecks value) { return amount(label.ui(), figures(value)); };
 
-    Lines lines = amount(tr::Tr(u"printedTotal"_s, u"ИТОГО"_s).ui(), roubles(document.getSum()), true);
-    if (saved > Kopecks{}) {
-        lines += labelled({u"printedBenefitInAll"_s, u"Льгота всего"_s}, saved);
-    }
+    Lines lines =
+        benefitLines({}, {u"printedBenefitInAll"_s, u"Льгота всего"_s}, document.getSum(), saved) +
+        amount(captionWithCurrency(tr::Tr(u"printedTotal"_s, u"ИТОГО"_s).ui()), figures(document.getSum()), true);
     for (const Payment& payment : document.ending().payments) {
         const PaymentMethodRow& row = rowOf(payment.method);
         lines += labelled(document.isReturn() ? row.printedPaidOut : row.printed, payment.amount);

@@ -116,7 +116,7 @@ QVariant DocumentTableModel::headerData(int section, Qt::Orientation orientation
     case Positions:
         return tr::Tr(u"documentColumnPositions"_s, u"Позиций"_s).ui();
     case Sum:
-        return tr::Tr(u"documentColumnSum"_s, u"Сумма"_s).ui();
+        return captionWithCurrency(tr::Tr(u"documentColumnSum"_s, u"Сумма"_s).ui());
     default:
         return {};
     }
@@ -135,7 +135,7 @@ QString DocumentTableModel::text(const Row& row, int column)
     case Positions:
         return QString::number(document.positions().size());
     case Sum:
-        return amountText(document.getSum());
+        return amountFigures(document.getSum());
     case SearchText:
         return searchText(row);
     case Days:

@@ -76,7 +76,7 @@ QVariant GoodsTableModel::headerData(int section, Qt::Orientation orientation, i
     case NonProprietaryName:
         return tr::Tr(u"goodsColumnNonProprietaryName"_s, u"МНН"_s).ui();
     case Price:
-        return tr::Tr(u"goodsColumnPrice"_s, u"Цена"_s).ui();
+        return captionWithCurrency(tr::Tr(u"goodsColumnPrice"_s, u"Цена"_s).ui());
     case Stock:
         return tr::Tr(u"goodsColumnStock"_s, u"Остаток"_s).ui();
     default:
@@ -92,7 +92,7 @@ QVariant GoodsTableModel::text(const CatalogueGoods& goods, int column) const
     case NonProprietaryName:
         return goods.nonProprietaryName;
     case Price:
-        return goods.price ? amountText(*goods.price) : tr::Tr(u"goodsNoPrice"_s, u"нет цены"_s).ui();
+        return goods.price ? amountFigures(*goods.price) : tr::Tr(u"goodsNoPrice"_s, u"нет цены"_s).ui();
     case Stock:
         return stockText(goods);
     default:

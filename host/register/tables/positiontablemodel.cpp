@@ -117,11 +117,11 @@ QVariant PositionTableModel::headerData(int section, Qt::Orientation orientation
     case Quantity:
         return tr::Tr(u"receiptColumnQuantity"_s, u"Кол-во"_s).ui();
     case InitialPrice:
-        return tr::Tr(u"receiptColumnInitialPrice"_s, u"Старая цена"_s).ui();
+        return tr::Tr(u"receiptColumnInitialPrice"_s, u"Без льготы"_s).ui();
     case Price:
-        return tr::Tr(u"receiptColumnPrice"_s, u"Цена"_s).ui();
+        return captionWithCurrency(tr::Tr(u"receiptColumnPrice"_s, u"Цена"_s).ui());
     case Sum:
-        return tr::Tr(u"receiptColumnSum"_s, u"Сумма"_s).ui();
+        return captionWithCurrency(tr::Tr(u"receiptColumnSum"_s, u"Сумма"_s).ui());
     case State:
         return tr::Tr(u"receiptColumnState"_s, u"Состояние"_s).ui();
     default:
@@ -152,11 +152,11 @@ QString PositionTableModel::text(const Row& row, int column) const
     case Quantity:
         return packsText(row.packs);
     case InitialPrice:
-        return row.initialPrice == row.price ? QString() : amountText(row.initialPrice);
+        return row.initialPrice > row.price ? amountFigures(row.initialPrice) : QString();
     case Price:
-        return amountText(row.price);
+        return amountFigures(row.price);
     case Sum:
-        return amountText(row.sum);
+        return amountFigures(row.sum);
     case State:
         return row.look.state;
     default:

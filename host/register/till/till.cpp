@@ -39,12 +39,19 @@ private:
     LoyaltySystemLayer* const m_former = Singleton<LoyaltySystemLayer>::instance;
 };
 
+const PositionMarks& noMarks()
+{
+    static const PositionMarks marks;
+    return marks;
+}
+
 } // namespace
 
 Till::Till(const QString& dataFolder, QObject* parent)
     : QObject(parent)
     , m_store(dataFolder)
     , m_archive(dataFolder)
+    , m_marks(&noMarks())
     , m_numbers(dataFolder)
     , m_totals(std::make_unique<Totals>(*this))
 {
@@ -161,7 +168,7 @@ QSharedPointer<Position> Till::positionToRaise(const SelectedGoods& selected) co
         return nullptr;
     }
     const auto& positions = m_document->positions();
-    const auto found = std::find_if(positions.cbegin(), positions.cend(), [&selected](const auto& position) {
+    const auto found = std::find_if(positions.cbegin(), positions.cend(), [this, &selected](const auto& position) {
         return position->goodsKey().isSame(keyOf(selected.goods)) && position->price() == *selected.goods.price &&
                !obstacleToChangingQuantity(*position) &&
                position->getQuantity() + selected.packs <= GoodsItem::greatestQuantity;

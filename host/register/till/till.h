@@ -9,6 +9,7 @@
 #include "loyaltysystemlayer.h"
 #include "obstacle.h"
 #include "opendocumentfile.h"
+#include "positionmarks.h"
 
 #include <QObject>
 #include <QSharedPointer>
@@ -44,6 +45,10 @@ public:
     /// The names of the plug-ins that work now. Until this is set, none does.
     using ActivePlugins = std::function<QStringList()>;
     void setActivePlugins(ActivePlugins plugins);
+
+    /// How plug-ins mark their positions; not owned. Until this is set, none does.
+    void setMarks(const PositionMarks& marks) { m_marks = &marks; }
+    const PositionMarks& marks() const { return *m_marks; }
 
     // till.cpp
 
@@ -93,7 +98,7 @@ public:
     std::optional<Obstacle> obstacleToChangingDocument() const;
     std::optional<Obstacle> obstacleToAddingGoods() const;
     std::optional<Obstacle> obstacleToChangingPositions() const;
-    static std::optional<Obstacle> obstacleToChangingQuantity(const Position& position);
+    std::optional<Obstacle> obstacleToChangingQuantity(const Position& position) const;
     /// Why neither the subtotal nor the payment can be shown.
     std::optional<Obstacle> obstacleToPayment() const;
     std::optional<Obstacle> obstacleToCancelling() const;
@@ -162,6 +167,7 @@ private:
     QSharedPointer<Position> positionToRaise(const SelectedGoods& selected) const;
     void recalculateAndSave();
     bool isServed(const Position& position) const;
+    Obstacle pluginMissing(const Document& document, const Position& position) const;
 
     // documentchanges.cpp
     bool end(const Document::Ending& ending, EActivityListener::Event event);
@@ -174,6 +180,7 @@ private:
     DocumentArchive m_archive;
     Printing m_printing;
     ActivePlugins m_activePlugins;
+    const PositionMarks* m_marks;
     DocumentNumbers m_numbers;
     std::optional<int> m_closings; ///< so many so far; not counted yet
     QSharedPointer<Document> m_document;

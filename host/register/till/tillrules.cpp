@@ -13,28 +13,6 @@ QString number(const Document& document)
     return QString::number(document.getNumber());
 }
 
-Obstacle pluginMissing(const Document& document, const Position& position)
-{
-    const QString place = QString::number(document.placeOf(position));
-    if (position.getPlugin().isEmpty()) {
-        return {tr::Tr(u"positionOfNoPlugin"_s,
-                       u"Документ № %1: позиция № %2 отпускается по документу, а ни один модуль не работает.\n"
-                       "Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно "
-                       "отложить."_s)
-                    .arg(number(document))
-                    .arg(place),
-                {u"menuPluginsIdle"_s, u"модули не работают"_s}};
-    }
-    return {tr::Tr(u"positionOfIdlePlugin"_s,
-                   u"Документ № %1: позицию № %2 ведёт модуль «%3», а он не работает.\n"
-                   "Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно "
-                   "отложить."_s)
-                .arg(number(document))
-                .arg(place)
-                .arg(position.getPlugin()),
-            tr::Tr(u"menuPluginIdle"_s, u"не работает модуль «%1»"_s).arg(position.getPlugin())};
-}
-
 Obstacle returnDamaged(const Document& sale, const DocumentArchive::DamagedReturn& damaged)
 {
     return {tr::Tr(u"takeBackDamaged"_s,
@@ -78,6 +56,29 @@ bool Till::isServed(const Position& position) const
         return !position.isExternal() || !active.isEmpty();
     }
     return active.contains(position.getPlugin());
+}
+
+Obstacle Till::pluginMissing(const Document& document, const Position& position) const
+{
+    const QString place = QString::number(document.placeOf(position));
+    if (position.getPlugin().isEmpty()) {
+        return {tr::Tr(u"positionOfNoPlugin"_s,
+                       u"Документ № %1: позиция № %2 отпускается %3, а ни один модуль не работает.\n"
+                       "Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно "
+                       "отложить."_s)
+                    .arg(number(document))
+                    .arg(place)
+                    .arg(marks().origin(position)),
+                {u"menuPluginsIdle"_s, u"модули не работают"_s}};
+    }
+    return {tr::Tr(u"positionOfIdlePlugin"_s,
+                   u"Документ № %1: позицию № %2 ведёт модуль «%3», а он не работает.\n"
+                   "Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно "
+                   "отложить."_s)
+                .arg(number(document))
+                .arg(place)
+                .arg(position.getPlugin()),
+            tr::Tr(u"menuPluginIdle"_s, u"не работает модуль «%1»"_s).arg(position.getPlugin())};
 }
 
 std::optional<Obstacle> Till::obstacleOfPlugins(const Document& document) const
@@ -145,15 +146,16 @@ std::optional<Obstacle> Till::obstacleToChangingPositions() const
                      u"Позиции возврата не меняются.\nЧтобы вернуть другие, отмените возврат и начните его заново."_s}};
 }
 
-std::optional<Obstacle> Till::obstacleToChangingQuantity(const Position& position)
+std::optional<Obstacle> Till::obstacleToChangingQuantity(const Position& position) const
 {
     if (!position.isExternal()) {
         return std::nullopt;
     }
     return Obstacle{tr::Tr(u"positionBound"_s,
-                           u"Позиция «%1» отпускается по документу, её количество и цена не меняются.\n"
+                           u"Позиция «%1» отпускается %2, её количество и цена не меняются.\n"
                            "Чтобы отпустить другое количество, удалите позицию и отпустите её заново."_s)
-                        .arg(position.getName())};
+                        .arg(position.getName())
+                        .arg(marks().origin(position))};
 }
 
 std::optional<Obstacle> Till::obstacleToPayment() const

@@ -41,7 +41,7 @@ The old one stays in use. Replace the file, or call the administrator.</translat
 Check the goods database and try again, or call the administrator.</translation>
     </message>
     <message id="printedTaxpayer">
-        <source>ИНН %1</source>
+        <source>УНП %1</source>
         <translation>Taxpayer number %1</translation>
     </message>
     <message id="printedSale">
@@ -378,10 +378,14 @@ Call the administrator.</translation>
         <source>Сначала выберите позицию чека.</source>
         <translation>Choose a position of the receipt first.</translation>
     </message>
+    <message id="externalOrigin">
+        <source>по документу</source>
+        <translation>on a document</translation>
+    </message>
     <message id="positionBound">
-        <source>Позиция «%1» отпускается по документу, её количество и цена не меняются.
+        <source>Позиция «%1» отпускается %2, её количество и цена не меняются.
 Чтобы отпустить другое количество, удалите позицию и отпустите её заново.</source>
-        <translation>The position “%1” is dispensed on a document; its quantity and price do not change.
+        <translation>The position “%1” is dispensed %2; its quantity and price do not change.
 To dispense another quantity remove the position and dispense it anew.</translation>
     </message>
     <message id="receiptColumnNumber">
@@ -401,8 +405,8 @@ To dispense another quantity remove the position and dispense it anew.</translat
         <translation>Qty</translation>
     </message>
     <message id="receiptColumnInitialPrice">
-        <source>Старая цена</source>
-        <translation>Old price</translation>
+        <source>Без льготы</source>
+        <translation>Full price</translation>
     </message>
     <message id="receiptColumnPrice">
         <source>Цена</source>
@@ -617,9 +621,9 @@ Enter the money received, for example 50 or 12.40.</translation>
 %3 is missing.</translation>
     </message>
     <message id="positionOfNoPlugin">
-        <source>Документ № %1: позиция № %2 отпускается по документу, а ни один модуль не работает.
+        <source>Документ № %1: позиция № %2 отпускается %3, а ни один модуль не работает.
 Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно отложить.</source>
-        <translation>Document No. %1: position %2 comes from an external document, and no plug-in works.
+        <translation>Document No. %1: position %2 is dispensed %3, and no plug-in works.
 Call the administrator and repeat this when the plug-in works. Until then an open document can be put aside.</translation>
     </message>
     <message id="positionOfIdlePlugin">
@@ -642,10 +646,16 @@ Call the administrator and repeat this when the plug-in works. Until then an ope
         <translation>The terminal is busy, no money went back to the card.
 Wait until it is free, and repeat.</translation>
     </message>
-    <message id="voidingNotFinished">
-        <source>Аннулирование документа № %1 не завершено: деньги на карту не возвращены, а отпуск по документам отменён.
+    <message id="voidingNotRefunded">
+        <source>Аннулирование документа № %1 не завершено: деньги на карту не возвращены.
 Повторите аннулирование, когда терминал ответит.</source>
-        <translation>Document no. %1 is not voided: no money went back to the card, and its dispenses are cancelled.
+        <translation>Document no. %1 is not voided: no money went back to the card.
+Repeat the voiding when the terminal answers.</translation>
+    </message>
+    <message id="voidingNotFinished">
+        <source>Аннулирование документа № %1 не завершено: деньги на карту не возвращены, а отпуск %2 отменён.
+Повторите аннулирование, когда терминал ответит.</source>
+        <translation>Document no. %1 is not voided: no money went back to the card, and its dispenses %2 are cancelled.
 Repeat the voiding when the terminal answers.</translation>
     </message>
     <message id="takeBackSuspended">
@@ -775,12 +785,12 @@ Sell them all the same?</translation>
         <translation>Remove position</translation>
     </message>
     <message id="removeBoundQuestion">
-        <source>Позиция отпускается по документу:
+        <source>Позиция отпускается %2:
 %1
-Удалить её и отменить отпуск?</source>
-        <translation>The position is dispensed on a document:
+Удалить её?</source>
+        <translation>The position is dispensed %2:
 %1
-Remove it and cancel the dispensing?</translation>
+Remove it?</translation>
     </message>
     <message id="removeBoundYes">
         <source>Удалить</source>

@@ -73,6 +73,7 @@ PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
     , m_paymentKey(paymentKey)
     , m_caption(new QLabel(this))
     , m_sumLabel(new QLabel(this))
+    , m_currency(new QLabel(currency(), this))
     , m_byCard(new QLabel(this))
     , m_change(new QLabel(this))
     , m_receivedCaption(new QLabel(this))
@@ -109,6 +110,8 @@ void PaymentPanel::createControls()
     m_caption->setObjectName(u"paymentCaptionLabel"_s);
     m_sumLabel->setObjectName(u"paymentSumLabel"_s);
     m_sumLabel->setProperty("textSize", u"sum"_s);
+    m_currency->setObjectName(u"paymentCurrencyLabel"_s);
+    m_currency->setVisible(!m_currency->text().isEmpty());
     m_byCard->setObjectName(u"chargedLabel"_s);
     m_change->setObjectName(u"changeLabel"_s);
     m_change->setProperty("textSize", u"amount"_s);
@@ -118,6 +121,7 @@ void PaymentPanel::createControls()
     m_receivedCaption->setText(tr::Tr(u"paymentReceived"_s, u"Получено:"_s).ui());
     m_received->setObjectName(u"receivedLineEdit"_s);
     m_received->setAccessibleName(tr::Tr(u"paymentReceivedField"_s, u"Получено от покупателя"_s).ui());
+    m_received->setProperty("textSize", u"sum"_s);
     m_received->setNumeric(true);
     m_received->setMaxLength(longestInput);
     m_received->setValidator(new MoneyValidator(m_received));
@@ -147,6 +151,7 @@ void PaymentPanel::arrangeControls()
     auto* sums = createRow();
     sums->addWidget(m_caption);
     sums->addWidget(m_sumLabel);
+    sums->addWidget(m_currency);
     sums->addWidget(m_byCard);
     sums->addStretch();
     sums->addWidget(m_change);
@@ -181,7 +186,7 @@ void PaymentPanel::showPhase(Till::Phase phase, const QSharedPointer<Document>& 
     }
     m_sum = amounts.due;
     m_byCard->clear();
-    m_sumLabel->setText(amountText(m_sum));
+    m_sumLabel->setText(amountFigures(m_sum));
     if (phase == Till::Phase::Subtotal) {
         showSubtotal(document->isReturn());
     } else if (document->isReturn()) {
@@ -226,10 +231,10 @@ void PaymentPanel::showPayment(const Document& document)
 {
     m_caption->setText(tr::Tr(u"paymentDue"_s, u"К ОПЛАТЕ"_s).ui());
     m_pay->setText(tr::Tr(u"paymentPay"_s, u"Закрыть чек"_s).ui());
-    m_received->setPlaceholderText(amountText(m_sum));
+    m_received->setPlaceholderText(amountFigures(m_sum));
     if (document.getCharged() > Kopecks{0}) {
         m_byCard->setText(
-            tr::Tr(u"paymentCharged"_s, u"Картой оплачено %1"_s).arg(amountText(document.getCharged())).ui());
+            tr::Tr(u"paymentCharged"_s, u"Картой оплачено %1"_s).arg(amountFigures(document.getCharged())).ui());
     }
     showChange();
 }
@@ -244,8 +249,8 @@ void PaymentPanel::showPayingOut(const Amounts& amounts)
         return;
     }
     m_byCard->setText(tr::Tr(u"paymentToCards"_s, u"На карту %1, наличными %2"_s)
-                          .arg(amountText(amounts.toCards))
-                          .arg(amountText(amounts.due - amounts.toCards))
+                          .arg(amountFigures(amounts.toCards))
+                          .arg(amountFigures(amounts.due - amounts.toCards))
                           .ui());
     m_pay->setText(tr::Tr(u"paymentRefund"_s, u"Вернуть деньги"_s).ui());
     showKeyHint(
@@ -256,7 +261,7 @@ void PaymentPanel::showChange()
 {
     const auto payment = cashpayment::received(m_sum, m_received->text());
     if (payment) {
-        showChange(tr::Tr(u"paymentChange"_s, u"Сдача %1"_s).arg(amountText(payment->amount - m_sum)), "value");
+        showChange(tr::Tr(u"paymentChange"_s, u"Сдача %1"_s).arg(amountFigures(payment->amount - m_sum)), "value");
     } else {
         showChange(payment.failure().brief, typedAmount(m_received->text()) ? "waiting" : "error");
     }

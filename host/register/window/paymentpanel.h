@@ -65,6 +65,7 @@ private:
     Kopecks m_sum = {}; ///< due
     QLabel* m_caption;
     QLabel* m_sumLabel;
+    QLabel* m_currency;
     QLabel* m_byCard;
     QLabel* m_change;
     QLabel* m_receivedCaption;

@@ -86,13 +86,13 @@ QWidget* SalesScreen::createTable()
     m_table->setFocusPolicy(Qt::NoFocus); // Up and Down in the search line move its rows
     m_table->setModel(&m_model);
     m_table->setColumns(TableColumn::texts({
-        {u"number"_s, 40, TableColumn::right},
+        {u"number"_s, TableColumn::fittingContents, TableColumn::right},
         {u"name"_s, TableColumn::remainingRoom, TableColumn::left},
         {u"mark"_s, TableColumn::fittingContents, TableColumn::centred},
         {u"quantity"_s, TableColumn::fittingContents, TableColumn::right},
-        {u"initialPrice"_s, TableColumn::fittingContents, TableColumn::right},
-        {u"price"_s, 88, TableColumn::right},
-        {u"sum"_s, 104, TableColumn::right},
+        {u"initialPrice"_s, TableColumn::fittingMoney, TableColumn::right},
+        {u"price"_s, TableColumn::fittingMoney, TableColumn::right},
+        {u"sum"_s, TableColumn::fittingMoney, TableColumn::right},
         {u"state"_s, TableColumn::fittingContents, TableColumn::left},
     }));
     // The range changes with the positions, and with the height that the payment leaves.

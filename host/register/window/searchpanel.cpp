@@ -22,6 +22,9 @@ SearchPanel::SearchPanel(QWidget* parent)
     m_total->setAccessibleName(caption->text());
     m_total->setProperty("textSize", u"sum"_s);
     m_total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    auto* unit = new QLabel(currency(), this);
+    unit->setObjectName(u"totalCurrencyLabel"_s);
+    unit->setVisible(!unit->text().isEmpty());
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -30,6 +33,7 @@ SearchPanel::SearchPanel(QWidget* parent)
     layout->addSpacing(16);
     layout->addWidget(caption);
     layout->addWidget(m_total);
+    layout->addWidget(unit);
 }
 
 void SearchPanel::createSearch()
@@ -45,7 +49,7 @@ void SearchPanel::createSearch()
 
 void SearchPanel::showTotal(Kopecks total)
 {
-    m_total->setText(amountText(total));
+    m_total->setText(amountFigures(total));
 }
 
 void SearchPanel::clear()

@@ -64,6 +64,7 @@ protected:
     {
         EXPECT_TRUE(folder.isValid());
         config.set(u"Register:data"_s, folder.path());
+        config.set(u"Register:currency"_s, {}); // messages name bare amounts
         config.set(u"Database:name"_s, folder.filePath(u"goods.sqlite"_s));
         EXPECT_TRUE(createDemoGoods(folder.filePath(u"goods.sqlite"_s)));
         gui.object.addFormCreator(QSharedPointer<RegisterFormCreator>::create());

@@ -29,9 +29,10 @@ protected:
         catalogues.load(resources + u"/electronicprescription"_s);
         const auto position = document->add(goods(), {});
         position->setTag(u"prescription"_s);
+        position->setPrice(5.0);
         position->setExtendedOptions(
-            u"{%1 \"sumFactor\": 0.5, \"organization\": \"Clinic\", \"serialNumber\": \"4500-1\"}"_s.arg(
-                QLatin1StringView(GetParam())));
+            u"{%1 \"sumFactor\": 0.5, \"doseQuantity\": 2.5, \"organization\": \"Clinic\", \"serialNumber\": \"4500-1\"}"_s
+                .arg(QLatin1StringView(GetParam())));
         document->setPluginValue(u"ElectronicPrescriptionService"_s, u"cardNumber"_s, u"1100"_s);
     }
 
@@ -71,13 +72,18 @@ TEST_P(PrescriptionMarks, english_theScreenShowsNoRussian)
     }
     EXPECT_EQ(cell(PositionTableModel::Mark, Qt::AccessibleTextRole), u"Electronic prescription"_s);
     EXPECT_EQ(marks.documentText(*document), u"Card: 1100"_s);
+    EXPECT_EQ(marks.origin(*document->positions().first()), u"on a prescription"_s);
+    for (const QString& undoing : marks.undoings(document->positions())) {
+        EXPECT_EQ(undoing, u"The dispense will be cancelled."_s);
+    }
 }
 
 TEST_P(PrescriptionMarks, english_theReceiptShowsNoRussian)
 {
     const QString receipt = receiptlayout::text(receiptlayout::lines(*document, marks));
     EXPECT_FALSE(receipt.contains(russian)) << receipt.toStdString();
-    for (const char* line : {"Prescription discount: 50", "Organization: Clinic", "Prescription: 4500-1"}) {
+    for (const char* line :
+         {"Prescription discount: 50", "Doses dispensed: 2,5", "Organization: Clinic", "Prescription: 4500-1"}) {
         EXPECT_TRUE(receipt.contains(QLatin1StringView(line))) << line << '\n' << receipt.toStdString();
     }
 }

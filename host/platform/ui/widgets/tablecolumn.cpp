@@ -32,7 +32,7 @@ std::optional<TableColumn> TableColumn::fromText(const QString& text)
     const QString shown = fields[3].trimmed();
     const int alignment = fields[4].trimmed().toInt(&isAlignment);
     const bool isShown = shown == "true"_L1;
-    if (!isWidth || width < fittingContents || !isAlignment || (!isShown && shown != "false"_L1)) {
+    if (!isWidth || width < fittingMoney || !isAlignment || (!isShown && shown != "false"_L1)) {
         return std::nullopt;
     }
     return TableColumn{fields[0], width, Qt::Alignment::fromInt(alignment), isShown, fields[1]};

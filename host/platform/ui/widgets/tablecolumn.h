@@ -15,6 +15,8 @@ struct REGISTERPLATFORM_EXPORT TableColumn {
     static constexpr int remainingRoom = -1;
     /// As a width: what the contents take.
     static constexpr int fittingContents = -2;
+    /// As a width: what the contents take, and no less than 9 999 999,99 in bold type takes.
+    static constexpr int fittingMoney = -3;
 
     /// As alignments.
     static constexpr Qt::Alignment left = Qt::AlignVCenter | Qt::AlignLeft;
@@ -22,7 +24,7 @@ struct REGISTERPLATFORM_EXPORT TableColumn {
     static constexpr Qt::Alignment centred = Qt::AlignVCenter | Qt::AlignHCenter;
 
     QString name;                               ///< only in the text; the table does not use it
-    int width = remainingRoom;                  ///< pixels, remainingRoom or fittingContents
+    int width = remainingRoom;                  ///< pixels, remainingRoom, fittingContents or fittingMoney
     Qt::Alignment alignment = Qt::AlignVCenter; ///< of the cells
     bool isShown = true;
     QString caption = {}; ///< only in the text; the header shows the model's

@@ -22,6 +22,8 @@ constexpr int plainRowHeight = 32;
 constexpr int touchRowHeight = 44;
 /// Rows that a column fits: those on the screen and some more, however long the table is.
 constexpr int fittedRows = 50;
+/// The widest amount that a column of money has to hold, with no-break spaces.
+const QString widestAmount = u"9\u00a0999\u00a0999,99"_s;
 
 } // namespace
 
@@ -58,6 +60,7 @@ void TalloTableView::applyColumns()
 {
     QHeaderView* header = horizontalHeader();
     const int count = qMin(header->count(), int(m_columns.size()));
+    m_moneyColumns.clear();
     for (int section = 0; section < count; ++section) {
         const std::optional<TableColumn> column = TableColumn::fromText(m_columns[section]);
         if (!column) {
@@ -70,6 +73,9 @@ void TalloTableView::applyColumns()
         case TableColumn::remainingRoom:
             header->setSectionResizeMode(section, QHeaderView::Stretch);
             break;
+        case TableColumn::fittingMoney:
+            m_moneyColumns.insert(section);
+            [[fallthrough]];
         case TableColumn::fittingContents:
             header->setSectionResizeMode(section, QHeaderView::ResizeToContents);
             break;
@@ -80,6 +86,28 @@ void TalloTableView::applyColumns()
         setColumnHidden(section, !column->isShown);
     }
     viewport()->update();
+}
+
+int TalloTableView::sizeHintForColumn(int column) const
+{
+    int width = QTableView::sizeHintForColumn(column);
+    if (model() && model()->rowCount() > fittedRows) { // rows that are counted have their longest number at the end
+        QStyleOptionViewItem option;
+        initViewItemOption(&option);
+        width = qMax(width, itemDelegate()->sizeHint(option, model()->index(model()->rowCount() - 1, column)).width());
+    }
+    return m_moneyColumns.contains(column) ? qMax(width, moneyWidth()) : width;
+}
+
+int TalloTableView::moneyWidth() const
+{
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.font.setBold(true);
+    option.fontMetrics = QFontMetrics(option.font);
+    option.features = QStyleOptionViewItem::HasDisplay;
+    option.text = widestAmount;
+    return style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).width() + int(showGrid());
 }
 
 void TalloTableView::mousePressEvent(QMouseEvent* event)

@@ -3,6 +3,7 @@
 
 #include "export.h"
 
+#include <QSet>
 #include <QStringList>
 #include <QTableView>
 
@@ -22,7 +23,8 @@ public:
     /// Describes the columns, in order, each by the text of a TableColumn: "name;caption;width;shown;alignment".
     /// - name, caption: not used here
     /// - width: pixels, or -1: the room that is left (shared when several columns ask for it), or -2: fits the contents
-    ///   (the rows on the screen, up to a reasonable width)
+    ///   (the rows on the screen, up to a reasonable width), or -3: the same for amounts of money, and at least as wide
+    ///   as 9 999 999,99 in bold type
     /// - shown: "true" or "false"
     /// - alignment: Qt::Alignment as a number, for the cells. Without a horizontal part, numbers with decimals are at
     ///   the right, all other texts at the left
@@ -33,12 +35,15 @@ public:
     QStringList columns() const { return m_columns; }
 
 protected:
+    int sizeHintForColumn(int column) const override;
     /// A press beside the rows leaves the current row selected.
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
     void applyColumns();
+    int moneyWidth() const;
 
     ColumnDelegate* m_delegate;
     QStringList m_columns;
+    QSet<int> m_moneyColumns;
 };

@@ -178,7 +178,7 @@ TEST_F(ConfirmDispenseForm, partlyDispensedBefore_bothNumbersOfDosesAreShown)
     partly->setDoseQuantity(30);
     partly->addDispensedDoseQuantity(2.5);
     const ElectronicPrescriptionConfirmDispenseForm form(ElectronicPrescriptionConfirmDispenseParams(partly), nullptr);
-    EXPECT_EQ(text(form, u"prescribedDosesLabel"_s), u"Выписано доз: 30.00\nОтпущено ранее: 2.50"_s);
+    EXPECT_EQ(text(form, u"prescribedDosesLabel"_s), u"Выписано доз: 30,00\nОтпущено ранее: 2,50"_s);
 }
 
 TEST_F(ConfirmDispenseForm, touchMode_hasNoHintAboutKeys)

@@ -39,6 +39,21 @@ TEST(PositionMarks, prescriptionPosition_isMarkedByItsTag)
     EXPECT_EQ(textOf(mark.value("description")), "Электронный рецепт");
 }
 
+TEST(PositionMarks, prescriptionPosition_isSoldByAPrescription)
+{
+    EXPECT_EQ(textOf(prescriptionMark().value("origin")), "по рецепту");
+}
+
+TEST(PositionMarks, registeredPositionAlone_hasADispenseToUndo)
+{
+    const auto states = prescriptionMark().value("states").toArray();
+    ASSERT_EQ(states.size(), 3);
+    EXPECT_TRUE(states.at(0)["undoing"].isUndefined());
+    EXPECT_EQ(states.at(1)["value"], QJsonValue(positionformat::dispensed));
+    EXPECT_EQ(textOf(states.at(1)["undoing"]), "Отпуск будет отменён.");
+    EXPECT_TRUE(states.at(2)["undoing"].isUndefined());
+}
+
 TEST(PositionMarks, everyStateOfAPosition_hasItsWordsInAReadableColour)
 {
     const auto states = prescriptionMark().value("states").toArray();
@@ -54,16 +69,17 @@ TEST(PositionMarks, everyStateOfAPosition_hasItsWordsInAReadableColour)
                                          QJsonValue(positionformat::canceled)}));
 }
 
-TEST(PositionMarks, receiptLines_areDiscountOrganizationAndSerialNumber)
+TEST(PositionMarks, receiptLines_areDiscountDosesOrganizationAndSerialNumber)
 {
     const auto lines = prescriptionMark().value("receiptLines").toArray();
-    ASSERT_EQ(lines.size(), 3);
+    ASSERT_EQ(lines.size(), 4);
     const auto expectLine = [&lines](int index, const QString& option, const QString& label, const QJsonValue& form) {
         EXPECT_EQ(lines.at(index)["option"].toString(), option);
         EXPECT_EQ(textOf(lines.at(index)["label"]), label);
         EXPECT_EQ(lines.at(index)["form"], form);
     };
     expectLine(0, positionformat::sumFactor, "Скидка по рецепту", "discount");
-    expectLine(1, positionformat::organization, "Организация", QJsonValue::Undefined);
-    expectLine(2, positionformat::serialNumber, "Рецепт", QJsonValue::Undefined);
+    expectLine(1, positionformat::doseQuantity, "Отпущено доз", "number");
+    expectLine(2, positionformat::organization, "Организация", QJsonValue::Undefined);
+    expectLine(3, positionformat::serialNumber, "Рецепт", QJsonValue::Undefined);
 }

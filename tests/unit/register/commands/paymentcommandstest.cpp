@@ -57,7 +57,7 @@ TEST_P(SubtotalCommand, totalBelowZero_isRefusedWithWordsBeforeTheHooks)
     EXPECT_EQ(run(GetParam()), EContext::Stop);
     ASSERT_EQ(dialog.messages().size(), 1);
     EXPECT_EQ(dialog.messages().first().text,
-              u"Сумма чека меньше нуля: -0,01.\nУдалите позицию с отрицательной ценой или позовите администратора."_s);
+              u"Сумма чека меньше нуля: −0,01.\nУдалите позицию с отрицательной ценой или позовите администратора."_s);
     EXPECT_EQ(heard, 0);
     EXPECT_EQ(till->phase(), Till::Phase::Positions);
 

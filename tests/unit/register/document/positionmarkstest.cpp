@@ -177,26 +177,96 @@ TEST_F(PositionMarksTest, wordsWithoutAKey_stayAsWrittenInEveryLanguage)
     EXPECT_EQ(marks.look(other).description, u"Другая"_s);
 }
 
-class DiscountLine : public PositionMarksTest, public ::testing::WithParamInterface<std::pair<const char*, const char*>>
+TEST_F(PositionMarksTest, origin_isThePluginsWordOrADocument)
+{
+    load(R"({"positions": [{"tag": "paper", "origin": "по накладной"}, {"tag": "other"}]})");
+    EXPECT_EQ(marks.origin(position), u"по документу"_s);
+    position.setTag(u"other"_s);
+    EXPECT_EQ(marks.origin(position), u"по документу"_s);
+    Position paper{{}, {}};
+    paper.setTag(u"paper"_s);
+    EXPECT_EQ(marks.origin(paper), u"по накладной"_s);
+}
+
+TEST_F(PositionMarksTest, undoings_areThoseOfThePositionsStatesEachOnce)
+{
+    load(R"({"positions": [{"tag": "paper", "states": [
+        {"option": "status", "value": null, "text": "новый"},
+        {"option": "status", "value": "done", "text": "готов", "undoing": "Выдача будет отменена."},
+        {"option": "status", "value": "sent", "text": "отправлен", "undoing": "Отправка будет отменена."}]}]})");
+    QList<QSharedPointer<Position>> positions;
+    const auto add = [&positions](const QString& status) {
+        positions.append(QSharedPointer<Position>::create(GoodsItem::Goods{}, QString()));
+        positions.last()->setTag(u"paper"_s);
+        positions.last()->setExtendedOptions(status.isEmpty() ? QString() : u"{\"status\": \"%1\"}"_s.arg(status));
+    };
+    EXPECT_TRUE(marks.undoings(positions).isEmpty());
+    add({});
+    add(u"other"_s);
+    EXPECT_TRUE(marks.undoings(positions).isEmpty());
+    for (const QString& status : {u"done"_s, u"sent"_s, u"done"_s}) {
+        add(status);
+    }
+    EXPECT_EQ(marks.undoings(positions), (QStringList{u"Выдача будет отменена."_s, u"Отправка будет отменена."_s}));
+}
+
+TEST_F(PositionMarksTest, numberLine_isShownWithADecimalComma)
+{
+    load(R"({"positions": [{"tag": "paper", "receiptLines": [
+        {"option": "doses", "label": "Доз", "form": "number"}]}]})");
+    position.setTag(u"paper"_s);
+    const std::pair<const char*, const char*> rows[] = {
+        {"30", "Доз: 30"}, {"2.5", "Доз: 2,5"}, {"0.25", "Доз: 0,25"}, {"\"30\"", nullptr}, {"null", nullptr},
+    };
+    for (const auto& [doses, shown] : rows) {
+        position.setExtendedOptions(u"{\"doses\": %1}"_s.arg(QLatin1StringView(doses)));
+        EXPECT_EQ(marks.look(position).receiptLines, shown ? QStringList(QString::fromUtf8(shown)) : QStringList())
+            << doses;
+    }
+}
+
+/// A share of the price that a plug-in notes, and the price that it sets.
+struct NotedShare {
+    const char* name;
+    const char* share;
+    double before;
+    double price;
+    const char* discount; ///< null: none is shown
+};
+
+class DiscountLine : public PositionMarksTest, public ::testing::WithParamInterface<NotedShare>
 {
 };
 
-TEST_P(DiscountLine, paidShare_isShownAsTheDiscount)
+TEST_P(DiscountLine, discount_isShownWhereItIsTheOneThatWasGiven)
 {
     load(R"({"positions": [{"tag": "paper", "receiptLines": [
         {"option": "share", "label": "Скидка", "form": "discount"}]}]})");
-    position.setTag(u"paper"_s);
-    const auto& [share, discount] = GetParam();
-    position.setExtendedOptions(u"{\"share\": %1}"_s.arg(QLatin1StringView(share)));
-    const QStringList shown =
-        discount ? QStringList(u"Скидка: "_s + QString::fromUtf8(discount) + QChar::Nbsp + u'%') : QStringList();
-    EXPECT_EQ(marks.look(position).receiptLines, shown);
+    const NotedShare& row = GetParam();
+    GoodsItem::Goods goods;
+    goods.price = Kopecks::fromRoubles(row.before).value();
+    Position sold(goods, {});
+    sold.setTag(u"paper"_s);
+    sold.setExtendedOptions(u"{\"share\": %1}"_s.arg(QLatin1StringView(row.share)));
+    sold.setPrice(row.price);
+    const QStringList shown = row.discount
+                                  ? QStringList(u"Скидка: "_s + QString::fromUtf8(row.discount) + QChar::Nbsp + u'%')
+                                  : QStringList();
+    EXPECT_EQ(marks.look(sold).receiptLines, shown);
 }
 
-INSTANTIATE_TEST_SUITE_P(Shares, DiscountLine,
-                         ::testing::Values(std::pair("0.5", "50"), std::pair("0", "100"), std::pair("0.6667", "33,33"),
-                                           std::pair("0.945", "5,5"), std::pair("0.9999", "0,01"),
-                                           std::pair("0.99999", nullptr), std::pair("1", nullptr),
-                                           std::pair("1.5", nullptr), std::pair("-0.5", nullptr),
-                                           std::pair("1e300", nullptr), std::pair("\"0.5\"", nullptr),
-                                           std::pair("null", nullptr)));
+INSTANTIATE_TEST_SUITE_P(
+    , DiscountLine,
+    ::testing::Values(
+        NotedShare{"half", "0.5", 10.01, 5.01, "50"}, NotedShare{"all", "0", 12.4, 0.0, "100"},
+        NotedShare{"third", "0.6667", 100.0, 66.67, "33,33"}, NotedShare{"oneDecimal", "0.945", 10.0, 9.45, "5,5"},
+        NotedShare{"smallest", "0.9999", 10'000.0, 9'999.0, "0,01"},
+        NotedShare{"lowestPriceInstead", "0", 12.4, 1.2, nullptr},
+        NotedShare{"lowestPriceAboveHalf", "0.5", 10.0, 6.0, nullptr},
+        NotedShare{"notApplied", "0.9951", 12.4, 12.4, nullptr},
+        NotedShare{"lostInRounding", "0.99", 0.3, 0.3, nullptr}, NotedShare{"priceRaised", "0.5", 10.0, 11.0, nullptr},
+        NotedShare{"tooSmallToShow", "0.99999", 100'000.0, 99'999.0, nullptr},
+        NotedShare{"none", "1", 10.0, 9.0, nullptr}, NotedShare{"surcharge", "1.5", 10.0, 15.0, nullptr},
+        NotedShare{"belowZero", "-0.5", 10.0, -5.0, nullptr}, NotedShare{"endless", "1e300", 10.0, 9.0, nullptr},
+        NotedShare{"text", "\"0.5\"", 10.0, 5.0, nullptr}, NotedShare{"nothing", "null", 10.0, 5.0, nullptr}),
+    [](const auto& instance) { return std::string(instance.param.name); });

@@ -37,7 +37,7 @@ struct Read {
 /// A decimal number as a whole number of its last place, without any floating point.
 qint64 places(QString text, int decimals)
 {
-    text.remove(QChar::Nbsp).remove(u' ').replace(u'.', u',');
+    text.remove(QChar::Nbsp).remove(u' ').replace(u'.', u',').replace(u'−', u'-');
     const QString whole = text.section(u',', 0, 0);
     const QString rest = text.section(u',', 1, 1);
     bool isNumber = false;

@@ -67,6 +67,25 @@ TEST_F(ReturnFormTest, returnKeyAlone_returnsAll)
     EXPECT_EQ(returned(), Document::Returned::Wholly);
 }
 
+TEST_F(ReturnFormTest, positionOfTheSaleWasRemoved_placesAreThoseOfTheReceipt)
+{
+    for (int line = 0; line < 3; ++line) {
+        till->add(article(amoxidar, line + 1));
+    }
+    till->remove(1);
+    ASSERT_TRUE(till->close({Payment::cash(till->document()->getSum())}));
+    openWindow();
+    cashier.onForm(u"returnForm"_s, [](QWidget& form) {
+        EXPECT_EQ(table(form)->model()->index(0, 1).data(), u"1"_s);
+        EXPECT_EQ(table(form)->model()->index(1, 1).data(), u"2"_s);
+        press(Qt::Key_Return);
+    });
+    control::Action action(registeraction::returnSale);
+    action.insert(u"number"_s, 2);
+    EXPECT_EQ(controller.object.execute(action), EContext::GoOn);
+    EXPECT_EQ(openPositions(), (QList<int>{2, 3})) << "plug-ins know them by these numbers";
+}
+
 TEST_F(ReturnFormTest, spaceOnAPosition_leavesItOut)
 {
     openWindow();

@@ -56,6 +56,7 @@ protected:
         file.write(R"({"positions": [{"tag": "paper", "receiptLines": [
             {"option": "share", "label": "Скидка", "form": "discount"},
             {"option": "issuer", "label": "Кто"},
+            {"option": "doses", "label": "Доз", "form": "number"},
             {"option": "number", "label": "Номер"}]}]})");
         file.close();
         marks.load(file.fileName());
@@ -71,7 +72,7 @@ protected:
         first->setTag(u"paper"_s);
         first->setSoftCheckId(u"rx-1"_s);
         first->setExtendedOptions(
-            uR"({"share": 0.5, "issuer": "Поликлиника № 3 города Примерска и района", "number": "4500-1"})"_s);
+            uR"({"share": 0.5, "issuer": "Поликлиника № 3 города Примерска и района", "doses": 2.5, "number": "4500-1"})"_s);
         document->add({}, {});
         document->remove(2);
         document->add(goods(u"Бинт <b>%1</b>"_s, 1234.5, 10), {});
@@ -135,9 +136,9 @@ TEST_F(ReceiptPrinterTest, mixedPaymentAndItsReturn_showEachMethodAndTheCard)
     ending.payments = {Payment::cash(Kopecks{1'001'740}), Payment::card(Kopecks{234'500})};
     document->setEnding(ending);
     const QStringList lines = layout(*document);
-    const auto total = lines.indexOf(u"ИТОГО"_s + u"12 357,40"_s.rightJustified(35));
+    const auto total = lines.indexOf(u"ИТОГО, BYN"_s + u"12 357,40"_s.rightJustified(30));
     ASSERT_GE(total, 0);
-    EXPECT_EQ(lines.mid(total + 2),
+    EXPECT_EQ(lines.mid(total + 1),
               (QStringList{u"Получено наличными"_s + u"10 017,40"_s.rightJustified(22),
                            u"Картой"_s + u"2 345,00"_s.rightJustified(34), u"   Карта: **** 1234"_s,
                            u"   Код авторизации: A17"_s, u"Сдача"_s + u"5,00"_s.rightJustified(35), QString()}));
@@ -168,6 +169,46 @@ TEST_F(ReceiptPrinterTest, priceRaised_noBenefitIsPrinted)
     EXPECT_FALSE(layout(document).join(u'\n').contains(u"ьгот"_s));
 }
 
+TEST_F(ReceiptPrinterTest, lowestPriceInsteadOfTheShare_whatWasGivenIsPrintedWithoutAPercentage)
+{
+    Document document(1, QDateTime({2024, 1, 1}, {0, 0}));
+    const auto position = document.add(goods(u"x"_s, 12.4, 1), {});
+    position->setTag(u"paper"_s);
+    position->setExtendedOptions(uR"({"share": 0})"_s);
+    position->setPrice(1.2);
+    const QStringList lines = layout(document);
+    const auto full = lines.indexOf(u"   Сумма без льготы                12,40"_s);
+    ASSERT_GE(full, 0) << qPrintable(lines.join(u'\n'));
+    EXPECT_EQ(lines.at(full + 1), u"   Льгота                         −11,20"_s);
+    EXPECT_EQ(lines.at(full + 2), u"   1 × 1,20 =                       1,20"_s);
+    EXPECT_FALSE(lines.join(u'\n').contains(u'%'));
+}
+
+TEST_F(ReceiptPrinterTest, shareThatLeftThePrice_noBenefitAndNoPercentageIsPrinted)
+{
+    Document document(1, QDateTime({2024, 1, 1}, {0, 0}));
+    const auto position = document.add(goods(u"x"_s, 12.4, 1), {});
+    position->setTag(u"paper"_s);
+    position->setExtendedOptions(uR"({"share": 0.9951})"_s);
+    const QString printed = layout(document).join(u'\n');
+    EXPECT_FALSE(printed.contains(u'%'));
+    EXPECT_FALSE(printed.contains(u"ьгот"_s));
+}
+
+TEST_F(ReceiptPrinterTest, wordsOfTheHeadAndTheCurrency_comeFromTheConfiguration)
+{
+    config.set(u"Register:taxpayerNumber"_s, u"7700000017"_s);
+    config.set(u"Register:taxpayerWord"_s, u"ИНН"_s);
+    config.set(u"Register:currency"_s, u"руб."_s);
+    const QStringList lines = layout(*sale());
+    EXPECT_EQ(lines.first().trimmed(), u"ИНН 7700000017"_s);
+    EXPECT_EQ(lines.filter(u"ИТОГО, руб.  "_s).size(), 1);
+    config.set(u"Register:taxpayerNumber"_s, {});
+    config.set(u"Register:currency"_s, {});
+    EXPECT_FALSE(layout(*sale()).join(u'\n').contains(u"ИНН"_s));
+    EXPECT_EQ(layout(*sale()).filter(u"ИТОГО  "_s).size(), 1);
+}
+
 TEST_F(ReceiptPrinterTest, positionRemoved_theOthersAreCountedFromOne)
 {
     const auto document = sale();
@@ -186,7 +227,7 @@ TEST_F(ReceiptPrinterTest, benefit_isTheSavingOnAllPacksInKopecks)
     }
     const QStringList lines = layout(document);
     EXPECT_EQ(lines.filter(u"−0,60"_s).size(), 3);
-    EXPECT_EQ(lines.filter(u"Льгота всего"_s), QStringList(u"Льгота всего                        1,80"_s));
+    EXPECT_EQ(lines.filter(u"Льгота всего"_s), QStringList(u"Льгота всего                       −1,80"_s));
 }
 
 TEST_F(ReceiptPrinterTest, amountsOfAnySize_endAtTheRightEdge)
@@ -224,7 +265,7 @@ TEST_F(ReceiptPrinterTest, unusualNames_keepTheLayout)
         for (qsizetype line = 3; line < price; ++line) {
             EXPECT_TRUE(lines.at(line).startsWith(u"   "_s)) << qPrintable(lines.at(line));
         }
-        EXPECT_EQ(lines.filter(u"ИТОГО  "_s).size(), 1);
+        EXPECT_EQ(lines.filter(u"ИТОГО, BYN  "_s).size(), 1);
         for (const QString& line : lines) {
             EXPECT_LE(line.toUcs4().size(), 40);
             for (const QChar character : line) {
@@ -249,7 +290,7 @@ TEST_F(ReceiptPrinterTest, pdf_isAStripOfPaperWithTheSameText)
     const QString facts = shown(u"pdfinfo"_s, {pdf});
     const auto size = QRegularExpression(u"Page size: +([\\d.]+) x ([\\d.]+) pts"_s).match(facts);
     EXPECT_NEAR(size.captured(1).toDouble() / 72 * 25.4, 80.0, 0.5) << qPrintable(facts);
-    EXPECT_NEAR(size.captured(2).toDouble() / 72 * 25.4, 22 * 3.6 + 8, 0.5) << qPrintable(facts);
+    EXPECT_NEAR(size.captured(2).toDouble() / 72 * 25.4, 24 * 3.6 + 8, 0.5) << qPrintable(facts);
     EXPECT_TRUE(facts.contains(QRegularExpression(u"Pages: +1\\n"_s))) << qPrintable(facts);
     EXPECT_TRUE(facts.contains(QRegularExpression(u"Title: +ЧЕК № 7\\n"_s))) << qPrintable(facts);
 
@@ -272,7 +313,7 @@ TEST_F(ReceiptPrinterTest, receiptLongerThanAPage_continuesOnTheNext)
     EXPECT_TRUE(shown(u"pdfinfo"_s, {pdf}).contains(QRegularExpression(u"Pages: +2\\n"_s)));
     const QString text = shown(u"pdftotext"_s, {u"-layout"_s, pdf, u"-"_s});
     EXPECT_TRUE(text.contains(u"600. x"_s));
-    EXPECT_TRUE(text.contains(QRegularExpression(u"ИТОГО +600,00"_s)));
+    EXPECT_TRUE(text.contains(QRegularExpression(u"ИТОГО, BYN +600,00"_s)));
 }
 
 TEST_F(ReceiptPrinterTest, files_areReadableByTheirOwnerOnly)

@@ -85,6 +85,30 @@ TEST_F(PositionTableModelTest, markedPositionWithLowerPrice_showsMarkStateAndBot
               QColor(0x8a, 0x5a, 0));
 }
 
+TEST_F(PositionTableModelTest, priceRaised_isNoPriceWithoutABenefit)
+{
+    add(10, 1)->setPrice(11);
+    model.refresh(document);
+    EXPECT_TRUE(text(0, PositionTableModel::InitialPrice).isEmpty());
+    EXPECT_TRUE(model.isEmpty(PositionTableModel::InitialPrice));
+}
+
+TEST_F(PositionTableModelTest, captionsOfAmounts_nameBenefitAndCurrency)
+{
+    const auto caption = [this](int column) { return model.headerData(column, Qt::Horizontal).toString(); };
+    EXPECT_EQ(caption(PositionTableModel::InitialPrice), u"Без льготы"_s);
+    EXPECT_EQ(caption(PositionTableModel::Price), u"Цена, BYN"_s);
+    EXPECT_EQ(caption(PositionTableModel::Sum), u"Сумма, BYN"_s);
+}
+
+TEST_F(PositionTableModelTest, priceBelowZero_hasATrueMinusSign)
+{
+    add(10, 2)->setPrice(-1);
+    model.refresh(document);
+    EXPECT_EQ(text(0, PositionTableModel::Price), u"−1,00"_s);
+    EXPECT_EQ(text(0, PositionTableModel::Sum), u"−2,00"_s);
+}
+
 TEST_F(PositionTableModelTest, toolTip_showsTheReceiptLinesAsPlainText)
 {
     const auto position = add(10, 1);

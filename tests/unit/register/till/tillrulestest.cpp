@@ -91,9 +91,41 @@ TEST_F(TillRules, externalPosition_keepsItsQuantity)
 {
     till->add(article(amoxidar));
     const auto position = till->document()->position(1);
-    EXPECT_FALSE(Till::obstacleToChangingQuantity(*position));
+    EXPECT_FALSE(till->obstacleToChangingQuantity(*position));
     position->setSoftCheckId(u"rx-1"_s);
-    EXPECT_TRUE(text(Till::obstacleToChangingQuantity(*position)).startsWith(u"Позиция «Амоксидар"_s));
+    const QString refused = text(till->obstacleToChangingQuantity(*position));
+    EXPECT_TRUE(refused.startsWith(u"Позиция «Амоксидар"_s));
+    EXPECT_TRUE(refused.contains(u"» отпускается по документу, её количество"_s)) << qPrintable(refused);
+}
+
+TEST_F(TillRules, positionWhosePluginNamesItsOrigin_isSpokenOfByThatName)
+{
+    PositionMarks marks;
+    QFile file(folder.filePath(u"marks.json"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(R"({"positions": [{"tag": "paper", "origin": "по накладной"}]})");
+    file.close();
+    marks.load(file.fileName());
+    till->setMarks(marks);
+    till->add(article(amoxidar));
+    const auto position = till->document()->position(1);
+    position->setSoftCheckId(u"rx-1"_s);
+    position->setTag(u"paper"_s);
+    const QString refused = text(till->obstacleToChangingQuantity(*position));
+    EXPECT_TRUE(refused.contains(u"» отпускается по накладной, её количество"_s)) << qPrintable(refused);
+}
+
+TEST_F(TillRules, positionRemovedBefore_theMessageCountsFromOne)
+{
+    till->add(article(amoxidar));
+    till->add(article(amoxidar));
+    till->document()->position(2)->setSoftCheckId(u"rx-1"_s);
+    till->remove(1);
+    ASSERT_TRUE(till->document()->position(2)) << "plug-ins know it by this number";
+    activePlugins.clear();
+    const QString idle = text(till->obstacleToPayment());
+    EXPECT_TRUE(idle.startsWith(u"Документ № 1: позиция № 1 отпускается по документу, а ни один модуль"_s))
+        << qPrintable(idle);
 }
 
 TEST_F(TillRules, obstacleWithoutABriefForm_isShownInFull)

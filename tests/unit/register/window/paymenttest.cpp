@@ -85,6 +85,18 @@ TEST_F(PaymentTest, withoutAPaymentKey_theHintNamesNone)
     EXPECT_EQ(text("paymentHintLabel"), u"Ввод — дальше, Esc — назад к позициям."_s);
 }
 
+TEST_F(PaymentTest, currency_isShownBesideTheSumWhenThereIsOne)
+{
+    openWindow();
+    EXPECT_FALSE(isSeen("paymentCurrencyLabel"));
+    EXPECT_FALSE(isSeen("totalCurrencyLabel"));
+    config.set(u"Register:currency"_s, u"BYN"_s);
+    till->setPhase(Till::Phase::Positions);
+    openWindow();
+    EXPECT_EQ(text("paymentCurrencyLabel"), u"BYN"_s);
+    EXPECT_TRUE(isSeen("paymentCurrencyLabel"));
+}
+
 TEST_F(PaymentTest, payment_asksForTheMoney)
 {
     openWindow();

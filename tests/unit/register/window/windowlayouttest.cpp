@@ -4,6 +4,7 @@
 #include "windowfixture.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
@@ -78,6 +79,46 @@ TEST_P(WindowLayout, payment_isWholeAboveTheFunctionKeys)
         expectWhole(*key);
     }
     EXPECT_EQ(window->size(), std::get<QSize>(GetParam()));
+}
+
+TEST_P(WindowLayout, greatAmounts_areWholeAtThePayment)
+{
+    config.set(u"Register:currency"_s, u"BYN"_s);
+    openSized();
+    till->open();
+    till->document()->add({.name = u"Бинт"_s, .price = Kopecks{999'999'999}}, {});
+    till->setPhase(Till::Phase::Payment);
+    QApplication::processEvents();
+    auto* received = widget<QLineEdit>("receivedLineEdit");
+    for (const QString& typed : {QString(), u"9999999.99"_s}) {
+        received->setText(typed);
+        QApplication::processEvents();
+        for (const char* name : {"paymentCaptionLabel", "paymentSumLabel", "paymentCurrencyLabel", "changeLabel"}) {
+            const auto* label = widget<QLabel>(name);
+            expectWhole(*label);
+            EXPECT_GE(label->width(), label->sizeHint().width()) << name;
+        }
+        const int room = received->contentsRect().width() - 2 * 8; // its padding
+        const QString shown = typed.isEmpty() ? received->placeholderText() : typed;
+        EXPECT_GE(room, received->fontMetrics().horizontalAdvance(shown)) << qPrintable(shown);
+    }
+    EXPECT_EQ(received->fontInfo().pixelSize(), widget<QLabel>("paymentSumLabel")->fontInfo().pixelSize());
+}
+
+TEST_P(WindowLayout, greatTotal_isWholeBesideTheSearch)
+{
+    config.set(u"Register:currency"_s, u"BYN"_s);
+    openSized();
+    till->open();
+    till->document()->add({.name = u"Бинт"_s, .price = Kopecks{999'999'999}}, {});
+    emit till->changed();
+    QApplication::processEvents();
+    for (const char* name : {"totalCaptionLabel", "totalLabel", "totalCurrencyLabel"}) {
+        const auto* label = widget<QLabel>(name);
+        expectWhole(*label);
+        EXPECT_GE(label->width(), label->sizeHint().width()) << name;
+    }
+    EXPECT_EQ(widget<QLabel>("totalCurrencyLabel")->text(), u"BYN"_s);
 }
 
 INSTANTIATE_TEST_SUITE_P(, WindowLayout,

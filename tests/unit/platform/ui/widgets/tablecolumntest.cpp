@@ -24,7 +24,8 @@ TEST(TableColumnTest, texts_areInTheColumnsOrder)
 
 TEST(TableColumnTest, readFromAText_isTheSameColumn)
 {
-    for (const QString text : {"price;Цена;140;true;130", "searchText;;0;false;128", " code;;-2;true;132"}) {
+    for (const QString text :
+         {"price;Цена;140;true;130", "searchText;;0;false;128", " code;;-2;true;132", "sum;;-3;true;130"}) {
         const auto column = TableColumn::fromText(text);
         ASSERT_TRUE(column) << text.toStdString();
         EXPECT_EQ(column->text(), text);
@@ -41,7 +42,7 @@ TEST(TableColumnTest, blanksAroundNumbers_doNotCount)
 TEST(TableColumnTest, textOfAnotherForm_isNoColumn)
 {
     for (const QString text :
-         {"", "a", "a;;x;true;128", "a;;-3;true;128", "a;;90;yes;128", "a;;90;true;x", "a;;90;true;128;"}) {
+         {"", "a", "a;;x;true;128", "a;;-4;true;128", "a;;90;yes;128", "a;;90;true;x", "a;;90;true;128;"}) {
         EXPECT_FALSE(TableColumn::fromText(text)) << text.toStdString();
     }
 }

@@ -106,6 +106,37 @@ TEST_F(TalloTableViewTest, widthMinusTwoWithAnEndlessText_leavesRoomForTheOthers
     EXPECT_GT(view.columnWidth(0), 100);
 }
 
+TEST_F(TalloTableViewTest, widthMinusThree_holdsTheWidestAmountInBoldAndFollowsTheType)
+{
+    view.setModel(&model);
+    view.setColumns({"a;;-1;true;128", "b;;-2;true;128", "c;;-3;true;130", "d;;-2;true;128"});
+    show();
+    const auto widest = [this] {
+        QFont bold = view.font();
+        bold.setBold(true);
+        return QFontMetrics(bold).horizontalAdvance(u"9\u00a0999\u00a0999,99"_s);
+    };
+    EXPECT_GT(view.columnWidth(2), widest());
+    const int before = widest();
+    QFont larger = view.font();
+    larger.setPointSize(larger.pointSize() * 2);
+    view.setFont(larger);
+    ASSERT_GT(widest(), before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.columnWidth(2) > widest(); }, 5000));
+    EXPECT_LT(view.columnWidth(1), view.columnWidth(2));
+}
+
+TEST_F(TalloTableViewTest, longestTextInTheLastOfManyRows_fits)
+{
+    QStandardItemModel many(200, 2);
+    many.setItem(199, 1, new QStandardItem(u"ячейка пошире других"_s));
+    view.setModel(&many);
+    view.setColumns({"a;;-1;true;128", "b;;-2;true;128"});
+    show();
+    EXPECT_GE(view.columnWidth(1), view.fontMetrics().horizontalAdvance(u"ячейка пошире других"_s));
+    view.setModel(nullptr);
+}
+
 TEST_F(TalloTableViewTest, widthInPixels_isUsed)
 {
     view.setModel(&model);
@@ -172,7 +203,7 @@ TEST_F(TalloTableViewTest, textOfAnotherForm_leavesItsColumnAsItWas)
     view.setModel(&model);
     view.setColumns({"a;;150;true;128"});
     for (const QString broken :
-         {"", "a", "a;;x;true;128", "a;;-3;true;128", "a;;90;yes;128", "a;;90;true;x", "a;;90;true;128;"}) {
+         {"", "a", "a;;x;true;128", "a;;-4;true;128", "a;;90;yes;128", "a;;90;true;x", "a;;90;true;128;"}) {
         view.setColumns({broken, "b;;80;true;128"});
         EXPECT_EQ(view.columnWidth(0), 150) << broken.toStdString();
         EXPECT_FALSE(view.isColumnHidden(0)) << broken.toStdString();
