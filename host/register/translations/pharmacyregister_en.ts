@@ -456,6 +456,18 @@ Tell the administrator. You can open a new receipt.</translation>
         <source>ИТОГО</source>
         <translation>TOTAL</translation>
     </message>
+    <message id="returnTotal">
+        <source>К возврату</source>
+        <translation>To return</translation>
+    </message>
+    <message id="returnNext">
+        <source>Проверьте позиции возврата, затем выплатите деньги</source>
+        <translation>Check the items of the return, then pay the money out</translation>
+    </message>
+    <message id="returnNextKey">
+        <source>Проверьте позиции возврата, затем %1 — выплата</source>
+        <translation>Check the items of the return, then %1: pay out</translation>
+    </message>
     <message id="receiptNumber">
         <source>Чек № %1</source>
         <translation>Receipt %1</translation>
@@ -1243,8 +1255,8 @@ Pay out change of %3?</translation>
         <translation>Back to the card</translation>
     </message>
     <message id="returnTitle">
-        <source>Что возвращают: %1</source>
-        <translation>What comes back: %1</translation>
+        <source>Возврат товара. %1: отметьте, что возвращают</source>
+        <translation>Return of goods. %1: tick what comes back</translation>
     </message>
     <message id="returnColumnChosen">
         <source>Вернуть</source>
@@ -1283,8 +1295,20 @@ Pay out change of %3?</translation>
         <translation>Choose none</translation>
     </message>
     <message id="returnHint">
-        <source>Выбрано %1 из %2 на сумму %3. Пробел или касание строки меняет выбор.</source>
-        <translation>%1 of %2 chosen, for %3. The space bar or a touch on a row changes the choice.</translation>
+        <source>Выбрано %1 из %2 на сумму %3. Пробел — выбрать строку или снять, Ввод — вернуть выбранные, Esc — назад.</source>
+        <translation>%1 of %2 chosen, for %3. Space: choose a row or leave it out, Return: return what is chosen, Esc: back.</translation>
+    </message>
+    <message id="returnTouchHint">
+        <source>Выбрано %1 из %2 на сумму %3. Коснитесь строки, чтобы выбрать её или снять, затем кнопки «Вернуть выбранные».</source>
+        <translation>%1 of %2 chosen, for %3. Touch a row to choose it or leave it out, then the button "Return the chosen".</translation>
+    </message>
+    <message id="returnNotNow">
+        <source>Позицию № %1 пока нельзя вернуть: %2.</source>
+        <translation>Item No. %1 cannot come back now: %2.</translation>
+    </message>
+    <message id="returnColumnMark">
+        <source>Вид</source>
+        <translation>Kind</translation>
     </message>
     <message id="returnPositions">
         <source>Позиции продажи</source>
