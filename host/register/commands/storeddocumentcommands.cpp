@@ -157,7 +157,11 @@ EContext::Result StoredDocumentCommands::returnSale(control::Action& action)
     if (showIfObstacle(m_till.obstacleToReturning(*sale))) {
         return EContext::Stop;
     }
-    return m_till.returnPositions(sale, choosePositions(*sale)) ? EContext::GoOn : EContext::Stop;
+    const QSet<int> positions = choosePositions(*sale);
+    if (positions.isEmpty() || showIfObstacle(m_till.obstacleToReturning(*sale, positions))) {
+        return EContext::Stop;
+    }
+    return m_till.returnPositions(sale, positions) ? EContext::GoOn : EContext::Stop;
 }
 
 QSet<int> StoredDocumentCommands::choosePositions(const Document& sale) const
@@ -172,6 +176,9 @@ QSet<int> StoredDocumentCommands::choosePositions(const Document& sale) const
         if (returnable.contains(position->getNumber())) {
             params.positions.append(position);
             params.places.append(sale.placeOf(*position));
+        }
+        if (const auto obstacle = m_till.obstacleToReturning(sale, {position->getNumber()})) {
+            params.obstacles.insert(position->getNumber(), *obstacle);
         }
     }
     params.marks = &m_marks;

@@ -87,11 +87,8 @@ bool Till::returnSale(const QSharedPointer<Document>& sale)
 
 bool Till::returnPositions(const QSharedPointer<Document>& sale, const QSet<int>& positions)
 {
-    if (!sale || obstacleToReturning(*sale)) {
-        return false;
-    }
-    const QSet<int> chosen = returnablePositions(*sale) & positions;
-    if (chosen.isEmpty()) {
+    const QSet<int> chosen = sale ? returnablePositions(*sale) & positions : QSet<int>();
+    if (chosen.isEmpty() || obstacleToReturning(*sale, chosen)) {
         return false;
     }
     const QSharedPointer<Document> document = Document::returnOf(*sale, chosen, m_numbers.next(), now());

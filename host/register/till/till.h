@@ -100,7 +100,11 @@ public:
     /// A return is suspended only while there is an obstacleOfPlugins(), so that the till can go on.
     std::optional<Obstacle> obstacleToSuspending() const;
     std::optional<Obstacle> obstacleToResuming(const Document& document) const;
+    /// Why no position of the sale can be returned.
     std::optional<Obstacle> obstacleToReturning(const Document& sale) const;
+    /// Why these positions cannot be returned.
+    /// @param positions their numbers
+    std::optional<Obstacle> obstacleToReturning(const Document& sale, const QSet<int>& positions) const;
     std::optional<Obstacle> obstacleToVoiding(const Document& document) const;
     /// Why its receipt cannot be printed again.
     static std::optional<Obstacle> obstacleToPrinting(const Document& document);
@@ -132,7 +136,7 @@ public:
     bool returnSale(const QSharedPointer<Document>& sale);
     /// The same with some positions of the sale.
     /// @param positions their numbers; those that cannot be returned are passed over
-    /// @return false also when none is left
+    /// @return false also when none is left, and when there is an obstacleToReturning() the others
     bool returnPositions(const QSharedPointer<Document>& sale, const QSet<int>& positions);
     /// Voids a suspended or closed document and emits voided(); false when it could not be saved, and when there is an
     /// obstacleToVoiding().
@@ -162,6 +166,7 @@ private:
     QSharedPointer<Position> positionToRaise(const SelectedGoods& selected) const;
     void recalculateAndSave();
     bool isServed(const Position& position) const;
+    std::optional<Obstacle> obstacleToReturningAny(const Document& sale) const;
 
     // documentchanges.cpp
     bool end(const Document::Ending& ending, EActivityListener::Event event);

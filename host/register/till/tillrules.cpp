@@ -219,7 +219,36 @@ std::optional<Obstacle> Till::obstacleToReturning(const Document& sale) const
                             .arg(number(sale))
                             .arg(QString::number(sale.getReturnedBy()))};
     }
-    return obstacleOfPlugins(sale);
+    return obstacleToReturningAny(sale);
+}
+
+/// Why none of the positions that are left can be returned: each belongs to a plug-in that does not work.
+std::optional<Obstacle> Till::obstacleToReturningAny(const Document& sale) const
+{
+    const QSet<int> left = returnablePositions(sale);
+    std::optional<Obstacle> obstacle;
+    for (const QSharedPointer<Position>& position : sale.positions()) {
+        if (left.contains(position->getNumber())) {
+            if (isServed(*position)) {
+                return std::nullopt;
+            }
+            obstacle = pluginMissing(sale, *position);
+        }
+    }
+    return obstacle;
+}
+
+std::optional<Obstacle> Till::obstacleToReturning(const Document& sale, const QSet<int>& positions) const
+{
+    if (auto obstacle = obstacleToReturning(sale)) {
+        return obstacle;
+    }
+    for (const QSharedPointer<Position>& position : sale.positions()) {
+        if (positions.contains(position->getNumber()) && !isServed(*position)) {
+            return pluginMissing(sale, *position);
+        }
+    }
+    return std::nullopt;
 }
 
 std::optional<Obstacle> Till::obstacleToVoiding(const Document& document) const
