@@ -158,10 +158,22 @@ EContext::Result StoredDocumentCommands::returnSale(control::Action& action)
         return EContext::Stop;
     }
     const QSet<int> positions = choosePositions(*sale);
-    if (positions.isEmpty() || showIfObstacle(m_till.obstacleToReturning(*sale, positions))) {
+    if (positions.isEmpty() || showIfChanged(*sale) || showIfObstacle(m_till.obstacleToReturning(*sale, positions))) {
         return EContext::Stop;
     }
     return m_till.returnPositions(sale, positions) ? EContext::GoOn : EContext::Stop;
+}
+
+bool StoredDocumentCommands::showIfChanged(const Document& document) const
+{
+    const QSharedPointer<Document> saved = m_till.archive().find(document.getNumber());
+    if (saved && saved->toJson() == document.toJson()) {
+        return false;
+    }
+    showNotice(tr::Tr(u"documentChangedMeanwhile"_s, u"Документ № %1 изменился, пока касса ждала ответа.\n"
+                                                     "Проверьте его в списке документов и повторите."_s)
+                   .arg(QString::number(document.getNumber())));
+    return true;
 }
 
 QSet<int> StoredDocumentCommands::choosePositions(const Document& sale) const
@@ -218,7 +230,7 @@ EContext::Result StoredDocumentCommands::voidDocument(const QSharedPointer<Docum
         {u"annulYes"_s, u"Аннулировать"_s},
         {u"questionNo"_s, u"Нет"_s},
     };
-    if (!question.ask()) {
+    if (!question.ask() || showIfChanged(*document)) {
         return EContext::Stop;
     }
     control::Action action = Singleton<control::ActionFactory>::get()->create(control::VoidDocument);

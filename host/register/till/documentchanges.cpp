@@ -39,7 +39,8 @@ void Till::restore(const OpenDocumentFile::Loaded& loaded)
 
 bool Till::close(const QList<Payment>& payments)
 {
-    if (!m_document || totalOf(payments) < m_document->getSum() || obstacleOfPlugins(*m_document)) {
+    if (!m_document || totalOf(payments) < m_document->getSum() || obstacleToPayment() ||
+        m_document->unsettledCardOperation()) {
         return false;
     }
     if (m_document->isReturn() && !writeBackToSale()) {

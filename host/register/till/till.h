@@ -91,6 +91,9 @@ public:
     /// Why nothing can be done with the open document: none is open. A command begins with one, and a plug-in's trigger
     /// may have ended it.
     std::optional<Obstacle> obstacleToChangingDocument() const;
+    /// Why a command cannot go on after it waited for the cashier or a terminal: another document is open by now, or
+    /// none.
+    std::optional<Obstacle> obstacleToGoingOn(const QSharedPointer<Document>& document) const;
     std::optional<Obstacle> obstacleToAddingGoods() const;
     std::optional<Obstacle> obstacleToChangingPositions() const;
     static std::optional<Obstacle> obstacleToChangingQuantity(const Position& position);
@@ -122,7 +125,8 @@ public:
     /// Closes the document, prints its receipt and sends event 12.
     /// @param payments of the customer, together at least the sum; of a return: what is paid out
     /// @return false when nothing changed: no document is open, the payments are too little, there is an
-    ///         obstacleOfPlugins(), or the document could not be saved, which has been shown to the cashier
+    ///         obstacleToPayment(), a card operation is unsettled, or the document could not be saved, which has been
+    ///         shown to the cashier
     bool close(const QList<Payment>& payments);
     /// Cancels the document and sends event 22; false as for close(), and when there is an obstacleToCancelling().
     bool cancel();

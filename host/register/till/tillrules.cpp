@@ -35,6 +35,23 @@ Obstacle pluginMissing(const Document& document, const Position& position)
             tr::Tr(u"menuPluginIdle"_s, u"не работает модуль «%1»"_s).arg(position.getPlugin())};
 }
 
+Obstacle documentGone()
+{
+    return {{u"documentGone"_s, u"Чек уже не открыт: модуль закрыл его во время действия.\n"
+                                "Проверьте чек в списке документов."_s}};
+}
+
+Obstacle belowZero(const Document& document)
+{
+    const tr::Tr text =
+        document.isReturn()
+            ? tr::Tr(u"returnBelowZero"_s, u"Сумма возврата меньше нуля: %1.\n"
+                                           "Отмените возврат и верните эту позицию вместе с другими."_s)
+            : tr::Tr(u"totalBelowZero"_s, u"Сумма чека меньше нуля: %1.\n"
+                                          "Удалите позицию с отрицательной ценой или позовите администратора."_s);
+    return {text.arg(amountText(document.getSum())), {u"menuTotalBelowZero"_s, u"сумма меньше нуля"_s}};
+}
+
 /// True when a refund was approved, or nobody knows whether it was.
 bool hasPaidOut(const Document& document)
 {
@@ -111,8 +128,12 @@ std::optional<Obstacle> Till::obstacleToChangingDocument() const
     if (m_document) {
         return std::nullopt;
     }
-    return Obstacle{{u"documentGone"_s, u"Чек уже не открыт: модуль закрыл его во время действия.\n"
-                                        "Проверьте чек в списке документов."_s}};
+    return documentGone();
+}
+
+std::optional<Obstacle> Till::obstacleToGoingOn(const QSharedPointer<Document>& document) const
+{
+    return m_document == document ? std::nullopt : std::optional(documentGone());
 }
 
 std::optional<Obstacle> Till::obstacleToAddingGoods() const
@@ -151,12 +172,8 @@ std::optional<Obstacle> Till::obstacleToPayment() const
                                                      "Завершите её: отмените чек ещё раз."_s)
                             .arg(number(*m_document))};
     }
-    if (m_document && !m_document->isReturn() && m_document->getSum() < Kopecks{0}) {
-        return Obstacle{tr::Tr(u"totalBelowZero"_s,
-                               u"Сумма чека меньше нуля: %1.\n"
-                               "Удалите позицию с отрицательной ценой или позовите администратора."_s)
-                            .arg(amountText(m_document->getSum())),
-                        {u"menuTotalBelowZero"_s, u"сумма меньше нуля"_s}};
+    if (m_document && m_document->getSum() < Kopecks{0}) {
+        return belowZero(*m_document);
     }
     if (m_document && !m_document->positions().isEmpty()) {
         return obstacleOfPlugins(*m_document);

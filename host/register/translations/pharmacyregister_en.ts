@@ -652,6 +652,12 @@ Wait until it is free, and repeat.</translation>
         <translation>Document no. %1 is not voided: no money went back to the card, and its dispenses are cancelled.
 Repeat the voiding when the terminal answers.</translation>
     </message>
+    <message id="documentChangedMeanwhile">
+        <source>Документ № %1 изменился, пока касса ждала ответа.
+Проверьте его в списке документов и повторите.</source>
+        <translation>Document No. %1 changed while the register waited for an answer.
+Check it in the list of documents and try again.</translation>
+    </message>
     <message id="takeBackSuspended">
         <source>Возврат продажи № %1 начат и отложен, его номер %2.
 Возьмите его в работу из списка документов.</source>
@@ -663,6 +669,12 @@ Resume it from the list of documents.</translation>
 Удалите позицию с отрицательной ценой или позовите администратора.</source>
         <translation>The receipt's total is below zero: %1.
 Remove the position with the negative price, or call the administrator.</translation>
+    </message>
+    <message id="returnBelowZero">
+        <source>Сумма возврата меньше нуля: %1.
+Отмените возврат и верните эту позицию вместе с другими.</source>
+        <translation>The total of the return is below zero: %1.
+Cancel the return and return this item together with others.</translation>
     </message>
     <message id="menuTotalBelowZero">
         <source>сумма меньше нуля</source>
@@ -1207,6 +1219,18 @@ What was paid by card goes back to the customer’s card.</translation>
 Отмените чек: деньги вернутся на карту. Затем продайте заново.</source>
         <translation>The card was charged %1, and the receipt now comes to %2.
 Cancel the receipt: the money goes back to the card. Then sell again.</translation>
+    </message>
+    <message id="sumRaisedDuringPayment">
+        <source>Сумма чека выросла во время оплаты: остаётся оплатить %1.
+Примите остаток: наличными или картой.</source>
+        <translation>The receipt's total rose during the payment: %1 is still due.
+Take the rest in cash or by card.</translation>
+    </message>
+    <message id="changedDuringPayment">
+        <source>Чек № %1 изменился во время оплаты.
+Проверьте позиции и перейдите к оплате ещё раз.</source>
+        <translation>Receipt No. %1 changed during the payment.
+Check the items and go to the payment again.</translation>
     </message>
     <message id="absurdTitle">
         <source>Слишком много денег</source>

@@ -4,15 +4,19 @@
 #include "dialogdouble.h"
 #include "documentwords.h"
 #include "inputblocker.h"
+#include "pluginscope.h"
 #include "positionmarks.h"
 #include "receiptprinter.h"
 #include "registeraction.h"
+#include "savetofilelogic.h"
 #include "savingdouble.h"
 #include "storeddocumentcommands.h"
 #include "terminaldouble.h"
 
+#include <QAbstractItemView>
 #include <QJsonArray>
 #include <QLabel>
+#include <QPushButton>
 
 #include <stdexcept>
 
@@ -21,12 +25,20 @@ using namespace Qt::StringLiterals;
 class CardPaymentTest : public CommandFixture
 {
 protected:
-    CardPaymentTest() { storedDocumentCommands.offer(controller.object); }
+    CardPaymentTest() { storedDocumentCommands->offer(controller.object); }
 
     /// A document over 24,80 that is at its payment.
     void standAtPayment()
     {
         till->add(article(amoxidar, 2));
+        till->setPhase(Till::Phase::Payment);
+    }
+    /// The same, of a position that belongs to the plug-in "testplugin".
+    void serveAndStandAtPayment()
+    {
+        till->add(article(amoxidar, 2));
+        const PluginScope scope(u"testplugin"_s);
+        till->document()->position(1)->setSoftCheckId(u"rx-1"_s);
         till->setPhase(Till::Phase::Payment);
     }
     EContext::Result payByCard(const QString& cash = {})
@@ -38,6 +50,10 @@ protected:
     void chargeAndStayOpen(const QString& cash = {})
     {
         standAtPayment();
+        payByCardAndStayOpen(cash);
+    }
+    void payByCardAndStayOpen(const QString& cash = {})
+    {
         SavingDouble saving;
         saving.onSave = [](const auto& document, const QString&, const auto& write) {
             const bool closes = document->isClosed();
@@ -64,17 +80,44 @@ protected:
     /// Of the messages that the cashier saw; empty when there was none.
     QString firstText() const { return dialog.messages().value(0).text; }
     QString lastText() const { return dialog.messages().value(dialog.messages().size() - 1).text; }
+    QJsonObject saved(const QString& name) const
+    {
+        QFile file(folder.filePath(name));
+        return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+    }
+    /// Resumes a suspended document as the cashier does.
+    EContext::Result resume(int number)
+    {
+        cashier.onForm(u"documentListForm"_s, [number](QWidget&) {
+            control::Action answer(control::DialogAnswer);
+            answer.appendArgument(number, u"resume"_s);
+            Singleton<ActionQueueController>::get()->enqueue(answer, true);
+        });
+        return run(registeraction::showDocuments);
+    }
+    /// Voids a document as the cashier does.
+    EContext::Result voidByNumber(int number)
+    {
+        answerQuestion("yesButton");
+        return run(registeraction::voidByNumber, {{u"number"_s, number}});
+    }
     QJsonObject savedOperation() const { return savedDocument().value("cardOperations"_L1).toArray().at(0).toObject(); }
     /// The register ends without warning and starts again.
     void crash()
     {
         openDocumentCommands.reset();
         DocumentWatcher::setCurrentDocument(nullptr);
+        till.reset(); // first: each till puts back what it replaced
         till = std::make_unique<Till>(folder.path());
+        till->setActivePlugins([this] { return activePlugins; });
         openDocumentCommands = std::make_unique<OpenDocumentCommands>(*till);
         openDocumentCommands->offer(controller.object);
+        goodsCommands = std::make_unique<GoodsCommands>(*till, catalogue);
+        goodsCommands->offer(controller.object);
         paymentCommands = std::make_unique<PaymentCommands>(*till);
         paymentCommands->offer(controller.object);
+        storedDocumentCommands = std::make_unique<StoredDocumentCommands>(*till, printer, marks);
+        storedDocumentCommands->offer(controller.object);
         till->restore(OpenDocumentFile(folder.path()).load());
         paymentCommands->settleRestored();
         till->setPhase(Till::Phase::Payment);
@@ -82,7 +125,8 @@ protected:
 
     PositionMarks marks;
     ReceiptPrinter printer{folder.path(), marks};
-    StoredDocumentCommands storedDocumentCommands{*till, printer, marks};
+    std::unique_ptr<StoredDocumentCommands> storedDocumentCommands =
+        std::make_unique<StoredDocumentCommands>(*till, printer, marks);
     ConnectedTerminal terminal;
     DialogDouble dialog;
 };
@@ -330,16 +374,160 @@ TEST_F(CardPaymentTest, sumLoweredAfterTheCharge_isNotClosedWithCashForTheCard)
     EXPECT_TRUE(till->document());
 }
 
-TEST_F(CardPaymentTest, documentCancelledWhileTheTerminalWorks_isNotCancelledButPaid)
+TEST_F(CardPaymentTest, documentIsEndedWhileTheTerminalWorks_staysOpenAndIsPaid)
+{
+    const int other = suspend();
+    standAtPayment();
+    const auto document = till->document();
+    terminal->onMove = [&](const auto&, const auto& move) {
+        move();
+        EXPECT_FALSE(till->cancel()) << "nobody knows yet whether the money moved";
+        EXPECT_FALSE(till->suspend());
+        EXPECT_FALSE(till->close({Payment::cash(Kopecks{2480})}));
+        EXPECT_FALSE(till->voidDocument(document));
+        EXPECT_FALSE(till->resume(archived(other)));
+        till->open();
+        EXPECT_EQ(till->document(), document);
+        EXPECT_EQ(till->add(article(amoxidar)), 0);
+        till->setPacks(1, 5);
+        till->remove(1);
+        return TerminalDouble::approved();
+    };
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    EXPECT_EQ(archived(2)->getState(), Document::State::Closed);
+    EXPECT_EQ(archived(2)->ending().payments, QList<Payment>{Payment::card(Kopecks{2480})});
+    EXPECT_EQ(archived(other)->getState(), Document::State::Suspended);
+}
+
+TEST_F(CardPaymentTest, actionsWhileTheTerminalWorks_areStopped)
+{
+    const int other = sold();
+    standAtPayment();
+    QList<EContext::Result> results;
+    terminal->onMove = [&](const auto&, const auto& move) {
+        move();
+        for (const auto type :
+             {control::CancelDocument, control::CancelDocumentFromMenu, control::RemovePosition, control::VoidDocument,
+              control::Subtotal, control::SubtotalAndPayment, control::AddSelectedGoods, registeraction::pay,
+              registeraction::suspend, registeraction::openSale, registeraction::addGoods, registeraction::returnSale,
+              registeraction::changeQuantity, registeraction::backToPositions, registeraction::voidByNumber}) {
+            control::Action inner(type);
+            inner.insert(u"positionNumber"_s, 1);
+            inner.insert(u"number"_s, other);
+            inner.insert(u"document"_s, QVariant::fromValue(archived(other).staticCast<AbstractDocument>()));
+            results.append(controller.object.execute(inner));
+        }
+        return TerminalDouble::approved();
+    };
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    EXPECT_EQ(results, QList<EContext::Result>(15, EContext::Stop));
+    EXPECT_EQ(archived(2)->ending().payments, QList<Payment>{Payment::card(Kopecks{2480})});
+    EXPECT_EQ(archived(other)->getState(), Document::State::Closed);
+}
+
+TEST_F(CardPaymentTest, pluginEndsWhileTheTerminalWorks_documentStaysOpenWithTheMoney)
+{
+    serveAndStandAtPayment();
+    terminal->onMove = [this](const auto&, const auto& move) {
+        move();
+        activePlugins.clear();
+        return TerminalDouble::approved();
+    };
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    EXPECT_TRUE(lastText().contains(u"ведёт модуль «testplugin», а он не работает"_s)) << qPrintable(lastText());
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->document()->getCharged(), Kopecks{2480});
+    activePlugins = {u"testplugin"_s};
+    EXPECT_EQ(payInCash(), EContext::GoOn);
+    EXPECT_EQ(archived(1)->ending().payments, QList<Payment>{Payment::card(Kopecks{2480})});
+}
+
+/// How a plug-in sets the price of one of two packs at 12,40 while the terminal takes 24,80.
+struct NewPrice {
+    const char* name;
+    double price;
+    const char* shown;
+};
+
+class PriceDuringThePayment : public CardPaymentTest, public ::testing::WithParamInterface<NewPrice>
+{
+};
+
+TEST_P(PriceDuringThePayment, documentStaysOpenAndTheCashierReadsWhy)
 {
     standAtPayment();
     terminal->onMove = [this](const auto&, const auto& move) {
         move();
-        EXPECT_FALSE(till->cancel()) << "nobody knows yet whether the money moved";
+        till->document()->position(1)->setPrice(GetParam().price);
         return TerminalDouble::approved();
     };
-    EXPECT_EQ(payByCard(), EContext::GoOn);
-    EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    EXPECT_TRUE(lastText().startsWith(QString::fromUtf8(GetParam().shown))) << qPrintable(lastText());
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->document()->getState(), Document::State::Open);
+    EXPECT_EQ(till->document()->getCharged(), Kopecks{2480});
+}
+
+INSTANTIATE_TEST_SUITE_P(, PriceDuringThePayment,
+                         ::testing::Values(NewPrice{"lowered", 10, "С карты списано 24,80, а сумма чека теперь 20,00."},
+                                           NewPrice{"raised", 15,
+                                                    "Сумма чека выросла во время оплаты: остаётся оплатить 5,20."},
+                                           NewPrice{"belowZero", -1, "Сумма чека меньше нуля"}),
+                         [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_F(CardPaymentTest, priceRaisedDuringThePayment_theRestIsTakenInCash)
+{
+    standAtPayment();
+    terminal->onMove = [this](const auto&, const auto& move) {
+        move();
+        till->document()->position(1)->setPrice(15);
+        return TerminalDouble::approved();
+    };
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    EXPECT_EQ(payInCash(u"10"_s), EContext::GoOn);
+    EXPECT_EQ(archived(1)->ending().payments,
+              (QList<Payment>{Payment::cash(Kopecks{1000}), Payment::card(Kopecks{2480})}));
+    EXPECT_EQ(archived(1)->getChange(), Kopecks{480});
+}
+
+TEST_F(CardPaymentTest, documentChangesWhileAnOperationIsSettled_isNotPaidBeforeItsSubtotal)
+{
+    standAtPayment();
+    terminal->loseAnswers();
+    terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    terminal->onFind = [this](const auto&) {
+        till->document()->position(1)->setPrice(-1);
+        return CardAnswer::declined();
+    };
+    EXPECT_EQ(payInCash(), EContext::Stop);
+    EXPECT_TRUE(lastText().startsWith(u"Сумма чека меньше нуля"_s));
+    EXPECT_TRUE(till->document());
+
+    till->document()->position(1)->setPrice(12.4);
+    till->setPhase(Till::Phase::Payment);
+    terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    terminal->onFind = [this](const auto&) {
+        till->setPhase(Till::Phase::Positions);
+        return CardAnswer::declined();
+    };
+    EXPECT_EQ(payInCash(), EContext::Stop);
+    EXPECT_TRUE(lastText().startsWith(u"Чек № 1 изменился во время оплаты."_s)) << qPrintable(lastText());
+    EXPECT_TRUE(till->document());
+}
+
+TEST_F(CardPaymentTest, goodsAddedWhileTheCashierIsAskedAboutTheChange_areNotPaidBeforeTheirSubtotal)
+{
+    standAtPayment();
+    cashier.onForm(u"questionForm"_s, [this](QWidget& root) {
+        EXPECT_GT(till->add(article(amoxidar)), 0);
+        press(root, "yesButton");
+    });
+    EXPECT_EQ(payInCash(u"9000"_s), EContext::Stop);
+    EXPECT_TRUE(lastText().startsWith(u"Чек № 1 изменился во время оплаты."_s)) << qPrintable(lastText());
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->document()->positions().size(), 2);
 }
 
 TEST_F(CardPaymentTest, chargedDocumentIsCancelled_moneyGoesBackFirst)
@@ -563,4 +751,56 @@ TEST_F(CardPaymentTest, voidingRefundDeclined_saleStaysClosed)
     EXPECT_EQ(run(registeraction::voidByNumber, {{u"number"_s, sale}}), EContext::Stop);
     EXPECT_EQ(archived(sale)->getState(), Document::State::Closed);
     EXPECT_EQ(terminal->taken(), 3720);
+}
+
+TEST_F(CardPaymentTest, saleBelowZeroAtItsPayment_isNotClosed)
+{
+    standAtPayment();
+    till->document()->position(1)->setPrice(-1);
+    EXPECT_FALSE(till->close({Payment::cash(Kopecks{0})}));
+    EXPECT_EQ(payInCash(), EContext::Stop);
+    EXPECT_TRUE(till->document());
+}
+
+TEST_F(CardPaymentTest, documentReplacedWhileTheCancellationIsAskedAbout_theNextOneIsNotCancelled)
+{
+    chargeAndStayOpen();
+    terminal.disconnect();
+    cashier.onForm(u"questionForm"_s, [this](QWidget& root) {
+        till->setPhase(Till::Phase::Payment);
+        EXPECT_TRUE(till->close({Payment::card(Kopecks{2480})}));
+        till->add(article(amoxidar));
+        press(root, "noButton");
+    });
+    EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->document()->getNumber(), 2);
+    EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
+}
+
+TEST_F(CardPaymentTest, saleReturnedWhileTheVoidingIsAskedAbout_isNotVoided)
+{
+    const int sale = soldTwo();
+    cashier.onForm(u"questionForm"_s, [this](QWidget& root) {
+        EXPECT_TRUE(till->returnSale(archived(1)));
+        EXPECT_TRUE(till->close({Payment::cash(Kopecks{3720})}));
+        press(root, "yesButton");
+    });
+    EXPECT_EQ(run(registeraction::voidByNumber, {{u"number"_s, sale}}), EContext::Stop);
+    EXPECT_TRUE(lastText().startsWith(u"Документ № 1 изменился, пока касса ждала ответа."_s)) << qPrintable(lastText());
+    EXPECT_EQ(archived(sale)->getState(), Document::State::Closed);
+    EXPECT_EQ(terminal->count("refund"), 0);
+}
+
+TEST_F(CardPaymentTest, saleVoidedWhileItsPositionsAreChosen_isNotReturned)
+{
+    const int sale = soldTwo();
+    cashier.onForm(u"returnForm"_s, [this](QWidget& root) {
+        EXPECT_TRUE(till->voidDocument(archived(1)));
+        press(root, "returnButton");
+    });
+    EXPECT_EQ(run(registeraction::returnSale, {{u"number"_s, sale}}), EContext::Stop);
+    EXPECT_TRUE(lastText().startsWith(u"Документ № 1 изменился, пока касса ждала ответа."_s)) << qPrintable(lastText());
+    EXPECT_FALSE(till->document());
+    EXPECT_EQ(archived(sale)->getState(), Document::State::Voided);
 }
