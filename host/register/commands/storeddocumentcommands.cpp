@@ -45,6 +45,10 @@ std::optional<int> documentNumber(const control::Action& action, const tr::Tr& t
 
 tr::Tr voidQuestion(const Document& document)
 {
+    if (document.getState() == Document::State::Suspended && document.getCharged() > Kopecks{0}) {
+        return {u"annulPutAsideChargedQuestion"_s, u"Аннулировать отложенный чек № %1 на сумму %2?\n"
+                                                   "Оплата картой вернётся на карту покупателя."_s};
+    }
     if (document.getState() == Document::State::Suspended) {
         return {u"annulPutAsideQuestion"_s, u"Аннулировать отложенный чек № %1 на сумму %2?"_s};
     }
@@ -135,7 +139,11 @@ EContext::Result StoredDocumentCommands::resume(int number)
     if (showIfObstacle(m_till.obstacleToResuming(*document))) {
         return EContext::Stop;
     }
-    return m_till.resume(document) ? EContext::GoOn : EContext::Stop;
+    if (!m_till.resume(document)) {
+        return EContext::Stop;
+    }
+    m_cards.settleOrShow(document);
+    return EContext::GoOn;
 }
 
 EContext::Result StoredDocumentCommands::returnSale(control::Action& action)

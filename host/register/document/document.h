@@ -97,6 +97,11 @@ public:
     {
         return cardoperations::totalOf(cardoperations::approved(m_cardOperations, CardOperation::Kind::Refund));
     }
+    /// What has been paid out in cash for payments by card.
+    Kopecks getRefundedInCash() const
+    {
+        return cardoperations::totalOf(cardoperations::approved(m_cardOperations, CardOperation::Kind::CashRefund));
+    }
 
     /// Adds a position with the next number. The number of a removed position is not used again.
     /// @param barcode, code of the goods in the catalogue

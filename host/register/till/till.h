@@ -100,7 +100,8 @@ public:
     /// Why neither the subtotal nor the payment can be shown.
     std::optional<Obstacle> obstacleToPayment() const;
     std::optional<Obstacle> obstacleToCancelling() const;
-    /// A return is suspended only while there is an obstacleOfPlugins(), so that the till can go on.
+    /// A return, and a sale with money from a card, are suspended only while there is an obstacleOfPlugins(), so that
+    /// the till can go on.
     std::optional<Obstacle> obstacleToSuspending() const;
     std::optional<Obstacle> obstacleToResuming(const Document& document) const;
     /// Why no position of the sale can be returned.
@@ -170,6 +171,7 @@ private:
     QSharedPointer<Position> positionToRaise(const SelectedGoods& selected) const;
     void recalculateAndSave();
     bool isServed(const Position& position) const;
+    std::optional<Obstacle> obstacleWhileCharged() const;
     std::optional<Obstacle> obstacleToReturningAny(const Document& sale) const;
 
     // documentchanges.cpp

@@ -61,20 +61,23 @@ bool hasPaidOut(const Document& document)
     });
 }
 
-/// Money from a card binds the document: its sum stays as it is.
-std::optional<Obstacle> obstacleWhileCharged(const Document& document)
+} // namespace
+
+/// Money from a card binds the open document: its sum stays as it is.
+std::optional<Obstacle> Till::obstacleWhileCharged() const
 {
-    if (document.getCharged() == Kopecks{0} && !document.unsettledCardOperation()) {
+    if (!m_document || (m_document->getCharged() == Kopecks{0} && !m_document->unsettledCardOperation())) {
         return std::nullopt;
+    }
+    if (auto obstacle = obstacleOfPlugins(*m_document)) {
+        return obstacle; // it can neither be paid nor cancelled
     }
     return Obstacle{tr::Tr(u"chargedNotChanged"_s,
                            u"По чеку № %1 уже есть оплата картой, он не меняется.\n"
                            "Завершите оплату. Чтобы изменить чек, отмените его: деньги вернутся на карту."_s)
-                        .arg(number(document)),
+                        .arg(number(*m_document)),
                     {u"menuCharged"_s, u"есть оплата картой"_s}};
 }
-
-} // namespace
 
 bool Till::isServed(const Position& position) const
 {
@@ -139,7 +142,7 @@ std::optional<Obstacle> Till::obstacleToGoingOn(const QSharedPointer<Document>& 
 std::optional<Obstacle> Till::obstacleToAddingGoods() const
 {
     if (!m_document || !m_document->isReturn()) {
-        return m_document ? obstacleWhileCharged(*m_document) : std::nullopt;
+        return obstacleWhileCharged();
     }
     return Obstacle{{u"takeBackTakesNoGoods"_s,
                      u"Открыт возврат: товары в него не добавляются.\nЗавершите возврат или отмените его."_s}};
@@ -148,7 +151,7 @@ std::optional<Obstacle> Till::obstacleToAddingGoods() const
 std::optional<Obstacle> Till::obstacleToChangingPositions() const
 {
     if (!m_document || !m_document->isReturn()) {
-        return m_document ? obstacleWhileCharged(*m_document) : std::nullopt;
+        return obstacleWhileCharged();
     }
     return Obstacle{{u"takeBackIsWhole"_s,
                      u"Позиции возврата не меняются.\nЧтобы вернуть другие, отмените возврат и начните его заново."_s}};
@@ -184,11 +187,11 @@ std::optional<Obstacle> Till::obstacleToPayment() const
 
 std::optional<Obstacle> Till::obstacleToSuspending() const
 {
-    if (!m_document || !m_document->isReturn()) {
-        return m_document ? obstacleWhileCharged(*m_document) : std::nullopt;
-    }
-    if (obstacleOfPlugins(*m_document)) {
+    if (!m_document || obstacleOfPlugins(*m_document)) {
         return std::nullopt;
+    }
+    if (!m_document->isReturn()) {
+        return obstacleWhileCharged();
     }
     return Obstacle{{u"takeBackNotPutAside"_s, u"Возврат нельзя отложить: завершите его или отмените."_s},
                     {u"menuTakeBackOpen"_s, u"возврат не откладывают"_s}};

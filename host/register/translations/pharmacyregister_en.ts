@@ -546,6 +546,12 @@ Choose another document.</translation>
         <source>Аннулировать отложенный чек № %1 на сумму %2?</source>
         <translation>Annul receipt No. %1 of %2, which was put aside?</translation>
     </message>
+    <message id="annulPutAsideChargedQuestion">
+        <source>Аннулировать отложенный чек № %1 на сумму %2?
+Оплата картой вернётся на карту покупателя.</source>
+        <translation>Annul receipt No. %1 of %2, which was put aside?
+The card payment goes back to the customer's card.</translation>
+    </message>
     <message id="annulYes">
         <source>Аннулировать</source>
         <translation>Annul</translation>
@@ -821,6 +827,18 @@ Cancel the return all the same?</translation>
     <message id="putAsideAnnulled">
         <source>Отложенный чек № %1 аннулирован</source>
         <translation>Receipt No. %1, put aside, was annulled</translation>
+    </message>
+    <message id="putAsideAnnulledPaidBack">
+        <source>Отложенный чек № %1 аннулирован. Верните покупателю наличными %2</source>
+        <translation>Put-aside receipt No. %1 annulled. Pay %2 back to the customer in cash</translation>
+    </message>
+    <message id="putAsideAnnulledRefunded">
+        <source>Отложенный чек № %1 аннулирован. На карту возвращено %2</source>
+        <translation>Put-aside receipt No. %1 annulled. %2 went back to the card</translation>
+    </message>
+    <message id="putAsideAnnulledPaidBackBoth">
+        <source>Отложенный чек № %1 аннулирован. На карту возвращено %2, верните наличными %3</source>
+        <translation>Put-aside receipt No. %1 annulled. %2 went back to the card, pay %3 back in cash</translation>
     </message>
     <message id="saleWithoutMoneyAnnulled">
         <source>Чек № %1 аннулирован</source>
@@ -1258,6 +1276,10 @@ Pay out change of %3?</translation>
         <source>Чек № %1 отменён. Верните покупателю наличными %2</source>
         <translation>Receipt No. %1 cancelled. Pay %2 back to the customer in cash</translation>
     </message>
+    <message id="receiptCancelledPaidBackBoth">
+        <source>Чек № %1 отменён. На карту возвращено %2, верните наличными %3</source>
+        <translation>Receipt No. %1 cancelled. %2 went back to the card, pay %3 back in cash</translation>
+    </message>
     <message id="receiptCancelledRefunded">
         <source>Чек № %1 отменён. На карту возвращено %2</source>
         <translation>Receipt No. %1 cancelled. %2 went back to the card</translation>
@@ -1265,6 +1287,10 @@ Pay out change of %3?</translation>
     <message id="documentPartlyTakenBack">
         <source>Продажа, возвращена частично</source>
         <translation>Sale, partly returned</translation>
+    </message>
+    <message id="documentPutAsideCharged">
+        <source>Отложен, есть оплата картой</source>
+        <translation>Put aside, with a card payment</translation>
     </message>
     <message id="saleAnnulledToCard">
         <source>Чек № %1 аннулирован. На карту возвращено %2, верните наличными %3</source>

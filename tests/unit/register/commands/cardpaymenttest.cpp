@@ -425,6 +425,33 @@ TEST_F(CardPaymentTest, actionsWhileTheTerminalWorks_areStopped)
     EXPECT_EQ(archived(other)->getState(), Document::State::Closed);
 }
 
+TEST_F(CardPaymentTest, suspendedWhileTheTerminalWorks_theMoneyWaitsOnTheSuspendedDocument)
+{
+    serveAndStandAtPayment();
+    terminal->onMove = [this](const auto&, const auto& move) {
+        move();
+        activePlugins.clear();
+        EXPECT_TRUE(till->suspend()) << "its plug-in ended";
+        till->add(article(amoxidar));
+        till->setPhase(Till::Phase::Payment);
+        return TerminalDouble::approved();
+    };
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    EXPECT_TRUE(lastText().startsWith(u"Чек уже не открыт"_s));
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->document()->getNumber(), 2) << "the next customer's is not closed with that money";
+    EXPECT_TRUE(till->document()->cardOperations().isEmpty());
+    EXPECT_EQ(archived(1)->getCharged(), Kopecks{2480});
+
+    ASSERT_TRUE(till->cancel());
+    activePlugins = {u"testplugin"_s};
+    EXPECT_EQ(resume(1), EContext::GoOn);
+    till->setPhase(Till::Phase::Payment);
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    EXPECT_EQ(terminal->taken(), 2480);
+    EXPECT_EQ(archived(1)->ending().payments, QList<Payment>{Payment::card(Kopecks{2480})});
+}
+
 TEST_F(CardPaymentTest, pluginEndsWhileTheTerminalWorks_documentStaysOpenWithTheMoney)
 {
     serveAndStandAtPayment();
@@ -777,6 +804,167 @@ TEST_F(CardPaymentTest, documentReplacedWhileTheCancellationIsAskedAbout_theNext
     EXPECT_EQ(till->document()->getNumber(), 2);
     EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
 }
+
+TEST_F(CardPaymentTest, documentReplacedWhileItsRefundWorks_theNextOneIsNotCancelled)
+{
+    serveAndStandAtPayment();
+    payByCardAndStayOpen();
+    terminal->onMove = [this](const auto&, const auto& move) {
+        move();
+        activePlugins.clear();
+        EXPECT_TRUE(till->suspend());
+        till->add(article(amoxidar));
+        return TerminalDouble::approved();
+    };
+    EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
+    EXPECT_TRUE(lastText().startsWith(u"Чек уже не открыт"_s)) << qPrintable(lastText());
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->document()->getNumber(), 2);
+    EXPECT_EQ(archived(1)->getState(), Document::State::Suspended);
+    EXPECT_EQ(archived(1)->getRefunded(), Kopecks{2480});
+}
+
+TEST_F(CardPaymentTest, cancelledSaleWasPaidBackToACardAndInCash_bothAmountsAreNamed)
+{
+    chargeAndStayOpen(u"20"_s);
+    till->document()->position(1)->setPrice(20); // 35,20 is due beside the 4,80
+    till->setPhase(Till::Phase::Payment);
+    payByCardAndStayOpen();
+    ASSERT_EQ(till->document()->getCharged(), Kopecks{4000});
+    terminal->onMove = [](const CardRequest& request, const auto& move) {
+        if (request.amount == Kopecks{480}) {
+            return CardAnswer::declined();
+        }
+        move();
+        return TerminalDouble::approved();
+    };
+    answerQuestion("yesButton");
+    EXPECT_EQ(run(control::CancelDocument), EContext::GoOn);
+    EXPECT_EQ(documentwords::ending(*archived(1)),
+              u"Чек № 1 отменён. На карту возвращено 35,20, верните наличными 4,80"_s);
+}
+
+/// A sale that was charged, and whose position belongs to a plug-in that is missing after a restart.
+class ChargedWithoutItsPlugin : public CardPaymentTest, public ::testing::WithParamInterface<bool>
+{
+protected:
+    /// The answer of the terminal was lost, and the terminal can say later what it was.
+    bool isLost() const { return GetParam(); }
+    void chargeAndLoseThePlugin()
+    {
+        serveAndStandAtPayment();
+        if (isLost()) {
+            terminal->loseAnswers();
+            terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+            EXPECT_EQ(payByCard(u"20"_s), EContext::Stop);
+            terminal->onMove = {};
+        } else {
+            payByCardAndStayOpen(u"20"_s);
+        }
+        activePlugins.clear();
+        crash();
+    }
+    void pluginAndTerminalComeBack()
+    {
+        activePlugins = {u"testplugin"_s};
+        terminal->onFind = {};
+    }
+    void expectTheMoneyIsOnIt(const Document& document) const
+    {
+        EXPECT_EQ(document.getCharged(), isLost() ? Kopecks{0} : Kopecks{480});
+        EXPECT_EQ(document.unsettledCardOperation().has_value(), isLost());
+        EXPECT_EQ(terminal->taken(), 480);
+    }
+};
+
+TEST_P(ChargedWithoutItsPlugin, isSuspendedAndTheNextOneIsSoldAndTheFirstIsPaidLater)
+{
+    chargeAndLoseThePlugin();
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
+    EXPECT_TRUE(lastText().endsWith(u"Открытый документ пока можно отложить."_s));
+    EXPECT_EQ(run(registeraction::addGoods, {{u"search"_s, amoxidar}}), EContext::Stop);
+    EXPECT_TRUE(lastText().endsWith(u"Открытый документ пока можно отложить."_s)) << "neither paid nor cancelled";
+    ASSERT_EQ(run(registeraction::suspend), EContext::GoOn);
+    expectTheMoneyIsOnIt(*archived(1));
+    EXPECT_EQ(documentwords::state(*archived(1), Document::Returned::Nothing),
+              isLost() ? u"Отложен"_s : u"Отложен, есть оплата картой"_s);
+
+    crash();
+    EXPECT_FALSE(till->document());
+    expectTheMoneyIsOnIt(*archived(1));
+    EXPECT_EQ(archived(sold())->getState(), Document::State::Closed);
+
+    crash();
+    pluginAndTerminalComeBack();
+    ASSERT_EQ(resume(1), EContext::GoOn);
+    EXPECT_FALSE(till->document()->unsettledCardOperation()) << "it is settled at once";
+    EXPECT_EQ(till->due(), Kopecks{2000});
+    till->setPhase(Till::Phase::Payment);
+    EXPECT_EQ(payInCash(u"20"_s), EContext::GoOn);
+    EXPECT_EQ(archived(1)->ending().payments,
+              (QList<Payment>{Payment::cash(Kopecks{2000}), Payment::card(Kopecks{480})}));
+    EXPECT_EQ(terminal->count("pay"), 1);
+    EXPECT_EQ(terminal->taken(), 480);
+}
+
+TEST_P(ChargedWithoutItsPlugin, suspendedAndVoided_moneyGoesBack)
+{
+    chargeAndLoseThePlugin();
+    ASSERT_EQ(run(registeraction::suspend), EContext::GoOn);
+    EXPECT_EQ(run(registeraction::voidByNumber, {{u"number"_s, 1}}), EContext::Stop) << "its plug-in is missing";
+    EXPECT_EQ(terminal->taken(), 480);
+    pluginAndTerminalComeBack();
+    cashier.onForm(u"questionForm"_s, [this](QWidget& root) {
+        EXPECT_EQ(root.findChild<QLabel*>(u"messageLabel"_s)->text().contains(u"Оплата картой вернётся на карту"_s),
+                  !isLost());
+        press(root, "yesButton");
+    });
+    EXPECT_EQ(run(registeraction::voidByNumber, {{u"number"_s, 1}}), EContext::GoOn);
+    EXPECT_EQ(archived(1)->getState(), Document::State::Voided);
+    EXPECT_EQ(terminal->taken(), 0);
+    EXPECT_EQ(terminal->count("refund"), 1);
+    EXPECT_EQ(documentwords::voiding(*archived(1), Document::State::Suspended),
+              u"Отложенный чек № 1 аннулирован. На карту возвращено 4,80"_s);
+}
+
+TEST_P(ChargedWithoutItsPlugin, suspendedAndResumedAndCancelled_moneyGoesBack)
+{
+    chargeAndLoseThePlugin();
+    ASSERT_EQ(run(registeraction::suspend), EContext::GoOn);
+    pluginAndTerminalComeBack();
+    ASSERT_EQ(resume(1), EContext::GoOn);
+    EXPECT_EQ(run(control::CancelDocument), EContext::GoOn);
+    EXPECT_EQ(archived(1)->getState(), Document::State::Cancelled);
+    EXPECT_EQ(terminal->taken(), 0);
+}
+
+TEST_P(ChargedWithoutItsPlugin, powerFailsWhileItIsSuspendedOrResumed_theMoneyIsOnTheOneThatIsOpen)
+{
+    chargeAndLoseThePlugin();
+    const QString open = folder.filePath(u"receipt.json"_s);
+    const QString aside = folder.filePath(u"putaside/00000001.json"_s);
+    const QString copy = folder.filePath(u"copy.json"_s);
+    ASSERT_TRUE(QFile::copy(open, copy));
+    ASSERT_EQ(run(registeraction::suspend), EContext::GoOn);
+    ASSERT_TRUE(QFile::copy(copy, open)) << "the former file was not removed yet";
+    crash();
+    ASSERT_TRUE(till->document());
+    expectTheMoneyIsOnIt(*till->document());
+    EXPECT_FALSE(QFile::exists(aside));
+
+    ASSERT_EQ(run(registeraction::suspend), EContext::GoOn);
+    ASSERT_TRUE(QFile::remove(copy) && QFile::copy(aside, copy));
+    ASSERT_TRUE(till->resume(archived(1)));
+    ASSERT_TRUE(QFile::copy(copy, aside));
+    crash();
+    ASSERT_TRUE(till->document());
+    expectTheMoneyIsOnIt(*till->document());
+    EXPECT_FALSE(QFile::exists(aside));
+}
+
+INSTANTIATE_TEST_SUITE_P(, ChargedWithoutItsPlugin, ::testing::Bool(),
+                         [](const auto& instance) { return instance.param ? "answerLost" : "answered"; });
 
 TEST_F(CardPaymentTest, saleReturnedWhileTheVoidingIsAskedAbout_isNotVoided)
 {
