@@ -58,6 +58,33 @@ tr::Tr voidQuestion(const Document& document)
     return {u"annulSaleQuestion"_s, u"Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю."_s};
 }
 
+/// What is saved of a document, without the money that moves when it is voided.
+QJsonObject withoutVoiding(const Document& document)
+{
+    QJsonObject saved = document.toJson();
+    saved.remove("annulmentBegun"_L1);
+    saved.remove("cardOperations"_L1);
+    return saved;
+}
+
+EContext::Result runHooks(Document& document, const std::function<EContext::Result()>& course)
+{
+    document.setBeingVoided(true);
+    const Finally closedAgain([&document] { document.setBeingVoided(false); });
+    return course();
+}
+
+tr::Tr notRefunded(const Document& document, bool isBegun)
+{
+    const tr::Tr text =
+        isBegun ? tr::Tr(u"voidingNotFinished"_s,
+                         u"Аннулирование документа № %1 не завершено: деньги возвращены не все, а отпуск по "
+                         "документам мог быть отменён.\nПовторите аннулирование, когда терминал ответит."_s)
+                : tr::Tr(u"voidingNotDone"_s, u"Документ № %1 не аннулирован: деньги на карту не возвращены.\n"
+                                              "Повторите аннулирование, когда терминал ответит."_s);
+    return text.arg(QString::number(document.getNumber()));
+}
+
 tr::Tr noDocument(int number)
 {
     return tr::Tr(u"documentNotFound"_s, u"Документа № %1 нет среди отложенных и завершённых.\nПроверьте номер."_s)
@@ -105,8 +132,12 @@ EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
     params.returned = [this](const Document& document) { return m_till.returned(document); };
     params.obstacleToResuming = [this](const Document& document) { return m_till.obstacleToResuming(document); };
     params.obstacleToReturning = [this](const Document& document) { return m_till.obstacleToReturning(document); };
-    params.obstacleOfPlugins = [this](const Document& document) { return m_till.obstacleOfPlugins(document); };
     params.obstacleToVoiding = [this](const Document& document) { return m_till.obstacleToVoiding(document); };
+    params.obstacleToPrinting = [this](const Document& document) { return m_till.obstacleToPrinting(document); };
+    params.warning = [this](const Document& document) {
+        const std::optional<Obstacle> begun = m_till.obstacleOfVoiding(document);
+        return begun ? begun : m_till.obstacleOfPlugins(document);
+    };
     params.voidDocument = [this](const auto& document) -> std::optional<QString> {
         const Document::State before = document->getState();
         if (voidDocument(document) != EContext::GoOn) {
@@ -162,7 +193,7 @@ EContext::Result StoredDocumentCommands::returnSale(control::Action& action)
         showNotice(noDocument(*number));
         return EContext::Stop;
     }
-    if (showIfObstacle(m_till.obstacleToReturning(*sale))) {
+    if (!m_cards.settleOrShow(sale) || showIfObstacle(m_till.obstacleToReturning(*sale))) {
         return EContext::Stop;
     }
     const QSet<int> positions = choosePositions(*sale);
@@ -255,26 +286,31 @@ EContext::Result StoredDocumentCommands::voidFrame(const control::Action& action
     }
     const QScopedValueRollback voiding(m_isVoiding, true);
     EContext::Result result = EContext::Stop;
-    m_till.withCurrentDocument(document, [&] {
-        {
-            document->setBeingVoided(true);
-            const Finally closedAgain([&] { document->setBeingVoided(false); });
-            result = course();
-        }
-        if (result != EContext::GoOn) {
-            m_till.archive().saveOrShow(document);
-        } else if (!m_cards.refundOrShow(document)) {
-            m_till.archive().saveOrShow(document);
-            showNotice(tr::Tr(u"voidingNotFinished"_s,
-                              u"Аннулирование документа № %1 не завершено: деньги на карту не возвращены, а отпуск по "
-                              "документам отменён.\nПовторите аннулирование, когда терминал ответит."_s)
-                           .arg(QString::number(document->getNumber())));
-            result = EContext::Stop;
-        } else if (!m_till.voidDocument(document)) {
-            result = EContext::Stop;
-        }
-    });
+    m_till.withCurrentDocument(document, [&] { result = voidCurrent(document, course); });
     return result;
+}
+
+/// A closed sale is marked before the hooks: so it is saved together with the first thing that they or a terminal do.
+EContext::Result StoredDocumentCommands::voidCurrent(const QSharedPointer<Document>& document,
+                                                     const std::function<EContext::Result()>& course)
+{
+    const bool wasBegun = document->isVoidingBegun();
+    const QJsonObject before = withoutVoiding(*document);
+    document->setVoidingBegun(document->getState() == Document::State::Closed);
+    const EContext::Result result = runHooks(*document, course);
+    const bool isRefunded = result == EContext::GoOn && m_cards.refundOrShow(document);
+    if (isRefunded && m_till.voidDocument(document)) {
+        return EContext::GoOn;
+    }
+    const bool isBegun = wasBegun || document->mayHavePaidBack() || withoutVoiding(*document) != before;
+    document->setVoidingBegun(document->isVoidingBegun() && isBegun);
+    if (!isRefunded) {
+        m_till.archive().saveOrShow(document);
+    }
+    if (result == EContext::GoOn && !isRefunded) {
+        showNotice(notRefunded(*document, isBegun));
+    }
+    return result == EContext::GoOn ? EContext::Stop : result;
 }
 
 std::optional<QString> StoredDocumentCommands::print(const Document& document) const

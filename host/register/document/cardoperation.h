@@ -48,6 +48,11 @@ QList<CardOperation> charged(const QList<CardOperation>& operations);
 /// The approved operations of that kind.
 QList<CardOperation> approved(const QList<CardOperation>& operations, CardOperation::Kind kind);
 
+/// True when a refund of either kind was approved.
+bool havePaidBack(const QList<CardOperation>& operations);
+/// The same; true also when nobody knows whether one was.
+bool mayHavePaidBack(const QList<CardOperation>& operations);
+
 Kopecks totalOf(const QList<CardOperation>& operations);
 
 /// The number of a card as it may be kept: of more digits than ten, only the last four stay.

@@ -82,6 +82,9 @@ tr::Tr closedState(const Document& document, Document::Returned returned)
     }
     switch (returned) {
     case Document::Returned::Nothing:
+        if (document.isVoidingBegun()) {
+            return {u"documentAnnulmentBegun"_s, u"Продажа, аннулирование не завершено"_s};
+        }
         break;
     case Document::Returned::Partly:
         return {u"documentPartlyTakenBack"_s, u"Продажа, возвращена частично"_s};

@@ -117,6 +117,7 @@ bool Till::voidDocument(const QSharedPointer<Document>& document)
     Document::Ending ending = document->ending();
     ending.state = Document::State::Voided;
     ending.voided = now();
+    ending.voidingBegun = false;
     if (!ending.finished.isValid()) {
         ending.finished = ending.voided;
     }

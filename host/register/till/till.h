@@ -111,7 +111,9 @@ public:
     std::optional<Obstacle> obstacleToReturning(const Document& sale, const QSet<int>& positions) const;
     std::optional<Obstacle> obstacleToVoiding(const Document& document) const;
     /// Why its receipt cannot be printed again.
-    static std::optional<Obstacle> obstacleToPrinting(const Document& document);
+    std::optional<Obstacle> obstacleToPrinting(const Document& document) const;
+    /// Why nothing but voiding and, while no money was paid back, returning is left for a sale: its voiding has begun.
+    std::optional<Obstacle> obstacleOfVoiding(const Document& document) const;
     /// What a document that is open or suspended returns counts.
     Document::Returned returned(const Document& sale) const;
     /// The positions of the sale that can still be returned.

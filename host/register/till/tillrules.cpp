@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "till.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace
@@ -35,6 +33,13 @@ Obstacle pluginMissing(const Document& document, const Position& position)
             tr::Tr(u"menuPluginIdle"_s, u"не работает модуль «%1»"_s).arg(position.getPlugin())};
 }
 
+Obstacle voidingPaidBack(const Document& sale)
+{
+    return {tr::Tr(u"voidingBegun"_s, u"Аннулирование продажи № %1 начато, деньги возвращены на карту.\n"
+                                      "Завершите его: аннулируйте продажу ещё раз."_s)
+                .arg(number(sale))};
+}
+
 Obstacle documentGone()
 {
     return {{u"documentGone"_s, u"Чек уже не открыт: модуль закрыл его во время действия.\n"
@@ -50,15 +55,6 @@ Obstacle belowZero(const Document& document)
             : tr::Tr(u"totalBelowZero"_s, u"Сумма чека меньше нуля: %1.\n"
                                           "Удалите позицию с отрицательной ценой или позовите администратора."_s);
     return {text.arg(amountText(document.getSum())), {u"menuTotalBelowZero"_s, u"сумма меньше нуля"_s}};
-}
-
-/// True when a refund was approved, or nobody knows whether it was.
-bool hasPaidOut(const Document& document)
-{
-    const auto& operations = document.cardOperations();
-    return std::any_of(operations.cbegin(), operations.cend(), [](const CardOperation& operation) {
-        return operation.kind != CardOperation::Kind::Payment && operation.state != CardOperation::State::Declined;
-    });
 }
 
 } // namespace
@@ -170,7 +166,7 @@ std::optional<Obstacle> Till::obstacleToChangingQuantity(const Position& positio
 
 std::optional<Obstacle> Till::obstacleToPayment() const
 {
-    if (m_document && !m_document->isReturn() && hasPaidOut(*m_document)) {
+    if (m_document && !m_document->isReturn() && m_document->mayHavePaidBack()) {
         return Obstacle{tr::Tr(u"cancellingBegun"_s, u"Отмена чека № %1 начата, деньги возвращены на карту.\n"
                                                      "Завершите её: отмените чек ещё раз."_s)
                             .arg(number(*m_document))};
@@ -221,10 +217,8 @@ std::optional<Obstacle> Till::obstacleToReturning(const Document& sale) const
                                "Проверьте номер чека."_s)
                             .arg(number(sale))};
     }
-    if (hasPaidOut(sale)) {
-        return Obstacle{tr::Tr(u"voidingBegun"_s, u"Аннулирование продажи № %1 начато, деньги возвращены на карту.\n"
-                                                  "Завершите его: аннулируйте продажу ещё раз."_s)
-                            .arg(number(sale))};
+    if (sale.hasPaidBack()) {
+        return voidingPaidBack(sale);
     }
     if (const auto latest = m_archive.find(sale.getReturnedBy());
         latest && latest->getState() == Document::State::Suspended && latest->getReturnedSale() == sale.getNumber()) {
@@ -263,6 +257,11 @@ std::optional<Obstacle> Till::obstacleToReturning(const Document& sale, const QS
     if (auto obstacle = obstacleToReturning(sale)) {
         return obstacle;
     }
+    if (sale.unsettledCardOperation()) {
+        return Obstacle{tr::Tr(u"saleUnsettled"_s, u"Продажа № %1: неизвестно, прошла ли операция по карте.\n"
+                                                   "Повторите возврат: касса спросит терминал."_s)
+                            .arg(number(sale))};
+    }
     for (const QSharedPointer<Position>& position : sale.positions()) {
         if (positions.contains(position->getNumber()) && !isServed(*position)) {
             return pluginMissing(sale, *position);
@@ -285,10 +284,23 @@ std::optional<Obstacle> Till::obstacleToVoiding(const Document& document) const
                         .arg(number(document))};
 }
 
-std::optional<Obstacle> Till::obstacleToPrinting(const Document& document)
+std::optional<Obstacle> Till::obstacleOfVoiding(const Document& document) const
+{
+    if (!document.isVoidingBegun() || returned(document) != Document::Returned::Nothing) {
+        return std::nullopt;
+    }
+    if (document.hasPaidBack()) {
+        return voidingPaidBack(document);
+    }
+    return Obstacle{tr::Tr(u"voidingNotEnded"_s, u"Аннулирование продажи № %1 начато и не завершено.\n"
+                                                 "Аннулируйте её ещё раз или оформите возврат."_s)
+                        .arg(number(document))};
+}
+
+std::optional<Obstacle> Till::obstacleToPrinting(const Document& document) const
 {
     if (document.getState() == Document::State::Closed) {
-        return std::nullopt;
+        return obstacleOfVoiding(document);
     }
     return Obstacle{{u"documentsPrintClosed"_s, u"Печатаются только закрытые документы, которые не аннулированы. "
                                                 "Выберите такой документ."_s}};
@@ -296,7 +308,7 @@ std::optional<Obstacle> Till::obstacleToPrinting(const Document& document)
 
 std::optional<Obstacle> Till::obstacleToCancelling() const
 {
-    if (!m_document || !m_document->isReturn() || !hasPaidOut(*m_document)) {
+    if (!m_document || !m_document->isReturn() || !m_document->mayHavePaidBack()) {
         return m_document ? obstacleOfPlugins(*m_document) : std::nullopt;
     }
     return Obstacle{{u"refundedNotCancelled"_s,

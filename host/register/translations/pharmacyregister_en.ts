@@ -653,10 +653,16 @@ Call the administrator and repeat this when the plug-in works. Until then an ope
 Wait until it is free, and repeat.</translation>
     </message>
     <message id="voidingNotFinished">
-        <source>Аннулирование документа № %1 не завершено: деньги на карту не возвращены, а отпуск по документам отменён.
+        <source>Аннулирование документа № %1 не завершено: деньги возвращены не все, а отпуск по документам мог быть отменён.
 Повторите аннулирование, когда терминал ответит.</source>
-        <translation>Document no. %1 is not voided: no money went back to the card, and its dispenses are cancelled.
-Repeat the voiding when the terminal answers.</translation>
+        <translation>The annulment of document No. %1 is not finished: not all the money was paid back, and dispenses may have been cancelled.
+Repeat the annulment when the terminal answers.</translation>
+    </message>
+    <message id="voidingNotDone">
+        <source>Документ № %1 не аннулирован: деньги на карту не возвращены.
+Повторите аннулирование, когда терминал ответит.</source>
+        <translation>Document No. %1 is not annulled: the money did not go back to the card.
+Repeat the annulment when the terminal answers.</translation>
     </message>
     <message id="documentChangedMeanwhile">
         <source>Документ № %1 изменился, пока касса ждала ответа.
@@ -1288,6 +1294,10 @@ Pay out change of %3?</translation>
         <source>Продажа, возвращена частично</source>
         <translation>Sale, partly returned</translation>
     </message>
+    <message id="documentAnnulmentBegun">
+        <source>Продажа, аннулирование не завершено</source>
+        <translation>Sale, annulment not finished</translation>
+    </message>
     <message id="documentPutAsideCharged">
         <source>Отложен, есть оплата картой</source>
         <translation>Put aside, with a card payment</translation>
@@ -1413,6 +1423,18 @@ Finish the payment. To change the receipt, cancel it: the money goes back to the
 Завершите его: аннулируйте продажу ещё раз.</source>
         <translation>The annulment of sale No. %1 has begun, the money went back to the card.
 Finish it: annul the sale again.</translation>
+    </message>
+    <message id="voidingNotEnded">
+        <source>Аннулирование продажи № %1 начато и не завершено.
+Аннулируйте её ещё раз или оформите возврат.</source>
+        <translation>The annulment of sale No. %1 has begun and is not finished.
+Annul it again, or return it.</translation>
+    </message>
+    <message id="saleUnsettled">
+        <source>Продажа № %1: неизвестно, прошла ли операция по карте.
+Повторите возврат: касса спросит терминал.</source>
+        <translation>Sale No. %1: nobody knows whether the card operation went through.
+Repeat the return: the register asks the terminal.</translation>
     </message>
     <message id="refundedNotCancelled">
         <source>По возврату уже возвращали деньги, он не отменяется.

@@ -778,6 +778,9 @@ TEST_F(CardPaymentTest, voidingRefundDeclined_saleStaysClosed)
     EXPECT_EQ(run(registeraction::voidByNumber, {{u"number"_s, sale}}), EContext::Stop);
     EXPECT_EQ(archived(sale)->getState(), Document::State::Closed);
     EXPECT_EQ(terminal->taken(), 3720);
+    EXPECT_TRUE(lastText().startsWith(u"Документ № 1 не аннулирован: деньги на карту не возвращены."_s));
+    EXPECT_FALSE(archived(sale)->isVoidingBegun()) << "nothing has happened";
+    EXPECT_FALSE(till->obstacleToPrinting(*archived(sale)));
 }
 
 TEST_F(CardPaymentTest, saleBelowZeroAtItsPayment_isNotClosed)
@@ -965,6 +968,190 @@ TEST_P(ChargedWithoutItsPlugin, powerFailsWhileItIsSuspendedOrResumed_theMoneyIs
 
 INSTANTIATE_TEST_SUITE_P(, ChargedWithoutItsPlugin, ::testing::Bool(),
                          [](const auto& instance) { return instance.param ? "answerLost" : "answered"; });
+
+/// A sale paid by card whose dispense is cancelled by a hook when the sale is voided.
+class VoidingOfACardSale : public CardPaymentTest
+{
+protected:
+    VoidingOfACardSale()
+    {
+        addHook(EContext::Idle, control::VoidDocument, [this](const control::Action& voiding) {
+            ++hooks;
+            const auto document = voiding.value(u"document"_s).value<QSharedPointer<AbstractDocument>>();
+            document->getPosition(1)->setExtendedOptions(u"{\"status\":\"canceled\"}"_s);
+            EXPECT_TRUE(SaveToFileLogic::create()->save(document, {}));
+            return permission;
+        });
+    }
+    void declineRefunds()
+    {
+        terminal->onMove = [](const auto&, const auto&) { return CardAnswer::declined(); };
+    }
+    /// Voids a sale whose refund is declined, and which the cashier does not pay out in cash.
+    int voidInVain()
+    {
+        const int sale = soldTwo();
+        declineRefunds();
+        answerQuestion("yesButton");
+        answerQuestion("noButton");
+        EXPECT_EQ(run(registeraction::voidByNumber, {{u"number"_s, sale}}), EContext::Stop);
+        terminal->onMove = {};
+        return sale;
+    }
+    /// Voids a sale; nobody knows whether its refund, which moves the money or does not, was done.
+    int voidAndLoseTheAnswer(bool moves)
+    {
+        const int sale = soldTwo();
+        terminal->onMove = [moves](const auto&, const auto& move) {
+            if (moves) {
+                move();
+            }
+            return CardAnswer::unknown();
+        };
+        terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+        EXPECT_EQ(voidByNumber(sale), EContext::Stop);
+        terminal->onMove = {};
+        terminal->onFind = {};
+        return sale;
+    }
+
+    EContext::Result permission = EContext::GoOn;
+    int hooks = 0;
+};
+
+TEST_F(VoidingOfACardSale, refundFails_saleIsMarkedAndCanOnlyBeVoidedOrReturned)
+{
+    const int sale = voidInVain();
+    EXPECT_TRUE(lastText().startsWith(u"Аннулирование документа № 1 не завершено: деньги возвращены не все"_s));
+    const auto marked = archived(sale);
+    EXPECT_EQ(marked->getState(), Document::State::Closed);
+    EXPECT_TRUE(marked->isVoidingBegun());
+    EXPECT_TRUE(saved(u"finished/00000001.json"_s).value("annulmentBegun"_L1).toBool());
+    EXPECT_EQ(documentwords::state(*marked, till->returned(*marked)), u"Продажа, аннулирование не завершено"_s);
+    EXPECT_FALSE(till->obstacleToVoiding(*marked));
+    EXPECT_FALSE(till->obstacleToReturning(*marked));
+    EXPECT_TRUE(till->obstacleToPrinting(*marked)->text.ui().startsWith(
+        u"Аннулирование продажи № 1 начато и не завершено.\nАннулируйте её ещё раз или оформите возврат."_s));
+    EXPECT_TRUE(till->obstacleToResuming(*marked));
+}
+
+TEST_F(VoidingOfACardSale, refundFails_listOfDocumentsSaysSo)
+{
+    voidInVain();
+    cashier.onForm(u"documentListForm"_s, [](QWidget& root) {
+        const auto* documents = root.findChild<QAbstractItemView*>(u"documentTable"_s)->model();
+        EXPECT_EQ(documents->index(0, 1).data(), u"Продажа, аннулирование не завершено"_s);
+        EXPECT_TRUE(root.findChild<QPushButton*>(u"annulButton"_s)->isEnabled());
+        EXPECT_TRUE(root.findChild<QPushButton*>(u"takeBackButton"_s)->isEnabled());
+        EXPECT_FALSE(root.findChild<QPushButton*>(u"printButton"_s)->isEnabled());
+        EXPECT_TRUE(root.findChild<QLabel*>(u"hintLabel"_s)
+                        ->text()
+                        .startsWith(u"Аннулирование продажи № 1 начато и не завершено."_s));
+        press(root, "cancelButton");
+    });
+    EXPECT_EQ(run(registeraction::showDocuments), EContext::GoOn);
+    EXPECT_TRUE(cashier.isDone());
+}
+
+TEST_F(VoidingOfACardSale, refundFails_theNextVoidingGoesOn)
+{
+    const int sale = voidInVain();
+    crash();
+    EXPECT_EQ(voidByNumber(sale), EContext::GoOn);
+    EXPECT_EQ(archived(sale)->getState(), Document::State::Voided);
+    EXPECT_FALSE(saved(u"finished/00000001.json"_s).contains("annulmentBegun"_L1));
+    EXPECT_EQ(terminal->taken(), 0);
+}
+
+TEST_F(VoidingOfACardSale, refundFails_saleIsReturnedInstead)
+{
+    returnAndStandAtPayment(voidInVain(), {1, 2});
+    EXPECT_EQ(till->document()->position(1)->getExtendedOptions(), u"{\"status\":\"canceled\"}"_s);
+    EXPECT_EQ(run(registeraction::pay), EContext::GoOn);
+    EXPECT_EQ(terminal->taken(), 0);
+    const auto sale = archived(1);
+    EXPECT_TRUE(till->obstacleToVoiding(*sale));
+    EXPECT_FALSE(till->obstacleToPrinting(*sale)) << "what the voiding began has ended";
+    EXPECT_EQ(documentwords::state(*sale, till->returned(*sale)), u"Продажа, возвращена документом № 2"_s);
+}
+
+TEST_F(VoidingOfACardSale, powerFailsDuringTheRefund_saleIsMarked)
+{
+    const int sale = soldTwo();
+    bool isMarked = false;
+    terminal->onMove = [&](const auto&, const auto& move) {
+        isMarked = saved(u"finished/00000001.json"_s).value("annulmentBegun"_L1).toBool();
+        move();
+        return TerminalDouble::approved();
+    };
+    EXPECT_EQ(voidByNumber(sale), EContext::GoOn);
+    EXPECT_TRUE(isMarked) << "on the disk, before the money moves";
+}
+
+TEST_F(VoidingOfACardSale, hookStops_saleIsMarkedWhenItHadBegun)
+{
+    permission = EContext::Stop;
+    const int sale = soldTwo();
+    EXPECT_EQ(voidByNumber(sale), EContext::Stop);
+    EXPECT_TRUE(archived(sale)->isVoidingBegun()) << "a dispense is cancelled";
+    EXPECT_EQ(voidByNumber(sale), EContext::Stop);
+    EXPECT_TRUE(archived(sale)->isVoidingBegun()) << "nothing new, but the first one counts";
+    EXPECT_EQ(terminal->count("refund"), 0);
+}
+
+TEST_F(CardPaymentTest, hookThatDidNothingStopsTheVoiding_saleIsNotMarked)
+{
+    const int sale = soldTwo();
+    addHook(EContext::Idle, control::VoidDocument, [](const control::Action&) { return EContext::Stop; });
+    EXPECT_EQ(voidByNumber(sale), EContext::Stop);
+    EXPECT_FALSE(archived(sale)->isVoidingBegun());
+    EXPECT_FALSE(saved(u"finished/00000001.json"_s).contains("annulmentBegun"_L1));
+}
+
+TEST_F(VoidingOfACardSale, suspendedDocument_isNotMarkedAndCanBeResumed)
+{
+    till->add(article(amoxidar));
+    ASSERT_TRUE(till->suspend());
+    permission = EContext::Stop;
+    EXPECT_EQ(voidByNumber(1), EContext::Stop);
+    EXPECT_FALSE(archived(1)->isVoidingBegun());
+    EXPECT_EQ(resume(1), EContext::GoOn) << "its next subtotal registers again what was cancelled";
+}
+
+TEST_F(VoidingOfACardSale, refundWasDoneAndItsAnswerLost_returningSettlesItFirst)
+{
+    const int sale = voidAndLoseTheAnswer(true);
+    EXPECT_TRUE(archived(sale)->isVoidingBegun());
+    EXPECT_FALSE(till->returnSale(archived(sale))) << "the money may be back already";
+    EXPECT_EQ(run(registeraction::returnSale, {{u"number"_s, sale}}), EContext::Stop);
+    EXPECT_TRUE(lastText().startsWith(u"Аннулирование продажи № 1 начато, деньги возвращены на карту."_s));
+    EXPECT_FALSE(till->document());
+    EXPECT_FALSE(archived(sale)->unsettledCardOperation());
+    EXPECT_EQ(archived(sale)->getRefunded(), Kopecks{3720});
+    EXPECT_EQ(voidByNumber(sale), EContext::GoOn);
+    EXPECT_EQ(terminal->taken(), 0);
+}
+
+TEST_F(VoidingOfACardSale, refundWasNotDoneAndItsAnswerLost_returningSettlesItFirst)
+{
+    const int sale = voidAndLoseTheAnswer(false);
+    cashier.onForm(u"returnForm"_s, [](QWidget& root) { press(root, "returnButton"); });
+    EXPECT_EQ(run(registeraction::returnSale, {{u"number"_s, sale}}), EContext::GoOn);
+    till->setPhase(Till::Phase::Payment);
+    EXPECT_EQ(run(registeraction::pay), EContext::GoOn);
+    EXPECT_EQ(terminal->taken(), 0);
+    EXPECT_EQ(archived(2)->ending().payments, QList<Payment>{Payment::card(Kopecks{3720})});
+}
+
+TEST_F(VoidingOfACardSale, nobodyKnowsOfTheRefund_neitherReturnsNorForgetsIt)
+{
+    const int sale = voidAndLoseTheAnswer(true);
+    terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    EXPECT_EQ(run(registeraction::returnSale, {{u"number"_s, sale}}), EContext::Stop);
+    EXPECT_TRUE(lastText().startsWith(u"Терминал занят и не может сказать"_s));
+    EXPECT_TRUE(archived(sale)->unsettledCardOperation());
+    EXPECT_FALSE(till->document());
+}
 
 TEST_F(CardPaymentTest, saleReturnedWhileTheVoidingIsAskedAbout_isNotVoided)
 {
