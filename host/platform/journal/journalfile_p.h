@@ -11,8 +11,8 @@
 
 /// A file of JSON objects, one a line (UTF-8, RFC 8259), that grows at its end. Only its owner can read it.
 ///
-/// A line counts as written when the disk has it. A crash or a power cut can leave a part of the last line only; reading
-/// cuts that part off.
+/// A line counts as written when the disk has it. A crash or a power cut can leave a part of the last line only;
+/// reading cuts that part off.
 class JournalFile
 {
 public:

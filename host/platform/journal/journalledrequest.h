@@ -14,12 +14,12 @@ struct JournalledRequest {
         Answered,   ///< `status` and `answer` are the server's
     };
 
-    qint64 id = 0;          ///< above 0; no other request in the journal has it
-    QDateTime sent;         ///< UTC
-    QString document;       ///< AbstractDocument::identifier() of the document that was current; empty: none was
-    QString method;         ///< "POST"
-    QUrl url;               ///< without user name and password
-    QByteArray body;        ///< as it was sent
+    qint64 id = 0;    ///< above 0; no other request in the journal has it
+    QDateTime sent;   ///< UTC
+    QString document; ///< AbstractDocument::identifier() of the document that was current; empty: none was
+    QString method;   ///< "POST"
+    QUrl url;         ///< without user name and password
+    QByteArray body;  ///< as it was sent
     State state = State::Unanswered;
     int status = 0;         ///< the HTTP status (RFC 9110, 15); 0: none
     QByteArray answer = {}; ///< the body of the answer

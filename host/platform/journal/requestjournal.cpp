@@ -151,8 +151,9 @@ void RequestJournal::Private::take(const QJsonObject& line)
 
 JournalledRequest* RequestJournal::Private::find(qint64 id)
 {
-    const auto found = std::lower_bound(requests.begin(), requests.end(), id,
-                                        [](const JournalledRequest& request, qint64 wanted) { return request.id < wanted; });
+    const auto found =
+        std::lower_bound(requests.begin(), requests.end(), id,
+                         [](const JournalledRequest& request, qint64 wanted) { return request.id < wanted; });
     return found != requests.end() && found->id == id ? &*found : nullptr;
 }
 

@@ -85,7 +85,9 @@ EContext::Result GoodsCommands::addSelectedGoods(control::Action& action)
         return EContext::NotFound;
     }
     const auto selected = value.value<SelectedGoods>();
-    if (showIfObstacle(m_till.obstacleToChangingDocument()) || (!isPicked(selected) && !maySell(selected))) {
+    const QSharedPointer<Document> document = m_till.document();
+    if (showIfObstacle(m_till.obstacleToChangingDocument()) || (!isPicked(selected) && !maySell(selected)) ||
+        showIfObstacle(m_till.obstacleToGoingOn(document))) {
         return EContext::Stop;
     }
     const int number = m_till.add(selected);
@@ -102,8 +104,10 @@ EContext::Result GoodsCommands::addGoods(control::Action& action)
     if (showIfObstacle(m_till.obstacleToAddingGoods())) {
         return EContext::Stop;
     }
+    const QSharedPointer<Document> document = m_till.document();
     const std::optional<SelectedGoods> selected = find(action.value(u"search"_s).toString().trimmed());
-    if (!selected || !maySell(*selected)) {
+    if (!selected || !maySell(*selected) || showIfObstacle(m_till.obstacleToGoingOn(document)) ||
+        showIfObstacle(m_till.obstacleToAddingGoods())) {
         return EContext::Stop;
     }
     m_till.addOrRaise(*selected);
@@ -117,7 +121,7 @@ EContext::Result GoodsCommands::changeQuantity(control::Action& action)
         return EContext::Stop;
     }
     const std::optional<int> packs = askPacks(*position);
-    if (!packs || !isStillThere(m_till, position) || !maySet(*position, *packs)) {
+    if (!packs || !isStillThere(m_till, position) || !maySet(*position, *packs) || !isStillThere(m_till, position)) {
         return EContext::Stop;
     }
     m_till.setPacks(position->getNumber(), *packs);

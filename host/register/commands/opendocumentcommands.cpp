@@ -164,7 +164,8 @@ EContext::Result OpenDocumentCommands::cancelDocument(control::Action&)
     // The money goes back after the plug-ins have agreed: a document that they keep stays paid.
     const QSharedPointer<Document> document = m_till.document();
     if (!document || showIfObstacle(m_till.obstacleToCancelling()) ||
-        (!document->isReturn() && !m_cards.refundOrShow(document))) {
+        (!document->isReturn() && !m_cards.refundOrShow(document)) ||
+        showIfObstacle(m_till.obstacleToGoingOn(document)) || showIfObstacle(m_till.obstacleToCancelling())) {
         return EContext::Stop;
     }
     return m_till.cancel() ? EContext::GoOn : EContext::Stop;

@@ -26,6 +26,18 @@ bool showIfOvercharged(const Document& document)
     return true;
 }
 
+/// A plug-in may raise the sum while the terminal works.
+bool showIfUnderpaid(Kopecks due, Kopecks cash)
+{
+    if (cash >= due) {
+        return false;
+    }
+    showNotice(tr::Tr(u"sumRaisedDuringPayment"_s, u"Сумма чека выросла во время оплаты: остаётся оплатить %1.\n"
+                                                   "Примите остаток: наличными или картой."_s)
+                   .arg(amountText(due)));
+    return true;
+}
+
 /// Asks the cashier about an amount that nobody gives.
 bool isSure(Kopecks due, Kopecks received)
 {
@@ -103,7 +115,7 @@ EContext::Result PaymentCommands::pay(control::Action& action)
     if (document->isReturn()) {
         return payOut(document); // exactly its sum, whatever is typed
     }
-    if (!m_cards.settleOrShow(document) || showIfOvercharged(*document)) {
+    if (!m_cards.settleOrShow(document) || !isStillAtPaymentOrShow(document)) {
         return EContext::Stop;
     }
     const QString typed = action.value(u"received"_s).toString();
@@ -142,9 +154,25 @@ EContext::Result PaymentCommands::payOut(const QSharedPointer<Document>& documen
     return m_cards.refundOrShow(document) ? close(document, m_till.due()) : EContext::Stop;
 }
 
+/// False when the document or its place in the payment changed while a terminal or the cashier was waited for: a
+/// plug-in works meanwhile.
+bool PaymentCommands::isStillAtPaymentOrShow(const QSharedPointer<Document>& document) const
+{
+    if (showIfObstacle(m_till.obstacleToGoingOn(document)) || showIfObstacle(m_till.obstacleToPayment())) {
+        return false;
+    }
+    if (m_till.phase() == Till::Phase::Payment) {
+        return document->isReturn() || !showIfOvercharged(*document);
+    }
+    showNotice(tr::Tr(u"changedDuringPayment"_s, u"Чек № %1 изменился во время оплаты.\n"
+                                                 "Проверьте позиции и перейдите к оплате ещё раз."_s)
+                   .arg(QString::number(document->getNumber())));
+    return false;
+}
+
 EContext::Result PaymentCommands::close(const QSharedPointer<Document>& document, Kopecks cash)
 {
-    if (m_till.document() != document) { // what a terminal runs may end the document
+    if (!isStillAtPaymentOrShow(document) || showIfUnderpaid(m_till.due(), cash)) {
         return EContext::Stop;
     }
     const Kopecks byCard = document->isReturn() ? document->getRefunded() : document->getCharged();

@@ -28,6 +28,7 @@ private:
     EContext::Result payByCard(const QSharedPointer<Document>& document, const QString& typed);
     EContext::Result payOut(const QSharedPointer<Document>& document);
     EContext::Result close(const QSharedPointer<Document>& document, Kopecks cash);
+    bool isStillAtPaymentOrShow(const QSharedPointer<Document>& document) const;
 
     Till& m_till;
     CardTransfers m_cards;

@@ -47,6 +47,10 @@ std::optional<int> documentNumber(const control::Action& action, const tr::Tr& t
 
 tr::Tr voidQuestion(const Document& document)
 {
+    if (document.getState() == Document::State::Suspended && document.getCharged() > Kopecks{0}) {
+        return {u"annulPutAsideChargedQuestion"_s, u"Аннулировать отложенный чек № %1 на сумму %2?\n"
+                                                   "Оплата картой вернётся на карту покупателя."_s};
+    }
     if (document.getState() == Document::State::Suspended) {
         return {u"annulPutAsideQuestion"_s, u"Аннулировать отложенный чек № %1 на сумму %2?"_s};
     }
@@ -56,22 +60,42 @@ tr::Tr voidQuestion(const Document& document)
     return {u"annulSaleQuestion"_s, u"Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю."_s};
 }
 
-/// What is known after the plug-ins have undone their part and the card got no money.
-tr::Tr notRefunded(const Document& document, const PositionMarks& marks)
+/// What is saved of a document, without the money that moves when it is voided.
+QJsonObject withoutVoiding(const Document& document)
 {
+    QJsonObject saved = document.toJson();
+    saved.remove("annulmentBegun"_L1);
+    saved.remove("cardOperations"_L1);
+    return saved;
+}
+
+EContext::Result runHooks(Document& document, const std::function<EContext::Result()>& course)
+{
+    document.setBeingVoided(true);
+    const Finally closedAgain([&document] { document.setBeingVoided(false); });
+    return course();
+}
+
+/// What is known when not all the money went back.
+tr::Tr notRefunded(const Document& document, const PositionMarks& marks, bool isBegun)
+{
+    const QString number = QString::number(document.getNumber());
+    if (!isBegun) {
+        return tr::Tr(u"voidingNotDone"_s, u"Документ № %1 не аннулирован: деньги на карту не возвращены.\n"
+                                           "Повторите аннулирование, когда терминал ответит."_s)
+            .arg(number);
+    }
     const auto& positions = document.positions();
     const auto external =
         std::find_if(positions.cbegin(), positions.cend(), [](const auto& position) { return position->isExternal(); });
-    const QString number = QString::number(document.getNumber());
     if (external == positions.cend()) {
-        return tr::Tr(u"voidingNotRefunded"_s,
-                      u"Аннулирование документа № %1 не завершено: деньги на карту не возвращены.\n"
-                      "Повторите аннулирование, когда терминал ответит."_s)
+        return tr::Tr(u"voidingNotRefunded"_s, u"Аннулирование документа № %1 не завершено: деньги возвращены не все.\n"
+                                               "Повторите аннулирование, когда терминал ответит."_s)
             .arg(number);
     }
-    return tr::Tr(u"voidingNotFinished"_s,
-                  u"Аннулирование документа № %1 не завершено: деньги на карту не возвращены, а отпуск %2 отменён.\n"
-                  "Повторите аннулирование, когда терминал ответит."_s)
+    return tr::Tr(u"voidingNotFinished"_s, u"Аннулирование документа № %1 не завершено: деньги возвращены не все, а "
+                                           "отпуск %2 мог быть отменён.\n"
+                                           "Повторите аннулирование, когда терминал ответит."_s)
         .arg(number)
         .arg(marks.origin(**external));
 }
@@ -123,8 +147,12 @@ EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
     params.returned = [this](const Document& document) { return m_till.returned(document); };
     params.obstacleToResuming = [this](const Document& document) { return m_till.obstacleToResuming(document); };
     params.obstacleToReturning = [this](const Document& document) { return m_till.obstacleToReturning(document); };
-    params.obstacleOfPlugins = [this](const Document& document) { return m_till.obstacleOfPlugins(document); };
     params.obstacleToVoiding = [this](const Document& document) { return m_till.obstacleToVoiding(document); };
+    params.obstacleToPrinting = [this](const Document& document) { return m_till.obstacleToPrinting(document); };
+    params.warning = [this](const Document& document) {
+        const std::optional<Obstacle> begun = m_till.obstacleOfVoiding(document);
+        return begun ? begun : m_till.obstacleOfPlugins(document);
+    };
     params.voidDocument = [this](const auto& document) -> std::optional<QString> {
         const Document::State before = document->getState();
         if (voidDocument(document) != EContext::GoOn) {
@@ -157,7 +185,11 @@ EContext::Result StoredDocumentCommands::resume(int number)
     if (showIfObstacle(m_till.obstacleToResuming(*document))) {
         return EContext::Stop;
     }
-    return m_till.resume(document) ? EContext::GoOn : EContext::Stop;
+    if (!m_till.resume(document)) {
+        return EContext::Stop;
+    }
+    m_cards.settleOrShow(document);
+    return EContext::GoOn;
 }
 
 EContext::Result StoredDocumentCommands::returnSale(control::Action& action)
@@ -176,10 +208,26 @@ EContext::Result StoredDocumentCommands::returnSale(control::Action& action)
         showNotice(noDocument(*number));
         return EContext::Stop;
     }
-    if (showIfObstacle(m_till.obstacleToReturning(*sale))) {
+    if (!m_cards.settleOrShow(sale) || showIfObstacle(m_till.obstacleToReturning(*sale))) {
         return EContext::Stop;
     }
-    return m_till.returnPositions(sale, choosePositions(*sale)) ? EContext::GoOn : EContext::Stop;
+    const QSet<int> positions = choosePositions(*sale);
+    if (positions.isEmpty() || showIfChanged(*sale) || showIfObstacle(m_till.obstacleToReturning(*sale, positions))) {
+        return EContext::Stop;
+    }
+    return m_till.returnPositions(sale, positions) ? EContext::GoOn : EContext::Stop;
+}
+
+bool StoredDocumentCommands::showIfChanged(const Document& document) const
+{
+    const QSharedPointer<Document> saved = m_till.archive().find(document.getNumber());
+    if (saved && saved->toJson() == document.toJson()) {
+        return false;
+    }
+    showNotice(tr::Tr(u"documentChangedMeanwhile"_s, u"Документ № %1 изменился, пока касса ждала ответа.\n"
+                                                     "Проверьте его в списке документов и повторите."_s)
+                   .arg(QString::number(document.getNumber())));
+    return true;
 }
 
 QSet<int> StoredDocumentCommands::choosePositions(const Document& sale) const
@@ -194,6 +242,9 @@ QSet<int> StoredDocumentCommands::choosePositions(const Document& sale) const
         if (returnable.contains(position->getNumber())) {
             params.positions.append(position);
             params.places.append(sale.placeOf(*position));
+        }
+        if (const auto obstacle = m_till.obstacleToReturning(sale, {position->getNumber()})) {
+            params.obstacles.insert(position->getNumber(), *obstacle);
         }
     }
     params.marks = &m_marks;
@@ -234,7 +285,7 @@ EContext::Result StoredDocumentCommands::voidDocument(const QSharedPointer<Docum
         {u"annulYes"_s, u"Аннулировать"_s},
         {u"questionNo"_s, u"Нет"_s},
     };
-    if (!question.ask()) {
+    if (!question.ask() || showIfChanged(*document)) {
         return EContext::Stop;
     }
     control::Action action = Singleton<control::ActionFactory>::get()->create(control::VoidDocument);
@@ -251,23 +302,31 @@ EContext::Result StoredDocumentCommands::voidFrame(const control::Action& action
     }
     const QScopedValueRollback voiding(m_isVoiding, true);
     EContext::Result result = EContext::Stop;
-    m_till.withCurrentDocument(document, [&] {
-        {
-            document->setBeingVoided(true);
-            const Finally closedAgain([&] { document->setBeingVoided(false); });
-            result = course();
-        }
-        if (result != EContext::GoOn) {
-            m_till.archive().saveOrShow(document);
-        } else if (!m_cards.refundOrShow(document)) {
-            m_till.archive().saveOrShow(document);
-            showNotice(notRefunded(*document, m_marks));
-            result = EContext::Stop;
-        } else if (!m_till.voidDocument(document)) {
-            result = EContext::Stop;
-        }
-    });
+    m_till.withCurrentDocument(document, [&] { result = voidCurrent(document, course); });
     return result;
+}
+
+/// A closed sale is marked before the hooks: so it is saved together with the first thing that they or a terminal do.
+EContext::Result StoredDocumentCommands::voidCurrent(const QSharedPointer<Document>& document,
+                                                     const std::function<EContext::Result()>& course)
+{
+    const bool wasBegun = document->isVoidingBegun();
+    const QJsonObject before = withoutVoiding(*document);
+    document->setVoidingBegun(document->getState() == Document::State::Closed);
+    const EContext::Result result = runHooks(*document, course);
+    const bool isRefunded = result == EContext::GoOn && m_cards.refundOrShow(document);
+    if (isRefunded && m_till.voidDocument(document)) {
+        return EContext::GoOn;
+    }
+    const bool isBegun = wasBegun || document->mayHavePaidBack() || withoutVoiding(*document) != before;
+    document->setVoidingBegun(document->isVoidingBegun() && isBegun);
+    if (!isRefunded) {
+        m_till.archive().saveOrShow(document);
+    }
+    if (result == EContext::GoOn && !isRefunded) {
+        showNotice(notRefunded(*document, m_marks, isBegun));
+    }
+    return result == EContext::GoOn ? EContext::Stop : result;
 }
 
 std::optional<QString> StoredDocumentCommands::print(const Document& document) const

@@ -31,6 +31,10 @@ private:
     /// The positions of the sale that come back; empty when the cashier cancels.
     QSet<int> choosePositions(const Document& sale) const;
     EContext::Result voidDocument(const QSharedPointer<Document>& document);
+    EContext::Result voidCurrent(const QSharedPointer<Document>& document,
+                                 const std::function<EContext::Result()>& course);
+    /// True when the saved document is not this one any more: a plug-in worked while the cashier was waited for.
+    bool showIfChanged(const Document& document) const;
     /// The message for the cashier; nothing after a failure was shown.
     std::optional<QString> print(const Document& document) const;
 

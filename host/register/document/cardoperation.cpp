@@ -122,6 +122,20 @@ QList<CardOperation> charged(const QList<CardOperation>& operations)
     return left;
 }
 
+bool havePaidBack(const QList<CardOperation>& operations)
+{
+    return std::any_of(operations.cbegin(), operations.cend(), [](const CardOperation& operation) {
+        return operation.kind != CardOperation::Kind::Payment && operation.state == CardOperation::State::Approved;
+    });
+}
+
+bool mayHavePaidBack(const QList<CardOperation>& operations)
+{
+    return std::any_of(operations.cbegin(), operations.cend(), [](const CardOperation& operation) {
+        return operation.kind != CardOperation::Kind::Payment && operation.state != CardOperation::State::Declined;
+    });
+}
+
 Kopecks totalOf(const QList<CardOperation>& operations)
 {
     return std::accumulate(operations.cbegin(), operations.cend(), Kopecks{0},

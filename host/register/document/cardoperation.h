@@ -48,6 +48,11 @@ QList<CardOperation> charged(const QList<CardOperation>& operations);
 /// The approved operations of that kind.
 QList<CardOperation> approved(const QList<CardOperation>& operations, CardOperation::Kind kind);
 
+/// True when a refund of either kind was approved.
+bool havePaidBack(const QList<CardOperation>& operations);
+/// The same; true also when nobody knows whether one was.
+bool mayHavePaidBack(const QList<CardOperation>& operations);
+
 Kopecks totalOf(const QList<CardOperation>& operations);
 
 /// A terminal's text as it is kept and printed: in one line, cut off after 100 letters.

@@ -68,6 +68,16 @@ QDateTime readTime(const QJsonObject& saved, const QString& name)
     return time;
 }
 
+/// A member that is `true` or absent.
+bool readMark(const QJsonObject& saved, const QString& name)
+{
+    const QJsonValue mark = saved.value(name);
+    if (!mark.isUndefined() && mark != true) {
+        savedmember::refuse(name);
+    }
+    return !mark.isUndefined();
+}
+
 void insertTime(QJsonObject& saved, const QString& name, const QDateTime& time)
 {
     if (time.isValid()) {
@@ -270,6 +280,9 @@ QJsonObject Document::toJson() const
     saved.insert(u"state"_s, word(m_ending.state));
     insertTime(saved, u"finished"_s, m_ending.finished);
     insertTime(saved, u"annulled"_s, m_ending.voided);
+    if (m_ending.voidingBegun) {
+        saved.insert(u"annulmentBegun"_s, true);
+    }
     if (m_ending.closing > 0) {
         saved.insert(u"closing"_s, m_ending.closing);
     }
@@ -311,6 +324,7 @@ QSharedPointer<Document> Document::fromJson(const QJsonObject& saved)
     if (ending.state == State::Voided) {
         ending.voided = readTime(saved, u"annulled"_s);
     }
+    ending.voidingBegun = readMark(saved, u"annulmentBegun"_s);
     if (saved.contains("closing"_L1)) {
         ending.closing = savedmember::positiveInteger(saved, u"closing"_s);
     }

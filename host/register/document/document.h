@@ -94,10 +94,19 @@ public:
     std::optional<CardOperation> unsettledCardOperation() const;
     /// What is on this document by card and has not been given back.
     Kopecks getCharged() const { return cardoperations::totalOf(cardoperations::charged(m_cardOperations)); }
+    /// True when money of a payment by card was given back, to the card or in cash.
+    bool hasPaidBack() const { return cardoperations::havePaidBack(m_cardOperations); }
+    /// The same; true also when nobody knows whether it was.
+    bool mayHavePaidBack() const { return cardoperations::mayHavePaidBack(m_cardOperations); }
     /// What has been given back to cards for this document.
     Kopecks getRefunded() const
     {
         return cardoperations::totalOf(cardoperations::approved(m_cardOperations, CardOperation::Kind::Refund));
+    }
+    /// What has been paid out in cash for payments by card.
+    Kopecks getRefundedInCash() const
+    {
+        return cardoperations::totalOf(cardoperations::approved(m_cardOperations, CardOperation::Kind::CashRefund));
     }
 
     /// Adds a position with the next number. The number of a removed position is not used again.
@@ -116,9 +125,15 @@ public:
         QDateTime finished = {};
         QDateTime voided = {};
         QList<Payment> payments = {};
+        /// Of a closed sale: its voiding has begun and has not ended. What came from external documents may be
+        /// cancelled, or money paid back.
+        bool voidingBegun = false;
     };
     const Ending& ending() const { return m_ending; }
     void setEnding(const Ending& ending) { m_ending = ending; }
+
+    bool isVoidingBegun() const { return m_ending.voidingBegun; }
+    void setVoidingBegun(bool begun) { m_ending.voidingBegun = begun; }
 
     /// A document that is being voided does not count as closed, so that plug-ins still save their changes to it.
     void setBeingVoided(bool voided) { m_beingVoided = voided; }

@@ -25,22 +25,54 @@ tr::Tr closing(const Document& document)
         .arg(amountText(document.getChange()));
 }
 
+/// Texts about a sale that was given up; which one, its refunds decide. The first argument is its number.
+struct GivenUp {
+    tr::Tr withoutMoney;
+    tr::Tr inCash; ///< then the amount
+    tr::Tr toCard; ///< then the amount
+    tr::Tr both;   ///< then the amount on the card, and that in cash
+};
+
+tr::Tr givenUp(const GivenUp& texts, const Document& sale)
+{
+    const QString number = QString::number(sale.getNumber());
+    const Kopecks toCard = sale.getRefunded();
+    const Kopecks inCash = sale.getRefundedInCash();
+    if (toCard > Kopecks{0} && inCash > Kopecks{0}) {
+        return texts.both.arg(number).arg(amountText(toCard)).arg(amountText(inCash));
+    }
+    if (toCard > Kopecks{0}) {
+        return texts.toCard.arg(number).arg(amountText(toCard));
+    }
+    if (inCash > Kopecks{0}) {
+        return texts.inCash.arg(number).arg(amountText(inCash));
+    }
+    return texts.withoutMoney.arg(number);
+}
+
 tr::Tr cancellation(const Document& document)
 {
-    const auto inCash = cardoperations::approved(document.cardOperations(), CardOperation::Kind::CashRefund);
-    if (!document.isReturn() && !inCash.isEmpty()) {
-        return tr::Tr(u"receiptCancelledPaidBack"_s, u"Чек № %1 отменён. Верните покупателю наличными %2"_s)
-            .arg(QString::number(document.getNumber()))
-            .arg(amountText(cardoperations::totalOf(inCash)));
+    if (document.isReturn()) {
+        return tr::Tr(u"takeBackCancelled"_s, u"Возврат № %1 отменён"_s).arg(QString::number(document.getNumber()));
     }
-    if (!document.isReturn() && document.getRefunded() > Kopecks{0}) {
-        return tr::Tr(u"receiptCancelledRefunded"_s, u"Чек № %1 отменён. На карту возвращено %2"_s)
-            .arg(QString::number(document.getNumber()))
-            .arg(amountText(document.getRefunded()));
-    }
-    return (document.isReturn() ? tr::Tr(u"takeBackCancelled"_s, u"Возврат № %1 отменён"_s)
-                                : tr::Tr(u"receiptCancelled"_s, u"Чек № %1 отменён"_s))
-        .arg(QString::number(document.getNumber()));
+    return givenUp({.withoutMoney = {u"receiptCancelled"_s, u"Чек № %1 отменён"_s},
+                    .inCash = {u"receiptCancelledPaidBack"_s, u"Чек № %1 отменён. Верните покупателю наличными %2"_s},
+                    .toCard = {u"receiptCancelledRefunded"_s, u"Чек № %1 отменён. На карту возвращено %2"_s},
+                    .both = {u"receiptCancelledPaidBackBoth"_s,
+                             u"Чек № %1 отменён. На карту возвращено %2, верните наличными %3"_s}},
+                   document);
+}
+
+tr::Tr voidingOfSuspended(const Document& document)
+{
+    return givenUp(
+        {.withoutMoney = {u"putAsideAnnulled"_s, u"Отложенный чек № %1 аннулирован"_s},
+         .inCash = {u"putAsideAnnulledPaidBack"_s,
+                    u"Отложенный чек № %1 аннулирован. Верните покупателю наличными %2"_s},
+         .toCard = {u"putAsideAnnulledRefunded"_s, u"Отложенный чек № %1 аннулирован. На карту возвращено %2"_s},
+         .both = {u"putAsideAnnulledPaidBackBoth"_s,
+                  u"Отложенный чек № %1 аннулирован. На карту возвращено %2, верните наличными %3"_s}},
+        document);
 }
 
 tr::Tr closedState(const Document& document, Document::Returned returned)
@@ -50,6 +82,9 @@ tr::Tr closedState(const Document& document, Document::Returned returned)
     }
     switch (returned) {
     case Document::Returned::Nothing:
+        if (document.isVoidingBegun()) {
+            return {u"documentAnnulmentBegun"_s, u"Продажа, аннулирование не завершено"_s};
+        }
         break;
     case Document::Returned::Partly:
         return {u"documentPartlyTakenBack"_s, u"Продажа, возвращена частично"_s};
@@ -60,14 +95,22 @@ tr::Tr closedState(const Document& document, Document::Returned returned)
     return {u"documentSale"_s, u"Продажа"_s};
 }
 
+tr::Tr suspendedState(const Document& document)
+{
+    if (document.isReturn()) {
+        return {u"documentTakeBackPutAside"_s, u"Возврат отложен"_s};
+    }
+    return document.getCharged() > Kopecks{0} ? tr::Tr(u"documentPutAsideCharged"_s, u"Отложен, есть оплата картой"_s)
+                                              : tr::Tr(u"documentPutAside"_s, u"Отложен"_s);
+}
+
 tr::Tr stateWord(const Document& document, Document::Returned returned)
 {
     switch (document.getState()) {
     case Document::State::Open:
         return {u"documentOpen"_s, u"Открыт"_s};
     case Document::State::Suspended:
-        return document.isReturn() ? tr::Tr(u"documentTakeBackPutAside"_s, u"Возврат отложен"_s)
-                                   : tr::Tr(u"documentPutAside"_s, u"Отложен"_s);
+        return suspendedState(document);
     case Document::State::Closed:
         return closedState(document, returned);
     case Document::State::Cancelled:
@@ -122,7 +165,7 @@ QString voiding(const Document& document, Document::State before)
 {
     const QString number = QString::number(document.getNumber());
     if (before == Document::State::Suspended) {
-        return tr::Tr(u"putAsideAnnulled"_s, u"Отложенный чек № %1 аннулирован"_s).arg(number).ui();
+        return voidingOfSuspended(document).ui();
     }
     if (document.getSum() == Kopecks{}) {
         return tr::Tr(u"saleWithoutMoneyAnnulled"_s, u"Чек № %1 аннулирован"_s).arg(number).ui();

@@ -14,7 +14,6 @@
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 #include "tallotableview.h"
-#include "till.h"
 
 #include <QBoxLayout>
 #include <QItemSelectionModel>
@@ -225,7 +224,7 @@ void DocumentListForm::showCurrent()
         {m_resume, m_params.obstacleToResuming},
         {m_return, m_params.obstacleToReturning},
         {m_void, m_params.obstacleToVoiding},
-        {m_print, &Till::obstacleToPrinting},
+        {m_print, m_params.obstacleToPrinting},
     };
     for (const auto& [button, rule] : rules) {
         const std::optional<Obstacle> obstacle = document ? rule(*document) : Obstacle();
@@ -252,7 +251,7 @@ void DocumentListForm::showHint()
                  "error");
     } else if (document->getNumber() == m_outcome.document) {
         showHint(m_outcome.text, m_outcome.textRole);
-    } else if (const auto obstacle = m_params.obstacleOfPlugins(*document)) {
+    } else if (const auto obstacle = m_params.warning(*document)) {
         showHint(obstacle->text.ui(), "waiting");
     } else if (m_params.openDocument != 0) {
         showHint(tr::Tr(u"documentsReceiptOpen"_s,

@@ -30,7 +30,8 @@ struct DocumentListParams {
     Rule obstacleToResuming;
     Rule obstacleToReturning;
     Rule obstacleToVoiding;
-    Rule obstacleOfPlugins; ///< why neither of the two last is possible; shown as a hint
+    Rule obstacleToPrinting;
+    Rule warning; ///< what else the cashier has to know of a document; shown as a hint
     /// Does something with a document while the list is shown. @return a hint about what was done; nothing when it was
     /// not done, and the cashier has seen why
     using Act = std::function<std::optional<QString>(const Pointer&)>;

@@ -4,6 +4,7 @@
 #include "dialogeventfilter.h"
 #include "formanswer.h"
 #include "plaintooltip.h"
+#include "registerstyle.h"
 #include "tablecolumn.h"
 #include "tallotableview.h"
 
@@ -16,6 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+
+const QString tick = u"✓"_s;
+const QString withoutTick = u"—"_s; ///< cannot come back now
 
 enum Column { Chosen, Number, Name, Mark, Packs, Sum, ColumnCount };
 
@@ -32,6 +36,7 @@ QStandardItem* cell(const QString& text, Qt::Alignment alignment)
 ReturnForm::ReturnForm(const ReturnParams& params, QObject* parent)
     : BasicForm(parent)
     , m_positions(params.positions)
+    , m_obstacles(params.obstacles)
     , m_model(0, ColumnCount)
 {
     loadUI(u"return.ui"_s);
@@ -41,7 +46,8 @@ ReturnForm::ReturnForm(const ReturnParams& params, QObject* parent)
     m_table = findWidget<TalloTableView>(u"positionsTable"_s);
     m_all = findWidget<QPushButton>(u"allButton"_s);
     m_return = findWidget<QPushButton>(u"returnButton"_s);
-    showText(u"titleLabel"_s, tr::Tr(u"returnTitle"_s, u"Что возвращают: %1"_s).arg(params.title).ui());
+    showText(u"titleLabel"_s,
+             tr::Tr(u"returnTitle"_s, u"Возврат товара. %1: отметьте, что возвращают"_s).arg(params.title).ui());
     fill(params);
     setUpTable();
     setUpButtons();
@@ -56,11 +62,11 @@ ReturnForm::ReturnForm(const ReturnParams& params, QObject* parent)
 
 void ReturnForm::fill(const ReturnParams& params)
 {
-    m_model.setHorizontalHeaderLabels({tr::Tr(u"returnColumnChosen"_s, u"Вернуть"_s).ui(),
-                                       tr::Tr(u"returnColumnNumber"_s, u"№"_s).ui(),
-                                       tr::Tr(u"returnColumnName"_s, u"Наименование"_s).ui(), QString(),
-                                       tr::Tr(u"returnColumnPacks"_s, u"Упаковок"_s).ui(),
-                                       captionWithCurrency(tr::Tr(u"returnColumnSum"_s, u"Сумма"_s).ui())});
+    m_model.setHorizontalHeaderLabels(
+        {tr::Tr(u"returnColumnChosen"_s, u"Вернуть"_s).ui(), tr::Tr(u"returnColumnNumber"_s, u"№"_s).ui(),
+         tr::Tr(u"returnColumnName"_s, u"Наименование"_s).ui(), tr::Tr(u"returnColumnMark"_s, u"Вид"_s).ui(),
+         tr::Tr(u"returnColumnPacks"_s, u"Упаковок"_s).ui(),
+         captionWithCurrency(tr::Tr(u"returnColumnSum"_s, u"Сумма"_s).ui())});
     for (const QSharedPointer<Position>& position : m_positions) {
         const int place = params.places.value(m_model.rowCount());
         m_model.appendRow({cell({}, Qt::AlignHCenter), cell(QString::number(place), Qt::AlignRight),
@@ -69,7 +75,7 @@ void ReturnForm::fill(const ReturnParams& params)
                            cell(QString::number(position->getQuantity()).replace(u'.', u','), Qt::AlignRight),
                            cell(amountFigures(position->getSum()), Qt::AlignRight)});
         m_model.item(m_model.rowCount() - 1, Name)->setToolTip(plainToolTip(position->getName()));
-        choose(m_model.rowCount() - 1, true);
+        choose(m_model.rowCount() - 1, canBeChosen(m_model.rowCount() - 1));
     }
 }
 
@@ -86,10 +92,23 @@ void ReturnForm::setUpTable()
     }));
     m_table->setColumnHidden(Mark, m_model.findItems(QString(), Qt::MatchExactly, Mark).size() == m_model.rowCount());
     m_table->setCurrentIndex(m_model.index(0, Name));
+    enlargeTicks();
     connect(m_table, &QTableView::clicked, this, [this](const QModelIndex& index) { toggle(index.row()); });
     auto* space = new QShortcut(Qt::Key_Space, m_table, nullptr, nullptr, Qt::WidgetShortcut);
     space->setAutoRepeat(false);
     connect(space, &QShortcut::activated, this, [this] { toggle(m_table->currentIndex().row()); });
+}
+
+/// A tick is a narrow sign, which is lost beside a name of the same size.
+void ReturnForm::enlargeTicks()
+{
+    m_table->ensurePolished();
+    QFont font = m_table->font();
+    font.setPointSizeF(font.pointSizeF() * 1.4);
+    font.setBold(true);
+    for (int row = 0; row < m_model.rowCount(); ++row) {
+        m_model.item(row, Chosen)->setFont(font);
+    }
 }
 
 void ReturnForm::setUpButtons()
@@ -126,11 +145,12 @@ void ReturnForm::toggle(int row)
     }
     choose(row, !isChosen(row));
     showChoice();
+    showObstacle(row);
 }
 
 void ReturnForm::toggleAll()
 {
-    const bool choosesAll = chosenCount() < m_model.rowCount();
+    const bool choosesAll = rowsWhere(&ReturnForm::isChosen) < rowsWhere(&ReturnForm::canBeChosen);
     for (int row = 0; row < m_model.rowCount(); ++row) {
         choose(row, choosesAll);
     }
@@ -146,18 +166,39 @@ void ReturnForm::showChoice()
             sum = sum + m_positions.at(row)->getSum();
         }
     }
-    const int chosen = chosenCount();
-    const tr::Tr allText = chosen < m_model.rowCount() ? tr::Tr(u"returnAll"_s, u"Выбрать все"_s)
-                                                       : tr::Tr(u"returnNone"_s, u"Снять все"_s);
+    const int chosen = rowsWhere(&ReturnForm::isChosen);
+    const tr::Tr allText = chosen < rowsWhere(&ReturnForm::canBeChosen) ? tr::Tr(u"returnAll"_s, u"Выбрать все"_s)
+                                                                        : tr::Tr(u"returnNone"_s, u"Снять все"_s);
     m_all->setText(u"F4 "_s + allText.ui());
     m_all->setAccessibleName(allText.ui());
     m_return->setEnabled(chosen > 0);
-    showText(u"hintLabel"_s,
-             tr::Tr(u"returnHint"_s, u"Выбрано %1 из %2 на сумму %3. Пробел или касание строки меняет выбор."_s)
-                 .arg(QString::number(chosen))
-                 .arg(QString::number(m_model.rowCount()))
-                 .arg(amountText(sum))
-                 .ui());
+    const tr::Tr hint =
+        isTouchMode()
+            ? tr::Tr(u"returnTouchHint"_s, u"Выбрано %1 из %2 на сумму %3. Коснитесь строки, чтобы выбрать её "
+                                           "или снять, затем кнопки «Вернуть выбранные»."_s)
+            : tr::Tr(u"returnHint"_s, u"Выбрано %1 из %2 на сумму %3. Пробел — выбрать строку или снять, "
+                                      "Ввод — вернуть выбранные, Esc — назад."_s);
+    showHint(hint.arg(QString::number(chosen)).arg(QString::number(m_model.rowCount())).arg(amountText(sum)).ui(),
+             "hint");
+}
+
+void ReturnForm::showHint(const QString& text, const char* textRole)
+{
+    showText(u"hintLabel"_s, text);
+    setStyleProperty(*findWidget<QLabel>(u"hintLabel"_s), u"textRole"_s, QLatin1StringView(textRole));
+}
+
+/// Says why a position cannot be chosen; nothing for one that can.
+void ReturnForm::showObstacle(int row)
+{
+    const auto obstacle = m_obstacles.constFind(m_positions.at(row)->getNumber());
+    if (obstacle != m_obstacles.cend()) {
+        showHint(tr::Tr(u"returnNotNow"_s, u"Позицию № %1 пока нельзя вернуть: %2."_s)
+                     .arg(m_model.item(row, Number)->text())
+                     .arg(obstacle->shortest().ui())
+                     .ui(),
+                 "waiting");
+    }
 }
 
 void ReturnForm::confirm()
@@ -173,19 +214,20 @@ void ReturnForm::confirm()
 
 bool ReturnForm::isChosen(int row) const
 {
-    return !m_model.item(row, Chosen)->text().isEmpty();
+    return m_model.item(row, Chosen)->text() == tick;
 }
 
 void ReturnForm::choose(int row, bool chosen)
 {
-    m_model.item(row, Chosen)->setText(chosen ? u"✓"_s : QString());
+    const QString text = chosen ? tick : QString();
+    m_model.item(row, Chosen)->setText(canBeChosen(row) ? text : withoutTick);
 }
 
-int ReturnForm::chosenCount() const
+int ReturnForm::rowsWhere(bool (ReturnForm::*holds)(int row) const) const
 {
     int count = 0;
     for (int row = 0; row < m_model.rowCount(); ++row) {
-        count += isChosen(row) ? 1 : 0;
+        count += (this->*holds)(row) ? 1 : 0;
     }
     return count;
 }

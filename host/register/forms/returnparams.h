@@ -2,9 +2,11 @@
 #pragma once
 
 #include "event.h"
+#include "obstacle.h"
 #include "position.h"
 #include "positionmarks.h"
 
+#include <QHash>
 #include <QList>
 #include <QMetaType>
 #include <QSharedPointer>
@@ -18,6 +20,7 @@ struct ReturnParams {
     QList<QSharedPointer<Position>> positions; ///< those that have not come back yet
     const PositionMarks* marks = nullptr;      ///< not owned
     QList<int> places = {};                    ///< of these positions on the receipt, from 1
+    QHash<int, Obstacle> obstacles = {};       ///< by number: why a position cannot come back now
 
     /// The event that shows the form; it carries this struct as "params".
     static constexpr auto eventCode = static_cast<EActivityListener::Event>(1014);

@@ -27,6 +27,13 @@ bool isCancelledOrVoided(const Document& document)
     return document.getState() == Document::State::Cancelled || document.getState() == Document::State::Voided;
 }
 
+/// The cashier has to finish something.
+bool waits(const Document& document, Document::Returned returned)
+{
+    return document.getState() == Document::State::Suspended ||
+           (document.isVoidingBegun() && returned == Document::Returned::Nothing);
+}
+
 } // namespace
 
 void DocumentTableModel::show(const QList<Pointer>& documents,
@@ -85,7 +92,7 @@ QVariant DocumentTableModel::data(const QModelIndex& index, int role) const
         return {};
     }
     const Row& row = m_rows.at(index.row());
-    const bool isWaiting = row.document->getState() == Document::State::Suspended && index.column() == State;
+    const bool isWaiting = waits(*row.document, row.returned) && index.column() == State;
     switch (role) {
     case Qt::DisplayRole:
         return text(row, index.column());

@@ -39,7 +39,8 @@ void Till::restore(const OpenDocumentFile::Loaded& loaded)
 
 bool Till::close(const QList<Payment>& payments)
 {
-    if (!m_document || totalOf(payments) < m_document->getSum() || obstacleOfPlugins(*m_document)) {
+    if (!m_document || totalOf(payments) < m_document->getSum() || obstacleToPayment() ||
+        m_document->unsettledCardOperation()) {
         return false;
     }
     if (m_document->isReturn() && !writeBackToSale()) {
@@ -87,11 +88,8 @@ bool Till::returnSale(const QSharedPointer<Document>& sale)
 
 bool Till::returnPositions(const QSharedPointer<Document>& sale, const QSet<int>& positions)
 {
-    if (!sale || obstacleToReturning(*sale)) {
-        return false;
-    }
-    const QSet<int> chosen = returnablePositions(*sale) & positions;
-    if (chosen.isEmpty()) {
+    const QSet<int> chosen = sale ? returnablePositions(*sale) & positions : QSet<int>();
+    if (chosen.isEmpty() || obstacleToReturning(*sale, chosen)) {
         return false;
     }
     const QSharedPointer<Document> document = Document::returnOf(*sale, chosen, m_numbers.next(), now());
@@ -119,6 +117,7 @@ bool Till::voidDocument(const QSharedPointer<Document>& document)
     Document::Ending ending = document->ending();
     ending.state = Document::State::Voided;
     ending.voided = now();
+    ending.voidingBegun = false;
     if (!ending.finished.isValid()) {
         ending.finished = ending.voided;
     }

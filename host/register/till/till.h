@@ -96,19 +96,29 @@ public:
     /// Why nothing can be done with the open document: none is open. A command begins with one, and a plug-in's trigger
     /// may have ended it.
     std::optional<Obstacle> obstacleToChangingDocument() const;
+    /// Why a command cannot go on after it waited for the cashier or a terminal: another document is open by now, or
+    /// none.
+    std::optional<Obstacle> obstacleToGoingOn(const QSharedPointer<Document>& document) const;
     std::optional<Obstacle> obstacleToAddingGoods() const;
     std::optional<Obstacle> obstacleToChangingPositions() const;
     std::optional<Obstacle> obstacleToChangingQuantity(const Position& position) const;
     /// Why neither the subtotal nor the payment can be shown.
     std::optional<Obstacle> obstacleToPayment() const;
     std::optional<Obstacle> obstacleToCancelling() const;
-    /// A return is suspended only while there is an obstacleOfPlugins(), so that the till can go on.
+    /// A return, and a sale with money from a card, are suspended only while there is an obstacleOfPlugins(), so that
+    /// the till can go on.
     std::optional<Obstacle> obstacleToSuspending() const;
     std::optional<Obstacle> obstacleToResuming(const Document& document) const;
+    /// Why no position of the sale can be returned.
     std::optional<Obstacle> obstacleToReturning(const Document& sale) const;
+    /// Why these positions cannot be returned.
+    /// @param positions their numbers
+    std::optional<Obstacle> obstacleToReturning(const Document& sale, const QSet<int>& positions) const;
     std::optional<Obstacle> obstacleToVoiding(const Document& document) const;
     /// Why its receipt cannot be printed again.
-    static std::optional<Obstacle> obstacleToPrinting(const Document& document);
+    std::optional<Obstacle> obstacleToPrinting(const Document& document) const;
+    /// Why nothing but voiding and, while no money was paid back, returning is left for a sale: its voiding has begun.
+    std::optional<Obstacle> obstacleOfVoiding(const Document& document) const;
     /// What a document that is open or suspended returns counts.
     Document::Returned returned(const Document& sale) const;
     /// The positions of the sale that can still be returned.
@@ -123,7 +133,8 @@ public:
     /// Closes the document, prints its receipt and sends event 12.
     /// @param payments of the customer, together at least the sum; of a return: what is paid out
     /// @return false when nothing changed: no document is open, the payments are too little, there is an
-    ///         obstacleOfPlugins(), or the document could not be saved, which has been shown to the cashier
+    ///         obstacleToPayment(), a card operation is unsettled, or the document could not be saved, which has been
+    ///         shown to the cashier
     bool close(const QList<Payment>& payments);
     /// Cancels the document and sends event 22; false as for close(), and when there is an obstacleToCancelling().
     bool cancel();
@@ -137,7 +148,7 @@ public:
     bool returnSale(const QSharedPointer<Document>& sale);
     /// The same with some positions of the sale.
     /// @param positions their numbers; those that cannot be returned are passed over
-    /// @return false also when none is left
+    /// @return false also when none is left, and when there is an obstacleToReturning() the others
     bool returnPositions(const QSharedPointer<Document>& sale, const QSet<int>& positions);
     /// Voids a suspended or closed document and emits voided(); false when it could not be saved, and when there is an
     /// obstacleToVoiding().
@@ -168,6 +179,8 @@ private:
     void recalculateAndSave();
     bool isServed(const Position& position) const;
     Obstacle pluginMissing(const Document& document, const Position& position) const;
+    std::optional<Obstacle> obstacleWhileCharged() const;
+    std::optional<Obstacle> obstacleToReturningAny(const Document& sale) const;
 
     // documentchanges.cpp
     bool end(const Document::Ending& ending, EActivityListener::Event event);

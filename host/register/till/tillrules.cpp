@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "till.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace
@@ -25,29 +23,47 @@ Obstacle returnDamaged(const Document& sale, const DocumentArchive::DamagedRetur
             {u"menuTakeBackDamaged"_s, u"возврат повреждён"_s}};
 }
 
-/// True when a refund was approved, or nobody knows whether it was.
-bool hasPaidOut(const Document& document)
+Obstacle voidingPaidBack(const Document& sale)
 {
-    const auto& operations = document.cardOperations();
-    return std::any_of(operations.cbegin(), operations.cend(), [](const CardOperation& operation) {
-        return operation.kind != CardOperation::Kind::Payment && operation.state != CardOperation::State::Declined;
-    });
+    return {tr::Tr(u"voidingBegun"_s, u"Аннулирование продажи № %1 начато, деньги возвращены на карту.\n"
+                                      "Завершите его: аннулируйте продажу ещё раз."_s)
+                .arg(number(sale))};
 }
 
-/// Money from a card binds the document: its sum stays as it is.
-std::optional<Obstacle> obstacleWhileCharged(const Document& document)
+Obstacle documentGone()
 {
-    if (document.getCharged() == Kopecks{0} && !document.unsettledCardOperation()) {
+    return {{u"documentGone"_s, u"Чек уже не открыт: модуль закрыл его во время действия.\n"
+                                "Проверьте чек в списке документов."_s}};
+}
+
+Obstacle belowZero(const Document& document)
+{
+    const tr::Tr text =
+        document.isReturn()
+            ? tr::Tr(u"returnBelowZero"_s, u"Сумма возврата меньше нуля: %1.\n"
+                                           "Отмените возврат и верните эту позицию вместе с другими."_s)
+            : tr::Tr(u"totalBelowZero"_s, u"Сумма чека меньше нуля: %1.\n"
+                                          "Удалите позицию с отрицательной ценой или позовите администратора."_s);
+    return {text.arg(amountText(document.getSum())), {u"menuTotalBelowZero"_s, u"сумма меньше нуля"_s}};
+}
+
+} // namespace
+
+/// Money from a card binds the open document: its sum stays as it is.
+std::optional<Obstacle> Till::obstacleWhileCharged() const
+{
+    if (!m_document || (m_document->getCharged() == Kopecks{0} && !m_document->unsettledCardOperation())) {
         return std::nullopt;
+    }
+    if (auto obstacle = obstacleOfPlugins(*m_document)) {
+        return obstacle; // it can neither be paid nor cancelled
     }
     return Obstacle{tr::Tr(u"chargedNotChanged"_s,
                            u"По чеку № %1 уже есть оплата картой, он не меняется.\n"
                            "Завершите оплату. Чтобы изменить чек, отмените его: деньги вернутся на карту."_s)
-                        .arg(number(document)),
+                        .arg(number(*m_document)),
                     {u"menuCharged"_s, u"есть оплата картой"_s}};
 }
-
-} // namespace
 
 bool Till::isServed(const Position& position) const
 {
@@ -124,14 +140,18 @@ std::optional<Obstacle> Till::obstacleToChangingDocument() const
     if (m_document) {
         return std::nullopt;
     }
-    return Obstacle{{u"documentGone"_s, u"Чек уже не открыт: модуль закрыл его во время действия.\n"
-                                        "Проверьте чек в списке документов."_s}};
+    return documentGone();
+}
+
+std::optional<Obstacle> Till::obstacleToGoingOn(const QSharedPointer<Document>& document) const
+{
+    return m_document == document ? std::nullopt : std::optional(documentGone());
 }
 
 std::optional<Obstacle> Till::obstacleToAddingGoods() const
 {
     if (!m_document || !m_document->isReturn()) {
-        return m_document ? obstacleWhileCharged(*m_document) : std::nullopt;
+        return obstacleWhileCharged();
     }
     return Obstacle{{u"takeBackTakesNoGoods"_s,
                      u"Открыт возврат: товары в него не добавляются.\nЗавершите возврат или отмените его."_s}};
@@ -140,7 +160,7 @@ std::optional<Obstacle> Till::obstacleToAddingGoods() const
 std::optional<Obstacle> Till::obstacleToChangingPositions() const
 {
     if (!m_document || !m_document->isReturn()) {
-        return m_document ? obstacleWhileCharged(*m_document) : std::nullopt;
+        return obstacleWhileCharged();
     }
     return Obstacle{{u"takeBackIsWhole"_s,
                      u"Позиции возврата не меняются.\nЧтобы вернуть другие, отмените возврат и начните его заново."_s}};
@@ -160,17 +180,13 @@ std::optional<Obstacle> Till::obstacleToChangingQuantity(const Position& positio
 
 std::optional<Obstacle> Till::obstacleToPayment() const
 {
-    if (m_document && !m_document->isReturn() && hasPaidOut(*m_document)) {
+    if (m_document && !m_document->isReturn() && m_document->mayHavePaidBack()) {
         return Obstacle{tr::Tr(u"cancellingBegun"_s, u"Отмена чека № %1 начата, деньги возвращены на карту.\n"
                                                      "Завершите её: отмените чек ещё раз."_s)
                             .arg(number(*m_document))};
     }
-    if (m_document && !m_document->isReturn() && m_document->getSum() < Kopecks{0}) {
-        return Obstacle{tr::Tr(u"totalBelowZero"_s,
-                               u"Сумма чека меньше нуля: %1.\n"
-                               "Удалите позицию с отрицательной ценой или позовите администратора."_s)
-                            .arg(amountText(m_document->getSum())),
-                        {u"menuTotalBelowZero"_s, u"сумма меньше нуля"_s}};
+    if (m_document && m_document->getSum() < Kopecks{0}) {
+        return belowZero(*m_document);
     }
     if (m_document && !m_document->positions().isEmpty()) {
         return obstacleOfPlugins(*m_document);
@@ -181,11 +197,11 @@ std::optional<Obstacle> Till::obstacleToPayment() const
 
 std::optional<Obstacle> Till::obstacleToSuspending() const
 {
-    if (!m_document || !m_document->isReturn()) {
-        return m_document ? obstacleWhileCharged(*m_document) : std::nullopt;
-    }
-    if (obstacleOfPlugins(*m_document)) {
+    if (!m_document || obstacleOfPlugins(*m_document)) {
         return std::nullopt;
+    }
+    if (!m_document->isReturn()) {
+        return obstacleWhileCharged();
     }
     return Obstacle{{u"takeBackNotPutAside"_s, u"Возврат нельзя отложить: завершите его или отмените."_s},
                     {u"menuTakeBackOpen"_s, u"возврат не откладывают"_s}};
@@ -215,10 +231,8 @@ std::optional<Obstacle> Till::obstacleToReturning(const Document& sale) const
                                "Проверьте номер чека."_s)
                             .arg(number(sale))};
     }
-    if (hasPaidOut(sale)) {
-        return Obstacle{tr::Tr(u"voidingBegun"_s, u"Аннулирование продажи № %1 начато, деньги возвращены на карту.\n"
-                                                  "Завершите его: аннулируйте продажу ещё раз."_s)
-                            .arg(number(sale))};
+    if (sale.hasPaidBack()) {
+        return voidingPaidBack(sale);
     }
     if (const auto latest = m_archive.find(sale.getReturnedBy());
         latest && latest->getState() == Document::State::Suspended && latest->getReturnedSale() == sale.getNumber()) {
@@ -236,7 +250,41 @@ std::optional<Obstacle> Till::obstacleToReturning(const Document& sale) const
                             .arg(number(sale))
                             .arg(QString::number(sale.getReturnedBy()))};
     }
-    return obstacleOfPlugins(sale);
+    return obstacleToReturningAny(sale);
+}
+
+/// Why none of the positions that are left can be returned: each belongs to a plug-in that does not work.
+std::optional<Obstacle> Till::obstacleToReturningAny(const Document& sale) const
+{
+    const QSet<int> left = returnablePositions(sale);
+    std::optional<Obstacle> obstacle;
+    for (const QSharedPointer<Position>& position : sale.positions()) {
+        if (left.contains(position->getNumber())) {
+            if (isServed(*position)) {
+                return std::nullopt;
+            }
+            obstacle = pluginMissing(sale, *position);
+        }
+    }
+    return obstacle;
+}
+
+std::optional<Obstacle> Till::obstacleToReturning(const Document& sale, const QSet<int>& positions) const
+{
+    if (auto obstacle = obstacleToReturning(sale)) {
+        return obstacle;
+    }
+    if (sale.unsettledCardOperation()) {
+        return Obstacle{tr::Tr(u"saleUnsettled"_s, u"Продажа № %1: неизвестно, прошла ли операция по карте.\n"
+                                                   "Повторите возврат: касса спросит терминал."_s)
+                            .arg(number(sale))};
+    }
+    for (const QSharedPointer<Position>& position : sale.positions()) {
+        if (positions.contains(position->getNumber()) && !isServed(*position)) {
+            return pluginMissing(sale, *position);
+        }
+    }
+    return std::nullopt;
 }
 
 std::optional<Obstacle> Till::obstacleToVoiding(const Document& document) const
@@ -256,10 +304,23 @@ std::optional<Obstacle> Till::obstacleToVoiding(const Document& document) const
                         .arg(number(document))};
 }
 
-std::optional<Obstacle> Till::obstacleToPrinting(const Document& document)
+std::optional<Obstacle> Till::obstacleOfVoiding(const Document& document) const
+{
+    if (!document.isVoidingBegun() || returned(document) != Document::Returned::Nothing) {
+        return std::nullopt;
+    }
+    if (document.hasPaidBack()) {
+        return voidingPaidBack(document);
+    }
+    return Obstacle{tr::Tr(u"voidingNotEnded"_s, u"Аннулирование продажи № %1 начато и не завершено.\n"
+                                                 "Аннулируйте её ещё раз или оформите возврат."_s)
+                        .arg(number(document))};
+}
+
+std::optional<Obstacle> Till::obstacleToPrinting(const Document& document) const
 {
     if (document.getState() == Document::State::Closed) {
-        return std::nullopt;
+        return obstacleOfVoiding(document);
     }
     return Obstacle{{u"documentsPrintClosed"_s, u"Печатаются только закрытые документы, которые не аннулированы. "
                                                 "Выберите такой документ."_s}};
@@ -267,7 +328,7 @@ std::optional<Obstacle> Till::obstacleToPrinting(const Document& document)
 
 std::optional<Obstacle> Till::obstacleToCancelling() const
 {
-    if (!m_document || !m_document->isReturn() || !hasPaidOut(*m_document)) {
+    if (!m_document || !m_document->isReturn() || !m_document->mayHavePaidBack()) {
         return m_document ? obstacleOfPlugins(*m_document) : std::nullopt;
     }
     return Obstacle{{u"refundedNotCancelled"_s,

@@ -460,6 +460,18 @@ Tell the administrator. You can open a new receipt.</translation>
         <source>ИТОГО</source>
         <translation>TOTAL</translation>
     </message>
+    <message id="returnTotal">
+        <source>К возврату</source>
+        <translation>To return</translation>
+    </message>
+    <message id="returnNext">
+        <source>Проверьте позиции возврата, затем выплатите деньги</source>
+        <translation>Check the items of the return, then pay the money out</translation>
+    </message>
+    <message id="returnNextKey">
+        <source>Проверьте позиции возврата, затем %1 — выплата</source>
+        <translation>Check the items of the return, then %1: pay out</translation>
+    </message>
     <message id="receiptNumber">
         <source>Чек № %1</source>
         <translation>Receipt %1</translation>
@@ -545,6 +557,12 @@ Choose another document.</translation>
     <message id="annulPutAsideQuestion">
         <source>Аннулировать отложенный чек № %1 на сумму %2?</source>
         <translation>Annul receipt No. %1 of %2, which was put aside?</translation>
+    </message>
+    <message id="annulPutAsideChargedQuestion">
+        <source>Аннулировать отложенный чек № %1 на сумму %2?
+Оплата картой вернётся на карту покупателя.</source>
+        <translation>Annul receipt No. %1 of %2, which was put aside?
+The card payment goes back to the customer's card.</translation>
     </message>
     <message id="annulYes">
         <source>Аннулировать</source>
@@ -647,16 +665,28 @@ Call the administrator and repeat this when the plug-in works. Until then an ope
 Wait until it is free, and repeat.</translation>
     </message>
     <message id="voidingNotRefunded">
-        <source>Аннулирование документа № %1 не завершено: деньги на карту не возвращены.
+        <source>Аннулирование документа № %1 не завершено: деньги возвращены не все.
 Повторите аннулирование, когда терминал ответит.</source>
-        <translation>Document no. %1 is not voided: no money went back to the card.
-Repeat the voiding when the terminal answers.</translation>
+        <translation>The annulment of document No. %1 is not finished: not all the money was paid back.
+Repeat the annulment when the terminal answers.</translation>
     </message>
     <message id="voidingNotFinished">
-        <source>Аннулирование документа № %1 не завершено: деньги на карту не возвращены, а отпуск %2 отменён.
+        <source>Аннулирование документа № %1 не завершено: деньги возвращены не все, а отпуск %2 мог быть отменён.
 Повторите аннулирование, когда терминал ответит.</source>
-        <translation>Document no. %1 is not voided: no money went back to the card, and its dispenses %2 are cancelled.
-Repeat the voiding when the terminal answers.</translation>
+        <translation>The annulment of document No. %1 is not finished: not all the money was paid back, and its dispenses %2 may have been cancelled.
+Repeat the annulment when the terminal answers.</translation>
+    </message>
+    <message id="voidingNotDone">
+        <source>Документ № %1 не аннулирован: деньги на карту не возвращены.
+Повторите аннулирование, когда терминал ответит.</source>
+        <translation>Document No. %1 is not annulled: the money did not go back to the card.
+Repeat the annulment when the terminal answers.</translation>
+    </message>
+    <message id="documentChangedMeanwhile">
+        <source>Документ № %1 изменился, пока касса ждала ответа.
+Проверьте его в списке документов и повторите.</source>
+        <translation>Document No. %1 changed while the register waited for an answer.
+Check it in the list of documents and try again.</translation>
     </message>
     <message id="takeBackSuspended">
         <source>Возврат продажи № %1 начат и отложен, его номер %2.
@@ -669,6 +699,12 @@ Resume it from the list of documents.</translation>
 Удалите позицию с отрицательной ценой или позовите администратора.</source>
         <translation>The receipt's total is below zero: %1.
 Remove the position with the negative price, or call the administrator.</translation>
+    </message>
+    <message id="returnBelowZero">
+        <source>Сумма возврата меньше нуля: %1.
+Отмените возврат и верните эту позицию вместе с другими.</source>
+        <translation>The total of the return is below zero: %1.
+Cancel the return and return this item together with others.</translation>
     </message>
     <message id="menuTotalBelowZero">
         <source>сумма меньше нуля</source>
@@ -815,6 +851,18 @@ Cancel the return all the same?</translation>
     <message id="putAsideAnnulled">
         <source>Отложенный чек № %1 аннулирован</source>
         <translation>Receipt No. %1, put aside, was annulled</translation>
+    </message>
+    <message id="putAsideAnnulledPaidBack">
+        <source>Отложенный чек № %1 аннулирован. Верните покупателю наличными %2</source>
+        <translation>Put-aside receipt No. %1 annulled. Pay %2 back to the customer in cash</translation>
+    </message>
+    <message id="putAsideAnnulledRefunded">
+        <source>Отложенный чек № %1 аннулирован. На карту возвращено %2</source>
+        <translation>Put-aside receipt No. %1 annulled. %2 went back to the card</translation>
+    </message>
+    <message id="putAsideAnnulledPaidBackBoth">
+        <source>Отложенный чек № %1 аннулирован. На карту возвращено %2, верните наличными %3</source>
+        <translation>Put-aside receipt No. %1 annulled. %2 went back to the card, pay %3 back in cash</translation>
     </message>
     <message id="saleWithoutMoneyAnnulled">
         <source>Чек № %1 аннулирован</source>
@@ -1218,6 +1266,18 @@ What was paid by card goes back to the customer’s card.</translation>
         <translation>The card was charged %1, and the receipt now comes to %2.
 Cancel the receipt: the money goes back to the card. Then sell again.</translation>
     </message>
+    <message id="sumRaisedDuringPayment">
+        <source>Сумма чека выросла во время оплаты: остаётся оплатить %1.
+Примите остаток: наличными или картой.</source>
+        <translation>The receipt's total rose during the payment: %1 is still due.
+Take the rest in cash or by card.</translation>
+    </message>
+    <message id="changedDuringPayment">
+        <source>Чек № %1 изменился во время оплаты.
+Проверьте позиции и перейдите к оплате ещё раз.</source>
+        <translation>Receipt No. %1 changed during the payment.
+Check the items and go to the payment again.</translation>
+    </message>
     <message id="absurdTitle">
         <source>Слишком много денег</source>
         <translation>Too much money</translation>
@@ -1244,6 +1304,10 @@ Pay out change of %3?</translation>
         <source>Чек № %1 отменён. Верните покупателю наличными %2</source>
         <translation>Receipt No. %1 cancelled. Pay %2 back to the customer in cash</translation>
     </message>
+    <message id="receiptCancelledPaidBackBoth">
+        <source>Чек № %1 отменён. На карту возвращено %2, верните наличными %3</source>
+        <translation>Receipt No. %1 cancelled. %2 went back to the card, pay %3 back in cash</translation>
+    </message>
     <message id="receiptCancelledRefunded">
         <source>Чек № %1 отменён. На карту возвращено %2</source>
         <translation>Receipt No. %1 cancelled. %2 went back to the card</translation>
@@ -1251,6 +1315,14 @@ Pay out change of %3?</translation>
     <message id="documentPartlyTakenBack">
         <source>Продажа, возвращена частично</source>
         <translation>Sale, partly returned</translation>
+    </message>
+    <message id="documentAnnulmentBegun">
+        <source>Продажа, аннулирование не завершено</source>
+        <translation>Sale, annulment not finished</translation>
+    </message>
+    <message id="documentPutAsideCharged">
+        <source>Отложен, есть оплата картой</source>
+        <translation>Put aside, with a card payment</translation>
     </message>
     <message id="saleAnnulledToCard">
         <source>Чек № %1 аннулирован. На карту возвращено %2, верните наличными %3</source>
@@ -1265,8 +1337,8 @@ Pay out change of %3?</translation>
         <translation>Back to the card</translation>
     </message>
     <message id="returnTitle">
-        <source>Что возвращают: %1</source>
-        <translation>What comes back: %1</translation>
+        <source>Возврат товара. %1: отметьте, что возвращают</source>
+        <translation>Return of goods. %1: tick what comes back</translation>
     </message>
     <message id="returnColumnChosen">
         <source>Вернуть</source>
@@ -1305,8 +1377,20 @@ Pay out change of %3?</translation>
         <translation>Choose none</translation>
     </message>
     <message id="returnHint">
-        <source>Выбрано %1 из %2 на сумму %3. Пробел или касание строки меняет выбор.</source>
-        <translation>%1 of %2 chosen, for %3. The space bar or a touch on a row changes the choice.</translation>
+        <source>Выбрано %1 из %2 на сумму %3. Пробел — выбрать строку или снять, Ввод — вернуть выбранные, Esc — назад.</source>
+        <translation>%1 of %2 chosen, for %3. Space: choose a row or leave it out, Return: return what is chosen, Esc: back.</translation>
+    </message>
+    <message id="returnTouchHint">
+        <source>Выбрано %1 из %2 на сумму %3. Коснитесь строки, чтобы выбрать её или снять, затем кнопки «Вернуть выбранные».</source>
+        <translation>%1 of %2 chosen, for %3. Touch a row to choose it or leave it out, then the button "Return the chosen".</translation>
+    </message>
+    <message id="returnNotNow">
+        <source>Позицию № %1 пока нельзя вернуть: %2.</source>
+        <translation>Item No. %1 cannot come back now: %2.</translation>
+    </message>
+    <message id="returnColumnMark">
+        <source>Вид</source>
+        <translation>Kind</translation>
     </message>
     <message id="returnPositions">
         <source>Позиции продажи</source>
@@ -1361,6 +1445,18 @@ Finish the payment. To change the receipt, cancel it: the money goes back to the
 Завершите его: аннулируйте продажу ещё раз.</source>
         <translation>The annulment of sale No. %1 has begun, the money went back to the card.
 Finish it: annul the sale again.</translation>
+    </message>
+    <message id="voidingNotEnded">
+        <source>Аннулирование продажи № %1 начато и не завершено.
+Аннулируйте её ещё раз или оформите возврат.</source>
+        <translation>The annulment of sale No. %1 has begun and is not finished.
+Annul it again, or return it.</translation>
+    </message>
+    <message id="saleUnsettled">
+        <source>Продажа № %1: неизвестно, прошла ли операция по карте.
+Повторите возврат: касса спросит терминал.</source>
+        <translation>Sale No. %1: nobody knows whether the card operation went through.
+Repeat the return: the register asks the terminal.</translation>
     </message>
     <message id="refundedNotCancelled">
         <source>По возврату уже возвращали деньги, он не отменяется.

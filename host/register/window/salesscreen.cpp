@@ -34,6 +34,15 @@ bool isText(const QKeyEvent& event)
            !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
 }
 
+/// The shortcut of the payment; empty when it has none.
+QString paymentKeyOf(const QList<FunctionKey>& keys)
+{
+    const auto key = std::find_if(keys.cbegin(), keys.cend(), [](const FunctionKey& candidate) {
+        return candidate.actionType == control::SubtotalAndPayment;
+    });
+    return key == keys.cend() ? QString() : key->shortcut.toString(QKeySequence::NativeText);
+}
+
 } // namespace
 
 SalesScreen::SalesScreen(Till& till, const PositionMarks& marks, const QList<FunctionKey>& keys, QWidget* parent)
@@ -48,7 +57,7 @@ SalesScreen::SalesScreen(Till& till, const PositionMarks& marks, const QList<Fun
     layout->setSpacing(8);
     layout->addWidget(createHeader());
     layout->addWidget(createTable(), 1);
-    layout->addWidget(createSearch());
+    layout->addWidget(createSearch(keys));
     layout->addWidget(createPayment(keys));
     auto* keyBar = new FunctionKeyBar(keys, this);
     connect(keyBar, &FunctionKeyBar::pressed, this, &SalesScreen::press);
@@ -100,20 +109,16 @@ QWidget* SalesScreen::createTable()
     return m_table;
 }
 
-QWidget* SalesScreen::createSearch()
+QWidget* SalesScreen::createSearch(const QList<FunctionKey>& keys)
 {
-    m_search = new SearchPanel(this);
+    m_search = new SearchPanel(paymentKeyOf(keys), this);
     connect(m_search, &SearchPanel::entered, this, &SalesScreen::addGoods);
     return m_search;
 }
 
 QWidget* SalesScreen::createPayment(const QList<FunctionKey>& keys)
 {
-    const auto paymentKey = std::find_if(keys.cbegin(), keys.cend(), [](const FunctionKey& key) {
-        return key.actionType == control::SubtotalAndPayment;
-    });
-    m_payment = new PaymentPanel(
-        paymentKey == keys.cend() ? QString() : paymentKey->shortcut.toString(QKeySequence::NativeText), this);
+    m_payment = new PaymentPanel(paymentKeyOf(keys), this);
     connect(m_payment, &PaymentPanel::confirmed, this, &SalesScreen::goOn);
     connect(m_payment, &PaymentPanel::confirmedByCard, this, [this] { pay(PaymentMethod::Card); });
     connect(m_payment, &PaymentPanel::left, this, &SalesScreen::goBack);
@@ -130,7 +135,7 @@ void SalesScreen::refresh()
     const QString info = document ? m_marks.documentText(*document) : QString();
     m_documentInfo->setText(info);
     m_documentInfo->setToolTip(plainToolTip(info));
-    m_search->showTotal(document ? document->getSum() : Kopecks{});
+    m_search->showDocument(document.data());
     showPhase();
     if (before && before != document) {
         emit ended(*before);

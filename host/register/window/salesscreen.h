@@ -37,7 +37,7 @@ protected:
 private:
     QWidget* createHeader();
     QWidget* createTable();
-    QWidget* createSearch();
+    QWidget* createSearch(const QList<FunctionKey>& keys);
     QWidget* createPayment(const QList<FunctionKey>& keys);
     void showPositions();
     int rowAfter(int formerRow, int number) const;

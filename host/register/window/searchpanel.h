@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "amount.h"
+#include "document.h"
 
 #include <QWidget>
 
@@ -14,9 +14,12 @@ class SearchPanel : public QWidget
     Q_OBJECT
 
 public:
-    explicit SearchPanel(QWidget* parent = nullptr);
+    /// @param paymentKey of the payment, for a hint; empty: it has none
+    explicit SearchPanel(const QString& paymentKey, QWidget* parent = nullptr);
 
-    void showTotal(Kopecks total);
+    /// Shows the total of a document: of a sale beside the search, of a return beside what to do next.
+    /// @param document null: none is open
+    void showDocument(const Document* document);
     /// Clears the search.
     void clear();
     /// The widget that the next key is meant for.
@@ -28,8 +31,11 @@ signals:
 
 private:
     void createSearch();
+    QString returnHint() const;
     void enter(const QString& text);
 
+    QString m_paymentKey;
     TalloLineEdit* m_search;
+    QLabel* m_caption;
     QLabel* m_total;
 };

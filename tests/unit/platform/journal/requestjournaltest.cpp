@@ -298,7 +298,8 @@ TEST_F(RequestJournalTest, folderMissing_theRequestMustNotGoOut)
     restart();
     const Expected<qint64> begun = journal->begin(u"POST"_s, registration, "{}");
     ASSERT_FALSE(begun);
-    EXPECT_TRUE(begun.failure().text.ui().startsWith(u"Запрос не отправлен"_s)) << begun.failure().text.ui().toStdString();
+    EXPECT_TRUE(begun.failure().text.ui().startsWith(u"Запрос не отправлен"_s))
+        << begun.failure().text.ui().toStdString();
     EXPECT_TRUE(begun.failure().detail.contains(u"/nonexistent"_s)) << begun.failure().detail.toStdString();
     EXPECT_EQ(ids(), QList<qint64>());
 }

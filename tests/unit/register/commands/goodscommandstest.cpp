@@ -182,6 +182,33 @@ TEST_F(GoodsCommandsTest, nameSearched_opensTheSelectionWithItAndAddsAfterwards)
     EXPECT_EQ(till->document()->positions().size(), 1);
 }
 
+TEST_F(GoodsCommandsTest, documentReplacedWhileGoodsAreChosen_theyAreNotAddedToTheNextOne)
+{
+    const DialogDouble dialog;
+    for (const bool byPlugin : {false, true}) {
+        till->add(article(amoxidar));
+        const auto replaceAndPress = [this](const char* button) {
+            return [this, button](QWidget& root) {
+                till->cancel();
+                till->open();
+                press(root, button);
+            };
+        };
+        if (byPlugin) {
+            cashier.onForm(u"questionForm"_s, replaceAndPress("yesButton"));
+            EXPECT_EQ(run(control::AddSelectedGoods, {{u"result"_s, QVariant::fromValue(article(amoxidar, 500))}}),
+                      EContext::Stop);
+        } else {
+            cashier.onForm(u"goodsSelectionForm"_s, replaceAndPress("okButton"));
+            EXPECT_EQ(run(registeraction::addGoods, {{u"search"_s, u"амокси"_s}}), EContext::Stop);
+        }
+        EXPECT_TRUE(till->document()->positions().isEmpty()) << byPlugin;
+        EXPECT_EQ(dialog.messages().size(), byPlugin ? 2 : 1);
+        till->cancel();
+    }
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Чек уже не открыт"_s));
+}
+
 TEST_F(GoodsCommandsTest, addGoodsCancelled_opensNoDocument)
 {
     cashier.onForm(u"goodsSelectionForm"_s, [](QWidget& root) { press(root, "cancelButton"); });

@@ -6,6 +6,7 @@
 #include "registeraction.h"
 #include "storeddocumentcommands.h"
 
+#include <QAbstractItemView>
 #include <QLabel>
 #include <QPushButton>
 
@@ -108,6 +109,39 @@ TEST_F(MissingPluginCommands, saleClosed_isNeitherReturnedNorVoided)
     expectRefused(control::VoidDocument,
                   {{u"document"_s, QVariant::fromValue(archived(1).staticCast<AbstractDocument>())}});
     EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
+}
+
+TEST_F(MissingPluginCommands, saleOfBothKindsClosed_theRegistersOwnPositionComesBack)
+{
+    serve();
+    till->add(article(amoxidar, 2));
+    till->add(article(amoxidar, 3));
+    close();
+    idle();
+    hooks = 0;
+    cashier.onForm(u"returnForm"_s, [](QWidget& form) {
+        auto* table = form.findChild<QAbstractItemView*>(u"positionsTable"_s);
+        const auto chosen = [table](int row) { return table->model()->index(row, 0).data().toString(); };
+        EXPECT_EQ((QStringList{chosen(0), chosen(1), chosen(2)}), (QStringList{u"—"_s, u"✓"_s, u"✓"_s}));
+        const auto* hint = form.findChild<QLabel*>(u"hintLabel"_s);
+        EXPECT_TRUE(hint->text().startsWith(u"Выбрано 2 из 3 на сумму 62,00."_s)) << qPrintable(hint->text());
+        emit table->clicked(table->model()->index(0, 0));
+        EXPECT_EQ(chosen(0), u"—"_s);
+        EXPECT_EQ(hint->text(), u"Позицию № 1 пока нельзя вернуть: не работает модуль «prescriptions»."_s);
+        press(form, "allButton");
+        EXPECT_EQ((QStringList{chosen(0), chosen(1), chosen(2)}), (QStringList{u"—"_s, QString(), QString()}));
+        press(form, "allButton");
+        EXPECT_EQ((QStringList{chosen(0), chosen(1), chosen(2)}), (QStringList{u"—"_s, u"✓"_s, u"✓"_s}));
+        press(form, "returnButton");
+    });
+    ASSERT_EQ(run(registeraction::returnSale, {{u"number"_s, 1}}), EContext::GoOn);
+    EXPECT_EQ(till->document()->positions().size(), 2);
+    EXPECT_EQ(run(control::SubtotalAndPayment), EContext::GoOn);
+    close();
+    expectRefused(registeraction::returnSale, {{u"number"_s, 1}});
+    activePlugins = {u"prescriptions"_s};
+    ASSERT_EQ(run(registeraction::returnSale, {{u"number"_s, 1}}), EContext::GoOn);
+    EXPECT_EQ(till->document()->positions().size(), 1);
 }
 
 TEST_F(MissingPluginCommands, saleSuspended_isNotVoided)

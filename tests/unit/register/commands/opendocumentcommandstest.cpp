@@ -347,6 +347,23 @@ TEST_F(OpenDocumentCommandsTest, positionRemovedDuringTheQuestion_anotherOneOfIt
     EXPECT_EQ(till->document()->position(1)->getQuantity(), 1.0);
 }
 
+TEST_F(OpenDocumentCommandsTest, positionReplacedDuringTheQuestionAboutItsPacks_theOtherOneStays)
+{
+    till->add(article(amoxidar));
+    cashier.onForm(u"textInputForm"_s, [](QWidget& root) {
+        root.findChild<QLineEdit*>(u"inputLineEdit"_s)->setText(u"77"_s);
+        press(root, "okButton");
+    });
+    cashier.onForm(u"questionForm"_s, [this](QWidget& root) {
+        till->cancel();
+        till->add(article(amoxidar));
+        press(root, "yesButton");
+    });
+    EXPECT_EQ(run(registeraction::changeQuantity, positionNumber(1)), EContext::Stop);
+    EXPECT_TRUE(cashier.isDone());
+    EXPECT_EQ(till->document()->position(1)->getQuantity(), 1.0);
+}
+
 TEST_F(OpenDocumentCommandsTest, documentChangesDuringTheQuestion_theNextOneIsNotCancelled)
 {
     till->add(article(amoxidar));

@@ -100,6 +100,11 @@ TEST_F(UndoingQuestion, voiding_namesWhatIsUndone)
 
 TEST_F(UndoingQuestion, voidingWithoutTheRefund_speaksOfADispenseOnlyWhenThereIsOne)
 {
+    addHook(EContext::Idle, control::VoidDocument, [](const control::Action& voiding) {
+        const auto document = voiding.value(u"document"_s).value<QSharedPointer<AbstractDocument>>();
+        document->getPosition(1)->setExtendedOptions(uR"({"status": "undone"})"_s);
+        return EContext::GoOn;
+    });
     ConnectedTerminal terminal;
     const DialogDouble dialog;
     const auto sellByCard = [this] {
@@ -117,9 +122,9 @@ TEST_F(UndoingQuestion, voidingWithoutTheRefund_speaksOfADispenseOnlyWhenThereIs
         EXPECT_EQ(run(registeraction::voidByNumber, {{u"number"_s, number}}), EContext::Stop);
         return dialog.messages().value(dialog.messages().size() - 1).text;
     };
-    EXPECT_EQ(lastMessageOfVoiding(1), u"Аннулирование документа № 1 не завершено: деньги на карту не возвращены.\n"
+    EXPECT_EQ(lastMessageOfVoiding(1), u"Аннулирование документа № 1 не завершено: деньги возвращены не все.\n"
                                        "Повторите аннулирование, когда терминал ответит."_s);
     EXPECT_EQ(lastMessageOfVoiding(2),
-              u"Аннулирование документа № 2 не завершено: деньги на карту не возвращены, а "
-              "отпуск по накладной отменён.\nПовторите аннулирование, когда терминал ответит."_s);
+              u"Аннулирование документа № 2 не завершено: деньги возвращены не все, а "
+              "отпуск по накладной мог быть отменён.\nПовторите аннулирование, когда терминал ответит."_s);
 }

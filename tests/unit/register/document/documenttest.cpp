@@ -195,6 +195,7 @@ TEST_P(EndedDocument, savedAndReread_keepsItsStateAndFile)
     EXPECT_EQ(again->getFinished(), GetParam().ending.finished);
     EXPECT_EQ(again->getVoided(), GetParam().ending.voided);
     EXPECT_EQ(again->ending().payments, GetParam().ending.payments);
+    EXPECT_EQ(again->isVoidingBegun(), GetParam().ending.voidingBegun);
     EXPECT_EQ(again->isClosed(), GetParam().isClosed);
     EXPECT_EQ(again->fileName(), GetParam().file);
     EXPECT_EQ(again->getReturnedBy(), 9);
@@ -209,6 +210,13 @@ INSTANTIATE_TEST_SUITE_P(
         Ended{"suspended", {.state = Document::State::Suspended}, false, u"putaside/00000007.json"_s},
         Ended{"closed",
               {.state = Document::State::Closed, .finished = evening, .payments = {Payment::cash(Kopecks{5000})}},
+              true,
+              u"finished/00000007.json"_s},
+        Ended{"closedAndItsVoidingBegun",
+              {.state = Document::State::Closed,
+               .finished = evening,
+               .payments = {Payment::cash(Kopecks{5000})},
+               .voidingBegun = true},
               true,
               u"finished/00000007.json"_s},
         Ended{"closedForNothing",
@@ -394,6 +402,8 @@ const Damage damages[] = {
     {"numberIsBroken", with("number", 1.5)},
     {"openedIsNoTime", with("opened", u"yesterday"_s)},
     {"stateUnknown", with("state", u"lost"_s)},
+    {"voidingBegunIsText", closed(with("annulmentBegun", u"true"_s))},
+    {"voidingBegunIsFalse", closed(with("annulmentBegun", false))},
     {"closingIsText", closed(with("closing", u"1"_s))},
     {"closingIsZero", closed(with("closing", 0))},
     {"pluginIsNoText", firstPosition(with("plugin", 5))},

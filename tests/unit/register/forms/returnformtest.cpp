@@ -86,6 +86,51 @@ TEST_F(ReturnFormTest, positionOfTheSaleWasRemoved_placesAreThoseOfTheReceipt)
     EXPECT_EQ(openPositions(), (QList<int>{2, 3})) << "plug-ins know them by these numbers";
 }
 
+TEST_F(ReturnFormTest, shown_saysWhatIsDoneOfWhichSaleAndWithWhichKeys)
+{
+    openWindow();
+    EXPECT_EQ(returnSale([](QWidget& form) {
+                  EXPECT_EQ(form.findChild<QLabel*>(u"titleLabel"_s)->text(),
+                            u"Возврат товара. Чек № 1: отметьте, что возвращают"_s);
+                  for (const auto& key : {u"Пробел"_s, u"Ввод"_s, u"Esc"_s}) {
+                      EXPECT_TRUE(hint(form).contains(key)) << qPrintable(hint(form));
+                  }
+                  EXPECT_EQ(table(form)->model()->headerData(3, Qt::Horizontal), u"Вид"_s);
+                  press(Qt::Key_Escape);
+              }),
+              EContext::Stop);
+}
+
+TEST_F(ReturnFormTest, shownInTouchMode_saysWhatToTouch)
+{
+    config.set(u"GUI:touchMode"_s, u"true"_s);
+    openWindow();
+    EXPECT_EQ(returnSale([](QWidget& form) {
+                  EXPECT_TRUE(hint(form).contains(u"Коснитесь строки"_s));
+                  EXPECT_FALSE(hint(form).contains(u"Пробел"_s));
+                  const QString button = form.findChild<QPushButton*>(u"returnButton"_s)->text();
+                  EXPECT_TRUE(hint(form).contains(u'«' + button + u'»')) << qPrintable(hint(form));
+                  form.findChild<QPushButton*>(u"cancelButton"_s)->click();
+              }),
+              EContext::Stop);
+}
+
+TEST_F(ReturnFormTest, tick_isAtLeastAsLargeAsTheTextOfItsRow)
+{
+    openWindow();
+    EXPECT_EQ(returnSale([](QWidget& form) {
+                  const auto* view = table(form);
+                  const QModelIndex cell = view->model()->index(0, 0);
+                  const QFontMetrics text(view->font());
+                  const QFontMetrics tick(cell.data(Qt::FontRole).value<QFont>());
+                  const QRect drawn = tick.tightBoundingRect(cell.data().toString());
+                  EXPECT_GE(drawn.height(), text.tightBoundingRect(u"А"_s).height());
+                  EXPECT_GE(view->rowHeight(0), tick.height()) << "it is not cut off";
+                  press(Qt::Key_Escape);
+              }),
+              EContext::Stop);
+}
+
 TEST_F(ReturnFormTest, spaceOnAPosition_leavesItOut)
 {
     openWindow();

@@ -98,16 +98,31 @@ TEST_P(MissingPlugin, saleOpen_isSuspendedAndResumedAndNotVoided)
     EXPECT_TRUE(till->resume(archived(1)));
 }
 
-TEST_P(MissingPlugin, saleClosed_isNeitherReturnedNorVoided)
+TEST_P(MissingPlugin, saleClosed_isNeitherReturnedAsAWholeNorVoided)
 {
     ASSERT_TRUE(close());
     idle();
-    expectRefused(till->obstacleToReturning(*archived(1)));
+    expectRefused(till->obstacleToReturning(*archived(1), {1, 2}));
+    expectRefused(till->obstacleToReturning(*archived(1), {2}));
     expectRefused(till->obstacleToVoiding(*archived(1)));
     EXPECT_FALSE(till->returnSale(archived(1)));
     EXPECT_FALSE(till->voidDocument(archived(1)));
     EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
     EXPECT_FALSE(till->document());
+}
+
+TEST_P(MissingPlugin, positionOfTheRegisterAlone_isReturnedAndThenNoneIsLeftToReturn)
+{
+    ASSERT_TRUE(close());
+    idle();
+    EXPECT_FALSE(till->obstacleToReturning(*archived(1)));
+    EXPECT_FALSE(till->obstacleToReturning(*archived(1), {1}));
+    EXPECT_FALSE(till->returnPositions(archived(1), {1, 2}));
+    ASSERT_TRUE(till->returnPositions(archived(1), {1}));
+    EXPECT_FALSE(till->obstacleToPayment());
+    ASSERT_TRUE(close());
+    EXPECT_EQ(till->returned(*archived(1)), Document::Returned::Partly);
+    expectRefused(till->obstacleToReturning(*archived(1)));
 }
 
 TEST_P(MissingPlugin, returnOpen_isNeitherPaidOutNorCancelledButSuspended)

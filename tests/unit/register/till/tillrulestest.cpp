@@ -66,7 +66,7 @@ TEST_F(TillRules, saleReturned_namesTheReturn)
     EXPECT_EQ(text(till->obstacleToReturning(*sale)),
               u"Продажа № 1 уже возвращена документом № 2.\nПроверьте номер чека."_s);
     EXPECT_TRUE(till->obstacleToVoiding(*sale));
-    EXPECT_FALSE(Till::obstacleToPrinting(*sale));
+    EXPECT_FALSE(till->obstacleToPrinting(*sale));
 }
 
 TEST_F(TillRules, suspendedSale_canBeResumedAndVoidedAndNothingElse)
@@ -78,7 +78,7 @@ TEST_F(TillRules, suspendedSale_canBeResumedAndVoidedAndNothingElse)
     EXPECT_FALSE(till->obstacleToVoiding(*document));
     EXPECT_EQ(text(till->obstacleToReturning(*document)),
               u"Документ № 1 — не закрытая продажа, его нельзя вернуть.\nПроверьте номер чека."_s);
-    EXPECT_TRUE(Till::obstacleToPrinting(*document));
+    EXPECT_TRUE(till->obstacleToPrinting(*document));
 }
 
 TEST_F(TillRules, closedSale_cannotBeResumed)

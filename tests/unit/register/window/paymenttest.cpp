@@ -553,6 +553,8 @@ TEST_F(PaymentTest, returnOfASaleByCard_showsWhatGoesWhere)
     type("10");
     pressAndFinish(Qt::Key_F11);
     ASSERT_TRUE(till->returnSale(till->archive().find(1)));
+    EXPECT_EQ(widget<QLineEdit>("searchLineEdit")->placeholderText(),
+              u"Проверьте позиции возврата, затем F12 — выплата"_s);
     till->setPhase(Till::Phase::Payment);
     EXPECT_EQ(text("paymentSumLabel"), u"12,40"_s);
     EXPECT_EQ(text("chargedLabel"), u"На карту 2,40, наличными 10,00"_s);

@@ -38,8 +38,27 @@ TEST_F(WindowTest, barcodeTypedAndReturnKey_addsTheGoods)
     ASSERT_TRUE(becomesIdle());
     EXPECT_EQ(widget<QLabel>("receiptNumberLabel")->text(), u"Чек № 1"_s);
     EXPECT_EQ(widget<QLabel>("totalLabel")->text(), u"12,40"_s);
+    EXPECT_EQ(widget<QLabel>("totalCaptionLabel")->text(), u"ИТОГО"_s);
     EXPECT_EQ(widget<QTableView>("receiptTable")->model()->rowCount(), 1);
     EXPECT_TRUE(widget<QLineEdit>("searchLineEdit")->text().isEmpty());
+}
+
+TEST_F(WindowTest, returnOpen_saysWhatToDoNextAndTheSumToReturn)
+{
+    openWindow();
+    till->add(article(amoxidar));
+    ASSERT_TRUE(till->close({Payment::cash(Kopecks{1240})}));
+    EXPECT_EQ(widget<QLineEdit>("searchLineEdit")->placeholderText(), u"Поиск товара: название, МНН или штрихкод"_s);
+    ASSERT_TRUE(till->returnSale(till->archive().find(1)));
+    EXPECT_EQ(widget<QLabel>("totalCaptionLabel")->text(), u"К возврату"_s);
+    EXPECT_EQ(widget<QLabel>("totalLabel")->text(), u"12,40"_s);
+    EXPECT_EQ(widget<QLabel>("totalLabel")->accessibleName(), u"К возврату"_s);
+    const auto* search = widget<QLineEdit>("searchLineEdit");
+    EXPECT_EQ(search->placeholderText(), u"Проверьте позиции возврата, затем выплатите деньги"_s);
+    EXPECT_EQ(search->accessibleName(), search->placeholderText());
+    ASSERT_TRUE(till->cancel());
+    EXPECT_EQ(widget<QLabel>("totalCaptionLabel")->text(), u"ИТОГО"_s);
+    EXPECT_EQ(search->placeholderText(), u"Поиск товара: название, МНН или штрихкод"_s);
 }
 
 TEST_F(WindowTest, goodsOfAFormerPositionScanned_itIsRaisedAndCurrent)
