@@ -10,6 +10,8 @@
 #include "registeraction.h"
 #include "windowfixture.h"
 
+#include <QJsonArray>
+#include <QPushButton>
 #include <QSignalSpy>
 
 #include <ostream>
@@ -88,8 +90,7 @@ protected:
         longWork.endAfterFailure();
         execute(registeraction::openSale);
         till->add(article(amoxidar));
-        QObject::connect(&m_presser, &QTimer::timeout, [this] { pressTopButton(); });
-        m_presser.start(1);
+        startPressing();
         execute(ownCommand);
         QCoreApplication::processEvents(); // not until it is idle: it may queue itself again and again
         execute(control::Subtotal);
@@ -131,11 +132,18 @@ protected:
         EXPECT_EQ(other.last(), u"destroyed"_s);
     }
 
+    /// From now on the plug-in's button is pressed whenever its form is on top, and questions are answered with no.
+    void startPressing()
+    {
+        QObject::connect(&m_presser, &QTimer::timeout, [this] { pressTopButton(); });
+        m_presser.start(1);
+    }
+
     QTemporaryDir pluginFolder;
     DialogDouble dialog;
     PluginHost host;
 
-    /// A cashier who knows nothing answers no.
+private:
     void pressTopButton()
     {
         const auto form = gui.object.topForm();
@@ -197,8 +205,7 @@ protected:
     MischievousCardTerminal()
     {
         qApp->setProperty("mischiefTaken", QVariant());
-        QObject::connect(&m_presser, &QTimer::timeout, [this] { pressTopButton(); });
-        m_presser.start(1);
+        startPressing();
         load();
     }
 
@@ -233,9 +240,6 @@ protected:
     }
 
     int number = 0; ///< of the document that the terminal spoils
-
-private:
-    QTimer m_presser;
 };
 
 TEST_P(MischievousCardTerminal, moneyIsMovedOnceAndIsOnTheDocumentAndAllElseWorks)

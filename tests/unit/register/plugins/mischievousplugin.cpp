@@ -49,7 +49,7 @@ void notify(EActivityListener::Event code)
 }
 
 /// The root object while there is one.
-QPointer<MischievousPlugin> root; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): a deed has no arguments
+QPointer<MischievousPlugin> root;
 
 struct Deed {
     const char* name;
