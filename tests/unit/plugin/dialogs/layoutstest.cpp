@@ -30,7 +30,7 @@ protected:
     Layouts()
     {
         setTouchMode(GetParam().isTouch);
-        applyRegisterStyle(*qApp, GetParam().screen.height());
+        applyRegisterStyle(*qApp, GetParam().screen);
     }
     ~Layouts() override { qApp->setStyleSheet(QString()); }
 

@@ -193,14 +193,14 @@ TEST_F(PaymentTest, sumAndChange_growWithTheWindow)
 {
     const Finally undressed([] { qApp->setStyleSheet(QString()); });
     openWindow();
-    for (const int height : {600, 1080}) {
-        applyRegisterStyle(*qApp, height);
+    for (const QSize size : {QSize(1920, 1080), QSize(1024, 600)}) {
+        applyRegisterStyle(*qApp, size);
         const std::pair<const char*, int> sizes[] = {
             {"receiptNumberLabel", 4}, {"totalLabel", 16}, {"paymentSumLabel", 16}, {"changeLabel", 8}};
         for (const auto& [label, above] : sizes) {
             widget<QLabel>(label)->ensurePolished();
-            EXPECT_EQ(widget<QLabel>(label)->font().pointSize(), registerTextSize(height) + above)
-                << label << " at " << height;
+            EXPECT_EQ(widget<QLabel>(label)->font().pointSize(), registerTextSize(size) + above)
+                << label << " at " << size.width();
         }
     }
 }

@@ -320,7 +320,7 @@ TEST_F(TextInputFormTest, promptOfAnyLength_fitsTheSmallestScreenInBothModes)
     params.message = {"testMessage", QString(10000, u'Ж')};
     for (const bool touch : {false, true}) {
         config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
-        applyRegisterStyle(*qApp, 600);
+        applyRegisterStyle(*qApp, {1024, 600});
         show([&] {
             EXPECT_LE(root()->width(), 1024);
             EXPECT_LE(root()->height(), 600);
@@ -377,7 +377,7 @@ TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWholeOnEveryScreenInBothMod
         for (const QSize size : {QSize(1024, 600), QSize(1280, 800), QSize(1920, 1080)}) {
             for (const bool touch : {false, true}) {
                 config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
-                applyRegisterStyle(*qApp, size.height());
+                applyRegisterStyle(*qApp, size);
                 Window window(size);
                 gui.host().stage = &window;
                 show([&] {
