@@ -154,14 +154,6 @@ The receipt itself is saved. Free disk space or check access to the data folder,
         <source>Введите целое количество упаковок от 1 до %1.</source>
         <translation>Enter a whole number of packs, 1 to %1.</translation>
     </message>
-    <message id="goodsSelectionStock">
-        <source>На остатке %1 уп., запрошено %2. Уменьшите количество или выберите другой товар.</source>
-        <translation>%1 packs in stock, %2 asked for. Enter fewer or choose other goods.</translation>
-    </message>
-    <message id="goodsSelectionOutOfStock">
-        <source>Этого товара нет на остатке. Выберите другой.</source>
-        <translation>These goods are out of stock. Choose others.</translation>
-    </message>
     <message id="goodsColumnName">
         <source>Наименование</source>
         <translation>Name</translation>
@@ -1379,6 +1371,22 @@ Finish it with “Payment”.</translation>
 Завершите её: отмените чек ещё раз.</source>
         <translation>The cancellation of receipt No. %1 has begun, the money went back to the card.
 Finish it: cancel the receipt again.</translation>
+    </message>
+    <message id="goodsSelectionAllShown">
+        <source>Показаны все товары, не только с МНН «%1». Сверьте действующее вещество.</source>
+        <translation>All goods are shown, not only those with the INN “%1”. Compare the substance.</translation>
+    </message>
+    <message id="goodsSelectionAll">
+        <source>Все товары</source>
+        <translation>All goods</translation>
+    </message>
+    <message id="goodsSelectionNoneOfName">
+        <source>Нет товаров с МНН «%1». Можно показать все товары.</source>
+        <translation>There are no goods with the INN “%1”. All goods can be shown.</translation>
+    </message>
+    <message id="goodsSelectionNoMatchOfName">
+        <source>Среди товаров с МНН «%1» нет «%2». Измените поиск или покажите все товары.</source>
+        <translation>Among the goods with the INN “%1” there is no “%2”. Change the search or show all goods.</translation>
     </message>
 </context>
 </TS>
