@@ -155,7 +155,7 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication application(argc, argv);
-    applyRegisterStyle(application, 800); // as on the till
+    applyRegisterStyle(application, {1280, 800}); // as on the till
     const Configured config({{u"GUI:layouts"_s, QString::fromUtf8(PLUGIN_LAYOUTS)}});
 
     const auto sizes = [](benchmark::internal::Benchmark* each) {

@@ -180,7 +180,7 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication application(argc, argv);
-    applyRegisterStyle(application, 800); // as on the till
+    applyRegisterStyle(application, {1280, 800}); // as on the till
     const QTemporaryDir folder;
     const QString file = folder.filePath(u"goods.sqlite"_s);
     createGoods(file);

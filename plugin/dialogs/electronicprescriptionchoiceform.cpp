@@ -10,6 +10,7 @@
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
 #include "prescriptiondate.h"
+#include "prescriptionhelp.h"
 #include "registerstyle.h"
 #include "tablecolumn.h"
 #include "tallokeyboard.h"
@@ -40,6 +41,7 @@ ElectronicPrescriptionChoiceForm::ElectronicPrescriptionChoiceForm(const Electro
     , m_dialogEventFilter(new DialogEventFilter(this))
 {
     setContextCode(EContext::DialogOnTop);
+    setHelp(prescriptionhelp::choice());
     loadUI(u"electronicprescriptionchoice.ui"_s);
     if (isTouchMode()) {
         setUpKeyboard();

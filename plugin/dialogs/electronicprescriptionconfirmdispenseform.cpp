@@ -4,6 +4,7 @@
 #include "dialogeventfilter.h"
 #include "formanswer.h"
 #include "formbutton.h"
+#include "prescriptionhelp.h"
 
 #include <QPushButton>
 #include <QShortcut>
@@ -34,6 +35,7 @@ ElectronicPrescriptionConfirmDispenseForm::ElectronicPrescriptionConfirmDispense
 {
     using Form = ElectronicPrescriptionConfirmDispenseForm;
     setContextCode(EContext::DialogOnTop);
+    setHelp(prescriptionhelp::confirmation());
     loadUI(u"electronicprescriptionconfirmdispense.ui"_s);
 
     const FormButton<Form> buttons[] = {
@@ -99,7 +101,7 @@ void ElectronicPrescriptionConfirmDispenseForm::letTheCashierChoose()
     if (!isTouchMode()) {
         showText(u"choiceHintLabel"_s,
                  tr::Tr(u"electronicPrescriptionConfirmDispenseFormChoiceHint"_s,
-                        u"Выберите ответ стрелкой и нажмите Enter"_s)
+                        u"Выберите ответ стрелкой и нажмите «Ввод»"_s)
                      .ui(),
                  false);
     }

@@ -7,6 +7,7 @@
 #include "formanswer.h"
 #include "formbutton.h"
 #include "prescriptiondate.h"
+#include "prescriptionhelp.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -199,6 +200,7 @@ ElectronicPrescriptionForm::ElectronicPrescriptionForm(const ElectronicPrescript
     : BasicForm(parent)
 {
     setContextCode(EContext::DialogOnTop);
+    setHelp(prescriptionhelp::details());
     loadUI(u"electronicprescription.ui"_s);
     setUpButtons(params.getStatus() == "active"_L1);
     setUpCaptions();

@@ -46,6 +46,8 @@ TextInputParams dosesInput(const ElectronicPrescription& prescription)
     params.manualOnly = true;
     params.lines = 1;
     params.columns = 10;
+    params.hint = {u"electronicPrescriptionDosesHint"_s,
+                   u"Число больше 0, не больше двух знаков после запятой или точки"_s};
     return params;
 }
 

@@ -157,7 +157,7 @@ has been dispensed</translation>
 Dispensed before: %2</translation>
     </message>
     <message id="electronicPrescriptionConfirmDispenseFormChoiceHint">
-        <source>Выберите ответ стрелкой и нажмите Enter</source>
+        <source>Выберите ответ стрелкой и нажмите «Ввод»</source>
         <translation>Choose the answer with an arrow key and press Enter</translation>
     </message>
     <message id="electronicPrescriptionFormCancelButton">
@@ -357,6 +357,50 @@ Enter it again</translation>
     <message id="electronicPrescriptionDocumentCard">
         <source>Карта</source>
         <translation>Card</translation>
+    </message>
+    <message id="electronicPrescriptionHelpBack">
+        <source>назад</source>
+        <translation>back</translation>
+    </message>
+    <message id="electronicPrescriptionHelpChoiceRow">
+        <source>выбрать рецепт</source>
+        <translation>choose a prescription</translation>
+    </message>
+    <message id="electronicPrescriptionHelpChoiceEnter">
+        <source>открыть выбранный рецепт</source>
+        <translation>open the chosen prescription</translation>
+    </message>
+    <message id="electronicPrescriptionHelpChoiceNext">
+        <source>Выберите рецепт; чтобы сузить список, введите часть МНН. Затем касса покажет сведения о рецепте.</source>
+        <translation>Choose a prescription; type a part of the INN for a shorter list. The register then shows its details.</translation>
+    </message>
+    <message id="electronicPrescriptionHelpDetailsEnter">
+        <source>подобрать товар по рецепту</source>
+        <translation>choose goods for the prescription</translation>
+    </message>
+    <message id="electronicPrescriptionHelpDetailsScroll">
+        <source>прокрутить сведения</source>
+        <translation>scroll the details</translation>
+    </message>
+    <message id="electronicPrescriptionHelpDetailsNext">
+        <source>Сверьте рецепт с пациентом. Затем подберите товар и введите отпущенные дозы.</source>
+        <translation>Compare the prescription with the patient. Then choose the goods and enter the doses dispensed.</translation>
+    </message>
+    <message id="electronicPrescriptionHelpConfirmationArrows">
+        <source>выбрать «Частично» или «Полностью»</source>
+        <translation>choose “In part” or “In full”</translation>
+    </message>
+    <message id="electronicPrescriptionHelpConfirmationEnter">
+        <source>подтвердить выбранное</source>
+        <translation>confirm what was chosen</translation>
+    </message>
+    <message id="electronicPrescriptionHelpConfirmationNext">
+        <source>«Полностью» закрывает рецепт: остаток доз больше не отпустить. «Частично» оставляет его открытым.</source>
+        <translation>“In full” closes the prescription: its other doses can no longer be dispensed. “In part” leaves it open.</translation>
+    </message>
+    <message id="electronicPrescriptionDosesHint">
+        <source>Число больше 0, не больше двух знаков после запятой или точки</source>
+        <translation>A number above 0 with at most two decimals, comma or point</translation>
     </message>
 </context>
 </TS>

@@ -163,7 +163,7 @@ Check the register’s list of plug-ins</translation>
         <translation>there is no such file</translation>
     </message>
     <message id="formUiLoadError">
-        <source>Не удалось загрузить форму '%1': %2
+        <source>Не удалось загрузить форму «%1»: %2
 Проверьте папки форм в настройках кассы</source>
         <translation>Form '%1' could not be loaded: %2
 Check the folders of layouts in the register’s settings</translation>
@@ -269,6 +269,34 @@ Call the administrator.</translation>
 Обратитесь к администратору.</source>
         <translation>The file %1 is damaged.
 Call the administrator.</translation>
+    </message>
+    <message id="helpEnterKey">
+        <source>Ввод</source>
+        <translation>Enter</translation>
+    </message>
+    <message id="helpTextInputEnter">
+        <source>принять введённое</source>
+        <translation>take what was entered</translation>
+    </message>
+    <message id="helpTextInputEsc">
+        <source>отказаться от ввода</source>
+        <translation>enter nothing</translation>
+    </message>
+    <message id="helpTextInputNext">
+        <source>Введите значение и примите его: касса продолжит работу с ним.</source>
+        <translation>Enter the value and take it: the register goes on with it.</translation>
+    </message>
+    <message id="helpMessageEnter">
+        <source>закрыть сообщение</source>
+        <translation>close the message</translation>
+    </message>
+    <message id="helpMessageEsc">
+        <source>закрыть сообщение</source>
+        <translation>close the message</translation>
+    </message>
+    <message id="helpMessageNext">
+        <source>Прочитайте сообщение и закройте его: касса продолжит с того же места.</source>
+        <translation>Read the message and close it: the register goes on from the same place.</translation>
     </message>
 </context>
 </TS>

@@ -58,6 +58,8 @@ QList<DefaultKey> defaultMenuEntries()
          {},
          registeraction::askToCancelDocument,
          u"by=%1"_s.arg(int(control::CancelDocumentFromMenu))},
+        {u"lockEntry"_s, {u"menuLock"_s, u"Заблокировать кассу"_s}, {}, registeraction::lock},
+        {u"helpEntry"_s, {u"menuHelp"_s, u"Справка"_s}, {}, registeraction::showHelp},
     };
 }
 
@@ -129,9 +131,6 @@ void resolveShortcuts(QList<FunctionKey>& keys)
         }
         key->lostTo = first->text;
         key->lostShortcut = std::exchange(key->shortcut, QKeySequence());
-        Log4Qt::LogManager::logger(u"register"_s)
-            ->warn(u"The function keys "_s + first->name + u" and "_s + key->name + u" have one shortcut: "_s +
-                   key->lostShortcut.toString() + u". The second one is left without"_s);
     }
 }
 
@@ -142,6 +141,14 @@ QList<FunctionKey> configuredFunctionKeys(const Config& config)
     QList<FunctionKey> keys = readKeys(config, u"FunctionKeys:keys"_s, defaultKeys());
     resolveShortcuts(keys);
     return keys;
+}
+
+const FunctionKey* keyWithShortcut(const QList<FunctionKey>& keys, Qt::Key shortcut)
+{
+    const auto found = std::find_if(keys.cbegin(), keys.cend(), [shortcut](const FunctionKey& key) {
+        return !key.shortcut.isEmpty() && collide(key.shortcut, shortcut);
+    });
+    return found == keys.cend() ? nullptr : &*found;
 }
 
 tr::Tr shortcutConflict(const FunctionKey& key)

@@ -22,9 +22,16 @@ struct FunctionKey {
     QKeySequence lostShortcut = {}; ///< that shortcut
 };
 
+/// The keys of the register's own. On the sales screen a function key with the same shortcut wins.
+inline constexpr Qt::Key helpKey = Qt::Key_F1;
+inline constexpr Qt::Key cardPaymentKey = Qt::Key_F11;
+
+/// The function key that has this shortcut; null: none has.
+const FunctionKey* keyWithShortcut(const QList<FunctionKey>& keys, Qt::Key shortcut);
+
 /// The keys that `FunctionKeys:keys` of the configuration lists, in that order; docs/configuration.md describes the
 /// form. A key without an action is logged and left out. Of two keys with one shortcut the first has it, and the other
-/// one has none; that is logged.
+/// one has none.
 QList<FunctionKey> configuredFunctionKeys(const Config& config);
 
 /// The menu entries that `Menu:entries` lists, at most nine. Otherwise like configuredFunctionKeys().

@@ -35,5 +35,9 @@ inline constexpr auto returnSale = static_cast<control::EActionType>(1011);
 inline constexpr auto voidByNumber = static_cast<control::EActionType>(1012);
 /// Shows the menu: the commands without a function key.
 inline constexpr auto showMenu = static_cast<control::EActionType>(1013);
+/// Locks the screen.
+inline constexpr auto lock = static_cast<control::EActionType>(1014);
+/// Shows the keys of the sales screen, as F1 does there.
+inline constexpr auto showHelp = static_cast<control::EActionType>(1015);
 
 } // namespace registeraction

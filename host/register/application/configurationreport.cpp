@@ -3,17 +3,55 @@
 
 #include "config.h"
 #include "configurationcheck.h"
+#include "functionkey.h"
+#include "inilines.h"
 
 #include <QDir>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+
+QString shortcutKey(const FunctionKey& key)
+{
+    return u"FunctionKey."_s + key.name + u":key"_s;
+}
+
+/// Shortcuts that do not do what their writer meant.
+QList<ConfigurationFinding> checkShortcuts(const Config& config, const QString& file)
+{
+    const QHash<QString, int> lines = readIniLines(file);
+    const QList<FunctionKey> keys = configuredFunctionKeys(config);
+    QList<ConfigurationFinding> findings;
+    const auto add = [&](const FunctionKey& key, const QString& text) {
+        findings.append({shortcutKey(key), lines.value(shortcutKey(key)), text});
+    };
+    for (const FunctionKey& key : keys) {
+        if (!key.lostTo.isEmpty()) {
+            add(key, u"is the shortcut of «%1» as well, which comes first: choose another"_s.arg(key.lostTo));
+        }
+    }
+    const std::pair<Qt::Key, QString> own[] = {
+        {helpKey, u"takes F1 from the help, which then opens in forms only: choose another"_s},
+        {cardPaymentKey, u"takes F11 from the payment by card, which then has its button only: choose another"_s},
+    };
+    for (const auto& [shortcut, text] : own) {
+        if (const FunctionKey* key = keyWithShortcut(keys, shortcut)) {
+            add(*key, text);
+        }
+    }
+    return findings;
+}
+
+} // namespace
 
 ConfigurationReport::ConfigurationReport(const Config& config, const QString& file, const QString& pluginFolder)
 {
     for (const Failure& unreadable : keys.loadPlugins(pluginFolder)) {
         problems.append(unreadable.detail);
     }
-    for (const ConfigurationFinding& finding : checkConfiguration(config, file, keys)) {
+    for (const ConfigurationFinding& finding : checkConfiguration(config, file, keys) + checkShortcuts(config, file)) {
         problems.append(finding.description(file));
     }
 }

@@ -112,7 +112,7 @@ std::optional<StartupFailure> RegisterApplication::start()
     if (auto failure = readScenario()) {
         return failure;
     }
-    applyRegisterStyle(*qApp, windowHeight());
+    applyRegisterStyle(*qApp, windowSize());
     openWindow();
     return std::nullopt;
 }
@@ -233,10 +233,10 @@ std::optional<StartupFailure> RegisterApplication::readScenario()
     return std::nullopt;
 }
 
-int RegisterApplication::windowHeight() const
+QSize RegisterApplication::windowSize() const
 {
     const QSize size = m_commandLine.windowSize;
-    return size.isValid() ? size.height() : QGuiApplication::primaryScreen()->availableSize().height();
+    return size.isValid() ? size : QGuiApplication::primaryScreen()->availableSize();
 }
 
 void RegisterApplication::openWindow()

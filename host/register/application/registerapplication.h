@@ -48,7 +48,7 @@ private:
     void configureThisRun();
     static std::optional<StartupFailure> checkUnlockCode();
     std::optional<StartupFailure> readScenario();
-    int windowHeight() const;
+    QSize windowSize() const;
     void openWindow();
     void resumeWork();
     void showPlugins();

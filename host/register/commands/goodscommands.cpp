@@ -68,8 +68,11 @@ void GoodsCommands::offer(ActionQueueController& controller)
 EContext::Result GoodsCommands::selectGoods(control::Action& action)
 {
     const QString medicineInfo = action.value(u"medicineInfo"_s).toString();
-    const std::optional<SelectedGoods> selected = letSelect(
-        {m_catalogue.goodsOf(action.value(u"filterByInn"_s).toString()), medicineInfo, {}, pickedBefore(medicineInfo)});
+    const QString wantedName = action.value(u"filterByInn"_s).toString().trimmed();
+    const GoodsList wanted = m_catalogue.goodsOf(wantedName);
+    const GoodsList all = wantedName.isEmpty() ? wanted : m_catalogue.goodsOf({});
+    const std::optional<SelectedGoods> selected =
+        letSelect({wanted, medicineInfo, {}, pickedBefore(medicineInfo), wantedName, all});
     if (!selected || !maySell(*selected)) {
         return EContext::Stop;
     }

@@ -126,7 +126,7 @@ void DocumentListForm::setUpButtons()
         void (DocumentListForm::*act)();
     };
     const Button buttons[] = {
-        {m_resume, {u"documentsTakeUp"_s, u"Взять в работу"_s}, {}, &DocumentListForm::resume},
+        {m_resume, {u"documentsTakeUp"_s, u"Взять в работу"_s}, Qt::Key_F6, &DocumentListForm::resume},
         {m_return, {u"documentsTakeBack"_s, u"Вернуть"_s}, Qt::Key_F7, &DocumentListForm::returnSale},
         {m_void, {u"documentsAnnul"_s, u"Аннулировать"_s}, Qt::Key_F8, &DocumentListForm::voidDocument},
         {m_print, {u"documentsPrint"_s, u"Печать копии"_s}, Qt::Key_F9, &DocumentListForm::print},
@@ -293,7 +293,7 @@ void DocumentListForm::makeCurrent(int number)
     m_table->setCurrentIndex(wanted.isValid() ? wanted : m_filtered.index(0, DocumentTableModel::Number));
 }
 
-/// The Return key only resumes, which does no harm. Returning and voiding have keys of their own.
+/// The Return key only resumes, as F6 does: that does no harm.
 void DocumentListForm::confirm()
 {
     if (m_resume->isEnabled()) {

@@ -13,6 +13,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 
 #include <algorithm>
 #include <optional>
@@ -24,11 +25,14 @@ namespace
 constexpr int maxPacks = 999;
 /// The width of the search text in a hint, in pixels.
 constexpr int longestQuote = 240;
+constexpr Qt::Key allGoodsKey = Qt::Key_F4;
 } // namespace
 
 GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObject* parent)
     : BasicForm(parent)
     , m_goods(params.goods)
+    , m_allGoods(params.allGoods)
+    , m_wantedName(params.wantedName)
 {
     loadUI(u"goodsselection.ui"_s);
     if (!isTouchMode()) {
@@ -133,6 +137,17 @@ void GoodsSelectionForm::setUpButtons()
     cancel->setText(tr::Tr(u"goodsSelectionCancel"_s, u"Назад"_s).ui());
     cancel->setAccessibleName(cancel->text());
     connect(cancel, &QPushButton::clicked, this, &GoodsSelectionForm::onCancel);
+    if (auto* all = findWidget<QPushButton>(u"allGoodsButton"_s, false)) {
+        const tr::Tr text(u"goodsSelectionAll"_s, u"Все товары"_s);
+        all->setText(isTouchMode() ? text.ui() : QKeySequence(allGoodsKey).toString() + u' ' + text.ui());
+        all->setAccessibleName(text.ui());
+        connect(all, &QPushButton::clicked, this, &GoodsSelectionForm::offerAll);
+        auto* pressed = new QShortcut(allGoodsKey, all); // works while the button is shown
+        connect(pressed, &QShortcut::activated, all, &QPushButton::click);
+    }
+    if (auto* warning = findWidget<QLabel>(u"allGoodsLabel"_s, false)) {
+        warning->hide();
+    }
     if (auto* keyboard = findWidget<TalloKeyboard>(u"talloKeyboard"_s, false)) {
         keyboard->setKeyboardLayouts(Singleton<Config>::get()->getString(u"Language:keyboardLayouts"_s, u"ru,en"_s));
     }
@@ -163,6 +178,24 @@ void GoodsSelectionForm::searchScanned(const QString& barcode)
     m_filter->selectAll(); // the next scan replaces it
 }
 
+/// The goods stay limited to the search. The warning stays as long as the form is open.
+void GoodsSelectionForm::offerAll()
+{
+    showText(u"allGoodsLabel"_s,
+             tr::Tr(u"goodsSelectionAllShown"_s,
+                    u"Показаны все товары, не только с МНН «%1». Сверьте действующее вещество."_s)
+                 .arg(m_wantedName)
+                 .ui(),
+             false);
+    if (auto* warning = findWidget<QLabel>(u"allGoodsLabel"_s, false)) {
+        warning->show();
+    }
+    m_wantedName.clear();
+    m_goods.offer(m_allGoods);
+    onFilterChanged(m_filter->text());
+    m_filter->setFocus();
+}
+
 void GoodsSelectionForm::onChoose()
 {
     const QModelIndex current = m_table->currentIndex();
@@ -176,23 +209,12 @@ void GoodsSelectionForm::onChoose()
         showHint(*obstacle);
         return;
     }
-    if (!goods.isInStock()) {
-        showHint(tr::Tr(u"goodsSelectionOutOfStock"_s, u"Этого товара нет на остатке. Выберите другой."_s));
-        return;
-    }
     const std::optional<int> packs = typedPacks();
     if (!packs) {
         showHint(tr::Tr(u"goodsSelectionPacksMissing"_s, u"Введите целое количество упаковок от 1 до %1."_s)
                      .arg(QString::number(maxPacks)));
         m_packs->setFocus();
         m_packs->selectAll();
-        return;
-    }
-    if (goods.stock && *packs > *goods.stock) {
-        showHint(tr::Tr(u"goodsSelectionStock"_s,
-                        u"На остатке %1 уп., запрошено %2. Уменьшите количество или выберите другой товар."_s)
-                     .arg(QString::number(*goods.stock))
-                     .arg(QString::number(*packs)));
         return;
     }
     answerForm({{u"data"_s, 0}, {u"result"_s, QVariant::fromValue(SelectedGoods{goods, *packs})}});
@@ -223,13 +245,33 @@ void GoodsSelectionForm::showIfNothingMatches()
     const QString search = m_filter->text().trimmed();
     const bool nothingMatches = m_goods.rowCount() == 0;
     setStyleProperty(*findWidget<QPushButton>(u"okButton"_s), u"idle"_s, nothingMatches);
-    if (!nothingMatches) {
-        showHint({});
-    } else if (search.isEmpty()) {
-        showHint(tr::Tr(u"goodsSelectionNothing"_s, u"Нет товара для выбора. Вернитесь назад."_s));
-    } else {
-        showHint(tr::Tr(u"goodsSelectionNotFound"_s, u"По запросу «%1» ничего не найдено. Измените строку поиска."_s)
-                     .arg(m_hint->fontMetrics().elidedText(search, Qt::ElideRight, longestQuote)));
+    showWhetherAllCanBeOffered(nothingMatches);
+    showHint(nothingMatches ? nothingFits(search) : tr::Tr());
+}
+
+tr::Tr GoodsSelectionForm::nothingFits(const QString& search) const
+{
+    const auto quoted = [this](const QString& text) {
+        return m_hint->fontMetrics().elidedText(text, Qt::ElideRight, scaledPixels(longestQuote));
+    };
+    if (!m_wantedName.isEmpty()) {
+        const tr::Tr none(u"goodsSelectionNoneOfName"_s, u"Нет товаров с МНН «%1». Можно показать все товары."_s);
+        const tr::Tr noMatch(u"goodsSelectionNoMatchOfName"_s,
+                             u"Среди товаров с МНН «%1» нет «%2». Измените поиск или покажите все товары."_s);
+        return search.isEmpty() ? none.arg(quoted(m_wantedName))
+                                : noMatch.arg(quoted(m_wantedName)).arg(quoted(search));
+    }
+    if (search.isEmpty()) {
+        return {u"goodsSelectionNothing"_s, u"Нет товара для выбора. Вернитесь назад."_s};
+    }
+    return tr::Tr(u"goodsSelectionNotFound"_s, u"По запросу «%1» ничего не найдено. Измените строку поиска."_s)
+        .arg(quoted(search));
+}
+
+void GoodsSelectionForm::showWhetherAllCanBeOffered(bool nothingMatches)
+{
+    if (auto* all = findWidget<QPushButton>(u"allGoodsButton"_s, false)) {
+        all->setVisible(nothingMatches && !m_wantedName.isEmpty());
     }
 }
 

@@ -26,6 +26,7 @@ private slots:
     void onCancel();
     void onFilterChanged(const QString& text);
     void onAmountButton(int change);
+    void offerAll();
 
 private:
     std::optional<int> typedPacks() const;
@@ -41,7 +42,12 @@ private:
     void showIfNothingMatches();
     void showHint(const tr::Tr& hint);
 
+    tr::Tr nothingFits(const QString& search) const;
+    void showWhetherAllCanBeOffered(bool nothingMatches);
+
     GoodsTableModel m_goods;
+    GoodsList m_allGoods;
+    QString m_wantedName; ///< empty: all goods are offered
     TalloTableView* m_table;
     TalloLineEdit* m_filter;
     TalloLineEdit* m_packs;

@@ -15,6 +15,8 @@ struct GoodsSelectionParams {
     QString medicineInfo;                     ///< the medicine that the goods are for, shown above the list
     QString filter;                           ///< the initial text of the filter
     std::optional<SelectedGoods> picked = {}; ///< an earlier choice, which is offered again
+    QString wantedName = {}; ///< the non-proprietary name that `goods` are limited to; empty: they are not
+    GoodsList allGoods = {}; ///< offered when none of that name fits
 
     /// The event that shows the goods selection; it carries this struct as "params".
     static constexpr auto eventCode = static_cast<EActivityListener::Event>(1010);

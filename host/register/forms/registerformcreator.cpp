@@ -4,6 +4,7 @@
 #include "askform.h"
 #include "documentlistform.h"
 #include "goodsselectionform.h"
+#include "helpform.h"
 #include "menuform.h"
 #include "questionform.h"
 #include "returnform.h"
@@ -28,6 +29,7 @@ QSharedPointer<BasicForm> RegisterFormCreator::create(const Event& event)
     constexpr QSharedPointer<BasicForm> (*makers[])(const Event&) = {
         formOf<DocumentListForm, DocumentListParams>,
         formOf<GoodsSelectionForm, GoodsSelectionParams>,
+        formOf<HelpForm, HelpParams>,
         formOf<MenuForm, MenuParams>,
         formOf<QuestionForm, Question>,
         formOf<ReturnForm, ReturnParams>,

@@ -30,6 +30,14 @@ GoodsTableModel::GoodsTableModel(const GoodsList& goods, QObject* parent)
 {
 }
 
+void GoodsTableModel::offer(const GoodsList& goods)
+{
+    beginResetModel();
+    m_goods = goods;
+    m_shown = goods.matching({});
+    endResetModel();
+}
+
 void GoodsTableModel::search(const QString& text)
 {
     beginResetModel();

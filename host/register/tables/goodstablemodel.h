@@ -16,6 +16,8 @@ public:
 
     explicit GoodsTableModel(const GoodsList& goods, QObject* parent = nullptr);
 
+    /// Offers these goods instead. The search has to be repeated.
+    void offer(const GoodsList& goods);
     /// Shows the goods that match, see GoodsList::matching(). Views are reset.
     void search(const QString& text);
 

@@ -154,14 +154,6 @@ The receipt itself is saved. Free disk space or check access to the data folder,
         <source>Введите целое количество упаковок от 1 до %1.</source>
         <translation>Enter a whole number of packs, 1 to %1.</translation>
     </message>
-    <message id="goodsSelectionStock">
-        <source>На остатке %1 уп., запрошено %2. Уменьшите количество или выберите другой товар.</source>
-        <translation>%1 packs in stock, %2 asked for. Enter fewer or choose other goods.</translation>
-    </message>
-    <message id="goodsSelectionOutOfStock">
-        <source>Этого товара нет на остатке. Выберите другой.</source>
-        <translation>These goods are out of stock. Choose others.</translation>
-    </message>
     <message id="goodsColumnName">
         <source>Наименование</source>
         <translation>Name</translation>
@@ -1497,6 +1489,214 @@ Finish it with “Payment”.</translation>
 Завершите её: отмените чек ещё раз.</source>
         <translation>The cancellation of receipt No. %1 has begun, the money went back to the card.
 Finish it: cancel the receipt again.</translation>
+    </message>
+    <message id="helpBack">
+        <source>назад</source>
+        <translation>back</translation>
+    </message>
+    <message id="helpBackToPositions">
+        <source>назад к позициям</source>
+        <translation>back to the positions</translation>
+    </message>
+    <message id="helpPosition">
+        <source>выбрать позицию</source>
+        <translation>choose a position</translation>
+    </message>
+    <message id="helpIdleEnter">
+        <source>найти введённый товар и открыть чек</source>
+        <translation>find the goods that were typed and open a receipt</translation>
+    </message>
+    <message id="helpIdleNext">
+        <source>Отсканируйте товар или введите его название, МНН или штрихкод: чек откроется сам.</source>
+        <translation>Scan goods, or type their name, INN or bar code: the receipt opens by itself.</translation>
+    </message>
+    <message id="helpPositionsEnter">
+        <source>добавить введённый товар</source>
+        <translation>add the goods that were typed</translation>
+    </message>
+    <message id="helpPositionsEsc">
+        <source>очистить поиск</source>
+        <translation>clear the search</translation>
+    </message>
+    <message id="helpPositionsNext">
+        <source>Добавьте все товары, затем переходите к подытогу и оплате.</source>
+        <translation>Add all goods, then go on to the subtotal and the payment.</translation>
+    </message>
+    <message id="helpSubtotalEnter">
+        <source>к оплате</source>
+        <translation>to the payment</translation>
+    </message>
+    <message id="helpSubtotalNext">
+        <source>Проверьте позиции и сумму, затем переходите к оплате.</source>
+        <translation>Check the positions and the sum, then go on to the payment.</translation>
+    </message>
+    <message id="helpPaymentEnter">
+        <source>закрыть чек; пустое поле — ровно сумма чека</source>
+        <translation>close the receipt; an empty field is exactly its sum</translation>
+    </message>
+    <message id="helpPaymentByCard">
+        <source>остаток картой</source>
+        <translation>the card pays the rest</translation>
+    </message>
+    <message id="helpPaymentNext">
+        <source>Введите полученные деньги: касса покажет сдачу. Затем закройте чек.</source>
+        <translation>Enter the money received: the register shows the change. Then close the receipt.</translation>
+    </message>
+    <message id="helpPayOutEnter">
+        <source>закрыть возврат</source>
+        <translation>close the return</translation>
+    </message>
+    <message id="helpPayOutNext">
+        <source>Верните деньги покупателю и закройте возврат.</source>
+        <translation>Give the customer the money back and close the return.</translation>
+    </message>
+    <message id="helpGoodsRow">
+        <source>выбрать товар</source>
+        <translation>choose goods</translation>
+    </message>
+    <message id="helpGoodsPacks">
+        <source>к количеству упаковок</source>
+        <translation>to the number of packs</translation>
+    </message>
+    <message id="helpGoodsEnter">
+        <source>взять выбранный товар</source>
+        <translation>take the chosen goods</translation>
+    </message>
+    <message id="helpGoodsAll">
+        <source>все товары, если с этим МНН ничего нет</source>
+        <translation>all goods, when there are none with this INN</translation>
+    </message>
+    <message id="helpGoodsNext">
+        <source>Найдите товар по названию, МНН или штрихкоду и укажите упаковки.</source>
+        <translation>Find the goods by name, INN or bar code, and enter the packs.</translation>
+    </message>
+    <message id="helpDocumentsRow">
+        <source>выбрать документ</source>
+        <translation>choose a document</translation>
+    </message>
+    <message id="helpDocumentsResume">
+        <source>взять отложенный в работу (также Ввод)</source>
+        <translation>resume a suspended one (Enter as well)</translation>
+    </message>
+    <message id="helpDocumentsReturn">
+        <source>вернуть продажу</source>
+        <translation>return a sale</translation>
+    </message>
+    <message id="helpDocumentsVoid">
+        <source>аннулировать</source>
+        <translation>void</translation>
+    </message>
+    <message id="helpDocumentsPrint">
+        <source>напечатать копию</source>
+        <translation>print a copy</translation>
+    </message>
+    <message id="helpDocumentsNext">
+        <source>Найдите документ по номеру, дню или товару и выберите, что с ним сделать.</source>
+        <translation>Find the document by number, day or goods, and choose what to do with it.</translation>
+    </message>
+    <message id="helpMenuDigit">
+        <source>выбрать по номеру</source>
+        <translation>choose by number</translation>
+    </message>
+    <message id="helpMenuRow">
+        <source>к другому пункту</source>
+        <translation>to another entry</translation>
+    </message>
+    <message id="helpMenuEnter">
+        <source>выполнить пункт в рамке</source>
+        <translation>do the framed entry</translation>
+    </message>
+    <message id="helpMenuNext">
+        <source>Выберите, что сделать. У серых пунктов указано, почему они недоступны.</source>
+        <translation>Choose what to do. Grey entries say why they cannot be chosen.</translation>
+    </message>
+    <message id="helpQuestionTab">
+        <source>к другому ответу</source>
+        <translation>to the other answer</translation>
+    </message>
+    <message id="helpQuestionEnter">
+        <source>ответить кнопкой в рамке</source>
+        <translation>answer with the framed button</translation>
+    </message>
+    <message id="helpQuestionEsc">
+        <source>ничего не менять</source>
+        <translation>change nothing</translation>
+    </message>
+    <message id="helpQuestionNext">
+        <source>Прочитайте вопрос и выберите ответ.</source>
+        <translation>Read the question and choose the answer.</translation>
+    </message>
+    <message id="helpSpaceKey">
+        <source>Пробел</source>
+        <translation>Space</translation>
+    </message>
+    <message id="helpReturnSpace">
+        <source>вернуть позицию или оставить</source>
+        <translation>return the position, or not</translation>
+    </message>
+    <message id="helpReturnAll">
+        <source>отметить все или ни одной</source>
+        <translation>choose all or none</translation>
+    </message>
+    <message id="helpReturnEnter">
+        <source>открыть возврат</source>
+        <translation>open the return</translation>
+    </message>
+    <message id="helpReturnNext">
+        <source>Отметьте, что покупатель возвращает, и откройте возврат.</source>
+        <translation>Choose what the customer returns, and open the return.</translation>
+    </message>
+    <message id="helpAnyTab">
+        <source>к следующему полю или кнопке</source>
+        <translation>to the next field or button</translation>
+    </message>
+    <message id="helpAnyEnter">
+        <source>нажать кнопку в рамке</source>
+        <translation>click the framed button</translation>
+    </message>
+    <message id="helpTitle">
+        <source>Справка</source>
+        <translation>Help</translation>
+    </message>
+    <message id="helpTitleOf">
+        <source>Справка: %1</source>
+        <translation>Help: %1</translation>
+    </message>
+    <message id="helpHelpKey">
+        <source>показать или закрыть справку</source>
+        <translation>show or close the help</translation>
+    </message>
+    <message id="helpClose">
+        <source>Закрыть</source>
+        <translation>Close</translation>
+    </message>
+    <message id="idleHelpKey">
+        <source>F1 — какие клавиши работают, на любом экране.</source>
+        <translation>F1: which keys work, on every screen.</translation>
+    </message>
+    <message id="goodsSelectionAllShown">
+        <source>Показаны все товары, не только с МНН «%1». Сверьте действующее вещество.</source>
+        <translation>All goods are shown, not only those with the INN “%1”. Compare the substance.</translation>
+    </message>
+    <message id="goodsSelectionAll">
+        <source>Все товары</source>
+        <translation>All goods</translation>
+    </message>
+    <message id="goodsSelectionNoneOfName">
+        <source>Нет товаров с МНН «%1». Можно показать все товары.</source>
+        <translation>There are no goods with the INN “%1”. All goods can be shown.</translation>
+    </message>
+    <message id="goodsSelectionNoMatchOfName">
+        <source>Среди товаров с МНН «%1» нет «%2». Измените поиск или покажите все товары.</source>
+        <translation>Among the goods with the INN “%1” there is no “%2”. Change the search or show all goods.</translation>
+    </message>
+    <message id="menuLock">
+        <source>Заблокировать кассу</source>
+        <translation>Lock the register</translation>
+    </message>
+    <message id="menuHelp">
+        <source>Справка</source>
+        <translation>Help</translation>
     </message>
 </context>
 </TS>

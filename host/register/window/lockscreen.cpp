@@ -19,6 +19,7 @@ namespace
 
 const QString digits = u"digits"_s;
 const QString allCharacters = u"ru,en,symbols"_s;
+/// In the smallest window, in pixels.
 constexpr int widthOfInput = 240;
 constexpr int widthOfLetters = 720;
 
@@ -67,7 +68,7 @@ void LockScreen::createCodeInput(QWidget* column)
     m_input->setObjectName(u"unlockLineEdit"_s);
     m_input->setAccessibleName(tr::Tr(u"lockCode"_s, u"Код кассира"_s).ui());
     m_input->setEchoMode(QLineEdit::Password);
-    m_input->setFixedWidth(widthOfInput);
+    m_input->setFixedWidth(scaledPixels(widthOfInput));
     connect(m_input, &QLineEdit::returnPressed, this, &LockScreen::tryCode);
     connect(new ScanFilter(*m_input), &ScanFilter::scanned, this, [this](const QString& badge) {
         m_input->setText(badge);
@@ -77,7 +78,7 @@ void LockScreen::createCodeInput(QWidget* column)
     button->setObjectName(u"unlockButton"_s);
     button->setAccessibleName(button->text());
     button->setProperty("primary", true);
-    button->setFixedWidth(widthOfInput);
+    button->setFixedWidth(scaledPixels(widthOfInput));
     connect(button, &QPushButton::clicked, this, &LockScreen::tryCode);
     layout->addWidget(m_input, 0, Qt::AlignHCenter);
     layout->addWidget(button, 0, Qt::AlignHCenter);
@@ -95,7 +96,7 @@ void LockScreen::createKeyboard(QWidget* column)
         keyboard->setKeyboardLayouts(digits);
     } else {
         keyboard->setKeyboardLayouts(allCharacters);
-        keyboard->setFixedWidth(widthOfLetters);
+        keyboard->setFixedWidth(scaledPixels(widthOfLetters));
     }
     static_cast<QVBoxLayout*>(column->layout())->addWidget(keyboard, 0, Qt::AlignHCenter);
 }

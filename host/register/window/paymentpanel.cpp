@@ -5,6 +5,7 @@
 #include "cardterminalhost.h"
 #include "cardterminals.h"
 #include "cashpayment.h"
+#include "functionkey.h"
 #include "inactivitylocker.h"
 #include "registerstyle.h"
 #include "scanfilter.h"
@@ -31,8 +32,6 @@ namespace
 constexpr int spacing = 8;
 /// Longer than an amount: a barcode is refused as a whole, never cut to an amount.
 constexpr int longestInput = 40;
-/// Not a function key of the register: it needs what is typed here.
-constexpr Qt::Key cardKey = Qt::Key_F11;
 
 bool hasTerminal()
 {
@@ -68,9 +67,9 @@ QHBoxLayout* createRow()
 
 } // namespace
 
-PaymentPanel::PaymentPanel(const QString& paymentKey, QWidget* parent)
+PaymentPanel::PaymentPanel(const Keys& keys, QWidget* parent)
     : QWidget(parent)
-    , m_paymentKey(paymentKey)
+    , m_keys(keys)
     , m_caption(new QLabel(this))
     , m_sumLabel(new QLabel(this))
     , m_currency(new QLabel(currency(), this))
@@ -131,8 +130,7 @@ void PaymentPanel::createControls()
     m_back->setAccessibleName(m_back->text());
     m_back->setAutoDefault(true);
     m_card->setObjectName(u"cardButton"_s);
-    m_card->setText(QKeySequence(cardKey).toString(QKeySequence::NativeText) + u' ' +
-                    tr::Tr(u"paymentByCard"_s, u"Картой"_s).ui());
+    m_card->setText((m_keys.card + u' ' + tr::Tr(u"paymentByCard"_s, u"Картой"_s).ui()).trimmed());
     m_card->setAccessibleName(tr::Tr(u"paymentByCardName"_s, u"Остаток картой"_s).ui());
     m_card->setAutoDefault(true);
     m_pay->setObjectName(u"payButton"_s);
@@ -211,6 +209,11 @@ QWidget* PaymentPanel::input() const
     return m_received->isVisibleTo(this) ? static_cast<QWidget*>(m_received) : m_pay;
 }
 
+bool PaymentPanel::isCardKeyShown() const
+{
+    return m_card->isVisibleTo(this) && isVisible() && !m_keys.card.isEmpty();
+}
+
 QString PaymentPanel::received() const
 {
     return m_received->text();
@@ -221,10 +224,10 @@ void PaymentPanel::showSubtotal(bool payingOut)
     m_caption->setText(tr::Tr(u"paymentSubtotal"_s, u"ПОДЫТОГ"_s).ui());
     m_pay->setText(
         (payingOut ? tr::Tr(u"paymentGoOnPayingOut"_s, u"К выплате"_s) : tr::Tr(u"paymentGoOn"_s, u"К оплате"_s)).ui());
-    showKeyHint(m_paymentKey.isEmpty()
+    showKeyHint(m_keys.payment.isEmpty()
                     ? tr::Tr(u"paymentSubtotalHint"_s, u"Ввод — дальше, Esc — назад к позициям."_s)
                     : tr::Tr(u"paymentSubtotalKeyHint"_s, u"%1 или Ввод — дальше, Esc — назад к позициям."_s)
-                          .arg(m_paymentKey));
+                          .arg(m_keys.payment));
 }
 
 void PaymentPanel::showPayment(const Document& document)
@@ -265,7 +268,7 @@ void PaymentPanel::showChange()
     } else {
         showChange(payment.failure().brief, typedAmount(m_received->text()) ? "waiting" : "error");
     }
-    showKeyHint(hasTerminal()
+    showKeyHint(hasTerminal() && !m_keys.card.isEmpty()
                     ? tr::Tr(u"paymentCardHint"_s, u"Ввод — закрыть чек, F11 — остаток картой, Esc — назад к позициям. "
                                                    "Пустое поле — ровно сумма чека."_s)
                     : tr::Tr(u"paymentHint"_s,
@@ -305,7 +308,7 @@ bool PaymentPanel::eventFilter(QObject* watched, QEvent* event)
 
 bool PaymentPanel::takeKey(const QKeyEvent& key)
 {
-    if (key.key() == cardKey && m_card->isVisible()) {
+    if (key.key() == cardPaymentKey && isCardKeyShown()) {
         if (!key.isAutoRepeat()) {
             m_card->click();
         }

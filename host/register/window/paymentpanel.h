@@ -21,8 +21,12 @@ class PaymentPanel : public QWidget
     Q_OBJECT
 
 public:
-    /// @param paymentKey the shortcut for the way from the subtotal to the payment; empty: there is none
-    explicit PaymentPanel(const QString& paymentKey, QWidget* parent = nullptr);
+    /// The keys that depend on the configuration; an empty one is missing.
+    struct Keys {
+        QString payment; ///< goes from the subtotal to the payment; a function key
+        QString card;    ///< has the card pay what the cash does not. It needs what is typed here
+    };
+    explicit PaymentPanel(const Keys& keys, QWidget* parent = nullptr);
 
     /// What is paid, or paid out.
     struct Amounts {
@@ -36,6 +40,9 @@ public:
     QWidget* input() const;
     /// The cash in roubles, as it was typed; empty: exactly the sum.
     QString received() const;
+
+    /// True while the card can pay the rest by its key.
+    bool isCardKeyShown() const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -60,7 +67,7 @@ private:
     bool takeKey(const QKeyEvent& key);
     void refuseScan();
 
-    QString m_paymentKey;
+    Keys m_keys;
     Till::Phase m_phase = Till::Phase::Positions;
     Kopecks m_sum = {}; ///< due
     QLabel* m_caption;

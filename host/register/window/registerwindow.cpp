@@ -1,18 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "registerwindow.h"
 
+#include "actionhost.h"
 #include "actionqueuecontroller.h"
+#include "askform.h"
 #include "config.h"
 #include "documentwords.h"
 #include "formlayer.h"
+#include "helpform.h"
 #include "inputblocker.h"
 #include "notice.h"
+#include "registeraction.h"
+#include "screenhelp.h"
 #include "stoppedaction.h"
+#include "taptips.h"
+#include "touchmode.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QShortcut>
 #include <QTimer>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -26,6 +35,15 @@ namespace
 {
 constexpr QSize smallestWindow(1024, 600);
 constexpr auto unwindingRound = std::chrono::milliseconds(10);
+
+/// What a form says of itself; of the register's own forms, what their table says.
+HelpParams helpOf(const BasicForm& form)
+{
+    const QWidget* root = form.rootWidget();
+    const auto* title = root ? root->findChild<QLabel*>(u"titleLabel"_s) : nullptr;
+    const QString name = root ? root->objectName() : QString();
+    return {title ? title->text() : QString(), form.help().isEmpty() ? screenHelp(name) : form.help()};
+}
 } // namespace
 
 RegisterWindow::RegisterWindow(Till& till, const PositionMarks& marks, const QList<FunctionKey>& keys,
@@ -36,6 +54,8 @@ RegisterWindow::RegisterWindow(Till& till, const PositionMarks& marks, const QLi
     , m_ground(new QWidget(m_stage))
     , m_busy(new BusyScreen(m_stage))
     , m_lock(new LockScreen(unlockCode, LockState(Singleton<Config>::get()->getString(u"Register:data"_s)), this))
+    , m_help(new QShortcut(helpKey, m_stage))
+    , m_isHelpKeyTaken(keyWithShortcut(keys, helpKey) != nullptr)
 {
     setObjectName(u"registerWindow"_s);
     setWindowTitle(tr::Tr(u"registerTitle"_s, u"Касса аптеки"_s).ui());
@@ -44,14 +64,34 @@ RegisterWindow::RegisterWindow(Till& till, const PositionMarks& marks, const QLi
     showWork(longWork);
     showDocuments(till);
     showConflicts(keys);
+    offerCommands();
     connect(Singleton<ActionQueueController>::get(), &ActionQueueController::stopped, this, &RegisterWindow::showStop);
     connect(m_lock, &LockScreen::unlocked, this, &RegisterWindow::uncover);
+    m_help->setAutoRepeat(false);
+    m_help->setEnabled(!m_isHelpKeyTaken);
+    connect(m_help, &QShortcut::activated, this, &RegisterWindow::showHelp);
+    if (isTouchMode()) {
+        new TapTips(this);
+    }
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { keepFocusInLock(now); });
     qApp->installEventFilter(this);
     m_sales->setFocus();
     if (m_lock->isLocked()) {
         cover();
     }
+}
+
+void RegisterWindow::offerCommands()
+{
+    ActionHost& host = Singleton<ActionQueueController>::get()->host();
+    host.setHandler(registeraction::lock, [this](control::Action&) {
+        lock();
+        return EContext::GoOn;
+    });
+    host.setHandler(registeraction::showHelp, [this](control::Action&) {
+        showHelp();
+        return EContext::GoOn;
+    });
 }
 
 /// The widgets below it are destroyed after it, and the focus moves with each.
@@ -164,6 +204,16 @@ void RegisterWindow::lock()
     }
 }
 
+void RegisterWindow::showHelp()
+{
+    const QSharedPointer<BasicForm> form = Singleton<GraphicalUserInterface>::get()->topForm();
+    if (qobject_cast<HelpForm*>(form.data())) {
+        emit form->dismissed();
+        return;
+    }
+    askForm(HelpParams::eventCode, form ? helpOf(*form) : HelpParams{m_sales->heading(), m_sales->help()});
+}
+
 void RegisterWindow::shutDown()
 {
     m_isShuttingDown = true;
@@ -233,6 +283,7 @@ void RegisterWindow::arrangeLayers()
         place(*layer, !(*layer)->isDialog());
     }
     place(m_ground, true);
+    m_help->setEnabled(!m_layers.isEmpty() || !m_isHelpKeyTaken);
     // The last child is on top.
     const QObjectList& shown = m_stage->children();
     m_busy->setCovered(!m_layers.isEmpty() && shown.indexOf(m_layers.last()) > shown.indexOf(m_busy));

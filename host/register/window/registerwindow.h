@@ -14,6 +14,7 @@
 #include <QWidget>
 
 class FormLayer;
+class QShortcut;
 
 /// The register's window: the sales screen, the forms above it, the busy screen and the lock screen.
 class RegisterWindow : public QWidget, public FormStage
@@ -39,6 +40,8 @@ public slots:
     /// Covers the window until the cashier comes back. Open forms stay open below, and nothing of them is seen. A form
     /// that is shown meanwhile waits until then.
     void lock();
+    /// Shows the keys that work on the screen in front, and what comes next there; closes the help when it is open.
+    void showHelp();
     /// Closes the window although it is locked: for the end of the program.
     void shutDown();
 
@@ -48,6 +51,7 @@ protected:
 
 private:
     void arrangeGround();
+    void offerCommands();
     void showWork(const LongWork& longWork);
     void showDocuments(const Till& till);
     void showConflicts(const QList<FunctionKey>& keys);
@@ -66,6 +70,8 @@ private:
     QWidget* m_ground;
     BusyScreen* m_busy;
     LockScreen* m_lock;
+    QShortcut* m_help;
+    bool m_isHelpKeyTaken; ///< on the sales screen, by a function key
     QList<FormLayer*> m_layers;
     QPointer<QWidget> m_focusBelowLock;
     bool m_isUnwinding = false;

@@ -3,13 +3,16 @@
 
 #include "actionfactory.h"
 #include "actionqueuecontroller.h"
+#include "config.h"
 #include "documentwords.h"
 #include "functionkeybar.h"
 #include "plaintooltip.h"
 #include "registeraction.h"
+#include "screenhelp.h"
 #include "searchpanel.h"
 #include "tablecolumn.h"
 #include "tallotableview.h"
+#include "touchmode.h"
 #include "tr.h"
 
 #include <QApplication>
@@ -50,6 +53,7 @@ SalesScreen::SalesScreen(Till& till, const PositionMarks& marks, const QList<Fun
     , m_till(till)
     , m_marks(marks)
     , m_model(marks)
+    , m_keys(keys)
 {
     setObjectName(u"salesScreen"_s);
     auto* layout = new QVBoxLayout(this);
@@ -57,6 +61,7 @@ SalesScreen::SalesScreen(Till& till, const PositionMarks& marks, const QList<Fun
     layout->setSpacing(8);
     layout->addWidget(createHeader());
     layout->addWidget(createTable(), 1);
+    createBeginning();
     layout->addWidget(createSearch(keys));
     layout->addWidget(createPayment(keys));
     auto* keyBar = new FunctionKeyBar(keys, this);
@@ -109,6 +114,24 @@ QWidget* SalesScreen::createTable()
     return m_table;
 }
 
+/// In the place of the positions. What plug-ins and the pharmacy want said there is in the configuration.
+void SalesScreen::createBeginning()
+{
+    QStringList lines{screenHelp(u"idle"_s).next.ui(), Singleton<Config>::get()->getString(u"Register:idleHint"_s)};
+    if (!isTouchMode() && !keyWithShortcut(m_keys, helpKey)) {
+        lines.append(tr::Tr(u"idleHelpKey"_s, u"F1 — какие клавиши работают, на любом экране."_s).ui());
+    }
+    lines.removeAll(QString());
+    m_beginning = new QLabel(lines.join(u"\n\n"_s), m_table->viewport());
+    m_beginning->setObjectName(u"beginningLabel"_s);
+    m_beginning->setProperty("textRole", u"hint"_s);
+    m_beginning->setTextFormat(Qt::PlainText);
+    m_beginning->setAlignment(Qt::AlignCenter);
+    m_beginning->setWordWrap(true);
+    auto* layout = new QVBoxLayout(m_table->viewport());
+    layout->addWidget(m_beginning);
+}
+
 QWidget* SalesScreen::createSearch(const QList<FunctionKey>& keys)
 {
     m_search = new SearchPanel(paymentKeyOf(keys), this);
@@ -118,7 +141,11 @@ QWidget* SalesScreen::createSearch(const QList<FunctionKey>& keys)
 
 QWidget* SalesScreen::createPayment(const QList<FunctionKey>& keys)
 {
-    m_payment = new PaymentPanel(paymentKeyOf(keys), this);
+    m_payment =
+        new PaymentPanel({paymentKeyOf(keys), keyWithShortcut(keys, cardPaymentKey)
+                                                  ? QString()
+                                                  : QKeySequence(cardPaymentKey).toString(QKeySequence::NativeText)},
+                         this);
     connect(m_payment, &PaymentPanel::confirmed, this, &SalesScreen::goOn);
     connect(m_payment, &PaymentPanel::confirmedByCard, this, [this] { pay(PaymentMethod::Card); });
     connect(m_payment, &PaymentPanel::left, this, &SalesScreen::goBack);
@@ -136,10 +163,43 @@ void SalesScreen::refresh()
     m_documentInfo->setText(info);
     m_documentInfo->setToolTip(plainToolTip(info));
     m_search->showDocument(document.data());
+    m_beginning->setVisible(!document);
     showPhase();
     if (before && before != document) {
         emit ended(*before);
     }
+}
+
+QString SalesScreen::heading() const
+{
+    return m_documentNumber->text();
+}
+
+QString SalesScreen::screen() const
+{
+    switch (m_till.phase()) {
+    case Till::Phase::Subtotal:
+        return u"subtotal"_s;
+    case Till::Phase::Payment:
+        return m_shown->isReturn() ? u"payOut"_s : u"payment"_s;
+    default:
+        return m_shown ? u"positions"_s : u"idle"_s;
+    }
+}
+
+FormHelp SalesScreen::help() const
+{
+    FormHelp help = screenHelp(screen());
+    if (m_payment->isCardKeyShown()) {
+        help.keys.append({QKeySequence(cardPaymentKey).toString(QKeySequence::NativeText),
+                          {u"helpPaymentByCard"_s, u"остаток картой"_s}});
+    }
+    for (const FunctionKey& key : m_keys) {
+        if (!key.shortcut.isEmpty()) {
+            help.keys.append({key.shortcut.toString(QKeySequence::NativeText), {tr::undefined, key.text}});
+        }
+    }
+    return help;
 }
 
 void SalesScreen::showPositions()

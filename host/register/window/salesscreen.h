@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "formhelp.h"
 #include "functionkey.h"
 #include "paymentpanel.h"
 #include "positionmarks.h"
@@ -27,6 +28,10 @@ public:
     /// Shows the document as it is now.
     void refresh();
 
+    /// The keys that work now, and what comes next.
+    FormHelp help() const;
+    QString heading() const;
+
 signals:
     /// The document is no longer open.
     void ended(const Document& document);
@@ -37,6 +42,8 @@ protected:
 private:
     QWidget* createHeader();
     QWidget* createTable();
+    void createBeginning();
+    QString screen() const;
     QWidget* createSearch(const QList<FunctionKey>& keys);
     QWidget* createPayment(const QList<FunctionKey>& keys);
     void showPositions();
@@ -57,9 +64,11 @@ private:
     Till& m_till;
     const PositionMarks& m_marks;
     PositionTableModel m_model;
+    QList<FunctionKey> m_keys;
     QLabel* m_documentNumber = nullptr;
     QLabel* m_documentInfo = nullptr;
     TalloTableView* m_table = nullptr;
+    QLabel* m_beginning = nullptr; ///< how to begin, while no document is open
     SearchPanel* m_search = nullptr;
     PaymentPanel* m_payment = nullptr;
     QSharedPointer<Document> m_shown;

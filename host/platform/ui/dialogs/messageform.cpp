@@ -3,6 +3,7 @@
 
 #include "dialog.h"
 #include "dialogeventfilter.h"
+#include "registerstyle.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -17,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Room for the text, in pixels: the form fits a window 600 pixels high.
+/// Room for the text, in pixels of the smallest window: the form fits a window 600 pixels high.
 constexpr int tallestMessage = 360;
 
 /// The picture, the heading and the value of the style sheet's property for a kind of message.
@@ -54,6 +55,10 @@ MessageForm::MessageForm(const Event& event, QObject* parent)
     }
     showText(u"messageLabel"_s, event.value(u"message"_s).value<tr::Tr>().ui());
 
+    setHelp({{{FormHelp::enterKey(), {u"helpMessageEnter"_s, u"закрыть сообщение"_s}},
+              {u"Esc"_s, {u"helpMessageEsc"_s, u"закрыть сообщение"_s}}},
+             {u"helpMessageNext"_s, u"Прочитайте сообщение и закройте его: касса продолжит с того же места."_s}});
+
     auto* filter = new DialogEventFilter(this);
     connect(filter, &DialogEventFilter::ok, this, &BasicForm::dismissed);
     connect(filter, &DialogEventFilter::cancel, this, &BasicForm::dismissed);
@@ -67,7 +72,7 @@ MessageForm::MessageForm(const Event& event, QObject* parent)
 
 void MessageForm::show()
 {
-    fitMessage(tallestMessage);
+    fitMessage(scaledPixels(tallestMessage));
     BasicDialogForm::show();
     if (!rootWidget()->property("silent").toBool()) {
         QApplication::beep();

@@ -6,6 +6,7 @@
 #include "graphicaluserinterface.h"
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
+#include "registerstyle.h"
 #include "scanfilter.h"
 #include "tallokeyboard.h"
 
@@ -17,7 +18,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Room for the prompt, in pixels: the form fits a window 600 pixels high, also with the touch keyboard.
+/// Room for the prompt, in pixels of the smallest window: the form fits a window 600 pixels high, also with the touch
+/// keyboard.
 constexpr int tallestPrompt = 260;
 constexpr int tallestPromptInTouchMode = 100;
 
@@ -39,11 +41,14 @@ TextInputForm::TextInputForm(const TextInputParams& params, QObject* parent)
     prepareKeyboard();
     prepareButtons();
     prepareField();
+    setHelp({{{FormHelp::enterKey(), {u"helpTextInputEnter"_s, u"принять введённое"_s}},
+              {u"Esc"_s, {u"helpTextInputEsc"_s, u"отказаться от ввода"_s}}},
+             {u"helpTextInputNext"_s, u"Введите значение и примите его: касса продолжит работу с ним."_s}});
 }
 
 void TextInputForm::show()
 {
-    fitMessage(isTouchMode() ? tallestPromptInTouchMode : tallestPrompt);
+    fitMessage(scaledPixels(isTouchMode() ? tallestPromptInTouchMode : tallestPrompt));
     BasicDialogForm::show();
 }
 
@@ -51,9 +56,20 @@ void TextInputForm::fillTexts()
 {
     setTitle(m_params.title.ui());
     showText(u"messageLabel"_s, m_params.message.ui());
+    showHint();
     hideProblem();
     if (auto* area = findWidget<QWidget>(u"messageScrollArea"_s, false)) {
         area->setVisible(!m_params.message.ui().isEmpty());
+    }
+}
+
+/// A layout without the label shows no hint.
+void TextInputForm::showHint()
+{
+    const QString hint = m_params.hint.ui();
+    showText(u"hintLabel"_s, hint, false);
+    if (auto* label = findWidget<QLabel>(u"hintLabel"_s, false)) {
+        label->setVisible(!hint.isEmpty());
     }
 }
 
@@ -73,7 +89,7 @@ void TextInputForm::prepareField()
     m_field->setNumeric(m_params.numeric);
     m_field->setProperty("inputName", m_params.inputName);
     m_field->setAccessibleName(m_params.title.ui());
-    m_field->setAccessibleDescription(m_params.message.ui());
+    m_field->setAccessibleDescription(QStringList{m_params.message.ui(), m_params.hint.ui()}.join(u'\n').trimmed());
     const QFontMetrics metrics = m_field->fontMetrics();
     if (m_params.lines > 1) {
         m_field->setMinimumHeight(m_params.lines * metrics.lineSpacing() + metrics.height());

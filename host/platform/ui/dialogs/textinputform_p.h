@@ -20,6 +20,7 @@ public:
 
 private:
     void fillTexts();
+    void showHint();
     void prepareField();
     void prepareKeyboard();
     void prepareButtons();

@@ -21,6 +21,7 @@ struct REGISTERPLATFORM_EXPORT TextInputParams {
     bool manualOnly = false; ///< a scan is refused, in the register's own words: the value has to be typed
     int lines = 1;           ///< height of the field, in lines
     int columns = 0;         ///< width of the field, in characters; 0: all the room
+    tr::Tr hint = {};        ///< beside the field, always: what may be entered; empty: none
 };
 
 Q_DECLARE_METATYPE(TextInputParams)

@@ -3,6 +3,7 @@
 
 #include "econtext.h"
 #include "export.h"
+#include "formhelp.h"
 #include "tr.h"
 
 #include <QHash>
@@ -42,6 +43,9 @@ public:
     /// The context of the register while this form is on top; DialogOnTop unless the form says otherwise.
     EContext::Code contextCode() const { return m_contextCode; }
 
+    /// What the help says of this form; empty unless the form says something.
+    const FormHelp& help() const { return m_help; }
+
     /// True when the form was shown with EInput::Scanner among its sources.
     bool expectsScans() const;
 
@@ -61,6 +65,7 @@ signals:
 
 protected:
     void setContextCode(EContext::Code code) { m_contextCode = code; }
+    void setHelp(const FormHelp& help) { m_help = help; }
 
     /// Builds the widget tree from a layout file, for example "message.ui". A file that is missing or cannot be read
     /// is reported through findUIError(). The root is then an empty widget, so that look-ups find nothing.
@@ -111,6 +116,7 @@ private:
 
     QPointer<QWidget> m_root;
     QHash<QString, QPointer<QWidget>> m_found; ///< by object name
+    FormHelp m_help;
     EContext::Code m_contextCode = EContext::DialogOnTop;
     bool m_isPrepared = false; ///< for keys and touch, at the first show()
 };

@@ -26,6 +26,21 @@ constexpr std::pair<const char*, int> sizesAboveText[] = {
     {"@sumSize", 16},
 };
 
+/// A window of this size has the smallest text. The text of a larger one grows less than the window: there is more to
+/// see, too.
+constexpr QSize smallestWindow(1024, 600);
+constexpr int smallestText = 11;
+constexpr int largestText = 24;
+/// Text in a window of twice the size is larger by this, in points.
+constexpr double pointsPerScale = 8;
+
+/// The size of ordinary text since applyRegisterStyle(), in points.
+int& appliedTextSize()
+{
+    static int size = smallestText;
+    return size;
+}
+
 /// The relative luminance of WCAG 2.1 (https://www.w3.org/TR/WCAG21/#dfn-relative-luminance).
 double luminance(const QColor& colour)
 {
@@ -86,12 +101,17 @@ void setStyleProperty(QWidget& widget, const QString& name, const QVariant& valu
     QApplication::sendEvent(&widget, &changed);
 }
 
-int registerTextSize(int windowHeight)
+int registerTextSize(const QSize& window)
 {
-    if (windowHeight < 720) {
-        return 11;
-    }
-    return windowHeight < 1000 ? 12 : 13;
+    const double scale =
+        std::min(double(window.width()) / smallestWindow.width(), double(window.height()) / smallestWindow.height());
+    const int size = smallestText + int(std::floor((scale - 1) * pointsPerScale));
+    return std::clamp(size, smallestText, largestText);
+}
+
+int scaledPixels(int pixels)
+{
+    return pixels * appliedTextSize() / smallestText;
 }
 
 QString registerStyleSheet(bool touch, int textSize)
@@ -117,9 +137,10 @@ QString registerStyleSheet(bool touch, int textSize)
     return sheet;
 }
 
-void applyRegisterStyle(QApplication& application, int windowHeight)
+void applyRegisterStyle(QApplication& application, const QSize& window)
 {
-    const int textSize = registerTextSize(windowHeight);
+    const int textSize = registerTextSize(window);
+    appliedTextSize() = textSize;
     application.setStyle(QStyleFactory::create(u"Fusion"_s));
     application.setPalette(paletteOf(RegisterColours()));
     QFont font = application.font();

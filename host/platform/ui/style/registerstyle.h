@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QList>
+#include <QSize>
 #include <QString>
 #include <QVariant>
 
@@ -44,14 +45,18 @@ struct REGISTERPLATFORM_EXPORT RegisterColours {
 /// Sets a dynamic property that the style sheet selects by, and applies the style sheet to the widget again.
 REGISTERPLATFORM_EXPORT void setStyleProperty(QWidget& widget, const QString& name, const QVariant& value);
 
-/// The size of ordinary text, in points, in a window of that height in pixels. A higher window has larger text.
-REGISTERPLATFORM_EXPORT int registerTextSize(int windowHeight);
+/// The size of ordinary text, in points, in a window of that size in pixels. A larger window has larger text.
+REGISTERPLATFORM_EXPORT int registerTextSize(const QSize& window);
+
+/// A length as it is in the smallest window, in pixels, grown as the text has grown by applyRegisterStyle(): for what
+/// holds text and has no size hint of its own.
+REGISTERPLATFORM_EXPORT int scaledPixels(int pixels);
 
 /// The style sheet with its colours and sizes filled in.
 /// @param touch with targets for fingers: at least 44 px
 /// @param textSize the size of ordinary text, in points; larger type is measured by it
 REGISTERPLATFORM_EXPORT QString registerStyleSheet(bool touch, int textSize);
 
-/// Sets the application's looks: the Fusion style, the register's colours, a font for a window of that height in
-/// pixels, and the style sheet, with targets for fingers in touch mode. To be called once, before the first window.
-REGISTERPLATFORM_EXPORT void applyRegisterStyle(QApplication& application, int windowHeight);
+/// Sets the application's looks: the Fusion style, the register's colours, a font for a window of that size in pixels,
+/// and the style sheet, with targets for fingers in touch mode. To be called once, before the first window.
+REGISTERPLATFORM_EXPORT void applyRegisterStyle(QApplication& application, const QSize& window);

@@ -16,7 +16,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A column that fits its contents becomes no wider, in pixels. A longer text is whole in its tool tip.
+/// A column that fits its contents becomes no wider, in pixels of the smallest window. A longer text is whole in its
+/// tool tip.
 constexpr int widestFit = 280;
 constexpr int longestToolTip = 1000;
 constexpr double readableContrast = 4.5;
@@ -42,7 +43,7 @@ QColor readableOn(const QColor& ground, QColor colour)
 
 QSize ColumnDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    return QStyledItemDelegate::sizeHint(option, index).boundedTo(QSize(widestFit, QWIDGETSIZE_MAX));
+    return QStyledItemDelegate::sizeHint(option, index).boundedTo(QSize(scaledPixels(widestFit), QWIDGETSIZE_MAX));
 }
 
 bool ColumnDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,

@@ -24,7 +24,7 @@ struct REGISTERPLATFORM_EXPORT TableColumn {
     static constexpr Qt::Alignment centred = Qt::AlignVCenter | Qt::AlignHCenter;
 
     QString name;                               ///< only in the text; the table does not use it
-    int width = remainingRoom;                  ///< pixels, remainingRoom, fittingContents or fittingMoney
+    int width = remainingRoom;                  ///< pixels in the smallest window, or one of the codes above
     Qt::Alignment alignment = Qt::AlignVCenter; ///< of the cells
     bool isShown = true;
     QString caption = {}; ///< only in the text; the header shows the model's

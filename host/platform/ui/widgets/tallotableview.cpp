@@ -2,6 +2,7 @@
 #include "tallotableview.h"
 
 #include "columndelegate_p.h"
+#include "registerstyle.h"
 #include "tablecolumn.h"
 #include "touchmode.h"
 
@@ -18,6 +19,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
+/// In the smallest window, in pixels.
 constexpr int plainRowHeight = 32;
 constexpr int touchRowHeight = 44;
 /// Rows that a column fits: those on the screen and some more, however long the table is.
@@ -39,8 +41,8 @@ TalloTableView::TalloTableView(QWidget* parent)
     connect(header, &QHeaderView::sectionCountChanged, this, &TalloTableView::applyColumns);
 
     verticalHeader()->hide();
-    verticalHeader()->setMinimumSectionSize(plainRowHeight);
-    verticalHeader()->setDefaultSectionSize(isTouchMode() ? touchRowHeight : plainRowHeight);
+    verticalHeader()->setMinimumSectionSize(scaledPixels(plainRowHeight));
+    verticalHeader()->setDefaultSectionSize(scaledPixels(isTouchMode() ? touchRowHeight : plainRowHeight));
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -81,7 +83,7 @@ void TalloTableView::applyColumns()
             break;
         default:
             header->setSectionResizeMode(section, QHeaderView::Interactive);
-            header->resizeSection(section, column->width);
+            header->resizeSection(section, scaledPixels(column->width));
         }
         setColumnHidden(section, !column->isShown);
     }

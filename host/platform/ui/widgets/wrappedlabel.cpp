@@ -2,6 +2,7 @@
 #include "wrappedlabel.h"
 
 #include "plaintooltip.h"
+#include "registerstyle.h"
 
 #include <QHelpEvent>
 #include <QPainter>
@@ -16,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Lines longer than this are hard to read, and wider than the narrowest dialog.
+/// Lines longer than this, in pixels of the smallest window, are hard to read, and wider than the narrowest dialog.
 constexpr int widestLine = 640;
 /// A scroll area tries many widths until its scroll bar fits. The lines for all of them are remembered.
 constexpr int rememberedWidths = 64;
@@ -63,7 +64,7 @@ int WrappedLabel::heightForWidth(int width) const
 
 QSize WrappedLabel::sizeHint() const
 {
-    const QSizeF text = lines(widestLine).size;
+    const QSizeF text = lines(scaledPixels(widestLine)).size;
     return QSize(qCeil(text.width()), qCeil(text.height())) + frameRoom();
 }
 

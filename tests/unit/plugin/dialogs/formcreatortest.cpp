@@ -102,3 +102,24 @@ TEST_F(FormCreator, layoutLacksARequiredWidget_exceptionPassesThrough)
     loseWidget("electronicprescription.ui", "chooseButton");
     EXPECT_THROW(create(197), BasicException);
 }
+
+TEST_F(FormCreator, eachForm_bringsTheHelpForItsKeys)
+{
+    const auto shown = prescription("Метформин");
+    const QSharedPointer<BasicForm> forms[] = {
+        creator.create(ElectronicPrescriptionChoiceParams({shown}, "active", patient(), false).getEvent()),
+        creator.create(ElectronicPrescriptionParams(shown, "active", patient()).getEvent()),
+        creator.create(ElectronicPrescriptionConfirmDispenseParams(shown).getEvent()),
+    };
+    for (const auto& form : forms) {
+        ASSERT_TRUE(form);
+        QStringList keys;
+        for (const FormHelp::Key& key : form->help().keys) {
+            keys.append(key.key);
+            EXPECT_FALSE(key.does.ui().isEmpty());
+        }
+        EXPECT_TRUE(keys.contains(FormHelp::enterKey())) << keys.join(' ').toStdString();
+        EXPECT_TRUE(keys.contains("Esc")) << keys.join(' ').toStdString();
+        EXPECT_FALSE(form->help().next.ui().isEmpty());
+    }
+}

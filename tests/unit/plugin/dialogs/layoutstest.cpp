@@ -5,6 +5,7 @@
 #include "electronicprescriptionchoiceform.h"
 #include "electronicprescriptionconfirmdispenseform.h"
 #include "electronicprescriptionform.h"
+#include "looks.h"
 #include "registerstyle.h"
 #include "tallotableview.h"
 
@@ -14,6 +15,8 @@
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
+
+#include <cstdlib>
 
 namespace
 {
@@ -30,9 +33,13 @@ protected:
     Layouts()
     {
         setTouchMode(GetParam().isTouch);
-        applyRegisterStyle(*qApp, GetParam().screen.height());
+        applyRegisterStyle(*qApp, GetParam().screen);
     }
-    ~Layouts() override { qApp->setStyleSheet(QString()); }
+    ~Layouts() override
+    {
+        applyRegisterStyle(*qApp, {1024, 600}); // the scale of the other tests
+        qApp->setStyleSheet(QString());
+    }
 
     /// The ordinary name, or 10,000 characters without a blank.
     static QString name(const QString& ordinary)
@@ -96,12 +103,38 @@ protected:
         }
     }
 
+    static void expectReadableAndHittable(const BasicForm& form)
+    {
+        EXPECT_EQ(looks::faint(*form.rootWidget()).join(u' ').toStdString(), "");
+        if (GetParam().isTouch) {
+            EXPECT_EQ(looks::hardToHit(*form.rootWidget()).join(u' ').toStdString(), "");
+        }
+    }
+
     /// Scroll areas scroll up and down only: their contents are as wide as the view.
     static void expectNoSidewaysScrolling(const BasicForm& form)
     {
         for (const auto* area : form.rootWidget()->findChildren<QScrollArea*>()) {
             EXPECT_LE(area->widget()->width(), area->viewport()->width()) << area->objectName().toStdString();
         }
+    }
+
+    static void expectBalancedColumns(const BasicForm& form)
+    {
+        const auto bottom = [&form](const char* name) {
+            const auto* label = widget<QLabel>(form, name);
+            return label->mapTo(form.rootWidget(), label->rect().bottomLeft()).y();
+        };
+        const int lines = 5 * widget<QLabel>(form, "instructionsValueLabel")->fontMetrics().lineSpacing();
+        EXPECT_LE(std::abs(bottom("instructionsValueLabel") - bottom("medicationDispenseDatesValueLabel")), lines);
+    }
+
+    static void expectGroundBehindTheDiscountOnly(const BasicForm& form)
+    {
+        const auto* discount = widget<QLabel>(form, "discountValueLabel");
+        const int number = discount->fontMetrics().horizontalAdvance(discount->text());
+        EXPECT_GE(discount->width(), number);
+        EXPECT_LE(discount->width(), number + 4);
     }
 
 private:
@@ -144,9 +177,16 @@ TEST_P(Layouts, choiceForm_isWholeOnTheScreen)
     openOnScreen(form);
     expectNothingCutOff(form);
     expectNoSidewaysScrolling(form);
+    expectReadableAndHittable(form);
     EXPECT_EQ(controlsWithoutName(*form.rootWidget()), "");
     const auto* table = widget<TalloTableView>(form, "electronicPrescriptionsTableView");
     EXPECT_GE(table->viewport()->height(), 5 * table->rowHeight(0)) << "there is room for five rows";
+    if (!GetParam().isExtreme) {
+        for (const char* name : {"practitionerNameValueLabel", "organizationValueLabel", "patientNameValueLabel"}) {
+            const auto* label = widget<QLabel>(form, name);
+            EXPECT_EQ(label->visibleRegion().boundingRect(), label->rect()) << name << " is not in sight";
+        }
+    }
 }
 
 TEST_P(Layouts, choiceFormWithoutAMatch_hintIsWhole)
@@ -167,10 +207,13 @@ TEST_P(Layouts, detailsForm_isWholeOnTheScreen)
     openOnScreen(form);
     expectNothingCutOff(form);
     expectNoSidewaysScrolling(form);
+    expectReadableAndHittable(form);
     EXPECT_EQ(controlsWithoutName(*form.rootWidget()), "");
     if (!GetParam().isExtreme) {
         EXPECT_EQ(widget<QScrollArea>(form, "detailsScrollArea")->verticalScrollBar()->maximum(), 0)
             << "ordinary details need no scrolling";
+        expectBalancedColumns(form);
+        expectGroundBehindTheDiscountOnly(form);
     }
 }
 
@@ -179,12 +222,13 @@ TEST_P(Layouts, confirmDispenseForm_isWholeAndNoLargerThanTheSmallestScreen)
     ElectronicPrescriptionConfirmDispenseForm form(ElectronicPrescriptionConfirmDispenseParams(shownPrescription()),
                                                    nullptr);
     open(form);
-    form.rootWidget()->adjustSize();
+    form.rootWidget()->resize(form.rootWidget()->sizeHint()); // adjustSize() asks the test's own screen
     QApplication::processEvents();
     EXPECT_LE(form.rootWidget()->width(), 1024);
     EXPECT_LE(form.rootWidget()->height(), 600);
     expectNothingCutOff(form);
     expectNoSidewaysScrolling(form);
+    expectReadableAndHittable(form);
     EXPECT_EQ(controlsWithoutName(*form.rootWidget()), "");
     if (!GetParam().isExtreme) {
         const auto* area = widget<QScrollArea>(form, "confirmDispenseScrollArea");

@@ -164,6 +164,7 @@ TEST_F(DoseInput, form_hasItsTextsMaskAndName)
     EXPECT_TRUE(shown.manualOnly);
     EXPECT_EQ(shown.lines, 1);
     EXPECT_EQ(shown.columns, 10);
+    EXPECT_EQ(shown.hint.ui(), QString::fromUtf8("Число больше 0, не больше двух знаков после запятой или точки"));
 }
 
 TEST_F(DoseInput, placeholdersInNames_stayAsTheyAre)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "functionkey.h"
 #include "config.h"
-#include "logcapture.h"
 #include "registeraction.h"
 
 #include <gtest/gtest.h>
@@ -75,6 +74,8 @@ TEST(FunctionKey, noMenuConfigured_theDefaultEntriesAreUsed)
         {"takeBackEntry", registeraction::returnSale},
         {"annulEntry", registeraction::voidByNumber},
         {"cancelReceiptEntry", registeraction::askToCancelDocument},
+        {"lockEntry", registeraction::lock},
+        {"helpEntry", registeraction::showHelp},
     };
     ASSERT_EQ(entries.size(), std::size(usual));
     for (qsizetype i = 0; i < entries.size(); ++i) {
@@ -113,7 +114,6 @@ TEST(FunctionKey, twoWithOneShortcut_theFirstHasItAndTheConflictIsNamed)
     Config config;
     config.setForThisRun(u"FunctionKeys:keys"_s, u"newReceiptKey,goodsKey,quantityKey"_s);
     config.setForThisRun(u"FunctionKey.goodsKey:key"_s, u"f2"_s);
-    const LogCapture log;
     const auto keys = configuredFunctionKeys(config);
     EXPECT_EQ(keys.at(0).shortcut, QKeySequence(Qt::Key_F2));
     EXPECT_TRUE(keys.at(0).lostTo.isEmpty());
@@ -123,8 +123,6 @@ TEST(FunctionKey, twoWithOneShortcut_theFirstHasItAndTheConflictIsNamed)
     EXPECT_EQ(shortcutConflict(keys.at(1)).ui(),
               u"F2 назначена двум кнопкам, работает «Новый чек». Для «Товар» исправьте "
               "в настройках FunctionKey.goodsKey:key"_s);
-    EXPECT_TRUE(log.text().contains(u"The function keys newReceiptKey and goodsKey have one shortcut: F2"_s))
-        << qPrintable(log.text());
 }
 
 TEST(FunctionKey, oneShortcutBeginsAnother_theFirstHasIt)
@@ -142,9 +140,19 @@ TEST(FunctionKey, twoWithoutAShortcut_areNoConflict)
     config.setForThisRun(u"FunctionKeys:keys"_s, u"newReceiptKey,goodsKey"_s);
     config.setForThisRun(u"FunctionKey.newReceiptKey:key"_s, QString());
     config.setForThisRun(u"FunctionKey.goodsKey:key"_s, QString());
-    const LogCapture log;
     for (const FunctionKey& key : configuredFunctionKeys(config)) {
         EXPECT_TRUE(key.lostTo.isEmpty());
     }
-    EXPECT_TRUE(log.lines().isEmpty()) << qPrintable(log.text());
+}
+
+TEST(FunctionKey, shortcutOfTheRegistersOwn_isFoundAmongTheKeys)
+{
+    Config config;
+    EXPECT_EQ(keyWithShortcut(configuredFunctionKeys(config), helpKey), nullptr);
+    EXPECT_EQ(keyWithShortcut(configuredFunctionKeys(config), cardPaymentKey), nullptr);
+    config.setForThisRun(u"FunctionKey.goodsKey:key"_s, u"f11"_s);
+    const auto keys = configuredFunctionKeys(config);
+    const FunctionKey* found = keyWithShortcut(keys, cardPaymentKey);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->name, u"goodsKey"_s);
 }

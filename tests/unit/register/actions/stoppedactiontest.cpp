@@ -93,7 +93,7 @@ TEST_F(StoppedActionTest, cancellationStoppedAtThePayment_positionsComeBackUnder
 TEST_F(StoppedActionTest, messageInTheStatusLine_fitsTheSmallestScreen)
 {
     answer(control::Subtotal, EContext::Stop);
-    applyRegisterStyle(*qApp, 600);
+    applyRegisterStyle(*qApp, {1024, 600});
     const Finally undressed([] { qApp->setStyleSheet(QString()); });
     openWindow();
     widget<StatusLine>("statusLine")->showPlugins(u"Модулей: 1"_s, {});

@@ -375,6 +375,23 @@ TEST_F(RegisterProgram, checkConfig_namesTheMistakesAndEndsWithStatusThree)
     EXPECT_TRUE(QDir(path("data")).isEmpty());
 }
 
+TEST_F(RegisterProgram, checkConfig_namesShortcutsThatTakeAnother)
+{
+    takeDisplayAway();
+    write("register.ini", "[FunctionKey.goodsKey]\nkey=F11\n[FunctionKey.quantityKey]\nkey=F1\n"
+                          "[FunctionKey.removeKey]\nkey=F6\n");
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3);
+    EXPECT_EQ(
+        output,
+        path("register.ini") +
+            u":6: FunctionKey.removeKey:key is the shortcut of «Подытог» as well, which comes first: choose another\n"_s +
+            path("register.ini") +
+            u":4: FunctionKey.quantityKey:key takes F1 from the help, which then opens in forms only: choose another\n"_s +
+            path("register.ini") +
+            u":2: FunctionKey.goodsKey:key takes F11 from the payment by card, which then has its button only: "
+            "choose another\n"_s);
+}
+
 TEST_F(RegisterProgram, checkConfigOfARightConfiguration_endsWithStatusZero)
 {
     takeDisplayAway();

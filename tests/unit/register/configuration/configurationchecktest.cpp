@@ -173,6 +173,7 @@ TEST_F(ConfigurationCheckTest, credentialOfSystemd_isRightWithTheMaskOfItsAccess
 TEST_F(ConfigurationCheckTest, demo_isRight)
 {
     ASSERT_TRUE(m_keys.load(QString::fromUtf8(PLUGIN_KEYS)));
+    ASSERT_TRUE(m_keys.load(QString::fromUtf8(TERMINAL_KEYS)));
     QFile demo(QString::fromUtf8(DEMO_CONFIGURATION));
     ASSERT_TRUE(demo.open(QIODevice::ReadOnly));
     EXPECT_EQ(findings(demo.readAll().replace("@REGISTRY_URL@", "http://127.0.0.1:8080")), QStringList());

@@ -168,6 +168,16 @@ TEST_F(DocumentListFormTest, returnKeyOnASuspendedDocument_resumesIt)
     EXPECT_EQ(QApplication::focusWidget(), widget<QWidget>("searchLineEdit"));
 }
 
+TEST_F(DocumentListFormTest, f6OnASuspendedDocument_resumesItAndTheButtonNamesTheKey)
+{
+    inList([this](QWidget&) {
+        EXPECT_EQ(button("takeUpButton")->text(), u"F6 Взять в работу"_s);
+        press(Qt::Key_F6);
+    });
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->document()->getNumber(), 5);
+}
+
 TEST_F(DocumentListFormTest, returnKeyOnASale_doesNothing)
 {
     inList([this](QWidget&) {

@@ -44,6 +44,16 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(form->rootWidget()));
         form->show();
     }
+    /// The form for goods of a name, as for an external document.
+    void openWanted(const QString& name)
+    {
+        form = std::make_unique<GoodsSelectionForm>(
+            GoodsSelectionParams{catalogue.goodsOf(name), {}, {}, {}, name.trimmed(), catalogue.goodsOf({})});
+        form->rootWidget()->resize(1024, 600);
+        form->rootWidget()->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form->rootWidget()));
+        form->show();
+    }
     template <typename T>
     T* widget(const char* name) const
     {
@@ -184,7 +194,7 @@ TEST_F(GoodsSelection, noGoodsAtAll_isShown)
     EXPECT_EQ(hint(), u"Нет товара для выбора. Вернитесь назад."_s);
 }
 
-TEST_F(GoodsSelection, goodsOutOfStock_areGreyAndCannotBeChosen)
+TEST_F(GoodsSelection, goodsOutOfStock_areGreyAndCanBeChosen)
 {
     CatalogueGoods gone;
     gone.name = u"Амоксидар, капсулы"_s;
@@ -204,8 +214,7 @@ TEST_F(GoodsSelection, goodsOutOfStock_areGreyAndCannotBeChosen)
     form = std::make_unique<GoodsSelectionForm>(GoodsSelectionParams{{gone}, {}, {}});
     form->rootWidget()->show();
     widget<QPushButton>("okButton")->click();
-    EXPECT_TRUE(answers().isEmpty());
-    EXPECT_EQ(hint(), u"Этого товара нет на остатке. Выберите другой."_s);
+    EXPECT_EQ(selected().goods.name, gone.name) << "the pack may be in the cashier's hand";
 }
 
 TEST_F(GoodsSelection, packsTyped_areAnswered)
@@ -216,13 +225,66 @@ TEST_F(GoodsSelection, packsTyped_areAnswered)
     EXPECT_EQ(selected().packs, 24);
 }
 
-TEST_F(GoodsSelection, morePacksThanInStock_saysSoAndStays)
+TEST_F(GoodsSelection, morePacksThanInStock_areAnswered)
 {
     open({}, {}, amoxidar);
     widget<TalloLineEdit>("quantityLineEdit")->setText(u"25"_s);
     press(Qt::Key_Return);
-    EXPECT_TRUE(answers().isEmpty());
-    EXPECT_TRUE(hint().startsWith(u"На остатке 24 уп., запрошено 25"_s));
+    EXPECT_EQ(selected().packs, 25);
+}
+
+TEST_F(GoodsSelection, noGoodsOfTheWantedName_namesItAndOffersAllByOneKeyWithAWarning)
+{
+    openWanted(u"Нет такого вещества"_s);
+    EXPECT_EQ(hint(), u"Нет товаров с МНН «Нет такого вещества». Можно показать все товары."_s);
+    EXPECT_EQ(widget<QPushButton>("allGoodsButton")->text(), u"F4 Все товары"_s);
+    EXPECT_TRUE(widget<QPushButton>("allGoodsButton")->isVisible());
+    EXPECT_FALSE(widget<QLabel>("allGoodsLabel")->isVisible());
+    press(Qt::Key_F4);
+    EXPECT_EQ(shownRows(), 60);
+    EXPECT_EQ(hint(), QString());
+    EXPECT_FALSE(widget<QPushButton>("allGoodsButton")->isVisible());
+    EXPECT_TRUE(widget<QLabel>("allGoodsLabel")->isVisible());
+    EXPECT_EQ(widget<QLabel>("allGoodsLabel")->text(),
+              u"Показаны все товары, не только с МНН «Нет такого вещества». Сверьте действующее вещество."_s);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"filterLineEdit"_s);
+}
+
+TEST_F(GoodsSelection, searchFindsNoneOfTheWantedName_allGoodsAreSearchedForTheSame)
+{
+    openWanted(u"Амоксициллин"_s);
+    EXPECT_FALSE(widget<QPushButton>("allGoodsButton")->isVisible()) << "there are some";
+    press(Qt::Key_F4);
+    EXPECT_EQ(shownRows(), 3) << "the key does nothing yet";
+    type(u"параделин"_s);
+    EXPECT_EQ(hint(), u"Среди товаров с МНН «Амоксициллин» нет «параделин». Измените поиск или покажите все товары."_s);
+    widget<QPushButton>("allGoodsButton")->click();
+    EXPECT_EQ(shownRows(), 1);
+    EXPECT_EQ(widget<TalloLineEdit>("filterLineEdit")->text(), u"параделин"_s);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(selected().goods.name.startsWith(u"Параделин"_s));
+}
+
+TEST_F(GoodsSelection, wantedNameSpelledOtherwise_isTheSame)
+{
+    for (const QString& name : {u"АМОКСИЦИЛЛИН"_s, u" амоксициллин "_s}) {
+        openWanted(name);
+        EXPECT_EQ(shownRows(), 3) << qPrintable(name);
+    }
+}
+
+TEST_F(GoodsSelection, layoutWithoutTheOfferOfAllGoods_worksWithoutIt)
+{
+    QFile own(u":/layouts/goodsselection.ui"_s);
+    ASSERT_TRUE(own.open(QIODevice::ReadOnly));
+    QFile former(folder.filePath(u"goodsselection.ui"_s));
+    ASSERT_TRUE(former.open(QIODevice::WriteOnly));
+    former.write(own.readAll().replace("allGoodsButton", "other").replace("allGoodsLabel", "another"));
+    former.close();
+    config.set(u"GUI:layouts"_s, folder.path());
+    openWanted(u"Нет такого вещества"_s);
+    EXPECT_EQ(shownRows(), 0);
+    EXPECT_FALSE(hint().isEmpty());
 }
 
 TEST_F(GoodsSelection, packsEmpty_asksForThem)

@@ -58,6 +58,8 @@ TEST_F(MenuTest, noDocument_entriesThatNeedOneSaySo)
             {"takeBackEntry", "3. Возврат продажи", true},
             {"annulEntry", "4. Аннулировать по номеру", true},
             {"cancelReceiptEntry", "5. Отменить чек — чек не открыт", false},
+            {"lockEntry", "6. Заблокировать кассу", true},
+            {"helpEntry", "7. Справка", true},
         };
         for (const auto& [name, text, enabled] : entries) {
             ASSERT_TRUE(entry(menu, name)) << name;
@@ -74,7 +76,7 @@ TEST_F(MenuTest, shown_everyControlHasItsTextAsAccessibleName)
     openWindow();
     inMenu([](QWidget& menu) {
         const auto buttons = menu.findChildren<QPushButton*>();
-        EXPECT_EQ(buttons.size(), 6) << "five entries and the way back";
+        EXPECT_EQ(buttons.size(), 8) << "seven entries and the way back";
         for (const auto* button : buttons) {
             EXPECT_FALSE(button->accessibleName().isEmpty()) << button->objectName().toStdString();
             EXPECT_EQ(button->accessibleName(), button->text());
@@ -279,4 +281,31 @@ TEST_F(MenuTest, nineEntries_fitTheSmallestScreenInTouchMode)
         press(Qt::Key_Escape);
     });
     EXPECT_TRUE(fits);
+}
+
+TEST_F(MenuTest, lockChosen_theScreenIsLockedUntilTheCode)
+{
+    menuCommands = std::make_unique<MenuCommands>(*till, configuredMenuEntries(*Singleton<Config>::get()));
+    menuCommands->offer(controller.object);
+    WindowFixture::openWindow(u"1234"_s);
+    inMenu([this](QWidget& menu) { QTest::mouseClick(entry(menu, "lockEntry"), Qt::LeftButton); });
+    ASSERT_TRUE(isSeen("lockScreen"));
+    QTest::keyClicks(QApplication::focusWidget(), u"1234"_s);
+    press(Qt::Key_Return);
+    EXPECT_FALSE(isSeen("lockScreen"));
+}
+
+TEST_F(MenuTest, helpChosen_theKeysOfTheSalesScreenAreShown)
+{
+    openWindow();
+    bool isShown = false;
+    cashier.onForm(u"menuForm"_s, [](QWidget& menu) { QTest::mouseClick(entry(menu, "helpEntry"), Qt::LeftButton); });
+    cashier.onForm(u"helpForm"_s, [&isShown](QWidget& help) {
+        isShown = true;
+        help.findChild<QPushButton*>(u"okButton"_s)->click();
+    });
+    press(Qt::Key_F10);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_TRUE(isShown);
 }

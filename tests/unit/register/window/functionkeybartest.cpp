@@ -27,9 +27,13 @@ protected:
         config.set(u"FunctionKey.foreignKey:text"_s, u"Электронный рецепт"_s);
         config.set(u"FunctionKey.foreignKey:key"_s, u"F5"_s);
         config.set(u"FunctionKey.foreignKey:action"_s, u"94"_s);
-        applyRegisterStyle(*qApp, size.height());
+        applyRegisterStyle(*qApp, size);
     }
-    ~FunctionKeyBarTest() override { qApp->setStyleSheet(QString()); }
+    ~FunctionKeyBarTest() override
+    {
+        applyRegisterStyle(*qApp, {1024, 600}); // the scale of the other tests
+        qApp->setStyleSheet(QString());
+    }
 
     static int width() { return std::get<0>(GetParam()).width() - 2 * 16; }
     static bool isTouch() { return std::get<1>(GetParam()); }
@@ -91,8 +95,7 @@ TEST_P(FunctionKeyBarTest, moreKeysThanFitIntoARow_areInTwoRowsOfSimilarLength)
         config.set(u"FunctionKey.%1:text"_s.arg(QLatin1StringView(key)), u"Подбор товара по веществу и цене"_s);
     }
     FunctionKeyBar bar(configuredFunctionKeys(*Singleton<Config>::get()));
-    bar.resize(992, bar.heightForWidth(992));
-    bar.show();
+    show(bar);
     expectRoomForAll(bar);
     EXPECT_GE(tops(bar).size(), 2U);
     EXPECT_LE(tops(bar).size(), 3U);

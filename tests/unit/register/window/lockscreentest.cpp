@@ -21,7 +21,7 @@ class LockScreenTest : public ::testing::Test
 protected:
     LockScreenTest()
     {
-        applyRegisterStyle(*qApp, 600);
+        applyRegisterStyle(*qApp, {1024, 600});
         window.resize(1024, 600);
         window.show();
     }

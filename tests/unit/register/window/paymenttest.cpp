@@ -205,14 +205,14 @@ TEST_F(PaymentTest, sumAndChange_growWithTheWindow)
 {
     const Finally undressed([] { qApp->setStyleSheet(QString()); });
     openWindow();
-    for (const int height : {600, 1080}) {
-        applyRegisterStyle(*qApp, height);
+    for (const QSize size : {QSize(1920, 1080), QSize(1024, 600)}) { // the last one is the scale of the other tests
+        applyRegisterStyle(*qApp, size);
         const std::pair<const char*, int> sizes[] = {
             {"receiptNumberLabel", 4}, {"totalLabel", 16}, {"paymentSumLabel", 16}, {"changeLabel", 8}};
         for (const auto& [label, above] : sizes) {
             widget<QLabel>(label)->ensurePolished();
-            EXPECT_EQ(widget<QLabel>(label)->font().pointSize(), registerTextSize(height) + above)
-                << label << " at " << height;
+            EXPECT_EQ(widget<QLabel>(label)->font().pointSize(), registerTextSize(size) + above)
+                << label << " at " << size.width();
         }
     }
 }
@@ -518,6 +518,19 @@ TEST_F(PaymentTest, returnOnTheCardButton_paysByCard)
     widget<QPushButton>("cardButton")->setFocus();
     pressAndFinish(Qt::Key_Return);
     EXPECT_EQ(terminal->taken(), 1240);
+}
+
+TEST_F(PaymentTest, functionKeyWithTheCardsShortcut_winsAndTheCardHasItsButtonOnly)
+{
+    ConnectedTerminal terminal;
+    config.set(u"FunctionKey.cancelReceiptKey:key"_s, u"F11"_s);
+    openWindow();
+    EXPECT_EQ(widget<QPushButton>("cardButton")->text(), u"Картой"_s);
+    EXPECT_FALSE(text("paymentHintLabel").contains(u"F11"_s));
+    cashier.onForm(u"questionForm"_s, [](QWidget& root) { root.findChild<QPushButton*>(u"yesButton"_s)->click(); });
+    pressAndFinish(Qt::Key_F11);
+    EXPECT_EQ(terminal->count("pay"), 0);
+    EXPECT_FALSE(till->document()) << "it was cancelled";
 }
 
 TEST_F(PaymentTest, heldCardKey_asksTheTerminalOnce)

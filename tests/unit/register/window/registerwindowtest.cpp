@@ -11,6 +11,7 @@
 #include <QSignalSpy>
 #include <QTableView>
 #include <QTest>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -403,4 +404,20 @@ TEST_F(WindowTest, typedWhileAFunctionKeyHasTheFocus_goesToTheSearch)
     }
     EXPECT_EQ(widget<QLineEdit>("searchLineEdit")->text(), u"29900"_s);
     EXPECT_EQ(QApplication::focusWidget(), widget<QLineEdit>("searchLineEdit"));
+}
+
+TEST_F(WindowTest, cutOffNameTappedInTouchMode_isShownWhole)
+{
+    config.set(u"GUI:touchMode"_s, u"true"_s);
+    openWindow();
+    SelectedGoods goods = article(amoxidar);
+    goods.goods.name = u"Ацетилсалициловая кислота + магния гидроксид, таблетки "_s.repeated(3);
+    till->add(goods);
+    QApplication::processEvents();
+    const auto* table = widget<QTableView>("receiptTable");
+    const QPoint place = table->visualRect(table->model()->index(0, 1)).center();
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, table->viewport()->mapTo(window.get(), place));
+    EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text().contains(u"магния гидроксид, таблетки Ацетил"_s); }))
+        << qPrintable(QToolTip::text());
+    QToolTip::hideText();
 }

@@ -29,9 +29,13 @@ protected:
         }
         names.append(u"paymentKey"_s);
         config.set(u"FunctionKeys:keys"_s, names.join(u','));
-        applyRegisterStyle(*qApp, size.height());
+        applyRegisterStyle(*qApp, size);
     }
-    ~WindowLayout() override { qApp->setStyleSheet({}); }
+    ~WindowLayout() override
+    {
+        applyRegisterStyle(*qApp, {1024, 600}); // the scale of the other tests
+        qApp->setStyleSheet({});
+    }
 
     void openSized()
     {

@@ -99,7 +99,7 @@ TEST_F(MessageFormTest, tenThousandCharacters_scrollWithinTheSmallestScreen)
 {
     for (const bool touch : {false, true}) {
         config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
-        applyRegisterStyle(*qApp, 600);
+        applyRegisterStyle(*qApp, {1024, 600});
         for (const QString& endless : {QString(10000, u'Ж'), u"слово "_s.repeated(1700)}) {
             show({"testText", endless}, Dialog::Error, [&](QWidget& form) {
                 EXPECT_LE(form.width(), 1024);
@@ -128,7 +128,7 @@ TEST_F(MessageFormTest, textHigherThanItsRoom_keysScrollItWhileTheButtonHasTheFo
 
 TEST_F(MessageFormTest, shortText_isWholeWithoutScrolling)
 {
-    applyRegisterStyle(*qApp, 600);
+    applyRegisterStyle(*qApp, {1024, 600});
     show({"testText", "Реестр рецептов не отвечает.\nПроверьте связь и повторите команду."}, Dialog::Error,
          [&](QWidget& form) {
              const auto* area = form.findChild<QScrollArea*>();

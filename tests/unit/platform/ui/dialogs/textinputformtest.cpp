@@ -320,7 +320,7 @@ TEST_F(TextInputFormTest, promptOfAnyLength_fitsTheSmallestScreenInBothModes)
     params.message = {"testMessage", QString(10000, u'Ж')};
     for (const bool touch : {false, true}) {
         config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
-        applyRegisterStyle(*qApp, 600);
+        applyRegisterStyle(*qApp, {1024, 600});
         show([&] {
             EXPECT_LE(root()->width(), 1024);
             EXPECT_LE(root()->height(), 600);
@@ -329,6 +329,66 @@ TEST_F(TextInputFormTest, promptOfAnyLength_fitsTheSmallestScreenInBothModes)
         });
     }
     qApp->setStyleSheet({});
+}
+
+TEST_F(TextInputFormTest, hint_isSeenBeforeAndAfterARefusalAndFillsNothingIn)
+{
+    params.mask = uR"(\d{1,9}(\.)\d{0,2}|\d{1,9})"_s;
+    params.numeric = true;
+    params.columns = 10;
+    params.hint = {"testHint", u"Число больше 0"_s};
+    show([&] {
+        EXPECT_EQ(label("hintLabel")->text(), u"Число больше 0"_s);
+        EXPECT_TRUE(label("hintLabel")->isVisible());
+        EXPECT_TRUE(field()->accessibleDescription().contains(u"Число больше 0"_s));
+        EXPECT_EQ(field()->text(), QString());
+        QTest::keyClicks(field(), "1.234");
+        QTest::keyClick(field(), Qt::Key_Return);
+        EXPECT_TRUE(label("scanErrorLabel")->isVisible());
+        EXPECT_TRUE(label("hintLabel")->isVisible());
+        EXPECT_EQ(label("hintLabel")->text(), u"Число больше 0"_s);
+        EXPECT_EQ(field()->text(), u"1.234"_s);
+    });
+}
+
+TEST_F(TextInputFormTest, noHint_theFieldHasItsRoom)
+{
+    show([&] {
+        EXPECT_FALSE(label("hintLabel")->isVisible());
+        EXPECT_EQ(field()->width(), root()->width() - 2 * field()->x());
+    });
+}
+
+TEST_F(TextInputFormTest, longHintAndProblem_fitTheSmallestScreenInBothModes)
+{
+    params.message = {"testMessage", u"Введите количество отпущенных доз по рецепту на\n'Эналаприл / Эналакор'\n"
+                                     "(выписано 30.00/отпущено ранее 0.00)"_s};
+    params.numeric = true;
+    params.mask = u"\\d+"_s;
+    params.columns = 10;
+    params.hint = {"testHint", u"Число больше 0, не больше двух знаков после запятой или точки"_s};
+    for (const bool touch : {false, true}) {
+        config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
+        applyRegisterStyle(*qApp, {1024, 600});
+        show([&] {
+            QTest::keyClicks(field(), "x");
+            QTest::keyClick(field(), Qt::Key_Return);
+            QApplication::processEvents();
+            EXPECT_LE(root()->sizeHint().height(), 600 - 2 * 16) << touch;
+            EXPECT_GE(label("hintLabel")->height(), label("hintLabel")->heightForWidth(label("hintLabel")->width()));
+        });
+    }
+    qApp->setStyleSheet({});
+}
+
+TEST_F(TextInputFormTest, help_namesTheKeys)
+{
+    show([&] {
+        ASSERT_EQ(form->help().keys.size(), 2);
+        EXPECT_EQ(form->help().keys.at(0).key, u"Ввод"_s);
+        EXPECT_EQ(form->help().keys.at(1).key, u"Esc"_s);
+        EXPECT_FALSE(form->help().next.ui().isEmpty());
+    });
 }
 
 /// A window of that size that shows forms as the register's window does.
@@ -377,13 +437,14 @@ TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWholeOnEveryScreenInBothMod
         for (const QSize size : {QSize(1024, 600), QSize(1280, 800), QSize(1920, 1080)}) {
             for (const bool touch : {false, true}) {
                 config.setForThisRun("GUI:touchMode", touch ? "true" : "false");
-                applyRegisterStyle(*qApp, size.height());
+                applyRegisterStyle(*qApp, size);
                 Window window(size);
                 gui.host().stage = &window;
                 show([&] {
                     const auto* area = root()->findChild<QScrollArea*>();
                     const auto* text = label("messageLabel");
-                    EXPECT_EQ(area->viewport()->height(), prompt.lines * text->fontMetrics().height()) << size.width();
+                    EXPECT_EQ(area->viewport()->height() / text->fontMetrics().height(), prompt.lines) << size.width();
+                    EXPECT_EQ(area->viewport()->height(), text->heightForWidth(text->width())) << size.width();
                     EXPECT_EQ(text->height(), area->viewport()->height()) << size.width();
                     EXPECT_FALSE(area->verticalScrollBar()->isVisible()) << size.width();
                 });
@@ -391,6 +452,7 @@ TEST_F(TextInputFormTest, promptOfThreeOrFourLines_isWholeOnEveryScreenInBothMod
             }
         }
     }
+    applyRegisterStyle(*qApp, {1024, 600}); // the scale of the other tests
     qApp->setStyleSheet({});
 }
 

@@ -5,6 +5,7 @@
 #include "tallotableview.h"
 #include "uitest.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -17,7 +18,11 @@ namespace
 class RegisterStyleTest : public UiTest
 {
 protected:
-    ~RegisterStyleTest() override { qApp->setStyleSheet({}); }
+    ~RegisterStyleTest() override
+    {
+        applyRegisterStyle(*qApp, {1024, 600}); // the scale of the other tests
+        qApp->setStyleSheet({});
+    }
 };
 
 TEST_F(RegisterStyleTest, everyTextOnItsGround_hasAContrastOfFourAndAHalf)
@@ -38,7 +43,7 @@ TEST_F(RegisterStyleTest, focusRings_standOutFromWhatTheySurround)
 
 TEST_F(RegisterStyleTest, placeholder_isAsReadableAsAHint)
 {
-    applyRegisterStyle(*qApp, 600);
+    applyRegisterStyle(*qApp, {1024, 600});
     TalloLineEdit edit;
     edit.ensurePolished();
     EXPECT_EQ(edit.palette().color(QPalette::PlaceholderText), RegisterColours().mutedText);
@@ -78,10 +83,10 @@ TEST_F(RegisterStyleTest, styleSheet_hasEveryColourFilledIn)
 
 TEST_F(RegisterStyleTest, noTypeIsSmallerThanElevenPoints)
 {
-    applyRegisterStyle(*qApp, 600);
+    applyRegisterStyle(*qApp, {1024, 600});
     EXPECT_GE(qApp->font().pointSize(), 11);
     static const QRegularExpression size("font-size: *(\\d+)pt");
-    auto match = size.globalMatch(registerStyleSheet(true, registerTextSize(600)));
+    auto match = size.globalMatch(registerStyleSheet(true, registerTextSize({1024, 600})));
     ASSERT_TRUE(match.hasNext());
     while (match.hasNext()) {
         EXPECT_GE(match.next().captured(1).toInt(), 11);
@@ -90,25 +95,43 @@ TEST_F(RegisterStyleTest, noTypeIsSmallerThanElevenPoints)
 
 TEST_F(RegisterStyleTest, typeGrowsWithTheWindow_headingsToo)
 {
-    const std::tuple<int, int, QString> sizes[] = {{600, 11, "15pt"}, {800, 12, "16pt"}, {1080, 13, "17pt"}};
-    for (const auto& [height, text, title] : sizes) {
-        applyRegisterStyle(*qApp, height);
-        EXPECT_EQ(qApp->font().pointSize(), text) << height;
-        EXPECT_TRUE(qApp->styleSheet().contains("QLabel#titleLabel { font-size: " + title)) << height;
+    const std::tuple<QSize, int, QString> sizes[] = {
+        {{1024, 600}, 11, "15pt"}, {{1280, 800}, 13, "17pt"}, {{1920, 1080}, 17, "21pt"}, {{3840, 2160}, 24, "28pt"}};
+    for (const auto& [window, text, title] : sizes) {
+        applyRegisterStyle(*qApp, window);
+        EXPECT_EQ(qApp->font().pointSize(), text) << window.width();
+        EXPECT_TRUE(qApp->styleSheet().contains("QLabel#titleLabel { font-size: " + title)) << window.width();
     }
+}
+
+TEST_F(RegisterStyleTest, windowHighButNarrow_typeIsThatOfItsWidth)
+{
+    EXPECT_EQ(registerTextSize({1024, 1080}), 11);
+    EXPECT_EQ(registerTextSize({1920, 600}), 11);
+    EXPECT_EQ(registerTextSize({640, 480}), 11);
+}
+
+TEST_F(RegisterStyleTest, lengths_growWithTheType)
+{
+    applyRegisterStyle(*qApp, {1920, 1080});
+    EXPECT_EQ(scaledPixels(110), 170);
+    TalloTableView table;
+    EXPECT_EQ(table.verticalHeader()->defaultSectionSize(), scaledPixels(32));
+    applyRegisterStyle(*qApp, {1024, 600});
+    EXPECT_EQ(scaledPixels(110), 110);
 }
 
 TEST_F(RegisterStyleTest, largerType_isAsMuchLargerThanTheTextInEveryWindow)
 {
     const std::tuple<const char*, const char*, int> sizes[] = {
         {"textSize", "title", 4}, {"textSize", "amount", 8}, {"textSize", "sum", 16}, {"textRole", "done", 4}};
-    for (const int height : {600, 800, 1080}) {
-        applyRegisterStyle(*qApp, height);
+    for (const QSize window : {QSize(1024, 600), QSize(1280, 800), QSize(1920, 1080)}) {
+        applyRegisterStyle(*qApp, window);
         for (const auto& [property, value, above] : sizes) {
             QLabel label;
             label.setProperty(property, QString(value));
             label.ensurePolished();
-            EXPECT_EQ(label.font().pointSize(), registerTextSize(height) + above) << value << " at " << height;
+            EXPECT_EQ(label.font().pointSize(), registerTextSize(window) + above) << value << " at " << window.width();
             EXPECT_GE(label.font().weight(), QFont::DemiBold) << value;
         }
     }
@@ -116,7 +139,7 @@ TEST_F(RegisterStyleTest, largerType_isAsMuchLargerThanTheTextInEveryWindow)
 
 TEST_F(RegisterStyleTest, stylePropertySet_styleSheetIsAppliedAgain)
 {
-    applyRegisterStyle(*qApp, 600);
+    applyRegisterStyle(*qApp, {1024, 600});
     QLabel label("Код не подходит");
     label.ensurePolished();
     ASSERT_NE(label.palette().color(QPalette::WindowText), RegisterColours().error);
@@ -127,7 +150,7 @@ TEST_F(RegisterStyleTest, stylePropertySet_styleSheetIsAppliedAgain)
 TEST_F(RegisterStyleTest, inTouchMode_targetsAreForFingers)
 {
     setTouchMode();
-    applyRegisterStyle(*qApp, 600);
+    applyRegisterStyle(*qApp, {1024, 600});
     QPushButton button("ОК");
     TalloLineEdit edit;
     for (QWidget* target : {static_cast<QWidget*>(&button), static_cast<QWidget*>(&edit)}) {
@@ -139,7 +162,7 @@ TEST_F(RegisterStyleTest, inTouchMode_targetsAreForFingers)
 
 TEST_F(RegisterStyleTest, focusedControls_lookDifferent)
 {
-    applyRegisterStyle(*qApp, 600);
+    applyRegisterStyle(*qApp, {1024, 600});
     QWidget window;
     QPushButton plain("Отмена", &window);
     QPushButton primary("ОК", &window);

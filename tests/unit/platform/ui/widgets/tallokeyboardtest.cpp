@@ -232,7 +232,7 @@ TEST_F(TalloKeyboardTest, keys_haveNamesForScreenReadersAndTakeNoFocus)
 TEST_F(TalloKeyboardTest, keys_areForFingersInEveryLayoutAndStyle)
 {
     setTouchMode();
-    applyRegisterStyle(*qApp, 600);
+    applyRegisterStyle(*qApp, {1024, 600});
     for (const QString layout : {"ru", "en", "digits"}) {
         keyboard.setKeyboardLayouts(layout);
         QCoreApplication::processEvents();

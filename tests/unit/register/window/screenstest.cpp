@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+// Every screen of the register as a cashier sees it: nothing is cut off, every text can be read, and in touch mode
+// every target can be hit.
+#include "askform.h"
+#include "dialog.h"
+#include "finally.h"
+#include "goodsselectionparams.h"
+#include "helpform.h"
+#include "looks.h"
+#include "menuparams.h"
+#include "notice.h"
+#include "question.h"
+#include "registeraction.h"
+#include "registerstyle.h"
+#include "screenhelp.h"
+#include "storeddocumentcommands.h"
+#include "terminaldouble.h"
+#include "windowfixture.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class Screens : public WindowFixture, public ::testing::WithParamInterface<std::tuple<QSize, bool>>
+{
+protected:
+    Screens()
+    {
+        const auto& [size, touch] = GetParam();
+        config.set(u"GUI:touchMode"_s, touch ? u"true"_s : u"false"_s);
+        applyRegisterStyle(*qApp, size);
+        documentCommands.offer(controller.object);
+        till->add(article(amoxidar));
+        till->add(article(u"2990000000026"_s));
+        EXPECT_TRUE(till->close({Payment::cash(till->document()->getSum())}));
+        till->add(article(amoxidar));
+        EXPECT_TRUE(till->suspend());
+    }
+    ~Screens() override
+    {
+        applyRegisterStyle(*qApp, {1024, 600}); // the scale of the other tests
+        qApp->setStyleSheet({});
+    }
+
+    void openSized()
+    {
+        openWindow(u"1234"_s);
+        window->resize(std::get<QSize>(GetParam()));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return window->size() == std::get<QSize>(GetParam()); }));
+    }
+    static void expectGood(const QWidget& screen, const char* name)
+    {
+        QApplication::processEvents();
+        EXPECT_EQ(looks::cutOff(screen).join(u", "_s).toStdString(), "") << name;
+        EXPECT_EQ(looks::faint(screen).join(u", "_s).toStdString(), "") << name;
+        if (std::get<bool>(GetParam())) {
+            EXPECT_EQ(looks::hardToHit(screen).join(u", "_s).toStdString(), "") << name;
+        }
+    }
+    /// Looks at the form that `show` opens, after `act`, and closes it.
+    void expectGoodForm(
+        const char* name, const std::function<void()>& show, const Cashier::Act& act = [](QWidget&) {})
+    {
+        cashier.onForm(QString::fromLatin1(name), [&, this](QWidget& root) {
+            act(root);
+            expectGood(root, name);
+            EXPECT_TRUE(window->rect().contains(QRect(root.mapTo(window.get(), QPoint()), root.size()))) << name;
+            gui.object.cancelForms();
+        });
+        show();
+        EXPECT_TRUE(cashier.isDone()) << name;
+    }
+
+    ReceiptPrinter printer{folder.path(), marks};
+    StoredDocumentCommands documentCommands{*till, printer, marks};
+};
+
+TEST_P(Screens, saleFromItsBeginningToThePayment_isReadable)
+{
+    openSized();
+    expectGood(*window, "idle");
+    SelectedGoods goods = article(amoxidar);
+    goods.goods.name = u"Ацетилсалициловая кислота + магния гидроксид, таблетки кишечнорастворимые 150 мг №100"_s;
+    till->add(goods);
+    expectGood(*window, "positions");
+    till->setPhase(Till::Phase::Subtotal);
+    expectGood(*window, "subtotal");
+    till->setPhase(Till::Phase::Payment);
+    widget<QLineEdit>("receivedLineEdit")->setText(u"5"_s);
+    expectGood(*window, "payment");
+    window->lock();
+    expectGood(*widget<QWidget>("lockScreen"), "lock");
+}
+
+TEST_P(Screens, paymentByCard_isReadable)
+{
+    const ConnectedTerminal terminal;
+    openSized();
+    till->add(article(amoxidar));
+    till->setPhase(Till::Phase::Payment);
+    expectGood(*window, "payment with a terminal");
+}
+
+TEST_P(Screens, goodsSelection_isReadableWithAndWithoutGoods)
+{
+    openSized();
+    const GoodsList all = catalogue.goodsOf({});
+    const auto show = [](const GoodsSelectionParams& params) { askForm(GoodsSelectionParams::eventCode, params); };
+    expectGoodForm("goodsSelectionForm", [&] { show({all, {}, {}}); });
+    const GoodsSelectionParams wanted{
+        catalogue.goodsOf(u"Нет"_s), u"Нет / Нету / 30"_s, {}, {}, u"Ацетилсалициловая кислота"_s, all};
+    expectGoodForm("goodsSelectionForm", [&] { show(wanted); });
+    expectGoodForm(
+        "goodsSelectionForm", [&] { show(wanted); },
+        [](QWidget& root) { root.findChild<QPushButton*>(u"allGoodsButton"_s)->click(); });
+}
+
+TEST_P(Screens, documentsAndReturn_areReadable)
+{
+    openSized();
+    expectGoodForm("documentListForm", [this] {
+        control::Action action(registeraction::showDocuments);
+        controller.object.execute(action);
+    });
+    expectGoodForm("returnForm", [this] {
+        control::Action action(registeraction::returnSale);
+        action.insert(u"number"_s, 1);
+        controller.object.execute(action);
+    });
+}
+
+TEST_P(Screens, dialogs_areReadable)
+{
+    openSized();
+    MenuParams menu;
+    for (const FunctionKey& entry : configuredMenuEntries(*Singleton<Config>::get())) {
+        menu.entries.append({entry, {}});
+    }
+    expectGoodForm("menuForm", [&] { askForm(MenuParams::eventCode, menu); });
+    const Question question{
+        {u"t"_s, u"Отменить чек?"_s}, {u"q"_s, u"Чек будет отменён."_s}, {u"y"_s, u"Отменить"_s}, {u"n"_s, u"Нет"_s}};
+    expectGoodForm("questionForm", [&] { question.ask(); });
+    expectGoodForm("messageForm", [] { showNotice({u"m"_s, u"Готово"_s}); });
+    for (const char* screen : {"payment", "documentListForm", "goodsSelectionForm", "returnForm", "another"}) {
+        expectGoodForm("helpForm", [screen] {
+            askForm(HelpParams::eventCode, HelpParams{u"Экран"_s, screenHelp(QString::fromLatin1(screen))});
+        });
+    }
+}
+
+TEST_P(Screens, inputRefused_hintAndReasonAreReadable)
+{
+    openSized();
+    TextInputParams params;
+    params.title = {u"t"_s, u"Ввод количества отпущенных доз"_s};
+    params.message = {u"m"_s, u"Введите количество отпущенных доз по рецепту на\n'Эналаприл / Эналакор'\n"
+                              "(выписано 30.00/отпущено ранее 0.00)"_s};
+    params.hint = {u"h"_s, u"Число больше 0, не больше двух знаков после запятой или точки"_s};
+    params.mask = u"\\d+"_s;
+    params.numeric = true;
+    params.columns = 10;
+    expectGoodForm(
+        "textInputForm", [&] { Dialog::create()->showTextInput(params); },
+        [](QWidget& root) { root.findChild<QPushButton*>(u"okButton"_s)->click(); });
+}
+
+INSTANTIATE_TEST_SUITE_P(, Screens,
+                         ::testing::Combine(::testing::Values(QSize(1024, 600), QSize(1280, 800), QSize(1920, 1080)),
+                                            ::testing::Bool()),
+                         [](const auto& instance) {
+                             return std::to_string(std::get<QSize>(instance.param).width()) +
+                                    (std::get<bool>(instance.param) ? "touch" : "keys");
+                         });
