@@ -138,7 +138,7 @@ TEST_F(CardPayments, powerCutWhileTheTerminalWorks_moneyIsFoundAndTakenOnce)
 
     configure(u"DemoCardTerminal:seconds"_s, u"0"_s);
     expectPlayed(playWithTerminal(
-        {R"({"contains": "оплата картой 12,40 прошла", "in": "messageLabel"})", readsAndGoesOn,
+        {R"({"contains": "оплата картой 12,40 BYN прошла", "in": "messageLabel"})", readsAndGoesOn,
          R"({"key": "F12"}, {"expect": "0,00", "in": "paymentSumLabel"}, {"key": "Return"})", cashier::isIdle}));
     EXPECT_EQ(taken(), 1240);
     EXPECT_EQ(operations(finished(1)), QStringList(u"payment approved"_s));

@@ -56,7 +56,7 @@ TEST_F(Selling, twoPrescriptionsByKeyboardAlone_areRegisteredPaidAndPrinted)
     EXPECT_EQ(registry.statusOf("rx-2002"), "active");
 
     EXPECT_THAT(printed(1), HasSubstr("ЧЕК № 1"));
-    EXPECT_THAT(printed(1), HasSubstr("Льгота всего −13,41 ИТОГО, BYN 1,95"));
+    EXPECT_THAT(printed(1), HasSubstr("Сумма без льготы 19,52 Льгота всего −17,57 ИТОГО, BYN 1,95"));
     EXPECT_THAT(printed(1), HasSubstr("Получено наличными 5,00"));
     EXPECT_THAT(printed(1), HasSubstr("Сдача 3,05"));
     EXPECT_THAT(printed(1), HasSubstr("Сумма без льготы 14,90"));

@@ -239,7 +239,7 @@ void Soak::expectCash(const Plan& plan) const
         }
         const qint64 sum = soak::hundredths(saved["sum"]);
         inTheDrawer += saved["type"].toInt() == 1 ? sum : -sum;
-        const QString onPaper = u"ИТОГО %1,%2"_s.arg(sum / 100).arg(sum % 100, 2, 10, QChar(u'0'));
+        const QString onPaper = u"ИТОГО, BYN %1,%2"_s.arg(sum / 100).arg(sum % 100, 2, 10, QChar(u'0'));
         EXPECT_NE(printed(visit.document).find(onPaper.toStdString()), std::string::npos)
             << "document " << visit.document << ": " << qPrintable(onPaper);
         EXPECT_EQ(sum, std::abs(visit.total)) << "document " << visit.document;

@@ -102,9 +102,11 @@ TEST_P(WindowLayout, greatAmounts_areWholeAtThePayment)
             expectWhole(*label);
             EXPECT_GE(label->width(), label->sizeHint().width()) << name;
         }
-        const int room = received->contentsRect().width() - 2 * 8; // its padding
+        const int room = received->width() - 2 * (8 + 1); // without padding and border
         const QString shown = typed.isEmpty() ? received->placeholderText() : typed;
         EXPECT_GE(room, received->fontMetrics().horizontalAdvance(shown)) << qPrintable(shown);
+        EXPECT_GE(received->height() - 2 * (5 + 1), received->fontMetrics().height());
+        expectWhole(*received);
     }
     EXPECT_EQ(received->fontInfo().pixelSize(), widget<QLabel>("paymentSumLabel")->fontInfo().pixelSize());
 }
