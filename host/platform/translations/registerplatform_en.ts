@@ -88,9 +88,17 @@ Free some disk space or check access to the folder, then try again.</translation
         <source>Сервер %1 слишком много раз отослал запрос на другой адрес. Обратитесь к администратору.</source>
         <translation>Server %1 sent the request on to another address too many times. Call the administrator.</translation>
     </message>
+    <message id="restClientStopped">
+        <source>Запрос прекращён кассиром. На сервере %1 ничего не изменено, запрос можно повторить.</source>
+        <translation>The cashier stopped the request. Nothing was changed on server %1; the request can be sent again.</translation>
+    </message>
     <message id="restClientTimedOutUncertain">
         <source>Сервер %1 не ответил вовремя. Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен ли он.</source>
         <translation>Server %1 did not answer in time. The request may have been carried out: check before you try again.</translation>
+    </message>
+    <message id="restClientStoppedUncertain">
+        <source>Кассир не стал ждать ответа сервера %1. Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен ли он.</source>
+        <translation>The cashier did not wait for the answer of server %1. The request may have been carried out: check before you try again.</translation>
     </message>
     <message id="restClientConnectionLostUncertain">
         <source>Связь с сервером %1 прервалась до конца ответа. Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен ли он.</source>
