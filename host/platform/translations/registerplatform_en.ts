@@ -188,6 +188,14 @@ Check the folders of layouts in the register’s settings</translation>
         <source>Сообщение</source>
         <translation>Notice</translation>
     </message>
+    <message id="messageFormErrorWithoutText">
+        <source>Произошла ошибка, её причина не названа. Повторите действие. Если ошибка повторится, обратитесь к администратору.</source>
+        <translation>An error occurred; its cause was not named. Try again. If it happens again, call the administrator.</translation>
+    </message>
+    <message id="messageFormNoticeWithoutText">
+        <source>Пришло сообщение без текста. Можно работать дальше.</source>
+        <translation>A message without a text has come. You can go on working.</translation>
+    </message>
     <message id="messageFormText">
         <source>Текст сообщения</source>
         <translation>Message text</translation>
