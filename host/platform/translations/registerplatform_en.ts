@@ -252,6 +252,10 @@ Check the folders of layouts in the register’s settings</translation>
         <source>Введено неверно, исправьте значение</source>
         <translation>This is not valid, correct it</translation>
     </message>
+    <message id="inputTextFormEmpty">
+        <source>Поле пустое. Введите или отсканируйте значение</source>
+        <translation>The field is empty. Type or scan a value</translation>
+    </message>
     <message id="databaseErrorWithoutReason">
         <source>причина не названа</source>
         <translation>no reason was given</translation>

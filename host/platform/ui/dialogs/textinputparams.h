@@ -21,6 +21,7 @@ struct REGISTERPLATFORM_EXPORT TextInputParams {
     bool manualOnly = false; ///< a scan is refused, in the register's own words: the value has to be typed
     int lines = 1;           ///< height of the field, in lines
     int columns = 0;         ///< width of the field, in characters; 0: all the room
+    bool required = false;   ///< OK in an empty field, or one of blanks, says that it is empty, and asks on
 };
 
 Q_DECLARE_METATYPE(TextInputParams)
