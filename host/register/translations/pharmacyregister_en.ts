@@ -432,6 +432,40 @@ To dispense another quantity remove the position and dispense it anew.</translat
         <source>Модуль не подключён: %1</source>
         <translation>Plug-in not connected: %1</translation>
     </message>
+    <message id="busySince">
+        <source>Начато в %1</source>
+        <translation>Began at %1</translation>
+    </message>
+    <message id="busySinceWithLimit">
+        <source>Начато в %1. Ждём ответа %2 с, самое большее %3 с</source>
+        <translation>Began at %1. Waiting for %2 s, at most %3 s</translation>
+    </message>
+    <message id="busyEscapeAsks">
+        <source>Esc — не ждать ответа (касса переспросит)</source>
+        <translation>Esc: do not wait for the answer (you are asked first)</translation>
+    </message>
+    <message id="busyEscapeStops">
+        <source>Esc — прекратить: ничего не записывается</source>
+        <translation>Esc: stop; nothing is recorded</translation>
+    </message>
+    <message id="busyStopTitle">
+        <source>Не ждать ответа?</source>
+        <translation>Stop waiting?</translation>
+    </message>
+    <message id="busyStopQuestion">
+        <source>Запрос мог уже дойти до сервера и быть выполнен. Если не ждать ответа, касса не узнает, записано ли это: придётся выяснять, прежде чем повторять.
+Надёжнее дождаться ответа.</source>
+        <translation>The request may have reached the server and been carried out. Without its answer the register does not know whether this is recorded: find out before you try again.
+It is safer to wait for the answer.</translation>
+    </message>
+    <message id="busyStopYes">
+        <source>Не ждать</source>
+        <translation>Stop waiting</translation>
+    </message>
+    <message id="busyStopNo">
+        <source>Ждать дальше</source>
+        <translation>Wait on</translation>
+    </message>
     <message id="registerTitle">
         <source>Касса аптеки</source>
         <translation>Pharmacy register</translation>
