@@ -432,6 +432,10 @@ To dispense another quantity remove the position and dispense it anew.</translat
         <source>Модуль не подключён: %1</source>
         <translation>Plug-in not connected: %1</translation>
     </message>
+    <message id="statusMore">
+        <source>Подробнее</source>
+        <translation>More</translation>
+    </message>
     <message id="busySince">
         <source>Начато в %1</source>
         <translation>Began at %1</translation>
@@ -907,8 +911,12 @@ To return others, cancel the return and begin it again.</translation>
         <translation>The action was not done</translation>
     </message>
     <message id="actionStopped">
-        <source>%1. Устраните причину, названную в сообщении, и повторите.</source>
-        <translation>%1. Mend the cause that the message named, and try again.</translation>
+        <source>%1. %2</source>
+        <translation>%1. %2</translation>
+    </message>
+    <message id="actionStoppedSilently">
+        <source>%1: модуль остановил это действие. Если остановили не вы, повторите.</source>
+        <translation>%1: a plug-in stopped this action. If it was not you, try again.</translation>
     </message>
     <message id="actionNotFound">
         <source>%1: модуль не нашёл у себя эту позицию или этот чек. Чек не изменён.
