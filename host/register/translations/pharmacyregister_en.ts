@@ -374,6 +374,36 @@ Open one and try again.</translation>
         <translation>“%1” is not available now: no plug-in that does it is connected.
 Call the administrator.</translation>
     </message>
+    <message id="keyNeedsNoReceipt">
+        <source>«%1» работает, когда чек не открыт.
+Закончите или отложите чек и повторите.</source>
+        <translation>“%1” works while no receipt is open.
+Finish or suspend the receipt and try again.</translation>
+    </message>
+    <message id="keyNeedsDocuments">
+        <source>«%1» работает в списке документов.
+Откройте его через меню и повторите.</source>
+        <translation>“%1” works in the list of documents.
+Open it from the menu and try again.</translation>
+    </message>
+    <message id="menuNeedsNoReceipt">
+        <source>открыт чек</source>
+        <translation>a receipt is open</translation>
+    </message>
+    <message id="menuNeedsDocuments">
+        <source>только в списке документов</source>
+        <translation>only in the list of documents</translation>
+    </message>
+    <message id="pluginCommandInReturn">
+        <source>Открыт возврат, а эта команда действует только в продаже.
+Закончите возврат, откройте чек и повторите.</source>
+        <translation>A return is open, and this command works in a sale only.
+Finish the return, open a receipt and try again.</translation>
+    </message>
+    <message id="menuOnlyInSales">
+        <source>только в продаже</source>
+        <translation>only in a sale</translation>
+    </message>
     <message id="positionNotChosen">
         <source>Сначала выберите позицию чека.</source>
         <translation>Choose a position of the receipt first.</translation>
@@ -431,6 +461,14 @@ To dispense another quantity remove the position and dispense it anew.</translat
     <message id="pluginProblems">
         <source>Модуль не подключён: %1</source>
         <translation>Plug-in not connected: %1</translation>
+    </message>
+    <message id="keyWithoutPlugin">
+        <source>«%1» не работает: нет модуля.</source>
+        <translation>“%1” does not work: there is no plug-in for it.</translation>
+    </message>
+    <message id="pluginProblemsDetails">
+        <source>Сообщите администратору. Подробности в журнале, в папке %1</source>
+        <translation>Call the administrator. The log in the folder %1 says more</translation>
     </message>
     <message id="statusMore">
         <source>Подробнее</source>
