@@ -8,7 +8,12 @@
 #include "goodsitem.h"
 #include "positionoptions.h"
 #include "prescriptiontexts.h"
+#include "registrysteps.h"
 #include "savetofilelogic.h"
+#include "workstep.h"
+
+#include <algorithm>
+#include <optional>
 
 namespace
 {
@@ -43,6 +48,10 @@ void markCancelled(GoodsItem& position)
 
 EContext::Result ElectronicPrescriptionService::dispenseElectronicPrescriptions(const control::Action&)
 {
+    // Outlives the try block: the message about a failure says which step it was.
+    std::optional<WorkStep> step;
+    int registered = 0;
+    int due = 0;
     try {
         const auto document = getDocument();
         if (!document || !hasPrescriptions()) {
@@ -53,17 +62,25 @@ EContext::Result ElectronicPrescriptionService::dispenseElectronicPrescriptions(
         const Finally stop([this] { sendStopEvent(); });
 
         const auto positions = document->getPositions();
+        due = int(std::count_if(positions.cbegin(), positions.cend(), [](const QSharedPointer<GoodsItem>& position) {
+            return isDueForRegistration(*position);
+        }));
         for (const auto& position : positions) {
             if (!isDueForRegistration(*position)) {
                 continue;
             }
+            step.emplace(registrysteps::registration(*position, registered + 1, due));
             registryClient->sendMedicationDispense(position);
             markRegistered(*position);
+            ++registered;
             // Saved at once: what the registry knows must not be lost with the receipt.
             SaveToFileLogic::create()->save(document, QString());
         }
         return EContext::GoOn;
     } catch (const ElectronicPrescriptionException& exception) {
+        if (step) {
+            step->setAdvice(registrysteps::adviceAfterRegistration(exception.outcome(), registered, due));
+        }
         showError(exception.tr());
         return EContext::Stop;
     }
@@ -72,11 +89,13 @@ EContext::Result ElectronicPrescriptionService::dispenseElectronicPrescriptions(
 bool ElectronicPrescriptionService::cancelElectronicPrescription(const QSharedPointer<GoodsItem>& position,
                                                                  bool saveDocument) const
 {
+    std::optional<WorkStep> step;
     try {
         if (!isRegistered(*position)) {
             return true;
         }
 
+        step.emplace(registrysteps::cancellation(*position));
         registryClient->sendCancelMedicationDispense(position);
         markCancelled(*position);
         if (saveDocument) {
@@ -84,6 +103,9 @@ bool ElectronicPrescriptionService::cancelElectronicPrescription(const QSharedPo
         }
         return true;
     } catch (const ElectronicPrescriptionException& exception) {
+        if (step) {
+            step->setAdvice(registrysteps::adviceAfterCancellation(exception.outcome()));
+        }
         showError(exception.tr());
         return false;
     }

@@ -20,6 +20,7 @@ TextInputParams cardInput()
     params.okText = prescriptiontexts::ok();
     params.cancelText = prescriptiontexts::cancel();
     params.inputName = u"inputCard"_s;
+    params.required = true;
     return params;
 }
 

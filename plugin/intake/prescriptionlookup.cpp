@@ -6,10 +6,28 @@
 #include "electronicprescriptionservice.h"
 #include "finally.h"
 #include "prescriptiontexts.h"
+#include "workstep.h"
 
 #include <QJsonArray>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// A look-up that the cashier stopped is no error.
+void showLookUpFailure(const ElectronicPrescriptionException& failure)
+{
+    if (failure.outcome() == ElectronicPrescriptionException::Outcome::Stopped) {
+        showNotice({u"electronicPrescriptionLookUpStopped"_s,
+                    u"Поиск рецептов прекращён кассиром. В реестре ничего не изменено. Чтобы начать поиск снова, дайте "
+                    "команду ещё раз."_s});
+    } else {
+        showError(failure.tr());
+    }
+}
+
+} // namespace
 
 void ElectronicPrescriptionService::getElectronicPrescriptionsByCardNumber(const QString& cardNumber,
                                                                            const QString& status,
@@ -19,6 +37,7 @@ void ElectronicPrescriptionService::getElectronicPrescriptionsByCardNumber(const
     try {
         sendStartEvent(prescriptiontexts::processMessage());
         const Finally stop([this] { sendStopEvent(); });
+        const WorkStep step({u"electronicPrescriptionLookUpStep"_s, u"Поиск рецептов по карте"_s});
 
         QJsonArray bundles;
         QJsonObject patient;
@@ -35,7 +54,7 @@ void ElectronicPrescriptionService::getElectronicPrescriptionsByCardNumber(const
     } catch (const ElectronicPrescriptionNoPrescriptionsException& exception) {
         showNotice(exception.tr());
     } catch (const ElectronicPrescriptionException& exception) {
-        showError(exception.tr());
+        showLookUpFailure(exception);
     }
 }
 

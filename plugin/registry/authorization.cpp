@@ -3,11 +3,14 @@
 
 #include "electronicprescriptionexception.h"
 #include "formquery.h"
+#include "workstep.h"
 
 using namespace Qt::StringLiterals;
 
 void ElectronicPrescriptionInterface::getAuthorizationToken(QString& token) const
 {
+    const WorkStep step({u"electronicPrescriptionTokenStep"_s, u"Вход в сервис электронных рецептов"_s},
+                        WorkStep::Effect::None);
     QUrl url;
     Headers headers;
     QString body;

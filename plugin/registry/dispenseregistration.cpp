@@ -5,6 +5,8 @@
 #include "goodsitem.h"
 #include "positionoptions.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -17,6 +19,17 @@ const QString cancelledStatus = u"PUT:200"_s;
 void declareJsonBody(ElectronicPrescriptionInterface::Headers& headers)
 {
     headers.insert(u"Content-Type"_s, u"application/json; charset=utf-8"_s);
+}
+
+/// Without the registry's own word, nobody knows what became of a request that was answered.
+ElectronicPrescriptionException::Outcome outcomeOf(const QJsonObject& answer)
+{
+    const QJsonArray entries = answer["entry"_L1].toArray();
+    const bool hasStatus = std::any_of(entries.begin(), entries.end(), [](const QJsonValue& entry) {
+        return entry["transactionResponse"_L1]["status"_L1].isString();
+    });
+    return hasStatus ? ElectronicPrescriptionException::Outcome::Settled
+                     : ElectronicPrescriptionException::Outcome::Unknown;
 }
 
 /// Each dispense in the answer writes its id; that of the last one stays.
@@ -50,7 +63,8 @@ void ElectronicPrescriptionInterface::sendMedicationDispense(const QSharedPointe
 
     if (!checkRequestResultStatus(answer.object(), registeredStatus)) {
         throw ElectronicPrescriptionException(
-            {u"electronicPrescriptionDispenseError"_s, u"Ошибка при отпуске лекарственного препарата по рецепту"_s});
+            {u"electronicPrescriptionDispenseError"_s, u"Ошибка при отпуске лекарственного препарата по рецепту"_s},
+            outcomeOf(answer.object()));
     }
     keepDispenseIds(answer.object(), *position);
 }
@@ -67,6 +81,7 @@ void ElectronicPrescriptionInterface::sendCancelMedicationDispense(const QShared
 
     if (!checkRequestResultStatus(answer.object(), cancelledStatus)) {
         throw ElectronicPrescriptionException({u"electronicPrescriptionCancelError"_s,
-                                               u"Ошибка при отмене отпуска лекарственного препарата по рецепту"_s});
+                                               u"Ошибка при отмене отпуска лекарственного препарата по рецепту"_s},
+                                              outcomeOf(answer.object()));
     }
 }

@@ -59,7 +59,7 @@ void ElectronicPrescriptionInterface::getRequestResult(const QSharedPointer<Rest
             throw ElectronicPrescriptionException(tr::Tr(tr::undefined, issue["details"_L1].toString()));
         }
     }
-    throw ElectronicPrescriptionException(client->errorText());
+    throw ElectronicPrescriptionException(client->errorText(), client->outcome());
 }
 
 bool ElectronicPrescriptionInterface::checkRequestResultStatus(const QJsonObject& answer,

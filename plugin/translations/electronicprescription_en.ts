@@ -16,6 +16,42 @@
         <source>Обращение к сервису электронных рецептов</source>
         <translation>Asking the electronic prescription service</translation>
     </message>
+    <message id="electronicPrescriptionTokenStep">
+        <source>Вход в сервис электронных рецептов</source>
+        <translation>Logging in to the prescription service</translation>
+    </message>
+    <message id="electronicPrescriptionLookUpStep">
+        <source>Поиск рецептов по карте</source>
+        <translation>Looking up the card’s prescriptions</translation>
+    </message>
+    <message id="electronicPrescriptionLookUpStopped">
+        <source>Поиск рецептов прекращён кассиром. В реестре ничего не изменено. Чтобы начать поиск снова, дайте команду ещё раз.</source>
+        <translation>The cashier stopped the look-up. Nothing was changed in the registry. Give the command again to look again.</translation>
+    </message>
+    <message id="electronicPrescriptionRegistrationStep">
+        <source>Регистрация отпуска %1 из %2. Рецепт %3, товар: %4</source>
+        <translation>Registering dispense %1 of %2. Prescription %3, goods: %4</translation>
+    </message>
+    <message id="electronicPrescriptionCancellationStep">
+        <source>Отмена отпуска. Рецепт %1, товар: %2</source>
+        <translation>Cancelling a dispense. Prescription %1, goods: %2</translation>
+    </message>
+    <message id="electronicPrescriptionRegistrationUnknown">
+        <source>Неизвестно, записан ли в реестре этот отпуск; чек не закрыт. Записано до него: %1 из %2. Не повторяйте подытог, пока администратор не проверит этот рецепт в реестре: повтор может записать отпуск второй раз.</source>
+        <translation>Nobody knows whether the registry holds this dispense; the receipt is not closed. Registered before it: %1 of %2. Do not repeat the subtotal before the administrator has checked this prescription in the registry: the dispense could be registered twice.</translation>
+    </message>
+    <message id="electronicPrescriptionRegistrationNotDone">
+        <source>Реестр не подтвердил этот отпуск; чек не закрыт. Записано до него: %1 из %2, повторно они не отправляются. Когда причина устранена, повторите подытог.</source>
+        <translation>The registry did not confirm this dispense; the receipt is not closed. Registered before it: %1 of %2; they are not sent again. When the cause is mended, repeat the subtotal.</translation>
+    </message>
+    <message id="electronicPrescriptionCancellationUnknown">
+        <source>Неизвестно, отменён ли этот отпуск в реестре. Прежде чем повторять, попросите администратора проверить этот рецепт в реестре.</source>
+        <translation>Nobody knows whether this dispense is cancelled in the registry. Before you try again, have the administrator check this prescription in the registry.</translation>
+    </message>
+    <message id="electronicPrescriptionCancellationNotDone">
+        <source>Реестр не подтвердил отмену: отпуск остаётся записанным. Когда причина устранена, повторите.</source>
+        <translation>The registry did not confirm the cancellation: the dispense stays registered. When the cause is mended, try again.</translation>
+    </message>
     <message id="electronicPrescriptionNoPrescriptionsError">
         <source>Рецепты не найдены</source>
         <translation>No prescriptions found</translation>

@@ -114,11 +114,16 @@ TEST_P(MissingPlugin, returnOpen_isOnlySuspended_andIsPaidOutWhenThePluginIsBack
 
 INSTANTIATE_TEST_SUITE_P(, MissingPlugin,
                          ::testing::Values(Absence{"libraryMissing", false,
-                                                   R"({"expect": "Модулей нет", "in": "pluginStateLabel"})"},
+                                                   R"({"expect": "Модулей нет", "in": "pluginStateLabel"},
+                                 {"contains": "«Электронный рецепт» не работает: нет модуля.",
+                                  "in": "statusMessageLabel"})"},
                                            Absence{"switchedOff", true,
                                                    R"({"expect": "Модулей нет", "in": "pluginStateLabel"},
-                                 {"contains": "Модуль не подключён: electronicprescription: выключен",
-                                  "in": "statusMessageLabel"})"}),
+                                 {"contains": "«Электронный рецепт» не работает: нет модуля. Модуль не подключён: electronicprescription: выключен",
+                                  "in": "statusMessageLabel"},
+                                 {"click": "statusMoreButton"}, {"contains": "Подробности в журнале, в папке /",
+                                  "in": "messageLabel"}, {"key": "Return"},
+                                 {"visible": false, "in": "messageForm"})"}),
                          [](const auto& instance) { return std::string(instance.param.name); });
 
 } // namespace

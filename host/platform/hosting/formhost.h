@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QSharedPointer>
+#include <QString>
 
 #include <functional>
 
@@ -41,4 +42,6 @@ struct FormHost {
     /// Called when somebody catches everything and asks again while forms are being cancelled: only the end of the
     /// process helps. Empty: the forms go on being cancelled.
     std::function<void()> giveUp;
+    /// The last message that was shown, whole. The host empties it when it has no use for it any more.
+    QString lastMessage = {};
 };

@@ -180,9 +180,12 @@ HttpAnswer HttpTransport::exchange(const HttpRequest& request, const QDeadlineTi
         answer.detail = configured.failure().detail;
         return answer;
     }
-    const CURLcode code = perform(deadline);
+    const std::optional<CURLcode> outcome = perform(request, deadline);
+    const CURLcode code = outcome.value_or(CURLE_OK);
 
-    answer.error = exchange.isTooLarge ? TransportError::AnswerTooLarge : errorOf(code);
+    answer.error = !outcome              ? TransportError::Stopped
+                   : exchange.isTooLarge ? TransportError::AnswerTooLarge
+                                         : errorOf(code);
     // The repeated POST that was held back: its first connection broke before an answer came.
     if (code == CURLE_ABORTED_BY_CALLBACK) {
         answer.error = TransportError::ConnectionLost;
@@ -195,7 +198,9 @@ HttpAnswer HttpTransport::exchange(const HttpRequest& request, const QDeadlineTi
     answer.endsWithConnection = answer.status != statusNoContent && header("Content-Length").isEmpty() &&
                                 !header("Transfer-Encoding").toLower().contains("chunked");
     answer.detail = QString::fromUtf8(exchange.detail.data());
-    if (answer.detail.isEmpty() && code != CURLE_OK) {
+    if (!outcome) {
+        answer.detail = u"stopped by the cashier"_s;
+    } else if (answer.detail.isEmpty() && code != CURLE_OK) {
         answer.detail = QString::fromUtf8(curl_easy_strerror(code));
     }
     return answer;
@@ -272,7 +277,7 @@ Expected<void> HttpTransport::configure(Exchange& exchange)
 }
 
 /// Events run whenever a slice of time has passed, not before: a server that answers at once is not kept waiting.
-CURLcode HttpTransport::perform(const QDeadlineTimer& deadline)
+std::optional<CURLcode> HttpTransport::perform(const HttpRequest& request, const QDeadlineTimer& deadline)
 {
     CURLM* multi = m_multi.get();
     CURLcode code = CURLE_FAILED_INIT;
@@ -297,6 +302,9 @@ CURLcode HttpTransport::perform(const QDeadlineTimer& deadline)
         if (deadline.hasExpired()) {
             code = CURLE_OPERATION_TIMEDOUT;
             break;
+        }
+        if (request.isStopped && request.isStopped()) {
+            return std::nullopt;
         }
         curl_multi_poll(multi, nullptr, 0, longestSliceMs, nullptr);
         if (QCoreApplication::instance() && sinceEvents.elapsed() >= longestSliceMs) {

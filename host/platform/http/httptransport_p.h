@@ -11,7 +11,9 @@
 
 #include <curl/curl.h>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QDeadlineTimer;
@@ -27,6 +29,8 @@ struct HttpRequest {
     QByteArray certificates;
     /// URL of a proxy; empty: none. The environment's proxy is never taken.
     QByteArray proxy;
+    /// Asked every few milliseconds: true ends the exchange with TransportError::Stopped. Empty: nobody stops it.
+    std::function<bool()> isStopped;
 };
 
 struct HttpAnswer {
@@ -78,7 +82,8 @@ private:
     void dropStaleConnections();
     /// @return a failure when libcurl did not take an option; the request must not go out then
     Expected<void> configure(Exchange& exchange);
-    CURLcode perform(const QDeadlineTimer& deadline);
+    /// @return nothing when the request was stopped
+    std::optional<CURLcode> perform(const HttpRequest& request, const QDeadlineTimer& deadline);
     /// A header's value in the last answer; empty when it has none of that name.
     QByteArray header(const char* name) const;
 

@@ -6,6 +6,8 @@
 #include "inputblocker.h"
 #include "redirect_p.h"
 #include "requestheaders_p.h"
+#include "runningrequest.h"
+#include "workstep.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
@@ -139,33 +141,42 @@ public:
     int errorCode = 0;
     tr::Tr errorText;
     QJsonDocument answer;
+    Outcome outcome = Outcome::Settled;
 };
 
 void RestClient::Private::run(HttpRequest request)
 {
-    const QDeadlineTimer deadline(std::chrono::seconds(timeoutSeconds > 0 ? timeoutSeconds : defaultTimeoutSeconds));
+    const std::chrono::seconds limit(timeoutSeconds > 0 ? timeoutSeconds : defaultTimeoutSeconds);
+    const QDeadlineTimer deadline(limit);
+    const bool isPost = request.method == Method::Post;
+    const bool changesSomething = isPost && !WorkStep::isWithoutEffect();
     HttpAnswer received;
     {
+        RunningRequest running(limit, changesSomething);
+        request.isStopped = [&running] { return running.isStopped(); };
         const InputBlocker blocker;
         received = send(request, deadline);
     }
 
     const bool hasFailedStatus = received.status >= firstStatusOfFailure;
-    const bool isPost = request.method == Method::Post;
     answer = received.error == TransportError::None ? QJsonDocument::fromJson(received.body) : QJsonDocument();
     if (isPost && !hasFailedStatus && mayBeCutShort(received, answer)) {
         received.error = TransportError::ConnectionLost;
         received.detail = u"the connection ended before the answer was JSON"_s;
     }
     const bool isWhole = received.error == TransportError::None;
+    const bool mayBeCarriedOut = changesSomething && (isWhole ? leavesOutcomeOpen(received.status) : received.wasSent);
     errorCode = hasFailedStatus ? received.status : int(received.error);
     if (!isWhole) {
-        errorText = transportErrorText(received.error, request.url.host(), isPost && received.wasSent);
+        errorText = transportErrorText(received.error, request.url.host(), mayBeCarriedOut);
     } else if (hasFailedStatus) {
-        errorText = httpStatusText(received.status, request.url.host(), isPost);
+        errorText = httpStatusText(received.status, request.url.host(), changesSomething);
     } else {
         errorText = {};
     }
+    outcome = mayBeCarriedOut                             ? Outcome::Unknown
+              : received.error == TransportError::Stopped ? Outcome::Stopped
+                                                          : Outcome::Settled;
     if (errorCode != 0) {
         logFailure(request, received, errorCode);
     }
@@ -217,4 +228,9 @@ tr::Tr RestClient::errorText() const
 QJsonDocument RestClient::answer() const
 {
     return d->answer;
+}
+
+RestClient::Outcome RestClient::outcome() const
+{
+    return d->outcome;
 }

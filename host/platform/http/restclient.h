@@ -24,6 +24,8 @@ extern template struct REGISTERPLATFORM_EXPORT MockFactory<RestClient>;
 /// after them; its time-out does not stop. When an event handler throws, that is logged without the exception's text,
 /// and the request goes on.
 ///
+/// - Esc asks the register whether to stop waiting. A request that changes nothing on the server, a GET or one of a
+///   WorkStep without effect, ends at once; for any other one the cashier is asked first, and its outcome is unknown.
 /// - A POST reaches the wire at most once, whatever happens to the connection. It is never redirected. A GET is sent
 ///   again when a kept connection turns out to be dead.
 /// - A GET follows at most five redirects; to another origin (RFC 6454) neither its body nor any of the caller's
@@ -46,6 +48,13 @@ extern template struct REGISTERPLATFORM_EXPORT MockFactory<RestClient>;
 class REGISTERPLATFORM_EXPORT RestClient : public MockFactory<RestClient>
 {
 public:
+    /// What is known of a request that failed.
+    enum class Outcome : int {
+        Settled, ///< the server has answered, nothing went out, or the request changes nothing
+        Unknown, ///< a POST that went out and has no whole answer: it may have been carried out
+        Stopped, ///< the cashier stopped a request that changes nothing
+    };
+
     RestClient();
     virtual ~RestClient();
     Q_DISABLE_COPY_MOVE(RestClient)
@@ -64,11 +73,14 @@ public:
     virtual int errorCode() const;
 
     /// What went wrong and what to do next, for the cashier. For a POST whose answer did not come back whole it says
-    /// that the request may have been carried out.
+    /// that the request may have been carried out, unless its WorkStep has no effect.
     virtual tr::Tr errorText() const;
 
     /// The body of the answer, also of an error answer; null when it is not a JSON object or array.
     virtual QJsonDocument answer() const;
+
+    /// What is known of the last request; Settled when it succeeded.
+    virtual Outcome outcome() const;
 
 private:
     class Private;

@@ -85,6 +85,9 @@ constexpr std::array transportErrors = {
     TransportErrorRow{TransportError::TooManyRedirects,
                       {"restClientTooManyRedirects",
                        "Сервер %1 слишком много раз отослал запрос на другой адрес. Обратитесь к администратору."}},
+    TransportErrorRow{
+        TransportError::Stopped,
+        {"restClientStopped", "Запрос прекращён кассиром. На сервере %1 ничего не изменено, запрос можно повторить."}},
 };
 
 /// For a request that may have been carried out although its answer is not complete.
@@ -107,6 +110,10 @@ constexpr std::array uncertainOutcomes = {
         {"restClientAnswerNotUnderstoodUncertain",
          "Ответ сервера %1 не разобран. Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен "
          "ли он."}},
+    TransportErrorRow{TransportError::Stopped,
+                      {"restClientStoppedUncertain",
+                       "Кассир не стал ждать ответа сервера %1. Запрос мог быть выполнен: прежде чем повторять, "
+                       "проверьте, выполнен ли он."}},
 };
 constexpr ErrorText failedUncertain = {
     "restClientFailedUncertain",
@@ -174,10 +181,8 @@ tr::Tr transportErrorText(TransportError error, const QString& host, bool mayBeC
 
 tr::Tr httpStatusText(int status, const QString& host, bool changesSomething)
 {
-    constexpr int badGateway = 502;
-    constexpr int gatewayTimeout = 504;
     ErrorText text = failed;
-    if (changesSomething && (status == badGateway || status == gatewayTimeout)) {
+    if (changesSomething && leavesOutcomeOpen(status)) {
         text = gatewayUncertain;
     } else {
         const auto row = std::find_if(statuses.begin(), statuses.end(), [status](const StatusRow& candidate) {
@@ -188,4 +193,11 @@ tr::Tr httpStatusText(int status, const QString& host, bool changesSomething)
         }
     }
     return text.tr().arg(host).arg(QString::number(status));
+}
+
+bool leavesOutcomeOpen(int status)
+{
+    constexpr int badGateway = 502;
+    constexpr int gatewayTimeout = 504;
+    return status == badGateway || status == gatewayTimeout;
 }

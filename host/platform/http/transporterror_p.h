@@ -24,6 +24,7 @@ enum class TransportError : int {
     RedirectRefused = 12,
     TooManyRedirects = 13,
     OptionRefused = 14,
+    Stopped = 15,
     Failed = 99
 };
 
@@ -36,5 +37,8 @@ tr::Tr transportErrorText(TransportError error, const QString& host, bool mayBeC
 
 /// What the cashier reads about an answer with that HTTP status (300 or more).
 ///
-/// @param changesSomething true for a POST: a gateway that answers 502 or 504 does not know what became of it
+/// @param changesSomething true for a POST with an effect: see leavesOutcomeOpen()
 tr::Tr httpStatusText(int status, const QString& host, bool changesSomething);
+
+/// True for 502 and 504: the gateway that answers does not know what became of the request.
+bool leavesOutcomeOpen(int status);

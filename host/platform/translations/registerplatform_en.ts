@@ -92,9 +92,17 @@ Free some disk space or check access to the folder, then try again.</translation
         <source>Сервер %1 слишком много раз отослал запрос на другой адрес. Обратитесь к администратору.</source>
         <translation>Server %1 sent the request on to another address too many times. Call the administrator.</translation>
     </message>
+    <message id="restClientStopped">
+        <source>Запрос прекращён кассиром. На сервере %1 ничего не изменено, запрос можно повторить.</source>
+        <translation>The cashier stopped the request. Nothing was changed on server %1; the request can be sent again.</translation>
+    </message>
     <message id="restClientTimedOutUncertain">
         <source>Сервер %1 не ответил вовремя. Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен ли он.</source>
         <translation>Server %1 did not answer in time. The request may have been carried out: check before you try again.</translation>
+    </message>
+    <message id="restClientStoppedUncertain">
+        <source>Кассир не стал ждать ответа сервера %1. Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен ли он.</source>
+        <translation>The cashier did not wait for the answer of server %1. The request may have been carried out: check before you try again.</translation>
     </message>
     <message id="restClientConnectionLostUncertain">
         <source>Связь с сервером %1 прервалась до конца ответа. Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен ли он.</source>
@@ -184,6 +192,14 @@ Check the folders of layouts in the register’s settings</translation>
         <source>Сообщение</source>
         <translation>Notice</translation>
     </message>
+    <message id="messageFormErrorWithoutText">
+        <source>Произошла ошибка, её причина не названа. Повторите действие. Если ошибка повторится, обратитесь к администратору.</source>
+        <translation>An error occurred; its cause was not named. Try again. If it happens again, call the administrator.</translation>
+    </message>
+    <message id="messageFormNoticeWithoutText">
+        <source>Пришло сообщение без текста. Можно работать дальше.</source>
+        <translation>A message without a text has come. You can go on working.</translation>
+    </message>
     <message id="messageFormText">
         <source>Текст сообщения</source>
         <translation>Message text</translation>
@@ -239,6 +255,10 @@ Check the folders of layouts in the register’s settings</translation>
     <message id="inputTextFormWrong">
         <source>Введено неверно, исправьте значение</source>
         <translation>This is not valid, correct it</translation>
+    </message>
+    <message id="inputTextFormEmpty">
+        <source>Поле пустое. Введите или отсканируйте значение</source>
+        <translation>The field is empty. Type or scan a value</translation>
     </message>
     <message id="databaseErrorWithoutReason">
         <source>причина не названа</source>

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "functionkey.h"
 
+#include "actionfactory.h"
+#include "actionhost.h"
+#include "actionqueuecontroller.h"
 #include "config.h"
 #include "registeraction.h"
 #include "tr.h"
@@ -19,6 +22,9 @@ namespace
 
 /// One for each digit. The smallest screen has no room for more.
 constexpr qsizetype maxMenuEntries = 9;
+
+constexpr EContext::Code everywhere[] = {EContext::Idle, EContext::OpenDocument, EContext::StoredDocuments,
+                                         EContext::DialogOnTop};
 
 /// A key as it is without a configuration.
 struct DefaultKey {
@@ -149,6 +155,51 @@ const FunctionKey* keyWithShortcut(const QList<FunctionKey>& keys, Qt::Key short
         return !key.shortcut.isEmpty() && collide(key.shortcut, shortcut);
     });
     return found == keys.cend() ? nullptr : &*found;
+}
+
+QStringList unservedKeys(const QList<FunctionKey>& keys)
+{
+    const ActionHost& host = Singleton<ActionQueueController>::get()->host();
+    QStringList labels;
+    for (const FunctionKey& key : keys) {
+        const bool isServed = std::any_of(std::begin(everywhere), std::end(everywhere), [&](EContext::Code context) {
+            return bool(host.handlerOf(context, key.actionType));
+        });
+        if (!isServed) {
+            labels.append(key.text);
+        }
+    }
+    return labels;
+}
+
+bool opensSale(const FunctionKey& key)
+{
+    ActionQueueController* controller = Singleton<ActionQueueController>::get();
+    return key.actionType == control::PluginCommand && !controller->isHandled(key.actionType) &&
+           controller->context() == EContext::Idle &&
+           controller->host().handlerOf(EContext::OpenDocument, key.actionType);
+}
+
+control::Action actionOf(const FunctionKey& key, int positionNumber)
+{
+    auto* factory = Singleton<control::ActionFactory>::get();
+    QVariantMap arguments = key.arguments;
+    if (positionNumber != 0) {
+        arguments.insert(u"positionNumber"_s, positionNumber);
+    }
+    if (Singleton<ActionQueueController>::get()->isHandled(key.actionType)) {
+        control::Action own = factory->create(key.actionType);
+        for (auto argument = arguments.cbegin(); argument != arguments.cend(); ++argument) {
+            own.insert(argument.key(), argument.value());
+        }
+        return own;
+    }
+    control::Action instead =
+        factory->create(opensSale(key) ? registeraction::openSaleFor : registeraction::explainKey);
+    instead.insert(u"action"_s, int(key.actionType));
+    instead.insert(u"text"_s, key.text);
+    instead.insert(u"arguments"_s, arguments);
+    return instead;
 }
 
 tr::Tr shortcutConflict(const FunctionKey& key)

@@ -7,6 +7,7 @@
 #include <QKeySequence>
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QVariantMap>
 
 class Config;
@@ -36,6 +37,17 @@ QList<FunctionKey> configuredFunctionKeys(const Config& config);
 
 /// The menu entries that `Menu:entries` lists, at most nine. Otherwise like configuredFunctionKeys().
 QList<FunctionKey> configuredMenuEntries(const Config& config);
+
+/// The labels of those keys whose action nobody serves, wherever the register is.
+QStringList unservedKeys(const QList<FunctionKey>& keys);
+
+/// True for a plug-in's command that waits for a document while none is open: a sale is opened for it.
+bool opensSale(const FunctionKey& key);
+
+/// The action that the key starts where the register is now: its own, or the one that opens a sale first, or the one
+/// that says why nothing happens.
+/// @param positionNumber the current position; 0: none
+control::Action actionOf(const FunctionKey& key, int positionNumber);
 
 /// For the cashier: which keys have one shortcut, and where that is mended.
 /// @param key one with `lostTo`

@@ -14,7 +14,7 @@ inline constexpr auto openSale = static_cast<control::EActionType>(1001);
 inline constexpr auto addGoods = static_cast<control::EActionType>(1002);
 /// Asks how many packs position "positionNumber" is to have.
 inline constexpr auto changeQuantity = static_cast<control::EActionType>(1003);
-/// Shows why the key labelled "text" does nothing now.
+/// Shows why the key labelled "text" with action "action" does nothing now.
 inline constexpr auto explainKey = static_cast<control::EActionType>(1004);
 /// Removes position "positionNumber" by action 202. Asks first when the position comes from an external document.
 inline constexpr auto askToRemovePosition = static_cast<control::EActionType>(1005);
@@ -39,5 +39,7 @@ inline constexpr auto showMenu = static_cast<control::EActionType>(1013);
 inline constexpr auto lock = static_cast<control::EActionType>(1014);
 /// Shows the keys of the sales screen, as F1 does there.
 inline constexpr auto showHelp = static_cast<control::EActionType>(1015);
+/// Opens a sale and executes action "action" with "arguments" (a map) in it.
+inline constexpr auto openSaleFor = static_cast<control::EActionType>(1016);
 
 } // namespace registeraction

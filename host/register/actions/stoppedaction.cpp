@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "stoppedaction.h"
 
+#include "formhost.h"
+#include "graphicaluserinterface.h"
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -32,8 +35,14 @@ namespace stoppedaction
 
 tr::Tr stopped(const control::Action& action)
 {
-    return tr::Tr(u"actionStopped"_s, u"%1. Устраните причину, названную в сообщении, и повторите."_s)
-        .arg(notDone(action.getType()).ui());
+    const QString message = Singleton<GraphicalUserInterface>::get()->host().lastMessage.simplified();
+    const QString what = notDone(action.getType()).ui();
+    if (message.isEmpty()) {
+        return tr::Tr(u"actionStoppedSilently"_s,
+                      u"%1: модуль остановил это действие. Если остановили не вы, повторите."_s)
+            .arg(what);
+    }
+    return tr::Tr(u"actionStopped"_s, u"%1. %2"_s).arg(what).arg(message);
 }
 
 tr::Tr notFound(const control::Action& action)

@@ -8,7 +8,7 @@
 namespace stoppedaction
 {
 
-/// The plug-in stopped the action.
+/// The plug-in stopped the action. Repeats the last message that the cashier has read, FormHost::lastMessage.
 tr::Tr stopped(const control::Action& action);
 
 /// The plug-in does not know the position or the document that the action is about.

@@ -62,6 +62,13 @@ void setUpLogging(Config& config, const QDir& data)
     }
 }
 
+/// The keys and the menu entries.
+QList<FunctionKey> configuredKeys()
+{
+    const Config& config = *Singleton<Config>::get();
+    return configuredFunctionKeys(config) + configuredMenuEntries(config);
+}
+
 QString inOneLine(const tr::Tr& message)
 {
     return message.ui().simplified();
@@ -260,6 +267,8 @@ void RegisterApplication::openWindow()
     m_till->setPrinting([this](const Document& document) { m_printer->printOrShow(document); });
     m_storedDocumentCommands = std::make_unique<StoredDocumentCommands>(*m_till, *m_printer, m_marks);
     m_storedDocumentCommands->offer(*controller);
+    m_keyCommands = std::make_unique<KeyCommands>(*m_till);
+    m_keyCommands->offer(*controller);
     m_menuCommands = std::make_unique<MenuCommands>(*m_till, configuredMenuEntries(*config));
     m_menuCommands->offer(*controller);
     m_window = std::make_unique<RegisterWindow>(*m_till, m_marks, configuredFunctionKeys(*config), m_longWork,
@@ -340,9 +349,20 @@ void RegisterApplication::showPlugins()
                              ? tr::Tr(u"pluginsNone"_s, u"Модулей нет"_s).ui()
                              : tr::Tr(u"pluginsActive"_s, u"Модулей: %1"_s).arg(QString::number(active.size())).ui();
     m_window->statusLine().showPlugins(text, active.join(u'\n'));
+    QStringList problems;
+    for (const QString& key : unservedKeys(configuredKeys())) {
+        problems.append(tr::Tr(u"keyWithoutPlugin"_s, u"«%1» не работает: нет модуля."_s).arg(key).ui());
+    }
     if (!m_plugins.problems().isEmpty()) {
-        m_window->statusLine().showMessage(
+        problems.append(
             tr::Tr(u"pluginProblems"_s, u"Модуль не подключён: %1"_s).arg(m_plugins.problems().join(u"; "_s)).ui());
+    }
+    if (!problems.isEmpty()) {
+        m_window->statusLine().showMessage(
+            problems.join(u' '),
+            tr::Tr(u"pluginProblemsDetails"_s, u"Сообщите администратору. Подробности в журнале, в папке %1"_s)
+                .arg(Singleton<Config>::get()->getString(u"Logging:folder"_s))
+                .ui());
     }
 }
 

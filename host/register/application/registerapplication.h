@@ -4,6 +4,7 @@
 #include "commandline.h"
 #include "goodscatalogue.h"
 #include "goodscommands.h"
+#include "keycommands.h"
 #include "longwork.h"
 #include "menucommands.h"
 #include "messagecatalogues.h"
@@ -74,6 +75,7 @@ private:
     std::unique_ptr<GoodsCommands> m_goodsCommands;
     std::unique_ptr<PaymentCommands> m_paymentCommands;
     std::unique_ptr<StoredDocumentCommands> m_storedDocumentCommands;
+    std::unique_ptr<KeyCommands> m_keyCommands;
     std::unique_ptr<MenuCommands> m_menuCommands;
     std::unique_ptr<RegisterWindow> m_window;
     std::unique_ptr<ScenarioPlayer> m_player;

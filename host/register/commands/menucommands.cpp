@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "menucommands.h"
 
-#include "actionfactory.h"
 #include "askform.h"
 #include "commandtable.h"
+#include "keycommands.h"
 #include "menuparams.h"
-#include "notice.h"
 #include "registeraction.h"
-#include "tr.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -25,7 +23,6 @@ void MenuCommands::offer(ActionQueueController& controller)
     using Commands = MenuCommands;
     static constexpr Command<Commands> table[] = {
         {registeraction::showMenu, Where::Everywhere, &Commands::showMenu},
-        {registeraction::explainKey, Where::Everywhere, &Commands::explainKey},
     };
     offerCommands<Commands>(controller, *this, table);
 }
@@ -42,15 +39,7 @@ EContext::Result MenuCommands::showMenu(control::Action& action)
         return EContext::Stop;
     }
 
-    const FunctionKey& entry = m_entries.at(chosen);
-    control::Action command = Singleton<control::ActionFactory>::get()->create(entry.actionType);
-    for (auto argument = entry.arguments.cbegin(); argument != entry.arguments.cend(); ++argument) {
-        command.insert(argument.key(), argument.value());
-    }
-    const QString position = u"positionNumber"_s;
-    if (action.value(position).isValid()) {
-        command.insert(position, action.value(position));
-    }
+    const control::Action command = actionOf(m_entries.at(chosen), action.value(u"positionNumber"_s).toInt());
     // Queued: the command begins after the menu and its action have ended.
     Singleton<ActionQueueController>::get()->enqueue(command, true);
     return EContext::GoOn;
@@ -58,12 +47,8 @@ EContext::Result MenuCommands::showMenu(control::Action& action)
 
 std::optional<Obstacle> MenuCommands::obstacle(const FunctionKey& entry, const control::Action& menu) const
 {
-    std::optional<Obstacle> rule = ruleOf(entry, menu);
-    if (rule || Singleton<ActionQueueController>::get()->isHandled(entry.actionType)) {
-        return rule;
-    }
-    return Obstacle{m_till.document() ? tr::Tr(u"menuNoPlugin"_s, u"нет модуля"_s)
-                                      : tr::Tr(u"menuNoReceipt"_s, u"чек не открыт"_s)};
+    const std::optional<Obstacle> rule = ruleOf(entry, menu);
+    return rule ? rule : obstacleToKey(entry, !m_till.document().isNull());
 }
 
 /// What the till has against the entry's command.
@@ -93,15 +78,4 @@ std::optional<Obstacle> MenuCommands::ruleOf(const FunctionKey& entry, const con
         return position ? m_till.obstacleOfPlugin(*position) : std::nullopt;
     }
     return std::nullopt;
-}
-
-EContext::Result MenuCommands::explainKey(control::Action& action)
-{
-    const tr::Tr withoutDocument(u"keyNeedsReceipt"_s,
-                                 u"«%1» работает при открытом чеке.\nОткройте чек и повторите."_s);
-    const tr::Tr withoutPlugin(u"keyNeedsPlugin"_s,
-                               u"«%1» сейчас недоступно: нет подключённого модуля, который это умеет.\n"
-                               "Обратитесь к администратору."_s);
-    showNotice((m_till.document() ? withoutPlugin : withoutDocument).arg(action.value(u"text"_s).toString()));
-    return EContext::GoOn;
 }

@@ -8,7 +8,7 @@
 #include <QList>
 #include <QString>
 
-/// The menu, with the commands that have no key of their own, and the reason why a key does nothing.
+/// The menu, with the commands that have no key of their own.
 class MenuCommands
 {
 public:
@@ -20,7 +20,6 @@ public:
 
 private:
     EContext::Result showMenu(control::Action& action);
-    EContext::Result explainKey(control::Action& action);
     std::optional<Obstacle> obstacle(const FunctionKey& entry, const control::Action& menu) const;
     std::optional<Obstacle> ruleOf(const FunctionKey& entry, const control::Action& menu) const;
 

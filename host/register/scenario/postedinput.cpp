@@ -97,9 +97,16 @@ bool pressKey(QKeyCombination key)
     return press(key.key(), key.keyboardModifiers(), textOf(key.key()));
 }
 
-bool typeCharacter(QChar character)
+bool typeCharacter(char32_t character)
 {
-    return press(character.toUpper().unicode(), Qt::NoModifier, QString(character));
+    const bool isBasic = !QChar::requiresSurrogates(character);
+    return press(isBasic ? int(QChar::toUpper(character)) : int(Qt::Key_unknown), Qt::NoModifier,
+                 QString::fromUcs4(&character, 1));
+}
+
+bool canBeClicked(const QWidget& widget)
+{
+    return widget.visibleRegion().contains(widget.rect().center());
 }
 
 void click(QWidget& widget)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QChar>
 #include <QKeyCombination>
 #include <QString>
 
@@ -23,7 +22,9 @@ std::optional<QKeyCombination> keyNamed(const QString& name);
 /// Presses and releases a key in the active window. @return false when no window is active
 bool pressKey(QKeyCombination key);
 /// Types a character into the active window. @return false when no window is active
-bool typeCharacter(QChar character);
+bool typeCharacter(char32_t character);
+/// True when the middle of the widget can be seen, so that a person could click it.
+bool canBeClicked(const QWidget& widget);
 /// Clicks the middle of a widget.
 void click(QWidget& widget);
 

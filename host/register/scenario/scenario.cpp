@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "scenario.h"
 
+#include "postedinput.h"
+
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -86,6 +88,25 @@ std::optional<QString> unknownMember(const Form& form, const QJsonObject& object
     return unknown == members.cend() ? std::nullopt : std::optional(*unknown);
 }
 
+QJsonValue::Type typeOf(Slot slot)
+{
+    return slot == Slot::Times ? QJsonValue::Double : QJsonValue::String;
+}
+
+Failure wrongType(const char* member)
+{
+    return untranslatedFailure(u'"' + QLatin1StringView(member) + u"\" has a value of the wrong type"_s);
+}
+
+/// Why the step cannot be played whatever the register does; nothing: it may be played.
+std::optional<Failure> obstacleTo(const ScenarioStep& step)
+{
+    if (step.kind == Kind::Key && !postedinput::keyNamed(step.text)) {
+        return untranslatedFailure(u"there is no key \""_s + step.text + u'"');
+    }
+    return std::nullopt;
+}
+
 Expected<ScenarioStep> readStep(const QJsonObject& object)
 {
     const auto* form = std::find_if(std::begin(forms), std::end(forms), [&object](const Form& candidate) {
@@ -99,7 +120,7 @@ Expected<ScenarioStep> readStep(const QJsonObject& object)
     }
     const QJsonValue main = object.value(QLatin1StringView(form->member));
     if (main.type() != form->type) {
-        return untranslatedFailure(u"\""_s + QLatin1StringView(form->member) + u"\" has a value of the wrong type"_s);
+        return wrongType(form->member);
     }
     ScenarioStep step;
     step.kind = form->kind;
@@ -111,9 +132,15 @@ Expected<ScenarioStep> readStep(const QJsonObject& object)
         if (second.isUndefined() && form->secondRequired) {
             return untranslatedFailure(u"\""_s + QLatin1StringView(form->second) + u"\" is missing"_s);
         }
+        if (!second.isUndefined() && second.type() != typeOf(form->secondHolds)) {
+            return wrongType(form->second);
+        }
         if (!second.isUndefined()) {
             fill(step, form->secondHolds, second);
         }
+    }
+    if (const std::optional<Failure> obstacle = obstacleTo(step)) {
+        return *obstacle;
     }
     return step;
 }

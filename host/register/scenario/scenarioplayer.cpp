@@ -164,13 +164,9 @@ StepResult ScenarioPlayer::performInput(const ScenarioStep& step)
 
 StepResult ScenarioPlayer::press(const ScenarioStep& step)
 {
-    const std::optional<QKeyCombination> key = postedinput::keyNamed(step.text);
-    if (!key) {
-        return {false, u"there is no key of that name"_s};
-    }
     m_pace = pressingPace;
     for (int pressed = 0; pressed < step.times; ++pressed) {
-        m_input.append([combination = *key] { return postedinput::pressKey(combination); });
+        m_input.append([name = step.text] { return postedinput::pressKey(postedinput::keyNamed(name).value()); });
     }
     return {true, {}};
 }
@@ -183,6 +179,9 @@ StepResult ScenarioPlayer::click(const ScenarioStep& step)
     }
     if (!widget->isEnabled()) {
         return {false, step.target + u" is disabled"_s};
+    }
+    if (!postedinput::canBeClicked(*widget)) {
+        return {false, u"the middle of "_s + step.target + u" cannot be seen"_s};
     }
     postedinput::click(*widget);
     return {true, {}};
@@ -202,7 +201,7 @@ StepResult ScenarioPlayer::enter(const ScenarioStep& step)
     }
     const bool scanned = step.kind == ScenarioStep::Kind::Scan;
     m_pace = scanned ? scanningPace : typingPace;
-    for (const QChar character : step.text) {
+    for (const char32_t character : step.text.toUcs4()) {
         m_input.append([character] { return postedinput::typeCharacter(character); });
     }
     if (scanned) {

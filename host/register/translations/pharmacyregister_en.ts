@@ -366,6 +366,36 @@ Open one and try again.</translation>
         <translation>“%1” is not available now: no plug-in that does it is connected.
 Call the administrator.</translation>
     </message>
+    <message id="keyNeedsNoReceipt">
+        <source>«%1» работает, когда чек не открыт.
+Закончите или отложите чек и повторите.</source>
+        <translation>“%1” works while no receipt is open.
+Finish or suspend the receipt and try again.</translation>
+    </message>
+    <message id="keyNeedsDocuments">
+        <source>«%1» работает в списке документов.
+Откройте его через меню и повторите.</source>
+        <translation>“%1” works in the list of documents.
+Open it from the menu and try again.</translation>
+    </message>
+    <message id="menuNeedsNoReceipt">
+        <source>открыт чек</source>
+        <translation>a receipt is open</translation>
+    </message>
+    <message id="menuNeedsDocuments">
+        <source>только в списке документов</source>
+        <translation>only in the list of documents</translation>
+    </message>
+    <message id="pluginCommandInReturn">
+        <source>Открыт возврат, а эта команда действует только в продаже.
+Закончите возврат, откройте чек и повторите.</source>
+        <translation>A return is open, and this command works in a sale only.
+Finish the return, open a receipt and try again.</translation>
+    </message>
+    <message id="menuOnlyInSales">
+        <source>только в продаже</source>
+        <translation>only in a sale</translation>
+    </message>
     <message id="positionNotChosen">
         <source>Сначала выберите позицию чека.</source>
         <translation>Choose a position of the receipt first.</translation>
@@ -427,6 +457,52 @@ To dispense another quantity remove the position and dispense it anew.</translat
     <message id="pluginProblems">
         <source>Модуль не подключён: %1</source>
         <translation>Plug-in not connected: %1</translation>
+    </message>
+    <message id="keyWithoutPlugin">
+        <source>«%1» не работает: нет модуля.</source>
+        <translation>“%1” does not work: there is no plug-in for it.</translation>
+    </message>
+    <message id="pluginProblemsDetails">
+        <source>Сообщите администратору. Подробности в журнале, в папке %1</source>
+        <translation>Call the administrator. The log in the folder %1 says more</translation>
+    </message>
+    <message id="statusMore">
+        <source>Подробнее</source>
+        <translation>More</translation>
+    </message>
+    <message id="busySince">
+        <source>Начато в %1</source>
+        <translation>Began at %1</translation>
+    </message>
+    <message id="busySinceWithLimit">
+        <source>Начато в %1. Ждём ответа %2 с, самое большее %3 с</source>
+        <translation>Began at %1. Waiting for %2 s, at most %3 s</translation>
+    </message>
+    <message id="busyEscapeAsks">
+        <source>Esc — не ждать ответа (касса переспросит)</source>
+        <translation>Esc: do not wait for the answer (you are asked first)</translation>
+    </message>
+    <message id="busyEscapeStops">
+        <source>Esc — прекратить: ничего не записывается</source>
+        <translation>Esc: stop; nothing is recorded</translation>
+    </message>
+    <message id="busyStopTitle">
+        <source>Не ждать ответа?</source>
+        <translation>Stop waiting?</translation>
+    </message>
+    <message id="busyStopQuestion">
+        <source>Запрос мог уже дойти до сервера и быть выполнен. Если не ждать ответа, касса не узнает, записано ли это: придётся выяснять, прежде чем повторять.
+Надёжнее дождаться ответа.</source>
+        <translation>The request may have reached the server and been carried out. Without its answer the register does not know whether this is recorded: find out before you try again.
+It is safer to wait for the answer.</translation>
+    </message>
+    <message id="busyStopYes">
+        <source>Не ждать</source>
+        <translation>Stop waiting</translation>
+    </message>
+    <message id="busyStopNo">
+        <source>Ждать дальше</source>
+        <translation>Wait on</translation>
     </message>
     <message id="registerTitle">
         <source>Касса аптеки</source>
@@ -931,8 +1007,12 @@ To return others, cancel the return and begin it again.</translation>
         <translation>The action was not done</translation>
     </message>
     <message id="actionStopped">
-        <source>%1. Устраните причину, названную в сообщении, и повторите.</source>
-        <translation>%1. Mend the cause that the message named, and try again.</translation>
+        <source>%1. %2</source>
+        <translation>%1. %2</translation>
+    </message>
+    <message id="actionStoppedSilently">
+        <source>%1: модуль остановил это действие. Если остановили не вы, повторите.</source>
+        <translation>%1: a plug-in stopped this action. If it was not you, try again.</translation>
     </message>
     <message id="actionNotFound">
         <source>%1: модуль не нашёл у себя эту позицию или этот чек. Чек не изменён.

@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "busyscreen.h"
 
+#include "currenttime.h"
+#include "pluginscope.h"
+#include "question.h"
 #include "registerstyle.h"
+#include "runningrequest.h"
+#include "tr.h"
+#include "workstep.h"
+#include "wrappedlabel.h"
 
-#include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -11,50 +17,144 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int panelWidth = 520;
-constexpr int panelHeight = 220;
+constexpr int panelWidth = 560;
 constexpr int ringSize = 64;
+constexpr int ringRoom = ringSize + 32;
+constexpr int linesOfMessage = 2;
+constexpr int linesOfStep = 4;
+constexpr int linesOfTime = 2;
+constexpr int linesOfHint = 2;
 constexpr int degreesPerTurn = 360;
 constexpr int step = 12; // degrees
 constexpr auto stepTime = std::chrono::milliseconds(33);
+
+QString seconds(std::chrono::seconds time)
+{
+    return QString::number(time.count());
+}
+
+/// @param since when the work began
+/// @param request null: none runs now
+QString timeText(const QString& since, const RunningRequest* request)
+{
+    if (!request) {
+        return tr::Tr(u"busySince"_s, u"Начато в %1"_s).arg(since).ui();
+    }
+    return tr::Tr(u"busySinceWithLimit"_s, u"Начато в %1. Ждём ответа %2 с, самое большее %3 с"_s)
+        .arg(since)
+        .arg(seconds(request->elapsed()))
+        .arg(seconds(request->limit()))
+        .ui();
+}
+
+QString hintText(const RunningRequest* request)
+{
+    if (!request) {
+        return {};
+    }
+    return (request->changesSomething() ? tr::Tr(u"busyEscapeAsks"_s, u"Esc — не ждать ответа (касса переспросит)"_s)
+                                        : tr::Tr(u"busyEscapeStops"_s, u"Esc — прекратить: ничего не записывается"_s))
+        .ui();
+}
+
+Question stopQuestion()
+{
+    return {
+        {u"busyStopTitle"_s, u"Не ждать ответа?"_s},
+        {u"busyStopQuestion"_s,
+         u"Запрос мог уже дойти до сервера и быть выполнен. Если не ждать ответа, касса не узнает, записано ли это: "
+         "придётся выяснять, прежде чем повторять.\nНадёжнее дождаться ответа."_s},
+        {u"busyStopYes"_s, u"Не ждать"_s},
+        {u"busyStopNo"_s, u"Ждать дальше"_s},
+    };
+}
+
 } // namespace
 
 BusyScreen::BusyScreen(QWidget* parent)
     : QWidget(parent)
+    , m_panel(new QWidget(this))
 {
     setObjectName(u"busyScreen"_s);
-    m_message = new QLabel(this);
-    m_message->setObjectName(u"busyMessageLabel"_s);
-    m_message->setTextFormat(Qt::PlainText);
-    m_message->setWordWrap(true);
-    m_message->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    m_message->setFixedSize(panelWidth - 48, panelHeight / 2 - 24);
-
+    fillPanel();
     auto* layout = new QVBoxLayout(this);
-    layout->addStretch();
-    layout->addSpacing(panelHeight / 2);
-    layout->addWidget(m_message, 0, Qt::AlignHCenter);
-    layout->addSpacing(24);
-    layout->addStretch();
+    layout->addWidget(m_panel, 0, Qt::AlignCenter);
 
     m_turning.setInterval(stepTime);
     connect(&m_turning, &QTimer::timeout, this, [this] {
         m_angle = (m_angle + step) % degreesPerTurn;
+        showProgress();
         update();
     });
+    RunningRequest::setEscape([this](RunningRequest& request) { stopWaiting(request); });
     hide();
+}
+
+BusyScreen::~BusyScreen()
+{
+    RunningRequest::setEscape({});
+}
+
+void BusyScreen::fillPanel()
+{
+    m_panel->setFixedWidth(panelWidth);
+    auto* layout = new QVBoxLayout(m_panel);
+    layout->setContentsMargins(24, ringRoom, 24, 16);
+    layout->setSpacing(8);
+    m_message = addText(u"busyMessageLabel"_s, linesOfMessage);
+    m_step = addText(u"busyStepLabel"_s, linesOfStep);
+    m_time = addText(u"busyTimeLabel"_s, linesOfTime);
+    m_hint = addText(u"busyHintLabel"_s, linesOfHint);
+    m_hint->setProperty("textRole", u"hint"_s);
+}
+
+/// As high as the longest text, so that nothing moves while the work goes on.
+WrappedLabel* BusyScreen::addText(const QString& name, int lines)
+{
+    auto* label = new WrappedLabel(m_panel);
+    label->setObjectName(name);
+    label->setFixedHeight(lines * label->fontMetrics().lineSpacing());
+    m_panel->layout()->addWidget(label);
+    return label;
 }
 
 void BusyScreen::start(const QString& message)
 {
+    if (!m_isWorking) {
+        m_since = CurrentTime::create()->current().toString(u"HH:mm:ss"_s);
+    }
     m_isWorking = true;
     m_message->setText(message);
     setAccessibleName(message);
+    showProgress();
     setGeometry(parentWidget()->rect());
     show();
     raise();
     takeFocus();
     repaint();
+}
+
+void BusyScreen::showProgress()
+{
+    const RunningRequest* request = RunningRequest::current();
+    m_step->setText(WorkStep::currentText());
+    m_time->setText(timeText(m_since, request));
+    m_hint->setText(hintText(request));
+}
+
+void BusyScreen::stopWaiting(RunningRequest& request)
+{
+    if (!isVisible()) {
+        return;
+    }
+    if (!request.changesSomething()) {
+        request.stop();
+        return;
+    }
+    const PluginScope ownCode(QString{});
+    if (stopQuestion().ask()) {
+        request.stop();
+    }
 }
 
 /// Without the focus, the caret of the input below would keep blinking.
@@ -91,14 +191,13 @@ void BusyScreen::paintEvent(QPaintEvent*)
     veil.setAlpha(96);
     painter.fillRect(rect(), veil);
 
-    QRect panel(0, 0, std::min(panelWidth, width()), std::min(panelHeight, height()));
-    panel.moveCenter(rect().center());
+    const QRect panel = m_panel->geometry();
     painter.setPen(colours.line);
     painter.setBrush(colours.panel);
     painter.drawRoundedRect(panel, 8, 8);
 
     QRect ring(0, 0, ringSize, ringSize);
-    ring.moveCenter({panel.center().x(), panel.top() + panelHeight / 4 + 8});
+    ring.moveCenter({panel.center().x(), panel.top() + ringRoom / 2 + 4});
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(colours.raised, 8));
     painter.drawEllipse(ring);

@@ -2,18 +2,23 @@
 #pragma once
 
 #include <QPointer>
+#include <QString>
 #include <QTimer>
 #include <QWidget>
 
 class QLabel;
+class RunningRequest;
+class WrappedLabel;
 
-/// Covers the window during long work, with a message and a turning ring. It keeps the focus until the work ends.
+/// Covers the window during long work, with a message and a turning ring: what is done, since when, how long it takes
+/// at most, and what Esc does. It keeps the focus until the work ends.
 class BusyScreen : public QWidget
 {
     Q_OBJECT
 
 public:
     explicit BusyScreen(QWidget* parent);
+    ~BusyScreen() override;
 
     /// Takes the focus, and gives it back when the work ends.
     void takeFocus();
@@ -31,9 +36,21 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    QLabel* m_message;
+    void fillPanel();
+    WrappedLabel* addText(const QString& name, int lines);
+    /// Shows what is known now of the step and of its request.
+    void showProgress();
+    /// Stops a request that changes nothing; asks first for any other one.
+    void stopWaiting(RunningRequest& request);
+
+    QWidget* m_panel;
+    WrappedLabel* m_message = nullptr;
+    WrappedLabel* m_step = nullptr;
+    WrappedLabel* m_time = nullptr;
+    WrappedLabel* m_hint = nullptr;
     QPointer<QWidget> m_focusBefore;
     QTimer m_turning;
+    QString m_since; ///< when the work began, as it is shown
     int m_angle = 0;
     bool m_isWorking = false;
 };

@@ -21,6 +21,7 @@
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QShortcut>
 #include <QTimer>
 #include <QToolTip>
@@ -66,6 +67,11 @@ RegisterWindow::RegisterWindow(Till& till, const PositionMarks& marks, const QLi
     showConflicts(keys);
     offerCommands();
     connect(Singleton<ActionQueueController>::get(), &ActionQueueController::stopped, this, &RegisterWindow::showStop);
+    // A message belongs to the action that showed it.
+    connect(Singleton<ActionQueueController>::get(), &ActionQueueController::idle, this,
+            [] { Singleton<GraphicalUserInterface>::get()->host().lastMessage.clear(); });
+    connect(m_statusLine, &StatusLine::moreWanted, this,
+            [](const QString& text) { showNotice(tr::Tr(tr::undefined, u"%1"_s).arg(text)); });
     connect(m_lock, &LockScreen::unlocked, this, &RegisterWindow::uncover);
     m_help->setAutoRepeat(false);
     m_help->setEnabled(!m_isHelpKeyTaken);
@@ -184,14 +190,29 @@ void RegisterWindow::leave(BasicForm& form)
     }
 }
 
+/// True for a key or a click of a cashier who goes on working: not for one that asks what the warning says.
+bool RegisterWindow::goesOn(const QEvent& event) const
+{
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+        return !m_statusLine->isButtonAt(static_cast<const QMouseEvent&>(event).globalPosition().toPoint());
+    case QEvent::KeyPress:
+    case QEvent::ShortcutOverride: {
+        const auto& key = static_cast<const QKeyEvent&>(event);
+        const bool asksForMore =
+            key.key() == Qt::Key_Control || QKeySequence(key.keyCombination()) == StatusLine::buttonKey();
+        return !key.isAutoRepeat() && !asksForMore;
+    }
+    default:
+        return false;
+    }
+}
+
 /// The first key or click after a warning removes it. A function key arrives as a ShortcutOverride, never as a
 /// KeyPress.
 bool RegisterWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
-    const bool goesOn =
-        event->type() == QEvent::MouseButtonPress || (isKey && !static_cast<QKeyEvent*>(event)->isAutoRepeat());
-    if (goesOn && m_statusLine->isWarningShown() && !m_lock->isLocked()) {
+    if (goesOn(*event) && m_statusLine->isWarningShown() && !m_lock->isLocked()) {
         m_statusLine->dropNews();
     }
     return QWidget::eventFilter(watched, event);

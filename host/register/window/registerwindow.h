@@ -58,6 +58,7 @@ private:
     void unwind();
     void goOnUnwinding();
     bool isAtWork() const;
+    bool goesOn(const QEvent& event) const;
     void arrangeLayers();
     void cover();
     void uncover();

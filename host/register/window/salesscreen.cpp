@@ -4,8 +4,11 @@
 #include "actionfactory.h"
 #include "actionqueuecontroller.h"
 #include "config.h"
+#include "directionmarks.h"
 #include "documentwords.h"
+#include "formhost.h"
 #include "functionkeybar.h"
+#include "graphicaluserinterface.h"
 #include "plaintooltip.h"
 #include "registeraction.h"
 #include "screenhelp.h"
@@ -159,7 +162,7 @@ void SalesScreen::refresh()
     showPositions();
     m_documentNumber->setText(document ? documentwords::title(*document)
                                        : tr::Tr(u"receiptNone"_s, u"Чек не открыт"_s).ui());
-    const QString info = document ? m_marks.documentText(*document) : QString();
+    const QString info = document ? withoutDirectionMarks(m_marks.documentText(*document)) : QString();
     m_documentInfo->setText(info);
     m_documentInfo->setToolTip(plainToolTip(info));
     m_search->showDocument(document.data());
@@ -335,19 +338,7 @@ void SalesScreen::goBack()
 
 void SalesScreen::press(const FunctionKey& key)
 {
-    const bool handled = Singleton<ActionQueueController>::get()->isHandled(key.actionType);
-    control::Action action =
-        Singleton<control::ActionFactory>::get()->create(handled ? key.actionType : registeraction::explainKey);
-    if (!handled) {
-        action.insert(u"text"_s, key.text);
-    }
-    for (auto argument = key.arguments.cbegin(); argument != key.arguments.cend(); ++argument) {
-        action.insert(argument.key(), argument.value());
-    }
-    if (const int number = m_model.positionNumber(m_table->currentIndex().row())) {
-        action.insert(u"positionNumber"_s, number);
-    }
-    give(action);
+    give(actionOf(key, m_model.positionNumber(m_table->currentIndex().row())));
 }
 
 /// Ignores keys while an action is running.
@@ -355,6 +346,8 @@ void SalesScreen::give(const control::Action& action)
 {
     auto* controller = Singleton<ActionQueueController>::get();
     if (!controller->isBusy()) {
+        // Whatever was shown before is no message of this action.
+        Singleton<GraphicalUserInterface>::get()->host().lastMessage.clear();
         controller->enqueue(action, false);
     }
 }

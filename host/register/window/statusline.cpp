@@ -2,13 +2,18 @@
 #include "statusline.h"
 
 #include "currenttime.h"
+#include "directionmarks.h"
 #include "iconsviewnotifier.h"
 #include "plaintooltip.h"
 #include "registerstyle.h"
 #include "tallokeyboard.h"
+#include "tr.h"
+#include "wrappedlabel.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -19,7 +24,7 @@ constexpr const char* permanent = "hint";
 constexpr const char* done = "done";
 constexpr const char* warning = "waiting";
 constexpr int linesOfMessage = 2;
-constexpr int roomAroundMessage = 8; // pixels
+constexpr int roomAroundMessage = 10; // pixels; in touch mode the button is as high as the message then
 } // namespace
 
 StatusLine::StatusLine(QWidget* parent)
@@ -29,11 +34,14 @@ StatusLine::StatusLine(QWidget* parent)
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(16, 0, 16, 6);
     layout->setSpacing(24);
-    m_message = addLabel(u"statusMessageLabel"_s, 1);
-    m_message->setWordWrap(true);
+    m_message = new WrappedLabel(this);
+    m_message->setObjectName(u"statusMessageLabel"_s);
+    m_message->setProperty("textRole", QLatin1StringView(permanent));
+    layout->addWidget(m_message, 1);
     m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     // Always as high as the longest message, so that nothing moves under a finger when the message changes.
     m_message->setFixedHeight(linesOfMessage * fontMetrics().lineSpacing() + roomAroundMessage);
+    m_more = addButton();
     m_plugins = addLabel(u"pluginStateLabel"_s, 0);
     m_keyboardLayout = addLabel(u"keyboardLayoutLabel"_s, 0);
     m_clock = addLabel(u"clockLabel"_s, 0);
@@ -55,9 +63,57 @@ QLabel* StatusLine::addLabel(const QString& name, int stretch)
     return label;
 }
 
-void StatusLine::showMessage(const QString& text)
+QPushButton* StatusLine::addButton()
+{
+    auto* button = new QPushButton(this);
+    button->setObjectName(u"statusMoreButton"_s);
+    button->setText(tr::Tr(u"statusMore"_s, u"Подробнее"_s).ui());
+    button->setAccessibleName(button->text());
+    button->setToolTip(buttonKey().toString(QKeySequence::NativeText));
+    button->setAutoDefault(false);
+    button->setFocusPolicy(Qt::NoFocus); // the focus stays where the next scan is expected
+    button->hide();
+    static_cast<QHBoxLayout*>(layout())->addWidget(button);
+    const auto tell = [this] {
+        const QString message = m_message->text();
+        emit moreWanted(m_details.isEmpty() ? message : message + u'\n' + m_details);
+    };
+    connect(button, &QPushButton::clicked, this, tell);
+    auto* key = new QShortcut(buttonKey(), this);
+    connect(key, &QShortcut::activated, this, [this, tell] {
+        if (m_more->isVisible()) {
+            tell();
+        }
+    });
+    return button;
+}
+
+QKeySequence StatusLine::buttonKey()
+{
+    return {Qt::CTRL | Qt::Key_F12};
+}
+
+bool StatusLine::isButtonAt(const QPoint& place) const
+{
+    return m_more->isVisible() && m_more->rect().contains(m_more->mapFromGlobal(place));
+}
+
+void StatusLine::resizeEvent(QResizeEvent*)
+{
+    offerMore();
+}
+
+/// The button takes room from the message: a text that just fits without it is cut beside it, and the button shows it.
+void StatusLine::offerMore()
+{
+    layout()->activate();
+    m_more->setVisible(!m_message->text().isEmpty() && (!m_details.isEmpty() || m_message->isCut()));
+}
+
+void StatusLine::showMessage(const QString& text, const QString& details)
 {
     m_permanentMessage = text;
+    m_permanentDetails = details;
     dropNews();
 }
 
@@ -88,14 +144,17 @@ void StatusLine::dropNews()
     if (!m_permanentMessage.isEmpty()) {
         lines.append(m_permanentMessage);
     }
-    show(lines.join(u'\n'), permanent);
+    show(lines.join(u'\n'), permanent, m_permanentDetails);
 }
 
-void StatusLine::show(const QString& text, const char* textRole)
+void StatusLine::show(const QString& text, const char* textRole, const QString& details)
 {
-    m_message->setText(text);
+    m_message->setText(withoutDirectionMarks(text));
     m_message->setToolTip(plainToolTip(text));
+    m_details = withoutDirectionMarks(details);
     setStyleProperty(*m_message, u"textRole"_s, QLatin1StringView(textRole));
+    m_more->hide();
+    offerMore();
 }
 
 void StatusLine::showPlugins(const QString& text, const QString& details)

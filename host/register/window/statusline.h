@@ -2,12 +2,17 @@
 #pragma once
 
 #include <QEvent>
+#include <QKeySequence>
 #include <QString>
 #include <QWidget>
 
 class QLabel;
+class QPushButton;
+class WrappedLabel;
 
 /// The line at the bottom of the window: a message, the plug-ins, the keyboard layout and the clock.
+///
+/// A message that does not fit ends in an ellipsis. Then, and where there is more to say, a button shows it whole.
 class StatusLine : public QWidget
 {
     Q_OBJECT
@@ -16,13 +21,18 @@ public:
     explicit StatusLine(QWidget* parent = nullptr);
 
     /// Shows a permanent message; empty: none.
-    void showMessage(const QString& text);
+    /// @param details what else the button shows; empty: nothing
+    void showMessage(const QString& text, const QString& details = {});
     /// Shows one more problem of the configuration, before the permanent message.
     void addProblem(const QString& text);
     /// Shows what was done, in large letters, in place of the permanent message until dropNews().
     void showDone(const QString& text);
     /// Shows a warning on amber, in place of the permanent message until dropNews().
     void showWarning(const QString& text);
+    /// True for a place in the window's screen coordinates where the button is.
+    bool isButtonAt(const QPoint& place) const;
+    /// The shortcut of the button.
+    static QKeySequence buttonKey();
     bool isWarningShown() const;
     /// Shows the permanent message again.
     void dropNews();
@@ -30,15 +40,27 @@ public:
     /// @param details the tool tip
     void showPlugins(const QString& text, const QString& details);
 
+signals:
+    /// The cashier wants to read the whole message.
+    void moreWanted(const QString& text);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void showTime();
     void onIconsChanged(QEvent::Type type, QObject* source);
     QLabel* addLabel(const QString& name, int stretch);
-    void show(const QString& text, const char* textRole);
+    QPushButton* addButton();
+    void show(const QString& text, const char* textRole, const QString& details = {});
+    void offerMore();
 
     QStringList m_problems;
     QString m_permanentMessage;
-    QLabel* m_message;
+    QString m_permanentDetails;
+    QString m_details; ///< of the message that is shown
+    WrappedLabel* m_message;
+    QPushButton* m_more;
     QLabel* m_plugins;
     QLabel* m_keyboardLayout;
     QLabel* m_clock;

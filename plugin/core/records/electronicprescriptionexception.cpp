@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionexception.h"
 
-ElectronicPrescriptionException::ElectronicPrescriptionException(const tr::Tr& message)
+ElectronicPrescriptionException::ElectronicPrescriptionException(const tr::Tr& message, Outcome outcome)
     : BasicException(message)
+    , m_outcome(outcome)
 {
 }
 

@@ -43,6 +43,11 @@ QString PositionOptions::id() const
     return m_members[positionformat::id].toString();
 }
 
+QString PositionOptions::serialNumber() const
+{
+    return m_members[positionformat::serialNumber].toString();
+}
+
 QString PositionOptions::tradeNameCode() const
 {
     return m_members[positionformat::tradeNameCode].toString();

@@ -34,6 +34,8 @@ public:
 
     /// The prescription's identifier in the registry.
     QString id() const;
+    /// The number of the prescription form, as the patient's paper has it; empty when unknown.
+    QString serialNumber() const;
     QString tradeNameCode() const;
     /// Of the organization that pays the benefit; empty: nobody does.
     QString organizationId() const;

@@ -86,14 +86,13 @@ bool Fault::isShown() const
 
 QByteArray Fault::message() const
 {
-    const bool isPost = endpoint != Endpoint::ByCard;
     switch (answer) {
     case Answer::Usable:
         return {};
     case Answer::Broken:
-        return isPost ? "Запрос мог быть выполнен" : "прервалась";
+        return books(endpoint) ? "Запрос мог быть выполнен" : "прервалась";
     case Answer::None:
-        return isPost ? "Запрос мог быть выполнен" : "не ответил вовремя";
+        return books(endpoint) ? "Запрос мог быть выполнен" : "не ответил вовремя";
     case Answer::Refusal:
         return "временно недоступен";
     case Answer::Unusable:

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pharmacydoubles.h"
 
+#include "workstep.h"
+
 #include <QJsonDocument>
 
 void RegistryClient::getElectronicPrescriptionsByCardNumber(const QString& cardNumber, const QString& status,
@@ -195,6 +197,8 @@ void PharmacyTest::answerDialogs()
 {
     m_dialog.onMessage = [this](const DialogDouble::Message& message) {
         messages << message.tr;
+        messageSteps << WorkStep::currentText();
+        messageAdvice << WorkStep::currentAdvice();
         journal << QString("message %1/%2/%3 %4")
                        .arg(message.kind)
                        .arg(message.sound)
@@ -228,6 +232,7 @@ QSharedPointer<GoodsItem> PharmacyTest::addPosition(int number, const char* opti
 {
     GoodsItem::Goods goods;
     goods.number = number;
+    goods.name = QString("Товар %1").arg(number);
     goods.price = Kopecks::fromRoubles(price).value();
     const QSharedPointer<GoodsItem> position(new PositionWithMinimum(goods, minRetailPrice));
     if (options) {

@@ -170,6 +170,8 @@ protected:
     std::function<EContext::Result(control::Action&)> onAction = [](control::Action&) { return EContext::GoOn; };
 
     QList<tr::Tr> messages;                        ///< shown to the cashier
+    QStringList messageSteps;                      ///< that the messages were about, one for each message
+    QStringList messageAdvice;                     ///< below the messages, one for each message
     QList<Event> events;                           ///< sent to the register
     QList<TextInputParams> textInputs;             ///< shown to the cashier
     QList<control::Action> actions;                ///< executed, as they were handed over

@@ -11,6 +11,7 @@
 #include "goodscommands.h"
 #include "graphicaluserinterface.h"
 #include "inplace.h"
+#include "keycommands.h"
 #include "loyaltysystemlayer.h"
 #include "menucommands.h"
 #include "opendocumentcommands.h"
@@ -77,6 +78,8 @@ protected:
         goodsCommands->offer(controller.object);
         paymentCommands = std::make_unique<PaymentCommands>(*till);
         paymentCommands->offer(controller.object);
+        keyCommands = std::make_unique<KeyCommands>(*till);
+        keyCommands->offer(controller.object);
         menuCommands = std::make_unique<MenuCommands>(*till, QList<FunctionKey>());
         menuCommands->offer(controller.object);
     }
@@ -108,5 +111,6 @@ protected:
     std::unique_ptr<OpenDocumentCommands> openDocumentCommands;
     std::unique_ptr<GoodsCommands> goodsCommands;
     std::unique_ptr<PaymentCommands> paymentCommands;
+    std::unique_ptr<KeyCommands> keyCommands;
     std::unique_ptr<MenuCommands> menuCommands;
 };

@@ -2,6 +2,7 @@
 #include "dialog.h"
 
 #include "askform.h"
+#include "workstep.h"
 
 #include <QVariantMap>
 
@@ -16,7 +17,9 @@ void Dialog::showMessage(const tr::Tr& text, int kind, int sound, int seconds)
     Event event(EActivityListener::ShowMessage);
     event.addArgument(u"message"_s, QVariant::fromValue(text))
         .addArgument(u"kind"_s, kind)
-        .addArgument(u"seconds"_s, seconds);
+        .addArgument(u"seconds"_s, seconds)
+        .addArgument(u"about"_s, WorkStep::currentText())
+        .addArgument(u"advice"_s, WorkStep::currentAdvice());
     core::BasicDialog().show(false, sound == 0, EInput::Keyboard, event);
 }
 

@@ -24,6 +24,7 @@ public:
     Q_DISABLE_COPY_MOVE(Dialog)
 
     /// Shows a text until the cashier confirms it. During long work the busy screen pauses, so that the text is seen.
+    /// Above the text stands what a WorkStep is about, below it the step's advice. An empty text gets a text.
     ///
     /// @param kind a value of MessageKind
     /// @param sound 1: with a beep, 0: silent

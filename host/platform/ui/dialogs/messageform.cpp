@@ -3,6 +3,8 @@
 
 #include "dialog.h"
 #include "dialogeventfilter.h"
+#include "formhost.h"
+#include "graphicaluserinterface.h"
 #include "registerstyle.h"
 
 #include <QApplication>
@@ -36,6 +38,29 @@ Kind kindOf(int kind)
     return {QStyle::SP_MessageBoxInformation, {u"messageFormNoticeTitle"_s, u"Сообщение"_s}, "notice"};
 }
 
+/// A server or a plug-in may send a failure without words.
+tr::Tr withoutText(int kind)
+{
+    return kind == Dialog::Error
+               ? tr::Tr(u"messageFormErrorWithoutText"_s,
+                        u"Произошла ошибка, её причина не названа. Повторите действие. Если ошибка повторится, "
+                        "обратитесь к администратору."_s)
+               : tr::Tr(u"messageFormNoticeWithoutText"_s, u"Пришло сообщение без текста. Можно работать дальше."_s);
+}
+
+/// The whole message, in lines.
+QString wholeText(const Event& event)
+{
+    const QString text = event.value(u"message"_s).value<tr::Tr>().ui();
+    QStringList lines = {
+        event.value(u"about"_s).toString(),
+        text.trimmed().isEmpty() ? withoutText(event.value(u"kind"_s, Dialog::Notice).toInt()).ui() : text,
+        event.value(u"advice"_s).toString(),
+    };
+    lines.removeAll(QString());
+    return lines.join(u'\n');
+}
+
 } // namespace
 
 MessageForm::MessageForm(const Event& event, QObject* parent)
@@ -53,7 +78,9 @@ MessageForm::MessageForm(const Event& event, QObject* parent)
     if (auto* area = findWidget<QWidget>(u"messageScrollArea"_s, false)) {
         area->setAccessibleName(tr::Tr(u"messageFormText"_s, u"Текст сообщения"_s).ui());
     }
-    showText(u"messageLabel"_s, event.value(u"message"_s).value<tr::Tr>().ui());
+    const QString text = wholeText(event);
+    showText(u"messageLabel"_s, text);
+    Singleton<GraphicalUserInterface>::get()->host().lastMessage = text;
 
     setHelp({{{FormHelp::enterKey(), {u"helpMessageEnter"_s, u"закрыть сообщение"_s}},
               {u"Esc"_s, {u"helpMessageEsc"_s, u"закрыть сообщение"_s}}},

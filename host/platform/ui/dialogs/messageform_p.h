@@ -11,7 +11,7 @@ class MessageForm : public BasicDialogForm
 
 public:
     /// @param event "message" (tr::Tr), "kind" (Dialog::MessageKind), "seconds" after which the form closes by itself
-    /// (0: never)
+    /// (0: never), "about" and "advice" (QString) for the lines above and below the text
     explicit MessageForm(const Event& event, QObject* parent = nullptr);
 
     void show() override;

@@ -165,6 +165,11 @@ void TextInputForm::accept()
     if (!m_field) {
         return;
     }
+    if (m_params.required && m_field->text().trimmed().isEmpty()) {
+        showProblem({u"inputTextFormEmpty"_s, u"Поле пустое. Введите или отсканируйте значение"_s});
+        m_field->setFocus();
+        return;
+    }
     // A text that does not fit stays as it is: without one of its letters it would be another value.
     if (const QRegularExpressionMatch match = matched(m_field->text()); !match.hasMatch()) {
         const tr::Tr begun(u"inputTextFormIncomplete"_s, u"Введите значение полностью"_s);

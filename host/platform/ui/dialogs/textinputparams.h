@@ -22,6 +22,7 @@ struct REGISTERPLATFORM_EXPORT TextInputParams {
     int lines = 1;           ///< height of the field, in lines
     int columns = 0;         ///< width of the field, in characters; 0: all the room
     tr::Tr hint = {};        ///< beside the field, always: what may be entered; empty: none
+    bool required = false;   ///< OK in an empty field, or one of blanks, says that it is empty, and asks on
 };
 
 Q_DECLARE_METATYPE(TextInputParams)

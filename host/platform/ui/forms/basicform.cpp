@@ -4,6 +4,7 @@
 #include "basicexception.h"
 #include "config.h"
 #include "defaultbutton_p.h"
+#include "directionmarks.h"
 #include "einput.h"
 #include "expected.h"
 #include "formguard_p.h"
@@ -233,7 +234,7 @@ void BasicForm::showText(const QString& label, const QString& text, bool require
 {
     if (auto* shown = findWidget<QLabel>(label, required)) {
         shown->setTextFormat(Qt::PlainText);
-        shown->setText(text);
+        shown->setText(withoutDirectionMarks(text));
     }
 }
 

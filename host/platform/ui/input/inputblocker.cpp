@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "inputblocker.h"
 
+#include "runningrequest.h"
+
 #include <QEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QList>
 #include <QPointer>
 #include <QWidget>
@@ -13,12 +16,37 @@
 namespace
 {
 
+/// Asks from the event loop, since the question may be a form.
+void askToStopWaiting()
+{
+    QMetaObject::invokeMethod(
+        qApp,
+        [] {
+            if (RunningRequest* request = RunningRequest::current()) {
+                request->escape();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+bool isEscape(const QEvent& event)
+{
+    if (event.type() != QEvent::KeyPress) {
+        return false;
+    }
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.key() == Qt::Key_Escape && !key.isAutoRepeat();
+}
+
 /// Throws input away while it is installed, and remembers the windows that were asked to close.
 class InputSink : public QObject
 {
 public:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
+        if (isEscape(*event)) {
+            askToStopWaiting();
+        }
         switch (event->type()) {
         case QEvent::KeyPress:
         case QEvent::KeyRelease:

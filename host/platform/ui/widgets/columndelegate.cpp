@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "columndelegate_p.h"
 
+#include "directionmarks.h"
 #include "plaintooltip.h"
-
 #include "registerstyle.h"
 
 #include <QAbstractItemView>
@@ -63,6 +63,7 @@ bool ColumnDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const
 void ColumnDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    option->text = withoutDirectionMarks(option->text);
     option->text.replace(u'\n', u' ').replace(QChar::LineSeparator, u' ');
     option->textElideMode = Qt::ElideRight;
     if (const QVariant foreground = index.data(Qt::ForegroundRole); foreground.canConvert<QBrush>()) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "wrappedlabel.h"
 
+#include "directionmarks.h"
 #include "plaintooltip.h"
 #include "registerstyle.h"
 
@@ -73,14 +74,18 @@ QSize WrappedLabel::minimumSizeHint() const
     return QSize(fontMetrics().averageCharWidth(), fontMetrics().lineSpacing()) + frameRoom();
 }
 
+bool WrappedLabel::isCut() const
+{
+    const Lines& broken = lines(textRoom().width());
+    return linesWithRoom(broken) < broken.layout.lineCount();
+}
+
 bool WrappedLabel::event(QEvent* event)
 {
     if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) {
         return QLabel::event(event);
     }
-    const Lines& broken = lines(textRoom().width());
-    const bool isCut = linesWithRoom(broken) < broken.layout.lineCount();
-    const QString whole = isCut ? text().left(longestToolTip) : QString();
+    const QString whole = isCut() ? text().left(longestToolTip) : QString();
     // Only rich text is wrapped.
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(whole), this);
     return true;
@@ -130,7 +135,7 @@ const WrappedLabel::Lines& WrappedLabel::lines(int width) const
     if (m_wholeText != text() || m_brokenFont != font()) {
         m_lines.clear();
         m_wholeText = text();
-        m_brokenText = withBreaksInLongWords(m_wholeText);
+        m_brokenText = withBreaksInLongWords(withoutDirectionMarks(m_wholeText));
         m_brokenFont = font();
     }
     if (const Lines* known = m_lines.object(width)) {

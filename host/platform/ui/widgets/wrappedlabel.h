@@ -21,6 +21,9 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+    /// True when the text does not fit and ends in an ellipsis.
+    bool isCut() const;
+
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

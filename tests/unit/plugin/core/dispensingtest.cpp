@@ -3,6 +3,9 @@
 
 #include "electronicprescriptionexception.h"
 #include "electronicprescriptionnoprescriptionsexception.h"
+#include "workstep.h"
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -132,6 +135,65 @@ TEST_F(Dispensing, optionsAreNoJson_positionIsDue)
     EXPECT_EQ(dispense(), EContext::GoOn);
 
     EXPECT_EQ(position->getExtendedOptions(), R"({"status":"dispensed"})");
+}
+
+TEST_F(Dispensing, eachRegistration_isAStepOfItsOwnThatNamesPrescriptionAndGoods)
+{
+    addPosition(1, R"({"id":"r1","serialNumber":"АБ 17"})");
+    addPosition(2, R"({"status":"dispensed"})");
+    addPosition(3, R"({"id":"r3"})");
+    QStringList steps;
+    registry->onDispense = [&steps](GoodsItem&) { steps << WorkStep::currentText(); };
+
+    dispense();
+
+    EXPECT_EQ(steps, (QStringList{u"Регистрация отпуска 1 из 2. Рецепт АБ 17, товар: "_s + u"Товар 1"_s,
+                                  u"Регистрация отпуска 2 из 2. Рецепт r3, товар: "_s + u"Товар 3"_s}));
+    EXPECT_EQ(WorkStep::currentText(), QString());
+}
+
+TEST_F(Dispensing, failureOfTheSecond_readsWhichOneWhatIsRegisteredAndWhatToDoNext)
+{
+    using Outcome = ElectronicPrescriptionException::Outcome;
+    for (const auto& [outcome, word] : {std::pair(Outcome::Unknown, u"Неизвестно, записан ли в реестре этот отпуск"_s),
+                                        std::pair(Outcome::Settled, u"Реестр не подтвердил этот отпуск"_s),
+                                        std::pair(Outcome::Stopped, u"Реестр не подтвердил этот отпуск"_s)}) {
+        receipt->positions.clear();
+        addPosition(1, R"({"id":"a"})");
+        addPosition(2, R"({"id":"b"})");
+        registry->onDispense = [known = outcome](GoodsItem& position) {
+            if (position.getNumber() == 2) {
+                throw ElectronicPrescriptionException({"aKey", "Отказ"}, known);
+            }
+        };
+
+        EXPECT_EQ(dispense(), EContext::Stop);
+
+        EXPECT_EQ(messages.last(), tr::Tr("aKey", "Отказ")) << "the failure's own words";
+        EXPECT_TRUE(messageSteps.last().startsWith(u"Регистрация отпуска 2 из 2. Рецепт b, товар: "_s));
+        EXPECT_TRUE(messageAdvice.last().startsWith(word)) << qPrintable(messageAdvice.last());
+        EXPECT_TRUE(messageAdvice.last().contains(u"Записано до него: 1 из 2"_s)) << qPrintable(messageAdvice.last());
+        EXPECT_EQ(WorkStep::currentText(), QString());
+    }
+}
+
+TEST_F(Dispensing, cancellationFails_readsWhichOneAndWhatToDoNext)
+{
+    using Outcome = ElectronicPrescriptionException::Outcome;
+    const auto position = addPosition(1, R"({"id":"r1","status":"dispensed"})");
+    for (const auto& [outcome, word] :
+         {std::pair(Outcome::Unknown, u"Неизвестно, отменён ли этот отпуск"_s),
+          std::pair(Outcome::Settled, u"Реестр не подтвердил отмену: отпуск остаётся записанным"_s)}) {
+        registry->onCancel = [known = outcome](GoodsItem&) {
+            throw ElectronicPrescriptionException({"aKey", "Отказ"}, known);
+        };
+
+        EXPECT_FALSE(service.cancelElectronicPrescription(position, true));
+
+        EXPECT_TRUE(messageSteps.last().startsWith(u"Отмена отпуска. Рецепт r1, товар: "_s))
+            << qPrintable(messageSteps.last());
+        EXPECT_TRUE(messageAdvice.last().startsWith(word)) << qPrintable(messageAdvice.last());
+    }
 }
 
 TEST_F(Dispensing, secondOfThreeFails_firstStaysRegisteredAndSubtotalStops)

@@ -92,6 +92,7 @@ TEST_F(PrescriptionCommand, noCardKnown_isAskedFor)
     EXPECT_EQ(shown.inputName, "inputCard");
     EXPECT_TRUE(shown.initialText.isEmpty());
     EXPECT_TRUE(shown.mask.isEmpty());
+    EXPECT_TRUE(shown.required) << "Return in the empty field says so";
     EXPECT_FALSE(shown.manualOnly) << "cards are scanned";
 }
 

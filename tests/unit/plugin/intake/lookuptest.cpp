@@ -5,6 +5,9 @@
 #include "electronicprescriptionnoprescriptionsexception.h"
 #include "graphicaluserinterface.h"
 #include "registryuris.h"
+#include "workstep.h"
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -66,6 +69,23 @@ TEST_F(LookUp, answer_isMappedAndCachedBetweenTheEvents)
     EXPECT_EQ(service.prescriptionCache.keys(), QStringList{"active"});
     EXPECT_EQ(service.prescriptionCache["active"].first, "77");
     EXPECT_EQ(service.prescriptionCache["active"].second, prescriptions);
+}
+
+TEST_F(LookUp, stoppedByTheCashier_isANoticeAndNoError)
+{
+    QString step;
+    registry->beforeAnswer = [&step] {
+        step = WorkStep::currentText();
+        throw ElectronicPrescriptionException({"restClientStopped", "Запрос прекращён"},
+                                              ElectronicPrescriptionException::Outcome::Stopped);
+    };
+
+    EXPECT_TRUE(lookUp().isEmpty());
+
+    EXPECT_EQ(step, u"Поиск рецептов по карте"_s);
+    EXPECT_EQ(journal,
+              (QStringList{start, "by card 77 active", "stop", "message 2/1/0 electronicPrescriptionLookUpStopped"}));
+    EXPECT_EQ(messageSteps, QStringList{QString()}) << "the notice says all";
 }
 
 TEST_F(LookUp, secondLookUpUnderTheStatus_replacesTheEntryWhole)

@@ -66,6 +66,19 @@ TEST_F(AuthorizationTest, blankAmpersandAndEmptyScope_areEncodedAndKeptInOrder)
                     "&organization_identifier=%D0%BE-1");
 }
 
+TEST_F(AuthorizationTest, tokenRequest_changesNothingAndTheRequestAfterItDoes)
+{
+    configurePharmacy();
+    grantToken();
+    answer("{}");
+    const ElectronicPrescriptionInterface interface;
+    thrownBy([&] { interface.sendMedicationDispense(QSharedPointer<PositionDouble>::create()); });
+    ASSERT_EQ(requests.size(), 2);
+    EXPECT_EQ(requests[0].target(), "/connect/token");
+    EXPECT_TRUE(requests[0].isWithoutEffect);
+    EXPECT_FALSE(requests[1].isWithoutEffect);
+}
+
 TEST_F(AuthorizationTest, tokenRequest_isPostedOnceWithItsHeadersAndForm)
 {
     configurePharmacy();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "registrydoubles.h"
 
+#include "electronicprescriptionexception.h"
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -48,6 +50,71 @@ protected:
 constexpr auto registered = R"({"resourceType": "Bundle", "entry": [
     {"resource": {"resourceType": "MedicationDispense", "id": "d-5"}, "transactionResponse": {"status": "POST:201"}}]})";
 constexpr auto cancelled = R"({"resourceType": "Bundle", "entry": [{"transactionResponse": {"status": "PUT:200"}}]})";
+
+/// An answer of the registry to a registration or a cancellation, and what is known then.
+struct Known {
+    const char* name;
+    Answered answered;
+    RestClient::Outcome outcome;
+};
+
+class KnownOutcome : public DispenseTest, public ::testing::WithParamInterface<Known>
+{
+protected:
+    static RestClient::Outcome outcomeOf(const std::function<void()>& step)
+    {
+        try {
+            step();
+        } catch (const ElectronicPrescriptionException& exception) {
+            return exception.outcome();
+        }
+        ADD_FAILURE() << "nothing was thrown";
+        return RestClient::Outcome::Stopped;
+    }
+};
+
+TEST_P(KnownOutcome, failure_carriesWhatIsKnown)
+{
+    const ElectronicPrescriptionInterface interface;
+    const auto position = positionWith(R"({"medicationDispenseId": "d-1"})");
+    grantToken();
+    answers.append(GetParam().answered);
+    EXPECT_EQ(outcomeOf([&] { interface.sendMedicationDispense(position); }), GetParam().outcome);
+    grantToken();
+    answers.append(GetParam().answered);
+    EXPECT_EQ(outcomeOf([&] { interface.sendCancelMedicationDispense(position); }), GetParam().outcome);
+}
+
+constexpr auto refusedByTheRegistry =
+    R"({"resourceType": "Bundle", "entry": [{"transactionResponse": {"status": "POST:422"}}]})";
+const tr::Tr lost{u"lost"_s, u"Связь прервалась"_s};
+
+INSTANTIATE_TEST_SUITE_P(
+    Answers, KnownOutcome,
+    ::testing::Values(
+        Known{"halfJson", {QJsonDocument(), 0, {}}, RestClient::Outcome::Unknown},
+        Known{"withoutStatus", {json(R"({"resourceType": "Bundle"})"), 0, {}}, RestClient::Outcome::Unknown},
+        Known{"otherStatus", {json(refusedByTheRegistry), 0, {}}, RestClient::Outcome::Settled},
+        Known{"answerLost", {QJsonDocument(), 9, lost, RestClient::Outcome::Unknown}, RestClient::Outcome::Unknown},
+        Known{"notSent", {QJsonDocument(), 5, lost, RestClient::Outcome::Settled}, RestClient::Outcome::Settled},
+        Known{
+            "refusedInWords",
+            {json(R"({"issue": [{"severity": "error", "details": "Нет"}]})"), 422, lost, RestClient::Outcome::Settled},
+            RestClient::Outcome::Settled}),
+    [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_F(DispenseTest, tokenStopped_isKnownToBeStopped)
+{
+    answers.append({QJsonDocument(), 15, lost, RestClient::Outcome::Stopped});
+    const ElectronicPrescriptionInterface interface;
+    try {
+        interface.sendMedicationDispense(positionWith("{}"));
+        FAIL();
+    } catch (const ElectronicPrescriptionException& exception) {
+        EXPECT_EQ(exception.outcome(), RestClient::Outcome::Stopped);
+    }
+    EXPECT_EQ(requests.size(), 1);
+}
 
 TEST_F(DispenseTest, registration_postsTheIndentedDispenseDocument)
 {

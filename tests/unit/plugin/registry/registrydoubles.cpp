@@ -3,6 +3,7 @@
 
 #include "electronicprescriptionexception.h"
 #include "electronicprescriptionnoprescriptionsexception.h"
+#include "workstep.h"
 
 using namespace Qt::StringLiterals;
 
@@ -46,19 +47,20 @@ public:
 
     void get(const QUrl& url, const QJsonDocument& body, const QHash<QString, QString>& headers) override
     {
-        m_test.requests.append({"GET", url, headers, {}, body, m_timeout, m_number});
+        m_test.requests.append({"GET", url, headers, {}, body, m_timeout, m_number, WorkStep::isWithoutEffect()});
         takeAnswer();
     }
 
     void post(const QUrl& url, const QByteArray& body, const QHash<QString, QString>& headers) override
     {
-        m_test.requests.append({"POST", url, headers, body, {}, m_timeout, m_number});
+        m_test.requests.append({"POST", url, headers, body, {}, m_timeout, m_number, WorkStep::isWithoutEffect()});
         takeAnswer();
     }
 
     int errorCode() const override { return m_answer.errorCode; }
     tr::Tr errorText() const override { return m_answer.errorText; }
     QJsonDocument answer() const override { return m_answer.document; }
+    Outcome outcome() const override { return m_answer.outcome; }
 
 private:
     void takeAnswer()

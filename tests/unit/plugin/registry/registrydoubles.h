@@ -33,6 +33,8 @@ struct SentRequest {
     int timeout = 0;
     /// Number of the client that sent it, from 1.
     int client = 0;
+    /// It was sent in a WorkStep that changes nothing on the server.
+    bool isWithoutEffect = false;
 
     /// What goes over the wire after the host and the port.
     QByteArray target() const { return url.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority); }
@@ -43,6 +45,7 @@ struct Answered {
     QJsonDocument document;
     int errorCode = 0;
     tr::Tr errorText;
+    RestClient::Outcome outcome = RestClient::Outcome::Settled;
 };
 
 /// An exception of the plug-in, as a value.

@@ -5,6 +5,7 @@
 #include "finally.h"
 #include "registerstyle.h"
 #include "windowfixture.h"
+#include "workstep.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -36,7 +37,8 @@ TEST_F(StoppedActionTest, pluginStopsTheSubtotal_theStatusLineSaysSoUntilTheNext
     press(Qt::Key_Up);
     press(Qt::Key_F6);
     ASSERT_TRUE(becomesIdle());
-    EXPECT_EQ(status()->text(), u"Подытог не выполнен. Устраните причину, названную в сообщении, и повторите."_s);
+    EXPECT_EQ(status()->text(),
+              u"Подытог не выполнен: модуль остановил это действие. Если остановили не вы, повторите."_s);
     EXPECT_EQ(status()->property("textRole").toString(), u"waiting"_s);
     EXPECT_EQ(till->phase(), Till::Phase::Positions);
     EXPECT_EQ(widget<QTableView>("receiptTable")->model()->rowCount(), 2);
@@ -54,7 +56,7 @@ TEST_F(StoppedActionTest, pluginStopsAtTheSubtotalAlreadyShown_theSubtotalStays)
     ASSERT_TRUE(becomesIdle());
     press(Qt::Key_F12);
     ASSERT_TRUE(becomesIdle());
-    EXPECT_TRUE(status()->text().startsWith(u"Оплата не выполнена."_s));
+    EXPECT_TRUE(status()->text().startsWith(u"Оплата не выполнена:"_s));
     EXPECT_EQ(till->phase(), Till::Phase::Subtotal);
     EXPECT_TRUE(isSeen("paymentPanel"));
 }
@@ -83,7 +85,7 @@ TEST_F(StoppedActionTest, cancellationStoppedAtThePayment_positionsComeBackUnder
     ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
     ASSERT_TRUE(becomesIdle());
     EXPECT_EQ(till->phase(), Till::Phase::Positions);
-    EXPECT_TRUE(status()->text().startsWith(u"Отмена не выполнена."_s)) << qPrintable(status()->text());
+    EXPECT_TRUE(status()->text().startsWith(u"Отмена не выполнена:"_s)) << qPrintable(status()->text());
     press(Qt::Key_Return);
     ASSERT_TRUE(becomesIdle());
     ASSERT_TRUE(till->document());
@@ -102,6 +104,32 @@ TEST_F(StoppedActionTest, messageInTheStatusLine_fitsTheSmallestScreen)
     QApplication::processEvents();
     EXPECT_LE(status()->heightForWidth(status()->width()), status()->height());
     EXPECT_GE(status()->contentsRect().left(), 8) << "not at the very edge of the amber";
+}
+
+TEST_F(StoppedActionTest, pluginStopsWithAMessage_theStatusLineRepeatsItUntilTheNextAction)
+{
+    int stops = 0;
+    controller.object.host().addTrigger(
+        {EContext::OpenDocument, control::Subtotal, ActionTrigger::Before,
+         [&stops](const control::Action&) {
+             if (stops++ == 0) {
+                 WorkStep step({tr::undefined, u"Регистрация 1 из 2."_s});
+                 step.setAdvice({tr::undefined, u"Не повторяйте."_s});
+                 Dialog::create()->showMessage({tr::undefined, u"Связь прервалась."_s}, Dialog::Error, 0, 0);
+             }
+             return EContext::Stop;
+         },
+         ActionTrigger::Any, 1});
+    openWindow();
+    cashier.onForm(u"messageForm"_s, [](QWidget& root) { root.findChild<QPushButton*>(u"okButton"_s)->click(); });
+    press(Qt::Key_F6);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(status()->text(), u"Подытог не выполнен. Регистрация 1 из 2. Связь прервалась. Не повторяйте."_s);
+    press(Qt::Key_F6);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(status()->text(),
+              u"Подытог не выполнен: модуль остановил это действие. Если остановили не вы, повторите."_s);
 }
 
 TEST_F(StoppedActionTest, permanentMessage_comesBackAfterAStoppedAction)

@@ -267,7 +267,7 @@ TEST_F(DocumentListFormTest, pluginStopsVoiding_theListSaysSoWhileThatDocumentIs
         press(Qt::Key_F8);
         EXPECT_EQ(current(), u"3"_s);
         EXPECT_EQ(state(2), u"Продажа"_s);
-        EXPECT_TRUE(hint()->text().startsWith(u"Аннулирование не выполнено. Устраните причину"_s))
+        EXPECT_TRUE(hint()->text().startsWith(u"Аннулирование не выполнено: модуль остановил"_s))
             << qPrintable(hint()->text());
         EXPECT_EQ(hint()->property("textRole").toString(), u"waiting"_s);
         press(Qt::Key_Down);

@@ -211,9 +211,30 @@ TEST_F(ScenarioPlayerTest, widgetShownLater_isWaitedFor)
     EXPECT_TRUE(play(R"([{"expect": "late", "in": "label"}])"));
 }
 
-TEST_F(ScenarioPlayerTest, keyThatDoesNotExist_fails)
+TEST_F(ScenarioPlayerTest, charactersBeyondTheBasicPlane_areTypedAndScannedWhole)
 {
-    EXPECT_FALSE(play(R"([{"key": "Nonsense", "seconds": 0}])"));
+    EXPECT_TRUE(play(R"([{"type": "a😀б", "into": "edit"}, {"expect": "a😀б", "in": "edit"}])")) << qPrintable(failure);
+    EXPECT_TRUE(play(R"([{"scan": "𝟙2", "into": "edit"}, {"expect": "𝟙2", "in": "edit"}])")) << qPrintable(failure);
+}
+
+TEST_F(ScenarioPlayerTest, clickOnAWidgetThatIsClippedAway_failsAndClicksNothing)
+{
+    QWidget frame(&window);
+    frame.setGeometry(0, 0, 40, 40);
+    QPushButton clipped(u"x"_s, &frame);
+    clipped.setObjectName(u"clipped"_s);
+    frame.show();
+    int clicks = 0;
+    QObject::connect(&clipped, &QPushButton::clicked, [&clicks] { ++clicks; });
+    for (const QRect& out : {QRect(50, 0, 30, 30), QRect(30, 0, 30, 30), QRect(0, -28, 30, 30)}) {
+        clipped.setGeometry(out);
+        EXPECT_FALSE(play(R"([{"click": "clipped", "seconds": 0}])"));
+        EXPECT_TRUE(failure.contains(u"clipped cannot be seen"_s)) << qPrintable(failure);
+    }
+    clipped.setGeometry(10, 10, 20, 20);
+    EXPECT_TRUE(play(R"([{"click": "clipped"}])")) << qPrintable(failure);
+    EXPECT_TRUE(QTest::qWaitFor([&clicks] { return clicks == 1; }));
+    EXPECT_EQ(clicks, 1);
 }
 
 TEST(WidgetText, hiddenColumns_areLeftOut)

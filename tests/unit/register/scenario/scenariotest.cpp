@@ -55,9 +55,11 @@ TEST(Scenario, everyKindOfStep_isRead)
 
 TEST(Scenario, wrongStep_isReportedWithItsNumber)
 {
-    for (const QByteArray step : {R"({})", R"({"jump": 1})", R"({"wait": 5})", R"({"row": "2", "in": "a"})",
-                                  R"({"row": 2})", R"({"expect": "x"})", R"({"wait": "a", "in": "b"})", R"("wait")",
-                                  R"({"receipt": []})", R"({"document": {}})", R"({"printed": "x"})"}) {
+    for (const QByteArray step :
+         {R"({})", R"({"jump": 1})", R"({"wait": 5})", R"({"row": "2", "in": "a"})", R"({"row": 2})",
+          R"({"expect": "x"})", R"({"wait": "a", "in": "b"})", R"("wait")", R"({"key": "Retrun"})", R"({"key": ""})",
+          R"({"key": "F5", "times": "2"})", R"({"type": "x", "into": 5})", R"({"receipt": []})", R"({"document": {}})",
+          R"({"printed": "x"})"}) {
         const auto steps = parseScenario(R"({"steps": [{"say": "x"}, )" + step + "]}");
         ASSERT_FALSE(steps) << step.constData();
         EXPECT_TRUE(steps.failure().detail.startsWith(u"step 2: "_s)) << qPrintable(steps.failure().detail);

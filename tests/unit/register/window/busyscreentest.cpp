@@ -1,5 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "busyscreen.h"
+#include "clockdouble.h"
+#include "runningrequest.h"
+#include "workstep.h"
+
+#include <QLabel>
 
 #include <QApplication>
 #include <QLineEdit>
@@ -23,6 +28,8 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         input->setFocus();
     }
+
+    QString text(const char* label) const { return screen.findChild<QLabel*>(QLatin1StringView(label))->text(); }
 
     QWidget window;
     QLineEdit other{&window};
@@ -56,4 +63,60 @@ TEST_F(BusyScreenTest, inputDeletedDuringTheWork_stopsWithoutIt)
     screen.stop();
     EXPECT_FALSE(screen.isVisible());
     EXPECT_NE(QApplication::focusWidget(), &screen);
+}
+
+TEST_F(BusyScreenTest, stepOfTheWork_isShownUntilItEnds)
+{
+    screen.start(u"Обращение к сервису"_s);
+    EXPECT_EQ(text("busyStepLabel"), QString());
+    {
+        const WorkStep step({tr::undefined, u"Регистрация 2 из 3"_s});
+        EXPECT_TRUE(QTest::qWaitFor([this] { return text("busyStepLabel") == u"Регистрация 2 из 3"_s; }));
+        EXPECT_EQ(text("busyMessageLabel"), u"Обращение к сервису"_s);
+    }
+    EXPECT_TRUE(QTest::qWaitFor([this] { return text("busyStepLabel").isEmpty(); }));
+    screen.stop();
+}
+
+TEST_F(BusyScreenTest, beginningAndLimit_areShownAndInnerWorkDoesNotRestartTheClock)
+{
+    ClockDouble clock(QDateTime({2026, 3, 1}, {14, 2, 31}));
+    screen.start(u"x"_s);
+    EXPECT_EQ(text("busyTimeLabel"), u"Начато в 14:02:31"_s);
+    EXPECT_EQ(text("busyHintLabel"), QString());
+    clock.now = clock.now.addSecs(60);
+    const RunningRequest request(std::chrono::seconds(20), true);
+    screen.start(u"y"_s);
+    EXPECT_EQ(text("busyTimeLabel"), u"Начато в 14:02:31. Ждём ответа 0 с, самое большее 20 с"_s);
+    screen.stop();
+    screen.start(u"z"_s);
+    EXPECT_TRUE(text("busyTimeLabel").startsWith(u"Начато в 14:03:31."_s)) << qPrintable(text("busyTimeLabel"));
+    screen.stop();
+}
+
+TEST_F(BusyScreenTest, escapeAtARequestThatChangesNothing_stopsItOnlyWhileTheScreenIsSeen)
+{
+    RunningRequest request(std::chrono::seconds(20), false);
+    request.escape();
+    EXPECT_FALSE(request.isStopped());
+    screen.start(u"x"_s);
+    EXPECT_TRUE(text("busyHintLabel").startsWith(u"Esc — прекратить"_s));
+    request.escape();
+    EXPECT_TRUE(request.isStopped());
+    screen.stop();
+}
+
+TEST_F(BusyScreenTest, longestTexts_fitTheSmallestWindow)
+{
+    const WorkStep step({tr::undefined, u"Регистрация отпуска 10 из 12. Рецепт 1234567890, товар: "_s +
+                                            u"Очень длинное название лекарства "_s.repeated(20)});
+    const RunningRequest request(std::chrono::seconds(600), true);
+    window.resize(1024, 600);
+    screen.start(u"Обращение к сервису электронных рецептов "_s.repeated(5));
+    QApplication::processEvents();
+    for (const auto* label : screen.findChildren<QLabel*>()) {
+        const QRect place(label->mapTo(&window, QPoint()), label->size());
+        EXPECT_TRUE(window.rect().contains(place)) << qPrintable(label->objectName());
+    }
+    screen.stop();
 }

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "dialog.h"
+#include "formhost.h"
 #include "inputblocker.h"
 #include "registerstyle.h"
 #include "uitest.h"
+#include "workstep.h"
 
 #include <QElapsedTimer>
 #include <QLabel>
@@ -50,6 +52,36 @@ TEST_F(MessageFormTest, errorAndNotice_haveTheirTitlesAndPictures)
         EXPECT_EQ(form.property("messageKind"), "notice");
         EXPECT_NE(form.findChild<QLabel*>("iconLabel")->pixmap().toImage(), errorPicture);
     });
+}
+
+TEST_F(MessageFormTest, messageOfAStep_namesItAboveAndTheAdviceBelow)
+{
+    WorkStep step({tr::undefined, u"Регистрация отпуска 2 из 3. Рецепт 17"_s});
+    step.setAdvice({tr::undefined, u"Повторите подытог."_s});
+    show(text(), Dialog::Error, [&](QWidget& form) {
+        EXPECT_EQ(form.findChild<QLabel*>("messageLabel")->text(),
+                  u"Регистрация отпуска 2 из 3. Рецепт 17\nРеестр не отвечает\nПовторите подытог."_s);
+    });
+    EXPECT_EQ(gui.host().lastMessage,
+              u"Регистрация отпуска 2 из 3. Рецепт 17\nРеестр не отвечает\nПовторите подытог."_s);
+}
+
+TEST_F(MessageFormTest, errorOrNoticeWithoutText_getsOne)
+{
+    for (const QString& nothing : {QString(), u" \n "_s}) {
+        show({tr::undefined, nothing}, Dialog::Error, [&](QWidget& form) {
+            EXPECT_TRUE(form.findChild<QLabel*>("messageLabel")->text().startsWith("Произошла ошибка"));
+        });
+        show({tr::undefined, nothing}, Dialog::Notice, [&](QWidget& form) {
+            EXPECT_TRUE(form.findChild<QLabel*>("messageLabel")->text().startsWith("Пришло сообщение без текста"));
+        });
+    }
+}
+
+TEST_F(MessageFormTest, directionMarks_areNotShown)
+{
+    show({tr::undefined, u"Отказ \u202eабв\u2066"_s}, Dialog::Error,
+         [&](QWidget& form) { EXPECT_EQ(form.findChild<QLabel*>("messageLabel")->text(), u"Отказ абв"_s); });
 }
 
 TEST_F(MessageFormTest, okButton_isTheDefaultWithCyrillicText_andHasTheFocus)

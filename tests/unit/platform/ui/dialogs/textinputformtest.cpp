@@ -125,6 +125,24 @@ TEST_F(TextInputFormTest, okWithoutAText_isAnEmptyTextAndNotCanceled)
     EXPECT_FALSE(result.canceled());
 }
 
+TEST_F(TextInputFormTest, textRequired_okInTheEmptyFieldSaysThatItIsEmpty)
+{
+    params.required = true;
+    const auto result = show([&] {
+        for (const char* nothing : {"", "  "}) {
+            field()->setText(nothing);
+            QTest::keyClick(field(), Qt::Key_Return);
+            ASSERT_NE(gui.topForm(), nullptr);
+            EXPECT_TRUE(label("scanErrorLabel")->isVisible());
+            EXPECT_TRUE(label("scanErrorLabel")->text().startsWith("Поле пустое"));
+            EXPECT_EQ(QApplication::focusWidget(), field());
+        }
+        field()->setText("77");
+        QTest::keyClick(field(), Qt::Key_Return);
+    });
+    EXPECT_EQ(result.getData(), "77");
+}
+
 TEST_F(TextInputFormTest, everyWayBack_isCanceledAndEmpty)
 {
     const std::function<void()> ways[] = {

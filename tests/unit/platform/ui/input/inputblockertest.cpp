@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "inputblocker.h"
 
+#include "finally.h"
+#include "runningrequest.h"
+
 #include <QAction>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -12,6 +16,7 @@
 #include <gmock/gmock.h>
 
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -42,6 +47,34 @@ protected:
     QPushButton button;
     int clicks = 0;
 };
+
+TEST_F(InputBlockerTest, escape_isThrownAwayAndAsksTheRequestThatRuns)
+{
+    int asked = 0;
+    RunningRequest::setEscape([&asked](RunningRequest&) { ++asked; });
+    const Finally nobody([] { RunningRequest::setEscape({}); });
+    bool escaped = false;
+    QShortcut shortcut(Qt::Key_Escape, &window);
+    QObject::connect(&shortcut, &QShortcut::activated, [&escaped] { escaped = true; });
+    {
+        RunningRequest request(std::chrono::seconds(5), true);
+        const InputBlocker blocker;
+        QTest::keyClick(window.windowHandle(), Qt::Key_Escape);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(asked, 1);
+        EXPECT_FALSE(escaped);
+        const InputBlocker::Pause formIsShown;
+        QTest::keyClick(&edit, Qt::Key_Escape);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(asked, 1);
+        EXPECT_TRUE(std::exchange(escaped, false)) << "it is the form's key";
+    }
+    const InputBlocker withoutRequest;
+    QTest::keyClick(window.windowHandle(), Qt::Key_Escape);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(asked, 1);
+    EXPECT_FALSE(escaped);
+}
 
 TEST_F(InputBlockerTest, whileOneExists_keysAndClicksAreThrownAway)
 {

@@ -14,3 +14,8 @@ TEST(PlainToolTip, noText_isNoToolTip)
 {
     EXPECT_EQ(plainToolTip({}), QString());
 }
+
+TEST(PlainToolTip, directionMarks_areLeftOut)
+{
+    EXPECT_EQ(plainToolTip(u"a\u202eb\u2066c"_s), u"<qt>abc</qt>"_s);
+}

@@ -56,6 +56,16 @@ protected:
     TalloTableView view;
 };
 
+TEST_F(TalloTableViewTest, directionMarksInACell_changeNothingOfThePicture)
+{
+    view.setModel(&model);
+    show();
+    model.item(0, 0)->setText(u"Амоксидар 500 мг"_s);
+    const QImage plain = view.viewport()->grab().toImage();
+    model.item(0, 0)->setText(u"Амоксидар \u202e500 мг"_s);
+    EXPECT_EQ(view.viewport()->grab().toImage(), plain);
+}
+
 TEST_F(TalloTableViewTest, columnsSet_areReturnedUnchanged)
 {
     const QStringList columns{"name;МНН;-1;true;128", " code;;-2;true;128", " broken"};

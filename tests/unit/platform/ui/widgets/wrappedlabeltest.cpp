@@ -21,6 +21,28 @@ TEST(WrappedLabelTest, wordOfTenThousandLetters_widensNothingAndGrowsInHeight)
     EXPECT_GT(label.heightForWidth(600), 50 * oneLine);
 }
 
+TEST(WrappedLabelTest, directionMarks_changeNothingOfThePicture)
+{
+    WrappedLabel plain;
+    plain.setText("Амоксидар 500 мг, капсулы");
+    WrappedLabel marked;
+    marked.setText(QString::fromUtf16(u"Амоксидар \u202e500 мг, \u2067капсулы"));
+    for (WrappedLabel* label : {&plain, &marked}) {
+        label->resize(plain.sizeHint());
+    }
+    EXPECT_EQ(marked.grab().toImage(), plain.grab().toImage());
+}
+
+TEST(WrappedLabelTest, textHigherThanTheLabel_isCut)
+{
+    WrappedLabel label;
+    label.setText("строка\nстрока\nстрока");
+    label.resize(label.sizeHint());
+    EXPECT_FALSE(label.isCut());
+    label.resize(label.width(), label.height() / 2);
+    EXPECT_TRUE(label.isCut());
+}
+
 /// A letter is one code point, or a code point with its accent.
 class LongWord : public ::testing::TestWithParam<const char*>
 {

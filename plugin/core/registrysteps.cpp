@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "registrysteps.h"
+
+#include "goodsitem.h"
+#include "positionoptions.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+using Outcome = ElectronicPrescriptionException::Outcome;
+
+/// The number on the patient's paper, or the registry's id where the paper has none.
+QString prescriptionNumber(const GoodsItem& position)
+{
+    const PositionOptions options(position);
+    const QString number = options.serialNumber();
+    return number.isEmpty() ? options.id() : number;
+}
+
+} // namespace
+
+namespace registrysteps
+{
+
+tr::Tr registration(const GoodsItem& position, int number, int count)
+{
+    return tr::Tr(u"electronicPrescriptionRegistrationStep"_s, u"Регистрация отпуска %1 из %2. Рецепт %3, товар: %4"_s)
+        .arg(QString::number(number))
+        .arg(QString::number(count))
+        .arg(prescriptionNumber(position))
+        .arg(position.getName());
+}
+
+tr::Tr cancellation(const GoodsItem& position)
+{
+    return tr::Tr(u"electronicPrescriptionCancellationStep"_s, u"Отмена отпуска. Рецепт %1, товар: %2"_s)
+        .arg(prescriptionNumber(position))
+        .arg(position.getName());
+}
+
+tr::Tr adviceAfterRegistration(Outcome outcome, int registered, int count)
+{
+    const tr::Tr unknown(u"electronicPrescriptionRegistrationUnknown"_s,
+                         u"Неизвестно, записан ли в реестре этот отпуск; чек не закрыт. Записано до него: %1 из %2. "
+                         "Не повторяйте подытог, пока администратор не проверит этот рецепт в реестре: повтор может "
+                         "записать отпуск второй раз."_s);
+    const tr::Tr settled(u"electronicPrescriptionRegistrationNotDone"_s,
+                         u"Реестр не подтвердил этот отпуск; чек не закрыт. Записано до него: %1 из %2, повторно они "
+                         "не отправляются. Когда причина устранена, повторите подытог."_s);
+    return (outcome == Outcome::Unknown ? unknown : settled)
+        .arg(QString::number(registered))
+        .arg(QString::number(count));
+}
+
+tr::Tr adviceAfterCancellation(Outcome outcome)
+{
+    if (outcome == Outcome::Unknown) {
+        return {u"electronicPrescriptionCancellationUnknown"_s,
+                u"Неизвестно, отменён ли этот отпуск в реестре. Прежде чем повторять, попросите администратора "
+                "проверить этот рецепт в реестре."_s};
+    }
+    return {u"electronicPrescriptionCancellationNotDone"_s,
+            u"Реестр не подтвердил отмену: отпуск остаётся записанным. Когда причина устранена, повторите."_s};
+}
+
+} // namespace registrysteps
