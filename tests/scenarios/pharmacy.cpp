@@ -9,6 +9,7 @@
 #include <QJsonDocument>
 
 #include <csignal>
+#include <cstdio>
 
 #include <linux/capability.h>
 #include <sys/prctl.h>
@@ -79,6 +80,10 @@ void Pharmacy::TearDown()
 {
     kill();
     registry.stop();
+    if (HasFailure()) {
+        m_folder.setAutoRemove(false);
+        std::printf("The register's files and the picture are in %s\n", qPrintable(m_folder.path()));
+    }
 }
 
 void Pharmacy::configure(const QString& key, const QString& value)

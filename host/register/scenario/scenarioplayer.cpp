@@ -11,6 +11,7 @@
 #include <QPixmap>
 #include <QWidget>
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -24,13 +25,20 @@ using std::chrono::milliseconds;
 constexpr milliseconds lookInterval(20);
 /// Slower than a scanner: the register takes fast keys for a scan.
 constexpr milliseconds typingPace(70);
-constexpr milliseconds scanningPace(2);
 constexpr milliseconds pressingPace(30);
 
 void print(FILE* stream, const QString& text)
 {
     std::fputs((text + u'\n').toUtf8().constData(), stream);
     std::fflush(stream);
+}
+
+/// All keys at once: a timer between them would fire late on a busy machine, and the rest look like typing.
+bool scan(const QString& text)
+{
+    const QList<uint> characters = text.toUcs4();
+    return std::all_of(characters.cbegin(), characters.cend(), postedinput::typeCharacter) &&
+           postedinput::pressKey(Qt::Key_Return);
 }
 
 } // namespace
@@ -199,13 +207,13 @@ StepResult ScenarioPlayer::enter(const ScenarioStep& step)
             line->selectAll();
         }
     }
-    const bool scanned = step.kind == ScenarioStep::Kind::Scan;
-    m_pace = scanned ? scanningPace : typingPace;
+    if (step.kind == ScenarioStep::Kind::Scan) {
+        m_input.append([text = step.text] { return scan(text); });
+        return {true, {}};
+    }
+    m_pace = typingPace;
     for (const char32_t character : step.text.toUcs4()) {
         m_input.append([character] { return postedinput::typeCharacter(character); });
-    }
-    if (scanned) {
-        m_input.append([] { return postedinput::pressKey(Qt::Key_Return); });
     }
     return {true, {}};
 }
