@@ -73,6 +73,7 @@ void expectAllFits(const QTableView& table)
         if (!table.isColumnHidden(column)) {
             SCOPED_TRACE(column);
             measured += expectCellsFit(table, column);
+            EXPECT_LE(table.horizontalHeader()->sectionSizeHint(column), table.columnWidth(column)) << "its caption";
             width += table.columnWidth(column);
         }
     }
