@@ -5,9 +5,11 @@
 #include "patience.h"
 #include "pharmacy.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -168,6 +170,61 @@ TEST_F(CardPayments, terminalGoneAfterThePowerCut_cashierIsAsked)
                             readsAndGoesOn, R"({"key": "F12"}, {"wait": "receivedLineEdit"}, {"key": "Return"})",
                             cashier::isIdle}));
     EXPECT_EQ(finished(1)["state"_L1].toString(), u"closed"_s);
+}
+
+/// A document of three prescriptions, in a register that has the card terminal, and the plug-in of the prescriptions
+/// until that is taken away.
+class ChargedPrescriptions : public CardPayments
+{
+protected:
+    void SetUp() override
+    {
+        CardPayments::SetUp();
+        leaveOpen("three-prescriptions.json");
+        ASSERT_TRUE(bothPlugins.isValid());
+        const QStringList folders{QString::fromUtf8(PLUGIN_FOLDER), QFileInfo(QString::fromUtf8(DEMO_TERMINAL)).path()};
+        for (const QString& folder : folders) {
+            for (const QFileInfo& file : QDir(folder).entryInfoList({u"*.so"_s, u"*.json"_s, u"*.ui"_s}, QDir::Files)) {
+                ASSERT_TRUE(QFile::link(file.absoluteFilePath(), bothPlugins.filePath(file.fileName())));
+            }
+        }
+    }
+    QStringList both() const { return {u"--plugins"_s, bothPlugins.path()}; }
+
+    QTemporaryDir bothPlugins;
+};
+
+TEST_F(ChargedPrescriptions, powerCutAndThePluginIsMissing_tillServesTheNextAndNoMoneyIsLost)
+{
+    configure(u"DemoCardTerminal:seconds"_s, u"600"_s);
+    startSteps({cashier::findsTheDocument, cashier::toThePayment, R"({"enabled": true, "in": "cardButton"})", byCard,
+                R"({"wait": "neverThere"})"},
+               both());
+    ASSERT_TRUE(waitUntilTheTerminalWorks());
+    kill();
+    const qint64 charged = taken();
+    EXPECT_EQ(operations(savedDocument()), QStringList(u"payment asked"_s));
+
+    configure(u"DemoCardTerminal:seconds"_s, u"0"_s);
+    const char* why = "ведёт модуль «electronicprescription», а он не работает";
+    expectPlayed(playWithTerminal({R"({"contains": "прошла, она учтена в чеке", "in": "messageLabel"})", readsAndGoesOn,
+                                   cashier::findsTheDocument, cashier::tries(R"({"key": "F12"})", why),
+                                   cashier::tries(R"({"key": "F9"})", why), cashier::suspends, atThePayment,
+                                   R"({"key": "Return"})", cashier::isIdle, cashier::opensTheDocuments,
+                                   R"({"contains": "Отложен, есть оплата картой", "in": "documentTable"},
+                                      {"key": "Esc"})"}));
+    EXPECT_EQ(finished(2)["state"_L1].toString(), u"closed"_s);
+    EXPECT_EQ(operations(suspended(1)), QStringList(u"payment approved"_s));
+
+    expectPlayed(playSteps(
+        {cashier::isIdle, cashier::opensTheDocuments, R"({"row": 1, "in": "documentTable"}, {"click": "takeUpButton"})",
+         cashier::findsTheDocument, R"({"key": "F12"}, {"expect": "0,00", "in": "paymentSumLabel"}, {"key": "Return"})",
+         cashier::isIdle},
+        both()));
+    EXPECT_EQ(finished(1)["state"_L1].toString(), u"closed"_s);
+    EXPECT_EQ(qRound64(finished(1)["received"_L1].toDouble() * 100), charged);
+    EXPECT_EQ(taken(), charged);
+    EXPECT_EQ(registeredBy(finished(1)), validDispenses());
 }
 
 class PartialReturn : public Pharmacy

@@ -58,6 +58,20 @@ TEST_F(TillRules, returnOpen_isWholeAndStays)
     EXPECT_TRUE(till->obstacleToVoiding(*sale)) << "it is being returned";
 }
 
+TEST_F(TillRules, returnBelowZero_isNotPaidOutButCancelled)
+{
+    till->add(article(amoxidar));
+    till->add(article(amoxidar));
+    till->document()->position(2)->setPrice(-5);
+    ASSERT_TRUE(till->close({Payment::cash(till->document()->getSum())}));
+    ASSERT_TRUE(till->returnPositions(till->archive().find(1), {2}));
+    EXPECT_TRUE(text(till->obstacleToPayment()).startsWith(u"Сумма возврата меньше нуля"_s));
+    EXPECT_FALSE(till->close({Payment::cash(Kopecks{0})}));
+    ASSERT_TRUE(till->cancel());
+    ASSERT_TRUE(till->returnPositions(till->archive().find(1), {1, 2}));
+    EXPECT_TRUE(till->close({Payment::cash(Kopecks{740})}));
+}
+
 TEST_F(TillRules, saleReturned_namesTheReturn)
 {
     const auto sale = sold();
