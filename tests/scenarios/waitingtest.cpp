@@ -79,7 +79,7 @@ TEST_F(SilentRegistration, cashierStopsWaiting_readsWhichDispenseIsUnknownAndWha
         {"contains": "Регистрация отпуска 2 из 3. Рецепт", "in": "busyStepLabel", "seconds": 30},
         {"contains": "Esc — не ждать ответа", "in": "busyHintLabel"}, {"key": "Esc"}, {"click": "yesButton"})",
                                        readsTheMessage, R"({"visible": false, "in": "paymentPanel"},
-        {"contains": "Подытог не выполнен. Регистрация отпуска 2 из 3", "in": "statusMessageLabel"},
+        {"contains": "Подытог не выполнен. Сообщение: Регистрация отпуска 2 из 3", "in": "statusMessageLabel"},
         {"click": "statusMoreButton"})",
                                        readsTheMessage});
     expectPlayed(outcome);

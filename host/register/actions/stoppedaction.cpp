@@ -42,7 +42,7 @@ tr::Tr stopped(const control::Action& action)
                       u"%1: модуль остановил это действие. Если остановили не вы, повторите."_s)
             .arg(what);
     }
-    return tr::Tr(u"actionStopped"_s, u"%1. %2"_s).arg(what).arg(message);
+    return tr::Tr(u"actionStopped"_s, u"%1. Сообщение: %2"_s).arg(what).arg(message);
 }
 
 tr::Tr notFound(const control::Action& action)

@@ -1007,8 +1007,8 @@ To return others, cancel the return and begin it again.</translation>
         <translation>The action was not done</translation>
     </message>
     <message id="actionStopped">
-        <source>%1. %2</source>
-        <translation>%1. %2</translation>
+        <source>%1. Сообщение: %2</source>
+        <translation>%1. Message: %2</translation>
     </message>
     <message id="actionStoppedSilently">
         <source>%1: модуль остановил это действие. Если остановили не вы, повторите.</source>

@@ -142,7 +142,7 @@ void StatusLine::dropNews()
 {
     QStringList lines = m_problems;
     if (!m_permanentMessage.isEmpty()) {
-        lines.append(m_permanentMessage);
+        lines.prepend(m_permanentMessage); // what does not work comes first: the rest may be cut
     }
     show(lines.join(u'\n'), permanent, m_permanentDetails);
 }

@@ -23,7 +23,7 @@ public:
     /// Shows a permanent message; empty: none.
     /// @param details what else the button shows; empty: nothing
     void showMessage(const QString& text, const QString& details = {});
-    /// Shows one more problem of the configuration, before the permanent message.
+    /// Shows one more problem of the configuration, after the permanent message.
     void addProblem(const QString& text);
     /// Shows what was done, in large letters, in place of the permanent message until dropNews().
     void showDone(const QString& text);

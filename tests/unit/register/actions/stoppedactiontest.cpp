@@ -125,7 +125,8 @@ TEST_F(StoppedActionTest, pluginStopsWithAMessage_theStatusLineRepeatsItUntilThe
     press(Qt::Key_F6);
     ASSERT_TRUE(QTest::qWaitFor([this] { return cashier.isDone(); }));
     ASSERT_TRUE(becomesIdle());
-    EXPECT_EQ(status()->text(), u"Подытог не выполнен. Регистрация 1 из 2. Связь прервалась. Не повторяйте."_s);
+    EXPECT_EQ(status()->text(),
+              u"Подытог не выполнен. Сообщение: Регистрация 1 из 2. Связь прервалась. Не повторяйте."_s);
     press(Qt::Key_F6);
     ASSERT_TRUE(becomesIdle());
     EXPECT_EQ(status()->text(),
