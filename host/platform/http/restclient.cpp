@@ -6,6 +6,7 @@
 #include "inputblocker.h"
 #include "redirect_p.h"
 #include "requestheaders_p.h"
+#include "requestjournal.h"
 #include "runningrequest.h"
 #include "workstep.h"
 
@@ -130,12 +131,23 @@ void logFailure(const HttpRequest& request, const HttpAnswer& answer, int errorC
         ->warn(method + u' ' + request.url.toString(onlyOrigin) + u" failed: "_s + QString::number(errorCode) + reason);
 }
 
+/// What the journal says of a request.
+JournalledRequest::State stateOf(const HttpAnswer& received)
+{
+    using State = JournalledRequest::State;
+    if (received.error == TransportError::None) {
+        return State::Answered;
+    }
+    return received.wasSent ? State::Unanswered : State::NotSent;
+}
+
 } // namespace
 
 class RestClient::Private
 {
 public:
-    void run(HttpRequest request);
+    HttpAnswer run(HttpRequest request);
+    void runJournalled(const HttpRequest& request);
 
     int timeoutSeconds = defaultTimeoutSeconds;
     int errorCode = 0;
@@ -144,7 +156,8 @@ public:
     Outcome outcome = Outcome::Settled;
 };
 
-void RestClient::Private::run(HttpRequest request)
+/// @return what came of it; an answer that may be cut short counts as lost
+HttpAnswer RestClient::Private::run(HttpRequest request)
 {
     const std::chrono::seconds limit(timeoutSeconds > 0 ? timeoutSeconds : defaultTimeoutSeconds);
     const QDeadlineTimer deadline(limit);
@@ -180,6 +193,23 @@ void RestClient::Private::run(HttpRequest request)
     if (errorCode != 0) {
         logFailure(request, received, errorCode);
     }
+    return received;
+}
+
+void RestClient::Private::runJournalled(const HttpRequest& request)
+{
+    RequestJournal& journal = *Singleton<RequestJournal>::get();
+    const Expected<qint64> id = journal.begin(u"POST"_s, request.url, request.body);
+    if (!id) {
+        errorCode = int(TransportError::NotWrittenDown);
+        errorText = id.failure().text;
+        answer = {};
+        outcome = Outcome::Settled;
+        Log4Qt::LogManager::logger(u"restclient"_s)->warn(u"POST not sent: "_s + id.failure().detail);
+        return;
+    }
+    const HttpAnswer received = run(request);
+    journal.end(*id, stateOf(received), received.status, received.body);
 }
 
 RestClient::RestClient()
@@ -212,7 +242,11 @@ void RestClient::post(const QUrl& url, const QByteArray& body, const QHash<QStri
     request.url = url;
     request.headers = headers;
     request.body = body;
-    d->run(std::move(request));
+    if (Singleton<RequestJournal>::get()->covers(url)) {
+        d->runJournalled(request);
+    } else {
+        d->run(std::move(request));
+    }
 }
 
 int RestClient::errorCode() const

@@ -37,6 +37,9 @@ extern template struct REGISTERPLATFORM_EXPORT MockFactory<RestClient>;
 ///   counts as lost.
 /// - An answer may be compressed ("gzip" or "deflate"). One larger than 64 MiB, headers included and the body unpacked,
 ///   is refused.
+/// - A POST whose path fits "RestClient:journal" is in the RequestJournal before it goes out, and what came of it
+/// before
+///   post() returns. It is not sent when it cannot be written down.
 /// - Only http and https URLs with a host, and without a user name or password; any other URL, an invalid one among
 ///   them, is refused before anything is sent. A header name that is no token, a value with a control
 ///   character (RFC 9110, 5.5 and 5.6.2), and the headers that frame a request ("Host", "Connection",

@@ -25,6 +25,7 @@ enum class TransportError : int {
     TooManyRedirects = 13,
     OptionRefused = 14,
     Stopped = 15,
+    NotWrittenDown = 16, ///< in the journal of requests; the text is the journal's
     Failed = 99
 };
 

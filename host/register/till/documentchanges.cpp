@@ -2,6 +2,7 @@
 #include "activitynotifier.h"
 #include "currenttime.h"
 #include "dialog.h"
+#include "requestjournal.h"
 #include "till.h"
 
 #include <log4qt/logger.h>
@@ -125,6 +126,7 @@ bool Till::voidDocument(const QSharedPointer<Document>& document)
         return false;
     }
     emit voided(*document, before);
+    Singleton<RequestJournal>::get()->finishDocument(document->identifier());
     return true;
 }
 
@@ -133,6 +135,7 @@ bool Till::end(const Document::Ending& ending, EActivityListener::Event event)
     if (!m_archive.moveOrShow(m_document, ending)) {
         return false;
     }
+    Singleton<RequestJournal>::get()->finishDocument(m_document->identifier());
     if (ending.state == Document::State::Closed && m_printing) {
         m_printing(*m_document);
     }

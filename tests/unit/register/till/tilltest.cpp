@@ -2,6 +2,7 @@
 #include "clockdouble.h"
 #include "dialogdouble.h"
 #include "registeraction.h"
+#include "requestjournal.h"
 #include "savingdouble.h"
 #include "tillfixture.h"
 
@@ -806,4 +807,34 @@ TEST_F(InterruptedChange, returnDocumentOpen_isResumedAgainAsOne)
     expectEvent(17, till->document());
     EXPECT_EQ(till->document()->toJson(), before);
     EXPECT_EQ(till->archive().returned(*archived(1), till->document()), Document::Returned::Wholly);
+}
+
+TEST_F(TillTest, documentFinished_whatWasAskedForItLeavesTheJournal)
+{
+    Own<RequestJournal> journal;
+    const auto ask = [&journal](JournalledRequest::State state) {
+        const Expected<qint64> id = journal.object.begin(u"POST"_s, QUrl(u"https://registry.example/"_s), "{}");
+        ASSERT_TRUE(id);
+        journal.object.end(*id, state);
+    };
+    const auto openDocument = [this] { till->add(article(amoxidar)); };
+
+    openDocument();
+    ask(JournalledRequest::State::Answered);
+    ASSERT_EQ(journal.object.requests().size(), 1);
+    EXPECT_EQ(journal.object.requests().first().document, u"1"_s);
+    ASSERT_TRUE(till->close({Payment::cash(Kopecks{1240})}));
+    EXPECT_TRUE(journal.object.requests().isEmpty()) << "closed";
+
+    till->withCurrentDocument(till->archive().find(1), [&] { ask(JournalledRequest::State::Answered); });
+    EXPECT_EQ(journal.object.requests().size(), 1);
+    EXPECT_TRUE(till->voidDocument(till->archive().find(1)));
+    EXPECT_TRUE(journal.object.requests().isEmpty()) << "voided";
+
+    openDocument();
+    ask(JournalledRequest::State::Answered);
+    ask(JournalledRequest::State::Unanswered);
+    EXPECT_TRUE(till->cancel());
+    ASSERT_EQ(journal.object.requests().size(), 1) << "what is undecided stays";
+    EXPECT_EQ(journal.object.requests().first().state, JournalledRequest::State::Unanswered);
 }
