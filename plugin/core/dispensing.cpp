@@ -10,6 +10,7 @@
 #include "prescriptiontexts.h"
 #include "registrysteps.h"
 #include "savetofilelogic.h"
+#include "unsettledrequestexception.h"
 #include "workstep.h"
 
 #include <algorithm>
@@ -79,7 +80,7 @@ EContext::Result ElectronicPrescriptionService::dispenseElectronicPrescriptions(
         return EContext::GoOn;
     } catch (const ElectronicPrescriptionException& exception) {
         if (step) {
-            step->setAdvice(registrysteps::adviceAfterRegistration(exception.outcome(), registered, due));
+            step->setAdvice(registrysteps::adviceAfterRegistration(outcomeOf(exception), registered, due));
         }
         showError(exception.tr());
         return EContext::Stop;
@@ -104,7 +105,7 @@ bool ElectronicPrescriptionService::cancelElectronicPrescription(const QSharedPo
         return true;
     } catch (const ElectronicPrescriptionException& exception) {
         if (step) {
-            step->setAdvice(registrysteps::adviceAfterCancellation(exception.outcome()));
+            step->setAdvice(registrysteps::adviceAfterCancellation(outcomeOf(exception)));
         }
         showError(exception.tr());
         return false;

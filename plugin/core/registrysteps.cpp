@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-using Outcome = ElectronicPrescriptionException::Outcome;
+using Outcome = RestClient::Outcome;
 
 /// The number on the patient's paper, or the registry's id where the paper has none.
 QString prescriptionNumber(const GoodsItem& position)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "electronicprescriptionexception.h"
+#include "restclient.h"
 #include "tr.h"
 
 class GoodsItem;
@@ -18,7 +18,7 @@ tr::Tr cancellation(const GoodsItem& position);
 
 /// @param registered how many dispenses of this subtotal the registry holds
 /// @param count how many were to be registered
-tr::Tr adviceAfterRegistration(ElectronicPrescriptionException::Outcome outcome, int registered, int count);
-tr::Tr adviceAfterCancellation(ElectronicPrescriptionException::Outcome outcome);
+tr::Tr adviceAfterRegistration(RestClient::Outcome outcome, int registered, int count);
+tr::Tr adviceAfterCancellation(RestClient::Outcome outcome);
 
 } // namespace registrysteps

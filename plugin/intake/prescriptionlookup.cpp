@@ -6,6 +6,7 @@
 #include "electronicprescriptionservice.h"
 #include "finally.h"
 #include "prescriptiontexts.h"
+#include "unsettledrequestexception.h"
 #include "workstep.h"
 
 #include <QJsonArray>
@@ -18,7 +19,7 @@ namespace
 /// A look-up that the cashier stopped is no error.
 void showLookUpFailure(const ElectronicPrescriptionException& failure)
 {
-    if (failure.outcome() == ElectronicPrescriptionException::Outcome::Stopped) {
+    if (outcomeOf(failure) == RestClient::Outcome::Stopped) {
         showNotice({u"electronicPrescriptionLookUpStopped"_s,
                     u"Поиск рецептов прекращён кассиром. В реестре ничего не изменено. Чтобы начать поиск снова, дайте "
                     "команду ещё раз."_s});

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptioninterface.h"
 
-#include "electronicprescriptionexception.h"
 #include "goodsitem.h"
 #include "positionoptions.h"
+#include "unsettledrequestexception.h"
 
 #include <algorithm>
 
@@ -22,14 +22,13 @@ void declareJsonBody(ElectronicPrescriptionInterface::Headers& headers)
 }
 
 /// Without the registry's own word, nobody knows what became of a request that was answered.
-ElectronicPrescriptionException::Outcome outcomeOf(const QJsonObject& answer)
+RestClient::Outcome outcomeOfAnswer(const QJsonObject& answer)
 {
     const QJsonArray entries = answer["entry"_L1].toArray();
     const bool hasStatus = std::any_of(entries.begin(), entries.end(), [](const QJsonValue& entry) {
         return entry["transactionResponse"_L1]["status"_L1].isString();
     });
-    return hasStatus ? ElectronicPrescriptionException::Outcome::Settled
-                     : ElectronicPrescriptionException::Outcome::Unknown;
+    return hasStatus ? RestClient::Outcome::Settled : RestClient::Outcome::Unknown;
 }
 
 /// Each dispense in the answer writes its id; that of the last one stays.
@@ -62,9 +61,9 @@ void ElectronicPrescriptionInterface::sendMedicationDispense(const QSharedPointe
     sendPostRequest(url, headers, dispense.toJson(QJsonDocument::Indented), answer);
 
     if (!checkRequestResultStatus(answer.object(), registeredStatus)) {
-        throw ElectronicPrescriptionException(
+        throwRequestFailure(
             {u"electronicPrescriptionDispenseError"_s, u"Ошибка при отпуске лекарственного препарата по рецепту"_s},
-            outcomeOf(answer.object()));
+            outcomeOfAnswer(answer.object()));
     }
     keepDispenseIds(answer.object(), *position);
 }
@@ -80,8 +79,8 @@ void ElectronicPrescriptionInterface::sendCancelMedicationDispense(const QShared
     sendPostRequest(url, headers, QJsonDocument(QJsonObject()).toJson(QJsonDocument::Indented), answer);
 
     if (!checkRequestResultStatus(answer.object(), cancelledStatus)) {
-        throw ElectronicPrescriptionException({u"electronicPrescriptionCancelError"_s,
-                                               u"Ошибка при отмене отпуска лекарственного препарата по рецепту"_s},
-                                              outcomeOf(answer.object()));
+        throwRequestFailure({u"electronicPrescriptionCancelError"_s,
+                             u"Ошибка при отмене отпуска лекарственного препарата по рецепту"_s},
+                            outcomeOfAnswer(answer.object()));
     }
 }

@@ -4,6 +4,7 @@
 #include "electronicprescriptionexception.h"
 #include "formquery.h"
 #include "restclient.h"
+#include "unsettledrequestexception.h"
 
 #include <algorithm>
 
@@ -59,7 +60,7 @@ void ElectronicPrescriptionInterface::getRequestResult(const QSharedPointer<Rest
             throw ElectronicPrescriptionException(tr::Tr(tr::undefined, issue["details"_L1].toString()));
         }
     }
-    throw ElectronicPrescriptionException(client->errorText(), client->outcome());
+    throwRequestFailure(client->errorText(), client->outcome());
 }
 
 bool ElectronicPrescriptionInterface::checkRequestResultStatus(const QJsonObject& answer,

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptionexception.h"
 
-ElectronicPrescriptionException::ElectronicPrescriptionException(const tr::Tr& message, Outcome outcome)
+ElectronicPrescriptionException::ElectronicPrescriptionException(const tr::Tr& message)
     : BasicException(message)
-    , m_outcome(outcome)
 {
 }
 

@@ -3,6 +3,7 @@
 
 #include "electronicprescriptionexception.h"
 #include "electronicprescriptionnoprescriptionsexception.h"
+#include "unsettledrequestexception.h"
 #include "workstep.h"
 
 using namespace Qt::StringLiterals;
@@ -154,7 +155,7 @@ TEST_F(Dispensing, eachRegistration_isAStepOfItsOwnThatNamesPrescriptionAndGoods
 
 TEST_F(Dispensing, failureOfTheSecond_readsWhichOneWhatIsRegisteredAndWhatToDoNext)
 {
-    using Outcome = ElectronicPrescriptionException::Outcome;
+    using Outcome = RestClient::Outcome;
     for (const auto& [outcome, word] : {std::pair(Outcome::Unknown, u"Неизвестно, записан ли в реестре этот отпуск"_s),
                                         std::pair(Outcome::Settled, u"Реестр не подтвердил этот отпуск"_s),
                                         std::pair(Outcome::Stopped, u"Реестр не подтвердил этот отпуск"_s)}) {
@@ -163,7 +164,7 @@ TEST_F(Dispensing, failureOfTheSecond_readsWhichOneWhatIsRegisteredAndWhatToDoNe
         addPosition(2, R"({"id":"b"})");
         registry->onDispense = [known = outcome](GoodsItem& position) {
             if (position.getNumber() == 2) {
-                throw ElectronicPrescriptionException({"aKey", "Отказ"}, known);
+                throwRequestFailure({"aKey", "Отказ"}, known);
             }
         };
 
@@ -179,14 +180,12 @@ TEST_F(Dispensing, failureOfTheSecond_readsWhichOneWhatIsRegisteredAndWhatToDoNe
 
 TEST_F(Dispensing, cancellationFails_readsWhichOneAndWhatToDoNext)
 {
-    using Outcome = ElectronicPrescriptionException::Outcome;
+    using Outcome = RestClient::Outcome;
     const auto position = addPosition(1, R"({"id":"r1","status":"dispensed"})");
     for (const auto& [outcome, word] :
          {std::pair(Outcome::Unknown, u"Неизвестно, отменён ли этот отпуск"_s),
           std::pair(Outcome::Settled, u"Реестр не подтвердил отмену: отпуск остаётся записанным"_s)}) {
-        registry->onCancel = [known = outcome](GoodsItem&) {
-            throw ElectronicPrescriptionException({"aKey", "Отказ"}, known);
-        };
+        registry->onCancel = [known = outcome](GoodsItem&) { throwRequestFailure({"aKey", "Отказ"}, known); };
 
         EXPECT_FALSE(service.cancelElectronicPrescription(position, true));
 

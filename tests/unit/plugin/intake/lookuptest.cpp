@@ -5,6 +5,7 @@
 #include "electronicprescriptionnoprescriptionsexception.h"
 #include "graphicaluserinterface.h"
 #include "registryuris.h"
+#include "unsettledrequestexception.h"
 #include "workstep.h"
 
 using namespace Qt::StringLiterals;
@@ -76,8 +77,7 @@ TEST_F(LookUp, stoppedByTheCashier_isANoticeAndNoError)
     QString step;
     registry->beforeAnswer = [&step] {
         step = WorkStep::currentText();
-        throw ElectronicPrescriptionException({"restClientStopped", "Запрос прекращён"},
-                                              ElectronicPrescriptionException::Outcome::Stopped);
+        throwRequestFailure({"restClientStopped", "Запрос прекращён"}, RestClient::Outcome::Stopped);
     };
 
     EXPECT_TRUE(lookUp().isEmpty());

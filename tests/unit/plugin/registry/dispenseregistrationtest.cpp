@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "registrydoubles.h"
 
-#include "electronicprescriptionexception.h"
+#include "unsettledrequestexception.h"
 
 using namespace Qt::StringLiterals;
 
@@ -66,7 +66,7 @@ protected:
         try {
             step();
         } catch (const ElectronicPrescriptionException& exception) {
-            return exception.outcome();
+            return ::outcomeOf(exception);
         }
         ADD_FAILURE() << "nothing was thrown";
         return RestClient::Outcome::Stopped;
@@ -111,7 +111,7 @@ TEST_F(DispenseTest, tokenStopped_isKnownToBeStopped)
         interface.sendMedicationDispense(positionWith("{}"));
         FAIL();
     } catch (const ElectronicPrescriptionException& exception) {
-        EXPECT_EQ(exception.outcome(), RestClient::Outcome::Stopped);
+        EXPECT_EQ(::outcomeOf(exception), RestClient::Outcome::Stopped);
     }
     EXPECT_EQ(requests.size(), 1);
 }
