@@ -101,7 +101,7 @@ protected:
         file.write(paper);
         file.close();
         marks.load(file.fileName());
-        applyRegisterStyle(*qApp, size.height());
+        applyRegisterStyle(*qApp, size);
     }
     ~TableCells() override { qApp->setStyleSheet({}); }
 
@@ -212,7 +212,7 @@ TEST_P(TableCells, documents_showEverySumWhole)
     params.ofDay = [](QDate) { return QList<DocumentListParams::Pointer>(); };
     params.returned = [](const Document&) { return Document::Returned::Nothing; };
     for (DocumentListParams::Rule* rule : {&params.obstacleToResuming, &params.obstacleToReturning,
-                                           &params.obstacleToVoiding, &params.obstacleOfPlugins}) {
+                                           &params.obstacleToVoiding, &params.obstacleToPrinting, &params.warning}) {
         *rule = [](const Document&) { return std::optional<Obstacle>(); };
     }
     params.marks = &marks;

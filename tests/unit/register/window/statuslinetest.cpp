@@ -94,7 +94,7 @@ TEST_F(StatusLineTest, buttonAppears_theLineKeepsItsHeight)
 {
     for (const bool touch : {false, true}) {
         config.set(u"GUI:touchMode"_s, touch ? u"true"_s : u"false"_s);
-        applyRegisterStyle(*qApp, 600);
+        applyRegisterStyle(*qApp, {1024, 600});
         openWindow();
         window->statusLine().showMessage({});
         QApplication::processEvents();
