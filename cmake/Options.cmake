@@ -27,6 +27,7 @@ add_compile_definitions(QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_NARROWING_CONVER
 if(WARNINGS_AS_ERRORS)
     add_compile_options(-Werror)
 endif()
+string(REPLACE "," ";" sanitizers "${SANITIZERS}")
 if(SANITIZERS)
     add_compile_options(-fsanitize=${SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${SANITIZERS})

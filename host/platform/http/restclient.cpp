@@ -30,6 +30,7 @@ using Method = HttpRequest::Method;
 
 constexpr int defaultTimeoutSeconds = 60;
 constexpr int mostRedirects = 5;
+constexpr int statusNoContent = 204;
 constexpr int firstStatusOfFailure = 300;
 constexpr int statusSeeOther = 303;
 
@@ -131,16 +132,6 @@ void logFailure(const HttpRequest& request, const HttpAnswer& answer, int errorC
         ->warn(method + u' ' + request.url.toString(onlyOrigin) + u" failed: "_s + QString::number(errorCode) + reason);
 }
 
-/// What the journal says of a request.
-JournalledRequest::State stateOf(const HttpAnswer& received)
-{
-    using State = JournalledRequest::State;
-    if (received.error == TransportError::None) {
-        return State::Answered;
-    }
-    return received.wasSent ? State::Unanswered : State::NotSent;
-}
-
 } // namespace
 
 class RestClient::Private
@@ -148,6 +139,7 @@ class RestClient::Private
 public:
     HttpAnswer run(HttpRequest request);
     void runJournalled(const HttpRequest& request);
+    JournalledRequest::State stateOf(const HttpAnswer& received) const;
 
     int timeoutSeconds = defaultTimeoutSeconds;
     int errorCode = 0;
@@ -194,6 +186,21 @@ HttpAnswer RestClient::Private::run(HttpRequest request)
         logFailure(request, received, errorCode);
     }
     return received;
+}
+
+/// What the journal says of the request that was run last. An answer without the server's own word says nothing.
+JournalledRequest::State RestClient::Private::stateOf(const HttpAnswer& received) const
+{
+    using State = JournalledRequest::State;
+    const bool isEmpty = received.error == TransportError::None && received.status < firstStatusOfFailure &&
+                         received.status != statusNoContent && answer.isNull();
+    if (outcome == Outcome::Unknown || isEmpty) {
+        return State::Unanswered;
+    }
+    if (received.error == TransportError::None) {
+        return State::Answered;
+    }
+    return received.wasSent ? State::Unanswered : State::NotSent;
 }
 
 void RestClient::Private::runJournalled(const HttpRequest& request)

@@ -92,11 +92,13 @@ Expected<void> JournalFile::append(const QJsonObject& line)
     }
     const qint64 end = m_file.size();
     m_file.seek(end);
-    if (writeAll(m_file, lineOf(line))) {
+    const QByteArray before = m_hasPartOfALine ? "\n" : "";
+    if (writeAll(m_file, before + lineOf(line))) {
+        m_hasPartOfALine = false;
         return {};
     }
     Failure reason = failure(m_file, qt_error_string(errno));
-    m_file.resize(end);
+    m_hasPartOfALine = !m_file.resize(end) || m_hasPartOfALine;
     return reason;
 }
 
@@ -107,9 +109,8 @@ Expected<void> JournalFile::replace(const QList<QJsonObject>& lines)
         content += lineOf(line);
     }
     Expected<void> written = writeWholeFile(m_folder, m_name, content);
-    if (written) {
-        m_file.close(); // that was the former file
-    }
+    m_hasPartOfALine = m_hasPartOfALine && !written;
+    m_file.close(); // may be the former file, also after a failure
     return written;
 }
 

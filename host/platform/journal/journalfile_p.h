@@ -40,5 +40,6 @@ private:
 
     QString m_folder;
     QString m_name;
-    QFile m_file; ///< open for reading and appending, or closed
+    QFile m_file;                  ///< open for reading and appending, or closed
+    bool m_hasPartOfALine = false; ///< at its end, from a write that failed and could not be taken back
 };

@@ -10,6 +10,7 @@
 #include <log4qt/logmanager.h>
 
 #include <algorithm>
+#include <numeric>
 
 #include <fnmatch.h>
 
@@ -23,6 +24,8 @@ namespace
 using State = JournalledRequest::State;
 
 constexpr qsizetype mostRequests = 10000;
+/// Of bodies and answers together.
+constexpr qsizetype mostBytes = 16 * 1024 * 1024;
 /// A larger answer is kept by its status alone.
 constexpr qsizetype largestAnswer = 1024 * 1024;
 /// A file that is larger than this and twice what it last had to be is written anew without what is settled.
@@ -101,12 +104,15 @@ public:
     void take(const QJsonObject& line);
     void remove(qint64 id);
     void tidyUp();
+    bool isFull() const;
+    qint64 leastNeeded() const;
     bool isUntidy() const { return file.size() > std::max(sizeToTidyUp, 2 * tidySize); }
 
     const QStringList patterns;
     JournalFile file;
     QList<JournalledRequest> requests; ///< not settled, by rising id
     qint64 lastId = 0;
+    qint64 lastIdOfFormerRuns = 0;
     qint64 tidySize = 0; ///< of the file, when it was last written anew
 };
 
@@ -118,6 +124,7 @@ RequestJournal::Private::Private()
     for (const QJsonObject& line : lines) {
         take(line);
     }
+    lastIdOfFormerRuns = lastId;
     if (!lines.isEmpty()) {
         tidyUp();
     }
@@ -176,6 +183,24 @@ void RequestJournal::Private::tidyUp()
     tidySize = file.size();
 }
 
+bool RequestJournal::Private::isFull() const
+{
+    const auto bytes = std::accumulate(requests.cbegin(), requests.cend(), qsizetype(0),
+                                       [](qsizetype sum, const JournalledRequest& request) {
+                                           return sum + request.body.size() + request.answer.size();
+                                       });
+    return requests.size() > 1 && (requests.size() > mostRequests || bytes > mostBytes);
+}
+
+/// The oldest request whose outcome is known, or else the oldest one.
+qint64 RequestJournal::Private::leastNeeded() const
+{
+    const auto known = std::find_if(requests.cbegin(), requests.cend(), [](const JournalledRequest& request) {
+        return request.state != State::Unanswered;
+    });
+    return known == requests.cend() ? requests.constFirst().id : known->id;
+}
+
 RequestJournal::RequestJournal()
     : d(std::make_unique<Private>())
 {
@@ -227,15 +252,15 @@ Expected<qint64> RequestJournal::begin(const QString& method, const QUrl& url, c
     if (const Expected<void> written = d->file.append(requestLine(request)); !written) {
         return Failure{tr::Tr(u"requestJournalNotWritable"_s,
                               u"Запрос не отправлен: он не записан в журнал запросов (%1). "
-                              "Освободите место на диске или позовите администратора и повторите команду"_s)
+                              "Освободите место на диске или позовите администратора и повторите команду."_s)
                            .arg(written.failure().text.ui()),
                        written.failure().detail};
     }
     d->lastId = request.id;
     d->requests.append(request);
-    if (d->requests.size() > mostRequests) {
-        Log4Qt::LogManager::logger(u"journal"_s)->warn(u"The journal is full: its oldest request is dropped"_s);
-        settle(d->requests.first().id);
+    while (d->isFull()) {
+        Log4Qt::LogManager::logger(u"journal"_s)->warn(u"The journal is full: a request is dropped"_s);
+        settle(d->leastNeeded());
     }
     return request.id;
 }
@@ -244,6 +269,10 @@ void RequestJournal::end(qint64 id, State state, int status, const QByteArray& a
 {
     JournalledRequest* request = d->find(id);
     if (!request || state == State::Unanswered) {
+        return;
+    }
+    if (state == State::NotSent && request->document.isEmpty()) {
+        settle(id); // nobody misses it
         return;
     }
     request->state = state;
@@ -256,7 +285,7 @@ void RequestJournal::finishDocument(const QString& document)
 {
     const QList<JournalledRequest> ofDocument = requestsOf(document);
     for (const JournalledRequest& request : ofDocument) {
-        if (request.state != State::Unanswered) {
+        if (request.state != State::Unanswered && request.id > d->lastIdOfFormerRuns) {
             settle(request.id);
         }
     }

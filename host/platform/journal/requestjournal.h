@@ -22,8 +22,9 @@
 /// The file is `requests.journal` in the folder "Register:data"; only its owner can read it. It holds addresses and
 /// bodies, and never a header. docs/data-folder.md has its form.
 ///
-/// A request is in the journal until it is settled, or until its document is finished with an answer known. The oldest
-/// ones are dropped when there are more than 10,000.
+/// A request is in the journal until it is settled, or until its document is finished with its outcome known in this
+/// run of the register: what a former run left is for a plug-in to settle. Above 10,000 requests or 16 MiB of them, the
+/// oldest with a known outcome is dropped, or else the oldest.
 /// Main thread.
 class REGISTERPLATFORM_EXPORT RequestJournal
 {
@@ -50,7 +51,7 @@ public:
     Expected<qint64> begin(const QString& method, const QUrl& url, const QByteArray& body);
     /// Writes down what came of a request; Unanswered: nothing is known. Nothing happens when there is no such request.
     void end(qint64 id, JournalledRequest::State state, int status = 0, const QByteArray& answer = {});
-    /// A document was closed, cancelled or voided: its requests whose outcome is known are settled.
+    /// A document was closed, cancelled or voided: its requests of this run whose outcome is known are settled.
     void finishDocument(const QString& document);
 
 private:

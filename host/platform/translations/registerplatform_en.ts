@@ -15,8 +15,8 @@ Try again. If it happens again, call support.</translation>
         <translation>The action was stopped: the register is being closed.</translation>
     </message>
     <message id="requestJournalNotWritable">
-        <source>Запрос не отправлен: он не записан в журнал запросов (%1). Освободите место на диске или позовите администратора и повторите команду</source>
-        <translation>The request was not sent: it could not be written to the journal of requests (%1). Free some disk space or call the administrator, and repeat the command</translation>
+        <source>Запрос не отправлен: он не записан в журнал запросов (%1). Освободите место на диске или позовите администратора и повторите команду.</source>
+        <translation>The request was not sent: it could not be written to the journal of requests (%1). Free some disk space or call the administrator, and repeat the command.</translation>
     </message>
     <message id="saveFolderNotConfigured">
         <source>в настройках нет Register:data</source>

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What the journal of requests holds while a POST waits, and afterwards.
 #include "clientandserver.h"
+#include "documentdouble.h"
+#include "documentwatcher.h"
+#include "finally.h"
 #include "inplace.h"
 #include "requestjournal.h"
 
@@ -15,6 +18,12 @@ namespace
 {
 
 using State = JournalledRequest::State;
+
+class NamedDocument : public DocumentDouble
+{
+public:
+    QString identifier() const override { return u"17"_s; }
+};
 
 class JournalledPost : public testing::Test
 {
@@ -97,8 +106,22 @@ TEST_F(JournalledPost, answerLost_staysUnanswered)
     }
 }
 
+TEST_F(JournalledPost, answerThatSaysNothing_staysUnanswered)
+{
+    for (const Reaction& reaction : {Reaction::json(504, R"({"issue": []})"), Reaction::json(502, "{}"),
+                                     Reaction::json(200, "<html>"), Reaction::json(201, "")}) {
+        both.server.react({reaction});
+        post();
+        EXPECT_EQ(request().state, State::Unanswered);
+        journal->object.settle(request().id);
+    }
+}
+
 TEST_F(JournalledPost, serverNotReached_isKeptAsNotSent)
 {
+    const auto document = QSharedPointer<NamedDocument>::create();
+    DocumentWatcher::setCurrentDocument(document);
+    const Finally none([] { DocumentWatcher::setCurrentDocument({}); });
     both.client.post(QUrl(u"http://127.0.0.1:1/MedicationDispense/$register"_s), "{}", {});
     EXPECT_GT(both.client.errorCode(), 0);
     EXPECT_EQ(request().state, State::NotSent);

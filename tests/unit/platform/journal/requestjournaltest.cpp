@@ -165,6 +165,7 @@ TEST_F(RequestJournalTest, answered_isKept)
 
 TEST_F(RequestJournalTest, notSentAndUnanswered_areKeptApart)
 {
+    openDocument(u"17"_s);
     journal->end(begin(), State::NotSent);
     journal->end(begin(), State::Unanswered);
     restart();
@@ -338,17 +339,49 @@ TEST_F(RequestJournalTest, manySettled_theFileStaysSmall)
     EXPECT_LT(content().size(), 1000);
 }
 
-TEST_F(RequestJournalTest, moreThanItsBound_theOldestIsDropped)
+TEST_F(RequestJournalTest, documentFinishedInALaterRun_whatTheFormerRunLeftStays)
+{
+    openDocument(u"1"_s);
+    const qint64 former = begin();
+    journal->end(former, State::Answered, 201, "{}");
+    restart();
+    journal->end(begin(), State::Answered, 201, "{}");
+    journal->finishDocument(u"1"_s);
+    EXPECT_EQ(ids(), QList<qint64>{former}) << "its answer may not have reached the document";
+}
+
+TEST_F(RequestJournalTest, notSentWithoutADocument_isForgotten)
+{
+    journal->end(begin(), State::NotSent);
+    EXPECT_EQ(ids(), QList<qint64>());
+    restart();
+    EXPECT_EQ(ids(), QList<qint64>());
+}
+
+TEST_F(RequestJournalTest, moreThanItsBound_theOldestDecidedOneIsDropped)
 {
     journal.reset();
     QByteArray lines;
     for (int id = 1; id <= 10000; ++id) {
         lines += "{\"id\": " + QByteArray::number(id) + ", \"method\": \"POST\"}\n";
     }
-    writeFile(lines);
+    writeFile(lines + "{\"id\": 7, \"status\": 200}\n");
     restart();
     ASSERT_EQ(journal->requests().size(), 10000);
     EXPECT_EQ(begin(), 10001);
     EXPECT_EQ(journal->requests().size(), 10000);
-    EXPECT_EQ(ids().first(), 2);
+    EXPECT_FALSE(ids().contains(7));
+    EXPECT_EQ(begin(), 10002);
+    EXPECT_FALSE(ids().contains(1)) << "none is decided";
+    EXPECT_EQ(journal->requests().size(), 10000);
+}
+
+TEST_F(RequestJournalTest, hugeBodies_theFileStaysReadable)
+{
+    for (int request = 0; request < 20; ++request) {
+        ASSERT_GT(begin(QByteArray(1024 * 1024, 'x')), 0);
+    }
+    EXPECT_EQ(journal->requests().size(), 16);
+    restart();
+    EXPECT_EQ(journal->requests().size(), 16);
 }

@@ -72,7 +72,7 @@ TEST_F(StatusLineTest, windowMadeNarrower_theButtonAppears)
 {
     openWindow();
     window->resize(1900, 600);
-    window->statusLine().showMessage(u"Модуль не подключён. "_s.repeated(9).trimmed());
+    window->statusLine().showMessage(u"Модуль не подключён. "_s.repeated(13).trimmed());
     ASSERT_FALSE(more()->isVisible());
     window->resize(1024, 600);
     EXPECT_TRUE(QTest::qWaitFor([this] { return more()->isVisible(); }));
