@@ -917,6 +917,9 @@ protected:
             payByCardAndStayOpen(u"20"_s);
         }
         activePlugins.clear();
+        if (isLost()) {
+            answerQuestion("noButton"); // the restart asks again
+        }
         crash();
     }
     void pluginAndTerminalComeBack()
