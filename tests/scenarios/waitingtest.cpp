@@ -43,7 +43,7 @@ TEST_F(SilentLookUp, escape_stopsAtOnceAndReadsAsStoppedWithoutAnError)
         {"contains": "самое большее 60 с", "in": "busyTimeLabel"},
         {"contains": "Esc — прекратить", "in": "busyHintLabel"}, {"screenshot": "look-up"}, {"key": "Esc"})",
                                        readsTheMessage, R"({"visible": false, "in": "busyScreen"},
-        {"expect": "", "in": "statusMessageLabel"}, {"receipt": {"positions": []}})"});
+        {"expect": "Чек не открыт", "in": "receiptNumberLabel"}, {"expect": "Чек № 1 отменён", "in": "statusMessageLabel"})"});
     expectPlayed(outcome);
     EXPECT_TRUE(outcome.output.contains(u"Поиск рецептов прекращён кассиром"_s)) << qPrintable(outcome.output);
     EXPECT_TRUE(outcome.output.contains(u"Сообщение"_s)) << qPrintable(outcome.output);
@@ -133,6 +133,12 @@ TEST_F(PrescriptionKey, withoutADocument_opensASaleAndReturnInTheEmptyFieldSaysT
         {"wait": "inputLineEdit"}, {"key": "Return"}, {"contains": "Поле пустое", "in": "scanErrorLabel"},
         {"scan": "1100000000000001"}, {"wait": "electronicPrescriptionsTableView"}, {"key": "Esc"},
         {"expect": "Чек № 1", "in": "receiptNumberLabel"}, {"receipt": {"type": 1, "positions": []}})"}));
+}
+
+TEST_F(PrescriptionKey, cardInputIsLeft_noEmptySaleStaysOpen)
+{
+    expectPlayed(playSteps({R"({"key": "F5"}, {"wait": "inputLineEdit"}, {"key": "Esc"},
+        {"visible": false, "in": "inputLineEdit"}, {"expect": "Чек не открыт", "in": "receiptNumberLabel"})"}));
 }
 
 TEST_F(SilentRegistration, prescriptionKeyInAReturn_saysWhyNot)

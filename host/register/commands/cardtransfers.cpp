@@ -119,6 +119,19 @@ void showFound(const Document& document, const CardOperation& operation)
     showNotice(withDetails(operation.kind == Kind::Payment ? payment : refund, document, operation));
 }
 
+/// Whether the cashier can say what a terminal cannot that is busy.
+bool knowsWhileBusy()
+{
+    const Question question{title(),
+                            {u"terminalBusyFinding"_s,
+                             u"Терминал занят и не может сказать, прошла ли операция.\n"
+                             "Подождите, пока он освободится, и повторите. Если у вас есть чек терминала, скажите по "
+                             "нему."_s},
+                            {u"terminalBusyKnown"_s, u"Знаю по чеку терминала"_s},
+                            {u"terminalBusyWait"_s, u"Подождать"_s}};
+    return question.ask();
+}
+
 /// What the cashier sees on the terminal; nothing when the cashier does not know.
 std::optional<State> askCashier(const Document& document, const CardOperation& operation)
 {
@@ -180,9 +193,7 @@ bool CardTransfers::settleOrShow(const QSharedPointer<Document>& document, CardO
         answer = askTerminal(host, {u"cardFinding"_s, u"Терминал проверяет операцию…"_s},
                              [&](CardTerminal& terminal) { return terminal.find(operation.reference); });
     }
-    if (answer.outcome == Outcome::Busy) {
-        showNotice({u"terminalBusyFinding"_s, u"Терминал занят и не может сказать, прошла ли операция.\n"
-                                              "Дождитесь, пока он освободится, и повторите."_s});
+    if (answer.outcome == Outcome::Busy && !knowsWhileBusy()) {
         return false;
     }
     std::optional<CardOperation> known = settled(operation, answer);
@@ -277,15 +288,17 @@ bool CardTransfers::refundOrShow(const QSharedPointer<Document>& document, const
     return refund.state == State::Approved || payInCash(document, payment);
 }
 
-/// Asks the cashier to pay out in cash what the terminal does not give back.
+/// Asks whether to pay out in cash what the terminal does not give back. The ending tells the cashier to do it.
 bool CardTransfers::payInCash(const QSharedPointer<Document>& document, const CardOperation& payment) const
 {
-    const Question question{title(),
-                            withDetails({u"cardCashQuestion"_s, u"Документ № %1: вернуть %2 на карту нельзя.\n"
-                                                                "Выдать эти деньги покупателю наличными?"_s},
-                                        *document, payment),
-                            {u"cardCashYes"_s, u"Выдать наличными"_s},
-                            {u"cardCashNo"_s, u"Назад"_s}};
+    const Question question{
+        title(),
+        withDetails({u"cardCashQuestion"_s, u"Документ № %1: вернуть %2 на карту нельзя.\n"
+                                            "Вернуть эти деньги наличными? Их выдают в конце, когда "
+                                            "касса об этом скажет."_s},
+                    *document, payment),
+        {u"cardCashYes"_s, u"Вернуть наличными"_s},
+        {u"cardCashNo"_s, u"Назад"_s}};
     if (!question.ask()) {
         return false;
     }

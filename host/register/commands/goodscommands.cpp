@@ -69,10 +69,10 @@ EContext::Result GoodsCommands::selectGoods(control::Action& action)
 {
     const QString medicineInfo = action.value(u"medicineInfo"_s).toString();
     const QString wantedName = action.value(u"filterByInn"_s).toString().trimmed();
-    const GoodsList wanted = m_catalogue.goodsOf(wantedName);
-    const GoodsList all = wantedName.isEmpty() ? wanted : m_catalogue.goodsOf({});
     const std::optional<SelectedGoods> selected =
-        letSelect({wanted, medicineInfo, {}, pickedBefore(medicineInfo), wantedName, all});
+        letSelect({m_catalogue.goodsOf(wantedName), medicineInfo, {}, pickedBefore(medicineInfo), wantedName, [this] {
+                       return m_catalogue.goodsOf({});
+                   }});
     if (!selected || !maySell(*selected)) {
         return EContext::Stop;
     }
@@ -89,8 +89,9 @@ EContext::Result GoodsCommands::addSelectedGoods(control::Action& action)
     }
     const auto selected = value.value<SelectedGoods>();
     const QSharedPointer<Document> document = m_till.document();
-    if (showIfObstacle(m_till.obstacleToChangingDocument()) || (!isPicked(selected) && !maySell(selected)) ||
-        showIfObstacle(m_till.obstacleToGoingOn(document))) {
+    if (showIfObstacle(m_till.obstacleToChangingDocument()) || showIfObstacle(m_till.obstacleToAddingGoods()) ||
+        (!isPicked(selected) && !maySell(selected)) || showIfObstacle(m_till.obstacleToGoingOn(document)) ||
+        showIfObstacle(m_till.obstacleToAddingGoods())) {
         return EContext::Stop;
     }
     const int number = m_till.add(selected);

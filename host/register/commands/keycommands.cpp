@@ -46,6 +46,22 @@ Obstacle onlyInSales()
             {u"menuOnlyInSales"_s, u"только в продаже"_s}};
 }
 
+/// Each plug-in's command adds goods in the end. It is stopped before the cashier goes the whole way for nothing.
+std::optional<Obstacle> obstacleToPluginCommand(const Till& till)
+{
+    const bool isReturn = till.document() && till.document()->isReturn();
+    return isReturn ? onlyInSales() : till.obstacleToAddingGoods();
+}
+
+/// A command that the cashier left leaves no receipt, as a selection of goods that the cashier left opens none.
+void cancelIfEmpty(const Document& opened)
+{
+    if (opened.positions().isEmpty()) {
+        control::Action cancellation = Singleton<control::ActionFactory>::get()->create(control::CancelDocument);
+        Singleton<ActionQueueController>::get()->execute(cancellation);
+    }
+}
+
 } // namespace
 
 std::optional<Obstacle> obstacleToKey(const FunctionKey& key, bool isDocumentOpen)
@@ -72,8 +88,7 @@ void KeyCommands::offer(ActionQueueController& controller)
     };
     offerCommands<Commands>(controller, *this, table);
     controller.host().setFrame(control::PluginCommand, [this](control::Action&, const auto& course) {
-        const bool isReturn = m_till.document() && m_till.document()->isReturn();
-        return isReturn && showIfObstacle(onlyInSales()) ? EContext::Stop : course();
+        return showIfObstacle(obstacleToPluginCommand(m_till)) ? EContext::Stop : course();
     });
 }
 
@@ -100,5 +115,10 @@ EContext::Result KeyCommands::openSaleFor(control::Action& action)
     for (auto argument = arguments.cbegin(); argument != arguments.cend(); ++argument) {
         command.insert(argument.key(), argument.value());
     }
-    return Singleton<ActionQueueController>::get()->execute(command);
+    const QSharedPointer<Document> opened = m_till.document();
+    const EContext::Result result = Singleton<ActionQueueController>::get()->execute(command);
+    if (result == EContext::Stop && m_till.document() == opened) {
+        cancelIfEmpty(*opened);
+    }
+    return result;
 }

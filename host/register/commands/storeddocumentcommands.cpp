@@ -150,6 +150,9 @@ EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
     params.obstacleToVoiding = [this](const Document& document) { return m_till.obstacleToVoiding(document); };
     params.obstacleToPrinting = [this](const Document& document) { return m_till.obstacleToPrinting(document); };
     params.warning = [this](const Document& document) {
+        if (m_till.archive().damagedReturn(document, m_till.document())) {
+            return m_till.obstacleToVoiding(document); // it names the damaged file
+        }
         const std::optional<Obstacle> begun = m_till.obstacleOfVoiding(document);
         return begun ? begun : m_till.obstacleOfPlugins(document);
     };

@@ -8,17 +8,39 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
+/// What a terminal did not give back the cashier was told to hand out at the end. Cash for cash has been handed out.
+tr::Tr closingOfReturn(const Document& document)
+{
+    const QString number = QString::number(document.getNumber());
+    const Kopecks toCard = document.getRefunded();
+    const Kopecks inCash = document.getSum() - toCard;
+    if (toCard > Kopecks{0} && inCash == Kopecks{0}) {
+        return tr::Tr(u"takeBackClosedWhollyToCard"_s, u"Возврат № %1 закрыт. На карту возвращено %2"_s)
+            .arg(number)
+            .arg(amountText(toCard));
+    }
+    if (toCard > Kopecks{0}) {
+        return tr::Tr(u"takeBackClosedToCard"_s, u"Возврат № %1 закрыт. На карту %2, верните наличными %3"_s)
+            .arg(number)
+            .arg(amountText(toCard))
+            .arg(amountText(inCash));
+    }
+    return (document.getRefundedInCash() > Kopecks{0}
+                ? tr::Tr(u"takeBackClosedPaidBack"_s, u"Возврат № %1 закрыт. Верните покупателю наличными %2"_s)
+                : tr::Tr(u"takeBackClosed"_s, u"Возврат № %1 закрыт. Выдано покупателю %2"_s))
+        .arg(number)
+        .arg(amountText(document.getReceived()));
+}
+
 tr::Tr closing(const Document& document)
 {
     if (document.isReturn()) {
-        return document.getRefunded() == Kopecks{0}
-                   ? tr::Tr(u"takeBackClosed"_s, u"Возврат № %1 закрыт. Выдано покупателю %2"_s)
-                         .arg(QString::number(document.getNumber()))
-                         .arg(amountText(document.getReceived()))
-                   : tr::Tr(u"takeBackClosedToCard"_s, u"Возврат № %1 закрыт. На карту %2, наличными %3"_s)
-                         .arg(QString::number(document.getNumber()))
-                         .arg(amountText(document.getRefunded()))
-                         .arg(amountText(document.getSum() - document.getRefunded()));
+        return closingOfReturn(document);
+    }
+    if (document.getCharged() > Kopecks{0} && document.getCharged() == document.getSum()) {
+        return tr::Tr(u"receiptClosedByCard"_s, u"Чек № %1 закрыт. Картой оплачено %2"_s)
+            .arg(QString::number(document.getNumber()))
+            .arg(amountText(document.getCharged()));
     }
     return tr::Tr(u"receiptClosed"_s, u"Чек № %1 закрыт. Сдача %2"_s)
         .arg(QString::number(document.getNumber()))
@@ -169,6 +191,12 @@ QString voiding(const Document& document, Document::State before)
     }
     if (document.getSum() == Kopecks{}) {
         return tr::Tr(u"saleWithoutMoneyAnnulled"_s, u"Чек № %1 аннулирован"_s).arg(number).ui();
+    }
+    if (document.getRefunded() == document.getSum()) {
+        return tr::Tr(u"saleAnnulledWhollyToCard"_s, u"Чек № %1 аннулирован. На карту возвращено %2"_s)
+            .arg(number)
+            .arg(amountText(document.getRefunded()))
+            .ui();
     }
     if (document.getRefunded() > Kopecks{0}) {
         return tr::Tr(u"saleAnnulledToCard"_s, u"Чек № %1 аннулирован. На карту возвращено %2, верните наличными %3"_s)

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "goodsselectionform.h"
 
+#include "basicexception.h"
 #include "config.h"
 #include "dialogeventfilter.h"
 #include "formanswer.h"
+#include "keyofgoods.h"
 #include "registerstyle.h"
 #include "scanfilter.h"
 #include "tablecolumn.h"
@@ -64,22 +66,37 @@ GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObje
     m_filter->setText(params.filter);
     onFilterChanged(params.filter);
     if (params.picked) {
-        offerPicked(*params.picked);
+        offerAgain(*params.picked, params.medicineInfo);
     } else if (params.filter.isEmpty()) {
         offerWanted(params.medicineInfo);
     }
 }
 
-void GoodsSelectionForm::offerPicked(const SelectedGoods& picked)
+void GoodsSelectionForm::offerAgain(const SelectedGoods& picked, const QString& medicineInfo)
+{
+    if (offerPicked(picked)) {
+        return;
+    }
+    if (!m_wantedName.isEmpty() && !offerAllOrShow()) {
+        m_table->setCurrentIndex({}); // other goods must not be taken by the next Return
+        return;
+    }
+    if (!offerPicked(picked)) {
+        offerWanted(medicineInfo);
+    }
+}
+
+bool GoodsSelectionForm::offerPicked(const SelectedGoods& picked)
 {
     for (int row = 0; row < m_goods.rowCount(); ++row) {
-        if (m_goods.goods(row).code != picked.goods.code) {
+        if (!keyOf(m_goods.goods(row)).isSame(keyOf(picked.goods))) {
             continue;
         }
         makeCurrent(row);
         m_packs->setText(QString::number(picked.packs));
-        return;
+        return true;
     }
+    return false;
 }
 
 /// Makes the goods in stock current whose trade name is a part of `medicineInfo`. The parts are separated by slashes;
@@ -178,9 +195,21 @@ void GoodsSelectionForm::searchScanned(const QString& barcode)
     m_filter->selectAll(); // the next scan replaces it
 }
 
-/// The goods stay limited to the search. The warning stays as long as the form is open.
 void GoodsSelectionForm::offerAll()
 {
+    offerAllOrShow();
+    m_filter->setFocus();
+}
+
+/// The goods stay limited to the search. The warning stays as long as the form is open.
+bool GoodsSelectionForm::offerAllOrShow()
+{
+    try {
+        m_goods.offer(m_allGoods());
+    } catch (const BasicException& exception) {
+        showHint(exception.tr());
+        return false;
+    }
     showText(u"allGoodsLabel"_s,
              tr::Tr(u"goodsSelectionAllShown"_s,
                     u"Показаны все товары, не только с МНН «%1». Сверьте действующее вещество."_s)
@@ -191,9 +220,8 @@ void GoodsSelectionForm::offerAll()
         warning->show();
     }
     m_wantedName.clear();
-    m_goods.offer(m_allGoods);
     onFilterChanged(m_filter->text());
-    m_filter->setFocus();
+    return true;
 }
 
 void GoodsSelectionForm::onChoose()

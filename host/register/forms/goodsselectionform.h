@@ -5,6 +5,7 @@
 #include "goodsselectionparams.h"
 #include "goodstablemodel.h"
 
+#include <functional>
 #include <optional>
 
 class QLabel;
@@ -34,7 +35,12 @@ private:
     void setUpPacks();
     void setUpButtons();
     void nameControls();
-    void offerPicked(const SelectedGoods& picked);
+    /// Makes the picked goods current, of all goods when they have another name than the wanted one.
+    void offerAgain(const SelectedGoods& picked, const QString& medicineInfo);
+    /// @return false when they are not in the list
+    bool offerPicked(const SelectedGoods& picked);
+    /// Shows a hint when they cannot be read. @return false then
+    bool offerAllOrShow();
     void offerWanted(const QString& medicineInfo);
     void makeCurrent(int row);
     void searchScanned(const QString& barcode);
@@ -46,7 +52,7 @@ private:
     void showWhetherAllCanBeOffered(bool nothingMatches);
 
     GoodsTableModel m_goods;
-    GoodsList m_allGoods;
+    std::function<GoodsList()> m_allGoods;
     QString m_wantedName; ///< empty: all goods are offered
     TalloTableView* m_table;
     TalloLineEdit* m_filter;

@@ -72,7 +72,7 @@ void ReturnForm::fill(const ReturnParams& params)
         m_model.appendRow({cell({}, Qt::AlignHCenter), cell(QString::number(place), Qt::AlignRight),
                            cell(position->getName(), Qt::AlignLeft),
                            cell(params.marks->look(*position).mark, Qt::AlignHCenter),
-                           cell(QString::number(position->getQuantity()).replace(u'.', u','), Qt::AlignRight),
+                           cell(packsText(position->getQuantity()), Qt::AlignRight),
                            cell(amountFigures(position->getSum()), Qt::AlignRight)});
         m_model.item(m_model.rowCount() - 1, Name)->setToolTip(plainToolTip(position->getName()));
         choose(m_model.rowCount() - 1, canBeChosen(m_model.rowCount() - 1));

@@ -37,7 +37,7 @@ QList<Screen> screens()
          {{{enter, {u"helpSubtotalEnter"_s, u"к оплате"_s}}, position, backToPositions},
           {u"helpSubtotalNext"_s, u"Проверьте позиции и сумму, затем переходите к оплате."_s}}},
         {u"payment"_s,
-         {{{enter, {u"helpPaymentEnter"_s, u"закрыть чек; пустое поле — ровно сумма чека"_s}}, backToPositions},
+         {{{enter, {u"helpPaymentEnter"_s, u"закрыть чек; пустое поле — ровно сумма к оплате"_s}}, backToPositions},
           {u"helpPaymentNext"_s, u"Введите полученные деньги: касса покажет сдачу. Затем закройте чек."_s}}},
         {u"payOut"_s,
          {{{enter, {u"helpPayOutEnter"_s, u"закрыть возврат"_s}}, backToPositions},

@@ -25,8 +25,16 @@ Obstacle returnDamaged(const Document& sale, const DocumentArchive::DamagedRetur
 
 Obstacle voidingPaidBack(const Document& sale)
 {
-    return {tr::Tr(u"voidingBegun"_s, u"Аннулирование продажи № %1 начато, деньги возвращены на карту.\n"
-                                      "Завершите его: аннулируйте продажу ещё раз."_s)
+    return {tr::Tr(u"voidingBegun"_s,
+                   u"Аннулирование продажи № %1 начато, деньги возвращены или могли быть возвращены.\n"
+                   "Завершите его: аннулируйте продажу ещё раз."_s)
+                .arg(number(sale))};
+}
+
+Obstacle cancellingPaidBack(const Document& sale)
+{
+    return {tr::Tr(u"cancellingBegun"_s, u"Отмена чека № %1 начата, деньги возвращены или могли быть возвращены.\n"
+                                         "Завершите её: отмените чек ещё раз."_s)
                 .arg(number(sale))};
 }
 
@@ -49,14 +57,21 @@ Obstacle belowZero(const Document& document)
 
 } // namespace
 
-/// Money from a card binds the open document: its sum stays as it is.
+/// Money from a card binds the open document: its sum stays as it is, also when the money went back.
 std::optional<Obstacle> Till::obstacleWhileCharged() const
 {
-    if (!m_document || (m_document->getCharged() == Kopecks{0} && !m_document->unsettledCardOperation())) {
+    if (!m_document) {
+        return std::nullopt;
+    }
+    const bool mayOnlyBeCancelled = !m_document->isReturn() && m_document->mayHavePaidBack();
+    if (!mayOnlyBeCancelled && m_document->getCharged() == Kopecks{0} && !m_document->unsettledCardOperation()) {
         return std::nullopt;
     }
     if (auto obstacle = obstacleOfPlugins(*m_document)) {
         return obstacle; // it can neither be paid nor cancelled
+    }
+    if (mayOnlyBeCancelled) {
+        return cancellingPaidBack(*m_document);
     }
     return Obstacle{tr::Tr(u"chargedNotChanged"_s,
                            u"По чеку № %1 уже есть оплата картой, он не меняется.\n"
@@ -150,6 +165,9 @@ std::optional<Obstacle> Till::obstacleToGoingOn(const QSharedPointer<Document>& 
 
 std::optional<Obstacle> Till::obstacleToAddingGoods() const
 {
+    if (m_document && m_document->isClosed()) { // its receipt is being printed, and the cashier reads a message
+        return documentGone();
+    }
     if (!m_document || !m_document->isReturn()) {
         return obstacleWhileCharged();
     }
@@ -159,6 +177,9 @@ std::optional<Obstacle> Till::obstacleToAddingGoods() const
 
 std::optional<Obstacle> Till::obstacleToChangingPositions() const
 {
+    if (m_document && m_document->isClosed()) {
+        return documentGone();
+    }
     if (!m_document || !m_document->isReturn()) {
         return obstacleWhileCharged();
     }
@@ -181,9 +202,7 @@ std::optional<Obstacle> Till::obstacleToChangingQuantity(const Position& positio
 std::optional<Obstacle> Till::obstacleToPayment() const
 {
     if (m_document && !m_document->isReturn() && m_document->mayHavePaidBack()) {
-        return Obstacle{tr::Tr(u"cancellingBegun"_s, u"Отмена чека № %1 начата, деньги возвращены на карту.\n"
-                                                     "Завершите её: отмените чек ещё раз."_s)
-                            .arg(number(*m_document))};
+        return cancellingPaidBack(*m_document);
     }
     if (m_document && m_document->getSum() < Kopecks{0}) {
         return belowZero(*m_document);

@@ -648,6 +648,10 @@ The card payment goes back to the customer's card.</translation>
         <source>Чек № %1 закрыт. Сдача %2</source>
         <translation>Receipt No. %1 closed. Change %2</translation>
     </message>
+    <message id="receiptClosedByCard">
+        <source>Чек № %1 закрыт. Картой оплачено %2</source>
+        <translation>Receipt No. %1 closed. Paid by card: %2</translation>
+    </message>
     <message id="takeBackCancelled">
         <source>Возврат № %1 отменён</source>
         <translation>Return No. %1 cancelled</translation>
@@ -861,8 +865,8 @@ Add goods or cancel the receipt.</translation>
         <translation>Only digits and a comma, and no more than two digits after it.</translation>
     </message>
     <message id="paymentHint">
-        <source>Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека.</source>
-        <translation>Enter: close the receipt, Esc: back to the positions. Empty: exactly the sum of the receipt.</translation>
+        <source>Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма к оплате.</source>
+        <translation>Enter: close the receipt, Esc: back to the positions. Empty: exactly the amount due.</translation>
     </message>
     <message id="paymentScanRefused">
         <source>Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям.</source>
@@ -1294,9 +1298,17 @@ If you do not know, go back: the register will ask again.</translation>
     </message>
     <message id="terminalBusyFinding">
         <source>Терминал занят и не может сказать, прошла ли операция.
-Дождитесь, пока он освободится, и повторите.</source>
+Подождите, пока он освободится, и повторите. Если у вас есть чек терминала, скажите по нему.</source>
         <translation>The terminal is busy and cannot say whether the operation went through.
-Wait until it is free and try again.</translation>
+Wait until it is free and try again. If you have the slip of the terminal, say what it shows.</translation>
+    </message>
+    <message id="terminalBusyKnown">
+        <source>Знаю по чеку терминала</source>
+        <translation>I know from the slip</translation>
+    </message>
+    <message id="terminalBusyWait">
+        <source>Подождать</source>
+        <translation>Wait</translation>
     </message>
     <message id="terminalNone">
         <source>Терминал не подключён.
@@ -1314,13 +1326,13 @@ Take cash, or call the administrator.</translation>
     </message>
     <message id="cardCashQuestion">
         <source>Документ № %1: вернуть %2 на карту нельзя.
-Выдать эти деньги покупателю наличными?</source>
+Вернуть эти деньги наличными? Их выдают в конце, когда касса об этом скажет.</source>
         <translation>Document No. %1: %2 cannot be given back to the card.
-Pay this money out to the customer in cash?</translation>
+Give this money back in cash? It is handed out at the end, when the register says so.</translation>
     </message>
     <message id="cardCashYes">
-        <source>Выдать наличными</source>
-        <translation>Pay out in cash</translation>
+        <source>Вернуть наличными</source>
+        <translation>Give back in cash</translation>
     </message>
     <message id="cardCashNo">
         <source>Назад</source>
@@ -1369,8 +1381,16 @@ Pay out change of %3?</translation>
         <translation>Correct</translation>
     </message>
     <message id="takeBackClosedToCard">
-        <source>Возврат № %1 закрыт. На карту %2, наличными %3</source>
-        <translation>Return No. %1 closed. To the card %2, in cash %3</translation>
+        <source>Возврат № %1 закрыт. На карту %2, верните наличными %3</source>
+        <translation>Return No. %1 closed. To the card %2, pay back %3 in cash</translation>
+    </message>
+    <message id="takeBackClosedWhollyToCard">
+        <source>Возврат № %1 закрыт. На карту возвращено %2</source>
+        <translation>Return No. %1 closed. %2 went back to the card</translation>
+    </message>
+    <message id="takeBackClosedPaidBack">
+        <source>Возврат № %1 закрыт. Верните покупателю наличными %2</source>
+        <translation>Return No. %1 closed. Pay back to the customer in cash: %2</translation>
     </message>
     <message id="receiptCancelledPaidBack">
         <source>Чек № %1 отменён. Верните покупателю наличными %2</source>
@@ -1399,6 +1419,10 @@ Pay out change of %3?</translation>
     <message id="saleAnnulledToCard">
         <source>Чек № %1 аннулирован. На карту возвращено %2, верните наличными %3</source>
         <translation>Receipt No. %1 annulled. %2 went back to the card, pay back %3 in cash</translation>
+    </message>
+    <message id="saleAnnulledWhollyToCard">
+        <source>Чек № %1 аннулирован. На карту возвращено %2</source>
+        <translation>Receipt No. %1 annulled. %2 went back to the card</translation>
     </message>
     <message id="printedByCard">
         <source>Картой</source>
@@ -1513,9 +1537,9 @@ Finish the payment. To change the receipt, cancel it: the money goes back to the
         <translation>there is a card payment</translation>
     </message>
     <message id="voidingBegun">
-        <source>Аннулирование продажи № %1 начато, деньги возвращены на карту.
+        <source>Аннулирование продажи № %1 начато, деньги возвращены или могли быть возвращены.
 Завершите его: аннулируйте продажу ещё раз.</source>
-        <translation>The annulment of sale No. %1 has begun, the money went back to the card.
+        <translation>The annulment of sale No. %1 has begun, the money went back or may have gone back.
 Finish it: annul the sale again.</translation>
     </message>
     <message id="voidingNotEnded">
@@ -1552,6 +1576,10 @@ Finish it with “Payment”.</translation>
         <source>На карту %1, наличными %2</source>
         <translation>To the card %1, in cash %2</translation>
     </message>
+    <message id="paymentToCardsAlone">
+        <source>На карту %1</source>
+        <translation>To the card %1</translation>
+    </message>
     <message id="paymentRefund">
         <source>Вернуть деньги</source>
         <translation>Give the money back</translation>
@@ -1561,13 +1589,13 @@ Finish it with “Payment”.</translation>
         <translation>Enter gives the money back to the card and closes the return, Esc goes back to the positions.</translation>
     </message>
     <message id="paymentCardHint">
-        <source>Ввод — закрыть чек, F11 — остаток картой, Esc — назад к позициям. Пустое поле — ровно сумма чека.</source>
-        <translation>Enter closes the receipt, F11 has the card pay the rest, Esc goes back to the positions. An empty field is exactly the sum of the receipt.</translation>
+        <source>Ввод — закрыть чек, F11 — остаток картой, Esc — назад к позициям. Пустое поле — ровно сумма к оплате.</source>
+        <translation>Enter closes the receipt, F11 has the card pay the rest, Esc goes back to the positions. An empty field is exactly the amount due.</translation>
     </message>
     <message id="cancellingBegun">
-        <source>Отмена чека № %1 начата, деньги возвращены на карту.
+        <source>Отмена чека № %1 начата, деньги возвращены или могли быть возвращены.
 Завершите её: отмените чек ещё раз.</source>
-        <translation>The cancellation of receipt No. %1 has begun, the money went back to the card.
+        <translation>The cancellation of receipt No. %1 has begun, the money went back or may have gone back.
 Finish it: cancel the receipt again.</translation>
     </message>
     <message id="helpBack">
@@ -1611,8 +1639,8 @@ Finish it: cancel the receipt again.</translation>
         <translation>Check the positions and the sum, then go on to the payment.</translation>
     </message>
     <message id="helpPaymentEnter">
-        <source>закрыть чек; пустое поле — ровно сумма чека</source>
-        <translation>close the receipt; an empty field is exactly its sum</translation>
+        <source>закрыть чек; пустое поле — ровно сумма к оплате</source>
+        <translation>close the receipt; an empty field is exactly the amount due</translation>
     </message>
     <message id="helpPaymentByCard">
         <source>остаток картой</source>

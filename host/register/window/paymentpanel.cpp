@@ -251,10 +251,13 @@ void PaymentPanel::showPayingOut(const Amounts& amounts)
             {u"paymentPayOutHint"_s, u"Выдайте деньги покупателю. Ввод — закрыть возврат, Esc — назад к позициям."_s});
         return;
     }
-    m_byCard->setText(tr::Tr(u"paymentToCards"_s, u"На карту %1, наличными %2"_s)
-                          .arg(amountFigures(amounts.toCards))
-                          .arg(amountFigures(amounts.due - amounts.toCards))
-                          .ui());
+    const Kopecks inCash = amounts.due - amounts.toCards;
+    m_byCard->setText(inCash == Kopecks{0}
+                          ? tr::Tr(u"paymentToCardsAlone"_s, u"На карту %1"_s).arg(amountFigures(amounts.toCards)).ui()
+                          : tr::Tr(u"paymentToCards"_s, u"На карту %1, наличными %2"_s)
+                                .arg(amountFigures(amounts.toCards))
+                                .arg(amountFigures(inCash))
+                                .ui());
     m_pay->setText(tr::Tr(u"paymentRefund"_s, u"Вернуть деньги"_s).ui());
     showKeyHint(
         {u"paymentRefundHint"_s, u"Ввод — вернуть деньги на карту и закрыть возврат, Esc — назад к позициям."_s});
@@ -270,9 +273,9 @@ void PaymentPanel::showChange()
     }
     showKeyHint(hasTerminal() && !m_keys.card.isEmpty()
                     ? tr::Tr(u"paymentCardHint"_s, u"Ввод — закрыть чек, F11 — остаток картой, Esc — назад к позициям. "
-                                                   "Пустое поле — ровно сумма чека."_s)
+                                                   "Пустое поле — ровно сумма к оплате."_s)
                     : tr::Tr(u"paymentHint"_s,
-                             u"Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма чека."_s));
+                             u"Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма к оплате."_s));
 }
 
 void PaymentPanel::showChange(const tr::Tr& change, const char* textRole)

@@ -290,10 +290,14 @@ TEST_F(CardPaymentTest, nobodyKnows_everyWayOnAsksForThatOperationFirst)
     standAtPayment();
     terminal->loseAnswers();
     terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    for (int question = 0; question < 4; ++question) {
+        answerQuestion("noButton");
+    }
     EXPECT_EQ(payByCard(), EContext::Stop);
     EXPECT_EQ(payByCard(), EContext::Stop);
     EXPECT_EQ(payInCash(u"24,80"_s), EContext::Stop);
     EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
+    EXPECT_TRUE(cashier.isDone());
     EXPECT_FALSE(till->suspend());
     EXPECT_EQ(terminal->calls, (QStringList{u"pay"_s, u"find"_s, u"find"_s, u"find"_s, u"find"_s}));
     ASSERT_TRUE(till->document());
@@ -304,6 +308,36 @@ TEST_F(CardPaymentTest, nobodyKnows_everyWayOnAsksForThatOperationFirst)
     EXPECT_EQ(payByCard(), EContext::GoOn);
     EXPECT_EQ(terminal->count("pay"), 1);
     EXPECT_EQ(terminal->taken(), 2480);
+}
+
+TEST_F(CardPaymentTest, terminalStaysBusy_cashierWhoHasTheSlipSettlesIt)
+{
+    standAtPayment();
+    terminal->loseAnswers();
+    terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    cashier.onForm(u"questionForm"_s, [](QWidget& root) {
+        EXPECT_TRUE(root.findChild<QLabel*>(u"messageLabel"_s)->text().startsWith(u"Терминал занят и не может"_s));
+        EXPECT_EQ(root.findChild<QPushButton*>(u"noButton"_s)->text(), u"Подождать"_s);
+        press(root, "yesButton");
+    });
+    answerQuestion("yesButton");
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    EXPECT_EQ(archived(1)->ending().payments, QList<Payment>{Payment::card(Kopecks{2480})});
+    EXPECT_EQ(terminal->calls, (QStringList{u"pay"_s, u"find"_s}));
+}
+
+TEST_F(CardPaymentTest, terminalStaysBusyAndTookNothing_documentIsCancelled)
+{
+    standAtPayment();
+    terminal->onMove = [](const auto&, const auto&) { return CardAnswer::unknown(); };
+    terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    answerQuestion("noButton");
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    answerQuestion("yesButton"); // the slip is there
+    answerQuestion("noButton");  // it took nothing
+    answerQuestion("yesButton"); // for sure
+    EXPECT_EQ(run(control::CancelDocument), EContext::GoOn);
+    EXPECT_EQ(archived(1)->getState(), Document::State::Cancelled);
 }
 
 TEST_F(CardPaymentTest, cashierDoesNotKnow_nothingIsChargedAgain)
@@ -522,6 +556,7 @@ TEST_F(CardPaymentTest, documentChangesWhileAnOperationIsSettled_isNotPaidBefore
     standAtPayment();
     terminal->loseAnswers();
     terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    answerQuestion("noButton");
     EXPECT_EQ(payByCard(), EContext::Stop);
     terminal->onFind = [this](const auto&) {
         till->document()->position(1)->setPrice(-1);
@@ -534,6 +569,7 @@ TEST_F(CardPaymentTest, documentChangesWhileAnOperationIsSettled_isNotPaidBefore
     till->document()->position(1)->setPrice(12.4);
     till->setPhase(Till::Phase::Payment);
     terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    answerQuestion("noButton");
     EXPECT_EQ(payByCard(), EContext::Stop);
     terminal->onFind = [this](const auto&) {
         till->setPhase(Till::Phase::Positions);
@@ -585,8 +621,15 @@ TEST_F(CardPaymentTest, cancellingIsInterruptedAfterTheRefund_documentIsCancelle
         EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
     }
     EXPECT_EQ(run(control::SubtotalAndPayment), EContext::Stop);
-    EXPECT_TRUE(lastText().startsWith(u"Отмена чека № 1 начата, деньги возвращены на карту."_s));
+    const QString begun = u"Отмена чека № 1 начата, деньги возвращены или могли быть возвращены."_s;
+    EXPECT_TRUE(lastText().startsWith(begun));
     EXPECT_EQ(till->phase(), Till::Phase::Positions);
+    for (const auto& obstacle :
+         {till->obstacleToAddingGoods(), till->obstacleToChangingPositions(), till->obstacleToSuspending()}) {
+        EXPECT_TRUE(obstacle && obstacle->text.ui().startsWith(begun)) << "nothing but cancelling is left";
+    }
+    EXPECT_EQ(run(control::AddSelectedGoods, {{u"result"_s, QVariant::fromValue(article(amoxidar))}}), EContext::Stop);
+    EXPECT_EQ(till->document()->positions().size(), 1);
     EXPECT_EQ(run(control::CancelDocument), EContext::GoOn);
     EXPECT_EQ(terminal->count("refund"), 1);
     EXPECT_EQ(terminal->taken(), 0);
@@ -605,7 +648,12 @@ TEST_F(CardPaymentTest, refundIsDeclined_documentStaysUnlessTheCashierPaysInCash
 {
     chargeAndStayOpen();
     terminal->onMove = [](const auto&, const auto&) { return CardAnswer::declined(); };
-    answerQuestion("noButton");
+    cashier.onForm(u"questionForm"_s, [](QWidget& root) {
+        EXPECT_TRUE(root.findChild<QLabel*>(u"messageLabel"_s)
+                        ->text()
+                        .endsWith(u"Их выдают в конце, когда касса об этом скажет."_s));
+        press(root, "noButton");
+    });
     EXPECT_EQ(run(control::CancelDocument), EContext::Stop);
     EXPECT_EQ(till->document()->getCharged(), Kopecks{2480});
     answerQuestion("yesButton");
@@ -655,6 +703,7 @@ TEST_F(CardPaymentTest, anotherTerminalAfterTheCrash_isNotAskedForTheOperation)
     standAtPayment();
     terminal->onMove = [](const auto&, const auto&) { return CardAnswer::unknown(); };
     terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    answerQuestion("noButton");
     EXPECT_EQ(payByCard(), EContext::Stop);
     terminal.connect(u"otherbank"_s);
     answerQuestion("yesButton");
@@ -671,7 +720,7 @@ TEST_F(CardPaymentTest, saleByCardIsReturned_moneyGoesBackToThatCard)
     EXPECT_EQ(terminal->taken(), 0);
     EXPECT_EQ(terminal->requests.last().payment, terminal->requests.first().reference);
     EXPECT_EQ(terminal->requests.last().documentNumber, 2);
-    EXPECT_EQ(documentwords::ending(*archived(2)), u"Возврат № 2 закрыт. На карту 37,20, наличными 0,00"_s);
+    EXPECT_EQ(documentwords::ending(*archived(2)), u"Возврат № 2 закрыт. На карту возвращено 37,20"_s);
 }
 
 TEST_F(CardPaymentTest, mixedSaleIsReturnedInParts_cardGetsBackWhatItPaidAndCashTheRest)
@@ -697,6 +746,7 @@ TEST_F(CardPaymentTest, refundOfAReturnIsDeclined_cashierPaysItOutOrGoesBack)
     answerQuestion("yesButton");
     EXPECT_EQ(run(registeraction::pay), EContext::GoOn);
     EXPECT_EQ(archived(2)->ending().payments, QList<Payment>{Payment::cash(Kopecks{2480})});
+    EXPECT_EQ(documentwords::ending(*archived(2)), u"Возврат № 2 закрыт. Верните покупателю наличными 24,80"_s);
     terminal->onMove = {};
     returnAndStandAtPayment(sale, {2});
     EXPECT_EQ(run(registeraction::pay), EContext::GoOn);
@@ -749,6 +799,22 @@ TEST_F(CardPaymentTest, saleByCardIsVoided_moneyGoesBackToTheCard)
     EXPECT_EQ(terminal->taken(), 0);
     EXPECT_EQ(documentwords::voiding(*archived(sale), Document::State::Closed),
               u"Чек № 1 аннулирован. На карту возвращено 27,20, верните наличными 10,00"_s);
+}
+
+TEST_F(CardPaymentTest, saleWhollyByCard_isSpokenOfWithoutCash)
+{
+    const int sale = soldTwo();
+    EXPECT_EQ(documentwords::ending(*archived(sale)), u"Чек № 1 закрыт. Картой оплачено 37,20"_s);
+    EXPECT_EQ(voidByNumber(sale), EContext::GoOn);
+    EXPECT_EQ(documentwords::voiding(*archived(sale), Document::State::Closed),
+              u"Чек № 1 аннулирован. На карту возвращено 37,20"_s);
+}
+
+TEST_F(CardPaymentTest, chargedDocument_takesNoSelectedGoodsAndSaysWhy)
+{
+    chargeAndStayOpen();
+    EXPECT_EQ(run(control::AddSelectedGoods, {{u"result"_s, QVariant::fromValue(article(amoxidar))}}), EContext::Stop);
+    EXPECT_TRUE(lastText().startsWith(u"По чеку № 1 уже есть оплата картой"_s));
 }
 
 TEST_F(CardPaymentTest, voidingIsInterruptedAfterTheRefund_saleIsVoidedNotReturned)
@@ -844,12 +910,16 @@ protected:
         if (isLost()) {
             terminal->loseAnswers();
             terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+            answerQuestion("noButton");
             EXPECT_EQ(payByCard(u"20"_s), EContext::Stop);
             terminal->onMove = {};
         } else {
             payByCardAndStayOpen(u"20"_s);
         }
         activePlugins.clear();
+        if (isLost()) {
+            answerQuestion("noButton"); // the restart asks again
+        }
         crash();
     }
     void pluginAndTerminalComeBack()
@@ -994,7 +1064,9 @@ protected:
             return CardAnswer::unknown();
         };
         terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
-        EXPECT_EQ(voidByNumber(sale), EContext::Stop);
+        answerQuestion("yesButton");
+        answerQuestion("noButton");
+        EXPECT_EQ(run(registeraction::voidByNumber, {{u"number"_s, sale}}), EContext::Stop);
         terminal->onMove = {};
         terminal->onFind = {};
         return sale;
@@ -1109,7 +1181,7 @@ TEST_F(VoidingOfACardSale, refundWasDoneAndItsAnswerLost_returningSettlesItFirst
     EXPECT_TRUE(archived(sale)->isVoidingBegun());
     EXPECT_FALSE(till->returnSale(archived(sale))) << "the money may be back already";
     EXPECT_EQ(run(registeraction::returnSale, {{u"number"_s, sale}}), EContext::Stop);
-    EXPECT_TRUE(lastText().startsWith(u"Аннулирование продажи № 1 начато, деньги возвращены на карту."_s));
+    EXPECT_TRUE(lastText().startsWith(u"Аннулирование продажи № 1 начато, деньги возвращены или могли"_s));
     EXPECT_FALSE(till->document());
     EXPECT_FALSE(archived(sale)->unsettledCardOperation());
     EXPECT_EQ(archived(sale)->getRefunded(), Kopecks{3720});
@@ -1132,8 +1204,9 @@ TEST_F(VoidingOfACardSale, nobodyKnowsOfTheRefund_neitherReturnsNorForgetsIt)
 {
     const int sale = voidAndLoseTheAnswer(true);
     terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    answerQuestion("noButton");
     EXPECT_EQ(run(registeraction::returnSale, {{u"number"_s, sale}}), EContext::Stop);
-    EXPECT_TRUE(lastText().startsWith(u"Терминал занят и не может сказать"_s));
+    EXPECT_TRUE(cashier.isDone());
     EXPECT_TRUE(archived(sale)->unsettledCardOperation());
     EXPECT_FALSE(till->document());
 }

@@ -30,6 +30,36 @@ TEST_F(GoodsCommandsTest, selectGoods_offersThoseOfTheNameAndWritesTheResult)
     EXPECT_TRUE(witness.seen.isEmpty()) << "choosing opens no receipt";
 }
 
+TEST_F(GoodsCommandsTest, selectGoods_readsAllGoodsOnlyForTheCashierWhoWantsThem)
+{
+    cashier.onForm(u"goodsSelectionForm"_s, [this](QWidget& root) {
+        config.set(u"Database:name"_s, folder.filePath(u"absent.sqlite"_s));
+        press(root, "allGoodsButton");
+        EXPECT_TRUE(root.findChild<QLabel*>(u"hintLabel"_s)->text().startsWith(u"Справочник товаров недоступен"_s));
+        press(root, "cancelButton");
+    });
+    const DialogDouble dialog;
+    EXPECT_EQ(run(control::SelectGoods, {{u"filterByInn"_s, u"Нет такого вещества"_s}}), EContext::Stop);
+    EXPECT_TRUE(cashier.isDone());
+    EXPECT_EQ(dialog.messages().size(), 0);
+}
+
+TEST_F(GoodsCommandsTest, addSelectedGoodsWhileTheReceiptIsPrinted_saysThatTheDocumentIsGone)
+{
+    till->add(article(amoxidar));
+    const DialogDouble dialog;
+    EContext::Result whilePrinting = EContext::GoOn;
+    till->setPrinting([&](const Document&) {
+        whilePrinting = run(control::AddSelectedGoods, {{u"result"_s, QVariant::fromValue(article(amoxidar))}});
+        EXPECT_TRUE(till->obstacleToChangingPositions());
+    });
+    ASSERT_TRUE(till->close({Payment::cash(Kopecks{1240})}));
+    EXPECT_EQ(whilePrinting, EContext::Stop);
+    ASSERT_EQ(dialog.messages().size(), 1);
+    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Чек уже не открыт"_s));
+    EXPECT_EQ(archived(1)->positions().size(), 1);
+}
+
 /// Picks goods for a medicine as a cashier does, and keeps what was there at first.
 class PickedGoods : public GoodsCommandsTest
 {

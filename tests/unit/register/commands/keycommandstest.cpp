@@ -98,6 +98,29 @@ TEST_F(KeyCommandsTest, pluginCommandWithoutADocument_opensASaleAndRunsInIt)
     EXPECT_EQ(given, (QVariantMap{{u"status"_s, u"active"_s}, {u"positionNumber"_s, 3}}));
 }
 
+TEST_F(KeyCommandsTest, pluginCommandIsLeft_theEmptySaleThatItOpenedIsCancelled)
+{
+    serve(EContext::OpenDocument, control::PluginCommand);
+    answer = EContext::Stop;
+    EXPECT_EQ(pressKey(keyOf(control::PluginCommand)), EContext::Stop);
+    EXPECT_EQ(contextOfCommand, EContext::OpenDocument);
+    EXPECT_FALSE(till->document());
+    EXPECT_EQ(witness.codes(), (QList<int>{EActivityListener::DocumentOpened, EActivityListener::DocumentCancelled}));
+}
+
+TEST_F(KeyCommandsTest, pluginCommandStopsAfterItAddedGoods_theSaleStaysOpen)
+{
+    controller.object.host().addHandler({EContext::OpenDocument, control::PluginCommand,
+                                         [this](const control::Action&) {
+                                             till->add(article(amoxidar));
+                                             return EContext::Stop;
+                                         },
+                                         true});
+    EXPECT_EQ(pressKey(keyOf(control::PluginCommand)), EContext::Stop);
+    ASSERT_TRUE(till->document());
+    EXPECT_EQ(till->document()->positions().size(), 1);
+}
+
 TEST_F(KeyCommandsTest, pluginCommandThatAPluginHandlesWithoutADocument_opensNothing)
 {
     serve(EContext::Idle, control::PluginCommand);
@@ -111,6 +134,16 @@ TEST_F(KeyCommandsTest, pluginCommandInAReturn_saysWhyNotAndReachesNoPlugin)
     serve(EContext::OpenDocument, control::PluginCommand);
     ASSERT_TRUE(till->returnSale(archived(sold())));
     EXPECT_TRUE(said(keyOf(control::PluginCommand)).startsWith(u"Открыт возврат, а эта команда действует только"_s));
+    EXPECT_TRUE(given.isEmpty());
+}
+
+TEST_F(KeyCommandsTest, pluginCommandInASaleWithACardPayment_saysWhyNotAndReachesNoPlugin)
+{
+    serve(EContext::OpenDocument, control::PluginCommand);
+    till->add(article(amoxidar));
+    till->document()->setCardOperation(
+        {.state = CardOperation::State::Approved, .amount = Kopecks{1240}, .reference = u"1-1"_s});
+    EXPECT_TRUE(said(keyOf(control::PluginCommand)).startsWith(u"По чеку № 1 уже есть оплата картой"_s));
     EXPECT_TRUE(given.isEmpty());
 }
 

@@ -243,9 +243,11 @@ TEST_F(OpenDocumentCommandsTest, returnDocument_takesNoGoodsAndIsCancelledOnlyWh
     EXPECT_EQ(run(registeraction::askToRemovePosition, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(run(control::RemovePosition, positionNumber(1)), EContext::Stop);
     EXPECT_EQ(till->document()->toJson(), before);
-    ASSERT_EQ(dialog.messages().size(), 4);
-    EXPECT_TRUE(dialog.messages().first().text.startsWith(u"Открыт возврат: товары в него не добавляются"_s));
-    for (const auto& message : dialog.messages().mid(1)) {
+    ASSERT_EQ(dialog.messages().size(), 5);
+    for (const auto& message : dialog.messages().mid(0, 2)) {
+        EXPECT_TRUE(message.text.startsWith(u"Открыт возврат: товары в него не добавляются"_s));
+    }
+    for (const auto& message : dialog.messages().mid(2)) {
         EXPECT_EQ(message.text,
                   u"Позиции возврата не меняются.\nЧтобы вернуть другие, отмените возврат и начните его заново."_s);
     }

@@ -82,6 +82,21 @@ protected:
     StoredDocumentCommands documentCommands{*till, printer, marks};
 };
 
+TEST_F(StoredDocumentCommandsTest, returnIsDamaged_listSaysWhyItsSaleCanNeitherBeReturnedNorVoided)
+{
+    const int number = returned();
+    QFile damaged(folder.filePath(u"finished/%1.json"_s.arg(number, 8, 10, QChar(u'0'))));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly) && damaged.write("{") == 1);
+    damaged.close();
+    cashier.onForm(u"documentListForm"_s, [](QWidget& root) {
+        EXPECT_TRUE(root.findChild<QLabel*>(u"hintLabel"_s)->text().startsWith(u"Возврат № 2 по чеку № 1 повреждён"_s))
+            << qPrintable(root.findChild<QLabel*>(u"hintLabel"_s)->text());
+        press(root, "cancelButton");
+    });
+    EXPECT_EQ(run(registeraction::showDocuments), EContext::GoOn);
+    EXPECT_TRUE(cashier.isDone());
+}
+
 TEST_F(StoredDocumentCommandsTest, suspended_suspendsASaleButNoReturn)
 {
     EXPECT_EQ(run(registeraction::suspend), EContext::NotFound) << "no receipt is open";

@@ -45,10 +45,14 @@ protected:
         form->show();
     }
     /// The form for goods of a name, as for an external document.
-    void openWanted(const QString& name)
+    void openWanted(const QString& name, const std::optional<SelectedGoods>& picked = {}, const QString& info = {})
     {
+        const auto all = [this] {
+            ++readings;
+            return catalogue.goodsOf({});
+        };
         form = std::make_unique<GoodsSelectionForm>(
-            GoodsSelectionParams{catalogue.goodsOf(name), {}, {}, {}, name.trimmed(), catalogue.goodsOf({})});
+            GoodsSelectionParams{catalogue.goodsOf(name), info, {}, picked, name.trimmed(), all});
         form->rootWidget()->resize(1024, 600);
         form->rootWidget()->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(form->rootWidget()));
@@ -77,6 +81,7 @@ protected:
 
     Own<GraphicalUserInterface, AnsweredGui> answered;
     std::unique_ptr<GoodsSelectionForm> form;
+    int readings = 0; ///< of all goods
 };
 
 TEST_F(GoodsSelection, layoutWithOrdinaryLabels_medicineInfoIsPlain)
@@ -240,7 +245,9 @@ TEST_F(GoodsSelection, noGoodsOfTheWantedName_namesItAndOffersAllByOneKeyWithAWa
     EXPECT_EQ(widget<QPushButton>("allGoodsButton")->text(), u"F4 Все товары"_s);
     EXPECT_TRUE(widget<QPushButton>("allGoodsButton")->isVisible());
     EXPECT_FALSE(widget<QLabel>("allGoodsLabel")->isVisible());
+    EXPECT_EQ(readings, 0) << "not before the cashier wants them";
     press(Qt::Key_F4);
+    EXPECT_EQ(readings, 1);
     EXPECT_EQ(shownRows(), 60);
     EXPECT_EQ(hint(), QString());
     EXPECT_FALSE(widget<QPushButton>("allGoodsButton")->isVisible());
@@ -263,6 +270,72 @@ TEST_F(GoodsSelection, searchFindsNoneOfTheWantedName_allGoodsAreSearchedForTheS
     EXPECT_EQ(widget<TalloLineEdit>("filterLineEdit")->text(), u"параделин"_s);
     press(Qt::Key_Return);
     EXPECT_TRUE(selected().goods.name.startsWith(u"Параделин"_s));
+}
+
+TEST_F(GoodsSelection, allGoodsCannotBeRead_saysSoAndStaysAtTheWantedOnes)
+{
+    openWanted(u"Нет такого вещества"_s);
+    config.set(u"Database:name"_s, folder.filePath(u"absent.sqlite"_s));
+    press(Qt::Key_F4);
+    EXPECT_TRUE(hint().startsWith(u"Справочник товаров недоступен"_s)) << qPrintable(hint());
+    EXPECT_EQ(shownRows(), 0);
+    EXPECT_TRUE(widget<QPushButton>("allGoodsButton")->isVisible()) << "it can be tried again";
+    EXPECT_FALSE(widget<QLabel>("allGoodsLabel")->isVisible());
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"filterLineEdit"_s);
+}
+
+TEST_F(GoodsSelection, pickedAmongTheWanted_readsNoOthers)
+{
+    openWanted(u"Амоксициллин"_s, article(amoxidar, 2));
+    EXPECT_EQ(readings, 0);
+    press(Qt::Key_Return);
+    EXPECT_EQ(selected().goods.barcode, amoxidar);
+    EXPECT_EQ(selected().packs, 2);
+}
+
+TEST_F(GoodsSelection, pickedFromAllGoods_isCurrentAgainAmongAllOfThemWithTheWarning)
+{
+    const auto found = catalogue.goodsOf(u"Парацетамол"_s).matching({});
+    ASSERT_FALSE(found.isEmpty());
+    const CatalogueGoods other = catalogue.goodsOf(u"Парацетамол"_s).at(found.first());
+    openWanted(u"Амоксициллин"_s, SelectedGoods{other, 3});
+    EXPECT_EQ(shownRows(), 60);
+    EXPECT_TRUE(widget<QLabel>("allGoodsLabel")->isVisible());
+    press(Qt::Key_Return);
+    EXPECT_EQ(selected().goods.code, other.code);
+    EXPECT_EQ(selected().packs, 3);
+}
+
+TEST_F(GoodsSelection, pickedWithoutACode_isKnownByBarcodeAndName)
+{
+    SelectedGoods picked = article(amoxidar, 2);
+    picked.goods.code.clear();
+    openWanted(u"Амоксициллин"_s, picked);
+    EXPECT_EQ(widget<TalloTableView>("goodsTable")->currentIndex().data(), picked.goods.name);
+    EXPECT_EQ(widget<TalloLineEdit>("quantityLineEdit")->text(), u"2"_s);
+}
+
+TEST_F(GoodsSelection, pickedAreNoLongerSold_theWantedTradeNameIsCurrent)
+{
+    SelectedGoods picked = article(amoxidar, 2);
+    picked.goods.code = u"gone"_s;
+    openWanted(u"Амоксициллин"_s, picked, u"Амоксициллин / Амоксидар / 30"_s);
+    EXPECT_TRUE(widget<TalloTableView>("goodsTable")->currentIndex().data().toString().startsWith("Амоксидар,"));
+    EXPECT_EQ(widget<TalloLineEdit>("quantityLineEdit")->text(), u"1"_s);
+}
+
+TEST_F(GoodsSelection, pickedFromAllGoodsThatCannotBeRead_noOthersAreTakenByReturn)
+{
+    const GoodsList wanted = catalogue.goodsOf(u"Амоксициллин"_s);
+    SelectedGoods picked = article(amoxidar, 2);
+    picked.goods.code = u"gone"_s;
+    config.set(u"Database:name"_s, folder.filePath(u"absent.sqlite"_s));
+    form = std::make_unique<GoodsSelectionForm>(
+        GoodsSelectionParams{wanted, {}, {}, picked, u"Амоксициллин"_s, [this] { return catalogue.goodsOf({}); }});
+    form->rootWidget()->show();
+    EXPECT_TRUE(hint().startsWith(u"Справочник товаров недоступен"_s)) << qPrintable(hint());
+    widget<QPushButton>("okButton")->click();
+    EXPECT_TRUE(answers().isEmpty());
 }
 
 TEST_F(GoodsSelection, wantedNameSpelledOtherwise_isTheSame)

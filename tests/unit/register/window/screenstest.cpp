@@ -109,8 +109,8 @@ TEST_P(Screens, goodsSelection_isReadableWithAndWithoutGoods)
     const GoodsList all = catalogue.goodsOf({});
     const auto show = [](const GoodsSelectionParams& params) { askForm(GoodsSelectionParams::eventCode, params); };
     expectGoodForm("goodsSelectionForm", [&] { show({all, {}, {}}); });
-    const GoodsSelectionParams wanted{
-        catalogue.goodsOf(u"Нет"_s), u"Нет / Нету / 30"_s, {}, {}, u"Ацетилсалициловая кислота"_s, all};
+    const GoodsSelectionParams wanted{catalogue.goodsOf(u"Нет"_s),    u"Нет / Нету / 30"_s, {}, {},
+                                      u"Ацетилсалициловая кислота"_s, [&] { return all; }};
     expectGoodForm("goodsSelectionForm", [&] { show(wanted); });
     expectGoodForm(
         "goodsSelectionForm", [&] { show(wanted); },
