@@ -53,7 +53,8 @@ public:
     /// What is known of a request that failed.
     enum class Outcome : int {
         Settled, ///< the server has answered, nothing went out, or the request changes nothing
-        Unknown, ///< a POST that went out and has no whole answer: it may have been carried out
+        Unknown, ///< a POST that went out and has no whole answer, or one of 500, 502, 504: it may have been carried
+                 ///< out
         Stopped, ///< the cashier stopped a request that changes nothing
     };
 
@@ -74,8 +75,8 @@ public:
     /// when there was one (300 and more), otherwise the transport's own code, below 100.
     virtual int errorCode() const;
 
-    /// What went wrong and what to do next, for the cashier. For a POST whose answer did not come back whole it says
-    /// that the request may have been carried out, unless its WorkStep has no effect.
+    /// What went wrong and what to do next, for the cashier. For a POST of unknown outcome it says that the request
+    /// may have been carried out.
     virtual tr::Tr errorText() const;
 
     /// The body of the answer, also of an error answer; null when it is not a JSON object or array.
