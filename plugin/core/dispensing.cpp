@@ -74,6 +74,7 @@ EContext::Result ElectronicPrescriptionService::dispenseElectronicPrescriptions(
             registryClient->sendMedicationDispense(position);
             markRegistered(*position);
             ++registered;
+            step.reset(); // a failed save is no failed registration
             // Saved at once: what the registry knows must not be lost with the receipt.
             SaveToFileLogic::create()->save(document, QString());
         }
@@ -99,6 +100,7 @@ bool ElectronicPrescriptionService::cancelElectronicPrescription(const QSharedPo
         step.emplace(registrysteps::cancellation(*position));
         registryClient->sendCancelMedicationDispense(position);
         markCancelled(*position);
+        step.reset();
         if (saveDocument) {
             SaveToFileLogic::create()->save(getDocument(), QString());
         }

@@ -200,9 +200,10 @@ ElectronicPrescriptionForm::ElectronicPrescriptionForm(const ElectronicPrescript
     : BasicForm(parent)
 {
     setContextCode(EContext::DialogOnTop);
-    setHelp(prescriptionhelp::details());
+    const bool isActive = params.getStatus() == "active"_L1;
+    setHelp(prescriptionhelp::details(isActive));
     loadUI(u"electronicprescription.ui"_s);
-    setUpButtons(params.getStatus() == "active"_L1);
+    setUpButtons(isActive);
     setUpCaptions();
     setUpKeys();
 

@@ -22,10 +22,17 @@ FormHelp prescriptionhelp::choice()
              u"Выберите рецепт; чтобы сузить список, введите часть МНН. Затем касса покажет сведения о рецепте."_s}};
 }
 
-FormHelp prescriptionhelp::details()
+FormHelp prescriptionhelp::details(bool canPick)
 {
+    const FormHelp::Key scroll{FormHelp::arrowKeys(),
+                               {u"electronicPrescriptionHelpDetailsScroll"_s, u"прокрутить сведения"_s}};
+    if (!canPick) {
+        return {{scroll, back()},
+                {u"electronicPrescriptionHelpDetailsReadOnly"_s,
+                 u"Этот рецепт можно только посмотреть: товар по нему не подбирают."_s}};
+    }
     return {{{FormHelp::enterKey(), {u"electronicPrescriptionHelpDetailsEnter"_s, u"подобрать товар по рецепту"_s}},
-             {FormHelp::arrowKeys(), {u"electronicPrescriptionHelpDetailsScroll"_s, u"прокрутить сведения"_s}},
+             scroll,
              back()},
             {u"electronicPrescriptionHelpDetailsNext"_s,
              u"Сверьте рецепт с пациентом. Затем подберите товар и введите отпущенные дозы."_s}};

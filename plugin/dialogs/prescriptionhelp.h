@@ -8,7 +8,8 @@ namespace prescriptionhelp
 {
 
 FormHelp choice();
-FormHelp details();
+/// @param canPick whether goods can be picked for the prescription
+FormHelp details(bool canPick);
 FormHelp confirmation();
 
 } // namespace prescriptionhelp

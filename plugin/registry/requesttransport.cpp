@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptioninterface.h"
 
-#include "electronicprescriptionexception.h"
 #include "formquery.h"
 #include "restclient.h"
 #include "unsettledrequestexception.h"
@@ -57,7 +56,7 @@ void ElectronicPrescriptionInterface::getRequestResult(const QSharedPointer<Rest
     for (const auto& element : issues) {
         const QJsonObject issue = element.toObject();
         if (explainsError(issue)) {
-            throw ElectronicPrescriptionException(tr::Tr(tr::undefined, issue["details"_L1].toString()));
+            throwRequestFailure(tr::Tr(tr::undefined, issue["details"_L1].toString()), client->outcome());
         }
     }
     throwRequestFailure(client->errorText(), client->outcome());

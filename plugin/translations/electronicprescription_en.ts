@@ -49,8 +49,8 @@
         <translation>Nobody knows whether this dispense is cancelled in the registry. Before you try again, have the administrator check this prescription in the registry.</translation>
     </message>
     <message id="electronicPrescriptionCancellationNotDone">
-        <source>Реестр не подтвердил отмену: отпуск остаётся записанным. Когда причина устранена, повторите.</source>
-        <translation>The registry did not confirm the cancellation: the dispense stays registered. When the cause is mended, try again.</translation>
+        <source>Реестр не подтвердил отмену; касса по-прежнему считает отпуск записанным. Если реестр пишет, что отпуск уже отменён, позовите администратора; иначе повторите, когда причина устранена.</source>
+        <translation>The registry did not confirm the cancellation; the register still counts the dispense as registered. If the registry says that the dispense is cancelled already, call the administrator; otherwise try again when the cause is mended.</translation>
     </message>
     <message id="electronicPrescriptionNoPrescriptionsError">
         <source>Рецепты не найдены</source>
@@ -421,6 +421,10 @@ Enter it again</translation>
     <message id="electronicPrescriptionHelpDetailsNext">
         <source>Сверьте рецепт с пациентом. Затем подберите товар и введите отпущенные дозы.</source>
         <translation>Compare the prescription with the patient. Then choose the goods and enter the doses dispensed.</translation>
+    </message>
+    <message id="electronicPrescriptionHelpDetailsReadOnly">
+        <source>Этот рецепт можно только посмотреть: товар по нему не подбирают.</source>
+        <translation>This prescription can only be looked at: no goods are chosen for it.</translation>
     </message>
     <message id="electronicPrescriptionHelpConfirmationArrows">
         <source>выбрать «Частично» или «Полностью»</source>

@@ -1,15 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "workstep.h"
 
+#include <QList>
 #include <QStringList>
+
+#include <algorithm>
 
 namespace
 {
 
-WorkStep*& innermost()
+/// The number of Hidden objects that exist.
+int depth = 0;
+
+/// All steps that live, in the order in which they began.
+QList<const WorkStep*>& steps()
 {
-    static WorkStep* step = nullptr;
-    return step;
+    static QList<const WorkStep*> all;
+    return all;
 }
 
 } // namespace
@@ -17,14 +24,14 @@ WorkStep*& innermost()
 WorkStep::WorkStep(const tr::Tr& text, Effect effect)
     : m_text(text)
     , m_effect(effect)
-    , m_outer(innermost())
+    , m_depth(depth)
 {
-    innermost() = this;
+    steps().append(this);
 }
 
 WorkStep::~WorkStep()
 {
-    innermost() = m_outer;
+    steps().removeOne(this);
 }
 
 void WorkStep::setAdvice(const tr::Tr& advice)
@@ -32,21 +39,47 @@ void WorkStep::setAdvice(const tr::Tr& advice)
     m_advice = advice;
 }
 
+const WorkStep* WorkStep::innermost()
+{
+    const QList<const WorkStep*>& all = steps();
+    const auto step = std::find_if(all.crbegin(), all.crend(), isVisible);
+    return step == all.crend() ? nullptr : *step;
+}
+
+bool WorkStep::isVisible(const WorkStep* step)
+{
+    return step->m_depth == depth;
+}
+
 QString WorkStep::currentText()
 {
     QStringList texts;
-    for (const WorkStep* step = innermost(); step; step = step->m_outer) {
-        texts.prepend(step->m_text.ui());
+    for (const WorkStep* step : steps()) {
+        if (isVisible(step)) {
+            texts.append(step->m_text.ui());
+        }
     }
     return texts.join(u'\n');
 }
 
 QString WorkStep::currentAdvice()
 {
-    return innermost() ? innermost()->m_advice.ui() : QString();
+    const WorkStep* step = innermost();
+    return step ? step->m_advice.ui() : QString();
 }
 
 bool WorkStep::isWithoutEffect()
 {
-    return innermost() && innermost()->m_effect == Effect::None;
+    const WorkStep* step = innermost();
+    return step && step->m_effect == Effect::None;
+}
+
+WorkStep::Hidden::Hidden()
+{
+    ++depth;
+}
+
+WorkStep::Hidden::~Hidden()
+{
+    --depth;
 }

@@ -9,7 +9,7 @@
 /// A step of the work that the cashier waits for, such as the second of three registrations.
 ///
 /// While it lives, the busy screen shows its text, and a message that is shown names it, with the step's advice below.
-/// Steps nest; they end in the opposite order. They change nothing of what a message says itself. Main thread.
+/// Steps nest and may end in any order. They change nothing of what a message says itself. Main thread.
 class REGISTERPLATFORM_EXPORT WorkStep
 {
 public:
@@ -33,9 +33,23 @@ public:
     /// True when the requests that are sent now change nothing on the server.
     static bool isWithoutEffect();
 
+    /// While one exists, the steps that were there before it are hidden: event handlers that run during a request of
+    /// theirs do other work.
+    class REGISTERPLATFORM_EXPORT Hidden
+    {
+    public:
+        Hidden();
+        ~Hidden();
+        Q_DISABLE_COPY_MOVE(Hidden)
+    };
+
 private:
+    static bool isVisible(const WorkStep* step);
+    /// Null when no step is visible.
+    static const WorkStep* innermost();
+
     const tr::Tr m_text;
     const Effect m_effect;
+    const int m_depth; ///< the number of Hidden objects when it began
     tr::Tr m_advice;
-    WorkStep* const m_outer;
 };

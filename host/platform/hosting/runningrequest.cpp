@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "runningrequest.h"
 
+#include <QPointer>
+
 #include <utility>
 
 namespace
@@ -12,17 +14,23 @@ RunningRequest*& innermost()
     return request;
 }
 
-RunningRequest::Escape& theEscape()
+struct OwnedEscape {
+    QPointer<const QObject> owner;
+    RunningRequest::Escape escape;
+};
+
+OwnedEscape& theEscape()
 {
-    static RunningRequest::Escape escape;
+    static OwnedEscape escape;
     return escape;
 }
 
 } // namespace
 
-RunningRequest::RunningRequest(std::chrono::seconds limit, bool changesSomething)
+RunningRequest::RunningRequest(std::chrono::seconds limit, bool changesSomething, const QString& step)
     : m_limit(limit)
     , m_changesSomething(changesSomething)
+    , m_step(step)
     , m_outer(innermost())
 {
     m_since.start();
@@ -39,15 +47,16 @@ RunningRequest* RunningRequest::current()
     return innermost();
 }
 
-void RunningRequest::setEscape(Escape escape)
+void RunningRequest::setEscape(const QObject* owner, Escape escape)
 {
-    theEscape() = std::move(escape);
+    theEscape() = {owner, std::move(escape)};
 }
 
 void RunningRequest::escape()
 {
-    if (const Escape escape = theEscape()) {
-        escape(*this);
+    const OwnedEscape owned = theEscape();
+    if (owned.owner && owned.escape) {
+        owned.escape(*this);
     }
 }
 

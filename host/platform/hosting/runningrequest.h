@@ -4,6 +4,8 @@
 #include "export.h"
 
 #include <QElapsedTimer>
+#include <QObject>
+#include <QString>
 
 #include <chrono>
 #include <functional>
@@ -14,7 +16,8 @@ class REGISTERPLATFORM_EXPORT RunningRequest
 public:
     /// @param limit the time that the request may take
     /// @param changesSomething false: the server is the same afterwards, so that nobody has to wait for the answer
-    RunningRequest(std::chrono::seconds limit, bool changesSomething);
+    /// @param step what the request is sent for, in lines; may be empty
+    RunningRequest(std::chrono::seconds limit, bool changesSomething, const QString& step = {});
     ~RunningRequest();
     Q_DISABLE_COPY_MOVE(RunningRequest)
 
@@ -24,12 +27,15 @@ public:
     /// What Esc does while a request runs. Empty: nothing, as every other key.
     /// The function may show forms; the request goes on afterwards.
     using Escape = std::function<void(RunningRequest&)>;
-    static void setEscape(Escape escape);
+    /// Replaces the former one.
+    /// @param owner Esc does nothing once this object is destroyed
+    static void setEscape(const QObject* owner, Escape escape);
     /// Does what Esc does.
     void escape();
 
     std::chrono::seconds limit() const { return m_limit; }
     std::chrono::seconds elapsed() const;
+    const QString& step() const { return m_step; }
     bool changesSomething() const { return m_changesSomething; }
 
     /// Ends the waiting, unless the answer is there already.
@@ -39,6 +45,7 @@ public:
 private:
     const std::chrono::seconds m_limit;
     const bool m_changesSomething;
+    const QString m_step;
     QElapsedTimer m_since;
     bool m_isStopped = false;
     RunningRequest* const m_outer;

@@ -3,6 +3,7 @@
 
 #include "curloptions_p.h"
 #include "finally.h"
+#include "workstep.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
@@ -92,6 +93,7 @@ void append(HeaderList& list, const QByteArray& line)
 /// worth more, and what the exception says may be about a patient.
 void runEvents()
 {
+    const WorkStep::Hidden otherWork;
     try {
         QCoreApplication::processEvents();
     } catch (...) {

@@ -157,7 +157,7 @@ HttpAnswer RestClient::Private::run(HttpRequest request)
     const bool changesSomething = isPost && !WorkStep::isWithoutEffect();
     HttpAnswer received;
     {
-        RunningRequest running(limit, changesSomething);
+        RunningRequest running(limit, changesSomething, WorkStep::currentText());
         request.isStopped = [&running] { return running.isStopped(); };
         const InputBlocker blocker;
         received = send(request, deadline);

@@ -21,8 +21,8 @@ extern template struct REGISTERPLATFORM_EXPORT MockFactory<RestClient>;
 /// While a request runs, the window is painted and animated, key presses, clicks and touches are thrown away, and no
 /// action runs (see InputBlocker). Connections are kept between requests and shared by all clients. An event handler
 /// that runs meanwhile, such as a timer's, may send requests with a client of its own. The first request continues
-/// after them; its time-out does not stop. When an event handler throws, that is logged without the exception's text,
-/// and the request goes on.
+/// after them; its time-out does not stop. The WorkSteps of the first request are hidden from the handler. When an
+/// event handler throws, that is logged without the exception's text, and the request goes on.
 ///
 /// - Esc asks the register whether to stop waiting. A request that changes nothing on the server, a GET or one of a
 ///   WorkStep without effect, ends at once; for any other one the cashier is asked first, and its outcome is unknown.
@@ -38,8 +38,7 @@ extern template struct REGISTERPLATFORM_EXPORT MockFactory<RestClient>;
 /// - An answer may be compressed ("gzip" or "deflate"). One larger than 64 MiB, headers included and the body unpacked,
 ///   is refused.
 /// - A POST whose path fits "RestClient:journal" is in the RequestJournal before it goes out, and what came of it
-/// before
-///   post() returns. It is not sent when it cannot be written down.
+///   before post() returns. It is not sent when it cannot be written down.
 /// - Only http and https URLs with a host, and without a user name or password; any other URL, an invalid one among
 ///   them, is refused before anything is sent. A header name that is no token, a value with a control
 ///   character (RFC 9110, 5.5 and 5.6.2), and the headers that frame a request ("Host", "Connection",
@@ -54,7 +53,8 @@ public:
     /// What is known of a request that failed.
     enum class Outcome : int {
         Settled, ///< the server has answered, nothing went out, or the request changes nothing
-        Unknown, ///< a POST that went out and has no whole answer: it may have been carried out
+        Unknown, ///< a POST that went out and has no whole answer, or one of 500, 502, 504: it may have been carried
+                 ///< out
         Stopped, ///< the cashier stopped a request that changes nothing
     };
 
@@ -75,8 +75,8 @@ public:
     /// when there was one (300 and more), otherwise the transport's own code, below 100.
     virtual int errorCode() const;
 
-    /// What went wrong and what to do next, for the cashier. For a POST whose answer did not come back whole it says
-    /// that the request may have been carried out, unless its WorkStep has no effect.
+    /// What went wrong and what to do next, for the cashier. For a POST of unknown outcome it says that the request
+    /// may have been carried out.
     virtual tr::Tr errorText() const;
 
     /// The body of the answer, also of an error answer; null when it is not a JSON object or array.

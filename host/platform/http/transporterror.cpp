@@ -8,6 +8,8 @@
 namespace
 {
 
+constexpr int internalServerError = 500;
+
 /// A row of a table of texts. %1 is the server's name, %2 the HTTP status.
 struct ErrorText {
     const char* key;
@@ -157,6 +159,10 @@ constexpr std::array statuses = {
                "На сервере %1 произошла ошибка (ответ %2). Повторите позже; если не поможет, обратитесь к "
                "администратору."}},
 };
+constexpr ErrorText serverErrorUncertain = {
+    "restClientStatusServerErrorUncertain",
+    "На сервере %1 произошла ошибка (ответ %2). Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен ли "
+    "он."};
 constexpr ErrorText gatewayUncertain = {
     "restClientStatusGatewayUncertain",
     "Сервер %1 не дождался ответа от внутренней службы (ответ %2). Запрос мог быть выполнен: прежде чем повторять, "
@@ -183,7 +189,7 @@ tr::Tr httpStatusText(int status, const QString& host, bool changesSomething)
 {
     ErrorText text = failed;
     if (changesSomething && leavesOutcomeOpen(status)) {
-        text = gatewayUncertain;
+        text = status == internalServerError ? serverErrorUncertain : gatewayUncertain;
     } else {
         const auto row = std::find_if(statuses.begin(), statuses.end(), [status](const StatusRow& candidate) {
             return candidate.first <= status && status <= candidate.last;
@@ -199,5 +205,5 @@ bool leavesOutcomeOpen(int status)
 {
     constexpr int badGateway = 502;
     constexpr int gatewayTimeout = 504;
-    return status == badGateway || status == gatewayTimeout;
+    return status == internalServerError || status == badGateway || status == gatewayTimeout;
 }

@@ -41,5 +41,6 @@ tr::Tr transportErrorText(TransportError error, const QString& host, bool mayBeC
 /// @param changesSomething true for a POST with an effect: see leavesOutcomeOpen()
 tr::Tr httpStatusText(int status, const QString& host, bool changesSomething);
 
-/// True for 502 and 504: the gateway that answers does not know what became of the request.
+/// True for 500, 502 and 504 (RFC 9110, 15.6): the server may have failed after it carried the request out, and a
+/// gateway does not know what became of it. 501, 503 and 505 refuse the request before anything is done.
 bool leavesOutcomeOpen(int status);

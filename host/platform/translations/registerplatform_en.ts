@@ -156,6 +156,10 @@ Free some disk space or check access to the folder, then try again.</translation
         <source>На сервере %1 произошла ошибка (ответ %2). Повторите позже; если не поможет, обратитесь к администратору.</source>
         <translation>An error happened on server %1 (answer %2). Try again later; if that does not help, call the administrator.</translation>
     </message>
+    <message id="restClientStatusServerErrorUncertain">
+        <source>На сервере %1 произошла ошибка (ответ %2). Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен ли он.</source>
+        <translation>Server %1 had an error (answer %2). The request may have been carried out: check before you try again.</translation>
+    </message>
     <message id="restClientStatusGatewayUncertain">
         <source>Сервер %1 не дождался ответа от внутренней службы (ответ %2). Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен ли он.</source>
         <translation>Server %1 got no answer from a service behind it (answer %2). The request may have been carried out: check before you try again.</translation>

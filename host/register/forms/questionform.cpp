@@ -3,6 +3,7 @@
 
 #include "dialogeventfilter.h"
 #include "formanswer.h"
+#include "registerstyle.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -14,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-/// The height of the text in pixels: the form fits a window 600 pixels high.
+/// The height of the text in the smallest window, in pixels: the form fits a window 600 pixels high.
 constexpr int tallestText = 360;
 constexpr int iconSize = 48;
 } // namespace
@@ -31,7 +32,7 @@ QuestionForm::QuestionForm(const Question& question, QObject* parent)
 
 void QuestionForm::show()
 {
-    fitMessage(tallestText);
+    fitMessage(scaledPixels(tallestText));
     auto* area = findWidget<QScrollArea>(u"messageScrollArea"_s);
     const bool scrolls = area->verticalScrollBarPolicy() == Qt::ScrollBarAlwaysOn;
     area->setFocusPolicy(scrolls ? Qt::StrongFocus : Qt::NoFocus);

@@ -486,6 +486,14 @@ To dispense another quantity remove the position and dispense it anew.</translat
         <source>Esc — прекратить: ничего не записывается</source>
         <translation>Esc: stop; nothing is recorded</translation>
     </message>
+    <message id="busyTapAsks">
+        <source>Коснитесь здесь, чтобы не ждать ответа (касса переспросит)</source>
+        <translation>Tap here to stop waiting for the answer (you are asked first)</translation>
+    </message>
+    <message id="busyTapStops">
+        <source>Коснитесь здесь, чтобы прекратить: ничего не записывается</source>
+        <translation>Tap here to stop; nothing is recorded</translation>
+    </message>
     <message id="busyStopTitle">
         <source>Не ждать ответа?</source>
         <translation>Stop waiting?</translation>

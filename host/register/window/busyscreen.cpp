@@ -6,6 +6,7 @@
 #include "question.h"
 #include "registerstyle.h"
 #include "runningrequest.h"
+#include "touchmode.h"
 #include "tr.h"
 #include "workstep.h"
 #include "wrappedlabel.h"
@@ -13,11 +14,15 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
 {
+/// In the smallest window, in pixels.
 constexpr int panelWidth = 560;
+constexpr int touchTarget = 44;
 constexpr int ringSize = 64;
 constexpr int ringRoom = ringSize + 32;
 constexpr int linesOfMessage = 2;
@@ -51,6 +56,12 @@ QString hintText(const RunningRequest* request)
 {
     if (!request) {
         return {};
+    }
+    if (isTouchMode()) {
+        return (request->changesSomething()
+                    ? tr::Tr(u"busyTapAsks"_s, u"Коснитесь здесь, чтобы не ждать ответа (касса переспросит)"_s)
+                    : tr::Tr(u"busyTapStops"_s, u"Коснитесь здесь, чтобы прекратить: ничего не записывается"_s))
+            .ui();
     }
     return (request->changesSomething() ? tr::Tr(u"busyEscapeAsks"_s, u"Esc — не ждать ответа (касса переспросит)"_s)
                                         : tr::Tr(u"busyEscapeStops"_s, u"Esc — прекратить: ничего не записывается"_s))
@@ -86,18 +97,13 @@ BusyScreen::BusyScreen(QWidget* parent)
         showProgress();
         update();
     });
-    RunningRequest::setEscape([this](RunningRequest& request) { stopWaiting(request); });
+    RunningRequest::setEscape(this, [this](RunningRequest& request) { stopWaiting(request); });
     hide();
-}
-
-BusyScreen::~BusyScreen()
-{
-    RunningRequest::setEscape({});
 }
 
 void BusyScreen::fillPanel()
 {
-    m_panel->setFixedWidth(panelWidth);
+    m_panel->setFixedWidth(scaledPixels(panelWidth));
     auto* layout = new QVBoxLayout(m_panel);
     layout->setContentsMargins(24, ringRoom, 24, 16);
     layout->setSpacing(8);
@@ -106,6 +112,10 @@ void BusyScreen::fillPanel()
     m_time = addText(u"busyTimeLabel"_s, linesOfTime);
     m_hint = addText(u"busyHintLabel"_s, linesOfHint);
     m_hint->setProperty("textRole", u"hint"_s);
+    if (isTouchMode()) {
+        m_hint->setProperty("stopsWaiting", true); // see InputBlocker
+        m_hint->setFixedHeight(std::max(m_hint->height(), scaledPixels(touchTarget)));
+    }
 }
 
 /// As high as the longest text, so that nothing moves while the work goes on.
@@ -137,7 +147,7 @@ void BusyScreen::start(const QString& message)
 void BusyScreen::showProgress()
 {
     const RunningRequest* request = RunningRequest::current();
-    m_step->setText(WorkStep::currentText());
+    m_step->setText(request ? request->step() : WorkStep::currentText());
     m_time->setText(timeText(m_since, request));
     m_hint->setText(hintText(request));
 }

@@ -11,14 +11,13 @@ class RunningRequest;
 class WrappedLabel;
 
 /// Covers the window during long work, with a message and a turning ring: what is done, since when, how long it takes
-/// at most, and what Esc does. It keeps the focus until the work ends.
+/// at most, and what Esc does, in touch mode a tap on the hint. It keeps the focus until the work ends.
 class BusyScreen : public QWidget
 {
     Q_OBJECT
 
 public:
     explicit BusyScreen(QWidget* parent);
-    ~BusyScreen() override;
 
     /// Takes the focus, and gives it back when the work ends.
     void takeFocus();

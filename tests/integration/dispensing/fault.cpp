@@ -28,7 +28,7 @@ Fault bareStatus(int status)
             [status](FaultScript& faults, Endpoint endpoint, Occasion occasion) {
                 faults.answerStatus(endpoint, status, occasion);
             },
-            Fault::Shown::Status, status};
+            status == 500 ? Fault::Shown::MayBeCarriedOut : Fault::Shown::Status, status};
 }
 
 QString reasonOf(int status)

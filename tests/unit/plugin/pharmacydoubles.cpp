@@ -221,6 +221,7 @@ void PharmacyTest::keepSaved()
     m_saving.onSave = [this](const auto& document, const QString& file, const SavingDouble::Write&) {
         saved << document;
         savedFiles << file;
+        saveSteps << WorkStep::currentText();
         savedContents << document->toJson();
         journal << "save";
         return true;

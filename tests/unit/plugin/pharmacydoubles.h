@@ -177,6 +177,7 @@ protected:
     QList<control::Action> actions;                ///< executed, as they were handed over
     QList<QSharedPointer<AbstractDocument>> saved; ///< by SaveToFileLogic
     QStringList savedFiles;
+    QStringList saveSteps;            ///< that a failure of the saving would be about, one for each saving
     QList<QJsonObject> savedContents; ///< of the documents, as they were when they were saved
     QList<ElectronicPrescriptionChoiceParams> shownLists;
     QList<ElectronicPrescriptionParams> shownDetails;

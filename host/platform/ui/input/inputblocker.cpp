@@ -3,11 +3,13 @@
 
 #include "runningrequest.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QList>
 #include <QPointer>
+#include <QPointerEvent>
 #include <QWidget>
 #include <QWindow>
 
@@ -38,13 +40,23 @@ bool isEscape(const QEvent& event)
     return key.key() == Qt::Key_Escape && !key.isAutoRepeat();
 }
 
+bool isTapOnStop(const QEvent& event)
+{
+    if (event.type() != QEvent::MouseButtonPress && event.type() != QEvent::TouchBegin) {
+        return false;
+    }
+    const QPointF place = static_cast<const QPointerEvent&>(event).points().constFirst().globalPosition();
+    const QWidget* tapped = QApplication::widgetAt(place.toPoint());
+    return tapped && tapped->property("stopsWaiting").toBool();
+}
+
 /// Throws input away while it is installed, and remembers the windows that were asked to close.
 class InputSink : public QObject
 {
 public:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (isEscape(*event)) {
+        if (isEscape(*event) || isTapOnStop(*event)) {
             askToStopWaiting();
         }
         switch (event->type()) {

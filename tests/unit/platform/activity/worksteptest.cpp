@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -49,5 +51,34 @@ TEST(WorkStepTest, effect_isThatOfTheInnermostStep)
         const WorkStep inner(plain(u"b"_s));
         EXPECT_FALSE(WorkStep::isWithoutEffect());
     }
+    EXPECT_TRUE(WorkStep::isWithoutEffect());
+}
+
+TEST(WorkStepTest, stepEndedBeforeTheOneInsideIt_leavesTheInnerOne)
+{
+    auto outer = std::make_unique<WorkStep>(plain(u"a"_s));
+    auto inner = std::make_unique<WorkStep>(plain(u"b"_s), WorkStep::Effect::None);
+    outer.reset();
+    EXPECT_EQ(WorkStep::currentText(), u"b"_s);
+    EXPECT_TRUE(WorkStep::isWithoutEffect());
+    inner.reset();
+    EXPECT_EQ(WorkStep::currentText(), QString());
+    EXPECT_FALSE(WorkStep::isWithoutEffect());
+}
+
+TEST(WorkStepTest, hidden_showsOnlyWhatBeginsMeanwhile)
+{
+    auto ending = std::make_unique<WorkStep>(plain(u"a"_s));
+    const WorkStep outer(plain(u"b"_s), WorkStep::Effect::None);
+    {
+        const WorkStep::Hidden otherWork;
+        EXPECT_EQ(WorkStep::currentText(), QString());
+        EXPECT_FALSE(WorkStep::isWithoutEffect());
+        const WorkStep inner(plain(u"c"_s));
+        EXPECT_EQ(WorkStep::currentText(), u"c"_s);
+        ending.reset();
+        EXPECT_EQ(WorkStep::currentText(), u"c"_s);
+    }
+    EXPECT_EQ(WorkStep::currentText(), u"b"_s);
     EXPECT_TRUE(WorkStep::isWithoutEffect());
 }

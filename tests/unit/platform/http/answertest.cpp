@@ -149,10 +149,12 @@ INSTANTIATE_TEST_SUITE_P(
                     StatusCase{422, "restClientStatusRejected", "restClientStatusRejected"},
                     StatusCase{429, "restClientStatusTooManyRequests", "restClientStatusTooManyRequests"},
                     StatusCase{499, "restClientStatusRejected", "restClientStatusRejected"},
-                    StatusCase{500, "restClientStatusServerError", "restClientStatusServerError"},
+                    StatusCase{500, "restClientStatusServerError", "restClientStatusServerErrorUncertain"},
+                    StatusCase{501, "restClientStatusServerError", "restClientStatusServerError"},
                     StatusCase{502, "restClientStatusServerError", "restClientStatusGatewayUncertain"},
                     StatusCase{503, "restClientStatusUnavailable", "restClientStatusUnavailable"},
                     StatusCase{504, "restClientStatusServerError", "restClientStatusGatewayUncertain"},
+                    StatusCase{505, "restClientStatusServerError", "restClientStatusServerError"},
                     StatusCase{599, "restClientStatusServerError", "restClientStatusServerError"}),
     [](const testing::TestParamInfo<StatusCase>& instance) {
         return "Status" + std::to_string(instance.param.status);
@@ -263,7 +265,7 @@ TEST(RestClientAnswer, failedStatusWithoutLength_isReportedByTheStatus)
     ClientAndServer both;
     both.server.react({Reaction::raw("HTTP/1.1 500 Trouble\r\n\r\n<html>", End::Close)});
     both.post("{}");
-    EXPECT_THAT(both.client, FailedWith(500, "restClientStatusServerError"));
+    EXPECT_THAT(both.client, FailedWith(500, "restClientStatusServerErrorUncertain"));
 }
 
 TEST(RestClientAnswer, notModified_isErrorWithNullAnswer)

@@ -36,11 +36,10 @@ protected:
             return Reaction::neverAnswer();
         });
     }
-    ~StoppingTest() override { RunningRequest::setEscape({}); }
 
     void stopAtEscape()
     {
-        RunningRequest::setEscape([this](RunningRequest& request) {
+        RunningRequest::setEscape(&window, [this](RunningRequest& request) {
             asked.append(request.changesSomething());
             request.stop();
         });
@@ -86,6 +85,32 @@ TEST_F(StoppingTest, postWithoutEffectStopped_isStoppedLikeAGet)
     EXPECT_EQ(asked, QList<bool>{false});
 }
 
+TEST_F(StoppingTest, postOfATimerDuringAStepWithoutEffect_mayHaveBeenCarriedOut)
+{
+    ScriptedServer other;
+    other.react({Reaction::closeBeforeAnswer()});
+    RestClient timers;
+    QString stepOfTheTimer = u"none"_s;
+    server.reactBy([&](const ReceivedRequest&) {
+        QMetaObject::invokeMethod(
+            &window,
+            [&] {
+                stepOfTheTimer = WorkStep::currentText();
+                timers.post(other.url(), "{}", {});
+            },
+            Qt::BlockingQueuedConnection);
+        return Reaction::closeBeforeAnswer();
+    });
+    const WorkStep step(token, WorkStep::Effect::None);
+    client.post(server.url(), "a=b", {});
+    EXPECT_GT(client.errorCode(), 0);
+    EXPECT_EQ(client.outcome(), Outcome::Settled);
+    EXPECT_GT(timers.errorCode(), 0);
+    EXPECT_EQ(timers.outcome(), Outcome::Unknown);
+    EXPECT_EQ(stepOfTheTimer, QString());
+    EXPECT_EQ(WorkStep::currentText(), u"Вход"_s);
+}
+
 TEST_F(StoppingTest, stoppedRequest_leavesTheNextOneAlone)
 {
     stopAtEscape();
@@ -109,7 +134,7 @@ TEST_F(StoppingTest, nobodyLooksAtEscape_theRequestGoesOn)
 
 TEST_F(StoppingTest, escapeHeldDown_asksOnce)
 {
-    RunningRequest::setEscape([this](RunningRequest& request) { asked.append(request.changesSomething()); });
+    RunningRequest::setEscape(&window, [this](RunningRequest& request) { asked.append(request.changesSomething()); });
     server.reactBy([this](const ReceivedRequest&) {
         QMetaObject::invokeMethod(
             &window,
@@ -129,7 +154,7 @@ TEST_F(StoppingTest, escapeHeldDown_asksOnce)
 
 TEST_F(StoppingTest, escapeThatKeepsWaiting_theAnswerCounts)
 {
-    RunningRequest::setEscape([this](RunningRequest& request) { asked.append(request.changesSomething()); });
+    RunningRequest::setEscape(&window, [this](RunningRequest& request) { asked.append(request.changesSomething()); });
     server.reactBy([this](const ReceivedRequest&) {
         QMetaObject::invokeMethod(
             &window, [this] { QTest::keyClick(window.windowHandle(), Qt::Key_Escape); }, Qt::BlockingQueuedConnection);
@@ -177,17 +202,34 @@ INSTANTIATE_TEST_SUITE_P(Answers, PostWithoutEffect,
                          ::testing::Values(Lost{"closed", Reaction::closeBeforeAnswer()},
                                            Lost{"reset", Reaction::resetBeforeAnswer()},
                                            Lost{"half", Reaction::halfAnswer(200, "{\"a\": 1}", Reaction::End::Close)},
+                                           Lost{"serverError", Reaction::json(500, "{}")},
                                            Lost{"badGateway", Reaction::json(502, "{}")},
                                            Lost{"gatewayTimeout", Reaction::json(504, "{}")}),
                          [](const auto& instance) { return std::string(instance.param.name); });
 
+TEST(RestClientOutcome, serverFailedWhileItServed_isUnknownForAPostOnly)
+{
+    ClientAndServer both;
+    for (const int status : {500, 502, 504}) {
+        both.server.react({Reaction::json(status, "{}"), Reaction::json(status, "{}")});
+        both.post("{}");
+        EXPECT_EQ(both.client.errorCode(), status);
+        EXPECT_EQ(both.client.outcome(), Outcome::Unknown);
+        both.get();
+        EXPECT_EQ(both.client.errorCode(), status);
+        EXPECT_EQ(both.client.outcome(), Outcome::Settled);
+    }
+}
+
 TEST(RestClientOutcome, refusalAndUnreachableServer_areSettled)
 {
     ClientAndServer both;
-    both.server.react({Reaction::json(422, "{}")});
-    both.post("{}");
-    EXPECT_EQ(both.client.errorCode(), 422);
-    EXPECT_EQ(both.client.outcome(), Outcome::Settled);
+    for (const int status : {422, 501, 503, 505}) {
+        both.server.react({Reaction::json(status, "{}")});
+        both.post("{}");
+        EXPECT_EQ(both.client.errorCode(), status);
+        EXPECT_EQ(both.client.outcome(), Outcome::Settled);
+    }
     both.client.post(QUrl(u"ftp://127.0.0.1/"_s), "{}", {});
     EXPECT_GT(both.client.errorCode(), 0);
     EXPECT_EQ(both.client.outcome(), Outcome::Settled);

@@ -178,13 +178,24 @@ TEST_F(Dispensing, failureOfTheSecond_readsWhichOneWhatIsRegisteredAndWhatToDoNe
     }
 }
 
+TEST_F(Dispensing, saving_isNoPartOfTheStepBeforeIt)
+{
+    const auto first = addPosition(1, R"({"id":"a"})");
+    addPosition(2, R"({"id":"b"})");
+
+    EXPECT_EQ(dispense(), EContext::GoOn);
+    EXPECT_TRUE(service.cancelElectronicPrescription(first, true));
+
+    EXPECT_EQ(saveSteps, QStringList({QString(), QString(), QString()}));
+}
+
 TEST_F(Dispensing, cancellationFails_readsWhichOneAndWhatToDoNext)
 {
     using Outcome = RestClient::Outcome;
     const auto position = addPosition(1, R"({"id":"r1","status":"dispensed"})");
     for (const auto& [outcome, word] :
          {std::pair(Outcome::Unknown, u"Неизвестно, отменён ли этот отпуск"_s),
-          std::pair(Outcome::Settled, u"Реестр не подтвердил отмену: отпуск остаётся записанным"_s)}) {
+          std::pair(Outcome::Settled, u"Реестр не подтвердил отмену; касса по-прежнему считает отпуск записанным"_s)}) {
         registry->onCancel = [known = outcome](GoodsItem&) { throwRequestFailure({"aKey", "Отказ"}, known); };
 
         EXPECT_FALSE(service.cancelElectronicPrescription(position, true));

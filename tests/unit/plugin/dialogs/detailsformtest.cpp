@@ -11,6 +11,8 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -215,6 +217,19 @@ TEST_F(DetailsForm, statusOtherThanActive_backIsTheOnlyWayOut)
         EXPECT_TRUE(queue.queued.isEmpty());
         back->click();
         EXPECT_EQ(answer(), std::pair(QString("status"), QVariant(-1)));
+    }
+}
+
+TEST_F(DetailsForm, help_speaksOfGoodsOnlyWhereTheyCanBePicked)
+{
+    for (const bool isActive : {true, false}) {
+        const ElectronicPrescriptionForm form(params(fullPrescription(), isActive ? "active" : "completed"), nullptr);
+        const QList<FormHelp::Key> keys = form.help().keys;
+        const bool picksByEnter = std::any_of(keys.cbegin(), keys.cend(),
+                                              [](const FormHelp::Key& key) { return key.key == FormHelp::enterKey(); });
+        EXPECT_EQ(picksByEnter, isActive);
+        EXPECT_EQ(form.help().next.ui().contains("подберите товар"), isActive);
+        EXPECT_FALSE(form.help().next.ui().isEmpty());
     }
 }
 

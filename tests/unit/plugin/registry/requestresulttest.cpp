@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "registrydoubles.h"
 
+#include "unsettledrequestexception.h"
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -10,20 +12,24 @@ namespace
 class FinishedClient : public RestClient
 {
 public:
-    FinishedClient(int errorCode, const QJsonDocument& answer)
+    FinishedClient(int errorCode, const QJsonDocument& answer,
+                   RestClient::Outcome outcome = RestClient::Outcome::Settled)
         : m_errorCode(errorCode)
         , m_answer(answer)
+        , m_outcome(outcome)
     {
     }
     int errorCode() const override { return m_errorCode; }
     tr::Tr errorText() const override { return text; }
     QJsonDocument answer() const override { return m_answer; }
+    RestClient::Outcome outcome() const override { return m_outcome; }
 
     static inline const tr::Tr text{u"clientError"_s, u"Ошибка связи"_s};
 
 private:
     int m_errorCode;
     QJsonDocument m_answer;
+    RestClient::Outcome m_outcome;
 };
 
 struct Outcome {
@@ -76,6 +82,25 @@ INSTANTIATE_TEST_SUITE_P(
         Outcome{"detailsNull", R"({"issue": [{"severity": "error", "details": null}]})", ""},
         Outcome{"detailsWithPlaceholder", R"({"issue": [{"severity": "error", "details": "%1 и %2"}]})", "%1 и %2"}),
     [](const auto& row) { return std::string(row.param.name); });
+
+TEST(RequestResult, outcomeOfAFailure_isKeptWhateverTheAnswerSays)
+{
+    using Known = RestClient::Outcome;
+    const Configured config;
+    const ElectronicPrescriptionInterface interface;
+    for (const char* answer : {R"({"issue": [{"severity": "error", "details": "Сбой"}]})", "{}"}) {
+        for (const Known outcome : {Known::Settled, Known::Unknown, Known::Stopped}) {
+            QJsonDocument result;
+            const QSharedPointer<RestClient> client(new FinishedClient(502, json(answer), outcome));
+            try {
+                interface.getRequestResult(client, result);
+                ADD_FAILURE() << answer;
+            } catch (const ElectronicPrescriptionException& exception) {
+                EXPECT_EQ(outcomeOf(exception), outcome) << answer;
+            }
+        }
+    }
+}
 
 TEST(RequestResult, errorCodeOfZeroOrLess_isASuccessWithAnyAnswer)
 {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cashier.h"
+#include "finally.h"
 #include "question.h"
+#include "registerstyle.h"
 #include "tillfixture.h"
 
 #include <QApplication>
@@ -124,6 +126,25 @@ TEST_F(QuestionFormTest, clickedButtons_answerYesAndNo)
     config.set(u"GUI:touchMode"_s, u"true"_s);
     EXPECT_TRUE(ask([](QWidget& root) { QTest::mouseClick(button(root, "yesButton"), Qt::LeftButton); }));
     EXPECT_FALSE(ask([](QWidget& root) { QTest::mouseClick(button(root, "noButton"), Qt::LeftButton); }));
+}
+
+TEST_F(QuestionFormTest, longText_hasMoreRoomInALargerWindow)
+{
+    question.text = {tr::undefined, QString(10'000, QChar(0x416))};
+    const Finally sizeOfTheOtherTests([] {
+        applyRegisterStyle(*qApp, {1024, 600});
+        qApp->setStyleSheet(QString());
+    });
+    QList<int> heights;
+    for (const QSize window : {QSize(1024, 600), QSize(1920, 1080)}) {
+        applyRegisterStyle(*qApp, window);
+        ask([&heights](QWidget& root) {
+            heights.append(root.findChild<QScrollArea*>(u"messageScrollArea"_s)->height());
+            press(Qt::Key_Escape);
+        });
+    }
+    ASSERT_EQ(heights.size(), 2);
+    EXPECT_GE(heights[1], heights[0] * 3 / 2);
 }
 
 TEST_F(QuestionFormTest, longText_scrollsByKeyboardAndTheFormFitsTheSmallestScreen)

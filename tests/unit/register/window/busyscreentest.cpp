@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "busyscreen.h"
 #include "clockdouble.h"
+#include "configured.h"
+#include "finally.h"
+#include "inputblocker.h"
+#include "registerstyle.h"
 #include "runningrequest.h"
 #include "workstep.h"
 
@@ -106,11 +110,53 @@ TEST_F(BusyScreenTest, escapeAtARequestThatChangesNothing_stopsItOnlyWhileTheScr
     screen.stop();
 }
 
+TEST_F(BusyScreenTest, stepOfTheRequest_isShownThoughItIsHiddenFromHandlers)
+{
+    const WorkStep step({tr::undefined, u"Регистрация 2 из 3"_s});
+    const RunningRequest request(std::chrono::seconds(20), true, WorkStep::currentText());
+    const WorkStep::Hidden otherWork;
+    screen.start(u"x"_s);
+    EXPECT_EQ(WorkStep::currentText(), QString());
+    EXPECT_EQ(text("busyStepLabel"), u"Регистрация 2 из 3"_s);
+    screen.stop();
+}
+
+TEST_F(BusyScreenTest, touchMode_theHintIsTappedInPlaceOfEsc)
+{
+    const Configured configuration({{u"GUI:touchMode"_s, u"true"_s}});
+    BusyScreen touched(&window);
+    RunningRequest request(std::chrono::seconds(20), false);
+    touched.start(u"x"_s);
+    const auto* hint = touched.findChild<QLabel*>(u"busyHintLabel"_s);
+    EXPECT_FALSE(hint->text().contains(u"Esc"_s));
+    EXPECT_TRUE(hint->text().contains(u"Коснитесь здесь"_s));
+    EXPECT_GE(hint->height(), 44);
+    const InputBlocker blocker;
+    QApplication::processEvents(); // places the label
+    const QPoint place = hint->mapTo(&window, hint->rect().center());
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, place);
+    QApplication::processEvents();
+    EXPECT_TRUE(request.isStopped());
+    touched.stop();
+}
+
+TEST_F(BusyScreenTest, panel_growsWithTheType)
+{
+    const Finally sizeOfTheOtherTests([] {
+        applyRegisterStyle(*qApp, {1024, 600});
+        qApp->setStyleSheet(QString());
+    });
+    applyRegisterStyle(*qApp, {1920, 1080});
+    const BusyScreen large(&window);
+    EXPECT_EQ(large.findChild<QLabel*>(u"busyHintLabel"_s)->parentWidget()->width(), scaledPixels(560));
+    EXPECT_GT(scaledPixels(560), 560);
+}
+
 TEST_F(BusyScreenTest, longestTexts_fitTheSmallestWindow)
 {
     const WorkStep step({tr::undefined, u"Регистрация отпуска 10 из 12. Рецепт 1234567890, товар: "_s +
                                             u"Очень длинное название лекарства "_s.repeated(20)});
-    const RunningRequest request(std::chrono::seconds(600), true);
+    const RunningRequest request(std::chrono::seconds(600), true, WorkStep::currentText());
     window.resize(1024, 600);
     screen.start(u"Обращение к сервису электронных рецептов "_s.repeated(5));
     QApplication::processEvents();

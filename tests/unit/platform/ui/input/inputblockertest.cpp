@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "inputblocker.h"
 
-#include "finally.h"
 #include "runningrequest.h"
 
 #include <QAction>
 #include <QLineEdit>
+#include <QPointingDevice>
 #include <QPushButton>
 #include <QShortcut>
 #include <QTest>
@@ -48,11 +48,53 @@ protected:
     int clicks = 0;
 };
 
+TEST_F(InputBlockerTest, tapOnTheWidgetThatStopsWaiting_isThrownAwayAndAsks)
+{
+    int asked = 0;
+    RunningRequest::setEscape(&window, [&asked](RunningRequest&) { ++asked; });
+    RunningRequest request(std::chrono::seconds(5), true);
+    const InputBlocker blocker;
+    const auto tap = [this] {
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, button.geometry().center());
+        QCoreApplication::processEvents();
+    };
+    tap();
+    EXPECT_EQ(asked, 0);
+    button.setProperty("stopsWaiting", true);
+    tap();
+    EXPECT_EQ(asked, 1);
+    const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+    QTest::touchEvent(window.windowHandle(), screen.get()).press(0, button.geometry().center());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(asked, 2);
+    QTest::touchEvent(window.windowHandle(), screen.get()).release(0, button.geometry().center());
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(InputBlockerTest, escapeOfADestroyedOwner_doesNothingAndTheNextOwnersStays)
+{
+    int former = 0;
+    int current = 0;
+    auto first = std::make_unique<QObject>();
+    const QObject second;
+    RunningRequest request(std::chrono::seconds(5), true);
+    RunningRequest::setEscape(first.get(), [&former](RunningRequest&) { ++former; });
+    first.reset();
+    request.escape();
+    EXPECT_EQ(former, 0);
+    first = std::make_unique<QObject>();
+    RunningRequest::setEscape(first.get(), [&former](RunningRequest&) { ++former; });
+    RunningRequest::setEscape(&second, [&current](RunningRequest&) { ++current; });
+    first.reset();
+    request.escape();
+    EXPECT_EQ(former, 0);
+    EXPECT_EQ(current, 1);
+}
+
 TEST_F(InputBlockerTest, escape_isThrownAwayAndAsksTheRequestThatRuns)
 {
     int asked = 0;
-    RunningRequest::setEscape([&asked](RunningRequest&) { ++asked; });
-    const Finally nobody([] { RunningRequest::setEscape({}); });
+    RunningRequest::setEscape(&window, [&asked](RunningRequest&) { ++asked; });
     bool escaped = false;
     QShortcut shortcut(Qt::Key_Escape, &window);
     QObject::connect(&shortcut, &QShortcut::activated, [&escaped] { escaped = true; });
