@@ -8,6 +8,7 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QJsonDocument>
 
 #include <cerrno>
 
@@ -19,7 +20,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr qint64 largestFile = 64 * 1024 * 1024;
+constexpr qint64 largestFile = qint64(64) * 1024 * 1024;
 
 QByteArray lineOf(const QJsonObject& object)
 {
@@ -87,7 +88,7 @@ QList<QJsonObject> JournalFile::read()
 
 Expected<void> JournalFile::append(const QJsonObject& line)
 {
-    if (const Expected<void> opened = open(); !opened) {
+    if (Expected<void> opened = open(); !opened) {
         return opened;
     }
     const qint64 end = m_file.size();

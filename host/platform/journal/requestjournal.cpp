@@ -25,11 +25,11 @@ using State = JournalledRequest::State;
 
 constexpr qsizetype mostRequests = 10000;
 /// Of bodies and answers together.
-constexpr qsizetype mostBytes = 16 * 1024 * 1024;
+constexpr qsizetype mostBytes = qsizetype(16) * 1024 * 1024;
 /// A larger answer is kept by its status alone.
-constexpr qsizetype largestAnswer = 1024 * 1024;
+constexpr qsizetype largestAnswer = qsizetype(1024) * 1024;
 /// A file that is larger than this and twice what it last had to be is written anew without what is settled.
-constexpr qint64 sizeToTidyUp = 1024 * 1024;
+constexpr qint64 sizeToTidyUp = qint64(1024) * 1024;
 
 class CurrentDocument : private DocumentWatcher
 {
