@@ -57,7 +57,7 @@ public:
     /// members of its own.
     virtual QJsonObject toJson() const;
 
-    /// Names the document for good, wherever it is saved and whatever becomes of it; no other document has the same.
+    /// Names the document for good, also after it was moved, closed or cancelled; no other document has the same.
     /// Empty: it has no name.
     virtual QString identifier() const;
 

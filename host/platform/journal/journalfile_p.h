@@ -27,7 +27,7 @@ public:
     /// Adds a line. Fails with the system's words; the file then ends as before.
     Expected<void> append(const QJsonObject& line);
 
-    /// Writes all lines anew. On failure the former ones stay.
+    /// Replaces the whole file with these lines. On failure the former ones stay.
     Expected<void> replace(const QList<QJsonObject>& lines);
 
     /// In bytes.

@@ -28,7 +28,7 @@ constexpr qsizetype mostRequests = 10000;
 constexpr qsizetype mostBytes = qsizetype(16) * 1024 * 1024;
 /// A larger answer is kept by its status alone.
 constexpr qsizetype largestAnswer = qsizetype(1024) * 1024;
-/// A file that is larger than this and twice what it last had to be is written anew without what is settled.
+/// A file larger than this, and than twice its size after the last compaction, is compacted.
 constexpr qint64 sizeToTidyUp = qint64(1024) * 1024;
 
 class CurrentDocument : private DocumentWatcher
@@ -113,7 +113,7 @@ public:
     QList<JournalledRequest> requests; ///< not settled, by rising id
     qint64 lastId = 0;
     qint64 lastIdOfFormerRuns = 0;
-    qint64 tidySize = 0; ///< of the file, when it was last written anew
+    qint64 tidySize = 0; ///< of the file after the last compaction
 };
 
 RequestJournal::Private::Private()
@@ -169,7 +169,7 @@ void RequestJournal::Private::remove(qint64 id)
     requests.removeIf([id](const JournalledRequest& request) { return request.id == id; });
 }
 
-/// Writes the file anew with what is not settled.
+/// Compacts the file: keeps only what is not settled.
 void RequestJournal::Private::tidyUp()
 {
     QList<QJsonObject> lines;

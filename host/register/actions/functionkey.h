@@ -38,7 +38,7 @@ QList<FunctionKey> configuredFunctionKeys(const Config& config);
 /// The menu entries that `Menu:entries` lists, at most nine. Otherwise like configuredFunctionKeys().
 QList<FunctionKey> configuredMenuEntries(const Config& config);
 
-/// The labels of those keys whose action nobody serves, wherever the register is.
+/// The labels of the keys whose action has no handler in any context.
 QStringList unservedKeys(const QList<FunctionKey>& keys);
 
 /// True for a plug-in's command that waits for a document while none is open: a sale is opened for it.

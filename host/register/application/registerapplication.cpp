@@ -332,7 +332,8 @@ void RegisterApplication::followCatalogue()
     m_catalogue.keepFresh();
 }
 
-/// A cashier at work is not interrupted: the goods may not be needed now, and whoever needs them gets a message.
+/// A cashier at work is not interrupted: the goods may not be needed now, and a command that needs them shows a
+/// message.
 void RegisterApplication::showCatalogueFailure(const tr::Tr& message)
 {
     if (m_till->document() || Singleton<ActionQueueController>::get()->isBusy()) {

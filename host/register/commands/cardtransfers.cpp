@@ -288,7 +288,8 @@ bool CardTransfers::refundOrShow(const QSharedPointer<Document>& document, const
     return refund.state == State::Approved || payInCash(document, payment);
 }
 
-/// Asks whether to pay out in cash what the terminal does not give back. The ending tells the cashier to do it.
+/// Asks whether to pay out in cash what the terminal does not give back. The final message asks the cashier to pay it
+/// out.
 bool CardTransfers::payInCash(const QSharedPointer<Document>& document, const CardOperation& payment) const
 {
     const Question question{

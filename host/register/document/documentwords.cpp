@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// What a terminal did not give back the cashier was told to hand out at the end. Cash for cash has been handed out.
+/// The final message asked the cashier to pay out what the terminal did not give back; cash was paid out before.
 tr::Tr closingOfReturn(const Document& document)
 {
     const QString number = QString::number(document.getNumber());

@@ -47,7 +47,7 @@ protected:
     }
     ~RequestJournalTest() override { DocumentWatcher::setCurrentDocument({}); }
 
-    /// Reads the journal anew, as the next start of the register does.
+    /// Reads the journal again, as the next start of the register does.
     void restart()
     {
         journal.reset();
