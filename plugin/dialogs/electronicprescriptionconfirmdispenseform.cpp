@@ -6,6 +6,7 @@
 #include "formbutton.h"
 #include "prescriptionhelp.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
 
@@ -104,6 +105,8 @@ void ElectronicPrescriptionConfirmDispenseForm::letTheCashierChoose()
                         u"Выберите ответ стрелкой и нажмите «Ввод»"_s)
                      .ui(),
                  false);
+    } else if (auto* hint = findWidget<QLabel>(u"choiceHintLabel"_s, false)) {
+        hint->hide(); // empty, it would leave a void
     }
 }
 

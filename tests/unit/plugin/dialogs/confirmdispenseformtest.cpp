@@ -181,11 +181,12 @@ TEST_F(ConfirmDispenseForm, partlyDispensedBefore_bothNumbersOfDosesAreShown)
     EXPECT_EQ(text(form, u"prescribedDosesLabel"_s), u"Выписано доз: 30,00\nОтпущено ранее: 2,50"_s);
 }
 
-TEST_F(ConfirmDispenseForm, touchMode_hasNoHintAboutKeys)
+TEST_F(ConfirmDispenseForm, touchMode_hasNoHintAboutKeysAndNoVoidInItsPlace)
 {
     setTouchMode(true);
     const ElectronicPrescriptionConfirmDispenseForm form(params(u"Метформин"_s), nullptr);
     EXPECT_EQ(text(form, u"choiceHintLabel"_s), QString());
+    EXPECT_TRUE(widget<QLabel>(form, u"choiceHintLabel"_s)->isHidden());
 }
 
 TEST_F(ConfirmDispenseForm, eventFiltersCancel_answersMinusOneAsTheButtonDoes)
