@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "electronicprescriptioninterface.h"
 
+#include "dispenseanswer.h"
 #include "formquery.h"
 #include "restclient.h"
 #include "unsettledrequestexception.h"
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -65,13 +64,7 @@ void ElectronicPrescriptionInterface::getRequestResult(const QSharedPointer<Rest
 bool ElectronicPrescriptionInterface::checkRequestResultStatus(const QJsonObject& answer,
                                                                const QString& expectedStatus) const
 {
-    if (answer["resourceType"_L1].toString() != "Bundle"_L1) {
-        return false;
-    }
-    const QJsonArray entries = answer["entry"_L1].toArray();
-    return std::any_of(entries.begin(), entries.end(), [&](const QJsonValue& entry) {
-        return entry["transactionResponse"_L1]["status"_L1] == QJsonValue(expectedStatus);
-    });
+    return dispenseanswer::reports(answer, expectedStatus);
 }
 
 QUrl ElectronicPrescriptionInterface::formUrl(const QString& baseUrl, const QString& path) const
