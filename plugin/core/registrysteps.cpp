@@ -3,6 +3,7 @@
 
 #include "goodsitem.h"
 #include "positionoptions.h"
+#include "requestjournal.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +18,32 @@ QString prescriptionNumber(const GoodsItem& position)
     const PositionOptions options(position);
     const QString number = options.serialNumber();
     return number.isEmpty() ? options.id() : number;
+}
+
+/// True when the command, repeated, finds out first what became of the request.
+bool isSettledByTheTill()
+{
+    return Singleton<RequestJournal>::get()->isSettledByPlugin();
+}
+
+tr::Tr registrationUnknown()
+{
+    if (isSettledByTheTill()) {
+        return {u"electronicPrescriptionRegistrationToBeSettled"_s,
+                u"Неизвестно, записан ли в реестре этот отпуск; чек не закрыт. Записано до него: %1 из %2. Повторите "
+                "команду: касса сначала спросит реестр и не запишет отпуск второй раз."_s};
+    }
+    return {u"electronicPrescriptionRegistrationUnknown"_s,
+            u"Неизвестно, записан ли в реестре этот отпуск; чек не закрыт. Записано до него: %1 из %2. "
+            "Не повторяйте подытог, пока администратор не проверит этот рецепт в реестре: повтор может "
+            "записать отпуск второй раз."_s};
+}
+
+tr::Tr registrationNotDone()
+{
+    return {u"electronicPrescriptionRegistrationNotDone"_s,
+            u"Реестр не подтвердил этот отпуск; чек не закрыт. Записано до него: %1 из %2, повторно они "
+            "не отправляются. Когда причина устранена, повторите подытог."_s};
 }
 
 } // namespace
@@ -42,20 +69,18 @@ tr::Tr cancellation(const GoodsItem& position)
 
 tr::Tr adviceAfterRegistration(Outcome outcome, int registered, int count)
 {
-    const tr::Tr unknown(u"electronicPrescriptionRegistrationUnknown"_s,
-                         u"Неизвестно, записан ли в реестре этот отпуск; чек не закрыт. Записано до него: %1 из %2. "
-                         "Не повторяйте подытог, пока администратор не проверит этот рецепт в реестре: повтор может "
-                         "записать отпуск второй раз."_s);
-    const tr::Tr settled(u"electronicPrescriptionRegistrationNotDone"_s,
-                         u"Реестр не подтвердил этот отпуск; чек не закрыт. Записано до него: %1 из %2, повторно они "
-                         "не отправляются. Когда причина устранена, повторите подытог."_s);
-    return (outcome == Outcome::Unknown ? unknown : settled)
+    return (outcome == Outcome::Unknown ? registrationUnknown() : registrationNotDone())
         .arg(QString::number(registered))
         .arg(QString::number(count));
 }
 
 tr::Tr adviceAfterCancellation(Outcome outcome)
 {
+    if (isSettledByTheTill()) {
+        return {u"electronicPrescriptionCancellationToBeSettled"_s,
+                u"Реестр не подтвердил отмену. Когда причина устранена, повторите команду: касса сначала спросит "
+                "реестр, отменён ли этот отпуск."_s};
+    }
     if (outcome == Outcome::Unknown) {
         return {u"electronicPrescriptionCancellationUnknown"_s,
                 u"Неизвестно, отменён ли этот отпуск в реестре. Прежде чем повторять, попросите администратора "

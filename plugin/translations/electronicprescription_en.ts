@@ -40,6 +40,10 @@
         <source>Неизвестно, записан ли в реестре этот отпуск; чек не закрыт. Записано до него: %1 из %2. Не повторяйте подытог, пока администратор не проверит этот рецепт в реестре: повтор может записать отпуск второй раз.</source>
         <translation>Nobody knows whether the registry holds this dispense; the receipt is not closed. Registered before it: %1 of %2. Do not repeat the subtotal before the administrator has checked this prescription in the registry: the dispense could be registered twice.</translation>
     </message>
+    <message id="electronicPrescriptionRegistrationToBeSettled">
+        <source>Неизвестно, записан ли в реестре этот отпуск; чек не закрыт. Записано до него: %1 из %2. Повторите команду: касса сначала спросит реестр и не запишет отпуск второй раз.</source>
+        <translation>Nobody knows whether the registry holds this dispense; the receipt is not closed. Registered before it: %1 of %2. Repeat the command: the register asks the registry first, and does not register the dispense twice.</translation>
+    </message>
     <message id="electronicPrescriptionRegistrationNotDone">
         <source>Реестр не подтвердил этот отпуск; чек не закрыт. Записано до него: %1 из %2, повторно они не отправляются. Когда причина устранена, повторите подытог.</source>
         <translation>The registry did not confirm this dispense; the receipt is not closed. Registered before it: %1 of %2; they are not sent again. When the cause is mended, repeat the subtotal.</translation>
@@ -47,6 +51,10 @@
     <message id="electronicPrescriptionCancellationUnknown">
         <source>Неизвестно, отменён ли этот отпуск в реестре. Прежде чем повторять, попросите администратора проверить этот рецепт в реестре.</source>
         <translation>Nobody knows whether this dispense is cancelled in the registry. Before you try again, have the administrator check this prescription in the registry.</translation>
+    </message>
+    <message id="electronicPrescriptionCancellationToBeSettled">
+        <source>Реестр не подтвердил отмену. Когда причина устранена, повторите команду: касса сначала спросит реестр, отменён ли этот отпуск.</source>
+        <translation>The registry has not confirmed the cancellation. When the cause is removed, repeat the command: the register first asks the registry whether the dispense is cancelled.</translation>
     </message>
     <message id="electronicPrescriptionCancellationNotDone">
         <source>Реестр не подтвердил отмену; касса по-прежнему считает отпуск записанным. Если реестр пишет, что отпуск уже отменён, позовите администратора; иначе повторите, когда причина устранена.</source>

@@ -113,6 +113,7 @@ public:
     QList<JournalledRequest> requests; ///< not settled, by rising id
     qint64 lastId = 0;
     qint64 lastIdOfFormerRuns = 0;
+    bool isSettledByPlugin = false;
     qint64 tidySize = 0; ///< of the file after the last compaction
 };
 
@@ -230,6 +231,16 @@ void RequestJournal::settle(qint64 id)
     if (d->isUntidy()) {
         d->tidyUp();
     }
+}
+
+bool RequestJournal::isSettledByPlugin() const
+{
+    return d->isSettledByPlugin;
+}
+
+void RequestJournal::setSettledByPlugin(bool isSettled)
+{
+    d->isSettledByPlugin = isSettled;
 }
 
 bool RequestJournal::covers(const QUrl& url) const

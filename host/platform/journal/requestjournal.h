@@ -39,14 +39,20 @@ public:
     /// Those of one document, see AbstractDocument::identifier().
     QList<JournalledRequest> requestsOf(const QString& document) const;
 
+    /// True when such a POST is written down.
+    bool covers(const QUrl& url) const;
+
     /// The outcome of the request is known, and the document has it: the journal forgets the request. Nothing happens
     /// when it has no such request.
     virtual void settle(qint64 id);
 
+    /// A plug-in settles the requests that it finds here. Others word their advice by it: a command that is repeated
+    /// finds out first what became of the request before.
+    bool isSettledByPlugin() const;
+    void setSettledByPlugin(bool isSettled);
+
     // The host's side; a plug-in has no use for it.
 
-    /// True when such a POST has to be written down.
-    bool covers(const QUrl& url) const;
     /// Writes the request down and returns its id. On failure the request must not go out; the text says so.
     Expected<qint64> begin(const QString& method, const QUrl& url, const QByteArray& body);
     /// Writes down what came of a request; Unanswered: nothing is known. Nothing happens when there is no such request.
