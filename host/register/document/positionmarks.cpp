@@ -91,37 +91,28 @@ void PositionMarks::load(const QString& file)
 
 PositionMarks::Look PositionMarks::look(const Position& position) const
 {
-    const Mark* mark = markOf(position);
-    if (!mark) {
+    const QList<const Mark*> marks = marksOf(position);
+    if (marks.isEmpty()) {
         return {};
     }
-
     const QJsonObject options = QJsonDocument::fromJson(position.getExtendedOptions().toUtf8()).object();
-    const auto state = std::find_if(mark->states.cbegin(), mark->states.cend(),
-                                    [&options](const State& candidate) { return fits(candidate, options); });
-    Look look{.mark = shortened(mark->mark.ui()),
-              .description = mark->description.ui(),
+    Look look{.mark = shortened(firstText(marks, &Mark::mark)),
+              .description = firstText(marks, &Mark::description),
               .state = {},
               .undoing = {},
               .stateColour = {},
-              .receiptLines = {}};
-    if (state != mark->states.cend()) {
+              .receiptLines = receiptLines(marks, position, options)};
+    if (const State* state = shownState(marks, options)) {
         look.state = state->text.ui();
         look.stateColour = state->colour;
         look.undoing = state->undoing.ui();
-    }
-    for (const ReceiptLine& line : mark->receiptLines) {
-        if (const QString value = valueText(line, position, options); !value.isEmpty()) {
-            look.receiptLines.append(labelled(line.label, value));
-        }
     }
     return look;
 }
 
 QString PositionMarks::origin(const Position& position) const
 {
-    const Mark* mark = markOf(position);
-    const QString said = mark ? mark->origin.ui() : QString();
+    const QString said = firstText(marksOf(position), &Mark::origin);
     return said.isEmpty() ? tr::Tr(u"externalOrigin"_s, u"по документу"_s).ui() : said;
 }
 
@@ -148,13 +139,59 @@ QString PositionMarks::documentText(const AbstractDocument& document) const
     return texts.join(u" · "_s);
 }
 
-/// Null when no plug-in marks the position.
-const PositionMarks::Mark* PositionMarks::markOf(const Position& position) const
+/// The entries that describe the position, in the order in which they were loaded.
+QList<const PositionMarks::Mark*> PositionMarks::marksOf(const Position& position) const
 {
     const QStringList tags = position.getTags();
-    const auto mark = std::find_if(m_marks.cbegin(), m_marks.cend(),
-                                   [&tags](const Mark& candidate) { return tags.contains(candidate.tag); });
-    return mark == m_marks.cend() ? nullptr : &*mark;
+    QList<const Mark*> marks;
+    for (const Mark& mark : m_marks) {
+        if (tags.contains(mark.tag)) {
+            marks.append(&mark);
+        }
+    }
+    return marks;
+}
+
+/// That of the first entry that has one; empty when none has.
+QString PositionMarks::firstText(const QList<const Mark*>& marks, tr::Tr Mark::*member)
+{
+    for (const Mark* mark : marks) {
+        if (const QString text = (mark->*member).ui(); !text.isEmpty()) {
+            return text;
+        }
+    }
+    return {};
+}
+
+/// Null when none fits.
+const PositionMarks::State* PositionMarks::shownState(const QList<const Mark*>& marks, const QJsonObject& options)
+{
+    const State* shown = nullptr;
+    for (const Mark* mark : marks) {
+        for (const State& state : mark->states) {
+            if (fits(state, options) && (!shown || state.priority < shown->priority)) {
+                shown = &state;
+            }
+        }
+    }
+    return shown;
+}
+
+QStringList PositionMarks::receiptLines(const QList<const Mark*>& marks, const Position& position,
+                                        const QJsonObject& options)
+{
+    const auto describing =
+        std::find_if(marks.cbegin(), marks.cend(), [](const Mark* mark) { return !mark->receiptLines.isEmpty(); });
+    if (describing == marks.cend()) {
+        return {};
+    }
+    QStringList lines;
+    for (const ReceiptLine& line : (*describing)->receiptLines) {
+        if (const QString value = valueText(line, position, options); !value.isEmpty()) {
+            lines.append(labelled(line.label, value));
+        }
+    }
+    return lines;
 }
 
 PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
@@ -170,8 +207,8 @@ PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
         const QJsonValue wanted = state.value("value"_L1);
         mark.states.append({state.value("option"_L1).toString(),
                             wanted.isString() ? std::optional(wanted.toString()) : std::nullopt,
-                            readWords(state.value("text"_L1)), QColor(state.value("colour"_L1).toString()),
-                            readWords(state.value("undoing"_L1))});
+                            state.value("priority"_L1).toDouble(), readWords(state.value("text"_L1)),
+                            QColor(state.value("colour"_L1).toString()), readWords(state.value("undoing"_L1))});
     }
     for (const auto value : entry.value("receiptLines"_L1).toArray()) {
         const QJsonObject line = value.toObject();

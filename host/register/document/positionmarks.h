@@ -14,7 +14,8 @@
 
 #include <optional>
 
-/// How the positions of plug-ins look, read from their files `positionmarks.json` (docs/position-marks.md).
+/// How the positions of plug-ins look, read from their files `positionmarks.json` (docs/position-marks.md). Several
+/// plug-ins may describe the positions of one tag.
 class PositionMarks
 {
 public:
@@ -47,6 +48,7 @@ private:
     struct State {
         QString option;
         std::optional<QString> value; ///< none: fits when the option is absent
+        double priority = 0;          ///< of those that fit the one with the smallest is shown
         tr::Tr text;
         QColor colour;
         tr::Tr undoing;
@@ -71,7 +73,11 @@ private:
         tr::Tr label;
     };
 
-    const Mark* markOf(const Position& position) const;
+    QList<const Mark*> marksOf(const Position& position) const;
+    static QString firstText(const QList<const Mark*>& marks, tr::Tr Mark::*member);
+    static const State* shownState(const QList<const Mark*>& marks, const QJsonObject& options);
+    static QStringList receiptLines(const QList<const Mark*>& marks, const Position& position,
+                                    const QJsonObject& options);
     static Mark readMark(const QJsonObject& entry);
     static bool fits(const State& state, const QJsonObject& options);
     static Form formOf(const QString& word);

@@ -133,5 +133,6 @@ INSTANTIATE_TEST_SUITE_P(
     , MessageCatalogue,
     ::testing::Values(Catalogue{"platform", "host/platform", "translations/registerplatform_en.ts", 50},
                       Catalogue{"register", "host/register", "translations/pharmacyregister_en.ts", 60},
-                      Catalogue{"electronicPrescription", "plugin", "translations/electronicprescription_en.ts", 60}),
+                      Catalogue{"electronicPrescription", "plugin", "translations/electronicprescription_en.ts", 60},
+                      Catalogue{"dispenseRecovery", "recovery", "translations/dispenserecovery_en.ts", 20}),
     [](const auto& instance) { return std::string(instance.param.name); });

@@ -105,6 +105,52 @@ TEST_F(PositionMarksTest, twoFiles_bothAreUsed)
     EXPECT_EQ(marks.look(position).mark, u"ДР"_s);
 }
 
+TEST_F(PositionMarksTest, twoEntriesOfOneTag_eachTextIsOfTheFirstThatHasIt)
+{
+    load(R"({"positions": [{"tag": "paper", "mark": "", "origin": "по накладной", "receiptLines": []}]})");
+    load(paper);
+    load(R"({"positions": [{"tag": "paper", "mark": "ДР", "description": "Другая", "origin": "по другой",
+        "receiptLines": [{"option": "issuer", "label": "Другой"}]}]})");
+    position.setTag(u"paper"_s);
+    position.setExtendedOptions(uR"({"issuer": "Поликлиника"})"_s);
+    const auto look = marks.look(position);
+    EXPECT_EQ(look.mark, u"БР"_s);
+    EXPECT_EQ(look.description, u"Бумага"_s);
+    EXPECT_EQ(look.receiptLines, QStringList(u"Кто: Поликлиника"_s));
+    EXPECT_EQ(marks.origin(position), u"по накладной"_s);
+}
+
+TEST_F(PositionMarksTest, entriesOfTwoTagsOfThePosition_bothDescribeIt)
+{
+    load(paper);
+    load(R"({"positions": [{"tag": "other", "origin": "по накладной", "states": [
+        {"option": "other", "value": "open", "priority": -1, "text": "открыт"}]}]})");
+    position.setTag(u"paper"_s);
+    position.setTag(u"other"_s);
+    position.setExtendedOptions(uR"({"other": "open"})"_s);
+    EXPECT_EQ(marks.look(position).mark, u"БР"_s);
+    EXPECT_EQ(marks.look(position).state, u"открыт"_s);
+    EXPECT_EQ(marks.origin(position), u"по накладной"_s);
+}
+
+TEST_F(PositionMarksTest, severalStatesFit_smallestPriorityIsShownAndAmongEqualsTheFirst)
+{
+    load(R"({"positions": [{"tag": "paper", "states": [
+        {"option": "no", "value": null, "text": "первый", "undoing": "Первый."},
+        {"option": "no", "value": null, "text": "второй", "priority": 0},
+        {"option": "no", "value": null, "text": "срочный?", "priority": "-5"}]}]})");
+    position.setTag(u"paper"_s);
+    EXPECT_EQ(marks.look(position).state, u"первый"_s) << "a priority that is no number is 0";
+    load(R"({"positions": [{"tag": "paper", "states": [
+        {"option": "no", "value": null, "text": "последний", "priority": 1},
+        {"option": "no", "value": null, "text": "главный", "priority": -0.5, "colour": "#8a5a00"},
+        {"option": "no", "value": "x", "text": "чужой", "priority": -9}]}]})");
+    const auto look = marks.look(position);
+    EXPECT_EQ(look.state, u"главный"_s);
+    EXPECT_EQ(look.stateColour, QColor(0x8a, 0x5a, 0));
+    EXPECT_TRUE(look.undoing.isEmpty()) << "of the state that is shown";
+}
+
 TEST_F(PositionMarksTest, unreadableFilesAndEntries_areLeftOut)
 {
     marks.load(folder.filePath(u"absent.json"_s));
