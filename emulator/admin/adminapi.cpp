@@ -6,6 +6,7 @@
 #include "endpoint.h"
 #include "faultorder.h"
 #include "journal.h"
+#include "rulefields.h"
 #include "seedreader.h"
 
 #include <QJsonArray>
@@ -82,11 +83,11 @@ QJsonObject json(const FaultOrder& order)
 
 QJsonObject json(const Rules& rules)
 {
-    return {{u"tokenLifetime"_s, rules.tokenLifetime},
-            {u"oaisToken"_s, rules.oaisToken},
-            {u"prescriptionScope"_s, rules.prescriptionScope},
-            {u"dispenseScope"_s, rules.dispenseScope},
-            {u"dosageSystem"_s, rules.dosageSystem}};
+    QJsonObject object;
+    for (const RuleField& field : ruleFields()) {
+        std::visit([&](auto member) { object.insert(field.name, rules.*member); }, field.member);
+    }
+    return object;
 }
 } // namespace
 

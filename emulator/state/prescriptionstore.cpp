@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "prescriptionstore.h"
 
+#include "rulefields.h"
 #include "schema.h"
 #include "tables.h"
 
@@ -141,33 +142,22 @@ void PrescriptionStore::add(const QList<Prescription>& prescriptions)
 
 void PrescriptionStore::setRules(const Rules& rules)
 {
-    const QList<std::pair<QString, QString>> values{{u"tokenLifetime"_s, QString::number(rules.tokenLifetime)},
-                                                    {u"oaisToken"_s, rules.oaisToken},
-                                                    {u"prescriptionScope"_s, rules.prescriptionScope},
-                                                    {u"dispenseScope"_s, rules.dispenseScope},
-                                                    {u"dosageSystem"_s, rules.dosageSystem}};
-    for (const auto& [name, value] : values) {
-        m_database.run(u"INSERT OR REPLACE INTO rule VALUES (?, ?)"_s, {name, stored(value)});
+    for (const RuleField& field : ruleFields()) {
+        const QVariant value = std::visit([&rules](auto member) { return stored(rules.*member); }, field.member);
+        m_database.run(u"INSERT OR REPLACE INTO rule VALUES (?, ?)"_s, {field.name, value});
     }
     m_rules = rules;
 }
 
 Rules PrescriptionStore::storedRules() const
 {
-    QHash<QString, QString> values;
-    QSqlQuery rows = m_database.run(u"SELECT name, value FROM rule"_s);
-    while (rows.next()) {
-        values.insert(rows.value(0).toString(), rows.value(1).toString());
+    Rules rules; // an older file lacks newer rules
+    for (const RuleField& field : ruleFields()) {
+        QSqlQuery row = m_database.run(u"SELECT value FROM rule WHERE name = ?"_s, {field.name});
+        if (row.next()) {
+            std::visit([&](auto member) { restore(rules.*member, row.value(0)); }, field.member);
+        }
     }
-    Rules rules;
-    if (values.isEmpty()) {
-        return rules;
-    }
-    rules.tokenLifetime = values.value(u"tokenLifetime"_s).toInt();
-    rules.oaisToken = values.value(u"oaisToken"_s);
-    rules.prescriptionScope = values.value(u"prescriptionScope"_s);
-    rules.dispenseScope = values.value(u"dispenseScope"_s);
-    rules.dosageSystem = values.value(u"dosageSystem"_s);
     return rules;
 }
 

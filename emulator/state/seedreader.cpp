@@ -2,6 +2,7 @@
 #include "seedreader.h"
 
 #include "prescriptionstatus.h"
+#include "rulefields.h"
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +38,24 @@ double positive(const JsonNode& node, const QString& key)
     }
     return *value;
 }
+
+/// A rule of each type that there is.
+/// @{
+int rule(const JsonNode& node, const QString& name, int whenAbsent)
+{
+    return node.count(name).value_or(whenAbsent);
+}
+
+bool rule(const JsonNode& node, const QString& name, bool whenAbsent)
+{
+    return node.flag(name, whenAbsent);
+}
+
+QString rule(const JsonNode& node, const QString& name, const QString& whenAbsent)
+{
+    return node.text(name, whenAbsent);
+}
+/// @}
 } // namespace
 
 SeedReader::SeedReader(const QDate& today)
@@ -67,12 +86,12 @@ Seed SeedReader::read(const JsonNode& root)
 
 Rules SeedReader::rules(const JsonNode& node, Rules rules)
 {
-    node.allowOnly({u"tokenLifetime"_s, u"oaisToken"_s, u"prescriptionScope"_s, u"dispenseScope"_s, u"dosageSystem"_s});
-    rules.tokenLifetime = node.count(u"tokenLifetime"_s).value_or(rules.tokenLifetime);
-    rules.oaisToken = node.text(u"oaisToken"_s, rules.oaisToken);
-    rules.prescriptionScope = node.text(u"prescriptionScope"_s, rules.prescriptionScope);
-    rules.dispenseScope = node.text(u"dispenseScope"_s, rules.dispenseScope);
-    rules.dosageSystem = node.text(u"dosageSystem"_s, rules.dosageSystem);
+    QStringList names;
+    for (const RuleField& field : ruleFields()) {
+        names.append(field.name);
+        std::visit([&](auto member) { rules.*member = rule(node, field.name, rules.*member); }, field.member);
+    }
+    node.allowOnly(names);
     return rules;
 }
 
