@@ -4,6 +4,7 @@
 #include "emulatorerror.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 #include <limits>
 
@@ -34,6 +35,16 @@ std::chrono::seconds secondsOf(const QCommandLineParser& parser, const QCommandL
             option.names().constFirst(), QString::number(most), parser.value(option)));
     }
     return std::chrono::seconds(seconds);
+}
+/// The file may be new. Its folder has to be there.
+QString dataFileOf(const QCommandLineParser& parser, const QCommandLineOption& option)
+{
+    const QString file = parser.value(option);
+    const QString folder = QFileInfo(file).absolutePath();
+    if (!file.isEmpty() && !QFileInfo(folder).isDir()) {
+        throw EmulatorError(u"cannot open the data file %1: there is no folder %2"_s.arg(file, folder));
+    }
+    return file;
 }
 } // namespace
 
@@ -78,7 +89,7 @@ CommandLine CommandLine::read(const QStringList& arguments)
         commandLine.settings.adminPort = portOf(parser, adminPort);
     }
     commandLine.settings.basePath = parser.value(basePath);
-    commandLine.settings.dataFile = parser.value(data);
+    commandLine.settings.dataFile = dataFileOf(parser, data);
     commandLine.settings.readTimeout = secondsOf(parser, readTimeout);
     commandLine.settings.tlsCertificate = parser.value(certificate);
     commandLine.settings.tlsKey = parser.value(key);

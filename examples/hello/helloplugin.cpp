@@ -15,8 +15,10 @@ bool HelloPlugin::init()
 
     Singleton<ActivityNotifier>::get()->subscribe(this);
     addHandler({EContext::Idle, greetCommand, [this](const control::Action&) { return greet(); }, true});
-    addTrigger({EContext::OpenDocument, control::Subtotal, ActionTrigger::Before,
-                [this](const control::Action&) { return stopEmptyDocument(); }, ActionTrigger::Any, 100});
+    for (const control::EActionType wayToPay : {control::Subtotal, control::SubtotalAndPayment}) {
+        addTrigger({EContext::OpenDocument, wayToPay, ActionTrigger::Before,
+                    [this](const control::Action&) { return stopEmptyDocument(); }, ActionTrigger::Any, 100});
+    }
     return true;
 }
 

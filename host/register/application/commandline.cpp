@@ -8,6 +8,8 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -56,7 +58,8 @@ struct Options {
     const QCommandLineOption checkConfig{u"check-config"_s, u"Name what is wrong with the configuration, and end."_s};
     const QCommandLineOption data{u"data"_s, u"Data folder: receipts, logs. It has to exist and be writable."_s,
                                   u"DIR"_s, folderOf(QStandardPaths::AppDataLocation)};
-    const QCommandLineOption plugins{u"plugins"_s, u"Folder of the plug-ins."_s, u"DIR"_s, defaultPluginFolder()};
+    const QCommandLineOption plugins{u"plugins"_s, u"Folder of the plug-ins. It has to exist."_s, u"DIR"_s,
+                                     defaultPluginFolder()};
     const QCommandLineOption layouts{
         u"layouts"_s, u"Folders of own layouts, separated by colons; they override all others."_s, u"DIR"_s};
     const QCommandLineOption touch{u"touch"_s, u"For fingers: large targets, a keyboard."_s};
@@ -67,7 +70,8 @@ struct Options {
                                   "scenario is played."_s,
                                   u"WIDTHxHEIGHT"_s};
     const QCommandLineOption play{u"play"_s, u"Play a scenario, and end."_s, u"FILE"_s};
-    const QCommandLineOption screenshots{u"screenshots"_s, u"Folder for the scenario's pictures."_s, u"DIR"_s, u"."_s};
+    const QCommandLineOption screenshots{u"screenshots"_s, u"Folder for the scenario's pictures. It has to exist."_s,
+                                         u"DIR"_s, u"."_s};
 };
 
 /// Nothing when the option is malformed.
@@ -97,6 +101,20 @@ QString versionText()
     return QCoreApplication::applicationName() + u' ' + QCoreApplication::applicationVersion() + u'\n';
 }
 
+QList<NamedFolder> namedFolders(const QCommandLineParser& parser, const Options& options)
+{
+    QList<NamedFolder> folders;
+    for (const QCommandLineOption* option : {&options.plugins, &options.screenshots}) {
+        if (parser.isSet(*option)) {
+            folders.append({u"--"_s + option->names().constFirst(), parser.value(*option)});
+        }
+    }
+    for (const QString& path : parser.value(options.layouts).split(u':', Qt::SkipEmptyParts)) {
+        folders.append({u"--layouts"_s, path});
+    }
+    return folders;
+}
+
 CommandLine read(const QCommandLineParser& parser, const Options& options)
 {
     CommandLine line;
@@ -110,6 +128,7 @@ CommandLine read(const QCommandLineParser& parser, const Options& options)
     line.windowSize = windowSize(parser, options).value();
     line.scenario = parser.value(options.play);
     line.screenshots = parser.value(options.screenshots);
+    line.namedFolders = namedFolders(parser, options);
     return line;
 }
 
@@ -122,6 +141,17 @@ CommandLine withMessage(CommandLine::Outcome outcome, const QString& message)
 }
 
 } // namespace
+
+QList<NamedFolder> CommandLine::unusableFolders() const
+{
+    QList<NamedFolder> unusable;
+    std::copy_if(namedFolders.cbegin(), namedFolders.cend(), std::back_inserter(unusable),
+                 [](const NamedFolder& folder) {
+                     const QFileInfo info(folder.path);
+                     return !info.isDir() || !info.isReadable();
+                 });
+    return unusable;
+}
 
 CommandLine CommandLine::parse(const QStringList& arguments)
 {

@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QList>
 #include <QSize>
 #include <QString>
 #include <QStringList>
+
+/// A folder that an option names.
+struct NamedFolder {
+    QString option; ///< "--plugins"
+    QString path;
+};
 
 /// The command line of the register.
 struct CommandLine {
@@ -26,6 +33,11 @@ struct CommandLine {
     QSize windowSize;    ///< empty: the whole screen
     QString scenario;    ///< a file; empty: no scenario is played
     QString screenshots; ///< folder
+    /// What --plugins, --layouts and --screenshots name. Each has to be there; none of them is made.
+    QList<NamedFolder> namedFolders;
+
+    /// The named folders that are not there or cannot be read.
+    QList<NamedFolder> unusableFolders() const;
 
     /// @param arguments QCoreApplication::arguments(), with the program's name first
     static CommandLine parse(const QStringList& arguments);

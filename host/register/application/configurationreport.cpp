@@ -7,11 +7,16 @@
 #include "inilines.h"
 
 #include <QDir>
+#include <QTranslator>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
+
+const QString ownLanguage = u"ru"_s; // needs no catalogue
+constexpr qsizetype mostEntries = 9; // of the menu, one for each digit
+constexpr qsizetype noLimit = -1;
 
 QString shortcutKey(const FunctionKey& key)
 {
@@ -44,15 +49,68 @@ QList<ConfigurationFinding> checkShortcuts(const Config& config, const QString& 
     return findings;
 }
 
+QStringList namesIn(const QString& list)
+{
+    QStringList names;
+    for (const QString& name : list.split(u',')) {
+        names.append(name.trimmed());
+    }
+    names.removeAll(QString());
+    return names;
+}
+
+/// The names of a configured list of keys or menu entries that lead to none.
+/// @param most entries that the list can hold
+QList<ConfigurationFinding> checkList(const Config& config, const QString& file, const QString& list,
+                                      const QList<FunctionKey>& used, qsizetype most)
+{
+    QStringList unused = namesIn(config.getString(list));
+    for (const FunctionKey& key : used) {
+        unused.removeAll(key.name);
+    }
+    if (unused.isEmpty()) {
+        return {};
+    }
+    const QString reason = used.size() == most ? u"it holds %1 at most"_s.arg(most)
+                                               : u"give it an action in [FunctionKey.%1]"_s.arg(unused.constFirst());
+    return {{list, readIniLines(file).value(list), u"leaves out "_s + unused.join(u", "_s) + u": "_s + reason}};
+}
+
+/// A language whose texts the register does not have.
+QList<ConfigurationFinding> checkLanguage(const Config& config, const QString& file)
+{
+    const QString key = u"Language:interface"_s;
+    const QString language = config.getString(key);
+    if (language.isEmpty() || language == ownLanguage ||
+        QTranslator().load(u":/translations/pharmacyregister_"_s + language)) {
+        return {};
+    }
+    return {{key, readIniLines(file).value(key), u"names a language without a catalogue; Russian is taken"_s}};
+}
+
+QList<ConfigurationFinding> checkEverything(const Config& config, const QString& file, const ConfigurationKeys& keys)
+{
+    return checkConfiguration(config, file, keys) + checkShortcuts(config, file) +
+           checkList(config, file, u"FunctionKeys:keys"_s, configuredFunctionKeys(config), noLimit) +
+           checkList(config, file, u"Menu:entries"_s, configuredMenuEntries(config), mostEntries) +
+           checkLanguage(config, file);
+}
+
 } // namespace
 
 ConfigurationReport::ConfigurationReport(const Config& config, const QString& file, const QString& pluginFolder)
 {
+    if (!config.reading()) {
+        for (const IniFault& fault : readIniFaults(file)) {
+            problems.append(u"%1:%2: %3"_s.arg(file).arg(fault.line).arg(fault.text));
+        }
+    }
     for (const Failure& unreadable : keys.loadPlugins(pluginFolder)) {
         problems.append(unreadable.detail);
     }
-    for (const ConfigurationFinding& finding : checkConfiguration(config, file, keys) + checkShortcuts(config, file)) {
+    for (const ConfigurationFinding& finding : checkEverything(config, file, keys)) {
         problems.append(finding.description(file));
+        preventsStart = preventsStart || finding.preventsStart;
     }
 }
 
@@ -60,15 +118,29 @@ ConfigurationCheckResult checkConfiguration(const CommandLine& commandLine)
 {
     const Config config(commandLine.config);
     QStringList problems;
-    if (!config.reading()) {
+    if (!config.reading() && readIniFaults(commandLine.config).isEmpty()) {
         problems.append(config.reading().failure().detail);
     }
-    if (!QDir(commandLine.pluginFolder).isReadable()) {
-        problems.append(commandLine.pluginFolder + u" is no plug-in folder that can be read"_s);
+    QList<NamedFolder> folders = commandLine.unusableFolders();
+    if (folders.isEmpty() && !QDir(commandLine.pluginFolder).isReadable()) { // the one beside the program
+        folders.append({u"--plugins"_s, commandLine.pluginFolder});
+    }
+    for (const NamedFolder& folder : folders) {
+        problems.append(describe(folder));
     }
     problems += ConfigurationReport(config, commandLine.config, commandLine.pluginFolder).problems;
     if (problems.isEmpty()) {
         return {true, commandLine.config + u": nothing is wrong\n"_s};
     }
     return {false, problems.join(u'\n') + u'\n'};
+}
+
+QString describe(const NamedFolder& unusable)
+{
+    return unusable.option + u" names no folder that can be read: "_s + unusable.path;
+}
+
+QString describe(const QString& key, const QString& text, const QString& file)
+{
+    return ConfigurationFinding{key, readIniLines(file).value(key), text}.description(file);
 }

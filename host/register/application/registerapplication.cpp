@@ -31,6 +31,7 @@
 #include <QTemporaryFile>
 #include <QTimer>
 
+#include <cstdio>
 #include <cstdlib>
 #include <utility>
 
@@ -69,6 +70,12 @@ QList<FunctionKey> configuredKeys()
     return configuredFunctionKeys(config) + configuredMenuEntries(config);
 }
 
+/// To the error output, for whoever starts the register by hand or reads what its service printed.
+void print(const QString& line)
+{
+    std::fputs((line + u'\n').toUtf8().constData(), stderr);
+}
+
 QString inOneLine(const tr::Tr& message)
 {
     return message.ui().simplified();
@@ -101,6 +108,9 @@ RegisterApplication::~RegisterApplication()
 
 std::optional<StartupFailure> RegisterApplication::start()
 {
+    if (auto failure = checkNamedFolders()) {
+        return failure;
+    }
     if (auto failure = readConfiguration()) {
         return failure;
     }
@@ -138,15 +148,33 @@ int RegisterApplication::run()
     return m_orderlyEnd.hasBegun() ? exitstatus::done : status;
 }
 
+std::optional<StartupFailure> RegisterApplication::checkNamedFolders() const
+{
+    const QList<NamedFolder> unusable = m_commandLine.unusableFolders();
+    if (unusable.isEmpty()) {
+        return std::nullopt;
+    }
+    const NamedFolder& first = unusable.constFirst();
+    return StartupFailure{first.option == "--screenshots"_L1 ? exitstatus::noScenario : exitstatus::wrongOptions,
+                          describe(first) + u"\nMake it, or name another one"_s};
+}
+
 std::optional<StartupFailure> RegisterApplication::readConfiguration()
 {
     auto config = std::make_unique<Config>(m_commandLine.config);
+    const ConfigurationReport report(*config, m_commandLine.config, m_commandLine.pluginFolder);
+    for (const QString& problem : report.problems) {
+        print(problem);
+    }
     if (!config->reading()) {
         return StartupFailure{exitstatus::noConfiguration, u"The configuration cannot be read: "_s +
                                                                config->reading().failure().detail +
                                                                u"\nName an INI file with --config FILE.ini"_s};
     }
-    const ConfigurationReport report(*config, m_commandLine.config, m_commandLine.pluginFolder);
+    if (report.preventsStart) {
+        return StartupFailure{exitstatus::noConfiguration,
+                              u"The configuration names a file or a folder that cannot be used, see above"_s};
+    }
     m_configurationProblems = report.problems;
     if (const Expected<void> read = readSecretFiles(*config, report.keys, m_commandLine.config); !read) {
         return StartupFailure{exitstatus::noConfiguration,
@@ -213,15 +241,18 @@ void RegisterApplication::configureThisRun()
 }
 
 /// A code that nobody could type would lock the register for good.
-std::optional<StartupFailure> RegisterApplication::checkUnlockCode()
+std::optional<StartupFailure> RegisterApplication::checkUnlockCode() const
 {
     const Config* config = Singleton<Config>::get();
-    if (!BasicForm::isTouchMode() || LockScreen::canBeTyped(config->getString(u"Register:unlockCode"_s))) {
+    const QString key = u"Register:unlockCode"_s;
+    if (!BasicForm::isTouchMode() || LockScreen::canBeTyped(config->getString(key))) {
         return std::nullopt;
     }
     return StartupFailure{exitstatus::noConfiguration,
-                          u"Register:unlockCode has a character that the keyboard on the screen does not have.\n"
-                          "Choose a code of Russian or Latin letters, digits and signs"_s};
+                          describe(key,
+                                   u"has a character that the keyboard on the screen does not have: choose a "
+                                   "code of Russian or Latin letters, digits and signs"_s,
+                                   m_commandLine.config)};
 }
 
 std::optional<StartupFailure> RegisterApplication::readScenario()
@@ -232,9 +263,6 @@ std::optional<StartupFailure> RegisterApplication::readScenario()
     const Expected<QList<ScenarioStep>> steps = ::readScenario(m_commandLine.scenario);
     if (!steps) {
         return StartupFailure{exitstatus::noScenario, u"The scenario cannot be played: "_s + steps.failure().detail};
-    }
-    if (!QDir().mkpath(m_commandLine.screenshots)) {
-        return StartupFailure{exitstatus::noScenario, u"No folder for pictures: "_s + m_commandLine.screenshots};
     }
     m_player = std::make_unique<ScenarioPlayer>(*steps, m_commandLine.screenshots, m_commandLine.dataFolder);
     return std::nullopt;

@@ -43,11 +43,12 @@ public:
     int run();
 
 private:
+    std::optional<StartupFailure> checkNamedFolders() const;
     std::optional<StartupFailure> readConfiguration();
     std::optional<StartupFailure> lockDataFolder();
     std::optional<StartupFailure> readOpenDocument();
     void configureThisRun();
-    static std::optional<StartupFailure> checkUnlockCode();
+    std::optional<StartupFailure> checkUnlockCode() const;
     std::optional<StartupFailure> readScenario();
     QSize windowSize() const;
     void openWindow();

@@ -7,6 +7,7 @@
 #include "secretfiles.h"
 
 #include <QFileInfo>
+#include <QKeySequence>
 #include <QUrl>
 
 #include <algorithm>
@@ -17,7 +18,13 @@ namespace
 {
 
 using Type = ConfigurationKey::Type;
-using Problem = std::optional<QString>;
+
+/// What is wrong with a value.
+struct Mistake {
+    QString text;
+    bool preventsStart = false;
+};
+using Problem = std::optional<Mistake>;
 
 constexpr QFile::Permissions ofOthers = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
 
@@ -25,7 +32,7 @@ Problem problemOfFile(const QString& path)
 {
     const QFileInfo info(path);
     if (!info.isFile() || !info.isReadable()) {
-        return u"names no file that can be read: "_s + path;
+        return Mistake{u"names no file that can be read: "_s + path, true};
     }
     return std::nullopt;
 }
@@ -34,7 +41,7 @@ Problem problemOfFolder(const QString& path)
 {
     const QFileInfo info(path);
     if (!info.isDir() || !info.isReadable()) {
-        return u"names no folder that can be read: "_s + path;
+        return Mistake{u"names no folder that can be read: "_s + path, true};
     }
     return std::nullopt;
 }
@@ -55,7 +62,28 @@ Problem problemOfNumber(const ConfigurationKey& known, const QString& value)
     if (number && known.least <= *number && *number <= known.most) {
         return std::nullopt;
     }
-    return u"wants a whole number from %1 to %2"_s.arg(known.least).arg(known.most);
+    return Mistake{u"wants a whole number from %1 to %2"_s.arg(known.least).arg(known.most)};
+}
+
+Problem problemOfChoices(const ConfigurationKey& known, const QString& value)
+{
+    const QStringList chosen = value.split(u',');
+    if (std::all_of(chosen.cbegin(), chosen.cend(),
+                    [&known](const QString& choice) { return known.choices.contains(choice.trimmed()); })) {
+        return std::nullopt;
+    }
+    return Mistake{u"wants some of these, with commas between them: "_s + known.choices.join(u", "_s)};
+}
+
+Problem problemOfKey(const QString& value)
+{
+    const QKeySequence keys = QKeySequence::fromString(value);
+    for (int number = 0; number < keys.count(); ++number) {
+        if (keys[uint(number)].key() == Qt::Key_unknown) {
+            return Mistake{u"wants a key, for example F5 or Ctrl+A"_s};
+        }
+    }
+    return std::nullopt;
 }
 
 Problem problemOfUrl(const QString& value)
@@ -64,7 +92,7 @@ Problem problemOfUrl(const QString& value)
     if (url.isValid() && !url.host().isEmpty() && (url.scheme() == "http"_L1 || url.scheme() == "https"_L1)) {
         return std::nullopt;
     }
-    return u"wants a URL with http or https and a host"_s;
+    return Mistake{u"wants a URL with http or https and a host"_s};
 }
 
 /// An empty value takes a function out of use, except where only certain words make sense.
@@ -78,9 +106,14 @@ Problem problemOfValue(const ConfigurationKey& known, const QString& value)
     }
     switch (known.type) {
     case Type::Flag:
-        return flagValue(value) ? Problem() : u"wants true or false"_s;
+        return flagValue(value) ? Problem() : Mistake{u"wants true or false"_s};
     case Type::Choice:
-        return known.choices.contains(value) ? Problem() : u"wants one of these: "_s + known.choices.join(u", "_s);
+        return known.choices.contains(value) ? Problem()
+                                             : Mistake{u"wants one of these: "_s + known.choices.join(u", "_s)};
+    case Type::Choices:
+        return problemOfChoices(known, value);
+    case Type::Key:
+        return problemOfKey(value);
     case Type::Url:
         return problemOfUrl(value);
     case Type::File:
@@ -111,6 +144,13 @@ bool isCredential(const QString& file)
     return !folder.isEmpty() && QFileInfo(file).canonicalPath() == QFileInfo(folder).canonicalFilePath();
 }
 
+/// A key as the file has it: "[Register] unlockCode".
+QString asWritten(const QString& key)
+{
+    const qsizetype colon = key.lastIndexOf(u':');
+    return u'[' + key.left(colon) + u"] "_s + key.mid(colon + 1);
+}
+
 QString withMode(const QString& file)
 {
     return file + u" can be read by other users: set its mode to 0600"_s;
@@ -136,20 +176,20 @@ public:
             return problemOfSecretFile(*secret, m_config.getString(key));
         }
         const std::optional<QString> nearest = m_keys.nearestTo(key);
-        return u"is unknown"_s + (nearest ? u"; did you mean "_s + *nearest + u'?' : QString());
+        return Mistake{u"unknown key"_s + (nearest ? u"; did you mean "_s + asWritten(*nearest) + u'?' : QString())};
     }
 
 private:
     Problem problemOfKnown(const ConfigurationKey& known, const QString& value) const
     {
         if (known.isSetByRegister) {
-            return u"has no effect: the register sets it"_s;
+            return Mistake{u"has no effect: the register sets it"_s};
         }
         if (Problem problem = problemOfValue(known, value)) {
             return problem;
         }
         if (isSecret(known, value) && isReadableByOthers(m_file)) {
-            return u"is a secret, and "_s + withMode(m_file);
+            return Mistake{u"is a secret, and "_s + withMode(m_file)};
         }
         return std::nullopt;
     }
@@ -161,13 +201,13 @@ private:
         }
         const QString path = secretFilePath(configured, m_file);
         if (const Expected<QString> content = readSecretFile(path); !content) {
-            return u"cannot be used: "_s + content.failure().detail;
+            return Mistake{u"cannot be used: "_s + content.failure().detail, true};
         }
         if (!isCredential(path) && isReadableByOthers(path)) {
-            return u"names a secret, and "_s + withMode(path);
+            return Mistake{u"names a secret, and "_s + withMode(path)};
         }
         if (m_config.keys().contains(secret)) {
-            return u"wins over "_s + secret + u": remove one of them"_s;
+            return Mistake{u"wins over "_s + asWritten(secret) + u": remove one of them"_s};
         }
         return std::nullopt;
     }
@@ -182,7 +222,7 @@ private:
 QString ConfigurationFinding::description(const QString& file) const
 {
     const QString place = line > 0 ? file + u':' + QString::number(line) : file;
-    return place + u": "_s + key + u' ' + text;
+    return place + u": "_s + asWritten(key) + u": "_s + text;
 }
 
 QList<ConfigurationFinding> checkConfiguration(const Config& config, const QString& file, const ConfigurationKeys& keys)
@@ -192,7 +232,7 @@ QList<ConfigurationFinding> checkConfiguration(const Config& config, const QStri
     QList<ConfigurationFinding> findings;
     for (const QString& key : config.keys()) {
         if (Problem problem = check.problemOf(key)) {
-            findings.append({key, lines.value(key), *problem});
+            findings.append({key, lines.value(key), problem->text, problem->preventsStart});
         }
     }
     std::stable_sort(findings.begin(), findings.end(),

@@ -13,8 +13,9 @@ struct ConfigurationFinding {
     QString key;  ///< "section:key"
     int line;     ///< in the file, from 1; 0: it cannot be found there
     QString text; ///< what is wrong and what to do, in English; of values it has paths of files and folders only
+    bool preventsStart = false; ///< a file or a folder is not there, or cannot be read
 
-    /// For a person: "register.ini:12: Register:UnlockCode is unknown …".
+    /// For a person: "register.ini:12: [Register] UnlockCode: unknown key …".
     QString description(const QString& file) const;
 };
 

@@ -27,8 +27,9 @@ struct NamedType {
 };
 
 constexpr NamedType namedTypes[] = {
-    {"text"_L1, Type::Text}, {"flag"_L1, Type::Flag}, {"number"_L1, Type::Number}, {"choice"_L1, Type::Choice},
-    {"url"_L1, Type::Url},   {"file"_L1, Type::File}, {"folder"_L1, Type::Folder}, {"folders"_L1, Type::Folders},
+    {"text"_L1, Type::Text},       {"flag"_L1, Type::Flag}, {"number"_L1, Type::Number}, {"choice"_L1, Type::Choice},
+    {"choices"_L1, Type::Choices}, {"url"_L1, Type::Url},   {"file"_L1, Type::File},     {"folder"_L1, Type::Folder},
+    {"folders"_L1, Type::Folders}, {"key"_L1, Type::Key},
 };
 
 QString sectionOf(const QString& key)

@@ -18,10 +18,12 @@ struct ConfigurationKey {
         Flag,    ///< what Config::getBool() takes
         Number,  ///< what Config::getInt() takes, from `least` to `most`
         Choice,  ///< one of `choices`
+        Choices, ///< some of `choices`, separated by commas
         Url,     ///< http or https, with a host
         File,    ///< the path of a file that is there
         Folder,  ///< the path of a folder that is there
         Folders, ///< such paths, separated by colons
+        Key,     ///< of a keyboard, as Qt names it: "F5", "Ctrl+A"
     };
 
     QString key; ///< "section:name"; a section "Name.*" is any one that begins with "Name."

@@ -2,6 +2,12 @@
 #include "inilines.h"
 
 #include <QFile>
+#include <QFileInfo>
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -9,6 +15,7 @@ namespace
 {
 
 const QString generalSection = u"General"_s;
+constexpr qsizetype mostFaults = 10; // a file that is no configuration has no right line
 
 /// QSettings writes what is neither a Latin letter nor a digit as %XX.
 QString decoded(QByteArrayView name)
@@ -23,21 +30,62 @@ QString sectionIn(QByteArrayView line)
     return name.compare(generalSection, Qt::CaseInsensitive) == 0 ? generalSection : name;
 }
 
+/// The lines of a file, without a byte order mark and without blanks around them.
+QList<QByteArray> linesOf(const QString& file)
+{
+    QFile source(file);
+    if (!QFileInfo(file).isFile() || !source.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    QByteArray content = source.readAll();
+    if (content.startsWith("\xEF\xBB\xBF")) {
+        content.remove(0, 3);
+    }
+    QList<QByteArray> lines = content.split('\n');
+    std::transform(lines.cbegin(), lines.cend(), lines.begin(), [](const QByteArray& line) { return line.trimmed(); });
+    return lines;
+}
+
+/// The next line belongs to the value of this one.
+bool goesOn(const QByteArray& line)
+{
+    const auto end = std::find_if(line.crbegin(), line.crend(), [](char letter) { return letter != '\\'; });
+    return std::distance(line.crbegin(), end) % 2 == 1;
+}
+
+bool isText(const QByteArray& line)
+{
+    QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decode(line);
+    return !decode.hasError() && !text.contains(QChar::Null);
+}
+
+std::optional<QString> faultOf(const QByteArray& line)
+{
+    if (!isText(line)) {
+        return u"is no text in UTF-8: save the file as UTF-8"_s;
+    }
+    if (line.contains("@Variant(")) {
+        return u"has a value that is no text: write it anew, without @Variant("_s;
+    }
+    if (line.startsWith('[') && !line.contains(']')) {
+        return u"is a section without its closing bracket: write [Section]"_s;
+    }
+    if (line.isEmpty() || line.startsWith('[') || line.startsWith(';') || line.contains('=')) {
+        return std::nullopt;
+    }
+    return u"is neither a section nor a key with a value: write [Section], key=value, or ; before a comment"_s;
+}
+
 } // namespace
 
 QHash<QString, int> readIniLines(const QString& file)
 {
-    QFile source(file);
-    if (!source.open(QIODevice::ReadOnly)) {
-        return {};
-    }
     QHash<QString, int> lines;
     QString section = generalSection;
-    for (int number = 1; !source.atEnd(); ++number) {
-        QByteArray line = source.readLine().trimmed();
-        if (number == 1 && line.startsWith("\xEF\xBB\xBF")) {
-            line.remove(0, 3);
-        }
+    int number = 0;
+    for (const QByteArray& line : linesOf(file)) {
+        ++number;
         const qsizetype equals = line.indexOf('=');
         if (line.startsWith('[')) {
             section = sectionIn(line);
@@ -46,4 +94,23 @@ QHash<QString, int> readIniLines(const QString& file)
         }
     }
     return lines;
+}
+
+QList<IniFault> readIniFaults(const QString& file)
+{
+    QList<IniFault> faults;
+    int number = 0;
+    bool isContinued = false;
+    for (const QByteArray& line : linesOf(file)) {
+        if (faults.size() == mostFaults) {
+            break;
+        }
+        ++number;
+        const std::optional<QString> fault = isContinued && isText(line) ? std::nullopt : faultOf(line);
+        if (fault) {
+            faults.append({number, *fault});
+        }
+        isContinued = goesOn(line);
+    }
+    return faults;
 }

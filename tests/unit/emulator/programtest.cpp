@@ -201,6 +201,9 @@ TEST_F(EmulatorProgram, unusableOptions_areReportedInOneLine)
     expectUnusable({"--port", QString::number(occupied.serverPort())}, u"cannot listen on port"_s);
     expectUnusable({"--seed", "/nowhere.json"}, u"cannot read /nowhere.json: No such file or directory"_s);
     expectUnusable({"--seed", badSeed.fileName()}, badSeed.fileName() + u": patients[0].id: a text is expected"_s);
-    expectUnusable({"--data", "/nowhere/x"}, u"cannot open the data file /nowhere/x"_s);
+    expectUnusable({"--data", "/nowhere/x"}, u"cannot open the data file /nowhere/x: there is no folder /nowhere"_s);
+    expectUnusable({"--data", m_folder.path()}, u"cannot open the data file "_s + m_folder.path() + u": "_s);
+    expectUnusable({"--tls-certificate", "/nowhere.pem", "--tls-key", "/nowhere.key"},
+                   u"cannot read /nowhere.pem: No such file or directory"_s);
     expectUnusable({"--tls-key", "/nowhere.key"}, u"TLS needs both a certificate and a key"_s);
 }

@@ -2,6 +2,8 @@
 #include "commandline.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -34,6 +36,26 @@ TEST(CommandLine, everyOption_isRead)
     EXPECT_EQ(line.windowSize, QSize(1024, 600));
     EXPECT_EQ(line.scenario, u"s.json"_s);
     EXPECT_EQ(line.screenshots, u"out"_s);
+}
+
+TEST(CommandLine, foldersThatOptionsName_areUnusableWhenTheyAreNotThere)
+{
+    const QTemporaryDir there;
+    const auto unusable = [](const QStringList& options) {
+        QStringList folders;
+        for (const NamedFolder& folder : parse(options).unusableFolders()) {
+            folders.append(folder.option + u' ' + folder.path);
+        }
+        return folders;
+    };
+    EXPECT_EQ(unusable({}), QStringList());
+    EXPECT_EQ(unusable({u"--plugins"_s, there.path(), u"--layouts"_s, there.path() + u":/etc"_s, u"--screenshots"_s,
+                        there.path()}),
+              QStringList());
+    EXPECT_EQ(unusable({u"--plugins"_s, u"/nowhere"_s}), QStringList(u"--plugins /nowhere"_s));
+    EXPECT_EQ(unusable({u"--plugins="_s}), QStringList(u"--plugins "_s));
+    EXPECT_EQ(unusable({u"--layouts"_s, u"/etc:/nowhere"_s}), QStringList(u"--layouts /nowhere"_s));
+    EXPECT_EQ(unusable({u"--screenshots"_s, u"/etc/hostname"_s}), QStringList(u"--screenshots /etc/hostname"_s));
 }
 
 TEST(CommandLine, noOptions_theWholeScreenIsUsedAndNoScenarioIsPlayed)

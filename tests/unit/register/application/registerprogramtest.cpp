@@ -65,7 +65,7 @@ protected:
         if (writeNothing) {
             program.setChildProcessModifier(forbidWriting);
         }
-        program.start(QString::fromUtf8(REGISTER_PROGRAM), options);
+        program.start(executable, options);
         ASSERT_TRUE(program.waitForStarted(timeLimit));
     }
     /// Runs the program to its end. @return its exit status; -1 when it crashed or did not end
@@ -98,6 +98,18 @@ protected:
         return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
     }
 
+    /// What was printed of the lines of the configuration, each from its colon on.
+    QStringList printedProblems() const
+    {
+        QStringList problems;
+        for (const QString& line : output.split(u'\n')) {
+            if (line.startsWith(path("register.ini"))) {
+                problems.append(line.mid(path("register.ini").size()));
+            }
+        }
+        return problems;
+    }
+
     void takeDisplayAway()
     {
         for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
@@ -106,6 +118,7 @@ protected:
     }
 
     QTemporaryDir folder;
+    QString executable = QString::fromUtf8(REGISTER_PROGRAM);
     bool writeNothing = false; ///< as on a full disk: files are made, but stay empty
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     QString output;
@@ -194,6 +207,33 @@ TEST_F(RegisterProgram, wrongOption_endsWithStatusTwo)
 {
     EXPECT_EQ(run({u"--nonsense"_s}), 2);
     EXPECT_TRUE(output.contains(u"nonsense"_s));
+}
+
+TEST_F(RegisterProgram, folderOfAnOptionIsNotThere_endsWithTheOptionsStatusAndNamesBoth)
+{
+    const std::pair<const char*, int> options[] = {{"--plugins", 2}, {"--layouts", 2}, {"--screenshots", 6}};
+    for (const auto& [option, status] : options) {
+        const QString name = QString::fromUtf8(option);
+        EXPECT_EQ(play("[]", {name, path("nowhere")}), status) << option;
+        EXPECT_TRUE(output.endsWith(
+            u"pharmacy-register: %1 names no folder that can be read: %2\nMake it, or name another one\n"_s.arg(
+                name, path("nowhere"))))
+            << qPrintable(output);
+        EXPECT_FALSE(QFile::exists(path("nowhere"))) << option;
+        EXPECT_EQ(play("[]", {name, path("register.ini")}), status) << "a file instead of a folder";
+    }
+}
+
+TEST_F(RegisterProgram, noPluginFolderGivenAndNoneBesideTheProgram_starts)
+{
+    // The program is alone in its folder; its libraries are still found where they were built.
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"bin"_s));
+    ASSERT_TRUE(QFile::copy(QString::fromUtf8(REGISTER_PROGRAM), path("bin/pharmacy-register")));
+    executable = path("bin/pharmacy-register");
+    ASSERT_TRUE(QDir(path("plugins")).removeRecursively());
+    write("steps.json", R"({"steps": [{"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}]})");
+    EXPECT_EQ(run({u"--config"_s, path("register.ini"), u"--data"_s, path("data"), u"--play"_s, path("steps.json")}), 0)
+        << qPrintable(output);
 }
 
 TEST_F(RegisterProgram, noDisplay_helpVersionAndWrongOptionsAreStillShown)
@@ -358,10 +398,67 @@ TEST_F(RegisterProgram, configurationWithMistakes_areNamedInLogAndStatusLineAndT
               0)
         << qPrintable(output);
     const QByteArray log = contentOf("data/log/register.log");
-    EXPECT_TRUE(log.contains("register.ini:3: Register:UnlockCode is unknown; did you mean Register:unlockCode?"))
+    EXPECT_TRUE(log.contains("register.ini:3: [Register] UnlockCode: unknown key; did you mean [Register] unlockCode?"))
         << log.constData();
-    EXPECT_TRUE(log.contains("register.ini:5: GUI:touchMode wants true or false")) << log.constData();
+    EXPECT_TRUE(log.contains("register.ini:5: [GUI] touchMode: wants true or false")) << log.constData();
     EXPECT_FALSE(log.contains("1234"));
+}
+
+TEST_F(RegisterProgram, configurationWithMistakes_areOnTheErrorOutputToo)
+{
+    write("register.ini", "[Register]\ndemoData=true\nUnlockCode=1234\n[GUI]\ninactivityLockSeconds=5 min\n");
+    EXPECT_EQ(play("[]"), 0);
+    EXPECT_EQ(printedProblems(),
+              QStringList({u":3: [Register] UnlockCode: unknown key; did you mean [Register] unlockCode?"_s,
+                           u":5: [GUI] inactivityLockSeconds: wants a whole number from 0 to 86400"_s}));
+}
+
+TEST_F(RegisterProgram, configurationNamesAFileOrAFolderThatIsNotThere_endsWithStatusThree)
+{
+    const std::pair<const char*, const char*> keys[] = {
+        {"[GUI]\nlayouts=/etc:/nowhere\n", ":2: [GUI] layouts: names no folder that can be read: /nowhere"},
+        {"[RestClient]\ncaFile=/nowhere\n", ":2: [RestClient] caFile: names no file that can be read: /nowhere"},
+        {"[Logging]\nproperties=/nowhere\n", ":2: [Logging] properties: names no file that can be read: /nowhere"},
+    };
+    for (const auto& [content, problem] : keys) {
+        write("register.ini", content);
+        EXPECT_EQ(play("[]"), 3) << content;
+        EXPECT_EQ(printedProblems(), QStringList(QString::fromUtf8(problem)));
+        EXPECT_TRUE(output.endsWith(u"a file or a folder that cannot be used, see above\n"_s)) << qPrintable(output);
+    }
+}
+
+TEST_F(RegisterProgram, lineThatIsNoEntry_isNamedAtTheStartAndByCheckConfig)
+{
+    write("register.ini", "[Register]\ndemoData=true\nthis is no entry\n");
+    const QStringList expected(
+        u":3: is neither a section nor a key with a value: write [Section], key=value, or ; before a comment"_s);
+    EXPECT_EQ(play("[]"), 3);
+    EXPECT_EQ(printedProblems(), expected);
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3);
+    EXPECT_EQ(printedProblems(), expected);
+}
+
+TEST_F(RegisterProgram, checkConfig_namesEntriesThatTheListsLeaveOutAndALanguageWithoutTexts)
+{
+    const auto checked = [this](const QByteArray& content) {
+        write("register.ini", content);
+        run(usualOptions() + QStringList{u"--check-config"_s});
+        return printedProblems();
+    };
+    const QStringList right(u": nothing is wrong"_s);
+    EXPECT_EQ(
+        checked("[FunctionKeys]\nkeys=\"newReceiptKey, goodskey,subtotalKey\"\n"),
+        QStringList(u":2: [FunctionKeys] keys: leaves out goodskey: give it an action in [FunctionKey.goodskey]"_s));
+    EXPECT_EQ(checked("[Menu]\nentries=\"documentsEntry,weather\"\n[FunctionKey.weather]\naction=2000\n"), right);
+    EXPECT_EQ(checked("[Menu]\nentries=\"documentsEntry,lockEntry,helpEntry,annulEntry,takeBackEntry,putAsideEntry,"
+                      "cancelReceiptEntry,goodsKey,quantityKey,removeKey\"\n"),
+              QStringList(u":2: [Menu] entries: leaves out removeKey: it holds 9 at most"_s));
+    EXPECT_EQ(checked("[Language]\ninterface=xx\n"),
+              QStringList(u":2: [Language] interface: names a language without a catalogue; Russian is taken"_s));
+    for (const char* language : {"", "ru", "en", "en_GB"}) {
+        EXPECT_EQ(checked(QByteArray("[Language]\ninterface=") + language + '\n'), right);
+    }
 }
 
 TEST_F(RegisterProgram, checkConfig_namesTheMistakesAndEndsWithStatusThree)
@@ -369,9 +466,10 @@ TEST_F(RegisterProgram, checkConfig_namesTheMistakesAndEndsWithStatusThree)
     takeDisplayAway();
     write("register.ini", "[Register]\nUnlockCode=1234\n[RestClient]\ncaFile=/nowhere.pem\n");
     EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3);
-    EXPECT_EQ(output,
-              path("register.ini") + u":2: Register:UnlockCode is unknown; did you mean Register:unlockCode?\n"_s +
-                  path("register.ini") + u":4: RestClient:caFile names no file that can be read: /nowhere.pem\n"_s);
+    EXPECT_EQ(output, path("register.ini") +
+                          u":2: [Register] UnlockCode: unknown key; did you mean [Register] unlockCode?\n"_s +
+                          path("register.ini") +
+                          u":4: [RestClient] caFile: names no file that can be read: /nowhere.pem\n"_s);
     EXPECT_TRUE(QDir(path("data")).isEmpty());
 }
 
@@ -384,11 +482,11 @@ TEST_F(RegisterProgram, checkConfig_namesShortcutsThatTakeAnother)
     EXPECT_EQ(
         output,
         path("register.ini") +
-            u":6: FunctionKey.removeKey:key is the shortcut of «Подытог» as well, which comes first: choose another\n"_s +
+            u":6: [FunctionKey.removeKey] key: is the shortcut of «Подытог» as well, which comes first: choose another\n"_s +
             path("register.ini") +
-            u":4: FunctionKey.quantityKey:key takes F1 from the help, which then opens in forms only: choose another\n"_s +
+            u":4: [FunctionKey.quantityKey] key: takes F1 from the help, which then opens in forms only: choose another\n"_s +
             path("register.ini") +
-            u":2: FunctionKey.goodsKey:key takes F11 from the payment by card, which then has its button only: "
+            u":2: [FunctionKey.goodsKey] key: takes F11 from the payment by card, which then has its button only: "
             "choose another\n"_s);
 }
 
@@ -406,7 +504,9 @@ TEST_F(RegisterProgram, checkConfigOfWhatCannotBeRead_endsWithStatusThree)
     EXPECT_TRUE(output.contains(u"neither a section nor a key"_s)) << qPrintable(output);
     write("register.ini", "");
     EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s, u"--plugins"_s, path("nowhere")}), 3);
-    EXPECT_TRUE(output.contains(path("nowhere") + u" is no plug-in folder"_s)) << qPrintable(output);
+    EXPECT_EQ(output, u"--plugins names no folder that can be read: "_s + path("nowhere") + u'\n');
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s, u"--layouts"_s, path("nowhere")}), 3);
+    EXPECT_EQ(output, u"--layouts names no folder that can be read: "_s + path("nowhere") + u'\n');
 }
 
 TEST_F(RegisterProgram, keysOfAPlugin_areKnownFromItsFolder)
@@ -433,8 +533,8 @@ TEST_F(RegisterProgram, secretsFileIsNotThere_endsWithStatusThreeWithKeyAndFile)
 {
     write("register.ini", "[Register]\nunlockCodeFile=code\n");
     EXPECT_EQ(play("[]"), 3);
-    EXPECT_TRUE(output.contains(u"Register:unlockCodeFile: "_s + path("code") + u" is not there"_s))
-        << qPrintable(output);
+    EXPECT_EQ(printedProblems(),
+              QStringList(u":2: [Register] unlockCodeFile: cannot be used: "_s + path("code") + u" is not there"_s));
 }
 
 TEST_F(RegisterProgram, scenarioUnreadable_endsWithStatusSix)
@@ -523,7 +623,8 @@ TEST_F(RegisterProgram, unlockCodeThatTouchCannotType_endsWithStatusThree)
 {
     write("register.ini", "[Register]\ndemoData=true\nunlockCode=schlüssel\n");
     EXPECT_EQ(play("[]", {u"--touch"_s}), 3);
-    EXPECT_TRUE(output.contains(u"Register:unlockCode"_s)) << qPrintable(output);
+    EXPECT_TRUE(output.contains(path("register.ini") + u":3: [Register] unlockCode: has a character"_s))
+        << qPrintable(output);
     EXPECT_FALSE(output.contains(u"schl"_s)) << "the code is secret";
     EXPECT_EQ(play("[]"), 0) << "a keyboard may type it";
 }

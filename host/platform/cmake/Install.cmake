@@ -1,0 +1,34 @@
+# SPDX-License-Identifier: MIT
+# What cmake --install puts where: the library for the register (component register), and what somebody else's plug-in
+# is built with (component sdk): the public headers in one folder, and the package RegisterPlatform for find_package().
+include(CMakePackageConfigHelpers)
+
+set(package lib/cmake/RegisterPlatform)
+set(headers include/registerplatform)
+
+install(TARGETS registerplatform EXPORT RegisterPlatform
+    LIBRARY DESTINATION lib/pharmacy-register COMPONENT register NAMELINK_COMPONENT sdk
+    INCLUDES DESTINATION ${headers})
+set_target_properties(registerplatform PROPERTIES EXPORT_NAME platform)
+
+set(public_headers FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE)
+if(LOG4QT_IS_NATIVE)
+    list(APPEND public_headers PATTERN "log4qt" EXCLUDE)
+endif()
+foreach(folder IN LISTS sdk)
+    install(DIRECTORY ${folder}/ DESTINATION ${headers} COMPONENT sdk ${public_headers})
+endforeach()
+
+configure_package_config_file(cmake/RegisterPlatformConfig.cmake.in RegisterPlatformConfig.cmake
+    INSTALL_DESTINATION ${package})
+# The version of the interface: whoever asks for another one finds nothing.
+write_basic_package_version_file("${CMAKE_CURRENT_BINARY_DIR}/RegisterPlatformConfigVersion.cmake"
+    VERSION ${sdk_version} COMPATIBILITY SameMajorVersion)
+install(
+    FILES
+        "${CMAKE_CURRENT_BINARY_DIR}/RegisterPlatformConfig.cmake"
+        "${CMAKE_CURRENT_BINARY_DIR}/RegisterPlatformConfigVersion.cmake"
+        "${PROJECT_SOURCE_DIR}/cmake/RegisterPlugins.cmake"
+    DESTINATION ${package} COMPONENT sdk)
+install(EXPORT RegisterPlatform FILE RegisterPlatformTargets.cmake NAMESPACE RegisterPlatform::
+    DESTINATION ${package} COMPONENT sdk)
