@@ -43,6 +43,8 @@ QJsonObject json(const Dispense& dispense)
 {
     return {{u"id"_s, dispense.id},
             {u"pharmacy"_s, dispense.pharmacy},
+            {u"pharmacyName"_s, dispense.pharmacyName},
+            {u"pharmacyAddress"_s, dispense.pharmacyAddress},
             {u"quantity"_s, dispense.quantity},
             {u"handedOver"_s, dispense.handedOver.toString(Qt::ISODate)},
             {u"final"_s, dispense.isFinal},

@@ -104,12 +104,15 @@ bool isFinalDispense(const QJsonObject& resource)
     throw Refusal(RefusalCode::FinalMissing);
 }
 
-void checkLocation(const QJsonObject& resource)
+void readLocation(const QJsonObject& resource, DispenseDocument& document)
 {
     const QJsonObject location = contained(resource, u"Location"_s);
     demand(!location.isEmpty(), RefusalCode::LocationMissing);
-    demand(location.value(u"name"_s).isString() && location.value(u"address"_s).toObject().value(u"text"_s).isString(),
-           RefusalCode::LocationIncomplete);
+    const QJsonValue name = location.value(u"name"_s);
+    const QJsonValue address = location.value(u"address"_s).toObject().value(u"text"_s);
+    demand(name.isString() && address.isString(), RefusalCode::LocationIncomplete);
+    document.pharmacyName = name.toString();
+    document.pharmacyAddress = address.toString();
 }
 
 Claim claimIn(const QJsonObject& resource)
@@ -153,7 +156,7 @@ DispenseDocument DispenseDocument::read(const QByteArray& body)
     document.prescriptionId = referencedId(authorizing, u"MedicationPrescription"_s, RefusalCode::PrescriptionMissing);
     document.patientReference = patientOf(dispense, RefusalCode::PatientMissing);
     document.medicationCode = medicationCodeOf(dispense);
-    checkLocation(dispense);
+    readLocation(dispense, document);
     document.isFinal = isFinalDispense(dispense);
     document.quantity =
         number(dispense.value(u"quantity"_s).toObject().value(u"value"_s), RefusalCode::QuantityMissing);

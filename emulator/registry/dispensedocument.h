@@ -16,6 +16,8 @@ struct DispenseDocument {
     QString prescriptionId;
     QString patientReference; ///< "Patient/…"
     QString medicationCode;   ///< code of what was handed out; may be empty
+    QString pharmacyName;     ///< of the place of dispense
+    QString pharmacyAddress;  ///< of the place of dispense, in one line
     double quantity = 0;      ///< doses
     bool isFinal = false;
     QDate handedOver;

@@ -76,6 +76,8 @@ HttpAnswer DispenseRegister::book(const QByteArray& body, const Access& access)
     dispense.id = newId();
     dispense.prescriptionId = prescription->id;
     dispense.pharmacy = access.organization;
+    dispense.pharmacyName = document.pharmacyName;
+    dispense.pharmacyAddress = document.pharmacyAddress;
     dispense.quantity = document.quantity;
     dispense.handedOver = document.handedOver;
     dispense.isFinal = document.isFinal;

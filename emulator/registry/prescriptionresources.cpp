@@ -71,6 +71,11 @@ QJsonArray instructions(const QStringList& texts)
     }
     return instructions;
 }
+
+QJsonObject location(const QString& name, const QString& address)
+{
+    return {{u"resourceType"_s, u"Location"_s}, {u"name"_s, name}, {u"address"_s, QJsonObject{{u"text"_s, address}}}};
+}
 } // namespace
 
 QJsonObject patientResource(const Patient& patient)
@@ -127,14 +132,19 @@ QJsonObject signatureResource(const Prescription& prescription)
 
 QJsonObject dispenseResource(const Dispense& dispense, const Prescription& prescription)
 {
-    return {{u"resourceType"_s, u"MedicationDispense"_s},
-            {u"id"_s, dispense.id},
-            {u"status"_s, u"completed"_s},
-            {u"extension"_s,
-             QJsonArray{QJsonObject{{u"url"_s, uri::finalDispenseExtension}, {u"valueBoolean"_s, dispense.isFinal}}}},
-            {u"patient"_s, reference(u"Patient"_s, prescription.patientId)},
-            {u"authorizingPrescription"_s, QJsonArray{reference(u"MedicationPrescription"_s, prescription.id)}},
-            {u"quantity"_s, QJsonObject{{u"value"_s, dispense.quantity}}},
-            {u"whenHandedOver"_s, dispense.handedOver.toString(Qt::ISODate)}};
+    QJsonObject resource{
+        {u"resourceType"_s, u"MedicationDispense"_s},
+        {u"id"_s, dispense.id},
+        {u"status"_s, dispense.isCancelled ? u"entered-in-error"_s : u"completed"_s},
+        {u"extension"_s,
+         QJsonArray{QJsonObject{{u"url"_s, uri::finalDispenseExtension}, {u"valueBoolean"_s, dispense.isFinal}}}},
+        {u"patient"_s, reference(u"Patient"_s, prescription.patientId)},
+        {u"authorizingPrescription"_s, QJsonArray{reference(u"MedicationPrescription"_s, prescription.id)}},
+        {u"quantity"_s, QJsonObject{{u"value"_s, dispense.quantity}}},
+        {u"whenHandedOver"_s, dispense.handedOver.toString(Qt::ISODate)}};
+    if (!dispense.pharmacyName.isEmpty() || !dispense.pharmacyAddress.isEmpty()) {
+        resource.insert(u"contained"_s, QJsonArray{location(dispense.pharmacyName, dispense.pharmacyAddress)});
+    }
+    return resource;
 }
 } // namespace emulator

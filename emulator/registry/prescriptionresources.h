@@ -16,6 +16,6 @@ QJsonObject payerResource(const Payer& payer);
 QJsonObject prescriptionResource(const Prescription& prescription, const QString& dosageSystem);
 /// The evidence that the prescription is signed.
 QJsonObject signatureResource(const Prescription& prescription);
-/// An earlier dispense of the prescription.
+/// An earlier dispense of the prescription, with its pharmacy as a contained Location.
 QJsonObject dispenseResource(const Dispense& dispense, const Prescription& prescription);
 } // namespace emulator

@@ -96,8 +96,10 @@ struct Prescription {
 struct Dispense {
     QString id;
     QString prescriptionId;
-    QString pharmacy;    ///< organization identifier of the client that registered it; may be empty in a seed
-    double quantity = 0; ///< doses
+    QString pharmacy;        ///< organization identifier of the client that registered it; may be empty in a seed
+    QString pharmacyName;    ///< of the Location in its document; may be empty in a seed
+    QString pharmacyAddress; ///< of the same Location, in one line; may be empty in a seed
+    double quantity = 0;     ///< doses
     QDate handedOver;
     bool isFinal = false; ///< nothing more is to be dispensed on the prescription
     bool isCancelled = false;

@@ -192,11 +192,14 @@ void SeedReader::readPrescription(const JsonNode& node, const Patient& patient)
 
 void SeedReader::readDispense(const JsonNode& node, const Prescription& prescription)
 {
-    node.allowOnly({u"id"_s, u"quantity"_s, u"handedOver"_s, u"handedOverDaysAgo"_s, u"pharmacy"_s, u"final"_s});
+    node.allowOnly({u"id"_s, u"quantity"_s, u"handedOver"_s, u"handedOverDaysAgo"_s, u"pharmacy"_s, u"pharmacyName"_s,
+                    u"pharmacyAddress"_s, u"final"_s});
     Dispense dispense;
     dispense.id = uniqueId(node, u"id"_s, m_dispenses);
     dispense.prescriptionId = prescription.id;
     dispense.pharmacy = node.text(u"pharmacy"_s, QString());
+    dispense.pharmacyName = node.text(u"pharmacyName"_s, QString());
+    dispense.pharmacyAddress = node.text(u"pharmacyAddress"_s, QString());
     dispense.quantity = positive(node, u"quantity"_s);
     dispense.handedOver = day(node, u"handedOver"_s, u"handedOverDaysAgo"_s);
     dispense.isFinal = node.flag(u"final"_s, false);

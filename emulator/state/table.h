@@ -19,14 +19,18 @@ struct Column {
     QVariant (*bind)(const Record& record) = nullptr;
     void (*read)(Record& record, const QVariant& value) = nullptr;
     int since = 1; ///< the schema version that brought the column; above 1 its type needs a DEFAULT, or allows NULL
+    QString filled = {}; ///< SQL expression that a file from before that version is filled with; empty: the DEFAULT
 
     /// The column of a member, or of a member's member.
     template <auto Member, auto... Inner>
-    static Column of(const QString& name, const QString& type, int since = 1)
+    static Column of(const QString& name, const QString& type, int since = 1, const QString& filled = {})
     {
-        return {name, type, [](const Record& record) { return stored(memberOf<Member, Inner...>(record)); },
+        return {name,
+                type,
+                [](const Record& record) { return stored(memberOf<Member, Inner...>(record)); },
                 [](Record& record, const QVariant& value) { restore(memberOf<Member, Inner...>(record), value); },
-                since};
+                since,
+                filled};
     }
 
 private:
@@ -62,14 +66,18 @@ struct Table {
                (isNumbered ? u")"_s : u") WITHOUT ROWID"_s);
     }
 
-    /// Adds the columns that are newer than that schema version.
+    /// Adds the columns that are newer than that schema version, and fills them.
     QStringList additionsSince(int version) const
     {
         using namespace Qt::StringLiterals;
         QStringList statements;
         for (const Column<Record>& column : columns) {
-            if (column.since > version) {
-                statements.append(u"ALTER TABLE "_s + name + u" ADD COLUMN "_s + column.name + u' ' + column.type);
+            if (column.since <= version) {
+                continue;
+            }
+            statements.append(u"ALTER TABLE "_s + name + u" ADD COLUMN "_s + column.name + u' ' + column.type);
+            if (!column.filled.isEmpty()) {
+                statements.append(u"UPDATE "_s + name + u" SET "_s + column.name + u" = "_s + column.filled);
             }
         }
         return statements;

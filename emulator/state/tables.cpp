@@ -16,6 +16,14 @@ void restorePayer(Prescription& prescription, const QVariant& value)
 {
     prescription.payerId = value.toString();
 }
+
+/// A text of the Location in a dispense's resource; empty when there is none.
+QString inLocation(const QString& path)
+{
+    return u"ifnull((SELECT json_extract(resource, fullkey || '"_s + path +
+           u"') FROM json_each(nullif(resource, ''), '$.contained')"
+           " WHERE json_extract(resource, fullkey || '.resourceType') = 'Location'), '')"_s;
+}
 } // namespace
 
 const Table<Client>& clients()
@@ -113,6 +121,9 @@ const Table<Dispense>& dispenses()
         C::of<&D::isCancelled>(u"cancelled"_s, u"INTEGER NOT NULL"_s),
         C::of<&D::resource>(u"resource"_s, u"TEXT NOT NULL"_s),
         C::of<&D::claim>(u"claim"_s, u"TEXT NOT NULL"_s),
+        C::of<&D::pharmacyName>(u"pharmacy_name"_s, u"TEXT NOT NULL DEFAULT ''"_s, 2, inLocation(u".name"_s)),
+        C::of<&D::pharmacyAddress>(u"pharmacy_address"_s, u"TEXT NOT NULL DEFAULT ''"_s, 2,
+                                   inLocation(u".address.text"_s)),
     };
     static const Table<D> table{u"dispense"_s, columns, true};
     return table;

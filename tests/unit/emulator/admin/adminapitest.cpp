@@ -100,6 +100,9 @@ TEST_F(AdminApiTest, state_showsPrescriptionsWithTheirDispenses)
     const QJsonObject last = dispenses.at(2).toObject();
     EXPECT_EQ(last.value(u"id"_s).toString(), id);
     EXPECT_EQ(last.value(u"cancelled"_s), QJsonValue(true));
+    EXPECT_EQ(last.value(u"pharmacy"_s).toString(), u"17"_s);
+    EXPECT_EQ(last.value(u"pharmacyName"_s).toString(), u"Аптека"_s);
+    EXPECT_EQ(last.value(u"pharmacyAddress"_s).toString(), u"Улица"_s);
     EXPECT_EQ(last.value(u"claim"_s).toObject().value(u"resourceType"_s).toString(), u"Claim"_s);
 }
 

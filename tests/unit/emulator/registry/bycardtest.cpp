@@ -30,9 +30,9 @@ protected:
     }
 
     /// The Bundle of one prescription of card 1100.
-    QJsonObject bundleOf(const QString& prescription)
+    QJsonObject bundleOf(const QString& prescription, const QByteArray& status = {})
     {
-        const RawAnswer answer = byCard("?patientIdentifier=1100&status=");
+        const RawAnswer answer = byCard("?patientIdentifier=1100&status=" + status);
         for (const QJsonObject& bundle : resources(answer.json(), u"Bundle"_s)) {
             if (prescriptionIn(bundle).value(u"id"_s) == prescription) {
                 return bundle;
@@ -45,6 +45,26 @@ protected:
     static QJsonObject prescriptionIn(const QJsonObject& bundle)
     {
         return resources(bundle, u"MedicationPrescription"_s).value(0);
+    }
+
+    QList<QJsonObject> dispensesOf(const QString& prescription, const QByteArray& status = {})
+    {
+        return resources(bundleOf(prescription, status), u"MedicationDispense"_s);
+    }
+
+    /// A dispense of 10 doses of "rx-full" by a pharmacy whose texts show any change, which completes it.
+    static QJsonObject finalDispense()
+    {
+        QJsonObject document = with(fullPriceDispense(), u"parameter.0.resource.extension.0.valueBoolean"_s, true);
+        document = with(document, u"parameter.0.resource.contained.1.name"_s, u" Аптека  «№ 1»"_s);
+        return with(document, u"parameter.0.resource.contained.1.address.text"_s, u"г. Выдуманск,\nул. Новая, 1 "_s);
+    }
+
+    static QJsonObject locationIn(const QJsonObject& dispense)
+    {
+        const QJsonArray contained = dispense.value(u"contained"_s).toArray();
+        EXPECT_EQ(contained.size(), 1);
+        return contained.at(0).toObject();
     }
 
     static QStringList prescriptionIds(const RawAnswer& answer)
@@ -210,6 +230,40 @@ TEST_F(ByCardTest, registeredDispense_isShownUntilItIsCancelled)
     EXPECT_EQ(shown.first().value(u"whenHandedOver"_s).toString(), u"2024-03-20"_s);
     ASSERT_EQ(cancelDispense(id).status, 200);
     EXPECT_TRUE(resources(bundleOf(u"rx-full"_s), u"MedicationDispense"_s).isEmpty());
+}
+
+TEST_F(ByCardTest, dispenseOfCompletedPrescription_isShownWithAllThatItsDocumentSaid)
+{
+    const QString id = idOfDispense(registerDispense(finalDispense()));
+    ASSERT_EQ(statusOf(u"rx-full"_s), u"completed"_s);
+    for (const QByteArray status : {"completed", ""}) {
+        const auto dispenses = dispensesOf(u"rx-full"_s, status);
+        ASSERT_EQ(dispenses.size(), 1) << status.constData();
+        const QJsonObject& dispense = dispenses.first();
+        EXPECT_EQ(dispense.value(u"id"_s).toString(), id);
+        EXPECT_EQ(dispense.value(u"status"_s).toString(), u"completed"_s);
+        EXPECT_EQ(dispense.value(u"whenHandedOver"_s).toString(), u"2024-03-20"_s);
+        EXPECT_EQ(dispense.value(u"quantity"_s).toObject().value(u"value"_s).toDouble(), 10);
+        const QJsonObject location = locationIn(dispense);
+        EXPECT_EQ(location.value(u"resourceType"_s).toString(), u"Location"_s);
+        EXPECT_EQ(location.value(u"name"_s).toString(), u" Аптека  «№ 1»"_s);
+        EXPECT_EQ(location.value(u"address"_s).toObject().value(u"text"_s).toString(),
+                  u"г. Выдуманск,\nул. Новая, 1 "_s);
+    }
+}
+
+TEST_F(ByCardTest, seededDispenses_haveTheirIdsAndThePharmaciesThatTheSeedNames)
+{
+    QByteArray seed = seedJson();
+    seed.replace(R"("id": "d-2", )", R"("id": "d-2", "pharmacyName": "Аптека № 2", "pharmacyAddress": "Тупик, 2", )");
+    m_emulator->seed(seed);
+    const auto dispenses = dispensesOf(u"rx-half"_s);
+    ASSERT_EQ(dispenses.size(), 2);
+    EXPECT_EQ(dispenses.at(0).value(u"id"_s).toString(), u"d-1"_s);
+    EXPECT_FALSE(dispenses.at(0).contains(u"contained"_s));
+    EXPECT_EQ(dispenses.at(1).value(u"id"_s).toString(), u"d-2"_s);
+    EXPECT_EQ(locationIn(dispenses.at(1)).value(u"name"_s).toString(), u"Аптека № 2"_s);
+    EXPECT_EQ(locationIn(dispenses.at(1)).value(u"address"_s).toObject().value(u"text"_s).toString(), u"Тупик, 2"_s);
 }
 
 TEST_F(ByCardTest, oddCardNumber_isFoundWhenPercentEncoded)

@@ -152,6 +152,22 @@ TEST_F(DataFile, unversionedFile_keepsDispensesAndTheirDocuments)
     EXPECT_TRUE(all.at(2).claim.contains("\"resourceType\":\"Claim\"")) << all.at(2).claim.constData();
 }
 
+TEST_F(DataFile, unversionedFile_getsThePharmaciesFromItsDocuments)
+{
+    writeUnversioned();
+    Database(m_file).run(uR"(UPDATE dispense SET resource = '{"contained": ["x", {"resourceType": "Location"}]}')"
+                         " WHERE id = 'd-2'"_s);
+    const PrescriptionStore store(m_file);
+    const QList<Dispense> all = store.dispensesOf(u"rx-half"_s);
+    ASSERT_EQ(all.size(), 3);
+    EXPECT_EQ(all.at(0).pharmacyName, QString());
+    EXPECT_EQ(all.at(0).pharmacyAddress, QString());
+    EXPECT_EQ(all.at(1).pharmacyName, QString());
+    EXPECT_EQ(all.at(1).pharmacyAddress, QString());
+    EXPECT_EQ(all.at(2).pharmacyName, u"A"_s);
+    EXPECT_EQ(all.at(2).pharmacyAddress, u"U"_s);
+}
+
 TEST_F(DataFile, unversionedFile_acceptsDispensesAndCancellations)
 {
     writeUnversioned();

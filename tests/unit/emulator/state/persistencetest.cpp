@@ -44,6 +44,8 @@ TEST_F(PersistenceTest, dispensesAndRules_outliveTheEmulator)
     ASSERT_TRUE(dispense.has_value());
     EXPECT_EQ(dispense->quantity, 10);
     EXPECT_FALSE(dispense->claim.isEmpty());
+    EXPECT_EQ(dispense->pharmacyName, u"Аптека"_s);
+    EXPECT_EQ(dispense->pharmacyAddress, u"Улица"_s);
     EXPECT_EQ(m_emulator->store().rules().tokenLifetime, 77);
     EXPECT_EQ(cancelDispense(id.toUtf8()).status, 200);
 }

@@ -101,6 +101,17 @@ TEST(SeedReader, rules_areRead)
     EXPECT_EQ(rules.dosageSystem, u"d"_s);
 }
 
+TEST(SeedReader, pharmacyOfDispense_isRead)
+{
+    const auto dispense =
+        readSeed(seed("\"quantity\": 1,", R"("quantity": 1, "pharmacy": "17", "pharmacyName": "Аптека",
+                                                                "pharmacyAddress": "Улица",)"))
+            .dispenses.first();
+    EXPECT_EQ(dispense.pharmacy, u"17"_s);
+    EXPECT_EQ(dispense.pharmacyName, u"Аптека"_s);
+    EXPECT_EQ(dispense.pharmacyAddress, u"Улица"_s);
+}
+
 struct Mistake {
     const char* name;
     QByteArray part;
@@ -127,6 +138,10 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Mistake{"unknownMember", "\"payers\"", "\"payer\"",
                 u"payer: no such member here; known are rules, clients, payers, practitioners, patients"},
+        Mistake{"pharmacyNameAsNumber", "\"quantity\": 1,", "\"quantity\": 1, \"pharmacyName\": 1,",
+                u"patients[1].prescriptions[0].dispenses[0].pharmacyName: a text is expected"},
+        Mistake{"pharmacyAddressAsObject", "\"quantity\": 1,", "\"quantity\": 1, \"pharmacyAddress\": {},",
+                u"patients[1].prescriptions[0].dispenses[0].pharmacyAddress: a text is expected"},
         Mistake{"noArray", "[{\"id\": \"payer\", \"name\": \"Плательщик\"}]", "{}", u"payers: an array is expected"},
         Mistake{"noObject", "{\"id\": \"payer\", \"name\": \"Плательщик\"}", "1", u"payers[0]: an object is expected"},
         Mistake{"missingText", ", \"name\": \"Плательщик\"", "", u"payers[0].name: a text is expected"},

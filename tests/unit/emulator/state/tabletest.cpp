@@ -121,6 +121,24 @@ TEST(Table, tableOfVersion1WithRow_getsNewerColumnsWithTheirDefaults)
     EXPECT_EQ(found.shoes, QString());
 }
 
+TEST(Table, newColumnWithAnExpression_isFilledFromTheOthersInTheRowsThatExist)
+{
+    const Database database{QString()};
+    database.run(u"CREATE TABLE visitor (number INTEGER PRIMARY KEY, id TEXT NOT NULL)"_s);
+    database.run(u"INSERT INTO visitor VALUES (1, 'v')"_s);
+    const Table<Visitor> table{
+        u"visitor"_s,
+        {Column<Visitor>::of<&Visitor::id>(u"id"_s, u"TEXT NOT NULL"_s),
+         Column<Visitor>::of<&Visitor::shoes>(u"shoes"_s, u"TEXT NOT NULL DEFAULT ''"_s, 2, u"id || '-shoes'"_s)},
+        true};
+    for (const QString& addition : table.additionsSince(1)) {
+        database.run(addition);
+    }
+    QSqlQuery row = database.run(u"SELECT "_s + table.selection() + u" FROM visitor"_s);
+    ASSERT_TRUE(row.next());
+    EXPECT_EQ(table.recordIn(row).shoes, u"v-shoes"_s);
+}
+
 TEST(Table, tableWithoutNumbers_hasNoRowids)
 {
     const Table<Name> names{u"name"_s, {Column<Name>::of<&Name::family>(u"family"_s, u"TEXT PRIMARY KEY"_s)}};
