@@ -143,9 +143,22 @@ TEST_F(AdminApiTest, rules_areChangedOneByOne)
     EXPECT_EQ(answer.status, 200);
     EXPECT_EQ(askForToken(goodForm()).json().value(u"expires_in"_s).toInt(), 2);
     admin("POST", "/rules", R"({"oaisToken": "o"})");
+    admin("POST", "/rules", R"({"showDispenseIds": false})");
     const QJsonObject rules = admin("GET", "/rules").json();
     EXPECT_EQ(rules.value(u"tokenLifetime"_s).toInt(), 2);
     EXPECT_EQ(rules.value(u"oaisToken"_s).toString(), u"o"_s);
+    EXPECT_EQ(rules.value(u"showDispenseIds"_s), QJsonValue(false));
+    EXPECT_EQ(rules.value(u"showPharmacies"_s), QJsonValue(true));
+    EXPECT_EQ(rules.value(u"showCancelledDispenses"_s), QJsonValue(false));
+}
+
+TEST_F(AdminApiTest, ruleOfWrongType_isRefusedWithItsPlaceAndChangesNothing)
+{
+    const RawAnswer answer = admin("POST", "/rules", R"({"tokenLifetime": 2, "showDispenseIds": "no"})");
+    EXPECT_EQ(answer.status, 400);
+    EXPECT_EQ(error(answer), u"showDispenseIds: true or false is expected"_s);
+    EXPECT_EQ(m_emulator->store().rules().tokenLifetime, 3600);
+    EXPECT_TRUE(m_emulator->store().rules().showDispenseIds);
 }
 
 TEST_F(AdminApiTest, deletedTokens_areExpired)

@@ -67,6 +67,13 @@ protected:
         return contained.at(0).toObject();
     }
 
+    void changeRule(bool emulator::Rules::*rule, bool value)
+    {
+        emulator::Rules rules = m_emulator->store().rules();
+        rules.*rule = value;
+        m_emulator->store().setRules(rules);
+    }
+
     static QStringList prescriptionIds(const RawAnswer& answer)
     {
         QStringList ids;
@@ -264,6 +271,42 @@ TEST_F(ByCardTest, seededDispenses_haveTheirIdsAndThePharmaciesThatTheSeedNames)
     EXPECT_EQ(dispenses.at(1).value(u"id"_s).toString(), u"d-2"_s);
     EXPECT_EQ(locationIn(dispenses.at(1)).value(u"name"_s).toString(), u"Аптека № 2"_s);
     EXPECT_EQ(locationIn(dispenses.at(1)).value(u"address"_s).toObject().value(u"text"_s).toString(), u"Тупик, 2"_s);
+}
+
+TEST_F(ByCardTest, registryThatHidesDispenseIds_showsDispensesWithoutThem)
+{
+    registerDispense(fullPriceDispense());
+    changeRule(&emulator::Rules::showDispenseIds, false);
+    const auto dispenses = dispensesOf(u"rx-full"_s);
+    ASSERT_EQ(dispenses.size(), 1);
+    EXPECT_FALSE(dispenses.first().contains(u"id"_s));
+    EXPECT_EQ(dispenses.first().value(u"status"_s).toString(), u"completed"_s);
+    EXPECT_EQ(locationIn(dispenses.first()).value(u"name"_s).toString(), u"Аптека"_s);
+}
+
+TEST_F(ByCardTest, registryThatHidesPharmacies_showsDispensesWithoutThem)
+{
+    const QString id = idOfDispense(registerDispense(fullPriceDispense()));
+    changeRule(&emulator::Rules::showPharmacies, false);
+    const auto dispenses = dispensesOf(u"rx-full"_s);
+    ASSERT_EQ(dispenses.size(), 1);
+    EXPECT_FALSE(dispenses.first().contains(u"contained"_s));
+    EXPECT_EQ(dispenses.first().value(u"id"_s).toString(), id);
+}
+
+TEST_F(ByCardTest, registryThatShowsCancelledDispenses_showsThemAsEnteredInError)
+{
+    changeRule(&emulator::Rules::showCancelledDispenses, true);
+    const QString cancelled = idOfDispense(registerDispense(fullPriceDispense()));
+    ASSERT_EQ(cancelDispense(cancelled.toUtf8()).status, 200);
+    const QString valid = idOfDispense(registerDispense(fullPriceDispense()));
+    const auto dispenses = dispensesOf(u"rx-full"_s);
+    ASSERT_EQ(dispenses.size(), 2);
+    EXPECT_EQ(dispenses.at(0).value(u"id"_s).toString(), cancelled);
+    EXPECT_EQ(dispenses.at(0).value(u"status"_s).toString(), u"entered-in-error"_s);
+    EXPECT_EQ(locationIn(dispenses.at(0)).value(u"name"_s).toString(), u"Аптека"_s);
+    EXPECT_EQ(dispenses.at(1).value(u"id"_s).toString(), valid);
+    EXPECT_EQ(dispenses.at(1).value(u"status"_s).toString(), u"completed"_s);
 }
 
 TEST_F(ByCardTest, oddCardNumber_isFoundWhenPercentEncoded)

@@ -82,6 +82,9 @@ TEST_F(DataFile, unversionedFile_keepsRulesClientsAndPeople)
     EXPECT_EQ(store.rules().dispenseScope, u"dispense"_s);
     EXPECT_EQ(store.rules().oaisToken, QString());
     EXPECT_EQ(store.rules().dosageSystem, u"http://dictionary.example/Dosage"_s);
+    EXPECT_TRUE(store.rules().showDispenseIds);
+    EXPECT_TRUE(store.rules().showPharmacies);
+    EXPECT_FALSE(store.rules().showCancelledDispenses);
 
     const auto client = store.client(u"pharmacy"_s);
     ASSERT_TRUE(client.has_value());

@@ -34,6 +34,8 @@ TEST_F(PersistenceTest, dispensesAndRules_outliveTheEmulator)
     EXPECT_FALSE(m_emulator->store().isEmpty());
     auto rules = m_emulator->store().rules();
     rules.tokenLifetime = 77;
+    rules.showDispenseIds = false;
+    rules.showCancelledDispenses = true;
     m_emulator->store().setRules(rules);
     const QString id = idOfDispense(registerDispense(halfPriceDispense()));
     ASSERT_FALSE(id.isEmpty());
@@ -47,6 +49,9 @@ TEST_F(PersistenceTest, dispensesAndRules_outliveTheEmulator)
     EXPECT_EQ(dispense->pharmacyName, u"Аптека"_s);
     EXPECT_EQ(dispense->pharmacyAddress, u"Улица"_s);
     EXPECT_EQ(m_emulator->store().rules().tokenLifetime, 77);
+    EXPECT_FALSE(m_emulator->store().rules().showDispenseIds);
+    EXPECT_TRUE(m_emulator->store().rules().showPharmacies);
+    EXPECT_TRUE(m_emulator->store().rules().showCancelledDispenses);
     EXPECT_EQ(cancelDispense(id.toUtf8()).status, 200);
 }
 

@@ -92,13 +92,25 @@ TEST(SeedReader, sameReader_readsSecondSeedWithoutTheFirst)
 TEST(SeedReader, rules_areRead)
 {
     const auto rules = readSeed(R"({"rules": {"tokenLifetime": 5, "oaisToken": "a", "prescriptionScope": "b",
-                                     "dispenseScope": "c", "dosageSystem": "d"}})")
+                                     "dispenseScope": "c", "dosageSystem": "d", "showDispenseIds": false,
+                                     "showPharmacies": false, "showCancelledDispenses": true}})")
                            .rules;
     EXPECT_EQ(rules.tokenLifetime, 5);
     EXPECT_EQ(rules.oaisToken, u"a"_s);
     EXPECT_EQ(rules.prescriptionScope, u"b"_s);
     EXPECT_EQ(rules.dispenseScope, u"c"_s);
     EXPECT_EQ(rules.dosageSystem, u"d"_s);
+    EXPECT_FALSE(rules.showDispenseIds);
+    EXPECT_FALSE(rules.showPharmacies);
+    EXPECT_TRUE(rules.showCancelledDispenses);
+}
+
+TEST(SeedReader, absentRules_showDispensesThatAreNotCancelledWithIdsAndPharmacies)
+{
+    const auto rules = readSeed("{}").rules;
+    EXPECT_TRUE(rules.showDispenseIds);
+    EXPECT_TRUE(rules.showPharmacies);
+    EXPECT_FALSE(rules.showCancelledDispenses);
 }
 
 TEST(SeedReader, pharmacyOfDispense_isRead)
@@ -138,6 +150,15 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Mistake{"unknownMember", "\"payers\"", "\"payer\"",
                 u"payer: no such member here; known are rules, clients, payers, practitioners, patients"},
+        Mistake{"unknownRule", "\"payers\"", "\"rules\": {\"showIds\": true}, \"payers\"",
+                u"rules.showIds: no such member here; known are tokenLifetime, oaisToken, prescriptionScope, "
+                u"dispenseScope, dosageSystem, showDispenseIds, showPharmacies, showCancelledDispenses"},
+        Mistake{"dispenseIdsAsText", "\"payers\"", "\"rules\": {\"showDispenseIds\": \"no\"}, \"payers\"",
+                u"rules.showDispenseIds: true or false is expected"},
+        Mistake{"pharmaciesAsNumber", "\"payers\"", "\"rules\": {\"showPharmacies\": 0}, \"payers\"",
+                u"rules.showPharmacies: true or false is expected"},
+        Mistake{"cancelledDispensesAsNull", "\"payers\"", "\"rules\": {\"showCancelledDispenses\": null}, \"payers\"",
+                u"rules.showCancelledDispenses: true or false is expected"},
         Mistake{"pharmacyNameAsNumber", "\"quantity\": 1,", "\"quantity\": 1, \"pharmacyName\": 1,",
                 u"patients[1].prescriptions[0].dispenses[0].pharmacyName: a text is expected"},
         Mistake{"pharmacyAddressAsObject", "\"quantity\": 1,", "\"quantity\": 1, \"pharmacyAddress\": {},",
