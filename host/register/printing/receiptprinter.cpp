@@ -77,7 +77,7 @@ bool ReceiptPrinter::writeOrShow(const Document& document, const QString& name, 
     return bool(written);
 }
 
-void ReceiptPrinter::printInterrupted(const DocumentArchive& archive) const
+void ReceiptPrinter::printInterrupted(const ArchiveFolder& archive) const
 {
     const QSharedPointer<Document> last = archive.lastClosed();
     if (last && !isPrinted(*last)) {

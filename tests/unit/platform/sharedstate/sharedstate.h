@@ -9,6 +9,7 @@
 #include "currenttime.h"
 #include "dialog.h"
 #include "graphicaluserinterface.h"
+#include "documentarchive.h"
 #include "loyaltysystemlayer.h"
 #include "restclient.h"
 #include "savetofilelogic.h"
@@ -32,6 +33,7 @@ inline QMap<QString, const void*> sharedStateSeenHere()
         {u"LoyaltySystemLayer"_s, &Singleton<LoyaltySystemLayer>::instance},
 
         {u"CurrentTime"_s, &MockFactory<CurrentTime>::mocked},
+        {u"DocumentArchive"_s, &Singleton<DocumentArchive>::instance},
         {u"Dialog"_s, &MockFactory<Dialog>::mocked},
         {u"RestClient"_s, &MockFactory<RestClient>::mocked},
         {u"SaveToFileLogic"_s, &MockFactory<SaveToFileLogic>::mocked},
