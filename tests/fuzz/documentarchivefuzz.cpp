@@ -3,9 +3,9 @@
 
 #include "fuzztarget.h"
 
+#include "archivefolder.h"
 #include "config.h"
 #include "dialogdouble.h"
-#include "documentarchive.h"
 #include "documentnumbers.h"
 #include "opendocumentfile.h"
 
@@ -47,8 +47,8 @@ QByteArray soundSale()
     return QJsonDocument(sale.toJson()).toJson();
 }
 
-/// Whether a document can be used, from the archive or as the open one.
-bool isThere(const DocumentArchive& archive, const QSharedPointer<Document>& open, int number)
+/// Whether a document can be used, from its folder or as the open one.
+bool isThere(const ArchiveFolder& archive, const QSharedPointer<Document>& open, int number)
 {
     return archive.find(number) || (open && open->getNumber() == number);
 }
@@ -81,7 +81,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     put(folder.filePath(u"receipt.json"_s), bytes);
     put(folder.filePath(u"lastreceiptnumber"_s), bytes);
 
-    const DocumentArchive archive(folder.path());
+    const ArchiveFolder archive(folder.path());
     promise(holds(archive.latest(10), soundNumber), "a sound document is listed whatever is beside it");
     promise(archive.greatestNumber() == otherNumber, "a damaged document keeps its number");
     DocumentNumbers numbers(folder.path());

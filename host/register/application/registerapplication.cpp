@@ -292,6 +292,7 @@ void RegisterApplication::openWindow()
     m_paymentCommands = std::make_unique<PaymentCommands>(*m_till);
     m_paymentCommands->offer(*controller);
     m_printer = std::make_unique<ReceiptPrinter>(m_commandLine.dataFolder, m_marks);
+    m_reports = std::make_unique<PrintedReports>(m_commandLine.dataFolder);
     m_till->setPrinting([this](const Document& document) { m_printer->printOrShow(document); });
     m_storedDocumentCommands = std::make_unique<StoredDocumentCommands>(*m_till, *m_printer, m_marks);
     m_storedDocumentCommands->offer(*controller);

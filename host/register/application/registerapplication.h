@@ -13,6 +13,7 @@
 #include "paymentcommands.h"
 #include "pluginhost.h"
 #include "positionmarks.h"
+#include "printedreports.h"
 #include "receiptprinter.h"
 #include "registerwindow.h"
 #include "scenarioplayer.h"
@@ -72,6 +73,7 @@ private:
     PluginHost m_plugins;
     std::unique_ptr<Till> m_till;
     std::unique_ptr<ReceiptPrinter> m_printer;
+    std::unique_ptr<PrintedReports> m_reports;
     std::unique_ptr<OpenDocumentCommands> m_openDocumentCommands;
     std::unique_ptr<GoodsCommands> m_goodsCommands;
     std::unique_ptr<PaymentCommands> m_paymentCommands;

@@ -94,11 +94,18 @@ Lines head()
     return lines;
 }
 
-Lines titleLines(const Document& document)
+Lines titleLines(const QString& title, const QDateTime& time)
 {
-    Lines lines = centred(title(document), true) + centred(timeText(document.getFinished()));
+    Lines lines = centred(title, true) + centred(timeText(time));
     lines.append(rule());
     return lines;
+}
+
+/// The text, as far from the left as it begins.
+Lines indented(const QString& text)
+{
+    const auto begin = std::find_if_not(text.cbegin(), text.cend(), [](QChar letter) { return letter.isSpace(); });
+    return hanging(QString(std::min<qsizetype>(begin - text.cbegin(), columns / 2), u' '), text);
 }
 
 /// The sum without the benefit and the benefit, which lead to the sum below them; nothing when there is no benefit.
@@ -188,7 +195,7 @@ QString title(const Document& document)
 
 QList<PrintedLine> lines(const Document& document, const PositionMarks& marks)
 {
-    Lines lines = head() + titleLines(document);
+    Lines lines = head() + titleLines(title(document), document.getFinished());
     int number = 0;
     for (const QSharedPointer<Position>& position : document.positions()) {
         lines += positionLines(++number, *position, marks.look(*position).receiptLines);
@@ -200,6 +207,15 @@ QList<PrintedLine> lines(const Document& document, const PositionMarks& marks)
 QList<PrintedLine> copyLines(const Document& document, const PositionMarks& marks)
 {
     return centred(tr::Tr(u"printedCopy"_s, u"КОПИЯ"_s).ui(), true) + lines(document, marks);
+}
+
+QList<PrintedLine> reportLines(const QString& title, const QDateTime& printed, const QStringList& texts)
+{
+    Lines lines = head() + titleLines(title, printed);
+    for (const QString& text : texts) {
+        lines += indented(text);
+    }
+    return lines;
 }
 
 QString text(const QList<PrintedLine>& lines)

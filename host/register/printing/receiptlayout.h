@@ -4,8 +4,10 @@
 #include "document.h"
 #include "positionmarks.h"
 
+#include <QDateTime>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 /// A line of a printed receipt.
 struct PrintedLine {
@@ -30,6 +32,10 @@ QList<PrintedLine> lines(const Document& document, const PositionMarks& marks);
 
 /// Like lines(), with the heading of a copy.
 QList<PrintedLine> copyLines(const Document& document, const PositionMarks& marks);
+
+/// The lines of a report of a plug-in: the configured pharmacy, the title, the time, and the texts, which go on in
+/// further lines where they are too wide. Blanks at the beginning of a text indent the whole of it.
+QList<PrintedLine> reportLines(const QString& title, const QDateTime& printed, const QStringList& texts);
 
 /// The lines as plain text, each with a line break at its end.
 QString text(const QList<PrintedLine>& lines);

@@ -2,14 +2,10 @@
 #include "receiptprinter.h"
 
 #include "dialog.h"
-#include "receiptpdf.h"
-#include "wholefile.h"
+#include "printedfiles.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
-
-#include <QDir>
-#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -20,16 +16,6 @@ namespace
 QString nameOf(const Document& document)
 {
     return u"printed/%1"_s.arg(document.getNumber(), 8, 10, QChar(u'0'));
-}
-
-QString textFile(const QString& name)
-{
-    return name + u".txt"_s;
-}
-
-QString pdfFile(const QString& name)
-{
-    return name + u".pdf"_s;
 }
 
 void showFailure(const Document& document, const Failure& failure)
@@ -62,22 +48,19 @@ std::optional<QString> ReceiptPrinter::printAgainOrShow(const Document& document
     const QString name = isCopy ? nameOf(document) + u"-copy"_s : nameOf(document);
     const bool isWritten =
         isCopy ? writeOrShow(document, name, receiptlayout::copyLines(document, m_marks)) : printOrShow(document);
-    return isWritten ? std::optional(pdfFile(name)) : std::nullopt;
+    return isWritten ? std::optional(printedfiles::pdf(name)) : std::nullopt;
 }
 
 bool ReceiptPrinter::writeOrShow(const Document& document, const QString& name, const QList<PrintedLine>& lines) const
 {
-    Expected<void> written = writeWholeFile(m_folder, textFile(name), receiptlayout::text(lines).toUtf8());
-    if (written) {
-        written = writeWholeFile(m_folder, pdfFile(name), receiptPdf(lines, receiptlayout::title(document)));
-    }
+    const Expected<void> written = printedfiles::write(m_folder, name, lines, receiptlayout::title(document));
     if (!written) {
         showFailure(document, written.failure());
     }
     return bool(written);
 }
 
-void ReceiptPrinter::printInterrupted(const DocumentArchive& archive) const
+void ReceiptPrinter::printInterrupted(const ArchiveFolder& archive) const
 {
     const QSharedPointer<Document> last = archive.lastClosed();
     if (last && !isPrinted(*last)) {
@@ -87,7 +70,5 @@ void ReceiptPrinter::printInterrupted(const DocumentArchive& archive) const
 
 bool ReceiptPrinter::isPrinted(const Document& document) const
 {
-    const QDir folder(m_folder);
-    return QFileInfo::exists(folder.filePath(textFile(nameOf(document)))) &&
-           QFileInfo::exists(folder.filePath(pdfFile(nameOf(document))));
+    return printedfiles::areThere(m_folder, nameOf(document));
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "archivefolder.h"
 #include "document.h"
-#include "documentarchive.h"
 #include "positionmarks.h"
 #include "receiptlayout.h"
 
@@ -30,7 +30,7 @@ public:
 
     /// Prints the receipt of the document that was closed last, when one of its files is missing: the register ended
     /// before it was written. A copy does not count.
-    void printInterrupted(const DocumentArchive& archive) const;
+    void printInterrupted(const ArchiveFolder& archive) const;
 
 private:
     bool writeOrShow(const Document& document, const QString& name, const QList<PrintedLine>& lines) const;

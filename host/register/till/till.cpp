@@ -8,6 +8,7 @@
 #include "documentwatcher.h"
 #include "finally.h"
 #include "keyofgoods.h"
+#include "tillarchive.h"
 
 #include <algorithm>
 #include <utility>
@@ -55,6 +56,7 @@ Till::Till(const QString& dataFolder, QObject* parent)
     , m_numbers(dataFolder)
     , m_totals(std::make_unique<Totals>(*this))
 {
+    , m_documentsForPlugins(std::make_unique<TillArchive>(*this))
 }
 
 Till::~Till() = default;

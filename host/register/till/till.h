@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "archivefolder.h"
 #include "cataloguegoods.h"
 #include "document.h"
 #include "documentarchive.h"
@@ -36,7 +37,7 @@ public:
     /// Null between documents.
     QSharedPointer<Document> document() const { return m_document; }
     Phase phase() const { return m_phase; }
-    const DocumentArchive& archive() const { return m_archive; }
+    const ArchiveFolder& archive() const { return m_archive; }
 
     /// Prints the receipt of a closed document; shows a failure to the cashier.
     using Printing = std::function<void(const Document&)>;
@@ -190,7 +191,7 @@ private:
     void showDamage(const DamagedDocumentFile& damaged) const;
 
     OpenDocumentFile m_store;
-    DocumentArchive m_archive;
+    ArchiveFolder m_archive;
     Printing m_printing;
     ActivePlugins m_activePlugins;
     const PositionMarks* m_marks;
@@ -199,4 +200,5 @@ private:
     QSharedPointer<Document> m_document;
     Phase m_phase = Phase::Positions;
     const std::unique_ptr<LoyaltySystemLayer> m_totals;
+    const std::unique_ptr<DocumentArchive> m_documentsForPlugins;
 };

@@ -11,7 +11,7 @@ QString number(const Document& document)
     return QString::number(document.getNumber());
 }
 
-Obstacle returnDamaged(const Document& sale, const DocumentArchive::DamagedReturn& damaged)
+Obstacle returnDamaged(const Document& sale, const ArchiveFolder::DamagedReturn& damaged)
 {
     return {tr::Tr(u"takeBackDamaged"_s,
                    u"Возврат № %1 по чеку № %2 повреждён: неизвестно, что вернули и выданы ли деньги.\n"

@@ -4,12 +4,16 @@
 #include "actionfactory.h"
 #include "actionqueuecontroller.h"
 #include "activitynotifier.h"
+#include "cardterminals.h"
 #include "config.h"
 #include "connectionfactory.h"
 #include "currenttime.h"
 #include "dialog.h"
 #include "graphicaluserinterface.h"
+#include "documentarchive.h"
 #include "loyaltysystemlayer.h"
+#include "reportprinter.h"
+#include "requestjournal.h"
 #include "restclient.h"
 #include "savetofilelogic.h"
 
@@ -26,12 +30,16 @@ inline QMap<QString, const void*> sharedStateSeenHere()
         {u"ActionFactory"_s, &Singleton<control::ActionFactory>::instance},
         {u"ActionQueueController"_s, &Singleton<ActionQueueController>::instance},
         {u"ActivityNotifier"_s, &Singleton<ActivityNotifier>::instance},
+        {u"CardTerminals"_s, &Singleton<CardTerminals>::instance},
         {u"Config"_s, &Singleton<Config>::instance},
         {u"ConnectionFactory"_s, &Singleton<ConnectionFactory>::instance},
         {u"GraphicalUserInterface"_s, &Singleton<GraphicalUserInterface>::instance},
         {u"LoyaltySystemLayer"_s, &Singleton<LoyaltySystemLayer>::instance},
 
+        {u"ReportPrinter"_s, &Singleton<ReportPrinter>::instance},
+        {u"RequestJournal"_s, &Singleton<RequestJournal>::instance},
         {u"CurrentTime"_s, &MockFactory<CurrentTime>::mocked},
+        {u"DocumentArchive"_s, &Singleton<DocumentArchive>::instance},
         {u"Dialog"_s, &MockFactory<Dialog>::mocked},
         {u"RestClient"_s, &MockFactory<RestClient>::mocked},
         {u"SaveToFileLogic"_s, &MockFactory<SaveToFileLogic>::mocked},

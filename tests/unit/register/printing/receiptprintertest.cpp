@@ -396,7 +396,7 @@ protected:
     }
     void printInterrupted() const { ReceiptPrinter(folder.path(), marks).printInterrupted(archive); }
 
-    DocumentArchive archive{folder.path()};
+    ArchiveFolder archive{folder.path()};
 };
 
 TEST_F(InterruptedPrinting, lastClosedDocumentLacksAFile_onlyItsReceiptIsPrinted)

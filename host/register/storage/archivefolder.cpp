@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "documentarchive.h"
+#include "archivefolder.h"
 
 #include "basicexception.h"
 #include "opendocumentfile.h"
@@ -62,13 +62,13 @@ Log4Qt::Logger* log()
 
 } // namespace
 
-DocumentArchive::DocumentArchive(const QString& folder)
+ArchiveFolder::ArchiveFolder(const QString& folder)
     : m_folder(folder)
     , m_closings(folder)
 {
 }
 
-bool DocumentArchive::moveOrShow(const QSharedPointer<Document>& document, const Document::Ending& ending) const
+bool ArchiveFolder::moveOrShow(const QSharedPointer<Document>& document, const Document::Ending& ending) const
 {
     const QString formerFile = document->fileName();
     const Document::Ending formerEnding = document->ending();
@@ -84,23 +84,23 @@ bool DocumentArchive::moveOrShow(const QSharedPointer<Document>& document, const
     return isSaved;
 }
 
-bool DocumentArchive::saveOrShow(const QSharedPointer<Document>& document) const
+bool ArchiveFolder::saveOrShow(const QSharedPointer<Document>& document) const
 {
     return SaveToFileLogic::create()->save(document, {});
 }
 
-QSharedPointer<Document> DocumentArchive::find(int number) const
+QSharedPointer<Document> ArchiveFolder::find(int number) const
 {
     const auto document = read(finished, number);
     return document ? document : read(suspended, number);
 }
 
-bool DocumentArchive::isFinished(int number) const
+bool ArchiveFolder::isFinished(int number) const
 {
     return bool(read(finished, number));
 }
 
-QList<QSharedPointer<Document>> DocumentArchive::latest(int limit) const
+QList<QSharedPointer<Document>> ArchiveFolder::latest(int limit) const
 {
     QList<QSharedPointer<Document>> documents;
     const auto add = [this, &documents](const QString& place, const QList<int>& numbers) {
@@ -117,7 +117,7 @@ QList<QSharedPointer<Document>> DocumentArchive::latest(int limit) const
     return documents;
 }
 
-QSharedPointer<Document> DocumentArchive::lastClosed() const
+QSharedPointer<Document> ArchiveFolder::lastClosed() const
 {
     QList<int> candidates = numbers(finished);
     if (const auto noted = m_closings.last()) {
@@ -135,14 +135,14 @@ QSharedPointer<Document> DocumentArchive::lastClosed() const
     return last;
 }
 
-int DocumentArchive::closings() const
+int ArchiveFolder::closings() const
 {
     const auto noted = m_closings.last();
     const QSharedPointer<Document> last = lastClosed();
     return std::max(noted ? noted->count : 0, last ? last->ending().closing : 0);
 }
 
-QList<QSharedPointer<Document>> DocumentArchive::ofDay(QDate day, int limit) const
+QList<QSharedPointer<Document>> ArchiveFolder::ofDay(QDate day, int limit) const
 {
     QList<QSharedPointer<Document>> documents;
     const QList<int> all = numbers(finished);
@@ -167,7 +167,7 @@ QList<QSharedPointer<Document>> DocumentArchive::ofDay(QDate day, int limit) con
 
 /// The place, among ascending numbers of finished documents, of the first one that was opened on that day or later.
 /// One that cannot be read is judged by the next.
-qsizetype DocumentArchive::firstOpenedFrom(const QList<int>& numbers, QDate day) const
+qsizetype ArchiveFolder::firstOpenedFrom(const QList<int>& numbers, QDate day) const
 {
     qsizetype first = 0;
     qsizetype end = numbers.size();
@@ -187,7 +187,7 @@ qsizetype DocumentArchive::firstOpenedFrom(const QList<int>& numbers, QDate day)
     return first;
 }
 
-int DocumentArchive::greatestNumber() const
+int ArchiveFolder::greatestNumber() const
 {
     const QList<int> all = numbers(suspended) + numbers(finished);
     return all.isEmpty() ? 0 : *std::max_element(all.cbegin(), all.cend());
@@ -199,7 +199,7 @@ static bool stands(const Document& document)
     return document.getState() == Document::State::Closed || document.getState() == Document::State::Suspended;
 }
 
-Document::Returned DocumentArchive::returned(const Document& sale, const QSharedPointer<Document>& open) const
+Document::Returned ArchiveFolder::returned(const Document& sale, const QSharedPointer<Document>& open) const
 {
     const QSet<int> returned = returnedPositions(sale, open);
     if (returned.isEmpty()) {
@@ -208,7 +208,7 @@ Document::Returned DocumentArchive::returned(const Document& sale, const QShared
     return returned.contains(numbersOf(sale)) ? Document::Returned::Wholly : Document::Returned::Partly;
 }
 
-QSet<int> DocumentArchive::returnedPositions(const Document& sale, const QSharedPointer<Document>& open) const
+QSet<int> ArchiveFolder::returnedPositions(const Document& sale, const QSharedPointer<Document>& open) const
 {
     QSet<int> returned;
     for (const int number : sale.returns()) {
@@ -229,8 +229,8 @@ QSet<int> DocumentArchive::returnedPositions(const Document& sale, const QShared
     return returned;
 }
 
-std::optional<DocumentArchive::DamagedReturn> DocumentArchive::damagedReturn(const Document& sale,
-                                                                             const QSharedPointer<Document>& open) const
+std::optional<ArchiveFolder::DamagedReturn> ArchiveFolder::damagedReturn(const Document& sale,
+                                                                         const QSharedPointer<Document>& open) const
 {
     for (const int number : sale.returns()) {
         if (open && open->getNumber() == number) {
@@ -243,7 +243,7 @@ std::optional<DocumentArchive::DamagedReturn> DocumentArchive::damagedReturn(con
     return std::nullopt;
 }
 
-QList<CardOperation> DocumentArchive::cardOperationsOfReturns(const Document& sale) const
+QList<CardOperation> ArchiveFolder::cardOperationsOfReturns(const Document& sale) const
 {
     QList<CardOperation> operations;
     for (const int number : sale.returns()) {
@@ -255,7 +255,7 @@ QList<CardOperation> DocumentArchive::cardOperationsOfReturns(const Document& sa
     return operations;
 }
 
-DocumentArchive::ReadReturn DocumentArchive::readReturn(const Document& sale, int number) const
+ArchiveFolder::ReadReturn ArchiveFolder::readReturn(const Document& sale, int number) const
 {
     for (const QString& place : {finished, suspended}) {
         const QString file = fileOf(place, number);
@@ -272,7 +272,7 @@ DocumentArchive::ReadReturn DocumentArchive::readReturn(const Document& sale, in
     return damaged.isEmpty() ? ReadReturn(QSharedPointer<Document>()) : DamagedReturn{number, damaged};
 }
 
-QSharedPointer<Document> DocumentArchive::tidyUp(const QSharedPointer<Document>& open) const
+QSharedPointer<Document> ArchiveFolder::tidyUp(const QSharedPointer<Document>& open) const
 {
     const bool hasFinishedCopy = open && isFinished(open->getNumber());
     if (hasFinishedCopy) {
@@ -287,7 +287,7 @@ QSharedPointer<Document> DocumentArchive::tidyUp(const QSharedPointer<Document>&
 }
 
 /// Ascending.
-QList<int> DocumentArchive::numbers(const QString& place) const
+QList<int> ArchiveFolder::numbers(const QString& place) const
 {
     QList<int> found;
     const QStringList files = QDir(QDir(m_folder).filePath(place)).entryList({u"*.json"_s}, QDir::Files);
@@ -301,7 +301,7 @@ QList<int> DocumentArchive::numbers(const QString& place) const
     return found;
 }
 
-QSharedPointer<Document> DocumentArchive::read(const QString& place, int number) const
+QSharedPointer<Document> ArchiveFolder::read(const QString& place, int number) const
 {
     const QString file = QDir(m_folder).filePath(fileOf(place, number));
     if (!QFileInfo::exists(file)) {
@@ -320,7 +320,7 @@ QSharedPointer<Document> DocumentArchive::read(const QString& place, int number)
     return *saved;
 }
 
-void DocumentArchive::removeFile(const QString& file) const
+void ArchiveFolder::removeFile(const QString& file) const
 {
     QFile former(QDir(m_folder).filePath(file));
     if (former.exists() && !former.remove()) {

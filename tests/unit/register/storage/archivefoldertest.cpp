@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "documentarchive.h"
+#include "archivefolder.h"
 #include "configured.h"
 #include "logcapture.h"
 #include "savingdouble.h"
@@ -15,10 +15,10 @@ using namespace Qt::StringLiterals;
 
 using State = Document::State;
 
-class DocumentArchiveTest : public ::testing::Test
+class ArchiveFolderTest : public ::testing::Test
 {
 protected:
-    DocumentArchiveTest() { config.set(u"Register:data"_s, folder.path()); }
+    ArchiveFolderTest() { config.set(u"Register:data"_s, folder.path()); }
 
     static QSharedPointer<Document> document(int number, State state = State::Open)
     {
@@ -84,10 +84,10 @@ protected:
     const QString finishedFile = u"finished/00000003.json"_s;
     QTemporaryDir folder;
     Configured config;
-    DocumentArchive archive{folder.path()};
+    ArchiveFolder archive{folder.path()};
 };
 
-TEST_F(DocumentArchiveTest, moved_isInItsNewPlaceOnly)
+TEST_F(ArchiveFolderTest, moved_isInItsNewPlaceOnly)
 {
     const auto document = saved(3);
     EXPECT_EQ(files(), QStringList{openFile});
@@ -106,7 +106,7 @@ TEST_F(DocumentArchiveTest, moved_isInItsNewPlaceOnly)
     EXPECT_EQ(archive.find(3)->getState(), State::Voided);
 }
 
-TEST_F(DocumentArchiveTest, moved_newFileIsSavedBeforeTheFormerIsRemoved)
+TEST_F(ArchiveFolderTest, moved_newFileIsSavedBeforeTheFormerIsRemoved)
 {
     const auto document = saved(3);
     SavingDouble saving;
@@ -118,7 +118,7 @@ TEST_F(DocumentArchiveTest, moved_newFileIsSavedBeforeTheFormerIsRemoved)
     EXPECT_EQ(saving.files, QStringList{suspendedFile});
 }
 
-TEST_F(DocumentArchiveTest, moveThatCannotBeSaved_changesNeitherDocumentNorFiles)
+TEST_F(ArchiveFolderTest, moveThatCannotBeSaved_changesNeitherDocumentNorFiles)
 {
     for (const bool isWritten : {false, true}) {
         const auto document = saved(3);
@@ -136,7 +136,7 @@ TEST_F(DocumentArchiveTest, moveThatCannotBeSaved_changesNeitherDocumentNorFiles
     }
 }
 
-TEST_F(DocumentArchiveTest, voidedSaleThatCannotBeSaved_staysClosedInItsFile)
+TEST_F(ArchiveFolderTest, voidedSaleThatCannotBeSaved_staysClosedInItsFile)
 {
     const auto document = saved(3, State::Closed);
     SavingDouble saving;
@@ -147,7 +147,7 @@ TEST_F(DocumentArchiveTest, voidedSaleThatCannotBeSaved_staysClosedInItsFile)
     EXPECT_EQ(archive.find(3)->getState(), State::Closed);
 }
 
-TEST_F(DocumentArchiveTest, find_prefersTheFinishedCopy)
+TEST_F(ArchiveFolderTest, find_prefersTheFinishedCopy)
 {
     EXPECT_FALSE(archive.find(3));
     saved(3, State::Suspended);
@@ -159,14 +159,14 @@ TEST_F(DocumentArchiveTest, find_prefersTheFinishedCopy)
     EXPECT_FALSE(archive.find(4));
 }
 
-TEST_F(DocumentArchiveTest, openDocument_isNotFound)
+TEST_F(ArchiveFolderTest, openDocument_isNotFound)
 {
     saved(3);
     EXPECT_FALSE(archive.find(3));
     EXPECT_TRUE(archive.latest(10).isEmpty());
 }
 
-TEST_F(DocumentArchiveTest, damagedFile_isLoggedAndLeftOut)
+TEST_F(ArchiveFolderTest, damagedFile_isLoggedAndLeftOut)
 {
     saved(2, State::Closed);
     write(finishedFile, "{\"format\": 1, ");
@@ -180,7 +180,7 @@ TEST_F(DocumentArchiveTest, damagedFile_isLoggedAndLeftOut)
     EXPECT_EQ(archive.greatestNumber(), 3) << "its number is in use";
 }
 
-TEST_F(DocumentArchiveTest, copyUnderAnotherNumber_isLeftOut)
+TEST_F(ArchiveFolderTest, copyUnderAnotherNumber_isLeftOut)
 {
     saved(2, State::Closed);
     ASSERT_TRUE(QFile::copy(folder.filePath(u"finished/00000002.json"_s), folder.filePath(finishedFile)));
@@ -188,7 +188,7 @@ TEST_F(DocumentArchiveTest, copyUnderAnotherNumber_isLeftOut)
     EXPECT_EQ(numbers(archive.latest(10)), QList<int>{2});
 }
 
-TEST_F(DocumentArchiveTest, finishedDocumentInTheFileOfTheOpenOne_onlyTheFinishedFileStays)
+TEST_F(ArchiveFolderTest, finishedDocumentInTheFileOfTheOpenOne_onlyTheFinishedFileStays)
 {
     const auto document = saved(3, State::Closed);
     write(openFile, QJsonDocument(document->toJson()).toJson());
@@ -196,7 +196,7 @@ TEST_F(DocumentArchiveTest, finishedDocumentInTheFileOfTheOpenOne_onlyTheFinishe
     EXPECT_EQ(files(), QStringList{finishedFile});
 }
 
-TEST_F(DocumentArchiveTest, latest_areAllSuspendedAndTheLastFinishedOnesLatestFirst)
+TEST_F(ArchiveFolderTest, latest_areAllSuspendedAndTheLastFinishedOnesLatestFirst)
 {
     for (const int number : {1, 4, 6, 7, 10}) {
         saved(number, State::Closed);
@@ -211,7 +211,7 @@ TEST_F(DocumentArchiveTest, latest_areAllSuspendedAndTheLastFinishedOnesLatestFi
 }
 
 /// Documents 1 to 40: ten a day from 1 March on.
-class DocumentsOfManyDays : public DocumentArchiveTest
+class DocumentsOfManyDays : public ArchiveFolderTest
 {
 protected:
     DocumentsOfManyDays()
@@ -288,7 +288,7 @@ TEST_F(DocumentsOfManyDays, dayAskedFor_mostFilesAreNotRead)
     EXPECT_LT(log.lines().size(), 40) << "200 are damaged";
 }
 
-TEST_F(DocumentArchiveTest, filesOfOtherNames_areLeftOut)
+TEST_F(ArchiveFolderTest, filesOfOtherNames_areLeftOut)
 {
     for (const char* name :
          {"7.json", "x0000007.json", "00000007.json.tmp", "00000000.json", "-0000007.json", ".json"}) {
@@ -300,7 +300,7 @@ TEST_F(DocumentArchiveTest, filesOfOtherNames_areLeftOut)
     EXPECT_TRUE(log.lines().isEmpty()) << qPrintable(log.text());
 }
 
-TEST_F(DocumentArchiveTest, sale_isReturnedByAClosedASuspendedOrTheOpenReturn)
+TEST_F(ArchiveFolderTest, sale_isReturnedByAClosedASuspendedOrTheOpenReturn)
 {
     const auto sale = saved(3, State::Closed);
     EXPECT_EQ(archive.returned(*sale, nullptr), Document::Returned::Nothing) << "no return was begun";
@@ -333,7 +333,7 @@ TEST_F(DocumentArchiveTest, sale_isReturnedByAClosedASuspendedOrTheOpenReturn)
     EXPECT_EQ(archive.returned(*sale, document(11)), Document::Returned::Wholly);
 }
 
-TEST_F(DocumentArchiveTest, lastClosed_isDecidedByTheCountOfClosingsThenByTheNumber)
+TEST_F(ArchiveFolderTest, lastClosed_isDecidedByTheCountOfClosingsThenByTheNumber)
 {
     EXPECT_FALSE(archive.lastClosed());
     saved(2, State::Closed);
@@ -355,7 +355,7 @@ TEST_F(DocumentArchiveTest, lastClosed_isDecidedByTheCountOfClosingsThenByTheNum
     EXPECT_EQ(archive.lastClosed()->ending().closing, 8);
 }
 
-TEST_F(DocumentArchiveTest, lastClosedBeforeManyOthersWithoutANote_isFoundAmongAll)
+TEST_F(ArchiveFolderTest, lastClosedBeforeManyOthersWithoutANote_isFoundAmongAll)
 {
     const auto closed = document(1, State::Closed);
     Document::Ending ending = closed->ending();
@@ -370,7 +370,7 @@ TEST_F(DocumentArchiveTest, lastClosedBeforeManyOthersWithoutANote_isFoundAmongA
     EXPECT_EQ(archive.lastClosed()->ending().closing, 7);
 }
 
-TEST_F(DocumentArchiveTest, closingNoted_isCountedEvenWhenItsDocumentWasNotSaved)
+TEST_F(ArchiveFolderTest, closingNoted_isCountedEvenWhenItsDocumentWasNotSaved)
 {
     EXPECT_EQ(archive.closings(), 0);
     archive.noteClosing({.count = 7, .document = 3});
@@ -384,7 +384,7 @@ TEST_F(DocumentArchiveTest, closingNoted_isCountedEvenWhenItsDocumentWasNotSaved
         << log.text().toStdString();
 }
 
-TEST_F(DocumentArchiveTest, closingInterrupted_openCopyIsRemoved)
+TEST_F(ArchiveFolderTest, closingInterrupted_openCopyIsRemoved)
 {
     const auto open = saved(3);
     saved(3, State::Closed);
@@ -392,7 +392,7 @@ TEST_F(DocumentArchiveTest, closingInterrupted_openCopyIsRemoved)
     EXPECT_EQ(files(), QStringList{finishedFile});
 }
 
-TEST_F(DocumentArchiveTest, suspendingOrResumingInterrupted_suspendedCopyIsRemoved)
+TEST_F(ArchiveFolderTest, suspendingOrResumingInterrupted_suspendedCopyIsRemoved)
 {
     const auto document = saved(3);
     saved(3, State::Suspended);
@@ -400,7 +400,7 @@ TEST_F(DocumentArchiveTest, suspendingOrResumingInterrupted_suspendedCopyIsRemov
     EXPECT_EQ(files(), QStringList{openFile});
 }
 
-TEST_F(DocumentArchiveTest, voidingInterrupted_suspendedCopyIsRemoved)
+TEST_F(ArchiveFolderTest, voidingInterrupted_suspendedCopyIsRemoved)
 {
     saved(3, State::Suspended);
     saved(3, State::Voided);
@@ -409,7 +409,7 @@ TEST_F(DocumentArchiveTest, voidingInterrupted_suspendedCopyIsRemoved)
     EXPECT_EQ(archive.find(3)->getState(), State::Voided);
 }
 
-TEST_F(DocumentArchiveTest, nothingInterrupted_everythingStays)
+TEST_F(ArchiveFolderTest, nothingInterrupted_everythingStays)
 {
     const auto document = saved(3);
     saved(1, State::Suspended);
@@ -422,7 +422,7 @@ TEST_F(DocumentArchiveTest, nothingInterrupted_everythingStays)
     EXPECT_EQ(files(), before);
 }
 
-TEST_F(DocumentArchiveTest, finishedCopyDamaged_theOtherCopyStays)
+TEST_F(ArchiveFolderTest, finishedCopyDamaged_theOtherCopyStays)
 {
     write(finishedFile, "half");
     saved(3, State::Suspended);

@@ -18,11 +18,11 @@
 ///
 /// A document moves by being saved in its new place before the old file is removed. When the register ended in between,
 /// there are two copies. The more advanced one counts: finished before open, open before suspended.
-class DocumentArchive
+class ArchiveFolder
 {
 public:
     /// @param folder the register's data folder
-    explicit DocumentArchive(const QString& folder);
+    explicit ArchiveFolder(const QString& folder);
 
     /// Sets the ending, saves the document in the place for it, and removes the former file.
     /// @return false after a failure was shown; the document and its file are then unchanged
@@ -36,6 +36,8 @@ public:
     /// False when its file is damaged: a copy in another place is then the only one left.
     bool isFinished(int number) const;
 
+    /// All suspended documents, latest first. A file that cannot be read is logged and left out.
+    QList<QSharedPointer<Document>> allSuspended() const { return latest(0); }
     /// All suspended documents and the latest `limit` finished ones, latest first. A file that cannot be read is logged
     /// and left out.
     QList<QSharedPointer<Document>> latest(int limit) const;
