@@ -55,8 +55,8 @@ Till::Till(const QString& dataFolder, QObject* parent)
     , m_marks(&noMarks())
     , m_numbers(dataFolder)
     , m_totals(std::make_unique<Totals>(*this))
-{
     , m_documentsForPlugins(std::make_unique<TillArchive>(*this))
+{
 }
 
 Till::~Till() = default;
