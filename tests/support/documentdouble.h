@@ -10,6 +10,7 @@ public:
     int getType() const override { return type; }
     QList<QSharedPointer<GoodsItem>> getPositions() const override { return positions; }
     bool isClosed() const override { return closed; }
+    QString identifier() const override { return name; }
 
     /// Appends a position of these goods and returns it.
     QSharedPointer<GoodsItem> add(const GoodsItem::Goods& goods = {})
@@ -20,5 +21,6 @@ public:
 
     int type = Sale; ///< a value of AbstractDocument::Type
     bool closed = false;
+    QString name; ///< the identifier
     QList<QSharedPointer<GoodsItem>> positions;
 };

@@ -8,6 +8,7 @@
 #include "serveridentity.h"
 
 #include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
 
 #include <gtest/gtest.h>
@@ -58,6 +59,8 @@ const Line& lineOf(int position)
 QSharedPointer<DocumentDouble> documentOfThree()
 {
     const auto document = QSharedPointer<DocumentDouble>::create();
+    document->name = u"00000001"_s;
+    document->setPluginValue(u"ElectronicPrescriptionService"_s, u"cardNumber"_s, u"1100"_s);
     for (const int number : everyPosition) {
         const auto position = document->add(lineOf(number).goods);
         position->setTag(positionformat::tag);
@@ -184,6 +187,16 @@ QJsonObject Pharmacy::savedDocument() const
     return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
 }
 
+void Pharmacy::takeSavedDocument()
+{
+    m_document = documentOfThree();
+    const QJsonArray saved = savedDocument()["positions"_L1].toArray();
+    for (const auto& position : saved) {
+        setOptions(position["number"_L1].toInt(), position["extendedOptions"_L1].toString());
+    }
+    DocumentWatcher::setCurrentDocument(m_document);
+}
+
 QString Pharmacy::prescriptionOf(int position)
 {
     return lineOf(position).prescription;
@@ -206,6 +219,11 @@ QString Pharmacy::statusOfPrescription(int position) const
 {
     const QString prescription = prescriptionOf(position);
     return m_registry.ask([&](auto& registry) { return registry.store().prescription(prescription)->status; });
+}
+
+void Pharmacy::atRegistry(const std::function<void(emulator::RegistryEmulator&)>& change) const
+{
+    m_registry.ask([&](auto& registry) { change(registry); });
 }
 
 void Pharmacy::order(const std::function<void(emulator::FaultScript&)>& order) const

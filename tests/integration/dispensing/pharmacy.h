@@ -44,6 +44,9 @@ public:
     void setOptions(int position, const QString& options);
     /// The saved document; empty when none was saved.
     QJsonObject savedDocument() const;
+    /// The open document is the saved one from now on, as after a restart; the first one when none was saved.
+    void takeSavedDocument();
+    QSharedPointer<AbstractDocument> document() const { return m_document; }
     QJsonObject documentAsJson() const { return m_document->toJson(); }
 
     /// The prescription that a position comes from. The first is dispensed completely and paid by the patient alone;
@@ -55,6 +58,8 @@ public:
     emulator::Dispense soleDispenseOf(int position) const;
     QString statusOfPrescription(int position) const;
 
+    /// Changes the registry from the side.
+    void atRegistry(const std::function<void(emulator::RegistryEmulator&)>& change) const;
     /// Orders faults of the registry.
     void order(const std::function<void(emulator::FaultScript&)>& order) const;
     /// The requests that reached the registry.
