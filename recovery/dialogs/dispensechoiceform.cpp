@@ -32,7 +32,7 @@ FormHelp choiceHelp()
              {u"Esc"_s, {u"dispenseChoiceHelpLater"_s, u"отложить решение"_s}}},
             {u"dispenseChoiceHelpNext"_s,
              u"Найдите отпуск, ответ на который не дошёл: сверьте время, дозы и аптеку. Если его нет, выберите "
-             "последнюю строку: касса запишет отпуск заново. Не уверены — отложите решение: чек можно отложить "
+             "последнюю строку. Не уверены — отложите решение: чек можно отложить "
              "и обслужить следующего покупателя."_s}};
 }
 
@@ -40,12 +40,12 @@ tr::Tr question(bool hasDispenses)
 {
     if (hasDispenses) {
         return {u"dispenseChoiceQuestion"_s,
-                u"Ответ реестра на этот отпуск не дошёл до кассы. Ниже всё, что реестр показывает по рецепту. Какой "
-                "отпуск в списке — этот? Если ни один, выберите последнюю строку: касса запишет отпуск заново."_s};
+                u"Ответ реестра об этом отпуске не дошёл до кассы. Ниже всё, что реестр показывает по рецепту. Какой "
+                "отпуск в списке — этот? Если ни один, выберите последнюю строку."_s};
     }
     return {u"dispenseChoiceNothing"_s,
-            u"Ответ реестра на этот отпуск не дошёл до кассы, и реестр не показывает по рецепту ни одного отпуска. "
-            "Подтвердите, что отпуск не записан: касса запишет его заново."_s};
+            u"Ответ реестра об этом отпуске не дошёл до кассы, и реестр не показывает по рецепту ни одного отпуска. "
+            "Подтвердите, что этого отпуска в реестре нет."_s};
 }
 
 tr::Tr hint(bool isTouch)
@@ -58,8 +58,8 @@ tr::Tr hint(bool isTouch)
 
 tr::Tr noneOfThem(bool hasDispenses)
 {
-    return hasDispenses ? tr::Tr(u"dispenseChoiceNoneOfThem"_s, u"Ни один из них — отпуск не записан"_s)
-                        : tr::Tr(u"dispenseChoiceNotRegistered"_s, u"Отпуск не записан"_s);
+    return hasDispenses ? tr::Tr(u"dispenseChoiceNoneOfThem"_s, u"Ни один из них — отпуска в реестре нет"_s)
+                        : tr::Tr(u"dispenseChoiceNotRegistered"_s, u"Отпуска в реестре нет"_s);
 }
 
 QStandardItemModel* makeModel(const QList<DispenseChoiceRow>& dispenses, QObject* parent)

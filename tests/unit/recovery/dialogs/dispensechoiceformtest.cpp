@@ -169,7 +169,7 @@ TEST_F(DispenseChoiceFormTest, shown_saysWhatWasAskedAndWhatTheRegistryHolds)
         ASSERT_EQ(table(form)->model()->rowCount(), 3);
         EXPECT_EQ(row(form, 0), (QStringList{u"29.02.2024 12:30"_s, u"10"_s, u"Аптека № 7"_s, u"d-71"_s}));
         EXPECT_EQ(row(form, 1), (QStringList{u"29.02.2024"_s, u"10"_s, u"Аптека № 8"_s, u"реестр не сообщает"_s}));
-        EXPECT_EQ(row(form, 2).first(), u"Ни один из них — отпуск не записан"_s);
+        EXPECT_EQ(row(form, 2).first(), u"Ни один из них — отпуска в реестре нет"_s);
         EXPECT_EQ(table(form)->columnSpan(2, 0), 4);
         EXPECT_EQ(confirmButton(form)->text(), u"Выбрать"_s);
         EXPECT_EQ(widget<QPushButton>(form, u"laterButton"_s)->text(), u"Отложить решение"_s);
@@ -181,7 +181,7 @@ TEST_F(DispenseChoiceFormTest, registryShowsNoDispense_cashierConfirmsThat)
     const DispenseChoice choice = ask(noDispenses(), [](QWidget& form) {
         EXPECT_TRUE(text(form, u"questionLabel"_s).contains(u"реестр не показывает по рецепту ни одного отпуска"_s));
         ASSERT_EQ(table(form)->model()->rowCount(), 1);
-        EXPECT_EQ(row(form, 0).first(), u"Отпуск не записан"_s);
+        EXPECT_EQ(row(form, 0).first(), u"Отпуска в реестре нет"_s);
         press({Qt::Key_Return});
         expectNothingChosen(form);
         press({Qt::Key_Down, Qt::Key_Return});

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "dispensefacts.h"
+
+#include "centrounding.h"
+
+#include <QJsonArray>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+QJsonObject locationOf(const QJsonObject& dispense)
+{
+    const QJsonArray contained = dispense["contained"_L1].toArray();
+    const auto found = std::find_if(contained.begin(), contained.end(), [](const QJsonValue& resource) {
+        return resource["resourceType"_L1].toString() == "Location"_L1;
+    });
+    return found == contained.end() ? QJsonObject() : (*found).toObject();
+}
+
+} // namespace
+
+DispenseFacts DispenseFacts::of(const QJsonObject& dispense)
+{
+    const QJsonObject location = locationOf(dispense);
+    return {
+        dispense["whenHandedOver"_L1].toString().left(qsizetype(10)), // a registry may add the time of day
+        roundToCents(dispense["quantity"_L1]["value"_L1].toDouble()),
+        location["name"_L1].toString(),
+        location["address"_L1]["text"_L1].toString(),
+    };
+}

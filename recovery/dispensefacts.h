@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+/// By what two dispenses of one prescription are told apart: their day, their doses and their pharmacy. A value type.
+struct DispenseFacts {
+    QString day;      ///< yyyy-MM-dd
+    double doses = 0; ///< rounded to hundredths
+    QString pharmacy; ///< its name
+    QString address;  ///< the pharmacy's, as one text
+
+    /// Reads a MedicationDispense (HL7 FHIR DSTU 1): "whenHandedOver", "quantity" and the contained Location. A member
+    /// that is missing or of another type reads as an empty text or 0.
+    static DispenseFacts of(const QJsonObject& dispense);
+
+    bool operator==(const DispenseFacts&) const = default;
+};

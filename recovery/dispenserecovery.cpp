@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: MIT
+#include "dispenserecovery.h"
+
+#include "actionhandler.h"
+#include "actiontrigger.h"
+#include "activitynotifier.h"
+#include "config.h"
+#include "currenttime.h"
+#include "dialog.h"
+#include "dispenseanswer.h"
+#include "dispensechoiceformcreator.h"
+#include "electronicprescriptioninterface.h"
+#include "graphicaluserinterface.h"
+#include "reconciliation.h"
+#include "recoverytexts.h"
+#include "reportprinter.h"
+#include "requestjournal.h"
+
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// The prescription plug-in's hooks have 2 and 3.
+constexpr int priority = 1;
+
+Log4Qt::Logger* logger()
+{
+    return Log4Qt::LogManager::logger(u"dispenseRecovery"_s);
+}
+
+/// True when the journal keeps both requests about a dispense.
+bool isJournalKept(const ElectronicPrescriptionInterface& registry)
+{
+    const RequestJournal* const journal = Singleton<RequestJournal>::get();
+    const QString base = Singleton<Config>::get()->getString(u"ElectronicPrescription:requestsUrl"_s,
+                                                             u"http://localhost"_s);
+    return journal->covers(registry.formUrl(base, dispenseanswer::registrationPath)) &&
+           journal->covers(registry.formUrl(base, dispenseanswer::cancellationPath(u"1"_s)));
+}
+
+} // namespace
+
+DispenseRecovery::DispenseRecovery() = default;
+DispenseRecovery::~DispenseRecovery() = default;
+
+bool DispenseRecovery::init()
+{
+    const Config* const config = Singleton<Config>::get();
+    if (!config->getBool(u"plugins:pharmacy"_s, false)) {
+        logger()->error(u"The prescription plug-in is switched off: plugins:pharmacy"_s);
+        return false;
+    }
+    m_registry = std::make_unique<ElectronicPrescriptionInterface>();
+    if (!isJournalKept(*m_registry)) {
+        logger()->error(u"RestClient:journal has to contain */MedicationDispense/*"_s);
+        return false;
+    }
+    m_statuses = config->getString(u"DispenseRecovery:statuses"_s, u"active,completed"_s).split(u',', Qt::SkipEmptyParts);
+    for (QString& status : m_statuses) {
+        status = status.trimmed();
+    }
+
+    struct Hook {
+        EContext::Code context;
+        control::EActionType action;
+        std::function<EContext::Result(const control::Action&)> run;
+    };
+    const auto subtotal = [this](const control::Action&) { return beforeSubtotal(); };
+    const auto cancelling = [this](const control::Action&) { return beforeCancelling(); };
+    const auto removing = [this](const control::Action& action) { return beforeRemoving(action); };
+    const auto voiding = [this](const control::Action& action) { return beforeVoiding(action); };
+    const Hook hooks[] = {
+        {EContext::OpenDocument, control::Subtotal, subtotal},
+        {EContext::OpenDocument, control::SubtotalAndPayment, subtotal},
+        {EContext::OpenDocument, control::CancelDocument, cancelling},
+        {EContext::OpenDocument, control::CancelDocumentFromMenu, cancelling},
+        {EContext::OpenDocument, control::RemovePosition, removing},
+        {EContext::Idle, control::VoidDocument, voiding},
+        {EContext::OpenDocument, control::VoidDocument, voiding},
+        {EContext::StoredDocuments, control::VoidDocument, voiding},
+    };
+    for (const Hook& hook : hooks) {
+        addTrigger({hook.context, hook.action, ActionTrigger::Before, hook.run, ActionTrigger::Any, priority});
+    }
+    for (const auto context : {EContext::Idle, EContext::OpenDocument}) {
+        addHandler({context, reconcileCommand, [this](const control::Action&) { return reconcile(); }, true});
+    }
+    Singleton<ActivityNotifier>::get()->subscribe(this);
+    Singleton<GraphicalUserInterface>::get()->addFormCreator(QSharedPointer<DispenseChoiceFormCreator>::create());
+    Singleton<RequestJournal>::get()->setSettledByPlugin(true);
+    return true;
+}
+
+void DispenseRecovery::deinit()
+{
+    Singleton<RequestJournal>::get()->setSettledByPlugin(false);
+}
+
+void DispenseRecovery::handleEvent(const Event& event)
+{
+    const QSharedPointer<AbstractDocument> document = getDocument();
+    if (!document) {
+        return;
+    }
+    switch (event.getCode()) {
+    case EActivityListener::LongWorkEnds:
+        settlingOf(document).applyAnswers(); // an answer may have been lost in it
+        break;
+    case EActivityListener::DocumentRestored:
+        takeUp(document);
+        break;
+    default:
+        break;
+    }
+}
+
+EContext::Result DispenseRecovery::beforeSubtotal()
+{
+    return decide(getDocument());
+}
+
+EContext::Result DispenseRecovery::beforeCancelling()
+{
+    return decide(currentSale());
+}
+
+EContext::Result DispenseRecovery::beforeRemoving(const control::Action& action)
+{
+    const QSharedPointer<AbstractDocument> sale = currentSale();
+    const auto position = sale ? sale->getPosition(action.value(u"positionNumber"_s).toInt()) : nullptr;
+    return position ? decide(sale, {position}) : EContext::GoOn;
+}
+
+EContext::Result DispenseRecovery::beforeVoiding(const control::Action& action)
+{
+    return decide(action.value(u"document"_s).value<QSharedPointer<AbstractDocument>>());
+}
+
+/// A return is cancelled without the registry.
+QSharedPointer<AbstractDocument> DispenseRecovery::currentSale() const
+{
+    const QSharedPointer<AbstractDocument> document = getDocument();
+    return document && document->getType() == AbstractDocument::Sale ? document : nullptr;
+}
+
+DocumentSettling DispenseRecovery::settlingOf(const QSharedPointer<AbstractDocument>& document) const
+{
+    return {*m_registry, document, m_statuses};
+}
+
+EContext::Result DispenseRecovery::decide(const QSharedPointer<AbstractDocument>& document) const
+{
+    return document ? decide(document, document->getPositions()) : EContext::GoOn;
+}
+
+EContext::Result DispenseRecovery::decide(const QSharedPointer<AbstractDocument>& document,
+                                          const DocumentSettling::Positions& positions) const
+{
+    DocumentSettling settling = settlingOf(document);
+    const bool isDecided = settling.decide(positions);
+    if (isDecided && !settling.findings().isEmpty()) {
+        Dialog::create()->showMessage({tr::undefined, settling.findings().join(u'\n')}, Dialog::Notice, 0, 0);
+    }
+    return isDecided ? EContext::GoOn : EContext::Stop;
+}
+
+/// A saved document has become the open one: what a former run of the register left is applied and decided.
+void DispenseRecovery::takeUp(const QSharedPointer<AbstractDocument>& document) const
+{
+    decide(document);
+    settlingOf(document).forgetAnswers();
+}
+
+EContext::Result DispenseRecovery::reconcile()
+{
+    const QDate today = CurrentTime::create()->current().date();
+    const Reconciliation found = Reconciliation::of(today, *m_registry, m_statuses);
+    Singleton<ReportPrinter>::get()->print(recoverytexts::reconciliationTitle(), found.lines);
+    Dialog::create()->showMessage({tr::undefined, found.lines.join(u'\n')},
+                                  found.isWhole ? Dialog::Notice : Dialog::Error, 0, 0);
+    return EContext::GoOn;
+}

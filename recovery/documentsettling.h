@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "abstractdocument.h"
+#include "positionhistory.h"
+#include "registryinquiry.h"
+
+#include <QDate>
+#include <QList>
+#include <QSet>
+#include <QSharedPointer>
+#include <QStringList>
+
+class ElectronicPrescriptionInterface;
+
+/// Brings the prescription positions of one document together with the registry.
+///
+/// What the journal knows is applied without the network. What it does not know is asked of the registry, and what the
+/// registry does not show clearly is asked of the cashier. A decision is saved with the document before the journal
+/// forgets the request. Nothing is sent that changes the registry.
+class DocumentSettling
+{
+public:
+    using Positions = QList<QSharedPointer<GoodsItem>>;
+
+    /// @param registry is not owned and outlives this object
+    /// @param document not null
+    /// @param statuses of prescriptions to ask the registry for, in this order
+    DocumentSettling(const ElectronicPrescriptionInterface& registry,
+                     const QSharedPointer<AbstractDocument>& document, const QStringList& statuses);
+
+    /// Applies the answers that did not reach the document, and marks the positions whose outcome is open.
+    void applyAnswers();
+
+    /// Decides what is open of these positions.
+    ///
+    /// @return false when something stays undecided: the registry could not be asked, which the cashier has read; the
+    ///         cashier put the decision off; or the document could not be saved, which the cashier has read
+    bool decide(const Positions& positions);
+
+    /// Lets the journal forget the requests whose outcome the saved document has.
+    void forgetAnswers();
+
+    /// Reports the dispenses of this pharmacy, of that day, that no document of the till has.
+    ///
+    /// Throws ElectronicPrescriptionException when the registry cannot be asked.
+    void findUnclaimed(const QDate& day);
+
+    /// What was found out so far, a sentence each.
+    const QStringList& findings() const { return m_findings; }
+
+private:
+    /// A position whose outcome is open.
+    struct Undecided {
+        QSharedPointer<GoodsItem> position;
+        PositionHistory history;
+    };
+    enum class Verdict {
+        Registered,
+        NotRegistered, ///< never, or not any more
+        Undecided,
+    };
+    struct Decision {
+        Verdict verdict;
+        QString dispense = {}; ///< the registered one's id; empty: the registry does not show it
+    };
+
+    PositionHistory historyOf(const GoodsItem& position) const;
+    bool applyAnswer(GoodsItem& position, const PositionHistory& history);
+
+    bool askRegistry(const QList<Undecided>& undecided);
+    Decision decisionOf(const Undecided& undecided);
+    Decision decisionOfRegistration(const Undecided& undecided, const QList<RegistryDispense>& shown) const;
+    Decision decisionOfCancellation(const Undecided& undecided, const QList<RegistryDispense>& shown) const;
+    Decision askCashier(const Undecided& undecided, const QList<RegistryDispense>& possible) const;
+    bool carryOut(const Decision& decision, const Undecided& undecided);
+    void note(const Decision& decision, const Undecided& undecided);
+
+    /// The ids of the dispenses that the till's documents of that day have, those of one position left out.
+    QSet<QString> idsOnTill(const QDate& day, const GoodsItem* leftOut) const;
+    bool save();
+
+    const ElectronicPrescriptionInterface& m_registry;
+    const QSharedPointer<AbstractDocument> m_document;
+    RegistryInquiry m_inquiry;
+    QStringList m_findings;
+    bool m_isSaved = true; ///< false: the document has something that its file lacks
+};
+
+/// The positions of the document that come from prescriptions.
+DocumentSettling::Positions prescriptionPositionsOf(const AbstractDocument& document);

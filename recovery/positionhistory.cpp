@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "positionhistory.h"
+
+#include "centrounding.h"
+#include "positionoptions.h"
+
+using Kind = DispenseRequest::Kind;
+using Outcome = DispenseRequest::Outcome;
+
+PositionHistory::PositionHistory(const GoodsItem& position, const QString& document,
+                                 const QList<DispenseRequest>& requests)
+    : m_position([&] {
+        const PositionOptions options(position);
+        return OfDocument{document, options.id(), options.medicationDispenseId(),
+                          roundToCents(options.doseQuantity()), options.isRegistered()};
+    }())
+    , m_known(m_position.isRegistered ? Known::Registered : Known::Nothing)
+    , m_dispense(m_position.dispense)
+{
+    for (const DispenseRequest& request : requests) {
+        if (isAbout(request)) {
+            take(request);
+        }
+    }
+}
+
+/// A cancellation may be of another document: a return cancels what its sale has registered.
+bool PositionHistory::isAbout(const DispenseRequest& request) const
+{
+    if (request.kind == Kind::Cancellation) {
+        return !m_dispense.isEmpty() && request.dispense == m_dispense;
+    }
+    // The doses too: the position may have been removed, and the prescription put on the document again.
+    return request.document == m_position.document && request.prescription == m_position.prescription &&
+           request.facts.doses == m_position.doses;
+}
+
+void PositionHistory::take(const DispenseRequest& request)
+{
+    m_requests.append(request.id);
+    if (request.kind == Kind::Registration) {
+        takeRegistration(request);
+    } else {
+        takeCancellation(request);
+    }
+}
+
+void PositionHistory::takeRegistration(const DispenseRequest& request)
+{
+    if (request.outcome == Outcome::Done) {
+        const bool isOnDocument = !request.dispense.isEmpty() && request.dispense == m_position.dispense;
+        m_known = isOnDocument && !m_position.isRegistered ? Known::Cancelled : Known::Registered;
+        m_dispense = request.dispense;
+        m_open.reset();
+    } else if (request.outcome == Outcome::Open && m_known != Known::Registered) {
+        m_open = request;
+    }
+}
+
+/// A refusal leaves it open: a cancellation that was carried out before is refused as well.
+void PositionHistory::takeCancellation(const DispenseRequest& request)
+{
+    if (request.outcome == Outcome::Done) {
+        m_known = Known::Cancelled;
+        m_open.reset();
+    } else if (request.outcome != Outcome::NotSent && m_known == Known::Registered) {
+        m_open = request;
+    }
+}

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "registrydispense.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <optional>
+
+class ElectronicPrescriptionInterface;
+
+/// Asks the registry which dispenses it holds of a card's prescriptions, status after status, each at most once.
+class RegistryInquiry
+{
+public:
+    /// @param registry is not owned and outlives this object
+    /// @param statuses to ask for, in this order
+    RegistryInquiry(const ElectronicPrescriptionInterface& registry, const QString& cardNumber,
+                    const QStringList& statuses);
+
+    /// Empty: the registry shows the prescription under none of the statuses.
+    ///
+    /// Throws ElectronicPrescriptionException when the registry cannot be asked.
+    std::optional<QList<RegistryDispense>> dispensesOf(const QString& prescription);
+
+private:
+    void askFor(const QString& status);
+
+    const ElectronicPrescriptionInterface& m_registry;
+    const QString m_cardNumber;
+    QStringList m_statuses; ///< not asked for yet
+    QHash<QString, QList<RegistryDispense>> m_dispenses; ///< by the prescription's id
+};

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// The registry has carried out a request and the answer was lost. The next command finds that out, and nothing is
+// booked or cancelled twice.
+
+#include "fault.h"
+#include "positionformat.h"
+#include "recoveringpharmacy.h"
+#include "savingdouble.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+using emulator::Endpoint;
+using emulator::Occasion;
+
+namespace
+{
+
+class LostAnswer : public testing::TestWithParam<Fault>
+{
+protected:
+    void lose(Endpoint endpoint, int occasion) { order(GetParam(), pharmacy, endpoint, Occasion::nth(occasion)); }
+    QString markOf(int position) const { return pharmacy.optionsOf(position)["recovery"_L1].toString(); }
+
+    RecoveringPharmacy till;
+    Pharmacy& pharmacy = till.pharmacy;
+};
+
+TEST_P(LostAnswer, registration_isMarkedAndFoundByTheNextSubtotal)
+{
+    for (const int position : everyPosition) {
+        lose(Endpoint::DispenseRegistration, 1);
+        EXPECT_EQ(till.subtotal(), EContext::Stop);
+        EXPECT_EQ(markOf(position), u"unknown"_s);
+        pharmacy.order([](emulator::FaultScript& faults) { faults.clear(); });
+    }
+    EXPECT_EQ(till.subtotal(), EContext::GoOn);
+    for (const int position : everyPosition) {
+        expectRegistered(pharmacy, position);
+    }
+    EXPECT_EQ(till.openRequests(), 0);
+}
+
+TEST_P(LostAnswer, cancellation_isFoundByTheNextCommand)
+{
+    ASSERT_EQ(till.subtotal(), EContext::GoOn);
+    lose(Endpoint::DispenseCancellation, 2);
+    EXPECT_EQ(till.cancelDocument(), EContext::Stop);
+    EXPECT_EQ(markOf(2), u"unknown"_s);
+
+    EXPECT_EQ(till.cancelDocument(), EContext::GoOn);
+    for (const int position : everyPosition) {
+        expectCancelled(pharmacy, position);
+    }
+}
+
+TEST_P(LostAnswer, positionRemovedAfterItsRegistration_isCancelledAtTheRegistry)
+{
+    lose(Endpoint::DispenseRegistration, 2);
+    EXPECT_EQ(till.subtotal(), EContext::Stop);
+
+    EXPECT_EQ(till.cancelPosition(2), EContext::GoOn);
+    expectCancelled(pharmacy, 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, LostAnswer, testing::ValuesIn(lostAnswers()),
+                         [](const auto& test) { return test.param.name; });
+
+TEST(Recovery, registryCannotBeAsked_commandStopsAndNothingIsSent)
+{
+    RecoveringPharmacy till;
+    Pharmacy& pharmacy = till.pharmacy;
+    pharmacy.order([](emulator::FaultScript& faults) {
+        faults.carryOutThenClose(Endpoint::DispenseRegistration, Occasion::nth(1));
+    });
+    EXPECT_EQ(till.subtotal(), EContext::Stop);
+    pharmacy.takeMessages();
+    pharmacy.order([](emulator::FaultScript& faults) { faults.closeBeforeAnswer(Endpoint::PrescriptionsByCard, Occasion::always()); });
+    pharmacy.forgetRequests();
+
+    EXPECT_EQ(till.subtotal(), EContext::Stop);
+    EXPECT_EQ(pharmacy.asked(Endpoint::DispenseRegistration), 0);
+    const auto messages = pharmacy.takeMessages();
+    ASSERT_EQ(messages.size(), 1);
+    EXPECT_TRUE(messages.first().text.contains(u"рецепт rx-full, Амоксидар 500 мг"_s))
+        << messages.first().text.toStdString();
+
+    pharmacy.order([](emulator::FaultScript& faults) { faults.clear(); });
+    EXPECT_EQ(till.subtotal(), EContext::GoOn);
+    for (const int position : everyPosition) {
+        expectRegistered(pharmacy, position);
+    }
+}
+
+TEST(Recovery, answerThatDidNotReachTheDocument_isAppliedWithoutTheNetwork)
+{
+    RecoveringPharmacy till(RecoveringPharmacy::Recovery::Absent);
+    Pharmacy& pharmacy = till.pharmacy;
+    {
+        SavingDouble saving;
+        saving.onSave = [](const auto&, const QString&, const auto&) -> bool { throw std::runtime_error("power cut"); };
+        EXPECT_THROW(till.subtotal(), std::runtime_error);
+    }
+    pharmacy.forgetRequests();
+    till.restart();
+    EXPECT_TRUE(pharmacy.requests().isEmpty());
+    expectRegistered(pharmacy, 1);
+    EXPECT_EQ(pharmacy.savedDocument()["positions"_L1][0]["extendedOptions"_L1].toString(), pharmacy.options()[0]);
+    EXPECT_EQ(till.openRequests(), 0);
+}
+
+} // namespace
