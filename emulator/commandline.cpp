@@ -39,7 +39,7 @@ std::chrono::seconds secondsOf(const QCommandLineParser& parser, const QCommandL
 /// The file may be new. Its folder has to be there.
 QString dataFileOf(const QCommandLineParser& parser, const QCommandLineOption& option)
 {
-    const QString file = parser.value(option);
+    QString file = parser.value(option);
     const QString folder = QFileInfo(file).absolutePath();
     if (!file.isEmpty() && !QFileInfo(folder).isDir()) {
         throw EmulatorError(u"cannot open the data file %1: there is no folder %2"_s.arg(file, folder));
