@@ -46,9 +46,8 @@ bool reports(const QJsonObject& answer, const QString& status)
 bool reportsAnything(const QJsonObject& answer)
 {
     const QJsonArray entries = answer["entry"_L1].toArray();
-    return std::any_of(entries.begin(), entries.end(), [](const QJsonValue& entry) {
-        return entry["transactionResponse"_L1]["status"_L1].isString();
-    });
+    return std::any_of(entries.begin(), entries.end(),
+                       [](const QJsonValue& entry) { return entry["transactionResponse"_L1]["status"_L1].isString(); });
 }
 
 QStringList dispenseIds(const QJsonObject& answer)
