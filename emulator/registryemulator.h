@@ -48,6 +48,12 @@ public:
     void reset() { m_registry.reset(); }
     /// Puts more active prescriptions on a card.
     void fillCard(const QString& card, int count) { m_registry.fillCard(card, count); }
+    /// Books a dispense that another pharmacy, or another till of the same one, registered: no request of it is in the
+    /// journal, and no fault hits it. Returns its new id. Throws EmulatorError when the prescription is unknown, not
+    /// valid, or has not so many doses left.
+    /// @param dispense its id and documents are not used, so one from the store stands for an equal one; without a day
+    /// it is of today
+    QString dispenseElsewhere(const Dispense& dispense) { return m_registry.dispenseElsewhere(dispense); }
 
     FaultScript& faults() { return m_registry.faults(); }
     Journal& journal() { return m_registry.journal(); }

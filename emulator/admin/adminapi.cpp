@@ -113,6 +113,7 @@ const QList<AdminApi::Operation>& AdminApi::operations()
         {"POST", "/seed", &AdminApi::seed},
         {"POST", "/reset", &AdminApi::reset},
         {"POST", "/fill", &AdminApi::fill},
+        {"POST", "/dispenses", &AdminApi::dispenseElsewhere},
 
         {"GET", "/rules", &AdminApi::rules},
         {"POST", "/rules", &AdminApi::changeRules},
@@ -247,6 +248,11 @@ HttpAnswer AdminApi::fill(const HttpRequest& request)
     }
     m_registry.fillCard(card, *count);
     return done();
+}
+
+HttpAnswer AdminApi::dispenseElsewhere(const HttpRequest& request)
+{
+    return HttpAnswer::json(200, {{u"id"_s, m_registry.dispenseElsewhere(JsonNode::parse(request.body))}});
 }
 
 HttpAnswer AdminApi::rules(const HttpRequest&)

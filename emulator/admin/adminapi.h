@@ -32,6 +32,7 @@ private:
     HttpAnswer seed(const HttpRequest& request);
     HttpAnswer reset(const HttpRequest& request);
     HttpAnswer fill(const HttpRequest& request);
+    HttpAnswer dispenseElsewhere(const HttpRequest& request);
     HttpAnswer rules(const HttpRequest& request);
     HttpAnswer changeRules(const HttpRequest& request);
     HttpAnswer expireTokens(const HttpRequest& request);

@@ -22,25 +22,6 @@ void checkPatient(const DispenseDocument& document, const Prescription& prescrip
            {prescription.id});
 }
 
-void checkValidity(const DispenseDocument& document, const Prescription& prescription, const QDate& today)
-{
-    demand(prescription.status != prescriptionstatus::completed, RefusalCode::PrescriptionCompleted, {prescription.id});
-    demand(prescription.status == prescriptionstatus::active, RefusalCode::PrescriptionNotActive,
-           {prescription.id, prescription.status});
-    demand(today <= prescription.validUntil, RefusalCode::PrescriptionExpired,
-           {prescription.id, prescription.validUntil.toString(u"dd.MM.yyyy"_s)});
-    demand(document.handedOver >= prescription.written, RefusalCode::HandedOverBeforeWritten);
-    demand(document.handedOver <= today, RefusalCode::HandedOverInFuture);
-}
-
-void checkQuantity(const DispenseDocument& document, const Prescription& prescription, double dispensed)
-{
-    demand(document.quantity > 0, RefusalCode::QuantityNotPositive);
-    const double left = prescription.quantity - dispensed;
-    demand(document.quantity <= left + doses::tolerance, RefusalCode::QuantityAboveRest,
-           {prescription.id, QString::number(left, 'f', 2), QString::number(document.quantity, 'f', 2)});
-}
-
 /// The code of any of the prescription's codings is enough. A prescription without a trade name needs none.
 void checkMedication(const DispenseDocument& document, const Prescription& prescription)
 {
@@ -91,12 +72,31 @@ void checkClaim(const DispenseDocument& document, const Prescription& prescripti
 }
 } // namespace
 
+void checkValidity(const Prescription& prescription, const QDate& handedOver, const QDate& today)
+{
+    demand(prescription.status != prescriptionstatus::completed, RefusalCode::PrescriptionCompleted, {prescription.id});
+    demand(prescription.status == prescriptionstatus::active, RefusalCode::PrescriptionNotActive,
+           {prescription.id, prescription.status});
+    demand(today <= prescription.validUntil, RefusalCode::PrescriptionExpired,
+           {prescription.id, prescription.validUntil.toString(u"dd.MM.yyyy"_s)});
+    demand(handedOver >= prescription.written, RefusalCode::HandedOverBeforeWritten);
+    demand(handedOver <= today, RefusalCode::HandedOverInFuture);
+}
+
+void checkQuantity(double quantity, const Prescription& prescription, double dispensed)
+{
+    demand(quantity > 0, RefusalCode::QuantityNotPositive);
+    const double left = prescription.quantity - dispensed;
+    demand(quantity <= left + doses::tolerance, RefusalCode::QuantityAboveRest,
+           {prescription.id, QString::number(left, 'f', 2), QString::number(quantity, 'f', 2)});
+}
+
 void checkDispense(const DispenseDocument& document, const Prescription& prescription, double dispensed,
                    const QSet<QString>& payers, const QDate& today)
 {
     checkPatient(document, prescription);
-    checkValidity(document, prescription, today);
-    checkQuantity(document, prescription, dispensed);
+    checkValidity(prescription, document.handedOver, today);
+    checkQuantity(document.quantity, prescription, dispensed);
     checkMedication(document, prescription);
     checkClaim(document, prescription, payers);
 }

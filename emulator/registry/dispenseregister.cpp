@@ -65,16 +65,15 @@ DispenseRegister::DispenseRegister(PrescriptionStore& store, Clock clock)
 HttpAnswer DispenseRegister::book(const QByteArray& body, const Access& access)
 {
     DispenseDocument document = DispenseDocument::read(body);
-    const auto prescription = m_store.prescription(document.prescriptionId);
-    demand(prescription.has_value(), RefusalCode::PrescriptionUnknown, {document.prescriptionId});
-    QList<Dispense> dispenses = m_store.dispensesOf(prescription->id);
+    const Prescription prescription = knownPrescription(document.prescriptionId);
+    QList<Dispense> dispenses = m_store.dispensesOf(prescription.id);
     const QList<QString> payers = m_store.payers().keys();
-    checkDispense(document, *prescription, doses::handedOut(dispenses), QSet<QString>(payers.begin(), payers.end()),
+    checkDispense(document, prescription, doses::handedOut(dispenses), QSet<QString>(payers.begin(), payers.end()),
                   m_clock().date());
 
     Dispense dispense;
     dispense.id = newId();
-    dispense.prescriptionId = prescription->id;
+    dispense.prescriptionId = prescription.id;
     dispense.pharmacy = access.organization;
     dispense.pharmacyName = document.pharmacyName;
     dispense.pharmacyAddress = document.pharmacyAddress;
@@ -90,8 +89,24 @@ HttpAnswer DispenseRegister::book(const QByteArray& body, const Access& access)
         entries.append(transactionEntry(u"POST:201"_s, document.claimResource));
     }
     dispenses.append(dispense);
-    m_store.book(dispense, statusAfter(*prescription, dispenses));
+    m_store.book(dispense, statusAfter(prescription, dispenses));
     return transactionAnswer(entries);
+}
+
+QString DispenseRegister::bookElsewhere(Dispense dispense)
+{
+    const Prescription prescription = knownPrescription(dispense.prescriptionId);
+    QList<Dispense> dispenses = m_store.dispensesOf(prescription.id);
+    checkValidity(prescription, dispense.handedOver, m_clock().date());
+    checkQuantity(dispense.quantity, prescription, doses::handedOut(dispenses));
+
+    dispense.id = newId();
+    dispense.isCancelled = false;
+    dispense.resource.clear();
+    dispense.claim.clear();
+    dispenses.append(dispense);
+    m_store.book(dispense, statusAfter(prescription, dispenses));
+    return dispense.id;
 }
 
 HttpAnswer DispenseRegister::cancel(const QString& dispenseId, const Access& access)
@@ -110,5 +125,12 @@ HttpAnswer DispenseRegister::cancel(const QString& dispenseId, const Access& acc
                                                         : QJsonDocument::fromJson(dispense->resource).object();
     resource.insert(u"status"_s, u"entered-in-error"_s);
     return transactionAnswer({transactionEntry(u"PUT:200"_s, resource)});
+}
+
+Prescription DispenseRegister::knownPrescription(const QString& id) const
+{
+    const auto prescription = m_store.prescription(id);
+    demand(prescription.has_value(), RefusalCode::PrescriptionUnknown, {id});
+    return *prescription;
 }
 } // namespace emulator

@@ -17,10 +17,17 @@ public:
 
     /// Books the dispense that the body describes. Throws Refusal.
     HttpAnswer book(const QByteArray& body, const Access& access);
+    /// Books a dispense of a pharmacy or till that sends its documents elsewhere, and returns its new id. Throws
+    /// Refusal when the prescription is unknown, not valid, or has not so many doses left.
+    /// @param dispense its id and documents are not used
+    QString bookElsewhere(Dispense dispense);
     /// Marks a dispense as entered in error. Throws Refusal.
     HttpAnswer cancel(const QString& dispenseId, const Access& access);
 
 private:
+    /// Throws Refusal.
+    Prescription knownPrescription(const QString& id) const;
+
     PrescriptionStore& m_store;
     Clock m_clock;
 };

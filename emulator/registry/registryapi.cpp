@@ -55,6 +55,15 @@ HttpAnswer RegistryApi::answer(const HttpRequest& request, const Route& route)
     }
 }
 
+QString RegistryApi::dispenseElsewhere(const Dispense& dispense)
+{
+    try {
+        return m_register.bookElsewhere(dispense);
+    } catch (const Refusal& refusal) {
+        throw EmulatorError(refusal.details());
+    }
+}
+
 HttpAnswer RegistryApi::unreadable(int status)
 {
     switch (status) {

@@ -22,6 +22,11 @@ public:
     /// @param status 400, 408, 413, 431 or 505
     static HttpAnswer unreadable(int status);
 
+    /// Books a dispense that another pharmacy or till registered, and returns its new id. Throws EmulatorError when the
+    /// prescription is unknown, not valid, or has not so many doses left.
+    /// @param dispense its id and documents are not used
+    QString dispenseElsewhere(const Dispense& dispense);
+
     TokenService& tokens() { return m_tokens; }
 
 private:

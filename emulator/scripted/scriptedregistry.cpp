@@ -96,4 +96,17 @@ void ScriptedRegistry::fillCard(const QString& card, int count)
 {
     addSyntheticPrescriptions(m_store, card, count, today());
 }
+
+QString ScriptedRegistry::dispenseElsewhere(Dispense dispense)
+{
+    if (!dispense.handedOver.isValid()) {
+        dispense.handedOver = today();
+    }
+    return m_api.dispenseElsewhere(dispense);
+}
+
+QString ScriptedRegistry::dispenseElsewhere(const JsonNode& dispense)
+{
+    return dispenseElsewhere(SeedReader(today()).readDispenseElsewhere(dispense));
+}
 } // namespace emulator

@@ -38,6 +38,13 @@ public:
     void reset();
     /// Puts more active prescriptions on a card.
     void fillCard(const QString& card, int count);
+    /// Books a dispense that another pharmacy, or another till of the same one, registered: no request of it is in the
+    /// journal, and no fault hits it. Returns its new id. Throws EmulatorError when the prescription is unknown, not
+    /// valid, or has not so many doses left.
+    /// @param dispense its id and documents are not used; without a day it is of today
+    QString dispenseElsewhere(Dispense dispense);
+    /// The same for a dispense in the form of docs/emulator.md.
+    QString dispenseElsewhere(const JsonNode& dispense);
 
     FaultScript& faults() { return m_faults; }
     Journal& journal() { return m_journal; }

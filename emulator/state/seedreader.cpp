@@ -194,16 +194,35 @@ void SeedReader::readDispense(const JsonNode& node, const Prescription& prescrip
 {
     node.allowOnly({u"id"_s, u"quantity"_s, u"handedOver"_s, u"handedOverDaysAgo"_s, u"pharmacy"_s, u"pharmacyName"_s,
                     u"pharmacyAddress"_s, u"final"_s});
-    Dispense dispense;
+    Dispense dispense = dispenseIn(node);
     dispense.id = uniqueId(node, u"id"_s, m_dispenses);
     dispense.prescriptionId = prescription.id;
+    dispense.handedOver = day(node, u"handedOver"_s, u"handedOverDaysAgo"_s);
+    m_seed.dispenses.append(dispense);
+}
+
+Dispense SeedReader::readDispenseElsewhere(const JsonNode& node) const
+{
+    node.allowOnly({u"prescription"_s, u"quantity"_s, u"handedOver"_s, u"handedOverDaysAgo"_s, u"pharmacy"_s,
+                    u"pharmacyName"_s, u"pharmacyAddress"_s, u"final"_s});
+    Dispense dispense = dispenseIn(node);
+    dispense.prescriptionId = node.text(u"prescription"_s);
+    if (node.has(u"handedOver"_s) || node.has(u"handedOverDaysAgo"_s)) {
+        dispense.handedOver = day(node, u"handedOver"_s, u"handedOverDaysAgo"_s);
+    }
+    return dispense;
+}
+
+/// Doses and pharmacy, without id, prescription and day.
+Dispense SeedReader::dispenseIn(const JsonNode& node)
+{
+    Dispense dispense;
     dispense.pharmacy = node.text(u"pharmacy"_s, QString());
     dispense.pharmacyName = node.text(u"pharmacyName"_s, QString());
     dispense.pharmacyAddress = node.text(u"pharmacyAddress"_s, QString());
     dispense.quantity = positive(node, u"quantity"_s);
-    dispense.handedOver = day(node, u"handedOver"_s, u"handedOverDaysAgo"_s);
     dispense.isFinal = node.flag(u"final"_s, false);
-    m_seed.dispenses.append(dispense);
+    return dispense;
 }
 
 QDate SeedReader::day(const JsonNode& node, const QString& key, const QString& daysAgoKey) const

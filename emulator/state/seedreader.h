@@ -18,6 +18,10 @@ public:
     /// Throws EmulatorError with the place of the first mistake.
     Seed read(const JsonNode& root);
 
+    /// A dispense that names its prescription. Its id stays empty, and its day invalid when none is given. Throws as
+    /// read() does.
+    Dispense readDispenseElsewhere(const JsonNode& node) const;
+
     /// The rules, changed by the members of a "rules" object.
     static Rules rules(const JsonNode& node, Rules rules);
 
@@ -28,6 +32,7 @@ private:
     void readPatient(const JsonNode& node);
     void readPrescription(const JsonNode& node, const Patient& patient);
     void readDispense(const JsonNode& node, const Prescription& prescription);
+    static Dispense dispenseIn(const JsonNode& node);
     QDate day(const JsonNode& node, const QString& key, const QString& daysAgoKey) const;
     static QString uniqueId(const JsonNode& node, const QString& key, QSet<QString>& known);
     static QString knownId(const JsonNode& node, const QString& key, const QString& id, const QSet<QString>& known);

@@ -161,6 +161,57 @@ TEST_F(AdminApiTest, ruleOfWrongType_isRefusedWithItsPlaceAndChangesNothing)
     EXPECT_TRUE(m_emulator->store().rules().showDispenseIds);
 }
 
+TEST_F(AdminApiTest, dispenseElsewhere_isBookedWithItsPharmacyForToday)
+{
+    const RawAnswer answer =
+        admin("POST", "/dispenses", R"({"prescription": "rx-full", "quantity": 4, "final": true, "pharmacy": "18",
+                                        "pharmacyName": "Аптека № 2", "pharmacyAddress": "Тупик, 2"})");
+    EXPECT_EQ(answer.status, 200);
+    const auto dispense = m_emulator->store().dispense(answer.json().value(u"id"_s).toString());
+    ASSERT_TRUE(dispense.has_value());
+    EXPECT_EQ(dispense->prescriptionId, u"rx-full"_s);
+    EXPECT_EQ(dispense->quantity, 4);
+    EXPECT_TRUE(dispense->isFinal);
+    EXPECT_EQ(dispense->handedOver, m_now.date());
+    EXPECT_EQ(dispense->pharmacy, u"18"_s);
+    EXPECT_EQ(dispense->pharmacyName, u"Аптека № 2"_s);
+    EXPECT_EQ(dispense->pharmacyAddress, u"Тупик, 2"_s);
+    EXPECT_EQ(statusOf(u"rx-full"_s), u"completed"_s);
+}
+
+TEST_F(AdminApiTest, dispenseElsewhereOnAnEarlierDay_isBookedForThatDay)
+{
+    const RawAnswer byDay =
+        admin("POST", "/dispenses", R"({"prescription": "rx-full", "quantity": 1, "handedOver": "2024-03-17"})");
+    const RawAnswer byDaysAgo =
+        admin("POST", "/dispenses", R"({"prescription": "rx-full", "quantity": 1, "handedOverDaysAgo": 1})");
+    ASSERT_EQ(byDay.status, 200);
+    ASSERT_EQ(byDaysAgo.status, 200);
+    const auto dispenses = m_emulator->store().dispensesOf(u"rx-full"_s);
+    ASSERT_EQ(dispenses.size(), 2);
+    EXPECT_EQ(dispenses.at(0).handedOver, QDate(2024, 3, 17));
+    EXPECT_EQ(dispenses.at(1).handedOver, QDate(2024, 3, 19));
+}
+
+TEST_F(AdminApiTest, dispenseElsewhereWithMistake_isRefusedWithItsPlaceAndBooksNothing)
+{
+    const auto mistakeIn = [this](const QByteArray& body) {
+        const RawAnswer answer = admin("POST", "/dispenses", body);
+        EXPECT_EQ(answer.status, 400);
+        return error(answer);
+    };
+    EXPECT_EQ(mistakeIn(R"({"quantity": 1})"), u"prescription: a text is expected"_s);
+    EXPECT_EQ(mistakeIn(R"({"prescription": "rx-full"})"), u"quantity: a number above 0 is expected"_s);
+    EXPECT_EQ(mistakeIn(R"({"prescription": "rx-full", "quantity": 1, "pharmacyName": 2})"),
+              u"pharmacyName: a text is expected"_s);
+    EXPECT_EQ(mistakeIn(R"({"prescription": "rx-full", "quantity": 1, "id": "d"})"),
+              u"id: no such member here; known are prescription, quantity, handedOver, handedOverDaysAgo, pharmacy, "
+              "pharmacyName, pharmacyAddress, final"_s);
+    EXPECT_EQ(mistakeIn(R"({"prescription": "rx-full", "quantity": 21})"),
+              u"По рецепту rx-full осталось доз: 20.00, отпускается: 21.00"_s);
+    EXPECT_TRUE(m_emulator->store().dispensesOf(u"rx-full"_s).isEmpty());
+}
+
 TEST_F(AdminApiTest, deletedTokens_areExpired)
 {
     const auto headers = admitted();
@@ -186,7 +237,7 @@ TEST_F(AdminApiTest, postThatIsNotJson_isRefusedAndChangesNothing)
 {
     for (const QByteArray type : {"text/plain", "application/x-www-form-urlencoded", "multipart/form-data; boundary=x",
                                   "text/plain; application/json", ""}) {
-        for (const QByteArray path : {"/faults", "/seed", "/reset", "/fill", "/rules"}) {
+        for (const QByteArray path : {"/faults", "/seed", "/reset", "/fill", "/dispenses", "/rules"}) {
             const emulator::HttpHeaders headers{{"Origin", "http://pages.example"}, {"Content-Type", type}};
             const RawAnswer answer = send(RawConnection::requestBytes("POST", path, headers, R"({"fault": "close"})"));
             EXPECT_EQ(answer.status, 415) << type.constData() << " " << path.constData();
