@@ -322,5 +322,13 @@ Call the administrator.</translation>
         <source>Прочитайте сообщение и закройте его: касса продолжит с того же места.</source>
         <translation>Read the message and close it: the register goes on from the same place.</translation>
     </message>
+    <message id="databaseDriverMissing">
+        <source>нет драйвера %1</source>
+        <translation>there is no driver %1</translation>
+    </message>
+    <message id="databaseKeyMissing">
+        <source>%1 не задано в настройках</source>
+        <translation>%1 is not set in the configuration</translation>
+    </message>
 </context>
 </TS>
