@@ -237,7 +237,7 @@ void PaymentPanel::showPayment(const Document& document)
     m_received->setPlaceholderText(amountFigures(m_sum));
     if (document.getCharged() > Kopecks{0}) {
         m_byCard->setText(
-            tr::Tr(u"paymentCharged"_s, u"Картой оплачено %1"_s).arg(amountFigures(document.getCharged())).ui());
+            tr::Tr(u"paymentCharged"_s, u"Картой оплачено %1"_s).arg(amountText(document.getCharged())).ui());
     }
     showChange();
 }
@@ -253,10 +253,10 @@ void PaymentPanel::showPayingOut(const Amounts& amounts)
     }
     const Kopecks inCash = amounts.due - amounts.toCards;
     m_byCard->setText(inCash == Kopecks{0}
-                          ? tr::Tr(u"paymentToCardsAlone"_s, u"На карту %1"_s).arg(amountFigures(amounts.toCards)).ui()
+                          ? tr::Tr(u"paymentToCardsAlone"_s, u"На карту %1"_s).arg(amountText(amounts.toCards)).ui()
                           : tr::Tr(u"paymentToCards"_s, u"На карту %1, наличными %2"_s)
-                                .arg(amountFigures(amounts.toCards))
-                                .arg(amountFigures(inCash))
+                                .arg(amountText(amounts.toCards))
+                                .arg(amountText(inCash))
                                 .ui());
     m_pay->setText(tr::Tr(u"paymentRefund"_s, u"Вернуть деньги"_s).ui());
     showKeyHint(
@@ -267,7 +267,7 @@ void PaymentPanel::showChange()
 {
     const auto payment = cashpayment::received(m_sum, m_received->text());
     if (payment) {
-        showChange(tr::Tr(u"paymentChange"_s, u"Сдача %1"_s).arg(amountFigures(payment->amount - m_sum)), "value");
+        showChange(tr::Tr(u"paymentChange"_s, u"Сдача %1"_s).arg(amountText(payment->amount - m_sum)), "value");
     } else {
         showChange(payment.failure().brief, typedAmount(m_received->text()) ? "waiting" : "error");
     }

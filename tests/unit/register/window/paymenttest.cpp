@@ -95,6 +95,9 @@ TEST_F(PaymentTest, currency_isShownBesideTheSumWhenThereIsOne)
     openWindow();
     EXPECT_EQ(text("paymentCurrencyLabel"), u"BYN"_s);
     EXPECT_TRUE(isSeen("paymentCurrencyLabel"));
+    EXPECT_EQ(text("changeLabel"), u"Сдача 0,00\u00a0BYN"_s);
+    type("12,39");
+    EXPECT_EQ(text("changeLabel"), u"Не хватает 0,01\u00a0BYN"_s);
 }
 
 TEST_F(PaymentTest, payment_asksForTheMoney)
