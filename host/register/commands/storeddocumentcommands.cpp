@@ -164,7 +164,7 @@ EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
         return documentwords::voiding(*document, before);
     };
     params.print = [this](const auto& document) { return print(*document); };
-    params.openDocument = m_till.document() ? m_till.document()->getNumber() : 0;
+    params.obstacleToAnother = m_till.obstacleToAnotherDocument();
     params.marks = &m_marks;
     const QVariantMap answer = askForm(DocumentListParams::eventCode, params, {EInput::Keyboard, EInput::Scanner});
     if (const int number = answer.value(u"resume"_s).toInt(); number > 0) {

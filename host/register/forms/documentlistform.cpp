@@ -253,12 +253,8 @@ void DocumentListForm::showHint()
         showHint(m_outcome.text, m_outcome.textRole);
     } else if (const auto obstacle = m_params.warning(*document)) {
         showHint(obstacle->text.ui(), "waiting");
-    } else if (m_params.openDocument != 0) {
-        showHint(tr::Tr(u"documentsReceiptOpen"_s,
-                        u"Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен."_s)
-                     .arg(QString::number(m_params.openDocument))
-                     .ui(),
-                 "hint");
+    } else if (m_params.obstacleToAnother) {
+        showHint(m_params.obstacleToAnother->text.ui(), "hint");
     } else {
         showHint(m_print->toolTip(), "hint");
     }

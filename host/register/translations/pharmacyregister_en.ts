@@ -368,9 +368,9 @@ Call the administrator.</translation>
     </message>
     <message id="keyNeedsNoReceipt">
         <source>«%1» работает, когда чек не открыт.
-Закончите или отложите чек и повторите.</source>
-        <translation>“%1” works while no receipt is open.
-Finish or suspend the receipt and try again.</translation>
+Завершите или отложите чек и повторите.</source>
+        <translation>“%1” works only while no document is open.
+Finish or suspend the open one and try again.</translation>
     </message>
     <message id="keyNeedsDocuments">
         <source>«%1» работает в списке документов.
@@ -388,9 +388,9 @@ Open it from the menu and try again.</translation>
     </message>
     <message id="pluginCommandInReturn">
         <source>Открыт возврат, а эта команда действует только в продаже.
-Закончите возврат, откройте чек и повторите.</source>
-        <translation>A return is open, and this command works in a sale only.
-Finish the return, open a receipt and try again.</translation>
+Завершите возврат, откройте чек и повторите.</source>
+        <translation>A return is open, and this command works only in a sale.
+Finish the return, open a sale and try again.</translation>
     </message>
     <message id="menuOnlyInSales">
         <source>только в продаже</source>
@@ -720,15 +720,15 @@ Enter the money received, for example 50 or 12.40.</translation>
     </message>
     <message id="positionOfNoPlugin">
         <source>Документ № %1: позиция № %2 отпускается %3, а ни один модуль не работает.
-Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно отложить.</source>
-        <translation>Document No. %1: position %2 is dispensed %3, and no plug-in works.
-Call the administrator and repeat this when the plug-in works. Until then an open document can be put aside.</translation>
+Позовите администратора и повторите, когда модуль заработает.%4</source>
+        <translation>Document No. %1: position No. %2 is dispensed %3, and no plug-in works.
+Call the administrator, and try again when the plug-in works.%4</translation>
     </message>
     <message id="positionOfIdlePlugin">
         <source>Документ № %1: позицию № %2 ведёт модуль «%3», а он не работает.
-Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно отложить.</source>
-        <translation>Document No. %1: position %2 belongs to the plug-in "%3", which does not work.
-Call the administrator and repeat this when the plug-in works. Until then an open document can be put aside.</translation>
+Позовите администратора и повторите, когда модуль заработает.%4</source>
+        <translation>Document No. %1: position No. %2 belongs to plug-in “%3”, which does not work.
+Call the administrator, and try again when the plug-in works.%4</translation>
     </message>
     <message id="menuPluginsIdle">
         <source>модули не работают</source>
@@ -1095,10 +1095,6 @@ Check that the right row is chosen and try again. If that does not help, call th
     <message id="documentsNotFound">
         <source>Ничего не найдено. Измените строку поиска; давние документы ищут по номеру или дню.</source>
         <translation>Nothing was found. Change the search; old documents are found by number or day.</translation>
-    </message>
-    <message id="documentsReceiptOpen">
-        <source>Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен.</source>
-        <translation>Receipt No. %1 is open: documents can be taken up and returned when it is finished or put aside.</translation>
     </message>
     <message id="documentColumnNumber">
         <source>№</source>
@@ -1813,6 +1809,32 @@ Finish it: cancel the receipt again.</translation>
     <message id="menuHelp">
         <source>Справка</source>
         <translation>Help</translation>
+    </message>
+    <message id="suspendMeanwhile">
+        <source>Открытый документ пока можно отложить.</source>
+        <translation>Until then you can suspend the open document.</translation>
+    </message>
+    <message id="documentAlreadyOpen">
+        <source>Документ № %1 уже открыт, отложить его нельзя.
+Завершите его, чтобы открыть следующий чек.</source>
+        <translation>Document No. %1 is already open and cannot be suspended.
+Finish it to open the next sale.</translation>
+    </message>
+    <message id="finishOpenDocumentFirst">
+        <source>Сначала завершите открытый документ № %1: отложить его нельзя.</source>
+        <translation>First finish the open document No. %1: it cannot be suspended.</translation>
+    </message>
+    <message id="takeBackSuspendedIdle">
+        <source>Возврат продажи № %1 начат и отложен, его номер %2: %3.
+Позовите администратора. Когда модуль заработает, возьмите возврат в работу из списка документов.</source>
+        <translation>The return of sale No. %1 has begun and is suspended as No. %2: %3.
+Call the administrator. When the plug-in works, resume the return from the list of documents.</translation>
+    </message>
+    <message id="keyNeedsNoDocument">
+        <source>«%1» работает, когда чек не открыт.
+Завершите открытый документ и повторите.</source>
+        <translation>“%1” works only while no document is open.
+Finish the open one and try again.</translation>
     </message>
 </context>
 </TS>
