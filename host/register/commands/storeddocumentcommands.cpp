@@ -100,6 +100,13 @@ tr::Tr notRefunded(const Document& document, const PositionMarks& marks, bool is
         .arg(marks.origin(**external));
 }
 
+Obstacle suspendedUnsettled(const Document& document)
+{
+    return {tr::Tr(u"suspendedUnsettled"_s, u"Документ № %1: неизвестно, прошла ли операция по карте.\n"
+                                            "Возьмите его в работу: касса спросит терминал."_s)
+                .arg(QString::number(document.getNumber()))};
+}
+
 tr::Tr noDocument(int number)
 {
     return tr::Tr(u"documentNotFound"_s, u"Документа № %1 нет среди отложенных и завершённых.\nПроверьте номер."_s)
@@ -152,6 +159,9 @@ EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
     params.warning = [this](const Document& document) {
         if (m_till.archive().damagedReturn(document, m_till.document())) {
             return m_till.obstacleToVoiding(document); // it names the damaged file
+        }
+        if (document.getState() == Document::State::Suspended && document.unsettledCardOperation()) {
+            return std::optional(suspendedUnsettled(document));
         }
         const std::optional<Obstacle> begun = m_till.obstacleOfVoiding(document);
         return begun ? begun : m_till.obstacleOfPlugins(document);

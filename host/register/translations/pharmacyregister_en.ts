@@ -1836,5 +1836,19 @@ Call the administrator. When the plug-in works, resume the return from the list 
         <translation>“%1” works only while no document is open.
 Finish the open one and try again.</translation>
     </message>
+    <message id="documentTakeBackPutAsideUnsettled">
+        <source>Возврат отложен, исход по карте неизвестен</source>
+        <translation>Return, suspended, card outcome unknown</translation>
+    </message>
+    <message id="documentPutAsideUnsettled">
+        <source>Отложен, исход по карте неизвестен</source>
+        <translation>Suspended, card outcome unknown</translation>
+    </message>
+    <message id="suspendedUnsettled">
+        <source>Документ № %1: неизвестно, прошла ли операция по карте.
+Возьмите его в работу: касса спросит терминал.</source>
+        <translation>Document No. %1: it is not known whether the card operation went through.
+Resume it: the register asks the terminal.</translation>
+    </message>
 </context>
 </TS>
