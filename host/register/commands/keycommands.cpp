@@ -68,7 +68,7 @@ void cancelIfEmpty(const Document& opened)
 
 std::optional<Obstacle> obstacleToKey(const FunctionKey& key, const Till& till)
 {
-    if (Singleton<ActionQueueController>::get()->isHandled(key.actionType) || opensSale(key)) {
+    if (doesSomething(key)) {
         return std::nullopt;
     }
     Obstacle reason = reasonOf(key.actionType, till);

@@ -387,7 +387,7 @@ std::optional<Obstacle> Till::obstacleToCancelling() const
         return m_document ? obstacleOfPlugins(*m_document) : std::nullopt;
     }
     return Obstacle{{u"refundedNotCancelled"_s,
-                     u"По возврату уже возвращали деньги, он не отменяется.\nЗавершите его: «Оплата»."_s}};
+                     u"По возврату уже возвращали деньги, он не отменяется.\nЗавершите его: перейдите к оплате."_s}};
 }
 
 Document::Returned Till::returned(const Document& sale) const

@@ -914,11 +914,11 @@ Remove it?</translation>
     </message>
     <message id="cancelBegunTakeBackQuestion">
         <source>Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.
-Правильно завершить его: «Нет», затем «Оплата».
+Правильно завершить его: ответьте «Нет» и перейдите к оплате.
 Всё равно отменить возврат?</source>
-        <translation>Return No. %1 of %2 has been done in part already, and that stands.
-The right thing is to finish it: “No”, then “Payment”.
-Cancel the return all the same?</translation>
+        <translation>Return No. %1 of %2 has been carried out in part, and that stands.
+The right thing is to finish it: answer “No” and go to the payment.
+Cancel the return anyway?</translation>
     </message>
     <message id="cancelTakeBackTitle">
         <source>Отмена возврата</source>
@@ -1437,8 +1437,8 @@ Pay out change of %3?</translation>
         <translation>Back to the card</translation>
     </message>
     <message id="returnTitle">
-        <source>Возврат товара. %1: отметьте, что возвращают</source>
-        <translation>Return of goods. %1: tick what comes back</translation>
+        <source>Возврат товара. %1: что возвращают</source>
+        <translation>Return of goods. %1: what is returned</translation>
     </message>
     <message id="returnColumnChosen">
         <source>Вернуть</source>
@@ -1560,9 +1560,9 @@ Repeat the return: the register asks the terminal.</translation>
     </message>
     <message id="refundedNotCancelled">
         <source>По возврату уже возвращали деньги, он не отменяется.
-Завершите его: «Оплата».</source>
-        <translation>Money was already given back for this return; it cannot be cancelled.
-Finish it with “Payment”.</translation>
+Завершите его: перейдите к оплате.</source>
+        <translation>Money has already been given back for this return; it cannot be cancelled.
+Finish it: go to the payment.</translation>
     </message>
     <message id="paymentByCard">
         <source>Картой</source>
@@ -1593,8 +1593,8 @@ Finish it with “Payment”.</translation>
         <translation>Enter gives the money back to the card and closes the return, Esc goes back to the positions.</translation>
     </message>
     <message id="paymentCardHint">
-        <source>Ввод — закрыть чек, F11 — остаток картой, Esc — назад к позициям. Пустое поле — ровно сумма к оплате.</source>
-        <translation>Enter closes the receipt, F11 has the card pay the rest, Esc goes back to the positions. An empty field is exactly the amount due.</translation>
+        <source>Ввод — закрыть чек, %1 — остаток картой, Esc — назад к позициям. Пустое поле — ровно сумма к оплате.</source>
+        <translation>Enter: close the sale, %1: pay the rest by card, Esc: back to the positions. Empty field: exactly the amount due.</translation>
     </message>
     <message id="cancellingBegun">
         <source>Отмена чека № %1 начата, деньги возвращены или могли быть возвращены.
@@ -1743,20 +1743,20 @@ Finish it: cancel the receipt again.</translation>
         <translation>Space</translation>
     </message>
     <message id="helpReturnSpace">
-        <source>вернуть позицию или оставить</source>
-        <translation>return the position, or not</translation>
+        <source>выбрать позицию или снять</source>
+        <translation>choose the position or leave it out</translation>
     </message>
     <message id="helpReturnAll">
-        <source>отметить все или ни одной</source>
+        <source>выбрать все или снять все</source>
         <translation>choose all or none</translation>
     </message>
     <message id="helpReturnEnter">
-        <source>открыть возврат</source>
-        <translation>open the return</translation>
+        <source>вернуть выбранные</source>
+        <translation>return what is chosen</translation>
     </message>
     <message id="helpReturnNext">
-        <source>Отметьте, что покупатель возвращает, и откройте возврат.</source>
-        <translation>Choose what the customer returns, and open the return.</translation>
+        <source>Сначала выбраны все позиции, которые можно вернуть. Снимите лишние, затем верните выбранные.</source>
+        <translation>At first all positions that can be returned are chosen. Leave out the others, then return what is chosen.</translation>
     </message>
     <message id="helpAnyTab">
         <source>к следующему полю или кнопке</source>
@@ -1783,8 +1783,8 @@ Finish it: cancel the receipt again.</translation>
         <translation>Close</translation>
     </message>
     <message id="idleHelpKey">
-        <source>F1 — какие клавиши работают, на любом экране.</source>
-        <translation>F1: which keys work, on every screen.</translation>
+        <source>%1 — какие клавиши работают, на любом экране.</source>
+        <translation>%1: which keys work, on every screen.</translation>
     </message>
     <message id="goodsSelectionAllShown">
         <source>Показаны все товары, не только с МНН «%1». Сверьте действующее вещество.</source>
@@ -1849,6 +1849,14 @@ Finish the open one and try again.</translation>
 Возьмите его в работу: касса спросит терминал.</source>
         <translation>Document No. %1: it is not known whether the card operation went through.
 Resume it: the register asks the terminal.</translation>
+    </message>
+    <message id="helpStatusMore">
+        <source>прочитать сообщение внизу целиком</source>
+        <translation>read the whole message at the bottom</translation>
+    </message>
+    <message id="helpAnyNext">
+        <source>Прочитайте, что написано на экране, и нажмите нужную кнопку.</source>
+        <translation>Read what the screen says, then press the button you need.</translation>
     </message>
 </context>
 </TS>
