@@ -36,8 +36,8 @@ Log4Qt::Logger* logger()
 bool isJournalKept(const ElectronicPrescriptionInterface& registry)
 {
     const RequestJournal* const journal = Singleton<RequestJournal>::get();
-    const QString base = Singleton<Config>::get()->getString(u"ElectronicPrescription:requestsUrl"_s,
-                                                             u"http://localhost"_s);
+    const QString base =
+        Singleton<Config>::get()->getString(u"ElectronicPrescription:requestsUrl"_s, u"http://localhost"_s);
     return journal->covers(registry.formUrl(base, dispenseanswer::registrationPath)) &&
            journal->covers(registry.formUrl(base, dispenseanswer::cancellationPath(u"1"_s)));
 }
@@ -59,7 +59,8 @@ bool DispenseRecovery::init()
         logger()->error(u"RestClient:journal has to contain */MedicationDispense/*"_s);
         return false;
     }
-    m_statuses = config->getString(u"DispenseRecovery:statuses"_s, u"active,completed"_s).split(u',', Qt::SkipEmptyParts);
+    m_statuses =
+        config->getString(u"DispenseRecovery:statuses"_s, u"active,completed"_s).split(u',', Qt::SkipEmptyParts);
     for (QString& status : m_statuses) {
         status = status.trimmed();
     }

@@ -27,8 +27,8 @@ struct DispenseRequest {
     Kind kind = Kind::Registration;
     Outcome outcome = Outcome::Open;
     QString prescription; ///< of a registration; the registry's id
-    QString dispense;     ///< the registry's id: of a cancellation, or of a registration that is Done. May be empty then
-    DispenseFacts facts;  ///< of a registration
+    QString dispense;    ///< the registry's id: of a cancellation, or of a registration that is Done. May be empty then
+    DispenseFacts facts; ///< of a registration
 
     /// Reads a request of the journal; empty when it is about no dispense.
     static std::optional<DispenseRequest> of(const JournalledRequest& request);

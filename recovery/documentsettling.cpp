@@ -180,9 +180,9 @@ bool DocumentSettling::decide(const Positions& positions)
         }
     }
     return undecided.isEmpty() ||
-           (askRegistry(undecided) &&
-            std::all_of(undecided.cbegin(), undecided.cend(),
-                        [this](const Undecided& one) { return carryOut(decisionOf(one), one); }));
+           (askRegistry(undecided) && std::all_of(undecided.cbegin(), undecided.cend(), [this](const Undecided& one) {
+                return carryOut(decisionOf(one), one);
+            }));
 }
 
 /// Asks for all positions before the first decision. When that fails the cashier reads what stays open.
@@ -212,7 +212,7 @@ DocumentSettling::Decision DocumentSettling::decisionOf(const Undecided& undecid
         return askCashier(undecided, {}); // the registry does not show the prescription
     }
     return undecided.history.open()->kind == Kind::Registration ? decisionOfRegistration(undecided, *shown)
-                                                                 : decisionOfCancellation(undecided, *shown);
+                                                                : decisionOfCancellation(undecided, *shown);
 }
 
 DocumentSettling::Decision DocumentSettling::decisionOfRegistration(const Undecided& undecided,
@@ -238,8 +238,8 @@ DocumentSettling::Decision DocumentSettling::decisionOfCancellation(const Undeci
                                                                     const QList<RegistryDispense>& shown) const
 {
     const QString dispense = undecided.history.open()->dispense;
-    const bool isThere = std::any_of(shown.cbegin(), shown.cend(),
-                                     [&](const RegistryDispense& one) { return one.id == dispense; });
+    const bool isThere =
+        std::any_of(shown.cbegin(), shown.cend(), [&](const RegistryDispense& one) { return one.id == dispense; });
     if (isThere) {
         return {Verdict::Registered, dispense};
     }

@@ -26,8 +26,8 @@ public:
     /// @param registry is not owned and outlives this object
     /// @param document not null
     /// @param statuses of prescriptions to ask the registry for, in this order
-    DocumentSettling(const ElectronicPrescriptionInterface& registry,
-                     const QSharedPointer<AbstractDocument>& document, const QStringList& statuses);
+    DocumentSettling(const ElectronicPrescriptionInterface& registry, const QSharedPointer<AbstractDocument>& document,
+                     const QStringList& statuses);
 
     /// Applies the answers that did not reach the document, and marks the positions whose outcome is open.
     void applyAnswers();

@@ -11,8 +11,8 @@ PositionHistory::PositionHistory(const GoodsItem& position, const QString& docum
                                  const QList<DispenseRequest>& requests)
     : m_position([&] {
         const PositionOptions options(position);
-        return OfDocument{document, options.id(), options.medicationDispenseId(),
-                          roundToCents(options.doseQuantity()), options.isRegistered()};
+        return OfDocument{document, options.id(), options.medicationDispenseId(), roundToCents(options.doseQuantity()),
+                          options.isRegistered()};
     }())
     , m_known(m_position.isRegistered ? Known::Registered : Known::Nothing)
     , m_dispense(m_position.dispense)

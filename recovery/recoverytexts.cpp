@@ -22,8 +22,9 @@ tr::Tr wayOn(const AbstractDocument& document)
         return {u"dispenseRecoveryWayOnReturn"_s,
                 u"Повторите подытог, когда реестр снова отвечает, или отмените возврат: продажа останется как была."_s};
     }
-    return {u"dispenseRecoveryWayOnSale"_s,
-            u"Чек можно отложить и обслужить следующего покупателя; когда чек возобновят, касса спросит реестр снова."_s};
+    return {
+        u"dispenseRecoveryWayOnSale"_s,
+        u"Чек можно отложить и обслужить следующего покупателя; когда чек возобновят, касса спросит реестр снова."_s};
 }
 
 } // namespace
@@ -49,7 +50,8 @@ QString nameOf(const GoodsItem& position)
 tr::Tr registered(const GoodsItem& position, const QString& dispense)
 {
     if (dispense.isEmpty()) {
-        return tr::Tr(u"dispenseRecoveryRegisteredWithoutId"_s, u"Отпуск записан в реестре: %1."_s).arg(nameOf(position));
+        return tr::Tr(u"dispenseRecoveryRegisteredWithoutId"_s, u"Отпуск записан в реестре: %1."_s)
+            .arg(nameOf(position));
     }
     return tr::Tr(u"dispenseRecoveryRegistered"_s, u"Отпуск записан в реестре под номером %2: %1."_s)
         .arg(nameOf(position))

@@ -29,6 +29,6 @@ private:
 
     const ElectronicPrescriptionInterface& m_registry;
     const QString m_cardNumber;
-    QStringList m_statuses; ///< not asked for yet
+    QStringList m_statuses;                              ///< not asked for yet
     QHash<QString, QList<RegistryDispense>> m_dispenses; ///< by the prescription's id
 };

@@ -9,6 +9,7 @@
 #include "prescriptiondate.h"
 #include "prescriptionhelp.h"
 
+#include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 
@@ -283,7 +284,23 @@ void ElectronicPrescriptionForm::fill(const ElectronicPrescription& prescription
         for (const QString& name : {field.captionLabel(), field.valueLabel()}) {
             if (auto* label = findWidget<QLabel>(name)) {
                 label->setVisible(field.value(shown).has_value());
+                leaveNoRoomIfHidden(label);
             }
+        }
+    }
+}
+
+/// The rows share the room that a large screen has to spare: a hidden one would be a gap.
+void ElectronicPrescriptionForm::leaveNoRoomIfHidden(QLabel* label) const
+{
+    for (auto* grid : rootWidget()->findChildren<QGridLayout*>()) {
+        const int index = grid->indexOf(label);
+        if (index >= 0 && label->isHidden()) {
+            int row = 0;
+            int column = 0;
+            int span = 0;
+            grid->getItemPosition(index, &row, &column, &span, &span);
+            grid->setRowStretch(row, 0);
         }
     }
 }

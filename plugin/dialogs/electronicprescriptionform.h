@@ -8,6 +8,8 @@
 
 #include <QVariant>
 
+class QLabel;
+
 /// Shows all details of a prescription and its patient. Answers "status": 0 pick the medicine, -1 go back.
 ///
 /// Layout: "electronicprescription.ui". The medicine can be picked only when the record's status is "active".
@@ -34,6 +36,7 @@ private:
     void setUpKeys();
     /// @param patient null: the patient's labels stay as they are laid out
     void fill(const ElectronicPrescription& prescription, const Patient* patient);
+    void leaveNoRoomIfHidden(QLabel* label) const;
     void highlightDiscount();
     /// Shows "expiredLabel", where the layout has it, after `lastDay`: the prescription is still valid on that day.
     void showIfExpired(const QDate& lastDay);

@@ -35,7 +35,7 @@ void ElectronicPrescriptionService::fillDictionaryName(const QSharedPointer<Elec
     // number's digits, so a code kept there with leading zeros is not found. The connection cannot write.
     const QString statement =
         u"SELECT dictname FROM medicine WHERE dictcode = "_s + prescription->getDictCode() + u" LIMIT 1"_s;
-    if (!query.prepare(statement)) {
+    if (!goods.isOpen() || !query.prepare(statement)) { // Qt would write a warning for a closed one
         logger->error(
             u"Ошибка выполнения prepare для запроса %1: %2"_s.arg(query.lastQuery(), query.lastError().text()));
         return;

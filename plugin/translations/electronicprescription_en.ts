@@ -6,19 +6,19 @@
     <name></name>
     <message id="inputCardTitle">
         <source>Ввод карты</source>
-        <translation>Card</translation>
+        <translation>Patient’s card</translation>
     </message>
     <message id="electronicPrescriptionInputCard">
         <source>Введите номер карты</source>
-        <translation>Enter the card number</translation>
+        <translation>Type the card number</translation>
     </message>
     <message id="electronicPrescriptionProcessMessage">
         <source>Обращение к сервису электронных рецептов</source>
-        <translation>Asking the electronic prescription service</translation>
+        <translation>Contacting the electronic prescription service</translation>
     </message>
     <message id="electronicPrescriptionTokenStep">
         <source>Вход в сервис электронных рецептов</source>
-        <translation>Logging in to the prescription service</translation>
+        <translation>Logging in to the electronic prescription service</translation>
     </message>
     <message id="electronicPrescriptionLookUpStep">
         <source>Поиск рецептов по карте</source>
@@ -26,7 +26,7 @@
     </message>
     <message id="electronicPrescriptionLookUpStopped">
         <source>Поиск рецептов прекращён кассиром. В реестре ничего не изменено. Чтобы начать поиск снова, дайте команду ещё раз.</source>
-        <translation>The cashier stopped the look-up. Nothing was changed in the registry. Give the command again to look again.</translation>
+        <translation>The cashier stopped the look-up. Nothing was changed in the registry. To look again, give the command again.</translation>
     </message>
     <message id="electronicPrescriptionRegistrationStep">
         <source>Регистрация отпуска %1 из %2. Рецепт %3, товар: %4</source>
@@ -38,7 +38,7 @@
     </message>
     <message id="electronicPrescriptionRegistrationUnknown">
         <source>Неизвестно, записан ли в реестре этот отпуск; чек не закрыт. Записано до него: %1 из %2. Не повторяйте подытог, пока администратор не проверит этот рецепт в реестре: повтор может записать отпуск второй раз.</source>
-        <translation>Nobody knows whether the registry holds this dispense; the receipt is not closed. Registered before it: %1 of %2. Do not repeat the subtotal before the administrator has checked this prescription in the registry: the dispense could be registered twice.</translation>
+        <translation>It is not known whether the registry recorded this dispense; the document is not closed. Registered before it: %1 of %2. Do not repeat the subtotal before the administrator has checked this prescription in the registry: the dispense could be registered twice.</translation>
     </message>
     <message id="electronicPrescriptionRegistrationToBeSettled">
         <source>Неизвестно, записан ли в реестре этот отпуск; чек не закрыт. Записано до него: %1 из %2. Повторите команду: касса сначала спросит реестр и не запишет отпуск второй раз.</source>
@@ -46,11 +46,11 @@
     </message>
     <message id="electronicPrescriptionRegistrationNotDone">
         <source>Реестр не подтвердил этот отпуск; чек не закрыт. Записано до него: %1 из %2, повторно они не отправляются. Когда причина устранена, повторите подытог.</source>
-        <translation>The registry did not confirm this dispense; the receipt is not closed. Registered before it: %1 of %2; they are not sent again. When the cause is mended, repeat the subtotal.</translation>
+        <translation>The registry did not confirm this dispense; the document is not closed. Registered before it: %1 of %2; they are not sent again. When the cause is fixed, repeat the subtotal.</translation>
     </message>
     <message id="electronicPrescriptionCancellationUnknown">
         <source>Неизвестно, отменён ли этот отпуск в реестре. Прежде чем повторять, попросите администратора проверить этот рецепт в реестре.</source>
-        <translation>Nobody knows whether this dispense is cancelled in the registry. Before you try again, have the administrator check this prescription in the registry.</translation>
+        <translation>It is not known whether this dispense was cancelled in the registry. Before you try again, ask the administrator to check this prescription in the registry.</translation>
     </message>
     <message id="electronicPrescriptionCancellationToBeSettled">
         <source>Реестр не подтвердил отмену. Когда причина устранена, повторите команду: касса сначала спросит реестр, отменён ли этот отпуск.</source>
@@ -58,7 +58,7 @@
     </message>
     <message id="electronicPrescriptionCancellationNotDone">
         <source>Реестр не подтвердил отмену; касса по-прежнему считает отпуск записанным. Если реестр пишет, что отпуск уже отменён, позовите администратора; иначе повторите, когда причина устранена.</source>
-        <translation>The registry did not confirm the cancellation; the register still counts the dispense as registered. If the registry says that the dispense is cancelled already, call the administrator; otherwise try again when the cause is mended.</translation>
+        <translation>The registry did not confirm the cancellation; the register still counts the dispense as registered. If the registry says that the dispense is already cancelled, call the administrator; otherwise try again when the cause is fixed.</translation>
     </message>
     <message id="electronicPrescriptionNoPrescriptionsError">
         <source>Рецепты не найдены</source>
@@ -66,7 +66,7 @@
     </message>
     <message id="inputTextFormScanError">
         <source>Ошибка разбора введенных данных, повторите сканирование</source>
-        <translation>The scan could not be read, scan again</translation>
+        <translation>The scan could not be read; scan again</translation>
     </message>
     <message id="inputTextFormOkBtn">
         <source>ОК</source>
@@ -98,7 +98,7 @@
     </message>
     <message id="electronicPrescriptionChoiceFormPatientBirthdayLabel">
         <source>Дата рождения пациента:</source>
-        <translation>Patient’s birthday:</translation>
+        <translation>Patient’s date of birth:</translation>
     </message>
     <message id="electronicPrescriptionChoiceFormPractitionerNameLabel">
         <source>ФИО врача:</source>
@@ -191,7 +191,7 @@ dispensed</translation>
 '%1'
 отпущен</source>
         <translation>The medicine prescribed as
-'%1'
+“%1”
 has been dispensed</translation>
     </message>
     <message id="electronicPrescriptionConfirmDispenseFormPrescribedDoses">
@@ -202,7 +202,7 @@ Dispensed before: %2</translation>
     </message>
     <message id="electronicPrescriptionConfirmDispenseFormChoiceHint">
         <source>Выберите ответ стрелкой и нажмите «Ввод»</source>
-        <translation>Choose the answer with an arrow key and press Enter</translation>
+        <translation>Choose an answer with an arrow key and press Enter</translation>
     </message>
     <message id="electronicPrescriptionFormCancelButton">
         <source>Назад</source>
@@ -210,7 +210,7 @@ Dispensed before: %2</translation>
     </message>
     <message id="electronicPrescriptionFormChooseButton">
         <source>Подобрать</source>
-        <translation>Pick</translation>
+        <translation>Choose goods</translation>
     </message>
     <message id="electronicPrescriptionFormTitle">
         <source>Электронный рецепт</source>
@@ -254,7 +254,7 @@ AIS “ELECTRONIC PRESCRIPTION”:</translation>
     </message>
     <message id="electronicPrescriptionFormPatientBirthdayLabel">
         <source>Дата рождения пациента:</source>
-        <translation>Patient’s birthday:</translation>
+        <translation>Patient’s date of birth:</translation>
     </message>
     <message id="electronicPrescriptionFormPrescriptionDateLabel">
         <source>Дата выписки рецепта:</source>
@@ -274,7 +274,7 @@ AIS “ELECTRONIC PRESCRIPTION”:</translation>
     </message>
     <message id="electronicPrescriptionFormDiscountLabel">
         <source>Процент льготы:</source>
-        <translation>Discount:</translation>
+        <translation>Benefit:</translation>
     </message>
     <message id="electronicPrescriptionFormOrganizationLabel">
         <source>Организация:</source>
@@ -306,7 +306,7 @@ AIS “ELECTRONIC PRESCRIPTION”:</translation>
     </message>
     <message id="electronicPrescriptionFormPrescribedByTradeName">
         <source>Торговому наименованию</source>
-        <translation>trade name</translation>
+        <translation>Trade name</translation>
     </message>
     <message id="electronicPrescriptionFormDigitalSignatureYes">
         <source>Да</source>
@@ -318,7 +318,7 @@ AIS “ELECTRONIC PRESCRIPTION”:</translation>
     </message>
     <message id="electronicPrescriptionFormExpired">
         <source>Срок действия истёк</source>
-        <translation>It has expired</translation>
+        <translation>The prescription has expired</translation>
     </message>
     <message id="electronicPrescriptionInputDispensedDoseQuantityFormTitle">
         <source>Ввод количества отпущенных доз</source>
@@ -328,19 +328,19 @@ AIS “ELECTRONIC PRESCRIPTION”:</translation>
         <source>Введите количество отпущенных доз по рецепту на
 '%1 / %2'
 (выписано %3/отпущено ранее %4)</source>
-        <translation>Enter the number of doses dispensed for the prescription of
-'%1 / %2'
-(prescribed %3/dispensed before %4)</translation>
+        <translation>Type the number of doses dispensed for the prescription of
+“%1 / %2”
+(prescribed %3, dispensed before %4)</translation>
     </message>
     <message id="electronicPrescriptionInputDispensedDoseQuantityError">
         <source>Введено некорректное количество доз
 Повторите ввод</source>
         <translation>The number of doses is not valid
-Enter it again</translation>
+Type it again</translation>
     </message>
     <message id="electronicPrescriptionAuthorizationTokenError">
         <source>Ошибка при получении токена для авторизации</source>
-        <translation>The authorization token could not be fetched</translation>
+        <translation>The authorization token could not be obtained</translation>
     </message>
     <message id="electronicPrescriptionDispenseError">
         <source>Ошибка при отпуске лекарственного препарата по рецепту</source>
@@ -352,7 +352,7 @@ Enter it again</translation>
     </message>
     <message id="electronicPrescriptionGetPrescriptionsError">
         <source>Ошибка при получении списка рецептов</source>
-        <translation>The prescriptions could not be fetched</translation>
+        <translation>The list of prescriptions could not be obtained</translation>
     </message>
     <message id="electronicPrescriptionMark">
         <source>ЭР</source>
@@ -364,7 +364,7 @@ Enter it again</translation>
     </message>
     <message id="electronicPrescriptionMarkOrigin">
         <source>по рецепту</source>
-        <translation>on a prescription</translation>
+        <translation>for a prescription</translation>
     </message>
     <message id="electronicPrescriptionStateNotRegistered">
         <source>не зарегистрирован</source>
@@ -384,7 +384,7 @@ Enter it again</translation>
     </message>
     <message id="electronicPrescriptionReceiptDiscount">
         <source>Скидка по рецепту</source>
-        <translation>Prescription discount</translation>
+        <translation>Prescription benefit</translation>
     </message>
     <message id="electronicPrescriptionReceiptDoses">
         <source>Отпущено доз</source>
@@ -416,7 +416,7 @@ Enter it again</translation>
     </message>
     <message id="electronicPrescriptionHelpChoiceNext">
         <source>Выберите рецепт; чтобы сузить список, введите часть МНН. Затем касса покажет сведения о рецепте.</source>
-        <translation>Choose a prescription; type a part of the INN for a shorter list. The register then shows its details.</translation>
+        <translation>Choose a prescription; type part of the INN to shorten the list. The register then shows its details.</translation>
     </message>
     <message id="electronicPrescriptionHelpDetailsEnter">
         <source>подобрать товар по рецепту</source>
@@ -432,7 +432,7 @@ Enter it again</translation>
     </message>
     <message id="electronicPrescriptionHelpDetailsReadOnly">
         <source>Этот рецепт можно только посмотреть: товар по нему не подбирают.</source>
-        <translation>This prescription can only be looked at: no goods are chosen for it.</translation>
+        <translation>You can only look at this prescription: no goods are chosen for it.</translation>
     </message>
     <message id="electronicPrescriptionHelpConfirmationArrows">
         <source>выбрать «Частично» или «Полностью»</source>
@@ -440,15 +440,15 @@ Enter it again</translation>
     </message>
     <message id="electronicPrescriptionHelpConfirmationEnter">
         <source>подтвердить выбранное</source>
-        <translation>confirm what was chosen</translation>
+        <translation>confirm your choice</translation>
     </message>
     <message id="electronicPrescriptionHelpConfirmationNext">
         <source>«Полностью» закрывает рецепт: остаток доз больше не отпустить. «Частично» оставляет его открытым.</source>
-        <translation>“In full” closes the prescription: its other doses can no longer be dispensed. “In part” leaves it open.</translation>
+        <translation>“In full” closes the prescription: no more doses can be dispensed. “In part” leaves it open.</translation>
     </message>
     <message id="electronicPrescriptionDosesHint">
         <source>Число больше 0, не больше двух знаков после запятой или точки</source>
-        <translation>A number above 0 with at most two decimals, comma or point</translation>
+        <translation>A number above 0 with at most two decimals, after a comma or a point</translation>
     </message>
 </context>
 </TS>

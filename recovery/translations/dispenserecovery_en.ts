@@ -102,7 +102,7 @@
     </message>
     <message id="dispenseChoiceHelpNext">
         <source>Найдите отпуск, ответ на который не дошёл: сверьте время, дозы и аптеку. Если его нет, выберите последнюю строку. Не уверены — отложите решение: чек можно отложить и обслужить следующего покупателя.</source>
-        <translation>Find the dispense whose answer was lost: compare time, doses and pharmacy. If it is not there, choose the last row. If you are not sure, decide later: you can suspend the receipt and serve the next customer.</translation>
+        <translation>Find the dispense whose answer was lost: compare time, doses and pharmacy. If it is not there, choose the last row. If you are not sure, decide later: you can suspend the document and serve the next customer.</translation>
     </message>
     <message id="dispenseRecoveryStateUnknown">
         <source>состояние неизвестно</source>

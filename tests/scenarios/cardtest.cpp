@@ -83,7 +83,7 @@ TEST_F(CardPayments, mixedSaleAndItsReturn_arePrintedAndTheCardGetsItsMoneyBack)
 
     expectPlayed(
         playWithTerminal({cashier::opensTheReturn, R"({"contains": "Возврат № 2", "in": "receiptNumberLabel"})",
-                          R"({"key": "F12"}, {"expect": "На карту 2,40, наличными 10,00", "in": "chargedLabel"},
+                          R"({"key": "F12"}, {"expect": "На карту 2,40 BYN, наличными 10,00 BYN", "in": "chargedLabel"},
                                        {"key": "Return"})",
                           cashier::isIdle}));
     EXPECT_EQ(taken(), 0);

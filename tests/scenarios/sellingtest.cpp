@@ -230,7 +230,7 @@ TEST_F(Subtotal, screenLockedDuringThePayment_amountAndDocumentStay)
     expectPlayed(playSteps({cashier::findsTheDocument, cashier::toThePayment,
                             R"({"type": "50"}, {"wait": "lockScreen"}, {"key": "Space"},
                              {"visible": false, "in": "lockScreen"}, {"expect": "50", "in": "receivedLineEdit"},
-                             {"expect": "Сдача 47,37", "in": "changeLabel"}, {"key": "Return"})",
+                             {"expect": "Сдача 47,37 BYN", "in": "changeLabel"}, {"key": "Return"})",
                             cashier::isIdle}));
     EXPECT_EQ(finished(1)["received"].toDouble(), 50.0);
     EXPECT_EQ(registeredBy(finished(1)).size(), 3);

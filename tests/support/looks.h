@@ -9,6 +9,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
@@ -53,14 +54,40 @@ inline QStringList cutOff(const QWidget& screen)
     return found;
 }
 
+/// Texts that name a key of the keyboard. The keys of a keyboard on the screen have such names.
+inline QStringList namesOfKeys(const QStringList& texts)
+{
+    using namespace Qt::StringLiterals;
+    static const QRegularExpression key(u"\\bF\\d+\\b|\\bEsc\\b|\\bCtrl\\b|\\bTab\\b|Ввод —|«Ввод»|Пробел —|"
+                                        "\\b(?:Enter|Space|Return):|press (?:Enter|Return)"_s);
+    return texts.filter(key);
+}
+
+/// Every text of a screen that is shown, read aloud or told by a tip.
+inline QStringList textsOn(const QWidget& screen)
+{
+    QStringList texts;
+    for (const QWidget* widget : screen.findChildren<QWidget*>()) {
+        texts << widget->accessibleName() << widget->accessibleDescription() << widget->toolTip();
+        if (const auto* label = qobject_cast<const QLabel*>(widget)) {
+            texts << label->text();
+        } else if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
+            texts << button->text();
+        } else if (const auto* field = qobject_cast<const QLineEdit*>(widget)) {
+            texts << field->placeholderText();
+        }
+    }
+    return texts;
+}
+
 /// The contrast between the commonest colour of a picture and the one that differs most from it.
+/// @param picture of 32 bits a pixel
 inline double contrastWithin(const QImage& picture)
 {
     QHash<QRgb, int> counts;
     for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            ++counts[picture.pixel(x, y)];
-        }
+        const auto* line = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        std::for_each(line, line + picture.width(), [&counts](QRgb colour) { ++counts[colour]; });
     }
     const auto commonest = std::max_element(counts.cbegin(), counts.cend());
     const QColor ground(commonest.key());
@@ -75,7 +102,9 @@ inline double contrastWithin(const QImage& picture)
 inline QStringList faint(const QWidget& screen)
 {
     QStringList found;
-    for (QWidget* widget : screen.findChildren<QWidget*>()) {
+    QWidget* window = screen.window();
+    const QImage whole = window->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    for (const QWidget* widget : screen.findChildren<QWidget*>()) {
         const auto* label = qobject_cast<const QLabel*>(widget);
         const auto* button = qobject_cast<const QAbstractButton*>(widget);
         const bool hasText = (label && !label->text().isEmpty()) || (button && !button->text().isEmpty());
@@ -84,8 +113,7 @@ inline QStringList faint(const QWidget& screen)
         }
         constexpr int frame = 4; // has colours of its own
         const QRect inside = button ? widget->rect().adjusted(frame, frame, -frame, -frame) : widget->rect();
-        const QImage picture =
-            widget->window()->grab(QRect(widget->mapTo(widget->window(), inside.topLeft()), inside.size())).toImage();
+        const QImage picture = whole.copy(QRect(widget->mapTo(window, inside.topLeft()), inside.size()));
         if (const double contrast = contrastWithin(picture); contrast < 4.5) {
             found.append(nameOf(*widget) + QString::fromLatin1(" contrast ") + QString::number(contrast));
         }

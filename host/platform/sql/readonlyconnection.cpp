@@ -63,6 +63,18 @@ QString uniqueName(const QString& section)
     return u"read-only %1 %2"_s.arg(section).arg(++count);
 }
 
+/// One that is not installed, or for which no read-only mode is known.
+Failure noDriver(const QString& driver)
+{
+    return {tr::Tr(u"databaseDriverMissing"_s, u"нет драйвера %1"_s).arg(driver),
+            u"the driver %1 is not installed, or no read-only mode is known for it"_s.arg(driver)};
+}
+
+Failure notSet(const QString& key)
+{
+    return {tr::Tr(u"databaseKeyMissing"_s, u"%1 не задано в настройках"_s).arg(key), key + u" is not set"_s};
+}
+
 /// Whether it is a database at all: SQLite opens any file.
 Expected<void> isDatabase(const QSqlDatabase& database)
 {
@@ -93,6 +105,9 @@ ReadOnlyConnection::ReadOnlyConnection(const DatabaseAccess& access)
     : m_access(access)
     , m_name(uniqueName(access.section))
 {
+    if (!QSqlDatabase::isDriverAvailable(access.driver)) { // Qt would warn; open() says so
+        return;
+    }
     QSqlDatabase added = QSqlDatabase::addDatabase(access.driver, m_name);
     added.setDatabaseName(access.name);
     added.setHostName(access.host);
@@ -118,11 +133,11 @@ Expected<void> ReadOnlyConnection::open()
         return {};
     }
     const DriverMode* mode = modeOf(m_access.driver);
-    if (!mode) {
-        return untranslatedFailure(u"no read-only mode is known for the driver "_s + m_access.driver);
+    if (!mode || !connection.isValid()) {
+        return noDriver(m_access.driver);
     }
     if (m_access.name.isEmpty() && m_access.host.isEmpty()) { // SQLite would make an empty one up
-        return untranslatedFailure(m_access.section + u":name is not set"_s);
+        return notSet(m_access.section + u":name"_s);
     }
     m_file = FileIdentity::of(m_access.name);
     const std::chrono::milliseconds limit = m_access.timeout;

@@ -7,27 +7,27 @@
     <message id="actionInternalError">
         <source>Действие прервано из-за внутренней ошибки.
 Повторите действие. Если ошибка повторится, обратитесь в службу поддержки.</source>
-        <translation>An internal error stopped this action.
+        <translation>The action stopped because of an internal error.
 Try again. If it happens again, call support.</translation>
     </message>
     <message id="formsEnded">
         <source>Действие прервано: касса закрывается.</source>
-        <translation>The action was stopped: the register is being closed.</translation>
+        <translation>The action was stopped: the register is closing.</translation>
     </message>
     <message id="requestJournalNotWritable">
         <source>Запрос не отправлен: он не записан в журнал запросов (%1). Освободите место на диске или позовите администратора и повторите команду.</source>
-        <translation>The request was not sent: it could not be written to the journal of requests (%1). Free some disk space or call the administrator, and repeat the command.</translation>
+        <translation>The request was not sent: it could not be written to the request journal (%1). Free some disk space or call the administrator, then give the command again.</translation>
     </message>
     <message id="saveFolderNotConfigured">
         <source>в настройках нет Register:data</source>
-        <translation>Register:data is missing in the settings</translation>
+        <translation>Register:data is missing in the configuration</translation>
     </message>
     <message id="saveDocumentError">
         <source>Документ не сохранён на диск, в силе прежняя запись.
 Папка: %1
 Причина: %2
 Освободите место на диске или проверьте доступ к папке и повторите действие.</source>
-        <translation>The document was not saved, the copy saved before still holds.
+        <translation>The document was not saved; the copy saved earlier still holds.
 Folder: %1
 Reason: %2
 Free some disk space or check access to the folder, then try again.</translation>
@@ -38,19 +38,19 @@ Free some disk space or check access to the folder, then try again.</translation
     </message>
     <message id="restClientAddressNotUsable">
         <source>Адрес сервера в настройках не годится: нужен адрес http или https с именем сервера и верным портом, без имени пользователя и пароля. Запрос не отправлен. Обратитесь к администратору.</source>
-        <translation>The server’s address in the settings cannot be used: it must be an http or https address with the server’s name and a valid port, without a user name or password. Nothing was sent. Call the administrator.</translation>
+        <translation>The server’s address in the configuration cannot be used: it must be an http or https address with the server’s name and a valid port, without a user name or password. Nothing was sent. Call the administrator.</translation>
     </message>
     <message id="restClientHeaderNotUsable">
         <source>Запрос к серверу %1 не отправлен: в одном из его заголовков недопустимые символы. Обратитесь к администратору: проверить нужно настройки доступа.</source>
-        <translation>Nothing was sent to server %1: one of the request’s headers has characters that are not allowed. Call the administrator to check the access settings.</translation>
+        <translation>Nothing was sent to server %1: one of the request’s headers has characters that are not allowed. Call the administrator to check the access configuration.</translation>
     </message>
     <message id="restClientCertificatesNotReadable">
         <source>Запрос к серверу %1 не отправлен: файл доверенных сертификатов из настроек не читается. Обратитесь к администратору.</source>
-        <translation>Nothing was sent to server %1: the file of trusted certificates in the settings cannot be read. Call the administrator.</translation>
+        <translation>Nothing was sent to server %1: the file of trusted certificates in the configuration cannot be read. Call the administrator.</translation>
     </message>
     <message id="restClientOptionRefused">
         <source>Запрос к серверу %1 не отправлен: сетевая библиотека не приняла его настройки защиты. Обратитесь к администратору.</source>
-        <translation>Nothing was sent to server %1: the network library did not accept its security settings. Call the administrator.</translation>
+        <translation>Nothing was sent to server %1: the network library did not accept its security configuration. Call the administrator.</translation>
     </message>
     <message id="restClientNameNotFound">
         <source>Сервер %1 не найден. Проверьте подключение кассы к сети и повторите; если не поможет, обратитесь к администратору.</source>
@@ -62,11 +62,11 @@ Free some disk space or check access to the folder, then try again.</translation
     </message>
     <message id="restClientNotSecured">
         <source>Не удалось установить защищённое соединение с сервером %1. Повторите позже; если не поможет, обратитесь к администратору.</source>
-        <translation>No secure connection to server %1. Try again later; if that does not help, call the administrator.</translation>
+        <translation>No secure connection to server %1 could be made. Try again later; if that does not help, call the administrator.</translation>
     </message>
     <message id="restClientCertificateNotVerified">
         <source>Сертификат сервера %1 не прошёл проверку, запрос не отправлен. Проверьте дату и время на кассе и обратитесь к администратору.</source>
-        <translation>The certificate of server %1 was not verified, nothing was sent. Check the register’s date and time and call the administrator.</translation>
+        <translation>The certificate of server %1 could not be verified; nothing was sent. Check the register’s date and time and call the administrator.</translation>
     </message>
     <message id="restClientTimedOut">
         <source>Сервер %1 не ответил вовремя. Повторите позже.</source>
@@ -78,7 +78,7 @@ Free some disk space or check access to the folder, then try again.</translation
     </message>
     <message id="restClientAnswerTooLarge">
         <source>Ответ сервера %1 слишком велик и не принят. Обратитесь к администратору.</source>
-        <translation>The answer of server %1 is too large and was not accepted. Call the administrator.</translation>
+        <translation>The answer of server %1 was too large and was not accepted. Call the administrator.</translation>
     </message>
     <message id="restClientAnswerNotUnderstood">
         <source>Ответ сервера %1 не разобран. Повторите; если не поможет, обратитесь к администратору.</source>
@@ -110,7 +110,7 @@ Free some disk space or check access to the folder, then try again.</translation
     </message>
     <message id="restClientAnswerTooLargeUncertain">
         <source>Ответ сервера %1 слишком велик и не принят. Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен ли он, и обратитесь к администратору.</source>
-        <translation>The answer of server %1 is too large and was not accepted. The request may have been carried out: check before you try again, and call the administrator.</translation>
+        <translation>The answer of server %1 was too large and was not accepted. The request may have been carried out: check before you try again, and call the administrator.</translation>
     </message>
     <message id="restClientAnswerNotUnderstoodUncertain">
         <source>Ответ сервера %1 не разобран. Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен ли он.</source>
@@ -130,7 +130,7 @@ Free some disk space or check access to the folder, then try again.</translation
     </message>
     <message id="restClientStatusForbidden">
         <source>Сервер %1 отказал в доступе (ответ %2). Обратитесь к администратору: проверить нужно настройки доступа.</source>
-        <translation>Server %1 refused access (answer %2). Call the administrator to check the access settings.</translation>
+        <translation>Server %1 refused access (answer %2). Call the administrator to check the access configuration.</translation>
     </message>
     <message id="restClientStatusNotFound">
         <source>Сервер %1 не нашёл запрошенное (ответ %2). Проверьте введённые данные и повторите.</source>
@@ -154,11 +154,11 @@ Free some disk space or check access to the folder, then try again.</translation
     </message>
     <message id="restClientStatusServerError">
         <source>На сервере %1 произошла ошибка (ответ %2). Повторите позже; если не поможет, обратитесь к администратору.</source>
-        <translation>An error happened on server %1 (answer %2). Try again later; if that does not help, call the administrator.</translation>
+        <translation>An error occurred on server %1 (answer %2). Try again later; if that does not help, call the administrator.</translation>
     </message>
     <message id="restClientStatusServerErrorUncertain">
         <source>На сервере %1 произошла ошибка (ответ %2). Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен ли он.</source>
-        <translation>Server %1 had an error (answer %2). The request may have been carried out: check before you try again.</translation>
+        <translation>An error occurred on server %1 (answer %2). The request may have been carried out: check before you try again.</translation>
     </message>
     <message id="restClientStatusGatewayUncertain">
         <source>Сервер %1 не дождался ответа от внутренней службы (ответ %2). Запрос мог быть выполнен: прежде чем повторять, проверьте, выполнен ли он.</source>
@@ -172,13 +172,13 @@ Check the register’s list of plug-ins</translation>
     </message>
     <message id="formUiMissing">
         <source>файла нет</source>
-        <translation>there is no such file</translation>
+        <translation>the file does not exist</translation>
     </message>
     <message id="formUiLoadError">
         <source>Не удалось загрузить форму «%1»: %2
 Проверьте папки форм в настройках кассы</source>
-        <translation>Form '%1' could not be loaded: %2
-Check the folders of layouts in the register’s settings</translation>
+        <translation>Form “%1” could not be loaded: %2
+Check the layout folders in the register’s configuration</translation>
     </message>
     <message id="formUiWidgetNotFoundError">
         <source>Не найден виджет %1</source>
@@ -186,7 +186,7 @@ Check the folders of layouts in the register’s settings</translation>
     </message>
     <message id="formUiWidgetCastError">
         <source>Ошибка загрузки виджета '%1'. Не удалось '%2' привести к типу '%3'</source>
-        <translation>Widget '%1' could not be loaded. '%2' is not a '%3'</translation>
+        <translation>Widget “%1” could not be loaded. “%2” is not a “%3”</translation>
     </message>
     <message id="messageFormErrorTitle">
         <source>Ошибка</source>
@@ -198,11 +198,11 @@ Check the folders of layouts in the register’s settings</translation>
     </message>
     <message id="messageFormErrorWithoutText">
         <source>Произошла ошибка, её причина не названа. Повторите действие. Если ошибка повторится, обратитесь к администратору.</source>
-        <translation>An error occurred; its cause was not named. Try again. If it happens again, call the administrator.</translation>
+        <translation>An error occurred, and its cause was not given. Try again. If it happens again, call the administrator.</translation>
     </message>
     <message id="messageFormNoticeWithoutText">
         <source>Пришло сообщение без текста. Можно работать дальше.</source>
-        <translation>A message without a text has come. You can go on working.</translation>
+        <translation>A message without text arrived. You can go on working.</translation>
     </message>
     <message id="messageFormText">
         <source>Текст сообщения</source>
@@ -246,19 +246,19 @@ Check the folders of layouts in the register’s settings</translation>
     </message>
     <message id="inputTextFormScanError">
         <source>Ошибка разбора введенных данных, повторите сканирование</source>
-        <translation>The scan could not be read, scan again</translation>
+        <translation>The scan could not be read; scan again</translation>
     </message>
     <message id="inputTextFormScanRefused">
         <source>Штрихкод не принят: это значение вводят вручную</source>
-        <translation>Barcode refused: this value has to be typed</translation>
+        <translation>Barcode not accepted: this value has to be typed</translation>
     </message>
     <message id="inputTextFormIncomplete">
         <source>Введите значение полностью</source>
-        <translation>Enter the whole value</translation>
+        <translation>Type the whole value</translation>
     </message>
     <message id="inputTextFormWrong">
         <source>Введено неверно, исправьте значение</source>
-        <translation>This is not valid, correct it</translation>
+        <translation>This is not valid; correct it</translation>
     </message>
     <message id="inputTextFormEmpty">
         <source>Поле пустое. Введите или отсканируйте значение</source>
@@ -274,24 +274,24 @@ Check the folders of layouts in the register’s settings</translation>
     </message>
     <message id="databaseColumnMissing">
         <source>нет столбца %1</source>
-        <translation>the column %1 is missing</translation>
+        <translation>column %1 is missing</translation>
     </message>
     <message id="configNotReadable">
         <source>Настройки в файле %1 не прочитаны.
 Обратитесь к администратору.</source>
-        <translation>The settings in file %1 could not be read.
+        <translation>The configuration file %1 could not be read.
 Call the administrator.</translation>
     </message>
     <message id="jsonFileNotReadable">
         <source>Файл %1 не читается: %2
 Обратитесь к администратору.</source>
-        <translation>The file %1 cannot be read: %2
+        <translation>File %1 cannot be read: %2
 Call the administrator.</translation>
     </message>
     <message id="jsonFileDamaged">
         <source>Файл %1 повреждён.
 Обратитесь к администратору.</source>
-        <translation>The file %1 is damaged.
+        <translation>File %1 is damaged.
 Call the administrator.</translation>
     </message>
     <message id="helpEnterKey">
@@ -300,15 +300,15 @@ Call the administrator.</translation>
     </message>
     <message id="helpTextInputEnter">
         <source>принять введённое</source>
-        <translation>take what was entered</translation>
+        <translation>accept what you typed</translation>
     </message>
     <message id="helpTextInputEsc">
         <source>отказаться от ввода</source>
-        <translation>enter nothing</translation>
+        <translation>leave without typing anything</translation>
     </message>
     <message id="helpTextInputNext">
         <source>Введите значение и примите его: касса продолжит работу с ним.</source>
-        <translation>Enter the value and take it: the register goes on with it.</translation>
+        <translation>Type the value and accept it: the register goes on with it.</translation>
     </message>
     <message id="helpMessageEnter">
         <source>закрыть сообщение</source>
@@ -320,7 +320,15 @@ Call the administrator.</translation>
     </message>
     <message id="helpMessageNext">
         <source>Прочитайте сообщение и закройте его: касса продолжит с того же места.</source>
-        <translation>Read the message and close it: the register goes on from the same place.</translation>
+        <translation>Read the message and close it: the register goes on where it was.</translation>
+    </message>
+    <message id="databaseDriverMissing">
+        <source>нет драйвера %1</source>
+        <translation>there is no driver %1</translation>
+    </message>
+    <message id="databaseKeyMissing">
+        <source>%1 не задано в настройках</source>
+        <translation>%1 is not set in the configuration</translation>
     </message>
 </context>
 </TS>

@@ -172,6 +172,11 @@ QStringList unservedKeys(const QList<FunctionKey>& keys)
     return labels;
 }
 
+bool doesSomething(const FunctionKey& key)
+{
+    return Singleton<ActionQueueController>::get()->isHandled(key.actionType) || opensSale(key);
+}
+
 bool opensSale(const FunctionKey& key)
 {
     ActionQueueController* controller = Singleton<ActionQueueController>::get();

@@ -41,6 +41,10 @@ QList<FunctionKey> configuredMenuEntries(const Config& config);
 /// The labels of the keys whose action has no handler in any context.
 QStringList unservedKeys(const QList<FunctionKey>& keys);
 
+/// True when the key's action runs where the register is now, or opens a sale first. Another key only says why nothing
+/// happens.
+bool doesSomething(const FunctionKey& key);
+
 /// True for a plug-in's command that waits for a document while none is open: a sale is opened for it.
 bool opensSale(const FunctionKey& key);
 

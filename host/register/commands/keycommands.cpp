@@ -18,16 +18,18 @@ bool isHandledIn(EContext::Code context, control::EActionType type)
 }
 
 /// Why nobody handles the action in the present context.
-Obstacle reasonOf(control::EActionType type, bool isDocumentOpen)
+Obstacle reasonOf(control::EActionType type, const Till& till)
 {
-    if (isHandledIn(EContext::OpenDocument, type) && !isDocumentOpen) {
+    if (isHandledIn(EContext::OpenDocument, type) && !till.document()) {
         return {{u"keyNeedsReceipt"_s, u"«%1» работает при открытом чеке.\nОткройте чек и повторите."_s},
                 {u"menuNoReceipt"_s, u"чек не открыт"_s}};
     }
     if (isHandledIn(EContext::Idle, type)) {
-        return {
-            {u"keyNeedsNoReceipt"_s, u"«%1» работает, когда чек не открыт.\nЗакончите или отложите чек и повторите."_s},
-            {u"menuNeedsNoReceipt"_s, u"открыт чек"_s}};
+        const tr::Tr finish{u"keyNeedsNoDocument"_s,
+                            u"«%1» работает, когда чек не открыт.\nЗавершите открытый документ и повторите."_s};
+        const tr::Tr finishOrSuspend{u"keyNeedsNoReceipt"_s,
+                                     u"«%1» работает, когда чек не открыт.\nЗавершите или отложите чек и повторите."_s};
+        return {till.obstacleToSuspending() ? finish : finishOrSuspend, {u"menuNeedsNoReceipt"_s, u"открыт чек"_s}};
     }
     if (isHandledIn(EContext::StoredDocuments, type)) {
         return {{u"keyNeedsDocuments"_s, u"«%1» работает в списке документов.\nОткройте его через меню и повторите."_s},
@@ -41,7 +43,7 @@ Obstacle reasonOf(control::EActionType type, bool isDocumentOpen)
 /// What a plug-in's command has to do with returns: nothing.
 Obstacle onlyInSales()
 {
-    return {{u"pluginCommandInReturn"_s, u"Открыт возврат, а эта команда действует только в продаже.\nЗакончите "
+    return {{u"pluginCommandInReturn"_s, u"Открыт возврат, а эта команда действует только в продаже.\nЗавершите "
                                          "возврат, откройте чек и повторите."_s},
             {u"menuOnlyInSales"_s, u"только в продаже"_s}};
 }
@@ -64,12 +66,12 @@ void cancelIfEmpty(const Document& opened)
 
 } // namespace
 
-std::optional<Obstacle> obstacleToKey(const FunctionKey& key, bool isDocumentOpen)
+std::optional<Obstacle> obstacleToKey(const FunctionKey& key, const Till& till)
 {
-    if (Singleton<ActionQueueController>::get()->isHandled(key.actionType) || opensSale(key)) {
+    if (doesSomething(key)) {
         return std::nullopt;
     }
-    Obstacle reason = reasonOf(key.actionType, isDocumentOpen);
+    Obstacle reason = reasonOf(key.actionType, till);
     reason.text = reason.text.arg(key.text);
     return reason;
 }
@@ -99,7 +101,7 @@ EContext::Result KeyCommands::explainKey(control::Action& action)
                           .shortcut = {},
                           .actionType = control::EActionType(action.value(u"action"_s).toInt()),
                           .arguments = {}};
-    showIfObstacle(obstacleToKey(key, !m_till.document().isNull()));
+    showIfObstacle(obstacleToKey(key, m_till));
     return EContext::GoOn;
 }
 

@@ -24,5 +24,4 @@ private:
 };
 
 /// Why a key's action cannot run now; nothing: it can, or a sale is opened for it.
-/// @param isDocumentOpen true while a document is open
-std::optional<Obstacle> obstacleToKey(const FunctionKey& key, bool isDocumentOpen);
+std::optional<Obstacle> obstacleToKey(const FunctionKey& key, const Till& till);

@@ -48,7 +48,7 @@ EContext::Result MenuCommands::showMenu(control::Action& action)
 std::optional<Obstacle> MenuCommands::obstacle(const FunctionKey& entry, const control::Action& menu) const
 {
     const std::optional<Obstacle> rule = ruleOf(entry, menu);
-    return rule ? rule : obstacleToKey(entry, !m_till.document().isNull());
+    return rule ? rule : obstacleToKey(entry, m_till);
 }
 
 /// What the till has against the entry's command.

@@ -136,9 +136,10 @@ tr::Tr OpenDocumentCommands::cancellingText(const Document& document) const
 {
     if (document.isReturn()) {
         return isReturnBegun(document)
-                   ? tr::Tr(u"cancelBegunTakeBackQuestion"_s,
-                            u"Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.\n"
-                            "Правильно завершить его: «Нет», затем «Оплата».\nВсё равно отменить возврат?"_s)
+                   ? tr::Tr(
+                         u"cancelBegunTakeBackQuestion"_s,
+                         u"Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.\n"
+                         "Правильно завершить его: ответьте «Нет» и перейдите к оплате.\nВсё равно отменить возврат?"_s)
                    : tr::Tr(u"cancelTakeBackQuestion"_s, u"Отменить возврат № %1 на сумму %2?"_s);
     }
     if (document.getCharged() > Kopecks{0}) {

@@ -100,6 +100,13 @@ tr::Tr notRefunded(const Document& document, const PositionMarks& marks, bool is
         .arg(marks.origin(**external));
 }
 
+Obstacle suspendedUnsettled(const Document& document)
+{
+    return {tr::Tr(u"suspendedUnsettled"_s, u"Документ № %1: неизвестно, прошла ли операция по карте.\n"
+                                            "Возьмите его в работу: касса спросит терминал."_s)
+                .arg(QString::number(document.getNumber()))};
+}
+
 tr::Tr noDocument(int number)
 {
     return tr::Tr(u"documentNotFound"_s, u"Документа № %1 нет среди отложенных и завершённых.\nПроверьте номер."_s)
@@ -153,6 +160,9 @@ EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
         if (m_till.archive().damagedReturn(document, m_till.document())) {
             return m_till.obstacleToVoiding(document); // it names the damaged file
         }
+        if (document.getState() == Document::State::Suspended && document.unsettledCardOperation()) {
+            return std::optional(suspendedUnsettled(document));
+        }
         const std::optional<Obstacle> begun = m_till.obstacleOfVoiding(document);
         return begun ? begun : m_till.obstacleOfPlugins(document);
     };
@@ -164,7 +174,7 @@ EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
         return documentwords::voiding(*document, before);
     };
     params.print = [this](const auto& document) { return print(*document); };
-    params.openDocument = m_till.document() ? m_till.document()->getNumber() : 0;
+    params.obstacleToAnother = m_till.obstacleToAnotherDocument();
     params.marks = &m_marks;
     const QVariantMap answer = askForm(DocumentListParams::eventCode, params, {EInput::Keyboard, EInput::Scanner});
     if (const int number = answer.value(u"resume"_s).toInt(); number > 0) {

@@ -119,6 +119,11 @@ tr::Tr closedState(const Document& document, Document::Returned returned)
 
 tr::Tr suspendedState(const Document& document)
 {
+    if (document.unsettledCardOperation()) {
+        return document.isReturn()
+                   ? tr::Tr(u"documentTakeBackPutAsideUnsettled"_s, u"Возврат отложен, исход по карте неизвестен"_s)
+                   : tr::Tr(u"documentPutAsideUnsettled"_s, u"Отложен, исход по карте неизвестен"_s);
+    }
     if (document.isReturn()) {
         return {u"documentTakeBackPutAside"_s, u"Возврат отложен"_s};
     }

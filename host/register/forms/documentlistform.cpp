@@ -6,9 +6,11 @@
 #include "currenttime.h"
 #include "dialogeventfilter.h"
 #include "formanswer.h"
+#include "formkeys.h"
 #include "iconsviewnotifier.h"
 #include "inactivitylocker.h"
 #include "registerstyle.h"
+#include "shownkey.h"
 #include "stoppedaction.h"
 #include "tablecolumn.h"
 #include "tallokeyboard.h"
@@ -126,15 +128,14 @@ void DocumentListForm::setUpButtons()
         void (DocumentListForm::*act)();
     };
     const Button buttons[] = {
-        {m_resume, {u"documentsTakeUp"_s, u"Взять в работу"_s}, Qt::Key_F6, &DocumentListForm::resume},
-        {m_return, {u"documentsTakeBack"_s, u"Вернуть"_s}, Qt::Key_F7, &DocumentListForm::returnSale},
-        {m_void, {u"documentsAnnul"_s, u"Аннулировать"_s}, Qt::Key_F8, &DocumentListForm::voidDocument},
-        {m_print, {u"documentsPrint"_s, u"Печать копии"_s}, Qt::Key_F9, &DocumentListForm::print},
+        {m_resume, {u"documentsTakeUp"_s, u"Взять в работу"_s}, formkeys::resume, &DocumentListForm::resume},
+        {m_return, {u"documentsTakeBack"_s, u"Вернуть"_s}, formkeys::returnSale, &DocumentListForm::returnSale},
+        {m_void, {u"documentsAnnul"_s, u"Аннулировать"_s}, formkeys::voidDocument, &DocumentListForm::voidDocument},
+        {m_print, {u"documentsPrint"_s, u"Печать копии"_s}, formkeys::printCopy, &DocumentListForm::print},
         {findWidget<QPushButton>(u"cancelButton"_s), {u"documentsCancel"_s, u"Назад"_s}, {}, &DocumentListForm::leave},
     };
     for (const Button& entry : buttons) {
-        const QString key = entry.shortcut.toString(QKeySequence::NativeText);
-        entry.button->setText(key.isEmpty() ? entry.text.ui() : key + u' ' + entry.text.ui());
+        entry.button->setText(withShownKey(entry.shortcut, entry.text.ui()));
         entry.button->setAccessibleName(entry.text.ui());
         connect(entry.button, &QPushButton::clicked, this, entry.act);
         if (entry.shortcut.isEmpty()) {
@@ -253,12 +254,8 @@ void DocumentListForm::showHint()
         showHint(m_outcome.text, m_outcome.textRole);
     } else if (const auto obstacle = m_params.warning(*document)) {
         showHint(obstacle->text.ui(), "waiting");
-    } else if (m_params.openDocument != 0) {
-        showHint(tr::Tr(u"documentsReceiptOpen"_s,
-                        u"Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен."_s)
-                     .arg(QString::number(m_params.openDocument))
-                     .ui(),
-                 "hint");
+    } else if (m_params.obstacleToAnother) {
+        showHint(m_params.obstacleToAnother->text.ui(), "hint");
     } else {
         showHint(m_print->toolTip(), "hint");
     }
@@ -293,7 +290,7 @@ void DocumentListForm::makeCurrent(int number)
     m_table->setCurrentIndex(wanted.isValid() ? wanted : m_filtered.index(0, DocumentTableModel::Number));
 }
 
-/// The Return key only resumes, as F6 does: that does no harm.
+/// The Return key only resumes: that does no harm.
 void DocumentListForm::confirm()
 {
     if (m_resume->isEnabled()) {

@@ -36,9 +36,9 @@ struct DocumentListParams {
     /// not done, and the cashier has seen why
     using Act = std::function<std::optional<QString>(const Pointer&)>;
     Act voidDocument;
-    Act print;                            ///< prints the receipt of a closed document again
-    int openDocument = 0;                 ///< the number of the open document; 0: none is open
-    const PositionMarks* marks = nullptr; ///< not owned
+    Act print;                                 ///< prints the receipt of a closed document again
+    std::optional<Obstacle> obstacleToAnother; ///< why none can be opened now; nothing: one can
+    const PositionMarks* marks = nullptr;      ///< not owned
 
     /// The event that shows the list; it carries this struct as "params".
     static constexpr auto eventCode = static_cast<EActivityListener::Event>(1012);

@@ -5,9 +5,11 @@
 #include "config.h"
 #include "dialogeventfilter.h"
 #include "formanswer.h"
+#include "formkeys.h"
 #include "keyofgoods.h"
 #include "registerstyle.h"
 #include "scanfilter.h"
+#include "shownkey.h"
 #include "tablecolumn.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
@@ -27,7 +29,6 @@ namespace
 constexpr int maxPacks = 999;
 /// The width of the search text in a hint, in pixels.
 constexpr int longestQuote = 240;
-constexpr Qt::Key allGoodsKey = Qt::Key_F4;
 } // namespace
 
 GoodsSelectionForm::GoodsSelectionForm(const GoodsSelectionParams& params, QObject* parent)
@@ -156,10 +157,10 @@ void GoodsSelectionForm::setUpButtons()
     connect(cancel, &QPushButton::clicked, this, &GoodsSelectionForm::onCancel);
     if (auto* all = findWidget<QPushButton>(u"allGoodsButton"_s, false)) {
         const tr::Tr text(u"goodsSelectionAll"_s, u"Все товары"_s);
-        all->setText(isTouchMode() ? text.ui() : QKeySequence(allGoodsKey).toString() + u' ' + text.ui());
+        all->setText(withShownKey(formkeys::allGoods, text.ui()));
         all->setAccessibleName(text.ui());
         connect(all, &QPushButton::clicked, this, &GoodsSelectionForm::offerAll);
-        auto* pressed = new QShortcut(allGoodsKey, all); // works while the button is shown
+        auto* pressed = new QShortcut(formkeys::allGoods, all); // works while the button is shown
         connect(pressed, &QShortcut::activated, all, &QPushButton::click);
     }
     if (auto* warning = findWidget<QLabel>(u"allGoodsLabel"_s, false)) {

@@ -2,6 +2,7 @@
 #include "helpform.h"
 
 #include "dialogeventfilter.h"
+#include "functionkey.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -33,7 +34,8 @@ HelpForm::HelpForm(const HelpParams& params, QObject* parent)
                                     : tr::Tr(u"helpTitleOf"_s, u"Справка: %1"_s).arg(params.title).ui());
     showText(u"nextLabel"_s, params.help.next.ui());
     findWidget<QWidget>(u"nextLabel"_s)->setVisible(!params.help.next.text().isEmpty());
-    showKeys(params.help.keys + QList<FormHelp::Key>{{u"F1"_s, {u"helpHelpKey"_s, u"показать или закрыть справку"_s}}});
+    showKeys(params.help.keys + QList<FormHelp::Key>{{QKeySequence(helpKey).toString(QKeySequence::NativeText),
+                                                      {u"helpHelpKey"_s, u"показать или закрыть справку"_s}}});
     auto* close = findWidget<QPushButton>(u"okButton"_s);
     close->setText(tr::Tr(u"helpClose"_s, u"Закрыть"_s).ui());
     close->setAccessibleName(close->text());
@@ -41,8 +43,13 @@ HelpForm::HelpForm(const HelpParams& params, QObject* parent)
     rootWidget()->installEventFilter(new DialogEventFilter(this));
 }
 
+/// In touch mode no keys: there are buttons.
 void HelpForm::showKeys(const QList<FormHelp::Key>& keys)
 {
+    if (isTouchMode()) {
+        deleteWidgets({u"keys"_s});
+        return;
+    }
     auto* grid = findWidget<QWidget>(u"keys"_s)->findChild<QGridLayout*>();
     const qsizetype rows = keys.size() > mostInAColumn ? (keys.size() + 1) / 2 : keys.size();
     for (qsizetype index = 0; index < keys.size(); ++index) {

@@ -3,8 +3,10 @@
 
 #include "dialogeventfilter.h"
 #include "formanswer.h"
+#include "formkeys.h"
 #include "plaintooltip.h"
 #include "registerstyle.h"
+#include "shownkey.h"
 #include "tablecolumn.h"
 #include "tallotableview.h"
 
@@ -46,8 +48,7 @@ ReturnForm::ReturnForm(const ReturnParams& params, QObject* parent)
     m_table = findWidget<TalloTableView>(u"positionsTable"_s);
     m_all = findWidget<QPushButton>(u"allButton"_s);
     m_return = findWidget<QPushButton>(u"returnButton"_s);
-    showText(u"titleLabel"_s,
-             tr::Tr(u"returnTitle"_s, u"Возврат товара. %1: отметьте, что возвращают"_s).arg(params.title).ui());
+    showText(u"titleLabel"_s, tr::Tr(u"returnTitle"_s, u"Возврат товара. %1: что возвращают"_s).arg(params.title).ui());
     fill(params);
     setUpTable();
     setUpButtons();
@@ -118,7 +119,7 @@ void ReturnForm::setUpButtons()
     connect(cancel, &QPushButton::clicked, this, &BasicForm::dismissed);
     connect(m_all, &QPushButton::clicked, this, &ReturnForm::toggleAll);
     connect(m_return, &QPushButton::clicked, this, &ReturnForm::confirm);
-    auto* all = new QShortcut(Qt::Key_F4, rootWidget());
+    auto* all = new QShortcut(formkeys::allPositions, rootWidget());
     all->setAutoRepeat(false);
     connect(all, &QShortcut::activated, m_all, &QPushButton::click);
     m_return->setText(tr::Tr(u"returnConfirm"_s, u"Вернуть выбранные"_s).ui());
@@ -169,7 +170,7 @@ void ReturnForm::showChoice()
     const int chosen = rowsWhere(&ReturnForm::isChosen);
     const tr::Tr allText = chosen < rowsWhere(&ReturnForm::canBeChosen) ? tr::Tr(u"returnAll"_s, u"Выбрать все"_s)
                                                                         : tr::Tr(u"returnNone"_s, u"Снять все"_s);
-    m_all->setText(u"F4 "_s + allText.ui());
+    m_all->setText(withShownKey(formkeys::allPositions, allText.ui()));
     m_all->setAccessibleName(allText.ui());
     m_return->setEnabled(chosen > 0);
     const tr::Tr hint =

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "screenhelp.h"
 
+#include "formkeys.h"
+
+#include <QKeySequence>
 #include <QList>
 
 #include <algorithm>
@@ -14,6 +17,11 @@ struct Screen {
     QString name;
     FormHelp help;
 };
+
+QString nameOf(Qt::Key key)
+{
+    return QKeySequence(key).toString(QKeySequence::NativeText);
+}
 
 /// The one table of the register's keys. The last screen stands for every other one.
 QList<Screen> screens()
@@ -47,15 +55,15 @@ QList<Screen> screens()
          {{{arrows, {u"helpGoodsRow"_s, u"выбрать товар"_s}},
            {u"Tab"_s, {u"helpGoodsPacks"_s, u"к количеству упаковок"_s}},
            {enter, {u"helpGoodsEnter"_s, u"взять выбранный товар"_s}},
-           {u"F4"_s, {u"helpGoodsAll"_s, u"все товары, если с этим МНН ничего нет"_s}},
+           {nameOf(formkeys::allGoods), {u"helpGoodsAll"_s, u"все товары, если с этим МНН ничего нет"_s}},
            back},
           {u"helpGoodsNext"_s, u"Найдите товар по названию, МНН или штрихкоду и укажите упаковки."_s}}},
         {u"documentListForm"_s,
          {{{arrows, {u"helpDocumentsRow"_s, u"выбрать документ"_s}},
-           {u"F6"_s, {u"helpDocumentsResume"_s, u"взять отложенный в работу (также Ввод)"_s}},
-           {u"F7"_s, {u"helpDocumentsReturn"_s, u"вернуть продажу"_s}},
-           {u"F8"_s, {u"helpDocumentsVoid"_s, u"аннулировать"_s}},
-           {u"F9"_s, {u"helpDocumentsPrint"_s, u"напечатать копию"_s}},
+           {nameOf(formkeys::resume), {u"helpDocumentsResume"_s, u"взять отложенный в работу (также Ввод)"_s}},
+           {nameOf(formkeys::returnSale), {u"helpDocumentsReturn"_s, u"вернуть продажу"_s}},
+           {nameOf(formkeys::voidDocument), {u"helpDocumentsVoid"_s, u"аннулировать"_s}},
+           {nameOf(formkeys::printCopy), {u"helpDocumentsPrint"_s, u"напечатать копию"_s}},
            back},
           {u"helpDocumentsNext"_s, u"Найдите документ по номеру, дню или товару и выберите, что с ним сделать."_s}}},
         {u"menuForm"_s,
@@ -71,17 +79,18 @@ QList<Screen> screens()
           {u"helpQuestionNext"_s, u"Прочитайте вопрос и выберите ответ."_s}}},
         {u"returnForm"_s,
          {{position,
-           {tr::Tr(u"helpSpaceKey"_s, u"Пробел"_s).ui(), {u"helpReturnSpace"_s, u"вернуть позицию или оставить"_s}},
-           {u"F4"_s, {u"helpReturnAll"_s, u"отметить все или ни одной"_s}},
-           {enter, {u"helpReturnEnter"_s, u"открыть возврат"_s}},
+           {tr::Tr(u"helpSpaceKey"_s, u"Пробел"_s).ui(), {u"helpReturnSpace"_s, u"выбрать позицию или снять"_s}},
+           {nameOf(formkeys::allPositions), {u"helpReturnAll"_s, u"выбрать все или снять все"_s}},
+           {enter, {u"helpReturnEnter"_s, u"вернуть выбранные"_s}},
            back},
-          {u"helpReturnNext"_s, u"Отметьте, что покупатель возвращает, и откройте возврат."_s}}},
+          {u"helpReturnNext"_s,
+           u"Сначала выбраны все позиции, которые можно вернуть. Снимите лишние, затем верните выбранные."_s}}},
 
         {QString(),
          {{{u"Tab"_s, {u"helpAnyTab"_s, u"к следующему полю или кнопке"_s}},
            {enter, {u"helpAnyEnter"_s, u"нажать кнопку в рамке"_s}},
            back},
-          {}}},
+          {u"helpAnyNext"_s, u"Прочитайте, что написано на экране, и нажмите нужную кнопку."_s}}},
     };
 }
 

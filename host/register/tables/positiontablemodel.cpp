@@ -117,7 +117,7 @@ QVariant PositionTableModel::headerData(int section, Qt::Orientation orientation
     case Quantity:
         return tr::Tr(u"receiptColumnQuantity"_s, u"Кол-во"_s).ui();
     case InitialPrice:
-        return tr::Tr(u"receiptColumnInitialPrice"_s, u"Без льготы"_s).ui();
+        return captionWithCurrency(tr::Tr(u"receiptColumnInitialPrice"_s, u"Без льготы"_s).ui());
     case Price:
         return captionWithCurrency(tr::Tr(u"receiptColumnPrice"_s, u"Цена"_s).ui());
     case Sum:

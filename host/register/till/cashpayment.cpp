@@ -41,7 +41,7 @@ Expected<Payment, Obstacle> received(Kopecks due, const QString& typed)
                             .arg(amountText(*amount))
                             .arg(amountText(due))
                             .arg(amountText(due - *amount)),
-                        tr::Tr(u"paymentMissing"_s, u"Не хватает %1"_s).arg(amountFigures(due - *amount))};
+                        tr::Tr(u"paymentMissing"_s, u"Не хватает %1"_s).arg(amountText(due - *amount))};
     }
     return Payment::cash(*amount);
 }

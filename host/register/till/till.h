@@ -179,6 +179,8 @@ private:
     QSharedPointer<Position> positionToRaise(const SelectedGoods& selected) const;
     void recalculateAndSave();
     bool isServed(const Position& position) const;
+    QSharedPointer<Position> unserved(const Document& document) const;
+    QString meanwhile(const Document& document) const;
     Obstacle pluginMissing(const Document& document, const Position& position) const;
     std::optional<Obstacle> obstacleWhileCharged() const;
     std::optional<Obstacle> obstacleToReturningAny(const Document& sale) const;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "till.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -21,6 +23,24 @@ Obstacle returnDamaged(const Document& sale, const ArchiveFolder::DamagedReturn&
                 .arg(number(sale))
                 .arg(damaged.files.join(u", "_s)),
             {u"menuTakeBackDamaged"_s, u"возврат повреждён"_s}};
+}
+
+/// @param ofPlugins why the return cannot be finished yet; nothing: it can
+Obstacle returnSuspended(const Document& sale, const Document& suspended, const std::optional<Obstacle>& ofPlugins)
+{
+    if (ofPlugins) {
+        return {tr::Tr(u"takeBackSuspendedIdle"_s,
+                       u"Возврат продажи № %1 начат и отложен, его номер %2: %3.\n"
+                       "Позовите администратора. Когда модуль заработает, возьмите возврат в работу из списка "
+                       "документов."_s)
+                    .arg(number(sale))
+                    .arg(number(suspended))
+                    .arg(ofPlugins->shortest().ui())};
+    }
+    return {tr::Tr(u"takeBackSuspended"_s, u"Возврат продажи № %1 начат и отложен, его номер %2.\n"
+                                           "Возьмите его в работу из списка документов."_s)
+                .arg(number(sale))
+                .arg(number(suspended))};
 }
 
 Obstacle voidingPaidBack(const Document& sale)
@@ -89,37 +109,50 @@ bool Till::isServed(const Position& position) const
     return active.contains(position.getPlugin());
 }
 
+/// The first position whose plug-in does not work; null: all work.
+QSharedPointer<Position> Till::unserved(const Document& document) const
+{
+    const auto& positions = document.positions();
+    const auto found = std::find_if(positions.cbegin(), positions.cend(),
+                                    [this](const auto& position) { return !isServed(*position); });
+    return found == positions.cend() ? nullptr : *found;
+}
+
+/// What can be done with a document until its plug-in works, as one more line; empty: nothing.
+QString Till::meanwhile(const Document& document) const
+{
+    if (m_document.data() != &document || obstacleToSuspending()) {
+        return {};
+    }
+    return u'\n' + tr::Tr(u"suspendMeanwhile"_s, u"Открытый документ пока можно отложить."_s).ui();
+}
+
 Obstacle Till::pluginMissing(const Document& document, const Position& position) const
 {
     const QString place = QString::number(document.placeOf(position));
     if (position.getPlugin().isEmpty()) {
         return {tr::Tr(u"positionOfNoPlugin"_s,
                        u"Документ № %1: позиция № %2 отпускается %3, а ни один модуль не работает.\n"
-                       "Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно "
-                       "отложить."_s)
+                       "Позовите администратора и повторите, когда модуль заработает.%4"_s)
                     .arg(number(document))
                     .arg(place)
-                    .arg(marks().origin(position)),
+                    .arg(marks().origin(position))
+                    .arg(meanwhile(document)),
                 {u"menuPluginsIdle"_s, u"модули не работают"_s}};
     }
-    return {tr::Tr(u"positionOfIdlePlugin"_s,
-                   u"Документ № %1: позицию № %2 ведёт модуль «%3», а он не работает.\n"
-                   "Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно "
-                   "отложить."_s)
+    return {tr::Tr(u"positionOfIdlePlugin"_s, u"Документ № %1: позицию № %2 ведёт модуль «%3», а он не работает.\n"
+                                              "Позовите администратора и повторите, когда модуль заработает.%4"_s)
                 .arg(number(document))
                 .arg(place)
-                .arg(position.getPlugin()),
+                .arg(position.getPlugin())
+                .arg(meanwhile(document)),
             tr::Tr(u"menuPluginIdle"_s, u"не работает модуль «%1»"_s).arg(position.getPlugin())};
 }
 
 std::optional<Obstacle> Till::obstacleOfPlugins(const Document& document) const
 {
-    for (const QSharedPointer<Position>& position : document.positions()) {
-        if (!isServed(*position)) {
-            return pluginMissing(document, *position);
-        }
-    }
-    return std::nullopt;
+    const QSharedPointer<Position> position = unserved(document);
+    return position ? std::optional(pluginMissing(document, *position)) : std::nullopt;
 }
 
 std::optional<Obstacle> Till::obstacleOfPlugin(const Position& position) const
@@ -135,9 +168,12 @@ std::optional<Obstacle> Till::obstacleToOpening() const
     if (!m_document) {
         return std::nullopt;
     }
-    return Obstacle{
-        tr::Tr(u"receiptAlreadyOpen"_s, u"Чек № %1 уже открыт.\nЗавершите или отложите его, чтобы открыть следующий."_s)
-            .arg(number(*m_document))};
+    const tr::Tr text = obstacleToSuspending()
+                            ? tr::Tr(u"documentAlreadyOpen"_s, u"Документ № %1 уже открыт, отложить его нельзя.\n"
+                                                               "Завершите его, чтобы открыть следующий чек."_s)
+                            : tr::Tr(u"receiptAlreadyOpen"_s,
+                                     u"Чек № %1 уже открыт.\nЗавершите или отложите его, чтобы открыть следующий."_s);
+    return Obstacle{text.arg(number(*m_document))};
 }
 
 std::optional<Obstacle> Till::obstacleToAnotherDocument() const
@@ -145,8 +181,11 @@ std::optional<Obstacle> Till::obstacleToAnotherDocument() const
     if (!m_document) {
         return std::nullopt;
     }
-    return Obstacle{tr::Tr(u"finishOpenReceiptFirst"_s, u"Сначала завершите или отложите открытый чек № %1."_s)
-                        .arg(number(*m_document)),
+    const tr::Tr text =
+        obstacleToSuspending()
+            ? tr::Tr(u"finishOpenDocumentFirst"_s, u"Сначала завершите открытый документ № %1: отложить его нельзя."_s)
+            : tr::Tr(u"finishOpenReceiptFirst"_s, u"Сначала завершите или отложите открытый чек № %1."_s);
+    return Obstacle{text.arg(number(*m_document)),
                     tr::Tr(u"menuReceiptOpen"_s, u"сначала завершите чек № %1"_s).arg(number(*m_document))};
 }
 
@@ -216,7 +255,7 @@ std::optional<Obstacle> Till::obstacleToPayment() const
 
 std::optional<Obstacle> Till::obstacleToSuspending() const
 {
-    if (!m_document || obstacleOfPlugins(*m_document)) {
+    if (!m_document || unserved(*m_document)) {
         return std::nullopt;
     }
     if (!m_document->isReturn()) {
@@ -255,10 +294,7 @@ std::optional<Obstacle> Till::obstacleToReturning(const Document& sale) const
     }
     if (const auto latest = m_archive.find(sale.getReturnedBy());
         latest && latest->getState() == Document::State::Suspended && latest->getReturnedSale() == sale.getNumber()) {
-        return Obstacle{tr::Tr(u"takeBackSuspended"_s, u"Возврат продажи № %1 начат и отложен, его номер %2.\n"
-                                                       "Возьмите его в работу из списка документов."_s)
-                            .arg(number(sale))
-                            .arg(number(*latest))};
+        return returnSuspended(sale, *latest, obstacleOfPlugins(*latest));
     }
     if (const auto damaged = m_archive.damagedReturn(sale, m_document)) {
         return returnDamaged(sale, *damaged);
@@ -351,7 +387,7 @@ std::optional<Obstacle> Till::obstacleToCancelling() const
         return m_document ? obstacleOfPlugins(*m_document) : std::nullopt;
     }
     return Obstacle{{u"refundedNotCancelled"_s,
-                     u"По возврату уже возвращали деньги, он не отменяется.\nЗавершите его: «Оплата»."_s}};
+                     u"По возврату уже возвращали деньги, он не отменяется.\nЗавершите его: перейдите к оплате."_s}};
 }
 
 Document::Returned Till::returned(const Document& sale) const

@@ -6,7 +6,7 @@
     <name></name>
     <message id="keyNewReceipt">
         <source>Новый чек</source>
-        <translation>New receipt</translation>
+        <translation>New sale</translation>
     </message>
     <message id="keyGoods">
         <source>Товар</source>
@@ -23,8 +23,8 @@
     <message id="goodsFileRefused">
         <source>Новый файл справочника товаров не читается: %1
 Работа продолжается со старым. Замените файл или позовите администратора.</source>
-        <translation>The new file of the goods catalogue cannot be read: %1
-The old one stays in use. Replace the file, or call the administrator.</translation>
+        <translation>The new goods catalogue file cannot be read: %1
+The register keeps using the old one. Replace the file or call the administrator.</translation>
     </message>
     <message id="goodsCatalogueBack">
         <source>Справочник товаров снова доступен</source>
@@ -54,7 +54,7 @@ Check the goods database and try again, or call the administrator.</translation>
     </message>
     <message id="printedSumWithoutBenefit">
         <source>Сумма без льготы</source>
-        <translation>Sum without the benefit</translation>
+        <translation>Total without benefit</translation>
     </message>
     <message id="printedBenefit">
         <source>Льгота</source>
@@ -66,7 +66,7 @@ Check the goods database and try again, or call the administrator.</translation>
     </message>
     <message id="printedBenefitInAll">
         <source>Льгота всего</source>
-        <translation>Benefit in all</translation>
+        <translation>Total benefit</translation>
     </message>
     <message id="printedPaidOut">
         <source>Выдано</source>
@@ -84,7 +84,7 @@ Check the goods database and try again, or call the administrator.</translation>
         <source>Чек № %1 не напечатан: %2
 Сам чек сохранён. Освободите место на диске или проверьте доступ к папке данных, затем напечатайте его из списка документов.</source>
         <translation>Receipt No. %1 was not printed: %2
-The receipt itself is saved. Free disk space or check access to the data folder, then print it from the list of documents.</translation>
+The document itself is saved. Free some disk space or check access to the data folder, then print the receipt from the list of documents.</translation>
     </message>
     <message id="reportNotPrinted">
         <source>Отчёт «%1» не напечатан: %2
@@ -158,7 +158,7 @@ Free disk space or check access to the data folder, then do it again.</translati
     </message>
     <message id="goodsSelectionPacksMissing">
         <source>Введите целое количество упаковок от 1 до %1.</source>
-        <translation>Enter a whole number of packs, 1 to %1.</translation>
+        <translation>Type a whole number of packs from 1 to %1.</translation>
     </message>
     <message id="goodsColumnName">
         <source>Наименование</source>
@@ -198,7 +198,7 @@ Its lowest price: %2.
     </message>
     <message id="goodsNotSoldNext">
         <source>Выберите другой товар или позовите администратора: цену исправляют в базе товаров.</source>
-        <translation>Choose other goods or call the administrator: the price is corrected in the goods database.</translation>
+        <translation>Choose other goods or call the administrator: prices are corrected in the goods database.</translation>
     </message>
     <message id="goodsNotSoldPrice">
         <source>Товар «%1» не продаётся.
@@ -210,7 +210,7 @@ Its price: %2.
     </message>
     <message id="goodsPriceMissing">
         <source>не указана</source>
-        <translation>missing</translation>
+        <translation>not given</translation>
     </message>
     <message id="goodsPriceNegative">
         <source>%1 — меньше нуля</source>
@@ -234,27 +234,27 @@ Its price: %2.
     </message>
     <message id="barcodeOfSeveralGoods">
         <source>Штрихкод %1 есть у нескольких товаров. Выберите нужный.</source>
-        <translation>The bar code %1 belongs to several goods. Choose the right one.</translation>
+        <translation>Several goods have the barcode %1. Choose the right one.</translation>
     </message>
     <message id="beyondStockQuestion">
         <source>На остатке %1 уп., а в чеке будет %2:
 %3
 Всё равно продать?</source>
-        <translation>There are %1 packs in stock, and the receipt will have %2:
+        <translation>There are %1 packs in stock, and the document will have %2:
 %3
 Sell them anyway?</translation>
     </message>
     <message id="beyondStockTitle">
         <source>Больше, чем на остатке</source>
-        <translation>More than in stock</translation>
+        <translation>More than is in stock</translation>
     </message>
     <message id="manyPacksQuestion">
         <source>В чеке будет %1 уп. товара:
 %2
 Количество верное?</source>
-        <translation>The receipt will have %1 packs of:
+        <translation>The document will have %1 packs of:
 %2
-Is this number right?</translation>
+Is that right?</translation>
     </message>
     <message id="manyPacksTitle">
         <source>Много упаковок</source>
@@ -262,7 +262,7 @@ Is this number right?</translation>
     </message>
     <message id="manyPacksYes">
         <source>Верное</source>
-        <translation>It is</translation>
+        <translation>Yes, that is right</translation>
     </message>
     <message id="goodsOutOfStock">
         <source>нет</source>
@@ -270,7 +270,7 @@ Is this number right?</translation>
     </message>
     <message id="lockTitle">
         <source>Касса заблокирована</source>
-        <translation>Register locked</translation>
+        <translation>The register is locked</translation>
     </message>
     <message id="lockCode">
         <source>Код кассира</source>
@@ -282,7 +282,7 @@ Is this number right?</translation>
     </message>
     <message id="lockEnterCode">
         <source>Введите код кассира</source>
-        <translation>Enter the cashier’s code</translation>
+        <translation>Type the cashier’s code</translation>
     </message>
     <message id="lockPressKey">
         <source>Нажмите любую клавишу или коснитесь экрана</source>
@@ -290,48 +290,48 @@ Is this number right?</translation>
     </message>
     <message id="lockWrongCode">
         <source>Код не подходит. Введите ещё раз.</source>
-        <translation>Wrong code. Enter it again.</translation>
+        <translation>Wrong code. Type it again.</translation>
     </message>
     <message id="lockWrongCodeWait">
         <source>Код не подходит. Следующая попытка через %1 с.</source>
-        <translation>Wrong code. The next try is in %1 s.</translation>
+        <translation>Wrong code. You can try again in %1 s.</translation>
     </message>
     <message id="lockWait">
         <source>Неверный код вводили много раз. Следующая попытка через %1 с.</source>
-        <translation>A wrong code was entered many times. The next try is in %1 s.</translation>
+        <translation>The wrong code was typed too many times. You can try again in %1 s.</translation>
     </message>
     <message id="lockRefusesClosing">
         <source>Касса заблокирована. Введите код кассира, затем закройте окно.</source>
-        <translation>The register is locked. Enter the cashier's code, then close the window.</translation>
+        <translation>The register is locked. Type the cashier’s code, then close the window.</translation>
     </message>
     <message id="pluginFolderMissing">
         <source>нет такой папки. Проверьте параметр --plugins</source>
-        <translation>there is no such folder. Check the option --plugins</translation>
+        <translation>the folder does not exist. Check the option --plugins</translation>
     </message>
     <message id="pluginForeign">
         <source>это не модуль кассы. Уберите файл из папки модулей</source>
-        <translation>this is not a plug-in of the register. Take the file out of the plug-in folder</translation>
+        <translation>this is not a plug-in for the register. Remove the file from the plug-in folder</translation>
     </message>
     <message id="pluginOtherVersion">
         <source>модуль собран для интерфейса модулей версии %1, а у кассы версия %2. Установите модуль, собранный для этой кассы</source>
-        <translation>the plug-in was built for plug-in interface version %1, and the register has version %2. Install a plug-in that was built for this register</translation>
+        <translation>the plug-in was built for version %1 of the plug-in interface, and the register has version %2. Install a plug-in that was built for this register</translation>
     </message>
     <message id="pluginNotLoaded">
         <source>библиотека не загружается. Переустановите модуль</source>
-        <translation>the library cannot be loaded. Install the plug-in again</translation>
+        <translation>the library cannot be loaded. Reinstall the plug-in</translation>
     </message>
     <message id="pluginTwice">
         <source>модуль с таким именем уже подключён. Оставьте в папке модулей один</source>
-        <translation>a plug-in of this name is connected already. Leave one in the plug-in folder</translation>
+        <translation>a plug-in of this name is already connected. Keep only one in the plug-in folder</translation>
     </message>
     <message id="pluginFailed">
         <source>внутренняя ошибка модуля. Обратитесь в службу поддержки</source>
-        <translation>internal error of the plug-in. Call support</translation>
+        <translation>internal error in the plug-in. Call support</translation>
     </message>
     <message id="pluginEnded">
         <source>Модуль «%1» завершил работу из-за внутренней ошибки.
 Перезапустите кассу.</source>
-        <translation>Plug-in “%1” has ended after an internal error.
+        <translation>Plug-in “%1” stopped after an internal error.
 Restart the register.</translation>
     </message>
     <message id="pluginEventFailed">
@@ -341,14 +341,14 @@ Restart the register.</translation>
     <message id="documentGone">
         <source>Чек уже не открыт: модуль закрыл его во время действия.
 Проверьте чек в списке документов.</source>
-        <translation>The receipt is no longer open: a plug-in ended it during the action.
-Look at it in the list of documents.</translation>
+        <translation>The document is no longer open: a plug-in closed it during the action.
+Check it in the list of documents.</translation>
     </message>
     <message id="receiptAlreadyOpen">
         <source>Чек № %1 уже открыт.
 Завершите или отложите его, чтобы открыть следующий.</source>
-        <translation>Receipt %1 is already open.
-Finish it or put it aside to open the next one.</translation>
+        <translation>Sale No. %1 is already open.
+Finish or suspend it to open the next one.</translation>
     </message>
     <message id="changeQuantityTitle">
         <source>Количество</source>
@@ -363,20 +363,20 @@ Finish it or put it aside to open the next one.</translation>
     <message id="keyNeedsReceipt">
         <source>«%1» работает при открытом чеке.
 Откройте чек и повторите.</source>
-        <translation>“%1” needs an open receipt.
+        <translation>“%1” needs an open document.
 Open one and try again.</translation>
     </message>
     <message id="keyNeedsPlugin">
         <source>«%1» сейчас недоступно: нет подключённого модуля, который это умеет.
 Обратитесь к администратору.</source>
-        <translation>“%1” is not available now: no plug-in that does it is connected.
+        <translation>“%1” is not available: no connected plug-in can do it.
 Call the administrator.</translation>
     </message>
     <message id="keyNeedsNoReceipt">
         <source>«%1» работает, когда чек не открыт.
-Закончите или отложите чек и повторите.</source>
-        <translation>“%1” works while no receipt is open.
-Finish or suspend the receipt and try again.</translation>
+Завершите или отложите чек и повторите.</source>
+        <translation>“%1” works only while no document is open.
+Finish or suspend the open one and try again.</translation>
     </message>
     <message id="keyNeedsDocuments">
         <source>«%1» работает в списке документов.
@@ -386,7 +386,7 @@ Open it from the menu and try again.</translation>
     </message>
     <message id="menuNeedsNoReceipt">
         <source>открыт чек</source>
-        <translation>a receipt is open</translation>
+        <translation>a document is open</translation>
     </message>
     <message id="menuNeedsDocuments">
         <source>только в списке документов</source>
@@ -394,9 +394,9 @@ Open it from the menu and try again.</translation>
     </message>
     <message id="pluginCommandInReturn">
         <source>Открыт возврат, а эта команда действует только в продаже.
-Закончите возврат, откройте чек и повторите.</source>
-        <translation>A return is open, and this command works in a sale only.
-Finish the return, open a receipt and try again.</translation>
+Завершите возврат, откройте чек и повторите.</source>
+        <translation>A return is open, and this command works only in a sale.
+Finish the return, open a sale and try again.</translation>
     </message>
     <message id="menuOnlyInSales">
         <source>только в продаже</source>
@@ -404,17 +404,17 @@ Finish the return, open a receipt and try again.</translation>
     </message>
     <message id="positionNotChosen">
         <source>Сначала выберите позицию чека.</source>
-        <translation>Choose a position of the receipt first.</translation>
+        <translation>Choose a position first.</translation>
     </message>
     <message id="externalOrigin">
         <source>по документу</source>
-        <translation>on a document</translation>
+        <translation>for an external document</translation>
     </message>
     <message id="positionBound">
         <source>Позиция «%1» отпускается %2, её количество и цена не меняются.
 Чтобы отпустить другое количество, удалите позицию и отпустите её заново.</source>
-        <translation>The position “%1” is dispensed %2; its quantity and price do not change.
-To dispense another quantity remove the position and dispense it anew.</translation>
+        <translation>Position “%1” is dispensed %2; its quantity and price do not change.
+To dispense another quantity, remove the position and dispense it again.</translation>
     </message>
     <message id="receiptColumnNumber">
         <source>№</source>
@@ -458,7 +458,7 @@ To dispense another quantity remove the position and dispense it anew.</translat
     </message>
     <message id="configurationProblems">
         <source>Замечаний к настройкам: %1. Сообщите администратору: подробности в журнале.</source>
-        <translation>Problems in the settings: %1. Tell the administrator: the log has details.</translation>
+        <translation>Problems in the configuration: %1. Tell the administrator: the log has the details.</translation>
     </message>
     <message id="pluginProblems">
         <source>Модуль не подключён: %1</source>
@@ -470,7 +470,7 @@ To dispense another quantity remove the position and dispense it anew.</translat
     </message>
     <message id="pluginProblemsDetails">
         <source>Сообщите администратору. Подробности в журнале, в папке %1</source>
-        <translation>Call the administrator. The log in the folder %1 says more</translation>
+        <translation>Tell the administrator. The log in the folder %1 has the details</translation>
     </message>
     <message id="statusMore">
         <source>Подробнее</source>
@@ -478,27 +478,27 @@ To dispense another quantity remove the position and dispense it anew.</translat
     </message>
     <message id="busySince">
         <source>Начато в %1</source>
-        <translation>Began at %1</translation>
+        <translation>Started at %1</translation>
     </message>
     <message id="busySinceWithLimit">
         <source>Начато в %1. Ждём ответа %2 с, самое большее %3 с</source>
-        <translation>Began at %1. Waiting for %2 s, at most %3 s</translation>
+        <translation>Started at %1. Waiting for an answer for %2 s, %3 s at most</translation>
     </message>
     <message id="busyEscapeAsks">
         <source>Esc — не ждать ответа (касса переспросит)</source>
-        <translation>Esc: do not wait for the answer (you are asked first)</translation>
+        <translation>Esc: do not wait for the answer (the register asks you first)</translation>
     </message>
     <message id="busyEscapeStops">
         <source>Esc — прекратить: ничего не записывается</source>
-        <translation>Esc: stop; nothing is recorded</translation>
+        <translation>Esc: stop; nothing is being recorded</translation>
     </message>
     <message id="busyTapAsks">
         <source>Коснитесь здесь, чтобы не ждать ответа (касса переспросит)</source>
-        <translation>Tap here to stop waiting for the answer (you are asked first)</translation>
+        <translation>Tap here to stop waiting for the answer (the register asks you first)</translation>
     </message>
     <message id="busyTapStops">
         <source>Коснитесь здесь, чтобы прекратить: ничего не записывается</source>
-        <translation>Tap here to stop; nothing is recorded</translation>
+        <translation>Tap here to stop; nothing is being recorded</translation>
     </message>
     <message id="busyStopTitle">
         <source>Не ждать ответа?</source>
@@ -507,7 +507,7 @@ To dispense another quantity remove the position and dispense it anew.</translat
     <message id="busyStopQuestion">
         <source>Запрос мог уже дойти до сервера и быть выполнен. Если не ждать ответа, касса не узнает, записано ли это: придётся выяснять, прежде чем повторять.
 Надёжнее дождаться ответа.</source>
-        <translation>The request may have reached the server and been carried out. Without its answer the register does not know whether this is recorded: find out before you try again.
+        <translation>The request may have reached the server and been carried out. Without the answer the register does not know whether it was: you will have to find out before you try again.
 It is safer to wait for the answer.</translation>
     </message>
     <message id="busyStopYes">
@@ -516,7 +516,7 @@ It is safer to wait for the answer.</translation>
     </message>
     <message id="busyStopNo">
         <source>Ждать дальше</source>
-        <translation>Wait on</translation>
+        <translation>Keep waiting</translation>
     </message>
     <message id="registerTitle">
         <source>Касса аптеки</source>
@@ -526,13 +526,13 @@ It is safer to wait for the answer.</translation>
         <source>Сохранённый чек повреждён и не восстановлен: %1
 Файл отложен: %2
 Сообщите администратору. Можно открыть новый чек.</source>
-        <translation>The saved receipt is damaged and was not restored: %1
-The file was put aside: %2
-Tell the administrator. You can open a new receipt.</translation>
+        <translation>The saved document is damaged and was not restored: %1
+Its file was renamed: %2
+Tell the administrator. You can open a new sale.</translation>
     </message>
     <message id="receiptTable">
         <source>Позиции чека</source>
-        <translation>Positions of the receipt</translation>
+        <translation>Positions of the document</translation>
     </message>
     <message id="searchGoods">
         <source>Поиск товара: название, МНН или штрихкод</source>
@@ -544,23 +544,23 @@ Tell the administrator. You can open a new receipt.</translation>
     </message>
     <message id="returnTotal">
         <source>К возврату</source>
-        <translation>To return</translation>
+        <translation>To pay out</translation>
     </message>
     <message id="returnNext">
         <source>Проверьте позиции возврата, затем выплатите деньги</source>
-        <translation>Check the items of the return, then pay the money out</translation>
+        <translation>Check the positions of the return, then pay out the money</translation>
     </message>
     <message id="returnNextKey">
         <source>Проверьте позиции возврата, затем %1 — выплата</source>
-        <translation>Check the items of the return, then %1: pay out</translation>
+        <translation>Check the positions of the return, then %1: pay out</translation>
     </message>
     <message id="receiptNumber">
         <source>Чек № %1</source>
-        <translation>Receipt %1</translation>
+        <translation>Sale No. %1</translation>
     </message>
     <message id="receiptNone">
         <source>Чек не открыт</source>
-        <translation>No open receipt</translation>
+        <translation>No document is open</translation>
     </message>
     <message id="receiptMemberDamaged">
         <source>Данные «%1» отсутствуют или искажены</source>
@@ -569,24 +569,24 @@ Tell the administrator. You can open a new receipt.</translation>
     <message id="documentNotFound">
         <source>Документа № %1 нет среди отложенных и завершённых.
 Проверьте номер.</source>
-        <translation>There is no document No. %1 among those put aside and finished.
+        <translation>No suspended or finished document has No. %1.
 Check the number.</translation>
     </message>
     <message id="takeBackNotPutAside">
         <source>Возврат нельзя отложить: завершите его или отмените.</source>
-        <translation>A return cannot be put aside: finish it or cancel it.</translation>
+        <translation>A return cannot be suspended: finish it or cancel it.</translation>
     </message>
     <message id="finishOpenReceiptFirst">
         <source>Сначала завершите или отложите открытый чек № %1.</source>
-        <translation>First finish or put aside the open receipt No. %1.</translation>
+        <translation>First finish or suspend the open sale No. %1.</translation>
     </message>
     <message id="takeBackTitle">
         <source>Возврат продажи</source>
-        <translation>Return of a sale</translation>
+        <translation>Return a sale</translation>
     </message>
     <message id="takeBackMessage">
         <source>Номер чека, по которому возвращают товар</source>
-        <translation>Number of the receipt that goods are returned for</translation>
+        <translation>Number of the receipt for the returned goods</translation>
     </message>
     <message id="resumeOnlySuspended">
         <source>Документ № %1 не отложен, его нельзя взять в работу.
@@ -597,7 +597,7 @@ Choose a suspended one.</translation>
     <message id="takeBackOnlyClosedSale">
         <source>Документ № %1 — не закрытая продажа, его нельзя вернуть.
 Проверьте номер чека.</source>
-        <translation>Document No. %1 is no closed sale and cannot be returned.
+        <translation>Document No. %1 is not a closed sale and cannot be returned.
 Check the number of the receipt.</translation>
     </message>
     <message id="takenBackAlready">
@@ -610,45 +610,45 @@ Check the number of the receipt.</translation>
         <source>Возврат № %1 по чеку № %2 повреждён: неизвестно, что вернули и выданы ли деньги.
 Файл: %3
 Позовите администратора: он исправит файл или, если деньги не выданы, уберёт его из папки данных.</source>
-        <translation>Return No. %1 of receipt No. %2 is damaged: nobody knows what came back and whether the money was paid out.
+        <translation>Return No. %1 of sale No. %2 is damaged: it is not known what was returned and whether the money was paid out.
 File: %3
-Call the administrator, who corrects the file or, when no money was paid out, takes it out of the data folder.</translation>
+Call the administrator, who corrects the file or, if no money was paid out, removes it from the data folder.</translation>
     </message>
     <message id="annulTitle">
         <source>Аннулирование документа</source>
-        <translation>Annul a document</translation>
+        <translation>Void a document</translation>
     </message>
     <message id="annulMessage">
         <source>Номер отложенного чека или закрытой продажи</source>
-        <translation>Number of a receipt put aside or of a closed sale</translation>
+        <translation>Number of a suspended document or a closed sale</translation>
     </message>
     <message id="annulNotPossible">
         <source>Документ № %1 нельзя аннулировать: аннулируются отложенные чеки и закрытые продажи, которые не возвращены.
 Выберите другой документ.</source>
-        <translation>Document No. %1 cannot be annulled: only receipts put aside and closed sales that have not been returned can.
+        <translation>Document No. %1 cannot be voided: only suspended sales, and closed sales that have not been returned, can.
 Choose another document.</translation>
     </message>
     <message id="annulSaleQuestion">
         <source>Аннулировать продажу № %1 на сумму %2? Деньги возвращаются покупателю.</source>
-        <translation>Annul sale No. %1 of %2? The money is given back to the customer.</translation>
+        <translation>Void sale No. %1 of %2? The customer gets the money back.</translation>
     </message>
     <message id="annulSaleWithoutMoneyQuestion">
         <source>Аннулировать продажу № %1 на сумму %2?</source>
-        <translation>Annul sale No. %1 of %2?</translation>
+        <translation>Void sale No. %1 of %2?</translation>
     </message>
     <message id="annulPutAsideQuestion">
         <source>Аннулировать отложенный чек № %1 на сумму %2?</source>
-        <translation>Annul receipt No. %1 of %2, which was put aside?</translation>
+        <translation>Void suspended sale No. %1 of %2?</translation>
     </message>
     <message id="annulPutAsideChargedQuestion">
         <source>Аннулировать отложенный чек № %1 на сумму %2?
 Оплата картой вернётся на карту покупателя.</source>
-        <translation>Annul receipt No. %1 of %2, which was put aside?
-The card payment goes back to the customer's card.</translation>
+        <translation>Void suspended sale No. %1 of %2?
+The card payment goes back to the customer’s card.</translation>
     </message>
     <message id="annulYes">
         <source>Аннулировать</source>
-        <translation>Annul</translation>
+        <translation>Void</translation>
     </message>
     <message id="questionNo">
         <source>Нет</source>
@@ -660,11 +660,11 @@ The card payment goes back to the customer's card.</translation>
     </message>
     <message id="receiptClosed">
         <source>Чек № %1 закрыт. Сдача %2</source>
-        <translation>Receipt No. %1 closed. Change %2</translation>
+        <translation>Sale No. %1 closed. Change %2</translation>
     </message>
     <message id="receiptClosedByCard">
         <source>Чек № %1 закрыт. Картой оплачено %2</source>
-        <translation>Receipt No. %1 closed. Paid by card: %2</translation>
+        <translation>Sale No. %1 closed. Paid by card: %2</translation>
     </message>
     <message id="takeBackCancelled">
         <source>Возврат № %1 отменён</source>
@@ -672,19 +672,19 @@ The card payment goes back to the customer's card.</translation>
     </message>
     <message id="receiptCancelled">
         <source>Чек № %1 отменён</source>
-        <translation>Receipt No. %1 cancelled</translation>
+        <translation>Sale No. %1 cancelled</translation>
     </message>
     <message id="takeBackNumber">
         <source>Возврат № %1 (чек № %2)</source>
-        <translation>Return No. %1 (receipt No. %2)</translation>
+        <translation>Return No. %1 (sale No. %2)</translation>
     </message>
     <message id="takeBackPutAside">
         <source>Возврат № %1 отложен</source>
-        <translation>Return %1 put aside</translation>
+        <translation>Return No. %1 suspended</translation>
     </message>
     <message id="receiptPutAside">
         <source>Чек № %1 отложен</source>
-        <translation>Receipt No. %1 put aside</translation>
+        <translation>Sale No. %1 suspended</translation>
     </message>
     <message id="keySubtotal">
         <source>Подытог</source>
@@ -692,7 +692,7 @@ The card payment goes back to the customer's card.</translation>
     </message>
     <message id="keyCancelReceipt">
         <source>Отмена чека</source>
-        <translation>Cancel receipt</translation>
+        <translation>Cancel sale</translation>
     </message>
     <message id="keyMenu">
         <source>Меню</source>
@@ -704,7 +704,7 @@ The card payment goes back to the customer's card.</translation>
     </message>
     <message id="keyShortcutTwice">
         <source>%1 назначена двум кнопкам, работает «%2». Для «%3» исправьте в настройках FunctionKey.%4:key</source>
-        <translation>%1 belongs to two keys, “%2” has it. For “%3” correct FunctionKey.%4:key in the configuration</translation>
+        <translation>%1 is assigned to two keys; “%2” has it. For “%3” correct FunctionKey.%4:key in the configuration</translation>
     </message>
     <message id="takeBackTakesNoGoods">
         <source>Открыт возврат: товары в него не добавляются.
@@ -715,26 +715,26 @@ Finish the return or cancel it.</translation>
     <message id="receivedUnreadable">
         <source>«%1» — не сумма.
 Введите полученные деньги, например 50 или 12,40.</source>
-        <translation>“%1” is no amount.
-Enter the money received, for example 50 or 12.40.</translation>
+        <translation>“%1” is not an amount.
+Type the money received, for example 50 or 12.40.</translation>
     </message>
     <message id="receivedTooLittle">
         <source>Получено %1, а к оплате %2.
 Не хватает %3.</source>
-        <translation>Received %1, due %2.
+        <translation>Received %1, but %2 is due.
 %3 is missing.</translation>
     </message>
     <message id="positionOfNoPlugin">
         <source>Документ № %1: позиция № %2 отпускается %3, а ни один модуль не работает.
-Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно отложить.</source>
-        <translation>Document No. %1: position %2 is dispensed %3, and no plug-in works.
-Call the administrator and repeat this when the plug-in works. Until then an open document can be put aside.</translation>
+Позовите администратора и повторите, когда модуль заработает.%4</source>
+        <translation>Document No. %1: position No. %2 is dispensed %3, and no plug-in works.
+Call the administrator, and try again when the plug-in works.%4</translation>
     </message>
     <message id="positionOfIdlePlugin">
         <source>Документ № %1: позицию № %2 ведёт модуль «%3», а он не работает.
-Позовите администратора и повторите, когда модуль заработает. Открытый документ пока можно отложить.</source>
-        <translation>Document No. %1: position %2 belongs to the plug-in "%3", which does not work.
-Call the administrator and repeat this when the plug-in works. Until then an open document can be put aside.</translation>
+Позовите администратора и повторите, когда модуль заработает.%4</source>
+        <translation>Document No. %1: position No. %2 belongs to plug-in “%3”, which does not work.
+Call the administrator, and try again when the plug-in works.%4</translation>
     </message>
     <message id="menuPluginsIdle">
         <source>модули не работают</source>
@@ -742,31 +742,31 @@ Call the administrator and repeat this when the plug-in works. Until then an ope
     </message>
     <message id="menuPluginIdle">
         <source>не работает модуль «%1»</source>
-        <translation>plug-in "%1" does not work</translation>
+        <translation>plug-in “%1” does not work</translation>
     </message>
     <message id="terminalBusyAtRefund">
         <source>Терминал занят, деньги на карту не возвращены.
 Дождитесь, пока он освободится, и повторите.</source>
-        <translation>The terminal is busy, no money went back to the card.
-Wait until it is free, and repeat.</translation>
+        <translation>The terminal is busy; no money went back to the card.
+Wait until it is free and try again.</translation>
     </message>
     <message id="voidingNotRefunded">
         <source>Аннулирование документа № %1 не завершено: деньги возвращены не все.
 Повторите аннулирование, когда терминал ответит.</source>
-        <translation>The annulment of document No. %1 is not finished: not all the money was paid back.
-Repeat the annulment when the terminal answers.</translation>
+        <translation>The voiding of document No. %1 is not finished: not all the money has been given back.
+Void it again when the terminal answers.</translation>
     </message>
     <message id="voidingNotFinished">
         <source>Аннулирование документа № %1 не завершено: деньги возвращены не все, а отпуск %2 мог быть отменён.
 Повторите аннулирование, когда терминал ответит.</source>
-        <translation>The annulment of document No. %1 is not finished: not all the money was paid back, and its dispenses %2 may have been cancelled.
-Repeat the annulment when the terminal answers.</translation>
+        <translation>The voiding of document No. %1 is not finished: not all the money has been given back, and what was dispensed %2 may have been cancelled.
+Void it again when the terminal answers.</translation>
     </message>
     <message id="voidingNotDone">
         <source>Документ № %1 не аннулирован: деньги на карту не возвращены.
 Повторите аннулирование, когда терминал ответит.</source>
-        <translation>Document No. %1 is not annulled: the money did not go back to the card.
-Repeat the annulment when the terminal answers.</translation>
+        <translation>Document No. %1 was not voided: no money went back to the card.
+Void it again when the terminal answers.</translation>
     </message>
     <message id="documentChangedMeanwhile">
         <source>Документ № %1 изменился, пока касса ждала ответа.
@@ -777,20 +777,20 @@ Check it in the list of documents and try again.</translation>
     <message id="takeBackSuspended">
         <source>Возврат продажи № %1 начат и отложен, его номер %2.
 Возьмите его в работу из списка документов.</source>
-        <translation>The return of sale no. %1 was begun and suspended, its number is %2.
+        <translation>The return of sale No. %1 has begun and is suspended as No. %2.
 Resume it from the list of documents.</translation>
     </message>
     <message id="totalBelowZero">
         <source>Сумма чека меньше нуля: %1.
 Удалите позицию с отрицательной ценой или позовите администратора.</source>
-        <translation>The receipt's total is below zero: %1.
+        <translation>The total of the sale is below zero: %1.
 Remove the position with the negative price, or call the administrator.</translation>
     </message>
     <message id="returnBelowZero">
         <source>Сумма возврата меньше нуля: %1.
 Отмените возврат и верните эту позицию вместе с другими.</source>
         <translation>The total of the return is below zero: %1.
-Cancel the return and return this item together with others.</translation>
+Cancel the return, and return this position together with others.</translation>
     </message>
     <message id="menuTotalBelowZero">
         <source>сумма меньше нуля</source>
@@ -798,17 +798,17 @@ Cancel the return and return this item together with others.</translation>
     </message>
     <message id="menuReceiptEmpty">
         <source>в чеке нет позиций</source>
-        <translation>the receipt has no positions</translation>
+        <translation>there are no positions</translation>
     </message>
     <message id="pluginInert">
         <source>выключен в настройках или не смог начать работу</source>
-        <translation>switched off in the configuration, or could not begin to work</translation>
+        <translation>switched off in the configuration, or could not start</translation>
     </message>
     <message id="receiptEmpty">
         <source>В чеке нет позиций.
 Добавьте товар или отмените чек.</source>
-        <translation>The receipt has no positions.
-Add goods or cancel the receipt.</translation>
+        <translation>The document has no positions.
+Add goods or cancel it.</translation>
     </message>
     <message id="paymentReceived">
         <source>Получено:</source>
@@ -828,11 +828,11 @@ Add goods or cancel the receipt.</translation>
     </message>
     <message id="paymentGoOnPayingOut">
         <source>К выплате</source>
-        <translation>To paying out</translation>
+        <translation>Go to pay-out</translation>
     </message>
     <message id="paymentGoOn">
         <source>К оплате</source>
-        <translation>To payment</translation>
+        <translation>Go to payment</translation>
     </message>
     <message id="paymentSubtotalHint">
         <source>Ввод — дальше, Esc — назад к позициям.</source>
@@ -844,11 +844,11 @@ Add goods or cancel the receipt.</translation>
     </message>
     <message id="paymentDue">
         <source>К ОПЛАТЕ</source>
-        <translation>TO PAY</translation>
+        <translation>DUE</translation>
     </message>
     <message id="paymentPay">
         <source>Закрыть чек</source>
-        <translation>Close receipt</translation>
+        <translation>Close sale</translation>
     </message>
     <message id="paymentPayOut">
         <source>К ВОЗВРАТУ</source>
@@ -864,7 +864,7 @@ Add goods or cancel the receipt.</translation>
     </message>
     <message id="paymentNoAmount">
         <source>Не сумма</source>
-        <translation>No amount</translation>
+        <translation>Not an amount</translation>
     </message>
     <message id="paymentMissing">
         <source>Не хватает %1</source>
@@ -876,15 +876,15 @@ Add goods or cancel the receipt.</translation>
     </message>
     <message id="paymentInputRefused">
         <source>Вводите только цифры и запятую, не больше двух цифр после неё.</source>
-        <translation>Only digits and a comma, and no more than two digits after it.</translation>
+        <translation>Type only digits and a comma, with at most two digits after it.</translation>
     </message>
     <message id="paymentHint">
         <source>Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма к оплате.</source>
-        <translation>Enter: close the receipt, Esc: back to the positions. Empty: exactly the amount due.</translation>
+        <translation>Enter: close the sale, Esc: back to the positions. Empty field: exactly the amount due.</translation>
     </message>
     <message id="paymentScanRefused">
         <source>Отсканирован штрихкод, он не считается. Чтобы добавить товар, вернитесь к позициям.</source>
-        <translation>A barcode was scanned, it does not count. To add goods go back to the positions.</translation>
+        <translation>A barcode was scanned; it does not count. To add goods, go back to the positions.</translation>
     </message>
     <message id="outOfStockTitle">
         <source>Товара нет на остатке</source>
@@ -894,9 +894,9 @@ Add goods or cancel the receipt.</translation>
         <source>На остатке нет товара:
 %1
 Всё равно продать?</source>
-        <translation>None of these goods are in stock:
+        <translation>These goods are not in stock:
 %1
-Sell them all the same?</translation>
+Sell them anyway?</translation>
     </message>
     <message id="outOfStockYes">
         <source>Продать</source>
@@ -904,7 +904,7 @@ Sell them all the same?</translation>
     </message>
     <message id="removeBoundTitle">
         <source>Удаление позиции</source>
-        <translation>Remove position</translation>
+        <translation>Remove a position</translation>
     </message>
     <message id="removeBoundQuestion">
         <source>Позиция отпускается %2:
@@ -920,15 +920,15 @@ Remove it?</translation>
     </message>
     <message id="cancelBegunTakeBackQuestion">
         <source>Возврат № %1 на сумму %2 уже выполнен частично, и это останется в силе.
-Правильно завершить его: «Нет», затем «Оплата».
+Правильно завершить его: ответьте «Нет» и перейдите к оплате.
 Всё равно отменить возврат?</source>
-        <translation>Return No. %1 of %2 has been done in part already, and that stands.
-The right thing is to finish it: “No”, then “Payment”.
-Cancel the return all the same?</translation>
+        <translation>Return No. %1 of %2 has been carried out in part, and that stands.
+The right thing is to finish it: answer “No” and go to the payment.
+Cancel the return anyway?</translation>
     </message>
     <message id="cancelTakeBackTitle">
         <source>Отмена возврата</source>
-        <translation>Cancel return</translation>
+        <translation>Cancel the return</translation>
     </message>
     <message id="cancelTakeBackYes">
         <source>Отменить возврат</source>
@@ -936,27 +936,27 @@ Cancel the return all the same?</translation>
     </message>
     <message id="putAsideAnnulled">
         <source>Отложенный чек № %1 аннулирован</source>
-        <translation>Receipt No. %1, put aside, was annulled</translation>
+        <translation>Suspended sale No. %1 voided</translation>
     </message>
     <message id="putAsideAnnulledPaidBack">
         <source>Отложенный чек № %1 аннулирован. Верните покупателю наличными %2</source>
-        <translation>Put-aside receipt No. %1 annulled. Pay %2 back to the customer in cash</translation>
+        <translation>Suspended sale No. %1 voided. Give the customer %2 back in cash</translation>
     </message>
     <message id="putAsideAnnulledRefunded">
         <source>Отложенный чек № %1 аннулирован. На карту возвращено %2</source>
-        <translation>Put-aside receipt No. %1 annulled. %2 went back to the card</translation>
+        <translation>Suspended sale No. %1 voided. %2 went back to the card</translation>
     </message>
     <message id="putAsideAnnulledPaidBackBoth">
         <source>Отложенный чек № %1 аннулирован. На карту возвращено %2, верните наличными %3</source>
-        <translation>Put-aside receipt No. %1 annulled. %2 went back to the card, pay %3 back in cash</translation>
+        <translation>Suspended sale No. %1 voided. %2 went back to the card; give %3 back in cash</translation>
     </message>
     <message id="saleWithoutMoneyAnnulled">
         <source>Чек № %1 аннулирован</source>
-        <translation>Receipt No. %1 was annulled</translation>
+        <translation>Sale No. %1 voided</translation>
     </message>
     <message id="saleAnnulled">
         <source>Чек № %1 аннулирован. Верните покупателю %2</source>
-        <translation>Receipt No. %1 was annulled. Give the customer %2 back</translation>
+        <translation>Sale No. %1 voided. Give the customer %2 back</translation>
     </message>
     <message id="takeBackRestored">
         <source>Возврат № %1 восстановлен после перезапуска. Проверьте позиции и продолжайте.</source>
@@ -964,7 +964,7 @@ Cancel the return all the same?</translation>
     </message>
     <message id="receiptRestored">
         <source>Чек № %1 восстановлен после перезапуска. Проверьте позиции и продолжайте.</source>
-        <translation>Receipt No. %1 was restored after a restart. Check the positions and go on.</translation>
+        <translation>Sale No. %1 was restored after a restart. Check the positions and go on.</translation>
     </message>
     <message id="printedCopy">
         <source>КОПИЯ</source>
@@ -976,7 +976,7 @@ Cancel the return all the same?</translation>
     </message>
     <message id="documentsPrintClosed">
         <source>Печатаются только закрытые документы, которые не аннулированы. Выберите такой документ.</source>
-        <translation>Only closed documents that were not annulled are printed. Choose such a document.</translation>
+        <translation>Only closed documents that have not been voided are printed. Choose one of them.</translation>
     </message>
     <message id="cancelTakeBackQuestion">
         <source>Отменить возврат № %1 на сумму %2?</source>
@@ -984,21 +984,21 @@ Cancel the return all the same?</translation>
     </message>
     <message id="cancelReceiptQuestion">
         <source>Отменить чек № %1 на сумму %2?</source>
-        <translation>Cancel receipt No. %1 of %2?</translation>
+        <translation>Cancel sale No. %1 of %2?</translation>
     </message>
     <message id="cancelReceiptTitle">
         <source>Отмена чека</source>
-        <translation>Cancel receipt</translation>
+        <translation>Cancel the sale</translation>
     </message>
     <message id="cancelReceiptYes">
         <source>Отменить чек</source>
-        <translation>Cancel receipt</translation>
+        <translation>Cancel sale</translation>
     </message>
     <message id="takeBackIsWhole">
         <source>Позиции возврата не меняются.
 Чтобы вернуть другие, отмените возврат и начните его заново.</source>
         <translation>The positions of a return do not change.
-To return others, cancel the return and begin it again.</translation>
+To return others, cancel the return and start it again.</translation>
     </message>
     <message id="actionSubtotal">
         <source>Подытог не выполнен</source>
@@ -1014,11 +1014,11 @@ To return others, cancel the return and begin it again.</translation>
     </message>
     <message id="actionStornoAll">
         <source>Отмена не выполнена</source>
-        <translation>The cancellation was not done</translation>
+        <translation>The document was not cancelled</translation>
     </message>
     <message id="actionAnnulDocument">
         <source>Аннулирование не выполнено</source>
-        <translation>The annulment was not done</translation>
+        <translation>The document was not voided</translation>
     </message>
     <message id="actionUnnamed">
         <source>Действие не выполнено</source>
@@ -1030,12 +1030,12 @@ To return others, cancel the return and begin it again.</translation>
     </message>
     <message id="actionStoppedSilently">
         <source>%1: модуль остановил это действие. Если остановили не вы, повторите.</source>
-        <translation>%1: a plug-in stopped this action. If it was not you, try again.</translation>
+        <translation>%1: a plug-in stopped this action. If it was not you who stopped it, try again.</translation>
     </message>
     <message id="actionNotFound">
         <source>%1: модуль не нашёл у себя эту позицию или этот чек. Чек не изменён.
 Проверьте, что выбрана нужная строка, и повторите. Если не поможет, позовите администратора.</source>
-        <translation>%1: the plug-in knows nothing of this position or receipt. The receipt is unchanged.
+        <translation>%1: the plug-in does not know this position or document. The document has not changed.
 Check that the right row is chosen and try again. If that does not help, call the administrator.</translation>
     </message>
     <message id="documentsTitle">
@@ -1044,7 +1044,7 @@ Check that the right row is chosen and try again. If that does not help, call th
     </message>
     <message id="documentsTakeUp">
         <source>Взять в работу</source>
-        <translation>Take up</translation>
+        <translation>Resume</translation>
     </message>
     <message id="documentsTakeBack">
         <source>Вернуть</source>
@@ -1052,11 +1052,11 @@ Check that the right row is chosen and try again. If that does not help, call th
     </message>
     <message id="documentsAnnul">
         <source>Аннулировать</source>
-        <translation>Annul</translation>
+        <translation>Void</translation>
     </message>
     <message id="documentsPrint">
         <source>Печать копии</source>
-        <translation>Print a copy</translation>
+        <translation>Print copy</translation>
     </message>
     <message id="documentsCancel">
         <source>Назад</source>
@@ -1096,15 +1096,11 @@ Check that the right row is chosen and try again. If that does not help, call th
     </message>
     <message id="documentsNone">
         <source>Отложенных и завершённых документов нет.</source>
-        <translation>There are no documents put aside or finished.</translation>
+        <translation>There are no suspended or finished documents.</translation>
     </message>
     <message id="documentsNotFound">
         <source>Ничего не найдено. Измените строку поиска; давние документы ищут по номеру или дню.</source>
         <translation>Nothing was found. Change the search; old documents are found by number or day.</translation>
-    </message>
-    <message id="documentsReceiptOpen">
-        <source>Открыт чек № %1: взять в работу и вернуть можно, когда он завершён или отложен.</source>
-        <translation>Receipt No. %1 is open: documents can be taken up and returned when it is finished or put aside.</translation>
     </message>
     <message id="documentColumnNumber">
         <source>№</source>
@@ -1124,7 +1120,7 @@ Check that the right row is chosen and try again. If that does not help, call th
     </message>
     <message id="documentTakeBack">
         <source>Возврат чека № %1</source>
-        <translation>Return of receipt No. %1</translation>
+        <translation>Return of sale No. %1</translation>
     </message>
     <message id="documentTakenBack">
         <source>Продажа, возвращена документом № %1</source>
@@ -1140,11 +1136,11 @@ Check that the right row is chosen and try again. If that does not help, call th
     </message>
     <message id="documentPutAside">
         <source>Отложен</source>
-        <translation>Put aside</translation>
+        <translation>Suspended</translation>
     </message>
     <message id="documentTakeBackPutAside">
         <source>Возврат отложен</source>
-        <translation>Return put aside</translation>
+        <translation>Return, suspended</translation>
     </message>
     <message id="documentTakeBackCancelled">
         <source>Возврат отменён</source>
@@ -1156,11 +1152,11 @@ Check that the right row is chosen and try again. If that does not help, call th
     </message>
     <message id="documentAnnulled">
         <source>Аннулирован</source>
-        <translation>Annulled</translation>
+        <translation>Voided</translation>
     </message>
     <message id="menuPutAside">
         <source>Отложить чек</source>
-        <translation>Put receipt aside</translation>
+        <translation>Suspend the document</translation>
     </message>
     <message id="menuDocuments">
         <source>Документы</source>
@@ -1168,35 +1164,35 @@ Check that the right row is chosen and try again. If that does not help, call th
     </message>
     <message id="menuTakeBack">
         <source>Возврат продажи</source>
-        <translation>Return of a sale</translation>
+        <translation>Return a sale</translation>
     </message>
     <message id="menuAnnul">
         <source>Аннулировать по номеру</source>
-        <translation>Annul by number</translation>
+        <translation>Void by number</translation>
     </message>
     <message id="menuCancelReceipt">
         <source>Отменить чек</source>
-        <translation>Cancel receipt</translation>
+        <translation>Cancel the document</translation>
     </message>
     <message id="menuReceiptOpen">
         <source>сначала завершите чек № %1</source>
-        <translation>first finish receipt No. %1</translation>
+        <translation>first finish document No. %1</translation>
     </message>
     <message id="menuTakeBackOpen">
         <source>возврат не откладывают</source>
-        <translation>a return is not put aside</translation>
+        <translation>a return is not suspended</translation>
     </message>
     <message id="menuTakeBackDamaged">
         <source>возврат повреждён</source>
-        <translation>a return is damaged</translation>
+        <translation>the return is damaged</translation>
     </message>
     <message id="menuNoPlugin">
         <source>нет модуля</source>
-        <translation>no plug-in does it</translation>
+        <translation>no plug-in</translation>
     </message>
     <message id="menuNoReceipt">
         <source>чек не открыт</source>
-        <translation>no receipt is open</translation>
+        <translation>no document is open</translation>
     </message>
     <message id="menuTitle">
         <source>Меню</source>
@@ -1220,7 +1216,7 @@ Check that the right row is chosen and try again. If that does not help, call th
     </message>
     <message id="documentAnnulledAt">
         <source>аннулирован %1</source>
-        <translation>annulled %1</translation>
+        <translation>voided %1</translation>
     </message>
     <message id="cardTitle">
         <source>Операция по карте</source>
@@ -1235,7 +1231,7 @@ Wait until it is free and try again.</translation>
     <message id="cardDeclined">
         <source>Чек № %1: терминал отклонил оплату %2. %3
 Деньги не списаны. Возьмите другую карту или наличные.</source>
-        <translation>Receipt No. %1: the terminal declined the payment of %2. %3
+        <translation>Sale No. %1: the terminal declined the payment of %2. %3
 No money was taken. Take another card, or cash.</translation>
     </message>
     <message id="cardRefundDeclined">
@@ -1244,11 +1240,11 @@ No money was taken. Take another card, or cash.</translation>
     </message>
     <message id="cardFoundApproved">
         <source>Чек № %1: оплата картой %2 прошла, она учтена в чеке.</source>
-        <translation>Receipt No. %1: the card payment of %2 went through; it is on the receipt.</translation>
+        <translation>Sale No. %1: the card payment of %2 went through; it counts.</translation>
     </message>
     <message id="cardFoundDeclined">
         <source>Чек № %1: оплата картой %2 не прошла, деньги не списаны.</source>
-        <translation>Receipt No. %1: the card payment of %2 did not go through; no money was taken.</translation>
+        <translation>Sale No. %1: the card payment of %2 did not go through; no money was taken.</translation>
     </message>
     <message id="cardRefundFoundApproved">
         <source>Документ № %1: возврат %2 на карту выполнен.</source>
@@ -1261,7 +1257,7 @@ No money was taken. Take another card, or cash.</translation>
     <message id="cardLostQuestion">
         <source>Чек № %1: неизвестно, списал ли терминал %2 с карты.
 Посмотрите на терминал или на его чек. Деньги списаны?</source>
-        <translation>Receipt No. %1: it is not known whether the terminal took %2 from the card.
+        <translation>Sale No. %1: it is not known whether the terminal took %2 from the card.
 Look at the terminal or at its slip. Was the money taken?</translation>
     </message>
     <message id="cardRefundLostQuestion">
@@ -1280,12 +1276,12 @@ Look at the terminal or at its slip. Was the money given back?</translation>
     </message>
     <message id="cardLostNo">
         <source>Нет или не знаю</source>
-        <translation>No, or not known</translation>
+        <translation>No, or I do not know</translation>
     </message>
     <message id="cardNotMovedQuestion">
         <source>Чек № %1: терминал точно не списал %2?
 Если не знаете, вернитесь: касса спросит ещё раз.</source>
-        <translation>Receipt No. %1: is it certain that the terminal did not take %2?
+        <translation>Sale No. %1: is it certain that the terminal did not take %2?
 If you do not know, go back: the register will ask again.</translation>
     </message>
     <message id="cardRefundNotMovedQuestion">
@@ -1308,17 +1304,17 @@ If you do not know, go back: the register will ask again.</translation>
     </message>
     <message id="cardFinding">
         <source>Терминал проверяет операцию…</source>
-        <translation>The terminal looks for the operation…</translation>
+        <translation>The terminal is checking the operation…</translation>
     </message>
     <message id="terminalBusyFinding">
         <source>Терминал занят и не может сказать, прошла ли операция.
 Подождите, пока он освободится, и повторите. Если у вас есть чек терминала, скажите по нему.</source>
         <translation>The terminal is busy and cannot say whether the operation went through.
-Wait until it is free and try again. If you have the slip of the terminal, say what it shows.</translation>
+Wait until it is free and try again. If you have the slip from the terminal, say what it shows.</translation>
     </message>
     <message id="terminalBusyKnown">
         <source>Знаю по чеку терминала</source>
-        <translation>I know from the slip</translation>
+        <translation>I have the slip</translation>
     </message>
     <message id="terminalBusyWait">
         <source>Подождать</source>
@@ -1332,17 +1328,17 @@ Take cash, or call the administrator.</translation>
     </message>
     <message id="cardPaying">
         <source>Оплата картой: следуйте указаниям терминала…</source>
-        <translation>Card payment: follow the terminal…</translation>
+        <translation>Card payment: follow the instructions on the terminal…</translation>
     </message>
     <message id="cardRefunding">
         <source>Возврат на карту: следуйте указаниям терминала…</source>
-        <translation>Refund to the card: follow the terminal…</translation>
+        <translation>Refund to the card: follow the instructions on the terminal…</translation>
     </message>
     <message id="cardCashQuestion">
         <source>Документ № %1: вернуть %2 на карту нельзя.
 Вернуть эти деньги наличными? Их выдают в конце, когда касса об этом скажет.</source>
         <translation>Document No. %1: %2 cannot be given back to the card.
-Give this money back in cash? It is handed out at the end, when the register says so.</translation>
+Give this money back in cash? It is paid out at the end, when the register says so.</translation>
     </message>
     <message id="cardCashYes">
         <source>Вернуть наличными</source>
@@ -1355,26 +1351,26 @@ Give this money back in cash? It is handed out at the end, when the register say
     <message id="cancelChargedQuestion">
         <source>Отменить чек № %1 на сумму %2?
 Оплата картой вернётся на карту покупателя.</source>
-        <translation>Cancel receipt No. %1 for %2?
-What was paid by card goes back to the customer’s card.</translation>
+        <translation>Cancel sale No. %1 of %2?
+The card payment goes back to the customer’s card.</translation>
     </message>
     <message id="cardOvercharged">
         <source>С карты списано %1, а сумма чека теперь %2.
 Отмените чек: деньги вернутся на карту. Затем продайте заново.</source>
-        <translation>The card was charged %1, and the receipt now comes to %2.
-Cancel the receipt: the money goes back to the card. Then sell again.</translation>
+        <translation>%1 was taken from the card, and the total is now %2.
+Cancel the sale: the money goes back to the card. Then sell again.</translation>
     </message>
     <message id="sumRaisedDuringPayment">
         <source>Сумма чека выросла во время оплаты: остаётся оплатить %1.
 Примите остаток: наличными или картой.</source>
-        <translation>The receipt's total rose during the payment: %1 is still due.
+        <translation>The total of the sale rose during the payment: %1 is still due.
 Take the rest in cash or by card.</translation>
     </message>
     <message id="changedDuringPayment">
         <source>Чек № %1 изменился во время оплаты.
 Проверьте позиции и перейдите к оплате ещё раз.</source>
-        <translation>Receipt No. %1 changed during the payment.
-Check the items and go to the payment again.</translation>
+        <translation>Sale No. %1 changed during the payment.
+Check the positions and go to the payment again.</translation>
     </message>
     <message id="absurdTitle">
         <source>Слишком много денег</source>
@@ -1384,11 +1380,11 @@ Check the items and go to the payment again.</translation>
         <source>Получено %1, к оплате %2.
 Выдать сдачу %3?</source>
         <translation>Received %1, due %2.
-Pay out change of %3?</translation>
+Give %3 change?</translation>
     </message>
     <message id="absurdYes">
         <source>Выдать сдачу</source>
-        <translation>Pay out the change</translation>
+        <translation>Give the change</translation>
     </message>
     <message id="absurdNo">
         <source>Исправить</source>
@@ -1396,7 +1392,7 @@ Pay out change of %3?</translation>
     </message>
     <message id="takeBackClosedToCard">
         <source>Возврат № %1 закрыт. На карту %2, верните наличными %3</source>
-        <translation>Return No. %1 closed. To the card %2, pay back %3 in cash</translation>
+        <translation>Return No. %1 closed. %2 to the card; give %3 back in cash</translation>
     </message>
     <message id="takeBackClosedWhollyToCard">
         <source>Возврат № %1 закрыт. На карту возвращено %2</source>
@@ -1404,19 +1400,19 @@ Pay out change of %3?</translation>
     </message>
     <message id="takeBackClosedPaidBack">
         <source>Возврат № %1 закрыт. Верните покупателю наличными %2</source>
-        <translation>Return No. %1 closed. Pay back to the customer in cash: %2</translation>
+        <translation>Return No. %1 closed. Give the customer %2 back in cash</translation>
     </message>
     <message id="receiptCancelledPaidBack">
         <source>Чек № %1 отменён. Верните покупателю наличными %2</source>
-        <translation>Receipt No. %1 cancelled. Pay %2 back to the customer in cash</translation>
+        <translation>Sale No. %1 cancelled. Give the customer %2 back in cash</translation>
     </message>
     <message id="receiptCancelledPaidBackBoth">
         <source>Чек № %1 отменён. На карту возвращено %2, верните наличными %3</source>
-        <translation>Receipt No. %1 cancelled. %2 went back to the card, pay %3 back in cash</translation>
+        <translation>Sale No. %1 cancelled. %2 went back to the card; give %3 back in cash</translation>
     </message>
     <message id="receiptCancelledRefunded">
         <source>Чек № %1 отменён. На карту возвращено %2</source>
-        <translation>Receipt No. %1 cancelled. %2 went back to the card</translation>
+        <translation>Sale No. %1 cancelled. %2 went back to the card</translation>
     </message>
     <message id="documentPartlyTakenBack">
         <source>Продажа, возвращена частично</source>
@@ -1424,19 +1420,19 @@ Pay out change of %3?</translation>
     </message>
     <message id="documentAnnulmentBegun">
         <source>Продажа, аннулирование не завершено</source>
-        <translation>Sale, annulment not finished</translation>
+        <translation>Sale, voiding not finished</translation>
     </message>
     <message id="documentPutAsideCharged">
         <source>Отложен, есть оплата картой</source>
-        <translation>Put aside, with a card payment</translation>
+        <translation>Suspended, with a card payment</translation>
     </message>
     <message id="saleAnnulledToCard">
         <source>Чек № %1 аннулирован. На карту возвращено %2, верните наличными %3</source>
-        <translation>Receipt No. %1 annulled. %2 went back to the card, pay back %3 in cash</translation>
+        <translation>Sale No. %1 voided. %2 went back to the card; give %3 back in cash</translation>
     </message>
     <message id="saleAnnulledWhollyToCard">
         <source>Чек № %1 аннулирован. На карту возвращено %2</source>
-        <translation>Receipt No. %1 annulled. %2 went back to the card</translation>
+        <translation>Sale No. %1 voided. %2 went back to the card</translation>
     </message>
     <message id="printedByCard">
         <source>Картой</source>
@@ -1444,11 +1440,11 @@ Pay out change of %3?</translation>
     </message>
     <message id="printedBackToCard">
         <source>Возвращено на карту</source>
-        <translation>Back to the card</translation>
+        <translation>Refunded to the card</translation>
     </message>
     <message id="returnTitle">
-        <source>Возврат товара. %1: отметьте, что возвращают</source>
-        <translation>Return of goods. %1: tick what comes back</translation>
+        <source>Возврат товара. %1: что возвращают</source>
+        <translation>Return of goods. %1: what is returned</translation>
     </message>
     <message id="returnColumnChosen">
         <source>Вернуть</source>
@@ -1476,7 +1472,7 @@ Pay out change of %3?</translation>
     </message>
     <message id="returnConfirm">
         <source>Вернуть выбранные</source>
-        <translation>Return the chosen</translation>
+        <translation>Return chosen</translation>
     </message>
     <message id="returnAll">
         <source>Выбрать все</source>
@@ -1488,15 +1484,15 @@ Pay out change of %3?</translation>
     </message>
     <message id="returnHint">
         <source>Выбрано %1 из %2 на сумму %3. Пробел — выбрать строку или снять, Ввод — вернуть выбранные, Esc — назад.</source>
-        <translation>%1 of %2 chosen, for %3. Space: choose a row or leave it out, Return: return what is chosen, Esc: back.</translation>
+        <translation>%1 of %2 chosen, for %3. Space: choose a row or leave it out, Enter: return what is chosen, Esc: back.</translation>
     </message>
     <message id="returnTouchHint">
         <source>Выбрано %1 из %2 на сумму %3. Коснитесь строки, чтобы выбрать её или снять, затем кнопки «Вернуть выбранные».</source>
-        <translation>%1 of %2 chosen, for %3. Touch a row to choose it or leave it out, then the button "Return the chosen".</translation>
+        <translation>%1 of %2 chosen, for %3. Tap a row to choose it or leave it out, then tap “Return chosen”.</translation>
     </message>
     <message id="returnNotNow">
         <source>Позицию № %1 пока нельзя вернуть: %2.</source>
-        <translation>Item No. %1 cannot come back now: %2.</translation>
+        <translation>Position No. %1 cannot be returned now: %2.</translation>
     </message>
     <message id="returnColumnMark">
         <source>Вид</source>
@@ -1538,13 +1534,13 @@ Pay out change of %3?</translation>
         <source>Получено наличными %1, к оплате %2: карта не нужна.
 Закройте чек наличными или исправьте сумму наличных.</source>
         <translation>%1 received in cash, %2 due: no card is needed.
-Close the receipt with cash, or correct the amount of cash.</translation>
+Close the sale with cash, or correct the amount of cash.</translation>
     </message>
     <message id="chargedNotChanged">
         <source>По чеку № %1 уже есть оплата картой, он не меняется.
 Завершите оплату. Чтобы изменить чек, отмените его: деньги вернутся на карту.</source>
-        <translation>Receipt No. %1 already has a card payment and does not change.
-Finish the payment. To change the receipt, cancel it: the money goes back to the card.</translation>
+        <translation>Sale No. %1 already has a card payment and does not change.
+Finish the payment. To change the sale, cancel it: the money goes back to the card.</translation>
     </message>
     <message id="menuCharged">
         <source>есть оплата картой</source>
@@ -1553,26 +1549,26 @@ Finish the payment. To change the receipt, cancel it: the money goes back to the
     <message id="voidingBegun">
         <source>Аннулирование продажи № %1 начато, деньги возвращены или могли быть возвращены.
 Завершите его: аннулируйте продажу ещё раз.</source>
-        <translation>The annulment of sale No. %1 has begun, the money went back or may have gone back.
-Finish it: annul the sale again.</translation>
+        <translation>The voiding of sale No. %1 has begun; the money went back or may have gone back.
+Finish it: void the sale again.</translation>
     </message>
     <message id="voidingNotEnded">
         <source>Аннулирование продажи № %1 начато и не завершено.
 Аннулируйте её ещё раз или оформите возврат.</source>
-        <translation>The annulment of sale No. %1 has begun and is not finished.
-Annul it again, or return it.</translation>
+        <translation>The voiding of sale No. %1 has begun and is not finished.
+Void it again, or return it.</translation>
     </message>
     <message id="saleUnsettled">
         <source>Продажа № %1: неизвестно, прошла ли операция по карте.
 Повторите возврат: касса спросит терминал.</source>
-        <translation>Sale No. %1: nobody knows whether the card operation went through.
-Repeat the return: the register asks the terminal.</translation>
+        <translation>Sale No. %1: it is not known whether the card operation went through.
+Try the return again: the register asks the terminal.</translation>
     </message>
     <message id="refundedNotCancelled">
         <source>По возврату уже возвращали деньги, он не отменяется.
-Завершите его: «Оплата».</source>
-        <translation>Money was already given back for this return; it cannot be cancelled.
-Finish it with “Payment”.</translation>
+Завершите его: перейдите к оплате.</source>
+        <translation>Money has already been given back for this return; it cannot be cancelled.
+Finish it: go to the payment.</translation>
     </message>
     <message id="paymentByCard">
         <source>Картой</source>
@@ -1580,7 +1576,7 @@ Finish it with “Payment”.</translation>
     </message>
     <message id="paymentByCardName">
         <source>Остаток картой</source>
-        <translation>The rest by card</translation>
+        <translation>Pay the rest by card</translation>
     </message>
     <message id="paymentCharged">
         <source>Картой оплачено %1</source>
@@ -1600,17 +1596,17 @@ Finish it with “Payment”.</translation>
     </message>
     <message id="paymentRefundHint">
         <source>Ввод — вернуть деньги на карту и закрыть возврат, Esc — назад к позициям.</source>
-        <translation>Enter gives the money back to the card and closes the return, Esc goes back to the positions.</translation>
+        <translation>Enter: give the money back to the card and close the return, Esc: back to the positions.</translation>
     </message>
     <message id="paymentCardHint">
-        <source>Ввод — закрыть чек, F11 — остаток картой, Esc — назад к позициям. Пустое поле — ровно сумма к оплате.</source>
-        <translation>Enter closes the receipt, F11 has the card pay the rest, Esc goes back to the positions. An empty field is exactly the amount due.</translation>
+        <source>Ввод — закрыть чек, %1 — остаток картой, Esc — назад к позициям. Пустое поле — ровно сумма к оплате.</source>
+        <translation>Enter: close the sale, %1: pay the rest by card, Esc: back to the positions. Empty field: exactly the amount due.</translation>
     </message>
     <message id="cancellingBegun">
         <source>Отмена чека № %1 начата, деньги возвращены или могли быть возвращены.
 Завершите её: отмените чек ещё раз.</source>
-        <translation>The cancellation of receipt No. %1 has begun, the money went back or may have gone back.
-Finish it: cancel the receipt again.</translation>
+        <translation>The cancelling of sale No. %1 has begun; the money went back or may have gone back.
+Finish it: cancel the sale again.</translation>
     </message>
     <message id="helpBack">
         <source>назад</source>
@@ -1626,15 +1622,15 @@ Finish it: cancel the receipt again.</translation>
     </message>
     <message id="helpIdleEnter">
         <source>найти введённый товар и открыть чек</source>
-        <translation>find the goods that were typed and open a receipt</translation>
+        <translation>find the goods you typed and open a sale</translation>
     </message>
     <message id="helpIdleNext">
         <source>Отсканируйте товар или введите его название, МНН или штрихкод: чек откроется сам.</source>
-        <translation>Scan goods, or type their name, INN or bar code: the receipt opens by itself.</translation>
+        <translation>Scan goods, or type their name, INN or barcode: a sale opens by itself.</translation>
     </message>
     <message id="helpPositionsEnter">
         <source>добавить введённый товар</source>
-        <translation>add the goods that were typed</translation>
+        <translation>add the goods you typed</translation>
     </message>
     <message id="helpPositionsEsc">
         <source>очистить поиск</source>
@@ -1646,23 +1642,23 @@ Finish it: cancel the receipt again.</translation>
     </message>
     <message id="helpSubtotalEnter">
         <source>к оплате</source>
-        <translation>to the payment</translation>
+        <translation>go to the payment</translation>
     </message>
     <message id="helpSubtotalNext">
         <source>Проверьте позиции и сумму, затем переходите к оплате.</source>
-        <translation>Check the positions and the sum, then go on to the payment.</translation>
+        <translation>Check the positions and the total, then go on to the payment.</translation>
     </message>
     <message id="helpPaymentEnter">
         <source>закрыть чек; пустое поле — ровно сумма к оплате</source>
-        <translation>close the receipt; an empty field is exactly the amount due</translation>
+        <translation>close the sale; an empty field is exactly the amount due</translation>
     </message>
     <message id="helpPaymentByCard">
         <source>остаток картой</source>
-        <translation>the card pays the rest</translation>
+        <translation>pay the rest by card</translation>
     </message>
     <message id="helpPaymentNext">
         <source>Введите полученные деньги: касса покажет сдачу. Затем закройте чек.</source>
-        <translation>Enter the money received: the register shows the change. Then close the receipt.</translation>
+        <translation>Type the money received: the register shows the change. Then close the sale.</translation>
     </message>
     <message id="helpPayOutEnter">
         <source>закрыть возврат</source>
@@ -1686,11 +1682,11 @@ Finish it: cancel the receipt again.</translation>
     </message>
     <message id="helpGoodsAll">
         <source>все товары, если с этим МНН ничего нет</source>
-        <translation>all goods, when there are none with this INN</translation>
+        <translation>all goods, if none have this INN</translation>
     </message>
     <message id="helpGoodsNext">
         <source>Найдите товар по названию, МНН или штрихкоду и укажите упаковки.</source>
-        <translation>Find the goods by name, INN or bar code, and enter the packs.</translation>
+        <translation>Find the goods by name, INN or barcode, and type the number of packs.</translation>
     </message>
     <message id="helpDocumentsRow">
         <source>выбрать документ</source>
@@ -1698,7 +1694,7 @@ Finish it: cancel the receipt again.</translation>
     </message>
     <message id="helpDocumentsResume">
         <source>взять отложенный в работу (также Ввод)</source>
-        <translation>resume a suspended one (Enter as well)</translation>
+        <translation>resume a suspended document (also Enter)</translation>
     </message>
     <message id="helpDocumentsReturn">
         <source>вернуть продажу</source>
@@ -1726,11 +1722,11 @@ Finish it: cancel the receipt again.</translation>
     </message>
     <message id="helpMenuEnter">
         <source>выполнить пункт в рамке</source>
-        <translation>do the framed entry</translation>
+        <translation>run the framed entry</translation>
     </message>
     <message id="helpMenuNext">
         <source>Выберите, что сделать. У серых пунктов указано, почему они недоступны.</source>
-        <translation>Choose what to do. Grey entries say why they cannot be chosen.</translation>
+        <translation>Choose what to do. Grey entries say why they are not available.</translation>
     </message>
     <message id="helpQuestionTab">
         <source>к другому ответу</source>
@@ -1746,27 +1742,27 @@ Finish it: cancel the receipt again.</translation>
     </message>
     <message id="helpQuestionNext">
         <source>Прочитайте вопрос и выберите ответ.</source>
-        <translation>Read the question and choose the answer.</translation>
+        <translation>Read the question and choose an answer.</translation>
     </message>
     <message id="helpSpaceKey">
         <source>Пробел</source>
         <translation>Space</translation>
     </message>
     <message id="helpReturnSpace">
-        <source>вернуть позицию или оставить</source>
-        <translation>return the position, or not</translation>
+        <source>выбрать позицию или снять</source>
+        <translation>choose the position or leave it out</translation>
     </message>
     <message id="helpReturnAll">
-        <source>отметить все или ни одной</source>
+        <source>выбрать все или снять все</source>
         <translation>choose all or none</translation>
     </message>
     <message id="helpReturnEnter">
-        <source>открыть возврат</source>
-        <translation>open the return</translation>
+        <source>вернуть выбранные</source>
+        <translation>return what is chosen</translation>
     </message>
     <message id="helpReturnNext">
-        <source>Отметьте, что покупатель возвращает, и откройте возврат.</source>
-        <translation>Choose what the customer returns, and open the return.</translation>
+        <source>Сначала выбраны все позиции, которые можно вернуть. Снимите лишние, затем верните выбранные.</source>
+        <translation>At first all positions that can be returned are chosen. Leave out the others, then return what is chosen.</translation>
     </message>
     <message id="helpAnyTab">
         <source>к следующему полю или кнопке</source>
@@ -1774,7 +1770,7 @@ Finish it: cancel the receipt again.</translation>
     </message>
     <message id="helpAnyEnter">
         <source>нажать кнопку в рамке</source>
-        <translation>click the framed button</translation>
+        <translation>press the framed button</translation>
     </message>
     <message id="helpTitle">
         <source>Справка</source>
@@ -1793,12 +1789,12 @@ Finish it: cancel the receipt again.</translation>
         <translation>Close</translation>
     </message>
     <message id="idleHelpKey">
-        <source>F1 — какие клавиши работают, на любом экране.</source>
-        <translation>F1: which keys work, on every screen.</translation>
+        <source>%1 — какие клавиши работают, на любом экране.</source>
+        <translation>%1: which keys work, on every screen.</translation>
     </message>
     <message id="goodsSelectionAllShown">
         <source>Показаны все товары, не только с МНН «%1». Сверьте действующее вещество.</source>
-        <translation>All goods are shown, not only those with the INN “%1”. Compare the substance.</translation>
+        <translation>All goods are shown, not only those with the INN “%1”. Compare the active substance.</translation>
     </message>
     <message id="goodsSelectionAll">
         <source>Все товары</source>
@@ -1806,11 +1802,11 @@ Finish it: cancel the receipt again.</translation>
     </message>
     <message id="goodsSelectionNoneOfName">
         <source>Нет товаров с МНН «%1». Можно показать все товары.</source>
-        <translation>There are no goods with the INN “%1”. All goods can be shown.</translation>
+        <translation>No goods have the INN “%1”. You can show all goods.</translation>
     </message>
     <message id="goodsSelectionNoMatchOfName">
         <source>Среди товаров с МНН «%1» нет «%2». Измените поиск или покажите все товары.</source>
-        <translation>Among the goods with the INN “%1” there is no “%2”. Change the search or show all goods.</translation>
+        <translation>None of the goods with the INN “%1” match “%2”. Change the search or show all goods.</translation>
     </message>
     <message id="menuLock">
         <source>Заблокировать кассу</source>
@@ -1819,6 +1815,54 @@ Finish it: cancel the receipt again.</translation>
     <message id="menuHelp">
         <source>Справка</source>
         <translation>Help</translation>
+    </message>
+    <message id="helpStatusMore">
+        <source>прочитать сообщение внизу целиком</source>
+        <translation>read the whole message at the bottom</translation>
+    </message>
+    <message id="helpAnyNext">
+        <source>Прочитайте, что написано на экране, и нажмите нужную кнопку.</source>
+        <translation>Read what the screen says, then press the button you need.</translation>
+    </message>
+    <message id="suspendMeanwhile">
+        <source>Открытый документ пока можно отложить.</source>
+        <translation>Until then you can suspend the open document.</translation>
+    </message>
+    <message id="documentAlreadyOpen">
+        <source>Документ № %1 уже открыт, отложить его нельзя.
+Завершите его, чтобы открыть следующий чек.</source>
+        <translation>Document No. %1 is already open and cannot be suspended.
+Finish it to open the next sale.</translation>
+    </message>
+    <message id="finishOpenDocumentFirst">
+        <source>Сначала завершите открытый документ № %1: отложить его нельзя.</source>
+        <translation>First finish the open document No. %1: it cannot be suspended.</translation>
+    </message>
+    <message id="takeBackSuspendedIdle">
+        <source>Возврат продажи № %1 начат и отложен, его номер %2: %3.
+Позовите администратора. Когда модуль заработает, возьмите возврат в работу из списка документов.</source>
+        <translation>The return of sale No. %1 has begun and is suspended as No. %2: %3.
+Call the administrator. When the plug-in works, resume the return from the list of documents.</translation>
+    </message>
+    <message id="documentTakeBackPutAsideUnsettled">
+        <source>Возврат отложен, исход по карте неизвестен</source>
+        <translation>Return, suspended, card outcome unknown</translation>
+    </message>
+    <message id="documentPutAsideUnsettled">
+        <source>Отложен, исход по карте неизвестен</source>
+        <translation>Suspended, card outcome unknown</translation>
+    </message>
+    <message id="suspendedUnsettled">
+        <source>Документ № %1: неизвестно, прошла ли операция по карте.
+Возьмите его в работу: касса спросит терминал.</source>
+        <translation>Document No. %1: it is not known whether the card operation went through.
+Resume it: the register asks the terminal.</translation>
+    </message>
+    <message id="keyNeedsNoDocument">
+        <source>«%1» работает, когда чек не открыт.
+Завершите открытый документ и повторите.</source>
+        <translation>“%1” works only while no document is open.
+Finish the open one and try again.</translation>
     </message>
 </context>
 </TS>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "functionkeybar.h"
 
+#include "shownkey.h"
+
 #include <QEvent>
 #include <QPushButton>
 #include <QShortcut>
@@ -55,7 +57,7 @@ FunctionKeyBar::FunctionKeyBar(const QList<FunctionKey>& keys, QWidget* parent)
 
 void FunctionKeyBar::addKey(const FunctionKey& key)
 {
-    const QString shortcut = key.shortcut.toString(QKeySequence::NativeText);
+    const QString shortcut = shownKey(key.shortcut);
     auto* button = new QPushButton(shortcut.isEmpty() ? key.text : shortcut + u'\n' + key.text, this);
     button->setObjectName(key.name);
     button->setAccessibleName(key.text);

@@ -8,7 +8,7 @@
 
 class QPushButton;
 
-/// The function keys, each with its shortcut and its text, in as few rows as these fit into.
+/// The function keys, each with its shortcut (not in touch mode) and its text, in as few rows as these fit into.
 class FunctionKeyBar : public QWidget
 {
     Q_OBJECT

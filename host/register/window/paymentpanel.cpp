@@ -9,6 +9,7 @@
 #include "inactivitylocker.h"
 #include "registerstyle.h"
 #include "scanfilter.h"
+#include "shownkey.h"
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 
@@ -130,7 +131,7 @@ void PaymentPanel::createControls()
     m_back->setAccessibleName(m_back->text());
     m_back->setAutoDefault(true);
     m_card->setObjectName(u"cardButton"_s);
-    m_card->setText((m_keys.card + u' ' + tr::Tr(u"paymentByCard"_s, u"Картой"_s).ui()).trimmed());
+    m_card->setText(withShownKey(m_keys.card, tr::Tr(u"paymentByCard"_s, u"Картой"_s).ui()));
     m_card->setAccessibleName(tr::Tr(u"paymentByCardName"_s, u"Остаток картой"_s).ui());
     m_card->setAutoDefault(true);
     m_pay->setObjectName(u"payButton"_s);
@@ -209,7 +210,7 @@ QWidget* PaymentPanel::input() const
     return m_received->isVisibleTo(this) ? static_cast<QWidget*>(m_received) : m_pay;
 }
 
-bool PaymentPanel::isCardKeyShown() const
+bool PaymentPanel::isCardKeyActive() const
 {
     return m_card->isVisibleTo(this) && isVisible() && !m_keys.card.isEmpty();
 }
@@ -237,7 +238,7 @@ void PaymentPanel::showPayment(const Document& document)
     m_received->setPlaceholderText(amountFigures(m_sum));
     if (document.getCharged() > Kopecks{0}) {
         m_byCard->setText(
-            tr::Tr(u"paymentCharged"_s, u"Картой оплачено %1"_s).arg(amountFigures(document.getCharged())).ui());
+            tr::Tr(u"paymentCharged"_s, u"Картой оплачено %1"_s).arg(amountText(document.getCharged())).ui());
     }
     showChange();
 }
@@ -253,10 +254,10 @@ void PaymentPanel::showPayingOut(const Amounts& amounts)
     }
     const Kopecks inCash = amounts.due - amounts.toCards;
     m_byCard->setText(inCash == Kopecks{0}
-                          ? tr::Tr(u"paymentToCardsAlone"_s, u"На карту %1"_s).arg(amountFigures(amounts.toCards)).ui()
+                          ? tr::Tr(u"paymentToCardsAlone"_s, u"На карту %1"_s).arg(amountText(amounts.toCards)).ui()
                           : tr::Tr(u"paymentToCards"_s, u"На карту %1, наличными %2"_s)
-                                .arg(amountFigures(amounts.toCards))
-                                .arg(amountFigures(inCash))
+                                .arg(amountText(amounts.toCards))
+                                .arg(amountText(inCash))
                                 .ui());
     m_pay->setText(tr::Tr(u"paymentRefund"_s, u"Вернуть деньги"_s).ui());
     showKeyHint(
@@ -267,13 +268,14 @@ void PaymentPanel::showChange()
 {
     const auto payment = cashpayment::received(m_sum, m_received->text());
     if (payment) {
-        showChange(tr::Tr(u"paymentChange"_s, u"Сдача %1"_s).arg(amountFigures(payment->amount - m_sum)), "value");
+        showChange(tr::Tr(u"paymentChange"_s, u"Сдача %1"_s).arg(amountText(payment->amount - m_sum)), "value");
     } else {
         showChange(payment.failure().brief, typedAmount(m_received->text()) ? "waiting" : "error");
     }
     showKeyHint(hasTerminal() && !m_keys.card.isEmpty()
-                    ? tr::Tr(u"paymentCardHint"_s, u"Ввод — закрыть чек, F11 — остаток картой, Esc — назад к позициям. "
+                    ? tr::Tr(u"paymentCardHint"_s, u"Ввод — закрыть чек, %1 — остаток картой, Esc — назад к позициям. "
                                                    "Пустое поле — ровно сумма к оплате."_s)
+                          .arg(m_keys.card.toString(QKeySequence::NativeText))
                     : tr::Tr(u"paymentHint"_s,
                              u"Ввод — закрыть чек, Esc — назад к позициям. Пустое поле — ровно сумма к оплате."_s));
 }
@@ -311,7 +313,7 @@ bool PaymentPanel::eventFilter(QObject* watched, QEvent* event)
 
 bool PaymentPanel::takeKey(const QKeyEvent& key)
 {
-    if (key.key() == cardPaymentKey && isCardKeyShown()) {
+    if (key.key() == cardPaymentKey && isCardKeyActive()) {
         if (!key.isAutoRepeat()) {
             m_card->click();
         }

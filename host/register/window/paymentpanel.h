@@ -5,6 +5,7 @@
 #include "till.h"
 #include "tr.h"
 
+#include <QKeySequence>
 #include <QSharedPointer>
 #include <QWidget>
 
@@ -23,8 +24,8 @@ class PaymentPanel : public QWidget
 public:
     /// The keys that depend on the configuration; an empty one is missing.
     struct Keys {
-        QString payment; ///< goes from the subtotal to the payment; a function key
-        QString card;    ///< has the card pay what the cash does not. It needs what is typed here
+        QString payment;   ///< goes from the subtotal to the payment; a function key, as the cashier reads it
+        QKeySequence card; ///< has the card pay what the cash does not. It needs what is typed here
     };
     explicit PaymentPanel(const Keys& keys, QWidget* parent = nullptr);
 
@@ -42,7 +43,7 @@ public:
     QString received() const;
 
     /// True while the card can pay the rest by its key.
-    bool isCardKeyShown() const;
+    bool isCardKeyActive() const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -145,8 +145,12 @@ void RegisterWindow::showDocuments(const Till& till)
     });
 }
 
+/// In touch mode each button works all the same.
 void RegisterWindow::showConflicts(const QList<FunctionKey>& keys)
 {
+    if (isTouchMode()) {
+        return;
+    }
     for (const FunctionKey& key : keys) {
         if (!key.lostTo.isEmpty()) {
             m_statusLine->addProblem(shortcutConflict(key).ui());
@@ -190,17 +194,22 @@ void RegisterWindow::leave(BasicForm& form)
     }
 }
 
-/// True for a key or a click of a cashier who goes on working: not for one that asks what the warning says.
+/// True for a key or a click of a cashier who goes on working: not for one that asks what the warning says, or what the
+/// help says.
 bool RegisterWindow::goesOn(const QEvent& event) const
 {
+    if (isHelpOnTop()) {
+        return false;
+    }
     switch (event.type()) {
     case QEvent::MouseButtonPress:
         return !m_statusLine->isButtonAt(static_cast<const QMouseEvent&>(event).globalPosition().toPoint());
     case QEvent::KeyPress:
     case QEvent::ShortcutOverride: {
         const auto& key = static_cast<const QKeyEvent&>(event);
-        const bool asksForMore =
-            key.key() == Qt::Key_Control || QKeySequence(key.keyCombination()) == StatusLine::buttonKey();
+        const bool asksForMore = key.key() == Qt::Key_Control ||
+                                 QKeySequence(key.keyCombination()) == StatusLine::buttonKey() ||
+                                 (key.key() == helpKey && m_help->isEnabled());
         return !key.isAutoRepeat() && !asksForMore;
     }
     default:
@@ -225,14 +234,30 @@ void RegisterWindow::lock()
     }
 }
 
+bool RegisterWindow::isHelpOnTop()
+{
+    return qobject_cast<HelpForm*>(Singleton<GraphicalUserInterface>::get()->topForm().data());
+}
+
 void RegisterWindow::showHelp()
 {
     const QSharedPointer<BasicForm> form = Singleton<GraphicalUserInterface>::get()->topForm();
-    if (qobject_cast<HelpForm*>(form.data())) {
+    if (isHelpOnTop()) {
         emit form->dismissed();
         return;
     }
-    askForm(HelpParams::eventCode, form ? helpOf(*form) : HelpParams{m_sales->heading(), m_sales->help()});
+    askForm(HelpParams::eventCode, form ? helpOf(*form) : helpOfGround());
+}
+
+/// What the help says when no form is in front.
+HelpParams RegisterWindow::helpOfGround() const
+{
+    FormHelp help = m_sales->help();
+    if (m_statusLine->isButtonShown()) {
+        help.keys.append({StatusLine::buttonKey().toString(QKeySequence::NativeText),
+                          {u"helpStatusMore"_s, u"прочитать сообщение внизу целиком"_s}});
+    }
+    return {m_sales->heading(), help};
 }
 
 void RegisterWindow::shutDown()

@@ -4,6 +4,7 @@
 #include "busyscreen.h"
 #include "formhost.h"
 #include "graphicaluserinterface.h"
+#include "helpparams.h"
 #include "lockscreen.h"
 #include "longwork.h"
 #include "salesscreen.h"
@@ -59,6 +60,8 @@ private:
     void goOnUnwinding();
     bool isAtWork() const;
     bool goesOn(const QEvent& event) const;
+    static bool isHelpOnTop();
+    HelpParams helpOfGround() const;
     void arrangeLayers();
     void cover();
     void uncover();

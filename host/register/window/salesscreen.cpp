@@ -13,6 +13,7 @@
 #include "registeraction.h"
 #include "screenhelp.h"
 #include "searchpanel.h"
+#include "shownkey.h"
 #include "tablecolumn.h"
 #include "tallotableview.h"
 #include "touchmode.h"
@@ -40,13 +41,13 @@ bool isText(const QKeyEvent& event)
            !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
 }
 
-/// The shortcut of the payment; empty when it has none.
+/// The shortcut of the payment as the cashier reads it; empty when none is shown.
 QString paymentKeyOf(const QList<FunctionKey>& keys)
 {
     const auto key = std::find_if(keys.cbegin(), keys.cend(), [](const FunctionKey& candidate) {
         return candidate.actionType == control::SubtotalAndPayment;
     });
-    return key == keys.cend() ? QString() : key->shortcut.toString(QKeySequence::NativeText);
+    return key == keys.cend() ? QString() : shownKey(key->shortcut);
 }
 
 } // namespace
@@ -122,7 +123,9 @@ void SalesScreen::createBeginning()
 {
     QStringList lines{screenHelp(u"idle"_s).next.ui(), Singleton<Config>::get()->getString(u"Register:idleHint"_s)};
     if (!isTouchMode() && !keyWithShortcut(m_keys, helpKey)) {
-        lines.append(tr::Tr(u"idleHelpKey"_s, u"F1 — какие клавиши работают, на любом экране."_s).ui());
+        lines.append(tr::Tr(u"idleHelpKey"_s, u"%1 — какие клавиши работают, на любом экране."_s)
+                         .arg(QKeySequence(helpKey).toString(QKeySequence::NativeText))
+                         .ui());
     }
     lines.removeAll(QString());
     m_beginning = new QLabel(lines.join(u"\n\n"_s), m_table->viewport());
@@ -144,11 +147,9 @@ QWidget* SalesScreen::createSearch(const QList<FunctionKey>& keys)
 
 QWidget* SalesScreen::createPayment(const QList<FunctionKey>& keys)
 {
+    const bool isCardKeyTaken = keyWithShortcut(keys, cardPaymentKey) != nullptr;
     m_payment =
-        new PaymentPanel({paymentKeyOf(keys), keyWithShortcut(keys, cardPaymentKey)
-                                                  ? QString()
-                                                  : QKeySequence(cardPaymentKey).toString(QKeySequence::NativeText)},
-                         this);
+        new PaymentPanel({paymentKeyOf(keys), isCardKeyTaken ? QKeySequence() : QKeySequence(cardPaymentKey)}, this);
     connect(m_payment, &PaymentPanel::confirmed, this, &SalesScreen::goOn);
     connect(m_payment, &PaymentPanel::confirmedByCard, this, [this] { pay(PaymentMethod::Card); });
     connect(m_payment, &PaymentPanel::left, this, &SalesScreen::goBack);
@@ -193,12 +194,12 @@ QString SalesScreen::screen() const
 FormHelp SalesScreen::help() const
 {
     FormHelp help = screenHelp(screen());
-    if (m_payment->isCardKeyShown()) {
+    if (m_payment->isCardKeyActive()) {
         help.keys.append({QKeySequence(cardPaymentKey).toString(QKeySequence::NativeText),
                           {u"helpPaymentByCard"_s, u"остаток картой"_s}});
     }
     for (const FunctionKey& key : m_keys) {
-        if (!key.shortcut.isEmpty()) {
+        if (!key.shortcut.isEmpty() && doesSomething(key)) {
             help.keys.append({key.shortcut.toString(QKeySequence::NativeText), {tr::undefined, key.text}});
         }
     }

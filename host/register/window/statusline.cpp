@@ -6,6 +6,7 @@
 #include "iconsviewnotifier.h"
 #include "plaintooltip.h"
 #include "registerstyle.h"
+#include "shownkey.h"
 #include "tallokeyboard.h"
 #include "tr.h"
 #include "wrappedlabel.h"
@@ -69,7 +70,7 @@ QPushButton* StatusLine::addButton()
     button->setObjectName(u"statusMoreButton"_s);
     button->setText(tr::Tr(u"statusMore"_s, u"Подробнее"_s).ui());
     button->setAccessibleName(button->text());
-    button->setToolTip(buttonKey().toString(QKeySequence::NativeText));
+    button->setToolTip(shownKey(buttonKey()));
     button->setAutoDefault(false);
     button->setFocusPolicy(Qt::NoFocus); // the focus stays where the next scan is expected
     button->hide();
@@ -81,7 +82,7 @@ QPushButton* StatusLine::addButton()
     connect(button, &QPushButton::clicked, this, tell);
     auto* key = new QShortcut(buttonKey(), this);
     connect(key, &QShortcut::activated, this, [this, tell] {
-        if (m_more->isVisible()) {
+        if (isButtonShown()) {
             tell();
         }
     });
@@ -93,9 +94,14 @@ QKeySequence StatusLine::buttonKey()
     return {Qt::CTRL | Qt::Key_F12};
 }
 
+bool StatusLine::isButtonShown() const
+{
+    return m_more->isVisible();
+}
+
 bool StatusLine::isButtonAt(const QPoint& place) const
 {
-    return m_more->isVisible() && m_more->rect().contains(m_more->mapFromGlobal(place));
+    return isButtonShown() && m_more->rect().contains(m_more->mapFromGlobal(place));
 }
 
 void StatusLine::resizeEvent(QResizeEvent*)

@@ -29,6 +29,8 @@ public:
     void showDone(const QString& text);
     /// Shows a warning on amber, in place of the permanent message until dropNews().
     void showWarning(const QString& text);
+    /// True while the message has more to say than is shown.
+    bool isButtonShown() const;
     /// True for a place in the window's screen coordinates where the button is.
     bool isButtonAt(const QPoint& place) const;
     /// The shortcut of the button.

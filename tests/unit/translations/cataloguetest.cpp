@@ -15,9 +15,10 @@ namespace
 
 struct Catalogue {
     const char* name;
-    const char* sources; ///< a folder below the project's
-    const char* file;    ///< below `sources`
-    int fewestTexts;     ///< at least as many are in the sources
+    const char* sources;    ///< a folder below the project's
+    const char* file;       ///< below `sources`
+    int fewestTexts;        ///< at least as many are in the sources
+    QStringList namingKeys; ///< the texts that name a key; none of them is shown in touch mode
 };
 
 std::ostream& operator<<(std::ostream& stream, const Catalogue& catalogue)
@@ -129,10 +130,50 @@ TEST_P(MessageCatalogue, catalogue_repeatsAndTranslatesEachTextOfTheSources)
     }
 }
 
+/// A text that names a key misleads a cashier without a keyboard, and, but for the keys that cannot be configured, one
+/// whose keys are configured otherwise.
+TEST_P(MessageCatalogue, onlyTheHintsOfTheKeyboardMode_nameKeys)
+{
+    static const QRegularExpression key(
+        "\\bF\\d+\\b|\\bEsc\\b|\\bCtrl\\b|\\bTab\\b|Ввод —|«Ввод»|также Ввод|Пробел —|стрелк");
+    const auto all = messages();
+    QStringList naming;
+    for (auto message = all.cbegin(); message != all.cend(); ++message) {
+        if (message->source.contains(key)) {
+            naming.append(message.key());
+        }
+    }
+    EXPECT_EQ(naming, GetParam().namingKeys);
+}
+
+/// One word a thing: those of docs/glossary.md.
+TEST_P(MessageCatalogue, english_hasOneWordForAThing)
+{
+    static const QRegularExpression other(
+        "\\b[Aa]nnul|\\b[Pp]ut aside\\b|\\b[Tt]ak(?:e|en) up\\b|\\b[Ii]tems?\\b|\\b[Bb]ar code|\\bno\\. |\\bNo\\.?\\d|"
+        "[\"']|\\b[Ss]ettings\\b");
+    const auto all = messages();
+    for (auto message = all.cbegin(); message != all.cend(); ++message) {
+        EXPECT_FALSE(message->translation.contains(other))
+            << message.key().toStdString() << ": " << message->translation.toStdString();
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(
     , MessageCatalogue,
-    ::testing::Values(Catalogue{"platform", "host/platform", "translations/registerplatform_en.ts", 50},
-                      Catalogue{"register", "host/register", "translations/pharmacyregister_en.ts", 60},
-                      Catalogue{"electronicPrescription", "plugin", "translations/electronicprescription_en.ts", 60},
-                      Catalogue{"dispenseRecovery", "recovery", "translations/dispenserecovery_en.ts", 20}),
+    ::testing::Values(
+        Catalogue{"platform", "host/platform", "translations/registerplatform_en.ts", 50, {}},
+        Catalogue{"register",
+                  "host/register",
+                  "translations/pharmacyregister_en.ts",
+                  60,
+                  {"busyEscapeAsks", "busyEscapeStops", "helpDocumentsResume", "paymentCardHint", "paymentHint",
+                   "paymentPayOutHint", "paymentRefundHint", "paymentSubtotalHint", "paymentSubtotalKeyHint",
+                   "returnHint"}},
+        Catalogue{"electronicPrescription",
+                  "plugin",
+                  "translations/electronicprescription_en.ts",
+                  60,
+                  {"electronicPrescriptionConfirmDispenseFormChoiceHint"}},
+        Catalogue{"dispenseRecovery", "recovery", "translations/dispenserecovery_en.ts", 20, {"dispenseChoiceHint"}}),
     [](const auto& instance) { return std::string(instance.param.name); });

@@ -8,14 +8,13 @@
 #include "goodsselectionparams.h"
 #include "graphicaluserinterface.h"
 #include "inplace.h"
+#include "looks.h"
 #include "registerapplication.h"
 #include "textinputparams.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
-#include <QLineEdit>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
@@ -81,18 +80,7 @@ protected:
     /// Every text of a window or form that is shown or read aloud.
     static QStringList textsIn(const QWidget& root)
     {
-        QStringList texts{root.windowTitle(), root.accessibleName()};
-        for (const auto* widget : root.findChildren<QWidget*>()) {
-            texts << widget->accessibleName() << widget->accessibleDescription() << widget->toolTip();
-            if (const auto* label = qobject_cast<const QLabel*>(widget)) {
-                texts << label->text();
-            } else if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
-                texts << button->text();
-            } else if (const auto* field = qobject_cast<const QLineEdit*>(widget)) {
-                texts << field->placeholderText();
-            }
-        }
-        return texts;
+        return QStringList{root.windowTitle(), root.accessibleName()} + looks::textsOn(root);
     }
     static QStringList russianTextsIn(const QWidget& root)
     {

@@ -72,7 +72,7 @@ TEST_P(PrescriptionMarks, english_theScreenShowsNoRussian)
     }
     EXPECT_EQ(cell(PositionTableModel::Mark, Qt::AccessibleTextRole), u"Electronic prescription"_s);
     EXPECT_EQ(marks.documentText(*document), u"Card: 1100"_s);
-    EXPECT_EQ(marks.origin(*document->positions().first()), u"on a prescription"_s);
+    EXPECT_EQ(marks.origin(*document->positions().first()), u"for a prescription"_s);
     for (const QString& undoing : marks.undoings(document->positions())) {
         EXPECT_EQ(undoing, u"The dispense will be cancelled."_s);
     }
@@ -83,7 +83,7 @@ TEST_P(PrescriptionMarks, english_theReceiptShowsNoRussian)
     const QString receipt = receiptlayout::text(receiptlayout::lines(*document, marks));
     EXPECT_FALSE(receipt.contains(russian)) << receipt.toStdString();
     for (const char* line :
-         {"Prescription discount: 50", "Doses dispensed: 2,5", "Organization: Clinic", "Prescription: 4500-1"}) {
+         {"Prescription benefit: 50", "Doses dispensed: 2,5", "Organization: Clinic", "Prescription: 4500-1"}) {
         EXPECT_TRUE(receipt.contains(QLatin1StringView(line))) << line << '\n' << receipt.toStdString();
     }
 }

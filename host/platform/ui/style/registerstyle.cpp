@@ -34,6 +34,12 @@ constexpr int largestText = 24;
 /// Text in a window of twice the size is larger by this, in points.
 constexpr double pointsPerScale = 8;
 
+/// A page of details has room to spare in a large window.
+int detailSize(int textSize)
+{
+    return textSize + (textSize - smallestText) / 2;
+}
+
 /// The size of ordinary text since applyRegisterStyle(), in points.
 int& appliedTextSize()
 {
@@ -131,6 +137,7 @@ QString registerStyleSheet(bool touch, int textSize)
     for (const auto& [name, above] : sizesAboveText) {
         sheet.replace(QLatin1StringView(name), QString::number(textSize + above) + u"pt"_s);
     }
+    sheet.replace("@detailSize"_L1, QString::number(detailSize(textSize)) + u"pt"_s);
     for (const auto& [name, colour] : names) {
         sheet.replace(QLatin1StringView(name), colour.name());
     }

@@ -4,6 +4,7 @@
 #include "connectionfactory.h"
 #include "graphicaluserinterface.h"
 #include "logcapture.h"
+#include "qtmessages.h"
 
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -140,11 +141,13 @@ TEST_F(LogTexts, codeIsAnExpressionWithoutAnEnd_failsToRun)
 TEST_F(LogTexts, noDatabase_failsToPrepare)
 {
     config.setForThisRun("Database:name", folder.filePath("none.db"));
+    const QtMessages qt;
 
     lookUp("123");
 
     ASSERT_EQ(lines().size(), 1);
     EXPECT_TRUE(lines()[0].startsWith("ERROR electronicPrescription Ошибка выполнения prepare для запроса "));
+    EXPECT_EQ(qt.with({}), QStringList()) << "Qt warns of nothing beside it";
 }
 
 TEST_F(LogTexts, unknownDictionaryCode_isNotLogged)

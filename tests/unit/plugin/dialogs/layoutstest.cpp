@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -129,12 +130,28 @@ protected:
         EXPECT_LE(std::abs(bottom("instructionsValueLabel") - bottom("medicationDispenseDatesValueLabel")), lines);
     }
 
+    /// Where the label's row begins, in the coordinates of the form.
+    static int topOf(const BasicForm& form, const char* name)
+    {
+        const auto* label = widget<QLabel>(form, name);
+        return label->mapTo(form.rootWidget(), QPoint()).y();
+    }
+    /// Both columns go down to the last quarter of the room, however large the screen is.
+    static void expectRoomUsed(const BasicForm& form)
+    {
+        const auto* area = widget<QScrollArea>(form, "detailsScrollArea");
+        const int lastQuarter = area->mapTo(form.rootWidget(), QPoint()).y() + area->height() * 3 / 4;
+        EXPECT_GE(topOf(form, "instructionsLabel") + 3 * area->fontMetrics().lineSpacing(), lastQuarter);
+        EXPECT_GE(topOf(form, "medicationDispenseDatesLabel") + 3 * area->fontMetrics().lineSpacing(), lastQuarter);
+    }
+
     static void expectGroundBehindTheDiscountOnly(const BasicForm& form)
     {
         const auto* discount = widget<QLabel>(form, "discountValueLabel");
         const int number = discount->fontMetrics().horizontalAdvance(discount->text());
         EXPECT_GE(discount->width(), number);
         EXPECT_LE(discount->width(), number + 4);
+        EXPECT_LE(discount->height(), discount->fontMetrics().lineSpacing() + 4);
     }
 
 private:
@@ -214,7 +231,23 @@ TEST_P(Layouts, detailsForm_isWholeOnTheScreen)
             << "ordinary details need no scrolling";
         expectBalancedColumns(form);
         expectGroundBehindTheDiscountOnly(form);
+        expectRoomUsed(form);
+        const int type = widget<QLabel>(form, "innNameLabel")->fontInfo().pixelSize();
+        const int text = widget<QPushButton>(form, "cancelButton")->fontInfo().pixelSize();
+        EXPECT_EQ(type > text, GetParam().screen.width() > 1024) << "details grow with the screen";
     }
+}
+
+TEST_P(Layouts, detailsFormWithUnknownFields_leavesNoGapForThem)
+{
+    const auto shown = prescription("Инсулин гларгин");
+    shown->setTradeName("Лантус СолоСтар");
+    ElectronicPrescriptionForm form({shown, "active", nullptr}, nullptr);
+    openOnScreen(form);
+    const int row = topOf(form, "tradeNameCodeLabel") - topOf(form, "tradeNameLabel");
+    const int overTheHidden = topOf(form, "tradeNameLabel") - topOf(form, "innCodeLabel");
+    EXPECT_LE(overTheHidden, row + 2 * widget<QLabel>(form, "tradeNameLabel")->fontMetrics().lineSpacing());
+    expectNothingCutOff(form);
 }
 
 TEST_P(Layouts, confirmDispenseForm_isWholeAndNoLargerThanTheSmallestScreen)

@@ -951,7 +951,7 @@ TEST_P(ChargedWithoutItsPlugin, isSuspendedAndTheNextOneIsSoldAndTheFirstIsPaidL
     ASSERT_EQ(run(registeraction::suspend), EContext::GoOn);
     expectTheMoneyIsOnIt(*archived(1));
     EXPECT_EQ(documentwords::state(*archived(1), Document::Returned::Nothing),
-              isLost() ? u"Отложен"_s : u"Отложен, есть оплата картой"_s);
+              isLost() ? u"Отложен, исход по карте неизвестен"_s : u"Отложен, есть оплата картой"_s);
 
     crash();
     EXPECT_FALSE(till->document());

@@ -70,9 +70,18 @@ TEST_F(KeyCommandsTest, keyOfAnotherContext_theContextIsNamedAsTheReason)
     serve(EContext::Idle, control::EActionType(5001));
     serve(EContext::StoredDocuments, control::EActionType(5002));
     till->open();
-    EXPECT_TRUE(said(keyOf(control::EActionType(5001))).startsWith(u"«Рецепт %1» работает, когда чек не открыт"_s));
+    EXPECT_EQ(said(keyOf(control::EActionType(5001))),
+              u"«Рецепт %1» работает, когда чек не открыт.\nЗавершите или отложите чек и повторите."_s);
     EXPECT_TRUE(said(keyOf(control::EActionType(5002))).startsWith(u"«Рецепт %1» работает в списке документов"_s));
     EXPECT_TRUE(given.isEmpty());
+}
+
+TEST_F(KeyCommandsTest, keyOfTheIdleContextInAReturn_doesNotAdviseToSuspendIt)
+{
+    serve(EContext::Idle, control::EActionType(5001));
+    ASSERT_TRUE(till->returnSale(archived(sold())));
+    EXPECT_EQ(said(keyOf(control::EActionType(5001))),
+              u"«Рецепт %1» работает, когда чек не открыт.\nЗавершите открытый документ и повторите."_s);
 }
 
 TEST_F(KeyCommandsTest, ownCommandWithoutADocument_wantsAnOpenReceipt)
@@ -151,13 +160,13 @@ TEST_F(KeyCommandsTest, menuEntries_haveTheSameReasonsInFewWords)
 {
     serve(EContext::OpenDocument, foreignAction);
     serve(EContext::OpenDocument, control::PluginCommand);
-    const auto brief = [](control::EActionType type, bool isDocumentOpen) {
-        const auto obstacle = obstacleToKey(keyOf(type), isDocumentOpen);
+    const auto brief = [this](control::EActionType type) {
+        const auto obstacle = obstacleToKey(keyOf(type), *till);
         return obstacle ? obstacle->shortest().ui() : QString();
     };
-    EXPECT_EQ(brief(foreignAction, false), u"чек не открыт"_s);
-    EXPECT_EQ(brief(control::EActionType(5009), false), u"нет модуля"_s);
-    EXPECT_EQ(brief(control::PluginCommand, false), QString()) << "a sale is opened for it";
+    EXPECT_EQ(brief(foreignAction), u"чек не открыт"_s);
+    EXPECT_EQ(brief(control::EActionType(5009)), u"нет модуля"_s);
+    EXPECT_EQ(brief(control::PluginCommand), QString()) << "a sale is opened for it";
 }
 
 TEST_F(KeyCommandsTest, keysThatNobodyServesAnywhere_areListed)

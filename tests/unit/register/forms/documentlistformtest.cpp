@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "actionhost.h"
 #include "clockdouble.h"
+#include "looks.h"
 #include "registeraction.h"
 #include "storeddocumentcommands.h"
 #include "windowfixture.h"
@@ -150,7 +151,7 @@ TEST_F(DocumentListFormTest, documentOpen_resumingAndReturningAreDisabledAndTheL
     inList([this](QWidget&) {
         EXPECT_FALSE(button("takeUpButton")->isEnabled());
         EXPECT_TRUE(button("annulButton")->isEnabled());
-        EXPECT_TRUE(hint()->text().startsWith(u"Открыт чек № 6"_s)) << qPrintable(hint()->text());
+        EXPECT_EQ(hint()->text(), u"Сначала завершите или отложите открытый чек № 6."_s);
         makeCurrent(3);
         EXPECT_FALSE(button("takeBackButton")->isEnabled());
         press(Qt::Key_Return);
@@ -176,6 +177,35 @@ TEST_F(DocumentListFormTest, f6OnASuspendedDocument_resumesItAndTheButtonNamesTh
     });
     ASSERT_TRUE(till->document());
     EXPECT_EQ(till->document()->getNumber(), 5);
+}
+
+TEST_F(DocumentListFormTest, suspendedWithALostCardAnswer_saysSoInTheRowAndOnAmberBelow)
+{
+    const auto lost = till->archive().find(5);
+    lost->setCardOperation({.amount = Kopecks{480}, .reference = u"5-1"_s});
+    ASSERT_TRUE(till->archive().saveOrShow(lost));
+    inList([this](QWidget&) {
+        makeCurrent(5);
+        EXPECT_EQ(state(0), u"Отложен, исход по карте неизвестен"_s);
+        EXPECT_EQ(hint()->text(), u"Документ № 5: неизвестно, прошла ли операция по карте.\n"
+                                  "Возьмите его в работу: касса спросит терминал."_s);
+        EXPECT_EQ(hint()->property("textRole"), u"waiting"_s);
+    });
+}
+
+TEST_F(DocumentListFormTest, returnOpen_theHintDoesNotAdviseToSuspendIt)
+{
+    ASSERT_TRUE(till->returnSale(till->archive().find(3)));
+    inList([this](QWidget&) {
+        makeCurrent(1);
+        EXPECT_EQ(hint()->text(), u"Сначала завершите открытый документ № 6: отложить его нельзя."_s);
+    });
+}
+
+TEST_F(DocumentListFormTest, touchMode_buttonsNameNoKey)
+{
+    config.set(u"GUI:touchMode"_s, u"true"_s);
+    inList([](QWidget& root) { EXPECT_EQ(looks::namesOfKeys(looks::textsOn(root)), QStringList()); });
 }
 
 TEST_F(DocumentListFormTest, returnKeyOnASale_doesNothing)

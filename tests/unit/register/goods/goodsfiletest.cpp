@@ -6,12 +6,14 @@
 #include "tillfixture.h"
 
 #include <QFile>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTest>
 
 #include <cstdio>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -198,3 +200,77 @@ TEST_F(GoodsFile, namelessDatabase_isToldWithAReason)
         EXPECT_TRUE(unreadable.tr().ui().contains(u"недоступен: Database:name"_s));
     }
 }
+
+struct UnusableDatabase {
+    const char* name;
+    std::function<void(Configured& config, const QString& folder)> configure;
+};
+
+/// A goods database that never worked.
+class GoodsDatabaseUnusable : public GoodsFile, public ::testing::WithParamInterface<UnusableDatabase>
+{
+protected:
+    static void useFile(Configured& config, const QString& path, const QByteArray& contents)
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(contents);
+        config.set(u"Database:name"_s, path);
+    }
+    /// What the cashier reads between the colon and the advice.
+    static QString reasonIn(const QString& said)
+    {
+        static const QRegularExpression form(u"\\AСправочник товаров недоступен: (.*)\nПроверьте базу данных товаров"_s,
+                                             QRegularExpression::DotMatchesEverythingOption);
+        return form.match(said).captured(1).trimmed();
+    }
+
+public:
+    static QList<UnusableDatabase> all()
+    {
+        return {
+            {"missingFile", [](Configured& config,
+                               const QString& folder) { config.set(u"Database:name"_s, folder + u"/none.sqlite"_s); }},
+            {"missingFolder", [](Configured& config,
+                                 const QString& folder) { config.set(u"Database:name"_s, folder + u"/no/goods"_s); }},
+            {"folder", [](Configured& config, const QString& folder) { config.set(u"Database:name"_s, folder); }},
+            {"emptyFile",
+             [](Configured& config, const QString& folder) { useFile(config, folder + u"/empty.sqlite"_s, {}); }},
+            {"text", [](Configured& config,
+                        const QString& folder) { useFile(config, folder + u"/text.sqlite"_s, QByteArray(5000, 'x')); }},
+            {"serverThatRefuses",
+             [](Configured& config, const QString&) {
+                 config.set(u"Database:driver"_s, u"QPSQL"_s);
+                 config.set(u"Database:host"_s, u"127.0.0.1"_s);
+                 config.set(u"Database:port"_s, u"1"_s);
+                 config.set(u"Database:timeout"_s, u"2"_s);
+             }},
+            {"unknownDriver", [](Configured& config, const QString&) { config.set(u"Database:driver"_s, u"QNONE"_s); }},
+        };
+    }
+};
+
+TEST_P(GoodsDatabaseUnusable, fromTheStart_eachMessageHasAReasonAndQtWarnsOfNothing)
+{
+    GetParam().configure(config, folder.path());
+    const QtMessages qt;
+    for (const std::function<void()>& look :
+         {std::function<void()>([this] { price(); }), std::function<void()>([this] { catalogue.goodsOf({}); }),
+          std::function<void()>([this] { catalogue.goodsOf(u"Амоксициллин"_s); })}) {
+        try {
+            look();
+            FAIL();
+        } catch (const BasicException& unreadable) {
+            EXPECT_NE(reasonIn(unreadable.tr().ui()), QString()) << unreadable.tr().ui().toStdString();
+        }
+    }
+    QSignalSpy failed(&catalogue, &GoodsCatalogue::failed);
+    catalogue.keepFresh();
+    ASSERT_TRUE(QTest::qWaitFor([&failed] { return !failed.isEmpty(); }, 30'000));
+    EXPECT_NE(reasonIn(failed.first().first().value<tr::Tr>().ui()), QString());
+    connections.object.getConnection({}, {});
+    EXPECT_EQ(qt.with(QString()), QStringList());
+}
+
+INSTANTIATE_TEST_SUITE_P(, GoodsDatabaseUnusable, ::testing::ValuesIn(GoodsDatabaseUnusable::all()),
+                         [](const auto& row) { return std::string(row.param.name); });

@@ -37,6 +37,13 @@ DocumentTableModel::Pointer returnOf(int number, Document::State state)
     return document;
 }
 
+/// The document with a card operation whose answer was lost.
+DocumentTableModel::Pointer unsettled(DocumentTableModel::Pointer document, CardOperation::Kind kind)
+{
+    document->setCardOperation({.kind = kind, .amount = Kopecks{480}, .reference = u"1-1"_s});
+    return document;
+}
+
 } // namespace
 
 class DocumentTableModelTest : public ::testing::Test
@@ -98,6 +105,11 @@ INSTANTIATE_TEST_SUITE_P(
         Word{"suspended", sale(1, Document::State::Suspended), Nothing, "Отложен", QColor(0x8a, 0x5a, 0)},
         Word{"returnSuspended", returnOf(9, Document::State::Suspended), Nothing, "Возврат отложен",
              QColor(0x8a, 0x5a, 0)},
+        Word{"suspendedUnsettled", unsettled(sale(1, Document::State::Suspended), CardOperation::Kind::Payment),
+             Nothing, "Отложен, исход по карте неизвестен", QColor(0x8a, 0x5a, 0)},
+        Word{"returnSuspendedUnsettled",
+             unsettled(returnOf(9, Document::State::Suspended), CardOperation::Kind::Refund), Nothing,
+             "Возврат отложен, исход по карте неизвестен", QColor(0x8a, 0x5a, 0)},
         Word{"sale", sale(1, Document::State::Closed), Nothing, "Продажа", {}},
         Word{"takenBack", sale(1, Document::State::Closed), Wholly, "Продажа, возвращена документом № 9", {}},
         Word{"partlyTakenBack", sale(1, Document::State::Closed), Partly, "Продажа, возвращена частично", {}},

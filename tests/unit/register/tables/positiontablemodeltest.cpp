@@ -96,7 +96,7 @@ TEST_F(PositionTableModelTest, priceRaised_isNoPriceWithoutABenefit)
 TEST_F(PositionTableModelTest, captionsOfAmounts_nameBenefitAndCurrency)
 {
     const auto caption = [this](int column) { return model.headerData(column, Qt::Horizontal).toString(); };
-    EXPECT_EQ(caption(PositionTableModel::InitialPrice), u"Без льготы"_s);
+    EXPECT_EQ(caption(PositionTableModel::InitialPrice), u"Без льготы, BYN"_s);
     EXPECT_EQ(caption(PositionTableModel::Price), u"Цена, BYN"_s);
     EXPECT_EQ(caption(PositionTableModel::Sum), u"Сумма, BYN"_s);
 }

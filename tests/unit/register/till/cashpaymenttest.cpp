@@ -26,7 +26,7 @@ TEST(CashPayment, aKopeckShort_saysHowMuchIsMissing)
     ASSERT_FALSE(payment);
     EXPECT_EQ(payment.failure().text.ui(),
               u"Получено 12,39\u00a0BYN, а к оплате 12,40\u00a0BYN.\nНе хватает 0,01\u00a0BYN."_s);
-    EXPECT_EQ(payment.failure().brief.ui(), u"Не хватает 0,01"_s);
+    EXPECT_EQ(payment.failure().brief.ui(), u"Не хватает 0,01\u00a0BYN"_s);
 }
 
 TEST(CashPayment, noAmount_saysWhatWasTyped)

@@ -52,6 +52,8 @@ protected:
             activePlugins.append(QString::fromUtf8(GetParam().works));
         }
     }
+    const QString meanwhile = u"Открытый документ пока можно отложить."_s;
+
     bool close() { return till->close({Payment::cash(till->document()->getSum())}); }
     QSharedPointer<Document> archived(int number) const { return till->archive().find(number); }
 
@@ -70,6 +72,8 @@ TEST_P(MissingPlugin, saleOpen_isNeitherPaidNorCancelledNorThePositionRemoved)
     expectRefused(till->obstacleToPayment());
     expectRefused(till->obstacleToCancelling());
     expectRefused(till->obstacleOfPlugin(*till->document()->position(2)));
+    EXPECT_TRUE(till->obstacleToPayment()->text.ui().endsWith(meanwhile));
+    EXPECT_TRUE(till->obstacleToOpening()->text.ui().contains(u"отложите"_s)) << "it may be suspended";
 
     const QJsonObject before = till->document()->toJson();
     till->setPhase(Till::Phase::Subtotal);
@@ -94,6 +98,7 @@ TEST_P(MissingPlugin, saleOpen_isSuspendedAndResumedAndNotVoided)
     idle();
     ASSERT_TRUE(till->suspend());
     expectRefused(till->obstacleToVoiding(*archived(1)));
+    EXPECT_FALSE(till->obstacleToVoiding(*archived(1))->text.ui().contains(meanwhile)) << "it is suspended already";
     EXPECT_FALSE(till->voidDocument(archived(1)));
     EXPECT_TRUE(till->resume(archived(1)));
 }
@@ -105,6 +110,9 @@ TEST_P(MissingPlugin, saleClosed_isNeitherReturnedAsAWholeNorVoided)
     expectRefused(till->obstacleToReturning(*archived(1), {1, 2}));
     expectRefused(till->obstacleToReturning(*archived(1), {2}));
     expectRefused(till->obstacleToVoiding(*archived(1)));
+    till->open();
+    EXPECT_FALSE(till->obstacleToVoiding(*archived(1))->text.ui().contains(meanwhile)) << "another one is open";
+    ASSERT_TRUE(till->cancel());
     EXPECT_FALSE(till->returnSale(archived(1)));
     EXPECT_FALSE(till->voidDocument(archived(1)));
     EXPECT_EQ(archived(1)->getState(), Document::State::Closed);
@@ -137,10 +145,16 @@ TEST_P(MissingPlugin, returnOpen_isNeitherPaidOutNorCancelledButSuspended)
     ASSERT_TRUE(till->suspend());
     EXPECT_TRUE(till->archive().returned(*archived(1), nullptr) == Document::Returned::Wholly)
         << "it is still being returned";
+    const QString why = till->obstacleToReturning(*archived(1))->text.ui();
+    EXPECT_TRUE(why.startsWith(u"Возврат продажи № 1 начат и отложен, его номер 2: %1.\nПозовите администратора."_s.arg(
+        QString::fromUtf8(GetParam().brief))))
+        << qPrintable(why);
     EXPECT_FALSE(till->returnSale(archived(1)));
     EXPECT_TRUE(till->obstacleToVoiding(*archived(2))) << "a return is not voided";
 
     works();
+    EXPECT_EQ(till->obstacleToReturning(*archived(1))->text.ui(),
+              u"Возврат продажи № 1 начат и отложен, его номер 2.\nВозьмите его в работу из списка документов."_s);
     EXPECT_TRUE(till->obstacleToVoiding(*archived(2)));
     ASSERT_TRUE(till->resume(archived(2)));
     EXPECT_TRUE(till->document()->isReturn());

@@ -56,6 +56,10 @@ TEST_F(TillRules, returnOpen_isWholeAndStays)
     EXPECT_TRUE(till->obstacleToChangingPositions());
     EXPECT_EQ(till->obstacleToSuspending()->brief.ui(), u"возврат не откладывают"_s);
     EXPECT_TRUE(till->obstacleToVoiding(*sale)) << "it is being returned";
+    EXPECT_EQ(text(till->obstacleToOpening()), u"Документ № 2 уже открыт, отложить его нельзя.\n"
+                                               "Завершите его, чтобы открыть следующий чек."_s);
+    EXPECT_EQ(text(till->obstacleToAnotherDocument()),
+              u"Сначала завершите открытый документ № 2: отложить его нельзя."_s);
 }
 
 TEST_F(TillRules, returnBelowZero_isNotPaidOutButCancelled)

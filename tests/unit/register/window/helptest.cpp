@@ -4,7 +4,9 @@
 #include "basicdialogform.h"
 #include "documentlistparams.h"
 #include "finally.h"
+#include "formkeys.h"
 #include "goodsselectionparams.h"
+#include "looks.h"
 #include "menuparams.h"
 #include "notice.h"
 #include "question.h"
@@ -101,7 +103,10 @@ TEST_F(HelpTest, withoutADocument_saysHowToBeginAndWhichFunctionKeysThereAre)
     EXPECT_TRUE(said.startsWith(u"Справка: Чек не открыт"_s)) << qPrintable(said);
     EXPECT_TRUE(said.contains(u"Отсканируйте товар"_s));
     EXPECT_TRUE(said.contains(u"F2|Новый чек"_s));
-    EXPECT_TRUE(said.contains(u"F12|Оплата"_s));
+    EXPECT_TRUE(said.contains(u"F10|Меню"_s));
+    for (const auto& idle : {u"Количество"_s, u"Подытог"_s, u"Удалить"_s, u"Отмена чека"_s, u"Оплата"_s}) {
+        EXPECT_FALSE(said.contains(idle)) << qPrintable(idle) << " does nothing yet";
+    }
     EXPECT_TRUE(said.contains(u"F1|показать или закрыть справку"_s));
     EXPECT_FALSE(gui.object.topForm());
     EXPECT_EQ(QApplication::focusWidget(), widget<QWidget>("searchLineEdit")) << "the focus is where it was";
@@ -111,7 +116,9 @@ TEST_F(HelpTest, eachPhaseOfASale_hasKeysOfItsOwn)
 {
     openWindow();
     till->add(article(amoxidar));
-    EXPECT_TRUE(help().contains(u"↑ ↓|выбрать позицию"_s));
+    const QString positions = help();
+    EXPECT_TRUE(positions.contains(u"↑ ↓|выбрать позицию"_s));
+    EXPECT_TRUE(positions.contains(u"F12|Оплата"_s));
     till->setPhase(Till::Phase::Subtotal);
     EXPECT_TRUE(help().contains(u"Ввод|к оплате"_s));
     till->setPhase(Till::Phase::Payment);
@@ -129,6 +136,60 @@ TEST_F(HelpTest, returnThatIsPaidOut_saysSo)
     ASSERT_TRUE(till->returnSale(till->archive().find(1)));
     till->setPhase(Till::Phase::Payment);
     EXPECT_TRUE(help().contains(u"Ввод|закрыть возврат"_s));
+}
+
+TEST_F(HelpTest, keyOfAPlugin_isListedWhereItOpensASale)
+{
+    config.set(u"FunctionKeys:keys"_s, u"pluginKey"_s);
+    config.set(u"FunctionKey.pluginKey:text"_s, u"Скидка"_s);
+    config.set(u"FunctionKey.pluginKey:action"_s, u"94"_s);
+    config.set(u"FunctionKey.pluginKey:key"_s, u"F5"_s);
+    openWindow();
+    EXPECT_FALSE(help().contains(u"F5|Скидка"_s)) << "nobody does it";
+    QVariantMap given;
+    servePluginCommand(given);
+    EXPECT_TRUE(help().contains(u"F5|Скидка"_s));
+}
+
+TEST_F(HelpTest, statusLineHasMoreToSay_itsKeyIsInTheHelpAndStillWorksAfterwards)
+{
+    openWindow();
+    EXPECT_FALSE(help().contains(u"Ctrl+F12"_s)) << "there is nothing to read";
+    window->statusLine().showWarning(u"Подытог не выполнен. "_s.repeated(40));
+    EXPECT_TRUE(help().contains(u"Ctrl+F12|прочитать сообщение внизу целиком"_s));
+    EXPECT_TRUE(isSeen("statusMoreButton")) << "the warning is there until the cashier goes on";
+    press(Qt::Key_Up);
+    EXPECT_FALSE(isSeen("statusMoreButton"));
+}
+
+TEST_F(HelpTest, touchMode_saysWhatComesNextAndNamesNoKey)
+{
+    config.set(u"GUI:touchMode"_s, u"true"_s);
+    openWindow();
+    window->statusLine().showWarning(u"Подытог не выполнен. "_s.repeated(40));
+    const QString said = help();
+    EXPECT_TRUE(said.contains(u"Отсканируйте товар"_s));
+    EXPECT_EQ(looks::namesOfKeys(said.split(u'|')), QStringList());
+    const QString ofMessage = helpOf(u"messageForm"_s, [] { showNotice({u"m"_s, u"Готово"_s}); });
+    EXPECT_TRUE(ofMessage.contains(u"Прочитайте сообщение"_s));
+    EXPECT_EQ(looks::namesOfKeys(ofMessage.split(u'|')), QStringList());
+}
+
+TEST_F(HelpTest, everyKeyOfAFormOfTheRegister_isTheOneOnItsButton)
+{
+    openWindow();
+    const std::pair<const char*, Qt::Key> keys[] = {
+        {"goodsSelectionForm", formkeys::allGoods},   {"returnForm", formkeys::allPositions},
+        {"documentListForm", formkeys::resume},       {"documentListForm", formkeys::returnSale},
+        {"documentListForm", formkeys::voidDocument}, {"documentListForm", formkeys::printCopy},
+    };
+    for (const auto& [screen, key] : keys) {
+        QStringList named;
+        for (const FormHelp::Key& one : screenHelp(QString::fromLatin1(screen)).keys) {
+            named.append(one.key);
+        }
+        EXPECT_TRUE(named.contains(QKeySequence(key).toString())) << screen;
+    }
 }
 
 TEST_F(HelpTest, formOfTheRegister_hasTheKeysOfItsTable)

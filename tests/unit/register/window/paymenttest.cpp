@@ -95,6 +95,9 @@ TEST_F(PaymentTest, currency_isShownBesideTheSumWhenThereIsOne)
     openWindow();
     EXPECT_EQ(text("paymentCurrencyLabel"), u"BYN"_s);
     EXPECT_TRUE(isSeen("paymentCurrencyLabel"));
+    EXPECT_EQ(text("changeLabel"), u"Сдача 0,00\u00a0BYN"_s);
+    type("12,39");
+    EXPECT_EQ(text("changeLabel"), u"Не хватает 0,01\u00a0BYN"_s);
 }
 
 TEST_F(PaymentTest, payment_asksForTheMoney)
@@ -499,6 +502,25 @@ TEST_F(PaymentTest, cardKeyAlone_paysAllByCard)
     pressAndFinish(Qt::Key_F11);
     EXPECT_FALSE(till->document());
     EXPECT_EQ(till->archive().find(1)->ending().payments, QList<Payment>{Payment::card(Kopecks{1240})});
+}
+
+TEST_F(PaymentTest, touchMode_theCardsButtonNamesNoKey)
+{
+    ConnectedTerminal terminal;
+    config.set(u"GUI:touchMode"_s, u"true"_s);
+    openWindow();
+    EXPECT_EQ(widget<QPushButton>("cardButton")->text(), u"Картой"_s);
+    pressAndFinish(Qt::Key_F11);
+    EXPECT_EQ(terminal->taken(), 1240) << "a keyboard may be connected";
+}
+
+TEST_F(PaymentTest, touchMode_returnOpen_theSearchFieldNamesNoKey)
+{
+    config.set(u"GUI:touchMode"_s, u"true"_s);
+    openWindow();
+    openReturn();
+    EXPECT_EQ(widget<QLineEdit>("searchLineEdit")->placeholderText(),
+              u"Проверьте позиции возврата, затем выплатите деньги"_s);
 }
 
 TEST_F(PaymentTest, cashTypedAndCardKey_paysTheRestByCard)

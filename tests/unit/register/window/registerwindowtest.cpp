@@ -172,6 +172,18 @@ TEST_F(WindowTest, functionKey_showsItsShortcutAndStartsItsAction)
     ASSERT_TRUE(QTest::qWaitFor([this] { return !till->document().isNull(); }));
 }
 
+TEST_F(WindowTest, touchMode_functionKeysAndTheStatusLineNameNoShortcut)
+{
+    config.set(u"GUI:touchMode"_s, u"true"_s);
+    config.set(u"FunctionKey.pluginKey:key"_s, u"F2"_s);
+    openWindow();
+    EXPECT_EQ(widget<QPushButton>("newReceiptKey")->text(), u"Новый чек"_s);
+    EXPECT_EQ(widget<QPushButton>("statusMoreButton")->toolTip(), QString());
+    EXPECT_EQ(widget<QLabel>("statusMessageLabel")->text(), QString()) << "each of two keys with F2 has its button";
+    press(Qt::Key_F2);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !till->document().isNull(); })) << "a keyboard may be connected";
+}
+
 TEST_F(WindowTest, functionKeyClicked_startsItsActionWithArgumentsAndPosition)
 {
     openWindow();

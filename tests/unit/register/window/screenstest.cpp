@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Every screen of the register as a cashier sees it: nothing is cut off, every text can be read, and in touch mode
-// every target can be hit.
+// Every screen of the register as a cashier sees it, in each size, mode and language: nothing is cut off, every text
+// can be read, and in touch mode every target can be hit and no text names a key.
 #include "askform.h"
 #include "dialog.h"
 #include "finally.h"
@@ -8,6 +8,7 @@
 #include "helpform.h"
 #include "looks.h"
 #include "menuparams.h"
+#include "messagecatalogues.h"
 #include "notice.h"
 #include "question.h"
 #include "registeraction.h"
@@ -23,13 +24,18 @@
 
 using namespace Qt::StringLiterals;
 
-class Screens : public WindowFixture, public ::testing::WithParamInterface<std::tuple<QSize, bool>>
+class Screens : public WindowFixture, public ::testing::WithParamInterface<std::tuple<QSize, bool, const char*>>
 {
 protected:
     Screens()
     {
-        const auto& [size, touch] = GetParam();
+        const auto& [size, touch, language] = GetParam();
         config.set(u"GUI:touchMode"_s, touch ? u"true"_s : u"false"_s);
+        config.set(u"Register:currency"_s, u"BYN"_s);
+        config.set(u"Language:interface"_s, QString::fromLatin1(language));
+        for (const char* texts : {":/translations/registerplatform", ":/translations/pharmacyregister"}) {
+            catalogues.load(QString::fromLatin1(texts));
+        }
         applyRegisterStyle(*qApp, size);
         documentCommands.offer(controller.object);
         till->add(article(amoxidar));
@@ -57,6 +63,7 @@ protected:
         EXPECT_EQ(looks::faint(screen).join(u", "_s).toStdString(), "") << name;
         if (std::get<bool>(GetParam())) {
             EXPECT_EQ(looks::hardToHit(screen).join(u", "_s).toStdString(), "") << name;
+            EXPECT_EQ(looks::namesOfKeys(looks::textsOn(screen)).join(u", "_s).toStdString(), "") << name;
         }
     }
     /// Looks at the form that `show` opens, after `act`, and closes it.
@@ -73,6 +80,7 @@ protected:
         EXPECT_TRUE(cashier.isDone()) << name;
     }
 
+    MessageCatalogues catalogues;
     ReceiptPrinter printer{folder.path(), marks};
     StoredDocumentCommands documentCommands{*till, printer, marks};
 };
@@ -117,6 +125,23 @@ TEST_P(Screens, goodsSelection_isReadableWithAndWithoutGoods)
         [](QWidget& root) { root.findChild<QPushButton*>(u"allGoodsButton"_s)->click(); });
 }
 
+TEST_P(Screens, returnOfASaleByCard_isReadable)
+{
+    const ConnectedTerminal terminal;
+    openSized();
+    till->add(article(amoxidar));
+    CardOperation charged{.state = CardOperation::State::Approved, .amount = Kopecks{1000}, .reference = u"1-1"_s};
+    ASSERT_TRUE(till->recordOrShow(till->document(), charged));
+    till->setPhase(Till::Phase::Payment);
+    expectGood(*window, "payment partly by card");
+    const int sale = till->document()->getNumber();
+    ASSERT_TRUE(till->close({Payment::cash(Kopecks{240}), Payment::card(Kopecks{1000})}));
+    ASSERT_TRUE(till->returnSale(till->archive().find(sale)));
+    expectGood(*window, "return");
+    till->setPhase(Till::Phase::Payment);
+    expectGood(*window, "paying out");
+}
+
 TEST_P(Screens, documentsAndReturn_areReadable)
 {
     openSized();
@@ -143,7 +168,8 @@ TEST_P(Screens, dialogs_areReadable)
         {u"t"_s, u"Отменить чек?"_s}, {u"q"_s, u"Чек будет отменён."_s}, {u"y"_s, u"Отменить"_s}, {u"n"_s, u"Нет"_s}};
     expectGoodForm("questionForm", [&] { question.ask(); });
     expectGoodForm("messageForm", [] { showNotice({u"m"_s, u"Готово"_s}); });
-    for (const char* screen : {"payment", "documentListForm", "goodsSelectionForm", "returnForm", "another"}) {
+    for (const char* screen : {"idle", "positions", "subtotal", "payment", "payOut", "documentListForm",
+                               "goodsSelectionForm", "menuForm", "questionForm", "returnForm", "another"}) {
         expectGoodForm("helpForm", [screen] {
             askForm(HelpParams::eventCode, HelpParams{u"Экран"_s, screenHelp(QString::fromLatin1(screen))});
         });
@@ -168,8 +194,9 @@ TEST_P(Screens, inputRefused_hintAndReasonAreReadable)
 
 INSTANTIATE_TEST_SUITE_P(, Screens,
                          ::testing::Combine(::testing::Values(QSize(1024, 600), QSize(1280, 800), QSize(1920, 1080)),
-                                            ::testing::Bool()),
+                                            ::testing::Bool(), ::testing::Values("ru", "en")),
                          [](const auto& instance) {
                              return std::to_string(std::get<QSize>(instance.param).width()) +
-                                    (std::get<bool>(instance.param) ? "touch" : "keys");
+                                    (std::get<bool>(instance.param) ? "touch" : "keys") +
+                                    std::get<const char*>(instance.param);
                          });
