@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # What nearly every source includes is parsed once. Sources include what they use all the same: the preset tidy builds
-# without precompiled headers and sees that they do.
+# without precompiled headers and sees that each source does, scripts/tidy that each room does.
 
 file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/nothing.cpp" CONTENT "")
 

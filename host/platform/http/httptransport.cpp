@@ -30,7 +30,6 @@ constexpr int longestSliceMs = 4;
 constexpr long mostConnections = 8;
 /// Firewalls drop idle connections silently; a request on a dropped one would only time out.
 constexpr long longestIdleSeconds = 30;
-constexpr int statusNoContent = 204;
 
 using HeaderList = std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)>;
 

@@ -33,6 +33,9 @@ struct HttpRequest {
     std::function<bool()> isStopped;
 };
 
+/// A success without a body (RFC 9110, 15.3.5).
+constexpr int statusNoContent = 204;
+
 struct HttpAnswer {
     TransportError error = TransportError::None;
     /// 0 when no status line came.

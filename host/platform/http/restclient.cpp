@@ -30,7 +30,6 @@ using Method = HttpRequest::Method;
 
 constexpr int defaultTimeoutSeconds = 60;
 constexpr int mostRedirects = 5;
-constexpr int statusNoContent = 204;
 constexpr int firstStatusOfFailure = 300;
 constexpr int statusSeeOther = 303;
 

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-const QString fileName = u"lastclosing"_s;
+const QString countFile = u"lastclosing"_s;
 
 void logFailure(const QString& what, const Failure& failure)
 {
@@ -33,7 +33,7 @@ ClosingCount::ClosingCount(const QString& folder)
 
 std::optional<ClosingCount::Closing> ClosingCount::last() const
 {
-    const QString file = QDir(m_folder).filePath(fileName);
+    const QString file = QDir(m_folder).filePath(countFile);
     if (!QFile::exists(file)) {
         return std::nullopt;
     }
@@ -48,7 +48,7 @@ std::optional<ClosingCount::Closing> ClosingCount::last() const
 void ClosingCount::note(const Closing& closing) const
 {
     const QJsonObject saved{{u"closing"_s, closing.count}, {u"document"_s, closing.document}};
-    if (const auto written = writeWholeFile(m_folder, fileName, QJsonDocument(saved).toJson()); !written) {
+    if (const auto written = writeWholeFile(m_folder, countFile, QJsonDocument(saved).toJson()); !written) {
         logFailure(u"The last closing was not noted: "_s, written.failure());
     }
 }

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-const QString fileName = u"lastreceiptnumber"_s;
+const QString numberFile = u"lastreceiptnumber"_s;
 } // namespace
 
 DocumentNumbers::DocumentNumbers(const QString& folder)
@@ -41,7 +41,7 @@ void DocumentNumbers::pass(int number)
 
 int DocumentNumbers::last() const
 {
-    QFile file(QDir(m_folder).filePath(fileName));
+    QFile file(QDir(m_folder).filePath(numberFile));
     if (!file.open(QIODevice::ReadOnly)) {
         return 0;
     }
@@ -51,7 +51,7 @@ int DocumentNumbers::last() const
 
 void DocumentNumbers::setLast(int number)
 {
-    const Expected<void> written = writeWholeFile(m_folder, fileName, QByteArray::number(number));
+    const Expected<void> written = writeWholeFile(m_folder, numberFile, QByteArray::number(number));
     if (!written) {
         Log4Qt::LogManager::logger(u"register"_s)
             ->error(u"The last receipt number was not saved: "_s + written.failure().detail);

@@ -15,11 +15,11 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr int spacing = 8;
+constexpr int spaceBetweenKeys = 8;
 
 int widthOf(const QList<QPushButton*>& row)
 {
-    return std::accumulate(row.cbegin(), row.cend(), spacing * int(row.size() - 1),
+    return std::accumulate(row.cbegin(), row.cend(), spaceBetweenKeys * int(row.size() - 1),
                            [](int width, const QPushButton* key) { return width + key->sizeHint().width(); });
 }
 
@@ -34,7 +34,7 @@ void place(const QList<QPushButton*>& row, const QRect& room)
         const int width = key->sizeHint().width() + share;
         key->setGeometry(left, room.top(), width, room.height());
         spare -= share;
-        left += width + spacing;
+        left += width + spaceBetweenKeys;
     }
 }
 
@@ -76,7 +76,7 @@ void FunctionKeyBar::addKey(const FunctionKey& key)
 int FunctionKeyBar::heightForWidth(int width) const
 {
     const auto count = int(rows(width).size());
-    return count * keyHeight() + std::max(0, count - 1) * spacing;
+    return count * keyHeight() + std::max(0, count - 1) * spaceBetweenKeys;
 }
 
 QSize FunctionKeyBar::sizeHint() const
@@ -141,6 +141,6 @@ void FunctionKeyBar::arrange()
     int top = 0;
     for (const Row& row : rows(width())) {
         place(row, {0, top, width(), keyHeight()});
-        top += keyHeight() + spacing;
+        top += keyHeight() + spaceBetweenKeys;
     }
 }

@@ -30,7 +30,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr int spacing = 8;
+constexpr int spaceBetweenFields = 8;
 /// Longer than an amount: a barcode is refused as a whole, never cut to an amount.
 constexpr int longestInput = 40;
 
@@ -62,7 +62,7 @@ QHBoxLayout* createRow()
 {
     auto* row = new QHBoxLayout;
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(spacing);
+    row->setSpacing(spaceBetweenFields);
     return row;
 }
 
@@ -163,7 +163,7 @@ void PaymentPanel::arrangeControls()
     input->addWidget(m_pay);
 
     auto* column = new QVBoxLayout;
-    column->setSpacing(spacing);
+    column->setSpacing(spaceBetweenFields);
     column->addLayout(sums);
     column->addLayout(input);
     column->addWidget(m_hint);

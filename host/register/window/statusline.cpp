@@ -24,7 +24,7 @@ namespace
 constexpr const char* permanent = "hint";
 constexpr const char* done = "done";
 constexpr const char* warning = "waiting";
-constexpr int linesOfMessage = 2;
+constexpr int linesOfStatus = 2;
 constexpr int roomAroundMessage = 10; // pixels; in touch mode the button is as high as the message then
 } // namespace
 
@@ -41,7 +41,7 @@ StatusLine::StatusLine(QWidget* parent)
     layout->addWidget(m_message, 1);
     m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     // Always as high as the longest message, so that nothing moves under a finger when the message changes.
-    m_message->setFixedHeight(linesOfMessage * fontMetrics().lineSpacing() + roomAroundMessage);
+    m_message->setFixedHeight(linesOfStatus * fontMetrics().lineSpacing() + roomAroundMessage);
     m_more = addButton();
     m_plugins = addLabel(u"pluginStateLabel"_s, 0);
     m_keyboardLayout = addLabel(u"keyboardLayoutLabel"_s, 0);

@@ -19,7 +19,7 @@ namespace
 /// A column that fits its contents becomes no wider, in pixels of the smallest window. A longer text is whole in its
 /// tool tip.
 constexpr int widestFit = 280;
-constexpr int longestToolTip = 1000;
+constexpr int longestCellToolTip = 1000;
 constexpr double readableContrast = 4.5;
 
 /// True for a number with decimals, such as "12.000". A whole number may be a code.
@@ -54,7 +54,7 @@ bool ColumnDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const
     }
 
     const bool isCut = QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
-    const QString text = isCut ? index.data().toString().left(longestToolTip) : QString();
+    const QString text = isCut ? index.data().toString().left(longestCellToolTip) : QString();
     // Only rich text is wrapped.
     QToolTip::showText(event->globalPos(), plainToolTip(text), view);
     return true;

@@ -22,7 +22,7 @@ namespace
 constexpr int widestLine = 640;
 /// A scroll area tries many widths until its scroll bar fits. The lines for all of them are remembered.
 constexpr int rememberedWidths = 64;
-constexpr int longestToolTip = 1000;
+constexpr int longestLabelToolTip = 1000;
 /// No language has longer words.
 constexpr qsizetype longestWord = 100;
 
@@ -85,7 +85,7 @@ bool WrappedLabel::event(QEvent* event)
     if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) {
         return QLabel::event(event);
     }
-    const QString whole = isCut() ? text().left(longestToolTip) : QString();
+    const QString whole = isCut() ? text().left(longestLabelToolTip) : QString();
     // Only rich text is wrapped.
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(whole), this);
     return true;
