@@ -189,8 +189,7 @@ private:
             if (m_cell.endpoint == Endpoint::DispenseCancellation) {
                 return valid.isEmpty() && !options.isRegistered();
             }
-            return valid.size() == 1 && options.isRegistered() &&
-                   valid.first().id == options.medicationDispenseId() &&
+            return valid.size() == 1 && options.isRegistered() && valid.first().id == options.medicationDispenseId() &&
                    valid.first().quantity == options.doseQuantity();
         });
     }
@@ -227,8 +226,8 @@ protected:
     }
     static QString name()
     {
-        const QString request = std::get<Endpoint>(GetParam()) == Endpoint::DispenseRegistration ? u"registration"_s
-                                                                                                  : u"cancellation"_s;
+        const QString request =
+            std::get<Endpoint>(GetParam()) == Endpoint::DispenseRegistration ? u"registration"_s : u"cancellation"_s;
         return request + ": "_L1 + QString::fromUtf8(std::get<Mishap>(GetParam()).name);
     }
 };

@@ -78,7 +78,9 @@ TEST(Recovery, registryCannotBeAsked_commandStopsAndNothingIsSent)
     });
     EXPECT_EQ(till.subtotal(), EContext::Stop);
     pharmacy.takeMessages();
-    pharmacy.order([](emulator::FaultScript& faults) { faults.closeBeforeAnswer(Endpoint::PrescriptionsByCard, Occasion::always()); });
+    pharmacy.order([](emulator::FaultScript& faults) {
+        faults.closeBeforeAnswer(Endpoint::PrescriptionsByCard, Occasion::always());
+    });
     pharmacy.forgetRequests();
 
     EXPECT_EQ(till.subtotal(), EContext::Stop);

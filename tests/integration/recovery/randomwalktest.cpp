@@ -102,11 +102,14 @@ private:
             return;
         }
         // "delay", "drip" and "never" would make the test wait, and prove no more than "close" does.
-        static const QStringList faults{u"cut"_s, u"close"_s, u"reset"_s, u"status"_s, u"html"_s, u"empty"_s,
-                                        u"half-json"_s};
-        static const Endpoint endpoints[] = {Endpoint::Token, Endpoint::PrescriptionsByCard,
-                                             Endpoint::DispenseRegistration, Endpoint::DispenseRegistration,
-                                             Endpoint::DispenseCancellation, Endpoint::DispenseCancellation};
+        static const QStringList faults{u"cut"_s,  u"close"_s, u"reset"_s,    u"status"_s,
+                                        u"html"_s, u"empty"_s, u"half-json"_s};
+        static const Endpoint endpoints[] = {Endpoint::Token,
+                                             Endpoint::PrescriptionsByCard,
+                                             Endpoint::DispenseRegistration,
+                                             Endpoint::DispenseRegistration,
+                                             Endpoint::DispenseCancellation,
+                                             Endpoint::DispenseCancellation};
         FaultOrder order = FaultOrder::named(faults[below(int(faults.size()))]).value();
         order.endpoint = endpoints[below(int(std::size(endpoints)))];
         order.occasion = Occasion::nth(1 + below(3));

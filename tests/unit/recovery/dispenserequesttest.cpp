@@ -57,12 +57,11 @@ TEST(DispenseRequestTest, registration_hasWhatWasSent)
 
 TEST(DispenseRequestTest, confirmedRegistration_isDoneAndHasTheId)
 {
-    const DispenseRequest read =
-        DispenseRequest::of(registration(State::Answered, 200,
-                                         R"({"resourceType": "Bundle", "entry": [
+    const DispenseRequest read = DispenseRequest::of(registration(State::Answered, 200,
+                                                                  R"({"resourceType": "Bundle", "entry": [
             {"transactionResponse": {"status": "POST:201"},
              "resource": {"resourceType": "MedicationDispense", "id": "d-1"}}]})"))
-            .value();
+                                     .value();
     EXPECT_EQ(read.outcome, Outcome::Done);
     EXPECT_EQ(read.dispense, u"d-1"_s);
 }
@@ -103,8 +102,9 @@ TEST(DispenseRequestTest, otherRequests_areAboutNoDispense)
 
 TEST(DispenseRequestTest, bodyThatIsNoDispense_hasNothing)
 {
-    for (const char* body : {"", "[]", "{", R"({"parameter": 1})", R"({"parameter": [1, {"name": "medicationDispense"}]})",
-                             R"({"parameter": [{"name": "medicationDispense",
+    for (const char* body :
+         {"", "[]", "{", R"({"parameter": 1})", R"({"parameter": [1, {"name": "medicationDispense"}]})",
+          R"({"parameter": [{"name": "medicationDispense",
                                  "resource": {"authorizingPrescription": 5, "contained": {}, "quantity": "x"}}]})"}) {
         JournalledRequest damaged = registration(State::Unanswered);
         damaged.body = body;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "goodsitem.h"
 #include "positionhistory.h"
+#include "goodsitem.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -104,9 +104,8 @@ TEST(PositionHistoryTest, refusalAfterALostAnswer_leavesItOpen)
 TEST(PositionHistoryTest, answerAfterALostOne_closesIt)
 {
     EXPECT_FALSE(historyOf({}, {registration(Outcome::Open), registration(Outcome::Done, u"d-2"_s)}).open());
-    EXPECT_FALSE(historyOf(registered, {cancellation(Outcome::Open, u"d-1"_s),
-                                        cancellation(Outcome::Done, u"d-1"_s)})
-                     .open());
+    EXPECT_FALSE(
+        historyOf(registered, {cancellation(Outcome::Open, u"d-1"_s), cancellation(Outcome::Done, u"d-1"_s)}).open());
 }
 
 TEST(PositionHistoryTest, positionKnowsTheAnswer_registrationIsNotOpen)
@@ -123,9 +122,8 @@ TEST(PositionHistoryTest, registrationThatThePositionHadBefore_staysCancelled)
 
 TEST(PositionHistoryTest, registeredCancelledAndLost_isOpen)
 {
-    const auto history =
-        historyOf(registered, {registration(Outcome::Done, u"d-1"_s), cancellation(Outcome::Done, u"d-1"_s),
-                               registration(Outcome::Open)});
+    const auto history = historyOf(registered, {registration(Outcome::Done, u"d-1"_s),
+                                                cancellation(Outcome::Done, u"d-1"_s), registration(Outcome::Open)});
     EXPECT_EQ(history.known(), Known::Cancelled);
     EXPECT_EQ(history.open().value().id, 3);
 }

@@ -69,7 +69,8 @@ TEST(RegistryDispenseTest, prescriptionsBundle_hasItsDispensesWithoutTheCancelle
 
 TEST(RegistryDispenseTest, anythingElse_hasNone)
 {
-    for (const char* entries : {"[]", "[1, null, \"x\"]", R"([{"resource": 5}])", R"([{"resource": {"resourceType": 1}}])"}) {
+    for (const char* entries :
+         {"[]", "[1, null, \"x\"]", R"([{"resource": 5}])", R"([{"resource": {"resourceType": 1}}])"}) {
         EXPECT_TRUE(dispensesIn(bundle(entries)).isEmpty()) << entries;
         EXPECT_EQ(prescriptionIdIn(bundle(entries)), QString()) << entries;
     }

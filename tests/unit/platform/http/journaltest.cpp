@@ -19,12 +19,6 @@ namespace
 
 using State = JournalledRequest::State;
 
-class NamedDocument : public DocumentDouble
-{
-public:
-    QString identifier() const override { return u"17"_s; }
-};
-
 class JournalledPost : public testing::Test
 {
 protected:
@@ -119,7 +113,8 @@ TEST_F(JournalledPost, answerThatSaysNothing_staysUnanswered)
 
 TEST_F(JournalledPost, serverNotReached_isKeptAsNotSent)
 {
-    const auto document = QSharedPointer<NamedDocument>::create();
+    const auto document = QSharedPointer<DocumentDouble>::create();
+    document->name = u"17"_s;
     DocumentWatcher::setCurrentDocument(document);
     const Finally none([] { DocumentWatcher::setCurrentDocument({}); });
     both.client.post(QUrl(u"http://127.0.0.1:1/MedicationDispense/$register"_s), "{}", {});

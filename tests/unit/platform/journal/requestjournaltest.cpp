@@ -23,19 +23,6 @@ using State = JournalledRequest::State;
 
 const QUrl registration(u"https://registry.example/fhir/MedicationDispense/$register?x=1"_s);
 
-class NamedDocument : public DocumentDouble
-{
-public:
-    explicit NamedDocument(const QString& name)
-        : m_name(name)
-    {
-    }
-    QString identifier() const override { return m_name; }
-
-private:
-    QString m_name;
-};
-
 class RequestJournalTest : public ::testing::Test
 {
 protected:
@@ -65,7 +52,9 @@ protected:
     }
     static void openDocument(const QString& name)
     {
-        DocumentWatcher::setCurrentDocument(QSharedPointer<NamedDocument>::create(name));
+        const auto document = QSharedPointer<DocumentDouble>::create();
+        document->name = name;
+        DocumentWatcher::setCurrentDocument(document);
     }
     QString path() const { return folder.filePath(u"requests.journal"_s); }
     QByteArray content() const
