@@ -57,5 +57,6 @@ void HelpForm::showKeys(const QList<FormHelp::Key>& keys)
         const auto column = int(2 * (index / rows));
         grid->addWidget(label(keys[index].key, "value"), row, column);
         grid->addWidget(label(keys[index].does.ui(), ""), row, column + 1);
+        grid->setColumnStretch(column + 1, 1);
     }
 }

@@ -692,7 +692,7 @@ The card payment goes back to the customer’s card.</translation>
     </message>
     <message id="keyCancelReceipt">
         <source>Отмена чека</source>
-        <translation>Cancel sale</translation>
+        <translation>Cancel document</translation>
     </message>
     <message id="keyMenu">
         <source>Меню</source>
@@ -1156,7 +1156,7 @@ Check that the right row is chosen and try again. If that does not help, call th
     </message>
     <message id="menuPutAside">
         <source>Отложить чек</source>
-        <translation>Suspend the document</translation>
+        <translation>Suspend document</translation>
     </message>
     <message id="menuDocuments">
         <source>Документы</source>
@@ -1172,7 +1172,7 @@ Check that the right row is chosen and try again. If that does not help, call th
     </message>
     <message id="menuCancelReceipt">
         <source>Отменить чек</source>
-        <translation>Cancel the document</translation>
+        <translation>Cancel document</translation>
     </message>
     <message id="menuReceiptOpen">
         <source>сначала завершите чек № %1</source>

@@ -33,7 +33,7 @@ TEST_F(Translations, catalogueInstalled_formIsInEnglish)
     const ElectronicPrescriptionConfirmDispenseForm form(
         ElectronicPrescriptionConfirmDispenseParams(prescription("Метформин")), nullptr);
     EXPECT_EQ(text(form, "completeDispenseButton"), "In full");
-    EXPECT_EQ(text(form, "confirmDispenseLabel"), "The medicine prescribed as\n'Метформин'\nhas been dispensed");
+    EXPECT_EQ(text(form, "confirmDispenseLabel"), "The medicine prescribed as\n“Метформин”\nhas been dispensed");
 }
 
 TEST_F(Translations, choiceListInEnglish_headerShowsTheModelsCaptionsOnly)
