@@ -303,6 +303,7 @@ void RegisterApplication::resumeWork()
         m_window->statusLine().showWarning(documentwords::restored(*m_till->document()));
     }
     m_paymentCommands->settleRestored();
+    m_storedDocumentCommands->settleRestored();
     m_printer->printInterrupted(m_till->archive());
     followCatalogue();
     auto* locker = Singleton<InactivityLocker>::get();

@@ -52,11 +52,12 @@ Till::Till(const QString& dataFolder, QObject* parent)
     : QObject(parent)
     , m_store(dataFolder)
     , m_archive(dataFolder)
+    , m_unsettled(dataFolder)
     , m_marks(&noMarks())
     , m_numbers(dataFolder)
     , m_totals(std::make_unique<Totals>(*this))
-{
     , m_documentsForPlugins(std::make_unique<TillArchive>(*this))
+{
 }
 
 Till::~Till() = default;
