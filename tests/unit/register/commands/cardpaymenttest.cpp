@@ -18,6 +18,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <chrono>
+#include <optional>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -205,6 +207,32 @@ TEST_F(CardPaymentTest, terminalIsAsked_operationIsSavedBeforeAndInputIsThrownAw
     EXPECT_EQ(witness.codes(), (QList<int>{EActivityListener::LongWorkBegins, EActivityListener::LongWorkEnds,
                                            EActivityListener::DocumentClosed}));
     EXPECT_FALSE(InputBlocker::isActive());
+}
+
+TEST_F(CardPaymentTest, terminalTellsItsTimeLimit_itIsThatOfTheLongWork)
+{
+    terminal->onTimeLimit = [] {
+        EXPECT_EQ(PluginScope::current(), u"bank"_s);
+        return std::optional(std::chrono::seconds(90));
+    };
+    standAtPayment();
+    witness.seen.clear();
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    ASSERT_EQ(witness.seen.first().code, EActivityListener::LongWorkBegins);
+    EXPECT_EQ(witness.seen.first().seconds, 90);
+}
+
+TEST_F(CardPaymentTest, terminalCannotTellItsTimeLimit_paysAllTheSame)
+{
+    const auto throwing = []() -> std::optional<std::chrono::seconds> { throw std::runtime_error("mischief"); };
+    for (const auto& tell : {decltype(terminal->onTimeLimit)(), decltype(terminal->onTimeLimit)(throwing)}) {
+        terminal->onTimeLimit = tell;
+        standAtPayment();
+        witness.seen.clear();
+        EXPECT_EQ(payByCard(), EContext::GoOn);
+        EXPECT_EQ(witness.seen.first().seconds, 0);
+    }
+    EXPECT_EQ(terminal->taken(), 4960);
 }
 
 TEST_F(CardPaymentTest, declined_saysWhyAndTheNextTryIsAnotherOperation)
