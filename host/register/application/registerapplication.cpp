@@ -295,6 +295,7 @@ void RegisterApplication::resumeWork()
         m_player->start(); // first: the next calls may show messages
     }
     m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
+    m_plugins.onEnded([this] { showPlugins(); });
     showPlugins();
     showConfigurationProblems();
     m_till->restore(std::exchange(m_savedDocument, QSharedPointer<Document>()));
