@@ -50,10 +50,15 @@ Act actFor(const CardRequest& request)
     return found == std::end(acts) ? Act::Approve : found->act;
 }
 
+int configuredSeconds()
+{
+    return Singleton<Config>::get()->getInt(u"DemoCardTerminal:seconds"_s, 1);
+}
+
 /// As long as a customer needs to present a card; events run meanwhile.
 void waitForTheCustomer()
 {
-    const int seconds = Singleton<Config>::get()->getInt(u"DemoCardTerminal:seconds"_s, 1);
+    const int seconds = configuredSeconds();
     if (seconds <= 0) {
         return;
     }
@@ -114,6 +119,11 @@ CardAnswer DemoCardTerminal::find(const QString& reference)
         return CardAnswer::unknown();
     }
     return moved ? approved(reference) : CardAnswer::declined();
+}
+
+std::optional<std::chrono::seconds> DemoCardTerminal::timeLimit() const
+{
+    return std::chrono::seconds(std::max(0, configuredSeconds()) + 1);
 }
 
 bool DemoCardTerminal::write(const char* kind, const CardRequest& request) const

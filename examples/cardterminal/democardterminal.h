@@ -20,6 +20,8 @@ public:
     CardAnswer pay(const CardRequest& request) override;
     CardAnswer refund(const CardRequest& request) override;
     CardAnswer find(const QString& reference) override;
+    /// What is configured for an operation, and a second for the journal.
+    std::optional<std::chrono::seconds> timeLimit() const override;
 
 private:
     CardAnswer operate(const char* kind, const CardRequest& request) const;

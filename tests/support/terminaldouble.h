@@ -12,7 +12,9 @@
 #include <QSharedPointer>
 #include <QString>
 
+#include <chrono>
 #include <functional>
+#include <optional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -30,6 +32,11 @@ public:
             return onFind(reference);
         }
         return moved.contains(reference) ? approved() : CardAnswer::declined();
+    }
+
+    std::optional<std::chrono::seconds> timeLimit() const override
+    {
+        return onTimeLimit ? onTimeLimit() : std::nullopt;
     }
 
     static CardAnswer approved() { return CardAnswer::approved(u"A17"_s, u"2200 0000 0000 1234"_s); }
@@ -57,6 +64,9 @@ public:
     std::function<CardAnswer(const CardRequest& request, const Move& move)> onMove;
     /// Answers each find(). Empty: from what has moved.
     std::function<CardAnswer(const QString& reference)> onFind;
+
+    /// How long it takes at most. Empty: it does not know.
+    std::function<std::optional<std::chrono::seconds>()> onTimeLimit;
 
     QStringList calls;           ///< "pay", "refund", "find", in order
     QList<CardRequest> requests; ///< of payments and refunds

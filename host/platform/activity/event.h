@@ -15,7 +15,7 @@ struct EActivityListener {
         DocumentClosed = 12,
         DocumentRestored = 17, ///< a saved document became current; carries "document"
         DocumentCancelled = 22,
-        LongWorkBegins = 72, ///< carries "message", a tr::Tr
+        LongWorkBegins = 72, ///< carries "message" (tr::Tr), and if known "seconds" (int): how long it takes at most
         LongWorkEnds = 73,
         ShowMessage = 300,   ///< the platform's message form; carries "message" (tr::Tr) and "kind" (int)
         ShowTextInput = 301, ///< the platform's text-input form; carries "params", a TextInputParams

@@ -4,3 +4,8 @@
 CardTerminal::CardTerminal() = default;
 
 CardTerminal::~CardTerminal() = default;
+
+std::optional<std::chrono::seconds> CardTerminal::timeLimit() const
+{
+    return std::nullopt;
+}

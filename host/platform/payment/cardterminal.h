@@ -7,6 +7,9 @@
 
 #include <QString>
 
+#include <chrono>
+#include <optional>
+
 /// What a card terminal is asked to do. A value type.
 struct CardRequest {
     Kopecks amount = {};    ///< above 0
@@ -64,4 +67,7 @@ public:
     /// @param reference of a payment or a refund. Declined: the terminal refused it, or never got it and will not begin
     ///        it any more. Busy, Unknown: it cannot say now.
     virtual CardAnswer find(const QString& reference) = 0;
+
+    /// How long one of these calls takes at most; the busy screen tells the cashier. Nothing: it is not known.
+    virtual std::optional<std::chrono::seconds> timeLimit() const;
 };

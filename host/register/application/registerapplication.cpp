@@ -323,6 +323,7 @@ void RegisterApplication::resumeWork()
         m_player->start(); // first: the next calls may show messages
     }
     m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
+    m_plugins.onEnded([this] { showPlugins(); });
     showPlugins();
     showConfigurationProblems();
     m_till->restore(std::exchange(m_savedDocument, QSharedPointer<Document>()));
@@ -331,6 +332,7 @@ void RegisterApplication::resumeWork()
         m_window->statusLine().showWarning(documentwords::restored(*m_till->document()));
     }
     m_paymentCommands->settleRestored();
+    m_storedDocumentCommands->settleRestored();
     m_printer->printInterrupted(m_till->archive());
     followCatalogue();
     auto* locker = Singleton<InactivityLocker>::get();

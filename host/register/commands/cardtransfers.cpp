@@ -13,6 +13,7 @@
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -35,19 +36,39 @@ tr::Tr title()
     return {u"cardTitle"_s, u"Операция по карте"_s};
 }
 
+void logException(const CardTerminalHost& host) // its text is not logged: it may hold a card's number
+{
+    Log4Qt::LogManager::logger(u"payment"_s)->error(u"The card terminal threw an exception: "_s + host.plugin);
+}
+
+/// How long a plug-in's terminal takes at most, in seconds; 0: it is not known.
+int longestWait(const CardTerminalHost& host)
+{
+    const PluginScope scope(host.plugin);
+    try {
+        return int(host.terminal->timeLimit().value_or(std::chrono::seconds(0)).count());
+    } catch (...) {
+        logException(host);
+        return 0;
+    }
+}
+
 /// Asks a plug-in's terminal behind the busy screen. Whatever goes wrong, the answer is unknown.
 CardAnswer askTerminal(const CardTerminalHost& host, const tr::Tr& message,
                        const std::function<CardAnswer(CardTerminal&)>& question)
 {
     auto* notifier = Singleton<ActivityNotifier>::get();
-    notifier->notify(Event(EActivityListener::LongWorkBegins).addArgument(u"message"_s, QVariant::fromValue(message)));
+    Event beginning(EActivityListener::LongWorkBegins);
+    beginning.addArgument(u"message"_s, QVariant::fromValue(message));
+    beginning.addArgument(u"seconds"_s, longestWait(host));
+    notifier->notify(beginning);
     const Finally ended([notifier] { notifier->notify(Event(EActivityListener::LongWorkEnds)); });
     const InputBlocker throwsInputAway;
     const PluginScope scope(host.plugin);
     try {
         return question(*host.terminal);
-    } catch (...) { // its text is not logged: it may hold a card's number
-        Log4Qt::LogManager::logger(u"payment"_s)->error(u"The card terminal threw an exception: "_s + host.plugin);
+    } catch (...) {
+        logException(host);
         return CardAnswer::unknown();
     }
 }

@@ -145,6 +145,15 @@ void StoredDocumentCommands::offer(ActionQueueController& controller)
     });
 }
 
+void StoredDocumentCommands::settleRestored() const
+{
+    for (const QSharedPointer<Document>& document : m_till.unsettledDocuments()) {
+        if (m_cards.settleOrShow(document)) {
+            showIfObstacle(m_till.obstacleOfVoiding(*document)); // it says what to do next
+        }
+    }
+}
+
 EContext::Result StoredDocumentCommands::showDocuments(control::Action&)
 {
     DocumentListParams params;

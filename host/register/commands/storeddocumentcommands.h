@@ -21,6 +21,10 @@ public:
     /// Makes the register handle its actions. The object has to outlive the controller's use of them.
     void offer(ActionQueueController& controller);
 
+    /// At the start: finds out about the card operations whose answers were lost, such as a refund of a sale that was
+    /// being voided. Asks the terminal, and the cashier when that cannot say.
+    void settleRestored() const;
+
 private:
     EContext::Result showDocuments(control::Action& action);
     EContext::Result returnSale(control::Action& action);

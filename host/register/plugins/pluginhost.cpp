@@ -230,8 +230,9 @@ void PluginHost::loadPlugin(const QFileInfo& library, ActionQueueController& con
     const Registrations registrations;
     const Expected<bool> started = start(loaded, library.dir().filePath(name), controller, marks);
     auto* log = Log4Qt::LogManager::logger(u"register"_s);
-    if (started && *started) {
+    if (started && *started && loaded.isActive()) {
         log->info(u"Plug-in initialised: "_s + name);
+        watch(loaded);
         return;
     }
     registrations.restore();
@@ -241,6 +242,26 @@ void PluginHost::loadPlugin(const QFileInfo& library, ActionQueueController& con
                    {{u"pluginInert"_s, u"выключен в настройках или не смог начать работу"_s}, u"init() is false"_s});
     } else {
         addProblem(name, started.failure());
+    }
+}
+
+/// The plug-in's code is on the stack when it deletes its root: what is to be done about it waits for the event loop.
+void PluginHost::watch(const Loaded& loaded)
+{
+    if (!m_watch) {
+        m_watch = std::make_unique<QObject>();
+    }
+    QObject::connect(
+        loaded.root, &QObject::destroyed, m_watch.get(), [this, name = loaded.name] { noteEnd(name); },
+        Qt::QueuedConnection);
+}
+
+void PluginHost::noteEnd(const QString& name)
+{
+    addProblem(name, {{u"pluginEndedByItself"_s, u"завершил работу из-за внутренней ошибки. Перезапустите кассу"_s},
+                      u"it has deleted its root object"_s});
+    if (m_ended) {
+        m_ended();
     }
 }
 
@@ -304,6 +325,7 @@ void PluginHost::loadResources(const QString& folder, PositionMarks& marks)
 
 void PluginHost::unload(ActionQueueController& controller)
 {
+    m_watch.reset();
     Singleton<GraphicalUserInterface>::get()->host().creators.clear();
     Singleton<CardTerminals>::get()->host() = {};
     controller.host().removePluginEntries();

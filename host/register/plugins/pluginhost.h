@@ -6,10 +6,13 @@
 #include "positionmarks.h"
 
 #include <QList>
+#include <QObject>
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class AbstractPlugin;
@@ -31,6 +34,10 @@ public:
     /// it may be missing. A library that cannot be used, also because something of it throws, is logged, added to
     /// problems(), and skipped, and nothing that it registered stays. Links to one library count once.
     void load(const QString& folder, ActionQueueController& controller, PositionMarks& marks);
+
+    /// Has a function called when an initialised plug-in has ended by itself: it has deleted its root object. The
+    /// plug-in is no longer active() and is one of problems() then. Called from the event loop, until unload().
+    void onEnded(std::function<void()> ended) { m_ended = std::move(ended); }
 
     /// Removes the forms, handlers and triggers of all plug-ins, calls each deinit(), and then destroys the plug-ins;
     /// the last one is the first. An exception of a deinit() is logged, and the others go on.
@@ -55,8 +62,12 @@ private:
                          PositionMarks& marks);
     void loadResources(const QString& folder, PositionMarks& marks);
     void addProblem(const QString& name, const Failure& reason);
+    void watch(const Loaded& loaded);
+    void noteEnd(const QString& name);
 
     std::vector<std::unique_ptr<Loaded>> m_plugins;
     MessageCatalogues m_catalogues;
     QStringList m_problems;
+    std::function<void()> m_ended;
+    std::unique_ptr<QObject> m_watch; ///< the receiver of what is watched; null: nothing is
 };

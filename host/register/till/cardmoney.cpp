@@ -37,10 +37,29 @@ bool Till::recordOrShow(const QSharedPointer<Document>& document, const CardOper
     const auto before = document->cardOperations().size();
     document->setCardOperation(operation);
     const bool isNew = document->cardOperations().size() > before;
+    if (document != m_document && document->unsettledCardOperation()) {
+        m_unsettled.add(document->getNumber());
+    }
     const bool isSaved = m_archive.saveOrShow(document);
     if (!isSaved && isNew) {
         document->removeCardOperation(operation.reference);
     }
+    if (isSaved && !document->unsettledCardOperation()) {
+        m_unsettled.remove(document->getNumber());
+    }
     emit changed();
     return isSaved;
+}
+
+QList<QSharedPointer<Document>> Till::unsettledDocuments() const
+{
+    QList<QSharedPointer<Document>> unsettled;
+    for (const int number : m_unsettled.numbers()) {
+        const bool isOpen = m_document && m_document->getNumber() == number;
+        const QSharedPointer<Document> document = isOpen ? nullptr : m_archive.find(number);
+        if (document && document->unsettledCardOperation()) {
+            unsettled.append(document);
+        }
+    }
+    return unsettled;
 }

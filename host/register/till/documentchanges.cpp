@@ -62,8 +62,13 @@ bool Till::cancel()
 
 bool Till::suspend()
 {
-    if (!m_document || obstacleToSuspending() ||
-        !m_archive.moveOrShow(m_document, {.state = Document::State::Suspended})) {
+    if (!m_document || obstacleToSuspending()) {
+        return false;
+    }
+    if (m_document->unsettledCardOperation()) {
+        m_unsettled.add(m_document->getNumber());
+    }
+    if (!m_archive.moveOrShow(m_document, {.state = Document::State::Suspended})) {
         return false;
     }
     makeCurrent(nullptr);

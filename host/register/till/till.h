@@ -11,6 +11,7 @@
 #include "obstacle.h"
 #include "opendocumentfile.h"
 #include "positionmarks.h"
+#include "unsettleddocuments.h"
 
 #include <QObject>
 #include <QSharedPointer>
@@ -165,6 +166,8 @@ public:
     /// Adds a card operation to a document, or replaces the one with its reference, and saves the document.
     /// @return false after a failure was shown: a new operation is then not on the document, a change of one is
     bool recordOrShow(const QSharedPointer<Document>& document, const CardOperation& operation);
+    /// The documents that are not open, and have a card operation of which nobody knows whether the money moved.
+    QList<QSharedPointer<Document>> unsettledDocuments() const;
 
 signals:
     /// Another document is open, the document was recalculated, or its phase changed.
@@ -194,6 +197,7 @@ private:
 
     OpenDocumentFile m_store;
     ArchiveFolder m_archive;
+    UnsettledDocuments m_unsettled;
     Printing m_printing;
     ActivePlugins m_activePlugins;
     const PositionMarks* m_marks;

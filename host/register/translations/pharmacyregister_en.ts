@@ -86,6 +86,10 @@ Check the goods database and try again, or call the administrator.</translation>
         <translation>Receipt No. %1 was not printed: %2
 The document itself is saved. Free some disk space or check access to the data folder, then print the receipt from the list of documents.</translation>
     </message>
+    <message id="pluginEndedByItself">
+        <source>завершил работу из-за внутренней ошибки. Перезапустите кассу</source>
+        <translation>ended because of an internal error. Restart the register</translation>
+    </message>
     <message id="reportNotPrinted">
         <source>Отчёт «%1» не напечатан: %2
 Освободите место на диске или проверьте доступ к папке данных и повторите действие.</source>

@@ -40,15 +40,15 @@ QString seconds(std::chrono::seconds time)
 
 /// @param since when the work began
 /// @param request null: none runs now
-QString timeText(const QString& since, const RunningRequest* request)
+QString timeText(const QString& since, const RunningRequest* request, const WorkLimit& limit)
 {
-    if (!request) {
+    if (!request && !limit.isKnown()) {
         return tr::Tr(u"busySince"_s, u"Начато в %1"_s).arg(since).ui();
     }
     return tr::Tr(u"busySinceWithLimit"_s, u"Начато в %1. Ждём ответа %2 с, самое большее %3 с"_s)
         .arg(since)
-        .arg(seconds(request->elapsed()))
-        .arg(seconds(request->limit()))
+        .arg(seconds(request ? request->elapsed() : limit.elapsed()))
+        .arg(seconds(request ? request->limit() : limit.most()))
         .ui();
 }
 
@@ -128,12 +128,13 @@ WrappedLabel* BusyScreen::addText(const QString& name, int lines)
     return label;
 }
 
-void BusyScreen::start(const QString& message)
+void BusyScreen::start(const QString& message, const WorkLimit& limit)
 {
     if (!m_isWorking) {
         m_since = CurrentTime::create()->current().toString(u"HH:mm:ss"_s);
     }
     m_isWorking = true;
+    m_limit = limit;
     m_message->setText(message);
     setAccessibleName(message);
     showProgress();
@@ -148,7 +149,7 @@ void BusyScreen::showProgress()
 {
     const RunningRequest* request = RunningRequest::current();
     m_step->setText(request ? request->step() : WorkStep::currentText());
-    m_time->setText(timeText(m_since, request));
+    m_time->setText(timeText(m_since, request, m_limit));
     m_hint->setText(hintText(request));
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "worklimit.h"
+
 #include <QPointer>
 #include <QString>
 #include <QTimer>
@@ -26,7 +28,8 @@ public:
 
 public slots:
     /// Shows it above everything and paints it at once, since the work may block the event loop.
-    void start(const QString& message);
+    /// @param limit how long the work takes at most; shown unless a request with a limit of its own runs
+    void start(const QString& message, const WorkLimit& limit = {});
     void stop();
 
 protected:
@@ -50,6 +53,7 @@ private:
     QPointer<QWidget> m_focusBefore;
     QTimer m_turning;
     QString m_since; ///< when the work began, as it is shown
+    WorkLimit m_limit;
     int m_angle = 0;
     bool m_isWorking = false;
 };

@@ -19,7 +19,8 @@ void LongWork::handleEvent(const Event& event)
 {
     switch (event.getCode()) {
     case EActivityListener::LongWorkBegins:
-        m_works.append({event.value(u"message"_s).value<tr::Tr>(), Singleton<ActionQueueController>::get()->depth()});
+        m_works.append({event.value(u"message"_s).value<tr::Tr>(), Singleton<ActionQueueController>::get()->depth(),
+                        WorkLimit(std::chrono::seconds(event.value(u"seconds"_s).toInt()))});
         showInnermost();
         break;
     case EActivityListener::LongWorkEnds:
@@ -55,7 +56,7 @@ void LongWork::endAfterFailure()
 void LongWork::showInnermost()
 {
     if (isRunning()) {
-        emit running(m_works.last().message.ui());
+        emit running(m_works.last().message.ui(), m_works.last().limit);
         return;
     }
     const InputBlocker throwsInputAway;

@@ -3,6 +3,7 @@
 
 #include "baseactivitylistener.h"
 #include "tr.h"
+#include "worklimit.h"
 
 #include <QList>
 #include <QString>
@@ -29,7 +30,8 @@ public slots:
 
 signals:
     /// Work began, or the inner one of two ended. `message` describes the work that is going on now.
-    void running(const QString& message);
+    /// @param limit how long that work takes at most
+    void running(const QString& message, const WorkLimit& limit);
     /// All work has ended. Keys and clicks during the work are thrown away.
     void ended();
 
@@ -37,6 +39,7 @@ private:
     struct Work {
         tr::Tr message;
         int depth = 0; ///< how many actions ran inside one another when it began
+        WorkLimit limit = {};
     };
 
     void showInnermost();

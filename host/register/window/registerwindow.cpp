@@ -100,9 +100,13 @@ void RegisterWindow::offerCommands()
     });
 }
 
-/// The widgets below it are destroyed after it, and the focus moves with each.
+/// The widgets below it are destroyed after it, and the focus moves with each. A form that is open goes with it, and
+/// who asked for the form must not find the window any more.
 RegisterWindow::~RegisterWindow()
 {
+    if (FormHost& forms = Singleton<GraphicalUserInterface>::get()->host(); forms.stage == this) {
+        forms.stage = nullptr;
+    }
     qApp->removeEventFilter(this);
     disconnect(qApp, nullptr, this, nullptr);
 }

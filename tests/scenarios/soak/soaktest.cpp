@@ -7,6 +7,7 @@
 #include "footprint.h"
 #include "pharmacy.h"
 #include "plan.h"
+#include "progress.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -93,6 +94,7 @@ protected:
 private:
     void prepare(const Plan& plan, qsizetype number);
     void takeSample(const Plan& plan, qsizetype number, qint64 milliseconds);
+    void reportProgress(const Plan& plan, qsizetype served) const;
     void keepJournal();
     /// Prescriptions or dispenses whose booking was not answered so that the register knows its outcome.
     QSet<QString> undecided(const QString& endpoint) const;
@@ -107,6 +109,7 @@ void Soak::serve(const Plan& plan, const QStringList& options)
         customer.start();
         ASSERT_TRUE(waitForOutput(u"customer %1\n"_s.arg(number))) << qPrintable(waitForEnd().output);
         takeSample(plan, number, customer.elapsed());
+        reportProgress(plan, number - 1);
         ASSERT_NO_FATAL_FAILURE(prepare(plan, number));
     }
     expectPlayed(waitForEnd());
@@ -136,6 +139,16 @@ void Soak::takeSample(const Plan& plan, qsizetype number, qint64 milliseconds)
         sample.stepTime = double(milliseconds) / double(patiently(before.steps).size());
     }
     samples.append(sample);
+}
+
+/// At once, also into a file: a long run can be watched.
+void Soak::reportProgress(const Plan& plan, qsizetype served) const
+{
+    const qsizetype finished = files("finished").size();
+    if (const auto line = soak::progressAfter(plan, served, finished, samples.constLast().memory)) {
+        std::printf("%s\n", qPrintable(*line));
+        std::fflush(stdout);
+    }
 }
 
 void Soak::keepJournal()

@@ -38,12 +38,13 @@ public:
         QSharedPointer<AbstractDocument> current;
         EContext::Code context;
         QVariant document;
+        QVariant seconds;
     };
 
     void handleEvent(const Event& event) override
     {
         seen.append({event.getCode(), getDocument(), Singleton<ActionQueueController>::get()->context(),
-                     event.value(u"document"_s)});
+                     event.value(u"document"_s), event.value(u"seconds"_s)});
     }
     QList<int> codes() const
     {

@@ -63,6 +63,14 @@ INSTANTIATE_TEST_SUITE_P(, DemoCardTerminalTest,
                                            Case{"loseForGood", 5, Outcome::Unknown, Outcome::Unknown}),
                          [](const auto& instance) { return std::string(instance.param.word); });
 
+TEST_F(DemoCardTerminalTest, timeLimit_isASecondMoreThanAnOperationTakes)
+{
+    const DemoCardTerminal terminal(m_journal);
+    EXPECT_EQ(terminal.timeLimit(), std::chrono::seconds(1)) << "none of the cases waits";
+    m_config.set(u"DemoCardTerminal:seconds"_s, u"30"_s);
+    EXPECT_EQ(terminal.timeLimit(), std::chrono::seconds(31));
+}
+
 TEST_F(DemoCardTerminalTest, sixKopecks_breaksDownAfterTheMoneyMoved)
 {
     EXPECT_THROW(m_terminal.pay({.amount = Kopecks{1206}, .reference = u"7-1"_s}), std::runtime_error);

@@ -33,13 +33,13 @@ inline QMap<QString, const void*> sharedStateSeenHere()
         {u"CardTerminals"_s, &Singleton<CardTerminals>::instance},
         {u"Config"_s, &Singleton<Config>::instance},
         {u"ConnectionFactory"_s, &Singleton<ConnectionFactory>::instance},
+        {u"DocumentArchive"_s, &Singleton<DocumentArchive>::instance},
         {u"GraphicalUserInterface"_s, &Singleton<GraphicalUserInterface>::instance},
         {u"LoyaltySystemLayer"_s, &Singleton<LoyaltySystemLayer>::instance},
-
         {u"ReportPrinter"_s, &Singleton<ReportPrinter>::instance},
         {u"RequestJournal"_s, &Singleton<RequestJournal>::instance},
+
         {u"CurrentTime"_s, &MockFactory<CurrentTime>::mocked},
-        {u"DocumentArchive"_s, &Singleton<DocumentArchive>::instance},
         {u"Dialog"_s, &MockFactory<Dialog>::mocked},
         {u"RestClient"_s, &MockFactory<RestClient>::mocked},
         {u"SaveToFileLogic"_s, &MockFactory<SaveToFileLogic>::mocked},

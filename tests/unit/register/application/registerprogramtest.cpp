@@ -690,6 +690,17 @@ TEST_F(RegisterWithMischief, timerThrows_isNamedInTheStatusLineAndTheRegisterSel
         << qPrintable(output);
 }
 
+TEST_F(RegisterWithMischief, pluginEndsByItself_isNotCountedAnyMoreAndNamedInTheStatusLine)
+{
+    arrange(u"handlerDeletesThePlugin"_s);
+    EXPECT_EQ(play(QByteArray(R"([{"expect": "Модулей: 1", "in": "pluginStateLabel"}, )") + sale +
+                   R"(, {"key": "F6"}, {"expect": "Модулей нет", "in": "pluginStateLabel"},
+                       {"contains": "mischievous_plugin: завершил работу", "in": "statusMessageLabel"},
+                       {"type": "2990000000019"}, {"key": "Return"}, {"receipt": {"positions": [{"quantity": 2}]}}])"),
+              0)
+        << qPrintable(output);
+}
+
 TEST_F(RegisterWithMischief, commandDoesNotEndWhenTheWindowIsClosed_endsWithStatusNineAndTheDocumentIsSaved)
 {
     arrange(u"askForEverAndSwallow"_s);

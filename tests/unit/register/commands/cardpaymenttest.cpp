@@ -18,6 +18,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <chrono>
+#include <optional>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -94,6 +96,21 @@ protected:
             Singleton<ActionQueueController>::get()->enqueue(answer, true);
         });
         return run(registeraction::showDocuments);
+    }
+    /// The register ends without warning, starts again and looks for lost answers.
+    void crashAndSettle()
+    {
+        crash();
+        storedDocumentCommands->settleRestored();
+    }
+    /// The documents that the next start asks about.
+    QList<int> unsettled() const
+    {
+        QList<int> numbers;
+        for (const auto& document : till->unsettledDocuments()) {
+            numbers.append(document->getNumber());
+        }
+        return numbers;
     }
     /// Voids a document as the cashier does.
     EContext::Result voidByNumber(int number)
@@ -190,6 +207,32 @@ TEST_F(CardPaymentTest, terminalIsAsked_operationIsSavedBeforeAndInputIsThrownAw
     EXPECT_EQ(witness.codes(), (QList<int>{EActivityListener::LongWorkBegins, EActivityListener::LongWorkEnds,
                                            EActivityListener::DocumentClosed}));
     EXPECT_FALSE(InputBlocker::isActive());
+}
+
+TEST_F(CardPaymentTest, terminalTellsItsTimeLimit_itIsThatOfTheLongWork)
+{
+    terminal->onTimeLimit = [] {
+        EXPECT_EQ(PluginScope::current(), u"bank"_s);
+        return std::optional(std::chrono::seconds(90));
+    };
+    standAtPayment();
+    witness.seen.clear();
+    EXPECT_EQ(payByCard(), EContext::GoOn);
+    ASSERT_EQ(witness.seen.first().code, EActivityListener::LongWorkBegins);
+    EXPECT_EQ(witness.seen.first().seconds, 90);
+}
+
+TEST_F(CardPaymentTest, terminalCannotTellItsTimeLimit_paysAllTheSame)
+{
+    const auto throwing = []() -> std::optional<std::chrono::seconds> { throw std::runtime_error("mischief"); };
+    for (const auto& tell : {decltype(terminal->onTimeLimit)(), decltype(terminal->onTimeLimit)(throwing)}) {
+        terminal->onTimeLimit = tell;
+        standAtPayment();
+        witness.seen.clear();
+        EXPECT_EQ(payByCard(), EContext::GoOn);
+        EXPECT_EQ(witness.seen.first().seconds, 0);
+    }
+    EXPECT_EQ(terminal->taken(), 4960);
 }
 
 TEST_F(CardPaymentTest, declined_saysWhyAndTheNextTryIsAnotherOperation)
@@ -950,6 +993,7 @@ TEST_P(ChargedWithoutItsPlugin, isSuspendedAndTheNextOneIsSoldAndTheFirstIsPaidL
     EXPECT_TRUE(lastText().endsWith(u"Открытый документ пока можно отложить."_s)) << "neither paid nor cancelled";
     ASSERT_EQ(run(registeraction::suspend), EContext::GoOn);
     expectTheMoneyIsOnIt(*archived(1));
+    EXPECT_EQ(unsettled(), isLost() ? QList<int>{1} : QList<int>());
     EXPECT_EQ(documentwords::state(*archived(1), Document::Returned::Nothing),
               isLost() ? u"Отложен, исход по карте неизвестен"_s : u"Отложен, есть оплата картой"_s);
 
@@ -962,6 +1006,7 @@ TEST_P(ChargedWithoutItsPlugin, isSuspendedAndTheNextOneIsSoldAndTheFirstIsPaidL
     pluginAndTerminalComeBack();
     ASSERT_EQ(resume(1), EContext::GoOn);
     EXPECT_FALSE(till->document()->unsettledCardOperation()) << "it is settled at once";
+    EXPECT_EQ(unsettled(), QList<int>());
     EXPECT_EQ(till->due(), Kopecks{2000});
     till->setPhase(Till::Phase::Payment);
     EXPECT_EQ(payInCash(u"20"_s), EContext::GoOn);
@@ -969,6 +1014,20 @@ TEST_P(ChargedWithoutItsPlugin, isSuspendedAndTheNextOneIsSoldAndTheFirstIsPaidL
               (QList<Payment>{Payment::cash(Kopecks{2000}), Payment::card(Kopecks{480})}));
     EXPECT_EQ(terminal->count("pay"), 1);
     EXPECT_EQ(terminal->taken(), 480);
+}
+
+TEST_P(ChargedWithoutItsPlugin, suspendedAndStartedAgain_lostAnswerIsSettledBeforeItIsResumed)
+{
+    chargeAndLoseThePlugin();
+    ASSERT_EQ(run(registeraction::suspend), EContext::GoOn);
+    terminal->onFind = {};
+    crashAndSettle();
+    EXPECT_FALSE(till->document());
+    EXPECT_EQ(archived(1)->getState(), Document::State::Suspended);
+    EXPECT_EQ(archived(1)->getCharged(), Kopecks{480});
+    EXPECT_FALSE(archived(1)->unsettledCardOperation());
+    EXPECT_EQ(lastText().startsWith(u"Чек № 1: оплата картой 4,80 прошла"_s), isLost());
+    EXPECT_EQ(unsettled(), QList<int>());
 }
 
 TEST_P(ChargedWithoutItsPlugin, suspendedAndVoided_moneyGoesBack)
@@ -1214,6 +1273,106 @@ TEST_F(VoidingOfACardSale, nobodyKnowsOfTheRefund_neitherReturnsNorForgetsIt)
     EXPECT_TRUE(cashier.isDone());
     EXPECT_TRUE(archived(sale)->unsettledCardOperation());
     EXPECT_FALSE(till->document());
+}
+
+TEST_F(VoidingOfACardSale, refundWasDoneAndItsAnswerLost_theNextStartFindsItAndSaysWhatToDo)
+{
+    const int sale = voidAndLoseTheAnswer(true);
+    EXPECT_EQ(unsettled(), QList<int>{sale});
+    const auto shown = dialog.messages().size();
+    crashAndSettle();
+    EXPECT_FALSE(till->document());
+    EXPECT_FALSE(archived(sale)->unsettledCardOperation());
+    EXPECT_EQ(archived(sale)->getRefunded(), Kopecks{3720});
+    ASSERT_EQ(dialog.messages().size(), shown + 2);
+    EXPECT_EQ(dialog.messages()[shown].text, u"Документ № 1: возврат 37,20 на карту выполнен."_s);
+    EXPECT_TRUE(lastText().endsWith(u"Завершите его: аннулируйте продажу ещё раз."_s)) << qPrintable(lastText());
+    EXPECT_EQ(unsettled(), QList<int>());
+
+    crashAndSettle();
+    EXPECT_EQ(dialog.messages().size(), shown + 2) << "it is said once";
+    EXPECT_EQ(voidByNumber(sale), EContext::GoOn);
+    EXPECT_EQ(terminal->taken(), 0);
+    EXPECT_EQ(terminal->count("refund"), 1);
+}
+
+TEST_F(VoidingOfACardSale, refundWasNotDoneAndItsAnswerLost_theNextStartSaysSoAndVoidingPaysBack)
+{
+    const int sale = voidAndLoseTheAnswer(false);
+    const auto shown = dialog.messages().size();
+    crashAndSettle();
+    ASSERT_EQ(dialog.messages().size(), shown + 2);
+    EXPECT_EQ(dialog.messages()[shown].text, u"Документ № 1: возврат 37,20 на карту не выполнен."_s);
+    EXPECT_TRUE(lastText().endsWith(u"Аннулируйте её ещё раз или оформите возврат."_s)) << qPrintable(lastText());
+    EXPECT_EQ(terminal->taken(), 3720);
+    EXPECT_EQ(voidByNumber(sale), EContext::GoOn);
+    EXPECT_EQ(terminal->taken(), 0);
+}
+
+TEST_F(VoidingOfACardSale, nobodyKnowsOfTheRefund_eachStartAsksAgain)
+{
+    const int sale = voidAndLoseTheAnswer(true);
+    terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    for (int start = 0; start < 2; ++start) {
+        answerQuestion("noButton");
+        crashAndSettle();
+        EXPECT_TRUE(cashier.isDone());
+        EXPECT_TRUE(archived(sale)->unsettledCardOperation());
+    }
+    terminal->onFind = {};
+    crashAndSettle();
+    EXPECT_EQ(archived(sale)->getRefunded(), Kopecks{3720});
+}
+
+TEST_F(VoidingOfACardSale, firstOfTwoStaysUnknown_theSecondIsSettledAllTheSame)
+{
+    const int first = voidAndLoseTheAnswer(true);
+    const int second = voidAndLoseTheAnswer(true);
+    const QString lost = archived(first)->unsettledCardOperation()->reference;
+    terminal->onFind = [lost](const QString& reference) {
+        return reference == lost ? CardAnswer::busy() : TerminalDouble::approved();
+    };
+    answerQuestion("noButton");
+    crashAndSettle();
+    EXPECT_EQ(unsettled(), QList<int>{first});
+    EXPECT_EQ(archived(second)->getRefunded(), Kopecks{3720});
+}
+
+TEST_F(VoidingOfACardSale, powerFailsDuringTheRefund_theNextStartFindsOutAmongManyDocuments)
+{
+    const int sale = soldTwo();
+    QByteArray atTheCut;
+    terminal->onMove = [&](const auto&, const auto& move) {
+        move();
+        atTheCut = QJsonDocument(saved(u"finished/00000001.json"_s)).toJson();
+        EXPECT_EQ(unsettled(), QList<int>{sale}) << "on the disk, before the money moves";
+        return TerminalDouble::approved();
+    };
+    EXPECT_EQ(voidByNumber(sale), EContext::GoOn);
+    EXPECT_EQ(unsettled(), QList<int>());
+    for (const auto& [name, content] : {std::pair(u"finished/00000001.json"_s, atTheCut),
+                                        std::pair(u"unsettled"_s, QByteArray(R"({"documents": [5, 1, 77]})"))}) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+    }
+    terminal->onMove = {};
+    for (int other = 0; other < 5; ++other) {
+        sold();
+    }
+    crashAndSettle();
+    EXPECT_FALSE(archived(sale)->unsettledCardOperation());
+    EXPECT_EQ(archived(sale)->getRefunded(), Kopecks{3720});
+}
+
+TEST_F(CardPaymentTest, openDocumentWithALostAnswer_isNotNotedAmongTheOthers)
+{
+    standAtPayment();
+    terminal->onMove = [](const auto&, const auto&) { return CardAnswer::unknown(); };
+    terminal->onFind = [](const auto&) { return CardAnswer::busy(); };
+    answerQuestion("noButton");
+    EXPECT_EQ(payByCard(), EContext::Stop);
+    EXPECT_TRUE(till->document()->unsettledCardOperation());
+    EXPECT_FALSE(QFile::exists(folder.filePath(u"unsettled"_s)));
 }
 
 TEST_F(CardPaymentTest, saleReturnedWhileTheVoidingIsAskedAbout_isNotVoided)

@@ -470,6 +470,27 @@ TEST_F(MischiefTest, handlerDeletesItsPlugin_theNextOneStopsAndSaysSo)
     EXPECT_EQ(qApp->property("testPlugin").toStringList().last(), u"destroyed"_s);
 }
 
+TEST_F(MischiefTest, pluginEndsByItself_itIsAProblemFromThenOnAndOthersAreNot)
+{
+    load();
+    int ended = 0;
+    host.onEnded([&ended] { ++ended; });
+    ASSERT_TRUE(host.problems().isEmpty());
+    arrange(u"handlerDeletesThePlugin"_s);
+    till->add(article(amoxidar));
+    EXPECT_EQ(execute(ownCommand), EContext::GoOn);
+    EXPECT_EQ(ended, 0) << "its code may still be on the stack";
+    EXPECT_TRUE(QTest::qWaitFor([&ended] { return ended > 0; }));
+    EXPECT_EQ(host.active(), QStringList(u"willing_plugin"_s));
+    EXPECT_EQ(host.problems(),
+              QStringList(u"mischievous_plugin: завершил работу из-за внутренней ошибки. Перезапустите кассу"_s));
+
+    host.unload(controller.object);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ended, 1) << "the other one is ended by the register";
+    EXPECT_EQ(host.problems().size(), 1);
+}
+
 TEST_F(MischiefTest, functionsAreEmpty_theyArePassedOverAndLogged)
 {
     arrange(u"emptyFunctions"_s);

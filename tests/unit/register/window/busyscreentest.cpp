@@ -98,6 +98,32 @@ TEST_F(BusyScreenTest, beginningAndLimit_areShownAndInnerWorkDoesNotRestartTheCl
     screen.stop();
 }
 
+TEST_F(BusyScreenTest, limitOfTheWork_isShownUnlessARequestHasItsOwn)
+{
+    const ClockDouble clock(QDateTime({2026, 3, 1}, {14, 2, 31}));
+    screen.start(u"x"_s, WorkLimit(std::chrono::seconds(60)));
+    EXPECT_EQ(text("busyTimeLabel"), u"Начато в 14:02:31. Ждём ответа 0 с, самое большее 60 с"_s);
+    EXPECT_EQ(text("busyHintLabel"), QString()) << "Esc stops requests only";
+    {
+        const RunningRequest request(std::chrono::seconds(20), true);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return text("busyTimeLabel").endsWith(u"самое большее 20 с"_s); }));
+    }
+    EXPECT_TRUE(QTest::qWaitFor([this] { return text("busyTimeLabel").endsWith(u"самое большее 60 с"_s); }));
+    screen.start(u"y"_s);
+    EXPECT_EQ(text("busyTimeLabel"), u"Начато в 14:02:31"_s) << "it is not known of the inner work";
+    screen.stop();
+}
+
+TEST_F(BusyScreenTest, limitThatIsNone_isNotShown)
+{
+    const ClockDouble clock(QDateTime({2026, 3, 1}, {14, 2, 31}));
+    for (const int most : {0, -5}) {
+        screen.start(u"x"_s, WorkLimit(std::chrono::seconds(most)));
+        EXPECT_EQ(text("busyTimeLabel"), u"Начато в 14:02:31"_s) << most;
+        screen.stop();
+    }
+}
+
 TEST_F(BusyScreenTest, escapeAtARequestThatChangesNothing_stopsItOnlyWhileTheScreenIsSeen)
 {
     RunningRequest request(std::chrono::seconds(20), false);

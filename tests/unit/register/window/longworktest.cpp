@@ -45,6 +45,18 @@ TEST(LongWork, nested_runsUntilTheOuterEndsWithTheMessageOfTheInner)
     EXPECT_EQ(running.at(2).first().toString(), u"outer"_s);
 }
 
+TEST(LongWork, limit_isThatOfTheWorkThatIsShown)
+{
+    LongWork work;
+    QList<int> limits;
+    QObject::connect(&work, &LongWork::running,
+                     [&](const QString&, const WorkLimit& limit) { limits.append(int(limit.most().count())); });
+    work.handleEvent(begin("outer").addArgument(u"seconds"_s, 60));
+    work.handleEvent(begin("inner"));
+    work.handleEvent(end);
+    EXPECT_EQ(limits, (QList<int>{60, 0, 60}));
+}
+
 TEST(LongWork, endWithoutABeginning_isIgnored)
 {
     LongWork work;
