@@ -175,7 +175,8 @@ bool DocumentSettling::decide(const Positions& positions)
     applyAnswers();
     QList<Undecided> undecided;
     for (const auto& position : positions) {
-        if (const PositionHistory history = historyOf(*position); history.open()) {
+        const PositionHistory history = historyOf(*position);
+        if (isPrescriptionPosition(*position) && history.open()) {
             undecided.append({position, history});
         }
     }

@@ -31,8 +31,8 @@ bool PositionHistory::isAbout(const DispenseRequest& request) const
         return !m_dispense.isEmpty() && request.dispense == m_dispense;
     }
     // The doses too: the position may have been removed, and the prescription put on the document again.
-    return request.document == m_position.document && request.prescription == m_position.prescription &&
-           request.facts.doses == m_position.doses;
+    return request.document == m_position.document && !request.prescription.isEmpty() &&
+           request.prescription == m_position.prescription && request.facts.doses == m_position.doses;
 }
 
 void PositionHistory::take(const DispenseRequest& request)

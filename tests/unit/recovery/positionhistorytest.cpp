@@ -128,6 +128,14 @@ TEST(PositionHistoryTest, registeredCancelledAndLost_isOpen)
     EXPECT_EQ(history.open().value().id, 3);
 }
 
+TEST(PositionHistoryTest, requestThatCouldNotBeRead_isOfNoPosition)
+{
+    DispenseRequest damaged = registration(Outcome::Open);
+    damaged.prescription.clear();
+    damaged.facts = {};
+    EXPECT_FALSE(historyOf({{"id"_L1, ""_L1}, {"doseQuantity"_L1, 0}}, {damaged}).open());
+}
+
 TEST(PositionHistoryTest, requestsOfOthers_areLeftOut)
 {
     DispenseRequest ofAnotherDocument = registration(Outcome::Open);
