@@ -157,6 +157,9 @@ TEST_F(HelpTest, statusLineHasMoreToSay_itsKeyIsInTheHelpAndStillWorksAfterwards
     EXPECT_FALSE(help().contains(u"Ctrl+F12"_s)) << "there is nothing to read";
     window->statusLine().showWarning(u"Подытог не выполнен. "_s.repeated(40));
     EXPECT_TRUE(help().contains(u"Ctrl+F12|прочитать сообщение внизу целиком"_s));
+    cashier.onForm(u"helpForm"_s, [this](QWidget&) { press(Qt::Key_Escape); });
+    press(Qt::Key_F1);
+    EXPECT_TRUE(cashier.isDone());
     EXPECT_TRUE(isSeen("statusMoreButton")) << "the warning is there until the cashier goes on";
     press(Qt::Key_Up);
     EXPECT_FALSE(isSeen("statusMoreButton"));
