@@ -2,6 +2,7 @@
 # What a developer may choose, and what holds for every target.
 
 option(BUILD_TESTING "Build the tests" ON)
+option(UNIT_TESTS "Build all tests; off: the scenario tests alone" ON)
 option(BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(TESTS_IN_QUARTERS "Run many tests in one process: starting one costs more than a test does" OFF)
 option(WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)

@@ -229,9 +229,9 @@ TEST_F(PositionMarksTest, origin_isThePluginsWordOrADocument)
     EXPECT_EQ(marks.origin(position), u"по документу"_s);
     position.setTag(u"other"_s);
     EXPECT_EQ(marks.origin(position), u"по документу"_s);
-    Position paper{{}, {}};
-    paper.setTag(u"paper"_s);
-    EXPECT_EQ(marks.origin(paper), u"по накладной"_s);
+    Position invoiced{{}, {}};
+    invoiced.setTag(u"paper"_s);
+    EXPECT_EQ(marks.origin(invoiced), u"по накладной"_s);
 }
 
 TEST_F(PositionMarksTest, undoings_areThoseOfThePositionsStatesEachOnce)

@@ -288,7 +288,7 @@ TEST_F(MenuTest, lockChosen_theScreenIsLockedUntilTheCode)
     menuCommands = std::make_unique<MenuCommands>(*till, configuredMenuEntries(*Singleton<Config>::get()));
     menuCommands->offer(controller.object);
     WindowFixture::openWindow(u"1234"_s);
-    inMenu([this](QWidget& menu) { QTest::mouseClick(entry(menu, "lockEntry"), Qt::LeftButton); });
+    inMenu([](QWidget& menu) { QTest::mouseClick(entry(menu, "lockEntry"), Qt::LeftButton); });
     ASSERT_TRUE(isSeen("lockScreen"));
     QTest::keyClicks(QApplication::focusWidget(), u"1234"_s);
     press(Qt::Key_Return);
