@@ -1005,6 +1005,7 @@ TEST_P(ChargedWithoutItsPlugin, isSuspendedAndTheNextOneIsSoldAndTheFirstIsPaidL
     crash();
     pluginAndTerminalComeBack();
     ASSERT_EQ(resume(1), EContext::GoOn);
+    ASSERT_TRUE(till->document());
     EXPECT_FALSE(till->document()->unsettledCardOperation()) << "it is settled at once";
     EXPECT_EQ(unsettled(), QList<int>());
     EXPECT_EQ(till->due(), Kopecks{2000});
