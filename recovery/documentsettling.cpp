@@ -195,6 +195,7 @@ bool DocumentSettling::askRegistry(const QList<Undecided>& undecided)
         }
         return true;
     } catch (const ElectronicPrescriptionException& exception) {
+        m_couldAsk = false;
         QStringList names;
         for (const Undecided& one : undecided) {
             names.append(recoverytexts::nameOf(*one.position));

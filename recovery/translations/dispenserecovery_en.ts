@@ -180,6 +180,10 @@
         <source>Сверка закончена. Сверено документов: %1.</source>
         <translation>The comparison is complete. Documents compared: %1.</translation>
     </message>
+    <message id="dispenseRecoveryReconciledInPart">
+        <source>Сверка закончена. Сверено документов: %1, не решено: %2. Повторите её, когда решение известно.</source>
+        <translation>The comparison is complete. Documents compared: %1, undecided: %2. Repeat it when the decision is known.</translation>
+    </message>
     <message id="dispenseRecoveryCannotAsk">
         <source>%1
 
