@@ -189,6 +189,19 @@ TEST_P(RecoveringAReturn, powerFails_nextStartFindsItAndTheReturnIsPaidOut)
     expectInStep(finished(1));
 }
 
+TEST_P(RecoveringAReturn, powerFailsAndTheReturnIsCancelled_saleSaysWhatTheRegistryHolds)
+{
+    expectPlayed(playsRecovering({sells}));
+    playUntil(GetParam(),
+              {cashier::opensTheWholeReturn, cashier::findsTheDocument, cashier::subtotal, cashier::paysOut});
+
+    expectPlayed(playsRecovering(
+        {reads(foundOf(GetParam())), cashier::findsTheDocument, cashier::cancelsTheDocument, cashier::isIdle}));
+    EXPECT_EQ(finished(1)["state"].toString(), "closed");
+    EXPECT_EQ(registeredBy(finished(1)).size(), 1);
+    expectInStep(finished(1));
+}
+
 INSTANTIATE_TEST_SUITE_P(At, RecoveringAReturn,
                          ::testing::Values(PowerFailure{"cancelAnswered", At::AnswerLost, 2, "cancel"},
                                            PowerFailure{"cancelToBeSaved", At::BeforeSave, 4}),
@@ -223,6 +236,16 @@ TEST_F(Undecided, registryIsDown_documentIsSuspendedTheNextCustomerServedAndResu
     expectPlayed(
         playsRecovering({cashier::opensTheDocuments, R"({"row": 1, "in": "documentTable"}, {"click": "takeUpButton"})",
                          reads(registeredLine), cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
+    expectSold();
+}
+
+TEST_F(Undecided, powerFailsAgainBeforeTheDecisionIsSaved_nextStartFindsItAgain)
+{
+    loseTheAnswer();
+    playUntil({"", At::BeforeSave, 2}, {}); // the first save is that of the mark
+    EXPECT_EQ(optionsOf(savedPositions()[1].toObject())["recovery"].toString(), "unknown");
+
+    expectPlayed(playsRecovering({reads(registeredLine), cashier::findsTheDocument, cashier::subtotal, cashier::pays}));
     expectSold();
 }
 
