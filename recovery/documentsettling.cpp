@@ -196,6 +196,7 @@ bool DocumentSettling::askRegistry(const QList<Undecided>& undecided)
         }
         return true;
     } catch (const ElectronicPrescriptionException& exception) {
+        m_couldAsk = false;
         QStringList names;
         for (const Undecided& one : undecided) {
             names.append(recoverytexts::nameOf(*one.position));
@@ -210,7 +211,9 @@ DocumentSettling::Decision DocumentSettling::decisionOf(const Undecided& undecid
 {
     const std::optional<QList<RegistryDispense>> shown = m_inquiry.dispensesOf(prescriptionOf(*undecided.position));
     if (!shown) {
-        return askCashier(undecided, {}); // the registry does not show the prescription
+        Decision decision = askCashier(undecided, {}); // the registry does not show the prescription
+        decision.dispense = undecided.history.open()->dispense;
+        return decision;
     }
     return undecided.history.open()->kind == Kind::Registration ? decisionOfRegistration(undecided, *shown)
                                                                 : decisionOfCancellation(undecided, *shown);
@@ -272,6 +275,8 @@ DocumentSettling::Decision DocumentSettling::askCashier(const Undecided& undecid
     switch (choice.kind) {
     case DispenseChoice::Chosen:
         return {Verdict::Registered, possible.value(choice.row).id};
+    case DispenseChoice::HeldUnseen:
+        return {Verdict::Registered};
     case DispenseChoice::NoneOfThem:
         return {Verdict::NotRegistered};
     case DispenseChoice::Later:

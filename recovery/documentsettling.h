@@ -38,6 +38,9 @@ public:
     ///         cashier put the decision off; or the document could not be saved, which the cashier has read
     bool decide(const Positions& positions);
 
+    /// False when decide() could not ask the registry.
+    bool couldAsk() const { return m_couldAsk; }
+
     /// Lets the journal forget the requests whose outcome the saved document has.
     void forgetAnswers();
 
@@ -84,6 +87,7 @@ private:
     const QSharedPointer<AbstractDocument> m_document;
     RegistryInquiry m_inquiry;
     QStringList m_findings;
+    bool m_couldAsk = true;
     bool m_isSaved = true; ///< false: the document has something that its file lacks
 };
 

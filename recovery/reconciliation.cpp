@@ -7,28 +7,35 @@
 #include "longwork.h"
 #include "recoverytexts.h"
 
-using namespace Qt::StringLiterals;
+#include <QMap>
 
 namespace
 {
 
-/// @return false when the registry could not be asked or the cashier put a decision off
-bool reconcileDocument(DocumentSettling& settling, const DocumentSettling::Positions& positions, const QDate& day,
-                       QStringList& lines)
+enum class Outcome {
+    Compared,
+    Undecided,
+    CannotAsk,
+};
+
+Outcome reconcileDocument(DocumentSettling& settling, const DocumentSettling::Positions& positions, const QDate& day,
+                          QStringList& lines)
 {
-    bool isWhole = settling.decide(positions);
-    if (isWhole) {
+    Outcome outcome = Outcome::Compared;
+    if (!settling.decide(positions)) {
+        outcome = settling.couldAsk() ? Outcome::Undecided : Outcome::CannotAsk;
+    } else {
         settling.forgetAnswers();
         try {
             const LongWork work(recoverytexts::asking());
             settling.findUnclaimed(day);
         } catch (const ElectronicPrescriptionException& exception) {
             lines.append(exception.tr().ui());
-            isWhole = false;
+            outcome = Outcome::CannotAsk;
         }
     }
     lines.append(settling.findings());
-    return isWhole;
+    return outcome;
 }
 
 } // namespace
@@ -37,7 +44,7 @@ Reconciliation Reconciliation::of(const QDate& day, const ElectronicPrescription
                                   const QStringList& statuses)
 {
     Reconciliation result;
-    int checked = 0;
+    QMap<Outcome, int> documentsOf;
     const auto documents = Singleton<DocumentArchive>::get()->documentsOf(day);
     for (const auto& document : documents) {
         const auto positions = prescriptionPositionsOf(*document);
@@ -46,15 +53,20 @@ Reconciliation Reconciliation::of(const QDate& day, const ElectronicPrescription
         }
         DocumentSettling settling(registry, document, statuses);
         QStringList lines;
-        result.isWhole = reconcileDocument(settling, positions, day, lines);
+        const Outcome outcome = reconcileDocument(settling, positions, day, lines);
+        ++documentsOf[outcome];
         for (const QString& line : std::as_const(lines)) {
             result.lines.append(recoverytexts::ofDocument(document->identifier(), line).ui());
         }
-        if (!result.isWhole) {
+        if (outcome == Outcome::CannotAsk) {
             break; // the next one would ask the same registry
         }
-        ++checked;
     }
-    result.lines.append(recoverytexts::summary(checked, result.isWhole).ui());
+    const int compared = documentsOf.value(Outcome::Compared);
+    const int undecided = documentsOf.value(Outcome::Undecided);
+    const bool isBrokenOff = documentsOf.contains(Outcome::CannotAsk);
+    result.isWhole = !isBrokenOff && undecided == 0;
+    result.lines.append(
+        (isBrokenOff ? recoverytexts::brokenOff(compared) : recoverytexts::summary(compared, undecided)).ui());
     return result;
 }

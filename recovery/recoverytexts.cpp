@@ -98,15 +98,24 @@ tr::Tr ofDocument(const QString& document, const QString& finding)
     return tr::Tr(u"dispenseRecoveryOfDocument"_s, u"Документ %1. %2"_s).arg(document).arg(finding);
 }
 
-tr::Tr summary(int documents, bool isWhole)
+tr::Tr summary(int compared, int undecided)
 {
-    if (!isWhole) {
-        return tr::Tr(u"dispenseRecoveryBrokenOff"_s,
-                      u"Сверка прервана. Сверено документов: %1. Повторите её, когда причина устранена."_s)
-            .arg(QString::number(documents));
+    if (undecided > 0) {
+        return tr::Tr(
+                   u"dispenseRecoveryReconciledInPart"_s,
+                   u"Сверка закончена. Сверено документов: %1, не решено: %2. Повторите её, когда решение известно."_s)
+            .arg(QString::number(compared))
+            .arg(QString::number(undecided));
     }
     return tr::Tr(u"dispenseRecoveryReconciled"_s, u"Сверка закончена. Сверено документов: %1."_s)
-        .arg(QString::number(documents));
+        .arg(QString::number(compared));
+}
+
+tr::Tr brokenOff(int compared)
+{
+    return tr::Tr(u"dispenseRecoveryBrokenOff"_s,
+                  u"Сверка прервана. Сверено документов: %1. Повторите её, когда причина устранена."_s)
+        .arg(QString::number(compared));
 }
 
 tr::Tr cannotAsk(const tr::Tr& reason, const QStringList& positions, const AbstractDocument& document)

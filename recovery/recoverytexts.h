@@ -33,8 +33,11 @@ tr::Tr unclaimed(const GoodsItem& position, const QString& dispense, double dose
 tr::Tr reconciliationTitle();
 /// @param document AbstractDocument::identifier()
 tr::Tr ofDocument(const QString& document, const QString& finding);
-/// @param documents how many were compared to the end
-tr::Tr summary(int documents, bool isWhole);
+/// @param compared how many documents were compared to the end
+/// @param undecided of how many the cashier put a decision off
+tr::Tr summary(int compared, int undecided);
+/// The comparison ended before its last document.
+tr::Tr brokenOff(int compared);
 
 /// Nothing went out, because the registry could not be asked.
 /// @param positions the undecided ones, see nameOf()

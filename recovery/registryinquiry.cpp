@@ -8,7 +8,7 @@ RegistryInquiry::RegistryInquiry(const ElectronicPrescriptionInterface& registry
                                  const QStringList& statuses)
     : m_registry(registry)
     , m_cardNumber(cardNumber)
-    , m_statuses(statuses)
+    , m_statuses(cardNumber.isEmpty() ? QStringList() : statuses)
 {
 }
 

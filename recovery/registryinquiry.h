@@ -15,6 +15,7 @@ class RegistryInquiry
 {
 public:
     /// @param registry is not owned and outlives this object
+    /// @param cardNumber empty: the document has lost it, and no prescription is shown
     /// @param statuses to ask for, in this order
     RegistryInquiry(const ElectronicPrescriptionInterface& registry, const QString& cardNumber,
                     const QStringList& statuses);

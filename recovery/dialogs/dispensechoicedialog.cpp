@@ -8,16 +8,22 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The row after the dispenses says that none of them is the one. Whatever is no row decides nothing.
+/// What the rows after the dispenses say, in their order: none of them; and where there are none, that there is one
+/// all the same. Whatever is no row decides nothing.
 DispenseChoice choiceOf(const QVariant& answer, qsizetype dispenses)
 {
     bool isNumber = false;
     const int row = answer.toInt(&isNumber);
-    if (!isNumber || row < 0 || row > dispenses) {
+    if (!isNumber || row < 0) {
         return {};
     }
-    return row == dispenses ? DispenseChoice{DispenseChoice::NoneOfThem, -1}
-                            : DispenseChoice{DispenseChoice::Chosen, row};
+    if (row < dispenses) {
+        return {DispenseChoice::Chosen, row};
+    }
+    if (row == dispenses) {
+        return {DispenseChoice::NoneOfThem, -1};
+    }
+    return dispenses == 0 && row == 1 ? DispenseChoice{DispenseChoice::HeldUnseen, -1} : DispenseChoice{};
 }
 
 } // namespace

@@ -37,6 +37,7 @@ struct DispenseChoice {
         Later,      ///< nothing is decided
         NoneOfThem, ///< the registry does not hold the dispense
         Chosen,     ///< the registry holds it: it is a row of the list
+        HeldUnseen, ///< the registry holds it, and shows the till nothing; only where the list is empty
     } kind = Later;
     int row = -1; ///< in DispenseChoiceParams::dispenses; -1 unless chosen
 };

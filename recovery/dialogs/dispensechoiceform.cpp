@@ -40,12 +40,12 @@ tr::Tr question(bool hasDispenses)
 {
     if (hasDispenses) {
         return {u"dispenseChoiceQuestion"_s,
-                u"Ответ реестра об этом отпуске не дошёл до кассы. Ниже всё, что реестр показывает по рецепту. Какой "
+                u"Ответ реестра об этом отпуске не дошёл до кассы. Ниже всё похожее, что показывает реестр. Какой "
                 "отпуск в списке — этот? Если ни один, выберите последнюю строку."_s};
     }
     return {u"dispenseChoiceNothing"_s,
-            u"Ответ реестра об этом отпуске не дошёл до кассы, и реестр не показывает по рецепту ни одного отпуска. "
-            "Подтвердите, что этого отпуска в реестре нет."_s};
+            u"Ответ реестра об этом отпуске не дошёл до кассы, и этого рецепта реестр кассе не показывает. Спросите "
+            "оператора реестра и выберите, что он ответит."_s};
 }
 
 tr::Tr hint(bool isTouch)
@@ -79,15 +79,21 @@ QStandardItemModel* makeModel(const QList<DispenseChoiceRow>& dispenses, QObject
             {dispense.handedOver, dispense.doses, dispense.pharmacy, dispense.id.isEmpty() ? withoutId : dispense.id});
     }
     append({noneOfThem(!dispenses.isEmpty()).ui()});
+    if (dispenses.isEmpty()) {
+        append({tr::Tr(u"dispenseChoiceIsRegistered"_s, u"Отпуск в реестре есть"_s).ui()});
+    }
     return model;
 }
 
-/// The text of the last row has the whole width, and does not widen its column.
-void spanLastRow(TalloTableView& table, QStandardItemModel& model)
+/// A text that is no dispense has the whole width, and does not widen its column.
+///
+/// @param first the first row with such a text
+void spanRows(TalloTableView& table, QStandardItemModel& model, qsizetype first)
 {
-    const int last = model.rowCount() - 1;
-    model.item(last, 0)->setSizeHint({0, 0});
-    table.setSpan(last, 0, 1, ColumnCount);
+    for (int row = int(first); row < model.rowCount(); ++row) {
+        model.item(row, 0)->setSizeHint({0, 0});
+        table.setSpan(row, 0, 1, ColumnCount);
+    }
 }
 
 void limitHeight(WrappedLabel& label)
@@ -146,7 +152,7 @@ void DispenseChoiceForm::setUpTable(const QList<DispenseChoiceRow>& dispenses)
         {u"pharmacy"_s, TableColumn::remainingRoom, TableColumn::left},
         {u"id"_s, TableColumn::remainingRoom, TableColumn::left},
     }));
-    spanLastRow(*m_table, *model);
+    spanRows(*m_table, *model, dispenses.size());
     m_table->setCurrentIndex({}); // otherwise the first row becomes the current one with the focus
     m_table->installEventFilter(this);
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,

@@ -13,12 +13,16 @@
         <translation>Doses: %1 · request sent: %2 · prescription %3</translation>
     </message>
     <message id="dispenseChoiceQuestion">
-        <source>Ответ реестра об этом отпуске не дошёл до кассы. Ниже всё, что реестр показывает по рецепту. Какой отпуск в списке — этот? Если ни один, выберите последнюю строку.</source>
-        <translation>The registry’s answer about this dispense did not reach the register. Below is all that the registry shows of the prescription. Which dispense in the list is this one? If none is, choose the last row.</translation>
+        <source>Ответ реестра об этом отпуске не дошёл до кассы. Ниже всё похожее, что показывает реестр. Какой отпуск в списке — этот? Если ни один, выберите последнюю строку.</source>
+        <translation>The registry’s answer about this dispense did not reach the register. Below is all that the registry shows and that is like it. Which dispense in the list is this one? If none is, choose the last row.</translation>
     </message>
     <message id="dispenseChoiceNothing">
-        <source>Ответ реестра об этом отпуске не дошёл до кассы, и реестр не показывает по рецепту ни одного отпуска. Подтвердите, что этого отпуска в реестре нет.</source>
-        <translation>The registry’s answer about this dispense did not reach the register, and the registry shows no dispense of the prescription. Confirm that the registry does not hold this one.</translation>
+        <source>Ответ реестра об этом отпуске не дошёл до кассы, и этого рецепта реестр кассе не показывает. Спросите оператора реестра и выберите, что он ответит.</source>
+        <translation>The registry’s answer about this dispense did not reach the register, and the registry does not show the prescription. Ask the registry’s operator and choose what the answer is.</translation>
+    </message>
+    <message id="dispenseChoiceIsRegistered">
+        <source>Отпуск в реестре есть</source>
+        <translation>The registry holds this dispense</translation>
     </message>
     <message id="dispenseChoiceHint">
         <source>Выберите строку стрелками и нажмите «Ввод». Esc — отложить: до решения в реестр ничего не отправляется.</source>
@@ -175,6 +179,10 @@
     <message id="dispenseRecoveryReconciled">
         <source>Сверка закончена. Сверено документов: %1.</source>
         <translation>The comparison is complete. Documents compared: %1.</translation>
+    </message>
+    <message id="dispenseRecoveryReconciledInPart">
+        <source>Сверка закончена. Сверено документов: %1, не решено: %2. Повторите её, когда решение известно.</source>
+        <translation>The comparison is complete. Documents compared: %1, undecided: %2. Repeat it when the decision is known.</translation>
     </message>
     <message id="dispenseRecoveryCannotAsk">
         <source>%1

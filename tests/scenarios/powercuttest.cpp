@@ -25,6 +25,9 @@ QString saveMoment(PowerFailure::At at)
     }
 }
 
+/// A plug-in's layouts are in a folder of the library's name without it.
+constexpr QLatin1StringView libraryPrefix{"lib"};
+
 /// A last step that outlasts the power.
 const QByteArray untilTheEnd = R"({"wait": "neverThere", "seconds": 50})";
 
@@ -36,15 +39,26 @@ void PowerCutTest::SetUp()
     leaveOpen(u"three-prescriptions.json"_s);
 }
 
+QString PowerCutTest::pluginFolder() const
+{
+    return dataFolder() + u"/plugins"_s;
+}
+
+void PowerCutTest::install(const QString& library)
+{
+    const QFileInfo plugin(library);
+    const QString folder = plugin.completeBaseName().mid(libraryPrefix.size());
+    ASSERT_TRUE(QDir().mkpath(pluginFolder()));
+    QFile::link(library, pluginFolder() + u'/' + plugin.fileName());
+    if (const QString brought = plugin.dir().filePath(folder); QFileInfo(brought).isDir()) {
+        QFile::link(brought, pluginFolder() + u'/' + folder);
+    }
+}
+
 void PowerCutTest::playUntil(const PowerFailure& failure, const QByteArrayList& steps)
 {
-    const QDir plugins(dataFolder() + "/plugins");
-    ASSERT_TRUE(QDir().mkpath(plugins.path()));
-    const QDir real(QString::fromUtf8(PLUGIN_FOLDER));
-    for (const QFileInfo& brought : real.entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot)) {
-        QFile::link(brought.absoluteFilePath(), plugins.filePath(brought.fileName()));
-    }
-    QFile::link(QString::fromUtf8(POWER_CUT_PLUGIN), plugins.filePath(QFileInfo(POWER_CUT_PLUGIN).fileName()));
+    install(QString::fromUtf8(PLUGIN_FOLDER "/libelectronicprescription.so"));
+    install(QString::fromUtf8(POWER_CUT_PLUGIN));
 
     configure(u"PowerCut:at"_s, saveMoment(failure.at));
     configure(u"PowerCut:nth"_s, QString::number(failure.nth));
@@ -56,7 +70,7 @@ void PowerCutTest::playUntil(const PowerFailure& failure, const QByteArrayList& 
                              {"carriedOut", failure.at == PowerFailure::At::AnswerLost}});
     }
     registry.forgetRequests();
-    startSteps(steps + QByteArrayList{untilTheEnd}, {"--plugins", plugins.path()});
+    startSteps(steps + QByteArrayList{untilTheEnd}, {"--plugins", pluginFolder()});
     if (atRequest) {
         ASSERT_TRUE(waitForRequests(failure.endpoint, failure.nth)) << qPrintable(waitForEnd().output);
         kill();
@@ -64,6 +78,7 @@ void PowerCutTest::playUntil(const PowerFailure& failure, const QByteArrayList& 
     const Outcome outcome = waitForEnd();
     ASSERT_TRUE(wasKilled()) << qPrintable(outcome.output);
     registry.withdrawFaults();
+    configure(u"PowerCut:at"_s, {});
 }
 
 void PowerCutTest::correct(const QString& file)

@@ -35,6 +35,11 @@ class PowerCutTest : public Pharmacy
 protected:
     void SetUp() override;
 
+    /// The plug-ins of playUntil() and those that a test installs beside them.
+    QString pluginFolder() const;
+    /// Puts a plug-in with its layouts into the folder. It stays as it is when it has the plug-in.
+    void install(const QString& library);
+
     /// Plays the steps until the power fails. The test fails when they end before.
     void playUntil(const PowerFailure& failure, const QByteArrayList& steps);
 

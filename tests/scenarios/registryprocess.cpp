@@ -112,6 +112,16 @@ void RegistryProcess::seed(const QJsonObject& seed)
     askAdmin("POST", u"/seed"_s, QJsonDocument(seed).toJson(QJsonDocument::Compact));
 }
 
+void RegistryProcess::changeRules(const QJsonObject& rules)
+{
+    askAdmin("POST", u"/rules"_s, QJsonDocument(rules).toJson(QJsonDocument::Compact));
+}
+
+void RegistryProcess::dispenseElsewhere(const QJsonObject& dispense)
+{
+    askAdmin("POST", u"/dispenses"_s, QJsonDocument(dispense).toJson(QJsonDocument::Compact));
+}
+
 QList<RegistryProcess::Dispense> RegistryProcess::dispenses()
 {
     QList<Dispense> found;

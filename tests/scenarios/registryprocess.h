@@ -41,6 +41,11 @@ public:
     /// @param seed in the form of docs/emulator.md
     void seed(const QJsonObject& seed);
 
+    /// Changes rules of the registry, in the form of docs/emulator.md.
+    void changeRules(const QJsonObject& rules);
+    /// Books a dispense that was registered elsewhere, in the form of docs/emulator.md.
+    void dispenseElsewhere(const QJsonObject& dispense);
+
     /// A dispense that this pharmacy registered.
     struct Dispense {
         QString id;

@@ -97,6 +97,51 @@ TEST(Recovery, registryCannotBeAsked_commandStopsAndNothingIsSent)
     }
 }
 
+/// A till whose first registration got no answer, and whose document has lost its card.
+class WithoutTheCard : public testing::Test
+{
+protected:
+    void lose(void (emulator::FaultScript::*fault)(Endpoint, Occasion))
+    {
+        pharmacy.order([fault](emulator::FaultScript& faults) {
+            (faults.*fault)(Endpoint::DispenseRegistration, Occasion::nth(1));
+        });
+        EXPECT_EQ(till.subtotal(), EContext::Stop);
+        pharmacy.document()->setPluginValue(u"ElectronicPrescriptionService"_s, u"cardNumber"_s, {});
+        pharmacy.takeMessages();
+    }
+    void expectAskedOfTheCashierAlone()
+    {
+        ASSERT_EQ(till.choices.size(), 1);
+        EXPECT_TRUE(till.choices.first().dispenses.isEmpty());
+        EXPECT_EQ(pharmacy.asked(Endpoint::PrescriptionsByCard), 0);
+    }
+
+    RecoveringPharmacy till;
+    Pharmacy& pharmacy = till.pharmacy;
+};
+
+TEST_F(WithoutTheCard, cashierKnowsOfNoDispense_subtotalRegistersIt)
+{
+    lose(&emulator::FaultScript::closeBeforeAnswer);
+    till.onChoice = [](const DispenseChoiceParams&) { return DispenseChoice{DispenseChoice::NoneOfThem, -1}; };
+    EXPECT_EQ(till.subtotal(), EContext::GoOn);
+    expectAskedOfTheCashierAlone();
+    for (const int position : everyPosition) {
+        expectRegistered(pharmacy, position);
+    }
+}
+
+TEST_F(WithoutTheCard, cashierKnowsOfTheDispense_positionIsRegisteredAndItIsNotSentAgain)
+{
+    lose(&emulator::FaultScript::carryOutThenClose);
+    till.onChoice = [](const DispenseChoiceParams&) { return DispenseChoice{DispenseChoice::HeldUnseen, -1}; };
+    EXPECT_EQ(till.subtotal(), EContext::GoOn);
+    expectAskedOfTheCashierAlone();
+    EXPECT_EQ(pharmacy.asked(Endpoint::DispenseRegistration), 3);
+    EXPECT_EQ(pharmacy.optionsOf(1)["status"_L1].toString(), u"dispensed"_s);
+}
+
 TEST(Recovery, answerThatDidNotReachTheDocument_isAppliedWithoutTheNetwork)
 {
     RecoveringPharmacy till(RecoveringPharmacy::Recovery::Absent);

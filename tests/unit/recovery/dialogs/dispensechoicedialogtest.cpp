@@ -101,11 +101,11 @@ TEST_F(DispenseChoiceFixture, otherEventsAndContexts_makeNoForm)
     EXPECT_TRUE(creator.create(EContext::DialogOnTop).isNull());
 }
 
-TEST_F(DispenseChoiceFixture, eventWithoutARecord_formOffersThatNothingIsRegistered)
+TEST_F(DispenseChoiceFixture, eventWithoutARecord_formOffersThatTheDispenseIsThereOrNot)
 {
     const auto form = DispenseChoiceFormCreator().create(Event(DispenseChoiceParams::eventCode));
     ASSERT_TRUE(form);
-    EXPECT_EQ(table(*form->rootWidget())->model()->rowCount(), 1);
+    EXPECT_EQ(table(*form->rootWidget())->model()->rowCount(), 2);
 }
 
 TEST_F(DispenseChoiceFixture, layoutLacksAWidget_exceptionNamesIt)

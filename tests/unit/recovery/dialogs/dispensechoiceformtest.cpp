@@ -176,18 +176,30 @@ TEST_F(DispenseChoiceFormTest, shown_saysWhatWasAskedAndWhatTheRegistryHolds)
     });
 }
 
-TEST_F(DispenseChoiceFormTest, registryShowsNoDispense_cashierConfirmsThat)
+TEST_F(DispenseChoiceFormTest, registryDoesNotShowThePrescription_cashierConfirmsThatThereIsNoDispense)
 {
     const DispenseChoice choice = ask(noDispenses(), [](QWidget& form) {
-        EXPECT_TRUE(text(form, u"questionLabel"_s).contains(u"реестр не показывает по рецепту ни одного отпуска"_s));
-        ASSERT_EQ(table(form)->model()->rowCount(), 1);
+        EXPECT_TRUE(text(form, u"questionLabel"_s).contains(u"этого рецепта реестр кассе не показывает"_s));
+        ASSERT_EQ(table(form)->model()->rowCount(), 2);
         EXPECT_EQ(row(form, 0).first(), u"Отпуска в реестре нет"_s);
+        EXPECT_EQ(row(form, 1).first(), u"Отпуск в реестре есть"_s);
+        EXPECT_EQ(table(form)->columnSpan(0, 0), 4);
+        EXPECT_EQ(table(form)->columnSpan(1, 0), 4);
         press({Qt::Key_Return});
         expectNothingChosen(form);
         press({Qt::Key_Down, Qt::Key_Return});
     });
     EXPECT_TRUE(isAnswered);
     EXPECT_EQ(choice.kind, DispenseChoice::NoneOfThem);
+}
+
+TEST_F(DispenseChoiceFormTest, registryDoesNotShowThePrescription_cashierConfirmsThatThereIsADispense)
+{
+    const DispenseChoice choice = ask(noDispenses(), [](QWidget&) {
+        press({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return});
+    });
+    EXPECT_EQ(choice.kind, DispenseChoice::HeldUnseen);
+    EXPECT_EQ(choice.row, -1);
 }
 
 TEST_F(DispenseChoiceFormTest, textsWithMarkupAndDirectionMarks_areShownAsPlainText)
