@@ -3,6 +3,7 @@
 
 #include "centrounding.h"
 
+#include <QDateTime>
 #include <QJsonArray>
 
 #include <algorithm>
@@ -21,13 +22,22 @@ QJsonObject locationOf(const QJsonObject& dispense)
     return found == contained.end() ? QJsonObject() : (*found).toObject();
 }
 
+/// The day here, when the registry shows a time with its zone.
+QString dayOf(const QString& handedOver)
+{
+    constexpr qsizetype dayLength = 10;
+    const QDateTime time = QDateTime::fromString(handedOver, Qt::ISODate);
+    const bool hasZone = time.isValid() && time.timeSpec() != Qt::LocalTime;
+    return hasZone ? time.toLocalTime().date().toString(Qt::ISODate) : handedOver.left(dayLength);
+}
+
 } // namespace
 
 DispenseFacts DispenseFacts::of(const QJsonObject& dispense)
 {
     const QJsonObject location = locationOf(dispense);
     return {
-        dispense["whenHandedOver"_L1].toString().left(qsizetype(10)), // a registry may add the time of day
+        dayOf(dispense["whenHandedOver"_L1].toString()),
         roundToCents(dispense["quantity"_L1]["value"_L1].toDouble()),
         location["name"_L1].toString(),
         location["address"_L1]["text"_L1].toString(),

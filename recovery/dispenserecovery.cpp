@@ -42,6 +42,18 @@ bool isJournalKept(const ElectronicPrescriptionInterface& registry)
            journal->covers(registry.formUrl(base, dispenseanswer::cancellationPath(u"1"_s)));
 }
 
+/// @param setting separated by commas; without one of them the default is taken
+QStringList statusesIn(const QString& setting)
+{
+    QStringList statuses;
+    const QStringList words = setting.split(u',');
+    for (const QString& word : words) {
+        statuses.append(word.trimmed());
+    }
+    statuses.removeAll(QString());
+    return statuses.isEmpty() ? QStringList{u"active"_s, u"completed"_s} : statuses;
+}
+
 } // namespace
 
 DispenseRecovery::DispenseRecovery() = default;
@@ -59,11 +71,7 @@ bool DispenseRecovery::init()
         logger()->error(u"RestClient:journal has to contain */MedicationDispense/*"_s);
         return false;
     }
-    m_statuses =
-        config->getString(u"DispenseRecovery:statuses"_s, u"active,completed"_s).split(u',', Qt::SkipEmptyParts);
-    for (QString& status : m_statuses) {
-        status = status.trimmed();
-    }
+    m_statuses = statusesIn(config->getString(u"DispenseRecovery:statuses"_s));
 
     struct Hook {
         EContext::Code context;
@@ -162,8 +170,13 @@ EContext::Result DispenseRecovery::decide(const QSharedPointer<AbstractDocument>
                                           const DocumentSettling::Positions& positions) const
 {
     DocumentSettling settling = settlingOf(document);
+    return decide(settling, positions);
+}
+
+EContext::Result DispenseRecovery::decide(DocumentSettling& settling, const DocumentSettling::Positions& positions)
+{
     const bool isDecided = settling.decide(positions);
-    if (isDecided && !settling.findings().isEmpty()) {
+    if (!settling.findings().isEmpty()) {
         Dialog::create()->showMessage({tr::undefined, settling.findings().join(u'\n')}, Dialog::Notice, 0, 0);
     }
     return isDecided ? EContext::GoOn : EContext::Stop;
@@ -172,8 +185,9 @@ EContext::Result DispenseRecovery::decide(const QSharedPointer<AbstractDocument>
 /// A saved document has become the open one: what a former run of the register left is applied and decided.
 void DispenseRecovery::takeUp(const QSharedPointer<AbstractDocument>& document) const
 {
-    decide(document);
-    settlingOf(document).forgetAnswers();
+    DocumentSettling settling = settlingOf(document);
+    decide(settling, document->getPositions());
+    settling.forgetAnswers();
 }
 
 EContext::Result DispenseRecovery::reconcile()

@@ -19,6 +19,7 @@ using Kind = DispenseRequest::Kind;
 using Outcome = DispenseRequest::Outcome;
 
 constexpr int firstStatusOfRefusal = 400;
+constexpr int firstStatusOfFailure = 500;
 
 QJsonObject objectOf(const QByteArray& json)
 {
@@ -50,10 +51,12 @@ Outcome outcomeOf(const JournalledRequest& request, const QString& confirmation)
     if (request.state == JournalledRequest::State::Unanswered) {
         return Outcome::Open;
     }
-    if (request.status >= firstStatusOfRefusal) {
-        return Outcome::Refused;
-    }
     const QJsonObject answer = objectOf(request.answer);
+    if (request.status >= firstStatusOfRefusal) {
+        // A server that fails may have done it before, and what lies between may answer in the registry's place.
+        const bool isRegistrysWord = answer["resourceType"_L1].toString() == "OperationOutcome"_L1;
+        return isRegistrysWord && request.status < firstStatusOfFailure ? Outcome::Refused : Outcome::Open;
+    }
     if (dispenseanswer::reports(answer, confirmation)) {
         return Outcome::Done;
     }
@@ -98,6 +101,7 @@ std::optional<DispenseRequest> DispenseRequest::of(const JournalledRequest& requ
     }
     if (found) {
         found->id = request.id;
+        found->status = request.status;
         found->sent = request.sent;
         found->document = request.document;
     }

@@ -18,7 +18,7 @@ struct DispenseRequest {
         Done,    ///< the registry confirmed it
         Refused, ///< the registry answered, and did not do it
         NotSent, ///< it never reached the registry
-        Open,    ///< there is no answer, or one that says nothing of the dispense
+        Open,    ///< there is no answer of the registry, or one that says nothing of the dispense
     };
 
     qint64 id = 0; ///< in the journal
@@ -26,6 +26,7 @@ struct DispenseRequest {
     QString document; ///< AbstractDocument::identifier() of the document that was current; empty: none was
     Kind kind = Kind::Registration;
     Outcome outcome = Outcome::Open;
+    int status = 0;       ///< of HTTP (RFC 9110, 15); 0: none
     QString prescription; ///< of a registration; the registry's id
     QString dispense;    ///< the registry's id: of a cancellation, or of a registration that is Done. May be empty then
     DispenseFacts facts; ///< of a registration

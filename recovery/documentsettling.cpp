@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "documentsettling.h"
 
+#include "centrounding.h"
 #include "dialog.h"
 #include "dispensechoicedialog.h"
 #include "documentarchive.h"
@@ -50,17 +51,22 @@ QString dosesText(double doses)
     return doses > 0 ? QLocale(QLocale::Russian).toString(doses, 'f', QLocale::FloatingPointShortest) : QString();
 }
 
-QString dayText(const QString& isoDay)
+/// The day, with the time where the registry shows it; what is neither as it is.
+QString timeText(const RegistryDispense& dispense)
 {
-    const QDate day = QDate::fromString(isoDay, Qt::ISODate);
-    return day.isValid() ? day.toString(u"dd.MM.yyyy"_s) : isoDay;
+    if (dispense.handedOver.contains(u'T')) {
+        const QDateTime time = QDateTime::fromString(dispense.handedOver, Qt::ISODate);
+        return time.isValid() ? time.toLocalTime().toString(u"dd.MM.yyyy HH:mm"_s) : dispense.handedOver;
+    }
+    const QDate day = QDate::fromString(dispense.facts.day, Qt::ISODate);
+    return day.isValid() ? day.toString(u"dd.MM.yyyy"_s) : dispense.handedOver;
 }
 
 DispenseChoiceRow rowOf(const RegistryDispense& dispense)
 {
     QStringList pharmacy{dispense.facts.pharmacy, dispense.facts.address};
     pharmacy.removeAll(QString());
-    return {dayText(dispense.facts.day), dosesText(dispense.facts.doses), pharmacy.join(u", "_s), dispense.id};
+    return {timeText(dispense), dosesText(dispense.facts.doses), pharmacy.join(u", "_s), dispense.id};
 }
 
 void collectIds(const AbstractDocument& document, const GoodsItem* leftOut, QSet<QString>& ids)
@@ -95,6 +101,7 @@ PositionHistory DocumentSettling::historyOf(const GoodsItem& position) const
     return {position, m_document->identifier(), dispenseRequests()};
 }
 
+/// The journal forgets nothing that the disk does not have.
 bool DocumentSettling::save()
 {
     m_isSaved = SaveToFileLogic::create()->save(m_document, {});
@@ -104,25 +111,27 @@ bool DocumentSettling::save()
 void DocumentSettling::applyAnswers()
 {
     bool hasChanged = false;
-    QList<PositionHistory> applied;
+    QList<PositionHistory> answered;
     const Positions positions = prescriptionPositionsOf(*m_document);
     for (const auto& position : positions) {
         const PositionHistory history = historyOf(*position);
         const bool isApplied = applyAnswer(*position, history);
-        const bool isMarked = outcomemark::set(*position, history.open().has_value());
+        // A mark without a request stays: the journal was lost, and the position still does not know.
+        const bool isUndecided = history.open() || (outcomemark::isOn(*position) && history.requests().isEmpty());
+        const bool isMarked = outcomemark::set(*position, isUndecided);
         hasChanged = hasChanged || isApplied || isMarked;
-        if (isApplied && !history.open()) {
-            applied.append(history);
+        if (!history.open() && (isApplied || history.hasLostAnswer())) {
+            answered.append(history);
         }
     }
-    if (hasChanged && save()) {
-        std::for_each(applied.cbegin(), applied.cend(), settleRequestsOf);
+    if ((hasChanged || !answered.isEmpty()) && save()) {
+        std::for_each(answered.cbegin(), answered.cend(), settleRequestsOf);
     }
 }
 
 void DocumentSettling::forgetAnswers()
 {
-    if (!m_isSaved) {
+    if (dispenseRequests().isEmpty() || !save()) {
         return;
     }
     QSet<qint64> open;
@@ -173,11 +182,17 @@ bool DocumentSettling::applyAnswer(GoodsItem& position, const PositionHistory& h
 bool DocumentSettling::decide(const Positions& positions)
 {
     applyAnswers();
+    if (!m_isSaved) {
+        return false;
+    }
     QList<Undecided> undecided;
     for (const auto& position : positions) {
+        if (!isPrescriptionPosition(*position)) {
+            continue;
+        }
         const PositionHistory history = historyOf(*position);
-        if (isPrescriptionPosition(*position) && history.open()) {
-            undecided.append({position, history});
+        if (const auto open = openRequestOf(*position, history)) {
+            undecided.append({position, history, *open});
         }
     }
     return undecided.isEmpty() ||
@@ -192,7 +207,7 @@ bool DocumentSettling::askRegistry(const QList<Undecided>& undecided)
     try {
         const LongWork work(recoverytexts::asking());
         for (const Undecided& one : undecided) {
-            m_inquiry.dispensesOf(prescriptionOf(*one.position));
+            m_inquiry.prescription(prescriptionOf(*one.position));
         }
         return true;
     } catch (const ElectronicPrescriptionException& exception) {
@@ -207,28 +222,44 @@ bool DocumentSettling::askRegistry(const QList<Undecided>& undecided)
     }
 }
 
+/// A position that is marked and has no request at all has lost the journal.
+std::optional<DispenseRequest> DocumentSettling::openRequestOf(const GoodsItem& position,
+                                                               const PositionHistory& history)
+{
+    if (history.open() || !history.requests().isEmpty() || !outcomemark::isOn(position)) {
+        return history.open();
+    }
+    const PositionOptions options(position);
+    DispenseRequest lost;
+    lost.kind = options.isRegistered() ? Kind::Cancellation : Kind::Registration;
+    lost.prescription = options.id();
+    lost.dispense = options.isRegistered() ? options.medicationDispenseId() : QString();
+    lost.facts.doses = roundToCents(options.doseQuantity());
+    return lost;
+}
+
 DocumentSettling::Decision DocumentSettling::decisionOf(const Undecided& undecided)
 {
-    const std::optional<QList<RegistryDispense>> shown = m_inquiry.dispensesOf(prescriptionOf(*undecided.position));
+    const std::optional<ShownPrescription> shown = m_inquiry.prescription(prescriptionOf(*undecided.position));
     if (!shown) {
         Decision decision = askCashier(undecided, {}); // the registry does not show the prescription
-        decision.dispense = undecided.history.open()->dispense;
+        decision.dispense = undecided.open.dispense;
         return decision;
     }
-    return undecided.history.open()->kind == Kind::Registration ? decisionOfRegistration(undecided, *shown)
-                                                                : decisionOfCancellation(undecided, *shown);
+    return undecided.open.kind == Kind::Registration ? decisionOfRegistration(undecided, *shown)
+                                                     : decisionOfCancellation(undecided, shown->dispenses);
 }
 
 DocumentSettling::Decision DocumentSettling::decisionOfRegistration(const Undecided& undecided,
-                                                                    const QList<RegistryDispense>& shown) const
+                                                                    const ShownPrescription& shown) const
 {
-    const DispenseFacts& asked = undecided.history.open()->facts;
+    const DispenseFacts& asked = undecided.open.facts;
     const QSet<QString> taken = idsOnTill(QDate::fromString(asked.day, Qt::ISODate), undecided.position.get());
-    QList<RegistryDispense> possible = shown;
+    QList<RegistryDispense> possible = shown.dispenses;
     possible.removeIf([&](const RegistryDispense& dispense) {
         return dispense.likeness(asked) == Likeness::None || (!dispense.id.isEmpty() && taken.contains(dispense.id));
     });
-    if (possible.isEmpty()) {
+    if (possible.isEmpty() && !shown.isCompleted) { // who has completed it is not shown
         return {Verdict::NotRegistered};
     }
     if (possible.size() == 1 && possible.first().likeness(asked) == Likeness::Certain) {
@@ -241,7 +272,7 @@ DocumentSettling::Decision DocumentSettling::decisionOfRegistration(const Undeci
 DocumentSettling::Decision DocumentSettling::decisionOfCancellation(const Undecided& undecided,
                                                                     const QList<RegistryDispense>& shown) const
 {
-    const QString dispense = undecided.history.open()->dispense;
+    const QString dispense = undecided.open.dispense;
     const bool isThere =
         std::any_of(shown.cbegin(), shown.cend(), [&](const RegistryDispense& one) { return one.id == dispense; });
     if (isThere) {
@@ -268,7 +299,7 @@ DocumentSettling::Decision DocumentSettling::askCashier(const Undecided& undecid
     params.goods = undecided.position->getName();
     params.prescription = options.serialNumber().isEmpty() ? options.id() : options.serialNumber();
     params.doses = dosesText(options.doseQuantity());
-    params.sent = undecided.history.open()->sent.toLocalTime().toString(u"dd.MM.yyyy HH:mm"_s);
+    params.sent = undecided.open.sent.toLocalTime().toString(u"dd.MM.yyyy HH:mm"_s);
     std::transform(possible.cbegin(), possible.cend(), std::back_inserter(params.dispenses), rowOf);
 
     const DispenseChoice choice = DispenseChoiceDialog::create()->ask(params);
@@ -305,14 +336,17 @@ bool DocumentSettling::carryOut(const Decision& decision, const Undecided& undec
     if (!save()) {
         return false;
     }
-    settleRequestsOf(undecided.history);
+    // A registration that the registry does not show may still arrive there. A refused repetition asks again.
+    if (decision.verdict == Verdict::Registered || undecided.open.kind == Kind::Cancellation) {
+        settleRequestsOf(undecided.history);
+    }
     return true;
 }
 
 void DocumentSettling::note(const Decision& decision, const Undecided& undecided)
 {
     const GoodsItem& position = *undecided.position;
-    const bool isRegistration = undecided.history.open()->kind == Kind::Registration;
+    const bool isRegistration = undecided.open.kind == Kind::Registration;
     switch (decision.verdict) {
     case Verdict::Registered:
         m_findings.append((isRegistration ? recoverytexts::registered(position, decision.dispense)
@@ -335,8 +369,9 @@ void DocumentSettling::findUnclaimed(const QDate& day)
     const QSet<QString> onTill = idsOnTill(day, nullptr);
     const Positions positions = prescriptionPositionsOf(*m_document);
     for (const auto& position : positions) {
-        const auto shown = m_inquiry.dispensesOf(prescriptionOf(*position));
-        for (const RegistryDispense& dispense : shown.value_or(QList<RegistryDispense>())) {
+        const auto shown = m_inquiry.prescription(prescriptionOf(*position));
+        const QList<RegistryDispense> dispenses = shown.value_or(ShownPrescription()).dispenses;
+        for (const RegistryDispense& dispense : dispenses) {
             const bool isOurs = dispense.facts.day == day.toString(Qt::ISODate) &&
                                 dispense.facts.pharmacy == here.pharmacy && dispense.facts.address == here.address;
             if (isOurs && !dispense.id.isEmpty() && !onTill.contains(dispense.id)) {

@@ -11,6 +11,8 @@
 #include <QSharedPointer>
 #include <QStringList>
 
+#include <optional>
+
 class ElectronicPrescriptionInterface;
 
 /// Brings the prescription positions of one document together with the registry.
@@ -57,6 +59,7 @@ private:
     struct Undecided {
         QSharedPointer<GoodsItem> position;
         PositionHistory history;
+        DispenseRequest open;
     };
     enum class Verdict {
         Registered,
@@ -71,9 +74,11 @@ private:
     PositionHistory historyOf(const GoodsItem& position) const;
     bool applyAnswer(GoodsItem& position, const PositionHistory& history);
 
+    /// The request that is to be decided; empty: there is none.
+    static std::optional<DispenseRequest> openRequestOf(const GoodsItem& position, const PositionHistory& history);
     bool askRegistry(const QList<Undecided>& undecided);
     Decision decisionOf(const Undecided& undecided);
-    Decision decisionOfRegistration(const Undecided& undecided, const QList<RegistryDispense>& shown) const;
+    Decision decisionOfRegistration(const Undecided& undecided, const ShownPrescription& shown) const;
     Decision decisionOfCancellation(const Undecided& undecided, const QList<RegistryDispense>& shown) const;
     Decision askCashier(const Undecided& undecided, const QList<RegistryDispense>& possible) const;
     bool carryOut(const Decision& decision, const Undecided& undecided);

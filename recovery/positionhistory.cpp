@@ -4,8 +4,24 @@
 #include "centrounding.h"
 #include "positionoptions.h"
 
+#include <algorithm>
+#include <iterator>
+
 using Kind = DispenseRequest::Kind;
 using Outcome = DispenseRequest::Outcome;
+
+namespace
+{
+
+/// A dispense that was cancelled before is refused as unknown, in conflict, gone or unprocessable (RFC 9110, 15.5).
+bool mayBeCancelledBefore(const DispenseRequest& request)
+{
+    constexpr int statuses[] = {404, 409, 410, 422};
+    return request.outcome == Outcome::Refused &&
+           std::find(std::begin(statuses), std::end(statuses), request.status) != std::end(statuses);
+}
+
+} // namespace
 
 PositionHistory::PositionHistory(const GoodsItem& position, const QString& document,
                                  const QList<DispenseRequest>& requests)
@@ -38,6 +54,7 @@ bool PositionHistory::isAbout(const DispenseRequest& request) const
 void PositionHistory::take(const DispenseRequest& request)
 {
     m_requests.append(request.id);
+    m_hasLostAnswer = m_hasLostAnswer || request.outcome == Outcome::Open;
     if (request.kind == Kind::Registration) {
         takeRegistration(request);
     } else {
@@ -57,13 +74,12 @@ void PositionHistory::takeRegistration(const DispenseRequest& request)
     }
 }
 
-/// A refusal leaves it open: a cancellation that was carried out before is refused as well.
 void PositionHistory::takeCancellation(const DispenseRequest& request)
 {
     if (request.outcome == Outcome::Done) {
         m_known = Known::Cancelled;
         m_open.reset();
-    } else if (request.outcome != Outcome::NotSent && m_known == Known::Registered) {
+    } else if (m_known == Known::Registered && (request.outcome == Outcome::Open || mayBeCancelledBefore(request))) {
         m_open = request;
     }
 }

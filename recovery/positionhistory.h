@@ -30,6 +30,8 @@ public:
     QString dispense() const { return m_dispense; }
     /// The request whose outcome only the registry knows; empty: there is none.
     const std::optional<DispenseRequest>& open() const { return m_open; }
+    /// An answer was lost, whatever has become known since.
+    bool hasLostAnswer() const { return m_hasLostAnswer; }
     /// The ids of all the position's requests.
     const QList<qint64>& requests() const { return m_requests; }
 
@@ -51,5 +53,6 @@ private:
     Known m_known;
     QString m_dispense;
     std::optional<DispenseRequest> m_open;
+    bool m_hasLostAnswer = false;
     QList<qint64> m_requests;
 };

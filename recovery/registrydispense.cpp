@@ -21,21 +21,25 @@ QList<QJsonObject> resourcesIn(const QJsonObject& bundle, QLatin1StringView type
     return resources;
 }
 
-bool differs(const QString& shown, const QString& asked)
+/// Registries write names of pharmacies in ways of their own.
+bool isSameText(const QString& one, const QString& other)
 {
-    return !shown.isEmpty() && shown != asked;
+    return one.simplified().toCaseFolded() == other.simplified().toCaseFolded();
 }
 
 } // namespace
 
 RegistryDispense::Likeness RegistryDispense::likeness(const DispenseFacts& asked) const
 {
-    if (facts == asked && !id.isEmpty() && !facts.pharmacy.isEmpty()) {
-        return Likeness::Certain;
+    const bool isOfOtherDay = !facts.day.isEmpty() && !asked.day.isEmpty() && facts.day != asked.day;
+    const bool hasOtherDoses = facts.doses > 0 && facts.doses != asked.doses;
+    if (isOfOtherDay || hasOtherDoses) {
+        return Likeness::None;
     }
-    const bool differsSomewhere = differs(facts.day, asked.day) || (facts.doses > 0 && facts.doses != asked.doses) ||
-                                  differs(facts.pharmacy, asked.pharmacy) || differs(facts.address, asked.address);
-    return differsSomewhere ? Likeness::None : Likeness::Possible;
+    const bool isWhole = !id.isEmpty() && !facts.day.isEmpty() && facts.day == asked.day && facts.doses > 0;
+    const bool isOfPharmacy = !facts.pharmacy.isEmpty() && isSameText(facts.pharmacy, asked.pharmacy) &&
+                              isSameText(facts.address, asked.address);
+    return isWhole && isOfPharmacy ? Likeness::Certain : Likeness::Possible;
 }
 
 QList<RegistryDispense> dispensesIn(const QJsonObject& prescription)
@@ -44,13 +48,14 @@ QList<RegistryDispense> dispensesIn(const QJsonObject& prescription)
     const QList<QJsonObject> resources = resourcesIn(prescription, "MedicationDispense"_L1);
     for (const QJsonObject& resource : resources) {
         if (resource["status"_L1].toString() != "entered-in-error"_L1) {
-            dispenses.append({resource["id"_L1].toString(), DispenseFacts::of(resource)});
+            dispenses.append(
+                {resource["id"_L1].toString(), DispenseFacts::of(resource), resource["whenHandedOver"_L1].toString()});
         }
     }
     return dispenses;
 }
 
-QString prescriptionIdIn(const QJsonObject& prescription)
+QJsonObject prescriptionIn(const QJsonObject& prescription)
 {
-    return resourcesIn(prescription, "MedicationPrescription"_L1).value(0)["id"_L1].toString();
+    return resourcesIn(prescription, "MedicationPrescription"_L1).value(0);
 }

@@ -11,11 +11,12 @@
 struct RegistryDispense {
     QString id; ///< empty: the registry does not show it
     DispenseFacts facts;
+    QString handedOver = {}; ///< "whenHandedOver" as the registry shows it: a day, or a day and a time
 
     /// How likely a dispense is the one that was asked for.
     enum class Likeness {
-        None,     ///< something that the registry shows differs
-        Possible, ///< nothing differs, but the registry does not show everything
+        None,     ///< the day or the doses differ
+        Possible, ///< they do not, but the pharmacy is written otherwise, or the registry does not show everything
         Certain,  ///< day, doses and pharmacy agree, and it has an id
     };
     Likeness likeness(const DispenseFacts& asked) const;
@@ -24,5 +25,5 @@ struct RegistryDispense {
 /// Those of a prescription's Bundle, without the cancelled ones ("entered-in-error"), in order.
 QList<RegistryDispense> dispensesIn(const QJsonObject& prescription);
 
-/// The id of the prescription that the Bundle is of; empty: it has none.
-QString prescriptionIdIn(const QJsonObject& prescription);
+/// The MedicationPrescription that the Bundle is of; empty: it has none.
+QJsonObject prescriptionIn(const QJsonObject& prescription);

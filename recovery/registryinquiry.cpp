@@ -4,6 +4,8 @@
 #include "electronicprescriptioninterface.h"
 #include "electronicprescriptionnoprescriptionsexception.h"
 
+using namespace Qt::StringLiterals;
+
 RegistryInquiry::RegistryInquiry(const ElectronicPrescriptionInterface& registry, const QString& cardNumber,
                                  const QStringList& statuses)
     : m_registry(registry)
@@ -12,14 +14,14 @@ RegistryInquiry::RegistryInquiry(const ElectronicPrescriptionInterface& registry
 {
 }
 
-std::optional<QList<RegistryDispense>> RegistryInquiry::dispensesOf(const QString& prescription)
+std::optional<ShownPrescription> RegistryInquiry::prescription(const QString& id)
 {
-    while (!m_dispenses.contains(prescription) && !m_statuses.isEmpty()) {
+    while (!m_shown.contains(id) && !m_statuses.isEmpty()) {
         askFor(m_statuses.constFirst());
         m_statuses.removeFirst(); // not when it threw: it is asked for again
     }
-    const auto found = m_dispenses.constFind(prescription);
-    return found == m_dispenses.constEnd() ? std::nullopt : std::optional(*found);
+    const auto found = m_shown.constFind(id);
+    return found == m_shown.constEnd() ? std::nullopt : std::optional(*found);
 }
 
 void RegistryInquiry::askFor(const QString& status)
@@ -32,7 +34,9 @@ void RegistryInquiry::askFor(const QString& status)
         return; // none of this status
     }
     for (const auto& element : std::as_const(prescriptions)) {
-        const QJsonObject prescription = element.toObject();
-        m_dispenses.insert(prescriptionIdIn(prescription), dispensesIn(prescription));
+        const QJsonObject bundle = element.toObject();
+        const QJsonObject resource = prescriptionIn(bundle);
+        m_shown.insert(resource["id"_L1].toString(),
+                       {resource["status"_L1].toString() == "completed"_L1, dispensesIn(bundle)});
     }
 }

@@ -10,6 +10,12 @@
 
 class ElectronicPrescriptionInterface;
 
+/// A prescription as the registry shows it. A value type.
+struct ShownPrescription {
+    bool isCompleted = false; ///< nothing more can be dispensed
+    QList<RegistryDispense> dispenses;
+};
+
 /// Asks the registry which dispenses it holds of a card's prescriptions, status after status, each at most once.
 class RegistryInquiry
 {
@@ -20,16 +26,16 @@ public:
     RegistryInquiry(const ElectronicPrescriptionInterface& registry, const QString& cardNumber,
                     const QStringList& statuses);
 
-    /// Empty: the registry shows the prescription under none of the statuses.
+    /// Empty: the registry shows it under none of the statuses.
     ///
     /// Throws ElectronicPrescriptionException when the registry cannot be asked.
-    std::optional<QList<RegistryDispense>> dispensesOf(const QString& prescription);
+    std::optional<ShownPrescription> prescription(const QString& id);
 
 private:
     void askFor(const QString& status);
 
     const ElectronicPrescriptionInterface& m_registry;
     const QString m_cardNumber;
-    QStringList m_statuses;                              ///< not asked for yet
-    QHash<QString, QList<RegistryDispense>> m_dispenses; ///< by the prescription's id
+    QStringList m_statuses;                    ///< not asked for yet
+    QHash<QString, ShownPrescription> m_shown; ///< by the prescription's id
 };

@@ -9,7 +9,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+
 #include <stdexcept>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -157,6 +160,103 @@ TEST(Recovery, answerThatDidNotReachTheDocument_isAppliedWithoutTheNetwork)
     expectRegistered(pharmacy, 1);
     EXPECT_EQ(pharmacy.savedDocument()["positions"_L1][0]["extendedOptions"_L1].toString(), pharmacy.options()[0]);
     EXPECT_EQ(till.openRequests(), 0);
+}
+
+/// What the pharmacy asked to have registered for a position.
+emulator::Dispense dispenseAskedFor(const Pharmacy& pharmacy, int position)
+{
+    const QJsonObject options = pharmacy.optionsOf(position);
+    emulator::Dispense dispense;
+    dispense.prescriptionId = Pharmacy::prescriptionOf(position);
+    dispense.pharmacy = u"17"_s;
+    dispense.pharmacyName = u"Аптека № 17"_s;
+    dispense.pharmacyAddress = u"ул. Лесная, 1"_s;
+    dispense.quantity = options[positionformat::doseQuantity].toDouble();
+    dispense.isFinal = options[positionformat::finalDispense].toBool();
+    return dispense;
+}
+
+/// A pharmacy whose first registration of a position has no answer, and was not carried out.
+class UnansweredRegistration : public testing::Test
+{
+protected:
+    void loseRequestOf(int position)
+    {
+        pharmacy.order([position](emulator::FaultScript& faults) {
+            faults.closeBeforeAnswer(Endpoint::DispenseRegistration, Occasion::nth(position));
+        });
+        EXPECT_EQ(till.subtotal(), EContext::Stop);
+    }
+    void book(const emulator::Dispense& dispense)
+    {
+        pharmacy.atRegistry(
+            [&dispense](emulator::RegistryEmulator& registry) { registry.dispenseElsewhere(dispense); });
+    }
+
+    RecoveringPharmacy till;
+    Pharmacy& pharmacy = till.pharmacy;
+};
+
+TEST_F(UnansweredRegistration, bookedAfterTheRegistryWasAsked_isFoundByTheNextSubtotal)
+{
+    loseRequestOf(1);
+    const emulator::Dispense late = dispenseAskedFor(pharmacy, 1);
+    bool isBooked = false;
+    pharmacy.whileMessageIsShown([&] {
+        if (!std::exchange(isBooked, true)) {
+            book(late); // the registry has just said that there is none
+        }
+    });
+    EXPECT_EQ(till.subtotal(), EContext::Stop); // the repetition is refused
+
+    EXPECT_EQ(till.subtotal(), EContext::GoOn);
+    for (const int position : everyPosition) {
+        expectRegistered(pharmacy, position);
+    }
+}
+
+TEST_F(UnansweredRegistration, equalDispenseOfAnotherPharmacy_isAQuestionToTheCashier)
+{
+    emulator::Dispense foreign = dispenseAskedFor(pharmacy, 2);
+    foreign.pharmacy = u"18"_s;
+    foreign.pharmacyName = u"Аптека № 18"_s;
+    loseRequestOf(2);
+    book(foreign);
+    till.onChoice = [](const DispenseChoiceParams&) { return DispenseChoice{DispenseChoice::NoneOfThem}; };
+
+    EXPECT_EQ(till.subtotal(), EContext::GoOn);
+    ASSERT_EQ(till.choices.size(), 1);
+    ASSERT_EQ(till.choices.first().dispenses.size(), 1);
+    EXPECT_TRUE(till.choices.first().dispenses.first().pharmacy.contains(u"№ 18"_s));
+    EXPECT_EQ(pharmacy.dispensesOf(2).size(), 2);
+    expectRegistered(pharmacy, 3);
+}
+
+TEST_F(UnansweredRegistration, cashierDecidesLater_nothingGoesOut)
+{
+    loseRequestOf(2);
+    book(dispenseAskedFor(pharmacy, 2));
+    book(dispenseAskedFor(pharmacy, 2));
+    till.onChoice = [](const DispenseChoiceParams&) { return DispenseChoice{DispenseChoice::Later}; };
+    pharmacy.forgetRequests();
+
+    EXPECT_EQ(till.subtotal(), EContext::Stop);
+    EXPECT_EQ(pharmacy.asked(Endpoint::DispenseRegistration), 0);
+    till.onChoice = [](const DispenseChoiceParams&) { return DispenseChoice{DispenseChoice::Chosen, 1}; };
+    EXPECT_EQ(till.subtotal(), EContext::GoOn);
+    EXPECT_EQ(pharmacy.optionsOf(2)[positionformat::medicationDispenseId].toString(), pharmacy.dispensesOf(2)[1].id);
+}
+
+TEST_F(UnansweredRegistration, journalIsLost_markedPositionIsAskedAbout)
+{
+    loseRequestOf(2);
+    book(dispenseAskedFor(pharmacy, 2));
+    ASSERT_TRUE(QFile::remove(pharmacy.dataFolder.filePath(u"requests.journal"_s)));
+    till.onChoice = [](const DispenseChoiceParams&) { return DispenseChoice{DispenseChoice::Chosen, 0}; };
+    till.restart();
+    EXPECT_EQ(till.choices.size(), 1);
+    EXPECT_EQ(till.subtotal(), EContext::GoOn);
+    EXPECT_EQ(pharmacy.dispensesOf(2).size(), 1);
 }
 
 } // namespace

@@ -70,7 +70,9 @@ TEST(DispenseRequestTest, otherAnswers_haveTheirOutcome)
 {
     EXPECT_EQ(outcomeOfRegistration(State::Unanswered), Outcome::Open);
     EXPECT_EQ(outcomeOfRegistration(State::NotSent), Outcome::NotSent);
-    EXPECT_EQ(outcomeOfRegistration(State::Answered, 422, R"({"issue": []})"), Outcome::Refused);
+    EXPECT_EQ(outcomeOfRegistration(State::Answered, 422, R"({"resourceType": "OperationOutcome"})"), Outcome::Refused);
+    EXPECT_EQ(outcomeOfRegistration(State::Answered, 422, "<html>"), Outcome::Open);
+    EXPECT_EQ(outcomeOfRegistration(State::Answered, 503, R"({"resourceType": "OperationOutcome"})"), Outcome::Open);
     EXPECT_EQ(outcomeOfRegistration(State::Answered, 200, R"({"resourceType": "Bundle", "entry": [
         {"transactionResponse": {"status": "POST:400"}}]})"),
               Outcome::Refused);

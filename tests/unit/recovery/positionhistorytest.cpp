@@ -88,7 +88,16 @@ TEST(PositionHistoryTest, lostAnswer_isOpen)
 
 TEST(PositionHistoryTest, refusedCancellation_isOpenAndRefusedRegistrationIsNot)
 {
-    EXPECT_TRUE(historyOf(registered, {cancellation(Outcome::Refused, u"d-1"_s)}).open());
+    for (const int status : {404, 409, 410, 422}) {
+        DispenseRequest refused = cancellation(Outcome::Refused, u"d-1"_s);
+        refused.status = status;
+        EXPECT_TRUE(historyOf(registered, {refused}).open()) << status;
+    }
+    for (const int status : {400, 401, 403, 429}) {
+        DispenseRequest refused = cancellation(Outcome::Refused, u"d-1"_s);
+        refused.status = status;
+        EXPECT_FALSE(historyOf(registered, {refused}).open()) << status;
+    }
     EXPECT_FALSE(historyOf({}, {registration(Outcome::Refused)}).open());
     EXPECT_FALSE(historyOf({}, {registration(Outcome::NotSent)}).open());
     EXPECT_FALSE(historyOf(registered, {cancellation(Outcome::NotSent, u"d-1"_s)}).open());

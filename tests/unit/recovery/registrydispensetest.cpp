@@ -35,13 +35,34 @@ TEST(RegistryDispenseTest, pharmacyWithoutNameOnBothSides_isPossible)
     EXPECT_EQ((RegistryDispense{u"d-1"_s, nameless}).likeness(nameless), Likeness::Possible);
 }
 
-TEST(RegistryDispenseTest, somethingDiffers_isNone)
+TEST(RegistryDispenseTest, pharmacyIsWrittenOtherwise_isPossible)
+{
+    EXPECT_EQ(
+        (RegistryDispense{u"d-1"_s, {asked.day, asked.doses, u"ООО Аптека №17"_s, asked.address}}).likeness(asked),
+        Likeness::Possible);
+    EXPECT_EQ(
+        (RegistryDispense{u"d-1"_s, {asked.day, asked.doses, u" АПТЕКА  № 17"_s, u"Ул. Лесная, 1"_s}}).likeness(asked),
+        Likeness::Certain);
+}
+
+TEST(RegistryDispenseTest, requestThatWasLost_leavesDayAndPharmacyOpen)
+{
+    const DispenseFacts lost{{}, 10.0, {}, {}};
+    EXPECT_EQ((RegistryDispense{u"d-1"_s, asked}).likeness(lost), Likeness::Possible);
+}
+
+TEST(RegistryDispenseTest, timeWithAZone_isOfTheDayHere)
+{
+    const QDateTime late(QDate(2026, 3, 2), QTime(23, 30));
+    const QJsonObject dispense{{"whenHandedOver"_L1, late.toUTC().toString(Qt::ISODate)}};
+    EXPECT_EQ(DispenseFacts::of(dispense).day, u"2026-03-02"_s);
+}
+
+TEST(RegistryDispenseTest, dayOrDosesDiffer_isNone)
 {
     const DispenseFacts others[] = {
         {u"2026-03-01"_s, asked.doses, asked.pharmacy, asked.address},
         {asked.day, 10.01, asked.pharmacy, asked.address},
-        {asked.day, asked.doses, u"Аптека № 18"_s, asked.address},
-        {asked.day, asked.doses, asked.pharmacy, u"ул. Лесная, 2"_s},
     };
     for (const DispenseFacts& other : others) {
         EXPECT_EQ((RegistryDispense{u"d-1"_s, other}).likeness(asked), Likeness::None);
@@ -72,7 +93,7 @@ TEST(RegistryDispenseTest, anythingElse_hasNone)
     for (const char* entries :
          {"[]", "[1, null, \"x\"]", R"([{"resource": 5}])", R"([{"resource": {"resourceType": 1}}])"}) {
         EXPECT_TRUE(dispensesIn(bundle(entries)).isEmpty()) << entries;
-        EXPECT_EQ(prescriptionIdIn(bundle(entries)), QString()) << entries;
+        EXPECT_EQ(prescriptionIn(bundle(entries)), QJsonObject()) << entries;
     }
 }
 
