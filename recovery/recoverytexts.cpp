@@ -20,7 +20,7 @@ tr::Tr wayOn(const AbstractDocument& document)
     }
     if (document.getType() == AbstractDocument::Return) {
         return {u"dispenseRecoveryWayOnReturn"_s,
-                u"Повторите подытог, когда реестр снова отвечает, или отмените возврат: продажа останется как была."_s};
+                u"Повторите подытог, когда реестр снова отвечает, или отмените возврат: продажа останется закрытой."_s};
     }
     return {
         u"dispenseRecoveryWayOnSale"_s,
