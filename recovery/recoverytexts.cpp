@@ -85,7 +85,7 @@ tr::Tr unclaimed(const GoodsItem& position, const QString& dispense, double dose
                   "Проверьте другие кассы; лишний отпуск отменяет оператор реестра."_s)
         .arg(nameOf(position))
         .arg(dispense)
-        .arg(QLocale(QLocale::Russian).toString(doses, 'f', 2));
+        .arg(QLocale(QLocale::Russian).toString(doses, 'f', QLocale::FloatingPointShortest));
 }
 
 tr::Tr reconciliationTitle()
