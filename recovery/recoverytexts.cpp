@@ -20,7 +20,7 @@ tr::Tr wayOn(const AbstractDocument& document)
     }
     if (document.getType() == AbstractDocument::Return) {
         return {u"dispenseRecoveryWayOnReturn"_s,
-                u"Повторите подытог, когда реестр снова отвечает, или отмените возврат: продажа останется как была."_s};
+                u"Повторите подытог, когда реестр снова отвечает, или отмените возврат: продажа останется закрытой."_s};
     }
     return {
         u"dispenseRecoveryWayOnSale"_s,
@@ -85,7 +85,7 @@ tr::Tr unclaimed(const GoodsItem& position, const QString& dispense, double dose
                   "Проверьте другие кассы; лишний отпуск отменяет оператор реестра."_s)
         .arg(nameOf(position))
         .arg(dispense)
-        .arg(QLocale(QLocale::Russian).toString(doses, 'f', 2));
+        .arg(QLocale(QLocale::Russian).toString(doses, 'f', QLocale::FloatingPointShortest));
 }
 
 tr::Tr reconciliationTitle()

@@ -3,27 +3,28 @@
 
 #include "askform.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
 {
 
-/// What the rows after the dispenses say, in their order: none of them; and where there are none, that there is one
-/// all the same. Whatever is no row decides nothing.
+/// The last row says that none of them is the one. Without a dispense the row above it says that there is one all the
+/// same. Whatever is no row decides nothing.
 DispenseChoice choiceOf(const QVariant& answer, qsizetype dispenses)
 {
     bool isNumber = false;
     const int row = answer.toInt(&isNumber);
-    if (!isNumber || row < 0) {
+    const qsizetype last = std::max(dispenses, qsizetype(1));
+    if (!isNumber || row < 0 || row > last) {
         return {};
     }
-    if (row < dispenses) {
-        return {DispenseChoice::Chosen, row};
-    }
-    if (row == dispenses) {
+    if (row == last) {
         return {DispenseChoice::NoneOfThem, -1};
     }
-    return dispenses == 0 && row == 1 ? DispenseChoice{DispenseChoice::HeldUnseen, -1} : DispenseChoice{};
+    return dispenses == 0 ? DispenseChoice{DispenseChoice::HeldUnseen, -1}
+                          : DispenseChoice{DispenseChoice::Chosen, row};
 }
 
 } // namespace

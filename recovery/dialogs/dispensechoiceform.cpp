@@ -78,10 +78,10 @@ QStandardItemModel* makeModel(const QList<DispenseChoiceRow>& dispenses, QObject
         append(
             {dispense.handedOver, dispense.doses, dispense.pharmacy, dispense.id.isEmpty() ? withoutId : dispense.id});
     }
-    append({noneOfThem(!dispenses.isEmpty()).ui()});
     if (dispenses.isEmpty()) {
         append({tr::Tr(u"dispenseChoiceIsRegistered"_s, u"Отпуск в реестре есть"_s).ui()});
     }
+    append({noneOfThem(!dispenses.isEmpty()).ui()});
     return model;
 }
 

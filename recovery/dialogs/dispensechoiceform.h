@@ -8,8 +8,8 @@ class QPushButton;
 class TalloTableView;
 
 /// Lists the dispenses that the registry holds of a prescription; the last row says that none of them is the one that
-/// is looked for. Without any, a further row says that the registry holds it all the same. Answers "data", the chosen
-/// row; every other way out dismisses the form.
+/// is looked for. Without any, the row above it says that the registry holds it all the same. Answers "data", the
+/// chosen row; every other way out dismisses the form.
 ///
 /// A wrong choice books a dispense twice, or not at all. So no row is chosen at first, and a Return alone does nothing:
 /// a key chooses a row, another one confirms it. Letters and digits choose no row either.

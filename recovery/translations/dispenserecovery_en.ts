@@ -121,8 +121,8 @@
         <translation>The document stays as it was. Repeat the command when the registry answers again.</translation>
     </message>
     <message id="dispenseRecoveryWayOnReturn">
-        <source>Повторите подытог, когда реестр снова отвечает, или отмените возврат: продажа останется как была.</source>
-        <translation>Repeat the subtotal when the registry answers again, or cancel the return: the sale then stays as it was.</translation>
+        <source>Повторите подытог, когда реестр снова отвечает, или отмените возврат: продажа останется закрытой.</source>
+        <translation>Repeat the subtotal when the registry answers again, or cancel the return: the sale then stays closed.</translation>
     </message>
     <message id="dispenseRecoveryWayOnSale">
         <source>Чек можно отложить и обслужить следующего покупателя; когда чек возобновят, касса спросит реестр снова.</source>

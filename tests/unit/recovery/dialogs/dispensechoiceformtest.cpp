@@ -181,13 +181,13 @@ TEST_F(DispenseChoiceFormTest, registryDoesNotShowThePrescription_cashierConfirm
     const DispenseChoice choice = ask(noDispenses(), [](QWidget& form) {
         EXPECT_TRUE(text(form, u"questionLabel"_s).contains(u"этого рецепта реестр кассе не показывает"_s));
         ASSERT_EQ(table(form)->model()->rowCount(), 2);
-        EXPECT_EQ(row(form, 0).first(), u"Отпуска в реестре нет"_s);
-        EXPECT_EQ(row(form, 1).first(), u"Отпуск в реестре есть"_s);
+        EXPECT_EQ(row(form, 0).first(), u"Отпуск в реестре есть"_s);
+        EXPECT_EQ(row(form, 1).first(), u"Отпуска в реестре нет"_s);
         EXPECT_EQ(table(form)->columnSpan(0, 0), 4);
         EXPECT_EQ(table(form)->columnSpan(1, 0), 4);
         press({Qt::Key_Return});
         expectNothingChosen(form);
-        press({Qt::Key_Down, Qt::Key_Return});
+        press({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return});
     });
     EXPECT_TRUE(isAnswered);
     EXPECT_EQ(choice.kind, DispenseChoice::NoneOfThem);
@@ -195,9 +195,7 @@ TEST_F(DispenseChoiceFormTest, registryDoesNotShowThePrescription_cashierConfirm
 
 TEST_F(DispenseChoiceFormTest, registryDoesNotShowThePrescription_cashierConfirmsThatThereIsADispense)
 {
-    const DispenseChoice choice = ask(noDispenses(), [](QWidget&) {
-        press({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return});
-    });
+    const DispenseChoice choice = ask(noDispenses(), [](QWidget&) { press({Qt::Key_Down, Qt::Key_Return}); });
     EXPECT_EQ(choice.kind, DispenseChoice::HeldUnseen);
     EXPECT_EQ(choice.row, -1);
 }
