@@ -5,8 +5,12 @@
 #include "configurationcheck.h"
 #include "functionkey.h"
 #include "inilines.h"
+#include "lockscreen.h"
+#include "secretfiles.h"
 
 #include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
 #include <QTranslator>
 
 using namespace Qt::StringLiterals;
@@ -88,27 +92,100 @@ QList<ConfigurationFinding> checkLanguage(const Config& config, const QString& f
     return {{key, readIniLines(file).value(key), u"names a language without a catalogue; Russian is taken"_s}};
 }
 
-QList<ConfigurationFinding> checkEverything(const Config& config, const QString& file, const ConfigurationKeys& keys)
+/// A code that nobody could type would lock the register for good.
+/// @param isTouched by `--touch`, whatever the configuration says
+QList<ConfigurationFinding> checkUnlockCode(const Config& config, const QString& file, const ConfigurationKeys& keys,
+                                            bool isTouched)
+{
+    Config withSecrets(file);
+    Q_UNUSED(readSecretFiles(withSecrets, keys, file)) // a file that cannot be read is a finding of its own
+    const QString value = u"Register:unlockCode"_s;
+    const bool isTouchMode = isTouched || config.getBool(u"GUI:touchMode"_s);
+    if (!isTouchMode || LockScreen::canBeTyped(withSecrets.getString(value))) {
+        return {};
+    }
+    const QString inFile = value + u"File"_s;
+    const QString key = config.getString(inFile).isEmpty() ? value : inFile;
+    return {{key, readIniLines(file).value(key),
+             u"has a character that the keyboard on the screen does not have: choose a code of Russian or Latin "
+             "letters, digits and signs"_s,
+             true}};
+}
+
+/// Something can be made in the folder or, when it is not there, in the nearest one above it.
+bool canBeFilled(const QString& folder)
+{
+    QString nearest = QDir::cleanPath(QDir().absoluteFilePath(folder));
+    while (!QFileInfo::exists(nearest)) {
+        nearest = QFileInfo(nearest).path();
+    }
+    return QTemporaryDir(nearest + u"/.writable-XXXXXX"_s).isValid();
+}
+
+/// A folder of logs that can neither be used nor made.
+QList<ConfigurationFinding> checkLogFolder(const Config& config, const QString& file)
+{
+    const QString key = u"Logging:folder"_s;
+    const QString folder = config.getString(key);
+    if (folder.isEmpty() || canBeFilled(folder)) {
+        return {};
+    }
+    const bool isThere = QFileInfo(folder).isDir();
+    const QString text = isThere ? u"names a folder that cannot be written to; logs go to the data folder: "_s
+                                 : u"names no folder that can be made: "_s;
+    return {{key, readIniLines(file).value(key), text + folder, !isThere}};
+}
+
+/// True for the name of a database that is a file.
+bool namesDatabaseFile(const Config& config, const QString& key)
+{
+    const QString section = key.section(u':', 0, -2);
+    const bool isDatabase = section == "Database"_L1 || section.startsWith("Database."_L1);
+    return isDatabase && key.endsWith(":name"_L1) && !config.getString(key).isEmpty() &&
+           config.getString(section + u":driver"_s, u"QSQLITE"_s) == "QSQLITE"_L1;
+}
+
+/// Database files in folders that are not there.
+QList<ConfigurationFinding> checkDatabaseFolders(const Config& config, const QString& file)
+{
+    const QHash<QString, int> lines = readIniLines(file);
+    QList<ConfigurationFinding> findings;
+    for (const QString& key : config.keys()) {
+        if (!namesDatabaseFile(config, key)) {
+            continue;
+        }
+        const QString folder = QFileInfo(config.getString(key)).absolutePath();
+        if (!QFileInfo(folder).isDir()) {
+            findings.append({key, lines.value(key), u"names a file in a folder that is not there: "_s + folder, true});
+        }
+    }
+    return findings;
+}
+
+QList<ConfigurationFinding> checkEverything(const Config& config, const QString& file, const ConfigurationKeys& keys,
+                                            bool isTouched)
 {
     return checkConfiguration(config, file, keys) + checkShortcuts(config, file) +
            checkList(config, file, u"FunctionKeys:keys"_s, configuredFunctionKeys(config), noLimit) +
            checkList(config, file, u"Menu:entries"_s, configuredMenuEntries(config), mostEntries) +
-           checkLanguage(config, file);
+           checkLanguage(config, file) + checkUnlockCode(config, file, keys, isTouched) + checkLogFolder(config, file) +
+           checkDatabaseFolders(config, file);
 }
 
 } // namespace
 
-ConfigurationReport::ConfigurationReport(const Config& config, const QString& file, const QString& pluginFolder)
+ConfigurationReport::ConfigurationReport(const Config& config, const CommandLine& commandLine)
 {
+    const QString& file = commandLine.config;
     if (!config.reading()) {
         for (const IniFault& fault : readIniFaults(file)) {
             problems.append(u"%1:%2: %3"_s.arg(file).arg(fault.line).arg(fault.text));
         }
     }
-    for (const Failure& unreadable : keys.loadPlugins(pluginFolder)) {
+    for (const Failure& unreadable : keys.loadPlugins(commandLine.pluginFolder)) {
         problems.append(unreadable.detail);
     }
-    for (const ConfigurationFinding& finding : checkEverything(config, file, keys)) {
+    for (const ConfigurationFinding& finding : checkEverything(config, file, keys, commandLine.touch)) {
         problems.append(finding.description(file));
         preventsStart = preventsStart || finding.preventsStart;
     }
@@ -128,7 +205,7 @@ ConfigurationCheckResult checkConfiguration(const CommandLine& commandLine)
     for (const NamedFolder& folder : folders) {
         problems.append(describe(folder));
     }
-    problems += ConfigurationReport(config, commandLine.config, commandLine.pluginFolder).problems;
+    problems += ConfigurationReport(config, commandLine).problems;
     if (problems.isEmpty()) {
         return {true, commandLine.config + u": nothing is wrong\n"_s};
     }
@@ -138,9 +215,4 @@ ConfigurationCheckResult checkConfiguration(const CommandLine& commandLine)
 QString describe(const NamedFolder& unusable)
 {
     return unusable.option + u" names no folder that can be read: "_s + unusable.path;
-}
-
-QString describe(const QString& key, const QString& text, const QString& file)
-{
-    return ConfigurationFinding{key, readIniLines(file).value(key), text}.description(file);
 }

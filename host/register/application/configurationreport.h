@@ -13,10 +13,11 @@ class Config;
 struct ConfigurationReport {
     ConfigurationKeys keys;
     QStringList problems;       ///< in English, with file, line and key; of values they hold names and paths only
-    bool preventsStart = false; ///< one of them is about a file or a folder that cannot be used
+    bool preventsStart = false; ///< the register does not start with one of them
 
-    /// @param config as it was read from `file`. When it could not be read, the lines that are wrong are named.
-    ConfigurationReport(const Config& config, const QString& file, const QString& pluginFolder);
+    /// @param config as it was read from the file of `commandLine`. When it could not be read, the lines that are wrong
+    ///        are named.
+    ConfigurationReport(const Config& config, const CommandLine& commandLine);
 };
 
 /// What `--check-config` prints: each problem on a line of its own.
@@ -29,5 +30,3 @@ ConfigurationCheckResult checkConfiguration(const CommandLine& commandLine);
 
 /// What is wrong with a folder of the command line.
 QString describe(const NamedFolder& unusable);
-/// What is wrong with a key of the configuration file, with the line where it is.
-QString describe(const QString& key, const QString& text, const QString& file);

@@ -51,16 +51,11 @@ void setUpLogging(Config& config, const QDir& data)
 {
     const QString key = u"Logging:folder"_s;
     const QString configured = config.getString(key);
-    const bool isUsed = !configured.isEmpty() && canBeWrittenTo(configured);
-    if (!isUsed) {
+    if (configured.isEmpty() || !canBeWrittenTo(configured)) {
         data.mkpath(u"log"_s);
         config.setForThisRun(key, data.filePath(u"log"_s));
     }
     ::setUpLogging(config);
-    if (!isUsed && !configured.isEmpty()) {
-        Log4Qt::LogManager::logger(u"config"_s)
-            ->warn(key + u" cannot be written to; logs go to "_s + config.getString(key));
-    }
 }
 
 /// The keys and the menu entries.
@@ -121,9 +116,6 @@ std::optional<StartupFailure> RegisterApplication::start()
         return failure;
     }
     configureThisRun();
-    if (auto failure = checkUnlockCode()) {
-        return failure;
-    }
     m_messages.load(u":/translations/registerplatform"_s);
     m_messages.load(u":/translations/pharmacyregister"_s);
     if (auto failure = readScenario()) {
@@ -162,7 +154,7 @@ std::optional<StartupFailure> RegisterApplication::checkNamedFolders() const
 std::optional<StartupFailure> RegisterApplication::readConfiguration()
 {
     auto config = std::make_unique<Config>(m_commandLine.config);
-    const ConfigurationReport report(*config, m_commandLine.config, m_commandLine.pluginFolder);
+    const ConfigurationReport report(*config, m_commandLine);
     for (const QString& problem : report.problems) {
         print(problem);
     }
@@ -173,7 +165,7 @@ std::optional<StartupFailure> RegisterApplication::readConfiguration()
     }
     if (report.preventsStart) {
         return StartupFailure{exitstatus::noConfiguration,
-                              u"The configuration names a file or a folder that cannot be used, see above"_s};
+                              u"The configuration holds something that cannot be used, see above"_s};
     }
     m_configurationProblems = report.problems;
     if (const Expected<void> read = readSecretFiles(*config, report.keys, m_commandLine.config); !read) {
@@ -238,21 +230,6 @@ void RegisterApplication::configureThisRun()
                 ->error(u"The demo goods were not created: "_s + created.failure().detail);
         }
     }
-}
-
-/// A code that nobody could type would lock the register for good.
-std::optional<StartupFailure> RegisterApplication::checkUnlockCode() const
-{
-    const Config* config = Singleton<Config>::get();
-    const QString key = u"Register:unlockCode"_s;
-    if (!BasicForm::isTouchMode() || LockScreen::canBeTyped(config->getString(key))) {
-        return std::nullopt;
-    }
-    return StartupFailure{exitstatus::noConfiguration,
-                          describe(key,
-                                   u"has a character that the keyboard on the screen does not have: choose a "
-                                   "code of Russian or Latin letters, digits and signs"_s,
-                                   m_commandLine.config)};
 }
 
 std::optional<StartupFailure> RegisterApplication::readScenario()

@@ -49,7 +49,6 @@ private:
     std::optional<StartupFailure> lockDataFolder();
     std::optional<StartupFailure> readOpenDocument();
     void configureThisRun();
-    std::optional<StartupFailure> checkUnlockCode() const;
     std::optional<StartupFailure> readScenario();
     QSize windowSize() const;
     void openWindow();

@@ -13,7 +13,7 @@ struct ConfigurationFinding {
     QString key;  ///< "section:key"
     int line;     ///< in the file, from 1; 0: it cannot be found there
     QString text; ///< what is wrong and what to do, in English; of values it has paths of files and folders only
-    bool preventsStart = false; ///< a file or a folder is not there, or cannot be read
+    bool preventsStart = false; ///< the register does not start with it
 
     /// For a person: "register.ini:12: [Register] UnlockCode: unknown key …".
     QString description(const QString& file) const;

@@ -214,8 +214,7 @@ void DocumentListForm::search(const QString& text)
     }
     m_filtered.addFilter(DocumentTableModel::Days, day.isValid() ? DocumentTableModel::dayText(day) : QString(),
                          ComplexFilterProxyModel::Contains);
-    m_filtered.addFilter(DocumentTableModel::SearchText, day.isValid() ? QString() : text,
-                         ComplexFilterProxyModel::Contains);
+    m_filtered.search(day.isValid() ? QString() : text);
 }
 
 void DocumentListForm::showCurrent()

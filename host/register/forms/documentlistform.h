@@ -3,7 +3,7 @@
 
 #include "action.h"
 #include "basicform.h"
-#include "complexfilterproxymodel.h"
+#include "documentfiltermodel.h"
 #include "documentlistparams.h"
 #include "documenttablemodel.h"
 #include "positiontablemodel.h"
@@ -59,7 +59,7 @@ private:
 
     DocumentListParams m_params;
     DocumentTableModel m_documents;
-    ComplexFilterProxyModel m_filtered;
+    DocumentFilterModel m_filtered;
     PositionTableModel m_positions;
     TalloTableView* m_table;
     TalloTableView* m_positionsTable;

@@ -50,7 +50,7 @@ struct Word {
 QList<Word> wordsAsTyped(const QString& search)
 {
     QList<Word> words;
-    for (const QString& word : search.split(u' ', Qt::SkipEmptyParts)) {
+    for (const QString& word : searchWords(search)) {
         words.append(Word(word));
     }
     return words;
@@ -59,7 +59,7 @@ QList<Word> wordsAsTyped(const QString& search)
 QList<Word> wordsOnEitherLayout(const QString& search)
 {
     QList<Word> words;
-    for (const QString& word : search.split(u' ', Qt::SkipEmptyParts)) {
+    for (const QString& word : searchWords(search)) {
         words.append(Word(word, onOtherLayout(word)));
     }
     return words;
@@ -141,10 +141,9 @@ const QList<CatalogueGoods>& GoodsList::all() const
 
 QList<int> GoodsList::matching(const QString& search) const
 {
-    const QString wanted = searchText(search);
-    QList<int> found = m_index->matching(wordsAsTyped(wanted));
+    QList<int> found = m_index->matching(wordsAsTyped(search));
     if (found.isEmpty()) {
-        found = m_index->matching(wordsOnEitherLayout(wanted));
+        found = m_index->matching(wordsOnEitherLayout(search));
     }
     return found;
 }

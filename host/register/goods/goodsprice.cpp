@@ -40,7 +40,7 @@ GoodsPrice number(const QVariant& value)
         return wrong({u"goodsPriceNoNumber"_s, u"«%1» — не число"_s}, value);
     }
     if (roubles < 0.0) {
-        return wrong({u"goodsPriceNegative"_s, u"%1 — меньше нуля"_s}, value);
+        return wrong({u"goodsPriceNegative"_s, u"%1 — меньше нуля"_s}, value.toString().replace(u'-', u'\u2212'));
     }
     if (roubles > greatest) {
         return wrong({u"goodsPriceTooGreat"_s, u"%1 — больше 100 000 000"_s}, value);

@@ -33,6 +33,11 @@ QString searchText(const QString& text)
     return text.normalized(QString::NormalizationForm_C).simplified().toCaseFolded().replace(u'ё', u'е');
 }
 
+QStringList searchWords(const QString& search)
+{
+    return searchText(search).split(u' ', Qt::SkipEmptyParts);
+}
+
 QString onOtherLayout(const QString& searchText)
 {
     static const QHash<QChar, QChar> keys = otherKeys();

@@ -366,9 +366,15 @@ TEST_F(RegisterProgram, loggingFolderConfigured_logIsThere)
 
 TEST_F(RegisterProgram, loggingFolderCannotBeWrittenTo_logIsInTheDataFolderAndSaysSo)
 {
-    write("register.ini", "[Register]\ndemoData=true\n[Logging]\nfolder=/proc/till\n");
-    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
-    EXPECT_TRUE(contentOf("data/log/register.log").contains("Logging:folder cannot be written to"));
+    write("register.ini", "[Register]\ndemoData=true\n[Logging]\nfolder=/proc\n");
+    const QStringList expected(
+        u":4: [Logging] folder: names a folder that cannot be written to; logs go to the data folder: /proc"_s);
+    EXPECT_EQ(play(R"([{"contains": "Замечаний к настройкам: 1", "in": "statusMessageLabel"}])"), 0)
+        << qPrintable(output);
+    EXPECT_EQ(printedProblems(), expected);
+    EXPECT_TRUE(contentOf("data/log/register.log").contains(expected.first().toUtf8()));
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3);
+    EXPECT_EQ(printedProblems(), expected);
 }
 
 TEST_F(RegisterProgram, whateverItWrites_isReadableByItsOwnerAlone)
@@ -419,12 +425,20 @@ TEST_F(RegisterProgram, configurationNamesAFileOrAFolderThatIsNotThere_endsWithS
         {"[GUI]\nlayouts=/etc:/nowhere\n", ":2: [GUI] layouts: names no folder that can be read: /nowhere"},
         {"[RestClient]\ncaFile=/nowhere\n", ":2: [RestClient] caFile: names no file that can be read: /nowhere"},
         {"[Logging]\nproperties=/nowhere\n", ":2: [Logging] properties: names no file that can be read: /nowhere"},
+        {"[Logging]\nfolder=/proc/till\n", ":2: [Logging] folder: names no folder that can be made: /proc/till"},
+        {"[Logging]\nfolder=/etc/hostname\n", ":2: [Logging] folder: names no folder that can be made: /etc/hostname"},
+        {"[Database]\nname=/nowhere/g.sqlite\n",
+         ":2: [Database] name: names a file in a folder that is not there: /nowhere"},
+        {"[Database.doses]\nname=/nowhere/d.sqlite\ndriver=QSQLITE\n",
+         ":2: [Database.doses] name: names a file in a folder that is not there: /nowhere"},
     };
     for (const auto& [content, problem] : keys) {
         write("register.ini", content);
         EXPECT_EQ(play("[]"), 3) << content;
         EXPECT_EQ(printedProblems(), QStringList(QString::fromUtf8(problem)));
-        EXPECT_TRUE(output.endsWith(u"a file or a folder that cannot be used, see above\n"_s)) << qPrintable(output);
+        EXPECT_TRUE(output.endsWith(u"holds something that cannot be used, see above\n"_s)) << qPrintable(output);
+        EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3) << content;
+        EXPECT_EQ(printedProblems(), QStringList(QString::fromUtf8(problem)));
     }
 }
 
@@ -459,6 +473,16 @@ TEST_F(RegisterProgram, checkConfig_namesEntriesThatTheListsLeaveOutAndALanguage
     for (const char* language : {"", "ru", "en", "en_GB"}) {
         EXPECT_EQ(checked(QByteArray("[Language]\ninterface=") + language + '\n'), right);
     }
+}
+
+TEST_F(RegisterProgram, checkConfigOfFoldersThatAreMadeAndOfNamesOnAServer_endsWithStatusZeroAndMakesNothing)
+{
+    write("register.ini", "[Logging]\nfolder=" + path("logs/till").toUtf8() +
+                              "\n[Database]\nname=" + path("goods.sqlite").toUtf8() +
+                              "\n[Database.doses]\ndriver=QPSQL\nname=/nowhere/doses\n");
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 0) << qPrintable(output);
+    EXPECT_FALSE(QFile::exists(path("logs")));
+    EXPECT_FALSE(QFile::exists(path("goods.sqlite")));
 }
 
 TEST_F(RegisterProgram, checkConfig_namesTheMistakesAndEndsWithStatusThree)
@@ -627,6 +651,28 @@ TEST_F(RegisterProgram, unlockCodeThatTouchCannotType_endsWithStatusThree)
         << qPrintable(output);
     EXPECT_FALSE(output.contains(u"schl"_s)) << "the code is secret";
     EXPECT_EQ(play("[]"), 0) << "a keyboard may type it";
+}
+
+TEST_F(RegisterProgram, checkConfigOfAnUnlockCodeThatTouchCannotType_endsWithStatusThreeAsTheStartDoes)
+{
+    constexpr QFile::Permissions ownerAlone = QFile::ReadOwner | QFile::WriteOwner;
+    const auto checked = [this](const QByteArray& content, const QStringList& options = {}) {
+        write("register.ini", content);
+        EXPECT_TRUE(QFile::setPermissions(path("register.ini"), ownerAlone));
+        run(usualOptions() + QStringList{u"--check-config"_s} + options);
+        return printedProblems().join(u'\n');
+    };
+    const QString problem = u" has a character that the keyboard on the screen does not have: choose a code of Russian "
+                            "or Latin letters, digits and signs"_s;
+    write("code", "schlüssel\n");
+    ASSERT_TRUE(QFile::setPermissions(path("code"), ownerAlone));
+    const QByteArray value = "[Register]\nunlockCode=schlüssel\n";
+    const QByteArray inAFile = "[Register]\nunlockCodeFile=" + path("code").toUtf8() + '\n';
+    const QByteArray touch = "[GUI]\ntouchMode=true\n";
+    EXPECT_EQ(checked(value + touch), u":2: [Register] unlockCode:"_s + problem);
+    EXPECT_EQ(checked(value, {u"--touch"_s}), u":2: [Register] unlockCode:"_s + problem);
+    EXPECT_EQ(checked(inAFile + touch), u":2: [Register] unlockCodeFile:"_s + problem);
+    EXPECT_EQ(checked(value), u": nothing is wrong"_s) << "a keyboard may type it";
 }
 
 TEST_F(RegisterProgram, touchAlone_putsGoodsOnTheDocument)

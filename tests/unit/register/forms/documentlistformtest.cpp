@@ -330,7 +330,10 @@ TEST_P(DocumentSearch, findsByNumberStateAndGoods)
 
 INSTANTIATE_TEST_SUITE_P(, DocumentSearch,
                          ::testing::Values(Search{"number", "3", {3}}, Search{"state", "отлож", {5}},
-                                           Search{"goods", "Борвит", {5}}),
+                                           Search{"goods", "Борвит", {5}},
+                                           Search{"wordsInAnyOrder", "борвит  отлож", {5}},
+                                           Search{"wordsOfTwoGoods", "борвит амоксидар", {5}},
+                                           Search{"yoForYe", "отложён", {5}}, Search{"yeForYo", "отменен", {4}}),
                          [](const auto& instance) { return std::string(instance.param.name); });
 
 /// More documents than the list shows: 600 sales of long ago, one a day, before those of today.
