@@ -18,6 +18,13 @@ template struct Singleton<ActivityNotifier>;
 
 namespace
 {
+void logFailure(const QString& plugin, const QString& listener, int event, const QString& detail)
+{
+    const QString owner = plugin.isEmpty() ? QString() : u" of the plug-in "_s + plugin;
+    Log4Qt::LogManager::logger(u"activity"_s)
+        ->error(u"%1 failed in event %2: %3"_s.arg(listener + owner, QString::number(event), detail));
+}
+
 /// Events that are reported inside one another. More are a listener that answers an event with an event.
 constexpr int deepestEvent = 32;
 } // namespace
@@ -59,9 +66,11 @@ void ActivityNotifier::notify(const Event& event)
         try {
             listener->handleEvent(event);
         } catch (...) {
-            Log4Qt::LogManager::logger(u"activity"_s)
-                ->error(name + u" failed in event "_s + QString::number(event.getCode()) + u": "_s +
-                        caughtFailure().detail);
+            const Failure caught = caughtFailure();
+            logFailure(plugin, name, event.getCode(), caught.detail);
+            if (m_host->failed) {
+                m_host->failed(plugin, caught.text);
+            }
         }
     }
 }

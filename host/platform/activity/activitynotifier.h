@@ -23,7 +23,8 @@ public:
     virtual void subscribe(BaseActivityListener* listener);
 
     /// Calls handleEvent of every listener subscribed when the call began, in the PluginScope in which it was
-    /// subscribed. A listener that throws is logged and does not keep the event from the others.
+    /// subscribed. A listener that throws is logged with its plug-in, is shown, and does not keep the event from the
+    /// others.
     virtual void notify(const Event& event);
 
     /// The host's side; a plug-in has no use for it.

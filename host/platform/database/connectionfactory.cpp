@@ -3,6 +3,7 @@
 
 #include "connectionwatch.h"
 #include "readonlyconnection.h"
+#include "serverthread.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
@@ -10,6 +11,7 @@
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QObject>
+#include <QScopedValueRollback>
 
 #include <chrono>
 #include <optional>
@@ -24,6 +26,12 @@ namespace
 /// A failure that takes longer has kept the cashier waiting.
 constexpr qint64 longWaitMs = 1000;
 constexpr std::chrono::seconds restAfterLongWait = 15s;
+
+/// For the answer of an open connection, for connecting, and for the first statement.
+std::chrono::seconds longestWait(const DatabaseAccess& access)
+{
+    return ReadOnlyConnection::answerTime + 2 * access.timeout;
+}
 } // namespace
 
 /// A connection, and what bounds it.
@@ -36,10 +44,7 @@ struct ConnectionFactory::Held {
     void provide()
     {
         watch.reset();
-        if (connection.isOpen() && !connection.answers()) {
-            connection.close();
-        }
-        if (!connection.isOpen() && rest.hasExpired()) {
+        if (connection.isOpen() || rest.hasExpired()) {
             open();
         }
         if (connection.isOpen()) {
@@ -47,11 +52,24 @@ struct ConnectionFactory::Held {
         }
     }
 
+    /// Opens it, unless it is open and answers.
     void open()
     {
+        const QScopedValueRollback waits(isWaiting, true);
         QElapsedTimer waiting;
-        waiting.start();
-        const Expected<void> opened = connection.open();
+        Expected<void> opened;
+        const auto openAnew = [this, &opened, &waiting] {
+            if (connection.isOpen() && !connection.answers()) {
+                connection.close();
+            }
+            waiting.start();
+            opened = rest.hasExpired() ? connection.open() : Expected<void>();
+        };
+        if (connection.access().isFile()) {
+            openAnew();
+        } else {
+            runBesideTheWindow(connection.database(), longestWait(connection.access()), openAnew);
+        }
         if (opened) {
             return;
         }
@@ -71,6 +89,7 @@ struct ConnectionFactory::Held {
     }
 
     ReadOnlyConnection connection;
+    bool isWaiting = false; ///< for the server, while events run
     std::optional<ConnectionWatch> watch;
     QDeadlineTimer rest{0};
     QObject eventLoop;
@@ -84,6 +103,9 @@ QSqlDatabase ConnectionFactory::getConnection(const QString& database, const QSt
     const QString section = database.isEmpty() ? u"Database"_s : u"Database."_s + database;
     const DatabaseAccess wanted = DatabaseAccess::configured(section);
     std::unique_ptr<Held>& held = m_held[section + u'\n' + connection];
+    if (held && held->isWaiting) {
+        return {};
+    }
     if (!held || held->connection.access() != wanted) {
         held = std::make_unique<Held>(wanted);
     }

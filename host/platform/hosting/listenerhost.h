@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tr.h"
+
 #include <QList>
 #include <QPointer>
 #include <QString>
+
+#include <functional>
 
 class BaseActivityListener;
 
@@ -18,6 +22,8 @@ struct ListenerHost {
 
     /// In the order of subscription. The host drops those of a plug-in whose init() failed.
     QList<Subscription> listeners;
+    /// Hears of a listener that threw, during the event; empty: it is only logged.
+    std::function<void(const QString& plugin, const tr::Tr& text)> failed;
     /// How many events are being reported inside one another.
     int reporting = 0;
 };

@@ -17,13 +17,9 @@
 #include <iterator>
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace
 {
-
-/// A server that works answers the simplest question in no time.
-constexpr std::chrono::milliseconds answerTime = 2s;
 
 /// How a driver is kept from writing and from waiting.
 struct DriverMode {

@@ -21,6 +21,9 @@ public:
     ~ReadOnlyConnection();
     Q_DISABLE_COPY_MOVE(ReadOnlyConnection)
 
+    /// A server that works answers the simplest question in no time.
+    static constexpr std::chrono::seconds answerTime{2};
+
     const DatabaseAccess& access() const { return m_access; }
 
     /// Qt's connection; closed until open(). When opening failed its lastError() says why.

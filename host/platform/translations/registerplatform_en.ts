@@ -326,6 +326,10 @@ Call the administrator.</translation>
         <source>нет драйвера %1</source>
         <translation>there is no driver %1</translation>
     </message>
+    <message id="databaseWaiting">
+        <source>Связь с базой данных</source>
+        <translation>Connecting to the database</translation>
+    </message>
     <message id="databaseKeyMissing">
         <source>%1 не задано в настройках</source>
         <translation>%1 is not set in the configuration</translation>

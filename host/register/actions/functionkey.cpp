@@ -149,9 +149,9 @@ QList<FunctionKey> configuredFunctionKeys(const Config& config)
     return keys;
 }
 
-const FunctionKey* keyWithShortcut(const QList<FunctionKey>& keys, Qt::Key shortcut)
+const FunctionKey* keyWithShortcut(const QList<FunctionKey>& keys, const QKeySequence& shortcut)
 {
-    const auto found = std::find_if(keys.cbegin(), keys.cend(), [shortcut](const FunctionKey& key) {
+    const auto found = std::find_if(keys.cbegin(), keys.cend(), [&shortcut](const FunctionKey& key) {
         return !key.shortcut.isEmpty() && collide(key.shortcut, shortcut);
     });
     return found == keys.cend() ? nullptr : &*found;

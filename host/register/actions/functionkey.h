@@ -26,9 +26,10 @@ struct FunctionKey {
 /// The keys of the register's own. On the sales screen a function key with the same shortcut wins.
 inline constexpr Qt::Key helpKey = Qt::Key_F1;
 inline constexpr Qt::Key cardPaymentKey = Qt::Key_F11;
+inline constexpr QKeyCombination wholeMessageKey = Qt::CTRL | Qt::Key_F12;
 
 /// The function key that has this shortcut; null: none has.
-const FunctionKey* keyWithShortcut(const QList<FunctionKey>& keys, Qt::Key shortcut);
+const FunctionKey* keyWithShortcut(const QList<FunctionKey>& keys, const QKeySequence& shortcut);
 
 /// The keys that `FunctionKeys:keys` of the configuration lists, in that order; docs/configuration.md describes the
 /// form. A key without an action is logged and left out. Of two keys with one shortcut the first has it, and the other

@@ -41,9 +41,11 @@ QList<ConfigurationFinding> checkShortcuts(const Config& config, const QString& 
             add(key, u"is the shortcut of «%1» as well, which comes first: choose another"_s.arg(key.lostTo));
         }
     }
-    const std::pair<Qt::Key, QString> own[] = {
+    const std::pair<QKeySequence, QString> own[] = {
         {helpKey, u"takes F1 from the help, which then opens in forms only: choose another"_s},
         {cardPaymentKey, u"takes F11 from the payment by card, which then has its button only: choose another"_s},
+        {wholeMessageKey,
+         u"takes Ctrl+F12 from the message of the status line, which then has its button only: choose another"_s},
     };
     for (const auto& [shortcut, text] : own) {
         if (const FunctionKey* key = keyWithShortcut(keys, shortcut)) {

@@ -15,6 +15,7 @@
 #include "graphicaluserinterface.h"
 #include "guardedapplication.h"
 #include "inactivitylocker.h"
+#include "listenerhost.h"
 #include "logsetup.h"
 #include "registerformcreator.h"
 #include "registerstyle.h"
@@ -97,6 +98,7 @@ RegisterApplication::~RegisterApplication()
     m_plugins.unload(*Singleton<ActionQueueController>::get());
     gui->host().stage = nullptr;
     gui->host().giveUp = {};
+    Singleton<ActivityNotifier>::get()->host().failed = {};
     m_window.reset();
     DocumentWatcher::setCurrentDocument(nullptr);
 }
@@ -283,8 +285,16 @@ void RegisterApplication::openWindow()
     gui->host().giveUp = [this] { giveUp(); };
     if (auto* application = qobject_cast<GuardedApplication*>(qApp)) {
         QObject::connect(application, &GuardedApplication::failed, m_window.get(),
-                         [this](const QString& plugin, const tr::Tr& text) { showFailure(plugin, text); });
+                         [this](const QString& plugin, const tr::Tr& text) {
+                             m_longWork.endAfterFailure();
+                             showFailure(plugin, text);
+                         });
     }
+    // After the event: what the register itself shows of it would take the warning's place.
+    Singleton<ActivityNotifier>::get()->host().failed = [this](const QString& plugin, const tr::Tr& text) {
+        QMetaObject::invokeMethod(
+            m_window.get(), [this, plugin, text] { showFailure(plugin, text); }, Qt::QueuedConnection);
+    };
     if (m_commandLine.windowSize.isValid()) {
         m_window->resize(m_commandLine.windowSize);
         m_window->show();
@@ -378,7 +388,6 @@ void RegisterApplication::showPlugins()
 /// In the status line: a message would keep the cashier from working, as often as it happens.
 void RegisterApplication::showFailure(const QString& plugin, const tr::Tr& text)
 {
-    m_longWork.endAfterFailure();
     const QString words = text.ui().simplified();
     m_window->statusLine().showWarning(
         plugin.isEmpty() ? words

@@ -31,10 +31,14 @@ bool isReady(const std::future<void>& done, std::chrono::milliseconds wait = 0ms
 }
 
 /// Lets events run until the job is done or its time is over, behind the busy screen.
-void waitBusy(const std::future<void>& done, const QDeadlineTimer& deadline, const tr::Tr& message)
+/// @param limit the time that `deadline` was given
+void waitBusy(const std::future<void>& done, const QDeadlineTimer& deadline, std::chrono::milliseconds limit,
+              const tr::Tr& message)
 {
     auto* notifier = Singleton<ActivityNotifier>::get();
-    notifier->notify(Event(EActivityListener::LongWorkBegins).addArgument(u"message"_s, QVariant::fromValue(message)));
+    notifier->notify(Event(EActivityListener::LongWorkBegins)
+                         .addArgument(u"message"_s, QVariant::fromValue(message))
+                         .addArgument(u"seconds"_s, int(std::chrono::ceil<std::chrono::seconds>(limit).count())));
     const Finally end([notifier] { notifier->notify(Event(EActivityListener::LongWorkEnds)); });
     const InputBlocker throwsInputAway;
     QEventLoop loop;
@@ -97,7 +101,7 @@ bool ReadingThread::run(const std::function<void()>& job, std::chrono::milliseco
         promise->set_value();
     });
     if (!isReady(done, unnoticed)) {
-        waitBusy(done, deadline, message);
+        waitBusy(done, deadline, limit, message);
     }
     return isReady(done);
 }

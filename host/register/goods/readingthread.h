@@ -21,7 +21,8 @@ public:
     /// Runs a job sometime.
     void post(const std::function<void()>& job);
 
-    /// Runs a job and waits for it. After a moment the busy screen shows `message`, and input is thrown away.
+    /// Runs a job and waits for it. After a moment the busy screen shows `message` and `limit`, and input is thrown
+    /// away.
     /// @return false when the job did not end within `limit`; it may still run then
     bool run(const std::function<void()>& job, std::chrono::milliseconds limit, const tr::Tr& message);
 

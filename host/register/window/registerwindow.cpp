@@ -73,6 +73,9 @@ RegisterWindow::RegisterWindow(Till& till, const PositionMarks& marks, const QLi
     connect(m_statusLine, &StatusLine::moreWanted, this,
             [](const QString& text) { showNotice(tr::Tr(tr::undefined, u"%1"_s).arg(text)); });
     connect(m_lock, &LockScreen::unlocked, this, &RegisterWindow::uncover);
+    if (keyWithShortcut(keys, wholeMessageKey)) {
+        m_statusLine->giveButtonKeyAway();
+    }
     m_help->setAutoRepeat(false);
     m_help->setEnabled(!m_isHelpKeyTaken);
     connect(m_help, &QShortcut::activated, this, &RegisterWindow::showHelp);
@@ -212,7 +215,7 @@ bool RegisterWindow::goesOn(const QEvent& event) const
     case QEvent::ShortcutOverride: {
         const auto& key = static_cast<const QKeyEvent&>(event);
         const bool asksForMore = key.key() == Qt::Key_Control ||
-                                 QKeySequence(key.keyCombination()) == StatusLine::buttonKey() ||
+                                 QKeySequence(key.keyCombination()) == m_statusLine->buttonKey() ||
                                  (key.key() == helpKey && m_help->isEnabled());
         return !key.isAutoRepeat() && !asksForMore;
     }
@@ -257,8 +260,8 @@ void RegisterWindow::showHelp()
 HelpParams RegisterWindow::helpOfGround() const
 {
     FormHelp help = m_sales->help();
-    if (m_statusLine->isButtonShown()) {
-        help.keys.append({StatusLine::buttonKey().toString(QKeySequence::NativeText),
+    if (m_statusLine->isButtonShown() && !m_statusLine->buttonKey().isEmpty()) {
+        help.keys.append({m_statusLine->buttonKey().toString(QKeySequence::NativeText),
                           {u"helpStatusMore"_s, u"прочитать сообщение внизу целиком"_s}});
     }
     return {m_sales->heading(), help};

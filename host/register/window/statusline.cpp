@@ -3,6 +3,7 @@
 
 #include "currenttime.h"
 #include "directionmarks.h"
+#include "functionkey.h"
 #include "iconsviewnotifier.h"
 #include "plaintooltip.h"
 #include "registerstyle.h"
@@ -70,7 +71,7 @@ QPushButton* StatusLine::addButton()
     button->setObjectName(u"statusMoreButton"_s);
     button->setText(tr::Tr(u"statusMore"_s, u"Подробнее"_s).ui());
     button->setAccessibleName(button->text());
-    button->setToolTip(shownKey(buttonKey()));
+    button->setToolTip(shownKey(wholeMessageKey));
     button->setAutoDefault(false);
     button->setFocusPolicy(Qt::NoFocus); // the focus stays where the next scan is expected
     button->hide();
@@ -80,8 +81,8 @@ QPushButton* StatusLine::addButton()
         emit moreWanted(m_details.isEmpty() ? message : message + u'\n' + m_details);
     };
     connect(button, &QPushButton::clicked, this, tell);
-    auto* key = new QShortcut(buttonKey(), this);
-    connect(key, &QShortcut::activated, this, [this, tell] {
+    m_moreKey = new QShortcut(wholeMessageKey, this);
+    connect(m_moreKey, &QShortcut::activated, this, [this, tell] {
         if (isButtonShown()) {
             tell();
         }
@@ -89,9 +90,15 @@ QPushButton* StatusLine::addButton()
     return button;
 }
 
-QKeySequence StatusLine::buttonKey()
+QKeySequence StatusLine::buttonKey() const
 {
-    return {Qt::CTRL | Qt::Key_F12};
+    return m_moreKey->key();
+}
+
+void StatusLine::giveButtonKeyAway()
+{
+    m_moreKey->setKey({});
+    m_more->setToolTip({});
 }
 
 bool StatusLine::isButtonShown() const

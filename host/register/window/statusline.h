@@ -8,6 +8,7 @@
 
 class QLabel;
 class QPushButton;
+class QShortcut;
 class WrappedLabel;
 
 /// The line at the bottom of the window: a message, the plug-ins, the keyboard layout and the clock.
@@ -33,8 +34,10 @@ public:
     bool isButtonShown() const;
     /// True for a place in the window's screen coordinates where the button is.
     bool isButtonAt(const QPoint& place) const;
-    /// The shortcut of the button.
-    static QKeySequence buttonKey();
+    /// The shortcut of the button; empty when a function key has taken it.
+    QKeySequence buttonKey() const;
+    /// Leaves the button without a shortcut.
+    void giveButtonKeyAway();
     bool isWarningShown() const;
     /// Shows the permanent message again.
     void dropNews();
@@ -63,6 +66,7 @@ private:
     QString m_details; ///< of the message that is shown
     WrappedLabel* m_message;
     QPushButton* m_more;
+    QShortcut* m_moreKey = nullptr;
     QLabel* m_plugins;
     QLabel* m_keyboardLayout;
     QLabel* m_clock;

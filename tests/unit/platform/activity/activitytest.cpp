@@ -213,6 +213,23 @@ TEST(ActivityNotifier, listenerThrows_isLoggedAndOthersHearTheEvent)
     EXPECT_EQ(log.lines(), QStringList({line + u"std::runtime_error"_s, line + u"int"_s}));
 }
 
+TEST(ActivityNotifier, listenerOfAPluginThrows_theLogNamesThePluginAndTheHostHearsOfIt)
+{
+    ActivityNotifier notifier;
+    QStringList heard;
+    notifier.host().failed = [&heard](const QString& plugin, const tr::Tr& text) { heard += {plugin, text.key()}; };
+    Listener failing([](const Event&) { throw std::runtime_error("name of a patient"); });
+    {
+        const PluginScope scope(u"discounts"_s);
+        notifier.subscribe(&failing);
+    }
+    const LogCapture log;
+    notifier.notify(opened);
+    EXPECT_EQ(log.lines(), QStringList{u"ERROR activity BaseActivityListener of the plug-in discounts failed in event "
+                                       "10: an exception of the type std::runtime_error"_s});
+    EXPECT_EQ(heard, (QStringList{u"discounts"_s, u"actionInternalError"_s}));
+}
+
 TEST(ActivityNotifier, listenerAnswersEveryEventWithAnEvent_endsAndOthersHearTheEvent)
 {
     ActivityNotifier notifier;

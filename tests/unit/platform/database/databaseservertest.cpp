@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: MIT
 // Connections to a real server, and what becomes of them when it stops, stands still or works too long.
+#include "activitynotifier.h"
 #include "configured.h"
 #include "connectionfactory.h"
+#include "inputblocker.h"
 #include "logcapture.h"
 #include "postgresserver.h"
 #include "queryguard.h"
 
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -59,6 +63,39 @@ protected:
     static inline std::unique_ptr<PostgresServer> server;
     Configured m_config;
     ConnectionFactory m_factory;
+};
+
+/// What the window hears of a wait, and does in it.
+class WaitingWindow : public BaseActivityListener
+{
+public:
+    WaitingWindow()
+    {
+        Singleton<ActivityNotifier>::get()->subscribe(this);
+        QObject::connect(&m_heart, &QTimer::timeout, this, [this] { beat(); });
+        m_heart.start(50);
+    }
+    void handleEvent(const Event& event) override
+    {
+        codes.append(event.getCode());
+        seconds.append(event.value(u"seconds"_s).toInt());
+    }
+
+    std::function<void()> meanwhile;
+    QList<int> codes;
+    QList<int> seconds;
+    int beats = 0; ///< while input is thrown away
+
+private:
+    void beat()
+    {
+        beats += InputBlocker::isActive() ? 1 : 0;
+        if (meanwhile) {
+            meanwhile();
+        }
+    }
+
+    QTimer m_heart;
 };
 
 } // namespace
@@ -121,6 +158,42 @@ TEST_F(DatabaseServer, standsStillBeforeItIsAsked_isGivenUpAndTheErrorSaysWhy)
     EXPECT_EQ(log.lines().size(), 1);
     ConnectionFactory another;
     EXPECT_EQ(valueOf(another.getConnection({}, {}), selectName), u"Парацетамол"_s);
+}
+
+TEST_F(DatabaseServer, standsStillBeforeItIsAsked_theWindowLivesBehindTheBusyScreen)
+{
+    WaitingWindow window;
+    EXPECT_TRUE(m_factory.getConnection({}, {}).isOpen());
+    window.codes.clear(); // a busy machine may take its time to connect
+    window.seconds.clear();
+    window.beats = 0;
+    server->pause();
+    EXPECT_FALSE(m_factory.getConnection({}, {}).isOpen());
+    EXPECT_EQ(window.codes, (QList<int>{EActivityListener::LongWorkBegins, EActivityListener::LongWorkEnds}));
+    EXPECT_EQ(window.seconds.value(0), 6) << "for an answer, for connecting, and for the first statement";
+    EXPECT_GT(window.beats, 5);
+    EXPECT_FALSE(InputBlocker::isActive());
+
+    m_factory.getConnection({}, {});
+    EXPECT_EQ(window.codes.size(), 2) << "it is left alone for a while";
+}
+
+TEST_F(DatabaseServer, askedAgainWhileItStandsStill_theSecondGetsNoConnectionAndTheFirstTheUsualOne)
+{
+    WaitingWindow window;
+    EXPECT_TRUE(m_factory.getConnection({}, {}).isOpen());
+    server->pause();
+    int refused = 0;
+    window.meanwhile = [&] {
+        refused += InputBlocker::isActive() && !m_factory.getConnection({}, {}).isValid() ? 1 : 0;
+        if (refused == 3) {
+            server->goOn();
+        }
+    };
+    const QSqlDatabase connection = m_factory.getConnection({}, {});
+    window.meanwhile = {};
+    EXPECT_GE(refused, 3);
+    EXPECT_EQ(valueOf(connection, selectName), u"Парацетамол"_s);
 }
 
 TEST_F(DatabaseServer, standsStillDuringAQuery_theQueryFails)

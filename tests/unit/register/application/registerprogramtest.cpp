@@ -501,7 +501,7 @@ TEST_F(RegisterProgram, checkConfig_namesShortcutsThatTakeAnother)
 {
     takeDisplayAway();
     write("register.ini", "[FunctionKey.goodsKey]\nkey=F11\n[FunctionKey.quantityKey]\nkey=F1\n"
-                          "[FunctionKey.removeKey]\nkey=F6\n");
+                          "[FunctionKey.removeKey]\nkey=F6\n[FunctionKey.newReceiptKey]\nkey=Ctrl+F12\n");
     EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3);
     EXPECT_EQ(
         output,
@@ -511,7 +511,10 @@ TEST_F(RegisterProgram, checkConfig_namesShortcutsThatTakeAnother)
             u":4: [FunctionKey.quantityKey] key: takes F1 from the help, which then opens in forms only: choose another\n"_s +
             path("register.ini") +
             u":2: [FunctionKey.goodsKey] key: takes F11 from the payment by card, which then has its button only: "
-            "choose another\n"_s);
+            "choose another\n"_s +
+            path("register.ini") +
+            u":8: [FunctionKey.newReceiptKey] key: takes Ctrl+F12 from the message of the status line, which then has "
+            "its button only: choose another\n"_s);
 }
 
 TEST_F(RegisterProgram, checkConfigOfARightConfiguration_endsWithStatusZero)
@@ -734,6 +737,18 @@ TEST_F(RegisterWithMischief, timerThrows_isNamedInTheStatusLineAndTheRegisterSel
                        {"receipt": {"positions": [{"quantity": 2}]}}])"),
               0)
         << qPrintable(output);
+}
+
+TEST_F(RegisterWithMischief, listenerThrows_isNamedInTheStatusLineAndInTheLogAndTheRegisterSells)
+{
+    arrange(u"handleEvent throwForCashier"_s);
+    EXPECT_EQ(play(QByteArray("[") + sale +
+                   R"(, {"expect": "Сбой модуля «mischievous_plugin». Шалость удалась",
+                        "in": "statusMessageLabel"}, {"type": "2990000000019"}, {"key": "Return"},
+                       {"receipt": {"positions": [{"quantity": 2}]}}])"),
+              0)
+        << qPrintable(output);
+    EXPECT_TRUE(log().contains(u"of the plug-in mischievous_plugin failed in event 10"_s)) << qPrintable(log());
 }
 
 TEST_F(RegisterWithMischief, pluginEndsByItself_isNotCountedAnyMoreAndNamedInTheStatusLine)

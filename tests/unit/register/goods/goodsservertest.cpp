@@ -140,6 +140,7 @@ TEST_F(GoodsServer, standsStill_theWindowLivesTheCashierIsToldAndTheGoodsComeBac
 
     EXPECT_GT(ticks, 5);
     EXPECT_EQ(witness.codes(), (QList<int>{EActivityListener::LongWorkBegins, EActivityListener::LongWorkEnds}));
+    EXPECT_EQ(witness.seen.first().seconds, 24) << "the busy screen says how long it takes at most";
     const QString again = message();
     EXPECT_TRUE(again.startsWith(begin)) << again.toStdString();
     EXPECT_TRUE(again.contains(u"timeout expired"_s)) << again.toStdString();

@@ -68,6 +68,19 @@ TEST_F(StatusLineTest, messageThatIsCut_isReadByItsKeyToo)
     EXPECT_FALSE(till->document());
 }
 
+TEST_F(StatusLineTest, functionKeyWithTheButtonsShortcut_winsAndTheMessageHasItsButtonOnly)
+{
+    config.set(u"FunctionKey.newReceiptKey:key"_s, u"Ctrl+F12"_s);
+    openWindow();
+    window->statusLine().showWarning(tooLong);
+    ASSERT_TRUE(more()->isVisible());
+    EXPECT_EQ(more()->toolTip(), QString());
+    EXPECT_EQ(readAfter([this] { clickMore(); }), tooLong);
+    QTest::keyClick(window->windowHandle(), Qt::Key_F12, Qt::ControlModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !till->document().isNull(); }));
+    EXPECT_FALSE(window->statusLine().isWarningShown()) << "the cashier goes on";
+}
+
 TEST_F(StatusLineTest, windowMadeNarrower_theButtonAppears)
 {
     openWindow();
