@@ -54,13 +54,14 @@ int longestWait(const CardTerminalHost& host)
 }
 
 /// Asks a plug-in's terminal behind the busy screen. Whatever goes wrong, the answer is unknown.
-CardAnswer askTerminal(const CardTerminalHost& host, const tr::Tr& message,
+/// @param seconds how long it takes at most; see longestWait()
+CardAnswer askTerminal(const CardTerminalHost& host, const tr::Tr& message, int seconds,
                        const std::function<CardAnswer(CardTerminal&)>& question)
 {
     auto* notifier = Singleton<ActivityNotifier>::get();
     Event beginning(EActivityListener::LongWorkBegins);
     beginning.addArgument(u"message"_s, QVariant::fromValue(message));
-    beginning.addArgument(u"seconds"_s, longestWait(host));
+    beginning.addArgument(u"seconds"_s, seconds);
     notifier->notify(beginning);
     const Finally ended([notifier] { notifier->notify(Event(EActivityListener::LongWorkEnds)); });
     const InputBlocker throwsInputAway;
@@ -116,6 +117,13 @@ void showBusy(bool isPayment)
                                   u"Терминал занят, деньги не списаны.\nДождитесь, пока он освободится, и повторите."_s)
                          : tr::Tr(u"terminalBusyAtRefund"_s, u"Терминал занят, деньги на карту не возвращены.\n"
                                                              "Дождитесь, пока он освободится, и повторите."_s));
+}
+
+void showChanged(const Document& document)
+{
+    const tr::Tr text(u"cardDocumentChanged"_s, u"Документ № %1 изменился до операции по карте. Терминал не запрошен.\n"
+                                                "Проверьте документ и повторите."_s);
+    showNotice(text.arg(QString::number(document.getNumber())));
 }
 
 void showDeclined(const Document& document, const CardOperation& operation, const tr::Tr& reason)
@@ -211,7 +219,7 @@ bool CardTransfers::settleOrShow(const QSharedPointer<Document>& document, CardO
     const CardTerminalHost host = currentTerminal();
     CardAnswer answer;
     if (host.terminal && host.plugin == operation.terminal) { // another terminal knows nothing of it
-        answer = askTerminal(host, {u"cardFinding"_s, u"Терминал проверяет операцию…"_s},
+        answer = askTerminal(host, {u"cardFinding"_s, u"Терминал проверяет операцию…"_s}, longestWait(host),
                              [&](CardTerminal& terminal) { return terminal.find(operation.reference); });
     }
     if (answer.outcome == Outcome::Busy && !knowsWhileBusy()) {
@@ -243,6 +251,12 @@ bool CardTransfers::ask(const QSharedPointer<Document>& document, CardOperation&
         showNotice({u"terminalNone"_s, u"Терминал не подключён.\nПримите наличные или позовите администратора."_s});
         return false;
     }
+    const QJsonObject before = document->toJson();
+    const int seconds = longestWait(host); // a plug-in's code, which may do anything to the document
+    if (document->toJson() != before) {
+        showChanged(*document);
+        return false;
+    }
     operation.reference = document->nextCardReference();
     operation.terminal = host.plugin;
     if (!m_till.recordOrShow(document, operation)) {
@@ -254,7 +268,7 @@ bool CardTransfers::ask(const QSharedPointer<Document>& document, CardOperation&
         host,
         isPayment ? tr::Tr(u"cardPaying"_s, u"Оплата картой: следуйте указаниям терминала…"_s)
                   : tr::Tr(u"cardRefunding"_s, u"Возврат на карту: следуйте указаниям терминала…"_s),
-        [&](CardTerminal& terminal) { return isPayment ? terminal.pay(request) : terminal.refund(request); });
+        seconds, [&](CardTerminal& terminal) { return isPayment ? terminal.pay(request) : terminal.refund(request); });
     if (answer.outcome == Outcome::Busy) {
         operation.state = State::Declined;
         m_till.recordOrShow(document, operation);

@@ -1238,6 +1238,12 @@ Wait until it is free and try again.</translation>
         <translation>Sale No. %1: the terminal declined the payment of %2. %3
 No money was taken. Take another card, or cash.</translation>
     </message>
+    <message id="cardDocumentChanged">
+        <source>Документ № %1 изменился до операции по карте. Терминал не запрошен.
+Проверьте документ и повторите.</source>
+        <translation>Document No. %1 changed before the card operation. The terminal was not asked.
+Check the document and try again.</translation>
+    </message>
     <message id="cardRefundDeclined">
         <source>Документ № %1: терминал отклонил возврат %2 на карту. %3</source>
         <translation>Document No. %1: the terminal declined the refund of %2 to the card. %3</translation>

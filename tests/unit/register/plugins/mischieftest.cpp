@@ -194,7 +194,8 @@ INSTANTIATE_TEST_SUITE_P(, EveryMischief,
                          ::testing::Combine(::testing::Values("constructor", "init", "getHandlers", "getTriggers",
                                                               "handleEvent", "handler", "triggerBefore", "triggerAfter",
                                                               "timer", "slot", "event", "eventFilter", "formCreator",
-                                                              "formConstructor", "formShow", "formButton"),
+                                                              "formConstructor", "formShow", "formButton", "formClose",
+                                                              "formIsModal", "formProperty", "formTitle"),
                                             deeds),
                          nameOf);
 
@@ -272,6 +273,37 @@ INSTANTIATE_TEST_SUITE_P(
                                          "forgetTerminals", "answerUnknownOutcome", "answerNegativeOutcome",
                                          "answerWithoutTexts", "answerWholeCardNumber", "answerHugeTexts")),
     nameOf);
+
+INSTANTIATE_TEST_SUITE_P(BeforeTheOperation, MischievousCardTerminal,
+                         ::testing::Combine(::testing::Values("terminalTimeLimit"),
+                                            ::testing::Values("throwStandard", "throwNumber", "throwForCashier",
+                                                              "block", "processEvents", "subtotal", "executeItself",
+                                                              "enqueueItself", "notify", "beginLongWorkAndThrow",
+                                                              "endLongWork", "askForm", "deletePlugin",
+                                                              "forgetTerminals")),
+                         nameOf);
+
+/// A terminal that ends the document when it is asked how long it takes.
+class DocumentEndedByATerminal : public MischievousCardTerminal
+{
+};
+
+TEST_P(DocumentEndedByATerminal, cardIsNotChargedAndTheCashierIsTold)
+{
+    provokeTheTerminal();
+    EXPECT_EQ(taken(), 0);
+    EXPECT_FALSE(till->document());
+    EXPECT_EQ(shown().filter(u"Терминал не запрошен"_s).size(), 1) << qPrintable(shown().join(u'\n'));
+    const auto document = till->archive().find(number);
+    ASSERT_TRUE(document);
+    EXPECT_TRUE(document->cardOperations().isEmpty());
+    expectAllElseWorks();
+}
+
+INSTANTIATE_TEST_SUITE_P(, DocumentEndedByATerminal,
+                         ::testing::Combine(::testing::Values("terminalTimeLimit"),
+                                            ::testing::Values("cancel", "suspend", "pay")),
+                         nameOf);
 
 class MischiefAtTheEnd : public MischiefTest, public ::testing::WithParamInterface<const char*>
 {

@@ -17,6 +17,8 @@
 #include <QSemaphore>
 #include <QStringList>
 
+#include <chrono>
+#include <optional>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -147,6 +149,12 @@ public:
         return spoilt("terminalFind", hasMoved ? approved() : CardAnswer::declined());
     }
 
+    std::optional<std::chrono::seconds> timeLimit() const override
+    {
+        misbehave("terminalTimeLimit");
+        return std::chrono::seconds(30);
+    }
+
 private:
     static CardAnswer approved() { return CardAnswer::approved(u"A17"_s, u"**** 1234"_s); }
 
@@ -182,6 +190,11 @@ public:
                 throw 42;
             }
             misbehave("formButton");
+            setTitle(u"Шалость"_s);
+            if (isWanted("formClose")) {
+                close();
+                return;
+            }
             answerForm(u"data"_s, 1);
         });
     }
@@ -190,6 +203,26 @@ public:
     {
         misbehave("formShow");
         BasicDialogForm::show();
+    }
+    void close() override
+    {
+        misbehave("formClose");
+        BasicDialogForm::close();
+    }
+    bool isModalDialog() const override
+    {
+        misbehave("formIsModal");
+        return BasicDialogForm::isModalDialog();
+    }
+    void setCustomProperty(const QString& name, const QVariant& value) override
+    {
+        misbehave("formProperty");
+        BasicDialogForm::setCustomProperty(name, value);
+    }
+    void setTitle(const QString& title) override
+    {
+        misbehave("formTitle");
+        BasicDialogForm::setTitle(title);
     }
 };
 
