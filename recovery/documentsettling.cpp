@@ -358,7 +358,7 @@ void DocumentSettling::note(const Decision& decision, const Undecided& undecided
             (isRegistration ? recoverytexts::notRegistered(position) : recoverytexts::cancelled(position)).ui());
         break;
     case Verdict::Undecided:
-        m_findings.append(recoverytexts::undecided(position).ui());
+        m_putOff.append(recoverytexts::undecided(position).ui());
         break;
     }
 }

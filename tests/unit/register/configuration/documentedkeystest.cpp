@@ -72,6 +72,7 @@ DocumentedKeys knownKeys()
 {
     ConfigurationKeys keys;
     EXPECT_TRUE(keys.load(QString::fromUtf8(PLUGIN_KEYS)));
+    EXPECT_TRUE(keys.load(QString::fromUtf8(RECOVERY_KEYS)));
     DocumentedKeys known;
     for (const ConfigurationKey& key : keys.all()) {
         known.insert(key.key, {key.defaultValue, key.isSecret});
