@@ -65,10 +65,10 @@ struct ConnectionFactory::Held {
             waiting.start();
             opened = rest.hasExpired() ? connection.open() : Expected<void>();
         };
-        if (connection.access().isFile()) {
-            openAnew();
-        } else {
+        if (connection.hasServer()) {
             runBesideTheWindow(connection.database(), longestWait(connection.access()), openAnew);
+        } else {
+            openAnew();
         }
         if (opened) {
             return;

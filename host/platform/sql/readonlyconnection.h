@@ -29,6 +29,8 @@ public:
     /// Qt's connection; closed until open(). When opening failed its lastError() says why.
     QSqlDatabase database() const;
     bool isOpen() const { return database().isOpen(); }
+    /// False for a file, and when the driver is missing: nothing is waited for.
+    bool hasServer() const { return !m_access.isFile() && database().isValid(); }
 
     /// Opens it unless it is open. A missing SQLite file is not created.
     Expected<void> open();
