@@ -42,6 +42,13 @@ bool isJournalKept(const ElectronicPrescriptionInterface& registry)
            journal->covers(registry.formUrl(base, dispenseanswer::cancellationPath(u"1"_s)));
 }
 
+void showNotice(const QStringList& lines)
+{
+    if (!lines.isEmpty()) {
+        Dialog::create()->showMessage({tr::undefined, lines.join(u'\n')}, Dialog::Notice, 0, 0);
+    }
+}
+
 /// @param setting separated by commas; without one of them the default is taken
 QStringList statusesIn(const QString& setting)
 {
@@ -170,15 +177,8 @@ EContext::Result DispenseRecovery::decide(const QSharedPointer<AbstractDocument>
                                           const DocumentSettling::Positions& positions) const
 {
     DocumentSettling settling = settlingOf(document);
-    return decide(settling, positions);
-}
-
-EContext::Result DispenseRecovery::decide(DocumentSettling& settling, const DocumentSettling::Positions& positions)
-{
     const bool isDecided = settling.decide(positions);
-    if (!settling.findings().isEmpty()) {
-        Dialog::create()->showMessage({tr::undefined, settling.findings().join(u'\n')}, Dialog::Notice, 0, 0);
-    }
+    showNotice(settling.findings());
     return isDecided ? EContext::GoOn : EContext::Stop;
 }
 
@@ -186,7 +186,8 @@ EContext::Result DispenseRecovery::decide(DocumentSettling& settling, const Docu
 void DispenseRecovery::takeUp(const QSharedPointer<AbstractDocument>& document) const
 {
     DocumentSettling settling = settlingOf(document);
-    decide(settling, document->getPositions());
+    settling.decide(document->getPositions());
+    showNotice(settling.findings() + settling.missing());
     settling.forgetAnswers();
 }
 

@@ -55,7 +55,6 @@ private:
     EContext::Result decide(const QSharedPointer<AbstractDocument>& document,
                             const DocumentSettling::Positions& positions) const;
     EContext::Result decide(const QSharedPointer<AbstractDocument>& document) const;
-    static EContext::Result decide(DocumentSettling& settling, const DocumentSettling::Positions& positions);
     void takeUp(const QSharedPointer<AbstractDocument>& document) const;
     QSharedPointer<AbstractDocument> currentSale() const;
 

@@ -354,8 +354,11 @@ void DocumentSettling::note(const Decision& decision, const Undecided& undecided
                               .ui());
         break;
     case Verdict::NotRegistered:
-        m_findings.append(
-            (isRegistration ? recoverytexts::notRegistered(position) : recoverytexts::cancelled(position)).ui());
+        if (isRegistration) {
+            m_missing.append(recoverytexts::notRegistered(position).ui());
+        } else {
+            m_findings.append(recoverytexts::cancelled(position).ui());
+        }
         break;
     case Verdict::Undecided:
         m_putOff.append(recoverytexts::undecided(position).ui());

@@ -53,6 +53,8 @@ public:
 
     /// What was found out so far, a sentence each.
     const QStringList& findings() const { return m_findings; }
+    /// The dispenses that the registry does not hold, a sentence each: no news to a subtotal, which sends them.
+    const QStringList& missing() const { return m_missing; }
     /// What the cashier put off, a sentence each.
     const QStringList& putOff() const { return m_putOff; }
 
@@ -94,6 +96,7 @@ private:
     const QSharedPointer<AbstractDocument> m_document;
     RegistryInquiry m_inquiry;
     QStringList m_findings;
+    QStringList m_missing;
     QStringList m_putOff;
     bool m_couldAsk = true;
     bool m_isSaved = true; ///< false: the document has something that its file lacks

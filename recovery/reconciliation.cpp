@@ -35,6 +35,7 @@ Outcome reconcileDocument(DocumentSettling& settling, const DocumentSettling::Po
         }
     }
     lines.append(settling.findings());
+    lines.append(settling.missing());
     lines.append(settling.putOff());
     return outcome;
 }

@@ -246,12 +246,6 @@ void Pharmacy::forgetRequests() const
     m_registry.ask([](auto& registry) { registry.journal().clear(); });
 }
 
-void Pharmacy::whileMessageIsShown(const std::function<void()>& function)
-{
-    m_dialog.onMessage = function ? [function](const DialogDouble::Message&) { function(); }
-                                  : std::function<void(const DialogDouble::Message&)>();
-}
-
 QList<DialogDouble::Message> Pharmacy::takeMessages()
 {
     const QList<DialogDouble::Message> shown = m_dialog.messages().mid(m_takenMessages);

@@ -67,8 +67,6 @@ public:
     qsizetype asked(emulator::Endpoint endpoint) const;
     void forgetRequests() const;
 
-    /// Runs while the next messages are on the screen; empty: nothing does.
-    void whileMessageIsShown(const std::function<void()>& function);
     /// The messages since the last call.
     QList<DialogDouble::Message> takeMessages();
 

@@ -176,6 +176,26 @@ emulator::Dispense dispenseAskedFor(const Pharmacy& pharmacy, int position)
     return dispense;
 }
 
+/// Does something when long work ends, once.
+class AtTheEndOfWork : public BaseActivityListener
+{
+public:
+    explicit AtTheEndOfWork(std::function<void()> function)
+        : m_function(std::move(function))
+    {
+        Singleton<ActivityNotifier>::get()->subscribe(this);
+    }
+    void handleEvent(const Event& event) override
+    {
+        if (event.getCode() == EActivityListener::LongWorkEnds && m_function) {
+            std::exchange(m_function, {})();
+        }
+    }
+
+private:
+    std::function<void()> m_function;
+};
+
 /// A pharmacy whose first registration of a position has no answer, and was not carried out.
 class UnansweredRegistration : public testing::Test
 {
@@ -201,13 +221,8 @@ TEST_F(UnansweredRegistration, bookedAfterTheRegistryWasAsked_isFoundByTheNextSu
 {
     loseRequestOf(1);
     const emulator::Dispense late = dispenseAskedFor(pharmacy, 1);
-    bool isBooked = false;
-    pharmacy.whileMessageIsShown([&] {
-        if (!std::exchange(isBooked, true)) {
-            book(late); // the registry has just said that there is none
-        }
-    });
-    EXPECT_EQ(till.subtotal(), EContext::Stop); // the repetition is refused
+    AtTheEndOfWork booking([&] { book(late); }); // the registry has just said that there is none
+    EXPECT_EQ(till.subtotal(), EContext::Stop);  // the repetition is refused
 
     EXPECT_EQ(till.subtotal(), EContext::GoOn);
     for (const int position : everyPosition) {
