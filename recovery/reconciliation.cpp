@@ -12,18 +12,18 @@
 namespace
 {
 
-enum class Outcome {
+enum class Comparison {
     Compared,
     Undecided,
     CannotAsk,
 };
 
-Outcome reconcileDocument(DocumentSettling& settling, const DocumentSettling::Positions& positions, const QDate& day,
-                          QStringList& lines)
+Comparison reconcileDocument(DocumentSettling& settling, const DocumentSettling::Positions& positions, const QDate& day,
+                             QStringList& lines)
 {
-    Outcome outcome = Outcome::Compared;
+    Comparison comparison = Comparison::Compared;
     if (!settling.decide(positions)) {
-        outcome = settling.couldAsk() ? Outcome::Undecided : Outcome::CannotAsk;
+        comparison = settling.couldAsk() ? Comparison::Undecided : Comparison::CannotAsk;
     } else {
         settling.forgetAnswers();
         try {
@@ -31,13 +31,13 @@ Outcome reconcileDocument(DocumentSettling& settling, const DocumentSettling::Po
             settling.findUnclaimed(day);
         } catch (const ElectronicPrescriptionException& exception) {
             lines.append(exception.tr().ui());
-            outcome = Outcome::CannotAsk;
+            comparison = Comparison::CannotAsk;
         }
     }
     lines.append(settling.findings());
     lines.append(settling.missing());
     lines.append(settling.putOff());
-    return outcome;
+    return comparison;
 }
 
 } // namespace
@@ -46,7 +46,7 @@ Reconciliation Reconciliation::of(const QDate& day, const ElectronicPrescription
                                   const QStringList& statuses)
 {
     Reconciliation result;
-    QMap<Outcome, int> documentsOf;
+    QMap<Comparison, int> documentsOf;
     const auto documents = Singleton<DocumentArchive>::get()->documentsOf(day);
     for (const auto& document : documents) {
         const auto positions = prescriptionPositionsOf(*document);
@@ -55,18 +55,18 @@ Reconciliation Reconciliation::of(const QDate& day, const ElectronicPrescription
         }
         DocumentSettling settling(registry, document, statuses);
         QStringList lines;
-        const Outcome outcome = reconcileDocument(settling, positions, day, lines);
-        ++documentsOf[outcome];
+        const Comparison comparison = reconcileDocument(settling, positions, day, lines);
+        ++documentsOf[comparison];
         for (const QString& line : std::as_const(lines)) {
             result.lines.append(recoverytexts::ofDocument(document->identifier(), line).ui());
         }
-        if (outcome == Outcome::CannotAsk) {
+        if (comparison == Comparison::CannotAsk) {
             break; // the next one would ask the same registry
         }
     }
-    const int compared = documentsOf.value(Outcome::Compared);
-    const int undecided = documentsOf.value(Outcome::Undecided);
-    const bool isBrokenOff = documentsOf.contains(Outcome::CannotAsk);
+    const int compared = documentsOf.value(Comparison::Compared);
+    const int undecided = documentsOf.value(Comparison::Undecided);
+    const bool isBrokenOff = documentsOf.contains(Comparison::CannotAsk);
     result.isWhole = !isBrokenOff && undecided == 0;
     result.lines.append(
         (isBrokenOff ? recoverytexts::brokenOff(compared) : recoverytexts::summary(compared, undecided)).ui());

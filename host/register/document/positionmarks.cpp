@@ -156,7 +156,7 @@ QList<const PositionMarks::Mark*> PositionMarks::marksOf(const Position& positio
 QString PositionMarks::firstText(const QList<const Mark*>& marks, tr::Tr Mark::*member)
 {
     for (const Mark* mark : marks) {
-        if (const QString text = (mark->*member).ui(); !text.isEmpty()) {
+        if (QString text = (mark->*member).ui(); !text.isEmpty()) {
             return text;
         }
     }
