@@ -658,7 +658,7 @@ TEST_F(RegisterProgram, unlockCodeThatTouchCannotType_endsWithStatusThree)
 
 TEST_F(RegisterProgram, checkConfigOfAnUnlockCodeThatTouchCannotType_endsWithStatusThreeAsTheStartDoes)
 {
-    constexpr QFile::Permissions ownerAlone = QFile::ReadOwner | QFile::WriteOwner;
+    static constexpr QFile::Permissions ownerAlone = QFile::ReadOwner | QFile::WriteOwner;
     const auto checked = [this](const QByteArray& content, const QStringList& options = {}) {
         write("register.ini", content);
         EXPECT_TRUE(QFile::setPermissions(path("register.ini"), ownerAlone));
