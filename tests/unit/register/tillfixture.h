@@ -6,6 +6,7 @@
 #include "configured.h"
 #include "connectionfactory.h"
 #include "demodata.h"
+#include "documentarchive.h"
 #include "documentwatcher.h"
 #include "goodscatalogue.h"
 #include "goodscommands.h"
@@ -105,6 +106,7 @@ protected:
     Own<ConnectionFactory> connections;
     Own<GraphicalUserInterface> gui;
     Own<LoyaltySystemLayer> loyalty;
+    Own<DocumentArchive> documentArchive; ///< what plug-ins find without a till
     Witness witness;
     QStringList activePlugins{u"testplugin"_s}; ///< the plug-ins that work
     GoodsCatalogue catalogue;
