@@ -51,7 +51,7 @@ public:
     /// Books a dispense that another pharmacy, or another till of the same one, registered: no request of it is in the
     /// journal, and no fault hits it. Returns its new id. Throws EmulatorError when the prescription is unknown, not
     /// valid, or has not so many doses left.
-    /// @param dispense its id and documents are not used, so one from the store stands for an equal one; without a day
+    /// @param dispense its id and documents are not used, so one from the store gives an equal one; without a day
     /// it is of today
     QString dispenseElsewhere(const Dispense& dispense) { return m_registry.dispenseElsewhere(dispense); }
 

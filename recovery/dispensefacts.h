@@ -4,7 +4,7 @@
 #include <QJsonObject>
 #include <QString>
 
-/// By what two dispenses of one prescription are told apart: their day, their doses and their pharmacy. A value type.
+/// What distinguishes two dispenses of one prescription: the day, the doses and the pharmacy. A value type.
 struct DispenseFacts {
     QString day;      ///< yyyy-MM-dd
     double doses = 0; ///< rounded to hundredths

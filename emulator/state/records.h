@@ -22,7 +22,7 @@ struct Rules {
     /// Coding system of the medicines' dosages. Its codes are the numeric ones of a pharmacy's dictionary.
     QString dosageSystem = QString::fromUtf8("http://" DOSAGE_DICTIONARY_HOST "/Справочник.Дозировка");
 
-    // What a look-up by card tells of earlier dispenses
+    // What a look-up by card shows of earlier dispenses
     bool showDispenseIds = true;
     bool showPharmacies = true;          ///< where they were dispensed
     bool showCancelledDispenses = false; ///< as "entered-in-error"; otherwise they are left out

@@ -11,7 +11,7 @@
 
 /// A dispense that the registry holds and that may be the one whose answer was lost. Texts as they are shown.
 struct DispenseChoiceRow {
-    QString handedOver; ///< the time, or the day where the registry tells no more
+    QString handedOver; ///< the time, or the day when the registry shows no time
     QString doses;
     QString pharmacy;
     QString id; ///< empty: the registry does not show it

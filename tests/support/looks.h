@@ -63,7 +63,7 @@ inline QStringList namesOfKeys(const QStringList& texts)
     return texts.filter(key);
 }
 
-/// Every text of a screen that is shown, read aloud or told by a tip.
+/// Every text of a screen: what is shown, what a screen reader reads, and the tool tips.
 inline QStringList textsOn(const QWidget& screen)
 {
     QStringList texts;

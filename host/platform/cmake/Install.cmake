@@ -21,7 +21,7 @@ endforeach()
 
 configure_package_config_file(cmake/RegisterPlatformConfig.cmake.in RegisterPlatformConfig.cmake
     INSTALL_DESTINATION ${package})
-# The version of the interface: whoever asks for another one finds nothing.
+# The version of the interface. A request for another version finds nothing.
 write_basic_package_version_file("${CMAKE_CURRENT_BINARY_DIR}/RegisterPlatformConfigVersion.cmake"
     VERSION ${sdk_version} COMPATIBILITY SameMajorVersion)
 install(

@@ -31,7 +31,7 @@ public:
     ///
     /// A server that does not answer is waited for "Database:timeout" seconds at most, when connecting, for each
     /// statement, and from this call until the caller is back in the event loop; then the connection is cut off, and
-    /// statements on it fail. So ask for the connection anew each time. While this call waits for the server, events
+    /// statements on it fail. So ask for the connection each time. While this call waits for the server, events
     /// run behind the busy screen, as during a RestClient call; asked for again meanwhile, it returns an invalid
     /// connection. After a long wait in vain the connection stays closed for some seconds, so that the register is not
     /// slow at every step. An SQLite file that is replaced stays in use until the document is done.

@@ -68,6 +68,6 @@ public:
     ///        it any more. Busy, Unknown: it cannot say now.
     virtual CardAnswer find(const QString& reference) = 0;
 
-    /// How long one of these calls takes at most; the busy screen tells the cashier. Nothing: it is not known.
+    /// How long one of these calls takes at most; the busy screen shows it. Nothing: it is not known.
     virtual std::optional<std::chrono::seconds> timeLimit() const;
 };

@@ -66,7 +66,7 @@ QList<FunctionKey> configuredKeys()
     return configuredFunctionKeys(config) + configuredMenuEntries(config);
 }
 
-/// To the error output, for whoever starts the register by hand or reads what its service printed.
+/// To the error output, for a start by hand and for the log of a service.
 void print(const QString& line)
 {
     std::fputs((line + u'\n').toUtf8().constData(), stderr);

@@ -66,7 +66,7 @@ std::optional<QString> faultOf(const QByteArray& line)
         return u"is no text in UTF-8: save the file as UTF-8"_s;
     }
     if (line.contains("@Variant(")) {
-        return u"has a value that is no text: write it anew, without @Variant("_s;
+        return u"has a value that is no text: write it again, without @Variant("_s;
     }
     if (line.startsWith('[') && !line.contains(']')) {
         return u"is a section without its closing bracket: write [Section]"_s;

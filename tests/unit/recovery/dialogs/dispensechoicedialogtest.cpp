@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The facade: what an answer of the form means, whoever gives it.
+// The facade: what each answer of the form means.
 #include "dispensechoicefixture.h"
 #include "mocked.h"
 

@@ -111,7 +111,7 @@ TEST_F(TillArchiveTest, documentThatIsBeingVoided_isTheCurrentObject)
 {
     const auto sale = till->archive().find(sell());
     till->withCurrentDocument(sale, [&] { EXPECT_EQ(documents(before), Documents{sale}); });
-    EXPECT_NE(documents(before), Documents{sale}) << "read anew";
+    EXPECT_NE(documents(before), Documents{sale}) << "read again";
     till->withCurrentDocument(sale, [&] { EXPECT_TRUE(documents(day).isEmpty()) << "it is of another day"; });
 }
 
