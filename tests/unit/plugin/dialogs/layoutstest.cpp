@@ -6,7 +6,7 @@
 #include "electronicprescriptionconfirmdispenseform.h"
 #include "electronicprescriptionform.h"
 #include "looks.h"
-#include "registerstyle.h"
+#include "styledscreen.h"
 #include "tallotableview.h"
 
 #include <QAbstractButton>
@@ -18,6 +18,8 @@
 #include <QScrollBar>
 
 #include <cstdlib>
+
+#include <optional>
 
 namespace
 {
@@ -34,14 +36,8 @@ protected:
     Layouts()
     {
         setTouchMode(GetParam().isTouch);
-        applyRegisterStyle(*qApp, GetParam().screen);
+        styled.emplace(GetParam().screen);
     }
-    ~Layouts() override
-    {
-        applyRegisterStyle(*qApp, {1024, 600}); // the scale of the other tests
-        qApp->setStyleSheet(QString());
-    }
-
     /// The ordinary name, or 10,000 characters without a blank.
     static QString name(const QString& ordinary)
     {
@@ -163,6 +159,8 @@ private:
         return qobject_cast<const QLabel*>(&widget) || qobject_cast<const QAbstractButton*>(&widget) ||
                qobject_cast<const QLineEdit*>(&widget);
     }
+
+    std::optional<StyledScreen> styled; ///< made when the mode is configured
 };
 
 std::string caseName(const ::testing::TestParamInfo<Case>& info)

@@ -3,10 +3,12 @@
 #include "accessiblenames.h"
 #include "dispensechoicefixture.h"
 #include "looks.h"
-#include "registerstyle.h"
+#include "styledscreen.h"
 #include "wrappedlabel.h"
 
 #include <QHeaderView>
+
+#include <optional>
 
 namespace
 {
@@ -35,14 +37,8 @@ protected:
     DispenseChoiceLayout()
     {
         setTouchMode(GetParam().isTouch);
-        applyRegisterStyle(*qApp, GetParam().screen);
+        styled.emplace(GetParam().screen);
     }
-    ~DispenseChoiceLayout() override
-    {
-        applyRegisterStyle(*qApp, {1024, 600}); // the scale of the other tests
-        qApp->setStyleSheet(QString());
-    }
-
     static DispenseChoiceParams everywhere(const QString& text)
     {
         return {text, text, u"10"_s, u"29.02.2024 12:30:05"_s, {{text, text, text, text}, {text, text, text, text}}};
@@ -108,6 +104,8 @@ protected:
         EXPECT_GE(view.rowHeight(0), GetParam().isTouch ? 44 : 0);
         EXPECT_LE(view.horizontalHeader()->length(), view.viewport()->width()) << "no scrolling sideways";
     }
+
+    std::optional<StyledScreen> styled; ///< made when the mode is configured
 };
 
 const char* nameOf(Data data)
