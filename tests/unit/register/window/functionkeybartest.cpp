@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "functionkeybar.h"
 #include "configured.h"
-#include "registerstyle.h"
+#include "styledscreen.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -9,6 +9,8 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <optional>
 
 #include <set>
 
@@ -27,14 +29,8 @@ protected:
         config.set(u"FunctionKey.foreignKey:text"_s, u"Электронный рецепт"_s);
         config.set(u"FunctionKey.foreignKey:key"_s, u"F5"_s);
         config.set(u"FunctionKey.foreignKey:action"_s, u"94"_s);
-        applyRegisterStyle(*qApp, size);
+        styled.emplace(size);
     }
-    ~FunctionKeyBarTest() override
-    {
-        applyRegisterStyle(*qApp, {1024, 600}); // the scale of the other tests
-        qApp->setStyleSheet(QString());
-    }
-
     static int width() { return std::get<0>(GetParam()).width() - 2 * 16; }
     static bool isTouch() { return std::get<1>(GetParam()); }
 
@@ -70,6 +66,8 @@ protected:
     }
 
     Configured config;
+
+    std::optional<StyledScreen> styled; ///< made when the mode is configured
 };
 
 TEST_P(FunctionKeyBarTest, nineKeys_fitIntoOneRowWithNothingCutOff)

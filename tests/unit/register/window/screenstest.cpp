@@ -12,9 +12,9 @@
 #include "notice.h"
 #include "question.h"
 #include "registeraction.h"
-#include "registerstyle.h"
 #include "screenhelp.h"
 #include "storeddocumentcommands.h"
+#include "styledscreen.h"
 #include "terminaldouble.h"
 #include "windowfixture.h"
 
@@ -36,7 +36,7 @@ protected:
         for (const char* texts : {":/translations/registerplatform", ":/translations/pharmacyregister"}) {
             catalogues.load(QString::fromLatin1(texts));
         }
-        applyRegisterStyle(*qApp, size);
+        styled.emplace(size);
         documentCommands.offer(controller.object);
         till->add(article(amoxidar));
         till->add(article(u"2990000000026"_s));
@@ -44,12 +44,6 @@ protected:
         till->add(article(amoxidar));
         EXPECT_TRUE(till->suspend());
     }
-    ~Screens() override
-    {
-        applyRegisterStyle(*qApp, {1024, 600}); // the scale of the other tests
-        qApp->setStyleSheet({});
-    }
-
     void openSized()
     {
         openWindow(u"1234"_s);
@@ -83,6 +77,8 @@ protected:
     MessageCatalogues catalogues;
     ReceiptPrinter printer{folder.path(), marks};
     StoredDocumentCommands documentCommands{*till, printer, marks};
+
+    std::optional<StyledScreen> styled; ///< made when the mode is configured
 };
 
 TEST_P(Screens, saleFromItsBeginningToThePayment_isReadable)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The window's own layout, in the sizes that the register is made for, with and without touch mode.
-#include "registerstyle.h"
+#include "styledscreen.h"
 #include "windowfixture.h"
 
 #include <QLabel>
@@ -29,14 +29,8 @@ protected:
         }
         names.append(u"paymentKey"_s);
         config.set(u"FunctionKeys:keys"_s, names.join(u','));
-        applyRegisterStyle(*qApp, size);
+        styled.emplace(size);
     }
-    ~WindowLayout() override
-    {
-        applyRegisterStyle(*qApp, {1024, 600}); // the scale of the other tests
-        qApp->setStyleSheet({});
-    }
-
     void openSized()
     {
         openWindow();
@@ -53,6 +47,8 @@ protected:
         EXPECT_EQ(seen.visibleRegion().boundingRect(), seen.rect()) << qPrintable(seen.objectName());
         EXPECT_EQ(window->childAt(place.center()), &seen) << qPrintable(seen.objectName());
     }
+
+    std::optional<StyledScreen> styled; ///< made when the mode is configured
 };
 
 TEST_P(WindowLayout, everyFunctionKey_isWholeAndTakesAClick)
