@@ -87,7 +87,8 @@ QSharedPointer<DocumentDouble> documentOf(int positions)
 {
     const auto document = QSharedPointer<DocumentDouble>::create();
     for (int number = 1; number <= positions; ++number) {
-        document->add({number, u"Метфолин 500 мг"_s, 5.0, 0.0, 10.0, 2.0})->setTag(positionformat::tag);
+        document->add({number, u"Метфолин 500 мг"_s, Kopecks(500), Kopecks(0), Kopecks(1000), 2.0})
+            ->setTag(positionformat::tag);
     }
     return document;
 }
