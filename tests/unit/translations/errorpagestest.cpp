@@ -34,10 +34,9 @@ const QStringList placesOfStartTexts{
 /// A row of a page.
 struct Row {
     QString place;       ///< page and line
-    QString key;         ///< of a message; empty: the texts have none
-    QString russian;     ///< of a message
-    QStringList english; ///< of a message its translation, otherwise the texts
-    QString status;      ///< only of texts without a key
+    QString text;        ///< its first cell
+    QString key;         ///< of a message; empty: its texts are none of a catalogue
+    QString status;      ///< only without a key
     QStringList helpers; ///< whom to call
 };
 
@@ -60,20 +59,18 @@ QStringList codeIn(const QString& cell)
 
 Row readRow(const QString& place, const QString& line)
 {
-    static const QRegularExpression message(uR"__(^\*\*(.+)\*\*<br>\*(.+)\*<br>`([A-Za-z]+)`$)__"_s);
+    const QStringList cells = cellsOf(line);
     Row row;
     row.place = place;
-    const QStringList cells = cellsOf(line);
-    if (const auto match = message.match(cells.constFirst()); match.hasMatch()) {
+    row.text = cells.constFirst();
+    if (row.text.startsWith(u"**"_s)) {
+        row.key = codeIn(row.text).value(0);
         EXPECT_EQ(cells.size(), 4) << place.toStdString();
-        row.russian = match.captured(1);
-        row.english = {match.captured(2)};
-        row.key = match.captured(3);
+        EXPECT_FALSE(row.key.isEmpty()) << place.toStdString();
     } else {
-        EXPECT_EQ(cells.size(), 5) << place.toStdString();
-        row.english = codeIn(cells.constFirst());
         row.status = cells.value(1);
-        EXPECT_EQ(row.english.isEmpty(), cells.constFirst() == u"—"_s) << place.toStdString();
+        EXPECT_EQ(cells.size(), 5) << place.toStdString();
+        EXPECT_EQ(codeIn(row.text).isEmpty(), row.text == u"—"_s) << place.toStdString();
     }
     row.helpers = cells.constLast().split(u", "_s);
     return row;
@@ -118,6 +115,12 @@ QString asOnPage(QString text)
 {
     static const QRegularExpression placeholder(u"%\\d"_s);
     return text.replace(placeholder, u"…"_s).replace(u'\n', u"<br>"_s);
+}
+
+/// The first cell of a message's row.
+std::string cellFor(const QString& key, const Message& message)
+{
+    return u"**%1**<br>*%2*<br>`%3`"_s.arg(asOnPage(message.source), asOnPage(message.translation), key).toStdString();
 }
 
 /// A line of neutral-texts.txt as an expression for whole keys.
@@ -224,8 +227,8 @@ TEST(ErrorPages, aMessageThatIsNotNeutral_hasARow)
     ASSERT_GE(messages.size(), 500);
     for (auto message = messages.cbegin(); message != messages.cend(); ++message) {
         EXPECT_TRUE(onPages.contains(message.key()) || isNeutral(message.key()))
-            << message.key().toStdString() << " has neither a row below docs/errors/ nor one in neutral-texts.txt: \""
-            << message->source.toStdString() << '"';
+            << "Put the key into neutral-texts.txt, or a row on a page of docs/errors/:\n| "
+            << cellFor(message.key(), *message) << " | cause | what to do | whom to call |";
     }
 }
 
@@ -239,9 +242,7 @@ TEST(ErrorPages, aRowWithAKey_hasTheTextsThatTheCashierSees)
         }
         const std::string place = row.place.toStdString();
         ASSERT_TRUE(messages.contains(row.key)) << place << ": no source has " << row.key.toStdString();
-        const Message message = messages.value(row.key);
-        EXPECT_EQ(row.russian.toStdString(), asOnPage(message.source).toStdString()) << place;
-        EXPECT_EQ(row.english.constFirst().toStdString(), asOnPage(message.translation).toStdString()) << place;
+        EXPECT_EQ(row.text.toStdString(), cellFor(row.key, messages.value(row.key))) << place;
         EXPECT_FALSE(isNeutral(row.key)) << place << ": neutral-texts.txt has " << row.key.toStdString();
         ++compared;
     }
@@ -269,7 +270,7 @@ TEST(ErrorPages, theTextsOfTheStart_areThoseOfTheSources)
 {
     QSet<QString> onPages;
     for (const Row& row : rowsOfPages()) {
-        for (const QString& text : row.key.isEmpty() ? row.english : QStringList()) {
+        for (const QString& text : row.key.isEmpty() ? codeIn(row.text) : QStringList()) {
             onPages.unite(partsOf(text));
         }
     }
