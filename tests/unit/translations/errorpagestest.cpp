@@ -114,7 +114,7 @@ QMap<QString, Message> allMessages()
 QString asOnPage(QString text)
 {
     static const QRegularExpression placeholder(u"%\\d"_s);
-    return text.replace(placeholder, u"…"_s).replace(u'\n', u"<br>"_s);
+    return text.replace(placeholder, u"…"_s).replace(u'*', u"\\*"_s).replace(u'\n', u"<br>"_s);
 }
 
 /// The first cell of a message's row.
