@@ -42,7 +42,7 @@
     </message>
     <message id="electronicPrescriptionRegistrationToBeSettled">
         <source>Неизвестно, записан ли в реестре этот отпуск; чек не закрыт. Записано до него: %1 из %2. Повторите команду: касса сначала спросит реестр и не запишет отпуск второй раз.</source>
-        <translation>Nobody knows whether the registry holds this dispense; the receipt is not closed. Registered before it: %1 of %2. Repeat the command: the register asks the registry first, and does not register the dispense twice.</translation>
+        <translation>Nobody knows whether the registry holds this dispense; the document is not closed. Registered before it: %1 of %2. Repeat the command: the register asks the registry first, and does not register the dispense twice.</translation>
     </message>
     <message id="electronicPrescriptionRegistrationNotDone">
         <source>Реестр не подтвердил этот отпуск; чек не закрыт. Записано до него: %1 из %2, повторно они не отправляются. Когда причина устранена, повторите подытог.</source>

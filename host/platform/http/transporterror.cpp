@@ -45,8 +45,8 @@ constexpr std::array transportErrors = {
                        "администратору: проверить нужно настройки доступа."}},
     TransportErrorRow{TransportError::CertificatesNotReadable,
                       {"restClientCertificatesNotReadable",
-                       "Запрос к серверу %1 не отправлен: файл доверенных сертификатов из настроек не читается. "
-                       "Обратитесь к администратору."}},
+                       "Запрос к серверу %1 не отправлен: доверенные сертификаты не читаются. Обратитесь к "
+                       "администратору."}},
     TransportErrorRow{TransportError::OptionRefused,
                       {"restClientOptionRefused",
                        "Запрос к серверу %1 не отправлен: сетевая библиотека не приняла его настройки защиты. "

@@ -45,8 +45,8 @@ Free some disk space or check access to the folder, then try again.</translation
         <translation>Nothing was sent to server %1: one of the request’s headers has characters that are not allowed. Call the administrator to check the access configuration.</translation>
     </message>
     <message id="restClientCertificatesNotReadable">
-        <source>Запрос к серверу %1 не отправлен: файл доверенных сертификатов из настроек не читается. Обратитесь к администратору.</source>
-        <translation>Nothing was sent to server %1: the file of trusted certificates in the configuration cannot be read. Call the administrator.</translation>
+        <source>Запрос к серверу %1 не отправлен: доверенные сертификаты не читаются. Обратитесь к администратору.</source>
+        <translation>Nothing was sent to server %1: the trusted certificates cannot be read. Call the administrator.</translation>
     </message>
     <message id="restClientOptionRefused">
         <source>Запрос к серверу %1 не отправлен: сетевая библиотека не приняла его настройки защиты. Обратитесь к администратору.</source>
@@ -165,10 +165,10 @@ Free some disk space or check access to the folder, then try again.</translation
         <translation>Server %1 got no answer from a service behind it (answer %2). The request may have been carried out: check before you try again.</translation>
     </message>
     <message id="formUnknownError">
-        <source>Нет формы для события %1
-Проверьте список модулей кассы</source>
-        <translation>There is no form for event %1
-Check the register’s list of plug-ins</translation>
+        <source>Нет формы для события %1.
+Обратитесь к администратору: проверить нужно модули кассы.</source>
+        <translation>There is no form for event %1.
+Call the administrator to check the register’s plug-ins.</translation>
     </message>
     <message id="formUiMissing">
         <source>файла нет</source>
@@ -176,9 +176,9 @@ Check the register’s list of plug-ins</translation>
     </message>
     <message id="formUiLoadError">
         <source>Не удалось загрузить форму «%1»: %2
-Проверьте папки форм в настройках кассы</source>
+Обратитесь к администратору: проверить нужно папки форм в настройках.</source>
         <translation>Form “%1” could not be loaded: %2
-Check the layout folders in the register’s configuration</translation>
+Call the administrator to check the layout folders in the configuration.</translation>
     </message>
     <message id="formUiWidgetNotFoundError">
         <source>Не найден виджет %1</source>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The message catalogues against the texts in the sources.
+#include "messagecatalogue.h"
+
 #include <QDirIterator>
-#include <QFile>
 #include <QMap>
 #include <QRegularExpression>
-#include <QXmlStreamReader>
 
 #include <gtest/gtest.h>
 
@@ -26,11 +26,6 @@ std::ostream& operator<<(std::ostream& stream, const Catalogue& catalogue)
     return stream << catalogue.name;
 }
 
-struct Message {
-    QString source;
-    QString translation;
-};
-
 /// Matches what no English text has.
 const QRegularExpression russian("[А-Яа-яЁё№]");
 
@@ -38,13 +33,6 @@ class MessageCatalogue : public ::testing::TestWithParam<Catalogue>
 {
 protected:
     static QString folder() { return QString::fromUtf8(SOURCES "/") + GetParam().sources; }
-
-    static QString read(const QString& path)
-    {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-        return QString::fromUtf8(file.readAll());
-    }
 
     /// The Russian default texts of the sources by their keys. In C++ a key in camel case comes before its text; in
     /// JSON they are the members "key" and "text".
@@ -57,7 +45,7 @@ protected:
         QDirIterator sources(folder(), {"*.cpp", "*.h", "positionmarks.json"}, QDir::Files,
                              QDirIterator::Subdirectories);
         while (sources.hasNext()) {
-            auto found = keyAndText.globalMatch(read(sources.next()));
+            auto found = keyAndText.globalMatch(readText(sources.next()));
             while (found.hasNext()) {
                 const auto match = found.next();
                 QString text = match.captured(2).trimmed();
@@ -72,28 +60,7 @@ protected:
         return texts;
     }
 
-    static QMap<QString, Message> messages()
-    {
-        QMap<QString, Message> all;
-        QString id;
-        QXmlStreamReader xml(read(folder() + u'/' + GetParam().file));
-        while (!xml.atEnd()) {
-            if (xml.readNext() != QXmlStreamReader::StartElement) {
-                continue;
-            }
-            if (xml.name() == u"message") {
-                id = xml.attributes().value("id").toString();
-                EXPECT_FALSE(all.contains(id)) << id.toStdString() << " comes twice";
-            } else if (xml.name() == u"source") {
-                all[id].source = xml.readElementText();
-            } else if (xml.name() == u"translation") {
-                EXPECT_FALSE(xml.attributes().hasAttribute("type")) << id.toStdString() << " is unfinished";
-                all[id].translation = xml.readElementText();
-            }
-        }
-        EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
-        return all;
-    }
+    static QMap<QString, Message> messages() { return readMessageCatalogue(folder() + u'/' + GetParam().file); }
 
     static QStringList placeholders(const QString& text)
     {

@@ -26,7 +26,8 @@ BasicDialog::Result BasicDialog::show(bool overPayment, bool silent, QFlags<EInp
     const QSharedPointer<BasicForm> form = gui.createForm(event);
     if (!form) {
         throw BasicException(
-            tr::Tr(u"formUnknownError"_s, u"Нет формы для события %1\nПроверьте список модулей кассы"_s)
+            tr::Tr(u"formUnknownError"_s,
+                   u"Нет формы для события %1.\nОбратитесь к администратору: проверить нужно модули кассы."_s)
                 .arg(QString::number(event.getCode())));
     }
     if (QWidget* root = form->rootWidget()) {

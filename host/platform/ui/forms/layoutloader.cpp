@@ -51,8 +51,10 @@ QWidget* LayoutLoader::createWidget(const QString& className, QWidget* parent, c
 Expected<QWidget*> loadLayout(const QString& path, const QString& name)
 {
     const auto failure = [](const QString& file, const QString& reason) {
-        const tr::Tr text(u"formUiLoadError"_s,
-                          u"Не удалось загрузить форму «%1»: %2\nПроверьте папки форм в настройках кассы"_s);
+        const tr::Tr text(
+            u"formUiLoadError"_s,
+            u"Не удалось загрузить форму «%1»: %2\nОбратитесь к администратору: проверить нужно папки форм в "
+            "настройках."_s);
         return Failure{text.arg(file).arg(reason), u"The layout %1 cannot be read: %2"_s.arg(file, reason)};
     };
     if (path.isEmpty()) {
