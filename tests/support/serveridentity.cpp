@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "serveridentity.h"
 
+#include <QDateTime>
+#include <QFile>
 #include <QProcess>
 
+#include <algorithm>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -26,12 +29,27 @@ QStringList newKey(const QString& file)
     return {u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s, u"ec_paramgen_curve:P-256"_s, u"-nodes"_s, u"-keyout"_s, file};
 }
 
+void write(const QString& file, const QByteArray& text)
+{
+    QFile out(file);
+    if (!out.open(QIODevice::WriteOnly) || out.write(text) != text.size()) {
+        throw std::runtime_error(file.toStdString() + ": cannot be written");
+    }
+}
+
+/// So many days from now, as "openssl ca" wants it.
+QString dateIn(int days)
+{
+    return QDateTime::currentDateTimeUtc().addDays(days).toString(u"yyyyMMddHHmmss'Z'"_s);
+}
+
 } // namespace
 
 TestAuthority::TestAuthority(const QString& name)
 {
     openssl(QStringList{u"req"_s, u"-x509"_s} + newKey(m_folder.filePath(u"key.pem"_s)) +
-            QStringList{u"-subj"_s, u"/CN="_s + name, u"-days"_s, u"2"_s, u"-out"_s, certificateFile()});
+            QStringList{u"-subj"_s, u"/CN="_s + name, u"-addext"_s, u"basicConstraints=critical,CA:TRUE"_s, u"-days"_s,
+                        u"2"_s, u"-out"_s, certificateFile()});
 }
 
 QString TestAuthority::certificateFile() const
@@ -50,9 +68,27 @@ ServerIdentity::ServerIdentity(const TestAuthority& authority, const Wish& wish)
     openssl(QStringList{u"req"_s} + newKey(keyFile()) +
             QStringList{u"-subj"_s, u"/CN=Test server"_s, u"-addext"_s, u"subjectAltName="_s + wish.names, u"-out"_s,
                         request});
-    openssl({u"x509"_s, u"-req"_s, u"-in"_s, request, u"-CA"_s, authority.certificateFile(), u"-CAkey"_s,
-             authority.m_folder.filePath(u"key.pem"_s), u"-CAcreateserial"_s, u"-copy_extensions"_s, u"copy"_s,
-             u"-days"_s, QString::number(wish.daysValid), u"-out"_s, certificateFile()});
+    const QString settings = m_folder.filePath(u"settings"_s);
+    write(m_folder.filePath(u"issued"_s), {});
+    write(settings, "[ca]\n"
+                    "default_ca = authority\n"
+                    "[authority]\n"
+                    "database = " +
+                        m_folder.filePath(u"issued"_s).toUtf8() +
+                        "\n"
+                        "new_certs_dir = " +
+                        m_folder.path().toUtf8() +
+                        "\n"
+                        "default_md = sha256\n"
+                        "policy = any\n"
+                        "copy_extensions = copy\n"
+                        "[any]\n"
+                        "commonName = supplied\n");
+    // Unlike "openssl x509", it takes the dates, also those of a certificate that has expired.
+    openssl({u"ca"_s, u"-batch"_s, u"-notext"_s, u"-rand_serial"_s, u"-config"_s, settings, u"-cert"_s,
+             authority.certificateFile(), u"-keyfile"_s, authority.m_folder.filePath(u"key.pem"_s), u"-startdate"_s,
+             dateIn(std::min(0, wish.daysValid) - 1), u"-enddate"_s, dateIn(wish.daysValid), u"-in"_s, request,
+             u"-out"_s, certificateFile()});
 }
 
 QString ServerIdentity::certificateFile() const
