@@ -57,6 +57,10 @@ void setUpLogging(Config& config, const QDir& data)
         config.setForThisRun(key, data.filePath(u"log"_s));
     }
     ::setUpLogging(config);
+    Log4Qt::LogManager::logger(u"register"_s)
+        ->info(u"Start of %1 %2 with Qt %3"_s.arg(QCoreApplication::applicationName(),
+                                                  QCoreApplication::applicationVersion(),
+                                                  QLatin1StringView(qVersion())));
 }
 
 /// The keys and the menu entries.

@@ -11,6 +11,7 @@
 #include <QSysInfo>
 #include <QTemporaryDir>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <csignal>
@@ -362,6 +363,16 @@ TEST_F(RegisterProgram, loggingFolderConfigured_logIsThere)
     EXPECT_EQ(play("[]"), 0) << qPrintable(output);
     EXPECT_TRUE(QFile::exists(path("logs/till/register.log")));
     EXPECT_FALSE(QFile::exists(path("data/log")));
+}
+
+TEST_F(RegisterProgram, start_logsTheVersion)
+{
+    EXPECT_EQ(run({u"--version"_s}), 0);
+    const QByteArray version = output.trimmed().toUtf8();
+    EXPECT_THAT(version.toStdString(),
+                ::testing::MatchesRegex("pharmacy-register [0-9]+\\.[0-9]+\\.[0-9]+( \\([0-9a-f]+\\))?"));
+    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
+    EXPECT_TRUE(contentOf("data/log/register.log").contains("Start of " + version + " with Qt 6."));
 }
 
 TEST_F(RegisterProgram, loggingFolderCannotBeWrittenTo_logIsInTheDataFolderAndSaysSo)
