@@ -54,6 +54,7 @@ function(add_message_catalogues TARGET)
         OPTIONS -idbased -silent
         QM_FILES_OUTPUT_VARIABLE catalogues)
     if(ARG_BESIDE_LAYOUTS)
+        add_custom_target(${TARGET}_catalogues ALL DEPENDS ${catalogues})
         install(FILES ${catalogues} DESTINATION lib/pharmacy-register/plugins/${TARGET})
     else()
         qt_add_resources(${TARGET} ${TARGET}_translations

@@ -4,6 +4,7 @@
 #include "registryuris.h"
 
 #include <QJsonArray>
+#include <QTimeZone>
 
 using namespace Qt::StringLiterals;
 
@@ -127,7 +128,7 @@ QJsonObject signatureResource(const Prescription& prescription)
     return {{u"resourceType"_s, u"Provenance"_s},
             {u"id"_s, u"signature-"_s + prescription.id},
             {u"target"_s, QJsonArray{reference(u"MedicationPrescription"_s, prescription.id)}},
-            {u"recorded"_s, prescription.written.startOfDay(Qt::UTC).toString(Qt::ISODate)}};
+            {u"recorded"_s, prescription.written.startOfDay(QTimeZone::utc()).toString(Qt::ISODate)}};
 }
 
 QJsonObject dispenseResource(const Dispense& dispense, const Prescription& prescription)
