@@ -37,6 +37,20 @@ void write(const QString& file, const QByteArray& text)
     }
 }
 
+/// Of "openssl ca"; %1 is its folder.
+const QString settingsOfAuthority = uR"([ca]
+default_ca = authority
+[authority]
+database = %1/issued
+new_certs_dir = %1
+rand_serial = yes
+default_md = sha256
+copy_extensions = copy
+policy = any
+[any]
+commonName = supplied
+)"_s;
+
 /// So many days from now, as "openssl ca" wants it.
 QString dateIn(int days)
 {
@@ -70,23 +84,10 @@ ServerIdentity::ServerIdentity(const TestAuthority& authority, const Wish& wish)
                         request});
     const QString settings = m_folder.filePath(u"settings"_s);
     write(m_folder.filePath(u"issued"_s), {});
-    write(settings, "[ca]\n"
-                    "default_ca = authority\n"
-                    "[authority]\n"
-                    "database = " +
-                        m_folder.filePath(u"issued"_s).toUtf8() +
-                        "\n"
-                        "new_certs_dir = " +
-                        m_folder.path().toUtf8() +
-                        "\n"
-                        "default_md = sha256\n"
-                        "policy = any\n"
-                        "copy_extensions = copy\n"
-                        "[any]\n"
-                        "commonName = supplied\n");
+    write(settings, settingsOfAuthority.arg(m_folder.path()).toUtf8());
     // Unlike "openssl x509", it takes the dates, also those of a certificate that has expired.
-    openssl({u"ca"_s, u"-batch"_s, u"-notext"_s, u"-rand_serial"_s, u"-config"_s, settings, u"-cert"_s,
-             authority.certificateFile(), u"-keyfile"_s, authority.m_folder.filePath(u"key.pem"_s), u"-startdate"_s,
+    openssl({u"ca"_s, u"-batch"_s, u"-notext"_s, u"-config"_s, settings, u"-cert"_s, authority.certificateFile(),
+             u"-keyfile"_s, authority.m_folder.filePath(u"key.pem"_s), u"-startdate"_s,
              dateIn(std::min(0, wish.daysValid) - 1), u"-enddate"_s, dateIn(wish.daysValid), u"-in"_s, request,
              u"-out"_s, certificateFile()});
 }
