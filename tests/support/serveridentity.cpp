@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "serveridentity.h"
 
+#include <QDateTime>
+#include <QFile>
 #include <QProcess>
 
+#include <algorithm>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -25,6 +28,35 @@ QStringList newKey(const QString& file)
 {
     return {u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s, u"ec_paramgen_curve:P-256"_s, u"-nodes"_s, u"-keyout"_s, file};
 }
+
+void write(const QString& name, const QByteArray& content)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+        throw std::runtime_error("Cannot write " + name.toStdString());
+    }
+}
+
+/// In the form that the openssl program takes.
+QString timeOf(const QDateTime& moment)
+{
+    return moment.toUTC().toString(u"yyyyMMddhhmmss'Z'"_s);
+}
+
+/// What an authority of the openssl program needs to sign with dates of one's own.
+const QByteArray signing = R"([ca]
+default_ca = here
+[here]
+dir = .
+database = $dir/signed.txt
+new_certs_dir = $dir
+rand_serial = yes
+default_md = sha256
+policy = any
+copy_extensions = copy
+[any]
+commonName = supplied
+)";
 
 } // namespace
 
@@ -50,9 +82,16 @@ ServerIdentity::ServerIdentity(const TestAuthority& authority, const Wish& wish)
     openssl(QStringList{u"req"_s} + newKey(keyFile()) +
             QStringList{u"-subj"_s, u"/CN=Test server"_s, u"-addext"_s, u"subjectAltName="_s + wish.names, u"-out"_s,
                         request});
-    openssl({u"x509"_s, u"-req"_s, u"-in"_s, request, u"-CA"_s, authority.certificateFile(), u"-CAkey"_s,
-             authority.m_folder.filePath(u"key.pem"_s), u"-CAcreateserial"_s, u"-copy_extensions"_s, u"copy"_s,
-             u"-days"_s, QString::number(wish.daysValid), u"-out"_s, certificateFile()});
+
+    const QDateTime now = QDateTime::currentDateTime();
+    const QDateTime end = now.addDays(wish.daysValid);
+    const QDateTime begin = wish.daysUntilValid > 0 ? now.addDays(wish.daysUntilValid) : std::min(now, end).addDays(-1);
+    const QString settings = m_folder.filePath(u"signing.cnf"_s);
+    write(settings, QByteArray(signing).replace("dir = .", "dir = " + QFile::encodeName(m_folder.path())));
+    write(m_folder.filePath(u"signed.txt"_s), {});
+    openssl({u"ca"_s, u"-batch"_s, u"-notext"_s, u"-config"_s, settings, u"-in"_s, request, u"-cert"_s,
+             authority.certificateFile(), u"-keyfile"_s, authority.m_folder.filePath(u"key.pem"_s), u"-startdate"_s,
+             timeOf(begin), u"-enddate"_s, timeOf(end), u"-out"_s, certificateFile()});
 }
 
 QString ServerIdentity::certificateFile() const
