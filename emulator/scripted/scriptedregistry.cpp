@@ -4,10 +4,20 @@
 #include "seedreader.h"
 #include "syntheticprescriptions.h"
 
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
 namespace emulator
 {
 namespace
 {
+/// The form of RFC 9110, 5.6.7.
+QByteArray httpDate(const QDateTime& moment)
+{
+    return QLocale::c().toString(moment.toUTC(), u"ddd, dd MMM yyyy hh:mm:ss 'GMT'"_s).toLatin1();
+}
+
 /// The status that the client receives; 0 when it receives none.
 int statusOf(const Delivery& delivery)
 {
@@ -68,6 +78,7 @@ Delivery ScriptedRegistry::answerUnreadable(const HttpRequest& request, int stat
 
 Delivery ScriptedRegistry::deliver(qint64 journalNumber, Delivery delivery)
 {
+    delivery.answer.with("Date", httpDate(m_clock()));
     delivery.finished = [this, journalNumber](bool whole) { m_journal.answered(journalNumber, whole); };
     return delivery;
 }

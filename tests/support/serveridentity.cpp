@@ -29,33 +29,34 @@ QStringList newKey(const QString& file)
     return {u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s, u"ec_paramgen_curve:P-256"_s, u"-nodes"_s, u"-keyout"_s, file};
 }
 
-void write(const QString& file, const QByteArray& text)
+void write(const QString& name, const QByteArray& content)
 {
-    QFile out(file);
-    if (!out.open(QIODevice::WriteOnly) || out.write(text) != text.size()) {
-        throw std::runtime_error(file.toStdString() + ": cannot be written");
+    QFile file(name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+        throw std::runtime_error("Cannot write " + name.toStdString());
     }
 }
 
-/// Of "openssl ca"; %1 is its folder.
-const QString settingsOfAuthority = uR"([ca]
-default_ca = authority
-[authority]
-database = %1/issued
-new_certs_dir = %1
+/// In the form that the openssl program takes.
+QString timeOf(const QDateTime& moment)
+{
+    return moment.toUTC().toString(u"yyyyMMddhhmmss'Z'"_s);
+}
+
+/// What an authority of the openssl program needs to sign with dates of one's own.
+const QByteArray signing = R"([ca]
+default_ca = here
+[here]
+dir = .
+database = $dir/signed.txt
+new_certs_dir = $dir
 rand_serial = yes
 default_md = sha256
-copy_extensions = copy
 policy = any
+copy_extensions = copy
 [any]
 commonName = supplied
-)"_s;
-
-/// So many days from now, as "openssl ca" wants it.
-QString dateIn(int days)
-{
-    return QDateTime::currentDateTimeUtc().addDays(days).toString(u"yyyyMMddHHmmss'Z'"_s);
-}
+)";
 
 } // namespace
 
@@ -82,14 +83,16 @@ ServerIdentity::ServerIdentity(const TestAuthority& authority, const Wish& wish)
     openssl(QStringList{u"req"_s} + newKey(keyFile()) +
             QStringList{u"-subj"_s, u"/CN=Test server"_s, u"-addext"_s, u"subjectAltName="_s + wish.names, u"-out"_s,
                         request});
-    const QString settings = m_folder.filePath(u"settings"_s);
-    write(m_folder.filePath(u"issued"_s), {});
-    write(settings, settingsOfAuthority.arg(m_folder.path()).toUtf8());
-    // Unlike "openssl x509", it takes the dates, also those of a certificate that has expired.
-    openssl({u"ca"_s, u"-batch"_s, u"-notext"_s, u"-config"_s, settings, u"-cert"_s, authority.certificateFile(),
-             u"-keyfile"_s, authority.m_folder.filePath(u"key.pem"_s), u"-startdate"_s,
-             dateIn(std::min(0, wish.daysValid) - 1), u"-enddate"_s, dateIn(wish.daysValid), u"-in"_s, request,
-             u"-out"_s, certificateFile()});
+
+    const QDateTime now = QDateTime::currentDateTime();
+    const QDateTime end = now.addDays(wish.daysValid);
+    const QDateTime begin = wish.daysUntilValid > 0 ? now.addDays(wish.daysUntilValid) : std::min(now, end).addDays(-1);
+    const QString settings = m_folder.filePath(u"signing.cnf"_s);
+    write(settings, QByteArray(signing).replace("dir = .", "dir = " + QFile::encodeName(m_folder.path())));
+    write(m_folder.filePath(u"signed.txt"_s), {});
+    openssl({u"ca"_s, u"-batch"_s, u"-notext"_s, u"-config"_s, settings, u"-in"_s, request, u"-cert"_s,
+             authority.certificateFile(), u"-keyfile"_s, authority.m_folder.filePath(u"key.pem"_s), u"-startdate"_s,
+             timeOf(begin), u"-enddate"_s, timeOf(end), u"-out"_s, certificateFile()});
 }
 
 QString ServerIdentity::certificateFile() const

@@ -30,6 +30,8 @@ public:
         QString names = u"IP:127.0.0.1,DNS:localhost"_s;
         /// From now; negative: it has expired.
         int daysValid = 2;
+        /// Greater than 0: it is not valid before so many days from now.
+        int daysUntilValid = 0;
     };
 
     explicit ServerIdentity(const TestAuthority& authority);

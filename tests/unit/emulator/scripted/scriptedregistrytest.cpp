@@ -3,6 +3,9 @@
 
 #include "emulatorerror.h"
 
+#include <QLocale>
+#include <QTimeZone>
+
 using namespace Qt::StringLiterals;
 
 using emulator::Dispense;
@@ -44,6 +47,13 @@ TEST_F(ScriptedRegistryTest, reset_beginsAgainWithTheSeed)
     EXPECT_TRUE(m_emulator->journal().entries().isEmpty());
     const RawAnswer answer = ask("GET", "/MedicationPrescription/$by-card?patientIdentifier=1100", headers);
     expectRefusal(answer, emulator::RefusalCode::TokenExpired);
+}
+
+TEST_F(ScriptedRegistryTest, anyAnswer_saysWhatTimeItIsByTheRegistrysClock)
+{
+    const QByteArray date = ask("GET", "/nowhere").header("Date");
+    const QDateTime said = QLocale::c().toDateTime(QString::fromLatin1(date), u"ddd, dd MMM yyyy hh:mm:ss 'GMT'"_s);
+    EXPECT_EQ(QDateTime(said.date(), said.time(), QTimeZone::utc()), m_now) << date.constData();
 }
 
 TEST_F(ScriptedRegistryTest, seedWithMistake_leavesStateAsItWas)
