@@ -99,6 +99,7 @@ RegisterApplication::~RegisterApplication()
     gui->host().stage = nullptr;
     gui->host().giveUp = {};
     Singleton<ActivityNotifier>::get()->host().failed = {};
+    m_pluginWarnings.reset();
     m_window.reset();
     DocumentWatcher::setCurrentDocument(nullptr);
 }
@@ -281,6 +282,7 @@ void RegisterApplication::openWindow()
     m_menuCommands->offer(*controller);
     m_window = std::make_unique<RegisterWindow>(*m_till, m_marks, configuredFunctionKeys(*config), m_longWork,
                                                 config->getString(u"Register:unlockCode"_s));
+    m_pluginWarnings = std::make_unique<PluginWarnings>(m_window->statusLine());
     gui->host().stage = m_window.get();
     gui->host().giveUp = [this] { giveUp(); };
     if (auto* application = qobject_cast<GuardedApplication*>(qApp)) {
@@ -364,6 +366,7 @@ void RegisterApplication::showCatalogueFailure(const tr::Tr& message)
 void RegisterApplication::showPlugins()
 {
     const QStringList active = m_plugins.active();
+    m_pluginWarnings->keepThoseOf(active);
     const QString text = active.isEmpty()
                              ? tr::Tr(u"pluginsNone"_s, u"Модулей нет"_s).ui()
                              : tr::Tr(u"pluginsActive"_s, u"Модулей: %1"_s).arg(QString::number(active.size())).ui();

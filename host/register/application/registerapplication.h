@@ -12,6 +12,7 @@
 #include "orderlyend.h"
 #include "paymentcommands.h"
 #include "pluginhost.h"
+#include "pluginwarnings.h"
 #include "positionmarks.h"
 #include "printedreports.h"
 #include "receiptprinter.h"
@@ -80,6 +81,7 @@ private:
     std::unique_ptr<KeyCommands> m_keyCommands;
     std::unique_ptr<MenuCommands> m_menuCommands;
     std::unique_ptr<RegisterWindow> m_window;
+    std::unique_ptr<PluginWarnings> m_pluginWarnings;
     std::unique_ptr<ScenarioPlayer> m_player;
     OrderlyEnd m_orderlyEnd;
 };
