@@ -311,6 +311,7 @@ void RegisterApplication::resumeWork()
     if (m_player) {
         m_player->start(); // first: the next calls may show messages
     }
+    followInactivity(); // before them, too: nobody may be there to read one
     m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
     m_plugins.onEnded([this] { showPlugins(); });
     showPlugins();
@@ -324,6 +325,10 @@ void RegisterApplication::resumeWork()
     m_storedDocumentCommands->settleRestored();
     m_printer->printInterrupted(m_till->archive());
     followCatalogue();
+}
+
+void RegisterApplication::followInactivity()
+{
     auto* locker = Singleton<InactivityLocker>::get();
     QObject::connect(locker, &InactivityLocker::lock, m_window.get(), &RegisterWindow::lock);
     locker->start();
