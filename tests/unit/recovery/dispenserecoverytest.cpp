@@ -222,6 +222,7 @@ TEST_F(WithoutId, returned_itsSubtotalStopsAndItCanBeCancelled)
 {
     made->type = AbstractDocument::Return;
     EXPECT_EQ(recovery.beforeSubtotal(), EContext::Stop);
+    ASSERT_EQ(messages().size(), 1);
     EXPECT_TRUE(messages().last().endsWith(u"До тех пор документ остаётся как был."_s));
     EXPECT_EQ(recovery.beforeCancelling(), EContext::GoOn);
 }

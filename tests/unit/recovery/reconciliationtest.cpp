@@ -180,6 +180,18 @@ TEST_F(ReconciliationTest, positionWasRemovedAndTheRegistryDoesNotShowItsPrescri
     EXPECT_EQ(openRequests(), 0);
 }
 
+TEST_F(ReconciliationTest, positionWasRemovedAndItsPrescriptionIsCompletedWithoutAWordOfWho_theCashierDecides)
+{
+    today(document(u"5"_s, u"rx-1"_s, u"d-1"_s));
+    registration(u"5"_s, u"rx-2"_s);
+    prescriptions[u"rx-1"_s] = {{u"d-1"_s}};
+    prescriptions[u"rx-2"_s] = {};
+    completed = {u"rx-2"_s};
+    EXPECT_FALSE(reconcile().isWhole);
+    EXPECT_EQ(questions.size(), 1);
+    EXPECT_EQ(openRequests(), 1);
+}
+
 TEST_F(ReconciliationTest, twoDispensesOfACancelledSale_areBothReported)
 {
     const auto sale = ofAnotherDay(u"5"_s, u"rx-1"_s);

@@ -79,8 +79,10 @@ public:
         }
         QJsonArray entries;
         for (auto one = m_till.prescriptions.cbegin(); one != m_till.prescriptions.cend(); ++one) {
-            QJsonArray resources{entry(
-                {{"resourceType"_L1, "MedicationPrescription"_L1}, {"id"_L1, one.key()}, {"status"_L1, "active"_L1}})};
+            const bool isCompleted = m_till.completed.contains(one.key());
+            QJsonArray resources{entry({{"resourceType"_L1, "MedicationPrescription"_L1},
+                                        {"id"_L1, one.key()},
+                                        {"status"_L1, isCompleted ? "completed"_L1 : "active"_L1}})};
             for (const ShownDispense& dispense : one.value()) {
                 resources.append(entry(dispenseResource(dispense)));
             }

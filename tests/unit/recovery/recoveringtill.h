@@ -128,6 +128,7 @@ protected:
     // The registry
 
     QMap<QString, QList<ShownDispense>> prescriptions; ///< the card's, with their dispenses
+    QStringList completed;                             ///< those of which nothing more can be dispensed
     int refusal = 0;                                   ///< the status with which look-ups are refused; 0: none is
     bool isDown = false;
     int lookUps = 0;
