@@ -4,17 +4,21 @@
 #include "actionhandler.h"
 #include "actiontrigger.h"
 #include "activitynotifier.h"
+#include "basicexception.h"
 #include "config.h"
 #include "currenttime.h"
 #include "dialog.h"
 #include "dispenseanswer.h"
 #include "dispensechoiceformcreator.h"
-#include "electronicprescriptioninterface.h"
 #include "graphicaluserinterface.h"
+#include "loyaltysystemlayer.h"
 #include "reconciliation.h"
+#include "recoveryregistry.h"
 #include "recoverytexts.h"
 #include "reportprinter.h"
 #include "requestjournal.h"
+#include "standingwarning.h"
+#include "undecideddocuments.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
@@ -42,9 +46,11 @@ bool isJournalKept(const ElectronicPrescriptionInterface& registry)
            journal->covers(registry.formUrl(base, dispenseanswer::cancellationPath(u"1"_s)));
 }
 
-void showNotice(const QStringList& lines)
+/// The positions on the screen say by then what the message says.
+void showFindings(const QSharedPointer<AbstractDocument>& document, const QStringList& lines)
 {
     if (!lines.isEmpty()) {
+        Singleton<LoyaltySystemLayer>::get()->recalculate(document);
         Dialog::create()->showMessage({tr::undefined, lines.join(u'\n')}, Dialog::Notice, 0, 0);
     }
 }
@@ -73,12 +79,12 @@ bool DispenseRecovery::init()
         logger()->error(u"The prescription plug-in is switched off: plugins:pharmacy"_s);
         return false;
     }
-    m_registry = std::make_unique<ElectronicPrescriptionInterface>();
+    m_registry = std::make_unique<RecoveryRegistry>();
     if (!isJournalKept(*m_registry)) {
-        logger()->error(u"RestClient:journal has to contain */MedicationDispense/*"_s);
-        return false;
+        throw BasicException(recoverytexts::journalMissing());
     }
     m_statuses = statusesIn(config->getString(u"DispenseRecovery:statuses"_s));
+    m_isJournalDoubtful = Singleton<RequestJournal>::get()->wasDamaged();
 
     struct Hook {
         EContext::Code context;
@@ -108,6 +114,8 @@ bool DispenseRecovery::init()
     Singleton<ActivityNotifier>::get()->subscribe(this);
     Singleton<GraphicalUserInterface>::get()->addFormCreator(QSharedPointer<DispenseChoiceFormCreator>::create());
     Singleton<RequestJournal>::get()->setSettledByPlugin(true);
+    TillDocuments documents;
+    warnOfUndecided(documents);
     return true;
 }
 
@@ -124,7 +132,7 @@ void DispenseRecovery::handleEvent(const Event& event)
     }
     switch (event.getCode()) {
     case EActivityListener::LongWorkEnds:
-        settlingOf(document).applyAnswers(); // an answer may have been lost in it
+        applyAnswers(document); // an answer may have been lost in it
         break;
     case EActivityListener::DocumentRestored:
         takeUp(document);
@@ -136,59 +144,63 @@ void DispenseRecovery::handleEvent(const Event& event)
 
 EContext::Result DispenseRecovery::beforeSubtotal()
 {
-    return decide(getDocument());
+    const QSharedPointer<AbstractDocument> document = getDocument();
+    const bool isReturn = document && document->getType() == AbstractDocument::Return;
+    return decide(document, isReturn ? Sending::Cancellations : Sending::Registrations);
 }
 
+/// A return is cancelled without the registry.
 EContext::Result DispenseRecovery::beforeCancelling()
 {
-    return decide(currentSale());
+    const QSharedPointer<AbstractDocument> document = getDocument();
+    const bool isSale = document && document->getType() == AbstractDocument::Sale;
+    return decide(document, isSale ? Sending::Cancellations : Sending::Nothing);
 }
 
 EContext::Result DispenseRecovery::beforeRemoving(const control::Action& action)
 {
-    const QSharedPointer<AbstractDocument> sale = currentSale();
-    const auto position = sale ? sale->getPosition(action.value(u"positionNumber"_s).toInt()) : nullptr;
-    return position ? decide(sale, {position}) : EContext::GoOn;
+    const QSharedPointer<AbstractDocument> document = getDocument();
+    const bool isSale = document && document->getType() == AbstractDocument::Sale;
+    const auto position = isSale ? document->getPosition(action.value(u"positionNumber"_s).toInt()) : nullptr;
+    return position ? decide(document, {position}, Sending::Cancellations) : EContext::GoOn;
 }
 
 EContext::Result DispenseRecovery::beforeVoiding(const control::Action& action)
 {
-    return decide(action.value(u"document"_s).value<QSharedPointer<AbstractDocument>>());
+    return decide(action.value(u"document"_s).value<QSharedPointer<AbstractDocument>>(), Sending::Cancellations);
 }
 
-/// A return is cancelled without the registry.
-QSharedPointer<AbstractDocument> DispenseRecovery::currentSale() const
+void DispenseRecovery::applyAnswers(const QSharedPointer<AbstractDocument>& document) const
 {
-    const QSharedPointer<AbstractDocument> document = getDocument();
-    return document && document->getType() == AbstractDocument::Sale ? document : nullptr;
+    TillDocuments documents;
+    DocumentSettling(*m_registry, documents, document, m_statuses).applyAnswers();
 }
 
-DocumentSettling DispenseRecovery::settlingOf(const QSharedPointer<AbstractDocument>& document) const
+EContext::Result DispenseRecovery::decide(const QSharedPointer<AbstractDocument>& document, Sending sending) const
 {
-    return {*m_registry, document, m_statuses};
-}
-
-EContext::Result DispenseRecovery::decide(const QSharedPointer<AbstractDocument>& document) const
-{
-    return document ? decide(document, document->getPositions()) : EContext::GoOn;
+    return document ? decide(document, document->getPositions(), sending) : EContext::GoOn;
 }
 
 EContext::Result DispenseRecovery::decide(const QSharedPointer<AbstractDocument>& document,
-                                          const DocumentSettling::Positions& positions) const
+                                          const DocumentSettling::Positions& positions, Sending sending) const
 {
-    DocumentSettling settling = settlingOf(document);
-    const bool isDecided = settling.decide(positions);
-    showNotice(settling.findings());
+    TillDocuments documents;
+    DocumentSettling settling(*m_registry, documents, document, m_statuses);
+    const bool isDecided =
+        settling.decide(positions) && (sending != Sending::Cancellations || settling.decideWithoutIds(positions));
+    showFindings(document, settling.findings());
     return isDecided ? EContext::GoOn : EContext::Stop;
 }
 
 /// A saved document has become the open one: what a former run of the register left is applied and decided.
 void DispenseRecovery::takeUp(const QSharedPointer<AbstractDocument>& document) const
 {
-    DocumentSettling settling = settlingOf(document);
+    TillDocuments documents;
+    DocumentSettling settling(*m_registry, documents, document, m_statuses);
     settling.decide(document->getPositions());
-    showNotice(settling.findings() + settling.missing());
+    showFindings(document, settling.findings() + settling.missing());
     settling.forgetAnswers();
+    warnOfUndecided(documents);
 }
 
 EContext::Result DispenseRecovery::reconcile()
@@ -198,5 +210,23 @@ EContext::Result DispenseRecovery::reconcile()
     Singleton<ReportPrinter>::get()->print(recoverytexts::reconciliationTitle(), found.lines);
     Dialog::create()->showMessage({tr::undefined, found.lines.join(u'\n')},
                                   found.isWhole ? Dialog::Notice : Dialog::Error, 0, 0);
+    for (const qint64 request : found.told) {
+        Singleton<RequestJournal>::get()->settle(request);
+    }
+    m_isJournalDoubtful = m_isJournalDoubtful && !found.isWhole;
+    TillDocuments documents;
+    warnOfUndecided(documents);
     return EContext::GoOn;
+}
+
+void DispenseRecovery::warnOfUndecided(TillDocuments& documents) const
+{
+    QStringList warnings;
+    if (const QStringList undecided = undecidedDocuments(documents); !undecided.isEmpty()) {
+        warnings.append(recoverytexts::undecidedDocuments(undecided).ui());
+    }
+    if (m_isJournalDoubtful) {
+        warnings.append(recoverytexts::journalDamaged().ui());
+    }
+    Singleton<StandingWarning>::get()->set(warnings.isEmpty() ? tr::Tr() : tr::Tr(tr::undefined, warnings.join(u' ')));
 }

@@ -29,8 +29,9 @@ public:
     ~DispenseRecovery() override;
     Q_DISABLE_COPY_MOVE(DispenseRecovery)
 
-    /// @return false, with nothing registered, when the prescription plug-in is switched off, or when the journal of
-    ///         requests leaves out those about dispenses ("RestClient:journal")
+    /// @return false, with nothing registered, when the prescription plug-in is switched off
+    ///
+    /// Throws BasicException when the journal of requests leaves out those about dispenses ("RestClient:journal").
     bool init() override;
     void deinit() override;
 
@@ -40,24 +41,34 @@ public:
 
     /// Before a subtotal: everything of the document that is open.
     EContext::Result beforeSubtotal();
-    /// Before a sale is cancelled.
+    /// Before a document is cancelled.
     EContext::Result beforeCancelling();
     /// Before a position of a sale is removed: the position's.
     EContext::Result beforeRemoving(const control::Action& action);
     /// Before a stored document is voided.
     EContext::Result beforeVoiding(const control::Action& action);
 
-    /// Goes through the open, the suspended and today's closed documents, prints what it found, and shows it.
+    /// Goes through the open, the suspended and today's closed documents and through all requests of the journal,
+    /// prints what it found, and shows it.
     EContext::Result reconcile();
 
 private:
-    DocumentSettling settlingOf(const QSharedPointer<AbstractDocument>& document) const;
+    /// What the prescription plug-in is going to send for the positions.
+    enum class Sending {
+        Nothing,
+        Registrations,
+        Cancellations, ///< each needs the dispense's id
+    };
+
+    void applyAnswers(const QSharedPointer<AbstractDocument>& document) const;
     EContext::Result decide(const QSharedPointer<AbstractDocument>& document,
-                            const DocumentSettling::Positions& positions) const;
-    EContext::Result decide(const QSharedPointer<AbstractDocument>& document) const;
+                            const DocumentSettling::Positions& positions, Sending sending) const;
+    EContext::Result decide(const QSharedPointer<AbstractDocument>& document, Sending sending) const;
     void takeUp(const QSharedPointer<AbstractDocument>& document) const;
-    QSharedPointer<AbstractDocument> currentSale() const;
+    /// Says in the status line what only the reconciliation decides.
+    void warnOfUndecided(TillDocuments& documents) const;
 
     std::unique_ptr<ElectronicPrescriptionInterface> m_registry; ///< null before init()
     QStringList m_statuses;
+    bool m_isJournalDoubtful = false; ///< requests of former runs may be missing in it, and nothing was compared since
 };

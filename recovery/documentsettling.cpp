@@ -3,8 +3,7 @@
 
 #include "centrounding.h"
 #include "dialog.h"
-#include "dispensechoicedialog.h"
-#include "documentarchive.h"
+#include "dispensequestion.h"
 #include "electronicprescriptionexception.h"
 #include "electronicprescriptioninterface.h"
 #include "longwork.h"
@@ -13,8 +12,6 @@
 #include "recoverytexts.h"
 #include "requestjournal.h"
 #include "savetofilelogic.h"
-
-#include <QLocale>
 
 #include <algorithm>
 #include <optional>
@@ -46,37 +43,68 @@ void settleRequestsOf(const PositionHistory& history)
     }
 }
 
-QString dosesText(double doses)
+/// The prescription positions of all these documents.
+///
+/// @param leftOut one that does not count; null: all count
+DocumentSettling::Positions allPrescriptionPositions(const TillDocuments::Documents& documents,
+                                                     const GoodsItem* leftOut)
 {
-    return doses > 0 ? QLocale(QLocale::Russian).toString(doses, 'f', QLocale::FloatingPointShortest) : QString();
-}
-
-/// The day, with the time where the registry shows it; what is neither as it is.
-QString timeText(const RegistryDispense& dispense)
-{
-    if (dispense.handedOver.contains(u'T')) {
-        const QDateTime time = QDateTime::fromString(dispense.handedOver, Qt::ISODate);
-        return time.isValid() ? time.toLocalTime().toString(u"dd.MM.yyyy HH:mm"_s) : dispense.handedOver;
+    DocumentSettling::Positions all;
+    for (const auto& document : documents) {
+        all.append(prescriptionPositionsOf(*document));
     }
-    const QDate day = QDate::fromString(dispense.facts.day, Qt::ISODate);
-    return day.isValid() ? day.toString(u"dd.MM.yyyy"_s) : dispense.handedOver;
+    all.removeIf([leftOut](const auto& position) { return position.get() == leftOut; });
+    return all;
 }
 
-DispenseChoiceRow rowOf(const RegistryDispense& dispense)
+bool isRegisteredWithoutId(const GoodsItem& position)
 {
-    QStringList pharmacy{dispense.facts.pharmacy, dispense.facts.address};
-    pharmacy.removeAll(QString());
-    return {timeText(dispense), dosesText(dispense.facts.doses), pharmacy.join(u", "_s), dispense.id};
+    const PositionOptions options(position);
+    return options.isRegistered() && options.medicationDispenseId().isEmpty();
 }
 
-void collectIds(const AbstractDocument& document, const GoodsItem* leftOut, QSet<QString>& ids)
+/// The ids that registrations of the journal got, also those that no document has.
+QSet<QString> idsInJournal()
 {
-    const auto positions = document.getPositions();
-    for (const auto& position : positions) {
-        if (position.get() != leftOut && isPrescriptionPosition(*position)) {
-            ids.insert(PositionOptions(*position).medicationDispenseId());
+    QSet<QString> ids;
+    const QList<DispenseRequest> requests = dispenseRequests();
+    for (const DispenseRequest& request : requests) {
+        if (request.kind == Kind::Registration && !request.dispense.isEmpty()) {
+            ids.insert(request.dispense);
         }
     }
+    return ids;
+}
+
+QSet<QString> idsOf(const DocumentSettling::Positions& positions)
+{
+    QSet<QString> ids;
+    for (const auto& position : positions) {
+        ids.insert(PositionOptions(*position).medicationDispenseId());
+    }
+    return ids;
+}
+
+/// How many dispenses like the request's these positions have whose ids the registry has not shown.
+qsizetype withoutIdLike(const DispenseRequest& request, const DocumentSettling::Positions& positions)
+{
+    return std::count_if(positions.cbegin(), positions.cend(), [&request](const auto& position) {
+        const PositionOptions options(*position);
+        return isRegisteredWithoutId(*position) && options.id() == request.prescription &&
+               roundToCents(options.doseQuantity()) == request.facts.doses;
+    });
+}
+
+/// What is to be found out of a registered position where no request says it.
+DispenseRequest doubtAbout(const GoodsItem& position)
+{
+    const PositionOptions options(position);
+    DispenseRequest doubt;
+    doubt.kind = options.isRegistered() ? Kind::Cancellation : Kind::Registration;
+    doubt.prescription = options.id();
+    doubt.dispense = options.isRegistered() ? options.medicationDispenseId() : QString();
+    doubt.facts.doses = roundToCents(options.doseQuantity());
+    return doubt;
 }
 
 } // namespace
@@ -88,9 +116,10 @@ DocumentSettling::Positions prescriptionPositionsOf(const AbstractDocument& docu
     return positions;
 }
 
-DocumentSettling::DocumentSettling(const ElectronicPrescriptionInterface& registry,
+DocumentSettling::DocumentSettling(const ElectronicPrescriptionInterface& registry, TillDocuments& documents,
                                    const QSharedPointer<AbstractDocument>& document, const QStringList& statuses)
     : m_registry(registry)
+    , m_documents(documents)
     , m_document(document)
     , m_inquiry(registry, cardNumberOf(*document), statuses)
 {
@@ -120,7 +149,7 @@ void DocumentSettling::applyAnswers()
         const bool isUndecided = history.open() || (outcomemark::isOn(*position) && history.requests().isEmpty());
         const bool isMarked = outcomemark::set(*position, isUndecided);
         hasChanged = hasChanged || isApplied || isMarked;
-        if (!history.open() && (isApplied || history.hasLostAnswer())) {
+        if (!history.open() && !isHeldInVain(*position) && (isApplied || history.hasLostAnswer())) {
             answered.append(history);
         }
     }
@@ -155,28 +184,43 @@ void DocumentSettling::forgetAnswers()
 /// @return whether that changed the position
 bool DocumentSettling::applyAnswer(GoodsItem& position, const PositionHistory& history)
 {
-    PositionOptions options(position);
-    switch (history.known()) {
-    case Known::Registered:
-        if (options.isRegistered() && options.medicationDispenseId() == history.dispense()) {
-            return false;
-        }
-        options.setMedicationDispenseId(history.dispense());
-        options.setRegistered();
-        m_findings.append(recoverytexts::registered(position, history.dispense()).ui());
-        break;
-    case Known::Cancelled:
-        if (!options.isRegistered()) {
-            return false;
-        }
-        options.setCancelled();
-        m_findings.append(recoverytexts::cancelled(position).ui());
-        break;
-    case Known::Nothing:
+    if (history.isOnDocument()) {
         return false;
     }
-    options.writeTo(position);
+    PositionOptions options(position);
+    if (history.known() == Known::Registered) {
+        options.setMedicationDispenseId(history.dispense());
+        options.setRegistered();
+        options.writeTo(position);
+        noteRegistered(position);
+    } else {
+        options.setCancelled();
+        options.writeTo(position);
+        noteCancelled(position);
+    }
     return true;
+}
+
+bool DocumentSettling::isHeldInVain(const GoodsItem& position) const
+{
+    return m_document->isUndone() && m_document->getType() == AbstractDocument::Sale &&
+           PositionOptions(position).isRegistered();
+}
+
+void DocumentSettling::noteRegistered(const GoodsItem& position)
+{
+    if (!isHeldInVain(position)) { // the registry is asked about that one
+        m_findings.append(recoverytexts::registered(position, PositionOptions(position).medicationDispenseId()).ui());
+    }
+}
+
+void DocumentSettling::noteCancelled(const GoodsItem& position)
+{
+    const bool isSold = m_document->isClosed() && !m_document->isUndone();
+    m_findings.append((isSold && m_document->getType() == AbstractDocument::Sale
+                           ? recoverytexts::cancelledButSold(position)
+                           : recoverytexts::cancelled(position))
+                          .ui());
 }
 
 bool DocumentSettling::decide(const Positions& positions)
@@ -195,10 +239,23 @@ bool DocumentSettling::decide(const Positions& positions)
             undecided.append({position, history, *open});
         }
     }
-    return undecided.isEmpty() ||
-           (askRegistry(undecided) && std::all_of(undecided.cbegin(), undecided.cend(), [this](const Undecided& one) {
-                return carryOut(decisionOf(one), one);
-            }));
+    return undecided.isEmpty() || (askRegistry(undecided) && decide(undecided));
+}
+
+/// Ends with the first that the cashier puts off.
+bool DocumentSettling::decide(const QList<Undecided>& undecided)
+{
+    bool isDecided = true;
+    for (const Undecided& one : undecided) {
+        if (carryOut(decisionOf(one), one)) {
+            continue;
+        }
+        if (!isHeldInVain(*one.position)) {
+            return false;
+        }
+        isDecided = false;
+    }
+    return isDecided;
 }
 
 /// Asks for all positions before the first decision. When that fails the cashier reads what stays open.
@@ -209,7 +266,6 @@ bool DocumentSettling::askRegistry(const QList<Undecided>& undecided)
         for (const Undecided& one : undecided) {
             m_inquiry.prescription(prescriptionOf(*one.position));
         }
-        return true;
     } catch (const ElectronicPrescriptionException& exception) {
         m_couldAsk = false;
         QStringList names;
@@ -220,26 +276,27 @@ bool DocumentSettling::askRegistry(const QList<Undecided>& undecided)
                                       0);
         return false;
     }
+    if (m_inquiry.refusal()) {
+        Dialog::create()->showMessage(recoverytexts::cardRefused(*m_inquiry.refusal()), Dialog::Notice, 0, 0);
+    }
+    return true;
 }
 
-/// A position that is marked and has no request at all has lost the journal.
 std::optional<DispenseRequest> DocumentSettling::openRequestOf(const GoodsItem& position,
-                                                               const PositionHistory& history)
+                                                               const PositionHistory& history) const
 {
-    if (history.open() || !history.requests().isEmpty() || !outcomemark::isOn(position)) {
+    if (history.open()) {
         return history.open();
     }
-    const PositionOptions options(position);
-    DispenseRequest lost;
-    lost.kind = options.isRegistered() ? Kind::Cancellation : Kind::Registration;
-    lost.prescription = options.id();
-    lost.dispense = options.isRegistered() ? options.medicationDispenseId() : QString();
-    lost.facts.doses = roundToCents(options.doseQuantity());
-    return lost;
+    const bool hasLostJournal = history.requests().isEmpty() && outcomemark::isOn(position);
+    return hasLostJournal || isHeldInVain(position) ? std::optional(doubtAbout(position)) : std::nullopt;
 }
 
 DocumentSettling::Decision DocumentSettling::decisionOf(const Undecided& undecided)
 {
+    if (undecided.open.kind == Kind::Cancellation && undecided.open.dispense.isEmpty()) {
+        return decisionWithoutId(undecided);
+    }
     const std::optional<ShownPrescription> shown = m_inquiry.prescription(prescriptionOf(*undecided.position));
     if (!shown) {
         Decision decision = askCashier(undecided, {}); // the registry does not show the prescription
@@ -251,21 +308,40 @@ DocumentSettling::Decision DocumentSettling::decisionOf(const Undecided& undecid
 }
 
 DocumentSettling::Decision DocumentSettling::decisionOfRegistration(const Undecided& undecided,
-                                                                    const ShownPrescription& shown) const
+                                                                    const ShownPrescription& shown)
 {
-    const DispenseFacts& asked = undecided.open.facts;
-    const QSet<QString> taken = idsOnTill(QDate::fromString(asked.day, Qt::ISODate), undecided.position.get());
-    QList<RegistryDispense> possible = shown.dispenses;
-    possible.removeIf([&](const RegistryDispense& dispense) {
-        return dispense.likeness(asked) == Likeness::None || (!dispense.id.isEmpty() && taken.contains(dispense.id));
-    });
+    const QList<RegistryDispense> possible = candidates(shown, undecided.open, undecided.position.get());
     if (possible.isEmpty() && !shown.isCompleted) { // who has completed it is not shown
         return {Verdict::NotRegistered};
     }
-    if (possible.size() == 1 && possible.first().likeness(asked) == Likeness::Certain) {
+    if (possible.size() == 1 && possible.first().likeness(undecided.open.facts) == Likeness::Certain) {
         return {Verdict::Registered, possible.first().id};
     }
     return askCashier(undecided, possible);
+}
+
+QList<RegistryDispense> DocumentSettling::candidates(const ShownPrescription& shown, const DispenseRequest& request,
+                                                     const GoodsItem* position)
+{
+    const QDate day = QDate::fromString(request.facts.day, Qt::ISODate);
+    const QSet<QString> taken =
+        idsOf(allPrescriptionPositions(withThisOne(m_documents.since(day)), position)) + idsInJournal();
+    qsizetype ownLeft = withoutIdLike(request, allPrescriptionPositions(withThisOne(m_documents.ofDay(day)), position));
+    QList<RegistryDispense> possible = shown.dispenses;
+    possible.removeIf([&](const RegistryDispense& dispense) {
+        if (dispense.likeness(request.facts) == Likeness::None) {
+            return true;
+        }
+        return dispense.id.isEmpty() ? ownLeft-- > 0 : taken.contains(dispense.id);
+    });
+    return possible;
+}
+
+TillDocuments::Documents DocumentSettling::withThisOne(TillDocuments::Documents documents) const
+{
+    documents.removeIf([this](const auto& document) { return document->identifier() == m_document->identifier(); });
+    documents.append(m_document);
+    return documents;
 }
 
 /// A cancelled dispense is no longer shown. Without ids, another one of the same doses could be the cancelled one.
@@ -292,17 +368,9 @@ DocumentSettling::Decision DocumentSettling::decisionOfCancellation(const Undeci
 }
 
 DocumentSettling::Decision DocumentSettling::askCashier(const Undecided& undecided,
-                                                        const QList<RegistryDispense>& possible) const
+                                                        const QList<RegistryDispense>& possible)
 {
-    const PositionOptions options(*undecided.position);
-    DispenseChoiceParams params;
-    params.goods = undecided.position->getName();
-    params.prescription = options.serialNumber().isEmpty() ? options.id() : options.serialNumber();
-    params.doses = dosesText(options.doseQuantity());
-    params.sent = undecided.open.sent.toLocalTime().toString(u"dd.MM.yyyy HH:mm"_s);
-    std::transform(possible.cbegin(), possible.cend(), std::back_inserter(params.dispenses), rowOf);
-
-    const DispenseChoice choice = DispenseChoiceDialog::create()->ask(params);
+    const DispenseChoice choice = dispensequestion::ask(*undecided.position, undecided.open, possible);
     switch (choice.kind) {
     case DispenseChoice::Chosen:
         return {Verdict::Registered, possible.value(choice.row).id};
@@ -320,8 +388,8 @@ DocumentSettling::Decision DocumentSettling::askCashier(const Undecided& undecid
 bool DocumentSettling::carryOut(const Decision& decision, const Undecided& undecided)
 {
     GoodsItem& position = *undecided.position;
-    note(decision, undecided);
     if (decision.verdict == Verdict::Undecided) {
+        m_putOff.append(recoverytexts::undecided(position).ui());
         return false;
     }
     PositionOptions options(position);
@@ -333,43 +401,150 @@ bool DocumentSettling::carryOut(const Decision& decision, const Undecided& undec
     }
     options.writeTo(position);
     outcomemark::set(position, false);
-    if (!save()) {
+    note(decision, undecided);
+    if (!save() || isHeldInVain(position)) {
         return false;
     }
     // A registration that the registry does not show may still arrive there. A refused repetition asks again.
-    if (decision.verdict == Verdict::Registered || undecided.open.kind == Kind::Cancellation) {
+    if (decision.verdict == Verdict::Registered || undecided.open.kind == Kind::Cancellation ||
+        m_document->isClosed()) {
         settleRequestsOf(undecided.history);
     }
     return true;
 }
 
+/// Of a position that says by now what was decided.
 void DocumentSettling::note(const Decision& decision, const Undecided& undecided)
 {
     const GoodsItem& position = *undecided.position;
     const bool isRegistration = undecided.open.kind == Kind::Registration;
-    switch (decision.verdict) {
-    case Verdict::Registered:
+    if (isHeldInVain(position)) {
+        m_putOff.append(recoverytexts::heldInVain(position, decision.dispense).ui());
+    } else if (decision.verdict == Verdict::Registered) {
         m_findings.append((isRegistration ? recoverytexts::registered(position, decision.dispense)
                                           : recoverytexts::notCancelled(position))
                               .ui());
-        break;
-    case Verdict::NotRegistered:
-        if (isRegistration) {
-            m_missing.append(recoverytexts::notRegistered(position).ui());
-        } else {
-            m_findings.append(recoverytexts::cancelled(position).ui());
-        }
-        break;
-    case Verdict::Undecided:
-        m_putOff.append(recoverytexts::undecided(position).ui());
-        break;
+    } else if (isRegistration) {
+        m_missing.append(recoverytexts::notRegistered(position).ui());
+    } else {
+        noteCancelled(position);
     }
+}
+
+bool DocumentSettling::decideWithoutIds(const Positions& positions)
+{
+    QList<Undecided> undecided;
+    for (const auto& position : positions) {
+        if (isPrescriptionPosition(*position) && isRegisteredWithoutId(*position)) {
+            undecided.append({position, historyOf(*position), doubtAbout(*position)});
+        }
+    }
+    if (undecided.isEmpty()) {
+        return true;
+    }
+    if (!askRegistry(undecided)) {
+        return false;
+    }
+    showWhatHasNoId(undecided);
+    bool isDecided = true;
+    for (const Undecided& one : std::as_const(undecided)) {
+        const Decision decision = decisionWithoutId(one);
+        const bool hasNoId = decision.verdict == Verdict::Registered && decision.dispense.isEmpty();
+        isDecided = !hasNoId && carryOut(decision, one) && isDecided;
+    }
+    return isDecided;
+}
+
+void DocumentSettling::showWhatHasNoId(const QList<Undecided>& undecided)
+{
+    QStringList names;
+    for (const Undecided& one : undecided) {
+        if (!isShownAsGone(one)) {
+            names.append(recoverytexts::nameOf(*one.position));
+        }
+    }
+    if (!names.isEmpty()) {
+        Dialog::create()->showMessage(recoverytexts::withoutIds(names, *m_document), Dialog::Error, 1, 0);
+    }
+}
+
+/// True when the registry shows the prescription, and nothing that may be the dispense.
+bool DocumentSettling::isShownAsGone(const Undecided& undecided)
+{
+    const std::optional<ShownPrescription> shown = m_inquiry.prescription(prescriptionOf(*undecided.position));
+    return shown && candidates(*shown, undecided.open, undecided.position.get()).isEmpty();
+}
+
+/// The operator may have cancelled it by now, or the registry may show its id.
+DocumentSettling::Decision DocumentSettling::decisionWithoutId(const Undecided& undecided)
+{
+    if (isShownAsGone(undecided)) {
+        return {Verdict::NotRegistered};
+    }
+    const auto shown = m_inquiry.prescription(prescriptionOf(*undecided.position)).value_or(ShownPrescription());
+    return askCashier(undecided, candidates(shown, undecided.open, undecided.position.get()));
+}
+
+bool DocumentSettling::decideRemoved()
+{
+    const QList<DispenseRequest> removed = openRequestsOfRemoved();
+    if (removed.isEmpty()) {
+        return true;
+    }
+    {
+        const LongWork work(recoverytexts::asking());
+        for (const DispenseRequest& request : removed) {
+            m_inquiry.prescription(request.prescription);
+        }
+    }
+    bool isDecided = true;
+    for (const DispenseRequest& request : removed) {
+        isDecided = decideRemoved(request) && isDecided;
+    }
+    return isDecided;
+}
+
+QList<DispenseRequest> DocumentSettling::openRequestsOfRemoved() const
+{
+    QSet<qint64> ofPositions;
+    const Positions positions = prescriptionPositionsOf(*m_document);
+    for (const auto& position : positions) {
+        const QList<qint64> requests = historyOf(*position).requests();
+        ofPositions.unite({requests.cbegin(), requests.cend()});
+    }
+    QList<DispenseRequest> removed = dispenseRequests();
+    removed.removeIf([&](const DispenseRequest& request) {
+        return request.document != m_document->identifier() || ofPositions.contains(request.id) ||
+               request.outcome != DispenseRequest::Outcome::Open;
+    });
+    return removed;
+}
+
+bool DocumentSettling::decideRemoved(const DispenseRequest& request)
+{
+    const std::optional<ShownPrescription> shown = m_inquiry.prescription(request.prescription);
+    const QList<RegistryDispense> possible = shown ? candidates(*shown, request, nullptr) : QList<RegistryDispense>();
+    for (const RegistryDispense& dispense : possible) {
+        m_putOff.append(recoverytexts::heldInVain(request, dispense.id).ui());
+    }
+    if (!possible.isEmpty()) {
+        return false;
+    }
+    const bool isShownAsGone = shown && !shown->isCompleted;
+    if (!isShownAsGone &&
+        dispensequestion::ask(recoverytexts::withoutPosition(), request).kind != DispenseChoice::NoneOfThem) {
+        m_putOff.append(recoverytexts::undecided(request).ui());
+        return false;
+    }
+    m_missing.append(recoverytexts::notRegistered(request).ui());
+    Singleton<RequestJournal>::get()->settle(request.id);
+    return true;
 }
 
 void DocumentSettling::findUnclaimed(const QDate& day)
 {
     const DispenseFacts here = DispenseFacts::of({{"contained"_L1, QJsonArray{m_registry.formLocationResource()}}});
-    const QSet<QString> onTill = idsOnTill(day, nullptr);
+    const QSet<QString> onTill = idsOf(allPrescriptionPositions(withThisOne(m_documents.ofDay(day)), nullptr));
     const Positions positions = prescriptionPositionsOf(*m_document);
     for (const auto& position : positions) {
         const auto shown = m_inquiry.prescription(prescriptionOf(*position));
@@ -382,17 +557,7 @@ void DocumentSettling::findUnclaimed(const QDate& day)
             }
         }
     }
-}
-
-QSet<QString> DocumentSettling::idsOnTill(const QDate& day, const GoodsItem* leftOut) const
-{
-    QSet<QString> ids;
-    collectIds(*m_document, leftOut, ids);
-    const auto documents = Singleton<DocumentArchive>::get()->documentsOf(day);
-    for (const auto& document : documents) {
-        if (document->identifier() != m_document->identifier()) {
-            collectIds(*document, nullptr, ids);
-        }
+    if (m_inquiry.refusal()) {
+        m_findings.append(recoverytexts::cardNotCompared(*m_inquiry.refusal()).ui());
     }
-    return ids;
 }

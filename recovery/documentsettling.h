@@ -4,10 +4,10 @@
 #include "abstractdocument.h"
 #include "positionhistory.h"
 #include "registryinquiry.h"
+#include "tilldocuments.h"
 
 #include <QDate>
 #include <QList>
-#include <QSet>
 #include <QSharedPointer>
 #include <QStringList>
 
@@ -26,10 +26,11 @@ public:
     using Positions = QList<QSharedPointer<GoodsItem>>;
 
     /// @param registry is not owned and outlives this object
+    /// @param documents of the command; not owned, outlives this object
     /// @param document not null
     /// @param statuses of prescriptions to ask the registry for, in this order
-    DocumentSettling(const ElectronicPrescriptionInterface& registry, const QSharedPointer<AbstractDocument>& document,
-                     const QStringList& statuses);
+    DocumentSettling(const ElectronicPrescriptionInterface& registry, TillDocuments& documents,
+                     const QSharedPointer<AbstractDocument>& document, const QStringList& statuses);
 
     /// Applies the answers that did not reach the document, and marks the positions whose outcome is open.
     void applyAnswers();
@@ -37,8 +38,23 @@ public:
     /// Decides what is open of these positions.
     ///
     /// @return false when something stays undecided: the registry could not be asked, which the cashier has read; the
-    ///         cashier put the decision off; or the document could not be saved, which the cashier has read
+    ///         cashier put the decision off; the document could not be saved, which the cashier has read; or the
+    ///         registry holds a dispense of a sale that was cancelled or voided
     bool decide(const Positions& positions);
+
+    /// Decides what cannot be cancelled: dispenses of these positions whose ids the registry has not shown.
+    ///
+    /// The cashier reads that the till cannot cancel them, and who can, and may say that one has been cancelled.
+    ///
+    /// @return false when such a dispense is left, or as for decide()
+    bool decideWithoutIds(const Positions& positions);
+
+    /// Decides the requests of positions that the document does not have any more.
+    ///
+    /// @return false when something is left: it is among putOff()
+    ///
+    /// Throws ElectronicPrescriptionException when the registry cannot be asked.
+    bool decideRemoved();
 
     /// False when decide() could not ask the registry.
     bool couldAsk() const { return m_couldAsk; }
@@ -55,7 +71,7 @@ public:
     const QStringList& findings() const { return m_findings; }
     /// The dispenses that the registry does not hold, a sentence each: no news to a subtotal, which sends them.
     const QStringList& missing() const { return m_missing; }
-    /// What the cashier put off, a sentence each.
+    /// What is not decided, a sentence each.
     const QStringList& putOff() const { return m_putOff; }
 
 private:
@@ -77,22 +93,40 @@ private:
 
     PositionHistory historyOf(const GoodsItem& position) const;
     bool applyAnswer(GoodsItem& position, const PositionHistory& history);
+    /// True for a dispense that the registry holds although nothing was handed out.
+    bool isHeldInVain(const GoodsItem& position) const;
+    void noteRegistered(const GoodsItem& position);
+    void noteCancelled(const GoodsItem& position);
+
+    // Which dispenses of the registry a request may have made
+
+    /// The dispenses that may be that of the request, without those that the till's documents have.
+    QList<RegistryDispense> candidates(const ShownPrescription& shown, const DispenseRequest& request,
+                                       const GoodsItem* position);
+    /// The documents, with the one that is settled as it is in memory.
+    TillDocuments::Documents withThisOne(TillDocuments::Documents documents) const;
+
+    // Decisions
 
     /// The request that is to be decided; empty: there is none.
-    static std::optional<DispenseRequest> openRequestOf(const GoodsItem& position, const PositionHistory& history);
+    std::optional<DispenseRequest> openRequestOf(const GoodsItem& position, const PositionHistory& history) const;
     bool askRegistry(const QList<Undecided>& undecided);
+    bool decide(const QList<Undecided>& undecided);
     Decision decisionOf(const Undecided& undecided);
-    Decision decisionOfRegistration(const Undecided& undecided, const ShownPrescription& shown) const;
+    Decision decisionOfRegistration(const Undecided& undecided, const ShownPrescription& shown);
     Decision decisionOfCancellation(const Undecided& undecided, const QList<RegistryDispense>& shown) const;
-    Decision askCashier(const Undecided& undecided, const QList<RegistryDispense>& possible) const;
+    void showWhatHasNoId(const QList<Undecided>& undecided);
+    bool isShownAsGone(const Undecided& undecided);
+    Decision decisionWithoutId(const Undecided& undecided);
+    static Decision askCashier(const Undecided& undecided, const QList<RegistryDispense>& possible);
     bool carryOut(const Decision& decision, const Undecided& undecided);
     void note(const Decision& decision, const Undecided& undecided);
-
-    /// The ids of the dispenses that the till's documents of that day have, those of one position left out.
-    QSet<QString> idsOnTill(const QDate& day, const GoodsItem* leftOut) const;
+    QList<DispenseRequest> openRequestsOfRemoved() const;
+    bool decideRemoved(const DispenseRequest& request);
     bool save();
 
     const ElectronicPrescriptionInterface& m_registry;
+    TillDocuments& m_documents;
     const QSharedPointer<AbstractDocument> m_document;
     RegistryInquiry m_inquiry;
     QStringList m_findings;

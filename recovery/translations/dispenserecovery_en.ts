@@ -121,8 +121,8 @@
         <translation>The document stays as it was. Repeat the command when the registry answers again.</translation>
     </message>
     <message id="dispenseRecoveryWayOnReturn">
-        <source>Повторите подытог, когда реестр снова отвечает, или отмените возврат: продажа останется закрытой.</source>
-        <translation>Repeat the subtotal when the registry answers again, or cancel the return: the sale then stays closed.</translation>
+        <source>Возврат можно отложить и обслужить следующего покупателя; когда возврат возобновят, касса спросит реестр снова.</source>
+        <translation>The return can be suspended and the next customer served; when it is resumed, the register asks the registry again.</translation>
     </message>
     <message id="dispenseRecoveryWayOnSale">
         <source>Чек можно отложить и обслужить следующего покупателя; когда чек возобновят, касса спросит реестр снова.</source>
@@ -193,6 +193,92 @@
 
 The register does not know what the registry holds: %2.
 Nothing was sent. %3</translation>
+    </message>
+    <message id="dispenseRecoveryMeanwhileStored">
+        <source>До тех пор документ остаётся как был.</source>
+        <translation>Until then the document stays as it was.</translation>
+    </message>
+    <message id="dispenseRecoveryMeanwhile">
+        <source>До тех пор документ можно отложить и обслужить следующего покупателя.</source>
+        <translation>Until then the document can be suspended and the next customer served.</translation>
+    </message>
+    <message id="dispenseRecoveryIdNotShown">
+        <source>реестр не сообщает</source>
+        <translation>not shown by the registry</translation>
+    </message>
+    <message id="dispenseRecoveryHeldInVain">
+        <source>Отпуск записан в реестре, а по чеку ничего не выдано: %1, номер отпуска: %2. Попросите оператора реестра отменить его и повторите сверку.</source>
+        <translation>The registry holds the dispense although nothing was handed out with the sale: %1, dispense number: %2. Ask the registry’s operator to cancel it and repeat the comparison.</translation>
+    </message>
+    <message id="dispenseRecoveryRequest">
+        <source>рецепт %1, доз: %2, отправлено %3</source>
+        <translation>prescription %1, doses: %2, sent %3</translation>
+    </message>
+    <message id="dispenseRecoveryCancelledButSold">
+        <source>Отпуск в реестре отменён, а продажа закрыта: %1. Аннулируйте продажу или оформите возврат.</source>
+        <translation>The dispense is cancelled in the registry, but the sale is closed: %1. Void the sale or return it.</translation>
+    </message>
+    <message id="dispenseRecoveryCancellationUndecided">
+        <source>Запрос не решён: отмена отпуска %1, отправлено %2. Спросите оператора реестра, отменён ли этот отпуск, и повторите сверку.</source>
+        <translation>Undecided request: cancellation of dispense %1, sent %2. Ask the registry’s operator whether this dispense is cancelled, and repeat the comparison.</translation>
+    </message>
+    <message id="dispenseRecoveryRegistrationUndecided">
+        <source>Запрос не решён: %1. Спросите оператора реестра, записан ли этот отпуск, и повторите сверку.</source>
+        <translation>Undecided request: %1. Ask the registry’s operator whether the registry holds this dispense, and repeat the comparison.</translation>
+    </message>
+    <message id="dispenseRecoveryRequestWithoutDocument">
+        <source>Запрос был без документа.</source>
+        <translation>The request had no document.</translation>
+    </message>
+    <message id="dispenseRecoveryDocumentMissing">
+        <source>Документа %1 на кассе нет.</source>
+        <translation>The register has no document %1.</translation>
+    </message>
+    <message id="dispenseRecoveryCancelledWithoutDocument">
+        <source>Отпуск %1 отменён в реестре. Если товар не возвращён, сообщите администратору.</source>
+        <translation>Dispense %1 is cancelled in the registry. If the goods were not returned, tell the administrator.</translation>
+    </message>
+    <message id="dispenseRecoveryCardRefused">
+        <source>%1
+
+Реестр не знает карту этого документа и не показывает её рецепты: карту могли заменить или закрыть. Спросите оператора реестра, что записано, и выберите его ответ.</source>
+        <translation>%1
+
+The registry does not know the card of this document and shows none of its prescriptions: the card may have been replaced or closed. Ask the registry’s operator what it holds, and choose the answer.</translation>
+    </message>
+    <message id="dispenseRecoveryCardNotCompared">
+        <source>Реестр не знает карту этого документа (%1): другие отпуска по ней не сверены.</source>
+        <translation>The registry does not know the card of this document (%1): other dispenses of the card were not compared.</translation>
+    </message>
+    <message id="dispenseRecoveryWithoutIds">
+        <source>Касса не может отменить отпуск, номер которого реестр не сообщил: %1.
+Ничего не отправлено. Попросите оператора реестра отменить этот отпуск. Когда он отменён, повторите команду и выберите последнюю строку списка. %2</source>
+        <translation>The register cannot cancel a dispense whose number the registry has not shown: %1.
+Nothing was sent. Ask the registry’s operator to cancel this dispense. Once it is cancelled, repeat the command and choose the last row of the list. %2</translation>
+    </message>
+    <message id="dispenseRecoveryUndecidedRequests">
+        <source>Не решено, что записано в реестре по запросам без документа. Дайте команду «Сверка с реестром».</source>
+        <translation>It is undecided what the registry holds of requests without a document. Give the command “Comparison with the registry”.</translation>
+    </message>
+    <message id="dispenseRecoveryUndecidedDocuments">
+        <source>Не решено, что записано в реестре. Документы: %1. Дайте команду «Сверка с реестром».</source>
+        <translation>It is undecided what the registry holds. Documents: %1. Give the command “Comparison with the registry”.</translation>
+    </message>
+    <message id="dispenseRecoveryJournalDamaged">
+        <source>Журнал запросов был повреждён: касса могла забыть запросы без ответа. Дайте команду «Сверка с реестром» и сообщите администратору.</source>
+        <translation>The journal of requests was damaged: the register may have forgotten requests without an answer. Give the command “Comparison with the registry” and tell the administrator.</translation>
+    </message>
+    <message id="dispenseRecoveryJournalMissing">
+        <source>в настройке RestClient:journal нет */MedicationDispense/*, поэтому потерянные ответы реестра не сверяются</source>
+        <translation>the setting RestClient:journal lacks */MedicationDispense/*, so that lost answers of the registry are not settled</translation>
+    </message>
+    <message id="dispenseRecoveryPositionMissing">
+        <source>Позиции этого отпуска в чеке нет</source>
+        <translation>The document does not have the position of this dispense</translation>
+    </message>
+    <message id="dispenseRecoveryRegisteredWithoutDocument">
+        <source>Отпуск записан в реестре: %1, номер отпуска: %2. Если товар не выдан, попросите оператора реестра отменить его.</source>
+        <translation>The registry holds the dispense: %1, dispense number: %2. If the goods were not handed out, ask the registry’s operator to cancel it.</translation>
     </message>
 </context>
 </TS>

@@ -207,6 +207,45 @@ INSTANTIATE_TEST_SUITE_P(At, RecoveringAReturn,
                                            PowerFailure{"cancelToBeSaved", At::BeforeSave, 4}),
                          nameOf);
 
+TEST_F(Recovering, undecidedReturnWhileTheRegistryIsDown_isSuspendedTheNextCustomerServedAndItIsPaidOutLater)
+{
+    restartRegistry({"--data", dataFolder() + "/registry.sqlite"});
+    expectPlayed(playsRecovering({sells}));
+    playUntil({"", At::AnswerLost, 2, "cancel"},
+              {cashier::opensTheWholeReturn, cashier::findsTheDocument, R"({"key": "F6"})"});
+    registry.stop();
+
+    expectPlayed(
+        playsRecovering({reads("Возврат можно отложить"), findsTheMark, cashier::suspends, cashier::opensADocument,
+                         R"({"type": "2990000000019", "into": "searchLineEdit"}, {"key": "Return"},
+                                   {"contains": "Амоксидар", "in": "receiptTable"})",
+                         cashier::toThePayment, cashier::pays}));
+    EXPECT_EQ(finished(3)["state"].toString(), "closed");
+    EXPECT_EQ(suspended(2)["positions"].toArray().size(), 3);
+
+    restartRegistry({"--data", dataFolder() + "/registry.sqlite"});
+    expectPlayed(
+        playsRecovering({cashier::opensTheDocuments, R"({"row": 1, "in": "documentTable"}, {"click": "takeUpButton"})",
+                         reads(cancelledLine), cashier::findsTheDocument, cashier::subtotal, cashier::paysOut}));
+    expectAllCancelled(finished(2), "closed");
+    expectInStep(finished(1));
+}
+
+TEST_F(Recovering, undecidedReturnIsCancelled_noPositionStaysUnknown)
+{
+    expectPlayed(playsRecovering({sells}));
+    registry.orderFault({{"endpoint", "cancel"}, {"nth", 1}, {"fault", "close"}, {"carriedOut", true}});
+    expectPlayed(playsRecovering(
+        {cashier::opensTheWholeReturn, cashier::findsTheDocument, R"({"key": "F6"})",
+         R"({"wait": "messageForm"}, {"key": "Return"}, {"visible": false, "in": "messageForm"})", findsTheMark,
+         R"({"key": "F9"}, {"click": "yesButton"})", reads(cancelledLine), cashier::isIdle}));
+    EXPECT_EQ(finished(2)["state"].toString(), "cancelled");
+    for (const QJsonValue position : finished(2)["positions"].toArray()) {
+        EXPECT_FALSE(optionsOf(position.toObject()).contains("recovery"));
+    }
+    expectInStep(finished(1));
+}
+
 /// The registry has booked the second registration, and the power failed before its answer came.
 class Undecided : public Recovering
 {
@@ -344,6 +383,67 @@ TEST_F(Reconciling, closedSuspendedAndOpenDocument_areComparedShownAndPrinted)
     EXPECT_TRUE(report().contains("Сверка с реестром")) << qPrintable(report());
     EXPECT_TRUE(report().contains("Документ 3. Отпуск записан в реестре под номером")) << qPrintable(report());
     EXPECT_TRUE(report().contains("Сверка закончена. Сверено документов: 3.")) << qPrintable(report());
+}
+
+const QByteArray statusIsEmpty = R"({"expect": "", "in": "statusMessageLabel"})";
+/// What the register remarks on the keys of the power-cut plug-in is all that is left.
+const QByteArray warningIsGone =
+    R"({"expect": "Замечаний к настройкам: 2. Сообщите администратору: подробности в журнале.",
+        "in": "statusMessageLabel"})";
+
+QByteArray statusSays(const QByteArray& words)
+{
+    return R"({"contains": ")" + words + R"(", "in": "statusMessageLabel"})";
+}
+
+TEST_F(Reconciling, voidingOfAClosedSaleWasCutOff_theStartSaysSoAndTheComparisonDecides)
+{
+    playUntil({"", At::AnswerLost, 2, "cancel"}, {sells, cashier::voids});
+
+    expectPlayed(playsRecovering(
+        {statusSays("Не решено, что записано в реестре. Документы: 1. Дайте команду «Сверка с реестром»."), reconciles,
+         R"({"wait": "messageForm"}, {"contains": "Документ 1. Отпуск в реестре отменён, а продажа закрыта",
+             "in": "messageLabel"})",
+         reads("Сверка закончена. Сверено документов: 1."), warningIsGone}));
+    EXPECT_EQ(registeredBy(finished(1)).size(), 1);
+    expectInStep(finished(1));
+    expectPlayed(playsRecovering({cashier::isIdle, warningIsGone}));
+}
+
+TEST_F(Reconciling, documentIsLost_itsRequestIsReportedUntilTheCashierDecides)
+{
+    loseTheAnswer();
+    ASSERT_TRUE(QFile::remove(dataFolder() + "/receipt.json"));
+    const QByteArray showsTheRequest = R"({"wait": "messageForm"},
+        {"contains": "Документа 1 на кассе нет. Запрос не решён: рецепт rx-2002", "in": "messageLabel"})";
+
+    // Of the two registrations the first one was confirmed: it is reported once, the other one until it is decided.
+    expectPlayed(playsRecovering({statusSays("Документы: 1."), reconciles, decidesLater, showsTheRequest,
+                                  reads("Документа 1 на кассе нет. Отпуск записан в реестре: рецепт rx-2001"),
+                                  statusSays("Документы: 1.")}));
+    EXPECT_TRUE(report().contains("Документа 1 на кассе нет. Запрос не решён: рецепт rx-2002")) << qPrintable(report());
+    expectPlayed(
+        playsRecovering({statusSays("Документы: 1."), reconciles, choosesTheFirst,
+                         reads("Документа 1 на кассе нет. Отпуск записан в реестре: рецепт rx-2002"), warningIsGone}));
+}
+
+TEST_F(Recovering, journalIsNotConfigured_theStatusLineSaysWhyNothingIsSettled)
+{
+    configure("RestClient:journal", "");
+    expectPlayed(
+        playsRecovering({cashier::findsTheDocument, R"({"key": "Up"})",
+                         statusSays("Модуль не подключён: dispenserecovery: в настройке RestClient:journal")}));
+}
+
+TEST_F(Recovering, journalIsDamaged_theStatusLineSaysSoUntilAComparison)
+{
+    QFile journal(dataFolder() + "/requests.journal");
+    ASSERT_TRUE(journal.open(QIODevice::WriteOnly));
+    journal.write("no journal\n");
+    journal.close();
+    expectPlayed(
+        playsRecovering({cashier::findsTheDocument, R"({"key": "Up"})", statusSays("Журнал запросов был повреждён"),
+                         reconciles, reads("Сверка закончена."), statusIsEmpty}));
 }
 
 TEST_F(Reconciling, decisionIsPutOff_otherDocumentsAreComparedAllTheSame)

@@ -11,6 +11,7 @@ public:
     QList<QSharedPointer<GoodsItem>> getPositions() const override { return positions; }
     bool isClosed() const override { return closed; }
     QString identifier() const override { return name; }
+    bool isUndone() const override { return undone; }
 
     /// Appends a position of these goods and returns it.
     QSharedPointer<GoodsItem> add(const GoodsItem::Goods& goods = {})
@@ -21,6 +22,7 @@ public:
 
     int type = Sale; ///< a value of AbstractDocument::Type
     bool closed = false;
-    QString name; ///< the identifier
+    bool undone = false; ///< cancelled or voided
+    QString name;        ///< the identifier
     QList<QSharedPointer<GoodsItem>> positions;
 };

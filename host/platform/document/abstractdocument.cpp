@@ -57,6 +57,11 @@ void AbstractDocument::setPluginValue(const QString& plugin, const QString& key,
     }
 }
 
+bool AbstractDocument::isUndone() const
+{
+    return false;
+}
+
 QJsonObject AbstractDocument::toJson() const
 {
     QJsonArray positions;

@@ -61,6 +61,9 @@ public:
     /// Empty: it has no name.
     virtual QString identifier() const;
 
+    /// True when it was cancelled or voided: nothing was handed out with it, or all of it came back.
+    virtual bool isUndone() const;
+
 private:
     QHash<QString, QVariantMap> m_pluginValues; ///< by plug-in, then by key
 };

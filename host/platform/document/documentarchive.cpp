@@ -9,3 +9,8 @@ QList<QSharedPointer<AbstractDocument>> DocumentArchive::documentsOf(const QDate
 {
     return {};
 }
+
+QSharedPointer<AbstractDocument> DocumentArchive::document(const QString& /*identifier*/) const
+{
+    return nullptr;
+}

@@ -9,7 +9,7 @@
 #include <QList>
 #include <QSharedPointer>
 
-/// The documents of a day, for a plug-in that looks through them.
+/// The register's documents, for a plug-in that looks through those of a day, or for one.
 ///
 /// What a plug-in changes in one (setPluginValue(), options, tags and soft check id of a position) it saves with
 /// SaveToFileLogic::save(document, {}), which writes the document's own file; nothing else of it changes, even when it
@@ -31,6 +31,14 @@ public:
     ///
     /// @param day in local time
     virtual QList<QSharedPointer<AbstractDocument>> documentsOf(const QDate& day) const;
+
+    /// The document of that name, of whatever day, cancelled and voided ones too. Null when the register has none, or
+    /// none that can be read. As for documentsOf(), the current one is the very object, and another one is read from
+    /// the disk. While plug-ins are initialised, the document that was open when the register ended is not found: it
+    /// comes with event 17.
+    ///
+    /// @param identifier AbstractDocument::identifier()
+    virtual QSharedPointer<AbstractDocument> document(const QString& identifier) const;
 };
 
 extern template struct REGISTERPLATFORM_EXPORT Singleton<DocumentArchive>;

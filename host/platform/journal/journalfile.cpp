@@ -80,6 +80,7 @@ QList<QJsonObject> JournalFile::read()
         if (document.isObject()) {
             objects.append(document.object());
         } else if (!line.isEmpty()) {
+            m_wasDamaged = true;
             log(u"a damaged line is passed over"_s);
         }
     }
@@ -136,6 +137,7 @@ Expected<void> JournalFile::open()
 
 void JournalFile::setAside(const QString& reason)
 {
+    m_wasDamaged = true;
     m_file.close();
     const QString name = m_name + u".damaged-"_s + QDateTime::currentDateTimeUtc().toString(u"yyyyMMddThhmmsszzz"_s);
     const bool renamed = QDir(m_folder).rename(m_name, name);

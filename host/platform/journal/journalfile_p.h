@@ -24,6 +24,9 @@ public:
     /// cannot be read, or is larger than 64 MiB, is set aside under another name, with the same effect as no file.
     QList<QJsonObject> read();
 
+    /// True when read() found a file or a line that cannot be used. A part of the last line is no damage.
+    bool wasDamaged() const { return m_wasDamaged; }
+
     /// Adds a line. Fails with the system's words; the file then ends as before.
     Expected<void> append(const QJsonObject& line);
 
@@ -40,6 +43,7 @@ private:
 
     QString m_folder;
     QString m_name;
-    QFile m_file;                  ///< open for reading and appending, or closed
+    QFile m_file; ///< open for reading and appending, or closed
+    bool m_wasDamaged = false;
     bool m_hasPartOfALine = false; ///< at its end, from a write that failed and could not be taken back
 };

@@ -221,6 +221,11 @@ QList<JournalledRequest> RequestJournal::requestsOf(const QString& document) con
     return found;
 }
 
+bool RequestJournal::wasDamaged() const
+{
+    return d->file.wasDamaged();
+}
+
 void RequestJournal::settle(qint64 id)
 {
     if (!d->find(id)) {

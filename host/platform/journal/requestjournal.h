@@ -39,6 +39,9 @@ public:
     /// Those of one document, see AbstractDocument::identifier().
     QList<JournalledRequest> requestsOf(const QString& document) const;
 
+    /// True when the file of former runs was damaged, wholly or in part: requests of theirs may be missing.
+    bool wasDamaged() const;
+
     /// True when such a POST is written down.
     bool covers(const QUrl& url) const;
 

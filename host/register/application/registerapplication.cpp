@@ -103,6 +103,7 @@ RegisterApplication::~RegisterApplication()
     gui->host().stage = nullptr;
     gui->host().giveUp = {};
     Singleton<ActivityNotifier>::get()->host().failed = {};
+    m_pluginWarnings.reset();
     m_window.reset();
     DocumentWatcher::setCurrentDocument(nullptr);
 }
@@ -285,6 +286,7 @@ void RegisterApplication::openWindow()
     m_menuCommands->offer(*controller);
     m_window = std::make_unique<RegisterWindow>(*m_till, m_marks, configuredFunctionKeys(*config), m_longWork,
                                                 config->getString(u"Register:unlockCode"_s));
+    m_pluginWarnings = std::make_unique<PluginWarnings>(m_window->statusLine());
     gui->host().stage = m_window.get();
     gui->host().giveUp = [this] { giveUp(); };
     if (auto* application = qobject_cast<GuardedApplication*>(qApp)) {
@@ -313,6 +315,7 @@ void RegisterApplication::resumeWork()
     if (m_player) {
         m_player->start(); // first: the next calls may show messages
     }
+    followInactivity(); // before them, too: nobody may be there to read one
     m_plugins.load(m_commandLine.pluginFolder, *Singleton<ActionQueueController>::get(), m_marks);
     m_plugins.onEnded([this] { showPlugins(); });
     showPlugins();
@@ -326,6 +329,10 @@ void RegisterApplication::resumeWork()
     m_storedDocumentCommands->settleRestored();
     m_printer->printInterrupted(m_till->archive());
     followCatalogue();
+}
+
+void RegisterApplication::followInactivity()
+{
     auto* locker = Singleton<InactivityLocker>::get();
     QObject::connect(locker, &InactivityLocker::lock, m_window.get(), &RegisterWindow::lock);
     locker->start();
@@ -368,6 +375,7 @@ void RegisterApplication::showCatalogueFailure(const tr::Tr& message)
 void RegisterApplication::showPlugins()
 {
     const QStringList active = m_plugins.active();
+    m_pluginWarnings->keepThoseOf(active);
     const QString text = active.isEmpty()
                              ? tr::Tr(u"pluginsNone"_s, u"Модулей нет"_s).ui()
                              : tr::Tr(u"pluginsActive"_s, u"Модулей: %1"_s).arg(QString::number(active.size())).ui();

@@ -12,6 +12,7 @@
 #include "orderlyend.h"
 #include "paymentcommands.h"
 #include "pluginhost.h"
+#include "pluginwarnings.h"
 #include "positionmarks.h"
 #include "printedreports.h"
 #include "receiptprinter.h"
@@ -53,6 +54,7 @@ private:
     QSize windowSize() const;
     void openWindow();
     void resumeWork();
+    void followInactivity();
     void showPlugins();
     void showConfigurationProblems();
     void followCatalogue();
@@ -80,6 +82,7 @@ private:
     std::unique_ptr<KeyCommands> m_keyCommands;
     std::unique_ptr<MenuCommands> m_menuCommands;
     std::unique_ptr<RegisterWindow> m_window;
+    std::unique_ptr<PluginWarnings> m_pluginWarnings;
     std::unique_ptr<ScenarioPlayer> m_player;
     OrderlyEnd m_orderlyEnd;
 };

@@ -206,6 +206,11 @@ QString Document::identifier() const
     return QString::number(m_number);
 }
 
+bool Document::isUndone() const
+{
+    return getState() == State::Cancelled || getState() == State::Voided;
+}
+
 Kopecks Document::getSum() const
 {
     return std::accumulate(m_positions.cbegin(), m_positions.cend(), Kopecks{},

@@ -59,6 +59,7 @@ public:
     QString fileName() const override;
     /// Its number.
     QString identifier() const override;
+    bool isUndone() const override;
     /// When it was closed or cancelled, or voided without having been closed; invalid until then.
     QDateTime getFinished() const { return m_ending.finished; }
     /// Invalid when it was not voided.

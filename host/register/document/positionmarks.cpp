@@ -28,6 +28,12 @@ tr::Tr readWords(const QJsonValue& value)
     return {key, value["text"_L1].toString()};
 }
 
+/// Empty when they are no JSON object.
+QJsonObject optionsOf(const Position& position)
+{
+    return QJsonDocument::fromJson(position.getExtendedOptions().toUtf8()).object();
+}
+
 QString labelled(const tr::Tr& label, const QString& value)
 {
     return label.ui() + u": "_s + value;
@@ -95,7 +101,7 @@ PositionMarks::Look PositionMarks::look(const Position& position) const
     if (marks.isEmpty()) {
         return {};
     }
-    const QJsonObject options = QJsonDocument::fromJson(position.getExtendedOptions().toUtf8()).object();
+    const QJsonObject options = optionsOf(position);
     Look look{.mark = shortened(firstText(marks, &Mark::mark)),
               .description = firstText(marks, &Mark::description),
               .state = {},
@@ -125,6 +131,16 @@ QStringList PositionMarks::undoings(const QList<QSharedPointer<Position>>& posit
     texts.removeAll(QString());
     texts.removeDuplicates();
     return texts;
+}
+
+bool PositionMarks::isUndecided(const Position& position) const
+{
+    const QJsonObject options = optionsOf(position);
+    const QList<const Mark*> marks = marksOf(position);
+    return std::any_of(marks.cbegin(), marks.cend(), [&options](const Mark* mark) {
+        return std::any_of(mark->states.cbegin(), mark->states.cend(),
+                           [&options](const State& state) { return state.isUndecided && fits(state, options); });
+    });
 }
 
 QString PositionMarks::documentText(const AbstractDocument& document) const
@@ -208,7 +224,8 @@ PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
         mark.states.append({state.value("option"_L1).toString(),
                             wanted.isString() ? std::optional(wanted.toString()) : std::nullopt,
                             state.value("priority"_L1).toDouble(), readWords(state.value("text"_L1)),
-                            QColor(state.value("colour"_L1).toString()), readWords(state.value("undoing"_L1))});
+                            QColor(state.value("colour"_L1).toString()), readWords(state.value("undoing"_L1)),
+                            state.value("undecided"_L1).toBool()});
     }
     for (const auto value : entry.value("receiptLines"_L1).toArray()) {
         const QJsonObject line = value.toObject();

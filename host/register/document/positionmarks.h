@@ -41,6 +41,9 @@ public:
     /// What taking these positions away undoes, each text once.
     QStringList undoings(const QList<QSharedPointer<Position>>& positions) const;
 
+    /// True when nobody knows yet what an external system holds of the position.
+    bool isUndecided(const Position& position) const;
+
     /// What plug-ins show above the positions, for example "Карта: 1100…"; empty: nothing.
     QString documentText(const AbstractDocument& document) const;
 
@@ -52,6 +55,7 @@ private:
         tr::Tr text;
         QColor colour;
         tr::Tr undoing;
+        bool isUndecided = false; ///< see isUndecided()
     };
     enum class Form { Text, Number, Discount };
     struct ReceiptLine {

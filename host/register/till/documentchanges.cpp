@@ -174,6 +174,7 @@ int Till::nextClosing()
 
 void Till::notifyRestored()
 {
+    emit changed(); // first: a plug-in may ask about the document
     Event restored(EActivityListener::DocumentRestored);
     restored.addArgument(u"document"_s, QVariant::fromValue(m_document.staticCast<AbstractDocument>()));
     Singleton<ActivityNotifier>::get()->notify(restored);

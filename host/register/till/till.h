@@ -107,8 +107,8 @@ public:
     /// Why neither the subtotal nor the payment can be shown.
     std::optional<Obstacle> obstacleToPayment() const;
     std::optional<Obstacle> obstacleToCancelling() const;
-    /// A return, and a sale with money from a card, are suspended only while there is an obstacleOfPlugins(), so that
-    /// the till can go on.
+    /// A return, and a sale with money from a card, are suspended only while there is an obstacleOfPlugins(), or while
+    /// PositionMarks::isUndecided() of a position, so that the till can go on.
     std::optional<Obstacle> obstacleToSuspending() const;
     std::optional<Obstacle> obstacleToResuming(const Document& document) const;
     /// Why no position of the sale can be returned.
@@ -183,6 +183,7 @@ private:
     void recalculateAndSave();
     bool isServed(const Position& position) const;
     QSharedPointer<Position> unserved(const Document& document) const;
+    bool isUndecided(const Document& document) const;
     QString meanwhile(const Document& document) const;
     Obstacle pluginMissing(const Document& document, const Position& position) const;
     std::optional<Obstacle> obstacleWhileCharged() const;

@@ -8,16 +8,6 @@
 #include <limits>
 #include <utility>
 
-namespace
-{
-
-bool isCancelledOrVoided(const Document& document)
-{
-    return document.getState() == Document::State::Cancelled || document.getState() == Document::State::Voided;
-}
-
-} // namespace
-
 TillArchive::TillArchive(const Till& till)
     : m_till(till)
 {
@@ -49,9 +39,20 @@ QList<QSharedPointer<AbstractDocument>> TillArchive::documentsOf(const QDate& da
     }
     QList<QSharedPointer<AbstractDocument>> documents;
     for (const auto& document : std::as_const(found)) {
-        if (!isCancelledOrVoided(*document)) {
+        if (!document->isUndone()) {
             documents.prepend(document);
         }
     }
     return documents;
+}
+
+QSharedPointer<AbstractDocument> TillArchive::document(const QString& identifier) const
+{
+    if (const auto current = getDocument(); current && current->identifier() == identifier) {
+        return current;
+    }
+    if (const auto open = m_till.document(); open && open->identifier() == identifier) {
+        return open;
+    }
+    return m_till.archive().find(identifier.toInt());
 }

@@ -16,6 +16,7 @@ public:
     Q_DISABLE_COPY_MOVE(TillArchive)
 
     QList<QSharedPointer<AbstractDocument>> documentsOf(const QDate& day) const override;
+    QSharedPointer<AbstractDocument> document(const QString& identifier) const override;
 
 private:
     const Till& m_till;

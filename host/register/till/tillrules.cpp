@@ -118,6 +118,14 @@ QSharedPointer<Position> Till::unserved(const Document& document) const
     return found == positions.cend() ? nullptr : *found;
 }
 
+/// True when nobody knows yet what an external system holds of a position: the document waits until it is known.
+bool Till::isUndecided(const Document& document) const
+{
+    const auto& positions = document.positions();
+    return std::any_of(positions.cbegin(), positions.cend(),
+                       [this](const auto& position) { return marks().isUndecided(*position); });
+}
+
 /// What can be done with a document until its plug-in works, as one more line; empty: nothing.
 QString Till::meanwhile(const Document& document) const
 {
@@ -255,7 +263,7 @@ std::optional<Obstacle> Till::obstacleToPayment() const
 
 std::optional<Obstacle> Till::obstacleToSuspending() const
 {
-    if (!m_document || unserved(*m_document)) {
+    if (!m_document || unserved(*m_document) || isUndecided(*m_document)) {
         return std::nullopt;
     }
     if (!m_document->isReturn()) {

@@ -136,6 +136,14 @@ void StatusLine::addProblem(const QString& text)
     dropNews();
 }
 
+void StatusLine::showStanding(const QStringList& warnings)
+{
+    if (m_standing != warnings) {
+        m_standing = warnings;
+        dropNews();
+    }
+}
+
 void StatusLine::showDone(const QString& text)
 {
     show(text, done);
@@ -144,11 +152,7 @@ void StatusLine::showDone(const QString& text)
 void StatusLine::showWarning(const QString& text)
 {
     show(text, warning);
-}
-
-bool StatusLine::isWarningShown() const
-{
-    return m_message->property("textRole").toString() == QLatin1StringView(warning);
+    m_isWarningShown = true;
 }
 
 void StatusLine::dropNews()
@@ -157,11 +161,12 @@ void StatusLine::dropNews()
     if (!m_permanentMessage.isEmpty()) {
         lines.prepend(m_permanentMessage); // what does not work comes first: the rest may be cut
     }
-    show(lines.join(u'\n'), permanent, m_permanentDetails);
+    show((m_standing + lines).join(u'\n'), m_standing.isEmpty() ? permanent : warning, m_permanentDetails);
 }
 
 void StatusLine::show(const QString& text, const char* textRole, const QString& details)
 {
+    m_isWarningShown = false;
     m_message->setText(withoutDirectionMarks(text));
     m_message->setToolTip(plainToolTip(text));
     m_details = withoutDirectionMarks(details);

@@ -26,6 +26,8 @@ public:
     void showMessage(const QString& text, const QString& details = {});
     /// Shows one more problem of the configuration, after the permanent message.
     void addProblem(const QString& text);
+    /// Shows warnings on amber, before the permanent message, until others are shown.
+    void showStanding(const QStringList& warnings);
     /// Shows what was done, in large letters, in place of the permanent message until dropNews().
     void showDone(const QString& text);
     /// Shows a warning on amber, in place of the permanent message until dropNews().
@@ -38,7 +40,8 @@ public:
     QKeySequence buttonKey() const;
     /// Leaves the button without a shortcut.
     void giveButtonKeyAway();
-    bool isWarningShown() const;
+    /// True while showWarning() counts.
+    bool isWarningShown() const { return m_isWarningShown; }
     /// Shows the permanent message again.
     void dropNews();
 
@@ -60,10 +63,12 @@ private:
     void show(const QString& text, const char* textRole, const QString& details = {});
     void offerMore();
 
+    QStringList m_standing;
     QStringList m_problems;
     QString m_permanentMessage;
     QString m_permanentDetails;
     QString m_details; ///< of the message that is shown
+    bool m_isWarningShown = false;
     WrappedLabel* m_message;
     QPushButton* m_more;
     QShortcut* m_moreKey = nullptr;

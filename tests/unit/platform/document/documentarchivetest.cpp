@@ -26,6 +26,7 @@ TEST(DocumentArchive, withoutAHost_isEmpty)
 {
     const DocumentArchive archive;
     EXPECT_TRUE(archive.documentsOf({2024, 2, 29}).isEmpty());
+    EXPECT_FALSE(archive.document(QString::fromLatin1("1")));
 }
 
 TEST(DocumentArchive, thatOfTheHost_isAskedForItsDay)

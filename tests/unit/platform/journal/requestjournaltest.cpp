@@ -253,6 +253,7 @@ TEST_F(RequestJournalTest, cutOffAnywhere_theRequestsBeforeAreReadAndItGoesOn)
         ASSERT_GT(next, ids().first()) << size;
         restart();
         ASSERT_EQ(ids().last(), next) << size;
+        ASSERT_FALSE(journal->wasDamaged()) << size;
     }
 }
 
@@ -271,6 +272,7 @@ TEST_F(RequestJournalTest, damagedLines_arePassedOver)
     EXPECT_EQ(journal->requests().first().method, "POST");
     EXPECT_EQ(journal->requests().first().state, State::Unanswered);
     EXPECT_TRUE(log.text().contains(u"a damaged line is passed over"_s));
+    EXPECT_TRUE(journal->wasDamaged());
 }
 
 TEST_F(RequestJournalTest, fileThatIsNone_isSetAsideAndTheJournalGoesOn)
@@ -280,6 +282,9 @@ TEST_F(RequestJournalTest, fileThatIsNone_isSetAsideAndTheJournalGoesOn)
     restart();
     EXPECT_EQ(begin(), 1);
     EXPECT_EQ(QDir(folder.path()).entryList({u"requests.journal.damaged-*"_s}).size(), 1);
+    EXPECT_TRUE(journal->wasDamaged());
+    restart();
+    EXPECT_FALSE(journal->wasDamaged()) << "the new one is sound";
 }
 
 TEST_F(RequestJournalTest, folderMissing_theRequestMustNotGoOut)

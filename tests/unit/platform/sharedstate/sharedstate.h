@@ -16,6 +16,7 @@
 #include "requestjournal.h"
 #include "restclient.h"
 #include "savetofilelogic.h"
+#include "standingwarning.h"
 
 #include <QMap>
 #include <QString>
@@ -38,6 +39,7 @@ inline QMap<QString, const void*> sharedStateSeenHere()
         {u"LoyaltySystemLayer"_s, &Singleton<LoyaltySystemLayer>::instance},
         {u"ReportPrinter"_s, &Singleton<ReportPrinter>::instance},
         {u"RequestJournal"_s, &Singleton<RequestJournal>::instance},
+        {u"StandingWarning"_s, &Singleton<StandingWarning>::instance},
 
         {u"CurrentTime"_s, &MockFactory<CurrentTime>::mocked},
         {u"Dialog"_s, &MockFactory<Dialog>::mocked},

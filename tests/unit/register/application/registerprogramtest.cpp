@@ -636,6 +636,16 @@ TEST_F(RegisterProgram, inactivity_locksTheWindowAndAKeyLeadsBackToTheFormThatWa
         << qPrintable(output);
 }
 
+TEST_F(RegisterProgram, inactivityAtAMessageOfTheStart_locksTheWindow)
+{
+    write("register.ini", "[Register]\ndemoData=true\n[GUI]\ninactivityLockSeconds=1\n");
+    write("data/receipt.json", "{\"format\":");
+    EXPECT_EQ(play(R"([{"wait": "messageForm"}, {"wait": "lockScreen", "seconds": 30}, {"key": "Space"},
+                       {"visible": false, "in": "lockScreen"}, {"wait": "messageForm"}])"),
+              0)
+        << qPrintable(output);
+}
+
 TEST_F(RegisterProgram, endedWhileLocked_comesBackLockedAndAsksForTheCode)
 {
     write("register.ini", "[Register]\ndemoData=true\nunlockCode=2468\n[GUI]\ninactivityLockSeconds=1\n");

@@ -316,3 +316,19 @@ INSTANTIATE_TEST_SUITE_P(
         NotedShare{"belowZero", "-0.5", 10.0, -5.0, nullptr}, NotedShare{"endless", "1e300", 10.0, 9.0, nullptr},
         NotedShare{"text", "\"0.5\"", 10.0, 5.0, nullptr}, NotedShare{"nothing", "null", 10.0, 5.0, nullptr}),
     [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_F(PositionMarksTest, undecidedState_countsAlsoWhenAnotherOneIsShown)
+{
+    load(R"({"positions": [{"tag": "paper", "states": [
+        {"option": "status", "value": "done", "priority": -1, "text": "готов"},
+        {"option": "outcome", "value": "unknown", "text": "неизвестно", "undecided": true}]}]})");
+    position.setExtendedOptions(uR"({"status": "done", "outcome": "unknown"})"_s);
+    EXPECT_FALSE(marks.isUndecided(position)) << "it has no such tag";
+    position.setTag(u"paper"_s);
+    EXPECT_EQ(marks.look(position).state, u"готов"_s);
+    EXPECT_TRUE(marks.isUndecided(position));
+    for (const QString& options : {u"{}"_s, u""_s, uR"({"status": "done"})"_s, uR"({"outcome": "known"})"_s}) {
+        position.setExtendedOptions(options);
+        EXPECT_FALSE(marks.isUndecided(position)) << qPrintable(options);
+    }
+}

@@ -115,6 +115,35 @@ TEST_F(TillArchiveTest, documentThatIsBeingVoided_isTheCurrentObject)
     till->withCurrentDocument(sale, [&] { EXPECT_TRUE(documents(day).isEmpty()) << "it is of another day"; });
 }
 
+TEST_F(TillArchiveTest, documentByItsName_isFoundWhateverBecameOfIt)
+{
+    sell();                                                        // 1
+    suspend();                                                     // 2
+    cancel();                                                      // 3
+    ASSERT_TRUE(till->voidDocument(till->archive().find(sell()))); // 4
+    open();                                                        // 5
+    clock.now = QDateTime(day.addYears(1), {9, 0});
+    const DocumentArchive* archive = Singleton<DocumentArchive>::get();
+    for (const bool isUndone : {false, true}) {
+        for (const QString& name : isUndone ? QStringList{u"3"_s, u"4"_s} : QStringList{u"1"_s, u"2"_s, u"5"_s}) {
+            const auto found = archive->document(name);
+            ASSERT_TRUE(found) << qPrintable(name);
+            EXPECT_EQ(found->identifier(), name);
+            EXPECT_EQ(found->isUndone(), isUndone) << qPrintable(name);
+        }
+    }
+    EXPECT_EQ(archive->document(u"5"_s), till->document());
+    for (const QString& name : {u"6"_s, u""_s, u"x"_s, u"-1"_s}) {
+        EXPECT_FALSE(archive->document(name)) << qPrintable(name);
+    }
+}
+
+TEST_F(TillArchiveTest, documentThatIsBeingVoided_isFoundAsTheCurrentObject)
+{
+    const auto sale = till->archive().find(sell());
+    till->withCurrentDocument(sale, [&] { EXPECT_EQ(Singleton<DocumentArchive>::get()->document(u"1"_s), sale); });
+}
+
 TEST_F(TillArchiveTest, documentInTwoPlaces_isThereOnce)
 {
     const int number = suspend();

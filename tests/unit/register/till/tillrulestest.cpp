@@ -62,6 +62,64 @@ TEST_F(TillRules, returnOpen_isWholeAndStays)
               u"Сначала завершите открытый документ № 2: отложить его нельзя."_s);
 }
 
+/// A till whose positions may wait for an external system to say what it holds.
+class UndecidedPosition : public TillRules
+{
+protected:
+    UndecidedPosition()
+    {
+        QFile file(folder.filePath(u"positionmarks.json"_s));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(R"({"positions": [{"tag": "paper", "states": [
+            {"option": "outcome", "value": "unknown", "undecided": true}]}]})");
+        file.close();
+        undecidedMarks.load(file.fileName());
+        till->setMarks(undecidedMarks);
+    }
+    void setUndecided(bool isUndecided)
+    {
+        const auto position = till->document()->position(1);
+        position->setTag(u"paper"_s);
+        position->setExtendedOptions(isUndecided ? uR"({"outcome": "unknown"})"_s : u"{}"_s);
+    }
+
+    PositionMarks undecidedMarks;
+};
+
+TEST_F(UndecidedPosition, ofAReturn_itCanBeSuspendedAndGoesOnWhenItIsResumed)
+{
+    const auto sale = sold();
+    ASSERT_TRUE(till->returnSale(sale));
+    EXPECT_FALSE(till->suspend());
+    setUndecided(true);
+    EXPECT_FALSE(till->obstacleToSuspending());
+    EXPECT_TRUE(text(till->obstacleToOpening()).contains(u"Завершите или отложите его"_s));
+    ASSERT_TRUE(till->suspend());
+
+    EXPECT_FALSE(till->obstacleToOpening()) << "the next customer is served";
+    EXPECT_TRUE(text(till->obstacleToReturning(*sale)).startsWith(u"Возврат продажи № 1 начат и отложен"_s));
+    EXPECT_TRUE(till->obstacleToVoiding(*sale));
+    ASSERT_TRUE(till->resume(till->archive().find(2)));
+    EXPECT_TRUE(till->document()->isReturn());
+    setUndecided(false);
+    EXPECT_TRUE(till->obstacleToSuspending()) << "it is decided";
+    EXPECT_TRUE(till->close({Payment::cash(till->due())}));
+}
+
+TEST_F(UndecidedPosition, ofASaleWithMoneyFromACard_itCanBeSuspendedWithTheMoney)
+{
+    till->add(article(amoxidar));
+    CardOperation paid;
+    paid.reference = u"1-1"_s;
+    paid.amount = till->document()->getSum();
+    paid.state = CardOperation::State::Approved;
+    ASSERT_TRUE(till->recordOrShow(till->document(), paid));
+    ASSERT_TRUE(till->obstacleToSuspending());
+    setUndecided(true);
+    ASSERT_TRUE(till->suspend());
+    EXPECT_GT(till->archive().find(1)->getCharged(), Kopecks{0});
+}
+
 TEST_F(TillRules, returnBelowZero_isNotPaidOutButCancelled)
 {
     till->add(article(amoxidar));

@@ -95,6 +95,23 @@ TEST_F(TillTest, recalculation_reachesTheScreens)
     EXPECT_EQ(changes, 1);
 }
 
+TEST_F(TillTest, restored_isOnTheScreensBeforePluginsHearOfIt)
+{
+    till->add(article(amoxidar));
+    Till again(folder.path());
+    qsizetype eventsBefore = -1;
+    QObject::connect(&again, &Till::changed, [&] {
+        if (eventsBefore < 0) {
+            EXPECT_TRUE(again.document());
+            eventsBefore = witness.seen.size();
+        }
+    });
+    witness.seen.clear();
+    again.restore(saved());
+    EXPECT_EQ(eventsBefore, 0);
+    EXPECT_EQ(witness.codes(), QList<int>{17});
+}
+
 TEST_F(TillTest, restored_isCurrentAndSendsItsEvent17Alone)
 {
     till->add(article(amoxidar));

@@ -128,3 +128,25 @@ TEST_F(StatusLineTest, directionMarks_areNotShown)
     window->statusLine().showWarning(u"Отказ \u202eабв"_s);
     EXPECT_EQ(message()->text(), u"Отказ абв"_s);
 }
+
+TEST_F(StatusLineTest, standingWarning_isShownOnAmberBeforeTheRestAndComesBackAfterNews)
+{
+    openWindow();
+    StatusLine& line = window->statusLine();
+    line.showMessage(u"Модуль не подключён"_s);
+    line.showStanding({u"Не решено: 5"_s});
+    EXPECT_EQ(message()->text(), u"Не решено: 5\nМодуль не подключён"_s);
+    EXPECT_EQ(message()->property("textRole").toString(), u"waiting"_s);
+    EXPECT_FALSE(line.isWarningShown()) << "a key does not remove it";
+
+    line.showWarning(u"Подытог не выполнен."_s);
+    EXPECT_EQ(message()->text(), u"Подытог не выполнен."_s);
+    press(Qt::Key_Up);
+    EXPECT_EQ(message()->text(), u"Не решено: 5\nМодуль не подключён"_s);
+    press(Qt::Key_Up);
+    EXPECT_EQ(message()->text(), u"Не решено: 5\nМодуль не подключён"_s);
+
+    line.showStanding({});
+    EXPECT_EQ(message()->text(), u"Модуль не подключён"_s);
+    EXPECT_EQ(message()->property("textRole").toString(), u"hint"_s);
+}

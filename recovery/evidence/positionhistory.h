@@ -28,6 +28,8 @@ public:
     Known known() const { return m_known; }
     /// The registry's id; empty: there is none, or the registry did not give it.
     QString dispense() const { return m_dispense; }
+    /// True when the position says what the last answer says.
+    bool isOnDocument() const;
     /// The request whose outcome only the registry knows; empty: there is none.
     const std::optional<DispenseRequest>& open() const { return m_open; }
     /// An answer was lost, whatever has become known since.

@@ -3,6 +3,7 @@
 
 #include "electronicprescriptioninterface.h"
 #include "electronicprescriptionnoprescriptionsexception.h"
+#include "recoveryregistry.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,8 +18,13 @@ RegistryInquiry::RegistryInquiry(const ElectronicPrescriptionInterface& registry
 std::optional<ShownPrescription> RegistryInquiry::prescription(const QString& id)
 {
     while (!m_shown.contains(id) && !m_statuses.isEmpty()) {
-        askFor(m_statuses.constFirst());
-        m_statuses.removeFirst(); // not when it threw: it is asked for again
+        try {
+            askFor(m_statuses.constFirst());
+            m_statuses.removeFirst(); // not when it threw: it is asked for again
+        } catch (const RefusedCardException& exception) {
+            m_refusal = exception.tr();
+            m_statuses.clear(); // the answer is the same for each
+        }
     }
     const auto found = m_shown.constFind(id);
     return found == m_shown.constEnd() ? std::nullopt : std::optional(*found);

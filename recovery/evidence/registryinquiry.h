@@ -2,6 +2,7 @@
 #pragma once
 
 #include "registrydispense.h"
+#include "tr.h"
 
 #include <QHash>
 #include <QStringList>
@@ -26,10 +27,13 @@ public:
     RegistryInquiry(const ElectronicPrescriptionInterface& registry, const QString& cardNumber,
                     const QStringList& statuses);
 
-    /// Empty: the registry shows it under none of the statuses.
+    /// Empty: the registry shows it under none of the statuses, or does not know the card.
     ///
     /// Throws ElectronicPrescriptionException when the registry cannot be asked.
     std::optional<ShownPrescription> prescription(const QString& id);
+
+    /// What the registry says of a card that it does not know; empty: it knows it, or was not asked yet.
+    const std::optional<tr::Tr>& refusal() const { return m_refusal; }
 
 private:
     void askFor(const QString& status);
@@ -38,4 +42,5 @@ private:
     const QString m_cardNumber;
     QStringList m_statuses;                    ///< not asked for yet
     QHash<QString, ShownPrescription> m_shown; ///< by the prescription's id
+    std::optional<tr::Tr> m_refusal;
 };

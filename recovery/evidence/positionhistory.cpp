@@ -40,6 +40,19 @@ PositionHistory::PositionHistory(const GoodsItem& position, const QString& docum
     }
 }
 
+bool PositionHistory::isOnDocument() const
+{
+    switch (m_known) {
+    case Known::Registered:
+        return m_position.isRegistered && m_position.dispense == m_dispense;
+    case Known::Cancelled:
+        return !m_position.isRegistered;
+    case Known::Nothing:
+        break;
+    }
+    return true;
+}
+
 /// A cancellation may be of another document: a return cancels what its sale has registered.
 bool PositionHistory::isAbout(const DispenseRequest& request) const
 {
