@@ -83,7 +83,7 @@ public:
                 if (!endVoiding(begun)) {
                     return false;
                 }
-            } else if (std::exchange(m_isVoidingInterrupted, false)) {
+            } else if (std::exchange(m_isComparisonDue, false)) {
                 m_register.compare(); // no command for that sale has to follow
             } else {
                 return true;
@@ -227,7 +227,7 @@ private:
     {
         add(steps, 3, {u"subtotal"_s, [this] { m_register.run(control::Subtotal); }});
         add(steps, 2, {u"closing"_s, [this] { m_register.close(); }});
-        add(steps, 1, {u"cancellation"_s, [this] { m_register.run(control::CancelDocument); }});
+        add(steps, 1, {u"cancellation"_s, [this] { cancel(); }});
         if (document.isReturn()) {
             return;
         }
@@ -284,13 +284,18 @@ private:
         till().returnPositions(sale, positions);
     }
 
+    /// A return is cancelled without the registry, so its sale may not know what became of a request.
+    bool cancel()
+    {
+        m_isComparisonDue = m_isComparisonDue || till().document()->isReturn();
+        return m_register.run(control::CancelDocument) == EContext::GoOn;
+    }
+
     void voidIt(const QSharedPointer<Document>& document)
     {
         m_undone.insert(document->getNumber());
-        m_isVoidingInterrupted = true;
-        if (m_register.voidDocument(document) == EContext::GoOn && m_register.hasPower()) {
-            m_isVoidingInterrupted = false;
-        }
+        const bool isVoided = m_register.voidDocument(document) == EContext::GoOn && m_register.hasPower();
+        m_isComparisonDue = m_isComparisonDue || !isVoided;
     }
 
     bool isFirst(const Document& document) const { return document.getNumber() == m_first; }
@@ -322,8 +327,7 @@ private:
     bool end()
     {
         if (till().document()->positions().isEmpty() || chance(3)) {
-            return insist(u"cancellation at the end"_s,
-                          [this] { return m_register.run(control::CancelDocument) == EContext::GoOn; });
+            return insist(u"cancellation at the end"_s, [this] { return cancel(); });
         }
         return insist(u"closing at the end"_s, [this] { return m_register.close(); });
     }
@@ -361,7 +365,7 @@ private:
     bool m_isShared[std::size(prescribed)] = {}; ///< both sales dispense a part of the prescription
     int m_opened = 0;                            ///< so many sales
     int m_first = 0;                             ///< the number of the first one
-    bool m_isVoidingInterrupted = false;         ///< the sale need not know it
+    bool m_isComparisonDue = false;              ///< a sale may lack what became of a request
     QSet<int> m_undone;                          ///< sales that were returned or voided, or begun to be
     QStringList m_steps;
 };
