@@ -16,21 +16,30 @@ namespace
 struct NamedFault {
     const char* name;
     Delivery::Manner manner;
-    bool isCarriedOut;
-    bool hasOwnAnswer;
-    bool halvesBody;
+    enum class Effect { AtOnce, Late, None } effect;
+    bool hasOwnAnswer = false;
+    bool halvesBody = false;
 };
 
 using Manner = Delivery::Manner;
+using Effect = NamedFault::Effect;
 constexpr std::array namedFaults{
-    NamedFault{"delay", Manner::Whole, true, false, false},  NamedFault{"drip", Manner::Dripping, true, false, false},
-    NamedFault{"cut", Manner::CutOff, true, false, false},   NamedFault{"half-json", Manner::Whole, true, false, true},
+    NamedFault{"delay", Manner::Whole, Effect::AtOnce},
+    NamedFault{"drip", Manner::Dripping, Effect::AtOnce},
+    NamedFault{"cut", Manner::CutOff, Effect::AtOnce},
+    NamedFault{"half-json", Manner::Whole, Effect::AtOnce, false, true},
 
-    NamedFault{"never", Manner::Never, false, false, false}, NamedFault{"close", Manner::Close, false, false, false},
-    NamedFault{"reset", Manner::Reset, false, false, false},
+    NamedFault{"late", Manner::Close, Effect::Late},
 
-    NamedFault{"status", Manner::Whole, false, true, false}, NamedFault{"html", Manner::Whole, false, true, false},
-    NamedFault{"empty", Manner::Whole, false, true, false},  NamedFault{"body", Manner::Whole, false, true, false}};
+    NamedFault{"never", Manner::Never, Effect::None},
+    NamedFault{"close", Manner::Close, Effect::None},
+    NamedFault{"reset", Manner::Reset, Effect::None},
+
+    NamedFault{"status", Manner::Whole, Effect::None, true},
+    NamedFault{"html", Manner::Whole, Effect::None, true},
+    NamedFault{"empty", Manner::Whole, Effect::None, true},
+    NamedFault{"body", Manner::Whole, Effect::None, true},
+};
 
 HttpAnswer ownAnswer(const QString& name)
 {
@@ -94,7 +103,8 @@ std::optional<FaultOrder> FaultOrder::named(const QString& name)
         FaultOrder order;
         order.name = name;
         order.manner = fault.manner;
-        order.isCarriedOut = fault.isCarriedOut;
+        order.isCarriedOut = fault.effect != Effect::None;
+        order.isLate = fault.effect == Effect::Late;
         order.halvesBody = fault.halvesBody;
         if (fault.hasOwnAnswer) {
             order.answer = ownAnswer(name);

@@ -20,11 +20,12 @@ struct FaultOrder {
     std::chrono::milliseconds delay{0};
     std::chrono::milliseconds pause{0};
     bool isCarriedOut = true;         ///< the request takes effect, whatever happens to its answer
+    bool isLate = false;              ///< it takes effect only when the next request comes that books something
     std::optional<HttpAnswer> answer; ///< sent instead of the registry's answer
     bool halvesBody = false;          ///< the body ends in its middle, and Content-Length is that of the half
 
-    /// The fault of that name, with its row in docs/emulator.md: "delay", "drip", "cut", "never", "close", "reset",
-    /// "status" (503), "html", "empty", "half-json" or "body". Nothing for any other name.
+    /// The fault of that name, with its row in docs/emulator.md: "delay", "drip", "cut", "late", "never", "close",
+    /// "reset", "status" (503), "html", "empty", "half-json" or "body". Nothing for any other name.
     static std::optional<FaultOrder> named(const QString& name);
     static QStringList names();
 

@@ -73,6 +73,11 @@ void FaultScript::carryOutThenReset(Endpoint endpoint, Occasion occasion)
     order(afterwards(prepared(u"reset"_s, endpoint, occasion)));
 }
 
+void FaultScript::carryOutLate(Endpoint endpoint, Occasion occasion)
+{
+    order(prepared(u"late"_s, endpoint, occasion));
+}
+
 void FaultScript::answerStatus(Endpoint endpoint, int status, Occasion occasion)
 {
     FaultOrder refusing = prepared(u"status"_s, endpoint, occasion);

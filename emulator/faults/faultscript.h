@@ -30,6 +30,8 @@ public:
     void carryOutThenNeverAnswer(Endpoint endpoint, Occasion occasion = {});
     void carryOutThenClose(Endpoint endpoint, Occasion occasion = {});
     void carryOutThenReset(Endpoint endpoint, Occasion occasion = {});
+    /// No answer; the request is carried out when the next one comes that registers or cancels a dispense, before it.
+    void carryOutLate(Endpoint endpoint, Occasion occasion = {});
 
     /// An answer of that status without a body; the request is not carried out.
     void answerStatus(Endpoint endpoint, int status, Occasion occasion = {});

@@ -6,6 +6,8 @@
 
 #include <QLocale>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace emulator
@@ -16,6 +18,11 @@ namespace
 QByteArray httpDate(const QDateTime& moment)
 {
     return QLocale::c().toString(moment.toUTC(), u"ddd, dd MMM yyyy hh:mm:ss 'GMT'"_s).toLatin1();
+}
+
+bool books(Endpoint endpoint)
+{
+    return endpoint == Endpoint::DispenseRegistration || endpoint == Endpoint::DispenseCancellation;
 }
 
 /// The status that the client receives; 0 when it receives none.
@@ -45,10 +52,9 @@ Delivery ScriptedRegistry::answer(const HttpRequest& request)
     const auto fault = m_faults.takeFor(route.endpoint);
 
     Delivery delivery;
-    if (!fault) {
-        delivery.answer = m_api.answer(request, route);
-    } else {
-        delivery = fault->deliver(fault->isCarriedOut ? m_api.answer(request, route) : HttpAnswer());
+    delivery.answer = carryOut(request, route, fault);
+    if (fault) {
+        delivery = fault->deliver(std::move(delivery.answer));
     }
     JournalEntry entry;
     entry.connection = request.connection;
@@ -63,6 +69,23 @@ Delivery ScriptedRegistry::answer(const HttpRequest& request)
         entry.fault = fault->name;
     }
     return deliver(m_journal.add(std::move(entry)), std::move(delivery));
+}
+
+/// The registry's answer; an empty one when the fault keeps it from carrying the request out, or from doing so now.
+HttpAnswer ScriptedRegistry::carryOut(const HttpRequest& request, const Route& route,
+                                      const std::optional<FaultOrder>& fault)
+{
+    if (books(route.endpoint)) {
+        const QList<HttpRequest> late = std::exchange(m_keptBack, {});
+        for (const HttpRequest& former : late) {
+            m_api.answer(former, m_api.routeOf(former));
+        }
+    }
+    if (fault && fault->isLate && fault->isCarriedOut) {
+        m_keptBack.append(request);
+        return {};
+    }
+    return !fault || fault->isCarriedOut ? m_api.answer(request, route) : HttpAnswer();
 }
 
 Delivery ScriptedRegistry::answerUnreadable(const HttpRequest& request, int status)
@@ -100,6 +123,7 @@ void ScriptedRegistry::reset()
     m_store.replace(m_seed ? SeedReader(today()).read(*m_seed) : Seed());
     tokens().expireAll();
     m_faults.clear();
+    m_keptBack.clear();
     m_journal.clear();
 }
 

@@ -8,6 +8,8 @@
 #include "prescriptionstore.h"
 #include "registryapi.h"
 
+#include <QList>
+
 #include <optional>
 
 namespace emulator
@@ -23,7 +25,8 @@ public:
     Q_DISABLE_COPY_MOVE(ScriptedRegistry)
     ~ScriptedRegistry() = default;
 
-    /// The registry's answer, or what the due fault makes of it. The delivery must not outlive this object.
+    /// The registry's answer, or what the due fault makes of it. Before a request that registers or cancels a dispense,
+    /// those are carried out that a fault has kept back. The delivery must not outlive this object.
     Delivery answer(const HttpRequest& request);
     /// The answer to bytes that are no request.
     /// @param request has only the number of the connection
@@ -34,7 +37,8 @@ public:
     void keepSeed(const JsonNode& seed);
     /// Takes the seed, and begins again with it. Throws as keepSeed() does.
     void seed(const JsonNode& seed);
-    /// Begins again with the seed, or with nothing when there is none: state, tokens, faults and journal.
+    /// Begins again with the seed, or with nothing when there is none: state, tokens, faults, requests that were kept
+    /// back, and journal.
     void reset();
     /// Puts more active prescriptions on a card.
     void fillCard(const QString& card, int count);
@@ -52,6 +56,7 @@ public:
     TokenService& tokens() { return m_api.tokens(); }
 
 private:
+    HttpAnswer carryOut(const HttpRequest& request, const Route& route, const std::optional<FaultOrder>& fault);
     Delivery deliver(qint64 journalNumber, Delivery delivery);
     QDate today() const { return m_clock().date(); }
 
@@ -59,6 +64,7 @@ private:
     PrescriptionStore m_store;
     RegistryApi m_api;
     FaultScript m_faults;
+    QList<HttpRequest> m_keptBack; ///< received, and not carried out yet
     Journal m_journal;
     std::optional<JsonNode> m_seed;
 };

@@ -63,13 +63,21 @@ inline const QByteArray voids =
     R"({"key": "F10"}, {"wait": "menuForm"}, {"key": "4"}, {"wait": "inputLineEdit"}, {"type": "1"}, {"key": "Return"},
        {"click": "yesButton"}, {"visible": false, "in": "questionForm"})";
 
+/// Reads a message and closes it.
+///
+/// @param shown a part of it
+inline QByteArray reads(const QByteArray& shown)
+{
+    return R"({"wait": "messageForm"}, {"contains": ")" + shown +
+           R"(", "in": "messageLabel"}, {"key": "Return"}, {"visible": false, "in": "messageForm"})";
+}
+
 /// Tries something and reads the message that says why it is not done.
 ///
 /// @param shown a part of the message
 inline QByteArray tries(const QByteArray& what, const char* shown)
 {
-    return what + R"(, {"wait": "messageForm"}, {"contains": ")" + shown +
-           R"(", "in": "messageLabel"}, {"key": "Return"}, {"visible": false, "in": "messageForm"})";
+    return what + ", " + reads(shown);
 }
 
 } // namespace cashier

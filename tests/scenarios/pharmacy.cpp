@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
+#include <QProcessEnvironment>
 
 #include <csignal>
 #include <cstdio>
@@ -89,6 +90,19 @@ void Pharmacy::TearDown()
 void Pharmacy::configure(const QString& key, const QString& value)
 {
     m_configuration.insert(key, value);
+}
+
+void Pharmacy::setInEnvironment(const QString& variable, const QString& value)
+{
+    QProcessEnvironment environment = m_register.processEnvironment();
+    if (environment.isEmpty()) {
+        environment = QProcessEnvironment::systemEnvironment();
+    }
+    environment.insert(variable, value);
+    if (value.isEmpty()) {
+        environment.remove(variable);
+    }
+    m_register.setProcessEnvironment(environment);
 }
 
 void Pharmacy::configureRegistry()

@@ -38,6 +38,10 @@ protected:
     ///
     /// @param key such as "Register:demoData"
     void configure(const QString& key, const QString& value);
+    /// Sets a variable of the environment for the register's next start.
+    ///
+    /// @param value empty: the variable is removed
+    void setInEnvironment(const QString& variable, const QString& value);
     /// Has the register use a copy of one of the plug-in's layouts in which `widget` has another name.
     void loseWidget(const QString& layout, const QString& widget);
     /// Starts the registry again with these options, and configures its new URL.

@@ -25,6 +25,21 @@ QString saveMoment(PowerFailure::At at)
     }
 }
 
+/// As JOURNAL_CUT wants it; empty when the power does not fail at a line of the journal.
+QString journalMoment(const PowerFailure& failure)
+{
+    switch (failure.at) {
+    case PowerFailure::At::BeforeJournalLine:
+        return u"before %1"_s.arg(failure.nth);
+    case PowerFailure::At::WithinJournalLine:
+        return u"within %1"_s.arg(failure.nth);
+    case PowerFailure::At::AfterJournalLine:
+        return u"after %1"_s.arg(failure.nth);
+    default:
+        return {};
+    }
+}
+
 /// A plug-in's layouts are in a folder of the library's name without it.
 constexpr QLatin1StringView libraryPrefix{"lib"};
 
@@ -62,6 +77,8 @@ void PowerCutTest::playUntil(const PowerFailure& failure, const QByteArrayList& 
 
     configure(u"PowerCut:at"_s, saveMoment(failure.at));
     configure(u"PowerCut:nth"_s, QString::number(failure.nth));
+    setInEnvironment(u"JOURNAL_CUT"_s, journalMoment(failure));
+    setInEnvironment(u"LD_PRELOAD"_s, journalMoment(failure).isEmpty() ? QString() : QString::fromUtf8(JOURNAL_CUT));
     const bool atRequest = *failure.endpoint != 0;
     if (atRequest) {
         registry.orderFault({{"endpoint", failure.endpoint},
@@ -79,6 +96,8 @@ void PowerCutTest::playUntil(const PowerFailure& failure, const QByteArrayList& 
     ASSERT_TRUE(wasKilled()) << qPrintable(outcome.output);
     registry.withdrawFaults();
     configure(u"PowerCut:at"_s, {});
+    setInEnvironment(u"JOURNAL_CUT"_s, {});
+    setInEnvironment(u"LD_PRELOAD"_s, {});
 }
 
 void PowerCutTest::correct(const QString& file)

@@ -15,6 +15,10 @@ struct PowerFailure {
         AnswerLost,  ///< after the registry has carried out a request, before its answer arrives
         BeforeSave,  ///< before a document is saved
         AfterSave,   ///< after a document was saved
+
+        BeforeJournalLine, ///< before a line is written to the journal of requests
+        WithinJournalLine, ///< when half of the line is written
+        AfterJournalLine,  ///< when the line is written, before anything else happens
     };
 
     const char* name;
@@ -40,7 +44,8 @@ protected:
     /// Puts a plug-in with its layouts into the folder. It stays as it is when it has the plug-in.
     void install(const QString& library);
 
-    /// Plays the steps until the power fails. The test fails when they end before.
+    /// Plays the steps until the power fails, while the registry fails as it was ordered to. The test fails when they
+    /// end before.
     void playUntil(const PowerFailure& failure, const QByteArrayList& steps);
 
     /// Corrects a saved document as an administrator does while the register is closed: each position gets the id and

@@ -80,7 +80,14 @@ emulator::EmulatorSettings settingsOver(Pharmacy::Over over)
     return settings;
 }
 
-QMap<QString, QString> configuration(const QString& registry, const QString& dataFolder, int timeoutSeconds)
+QJsonObject asJson(const QString& text)
+{
+    return QJsonDocument::fromJson(text.toUtf8()).object();
+}
+
+} // namespace
+
+QMap<QString, QString> configurationFor(const QString& registry, const QString& dataFolder, int timeoutSeconds)
 {
     return {
         {u"Register:data"_s, dataFolder},
@@ -97,12 +104,10 @@ QMap<QString, QString> configuration(const QString& registry, const QString& dat
     };
 }
 
-QJsonObject asJson(const QString& text)
+QString seedOfThreePrescriptions()
 {
-    return QJsonDocument::fromJson(text.toUtf8()).object();
+    return QString::fromUtf8(TEST_SEED);
 }
-
-} // namespace
 
 class Pharmacy::Listener : public BaseActivityListener
 {
@@ -122,8 +127,8 @@ private:
 };
 
 Pharmacy::Pharmacy(Over over, int timeoutSeconds)
-    : m_registry(settingsOver(over), QString::fromUtf8(TEST_SEED))
-    , m_config(configuration(m_registry.url().toString(), dataFolder.path(), timeoutSeconds))
+    : m_registry(settingsOver(over), seedOfThreePrescriptions())
+    , m_config(configurationFor(m_registry.url().toString(), dataFolder.path(), timeoutSeconds))
     , m_listener(std::make_unique<Listener>(*this))
     , m_document(documentOfThree())
 {

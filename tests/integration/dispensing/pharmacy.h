@@ -12,6 +12,7 @@
 
 #include <QJsonObject>
 #include <QList>
+#include <QMap>
 #include <QSharedPointer>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -19,6 +20,15 @@
 #include <functional>
 #include <memory>
 #include <optional>
+
+/// What the plug-in needs of the configuration.
+///
+/// @param registry its URL
+/// @param timeoutSeconds of a request
+QMap<QString, QString> configurationFor(const QString& registry, const QString& dataFolder, int timeoutSeconds);
+
+/// The seed of a registry with three prescriptions of one patient, whose card is 1100.
+QString seedOfThreePrescriptions();
 
 /// The plug-in's service with a document of three prescription positions, none of them registered, and an emulated
 /// registry. The registry client, the HTTP client and the saving are the real ones.

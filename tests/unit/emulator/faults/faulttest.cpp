@@ -129,6 +129,40 @@ TEST_F(FaultTest, carriedOutThenReset_isBooked)
     EXPECT_EQ(booked(), 1);
 }
 
+TEST_F(FaultTest, lateRegistration_isBookedWhenTheNextOneComes)
+{
+    m_emulator->faults().carryOutLate(Endpoint::DispenseRegistration);
+    EXPECT_EQ(endAfterRegistration(), End::Orderly);
+    EXPECT_EQ(lastEntry().status, 0);
+    EXPECT_EQ(byCard("?patientIdentifier=1100&status=active").status, 200);
+    EXPECT_EQ(booked(), 0) << "a look-up shows the state before";
+
+    const QString second = idOfDispense(registerDispense(fullPriceDispense()));
+    const auto dispenses = m_emulator->store().dispensesOf(u"rx-full"_s);
+    ASSERT_EQ(dispenses.size(), 2);
+    EXPECT_EQ(dispenses.last().id, second) << "the late one was first";
+}
+
+TEST_F(FaultTest, lateCancellation_comesBeforeTheRepeatedOne)
+{
+    const QString id = idOfDispense(registerDispense(fullPriceDispense()));
+    m_emulator->faults().carryOutLate(Endpoint::DispenseCancellation);
+    const QByteArray path = "/MedicationDispense/" + id.toUtf8() + "/$set-as-error";
+    EXPECT_EQ(endAfter(m_emulator->url(), RawConnection::requestBytes("POST", path, m_headers, "{}")), End::Orderly);
+    EXPECT_FALSE(m_emulator->store().dispense(id).value().isCancelled);
+
+    expectRefusal(cancelDispense(id.toUtf8()), emulator::RefusalCode::DispenseAlreadyCancelled, {id});
+}
+
+TEST_F(FaultTest, resetRegistry_forgetsLateRequests)
+{
+    m_emulator->faults().carryOutLate(Endpoint::DispenseRegistration);
+    EXPECT_EQ(endAfterRegistration(), End::Orderly);
+    m_emulator->reset();
+    EXPECT_EQ(registerDispense(fullPriceDispense()).status, 200);
+    EXPECT_EQ(booked(), 1);
+}
+
 TEST_F(FaultTest, cutOffAnswer_statesWholeLengthAndSendsHalf)
 {
     m_emulator->faults().cutAnswerOff(Endpoint::DispenseRegistration);
