@@ -190,8 +190,10 @@ void Soak::expectAgreement(const QList<QJsonObject>& documents)
     EXPECT_EQ(soak::openRequests(journal()), QStringList());
     const soak::Totals totals = soak::totalsOf(atTheRegistry);
     EXPECT_EQ(totals, soak::totalsOf(inTheDocuments));
-    std::printf("  in step: %lld dispenses, %s doses, %lld kopecks of payers\n", qlonglong(atTheRegistry.size()),
-                qPrintable(QString::number(double(totals.doses) / 100)), qlonglong(totals.net));
+    if (!HasFailure()) {
+        std::printf("  in step: %lld dispenses, %s doses, %lld kopecks of payers\n", qlonglong(atTheRegistry.size()),
+                    qPrintable(QString::number(double(totals.doses) / 100)), qlonglong(totals.net));
+    }
 }
 
 QByteArray Soak::journal() const
