@@ -2,6 +2,8 @@
 #include "footprint.h"
 #include "qtprinting.h"
 
+#include <QCoreApplication>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
