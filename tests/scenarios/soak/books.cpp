@@ -123,4 +123,19 @@ Totals totalsOf(const Books& books)
     return totals;
 }
 
+QStringList openRequests(const QByteArray& journal)
+{
+    QMap<qint64, QString> open;
+    for (const QByteArray& text : journal.split('\n')) {
+        const QJsonObject line = QJsonDocument::fromJson(text).object();
+        const qint64 id = line.value("id"_L1).toInteger();
+        if (line.contains("method"_L1)) {
+            open.insert(id, u"%1: %2"_s.arg(id).arg(line.value("url"_L1).toString()));
+        } else if (line.value("settled"_L1).toBool()) {
+            open.remove(id);
+        }
+    }
+    return open.values();
+}
+
 } // namespace soak

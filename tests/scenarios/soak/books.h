@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArray>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QList>
@@ -49,6 +50,11 @@ struct Totals {
     bool operator==(const Totals&) const = default;
 };
 Totals totalsOf(const Books& books);
+
+/// The requests in the register's journal that are not settled, a line each with number and address.
+///
+/// @param journal in the form of docs/data-folder.md
+QStringList openRequests(const QByteArray& journal);
 
 /// Roubles to kopecks, doses to hundredths.
 qint64 hundredths(const QJsonValue& amount);

@@ -66,4 +66,16 @@ TEST(SoakBooks, cancelledDispense_isNotInTheRegistrysBooks)
     EXPECT_EQ(soak::registryBooks(prescriptions), (Books{{u"d1"_s, {u"rx"_s, 300, 0, 0}}}));
 }
 
+TEST(SoakBooks, journal_namesWhatIsNotSettled)
+{
+    const QByteArray journal = R"({"id": 1, "method": "POST", "url": "http://registry/register"}
+{"id": 2, "method": "POST", "url": "http://registry/d1/cancel"}
+{"id": 1, "status": 200, "answer": ""}
+{"id": 1, "settled": true}
+{"id": 2, "status": 503, "answer": ""}
+)";
+    EXPECT_EQ(soak::openRequests(journal), QStringList(u"2: http://registry/d1/cancel"_s));
+    EXPECT_EQ(soak::openRequests({}), QStringList());
+}
+
 } // namespace

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "fault.h"
 
-#include <QStringList>
-
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -124,12 +122,6 @@ QList<Fault> faultsOf(const QList<Endpoint>& endpoints)
         }
     }
     return faults;
-}
-
-bool tellsItsOutcome(const QJsonObject& entry)
-{
-    static const QStringList telling{QString(), u"delay"_s, u"drip"_s, u"status"_s};
-    return entry.value("answeredWhole"_L1).toBool() && telling.contains(entry.value("fault"_L1).toString());
 }
 
 } // namespace soak

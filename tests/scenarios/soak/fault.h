@@ -39,9 +39,4 @@ struct Fault {
 /// Every fault of these endpoints. A request that books something can be carried out although its answer is lost.
 QList<Fault> faultsOf(const QList<Endpoint>& endpoints);
 
-/// True when the answer to a request lets the register know whether it was carried out.
-///
-/// @param entry a request of the emulator's journal
-bool tellsItsOutcome(const QJsonObject& entry);
-
 } // namespace soak

@@ -20,9 +20,6 @@ constexpr int mostPositions = 3;
 constexpr int latestReturn = 10; // customers after the sale
 constexpr std::array patientShares{10, 5, 3, 1, 0};
 
-const QString closed = u"closed"_s;
-const QString cancelled = u"cancelled"_s;
-
 QString cardOf(int sale)
 {
     return u"12%1"_s.arg(sale, 14, 10, QChar(u'0'));
@@ -101,8 +98,9 @@ private:
     void sellWithPrescriptions();
     QList<PlannedPrescription> newPrescriptions(int sale);
     void serveAll(VisitWriter& writer, int sale);
-    void mayFail(VisitWriter& writer, Deck<Fault>& faults, int oneIn, int mostPassing);
-    void keepSale(VisitWriter& writer, bool isClosed);
+    bool mayFail(VisitWriter& writer, Deck<Fault>& faults, int oneIn, int mostPassing);
+    void mayLoseAnAnswer(VisitWriter& writer, Deck<Fault>& faults, int oneIn, int requests);
+    void keepSale(VisitWriter& writer);
     void takeReturn(const PlannedSale& sale);
     int nextDocument() { return int(m_plan.visits.size()) + 1; }
 
@@ -145,7 +143,7 @@ void Planner::sellWithoutPrescription()
     VisitWriter writer(m_chance, nextDocument());
     writer.opensADocument();
     writer.addsGoods();
-    keepSale(writer, writer.registers());
+    keepSale(writer);
 }
 
 QList<PlannedPrescription> Planner::newPrescriptions(int sale)
@@ -164,10 +162,21 @@ QList<PlannedPrescription> Planner::newPrescriptions(int sale)
 }
 
 /// @param oneIn how many visits have one fault
-void Planner::mayFail(VisitWriter& writer, Deck<Fault>& faults, int oneIn, int mostPassing)
+/// @return whether this one has
+bool Planner::mayFail(VisitWriter& writer, Deck<Fault>& faults, int oneIn, int mostPassing)
 {
-    if (m_chance.oneIn(oneIn)) {
+    const bool fails = m_chance.oneIn(oneIn);
+    if (fails) {
         writer.expectFault(faults.deal(m_chance), m_chance.between(0, mostPassing));
+    }
+    return fails;
+}
+
+/// One of several requests fails, and the question what became of it may fail too.
+void Planner::mayLoseAnAnswer(VisitWriter& writer, Deck<Fault>& faults, int oneIn, int requests)
+{
+    if (mayFail(writer, faults, oneIn, requests - 1)) {
+        mayFail(writer, m_lookUpFaults, 3, 1);
     }
 }
 
@@ -180,7 +189,7 @@ void Planner::serveAll(VisitWriter& writer, int sale)
     for (qsizetype served = 0; served < prescriptions.size(); ++served) {
         writer.serves();
     }
-    mayFail(writer, m_registrationFaults, 4, int(prescriptions.size()) - 1);
+    mayLoseAnAnswer(writer, m_registrationFaults, 4, int(prescriptions.size()));
 }
 
 void Planner::sellWithPrescriptions()
@@ -193,17 +202,13 @@ void Planner::sellWithPrescriptions()
         writer.addsGoods();
     }
     serveAll(writer, number);
-    keepSale(writer, writer.registers());
+    keepSale(writer);
 }
 
-void Planner::keepSale(VisitWriter& writer, bool isClosed)
+void Planner::keepSale(VisitWriter& writer)
 {
-    if (!isClosed) {
-        m_plan.visits.append(writer.finish(cancelled));
-        return;
-    }
     writer.pays();
-    m_plan.visits.append(writer.finish(closed));
+    m_plan.visits.append(writer.finish());
     if (m_wantedReturns > 0) {
         --m_wantedReturns;
         m_due.append({int(m_plan.visits.size()) + m_chance.between(0, latestReturn), writer.sale()});
@@ -215,11 +220,11 @@ void Planner::takeReturn(const PlannedSale& sale)
     VisitWriter writer(m_chance, nextDocument());
     writer.opensTheReturn(sale);
     if (!sale.prescriptions.isEmpty()) {
-        mayFail(writer, m_cancellationFaults, 2, 0);
+        mayLoseAnAnswer(writer, m_cancellationFaults, 2, int(sale.prescriptions.size()));
     }
     ++m_plan.returns;
-    const bool isClosed = writer.paysOut();
-    m_plan.visits.append(writer.finish(isClosed ? closed : cancelled));
+    writer.paysOut();
+    m_plan.visits.append(writer.finish());
 }
 
 void Planner::returnWhatIsDue(bool atOnce)

@@ -5,8 +5,6 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QList>
-#include <QString>
-#include <QStringList>
 
 #include <cstdint>
 
@@ -19,13 +17,8 @@ struct Visit {
     QByteArrayList steps;      ///< of the scenario
     QJsonArray faults;         ///< orders for the emulator; each hits one of the visit's requests
     bool isComparable = false; ///< a prescription sale without a fault
-    int document = 0;          ///< its number
-    QString state;             ///< that it ends in, as it is saved
-    qint64 total = 0;          ///< kopecks that came in; negative: that were paid out; 0 when it is cancelled
-    /// Prescriptions whose dispense the registry has booked without the document knowing it.
-    QStringList lostRegistrations;
-    /// Prescriptions whose dispense the registry has cancelled without the document knowing it.
-    QStringList lostCancellations;
+    int document = 0;          ///< its number; it is closed in the end
+    qint64 total = 0;          ///< kopecks that came in; negative: that were paid out
 };
 
 struct Plan {
@@ -36,7 +29,8 @@ struct Plan {
 };
 
 /// Half of the sales are with prescriptions, a tenth is returned a few customers later. Two in five prescription sales
-/// and half of the returns meet a fault.
+/// and half of the returns meet a fault. The cashier repeats the command, and the register finds out what became of the
+/// request; now and then its question fails, too.
 ///
 /// @param sales a multiple of 20
 /// @param seed the same seed makes the same plan

@@ -4,7 +4,6 @@
 #include "cashiersteps.h"
 
 #include <algorithm>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -55,33 +54,37 @@ VisitWriter::VisitWriter(Chance& chance, int document)
 
 void VisitWriter::expectFault(const Fault& fault, int passing)
 {
-    m_fault = fault;
-    m_passing = passing;
-    m_hadFault = true;
+    m_expected.append({fault, passing});
 }
 
-/// Counts a request. False when the register gets no usable answer; then `m_message` is what the cashier reads.
+/// Counts a request. False when the register gets no usable answer; then `m_error` is what the cashier reads.
 bool VisitWriter::asks(Endpoint endpoint)
 {
     ++m_requests[endpoint];
     m_isCarriedOut = true;
-    if (!m_fault || m_fault->endpoint != endpoint || m_passing-- > 0) {
+    if (m_expected.isEmpty() || m_expected.first().fault.endpoint != endpoint || m_expected.first().passing-- > 0) {
         return true;
     }
-    const Fault fault = *m_fault;
-    m_fault.reset();
+    const Fault fault = m_expected.takeFirst().fault;
     m_visit.faults.append(fault.order(m_requests[endpoint]));
     if (fault.isSentAgain()) {
         ++m_requests[endpoint];
     }
     m_isCarriedOut = fault.isCarriedOut;
-    m_message = fault.message();
+    m_error = fault.message();
     return !fault.isShown();
 }
 
-void VisitWriter::reads(const QByteArray& message)
+void VisitWriter::readsError()
 {
-    m_visit.steps.append(cashier::tries(R"({"wait": "messageForm"})", message));
+    m_visit.steps.append(cashier::tries(R"({"wait": "messageForm"})", m_error));
+}
+
+/// The command goes on afterwards, perhaps to an error. So nothing waits here until no message is there.
+void VisitWriter::readsNotice(const QByteArray& message)
+{
+    m_visit.steps.append(R"({"wait": "messageForm"}, {"contains": ")" + message +
+                         R"(", "in": "messageLabel"}, {"key": "Return"})");
 }
 
 void VisitWriter::opensADocument()
@@ -117,7 +120,7 @@ void VisitWriter::looksUp(const QString& card, const QList<PlannedPrescription>&
         R"({"key": "F5"}, {"wait": "inputLineEdit"}, {"scan": ")" + card.toLatin1() + R"("})";
     m_visit.steps.append(asksForTheCard);
     while (!asks(Endpoint::Token) || !asks(Endpoint::ByCard)) {
-        reads(m_message);
+        readsError();
         m_visit.steps.append(asksForTheCard);
     }
 }
@@ -130,7 +133,6 @@ void VisitWriter::serves()
     const auto index = int(m_served++);
     const PlannedPrescription& prescription = m_sale.prescriptions[index];
     const bool isFinal = m_chance.oneIn(2);
-    // Half of the partial dispenses leave enough for another one of that size.
     const int doses = m_chance.between(1, prescription.doses);
     m_visit.steps.append(R"({"wait": "electronicPrescriptionsTableView"}, {"key": "Return"}, {"wait": "chooseButton"},
         {"expect": ")" + QByteArray(prescription.medicine.inn) +
@@ -139,94 +141,78 @@ void VisitWriter::serves()
                          QByteArray::number(doses) + R"("}, {"key": "Return"}, {"click": ")" +
                          (isFinal ? "completeDispenseButton" : "partDispenseButton") +
                          R"("}, {"visible": false, "in": "partDispenseButton"})");
-    m_sale.positions.append(
-        PlannedPosition{.sum = prescription.benefitPrice(), .prescription = index, .doses = doses, .isFinal = isFinal});
+    m_sale.positions.append(PlannedPosition{
+        .sum = prescription.benefitPrice(), .prescription = index, .isLast = isFinal || doses == prescription.doses});
     expectPositions();
 }
 
-/// Why the registry refuses to book a position; nothing when it does not.
-std::optional<QByteArray> VisitWriter::refusalOf(const PlannedPosition& position) const
+/// @param sent what the subtotal sends: registrations of a sale, cancellations of a return
+void VisitWriter::goesToThePayment(Endpoint sent)
 {
-    const PlannedPrescription& prescription = m_sale.prescriptions[position.prescription];
-    if (prescription.isCompleted()) {
-        return "уже отпущен полностью";
+    while (!triesToGoToThePayment(sent)) {
+        readsError();
     }
-    if (prescription.bookedDoses + position.doses > prescription.doses) {
-        return "осталось доз";
-    }
-    return std::nullopt;
 }
 
-bool VisitWriter::sendsDispense(PlannedPosition& position)
-{
-    const bool isAnswered = asks(Endpoint::Registration);
-    if (const std::optional<QByteArray> refusal = refusalOf(position)) {
-        m_message = *refusal;
-        m_refused = &position;
-        return false;
-    }
-    PlannedPrescription& prescription = m_sale.prescriptions[position.prescription];
-    if (m_isCarriedOut) {
-        prescription.bookedDoses += position.doses;
-        prescription.isFinalBooked |= position.isFinal;
-    }
-    if (m_isCarriedOut && !isAnswered) {
-        m_visit.lostRegistrations.append(prescription.id);
-    }
-    position.isRegistered = isAnswered;
-    return isAnswered;
-}
-
-bool VisitWriter::registersOne(PlannedPosition& position)
-{
-    const bool isDue = position.prescription >= 0 && !position.isRegistered;
-    return !isDue || (asks(Endpoint::Token) && sendsDispense(position));
-}
-
-bool VisitWriter::registersAll()
-{
-    return std::all_of(m_sale.positions.begin(), m_sale.positions.end(),
-                       [this](PlannedPosition& position) { return registersOne(position); });
-}
-
-/// Removes a position that the registry refuses. False when it is the only one: then the document is cancelled.
-bool VisitWriter::givesUp(PlannedPosition& position)
-{
-    if (m_sale.positions.size() == 1) {
-        m_visit.steps.append(cashier::cancelsTheDocument + ", " + cashier::isIdle);
-        return false;
-    }
-    const qsizetype row = &position - m_sale.positions.constData();
-    m_visit.steps.append(R"({"row": )" + QByteArray::number(row) +
-                         R"(, "in": "receiptTable"}, {"key": "F8"}, {"click": "yesButton"},
-        {"visible": false, "in": "questionForm"})");
-    m_sale.positions.removeAt(row);
-    expectPositions();
-    return true;
-}
-
-void VisitWriter::goesToThePayment()
+bool VisitWriter::triesToGoToThePayment(Endpoint sent)
 {
     m_visit.steps.append(R"({"key": "F12"})");
+    return settles(sent) && std::all_of(m_sale.positions.begin(), m_sale.positions.end(),
+                                        [&](PlannedPosition& position) { return sends(sent, position); });
 }
 
-bool VisitWriter::registers()
+/// Before anything is sent, the register asks what became of the request whose answer was lost. False when it cannot.
+bool VisitWriter::settles(Endpoint sent)
 {
-    goesToThePayment();
-    while (!registersAll()) {
-        reads(m_message);
-        PlannedPosition* const refused = std::exchange(m_refused, nullptr);
-        if (refused && !givesUp(*refused)) {
+    const auto open = std::find_if(m_sale.positions.begin(), m_sale.positions.end(),
+                                   [](const PlannedPosition& position) { return position.isOpen; });
+    if (open == m_sale.positions.end() || findsOut(sent, *open)) {
+        return true;
+    }
+    m_error = "Касса не знает, что записано в реестре";
+    return false;
+}
+
+bool VisitWriter::findsOut(Endpoint sent, PlannedPosition& position)
+{
+    const bool isCompleted = position.isBooked && position.isLast; // the second status that the register asks for
+    for (int status = 0; status <= (isCompleted ? 1 : 0); ++status) {
+        if (!asks(Endpoint::Token) || !asks(Endpoint::ByCard)) {
             return false;
         }
-        goesToThePayment();
     }
-    m_visit.steps.append(R"({"expect": "К ОПЛАТЕ", "in": "paymentCaptionLabel"}, {"wait": "receivedLineEdit"})");
-    return true;
+    position.isRegistered = position.isBooked;
+    if (sent == Endpoint::Cancellation) {
+        position.isOpen = false;
+        readsNotice(position.isBooked ? "Отпуск в реестре не отменён" : "Отпуск в реестре отменён");
+    } else if (position.isBooked) {
+        position.isOpen = false;
+        readsNotice("Отпуск записан в реестре под номером");
+    }
+    return true; // a registration that has not arrived stays open until the next one is answered
+}
+
+/// Sends a position's request, unless the document says that it is done. False when the register gets no usable answer.
+bool VisitWriter::sends(Endpoint endpoint, PlannedPosition& position)
+{
+    const bool isRegistration = endpoint == Endpoint::Registration;
+    if (position.prescription < 0 || position.isRegistered == isRegistration) {
+        return true;
+    }
+    if (!asks(Endpoint::Token)) {
+        return false;
+    }
+    const bool isAnswered = asks(endpoint);
+    position.isBooked = m_isCarriedOut == isRegistration;
+    position.isRegistered = isAnswered == isRegistration;
+    position.isOpen = !isAnswered;
+    return isAnswered;
 }
 
 void VisitWriter::pays()
 {
+    goesToThePayment(Endpoint::Registration);
+    m_visit.steps.append(R"({"expect": "К ОПЛАТЕ", "in": "paymentCaptionLabel"}, {"wait": "receivedLineEdit"})");
     m_visit.total = m_sale.total();
     if (m_visit.total > 0 && m_chance.oneIn(2)) {
         const qint64 roubles = (m_visit.total + coin - 1) / coin * coin / 100;
@@ -243,49 +229,12 @@ void VisitWriter::opensTheReturn(const PlannedSale& sale)
     expectPositions();
 }
 
-bool VisitWriter::cancelsOne(PlannedPosition& position)
+void VisitWriter::paysOut()
 {
-    if (!position.isRegistered) {
-        return true;
-    }
-    if (!asks(Endpoint::Token)) {
-        return false;
-    }
-    const bool isAnswered = asks(Endpoint::Cancellation);
-    if (position.isCancelled) {
-        m_message = "уже отменён";
-        m_refused = &position;
-        return false;
-    }
-    position.isCancelled = m_isCarriedOut;
-    if (m_isCarriedOut && !isAnswered) {
-        m_visit.lostCancellations.append(m_sale.prescriptions[position.prescription].id);
-    }
-    position.isRegistered = !isAnswered;
-    return isAnswered;
-}
-
-bool VisitWriter::cancelsAll()
-{
-    return std::all_of(m_sale.positions.begin(), m_sale.positions.end(),
-                       [this](PlannedPosition& position) { return cancelsOne(position); });
-}
-
-bool VisitWriter::paysOut()
-{
-    goesToThePayment();
-    while (!cancelsAll()) {
-        reads(m_message);
-        if (m_refused) {
-            m_visit.steps.append(cashier::cancelsTheDocument + ", " + cashier::isIdle);
-            return false;
-        }
-        goesToThePayment();
-    }
+    goesToThePayment(Endpoint::Cancellation);
     m_visit.total = -m_sale.total();
     m_visit.steps.append(R"({"expect": "К ВОЗВРАТУ", "in": "paymentCaptionLabel"}, {"key": "Return"}, )" +
                          cashier::isIdle);
-    return true;
 }
 
 PlannedSale VisitWriter::sale() const
@@ -293,10 +242,9 @@ PlannedSale VisitWriter::sale() const
     return m_sale;
 }
 
-Visit VisitWriter::finish(const QString& state)
+Visit VisitWriter::finish()
 {
-    m_visit.state = state;
-    m_visit.isComparable = !m_sale.prescriptions.isEmpty() && !m_hadFault;
+    m_visit.isComparable = !m_sale.prescriptions.isEmpty() && m_visit.faults.isEmpty();
     return m_visit;
 }
 

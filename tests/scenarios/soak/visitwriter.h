@@ -11,33 +11,28 @@
 #include <QMap>
 #include <QString>
 
-#include <optional>
-
 namespace soak
 {
 
-/// What the registry knows of a planned prescription. Doses are whole.
+/// A prescription that is dispensed once.
 struct PlannedPrescription {
     QString id;
     Medicine medicine{};
-    int doses = 0;         ///< prescribed
+    int doses = 0;         ///< prescribed; whole
     int patientShare = 10; ///< tenths of the price
-    int bookedDoses = 0;
-    bool isFinalBooked = false;
 
-    bool isCompleted() const { return isFinalBooked || bookedDoses >= doses; }
     /// What the patient pays for a pack, in kopecks.
     int benefitPrice() const;
 };
 
 /// A line of a planned document.
 struct PlannedPosition {
-    qint64 sum = 0;        ///< kopecks
-    int prescription = -1; ///< index into the visit's prescriptions; -1: none
-    int doses = 0;
-    bool isFinal = false;
-    bool isRegistered = false; ///< as the document knows it
-    bool isCancelled = false;  ///< at the registry
+    qint64 sum = 0;            ///< kopecks
+    int prescription = -1;     ///< index into the visit's prescriptions; -1: none
+    bool isLast = false;       ///< its dispense completes the prescription
+    bool isRegistered = false; ///< as the document says
+    bool isBooked = false;     ///< at the registry
+    bool isOpen = false;       ///< of its last request only the registry knows what became of it
 };
 
 /// A planned sale, as a return finds it.
@@ -55,7 +50,8 @@ class VisitWriter
 public:
     VisitWriter(Chance& chance, int document);
 
-    /// The next request to the fault's endpoint is hit, after `passing` others.
+    /// The next request to the fault's endpoint is hit, after `passing` others. A second fault waits for the first one;
+    /// when the visit ends before it, it is dropped.
     void expectFault(const Fault& fault, int passing);
 
     void opensADocument();
@@ -64,43 +60,40 @@ public:
     void looksUp(const QString& card, const QList<PlannedPrescription>& prescriptions);
     /// Serves the next prescription of the list.
     void serves();
-    /// To the payment: registers the positions, removing what the registry refuses. False when nothing was left to
-    /// sell and the document was cancelled.
-    bool registers();
+    /// Registers the positions, as often as it takes, and pays.
     void pays();
 
     void opensTheReturn(const PlannedSale& sale);
-    /// Cancels the dispenses and pays out. False when a dispense could not be cancelled, and with it the return.
-    bool paysOut();
+    /// Cancels the dispenses, as often as it takes, and pays out.
+    void paysOut();
 
     PlannedSale sale() const;
-    Visit finish(const QString& state);
+    Visit finish();
 
 private:
+    struct ExpectedFault {
+        Fault fault;
+        int passing = 0;
+    };
+
     bool asks(Endpoint endpoint);
-    bool registersAll();
-    bool registersOne(PlannedPosition& position);
-    bool sendsDispense(PlannedPosition& position);
-    std::optional<QByteArray> refusalOf(const PlannedPosition& position) const;
-    bool givesUp(PlannedPosition& position);
-    bool cancelsAll();
-    bool cancelsOne(PlannedPosition& position);
-    void reads(const QByteArray& message);
+    void readsError();
+    void readsNotice(const QByteArray& message);
     void expectPositions();
-    void expectPrice(int kopecks);
-    void goesToThePayment();
+    void goesToThePayment(Endpoint sent);
+    bool triesToGoToThePayment(Endpoint sent);
+    bool settles(Endpoint sent);
+    bool findsOut(Endpoint sent, PlannedPosition& position);
+    bool sends(Endpoint endpoint, PlannedPosition& position);
 
     Chance& m_chance;
     PlannedSale m_sale;
     Visit m_visit;
     QMap<Endpoint, int> m_requests;
-    std::optional<Fault> m_fault;
-    int m_passing = 0;
-    QByteArray m_message;        ///< for the request that failed last
-    bool m_isCarriedOut = false; ///< the same request
-    PlannedPosition* m_refused = nullptr;
+    QList<ExpectedFault> m_expected;
+    QByteArray m_error;          ///< what the cashier reads of the request that failed last
+    bool m_isCarriedOut = false; ///< the last request
     qsizetype m_served = 0;
-    bool m_hadFault = false;
 };
 
 } // namespace soak
