@@ -295,8 +295,8 @@ void RegisterApplication::openWindow()
         QMetaObject::invokeMethod(
             m_window.get(), [this, plugin, text] { showFailure(plugin, text); }, Qt::QueuedConnection);
     };
+    m_window->resize(windowSize()); // the whole screen too: without a window manager nobody maximizes it
     if (m_commandLine.windowSize.isValid()) {
-        m_window->resize(m_commandLine.windowSize);
         m_window->show();
     } else {
         m_window->showMaximized();
