@@ -182,6 +182,9 @@ std::optional<StartupFailure> RegisterApplication::lockDataFolder()
 {
     const QString folder = QDir(m_commandLine.dataFolder).absolutePath();
     const QString advice = u"\nName a folder that exists and can be written to with --data DIR"_s;
+    if (m_commandLine.usesOwnDataFolder) {
+        QDir().mkpath(folder); // a failure is found below
+    }
     if (!QFileInfo(folder).isDir()) {
         return StartupFailure{exitstatus::noDataFolder, u"There is no data folder "_s + folder + advice};
     }
