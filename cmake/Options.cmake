@@ -4,6 +4,7 @@
 option(BUILD_TESTING "Build the tests" ON)
 option(UNIT_TESTS "Build all tests; off: the scenario tests alone" ON)
 option(BUILD_BENCHMARKS "Build the benchmarks" OFF)
+option(PACKAGING "Install what packages bring besides programs: manual pages, desktop entry and more" OFF)
 option(TESTS_IN_QUARTERS "Run many tests in one process: starting one costs more than a test does" OFF)
 option(WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
 set(SANITIZERS "" CACHE STRING "Sanitizers to build with, for example address,undefined")

@@ -1,6 +1,12 @@
 # SPDX-License-Identifier: MIT
 # How a plug-in is built. It is installed with the platform, so it needs nothing else of this tree.
 
+# Where an installed register looks for plug-ins, below its prefix. An installed platform sets it.
+if(NOT DEFINED REGISTER_PLUGIN_FOLDER)
+    include(GNUInstallDirs)
+    set(REGISTER_PLUGIN_FOLDER "${CMAKE_INSTALL_LIBDIR}/pharmacy-register/plugins")
+endif()
+
 # Where modules and what they bring are put. The register's option --plugins takes it.
 if(NOT DEFINED PLUGIN_OUTPUT_DIRECTORY)
     set(PLUGIN_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/plugins")
@@ -21,8 +27,8 @@ function(add_register_plugin NAME)
         VISIBILITY_INLINES_HIDDEN ON
         LINKER_LANGUAGE CXX
         LIBRARY_OUTPUT_DIRECTORY "${PLUGIN_OUTPUT_DIRECTORY}"
-        INSTALL_RPATH "$ORIGIN/..")
-    install(TARGETS ${NAME} LIBRARY DESTINATION lib/pharmacy-register/plugins)
+        INSTALL_RPATH "$ORIGIN/../..")
+    install(TARGETS ${NAME} LIBRARY DESTINATION "${REGISTER_PLUGIN_FOLDER}")
     if(ARG_LAYOUTS)
         set(copies "")
         foreach(layout IN LISTS ARG_LAYOUTS)
@@ -35,7 +41,7 @@ function(add_register_plugin NAME)
         endforeach()
         add_custom_target(${NAME}_layouts ALL DEPENDS ${copies})
         add_dependencies(${NAME} ${NAME}_layouts)
-        install(FILES ${ARG_LAYOUTS} DESTINATION lib/pharmacy-register/plugins/${NAME})
+        install(FILES ${ARG_LAYOUTS} DESTINATION "${REGISTER_PLUGIN_FOLDER}/${NAME}")
     endif()
 endfunction()
 
@@ -55,7 +61,7 @@ function(add_message_catalogues TARGET)
         QM_FILES_OUTPUT_VARIABLE catalogues)
     if(ARG_BESIDE_LAYOUTS)
         add_custom_target(${TARGET}_catalogues ALL DEPENDS ${catalogues})
-        install(FILES ${catalogues} DESTINATION lib/pharmacy-register/plugins/${TARGET})
+        install(FILES ${catalogues} DESTINATION "${REGISTER_PLUGIN_FOLDER}/${TARGET}")
     else()
         qt_add_resources(${TARGET} ${TARGET}_translations
             PREFIX /translations

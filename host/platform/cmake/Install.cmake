@@ -2,12 +2,13 @@
 # What cmake --install puts where: the library for the register (component register), and what somebody else's plug-in
 # is built with (component sdk): the public headers in one folder, and the package RegisterPlatform for find_package().
 include(CMakePackageConfigHelpers)
+include(GNUInstallDirs)
 
-set(package lib/cmake/RegisterPlatform)
-set(headers include/registerplatform)
+set(package ${CMAKE_INSTALL_LIBDIR}/cmake/RegisterPlatform)
+set(headers ${CMAKE_INSTALL_INCLUDEDIR}/registerplatform)
 
 install(TARGETS registerplatform EXPORT RegisterPlatform
-    LIBRARY DESTINATION lib/pharmacy-register COMPONENT register NAMELINK_COMPONENT sdk
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT register NAMELINK_COMPONENT sdk
     INCLUDES DESTINATION ${headers})
 set_target_properties(registerplatform PROPERTIES EXPORT_NAME platform)
 

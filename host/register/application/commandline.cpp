@@ -24,7 +24,7 @@ QString defaultPluginFolder()
 {
     const QDir program(QCoreApplication::applicationDirPath());
     const QString built = program.filePath(u"../plugins"_s);
-    return QDir::cleanPath(QFileInfo::exists(built) ? built : program.filePath(u"../lib/pharmacy-register/plugins"_s));
+    return QDir::cleanPath(QFileInfo::exists(built) ? built : program.filePath(QString::fromUtf8(INSTALLED_PLUGINS)));
 }
 
 std::optional<QSize> readSize(const QString& text)
@@ -53,8 +53,10 @@ struct Options {
 
     const QCommandLineOption help;
     const QCommandLineOption version;
-    const QCommandLineOption config{u"config"_s, u"Configuration: an INI file in UTF-8."_s, u"FILE.ini"_s,
-                                    folderOf(QStandardPaths::AppConfigLocation) + u"/register.ini"_s};
+    const QCommandLineOption config{
+        u"config"_s, u"Configuration: an INI file in UTF-8."_s, u"FILE.ini"_s,
+        defaultConfiguration(folderOf(QStandardPaths::AppConfigLocation) + u"/register.ini"_s,
+                             QString::fromUtf8(MACHINE_CONFIGURATION))};
     const QCommandLineOption checkConfig{u"check-config"_s, u"Name what is wrong with the configuration, and end."_s};
     const QCommandLineOption data{u"data"_s, u"Data folder: receipts, logs. It has to exist and be writable."_s,
                                   u"DIR"_s, folderOf(QStandardPaths::AppDataLocation)};
@@ -121,6 +123,7 @@ CommandLine read(const QCommandLineParser& parser, const Options& options)
     line.outcome = parser.isSet(options.checkConfig) ? CommandLine::Outcome::Check : CommandLine::Outcome::Run;
     line.config = parser.value(options.config);
     line.dataFolder = parser.value(options.data);
+    line.usesOwnDataFolder = !parser.isSet(options.data);
     line.pluginFolder = parser.value(options.plugins);
     line.layoutFolders = parser.value(options.layouts);
     line.touch = parser.isSet(options.touch);
@@ -141,6 +144,11 @@ CommandLine withMessage(CommandLine::Outcome outcome, const QString& message)
 }
 
 } // namespace
+
+QString defaultConfiguration(const QString& ofUser, const QString& ofMachine)
+{
+    return !QFileInfo::exists(ofUser) && QFileInfo::exists(ofMachine) ? ofMachine : ofUser;
+}
 
 QList<NamedFolder> CommandLine::unusableFolders() const
 {

@@ -12,6 +12,10 @@ struct NamedFolder {
     QString path;
 };
 
+/// The configuration of a register without the option --config.
+/// @return the user's own when it is there, otherwise the machine's when that is there; the user's when neither is
+QString defaultConfiguration(const QString& ofUser, const QString& ofMachine);
+
 /// The command line of the register.
 struct CommandLine {
     enum class Outcome {
@@ -26,6 +30,7 @@ struct CommandLine {
 
     QString config;
     QString dataFolder;
+    bool usesOwnDataFolder = false; ///< the user's own, which no option names: it is made when it is missing
     QString pluginFolder;
     QString layoutFolders; ///< separated by colons; empty: none
     bool touch = false;

@@ -6,12 +6,12 @@
 #include "functionkey.h"
 #include "inilines.h"
 #include "lockscreen.h"
+#include "messagecatalogues.h"
 #include "secretfiles.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <QTranslator>
 
 using namespace Qt::StringLiterals;
 
@@ -88,7 +88,7 @@ QList<ConfigurationFinding> checkLanguage(const Config& config, const QString& f
     const QString key = u"Language:interface"_s;
     const QString language = config.getString(key);
     if (language.isEmpty() || language == ownLanguage ||
-        QTranslator().load(u":/translations/pharmacyregister_"_s + language)) {
+        MessageCatalogues::areThere(config, u":/translations/pharmacyregister"_s)) {
         return {};
     }
     return {{key, readIniLines(file).value(key), u"names a language without a catalogue; Russian is taken"_s}};

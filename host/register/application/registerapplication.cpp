@@ -187,6 +187,9 @@ std::optional<StartupFailure> RegisterApplication::lockDataFolder()
 {
     const QString folder = QDir(m_commandLine.dataFolder).absolutePath();
     const QString advice = u"\nName a folder that exists and can be written to with --data DIR"_s;
+    if (m_commandLine.usesOwnDataFolder) {
+        QDir().mkpath(folder); // a failure is found below
+    }
     if (!QFileInfo(folder).isDir()) {
         return StartupFailure{exitstatus::noDataFolder, u"There is no data folder "_s + folder + advice};
     }
@@ -301,8 +304,8 @@ void RegisterApplication::openWindow()
         QMetaObject::invokeMethod(
             m_window.get(), [this, plugin, text] { showFailure(plugin, text); }, Qt::QueuedConnection);
     };
+    m_window->resize(windowSize()); // the whole screen too: without a window manager nobody maximizes it
     if (m_commandLine.windowSize.isValid()) {
-        m_window->resize(m_commandLine.windowSize);
         m_window->show();
     } else {
         m_window->showMaximized();

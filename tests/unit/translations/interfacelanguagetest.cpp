@@ -4,6 +4,7 @@
 #include "activitynotifier.h"
 #include "askform.h"
 #include "config.h"
+#include "configurationreport.h"
 #include "dialog.h"
 #include "goodsselectionparams.h"
 #include "graphicaluserinterface.h"
@@ -13,6 +14,7 @@
 #include "textinputparams.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QRegularExpression>
@@ -37,15 +39,27 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("[GUI]\ntouchMode=true\n[Language]\nkeyboardLayouts=en\n" + language);
         file.close();
-        CommandLine commandLine;
         commandLine.config = file.fileName();
         commandLine.dataFolder = folder.path();
         commandLine.pluginFolder = folder.path();
         commandLine.windowSize = {1024, 600};
+        application.reset();
         application = std::make_unique<RegisterApplication>(commandLine);
         const auto failure = application->start();
         ASSERT_FALSE(failure) << failure->message.toStdString();
         config.reset(Singleton<Config>::instance);
+    }
+
+    /// A folder with a catalogue of the integrator's own, in which the register's window has another title.
+    /// @param texts a catalogue of this test
+    /// @param language that it is given out for
+    QByteArray ownFolder(const QString& texts, const QString& language) const
+    {
+        const QDir own(folder.filePath(texts));
+        EXPECT_TRUE(own.mkpath(u"."_s));
+        EXPECT_TRUE(QFile::copy(u":/translations/"_s + texts + u"_be.qm"_s,
+                                own.filePath(u"pharmacyregister_"_s + language + u".qm"_s)));
+        return own.path().toUtf8();
     }
 
     /// The register's window.
@@ -88,6 +102,7 @@ protected:
     }
 
     QTemporaryDir folder;
+    CommandLine commandLine;
     Own<ActionQueueController> controller;
     Own<ActivityNotifier> notifier;
     Own<GraphicalUserInterface> gui;
@@ -111,6 +126,33 @@ TEST_F(InterfaceLanguage, noneOrUnknown_textsAreInRussian)
         EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), u"Ошибка"_s) << language;
         application.reset();
     }
+}
+
+TEST_F(InterfaceLanguage, ownCatalogueOfALanguageWithoutTexts_itsTextsAreShownAndNothingIsWrong)
+{
+    const QByteArray own = ownFolder(u"firsttexts"_s, u"be"_s);
+    ASSERT_NO_FATAL_FAILURE(start("interface=be\ncatalogues=\"" + own + "\"\n"));
+    EXPECT_EQ(window().windowTitle(), u"Каса аптэкі"_s);
+    EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), u"Ошибка"_s) << "it has no text of its own for that";
+    EXPECT_EQ(ConfigurationReport(Config(commandLine.config), commandLine).problems.join(u' '), QString());
+}
+
+TEST_F(InterfaceLanguage, ownCatalogueOfEnglish_winsOverTheRegistersAndTheRestStaysEnglish)
+{
+    const QByteArray own = ownFolder(u"firsttexts"_s, u"en"_s);
+    ASSERT_NO_FATAL_FAILURE(start("interface=en\ncatalogues=\"" + own + "\"\n"));
+    EXPECT_EQ(window().windowTitle(), u"Каса аптэкі"_s);
+    EXPECT_EQ(textOf(*errorMessage(), "titleLabel"), u"Error"_s);
+}
+
+TEST_F(InterfaceLanguage, severalOwnFolders_theFirstWins)
+{
+    const QByteArray first = ownFolder(u"firsttexts"_s, u"be"_s);
+    const QByteArray second = ownFolder(u"secondtexts"_s, u"be"_s);
+    ASSERT_NO_FATAL_FAILURE(start("interface=be\ncatalogues=\"" + first + ':' + second + "\"\n"));
+    EXPECT_EQ(window().windowTitle(), u"Каса аптэкі"_s);
+    ASSERT_NO_FATAL_FAILURE(start("interface=be\ncatalogues=\"" + second + ':' + first + "\"\n"));
+    EXPECT_EQ(window().windowTitle(), u"Каса"_s);
 }
 
 TEST_F(InterfaceLanguage, englishRegisterEnded_textsAreInRussianAgain)

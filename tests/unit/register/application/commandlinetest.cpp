@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -66,6 +67,25 @@ TEST(CommandLine, noOptions_theWholeScreenIsUsedAndNoScenarioIsPlayed)
     EXPECT_TRUE(line.scenario.isEmpty());
     EXPECT_FALSE(line.touch);
     EXPECT_TRUE(line.config.endsWith(u"register.ini"_s));
+}
+
+TEST(CommandLine, noConfigurationNamed_theUsersOwnWinsOverTheMachines)
+{
+    const QTemporaryDir there;
+    const auto put = [&there](const QString& name) { QFile(there.filePath(name)).open(QIODevice::WriteOnly); };
+    const QString ofUser = there.filePath(u"own.ini"_s);
+    const QString ofMachine = there.filePath(u"machine.ini"_s);
+    EXPECT_EQ(defaultConfiguration(ofUser, ofMachine), ofUser) << "neither is there";
+    put(u"machine.ini"_s);
+    EXPECT_EQ(defaultConfiguration(ofUser, ofMachine), ofMachine);
+    put(u"own.ini"_s);
+    EXPECT_EQ(defaultConfiguration(ofUser, ofMachine), ofUser);
+}
+
+TEST(CommandLine, dataFolderNamed_isNotTheUsersOwn)
+{
+    EXPECT_TRUE(parse({}).usesOwnDataFolder);
+    EXPECT_FALSE(parse({u"--data"_s, u"d"_s}).usesOwnDataFolder);
 }
 
 TEST(CommandLine, checkConfig_checksInsteadOfRunning)

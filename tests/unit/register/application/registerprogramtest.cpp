@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -277,6 +278,24 @@ TEST_F(RegisterProgram, dataFolderMissingOrAFile_endsWithStatusFour)
     EXPECT_TRUE(output.contains(path("data"))) << qPrintable(output);
     write("data", "a file");
     EXPECT_EQ(play("[]"), 4);
+}
+
+TEST_F(RegisterProgram, noDataFolderNamed_theUsersOwnIsMade)
+{
+    environment.insert(u"XDG_DATA_HOME"_s, path("home/share"));
+    write("steps.json", R"({"steps": [{"key": "F2"}, {"expect": "Чек № 1", "in": "receiptNumberLabel"}]})");
+    EXPECT_EQ(run({u"--config"_s, path("register.ini"), u"--play"_s, path("steps.json")}), 0) << qPrintable(output);
+    const QFileInfo made(path("home/share/pharmacy-register"));
+    EXPECT_TRUE(QFileInfo::exists(made.filePath() + u"/receipt.json"_s));
+    EXPECT_EQ(made.permissions() & (QFile::ReadGroup | QFile::ReadOther), 0);
+}
+
+TEST_F(RegisterProgram, usersOwnDataFolderCannotBeMade_endsWithStatusFour)
+{
+    write("file", "no folder");
+    environment.insert(u"XDG_DATA_HOME"_s, path("file"));
+    EXPECT_EQ(run({u"--config"_s, path("register.ini"), u"--play"_s, path("register.ini")}), 4);
+    EXPECT_TRUE(output.contains(path("file/pharmacy-register"))) << qPrintable(output);
 }
 
 TEST_F(RegisterProgram, dataFolderNotWritable_endsWithStatusFour)

@@ -4,6 +4,7 @@
 #include "configurationfolder.h"
 
 #include <QDir>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -207,6 +208,24 @@ TEST_F(ConfigurationCheckTest, credentialOfSystemd_isRightWithTheMaskOfItsAccess
     qputenv("CREDENTIALS_DIRECTORY", path("credentials").toUtf8());
     EXPECT_EQ(findings("[Database]\npasswordFile=password\n"), QStringList());
     qunsetenv("CREDENTIALS_DIRECTORY");
+}
+
+TEST_F(ConfigurationCheckTest, installedOneWithAllItsExamples_isRight)
+{
+    ASSERT_TRUE(m_keys.load(QString::fromUtf8(PLUGIN_KEYS)));
+    for (const char* folder : {"layouts", "translations"}) {
+        ASSERT_TRUE(QDir(path("")).mkdir(QString::fromUtf8(folder)));
+    }
+    for (const char* secret : {"unlock-code", "database-password", "client-secret", "oais-token"}) {
+        write(secret, "1234");
+    }
+    QFile installed(QString::fromUtf8(INSTALLED_CONFIGURATION));
+    ASSERT_TRUE(installed.open(QIODevice::ReadOnly));
+    const QString lines = QString::fromUtf8(installed.readAll()).replace("/etc/pharmacy-register"_L1, path("."));
+    EXPECT_EQ(findings(lines.toUtf8()), QStringList());
+    static const QRegularExpression example(u"^;(?=\\[|\\w+=)"_s, QRegularExpression::MultilineOption);
+    ASSERT_GT(lines.count(example), 20);
+    EXPECT_EQ(findings(QString(lines).remove(example).toUtf8()), QStringList());
 }
 
 TEST_F(ConfigurationCheckTest, demo_isRight)
