@@ -34,6 +34,10 @@ The register keeps using the old one. Replace the file or call the administrator
         <source>Читается справочник товаров</source>
         <translation>Reading the goods catalogue</translation>
     </message>
+    <message id="goodsReadingStopped">
+        <source>Чтение справочника товаров прекращено кассиром. Чтобы прочитать его, дайте команду ещё раз.</source>
+        <translation>The cashier stopped the reading of the goods catalogue. To read it, give the command again.</translation>
+    </message>
     <message id="goodsCatalogueUnreadable">
         <source>Справочник товаров недоступен: %1
 Проверьте базу данных товаров и повторите или позовите администратора.</source>
