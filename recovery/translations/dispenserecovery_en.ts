@@ -76,22 +76,6 @@
         <source>Отпуск по рецепту в реестре</source>
         <translation>Dispenses of the prescription in the registry</translation>
     </message>
-    <message id="dispenseChoicePageUp">
-        <source>На страницу вверх</source>
-        <translation>Page up</translation>
-    </message>
-    <message id="dispenseChoiceUp">
-        <source>Вверх</source>
-        <translation>Up</translation>
-    </message>
-    <message id="dispenseChoiceDown">
-        <source>Вниз</source>
-        <translation>Down</translation>
-    </message>
-    <message id="dispenseChoicePageDown">
-        <source>На страницу вниз</source>
-        <translation>Page down</translation>
-    </message>
     <message id="dispenseChoiceHelpRow">
         <source>выбрать отпуск</source>
         <translation>choose a dispense</translation>

@@ -140,22 +140,6 @@ Free disk space or check access to the data folder, then do it again.</translati
         <source>Товары</source>
         <translation>Goods</translation>
     </message>
-    <message id="goodsSelectionPageUp">
-        <source>На страницу вверх</source>
-        <translation>Page up</translation>
-    </message>
-    <message id="goodsSelectionUp">
-        <source>Вверх</source>
-        <translation>Up</translation>
-    </message>
-    <message id="goodsSelectionDown">
-        <source>Вниз</source>
-        <translation>Down</translation>
-    </message>
-    <message id="goodsSelectionPageDown">
-        <source>На страницу вниз</source>
-        <translation>Page down</translation>
-    </message>
     <message id="goodsSelectionNothing">
         <source>Нет товара для выбора. Вернитесь назад.</source>
         <translation>There are no goods to choose from. Go back.</translation>
@@ -1086,22 +1070,6 @@ Check that the right row is chosen and try again. If that does not help, call th
         <source>Позиции документа</source>
         <translation>Positions of the document</translation>
     </message>
-    <message id="documentsPageUp">
-        <source>На страницу вверх</source>
-        <translation>Page up</translation>
-    </message>
-    <message id="documentsUp">
-        <source>Вверх</source>
-        <translation>Up</translation>
-    </message>
-    <message id="documentsDown">
-        <source>Вниз</source>
-        <translation>Down</translation>
-    </message>
-    <message id="documentsPageDown">
-        <source>На страницу вниз</source>
-        <translation>Page down</translation>
-    </message>
     <message id="documentsNone">
         <source>Отложенных и завершённых документов нет.</source>
         <translation>There are no suspended or finished documents.</translation>
@@ -1515,22 +1483,6 @@ Give %3 change?</translation>
     <message id="returnPositions">
         <source>Позиции продажи</source>
         <translation>Positions of the sale</translation>
-    </message>
-    <message id="returnPageUp">
-        <source>На страницу вверх</source>
-        <translation>Page up</translation>
-    </message>
-    <message id="returnUp">
-        <source>Вверх</source>
-        <translation>Up</translation>
-    </message>
-    <message id="returnDown">
-        <source>Вниз</source>
-        <translation>Down</translation>
-    </message>
-    <message id="returnPageDown">
-        <source>На страницу вниз</source>
-        <translation>Page down</translation>
     </message>
     <message id="printedCardPart">
         <source>из них</source>
