@@ -192,10 +192,6 @@ void ElectronicPrescriptionChoiceForm::setUpAccessibleNames()
         {u"electronicPrescriptionsTableView"_s, {u"electronicPrescriptionChoiceFormTable"_s, u"Рецепты пациента"_s}},
         {u"prescriptionScrollArea"_s, {u"electronicPrescriptionChoiceFormDetails"_s, u"Сведения о рецепте"_s}},
         {u"talloKeyboard"_s, {u"electronicPrescriptionChoiceFormKeyboard"_s, u"Клавиатура"_s}},
-        {u"pageUpButton"_s, {u"electronicPrescriptionChoiceFormPageUp"_s, u"Страница вверх"_s}},
-        {u"scrollUpButton"_s, {u"electronicPrescriptionChoiceFormScrollUp"_s, u"Строка вверх"_s}},
-        {u"scrollDownButton"_s, {u"electronicPrescriptionChoiceFormScrollDown"_s, u"Строка вниз"_s}},
-        {u"pageDownButton"_s, {u"electronicPrescriptionChoiceFormPageDown"_s, u"Страница вниз"_s}},
     });
     if (m_filterField) {
         m_filterField->setPlaceholderText(m_filterField->accessibleName());

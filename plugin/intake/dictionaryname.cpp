@@ -2,7 +2,7 @@
 #include "connectionfactory.h"
 #include "electronicprescription.h"
 #include "electronicprescriptionservice.h"
-#include "queryguard.h"
+#include "expected.h"
 #include "singleton.h"
 
 #include <log4qt/logger.h>
@@ -19,6 +19,21 @@ namespace
 
 constexpr std::chrono::seconds queryTime(2);
 
+/// The first value that the statement finds; empty when it finds none.
+Expected<QString> firstValue(const QSqlDatabase& goods, const QString& statement)
+{
+    QSqlQuery query(goods);
+    if (!goods.isOpen() || !query.prepare(statement)) { // Qt would write a warning for a closed one
+        return untranslatedFailure(
+            u"Ошибка выполнения prepare для запроса %1: %2"_s.arg(query.lastQuery(), query.lastError().text()));
+    }
+    if (!query.exec()) {
+        return untranslatedFailure(
+            u"Ошибка выполнения запроса %1: %2"_s.arg(query.lastQuery(), query.lastError().text()));
+    }
+    return query.next() ? query.value(0).toString() : QString(""_L1);
+}
+
 } // namespace
 
 void ElectronicPrescriptionService::fillDictionaryName(const QSharedPointer<ElectronicPrescription>& prescription) const
@@ -27,22 +42,18 @@ void ElectronicPrescriptionService::fillDictionaryName(const QSharedPointer<Elec
         return;
     }
 
-    const QSqlDatabase goods = Singleton<ConnectionFactory>::get()->getConnection(QString(), QString());
-    // The code comes from the registry and may be an expression; the guard ends one that does not end.
-    const QueryGuard guard(goods, queryTime);
-    QSqlQuery query(goods);
+    auto* databases = Singleton<ConnectionFactory>::get();
+    const QSqlDatabase goods = databases->getConnection(QString(), QString());
     // Dictionary codes are numbers, and are written into the statement as such. A column of text is compared with the
     // number's digits, so a code kept there with leading zeros is not found. The connection cannot write.
     const QString statement =
         u"SELECT dictname FROM medicine WHERE dictcode = "_s + prescription->getDictCode() + u" LIMIT 1"_s;
-    if (!goods.isOpen() || !query.prepare(statement)) { // Qt would write a warning for a closed one
-        logger->error(
-            u"Ошибка выполнения prepare для запроса %1: %2"_s.arg(query.lastQuery(), query.lastError().text()));
-        return;
+    // The code comes from the registry and may be an expression that does not end.
+    Expected<QString> name = QString();
+    databases->ask(goods, queryTime, [&] { name = firstValue(goods, statement); });
+    if (name) {
+        prescription->setDictName(*name);
+    } else {
+        logger->error(name.failure().detail);
     }
-    if (!query.exec()) {
-        logger->error(u"Ошибка выполнения запроса %1: %2"_s.arg(query.lastQuery(), query.lastError().text()));
-        return;
-    }
-    prescription->setDictName(query.next() ? query.value(0).toString() : QString(""_L1));
 }

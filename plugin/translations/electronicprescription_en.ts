@@ -128,22 +128,6 @@
         <source>Клавиатура</source>
         <translation>Keyboard</translation>
     </message>
-    <message id="electronicPrescriptionChoiceFormPageUp">
-        <source>Страница вверх</source>
-        <translation>Page up</translation>
-    </message>
-    <message id="electronicPrescriptionChoiceFormScrollUp">
-        <source>Строка вверх</source>
-        <translation>Row up</translation>
-    </message>
-    <message id="electronicPrescriptionChoiceFormScrollDown">
-        <source>Строка вниз</source>
-        <translation>Row down</translation>
-    </message>
-    <message id="electronicPrescriptionChoiceFormPageDown">
-        <source>Страница вниз</source>
-        <translation>Page down</translation>
-    </message>
     <message id="electronicPrescriptionChoiceFormInn">
         <source>МНН</source>
         <translation>INN</translation>

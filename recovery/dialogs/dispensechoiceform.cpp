@@ -182,10 +182,6 @@ void DispenseChoiceForm::nameControls()
 {
     setAccessibleNames({
         {u"dispensesTable"_s, {u"dispenseChoiceTable"_s, u"Отпуск по рецепту в реестре"_s}},
-        {u"pageUpButton"_s, {u"dispenseChoicePageUp"_s, u"На страницу вверх"_s}},
-        {u"scrollUpButton"_s, {u"dispenseChoiceUp"_s, u"Вверх"_s}},
-        {u"scrollDownButton"_s, {u"dispenseChoiceDown"_s, u"Вниз"_s}},
-        {u"pageDownButton"_s, {u"dispenseChoicePageDown"_s, u"На страницу вниз"_s}},
     });
 }
 

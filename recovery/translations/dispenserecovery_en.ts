@@ -54,7 +54,7 @@
     </message>
     <message id="dispenseChoiceId">
         <source>Номер записи</source>
-        <translation>Record number</translation>
+        <translation>Record id</translation>
     </message>
     <message id="dispenseChoiceWithoutId">
         <source>реестр не сообщает</source>
@@ -75,22 +75,6 @@
     <message id="dispenseChoiceTable">
         <source>Отпуск по рецепту в реестре</source>
         <translation>Dispenses of the prescription in the registry</translation>
-    </message>
-    <message id="dispenseChoicePageUp">
-        <source>На страницу вверх</source>
-        <translation>Page up</translation>
-    </message>
-    <message id="dispenseChoiceUp">
-        <source>Вверх</source>
-        <translation>Up</translation>
-    </message>
-    <message id="dispenseChoiceDown">
-        <source>Вниз</source>
-        <translation>Down</translation>
-    </message>
-    <message id="dispenseChoicePageDown">
-        <source>На страницу вниз</source>
-        <translation>Page down</translation>
     </message>
     <message id="dispenseChoiceHelpRow">
         <source>выбрать отпуск</source>

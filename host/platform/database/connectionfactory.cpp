@@ -2,8 +2,9 @@
 #include "connectionfactory.h"
 
 #include "connectionwatch.h"
+#include "queryguard.h"
 #include "readonlyconnection.h"
-#include "serverthread.h"
+#include "serverthread_p.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
@@ -31,6 +32,12 @@ constexpr std::chrono::seconds restAfterLongWait = 15s;
 std::chrono::seconds longestWait(const DatabaseAccess& access)
 {
     return ReadOnlyConnection::answerTime + 2 * access.timeout;
+}
+
+/// For statements that the server ends itself after `time`.
+std::chrono::seconds longestWait(std::chrono::milliseconds time)
+{
+    return ReadOnlyConnection::answerTime + std::chrono::ceil<std::chrono::seconds>(time);
 }
 } // namespace
 
@@ -80,6 +87,22 @@ struct ConnectionFactory::Held {
         }
     }
 
+    /// @param statements bounded by themselves
+    void runBeside(std::chrono::seconds limit, const std::function<void()>& statements)
+    {
+        const QScopedValueRollback waits(isWaiting, true);
+        const QSqlDatabase database = connection.database();
+        bool isSilent = false;
+        runBesideTheWindow(database, limit, [&] {
+            const ConnectionWatch server(database, limit);
+            statements();
+            isSilent = server.hasCut();
+        });
+        if (isSilent) {
+            rest = QDeadlineTimer(restAfterLongWait);
+        }
+    }
+
     /// Until the caller is back in the event loop.
     void watchCaller()
     {
@@ -111,6 +134,31 @@ QSqlDatabase ConnectionFactory::getConnection(const QString& database, const QSt
     }
     held->provide();
     return held->connection.database();
+}
+
+void ConnectionFactory::ask(const QSqlDatabase& connection, std::chrono::milliseconds time,
+                            const std::function<void()>& statements)
+{
+    const auto bounded = [&] {
+        const QueryGuard guard(connection, time);
+        statements();
+    };
+    if (Held* held = serverBehind(connection)) {
+        held->runBeside(longestWait(time), bounded);
+    } else {
+        bounded();
+    }
+}
+
+ConnectionFactory::Held* ConnectionFactory::serverBehind(const QSqlDatabase& connection) const
+{
+    for (const auto& [name, held] : m_held) {
+        if (!held->isWaiting && connection.isOpen() && held->connection.hasServer() &&
+            held->connection.database().connectionName() == connection.connectionName()) {
+            return held.get();
+        }
+    }
+    return nullptr;
 }
 
 void ConnectionFactory::takeReplacedFiles()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "serverthread.h"
+#include "serverthread_p.h"
 
 #include "activitynotifier.h"
 #include "finally.h"

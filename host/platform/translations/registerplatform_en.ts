@@ -326,6 +326,22 @@ Call the administrator.</translation>
         <source>нет драйвера %1</source>
         <translation>there is no driver %1</translation>
     </message>
+    <message id="formPageUp">
+        <source>На страницу вверх</source>
+        <translation>Page up</translation>
+    </message>
+    <message id="formScrollUp">
+        <source>Вверх</source>
+        <translation>Up</translation>
+    </message>
+    <message id="formScrollDown">
+        <source>Вниз</source>
+        <translation>Down</translation>
+    </message>
+    <message id="formPageDown">
+        <source>На страницу вниз</source>
+        <translation>Page down</translation>
+    </message>
     <message id="databaseWaiting">
         <source>Связь с базой данных</source>
         <translation>Connecting to the database</translation>

@@ -29,6 +29,17 @@ std::optional<SelectedGoods> letSelect(const GoodsSelectionParams& params)
     return selected.value<SelectedGoods>();
 }
 
+/// What `select` returns. A cashier who stops the reading of the goods gets a notice, which is no error.
+std::optional<SelectedGoods> unlessStopped(const std::function<std::optional<SelectedGoods>()>& select)
+{
+    try {
+        return select();
+    } catch (const GoodsReadingStopped& stopped) {
+        showNotice(stopped.tr());
+        return std::nullopt;
+    }
+}
+
 /// The packs that a position is to have, as the cashier types them.
 std::optional<int> askPacks(const Position& position)
 {
@@ -69,10 +80,11 @@ EContext::Result GoodsCommands::selectGoods(control::Action& action)
 {
     const QString medicineInfo = action.value(u"medicineInfo"_s).toString();
     const QString wantedName = action.value(u"filterByInn"_s).toString().trimmed();
-    const std::optional<SelectedGoods> selected =
-        letSelect({m_catalogue.goodsOf(wantedName), medicineInfo, {}, pickedBefore(medicineInfo), wantedName, [this] {
-                       return m_catalogue.goodsOf({});
-                   }});
+    const auto all = [this] { return m_catalogue.goodsOf({}); };
+    const std::optional<SelectedGoods> selected = unlessStopped([&] {
+        return letSelect(
+            {m_catalogue.goodsOf(wantedName), medicineInfo, {}, pickedBefore(medicineInfo), wantedName, all});
+    });
     if (!selected || !maySell(*selected)) {
         return EContext::Stop;
     }
@@ -109,7 +121,8 @@ EContext::Result GoodsCommands::addGoods(control::Action& action)
         return EContext::Stop;
     }
     const QSharedPointer<Document> document = m_till.document();
-    const std::optional<SelectedGoods> selected = find(action.value(u"search"_s).toString().trimmed());
+    const QString search = action.value(u"search"_s).toString().trimmed();
+    const std::optional<SelectedGoods> selected = unlessStopped([&] { return find(search); });
     if (!selected || !maySell(*selected) || showIfObstacle(m_till.obstacleToGoingOn(document)) ||
         showIfObstacle(m_till.obstacleToAddingGoods())) {
         return EContext::Stop;

@@ -176,10 +176,6 @@ void DocumentListForm::nameControls()
         {u"filterLineEdit"_s, {u"documentsFilter"_s, u"Поиск документа"_s}},
         {u"documentTable"_s, {u"documentsTable"_s, u"Список документов"_s}},
         {u"positionsTable"_s, {u"documentsPositions"_s, u"Позиции документа"_s}},
-        {u"pageUpButton"_s, {u"documentsPageUp"_s, u"На страницу вверх"_s}},
-        {u"scrollUpButton"_s, {u"documentsUp"_s, u"Вверх"_s}},
-        {u"scrollDownButton"_s, {u"documentsDown"_s, u"Вниз"_s}},
-        {u"pageDownButton"_s, {u"documentsPageDown"_s, u"На страницу вниз"_s}},
     });
 }
 

@@ -180,10 +180,6 @@ void GoodsSelectionForm::nameControls()
         {u"quantityMinusButton"_s, {u"goodsSelectionFewer"_s, u"На упаковку меньше"_s}},
         {u"quantityPlusButton"_s, {u"goodsSelectionMore"_s, u"На упаковку больше"_s}},
         {u"goodsTable"_s, {u"goodsSelectionTable"_s, u"Товары"_s}},
-        {u"pageUpButton"_s, {u"goodsSelectionPageUp"_s, u"На страницу вверх"_s}},
-        {u"scrollUpButton"_s, {u"goodsSelectionUp"_s, u"Вверх"_s}},
-        {u"scrollDownButton"_s, {u"goodsSelectionDown"_s, u"Вниз"_s}},
-        {u"pageDownButton"_s, {u"goodsSelectionPageDown"_s, u"На страницу вниз"_s}},
     });
 }
 

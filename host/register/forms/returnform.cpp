@@ -132,10 +132,6 @@ void ReturnForm::nameControls()
 {
     setAccessibleNames({
         {u"positionsTable"_s, {u"returnPositions"_s, u"Позиции продажи"_s}},
-        {u"pageUpButton"_s, {u"returnPageUp"_s, u"На страницу вверх"_s}},
-        {u"scrollUpButton"_s, {u"returnUp"_s, u"Вверх"_s}},
-        {u"scrollDownButton"_s, {u"returnDown"_s, u"Вниз"_s}},
-        {u"pageDownButton"_s, {u"returnPageDown"_s, u"На страницу вниз"_s}},
     });
 }
 

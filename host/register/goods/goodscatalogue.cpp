@@ -2,7 +2,6 @@
 #include "goodscatalogue.h"
 
 #include "activitynotifier.h"
-#include "basicexception.h"
 #include "config.h"
 #include "connectionfactory.h"
 #include "databaseaccess.h"
@@ -48,6 +47,12 @@ GoodsReader& readerFor(std::unique_ptr<GoodsReader>& reader, const DatabaseAcces
 }
 
 } // namespace
+
+GoodsReadingStopped::GoodsReadingStopped()
+    : BasicException({u"goodsReadingStopped"_s, u"Чтение справочника товаров прекращено кассиром. Чтобы прочитать его, "
+                                                "дайте команду ещё раз."_s})
+{
+}
 
 /// What came of a job in the reading thread.
 struct GoodsCatalogue::Outcome {
@@ -116,8 +121,12 @@ GoodsList GoodsCatalogue::read(Desk& desk, const Reading& reading) const
 {
     const auto outcome = std::make_shared<Outcome>();
     const std::chrono::seconds timeout = goodsDatabase().timeout;
-    if (!desk.thread.run(job(desk, reading, outcome), timeoutsForAnswer * timeout,
-                         {u"goodsCatalogueBeingRead"_s, u"Читается справочник товаров"_s})) {
+    const auto ending = desk.thread.run(job(desk, reading, outcome), timeoutsForAnswer * timeout,
+                                        {u"goodsCatalogueBeingRead"_s, u"Читается справочник товаров"_s});
+    if (ending == ReadingThread::Ending::Stopped) {
+        throw GoodsReadingStopped();
+    }
+    if (ending == ReadingThread::Ending::Late) {
         throw BasicException(unreadable(silentServer(timeoutsForAnswer * timeout)));
     }
     showFileChange(*outcome);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "baseactivitylistener.h"
+#include "basicexception.h"
 #include "documentwatcher.h"
 #include "expected.h"
 #include "goodslist.h"
@@ -17,12 +18,20 @@
 
 class GoodsReader;
 
+/// The cashier stopped the reading of the goods. That is no error.
+class GoodsReadingStopped : public BasicException
+{
+public:
+    GoodsReadingStopped();
+};
+
 /// The goods that the pharmacy sells: the table `goods` of the goods database, read only.
 ///
 /// It is read in threads of its own. Who asks waits, behind the busy screen when it takes long; a server that does not
 /// answer is waited for "Database:timeout" seconds. A look-up does not wait until all goods of a slow server are read.
-/// Every operation throws BasicException with a text for the cashier when the table cannot be read; the next one tries
-/// again. A file that was replaced is taken while no document is open.
+/// Every operation throws BasicException with a text for the cashier when the table cannot be read, and
+/// GoodsReadingStopped when the cashier does not want to wait; the next one tries again. A file that was replaced is
+/// taken while no document is open.
 class GoodsCatalogue : public BaseActivityListener, private DocumentWatcher
 {
     Q_OBJECT

@@ -2,70 +2,10 @@
 #include "goodslist.h"
 
 #include "searchtext.h"
+#include "wantedwords.h"
 
 #include <QHash>
 #include <QStringList>
-
-#include <algorithm>
-
-using namespace Qt::StringLiterals;
-
-namespace
-{
-
-/// A set of letters, folded into 64. What is not in a text's letters is not in the text.
-using Letters = quint64;
-
-Letters lettersOf(QStringView text)
-{
-    Letters letters = 0;
-    for (const QChar letter : text) {
-        letters |= Letters(1) << (letter.unicode() % 64);
-    }
-    return letters;
-}
-
-/// One of the words that are searched for. It is found as typed or, when it is set, as it is on the other layout.
-struct Word {
-    explicit Word(const QString& typed_, const QString& otherwise_ = {})
-        : typed(typed_)
-        , otherwise(otherwise_)
-        , letters(lettersOf(typed_))
-        , otherLetters(lettersOf(otherwise_))
-    {
-    }
-
-    bool isIn(QStringView text, Letters textLetters) const
-    {
-        return ((letters & ~textLetters) == 0 && text.contains(typed)) ||
-               (!otherwise.isEmpty() && (otherLetters & ~textLetters) == 0 && text.contains(otherwise));
-    }
-
-    QString typed;
-    QString otherwise;
-    Letters letters;
-    Letters otherLetters;
-};
-
-QList<Word> wordsAsTyped(const QString& search)
-{
-    QList<Word> words;
-    for (const QString& word : searchWords(search)) {
-        words.append(Word(word));
-    }
-    return words;
-}
-
-QList<Word> wordsOnEitherLayout(const QString& search)
-{
-    QList<Word> words;
-    for (const QString& word : searchWords(search)) {
-        words.append(Word(word, onOtherLayout(word)));
-    }
-    return words;
-}
-
-} // namespace
 
 struct GoodsList::Index {
     explicit Index(const QList<CatalogueGoods>& goods_)
@@ -77,14 +17,12 @@ struct GoodsList::Index {
         }
     }
 
-    QList<int> matching(const QList<Word>& words) const
+    QList<int> matching(const WantedWords& words) const
     {
         QList<int> found;
         for (qsizetype row = 0; row < rows.size(); ++row) {
             const Row& place = rows[row];
-            const QStringView searched = QStringView(text).sliced(place.begin, place.length);
-            if (std::all_of(words.cbegin(), words.cend(),
-                            [&](const Word& word) { return word.isIn(searched, place.letters); })) {
+            if (words.areIn(QStringView(text).sliced(place.begin, place.length), place.letters)) {
                 found.append(int(row));
             }
         }
@@ -99,7 +37,7 @@ private:
     struct Row {
         qsizetype begin;
         qsizetype length;
-        Letters letters;
+        WantedWords::Letters letters;
     };
 
     void add(const CatalogueGoods& one)
@@ -112,7 +50,7 @@ private:
         const qsizetype begin = text.size();
         text += searchText(one.name) + u'\n' + nonProprietaryName + u'\n' + searchText(one.barcode);
         const qsizetype length = text.size() - begin;
-        rows.append({begin, length, lettersOf(QStringView(text).sliced(begin, length))});
+        rows.append({begin, length, WantedWords::lettersOf(QStringView(text).sliced(begin, length))});
     }
 
     QString text; ///< one for all rows, since a walk through one text is several times faster than through many
@@ -141,9 +79,9 @@ const QList<CatalogueGoods>& GoodsList::all() const
 
 QList<int> GoodsList::matching(const QString& search) const
 {
-    QList<int> found = m_index->matching(wordsAsTyped(search));
+    QList<int> found = m_index->matching(WantedWords::asTyped(search));
     if (found.isEmpty()) {
-        found = m_index->matching(wordsOnEitherLayout(search));
+        found = m_index->matching(WantedWords::onEitherLayout(search));
     }
     return found;
 }

@@ -4,6 +4,8 @@
 #include "activitynotifier.h"
 #include "finally.h"
 #include "inputblocker.h"
+#include "runningrequest.h"
+#include "workstep.h"
 
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
@@ -30,26 +32,30 @@ bool isReady(const std::future<void>& done, std::chrono::milliseconds wait = 0ms
     return done.wait_for(wait) == std::future_status::ready;
 }
 
-/// Lets events run until the job is done or its time is over, behind the busy screen.
+/// Lets events run until the job is done, its time is over or the cashier stops the waiting, behind the busy screen.
 /// @param limit the time that `deadline` was given
-void waitBusy(const std::future<void>& done, const QDeadlineTimer& deadline, std::chrono::milliseconds limit,
+/// @return true when the cashier stopped it
+bool waitBusy(const std::future<void>& done, const QDeadlineTimer& deadline, std::chrono::milliseconds limit,
               const tr::Tr& message)
 {
+    const auto seconds = std::chrono::ceil<std::chrono::seconds>(limit);
+    const RunningRequest request(seconds, false, WorkStep::currentText());
     auto* notifier = Singleton<ActivityNotifier>::get();
     notifier->notify(Event(EActivityListener::LongWorkBegins)
                          .addArgument(u"message"_s, QVariant::fromValue(message))
-                         .addArgument(u"seconds"_s, int(std::chrono::ceil<std::chrono::seconds>(limit).count())));
+                         .addArgument(u"seconds"_s, int(seconds.count())));
     const Finally end([notifier] { notifier->notify(Event(EActivityListener::LongWorkEnds)); });
     const InputBlocker throwsInputAway;
     QEventLoop loop;
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, &loop, [&] {
-        if (isReady(done) || deadline.hasExpired()) {
+        if (isReady(done) || deadline.hasExpired() || request.isStopped()) {
             loop.quit();
         }
     });
     look.start(lookInterval);
     loop.exec();
+    return request.isStopped();
 }
 
 } // namespace
@@ -91,7 +97,8 @@ void ReadingThread::post(const std::function<void()>& job)
     QMetaObject::invokeMethod(m_place, job, Qt::QueuedConnection);
 }
 
-bool ReadingThread::run(const std::function<void()>& job, std::chrono::milliseconds limit, const tr::Tr& message)
+ReadingThread::Ending ReadingThread::run(const std::function<void()>& job, std::chrono::milliseconds limit,
+                                         const tr::Tr& message)
 {
     const auto promise = std::make_shared<std::promise<void>>();
     const std::future<void> done = promise->get_future();
@@ -100,8 +107,9 @@ bool ReadingThread::run(const std::function<void()>& job, std::chrono::milliseco
         job();
         promise->set_value();
     });
-    if (!isReady(done, unnoticed)) {
-        waitBusy(done, deadline, limit, message);
+    const bool isStopped = !isReady(done, unnoticed) && waitBusy(done, deadline, limit, message);
+    if (isReady(done)) {
+        return Ending::Done;
     }
-    return isReady(done);
+    return isStopped ? Ending::Stopped : Ending::Late;
 }

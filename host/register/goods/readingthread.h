@@ -21,10 +21,15 @@ public:
     /// Runs a job sometime.
     void post(const std::function<void()>& job);
 
-    /// Runs a job and waits for it. After a moment the busy screen shows `message` and `limit`, and input is thrown
-    /// away.
-    /// @return false when the job did not end within `limit`; it may still run then
-    bool run(const std::function<void()>& job, std::chrono::milliseconds limit, const tr::Tr& message);
+    enum class Ending : int {
+        Done,
+        Late,    ///< the job did not end within its time; it may still run
+        Stopped, ///< the cashier did not want to wait; the job may still run
+    };
+
+    /// Runs a job that only reads, and waits for it. After a moment the busy screen shows `message` and `limit`, and
+    /// input is thrown away, but for Esc, which stops the waiting.
+    Ending run(const std::function<void()>& job, std::chrono::milliseconds limit, const tr::Tr& message);
 
     /// Runs a last job and waits for the end of the thread. One that does not end is left to the end of the process.
     void finish(const std::function<void()>& lastJob);

@@ -4,12 +4,14 @@
 #include "documenttablemodel.h"
 #include "searchtext.h"
 
-#include <algorithm>
-
 void DocumentFilterModel::search(const QString& text)
 {
-    m_words = searchWords(text);
+    m_words = WantedWords::asTyped(text);
     invalidate();
+    if (rowCount() == 0) {
+        m_words = WantedWords::onEitherLayout(text);
+        invalidate();
+    }
 }
 
 bool DocumentFilterModel::filterAcceptsRow(int sourceRow, const QModelIndex& sourceParent) const
@@ -18,6 +20,5 @@ bool DocumentFilterModel::filterAcceptsRow(int sourceRow, const QModelIndex& sou
         return false;
     }
     const QModelIndex names = sourceModel()->index(sourceRow, DocumentTableModel::SearchText, sourceParent);
-    const QString text = searchText(names.data().toString());
-    return std::all_of(m_words.cbegin(), m_words.cend(), [&text](const QString& word) { return text.contains(word); });
+    return m_words.areIn(searchText(names.data().toString()));
 }

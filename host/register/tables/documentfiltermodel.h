@@ -2,8 +2,7 @@
 #pragma once
 
 #include "complexfilterproxymodel.h"
-
-#include <QStringList>
+#include "wantedwords.h"
 
 /// Those documents of a DocumentTableModel that pass the filters and in which a search finds all its words.
 class DocumentFilterModel : public ComplexFilterProxyModel
@@ -13,12 +12,13 @@ class DocumentFilterModel : public ComplexFilterProxyModel
 public:
     using ComplexFilterProxyModel::ComplexFilterProxyModel;
 
-    /// @param text words in any order, compared as searchText(); without a word every document passes
+    /// @param text words in any order, compared as searchText(), when none is found also as onOtherLayout() gives them;
+    ///        without a word every document passes
     void search(const QString& text);
 
 protected:
     bool filterAcceptsRow(int sourceRow, const QModelIndex& sourceParent) const override;
 
 private:
-    QStringList m_words;
+    WantedWords m_words;
 };

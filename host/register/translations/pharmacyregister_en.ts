@@ -34,6 +34,10 @@ The register keeps using the old one. Replace the file or call the administrator
         <source>Читается справочник товаров</source>
         <translation>Reading the goods catalogue</translation>
     </message>
+    <message id="goodsReadingStopped">
+        <source>Чтение справочника товаров прекращено кассиром. Чтобы прочитать его, дайте команду ещё раз.</source>
+        <translation>The cashier stopped the reading of the goods catalogue. To read it, give the command again.</translation>
+    </message>
     <message id="goodsCatalogueUnreadable">
         <source>Справочник товаров недоступен: %1
 Проверьте базу данных товаров и повторите или позовите администратора.</source>
@@ -135,22 +139,6 @@ Free disk space or check access to the data folder, then do it again.</translati
     <message id="goodsSelectionTable">
         <source>Товары</source>
         <translation>Goods</translation>
-    </message>
-    <message id="goodsSelectionPageUp">
-        <source>На страницу вверх</source>
-        <translation>Page up</translation>
-    </message>
-    <message id="goodsSelectionUp">
-        <source>Вверх</source>
-        <translation>Up</translation>
-    </message>
-    <message id="goodsSelectionDown">
-        <source>Вниз</source>
-        <translation>Down</translation>
-    </message>
-    <message id="goodsSelectionPageDown">
-        <source>На страницу вниз</source>
-        <translation>Page down</translation>
     </message>
     <message id="goodsSelectionNothing">
         <source>Нет товара для выбора. Вернитесь назад.</source>
@@ -1082,22 +1070,6 @@ Check that the right row is chosen and try again. If that does not help, call th
         <source>Позиции документа</source>
         <translation>Positions of the document</translation>
     </message>
-    <message id="documentsPageUp">
-        <source>На страницу вверх</source>
-        <translation>Page up</translation>
-    </message>
-    <message id="documentsUp">
-        <source>Вверх</source>
-        <translation>Up</translation>
-    </message>
-    <message id="documentsDown">
-        <source>Вниз</source>
-        <translation>Down</translation>
-    </message>
-    <message id="documentsPageDown">
-        <source>На страницу вниз</source>
-        <translation>Page down</translation>
-    </message>
     <message id="documentsNone">
         <source>Отложенных и завершённых документов нет.</source>
         <translation>There are no suspended or finished documents.</translation>
@@ -1511,22 +1483,6 @@ Give %3 change?</translation>
     <message id="returnPositions">
         <source>Позиции продажи</source>
         <translation>Positions of the sale</translation>
-    </message>
-    <message id="returnPageUp">
-        <source>На страницу вверх</source>
-        <translation>Page up</translation>
-    </message>
-    <message id="returnUp">
-        <source>Вверх</source>
-        <translation>Up</translation>
-    </message>
-    <message id="returnDown">
-        <source>Вниз</source>
-        <translation>Down</translation>
-    </message>
-    <message id="returnPageDown">
-        <source>На страницу вниз</source>
-        <translation>Page down</translation>
     </message>
     <message id="printedCardPart">
         <source>из них</source>

@@ -139,6 +139,17 @@ void BasicForm::prepareScrollKeys()
     }
 }
 
+/// Those of a form's table, for screen readers. The form may give them names of its own.
+void BasicForm::nameScrollButtons()
+{
+    setAccessibleNames({
+        {u"pageUpButton"_s, {u"formPageUp"_s, u"На страницу вверх"_s}},
+        {u"scrollUpButton"_s, {u"formScrollUp"_s, u"Вверх"_s}},
+        {u"scrollDownButton"_s, {u"formScrollDown"_s, u"Вниз"_s}},
+        {u"pageDownButton"_s, {u"formPageDown"_s, u"На страницу вниз"_s}},
+    });
+}
+
 void BasicForm::prepareTouch()
 {
     for (QScrollArea* area : m_root->findChildren<QScrollArea*>()) {
@@ -201,6 +212,7 @@ void BasicForm::loadUI(const QString& name)
     const Expected<QWidget*> widgets = loadLayout(layoutPath(name), name);
     m_root = widgets ? *widgets : new QWidget;
     (new FormGuard(*this))->watch(*m_root);
+    nameScrollButtons();
     if (!widgets) {
         Log4Qt::LogManager::logger(u"gui"_s)->error(widgets.failure().detail);
         findUIError(widgets.failure().text);

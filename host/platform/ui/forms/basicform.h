@@ -67,7 +67,8 @@ protected:
     void setContextCode(EContext::Code code) { m_contextCode = code; }
     void setHelp(const FormHelp& help) { m_help = help; }
 
-    /// Builds the widget tree from a layout file, for example "message.ui". A file that is missing or cannot be read
+    /// Builds the widget tree from a layout file, for example "message.ui", and names its scroll buttons for screen
+    /// readers. A file that is missing or cannot be read
     /// is reported through findUIError(). The root is then an empty widget, so that look-ups find nothing.
     void loadUI(const QString& name);
 
@@ -110,6 +111,7 @@ protected:
 private:
     void prepareScrollKeys();
     void prepareTouch();
+    void nameScrollButtons();
     /// Finds a widget that is not remembered yet, and remembers it.
     QWidget* lookUp(const QString& name, bool required);
     void reportCast(const QString& name, const QWidget& found, const char* wanted) const;

@@ -10,6 +10,7 @@
 
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QThread>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -205,4 +206,78 @@ TEST_F(DatabaseServer, standsStillDuringAQuery_theQueryFails)
     EXPECT_FALSE(query.lastError().text().trimmed().isEmpty());
     server->goOn();
     EXPECT_EQ(valueOf(m_factory.getConnection({}, {}), selectName), u"Парацетамол"_s);
+}
+
+TEST_F(DatabaseServer, statementAsked_isAnsweredWithinItsTimeAndTheConnectionsOwnLimitHoldsAgain)
+{
+    const QSqlDatabase connection = m_factory.getConnection({}, {});
+    QString name;
+    QString limit;
+    QString late;
+    m_factory.ask(connection, 50ms, [&] {
+        name = valueOf(connection, selectName);
+        limit = valueOf(connection, u"SHOW statement_timeout"_s);
+        late = valueOf(connection, u"SELECT pg_sleep(1000)"_s);
+    });
+    EXPECT_EQ(name, u"Парацетамол"_s);
+    EXPECT_EQ(limit, u"50ms"_s);
+    EXPECT_TRUE(late.contains(u"statement timeout"_s)) << late.toStdString();
+    EXPECT_EQ(valueOf(connection, u"SHOW statement_timeout"_s), u"2s"_s) << "the connection is this thread's again";
+}
+
+TEST_F(DatabaseServer, standsStillBetweenConnectionAndStatement_theWindowLivesAndTheStatementFails)
+{
+    WaitingWindow window;
+    const QSqlDatabase connection = m_factory.getConnection({}, {});
+    ASSERT_TRUE(connection.isOpen());
+    window.codes.clear(); // a busy machine may take its time to connect
+    window.seconds.clear();
+    window.beats = 0;
+    server->pause();
+    QString name;
+    m_factory.ask(connection, 500ms, [&] { name = valueOf(connection, selectName); });
+    EXPECT_NE(name, u"Парацетамол"_s);
+    EXPECT_EQ(window.codes, (QList<int>{EActivityListener::LongWorkBegins, EActivityListener::LongWorkEnds}));
+    EXPECT_EQ(window.seconds.value(0), 3) << "for the statement and for an answer";
+    EXPECT_GT(window.beats, 5);
+    EXPECT_FALSE(InputBlocker::isActive());
+
+    server->goOn();
+    EXPECT_FALSE(m_factory.getConnection({}, {}).isOpen()) << "it is left alone for a while";
+    ConnectionFactory another;
+    EXPECT_EQ(valueOf(another.getConnection({}, {}), selectName), u"Парацетамол"_s);
+}
+
+TEST_F(DatabaseServer, askedForWhileAStatementWaits_theSecondGetsNoConnectionAndTheStatementIsAnswered)
+{
+    WaitingWindow window;
+    const QSqlDatabase connection = m_factory.getConnection({}, {});
+    server->pause();
+    int refused = 0;
+    window.meanwhile = [&] {
+        refused += InputBlocker::isActive() && !m_factory.getConnection({}, {}).isValid() ? 1 : 0;
+        if (refused == 3) {
+            server->goOn();
+        }
+    };
+    QString name;
+    m_factory.ask(connection, 60s, [&] { name = valueOf(connection, selectName); });
+    window.meanwhile = {};
+    EXPECT_GE(refused, 3);
+    EXPECT_EQ(name, u"Парацетамол"_s);
+    EXPECT_EQ(valueOf(m_factory.getConnection({}, {}), selectName), u"Парацетамол"_s);
+}
+
+TEST_F(DatabaseServer, connectionOfAnotherFactory_isAskedInThisThread)
+{
+    ConnectionFactory another;
+    const QSqlDatabase connection = another.getConnection({}, {});
+    const QThread* ran = nullptr;
+    QString name;
+    m_factory.ask(connection, 1s, [&] {
+        ran = QThread::currentThread();
+        name = valueOf(connection, selectName);
+    });
+    EXPECT_EQ(ran, QThread::currentThread());
+    EXPECT_EQ(name, u"Парацетамол"_s);
 }

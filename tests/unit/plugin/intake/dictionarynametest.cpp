@@ -2,10 +2,13 @@
 #include "pharmacydoubles.h"
 
 #include "connectionfactory.h"
+#include "inputblocker.h"
+#include "postgresserver.h"
 
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTemporaryDir>
+#include <QTimer>
 
 namespace
 {
@@ -160,6 +163,48 @@ TEST_F(DictionaryName, noDatabase_leavesTheNameEmptyAndMakesNone)
     EXPECT_EQ(nameFor("123"), "");
 
     EXPECT_FALSE(QFile::exists(folder.filePath("goods.db")));
+}
+
+/// Connects, and stands still before anything is asked.
+class StandingStill : public ConnectionFactory
+{
+public:
+    explicit StandingStill(PostgresServer& server)
+        : m_server(server)
+    {
+    }
+
+    QSqlDatabase getConnection(const QString& database, const QString& connection) override
+    {
+        auto made = ConnectionFactory::getConnection(database, connection);
+        m_server.pause();
+        return made;
+    }
+
+private:
+    PostgresServer& m_server;
+};
+
+TEST_F(DictionaryName, serverStandsStillOnceConnected_theWindowLivesAndTheNameStaysEmpty)
+{
+    PostgresServer server;
+    ASSERT_TRUE(server.start());
+    ASSERT_TRUE(server.execute("CREATE TABLE medicine (dictcode INTEGER, dictname TEXT)"));
+    ASSERT_TRUE(server.execute("INSERT INTO medicine VALUES (123, 'Парацетамол')"));
+    config.setForThisRun("Database:driver", "QPSQL");
+    config.setForThisRun("Database:host", server.host());
+    config.setForThisRun("Database:name", server.database());
+    config.setForThisRun("Database:user", server.user());
+    EXPECT_EQ(nameFor("123"), "Парацетамол");
+
+    const Own<ConnectionFactory, StandingStill> still(server);
+    int beats = 0;
+    QTimer heart;
+    QObject::connect(&heart, &QTimer::timeout, &heart, [&beats] { beats += InputBlocker::isActive() ? 1 : 0; });
+    heart.start(50);
+    EXPECT_EQ(nameFor("123"), "");
+    EXPECT_GT(beats, 5);
+    server.goOn();
 }
 
 TEST_F(DictionaryName, chosenPrescription_isLookedUpBeforeItsDetails)

@@ -333,6 +333,8 @@ INSTANTIATE_TEST_SUITE_P(, DocumentSearch,
                                            Search{"goods", "Борвит", {5}},
                                            Search{"wordsInAnyOrder", "борвит  отлож", {5}},
                                            Search{"wordsOfTwoGoods", "борвит амоксидар", {5}},
+                                           Search{"wrongLayout", "<jhdbn", {5}},
+                                           Search{"oneWordInTheWrongLayout", "отлож ,jhdbn", {5}},
                                            Search{"yoForYe", "отложён", {5}}, Search{"yeForYo", "отменен", {4}}),
                          [](const auto& instance) { return std::string(instance.param.name); });
 

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The catalogue of goods on a real server that stops, stands still and comes back.
 #include "basicexception.h"
+#include "dialogdouble.h"
+#include "inputblocker.h"
 #include "postgresserver.h"
 #include "qtmessages.h"
+#include "registeraction.h"
+#include "runningrequest.h"
 #include "tillfixture.h"
 
 #include <QSignalSpy>
@@ -146,6 +150,72 @@ TEST_F(GoodsServer, standsStill_theWindowLivesTheCashierIsToldAndTheGoodsComeBac
     EXPECT_TRUE(again.contains(u"timeout expired"_s)) << again.toStdString();
     server->goOn();
     EXPECT_EQ(message(), QString());
+}
+
+/// A cashier who presses Esc at the busy screen.
+class ImpatientCashier
+{
+public:
+    ImpatientCashier()
+    {
+        RunningRequest::setEscape(&m_presses, [this](RunningRequest& request) {
+            changesSomething = request.changesSomething();
+            limit = request.limit();
+            request.stop();
+        });
+        QObject::connect(&m_presses, &QTimer::timeout, &m_window, [this] {
+            if (InputBlocker::isActive()) {
+                QTest::keyClick(&m_window, Qt::Key_Escape);
+            }
+        });
+        m_presses.start(20);
+    }
+
+    bool changesSomething = true;
+    std::chrono::seconds limit{0};
+
+private:
+    QWidget m_window;
+    QTimer m_presses;
+};
+
+TEST_F(GoodsServer, standsStillAndTheCashierPressesEsc_theReadingEndsAtOnceAndTheGoodsComeBack)
+{
+    config.set(u"Database:timeout"_s, u"60"_s);
+    ASSERT_EQ(message(), QString());
+    server->pause();
+    {
+        const ImpatientCashier cashier;
+        EXPECT_EQ(message(),
+                  u"Чтение справочника товаров прекращено кассиром. Чтобы прочитать его, дайте команду ещё раз."_s);
+        EXPECT_FALSE(cashier.changesSomething) << "Esc asks nothing";
+        EXPECT_EQ(cashier.limit, std::chrono::seconds(720));
+    }
+    EXPECT_EQ(RunningRequest::current(), nullptr);
+    EXPECT_FALSE(InputBlocker::isActive());
+    server->goOn();
+    EXPECT_EQ(message(), QString());
+}
+
+TEST_F(GoodsServer, readingStoppedByTheCashier_theCommandShowsANoticeAndAddsNothing)
+{
+    config.set(u"Database:timeout"_s, u"60"_s);
+    ASSERT_EQ(message(), QString());
+    server->pause();
+    const ImpatientCashier cashier;
+    const DialogDouble dialog;
+    control::Action scanned(registeraction::addGoods);
+    scanned.insert(u"search"_s, barcode);
+    EXPECT_EQ(controller.object.execute(scanned), EContext::Stop);
+    control::Action wanted(control::SelectGoods);
+    wanted.insert(u"filterByInn"_s, u"Ёлка"_s);
+    EXPECT_EQ(controller.object.execute(wanted), EContext::Stop);
+    ASSERT_EQ(dialog.messages().size(), 2);
+    for (const DialogDouble::Message& shown : dialog.messages()) {
+        EXPECT_EQ(shown.kind, Dialog::Notice) << "a wish is no error";
+        EXPECT_EQ(shown.tr.key(), u"goodsReadingStopped"_s);
+    }
+    EXPECT_FALSE(till->document());
 }
 
 TEST_F(GoodsServer, stoppedAndStartedAgain_theCashierIsToldWhyAndTheGoodsComeBack)

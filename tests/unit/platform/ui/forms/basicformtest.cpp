@@ -409,6 +409,18 @@ TEST_F(ScrollButtonsTest, touched_moveTheCurrentRowAndLeaveTheFocusAlone)
     EXPECT_EQ(QApplication::focusWidget(), form.findWidget<TalloLineEdit>("edit"));
 }
 
+TEST_F(ScrollButtonsTest, layoutLoaded_areNamedForScreenReaders)
+{
+    const LayoutForm form(layout);
+    const auto nameOf = [&form](const char* button) {
+        return form.rootWidget()->findChild<QWidget*>(QLatin1StringView(button))->accessibleName();
+    };
+    EXPECT_EQ(nameOf("pageUpButton"), "На страницу вверх");
+    EXPECT_EQ(nameOf("scrollUpButton"), "Вверх");
+    EXPECT_EQ(nameOf("scrollDownButton"), "Вниз");
+    EXPECT_EQ(nameOf("pageDownButton"), "На страницу вниз");
+}
+
 TEST_F(ScrollButtonsTest, withoutTouchMode_areNotConnected)
 {
     LayoutForm form(layout);
