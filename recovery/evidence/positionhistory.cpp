@@ -7,11 +7,11 @@
 #include <algorithm>
 #include <iterator>
 
-using Kind = DispenseRequest::Kind;
-using Outcome = DispenseRequest::Outcome;
-
 namespace
 {
+
+using Kind = DispenseRequest::Kind;
+using Outcome = DispenseRequest::Outcome;
 
 /// A dispense that was cancelled before is refused as unknown, in conflict, gone or unprocessable (RFC 9110, 15.5).
 bool mayBeCancelledBefore(const DispenseRequest& request)

@@ -31,7 +31,7 @@ protected:
     }
     static QString statusOf(const AbstractDocument& document) { return optionsOf(document)["status"_L1].toString(); }
 
-    const RecoveryRegistry registry;
+    const RecoveryRegistry registry{};
     const QDate monday{2026, 3, 2};
 };
 
