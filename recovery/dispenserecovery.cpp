@@ -113,9 +113,9 @@ bool DispenseRecovery::init()
     }
     Singleton<ActivityNotifier>::get()->subscribe(this);
     Singleton<GraphicalUserInterface>::get()->addFormCreator(QSharedPointer<DispenseChoiceFormCreator>::create());
-    Singleton<RequestJournal>::get()->setSettledByPlugin(true);
     TillDocuments documents;
     warnOfUndecided(documents);
+    Singleton<RequestJournal>::get()->setSettledByPlugin(true);
     return true;
 }
 
@@ -127,16 +127,23 @@ void DispenseRecovery::deinit()
 void DispenseRecovery::handleEvent(const Event& event)
 {
     const QSharedPointer<AbstractDocument> document = getDocument();
-    if (!document) {
-        return;
-    }
     switch (event.getCode()) {
     case EActivityListener::LongWorkEnds:
-        applyAnswers(document); // an answer may have been lost in it
+        if (document) {
+            applyAnswers(document); // an answer may have been lost in it
+        }
         break;
     case EActivityListener::DocumentRestored:
-        takeUp(document);
+        if (document) {
+            takeUp(document);
+        }
         break;
+    case EActivityListener::DocumentClosed:
+    case EActivityListener::DocumentCancelled: {
+        TillDocuments documents;
+        warnOfUndecided(documents);
+        break;
+    }
     default:
         break;
     }

@@ -95,6 +95,12 @@ qsizetype withoutIdLike(const DispenseRequest& request, const DocumentSettling::
     });
 }
 
+/// True when something was dispensed, and the registry does not show what.
+bool hidesDispenses(const ShownPrescription& shown)
+{
+    return shown.isCompleted && shown.dispenses.isEmpty();
+}
+
 /// What is to be found out of a registered position where no request says it.
 DispenseRequest doubtAbout(const GoodsItem& position)
 {
@@ -114,6 +120,12 @@ DocumentSettling::Positions prescriptionPositionsOf(const AbstractDocument& docu
     DocumentSettling::Positions positions = document.getPositions();
     positions.removeIf([](const auto& position) { return !isPrescriptionPosition(*position); });
     return positions;
+}
+
+bool isHeldInVain(const AbstractDocument& document, const GoodsItem& position)
+{
+    return document.isUndone() && document.getType() == AbstractDocument::Sale &&
+           PositionOptions(position).isRegistered();
 }
 
 DocumentSettling::DocumentSettling(const ElectronicPrescriptionInterface& registry, TillDocuments& documents,
@@ -149,7 +161,7 @@ void DocumentSettling::applyAnswers()
         const bool isUndecided = history.open() || (outcomemark::isOn(*position) && history.requests().isEmpty());
         const bool isMarked = outcomemark::set(*position, isUndecided);
         hasChanged = hasChanged || isApplied || isMarked;
-        if (!history.open() && !isHeldInVain(*position) && (isApplied || history.hasLostAnswer())) {
+        if (!history.open() && !isHeldInVain(*m_document, *position) && (isApplied || history.hasLostAnswer())) {
             answered.append(history);
         }
     }
@@ -201,15 +213,9 @@ bool DocumentSettling::applyAnswer(GoodsItem& position, const PositionHistory& h
     return true;
 }
 
-bool DocumentSettling::isHeldInVain(const GoodsItem& position) const
-{
-    return m_document->isUndone() && m_document->getType() == AbstractDocument::Sale &&
-           PositionOptions(position).isRegistered();
-}
-
 void DocumentSettling::noteRegistered(const GoodsItem& position)
 {
-    if (!isHeldInVain(position)) { // the registry is asked about that one
+    if (!isHeldInVain(*m_document, position)) { // the registry is asked about that one
         m_findings.append(recoverytexts::registered(position, PositionOptions(position).medicationDispenseId()).ui());
     }
 }
@@ -250,7 +256,7 @@ bool DocumentSettling::decide(const QList<Undecided>& undecided)
         if (carryOut(decisionOf(one), one)) {
             continue;
         }
-        if (!isHeldInVain(*one.position)) {
+        if (!isHeldInVain(*m_document, *one.position)) {
             return false;
         }
         isDecided = false;
@@ -271,6 +277,7 @@ bool DocumentSettling::askRegistry(const QList<Undecided>& undecided)
         QStringList names;
         for (const Undecided& one : undecided) {
             names.append(recoverytexts::nameOf(*one.position));
+            m_putOff.append(recoverytexts::undecided(*one.position).ui());
         }
         Dialog::create()->showMessage(recoverytexts::cannotAsk(exception.tr(), names, *m_document), Dialog::Error, 1,
                                       0);
@@ -289,7 +296,7 @@ std::optional<DispenseRequest> DocumentSettling::openRequestOf(const GoodsItem& 
         return history.open();
     }
     const bool hasLostJournal = history.requests().isEmpty() && outcomemark::isOn(position);
-    return hasLostJournal || isHeldInVain(position) ? std::optional(doubtAbout(position)) : std::nullopt;
+    return hasLostJournal || isHeldInVain(*m_document, position) ? std::optional(doubtAbout(position)) : std::nullopt;
 }
 
 DocumentSettling::Decision DocumentSettling::decisionOf(const Undecided& undecided)
@@ -304,7 +311,7 @@ DocumentSettling::Decision DocumentSettling::decisionOf(const Undecided& undecid
         return decision;
     }
     return undecided.open.kind == Kind::Registration ? decisionOfRegistration(undecided, *shown)
-                                                     : decisionOfCancellation(undecided, shown->dispenses);
+                                                     : decisionOfCancellation(undecided, *shown);
 }
 
 DocumentSettling::Decision DocumentSettling::decisionOfRegistration(const Undecided& undecided,
@@ -346,20 +353,20 @@ TillDocuments::Documents DocumentSettling::withThisOne(TillDocuments::Documents 
 
 /// A cancelled dispense is no longer shown. Without ids, another one of the same doses could be the cancelled one.
 DocumentSettling::Decision DocumentSettling::decisionOfCancellation(const Undecided& undecided,
-                                                                    const QList<RegistryDispense>& shown) const
+                                                                    const ShownPrescription& shown) const
 {
     const QString dispense = undecided.open.dispense;
-    const bool isThere =
-        std::any_of(shown.cbegin(), shown.cend(), [&](const RegistryDispense& one) { return one.id == dispense; });
+    const bool isThere = std::any_of(shown.dispenses.cbegin(), shown.dispenses.cend(),
+                                     [&](const RegistryDispense& one) { return one.id == dispense; });
     if (isThere) {
         return {Verdict::Registered, dispense};
     }
     const double doses = PositionOptions(*undecided.position).doseQuantity();
-    QList<RegistryDispense> possible = shown;
+    QList<RegistryDispense> possible = shown.dispenses;
     possible.removeIf([doses](const RegistryDispense& one) {
         return !one.id.isEmpty() || (one.facts.doses > 0 && qAbs(one.facts.doses - doses) >= 0.01);
     });
-    if (possible.isEmpty()) {
+    if (possible.isEmpty() && !hidesDispenses(shown)) {
         return {Verdict::NotRegistered};
     }
     Decision decision = askCashier(undecided, possible);
@@ -402,7 +409,7 @@ bool DocumentSettling::carryOut(const Decision& decision, const Undecided& undec
     options.writeTo(position);
     outcomemark::set(position, false);
     note(decision, undecided);
-    if (!save() || isHeldInVain(position)) {
+    if (!save() || isHeldInVain(*m_document, position)) {
         return false;
     }
     // A registration that the registry does not show may still arrive there. A refused repetition asks again.
@@ -418,7 +425,7 @@ void DocumentSettling::note(const Decision& decision, const Undecided& undecided
 {
     const GoodsItem& position = *undecided.position;
     const bool isRegistration = undecided.open.kind == Kind::Registration;
-    if (isHeldInVain(position)) {
+    if (isHeldInVain(*m_document, position)) {
         m_putOff.append(recoverytexts::heldInVain(position, decision.dispense).ui());
     } else if (decision.verdict == Verdict::Registered) {
         m_findings.append((isRegistration ? recoverytexts::registered(position, decision.dispense)
@@ -472,7 +479,7 @@ void DocumentSettling::showWhatHasNoId(const QList<Undecided>& undecided)
 bool DocumentSettling::isShownAsGone(const Undecided& undecided)
 {
     const std::optional<ShownPrescription> shown = m_inquiry.prescription(prescriptionOf(*undecided.position));
-    return shown && candidates(*shown, undecided.open, undecided.position.get()).isEmpty();
+    return shown && !hidesDispenses(*shown) && candidates(*shown, undecided.open, undecided.position.get()).isEmpty();
 }
 
 /// The operator may have cancelled it by now, or the registry may show its id.
@@ -524,13 +531,17 @@ bool DocumentSettling::decideRemoved(const DispenseRequest& request)
 {
     const std::optional<ShownPrescription> shown = m_inquiry.prescription(request.prescription);
     const QList<RegistryDispense> possible = shown ? candidates(*shown, request, nullptr) : QList<RegistryDispense>();
+    bool isHeld = false;
     for (const RegistryDispense& dispense : possible) {
-        m_putOff.append(recoverytexts::heldInVain(request, dispense.id).ui());
+        if (dispense.likeness(request.facts) == Likeness::Certain) {
+            m_putOff.append(recoverytexts::heldInVain(request, dispense.id).ui());
+            isHeld = true;
+        }
     }
-    if (!possible.isEmpty()) {
+    if (isHeld) {
         return false;
     }
-    const bool isShownAsGone = shown && !shown->isCompleted;
+    const bool isShownAsGone = shown && !shown->isCompleted && possible.isEmpty();
     if (!isShownAsGone &&
         dispensequestion::ask(recoverytexts::withoutPosition(), request).kind != DispenseChoice::NoneOfThem) {
         m_putOff.append(recoverytexts::undecided(request).ui());
@@ -550,8 +561,7 @@ void DocumentSettling::findUnclaimed(const QDate& day)
         const auto shown = m_inquiry.prescription(prescriptionOf(*position));
         const QList<RegistryDispense> dispenses = shown.value_or(ShownPrescription()).dispenses;
         for (const RegistryDispense& dispense : dispenses) {
-            const bool isOurs = dispense.facts.day == day.toString(Qt::ISODate) &&
-                                dispense.facts.pharmacy == here.pharmacy && dispense.facts.address == here.address;
+            const bool isOurs = dispense.facts.day == day.toString(Qt::ISODate) && dispense.facts.isOfPharmacy(here);
             if (isOurs && !dispense.id.isEmpty() && !onTill.contains(dispense.id)) {
                 m_findings.append(recoverytexts::unclaimed(*position, dispense.id, dispense.facts.doses).ui());
             }

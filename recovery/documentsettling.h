@@ -93,8 +93,6 @@ private:
 
     PositionHistory historyOf(const GoodsItem& position) const;
     bool applyAnswer(GoodsItem& position, const PositionHistory& history);
-    /// True for a dispense that the registry holds although nothing was handed out.
-    bool isHeldInVain(const GoodsItem& position) const;
     void noteRegistered(const GoodsItem& position);
     void noteCancelled(const GoodsItem& position);
 
@@ -114,7 +112,7 @@ private:
     bool decide(const QList<Undecided>& undecided);
     Decision decisionOf(const Undecided& undecided);
     Decision decisionOfRegistration(const Undecided& undecided, const ShownPrescription& shown);
-    Decision decisionOfCancellation(const Undecided& undecided, const QList<RegistryDispense>& shown) const;
+    Decision decisionOfCancellation(const Undecided& undecided, const ShownPrescription& shown) const;
     void showWhatHasNoId(const QList<Undecided>& undecided);
     bool isShownAsGone(const Undecided& undecided);
     Decision decisionWithoutId(const Undecided& undecided);
@@ -138,3 +136,6 @@ private:
 
 /// The positions of the document that come from prescriptions.
 DocumentSettling::Positions prescriptionPositionsOf(const AbstractDocument& document);
+
+/// True for a position with a dispense that the registry holds although nothing was handed out.
+bool isHeldInVain(const AbstractDocument& document, const GoodsItem& position);

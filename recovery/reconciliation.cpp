@@ -53,6 +53,8 @@ private:
     void compare(const QSharedPointer<AbstractDocument>& document, const QDate& day, Search search);
     void settle(DocumentSettling& settling, const DocumentSettling::Positions& positions, const QDate& day,
                 Search search);
+    /// One card may be refused; when the next document fails, too, it is the registry.
+    bool isBrokenOff() const { return m_failures > 1; }
     void decideWithoutDocument(const QString& identifier);
     bool decideWithoutDocument(const DispenseRequest& request);
 
@@ -64,14 +66,14 @@ private:
     QList<qint64> m_told;
     int m_compared = 0;
     int m_undecided = 0;
-    bool m_isBrokenOff = false; ///< the next one would ask the same registry
+    int m_failures = 0; ///< in a row: so many documents could not be compared
 };
 
 void Comparison::compareDocumentsOf(const QDate& day)
 {
     const auto documents = m_documents.ofDay(day);
     for (const auto& document : documents) {
-        if (!prescriptionPositionsOf(*document).isEmpty() && !m_isBrokenOff) {
+        if (!prescriptionPositionsOf(*document).isEmpty() && !isBrokenOff()) {
             compare(document, day, Search::Unclaimed);
         }
     }
@@ -87,7 +89,7 @@ void Comparison::compareOthersOfTheJournal()
         if (const auto document = m_documents.find(request.document); !document) {
             m_identifiers.insert(request.document);
             decideWithoutDocument(request.document);
-        } else if (!m_isBrokenOff) {
+        } else if (!isBrokenOff()) {
             compare(document, {}, Search::OwnRequests);
         }
     }
@@ -109,7 +111,8 @@ void Comparison::settle(DocumentSettling& settling, const DocumentSettling::Posi
 {
     const bool isDecided = settling.decide(positions);
     if (!settling.couldAsk()) {
-        m_isBrokenOff = true;
+        ++m_failures;
+        ++m_undecided;
         return;
     }
     if (isDecided) {
@@ -122,9 +125,11 @@ void Comparison::settle(DocumentSettling& settling, const DocumentSettling::Posi
             settling.findUnclaimed(day);
         }
         ++(isWhole ? m_compared : m_undecided);
+        m_failures = 0;
     } catch (const ElectronicPrescriptionException& exception) {
         m_lines.append(exception.tr().ui());
-        m_isBrokenOff = true;
+        ++m_failures;
+        ++m_undecided;
     }
 }
 
@@ -176,8 +181,8 @@ bool Comparison::decideWithoutDocument(const DispenseRequest& request)
 Reconciliation Comparison::result() const
 {
     const tr::Tr last =
-        m_isBrokenOff ? recoverytexts::brokenOff(m_compared) : recoverytexts::summary(m_compared, m_undecided);
-    return {m_lines + QStringList{last.ui()}, !m_isBrokenOff && m_undecided == 0, m_told};
+        isBrokenOff() ? recoverytexts::brokenOff(m_compared) : recoverytexts::summary(m_compared, m_undecided);
+    return {m_lines + QStringList{last.ui()}, m_undecided == 0, m_told};
 }
 
 } // namespace

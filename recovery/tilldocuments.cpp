@@ -4,8 +4,13 @@
 #include "currenttime.h"
 #include "documentarchive.h"
 
+#include <algorithm>
+
 namespace
 {
+
+/// A clock may have been wrong by years when the request went out.
+constexpr int longestDays = 62;
 
 QDate today()
 {
@@ -33,8 +38,9 @@ TillDocuments::Documents TillDocuments::ofDay(const QDate& day)
 
 TillDocuments::Documents TillDocuments::since(const QDate& first)
 {
-    Documents documents = ofDay(first);
-    for (QDate day = first; day.isValid() && day < today();) {
+    const QDate begin = first.isValid() ? std::max(first, today().addDays(-longestDays)) : first;
+    Documents documents = ofDay(begin);
+    for (QDate day = begin; day.isValid() && day < today();) {
         day = day.addDays(1);
         for (const auto& document : ofDay(day)) {
             if (!documents.contains(document)) {

@@ -23,7 +23,7 @@ bool isUndecided(const AbstractDocument& document, const Requests& all)
     const auto positions = prescriptionPositionsOf(document);
     for (const auto& position : positions) {
         const PositionHistory history(*position, document.identifier(), all);
-        if (history.open() || !history.isOnDocument()) {
+        if (history.open() || !history.isOnDocument() || isHeldInVain(document, *position)) {
             return true;
         }
         ofPositions.unite({history.requests().cbegin(), history.requests().cend()});

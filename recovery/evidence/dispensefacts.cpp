@@ -31,7 +31,17 @@ QString dayOf(const QString& handedOver)
     return hasZone ? time.toLocalTime().date().toString(Qt::ISODate) : handedOver.left(dayLength);
 }
 
+bool isSameText(const QString& one, const QString& other)
+{
+    return one.simplified().toCaseFolded() == other.simplified().toCaseFolded();
+}
+
 } // namespace
+
+bool DispenseFacts::isOfPharmacy(const DispenseFacts& other) const
+{
+    return isSameText(pharmacy, other.pharmacy) && isSameText(address, other.address);
+}
 
 DispenseFacts DispenseFacts::of(const QJsonObject& dispense)
 {

@@ -15,5 +15,8 @@ struct DispenseFacts {
     /// that is missing or of another type reads as an empty text or 0.
     static DispenseFacts of(const QJsonObject& dispense);
 
+    /// True when pharmacy and address agree. Case and blanks do not count: registries write names in ways of their own.
+    bool isOfPharmacy(const DispenseFacts& other) const;
+
     bool operator==(const DispenseFacts&) const = default;
 };

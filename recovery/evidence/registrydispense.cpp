@@ -21,12 +21,6 @@ QList<QJsonObject> resourcesIn(const QJsonObject& bundle, QLatin1StringView type
     return resources;
 }
 
-/// Registries write names of pharmacies in ways of their own.
-bool isSameText(const QString& one, const QString& other)
-{
-    return one.simplified().toCaseFolded() == other.simplified().toCaseFolded();
-}
-
 } // namespace
 
 RegistryDispense::Likeness RegistryDispense::likeness(const DispenseFacts& asked) const
@@ -37,9 +31,7 @@ RegistryDispense::Likeness RegistryDispense::likeness(const DispenseFacts& asked
         return Likeness::None;
     }
     const bool isWhole = !id.isEmpty() && !facts.day.isEmpty() && facts.day == asked.day && facts.doses > 0;
-    const bool isOfPharmacy = !facts.pharmacy.isEmpty() && isSameText(facts.pharmacy, asked.pharmacy) &&
-                              isSameText(facts.address, asked.address);
-    return isWhole && isOfPharmacy ? Likeness::Certain : Likeness::Possible;
+    return isWhole && !facts.pharmacy.isEmpty() && facts.isOfPharmacy(asked) ? Likeness::Certain : Likeness::Possible;
 }
 
 QList<RegistryDispense> dispensesIn(const QJsonObject& prescription)
