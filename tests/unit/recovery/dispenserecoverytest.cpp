@@ -81,6 +81,24 @@ TEST_F(DispenseRecoveryTest, undecidedRequestsOfDocumentsThatAreNotOpen_areNamed
     EXPECT_EQ(printer.object.lines.last(), u"Сверка закончена. Сверено документов: 0."_s);
 }
 
+TEST_F(DispenseRecoveryTest, saleIsCancelledWithAnOpenRequest_theStatusLineNamesItAtOnce)
+{
+    const auto sale = document(u"5"_s, u"rx-1"_s);
+    ASSERT_TRUE(recovery.init());
+    makeCurrent(sale);
+    registration(u"5"_s, u"rx-1"_s);
+    sale->closed = true;
+    sale->undone = true;
+    archive.object.ofNoDay.append(sale);
+    makeCurrent(nullptr);
+    notifier.object.notify(Event(EActivityListener::DocumentCancelled));
+    EXPECT_TRUE(warning.object.shown.contains(u"Документы: 5."_s)) << qPrintable(warning.object.shown);
+
+    prescriptions[u"rx-1"_s] = {{u"d-7"_s}};
+    recovery.reconcile();
+    EXPECT_TRUE(warning.object.shown.contains(u"Документы: 5."_s)) << "the registry holds it in vain";
+}
+
 TEST_F(DispenseRecoveryTest, answerThatAClosedSaleLacks_isUndecidedToo)
 {
     closedSale(u"5"_s);

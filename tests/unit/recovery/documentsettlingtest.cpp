@@ -152,6 +152,35 @@ TEST_F(DocumentSettlingTest, dispenseWithoutIdThatTheOperatorHasCancelled_isCanc
     EXPECT_TRUE(questions.isEmpty());
 }
 
+TEST_F(DocumentSettlingTest, completedPrescriptionIsShownWithoutDispenses_noDispenseCountsAsCancelled)
+{
+    prescriptions[u"rx-1"_s] = {};
+    completed = QStringList{u"rx-1"_s};
+    const auto sale = document(u"2"_s, u"rx-1"_s, u"d-1"_s);
+    cancellation(u"2"_s, u"d-1"_s);
+    EXPECT_FALSE(decide(sale));
+    EXPECT_EQ(questions.size(), 1);
+    EXPECT_EQ(statusOf(*sale), u"dispensed"_s);
+
+    const auto withoutId = document(u"3"_s, u"rx-1"_s, u""_s);
+    EXPECT_FALSE(decideWithoutIds(withoutId));
+    EXPECT_EQ(questions.size(), 2);
+    EXPECT_EQ(statusOf(*withoutId), u"dispensed"_s);
+}
+
+TEST_F(DocumentSettlingTest, clockWasWrongByYears_onlyTheLastMonthsAreRead)
+{
+    const QDateTime now = clock.now;
+    clock.now = QDateTime({2000, 1, 1}, {12, 0});
+    const auto lost = document(u"2"_s, u"rx-1"_s);
+    registration(u"2"_s, u"rx-1"_s);
+    clock.now = now;
+    prescriptions[u"rx-1"_s] = {{u"d-1"_s, 10, u"2000-01-01"_s}};
+    EXPECT_TRUE(decide(lost));
+    EXPECT_EQ(dispenseOf(*lost), u"d-1"_s);
+    EXPECT_LT(archive.object.readings, 70);
+}
+
 TEST_F(DocumentSettlingTest, dispenseWhoseIdTheRegistryShowsByNow_canBeCancelled)
 {
     const auto sale = document(u"2"_s, u"rx-1"_s, u""_s);
