@@ -10,13 +10,14 @@ trap 'rm -rf "$work"' EXIT
 cd "$work"
 mkfifo ended started
 
-# "start" says that the register runs, and lasts until it has ended.
+# "start" says that the register runs, and lasts until it has ended. A state comes with its exit status.
 cat >systemctl <<'MANAGER'
 #!/bin/sh
 echo "$*" >>asked
 case "$*" in
-  *start*) echo running >started; read -r result <ended; exit "$result" ;;
-  *stop*) echo 0 >ended ;;
+  *start*) echo running >started; read -r result state <ended; echo "$state" >state; exit "$result" ;;
+  *show*) cat state ;;
+  *stop*) echo 0 inactive >ended ;;
 esac
 MANAGER
 chmod +x systemctl
@@ -31,23 +32,36 @@ expect() { # NAME EXPECTED FOUND
   [[ "$2" == "$3" ]] || { printf '%s: %s, not %s\n' "$1" "$3" "$2" >&2; status=1; }
 }
 
-beginning='--user import-environment DISPLAY XAUTHORITY,--user --wait start pharmacy-register.service'
+environment='--user import-environment DISPLAY XAUTHORITY'
+start='--user --wait start pharmacy-register.service'
+look='--user show --property=ActiveState --value pharmacy-register.service'
+stop='--user stop pharmacy-register.service'
 
 begin
-echo 0 >ended
+echo 0 inactive >ended
 wait $! && outcome=0 || outcome=$?
-expect registerClosed_theSessionEnds "$beginning 0" "$(paste -sd, asked) $outcome"
+expect registerClosed_theSessionEnds "$environment,$start,$look 0" "$(paste -sd, asked) $outcome"
 
 begin
-echo 1 >ended
+echo 1 failed >ended
 wait $! && outcome=0 || outcome=$?
-expect registerFailed_theSessionEndsWithItsStatus "$beginning 1" "$(paste -sd, asked) $outcome"
+expect registerFailed_theSessionEndsWithItsStatus "$environment,$start,$look 1" "$(paste -sd, asked) $outcome"
+
+begin
+for state in activating active; do
+  echo 1 "$state" >ended
+  read -r <started
+done
+echo 0 inactive >ended
+wait $! && outcome=0 || outcome=$?
+expect registerCrashed_theSessionWaitsForTheNextOne "$environment,$start,$look,$start,$look,$start,$look 0" \
+  "$(paste -sd, asked) $outcome"
 
 for signal in TERM HUP; do
   begin
   kill -s "$signal" $!
   wait $! && outcome=0 || outcome=$?
-  expect "sessionEndedBy${signal}_theRegisterIsStopped" "$beginning,--user stop pharmacy-register.service 0" \
+  expect "sessionEndedBy${signal}_theRegisterIsStopped" "$environment,$start,$stop 0" \
     "$(paste -sd, asked) $outcome"
 done
 exit "$status"
