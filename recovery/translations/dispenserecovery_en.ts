@@ -54,7 +54,7 @@
     </message>
     <message id="dispenseChoiceId">
         <source>Номер записи</source>
-        <translation>Record number</translation>
+        <translation>Record id</translation>
     </message>
     <message id="dispenseChoiceWithoutId">
         <source>реестр не сообщает</source>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The forms on the screen: nothing is cut off on any screen, in any mode, with any data.
+// The forms on the screen: nothing is cut off on any screen, in any mode and language, with any data.
 #include "accessiblenames.h"
+#include "cashierslanguage.h"
 #include "dialogforms.h"
 #include "electronicprescriptionchoiceform.h"
 #include "electronicprescriptionconfirmdispenseform.h"
@@ -28,6 +29,7 @@ struct Case {
     QSize screen;
     bool isTouch;
     bool isExtreme;
+    const char* language;
 };
 
 class Layouts : public DialogForms, public ::testing::WithParamInterface<Case>
@@ -151,6 +153,8 @@ protected:
     }
 
 private:
+    const CashiersLanguage m_language{GetParam().language, {":/translations/registerplatform", PLUGIN_CATALOGUES}};
+
     static bool isLeaf(const QWidget& widget)
     {
         if (qobject_cast<const QLineEdit*>(widget.parentWidget())) {
@@ -166,7 +170,7 @@ private:
 std::string caseName(const ::testing::TestParamInfo<Case>& info)
 {
     return std::to_string(info.param.screen.width()) + (info.param.isTouch ? "_touch" : "_keyboard") +
-           (info.param.isExtreme ? "_longTexts" : "_ordinaryTexts");
+           (info.param.isExtreme ? "_longTexts_" : "_ordinaryTexts_") + info.param.language;
 }
 
 constexpr QSize screens[] = {{1024, 600}, {1280, 800}, {1920, 1080}};
@@ -177,7 +181,9 @@ std::vector<Case> cases()
     for (const auto& screen : screens) {
         for (const bool isTouch : {false, true}) {
             for (const bool isExtreme : {false, true}) {
-                all.push_back({screen, isTouch, isExtreme});
+                for (const char* language : {"ru", "en"}) {
+                    all.push_back({screen, isTouch, isExtreme, language});
+                }
             }
         }
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The form on every screen, in both modes, with any data: nothing is cut off.
+// The form on every screen, in both modes and languages, with any data: nothing is cut off.
 #include "accessiblenames.h"
+#include "cashierslanguage.h"
 #include "dispensechoicefixture.h"
 #include "looks.h"
 #include "styledscreen.h"
@@ -19,6 +20,7 @@ struct Case {
     QSize screen;
     bool isTouch;
     Data data;
+    const char* language;
 };
 
 QString longName()
@@ -105,6 +107,8 @@ protected:
         EXPECT_LE(view.horizontalHeader()->length(), view.viewport()->width()) << "no scrolling sideways";
     }
 
+    const CashiersLanguage language{GetParam().language,
+                                    {u":/translations/registerplatform"_s, QString::fromUtf8(RECOVERY_CATALOGUES)}};
     std::optional<StyledScreen> styled; ///< made when the mode is configured
 };
 
@@ -128,7 +132,7 @@ const char* nameOf(Data data)
 std::string caseName(const ::testing::TestParamInfo<Case>& info)
 {
     return std::to_string(info.param.screen.width()) + (info.param.isTouch ? "_touch_" : "_keyboard_") +
-           nameOf(info.param.data);
+           nameOf(info.param.data) + '_' + info.param.language;
 }
 
 std::vector<Case> cases()
@@ -137,7 +141,9 @@ std::vector<Case> cases()
     for (const QSize screen : {QSize(1024, 600), QSize(1280, 800), QSize(1920, 1080)}) {
         for (const bool isTouch : {false, true}) {
             for (const Data data : {Data::Ordinary, Data::Long, Data::Hostile, Data::None, Data::Fifty}) {
-                all.push_back({screen, isTouch, data});
+                for (const char* language : {"ru", "en"}) {
+                    all.push_back({screen, isTouch, data, language});
+                }
             }
         }
     }

@@ -1,22 +1,23 @@
 // SPDX-License-Identifier: MIT
 // Every cell of every table against its column: in the window's own layout, in the sizes that the register is made
-// for, with and without touch mode.
+// for, with and without touch mode, in both languages.
 #include "askform.h"
+#include "dispensechoicedialog.h"
 #include "documentlistparams.h"
 #include "electronicprescription.h"
 #include "electronicprescriptionchoiceparams.h"
-#include "electronicprescriptionformcreator.h"
 #include "goodsselectionparams.h"
 #include "patient.h"
+#include "pharmacywindow.h"
 #include "registerstyle.h"
 #include "returnparams.h"
-#include "windowfixture.h"
 
 #include <QHeaderView>
 #include <QTableView>
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -39,7 +40,7 @@ int wantedWidth(const QTableView& table, const QModelIndex& index)
 /// dates are never cut.
 bool mayBeElided(const QTableView& table, const QModelIndex& index)
 {
-    const int widestFit = 280; // of a column that fits its contents
+    const int widestFit = scaledPixels(280); // of a column that fits its contents
     const QString text = index.data().toString();
     const auto mode = table.horizontalHeader()->sectionResizeMode(index.column());
     return std::any_of(text.cbegin(), text.cend(), [](QChar character) { return character.isLetter(); }) &&
@@ -51,6 +52,9 @@ int expectCellsFit(const QTableView& table, int column)
     int measured = 0;
     for (int row = 0; row < table.model()->rowCount(); ++row) {
         const QModelIndex index = table.model()->index(row, column);
+        if (table.columnSpan(row, column) > 1) {
+            continue; // it has the width of several columns
+        }
         const QString cell = index.data().toString();
         if (mayBeElided(table, index)) {
             EXPECT_GE(table.columnWidth(column), 100) << qPrintable(cell);
@@ -81,37 +85,18 @@ void expectAllFits(const QTableView& table)
     EXPECT_LE(width, table.viewport()->width());
 }
 
-const QByteArray paper = R"({"positions": [{"tag": "paper", "mark": "БР",
-    "states": [{"option": "status", "value": null, "text": "не зарегистрирован", "colour": "#8a5a00"}]}]})";
+/// A prescription's position in each of its states.
+constexpr const char* states[] = {"{}", R"({"status": "dispensed"})", R"({"status": "canceled"})",
+                                  R"({"recovery": "unknown"})"};
 
 } // namespace
 
-class TableCells : public WindowFixture, public ::testing::WithParamInterface<std::tuple<QSize, bool>>
+class TableCells : public PharmacyWindow, public ::testing::WithParamInterface<std::tuple<QSize, bool, const char*>>
 {
 protected:
     TableCells()
+        : PharmacyWindow(std::get<QSize>(GetParam()), std::get<bool>(GetParam()), std::get<const char*>(GetParam()))
     {
-        const auto& [size, touch] = GetParam();
-        config.set(u"GUI:touchMode"_s, touch ? u"true"_s : u"false"_s);
-        config.set(u"GUI:layouts"_s, QString::fromUtf8(PLUGIN_LAYOUTS));
-        config.set(u"Register:currency"_s, u"BYN"_s);
-        gui.object.addFormCreator(QSharedPointer<ElectronicPrescriptionFormCreator>::create());
-        QFile file(folder.filePath(u"marks.json"_s));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(paper);
-        file.close();
-        marks.load(file.fileName());
-        applyRegisterStyle(*qApp, size);
-    }
-    ~TableCells() override { qApp->setStyleSheet({}); }
-
-    void openSized()
-    {
-        openWindow();
-        const QSize size = std::get<QSize>(GetParam());
-        window->resize(size);
-        ASSERT_TRUE(QTest::qWaitFor([this, size] { return window->size() == size; }));
-        QApplication::processEvents();
     }
 
     /// Goods of the widest price that the tables have to hold.
@@ -133,8 +118,9 @@ protected:
             goods.name = dearGoods(number).name;
             goods.price = Kopecks{number == count ? 999'999'999 : 888'888'888};
             const auto position = document.add(goods, {});
-            position->setTag(u"paper"_s);
-            position->setSoftCheckId(u"paper"_s);
+            position->setTag(u"prescription"_s);
+            position->setSoftCheckId(u"4500-1"_s);
+            position->setExtendedOptions(QString::fromLatin1(states[number % std::size(states)]));
             position->setPrice((goods.price - Kopecks{1}).toRoubles());
         }
     }
@@ -250,10 +236,24 @@ TEST_P(TableCells, prescriptions_showEveryNumberWhole)
                [&params] { askForm(params.getEvent()); });
 }
 
+TEST_P(TableCells, dispenses_showEveryNumberWhole)
+{
+    openSized();
+    DispenseChoiceParams params{
+        u"Амоксидар, капсулы 500 мг № 16"_s, u"4500-1"_s, u"10"_s, u"29.02.2024 12:30:05"_s, {}};
+    for (int number = 0; number < 40; ++number) {
+        params.dispenses.append({u"28.12.2024 22:58"_s, number == 39 ? u"999 999,99"_s : u"10"_s,
+                                 u"Аптека № 7, проспект Независимости, 117"_s, u"4500123456789012-%1"_s.arg(number)});
+    }
+    expectFits(u"dispenseChoiceForm"_s, {u"dispensesTable"_s},
+               [&params] { askForm(DispenseChoiceParams::eventCode, params); });
+}
+
 INSTANTIATE_TEST_SUITE_P(, TableCells,
                          ::testing::Combine(::testing::Values(QSize(1024, 600), QSize(1280, 800), QSize(1920, 1080)),
-                                            ::testing::Bool()),
+                                            ::testing::Bool(), ::testing::Values("ru", "en")),
                          [](const auto& instance) {
                              return std::to_string(std::get<QSize>(instance.param).width()) +
-                                    (std::get<bool>(instance.param) ? "touch" : "keys");
+                                    (std::get<bool>(instance.param) ? "touch" : "keys") +
+                                    std::get<const char*>(instance.param);
                          });
