@@ -29,8 +29,8 @@ private:
     struct Word {
         QString typed;
         QString otherwise; ///< empty: it is found as typed only
-        Letters letters;
-        Letters otherLetters;
+        Letters letters = 0;
+        Letters otherLetters = 0;
 
         bool isIn(QStringView searchText, Letters textLetters) const;
     };

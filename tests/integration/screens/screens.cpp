@@ -500,11 +500,12 @@ void Screens::messages()
 {
     expectGoodForm("notice", u"messageForm"_s, [] { showNotice(prescriptiontexts::noPrescriptions()); });
     expectGoodForm("longest message", u"messageForm"_s,
-                   [this] { Dialog::create()->showMessage(longestText(sources), Dialog::Error, 0, 0); });
+                   [] { Dialog::create()->showMessage(longestText(sources), Dialog::Error, 0, 0); });
     expectGoodForm("error without a text", u"messageForm"_s,
                    [] { Dialog::create()->showMessage({}, Dialog::Error, 0, 0); });
     till->add(article(amoxidar));
     Position& position = *till->document()->positions().constFirst();
+    makePrescriptions(position, R"({"serialNumber": "450012345678901"})");
     const QStringList lines{
         recoverytexts::reconciliationTitle().ui(),
         recoverytexts::ofDocument(u"00000007"_s, recoverytexts::unclaimed(position, u"d-71"_s, 2.5).ui()).ui(),
