@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "doctorcommandline.h"
 
+#include "defaultconfiguration.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
@@ -13,13 +14,6 @@ namespace
 {
 
 constexpr int longestSeconds = 3600;
-
-/// The register's own.
-QString defaultConfiguration()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           u"/pharmacy-register/register.ini"_s;
-}
 
 /// The options, declared to the parser.
 struct Options {

@@ -20,3 +20,4 @@ _register_options() {
 
 complete -o filenames -F _register_options pharmacy-register
 complete -o filenames -F _register_options prescription-registry-emulator
+complete -o filenames -F _register_options prescription-doctor

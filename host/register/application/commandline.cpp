@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commandline.h"
 
+#include "defaultconfiguration.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
@@ -37,11 +39,6 @@ std::optional<QSize> readSize(const QString& text)
     return QSize(match.captured(1).toInt(), match.captured(2).toInt());
 }
 
-QString folderOf(QStandardPaths::StandardLocation location)
-{
-    return QStandardPaths::writableLocation(location);
-}
-
 /// The options, declared to the parser.
 struct Options {
     explicit Options(QCommandLineParser& parser)
@@ -53,13 +50,11 @@ struct Options {
 
     const QCommandLineOption help;
     const QCommandLineOption version;
-    const QCommandLineOption config{
-        u"config"_s, u"Configuration: an INI file in UTF-8."_s, u"FILE.ini"_s,
-        defaultConfiguration(folderOf(QStandardPaths::AppConfigLocation) + u"/register.ini"_s,
-                             QString::fromUtf8(MACHINE_CONFIGURATION))};
+    const QCommandLineOption config{u"config"_s, u"Configuration: an INI file in UTF-8."_s, u"FILE.ini"_s,
+                                    defaultConfiguration()};
     const QCommandLineOption checkConfig{u"check-config"_s, u"Name what is wrong with the configuration, and end."_s};
     const QCommandLineOption data{u"data"_s, u"Data folder: receipts, logs. It has to exist and be writable."_s,
-                                  u"DIR"_s, folderOf(QStandardPaths::AppDataLocation)};
+                                  u"DIR"_s, QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)};
     const QCommandLineOption plugins{u"plugins"_s, u"Folder of the plug-ins. It has to exist."_s, u"DIR"_s,
                                      defaultPluginFolder()};
     const QCommandLineOption layouts{
@@ -144,11 +139,6 @@ CommandLine withMessage(CommandLine::Outcome outcome, const QString& message)
 }
 
 } // namespace
-
-QString defaultConfiguration(const QString& ofUser, const QString& ofMachine)
-{
-    return !QFileInfo::exists(ofUser) && QFileInfo::exists(ofMachine) ? ofMachine : ofUser;
-}
 
 QList<NamedFolder> CommandLine::unusableFolders() const
 {

@@ -12,10 +12,6 @@ struct NamedFolder {
     QString path;
 };
 
-/// The configuration of a register without the option --config.
-/// @return the user's own when it is there, otherwise the machine's when that is there; the user's when neither is
-QString defaultConfiguration(const QString& ofUser, const QString& ofMachine);
-
 /// The command line of the register.
 struct CommandLine {
     enum class Outcome {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "commandline.h"
+#include "defaultconfiguration.h"
 
 #include <QCoreApplication>
 #include <QDir>
