@@ -13,6 +13,7 @@
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -100,7 +101,7 @@ PaymentPanel::PaymentPanel(const Keys& keys, QWidget* parent)
                  "error");
     });
     connect(m_card, &QPushButton::clicked, this, &PaymentPanel::confirmedByCard);
-    connect(m_pay, &QPushButton::clicked, this, &PaymentPanel::confirmed);
+    connect(m_pay, &QPushButton::clicked, this, &PaymentPanel::confirm);
     connect(m_back, &QPushButton::clicked, this, &PaymentPanel::left);
     connect(m_keyboard, &TalloKeyboard::keyPressed, Singleton<InactivityLocker>::get(), &InactivityLocker::resetTimer);
 }
@@ -178,6 +179,10 @@ void PaymentPanel::showPhase(Till::Phase phase, const QSharedPointer<Document>& 
 {
     if (std::exchange(m_phase, phase) != phase) {
         m_received->clear();
+        m_sinceGoingOn.invalidate();
+        if (std::exchange(m_isGoingOn, false)) {
+            m_sinceGoingOn.start();
+        }
     }
     setVisible(phase != Till::Phase::Positions);
     if (phase == Till::Phase::Positions) {
@@ -329,6 +334,23 @@ bool PaymentPanel::takeKey(const QKeyEvent& key)
         (focused == std::end(others) ? m_pay : *focused)->click();
     }
     return true;
+}
+
+void PaymentPanel::confirm()
+{
+    if (isSecondPress()) {
+        return;
+    }
+    m_isGoingOn = m_phase == Till::Phase::Subtotal;
+    emit confirmed();
+}
+
+/// The second press of a double press at the subtotal was not meant for the payment, which has the same button: nobody
+/// has read what is due there.
+bool PaymentPanel::isSecondPress() const
+{
+    return m_sinceGoingOn.isValid() && m_sinceGoingOn.elapsed() < QApplication::doubleClickInterval() &&
+           m_received->text().isEmpty();
 }
 
 /// A barcode is never money, and the Return key at its end never confirms the payment.
