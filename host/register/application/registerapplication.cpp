@@ -17,6 +17,7 @@
 #include "inactivitylocker.h"
 #include "listenerhost.h"
 #include "logsetup.h"
+#include "obstaclenotice.h"
 #include "registerformcreator.h"
 #include "registerstyle.h"
 #include "scenario.h"
@@ -330,8 +331,17 @@ void RegisterApplication::resumeWork()
     }
     m_paymentCommands->settleRestored();
     m_storedDocumentCommands->settleRestored();
-    m_printer->printInterrupted(m_till->archive());
+    printInterrupted();
     followCatalogue();
+}
+
+/// Prints the receipt that the end of the register interrupted, or says why it has to wait.
+void RegisterApplication::printInterrupted()
+{
+    const QSharedPointer<Document> document = m_printer->interrupted(m_till->archive());
+    if (document && !showIfObstacle(m_till->obstacleToPrinting(*document))) {
+        m_printer->printOrShow(*document);
+    }
 }
 
 void RegisterApplication::followInactivity()

@@ -43,6 +43,18 @@ Obstacle returnSuspended(const Document& sale, const Document& suspended, const 
                 .arg(number(suspended))};
 }
 
+/// @param why what keeps a plug-in from bringing its lines of the receipt
+Obstacle receiptIncomplete(const Document& document, const tr::Tr& why)
+{
+    return {tr::Tr(u"receiptWithoutPlugin"_s,
+                   u"Чек № %1 пока не печатается: %2, и на чеке не было бы сведений об отпуске.\n"
+                   "Позовите администратора. Предложите покупателю подождать или зайти за чеком позже: когда модуль "
+                   "заработает, напечатайте чек из списка документов."_s)
+                .arg(number(document))
+                .arg(why.ui()),
+            why};
+}
+
 Obstacle voidingPaidBack(const Document& sale)
 {
     return {tr::Tr(u"voidingBegun"_s,
@@ -382,11 +394,16 @@ std::optional<Obstacle> Till::obstacleOfVoiding(const Document& document) const
 
 std::optional<Obstacle> Till::obstacleToPrinting(const Document& document) const
 {
-    if (document.getState() == Document::State::Closed) {
-        return obstacleOfVoiding(document);
+    if (document.getState() != Document::State::Closed) {
+        return Obstacle{{u"documentsPrintClosed"_s, u"Печатаются только закрытые документы, которые не аннулированы. "
+                                                    "Выберите такой документ."_s}};
     }
-    return Obstacle{{u"documentsPrintClosed"_s, u"Печатаются только закрытые документы, которые не аннулированы. "
-                                                "Выберите такой документ."_s}};
+    if (auto obstacle = obstacleOfVoiding(document)) {
+        return obstacle;
+    }
+    const QSharedPointer<Position> position = unserved(document);
+    return position ? std::optional(receiptIncomplete(document, pluginMissing(document, *position).brief))
+                    : std::nullopt;
 }
 
 std::optional<Obstacle> Till::obstacleToCancelling() const

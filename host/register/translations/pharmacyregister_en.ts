@@ -90,6 +90,12 @@ Check the goods database and try again, or call the administrator.</translation>
         <translation>Receipt No. %1 was not printed: %2
 The document itself is saved. Free some disk space or check access to the data folder, then print the receipt from the list of documents.</translation>
     </message>
+    <message id="receiptWithoutPlugin">
+        <source>Чек № %1 пока не печатается: %2, и на чеке не было бы сведений об отпуске.
+Позовите администратора. Предложите покупателю подождать или зайти за чеком позже: когда модуль заработает, напечатайте чек из списка документов.</source>
+        <translation>Receipt No. %1 cannot be printed yet: %2, and the receipt would lack what was dispensed.
+Call the administrator. Ask the customer to wait or to come back for the receipt: once the plug-in works, print it from the list of documents.</translation>
+    </message>
     <message id="pluginEndedByItself">
         <source>завершил работу из-за внутренней ошибки. Перезапустите кассу</source>
         <translation>ended because of an internal error. Restart the register</translation>
