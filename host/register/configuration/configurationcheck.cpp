@@ -80,7 +80,7 @@ Problem problemOfKey(const QString& value)
     const QKeySequence keys = QKeySequence::fromString(value);
     for (int number = 0; number < keys.count(); ++number) {
         if (keys[uint(number)].key() == Qt::Key_unknown) {
-            return Mistake{u"wants a key, for example F5 or Ctrl+A"_s};
+            return Mistake{u"wants a key, for example F5 or Ctrl+R"_s};
         }
     }
     return std::nullopt;

@@ -547,6 +547,28 @@ TEST_F(RegisterProgram, checkConfig_namesShortcutsThatTakeAnother)
             "its button only: choose another\n"_s);
 }
 
+TEST_F(RegisterProgram, checkConfig_namesShortcutsThatTextFieldsOrTheWindowNeed)
+{
+    takeDisplayAway();
+    const auto checked = [this](const QByteArray& key) {
+        write("register.ini", "[FunctionKey.goodsKey]\nkey=" + key + '\n');
+        run(usualOptions() + QStringList{u"--check-config"_s});
+        return printedProblems();
+    };
+    for (const char* key :
+         {"Ctrl+A", "Ctrl+C", "Ctrl+V", "Ctrl+X", "Ctrl+Z",    "A",    "Shift+7",    "Ю",         "Space",
+          "Home",   "End",    "Del",    "Ins",    "Backspace", "Left", "Ctrl+Right", "Shift+Del", "Return",
+          "Enter",  "Esc",    "Up",     "Down",   "PgUp",      "Tab",  "Shift+Tab"}) {
+        EXPECT_EQ(checked(key),
+                  QStringList(u":2: [FunctionKey.goodsKey] key: is needed for typing or for moving about: "
+                              "choose another, for example F5 or Ctrl+R"_s))
+            << key;
+    }
+    for (const char* key : {"F5", "Ctrl+F5", "Ctrl+R", "Alt+A", "Ctrl+Shift+F4"}) {
+        EXPECT_EQ(checked(key), QStringList(u": nothing is wrong"_s)) << key;
+    }
+}
+
 TEST_F(RegisterProgram, checkConfigOfARightConfiguration_endsWithStatusZero)
 {
     takeDisplayAway();

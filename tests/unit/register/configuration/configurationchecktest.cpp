@@ -96,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"key", "[FunctionKey.goodsKey]\nkey=Ctrl+F5\n", ""},
         Row{"touchAlone", "[FunctionKey.goodsKey]\nkey=\n", ""},
         Row{"noKey", "[FunctionKey.goodsKey]\nkey=Cmd5\n",
-            "r.ini:2: [FunctionKey.goodsKey] key: wants a key, for example F5 or Ctrl+A"},
+            "r.ini:2: [FunctionKey.goodsKey] key: wants a key, for example F5 or Ctrl+R"},
         Row{"url", "[RestClient]\nproxy=http://proxy.example:3128\n", ""},
         Row{"noUrl", "[RestClient]\nproxy=proxy.example:3128\n",
             "r.ini:2: [RestClient] proxy: wants a URL with http or https and a host"},
