@@ -41,23 +41,10 @@ bool hasTerminal()
 }
 
 /// Accepts an amount of roubles while it is typed.
-class MoneyValidator : public QRegularExpressionValidator
+QValidator* createMoneyValidator(QObject* parent)
 {
-public:
-    explicit MoneyValidator(QObject* parent)
-        : QRegularExpressionValidator(QRegularExpression(u"\\d*(?:[.,]\\d{0,2})?"_s), parent)
-    {
-    }
-
-    /// With the Russian keyboard layout, the keys for comma and point type letters.
-    State validate(QString& input, int& position) const override
-    {
-        for (const QChar letter : {QChar(u'б'), QChar(u'ю')}) {
-            input.replace(letter, u'.', Qt::CaseInsensitive);
-        }
-        return QRegularExpressionValidator::validate(input, position);
-    }
-};
+    return new QRegularExpressionValidator(QRegularExpression(u"\\d*(?:[.,]\\d{0,2})?"_s), parent);
+}
 
 QHBoxLayout* createRow()
 {
@@ -125,7 +112,7 @@ void PaymentPanel::createControls()
     m_received->setProperty("textSize", u"sum"_s);
     m_received->setNumeric(true);
     m_received->setMaxLength(longestInput);
-    m_received->setValidator(new MoneyValidator(m_received));
+    m_received->setValidator(createMoneyValidator(m_received));
 
     m_back->setObjectName(u"backButton"_s);
     m_back->setText(tr::Tr(u"paymentBack"_s, u"Назад"_s).ui());
