@@ -290,9 +290,17 @@ Is that right?</translation>
         <source>Код не подходит. Введите ещё раз.</source>
         <translation>Wrong code. Type it again.</translation>
     </message>
+    <message id="lockWrongCodeLayout">
+        <source>Код не подходит. Проверьте раскладку клавиатуры и введите ещё раз.</source>
+        <translation>Wrong code. Check the keyboard layout and type it again.</translation>
+    </message>
     <message id="lockWrongCodeWait">
         <source>Код не подходит. Следующая попытка через %1 с.</source>
         <translation>Wrong code. You can try again in %1 s.</translation>
+    </message>
+    <message id="lockWrongCodeLayoutWait">
+        <source>Код не подходит. Проверьте раскладку клавиатуры. Следующая попытка через %1 с.</source>
+        <translation>Wrong code. Check the keyboard layout. You can try again in %1 s.</translation>
     </message>
     <message id="lockWait">
         <source>Неверный код вводили много раз. Следующая попытка через %1 с.</source>
