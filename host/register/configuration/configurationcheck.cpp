@@ -151,6 +151,21 @@ QString asWritten(const QString& key)
     return u'[' + key.left(colon) + u"] "_s + key.mid(colon + 1);
 }
 
+/// The key was written again, mostly below an older line that was forgotten.
+/// @param lines where it is
+Problem problemOfRepetition(const QList<int>& lines)
+{
+    if (lines.isEmpty()) {
+        return std::nullopt;
+    }
+    QStringList numbers;
+    for (const int line : lines) {
+        numbers.append(QString::number(line));
+    }
+    return Mistake{
+        u"is there more than once, in lines %1: only the last counts, remove the others"_s.arg(numbers.join(u", "_s))};
+}
+
 QString withMode(const QString& file)
 {
     return file + u" can be read by other users: set its mode to 0600"_s;
@@ -229,9 +244,14 @@ QList<ConfigurationFinding> checkConfiguration(const Config& config, const QStri
 {
     const QHash<QString, int> lines = readIniLines(file);
     const Check check(config, file, keys);
+    const QHash<QString, QList<int>> repeated = readRepeatedKeys(file);
     QList<ConfigurationFinding> findings;
     for (const QString& key : config.keys()) {
-        if (Problem problem = check.problemOf(key)) {
+        Problem problem = check.problemOf(key);
+        if (!problem) {
+            problem = problemOfRepetition(repeated.value(key));
+        }
+        if (problem) {
             findings.append({key, lines.value(key), problem->text, problem->preventsStart});
         }
     }
