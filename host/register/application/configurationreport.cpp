@@ -172,7 +172,18 @@ bool namesDatabaseFile(const Config& config, const QString& key)
     const QString section = key.section(u':', 0, -2);
     const bool isDatabase = section == "Database"_L1 || section.startsWith("Database."_L1);
     return isDatabase && key.endsWith(":name"_L1) && !config.getString(key).isEmpty() &&
-           config.getString(section + u":driver"_s, u"QSQLITE"_s) == "QSQLITE"_L1;
+           isDatabaseFile(config, section);
+}
+
+/// Demo goods that are wanted where none are created.
+QList<ConfigurationFinding> checkDemoData(const Config& config, const QString& file)
+{
+    const QString key = u"Register:demoData"_s;
+    if (!config.getBool(key) || isDatabaseFile(config, u"Database"_s)) {
+        return {};
+    }
+    return {{key, readIniLines(file).value(key),
+             u"has no effect: demo goods are created in a file only, and [Database] driver names a server"_s}};
 }
 
 /// Database files in folders that are not there.
@@ -199,10 +210,15 @@ QList<ConfigurationFinding> checkEverything(const Config& config, const QString&
            checkList(config, file, u"FunctionKeys:keys"_s, configuredFunctionKeys(config), noLimit) +
            checkList(config, file, u"Menu:entries"_s, configuredMenuEntries(config), mostEntries) +
            checkLanguage(config, file) + checkUnlockCode(config, file, keys, isTouched) + checkLogFolder(config, file) +
-           checkDatabaseFolders(config, file);
+           checkDatabaseFolders(config, file) + checkDemoData(config, file);
 }
 
 } // namespace
+
+bool isDatabaseFile(const Config& config, const QString& database)
+{
+    return config.getString(database + u":driver"_s, u"QSQLITE"_s) == "QSQLITE"_L1;
+}
 
 ConfigurationReport::ConfigurationReport(const Config& config, const CommandLine& commandLine)
 {

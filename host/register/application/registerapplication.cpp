@@ -64,6 +64,20 @@ void setUpLogging(Config& config, const QDir& data)
                                                   QLatin1StringView(qVersion())));
 }
 
+/// In a file only: the goods of a server are never the register's to make.
+void createDemoGoods(const Config& config)
+{
+    if (!isDatabaseFile(config, u"Database"_s)) {
+        Log4Qt::LogManager::logger(u"register"_s)
+            ->warn(u"The demo goods were not created: Database:driver names a server"_s);
+        return;
+    }
+    if (const auto created = createDemoGoods(config.getString(u"Database:name"_s)); !created) {
+        Log4Qt::LogManager::logger(u"register"_s)
+            ->error(u"The demo goods were not created: "_s + created.failure().detail);
+    }
+}
+
 /// The keys and the menu entries.
 QList<FunctionKey> configuredKeys()
 {
@@ -236,10 +250,7 @@ void RegisterApplication::configureThisRun()
         config->setForThisRun(u"Database:name"_s, data.filePath(u"goods.sqlite"_s));
     }
     if (m_commandLine.demoData || config->getBool(u"Register:demoData"_s)) {
-        if (const auto created = createDemoGoods(config->getString(u"Database:name"_s)); !created) {
-            Log4Qt::LogManager::logger(u"register"_s)
-                ->error(u"The demo goods were not created: "_s + created.failure().detail);
-        }
+        createDemoGoods(*config);
     }
 }
 

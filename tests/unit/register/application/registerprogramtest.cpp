@@ -597,6 +597,19 @@ TEST_F(RegisterProgram, keysOfAPlugin_areKnownFromItsFolder)
     EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 0) << qPrintable(output);
 }
 
+TEST_F(RegisterProgram, demoGoodsForADatabaseOnAServer_areNotCreatedAndTheReportSaysSo)
+{
+    write("register.ini", "[Register]\ndemoData=true\n[Database]\ndriver=QPSQL\nhost=127.0.0.1\nport=1\nname=" +
+                              path("goods").toUtf8() + '\n');
+    const QStringList expected(
+        u":2: [Register] demoData: has no effect: demo goods are created in a file only, and [Database] driver names a server"_s);
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3);
+    EXPECT_EQ(printedProblems(), expected);
+    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
+    EXPECT_EQ(printedProblems(), expected);
+    EXPECT_FALSE(QFile::exists(path("goods")));
+}
+
 TEST_F(RegisterProgram, unlockCodeInAFileOfItsOwn_unlocksTheWindow)
 {
     write("register.ini", "[Register]\ndemoData=true\nunlockCodeFile=code\n[GUI]\ninactivityLockSeconds=1\n");
