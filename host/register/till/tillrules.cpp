@@ -87,6 +87,15 @@ Obstacle belowZero(const Document& document)
     return {text.arg(amountText(document.getSum())), {u"menuTotalBelowZero"_s, u"сумма меньше нуля"_s}};
 }
 
+/// A sum that could be saved and not read again.
+Obstacle tooLarge(const Document& document)
+{
+    return {tr::Tr(u"totalTooLarge"_s, u"Сумма чека слишком велика: %1.\n"
+                                       "Проверьте цены и количество или разделите покупку на несколько чеков."_s)
+                .arg(amountText(document.getSum())),
+            {u"menuTotalTooLarge"_s, u"сумма слишком велика"_s}};
+}
+
 } // namespace
 
 /// Money from a card binds the open document: its sum stays as it is, also when the money went back.
@@ -265,6 +274,9 @@ std::optional<Obstacle> Till::obstacleToPayment() const
     }
     if (m_document && m_document->getSum() < Kopecks{0}) {
         return belowZero(*m_document);
+    }
+    if (m_document && !Kopecks::fromRoubles(m_document->getSum().toRoubles())) {
+        return tooLarge(*m_document);
     }
     if (m_document && !m_document->positions().isEmpty()) {
         return obstacleOfPlugins(*m_document);

@@ -792,6 +792,12 @@ Resume it from the list of documents.</translation>
         <translation>The total of the sale is below zero: %1.
 Remove the position with the negative price, or call the administrator.</translation>
     </message>
+    <message id="totalTooLarge">
+        <source>Сумма чека слишком велика: %1.
+Проверьте цены и количество или разделите покупку на несколько чеков.</source>
+        <translation>The total of the sale is too large: %1.
+Check prices and packs, or split the purchase into several sales.</translation>
+    </message>
     <message id="returnBelowZero">
         <source>Сумма возврата меньше нуля: %1.
 Отмените возврат и верните эту позицию вместе с другими.</source>
@@ -801,6 +807,10 @@ Cancel the return, and return this position together with others.</translation>
     <message id="menuTotalBelowZero">
         <source>сумма меньше нуля</source>
         <translation>the total is below zero</translation>
+    </message>
+    <message id="menuTotalTooLarge">
+        <source>сумма слишком велика</source>
+        <translation>the total is too large</translation>
     </message>
     <message id="menuReceiptEmpty">
         <source>в чеке нет позиций</source>
