@@ -96,6 +96,23 @@ TEST_P(MissingPlugin, saleClosed_isNeitherReturnedNorVoided_andIsVoidedWhenThePl
     EXPECT_EQ(validDispenses(), QStringList());
 }
 
+TEST_P(MissingPlugin, closedAndNotPrinted_waitsForThePluginAndIsPrintedWhenItIsBack)
+{
+    playWith({cashier::findsTheDocument, cashier::subtotal, cashier::pays});
+    const std::string receipt = printed(1);
+    ASSERT_NE(receipt.find("Отпущено доз"), std::string::npos) << receipt;
+    ASSERT_TRUE(QDir(dataFolder() + "/printed").removeRecursively());
+    playWithout(
+        {R"({"wait": "messageForm"}, {"contains": "Чек № 1 пока не печатается: не работает модуль", "in": "messageLabel"},
+                    {"screenshot": "receipt-without-plugin"}, {"key": "Return"}, {"visible": false, "in": "messageForm"})",
+         cashier::opensTheDocuments,
+         R"({"row": 0, "in": "documentTable"}, {"enabled": false, "in": "printButton"}, {"key": "Esc"})"});
+    EXPECT_EQ(printed(1), "");
+
+    playWith({cashier::isIdle});
+    EXPECT_EQ(printed(1), receipt);
+}
+
 TEST_P(MissingPlugin, returnOpen_isOnlySuspended_andIsPaidOutWhenThePluginIsBack)
 {
     playWith({cashier::findsTheDocument, cashier::subtotal, cashier::pays, cashier::opensTheWholeReturn,

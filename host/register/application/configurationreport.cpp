@@ -13,6 +13,9 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <algorithm>
+#include <iterator>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -27,6 +30,28 @@ QString shortcutKey(const FunctionKey& key)
     return u"FunctionKey."_s + key.name + u":key"_s;
 }
 
+/// Keys that edit a text, move about in it or in a list, or answer a form.
+constexpr Qt::Key editingKeys[] = {
+    Qt::Key_Return, Qt::Key_Enter,  Qt::Key_Escape, Qt::Key_Tab,      Qt::Key_Backtab, Qt::Key_Backspace,
+    Qt::Key_Delete, Qt::Key_Insert, Qt::Key_Home,   Qt::Key_End,      Qt::Key_Left,    Qt::Key_Right,
+    Qt::Key_Up,     Qt::Key_Down,   Qt::Key_PageUp, Qt::Key_PageDown,
+};
+/// Letters that edit a text together with Ctrl.
+constexpr QStringView editingLetters = u"ACEKUVXYZ";
+
+/// True for a key that a text field or a list takes, or that would be taken from them.
+bool isNeededForInput(QKeyCombination combination)
+{
+    const Qt::Key key = combination.key();
+    if (std::find(std::begin(editingKeys), std::end(editingKeys), key) != std::end(editingKeys)) {
+        return true;
+    }
+    const bool isCharacter = key < Qt::Key_Escape; // the first that is none
+    const Qt::KeyboardModifiers others = combination.keyboardModifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    return isCharacter && (others == Qt::NoModifier || (others == Qt::ControlModifier && key < 0x80 &&
+                                                        editingLetters.contains(QChar(char16_t(key)))));
+}
+
 /// Shortcuts that do not do what their writer meant.
 QList<ConfigurationFinding> checkShortcuts(const Config& config, const QString& file)
 {
@@ -39,6 +64,9 @@ QList<ConfigurationFinding> checkShortcuts(const Config& config, const QString& 
     for (const FunctionKey& key : keys) {
         if (!key.lostTo.isEmpty()) {
             add(key, u"is the shortcut of «%1» as well, which comes first: choose another"_s.arg(key.lostTo));
+        }
+        if (!key.shortcut.isEmpty() && isNeededForInput(key.shortcut[0])) {
+            add(key, u"is needed for typing or for moving about: choose another, for example F5 or Ctrl+R"_s);
         }
     }
     const std::pair<QKeySequence, QString> own[] = {
@@ -144,7 +172,18 @@ bool namesDatabaseFile(const Config& config, const QString& key)
     const QString section = key.section(u':', 0, -2);
     const bool isDatabase = section == "Database"_L1 || section.startsWith("Database."_L1);
     return isDatabase && key.endsWith(":name"_L1) && !config.getString(key).isEmpty() &&
-           config.getString(section + u":driver"_s, u"QSQLITE"_s) == "QSQLITE"_L1;
+           isDatabaseFile(config, section);
+}
+
+/// Demo goods that are wanted where none are created.
+QList<ConfigurationFinding> checkDemoData(const Config& config, const QString& file)
+{
+    const QString key = u"Register:demoData"_s;
+    if (!config.getBool(key) || isDatabaseFile(config, u"Database"_s)) {
+        return {};
+    }
+    return {{key, readIniLines(file).value(key),
+             u"has no effect: demo goods are created in a file only, and [Database] driver names a server"_s}};
 }
 
 /// Database files in folders that are not there.
@@ -171,10 +210,15 @@ QList<ConfigurationFinding> checkEverything(const Config& config, const QString&
            checkList(config, file, u"FunctionKeys:keys"_s, configuredFunctionKeys(config), noLimit) +
            checkList(config, file, u"Menu:entries"_s, configuredMenuEntries(config), mostEntries) +
            checkLanguage(config, file) + checkUnlockCode(config, file, keys, isTouched) + checkLogFolder(config, file) +
-           checkDatabaseFolders(config, file);
+           checkDatabaseFolders(config, file) + checkDemoData(config, file);
 }
 
 } // namespace
+
+bool isDatabaseFile(const Config& config, const QString& database)
+{
+    return config.getString(database + u":driver"_s, u"QSQLITE"_s) == "QSQLITE"_L1;
+}
 
 ConfigurationReport::ConfigurationReport(const Config& config, const CommandLine& commandLine)
 {

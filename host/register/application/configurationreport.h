@@ -28,5 +28,9 @@ struct ConfigurationCheckResult {
 
 ConfigurationCheckResult checkConfiguration(const CommandLine& commandLine);
 
+/// True when a database of the configuration is a file, and not on a server.
+/// @param database its section, such as "Database"
+bool isDatabaseFile(const Config& config, const QString& database);
+
 /// What is wrong with a folder of the command line.
 QString describe(const NamedFolder& unusable);

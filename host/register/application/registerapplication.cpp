@@ -17,6 +17,7 @@
 #include "inactivitylocker.h"
 #include "listenerhost.h"
 #include "logsetup.h"
+#include "obstaclenotice.h"
 #include "registerformcreator.h"
 #include "registerstyle.h"
 #include "scenario.h"
@@ -61,6 +62,20 @@ void setUpLogging(Config& config, const QDir& data)
         ->info(u"Start of %1 %2 with Qt %3"_s.arg(QCoreApplication::applicationName(),
                                                   QCoreApplication::applicationVersion(),
                                                   QLatin1StringView(qVersion())));
+}
+
+/// In a file only: the goods of a server are never the register's to make.
+void createDemoGoods(const Config& config)
+{
+    if (!isDatabaseFile(config, u"Database"_s)) {
+        Log4Qt::LogManager::logger(u"register"_s)
+            ->warn(u"The demo goods were not created: Database:driver names a server"_s);
+        return;
+    }
+    if (const auto created = createDemoGoods(config.getString(u"Database:name"_s)); !created) {
+        Log4Qt::LogManager::logger(u"register"_s)
+            ->error(u"The demo goods were not created: "_s + created.failure().detail);
+    }
 }
 
 /// The keys and the menu entries.
@@ -235,10 +250,7 @@ void RegisterApplication::configureThisRun()
         config->setForThisRun(u"Database:name"_s, data.filePath(u"goods.sqlite"_s));
     }
     if (m_commandLine.demoData || config->getBool(u"Register:demoData"_s)) {
-        if (const auto created = createDemoGoods(config->getString(u"Database:name"_s)); !created) {
-            Log4Qt::LogManager::logger(u"register"_s)
-                ->error(u"The demo goods were not created: "_s + created.failure().detail);
-        }
+        createDemoGoods(*config);
     }
 }
 
@@ -330,8 +342,17 @@ void RegisterApplication::resumeWork()
     }
     m_paymentCommands->settleRestored();
     m_storedDocumentCommands->settleRestored();
-    m_printer->printInterrupted(m_till->archive());
+    printInterrupted();
     followCatalogue();
+}
+
+/// Prints the receipt that the end of the register interrupted, or says why it has to wait.
+void RegisterApplication::printInterrupted()
+{
+    const QSharedPointer<Document> document = m_printer->interrupted(m_till->archive());
+    if (document && !showIfObstacle(m_till->obstacleToPrinting(*document))) {
+        m_printer->printOrShow(*document);
+    }
 }
 
 void RegisterApplication::followInactivity()

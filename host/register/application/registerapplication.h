@@ -54,6 +54,7 @@ private:
     QSize windowSize() const;
     void openWindow();
     void resumeWork();
+    void printInterrupted();
     void followInactivity();
     void showPlugins();
     void showConfigurationProblems();

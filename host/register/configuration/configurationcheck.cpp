@@ -80,7 +80,7 @@ Problem problemOfKey(const QString& value)
     const QKeySequence keys = QKeySequence::fromString(value);
     for (int number = 0; number < keys.count(); ++number) {
         if (keys[uint(number)].key() == Qt::Key_unknown) {
-            return Mistake{u"wants a key, for example F5 or Ctrl+A"_s};
+            return Mistake{u"wants a key, for example F5 or Ctrl+R"_s};
         }
     }
     return std::nullopt;
@@ -149,6 +149,21 @@ QString asWritten(const QString& key)
 {
     const qsizetype colon = key.lastIndexOf(u':');
     return u'[' + key.left(colon) + u"] "_s + key.mid(colon + 1);
+}
+
+/// The key was written again, mostly below an older line that was forgotten.
+/// @param lines where it is
+Problem problemOfRepetition(const QList<int>& lines)
+{
+    if (lines.isEmpty()) {
+        return std::nullopt;
+    }
+    QStringList numbers;
+    for (const int line : lines) {
+        numbers.append(QString::number(line));
+    }
+    return Mistake{
+        u"is there more than once, in lines %1: only the last counts, remove the others"_s.arg(numbers.join(u", "_s))};
 }
 
 QString withMode(const QString& file)
@@ -229,9 +244,14 @@ QList<ConfigurationFinding> checkConfiguration(const Config& config, const QStri
 {
     const QHash<QString, int> lines = readIniLines(file);
     const Check check(config, file, keys);
+    const QHash<QString, QList<int>> repeated = readRepeatedKeys(file);
     QList<ConfigurationFinding> findings;
     for (const QString& key : config.keys()) {
-        if (Problem problem = check.problemOf(key)) {
+        Problem problem = check.problemOf(key);
+        if (!problem) {
+            problem = problemOfRepetition(repeated.value(key));
+        }
+        if (problem) {
             findings.append({key, lines.value(key), problem->text, problem->preventsStart});
         }
     }

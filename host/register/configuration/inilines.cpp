@@ -77,23 +77,43 @@ std::optional<QString> faultOf(const QByteArray& line)
     return u"is neither a section nor a key with a value: write [Section], key=value, or ; before a comment"_s;
 }
 
+/// Every line of each key.
+QHash<QString, QList<int>> placesOfKeys(const QString& file)
+{
+    QHash<QString, QList<int>> places;
+    QString section = generalSection;
+    int number = 0;
+    bool isContinued = false;
+    for (const QByteArray& line : linesOf(file)) {
+        ++number;
+        const qsizetype equals = line.indexOf('=');
+        if (!isContinued && line.startsWith('[')) {
+            section = sectionIn(line);
+        } else if (!isContinued && equals > 0 && !line.startsWith(';')) {
+            places[section + u':' + decoded(QByteArrayView(line).first(equals).trimmed())].append(number);
+        }
+        isContinued = goesOn(line);
+    }
+    return places;
+}
+
 } // namespace
 
 QHash<QString, int> readIniLines(const QString& file)
 {
+    const QHash<QString, QList<int>> places = placesOfKeys(file);
     QHash<QString, int> lines;
-    QString section = generalSection;
-    int number = 0;
-    for (const QByteArray& line : linesOf(file)) {
-        ++number;
-        const qsizetype equals = line.indexOf('=');
-        if (line.startsWith('[')) {
-            section = sectionIn(line);
-        } else if (equals > 0 && !line.startsWith(';')) {
-            lines.insert(section + u':' + decoded(QByteArrayView(line).first(equals).trimmed()), number);
-        }
+    for (auto place = places.cbegin(); place != places.cend(); ++place) {
+        lines.insert(place.key(), place->constLast());
     }
     return lines;
+}
+
+QHash<QString, QList<int>> readRepeatedKeys(const QString& file)
+{
+    QHash<QString, QList<int>> places = placesOfKeys(file);
+    places.removeIf([](const auto place) { return place->size() == 1; });
+    return places;
 }
 
 QList<IniFault> readIniFaults(const QString& file)

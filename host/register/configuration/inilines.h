@@ -9,6 +9,10 @@
 /// that is there twice it is the last one, which counts. Empty when the file cannot be read.
 QHash<QString, int> readIniLines(const QString& file);
 
+/// The keys of an INI file that are there more than once, as above, each with the numbers of its lines in their order.
+/// Empty when the file cannot be read.
+QHash<QString, QList<int>> readRepeatedKeys(const QString& file);
+
 /// A line that cannot be read.
 struct IniFault {
     int line;     ///< from 1

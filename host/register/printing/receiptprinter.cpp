@@ -60,12 +60,10 @@ bool ReceiptPrinter::writeOrShow(const Document& document, const QString& name, 
     return bool(written);
 }
 
-void ReceiptPrinter::printInterrupted(const ArchiveFolder& archive) const
+QSharedPointer<Document> ReceiptPrinter::interrupted(const ArchiveFolder& archive) const
 {
     const QSharedPointer<Document> last = archive.lastClosed();
-    if (last && !isPrinted(*last)) {
-        printOrShow(*last);
-    }
+    return last && !isPrinted(*last) ? last : nullptr;
 }
 
 bool ReceiptPrinter::isPrinted(const Document& document) const

@@ -28,9 +28,9 @@ public:
     /// @return the PDF, relative to the data folder; nothing after a failure was shown
     std::optional<QString> printAgainOrShow(const Document& document) const;
 
-    /// Prints the receipt of the document that was closed last, when one of its files is missing: the register ended
-    /// before it was written. A copy does not count.
-    void printInterrupted(const ArchiveFolder& archive) const;
+    /// The document that was closed last, when one of its receipt's files is missing: the register ended before it was
+    /// written. A copy does not count. Null: its receipt is there, or no document was closed.
+    QSharedPointer<Document> interrupted(const ArchiveFolder& archive) const;
 
 private:
     bool writeOrShow(const Document& document, const QString& name, const QList<PrintedLine>& lines) const;

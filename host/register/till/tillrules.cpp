@@ -43,6 +43,18 @@ Obstacle returnSuspended(const Document& sale, const Document& suspended, const 
                 .arg(number(suspended))};
 }
 
+/// @param why what keeps a plug-in from bringing its lines of the receipt
+Obstacle receiptIncomplete(const Document& document, const tr::Tr& why)
+{
+    return {tr::Tr(u"receiptWithoutPlugin"_s,
+                   u"Чек № %1 пока не печатается: %2, и на чеке не было бы сведений об отпуске.\n"
+                   "Позовите администратора. Предложите покупателю подождать или зайти за чеком позже: когда модуль "
+                   "заработает, напечатайте чек из списка документов."_s)
+                .arg(number(document))
+                .arg(why.ui()),
+            why};
+}
+
 Obstacle voidingPaidBack(const Document& sale)
 {
     return {tr::Tr(u"voidingBegun"_s,
@@ -73,6 +85,15 @@ Obstacle belowZero(const Document& document)
             : tr::Tr(u"totalBelowZero"_s, u"Сумма чека меньше нуля: %1.\n"
                                           "Удалите позицию с отрицательной ценой или позовите администратора."_s);
     return {text.arg(amountText(document.getSum())), {u"menuTotalBelowZero"_s, u"сумма меньше нуля"_s}};
+}
+
+/// A sum that could be saved and not read again.
+Obstacle tooLarge(const Document& document)
+{
+    return {tr::Tr(u"totalTooLarge"_s, u"Сумма чека слишком велика: %1.\n"
+                                       "Проверьте цены и количество или разделите покупку на несколько чеков."_s)
+                .arg(amountText(document.getSum())),
+            {u"menuTotalTooLarge"_s, u"сумма слишком велика"_s}};
 }
 
 } // namespace
@@ -254,6 +275,9 @@ std::optional<Obstacle> Till::obstacleToPayment() const
     if (m_document && m_document->getSum() < Kopecks{0}) {
         return belowZero(*m_document);
     }
+    if (m_document && !Kopecks::fromRoubles(m_document->getSum().toRoubles())) {
+        return tooLarge(*m_document);
+    }
     if (m_document && !m_document->positions().isEmpty()) {
         return obstacleOfPlugins(*m_document);
     }
@@ -382,11 +406,16 @@ std::optional<Obstacle> Till::obstacleOfVoiding(const Document& document) const
 
 std::optional<Obstacle> Till::obstacleToPrinting(const Document& document) const
 {
-    if (document.getState() == Document::State::Closed) {
-        return obstacleOfVoiding(document);
+    if (document.getState() != Document::State::Closed) {
+        return Obstacle{{u"documentsPrintClosed"_s, u"Печатаются только закрытые документы, которые не аннулированы. "
+                                                    "Выберите такой документ."_s}};
     }
-    return Obstacle{{u"documentsPrintClosed"_s, u"Печатаются только закрытые документы, которые не аннулированы. "
-                                                "Выберите такой документ."_s}};
+    if (auto obstacle = obstacleOfVoiding(document)) {
+        return obstacle;
+    }
+    const QSharedPointer<Position> position = unserved(document);
+    return position ? std::optional(receiptIncomplete(document, pluginMissing(document, *position).brief))
+                    : std::nullopt;
 }
 
 std::optional<Obstacle> Till::obstacleToCancelling() const

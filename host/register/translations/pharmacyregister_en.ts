@@ -90,6 +90,12 @@ Check the goods database and try again, or call the administrator.</translation>
         <translation>Receipt No. %1 was not printed: %2
 The document itself is saved. Free some disk space or check access to the data folder, then print the receipt from the list of documents.</translation>
     </message>
+    <message id="receiptWithoutPlugin">
+        <source>Чек № %1 пока не печатается: %2, и на чеке не было бы сведений об отпуске.
+Позовите администратора. Предложите покупателю подождать или зайти за чеком позже: когда модуль заработает, напечатайте чек из списка документов.</source>
+        <translation>Receipt No. %1 cannot be printed yet: %2, and the receipt would lack what was dispensed.
+Call the administrator. Ask the customer to wait or to come back for the receipt: once the plug-in works, print it from the list of documents.</translation>
+    </message>
     <message id="pluginEndedByItself">
         <source>завершил работу из-за внутренней ошибки. Перезапустите кассу</source>
         <translation>ended because of an internal error. Restart the register</translation>
@@ -284,9 +290,17 @@ Is that right?</translation>
         <source>Код не подходит. Введите ещё раз.</source>
         <translation>Wrong code. Type it again.</translation>
     </message>
+    <message id="lockWrongCodeLayout">
+        <source>Код не подходит. Проверьте раскладку клавиатуры и введите ещё раз.</source>
+        <translation>Wrong code. Check the keyboard layout and type it again.</translation>
+    </message>
     <message id="lockWrongCodeWait">
         <source>Код не подходит. Следующая попытка через %1 с.</source>
         <translation>Wrong code. You can try again in %1 s.</translation>
+    </message>
+    <message id="lockWrongCodeLayoutWait">
+        <source>Код не подходит. Проверьте раскладку клавиатуры. Следующая попытка через %1 с.</source>
+        <translation>Wrong code. Check the keyboard layout. You can try again in %1 s.</translation>
     </message>
     <message id="lockWait">
         <source>Неверный код вводили много раз. Следующая попытка через %1 с.</source>
@@ -778,6 +792,12 @@ Resume it from the list of documents.</translation>
         <translation>The total of the sale is below zero: %1.
 Remove the position with the negative price, or call the administrator.</translation>
     </message>
+    <message id="totalTooLarge">
+        <source>Сумма чека слишком велика: %1.
+Проверьте цены и количество или разделите покупку на несколько чеков.</source>
+        <translation>The total of the sale is too large: %1.
+Check prices and packs, or split the purchase into several sales.</translation>
+    </message>
     <message id="returnBelowZero">
         <source>Сумма возврата меньше нуля: %1.
 Отмените возврат и верните эту позицию вместе с другими.</source>
@@ -787,6 +807,10 @@ Cancel the return, and return this position together with others.</translation>
     <message id="menuTotalBelowZero">
         <source>сумма меньше нуля</source>
         <translation>the total is below zero</translation>
+    </message>
+    <message id="menuTotalTooLarge">
+        <source>сумма слишком велика</source>
+        <translation>the total is too large</translation>
     </message>
     <message id="menuReceiptEmpty">
         <source>в чеке нет позиций</source>

@@ -145,8 +145,25 @@ void LockScreen::tryCode()
         unlock();
     } else if (!code.isEmpty()) {
         m_state.countWrongTry();
-        countDown({u"lockWrongCodeWait"_s, u"Код не подходит. Следующая попытка через %1 с."_s});
+        refuse(code);
     }
+}
+
+/// Only what was typed decides on the words: the right code must not show in them.
+void LockScreen::refuse(const QString& typed)
+{
+    const bool dependsOnLayout = !TalloKeyboard::canType(typed, digits);
+    if (m_state.wait().count() == 0) {
+        showHint(dependsOnLayout ? tr::Tr(u"lockWrongCodeLayout"_s,
+                                          u"Код не подходит. Проверьте раскладку клавиатуры и введите ещё раз."_s)
+                                 : tr::Tr(u"lockWrongCode"_s, u"Код не подходит. Введите ещё раз."_s),
+                 "error");
+        return;
+    }
+    countDown(dependsOnLayout
+                  ? tr::Tr(u"lockWrongCodeLayoutWait"_s,
+                           u"Код не подходит. Проверьте раскладку клавиатуры. Следующая попытка через %1 с."_s)
+                  : tr::Tr(u"lockWrongCodeWait"_s, u"Код не подходит. Следующая попытка через %1 с."_s));
 }
 
 void LockScreen::prompt()
@@ -163,12 +180,7 @@ void LockScreen::prompt()
 
 void LockScreen::countDown(const tr::Tr& reason)
 {
-    const auto wait = m_state.wait().count();
-    if (wait == 0) {
-        showHint({u"lockWrongCode"_s, u"Код не подходит. Введите ещё раз."_s}, "error");
-        return;
-    }
-    showHint(reason.arg(QString::number(wait)), "error");
+    showHint(reason.arg(QString::number(m_state.wait().count())), "error");
     m_countdown.start();
 }
 

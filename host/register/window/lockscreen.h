@@ -44,6 +44,8 @@ private:
     void createCodeInput(QWidget* column);
     void createKeyboard(QWidget* column);
     void tryCode();
+    /// Says that the code is wrong. @param typed what was typed
+    void refuse(const QString& typed);
     void unlock();
     /// Asks for the code, or says how long it is not taken.
     void prompt();

@@ -13,6 +13,7 @@
 #include "tallokeyboard.h"
 #include "tallolineedit.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -40,23 +41,10 @@ bool hasTerminal()
 }
 
 /// Accepts an amount of roubles while it is typed.
-class MoneyValidator : public QRegularExpressionValidator
+QValidator* createMoneyValidator(QObject* parent)
 {
-public:
-    explicit MoneyValidator(QObject* parent)
-        : QRegularExpressionValidator(QRegularExpression(u"\\d*(?:[.,]\\d{0,2})?"_s), parent)
-    {
-    }
-
-    /// With the Russian keyboard layout, the keys for comma and point type letters.
-    State validate(QString& input, int& position) const override
-    {
-        for (const QChar letter : {QChar(u'б'), QChar(u'ю')}) {
-            input.replace(letter, u'.', Qt::CaseInsensitive);
-        }
-        return QRegularExpressionValidator::validate(input, position);
-    }
-};
+    return new QRegularExpressionValidator(QRegularExpression(u"\\d*(?:[.,]\\d{0,2})?"_s), parent);
+}
 
 QHBoxLayout* createRow()
 {
@@ -100,7 +88,7 @@ PaymentPanel::PaymentPanel(const Keys& keys, QWidget* parent)
                  "error");
     });
     connect(m_card, &QPushButton::clicked, this, &PaymentPanel::confirmedByCard);
-    connect(m_pay, &QPushButton::clicked, this, &PaymentPanel::confirmed);
+    connect(m_pay, &QPushButton::clicked, this, &PaymentPanel::confirm);
     connect(m_back, &QPushButton::clicked, this, &PaymentPanel::left);
     connect(m_keyboard, &TalloKeyboard::keyPressed, Singleton<InactivityLocker>::get(), &InactivityLocker::resetTimer);
 }
@@ -124,7 +112,7 @@ void PaymentPanel::createControls()
     m_received->setProperty("textSize", u"sum"_s);
     m_received->setNumeric(true);
     m_received->setMaxLength(longestInput);
-    m_received->setValidator(new MoneyValidator(m_received));
+    m_received->setValidator(createMoneyValidator(m_received));
 
     m_back->setObjectName(u"backButton"_s);
     m_back->setText(tr::Tr(u"paymentBack"_s, u"Назад"_s).ui());
@@ -178,6 +166,10 @@ void PaymentPanel::showPhase(Till::Phase phase, const QSharedPointer<Document>& 
 {
     if (std::exchange(m_phase, phase) != phase) {
         m_received->clear();
+        m_sinceGoingOn.invalidate();
+        if (std::exchange(m_isGoingOn, false)) {
+            m_sinceGoingOn.start();
+        }
     }
     setVisible(phase != Till::Phase::Positions);
     if (phase == Till::Phase::Positions) {
@@ -329,6 +321,23 @@ bool PaymentPanel::takeKey(const QKeyEvent& key)
         (focused == std::end(others) ? m_pay : *focused)->click();
     }
     return true;
+}
+
+void PaymentPanel::confirm()
+{
+    if (isSecondPress()) {
+        return;
+    }
+    m_isGoingOn = m_phase == Till::Phase::Subtotal;
+    emit confirmed();
+}
+
+/// The second press of a double press at the subtotal was not meant for the payment, which has the same button: nobody
+/// has read what is due there.
+bool PaymentPanel::isSecondPress() const
+{
+    return m_sinceGoingOn.isValid() && m_sinceGoingOn.elapsed() < QApplication::doubleClickInterval() &&
+           m_received->text().isEmpty();
 }
 
 /// A barcode is never money, and the Return key at its end never confirms the payment.

@@ -5,6 +5,7 @@
 #include "till.h"
 #include "tr.h"
 
+#include <QElapsedTimer>
 #include <QKeySequence>
 #include <QSharedPointer>
 #include <QWidget>
@@ -66,11 +67,15 @@ private:
     void showKeyHint(const tr::Tr& hint);
     void showHint(const tr::Tr& hint, const char* textRole);
     bool takeKey(const QKeyEvent& key);
+    void confirm();
+    bool isSecondPress() const;
     void refuseScan();
 
     Keys m_keys;
     Till::Phase m_phase = Till::Phase::Positions;
-    Kopecks m_sum = {}; ///< due
+    bool m_isGoingOn = false;     ///< from the subtotal, by this panel
+    QElapsedTimer m_sinceGoingOn; ///< valid while that was the last change of the phase
+    Kopecks m_sum = {};           ///< due
     QLabel* m_caption;
     QLabel* m_sumLabel;
     QLabel* m_currency;

@@ -5,6 +5,20 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 
+namespace
+{
+
+/// With the Russian keyboard layout, the keys for comma and point type letters.
+QString withPoints(QString text)
+{
+    for (const QChar character : {QChar(u','), QChar(u'б'), QChar(u'ю')}) {
+        text.replace(character, u'.', Qt::CaseInsensitive);
+    }
+    return text;
+}
+
+} // namespace
+
 TalloLineEdit::TalloLineEdit(QWidget* parent)
     : QLineEdit(parent)
 {
@@ -23,16 +37,16 @@ void TalloLineEdit::keyPressEvent(QKeyEvent* event)
         return;
     }
     if (event->matches(QKeySequence::Paste) && !isReadOnly()) {
-        insert(QGuiApplication::clipboard()->text().replace(u',', u'.'));
+        insert(withPoints(QGuiApplication::clipboard()->text()));
         event->accept();
         return;
     }
-    if (!event->text().contains(u',')) {
+    const QString text = withPoints(event->text());
+    if (text == event->text()) {
         QLineEdit::keyPressEvent(event);
         return;
     }
-    QKeyEvent withPoint(event->type(), Qt::Key_Period, event->modifiers(), event->text().replace(u',', u'.'),
-                        event->isAutoRepeat());
+    QKeyEvent withPoint(event->type(), Qt::Key_Period, event->modifiers(), text, event->isAutoRepeat());
     QLineEdit::keyPressEvent(&withPoint);
     event->setAccepted(withPoint.isAccepted());
 }

@@ -13,7 +13,8 @@ class REGISTERPLATFORM_EXPORT TalloLineEdit : public QLineEdit
 public:
     explicit TalloLineEdit(QWidget* parent = nullptr);
 
-    /// A comma typed or pasted is taken as a point.
+    /// A comma typed or pasted is taken as a point, and so are the letters that the Russian layout has on the keys of
+    /// comma and point.
     bool isNumeric() const { return m_numeric; }
     void setNumeric(bool numeric);
 

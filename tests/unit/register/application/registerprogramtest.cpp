@@ -547,6 +547,28 @@ TEST_F(RegisterProgram, checkConfig_namesShortcutsThatTakeAnother)
             "its button only: choose another\n"_s);
 }
 
+TEST_F(RegisterProgram, checkConfig_namesShortcutsThatTextFieldsOrTheWindowNeed)
+{
+    takeDisplayAway();
+    const auto checked = [this](const QByteArray& key) {
+        write("register.ini", "[FunctionKey.goodsKey]\nkey=" + key + '\n');
+        run(usualOptions() + QStringList{u"--check-config"_s});
+        return printedProblems();
+    };
+    for (const char* key :
+         {"Ctrl+A", "Ctrl+C", "Ctrl+V", "Ctrl+X", "Ctrl+Z",    "A",    "Shift+7",    "Ю",         "Space",
+          "Home",   "End",    "Del",    "Ins",    "Backspace", "Left", "Ctrl+Right", "Shift+Del", "Return",
+          "Enter",  "Esc",    "Up",     "Down",   "PgUp",      "Tab",  "Shift+Tab"}) {
+        EXPECT_EQ(checked(key),
+                  QStringList(u":2: [FunctionKey.goodsKey] key: is needed for typing or for moving about: "
+                              "choose another, for example F5 or Ctrl+R"_s))
+            << key;
+    }
+    for (const char* key : {"F5", "Ctrl+F5", "Ctrl+R", "Alt+A", "Ctrl+Shift+F4"}) {
+        EXPECT_EQ(checked(key), QStringList(u": nothing is wrong"_s)) << key;
+    }
+}
+
 TEST_F(RegisterProgram, checkConfigOfARightConfiguration_endsWithStatusZero)
 {
     takeDisplayAway();
@@ -573,6 +595,19 @@ TEST_F(RegisterProgram, keysOfAPlugin_areKnownFromItsFolder)
     ASSERT_TRUE(QDir(path("plugins")).mkdir(u"weather"_s));
     write("plugins/weather/configuration.json", R"({"keys": [{"key": "Weather:place", "type": "text"}]})");
     EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 0) << qPrintable(output);
+}
+
+TEST_F(RegisterProgram, demoGoodsForADatabaseOnAServer_areNotCreatedAndTheReportSaysSo)
+{
+    write("register.ini", "[Register]\ndemoData=true\n[Database]\ndriver=QPSQL\nhost=127.0.0.1\nport=1\nname=" +
+                              path("goods").toUtf8() + '\n');
+    const QStringList expected(
+        u":2: [Register] demoData: has no effect: demo goods are created in a file only, and [Database] driver names a server"_s);
+    EXPECT_EQ(run(usualOptions() + QStringList{u"--check-config"_s}), 3);
+    EXPECT_EQ(printedProblems(), expected);
+    EXPECT_EQ(play("[]"), 0) << qPrintable(output);
+    EXPECT_EQ(printedProblems(), expected);
+    EXPECT_FALSE(QFile::exists(path("goods")));
 }
 
 TEST_F(RegisterProgram, unlockCodeInAFileOfItsOwn_unlocksTheWindow)

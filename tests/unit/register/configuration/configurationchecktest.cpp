@@ -64,6 +64,13 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"noSection", "unlockCode=1\n", "r.ini:1: [General] unlockCode: unknown key"},
         Row{"generalSection", "[general]\nx=1\n", "r.ini:2: [General] x: unknown key"},
         Row{"twice", "[Weather]\na=1\na=2\n", "r.ini:3: [Weather] a: unknown key"},
+        Row{"keyTwice", "[GUI]\ntouchMode=true\n\ntouchMode=false\n",
+            "r.ini:4: [GUI] touchMode: is there more than once, in lines 2, 4: only the last counts, remove the "
+            "others"},
+        Row{"keyThreeTimes", "[GUI]\ntouchMode=1\n[GUI]\ntouchMode=0\ntouchMode=1\n",
+            "r.ini:5: [GUI] touchMode: is there more than once, in lines 2, 4, 5: only the last counts, remove the "
+            "others"},
+        Row{"sameKeyOfTwoSections", "[Database]\nname=goods\n[Database.doses]\nname=doses\n", ""},
         Row{"afterByteOrderMark", "\xEF\xBB\xBF[Weather]\na=1\n", "r.ini:2: [Weather] a: unknown key"},
         Row{"anyFunctionKey", "[FunctionKey.prescriptionKey]\ntext=Рецепт\naction=94\n", ""},
         Row{"partOfAnyFunctionKey", "[FunctionKey.prescriptionKey]\ntekst=Рецепт\n",
@@ -96,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"key", "[FunctionKey.goodsKey]\nkey=Ctrl+F5\n", ""},
         Row{"touchAlone", "[FunctionKey.goodsKey]\nkey=\n", ""},
         Row{"noKey", "[FunctionKey.goodsKey]\nkey=Cmd5\n",
-            "r.ini:2: [FunctionKey.goodsKey] key: wants a key, for example F5 or Ctrl+A"},
+            "r.ini:2: [FunctionKey.goodsKey] key: wants a key, for example F5 or Ctrl+R"},
         Row{"url", "[RestClient]\nproxy=http://proxy.example:3128\n", ""},
         Row{"noUrl", "[RestClient]\nproxy=proxy.example:3128\n",
             "r.ini:2: [RestClient] proxy: wants a URL with http or https and a host"},

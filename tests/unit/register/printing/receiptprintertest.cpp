@@ -394,7 +394,13 @@ protected:
         document->setEnding(ending);
         ASSERT_TRUE(archive.saveOrShow(document));
     }
-    void printInterrupted() const { ReceiptPrinter(folder.path(), marks).printInterrupted(archive); }
+    void printInterrupted() const
+    {
+        const ReceiptPrinter printer(folder.path(), marks);
+        if (const QSharedPointer<Document> document = printer.interrupted(archive)) {
+            printer.printOrShow(*document);
+        }
+    }
 
     ArchiveFolder archive{folder.path()};
 };

@@ -119,6 +119,22 @@ TEST_P(MissingPlugin, saleClosed_isNeitherReturnedAsAWholeNorVoided)
     EXPECT_FALSE(till->document());
 }
 
+TEST_P(MissingPlugin, saleClosed_isPrintedOnlyWhenItsPluginWorks)
+{
+    ASSERT_TRUE(close());
+    EXPECT_FALSE(till->obstacleToPrinting(*archived(1)));
+    idle();
+    const std::optional<Obstacle> obstacle = till->obstacleToPrinting(*archived(1));
+    ASSERT_TRUE(obstacle);
+    EXPECT_EQ(obstacle->text.ui(),
+              u"Чек № 1 пока не печатается: %1, и на чеке не было бы сведений об отпуске.\n"
+              "Позовите администратора. Предложите покупателю подождать или зайти за чеком позже: когда модуль "
+              "заработает, напечатайте чек из списка документов."_s.arg(QString::fromUtf8(GetParam().brief)));
+    EXPECT_EQ(obstacle->brief.ui(), QString::fromUtf8(GetParam().brief));
+    works();
+    EXPECT_FALSE(till->obstacleToPrinting(*archived(1)));
+}
+
 TEST_P(MissingPlugin, positionOfTheRegisterAlone_isReturnedAndThenNoneIsLeftToReturn)
 {
     ASSERT_TRUE(close());
@@ -188,6 +204,7 @@ TEST_F(NoPlugin, positionsOfTheRegisterAlone_needNone)
     EXPECT_FALSE(till->obstacleToCancelling());
     EXPECT_TRUE(till->close({Payment::cash(Kopecks{1240})}));
     EXPECT_FALSE(till->obstacleToReturning(*till->archive().find(1)));
+    EXPECT_FALSE(till->obstacleToPrinting(*till->archive().find(1)));
     EXPECT_TRUE(till->voidDocument(till->archive().find(1)));
 }
 

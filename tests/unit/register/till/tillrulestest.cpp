@@ -120,6 +120,24 @@ TEST_F(UndecidedPosition, ofASaleWithMoneyFromACard_itCanBeSuspendedWithTheMoney
     EXPECT_GT(till->archive().find(1)->getCharged(), Kopecks{0});
 }
 
+TEST_F(TillRules, sumThatCouldNotBeReadAgain_isNotPaid)
+{
+    till->add(article(amoxidar, 100'000));
+    till->document()->position(1)->setPrice(1e8);
+    EXPECT_FALSE(till->obstacleToPayment()) << "the greatest sum";
+    till->add(article(amoxidar));
+    const std::optional<Obstacle> obstacle = till->obstacleToPayment();
+    EXPECT_EQ(text(obstacle), u"Сумма чека слишком велика: 10\u00a0000\u00a0000\u00a0000\u00a0012,40.\n"
+                              "Проверьте цены и количество или разделите покупку на несколько чеков."_s);
+    ASSERT_TRUE(obstacle);
+    EXPECT_EQ(obstacle->brief.ui(), u"сумма слишком велика"_s);
+    EXPECT_FALSE(till->close({Payment::cash(till->document()->getSum())}));
+    till->remove(2);
+    ASSERT_TRUE(till->close({Payment::cash(till->document()->getSum())}));
+    ASSERT_TRUE(till->archive().find(1)) << "it can be read again";
+    EXPECT_EQ(till->archive().find(1)->getReceived().count(), 1'000'000'000'000'000);
+}
+
 TEST_F(TillRules, returnBelowZero_isNotPaidOutButCancelled)
 {
     till->add(article(amoxidar));

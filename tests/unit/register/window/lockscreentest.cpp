@@ -63,6 +63,18 @@ TEST_F(LockScreenTest, wrongCode_isShownAsAnError)
     EXPECT_TRUE(screen.isVisible());
 }
 
+TEST_F(LockScreenTest, wrongCodeThatIsNotOfDigitsAlone_theHintNamesTheLayout)
+{
+    screen.lock();
+    type(u"24b8"_s);
+    EXPECT_EQ(hint(), u"Код не подходит. Проверьте раскладку клавиатуры и введите ещё раз."_s);
+    EXPECT_EQ(hintColour(), RegisterColours().error);
+    type(u"[;"_s);
+    EXPECT_EQ(hint(), u"Код не подходит. Проверьте раскладку клавиатуры и введите ещё раз."_s);
+    type(u"24b8"_s);
+    EXPECT_EQ(hint(), u"Код не подходит. Проверьте раскладку клавиатуры. Следующая попытка через 5 с."_s);
+}
+
 TEST_F(LockScreenTest, lockedAgainAfterAWrongCode_showsTheFirstHint)
 {
     screen.lock();

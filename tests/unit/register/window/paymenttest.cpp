@@ -346,6 +346,95 @@ TEST_F(PaymentTest, returnHeldDown_closesNothing)
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
 }
 
+/// At the subtotal of a sale, where two presses are one double press however far apart they are.
+class DoublePress : public PaymentTest
+{
+protected:
+    DoublePress() { QApplication::setDoubleClickInterval(longest); }
+    ~DoublePress() override { QApplication::setDoubleClickInterval(m_usual); }
+    void openSubtotal()
+    {
+        WindowFixture::openWindow();
+        pressAndFinish(Qt::Key_F6);
+    }
+    void clickAndFinish()
+    {
+        QTest::mouseClick(widget<QPushButton>("payButton"), Qt::LeftButton);
+        ASSERT_TRUE(becomesIdle());
+    }
+    void expectOpenAtThePayment() const
+    {
+        ASSERT_TRUE(till->document());
+        EXPECT_EQ(till->phase(), Till::Phase::Payment);
+    }
+
+private:
+    static constexpr int longest = 3'600'000;
+    const int m_usual = QApplication::doubleClickInterval();
+};
+
+TEST_F(DoublePress, ofReturnAtTheSubtotal_leadsToThePaymentAndClosesNothing)
+{
+    openSubtotal();
+    pressAndFinish(Qt::Key_Return);
+    pressAndFinish(Qt::Key_Return);
+    expectOpenAtThePayment();
+    QApplication::setDoubleClickInterval(0); // the time is over
+    pressAndFinish(Qt::Key_Return);
+    EXPECT_FALSE(till->document());
+}
+
+TEST_F(DoublePress, ofTheButtonAtTheSubtotal_leadsToThePaymentAndClosesNothing)
+{
+    openSubtotal();
+    clickAndFinish();
+    clickAndFinish();
+    expectOpenAtThePayment();
+    QApplication::setDoubleClickInterval(0);
+    clickAndFinish();
+    EXPECT_FALSE(till->document());
+}
+
+TEST_F(DoublePress, atTheSubtotalOfAReturn_paysNothingOut)
+{
+    openReturn();
+    openSubtotal();
+    clickAndFinish();
+    clickAndFinish();
+    pressAndFinish(Qt::Key_Return);
+    expectOpenAtThePayment();
+    QApplication::setDoubleClickInterval(0);
+    pressAndFinish(Qt::Key_Return);
+    EXPECT_FALSE(till->document());
+}
+
+TEST_F(DoublePress, moneyTypedBetween_secondPressCloses)
+{
+    openSubtotal();
+    pressAndFinish(Qt::Key_Return);
+    type("20");
+    pressAndFinish(Qt::Key_Return);
+    EXPECT_FALSE(till->document());
+}
+
+TEST_F(DoublePress, paymentReachedByItsOwnKey_returnCloses)
+{
+    openSubtotal();
+    pressAndFinish(Qt::Key_F12);
+    pressAndFinish(Qt::Key_Return);
+    EXPECT_FALSE(till->document());
+}
+
+TEST_F(DoublePress, backAtThePositionsBetween_onlyTheLastWayToThePaymentCounts)
+{
+    openSubtotal();
+    pressAndFinish(Qt::Key_Return);
+    pressAndFinish(Qt::Key_Escape);
+    pressAndFinish(Qt::Key_F12);
+    pressAndFinish(Qt::Key_Return);
+    EXPECT_FALSE(till->document());
+}
+
 TEST_F(PaymentTest, upAndDown_moveTheCurrentPosition)
 {
     till->add(article(amoxidar));

@@ -3,6 +3,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QRegularExpressionValidator>
 #include <QTest>
 
@@ -27,6 +28,29 @@ TEST(TalloLineEditTest, commaTypedIntoANumberWithAMask_isAPoint)
     edit.setValidator(&mask);
     QTest::keyClicks(&edit, "12,505");
     EXPECT_EQ(edit.text(), "12.50");
+}
+
+TEST(TalloLineEditTest, lettersOnTheKeysOfCommaAndPointTypedIntoANumber_areAPoint)
+{
+    for (const QChar letter : {QChar(u'б'), QChar(u'ю'), QChar(u'Б'), QChar(u'Ю')}) {
+        TalloLineEdit edit;
+        edit.setNumeric(true);
+        QRegularExpressionValidator mask(QRegularExpression("\\d{1,9}(\\.)\\d{0,2}|\\d{1,9}"));
+        edit.setValidator(&mask);
+        QTest::keyClicks(&edit, "2");
+        QKeyEvent key(QEvent::KeyPress, letter.toUpper().unicode(), Qt::NoModifier, letter);
+        QCoreApplication::sendEvent(&edit, &key);
+        QTest::keyClicks(&edit, "5");
+        EXPECT_EQ(edit.text(), "2.5") << QString(letter).toStdString();
+    }
+}
+
+TEST(TalloLineEditTest, lettersOnTheKeysOfCommaAndPointTypedIntoAText_stayLetters)
+{
+    TalloLineEdit edit;
+    QKeyEvent key(QEvent::KeyPress, QChar(u'Ю').unicode(), Qt::NoModifier, QChar(u'ю'));
+    QCoreApplication::sendEvent(&edit, &key);
+    EXPECT_EQ(edit.text(), QChar(u'ю'));
 }
 
 TEST(TalloLineEditTest, commaPastedIntoANumber_isAPoint)
