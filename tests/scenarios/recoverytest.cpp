@@ -330,6 +330,32 @@ TEST_F(Undecided, anotherTillDispensedTheSame_cashierChoosesFromBoth)
     EXPECT_EQ(registeredBy(finished(1)).size(), 3);
 }
 
+TEST_F(Undecided, pluginIsUninstalledBeforeTheDecision_nothingIsSentUntilItIsBack)
+{
+    registry.changeRules({{"showDispenseIds", false}});
+    loseTheAnswer();
+    expectPlayed(playsRecovering({decidesLater, findsTheMark}));
+    EXPECT_EQ(savedPositions()[1].toObject()["undecided"].toArray(), QJsonArray{"dispenserecovery"});
+
+    ASSERT_TRUE(QFile::remove(pluginFolder() + "/libdispenserecovery.so"));
+    ASSERT_TRUE(QFile::remove(pluginFolder() + "/dispenserecovery"));
+    const char* why = "позицию № 2 ведёт модуль «dispenserecovery», а он не работает";
+    expectPlayed(playsRecovering({cashier::findsTheDocument, cashier::tries(R"({"key": "F6"})", why),
+                                  cashier::tries(R"({"key": "F12"})", why),
+                                  cashier::tries(R"({"row": 1, "in": "receiptTable"}, {"key": "F8"})", why),
+                                  cashier::tries(R"({"key": "F9"})", why), cashier::suspends, cashier::resumes,
+                                  cashier::tries(R"({"key": "F6"})", why)}));
+    EXPECT_EQ(registry.requestsTo("register"), 0);
+    EXPECT_EQ(registry.requestsTo("cancel"), 0);
+
+    install(RECOVERY_PLUGIN);
+    expectPlayed(playsRecovering({choosesTheFirst, reads("Отпуск записан в реестре"), cashier::findsTheDocument,
+                                  cashier::subtotal, cashier::pays}));
+    EXPECT_EQ(registry.dispensesOf("rx-2002").size(), 1) << "nothing is booked twice";
+    EXPECT_EQ(registeredBy(finished(1)).size(), 3);
+    EXPECT_FALSE(finished(1)["positions"][1].toObject().contains("undecided"));
+}
+
 TEST_F(Undecided, endedWhileTheRegistryIsAsked_statusIsZeroAndTheNextStartFindsIt)
 {
     loseTheAnswer();

@@ -16,6 +16,7 @@
 
 #include <chrono>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -39,12 +40,18 @@ std::chrono::seconds longestWait(std::chrono::milliseconds time)
 {
     return ReadOnlyConnection::answerTime + std::chrono::ceil<std::chrono::seconds>(time);
 }
+
+Log4Qt::Logger* logger()
+{
+    return Log4Qt::LogManager::logger(u"database"_s);
+}
 } // namespace
 
 /// A connection, and what bounds it.
 struct ConnectionFactory::Held {
     explicit Held(const DatabaseAccess& access)
         : connection(access)
+        , name(connection.database().connectionName())
     {
     }
 
@@ -54,34 +61,55 @@ struct ConnectionFactory::Held {
         if (connection.isOpen() || rest.hasExpired()) {
             open();
         }
-        if (connection.isOpen()) {
+        if (!isWaiting && connection.isOpen()) {
             watchCaller();
         }
     }
 
-    /// Opens it, unless it is open and answers.
+    /// Opens it, unless it is open and answers. When the cashier stops that, it is still waited for afterwards.
     void open()
     {
-        const QScopedValueRollback waits(isWaiting, true);
-        QElapsedTimer waiting;
-        Expected<void> opened;
-        const auto openAnew = [this, &opened, &waiting] {
-            if (connection.isOpen() && !connection.answers()) {
-                connection.close();
-            }
-            waiting.start();
-            opened = rest.hasExpired() ? connection.open() : Expected<void>();
-        };
-        if (connection.hasServer()) {
-            runBesideTheWindow(connection.database(), longestWait(connection.access()), openAnew);
-        } else {
+        if (!connection.hasServer()) {
             openAnew();
+            noteOpening();
+            return;
         }
+        QScopedValueRollback waits(isWaiting, true);
+        auto opening = std::make_unique<ServerThread>(connection.database(), [this] { openAnew(); });
+        if (opening->wait(longestWait(connection.access()))) {
+            noteOpening();
+            return;
+        }
+        waits.commit();
+        logger()->warn(u"The cashier does not wait for "_s + connection.access().section);
+        leftBehind = std::move(opening);
+        leftBehind->whenDone(&eventLoop, [this] { takeBack(); });
+    }
+
+    void takeBack()
+    {
+        if (leftBehind && leftBehind->isDone()) {
+            leftBehind.reset();
+            isWaiting = false;
+            noteOpening();
+        }
+    }
+
+    void openAnew()
+    {
+        if (connection.isOpen() && !connection.answers()) {
+            connection.close();
+        }
+        waiting.start();
+        opened = rest.hasExpired() ? connection.open() : Expected<void>();
+    }
+
+    void noteOpening()
+    {
         if (opened) {
             return;
         }
-        Log4Qt::LogManager::logger(u"database"_s)
-            ->error(connection.access().section + u" cannot be opened: "_s + opened.failure().detail);
+        logger()->error(connection.access().section + u" cannot be opened: "_s + opened.failure().detail);
         if (waiting.elapsed() > longWaitMs) {
             rest = QDeadlineTimer(restAfterLongWait);
         }
@@ -92,13 +120,12 @@ struct ConnectionFactory::Held {
     {
         const QScopedValueRollback waits(isWaiting, true);
         const QSqlDatabase database = connection.database();
-        bool isSilent = false;
-        runBesideTheWindow(database, limit, [&] {
-            const ConnectionWatch server(database, limit);
-            statements();
-            isSilent = server.hasCut();
-        });
-        if (isSilent) {
+        ConnectionWatch server(database, limit);
+        ServerThread thread(database, statements);
+        while (!thread.wait(limit)) {
+            server.cut();
+        }
+        if (server.hasCut()) {
             rest = QDeadlineTimer(restAfterLongWait);
         }
     }
@@ -112,10 +139,16 @@ struct ConnectionFactory::Held {
     }
 
     ReadOnlyConnection connection;
+    const QString name;     ///< of Qt's connection, which is another thread's while it is waited for
     bool isWaiting = false; ///< for the server, while events run
     std::optional<ConnectionWatch> watch;
     QDeadlineTimer rest{0};
     QObject eventLoop;
+
+    // What openAnew() finds. It may run in a thread of its own.
+    Expected<void> opened;
+    QElapsedTimer waiting;
+    std::unique_ptr<ServerThread> leftBehind; ///< opens it although the cashier has stopped that
 };
 
 ConnectionFactory::ConnectionFactory() = default;
@@ -133,7 +166,7 @@ QSqlDatabase ConnectionFactory::getConnection(const QString& database, const QSt
         held = std::make_unique<Held>(wanted);
     }
     held->provide();
-    return held->connection.database();
+    return held->isWaiting ? QSqlDatabase() : held->connection.database();
 }
 
 void ConnectionFactory::ask(const QSqlDatabase& connection, std::chrono::milliseconds time,
@@ -143,7 +176,11 @@ void ConnectionFactory::ask(const QSqlDatabase& connection, std::chrono::millise
         const QueryGuard guard(connection, time);
         statements();
     };
-    if (Held* held = serverBehind(connection)) {
+    Held* const held = serverBehind(connection);
+    if (held && held->isWaiting) {
+        return; // another thread uses it
+    }
+    if (held && connection.isOpen()) {
         held->runBeside(longestWait(time), bounded);
     } else {
         bounded();
@@ -153,8 +190,7 @@ void ConnectionFactory::ask(const QSqlDatabase& connection, std::chrono::millise
 ConnectionFactory::Held* ConnectionFactory::serverBehind(const QSqlDatabase& connection) const
 {
     for (const auto& [name, held] : m_held) {
-        if (!held->isWaiting && connection.isOpen() && held->connection.hasServer() &&
-            held->connection.database().connectionName() == connection.connectionName()) {
+        if (held->name == connection.connectionName() && !held->connection.access().isFile()) {
             return held.get();
         }
     }

@@ -34,9 +34,10 @@ public:
     /// A server that does not answer is waited for "Database:timeout" seconds at most, when connecting, for each
     /// statement, and from this call until the caller is back in the event loop; then the connection is cut off, and
     /// statements on it fail. So ask for the connection each time, and run statements with ask(). While this call waits
-    /// for the server, events run behind the busy screen, as during a RestClient call; asked for again meanwhile, it
-    /// returns an invalid connection. After a long wait in vain the connection stays closed for some seconds, so that
-    /// the register is not slow at every step. An SQLite file that is replaced stays in use until the document is done.
+    /// for the server, events run behind the busy screen, as during a RestClient call, and the cashier can stop it.
+    /// When it is stopped, and when it is asked for again before the server has answered, it returns an invalid
+    /// connection. After a long wait in vain the connection stays closed for some seconds, so that the register is not
+    /// slow at every step. An SQLite file that is replaced stays in use until the document is done.
     ///
     /// @param database a configured database's name: the configuration section is then "Database.<name>"; empty: the
     ///        goods database
@@ -46,8 +47,9 @@ public:
     /// Runs statements on a connection, each bounded as by a QueryGuard, and returns when they are done.
     ///
     /// On a server they run in a thread of their own. A server that does not answer is cut off, and the statements
-    /// fail. While they are waited for, events run behind the busy screen as in getConnection(), and whoever asks for
-    /// the connection gets an invalid one. On a file, or on a connection that is not from here, they run in this
+    /// fail; so they do when the cashier stops them. While they are waited for, events run behind the busy screen as in
+    /// getConnection(), whoever asks for the connection gets an invalid one, and other statements on it are not run. On
+    /// a file, or on a connection that is not from here, they run in this
     /// thread.
     /// @param connection from getConnection(); on one that is not open the statements fail
     /// @param time that each statement may take; at least a millisecond

@@ -4,14 +4,14 @@
 #include "activitynotifier.h"
 #include "finally.h"
 #include "inputblocker.h"
+#include "runningrequest.h"
 #include "tr.h"
+#include "workstep.h"
 
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QSqlDriver>
-#include <QThread>
-
-#include <memory>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -22,9 +22,12 @@ namespace
 /// The cashier notices no shorter wait.
 constexpr std::chrono::milliseconds unnoticed = 300ms;
 
-/// Lets events run until the thread ends, behind the busy screen.
-void waitBusy(QThread& thread, std::chrono::seconds limit)
+constexpr std::chrono::milliseconds lookInterval = 10ms;
+
+/// Lets events run until the thread ends or the cashier stops the waiting, behind the busy screen.
+void waitBusy(const QThread& thread, std::chrono::seconds limit)
 {
+    const RunningRequest request(limit, false, WorkStep::currentText());
     auto* notifier = Singleton<ActivityNotifier>::get();
     const tr::Tr message(u"databaseWaiting"_s, u"Связь с базой данных"_s);
     notifier->notify(Event(EActivityListener::LongWorkBegins)
@@ -33,26 +36,47 @@ void waitBusy(QThread& thread, std::chrono::seconds limit)
     const Finally end([notifier] { notifier->notify(Event(EActivityListener::LongWorkEnds)); });
     const InputBlocker throwsInputAway;
     QEventLoop loop;
-    QObject::connect(&thread, &QThread::finished, &loop, &QEventLoop::quit);
-    if (!thread.isFinished()) {
-        loop.exec();
-    }
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
+        if (thread.isFinished() || request.isStopped()) {
+            loop.quit();
+        }
+    });
+    look.start(lookInterval);
+    loop.exec();
 }
 
 } // namespace
 
-void runBesideTheWindow(const QSqlDatabase& connection, std::chrono::seconds limit, const std::function<void()>& job)
+ServerThread::ServerThread(const QSqlDatabase& connection, const std::function<void()>& job)
 {
     QSqlDriver* const driver = connection.driver();
     QThread* const home = QThread::currentThread();
-    const std::unique_ptr<QThread> thread(QThread::create([driver, home, &job] {
+    m_thread.reset(QThread::create([driver, home, job] {
         job();
         driver->moveToThread(home);
     }));
-    driver->moveToThread(thread.get());
-    thread->start();
-    if (!thread->wait(QDeadlineTimer(unnoticed))) {
-        waitBusy(*thread, limit);
-        thread->wait();
+    driver->moveToThread(m_thread.get());
+    m_thread->start();
+}
+
+ServerThread::~ServerThread()
+{
+    m_thread->wait();
+}
+
+bool ServerThread::wait(std::chrono::seconds limit)
+{
+    if (!m_thread->wait(QDeadlineTimer(unnoticed))) {
+        waitBusy(*m_thread, limit);
+    }
+    return isDone();
+}
+
+void ServerThread::whenDone(QObject* context, const std::function<void()>& function) const
+{
+    QObject::connect(m_thread.get(), &QThread::finished, context, function, Qt::QueuedConnection);
+    if (isDone()) { // perhaps before it was connected
+        QMetaObject::invokeMethod(context, function, Qt::QueuedConnection);
     }
 }

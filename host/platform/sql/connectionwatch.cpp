@@ -60,6 +60,15 @@ void ConnectionWatch::restart()
     m_deadline = Clock::now() + m_limit;
 }
 
+void ConnectionWatch::cut()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_deadline = Clock::now();
+    }
+    m_over.notify_one();
+}
+
 bool ConnectionWatch::hasCut() const
 {
     const std::lock_guard lock(m_mutex);

@@ -27,6 +27,9 @@ public:
     /// The server has answered: the time begins again.
     void restart();
 
+    /// Cuts the connection off now.
+    void cut();
+
     /// True when the connection was cut off.
     bool hasCut() const;
 

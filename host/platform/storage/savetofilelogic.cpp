@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "savetofilelogic.h"
 
+#include "beforesaving.h"
 #include "config.h"
 #include "dialog.h"
 #include "wholefile.h"
@@ -43,6 +44,9 @@ bool SaveToFileLogic::save(const QSharedPointer<AbstractDocument>& document, con
 {
     if (!document) {
         return false;
+    }
+    if (BeforeSaving* host = Singleton<BeforeSaving>::instance) {
+        host->complete(*document);
     }
     const QString folder = Singleton<Config>::get()->getString(u"Register:data"_s);
     const Expected<void> written = write(*document, folder, file.isEmpty() ? document->fileName() : file);

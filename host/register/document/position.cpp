@@ -29,6 +29,7 @@ void Position::takeOverPluginData(const Position& other)
         setTag(tag);
     }
     m_plugin = other.m_plugin;
+    m_undecidedPlugins = other.m_undecidedPlugins;
 }
 
 QJsonObject Position::toJson() const
@@ -41,6 +42,9 @@ QJsonObject Position::toJson() const
     }
     if (!m_plugin.isEmpty()) {
         saved.insert(u"plugin"_s, m_plugin);
+    }
+    if (!m_undecidedPlugins.isEmpty()) {
+        saved.insert(u"undecided"_s, QJsonArray::fromStringList(m_undecidedPlugins));
     }
     return saved;
 }
@@ -64,6 +68,9 @@ QSharedPointer<Position> Position::fromJson(const QJsonObject& saved)
     position->setSoftCheckId(savedmember::text(saved, u"softCheckId"_s));
     if (saved.contains("initialPrice"_L1)) {
         position->m_initialPrice = savedmember::price(saved, u"initialPrice"_s);
+    }
+    if (saved.contains("undecided"_L1)) {
+        position->m_undecidedPlugins = savedmember::texts(saved, u"undecided"_s);
     }
     // Last: the calls above may run while a plug-in waits for the register.
     position->m_plugin = saved.contains("plugin"_L1) ? savedmember::text(saved, u"plugin"_s) : QString();

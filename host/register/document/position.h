@@ -7,6 +7,7 @@
 
 #include <QJsonObject>
 #include <QSharedPointer>
+#include <QStringList>
 
 #include <optional>
 
@@ -33,11 +34,16 @@ public:
     /// only after a question.
     bool isExternal() const { return !getSoftCheckId().isEmpty(); }
 
-    /// Takes over tags, options, soft check id and the plug-in that they belong to. A tag that is there already stays.
+    /// The plug-ins that did not know yet what their servers hold of the position when it was saved last, by the names
+    /// that PluginScope gives them. PositionMarks::undecidedPlugins() has those of now.
+    QStringList savedUndecidedPlugins() const { return m_undecidedPlugins; }
+    void noteUndecidedPlugins(const QStringList& plugins) { m_undecidedPlugins = plugins; }
+
+    /// Takes over tags, options, soft check id and the plug-ins that they belong to. A tag that is there already stays.
     void takeOverPluginData(const Position& other);
 
-    /// The members of GoodsItem, "barcode", "code", "plugin" when the position belongs to one and, after a change of
-    /// price, "initialPrice".
+    /// The members of GoodsItem, "barcode", "code", "plugin" when the position belongs to one, "undecided" when
+    /// there are savedUndecidedPlugins() and, after a change of price, "initialPrice".
     QJsonObject toJson() const override;
     /// Reads what toJson() wrote. Throws BasicException when a required member is missing or of the wrong type.
     static QSharedPointer<Position> fromJson(const QJsonObject& saved);
@@ -46,4 +52,5 @@ private:
     std::optional<Kopecks> m_initialPrice;
     QString m_barcode;
     QString m_code;
+    QStringList m_undecidedPlugins;
 };

@@ -3,7 +3,9 @@
 
 #include "jsonfile.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -80,8 +82,10 @@ void PositionMarks::load(const QString& file)
         log->warn(u"Position marks cannot be read: "_s + root.failure().detail);
         return;
     }
+    const QString plugin = QFileInfo(file).absoluteDir().dirName();
+    m_plugins.append(plugin);
     for (const auto entry : root->value("positions"_L1).toArray()) {
-        Mark mark = readMark(entry.toObject());
+        Mark mark = readMark(entry.toObject(), plugin);
         if (mark.tag.isEmpty()) {
             log->warn(u"Position mark without a tag left out: "_s + file);
         } else {
@@ -133,14 +137,19 @@ QStringList PositionMarks::undoings(const QList<QSharedPointer<Position>>& posit
     return texts;
 }
 
-bool PositionMarks::isUndecided(const Position& position) const
+QStringList PositionMarks::undecidedPlugins(const Position& position) const
 {
+    QStringList plugins = position.savedUndecidedPlugins();
+    plugins.removeIf([this](const QString& plugin) { return m_plugins.contains(plugin); });
     const QJsonObject options = optionsOf(position);
     const QList<const Mark*> marks = marksOf(position);
-    return std::any_of(marks.cbegin(), marks.cend(), [&options](const Mark* mark) {
-        return std::any_of(mark->states.cbegin(), mark->states.cend(),
-                           [&options](const State& state) { return state.isUndecided && fits(state, options); });
-    });
+    for (const Mark* mark : marks) {
+        if (isUndecided(*mark, options)) {
+            plugins.append(mark->plugin);
+        }
+    }
+    plugins.removeDuplicates();
+    return plugins;
 }
 
 QString PositionMarks::documentText(const AbstractDocument& document) const
@@ -210,9 +219,16 @@ QStringList PositionMarks::receiptLines(const QList<const Mark*>& marks, const P
     return lines;
 }
 
-PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry)
+bool PositionMarks::isUndecided(const Mark& mark, const QJsonObject& options)
 {
-    Mark mark{.tag = entry.value("tag"_L1).toString(),
+    return std::any_of(mark.states.cbegin(), mark.states.cend(),
+                       [&options](const State& state) { return state.isUndecided && fits(state, options); });
+}
+
+PositionMarks::Mark PositionMarks::readMark(const QJsonObject& entry, const QString& plugin)
+{
+    Mark mark{.plugin = plugin,
+              .tag = entry.value("tag"_L1).toString(),
               .mark = readWords(entry.value("mark"_L1)),
               .description = readWords(entry.value("description"_L1)),
               .origin = readWords(entry.value("origin"_L1)),

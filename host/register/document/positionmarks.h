@@ -29,7 +29,8 @@ public:
         QStringList receiptLines; ///< for example "Рецепт: 4500-1"; plain text
     };
 
-    /// Adds the marks of a file. A missing file is ignored; an unreadable file or entry is logged and left out.
+    /// Adds the marks of a file, whose folder has the name of its plug-in. A missing file is ignored; an unreadable
+    /// file or entry is logged and left out.
     void load(const QString& file);
 
     /// All texts are empty when no plug-in marks the position.
@@ -41,8 +42,9 @@ public:
     /// What taking these positions away undoes, each text once.
     QStringList undoings(const QList<QSharedPointer<Position>>& positions) const;
 
-    /// True when nobody knows yet what an external system holds of the position.
-    bool isUndecided(const Position& position) const;
+    /// The plug-ins that do not know yet what their servers hold of the position: those whose `undecided` state fits,
+    /// and of Position::savedUndecidedPlugins() those whose file was not loaded, since nobody else reads their state.
+    QStringList undecidedPlugins(const Position& position) const;
 
     /// What plug-ins show above the positions, for example "Карта: 1100…"; empty: nothing.
     QString documentText(const AbstractDocument& document) const;
@@ -55,7 +57,7 @@ private:
         tr::Tr text;
         QColor colour;
         tr::Tr undoing;
-        bool isUndecided = false; ///< see isUndecided()
+        bool isUndecided = false; ///< see undecidedPlugins()
     };
     enum class Form { Text, Number, Discount };
     struct ReceiptLine {
@@ -64,6 +66,7 @@ private:
         Form form;
     };
     struct Mark {
+        QString plugin;
         QString tag;
         tr::Tr mark;
         tr::Tr description;
@@ -82,11 +85,13 @@ private:
     static const State* shownState(const QList<const Mark*>& marks, const QJsonObject& options);
     static QStringList receiptLines(const QList<const Mark*>& marks, const Position& position,
                                     const QJsonObject& options);
-    static Mark readMark(const QJsonObject& entry);
+    static bool isUndecided(const Mark& mark, const QJsonObject& options);
+    static Mark readMark(const QJsonObject& entry, const QString& plugin);
     static bool fits(const State& state, const QJsonObject& options);
     static Form formOf(const QString& word);
     static QString valueText(const ReceiptLine& line, const Position& position, const QJsonObject& options);
 
+    QStringList m_plugins; ///< whose files were loaded
     QList<Mark> m_marks;
     QList<DocumentLine> m_documentLines;
 };

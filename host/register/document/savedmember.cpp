@@ -80,6 +80,18 @@ QJsonArray list(const QJsonObject& object, const QString& name)
     return value.toArray();
 }
 
+QStringList texts(const QJsonObject& object, const QString& name)
+{
+    QStringList texts;
+    for (const auto value : list(object, name)) {
+        if (!value.isString()) {
+            refuse(name);
+        }
+        texts.append(value.toString());
+    }
+    return texts;
+}
+
 QJsonObject object(const QJsonObject& parent, const QString& name)
 {
     const QJsonValue value = parent.value(name);

@@ -6,6 +6,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
+#include <QStringList>
 
 /// Strict readers for the members of a saved document. A member that is missing or of the wrong type throws
 /// BasicException, whose text names it.
@@ -23,6 +24,8 @@ Kopecks price(const QJsonObject& object, const QString& name);
 /// A quantity that GoodsItem accepts.
 double packs(const QJsonObject& object, const QString& name);
 QJsonArray list(const QJsonObject& object, const QString& name);
+/// A list whose elements are all texts.
+QStringList texts(const QJsonObject& object, const QString& name);
 QJsonObject object(const QJsonObject& parent, const QString& name);
 
 /// Throws because the member `name` has an unknown value.

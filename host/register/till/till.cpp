@@ -40,6 +40,36 @@ private:
     LoyaltySystemLayer* const m_former = Singleton<LoyaltySystemLayer>::instance;
 };
 
+/// Keeps the plug-ins that a position waits for with it, so that they are known when one of them is gone.
+class UndecidedPlugins : public BeforeSaving
+{
+public:
+    explicit UndecidedPlugins(const Till& till)
+        : m_till(till)
+    {
+        Singleton<BeforeSaving>::instance = this;
+    }
+    ~UndecidedPlugins() override
+    {
+        if (Singleton<BeforeSaving>::instance == this) { // not of a till that was made meanwhile
+            Singleton<BeforeSaving>::instance = nullptr;
+        }
+    }
+    Q_DISABLE_COPY_MOVE(UndecidedPlugins)
+
+    void complete(AbstractDocument& saved) override
+    {
+        if (const auto* document = qobject_cast<const Document*>(&saved)) {
+            for (const QSharedPointer<Position>& position : document->positions()) {
+                position->noteUndecidedPlugins(m_till.marks().undecidedPlugins(*position));
+            }
+        }
+    }
+
+private:
+    const Till& m_till;
+};
+
 const PositionMarks& noMarks()
 {
     static const PositionMarks marks;
@@ -56,6 +86,7 @@ Till::Till(const QString& dataFolder, QObject* parent)
     , m_marks(&noMarks())
     , m_numbers(dataFolder)
     , m_totals(std::make_unique<Totals>(*this))
+    , m_beforeSaving(std::make_unique<UndecidedPlugins>(*this))
     , m_documentsForPlugins(std::make_unique<TillArchive>(*this))
 {
 }

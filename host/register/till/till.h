@@ -2,6 +2,7 @@
 #pragma once
 
 #include "archivefolder.h"
+#include "beforesaving.h"
 #include "cataloguegoods.h"
 #include "document.h"
 #include "documentarchive.h"
@@ -86,7 +87,8 @@ public:
     // Each returns why something cannot be done now, or nothing when it can.
 
     /// Why neither subtotal, payment, cancelling, returning nor voiding is possible: a position of the document belongs
-    /// to a plug-in that does not work, and its server would not learn of it. A position from an external document that
+    /// to a plug-in that does not work, and its server would not learn of it, or such a plug-in does not know yet what
+    /// its server holds of it. A position from an external document that
     /// names no plug-in was saved by a register that did not note it; it waits until any plug-in works.
     std::optional<Obstacle> obstacleOfPlugins(const Document& document) const;
     /// The same for removing one position of the open document.
@@ -108,7 +110,7 @@ public:
     std::optional<Obstacle> obstacleToPayment() const;
     std::optional<Obstacle> obstacleToCancelling() const;
     /// A return, and a sale with money from a card, are suspended only while there is an obstacleOfPlugins(), or while
-    /// PositionMarks::isUndecided() of a position, so that the till can go on.
+    /// there are PositionMarks::undecidedPlugins() of a position, so that the till can go on.
     std::optional<Obstacle> obstacleToSuspending() const;
     std::optional<Obstacle> obstacleToResuming(const Document& document) const;
     /// Why no position of the sale can be returned.
@@ -181,7 +183,8 @@ private:
     void makeCurrent(const QSharedPointer<Document>& document);
     QSharedPointer<Position> positionToRaise(const SelectedGoods& selected) const;
     void recalculateAndSave();
-    bool isServed(const Position& position) const;
+    std::optional<QString> idlePlugin(const Position& position) const;
+    bool isServed(const Position& position) const { return !idlePlugin(position); }
     QSharedPointer<Position> unserved(const Document& document) const;
     bool isUndecided(const Document& document) const;
     QString meanwhile(const Document& document) const;
@@ -207,5 +210,6 @@ private:
     QSharedPointer<Document> m_document;
     Phase m_phase = Phase::Positions;
     const std::unique_ptr<LoyaltySystemLayer> m_totals;
+    const std::unique_ptr<BeforeSaving> m_beforeSaving;
     const std::unique_ptr<DocumentArchive> m_documentsForPlugins;
 };

@@ -121,13 +121,19 @@ std::optional<Obstacle> Till::obstacleWhileCharged() const
                     {u"menuCharged"_s, u"есть оплата картой"_s}};
 }
 
-bool Till::isServed(const Position& position) const
+/// The first of the position's plug-ins that does not work, empty when it names none; nothing: all work.
+std::optional<QString> Till::idlePlugin(const Position& position) const
 {
     const QStringList active = m_activePlugins ? m_activePlugins() : QStringList();
-    if (position.getPlugin().isEmpty()) {
-        return !position.isExternal() || !active.isEmpty();
+    if (position.getPlugin().isEmpty() && position.isExternal() && active.isEmpty()) {
+        return QString();
     }
-    return active.contains(position.getPlugin());
+    QStringList needed{position.getPlugin()};
+    needed += marks().undecidedPlugins(position);
+    const auto idle = std::find_if(needed.cbegin(), needed.cend(), [&active](const QString& plugin) {
+        return !plugin.isEmpty() && !active.contains(plugin);
+    });
+    return idle == needed.cend() ? std::nullopt : std::optional(*idle);
 }
 
 /// The first position whose plug-in does not work; null: all work.
@@ -144,7 +150,7 @@ bool Till::isUndecided(const Document& document) const
 {
     const auto& positions = document.positions();
     return std::any_of(positions.cbegin(), positions.cend(),
-                       [this](const auto& position) { return marks().isUndecided(*position); });
+                       [this](const auto& position) { return !marks().undecidedPlugins(*position).isEmpty(); });
 }
 
 /// What can be done with a document until its plug-in works, as one more line; empty: nothing.
@@ -159,7 +165,8 @@ QString Till::meanwhile(const Document& document) const
 Obstacle Till::pluginMissing(const Document& document, const Position& position) const
 {
     const QString place = QString::number(document.placeOf(position));
-    if (position.getPlugin().isEmpty()) {
+    const QString plugin = idlePlugin(position).value_or(QString());
+    if (plugin.isEmpty()) {
         return {tr::Tr(u"positionOfNoPlugin"_s,
                        u"Документ № %1: позиция № %2 отпускается %3, а ни один модуль не работает.\n"
                        "Позовите администратора и повторите, когда модуль заработает.%4"_s)
@@ -173,9 +180,9 @@ Obstacle Till::pluginMissing(const Document& document, const Position& position)
                                               "Позовите администратора и повторите, когда модуль заработает.%4"_s)
                 .arg(number(document))
                 .arg(place)
-                .arg(position.getPlugin())
+                .arg(plugin)
                 .arg(meanwhile(document)),
-            tr::Tr(u"menuPluginIdle"_s, u"не работает модуль «%1»"_s).arg(position.getPlugin())};
+            tr::Tr(u"menuPluginIdle"_s, u"не работает модуль «%1»"_s).arg(plugin)};
 }
 
 std::optional<Obstacle> Till::obstacleOfPlugins(const Document& document) const

@@ -7,9 +7,11 @@
 #include "logcapture.h"
 #include "postgresserver.h"
 #include "queryguard.h"
+#include "runningrequest.h"
 
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QTest>
 #include <QThread>
 #include <QTimer>
 
@@ -266,6 +268,100 @@ TEST_F(DatabaseServer, askedForWhileAStatementWaits_theSecondGetsNoConnectionAnd
     EXPECT_GE(refused, 3);
     EXPECT_EQ(name, u"Парацетамол"_s);
     EXPECT_EQ(valueOf(m_factory.getConnection({}, {}), selectName), u"Парацетамол"_s);
+}
+
+TEST_F(DatabaseServer, keptConnectionAskedWhileItIsWaitedFor_otherStatementsAreNotRun)
+{
+    WaitingWindow window;
+    const QSqlDatabase connection = m_factory.getConnection({}, {});
+    ASSERT_TRUE(connection.isOpen());
+    server->pause();
+    int asked = 0;
+    int ran = 0;
+    window.meanwhile = [&] {
+        if (InputBlocker::isActive()) {
+            m_factory.ask(connection, 1s, [&ran] { ++ran; });
+            if (++asked == 3) {
+                server->goOn();
+            }
+        }
+    };
+    QString name;
+    m_factory.ask(connection, 60s, [&] { name = valueOf(connection, selectName); });
+    EXPECT_EQ(name, u"Парацетамол"_s);
+    EXPECT_GE(asked, 3) << "while a statement is waited for";
+
+    server->pause();
+    asked = 0;
+    m_factory.getConnection({}, {});
+    EXPECT_GE(asked, 3) << "while the connection is waited for";
+    window.meanwhile = {};
+    EXPECT_EQ(ran, 0);
+    m_factory.ask(connection, 1s, [&ran] { ++ran; });
+    EXPECT_EQ(ran, 1);
+}
+
+TEST_F(DatabaseServer, connectingIsStopped_thereIsNoConnectionUntilTheServerAnswers)
+{
+    m_config.set(u"Database:timeout"_s, u"60"_s);
+    WaitingWindow window;
+    server->pause();
+    window.meanwhile = [] {
+        if (RunningRequest* request = RunningRequest::current()) {
+            EXPECT_FALSE(request->changesSomething());
+            request->stop();
+        }
+    };
+    const LogCapture log;
+    EXPECT_FALSE(m_factory.getConnection({}, {}).isValid());
+    EXPECT_EQ(window.codes, (QList<int>{EActivityListener::LongWorkBegins, EActivityListener::LongWorkEnds}));
+    EXPECT_FALSE(InputBlocker::isActive());
+    EXPECT_TRUE(log.text().contains(u"The cashier does not wait for Database"_s)) << log.text().toStdString();
+    window.codes.clear();
+    EXPECT_FALSE(m_factory.getConnection({}, {}).isValid()) << "it is still being opened";
+    EXPECT_TRUE(window.codes.isEmpty()) << "nobody waits for it again";
+
+    server->goOn();
+    window.meanwhile = {};
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_factory.getConnection({}, {}).isOpen(); }, 60'000));
+    EXPECT_EQ(valueOf(m_factory.getConnection({}, {}), selectName), u"Парацетамол"_s);
+}
+
+TEST_F(DatabaseServer, connectingIsStoppedAndTheFactoryGoes_nothingIsLeftBehind)
+{
+    WaitingWindow window;
+    server->pause();
+    window.meanwhile = [] {
+        if (RunningRequest* request = RunningRequest::current()) {
+            request->stop();
+        }
+    };
+    const QStringList before = QSqlDatabase::connectionNames();
+    {
+        ConnectionFactory another;
+        EXPECT_FALSE(another.getConnection({}, {}).isValid());
+    }
+    EXPECT_EQ(QSqlDatabase::connectionNames(), before);
+}
+
+TEST_F(DatabaseServer, statementIsStopped_itFailsAndTheConnectionIsLeftAloneForAWhile)
+{
+    WaitingWindow window;
+    const QSqlDatabase connection = m_factory.getConnection({}, {});
+    ASSERT_TRUE(connection.isOpen());
+    server->pause();
+    window.meanwhile = [] {
+        if (RunningRequest* request = RunningRequest::current()) {
+            request->stop();
+        }
+    };
+    QString name;
+    m_factory.ask(connection, 60s, [&] { name = valueOf(connection, selectName); });
+    EXPECT_NE(name, u"Парацетамол"_s);
+    EXPECT_FALSE(InputBlocker::isActive());
+    window.meanwhile = {};
+    server->goOn();
+    EXPECT_FALSE(m_factory.getConnection({}, {}).isOpen());
 }
 
 TEST_F(DatabaseServer, connectionOfAnotherFactory_isAskedInThisThread)

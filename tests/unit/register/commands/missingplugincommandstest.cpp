@@ -153,6 +153,26 @@ TEST_F(MissingPluginCommands, saleSuspended_isNotVoided)
     EXPECT_EQ(archived(1)->getState(), Document::State::Suspended);
 }
 
+TEST_F(MissingPluginCommands, positionOfAWorkingPluginUndecidedByAnother_everyWayOutButSuspendingIsRefused)
+{
+    till->add(article(amoxidar));
+    {
+        const PluginScope scope(u"discounts"_s);
+        till->document()->position(1)->setSoftCheckId(u"rx-1"_s);
+    }
+    till->document()->position(1)->noteUndecidedPlugins({u"prescriptions"_s});
+    idle();
+    expectRefused(control::Subtotal);
+    expectRefused(control::SubtotalAndPayment);
+    expectRefused(control::RemovePosition, positionNumber(1));
+    expectRefused(control::CancelDocument);
+    expectRefused(control::CancelDocumentFromMenu);
+    ASSERT_EQ(run(registeraction::suspend), EContext::GoOn);
+    expectRefused(registeraction::voidByNumber, {{u"number"_s, 1}});
+    expectRefused(control::VoidDocument,
+                  {{u"document"_s, QVariant::fromValue(archived(1).staticCast<AbstractDocument>())}});
+}
+
 TEST_F(MissingPluginCommands, worksAgain_hooksRunAndTheCommandsAreDone)
 {
     serve();

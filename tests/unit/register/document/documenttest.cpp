@@ -143,6 +143,26 @@ TEST(Document, pluginOfAPosition_isSavedAndComesBackWhoeverReadsIt)
     EXPECT_EQ(returned->position(2)->getPlugin(), QString());
 }
 
+TEST(Document, undecidedPlugins_comeBackAndGoOverToTheReturnAndBackToTheSale)
+{
+    const auto document = twoPositions();
+    document->position(1)->noteUndecidedPlugins({u"papers"_s, u"stamps"_s});
+    const QJsonArray positions = document->toJson()["positions"_L1].toArray();
+    EXPECT_EQ(positions.at(0)["undecided"_L1].toArray(), (QJsonArray{u"papers"_s, u"stamps"_s}));
+    EXPECT_FALSE(positions.at(1).toObject().contains("undecided"_L1));
+
+    const auto again = reread(*document);
+    EXPECT_EQ(again->toJson(), document->toJson());
+    EXPECT_EQ(again->position(1)->savedUndecidedPlugins(), (QStringList{u"papers"_s, u"stamps"_s}));
+    EXPECT_EQ(again->position(2)->savedUndecidedPlugins(), QStringList());
+
+    const auto returned = Document::returnOf(*document, 9, document->getOpened());
+    EXPECT_EQ(returned->position(1)->savedUndecidedPlugins(), (QStringList{u"papers"_s, u"stamps"_s}));
+    returned->position(1)->noteUndecidedPlugins({u"stamps"_s});
+    document->takeOverPluginData(*returned);
+    EXPECT_EQ(document->position(1)->savedUndecidedPlugins(), QStringList(u"stamps"_s));
+}
+
 TEST(Document, nameOfTenThousandCharacters_comesBackWhole)
 {
     Document document(1, QDateTime({2024, 1, 1}, {0, 0}));
@@ -441,6 +461,8 @@ const Damage damages[] = {
     {"positionWithoutOptions", firstPosition(without("extendedOptions"))},
     {"positionWithoutSoftCheckId", firstPosition(without("softCheckId"))},
     {"positionInitialPriceIsText", firstPosition(with("initialPrice", u"1"_s))},
+    {"positionUndecidedIsText", firstPosition(with("undecided", u"stamps"_s))},
+    {"positionUndecidedHoldsNumber", firstPosition(with("undecided", QJsonArray{1}))},
     {"twoPositionsOfOneNumber", firstPosition(with("number", 2))},
 };
 

@@ -3,6 +3,7 @@
 #include "document.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTranslator>
 
@@ -13,9 +14,10 @@ using namespace Qt::StringLiterals;
 class PositionMarksTest : public ::testing::Test
 {
 protected:
-    void load(const QByteArray& json)
+    void load(const QByteArray& json, const QString& plugin = u"papers"_s)
     {
-        const QString path = folder.filePath(u"positionmarks.json"_s);
+        QDir(folder.path()).mkdir(plugin);
+        const QString path = folder.filePath(plugin + u"/positionmarks.json"_s);
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(json);
@@ -323,12 +325,31 @@ TEST_F(PositionMarksTest, undecidedState_countsAlsoWhenAnotherOneIsShown)
         {"option": "status", "value": "done", "priority": -1, "text": "готов"},
         {"option": "outcome", "value": "unknown", "text": "неизвестно", "undecided": true}]}]})");
     position.setExtendedOptions(uR"({"status": "done", "outcome": "unknown"})"_s);
-    EXPECT_FALSE(marks.isUndecided(position)) << "it has no such tag";
+    EXPECT_EQ(marks.undecidedPlugins(position), QStringList()) << "it has no such tag";
     position.setTag(u"paper"_s);
     EXPECT_EQ(marks.look(position).state, u"готов"_s);
-    EXPECT_TRUE(marks.isUndecided(position));
+    EXPECT_EQ(marks.undecidedPlugins(position), QStringList(u"papers"_s));
     for (const QString& options : {u"{}"_s, u""_s, uR"({"status": "done"})"_s, uR"({"outcome": "known"})"_s}) {
         position.setExtendedOptions(options);
-        EXPECT_FALSE(marks.isUndecided(position)) << qPrintable(options);
+        EXPECT_EQ(marks.undecidedPlugins(position), QStringList()) << qPrintable(options);
     }
+}
+
+TEST_F(PositionMarksTest, undecidedStatesOfSeveralPlugins_nameEachOnce)
+{
+    const QByteArray unknown = R"({"option": "outcome", "value": "unknown", "undecided": true})";
+    const QByteArray mark = R"({"tag": "paper", "states": [)" + unknown + "," + unknown + "]}";
+    load(R"({"positions": [)" + mark + "," + mark + "]}", u"papers"_s);
+    load(R"({"positions": [)" + mark + "]}", u"stamps"_s);
+    position.setTag(u"paper"_s);
+    position.setExtendedOptions(uR"({"outcome": "unknown"})"_s);
+    EXPECT_EQ(marks.undecidedPlugins(position), (QStringList{u"papers"_s, u"stamps"_s}));
+}
+
+TEST_F(PositionMarksTest, savedUndecided_holdsWhileThePluginsFileIsNotLoaded)
+{
+    position.noteUndecidedPlugins({u"stamps"_s, u"papers"_s});
+    EXPECT_EQ(marks.undecidedPlugins(position), (QStringList{u"stamps"_s, u"papers"_s}));
+    load(paper, u"papers"_s);
+    EXPECT_EQ(marks.undecidedPlugins(position), QStringList(u"stamps"_s)) << "the other one says that it is decided";
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the till refuses while the plug-in of a position does not work.
 #include "pluginscope.h"
+#include "savetofilelogic.h"
 #include "tillfixture.h"
 
 using namespace Qt::StringLiterals;
@@ -193,6 +194,170 @@ TEST_P(MissingPlugin, worksAgain_everythingGoesOn)
 
 INSTANTIATE_TEST_SUITE_P(, MissingPlugin, ::testing::ValuesIn(markings),
                          [](const auto& instance) { return instance.param.name; });
+
+/// A sale whose first position belongs to one plug-in, "papers", while a second one, "stamps", does not know yet what
+/// its server holds of it.
+class SecondPlugin : public TillFixture
+{
+protected:
+    SecondPlugin()
+    {
+        loadMarks(bothMarks, u"papers"_s, R"({"tag": "paper", "mark": "Б"})");
+        loadMarks(bothMarks, u"stamps"_s, R"({"tag": "paper", "states": [
+            {"option": "stamp", "value": "unknown", "undecided": true}]})");
+        loadMarks(oneOfThem, u"papers"_s, R"({"tag": "paper", "mark": "Б"})");
+        activePlugins = both;
+        till->setMarks(bothMarks);
+        till->add(article(amoxidar));
+        const PluginScope scope(u"papers"_s);
+        till->document()->position(1)->setTag(u"paper"_s);
+        till->document()->position(1)->setSoftCheckId(u"p-1"_s);
+        mark(u"unknown"_s);
+    }
+
+    void loadMarks(PositionMarks& marks, const QString& plugin, const QByteArray& entry) const
+    {
+        QDir(folder.path()).mkdir(plugin);
+        QFile file(folder.filePath(plugin + u"/positionmarks.json"_s));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(R"({"positions": [)" + entry + "]}");
+        file.close();
+        marks.load(file.fileName());
+    }
+
+    /// As the second plug-in does: it writes its option and saves.
+    void mark(const QString& stamp)
+    {
+        const PluginScope scope(u"stamps"_s);
+        till->document()->position(1)->setExtendedOptions(u"{\"stamp\": \"%1\"}"_s.arg(stamp));
+        ASSERT_TRUE(SaveToFileLogic::create()->save(till->document(), {}));
+    }
+
+    /// The register ends and starts again with these plug-ins, and the marks of those that are installed.
+    void restart(const QStringList& active, const PositionMarks& installed)
+    {
+        till.reset();
+        till = std::make_unique<Till>(folder.path());
+        activePlugins = active;
+        till->setActivePlugins([this] { return activePlugins; });
+        till->setMarks(installed);
+        till->restore(OpenDocumentFile(folder.path()).load());
+    }
+    void restartWithoutTheSecond() { restart({u"papers"_s}, oneOfThem); }
+
+    bool close() { return till->close({Payment::cash(till->document()->getSum())}); }
+    QSharedPointer<Document> archived(int number) const { return till->archive().find(number); }
+
+    static void expectRefused(const std::optional<Obstacle>& obstacle)
+    {
+        ASSERT_TRUE(obstacle);
+        EXPECT_TRUE(obstacle->text.ui().startsWith(
+            u"Документ № 1: позицию № 1 ведёт модуль «stamps», а он не работает.\nПозовите администратора"_s))
+            << qPrintable(obstacle->text.ui());
+        EXPECT_EQ(obstacle->brief.ui(), u"не работает модуль «stamps»"_s);
+    }
+
+    const QStringList both{u"papers"_s, u"stamps"_s};
+    PositionMarks bothMarks;
+    PositionMarks oneOfThem;
+};
+
+TEST_F(SecondPlugin, uninstalledWhileUndecided_saleIsNeitherPaidNorCancelledNorThePositionRemoved)
+{
+    restartWithoutTheSecond();
+    ASSERT_TRUE(till->document());
+    expectRefused(till->obstacleToPayment());
+    expectRefused(till->obstacleToCancelling());
+    expectRefused(till->obstacleOfPlugin(*till->document()->position(1)));
+    EXPECT_FALSE(close());
+    EXPECT_FALSE(till->cancel());
+    till->remove(1);
+    EXPECT_TRUE(till->document()->position(1));
+}
+
+TEST_F(SecondPlugin, uninstalledWhileUndecided_itIsStillKnownAfterOtherSavesAndStarts)
+{
+    restartWithoutTheSecond();
+    till->add(article(amoxidar));
+    restartWithoutTheSecond();
+    expectRefused(till->obstacleToPayment());
+    ASSERT_TRUE(till->suspend());
+    expectRefused(till->obstacleToVoiding(*archived(1)));
+    EXPECT_FALSE(till->voidDocument(archived(1)));
+    ASSERT_TRUE(till->resume(archived(1)));
+    expectRefused(till->obstacleToPayment());
+}
+
+TEST_F(SecondPlugin, inertWhileUndecided_isMissingToo)
+{
+    restart({u"papers"_s}, bothMarks);
+    expectRefused(till->obstacleToPayment());
+}
+
+TEST_F(SecondPlugin, endsByItselfWhileUndecided_isMissingAtOnce)
+{
+    activePlugins = {u"papers"_s};
+    expectRefused(till->obstacleToPayment());
+}
+
+TEST_F(SecondPlugin, bothMissing_thePositionsOwnOneIsNamed)
+{
+    restart({}, {});
+    EXPECT_EQ(till->obstacleToPayment()->brief.ui(), u"не работает модуль «papers»"_s);
+}
+
+TEST_F(SecondPlugin, backAndDecided_everythingGoesOnAndItIsNotMissedAnyMore)
+{
+    restartWithoutTheSecond();
+    restart(both, bothMarks);
+    EXPECT_FALSE(till->obstacleToPayment());
+    EXPECT_FALSE(till->obstacleToSuspending()) << "it is undecided";
+    mark(u"known"_s);
+    restartWithoutTheSecond();
+    EXPECT_FALSE(till->obstacleToPayment());
+    ASSERT_TRUE(close());
+    EXPECT_FALSE(till->obstacleToReturning(*archived(1), {1}));
+    EXPECT_TRUE(till->voidDocument(archived(1)));
+}
+
+TEST_F(SecondPlugin, decidedBeforeItWasUninstalled_noDocumentIsLocked)
+{
+    mark(u"known"_s);
+    ASSERT_TRUE(close());
+    restartWithoutTheSecond();
+    ASSERT_TRUE(till->returnSale(archived(1)));
+    EXPECT_FALSE(till->obstacleToPayment());
+    EXPECT_FALSE(till->obstacleToCancelling());
+    EXPECT_TRUE(close());
+}
+
+TEST_F(SecondPlugin, returnUndecidedWhenItIsUninstalled_isSuspendedAndTheSaleIsNotReturnedAgain)
+{
+    mark(u"known"_s);
+    ASSERT_TRUE(close());
+    ASSERT_TRUE(till->returnSale(archived(1)));
+    mark(u"unknown"_s);
+    restartWithoutTheSecond();
+    EXPECT_EQ(till->obstacleToPayment()->brief.ui(), u"не работает модуль «stamps»"_s);
+    EXPECT_EQ(till->obstacleToCancelling()->brief.ui(), u"не работает модуль «stamps»"_s);
+    ASSERT_TRUE(till->suspend());
+    EXPECT_TRUE(till->obstacleToReturning(*archived(1))->text.ui().contains(u"не работает модуль «stamps»"_s));
+}
+
+TEST_F(SecondPlugin, neverInstalled_itsOptionMeansNothing)
+{
+    till.reset();
+    till = std::make_unique<Till>(folder.path());
+    till->setActivePlugins([] { return QStringList{u"papers"_s}; });
+    till->setMarks(oneOfThem);
+    till->add(article(amoxidar));
+    const auto position = till->document()->position(1);
+    position->setTag(u"paper"_s);
+    position->setExtendedOptions(uR"({"stamp": "unknown"})"_s);
+    till->save();
+    EXPECT_FALSE(till->obstacleToPayment());
+    EXPECT_TRUE(close());
+}
 
 using NoPlugin = TillFixture;
 

@@ -68,7 +68,8 @@ class UndecidedPosition : public TillRules
 protected:
     UndecidedPosition()
     {
-        QFile file(folder.filePath(u"positionmarks.json"_s));
+        EXPECT_TRUE(QDir(folder.path()).mkdir(u"testplugin"_s));
+        QFile file(folder.filePath(u"testplugin/positionmarks.json"_s));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(R"({"positions": [{"tag": "paper", "states": [
             {"option": "outcome", "value": "unknown", "undecided": true}]}]})");
