@@ -269,8 +269,8 @@ TEST_F(SecondPlugin, uninstalledWhileUndecided_saleIsNeitherPaidNorCancelledNorT
     expectRefused(till->obstacleToPayment());
     expectRefused(till->obstacleToCancelling());
     expectRefused(till->obstacleOfPlugin(*till->document()->position(1)));
-    EXPECT_FALSE(close());
-    EXPECT_FALSE(till->cancel());
+    ASSERT_FALSE(close());
+    ASSERT_FALSE(till->cancel());
     till->remove(1);
     EXPECT_TRUE(till->document()->position(1));
 }
