@@ -184,7 +184,7 @@ TEST_F(MissingPluginCommands, worksAgain_hooksRunAndTheCommandsAreDone)
     EXPECT_EQ(till->phase(), Till::Phase::Payment);
 }
 
-TEST_F(MissingPluginCommands, listOfDocuments_disablesBothButtonsAndSaysWhy)
+TEST_F(MissingPluginCommands, listOfDocuments_disablesItsButtonsAndSaysWhy)
 {
     serve();
     close();
@@ -192,7 +192,8 @@ TEST_F(MissingPluginCommands, listOfDocuments_disablesBothButtonsAndSaysWhy)
     cashier.onForm(u"documentListForm"_s, [](QWidget& root) {
         EXPECT_FALSE(root.findChild<QPushButton*>(u"takeBackButton"_s)->isEnabled());
         EXPECT_FALSE(root.findChild<QPushButton*>(u"annulButton"_s)->isEnabled());
-        EXPECT_TRUE(root.findChild<QPushButton*>(u"printButton"_s)->isEnabled());
+        EXPECT_FALSE(root.findChild<QPushButton*>(u"printButton"_s)->isEnabled());
+        EXPECT_TRUE(root.findChild<QPushButton*>(u"printButton"_s)->toolTip().contains(u"зайти за чеком позже"_s));
         EXPECT_TRUE(root.findChild<QLabel*>(u"hintLabel"_s)->text().contains(u"«prescriptions»"_s));
         press(root, "cancelButton");
     });
