@@ -14,9 +14,11 @@ namespace
 {
 /// A row of the table of faults in docs/emulator.md.
 struct NamedFault {
-    const char* name;
-    Delivery::Manner manner;
-    enum class Effect { AtOnce, Late, None } effect;
+    enum class Effect { AtOnce, Late, None };
+
+    const char* name = nullptr;
+    Delivery::Manner manner = Delivery::Manner::Whole;
+    Effect effect = Effect::AtOnce;
     bool hasOwnAnswer = false;
     bool halvesBody = false;
 };

@@ -48,7 +48,7 @@ QList<QSharedPointer<AbstractDocument>> TillArchive::documentsOf(const QDate& da
 
 QSharedPointer<AbstractDocument> TillArchive::document(const QString& identifier) const
 {
-    if (const auto current = getDocument(); current && current->identifier() == identifier) {
+    if (auto current = getDocument(); current && current->identifier() == identifier) {
         return current;
     }
     if (const auto open = m_till.document(); open && open->identifier() == identifier) {
