@@ -14,7 +14,7 @@ namespace
 
 using Code = FindingCode;
 
-/// Without characters that a terminal takes as commands: a value may come from whoever answers.
+/// Without characters that a terminal takes as commands: a value may come from any server.
 QString printable(QString value)
 {
     for (QChar& character : value) {

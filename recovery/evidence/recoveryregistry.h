@@ -12,7 +12,8 @@ public:
     ~RefusedCardException() override;
 };
 
-/// The registry client, which tells a card that the registry does not know from a registry that cannot be asked.
+/// The registry client. For it a card that the registry does not know is another thing than a registry that cannot be
+/// asked.
 class RecoveryRegistry : public ElectronicPrescriptionInterface
 {
 public:

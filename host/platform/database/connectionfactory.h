@@ -48,9 +48,8 @@ public:
     ///
     /// On a server they run in a thread of their own. A server that does not answer is cut off, and the statements
     /// fail; so they do when the cashier stops them. While they are waited for, events run behind the busy screen as in
-    /// getConnection(), whoever asks for the connection gets an invalid one, and other statements on it are not run. On
-    /// a file, or on a connection that is not from here, they run in this
-    /// thread.
+    /// getConnection(), which returns an invalid connection meanwhile, and other statements on it are not run. On a
+    /// file, or on a connection that is not from here, they run in this thread.
     /// @param connection from getConnection(); on one that is not open the statements fail
     /// @param time that each statement may take; at least a millisecond
     /// @param statements throws nothing, touches no widget, and keeps no query

@@ -23,7 +23,7 @@ protected:
         useServer(server.url());
     }
 
-    /// Only a GET came, which shows nothing to whoever answers.
+    /// Only a GET came, which shows nothing to the one that answers.
     void expectNothingGivenAway() const
     {
         for (const ReceivedRequest& request : server.requests()) {

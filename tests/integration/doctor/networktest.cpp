@@ -77,7 +77,7 @@ private:
     int m_port = 0;
 };
 
-/// A proxy that connects wherever it is asked to (RFC 9110, 9.3.6), in a thread of its own.
+/// A proxy that connects to any address (RFC 9110, 9.3.6), in a thread of its own.
 class TunnellingProxy
 {
 public:

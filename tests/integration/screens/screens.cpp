@@ -47,7 +47,7 @@ tr::Tr longestText(const QString& sources, const QString& part = {})
     return {tr::undefined, *longest};
 }
 
-/// Lets a layout come to its end: widgets that are deleted later still take room, and each level tells the next one.
+/// Lets a layout come to its end: widgets that are deleted later still take room, and each level informs the next one.
 void settle()
 {
     for (int round = 0; round < 3; ++round) {

@@ -32,7 +32,7 @@ QList<Window> windowsOf(const QList<Footprint>& samples, int size);
 
 /// What grew between the second window and the last one, a sentence each. The first window warms caches up.
 /// Memory may grow by a tenth, the greatest count of descriptors not at all: the register may hold one less for a
-/// while, for example after it has written its journal of requests anew.
+/// while, for example after it has written its journal of requests again.
 QStringList growthIn(const QList<Window>& windows);
 
 /// Whether a step takes longer at the end: the median of the last quarter of the comparable samples is more than three

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The plug-in's hooks, and what it tells the cashier when the register starts.
+// The plug-in's hooks, and what the cashier reads when the register starts.
 
 #include "dispenserecovery.h"
 #include "basicexception.h"

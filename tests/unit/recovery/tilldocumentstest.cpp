@@ -14,7 +14,7 @@ namespace
 
 const QDate monday(2026, 3, 2);
 
-/// Reads each document anew, as from the disk: number 1 of Monday, number 2 of Monday and Tuesday, number 3 of no day.
+/// Reads each document again, as from the disk: number 1 of Monday, number 2 of Monday and Tuesday, number 3 of no day.
 class Disk : public DocumentArchive
 {
 public:
