@@ -167,7 +167,8 @@ bool Planner::mayFail(VisitWriter& writer, Deck<Fault>& faults, int oneIn, int m
 {
     const bool fails = m_chance.oneIn(oneIn);
     if (fails) {
-        writer.expectFault(faults.deal(m_chance), m_chance.between(0, mostPassing));
+        const int passing = m_chance.between(0, mostPassing); // the arguments of a call have no order of their own
+        writer.expectFault(faults.deal(m_chance), passing);
     }
     return fails;
 }
