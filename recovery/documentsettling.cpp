@@ -6,7 +6,7 @@
 #include "dispensequestion.h"
 #include "electronicprescriptionexception.h"
 #include "electronicprescriptioninterface.h"
-#include "longwork.h"
+#include "longworkscope.h"
 #include "outcomemark.h"
 #include "positionoptions.h"
 #include "recoverytexts.h"
@@ -268,7 +268,7 @@ bool DocumentSettling::decide(const QList<Undecided>& undecided)
 bool DocumentSettling::askRegistry(const QList<Undecided>& undecided)
 {
     try {
-        const LongWork work(recoverytexts::asking());
+        const LongWorkScope work(recoverytexts::asking());
         for (const Undecided& one : undecided) {
             m_inquiry.prescription(prescriptionOf(*one.position));
         }
@@ -499,7 +499,7 @@ bool DocumentSettling::decideRemoved()
         return true;
     }
     {
-        const LongWork work(recoverytexts::asking());
+        const LongWorkScope work(recoverytexts::asking());
         for (const DispenseRequest& request : removed) {
             m_inquiry.prescription(request.prescription);
         }

@@ -4,7 +4,7 @@
 #include "dispensequestion.h"
 #include "documentsettling.h"
 #include "electronicprescriptionexception.h"
-#include "longwork.h"
+#include "longworkscope.h"
 #include "recoverytexts.h"
 #include "requestjournal.h"
 
@@ -121,7 +121,7 @@ void Comparison::settle(DocumentSettling& settling, const DocumentSettling::Posi
     try {
         const bool isWhole = settling.decideRemoved() && isDecided;
         if (isDecided && search == Search::Unclaimed) {
-            const LongWork work(recoverytexts::asking());
+            const LongWorkScope work(recoverytexts::asking());
             settling.findUnclaimed(day);
         }
         ++(isWhole ? m_compared : m_undecided);

@@ -302,7 +302,8 @@ TEST_F(SecondPlugin, endsByItselfWhileUndecided_isMissingAtOnce)
 
 TEST_F(SecondPlugin, bothMissing_thePositionsOwnOneIsNamed)
 {
-    restart({}, {});
+    const PositionMarks none; // the till keeps no marks of its own
+    restart({}, none);
     EXPECT_EQ(till->obstacleToPayment()->brief.ui(), u"не работает модуль «papers»"_s);
 }
 

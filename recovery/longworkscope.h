@@ -6,16 +6,16 @@
 #include "tr.h"
 
 /// The register shows its busy screen with this text for as long as it lives.
-class LongWork
+class LongWorkScope
 {
 public:
-    explicit LongWork(const tr::Tr& message)
+    explicit LongWorkScope(const tr::Tr& message)
     {
         using namespace Qt::StringLiterals;
         Event event(EActivityListener::LongWorkBegins);
         event.addArgument(u"message"_s, QVariant::fromValue(message));
         Singleton<ActivityNotifier>::get()->notify(event);
     }
-    ~LongWork() { Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::LongWorkEnds)); }
-    Q_DISABLE_COPY_MOVE(LongWork)
+    ~LongWorkScope() { Singleton<ActivityNotifier>::get()->notify(Event(EActivityListener::LongWorkEnds)); }
+    Q_DISABLE_COPY_MOVE(LongWorkScope)
 };
