@@ -24,14 +24,7 @@ const QByteArray cancelledLine = "Отпуск в реестре отменён"
 /// A last step that outlasts the register.
 const QByteArray untilTheEnd = R"({"wait": "neverThere", "seconds": 50})";
 
-/// Reads a message and closes it.
-///
-/// @param shown a part of it
-QByteArray reads(const QByteArray& shown)
-{
-    return R"({"wait": "messageForm"}, {"contains": ")" + shown +
-           R"(", "in": "messageLabel"}, {"key": "Return"}, {"visible": false, "in": "messageForm"})";
-}
+using cashier::reads;
 
 const QByteArray findsTheMark = R"({"contains": "состояние неизвестно", "in": "receiptTable"})";
 const QByteArray seesTheList = R"({"wait": "dispenseChoiceForm"}, {"enabled": false, "in": "chooseButton"})";
@@ -39,6 +32,10 @@ const QByteArray seesTheList = R"({"wait": "dispenseChoiceForm"}, {"enabled": fa
 const QByteArray choosesTheFirst = seesTheList + R"(, {"key": "Down"}, {"key": "Return"},
                                                    {"visible": false, "in": "dispenseChoiceForm"})";
 const QByteArray decidesLater = seesTheList + R"(, {"key": "Esc"}, {"visible": false, "in": "dispenseChoiceForm"})";
+const QByteArrayList suspendsAndServesTheNext{cashier::suspends, cashier::opensADocument,
+                                              R"({"type": "2990000000019", "into": "searchLineEdit"}, {"key": "Return"},
+       {"contains": "Амоксидар", "in": "receiptTable"})",
+                                              cashier::toThePayment, cashier::pays};
 /// The last entry of the menu.
 const QByteArray reconciles = R"({"key": "F10"}, {"wait": "menuForm"}, {"click": "reconciliationEntry"})";
 
@@ -216,10 +213,7 @@ TEST_F(Recovering, undecidedReturnWhileTheRegistryIsDown_isSuspendedTheNextCusto
     registry.stop();
 
     expectPlayed(
-        playsRecovering({reads("Возврат можно отложить"), findsTheMark, cashier::suspends, cashier::opensADocument,
-                         R"({"type": "2990000000019", "into": "searchLineEdit"}, {"key": "Return"},
-                                   {"contains": "Амоксидар", "in": "receiptTable"})",
-                         cashier::toThePayment, cashier::pays}));
+        playsRecovering(QByteArrayList{reads("Возврат можно отложить"), findsTheMark} + suspendsAndServesTheNext));
     EXPECT_EQ(finished(3)["state"].toString(), "closed");
     EXPECT_EQ(suspended(2)["positions"].toArray().size(), 3);
 
@@ -263,11 +257,9 @@ TEST_F(Undecided, registryIsDown_documentIsSuspendedTheNextCustomerServedAndResu
     loseTheAnswer();
     registry.stop();
 
-    expectPlayed(playsRecovering({reads("Касса не знает, что записано в реестре: рецепт БД 4100111"), findsTheMark,
-                                  cashier::suspends, cashier::opensADocument,
-                                  R"({"type": "2990000000019", "into": "searchLineEdit"}, {"key": "Return"},
-                                   {"contains": "Амоксидар", "in": "receiptTable"})",
-                                  cashier::toThePayment, cashier::pays}));
+    expectPlayed(playsRecovering(
+        QByteArrayList{reads("Касса не знает, что записано в реестре: рецепт БД 4100111"), findsTheMark} +
+        suspendsAndServesTheNext));
     EXPECT_EQ(finished(2)["state"].toString(), "closed");
     EXPECT_EQ(suspended(1)["positions"].toArray().size(), 3);
 
